@@ -19,7 +19,7 @@ enum OdResult {
   eOutOfRange = 10,
   eNullObjectId = 20,
   eNullObjectPtr = 21,
-  eObjectDoesNotOpen = 22,   // nothing stands behind the id
+  eObjectDoesNotOpen = 22, // nothing stands behind the id
   eWasErased = 23,
   eOnLockedLayer = 24,
   eNotOpenForWrite = 25,
@@ -30,11 +30,11 @@ enum OdResult {
   eDuplicateRecordName = 40,
   eKeyNotFound = 41,
   eInvalidKey = 42,
-  eSelfReference = 43,       // a definition would contain itself
+  eSelfReference = 43, // a definition would contain itself
   eWrongDatabase = 44,
   eNoDatabase = 45,
   eInvalidOwnerObject = 46,
-  eBudgetExceeded = 60,      // a limit of the caller was reached
+  eBudgetExceeded = 60, // a limit of the caller was reached
   eFileNotFound = 70,
   eFileAccessErr = 71,
   eFileWriteError = 72,
@@ -43,7 +43,7 @@ enum OdResult {
   eDwgFileIsDamaged = 75,
   eDegenerateGeometry = 90,
   eNotApplicable = 120,
-  eCannotTransform = 209,    // the kind of entity cannot take this matrix
+  eCannotTransform = 209, // the kind of entity cannot take this matrix
   eClassNotRegistered = 255,
 };
 

@@ -119,7 +119,9 @@ MVDRAWING_API OdRxClassRegistry& odrxClassDictionary();
   OdSmartPtr<Class> Class::createObject() {                                                                            \
     return OdSmartPtr<Class>(desc()->create());                                                                        \
   }                                                                                                                    \
-  OdRxClass* Class::isA() const { return Class::desc(); }                                                              \
+  OdRxClass* Class::isA() const {                                                                                      \
+    return Class::desc();                                                                                              \
+  }                                                                                                                    \
   [[maybe_unused]] static OdRxClass* const registered##Class = Class::desc()
 
 // A class that can be made; dxfName is its record or entity name in drawing files, or "".

@@ -2,7 +2,9 @@
 
 namespace drawing {
 
-void throwNullPointer() { throw OdError(eNullObjectPtr); }
+void throwNullPointer() {
+  throw OdError(eNullObjectPtr);
+}
 
 void throwWrongClass(const OdRxObject* object, const OdRxClass* wanted) {
   throw OdError_NotThatKindOfClass(object->isA(), wanted);
@@ -21,7 +23,9 @@ OdSmartPtr<OdRxObject> OdRxObject::cast(const OdRxObject* object) {
   return OdSmartPtr<OdRxObject>(odrxQueryX<OdRxObject>(object), kOdRxObjAttach);
 }
 
-OdRxClass* OdRxObject::isA() const { return desc(); }
+OdRxClass* OdRxObject::isA() const {
+  return desc();
+}
 
 OdRxObject* OdRxObject::queryX(const OdRxClass* wanted) const {
   auto* answer = isKindOf(wanted) ? const_cast<OdRxObject*>(this) : isA()->getX(wanted);
@@ -30,9 +34,13 @@ OdRxObject* OdRxObject::queryX(const OdRxClass* wanted) const {
   return answer;
 }
 
-bool OdRxObject::isKindOf(const OdRxClass* wanted) const { return isA()->isDerivedFrom(wanted); }
+bool OdRxObject::isKindOf(const OdRxClass* wanted) const {
+  return isA()->isDerivedFrom(wanted);
+}
 
-void OdRxObject::onLastRelease() const { delete this; }
+void OdRxObject::onLastRelease() const {
+  delete this;
+}
 
 OdRxClass::OdRxClass(const char* name, OdRxClass* parent, Maker maker, const char* dxfName)
     : name_(name), dxfName_(dxfName), parent_(parent), maker_(maker) {
@@ -47,9 +55,13 @@ OdRxClass* OdRxClass::desc() {
   return descriptor;
 }
 
-OdRxClass* OdRxClass::isA() const { return desc(); }
+OdRxClass* OdRxClass::isA() const {
+  return desc();
+}
 
-OdString OdRxClass::name() const { return OdString::fromUtf8(name_); }
+OdString OdRxClass::name() const {
+  return OdString::fromUtf8(name_);
+}
 
 bool OdRxClass::isDerivedFrom(const OdRxClass* other) const {
   for (const OdRxClass* at = this; at != nullptr; at = at->parent_) {
@@ -97,7 +109,9 @@ OdRxClass* OdRxClassRegistry::findByDxfName(std::string_view dxfName) const {
   return found == byDxfName_.end() ? nullptr : found->second;
 }
 
-bool OdRxClassRegistry::has(const OdRxClass* registered) const { return find(registered->asciiName()) == registered; }
+bool OdRxClassRegistry::has(const OdRxClass* registered) const {
+  return find(registered->asciiName()) == registered;
+}
 
 void OdRxClassRegistry::add(OdRxClass* registered) {
   byName_[registered->asciiName()] = registered;

@@ -1,0 +1,144 @@
+// Text of the drawing SDK: 32-bit wide characters with a stored length that may include zeros.
+//
+// Length, getAt, left, mid, right, assignment and concatenation use the stored length. Comparing, finding, UTF-8
+// conversion, format("%s") and the C buffer stop at the first zero.
+#pragma once
+
+#include "OdPlatform.h"
+
+#include <compare>
+#include <cstdarg>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+
+namespace drawing {
+[[noreturn]] MVDRAWING_API void throwInvalidIndex();
+} // namespace drawing
+
+class MVDRAWING_API OdString {
+public:
+  OdString() = default;
+  OdString(const wchar_t* text) { assign(text); } // null is the empty text
+  OdString(const wchar_t* text, int length);      // exactly length characters, zeros included; negative is none
+  OdString(wchar_t ch, int times) : text_(times > 0 ? static_cast<std::size_t>(times) : 0, ch) {}
+  OdString(std::wstring text) : text_(std::move(text)) {}
+  explicit OdString(std::wstring_view text) : text_(text) {}
+
+  OdString& operator=(const wchar_t* text) { return *this = OdString(text); } // text may lie in this one
+
+  // The stored length, and whether it is 0: a text of one zero is not empty.
+  int getLength() const { return static_cast<int>(text_.size()); }
+  bool isEmpty() const { return text_.empty(); }
+  void empty() { text_.clear(); }
+
+  // Outside 0 .. getLength() - 1: OdError_InvalidIndex.
+  wchar_t getAt(int index) const {
+    return text_[checked(static_cast<std::size_t>(index))]; // a negative index is a large unsigned one
+  }
+  void setAt(int index, wchar_t ch) { text_[checked(static_cast<std::size_t>(index))] = ch; }
+  template <class Index, class = std::enable_if_t<std::is_integral_v<Index>>>
+  wchar_t operator[](Index index) const {
+    return text_[checked(static_cast<std::size_t>(index))];
+  }
+
+  const wchar_t* c_str() const { return text_.c_str(); }
+  operator const wchar_t*() const { return text_.c_str(); }
+  const std::wstring& str() const { return text_; }
+  // The characters before the first zero.
+  std::wstring_view visible() const { return std::wstring_view(text_.c_str()); }
+
+  OdString& operator+=(const OdString& tail);
+  OdString& operator+=(const wchar_t* tail);
+  OdString& operator+=(wchar_t ch);
+
+  // Below 0, 0, above 0, by character value.
+  int compare(const OdString& other) const { return order(visible(), other.visible()); }
+  int compare(const wchar_t* other) const { return order(visible(), viewOf(other)); }
+  // The same after odFoldCase on each character.
+  int iCompare(const OdString& other) const { return foldedOrder(visible(), other.visible()); }
+  int iCompare(const wchar_t* other) const { return foldedOrder(visible(), viewOf(other)); }
+
+  // Positions, or -1. A negative start is 0. The empty text is found at start.
+  int find(wchar_t ch, int start = 0) const;
+  int find(const wchar_t* wanted, int start = 0) const;
+  int reverseFind(wchar_t ch) const;
+  int findOneOf(const wchar_t* characters) const;
+
+  // Never fail: what lies out of range is empty or the whole.
+  OdString left(int count) const;
+  OdString right(int count) const;
+  OdString mid(int first) const;
+  OdString mid(int first, int count) const;
+
+  OdString& makeUpper();
+  OdString& makeLower();
+  // Removes characters 9 to 13 and 32 from that end.
+  OdString& trimLeft();
+  OdString& trimRight();
+
+  // Over the stored length; they answer how many places changed. A search text that is empty changes nothing.
+  int replace(const wchar_t* oldText, const wchar_t* newText);
+  int replace(wchar_t oldCh, wchar_t newCh);
+  int remove(wchar_t ch);
+  // Positions are brought into range. They answer the new length.
+  int insert(int position, const wchar_t* text);
+  int insert(int position, wchar_t ch);
+  int deleteChars(int first, int count = 1);
+
+  // Replaces the text. Directives: %s (wide text, null is empty) %c %d %i %u %x %X %o %f %F %e %E %g %G %%, sizes h l
+  // ll I64, flags, width and precision (at most 4096, also as *). Anything else after % is copied as it stands and
+  // takes no argument.
+  OdString& format(const wchar_t* fmt, ...);
+  OdString& formatV(const wchar_t* fmt, va_list args);
+
+  // Up to the first zero; empty when a character before it cannot be held by UTF-8 (D800..DFFF, above 10FFFF).
+  std::string toUtf8() const;
+  // Bytes that are no UTF-8 become the character DC00 + byte, so that nothing is lost.
+  static OdString fromUtf8(std::string_view bytes);
+  // The inverse of fromUtf8, over the whole stored length. Characters that no bytes can give become U+FFFD.
+  std::string toUtf8Lossless() const;
+
+private:
+  static std::wstring_view viewOf(const wchar_t* text) { return text == nullptr ? std::wstring_view() : text; }
+  static int order(std::wstring_view one, std::wstring_view other) { return one.compare(other); }
+  static int foldedOrder(std::wstring_view one, std::wstring_view other);
+  void assign(const wchar_t* text) { text_.assign(viewOf(text)); }
+  std::size_t checked(std::size_t index) const {
+    if (index >= text_.size())
+      drawing::throwInvalidIndex();
+    return index;
+  }
+
+  std::wstring text_;
+};
+
+inline bool operator==(const OdString& one, const OdString& other) {
+  return one.visible() == other.visible();
+}
+inline bool operator==(const OdString& one, const wchar_t* other) {
+  return one.compare(other) == 0;
+}
+inline std::strong_ordering operator<=>(const OdString& one, const OdString& other) {
+  return one.compare(other) <=> 0;
+}
+inline std::strong_ordering operator<=>(const OdString& one, const wchar_t* other) {
+  return one.compare(other) <=> 0;
+}
+
+MVDRAWING_API OdString operator+(const OdString& one, const OdString& other);
+MVDRAWING_API OdString operator+(const OdString& one, const wchar_t* other);
+MVDRAWING_API OdString operator+(const wchar_t* one, const OdString& other);
+MVDRAWING_API OdString operator+(const OdString& one, wchar_t other);
+MVDRAWING_API OdString operator+(wchar_t one, const OdString& other);
+
+// Simple case mappings of single characters, independent of the locale.
+MVDRAWING_API wchar_t odFoldCase(wchar_t ch); // equal for all case forms of a letter
+MVDRAWING_API wchar_t odUpperCase(wchar_t ch);
+MVDRAWING_API wchar_t odLowerCase(wchar_t ch);
+
+// Equal for texts that iCompare finds equal; the same in every run.
+MVDRAWING_API std::size_t odFoldHash(const OdString& text);
+MVDRAWING_API std::size_t odFoldHash(std::wstring_view text);
