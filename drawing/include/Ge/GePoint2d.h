@@ -1,0 +1,30 @@
+// Places in a plane.
+#pragma once
+
+#include "Ge/GeVector2d.h"
+
+class MVDRAWING_API OdGePoint2d {
+public:
+  double x = 0.0;
+  double y = 0.0;
+
+  static const OdGePoint2d kOrigin;
+
+  constexpr OdGePoint2d() = default;
+  constexpr OdGePoint2d(double xx, double yy) : x(xx), y(yy) {}
+  constexpr OdGePoint2d& set(double xx, double yy) { return *this = OdGePoint2d(xx, yy); }
+
+  constexpr OdGePoint2d operator+(const OdGeVector2d& by) const { return {x + by.x, y + by.y}; }
+  constexpr OdGePoint2d operator-(const OdGeVector2d& by) const { return {x - by.x, y - by.y}; }
+  constexpr OdGeVector2d operator-(const OdGePoint2d& from) const { return {x - from.x, y - from.y}; }
+  constexpr OdGePoint2d& operator+=(const OdGeVector2d& by) { return *this = *this + by; }
+  constexpr OdGePoint2d& operator-=(const OdGeVector2d& by) { return *this = *this - by; }
+  constexpr OdGeVector2d asVector() const { return {x, y}; }
+
+  double distanceTo(const OdGePoint2d& other) const { return (*this - other).length(); }
+  OdGePoint2d& rotateBy(double angleRad, const OdGePoint2d& about = kOrigin);
+  bool isEqualTo(const OdGePoint2d& other, const OdGeTol& tol = OdGeTol()) const;
+  bool operator==(const OdGePoint2d& other) const { return isEqualTo(other); }
+};
+
+inline constexpr OdGePoint2d OdGePoint2d::kOrigin{0.0, 0.0};

@@ -1,0 +1,78 @@
+// Directions and distances in space.
+#pragma once
+
+#include "Ge/GeTol.h"
+#include "Ge/GeVector2d.h"
+#include "OdPlatform.h"
+
+class OdGeMatrix3d;
+class OdGePoint3d;
+
+class MVDRAWING_API OdGeVector3d {
+public:
+  double x = 0.0;
+  double y = 0.0;
+  double z = 0.0;
+
+  static const OdGeVector3d kIdentity; // the zero vector
+  static const OdGeVector3d kXAxis;
+  static const OdGeVector3d kYAxis;
+  static const OdGeVector3d kZAxis;
+
+  constexpr OdGeVector3d() = default;
+  constexpr OdGeVector3d(double xx, double yy, double zz) : x(xx), y(yy), z(zz) {}
+  constexpr OdGeVector3d(const OdGeVector2d& flat, double zz) : x(flat.x), y(flat.y), z(zz) {}
+  constexpr OdGeVector3d& set(double xx, double yy, double zz) { return *this = OdGeVector3d(xx, yy, zz); }
+  constexpr OdGeVector2d convert2d() const { return {x, y}; }
+  OdGePoint3d asPoint() const;
+
+  constexpr OdGeVector3d operator+(const OdGeVector3d& other) const { return {x + other.x, y + other.y, z + other.z}; }
+  constexpr OdGeVector3d operator-(const OdGeVector3d& other) const { return {x - other.x, y - other.y, z - other.z}; }
+  constexpr OdGeVector3d operator-() const { return {-x, -y, -z}; }
+  constexpr OdGeVector3d operator*(double factor) const { return {x * factor, y * factor, z * factor}; }
+  constexpr OdGeVector3d operator/(double divisor) const { return {x / divisor, y / divisor, z / divisor}; }
+  constexpr OdGeVector3d& operator+=(const OdGeVector3d& other) { return *this = *this + other; }
+  constexpr OdGeVector3d& operator-=(const OdGeVector3d& other) { return *this = *this - other; }
+  constexpr OdGeVector3d& operator*=(double factor) { return *this = *this * factor; }
+  constexpr OdGeVector3d& operator/=(double divisor) { return *this = *this / divisor; }
+  constexpr OdGeVector3d& negate() { return *this = -*this; }
+
+  constexpr double dotProduct(const OdGeVector3d& other) const { return x * other.x + y * other.y + z * other.z; }
+  constexpr OdGeVector3d crossProduct(const OdGeVector3d& other) const {
+    return {y * other.z - z * other.y, z * other.x - x * other.z, x * other.y - y * other.x};
+  }
+  // A unit vector at right angles: the X axis of the plane that has this as its normal.
+  OdGeVector3d perpVector() const;
+
+  constexpr double lengthSqrd() const { return x * x + y * y + z * z; }
+  double length() const;
+  // Of length 1; the zero vector stays.
+  OdGeVector3d normal() const;
+  OdGeVector3d& normalize() { return *this = normal(); }
+
+  double angleTo(const OdGeVector3d& other) const; // in [0, pi]
+  // Counter-clockwise as seen against reference, in [0, 2 pi).
+  double angleTo(const OdGeVector3d& other, const OdGeVector3d& reference) const;
+
+  OdGeVector3d& transformBy(const OdGeMatrix3d& matrix); // the translation does not matter
+  OdGeVector3d& rotateBy(double angleRad, const OdGeVector3d& axis);
+  OdGeVector3d& mirror(const OdGeVector3d& normalToPlane);
+
+  bool isZeroLength(const OdGeTol& tol = OdGeTol()) const;
+  bool isUnitLength(const OdGeTol& tol = OdGeTol()) const;
+  // Of zero vectors these three are false.
+  bool isParallelTo(const OdGeVector3d& other, const OdGeTol& tol = OdGeTol()) const;
+  bool isCodirectionalTo(const OdGeVector3d& other, const OdGeTol& tol = OdGeTol()) const;
+  bool isPerpendicularTo(const OdGeVector3d& other, const OdGeTol& tol = OdGeTol()) const;
+  bool isEqualTo(const OdGeVector3d& other, const OdGeTol& tol = OdGeTol()) const;
+  bool operator==(const OdGeVector3d& other) const { return isEqualTo(other); }
+};
+
+inline constexpr OdGeVector3d OdGeVector3d::kIdentity{0.0, 0.0, 0.0};
+inline constexpr OdGeVector3d OdGeVector3d::kXAxis{1.0, 0.0, 0.0};
+inline constexpr OdGeVector3d OdGeVector3d::kYAxis{0.0, 1.0, 0.0};
+inline constexpr OdGeVector3d OdGeVector3d::kZAxis{0.0, 0.0, 1.0};
+
+constexpr OdGeVector3d operator*(double factor, const OdGeVector3d& vector) {
+  return vector * factor;
+}
