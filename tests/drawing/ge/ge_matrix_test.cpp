@@ -86,6 +86,7 @@ TEST(Matrix, MovesThereAndBackExactly) {
   EXPECT_TRUE(there.x == 0.5 && there.y == 0.25 && there.z == 1024.125);
   EXPECT_EQ(OdGeMatrix3d::scaling(3.0).inverse().entry[0][0], 1.0 / 3.0);
   EXPECT_FALSE(std::signbit(OdGeMatrix3d::kIdentity.inverse().entry[0][3]));
+  EXPECT_FALSE(std::signbit(OdGeMatrix3d::mirroring(kOrigin, kX).inverse().entry[0][1]));
 }
 
 TEST(Matrix, GivesBackItsCoordinateSystem) {

@@ -44,6 +44,7 @@ TEST(OdString, ComparesAndSearchesUpToTheFirstZero) {
   EXPECT_EQ(withZero().toUtf8(), "ab");
   EXPECT_EQ(OdString().format(L"<%s>", withZero().c_str()).str(), L"<ab>");
   EXPECT_EQ(odFoldHash(withZero()), odFoldHash(OdString(L"AB")));
+  EXPECT_EQ(odFoldHash(std::wstring_view(withZero().str())), odFoldHash(OdString(L"AB")));
 }
 
 TEST(OdString, OrdersByCharacter) {
