@@ -51,19 +51,22 @@ Targets targetsOf(const SourceTree& tree, const std::string& path) {
   return targets;
 }
 
+// Whether one of those units is among the rule's own.
+bool usesOneOf(const UnitRule& rule, const std::set<std::string>& units) {
+  return std::any_of(rule.uses.begin(), rule.uses.end(),
+                     [&units](const std::string& used) { return units.count(used) != 0; });
+}
+
 // Takes away, again and again, every unit that uses only units taken away before; what stays runs in circles.
 std::set<std::string> unitsInCircles(const std::vector<UnitRule>& table) {
   std::set<std::string> left;
   for (const UnitRule& rule : table)
     left.insert(rule.unit);
-  for (bool changed = true; changed;) {
-    changed = false;
-    for (const UnitRule& rule : table) {
-      const bool waits = std::any_of(rule.uses.begin(), rule.uses.end(),
-                                     [&left](const std::string& used) { return left.count(used) != 0; });
-      if (!waits && left.erase(rule.unit) != 0)
-        changed = true;
-    }
+  for (std::size_t before = left.size() + 1; left.size() < before;) {
+    before = left.size();
+    for (const UnitRule& rule : table)
+      if (!usesOneOf(rule, left))
+        left.erase(rule.unit);
   }
   return left;
 }
@@ -118,9 +121,9 @@ std::string unitOf(const SourceTree& tree, const std::vector<UnitRule>& table, c
     return stemOf(path);
   std::set<std::string> seen;
   for (std::string at = path; !at.empty() && seen.insert(at).second;) {
-    if (const std::string named = unitByName(table, stemOf(at)); !named.empty())
+    if (std::string named = unitByName(table, stemOf(at)); !named.empty())
       return named;
-    const Targets targets = targetsOf(tree, at);
+    Targets targets = targetsOf(tree, at);
     if (!targets.firstUnit.empty())
       return targets.firstUnit;
     at = targets.firstPrivate;
