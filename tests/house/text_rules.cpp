@@ -16,15 +16,11 @@ struct Banned {
 };
 
 const std::vector<Banned> kBanned{
-    {std::string("sp") + "ec", ""},
-    {std::string("specif") + "ication", ""},
-    {std::string("pa") + "rt #.#", ""},
-    {std::string("pa") + "rts #.#", ""},
-    {std::string("iss") + "ue #", ""},
-    {std::string("to") + "do", ""},
-    {std::string("fix") + "me", ""},
-    {std::string("/wo") + "rk/", ".ci/run"},
-    {std::string("../sh") + "ared", ".ci/run"},
+    {std::string("the sp") + "ec", ""},      {std::string("per sp") + "ec", ""},
+    {std::string("specif") + "ication", ""}, {std::string("pa") + "rt #.#", ""},
+    {std::string("pa") + "rts #.#", ""},     {std::string("iss") + "ue #", ""},
+    {std::string("to") + "do", ""},          {std::string("fix") + "me", ""},
+    {std::string("/wo") + "rk/", ".ci/run"}, {std::string("../sh") + "ared", ".ci/run"},
 };
 
 bool isWordCharacter(char c) {
