@@ -12,7 +12,6 @@ using drawing::field;
 ODDB_DEFINE_MEMBERS(OdDbDictionary, OdDbObject, "DICTIONARY");
 ODDB_DEFINE_MEMBERS(OdDbDictionaryWithDefault, OdDbDictionary, "ACDBDICTIONARYWDFLT");
 ODDB_DEFINE_MEMBERS(OdDbXrecord, OdDbObject, "XRECORD");
-ODDB_DEFINE_MEMBERS(OdDbCarriedObject, OdDbObject, "");
 ODDB_DEFINE_MEMBERS(OdDbHeader, OdDbObject, "");
 
 const drawing::Description& OdDbDictionary::ownDescription() {

@@ -264,6 +264,9 @@ bool matches(const Field& field, int code) {
 } // namespace
 
 bool SectionReader::take(const Pair& pair) {
+  embedded_ = embedded_ || pair.code == 101;
+  if (embedded_)
+    return section_.read != nullptr && section_.read(object_, pair, context_);
   const auto& fields = section_.fields;
   for (std::size_t tried = 0; tried < fields.size(); ++tried) {
     const std::size_t i = next_ + tried < fields.size() ? next_ + tried : next_ + tried - fields.size();

@@ -65,6 +65,8 @@ public:
 
   // Records that were asked for by name before (or without) being defined.
   std::unordered_map<OdDbObjectId, std::uint64_t>& missing() { return missing_; }
+  // Stand-ins whose record came later: from, to.
+  std::vector<std::pair<OdDbObjectId, OdDbObjectId>>& redirects() { return redirects_; }
 
 private:
   struct NameCache { // files repeat the name of the layer for every entity
@@ -80,6 +82,7 @@ private:
   std::string buffer_;
   NameCache names_[OdDb::kSymbolTableCount];
   std::unordered_map<OdDbObjectId, std::uint64_t> missing_;
+  std::vector<std::pair<OdDbObjectId, OdDbObjectId>> redirects_;
   std::string section_;
   std::string kind_;
   std::uint64_t line_ = 0;
@@ -100,7 +103,8 @@ private:
   OdDbObject& object_;
   const Section& section_;
   LoadContext& context_;
-  std::size_t next_ = 0; // groups come in the order of the fields most of the time
+  std::size_t next_ = 0;   // groups come in the order of the fields most of the time
+  bool embedded_ = false; // behind code 101 the groups belong to an embedded object: no field of ours is among them
 };
 
 // Writes the fields of a section in order, then what its own writer adds. Fields of later versions than the sink's

@@ -29,6 +29,7 @@ struct FileFacts {
   OdDb::DwgVersion version = OdDb::kNewestVersion;
   bool binary = false;
   std::string codePage = "ANSI_1252"; // as the file names it
+  std::vector<std::string> comments;  // the lines of comment at the top of the file
   std::string path;                   // where it was read from or saved to; empty for a new drawing
 };
 

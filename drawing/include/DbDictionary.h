@@ -1,4 +1,4 @@
-// Dictionaries, xrecords, and objects of kinds that are not modelled.
+// Dictionaries, xrecords and the header.
 #pragma once
 
 #include "DbObject.h"
@@ -82,21 +82,6 @@ private:
   std::int16_t mergeStyle_ = 1;
 };
 using OdDbXrecordPtr = OdSmartPtr<OdDbXrecord>;
-
-// An object of a kind that is not modelled, or that could not be read: all its groups are carried.
-class MVDRAWING_API OdDbCarriedObject : public OdDbObject {
-public:
-  ODDB_DECLARE_MEMBERS(OdDbCarriedObject);
-  OdDbCarriedObject() = default;
-  std::string dxfName() const override { return dxfName_; }
-  void setDxfName(const std::string& name) { dxfName_ = name; }
-  bool isUnread() const { return unread_; } // something in it could not be understood
-  void setUnread(bool unread) { unread_ = unread; }
-
-private:
-  std::string dxfName_;
-  bool unread_ = false;
-};
 
 // The drawing's header: variables in file order. Not part of any table; it has no handle.
 class MVDRAWING_API OdDbHeader : public OdDbObject {
