@@ -4,6 +4,7 @@
 #include "DbDatabase.h"
 #include "DbGroups.h"
 #include "DbReport.h"
+#include "DbSymbolTable.h"
 
 #include <string>
 #include <string_view>
@@ -48,6 +49,8 @@ public:
   bool handle(const Pair& pair, std::uint64_t& value);
   bool bytes(const Pair& pair, std::string& value); // appends; hexadecimal in text files
   OdDbObjectId reference(const Pair& pair);         // of an object that may still come
+  // A table; made when the drawing has none of the kind yet, with that handle.
+  OdDbSymbolTable& table(OdDb::SymbolTableKind kind, OdDbHandle handle = 0);
   // A record by name. One that does not exist (yet) is made and remembered as missing until the table brings it.
   OdDbObjectId symbol(OdDb::SymbolTableKind kind, const Pair& pair);
   // Appends the group under its kind; what does not fit its code is appended as unread text.

@@ -159,15 +159,6 @@ void Store::assignDeferredHandles() {
   }
 }
 
-void Store::giveHandle(OdDbObjectId id, std::uint64_t handle) {
-  Stub& waiting = stub(id.number());
-  if (handle == 0 || waiting.handle != 0 || handles_.find(handle) != 0)
-    return;
-  waiting.handle = handle;
-  handles_.put(handle, id.number());
-  raiseNextHandle(handle);
-}
-
 OdDbObjectId Store::find(OdDbHandle handle) const {
   const std::uint32_t number = handle.isNull() ? 0 : handles_.find(handle);
   return number == 0 ? OdDbObjectId() : OdDbObjectId(serial_, number);

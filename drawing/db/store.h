@@ -59,8 +59,6 @@ public:
   // While a file is read, objects without a handle of their own wait for one: the file may still use any number.
   void deferHandles() { deferring_ = true; }
   void assignDeferredHandles();
-  // Gives a waiting object its handle; ignored when the handle is 0 or another object's.
-  void giveHandle(OdDbObjectId id, std::uint64_t handle);
 
   OdDbHandle nextHandle() const { return nextHandle_; }
   void raiseNextHandle(std::uint64_t handle);

@@ -42,8 +42,6 @@ bool Reader::inSection() { return result_ == eOk && advance() && record_[0].text
 
 OdResult Reader::run() {
   database_.store().deferHandles();
-  for (int kind = 0; kind < OdDb::kSymbolTableCount; ++kind)
-    ensureTable(static_cast<OdDb::SymbolTableKind>(kind));
   while (result_ == eOk && !sawEnd_ && advance()) {
     if (record_[0].text == "SECTION")
       readSection();
@@ -113,15 +111,6 @@ void Reader::readCarriedSection() {
   database_.carriedSections().push_back(std::move(section));
 }
 
-OdDbSymbolTable& Reader::ensureTable(OdDb::SymbolTableKind kind) {
-  if (auto* table = peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind)))
-    return *table;
-  OdDbSymbolTable* table = kind == OdDb::kBlockTable ? new OdDbBlockTable : new OdDbSymbolTable;
-  table->setKind(kind);
-  database_.adoptTable(kind, database_.store().add(table, 0));
-  return *table;
-}
-
 void Reader::readTables() {
   while (inSection()) {
     if (record_[0].text == "TABLE")
@@ -131,6 +120,15 @@ void Reader::readTables() {
   }
 }
 
+std::uint64_t Reader::handleIn(const Record& record) {
+  for (const Pair& pair : record) {
+    std::uint64_t handle = 0;
+    if (pair.code == 5)
+      return context_.handle(pair, handle) ? handle : 0;
+  }
+  return 0;
+}
+
 void Reader::readTable() {
   const std::string_view name = record_.size() > 1 && record_[1].code == 2 ? record_[1].text : std::string_view();
   const OdDb::SymbolTableKind kind = db::tableKindOf(name);
@@ -138,12 +136,11 @@ void Reader::readTable() {
     tell("dxf.unknown-table", Severity::Lost, "a table of the unknown name \"" + std::string(name) + "\"", "it is passed over");
     return;
   }
-  OdDbSymbolTable& table = ensureTable(kind);
+  OdDbSymbolTable& table = context_.table(kind, handleIn(record_));
   Record head(record_.begin() + 1, record_.end()); // the name stands where records have their handle
   head[0] = record_[0];
   ReadObject facts;
   objects_.fill(head, table, facts);
-  database_.store().giveHandle(table.objectId(), facts.handle);
   while (inSection() && record_[0].text != "ENDTAB")
     readTableRecord(kind, table);
 }
@@ -197,7 +194,7 @@ OdDbObjectId Reader::addRead(ReadObject& read, OdDbObjectId owner) {
 }
 
 OdDbBlockTableRecord& Reader::ensureSpace(const OdString& name) {
-  OdDbSymbolTable& table = ensureTable(OdDb::kBlockTable);
+  OdDbSymbolTable& table = context_.table(OdDb::kBlockTable);
   if (auto* present = peekAs<OdDbBlockTableRecord>(table.getAt(name)))
     return *present;
   OdDbBlockTableRecordPtr made(new OdDbBlockTableRecord);
@@ -226,7 +223,7 @@ OdDbBlockTableRecord* Reader::blockOf(const ReadObject& begin) {
     if (pair.code == 2)
       name = context_.text(pair);
   }
-  OdDbSymbolTable& table = ensureTable(OdDb::kBlockTable);
+  OdDbSymbolTable& table = context_.table(OdDb::kBlockTable);
   if (auto* named = peekAs<OdDbBlockTableRecord>(table.getAt(name)); named != nullptr && named->blockBeginId().isNull())
     return named;
   const bool nameless = name.isEmpty();
@@ -277,7 +274,8 @@ OdDbBlockTableRecord* Reader::ownerOf(const ReadObject& read, OdDbObjectId fallb
 bool Reader::addToSequence(ReadObject& read) {
   auto* owner = dynamic_cast<OdDbSequenceOwner*>(db::peek(sequence_));
   const bool isEnd = read.object->isKindOf(OdDbSequenceEnd::desc());
-  if (owner == nullptr || !(isEnd || owner->takesIntoSequence(*read.object))) {
+  const std::string name = read.object->dxfName();
+  if (owner == nullptr || !(isEnd || name == "ATTRIB" || name == "VERTEX")) {
     sequence_ = OdDbObjectId();
     return false;
   }

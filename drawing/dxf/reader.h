@@ -37,7 +37,7 @@ private:
   void readObjects();
   void readCarriedSection();
 
-  OdDbSymbolTable& ensureTable(OdDb::SymbolTableKind kind);
+  std::uint64_t handleIn(const Record& record);
   OdDbObjectId addRead(ReadObject& read, OdDbObjectId owner);
   OdDbBlockTableRecord* blockOf(const ReadObject& begin);
   void addEntity(OdDbObjectId fallbackOwner);

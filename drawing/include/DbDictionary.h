@@ -83,6 +83,19 @@ private:
 };
 using OdDbXrecordPtr = OdSmartPtr<OdDbXrecord>;
 
+// A variable of the drawing that is kept in the dictionary of variables.
+class MVDRAWING_API OdDbDictionaryVar : public OdDbObject {
+public:
+  ODDB_DECLARE_MEMBERS(OdDbDictionaryVar);
+  OdDbDictionaryVar() = default;
+  const OdString& value() const { return value_; }
+  void setValue(const OdString& value);
+
+private:
+  std::int16_t schema_ = 0;
+  OdString value_;
+};
+
 // The drawing's header: variables in file order. Not part of any table; it has no handle.
 class MVDRAWING_API OdDbHeader : public OdDbObject {
 public:
