@@ -30,6 +30,11 @@ public:
     ensureRecord(OdDb::kBlockTable, modelSpaceStr);
     ensureRecord(OdDb::kBlockTable, paperSpaceStr);
     fillDefaults();
+    GroupList& dimStyles = table(OdDb::kDimStyleTable).extrasForLoad().carried;
+    if (dimStyles.empty()) { // readers look for the marker
+      dimStyles.utf8(100, "AcDbDimStyleTable");
+      dimStyles.integer(71, 0);
+    }
     ensureDictionaries();
     return std::move(made_);
   }

@@ -123,8 +123,10 @@ OdDbSymbolTableIteratorPtr OdDbSymbolTable::newIterator(bool, bool skipDeleted) 
 void OdDbSymbolTable::nameChanges(const OdDbSymbolTableRecord& record, const OdString& from, const OdString& to) {
   if (!indexed_)
     return;
-  if (auto found = index_.byName.find(from); found != index_.byName.end() && found->second == record.objectId())
-    index_.byName.erase(found);
+  const auto found = index_.byName.find(from);
+  if (found == index_.byName.end() || found->second != record.objectId())
+    return; // not a member yet
+  index_.byName.erase(found);
   index_.byName.emplace(to, record.objectId());
 }
 

@@ -75,7 +75,7 @@ ReadResult readText(std::string_view content, const std::string& name, const Rea
   FileFacts facts = factsOf(content);
   const bool utf8 = facts.version >= OdDb::kRelease2007;
   dxf::TextCodec codec = !options.encoding.empty() ? dxf::TextCodec(options.encoding)
-                         : utf8                    ? dxf::TextCodec::utf8()
+                         : utf8                    ? dxf::TextCodec({}, dxf::TextCodec::Mode::Utf8)
                                                    : dxf::TextCodec(facts.codePage);
   if (facts.version == OdDb::kVersionUnknown)
     facts.version = OdDb::kRelease12;
@@ -132,9 +132,8 @@ OdDb::DwgVersion targetVersion(const OdDbDatabase& database, const WriteOptions&
 }
 
 bool writeTo(const OdDbDatabase& database, OdDb::DwgVersion version, const dxf::TextWriter::Output& output) {
-  dxf::TextCodec codec = version >= OdDb::kRelease2007 ? dxf::TextCodec::utf8() : dxf::TextCodec(database.facts().codePage);
-  dxf::CodecEncoder encoder(codec);
-  dxf::TextWriter sink(output, encoder, version);
+  dxf::TextCodec codec = version >= OdDb::kRelease2007 ? dxf::TextCodec({}, dxf::TextCodec::Mode::Utf8) : dxf::TextCodec(database.facts().codePage);
+  dxf::TextWriter sink(output, codec, version, version >= database.facts().version);
   dxf::Writer(database, sink).run();
   return sink.finish();
 }

@@ -180,6 +180,7 @@ void Reader::settleMissing(OdDbSymbolTable& table, OdDbSymbolTableRecord& record
   const db::WriteScope scope(record);
   record.setName(name);
   table.adopt(&record);
+  renamed_.emplace_back(wanted, record.objectId());
   tell("dxf.duplicate-name", Severity::Repaired, "the name \"" + wanted.toUtf8() + "\" stands twice in the table",
        "the second is named \"" + name.toUtf8() + "\"");
 }
@@ -226,6 +227,11 @@ OdDbBlockTableRecord* Reader::blockOf(const ReadObject& begin) {
   OdDbSymbolTable& table = context_.table(OdDb::kBlockTable);
   if (auto* named = peekAs<OdDbBlockTableRecord>(table.getAt(name)); named != nullptr && named->blockBeginId().isNull())
     return named;
+  for (const auto& [was, id] : renamed_) {
+    auto* renamed = peekAs<OdDbBlockTableRecord>(id);
+    if (was == name && renamed != nullptr && renamed->blockBeginId().isNull())
+      return renamed;
+  }
   const bool nameless = name.isEmpty();
   const OdString unique = nameless ? table.freeName(L"unnamed") : table.freeName(name);
   OdDbBlockTableRecord& made = ensureSpace(unique);
@@ -245,7 +251,7 @@ void Reader::readBlock() {
   {
     const db::WriteScope scope(*block);
     objects_.fill(record_, *begin.object, begin, block, &OdDbBlockTableRecord::headSection());
-    block->takeHeadFlags();
+    block->takeHead();
   }
   ++report_.account.read;
   block->adoptEnds(addRead(begin, block->objectId()), OdDbObjectId());

@@ -55,6 +55,7 @@ private:
   ObjectReader objects_;
   Record record_;
   std::uint64_t line_ = 0;
+  std::vector<std::pair<OdString, OdDbObjectId>> renamed_; // records whose name was taken, by the name in the file
   OdDbObjectId sequence_; // the entity whose attributes or vertices come now
   bool sawSection_ = false;
   bool sawEnd_ = false;

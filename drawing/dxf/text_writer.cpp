@@ -32,7 +32,7 @@ bool TextWriter::finish() {
   return !failed_;
 }
 
-void TextWriter::utf8(int code, std::string_view text) { line(code, encoder_.encode(text, buffer_)); }
+void TextWriter::utf8(int code, std::string_view text) { line(code, codec_.encode(text, buffer_)); }
 void TextWriter::unread(int code, std::string_view text) { line(code, text); }
 void TextWriter::handle(int code, OdDbHandle value) { line(code, value.ascii()); }
 void TextWriter::reference(int code, OdDbObjectId id) { line(code, id.getHandle().ascii()); }

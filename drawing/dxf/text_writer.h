@@ -2,26 +2,20 @@
 #pragma once
 
 #include "DbGroups.h"
+#include "dxf/text_codec.h"
 
 #include <functional>
 #include <string>
 
 namespace drawing::dxf {
 
-// Turns the text of a drawing into the bytes of a file.
-class TextEncoder {
-public:
-  virtual ~TextEncoder() = default;
-  virtual std::string_view encode(std::string_view losslessUtf8, std::string& buffer) = 0;
-};
-
 // Numbers are the shortest texts that read back as the same number; a real always shows that it is one.
 class TextWriter final : public GroupSink {
 public:
   using Output = std::function<bool(std::string_view)>; // false: the output failed
 
-  TextWriter(Output output, TextEncoder& encoder, OdDb::DwgVersion version)
-      : output_(std::move(output)), encoder_(encoder), version_(version) {}
+  TextWriter(Output output, TextCodec& codec, OdDb::DwgVersion version, bool keepsNewer)
+      : output_(std::move(output)), codec_(codec), version_(version), keepsNewer_(keepsNewer) {}
 
   void utf8(int code, std::string_view text) override;
   void real(int code, double value) override;
@@ -31,6 +25,7 @@ public:
   void binary(int code, std::string_view bytes) override;
   void unread(int code, std::string_view text) override;
   OdDb::DwgVersion version() const override { return version_; }
+  bool keepsNewer() const override { return keepsNewer_; }
 
   bool finish(); // false when any output failed
 
@@ -39,8 +34,9 @@ private:
   void flush();
 
   Output output_;
-  TextEncoder& encoder_;
+  TextCodec& codec_;
   OdDb::DwgVersion version_;
+  bool keepsNewer_;
   std::string pending_;
   std::string buffer_;
   bool failed_ = false;

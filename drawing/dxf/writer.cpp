@@ -133,10 +133,6 @@ void Writer::table(OdDb::SymbolTableKind kind) {
                       carried->textOf((*carried)[0]) == "AcDbSymbolTable";
   sink_.utf8(100, "AcDbSymbolTable");
   sink_.integer(70, static_cast<std::int64_t>(records.size()));
-  if (kind == OdDb::kDimStyleTable && (carried == nullptr || carried->empty())) {
-    sink_.utf8(100, "AcDbDimStyleTable");
-    sink_.integer(71, 0);
-  }
   if (carried != nullptr)
     carried->writeTo(sink_, marked ? 1 : 0, carried->size() - (marked ? 1 : 0));
   writer.xData(table);
@@ -183,6 +179,7 @@ public:
   void binary(int code, std::string_view bytes) override { to_.binary(code, bytes); }
   void unread(int code, std::string_view text) override { to_.unread(code, text); }
   OdDb::DwgVersion version() const override { return to_.version(); }
+  bool keepsNewer() const override { return to_.keepsNewer(); }
 
 private:
   GroupSink& to_;
