@@ -4,6 +4,7 @@
 #include "DbSymbolRecords.h"
 #include "db/load_context.h"
 #include "db/store.h"
+#include "entities/transforms.h"
 
 #include <cmath>
 
@@ -12,7 +13,9 @@ using drawing::db::peekAs;
 
 ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbEntity, OdDbObject);
 
-const drawing::Description& OdDbEntity::description() const { return ownDescription(); }
+const drawing::Description& OdDbEntity::description() const {
+  return ownDescription();
+}
 
 const drawing::Description& OdDbEntity::ownDescription() {
   using Self = OdDbEntity;
@@ -61,7 +64,9 @@ OdResult OdDbEntity::setColor(const OdCmColor& color) {
   return eOk;
 }
 
-OdResult OdDbEntity::setColorIndex(std::int16_t index) { return setColor({index, OdCmColor::kNoTrueColor}); }
+OdResult OdDbEntity::setColorIndex(std::int16_t index) {
+  return setColor({index, OdCmColor::kNoTrueColor});
+}
 
 OdResult OdDbEntity::setLineWeight(std::int16_t weight) {
   assertWriteEnabled();
@@ -148,21 +153,31 @@ bool movesWithEntity(const drawing::GroupList* groups) {
 
 OdResult OdDbEntity::transformBy(const OdGeMatrix3d& matrix) {
   assertWriteEnabled();
+  if (!drawing::isInvertibleMap(matrix)) // nothing could be brought back from where it leads
+    return eCannotTransform;
   const OdResult result = subTransformBy(matrix);
   if (result == eOk && movesWithEntity(xDataGroups()))
     transformXData(xDataGroupsForWrite(), matrix);
   return result;
 }
 
-OdResult OdDbEntity::subTransformBy(const OdGeMatrix3d&) { return eCannotTransform; }
+OdResult OdDbEntity::subTransformBy(const OdGeMatrix3d&) {
+  return eCannotTransform;
+}
 
-OdResult OdDbEntity::getGeomExtents(OdGeExtents3d&) const { return eNotApplicable; }
+OdResult OdDbEntity::getGeomExtents(OdGeExtents3d&) const {
+  return eNotApplicable;
+}
 
-void OdDbEntity::attachAssociation(OdDbObjectId association) { addPersistentReactor(association); }
+void OdDbEntity::attachAssociation(OdDbObjectId association) {
+  addPersistentReactor(association);
+}
 
 bool OdDbEntity::isOnLockedLayer() const {
   const auto* layer = peekAs<OdDbLayerTableRecord>(layer_);
   return layer != nullptr && !layer->isErased() && layer->isLocked();
 }
 
-void OdDbEntity::visitReferences(drawing::ReferenceVisitor& visitor) { OdDbObject::visitReferences(visitor); }
+void OdDbEntity::visitReferences(drawing::ReferenceVisitor& visitor) {
+  OdDbObject::visitReferences(visitor);
+}
