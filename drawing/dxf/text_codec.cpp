@@ -77,7 +77,7 @@ bool misleads(std::string_view bytes) {
 }
 
 bool hasLineBreak(std::string_view text) {
-  return text.find_first_of("\r\n") != std::string_view::npos;
+  return text.find('\n') != std::string_view::npos || text.find('\r') != std::string_view::npos;
 }
 
 void breakToCarets(std::string_view text, std::string& out) {
@@ -132,6 +132,10 @@ TextCodec::TextCodec(std::string_view codePage, Mode mode) : number_(codePageNum
 }
 
 TextCodec::~TextCodec() = default;
+
+std::string TextCodec::codePage() const {
+  return codePageName(number_);
+}
 
 CodePage& TextCodec::page(int number, std::unique_ptr<CodePage>& slot) {
   if (slot == nullptr)

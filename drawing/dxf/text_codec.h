@@ -21,7 +21,7 @@ namespace drawing::dxf {
 // A byte that its page does not know stays that byte in the text. Two cases need more, in code pages only:
 // - such bytes side by side that UTF-8 would take for a character: each is three stray bytes, ED B2 80 .. ED B3 BF;
 // - stray bytes of a text from elsewhere that the page would take for characters are written as `\U+DC80`..`\U+DCFF`.
-class TextCodec final : public TextDecoder {
+class MVDRAWING_API TextCodec final : public TextDecoder {
 public:
   enum class Mode : std::uint8_t {
     CodePage,
@@ -32,7 +32,7 @@ public:
   ~TextCodec() override;
 
   bool isKnown() const { return isKnown_; }
-  std::string codePage() const { return codePageName(number_); } // as drawings write it
+  std::string codePage() const; // as drawings write it
 
   // Both answer their argument itself when nothing has to change, else `buffer`, in which the argument must not lie.
   std::string_view decode(std::string_view bytes, std::string& buffer) override;
