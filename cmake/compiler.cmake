@@ -8,8 +8,28 @@ endif()
 
 add_library(project_flags INTERFACE)
 target_compile_options(project_flags INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror -ffp-contract=off)
-target_link_options(project_flags INTERFACE -Wl,-z,defs)
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -ffp-contract=off
+  $<$<BOOL:${BLOCKCOMMON_WERROR}>:-Werror>)
+
+# Sanitizers must reach every target alike, the tests and their libraries included.
+if(BLOCKCOMMON_SANITIZE)
+  add_compile_options(-fsanitize=${BLOCKCOMMON_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${BLOCKCOMMON_SANITIZE})
+endif()
+
+# A library names everything it needs. Clang links the sanitizer run-time into programs only, so there it cannot.
+if(NOT (BLOCKCOMMON_SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "Clang"))
+  target_link_options(project_flags INTERFACE -Wl,-z,defs)
+endif()
+
+if(BLOCKCOMMON_FAST_LINKER)
+  find_program(FAST_LINKER NAMES ld.mold ld.lld)
+  if(FAST_LINKER)
+    get_filename_component(fast_linker_name ${FAST_LINKER} EXT)
+    string(SUBSTRING ${fast_linker_name} 1 -1 fast_linker_name)
+    add_link_options(-fuse-ld=${fast_linker_name})
+  endif()
+endif()
 
 # Sources of one room: every .cpp below it. Globbing keeps a new file from needing an edit here.
 function(room_sources out dir)

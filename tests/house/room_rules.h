@@ -1,0 +1,12 @@
+// Which room may include what of which other room.
+#pragma once
+
+#include "tests/house/source_tree.h"
+
+namespace house {
+
+// Breaches of the direction between rooms, between the folders of blockcommon, and of the two rules that go with them:
+// only blockcommon/host knows the service dictionary, and blockcommon stands on the standard library alone.
+std::vector<Finding> checkRooms(const SourceTree& tree);
+
+} // namespace house

@@ -1,0 +1,151 @@
+// The rules see what breaks them: small trees, each with one breach, and their lawful neighbours.
+#include "tests/house/room_rules.h"
+#include "tests/house/text_rules.h"
+#include "tests/house/unit_rules.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using house::SourceTree;
+
+// The files that the breaches below point at.
+SourceTree rooms() {
+  return {
+      {"drawing/include/OdString.h", "#pragma once\n"},
+      {"drawing/root/fold.h", "#pragma once\n"},
+      {"morvane/include/morvane/host.h", "#include \"OdString.h\"\n"},
+      {"morvane/include/morvane/services/editor.h", ""},
+      {"morvane/input/line.h", ""},
+      {"blockcommon/include/blockcommon/blockcommon.h",
+       "#include \"blockcommon/low.h\"\n#include \"blockcommon/high.h\"\n"},
+      {"blockcommon/include/blockcommon/export.h", ""},
+      {"blockcommon/include/blockcommon/low.h", "#include \"blockcommon/export.h\"\n"},
+      {"blockcommon/include/blockcommon/high.h", "#include \"blockcommon/low.h\"\n"},
+      {"blockcommon/host/low.cpp", "#include \"blockcommon/low.h\"\n"},
+      {"blockcommon/names/high_parts.h", ""},
+      {"console/words.h", ""},
+  };
+}
+
+const std::vector<house::UnitRule> kTwoUnits{{"low", {}}, {"high", {"low"}}};
+
+struct Case {
+  std::string path;
+  std::string text;
+  std::string complaint; // part of the only finding; "" for none
+};
+
+void expectFinding(const Case& given, const std::vector<house::Finding>& found) {
+  SCOPED_TRACE(given.path + ": " + given.text);
+  if (given.complaint.empty()) {
+    EXPECT_EQ(house::describe(found), "");
+    return;
+  }
+  ASSERT_EQ(found.size(), 1U) << house::describe(found);
+  EXPECT_EQ(found[0].file, given.path);
+  EXPECT_NE(found[0].text.find(given.complaint), std::string::npos) << found[0].text;
+}
+
+SourceTree with(SourceTree tree, const Case& given) {
+  tree[given.path] = given.text;
+  return tree;
+}
+
+} // namespace
+
+TEST(RoomRules, RefuseWhatPointsTheWrongWay) {
+  const std::vector<Case> cases{
+      {"drawing/db/a.cpp", "#include \"morvane/host.h\"\n", "drawing does not know morvane"},
+      {"drawing/db/a.cpp", "#include <morvane/host.h>\n", "drawing does not know morvane"},
+      {"drawing/db/a.cpp", "#include \"../../morvane/input/line.h\"\n", "drawing does not know morvane"},
+      {"drawing/db/a.cpp", "#include \"drawing/root/fold.h\"\n#include \"OdString.h\"\n", ""},
+      {"drawing/include/A.h", "#include \"drawing/root/fold.h\"\n", "public header includes the private"},
+      {"drawing/db/a.cpp", "#include \"gone.h\"\n", "names no file"},
+      {"drawing/db/a.cpp", "/* was\n#include \"morvane/host.h\"\n*/ // #include \"gone.h\"\n", ""},
+      {"morvane/input/a.cpp", "#  include \"drawing/root/fold.h\"\n", "only the public headers of drawing"},
+      {"morvane/input/a.cpp", "#include \"line.h\"\n#include \"OdString.h\"\n#include <json.hpp>\n", ""},
+      {"morvane/input/a.cpp", "#include \"blockcommon/low.h\"\n", "morvane does not know blockcommon"},
+      {"blockcommon/names/a.cpp", "#include \"morvane/input/line.h\"\n", "only the public headers of morvane"},
+      {"blockcommon/names/a.cpp", "#include <nlohmann/json.hpp>\n", "not of the standard library"},
+      {"blockcommon/create/a.cpp", "#include \"blockcommon/names/high_parts.h\"\n", "reaches into blockcommon/names"},
+      {"blockcommon/names/a.cpp", "#include <string>\n#include \"morvane/host.h\"\n#include \"high_parts.h\"\n", ""},
+      {"console/a.cpp", "#include \"blockcommon/names/high_parts.h\"\n", "only the public headers of blockcommon"},
+      {"console/a.cpp", "#include \"console/words.h\"\n#include \"blockcommon/blockcommon.h\"\n", ""},
+      {"tests/names/a.cpp", "#include \"blockcommon/names/high_parts.h\"\n", ""},
+  };
+  for (const Case& given : cases)
+    expectFinding(given, house::checkRooms(with(rooms(), given)));
+}
+
+TEST(RoomRules, LeaveTheServicesToTheHostFolder) {
+  const std::string include = "#include \"morvane/services/editor.h\"\n";
+  const std::string call = "int x;\nauto s = mv_arbitDict_getservice(name);\n";
+  const std::vector<Case> cases{
+      {"blockcommon/names/a.cpp", include, "only blockcommon/host includes service interfaces"},
+      {"blockcommon/names/a.cpp", call, "only blockcommon/host talks"},
+      {"blockcommon/host/a.cpp", include + call, ""},
+      {"console/a.cpp", include + call, ""},
+  };
+  for (const Case& given : cases)
+    expectFinding(given, house::checkRooms(with(rooms(), given)));
+}
+
+TEST(UnitRules, RefusePairsThatTheTableLacks) {
+  const std::vector<Case> cases{
+      {"blockcommon/names/high.cpp", "#include \"blockcommon/low.h\"\n#include \"blockcommon/high.h\"\n", ""},
+      {"blockcommon/host/low.cpp", "#include \"blockcommon/high.h\"\n", "low may not use the unit high"},
+      {"blockcommon/host/low_more.cpp", "#include \"blockcommon/high.h\"\n", "low may not use the unit high"},
+      {"blockcommon/host/lower.cpp", "#include \"blockcommon/high.h\"\n", ""}, // of the unit high
+      {"blockcommon/host/aid.h", "#include \"blockcommon/low.h\"\n#include \"blockcommon/high.h\"\n",
+       "low may not use the unit high"},
+      {"blockcommon/names/low_b.cpp", "#include \"high_parts.h\"\n", "low may not use the unit high"},
+      {"blockcommon/include/blockcommon/low.h", "#include \"blockcommon/high.h\"\n", "low may not use the unit high"},
+      {"blockcommon/include/blockcommon/export.h", "#include \"blockcommon/low.h\"\n", "below all units"},
+      {"blockcommon/include/blockcommon/third.h", "", "third is not in the table"},
+      {"blockcommon/names/stray.cpp", "#include <string>\n", "belongs to no unit"},
+      {"blockcommon/host/low.cpp", "#include \"blockcommon/blockcommon.h\"\n", "header of all headers"},
+  };
+  for (const Case& given : cases)
+    expectFinding(given, house::checkUnits(with(rooms(), given), kTwoUnits));
+}
+
+TEST(UnitRules, FollowPrivateHeadersToTheirUnit) {
+  SourceTree tree = rooms();
+  tree["blockcommon/names/plain.h"] = "#include <string>\n";
+  tree["blockcommon/names/aid.h"] = "#include \"high_parts.h\"\n";
+  tree["blockcommon/names/round.h"] = "#include \"round.h\"\n";
+  EXPECT_EQ(house::unitOf(tree, kTwoUnits, "blockcommon/names/plain.h"), "");
+  EXPECT_EQ(house::unitOf(tree, kTwoUnits, "blockcommon/names/aid.h"), "high");
+  EXPECT_EQ(house::unitOf(tree, kTwoUnits, "blockcommon/names/round.h"), "");
+  expectFinding({"blockcommon/names/low_c.cpp", "", "low may not use the unit high"},
+                house::checkUnits(with(tree, {"blockcommon/names/low_c.cpp", "#include \"aid.h\"\n", ""}), kTwoUnits));
+}
+
+TEST(UnitRules, RefuseATableThatRunsInACircle) {
+  EXPECT_EQ(house::describe(house::checkTable(kTwoUnits)), "");
+  EXPECT_EQ(house::checkTable({{"a", {"b"}}, {"b", {"c"}}, {"c", {"a"}}, {"d", {}}}).size(), 3U);
+  EXPECT_EQ(house::checkTable({{"a", {"a"}}}).size(), 1U);
+  EXPECT_EQ(house::checkTable({{"a", {"gone"}}}).size(), 1U);
+}
+
+TEST(TextRules, FindBannedWordsOnlyAsWholeWords) {
+  const auto count = [](const std::string& path, const std::string& text) {
+    return house::checkWords({{path, text}}).size();
+  };
+  const std::string paper = "Pa";
+  EXPECT_EQ(count("a.cpp", "fine\n// see " + paper + "rt 3.12, rule 4\n"), 1U);
+  EXPECT_EQ(count("a.cpp", "// what the Sp" + std::string("ec says, specimen\n")), 1U);
+  EXPECT_EQ(count("a.md", "TO" + std::string("DO: all\n")), 1U);
+  EXPECT_EQ(count("a.md", "(iss" + std::string("ue 21)\n")), 1U);
+  EXPECT_EQ(count("a.md", "in /wo" + std::string("rk/main\n")), 1U);
+  EXPECT_EQ(count(".ci/run", "../sh" + std::string("ared/data\n")), 0U);
+  EXPECT_EQ(count("a.cpp", "// char spec, the special, the speck, part 3 of it, inspec; issue severity\nint todos;\n"),
+            0U);
+}
+
+TEST(TextRules, CountLinesOfCodeOnly) {
+  const std::string longText(house::kMostLines + 1, '\n');
+  EXPECT_EQ(house::checkSizes({{"a.cpp", longText}, {"a.md", longText}}).size(), 1U);
+  EXPECT_EQ(house::checkSizes({{"a.cpp", longText.substr(1)}}).size(), 0U);
+}

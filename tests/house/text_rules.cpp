@@ -1,0 +1,82 @@
+#include "tests/house/text_rules.h"
+
+#include <algorithm>
+#include <cctype>
+
+namespace house {
+namespace {
+
+// Tables of data that may be longer than other sources.
+const std::vector<std::string> kTables{};
+
+// A word in lower case in which # stands for a digit. The pieces keep this file free of the words themselves.
+struct Banned {
+  std::string word;
+  std::string allowedIn; // a file that may hold it
+};
+
+const std::vector<Banned> kBanned{
+    {std::string("the sp") + "ec", ""},      {std::string("per sp") + "ec", ""},
+    {std::string("specif") + "ication", ""}, {std::string("pa") + "rt #.#", ""},
+    {std::string("pa") + "rts #.#", ""},     {std::string("iss") + "ue #", ""},
+    {std::string("to") + "do", ""},          {std::string("fix") + "me", ""},
+    {std::string("/wo") + "rk/", ".ci/run"}, {std::string("../sh") + "ared", ".ci/run"},
+};
+
+bool isWordCharacter(char c) {
+  return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
+}
+
+bool fits(char wanted, char found) {
+  const auto character = static_cast<unsigned char>(found);
+  return wanted == '#' ? std::isdigit(character) != 0 : wanted == std::tolower(character);
+}
+
+// Whether the word stands at that place and no longer word holds it; behind a number further digits may follow.
+bool standsAt(std::string_view line, std::size_t at, std::string_view word) {
+  for (std::size_t i = 0; i < word.size(); ++i)
+    if (at + i >= line.size() || !fits(word[i], line[at + i]))
+      return false;
+  const std::size_t end = at + word.size();
+  const bool runsInto = at > 0 && isWordCharacter(line[at]) && isWordCharacter(line[at - 1]);
+  const bool runsOn =
+      end < line.size() && word.back() != '#' && isWordCharacter(line[end - 1]) && isWordCharacter(line[end]);
+  return !runsInto && !runsOn;
+}
+
+bool holds(std::string_view line, std::string_view word) {
+  for (std::size_t at = 0; at + word.size() <= line.size(); ++at)
+    if (standsAt(line, at, word))
+      return true;
+  return false;
+}
+
+void checkLine(const std::string& path, int number, std::string_view line, std::vector<Finding>& out) {
+  for (const Banned& banned : kBanned)
+    if (path != banned.allowedIn && holds(line, banned.word))
+      out.push_back({path, number, "holds '" + banned.word + "'"});
+}
+
+} // namespace
+
+std::vector<Finding> checkSizes(const SourceTree& tree) {
+  std::vector<Finding> findings;
+  for (const auto& [path, text] : tree) {
+    const auto lines = std::count(text.begin(), text.end(), '\n');
+    if (isCode(path) && lines > kMostLines && std::find(kTables.begin(), kTables.end(), path) == kTables.end())
+      findings.push_back({path, 0, "has " + std::to_string(lines) + " lines"});
+  }
+  return findings;
+}
+
+std::vector<Finding> checkWords(const SourceTree& tree) {
+  std::vector<Finding> findings;
+  for (const auto& [path, text] : tree) {
+    int number = 0;
+    for (std::string_view line : linesOf(text))
+      checkLine(path, ++number, line, findings);
+  }
+  return findings;
+}
+
+} // namespace house

@@ -1,0 +1,16 @@
+// Rules over the plain text of the files: sizes and words that have no place in them.
+#pragma once
+
+#include "tests/house/source_tree.h"
+
+namespace house {
+
+constexpr int kMostLines = 800;
+
+// Code files that are longer than the limit and are no listed table.
+std::vector<Finding> checkSizes(const SourceTree& tree);
+
+// References to papers that a reader of the code does not have, notes of unfinished work, paths of one machine.
+std::vector<Finding> checkWords(const SourceTree& tree);
+
+} // namespace house
