@@ -30,7 +30,8 @@ namespace commonFun {
 // One more than the position of the last `character`, 0 when there is none. Callers rely on this arithmetic.
 BLOCKCOMMON_API int GetCntsByeChar(OdString text, wchar_t character);
 
-// 0 a request for the list of names ('?' first, and no blank at the end), 1 a name, 2 invalid.
+// 0 a request for the list of names ('?' alone, or with a blank and one character behind it), 1 a name (no '?' at all),
+// 2 invalid.
 BLOCKCOMMON_API int GetInputType(OdString text);
 
 // False for dependent and anonymous blocks, model space and paper space. True for unknown names.
