@@ -10,7 +10,7 @@
 class OdRxClass;
 
 // Reasons. The numeric values are part of the interface: callers compare 0, 209 and 255 by number.
-enum OdResult {
+enum OdResult : int {
   eOk = 0,
   eNotImplementedYet = 1,
   eInvalidInput = 3,

@@ -1,0 +1,42 @@
+#include "DbAnnotationScale.h"
+
+#include <cmath>
+
+ODDB_DEFINE_MEMBERS(OdDbScale, OdDbObject, "SCALE");
+ODRX_DEFINE_MEMBERS(OdDbAnnotationScale, OdRxObject, "");
+
+const drawing::Description& OdDbScale::ownDescription() {
+  using drawing::field;
+  static const drawing::Description description(
+      &OdDbObject::ownDescription(),
+      {{"AcDbScale",
+        {field<&OdDbScale::flags_>(70), field<&OdDbScale::name_>(300), field<&OdDbScale::paperUnits_>(140),
+         field<&OdDbScale::drawingUnits_>(141), field<&OdDbScale::unitScale_>(290)}}});
+  return description;
+}
+
+void OdDbScale::setScaleName(const OdString& name) {
+  assertWriteEnabled();
+  name_ = name;
+}
+
+void OdDbScale::setUnits(double paper, double drawing) {
+  assertWriteEnabled();
+  paperUnits_ = paper;
+  drawingUnits_ = drawing;
+  unitScale_ = paper == drawing;
+}
+
+OdDbAnnotationScale::OdDbAnnotationScale(const OdDbScale& entry)
+    : name_(entry.scaleName()), paperUnits_(entry.paperUnits()), drawingUnits_(entry.drawingUnits()) {}
+
+OdDbAnnotationScale::OdDbAnnotationScale(const OdString& name, double paperUnits, double drawingUnits)
+    : name_(name), paperUnits_(paperUnits), drawingUnits_(drawingUnits) {}
+
+OdResult OdDbAnnotationScale::getScale(double& factor) const {
+  const double quotient = paperUnits_ / drawingUnits_;
+  if (!std::isfinite(quotient))
+    return eDegenerateGeometry;
+  factor = quotient;
+  return eOk;
+}

@@ -1,0 +1,186 @@
+#include "db/block_graph.h"
+
+#include "DbBlockReference.h"
+#include "DbDatabase.h"
+#include "db/load_context.h"
+#include "db/store.h"
+
+#include <unordered_map>
+#include <unordered_set>
+
+namespace drawing::db {
+
+namespace {
+
+const OdDbBlockReference* livingReference(OdDbObjectId id) {
+  const auto* reference = peekAs<OdDbBlockReference>(id);
+  return reference == nullptr || reference->isErased() ? nullptr : reference;
+}
+
+} // namespace
+
+bool leadsTo(OdDbObjectId from, OdDbObjectId target) {
+  std::vector<OdDbObjectId> open{from};
+  std::unordered_set<OdDbObjectId> seen{from};
+  while (!open.empty()) {
+    const OdDbObjectId at = open.back();
+    open.pop_back();
+    if (at == target)
+      return true;
+    const auto* block = peekAs<OdDbBlockTableRecord>(at);
+    if (block == nullptr)
+      continue;
+    for (OdDbObjectId id : block->members().ids()) {
+      const auto* reference = livingReference(id);
+      if (reference != nullptr && seen.insert(reference->blockTableRecord()).second)
+        open.push_back(reference->blockTableRecord());
+    }
+  }
+  return false;
+}
+
+OdDbObjectIdArray referencesTo(const OdDbBlockTableRecord& block, bool directOnly) {
+  OdDbObjectIdArray found;
+  const OdDbDatabase* database = block.database();
+  if (database == nullptr)
+    return found;
+  const Store& store = database->store();
+  for (std::uint32_t number = 1; number < store.count(); ++number) {
+    const OdDbObjectId id(store.serial(), number);
+    const auto* reference = livingReference(id);
+    if (reference == nullptr || reference->blockTableRecord() != block.objectId())
+      continue;
+    const auto* owner = peekAs<OdDbBlockTableRecord>(reference->ownerId());
+    if (owner != nullptr && !owner->isErased() && (directOnly || owner->isLayout()))
+      found.append(id);
+  }
+  return found;
+}
+
+namespace {
+
+// Depth-first over definitions with an explicit stack; each definition is left once all that it contains was left.
+class BottomUp {
+public:
+  explicit BottomUp(std::vector<OdDbObjectId>& cut) : cut_(cut) {}
+
+  void start(OdDbObjectId block) {
+    if (enter(block))
+      run();
+  }
+  std::vector<OdDbObjectId> order;
+
+private:
+  enum State : char { Open = 1, Done = 2 };
+  struct Frame {
+    OdDbObjectId block;
+    std::size_t next;
+  };
+
+  bool enter(OdDbObjectId block) {
+    if (peekAs<OdDbBlockTableRecord>(block) == nullptr || !states_.emplace(block, Open).second)
+      return false;
+    stack_.push_back({block, 0});
+    return true;
+  }
+
+  void run() {
+    while (!stack_.empty()) {
+      Frame& frame = stack_.back();
+      const auto& members = peekAs<OdDbBlockTableRecord>(frame.block)->members().ids();
+      if (frame.next == members.size()) {
+        states_[frame.block] = Done;
+        order.push_back(frame.block);
+        stack_.pop_back();
+        continue;
+      }
+      follow(members[frame.next++]);
+    }
+  }
+
+  void follow(OdDbObjectId member) {
+    const auto* reference = livingReference(member);
+    if (reference == nullptr)
+      return;
+    auto known = states_.find(reference->blockTableRecord());
+    if (known == states_.end())
+      enter(reference->blockTableRecord());
+    else if (known->second == Open)
+      cut_.push_back(member);
+  }
+
+  std::vector<OdDbObjectId>& cut_;
+  std::unordered_map<OdDbObjectId, State> states_;
+  std::vector<Frame> stack_;
+};
+
+} // namespace
+
+std::vector<OdDbObjectId> bottomUp(OdDbDatabase& database, std::vector<OdDbObjectId>& cut) {
+  BottomUp walk(cut);
+  if (const auto* table = peekAs<OdDbBlockTable>(database.getBlockTableId())) {
+    for (OdDbObjectId id : table->members().ids()) {
+      if (!id.isErased())
+        walk.start(id);
+    }
+  }
+  return std::move(walk.order);
+}
+
+namespace {
+
+void addEntity(const OdDbEntity& entity, const std::unordered_map<OdDbObjectId, OdGeExtents3d>& known,
+               OdGeExtents3d& extents) {
+  OdGeExtents3d own;
+  const auto* reference = dynamic_cast<const OdDbBlockReference*>(&entity);
+  if (reference != nullptr) {
+    auto inner = known.find(reference->blockTableRecord());
+    if (inner != known.end() && inner->second.isValidExtents())
+      own = reference->extentsOfContents(inner->second);
+  } else if (entity.getGeomExtents(own) != eOk) {
+    return;
+  }
+  if (own.isValidExtents())
+    extents.addExt(own);
+}
+
+OdGeExtents3d extentsOfMembers(const OdDbBlockTableRecord& block,
+                               const std::unordered_map<OdDbObjectId, OdGeExtents3d>& known) {
+  OdGeExtents3d extents;
+  for (OdDbObjectId id : block.members().ids()) {
+    const auto* entity = peekAs<OdDbEntity>(id);
+    if (entity != nullptr && !entity->isErased())
+      addEntity(*entity, known, extents);
+  }
+  return extents;
+}
+
+// The definitions below a block, inner ones first.
+std::vector<OdDbObjectId> definitionsBelow(OdDbObjectId block) {
+  std::vector<OdDbObjectId> cut;
+  BottomUp walk(cut);
+  walk.start(block);
+  return std::move(walk.order);
+}
+
+} // namespace
+
+OdResult extentsOf(const OdDbBlockTableRecord& block, OdGeExtents3d& extents) {
+  std::unordered_map<OdDbObjectId, OdGeExtents3d> known;
+  for (OdDbObjectId id : definitionsBelow(block.objectId()))
+    known[id] = extentsOfMembers(*peekAs<OdDbBlockTableRecord>(id), known);
+  extents = known[block.objectId()];
+  return extents.isValidExtents() ? eOk : eDegenerateGeometry;
+}
+
+bool readPreview(std::string& preview, const Pair& pair, LoadContext& context) {
+  return pair.code == 310 && context.bytes(pair, preview);
+}
+
+void writePreview(const std::string& preview, GroupSink& sink) {
+  constexpr std::size_t kChunk = 127; // bytes in one group
+  for (std::size_t at = 0; at < preview.size(); at += kChunk)
+    sink.binary(310, std::string_view(preview).substr(at, kChunk));
+}
+
+} // namespace drawing::db

@@ -1,0 +1,25 @@
+// Walks over the graph of block definitions. None of them recurses; each visits a definition once.
+#pragma once
+
+#include "DbBlockTable.h"
+
+namespace drawing {
+struct Pair;
+class LoadContext;
+} // namespace drawing
+
+namespace drawing::db {
+
+// Whether the definition `from` is, or contains at any depth, a reference to `target`.
+bool leadsTo(OdDbObjectId from, OdDbObjectId target);
+OdDbObjectIdArray referencesTo(const OdDbBlockTableRecord& block, bool directOnly);
+OdResult extentsOf(const OdDbBlockTableRecord& block, OdGeExtents3d& extents);
+// Definitions in an order in which each comes behind those that it contains; a definition in a cycle stands where the
+// walk met it. `cut` receives the references that close cycles.
+std::vector<OdDbObjectId> bottomUp(OdDbDatabase& database, std::vector<OdDbObjectId>& cut);
+
+// The preview picture of a block: hexadecimal chunks under code 310.
+bool readPreview(std::string& preview, const Pair& pair, LoadContext& context);
+void writePreview(const std::string& preview, GroupSink& sink);
+
+} // namespace drawing::db

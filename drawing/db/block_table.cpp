@@ -1,0 +1,191 @@
+#include "DbBlockTable.h"
+
+#include "DbAttribute.h"
+#include "DbBlockReference.h"
+#include "DbDatabase.h"
+#include "DbDictionary.h"
+#include "DbSortentsTable.h"
+#include "db/block_graph.h"
+#include "db/store.h"
+#include "db/undo.h"
+
+using drawing::db::peekAs;
+
+ODDB_DEFINE_MEMBERS(OdDbBlockTable, OdDbSymbolTable, "");
+ODDB_DEFINE_MEMBERS(OdDbBlockTableRecord, OdDbSymbolTableRecord, "");
+ODDB_DEFINE_MEMBERS(OdDbBlockBegin, OdDbEntity, "BLOCK");
+ODDB_DEFINE_MEMBERS(OdDbBlockEnd, OdDbEntity, "ENDBLK");
+ODRX_DEFINE_MEMBERS(OdDbObjectIterator, OdRxObject, "");
+
+const OdString modelSpaceStr(L"*Model_Space");
+const OdString paperSpaceStr(L"*Paper_Space");
+
+const drawing::Description& OdDbBlockTable::ownDescription() { return OdDbSymbolTable::ownDescription(); }
+
+const drawing::Description& OdDbBlockTableRecord::ownDescription() {
+  using drawing::field;
+  static const drawing::Description description(
+      &OdDbSymbolTableRecord::ownDescription(),
+      {{"AcDbBlockTableRecord",
+        {field<&OdDbBlockTableRecord::name_>(2),
+         field<&OdDbBlockTableRecord::layout_>(340),
+         field<&OdDbBlockTableRecord::units_>(70).from(OdDb::kRelease2007),
+         field<&OdDbBlockTableRecord::explodable_>(280).from(OdDb::kRelease2007),
+         field<&OdDbBlockTableRecord::scalesUniformly_>(281).from(OdDb::kRelease2007)},
+        [](OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
+          return drawing::db::readPreview(static_cast<OdDbBlockTableRecord&>(object).preview_, pair, context);
+        },
+        [](const OdDbObject& object, drawing::GroupSink& sink) {
+          drawing::db::writePreview(static_cast<const OdDbBlockTableRecord&>(object).preview_, sink);
+        }}});
+  return description;
+}
+
+const drawing::Section& OdDbBlockTableRecord::headSection() {
+  using drawing::field;
+  static const drawing::Section section{"AcDbBlockBegin",
+                                        {field<&OdDbBlockTableRecord::headFlags_>(70),
+                                         field<&OdDbBlockTableRecord::origin_>(10),
+                                         field<&OdDbBlockTableRecord::nameInHead_>(3),
+                                         field<&OdDbBlockTableRecord::path_>(1),
+                                         field<&OdDbBlockTableRecord::comments_>(4).unlessEmpty()}};
+  return section;
+}
+
+const drawing::Description& OdDbBlockBegin::ownDescription() {
+  static const drawing::Description description(&OdDbEntity::ownDescription(), {{"AcDbBlockBegin", {}}});
+  return description;
+}
+
+const drawing::Description& OdDbBlockEnd::ownDescription() {
+  static const drawing::Description description(&OdDbEntity::ownDescription(), {{"AcDbBlockEnd", {}}});
+  return description;
+}
+
+OdDbObjectId OdDbBlockTable::getModelSpaceId() const { return getAt(modelSpaceStr); }
+OdDbObjectId OdDbBlockTable::getPaperSpaceId() const { return getAt(paperSpaceStr); }
+
+OdDbEntityPtr OdDbObjectIterator::entity(OdDb::OpenMode mode, bool openErased) const {
+  return walk_.object(mode, openErased);
+}
+
+#define SET_PROPERTY(setter, type, member)                                                                             \
+  void OdDbBlockTableRecord::setter(type value) {                                                                      \
+    assertWriteEnabled();                                                                                              \
+    member = value;                                                                                                    \
+  }
+SET_PROPERTY(setOrigin, const OdGePoint3d&, origin_)
+SET_PROPERTY(setComments, const OdString&, comments_)
+SET_PROPERTY(setPathName, const OdString&, path_)
+SET_PROPERTY(setBlockInsertUnits, OdDb::UnitsValue, units_)
+SET_PROPERTY(setExplodable, bool, explodable_)
+SET_PROPERTY(setLayoutId, OdDbObjectId, layout_)
+SET_PROPERTY(setPreviewIcon, const std::string&, preview_)
+#undef SET_PROPERTY
+
+OdResult OdDbBlockTableRecord::setBlockScaling(BlockScaling scaling) {
+  assertWriteEnabled();
+  scalesUniformly_ = scaling == kUniform;
+  return eOk;
+}
+
+bool OdDbBlockTableRecord::isLayout() const { return !layout_.isNull(); }
+
+bool OdDbBlockTableRecord::isAnonymous() const {
+  if (name_.isEmpty() || name_.getAt(0) != L'*' || isLayout())
+    return false;
+  return name_.left(modelSpaceStr.getLength()).iCompare(modelSpaceStr) != 0 &&
+         name_.left(paperSpaceStr.getLength()).iCompare(paperSpaceStr) != 0;
+}
+
+bool OdDbBlockTableRecord::hasAttributeDefinitions() const {
+  for (OdDbObjectId id : members_.ids()) {
+    const auto* definition = peekAs<OdDbAttributeDefinition>(id);
+    if (definition != nullptr && !definition->isErased() && !definition->isConstant())
+      return true;
+  }
+  return false;
+}
+
+std::int16_t OdDbBlockTableRecord::derivedFlags() const {
+  std::int16_t flags = static_cast<std::int16_t>(flags_ & (kExternalReference | kOverlay | kDependent | kResolved | kReferenced));
+  if (isAnonymous())
+    flags |= kAnonymousBit;
+  if (hasAttributeDefinitions())
+    flags |= kHasAttributes;
+  return flags;
+}
+
+void OdDbBlockTableRecord::takeHeadFlags() { flags_ = static_cast<std::int16_t>(flags_ | headFlags_); }
+
+void OdDbBlockTableRecord::adoptEnds(OdDbObjectId begin, OdDbObjectId end) {
+  if (!begin.isNull())
+    begin_ = begin;
+  if (!end.isNull())
+    end_ = end;
+}
+
+void OdDbBlockTableRecord::ensureEnds() {
+  const auto make = [this](OdDbObjectId& id, OdSmartPtr<OdDbEntity> end) {
+    if (drawing::db::peek(id) != nullptr)
+      return;
+    end->setLayer(database()->getLayerZeroId());
+    id = database()->addOdDbObject(end.get(), objectId());
+  };
+  make(begin_, OdDbBlockBegin::createObject());
+  make(end_, OdDbBlockEnd::createObject());
+}
+
+OdDbObjectId OdDbBlockTableRecord::appendOdDbEntity(OdDbEntity* entity) {
+  assertWriteEnabled();
+  if (!isDBRO())
+    throw OdError(eNotInDatabase);
+  if (const auto* reference = dynamic_cast<const OdDbBlockReference*>(entity);
+      reference != nullptr && drawing::db::leadsTo(reference->blockTableRecord(), objectId()))
+    throw OdError(eSelfReference);
+  const OdDbObjectId id = entity->isDBRO() ? entity->objectId() : database()->addOdDbObject(entity, objectId());
+  database()->undoLog().listGrows(*this, members_.size());
+  members_.push(id);
+  return id;
+}
+
+OdDbObjectIteratorPtr OdDbBlockTableRecord::newIterator(bool, bool skipDeleted, bool) const {
+  return OdDbObjectIteratorPtr(new OdDbObjectIterator(objectId(), skipDeleted));
+}
+
+OdDbObjectId OdDbBlockTableRecord::getSortentsTableId() const {
+  const auto* dictionary = peekAs<OdDbDictionary>(extensionDictionary());
+  return dictionary == nullptr ? OdDbObjectId() : dictionary->getAt(L"ACAD_SORTENTS");
+}
+
+std::vector<OdDbObjectId> OdDbBlockTableRecord::drawOrder() const {
+  std::vector<OdDbObjectId> ids;
+  for (OdDbObjectId id : members_.ids()) {
+    if (!id.isErased())
+      ids.push_back(id);
+  }
+  if (const auto* table = peekAs<OdDbSortentsTable>(getSortentsTableId()); table != nullptr && !table->isErased())
+    table->sort(ids);
+  return ids;
+}
+
+OdDbObjectIdArray OdDbBlockTableRecord::getBlockReferenceIds(bool directOnly) const {
+  return drawing::db::referencesTo(*this, directOnly);
+}
+
+OdResult OdDbBlockTableRecord::getGeomExtents(OdGeExtents3d& extents) const {
+  return drawing::db::extentsOf(*this, extents);
+}
+
+void OdDbBlockTableRecord::ownedObjects(std::vector<OdDbObjectId>& ids) const {
+  OdDbSymbolTableRecord::ownedObjects(ids);
+  ids.push_back(begin_);
+  ids.insert(ids.end(), members_.ids().begin(), members_.ids().end());
+  ids.push_back(end_);
+}
+
+void OdDbBlockTableRecord::visitReferences(drawing::ReferenceVisitor& visitor) {
+  OdDbSymbolTableRecord::visitReferences(visitor);
+  visitor.visit(begin_, OdDb::kHardOwnershipRef);
+  visitor.visit(end_, OdDb::kHardOwnershipRef);
+}

@@ -1,0 +1,190 @@
+#include "DbDictionary.h"
+
+#include "DbDatabase.h"
+#include "DbIdMapping.h"
+#include "db/load_context.h"
+#include "db/store.h"
+
+#include <algorithm>
+
+using drawing::field;
+
+ODDB_DEFINE_MEMBERS(OdDbDictionary, OdDbObject, "DICTIONARY");
+ODDB_DEFINE_MEMBERS(OdDbDictionaryWithDefault, OdDbDictionary, "ACDBDICTIONARYWDFLT");
+ODDB_DEFINE_MEMBERS(OdDbXrecord, OdDbObject, "XRECORD");
+ODDB_DEFINE_MEMBERS(OdDbCarriedObject, OdDbObject, "");
+ODDB_DEFINE_MEMBERS(OdDbHeader, OdDbObject, "");
+
+const drawing::Description& OdDbDictionary::ownDescription() {
+  static const drawing::Description description(&OdDbObject::ownDescription(),
+                                                {{"AcDbDictionary",
+                                                  {field<&OdDbDictionary::hardOwner_>(280).unless(0),
+                                                   field<&OdDbDictionary::mergeStyle_>(281)},
+                                                  &readGroup,
+                                                  &writeGroups}});
+  return description;
+}
+
+bool OdDbDictionary::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
+  auto& dictionary = static_cast<OdDbDictionary&>(object);
+  if (pair.code == 3) {
+    dictionary.pendingName_ = context.text(pair);
+    return true;
+  }
+  if (pair.code != 350 && pair.code != 360)
+    return false;
+  // An id without a name before it belongs to nothing that we know; it is carried.
+  if (dictionary.pendingName_.isEmpty())
+    return false;
+  dictionary.hardOwner_ = dictionary.hardOwner_ || pair.code == 360;
+  dictionary.entries_.push_back({dictionary.pendingName_, context.reference(pair)});
+  dictionary.pendingName_.empty();
+  return true;
+}
+
+void OdDbDictionary::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) {
+  const auto& dictionary = static_cast<const OdDbDictionary&>(object);
+  for (const Entry& entry : dictionary.entries_) {
+    if (OdDbObject* member = drawing::db::peek(entry.id); member != nullptr && member->isErased())
+      continue;
+    sink.text(3, entry.name);
+    sink.reference(dictionary.hardOwner_ ? 360 : 350, entry.id);
+  }
+}
+
+OdDbObjectId OdDbDictionary::getAt(const OdString& name) const {
+  for (const Entry& entry : entries_) {
+    if (entry.name.iCompare(name) == 0 && !entry.id.isErased())
+      return entry.id;
+  }
+  return {};
+}
+
+OdDbObjectId OdDbDictionary::setAt(const OdString& name, OdDbObject* object) {
+  assertWriteEnabled();
+  if (!isDBRO())
+    throw OdError(eNotInDatabase);
+  if (OdDbObjectPtr old = getAt(name).safeOpenObject(OdDb::kForWrite); !old.isNull() && old.get() != object)
+    old->erase();
+  const OdDbObjectId id = object->isDBRO() ? object->objectId() : database()->addOdDbObject(object, objectId());
+  setAt(name, id);
+  return id;
+}
+
+void OdDbDictionary::setAt(const OdString& name, OdDbObjectId id) {
+  assertWriteEnabled();
+  for (Entry& entry : entries_) {
+    if (entry.name.iCompare(name) == 0) {
+      entry.id = id;
+      return;
+    }
+  }
+  entries_.push_back({name, id});
+}
+
+OdDbObjectId OdDbDictionary::remove(const OdString& name) {
+  assertWriteEnabled();
+  const auto found = std::find_if(entries_.begin(), entries_.end(),
+                                  [&name](const Entry& entry) { return entry.name.iCompare(name) == 0; });
+  if (found == entries_.end())
+    return {};
+  const OdDbObjectId id = found->id;
+  entries_.erase(found);
+  return id;
+}
+
+OdString OdDbDictionary::nameAt(OdDbObjectId id) const {
+  for (const Entry& entry : entries_) {
+    if (entry.id == id)
+      return entry.name;
+  }
+  return {};
+}
+
+void OdDbDictionary::setTreatElementsAsHard(bool hard) {
+  assertWriteEnabled();
+  hardOwner_ = hard;
+}
+
+void OdDbDictionary::visitReferences(drawing::ReferenceVisitor& visitor) {
+  OdDbObject::visitReferences(visitor);
+  for (Entry& entry : entries_)
+    visitor.visit(entry.id, hardOwner_ ? OdDb::kHardOwnershipRef : OdDb::kSoftOwnershipRef);
+}
+
+void OdDbDictionary::ownedObjects(std::vector<OdDbObjectId>& ids) const {
+  OdDbObject::ownedObjects(ids);
+  for (const Entry& entry : entries_) {
+    const OdDbObject* member = drawing::db::peek(entry.id);
+    if (member != nullptr && member->ownerId() == objectId())
+      ids.push_back(entry.id);
+  }
+}
+
+void OdDbDictionary::afterClone(const OdDbObject&, OdDbIdMapping&) {
+  // Entries whose objects did not come along are no entries of the copy.
+  entries_.erase(std::remove_if(entries_.begin(), entries_.end(), [](const Entry& entry) { return entry.id.isNull(); }),
+                 entries_.end());
+}
+
+const drawing::Description& OdDbDictionaryWithDefault::ownDescription() {
+  static const drawing::Description description(
+      &OdDbDictionary::ownDescription(),
+      {{"AcDbDictionaryWithDefault", {field<&OdDbDictionaryWithDefault::default_>(340)}}});
+  return description;
+}
+
+const drawing::Description& OdDbXrecord::ownDescription() {
+  static const drawing::Description description(
+      &OdDbObject::ownDescription(),
+      {{"AcDbXrecord", {field<&OdDbXrecord::mergeStyle_>(280)}, &readGroup, &writeGroups}});
+  return description;
+}
+
+bool OdDbXrecord::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
+  context.append(static_cast<OdDbXrecord&>(object).groups_, pair);
+  return true;
+}
+
+void OdDbXrecord::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) {
+  static_cast<const OdDbXrecord&>(object).groups_.writeTo(sink);
+}
+
+drawing::GroupList& OdDbXrecord::groupsForWrite() {
+  assertWriteEnabled();
+  return groups_;
+}
+
+OdResBufPtr OdDbXrecord::rbChain() const { return OdResBuf::fromGroups(groups_, 0, groups_.size()); }
+
+void OdDbXrecord::setFromRbChain(const OdResBuf* chain) {
+  assertWriteEnabled();
+  groups_.clear();
+  OdResBuf::toGroups(chain, groups_);
+}
+
+void OdDbXrecord::visitReferences(drawing::ReferenceVisitor& visitor) {
+  OdDbObject::visitReferences(visitor);
+  drawing::db::visitGroups(groups_, visitor);
+}
+
+const drawing::Description& OdDbCarriedObject::ownDescription() { return OdDbObject::ownDescription(); }
+const drawing::Description& OdDbHeader::ownDescription() { return OdDbObject::ownDescription(); }
+
+const drawing::GroupList* OdDbHeader::find(std::string_view name) const {
+  const auto found = index_.find(std::string(name));
+  return found == index_.end() ? nullptr : &variables_[found->second].groups;
+}
+
+drawing::GroupList& OdDbHeader::at(std::string_view name) {
+  assertWriteEnabled();
+  const auto [found, isNew] = index_.emplace(std::string(name), variables_.size());
+  if (isNew)
+    variables_.push_back({std::string(name), {}});
+  return variables_[found->second].groups;
+}
+
+void OdDbHeader::visitReferences(drawing::ReferenceVisitor& visitor) {
+  for (Variable& variable : variables_)
+    drawing::db::visitGroups(variable.groups, visitor);
+}

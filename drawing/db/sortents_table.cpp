@@ -1,0 +1,131 @@
+#include "DbSortentsTable.h"
+
+#include "DbBlockTable.h"
+#include "DbDatabase.h"
+#include "DbIdMapping.h"
+#include "db/load_context.h"
+#include "db/store.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
+
+ODDB_DEFINE_MEMBERS(OdDbSortentsTable, OdDbObject, "SORTENTSTABLE");
+
+const drawing::Description& OdDbSortentsTable::ownDescription() {
+  static const drawing::Description description(&OdDbObject::ownDescription(),
+                                                {{"AcDbSortentsTable", {}, &readGroup, &writeGroups}});
+  return description;
+}
+
+bool OdDbSortentsTable::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
+  auto& table = static_cast<OdDbSortentsTable&>(object);
+  std::uint64_t handle = 0;
+  if (pair.code == 330) {
+    table.block_ = context.reference(pair);
+  } else if (pair.code == 331) {
+    table.entries_.push_back({context.reference(pair), 0});
+  } else if (pair.code == 5 && !table.entries_.empty()) {
+    if (context.handle(pair, handle))
+      table.entries_.back().sortHandle = handle;
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void OdDbSortentsTable::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) {
+  const auto& table = static_cast<const OdDbSortentsTable&>(object);
+  sink.reference(330, table.block_);
+  for (const Entry& entry : table.entries_) {
+    sink.reference(331, entry.entity);
+    sink.handle(5, entry.sortHandle);
+  }
+}
+
+void OdDbSortentsTable::setBlockId(OdDbObjectId block) {
+  assertWriteEnabled();
+  block_ = block;
+}
+
+OdDbHandle OdDbSortentsTable::sortHandle(OdDbObjectId entity) const {
+  for (const Entry& entry : entries_) {
+    if (entry.entity == entity)
+      return entry.sortHandle;
+  }
+  return entity.getHandle();
+}
+
+void OdDbSortentsTable::setSortHandle(OdDbObjectId entity, OdDbHandle handle) {
+  assertWriteEnabled();
+  for (Entry& entry : entries_) {
+    if (entry.entity == entity) {
+      entry.sortHandle = handle;
+      return;
+    }
+  }
+  entries_.push_back({entity, handle});
+}
+
+void OdDbSortentsTable::sort(std::vector<OdDbObjectId>& ids) const {
+  std::unordered_map<OdDbObjectId, std::uint64_t> given;
+  for (const Entry& entry : entries_)
+    given.emplace(entry.entity, entry.sortHandle);
+  std::vector<std::pair<std::uint64_t, OdDbObjectId>> keyed;
+  keyed.reserve(ids.size());
+  for (OdDbObjectId id : ids) {
+    const auto found = given.find(id);
+    keyed.emplace_back(found == given.end() ? std::uint64_t{id.getHandle()} : found->second, id);
+  }
+  std::stable_sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+  std::transform(keyed.begin(), keyed.end(), ids.begin(), [](const auto& pair) { return pair.second; });
+}
+
+// The same set of sort handles, dealt out anew in the given order.
+void OdDbSortentsTable::setOrder(const std::vector<OdDbObjectId>& ids) {
+  assertWriteEnabled();
+  std::vector<std::uint64_t> handles;
+  for (OdDbObjectId id : ids)
+    handles.push_back(id.getHandle());
+  std::sort(handles.begin(), handles.end());
+  entries_.clear();
+  for (std::size_t i = 0; i < ids.size(); ++i)
+    entries_.push_back({ids[i], handles[i]});
+}
+
+namespace {
+
+std::vector<OdDbObjectId> reordered(OdDbObjectId block, const OdDbObjectIdArray& moved, bool toTop) {
+  const auto* record = drawing::db::peekAs<OdDbBlockTableRecord>(block);
+  if (record == nullptr)
+    return {};
+  const std::unordered_set<OdDbObjectId> chosen(moved.begin(), moved.end());
+  std::vector<OdDbObjectId> all = record->drawOrder();
+  std::stable_partition(all.begin(), all.end(),
+                        [&](OdDbObjectId id) { return (chosen.count(id) != 0) != toTop; });
+  return all;
+}
+
+} // namespace
+
+void OdDbSortentsTable::moveToBottom(const OdDbObjectIdArray& ids) { setOrder(reordered(block_, ids, false)); }
+void OdDbSortentsTable::moveToTop(const OdDbObjectIdArray& ids) { setOrder(reordered(block_, ids, true)); }
+
+void OdDbSortentsTable::visitReferences(drawing::ReferenceVisitor& visitor) {
+  OdDbObject::visitReferences(visitor);
+  visitor.visit(block_, OdDb::kSoftPointerRef);
+  for (Entry& entry : entries_)
+    visitor.visit(entry.entity, OdDb::kSoftPointerRef);
+}
+
+// The copy orders the clones as the originals were ordered, by the clones' own handles.
+void OdDbSortentsTable::afterClone(const OdDbObject&, OdDbIdMapping&) {
+  std::stable_sort(entries_.begin(), entries_.end(),
+                   [](const Entry& a, const Entry& b) { return a.sortHandle < b.sortHandle; });
+  std::vector<OdDbObjectId> ids;
+  for (const Entry& entry : entries_) {
+    if (!entry.entity.isNull())
+      ids.push_back(entry.entity);
+  }
+  setOrder(ids);
+}

@@ -1,0 +1,99 @@
+// Where a drawing's objects are: numbers, handles and the objects themselves.
+#pragma once
+
+#include "DbObject.h"
+
+#include <memory>
+#include <vector>
+
+namespace drawing::db {
+
+// Handle to object number; open addressing, never shrinks. Handles are not 0.
+class HandleMap {
+public:
+  std::uint32_t find(std::uint64_t handle) const; // 0 when absent
+  void put(std::uint64_t handle, std::uint32_t number);
+  void remove(std::uint64_t handle);
+  void reserve(std::size_t count);
+
+private:
+  struct Slot {
+    std::uint64_t handle = 0;
+    std::uint32_t number = 0;
+  };
+  void grow(std::size_t slots);
+  static std::size_t hash(std::uint64_t handle) { return (handle * 0x9E3779B97F4A7C15ull) >> 20; }
+
+  std::vector<Slot> slots_;
+  std::size_t used_ = 0;
+};
+
+class Store {
+public:
+  explicit Store(OdDbDatabase* database);
+  ~Store();
+  Store(const Store&) = delete;
+  Store& operator=(const Store&) = delete;
+
+  // The store of a living drawing, or null.
+  static Store* of(OdDbObjectId id);
+
+  OdDbDatabase* database() const { return database_; }
+  std::uint32_t serial() const { return serial_; }
+
+  OdDbObject* object(OdDbObjectId id) const { return stub(id.number()).object; }
+  OdDbHandle handle(OdDbObjectId id) const { return stub(id.number()).handle; }
+  bool holds(std::uint32_t number) const { return number != 0 && number < count_; }
+  std::uint32_t count() const { return count_; } // numbers run from 1 to count - 1
+
+  // Makes the object resident; the store owns it from now on. A handle that is 0 or taken is replaced by a new one.
+  OdDbObjectId add(OdDbObject* object, OdDbHandle handle);
+  // A resident object without handle.
+  OdDbObjectId addNameless(OdDbObject* object);
+  OdDbObjectId find(OdDbHandle handle) const;
+  // The id that has or will have that handle: files refer to objects before they bring them.
+  OdDbObjectId expect(OdDbHandle handle);
+  // Puts another object behind an id (an object that is read late, or cannot stand as it was).
+  void replace(OdDbObjectId id, OdDbObject* object);
+
+  OdDbHandle nextHandle() const { return nextHandle_; }
+  void raiseNextHandle(std::uint64_t handle);
+  void reserve(std::size_t objects);
+
+private:
+  struct Stub {
+    OdDbObject* object = nullptr;
+    std::uint64_t handle = 0;
+  };
+  static constexpr std::uint32_t kPageBits = 12;
+  static constexpr std::uint32_t kPageSize = 1u << kPageBits;
+
+  Stub& stub(std::uint32_t number) const { return pages_[number >> kPageBits][number & (kPageSize - 1)]; }
+  std::uint32_t newNumber();
+  void settle(OdDbObject* object, std::uint32_t number);
+
+  OdDbDatabase* database_;
+  std::uint32_t serial_;
+  std::uint32_t count_ = 1;
+  std::uint64_t nextHandle_ = 1;
+  std::vector<std::unique_ptr<Stub[]>> pages_;
+  HandleMap handles_;
+};
+
+// The object behind an id, erased or not, without opening it; null when there is none.
+inline OdDbObject* peek(OdDbObjectId id) {
+  Store* store = Store::of(id);
+  return store != nullptr && store->holds(id.number()) ? store->object(id) : nullptr;
+}
+
+// The same as a class, null when it is another kind. T must be what isKindOf says.
+template <class T>
+T* peekAs(OdDbObjectId id) {
+  OdDbObject* object = peek(id);
+  return object != nullptr && object->isKindOf(T::desc()) ? static_cast<T*>(object) : nullptr;
+}
+
+// Every reference of a carried list.
+void visitGroups(GroupList& groups, ReferenceVisitor& visitor);
+
+} // namespace drawing::db

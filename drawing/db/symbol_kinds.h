@@ -1,0 +1,13 @@
+// Names and classes of the nine symbol tables.
+#pragma once
+
+#include "DbObject.h"
+
+namespace drawing::db {
+
+OdRxClass* recordClass(OdDb::SymbolTableKind kind);
+const char* tableDxfName(OdDb::SymbolTableKind kind); // VPORT, LTYPE ...; also the name of the table's records
+OdDb::SymbolTableKind tableKindOf(std::string_view dxfName); // kNoTable for no table's name
+OdDb::SymbolTableKind tableKindOf(const OdRxClass* recordClass);
+
+} // namespace drawing::db

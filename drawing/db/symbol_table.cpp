@@ -1,0 +1,189 @@
+#include "DbSymbolTable.h"
+
+#include "DbDatabase.h"
+#include "db/store.h"
+#include "db/symbol_kinds.h"
+#include "db/undo.h"
+
+ODDB_DEFINE_MEMBERS(OdDbSymbolTable, OdDbObject, "TABLE");
+ODDB_DEFINE_MEMBERS(OdDbSymbolTableRecord, OdDbObject, "");
+ODRX_DEFINE_MEMBERS(OdDbSymbolTableIterator, OdRxObject, "");
+
+const drawing::Description& OdDbSymbolTable::ownDescription() {
+  static const drawing::Description description(&OdDbObject::ownDescription(), {{"AcDbSymbolTable", {}}});
+  return description;
+}
+
+const drawing::Description& OdDbSymbolTableRecord::ownDescription() {
+  static const drawing::Description description(&OdDbObject::ownDescription(), {{"AcDbSymbolTableRecord", {}}});
+  return description;
+}
+
+OdDbSymbolTableRecordPtr OdDbSymbolTableIterator::getRecord(OdDb::OpenMode mode) const { return walk_.object(mode); }
+
+std::size_t OdDbSymbolTable::FoldHash::operator()(const OdString& text) const { return odFoldHash(text); }
+bool OdDbSymbolTable::FoldEqual::operator()(const OdString& a, const OdString& b) const { return a.iCompare(b) == 0; }
+
+std::string OdDbSymbolTable::dxfName() const { return drawing::db::tableDxfName(kind()); }
+
+void OdDbSymbolTable::ensureIndex() const {
+  if (indexed_)
+    return;
+  index_.byName.clear();
+  for (OdDbObjectId id : members_.ids()) {
+    const auto* record = drawing::db::peekAs<OdDbSymbolTableRecord>(id);
+    if (record != nullptr && !record->isErased())
+      index_.byName.emplace(record->getName(), id);
+  }
+  indexed_ = true;
+}
+
+OdDbObjectId OdDbSymbolTable::getAt(const OdString& name, bool openErased) const {
+  ensureIndex();
+  if (auto found = index_.byName.find(name); found != index_.byName.end())
+    return found->second;
+  if (!openErased)
+    return {};
+  for (OdDbObjectId id : members_.ids()) {
+    const auto* record = drawing::db::peekAs<OdDbSymbolTableRecord>(id);
+    if (record != nullptr && record->getName().iCompare(name) == 0)
+      return id;
+  }
+  return {};
+}
+
+OdDbObjectId OdDbSymbolTable::add(OdDbSymbolTableRecord* record) {
+  assertWriteEnabled();
+  if (kind() == OdDb::kBlockTable)
+    record->setName(completeAnonymous(record->getName()));
+  if (has(record->getName()))
+    return {};
+  if (!record->isDBRO())
+    database()->addOdDbObject(record, objectId());
+  return adopt(record) ? record->objectId() : OdDbObjectId();
+}
+
+bool OdDbSymbolTable::adopt(OdDbSymbolTableRecord* record) {
+  ensureIndex();
+  if (!index_.byName.emplace(record->getName(), record->objectId()).second)
+    return false;
+  if (isDBRO())
+    database()->undoLog().listGrows(*this, members_.size());
+  members_.push(record->objectId());
+  return true;
+}
+
+OdString OdDbSymbolTable::completeAnonymous(const OdString& name) const {
+  if (name.getLength() != 2 || name.getAt(0) != L'*')
+    return name;
+  unsigned& last = index_.lastAnonymous[name];
+  OdString complete;
+  do {
+    complete.format(L"%s%u", name.c_str(), ++last);
+  } while (has(complete));
+  return complete;
+}
+
+OdString OdDbSymbolTable::freeName(const OdString& wanted) const {
+  OdString name = wanted;
+  for (unsigned n = 2; has(name); ++n)
+    name.format(L"%s-%u", wanted.c_str(), n);
+  return name;
+}
+
+OdDbSymbolTableIteratorPtr OdDbSymbolTable::newIterator(bool, bool skipDeleted) const {
+  return OdDbSymbolTableIteratorPtr(new OdDbSymbolTableIterator(objectId(), skipDeleted));
+}
+
+void OdDbSymbolTable::nameChanges(const OdDbSymbolTableRecord& record, const OdString& from, const OdString& to) {
+  if (!indexed_)
+    return;
+  if (auto found = index_.byName.find(from); found != index_.byName.end() && found->second == record.objectId())
+    index_.byName.erase(found);
+  index_.byName.emplace(to, record.objectId());
+}
+
+void OdDbSymbolTable::memberErased(const OdDbSymbolTableRecord& record, bool erased) {
+  if (!indexed_)
+    return;
+  auto found = index_.byName.find(record.getName());
+  if (erased && found != index_.byName.end() && found->second == record.objectId())
+    index_.byName.erase(found);
+  else if (!erased)
+    index_.byName.emplace(record.getName(), record.objectId());
+}
+
+void OdDbSymbolTableRecord::setName(const OdString& name) {
+  assertWriteEnabled();
+  auto* table = drawing::db::peekAs<OdDbSymbolTable>(ownerId());
+  if (table == nullptr || !isDBRO()) {
+    name_ = name;
+    return;
+  }
+  const OdDbObjectId holder = table->getAt(name);
+  if (!holder.isNull() && holder != objectId())
+    throw OdError(eDuplicateRecordName);
+  table->nameChanges(*this, name_, name);
+  name_ = name;
+}
+
+void OdDbSymbolTableRecord::setFlag(std::int16_t bit, bool on) {
+  assertWriteEnabled();
+  flags_ = static_cast<std::int16_t>(on ? flags_ | bit : flags_ & ~bit);
+}
+
+void OdDbSymbolTableRecord::afterErase(bool erasing) {
+  if (auto* table = drawing::db::peekAs<OdDbSymbolTable>(ownerId()))
+    table->memberErased(*this, erasing);
+}
+
+OdDb::SymbolTableKind OdDbSymbolTableRecord::tableKind() const { return drawing::db::tableKindOf(isA()); }
+
+std::string OdDbSymbolTableRecord::dxfName() const {
+  const OdDb::SymbolTableKind kind = tableKind();
+  return kind == OdDb::kNoTable ? OdDbObject::dxfName() : drawing::db::tableDxfName(kind);
+}
+
+namespace drawing {
+
+ObjectIterator::ObjectIterator(OdDbObjectId container, bool skipErased)
+    : container_(container), skipErased_(skipErased) {
+  settle();
+}
+
+const IdList* ObjectIterator::list() const {
+  OdDbObject* container = db::peek(container_);
+  return container == nullptr ? nullptr : container->memberList();
+}
+
+void ObjectIterator::settle() {
+  const IdList* members = list();
+  while (members != nullptr && at_ < members->size() && skipErased_ && (*members)[at_].isErased())
+    ++at_;
+}
+
+bool ObjectIterator::done() const {
+  const IdList* members = list();
+  return members == nullptr || at_ >= members->size();
+}
+
+void ObjectIterator::start() {
+  at_ = 0;
+  settle();
+}
+
+void ObjectIterator::step() {
+  ++at_;
+  settle();
+}
+
+OdDbObjectId ObjectIterator::objectId() const {
+  // A member may have been erased since the walk came to it; the walk still names it.
+  return done() ? OdDbObjectId() : (*list())[at_];
+}
+
+OdDbObjectPtr ObjectIterator::object(OdDb::OpenMode mode, bool openErased) const {
+  return objectId().safeOpenObject(mode, openErased);
+}
+
+} // namespace drawing

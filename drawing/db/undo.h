@@ -1,0 +1,63 @@
+// The undo log of a drawing.
+//
+// A group holds, in order, what one step changed: the earlier state of each changed object (once a group), objects
+// that came in, and lists that grew. Taking a group back swaps states, so the same entries then lead forward again.
+#pragma once
+
+#include "DbObject.h"
+
+#include <memory>
+#include <vector>
+
+namespace drawing::db {
+
+class Undo {
+public:
+  explicit Undo(OdDbDatabase& database) : database_(database) {}
+
+  void startGroup();
+  bool canUndo() const { return position_ > 0; }
+  bool canRedo() const { return position_ < groups_.size(); }
+  bool undo();
+  bool redo();
+  void rollback();
+  void disable(bool disable) { disabled_ = disable; }
+  std::uint64_t changes() const { return changes_; }
+
+  // Called before the change.
+  void objectChanges(OdDbObject& object);
+  void objectAdded(OdDbObject& object);
+  void listGrows(OdDbObject& container, std::size_t length);
+  // The objects that changed in the current group, with their states at its start.
+  std::vector<std::pair<OdDbObjectId, const OdDbObject*>> earlierStates() const;
+
+private:
+  struct Entry {
+    enum Kind { State, Added, Grown } kind;
+    OdDbObjectId id;
+    std::unique_ptr<OdDbObject> state; // State: the other state
+    std::size_t length = 0;            // Grown: length before
+    std::vector<OdDbObjectId> tail;    // Grown, taken back: what stood behind
+    bool erased = false;               // Added, taken back: whether the object was erased
+  };
+  struct Group {
+    std::uint32_t mark = 0;
+    std::vector<Entry> entries;
+  };
+
+  bool recording() const { return position_ > 0 && !disabled_; }
+  Group& current() { return groups_[position_ - 1]; }
+  void takeBack(Entry& entry);
+  void bringForward(Entry& entry);
+  static void swapState(Entry& entry);
+  void settle(OdDbObjectId id);
+
+  OdDbDatabase& database_;
+  std::vector<Group> groups_;
+  std::size_t position_ = 0; // groups before it are done, the others were taken back
+  std::uint32_t lastMark_ = 0;
+  std::uint64_t changes_ = 0;
+  bool disabled_ = false;
+};
+
+} // namespace drawing::db

@@ -1,0 +1,140 @@
+// The block table, block definitions and the ends of their contents.
+#pragma once
+
+#include "DbEntity.h"
+#include "DbSymbolTable.h"
+#include "Ge/GeExtents3d.h"
+#include "Ge/GePoint3d.h"
+
+class OdDbBlockBegin;
+class OdDbBlockEnd;
+class OdDbBlockTableRecord;
+using OdDbBlockTableRecordPtr = OdSmartPtr<OdDbBlockTableRecord>;
+
+// Names of the spaces.
+MVDRAWING_API extern const OdString modelSpaceStr;
+MVDRAWING_API extern const OdString paperSpaceStr;
+
+class MVDRAWING_API OdDbBlockTable : public OdDbSymbolTable {
+public:
+  ODDB_DECLARE_MEMBERS(OdDbBlockTable);
+  OdDbBlockTable() { setKind(OdDb::kBlockTable); }
+  OdDbObjectId getModelSpaceId() const;
+  OdDbObjectId getPaperSpaceId() const;
+};
+using OdDbBlockTablePtr = OdSmartPtr<OdDbBlockTable>;
+
+// Walks the contents of a block in order of addition.
+class MVDRAWING_API OdDbObjectIterator : public OdRxObject {
+public:
+  ODRX_DECLARE_MEMBERS(OdDbObjectIterator);
+  OdDbObjectIterator(OdDbObjectId block = OdDbObjectId(), bool skipErased = true) : walk_(block, skipErased) {}
+  void start(bool = true, bool = true) { walk_.start(); }
+  bool done() const { return walk_.done(); }
+  bool step(bool = true, bool = true) {
+    walk_.step();
+    return !walk_.done();
+  }
+  OdDbObjectId objectId() const { return walk_.objectId(); }
+  // Null when it does not open (see OdDbObjectId::safeOpenObject).
+  OdDbEntityPtr entity(OdDb::OpenMode mode = OdDb::kForRead, bool openErased = false) const;
+
+private:
+  drawing::ObjectIterator walk_;
+};
+using OdDbObjectIteratorPtr = OdSmartPtr<OdDbObjectIterator>;
+
+// A block definition, a space, or an external reference.
+class MVDRAWING_API OdDbBlockTableRecord : public OdDbSymbolTableRecord {
+public:
+  ODDB_DECLARE_MEMBERS(OdDbBlockTableRecord);
+  OdDbBlockTableRecord() = default;
+
+  enum BlockScaling : std::int16_t { kAny = 0, kUniform = 1 };
+
+  // The point of the contents that a reference puts at its insertion point, in block coordinates.
+  OdGePoint3d origin() const { return origin_; }
+  void setOrigin(const OdGePoint3d& origin);
+  const OdString& comments() const { return comments_; }
+  void setComments(const OdString& text);
+  const OdString& pathName() const { return path_; }
+  void setPathName(const OdString& path);
+  OdDb::UnitsValue blockInsertUnits() const { return static_cast<OdDb::UnitsValue>(units_); }
+  void setBlockInsertUnits(OdDb::UnitsValue units);
+  BlockScaling blockScaling() const { return scalesUniformly_ ? kUniform : kAny; }
+  OdResult setBlockScaling(BlockScaling scaling);
+  bool explodable() const { return explodable_; }
+  void setExplodable(bool explodable);
+
+  bool isAnonymous() const;
+  bool isLayout() const;
+  bool isFromExternalReference() const { return (flags_ & kExternalReference) != 0; }
+  bool isFromOverlayReference() const { return (flags_ & kOverlay) != 0; }
+  bool hasAttributeDefinitions() const;
+  OdDbObjectId getLayoutId() const { return layout_; }
+  void setLayoutId(OdDbObjectId layout);
+  const std::string& previewIcon() const { return preview_; } // bitmap bytes
+  void setPreviewIcon(const std::string& bytes);
+
+  // Appending makes the entity resident and owned by this block. Throws OdError(eSelfReference) for a reference that
+  // would make the block contain itself.
+  OdDbObjectId appendOdDbEntity(OdDbEntity* entity);
+  OdDbObjectIteratorPtr newIterator(bool atBeginning = true, bool skipDeleted = true,
+                                    bool sorted = false) const;
+  std::size_t numMembers() const { return members_.size(); } // erased ones included
+  // The contents in drawing order: the draw order table's where there is one, else order of addition.
+  std::vector<OdDbObjectId> drawOrder() const;
+  OdDbObjectId getSortentsTableId() const; // null when there is none
+
+  // References to this block anywhere in the drawing, erased ones excluded, in order of addition.
+  OdDbObjectIdArray getBlockReferenceIds(bool directOnly = true) const;
+  // Extents of the contents in block coordinates; invalid when nothing has any.
+  OdResult getGeomExtents(OdGeExtents3d& extents) const;
+
+  OdDbObjectId blockBeginId() const { return begin_; }
+  OdDbObjectId blockEndId() const { return end_; }
+
+  // -- For the SDK's own machinery. --
+  drawing::IdList* memberList() override { return &members_; }
+  const drawing::IdList& members() const { return members_; }
+  void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
+  void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void adoptEntity(OdDbObjectId id) { members_.push(id); }
+  void adoptEnds(OdDbObjectId begin, OdDbObjectId end);
+  void ensureEnds(); // makes the BLOCK and ENDBLK objects when they are missing
+  // What files hold in the block's head instead of its table record.
+  static const drawing::Section& headSection();
+  OdString nameInHead_;     // a second name in the head, when it differs
+  std::int16_t headFlags_ = 0; // as read; bits that are derived are recomputed at save
+  std::int16_t derivedFlags() const;
+  void takeHeadFlags(); // headFlags_ into flags_, after reading
+
+  static constexpr std::int16_t kAnonymousBit = 1, kHasAttributes = 2, kExternalReference = 4, kOverlay = 8;
+
+private:
+  drawing::IdList members_;
+  OdGePoint3d origin_;
+  OdString comments_;
+  OdString path_;
+  std::string preview_;
+  OdDbObjectId layout_;
+  OdDbObjectId begin_;
+  OdDbObjectId end_;
+  std::int16_t units_ = 0;
+  bool explodable_ = true;
+  bool scalesUniformly_ = false;
+};
+
+// The BLOCK entity in front of a block's contents.
+class MVDRAWING_API OdDbBlockBegin : public OdDbEntity {
+public:
+  ODDB_DECLARE_MEMBERS(OdDbBlockBegin);
+  OdDbBlockBegin() = default;
+};
+
+// The ENDBLK entity behind them.
+class MVDRAWING_API OdDbBlockEnd : public OdDbEntity {
+public:
+  ODDB_DECLARE_MEMBERS(OdDbBlockEnd);
+  OdDbBlockEnd() = default;
+};

@@ -1,0 +1,77 @@
+// The root of everything that is drawn.
+#pragma once
+
+#include "DbObject.h"
+#include "Ge/GeExtents3d.h"
+#include "Ge/GeMatrix3d.h"
+
+class OdDbEntity;
+using OdDbEntityPtr = OdSmartPtr<OdDbEntity>;
+
+// Colour: an index (1 to 255, 0 by block, 256 by layer) or a true colour beside it.
+struct OdCmColor {
+  static constexpr std::int16_t kByBlock = 0, kByLayer = 256;
+  static constexpr std::int32_t kNoTrueColor = -1;
+  std::int16_t index = kByLayer;
+  std::int32_t trueColor = kNoTrueColor; // 0xRRGGBB
+  friend bool operator==(const OdCmColor&, const OdCmColor&) = default;
+};
+
+class MVDRAWING_API OdDbEntity : public OdDbObject {
+public:
+  ODRX_DECLARE_MEMBERS(OdDbEntity);
+  static const drawing::Description& ownDescription();
+  const drawing::Description& description() const override;
+
+  OdDbObjectId layerId() const { return layer_; }
+  OdString layer() const; // the layer's name; "0" when it has none
+  OdResult setLayer(OdDbObjectId layer);
+  OdResult setLayer(const OdString& name); // eKeyNotFound when the drawing has no such layer
+  OdDbObjectId linetypeId() const { return linetype_; } // null: by layer
+  OdResult setLinetype(OdDbObjectId linetype);
+  OdCmColor color() const { return {color_, trueColor_}; }
+  OdResult setColor(const OdCmColor& color);
+  std::int16_t colorIndex() const { return color_; }
+  OdResult setColorIndex(std::int16_t index);
+  std::int16_t lineWeight() const { return lineWeight_; } // hundredths of a millimetre; -1 by layer, -2 by block, -3 default
+  OdResult setLineWeight(std::int16_t weight);
+  double linetypeScale() const { return linetypeScale_; }
+  OdResult setLinetypeScale(double scale);
+  bool isInvisible() const { return invisible_ != 0; }
+  OdResult setInvisible(bool invisible);
+  void setPropertiesFrom(const OdDbEntity& other); // layer, linetype, colour, weight, scale, visibility
+  void setDatabaseDefaults(OdDbDatabase* database); // current layer and the like from the header
+
+  OdDbObjectId blockId() const { return ownerId(); } // the block that it is drawn in
+
+  // Moves the entity; world coordinates. 0 on success; eCannotTransform (209) when this kind of entity cannot take
+  // this matrix, and then nothing has changed. Extended data that moves with an entity moves too.
+  OdResult transformBy(const OdGeMatrix3d& matrix);
+  // eOk and the extents in the coordinates of its block, or the reason why it has none.
+  virtual OdResult getGeomExtents(OdGeExtents3d& extents) const;
+
+  // Highlighting is a state of the screen: it is not saved, not undone, and needs no opening for write.
+  void highlight(bool on) const { highlighted_ = on; }
+  bool isHighlighted() const { return highlighted_; }
+
+  // Attaches an association (of a dimension) to the entity: its persistent reactor from now on.
+  virtual void attachAssociation(OdDbObjectId association);
+
+  bool isOnLockedLayer() const override;
+  void visitReferences(drawing::ReferenceVisitor& visitor) override;
+
+protected:
+  OdDbEntity() = default;
+  // Applies the matrix, or answers why not and changes nothing. Called with the entity open for write.
+  virtual OdResult subTransformBy(const OdGeMatrix3d& matrix);
+
+  OdDbObjectId layer_;
+  OdDbObjectId linetype_;
+  double linetypeScale_ = 1;
+  std::int32_t trueColor_ = OdCmColor::kNoTrueColor;
+  std::int32_t transparency_ = 0;
+  std::int16_t color_ = OdCmColor::kByLayer;
+  std::int16_t lineWeight_ = -1;
+  std::int16_t invisible_ = 0;
+  mutable bool highlighted_ = false;
+};

@@ -1,0 +1,81 @@
+// Enumerations of the drawing database that several headers share. Values are part of the interface.
+#pragma once
+
+#include <cstdint>
+
+namespace OdDb {
+
+enum OpenMode { kNotOpen = -1, kForRead = 0, kForWrite = 1 };
+
+// Insertion units ($INSUNITS and the units of a block definition).
+enum UnitsValue : std::int16_t {
+  kUnitsUndefined = 0,
+  kUnitsInches = 1,
+  kUnitsFeet = 2,
+  kUnitsMiles = 3,
+  kUnitsMillimeters = 4,
+  kUnitsCentimeters = 5,
+  kUnitsMeters = 6,
+  kUnitsKilometers = 7,
+  kUnitsMicroinches = 8,
+  kUnitsMils = 9,
+  kUnitsYards = 10,
+  kUnitsAngstroms = 11,
+  kUnitsNanometers = 12,
+  kUnitsMicrons = 13,
+  kUnitsDecimeters = 14,
+  kUnitsDekameters = 15,
+  kUnitsHectometers = 16,
+  kUnitsGigameters = 17,
+  kUnitsAstronomical = 18,
+  kUnitsLightYears = 19,
+  kUnitsParsecs = 20,
+  kUnitsUSSurveyFeet = 21,
+  kUnitsUSSurveyInch = 22,
+  kUnitsUSSurveyYard = 23,
+  kUnitsUSSurveyMile = 24,
+  kUnitsMax = kUnitsUSSurveyMile
+};
+
+// What happens to a record of the target when a record of the same name is cloned into its drawing.
+enum DuplicateRecordCloning {
+  kDrcNotApplicable = 0,
+  kDrcIgnore = 1,  // the target's record stays and is used
+  kDrcReplace = 2, // the target's record keeps its id and takes over the source's properties and contents
+};
+
+// Versions of drawing files, oldest first.
+enum DwgVersion : std::uint8_t {
+  kVersionUnknown = 0,
+  kRelease10,
+  kRelease12,
+  kRelease13,
+  kRelease14,
+  kRelease2000,
+  kRelease2004,
+  kRelease2007,
+  kRelease2010,
+  kRelease2013,
+  kRelease2018,
+  kNewestVersion = kRelease2018
+};
+
+// How one object holds another.
+enum ReferenceType : std::uint8_t { kSoftPointerRef, kHardPointerRef, kSoftOwnershipRef, kHardOwnershipRef };
+
+// The nine symbol tables, in the order in which files hold them.
+enum SymbolTableKind : std::uint8_t {
+  kViewportTable,
+  kLinetypeTable,
+  kLayerTable,
+  kTextStyleTable,
+  kViewTable,
+  kUcsTable,
+  kRegAppTable,
+  kDimStyleTable,
+  kBlockTable,
+  kNoTable
+};
+inline constexpr int kSymbolTableCount = kNoTable;
+
+} // namespace OdDb
