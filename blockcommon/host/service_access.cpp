@@ -1,5 +1,6 @@
 #include "blockcommon/host/service_access.h"
 
+#include "DbEntity.h"
 #include "morvane/host_api.h"
 
 #include <array>
@@ -116,6 +117,32 @@ int mvsidbRToS(double value, int mode, int precision, wchar_t* result) {
 
 int mvsidbDisToF(const wchar_t* text, int mode, double* value) {
   return callService<MvDbServer>(kDbServer, &MvDbServer::mvsidbDisToF, text, mode, value);
+}
+
+int mvsiedRedraw(const long* entityName, int mode) {
+  constexpr int kHighlight = 3;
+  constexpr int kRemoveHighlight = 4;
+  const OdSmartPtr<MvDocManager> manager = useService<MvDocManager>(kDocMgr);
+  OdDbObjectId id;
+  if (manager.isNull() || mvsi::mvsidbGetObjectId(id, entityName) != 0 || !id.isValid())
+    return RTERROR;
+  const OdDbObjectPtr object = id.safeOpenObject(OdDb::kForRead);
+  if (object.isNull())
+    return RTERROR;
+  const OdDbEntityPtr entity = object;
+  if (mode == kHighlight || mode == kRemoveHighlight)
+    entity->highlight(mode == kHighlight);
+  if (mvsi::MvsiApDocument* document = manager->currentDocument())
+    manager->refreshViews(document);
+  return RTNORM;
+}
+
+int currentUcsMatrix(OdGeMatrix3d& matrix) {
+  OdDbDatabase* database = mvsi::mvsidbWorkingDatabase();
+  if (database == nullptr)
+    return RTERROR;
+  mvsi::mvsidbUcsMatrix(matrix, database);
+  return RTNORM;
 }
 
 } // namespace hostAccess

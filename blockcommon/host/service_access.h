@@ -30,4 +30,12 @@ int mvsiedFindFile(const wchar_t* fileName, wchar_t* found);
 int mvsidbRToS(double value, int mode, int precision, wchar_t* result);
 int mvsidbDisToF(const wchar_t* text, int mode, double* value);
 
+// Highlights the entity (mode 3) or takes its highlight away (mode 4), and has the current document draw its views
+// anew. -5001 without a document manager or for a name behind which nothing opens; anything that is no entity throws
+// OdError_NotThatKindOfClass.
+int mvsiedRedraw(const long* entity, int mode);
+
+// The UCS of the working drawing as a matrix to the world. Needs no service; -5001 without a working database.
+int currentUcsMatrix(OdGeMatrix3d& matrix);
+
 } // namespace hostAccess

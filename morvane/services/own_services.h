@@ -9,6 +9,8 @@ namespace morvane::services {
 OdRxObjectPtr makeEditGetServer(Host& host);
 OdRxObjectPtr makeEditSystemServer(Host& host);
 OdRxObjectPtr makeDbServer(Host& host);
+OdRxObjectPtr makeSelectorServer(Host& host);
+OdRxObjectPtr makeDocManager(Host& host);
 
 // Copies the text with its closing zero; what does not fit into `capacity` characters is cut.
 void copyText(const OdString& text, wchar_t* buffer, int capacity);

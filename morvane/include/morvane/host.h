@@ -4,13 +4,16 @@
 
 #include "RxObject.h"
 #include "morvane/config.h"
+#include "morvane/documents.h"
 #include "morvane/export.h"
 #include "morvane/files.h"
 #include "morvane/input.h"
 #include "morvane/log.h"
+#include "morvane/message_box.h"
 #include "morvane/output.h"
 #include "morvane/print.h"
 #include "morvane/result_codes.h"
+#include "morvane/selection.h"
 #include "morvane/services.h"
 #include "morvane/units.h"
 #include "morvane/variables.h"
@@ -75,8 +78,12 @@ public:
   UserConfig& config();
   PathMap& paths();
   SearchPath& searchPath();
+  Documents& documents();
+  SelectionSets& selections();
+  MessageBoxes& messageBoxes();
 
 private:
+  class Frame;
   struct Parts;
   std::unique_ptr<Parts> parts_;
   Host* before_ = nullptr;

@@ -2,10 +2,14 @@
 #pragma once
 
 #include "morvane/config.h"
+#include "morvane/documents.h"
+#include "morvane/drawing_tools.h"
 #include "morvane/files.h"
 #include "morvane/log.h"
+#include "morvane/message_box.h"
 #include "morvane/print.h"
 #include "morvane/result_codes.h"
+#include "morvane/selection.h"
 #include "morvane/services.h"
 #include "morvane/variables.h"
 

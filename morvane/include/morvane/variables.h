@@ -54,8 +54,6 @@ private:
   struct Entry {
     VariableValue value;
     bool readOnly = false;
-    double lowest = 0.0;
-    double highest = -1.0; // below lowest: any
   };
   DrawingVariables* drawing() const { return drawing_ ? drawing_() : nullptr; }
   std::map<std::wstring, Entry, std::less<>> own_;
