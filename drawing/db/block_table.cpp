@@ -20,15 +20,16 @@ ODRX_DEFINE_MEMBERS(OdDbObjectIterator, OdRxObject, "");
 const OdString modelSpaceStr(L"*Model_Space");
 const OdString paperSpaceStr(L"*Paper_Space");
 
-const drawing::Description& OdDbBlockTable::ownDescription() { return OdDbSymbolTable::ownDescription(); }
+const drawing::Description& OdDbBlockTable::ownDescription() {
+  return OdDbSymbolTable::ownDescription();
+}
 
 const drawing::Description& OdDbBlockTableRecord::ownDescription() {
   using drawing::field;
   static const drawing::Description description(
       &OdDbSymbolTableRecord::ownDescription(),
       {{"AcDbBlockTableRecord",
-        {field<&OdDbBlockTableRecord::name_>(2),
-         field<&OdDbBlockTableRecord::layout_>(340),
+        {field<&OdDbBlockTableRecord::name_>(2), field<&OdDbBlockTableRecord::layout_>(340),
          field<&OdDbBlockTableRecord::units_>(70).from(OdDb::kRelease2007),
          field<&OdDbBlockTableRecord::explodable_>(280).from(OdDb::kRelease2007),
          field<&OdDbBlockTableRecord::scalesUniformly_>(281).from(OdDb::kRelease2007)},
@@ -43,12 +44,11 @@ const drawing::Description& OdDbBlockTableRecord::ownDescription() {
 
 const drawing::Section& OdDbBlockTableRecord::headSection() {
   using drawing::field;
-  static const drawing::Section section{"AcDbBlockBegin",
-                                        {field<&OdDbBlockTableRecord::headFlags_>(70),
-                                         field<&OdDbBlockTableRecord::origin_>(10),
-                                         field<&OdDbBlockTableRecord::nameInHead_>(3),
-                                         field<&OdDbBlockTableRecord::path_>(1),
-                                         field<&OdDbBlockTableRecord::comments_>(4).unlessEmpty()}};
+  static const drawing::Section section{
+      "AcDbBlockBegin",
+      {field<&OdDbBlockTableRecord::headFlags_>(70), field<&OdDbBlockTableRecord::origin_>(10),
+       field<&OdDbBlockTableRecord::nameInHead_>(3), field<&OdDbBlockTableRecord::path_>(1),
+       field<&OdDbBlockTableRecord::comments_>(4).unlessEmpty()}};
   return section;
 }
 
@@ -62,8 +62,12 @@ const drawing::Description& OdDbBlockEnd::ownDescription() {
   return description;
 }
 
-OdDbObjectId OdDbBlockTable::getModelSpaceId() const { return getAt(modelSpaceStr); }
-OdDbObjectId OdDbBlockTable::getPaperSpaceId() const { return getAt(paperSpaceStr); }
+OdDbObjectId OdDbBlockTable::getModelSpaceId() const {
+  return getAt(modelSpaceStr);
+}
+OdDbObjectId OdDbBlockTable::getPaperSpaceId() const {
+  return getAt(paperSpaceStr);
+}
 
 OdDbEntityPtr OdDbObjectIterator::entity(OdDb::OpenMode mode, bool openErased) const {
   return walk_.object(mode, openErased);
@@ -89,7 +93,9 @@ OdResult OdDbBlockTableRecord::setBlockScaling(BlockScaling scaling) {
   return eOk;
 }
 
-bool OdDbBlockTableRecord::isLayout() const { return !layout_.isNull(); }
+bool OdDbBlockTableRecord::isLayout() const {
+  return !layout_.isNull();
+}
 
 bool OdDbBlockTableRecord::isAnonymous() const {
   if (name_.isEmpty() || name_.getAt(0) != L'*' || isLayout())
@@ -108,7 +114,8 @@ bool OdDbBlockTableRecord::hasAttributeDefinitions() const {
 }
 
 std::int16_t OdDbBlockTableRecord::derivedFlags() const {
-  std::int16_t flags = static_cast<std::int16_t>(flags_ & (kExternalReference | kOverlay | kDependent | kResolved | kReferenced));
+  std::int16_t flags =
+      static_cast<std::int16_t>(flags_ & (kExternalReference | kOverlay | kDependent | kResolved | kReferenced));
   if (isAnonymous())
     flags |= kAnonymousBit;
   if (hasAttributeDefinitions())
@@ -116,7 +123,9 @@ std::int16_t OdDbBlockTableRecord::derivedFlags() const {
   return flags;
 }
 
-void OdDbBlockTableRecord::takeHeadFlags() { flags_ = static_cast<std::int16_t>(flags_ | headFlags_); }
+void OdDbBlockTableRecord::takeHeadFlags() {
+  flags_ = static_cast<std::int16_t>(flags_ | headFlags_);
+}
 
 void OdDbBlockTableRecord::adoptEnds(OdDbObjectId begin, OdDbObjectId end) {
   if (!begin.isNull())

@@ -16,12 +16,12 @@ ODDB_DEFINE_MEMBERS(OdDbCarriedObject, OdDbObject, "");
 ODDB_DEFINE_MEMBERS(OdDbHeader, OdDbObject, "");
 
 const drawing::Description& OdDbDictionary::ownDescription() {
-  static const drawing::Description description(&OdDbObject::ownDescription(),
-                                                {{"AcDbDictionary",
-                                                  {field<&OdDbDictionary::hardOwner_>(280).unless(0),
-                                                   field<&OdDbDictionary::mergeStyle_>(281)},
-                                                  &readGroup,
-                                                  &writeGroups}});
+  static const drawing::Description description(
+      &OdDbObject::ownDescription(),
+      {{"AcDbDictionary",
+        {field<&OdDbDictionary::hardOwner_>(280).unless(0), field<&OdDbDictionary::mergeStyle_>(281)},
+        &readGroup,
+        &writeGroups}});
   return description;
 }
 
@@ -155,7 +155,9 @@ drawing::GroupList& OdDbXrecord::groupsForWrite() {
   return groups_;
 }
 
-OdResBufPtr OdDbXrecord::rbChain() const { return OdResBuf::fromGroups(groups_, 0, groups_.size()); }
+OdResBufPtr OdDbXrecord::rbChain() const {
+  return OdResBuf::fromGroups(groups_, 0, groups_.size());
+}
 
 void OdDbXrecord::setFromRbChain(const OdResBuf* chain) {
   assertWriteEnabled();
@@ -168,8 +170,12 @@ void OdDbXrecord::visitReferences(drawing::ReferenceVisitor& visitor) {
   drawing::db::visitGroups(groups_, visitor);
 }
 
-const drawing::Description& OdDbCarriedObject::ownDescription() { return OdDbObject::ownDescription(); }
-const drawing::Description& OdDbHeader::ownDescription() { return OdDbObject::ownDescription(); }
+const drawing::Description& OdDbCarriedObject::ownDescription() {
+  return OdDbObject::ownDescription();
+}
+const drawing::Description& OdDbHeader::ownDescription() {
+  return OdDbObject::ownDescription();
+}
 
 const drawing::GroupList* OdDbHeader::find(std::string_view name) const {
   const auto found = index_.find(std::string(name));

@@ -13,22 +13,22 @@ struct KindRange {
 
 // The value kinds of group codes, ascending. Codes between the ranges carry text.
 constexpr KindRange kKinds[] = {
-    {5, 5, GroupKind::Handle},         {10, 59, GroupKind::Real},        {60, 79, GroupKind::Int16},
-    {90, 99, GroupKind::Int32},        {105, 105, GroupKind::Handle},    {110, 149, GroupKind::Real},
-    {160, 169, GroupKind::Int64},      {170, 179, GroupKind::Int16},     {210, 239, GroupKind::Real},
-    {270, 289, GroupKind::Int16},      {290, 299, GroupKind::Bool},      {310, 319, GroupKind::Binary},
-    {320, 329, GroupKind::Handle},     {330, 369, GroupKind::Reference}, {370, 389, GroupKind::Int16},
-    {390, 399, GroupKind::Reference},  {400, 409, GroupKind::Int16},     {420, 429, GroupKind::Int32},
-    {440, 459, GroupKind::Int32},      {460, 469, GroupKind::Real},      {480, 481, GroupKind::Reference},
-    {1004, 1004, GroupKind::Binary},   {1005, 1005, GroupKind::Reference}, {1010, 1059, GroupKind::Real},
-    {1060, 1070, GroupKind::Int16},    {1071, 1071, GroupKind::Int32},
+    {5, 5, GroupKind::Handle},        {10, 59, GroupKind::Real},          {60, 79, GroupKind::Int16},
+    {90, 99, GroupKind::Int32},       {105, 105, GroupKind::Handle},      {110, 149, GroupKind::Real},
+    {160, 169, GroupKind::Int64},     {170, 179, GroupKind::Int16},       {210, 239, GroupKind::Real},
+    {270, 289, GroupKind::Int16},     {290, 299, GroupKind::Bool},        {310, 319, GroupKind::Binary},
+    {320, 329, GroupKind::Handle},    {330, 369, GroupKind::Reference},   {370, 389, GroupKind::Int16},
+    {390, 399, GroupKind::Reference}, {400, 409, GroupKind::Int16},       {420, 429, GroupKind::Int32},
+    {440, 459, GroupKind::Int32},     {460, 469, GroupKind::Real},        {480, 481, GroupKind::Reference},
+    {1004, 1004, GroupKind::Binary},  {1005, 1005, GroupKind::Reference}, {1010, 1059, GroupKind::Real},
+    {1060, 1070, GroupKind::Int16},   {1071, 1071, GroupKind::Int32},
 };
 
 } // namespace
 
 GroupKind groupKindOf(int code) {
-  const auto* range =
-      std::upper_bound(std::begin(kKinds), std::end(kKinds), code, [](int c, const KindRange& r) { return c < r.first; });
+  const auto* range = std::upper_bound(std::begin(kKinds), std::end(kKinds), code,
+                                       [](int c, const KindRange& r) { return c < r.first; });
   if (range == std::begin(kKinds) || code > std::prev(range)->last)
     return GroupKind::Text;
   return std::prev(range)->kind;
@@ -60,7 +60,9 @@ OdDbObjectId GroupList::idOf(const Group& group) const {
   return {static_cast<std::uint32_t>(group.id >> 32), static_cast<std::uint32_t>(group.id)};
 }
 
-OdString GroupList::stringOf(const Group& group) const { return OdString::fromUtf8(textOf(group)); }
+OdString GroupList::stringOf(const Group& group) const {
+  return OdString::fromUtf8(textOf(group));
+}
 
 void GroupList::setId(std::size_t i, OdDbObjectId id) {
   groups_[i].id = (static_cast<std::uint64_t>(id.serial()) << 32) | id.number();
@@ -94,9 +96,15 @@ void GroupList::addText(int code, GroupKind kind, std::string_view text) {
   setText(groups_.size() - 1, text);
 }
 
-void GroupList::utf8(int code, std::string_view text) { addText(code, GroupKind::Text, text); }
-void GroupList::binary(int code, std::string_view bytes) { addText(code, GroupKind::Binary, bytes); }
-void GroupList::unread(int code, std::string_view text) { addText(code, GroupKind::Unread, text); }
+void GroupList::utf8(int code, std::string_view text) {
+  addText(code, GroupKind::Text, text);
+}
+void GroupList::binary(int code, std::string_view bytes) {
+  addText(code, GroupKind::Binary, bytes);
+}
+void GroupList::unread(int code, std::string_view text) {
+  addText(code, GroupKind::Unread, text);
+}
 
 void GroupList::real(int code, double value) {
   Group group;

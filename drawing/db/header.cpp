@@ -10,10 +10,16 @@ using drawing::GroupKind;
 using drawing::GroupList;
 using drawing::db::peekAs;
 
-OdDbHeader& OdDbDatabase::header() const { return *static_cast<OdDbHeader*>(drawing::db::peek(header_)); }
+OdDbHeader& OdDbDatabase::header() const {
+  return *static_cast<OdDbHeader*>(drawing::db::peek(header_));
+}
 
-const GroupList* OdDbDatabase::headerVar(std::string_view name) const { return header().find(name); }
-bool OdDbDatabase::hasHeaderVar(std::string_view name) const { return headerVar(name) != nullptr; }
+const GroupList* OdDbDatabase::headerVar(std::string_view name) const {
+  return header().find(name);
+}
+bool OdDbDatabase::hasHeaderVar(std::string_view name) const {
+  return headerVar(name) != nullptr;
+}
 
 double OdDbDatabase::headerReal(std::string_view name, double absent) const {
   const GroupList* groups = headerVar(name);
@@ -88,10 +94,18 @@ std::vector<std::string> OdDbDatabase::headerNames() const {
   return names;
 }
 
-OdDb::UnitsValue OdDbDatabase::getINSUNITS() const { return static_cast<OdDb::UnitsValue>(headerInt("INSUNITS")); }
-void OdDbDatabase::setINSUNITS(OdDb::UnitsValue units) { setHeaderInt("INSUNITS", 70, units); }
-OdGePoint3d OdDbDatabase::getINSBASE() const { return headerPoint("INSBASE"); }
-void OdDbDatabase::setINSBASE(const OdGePoint3d& base) { setHeaderPoint("INSBASE", base); }
+OdDb::UnitsValue OdDbDatabase::getINSUNITS() const {
+  return static_cast<OdDb::UnitsValue>(headerInt("INSUNITS"));
+}
+void OdDbDatabase::setINSUNITS(OdDb::UnitsValue units) {
+  setHeaderInt("INSUNITS", 70, units);
+}
+OdGePoint3d OdDbDatabase::getINSBASE() const {
+  return headerPoint("INSBASE");
+}
+void OdDbDatabase::setINSBASE(const OdGePoint3d& base) {
+  setHeaderPoint("INSBASE", base);
+}
 
 OdDbObjectId OdDbDatabase::getCLAYER() const {
   const OdDbObjectId current = symbol(OdDb::kLayerTable, headerText("CLAYER"));

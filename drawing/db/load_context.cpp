@@ -1,6 +1,7 @@
 #include "db/load_context.h"
 
 #include "DbSymbolTable.h"
+#include "Ge/GeUtil.h"
 #include "db/store.h"
 #include "db/symbol_kinds.h"
 
@@ -81,7 +82,8 @@ bool LoadContext::integer(const Pair& pair, std::int64_t& value) {
   if (pair.form == Pair::Form::Text && wholeNumber(trimmed(pair.text), value))
     return true;
   double number = 0; // some programs write whole numbers with a decimal point
-  const bool written = pair.form == Pair::Form::Real ? (number = pair.real, true) : wholeNumber(trimmed(pair.text), number);
+  const bool written =
+      pair.form == Pair::Form::Real ? (number = pair.real, true) : wholeNumber(trimmed(pair.text), number);
   if (!written || number != std::floor(number) || std::fabs(number) > 9e15) {
     fail(pair, "the value is no whole number");
     return false;
@@ -90,7 +92,9 @@ bool LoadContext::integer(const Pair& pair, std::int64_t& value) {
   return true;
 }
 
-std::string_view LoadContext::utf8(const Pair& pair) { return decoder_.decode(pair.text, buffer_); }
+std::string_view LoadContext::utf8(const Pair& pair) {
+  return decoder_.decode(pair.text, buffer_);
+}
 
 bool LoadContext::handle(const Pair& pair, std::uint64_t& value) {
   const std::string_view text = trimmed(pair.text);

@@ -47,7 +47,7 @@ public:
   OdString text(const Pair& pair) { return OdString::fromUtf8(utf8(pair)); }
   bool handle(const Pair& pair, std::uint64_t& value);
   bool bytes(const Pair& pair, std::string& value); // appends; hexadecimal in text files
-  OdDbObjectId reference(const Pair& pair); // of an object that may still come
+  OdDbObjectId reference(const Pair& pair);         // of an object that may still come
   // A record by name. One that does not exist (yet) is made and remembered as missing until the table brings it.
   OdDbObjectId symbol(OdDb::SymbolTableKind kind, const Pair& pair);
   // Appends the group under its kind; what does not fit its code is appended as unread text.

@@ -14,8 +14,8 @@ OdDbObject::OdDbObject() = default;
 OdDbObject::~OdDbObject() = default;
 
 OdDbObject::OdDbObject(const OdDbObject& other)
-    : OdRxObject(other), owner_(other.owner_), extras_(other.extras_ ? std::make_unique<Extras>(*other.extras_) : nullptr),
-      erased_(other.erased_) {}
+    : OdRxObject(other), owner_(other.owner_),
+      extras_(other.extras_ ? std::make_unique<Extras>(*other.extras_) : nullptr), erased_(other.erased_) {}
 
 OdDbObject& OdDbObject::operator=(const OdDbObject& other) {
   if (this != &other) {
@@ -26,17 +26,25 @@ OdDbObject& OdDbObject::operator=(const OdDbObject& other) {
   return *this;
 }
 
-OdDbObject* OdDbObject::makeCopy() const { throw OdError(eNotApplicable); }
-void OdDbObject::assignState(const OdDbObject& other) { *this = other; }
+OdDbObject* OdDbObject::makeCopy() const {
+  throw OdError(eNotApplicable);
+}
+void OdDbObject::assignState(const OdDbObject& other) {
+  *this = other;
+}
 
 const drawing::Description& OdDbObject::ownDescription() {
   static const drawing::Description none(nullptr, {});
   return none;
 }
 
-const drawing::Description& OdDbObject::description() const { return ownDescription(); }
+const drawing::Description& OdDbObject::description() const {
+  return ownDescription();
+}
 
-std::string OdDbObject::dxfName() const { return isA()->dxfName(); }
+std::string OdDbObject::dxfName() const {
+  return isA()->dxfName();
+}
 
 void OdDbObject::onLastRelease() const {
   if (isDBRO())
@@ -45,7 +53,9 @@ void OdDbObject::onLastRelease() const {
     delete this;
 }
 
-OdDbDatabase* OdDbObject::database() const { return id_.database(); }
+OdDbDatabase* OdDbObject::database() const {
+  return id_.database();
+}
 
 void OdDbObject::assertWriteEnabled() {
   if (!isDBRO())
@@ -63,7 +73,9 @@ void OdDbObject::upgradeOpen() {
   }
 }
 
-void OdDbObject::downgradeOpen() { writable_ = false; }
+void OdDbObject::downgradeOpen() {
+  writable_ = false;
+}
 
 void OdDbObject::setOwnerId(OdDbObjectId owner) {
   assertWriteEnabled();
@@ -82,9 +94,8 @@ OdResult OdDbObject::erase(bool erasing) {
     if (object == nullptr || object->erased_ == erasing || !seen.insert(owned[i]).second)
       continue;
     object->ownedObjects(owned);
-    const bool was = std::exchange(object->writable_, true);
+    const drawing::db::WriteScope scope(*object);
     object->assertWriteEnabled();
-    object->writable_ = was;
     object->erased_ = erasing;
     object->afterErase(erasing);
   }
@@ -102,7 +113,9 @@ OdDbObject::Extras& OdDbObject::extras() {
   return *extras_;
 }
 
-OdDbObjectId OdDbObject::extensionDictionary() const { return extras_ ? extras_->extensionDictionary : OdDbObjectId(); }
+OdDbObjectId OdDbObject::extensionDictionary() const {
+  return extras_ ? extras_->extensionDictionary : OdDbObjectId();
+}
 
 OdDbObjectId OdDbObject::createExtensionDictionary() {
   if (OdDbObjectId present = extensionDictionary(); !present.isNull() && !present.isErased())
@@ -148,8 +161,12 @@ drawing::GroupList& OdDbObject::carried() {
   return extras().carried;
 }
 
-const drawing::GroupList* OdDbObject::carriedOrNull() const { return extras_ ? &extras_->carried : nullptr; }
-const drawing::GroupList* OdDbObject::xDataGroups() const { return extras_ ? &extras_->xData : nullptr; }
+const drawing::GroupList* OdDbObject::carriedOrNull() const {
+  return extras_ ? &extras_->carried : nullptr;
+}
+const drawing::GroupList* OdDbObject::xDataGroups() const {
+  return extras_ ? &extras_->xData : nullptr;
+}
 
 drawing::GroupList& OdDbObject::xDataGroupsForWrite() {
   assertWriteEnabled();

@@ -17,7 +17,9 @@ std::string OdDbHandle::ascii() const {
   return {text, end};
 }
 
-bool OdDbObjectId::isValid() const { return !isNull() && Store::of(*this) != nullptr; }
+bool OdDbObjectId::isValid() const {
+  return !isNull() && Store::of(*this) != nullptr;
+}
 
 bool OdDbObjectId::isErased() const {
   const OdDbObject* object = drawing::db::peek(*this);

@@ -69,8 +69,9 @@ OdResBufPtr OdResBuf::last() const {
 namespace {
 
 // Codes whose groups come in threes (x, y, z).
-bool isPointCode(int code) { return (code >= 10 && code <= 18) || (code >= 110 && code <= 112) || code == 210 ||
-                                    (code >= 1010 && code <= 1013); }
+bool isPointCode(int code) {
+  return (code >= 10 && code <= 18) || (code >= 110 && code <= 112) || code == 210 || (code >= 1010 && code <= 1013);
+}
 
 std::size_t readPoint(const GroupList& groups, std::size_t i, OdGePoint3d& point) {
   const int code = groups[i].code;

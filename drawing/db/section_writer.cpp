@@ -1,5 +1,6 @@
 #include "DbBlockTable.h"
 #include "DbSymbolTable.h"
+#include "Ge/GeUtil.h"
 #include "db/load_context.h"
 #include "db/store.h"
 

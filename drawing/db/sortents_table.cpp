@@ -101,15 +101,18 @@ std::vector<OdDbObjectId> reordered(OdDbObjectId block, const OdDbObjectIdArray&
     return {};
   const std::unordered_set<OdDbObjectId> chosen(moved.begin(), moved.end());
   std::vector<OdDbObjectId> all = record->drawOrder();
-  std::stable_partition(all.begin(), all.end(),
-                        [&](OdDbObjectId id) { return (chosen.count(id) != 0) != toTop; });
+  std::stable_partition(all.begin(), all.end(), [&](OdDbObjectId id) { return (chosen.count(id) != 0) != toTop; });
   return all;
 }
 
 } // namespace
 
-void OdDbSortentsTable::moveToBottom(const OdDbObjectIdArray& ids) { setOrder(reordered(block_, ids, false)); }
-void OdDbSortentsTable::moveToTop(const OdDbObjectIdArray& ids) { setOrder(reordered(block_, ids, true)); }
+void OdDbSortentsTable::moveToBottom(const OdDbObjectIdArray& ids) {
+  setOrder(reordered(block_, ids, false));
+}
+void OdDbSortentsTable::moveToTop(const OdDbObjectIdArray& ids) {
+  setOrder(reordered(block_, ids, true));
+}
 
 void OdDbSortentsTable::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbObject::visitReferences(visitor);

@@ -93,6 +93,20 @@ T* peekAs(OdDbObjectId id) {
   return object != nullptr && object->isKindOf(T::desc()) ? static_cast<T*>(object) : nullptr;
 }
 
+// Lets a resident object be changed although nobody opened it for write: parts that follow their owner, and the
+// SDK's own repairs. Locked layers do not hinder it. Undo knows what changed.
+class WriteScope {
+public:
+  explicit WriteScope(OdDbObject& object) : object_(object), before_(object.writable_) { object.writable_ = true; }
+  ~WriteScope() { object_.writable_ = before_; }
+  WriteScope(const WriteScope&) = delete;
+  WriteScope& operator=(const WriteScope&) = delete;
+
+private:
+  OdDbObject& object_;
+  bool before_;
+};
+
 // Every reference of a carried list.
 void visitGroups(GroupList& groups, ReferenceVisitor& visitor);
 

@@ -14,18 +14,22 @@ struct Kind {
 
 // In the order of OdDb::SymbolTableKind.
 constexpr Kind kKinds[OdDb::kSymbolTableCount] = {
-    {"VPORT", &OdDbViewportTableRecord::desc},   {"LTYPE", &OdDbLinetypeTableRecord::desc},
-    {"LAYER", &OdDbLayerTableRecord::desc},      {"STYLE", &OdDbTextStyleTableRecord::desc},
-    {"VIEW", &OdDbViewTableRecord::desc},        {"UCS", &OdDbUCSTableRecord::desc},
-    {"APPID", &OdDbRegAppTableRecord::desc},     {"DIMSTYLE", &OdDbDimStyleTableRecord::desc},
+    {"VPORT", &OdDbViewportTableRecord::desc},     {"LTYPE", &OdDbLinetypeTableRecord::desc},
+    {"LAYER", &OdDbLayerTableRecord::desc},        {"STYLE", &OdDbTextStyleTableRecord::desc},
+    {"VIEW", &OdDbViewTableRecord::desc},          {"UCS", &OdDbUCSTableRecord::desc},
+    {"APPID", &OdDbRegAppTableRecord::desc},       {"DIMSTYLE", &OdDbDimStyleTableRecord::desc},
     {"BLOCK_RECORD", &OdDbBlockTableRecord::desc},
 };
 
 } // namespace
 
-OdRxClass* recordClass(OdDb::SymbolTableKind kind) { return kKinds[kind].record(); }
+OdRxClass* recordClass(OdDb::SymbolTableKind kind) {
+  return kKinds[kind].record();
+}
 
-const char* tableDxfName(OdDb::SymbolTableKind kind) { return kind < OdDb::kNoTable ? kKinds[kind].dxfName : ""; }
+const char* tableDxfName(OdDb::SymbolTableKind kind) {
+  return kind < OdDb::kNoTable ? kKinds[kind].dxfName : "";
+}
 
 OdDb::SymbolTableKind tableKindOf(std::string_view dxfName) {
   int kind = 0;

@@ -19,12 +19,20 @@ const drawing::Description& OdDbSymbolTableRecord::ownDescription() {
   return description;
 }
 
-OdDbSymbolTableRecordPtr OdDbSymbolTableIterator::getRecord(OdDb::OpenMode mode) const { return walk_.object(mode); }
+OdDbSymbolTableRecordPtr OdDbSymbolTableIterator::getRecord(OdDb::OpenMode mode) const {
+  return walk_.object(mode);
+}
 
-std::size_t OdDbSymbolTable::FoldHash::operator()(const OdString& text) const { return odFoldHash(text); }
-bool OdDbSymbolTable::FoldEqual::operator()(const OdString& a, const OdString& b) const { return a.iCompare(b) == 0; }
+std::size_t OdDbSymbolTable::FoldHash::operator()(const OdString& text) const {
+  return odFoldHash(text);
+}
+bool OdDbSymbolTable::FoldEqual::operator()(const OdString& a, const OdString& b) const {
+  return a.iCompare(b) == 0;
+}
 
-std::string OdDbSymbolTable::dxfName() const { return drawing::db::tableDxfName(kind()); }
+std::string OdDbSymbolTable::dxfName() const {
+  return drawing::db::tableDxfName(kind());
+}
 
 void OdDbSymbolTable::ensureIndex() const {
   if (indexed_)
@@ -137,7 +145,9 @@ void OdDbSymbolTableRecord::afterErase(bool erasing) {
     table->memberErased(*this, erasing);
 }
 
-OdDb::SymbolTableKind OdDbSymbolTableRecord::tableKind() const { return drawing::db::tableKindOf(isA()); }
+OdDb::SymbolTableKind OdDbSymbolTableRecord::tableKind() const {
+  return drawing::db::tableKindOf(isA());
+}
 
 std::string OdDbSymbolTableRecord::dxfName() const {
   const OdDb::SymbolTableKind kind = tableKind();

@@ -12,7 +12,9 @@ using drawing::db::peekAs;
 
 ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbEntity, OdDbObject);
 
-const drawing::Description& OdDbEntity::description() const { return ownDescription(); }
+const drawing::Description& OdDbEntity::description() const {
+  return ownDescription();
+}
 
 const drawing::Description& OdDbEntity::ownDescription() {
   using Self = OdDbEntity;
@@ -61,7 +63,9 @@ OdResult OdDbEntity::setColor(const OdCmColor& color) {
   return eOk;
 }
 
-OdResult OdDbEntity::setColorIndex(std::int16_t index) { return setColor({index, OdCmColor::kNoTrueColor}); }
+OdResult OdDbEntity::setColorIndex(std::int16_t index) {
+  return setColor({index, OdCmColor::kNoTrueColor});
+}
 
 OdResult OdDbEntity::setLineWeight(std::int16_t weight) {
   assertWriteEnabled();
@@ -154,15 +158,23 @@ OdResult OdDbEntity::transformBy(const OdGeMatrix3d& matrix) {
   return result;
 }
 
-OdResult OdDbEntity::subTransformBy(const OdGeMatrix3d&) { return eCannotTransform; }
+OdResult OdDbEntity::subTransformBy(const OdGeMatrix3d&) {
+  return eCannotTransform;
+}
 
-OdResult OdDbEntity::getGeomExtents(OdGeExtents3d&) const { return eNotApplicable; }
+OdResult OdDbEntity::getGeomExtents(OdGeExtents3d&) const {
+  return eNotApplicable;
+}
 
-void OdDbEntity::attachAssociation(OdDbObjectId association) { addPersistentReactor(association); }
+void OdDbEntity::attachAssociation(OdDbObjectId association) {
+  addPersistentReactor(association);
+}
 
 bool OdDbEntity::isOnLockedLayer() const {
   const auto* layer = peekAs<OdDbLayerTableRecord>(layer_);
   return layer != nullptr && !layer->isErased() && layer->isLocked();
 }
 
-void OdDbEntity::visitReferences(drawing::ReferenceVisitor& visitor) { OdDbObject::visitReferences(visitor); }
+void OdDbEntity::visitReferences(drawing::ReferenceVisitor& visitor) {
+  OdDbObject::visitReferences(visitor);
+}

@@ -31,7 +31,7 @@ public:
   void setBlockTableRecord(OdDbObjectId block);
   OdGePoint3d position() const; // world coordinates
   void setPosition(const OdGePoint3d& position);
-  OdGeScale3d scaleFactors() const { return scale_; }
+  OdGeScale3d scaleFactors() const { return OdGeScale3d(scaleX_, scaleY_, scaleZ_); }
   void setScaleFactors(const OdGeScale3d& scale);
   double rotation() const { return rotation_; } // radians, in the plane of the normal
   void setRotation(double angleRad);
@@ -67,7 +67,7 @@ protected:
 
   OdDbObjectId block_;
   OdGePoint3d position_; // in the plane's frame
-  OdGeScale3d scale_{1, 1, 1};
+  double scaleX_ = 1, scaleY_ = 1, scaleZ_ = 1;
   double rotation_ = 0;
   OdGeVector3d normal_{0, 0, 1};
   std::vector<OdDbObjectId> attributes_;

@@ -79,8 +79,7 @@ public:
   // Appending makes the entity resident and owned by this block. Throws OdError(eSelfReference) for a reference that
   // would make the block contain itself.
   OdDbObjectId appendOdDbEntity(OdDbEntity* entity);
-  OdDbObjectIteratorPtr newIterator(bool atBeginning = true, bool skipDeleted = true,
-                                    bool sorted = false) const;
+  OdDbObjectIteratorPtr newIterator(bool atBeginning = true, bool skipDeleted = true, bool sorted = false) const;
   std::size_t numMembers() const { return members_.size(); } // erased ones included
   // The contents in drawing order: the draw order table's where there is one, else order of addition.
   std::vector<OdDbObjectId> drawOrder() const;
@@ -104,7 +103,7 @@ public:
   void ensureEnds(); // makes the BLOCK and ENDBLK objects when they are missing
   // What files hold in the block's head instead of its table record.
   static const drawing::Section& headSection();
-  OdString nameInHead_;     // a second name in the head, when it differs
+  OdString nameInHead_;        // a second name in the head, when it differs
   std::int16_t headFlags_ = 0; // as read; bits that are derived are recomputed at save
   std::int16_t derivedFlags() const;
   void takeHeadFlags(); // headFlags_ into flags_, after reading

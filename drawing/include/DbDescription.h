@@ -38,7 +38,9 @@ struct Field {
   Address at = nullptr;
 
   // Modifiers, for use in descriptions.
-  constexpr Field angle() const { return with([](Field& f) { f.degrees = true; }); }
+  constexpr Field angle() const {
+    return with([](Field& f) { f.degrees = true; });
+  }
   constexpr Field unless(double x, double y = 0, double z = 0) const {
     Field f = *this;
     f.optional = true;
@@ -63,7 +65,9 @@ struct Field {
     f.holds = type;
     return f;
   }
-  constexpr Field onlyRead() const { return with([](Field& f) { f.readOnly = true; }); }
+  constexpr Field onlyRead() const {
+    return with([](Field& f) { f.readOnly = true; });
+  }
 
 private:
   template <class F>

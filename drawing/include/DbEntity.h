@@ -26,20 +26,22 @@ public:
   OdDbObjectId layerId() const { return layer_; }
   OdString layer() const; // the layer's name; "0" when it has none
   OdResult setLayer(OdDbObjectId layer);
-  OdResult setLayer(const OdString& name); // eKeyNotFound when the drawing has no such layer
+  OdResult setLayer(const OdString& name);              // eKeyNotFound when the drawing has no such layer
   OdDbObjectId linetypeId() const { return linetype_; } // null: by layer
   OdResult setLinetype(OdDbObjectId linetype);
   OdCmColor color() const { return {color_, trueColor_}; }
   OdResult setColor(const OdCmColor& color);
   std::int16_t colorIndex() const { return color_; }
   OdResult setColorIndex(std::int16_t index);
-  std::int16_t lineWeight() const { return lineWeight_; } // hundredths of a millimetre; -1 by layer, -2 by block, -3 default
+  std::int16_t lineWeight() const {
+    return lineWeight_;
+  } // hundredths of a millimetre; -1 by layer, -2 by block, -3 default
   OdResult setLineWeight(std::int16_t weight);
   double linetypeScale() const { return linetypeScale_; }
   OdResult setLinetypeScale(double scale);
   bool isInvisible() const { return invisible_ != 0; }
   OdResult setInvisible(bool invisible);
-  void setPropertiesFrom(const OdDbEntity& other); // layer, linetype, colour, weight, scale, visibility
+  void setPropertiesFrom(const OdDbEntity& other);  // layer, linetype, colour, weight, scale, visibility
   void setDatabaseDefaults(OdDbDatabase* database); // current layer and the like from the header
 
   OdDbObjectId blockId() const { return ownerId(); } // the block that it is drawn in

@@ -14,7 +14,7 @@ public:
       : key_(key), value_(value), cloned_(cloned), primary_(primary) {}
   OdDbObjectId key() const { return key_; }
   OdDbObjectId value() const { return value_; }
-  bool isCloned() const { return cloned_; } // false: an object of the target that stands for the key
+  bool isCloned() const { return cloned_; }   // false: an object of the target that stands for the key
   bool isPrimary() const { return primary_; } // asked for by the caller, not come along
 
 private:
@@ -35,8 +35,8 @@ public:
   OdDb::DuplicateRecordCloning duplicateRecordCloning() const { return duplicates_; }
   void setDuplicateRecordCloning(OdDb::DuplicateRecordCloning mode) { duplicates_ = mode; }
 
-  void assign(const OdDbIdPair& pair); // a later pair of the same key replaces the earlier one
-  bool compute(OdDbIdPair& pair) const; // by pair.key(); false when it is not there
+  void assign(const OdDbIdPair& pair);          // a later pair of the same key replaces the earlier one
+  bool compute(OdDbIdPair& pair) const;         // by pair.key(); false when it is not there
   OdDbObjectId valueOf(OdDbObjectId key) const; // null when it is not there
   std::size_t size() const { return pairs_.size(); }
   const std::vector<OdDbIdPair>& pairs() const { return pairs_; }

@@ -22,6 +22,7 @@ class IdList;
 namespace drawing::db {
 class Store;
 class Undo;
+class WriteScope;
 } // namespace drawing::db
 
 // Declared by every class of database objects that can be made.
@@ -34,9 +35,15 @@ class Undo;
 
 #define ODDB_DEFINE_MEMBERS(Class, Base, dxfName)                                                                      \
   ODRX_DEFINE_MEMBERS(Class, Base, dxfName);                                                                           \
-  OdDbObject* Class::makeCopy() const { return new Class(*this); }                                                     \
-  void Class::assignState(const OdDbObject& other) { *this = static_cast<const Class&>(other); }                       \
-  const drawing::Description& Class::description() const { return ownDescription(); }
+  OdDbObject* Class::makeCopy() const {                                                                                \
+    return new Class(*this);                                                                                           \
+  }                                                                                                                    \
+  void Class::assignState(const OdDbObject& other) {                                                                   \
+    *this = static_cast<const Class&>(other);                                                                          \
+  }                                                                                                                    \
+  const drawing::Description& Class::description() const {                                                             \
+    return ownDescription();                                                                                           \
+  }
 
 // An object is either resident (it has an id and its drawing owns it) or free (made and not yet added; its smart
 // pointers own it). Members of a resident object may change only while it is open for write; every setter throws
@@ -101,7 +108,7 @@ public:
   // Called when the reader has all of the drawing; false: the object cannot stand as it is.
   virtual void afterLoad();
 
-  drawing::GroupList& carried();             // groups that no field describes, with the markers they stood behind
+  drawing::GroupList& carried(); // groups that no field describes, with the markers they stood behind
   const drawing::GroupList* carriedOrNull() const;
   const drawing::GroupList* xDataGroups() const;
   drawing::GroupList& xDataGroupsForWrite();
@@ -118,6 +125,7 @@ private:
   friend class OdDbObjectId;
   friend class drawing::db::Store;
   friend class drawing::db::Undo;
+  friend class drawing::db::WriteScope;
 
   struct Extras { // what few objects have
     OdDbObjectId extensionDictionary;

@@ -25,7 +25,9 @@ std::size_t Report::count(const char* code) const {
       std::count_if(issues_.begin(), issues_.end(), [code](const Issue& issue) { return issue.code == code; }));
 }
 
-bool Report::has(const char* code) const { return count(code) != 0; }
+bool Report::has(const char* code) const {
+  return count(code) != 0;
+}
 
 namespace {
 
