@@ -205,9 +205,9 @@ int InputEngine::getReal(const OdString& prompt, double& result) {
 
 bool InputEngine::insideLimits(const double* pointUcs) const {
   std::array<double, 3> world = {pointUcs[0], pointUcs[1], pointUcs[2]};
-  if (!limits_ || (frame_ != nullptr && !frame_->ucsToWcs(pointUcs, world.data())))
-    return true;
-  return limits_(world.data());
+  if (frame_ != nullptr)
+    frame_->ucsToWcs(pointUcs, world.data());
+  return !limits_ || limits_(world.data());
 }
 
 std::array<double, 3> InputEngine::lastPoint() const {

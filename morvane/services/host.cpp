@@ -164,6 +164,16 @@ SearchPath& Host::searchPath() {
   return parts_->searchPath;
 }
 
+Documents& Host::documents() {
+  return parts_->documents;
+}
+SelectionSets& Host::selections() {
+  return parts_->selections;
+}
+MessageBoxes& Host::messageBoxes() {
+  return parts_->messageBoxes;
+}
+
 Host* admitCall(const char* operation) {
   Host* host = Host::current();
   return host != nullptr && host->calls().pass(operation) ? host : nullptr;
