@@ -1,5 +1,5 @@
 #include "blockcommon/prompts.h"
-#include "blockcommon/host/service_access.h"
+#include "blockcommon/host/services.h"
 
 #include "morvane/host_api.h"
 

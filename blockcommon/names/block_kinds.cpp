@@ -1,5 +1,6 @@
-#include "blockcommon/block_lookup.h"
 #include "blockcommon/block_names.h"
+
+#include "blockcommon/block_lookup.h"
 
 #include "DbBlockTable.h"
 #include "DbDatabase.h"

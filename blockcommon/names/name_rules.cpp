@@ -1,5 +1,5 @@
 #include "blockcommon/block_names.h"
-#include "blockcommon/host/service_access.h"
+#include "blockcommon/host/services.h"
 
 #include "morvane/resbuf.h"
 #include "morvane/result_codes.h"

@@ -69,7 +69,7 @@ InputEngine::Armed InputEngine::takeArmed() {
 }
 
 // A line of the topmost source that has one, or the part of it up to a blank.
-ReadStatus InputEngine::readRaw(const OdString& prompt, bool wholeLine, std::wstring& answer) {
+ReadStatus InputEngine::readRaw(const OdString& prompt, Extent extent, std::wstring& answer) {
   bool shown = false;
   while (!levels_.empty()) {
     Level& top = levels_.back();
@@ -89,7 +89,8 @@ ReadStatus InputEngine::readRaw(const OdString& prompt, bool wholeLine, std::wst
       top.rest = untilZero(line);
     }
     answer = *std::exchange(top.rest, std::nullopt);
-    const auto blank = wholeLine ? std::wstring::npos : answer.find_first_of(L" \t");
+    const bool toBlank = extent == Extent::kToBlank || (extent == Extent::kToBlankInScripts && top.source->isScript());
+    const auto blank = toBlank ? answer.find_first_of(L" \t") : std::wstring::npos;
     if (blank != std::wstring::npos) {
       top.rest = answer.substr(blank + 1);
       answer.resize(blank);
@@ -105,17 +106,16 @@ ReadStatus InputEngine::readRaw(const OdString& prompt, bool wholeLine, std::wst
 
 ReadStatus InputEngine::readAnswer(const OdString& prompt, bool allowSpaces, OdString& answer) {
   std::wstring text;
-  const ReadStatus status = readRaw(prompt, allowSpaces, text);
+  const ReadStatus status = readRaw(prompt, allowSpaces ? Extent::kLine : Extent::kToBlank, text);
   answer = OdString(std::move(text));
   return status;
 }
 
 // Asks until there is an answer, a keyword, a permitted empty answer or a cancel. An end of input is a cancel, so that
 // no caller asks for ever.
-InputEngine::Verdict InputEngine::ask(const Armed& armed, const OdString& prompt, bool wholeLine,
-                                      std::wstring& answer) {
+InputEngine::Verdict InputEngine::ask(const Armed& armed, const OdString& prompt, Extent extent, std::wstring& answer) {
   for (;;) {
-    const ReadStatus status = readRaw(prompt, wholeLine, answer);
+    const ReadStatus status = readRaw(prompt, extent, answer);
     if (status == ReadStatus::kEnd)
       endedInPrompt_ = true;
     if (status != ReadStatus::kLine)
@@ -137,7 +137,7 @@ int InputEngine::getString(bool allowSpaces, const OdString& prompt, OdString& r
   const Armed armed = takeArmed();
   result.empty();
   std::wstring answer;
-  switch (ask(armed, prompt, allowSpaces, answer)) {
+  switch (ask(armed, prompt, allowSpaces ? Extent::kLine : Extent::kToBlank, answer)) {
   case Verdict::kCancel:
     return RTCAN;
   case Verdict::kEmpty:
@@ -162,13 +162,11 @@ int InputEngine::getKeyword(const OdString& prompt, OdString& result) {
 }
 
 // Asks until `accept` takes the text or it is a keyword. RTNORM for an accepted text, RTKWORD with lastKeyword_ set.
-int InputEngine::askValue(const OdString& prompt, const OdString& complaint,
-                          const std::function<bool(const Armed&, const std::wstring&)>& accept) {
+int InputEngine::askValue(const OdString& prompt, const OdString& complaint, const Accept& accept) {
   const Armed armed = takeArmed();
-  const bool wholeLine = !isScript();
   for (;;) {
     std::wstring answer;
-    const Verdict verdict = ask(armed, prompt, wholeLine, answer);
+    const Verdict verdict = ask(armed, prompt, Extent::kToBlankInScripts, answer);
     if (verdict == Verdict::kCancel)
       return RTCAN;
     const std::wstring text = verdict == Verdict::kText ? trimmed(answer) : answer;

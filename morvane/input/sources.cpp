@@ -1,5 +1,7 @@
 #include "morvane/input.h"
 
+#include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <istream>
 #include <iterator>
@@ -39,8 +41,9 @@ ScriptSource::ScriptSource(std::string utf8) : text_(std::move(utf8)) {
 std::shared_ptr<ScriptSource> ScriptSource::fromFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  // A folder opens as a stream but does not read.
-  if (!file.is_open() || file.bad())
+  std::error_code ignored;
+  // A folder opens as a stream without anything in it.
+  if (!file.is_open() || std::filesystem::is_directory(path, ignored))
     return nullptr;
   return std::make_shared<ScriptSource>(std::move(bytes));
 }

@@ -1,5 +1,5 @@
 // Highlighting through the document manager, and the current UCS.
-#include "blockcommon/host/service_access.h"
+#include "blockcommon/host/services.h"
 #include "morvane/testing.h"
 
 #include "DbBlockTable.h"

@@ -145,6 +145,14 @@ TEST(Input, GoesOnWithTheSourceBelowWhenAScriptEnds) {
   std::istringstream pipe("piped\r\n");
   host.host().input().pushSource(std::make_shared<morvane::StreamSource>(pipe, false));
   EXPECT_EQ(askText(1).text, L"piped");
+  // A script that ends inside a prompt leaves the rules of its lines behind.
+  host.answerWith({L"1, 2"});
+  host.host().input().pushSource(std::make_shared<morvane::ScriptSource>(""));
+  double point[3] = {};
+  EXPECT_EQ(service()->mvsiedGetPoint(nullptr, L"?", point), RTNORM);
+  EXPECT_EQ(point[1], 2);
+  EXPECT_EQ(morvane::ScriptSource::fromFile("."), nullptr);
+  EXPECT_EQ(morvane::ScriptSource::fromFile("./no such file"), nullptr);
 }
 
 // A UCS turned by a quarter about Z, with its origin at (10, 0, 0).

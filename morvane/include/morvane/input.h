@@ -117,12 +117,12 @@ private:
   struct Level;
   struct Armed;
   enum class Verdict { kText, kKeyword, kEmpty, kCancel };
-  using Accept = std::function<bool(const std::wstring&)>;
+  enum class Extent { kLine, kToBlank, kToBlankInScripts }; // how much of a line answers
+  using Accept = std::function<bool(const Armed&, const std::wstring&)>;
   Armed takeArmed();
-  Verdict ask(const Armed& armed, const OdString& prompt, bool wholeLine, std::wstring& answer);
-  int askValue(const OdString& prompt, const OdString& complaint,
-               const std::function<bool(const Armed&, const std::wstring&)>& accept);
-  ReadStatus readRaw(const OdString& prompt, bool wholeLine, std::wstring& answer);
+  Verdict ask(const Armed& armed, const OdString& prompt, Extent extent, std::wstring& answer);
+  int askValue(const OdString& prompt, const OdString& complaint, const Accept& accept);
+  ReadStatus readRaw(const OdString& prompt, Extent extent, std::wstring& answer);
   bool insideLimits(const double* pointUcs) const;
 
   Output& output_;

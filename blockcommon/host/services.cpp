@@ -1,4 +1,4 @@
-#include "blockcommon/host/service_access.h"
+#include "blockcommon/host/services.h"
 
 #include "DbEntity.h"
 #include "morvane/host_api.h"

@@ -1,6 +1,6 @@
 // The layer between the library and the host's services: looked up at every call, forwarded as it is, and safe against
 // missing services and objects of another kind.
-#include "blockcommon/host/service_access.h"
+#include "blockcommon/host/services.h"
 #include "morvane/testing.h"
 
 #include <functional>
