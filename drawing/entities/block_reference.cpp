@@ -6,6 +6,7 @@
 #include "db/block_graph.h"
 #include "db/load_context.h"
 #include "db/store.h"
+#include "entities/transforms.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,7 +16,6 @@ using drawing::db::peekAs;
 
 ODDB_DEFINE_MEMBERS(OdDbBlockReference, OdDbEntity, "INSERT");
 ODDB_DEFINE_MEMBERS(OdDbMInsertBlock, OdDbBlockReference, "INSERT");
-ODDB_DEFINE_MEMBERS(OdDbSequenceEnd, OdDbEntity, "SEQEND");
 ODRX_DEFINE_MEMBERS(OdDbAttributeIterator, OdRxObject, "");
 
 const drawing::Section& OdDbBlockReference::referenceSection(const char* marker) {
@@ -140,62 +140,31 @@ OdResult OdDbBlockReference::setBlockTransform(const OdGeMatrix3d& matrix) {
   return eOk;
 }
 
-namespace {
-
-bool isTranslation(const OdGeMatrix3d& matrix) {
-  for (int row = 0; row < 3; ++row) {
-    for (int column = 0; column < 3; ++column) {
-      if (matrix.entry[row][column] != (row == column ? 1.0 : 0.0))
-        return false;
-    }
-  }
-  return true;
-}
-
-OdResult transformPart(OdDbEntity& part, const OdGeMatrix3d& matrix) {
-  const drawing::db::WriteScope scope(part);
-  return part.transformBy(matrix);
-}
-
-} // namespace
-
 OdResult OdDbBlockReference::subTransformBy(const OdGeMatrix3d& matrix) {
-  if (isTranslation(matrix)) { // scales and angles keep their bits
+  if (drawing::isTranslation(matrix)) { // scales and angles keep their bits
     position_ = odgeWcsToOcs(matrix * position(), normal_);
-  } else if (const OdResult result = setBlockTransform(matrix * blockTransform()); result != eOk) {
-    return result;
+    return transformParts(matrix);
   }
-  for (OdDbObjectId id : attributes_) {
-    // The attributes belong to the reference: a locked layer of their own does not hold them back.
-    auto* attribute = peekAs<OdDbEntity>(id);
-    if (attribute != nullptr && !attribute->isErased())
-      transformPart(*attribute, matrix);
-  }
-  return eOk;
+  const OdDbBlockReference before(*this);
+  OdResult result = setBlockTransform(matrix * blockTransform());
+  if (result == eOk)
+    result = transformParts(matrix);
+  if (result != eOk)
+    *this = before;
+  return result;
 }
 
 OdDbObjectId OdDbBlockReference::appendAttribute(OdDbAttribute* attribute) {
-  assertWriteEnabled();
-  if (!isDBRO())
-    throw OdError(eNotInDatabase);
-  const OdDbObjectId id =
-      attribute->isDBRO() ? attribute->objectId() : database()->addOdDbObject(attribute, objectId());
-  attributes_.push_back(id);
-  if (peekAs<OdDbSequenceEnd>(sequenceEnd_) == nullptr) {
-    OdSmartPtr<OdDbSequenceEnd> end = OdDbSequenceEnd::createObject();
-    end->setLayer(layerId());
-    sequenceEnd_ = database()->addOdDbObject(end.get(), objectId());
-  }
-  return id;
+  return appendPart(*this, attribute);
 }
 
 OdDbObjectAttributeIteratorPtr OdDbBlockReference::attributeIterator() const {
-  return OdDbObjectAttributeIteratorPtr(new OdDbAttributeIterator(attributes_));
+  return OdDbObjectAttributeIteratorPtr(new OdDbAttributeIterator(subEntities()));
 }
 
 OdDbObjectIdArray OdDbBlockReference::attributeIds() const {
   OdDbObjectIdArray ids;
-  for (OdDbObjectId id : attributes_) {
+  for (OdDbObjectId id : subEntities()) {
     if (!id.isErased())
       ids.append(id);
   }
@@ -230,29 +199,17 @@ OdResult OdDbBlockReference::getGeomExtents(OdGeExtents3d& extents) const {
 
 void OdDbBlockReference::ownedObjects(std::vector<OdDbObjectId>& ids) const {
   OdDbEntity::ownedObjects(ids);
-  ids.insert(ids.end(), attributes_.begin(), attributes_.end());
-  if (!sequenceEnd_.isNull())
-    ids.push_back(sequenceEnd_);
+  listParts(ids);
 }
 
 void OdDbBlockReference::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbEntity::visitReferences(visitor);
-  for (OdDbObjectId& id : attributes_)
-    visitor.visit(id, OdDb::kHardOwnershipRef);
-  visitor.visit(sequenceEnd_, OdDb::kHardOwnershipRef);
+  visitParts(visitor);
 }
 
 void OdDbBlockReference::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
   OdDbEntity::afterClone(source, mapping);
-  attributes_.erase(std::remove_if(attributes_.begin(), attributes_.end(), [](OdDbObjectId id) { return id.isNull(); }),
-                    attributes_.end());
-}
-
-void OdDbBlockReference::adoptSubEntity(OdDbObjectId id, bool isEnd) {
-  if (isEnd)
-    sequenceEnd_ = id;
-  else
-    attributes_.push_back(id);
+  dropLostParts();
 }
 
 #define SET_PROPERTY(setter, type, member)                                                                             \
@@ -290,8 +247,4 @@ void OdDbMInsertBlock::addInstances(const OdGeExtents3d& contents, OdGeExtents3d
     instance.transformBy(OdGeMatrix3d::translation(shift));
     all.addExt(instance);
   }
-}
-
-const drawing::Description& OdDbSequenceEnd::ownDescription() {
-  return OdDbEntity::ownDescription();
 }

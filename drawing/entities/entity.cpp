@@ -4,6 +4,7 @@
 #include "DbSymbolRecords.h"
 #include "db/load_context.h"
 #include "db/store.h"
+#include "entities/transforms.h"
 
 #include <cmath>
 
@@ -152,6 +153,8 @@ bool movesWithEntity(const drawing::GroupList* groups) {
 
 OdResult OdDbEntity::transformBy(const OdGeMatrix3d& matrix) {
   assertWriteEnabled();
+  if (!drawing::isInvertibleMap(matrix)) // nothing could be brought back from where it leads
+    return eCannotTransform;
   const OdResult result = subTransformBy(matrix);
   if (result == eOk && movesWithEntity(xDataGroups()))
     transformXData(xDataGroupsForWrite(), matrix);

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "DbAttribute.h"
-#include "DbEntity.h"
+#include "DbSequence.h"
 #include "Ge/GeScale3d.h"
 
 // Walks the attributes of a reference in order of addition; erased ones are passed over.
@@ -22,7 +22,7 @@ private:
 };
 using OdDbObjectAttributeIteratorPtr = OdSmartPtr<OdDbAttributeIterator>;
 
-class MVDRAWING_API OdDbBlockReference : public OdDbEntity {
+class MVDRAWING_API OdDbBlockReference : public OdDbEntity, public OdDbSequenceOwner {
 public:
   ODDB_DECLARE_MEMBERS(OdDbBlockReference);
   OdDbBlockReference() = default;
@@ -46,7 +46,7 @@ public:
   OdDbObjectId appendAttribute(OdDbAttribute* attribute);
   OdDbObjectAttributeIteratorPtr attributeIterator() const;
   OdDbObjectIdArray attributeIds() const; // living ones
-  bool hasAttributes() const { return !attributes_.empty(); }
+  bool hasAttributes() const { return !subEntities().empty(); }
 
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
   // The box that the contents' box takes when the reference (all its rows and columns) shows it.
@@ -56,9 +56,6 @@ public:
   void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
-  void adoptSubEntity(OdDbObjectId id, bool isEnd);
-  OdDbObjectId sequenceEndId() const { return sequenceEnd_; }
-  const std::vector<OdDbObjectId>& subEntities() const { return attributes_; }
 
 protected:
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
@@ -70,8 +67,6 @@ protected:
   double scaleX_ = 1, scaleY_ = 1, scaleZ_ = 1;
   double rotation_ = 0;
   OdGeVector3d normal_{0, 0, 1};
-  std::vector<OdDbObjectId> attributes_;
-  OdDbObjectId sequenceEnd_;
 };
 using OdDbBlockReferencePtr = OdSmartPtr<OdDbBlockReference>;
 
@@ -100,13 +95,3 @@ private:
   double rowSpacing_ = 0;
 };
 using OdDbMInsertBlockPtr = OdSmartPtr<OdDbMInsertBlock>;
-
-// The end of a sequence of attributes or vertices.
-class MVDRAWING_API OdDbSequenceEnd : public OdDbEntity {
-public:
-  ODDB_DECLARE_MEMBERS(OdDbSequenceEnd);
-  OdDbSequenceEnd() = default;
-
-protected:
-  OdResult subTransformBy(const OdGeMatrix3d&) override { return eOk; }
-};

@@ -1,0 +1,15 @@
+// Which class stands for a record of a file where its DXF name alone does not tell.
+#pragma once
+
+#include "RxObject.h"
+#include "db/load_context.h"
+
+#include <span>
+#include <string_view>
+
+namespace drawing {
+
+// `groups` are those of the record behind its name. Null when the kind is not modelled.
+OdRxClass* chooseClass(std::string_view dxfName, std::span<const Pair> groups);
+
+} // namespace drawing
