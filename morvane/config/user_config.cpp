@@ -1,11 +1,10 @@
 #include "morvane/config.h"
 #include "morvane/config/json_document.h"
+#include "morvane/files/read_file.h"
 #include "morvane/host.h"
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 namespace morvane {
 namespace {
@@ -45,9 +44,8 @@ void UserConfig::load() {
   std::error_code ignored;
   if (file_.empty() || !fs::exists(file_, ignored))
     return;
-  std::ifstream stream(file_, std::ios::binary);
-  const std::string text{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-  json root = stream.is_open() && !stream.bad() ? parseSettings(text) : json();
+  const auto text = files::readWhole(file_);
+  json root = text ? parseSettings(*text) : json();
   if (root.is_object())
     document_->root = std::move(root);
   else

@@ -1,10 +1,8 @@
+#include "morvane/files/read_file.h"
 #include "morvane/input.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <istream>
-#include <iterator>
 
 namespace morvane {
 namespace {
@@ -39,13 +37,8 @@ ScriptSource::ScriptSource(std::string utf8) : text_(std::move(utf8)) {
 }
 
 std::shared_ptr<ScriptSource> ScriptSource::fromFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  std::error_code ignored;
-  // A folder opens as a stream without anything in it.
-  if (!file.is_open() || std::filesystem::is_directory(path, ignored))
-    return nullptr;
-  return std::make_shared<ScriptSource>(std::move(bytes));
+  auto bytes = files::readWhole(path);
+  return bytes ? std::make_shared<ScriptSource>(std::move(*bytes)) : nullptr;
 }
 
 bool ScriptSource::nextLine(std::string_view& line) {

@@ -323,8 +323,7 @@ TEST(MessageBox, ReturnsTheButtonOrNothingWhenItWasClosed) {
   EXPECT_EQ(ask(), 9); // no host
   ScriptedHost host({L"maybe", L"2", L"", L"\x1b"});
   EXPECT_EQ(ask(), 1);
-  const OdString shown = host.takeOutput();
-  EXPECT_EQ(shown.left(32), L"\n[Caption]\n100%s\n  1. 是\n  2. 否\n");
+  EXPECT_EQ(host.takeOutput().find(L"\n[Caption]\n100%s\n  1. 是\n  2. 否\n"), 0);
   EXPECT_EQ(ask(), 9); // an empty answer
   EXPECT_EQ(ask(), 9); // a cancel
   EXPECT_EQ(ask(), 9); // the end

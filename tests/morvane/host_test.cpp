@@ -259,6 +259,12 @@ TEST(UserConfig, KeepsADamagedFileBesideTheNewOne) {
   }
 }
 
+TEST(UserConfig, AFolderInItsPlaceIsAProblemAndNoCrash) {
+  const TemporaryFolder folder;
+  morvane::UserConfig config(folder.at("."), morvane::replaceFileSafely);
+  EXPECT_NE(config.loadProblem(), "");
+}
+
 TEST(UserConfig, AFailedSaveKeepsTheFileAndTheChange) {
   const TemporaryFolder folder;
   writeFile(folder.at("c.json"), "{\"s\":{\"n\":1}}");
