@@ -83,6 +83,8 @@ std::string UserConfig::save() {
   if (file_.empty())
     return {};
   std::error_code error;
+  if (!loadProblem_.empty() && fs::exists(file_, error) && !fs::is_regular_file(file_, error))
+    return loadProblem_; // a folder, say, is not ours to move away
   const fs::path folder = fs::path(file_).parent_path();
   if (!folder.empty())
     fs::create_directories(folder, error);

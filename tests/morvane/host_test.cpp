@@ -261,8 +261,10 @@ TEST(UserConfig, KeepsADamagedFileBesideTheNewOne) {
 
 TEST(UserConfig, AFolderInItsPlaceIsAProblemAndNoCrash) {
   const TemporaryFolder folder;
-  morvane::UserConfig config(folder.at("."), morvane::replaceFileSafely);
+  morvane::UserConfig config(folder.at(""), morvane::replaceFileSafely);
   EXPECT_NE(config.loadProblem(), "");
+  EXPECT_NE(config.save(), "");
+  EXPECT_TRUE(fs::is_directory(folder.at("")));
 }
 
 TEST(UserConfig, AFailedSaveKeepsTheFileAndTheChange) {
