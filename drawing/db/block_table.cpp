@@ -6,6 +6,7 @@
 #include "DbDictionary.h"
 #include "DbSortentsTable.h"
 #include "db/block_graph.h"
+#include "db/load_context.h"
 #include "db/store.h"
 #include "db/undo.h"
 
@@ -48,7 +49,9 @@ const drawing::Section& OdDbBlockTableRecord::headSection() {
       "AcDbBlockBegin",
       {field<&OdDbBlockTableRecord::headFlags_>(70), field<&OdDbBlockTableRecord::origin_>(10),
        field<&OdDbBlockTableRecord::nameInHead_>(3), field<&OdDbBlockTableRecord::path_>(1),
-       field<&OdDbBlockTableRecord::comments_>(4).unlessEmpty()}};
+       field<&OdDbBlockTableRecord::comments_>(4).unlessEmpty()},
+      // The name in the head led to this record.
+      [](OdDbObject&, const drawing::Pair& pair, drawing::LoadContext&) { return pair.code == 2; }};
   return section;
 }
 
@@ -123,8 +126,10 @@ std::int16_t OdDbBlockTableRecord::derivedFlags() const {
   return flags;
 }
 
-void OdDbBlockTableRecord::takeHeadFlags() {
+void OdDbBlockTableRecord::takeHead() {
   flags_ = static_cast<std::int16_t>(flags_ | headFlags_);
+  if (nameInHead_ == name_)
+    nameInHead_.empty();
 }
 
 void OdDbBlockTableRecord::adoptEnds(OdDbObjectId begin, OdDbObjectId end) {

@@ -12,7 +12,7 @@ using drawing::field;
 ODDB_DEFINE_MEMBERS(OdDbDictionary, OdDbObject, "DICTIONARY");
 ODDB_DEFINE_MEMBERS(OdDbDictionaryWithDefault, OdDbDictionary, "ACDBDICTIONARYWDFLT");
 ODDB_DEFINE_MEMBERS(OdDbXrecord, OdDbObject, "XRECORD");
-ODDB_DEFINE_MEMBERS(OdDbCarriedObject, OdDbObject, "");
+ODDB_DEFINE_MEMBERS(OdDbDictionaryVar, OdDbObject, "DICTIONARYVAR");
 ODDB_DEFINE_MEMBERS(OdDbHeader, OdDbObject, "");
 
 const drawing::Description& OdDbDictionary::ownDescription() {
@@ -170,9 +170,18 @@ void OdDbXrecord::visitReferences(drawing::ReferenceVisitor& visitor) {
   drawing::db::visitGroups(groups_, visitor);
 }
 
-const drawing::Description& OdDbCarriedObject::ownDescription() {
-  return OdDbObject::ownDescription();
+const drawing::Description& OdDbDictionaryVar::ownDescription() {
+  static const drawing::Description description(
+      &OdDbObject::ownDescription(),
+      {{"DictionaryVariables", {field<&OdDbDictionaryVar::schema_>(280), field<&OdDbDictionaryVar::value_>(1)}}});
+  return description;
 }
+
+void OdDbDictionaryVar::setValue(const OdString& value) {
+  assertWriteEnabled();
+  value_ = value;
+}
+
 const drawing::Description& OdDbHeader::ownDescription() {
   return OdDbObject::ownDescription();
 }

@@ -119,16 +119,59 @@ OdResult OdDbDatabase::setCLAYER(OdDbObjectId layer) {
   return eOk;
 }
 
-OdDbAnnotationScalePtr OdDbDatabase::cannoscale() const {
-  const OdString name = headerText("CANNOSCALE");
-  const auto* root = peekAs<OdDbDictionary>(namedObjects_);
-  const auto* scales = root == nullptr ? nullptr : peekAs<OdDbDictionary>(root->getAt(L"ACAD_SCALELIST"));
+namespace {
+
+constexpr const wchar_t* kVariableDictionary = L"AcDbVariableDictionary";
+
+template <class T>
+T* childAs(const OdDbDictionary* parent, const OdString& name) {
+  return parent == nullptr ? nullptr : peekAs<T>(parent->getAt(name));
+}
+
+const OdDbScale* scaleOf(const OdDbDictionary* root, const OdString& name) {
+  const auto* scales = childAs<OdDbDictionary>(root, L"ACAD_SCALELIST");
   if (scales == nullptr || name.isEmpty())
     return nullptr;
   for (const OdDbDictionary::Entry& entry : scales->entries()) {
     const auto* scale = peekAs<OdDbScale>(entry.id);
     if (scale != nullptr && !scale->isErased() && scale->scaleName().iCompare(name) == 0)
-      return OdDbAnnotationScalePtr(new OdDbAnnotationScale(*scale));
+      return scale;
   }
   return nullptr;
+}
+
+} // namespace
+
+OdString OdDbDatabase::dictionaryVar(const OdString& name) const {
+  const auto* variables = childAs<OdDbDictionary>(peekAs<OdDbDictionary>(namedObjects_), kVariableDictionary);
+  const auto* variable = childAs<OdDbDictionaryVar>(variables, name);
+  return variable == nullptr ? OdString() : variable->value();
+}
+
+void OdDbDatabase::setDictionaryVar(const OdString& name, const OdString& value) {
+  auto* root = peekAs<OdDbDictionary>(namedObjects_);
+  if (root == nullptr)
+    throw OdError(eNotInDatabase);
+  const drawing::db::WriteScope rootScope(*root);
+  if (!root->has(kVariableDictionary))
+    root->setAt(kVariableDictionary, new OdDbDictionary);
+  auto* variables = childAs<OdDbDictionary>(root, kVariableDictionary);
+  const drawing::db::WriteScope variablesScope(*variables);
+  if (!variables->has(name))
+    variables->setAt(name, new OdDbDictionaryVar);
+  auto* variable = childAs<OdDbDictionaryVar>(variables, name);
+  const drawing::db::WriteScope variableScope(*variable);
+  variable->setValue(value);
+}
+
+OdDbAnnotationScalePtr OdDbDatabase::cannoscale() const {
+  const OdDbScale* scale = scaleOf(peekAs<OdDbDictionary>(namedObjects_), dictionaryVar(L"CANNOSCALE"));
+  return scale == nullptr ? OdDbAnnotationScalePtr() : OdDbAnnotationScalePtr(new OdDbAnnotationScale(*scale));
+}
+
+OdResult OdDbDatabase::setCannoscale(const OdString& scaleName) {
+  if (scaleOf(peekAs<OdDbDictionary>(namedObjects_), scaleName) == nullptr)
+    return eKeyNotFound;
+  setDictionaryVar(L"CANNOSCALE", scaleName);
+  return eOk;
 }

@@ -1,6 +1,6 @@
 #include "db/load_context.h"
 
-#include "DbSymbolTable.h"
+#include "DbBlockTable.h"
 #include "Ge/GeUtil.h"
 #include "db/store.h"
 #include "db/symbol_kinds.h"
@@ -155,15 +155,24 @@ OdDbObjectId LoadContext::symbol(OdDb::SymbolTableKind kind, const Pair& pair) {
   return id;
 }
 
+OdDbSymbolTable& LoadContext::table(OdDb::SymbolTableKind kind, OdDbHandle handle) {
+  if (auto* present = db::peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind)))
+    return *present;
+  OdDbSymbolTable* made = kind == OdDb::kBlockTable ? new OdDbBlockTable : new OdDbSymbolTable;
+  made->setKind(kind);
+  database_.adoptTable(kind, database_.store().add(made, handle));
+  return *made;
+}
+
 OdDbObjectId LoadContext::makeMissing(OdDb::SymbolTableKind kind, const OdString& name, const Pair& pair) {
-  auto* table = db::peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind));
   OdRxObjectPtr made = db::recordClass(kind)->create();
-  if (table == nullptr || made.isNull())
+  if (made.isNull())
     return {};
+  OdDbSymbolTable& holder = table(kind);
   OdSmartPtr<OdDbSymbolTableRecord> record = made;
   record->setName(name);
-  OdDbObjectId id = database_.addOdDbObject(record.get(), table->objectId());
-  table->adopt(record.get());
+  OdDbObjectId id = database_.addOdDbObject(record.get(), holder.objectId());
+  holder.adopt(record.get());
   missing_.emplace(id, pair.line);
   return id;
 }
@@ -264,6 +273,9 @@ bool matches(const Field& field, int code) {
 } // namespace
 
 bool SectionReader::take(const Pair& pair) {
+  embedded_ = embedded_ || pair.code == 101;
+  if (embedded_)
+    return section_.read != nullptr && section_.read(object_, pair, context_);
   const auto& fields = section_.fields;
   for (std::size_t tried = 0; tried < fields.size(); ++tried) {
     const std::size_t i = next_ + tried < fields.size() ? next_ + tried : next_ + tried - fields.size();

@@ -4,6 +4,7 @@
 #include "DbDatabase.h"
 #include "DbGroups.h"
 #include "DbReport.h"
+#include "DbSymbolTable.h"
 
 #include <string>
 #include <string_view>
@@ -48,6 +49,8 @@ public:
   bool handle(const Pair& pair, std::uint64_t& value);
   bool bytes(const Pair& pair, std::string& value); // appends; hexadecimal in text files
   OdDbObjectId reference(const Pair& pair);         // of an object that may still come
+  // A table; made when the drawing has none of the kind yet, with that handle.
+  OdDbSymbolTable& table(OdDb::SymbolTableKind kind, OdDbHandle handle = 0);
   // A record by name. One that does not exist (yet) is made and remembered as missing until the table brings it.
   OdDbObjectId symbol(OdDb::SymbolTableKind kind, const Pair& pair);
   // Appends the group under its kind; what does not fit its code is appended as unread text.
@@ -65,6 +68,8 @@ public:
 
   // Records that were asked for by name before (or without) being defined.
   std::unordered_map<OdDbObjectId, std::uint64_t>& missing() { return missing_; }
+  // Stand-ins whose record came later: from, to.
+  std::vector<std::pair<OdDbObjectId, OdDbObjectId>>& redirects() { return redirects_; }
 
 private:
   struct NameCache { // files repeat the name of the layer for every entity
@@ -80,6 +85,7 @@ private:
   std::string buffer_;
   NameCache names_[OdDb::kSymbolTableCount];
   std::unordered_map<OdDbObjectId, std::uint64_t> missing_;
+  std::vector<std::pair<OdDbObjectId, OdDbObjectId>> redirects_;
   std::string section_;
   std::string kind_;
   std::uint64_t line_ = 0;
@@ -100,7 +106,8 @@ private:
   OdDbObject& object_;
   const Section& section_;
   LoadContext& context_;
-  std::size_t next_ = 0; // groups come in the order of the fields most of the time
+  std::size_t next_ = 0;   // groups come in the order of the fields most of the time
+  bool embedded_ = false; // behind code 101 the groups belong to an embedded object: no field of ours is among them
 };
 
 // Writes the fields of a section in order, then what its own writer adds. Fields of later versions than the sink's

@@ -155,7 +155,8 @@ void writeSection(const OdDbObject& object, const Section& section, GroupSink& s
   for (const Field& field : section.fields) {
     // The address is only read through: descriptions serve reading and writing alike.
     const void* at = field.at(const_cast<OdDbObject&>(object));
-    if (field.readOnly || field.since > sink.version() || (field.optional && isDefault(field, at)))
+    const bool tooNew = field.since > sink.version() && !(field.optional && sink.keepsNewer());
+    if (field.readOnly || tooNew || (field.optional && isDefault(field, at)))
       continue;
     writeField(field, at, sink);
   }

@@ -1,6 +1,7 @@
 #include "db/store.h"
 
 #include "DbDatabase.h"
+#include "DbDictionary.h"
 
 #include <atomic>
 #include <mutex>
@@ -128,6 +129,8 @@ OdDbObjectId Store::add(OdDbObject* object, OdDbHandle handle) {
   std::uint32_t number = handle.isNull() ? 0 : handles_.find(handle);
   if (number != 0 && stub(number).object != nullptr)
     number = 0, handle = 0; // taken
+  if (handle.isNull() && deferring_)
+    return addNameless(object);
   if (handle.isNull())
     handle = nextHandle_;
   if (number == 0) {
@@ -143,6 +146,17 @@ OdDbObjectId Store::add(OdDbObject* object, OdDbHandle handle) {
 OdDbObjectId Store::addNameless(OdDbObject* object) {
   settle(object, newNumber());
   return object->id_;
+}
+
+void Store::assignDeferredHandles() {
+  deferring_ = false;
+  for (std::uint32_t number = 1; number < count_; ++number) {
+    Stub& waiting = stub(number);
+    if (waiting.handle != 0 || waiting.object == nullptr || waiting.object->isKindOf(OdDbHeader::desc()))
+      continue;
+    waiting.handle = nextHandle_++;
+    handles_.put(waiting.handle, number);
+  }
 }
 
 OdDbObjectId Store::find(OdDbHandle handle) const {

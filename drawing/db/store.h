@@ -56,6 +56,10 @@ public:
   // Puts another object behind an id (an object that is read late, or cannot stand as it was).
   void replace(OdDbObjectId id, OdDbObject* object);
 
+  // While a file is read, objects without a handle of their own wait for one: the file may still use any number.
+  void deferHandles() { deferring_ = true; }
+  void assignDeferredHandles();
+
   OdDbHandle nextHandle() const { return nextHandle_; }
   void raiseNextHandle(std::uint64_t handle);
   void reserve(std::size_t objects);
@@ -78,6 +82,7 @@ private:
   std::uint64_t nextHandle_ = 1;
   std::vector<std::unique_ptr<Stub[]>> pages_;
   HandleMap handles_;
+  bool deferring_ = false;
 };
 
 // The object behind an id, erased or not, without opening it; null when there is none.

@@ -1,6 +1,7 @@
 #include "DbSymbolTable.h"
 
 #include "DbDatabase.h"
+#include "db/load_context.h"
 #include "db/store.h"
 #include "db/symbol_kinds.h"
 #include "db/undo.h"
@@ -9,8 +10,15 @@ ODDB_DEFINE_MEMBERS(OdDbSymbolTable, OdDbObject, "TABLE");
 ODDB_DEFINE_MEMBERS(OdDbSymbolTableRecord, OdDbObject, "");
 ODRX_DEFINE_MEMBERS(OdDbSymbolTableIterator, OdRxObject, "");
 
+namespace {
+
+// The number of records follows from the records.
+bool takesCount(OdDbObject&, const drawing::Pair& pair, drawing::LoadContext&) { return pair.code == 70; }
+
+} // namespace
+
 const drawing::Description& OdDbSymbolTable::ownDescription() {
-  static const drawing::Description description(&OdDbObject::ownDescription(), {{"AcDbSymbolTable", {}}});
+  static const drawing::Description description(&OdDbObject::ownDescription(), {{"AcDbSymbolTable", {}, &takesCount}});
   return description;
 }
 
@@ -73,12 +81,21 @@ OdDbObjectId OdDbSymbolTable::add(OdDbSymbolTableRecord* record) {
 
 bool OdDbSymbolTable::adopt(OdDbSymbolTableRecord* record) {
   ensureIndex();
-  if (!index_.byName.emplace(record->getName(), record->objectId()).second)
+  // The tiles of a viewport configuration share its name, and files of shapes have none.
+  const bool mayRepeat = kind() == OdDb::kViewportTable || record->getName().isEmpty();
+  if (!index_.byName.emplace(record->getName(), record->objectId()).second && !mayRepeat)
     return false;
   if (isDBRO())
     database()->undoLog().listGrows(*this, members_.size());
   members_.push(record->objectId());
   return true;
+}
+
+void OdDbSymbolTable::replaceMember(OdDbObjectId old, const OdDbSymbolTableRecord& fresh) {
+  std::vector<OdDbObjectId> ids = members_.cut(0);
+  for (OdDbObjectId id : ids)
+    members_.push(id == old ? fresh.objectId() : id);
+  indexed_ = false;
 }
 
 OdString OdDbSymbolTable::completeAnonymous(const OdString& name) const {
@@ -106,8 +123,10 @@ OdDbSymbolTableIteratorPtr OdDbSymbolTable::newIterator(bool, bool skipDeleted) 
 void OdDbSymbolTable::nameChanges(const OdDbSymbolTableRecord& record, const OdString& from, const OdString& to) {
   if (!indexed_)
     return;
-  if (auto found = index_.byName.find(from); found != index_.byName.end() && found->second == record.objectId())
-    index_.byName.erase(found);
+  const auto found = index_.byName.find(from);
+  if (found == index_.byName.end() || found->second != record.objectId())
+    return; // not a member yet
+  index_.byName.erase(found);
   index_.byName.emplace(to, record.objectId());
 }
 

@@ -106,7 +106,7 @@ public:
   OdString nameInHead_;        // a second name in the head, when it differs
   std::int16_t headFlags_ = 0; // as read; bits that are derived are recomputed at save
   std::int16_t derivedFlags() const;
-  void takeHeadFlags(); // headFlags_ into flags_, after reading
+  void takeHead(); // after reading: flags into flags_, no second name that is the first
 
   static constexpr std::int16_t kAnonymousBit = 1, kHasAttributes = 2, kExternalReference = 4, kOverlay = 8;
 

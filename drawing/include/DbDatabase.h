@@ -29,6 +29,7 @@ struct FileFacts {
   OdDb::DwgVersion version = OdDb::kNewestVersion;
   bool binary = false;
   std::string codePage = "ANSI_1252"; // as the file names it
+  std::vector<std::string> comments;  // the lines of comment at the top of the file
   std::string path;                   // where it was read from or saved to; empty for a new drawing
 };
 
@@ -107,6 +108,10 @@ public:
   OdResult setCLAYER(OdDbObjectId layer);
   // The current annotation scale; null when the drawing names none that it holds.
   OdSmartPtr<OdDbAnnotationScale> cannoscale() const;
+  OdResult setCannoscale(const OdString& scaleName); // eKeyNotFound when the scale list has no such scale
+  // Variables that files keep in a dictionary of their own instead of the header; empty when there is none.
+  OdString dictionaryVar(const OdString& name) const;
+  void setDictionaryVar(const OdString& name, const OdString& value);
 
   // Cloning. `ids` in order become members of `owner` (a block record or a dictionary) with all they own. Both answer
   // eOk, or the reason why nothing was cloned.
@@ -140,6 +145,7 @@ public:
   drawing::FileFacts& facts() { return facts_; }
   const drawing::FileFacts& facts() const { return facts_; }
   std::vector<drawing::CarriedSection>& carriedSections() { return carriedSections_; }
+  const std::vector<drawing::CarriedSection>& carriedSections() const { return carriedSections_; }
 
   // -- For the SDK's own machinery. --
   drawing::db::Store& store() { return *store_; }

@@ -1,4 +1,4 @@
-// Dictionaries, xrecords, and objects of kinds that are not modelled.
+// Dictionaries, xrecords and the header.
 #pragma once
 
 #include "DbObject.h"
@@ -83,19 +83,17 @@ private:
 };
 using OdDbXrecordPtr = OdSmartPtr<OdDbXrecord>;
 
-// An object of a kind that is not modelled, or that could not be read: all its groups are carried.
-class MVDRAWING_API OdDbCarriedObject : public OdDbObject {
+// A variable of the drawing that is kept in the dictionary of variables.
+class MVDRAWING_API OdDbDictionaryVar : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbCarriedObject);
-  OdDbCarriedObject() = default;
-  std::string dxfName() const override { return dxfName_; }
-  void setDxfName(const std::string& name) { dxfName_ = name; }
-  bool isUnread() const { return unread_; } // something in it could not be understood
-  void setUnread(bool unread) { unread_ = unread; }
+  ODDB_DECLARE_MEMBERS(OdDbDictionaryVar);
+  OdDbDictionaryVar() = default;
+  const OdString& value() const { return value_; }
+  void setValue(const OdString& value);
 
 private:
-  std::string dxfName_;
-  bool unread_ = false;
+  std::int16_t schema_ = 0;
+  OdString value_;
 };
 
 // The drawing's header: variables in file order. Not part of any table; it has no handle.

@@ -46,6 +46,9 @@ public:
   virtual void binary(int code, std::string_view bytes) = 0;
   virtual void unread(int code, std::string_view text) = 0;
   virtual OdDb::DwgVersion version() const { return OdDb::kNewestVersion; }
+  // Whether values that the version does not have may be written all the same: a drawing of that very version came
+  // with them, so whoever wrote it meant them.
+  virtual bool keepsNewer() const { return true; }
 
   void text(int code, const OdString& value) { utf8(code, value.toUtf8Lossless()); }
   void point(int code, const OdGePoint3d& p) {
@@ -55,15 +58,18 @@ public:
   }
 };
 
+// Where a text lies in its list's buffer.
+struct TextSpan {
+  std::uint32_t first, length;
+};
+
 struct Group {
   std::int16_t code = 0;
   GroupKind kind = GroupKind::Text;
   union {
     double real;
     std::int64_t integer; // also the handle
-    struct {
-      std::uint32_t first, length;
-    } span; // into the list's text
+    TextSpan span;        // into the list's text
     std::uint64_t id;
   };
   Group() : integer(0) {}

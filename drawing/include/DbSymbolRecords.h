@@ -97,8 +97,8 @@ public:
 
 private:
   double scale_ = 1;
-  double arrowSize_ = 2.5;
-  double textHeight_ = 2.5;
+  double arrowSize_ = 0.18; // the value of files that do not say
+  double textHeight_ = 0.18;
   OdDbObjectId textStyle_;
   OdDbObjectId leaderArrow_;
   OdDbObjectId arrow_;

@@ -50,6 +50,7 @@ public:
   void membersChanged() override { indexed_ = false; }
   // For readers: takes a record that is resident already. False when the name is taken.
   bool adopt(OdDbSymbolTableRecord* record);
+  void replaceMember(OdDbObjectId old, const OdDbSymbolTableRecord& fresh);
   void nameChanges(const OdDbSymbolTableRecord& record, const OdString& from, const OdString& to);
   void memberErased(const OdDbSymbolTableRecord& record, bool erased);
   std::string dxfName() const override;

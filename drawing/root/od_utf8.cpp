@@ -1,6 +1,10 @@
 #include "OdString.h"
+#include "drawing/root/utf8.h"
 
-#include <cstdint>
+using drawing::appendUtf8;
+using drawing::isSurrogate;
+using drawing::utf8At;
+using drawing::Utf8Character;
 
 namespace {
 
@@ -8,9 +12,20 @@ constexpr std::uint32_t kLastCharacter = 0x10FFFF;
 constexpr std::uint32_t kUnknown = 0xFFFD;
 constexpr std::uint32_t kStrayByte = 0xDC00; // a byte b that is no UTF-8 is held as kStrayByte + b
 
-bool isSurrogate(std::uint32_t ch) {
-  return ch >= 0xD800 && ch <= 0xDFFF;
+// How many bytes a character takes by its first, and the least character that needs so many.
+Utf8Character shapeOf(std::uint8_t lead) {
+  if (lead >= 0xC2 && lead < 0xE0)
+    return {0x80, 2};
+  if (lead >= 0xE0 && lead < 0xF0)
+    return {0x800, 3};
+  if (lead >= 0xF0 && lead < 0xF5)
+    return {0x10000, 4};
+  return {};
 }
+
+} // namespace
+
+namespace drawing {
 
 void appendUtf8(std::string& out, std::uint32_t ch) {
   const auto tail = [&](int shift) { out += static_cast<char>(0x80 | ((ch >> shift) & 0x3F)); };
@@ -31,25 +46,13 @@ void appendUtf8(std::string& out, std::uint32_t ch) {
   }
 }
 
-struct Decoded {
-  std::uint32_t character = 0;
-  std::size_t bytes = 0; // 0: no UTF-8 here
-};
-
-// How many bytes a character takes by its first, and the least character that needs so many.
-Decoded shapeOf(std::uint8_t lead) {
-  if (lead >= 0xC2 && lead < 0xE0)
-    return {0x80, 2};
-  if (lead >= 0xE0 && lead < 0xF0)
-    return {0x800, 3};
-  if (lead >= 0xF0 && lead < 0xF5)
-    return {0x10000, 4};
-  return {};
-}
-
-Decoded decodeMany(std::string_view bytes) {
+Utf8Character utf8At(std::string_view bytes) {
+  if (bytes.empty())
+    return {};
   const auto lead = static_cast<std::uint8_t>(bytes[0]);
-  const Decoded shape = shapeOf(lead);
+  if (lead < 0x80)
+    return {lead, 1};
+  const Utf8Character shape = shapeOf(lead);
   if (shape.bytes == 0 || bytes.size() < shape.bytes)
     return {};
   std::uint32_t ch = lead & (0xFFu >> (shape.bytes + 1));
@@ -64,7 +67,7 @@ Decoded decodeMany(std::string_view bytes) {
   return {ch, shape.bytes};
 }
 
-} // namespace
+} // namespace drawing
 
 std::string OdString::toUtf8() const {
   std::string bytes;
@@ -84,7 +87,7 @@ OdString OdString::fromUtf8(std::string_view bytes) {
   text.reserve(bytes.size());
   for (std::size_t at = 0; at < bytes.size();) {
     const auto byte = static_cast<std::uint8_t>(bytes[at]);
-    const Decoded one = byte < 0x80 ? Decoded{byte, 1} : decodeMany(bytes.substr(at));
+    const Utf8Character one = utf8At(bytes.substr(at));
     text += static_cast<wchar_t>(one.bytes == 0 ? kStrayByte + byte : one.character);
     at += one.bytes == 0 ? 1 : one.bytes;
   }

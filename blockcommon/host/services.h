@@ -1,0 +1,41 @@
+// The one way from the library to the host's services.
+//
+// Every function looks its service up anew, holds it for the length of the call and forwards arguments and result as
+// they are. A missing service answers -5001. An object of another kind under a service's name throws
+// OdError_NotThatKindOfClass.
+#pragma once
+
+class OdGeMatrix3d;
+struct mvsiresbuf;
+
+namespace hostAccess {
+
+int mvsiedInitGet(int flags, const wchar_t* keywords);
+int mvsiedGetString(int allowSpaces, const wchar_t* prompt, wchar_t* result);
+int mvsiedGetPoint(const double* basePoint, const wchar_t* prompt, double* result);
+int mvsiedGetKword(const wchar_t* prompt, wchar_t* result, int capacity);
+
+int mvsiedSSSetFirst(const long* pickFirst, const long* grips);
+int mvsiedSSFree(const long* set);
+int mvsiedSSLength(const long* set, int* length);
+int mvsiedSSAdd(const long* entity, const long* set, long* result);
+int mvsiedSSName(const long* set, int index, long* entity);
+
+int mvsiedSetVar(const wchar_t* name, const mvsiresbuf* value);
+int mvsiedGetVar(const wchar_t* name, mvsiresbuf* value);
+int mvsiedGetUnitsFactor(int unitsCode, double* factor);
+// No usable service, one of another kind included, is logged and answers -5001.
+int mvsiedFindFile(const wchar_t* fileName, wchar_t* found);
+
+int mvsidbRToS(double value, int mode, int precision, wchar_t* result);
+int mvsidbDisToF(const wchar_t* text, int mode, double* value);
+
+// Highlights the entity (mode 3) or takes its highlight away (mode 4), and has the current document draw its views
+// anew. -5001 without a document manager or for a name behind which nothing opens; anything that is no entity throws
+// OdError_NotThatKindOfClass.
+int mvsiedRedraw(const long* entity, int mode);
+
+// The UCS of the working drawing as a matrix to the world. Needs no service; -5001 without a working database.
+int currentUcsMatrix(OdGeMatrix3d& matrix);
+
+} // namespace hostAccess

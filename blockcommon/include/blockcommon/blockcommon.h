@@ -1,0 +1,6 @@
+// Everything that the library exports.
+#pragma once
+
+#include "blockcommon/block_lookup.h"
+#include "blockcommon/block_names.h"
+#include "blockcommon/prompts.h"

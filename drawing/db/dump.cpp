@@ -1,0 +1,209 @@
+#include "DbDump.h"
+
+#include "DbBlockTable.h"
+#include "DbDictionary.h"
+#include "DbSequence.h"
+#include "db/load_context.h"
+#include "db/store.h"
+#include "db/symbol_kinds.h"
+
+#include <algorithm>
+#include <charconv>
+#include <unordered_map>
+
+namespace drawing {
+
+using db::peekAs;
+
+namespace {
+
+bool lives(const OdDbObject* object) { return object != nullptr && !object->isErased(); }
+
+// Names of all objects: each is called by its owner's name and its place there. Owners are named before what they own,
+// in waves, so that no depth of ownership matters.
+class Names {
+public:
+  explicit Names(const OdDbDatabase& database) {
+    for (int kind = 0; kind < OdDb::kSymbolTableCount; ++kind)
+      nameTable(database.getSymbolTableId(static_cast<OdDb::SymbolTableKind>(kind)));
+    give(database.getNamedObjectsDictionaryId(), "/");
+    while (!open_.empty()) {
+      const OdDbObjectId id = open_.back();
+      open_.pop_back();
+      nameOwned(*db::peek(id), names_[id]);
+    }
+    for (OdDbObjectId id : database.allIds()) { // what nobody owns
+      if (const OdDbObject* object = db::peek(id); lives(object) && names_.find(id) == names_.end())
+        give(id, "?" + object->dxfName() + "#" + std::to_string(++strays_));
+    }
+  }
+
+  std::string of(OdDbObjectId id) const {
+    if (id.isNull())
+      return "0";
+    const auto found = names_.find(id);
+    return found == names_.end() ? "gone" : found->second;
+  }
+
+private:
+  void give(OdDbObjectId id, const std::string& name) {
+    if (lives(db::peek(id)) && names_.emplace(id, name).second)
+      open_.push_back(id);
+  }
+
+  void nameTable(OdDbObjectId id) {
+    const auto* table = peekAs<OdDbSymbolTable>(id);
+    if (table == nullptr)
+      return;
+    give(id, table->dxfName());
+    std::size_t ordinal = 0;
+    for (OdDbObjectId member : table->members().ids()) {
+      if (!lives(db::peek(member)))
+        continue;
+      std::string name = table->dxfName() + "/" + symbolName(member).toUtf8Lossless();
+      if (names_.find(member) == names_.end() && !unique_.insert({name, 0}).second)
+        name += "#" + std::to_string(++ordinal); // tiles of viewports share a name
+      give(member, name);
+    }
+  }
+
+  void nameOwned(const OdDbObject& object, const std::string& name) {
+    if (const auto* dictionary = OdDbDictionary::cast(&object).get()) {
+      for (const OdDbDictionary::Entry& entry : dictionary->entries())
+        give(entry.id, name + (name == "/" ? "" : "/") + entry.name.toUtf8Lossless());
+    }
+    give(object.extensionDictionary(), name + "!");
+    std::vector<OdDbObjectId> owned;
+    object.ownedObjects(owned);
+    std::size_t ordinal = 0;
+    for (OdDbObjectId id : owned) {
+      if (lives(db::peek(id)))
+        give(id, name + "#" + std::to_string(ordinal++));
+    }
+  }
+
+  std::unordered_map<OdDbObjectId, std::string> names_;
+  std::unordered_map<std::string, int> unique_;
+  std::vector<OdDbObjectId> open_;
+  std::size_t strays_ = 0;
+};
+
+class DumpSink final : public GroupSink {
+public:
+  DumpSink(std::string& out, const OdDbDatabase& database, const Names* names)
+      : out_(out), database_(database), names_(names) {}
+
+  void utf8(int code, std::string_view text) override { line(code, text); }
+  void real(int code, double value) override {
+    char digits[40];
+    const auto end = std::to_chars(digits, digits + sizeof digits, value == 0 ? 0.0 : value).ptr;
+    line(code, std::string_view(digits, static_cast<std::size_t>(end - digits)));
+  }
+  void integer(int code, std::int64_t value) override { line(code, std::to_string(value)); }
+  void reference(int code, OdDbObjectId id) override { line(code, "-> " + nameOf(id)); }
+  void handle(int code, OdDbHandle value) override {
+    line(code, names_ == nullptr || value.isNull() ? value.ascii() : names_->of(database_.getOdDbObjectId(value)));
+  }
+  void binary(int code, std::string_view bytes) override {
+    std::string text = "bytes ";
+    for (const char c : bytes) {
+      text += "0123456789abcdef"[static_cast<unsigned char>(c) >> 4];
+      text += "0123456789abcdef"[static_cast<unsigned char>(c) & 15];
+    }
+    line(code, text);
+  }
+  void unread(int code, std::string_view text) override { line(code, "unread " + std::string(text)); }
+
+  std::string nameOf(OdDbObjectId id) const {
+    if (names_ != nullptr)
+      return names_->of(id);
+    // An object that is gone and one that never was are the same to whoever looks.
+    return id.isNull() || id.isErased() ? (id.isNull() ? "0" : "gone") : id.getHandle().ascii();
+  }
+
+private:
+  void line(int code, std::string_view text) {
+    out_ += "  ";
+    out_ += std::to_string(code);
+    out_ += ' ';
+    out_.append(text);
+    out_ += '\n';
+  }
+
+  std::string& out_;
+  const OdDbDatabase& database_;
+  const Names* names_;
+};
+
+void dumpHeader(const OdDbDatabase& database, DumpSink& sink, std::string& out) {
+  std::vector<const OdDbHeader::Variable*> variables;
+  for (const OdDbHeader::Variable& variable : database.header().variables())
+    variables.push_back(&variable);
+  std::sort(variables.begin(), variables.end(), [](const auto* a, const auto* b) { return a->name < b->name; });
+  for (const auto* variable : variables) {
+    if (variable->name == "HANDSEED" || variable->name == "ACADVER" || variable->name == "DWGCODEPAGE")
+      continue;
+    out += "$" + variable->name + "\n";
+    variable->groups.writeTo(sink);
+  }
+}
+
+void dumpExtras(const OdDbObject& object, DumpSink& sink) {
+  const auto* extras = object.extrasOrNull();
+  if (extras == nullptr)
+    return;
+  extras->applicationGroups.writeTo(sink);
+  if (lives(db::peek(extras->extensionDictionary)))
+    sink.reference(360, extras->extensionDictionary);
+  for (OdDbObjectId id : extras->reactors)
+    sink.reference(330, id);
+}
+
+void dumpObject(const OdDbObject& object, DumpSink& sink, std::string& out) {
+  out += sink.nameOf(object.objectId()) + " " + object.dxfName() + " of " + sink.nameOf(object.ownerId()) + "\n";
+  dumpExtras(object, sink);
+  writeSections(object, sink);
+  if (object.isKindOf(OdDbBlockTableRecord::desc())) {
+    const auto& block = static_cast<const OdDbBlockTableRecord&>(object);
+    sink.integer(70, block.derivedFlags());
+    GroupList head;
+    writeSection(block, OdDbBlockTableRecord::headSection(), head);
+    head.writeTo(sink, 1, head.size() - 1); // the flags as read are not what counts
+  }
+  if (const GroupList* xData = object.xDataGroups())
+    xData->writeTo(sink);
+}
+
+} // namespace
+
+std::string canonicalDump(const OdDbDatabase& database, DumpForm form) {
+  std::string out;
+  std::unique_ptr<Names> names;
+  if (form == DumpForm::WithoutHandles)
+    names = std::make_unique<Names>(database);
+  DumpSink sink(out, database, names.get());
+  dumpHeader(database, sink, out);
+  std::vector<std::pair<std::string, const OdDbObject*>> objects;
+  for (OdDbObjectId id : database.allIds()) {
+    const OdDbObject* object = db::peek(id);
+    if (!lives(object) || object == &database.header())
+      continue;
+    const std::string handle = id.getHandle().ascii();
+    objects.emplace_back(names ? names->of(id) : std::string(16 - handle.size(), '0') + handle, object);
+  }
+  std::stable_sort(objects.begin(), objects.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+  for (const auto& [key, object] : objects)
+    dumpObject(*object, sink, out);
+  for (const CarriedSection& section : database.carriedSections()) {
+    out += "section " + section.name + "\n";
+    section.groups.writeTo(sink);
+  }
+  return out;
+}
+
+std::string canonicalName(OdDbObjectId id) {
+  const OdDbDatabase* database = id.database();
+  return database == nullptr ? "gone" : Names(*database).of(id);
+}
+
+} // namespace drawing

@@ -1,0 +1,119 @@
+#include "db/settle.h"
+
+#include "DbBlockReference.h"
+#include "DbBlockTable.h"
+#include "DbCarried.h"
+#include "DbSymbolRecords.h"
+#include "db/block_graph.h"
+#include "db/store.h"
+#include "db/symbol_kinds.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+namespace drawing::db {
+
+namespace {
+
+void tell(SettleFacts& facts, const char* code, Severity severity, const OdDbObject& object, std::string found,
+          std::string done) {
+  facts.context.begin(object.dxfName(), 0);
+  facts.context.setHandle(object.getDbHandle());
+  facts.context.tell({code, severity, 0, -1, 0, "", "", std::move(found), std::move(done)});
+}
+
+class Redirect final : public ReferenceVisitor {
+public:
+  explicit Redirect(const std::vector<std::pair<OdDbObjectId, OdDbObjectId>>& pairs)
+      : map_(pairs.begin(), pairs.end()) {}
+  void visit(OdDbObjectId& id, OdDb::ReferenceType) override {
+    if (const auto found = map_.find(id); found != map_.end())
+      id = found->second;
+  }
+
+private:
+  std::unordered_map<OdDbObjectId, OdDbObjectId> map_;
+};
+
+void redirect(SettleFacts& facts) {
+  if (facts.context.redirects().empty())
+    return;
+  Redirect visitor(facts.context.redirects());
+  for (OdDbObjectId id : facts.database.allIds()) {
+    if (OdDbObject* object = peek(id))
+      object->visitReferences(visitor);
+  }
+}
+
+void tellMissing(SettleFacts& facts) {
+  std::vector<OdDbObjectId> ids;
+  for (const auto& [id, line] : facts.context.missing())
+    ids.push_back(id);
+  std::sort(ids.begin(), ids.end());
+  for (OdDbObjectId id : ids) {
+    const auto& record = *peekAs<OdDbSymbolTableRecord>(id);
+    const bool standard = record.getName().iCompare(L"0") == 0 || record.getName().iCompare(L"ByLayer") == 0 ||
+                          record.getName().iCompare(L"ByBlock") == 0 || record.getName().iCompare(L"Continuous") == 0 ||
+                          record.getName().iCompare(L"Standard") == 0;
+    tell(facts, "dxf.name-undefined", standard ? Severity::Note : Severity::Repaired, record,
+         "\"" + record.getName().toUtf8() + "\" is used (line " + std::to_string(facts.context.missing()[id]) +
+             ") and nowhere defined",
+         "it is defined with default properties");
+  }
+}
+
+void ensureEnds(OdDbDatabase& database) {
+  auto* table = peekAs<OdDbBlockTable>(database.getBlockTableId());
+  for (OdDbObjectId id : table->members().ids()) {
+    auto* block = peekAs<OdDbBlockTableRecord>(id);
+    if (block != nullptr && !block->isErased())
+      block->ensureEnds();
+  }
+}
+
+// The reference stays in the drawing as the record it was, and leads nowhere.
+void cutReference(SettleFacts& facts, OdDbObjectId id) {
+  const auto& reference = *peekAs<OdDbBlockReference>(id);
+  tell(facts, "dxf.block-cycle", Severity::Repaired, reference,
+       "a block contains itself through this reference to \"" + symbolName(reference.blockTableRecord()).toUtf8() + "\"",
+       "the reference is kept as data and is no reference any more");
+  auto* kept = new OdDbCarriedEntity;
+  const OdSmartPtr<OdDbObject> holder(kept);
+  kept->setDxfName(reference.dxfName());
+  kept->setUnread(true);
+  kept->setOwnerId(reference.ownerId());
+  writeSections(reference, kept->extrasForLoad().carried);
+  facts.database.store().replace(id, kept);
+}
+
+void raiseHandseed(OdDbDatabase& database) {
+  const GroupList* seed = database.headerVar("HANDSEED");
+  if (seed != nullptr && !seed->empty() && (*seed)[0].kind == GroupKind::Handle)
+    database.setHandseed(static_cast<std::uint64_t>((*seed)[0].integer));
+}
+
+} // namespace
+
+void settleDrawing(SettleFacts& facts) {
+  OdDbDatabase& database = facts.database;
+  redirect(facts);
+  for (const std::string& made : ensureBasics(database)) {
+    facts.context.begin("", 0);
+    facts.context.setHandle(0);
+    facts.context.tell({"dxf.standard-part-missing", Severity::Note, 0, -1, 0, "", "", "the drawing has no " + made, "it is made"});
+  }
+  tellMissing(facts);
+  ensureEnds(database);
+  std::vector<OdDbObjectId> cut;
+  bottomUp(database, cut);
+  for (OdDbObjectId id : cut)
+    cutReference(facts, id);
+  raiseHandseed(database);
+  database.store().assignDeferredHandles();
+  for (OdDbObjectId id : database.allIds()) {
+    if (OdDbObject* object = peek(id))
+      object->afterLoad();
+  }
+}
+
+} // namespace drawing::db

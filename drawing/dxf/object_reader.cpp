@@ -1,0 +1,216 @@
+#include "dxf/object_reader.h"
+
+#include "DbCarried.h"
+#include "entities/class_chooser.h"
+
+namespace drawing::dxf {
+
+namespace {
+
+bool hasMarkers(const Record& record) {
+  for (const Pair& pair : record) {
+    if (pair.code == 100)
+      return true;
+    if (pair.code >= 1000)
+      break;
+  }
+  return false;
+}
+
+// Where extended data begins: the first 1001 behind everything else.
+std::size_t xDataStart(const Record& record) {
+  std::size_t at = record.size();
+  while (at > 1 && record[at - 1].code >= 1000)
+    --at;
+  while (at < record.size() && record[at].code != 1001)
+    ++at;
+  return at;
+}
+
+OdSmartPtr<OdDbObject> makeCarried(std::string_view name, bool isEntity, bool unread) {
+  if (isEntity) {
+    auto* entity = new OdDbCarriedEntity;
+    entity->setDxfName(std::string(name));
+    entity->setUnread(unread);
+    return OdSmartPtr<OdDbObject>(entity);
+  }
+  auto* object = new OdDbCarriedObject;
+  object->setDxfName(std::string(name));
+  object->setUnread(unread);
+  return OdSmartPtr<OdDbObject>(object);
+}
+
+} // namespace
+
+ReadObject ObjectReader::read(const Record& record, bool isEntity) {
+  const std::string_view name = record[0].text;
+  ReadObject facts;
+  context_.begin(name, record[0].line);
+  if (OdRxClass* known = chooseClass(name, record); known != nullptr && known->isDerivedFrom(OdDbEntity::desc()) == isEntity) {
+    facts.object = known->create();
+    fill(record, *facts.object, facts);
+    if (context_.failed())
+      return keepUnread(record, isEntity);
+    ++context_.report().account.read;
+    return facts;
+  }
+  facts.object = makeCarried(name, isEntity, false);
+  fill(record, *facts.object, facts);
+  if (context_.failed())
+    return keepUnread(record, isEntity);
+  ++context_.report().account.kept;
+  return facts;
+}
+
+// Everything but handle, owner and what hangs on the object is kept to the letter.
+ReadObject ObjectReader::keepUnread(const Record& record, bool isEntity) {
+  ReadObject facts;
+  facts.object = makeCarried(record[0].text, isEntity, true);
+  const std::size_t xData = xDataStart(record);
+  for (std::size_t i = readHead(record, *facts.object, facts); i < xData; ++i) {
+    context_.append(facts.object->extrasForLoad().carried, record[i]);
+    if (record[i].code == 67)
+      takeEntityFact(record[i], facts);
+  }
+  readXData(record, xData, *facts.object);
+  ++context_.report().account.keptUnread;
+  return facts;
+}
+
+void ObjectReader::fill(const Record& record, OdDbObject& object, ReadObject& facts, OdDbObject* second,
+                        const Section* secondSection) {
+  const std::size_t from = readHead(record, object, facts);
+  if (hasMarkers(record))
+    fillSections(record, from, object, facts, second, secondSection);
+  else
+    fillWithoutMarkers(record, from, object, facts, second, secondSection);
+  readXData(record, xDataStart(record), object);
+}
+
+// Handle, application groups and owner stand in front of the first marker.
+std::size_t ObjectReader::readHead(const Record& record, OdDbObject& object, ReadObject& facts) {
+  std::size_t i = 1;
+  while (i < record.size()) {
+    const Pair& pair = record[i];
+    const bool isHandle = pair.code == 5 || (pair.code == 105 && record[0].text == "DIMSTYLE");
+    if (isHandle && facts.handle == 0) {
+      context_.handle(pair, facts.handle);
+      context_.setHandle(facts.handle);
+    } else if (pair.code == 102) {
+      i = readApplicationGroup(record, i, object);
+      continue;
+    } else if (pair.code == 330 && facts.owner.isNull()) {
+      facts.owner = context_.reference(pair);
+    } else {
+      break;
+    }
+    ++i;
+  }
+  return i;
+}
+
+std::size_t ObjectReader::readApplicationGroup(const Record& record, std::size_t at, OdDbObject& object) {
+  std::size_t end = at + 1;
+  while (end < record.size() && record[end].code != 102 && record[end].code != 100)
+    ++end;
+  const bool closed = end < record.size() && record[end].code == 102;
+  const std::string_view name = record[at].text;
+  auto& extras = object.extrasForLoad();
+  if (name == "{ACAD_REACTORS") {
+    for (std::size_t i = at + 1; i < end; ++i) {
+      if (record[i].code == 330)
+        extras.reactors.push_back(context_.reference(record[i]));
+    }
+  } else if (name == "{ACAD_XDICTIONARY") {
+    for (std::size_t i = at + 1; i < end; ++i) {
+      if (record[i].code == 360 || record[i].code == 350)
+        extras.extensionDictionary = context_.reference(record[i]);
+    }
+  } else {
+    for (std::size_t i = at; i < end + (closed ? 1 : 0); ++i)
+      context_.append(extras.applicationGroups, record[i]);
+  }
+  return end + (closed ? 1 : 0);
+}
+
+// Groups of entities that are not kept because they follow from where the entity is.
+bool ObjectReader::takeEntityFact(const Pair& pair, ReadObject& facts) {
+  std::int64_t whole = 0;
+  if (pair.code == 67) {
+    facts.inPaperSpace = context_.integer(pair, whole) && whole != 0;
+    return true;
+  }
+  if (pair.code == 410) {
+    facts.layoutName = context_.text(pair);
+    return true;
+  }
+  return false;
+}
+
+void ObjectReader::fillSections(const Record& record, std::size_t from, OdDbObject& object, ReadObject& facts,
+                                OdDbObject* second, const Section* secondSection) {
+  static const Section none;
+  const auto& sections = object.description().sections();
+  const std::size_t xData = xDataStart(record);
+  const bool isEntity = object.isKindOf(OdDbEntity::desc());
+  std::size_t nextSection = 0;
+  std::size_t i = from;
+  GroupList* carried = nullptr;
+  while (i < xData) {
+    const bool marked = record[i].code == 100;
+    const std::string_view marker = marked ? record[i].text : std::string_view();
+    std::size_t match = marked ? nextSection : sections.size();
+    while (match < sections.size() && marker != sections[match]->marker)
+      ++match;
+    const bool known = match < sections.size();
+    nextSection = known ? match + 1 : nextSection;
+    SectionReader own(object, known ? *sections[match] : none, context_);
+    const bool forSecond = secondSection != nullptr && marker == secondSection->marker;
+    SectionReader other(forSecond ? *second : object, forSecond ? *secondSection : none, context_);
+    const bool factsHere = isEntity && marker == "AcDbEntity";
+    bool headed = !marked; // whether the carried groups of this section have their marker yet
+    if (marked && !known) {
+      context_.append(object.extrasForLoad().carried, record[i]);
+      headed = true;
+    }
+    for (i += marked ? 1 : 0; i < xData && record[i].code != 100; ++i) {
+      if (record[i].code == 66 && isEntity)
+        facts.attributesFollow = true;
+      if (other.take(record[i]) || own.take(record[i]) || (factsHere && takeEntityFact(record[i], facts)))
+        continue;
+      carried = &object.extrasForLoad().carried;
+      if (!headed)
+        context_.append(*carried, record[i - 1].code == 100 ? record[i - 1] : Pair{100, Pair::Form::Text, marker, 0, 0, 0});
+      headed = true;
+      context_.append(*carried, record[i]);
+    }
+  }
+}
+
+// Files of early versions have no markers: every group goes to the first section that takes it.
+void ObjectReader::fillWithoutMarkers(const Record& record, std::size_t from, OdDbObject& object, ReadObject& facts,
+                                      OdDbObject* second, const Section* secondSection) {
+  std::vector<SectionReader> readers;
+  if (secondSection != nullptr)
+    readers.emplace_back(*second, *secondSection, context_);
+  for (const Section* section : object.description().sections())
+    readers.emplace_back(object, *section, context_);
+  const std::size_t xData = xDataStart(record);
+  const bool isEntity = object.isKindOf(OdDbEntity::desc());
+  for (std::size_t i = from; i < xData; ++i) {
+    if (record[i].code == 66 && isEntity)
+      facts.attributesFollow = true;
+    bool taken = isEntity && takeEntityFact(record[i], facts);
+    for (std::size_t r = 0; r < readers.size() && !taken; ++r)
+      taken = readers[r].take(record[i]);
+    if (!taken)
+      context_.append(object.extrasForLoad().carried, record[i]);
+  }
+}
+
+void ObjectReader::readXData(const Record& record, std::size_t from, OdDbObject& object) {
+  for (std::size_t i = from; i < record.size(); ++i)
+    context_.append(object.extrasForLoad().xData, record[i]);
+}
+
+} // namespace drawing::dxf

@@ -1,0 +1,91 @@
+#include "dxf/pair_source.h"
+
+#include <cstring>
+
+namespace drawing::dxf {
+
+bool PairSource::nextRecord(Record& record) {
+  record.clear();
+  if (!hasAhead_ && !next(ahead_))
+    return false;
+  hasAhead_ = false;
+  record.push_back(ahead_);
+  while (next(ahead_)) {
+    if (ahead_.code == 0) {
+      hasAhead_ = true;
+      break;
+    }
+    record.push_back(ahead_);
+  }
+  return true;
+}
+
+TextPairSource::TextPairSource(std::string_view content, Report& report)
+    : at_(content.data()), end_(content.data() + content.size()), report_(report) {
+  if (content.substr(0, 3) == "\xEF\xBB\xBF")
+    at_ += 3;
+  if (content.find('\n') == std::string_view::npos && content.find('\r') != std::string_view::npos)
+    ending_ = '\r';
+}
+
+bool TextPairSource::line(std::string_view& text) {
+  if (at_ >= end_)
+    return false;
+  const auto* stop = static_cast<const char*>(std::memchr(at_, ending_, static_cast<std::size_t>(end_ - at_)));
+  const char* last = stop == nullptr ? end_ : stop;
+  text = std::string_view(at_, static_cast<std::size_t>(last - at_));
+  if (!text.empty() && text.back() == '\r')
+    text.remove_suffix(1);
+  at_ = stop == nullptr ? end_ : stop + 1;
+  ++lineNumber_;
+  return true;
+}
+
+namespace {
+
+bool parseCode(std::string_view text, int& value) {
+  std::size_t i = 0;
+  while (i < text.size() && (text[i] == ' ' || text[i] == '\t'))
+    ++i;
+  const bool negative = i < text.size() && text[i] == '-';
+  i += negative ? 1 : 0;
+  int number = 0;
+  std::size_t digits = 0;
+  for (; i < text.size() && text[i] >= '0' && text[i] <= '9' && digits < 5; ++i, ++digits)
+    number = number * 10 + (text[i] - '0');
+  while (i < text.size() && (text[i] == ' ' || text[i] == '\t'))
+    ++i;
+  value = negative ? -number : number;
+  return digits != 0 && i == text.size();
+}
+
+} // namespace
+
+bool TextPairSource::code(int& value) {
+  std::string_view text;
+  while (line(text)) {
+    if (parseCode(text, value))
+      return true;
+    const bool blank = text.find_first_not_of(" \t\x1a") == std::string_view::npos;
+    if (blank && at_ >= end_)
+      return false; // the file's last line
+    report_.add({"dxf.group-code-expected", Severity::Lost, lineNumber_, -1, 0, "", "",
+                 "the line \"" + std::string(text.substr(0, 40)) + "\" is no group code", "the line is passed over"});
+  }
+  return false;
+}
+
+bool TextPairSource::next(Pair& pair) {
+  if (!code(pair.code))
+    return false;
+  pair.form = Pair::Form::Text;
+  if (!line(pair.text)) {
+    report_.add({"dxf.cut-off", Severity::Lost, lineNumber_, pair.code, 0, "", "",
+                 "the file ends behind a group code", "the group is dropped"});
+    return false;
+  }
+  pair.line = lineNumber_;
+  return true;
+}
+
+} // namespace drawing::dxf

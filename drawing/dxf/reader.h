@@ -1,0 +1,65 @@
+// Reads a drawing from groups.
+#pragma once
+
+#include "DbBlockTable.h"
+#include "DbDxf.h"
+#include "dxf/object_reader.h"
+#include "dxf/pair_source.h"
+
+namespace drawing::dxf {
+
+class Reader {
+public:
+  Reader(OdDbDatabase& database, PairSource& source, TextDecoder& decoder, Report& report, const Budget& budget);
+
+  // eOk, or why there is no drawing; `line` is where it ended.
+  OdResult run();
+  std::uint64_t line() const { return line_; }
+
+private:
+  using Handler = void (Reader::*)();
+  struct SectionHandler {
+    const char* name;
+    Handler handler;
+  };
+  static const SectionHandler kHandlers[];
+
+  bool advance(); // to the next record; false at the end of the file or of the budget
+  bool inSection();
+  void readSection();
+  void readHeader();
+  void readTables();
+  void readTable();
+  void readTableRecord(OdDb::SymbolTableKind kind, OdDbSymbolTable& table);
+  void readBlocks();
+  void readBlock();
+  void readEntities();
+  void readObjects();
+  void readCarriedSection();
+
+  std::uint64_t handleIn(const Record& record);
+  OdDbObjectId addRead(ReadObject& read, OdDbObjectId owner);
+  OdDbBlockTableRecord* blockOf(const ReadObject& begin);
+  void addEntity(OdDbObjectId fallbackOwner);
+  bool addToSequence(ReadObject& read);
+  OdDbBlockTableRecord* ownerOf(const ReadObject& read, OdDbObjectId fallback);
+  OdDbBlockTableRecord& ensureSpace(const OdString& name);
+  void settleMissing(OdDbSymbolTable& table, OdDbSymbolTableRecord& record);
+  void tell(const char* code, Severity severity, std::string found, std::string done);
+
+  OdDbDatabase& database_;
+  PairSource& source_;
+  Report& report_;
+  const Budget& budget_;
+  LoadContext context_;
+  ObjectReader objects_;
+  Record record_;
+  std::uint64_t line_ = 0;
+  std::vector<std::pair<OdString, OdDbObjectId>> renamed_; // records whose name was taken, by the name in the file
+  OdDbObjectId sequence_; // the entity whose attributes or vertices come now
+  bool sawSection_ = false;
+  bool sawEnd_ = false;
+  OdResult result_ = eOk;
+};
+
+} // namespace drawing::dxf

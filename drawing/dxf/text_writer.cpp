@@ -1,0 +1,67 @@
+#include "dxf/text_writer.h"
+
+#include <charconv>
+
+namespace drawing::dxf {
+
+namespace {
+constexpr std::size_t kFlushAt = 1 << 18;
+} // namespace
+
+void TextWriter::line(int code, std::string_view text) {
+  char digits[16];
+  const auto end = std::to_chars(digits, digits + sizeof digits, code).ptr;
+  const auto width = static_cast<std::size_t>(end - digits);
+  pending_.append(width < 3 ? 3 - width : 0, ' ');
+  pending_.append(digits, width);
+  pending_ += '\n';
+  pending_.append(text);
+  pending_ += '\n';
+  if (pending_.size() >= kFlushAt)
+    flush();
+}
+
+void TextWriter::flush() {
+  if (!pending_.empty() && !failed_)
+    failed_ = !output_(pending_);
+  pending_.clear();
+}
+
+bool TextWriter::finish() {
+  flush();
+  return !failed_;
+}
+
+void TextWriter::utf8(int code, std::string_view text) { line(code, codec_.encode(text, buffer_)); }
+void TextWriter::unread(int code, std::string_view text) { line(code, text); }
+void TextWriter::handle(int code, OdDbHandle value) { line(code, value.ascii()); }
+void TextWriter::reference(int code, OdDbObjectId id) { line(code, id.getHandle().ascii()); }
+
+void TextWriter::real(int code, double value) {
+  char digits[40];
+  auto end = std::to_chars(digits, digits + sizeof digits, value == 0 ? 0.0 : value).ptr;
+  const std::string_view text(digits, static_cast<std::size_t>(end - digits));
+  if (text.find_first_of(".en") == std::string_view::npos) {
+    *end++ = '.';
+    *end++ = '0';
+  }
+  line(code, std::string_view(digits, static_cast<std::size_t>(end - digits)));
+}
+
+void TextWriter::integer(int code, std::int64_t value) {
+  char digits[24];
+  const auto end = std::to_chars(digits, digits + sizeof digits, value).ptr;
+  line(code, std::string_view(digits, static_cast<std::size_t>(end - digits)));
+}
+
+void TextWriter::binary(int code, std::string_view bytes) {
+  constexpr char kHex[] = "0123456789ABCDEF";
+  buffer_.clear();
+  for (const char c : bytes) {
+    buffer_ += kHex[static_cast<unsigned char>(c) >> 4];
+    buffer_ += kHex[static_cast<unsigned char>(c) & 15];
+  }
+  line(code, buffer_);
+}
+
+} // namespace drawing::dxf

@@ -1,0 +1,279 @@
+#include "dxf/writer.h"
+
+#include "DbCarried.h"
+#include "DbDictionary.h"
+#include "DbDxf.h"
+#include "DbLayout.h"
+#include "DbSequence.h"
+#include "db/load_context.h"
+#include "db/store.h"
+#include "db/symbol_kinds.h"
+
+namespace drawing::dxf {
+
+using db::peekAs;
+
+namespace {
+
+bool lives(OdDbObjectId id) {
+  const OdDbObject* object = db::peek(id);
+  return object != nullptr && !object->isErased();
+}
+
+} // namespace
+
+void RecordWriter::head(const OdDbObject& object, bool withHandle) {
+  sink_.utf8(0, object.dxfName());
+  if (withHandle)
+    sink_.handle(object.dxfName() == "DIMSTYLE" ? 105 : 5, object.getDbHandle());
+  if (const auto* extras = object.extrasOrNull()) {
+    extras->applicationGroups.writeTo(sink_);
+    if (lives(extras->extensionDictionary)) {
+      sink_.utf8(102, "{ACAD_XDICTIONARY");
+      sink_.reference(360, extras->extensionDictionary);
+      sink_.utf8(102, "}");
+    }
+    if (!extras->reactors.empty()) {
+      sink_.utf8(102, "{ACAD_REACTORS");
+      for (OdDbObjectId id : extras->reactors)
+        sink_.reference(330, id);
+      sink_.utf8(102, "}");
+    }
+  }
+  sink_.reference(330, object.ownerId());
+}
+
+void RecordWriter::xData(const OdDbObject& object) {
+  if (const GroupList* groups = object.xDataGroups())
+    groups->writeTo(sink_);
+}
+
+void RecordWriter::whole(const OdDbObject& object) {
+  head(object);
+  writeSections(object, sink_);
+  xData(object);
+}
+
+void Writer::run() {
+  for (const std::string& comment : database_.facts().comments)
+    sink_.utf8(999, comment);
+  section("HEADER", &Writer::header);
+  carriedSections(true);
+  section("TABLES", &Writer::tables);
+  section("BLOCKS", &Writer::blocks);
+  section("ENTITIES", &Writer::entities);
+  section("OBJECTS", &Writer::objects);
+  carriedSections(false);
+  sink_.utf8(0, "EOF");
+}
+
+void Writer::section(const char* name, void (Writer::*contents)()) {
+  sink_.utf8(0, "SECTION");
+  sink_.utf8(2, name);
+  (this->*contents)();
+  sink_.utf8(0, "ENDSEC");
+}
+
+void Writer::header() {
+  const auto version = [this] {
+    sink_.utf8(9, "$ACADVER");
+    sink_.utf8(1, versionSignature(sink_.version()));
+  };
+  if (!database_.hasHeaderVar("ACADVER"))
+    version();
+  for (const OdDbHeader::Variable& variable : database_.header().variables()) {
+    if (variable.name == "ACADVER") {
+      version();
+      continue;
+    }
+    sink_.utf8(9, "$" + variable.name);
+    if (variable.name == "HANDSEED")
+      sink_.handle(5, database_.handseed());
+    else
+      variable.groups.writeTo(sink_);
+  }
+  if (!database_.hasHeaderVar("HANDSEED")) {
+    sink_.utf8(9, "$HANDSEED");
+    sink_.handle(5, database_.handseed());
+  }
+}
+
+void Writer::carriedSections(bool atFront) {
+  for (const CarriedSection& carried : database_.carriedSections()) {
+    if ((carried.name == "CLASSES") != atFront)
+      continue;
+    sink_.utf8(0, "SECTION");
+    sink_.utf8(2, carried.name);
+    carried.groups.writeTo(sink_);
+    sink_.utf8(0, "ENDSEC");
+  }
+}
+
+void Writer::tables() {
+  for (int kind = 0; kind < OdDb::kSymbolTableCount; ++kind)
+    table(static_cast<OdDb::SymbolTableKind>(kind));
+}
+
+void Writer::table(OdDb::SymbolTableKind kind) {
+  const auto& table = *peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind));
+  std::vector<const OdDbObject*> records;
+  for (OdDbObjectId id : table.members().ids()) {
+    if (lives(id))
+      records.push_back(db::peek(id));
+  }
+  RecordWriter writer(sink_);
+  sink_.utf8(0, "TABLE");
+  sink_.utf8(2, db::tableDxfName(kind));
+  sink_.handle(5, table.getDbHandle());
+  GroupList head; // what hangs on the table, without the start that a table does not have
+  RecordWriter(head).head(table, false);
+  head.writeTo(sink_, 1, head.size() - 1);
+  const GroupList* carried = table.carriedOrNull();
+  const bool marked = carried != nullptr && !carried->empty() && (*carried)[0].code == 100 &&
+                      carried->textOf((*carried)[0]) == "AcDbSymbolTable";
+  sink_.utf8(100, "AcDbSymbolTable");
+  sink_.integer(70, static_cast<std::int64_t>(records.size()));
+  if (carried != nullptr)
+    carried->writeTo(sink_, marked ? 1 : 0, carried->size() - (marked ? 1 : 0));
+  writer.xData(table);
+  for (const OdDbObject* record : records)
+    writer.whole(*record);
+  sink_.utf8(0, "ENDTAB");
+}
+
+void Writer::blocks() {
+  const auto& table = *peekAs<OdDbBlockTable>(database_.getBlockTableId());
+  for (OdDbObjectId id : table.members().ids()) {
+    if (lives(id))
+      block(*peekAs<OdDbBlockTableRecord>(id));
+  }
+}
+
+namespace {
+
+// Entities of model space, and of the paper space that was last active, stand in their own section.
+bool standsInEntities(const OdDbBlockTableRecord& block) {
+  return block.getName().iCompare(modelSpaceStr) == 0 || block.getName().iCompare(paperSpaceStr) == 0;
+}
+
+bool isPaperSpace(const OdDbBlockTableRecord& block) {
+  return block.isLayout() && block.getName().iCompare(modelSpaceStr) != 0;
+}
+
+// The AcDbEntity section of an entity, with what follows from the block that it stands in.
+class FactSink final : public GroupSink {
+public:
+  FactSink(GroupSink& to, bool paper, const OdString& layout) : to_(to), paper_(paper), layout_(layout) {}
+  void utf8(int code, std::string_view text) override {
+    to_.utf8(code, text);
+    if (code != 100 || text != "AcDbEntity" || !paper_)
+      return;
+    to_.integer(67, 1);
+    if (!layout_.isEmpty())
+      to_.text(410, layout_);
+  }
+  void real(int code, double value) override { to_.real(code, value); }
+  void integer(int code, std::int64_t value) override { to_.integer(code, value); }
+  void reference(int code, OdDbObjectId id) override { to_.reference(code, id); }
+  void handle(int code, OdDbHandle value) override { to_.handle(code, value); }
+  void binary(int code, std::string_view bytes) override { to_.binary(code, bytes); }
+  void unread(int code, std::string_view text) override { to_.unread(code, text); }
+  OdDb::DwgVersion version() const override { return to_.version(); }
+  bool keepsNewer() const override { return to_.keepsNewer(); }
+
+private:
+  GroupSink& to_;
+  bool paper_;
+  const OdString& layout_;
+};
+
+} // namespace
+
+void Writer::entity(OdDbObjectId id) {
+  const OdDbObject& object = *db::peek(id);
+  FactSink facts(sink_, inPaperSpace_, layoutName_);
+  RecordWriter(facts).whole(object);
+  const auto* owner = dynamic_cast<const OdDbSequenceOwner*>(&object);
+  if (owner == nullptr)
+    return;
+  bool any = false;
+  for (OdDbObjectId part : owner->subEntities()) {
+    if (!lives(part))
+      continue;
+    any = true;
+    RecordWriter(facts).whole(*db::peek(part));
+  }
+  if (any && lives(owner->sequenceEndId()))
+    RecordWriter(facts).whole(*db::peek(owner->sequenceEndId()));
+}
+
+void Writer::block(const OdDbBlockTableRecord& record) {
+  const auto* layout = peekAs<OdDbLayout>(record.getLayoutId());
+  inPaperSpace_ = isPaperSpace(record);
+  layoutName_ = layout == nullptr ? OdString() : layout->getLayoutName();
+  const OdDbObject& begin = *db::peek(record.blockBeginId());
+  FactSink facts(sink_, inPaperSpace_, OdString());
+  RecordWriter writer(facts);
+  writer.head(begin);
+  GroupList sections;
+  writeSections(begin, sections);
+  const std::size_t own = [&] { // the head's values stand right behind its marker
+    std::size_t at = sections.find(100);
+    while (at < sections.size() && sections.textOf(sections[at]) != "AcDbBlockBegin")
+      at = sections.find(100, at + 1);
+    return at;
+  }();
+  sections.writeTo(facts, 0, std::min(own + 1, sections.size()));
+  blockHead(record);
+  if (own < sections.size())
+    sections.writeTo(facts, own + 1, sections.size() - own - 1);
+  writer.xData(begin);
+  if (!standsInEntities(record)) {
+    for (OdDbObjectId id : record.members().ids()) {
+      if (lives(id))
+        entity(id);
+    }
+  }
+  writer.whole(*db::peek(record.blockEndId()));
+}
+
+void Writer::blockHead(const OdDbBlockTableRecord& record) {
+  sink_.text(2, record.getName());
+  sink_.integer(70, record.derivedFlags());
+  sink_.point(10, record.origin());
+  sink_.text(3, record.nameInHead_.isEmpty() ? record.getName() : record.nameInHead_);
+  sink_.text(1, record.pathName());
+  if (!record.comments().isEmpty())
+    sink_.text(4, record.comments());
+}
+
+void Writer::entities() {
+  for (const OdString& space : {modelSpaceStr, paperSpaceStr}) {
+    const auto* block = peekAs<OdDbBlockTableRecord>(database_.symbol(OdDb::kBlockTable, space));
+    if (block == nullptr)
+      continue;
+    const auto* layout = peekAs<OdDbLayout>(block->getLayoutId());
+    inPaperSpace_ = isPaperSpace(*block);
+    layoutName_ = layout == nullptr ? OdString() : layout->getLayoutName();
+    for (OdDbObjectId id : block->members().ids()) {
+      if (lives(id))
+        entity(id);
+    }
+  }
+}
+
+void Writer::objects() {
+  RecordWriter writer(sink_);
+  const OdDbObjectId root = database_.getNamedObjectsDictionaryId();
+  writer.whole(*db::peek(root));
+  for (OdDbObjectId id : database_.allIds()) {
+    const OdDbObject* object = db::peek(id);
+    if (object == nullptr || object->isErased() || id == root || object->isKindOf(OdDbEntity::desc()) ||
+        object->isKindOf(OdDbSymbolTable::desc()) || object->isKindOf(OdDbSymbolTableRecord::desc()) ||
+        object->isKindOf(OdDbHeader::desc()))
+      continue;
+    writer.whole(*object);
+  }
+}
+
+} // namespace drawing::dxf

@@ -1,0 +1,46 @@
+// Writes a drawing as groups, in the order in which files hold them.
+#pragma once
+
+#include "DbBlockTable.h"
+#include "DbDatabase.h"
+
+namespace drawing::dxf {
+
+class Writer {
+public:
+  Writer(const OdDbDatabase& database, GroupSink& sink) : database_(database), sink_(sink) {}
+  void run();
+
+private:
+  void section(const char* name, void (Writer::*contents)());
+  void header();
+  void tables();
+  void table(OdDb::SymbolTableKind kind);
+  void blocks();
+  void block(const OdDbBlockTableRecord& record);
+  void entities();
+  void objects();
+  void carriedSections(bool atFront);
+  // An entity with what belongs to its sequence.
+  void entity(OdDbObjectId id);
+  void blockHead(const OdDbBlockTableRecord& record);
+
+  const OdDbDatabase& database_;
+  GroupSink& sink_;
+  OdString layoutName_;      // of the block whose entities are being written
+  bool inPaperSpace_ = false;
+};
+
+// The record of one object: start, handle, what hangs on it, owner, sections, extended data.
+class RecordWriter {
+public:
+  explicit RecordWriter(GroupSink& sink) : sink_(sink) {}
+  void head(const OdDbObject& object, bool withHandle = true);
+  void xData(const OdDbObject& object);
+  void whole(const OdDbObject& object);
+
+private:
+  GroupSink& sink_;
+};
+
+} // namespace drawing::dxf

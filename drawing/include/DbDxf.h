@@ -1,0 +1,58 @@
+// Reading and writing drawing files.
+//
+// The reader decides by content, not by the file's name. It never throws: it answers a drawing with a report, or no
+// drawing and the reason. Damage stays where it is; the report tells what was found and what was done.
+#pragma once
+
+#include "DbDatabase.h"
+
+#include <string>
+#include <string_view>
+
+namespace drawing {
+
+enum class FileForm { Unknown, TextDxf, BinaryDxf, Dwg };
+// The form of a file by its first bytes. For a DWG `version` receives its six-letter signature.
+MVDRAWING_API FileForm formOf(std::string_view content, std::string* version = nullptr);
+
+struct ReadOptions {
+  Budget budget;
+  std::string encoding; // a code page that overrides what the file declares; empty: as declared
+};
+
+struct ReadResult {
+  OdDbDatabasePtr database; // null: refused
+  OdResult result = eOk;
+  std::string message; // why it was refused: one sentence naming file and, where there is one, line
+  Report report;
+};
+
+MVDRAWING_API ReadResult readDrawing(const std::string& path, const ReadOptions& options = {});
+// `name` stands for the file in messages. The bytes are needed only during the call.
+MVDRAWING_API ReadResult readDrawingFromMemory(std::string_view content, const std::string& name = "memory",
+                                               const ReadOptions& options = {});
+
+struct WriteOptions {
+  OdDb::DwgVersion version = OdDb::kVersionUnknown; // unknown: the version the drawing came in
+  bool refuseExisting = false; // do not overwrite; answers eFileAccessErr when the file is there
+};
+
+struct WriteResult {
+  OdResult result = eOk;
+  std::string message; // why it failed; the file that was there before is unchanged
+  Report report;       // what the version could not hold
+};
+
+// Writes beside the file, syncs and renames: the old file survives any failure.
+MVDRAWING_API WriteResult writeDrawing(const OdDbDatabase& database, const std::string& path,
+                                       const WriteOptions& options = {});
+MVDRAWING_API std::string writeDrawingToMemory(const OdDbDatabase& database, const WriteOptions& options = {},
+                                               WriteResult* result = nullptr);
+
+// Version names: "AC1015", and "2000" for people. Unknown names answer kVersionUnknown, unknown versions "".
+MVDRAWING_API OdDb::DwgVersion versionFromSignature(std::string_view signature);
+MVDRAWING_API const char* versionSignature(OdDb::DwgVersion version);
+MVDRAWING_API OdDb::DwgVersion versionFromYear(std::string_view year);
+MVDRAWING_API const char* versionYear(OdDb::DwgVersion version);
+
+} // namespace drawing

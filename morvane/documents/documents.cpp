@@ -1,0 +1,122 @@
+#include "morvane/documents.h"
+#include "morvane/host.h"
+
+#include <algorithm>
+
+namespace mvsi {
+
+// Counts a refresh of the views; commands only read the count.
+class DocumentAccess {
+public:
+  static void countRefresh(MvsiApDocument& document) { ++document.refreshCount_; }
+};
+
+MvsiApDocument::MvsiApDocument(OdDbDatabasePtr database, const OdString& fileName)
+    : database_(std::move(database)), fileName_(fileName), savedAt_(database_->changeCount()) {}
+
+MvsiApDocument::~MvsiApDocument() = default;
+
+bool MvsiApDocument::isModified() const {
+  return database_->changeCount() != savedAt_;
+}
+
+void MvsiApDocument::markSaved() {
+  savedAt_ = database_->changeCount();
+}
+
+OdDbDatabase* mvsidbWorkingDatabase() {
+  morvane::Host* host = morvane::admitCall("mvsidbWorkingDatabase");
+  return host == nullptr ? nullptr : host->documents().workingDatabase();
+}
+
+int mvsidbSetWorkingDatabase(OdDbDatabase* database) {
+  morvane::Host* host = morvane::admitCall("mvsidbSetWorkingDatabase");
+  if (host == nullptr)
+    return RTERROR;
+  host->documents().setWorkingDatabase(database);
+  return RTNORM;
+}
+
+MvsiApDocument* gsiGetApDocFromDb(const OdDbDatabase* database) {
+  morvane::Host* host = morvane::admitCall("gsiGetApDocFromDb");
+  return host == nullptr ? nullptr : host->documents().find(database);
+}
+
+} // namespace mvsi
+
+namespace morvane {
+
+using mvsi::MvsiApDocument;
+
+MvsiApDocument* Documents::open(OdDbDatabasePtr database, const OdString& fileName) {
+  if (database.isNull())
+    return nullptr;
+  documents_.push_back(new MvsiApDocument(std::move(database), fileName));
+  makeCurrent(documents_.back());
+  return current_;
+}
+
+bool Documents::close(MvsiApDocument* document) {
+  const auto found = std::find(documents_.begin(), documents_.end(), document);
+  if (found == documents_.end())
+    return false;
+  const auto place = static_cast<std::size_t>(found - documents_.begin());
+  const mvsi::MvsiApDocumentPtr held = *found;
+  documents_.erase(found);
+  if (document == current_)
+    makeCurrent(documents_.empty() ? nullptr : documents_[place == 0 ? 0 : place - 1].get());
+  return true;
+}
+
+bool Documents::setCurrent(MvsiApDocument* document) {
+  if (std::find(documents_.begin(), documents_.end(), document) == documents_.end())
+    return false;
+  makeCurrent(document);
+  return true;
+}
+
+void Documents::makeCurrent(MvsiApDocument* document) {
+  current_ = document;
+  apart_.reset();
+  if (changed_)
+    changed_(document);
+}
+
+MvsiApDocument* Documents::find(const OdDbDatabase* database) const {
+  for (const auto& document : documents_) {
+    if (document->database() == database)
+      return document.get();
+  }
+  return nullptr;
+}
+
+MvsiApDocument* Documents::findFile(const OdString& fileName) const {
+  for (const auto& document : documents_) {
+    if (!fileName.isEmpty() && document->fileName().iCompare(fileName) == 0)
+      return document.get();
+  }
+  return nullptr;
+}
+
+OdDbDatabase* Documents::workingDatabase() const {
+  if (apart_)
+    return apart_->get();
+  return current_ == nullptr ? nullptr : current_->database();
+}
+
+void Documents::setWorkingDatabase(OdDbDatabase* database) {
+  apart_.reset();
+  if (database != workingDatabase())
+    apart_ = OdDbDatabasePtr(database);
+}
+
+bool Documents::refresh(MvsiApDocument* document) {
+  if (document == nullptr)
+    return false;
+  mvsi::DocumentAccess::countRefresh(*document);
+  if (refresher_)
+    refresher_(*document);
+  return true;
+}
+
+} // namespace morvane

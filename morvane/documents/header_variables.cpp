@@ -1,0 +1,149 @@
+#include "morvane/documents/header_variables.h"
+#include "morvane/result_codes.h"
+
+#include "DbSymbolTable.h"
+
+#include <algorithm>
+#include <array>
+
+namespace morvane::documents {
+namespace {
+
+using drawing::Group;
+using drawing::GroupKind;
+using drawing::GroupList;
+
+// What a drawing without the variable has, and the group code under which it is written.
+struct Absent {
+  std::string_view name;
+  int code;
+  VariableValue value;
+};
+
+const std::array<Absent, 6>& absentVariables() {
+  const auto small = [](int value) { return VariableValue(static_cast<std::int16_t>(value)); };
+  static const std::array<Absent, 6> table = {{
+      {"INSUNITS", 70, small(0)},
+      {"CLAYER", 8, OdString(L"0")},
+      {"INSBASE", 10, VariablePoint3d{}},
+      {"XEDIT", 290, small(1)},
+      {"TILEMODE", 70, small(1)},
+      {"CANNOSCALE", 300, OdString(L"1:1")},
+  }};
+  return table;
+}
+
+const Absent* findAbsent(std::string_view name) {
+  const auto& table = absentVariables();
+  const auto found = std::find_if(table.begin(), table.end(), [&](const Absent& row) { return row.name == name; });
+  return found == table.end() ? nullptr : &*found;
+}
+
+// Written by the SDK alone.
+bool isReadOnly(std::string_view name) {
+  constexpr std::array<std::string_view, 8> kNames = {"ACADVER",   "HANDSEED", "DWGCODEPAGE",     "TDCREATE",
+                                                      "TDUCREATE", "TDUPDATE", "FINGERPRINTGUID", "VERSIONGUID"};
+  return std::find(kNames.begin(), kNames.end(), name) != kNames.end();
+}
+
+std::string asciiName(std::wstring_view name) {
+  return OdString(name).toUtf8();
+}
+
+std::optional<VariableValue> pointIn(const GroupList& groups) {
+  VariablePoint3d point{};
+  for (std::size_t at = 0; at < groups.size(); ++at) {
+    if (at >= point.size() || groups[at].kind != GroupKind::Real)
+      return std::nullopt;
+    point[at] = groups[at].real;
+  }
+  if (groups.size() == 2)
+    return VariablePoint2d{point[0], point[1]};
+  return point;
+}
+
+std::optional<VariableValue> valueIn(const GroupList& groups) {
+  if (groups.size() > 1)
+    return pointIn(groups);
+  if (groups.empty())
+    return std::nullopt;
+  const Group& group = groups[0];
+  switch (group.kind) {
+  case GroupKind::Int16:
+  case GroupKind::Bool:
+    return static_cast<std::int16_t>(group.integer);
+  case GroupKind::Int32:
+    return static_cast<std::int32_t>(group.integer);
+  case GroupKind::Real:
+    return group.real;
+  case GroupKind::Text:
+    return groups.stringOf(group);
+  default:
+    return std::nullopt; // handles and bytes are no variables
+  }
+}
+
+struct ToGroups {
+  int code;
+  GroupList operator()(std::int16_t value) const { return ofInteger(value); }
+  GroupList operator()(std::int32_t value) const { return ofInteger(value); }
+  GroupList operator()(double value) const {
+    GroupList groups;
+    groups.real(code, value);
+    return groups;
+  }
+  GroupList operator()(const OdString& value) const {
+    GroupList groups;
+    groups.text(code, value);
+    return groups;
+  }
+  GroupList operator()(const VariablePoint2d& value) const {
+    GroupList groups;
+    groups.real(code, value[0]);
+    groups.real(code + 10, value[1]);
+    return groups;
+  }
+  GroupList operator()(const VariablePoint3d& value) const {
+    GroupList groups;
+    groups.point(code, OdGePoint3d(value[0], value[1], value[2]));
+    return groups;
+  }
+
+private:
+  GroupList ofInteger(std::int64_t value) const {
+    GroupList groups;
+    groups.integer(code, value);
+    return groups;
+  }
+};
+
+// The layer must be there, and is named as its record spells it.
+int setCurrentLayer(OdDbDatabase& database, const VariableValue& value) {
+  const OdDbObjectId layer = database.symbol(OdDb::kLayerTable, std::get<OdString>(value));
+  return database.setCLAYER(layer) == eOk ? RTNORM : RTREJ;
+}
+
+} // namespace
+
+std::optional<VariableValue> HeaderVariables::get(std::wstring_view name) const {
+  const std::string key = asciiName(name);
+  if (const GroupList* groups = database_->headerVar(key))
+    return valueIn(*groups);
+  const Absent* absent = findAbsent(key);
+  return absent == nullptr ? std::nullopt : std::optional(absent->value);
+}
+
+int HeaderVariables::set(std::wstring_view name, const VariableValue& value) {
+  const std::string key = asciiName(name);
+  if (isReadOnly(key))
+    return RTREJ;
+  if (key == "CLAYER")
+    return setCurrentLayer(*database_, value);
+  const GroupList* held = database_->headerVar(key);
+  const Absent* absent = findAbsent(key);
+  const int code = held != nullptr ? (*held)[0].code : absent->code;
+  database_->setHeaderVar(key, std::visit(ToGroups{code}, value));
+  return RTNORM;
+}
+
+} // namespace morvane::documents

@@ -1,0 +1,118 @@
+// Open documents, the working database, and the UCS of a drawing.
+#pragma once
+
+#include "DbDatabase.h"
+#include "Ge/GeMatrix3d.h"
+#include "OdString.h"
+#include "morvane/export.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace mvsi {
+
+// A drawing that is open, with what the host keeps beside it.
+class MORVANE_API MvsiApDocument : public OdRxObject {
+public:
+  // Numbers that stand in saved settings and scripts; the even ones of a pair are DWG, the odd ones DXF.
+  enum SaveFormat : int {
+    kUnknownFormat = 0,
+    kEarlyDxf = 1,
+    kEarlyDwg = 8,
+    k2000Dwg = 12,
+    k2000Dxf = 13,
+    k2004Dwg = 24,
+    k2004Dxf = 25,
+    k2007Dwg = 36,
+    k2007Dxf = 37,
+    k2010Dwg = 48,
+    k2010Dxf = 49,
+    kNewestDwg = 60,
+    kNewestDxf = 61
+  };
+
+  MvsiApDocument(OdDbDatabasePtr database, const OdString& fileName);
+  ~MvsiApDocument() override;
+
+  OdDbDatabase* database() const { return database_.get(); } // never null
+  // As drawings spell paths; empty for a drawing without a file.
+  const OdString& fileName() const { return fileName_; }
+  void setFileName(const OdString& fileName) { fileName_ = fileName; }
+  // The block that is open in the block editor of this document; empty when none is.
+  const OdString& blockEditorName() const { return blockEditorName_; }
+  void setBlockEditorName(const OdString& name) { blockEditorName_ = name; }
+  // Changed since it was opened or markSaved was called.
+  bool isModified() const;
+  void markSaved();
+  std::uint64_t refreshCount() const { return refreshCount_; } // how often its views were drawn anew
+
+private:
+  friend class DocumentAccess;
+  OdDbDatabasePtr database_;
+  OdString fileName_;
+  OdString blockEditorName_;
+  std::uint64_t savedAt_ = 0;
+  std::uint64_t refreshCount_ = 0;
+};
+
+using MvsiApDocumentPtr = OdSmartPtr<MvsiApDocument>;
+
+// The database that commands work on: the current document's unless they were set apart. Null when there is none.
+MORVANE_API OdDbDatabase* mvsidbWorkingDatabase();
+// Sets another working database, or none; the current document's own, or a change of the current document, brings them
+// together again.
+MORVANE_API int mvsidbSetWorkingDatabase(OdDbDatabase* database);
+// The document of that database; null when it is not open.
+MORVANE_API MvsiApDocument* gsiGetApDocFromDb(const OdDbDatabase* database);
+
+// The UCS of the drawing as a matrix from the UCS to the world. RTERROR for null.
+MORVANE_API int mvsidbUcsMatrix(OdGeMatrix3d& matrix, OdDbDatabase* database);
+// RTREJ for axes that are not of unit length and at right angles.
+MORVANE_API int mvsidbSetUcsMatrix(const OdGeMatrix3d& matrix, OdDbDatabase* database);
+// A point, or a vector when `vector`, between the UCS of the working database and the world. `in` may be `out`.
+// RTERROR without a working database or for numbers that are not finite; `out` is then left alone.
+MORVANE_API int mvsidbUcs2Wcs(const double* in, double* out, bool vector);
+MORVANE_API int mvsidbUcs2Wcs(const OdGePoint3d& in, OdGePoint3d& out, bool vector);
+MORVANE_API int mvsidbWcs2Ucs(const double* in, double* out, bool vector);
+
+} // namespace mvsi
+
+namespace morvane {
+
+// The documents of a host. They are owned here; a closed one lives on while somebody holds a pointer to it.
+class MORVANE_API Documents {
+public:
+  using Refresher = std::function<void(mvsi::MvsiApDocument&)>;
+  using CurrentChanged = std::function<void(mvsi::MvsiApDocument*)>;
+
+  // Opens the drawing as the current document. Null for a null database.
+  mvsi::MvsiApDocument* open(OdDbDatabasePtr database, const OdString& fileName = OdString());
+  // The document before it in the list, else the next, becomes current. False when it is not open.
+  bool close(mvsi::MvsiApDocument* document);
+  mvsi::MvsiApDocument* current() const { return current_; }                     // null when none is open
+  bool setCurrent(mvsi::MvsiApDocument* document);                               // false when it is not open
+  const std::vector<mvsi::MvsiApDocumentPtr>& all() const { return documents_; } // in order of opening
+  mvsi::MvsiApDocument* find(const OdDbDatabase* database) const;
+  mvsi::MvsiApDocument* findFile(const OdString& fileName) const; // without regard to case
+
+  OdDbDatabase* workingDatabase() const;
+  void setWorkingDatabase(OdDbDatabase* database);
+
+  // Draws a document's views anew; nothing to do when empty.
+  void setRefresher(Refresher refresher) { refresher_ = std::move(refresher); }
+  bool refresh(mvsi::MvsiApDocument* document);
+  void setCurrentChanged(CurrentChanged changed) { changed_ = std::move(changed); }
+
+private:
+  void makeCurrent(mvsi::MvsiApDocument* document);
+  std::vector<mvsi::MvsiApDocumentPtr> documents_;
+  mvsi::MvsiApDocument* current_ = nullptr;
+  std::optional<OdDbDatabasePtr> apart_; // set: this is the working database, null included
+  Refresher refresher_;
+  CurrentChanged changed_;
+};
+
+} // namespace morvane

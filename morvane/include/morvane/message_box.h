@@ -1,0 +1,54 @@
+// Message boxes.
+#pragma once
+
+#include "OdString.h"
+#include "morvane/config.h"
+#include "morvane/export.h"
+
+#include <functional>
+#include <vector>
+
+namespace mvsi {
+
+// The plain box: text first, then the caption. RTNORM when it was shown.
+MORVANE_API int mvuiMessageBox(const wchar_t* text, const wchar_t* caption, unsigned flags);
+// The box with its own buttons: caption first, then the body. `buttons` holds the labels under "btnText/0", "btnText/1"
+// ... The answer is an object with the index of the pressed button under "ControlBtn", and without it when the box was
+// closed without a choice. The numbers are style marks that the command line has no use for.
+MORVANE_API MvJsonPtr mvuiMessageBoxEx(const wchar_t* caption, const wchar_t* body, const MvJsonPtr& buttons,
+                                       unsigned style, unsigned short kind, short extra);
+
+} // namespace mvsi
+
+namespace morvane {
+
+struct MessageBox {
+  OdString caption;
+  OdString body;
+  std::vector<OdString> buttons; // labels as given, with '&' before the letter that presses them
+  unsigned flags = 0;            // of a plain box
+};
+
+class Host;
+
+// Shows boxes: on the command line, unless somebody else was set to do it.
+class MORVANE_API MessageBoxes {
+public:
+  static constexpr int kClosed = -1;
+  using Show = std::function<int(const MessageBox&)>; // the index of the pressed button, or kClosed
+
+  explicit MessageBoxes(Host& host) : host_(host) {}
+  void setShow(Show show) { show_ = std::move(show); } // empty: the command line
+  int show(const MessageBox& box);
+
+private:
+  int showOnCommandLine(const MessageBox& box);
+  Host& host_;
+  Show show_;
+};
+
+// The button that an answer presses: its number from 1, its letter, or its label without mark and letter, ignoring
+// case. kClosed for any other text.
+MORVANE_API int buttonOf(const std::vector<OdString>& labels, const OdString& answer);
+
+} // namespace morvane

@@ -1,0 +1,86 @@
+// Finding block definitions by name, and the kinds of block that a name stands for.
+#include "blockcommon/block_lookup.h"
+#include "blockcommon/block_names.h"
+#include "morvane/testing.h"
+
+#include "DbBlockTable.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using morvane::ScriptedHost;
+
+OdDbObjectId addBlock(OdDbDatabase* database, const OdString& name, std::int16_t flags = 0) {
+  const OdDbBlockTablePtr table = database->getBlockTableId().safeOpenObject(OdDb::kForWrite);
+  const OdDbBlockTableRecordPtr record = OdDbBlockTableRecord::createObject();
+  record->setName(name);
+  record->setFlag(flags, flags != 0);
+  return table->add(record);
+}
+
+class BlockLookup : public testing::Test {
+protected:
+  ScriptedHost host_;
+  OdDbDatabasePtr database_ = OdDbDatabase::create();
+  mvsi::MvsiApDocument* document_ = host_.host().documents().open(database_);
+};
+
+TEST_F(BlockLookup, FindsLivingRecordsWithoutRegardToCase) {
+  const OdDbObjectId door = addBlock(database_, L"Door");
+  const OdDbDatabasePtr other = OdDbDatabase::create();
+  const OdDbObjectId theirs = addBlock(other, L"Door");
+  OdDbObjectId id;
+  EXPECT_TRUE(blockUtils::getBlockIDByName(L"dOOR", id, nullptr));
+  EXPECT_EQ(id, door);
+  EXPECT_TRUE(blockUtils::getBlockIDByName(L"Door", id, other));
+  EXPECT_EQ(id, theirs);
+  door.safeOpenObject(OdDb::kForWrite)->erase();
+  for (const wchar_t* name : {L"Door", L"None", L""}) {
+    id = theirs;
+    EXPECT_FALSE(blockUtils::getBlockIDByName(name, id, nullptr));
+    EXPECT_TRUE(id.isNull());
+  }
+}
+
+TEST_F(BlockLookup, NeedsADatabaseOnlyForNames) {
+  mvsi::mvsidbSetWorkingDatabase(nullptr);
+  OdDbObjectId id = addBlock(database_, L"Door");
+  EXPECT_FALSE(blockUtils::getBlockIDByName(L"Door", id, nullptr));
+  EXPECT_TRUE(id.isNull());
+  EXPECT_FALSE(blockUtils::isAnonymous(L"Door"));
+  EXPECT_TRUE(blockUtils::isAnonymous(L"*U12"));
+  EXPECT_TRUE(commonFun::isBlockRenameAble(L"Door"));
+  morvane::FaultyHost faulty;
+  id = addBlock(database_, L"Window");
+  EXPECT_FALSE(blockUtils::getBlockIDByName(L"", id, nullptr));
+  EXPECT_TRUE(id.isNull());
+  EXPECT_TRUE(faulty.calls().empty()); // the host was not even asked
+}
+
+TEST_F(BlockLookup, TellsTheKindsApart) {
+  addBlock(database_, L"Door");
+  addBlock(database_, L"Site", OdDbBlockTableRecord::kExternalReference);
+  addBlock(database_, L"Site|Tree", OdDbSymbolTableRecord::kDependent);
+  const struct {
+    const wchar_t* name;
+    bool anonymous, dependent, external, renameable;
+  } cases[] = {
+      {L"Door", false, false, false, true},      {L"site", false, false, true, true},
+      {L"SITE|TREE", false, true, false, false}, {L"*U12", true, false, false, false},
+      {L"a*", true, false, false, false},        {L"None", false, false, false, true},
+      {L"", false, false, false, true},
+  };
+  for (const auto& one : cases) {
+    EXPECT_EQ(blockUtils::isAnonymous(one.name), one.anonymous) << OdString(one.name).toUtf8();
+    EXPECT_EQ(blockUtils::isExternalDependent(one.name), one.dependent) << OdString(one.name).toUtf8();
+    EXPECT_EQ(blockUtils::isFromExternalReference(one.name), one.external) << OdString(one.name).toUtf8();
+    EXPECT_EQ(commonFun::isBlockRenameAble(one.name), one.renameable) << OdString(one.name).toUtf8();
+  }
+  for (OdString name : {modelSpaceStr, paperSpaceStr}) {
+    EXPECT_FALSE(commonFun::isBlockRenameAble(name));
+    EXPECT_FALSE(commonFun::isBlockRenameAble(name.makeUpper()));
+  }
+}
+
+} // namespace

@@ -1,0 +1,262 @@
+// Text of drawings is never lost: each code page, text and byte comes back as it was.
+#include "drawing/dxf/text_codec.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+using drawing::dxf::TextCodec;
+using namespace std::string_literals;
+
+namespace {
+
+std::string decoded(TextCodec& codec, const std::string& bytes) {
+  std::string buffer;
+  return std::string(codec.decode(bytes, buffer));
+}
+
+std::string encoded(TextCodec& codec, const std::string& text) {
+  std::string buffer;
+  return std::string(codec.encode(text, buffer));
+}
+
+const std::vector<const char*> kSinglePages = {
+    "ANSI_874",  "ANSI_1250", "ANSI_1251", "ANSI_1252", "ANSI_1253", "ANSI_1254", "ANSI_1255",
+    "ANSI_1256", "ANSI_1257", "ANSI_1258", "dos437",    "dos850",    "dos852",    "dos855",
+    "dos857",    "dos860",    "dos861",    "dos862",    "dos863",    "dos864",    "dos865",
+    "dos866",    "dos869",    "mac-roman", "iso8859-1", "iso8859-2", "iso8859-7", "iso8859-15"};
+const std::vector<const char*> kDoublePages = {"ANSI_932", "ANSI_936", "ANSI_949", "ANSI_950", "ANSI_1361"};
+
+TEST(TextCodec, KnowsPagesByTheirNames) {
+  struct Case {
+    const char* name;
+    const char* page;
+    bool known;
+  };
+  for (const Case& row : std::vector<Case>{{"ANSI_1252", "ANSI_1252", true},
+                                           {"ansi_1251", "ANSI_1251", true},
+                                           {"GBK", "ANSI_936", true},
+                                           {"gb2312", "ANSI_936", true},
+                                           {"DOS437", "dos437", true},
+                                           {"ISO8859-1", "iso8859-1", true},
+                                           {"8859_15", "iso8859-15", true},
+                                           {"Mac-Roman", "mac-roman", true},
+                                           {"ksc5601", "ANSI_949", true},
+                                           {"UTF-8", "UTF-8", true},
+                                           {"", "ANSI_1252", false},
+                                           {"ANSI_", "ANSI_1252", false},
+                                           {"ANSI_99999999999", "ANSI_1252", false},
+                                           {"klingon", "ANSI_1252", false}}) {
+    const TextCodec codec(row.name);
+    EXPECT_EQ(codec.codePage(), row.page) << row.name;
+    EXPECT_EQ(codec.isKnown(), row.known) << row.name;
+  }
+  for (const auto* pages : {&kSinglePages, &kDoublePages}) {
+    for (const char* name : *pages)
+      EXPECT_EQ(TextCodec(name).codePage(), name);
+  }
+}
+
+TEST(TextCodec, DecodesAndEncodesThePage) {
+  struct Case {
+    const char* page;
+    std::string bytes;
+    const char* text;
+  };
+  for (const Case& row : std::vector<Case>{{"ANSI_1252", "\xE9\x80", "é€"},
+                                           {"ANSI_1251", "\xC0\xFF", "Ая"},
+                                           {"ANSI_874", "\x80\xA1", "€ก"},
+                                           {"ANSI_1258", "a\xEC", "a\u0301"},
+                                           {"dos437", "\xE1\xF8", "ß°"},
+                                           {"dos866", "\x80", "А"},
+                                           {"mac-roman", "\x8A", "ä"},
+                                           {"ANSI_932", "\x95\x5C\xB1", "表ｱ"},
+                                           {"ANSI_936", "\xB1\xED\xD6\xD0", "表中"},
+                                           {"ANSI_936", "\x81\x30\x81\x30\x90\x30\x81\x30", "\u0080\U00010000"},
+                                           {"ANSI_949", "\xC7\xD1\x81\x41", "한갂"},
+                                           {"ANSI_950", "\xB3\x5C\xF9\xD6", "許碁"},
+                                           {"ANSI_1361", "\xD0\x65", "한"}}) {
+    TextCodec codec(row.page);
+    EXPECT_EQ(decoded(codec, row.bytes), row.text) << row.page;
+    EXPECT_EQ(encoded(codec, row.text), row.bytes) << row.page;
+    EXPECT_EQ(codec.undecodable(), 0u) << row.page;
+  }
+}
+
+TEST(TextCodec, LeavesAsciiWhereItIs) {
+  TextCodec page("ANSI_932");
+  TextCodec utf8("", TextCodec::Mode::Utf8);
+  std::string buffer = "untouched";
+  for (const std::string& text : {""s, "plain"s, "%%c ^J ^ \\P\\U \\M \\\\"s, std::string(1000, '~'), "a\0b"s}) {
+    for (TextCodec* codec : {&page, &utf8}) {
+      EXPECT_EQ(codec->decode(text, buffer).data(), text.data());
+      EXPECT_EQ(codec->encode(text, buffer).data(), text.data());
+    }
+  }
+  const std::string raw = "straße\xFF 中";
+  EXPECT_EQ(utf8.decode(raw, buffer).data(), raw.data());
+  EXPECT_EQ(utf8.encode(raw, buffer).data(), raw.data());
+  EXPECT_EQ(buffer, "untouched");
+}
+
+TEST(TextCodec, ReadsEscapes) {
+  struct Case {
+    std::string bytes;
+    std::string text;
+  };
+  const std::vector<Case> cases = {
+      {"a\\U+4E2Db", "a中b"},
+      {"\\U+00e9\\U+00E9", "éé"},
+      {"\\U+D83D\\U+DE00!", "😀!"},
+      {"\\U+D83D", "\\U+D83D"},
+      {"\\U+D83Dx\\U+DE00", "\\U+D83Dx\\U+DE00"},
+      {"\\U+D83D\\U+D83D\\U+DE00", "\\U+D83D😀"},
+      {"\\U+4E2", "\\U+4E2"},
+      {"\\U+4E2G", "\\U+4E2G"},
+      {"\\U+-4E2", "\\U+-4E2"},
+      {"\\u+4E2D", "\\u+4E2D"},
+      {"\\\\U+4E2D", "\\中"},
+      {"\\U+005CU+4E2D", "\\U+4E2D"},
+      {"\\M+1955C", "表"},
+      {"\\M+100B1", "ｱ"},
+      {"\\M+2B35C", "許"},
+      {"\\M+3C7D1", "한"},
+      {"\\M+4D065", "한"},
+      {"\\M+5D6D0", "中"},
+      {"\\M+50041", "A"},
+      {"\\M+6D6D0", "\\M+6D6D0"},
+      {"\\M+0D6D0", "\\M+0D6D0"},
+      {"\\M+1FFFF", "\\M+1FFFF"},
+      {"\\M+5D6D", "\\M+5D6D"},
+      {"\\M+5D6", "\\M+5D6"},
+  };
+  for (const auto mode : {TextCodec::Mode::CodePage, TextCodec::Mode::Utf8}) {
+    TextCodec codec("ANSI_1252", mode);
+    for (const Case& row : cases)
+      EXPECT_EQ(decoded(codec, row.bytes), row.text) << row.bytes;
+  }
+  TextCodec japanese("ANSI_932"); // 95 5C is one character, its second byte no backslash
+  EXPECT_EQ(decoded(japanese, "\x95\\U+4E2D"), "表U+4E2D");
+  EXPECT_EQ(encoded(japanese, "表U+4E2D"), "\x95\\U+4E2D");
+}
+
+TEST(TextCodec, WritesWhatThePageCannotHold) {
+  struct Case {
+    const char* page;
+    std::string text;
+    std::string bytes;
+  };
+  for (const Case& row : std::vector<Case>{{"ANSI_1252", "é中😀", "\xE9\\U+4E2D\\U+D83D\\U+DE00"},
+                                           {"ANSI_1258", "ế", "\\U+1EBF"},
+                                           {"ANSI_936", "😀", "\x94\x39\xFC\x36"},
+                                           {"ANSI_932", "\u00A5", "\\U+00A5"},
+                                           {"ANSI_1252", "\\U+0041", "\\U+005CU+0041"},
+                                           {"ANSI_1252", "\\M+1955C", "\\U+005CM+1955C"},
+                                           {"ANSI_1252", "\\U+00é", "\\U+00\xE9"},
+                                           {"ANSI_1252", "a\r\nb^J\xE9", "a^M^Jb^J\\U+DCE9"},
+                                           {"ANSI_1252", "\x81", "\x81"},
+                                           {"UTF-8", "é\n\\U+0041\xFF", "é^J\\U+005CU+0041\xFF"}}) {
+    TextCodec codec(row.page);
+    EXPECT_EQ(encoded(codec, row.text), row.bytes) << row.page << ' ' << row.text;
+  }
+}
+
+TEST(TextCodec, CountsWhatDoesNotFit) {
+  TextCodec page("ANSI_932");
+  const std::string bytes = "ab\x80\x95\x5C\xFF\x81";
+  EXPECT_EQ(decoded(page, "fine"), "fine");
+  EXPECT_EQ(page.firstUndecodable(), nullptr);
+  std::string buffer;
+  EXPECT_EQ(page.decode(bytes, buffer), "ab\x80表\xFF\x81");
+  EXPECT_EQ(page.undecodable(), 3u);
+  EXPECT_EQ(page.firstUndecodable() - bytes.data(), 2);
+  encoded(page, buffer); // looks at its own work without counting
+  EXPECT_EQ(page.undecodable(), 3u);
+
+  TextCodec utf8("", TextCodec::Mode::Utf8);
+  const std::string damaged = "é\xC3(\xED\xA0\x80";
+  const std::string escaped = damaged + "\\U+0041";
+  utf8.decode(damaged, buffer);
+  EXPECT_EQ(utf8.undecodable(), 4u);
+  EXPECT_EQ(utf8.firstUndecodable() - damaged.data(), 2);
+  utf8.decode(escaped, buffer);
+  EXPECT_EQ(utf8.undecodable(), 8u);
+}
+
+TEST(TextCodec, UnknownBytesNeverPassForACharacter) {
+  TextCodec greek("ANSI_1253");
+  const std::string bytes = "\xD2\xAA"; // none in Greek, a Cyrillic letter in UTF-8
+  const std::string text = decoded(greek, bytes);
+  EXPECT_EQ(text, "\xED\xB3\x92\xED\xB2\xAA");
+  EXPECT_EQ(OdString::fromUtf8(text).toUtf8Lossless(), text);
+  EXPECT_EQ(encoded(greek, text), bytes);
+}
+
+TEST(TextCodec, EveryByteOfEverySinglePageComesBack) {
+  for (const char* name : kSinglePages) {
+    TextCodec codec(name);
+    std::string all;
+    for (int byte = 1; byte < 256; ++byte) {
+      const std::string one(1, static_cast<char>(byte));
+      if (one != "\r" && one != "\n")
+        all += one;
+      EXPECT_EQ(encoded(codec, decoded(codec, all.substr(all.size() - 1))), all.substr(all.size() - 1)) << name;
+    }
+    EXPECT_EQ(encoded(codec, decoded(codec, all)), all) << name;
+  }
+}
+
+// Pieces that come close to escapes, characters and damage, put together at random.
+std::string randomText(std::mt19937& random, bool anyByte) {
+  static const std::vector<std::string> kPieces = {
+      "\\",       "U+",   "M+",   "\\U+",     "\\M+1",        "D83D",         "DE00",
+      "\\U+DCC3", "DCE9", "4E2D", "\\U+D83D", "\\U+DE00",     "955C",         "é",
+      "中",       "😀",    "Ж",    "한",       "\xED\xB3\x92", "\xED\xB2",     "\xED\xB2\xAA",
+      "\xC3",     "\xA9", "\x81", "\x30",     "\xFF",         "\xEB\x80\x80", "\xD2\xAA"};
+  std::string text;
+  for (auto left = random() % 12; left > 0; --left)
+    text +=
+        anyByte && random() % 2 == 0 ? std::string(1, static_cast<char>(random())) : kPieces[random() % kPieces.size()];
+  std::erase_if(text, [](char ch) { return ch == '\r' || ch == '\n'; });
+  return text;
+}
+
+std::vector<const char*> allPages() {
+  std::vector<const char*> pages = kSinglePages;
+  pages.insert(pages.end(), kDoublePages.begin(), kDoublePages.end());
+  pages.push_back("UTF-8");
+  return pages;
+}
+
+TEST(TextCodec, EveryTextComesBack) {
+  std::mt19937 random(20240607);
+  for (const char* name : allPages()) {
+    TextCodec codec(name);
+    for (int i = 0; i < 3000 && !HasFailure(); ++i) {
+      const std::string text = randomText(random, i % 2 == 0);
+      EXPECT_EQ(decoded(codec, encoded(codec, text)), text) << name << ' ' << testing::PrintToString(text);
+    }
+  }
+}
+
+TEST(TextCodec, AllBytesWithoutEscapesComeBack) {
+  std::mt19937 random(7);
+  for (const char* name : allPages()) {
+    TextCodec codec(name);
+    const bool hasTwins = std::string_view("ANSI_932 ANSI_949 ANSI_950 ANSI_1361").find(name) != std::string::npos;
+    for (int i = 0; i < 3000 && !HasFailure(); ++i) {
+      std::string bytes = randomText(random, true);
+      std::erase_if(bytes, [](char ch) { return ch == '+'; }); // no escape without it
+      const std::string text = decoded(codec, bytes);
+      const std::string back = encoded(codec, text);
+      if (hasTwins && back != bytes) // another code of the same character: equally long, the same text
+        EXPECT_EQ(back.size(), bytes.size()) << name << ' ' << testing::PrintToString(bytes);
+      else
+        EXPECT_EQ(back, bytes) << name << ' ' << testing::PrintToString(bytes);
+      EXPECT_EQ(decoded(codec, back), text);
+    }
+  }
+}
+
+} // namespace

@@ -1,0 +1,333 @@
+// Documents and what hangs on the current one: the working database, the UCS, header variables, selection sets, layers.
+#include "morvane/testing.h"
+
+#include "DbBlockTable.h"
+#include "DbCurves.h"
+#include "DbDictionary.h"
+#include "DbSortentsTable.h"
+#include "DbSymbolRecords.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace {
+
+using morvane::ScriptedHost;
+
+OdDbObjectId addLine(OdDbDatabase* database) {
+  const OdDbBlockTableRecordPtr space = database->getModelSpaceId().safeOpenObject(OdDb::kForWrite);
+  const OdDbLinePtr line = OdDbLine::createObject();
+  line->setDatabaseDefaults(database);
+  return space->appendOdDbEntity(line);
+}
+
+OdDbObjectId addLayer(OdDbDatabase* database, const OdString& name) {
+  const OdDbSymbolTablePtr table = database->getLayerTableId().safeOpenObject(OdDb::kForWrite);
+  const OdDbLayerTableRecordPtr layer = OdDbLayerTableRecord::createObject();
+  layer->setName(name);
+  return table->add(layer);
+}
+
+class OpenDrawing : public testing::Test {
+protected:
+  ScriptedHost host_;
+  morvane::Documents& documents_ = host_.host().documents();
+  OdDbDatabasePtr database_ = OdDbDatabase::create();
+  mvsi::MvsiApDocument* document_ = documents_.open(database_, L"C:\\plans\\a.dwg");
+};
+
+TEST_F(OpenDrawing, WorkingDatabaseFollowsTheCurrentDocumentUnlessSetApart) {
+  const OdDbDatabasePtr second = OdDbDatabase::create();
+  const OdDbDatabasePtr aside = OdDbDatabase::create();
+  mvsi::MvsiApDocument* other = documents_.open(second);
+  EXPECT_EQ(mvsi::mvsidbWorkingDatabase(), second.get());
+  mvsi::mvsidbSetWorkingDatabase(aside);
+  EXPECT_EQ(mvsi::mvsidbWorkingDatabase(), aside.get());
+  mvsi::mvsidbSetWorkingDatabase(nullptr);
+  EXPECT_EQ(mvsi::mvsidbWorkingDatabase(), nullptr);
+  mvsi::mvsidbSetWorkingDatabase(second);
+  EXPECT_TRUE(documents_.setCurrent(document_));
+  EXPECT_EQ(mvsi::mvsidbWorkingDatabase(), database_.get());
+  mvsi::mvsidbSetWorkingDatabase(aside);
+  EXPECT_TRUE(documents_.setCurrent(other)); // together again
+  EXPECT_EQ(mvsi::mvsidbWorkingDatabase(), second.get());
+  EXPECT_TRUE(documents_.close(other));
+  EXPECT_EQ(documents_.current(), document_);
+  EXPECT_FALSE(documents_.close(other));
+  EXPECT_FALSE(documents_.setCurrent(other));
+  EXPECT_TRUE(documents_.close(document_));
+  EXPECT_EQ(mvsi::mvsidbWorkingDatabase(), nullptr);
+}
+
+TEST_F(OpenDrawing, IsFoundByDatabaseAndFile) {
+  documents_.open(OdDbDatabase::create());
+  EXPECT_EQ(mvsi::gsiGetApDocFromDb(database_), document_);
+  EXPECT_EQ(mvsi::gsiGetApDocFromDb(nullptr), nullptr);
+  EXPECT_EQ(qzutads::findDwgDoc(L"c:\\PLANS\\A.DWG"), document_);
+  EXPECT_EQ(qzutads::findDwgDoc(L""), nullptr); // not the one without a file
+  OdString name;
+  EXPECT_EQ(mvsi::getVar(L"DWGNAME", name, true), RTNORM);
+  EXPECT_EQ(name, L"");
+  documents_.setCurrent(document_);
+  mvsi::getVar(L"DWGPREFIX", name, true);
+  EXPECT_EQ(name, L"C:\\plans\\");
+  const OdRxObjectPtr service = mv_arbitDict_getservice(kDocMgr);
+  auto* manager = dynamic_cast<MvDocManager*>(service.get());
+  ASSERT_NE(manager, nullptr);
+  EXPECT_EQ(manager->documentCount(), 2);
+  EXPECT_EQ(manager->documentAt(0), manager->currentDocument());
+  EXPECT_EQ(manager->documentAt(2), nullptr);
+  EXPECT_EQ(manager->refreshViews(nullptr), RTERROR);
+}
+
+// X to world Y, Y to world Z, origin at (1, 2, 3).
+OdGeMatrix3d turnedUcs() {
+  return OdGeMatrix3d::coordSystem(OdGePoint3d(1, 2, 3), OdGeVector3d::kYAxis, OdGeVector3d::kZAxis,
+                                   OdGeVector3d::kXAxis);
+}
+
+TEST_F(OpenDrawing, KeepsItsOwnUcs) {
+  OdGeMatrix3d matrix;
+  EXPECT_EQ(mvsi::mvsidbUcsMatrix(matrix, database_), RTNORM);
+  EXPECT_EQ(matrix, OdGeMatrix3d::kIdentity);
+  EXPECT_EQ(mvsi::mvsidbSetUcsMatrix(turnedUcs(), database_), RTNORM);
+  EXPECT_EQ(mvsi::mvsidbUcsMatrix(matrix, database_), RTNORM);
+  EXPECT_EQ(matrix, turnedUcs());
+  EXPECT_EQ(mvsi::mvsidbUcsMatrix(matrix, nullptr), RTERROR);
+  for (const OdGeMatrix3d& skewed :
+       {OdGeMatrix3d::scaling(2), OdGeMatrix3d::mirroring(OdGePoint3d::kOrigin), OdGeMatrix3d()})
+    EXPECT_EQ(mvsi::mvsidbSetUcsMatrix(skewed, database_), RTREJ);
+
+  double point[3] = {1, 10, 100};
+  EXPECT_EQ(mvsi::mvsidbUcs2Wcs(point, point, false), RTNORM); // in place
+  EXPECT_EQ(OdGePoint3d(point[0], point[1], point[2]), OdGePoint3d(101, 3, 13));
+  EXPECT_EQ(mvsi::mvsidbWcs2Ucs(point, point, false), RTNORM);
+  EXPECT_EQ(OdGePoint3d(point[0], point[1], point[2]), OdGePoint3d(1, 10, 100));
+  OdGePoint3d moved;
+  EXPECT_EQ(mvsi::mvsidbUcs2Wcs(OdGePoint3d(1, 0, 0), moved, true), RTNORM);
+  EXPECT_EQ(moved, OdGePoint3d(0, 1, 0));
+
+  documents_.open(OdDbDatabase::create()); // another drawing, in world coordinates
+  EXPECT_EQ(mvsi::mvsidbUcs2Wcs(OdGePoint3d(1, 0, 0), moved, false), RTNORM);
+  EXPECT_EQ(moved, OdGePoint3d(1, 0, 0));
+  mvsi::mvsidbSetWorkingDatabase(nullptr);
+  EXPECT_EQ(mvsi::mvsidbUcs2Wcs(OdGePoint3d(5, 5, 5), moved, false), RTERROR);
+  EXPECT_EQ(moved, OdGePoint3d(1, 0, 0));
+  documents_.setCurrent(document_);
+  EXPECT_EQ(mvsi::mvsidbUcs2Wcs(OdGePoint3d(std::numeric_limits<double>::infinity(), 0, 0), moved, false), RTERROR);
+}
+
+TEST_F(OpenDrawing, TypedPointsFollowTheUcsAndTheLimits) {
+  mvsi::mvsidbSetUcsMatrix(turnedUcs(), database_);
+  host_.answerWith({L"*1,2,3", L"@1,0", L"@*1,0"});
+  auto& input = host_.host().input();
+  double point[3] = {};
+  EXPECT_EQ(input.getPoint(L"?", point), RTNORM);
+  EXPECT_EQ(OdGePoint3d(point[0], point[1], point[2]), OdGePoint3d(0, 0, 0));
+  EXPECT_EQ(input.getPoint(L"?", point), RTNORM); // world 1,3,3
+  mvsi::mvsidbSetUcsMatrix(OdGeMatrix3d::kIdentity, database_);
+  EXPECT_EQ(input.getPoint(L"?", point), RTNORM);
+  EXPECT_EQ(OdGePoint3d(point[0], point[1], point[2]), OdGePoint3d(2, 3, 3));
+  database_->setHeaderInt("LIMCHECK", 70, 1);
+  database_->setHeaderPoint("LIMMIN", OdGePoint3d(0, 0, 0));
+  database_->setHeaderPoint("LIMMAX", OdGePoint3d(10, 10, 0));
+  host_.answerWith({L"11,5", L"5,5"});
+  EXPECT_EQ(input.getPoint(L"?", point), RTNORM);
+  EXPECT_EQ(point[0], 5);
+}
+
+TEST_F(OpenDrawing, VariablesAreItsHeader) {
+  short units = -1;
+  EXPECT_EQ(mvsi::setVar(L"insunits", static_cast<short>(6), true), RTNORM);
+  EXPECT_EQ(database_->getINSUNITS(), OdDb::kUnitsMeters);
+  EXPECT_EQ(mvsi::setVar(L"INSUNITS", static_cast<short>(25), true), RTREJ);
+  database_->setINSUNITS(OdDb::kUnitsFeet);
+  EXPECT_EQ(mvsi::getVar(L"INSUNITS", units), RTNORM);
+  EXPECT_EQ(units, 2);
+
+  addLayer(database_, L"Walls");
+  EXPECT_EQ(mvsi::setVar(L"CLAYER", OdString(L"WALLS"), true), RTNORM);
+  OdString layer;
+  EXPECT_EQ(mvsi::getVar(L"clayer", layer, true), RTNORM);
+  EXPECT_EQ(layer, L"Walls");
+  EXPECT_EQ(mvsi::setVar(L"CLAYER", OdString(L"None"), true), RTREJ);
+  EXPECT_EQ(mvsi::setVar(L"ACADVER", OdString(L"x"), true), RTREJ);
+
+  EXPECT_EQ(host_.host().variables().set(L"INSBASE", morvane::VariablePoint3d{1, 2, 3}), RTNORM);
+  EXPECT_EQ(database_->getINSBASE(), OdGePoint3d(1, 2, 3));
+  const double infinite = std::numeric_limits<double>::infinity();
+  EXPECT_EQ(host_.host().variables().set(L"INSBASE", morvane::VariablePoint3d{infinite, 0, 0}), RTREJ);
+
+  documents_.open(OdDbDatabase::create());
+  mvsi::getVar(L"CLAYER", layer, true);
+  EXPECT_EQ(layer, L"0");
+}
+
+class Selection : public OpenDrawing {
+protected:
+  OdDbObjectId first_ = addLine(database_);
+  OdDbObjectId second_ = addLine(database_);
+  morvane::SelectionSets& sets_ = host_.host().selections();
+
+  std::vector<OdDbObjectId> members(const long* set) {
+    std::vector<OdDbObjectId> ids;
+    int length = 0;
+    sets_.length(set, &length);
+    for (int at = 0; at < length; ++at) {
+      long name[2];
+      EXPECT_EQ(sets_.memberAt(set, at, name), RTNORM);
+      ids.emplace_back();
+      EXPECT_EQ(mvsi::mvsidbGetObjectId(ids.back(), name), 0);
+    }
+    return ids;
+  }
+};
+
+TEST_F(Selection, SetsGrowInPlaceAndHoldEachEntityOnce) {
+  long set[2] = {0, 0};
+  long entity[2];
+  for (const OdDbObjectId& id : {second_, first_, second_}) {
+    ASSERT_EQ(mvsi::mvsidbGetAdsName(entity, id), 0);
+    EXPECT_EQ(sets_.add(entity, set, set), RTNORM);
+  }
+  EXPECT_EQ(members(set), (std::vector<OdDbObjectId>{second_, first_}));
+  long copy[2] = {0, 0};
+  EXPECT_EQ(sets_.add(set, copy, copy), RTNORM); // a set's members
+  EXPECT_EQ(sets_.add(set, set, set), RTNORM);   // its own change nothing
+  EXPECT_EQ(members(copy), members(set));
+  EXPECT_EQ(sets_.memberAt(set, 2, entity), RTERROR);
+  EXPECT_EQ(sets_.memberAt(set, -1, entity), RTERROR);
+}
+
+TEST_F(Selection, NamesAreToldApartAndDieWithWhatTheyName) {
+  long set[2] = {0, 0};
+  long entity[2] = {0, 0};
+  long none[2] = {0, 0};
+  int length = 7;
+  OdDbObjectId id = first_;
+  EXPECT_EQ(mvsi::mvsidbGetObjectId(id, none), RTERROR);
+  EXPECT_TRUE(id.isNull());
+  EXPECT_EQ(sets_.length(none, &length), RTERROR);
+  EXPECT_EQ(sets_.free(none), RTERROR);
+  EXPECT_EQ(sets_.add(none, none, set), RTERROR);
+  mvsi::mvsidbGetAdsName(entity, first_);
+  EXPECT_EQ(sets_.length(entity, &length), RTERROR);
+  EXPECT_EQ(sets_.add(entity, entity, set), RTERROR);
+  EXPECT_EQ(sets_.add(entity, none, set), RTNORM);
+  EXPECT_EQ(mvsi::mvsidbGetObjectId(id, set), RTERROR);
+  EXPECT_EQ(sets_.free(set), RTNORM);
+  EXPECT_EQ(sets_.length(set, &length), RTERROR);
+  EXPECT_EQ(sets_.add(entity, set, set), RTERROR); // a freed name does not come to life again
+  EXPECT_EQ(length, 7);
+  EXPECT_EQ(mvsi::mvsidbGetAdsName(entity, OdDbObjectId()), RTERROR);
+  mvsi::mvsidbGetAdsName(entity, database_->getLayerZeroId());
+  EXPECT_EQ(sets_.add(entity, none, set), RTREJ);
+  mvsi::mvsidbGetAdsName(entity, first_);
+  documents_.close(document_);
+  database_.release();
+  EXPECT_EQ(mvsi::mvsidbGetObjectId(id, entity), RTERROR); // its drawing is gone
+}
+
+TEST_F(Selection, TheImpliedOneIsWhatWasPickedFirst) {
+  long set[2] = {0, 0};
+  long entity[2];
+  mvsi::RxSelectSet implied;
+  EXPECT_EQ(implied.impliedSelect(), RTERROR);
+  for (const OdDbObjectId& id : {first_, second_}) {
+    mvsi::mvsidbGetAdsName(entity, id);
+    sets_.add(entity, set, set);
+  }
+  EXPECT_EQ(sets_.setFirst(set, nullptr), RTNORM);
+  EXPECT_EQ(sets_.setFirst(entity, nullptr), RTERROR);
+  EXPECT_EQ(implied.impliedSelect(), 0);
+  EXPECT_EQ(implied.hilight(true, -1), 0);
+  EXPECT_EQ(implied.hilight(false, 1), 0);
+  EXPECT_EQ(implied.hilight(false, 2), RTERROR);
+  EXPECT_TRUE(OdDbEntityPtr(first_.safeOpenObject())->isHighlighted());
+  EXPECT_FALSE(OdDbEntityPtr(second_.safeOpenObject())->isHighlighted());
+  first_.safeOpenObject(OdDb::kForWrite)->erase();
+  OdDbObjectIdArray ids;
+  EXPECT_EQ(implied.asIdArray(ids), 0);
+  ASSERT_EQ(ids.size(), 1u);
+  EXPECT_EQ(ids[0], second_);
+  EXPECT_EQ(sets_.setFirst(nullptr, nullptr), RTNORM);
+  EXPECT_EQ(implied.impliedSelect(), RTERROR);
+}
+
+TEST_F(Selection, LockedLayersAreSeenAndSet) {
+  const OdDbObjectId layer = addLayer(database_, L"Walls");
+  OdDbEntityPtr(second_.safeOpenObject(OdDb::kForWrite))->setLayer(layer);
+  EXPECT_EQ(LayerTools::getEntityLayerId(second_), layer);
+  EXPECT_FALSE(qzutads::isObjLocked(second_, true));
+  EXPECT_TRUE(LayerTools::lockOrUnlockLayer(layer, true));
+  EXPECT_TRUE(qzutads::isObjLocked(second_, true));
+  EXPECT_FALSE(qzutads::isObjLocked(second_, false));
+  EXPECT_FALSE(qzutads::isObjLocked(first_, true));
+  for (const OdDbObjectId& none : {OdDbObjectId(), layer, database_->getBlockTableId()})
+    EXPECT_FALSE(qzutads::isObjLocked(none, true));
+  EXPECT_TRUE(LayerTools::getEntityLayerId(layer).isNull());
+  EXPECT_FALSE(LayerTools::lockOrUnlockLayer(second_, true));
+  EXPECT_TRUE(LayerTools::lockOrUnlockLayer(layer, false));
+  EXPECT_FALSE(LayerTools::isLayerLocked(layer));
+}
+
+TEST_F(Selection, IsBroughtIntoDrawOrderBlockByBlock) {
+  const OdDbObjectId third = addLine(database_);
+  const OdDbBlockTableRecordPtr paper = database_->getPaperSpaceId().safeOpenObject(OdDb::kForWrite);
+  const OdDbObjectId sheet = paper->appendOdDbEntity(OdDbLine::createObject());
+  const OdDbObjectId layer = database_->getLayerZeroId();
+  OdDbObjectIdArray ids{layer, third, sheet, second_, first_, OdDbObjectId()};
+  qzutads::sortAarryByDrawOrder(ids);
+  EXPECT_EQ(ids, (OdDbObjectIdArray{first_, second_, third, sheet, layer, OdDbObjectId()}));
+  OdDbObjectIdArray none;
+  qzutads::sortAarryByDrawOrder(none);
+  EXPECT_TRUE(none.isEmpty());
+}
+
+TEST_F(Selection, DimensionAssociationsHangInTheExtensionDictionary) {
+  OdDbObjectId association = first_;
+  EXPECT_EQ(mvsi::mvdbGetDimAssocId(OdDbObjectId(), association), RTERROR);
+  EXPECT_EQ(mvsi::mvdbGetDimAssocId(first_, association), RTERROR);
+  EXPECT_TRUE(association.isNull());
+  const OdDbObjectId extension = first_.safeOpenObject(OdDb::kForWrite)->createExtensionDictionary();
+  const OdSmartPtr<OdDbDictionary> dictionary = extension.safeOpenObject(OdDb::kForWrite);
+  const OdDbObjectId put = dictionary->setAt(L"ACAD_DIMASSOC", OdDbDictionary::createObject());
+  EXPECT_EQ(mvsi::mvdbGetDimAssocId(first_, association), 0);
+  EXPECT_EQ(association, put);
+}
+
+TEST_F(OpenDrawing, ShowsTheSpaceThatItsTabNames) {
+  EXPECT_EQ(qzutads::currentSpaceId(), database_->getModelSpaceId());
+  EXPECT_EQ(mvsi::setVar(L"TILEMODE", static_cast<short>(0), true), RTNORM);
+  EXPECT_EQ(qzutads::currentSpaceId(), database_->getPaperSpaceId());
+  mvsi::mvsidbSetWorkingDatabase(nullptr);
+  EXPECT_TRUE(qzutads::currentSpaceId().isNull());
+}
+
+TEST(MessageBox, AnswersByNumberLetterOrText) {
+  const std::vector<OdString> labels = {L"选择对象", L"否(&N)", L"&Yes"};
+  const std::pair<const wchar_t*, int> cases[] = {{L"1", 0},  {L"选择对象", 0}, {L"n", 1}, {L"否", 1},
+                                                  {L"2", 1},  {L"yes", 2},      {L"Y", 2}, {L"0", -1},
+                                                  {L"4", -1}, {L"否(N)", -1},   {L"", -1}};
+  for (const auto& [answer, button] : cases)
+    EXPECT_EQ(morvane::buttonOf(labels, answer), button) << OdString(answer).toUtf8();
+}
+
+TEST(MessageBox, ReturnsTheButtonOrNothingWhenItWasClosed) {
+  const MvJsonPtr buttons = ElementValue::createObject();
+  buttons->SetDataS("btnText/0", "是");
+  buttons->SetDataS("btnText/1", "否");
+  const auto ask = [&] {
+    return mvsi::mvuiMessageBoxEx(L"Caption", L"100%s", buttons, 6, 1, 0)->GetDataI("ControlBtn", 9);
+  };
+  EXPECT_EQ(ask(), 9); // no host
+  ScriptedHost host({L"maybe", L"2", L"", L"\x1b"});
+  EXPECT_EQ(ask(), 1);
+  EXPECT_EQ(host.takeOutput().find(L"\n[Caption]\n100%s\n  1. 是\n  2. 否\n"), 0);
+  EXPECT_EQ(ask(), 9); // an empty answer
+  EXPECT_EQ(ask(), 9); // a cancel
+  EXPECT_EQ(ask(), 9); // the end
+  EXPECT_EQ(mvsi::mvuiMessageBox(L"text", L"caption", 64), RTNORM);
+}
+
+} // namespace

@@ -1,0 +1,367 @@
+// The host's services, printing, variables, configuration and files as a command module meets them.
+#include "morvane/testing.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <limits>
+
+namespace {
+
+using morvane::ScriptedHost;
+namespace fs = std::filesystem;
+
+class TemporaryFolder {
+public:
+  TemporaryFolder() {
+    std::string pattern = (fs::temp_directory_path() / "morvane-XXXXXX").string();
+    path_ = ::mkdtemp(pattern.data());
+  }
+  ~TemporaryFolder() { fs::remove_all(path_); }
+  std::string at(const std::string& name) const { return (path_ / name).string(); }
+
+private:
+  fs::path path_;
+};
+
+void writeFile(const std::string& path, const std::string& text) {
+  std::ofstream(path) << text;
+}
+
+std::string readFile(const std::string& path) {
+  std::ifstream file(path);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+template <class Service>
+OdSmartPtr<Service> find(const wchar_t* name) {
+  const OdRxObjectPtr found = mv_arbitDict_getservice(name);
+  return OdSmartPtr<Service>(dynamic_cast<Service*>(found.get()));
+}
+
+TEST(ServiceDictionary, FollowsEveryChangeAndTheCaseOfNames) {
+  EXPECT_TRUE(mv_arbitDict_getservice(kDbServer).isNull()); // no host
+  EXPECT_FALSE(mv_arbitDict_register(L"X", OdRxObjectPtr(new OdRxObject)));
+  ScriptedHost host;
+  const OdRxObjectPtr first(new OdRxObject);
+  const OdRxObjectPtr second(new OdRxObject);
+  EXPECT_TRUE(mv_arbitDict_register(L"Core/X", first));
+  EXPECT_EQ(first->numRefs(), 2u);
+  EXPECT_TRUE(mv_arbitDict_getservice(L"core/X").isNull());
+  EXPECT_TRUE(mv_arbitDict_register(L"Core/X", second));
+  EXPECT_EQ(first->numRefs(), 1u);
+  EXPECT_EQ(mv_arbitDict_getservice(L"Core/X").get(), second.get());
+  EXPECT_TRUE(mv_arbitDict_unregister(L"Core/X"));
+  EXPECT_FALSE(mv_arbitDict_unregister(L"Core/X"));
+  EXPECT_EQ(second->numRefs(), 1u);
+  EXPECT_FALSE(mv_arbitDict_register(L"", first));
+  EXPECT_FALSE(mv_arbitDict_register(L"Core/X", nullptr));
+}
+
+TEST(Host, TheLatestInstalledIsCurrentInWhateverOrderTheyEnd) {
+  auto outer = std::make_unique<ScriptedHost>();
+  auto middle = std::make_unique<ScriptedHost>();
+  auto inner = std::make_unique<ScriptedHost>();
+  EXPECT_EQ(morvane::Host::current(), &inner->host());
+  middle.reset();
+  EXPECT_EQ(morvane::Host::current(), &inner->host());
+  inner.reset();
+  EXPECT_EQ(morvane::Host::current(), &outer->host());
+  outer.reset();
+  EXPECT_EQ(morvane::Host::current(), nullptr);
+  EXPECT_EQ(mvsi::mvsiedPrompt(L"x"), RTERROR);
+}
+
+TEST(Printing, FormatsByTheTypesOfTheArguments) {
+  ScriptedHost host;
+  mvsi::mvsiutPrintf(L"%s|%5.2f|%-4d|%04x|%c|%%|%I64d", OdString(L"块"), 3.14159, 7, 255, L'c', 1LL << 40);
+  EXPECT_EQ(host.takeOutput(), L"块| 3.14|7   |00ff|c|%|1099511627776");
+  mvsi::mvsiutPrintf(L"%u %x %s", -1, static_cast<short>(-1), static_cast<const wchar_t*>(nullptr));
+  EXPECT_EQ(host.takeOutput(), L"4294967295 ffff ");
+}
+
+TEST(Printing, DirectivesWithoutAnArgumentOfTheirTypeStand) {
+  ScriptedHost host;
+  const std::pair<const wchar_t*, const wchar_t*> cases[] = {
+      {L"100%", L"100%"},       {L"%s %d\n", L"%s %d\n"}, {L"%%", L"%"},    {L"%n%p", L"%n%p"},
+      {L"%99999d", L"%99999d"}, {L"%-", L"%-"},           {L"%*d", L"%*d"}, {L"", L""}};
+  for (const auto& [format, printed] : cases) {
+    EXPECT_EQ(mvsi::mvsiutPrintf(format), RTNORM);
+    EXPECT_EQ(host.takeOutput(), printed);
+  }
+  mvsi::mvsiutPrintf(L"%s-%d-%f", 5, L"text", 1);
+  EXPECT_EQ(host.takeOutput(), L"%s-%d-%f");
+  mvsi::mvsiedPrompt(L"%s%n");
+  EXPECT_EQ(host.takeOutput(), L"%s%n");
+  EXPECT_EQ(mvsi::mvsiutPrintf(static_cast<const wchar_t*>(nullptr)), RTERROR);
+}
+
+TEST(Log, WritesRecordsOfItsLevelAndAbove) {
+  ScriptedHost host;
+  host.host().log().setLevel(5);
+  mv_Log(4, 1, "f", "quiet");
+  mv_Log(5, 2, "g", "heard");
+  ASSERT_EQ(host.logRecords().size(), 1u);
+  EXPECT_EQ(host.logRecords()[0].text, "heard");
+  EXPECT_EQ(mrvn_log_level(), 5);
+  const TemporaryFolder folder;
+  EXPECT_FALSE(host.host().log().setFile(folder.at("no/such")));
+  EXPECT_TRUE(host.host().log().setFile(folder.at("log")));
+  mv_Log(9, 3, "h", "kept");
+  EXPECT_EQ(readFile(folder.at("log")), "[9] h:3 kept\n");
+}
+
+class Header : public morvane::DrawingVariables {
+public:
+  std::optional<morvane::VariableValue> get(std::wstring_view name) const override {
+    return name == L"INSUNITS" ? std::optional<morvane::VariableValue>(insunits) : std::nullopt;
+  }
+  int set(std::wstring_view, const morvane::VariableValue& value) override {
+    insunits = std::get<std::int16_t>(value);
+    return RTNORM;
+  }
+  std::int16_t insunits = 4;
+};
+
+TEST(Variables, AreOneStoreBehindEveryRoad) {
+  ScriptedHost host;
+  const auto system = find<MvEditSystemServer>(kEditSystemServer);
+  EXPECT_EQ(mvsi::setVar(L"insname", OdString(L"*B1"), true), RTNORM);
+  mvsiresbuf record;
+  EXPECT_EQ(system->mvsiedGetVar(L"InsName", &record), RTNORM);
+  EXPECT_EQ(record.restype, RTSTR);
+  EXPECT_EQ(record.rstring, L"*B1");
+  record = {};
+  record.restype = RTSHORT;
+  record.rint = 0;
+  EXPECT_EQ(system->mvsiedSetVar(L"EXTNAMES", &record), RTNORM);
+  short extnames = 9;
+  EXPECT_EQ(mvsi::getVar(L"extnames", extnames), RTNORM);
+  EXPECT_EQ(extnames, 0);
+}
+
+TEST(Variables, RefuseWhatDoesNotFit) {
+  ScriptedHost host;
+  OdString text = L"kept";
+  short number = 9;
+  EXPECT_EQ(mvsi::getVar(L"NOSUCH", text, true), RTERROR);
+  EXPECT_EQ(host.takeOutput(), L"");
+  EXPECT_EQ(mvsi::getVar(L"NO%s", text, false), RTERROR);
+  EXPECT_EQ(host.takeOutput(), L"\nThere is no variable NO%s.");
+  EXPECT_EQ(mvsi::getVar(L"EXTNAMES", text, true), RTREJ);
+  EXPECT_EQ(mvsi::getVar(L"INSNAME", number), RTREJ);
+  EXPECT_EQ(text, L"kept");
+  EXPECT_EQ(number, 9);
+  EXPECT_EQ(mvsi::setVar(L"DWGNAME", OdString(L"x"), true), RTREJ);
+  EXPECT_EQ(mvsi::setVar(L"LUPREC", static_cast<short>(9), true), RTREJ);
+  EXPECT_EQ(mvsi::setVar(L"LUPREC", OdString(L"3"), true), RTREJ);
+  mvsiresbuf record;
+  EXPECT_EQ(find<MvEditSystemServer>(kEditSystemServer)->mvsiedSetVar(L"LUPREC", &record), RTREJ);
+}
+
+TEST(Variables, OfTheDrawingAreItsHeader) {
+  ScriptedHost host;
+  Header header;
+  short units = 0;
+  EXPECT_EQ(mvsi::getVar(L"INSUNITS", units), RTERROR); // no drawing
+  host.host().variables().setDrawing([&header] { return &header; });
+  EXPECT_EQ(mvsi::getVar(L"insunits", units), RTNORM);
+  EXPECT_EQ(units, 4);
+  EXPECT_EQ(mvsi::setVar(L"INSUNITS", static_cast<short>(6), true), RTNORM);
+  EXPECT_EQ(header.insunits, 6);
+  EXPECT_EQ(mvsi::setVar(L"INSUNITS", OdString(L"6"), true), RTREJ);
+}
+
+TEST(DbServer, UsesTheCurrentUnitsForMinusOne) {
+  ScriptedHost host;
+  const auto numbers = find<MvDbServer>(kDbServer);
+  wchar_t text[morvane::kLongestNumber + 1];
+  EXPECT_EQ(numbers->mvsidbRToS(14.5, -1, -1, text), RTNORM);
+  EXPECT_STREQ(text, L"14.5000");
+  mvsi::setVar(L"LUNITS", static_cast<short>(4), true);
+  EXPECT_EQ(numbers->mvsidbRToS(14.5, -1, 1, text), RTNORM);
+  EXPECT_STREQ(text, L"1'-2 1/2\"");
+  EXPECT_EQ(numbers->mvsidbRToS(14.5, 7, 1, text), RTERROR);
+  EXPECT_EQ(numbers->mvsidbRToS(std::numeric_limits<double>::quiet_NaN(), 2, 1, text), RTERROR);
+  double value = 9;
+  EXPECT_EQ(numbers->mvsidbDisToF(L"x", -1, &value), RTERROR);
+  EXPECT_EQ(numbers->mvsidbDisToF(L"1", 0, &value), RTERROR);
+  EXPECT_EQ(value, 9);
+}
+
+TEST(Json, PathsMakeObjectsAndKeepKinds) {
+  const MvJsonPtr object = ElementValue::createObject(kMvJsonObject);
+  EXPECT_TRUE(object->SetDataS("btnText/0", "确定(&C)"));
+  EXPECT_TRUE(object->SetDataSW("btnText/1", L"否"));
+  EXPECT_TRUE(object->SetDataL("id", 1LL << 40));
+  EXPECT_TRUE(object->SetDataB("flag", true));
+  EXPECT_EQ(object->toText(), "{\"btnText\":{\"0\":\"确定(&C)\",\"1\":\"否\"},\"flag\":true,\"id\":1099511627776}");
+  EXPECT_FALSE(object->SetDataI("flag/below", 1));
+  EXPECT_FALSE(object->SetDataI("", 1));
+  EXPECT_EQ(object->GetDataI("id", -1), -1); // too large for an int
+  EXPECT_EQ(object->GetDataI("btnText", -1), -1);
+  EXPECT_EQ(object->GetDataI("none/at/all", 5), 5);
+  EXPECT_TRUE(object->GetDataB("flag"));
+  EXPECT_EQ(object->GetDataSW("btnText/1"), L"否");
+  EXPECT_TRUE(ElementValue::createObject(3).isNull());
+}
+
+TEST(Json, ListsTakeCopies) {
+  const MvJsonPtr list = ElementValue::createObject(kMvJsonList);
+  const MvJsonPtr element = ElementValue::createObject();
+  element->SetDataI("n", 1);
+  EXPECT_TRUE(list->AppendData(element));
+  element->SetDataI("n", 2);
+  EXPECT_TRUE(list->AppendData(list->GetDataAt(0)));
+  EXPECT_FALSE(element->AppendData(list));
+  EXPECT_FALSE(list->AppendData(nullptr));
+  list->GetDataAt(1)->SetDataI("n", 3);
+  EXPECT_EQ(list->toText(), "[{\"n\":1},{\"n\":3}]");
+  EXPECT_TRUE(list->GetDataAt(2).isNull());
+  EXPECT_TRUE(list->SetDataI("0/n", 4));
+  EXPECT_EQ(list->GetDataI("0/n"), 4);
+  EXPECT_FALSE(list->SetDataI("7/n", 4));
+}
+
+TEST(UserConfig, SectionsAreLiveAndSurviveTheHost) {
+  const TemporaryFolder folder;
+  morvane::HostOptions options;
+  options.configFile = folder.at("deep/er/config.json");
+  {
+    morvane::Host host(options);
+    host.install();
+    EXPECT_TRUE(mv_user_config("block_dialog", 2).isNull());
+    const MvJsonPtr made = mv_user_config_create("block_dialog", 2);
+    made->SetDataB("Explode", false);
+    made->SetDataSW("Items\\Path", L"D:\\out\\块.dwg");
+    EXPECT_FALSE(mv_user_config("block_dialog", 2)->GetDataB("Explode", true));
+  }
+  morvane::Host host(options);
+  host.install();
+  EXPECT_FALSE(mv_user_config("block_dialog", 2)->GetDataB("Explode", true));
+  EXPECT_EQ(mv_user_config("block_dialog", 2)->GetDataSW("Items\\Path"), L"D:\\out\\块.dwg");
+  EXPECT_FALSE(host.config().isChanged());
+}
+
+TEST(UserConfig, KeepsADamagedFileBesideTheNewOne) {
+  const TemporaryFolder folder;
+  const std::string tooDeep = "{\"a\":" + std::string(100000, '[') + std::string(100000, ']') + "}";
+  for (const std::string& damaged : {std::string("{\"a\": "), std::string("[1]"), tooDeep}) {
+    writeFile(folder.at("c.json"), damaged);
+    morvane::UserConfig config(folder.at("c.json"), morvane::replaceFileSafely);
+    EXPECT_NE(config.loadProblem(), "");
+    config.createSection("s");
+    EXPECT_EQ(config.save(), "");
+    EXPECT_EQ(readFile(folder.at("c.json.damaged")), damaged);
+    EXPECT_NE(readFile(folder.at("c.json")).find("\"s\""), std::string::npos);
+  }
+}
+
+TEST(UserConfig, AFolderInItsPlaceIsAProblemAndNoCrash) {
+  const TemporaryFolder folder;
+  morvane::UserConfig config(folder.at(""), morvane::replaceFileSafely);
+  EXPECT_NE(config.loadProblem(), "");
+  EXPECT_NE(config.save(), "");
+  EXPECT_TRUE(fs::is_directory(folder.at("")));
+}
+
+TEST(UserConfig, AFailedSaveKeepsTheFileAndTheChange) {
+  const TemporaryFolder folder;
+  writeFile(folder.at("c.json"), "{\"s\":{\"n\":1}}");
+  morvane::UserConfig config(folder.at("c.json"), [](const std::string&, std::string_view) { return "disk full"; });
+  config.section("s")->SetDataI("n", 2);
+  EXPECT_EQ(config.save(), "disk full");
+  EXPECT_TRUE(config.isChanged());
+  EXPECT_EQ(readFile(folder.at("c.json")), "{\"s\":{\"n\":1}}");
+}
+
+TEST(ReplaceFile, KeepsModeAndLinksAndLeavesNothingBeside) {
+  const TemporaryFolder folder;
+  writeFile(folder.at("real"), "old");
+  fs::permissions(folder.at("real"), fs::perms(0640));
+  fs::create_symlink("real", folder.at("link"));
+  EXPECT_EQ(morvane::replaceFileSafely(folder.at("link"), "new"), "");
+  EXPECT_TRUE(fs::is_symlink(folder.at("link")));
+  EXPECT_EQ(readFile(folder.at("real")), "new");
+  EXPECT_EQ(fs::status(folder.at("real")).permissions(), fs::perms(0640));
+  EXPECT_NE(morvane::replaceFileSafely(folder.at("no/such"), "x"), "");
+  fs::create_directory(folder.at("taken"));
+  EXPECT_NE(morvane::replaceFileSafely(folder.at("taken"), "x"), "");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.at(".")), {}), 3);
+}
+
+TEST(Paths, MapDrivesAndBackslashesBothWays) {
+  morvane::PathMap map;
+  EXPECT_TRUE(map.setDrive(L'd', "/data/"));
+  EXPECT_TRUE(map.setDrive(L'E', "/data/deep"));
+  EXPECT_FALSE(map.setDrive(L'1', "/x"));
+  const std::pair<const wchar_t*, const char*> toSystem[] = {{L"D:\\a\\b.dwg", "/data/a/b.dwg"},
+                                                             {L"d:a", "/data/a"},
+                                                             {L"C:\\a", "/a"},
+                                                             {L"a\\b", "a/b"},
+                                                             {L"\\a\\块", "/a/块"},
+                                                             {L"D:", "/data/"},
+                                                             {L"", ""},
+                                                             {L"1:\\a", "1:/a"}};
+  for (const auto& [drawing, system] : toSystem)
+    EXPECT_EQ(map.toSystem(drawing), system);
+  const std::pair<const char*, const wchar_t*> toDrawing[] = {
+      {"/data/a", L"D:\\a"}, {"/data/deep/a", L"E:\\a"}, {"/database/a", L"\\database\\a"}, {"rel/a", L"rel\\a"}};
+  for (const auto& [system, drawing] : toDrawing)
+    EXPECT_EQ(map.toDrawing(system), drawing);
+  const std::string notUtf8 = "/data/\xff\xfe";
+  EXPECT_EQ(map.toSystem(map.toDrawing(notUtf8)), notUtf8);
+}
+
+TEST(FindFile, LooksBesideTheDrawingAndThenAlongThePath) {
+  const TemporaryFolder folder;
+  fs::create_directories(folder.at("one/sub"));
+  fs::create_directories(folder.at("two/only"));
+  writeFile(folder.at("one/a.dwg"), "");
+  writeFile(folder.at("two/a.dwg"), "");
+  writeFile(folder.at("two/b.dwg"), "");
+  ScriptedHost host;
+  host.host().paths().setDrive(L'T', folder.at("two"));
+  host.host().searchPath().setDrawingFolder(folder.at("one"));
+  host.host().searchPath().setFolders({folder.at("two")});
+  const auto system = find<MvEditSystemServer>(kEditSystemServer);
+  wchar_t found[morvane::kLongestPath + 1] = {};
+  EXPECT_EQ(system->mvsiedFindFile(L"a.dwg", found), RTNORM);
+  EXPECT_EQ(host.host().paths().toSystem(found), folder.at("one/a.dwg"));
+  EXPECT_EQ(system->mvsiedFindFile(L"sub\\..\\b.dwg", found), RTERROR); // no "sub" in two
+  EXPECT_EQ(system->mvsiedFindFile(L"b.dwg", found), RTNORM);
+  EXPECT_STREQ(found, L"T:\\b.dwg");
+  EXPECT_EQ(system->mvsiedFindFile(L"t:\\b.dwg", found), RTNORM);
+  for (const wchar_t* none : {L"", L"only", L"c.dwg", L"T:\\sub\\a.dwg"})
+    EXPECT_EQ(system->mvsiedFindFile(none, found), RTERROR) << testing::PrintToString(none);
+  EXPECT_TRUE(mvutIsExistFile("T:\\b.dwg"));
+  EXPECT_FALSE(mvutIsExistFile("T:\\only"));
+  EXPECT_TRUE(isDir("T:\\only"));
+  EXPECT_FALSE(isDir("T:\\b.dwg"));
+}
+
+TEST(FileExtension, IsThatOfTheLastPart) {
+  const std::pair<const wchar_t*, const wchar_t*> cases[] = {
+      {L"C:\\a.b\\c", L""}, {L"a.dwg", L".dwg"}, {L"a.b.DXF", L".DXF"}, {L"", L""}, {L"a.", L"."}, {L".dwg", L".dwg"}};
+  for (const auto& [path, extension] : cases)
+    EXPECT_EQ(qzutads::getPathFileExtName(path), extension);
+}
+
+TEST(FaultyHost, FailsTheCallThatWasNamed) {
+  morvane::FaultyHost host;
+  short value = 0;
+  host.failCall(2);
+  EXPECT_EQ(mvsi::getVar(L"EXTNAMES", value), RTNORM);
+  EXPECT_EQ(mvsi::getVar(L"EXTNAMES", value), RTERROR);
+  EXPECT_EQ(mvsi::getVar(L"EXTNAMES", value), RTNORM);
+  EXPECT_FALSE(host.allPassed());
+  host.failOperation("mvsiedPrompt");
+  EXPECT_EQ(mvsi::getVar(L"EXTNAMES", value), RTNORM);
+  EXPECT_TRUE(host.allPassed());
+  EXPECT_EQ(mvsi::mvsiedPrompt(L"x"), RTERROR);
+  EXPECT_EQ(host.calls(), (std::vector<std::string>{"getVar", "mvsiedPrompt"}));
+}
+
+} // namespace

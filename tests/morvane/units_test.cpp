@@ -1,0 +1,145 @@
+// Numbers as they are typed and written: every form, what is refused, and that one reads what the other wrote.
+#include "morvane/limits.h"
+#include "morvane/units.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace {
+
+using morvane::formatReal;
+using morvane::LinearUnits;
+using morvane::parseDistance;
+
+TEST(DistanceText, ReadsEveryForm) {
+  const struct {
+    const wchar_t* text;
+    double value;
+  } cases[] = {
+      {L"12.5", 12.5},
+      {L"-3", -3},
+      {L"+4", 4},
+      {L".5", 0.5},
+      {L"5.", 5},
+      {L"  7 ", 7},
+      {L"1.55E+01", 15.5},
+      {L"2e3", 2000},
+      {L"1'-2.5\"", 14.5},
+      {L"1'2.5\"", 14.5},
+      {L"1'-2 1/2\"", 14.5},
+      {L"1'-2-1/2\"", 14.5},
+      {L"1'2 1/2", 14.5},
+      {L"3'", 36},
+      {L"1.5'", 18},
+      {L"-1'-6\"", -18},
+      {L"14 1/2", 14.5},
+      {L"14-1/2", 14.5},
+      {L"1/2", 0.5},
+      {L"-3/4\"", -0.75},
+      {L"1' 1/2\"", 12.5},
+      {L"0", 0},
+  };
+  for (const auto& one : cases) {
+    const auto value = parseDistance(one.text);
+    ASSERT_TRUE(value.has_value()) << testing::PrintToString(one.text);
+    EXPECT_DOUBLE_EQ(*value, one.value) << testing::PrintToString(one.text);
+  }
+}
+
+TEST(DistanceText, RefusesWhatIsNoFiniteNumber) {
+  const wchar_t* const cases[] = {L"",    L" ",    L"inf",  L"nan",  L"-inf", L"1e999",  L"-1e999",  L"1e-999",
+                                  L"abc", L"1x",   L"--1",  L"1/0",  L"1/",   L"/2",     L"1.5 1/2", L"1 2.5/3",
+                                  L"1'x", L"1'2'", L"1\"2", L"0x10", L"1,5",  L"1e308'", L"１"};
+  for (const wchar_t* text : cases)
+    EXPECT_FALSE(parseDistance(text).has_value()) << testing::PrintToString(text);
+}
+
+TEST(DistanceText, IsWrittenInEveryForm) {
+  const struct {
+    double value;
+    LinearUnits form;
+    int precision;
+    const wchar_t* text;
+  } cases[] = {
+      {15.5, LinearUnits::kScientific, 4, L"1.5500E+01"},
+      {15.5, LinearUnits::kDecimal, 4, L"15.5000"},
+      {15.5, LinearUnits::kDecimal, 0, L"16"},
+      {-0.00001, LinearUnits::kDecimal, 4, L"0.0000"},
+      {14.5, LinearUnits::kEngineering, 2, L"1'-2.50\""},
+      {11.9999, LinearUnits::kEngineering, 2, L"1'"},
+      {0, LinearUnits::kEngineering, 1, L"0.0\""},
+      {14.5, LinearUnits::kArchitectural, 4, L"1'-2 1/2\""},
+      {-14.5, LinearUnits::kArchitectural, 4, L"-1'-2 1/2\""},
+      {23.999, LinearUnits::kArchitectural, 3, L"2'"},
+      {0.26, LinearUnits::kArchitectural, 2, L"1/4\""},
+      {12.5, LinearUnits::kArchitectural, 1, L"1'-1/2\""},
+      {0, LinearUnits::kArchitectural, 4, L"0\""},
+      {1.5, LinearUnits::kFractional, 4, L"1 1/2"},
+      {0.99, LinearUnits::kFractional, 2, L"1"},
+      {-0.001, LinearUnits::kFractional, 2, L"0"},
+  };
+  for (const auto& one : cases)
+    EXPECT_EQ(formatReal(one.value, one.form, one.precision), one.text) << one.value;
+}
+
+TEST(DistanceText, NeverOutgrowsTheBuffersOfCallers) {
+  for (const double value : {1e15, 9.1e15, 1e200, -1e308}) {
+    for (int form = 1; form <= 5; ++form) {
+      for (int precision = 0; precision <= morvane::kFinestPrecision; ++precision) {
+        const auto text = formatReal(value, static_cast<LinearUnits>(form), precision);
+        ASSERT_TRUE(text.has_value());
+        EXPECT_LE(text->size(), static_cast<std::size_t>(morvane::kLongestNumber));
+        EXPECT_NEAR(parseDistance(*text).value_or(0) / value, 1.0, 0.5) << form << ' ' << precision;
+      }
+    }
+  }
+  EXPECT_FALSE(formatReal(std::numeric_limits<double>::infinity(), LinearUnits::kDecimal, 2).has_value());
+  EXPECT_FALSE(formatReal(1, LinearUnits::kDecimal, 9).has_value());
+  EXPECT_FALSE(formatReal(1, LinearUnits::kDecimal, -2).has_value());
+  EXPECT_FALSE(formatReal(1, static_cast<LinearUnits>(6), 2).has_value());
+}
+
+TEST(DistanceText, ReadsBackWhatIsWritten) {
+  for (double value = -40.0; value < 40.0; value += 0.4375) {
+    for (int form = 1; form <= 5; ++form) {
+      const auto text = formatReal(value, static_cast<LinearUnits>(form), 6);
+      EXPECT_NEAR(parseDistance(*text).value_or(1e9), value, 1e-4) << form << ' ' << value;
+    }
+  }
+}
+
+TEST(AngleText, ReadsDegreesGradsAndRadians) {
+  constexpr double kRightAngle = 1.5707963267948966;
+  for (const wchar_t* text : {L"90", L"90d", L"89d60'", L"89d59'60\"", L"100g", L"1.5707963267948966r"})
+    EXPECT_NEAR(morvane::parseAngle(text).value_or(0), kRightAngle, 1e-12);
+  for (const wchar_t* text : {L"", L"90x", L"90d5", L"inf", L"45dd", L"90 1"})
+    EXPECT_FALSE(morvane::parseAngle(text).has_value());
+}
+
+TEST(UnitsFactor, GivesMillimetresForEachCode) {
+  const std::pair<int, double> cases[] = {{0, 1},
+                                          {1, 25.4},
+                                          {2, 304.8},
+                                          {3, 1609344},
+                                          {4, 1},
+                                          {5, 10},
+                                          {6, 1000},
+                                          {7, 1e6},
+                                          {8, 2.54e-5},
+                                          {9, 0.0254},
+                                          {10, 914.4},
+                                          {13, 1e-3},
+                                          {14, 100},
+                                          {15, 1e4},
+                                          {16, 1e5},
+                                          {17, 1e12},
+                                          {21, 304.8006096012192},
+                                          {24, 1609347.218694437}};
+  for (const auto& [code, factor] : cases)
+    EXPECT_NEAR(morvane::unitsFactor(code).value_or(0) / factor, 1.0, 1e-12) << code;
+  EXPECT_FALSE(morvane::unitsFactor(-1).has_value());
+  EXPECT_FALSE(morvane::unitsFactor(25).has_value());
+}
+
+} // namespace
