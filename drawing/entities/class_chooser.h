@@ -10,6 +10,6 @@
 namespace drawing {
 
 // `groups` are those of the record behind its name. Null when the kind is not modelled.
-OdRxClass* chooseClass(std::string_view dxfName, std::span<const Pair> groups);
+MVDRAWING_API OdRxClass* chooseClass(std::string_view dxfName, std::span<const Pair> groups);
 
 } // namespace drawing
