@@ -2,6 +2,7 @@
 
 #include "DbBlockReference.h"
 #include "DbVertexPolylines.h"
+#include "db/load_context.h"
 
 #include <charconv>
 #include <utility>
