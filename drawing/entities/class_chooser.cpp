@@ -1,9 +1,12 @@
 #include "entities/class_chooser.h"
 
 #include "DbBlockReference.h"
+#include "DbDimension.h"
 #include "DbVertexPolylines.h"
+#include "db/load_context.h"
 
 #include <charconv>
+#include <iterator>
 #include <utility>
 
 namespace drawing {
@@ -114,6 +117,25 @@ OdRxClass* chooseVertex(Groups groups) {
   return marked != nullptr ? marked : byFlags(groups, kFlagged);
 }
 
+OdRxClass* chooseDimension(Groups groups) {
+  static constexpr Marked kMarked[] = {{"AcDbRotatedDimension", OdDbRotatedDimension::desc},
+                                       {"AcDbAlignedDimension", OdDbAlignedDimension::desc},
+                                       {"AcDb2LineAngularDimension", OdDb2LineAngularDimension::desc},
+                                       {"AcDb3PointAngularDimension", OdDb3PointAngularDimension::desc},
+                                       {"AcDbRadialDimension", OdDbRadialDimension::desc},
+                                       {"AcDbDiametricDimension", OdDbDiametricDimension::desc},
+                                       {"AcDbOrdinateDimension", OdDbOrdinateDimension::desc}};
+  if (OdRxClass* marked = byMarker(groups, kMarked))
+    return marked;
+  using Descriptor = OdRxClass* (*)();
+  static constexpr Descriptor kByType[] = {OdDbRotatedDimension::desc,      OdDbAlignedDimension::desc,
+                                           OdDb2LineAngularDimension::desc, OdDbDiametricDimension::desc,
+                                           OdDbRadialDimension::desc,       OdDb3PointAngularDimension::desc,
+                                           OdDbOrdinateDimension::desc};
+  const std::int64_t type = integerOf(groups, 70, 0) & 15;
+  return type < static_cast<std::int64_t>(std::size(kByType)) ? kByType[type]() : nullptr;
+}
+
 struct Chooser {
   std::string_view dxfName;
   OdRxClass* (*choose)(Groups);
@@ -121,6 +143,7 @@ struct Chooser {
 
 constexpr Chooser kChoosers[] = {
     {"INSERT", chooseInsert},
+    {"DIMENSION", chooseDimension},
     {"POLYLINE", choosePolyline},
     {"VERTEX", chooseVertex},
 };
