@@ -13,12 +13,12 @@ struct Range {
   Kind kind;
 };
 constexpr Range kRanges[] = {
-    {5, 5, Kind::Handle},         {10, 59, Kind::Real},         {60, 79, Kind::Whole},      {90, 99, Kind::Whole},
-    {105, 105, Kind::Handle},     {110, 149, Kind::Real},       {160, 179, Kind::Whole},    {210, 239, Kind::Real},
-    {270, 299, Kind::Whole},      {310, 319, Kind::Bytes},      {320, 369, Kind::Handle},   {370, 389, Kind::Whole},
-    {390, 399, Kind::Handle},     {400, 409, Kind::Whole},      {420, 429, Kind::Whole},    {440, 459, Kind::Whole},
-    {460, 469, Kind::Real},       {480, 481, Kind::Handle},     {1004, 1004, Kind::Bytes},  {1005, 1005, Kind::Handle},
-    {1010, 1059, Kind::Real},     {1060, 1071, Kind::Whole},
+    {5, 5, Kind::Handle},     {10, 59, Kind::Real},      {60, 79, Kind::Whole},     {90, 99, Kind::Whole},
+    {105, 105, Kind::Handle}, {110, 149, Kind::Real},    {160, 179, Kind::Whole},   {210, 239, Kind::Real},
+    {270, 299, Kind::Whole},  {310, 319, Kind::Bytes},   {320, 369, Kind::Handle},  {370, 389, Kind::Whole},
+    {390, 399, Kind::Handle}, {400, 409, Kind::Whole},   {420, 429, Kind::Whole},   {440, 459, Kind::Whole},
+    {460, 469, Kind::Real},   {480, 481, Kind::Handle},  {1004, 1004, Kind::Bytes}, {1005, 1005, Kind::Handle},
+    {1010, 1059, Kind::Real}, {1060, 1071, Kind::Whole},
 };
 
 std::string_view trimmed(std::string_view text) {
@@ -31,7 +31,8 @@ std::string_view trimmed(std::string_view text) {
 
 std::string upper(std::string_view text) {
   std::string out(text);
-  std::transform(out.begin(), out.end(), out.begin(), [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
+  std::transform(out.begin(), out.end(), out.begin(),
+                 [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
   return out;
 }
 
@@ -78,32 +79,36 @@ private:
   std::string_view rest_;
 };
 
+bool isCarriedWhole(const std::string& section) {
+  return section == "CLASSES" || section == "THUMBNAILIMAGE" || section == "ACDSDATA";
+}
+
 class Collector {
 public:
   void take(int code, std::string_view value) {
     if (code == 0) {
       close();
       record_.kind = trimmed(value);
+      if (isCarriedWhole(section_) && record_.kind != "ENDSEC")
+        contents.others[section_].groups.push_back({0, record_.kind});
     } else if (code == 9 && record_.kind == "SECTION") { // a header variable
       variable_ = &contents.header[std::string(value)];
-      variable_->kind = value;
-      variable_->section = "HEADER";
-    } else if (variable_ != nullptr) {
-      variable_->groups.push_back({code, spelled(code, value)});
+      *variable_ = {std::string(value), "HEADER", "", {}};
     } else {
-      record_.groups.push_back({code, spelled(code, value)});
+      (variable_ != nullptr ? variable_->groups : record_.groups).push_back({code, spelled(code, value)});
     }
   }
+
   void close() {
     if (record_.kind == "SECTION" && !record_.groups.empty())
       section_ = record_.groups[0].value;
-    const bool hasObjects = section_ != "CLASSES" && section_ != "THUMBNAILIMAGE" && section_ != "ACDSDATA";
-    const int code = record_.kind == "DIMSTYLE" ? 105 : 5;
-    const auto handle = std::find_if(record_.groups.begin(), record_.groups.end(),
-                                     [code](const Group& group) { return group.code == code || group.code == 100; });
-    if (hasObjects && handle != record_.groups.end() && handle->code == code) {
-      record_.section = section_;
-      contents.byHandle.emplace(handle->value, std::move(record_));
+    else if (record_.kind == "ENDSEC")
+      section_.clear();
+    if (isCarriedWhole(section_)) {
+      auto& groups = contents.others[section_].groups;
+      groups.insert(groups.end(), record_.groups.begin(), record_.groups.end());
+    } else {
+      keepByHandle();
     }
     record_ = {};
     variable_ = nullptr;
@@ -111,22 +116,81 @@ public:
   Contents contents;
 
 private:
+  void keepByHandle() {
+    auto& groups = record_.groups;
+    const int code = record_.kind == "DIMSTYLE" ? 105 : 5;
+    const auto head = std::find_if(groups.begin(), groups.end(), [](const Group& group) { return group.code == 100; });
+    const auto handle = std::find_if(groups.begin(), head, [code](const Group& group) { return group.code == code; });
+    if (handle == head)
+      return;
+    const std::string name = handle->value;
+    bool inApplication = false; // the owner stands outside "{NAME" ... "}"
+    const auto owner = std::find_if(groups.begin(), head, [&inApplication](const Group& group) {
+      if (group.code == 102)
+        inApplication = group.value.substr(0, 1) == "{";
+      return group.code == 330 && !inApplication;
+    });
+    if (owner != head) {
+      record_.owner = owner->value;
+      groups.erase(owner);
+    }
+    record_.section = section_;
+    contents.byHandle.emplace(name, std::move(record_));
+  }
+
   Record record_;
   Record* variable_ = nullptr;
   std::string section_;
 };
 
-void compare(const std::string& name, const Record& source, const Record* written, std::vector<Loss>& losses) {
-  std::map<std::pair<int, std::string>, int> there;
-  if (written != nullptr) {
-    for (const Group& group : written->groups)
-      ++there[{group.code, group.value}];
+using Records = std::map<std::string, Record>;
+
+class Comparison {
+public:
+  explicit Comparison(const Records& sources) : sources_(sources) {}
+
+  void compareAll(const Records& sources, const Records& written) {
+    for (const auto& [name, record] : sources) {
+      const auto found = written.find(name);
+      compare(name, record, found == written.end() ? nullptr : &found->second);
+    }
   }
-  for (const Group& group : source.groups) {
-    if (--there[{group.code, group.value}] < 0)
-      losses.push_back({source.kind + " " + name, source.section, source.kind, group, written});
+  std::vector<Loss> losses;
+
+private:
+  void compare(const std::string& name, const Record& source, const Record* written) {
+    std::map<std::pair<int, std::string>, int> there;
+    if (written != nullptr) {
+      for (const Group& group : written->groups)
+        ++there[{group.code, group.value}];
+      if (source.owner != written->owner && ownerIsItsOwn(source))
+        add(name, source, written, {330, source.owner});
+    }
+    for (const Group& group : source.groups) {
+      if (--there[{group.code, group.value}] < 0)
+        add(name, source, written, group);
+    }
   }
-}
+
+  // Where a record stands decides about its owner, except for objects and for entities of the drawing; and only an
+  // owner that can own it is believed.
+  bool ownerIsItsOwn(const Record& record) const {
+    if (record.owner.empty() || record.section == "OBJECTS")
+      return !record.owner.empty();
+    const auto owner = sources_.find(record.owner);
+    if (record.section != "ENTITIES" || owner == sources_.end())
+      return false;
+    const bool isPart = record.kind == "ATTRIB" || record.kind == "VERTEX" || record.kind == "SEQEND";
+    return (owner->second.kind == "BLOCK_RECORD") != isPart;
+  }
+
+  void add(const std::string& name, const Record& source, const Record* written, const Group& group) {
+    const bool toNothing = kindOf(group.code) == Kind::Handle && sources_.find(group.value) == sources_.end();
+    losses.push_back({name, &source, written, group, toNothing});
+  }
+
+  const Records& sources_;
+};
 
 } // namespace
 
@@ -157,16 +221,11 @@ Contents contentsOf(std::string_view text) {
 }
 
 std::vector<Loss> lossesBetween(const Contents& source, const Contents& written) {
-  std::vector<Loss> losses;
-  for (const auto& [handle, record] : source.byHandle) {
-    const auto found = written.byHandle.find(handle);
-    compare(handle, record, found == written.byHandle.end() ? nullptr : &found->second, losses);
-  }
-  for (const auto& [name, variable] : source.header) {
-    const auto found = written.header.find(name);
-    compare(name, variable, found == written.header.end() ? nullptr : &found->second, losses);
-  }
-  return losses;
+  Comparison comparison(source.byHandle);
+  comparison.compareAll(source.byHandle, written.byHandle);
+  comparison.compareAll(source.header, written.header);
+  comparison.compareAll(source.others, written.others);
+  return std::move(comparison.losses);
 }
 
 } // namespace corpus

@@ -17,25 +17,28 @@ struct Group {
 struct Record {
   std::string kind;    // LINE, LAYER ...; header variables with their dollar sign
   std::string section; // HEADER, TABLES ...
+  std::string owner;   // "" for none
   std::vector<Group> groups;
 };
 
 struct Contents {
   std::map<std::string, Record> byHandle; // the first record of each handle
-  std::map<std::string, Record> header;   // by variable
+  std::map<std::string, Record> header;   // by variable; the last one of a name counts
+  std::map<std::string, Record> others;   // CLASSES and the like: whole sections
 };
 
 Contents contentsOf(std::string_view text);
 
 struct Loss {
-  std::string record; // kind and handle
-  std::string section;
-  std::string kind;
-  Group group;
+  std::string name; // handle, variable or section
+  const Record* source = nullptr;
   const Record* written = nullptr; // null: the whole record is missing
+  Group group;                     // a lost owner: code 330
+  bool toNothing = false;          // a handle that no record of the source has
 };
 
-// Every group of `source` that the record of the same handle (or the variable of the same name) in `written` lacks.
+// Every group of `source` that the record of the same handle (or the variable or section of the same name) in
+// `written` lacks. Points into both.
 std::vector<Loss> lossesBetween(const Contents& source, const Contents& written);
 
 enum class Kind { Text, Real, Whole, Handle, Bytes };
