@@ -44,19 +44,19 @@ enum DuplicateRecordCloning {
   kDrcReplace = 2, // the target's record keeps its id and takes over the source's properties and contents
 };
 
-// Versions of drawing files, oldest first.
-enum DwgVersion : std::uint8_t {
+// Versions of drawing files, oldest first. The numbers stand in saved settings.
+enum DwgVersion : std::int32_t {
   kVersionUnknown = 0,
-  kRelease10,
-  kRelease12,
-  kRelease13,
-  kRelease14,
-  kRelease2000,
-  kRelease2004,
-  kRelease2007,
-  kRelease2010,
-  kRelease2013,
-  kRelease2018,
+  kRelease10 = 13,
+  kRelease12 = 16,
+  kRelease13 = 19,
+  kRelease14 = 21,
+  kRelease2000 = 23,
+  kRelease2004 = 25,
+  kRelease2007 = 27,
+  kRelease2010 = 29,
+  kRelease2013 = 31,
+  kRelease2018 = 33,
   kNewestVersion = kRelease2018
 };
 
