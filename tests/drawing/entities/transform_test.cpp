@@ -1,8 +1,13 @@
 // A matrix moves an entity to where it moves the entity's points, or the entity says no and stays as it was.
 #include "DbCurves.h"
+#include "DbDimension.h"
+#include "DbFaces.h"
+#include "DbLeader.h"
 #include "DbMText.h"
 #include "DbPolyline.h"
+#include "DbRasterImage.h"
 #include "DbSpline.h"
+#include "DbUnderlayReference.h"
 #include "Ge/GeUtil.h"
 #include "tests/drawing/entities/group_text.h"
 
@@ -131,6 +136,64 @@ Points mtextPoints(const OdDbEntity& e) {
   return {text.location(), text.location() + x * text.width(), text.location() + y * text.textHeight()};
 }
 
+Points areaPoints(const OdDbEntity& e) {
+  const auto& area = as<OdDbFilledArea>(e);
+  const OdGeVector3d top = OdGeMatrix3d::planeToWorld(area.normal()).column(2) * area.thickness();
+  return {area.getPointAt(0), area.getPointAt(1), area.getPointAt(2), area.getPointAt(3), area.getPointAt(3) + top};
+}
+
+Points facePoints(const OdDbEntity& e) {
+  const auto& face = as<OdDbFace>(e);
+  return {face.getVertexAt(0), face.getVertexAt(1), face.getVertexAt(2), face.getVertexAt(3)};
+}
+
+// The dimension line's direction too; the text must lie as before beside the points.
+Points rotatedPoints(const OdDbEntity& e) {
+  const auto& dim = as<OdDbRotatedDimension>(e);
+  const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(dim.normal());
+  const auto along = [&](double angle) { return plane * OdGeVector3d(std::cos(angle), std::sin(angle), 0); };
+  const OdGeVector3d line = along(dim.rotation()) * dim.getMeasurement();
+  const OdGeVector3d slanted = along(dim.rotation() + dim.oblique()) * dim.getMeasurement();
+  const OdGeVector3d text = along(dim.rotation() + dim.textRotation()) * dim.getMeasurement();
+  return {dim.xLine1Point(),        dim.xLine2Point(),           dim.dimLinePoint(),      dim.textPosition(),
+          dim.xLine1Point() + line, dim.xLine1Point() + slanted, dim.xLine1Point() + text};
+}
+
+Points angularPoints(const OdDbEntity& e) {
+  const auto& dim = as<OdDbAngularDimension>(e);
+  return {dim.definitionPoint(), dim.xLine1Point(), dim.xLine2Point(),
+          dim.centerPoint(),     dim.arcPoint(),    dim.textPosition()};
+}
+
+Points radialPoints(const OdDbEntity& e) {
+  const auto& dim = as<OdDbRoundDimension>(e);
+  const OdGeVector3d out = (dim.chordPoint() - dim.definitionPoint()).normal();
+  return {dim.definitionPoint(), dim.chordPoint(), dim.chordPoint() + out * dim.leaderLength(),
+          dim.definitionPoint() + out * dim.getMeasurement()};
+}
+
+Points ordinatePoints(const OdDbEntity& e) {
+  const auto& dim = as<OdDbOrdinateDimension>(e);
+  return {dim.origin(), dim.definingPoint(), dim.leaderEndPoint()};
+}
+
+Points leaderPoints(const OdDbEntity& e) {
+  const auto& leader = as<OdDbLeader>(e);
+  return {leader.vertexAt(0), leader.vertexAt(1)};
+}
+
+Points picturePoints(const OdDbEntity& e) {
+  OdGePoint3d origin;
+  OdGeVector3d u, v;
+  as<OdDbPicture>(e).getOrientation(origin, u, v);
+  return {origin, origin + u * 200, origin + v * 100};
+}
+
+Points pagePoints(const OdDbEntity& e) {
+  const OdGeMatrix3d page = as<OdDbUnderlayReference>(e).transform();
+  return {page * OdGePoint3d(), page * OdGePoint3d(4, 0, 0), page * OdGePoint3d(0, 3, 0)};
+}
+
 struct Kind {
   const char* name;
   const char* dxfName;
@@ -168,6 +231,37 @@ const Kind kKinds[] = {
      "100 AcDbMText|10 1|20 2|30 3|40 2.5|41 40|71 5|72 1|7 Standard|11 0.6|21 0.8|31 0|42 12|43 3|73 1|44 1|1 one\\P"
      "two|90 1|63 3|45 1.5|441 0|75 1|76 2|48 18|49 1|50 9",
      false, mtextPoints},
+    {"Solid", "SOLID",
+     "100 AcDbTrace|10 1|20 2|30 3|11 4|21 2|31 3|12 1|22 6|32 3|13 4|23 6|33 3|39 2|210 0|220 0|230 -1", false,
+     areaPoints},
+    {"Trace", "TRACE", "100 AcDbTrace|10 1|20 2|30 3|11 4|21 2|31 3|12 1|22 6|32 3|13 4|23 6|33 3", true, areaPoints},
+    {"Face", "3DFACE", "100 AcDbFace|10 1|20 2|30 3|11 4|21 2|31 5|12 1|22 6|32 3|13 4|23 6|33 8|70 5", true,
+     facePoints},
+    {"RotatedDimension", "DIMENSION",
+     "100 AcDbDimension|280 0|10 5|20 9|30 0|11 3|21 9|31 0|70 32|71 5|42 4|53 15|51 40|3 Standard|100 "
+     "AcDbAlignedDimension|13 1|23 2|33 0|14 5|24 3|34 0|52 20|50 30|100 AcDbRotatedDimension",
+     false, rotatedPoints},
+    {"AngularDimension", "DIMENSION",
+     "100 AcDbDimension|280 0|10 5|20 9|30 0|11 3|21 9|31 0|70 34|1 about <>|71 5|42 0.5|210 0|220 0|230 -1|100 "
+     "AcDb2LineAngularDimension|13 1|23 2|33 0|14 5|24 3|34 0|15 1|25 8|35 0|16 7|26 7|36 2",
+     false, angularPoints},
+    {"RadialDimension", "DIMENSION",
+     "100 AcDbDimension|280 0|10 1|20 2|30 3|70 4|71 5|42 5|100 AcDbRadialDimension|15 4|25 6|35 3|40 2", false,
+     radialPoints},
+    {"OrdinateDimension", "DIMENSION",
+     "100 AcDbDimension|280 0|10 1|20 2|30 3|70 70|71 5|100 AcDbOrdinateDimension|13 4|23 6|33 3|14 9|24 9|34 3", false,
+     ordinatePoints},
+    {"Leader", "LEADER",
+     "100 AcDbLeader|3 Standard|71 1|72 0|73 3|74 1|75 0|40 2|41 5|76 2|10 1|20 2|30 3|10 4|20 5|30 3|212 1|222 "
+     "2|232 0",
+     false, leaderPoints},
+    {"Image", "IMAGE",
+     "100 AcDbRasterImage|90 0|10 1|20 2|30 3|11 0.1|21 0|31 0|12 0|22 0.1|32 0|13 200|23 100|340 0|70 7|280 1|71 2|91 "
+     "2|14 0|24 0|14 9|24 9",
+     true, picturePoints},
+    {"Underlay", "PDFUNDERLAY",
+     "100 AcDbUnderlayReference|340 0|10 1|20 2|30 3|41 2|42 2|43 2|50 30|280 2|11 0|21 0|11 5|21 5", false,
+     pagePoints},
 };
 
 struct Motion {
