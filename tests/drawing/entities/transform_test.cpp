@@ -265,7 +265,7 @@ const Kind kKinds[] = {
     {"Solid", "SOLID",
      "100 AcDbTrace|10 1|20 2|30 3|11 4|21 2|31 3|12 1|22 6|32 3|13 4|23 6|33 3|39 2|210 0|220 0|230 -1", false,
      areaPoints},
-    {"Trace", "TRACE", "100 AcDbTrace|10 1|20 2|30 3|11 4|21 2|31 3|12 1|22 6|32 3|13 4|23 6|33 3", true, areaPoints},
+    {"Trace", "TRACE", "100 AcDbTrace|10 1|20 2|30 3|11 4|21 2|31 3|12 1|22 6|32 3", true, areaPoints},
     {"Face", "3DFACE", "100 AcDbFace|10 1|20 2|30 3|11 4|21 2|31 5|12 1|22 6|32 3|13 4|23 6|33 8|70 5", true,
      facePoints},
     {"RotatedDimension", "DIMENSION",
