@@ -105,9 +105,11 @@ const drawing::Description& OdDbDimStyleTableRecord::ownDescription() {
       {{"AcDbDimStyleTableRecord",
         {field<&Self::name_>(2), field<&Self::flags_>(70), field<&Self::scale_>(40).unless(1),
          field<&Self::arrowSize_>(41).unless(0.18), field<&Self::textHeight_>(140).unless(0.18),
-         field<&Self::textStyle_>(340).unlessEmpty(), field<&Self::leaderArrow_>(341).unlessEmpty(),
-         field<&Self::arrow_>(342).unlessEmpty(), field<&Self::firstArrow_>(343).unlessEmpty(),
-         field<&Self::secondArrow_>(344).unlessEmpty()}}});
+         field<&Self::textStyle_>(340).unlessEmpty().orName(OdDb::kTextStyleTable),
+         field<&Self::leaderArrow_>(341).unlessEmpty().orName(OdDb::kBlockTable),
+         field<&Self::arrow_>(342).unlessEmpty().orName(OdDb::kBlockTable),
+         field<&Self::firstArrow_>(343).unlessEmpty().orName(OdDb::kBlockTable),
+         field<&Self::secondArrow_>(344).unlessEmpty().orName(OdDb::kBlockTable)}}});
   return description;
 }
 

@@ -121,18 +121,13 @@ OdGePoint3d OdDbAngularDimension::arcPoint() const {
 }
 
 OdResult OdDbAngularDimension::getGeomExtents(OdGeExtents3d& extents) const {
-  if (arc_.x != 0 || arc_.y != 0 || arc_.z != 0)
-    extents.addPoint(arcPoint());
+  extents.addPoint(arcPoint());
   return OdDbDimension::getGeomExtents(extents);
 }
 
 OdResult OdDbRoundDimension::getGeomExtents(OdGeExtents3d& extents) const {
   extents.addPoint(chord_ + (chord_ - definition_).normal() * leaderLength_);
   return OdDbDimension::getGeomExtents(extents);
-}
-
-OdDbDimension::PointList OdDbLinearDimension::planePoints() {
-  return {&insertion_};
 }
 
 // The slant counts from the dimension line, so only a mirror turns it.
