@@ -17,8 +17,8 @@ const drawing::Description& OdDbLeader::ownDescription() {
          field<&Self::pathType_>(72), field<&Self::noteKind_>(73), field<&Self::hookSide_>(74),
          field<&Self::hasHook_>(75), field<&Self::noteHeight_>(40), field<&Self::noteWidth_>(41),
          field<&Self::annotation_>(340).ref(OdDb::kHardPointerRef).unlessEmpty(),
-         field<&Self::normal_>(210).unless(0, 0, 1), field<&Self::horizontal_>(211).unless(1, 0, 0),
-         field<&Self::offsetFromBlock_>(212).unless(0, 0, 0), field<&Self::offsetFromAnnotation_>(213).unless(0, 0, 0)},
+         field<&Self::normal_>(210).unless(0, 0, 1), field<&Self::horizontal_>(211),
+         field<&Self::offsetFromBlock_>(212), field<&Self::offsetFromAnnotation_>(213)},
         readGroup,
         writeGroups}});
   return description;

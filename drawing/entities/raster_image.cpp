@@ -24,11 +24,7 @@ const drawing::Description& OdDbRasterImage::ownDescription() {
 }
 
 const drawing::Description& OdDbWipeout::ownDescription() {
-  static const drawing::Description description = [] {
-    drawing::Section section = pictureSection("AcDbWipeout");
-    section.fields.push_back(field<&OdDbWipeout::definition_>(340).ref(OdDb::kHardPointerRef).unlessEmpty());
-    return drawing::Description(&OdDbEntity::ownDescription(), {section});
-  }();
+  static const drawing::Description description(&OdDbEntity::ownDescription(), {pictureSection("AcDbWipeout")});
   return description;
 }
 

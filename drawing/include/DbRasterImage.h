@@ -42,7 +42,4 @@ class MVDRAWING_API OdDbWipeout : public OdDbPicture {
 public:
   ODDB_DECLARE_MEMBERS(OdDbWipeout);
   OdDbWipeout() = default;
-
-private:
-  OdDbObjectId definition_; // none in most files
 };
