@@ -3,6 +3,7 @@
 
 #include "DbBlockReference.h"
 #include "DbDatabase.h"
+#include "DbDimension.h"
 #include "DbLayout.h"
 #include "db/block_graph.h"
 #include "db/load_context.h"
@@ -78,7 +79,7 @@ void Cloner::planReferences(OdDbObject& object) {
     const OdDbObject* needed = peek(id);
     if (needed == nullptr || needed->isErased())
       continue;
-    const bool picture = isPicture(*needed) && object.isA()->asciiName().find("Dimension") != std::string::npos;
+    const bool picture = isPicture(*needed) && object.isKindOf(OdDbDimension::desc());
     if (crosses() || picture)
       planNeeded(id);
   }
