@@ -1,7 +1,8 @@
 // Annotative objects: how drawings store the property, and that taking it away leaves nothing behind.
 #include "DbAnnotativeObjectPE.h"
-#include "DbCurves.h"
 #include "DbDictionary.h"
+#include "DbDimension.h"
+#include "DbMText.h"
 #include "DbPaperOrientationPE.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
