@@ -1,5 +1,7 @@
 #include "DbSymbolRecords.h"
 
+#include "DbDatabase.h"
+
 using drawing::field;
 using drawing::Section;
 
@@ -24,6 +26,11 @@ const drawing::Description& OdDbLayerTableRecord::ownDescription() {
          field<&Self::material_>(347).unlessEmpty().from(OdDb::kRelease2007),
          field<&Self::visualStyle_>(348).unlessEmpty().from(OdDb::kRelease2007)}}});
   return description;
+}
+
+void OdDbLayerTableRecord::joinedTable() {
+  if (linetype_.isNull())
+    linetype_ = database()->symbol(OdDb::kLinetypeTable, L"Continuous");
 }
 
 void OdDbLayerTableRecord::setIsOff(bool off) {

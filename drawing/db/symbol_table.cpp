@@ -14,7 +14,9 @@ ODRX_DEFINE_MEMBERS(OdDbSymbolTableIterator, OdRxObject, "");
 namespace {
 
 // The number of records follows from the records.
-bool takesCount(OdDbObject&, const drawing::Pair& pair, drawing::LoadContext&) { return pair.code == 70; }
+bool takesCount(OdDbObject&, const drawing::Pair& pair, drawing::LoadContext&) {
+  return pair.code == 70;
+}
 
 } // namespace
 
@@ -70,6 +72,13 @@ OdDbObjectId OdDbSymbolTable::getAt(const OdString& name, bool openErased) const
 }
 
 OdDbObjectId OdDbSymbolTable::add(OdDbSymbolTableRecord* record) {
+  const OdDbObjectId id = addClone(record);
+  if (!id.isNull())
+    record->joinedTable();
+  return id;
+}
+
+OdDbObjectId OdDbSymbolTable::addClone(OdDbSymbolTableRecord* record) {
   assertWriteEnabled();
   if (kind() == OdDb::kBlockTable)
     record->setName(completeAnonymous(record->getName()));

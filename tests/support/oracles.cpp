@@ -1,5 +1,6 @@
 #include "tests/support/oracles.h"
 
+#include "DbAudit.h"
 #include "DbDxf.h"
 
 #include <gtest/gtest.h>
@@ -52,6 +53,12 @@ OdDbDatabasePtr expectRoundTrip(const OdDbDatabase& database) {
     EXPECT_EQ(issue.severity, drawing::Severity::Note) << drawing::describe(issue);
   EXPECT_EQ(firstDifference(drawing::canonicalDump(database), drawing::canonicalDump(*read.database)), "");
   return read.database;
+}
+
+void expectSound(OdDbDatabase& database) {
+  const drawing::Report report = drawing::auditDrawing(database);
+  for (const drawing::Issue& issue : report.issues())
+    ADD_FAILURE() << describe(issue);
 }
 
 void skewHandles(OdDbDatabase& database) {

@@ -19,6 +19,9 @@ void expectUndoRestores(OdDbDatabase& database, const std::function<void()>& cha
 // Writing the drawing and reading it again gives an equal dump, handles included. Answers what was read.
 OdDbDatabasePtr expectRoundTrip(const OdDbDatabase& database);
 
+// The audit finds nothing.
+void expectSound(OdDbDatabase& database);
+
 // Leaves a gap in the numbering, so that a handle that was copied instead of translated names nothing.
 void skewHandles(OdDbDatabase& database);
 

@@ -3,7 +3,6 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include "DbAudit.h"
 #include "DbBlockReference.h"
 #include "DbCurves.h"
 #include "DbDictionary.h"
@@ -26,11 +25,6 @@ OdDbObjectId addLine(OdDbDatabase& database, const OdGePoint3d& from, const OdGe
   line->setEndPoint(to);
   line->setLayer(database.getLayerZeroId());
   return forWrite<OdDbBlockTableRecord>(block.isNull() ? database.getModelSpaceId() : block)->appendOdDbEntity(line);
-}
-
-void expectSound(OdDbDatabase& database) {
-  for (const drawing::Issue& issue : drawing::auditDrawing(database).issues())
-    ADD_FAILURE() << describe(issue);
 }
 
 std::vector<OdString> namesOf(const OdDbDatabase& database, OdDb::SymbolTableKind kind) {
