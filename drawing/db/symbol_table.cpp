@@ -1,5 +1,6 @@
 #include "DbSymbolTable.h"
 
+#include "DbBlockTable.h"
 #include "DbDatabase.h"
 #include "db/load_context.h"
 #include "db/store.h"
@@ -85,7 +86,13 @@ OdDbObjectId OdDbSymbolTable::addClone(OdDbSymbolTableRecord* record) {
     return {};
   if (!record->isDBRO())
     database()->addOdDbObject(record, objectId());
-  return adopt(record) ? record->objectId() : OdDbObjectId();
+  if (!adopt(record))
+    return {};
+  if (const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(record); !block.isNull()) {
+    const drawing::db::WriteScope scope(*block);
+    block->ensureEnds();
+  }
+  return record->objectId();
 }
 
 bool OdDbSymbolTable::adopt(OdDbSymbolTableRecord* record) {
