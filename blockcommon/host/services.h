@@ -35,6 +35,9 @@ int mvsidbDisToF(const wchar_t* text, int mode, double* value);
 // OdError_NotThatKindOfClass.
 int mvsiedRedraw(const long* entity, int mode);
 
+// Whether the host has a document manager.
+bool hasDocumentManager();
+
 // The UCS of the working drawing as a matrix to the world. Needs no service; -5001 without a working database.
 int currentUcsMatrix(OdGeMatrix3d& matrix);
 

@@ -30,7 +30,7 @@ const drawing::Description& OdDbBlockTableRecord::ownDescription() {
   static const drawing::Description description(
       &OdDbSymbolTableRecord::ownDescription(),
       {{"AcDbBlockTableRecord",
-        {field<&OdDbBlockTableRecord::name_>(2), field<&OdDbBlockTableRecord::layout_>(340),
+        {field<&OdDbBlockTableRecord::name_>(2), field<&OdDbBlockTableRecord::layout_>(340).ref(OdDb::kSoftPointerRef),
          field<&OdDbBlockTableRecord::units_>(70).from(OdDb::kRelease2007),
          field<&OdDbBlockTableRecord::explodable_>(280).from(OdDb::kRelease2007),
          field<&OdDbBlockTableRecord::scalesUniformly_>(281).from(OdDb::kRelease2007)},
@@ -137,6 +137,12 @@ void OdDbBlockTableRecord::adoptEnds(OdDbObjectId begin, OdDbObjectId end) {
     begin_ = begin;
   if (!end.isNull())
     end_ = end;
+}
+
+void OdDbBlockTableRecord::adoptCopy() {
+  begin_ = OdDbObjectId();
+  end_ = OdDbObjectId();
+  layout_ = OdDbObjectId();
 }
 
 void OdDbBlockTableRecord::ensureEnds() {

@@ -32,7 +32,7 @@ public:
   virtual std::string_view decode(std::string_view bytes, std::string& buffer) = 0;
 };
 
-class LoadContext {
+class MVDRAWING_API LoadContext {
 public:
   LoadContext(OdDbDatabase& database, TextDecoder& decoder, Report& report)
       : database_(database), decoder_(decoder), report_(report) {}
@@ -94,7 +94,7 @@ private:
 };
 
 // Takes one group by a description: into its field, by the section's own reader, or not at all.
-class SectionReader {
+class MVDRAWING_API SectionReader {
 public:
   SectionReader(OdDbObject& object, const Section& section, LoadContext& context)
       : object_(object), section_(section), context_(context) {}
@@ -114,7 +114,7 @@ private:
 // are left out.
 void writeSection(const OdDbObject& object, const Section& section, GroupSink& sink);
 // Writes everything behind the owner: markers, fields, carried groups. Extended data is not included.
-void writeSections(const OdDbObject& object, GroupSink& sink);
+MVDRAWING_API void writeSections(const OdDbObject& object, GroupSink& sink);
 
 // A name under which a file holds a reference to a record; "" for none.
 OdString symbolName(OdDbObjectId id);

@@ -195,6 +195,13 @@ void OdDbObject::ownedObjects(std::vector<OdDbObjectId>& ids) const {
     ids.push_back(extras_->extensionDictionary);
 }
 
+void OdDbObject::dropLostReactors() {
+  if (extras_) {
+    auto& all = extras_->reactors;
+    all.erase(std::remove(all.begin(), all.end(), OdDbObjectId()), all.end());
+  }
+}
+
 void OdDbObject::afterClone(const OdDbObject&, OdDbIdMapping&) {}
 void OdDbObject::afterLoad() {}
 

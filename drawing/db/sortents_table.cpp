@@ -122,13 +122,14 @@ void OdDbSortentsTable::visitReferences(drawing::ReferenceVisitor& visitor) {
 }
 
 // The copy orders the clones as the originals were ordered, by the clones' own handles.
-void OdDbSortentsTable::afterClone(const OdDbObject&, OdDbIdMapping&) {
-  std::stable_sort(entries_.begin(), entries_.end(),
-                   [](const Entry& a, const Entry& b) { return a.sortHandle < b.sortHandle; });
+void OdDbSortentsTable::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
+  const auto& original = static_cast<const OdDbSortentsTable&>(source);
   std::vector<OdDbObjectId> ids;
-  for (const Entry& entry : entries_) {
-    if (!entry.entity.isNull())
-      ids.push_back(entry.entity);
+  if (const auto* block = drawing::db::peekAs<OdDbBlockTableRecord>(original.block_)) {
+    for (OdDbObjectId id : block->drawOrder()) {
+      if (const OdDbObjectId clone = mapping.valueOf(id); !clone.isNull())
+        ids.push_back(clone);
+    }
   }
   setOrder(ids);
 }

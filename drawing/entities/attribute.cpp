@@ -16,7 +16,9 @@ const drawing::Description& OdDbAttributeDefinition::ownDescription() {
        {"AcDbAttributeDefinition",
         {field<&Self::version_>(280).from(OdDb::kRelease2010), field<&Self::prompt_>(3), field<&Self::tag_>(2),
          field<&Self::attributeFlags_>(70), field<&Self::fieldLength_>(73).unless(0),
-         field<&Self::vertical_>(74).unless(0), field<&Self::lockPosition_>(280).from(OdDb::kRelease2007)}}});
+         field<&Self::vertical_>(74).unless(0), field<&Self::lockPosition_>(280).from(OdDb::kRelease2007)},
+        readRest,
+        writeRest}});
   return description;
 }
 
@@ -28,7 +30,9 @@ const drawing::Description& OdDbAttribute::ownDescription() {
        {"AcDbAttribute",
         {field<&Self::version_>(280).from(OdDb::kRelease2010), field<&Self::tag_>(2), field<&Self::attributeFlags_>(70),
          field<&Self::fieldLength_>(73).unless(0), field<&Self::vertical_>(74).unless(0),
-         field<&Self::lockPosition_>(280).from(OdDb::kRelease2007)}}});
+         field<&Self::lockPosition_>(280).from(OdDb::kRelease2007)},
+        readRest,
+        writeRest}});
   return description;
 }
 
@@ -45,10 +49,6 @@ void OdDbAttributeBase::setAttributeFlag(std::int16_t bit, bool on) {
 void OdDbAttributeBase::setLockPositionInBlock(bool on) {
   assertWriteEnabled();
   lockPosition_ = on;
-}
-
-bool OdDbAttributeBase::isMTextAttribute() const {
-  return false;
 }
 
 void OdDbAttributeDefinition::setPrompt(const OdString& prompt) {
@@ -75,5 +75,9 @@ void OdDbAttribute::setAttributeFromBlock(const OdDbAttributeDefinition* definit
   setAttributeFlag(kPreset, definition->isPreset());
   fieldLength_ = definition->fieldLength();
   lockPosition_ = definition->lockPositionInBlock();
-  transformBy(blockTransform);
+  const OdDbMTextPtr text = definition->getMTextAttribute();
+  if (!text.isNull() || isMTextAttribute())
+    setMTextAttribute(text.get());
+  text_ = definition->textString();
+  transformAll(blockTransform, true);
 }

@@ -1,8 +1,12 @@
 #include "entities/class_chooser.h"
 
 #include "DbBlockReference.h"
+#include "DbDimension.h"
+#include "DbVertexPolylines.h"
+#include "db/load_context.h"
 
 #include <charconv>
+#include <iterator>
 #include <utility>
 
 namespace drawing {
@@ -56,6 +60,82 @@ OdRxClass* chooseInsert(Groups groups) {
   return multiple ? OdDbMInsertBlock::desc() : OdDbBlockReference::desc();
 }
 
+// The class whose own marker the record holds.
+struct Marked {
+  std::string_view marker;
+  OdRxClass* (*descriptor)();
+};
+
+template <std::size_t Count>
+OdRxClass* byMarker(Groups groups, const Marked (&classes)[Count]) {
+  for (const Marked& one : classes) {
+    if (hasMarker(groups, one.marker))
+      return one.descriptor();
+  }
+  return nullptr;
+}
+
+// Old files have no markers; flags tell as well. The first whose bits are all set is it.
+struct Flagged {
+  std::int64_t bits;
+  OdRxClass* (*descriptor)();
+};
+
+template <std::size_t Count>
+OdRxClass* byFlags(Groups groups, const Flagged (&classes)[Count]) {
+  const std::int64_t flags = integerOf(groups, 70, 0);
+  for (const Flagged& one : classes) {
+    if ((flags & one.bits) == one.bits)
+      return one.descriptor();
+  }
+  return nullptr;
+}
+
+OdRxClass* choosePolyline(Groups groups) {
+  static constexpr Marked kMarked[] = {{"AcDb2dPolyline", OdDb2dPolyline::desc},
+                                       {"AcDb3dPolyline", OdDb3dPolyline::desc},
+                                       {"AcDbPolygonMesh", OdDbPolygonMesh::desc},
+                                       {"AcDbPolyFaceMesh", OdDbPolyFaceMesh::desc}};
+  static constexpr Flagged kFlagged[] = {
+      {64, OdDbPolyFaceMesh::desc}, {16, OdDbPolygonMesh::desc}, {8, OdDb3dPolyline::desc}, {0, OdDb2dPolyline::desc}};
+  OdRxClass* marked = byMarker(groups, kMarked);
+  return marked != nullptr ? marked : byFlags(groups, kFlagged);
+}
+
+OdRxClass* chooseVertex(Groups groups) {
+  static constexpr Marked kMarked[] = {{"AcDb2dVertex", OdDb2dVertex::desc},
+                                       {"AcDb3dPolylineVertex", OdDb3dPolylineVertex::desc},
+                                       {"AcDbPolygonMeshVertex", OdDbPolygonMeshVertex::desc},
+                                       {"AcDbPolyFaceMeshVertex", OdDbPolyFaceMeshVertex::desc},
+                                       {"AcDbFaceRecord", OdDbFaceRecord::desc}};
+  static constexpr Flagged kFlagged[] = {{64 + 128, OdDbPolyFaceMeshVertex::desc},
+                                         {128, OdDbFaceRecord::desc},
+                                         {64, OdDbPolygonMeshVertex::desc},
+                                         {32, OdDb3dPolylineVertex::desc},
+                                         {0, OdDb2dVertex::desc}};
+  OdRxClass* marked = byMarker(groups, kMarked);
+  return marked != nullptr ? marked : byFlags(groups, kFlagged);
+}
+
+OdRxClass* chooseDimension(Groups groups) {
+  static constexpr Marked kMarked[] = {{"AcDbRotatedDimension", OdDbRotatedDimension::desc},
+                                       {"AcDbAlignedDimension", OdDbAlignedDimension::desc},
+                                       {"AcDb2LineAngularDimension", OdDb2LineAngularDimension::desc},
+                                       {"AcDb3PointAngularDimension", OdDb3PointAngularDimension::desc},
+                                       {"AcDbRadialDimension", OdDbRadialDimension::desc},
+                                       {"AcDbDiametricDimension", OdDbDiametricDimension::desc},
+                                       {"AcDbOrdinateDimension", OdDbOrdinateDimension::desc}};
+  if (OdRxClass* marked = byMarker(groups, kMarked))
+    return marked;
+  using Descriptor = OdRxClass* (*)();
+  static constexpr Descriptor kByType[] = {OdDbRotatedDimension::desc,      OdDbAlignedDimension::desc,
+                                           OdDb2LineAngularDimension::desc, OdDbDiametricDimension::desc,
+                                           OdDbRadialDimension::desc,       OdDb3PointAngularDimension::desc,
+                                           OdDbOrdinateDimension::desc};
+  const std::int64_t type = integerOf(groups, 70, 0) & 15;
+  return type < static_cast<std::int64_t>(std::size(kByType)) ? kByType[type]() : nullptr;
+}
+
 struct Chooser {
   std::string_view dxfName;
   OdRxClass* (*choose)(Groups);
@@ -63,6 +143,9 @@ struct Chooser {
 
 constexpr Chooser kChoosers[] = {
     {"INSERT", chooseInsert},
+    {"DIMENSION", chooseDimension},
+    {"POLYLINE", choosePolyline},
+    {"VERTEX", chooseVertex},
 };
 
 } // namespace

@@ -2,14 +2,15 @@
 #pragma once
 
 #include "RxObject.h"
-#include "db/load_context.h"
 
 #include <span>
 #include <string_view>
 
 namespace drawing {
 
+struct Pair;
+
 // `groups` are those of the record behind its name. Null when the kind is not modelled.
-OdRxClass* chooseClass(std::string_view dxfName, std::span<const Pair> groups);
+MVDRAWING_API OdRxClass* chooseClass(std::string_view dxfName, std::span<const Pair> groups);
 
 } // namespace drawing

@@ -38,6 +38,17 @@ bool isInvertibleMap(const OdGeMatrix3d& matrix) {
   return matrix.isAffine() && !matrix.isSingular();
 }
 
+void mapSweep(const OdGeMatrix3d& matrix, OdGeVector3d& direction, double& length) {
+  if (isTranslation(matrix) || !(direction.length() > 0))
+    return;
+  const OdGeVector3d moved = matrix * direction;
+  const OdGeVector3d unit = moved.normal();
+  if (const double factor = moved.length() / direction.length(); std::fabs(factor - 1) > 1e-14)
+    length *= factor;
+  if (!unit.isEqualTo(direction, OdGeTol(1e-14)))
+    direction = unit;
+}
+
 PlaneMap::PlaneMap(const OdGeMatrix3d& matrix, const OdGeVector3d& normal)
     : map_(matrix), normal_(normal), translation_(isTranslation(matrix)) {
   const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(normal);

@@ -11,6 +11,9 @@ bool isTranslation(const OdGeMatrix3d& matrix);
 // Finite, the last row 0 0 0 1, and with an inverse.
 bool isInvertibleMap(const OdGeMatrix3d& matrix);
 
+// The direction and length of what is drawn upright on an entity of points.
+void mapSweep(const OdGeMatrix3d& matrix, OdGeVector3d& direction, double& length);
+
 // A matrix as seen from a plane: from the frame of the old normal to the frame of the new one (object coordinates).
 // The new normal is on the side where the old one went, so a mirror turns directions of rotation round. Translations
 // leave the normal and all directions as they are, to the last bit.

@@ -99,6 +99,7 @@ public:
   void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
   void adoptEntity(OdDbObjectId id) { members_.push(id); }
+  void adoptCopy(); // a copy has no ends and no layout of its own yet
   void adoptEnds(OdDbObjectId begin, OdDbObjectId end);
   void ensureEnds(); // makes the BLOCK and ENDBLK objects when they are missing
   // What files hold in the block's head instead of its table record.

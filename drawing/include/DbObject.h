@@ -105,6 +105,7 @@ public:
   virtual void membersChanged() {}
   // Called on the copy when its references have been translated.
   virtual void afterClone(const OdDbObject& source, OdDbIdMapping& mapping);
+  void dropLostReactors(); // reactors that became null
   // Called when the reader has all of the drawing; false: the object cannot stand as it is.
   virtual void afterLoad();
 

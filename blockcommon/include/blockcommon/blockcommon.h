@@ -3,4 +3,7 @@
 
 #include "blockcommon/block_lookup.h"
 #include "blockcommon/block_names.h"
+#include "blockcommon/creation.h"
 #include "blockcommon/prompts.h"
+#include "blockcommon/properties.h"
+#include "blockcommon/transforms.h"

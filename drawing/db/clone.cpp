@@ -1,0 +1,228 @@
+#include "db/clone.h"
+
+#include "DbDatabase.h"
+#include "db/store.h"
+#include "db/symbol_kinds.h"
+#include "db/undo.h"
+
+#include <algorithm>
+
+namespace drawing::db {
+
+void Cloner::make(const Item& item) {
+  const OdDbObject& source = *peek(item.source);
+  std::unique_ptr<OdDbObject> copy(source.makeCopy());
+  const OdDbObjectId owner = item.primary            ? owner_
+                             : !item.holder.isNull() ? item.holder
+                                                     : mapping_.valueOf(source.ownerId());
+  if (auto* record = dynamic_cast<OdDbSymbolTableRecord*>(copy.get()); record != nullptr && !item.holder.isNull())
+    record->setName(item.name);
+  if (auto* block = dynamic_cast<OdDbBlockTableRecord*>(copy.get()))
+    block->adoptCopy();
+  OdDbObject& made = *copy.release();
+  const OdDbObjectId id = target_.addOdDbObject(&made, owner);
+  mapping_.assign(OdDbIdPair(item.source, id, true, item.primary));
+  join(item, made);
+}
+
+// Where the copy is listed: in the block, table or dictionary that holds it.
+void Cloner::join(const Item& item, OdDbObject& copy) {
+  OdDbObject* holder = peek(copy.ownerId());
+  if (holder == nullptr)
+    return;
+  const WriteScope scope(*holder);
+  if (auto* table = dynamic_cast<OdDbSymbolTable*>(holder)) {
+    const WriteScope copyScope(copy);
+    table->add(static_cast<OdDbSymbolTableRecord*>(&copy));
+    return;
+  }
+  if (auto* dictionary = dynamic_cast<OdDbDictionary*>(holder)) {
+    OdString name = item.name;
+    if (item.primary) {
+      const auto* from = peekAs<OdDbDictionary>(peek(item.source)->ownerId());
+      name = from == nullptr ? OdString(L"*A") : from->nameAt(item.source);
+    }
+    if (!name.isEmpty() && (item.primary || !item.holder.isNull()))
+      dictionary->setAt(name, copy.objectId());
+    return;
+  }
+  auto* block = dynamic_cast<OdDbBlockTableRecord*>(holder);
+  if (block == nullptr || !copy.isKindOf(OdDbEntity::desc()))
+    return;
+  if (copy.isKindOf(OdDbBlockBegin::desc()))
+    return block->adoptEnds(copy.objectId(), {});
+  if (copy.isKindOf(OdDbBlockEnd::desc()))
+    return block->adoptEnds({}, copy.objectId());
+  target_.undoLog().listGrows(*block, block->members().size());
+  block->adoptEntity(copy.objectId());
+}
+
+// The target's object keeps its id and its place; what it held makes room for what the source holds.
+void Cloner::replace(const Item& item) {
+  OdDbObject& present = *peek(item.target);
+  const OdDbObject& source = *peek(item.source);
+  const WriteScope scope(present);
+  std::vector<OdDbObjectId> owned;
+  present.ownedObjects(owned);
+  for (OdDbObjectId id : owned) {
+    OdDbObject* part = peek(id);
+    if (part == nullptr || part->isErased())
+      continue;
+    const WriteScope partScope(*part);
+    part->erase();
+  }
+  present.assertWriteEnabled();
+  const OdDbObjectId owner = present.ownerId();
+  OdDbObjectId layout;
+  auto* block = dynamic_cast<OdDbBlockTableRecord*>(&present);
+  if (block != nullptr)
+    layout = block->getLayoutId();
+  present.assignState(source);
+  present.setOwnerId(owner);
+  if (block != nullptr) {
+    block->adoptCopy();
+    block->setLayoutId(layout);
+  }
+  mapping_.assign(OdDbIdPair(item.source, item.target, false, false));
+}
+
+namespace {
+
+class Translate final : public ReferenceVisitor {
+public:
+  Translate(const OdDbIdMapping& mapping, const OdDbDatabase& target) : mapping_(mapping), target_(target) {}
+  void visit(OdDbObjectId& id, OdDb::ReferenceType) override {
+    if (id.isNull())
+      return;
+    OdDbIdPair pair(id, {}, false, false);
+    if (mapping_.compute(pair))
+      id = pair.value();
+    else if (id.database() != &target_)
+      id.setNull(); // nothing of another drawing may be named
+  }
+
+private:
+  const OdDbIdMapping& mapping_;
+  const OdDbDatabase& target_;
+};
+
+} // namespace
+
+void Cloner::translate() {
+  Translate visitor(mapping_, target_);
+  for (const Item& item : items_) {
+    if (item.action == Action::Use)
+      continue;
+    OdDbObject& copy = *peek(mapping_.valueOf(item.source));
+    const WriteScope scope(copy);
+    copy.visitReferences(visitor);
+    copy.dropLostReactors();
+    if (crosses())
+      ensureApplications(copy);
+  }
+  for (const Item& item : items_) {
+    if (item.action == Action::Use)
+      continue;
+    OdDbObject& copy = *peek(mapping_.valueOf(item.source));
+    const WriteScope scope(copy);
+    copy.afterClone(*peek(item.source), mapping_);
+    if (auto* block = dynamic_cast<OdDbBlockTableRecord*>(&copy))
+      block->ensureEnds();
+  }
+}
+
+// Extended data names its applications; the target must know them.
+void Cloner::ensureApplications(const OdDbObject& object) {
+  const GroupList* groups = object.xDataGroups();
+  auto* table = peekAs<OdDbSymbolTable>(target_.getRegAppTableId());
+  if (groups == nullptr || table == nullptr)
+    return;
+  for (std::size_t i = groups->find(1001); i < groups->size(); i = groups->find(1001, i + 1)) {
+    const OdString name = groups->stringOf((*groups)[i]);
+    if (name.isEmpty() || table->has(name))
+      continue;
+    OdSmartPtr<OdDbSymbolTableRecord> record = recordClass(OdDb::kRegAppTable)->create();
+    record->setName(name);
+    const WriteScope scope(*table);
+    table->add(record.get());
+  }
+}
+
+void Cloner::tellRenamed(const OdString& from, const OdString& to) {
+  if (report_ == nullptr)
+    return;
+  report_->add({"clone.renamed", Severity::Note, 0, -1, 0, "", "BLOCK",
+                "a nested definition is named \"" + from.toUtf8() + "\" like a block it must not be",
+                "it comes in as \"" + to.toUtf8() + "\""});
+}
+
+} // namespace drawing::db
+
+using drawing::db::Cloner;
+using drawing::db::peekAs;
+
+OdResult OdDbDatabase::deepCloneObjects(const OdDbObjectIdArray& ids, OdDbObjectId owner, OdDbIdMapping& mapping,
+                                        bool) {
+  if (owner.isNull())
+    return eNullObjectId;
+  mapping.setOrigDb(this);
+  mapping.setDestDb(this);
+  return Cloner(*this, *this, owner, mapping, OdDb::kDrcNotApplicable).run({ids.begin(), ids.end()});
+}
+
+OdResult OdDbDatabase::wblockCloneObjects(const OdDbObjectIdArray& ids, OdDbObjectId owner, OdDbIdMapping& mapping,
+                                          OdDb::DuplicateRecordCloning duplicates, bool) {
+  OdDbDatabase* target = owner.database();
+  if (target == nullptr)
+    return owner.isNull() ? eNullObjectId : eDatabaseGone;
+  if (target == this)
+    return eWrongDatabase;
+  mapping.setOrigDb(this);
+  mapping.setDestDb(target);
+  mapping.setDuplicateRecordCloning(duplicates);
+  return Cloner(*this, *target, owner, mapping, duplicates).run({ids.begin(), ids.end()});
+}
+
+namespace {
+
+// The record of that name, emptied, or a new one.
+OdDbBlockTableRecord* recordToFill(OdDbDatabase& target, const OdString& name) {
+  auto* table = peekAs<OdDbBlockTable>(target.getBlockTableId());
+  if (table == nullptr || name.isEmpty())
+    return nullptr;
+  auto* record = peekAs<OdDbBlockTableRecord>(table->getAt(name));
+  if (record == nullptr) {
+    auto made = OdDbBlockTableRecord::createObject();
+    made->setName(name);
+    const drawing::db::WriteScope scope(*table);
+    return peekAs<OdDbBlockTableRecord>(table->add(made.get()));
+  }
+  for (OdDbObjectId id : record->members().ids()) {
+    if (id.isErased())
+      continue;
+    OdDbObject& entity = *drawing::db::peek(id);
+    const drawing::db::WriteScope scope(entity);
+    entity.erase();
+  }
+  return record;
+}
+
+} // namespace
+
+OdDbObjectId OdDbDatabase::insert(const OdString& blockName, OdDbDatabase* source, drawing::Report* report) {
+  const auto* space = source == nullptr ? nullptr : peekAs<OdDbBlockTableRecord>(source->getModelSpaceId());
+  if (space == nullptr || source == this)
+    return {};
+  OdDbBlockTableRecord* record = recordToFill(*this, blockName);
+  if (record == nullptr)
+    return {};
+  const drawing::db::WriteScope scope(*record);
+  record->ensureEnds();
+  record->setOrigin(source->getINSBASE());
+  OdDbIdMapping mapping;
+  mapping.setOrigDb(source);
+  mapping.setDestDb(this);
+  Cloner cloner(*source, *this, record->objectId(), mapping, OdDb::kDrcIgnore);
+  cloner.setReport(report);
+  return cloner.run(space->drawOrder()) == eOk ? record->objectId() : OdDbObjectId();
+}

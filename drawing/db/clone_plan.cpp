@@ -1,0 +1,217 @@
+// What comes along when objects are cloned.
+#include "db/clone.h"
+
+#include "DbBlockReference.h"
+#include "DbDatabase.h"
+#include "DbDimension.h"
+#include "DbLayout.h"
+#include "db/block_graph.h"
+#include "db/load_context.h"
+#include "db/store.h"
+
+#include <unordered_set>
+
+namespace drawing::db {
+
+Cloner::Cloner(OdDbDatabase& source, OdDbDatabase& target, OdDbObjectId owner, OdDbIdMapping& mapping,
+               OdDb::DuplicateRecordCloning duplicates)
+    : source_(source), target_(target), owner_(owner), mapping_(mapping), duplicates_(duplicates) {}
+
+// A clone that refers to the block it is put into, directly or through others, would close a cycle.
+bool Cloner::closesCycle(const std::vector<OdDbObjectId>& primaries) const {
+  std::unordered_set<OdDbObjectId> blocks;
+  for (OdDbObjectId id : primaries) {
+    if (const auto* reference = peekAs<OdDbBlockReference>(id))
+      blocks.insert(reference->blockTableRecord());
+  }
+  for (OdDbObjectId block : blocks) {
+    if (leadsTo(block, owner_))
+      return true;
+  }
+  return false;
+}
+
+void Cloner::plan(Item item) {
+  if (planned_.emplace(item.source, items_.size()).second)
+    items_.push_back(std::move(item));
+}
+
+namespace {
+
+class CollectReferences final : public ReferenceVisitor {
+public:
+  void visit(OdDbObjectId& id, OdDb::ReferenceType type) override {
+    if (!id.isNull() && (type == OdDb::kHardPointerRef || type == OdDb::kHardOwnershipRef))
+      ids.push_back(id);
+  }
+  std::vector<OdDbObjectId> ids;
+};
+
+// The picture of a dimension belongs to it alone, although it is a block of the drawing.
+bool isPicture(const OdDbObject& object) {
+  const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(&object);
+  return block != nullptr && block->isAnonymous() && block->getName().left(2).iCompare(L"*D") == 0;
+}
+
+} // namespace
+
+// What the object owns, and what it cannot do without.
+void Cloner::planTree(std::size_t item) {
+  if (items_[item].action == Action::Use)
+    return;
+  OdDbObject& object = *peek(items_[item].source);
+  std::vector<OdDbObjectId> owned;
+  object.ownedObjects(owned);
+  for (OdDbObjectId id : owned) {
+    const OdDbObject* part = peek(id);
+    if (part != nullptr && !part->isErased())
+      plan({id, Action::Make, {}, {}, {}, false});
+  }
+  planReferences(object);
+}
+
+void Cloner::planReferences(OdDbObject& object) {
+  CollectReferences references;
+  object.visitReferences(references);
+  for (OdDbObjectId id : references.ids) {
+    if (isPlanned(id) || id.database() != &source_)
+      continue;
+    const OdDbObject* needed = peek(id);
+    if (needed == nullptr || needed->isErased())
+      continue;
+    const bool picture = isPicture(*needed) && object.isKindOf(OdDbDimension::desc());
+    if (crosses() || picture)
+      planNeeded(id);
+  }
+}
+
+void Cloner::planNeeded(OdDbObjectId id) {
+  OdDbObject& object = *peek(id);
+  if (auto* record = dynamic_cast<OdDbSymbolTableRecord*>(&object))
+    planRecord(*record);
+  else if (auto* table = dynamic_cast<OdDbSymbolTable*>(&object))
+    plan({id, Action::Use, target_.getSymbolTableId(table->kind()), {}, {}, false});
+  else if (!object.isKindOf(OdDbEntity::desc()) && !object.isKindOf(OdDbLayout::desc()))
+    planEntry(object);
+}
+
+// A block of the target may stand for one of the source unless it leads back to the block that is being filled.
+bool Cloner::mayStandFor(OdDbObjectId present) const {
+  return peekAs<OdDbBlockTableRecord>(present) == nullptr || !leadsTo(present, owner_);
+}
+
+OdString Cloner::freeName(const OdDbSymbolTable& table, const OdDbSymbolTableRecord& record) const {
+  OdString name = record.getName();
+  const auto taken = [&](const OdString& wanted) {
+    if (table.has(wanted))
+      return true;
+    for (const Item& item : items_) {
+      if (item.holder == table.objectId() && item.name.iCompare(wanted) == 0)
+        return true;
+    }
+    return false;
+  };
+  for (unsigned n = 2; taken(name); ++n)
+    name.format(L"%s-%u", record.getName().c_str(), n);
+  return name;
+}
+
+void Cloner::planRecord(OdDbSymbolTableRecord& record) {
+  const OdDbObjectId tableId = target_.getSymbolTableId(record.tableKind());
+  const auto* table = peekAs<OdDbSymbolTable>(tableId);
+  if (table == nullptr)
+    return;
+  Item item{record.objectId(), Action::Make, {}, tableId, record.getName(), false};
+  const auto* block = dynamic_cast<OdDbBlockTableRecord*>(&record);
+  if (block != nullptr && block->isAnonymous()) {
+    item.name = record.getName().left(2); // numbered anew when it joins the table
+  } else if (const OdDbObjectId present = table->getAt(record.getName()); !present.isNull()) {
+    if (present == owner_ || !mayStandFor(present)) {
+      item.name = freeName(*table, record);
+      tellRenamed(record.getName(), item.name);
+    } else {
+      item.action = duplicates_ == OdDb::kDrcReplace ? Action::Replace : Action::Use;
+      item.target = present;
+    }
+  }
+  plan(std::move(item));
+}
+
+// The dictionary of the target that answers to one of the source: the same names lead to it from the root. Missing
+// ones are made. Null for dictionaries that do not hang on the root.
+OdDbDictionary* Cloner::counterpart(OdDbObjectId dictionary) {
+  std::vector<OdString> path;
+  std::unordered_set<OdDbObjectId> seen;
+  OdDbObjectId at = dictionary;
+  while (at != source_.getNamedObjectsDictionaryId()) {
+    const auto* child = peekAs<OdDbDictionary>(at);
+    const auto* parent = child == nullptr ? nullptr : peekAs<OdDbDictionary>(child->ownerId());
+    if (parent == nullptr || !seen.insert(at).second)
+      return nullptr;
+    const OdString name = parent->nameAt(at);
+    if (name.isEmpty())
+      return nullptr;
+    path.push_back(name);
+    at = parent->objectId();
+  }
+  auto* found = peekAs<OdDbDictionary>(target_.getNamedObjectsDictionaryId());
+  for (auto name = path.rbegin(); name != path.rend() && found != nullptr; ++name) {
+    if (!found->has(*name)) {
+      const WriteScope scope(*found);
+      found->setAt(*name, new OdDbDictionary);
+    }
+    found = peekAs<OdDbDictionary>(found->getAt(*name));
+  }
+  return found;
+}
+
+void Cloner::planEntry(OdDbObject& object) {
+  if (object.isKindOf(OdDbDictionary::desc())) {
+    if (OdDbDictionary* there = counterpart(object.objectId()))
+      plan({object.objectId(), Action::Use, there->objectId(), {}, {}, false});
+    return;
+  }
+  const auto* holder = peekAs<OdDbDictionary>(object.ownerId());
+  OdDbDictionary* there = holder == nullptr ? nullptr : counterpart(holder->objectId());
+  if (there == nullptr)
+    return;
+  const OdString name = holder->nameAt(object.objectId());
+  Item item{object.objectId(), Action::Make, {}, there->objectId(), name, false};
+  const OdDbObjectId present = there->getAt(name);
+  if (const OdDbObject* same = peek(present); same != nullptr) {
+    item.target = present;
+    const bool replaces = duplicates_ == OdDb::kDrcReplace && same->isA() == object.isA();
+    item.action = replaces ? Action::Replace : Action::Use;
+  }
+  plan(std::move(item));
+}
+
+OdResult Cloner::run(const std::vector<OdDbObjectId>& primaries) {
+  if (peek(owner_) == nullptr || owner_.database() != &target_)
+    return eInvalidOwnerObject;
+  for (OdDbObjectId id : primaries) {
+    const OdDbObject* object = peek(id);
+    if (object == nullptr || id.database() != &source_)
+      return id.isNull() ? eNullObjectId : eWrongDatabase;
+    if (object->isErased())
+      return eWasErased;
+  }
+  if (!crosses() && closesCycle(primaries))
+    return eSelfReference;
+  for (OdDbObjectId id : primaries)
+    plan({id, Action::Make, {}, {}, {}, true});
+  for (std::size_t i = 0; i < items_.size(); ++i)
+    planTree(i);
+  for (const Item& item : items_) {
+    if (item.action == Action::Make)
+      make(item);
+    else if (item.action == Action::Replace)
+      replace(item);
+    else
+      mapping_.assign(OdDbIdPair(item.source, item.target, false, false));
+  }
+  translate();
+  return eOk;
+}
+
+} // namespace drawing::db

@@ -1,0 +1,70 @@
+// Fields: texts that are computed from a code. Evaluating them is not done here; a drawing keeps the value that was
+// computed last.
+#pragma once
+
+#include "DbObject.h"
+
+#include <vector>
+
+class OdDbField;
+using OdDbFieldPtr = OdSmartPtr<OdDbField>;
+
+class MVDRAWING_API OdDbField : public OdDbObject {
+public:
+  ODDB_DECLARE_MEMBERS(OdDbField);
+  OdDbField() = default;
+
+  const OdString& evaluatorId() const { return evaluator_; } // "_text" for a text with fields in it
+  void setEvaluatorId(const OdString& id);
+  OdString getFieldCode() const;
+  void setFieldCode(const OdString& code);
+  // Fields inside this one, in the order in which its code numbers them; owned by it.
+  const std::vector<OdDbObjectId>& children() const { return children_; }
+  OdDbObjectId appendChild(OdDbField* child); // throws OdError(eNotInDatabase) when this field is not resident
+  // Objects that the code refers to.
+  const std::vector<OdDbObjectId>& objectIds() const { return objects_; }
+  void addObjectId(OdDbObjectId id);
+
+  // The fields of an object live in its extension dictionary. Null when the object has none of that name.
+  static OdDbObjectId getField(const OdDbObject& object, const OdString& property = OdString(L"TEXT"));
+  // Puts a free field there; an older one of that name is erased. The object must be open for write.
+  static OdDbObjectId setField(OdDbObject& object, OdDbField* field, const OdString& property = OdString(L"TEXT"));
+  // eKeyNotFound when there is none. The field is erased with its children.
+  static OdResult removeField(OdDbObject& object, const OdString& property = OdString(L"TEXT"));
+
+  // -- For the SDK's own machinery. --
+  void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
+  void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
+
+private:
+  static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
+  static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
+  bool takeHead(const drawing::Pair& pair, drawing::LoadContext& context);
+
+  OdString evaluator_;
+  std::vector<OdString> code_; // in the pieces of the file
+  std::vector<OdDbObjectId> children_;
+  std::vector<OdDbObjectId> objects_;
+  drawing::GroupList rest_; // options, format, values
+};
+
+// All fields of a drawing.
+class MVDRAWING_API OdDbFieldList : public OdDbObject {
+public:
+  ODDB_DECLARE_MEMBERS(OdDbFieldList);
+  OdDbFieldList() = default;
+  const std::vector<OdDbObjectId>& fieldIds() const { return ids_; } // erased ones included
+  void add(OdDbObjectId field);                                      // once only
+  // The list of a drawing; null when it has none.
+  static OdDbObjectId listOf(const OdDbDatabase& database);
+
+  void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
+
+private:
+  static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
+  static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
+  std::vector<OdDbObjectId> ids_;
+};
+using OdDbFieldListPtr = OdSmartPtr<OdDbFieldList>;

@@ -1,0 +1,55 @@
+// Splines: by control points with knots and weights, by the points they pass through, or both.
+#pragma once
+
+#include "DbCurves.h"
+
+#include <vector>
+
+class MVDRAWING_API OdDbSpline : public OdDbCurve {
+public:
+  ODDB_DECLARE_MEMBERS(OdDbSpline);
+  OdDbSpline() = default;
+
+  int degree() const { return degree_; }
+  bool isClosed() const { return (flags_ & kClosed) != 0; }
+  bool isPeriodic() const { return (flags_ & kPeriodic) != 0; }
+  bool isRational() const { return (flags_ & kRational) != 0; }
+  bool isPlanar() const { return (flags_ & kPlanar) != 0; }
+  const std::vector<OdGePoint3d>& controlPoints() const { return controlPoints_; }
+  const std::vector<OdGePoint3d>& fitPoints() const { return fitPoints_; }
+  const std::vector<double>& knots() const { return knots_; }
+  const std::vector<double>& weights() const { return weights_; } // empty: all the same
+  OdGeVector3d startTangent() const { return startTangent_; }     // zero when there is none
+  OdGeVector3d endTangent() const { return endTangent_; }
+  double fitTolerance() const { return fitTolerance_; }
+  // eInvalidInput unless the counts agree: knots are as many as points and degree and one together, weights as many as
+  // points or none. Drops the fit points.
+  OdResult setNurbsData(int degree, const std::vector<OdGePoint3d>& controlPoints, const std::vector<double>& knots,
+                        const std::vector<double>& weights = {});
+
+  // Around the control points, so sometimes a little more than the curve takes.
+  OdResult getGeomExtents(OdGeExtents3d& extents) const override;
+
+  static constexpr std::int16_t kClosed = 1, kPeriodic = 2, kRational = 4, kPlanar = 8;
+
+protected:
+  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+
+private:
+  static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
+  static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
+
+  OdGeVector3d normal_; // of planar splines
+  OdGeVector3d startTangent_;
+  OdGeVector3d endTangent_;
+  std::int16_t flags_ = 0;
+  std::int16_t degree_ = 3;
+  double knotTolerance_ = 1e-7;
+  double controlTolerance_ = 1e-7;
+  double fitTolerance_ = 1e-10;
+  std::vector<double> knots_;
+  std::vector<double> weights_;
+  std::vector<OdGePoint3d> controlPoints_;
+  std::vector<OdGePoint3d> fitPoints_;
+};
+using OdDbSplinePtr = OdSmartPtr<OdDbSpline>;

@@ -1,0 +1,102 @@
+// Entities out of the groups that files hold, and back.
+#pragma once
+
+#include "DbDatabase.h"
+#include "DbEntity.h"
+#include "DbReport.h"
+#include "drawing/db/load_context.h"
+#include "drawing/entities/class_chooser.h"
+
+#include <charconv>
+#include <deque>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace test_entities {
+
+class PlainDecoder : public drawing::TextDecoder {
+public:
+  std::string_view decode(std::string_view bytes, std::string&) override { return bytes; }
+};
+
+// "10 1.5|20 2|100 AcDbLine": groups of a record behind its name.
+inline std::vector<drawing::Pair> pairsOf(std::string_view groups) {
+  std::vector<drawing::Pair> pairs;
+  while (!groups.empty()) {
+    const std::string_view one = groups.substr(0, groups.find('|'));
+    groups.remove_prefix(std::min(one.size() + 1, groups.size()));
+    const std::size_t space = std::min(one.find(' '), one.size());
+    drawing::Pair pair;
+    std::from_chars(one.data(), one.data() + space, pair.code);
+    pair.text = one.substr(std::min(space + 1, one.size()));
+    pairs.push_back(pair);
+  }
+  return pairs;
+}
+
+// The same form again. References are written as handles.
+class TextSink : public drawing::GroupSink {
+public:
+  void utf8(int code, std::string_view value) override { add(code, std::string(value)); }
+  void real(int code, double value) override {
+    char digits[40];
+    add(code, std::string(digits, std::to_chars(digits, digits + sizeof digits, value == 0 ? 0.0 : value).ptr));
+  }
+  void integer(int code, std::int64_t value) override { add(code, std::to_string(value)); }
+  void reference(int code, OdDbObjectId id) override { add(code, id.getHandle().ascii()); }
+  void handle(int code, OdDbHandle value) override { add(code, value.ascii()); }
+  void binary(int code, std::string_view bytes) override { add(code, std::string(bytes)); }
+  void unread(int code, std::string_view value) override { add(code, std::string(value)); }
+  std::string text;
+
+private:
+  void add(int code, const std::string& value) {
+    text += (text.empty() ? "" : "|") + std::to_string(code) + " " + value;
+  }
+};
+
+inline std::string written(const OdDbObject& object) {
+  TextSink sink;
+  drawing::writeSections(object, sink);
+  return sink.text;
+}
+
+class Loader {
+public:
+  OdDbDatabasePtr database = OdDbDatabase::create();
+
+  OdDbEntityPtr load(std::string_view dxfName, std::string_view groups) {
+    const std::vector<drawing::Pair> pairs = pairsOf(groups);
+    OdRxClass* chosen = drawing::chooseClass(dxfName, pairs);
+    OdDbEntityPtr entity = chosen->create();
+    fill(*entity, pairs);
+    return entity;
+  }
+
+private:
+  void fill(OdDbObject& object, const std::vector<drawing::Pair>& pairs) {
+    drawing::LoadContext context(*database, decoder_, report_);
+    const drawing::Section* section = nullptr;
+    std::unique_ptr<drawing::SectionReader> reader;
+    bool embedded = false;
+    for (const drawing::Pair& pair : pairs) {
+      if (pair.code == 100) {
+        section = nullptr;
+        for (const drawing::Section* one : object.description().sections())
+          section = one->marker == pair.text ? one : section;
+        reader = section == nullptr ? nullptr : std::make_unique<drawing::SectionReader>(object, *section, context);
+        continue;
+      }
+      embedded = embedded || pair.code == 101;
+      if (reader == nullptr || (!(embedded && section->read(object, pair, context)) && !reader->take(pair)))
+        context.append(object.extrasForLoad().carried, pair);
+    }
+  }
+
+  PlainDecoder decoder_;
+  drawing::Report report_;
+};
+
+} // namespace test_entities

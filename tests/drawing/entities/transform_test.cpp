@@ -1,0 +1,272 @@
+// A matrix moves an entity to where it moves the entity's points, or the entity says no and stays as it was.
+#include "DbCurves.h"
+#include "DbMText.h"
+#include "DbPolyline.h"
+#include "DbSpline.h"
+#include "Ge/GeUtil.h"
+#include "tests/drawing/entities/group_text.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace test_entities;
+
+namespace {
+
+using Points = std::vector<OdGePoint3d>;
+
+template <class T>
+const T& as(const OdDbEntity& entity) {
+  return static_cast<const T&>(entity);
+}
+
+Points tips(const OdGePoint3d& base, const OdGeVector3d& direction) {
+  return {base, base + direction};
+}
+
+Points linePoints(const OdDbEntity& e) {
+  const auto& line = as<OdDbLine>(e);
+  return {line.startPoint(), line.endPoint(), line.startPoint() + line.normal() * line.thickness()};
+}
+
+Points pointPoints(const OdDbEntity& e) {
+  const auto& point = as<OdDbPoint>(e);
+  return tips(point.position(), point.normal() * point.thickness());
+}
+
+double sweepOf(double start, double end) {
+  const double sweep = std::fmod(end - start, Oda2PI);
+  return sweep > 0 ? sweep : sweep + Oda2PI;
+}
+
+// Points of a curve at even steps of its parameter; the top of its thickness at the end.
+template <class T>
+Points sampled(const T& curve, double start, double end) {
+  Points points;
+  for (int i = 0; i <= 8; ++i)
+    points.push_back(curve.pointAt(start + sweepOf(start, end) * i / 8));
+  return points;
+}
+
+Points circlePoints(const OdDbEntity& e) {
+  return sampled(as<OdDbCircle>(e), 0, 0);
+}
+Points arcPoints(const OdDbEntity& e) {
+  return sampled(as<OdDbArc>(e), as<OdDbArc>(e).startAngle(), as<OdDbArc>(e).endAngle());
+}
+Points ellipsePoints(const OdDbEntity& e) {
+  return sampled(as<OdDbEllipse>(e), as<OdDbEllipse>(e).startParam(), as<OdDbEllipse>(e).endParam());
+}
+
+bool near(double a, double b) {
+  return std::fabs(a - b) < 1e-9;
+}
+
+bool within(double angle, double start, double end) {
+  const double at = std::fmod(angle - start + 2 * Oda2PI + 1e-9, Oda2PI);
+  return at <= sweepOf(start, end) + 2e-9;
+}
+
+bool onCircle(const OdDbRoundCurve& circle, const OdGePoint3d& p) {
+  const OdGeVector3d v = p - circle.center();
+  return near(v.length(), circle.radius()) && near(v.dotProduct(circle.normal()), 0);
+}
+
+bool circleHas(const OdDbEntity& e, const OdGePoint3d& p) {
+  return onCircle(as<OdDbCircle>(e), p);
+}
+
+bool arcHas(const OdDbEntity& e, const OdGePoint3d& p) {
+  const auto& arc = as<OdDbArc>(e);
+  const OdGeVector3d v = OdGeMatrix3d::worldToPlane(arc.normal()) * (p - arc.center());
+  return onCircle(arc, p) && within(std::atan2(v.y, v.x), arc.startAngle(), arc.endAngle());
+}
+
+bool ellipseHas(const OdDbEntity& e, const OdGePoint3d& p) {
+  const auto& ellipse = as<OdDbEllipse>(e);
+  const OdGeVector3d v = p - ellipse.center(), a = ellipse.majorAxis(), b = ellipse.minorAxis();
+  const double x = v.dotProduct(a) / a.lengthSqrd(), y = v.dotProduct(b) / b.lengthSqrd();
+  return near(a.dotProduct(b), 0) && a.length() > b.length() * 0.999 && near(x * x + y * y, 1) &&
+         near(v.dotProduct(ellipse.normal()), 0) && within(std::atan2(y, x), ellipse.startParam(), ellipse.endParam());
+}
+
+bool rayHas(const OdDbEntity& e, const OdGePoint3d& p) {
+  const auto& ray = as<OdDbRay>(e);
+  const OdGeVector3d v = p - ray.basePoint();
+  return near(v.crossProduct(ray.unitDir()).length(), 0) && v.dotProduct(ray.unitDir()) > -1e-9;
+}
+Points pointsOfRay(const OdDbEntity& e) {
+  const auto& ray = as<OdDbRay>(e);
+  return tips(ray.basePoint(), ray.unitDir());
+}
+
+Points splinePoints(const OdDbEntity& e) {
+  const auto& spline = as<OdDbSpline>(e);
+  Points points = spline.controlPoints();
+  points.insert(points.end(), spline.fitPoints().begin(), spline.fitPoints().end());
+  points.push_back(points[0] + spline.startTangent());
+  return points;
+}
+
+// Vertices, the middle of each arc, the top and the width at the first vertex.
+Points polylinePoints(const OdDbEntity& e) {
+  const auto& line = as<OdDbPolyline>(e);
+  const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(line.normal());
+  Points points;
+  for (unsigned i = 0; i < line.numVerts(); ++i) {
+    const OdGePoint3d a = line.getPointAt(i), b = line.getPointAt((i + 1) % line.numVerts());
+    const OdGeVector3d chord = b - a;
+    points.push_back(a);
+    points.push_back(a + chord * 0.5 + chord.crossProduct(plane.column(2)) * (line.getBulgeAt(i) / 2));
+  }
+  points.push_back(points[0] + plane.column(2) * line.thickness());
+  return points;
+}
+
+Points mtextPoints(const OdDbEntity& e) {
+  const auto& text = as<OdDbMText>(e);
+  const OdGeVector3d x = text.direction(), y = text.normal().crossProduct(x);
+  return {text.location(), text.location() + x * text.width(), text.location() + y * text.textHeight()};
+}
+
+struct Kind {
+  const char* name;
+  const char* dxfName;
+  const char* groups;
+  bool anyMatrix; // takes every matrix
+  Points (*points)(const OdDbEntity&);
+  bool (*has)(const OdDbEntity&, const OdGePoint3d&) = nullptr; // null: the points go one by one
+};
+
+const Kind kKinds[] = {
+    {"Line", "LINE", "100 AcDbLine|39 2|10 1|20 2|30 3|11 4|21 5|31 7", true, linePoints},
+    {"Point", "POINT", "100 AcDbPoint|10 1|20 2|30 3|39 1.5|210 0|220 1|230 0|50 30", true, pointPoints},
+    {"Circle", "CIRCLE", "100 AcDbCircle|10 1|20 2|30 3|40 2.5|210 0|220 1|230 0", false, circlePoints, circleHas},
+    {"Arc", "ARC", "100 AcDbCircle|39 1|10 1|20 2|30 3|40 2.5|100 AcDbArc|50 300|51 80", false, arcPoints, arcHas},
+    {"ArcTurnedOver", "ARC", "100 AcDbCircle|10 1|20 2|30 3|40 2.5|210 0|220 0|230 -1|100 AcDbArc|50 10|51 200", false,
+     arcPoints, arcHas},
+    {"Ellipse", "ELLIPSE", "100 AcDbEllipse|10 1|20 2|30 3|11 4|21 0|31 0|40 0.5|41 0.25|42 4.5", true, ellipsePoints,
+     ellipseHas},
+    {"WholeEllipse", "ELLIPSE",
+     "100 AcDbEllipse|10 1|20 2|30 3|11 0|21 3|31 0|210 1|220 0|230 0|40 1|41 0|42 6.283185307179586", true,
+     ellipsePoints, ellipseHas},
+    {"Ray", "RAY", "100 AcDbRay|10 1|20 2|30 3|11 0.6|21 0.8|31 0", true, pointsOfRay, rayHas},
+    {"Spline", "SPLINE",
+     "100 AcDbSpline|70 8|71 2|42 1e-07|43 1e-07|44 1e-10|12 1|22 2|32 0|72 6|73 3|74 1|40 0|40 0|40 0|40 1|40 1|40 "
+     "1|41 1|41 0.5|41 1|10 1|20 2|30 3|10 4|20 5|30 6|10 7|20 0|30 1|11 1|21 2|31 3",
+     true, splinePoints},
+    {"StraightPolyline", "LWPOLYLINE", "100 AcDbPolyline|70 1|38 2|90 3|10 1|20 2|91 5|10 4|20 2|10 4|20 7", true,
+     polylinePoints},
+    {"BentPolyline", "LWPOLYLINE",
+     "100 AcDbPolyline|70 0|43 0.5|38 2|39 3|210 0|220 0|230 -1|90 3|10 1|20 2|42 0.5|10 4|20 2|40 1|41 2|42 -2|10 "
+     "4|20 "
+     "7",
+     false, polylinePoints},
+    {"MText", "MTEXT",
+     "100 AcDbMText|10 1|20 2|30 3|40 2.5|41 40|71 5|72 1|7 Standard|11 0.6|21 0.8|31 0|42 12|43 3|73 1|44 1|1 one\\P"
+     "two|90 1|63 3|45 1.5|441 0|75 1|76 2|48 18|49 1|50 9",
+     false, mtextPoints},
+};
+
+struct Motion {
+  const char* name;
+  OdGeMatrix3d matrix;
+  bool keepsShapes;
+};
+
+std::vector<Motion> motions() {
+  OdGeMatrix3d shear = OdGeMatrix3d::kIdentity;
+  shear(0, 1) = 0.5;
+  shear(1, 2) = -0.75;
+  const OdGePoint3d center(3, -2, 1);
+  return {{"translation", OdGeMatrix3d::translation({5, -7, 0.25}), true},
+          {"turn", OdGeMatrix3d::rotation(0.7, OdGeVector3d(1, 2, 2), center), true},
+          {"half turn", OdGeMatrix3d::rotation(OdaPI, OdGeVector3d::kXAxis, center), true},
+          {"scaling", OdGeMatrix3d::scaling(2.5, center), true},
+          {"mirror", OdGeMatrix3d::mirroring(center, OdGeVector3d::kXAxis), true},
+          {"tilted mirror", OdGeMatrix3d::mirroring(center, OdGeVector3d(1, -2, 2).normal()), true},
+          {"point mirror", OdGeMatrix3d::scaling(-1.5, center), true},
+          {"unequal scaling", OdGeMatrix3d::scaling(OdGeScale3d(2, -3, 0.5), center), false},
+          {"shear", shear, false}};
+}
+
+class EntityKinds : public testing::TestWithParam<Kind> {
+protected:
+  Loader loader;
+  OdDbEntityPtr load() { return loader.load(GetParam().dxfName, GetParam().groups); }
+};
+
+void expectMoved(const Kind& kind, const Points& before, const OdDbEntity& moved, const OdGeMatrix3d& matrix) {
+  const Points after = kind.points(moved);
+  ASSERT_EQ(after.size(), before.size());
+  for (std::size_t i = 0; i < before.size(); ++i) {
+    const OdGePoint3d wanted = matrix * before[i];
+    const bool meets = kind.has != nullptr ? kind.has(moved, wanted) : wanted.distanceTo(after[i]) < 1e-9;
+    EXPECT_TRUE(meets) << "point " << i;
+  }
+}
+
+TEST_P(EntityKinds, MoveAsTheirPointsDoOrStay) {
+  for (const Motion& motion : motions()) {
+    SCOPED_TRACE(motion.name);
+    const OdDbEntityPtr entity = load();
+    const Points before = GetParam().points(*entity);
+    const std::string dump = written(*entity);
+    const OdResult result = entity->transformBy(motion.matrix);
+    EXPECT_TRUE(result == eOk || (result == eCannotTransform && !motion.keepsShapes && !GetParam().anyMatrix));
+    if (result == eOk) {
+      expectMoved(GetParam(), before, *entity, motion.matrix);
+    } else {
+      EXPECT_EQ(written(*entity), dump);
+    }
+  }
+}
+
+TEST_P(EntityKinds, ComeBackToTheLastBit) {
+  const OdDbEntityPtr entity = load();
+  const std::string dump = written(*entity);
+  for (const OdGeVector3d& by : {OdGeVector3d(100, -250, 7), OdGeVector3d(-100, 250, -7)})
+    ASSERT_EQ(entity->transformBy(OdGeMatrix3d::translation(by)), eOk);
+  EXPECT_EQ(written(*entity), dump);
+}
+
+TEST_P(EntityKinds, RefuseWhatFlattens) {
+  const OdDbEntityPtr entity = load();
+  const std::string dump = written(*entity);
+  EXPECT_EQ(entity->transformBy(OdGeMatrix3d::scaling(OdGeScale3d(1, 1, 0))), eCannotTransform);
+  EXPECT_EQ(entity->transformBy(OdGeMatrix3d::scaling(std::nan(""))), eCannotTransform);
+  EXPECT_EQ(written(*entity), dump);
+}
+
+std::vector<std::string> sortedGroups(std::string_view text) {
+  std::vector<std::string> groups;
+  for (const drawing::Pair& pair : pairsOf(text))
+    groups.push_back(std::to_string(pair.code) + " " + std::string(pair.text));
+  std::sort(groups.begin(), groups.end());
+  return groups;
+}
+
+TEST_P(EntityKinds, WriteWhatTheyRead) {
+  const OdDbEntityPtr entity = load();
+  const std::string once = written(*entity);
+  EXPECT_EQ(written(*loader.load(GetParam().dxfName, once)), once);
+  // Nothing of the input is lost; the sections of all entities come with it.
+  std::vector<std::string> all = sortedGroups(once), given = sortedGroups(GetParam().groups);
+  EXPECT_TRUE(std::includes(all.begin(), all.end(), given.begin(), given.end())) << once;
+}
+
+TEST_P(EntityKinds, ExtentsHoldThePoints) {
+  const OdDbEntityPtr entity = load();
+  OdGeExtents3d extents;
+  if (entity->getGeomExtents(extents) != eOk || GetParam().dxfName == std::string("MTEXT"))
+    return;
+  for (const OdGePoint3d& point : GetParam().points(*entity))
+    EXPECT_TRUE(extents.contains(point, OdGeTol(1e-9))) << point.x << " " << point.y << " " << point.z;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, EntityKinds, testing::ValuesIn(kKinds),
+                         [](const auto& kind) { return std::string(kind.param.name); });
+
+} // namespace
