@@ -98,6 +98,8 @@ bool setAnnotationAndMatch(OdSmartPtr<OdDbBlockTableRecord> pRec, bool bAnnotati
   return true;
 }
 
-void sortAarryByDrawOrder(OdDbObjectIdArray& ids) { qzutads::sortAarryByDrawOrder(ids); }
+void sortAarryByDrawOrder(OdDbObjectIdArray& ids) {
+  qzutads::sortAarryByDrawOrder(ids);
+}
 
 } // namespace blockUtils

@@ -119,7 +119,9 @@ int mvsidbDisToF(const wchar_t* text, int mode, double* value) {
   return callService<MvDbServer>(kDbServer, &MvDbServer::mvsidbDisToF, text, mode, value);
 }
 
-bool hasDocumentManager() { return !useService<MvDocManager>(kDocMgr).isNull(); }
+bool hasDocumentManager() {
+  return !useService<MvDocManager>(kDocMgr).isNull();
+}
 
 int mvsiedRedraw(const long* entityName, int mode) {
   constexpr int kHighlight = 3;

@@ -156,7 +156,8 @@ private:
     if (!block.getLayoutId().isNull() && (layout == nullptr || layout->isErased()))
       tell("audit.block-without-layout", Severity::Note, block, "the layout that the block names does not exist");
     else if (layout != nullptr && layout->getBlockTableRecordId() != block.objectId())
-      tell("audit.layout-of-another-block", Severity::Note, block, "the layout that the block names names another block");
+      tell("audit.layout-of-another-block", Severity::Note, block,
+           "the layout that the block names names another block");
   }
 
   void checkTable(OdDb::SymbolTableKind kind) {
@@ -187,6 +188,8 @@ private:
 
 } // namespace
 
-Report auditDrawing(OdDbDatabase& database, bool fix) { return Audit(database, fix).run(); }
+Report auditDrawing(OdDbDatabase& database, bool fix) {
+  return Audit(database, fix).run();
+}
 
 } // namespace drawing

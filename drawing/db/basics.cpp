@@ -40,7 +40,9 @@ public:
   }
 
 private:
-  OdDbSymbolTable& table(OdDb::SymbolTableKind kind) { return *peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind)); }
+  OdDbSymbolTable& table(OdDb::SymbolTableKind kind) {
+    return *peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind));
+  }
 
   void ensureTable(OdDb::SymbolTableKind kind) {
     if (peek(database_.getSymbolTableId(kind)) != nullptr)
@@ -198,16 +200,26 @@ void setHeaderDefaults(OdDbDatabase& database) {
     int code;
     int value;
   };
-  for (const Whole& w : {Whole{"ATTMODE", 70, 1},    {"LUNITS", 70, 2},    {"LUPREC", 70, 4},   {"AUNITS", 70, 0},
-                         {"AUPREC", 70, 0},          {"PDMODE", 70, 0},    {"TILEMODE", 70, 1}, {"MEASUREMENT", 70, 1},
-                         {"CELWEIGHT", 370, -1},     {"EXTNAMES", 290, 1}, {"INSUNITS", 70, OdDb::kUnitsMillimeters},
+  for (const Whole& w : {Whole{"ATTMODE", 70, 1},
+                         {"LUNITS", 70, 2},
+                         {"LUPREC", 70, 4},
+                         {"AUNITS", 70, 0},
+                         {"AUPREC", 70, 0},
+                         {"PDMODE", 70, 0},
+                         {"TILEMODE", 70, 1},
+                         {"MEASUREMENT", 70, 1},
+                         {"CELWEIGHT", 370, -1},
+                         {"EXTNAMES", 290, 1},
+                         {"INSUNITS", 70, OdDb::kUnitsMillimeters},
                          {"XEDIT", 290, 1}})
     database.setHeaderInt(w.name, w.code, w.value);
 }
 
 } // namespace
 
-std::vector<std::string> ensureBasics(OdDbDatabase& database) { return Basics(database).run(); }
+std::vector<std::string> ensureBasics(OdDbDatabase& database) {
+  return Basics(database).run();
+}
 
 } // namespace drawing::db
 

@@ -3,11 +3,17 @@
 ODDB_DEFINE_MEMBERS(OdDbCarriedObject, OdDbObject, "");
 ODRX_DEFINE_MEMBERS(OdDbCarriedEntity, OdDbEntity, "");
 
-const drawing::Description& OdDbCarriedObject::ownDescription() { return OdDbObject::ownDescription(); }
+const drawing::Description& OdDbCarriedObject::ownDescription() {
+  return OdDbObject::ownDescription();
+}
 
-OdDbObject* OdDbCarriedEntity::makeCopy() const { return new OdDbCarriedEntity(*this); }
+OdDbObject* OdDbCarriedEntity::makeCopy() const {
+  return new OdDbCarriedEntity(*this);
+}
 
-void OdDbCarriedEntity::assignState(const OdDbObject& other) { *this = static_cast<const OdDbCarriedEntity&>(other); }
+void OdDbCarriedEntity::assignState(const OdDbObject& other) {
+  *this = static_cast<const OdDbCarriedEntity&>(other);
+}
 
 const drawing::Description& OdDbCarriedEntity::description() const {
   return unread_ ? OdDbObject::ownDescription() : OdDbEntity::ownDescription();

@@ -106,8 +106,8 @@ void OdDbDatabase::restoreFromUndo(const OdDbObjectIdArray& ids) {
     if (found == earlier.end())
       continue;
     OdDbObject* object = drawing::db::peek(id);
-    std::vector<OdDbObjectId> parts; // attributes and vertices moved with their owner
-    object->ownedObjects(parts);
+    std::vector<OdDbObjectId> parts;
+    object->movedParts(parts);
     object->assignState(*found->second);
     for (OdDbObjectId part : parts) {
       if (const auto before = earlier.find(part); before != earlier.end())

@@ -17,7 +17,9 @@ using db::peekAs;
 
 namespace {
 
-bool lives(const OdDbObject* object) { return object != nullptr && !object->isErased(); }
+bool lives(const OdDbObject* object) {
+  return object != nullptr && !object->isErased();
+}
 
 // Names of all objects: each is called by its owner's name and its place there. Owners are named before what they own,
 // in waves, so that no depth of ownership matters.

@@ -7,6 +7,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <utility>
 
 namespace drawing {
 
@@ -96,10 +97,23 @@ std::string_view LoadContext::utf8(const Pair& pair) {
   return decoder_.decode(pair.text, buffer_);
 }
 
-bool LoadContext::handle(const Pair& pair, std::uint64_t& value) {
-  const std::string_view text = trimmed(pair.text);
+namespace {
+
+bool readHandle(std::string_view text, std::uint64_t& value) {
+  text = trimmed(text);
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, 16);
-  if (text.empty() || error != std::errc() || end != text.data() + text.size()) {
+  return !text.empty() && error == std::errc() && end == text.data() + text.size();
+}
+
+} // namespace
+
+bool LoadContext::isHandle(const Pair& pair) {
+  std::uint64_t value = 0;
+  return readHandle(pair.text, value);
+}
+
+bool LoadContext::handle(const Pair& pair, std::uint64_t& value) {
+  if (!readHandle(pair.text, value)) {
     fail(pair, "the value is no handle");
     return false;
   }
@@ -215,6 +229,14 @@ void LoadContext::append(GroupList& list, const Pair& pair) {
   }
 }
 
+OdDbObjectId SectionReader::reference(const Field& field, const Pair& pair) {
+  if (field.byName != OdDb::kNoTable)
+    return context_.symbol(field.byName, pair);
+  if (field.maybeName != OdDb::kNoTable && !LoadContext::isHandle(pair))
+    return context_.symbol(field.maybeName, pair);
+  return context_.reference(pair);
+}
+
 bool SectionReader::store(const Field& field, const Pair& pair) {
   void* at = field.at(object_);
   const int component = (pair.code - field.code) / 10;
@@ -235,8 +257,7 @@ bool SectionReader::store(const Field& field, const Pair& pair) {
     *static_cast<OdString*>(at) = context_.text(pair);
     return true;
   case FieldKind::Reference:
-    *static_cast<OdDbObjectId*>(at) =
-        field.byName == OdDb::kNoTable ? context_.reference(pair) : context_.symbol(field.byName, pair);
+    *static_cast<OdDbObjectId*>(at) = reference(field, pair);
     return true;
   case FieldKind::Bool:
     if (context_.integer(pair, whole))
@@ -260,17 +281,23 @@ bool SectionReader::store(const Field& field, const Pair& pair) {
 
 namespace {
 
-bool matches(const Field& field, int code) {
-  if (field.code == code)
-    return true;
+// Which component of the field the code is; -1 for none.
+int componentOf(const Field& field, int code) {
   const int components = field.kind == FieldKind::Point3 || field.kind == FieldKind::Vector3 ? 3
                          : field.kind == FieldKind::Point2                                   ? 2
                                                                                              : 1;
   const int offset = code - field.code;
-  return offset > 0 && offset % 10 == 0 && offset / 10 < components;
+  return offset >= 0 && offset % 10 == 0 && offset / 10 < components ? offset / 10 : -1;
 }
 
 } // namespace
+
+bool SectionReader::markTaken(std::size_t field, int component) {
+  if (field >= 64)
+    return true;
+  const std::uint64_t bit = std::uint64_t{1} << field;
+  return (std::exchange(taken_[component], taken_[component] | bit) & bit) == 0;
+}
 
 bool SectionReader::take(const Pair& pair) {
   embedded_ = embedded_ || pair.code == 101;
@@ -279,7 +306,8 @@ bool SectionReader::take(const Pair& pair) {
   const auto& fields = section_.fields;
   for (std::size_t tried = 0; tried < fields.size(); ++tried) {
     const std::size_t i = next_ + tried < fields.size() ? next_ + tried : next_ + tried - fields.size();
-    if (matches(fields[i], pair.code)) {
+    const int component = componentOf(fields[i], pair.code);
+    if (component >= 0 && markTaken(i, component)) {
       next_ = i;
       return store(fields[i], pair);
     }

@@ -47,6 +47,7 @@ public:
   std::string_view utf8(const Pair& pair); // valid until the next call
   OdString text(const Pair& pair) { return OdString::fromUtf8(utf8(pair)); }
   bool handle(const Pair& pair, std::uint64_t& value);
+  static bool isHandle(const Pair& pair);
   bool bytes(const Pair& pair, std::string& value); // appends; hexadecimal in text files
   OdDbObjectId reference(const Pair& pair);         // of an object that may still come
   // A table; made when the drawing has none of the kind yet, with that handle.
@@ -102,11 +103,17 @@ public:
 
 private:
   bool store(const Field& field, const Pair& pair);
+  OdDbObjectId reference(const Field& field, const Pair& pair);
 
   OdDbObject& object_;
   const Section& section_;
   LoadContext& context_;
-  std::size_t next_ = 0;   // groups come in the order of the fields most of the time
+  // A field takes its code once. Files use some codes again in the same section for something else; those groups are
+  // nobody's and are carried.
+  bool markTaken(std::size_t field, int component);
+
+  std::size_t next_ = 0;               // groups come in the order of the fields most of the time
+  std::uint64_t taken_[3] = {0, 0, 0}; // a bit a field, for each component
   bool embedded_ = false; // behind code 101 the groups belong to an embedded object: no field of ours is among them
 };
 

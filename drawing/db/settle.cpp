@@ -75,7 +75,8 @@ void ensureEnds(OdDbDatabase& database) {
 void cutReference(SettleFacts& facts, OdDbObjectId id) {
   const auto& reference = *peekAs<OdDbBlockReference>(id);
   tell(facts, "dxf.block-cycle", Severity::Repaired, reference,
-       "a block contains itself through this reference to \"" + symbolName(reference.blockTableRecord()).toUtf8() + "\"",
+       "a block contains itself through this reference to \"" + symbolName(reference.blockTableRecord()).toUtf8() +
+           "\"",
        "the reference is kept as data and is no reference any more");
   auto* kept = new OdDbCarriedEntity;
   const OdSmartPtr<OdDbObject> holder(kept);
@@ -100,7 +101,8 @@ void settleDrawing(SettleFacts& facts) {
   for (const std::string& made : ensureBasics(database)) {
     facts.context.begin("", 0);
     facts.context.setHandle(0);
-    facts.context.tell({"dxf.standard-part-missing", Severity::Note, 0, -1, 0, "", "", "the drawing has no " + made, "it is made"});
+    facts.context.tell(
+        {"dxf.standard-part-missing", Severity::Note, 0, -1, 0, "", "", "the drawing has no " + made, "it is made"});
   }
   tellMissing(facts);
   ensureEnds(database);

@@ -1,5 +1,7 @@
 #include "DbSymbolRecords.h"
 
+#include "DbDatabase.h"
+
 using drawing::field;
 using drawing::Section;
 
@@ -24,6 +26,11 @@ const drawing::Description& OdDbLayerTableRecord::ownDescription() {
          field<&Self::material_>(347).unlessEmpty().from(OdDb::kRelease2007),
          field<&Self::visualStyle_>(348).unlessEmpty().from(OdDb::kRelease2007)}}});
   return description;
+}
+
+void OdDbLayerTableRecord::joinedTable() {
+  if (linetype_.isNull())
+    linetype_ = database()->symbol(OdDb::kLinetypeTable, L"Continuous");
 }
 
 void OdDbLayerTableRecord::setIsOff(bool off) {
@@ -105,9 +112,11 @@ const drawing::Description& OdDbDimStyleTableRecord::ownDescription() {
       {{"AcDbDimStyleTableRecord",
         {field<&Self::name_>(2), field<&Self::flags_>(70), field<&Self::scale_>(40).unless(1),
          field<&Self::arrowSize_>(41).unless(0.18), field<&Self::textHeight_>(140).unless(0.18),
-         field<&Self::textStyle_>(340).unlessEmpty(), field<&Self::leaderArrow_>(341).unlessEmpty(),
-         field<&Self::arrow_>(342).unlessEmpty(), field<&Self::firstArrow_>(343).unlessEmpty(),
-         field<&Self::secondArrow_>(344).unlessEmpty()}}});
+         field<&Self::textStyle_>(340).unlessEmpty().orName(OdDb::kTextStyleTable),
+         field<&Self::leaderArrow_>(341).unlessEmpty().orName(OdDb::kBlockTable),
+         field<&Self::arrow_>(342).unlessEmpty().orName(OdDb::kBlockTable),
+         field<&Self::firstArrow_>(343).unlessEmpty().orName(OdDb::kBlockTable),
+         field<&Self::secondArrow_>(344).unlessEmpty().orName(OdDb::kBlockTable)}}});
   return description;
 }
 

@@ -13,7 +13,9 @@ ODRX_DEFINE_MEMBERS(OdDbSymbolTableIterator, OdRxObject, "");
 namespace {
 
 // The number of records follows from the records.
-bool takesCount(OdDbObject&, const drawing::Pair& pair, drawing::LoadContext&) { return pair.code == 70; }
+bool takesCount(OdDbObject&, const drawing::Pair& pair, drawing::LoadContext&) {
+  return pair.code == 70;
+}
 
 } // namespace
 
@@ -76,7 +78,10 @@ OdDbObjectId OdDbSymbolTable::add(OdDbSymbolTableRecord* record) {
     return {};
   if (!record->isDBRO())
     database()->addOdDbObject(record, objectId());
-  return adopt(record) ? record->objectId() : OdDbObjectId();
+  if (!adopt(record))
+    return {};
+  record->joinedTable();
+  return record->objectId();
 }
 
 bool OdDbSymbolTable::adopt(OdDbSymbolTableRecord* record) {

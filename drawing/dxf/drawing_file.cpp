@@ -126,13 +126,13 @@ ReadResult readDrawing(const std::string& path, const ReadOptions& options) {
 namespace {
 
 OdDb::DwgVersion targetVersion(const OdDbDatabase& database, const WriteOptions& options) {
-  const OdDb::DwgVersion wanted =
-      options.version == OdDb::kVersionUnknown ? database.facts().version : options.version;
+  const OdDb::DwgVersion wanted = options.version == OdDb::kVersionUnknown ? database.facts().version : options.version;
   return std::max(wanted, OdDb::kRelease2000);
 }
 
 bool writeTo(const OdDbDatabase& database, OdDb::DwgVersion version, const dxf::TextWriter::Output& output) {
-  dxf::TextCodec codec = version >= OdDb::kRelease2007 ? dxf::TextCodec({}, dxf::TextCodec::Mode::Utf8) : dxf::TextCodec(database.facts().codePage);
+  dxf::TextCodec codec = version >= OdDb::kRelease2007 ? dxf::TextCodec({}, dxf::TextCodec::Mode::Utf8)
+                                                       : dxf::TextCodec(database.facts().codePage);
   dxf::TextWriter sink(output, codec, version, version >= database.facts().version);
   dxf::Writer(database, sink).run();
   return sink.finish();

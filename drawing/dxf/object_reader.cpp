@@ -46,7 +46,8 @@ ReadObject ObjectReader::read(const Record& record, bool isEntity) {
   const std::string_view name = record[0].text;
   ReadObject facts;
   context_.begin(name, record[0].line);
-  if (OdRxClass* known = chooseClass(name, record); known != nullptr && known->isDerivedFrom(OdDbEntity::desc()) == isEntity) {
+  if (OdRxClass* known = chooseClass(name, record);
+      known != nullptr && known->isDerivedFrom(OdDbEntity::desc()) == isEntity) {
     facts.object = known->create();
     fill(record, *facts.object, facts);
     if (context_.failed())
@@ -180,7 +181,8 @@ void ObjectReader::fillSections(const Record& record, std::size_t from, OdDbObje
         continue;
       carried = &object.extrasForLoad().carried;
       if (!headed)
-        context_.append(*carried, record[i - 1].code == 100 ? record[i - 1] : Pair{100, Pair::Form::Text, marker, 0, 0, 0});
+        context_.append(*carried,
+                        record[i - 1].code == 100 ? record[i - 1] : Pair{100, Pair::Form::Text, marker, 0, 0, 0});
       headed = true;
       context_.append(*carried, record[i]);
     }

@@ -10,10 +10,10 @@ namespace drawing::dxf {
 // What a record says besides the object itself.
 struct ReadObject {
   OdSmartPtr<OdDbObject> object;
-  std::uint64_t handle = 0;   // 0: none
-  OdDbObjectId owner;         // null: none named
-  bool inPaperSpace = false;  // group 67
-  OdString layoutName;        // group 410
+  std::uint64_t handle = 0;      // 0: none
+  OdDbObjectId owner;            // null: none named
+  bool inPaperSpace = false;     // group 67
+  OdString layoutName;           // group 410
   bool attributesFollow = false; // group 66
 };
 

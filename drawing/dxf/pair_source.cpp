@@ -80,8 +80,8 @@ bool TextPairSource::next(Pair& pair) {
     return false;
   pair.form = Pair::Form::Text;
   if (!line(pair.text)) {
-    report_.add({"dxf.cut-off", Severity::Lost, lineNumber_, pair.code, 0, "", "",
-                 "the file ends behind a group code", "the group is dropped"});
+    report_.add({"dxf.cut-off", Severity::Lost, lineNumber_, pair.code, 0, "", "", "the file ends behind a group code",
+                 "the group is dropped"});
     return false;
   }
   pair.line = lineNumber_;

@@ -38,7 +38,9 @@ bool Reader::advance() {
 }
 
 // Moves to the next record of the section; false at its end.
-bool Reader::inSection() { return result_ == eOk && advance() && record_[0].text != "ENDSEC"; }
+bool Reader::inSection() {
+  return result_ == eOk && advance() && record_[0].text != "ENDSEC";
+}
 
 OdResult Reader::run() {
   database_.store().deferHandles();
@@ -92,7 +94,8 @@ void Reader::readHeader() {
     } else if (variable != nullptr) {
       context_.append(*variable, pair);
     } else {
-      context_.tell({"dxf.header-value", Severity::Lost, 0, -1, 0, "", "", "a value without a variable", "it is dropped"}, &pair);
+      context_.tell(
+          {"dxf.header-value", Severity::Lost, 0, -1, 0, "", "", "a value without a variable", "it is dropped"}, &pair);
     }
   }
   while (inSection())
@@ -133,7 +136,8 @@ void Reader::readTable() {
   const std::string_view name = record_.size() > 1 && record_[1].code == 2 ? record_[1].text : std::string_view();
   const OdDb::SymbolTableKind kind = db::tableKindOf(name);
   if (kind == OdDb::kNoTable) {
-    tell("dxf.unknown-table", Severity::Lost, "a table of the unknown name \"" + std::string(name) + "\"", "it is passed over");
+    tell("dxf.unknown-table", Severity::Lost, "a table of the unknown name \"" + std::string(name) + "\"",
+         "it is passed over");
     return;
   }
   OdDbSymbolTable& table = context_.table(kind, handleIn(record_));
@@ -236,7 +240,8 @@ OdDbBlockTableRecord* Reader::blockOf(const ReadObject& begin) {
   const OdString unique = nameless ? table.freeName(L"unnamed") : table.freeName(name);
   OdDbBlockTableRecord& made = ensureSpace(unique);
   if (nameless || unique != name || database_.facts().version >= OdDb::kRelease13)
-    tell("dxf.block-without-record", Severity::Repaired, "the block \"" + name.toUtf8() + "\" has no record in the block table",
+    tell("dxf.block-without-record", Severity::Repaired,
+         "the block \"" + name.toUtf8() + "\" has no record in the block table",
          "it is named \"" + unique.toUtf8() + "\" and gets one");
   return &made;
 }

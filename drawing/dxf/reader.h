@@ -56,7 +56,7 @@ private:
   Record record_;
   std::uint64_t line_ = 0;
   std::vector<std::pair<OdString, OdDbObjectId>> renamed_; // records whose name was taken, by the name in the file
-  OdDbObjectId sequence_; // the entity whose attributes or vertices come now
+  OdDbObjectId sequence_;                                  // the entity whose attributes or vertices come now
   bool sawSection_ = false;
   bool sawEnd_ = false;
   OdResult result_ = eOk;

@@ -32,10 +32,18 @@ bool TextWriter::finish() {
   return !failed_;
 }
 
-void TextWriter::utf8(int code, std::string_view text) { line(code, codec_.encode(text, buffer_)); }
-void TextWriter::unread(int code, std::string_view text) { line(code, text); }
-void TextWriter::handle(int code, OdDbHandle value) { line(code, value.ascii()); }
-void TextWriter::reference(int code, OdDbObjectId id) { line(code, id.getHandle().ascii()); }
+void TextWriter::utf8(int code, std::string_view text) {
+  line(code, codec_.encode(text, buffer_));
+}
+void TextWriter::unread(int code, std::string_view text) {
+  line(code, text);
+}
+void TextWriter::handle(int code, OdDbHandle value) {
+  line(code, value.ascii());
+}
+void TextWriter::reference(int code, OdDbObjectId id) {
+  line(code, id.getHandle().ascii());
+}
 
 void TextWriter::real(int code, double value) {
   char digits[40];

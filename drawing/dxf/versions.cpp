@@ -54,7 +54,8 @@ FileForm formOf(std::string_view content, std::string* version) {
   if (content.size() > 22 && content.substr(7, kBinary.size()) == kBinary)
     return FileForm::BinaryDxf;
   if (content.size() >= 6 && content.substr(0, 2) == "AC" &&
-      std::all_of(content.begin() + 2, content.begin() + 6, [](char c) { return (c >= '0' && c <= '9') || c == '.'; })) {
+      std::all_of(content.begin() + 2, content.begin() + 6,
+                  [](char c) { return (c >= '0' && c <= '9') || c == '.'; })) {
     if (version != nullptr)
       *version = content.substr(0, 6);
     return FileForm::Dwg;
@@ -63,14 +64,16 @@ FileForm formOf(std::string_view content, std::string* version) {
   if (content.substr(0, 3) == "\xEF\xBB\xBF")
     content.remove_prefix(3);
   std::size_t at = 0;
-  while (at < content.size() && (content[at] == ' ' || content[at] == '\t' || content[at] == '\r' || content[at] == '\n'))
+  while (at < content.size() &&
+         (content[at] == ' ' || content[at] == '\t' || content[at] == '\r' || content[at] == '\n'))
     ++at;
   const std::size_t digits = at;
   while (at < content.size() && content[at] >= '0' && content[at] <= '9')
     ++at;
   while (at > digits && at < content.size() && (content[at] == ' ' || content[at] == '\t'))
     ++at;
-  const bool isCode = at > digits && at - digits <= 8 && at < content.size() && (content[at] == '\r' || content[at] == '\n');
+  const bool isCode =
+      at > digits && at - digits <= 8 && at < content.size() && (content[at] == '\r' || content[at] == '\n');
   return isCode ? FileForm::TextDxf : FileForm::Unknown;
 }
 

@@ -27,7 +27,7 @@ private:
 
   const OdDbDatabase& database_;
   GroupSink& sink_;
-  OdString layoutName_;      // of the block whose entities are being written
+  OdString layoutName_; // of the block whose entities are being written
   bool inPaperSpace_ = false;
 };
 

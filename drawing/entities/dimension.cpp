@@ -1,5 +1,8 @@
 #include "DbDimension.h"
 
+#include "DbBlockTable.h"
+#include "db/store.h"
+
 #include "Ge/GeUtil.h"
 #include "entities/setters.h"
 #include "entities/transforms.h"
@@ -49,19 +52,37 @@ OdResult OdDbDimension::subTransformBy(const OdGeMatrix3d& matrix) {
     return eCannotTransform;
   for (OdGePoint3d* point : worldPoints())
     *point = matrix * *point;
-  PointList inPlane = planePoints();
-  inPlane.push_back(&textPosition_);
-  for (OdGePoint3d* point : inPlane) {
-    if (isGiven(*point))
-      *point = map.point(*point);
-  }
+  for (OdGePoint3d* point : planePoints())
+    *point = map.point(*point);
+  textPosition_ = map.point(textPosition_);
   normal_ = map.normal();
   if (map.isMirrored())
     textRotation_ = -textRotation_;
   if (measurement_ > 0 && !measuresAngle())
     measurement_ *= map.scale();
+  movePicture(matrix);
   moveRest(map);
   return eOk;
+}
+
+// The picture is a block of its own, drawn in the world: it moves with the dimension that it shows.
+void OdDbDimension::movedParts(std::vector<OdDbObjectId>& ids) const {
+  OdDbEntity::movedParts(ids);
+  const auto* picture = drawing::db::peekAs<OdDbBlockTableRecord>(block_);
+  if (isDBRO() && picture != nullptr && picture->isAnonymous())
+    ids.insert(ids.end(), picture->members().ids().begin(), picture->members().ids().end());
+}
+
+void OdDbDimension::movePicture(const OdGeMatrix3d& matrix) {
+  std::vector<OdDbObjectId> parts;
+  movedParts(parts);
+  for (OdDbObjectId id : parts) {
+    auto* part = drawing::db::peekAs<OdDbEntity>(id);
+    if (part == nullptr || part->isErased())
+      continue;
+    const drawing::db::WriteScope scope(*part);
+    part->transformBy(matrix);
+  }
 }
 
 OdResult OdDbDimension::getGeomExtents(OdGeExtents3d& extents) const {

@@ -120,10 +120,6 @@ OdGePoint3d OdDbAngularDimension::arcPoint() const {
   return odgeOcsToWcs(arc_, normal_);
 }
 
-OdDbDimension::PointList OdDbLinearDimension::planePoints() {
-  return {&insertion_};
-}
-
 // The slant counts from the dimension line, so only a mirror turns it.
 void OdDbLinearDimension::moveRest(const PlaneMap& map) {
   if (map.isMirrored())

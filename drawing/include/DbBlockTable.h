@@ -101,6 +101,7 @@ public:
   void adoptEntity(OdDbObjectId id) { members_.push(id); }
   void adoptCopy(); // a copy has no ends and no layout of its own yet
   void adoptEnds(OdDbObjectId begin, OdDbObjectId end);
+  void joinedTable() override { ensureEnds(); }
   void ensureEnds(); // makes the BLOCK and ENDBLK objects when they are missing
   // What files hold in the block's head instead of its table record.
   static const drawing::Section& headSection();

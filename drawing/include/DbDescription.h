@@ -28,7 +28,8 @@ struct Field {
 
   std::int16_t code = 0; // points: the code of x; y and z follow at +10 and +20
   FieldKind kind = FieldKind::Real;
-  OdDb::SymbolTableKind byName = OdDb::kNoTable; // a reference that files hold as a record's name
+  OdDb::SymbolTableKind byName = OdDb::kNoTable;    // a reference that files hold as a record's name
+  OdDb::SymbolTableKind maybeName = OdDb::kNoTable; // some files hold the record's name instead of its handle
   OdDb::ReferenceType holds = OdDb::kHardPointerRef;
   OdDb::DwgVersion since = OdDb::kRelease2000; // files of earlier versions do not have it
   bool degrees = false;                        // radians in memory, degrees in files
@@ -58,6 +59,11 @@ struct Field {
   constexpr Field name(OdDb::SymbolTableKind table) const {
     Field f = *this;
     f.byName = table;
+    return f;
+  }
+  constexpr Field orName(OdDb::SymbolTableKind table) const {
+    Field f = *this;
+    f.maybeName = table;
     return f;
   }
   constexpr Field ref(OdDb::ReferenceType type) const {

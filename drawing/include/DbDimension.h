@@ -32,6 +32,7 @@ public:
   double getMeasurement() const { return measurement_; } // as its last program measured it
 
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
+  void movedParts(std::vector<OdDbObjectId>& ids) const override;
 
 protected:
   explicit OdDbDimension(std::int16_t type) : type_(type) {}
@@ -44,13 +45,14 @@ protected:
   virtual PointList planePoints() { return {}; }
   // What else turns and grows.
   virtual void moveRest(const drawing::PlaneMap&) {}
+  void movePicture(const OdGeMatrix3d& matrix);
   virtual bool measuresAngle() const { return false; }
 
   OdDbObjectId block_;
   OdDbObjectId style_;
   OdString text_;
   OdGePoint3d definition_;   // of the dimension line or arc
-  OdGePoint3d textPosition_; // in the plane's frame; zero when there is none
+  OdGePoint3d textPosition_; // in the plane's frame
   OdGeVector3d normal_{0, 0, 1};
   double textRotation_ = 0;
   double horizontalRotation_ = 0;
@@ -80,11 +82,10 @@ protected:
   using OdDbDimension::OdDbDimension;
   static drawing::Section linearSection();
   PointList worldPoints() override { return {&definition_, &first_, &second_}; }
-  PointList planePoints() override;
   void moveRest(const drawing::PlaneMap& map) override;
 
   OdGePoint3d first_, second_;
-  OdGePoint3d insertion_; // of clones, in the plane's frame; zero when there is none
+  OdGePoint3d insertion_; // of the picture, in the plane's frame
   double oblique_ = 0;
 };
 

@@ -34,7 +34,7 @@ MVDRAWING_API ReadResult readDrawingFromMemory(std::string_view content, const s
 
 struct WriteOptions {
   OdDb::DwgVersion version = OdDb::kVersionUnknown; // unknown: the version the drawing came in
-  bool refuseExisting = false; // do not overwrite; answers eFileAccessErr when the file is there
+  bool refuseExisting = false;                      // do not overwrite; answers eFileAccessErr when the file is there
 };
 
 struct WriteResult {

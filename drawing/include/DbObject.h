@@ -103,6 +103,8 @@ public:
   virtual drawing::IdList* memberList() { return nullptr; }
   // Called when undo or redo changed the member list or a member's name behind the container's back.
   virtual void membersChanged() {}
+  // Entities that transforming this one moves too.
+  virtual void movedParts(std::vector<OdDbObjectId>& ids) const { ownedObjects(ids); }
   // Called on the copy when its references have been translated.
   virtual void afterClone(const OdDbObject& source, OdDbIdMapping& mapping);
   void dropLostReactors(); // reactors that became null

@@ -25,6 +25,7 @@ public:
   std::int16_t lineWeight() const { return lineWeight_; }
   void setLineWeight(std::int16_t weight);
 
+  void joinedTable() override; // a layer without a line type gets the continuous one
   static constexpr std::int16_t kFrozen = 1, kFrozenInNew = 2, kLocked = 4;
 
 private:

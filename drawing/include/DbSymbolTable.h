@@ -99,6 +99,7 @@ public:
   void setFlag(std::int16_t bit, bool on);
   std::string dxfName() const override;
   OdDb::SymbolTableKind tableKind() const;
+  virtual void joinedTable() {} // called when a table has taken the record in
 
   static constexpr std::int16_t kDependent = 16, kResolved = 32, kReferenced = 64;
 

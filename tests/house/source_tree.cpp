@@ -124,7 +124,8 @@ std::string resolveInclude(const SourceTree& tree, const std::string& from, cons
   for (std::string_view folder : kPublicFolders)
     candidates.push_back(fs::path(std::string(folder) + include.name).lexically_normal().generic_string());
   candidates.push_back(fs::path(include.name).lexically_normal().generic_string());
-  candidates.push_back((fs::path(roomOf(from)) / include.name).lexically_normal().generic_string()); // from the room's root
+  candidates.push_back(
+      (fs::path(roomOf(from)) / include.name).lexically_normal().generic_string()); // from the room's root
   for (const std::string& candidate : candidates)
     if (tree.count(candidate) != 0)
       return candidate;

@@ -1,0 +1,246 @@
+// Real drawings come back from a file as they went in. Two checks that do not share their eyes: the canonical dump
+// before and after, which the SDK makes itself, and a comparison of the files' groups by a reader of its own, which
+// sees what the SDK never took in.
+#include "DbDump.h"
+#include "DbDxf.h"
+#include "OdFiles.h"
+#include "tests/corpus/groups.h"
+#include "tests/support/oracles.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+#include <functional>
+#include <sstream>
+
+namespace {
+
+struct File {
+  std::string path; // below the folder
+  std::string text;
+  bool isSound = false; // a text drawing of 2000 or later that is not there for its damage
+};
+
+std::string textOf(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  if (!in)
+    ADD_FAILURE() << path << " is missing";
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+std::vector<File> files() {
+  const char* folder = std::getenv("BLOCKCOMMON_CORPUS");
+  if (folder == nullptr) {
+    ADD_FAILURE() << "BLOCKCOMMON_CORPUS is not set";
+    return {};
+  }
+  std::istringstream list(textOf(std::string(folder) + "/FILES.tsv"));
+  std::vector<File> all;
+  std::string line;
+  std::getline(list, line); // headings
+  while (std::getline(list, line)) {
+    File file;
+    file.path = line.substr(0, line.find('\t'));
+    file.text = textOf(std::string(folder) + "/" + file.path);
+    const bool isText = drawing::formOf(file.text) == drawing::FileForm::TextDxf;
+    file.isSound = isText && file.path.rfind("damaged/", 0) != 0 && line.find("\tAC10") != std::string::npos &&
+                   line.find("\tAC1009\t") == std::string::npos && file.path.rfind("old-formats/", 0) != 0;
+    all.push_back(std::move(file));
+  }
+  EXPECT_GT(all.size(), 100u);
+  return all;
+}
+
+// Dump equality after a write and a read.
+void expectComesBack(const OdDbDatabase& database) {
+  const drawing::ReadResult again = drawing::readDrawingFromMemory(drawing::writeDrawingToMemory(database));
+  ASSERT_FALSE(again.database.isNull()) << again.message;
+  EXPECT_EQ(tests::firstDifference(drawing::canonicalDump(database), drawing::canonicalDump(*again.database)), "");
+}
+
+TEST(RoundTrip, SoundDrawingsComeBackEqual) {
+  for (const File& file : files()) {
+    if (!file.isSound)
+      continue;
+    SCOPED_TRACE(file.path);
+    const drawing::ReadResult read = drawing::readDrawingFromMemory(file.text, file.path);
+    ASSERT_FALSE(read.database.isNull()) << read.message;
+    expectComesBack(*read.database);
+  }
+}
+
+TEST(RoundTrip, OthersComeBackEqualOrAreRefusedWithAReason) {
+  for (const File& file : files()) {
+    if (file.isSound)
+      continue;
+    SCOPED_TRACE(file.path);
+    const drawing::ReadResult read = drawing::readDrawingFromMemory(file.text, file.path);
+    if (read.database.isNull())
+      EXPECT_EQ(read.message.rfind(file.path, 0), 0u) << read.message;
+    else
+      expectComesBack(*read.database);
+  }
+}
+
+// Groups that need not come back, each with the reason. Kind "*" is any record, value "*" any value.
+struct Allowed {
+  const char* kind;
+  int code;
+  const char* value;
+  enum When { Always, NotWrittenAtAll } when;
+  const char* why;
+};
+constexpr Allowed::When kAbsent = Allowed::NotWrittenAtAll;
+
+const Allowed kAllowed[] = {
+    {"$HANDSEED", 5, "*", Allowed::Always, "the next free handle moves on"},
+    {"TABLE", 70, "*", Allowed::Always, "the number of records is counted anew"},
+    {"BLOCK", 70, "*", Allowed::Always, "whether there are attributes and references is derived from the contents"},
+    {"*", 67, "0", kAbsent, "model space is meant without it"},
+    {"BLOCK", 67, "*", Allowed::Always, "follows from the block"},
+    {"*", 62, "256", kAbsent, "colour by layer"},
+    {"*", 370, "-1", kAbsent, "line weight by layer"},
+    {"*", 48, "1", kAbsent, "default line type scale"},
+    {"*", 60, "0", kAbsent, "visible"},
+    {"*", 39, "0", kAbsent, "no thickness"},
+    {"*", 38, "0", kAbsent, "no elevation"},
+    {"*", 210, "0", kAbsent, "default normal"},
+    {"*", 220, "0", kAbsent, "default normal"},
+    {"*", 230, "1", kAbsent, "default normal"},
+    {"*", 71, "0", kAbsent, "default flags of texts and polylines"},
+    {"*", 72, "0", kAbsent, "default alignment"},
+    {"*", 73, "0", kAbsent, "default alignment"},
+    {"*", 74, "0", kAbsent, "default alignment"},
+    {"*", 50, "0", kAbsent, "not turned"},
+    {"*", 51, "0", kAbsent, "not oblique"},
+    {"*", 11, "0", kAbsent, "no alignment point"},
+    {"*", 21, "0", kAbsent, "no alignment point"},
+    {"*", 31, "0", kAbsent, "no alignment point"},
+    {"INSERT", 41, "1", kAbsent, "default scale"},
+    {"INSERT", 42, "1", kAbsent, "default scale"},
+    {"INSERT", 43, "1", kAbsent, "default scale"},
+    {"ATTDEF", 41, "1", kAbsent, "default width"},
+    {"ATTRIB", 41, "1", kAbsent, "default width"},
+    {"TEXT", 41, "1", kAbsent, "default width"},
+    {"INSERT", 66, "*", kAbsent, "whether attributes follow is seen from them"},
+    {"3DFACE", 70, "0", kAbsent, "all edges visible"},
+    {"DIMENSION", 1, "", kAbsent, "the measured value is the text"},
+    {"DIMENSION", 53, "0", kAbsent, "text not turned"},
+    {"DIMENSION", 41, "1", kAbsent, "default line spacing"},
+    {"DIMENSION", 72, "1", kAbsent, "default line spacing"},
+    {"MTEXT", 46, "0", Allowed::Always, "no height of columns"},
+    {"MTEXT", 50, "*", Allowed::Always, "an angle is written as a direction"},
+    {"POLYLINE", 70, "0", kAbsent, "open, of lines"},
+    {"POLYLINE", 75, "0", kAbsent, "not smoothed"},
+    {"LWPOLYLINE", 40, "0", Allowed::Always, "no width at the vertex"},
+    {"LWPOLYLINE", 41, "0", Allowed::Always, "no width at the vertex"},
+    {"LWPOLYLINE", 42, "0", Allowed::Always, "no bulge at the vertex"},
+    {"LWPOLYLINE", 43, "0", kAbsent, "no width"},
+    {"DICTIONARY", 280, "0", kAbsent, "entries are not owned"},
+    {"DICTIONARY", 350, "*", Allowed::Always, "entries of a dictionary that owns them stand under 360"},
+    {"DIMSTYLE", 40, "1", kAbsent, "default scale"},
+    {"DIMSTYLE", 41, "0.18", kAbsent, "default arrow size"},
+    {"DIMSTYLE", 140, "0.18", kAbsent, "default text height"},
+    {"DIMSTYLE", 340, "STANDARD", Allowed::Always, "a text style by name is written by handle"},
+    {"DIMSTYLE", 341, "0", kAbsent, "no block"},
+    {"LAYER", 290, "1", kAbsent, "plotted"},
+    {"LAYER", 348, "0", kAbsent, "no style"},
+    {"LAYER", 390, "0", kAbsent, "no style"},
+};
+
+bool hasCode(const corpus::Record& record, int code) {
+  return std::any_of(record.groups.begin(), record.groups.end(),
+                     [code](const corpus::Group& group) { return group.code == code; });
+}
+
+bool isInTable(const corpus::Loss& loss) {
+  for (const Allowed& row : kAllowed) {
+    const bool matches = (row.kind == std::string("*") || row.kind == loss.source->kind) &&
+                         row.code == loss.group.code &&
+                         (row.value == std::string("*") || row.value == loss.group.value);
+    if (matches && (row.when == Allowed::Always || !hasCode(*loss.written, row.code)))
+      return true;
+  }
+  return false;
+}
+
+std::string folded(std::string text) {
+  for (char& c : text)
+    c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
+  return text;
+}
+
+// Names are written as the record spells itself, and the second of two equal block names is changed.
+bool isNameOtherwiseSpelled(const corpus::Loss& loss) {
+  const int code = loss.group.code;
+  if (code != 2 && code != 3 && code != 6 && code != 7 && code != 8)
+    return false;
+  const std::string wanted = folded(loss.group.value);
+  const bool isBlock = loss.source->kind == "BLOCK" || loss.source->kind == "BLOCK_RECORD";
+  return std::any_of(loss.written->groups.begin(), loss.written->groups.end(), [&](const corpus::Group& group) {
+    const std::string have = folded(group.value);
+    return group.code == code && (have == wanted || (isBlock && have == wanted + "-2"));
+  });
+}
+
+// Characters that a file spells by their numbers are written as themselves where the code page has them.
+bool isEscaped(const corpus::Loss& loss) {
+  return loss.group.value.find("\\U+") != std::string::npos || loss.group.value.find("\\M+") != std::string::npos;
+}
+
+// Angles are held in radians.
+bool isSameAngle(const corpus::Loss& loss) {
+  if (loss.group.code < 50 || loss.group.code > 58)
+    return false;
+  const double wanted = std::strtod(loss.group.value.c_str(), nullptr);
+  return std::any_of(loss.written->groups.begin(), loss.written->groups.end(), [&](const corpus::Group& group) {
+    return group.code == loss.group.code &&
+           std::fabs(std::strtod(group.value.c_str(), nullptr) - wanted) <= 1e-14 * std::max(1.0, std::fabs(wanted));
+  });
+}
+
+std::string joinedText(const corpus::Record& record) {
+  std::string all;
+  for (const corpus::Group& group : record.groups)
+    all += group.code == 1 || group.code == 3 ? group.value : "";
+  return all;
+}
+
+// Long texts are cut into pieces elsewhere.
+bool isCutElsewhere(const corpus::Loss& loss) {
+  return loss.source->kind == "MTEXT" && (loss.group.code == 1 || loss.group.code == 3) &&
+         joinedText(*loss.source) == joinedText(*loss.written);
+}
+
+// A space whose layout does not exist gets one.
+bool isMissingLayout(const corpus::Loss& loss) {
+  return loss.source->kind == "BLOCK_RECORD" && loss.group.code == 340 && loss.toNothing;
+}
+
+TEST(RoundTrip, NoGroupOfASoundDrawingIsLost) {
+  bool (*const reasons[])(const corpus::Loss&) = {isInTable,   isNameOtherwiseSpelled, isEscaped,
+                                                  isSameAngle, isCutElsewhere,         isMissingLayout};
+  for (const File& file : files()) {
+    if (!file.isSound)
+      continue;
+    SCOPED_TRACE(file.path);
+    const drawing::ReadResult read = drawing::readDrawingFromMemory(file.text, file.path);
+    ASSERT_FALSE(read.database.isNull()) << read.message;
+    const std::string bytes = drawing::writeDrawingToMemory(*read.database);
+    const corpus::Contents source = corpus::contentsOf(file.text), written = corpus::contentsOf(bytes);
+    for (const corpus::Loss& loss : corpus::lossesBetween(source, written)) {
+      const bool isAllowed = loss.written != nullptr && std::any_of(std::begin(reasons), std::end(reasons),
+                                                                    [&loss](auto reason) { return reason(loss); });
+      EXPECT_TRUE(isAllowed) << loss.source->kind << " " << loss.name << " lost " << loss.group.code << " \""
+                             << loss.group.value.substr(0, 60) << "\""
+                             << (loss.written == nullptr ? ", the whole record is missing" : "");
+    }
+  }
+}
+
+} // namespace

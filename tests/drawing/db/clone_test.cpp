@@ -1,0 +1,274 @@
+// Clones: everything owned comes along, references among clones follow, nothing of another drawing is named, and a
+// drawing stays sound whatever was cloned into it.
+#include "tests/support/drawings.h"
+#include "tests/support/oracles.h"
+
+#include "DbBlockReference.h"
+#include "DbCurves.h"
+#include "DbDictionary.h"
+#include "DbDimension.h"
+#include "DbDump.h"
+#include "DbIdMapping.h"
+#include "DbSortentsTable.h"
+#include "DbSymbolRecords.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace tests;
+
+OdDbObjectId addLine(OdDbDatabase& database, const OdGePoint3d& from, const OdGePoint3d& to,
+                     OdDbObjectId block = OdDbObjectId()) {
+  const OdDbLinePtr line = OdDbLine::createObject();
+  line->setStartPoint(from);
+  line->setEndPoint(to);
+  line->setLayer(database.getLayerZeroId());
+  return forWrite<OdDbBlockTableRecord>(block.isNull() ? database.getModelSpaceId() : block)->appendOdDbEntity(line);
+}
+
+std::vector<OdString> namesOf(const OdDbDatabase& database, OdDb::SymbolTableKind kind) {
+  std::vector<OdString> names;
+  const auto table = forRead<OdDbSymbolTable>(database.getSymbolTableId(kind));
+  for (auto it = table->newIterator(); !it->done(); it->step())
+    names.push_back(it->getRecord()->getName());
+  return names;
+}
+
+OdDbObjectIdArray contentsOf(OdDbObjectId block) {
+  OdDbObjectIdArray ids;
+  for (auto it = forRead<OdDbBlockTableRecord>(block)->newIterator(); !it->done(); it->step())
+    ids.append(it->objectId());
+  return ids;
+}
+
+class DeepClone : public testing::Test {
+protected:
+  void SetUp() override { skewHandles(*database_); }
+  OdDbDatabasePtr database_ = OdDbDatabase::create();
+};
+
+TEST_F(DeepClone, BringsEverythingOwnedInOrderAndIsOneUndoStep) {
+  const OdDbObjectId door = addBlock(*database_, L"door");
+  addLine(*database_, {0, 0, 0}, {1, 0, 0}, door);
+  const OdDbObjectId reference = addReference(*database_, door);
+  const OdDbObjectId attribute = addAttribute(reference, L"NO", L"7");
+  const OdDbObjectId line = addLine(*database_, {0, 0, 0}, {5, 5, 0});
+  {
+    const auto open = forWrite<OdDbLine>(line);
+    const auto dictionary = forWrite<OdDbDictionary>(open->createExtensionDictionary());
+    const OdSmartPtr<OdDbXrecord> record = OdDbXrecord::createObject();
+    record->groupsForWrite().reference(330, reference); // among the clones: must follow
+    record->groupsForWrite().reference(330, door);      // of the same drawing: stays
+    dictionary->setAt(L"NOTE", record);
+  }
+  const OdDbObjectId lamp = addBlock(*database_, L"lamp");
+  OdDbIdMapping mapping;
+  expectUndoRestores(*database_, [&] {
+    OdDbObjectIdArray ids;
+    ids.append(line);
+    ids.append(reference);
+    ASSERT_EQ(database_->deepCloneObjects(ids, lamp, mapping), eOk);
+  });
+  const OdDbObjectIdArray clones = contentsOf(lamp);
+  ASSERT_EQ(clones.size(), 2u);
+  EXPECT_EQ(clones[0], mapping.valueOf(line));
+  EXPECT_EQ(clones[1], mapping.valueOf(reference));
+  ASSERT_GE(mapping.size(), 5u); // both, the attribute with its end, the dictionary with its record
+  EXPECT_TRUE(mapping.pairs()[0].isPrimary());
+  EXPECT_FALSE(mapping.pairs()[2].isPrimary());
+
+  const auto clonedReference = forRead<OdDbBlockReference>(clones[1]);
+  ASSERT_EQ(clonedReference->attributeIds().size(), 1u);
+  EXPECT_EQ(clonedReference->attributeIds()[0], mapping.valueOf(attribute));
+  const auto dictionary = forRead<OdDbDictionary>(clones[0].safeOpenObject()->extensionDictionary());
+  const auto record = forRead<OdDbXrecord>(dictionary->getAt(L"NOTE"));
+  EXPECT_EQ(record->groups().idOf(record->groups()[0]), clones[1]);
+  EXPECT_EQ(record->groups().idOf(record->groups()[1]), door);
+  expectSound(*database_);
+  expectRoundTrip(*database_);
+}
+
+TEST_F(DeepClone, RefusesToCloseACycleAndChangesNothing) {
+  const OdDbObjectId a = addBlock(*database_, L"a");
+  const OdDbObjectId b = addBlock(*database_, L"b");
+  const OdDbObjectId c = addBlock(*database_, L"c");
+  addReference(*database_, b, a);
+  addReference(*database_, c, b);
+  const OdDbObjectId toA = addReference(*database_, a);
+  const OdDbObjectId line = addLine(*database_, {0, 0, 0}, {1, 0, 0});
+  const std::string before = drawing::canonicalDump(*database_);
+  OdDbObjectIdArray ids;
+  ids.append(line);
+  ids.append(toA);
+  for (const OdDbObjectId& into : {a, b, c}) {
+    OdDbIdMapping mapping;
+    EXPECT_EQ(database_->deepCloneObjects(ids, into, mapping), eSelfReference);
+    EXPECT_EQ(mapping.size(), 0u);
+  }
+  EXPECT_THROW(addReference(*database_, a, c), OdError);
+  EXPECT_EQ(drawing::canonicalDump(*database_), before);
+}
+
+TEST_F(DeepClone, GivesADimensionAPictureOfItsOwn) {
+  const OdDbObjectId picture = addBlock(*database_, L"*D");
+  addLine(*database_, {10, 0, 0}, {20, 0, 0}, picture);
+  const auto dimension = OdDbRotatedDimension::createObject();
+  dimension->setXLine1Point({10, 0, 0});
+  dimension->setXLine2Point({20, 0, 0});
+  dimension->setDimBlockId(picture);
+  dimension->setLayer(database_->getLayerZeroId());
+  const OdDbObjectId id =
+      forWrite<OdDbBlockTableRecord>(database_->getModelSpaceId())->appendOdDbEntity(dimension.get());
+  OdDbIdMapping mapping;
+  OdDbObjectIdArray ids;
+  ids.append(id);
+  ASSERT_EQ(database_->deepCloneObjects(ids, addBlock(*database_, L"x"), mapping), eOk);
+  const auto clone = forWrite<OdDbRotatedDimension>(mapping.valueOf(id));
+  ASSERT_NE(clone->dimBlockId(), picture);
+  EXPECT_EQ(clone->transformBy(OdGeMatrix3d::translation(OdGeVector3d(0, 5, 0))), eOk);
+  EXPECT_EQ(forRead<OdDbLine>(contentsOf(clone->dimBlockId())[0])->startPoint(), OdGePoint3d(10, 5, 0));
+  EXPECT_EQ(forRead<OdDbLine>(contentsOf(picture)[0])->startPoint(), OdGePoint3d(10, 0, 0));
+  expectSound(*database_);
+}
+
+// Clones within one drawing keep the draw order of the originals although handles differ.
+TEST_F(DeepClone, KeepsTheDrawOrderOfAClonedDefinition) {
+  const OdDbDatabasePtr other = OdDbDatabase::create();
+  const OdDbObjectId inner = addBlock(*other, L"inner");
+  const OdDbObjectId first = addLine(*other, {0, 0, 0}, {1, 0, 0}, inner);
+  addLine(*other, {0, 0, 0}, {2, 0, 0}, inner);
+  {
+    const auto dictionary =
+        forWrite<OdDbDictionary>(forWrite<OdDbBlockTableRecord>(inner)->createExtensionDictionary());
+    const OdDbSortentsTablePtr table = OdDbSortentsTable::createObject();
+    table->setBlockId(inner);
+    dictionary->setAt(L"ACAD_SORTENTS", table);
+    OdDbObjectIdArray top;
+    top.append(first);
+    forWrite<OdDbSortentsTable>(table->objectId())->moveToTop(top);
+  }
+  OdDbObjectIdArray ids;
+  ids.append(addReference(*other, inner));
+  OdDbIdMapping mapping;
+  ASSERT_EQ(other->wblockCloneObjects(ids, database_->getModelSpaceId(), mapping, OdDb::kDrcReplace), eOk);
+  const auto order = forRead<OdDbBlockTableRecord>(database_->symbol(OdDb::kBlockTable, L"inner"))->drawOrder();
+  ASSERT_EQ(order.size(), 2u);
+  EXPECT_EQ(forRead<OdDbLine>(order[1])->endPoint(), OdGePoint3d(1, 0, 0));
+}
+
+class CloneBetween : public testing::Test {
+protected:
+  void SetUp() override {
+    skewHandles(*target_);
+    wall_ = addLayer(*source_, L"wall");
+    forWrite<OdDbLayerTableRecord>(wall_)->setColor({1, OdCmColor::kNoTrueColor});
+    hinge_ = addBlock(*source_, L"hinge");
+    addLine(*source_, {0, 0, 0}, {1, 0, 0}, hinge_);
+    door_ = addBlock(*source_, L"door");
+    addReference(*source_, hinge_, door_);
+    reference_ = addReference(*source_, door_);
+    forWrite<OdDbBlockReference>(reference_)->setLayer(wall_);
+  }
+  OdResult clone(OdDbObjectId into, OdDb::DuplicateRecordCloning mode) {
+    OdDbObjectIdArray ids;
+    ids.append(reference_);
+    return source_->wblockCloneObjects(ids, into, mapping_, mode);
+  }
+  OdDbDatabasePtr source_ = OdDbDatabase::create();
+  OdDbDatabasePtr target_ = OdDbDatabase::create();
+  OdDbObjectId wall_, hinge_, door_, reference_;
+  OdDbIdMapping mapping_;
+};
+
+TEST_F(CloneBetween, BringsNeededRecordsAtAnyDepthAndLeavesTheSource) {
+  const std::string before = drawing::canonicalDump(*source_);
+  ASSERT_EQ(clone(target_->getModelSpaceId(), OdDb::kDrcReplace), eOk);
+  EXPECT_EQ(drawing::canonicalDump(*source_), before);
+  for (const wchar_t* name : {L"door", L"hinge"})
+    EXPECT_FALSE(target_->symbol(OdDb::kBlockTable, name).isNull());
+  const auto copy = forRead<OdDbBlockReference>(mapping_.valueOf(reference_));
+  EXPECT_EQ(copy->layer(), L"wall");
+  EXPECT_EQ(copy->blockTableRecord(), target_->symbol(OdDb::kBlockTable, L"door"));
+  expectSound(*target_);
+  expectRoundTrip(*target_);
+}
+
+TEST_F(CloneBetween, ReplacesOrKeepsRecordsOfTheSameName) {
+  struct Case {
+    OdDb::DuplicateRecordCloning mode;
+    std::int16_t color;
+    std::size_t lines;
+  };
+  for (const Case& expected : {Case{OdDb::kDrcReplace, 1, 1}, Case{OdDb::kDrcIgnore, 7, 2}}) {
+    target_ = OdDbDatabase::create();
+    mapping_ = OdDbIdMapping();
+    const OdDbObjectId wall = addLayer(*target_, L"WALL");
+    const OdDbObjectId hinge = addBlock(*target_, L"Hinge");
+    addLine(*target_, {0, 0, 0}, {9, 0, 0}, hinge);
+    addLine(*target_, {0, 0, 0}, {8, 0, 0}, hinge);
+    ASSERT_EQ(clone(target_->getModelSpaceId(), expected.mode), eOk);
+    EXPECT_EQ(target_->symbol(OdDb::kLayerTable, L"wall"), wall); // the id stays valid for whoever holds it
+    EXPECT_EQ(forRead<OdDbLayerTableRecord>(wall)->color().index, expected.color);
+    EXPECT_EQ(contentsOf(hinge).size(), expected.lines);
+    expectSound(*target_);
+    expectRoundTrip(*target_);
+  }
+}
+
+TEST_F(CloneBetween, NeverReplacesTheBlockThatIsFilled) {
+  const OdDbObjectId door = addBlock(*target_, L"door");
+  ASSERT_EQ(clone(door, OdDb::kDrcReplace), eOk);
+  const auto copy = forRead<OdDbBlockReference>(contentsOf(door)[0]);
+  EXPECT_EQ(forRead<OdDbBlockTableRecord>(copy->blockTableRecord())->getName(), L"door-2");
+  expectSound(*target_);
+  expectRoundTrip(*target_);
+}
+
+TEST_F(CloneBetween, RenewsAnonymousNames) {
+  const OdDbObjectId theirs = addBlock(*source_, L"*U");
+  const OdString name = forRead<OdDbBlockTableRecord>(theirs)->getName();
+  const OdDbObjectId ours = addBlock(*target_, L"*U");
+  ASSERT_EQ(forRead<OdDbBlockTableRecord>(ours)->getName(), name);
+  OdDbObjectIdArray ids;
+  ids.append(addReference(*source_, theirs));
+  ASSERT_EQ(source_->wblockCloneObjects(ids, target_->getModelSpaceId(), mapping_, OdDb::kDrcReplace), eOk);
+  EXPECT_NE(mapping_.valueOf(theirs), ours);
+  EXPECT_EQ(namesOf(*target_, OdDb::kBlockTable).back(), L"*U2");
+}
+
+TEST_F(CloneBetween, AnswersWhyNothingWasCloned) {
+  OdDbObjectIdArray none, erased, foreign;
+  none.append(OdDbObjectId());
+  erased.append(addLine(*source_, {0, 0, 0}, {1, 0, 0}));
+  erased[0].safeOpenObject(OdDb::kForWrite)->erase();
+  foreign.append(addLine(*target_, {0, 0, 0}, {1, 0, 0}));
+  const OdDbObjectId space = target_->getModelSpaceId();
+  const std::string before = drawing::canonicalDump(*target_);
+  EXPECT_EQ(source_->wblockCloneObjects(none, space, mapping_, OdDb::kDrcReplace), eNullObjectId);
+  EXPECT_EQ(source_->wblockCloneObjects(erased, space, mapping_, OdDb::kDrcReplace), eWasErased);
+  EXPECT_EQ(source_->wblockCloneObjects(foreign, space, mapping_, OdDb::kDrcReplace), eWrongDatabase);
+  EXPECT_EQ(source_->wblockCloneObjects(erased, OdDbObjectId(), mapping_, OdDb::kDrcReplace), eNullObjectId);
+  EXPECT_EQ(source_->deepCloneObjects(erased, OdDbObjectId(), mapping_), eNullObjectId);
+  EXPECT_EQ(drawing::canonicalDump(*target_), before);
+}
+
+TEST_F(CloneBetween, InsertsADrawingAsABlock) {
+  source_->setINSBASE(OdGePoint3d(3, 4, 0));
+  forWrite<OdDbBlockReference>(reference_)->setPosition(OdGePoint3d(1, 1, 0));
+  const OdDbObjectId keptHinge = addBlock(*target_, L"hinge"); // the target's own stays as it is
+  drawing::Report report;
+  const OdDbObjectId made = target_->insert(L"door", source_, &report);
+  ASSERT_FALSE(made.isNull());
+  EXPECT_EQ(forRead<OdDbBlockTableRecord>(made)->origin(), OdGePoint3d(3, 4, 0));
+  EXPECT_EQ(report.count("clone.renamed"), 1u); // a door in the door
+  EXPECT_EQ(contentsOf(made).size(), 1u);
+  EXPECT_TRUE(contentsOf(keptHinge).isEmpty());
+  ASSERT_EQ(target_->insert(L"DOOR", source_), made); // refilled, not doubled
+  EXPECT_EQ(contentsOf(made).size(), 1u);
+  EXPECT_TRUE(source_->insert(L"self", source_).isNull());
+  expectSound(*target_);
+  expectRoundTrip(*target_);
+}
+
+} // namespace

@@ -1,0 +1,68 @@
+#include "tests/support/oracles.h"
+
+#include "DbAudit.h"
+#include "DbDxf.h"
+
+#include <gtest/gtest.h>
+
+namespace tests {
+
+namespace {
+
+std::string_view takeLine(std::string_view& text) {
+  const std::size_t end = std::min(text.find('\n'), text.size());
+  const std::string_view line = text.substr(0, end);
+  text.remove_prefix(std::min(end + 1, text.size()));
+  return line;
+}
+
+} // namespace
+
+std::string firstDifference(const std::string& before, const std::string& after) {
+  std::string_view a = before, b = after;
+  std::string record;
+  while (!a.empty() || !b.empty()) {
+    const std::string_view lineA = takeLine(a), lineB = takeLine(b);
+    if (lineA != lineB)
+      return "in \"" + record + "\": \"" + std::string(lineA) + "\" against \"" + std::string(lineB) + "\"";
+    if (!lineA.empty() && lineA[0] != ' ')
+      record = lineA;
+  }
+  return {};
+}
+
+void expectUndoRestores(OdDbDatabase& database, const std::function<void()>& change) {
+  database.startUndoRecord();
+  const std::string before = drawing::canonicalDump(database);
+  change();
+  const std::string after = drawing::canonicalDump(database);
+  EXPECT_NE(before, after) << "the change changed nothing";
+  ASSERT_EQ(database.undo(), eOk);
+  EXPECT_EQ(firstDifference(before, drawing::canonicalDump(database)), "") << "undone";
+  ASSERT_EQ(database.redo(), eOk);
+  EXPECT_EQ(firstDifference(after, drawing::canonicalDump(database)), "") << "redone";
+}
+
+OdDbDatabasePtr expectRoundTrip(const OdDbDatabase& database) {
+  const std::string bytes = drawing::writeDrawingToMemory(database);
+  drawing::ReadResult read = drawing::readDrawingFromMemory(bytes);
+  EXPECT_FALSE(read.database.isNull()) << read.message;
+  if (read.database.isNull())
+    return nullptr;
+  for (const drawing::Issue& issue : read.report.issues())
+    EXPECT_EQ(issue.severity, drawing::Severity::Note) << drawing::describe(issue);
+  EXPECT_EQ(firstDifference(drawing::canonicalDump(database), drawing::canonicalDump(*read.database)), "");
+  return read.database;
+}
+
+void expectSound(OdDbDatabase& database) {
+  const drawing::Report report = drawing::auditDrawing(database);
+  for (const drawing::Issue& issue : report.issues())
+    ADD_FAILURE() << describe(issue);
+}
+
+void skewHandles(OdDbDatabase& database) {
+  database.setHandseed(database.handseed() + 0x1000);
+}
+
+} // namespace tests
