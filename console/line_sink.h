@@ -11,7 +11,7 @@ class LineSink : public morvane::OutputSink {
 public:
   explicit LineSink(std::function<void(const OdString&)> writer) : writer_(std::move(writer)) {}
   void write(const OdString& text) override;
-  void freshLine(); // ends a line that was begun
+  void freshLine();                      // ends a line that was begun
   void atLineStart() { begun_ = false; } // somebody else (the user's Enter key) ended the line
 
 private:

@@ -1,8 +1,8 @@
 // Numbers and points of command lines, and how the console shows them.
 #pragma once
 
-#include "OdDb.h"
 #include "Ge/GeMatrix3d.h"
+#include "OdDb.h"
 #include "OdString.h"
 
 #include <cstdint>

@@ -66,10 +66,13 @@ void Session::say(Text text, std::vector<OdString> arguments) {
 
 void Session::result(Text text, std::vector<OdString> arguments) {
   said_.push_back({text, std::move(arguments)});
-  if (quiet_)
-    return;
+  if (!quiet_)
+    printReport(said_.back().shown() + L"\n");
+}
+
+void Session::printReport(const OdString& text) {
   line_->freshLine();
-  results_(said_.back().shown() + L"\n");
+  results_(text);
 }
 
 void Session::addIssues(const drawing::Report& report) {

@@ -44,10 +44,12 @@ public:
 
   morvane::Host& host() { return host_; }
   LineSink& line() { return *line_; }
+  const std::shared_ptr<LineSink>& lineShared() const { return line_; }
 
   // A line on the command line, and a line of results.
   void say(Text text, std::vector<OdString> arguments = {});
   void result(Text text, std::vector<OdString> arguments = {});
+  void printReport(const OdString& text);                    // to where results go, also when they are kept
   const std::vector<Message>& said() const { return said_; } // everything, results included
   void addIssues(const drawing::Report& report);
   const std::vector<drawing::Issue>& issues() const { return issues_; }

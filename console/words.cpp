@@ -23,7 +23,7 @@ constexpr std::array kWords = {
          L"The drawing has changes that were not saved. Discard them? [Yes/No] <No>:"},
     Word{Text::kKeywordsYesNo, "keywords.yes-no", L"Yes No _Yes No"},
     Word{Text::kHelpHead, "help.head", L"Commands (other names in brackets):"},
-    Word{Text::kHelpLine, "help.line", L"  {1}  {2}"},
+    Word{Text::kHelpRow, "help.row", L"  {1}  {2}"},
     Word{Text::kHelpAttdef, "help.attdef", L"Draw an attribute definition"},
     Word{Text::kHelpBlock, "help.block", L"Make a block of objects"},
     Word{Text::kHelpCircle, "help.circle", L"Draw a circle"},
@@ -142,8 +142,7 @@ constexpr std::array kWords = {
     Word{Text::kErased, "erase.count", L"{1} {1:object|objects} erased."},
 
     Word{Text::kListObject, "list.object", L"{1}  handle {2}  layer \"{3}\"  {4}"},
-    Word{Text::kListBlock, "list.block",
-         L"Block \"{1}\": {2} {2:object|objects}, {3} {3:reference|references}"},
+    Word{Text::kListBlock, "list.block", L"Block \"{1}\": {2} {2:object|objects}, {3} {3:reference|references}"},
     Word{Text::kListSummary, "list.summary", L"{1} {1:object|objects}, {2} {2:block|blocks}"},
     Word{Text::kNoBlocks, "list.no-blocks", L"There are no blocks."},
     Word{Text::kDescribeLine, "describe.line", L"from {1} to {2}"},
@@ -190,8 +189,9 @@ constexpr std::array kWords = {
     Word{Text::kBadPoint, "usage.point", L"{1} takes X,Y or X,Y,Z, not \"{2}\"."},
     Word{Text::kBadUcs, "usage.ucs",
          L"{1} takes an origin and two axes at right angles, OX,OY,OZ/XX,XY,XZ/YX,YY,YZ, not \"{2}\"."},
-    Word{Text::kBadUnits, "usage.units", L"{1} takes a code from 0 to 24 or a name such as mm, cm, m, in, ft, not "
-                                         L"\"{2}\"."},
+    Word{Text::kBadUnits, "usage.units",
+         L"{1} takes a code from 0 to 24 or a name such as mm, cm, m, in, ft, not "
+         L"\"{2}\"."},
     Word{Text::kBadVersion, "usage.version", L"{1} takes 2000, 2004, 2007, 2010, 2013 or 2018, not \"{2}\"."},
     Word{Text::kBadHandle, "usage.handle", L"{1} takes a hexadecimal handle, not \"{2}\"."},
     Word{Text::kNoSelector, "usage.no-selector", L"Say which objects: --select all, --layer, --type or --handle."},

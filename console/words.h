@@ -19,7 +19,7 @@ enum class Text : unsigned short {
   kDiscardQuestion,
   kKeywordsYesNo,
   kHelpHead,
-  kHelpLine,
+  kHelpRow,
   kHelpAttdef,
   kHelpBlock,
   kHelpCircle,
