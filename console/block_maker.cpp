@@ -8,6 +8,7 @@
 #include "blockcommon/creation.h"
 #include "blockcommon/properties.h"
 #include "blockcommon/transforms.h"
+#include "morvane/drawing_tools.h"
 
 #include <set>
 
@@ -108,17 +109,37 @@ void addAttributes(OdDbBlockReference& reference, OdDbObjectId block) {
   }
 }
 
+// Things may be drawn on a locked layer, but what lies there does not open to be finished.
+class LayerOpen {
+public:
+  explicit LayerOpen(OdDbObjectId layer) : layer_(layer), locked_(LayerTools::isLayerLocked(layer)) {
+    if (locked_)
+      LayerTools::lockOrUnlockLayer(layer_, false);
+  }
+  ~LayerOpen() {
+    if (locked_)
+      LayerTools::lockOrUnlockLayer(layer_, true);
+  }
+  LayerOpen(const LayerOpen&) = delete;
+  LayerOpen& operator=(const LayerOpen&) = delete;
+
+private:
+  OdDbObjectId layer_;
+  bool locked_;
+};
+
 // A reference that shows the objects exactly where they were.
 OdDbObjectId placeReference(OdDbDatabase& database, const BlockRequest& request, OdDbObjectId block,
                             const OdGeMatrix3d& frame) {
-  const OdDbBlockTableRecordPtr space = request.space.safeOpenObject(OdDb::kForWrite);
   const OdDbBlockReferencePtr reference = OdDbBlockReference::createObject();
   reference->setDatabaseDefaults(&database);
   reference->setBlockTableRecord(block);
-  const OdDbObjectId id = space->appendOdDbEntity(reference.get());
-  const OdGeMatrix3d place = frame * OdGeMatrix3d::scaling(referenceScale(request, database));
-  if (id.isNull() || reference->setBlockTransform(place) != eOk)
+  if (reference->setBlockTransform(frame * OdGeMatrix3d::scaling(referenceScale(request, database))) != eOk)
     refuse(Text::kReferenceFailed, {request.name});
+  const LayerOpen layer(database.getCLAYER());
+  const OdDbBlockTableRecordPtr space = request.space.safeOpenObject(OdDb::kForWrite);
+  const OdDbObjectId id = space->appendOdDbEntity(reference.get());
+  reference->upgradeOpen();
   addAttributes(*reference, block);
   return id;
 }
