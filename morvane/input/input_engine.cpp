@@ -111,6 +111,11 @@ ReadStatus InputEngine::readAnswer(const OdString& prompt, bool allowSpaces, OdS
   return status;
 }
 
+void InputEngine::dropRestOfLine() {
+  for (Level& level : levels_)
+    level.rest.reset();
+}
+
 // Asks until there is an answer, a keyword, a permitted empty answer or a cancel. An end of input is a cancel, so that
 // no caller asks for ever.
 InputEngine::Verdict InputEngine::ask(const Armed& armed, const OdString& prompt, Extent extent, std::wstring& answer) {

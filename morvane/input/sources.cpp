@@ -25,8 +25,10 @@ StreamSource::StreamSource(std::istream& stream, bool script) : stream_(stream),
 
 ReadStatus StreamSource::readLine(const OdString&, OdString& line) {
   std::string bytes;
-  if (!std::getline(stream_, bytes))
-    return ReadStatus::kEnd;
+  do {
+    if (!std::getline(stream_, bytes))
+      return ReadStatus::kEnd;
+  } while (script_ && bytes.starts_with(';'));
   line = OdString::fromUtf8(withoutReturn(bytes));
   return ReadStatus::kLine;
 }

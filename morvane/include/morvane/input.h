@@ -30,7 +30,8 @@ public:
   virtual bool showsPrompt() const { return false; }
 };
 
-// Lines of a stream (piped input), UTF-8, with or without carriage returns. The stream is the caller's.
+// Lines of a stream (piped input), UTF-8, with or without carriage returns; in a script those that begin with ';' are
+// comments. The stream is the caller's.
 class MORVANE_API StreamSource : public InputSource {
 public:
   StreamSource(std::istream& stream, bool script);
@@ -106,6 +107,8 @@ public:
   int getReal(const OdString& prompt, double& result);
   // One answer as it was typed, for readers of commands. Nothing armed is used.
   ReadStatus readAnswer(const OdString& prompt, bool allowSpaces, OdString& answer);
+  // Forgets what a line still holds behind the answers that were read: it was meant for a command that failed.
+  void dropRestOfLine();
 
   const OdString& lastKeyword() const { return lastKeyword_; } // the text behind the latest RTKWORD
   std::array<double, 3> lastPoint() const;                     // in the current UCS

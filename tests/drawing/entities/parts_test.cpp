@@ -153,6 +153,7 @@ TEST_F(EntityParts, OlderMultiLineAttributeLivesInADictionary) {
   groups.point(10, OdGePoint3d(1, 2, 0));
   groups.utf8(2, "TAG");
   EXPECT_FALSE(attribute->isMTextAttribute());
+  groups.utf8(1, "Embedded Object");
   groups.point(10, OdGePoint3d(1, 2, 0));
   groups.real(40, 2);
   groups.utf8(1, "old");

@@ -1,0 +1,197 @@
+#include "console/block_maker.h"
+#include "console/selection.h"
+
+#include "DbAnnotationScale.h"
+#include "DbAttribute.h"
+#include "DbBlockReference.h"
+#include "DbBlockTable.h"
+#include "blockcommon/creation.h"
+#include "blockcommon/properties.h"
+#include "blockcommon/transforms.h"
+#include "morvane/drawing_tools.h"
+
+#include <set>
+
+namespace console {
+namespace {
+
+// The coordinate system of the block in the world: the axes of the UCS at the base point.
+OdGeMatrix3d blockFrame(Session& session, const OdGePoint3d& basePointUcs) {
+  OdGeMatrix3d ucs;
+  OdGePoint3d baseWcs;
+  if (mvsi::mvsidbUcsMatrix(ucs, &session.database()) != RTNORM ||
+      mvsi::mvsidbUcs2Wcs(basePointUcs, baseWcs, false) != RTNORM)
+    throw OdError(eInvalidInput);
+  return blockUtils::createEcsMatrixByMatrix(baseWcs, ucs);
+}
+
+void addReferencedBlocks(OdDbObjectId block, std::vector<OdDbObjectId>& blocks) {
+  for (const OdDbObjectId id : objectsOf(block)) {
+    const OdDbBlockReferencePtr reference = OdDbBlockReference::cast(id.safeOpenObject());
+    if (!reference.isNull())
+      blocks.push_back(reference->blockTableRecord());
+  }
+}
+
+// Whether the block is the target or refers to it, through any number of blocks.
+bool leadsTo(OdDbObjectId from, OdDbObjectId target) {
+  std::vector<OdDbObjectId> open = {from};
+  std::set<OdDbObjectId> seen;
+  while (!open.empty()) {
+    const OdDbObjectId block = open.back();
+    open.pop_back();
+    if (block == target)
+      return true;
+    if (seen.insert(block).second)
+      addReferencedBlocks(block, open);
+  }
+  return false;
+}
+
+// Clones of these objects must not lead back to the block that they become part of.
+void refuseSelfReference(const BlockRequest& request, OdDbObjectId block) {
+  for (const OdDbObjectId id : request.ids) {
+    const OdDbBlockReferencePtr reference = OdDbBlockReference::cast(id.safeOpenObject());
+    if (reference.isNull())
+      continue;
+    if (leadsTo(reference->blockTableRecord(), block))
+      refuse(Text::kContainsItself, {request.name, OdString::fromUtf8(id.getHandle().ascii())});
+  }
+}
+
+std::map<std::string, std::size_t> missingByType(const OdDbObjectIdArray& all, const OdDbObjectIdArray& taken) {
+  const std::set<OdDbObjectId> known(taken.begin(), taken.end());
+  std::map<std::string, std::size_t> types;
+  for (const OdDbObjectId id : all) {
+    if (known.count(id) == 0)
+      ++types[id.safeOpenObject()->dxfName()];
+  }
+  return types;
+}
+
+// A block's contents are stored against its base point already; an origin left from before would move them.
+void clearOrigin(OdDbObjectId block) {
+  const OdDbBlockTableRecordPtr record = block.safeOpenObject(OdDb::kForWrite);
+  record->setOrigin(OdGePoint3d::kOrigin);
+}
+
+void setProperties(const BlockRequest& request, OdDbObjectId block) {
+  const auto demand = [&](bool done, const wchar_t* option) {
+    if (!done)
+      refuse(Text::kPropertyFailed, {request.name, option});
+  };
+  demand(blockUtils::setUniformlyScaled(block, request.scalesUniformly), L"--uniform");
+  demand(blockUtils::setExplodable(block, request.explodable), L"--no-explode");
+  if (request.units)
+    demand(blockUtils::setBtrInsertUnit(block, *request.units), L"--units");
+  if (request.annotative || request.matchOrientation || request.redefine)
+    demand(blockUtils::SetAnnotative(block, request.annotative, request.matchOrientation), L"--annotative");
+}
+
+// The contents of an annotative block shrink by the annotation scale; its reference makes up for it.
+double referenceScale(const BlockRequest& request, OdDbDatabase& database) {
+  const OdDbAnnotationScalePtr scale = request.annotative ? database.cannoscale() : OdDbAnnotationScalePtr();
+  double factor = 1;
+  if (scale.isNull() || scale->getScale(factor) != eOk || factor <= 0)
+    return 1;
+  return 1 / factor;
+}
+
+void addAttributes(OdDbBlockReference& reference, OdDbObjectId block) {
+  const OdGeMatrix3d place = reference.blockTransform();
+  for (const OdDbObjectId id : objectsOf(block)) {
+    const OdDbAttributeDefinitionPtr definition = OdDbAttributeDefinition::cast(id.safeOpenObject());
+    if (definition.isNull() || definition->isConstant())
+      continue;
+    const OdDbAttributePtr attribute = OdDbAttribute::createObject();
+    attribute->setAttributeFromBlock(definition.get(), place);
+    reference.appendAttribute(attribute.get());
+  }
+}
+
+// Things may be drawn on a locked layer, but what lies there does not open to be finished.
+class LayerOpen {
+public:
+  explicit LayerOpen(OdDbObjectId layer) : layer_(layer), locked_(LayerTools::isLayerLocked(layer)) {
+    if (locked_)
+      LayerTools::lockOrUnlockLayer(layer_, false);
+  }
+  ~LayerOpen() {
+    if (locked_)
+      LayerTools::lockOrUnlockLayer(layer_, true);
+  }
+  LayerOpen(const LayerOpen&) = delete;
+  LayerOpen& operator=(const LayerOpen&) = delete;
+
+private:
+  OdDbObjectId layer_;
+  bool locked_;
+};
+
+// A reference that shows the objects exactly where they were.
+OdDbObjectId placeReference(OdDbDatabase& database, const BlockRequest& request, OdDbObjectId block,
+                            const OdGeMatrix3d& frame) {
+  const OdDbBlockReferencePtr reference = OdDbBlockReference::createObject();
+  reference->setDatabaseDefaults(&database);
+  reference->setBlockTableRecord(block);
+  if (reference->setBlockTransform(frame * OdGeMatrix3d::scaling(referenceScale(request, database))) != eOk)
+    refuse(Text::kReferenceFailed, {request.name});
+  const LayerOpen layer(database.getCLAYER());
+  const OdDbBlockTableRecordPtr space = request.space.safeOpenObject(OdDb::kForWrite);
+  const OdDbObjectId id = space->appendOdDbEntity(reference.get());
+  reference->upgradeOpen();
+  addAttributes(*reference, block);
+  return id;
+}
+
+void eraseAll(const OdDbObjectIdArray& ids) {
+  for (const OdDbObjectId id : ids)
+    id.safeOpenObject(OdDb::kForWrite)->erase();
+}
+
+void tell(Session& session, const BlockRequest& request, const BlockMade& made, bool redefined) {
+  for (const auto& [type, number] : made.dropped)
+    session.say(Text::kDropped, {count(number), OdString::fromUtf8(type)});
+  session.result(redefined ? Text::kBlockRedefined : Text::kBlockMade, {request.name, count(made.objects)});
+  const Text afterwards[] = {Text::kKept, Text::kConverted, Text::kDeleted};
+  session.say(afterwards[static_cast<std::size_t>(request.afterwards)]);
+}
+
+} // namespace
+
+BlockMade makeBlock(Session& session, BlockRequest request) {
+  OdDbDatabase& database = session.database();
+  checkBlockName(session, request.name);
+  const OdDbObjectId before = definitionOf(session, request.name);
+  if (!before.isNull() && !request.redefine)
+    refuse(Text::kBlockExists, {request.name, count(referencesTo(before))});
+  if (!before.isNull())
+    refuseSelfReference(request, before);
+
+  BlockMade made;
+  made.locked = leaveOutLocked(session, request.ids);
+  const OdGeMatrix3d frame = blockFrame(session, request.basePointUcs);
+  OdDbObjectIdArray taken = request.ids;
+  bool created = false;
+  made.block = blockUtils::create(&database, request.name, taken, request.redefine, created, request.basePointUcs,
+                                  request.description);
+  if (!created || made.block.isNull())
+    refuse(Text::kBlockFailed, {request.name});
+  if (taken.isEmpty())
+    refuse(Text::kAllDropped);
+  made.objects = static_cast<std::size_t>(taken.length());
+  made.dropped = missingByType(request.ids, taken);
+  clearOrigin(made.block);
+  setProperties(request, made.block);
+
+  // Moving there and back may have left traces in the last digits.
+  database.restoreFromUndo(taken);
+  if (request.afterwards != Afterwards::Keep)
+    eraseAll(taken);
+  if (request.afterwards == Afterwards::Convert)
+    made.reference = placeReference(database, request, made.block, frame);
+  tell(session, request, made, !before.isNull());
+  return made;
+}
+
+} // namespace console

@@ -1,0 +1,47 @@
+// Making a block of objects: what the BLOCK command and `morvane make` do once everything is known.
+#pragma once
+
+#include "console/session.h"
+
+#include "DbObjectId.h"
+#include "Ge/GePoint3d.h"
+#include "OdDb.h"
+
+#include <map>
+#include <optional>
+
+namespace console {
+
+struct BlockRequest {
+  OdString name;
+  OdGePoint3d basePointUcs;
+  OdDbObjectIdArray ids; // of one space
+  OdDbObjectId space;    // where a reference is placed
+  Afterwards afterwards = Afterwards::Convert;
+  bool redefine = false;
+  OdString description;
+  std::optional<OdDb::UnitsValue> units; // nothing: those of the drawing
+  bool annotative = false;
+  bool matchOrientation = false;
+  bool scalesUniformly = false;
+  bool explodable = true;
+};
+
+struct BlockMade {
+  OdDbObjectId block;
+  OdDbObjectId reference; // null unless the objects were converted
+  std::size_t objects = 0;
+  std::size_t locked = 0;                     // left out
+  std::map<std::string, std::size_t> dropped; // by type: cannot be put into the block, stay where they are
+};
+
+// Throws Failure for a name that a block cannot have.
+void checkBlockName(Session& session, const OdString& name);
+// The definition of that name in the open drawing; null when there is none.
+OdDbObjectId definitionOf(Session& session, const OdString& name);
+std::size_t referencesTo(OdDbObjectId block);
+
+// Runs inside a step that changes the drawing: whoever catches the Failure takes the step back.
+BlockMade makeBlock(Session& session, BlockRequest request);
+
+} // namespace console

@@ -1,0 +1,37 @@
+// A command: what it is called, what HELP says of it, and what it does.
+#pragma once
+
+#include "console/words.h"
+
+#include <string_view>
+#include <vector>
+
+class OdDbDatabase;
+
+namespace console {
+
+class Session;
+struct OpenDrawing;
+
+struct CommandContext {
+  Session& session;
+  OpenDrawing& drawing; // the current one
+  OdDbDatabase& database;
+};
+
+struct Command {
+  // A command that changes the drawing is one step of undo; of one that fails nothing stays.
+  enum class Kind { Looks, Changes };
+  const wchar_t* name;
+  std::vector<std::wstring_view> aliases;
+  Text help;
+  Kind kind;
+  void (*run)(CommandContext&); // throws Failure to stop
+};
+
+// In the order of their names.
+const std::vector<Command>& allCommands();
+// By name or alias, without regard to case; null when there is none.
+const Command* findCommand(std::wstring_view typed);
+
+} // namespace console

@@ -1,0 +1,10 @@
+// The list of blocks that LIST and the question mark of BLOCK show.
+#pragma once
+
+#include "console/session.h"
+
+namespace console::commands {
+
+std::size_t listBlocks(Session& session); // answers how many there are; spaces are no blocks
+
+} // namespace console::commands

@@ -1,0 +1,21 @@
+#include "console/ask.h"
+#include "console/commands/commands.h"
+#include "console/entities.h"
+
+#include "DbCurves.h"
+
+namespace console::commands {
+
+void circle(CommandContext& context) {
+  const OdGePoint3d center = askRequiredPoint(context.session, Text::kPromptCenter);
+  const double radius = askRequiredNumber(context.session, Text::kPromptRadius);
+  if (radius <= 0)
+    refuse(Text::kRadiusTooSmall);
+  const OdDbCirclePtr entity = OdDbCircle::createObject();
+  entity->setDatabaseDefaults(&context.database);
+  entity->setCenter(center);
+  entity->setRadius(radius);
+  addToDrawing(context, *entity);
+}
+
+} // namespace console::commands

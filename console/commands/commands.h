@@ -1,0 +1,28 @@
+// What each command does; a file each. Called through the table of allCommands().
+#pragma once
+
+#include "console/command.h"
+
+namespace console::commands {
+
+void attdef(CommandContext& context);
+void block(CommandContext& context);
+void circle(CommandContext& context);
+void erase(CommandContext& context);
+void help(CommandContext& context);
+void layer(CommandContext& context);
+void line(CommandContext& context);
+void list(CommandContext& context);
+void newDrawing(CommandContext& context);
+void open(CommandContext& context);
+void quit(CommandContext& context);
+void redo(CommandContext& context);
+void save(CommandContext& context);
+void saveas(CommandContext& context);
+void select(CommandContext& context);
+void setvar(CommandContext& context);
+void text(CommandContext& context);
+void ucs(CommandContext& context);
+void undo(CommandContext& context);
+
+} // namespace console::commands

@@ -1,0 +1,14 @@
+#include "console/commands/commands.h"
+#include "console/selection.h"
+
+namespace console::commands {
+
+void erase(CommandContext& context) {
+  OdDbObjectIdArray ids = askSelection(context.session);
+  leaveOutLocked(context.session, ids);
+  for (const OdDbObjectId id : ids)
+    id.safeOpenObject(OdDb::kForWrite)->erase();
+  context.session.say(Text::kErased, {count(static_cast<std::size_t>(ids.length()))});
+}
+
+} // namespace console::commands

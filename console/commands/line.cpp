@@ -1,0 +1,38 @@
+#include "console/ask.h"
+#include "console/commands/commands.h"
+#include "console/entities.h"
+
+#include "DbCurves.h"
+
+namespace console::commands {
+namespace {
+
+void addLine(CommandContext& context, const OdGePoint3d& from, const OdGePoint3d& to) {
+  const OdDbLinePtr entity = OdDbLine::createObject();
+  entity->setDatabaseDefaults(&context.database);
+  entity->setStartPoint(from);
+  entity->setEndPoint(to);
+  addToDrawing(context, *entity);
+}
+
+} // namespace
+
+void line(CommandContext& context) {
+  const OdGePoint3d first = askRequiredPoint(context.session, Text::kPromptFromPoint);
+  OdGePoint3d from = first;
+  for (int segments = 0;; ++segments) {
+    const bool closable = segments >= 2;
+    const PointOrKeyword next = closable
+                                    ? askPointOr(context.session, Text::kKeywordsClose, Text::kPromptToPointOrClose)
+                                    : PointOrKeyword{askPoint(context.session, Text::kPromptToPoint), {}};
+    if (!next.point) {
+      if (!next.keyword.isEmpty())
+        addLine(context, from, first);
+      return;
+    }
+    addLine(context, from, *next.point);
+    from = *next.point;
+  }
+}
+
+} // namespace console::commands

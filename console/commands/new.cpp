@@ -1,0 +1,12 @@
+#include "console/commands/commands.h"
+#include "console/commands/unsaved.h"
+
+namespace console::commands {
+
+void newDrawing(CommandContext& context) {
+  askToDiscardChanges(context.session);
+  context.session.adopt(OdDbDatabase::create(), {}, false);
+  context.session.say(Text::kNewDrawing);
+}
+
+} // namespace console::commands

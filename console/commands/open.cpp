@@ -1,0 +1,21 @@
+#include "console/ask.h"
+#include "console/commands/commands.h"
+#include "console/commands/unsaved.h"
+#include "console/drawing_io.h"
+
+namespace console::commands {
+
+void askToDiscardChanges(Session& session) {
+  if (session.drawing().document->isModified() && !askYes(session, Text::kDiscardQuestion))
+    cancel();
+}
+
+void open(CommandContext& context) {
+  const auto path = askText(context.session, Text::kPromptFileName);
+  if (!path)
+    refuse(Text::kNoFileName);
+  askToDiscardChanges(context.session);
+  openDrawing(context.session, path->toUtf8Lossless());
+}
+
+} // namespace console::commands

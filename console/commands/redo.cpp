@@ -1,0 +1,15 @@
+#include "console/commands/commands.h"
+#include "console/session.h"
+
+namespace console::commands {
+
+void redo(CommandContext& context) {
+  OpenDrawing& drawing = context.drawing;
+  if (drawing.undone.empty() || context.database.redo() != eOk)
+    refuse(Text::kNothingToRedo);
+  drawing.done.push_back(drawing.undone.back());
+  drawing.undone.pop_back();
+  context.session.say(Text::kRedone, {OdString::fromUtf8(drawing.done.back())});
+}
+
+} // namespace console::commands

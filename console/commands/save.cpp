@@ -1,0 +1,17 @@
+#include "console/ask.h"
+#include "console/commands/commands.h"
+#include "console/drawing_io.h"
+
+namespace console::commands {
+
+void save(CommandContext& context) {
+  Session& session = context.session;
+  const std::string path = context.drawing.path;
+  if (path.empty())
+    return saveas(context);
+  if (isOwnFileRepaired(session, path) && !askYes(session, Text::kRepairedOwnQuestion, {OdString::fromUtf8(path)}))
+    cancel();
+  saveDrawing(session, {path, OdDb::kVersionUnknown, true});
+}
+
+} // namespace console::commands

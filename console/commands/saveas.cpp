@@ -1,0 +1,44 @@
+#include "console/ask.h"
+#include "console/commands/commands.h"
+#include "console/drawing_io.h"
+
+#include "DbDxf.h"
+
+namespace console::commands {
+namespace {
+
+std::string askFileName(CommandContext& context) {
+  const std::string& before = context.drawing.path;
+  const auto typed = before.empty() ? askText(context.session, Text::kPromptFileName)
+                                    : askText(context.session, Text::kPromptFileNameOr, {OdString::fromUtf8(before)});
+  return typed ? typed->toUtf8Lossless() : before;
+}
+
+OdDb::DwgVersion askVersion(CommandContext& context) {
+  const std::string usual = versionToWrite(context.database, OdDb::kVersionUnknown);
+  const auto typed = askText(context.session, Text::kPromptVersion, {OdString::fromUtf8(usual)});
+  const OdDb::DwgVersion version = drawing::versionFromYear(typed ? typed->toUtf8() : usual);
+  if (version == OdDb::kVersionUnknown)
+    refuse(Text::kNoSuchVersion, {typed.value_or(OdString())});
+  return version;
+}
+
+} // namespace
+
+void saveas(CommandContext& context) {
+  Session& session = context.session;
+  SaveRequest request;
+  request.path = askFileName(context);
+  checkDrawingName(request.path);
+  request.version = askVersion(context);
+  if (fileExists(request.path)) {
+    const bool repaired = isOwnFileRepaired(session, request.path);
+    const Text question = repaired ? Text::kRepairedOwnQuestion : Text::kReplaceQuestion;
+    if (!askYes(session, question, {OdString::fromUtf8(request.path)}))
+      cancel();
+    request.mayReplace = true;
+  }
+  saveDrawing(session, request);
+}
+
+} // namespace console::commands

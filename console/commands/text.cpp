@@ -1,0 +1,37 @@
+#include "console/ask.h"
+#include "console/commands/commands.h"
+#include "console/commands/text_height.h"
+#include "console/entities.h"
+#include "console/numbers.h"
+
+#include "DbText.h"
+
+namespace console::commands {
+
+double askTextHeight(CommandContext& context) {
+  constexpr double kUsual = 2.5;
+  const double usual = context.database.headerReal("TEXTSIZE", kUsual);
+  const double height = askNumber(context.session, Text::kPromptHeight, {realText(usual)}).value_or(usual);
+  if (height <= 0)
+    refuse(Text::kHeightTooSmall);
+  return height;
+}
+
+void text(CommandContext& context) {
+  Session& session = context.session;
+  const OdGePoint3d start = askRequiredPoint(session, Text::kPromptTextStart);
+  const double height = askTextHeight(context);
+  const double angle = askAngle(session, Text::kPromptAngle).value_or(0);
+  const auto value = askText(session, Text::kPromptText, {}, true);
+  if (!value)
+    return;
+  const OdDbTextPtr entity = OdDbText::createObject();
+  entity->setDatabaseDefaults(&context.database);
+  entity->setTextString(*value);
+  entity->setHeight(height);
+  entity->setRotation(angle);
+  entity->setPosition(start);
+  addToDrawing(context, *entity);
+}
+
+} // namespace console::commands

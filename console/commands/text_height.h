@@ -1,0 +1,11 @@
+// The height of a new text.
+#pragma once
+
+#include "console/command.h"
+
+namespace console::commands {
+
+// Asks, with the drawing's TEXTSIZE as default. Throws for a height that is not above 0.
+double askTextHeight(CommandContext& context);
+
+} // namespace console::commands

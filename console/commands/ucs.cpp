@@ -1,0 +1,109 @@
+#include "console/ask.h"
+#include "console/commands/commands.h"
+#include "console/numbers.h"
+
+#include "DbSymbolRecords.h"
+
+#include <numbers>
+
+namespace console::commands {
+namespace {
+
+OdGeMatrix3d currentUcs(CommandContext& context) {
+  OdGeMatrix3d ucs;
+  if (mvsi::mvsidbUcsMatrix(ucs, &context.database) != RTNORM)
+    throw OdError(eNoDatabase);
+  return ucs;
+}
+
+void setUcs(CommandContext& context, const OdGeMatrix3d& ucs) {
+  if (mvsi::mvsidbSetUcsMatrix(ucs, &context.database) != RTNORM)
+    throw OdError(eInvalidInput);
+}
+
+void change(CommandContext& context, const OdGeMatrix3d& ucs) {
+  const OdGeMatrix3d before = currentUcs(context);
+  setUcs(context, ucs);
+  context.drawing.earlierUcs.push_back(before);
+}
+
+OdString axisText(const OdGeVector3d& axis) {
+  return tripleText(axis.x, axis.y, axis.z);
+}
+
+void showUcs(CommandContext& context) {
+  const OdGeMatrix3d ucs = currentUcs(context);
+  if (ucs == OdGeMatrix3d::kIdentity) {
+    context.session.result(Text::kUcsWorld);
+    return;
+  }
+  const OdGeVector3d origin = ucs.translation();
+  context.session.result(Text::kUcsLine, {axisText(origin), axisText(ucs.column(0)), axisText(ucs.column(1))});
+}
+
+void world(CommandContext& context) {
+  change(context, OdGeMatrix3d::kIdentity);
+}
+
+void origin(CommandContext& context) {
+  const OdGePoint3d point = askPoint(context.session, Text::kPromptOrigin).value_or(OdGePoint3d());
+  change(context, currentUcs(context) * OdGeMatrix3d::translation({point.x, point.y, point.z}));
+}
+
+void threePoints(CommandContext& context) {
+  const OdGePoint3d at = askPoint(context.session, Text::kPromptOrigin).value_or(OdGePoint3d());
+  const OdGePoint3d onX = askRequiredPoint(context.session, Text::kPromptXAxis);
+  const OdGePoint3d onY = askRequiredPoint(context.session, Text::kPromptYAxis);
+  const OdGeVector3d x = onX - at;
+  const OdGeVector3d z = x.crossProduct(onY - at);
+  if (x.isZeroLength() || z.isZeroLength())
+    refuse(Text::kPointsInLine);
+  const OdGeVector3d unitX = x.normal();
+  const OdGeVector3d unitZ = z.normal();
+  change(context, currentUcs(context) * OdGeMatrix3d::coordSystem(at, unitX, unitZ.crossProduct(unitX), unitZ));
+}
+
+void aboutZ(CommandContext& context) {
+  const double angle = askAngle(context.session, Text::kPromptRotation).value_or(std::numbers::pi / 2);
+  change(context, currentUcs(context) * OdGeMatrix3d::rotation(angle, OdGeVector3d::kZAxis));
+}
+
+void previous(CommandContext& context) {
+  if (context.drawing.earlierUcs.empty())
+    refuse(Text::kNoEarlierUcs);
+  setUcs(context, context.drawing.earlierUcs.back());
+  context.drawing.earlierUcs.pop_back();
+}
+
+void listUcs(CommandContext& context) {
+  const OdDbSymbolTablePtr table = context.database.getUCSTableId().safeOpenObject();
+  for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
+    const OdSmartPtr<OdDbUCSTableRecord> record = walk->getRecord();
+    const OdGePoint3d at = record->origin();
+    context.session.result(Text::kUcsRecord, {record->getName(), tripleText(at.x, at.y, at.z),
+                                              axisText(record->xAxis()), axisText(record->yAxis())});
+  }
+}
+
+struct Option {
+  const wchar_t* keyword;
+  void (*run)(CommandContext&);
+};
+
+constexpr Option kOptions[] = {
+    {L"World", world}, {L"Origin", origin},     {L"3point", threePoints},
+    {L"Z", aboutZ},    {L"Previous", previous}, {L"?", listUcs},
+};
+
+} // namespace
+
+void ucs(CommandContext& context) {
+  const OdString keyword = askKeyword(context.session, Text::kKeywordsUcs, Text::kPromptUcs).value_or(L"World");
+  for (const Option& option : kOptions) {
+    if (keyword == option.keyword)
+      option.run(context);
+  }
+  showUcs(context);
+}
+
+} // namespace console::commands

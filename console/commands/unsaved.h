@@ -1,0 +1,11 @@
+// Changes that were not saved.
+#pragma once
+
+#include "console/session.h"
+
+namespace console::commands {
+
+// Asks before they are lost; throws the cancelled Failure unless they may be.
+void askToDiscardChanges(Session& session);
+
+} // namespace console::commands

@@ -1,0 +1,119 @@
+#include "console/drawing_io.h"
+
+#include "DbBlockTable.h"
+#include "DbDxf.h"
+#include "OdFiles.h"
+
+#include <algorithm>
+
+namespace console {
+namespace {
+
+OdString asText(const std::string& bytes) {
+  return OdString::fromUtf8(bytes);
+}
+
+bool isLoss(const drawing::Issue& issue) {
+  return issue.severity >= drawing::Severity::Repaired;
+}
+
+// A line for each thing that was repaired or lost, and how many there were.
+void tellIssues(Session& session, const std::string& path, const drawing::Report& report, Text line) {
+  constexpr std::size_t kMostLines = 20;
+  std::size_t told = 0;
+  for (const drawing::Issue& issue : report.issues()) {
+    if (isLoss(issue) && ++told <= kMostLines)
+      session.say(line, {asText(path), asText(drawing::describe(issue))});
+  }
+  told += report.suppressed();
+  if (told > kMostLines)
+    session.say(Text::kMoreIssues, {asText(path), count(told - kMostLines)});
+}
+
+std::size_t losses(const drawing::Report& report) {
+  const auto& issues = report.issues();
+  return static_cast<std::size_t>(std::count_if(issues.begin(), issues.end(), isLoss)) + report.suppressed();
+}
+
+bool fileStatus(const std::string& path, drawing::FileStatus& status) {
+  return drawing::fileOperations().stat(path, status).ok();
+}
+
+bool isSameFile(const std::string& one, const std::string& other) {
+  drawing::FileStatus first;
+  drawing::FileStatus second;
+  return fileStatus(one, first) && fileStatus(other, second) && first.device == second.device &&
+         first.file == second.file;
+}
+
+std::size_t objectsInModelSpace(const OdDbDatabase& database) {
+  const OdDbBlockTableRecordPtr space = database.getModelSpaceId().safeOpenObject();
+  std::size_t objects = 0;
+  if (!space.isNull()) {
+    for (const auto walk = space->newIterator(); !walk->done(); walk->step())
+      ++objects;
+  }
+  return objects;
+}
+
+} // namespace
+
+void openDrawing(Session& session, const std::string& path) {
+  const drawing::ReadResult read = drawing::readDrawing(path);
+  session.addIssues(read.report);
+  if (read.database.isNull())
+    throw Failure{Status::Unreadable, {Text::kUnreadable, {asText(read.message)}}};
+  const bool repaired = read.report.outcome() != drawing::Outcome::Whole;
+  session.adopt(read.database, path, repaired);
+  session.say(Text::kOpened, {asText(path), count(objectsInModelSpace(*read.database)),
+                              asText(drawing::versionYear(read.database->facts().version))});
+  if (!repaired)
+    return;
+  session.say(Text::kRepaired, {asText(path), count(losses(read.report))});
+  tellIssues(session, path, read.report, Text::kReadIssue);
+  session.note(Status::Repaired);
+}
+
+void saveDrawing(Session& session, const SaveRequest& request) {
+  checkDrawingName(request.path);
+  if (!request.mayReplace && fileExists(request.path))
+    refuse(Text::kFileExists, {asText(request.path)});
+  if (!request.mayReplace && isOwnFileRepaired(session, request.path))
+    refuse(Text::kRepairedOwnFile, {asText(request.path)});
+  drawing::WriteOptions options;
+  options.version = request.version;
+  options.refuseExisting = !request.mayReplace;
+  const drawing::WriteResult written = drawing::writeDrawing(session.database(), request.path, options);
+  if (written.result != eOk)
+    throw Failure{Status::SaveFailed, {Text::kSaveFailed, {asText(written.message)}}};
+  session.addIssues(written.report);
+  tellIssues(session, request.path, written.report, Text::kVersionLoss);
+  if (losses(written.report) > 0)
+    session.note(Status::Repaired);
+  session.result(Text::kSaved, {asText(request.path), asText(versionToWrite(session.database(), request.version))});
+  session.savedAs(request.path);
+}
+
+bool fileExists(const std::string& path) {
+  drawing::FileStatus status;
+  return fileStatus(path, status);
+}
+
+bool isOwnFileRepaired(Session& session, const std::string& path) {
+  const OpenDrawing& drawing = session.drawing();
+  return drawing.repaired && !drawing.path.empty() && isSameFile(drawing.path, path);
+}
+
+std::string versionToWrite(const OdDbDatabase& database, OdDb::DwgVersion wanted) {
+  const OdDb::DwgVersion version = wanted == OdDb::kVersionUnknown ? database.facts().version : wanted;
+  return drawing::versionYear(std::max(version, OdDb::kRelease2000));
+}
+
+void checkDrawingName(const std::string& path) {
+  if (path.empty())
+    refuse(Text::kNoFileName);
+  if (path.size() >= 4 && asText(path.substr(path.size() - 4)).iCompare(L".dwg") == 0)
+    refuse(Text::kNotADrawingName, {asText(path)});
+}
+
+} // namespace console

@@ -1,0 +1,30 @@
+// Drawings from files and back, with what is told about it.
+#pragma once
+
+#include "console/session.h"
+
+#include <string>
+
+namespace console {
+
+// Reads the file in place of the open drawing. A repaired drawing is told and noted; one that cannot be read throws,
+// and the open drawing stays.
+void openDrawing(Session& session, const std::string& path);
+
+struct SaveRequest {
+  std::string path;
+  OdDb::DwgVersion version = OdDb::kVersionUnknown; // unknown: the version that the drawing came in
+  bool mayReplace = false;                          // an existing file
+};
+
+// Throws and changes no file when the save fails, for a name that is no drawing's, and for a file that is there and may
+// not be replaced. The drawing is that file from then on.
+void saveDrawing(Session& session, const SaveRequest& request);
+
+bool fileExists(const std::string& path);
+bool isOwnFileRepaired(Session& session, const std::string& path); // the file that the repaired drawing was read from
+std::string versionToWrite(const OdDbDatabase& database, OdDb::DwgVersion wanted);
+// Refuses the names of files that would not be what they are called.
+void checkDrawingName(const std::string& path);
+
+} // namespace console

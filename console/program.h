@@ -1,0 +1,24 @@
+// The program behind main(): what the command line asks for, and the exit status.
+#pragma once
+
+#include "morvane/host.h"
+
+#include <functional>
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace console {
+
+// Where a run reads and writes. What is empty or null is that of the process.
+struct Surroundings {
+  morvane::HostOptions host;
+  std::function<void(const OdString&)> talk;
+  std::function<void(const OdString&)> results;
+  std::istream* input = nullptr; // read as a script
+};
+
+// The arguments come without the program's name, in bytes.
+int runProgram(const std::vector<std::string>& arguments, const Surroundings& surroundings = {});
+
+} // namespace console

@@ -1,0 +1,134 @@
+#include "console/session.h"
+
+#include <cstdio>
+
+namespace console {
+namespace {
+
+void writeTo(std::FILE* file, const OdString& text) {
+  const std::string bytes = text.toUtf8Lossless();
+  std::fwrite(bytes.data(), 1, bytes.size(), file);
+  std::fflush(file);
+}
+
+} // namespace
+
+// One step of undo. Unless it is kept, the drawing is again as it was.
+class Session::Step {
+public:
+  Step(OpenDrawing& drawing, const char* name, Command::Kind kind) : drawing_(drawing), name_(name) {
+    if (kind != Command::Kind::Changes)
+      return;
+    document_ = drawing.document;
+    changesBefore_ = database().changeCount();
+    database().startUndoRecord();
+  }
+  ~Step() {
+    if (!document_.isNull())
+      database().rollback();
+  }
+  Step(const Step&) = delete;
+  Step& operator=(const Step&) = delete;
+
+  void keep() {
+    if (document_.isNull() || database().changeCount() == changesBefore_)
+      return; // rolling back nothing takes the mark away again
+    document_.release();
+    drawing_.done.push_back(name_);
+    drawing_.undone.clear();
+  }
+
+private:
+  OdDbDatabase& database() { return *document_->database(); }
+  OpenDrawing& drawing_;
+  const char* name_;
+  mvsi::MvsiApDocumentPtr document_;
+  std::uint64_t changesBefore_ = 0;
+};
+
+Session::Session(SessionOptions options) : host_(options.host), quiet_(options.quiet) {
+  auto talk = options.talk ? options.talk : [](const OdString& text) { writeTo(stderr, text); };
+  line_ = std::make_shared<LineSink>(std::move(talk));
+  results_ = options.results ? options.results : [](const OdString& text) { writeTo(stdout, text); };
+  host_.install();
+  host_.output().setSink(line_);
+  adopt(OdDbDatabase::create(), {}, false);
+}
+
+Session::~Session() {
+  host_.documents().close(drawing_.document.get());
+}
+
+void Session::say(Text text, std::vector<OdString> arguments) {
+  said_.push_back({text, std::move(arguments)});
+  host_.output().print(L"\n" + said_.back().shown() + L"\n");
+}
+
+void Session::result(Text text, std::vector<OdString> arguments) {
+  said_.push_back({text, std::move(arguments)});
+  if (!quiet_)
+    printReport(said_.back().shown() + L"\n");
+}
+
+void Session::printReport(const OdString& text) {
+  line_->freshLine();
+  results_(text);
+}
+
+void Session::addIssues(const drawing::Report& report) {
+  issues_.insert(issues_.end(), report.issues().begin(), report.issues().end());
+}
+
+void Session::adopt(const OdDbDatabasePtr& database, const std::string& path, bool repaired) {
+  const mvsi::MvsiApDocumentPtr before = drawing_.document;
+  const OdString name = path.empty() ? OdString() : host_.paths().toDrawing(path);
+  drawing_ = {};
+  drawing_.document = host_.documents().open(database, name);
+  drawing_.path = path;
+  drawing_.repaired = repaired;
+  if (!before.isNull())
+    host_.documents().close(before.get());
+  host_.documents().setCurrent(drawing_.document.get());
+}
+
+void Session::savedAs(const std::string& path) {
+  drawing_.path = path;
+  drawing_.repaired = false;
+  drawing_.document->setFileName(host_.paths().toDrawing(path));
+  drawing_.document->markSaved();
+  host_.documents().setCurrent(drawing_.document.get());
+}
+
+void Session::fail(const Failure& failure) {
+  say(failure.message.text, failure.message.arguments);
+  note(failure.status);
+  host_.input().dropRestOfLine();
+}
+
+Status Session::run(const Command& command) {
+  const std::string name = OdString(command.name).toUtf8();
+  return attempt(name.c_str(), command.kind, [&] {
+    CommandContext context{*this, drawing_, database()};
+    command.run(context);
+  });
+}
+
+Status Session::attempt(const char* name, Command::Kind kind, const std::function<void()>& work) {
+  Failure failure{Status::Refused, {Text::kFailed, {}}};
+  try {
+    Step step(drawing_, name, kind);
+    work();
+    step.keep();
+    return Status::Done;
+  } catch (const Failure& thrown) {
+    failure = thrown;
+  } catch (const OdError& error) {
+    failure.message.arguments = {error.description()};
+  } catch (const std::exception& error) {
+    failure.message.arguments = {OdString::fromUtf8(error.what())};
+  }
+  fail(failure);
+  return failure.status;
+}
+
+} // namespace console

@@ -1,0 +1,90 @@
+// One run of the program: the host, the open drawing, what is said, and how it will end.
+#pragma once
+
+#include "console/command.h"
+#include "console/failure.h"
+#include "console/line_sink.h"
+
+#include "DbDatabase.h"
+#include "DbReport.h"
+#include "Ge/GeMatrix3d.h"
+#include "morvane/host.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace console {
+
+// A drawing that is open, with what the console keeps beside it.
+struct OpenDrawing {
+  mvsi::MvsiApDocumentPtr document;
+  std::string path;      // of this system; empty for a drawing without a file
+  bool repaired = false; // memory holds more or less than the file, which must not be overwritten without a word
+  std::vector<std::string> done;   // names of the steps that UNDO takes back, oldest first
+  std::vector<std::string> undone; // and of those that REDO brings back
+  std::vector<OdGeMatrix3d> earlierUcs;
+  OdDbObjectIdArray previous; // the latest selection
+};
+
+enum class Afterwards { Keep, Convert, Delete };
+
+struct SessionOptions {
+  morvane::HostOptions host;
+  std::function<void(const OdString&)> talk;    // what the command line shows; empty: standard error
+  std::function<void(const OdString&)> results; // empty: standard output
+  bool quiet = false;                           // results are kept for a machine-readable report, not written
+};
+
+class Session {
+public:
+  explicit Session(SessionOptions options = {});
+  ~Session();
+
+  morvane::Host& host() { return host_; }
+  LineSink& line() { return *line_; }
+  const std::shared_ptr<LineSink>& lineShared() const { return line_; }
+
+  // A line on the command line, and a line of results.
+  void say(Text text, std::vector<OdString> arguments = {});
+  void result(Text text, std::vector<OdString> arguments = {});
+  void printReport(const OdString& text);                    // to where results go, also when they are kept
+  const std::vector<Message>& said() const { return said_; } // everything, results included
+  void addIssues(const drawing::Report& report);
+  const std::vector<drawing::Issue>& issues() const { return issues_; }
+
+  OpenDrawing& drawing() { return drawing_; }
+  OdDbDatabase& database() { return *drawing_.document->database(); }
+  // In place of the drawing that was open.
+  void adopt(const OdDbDatabasePtr& database, const std::string& path, bool repaired);
+  // The drawing now is that file.
+  void savedAs(const std::string& path);
+
+  // Runs it, tells why it failed, and takes back what a failed one did. The answer is noted, too.
+  Status run(const Command& command);
+  Status attempt(const char* name, Command::Kind kind, const std::function<void()>& work);
+
+  void note(Status status) { status_ = worse(status_, status); }
+  Status status() const { return status_; }
+  void quit() { wantsQuit_ = true; }
+  bool wantsQuit() const { return wantsQuit_; }
+
+  // What the next BLOCK offers to do with the objects.
+  Afterwards afterwards = Afterwards::Convert;
+
+private:
+  class Step;
+  void fail(const Failure& failure);
+  morvane::Host host_;
+  std::shared_ptr<LineSink> line_;
+  std::function<void(const OdString&)> results_;
+  OpenDrawing drawing_;
+  std::vector<Message> said_;
+  std::vector<drawing::Issue> issues_;
+  Status status_ = Status::Done;
+  bool quiet_ = false;
+  bool wantsQuit_ = false;
+};
+
+} // namespace console

@@ -1,0 +1,36 @@
+#include "console/verbs/job.h"
+#include "console/verbs/verb.h"
+
+#include <CLI/CLI.hpp>
+
+namespace console::verbs {
+namespace {
+
+class Convert : public Verb {
+public:
+  void describe(CLI::App& program) override {
+    verb_ = program.add_subcommand("convert", "Write a drawing in another version");
+    verb_->add_option("FILE", files_.in, "Drawing to read")->required();
+    verb_->add_option("-o,--output", files_.out, "Drawing to write")->required();
+    verb_->add_option("--as", version_, "Version: 2000, 2004, 2007, 2010, 2013 or 2018 (that of FILE)");
+    verb_->add_flag("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    verb_->add_flag("--json", json_, "Report as one JSON object");
+  }
+  bool isChosen() const override { return verb_->parsed(); }
+  void check() override { files_.version = versionOption(version_); }
+  Status run(const SessionOptions& settings) override { return runJob(settings, {"convert", files_, json_, nullptr}); }
+
+private:
+  CLI::App* verb_ = nullptr;
+  JobFiles files_;
+  std::string version_;
+  bool json_ = false;
+};
+
+} // namespace
+
+std::unique_ptr<Verb> convertVerb() {
+  return std::make_unique<Convert>();
+}
+
+} // namespace console::verbs

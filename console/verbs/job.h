@@ -1,0 +1,32 @@
+// One run of a sub-verb: a drawing in, work, a drawing out, and what is reported of it.
+#pragma once
+
+#include "console/drawing_io.h"
+#include "console/session.h"
+
+#include <nlohmann/json.hpp>
+
+#include <functional>
+#include <string>
+
+namespace console::verbs {
+
+struct JobFiles {
+  std::string in;
+  std::string out;
+  OdDb::DwgVersion version = OdDb::kVersionUnknown;
+  bool force = false;
+};
+
+struct Job {
+  const char* name;
+  JobFiles files;
+  bool json = false;
+  // Runs as one step; adds what a machine wants to know to the results. Empty: nothing is changed.
+  std::function<void(Session&, nlohmann::ordered_json& results)> work;
+};
+
+// Reads, works, writes, and prints one JSON object when that was asked for.
+Status runJob(SessionOptions settings, const Job& job);
+
+} // namespace console::verbs

@@ -1,0 +1,150 @@
+#include "console/block_maker.h"
+#include "console/numbers.h"
+#include "console/selection.h"
+#include "console/verbs/job.h"
+#include "console/verbs/verb.h"
+
+#include <CLI/CLI.hpp>
+
+namespace console::verbs {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+// What was typed, before it is understood.
+struct Typed {
+  std::string name, base, ucs, units, description;
+  std::string select;
+  std::vector<std::string> layers, types, handles;
+};
+
+// The UCS of the options holds while the block is made; the drawing keeps its own.
+class BorrowedUcs {
+public:
+  BorrowedUcs(OdDbDatabase& database, const OdGeMatrix3d& ucs) : database_(database) {
+    if (mvsi::mvsidbUcsMatrix(own_, &database_) != RTNORM || mvsi::mvsidbSetUcsMatrix(ucs, &database_) != RTNORM)
+      throw OdError(eInvalidInput);
+  }
+  ~BorrowedUcs() { mvsi::mvsidbSetUcsMatrix(own_, &database_); }
+  BorrowedUcs(const BorrowedUcs&) = delete;
+  BorrowedUcs& operator=(const BorrowedUcs&) = delete;
+
+private:
+  OdDbDatabase& database_;
+  OdGeMatrix3d own_;
+};
+
+Json handleOf(OdDbObjectId id) {
+  return id.isNull() ? Json() : Json(id.getHandle().ascii());
+}
+
+class Make : public Verb {
+public:
+  void describe(CLI::App& program) override {
+    verb_ = program.add_subcommand("make", "Make a block of objects in a drawing");
+    verb_->add_option("FILE", files_.in, "Drawing to read")->required();
+    verb_->add_option("-o,--output", files_.out, "Drawing to write")->required();
+    verb_->add_option("--name", typed_.name, "Name of the block")->required();
+    verb_->add_option("--base", typed_.base, "Base point X,Y[,Z]")->required();
+    verb_->add_option("--ucs", typed_.ucs, "Coordinate system of the block: origin/X axis/Y axis, each X,Y,Z");
+    describeSelectors();
+    describeOutcome();
+    verb_->add_flag("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    verb_->add_flag("--json", json_, "Report as one JSON object");
+  }
+  bool isChosen() const override { return verb_->parsed(); }
+  void check() override;
+  Status run(const SessionOptions& settings) override {
+    return runJob(settings,
+                  {"make", files_, json_, [this](Session& session, Json& results) { make(session, results); }});
+  }
+
+private:
+  void describeSelectors() {
+    verb_->add_option("--select", typed_.select, "all: every object of model space")->check(CLI::IsMember({"all"}));
+    verb_->add_option("--layer", typed_.layers, "Objects on this layer")->allow_extra_args(false);
+    verb_->add_option("--type", typed_.types, "Objects of this type, such as LINE")->allow_extra_args(false);
+    verb_->add_option("--handle", typed_.handles, "The object with this handle")->allow_extra_args(false);
+  }
+  void describeOutcome() {
+    CLI::App* outcome = verb_->add_option_group("objects", "What becomes of the objects");
+    outcome->add_flag("--keep", keep_, "They stay");
+    outcome->add_flag("--convert", convert_, "A reference takes their place (the default)");
+    outcome->add_flag("--delete", delete_, "They are erased");
+    outcome->require_option(0, 1);
+    verb_->add_flag("--redefine", request_.redefine, "Replace the block when it is defined");
+    verb_->add_option("--description", typed_.description, "Description of the block");
+    verb_->add_flag("--annotative", request_.annotative, "The block follows the annotation scale");
+    verb_->add_flag("--match-orientation", request_.matchOrientation, "Its references follow the layout's orientation");
+    verb_->add_flag("--uniform", request_.scalesUniformly, "It is scaled uniformly only");
+    verb_->add_flag("!--no-explode", request_.explodable, "It cannot be exploded");
+    verb_->add_option("--units", typed_.units, "Its units: mm, cm, m, in, ft ... or a code from 0 to 24");
+  }
+  void addSelectors(Selector::Kind kind, const std::vector<std::string>& values) {
+    for (const std::string& value : values)
+      selectors_.push_back({kind, OdString::fromUtf8(value)});
+  }
+  void make(Session& session, Json& results);
+
+  CLI::App* verb_ = nullptr;
+  JobFiles files_;
+  Typed typed_;
+  BlockRequest request_;
+  std::optional<OdGeMatrix3d> ucs_;
+  std::vector<Selector> selectors_;
+  bool keep_ = false;
+  bool convert_ = false; // what happens anyway
+  bool delete_ = false;
+  bool json_ = false;
+};
+
+void Make::check() {
+  if (!isChosen())
+    return;
+  const auto base = parsePoint(typed_.base);
+  if (!base)
+    refuseUsage(Text::kBadPoint, "--base", typed_.base);
+  request_.basePointUcs = *base;
+  if (!typed_.ucs.empty() && !(ucs_ = parseUcs(typed_.ucs)))
+    refuseUsage(Text::kBadUcs, "--ucs", typed_.ucs);
+  if (!typed_.units.empty() && !(request_.units = parseUnits(typed_.units)))
+    refuseUsage(Text::kBadUnits, "--units", typed_.units);
+  for (const std::string& handle : typed_.handles) {
+    if (!parseHandle(handle))
+      refuseUsage(Text::kBadHandle, "--handle", handle);
+  }
+  request_.name = OdString::fromUtf8(typed_.name);
+  request_.description = OdString::fromUtf8(typed_.description);
+  request_.afterwards = keep_ ? Afterwards::Keep : delete_ ? Afterwards::Delete : Afterwards::Convert;
+  if (!typed_.select.empty())
+    selectors_.push_back({Selector::Kind::All, {}});
+  addSelectors(Selector::Kind::Layer, typed_.layers);
+  addSelectors(Selector::Kind::Type, typed_.types);
+  addSelectors(Selector::Kind::Handle, typed_.handles);
+  if (selectors_.empty())
+    throw Failure{Status::Usage, {Text::kNoSelector, {}}};
+}
+
+void Make::make(Session& session, Json& results) {
+  OdDbDatabase& database = session.database();
+  request_.space = database.getModelSpaceId();
+  request_.ids = selectObjects(database, request_.space, selectors_);
+  if (request_.ids.isEmpty())
+    refuse(Text::kNothingSelected);
+  const BorrowedUcs ucs(database, ucs_.value_or(OdGeMatrix3d::kIdentity));
+  const BlockMade made = makeBlock(session, request_);
+  results["block"] = request_.name.toUtf8Lossless();
+  results["handle"] = handleOf(made.block);
+  results["reference"] = handleOf(made.reference);
+  results["objects"] = made.objects;
+  results["locked"] = made.locked;
+  results["dropped"] = made.dropped;
+}
+
+} // namespace
+
+std::unique_ptr<Verb> makeVerb() {
+  return std::make_unique<Make>();
+}
+
+} // namespace console::verbs

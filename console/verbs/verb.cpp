@@ -1,0 +1,27 @@
+#include "console/verbs/verb.h"
+
+#include "DbDxf.h"
+
+namespace console::verbs {
+
+Verb::~Verb() = default;
+
+std::vector<std::unique_ptr<Verb>> allVerbs() {
+  std::vector<std::unique_ptr<Verb>> verbs;
+  verbs.push_back(makeVerb());
+  verbs.push_back(convertVerb());
+  return verbs;
+}
+
+void refuseUsage(Text text, const char* option, const std::string& value) {
+  throw Failure{Status::Usage, {text, {OdString::fromUtf8(option), OdString::fromUtf8(value)}}};
+}
+
+OdDb::DwgVersion versionOption(const std::string& value) {
+  const OdDb::DwgVersion version = drawing::versionFromYear(value);
+  if (!value.empty() && version < OdDb::kRelease2000)
+    refuseUsage(Text::kBadVersion, "--as", value);
+  return version;
+}
+
+} // namespace console::verbs

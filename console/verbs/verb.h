@@ -1,0 +1,32 @@
+// Sub-verbs of the program: jobs of one line that run what the commands run.
+#pragma once
+
+#include "console/session.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace console::verbs {
+
+class Verb {
+public:
+  virtual ~Verb();
+  virtual void describe(CLI::App& program) = 0;
+  virtual bool isChosen() const = 0;
+  virtual void check() = 0; // throws the usage Failure for options that cannot be
+  virtual Status run(const SessionOptions& settings) = 0;
+};
+
+std::unique_ptr<Verb> makeVerb();    // morvane make
+std::unique_ptr<Verb> convertVerb(); // morvane convert
+std::vector<std::unique_ptr<Verb>> allVerbs();
+
+[[noreturn]] void refuseUsage(Text text, const char* option, const std::string& value);
+OdDb::DwgVersion versionOption(const std::string& value); // of --as; empty: unknown
+
+} // namespace console::verbs

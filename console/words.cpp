@@ -1,0 +1,272 @@
+#include "console/words.h"
+
+#include <array>
+#include <string_view>
+
+namespace console {
+namespace {
+
+struct Word {
+  Text text;
+  const char* id;
+  const wchar_t* english;
+};
+
+// In the order of the enumeration. Texts of keywords hold what is typed, then '_' and the names that commands know.
+constexpr std::array kWords = {
+    Word{Text::kPromptCommand, "prompt.command", L"Command:"},
+    Word{Text::kUnknownCommand, "command.unknown", L"There is no command \"{1}\". HELP lists the commands."},
+    Word{Text::kCancelled, "command.cancelled", L"*Cancel*"},
+    Word{Text::kFailed, "command.failed", L"The command failed: {1}"},
+    Word{Text::kUnsavedAtEnd, "drawing.unsaved", L"The drawing has changes that were not saved."},
+    Word{Text::kDiscardQuestion, "drawing.discard-question",
+         L"The drawing has changes that were not saved. Discard them? [Yes/No] <No>:"},
+    Word{Text::kKeywordsYesNo, "keywords.yes-no", L"Yes No _Yes No"},
+    Word{Text::kHelpHead, "help.head", L"Commands (other names in brackets):"},
+    Word{Text::kHelpRow, "help.row", L"  {1}  {2}"},
+    Word{Text::kHelpAttdef, "help.attdef", L"Draw an attribute definition"},
+    Word{Text::kHelpBlock, "help.block", L"Make a block of objects"},
+    Word{Text::kHelpCircle, "help.circle", L"Draw a circle"},
+    Word{Text::kHelpErase, "help.erase", L"Erase objects"},
+    Word{Text::kHelpHelp, "help.help", L"List the commands"},
+    Word{Text::kHelpLayer, "help.layer", L"Make, set, lock and unlock layers"},
+    Word{Text::kHelpLine, "help.line", L"Draw lines"},
+    Word{Text::kHelpList, "help.list", L"Show the selected or all objects, and the blocks"},
+    Word{Text::kHelpNew, "help.new", L"Begin a new drawing"},
+    Word{Text::kHelpOpen, "help.open", L"Open a drawing"},
+    Word{Text::kHelpQuit, "help.quit", L"End the program"},
+    Word{Text::kHelpRedo, "help.redo", L"Do again what UNDO took back"},
+    Word{Text::kHelpSave, "help.save", L"Save the drawing in its file"},
+    Word{Text::kHelpSaveas, "help.saveas", L"Save the drawing in another file or version"},
+    Word{Text::kHelpSelect, "help.select", L"Select objects for the next command"},
+    Word{Text::kHelpSetvar, "help.setvar", L"Show and set system variables"},
+    Word{Text::kHelpText, "help.text", L"Draw a line of text"},
+    Word{Text::kHelpUcs, "help.ucs", L"Set the user coordinate system"},
+    Word{Text::kHelpUndo, "help.undo", L"Take back the last command"},
+
+    Word{Text::kNewDrawing, "drawing.new", L"A new drawing."},
+    Word{Text::kOpened, "drawing.opened", L"Opened {1}: {2} {2:object|objects}, version {3}."},
+    Word{Text::kUnreadable, "drawing.unreadable", L"{1}"},
+    Word{Text::kReadIssue, "drawing.issue", L"{1}: {2}"},
+    Word{Text::kMoreIssues, "drawing.more-issues", L"{1}: {2} more {2:finding|findings} of this kind."},
+    Word{Text::kRepaired, "drawing.repaired", L"{1} was damaged: {2} {2:thing was|things were} repaired or lost."},
+    Word{Text::kPromptFileName, "prompt.file-name", L"File name:"},
+    Word{Text::kPromptFileNameOr, "prompt.file-name-or", L"File name <{1}>:"},
+    Word{Text::kPromptVersion, "prompt.version", L"Version [2000/2004/2007/2010/2013/2018] <{1}>:"},
+    Word{Text::kNoSuchVersion, "version.unknown",
+         L"\"{1}\" is no version; there are 2000, 2004, 2007, 2010, 2013 and 2018."},
+    Word{Text::kFileExists, "file.exists", L"{1} exists; --force replaces it."},
+    Word{Text::kReplaceQuestion, "file.replace-question", L"{1} exists. Replace it? [Yes/No] <No>:"},
+    Word{Text::kRepairedOwnFile, "file.repaired-own",
+         L"{1} was damaged and is repaired in memory only; --force writes the repaired drawing over it."},
+    Word{Text::kRepairedOwnQuestion, "file.repaired-own-question",
+         L"{1} was damaged and is repaired in memory only. Write the repaired drawing over it? [Yes/No] <No>:"},
+    Word{Text::kNotADrawingName, "file.dwg", L"{1}: DWG files cannot be written; name a .dxf file."},
+    Word{Text::kSaved, "drawing.saved", L"Saved {1}, version {2}."},
+    Word{Text::kSaveFailed, "drawing.save-failed", L"Not saved, the file on disk is unchanged: {1}"},
+    Word{Text::kVersionLoss, "drawing.version-loss", L"{1}: {2}"},
+    Word{Text::kNoFileName, "file.no-name", L"A file name is needed."},
+
+    Word{Text::kUndone, "undo.undone", L"{1} taken back."},
+    Word{Text::kRedone, "undo.redone", L"{1} done again."},
+    Word{Text::kNothingToUndo, "undo.nothing", L"There is nothing to take back."},
+    Word{Text::kNothingToRedo, "redo.nothing", L"There is nothing to do again."},
+
+    Word{Text::kPromptVariable, "prompt.variable", L"Variable:"},
+    Word{Text::kPromptValue, "prompt.value", L"New value for {1} <{2}>:"},
+    Word{Text::kNoSuchVariable, "variable.unknown", L"There is no variable \"{1}\"."},
+    Word{Text::kVariableRefused, "variable.refused", L"{1} cannot be set to \"{2}\"."},
+    Word{Text::kVariableLine, "variable.value", L"{1} = {2}"},
+
+    Word{Text::kPromptUcs, "prompt.ucs", L"User coordinate system [World/Origin/3point/Z/Previous/?] <World>:"},
+    Word{Text::kKeywordsUcs, "keywords.ucs", L"World Origin 3point Z Previous ? _World Origin 3point Z Previous ?"},
+    Word{Text::kPromptOrigin, "prompt.origin", L"New origin <0,0,0>:"},
+    Word{Text::kPromptXAxis, "prompt.x-axis", L"Point on the positive X axis:"},
+    Word{Text::kPromptYAxis, "prompt.y-axis", L"Point on the positive-Y side:"},
+    Word{Text::kPromptRotation, "prompt.rotation-about-z", L"Rotation about the Z axis <90>:"},
+    Word{Text::kUcsWorld, "ucs.world", L"The current coordinate system is the world."},
+    Word{Text::kUcsLine, "ucs.current", L"Current coordinate system: origin {1}, X axis {2}, Y axis {3}."},
+    Word{Text::kUcsRecord, "ucs.record", L"Coordinate system \"{1}\": origin {2}, X axis {3}, Y axis {4}."},
+    Word{Text::kNoEarlierUcs, "ucs.no-previous", L"There is no earlier coordinate system."},
+    Word{Text::kPointsInLine, "ucs.in-line", L"The three points lie on one line."},
+
+    Word{Text::kPromptLayerOption, "prompt.layer-option", L"Layers [?/Make/Set/Lock/Unlock] <done>:"},
+    Word{Text::kKeywordsLayer, "keywords.layer", L"? Make Set Lock Unlock _? Make Set Lock Unlock"},
+    Word{Text::kPromptLayerName, "prompt.layer-name", L"Layer <{1}>:"},
+    Word{Text::kNoSuchLayer, "layer.unknown", L"There is no layer \"{1}\"."},
+    Word{Text::kLayerFrozen, "layer.frozen", L"The layer \"{1}\" is frozen and cannot be current."},
+    Word{Text::kLayerLine, "layer.line", L"Layer \"{1}\"{2}"},
+    Word{Text::kLayerMarkCurrent, "layer.mark-current", L", current"},
+    Word{Text::kLayerMarkLocked, "layer.mark-locked", L", locked"},
+    Word{Text::kLayerMarkFrozen, "layer.mark-frozen", L", frozen"},
+    Word{Text::kLayerMarkOff, "layer.mark-off", L", off"},
+    Word{Text::kLayerIsCurrent, "layer.current", L"The layer \"{1}\" is current."},
+    Word{Text::kLayerLocked, "layer.locked", L"The layer \"{1}\" is locked."},
+    Word{Text::kLayerUnlocked, "layer.unlocked", L"The layer \"{1}\" is unlocked."},
+    Word{Text::kBadLayerName, "layer.bad-name", L"\"{1}\" cannot be the name of a layer."},
+
+    Word{Text::kPromptFromPoint, "prompt.from-point", L"From point:"},
+    Word{Text::kPromptToPoint, "prompt.to-point", L"To point <done>:"},
+    Word{Text::kPromptToPointOrClose, "prompt.to-point-or-close", L"To point [Close] <done>:"},
+    Word{Text::kKeywordsClose, "keywords.close", L"Close _Close"},
+    Word{Text::kPromptCenter, "prompt.center", L"Center:"},
+    Word{Text::kPromptRadius, "prompt.radius", L"Radius:"},
+    Word{Text::kRadiusTooSmall, "circle.radius", L"A radius is greater than 0."},
+    Word{Text::kPromptTextStart, "prompt.text-start", L"Start point of the text:"},
+    Word{Text::kPromptHeight, "prompt.height", L"Height <{1}>:"},
+    Word{Text::kHeightTooSmall, "text.height", L"A height is greater than 0."},
+    Word{Text::kPromptAngle, "prompt.angle", L"Rotation <0>:"},
+    Word{Text::kNotAnAngle, "prompt.not-an-angle", L"\"{1}\" is not an angle."},
+    Word{Text::kPromptText, "prompt.text", L"Text:"},
+    Word{Text::kPromptTag, "prompt.tag", L"Tag:"},
+    Word{Text::kBadTag, "attribute.bad-tag", L"\"{1}\" cannot be a tag: a tag has no blanks and is not empty."},
+    Word{Text::kPromptTagPrompt, "prompt.tag-prompt", L"What to ask for <{1}>:"},
+    Word{Text::kPromptTagDefault, "prompt.tag-default", L"Default value:"},
+
+    Word{Text::kPromptSelect, "prompt.select", L"Select objects [All/LAyer/Type/Handle/Last/Previous] <done>:"},
+    Word{Text::kKeywordsSelect, "keywords.select",
+         L"All LAyer Type Handle Last Previous _All Layer Type Handle Last Previous"},
+    Word{Text::kPromptSelectLayer, "prompt.select-layer", L"Objects on which layer:"},
+    Word{Text::kPromptSelectType, "prompt.select-type", L"Objects of which type:"},
+    Word{Text::kPromptSelectHandle, "prompt.select-handle", L"Handle:"},
+    Word{Text::kSelected, "select.count", L"{1} {1:object|objects} selected."},
+    Word{Text::kNothingPrevious, "select.no-previous", L"Nothing was selected before."},
+    Word{Text::kNothingSelected, "select.nothing", L"No objects are selected."},
+    Word{Text::kNoSuchLayerAmong, "select.unknown-layer", L"There is no layer \"{1}\". Layers: {2}."},
+    Word{Text::kNoSuchTypeAmong, "select.unknown-type", L"There is no object of type \"{1}\". Types: {2}."},
+    Word{Text::kNoSuchHandle, "select.unknown-handle",
+         L"No object to be selected has the handle \"{1}\". LIST shows the hexadecimal handles of all."},
+    Word{Text::kSpaceEmpty, "select.empty-space", L"There is nothing in the drawing to select."},
+    Word{Text::kLockedLeftOut, "select.locked", L"{1} {1:object is|objects are} on locked layers and left out."},
+    Word{Text::kAllLocked, "select.all-locked", L"All selected objects are on locked layers."},
+    Word{Text::kErased, "erase.count", L"{1} {1:object|objects} erased."},
+
+    Word{Text::kListObject, "list.object", L"{1}  handle {2}  layer \"{3}\"  {4}"},
+    Word{Text::kListBlock, "list.block", L"Block \"{1}\": {2} {2:object|objects}, {3} {3:reference|references}"},
+    Word{Text::kListSummary, "list.summary", L"{1} {1:object|objects}, {2} {2:block|blocks}"},
+    Word{Text::kNoBlocks, "list.no-blocks", L"There are no blocks."},
+    Word{Text::kDescribeLine, "describe.line", L"from {1} to {2}"},
+    Word{Text::kDescribeCircle, "describe.circle", L"center {1}, radius {2}"},
+    Word{Text::kDescribeText, "describe.text", L"at {1}, height {2}, \"{3}\""},
+    Word{Text::kDescribeAttribute, "describe.attribute", L"tag {4}, at {1}, height {2}, \"{3}\""},
+    Word{Text::kDescribeReference, "describe.reference",
+         L"block \"{1}\" at {2}, scale {3}, rotation {4}, {5} {5:attribute|attributes}"},
+    Word{Text::kDescribeExtents, "describe.extents", L"between {1} and {2}"},
+
+    Word{Text::kPromptBlockName, "prompt.block-name", L"Block name [?]:"},
+    Word{Text::kBadBlockQuery, "block.bad-query", L"Type a name, or ? alone for the list of blocks."},
+    Word{Text::kPromptBasePoint, "prompt.base-point", L"Base point <0,0,0>:"},
+    Word{Text::kPromptAfterwards, "prompt.afterwards", L"The objects [Keep/Convert/Delete] <{1}>:"},
+    Word{Text::kKeywordsAfterwards, "keywords.afterwards", L"Keep Convert Delete _Keep Convert Delete"},
+    Word{Text::kNameNotUtf8, "block.name-not-utf8", L"The name \"{1}\" holds characters that no file can hold."},
+    Word{Text::kNameEmpty, "block.name-empty", L"A block needs a name."},
+    Word{Text::kNameTooLong, "block.name-too-long", L"The name of the block is too long."},
+    Word{Text::kNameCharacter, "block.name-character",
+         L"\"{1}\" is not allowed in the name of a block. Not allowed are {2}"},
+    Word{Text::kNameOfSpace, "block.name-of-space", L"\"{1}\" is the name of a space, not of a block."},
+    Word{Text::kNameAnonymous, "block.name-anonymous", L"\"{1}\" is the name of an anonymous block."},
+    Word{Text::kNameExternal, "block.name-external", L"\"{1}\" is an external reference or belongs to one."},
+    Word{Text::kNameBeingEdited, "block.name-edited", L"The block \"{1}\" is open in the block editor."},
+    Word{Text::kRedefineQuestion, "block.redefine-question",
+         L"The block \"{1}\" is defined and has {2} {2:reference|references}. Redefine it? [Yes/No] <No>:"},
+    Word{Text::kBlockExists, "block.exists",
+         L"The block \"{1}\" is defined and has {2} {2:reference|references}; --redefine replaces it."},
+    Word{Text::kContainsItself, "block.contains-itself",
+         L"The block \"{1}\" would contain itself: the object {2} is or leads to a reference to it."},
+    Word{Text::kDropped, "block.dropped",
+         L"{1} {1:object|objects} of type {2} cannot be put into the block and {1:stays where it is|stay where they "
+         L"are}."},
+    Word{Text::kAllDropped, "block.all-dropped", L"None of the objects can be put into a block."},
+    Word{Text::kBlockFailed, "block.failed", L"The block \"{1}\" could not be made."},
+    Word{Text::kPropertyFailed, "block.property-failed", L"The block \"{1}\" does not take the option {2}."},
+    Word{Text::kReferenceFailed, "block.reference-failed", L"The reference to \"{1}\" could not be placed."},
+    Word{Text::kBlockMade, "block.made", L"Block \"{1}\" made of {2} {2:object|objects}."},
+    Word{Text::kBlockRedefined, "block.redefined", L"Block \"{1}\" redefined with {2} {2:object|objects}."},
+    Word{Text::kKept, "block.objects-kept", L"The objects are kept."},
+    Word{Text::kConverted, "block.objects-converted", L"The objects are replaced by a reference."},
+    Word{Text::kDeleted, "block.objects-deleted", L"The objects are deleted."},
+
+    Word{Text::kBadPoint, "usage.point", L"{1} takes X,Y or X,Y,Z, not \"{2}\"."},
+    Word{Text::kBadUcs, "usage.ucs",
+         L"{1} takes an origin and two axes at right angles, OX,OY,OZ/XX,XY,XZ/YX,YY,YZ, not \"{2}\"."},
+    Word{Text::kBadUnits, "usage.units",
+         L"{1} takes a code from 0 to 24 or a name such as mm, cm, m, in, ft, not "
+         L"\"{2}\"."},
+    Word{Text::kBadVersion, "usage.version", L"{1} takes 2000, 2004, 2007, 2010, 2013 or 2018, not \"{2}\"."},
+    Word{Text::kBadHandle, "usage.handle", L"{1} takes a hexadecimal handle, not \"{2}\"."},
+    Word{Text::kNoSelector, "usage.no-selector", L"Say which objects: --select all, --layer, --type or --handle."},
+    Word{Text::kScriptUnreadable, "script.unreadable", L"The script {1} cannot be read."},
+};
+
+constexpr bool inOrder() {
+  for (std::size_t at = 0; at < kWords.size(); ++at) {
+    if (kWords[at].text != static_cast<Text>(at))
+      return false;
+  }
+  return kWords.size() == static_cast<std::size_t>(Text::kCount);
+}
+static_assert(inOrder(), "every text has one row, in the order of the enumeration");
+
+// Marks that turn the direction of writing can make a line read as another one.
+bool isShownRaw(wchar_t ch) {
+  const bool control = ch < 0x20 || (ch >= 0x7F && ch < 0xA0);
+  const bool direction = (ch >= 0x200E && ch <= 0x200F) || (ch >= 0x2028 && ch <= 0x202E) ||
+                         (ch >= 0x2066 && ch <= 0x2069) || ch == 0xFEFF;
+  const bool none = (ch >= 0xD800 && ch <= 0xDFFF) || ch > 0x10FFFF;
+  return !control && !direction && !none;
+}
+
+// What a place "{1}" or "{1:one|many}" stands for; `place` is what lies between the braces.
+OdString filledPlace(std::wstring_view place, const std::vector<OdString>& arguments) {
+  const auto index = static_cast<std::size_t>(place[0] - L'1');
+  const OdString value = index < arguments.size() ? escaped(arguments[index]) : OdString();
+  if (place.size() < 2)
+    return value;
+  const auto bar = place.find(L'|');
+  return OdString(value == L"1" ? place.substr(2, bar - 2) : place.substr(bar + 1));
+}
+
+} // namespace
+
+const char* idOf(Text text) {
+  return kWords[static_cast<std::size_t>(text)].id;
+}
+
+OdString escaped(const OdString& text) {
+  OdString shown;
+  for (const wchar_t ch : text.str()) {
+    if (isShownRaw(ch)) {
+      shown += ch;
+    } else {
+      OdString code;
+      shown += code.format(L"\\u%04X", static_cast<unsigned>(ch));
+    }
+  }
+  return shown;
+}
+
+OdString render(Text text, const std::vector<OdString>& arguments) {
+  std::wstring_view rest = kWords[static_cast<std::size_t>(text)].english;
+  OdString shown;
+  for (auto open = rest.find(L'{'); open != std::wstring_view::npos; open = rest.find(L'{')) {
+    const auto close = rest.find(L'}', open);
+    shown += OdString(rest.substr(0, open));
+    shown += filledPlace(rest.substr(open + 1, close - open - 1), arguments);
+    rest.remove_prefix(close + 1);
+  }
+  return shown += OdString(rest);
+}
+
+OdString count(std::size_t number) {
+  return OdString(std::to_wstring(number));
+}
+
+OdString nameList(const std::vector<OdString>& names) {
+  constexpr std::size_t kMost = 20;
+  OdString list;
+  for (std::size_t at = 0; at < names.size() && at < kMost; ++at)
+    list += (at == 0 ? OdString() : OdString(L", ")) + L"\"" + names[at] + L"\"";
+  return names.size() > kMost ? list + L" ..." : list;
+}
+
+} // namespace console
