@@ -1,6 +1,5 @@
 #include "DbSymbolTable.h"
 
-#include "DbBlockTable.h"
 #include "DbDatabase.h"
 #include "db/load_context.h"
 #include "db/store.h"
@@ -86,13 +85,7 @@ OdDbObjectId OdDbSymbolTable::addClone(OdDbSymbolTableRecord* record) {
     return {};
   if (!record->isDBRO())
     database()->addOdDbObject(record, objectId());
-  if (!adopt(record))
-    return {};
-  if (const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(record); !block.isNull()) {
-    const drawing::db::WriteScope scope(*block);
-    block->ensureEnds();
-  }
-  return record->objectId();
+  return adopt(record) ? record->objectId() : OdDbObjectId();
 }
 
 bool OdDbSymbolTable::adopt(OdDbSymbolTableRecord* record) {
