@@ -72,8 +72,10 @@ OdDbObjectId OdDbSymbolTable::getAt(const OdString& name, bool openErased) const
 
 OdDbObjectId OdDbSymbolTable::add(OdDbSymbolTableRecord* record) {
   const OdDbObjectId id = addClone(record);
-  if (!id.isNull())
+  if (!id.isNull()) {
+    const drawing::db::WriteScope scope(*record);
     record->joinedTable();
+  }
   return id;
 }
 
