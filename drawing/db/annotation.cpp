@@ -4,6 +4,8 @@
 #include "DbBlockTable.h"
 #include "DbDatabase.h"
 #include "DbDictionary.h"
+#include "DbDimension.h"
+#include "DbMText.h"
 #include "DbPaperOrientationPE.h"
 #include "DbSymbolRecords.h"
 #include "db/store.h"
@@ -155,6 +157,8 @@ public:
   for (OdRxClass* kind : {
            OdDbBlockTableRecord::desc(),
            OdDbText::desc(),
+           OdDbMText::desc(),
+           OdDbDimension::desc(),
            OdDbTextStyleTableRecord::desc(),
            OdDbDimStyleTableRecord::desc(),
            OdDbBlockReference::desc(),

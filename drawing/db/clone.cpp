@@ -33,7 +33,7 @@ void Cloner::join(const Item& item, OdDbObject& copy) {
   const WriteScope scope(*holder);
   if (auto* table = dynamic_cast<OdDbSymbolTable*>(holder)) {
     const WriteScope copyScope(copy);
-    table->add(static_cast<OdDbSymbolTableRecord*>(&copy));
+    table->addClone(static_cast<OdDbSymbolTableRecord*>(&copy));
     return;
   }
   if (auto* dictionary = dynamic_cast<OdDbDictionary*>(holder)) {

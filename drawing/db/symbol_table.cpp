@@ -71,6 +71,15 @@ OdDbObjectId OdDbSymbolTable::getAt(const OdString& name, bool openErased) const
 }
 
 OdDbObjectId OdDbSymbolTable::add(OdDbSymbolTableRecord* record) {
+  const OdDbObjectId id = addClone(record);
+  if (!id.isNull()) {
+    const drawing::db::WriteScope scope(*record);
+    record->joinedTable();
+  }
+  return id;
+}
+
+OdDbObjectId OdDbSymbolTable::addClone(OdDbSymbolTableRecord* record) {
   assertWriteEnabled();
   if (kind() == OdDb::kBlockTable)
     record->setName(completeAnonymous(record->getName()));
@@ -78,10 +87,7 @@ OdDbObjectId OdDbSymbolTable::add(OdDbSymbolTableRecord* record) {
     return {};
   if (!record->isDBRO())
     database()->addOdDbObject(record, objectId());
-  if (!adopt(record))
-    return {};
-  record->joinedTable();
-  return record->objectId();
+  return adopt(record) ? record->objectId() : OdDbObjectId();
 }
 
 bool OdDbSymbolTable::adopt(OdDbSymbolTableRecord* record) {

@@ -184,7 +184,7 @@ public:
 private:
   GroupSink& to_;
   bool paper_;
-  const OdString& layout_;
+  OdString layout_;
 };
 
 } // namespace

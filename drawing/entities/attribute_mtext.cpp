@@ -8,6 +8,7 @@
 #include "entities/mtext_frame.h"
 
 #include <algorithm>
+#include <string_view>
 
 using drawing::GroupList;
 using drawing::db::peekAs;
@@ -15,16 +16,18 @@ using drawing::db::peekAs;
 namespace {
 
 constexpr int kEmbedded = 101;
+constexpr std::string_view kTitle = "Embedded Object";
 constexpr wchar_t kRecordName[] = L"ACAD_MLATT";
 
 // Where the text's own groups begin in the record of older files: behind what says whose text it is, which ends with
-// the tag. The list's size when there is no text.
+// a title. The list's size when there is no text.
 std::size_t textStart(const GroupList& groups) {
-  const std::size_t embedded = groups.find(kEmbedded);
-  const std::size_t start = (embedded < groups.size() ? embedded : groups.find(2)) + 1;
-  if (start >= groups.size() || (groups.find(1, start) >= groups.size() && groups.find(3, start) >= groups.size()))
-    return groups.size();
-  return start;
+  for (std::size_t i = 0; i < groups.size(); ++i) {
+    const int code = groups[i].code;
+    if (code == kEmbedded || (code == 1 && groups.textOf(groups[i]) == kTitle))
+      return i + 1;
+  }
+  return groups.size();
 }
 
 void storeField(OdDbObject& object, const drawing::Field& field, const GroupList& groups, const drawing::Group& group) {
@@ -159,7 +162,7 @@ void OdDbAttributeBase::setMTextAttribute(const OdDbMText* text) {
   if (text != nullptr) {
     if (flag >= embedded)
       rest.integer(71, mtextFlag());
-    rest.utf8(kEmbedded, "Embedded Object");
+    rest.utf8(kEmbedded, kTitle);
     drawing::writeSection(*text, OdDbMText::textSection(), rest);
     text_ = text->contents();
   }

@@ -120,6 +120,16 @@ OdGePoint3d OdDbAngularDimension::arcPoint() const {
   return odgeOcsToWcs(arc_, normal_);
 }
 
+OdResult OdDbAngularDimension::getGeomExtents(OdGeExtents3d& extents) const {
+  extents.addPoint(arcPoint());
+  return OdDbDimension::getGeomExtents(extents);
+}
+
+OdResult OdDbRoundDimension::getGeomExtents(OdGeExtents3d& extents) const {
+  extents.addPoint(chord_ + (chord_ - definition_).normal() * leaderLength_);
+  return OdDbDimension::getGeomExtents(extents);
+}
+
 // The slant counts from the dimension line, so only a mirror turns it.
 void OdDbLinearDimension::moveRest(const PlaneMap& map) {
   if (map.isMirrored())

@@ -1,6 +1,7 @@
 #include "DbFaces.h"
 
 #include "Ge/GeUtil.h"
+#include "entities/group_lists.h"
 #include "entities/setters.h"
 #include "entities/transforms.h"
 
@@ -16,8 +17,14 @@ const drawing::Description& OdDbFilledArea::areaDescription() {
   static const drawing::Description description(
       &OdDbEntity::ownDescription(),
       {{"AcDbTrace",
-        {field<&Self::first_>(10), field<&Self::second_>(11), field<&Self::third_>(12), field<&Self::fourth_>(13),
-         field<&Self::thickness_>(39).unless(0), field<&Self::normal_>(210).unless(0, 0, 1)}}});
+        {field<&Self::thickness_>(39).unless(0), field<&Self::normal_>(210).unless(0, 0, 1)},
+        [](OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
+          return static_cast<Self&>(object).corners_.take(pair, context);
+        },
+        [](const OdDbObject& object, drawing::GroupSink& sink) {
+          static_cast<const Self&>(object).corners_.write(sink);
+        },
+        true}});
   return description;
 }
 
@@ -31,42 +38,67 @@ const drawing::Description& OdDbTrace::ownDescription() {
 const drawing::Description& OdDbFace::ownDescription() {
   using Self = OdDbFace;
   static const drawing::Description description(
-      &OdDbEntity::ownDescription(), {{"AcDbFace",
-                                       {field<&Self::first_>(10), field<&Self::second_>(11), field<&Self::third_>(12),
-                                        field<&Self::fourth_>(13), field<&Self::hiddenEdges_>(70).unless(0)}}});
+      &OdDbEntity::ownDescription(),
+      {{"AcDbFace",
+        {field<&Self::hiddenEdges_>(70).unless(0)},
+        [](OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
+          return static_cast<Self&>(object).corners_.take(pair, context);
+        },
+        [](const OdDbObject& object, drawing::GroupSink& sink) {
+          static_cast<const Self&>(object).corners_.write(sink);
+        },
+        true}});
   return description;
 }
 
 MVDB_SETTER(OdDbFilledArea, setNormal, const OdGeVector3d&, normal_)
 MVDB_SETTER(OdDbFilledArea, setThickness, double, thickness_)
 
-namespace {
+namespace drawing {
 
-int checkedCorner(int index) {
+const OdGePoint3d& Corners::at(int index) const {
   if (index < 0 || index > 3)
     throw OdError(eInvalidIndex);
-  return index;
+  return points[index == 3 && !hasFourth ? 2 : index];
 }
 
-} // namespace
+void Corners::set(int index, const OdGePoint3d& point) {
+  if (index < 0 || index > 3)
+    throw OdError(eInvalidIndex);
+  points[index] = point;
+  hasFourth = hasFourth || index == 3;
+}
+
+bool Corners::take(const Pair& pair, LoadContext& context) {
+  const int corner = pair.code % 10, component = pair.code / 10 - 1;
+  if (pair.code < 10 || component > 2 || corner > 3)
+    return false;
+  hasFourth = hasFourth || corner == 3;
+  return takeReal((&points[corner].x)[component], pair, context);
+}
+
+void Corners::write(GroupSink& sink) const {
+  for (int i = 0; i < (hasFourth ? 4 : 3); ++i)
+    sink.point(10 + i, points[i]);
+}
+
+} // namespace drawing
 
 OdGePoint3d OdDbFilledArea::getPointAt(int index) const {
-  const OdGePoint3d* const all[] = {&first_, &second_, &third_, &fourth_};
-  return odgeOcsToWcs(*all[checkedCorner(index)], normal_);
+  return odgeOcsToWcs(corners_.at(index), normal_);
 }
 
 void OdDbFilledArea::setPointAt(int index, const OdGePoint3d& point) {
   assertWriteEnabled();
-  OdGePoint3d* const all[] = {&first_, &second_, &third_, &fourth_};
-  *all[checkedCorner(index)] = odgeWcsToOcs(point, normal_);
+  corners_.set(index, odgeWcsToOcs(point, normal_));
 }
 
 OdResult OdDbFilledArea::subTransformBy(const OdGeMatrix3d& matrix) {
   const drawing::PlaneMap map(matrix, normal_);
   if (!map.takesThickness(thickness_))
     return eCannotTransform;
-  for (OdGePoint3d* corner : {&first_, &second_, &third_, &fourth_})
-    *corner = map.point(*corner);
+  for (OdGePoint3d& corner : corners_.points)
+    corner = map.point(corner);
   normal_ = map.normal();
   thickness_ *= map.thicknessScale();
   return eOk;
@@ -82,24 +114,22 @@ OdResult OdDbFilledArea::getGeomExtents(OdGeExtents3d& extents) const {
 }
 
 OdGePoint3d OdDbFace::getVertexAt(int index) const {
-  const OdGePoint3d* const all[] = {&first_, &second_, &third_, &fourth_};
-  return *all[checkedCorner(index)];
+  return corners_.at(index);
 }
 
 void OdDbFace::setVertexAt(int index, const OdGePoint3d& point) {
   assertWriteEnabled();
-  OdGePoint3d* const all[] = {&first_, &second_, &third_, &fourth_};
-  *all[checkedCorner(index)] = point;
+  corners_.set(index, point);
 }
 
 OdResult OdDbFace::subTransformBy(const OdGeMatrix3d& matrix) {
-  for (OdGePoint3d* corner : {&first_, &second_, &third_, &fourth_})
-    *corner = matrix * *corner;
+  for (OdGePoint3d& corner : corners_.points)
+    corner = matrix * corner;
   return eOk;
 }
 
 OdResult OdDbFace::getGeomExtents(OdGeExtents3d& extents) const {
-  for (const OdGePoint3d& corner : {first_, second_, third_, fourth_})
-    extents.addPoint(corner);
+  for (int i = 0; i < 4; ++i)
+    extents.addPoint(corners_.at(i));
   return eOk;
 }

@@ -78,6 +78,10 @@ OdGeVector3d PlaneMap::vector(const OdGeVector3d& ocs) const {
   return map_ * ocs;
 }
 
+double PlaneMap::turn() const {
+  return translation_ ? 0 : std::atan2(map_.entry[1][0], map_.entry[0][0]);
+}
+
 double PlaneMap::angle(double angleRad) const {
   const OdGeVector3d x = map_.column(0);
   if (translation_ || (!mirrored_ && similar_ && x.y == 0 && x.x > 0))
@@ -85,8 +89,7 @@ double PlaneMap::angle(double angleRad) const {
   const OdGeVector3d turned = map_ * OdGeVector3d(std::cos(angleRad), std::sin(angleRad), 0);
   if (!similar_)
     return odgeNormalizeAngle(std::atan2(turned.y, turned.x));
-  const double turn = std::atan2(x.y, x.x);
-  return odgeNormalizeAngle(mirrored_ ? turn - angleRad : turn + angleRad);
+  return odgeNormalizeAngle(mirrored_ ? turn() - angleRad : turn() + angleRad);
 }
 
 void mapArcAngles(const PlaneMap& map, double& startRad, double& endRad) {

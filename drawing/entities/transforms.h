@@ -28,6 +28,7 @@ public:
   double scale() const { return scale_; } // of lengths in the plane, when it keeps shapes
   // What stands upright on the plane still does, so that thicknesses stay what they are.
   bool keepsUpright() const { return upright_; }
+  double turn() const; // where the frame's x axis goes, in the new frame: radians
   double thicknessScale() const { return thicknessScale_; }
   // May an entity of that thickness take the matrix?
   bool takesThickness(double thickness) const { return thickness == 0 || upright_; }

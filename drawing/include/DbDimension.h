@@ -125,6 +125,7 @@ public:
   void setXLine2Point(const OdGePoint3d& value);
   void setCenterPoint(const OdGePoint3d& value);
   void setArcPoint(const OdGePoint3d& point);
+  OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
 protected:
   using OdDbDimension::OdDbDimension;
@@ -160,6 +161,7 @@ public:
   void setDefinitionPoint(const OdGePoint3d& value);
   void setChordPoint(const OdGePoint3d& value);
   void setLeaderLength(double value);
+  OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
 protected:
   using OdDbDimension::OdDbDimension;

@@ -1,8 +1,21 @@
-// Filled areas and faces of three or four corners.
+// Filled areas and faces of three or four corners. Where a file names only three, the fourth is the third.
 #pragma once
 
 #include "DbEntity.h"
 #include "Ge/GeVector3d.h"
+
+namespace drawing {
+
+struct Corners {
+  OdGePoint3d points[4];
+  bool hasFourth = false;
+  const OdGePoint3d& at(int index) const; // OdError(eInvalidIndex) outside 0 to 3
+  void set(int index, const OdGePoint3d& point);
+  bool take(const Pair& pair, LoadContext& context); // groups 10 to 33
+  void write(GroupSink& sink) const;
+};
+
+} // namespace drawing
 
 // Filled, in a plane. The third and fourth corner are crosswise: the outline runs 0, 1, 3, 2.
 class MVDRAWING_API OdDbFilledArea : public OdDbEntity {
@@ -22,7 +35,7 @@ protected:
   static const drawing::Description& areaDescription();
 
 private:
-  OdGePoint3d first_, second_, third_, fourth_; // in the plane's frame
+  drawing::Corners corners_; // in the plane's frame
   double thickness_ = 0;
   OdGeVector3d normal_{0, 0, 1};
 };
@@ -54,7 +67,7 @@ protected:
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
 private:
-  OdGePoint3d first_, second_, third_, fourth_;
+  drawing::Corners corners_;
   std::int16_t hiddenEdges_ = 0;
 };
 using OdDbFacePtr = OdSmartPtr<OdDbFace>;

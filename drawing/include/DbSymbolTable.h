@@ -40,6 +40,8 @@ public:
   // Null id when a living record has that name already. An anonymous name ("*U", "*D" ...) is completed by the next
   // free number.
   OdDbObjectId add(OdDbSymbolTableRecord* record);
+  // The same without completing the record: what a clone needs comes along with it.
+  OdDbObjectId addClone(OdDbSymbolTableRecord* record);
   OdDbSymbolTableIteratorPtr newIterator(bool atBeginning = true, bool skipDeleted = true) const;
   std::size_t numMembers() const { return members_.size(); } // erased ones included
   // A name that no record has: the given one, or with the first free of "-2", "-3" ... appended.

@@ -130,6 +130,7 @@ const Allowed kAllowed[] = {
     {"INSERT", 66, "*", kAbsent, "whether attributes follow is seen from them"},
     {"3DFACE", 70, "0", kAbsent, "all edges visible"},
     {"DIMENSION", 1, "", kAbsent, "the measured value is the text"},
+    {"DIMENSION", 42, "-1", kAbsent, "not measured"},
     {"DIMENSION", 53, "0", kAbsent, "text not turned"},
     {"DIMENSION", 41, "1", kAbsent, "default line spacing"},
     {"DIMENSION", 72, "1", kAbsent, "default line spacing"},

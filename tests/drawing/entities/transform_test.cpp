@@ -1,8 +1,14 @@
 // A matrix moves an entity to where it moves the entity's points, or the entity says no and stays as it was.
 #include "DbCurves.h"
+#include "DbDimension.h"
+#include "DbFaces.h"
+#include "DbHatch.h"
+#include "DbLeader.h"
 #include "DbMText.h"
 #include "DbPolyline.h"
+#include "DbRasterImage.h"
 #include "DbSpline.h"
+#include "DbUnderlayReference.h"
 #include "Ge/GeUtil.h"
 #include "tests/drawing/entities/group_text.h"
 
@@ -131,6 +137,94 @@ Points mtextPoints(const OdDbEntity& e) {
   return {text.location(), text.location() + x * text.width(), text.location() + y * text.textHeight()};
 }
 
+Points areaPoints(const OdDbEntity& e) {
+  const auto& area = as<OdDbFilledArea>(e);
+  const OdGeVector3d top = OdGeMatrix3d::planeToWorld(area.normal()).column(2) * area.thickness();
+  return {area.getPointAt(0), area.getPointAt(1), area.getPointAt(2), area.getPointAt(3), area.getPointAt(3) + top};
+}
+
+Points facePoints(const OdDbEntity& e) {
+  const auto& face = as<OdDbFace>(e);
+  return {face.getVertexAt(0), face.getVertexAt(1), face.getVertexAt(2), face.getVertexAt(3)};
+}
+
+// The dimension line's direction too; the text must lie as before beside the points.
+Points rotatedPoints(const OdDbEntity& e) {
+  const auto& dim = as<OdDbRotatedDimension>(e);
+  const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(dim.normal());
+  const auto along = [&](double angle) { return plane * OdGeVector3d(std::cos(angle), std::sin(angle), 0); };
+  const OdGeVector3d line = along(dim.rotation()) * dim.getMeasurement();
+  const OdGeVector3d slanted = along(dim.rotation() + dim.oblique()) * dim.getMeasurement();
+  const OdGeVector3d text = along(dim.rotation() + dim.textRotation()) * dim.getMeasurement();
+  return {dim.xLine1Point(),        dim.xLine2Point(),           dim.dimLinePoint(),      dim.textPosition(),
+          dim.xLine1Point() + line, dim.xLine1Point() + slanted, dim.xLine1Point() + text};
+}
+
+Points angularPoints(const OdDbEntity& e) {
+  const auto& dim = as<OdDbAngularDimension>(e);
+  return {dim.definitionPoint(), dim.xLine1Point(), dim.xLine2Point(),
+          dim.centerPoint(),     dim.arcPoint(),    dim.textPosition()};
+}
+
+Points radialPoints(const OdDbEntity& e) {
+  const auto& dim = as<OdDbRoundDimension>(e);
+  const OdGeVector3d out = (dim.chordPoint() - dim.definitionPoint()).normal();
+  return {dim.definitionPoint(), dim.chordPoint(), dim.chordPoint() + out * dim.leaderLength(),
+          dim.definitionPoint() + out * dim.getMeasurement()};
+}
+
+Points ordinatePoints(const OdDbEntity& e) {
+  const auto& dim = as<OdDbOrdinateDimension>(e);
+  return {dim.origin(), dim.definingPoint(), dim.leaderEndPoint()};
+}
+
+// Of the hatch below: a line, an arc that may run clockwise, a bulge, the pattern's line and a seed.
+Points hatchPoints(const OdDbEntity& e) {
+  const auto& hatch = as<OdDbHatch>(e);
+  const drawing::GroupList& groups = hatch.groups();
+  const auto nth = [&](int code, int n) {
+    std::size_t i = groups.find(code);
+    for (; n > 0; --n)
+      i = groups.find(code, i + 1);
+    return i;
+  };
+  const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(hatch.normal());
+  const auto real = [&](int code, int n) { return groups[nth(code, n)].real; };
+  const auto pair = [&](int code, int codeOfY, int n) {
+    return OdGePoint3d(real(code, n), real(codeOfY, n), hatch.elevation());
+  };
+  const auto turned = [](double angle) { return OdGeVector3d(std::cos(angle), std::sin(angle), 0); };
+  Points flat{pair(10, 20, 1), pair(11, 21, 0)};
+  const double sign = groups[nth(73, 0)].integer == 1 ? 1 : -1;
+  for (const double degrees : {real(50, 0), real(51, 0), (real(50, 0) + real(51, 0)) / 2})
+    flat.push_back(pair(10, 20, 2) + turned(sign * OdaToRadian(degrees)) * real(40, 0));
+  const OdGePoint3d a = pair(10, 20, 3), b = pair(10, 20, 4);
+  flat.insert(flat.end(), {a, b, a + (b - a) * 0.5 + (b - a).crossProduct(OdGeVector3d::kZAxis) * (real(42, 0) / 2)});
+  const OdGePoint3d base = pair(43, 44, 0);
+  flat.insert(flat.end(), {base, base + turned(OdaToRadian(real(53, 0))) * real(49, 0),
+                           base + (pair(45, 46, 0) - OdGePoint3d(0, 0, hatch.elevation())), pair(10, 20, 5)});
+  for (OdGePoint3d& point : flat)
+    point = plane * point;
+  return flat;
+}
+
+Points leaderPoints(const OdDbEntity& e) {
+  const auto& leader = as<OdDbLeader>(e);
+  return {leader.vertexAt(0), leader.vertexAt(1)};
+}
+
+Points picturePoints(const OdDbEntity& e) {
+  OdGePoint3d origin;
+  OdGeVector3d u, v;
+  as<OdDbPicture>(e).getOrientation(origin, u, v);
+  return {origin, origin + u * 200, origin + v * 100};
+}
+
+Points pagePoints(const OdDbEntity& e) {
+  const OdGeMatrix3d page = as<OdDbUnderlayReference>(e).transform();
+  return {page * OdGePoint3d(), page * OdGePoint3d(4, 0, 0), page * OdGePoint3d(0, 3, 0)};
+}
+
 struct Kind {
   const char* name;
   const char* dxfName;
@@ -168,6 +262,42 @@ const Kind kKinds[] = {
      "100 AcDbMText|10 1|20 2|30 3|40 2.5|41 40|71 5|72 1|7 Standard|11 0.6|21 0.8|31 0|42 12|43 3|73 1|44 1|1 one\\P"
      "two|90 1|63 3|45 1.5|441 0|75 1|76 2|48 18|49 1|50 9",
      false, mtextPoints},
+    {"Solid", "SOLID",
+     "100 AcDbTrace|10 1|20 2|30 3|11 4|21 2|31 3|12 1|22 6|32 3|13 4|23 6|33 3|39 2|210 0|220 0|230 -1", false,
+     areaPoints},
+    {"Trace", "TRACE", "100 AcDbTrace|10 1|20 2|30 3|11 4|21 2|31 3|12 1|22 6|32 3", true, areaPoints},
+    {"Face", "3DFACE", "100 AcDbFace|10 1|20 2|30 3|11 4|21 2|31 5|12 1|22 6|32 3|13 4|23 6|33 8|70 5", true,
+     facePoints},
+    {"RotatedDimension", "DIMENSION",
+     "100 AcDbDimension|280 0|10 5|20 9|30 0|11 3|21 9|31 0|70 32|71 5|42 4|53 15|51 40|3 Standard|100 "
+     "AcDbAlignedDimension|13 1|23 2|33 0|14 5|24 3|34 0|52 20|50 30|100 AcDbRotatedDimension",
+     false, rotatedPoints},
+    {"AngularDimension", "DIMENSION",
+     "100 AcDbDimension|280 0|10 5|20 9|30 0|11 3|21 9|31 0|70 34|1 about <>|71 5|42 0.5|210 0|220 0|230 -1|100 "
+     "AcDb2LineAngularDimension|13 1|23 2|33 0|14 5|24 3|34 0|15 1|25 8|35 0|16 7|26 7|36 2",
+     false, angularPoints},
+    {"RadialDimension", "DIMENSION",
+     "100 AcDbDimension|280 0|10 1|20 2|30 3|70 4|71 5|42 5|100 AcDbRadialDimension|15 4|25 6|35 3|40 2", false,
+     radialPoints},
+    {"OrdinateDimension", "DIMENSION",
+     "100 AcDbDimension|280 0|10 1|20 2|30 3|70 70|71 5|100 AcDbOrdinateDimension|13 4|23 6|33 3|14 9|24 9|34 3", false,
+     ordinatePoints},
+    {"Leader", "LEADER",
+     "100 AcDbLeader|3 Standard|71 1|72 0|73 3|74 1|75 0|40 2|41 5|76 2|10 1|20 2|30 3|10 4|20 5|30 3|212 1|222 "
+     "2|232 0",
+     false, leaderPoints},
+    {"Hatch", "HATCH",
+     "100 AcDbHatch|10 0|20 0|30 2|210 0|220 0|230 1|2 ANSI31|70 0|71 0|91 2|92 1|93 2|72 1|10 1|20 2|11 4|21 2|72 "
+     "2|10 4|20 4|40 2|50 90|51 200|73 0|97 0|92 3|72 1|73 1|93 2|10 0|20 0|42 0.5|10 3|20 0|97 0|75 1|76 1|52 0|41 "
+     "1|77 0|78 1|53 45|43 1|44 2|45 -2|46 2|79 1|49 3|98 1|10 2|20 3",
+     false, hatchPoints},
+    {"Image", "IMAGE",
+     "100 AcDbRasterImage|90 0|10 1|20 2|30 3|11 0.1|21 0|31 0|12 0|22 0.1|32 0|13 200|23 100|340 0|70 7|280 1|71 2|91 "
+     "2|14 0|24 0|14 9|24 9",
+     true, picturePoints},
+    {"Underlay", "PDFUNDERLAY",
+     "100 AcDbUnderlayReference|340 0|10 1|20 2|30 3|41 2|42 2|43 2|50 30|280 2|11 0|21 0|11 5|21 5", false,
+     pagePoints},
 };
 
 struct Motion {
@@ -260,7 +390,8 @@ TEST_P(EntityKinds, WriteWhatTheyRead) {
 TEST_P(EntityKinds, ExtentsHoldThePoints) {
   const OdDbEntityPtr entity = load();
   OdGeExtents3d extents;
-  if (entity->getGeomExtents(extents) != eOk || GetParam().dxfName == std::string("MTEXT"))
+  const std::string name = GetParam().dxfName;
+  if (entity->getGeomExtents(extents) != eOk || name == "MTEXT" || name == "HATCH") // points beside the outline
     return;
   for (const OdGePoint3d& point : GetParam().points(*entity))
     EXPECT_TRUE(extents.contains(point, OdGeTol(1e-9))) << point.x << " " << point.y << " " << point.z;

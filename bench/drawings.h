@@ -1,0 +1,32 @@
+// Drawings of any size for measuring.
+#pragma once
+
+#include "DbDatabase.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+// A drawing with that many entities in model space: lines for the most part, circles, texts, references to a hundred
+// small blocks, on twenty layers. The same for the same number.
+OdDbDatabasePtr makeDrawing(std::size_t entities);
+// As a text file of the newest version.
+std::string makeFile(std::size_t entities);
+OdDbObjectIdArray modelSpace(const OdDbDatabase& database);
+
+// One job on a drawing of that size, with all that it needs made before. Each answers what keeps the work from being
+// optimised away.
+class Job {
+public:
+  virtual ~Job() = default;
+  virtual std::size_t run() = 0;
+};
+// "read", "write", "make" (a block of everything), "clone" (into another drawing), "undo" (a move and its undo); null
+// for other names.
+std::unique_ptr<Job> makeJob(const std::string& name, std::size_t entities);
+const std::vector<std::string>& jobNames();
+
+} // namespace bench

@@ -1,0 +1,104 @@
+#include "DbHatch.h"
+
+#include "Ge/GeUtil.h"
+#include "db/load_context.h"
+#include "db/store.h"
+#include "entities/hatch_parts.h"
+
+#include <algorithm>
+
+using drawing::GroupList;
+
+ODDB_DEFINE_MEMBERS(OdDbHatch, OdDbEntity, "HATCH");
+
+const drawing::Description& OdDbHatch::ownDescription() {
+  static const drawing::Description description(&OdDbEntity::ownDescription(),
+                                                {{"AcDbHatch", {}, readGroup, writeGroups}});
+  return description;
+}
+
+bool OdDbHatch::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
+  context.append(static_cast<OdDbHatch&>(object).groups_, pair);
+  return true;
+}
+
+void OdDbHatch::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) {
+  static_cast<const OdDbHatch&>(object).groups_.writeTo(sink);
+}
+
+void OdDbHatch::visitReferences(drawing::ReferenceVisitor& visitor) {
+  OdDbEntity::visitReferences(visitor);
+  drawing::db::visitGroups(groups_, visitor);
+}
+
+std::int64_t OdDbHatch::integerOf(int code) const {
+  const std::size_t i = groups_.find(code);
+  return i < groups_.size() && groups_[i].kind != drawing::GroupKind::Unread ? groups_[i].integer : 0;
+}
+
+OdString OdDbHatch::patternName() const {
+  const std::size_t i = groups_.find(2);
+  return i < groups_.size() ? groups_.stringOf(groups_[i]) : OdString();
+}
+
+namespace {
+
+double firstReal(const GroupList& groups, int code, double absent) {
+  const std::size_t i = groups.find(code);
+  return i < groups.size() && groups[i].kind == drawing::GroupKind::Real ? groups[i].real : absent;
+}
+
+} // namespace
+
+// The head's place comes first: of its coordinates only z means something.
+double OdDbHatch::elevation() const {
+  return firstReal(groups_, 30, 0);
+}
+
+OdGeVector3d OdDbHatch::normal() const {
+  return {firstReal(groups_, 210, 0), firstReal(groups_, 220, 0), firstReal(groups_, 230, 1)};
+}
+
+void OdDbHatch::setNormal(const OdGeVector3d& normal) {
+  const double values[3] = {normal.x, normal.y, normal.z};
+  if (groups_.find(230) < groups_.size()) {
+    for (int i = 0; i < 3; ++i) {
+      if (const std::size_t at = groups_.find(210 + 10 * i); at < groups_.size())
+        groups_.setReal(at, values[i]);
+    }
+    return;
+  }
+  // Behind the place, where files have it.
+  const std::size_t behind = std::min(groups_.find(30) + 1, groups_.size());
+  GroupList all;
+  all.append(groups_, 0, behind);
+  for (int i = 0; i < 3; ++i)
+    all.real(210 + 10 * i, values[i]);
+  all.append(groups_, behind, groups_.size() - behind);
+  groups_ = std::move(all);
+}
+
+OdResult OdDbHatch::subTransformBy(const OdGeMatrix3d& matrix) {
+  const OdGeVector3d before = normal();
+  const drawing::PlaneMap map(matrix, before);
+  if (!map.keepsShapes())
+    return eCannotTransform;
+  const double height = elevation();
+  for (const drawing::HatchPart& part : drawing::hatchParts(groups_))
+    drawing::moveHatchPart(groups_, part, map, height);
+  if (const std::size_t z = groups_.find(30); z < groups_.size())
+    groups_.setReal(z, map.point(OdGePoint3d(0, 0, height)).z);
+  const OdGeVector3d& after = map.normal();
+  if (after.x != before.x || after.y != before.y || after.z != before.z)
+    setNormal(after);
+  return eOk;
+}
+
+OdResult OdDbHatch::getGeomExtents(OdGeExtents3d& extents) const {
+  const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(normal());
+  OdGeExtents3d all;
+  for (const drawing::HatchPart& part : drawing::hatchParts(groups_))
+    drawing::addHatchPart(all, groups_, part, plane, elevation());
+  extents.addExt(all);
+  return all.isValidExtents() ? eOk : eNotApplicable;
+}

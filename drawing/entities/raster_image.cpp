@@ -1,0 +1,58 @@
+#include "DbRasterImage.h"
+
+#include "entities/setters.h"
+#include "entities/transforms.h"
+
+using drawing::field;
+
+ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbPicture, OdDbEntity);
+ODDB_DEFINE_MEMBERS(OdDbRasterImage, OdDbPicture, "IMAGE");
+ODDB_DEFINE_MEMBERS(OdDbWipeout, OdDbPicture, "WIPEOUT");
+
+drawing::Section OdDbPicture::pictureSection(const char* marker) {
+  using Self = OdDbPicture;
+  return {marker, {field<&Self::origin_>(10), field<&Self::u_>(11), field<&Self::v_>(12), field<&Self::size_>(13)}};
+}
+
+const drawing::Description& OdDbRasterImage::ownDescription() {
+  static const drawing::Description description = [] {
+    drawing::Section section = pictureSection("AcDbRasterImage");
+    section.fields.push_back(field<&OdDbRasterImage::definition_>(340).ref(OdDb::kHardPointerRef));
+    return drawing::Description(&OdDbEntity::ownDescription(), {section});
+  }();
+  return description;
+}
+
+const drawing::Description& OdDbWipeout::ownDescription() {
+  static const drawing::Description description(&OdDbEntity::ownDescription(), {pictureSection("AcDbWipeout")});
+  return description;
+}
+
+MVDB_SETTER(OdDbPicture, setImageSize, const OdGePoint2d&, size_)
+
+void OdDbPicture::getOrientation(OdGePoint3d& origin, OdGeVector3d& u, OdGeVector3d& v) const {
+  origin = origin_;
+  u = u_;
+  v = v_;
+}
+
+void OdDbPicture::setOrientation(const OdGePoint3d& origin, const OdGeVector3d& u, const OdGeVector3d& v) {
+  assertWriteEnabled();
+  origin_ = origin;
+  u_ = u;
+  v_ = v;
+}
+
+OdResult OdDbPicture::subTransformBy(const OdGeMatrix3d& matrix) {
+  origin_ = matrix * origin_;
+  u_ = matrix * u_;
+  v_ = matrix * v_;
+  return eOk;
+}
+
+OdResult OdDbPicture::getGeomExtents(OdGeExtents3d& extents) const {
+  const OdGeVector3d across = u_ * size_.x, up = v_ * size_.y;
+  for (const OdGeVector3d& corner : {OdGeVector3d(), across, up, across + up})
+    extents.addPoint(origin_ + corner);
+  return eOk;
+}

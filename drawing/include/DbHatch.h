@@ -1,0 +1,34 @@
+// Hatches. The boundary and the pattern are kept as files hold them: their order carries the meaning.
+#pragma once
+
+#include "DbEntity.h"
+#include "Ge/GeVector3d.h"
+
+class MVDRAWING_API OdDbHatch : public OdDbEntity {
+public:
+  ODDB_DECLARE_MEMBERS(OdDbHatch);
+  OdDbHatch() = default;
+  OdString patternName() const;
+  bool isSolidFill() const { return integerOf(70) != 0; }
+  bool associative() const { return integerOf(71) != 0; }
+  int numLoops() const { return static_cast<int>(integerOf(91)); }
+  double elevation() const;
+  OdGeVector3d normal() const;
+  const drawing::GroupList& groups() const { return groups_; }
+
+  OdResult getGeomExtents(OdGeExtents3d& extents) const override;
+  void visitReferences(drawing::ReferenceVisitor& visitor) override;
+
+protected:
+  // Takes matrices that keep shapes in its plane. The pattern moves along.
+  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+
+private:
+  static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
+  static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
+  std::int64_t integerOf(int code) const; // the first under that code
+  void setNormal(const OdGeVector3d& normal);
+
+  drawing::GroupList groups_; // all of the section
+};
+using OdDbHatchPtr = OdSmartPtr<OdDbHatch>;

@@ -1,0 +1,114 @@
+// Dictionaries, lists of tagged values and extended data, in memory and through a file.
+#include "DbDictionary.h"
+#include "tests/support/drawings.h"
+#include "tests/support/oracles.h"
+
+using namespace tests;
+
+namespace {
+
+std::vector<OdString> entryNames(const OdDbDictionary& dictionary) {
+  std::vector<OdString> names;
+  for (const OdDbDictionary::Entry& entry : dictionary.entries())
+    names.push_back(entry.name);
+  return names;
+}
+
+TEST(Dictionary, FindsWithoutRegardToCaseAndReplacesByName) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  const OdSmartPtr<OdDbDictionary> root = forWrite<OdDbDictionary>(database->getNamedObjectsDictionaryId());
+  const OdDbObjectId first = root->setAt(L"Mine", OdDbXrecord::createObject().get());
+  const std::size_t entries = root->numEntries();
+  EXPECT_EQ(root->getAt(L"mINE"), first);
+  EXPECT_EQ(first.safeOpenObject()->ownerId(), root->objectId());
+  const OdDbObjectId second = root->setAt(L"MINE", OdDbXrecord::createObject().get());
+  EXPECT_TRUE(first.isErased()) << "the older object gives way";
+  EXPECT_EQ(root->numEntries(), entries);
+  EXPECT_EQ(root->getAt(L"Mine"), second);
+  EXPECT_EQ(root->nameAt(second), OdString(L"Mine"));
+  EXPECT_EQ(root->remove(L"mine"), second);
+  EXPECT_TRUE(root->remove(L"mine").isNull());
+  EXPECT_FALSE(second.isErased()) << "removing the name leaves the object";
+}
+
+TEST(Dictionary, KeepsItsOrderThroughAFileAndEndsWithItsOwner) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  const OdDbObjectId text = addText(*database, L"owner");
+  const OdDbObjectId id = forWrite<OdDbText>(text)->createExtensionDictionary();
+  for (const wchar_t* name : {L"z", L"a", L"\u0416\u5b57", L"m"})
+    forWrite<OdDbDictionary>(id)->setAt(name, OdDbXrecord::createObject().get());
+  const OdDbDatabasePtr again = expectRoundTrip(*database);
+  EXPECT_EQ(entryNames(*forRead<OdDbDictionary>(again->getOdDbObjectId(id.getHandle()))),
+            (std::vector<OdString>{L"z", L"a", L"\u0416\u5b57", L"m"}));
+  const OdDbObjectId entry = forRead<OdDbDictionary>(id)->getAt(L"z");
+  expectUndoRestores(*database, [&] { forWrite<OdDbText>(text)->erase(); });
+  EXPECT_TRUE(id.isErased());
+  EXPECT_TRUE(entry.isErased());
+}
+
+// Codes that mean something to the record itself (280) are data like any other behind its head.
+TEST(Xrecord, GivesBackEveryKindOfValue) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  const OdDbObjectId text = addText(*database, L"target");
+  OdResBufPtr tail, head = OdResBuf::newRb(1, OdString(L"\u00DF \\U+00DF ^I %%d"));
+  tail = head->setNext(OdResBuf::newInt(280, 7));
+  tail = tail->setNext(OdResBuf::newInt(280, 8));
+  tail = tail->setNext(OdResBuf::newRb(10, OdGePoint3d(1, -2, 1e-300)));
+  tail = tail->setNext(OdResBuf::newRb(40, 0.1));
+  tail = tail->setNext(OdResBuf::newInt(90, -2147483648LL));
+  tail = tail->setNext(OdResBuf::newInt(160, INT64_MAX));
+  tail = tail->setNext(OdResBuf::newRb(330, text));
+  const OdResBufPtr bytes = tail->setNext(OdResBuf::newRb(310));
+  bytes->setBinary(std::string("\0\xFF", 2));
+  const OdSmartPtr<OdDbXrecord> record = OdDbXrecord::createObject();
+  record->setFromRbChain(head.get());
+  forWrite<OdDbDictionary>(database->getNamedObjectsDictionaryId())->setAt(L"MINE", record.get());
+  const OdDbDatabasePtr again = expectRoundTrip(*database);
+  const OdDbObjectId id = again->getOdDbObjectId(record->getDbHandle());
+  const OdResBufPtr chain = forRead<OdDbXrecord>(id)->rbChain();
+  const OdResBuf* at = chain.get();
+  EXPECT_EQ(at->getString(), head->getString());
+  EXPECT_EQ((at = at->next().get())->getInt(), 7);
+  EXPECT_EQ((at = at->next().get())->getInt(), 8);
+  EXPECT_EQ((at = at->next().get())->getPoint3d().z, 1e-300);
+  EXPECT_EQ((at = at->next().get())->getDouble(), 0.1);
+  EXPECT_EQ((at = at->next().get())->getInt(), -2147483648LL);
+  EXPECT_EQ((at = at->next().get())->getInt(), INT64_MAX);
+  EXPECT_EQ((at = at->next().get())->getObjectId(), again->getOdDbObjectId(text.getHandle()));
+  EXPECT_EQ((at = at->next().get())->getBinary(), std::string("\0\xFF", 2));
+}
+
+std::string applications(const OdDbObject& object) {
+  std::string all;
+  const OdResBufPtr chain = object.xData();
+  for (const OdResBuf* at = chain.get(); at != nullptr; at = at->next().get())
+    all += at->restype() == 1001 ? at->getString().toUtf8() + ":" : std::to_string(at->getInt()) + " ";
+  return all;
+}
+
+TEST(ExtendedData, IsSetReplacedAndRemovedByApplication) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  const OdDbObjectId id = addText(*database, L"x");
+  const auto set = [&](std::initializer_list<std::pair<const wchar_t*, int>> parts) {
+    OdResBufPtr head, tail;
+    for (const auto& [name, value] : parts) {
+      const OdResBufPtr start = OdResBuf::newRb(1001, OdString(name));
+      tail = tail.isNull() ? (head = start) : tail->setNext(start);
+      if (value != 0)
+        tail = tail->setNext(OdResBuf::newInt(1070, value));
+    }
+    forWrite<OdDbText>(id)->setXData(head.get());
+  };
+  struct Case {
+    std::initializer_list<std::pair<const wchar_t*, int>> parts;
+    const char* expected;
+  };
+  for (const Case& row : {Case{{{L"A", 1}, {L"B", 2}}, "A:1 B:2 "}, Case{{{L"a", 3}}, "B:2 a:3 "},
+                          Case{{{L"C", 0}}, "B:2 a:3 "}, Case{{{L"B", 0}}, "a:3 "}, Case{{{L"A", 0}}, ""}}) {
+    set(row.parts);
+    EXPECT_EQ(applications(*id.safeOpenObject()), row.expected);
+  }
+  EXPECT_TRUE(id.safeOpenObject()->xData(L"A").isNull());
+}
+
+} // namespace

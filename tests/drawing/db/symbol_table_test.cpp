@@ -1,0 +1,90 @@
+// Symbol tables: names without regard to case, freed by erasing, kept in step by undo.
+#include "tests/support/drawings.h"
+#include "tests/support/oracles.h"
+
+using namespace tests;
+
+namespace {
+
+std::vector<OdString> names(OdDbObjectId table) {
+  std::vector<OdString> all;
+  for (auto walk = forRead<OdDbSymbolTable>(table)->newIterator(); !walk->done(); walk->step())
+    all.push_back(walk->getRecord()->getName());
+  return all;
+}
+
+OdDbObjectId layer(OdDbDatabase& database, const OdString& name) {
+  return database.symbol(OdDb::kLayerTable, name);
+}
+
+TEST(SymbolTable, FindsNamesWithoutRegardToCase) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  const OdDbObjectId id = addLayer(*database, L"W\u00E4nde-\u0416");
+  EXPECT_EQ(layer(*database, L"W\u00C4NDE-\u0436"), id);
+  EXPECT_TRUE(layer(*database, L"W\u00E4nde").isNull());
+  EXPECT_TRUE(addLayer(*database, L"w\u00C4nde-\u0436").isNull()) << "the name is taken";
+  EXPECT_EQ(forRead<OdDbLayerTableRecord>(id)->getName(), OdString(L"W\u00E4nde-\u0416"));
+}
+
+TEST(SymbolTable, ErasingFreesTheNameAndKeepsTheOrder) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  const OdDbObjectId b = addLayer(*database, L"b"), a = addLayer(*database, L"a");
+  EXPECT_EQ(names(database->getLayerTableId()), (std::vector<OdString>{L"0", L"b", L"a"}));
+  forWrite<OdDbLayerTableRecord>(b)->erase();
+  EXPECT_TRUE(layer(*database, L"b").isNull());
+  EXPECT_EQ(forRead<OdDbSymbolTable>(database->getLayerTableId())->getAt(L"b", true), b);
+  const OdDbObjectId second = addLayer(*database, L"B");
+  EXPECT_FALSE(second.isNull());
+  EXPECT_EQ(names(database->getLayerTableId()), (std::vector<OdString>{L"0", L"a", L"B"}));
+  EXPECT_EQ(layer(*database, L"a"), a);
+}
+
+TEST(SymbolTable, RenamingMovesTheNameAndRefusesATakenOne) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  const OdDbObjectId a = addLayer(*database, L"a"), b = addLayer(*database, L"b");
+  EXPECT_THROW(forWrite<OdDbLayerTableRecord>(a)->setName(L"B"), OdError);
+  forWrite<OdDbLayerTableRecord>(a)->setName(L"A"); // its own name in other letters
+  forWrite<OdDbLayerTableRecord>(b)->setName(L"c");
+  EXPECT_EQ(layer(*database, L"a"), a);
+  EXPECT_TRUE(layer(*database, L"b").isNull());
+  EXPECT_EQ(layer(*database, L"C"), b);
+}
+
+TEST(SymbolTable, AnonymousBlocksTakeTheNextNumber) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  addBlock(*database, L"*U2");
+  const auto nameOf = [](OdDbObjectId id) { return forRead<OdDbBlockTableRecord>(id)->getName(); };
+  EXPECT_EQ(nameOf(addBlock(*database, L"*U")), OdString(L"*U1"));
+  EXPECT_EQ(nameOf(addBlock(*database, L"*U")), OdString(L"*U3"));
+  EXPECT_EQ(nameOf(addBlock(*database, L"*D")), OdString(L"*D1"));
+}
+
+TEST(SymbolTable, UndoOfARenameAnErasureAndAnAdditionKeepsLookUpsInStep) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  const OdDbObjectId a = addLayer(*database, L"a"), b = addLayer(*database, L"b");
+  OdDbObjectId fresh;
+  expectUndoRestores(*database, [&] {
+    forWrite<OdDbLayerTableRecord>(a)->setName(L"x");
+    forWrite<OdDbLayerTableRecord>(b)->erase();
+    fresh = addLayer(*database, L"b");
+  });
+  EXPECT_EQ(layer(*database, L"x"), a);
+  EXPECT_EQ(layer(*database, L"b"), fresh);
+  ASSERT_EQ(database->undo(), eOk);
+  EXPECT_EQ(layer(*database, L"a"), a);
+  EXPECT_EQ(layer(*database, L"b"), b);
+  EXPECT_TRUE(layer(*database, L"x").isNull());
+  EXPECT_TRUE(fresh.isErased());
+}
+
+TEST(BlockTable, ABlockCannotContainItself) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  const OdDbObjectId inner = addBlock(*database, L"inner"), outer = addBlock(*database, L"outer");
+  addReference(*database, inner, outer);
+  const std::string before = drawing::canonicalDump(*database);
+  EXPECT_THROW(addReference(*database, outer, inner), OdError);
+  EXPECT_THROW(addReference(*database, inner, inner), OdError);
+  EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*database)), "");
+}
+
+} // namespace

@@ -1,0 +1,205 @@
+// Damaged files: whatever is wrong stays where it is. Reading never crashes, says what it found, and what it keeps
+// comes back from the next file as it was.
+#include "DbCarried.h"
+#include "DbCurves.h"
+#include "DbDxf.h"
+#include "tests/support/drawings.h"
+#include "tests/support/oracles.h"
+
+#include <algorithm>
+
+using namespace tests;
+using drawing::ReadResult;
+
+namespace {
+
+std::string line(const std::string& more, const std::string& handle = "A1") {
+  return "0|LINE\n5|" + handle + "\n100|AcDbEntity\n8|0\n100|AcDbLine\n10|1\n20|2\n30|3\n11|4\n21|5\n31|6\n" + more;
+}
+std::string blockRecord(const std::string& handle, const std::string& name) {
+  return "0|BLOCK_RECORD\n5|" + handle + "\n330|1\n100|AcDbSymbolTableRecord\n100|AcDbBlockTableRecord\n2|" + name +
+         "\n";
+}
+std::string block(const std::string& handle, const std::string& name, const std::string& contents = "") {
+  return "0|BLOCK\n330|" + handle + "\n100|AcDbEntity\n8|0\n100|AcDbBlockBegin\n2|" + name +
+         "\n70|0\n10|0\n20|0\n30|0\n" + contents + "0|ENDBLK\n100|AcDbEntity\n8|0\n100|AcDbBlockEnd\n";
+}
+std::string insert(const std::string& handle, const std::string& name) {
+  return "0|INSERT\n5|" + handle + "\n100|AcDbEntity\n8|0\n100|AcDbBlockReference\n2|" + name + "\n10|0\n20|0\n30|0\n";
+}
+std::string table(const std::string& name, const std::string& records) {
+  return "0|TABLE\n2|" + name + "\n5|" + (name == "BLOCK_RECORD" ? "1" : "2") + "\n100|AcDbSymbolTable\n70|9\n" +
+         records + "0|ENDTAB\n";
+}
+std::string blocks(const std::string& records, const std::string& definitions) {
+  return section("TABLES", table("BLOCK_RECORD", records)) + section("BLOCKS", definitions);
+}
+
+std::size_t countInModelSpace(const OdDbDatabase& database) {
+  std::size_t count = 0;
+  const auto space = forRead<OdDbBlockTableRecord>(database.getModelSpaceId());
+  for (auto walk = space->newIterator(); !walk->done(); walk->step())
+    ++count;
+  return count;
+}
+
+TEST(Damage, IsNamedAndMended) {
+  struct Case {
+    const char* what;
+    std::string text;
+    const char* issue;
+    std::size_t entities; // in model space
+  };
+  const Case cases[] = {
+      {"handle used twice", dxf(section("ENTITIES", line("") + line(""))), "dxf.duplicate-handle", 2},
+      {"block name used twice",
+       dxf(blocks(blockRecord("B1", "door") + blockRecord("B2", "DOOR"), block("B1", "door") + block("B2", "DOOR"))),
+       "dxf.duplicate-name", 0},
+      {"block without record", dxf(blocks("", block("B1", "door")) + section("ENTITIES", insert("A1", "door"))),
+       "dxf.block-without-record", 1},
+      {"block without name", dxf(blocks("", block("B1", ""))), "dxf.block-without-record", 0},
+      {"layer that nobody defines",
+       dxf(section("ENTITIES", "0|LINE\n5|A1\n100|AcDbEntity\n8|ghost\n100|AcDbLine\n10|0\n20|0\n11|1\n21|1\n")),
+       "dxf.name-undefined", 1},
+      {"block that nobody defines", dxf(section("ENTITIES", insert("A1", "ghost"))), "dxf.name-undefined", 1},
+      {"number that is none", dxf(section("ENTITIES", line("39|wide\n"))), "dxf.value-unreadable", 1},
+      {"not a number", dxf(section("ENTITIES", line("39|nan\n"))), "dxf.value-unreadable", 1},
+      {"infinite", dxf(section("ENTITIES", line("39|-inf\n"))), "dxf.value-unreadable", 1},
+      {"too large", dxf(section("ENTITIES", line("39|1e999\n"))), "dxf.value-unreadable", 1},
+      {"handle that is none", dxf(section("ENTITIES", line("48|1\n", "XYZ"))), "dxf.value-unreadable", 1},
+      {"record outside sections", dxf(line("") + section("ENTITIES", line("", "A2"))), "dxf.outside-section", 1},
+      {"record outside tables", dxf(section("TABLES", line(""))), "dxf.record-outside-table", 0},
+      {"wrong record in a table", dxf(section("TABLES", table("LAYER", line("")))), "dxf.wrong-record-in-table", 0},
+      {"unknown table", dxf(section("TABLES", table("CHAIRS", ""))), "dxf.unknown-table", 0},
+      {"record outside blocks", dxf(section("BLOCKS", line(""))), "dxf.outside-block", 0},
+      {"end of a sequence alone", dxf(section("ENTITIES", "0|SEQEND\n5|A1\n8|0\n" + line("", "A2"))),
+       "dxf.stray-sequence-end", 1},
+      {"stray lines", dxf(section("ENTITIES", "rubbish\n" + line(""))), "dxf.group-code-expected", 1},
+      {"no end", dxf(section("ENTITIES", line(""))).substr(0, dxf(section("ENTITIES", line(""))).size() - 6),
+       "dxf.no-end-of-file", 1},
+  };
+  for (const Case& row : cases) {
+    SCOPED_TRACE(row.what);
+    const ReadResult read = drawing::readDrawingFromMemory(row.text);
+    ASSERT_FALSE(read.database.isNull()) << read.message;
+    EXPECT_TRUE(read.report.has(row.issue)) << (read.report.issues().empty() ? "" : describe(read.report.issues()[0]));
+    EXPECT_EQ(read.report.outcome(), drawing::Outcome::Repaired);
+    EXPECT_EQ(countInModelSpace(*read.database), row.entities);
+    expectRoundTrip(*read.database); // what was mended stays mended
+  }
+}
+
+TEST(Damage, UnreadableRecordsAreWrittenBackToTheLetter) {
+  const std::string groups = " 39\nwide as  a door \n 62\n   007\n";
+  std::string text = dxf(section("ENTITIES", line("@")));
+  text.replace(text.find('@'), 1, groups);
+  const ReadResult read = drawing::readDrawingFromMemory(text);
+  ASSERT_FALSE(read.database.isNull());
+  const OdDbObjectPtr kept = read.database->getOdDbObjectId(0xA1).safeOpenObject();
+  EXPECT_TRUE(OdSmartPtr<OdDbCarriedEntity>(kept)->isUnread());
+  EXPECT_EQ(read.report.account.keptUnread, 1u);
+  const std::string written = drawing::writeDrawingToMemory(*read.database);
+  EXPECT_NE(written.find(" 39\nwide as  a door \n"), std::string::npos);
+  EXPECT_NE(written.find("\nAcDbLine\n"), std::string::npos);
+}
+
+TEST(Damage, CyclesOfDefinitionsAreCut) {
+  const std::string text =
+      dxf(blocks(blockRecord("B1", "a") + blockRecord("B2", "b") + blockRecord("B3", "c"),
+                 block("B1", "a", insert("A1", "b")) + block("B2", "b", insert("A2", "a") + insert("A3", "c")) +
+                     block("B3", "c", insert("A4", "c"))) +
+          section("ENTITIES", insert("A5", "a")));
+  const ReadResult read = drawing::readDrawingFromMemory(text);
+  ASSERT_FALSE(read.database.isNull()) << read.message;
+  EXPECT_EQ(read.report.count("dxf.block-cycle"), 2u);
+  std::size_t cut = 0;
+  for (const int handle : {0xA1, 0xA2, 0xA3, 0xA4, 0xA5}) {
+    const OdDbObjectPtr object = read.database->getOdDbObjectId(handle).safeOpenObject();
+    ASSERT_FALSE(object.isNull()) << handle;
+    cut += object->isKindOf(OdDbBlockReference::desc()) ? 0 : 1;
+  }
+  EXPECT_EQ(cut, 2u);
+  EXPECT_TRUE(read.database->getOdDbObjectId(0xA3).safeOpenObject()->isKindOf(OdDbBlockReference::desc()));
+}
+
+TEST(Damage, WhatIsNoDrawingIsRefusedWithAReason) {
+  struct Case {
+    const char* what;
+    std::string text;
+    OdResult result;
+  };
+  const Case cases[] = {
+      {"empty", "", eNotADrawing},
+      {"blank", "\n\n \n", eNotADrawing},
+      {"prose", "Dear reader,\nthis is a letter.\n", eNotADrawing},
+      {"end only", "  0\nEOF\n", eNotADrawing},
+      {"a picture", std::string("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16), eNotADrawing},
+      {"a DWG", std::string("AC1032\0\0\0\0", 10), eUnsupportedFileFormat},
+  };
+  for (const Case& row : cases) {
+    const ReadResult read = drawing::readDrawingFromMemory(row.text, "plan.dxf");
+    EXPECT_TRUE(read.database.isNull()) << row.what;
+    EXPECT_EQ(read.result, row.result) << row.what;
+    EXPECT_EQ(read.message.rfind("plan.dxf", 0), 0u) << row.what << ": " << read.message;
+    EXPECT_EQ(read.report.outcome(), drawing::Outcome::Refused) << row.what;
+  }
+}
+
+TEST(Damage, BudgetsEndTheReading) {
+  std::string entities;
+  for (int i = 0; i < 200; ++i)
+    entities += line("", OdDbHandle(0x1000u + static_cast<unsigned>(i)).ascii());
+  const std::string text = dxf(section("ENTITIES", entities));
+  drawing::ReadOptions options;
+  options.budget.objects = 100;
+  EXPECT_EQ(drawing::readDrawingFromMemory(text, "x", options).result, eBudgetExceeded);
+  options = {};
+  options.budget.bytes = 1000;
+  EXPECT_EQ(drawing::readDrawingFromMemory(text, "x", options).result, eBudgetExceeded);
+  options = {};
+  options.budget.messages = 3;
+  const ReadResult read = drawing::readDrawingFromMemory(dxf(section("BLOCKS", entities)), "x", options);
+  EXPECT_EQ(read.report.issues().size(), 3u);
+  EXPECT_GE(read.report.suppressed(), 197u);
+}
+
+// A drawing with every structure that reading has to close by itself.
+std::string smallDrawing() {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  const OdDbObjectId door = addBlock(*database, L"door");
+  addText(*database, L"inside", door);
+  const OdDbObjectId reference = addReference(*database, door);
+  addAttribute(reference, L"TAG", L"value");
+  forWrite<OdDbText>(addText(*database, L"x"))->createExtensionDictionary();
+  return drawing::writeDrawingToMemory(*database);
+}
+
+TEST(Damage, CutOffAtAnyLineItIsReadOrRefusedNeverSilently) {
+  const std::string whole = smallDrawing();
+  ASSERT_EQ(drawing::readDrawingFromMemory(whole).report.outcome(), drawing::Outcome::Whole);
+  const std::size_t end = whole.rfind("  0\nEOF");
+  for (std::size_t at = 0; at <= end; at = whole.find('\n', at) + 1) {
+    const ReadResult read = drawing::readDrawingFromMemory(std::string_view(whole).substr(0, at));
+    ASSERT_EQ(read.database.isNull(), read.result != eOk) << "cut at " << at;
+    ASSERT_NE(read.report.outcome(), drawing::Outcome::Whole) << "cut at " << at;
+    if (!read.database.isNull() && at % 16 == 0)
+      expectRoundTrip(*read.database);
+  }
+}
+
+TEST(Damage, WithAnyLineMissingOrChangedItIsReadOrRefused) {
+  const std::string whole = smallDrawing();
+  for (std::size_t at = 0; at < whole.size(); at = whole.find('\n', at) + 1) {
+    const std::size_t behind = whole.find('\n', at) + 1;
+    for (const char* instead : {"", "0\n", "-1\n", "\xFF\xFE\n", "99999999999999999999\n"}) {
+      std::string text = whole;
+      text.replace(at, behind - at, instead);
+      const ReadResult read = drawing::readDrawingFromMemory(text);
+      ASSERT_EQ(read.database.isNull(), read.result != eOk) << "changed at " << at;
+      if (!read.database.isNull())
+        drawing::writeDrawingToMemory(*read.database);
+    }
+  }
+}
+
+} // namespace
