@@ -114,6 +114,27 @@ TEST(BlockNames, AreRefusedWithTheReason) {
   }
 }
 
+TEST(BlockNames, OfExternalReferencesAreRefused) {
+  TestSession console;
+  console.run("CIRCLE 0,0 1\n");
+  const OdDbSymbolTablePtr table = console.database().getBlockTableId().safeOpenObject(OdDb::kForWrite);
+  const auto add = [&](const wchar_t* name, std::int16_t flag) {
+    const OdDbBlockTableRecordPtr record = OdDbBlockTableRecord::createObject();
+    record->setName(name);
+    record->setFlag(flag, true);
+    table->add(record.get());
+  };
+  add(L"site", OdDbBlockTableRecord::kExternalReference);
+  add(L"site|tree", OdDbBlockTableRecord::kDependent);
+  const std::string before = console.dump();
+  for (const char* name : {"SITE", "site|tree"}) {
+    console.takeShown();
+    EXPECT_EQ(console.run(std::string("BLOCK ") + name + " Yes 0,0 All\n\nKeep\n"), Status::Refused) << name;
+    EXPECT_NE(console.takeShown().find("is an external reference or belongs to one"), std::string::npos) << name;
+    EXPECT_EQ(console.dump(), before) << name;
+  }
+}
+
 // Everything that is typed for a BLOCK that replaces another one, cut off behind each answer.
 TEST(BlockCommand, InputThatEndsInAPromptChangesNothing) {
   TestSession console;

@@ -164,6 +164,25 @@ TEST(Make, LeavesTheCoordinateSystemOfTheDrawing) {
   EXPECT_EQ(block->comments(), L"a door");
 }
 
+// A record that could not be understood is carried as it stands: nothing can move it.
+TEST(Make, CountsObjectsThatCannotBePutIntoTheBlock) {
+  const Scratch scratch;
+  const std::string path = scratch.write("d.dxf", replaced(readFile(kRoom), "\n3600.0\n", "\n36x\n"));
+  const auto make = [&](const char* option, const char* value) {
+    return runMorvane({"make", path, "-o", scratch.path("o.dxf"), "--name", "n", "--base", "1,1", option, value});
+  };
+  const Outcome none = make("--handle", "2D");
+  EXPECT_EQ(none.status, 1);
+  EXPECT_NE(none.shown.find("None of the objects"), std::string::npos) << none.shown;
+  EXPECT_FALSE(std::filesystem::exists(scratch.path("o.dxf")));
+  const Outcome some = make("--select", "all");
+  EXPECT_EQ(some.status, 4);
+  EXPECT_NE(some.shown.find("3 objects of type LINE cannot"), std::string::npos) << some.shown;
+  EXPECT_NE(some.results.find("made of 15 objects"), std::string::npos) << some.results;
+  const auto saved = readFile(scratch.path("o.dxf"));
+  EXPECT_NE(saved.find("\n36x\n"), std::string::npos);
+}
+
 TEST(Make, ReplacesABlockOnlyWhenTold) {
   const Scratch scratch;
   const std::string path = scratch.path("a.dxf");
