@@ -45,8 +45,19 @@ std::optional<OdString> askKeyword(Session& session, Text keywords, Text prompt,
   return keyword;
 }
 
+// In a script any other answer is a no: whatever comes next was not meant for this question.
 bool askYes(Session& session, Text prompt, const Arguments& arguments) {
-  return askKeyword(session, Text::kKeywordsYesNo, prompt, arguments) == OdString(L"Yes");
+  constexpr int kAnyText = 128;
+  morvane::InputEngine& input = session.host().input();
+  for (;;) {
+    input.initGet(kAnyText, render(Text::kKeywordsYesNo).str());
+    OdString answer;
+    if (!answered(input.getKeyword(promptText(prompt, arguments), answer)))
+      return false;
+    if (answer == L"Yes" || answer == L"No" || input.isScript())
+      return answer == L"Yes";
+    session.say(Text::kYesOrNo);
+  }
 }
 
 std::optional<OdGePoint3d> askPoint(Session& session, Text prompt) {

@@ -17,7 +17,7 @@ constexpr char kVersion[] = "morvane 0.1.0";
 
 struct Options {
   std::string drawing;
-  std::string commands;
+  std::vector<std::string> commands; // a script's lines each
   std::string script;
   std::string configFile;
 };
@@ -30,11 +30,14 @@ SessionOptions sessionOptions(const Surroundings& surroundings, const std::strin
 }
 
 // The answers of the session. False when the script cannot be read.
-bool chooseSource(Session& session, const Options& options, const CLI::App& app, std::istream* given) {
+bool chooseSource(Session& session, const Options& options, std::istream* given) {
   morvane::InputEngine& input = session.host().input();
   input.setEcho(true); // a line editor echoes itself
-  if (app.count("-c") > 0) {
-    input.pushSource(std::make_shared<morvane::ScriptSource>(options.commands));
+  if (!options.commands.empty()) {
+    std::string script;
+    for (const std::string& lines : options.commands)
+      script += lines + "\n";
+    input.pushSource(std::make_shared<morvane::ScriptSource>(std::move(script)));
   } else if (!options.script.empty()) {
     auto script = morvane::ScriptSource::fromFile(options.script);
     if (script == nullptr)
@@ -48,8 +51,8 @@ bool chooseSource(Session& session, const Options& options, const CLI::App& app,
   return true;
 }
 
-Status runSession(Session& session, const Options& options, const CLI::App& app, std::istream* given) {
-  if (!chooseSource(session, options, app, given)) {
+Status runSession(Session& session, const Options& options, std::istream* given) {
+  if (!chooseSource(session, options, given)) {
     session.say(Text::kScriptUnreadable, {OdString::fromUtf8(options.script)});
     return Status::Unreadable;
   }
@@ -68,7 +71,7 @@ Status runSession(Session& session, const Options& options, const CLI::App& app,
 void describeOptions(CLI::App& app, Options& options) {
   app.add_option("drawing", options.drawing, "Drawing to open");
   auto* commands = app.add_option("-c,--command", options.commands, "Commands to run, as a script would hold them");
-  commands->take_last();
+  commands->allow_extra_args(false);
   app.add_option("-f,--file", options.script, "Script of commands to run")->excludes(commands);
   app.add_option("--config", options.configFile, "File of settings in place of the user's own");
   app.set_version_flag("--version", kVersion);
@@ -114,7 +117,7 @@ int runProgram(const std::vector<std::string>& arguments, const Surroundings& su
       return static_cast<int>(verb->run(settings));
   }
   Session session(settings);
-  return static_cast<int>(runSession(session, options, app, surroundings.input));
+  return static_cast<int>(runSession(session, options, surroundings.input));
 }
 
 } // namespace console

@@ -67,6 +67,7 @@ public:
 
   void note(Status status) { status_ = worse(status_, status); }
   Status status() const { return status_; }
+  void forgetStatus() { status_ = Status::Done; }
   void quit() { wantsQuit_ = true; }
   bool wantsQuit() const { return wantsQuit_; }
 

@@ -22,6 +22,7 @@ constexpr std::array kWords = {
     Word{Text::kDiscardQuestion, "drawing.discard-question",
          L"The drawing has changes that were not saved. Discard them? [Yes/No] <No>:"},
     Word{Text::kKeywordsYesNo, "keywords.yes-no", L"Yes No _Yes No"},
+    Word{Text::kYesOrNo, "prompt.yes-or-no", L"Answer yes or no."},
     Word{Text::kHelpHead, "help.head", L"Commands (other names in brackets):"},
     Word{Text::kHelpRow, "help.row", L"  {1}  {2}"},
     Word{Text::kHelpAttdef, "help.attdef", L"Draw an attribute definition"},

@@ -18,6 +18,7 @@ enum class Text : unsigned short {
   kUnsavedAtEnd,
   kDiscardQuestion,
   kKeywordsYesNo,
+  kYesOrNo,
   kHelpHead,
   kHelpRow,
   kHelpAttdef,

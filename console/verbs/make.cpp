@@ -4,6 +4,8 @@
 #include "console/verbs/job.h"
 #include "console/verbs/verb.h"
 
+#include "DbDictionary.h"
+
 #include <CLI/CLI.hpp>
 
 namespace console::verbs {
@@ -18,20 +20,24 @@ struct Typed {
   std::vector<std::string> layers, types, handles;
 };
 
-// The UCS of the options holds while the block is made; the drawing keeps its own.
+// The UCS of the options holds while the block is made; the drawing keeps its own header. Lives inside a step, which
+// remembers the header as it was.
 class BorrowedUcs {
 public:
   BorrowedUcs(OdDbDatabase& database, const OdGeMatrix3d& ucs) : database_(database) {
-    if (mvsi::mvsidbUcsMatrix(own_, &database_) != RTNORM || mvsi::mvsidbSetUcsMatrix(ucs, &database_) != RTNORM)
+    if (mvsi::mvsidbSetUcsMatrix(ucs, &database_) != RTNORM)
       throw OdError(eInvalidInput);
   }
-  ~BorrowedUcs() { mvsi::mvsidbSetUcsMatrix(own_, &database_); }
+  ~BorrowedUcs() {
+    OdDbObjectIdArray header;
+    header.append(database_.header().objectId());
+    database_.restoreFromUndo(header);
+  }
   BorrowedUcs(const BorrowedUcs&) = delete;
   BorrowedUcs& operator=(const BorrowedUcs&) = delete;
 
 private:
   OdDbDatabase& database_;
-  OdGeMatrix3d own_;
 };
 
 Json handleOf(OdDbObjectId id) {

@@ -125,6 +125,16 @@ TEST(Input, BlanksEndAnswersInScriptsUnlessTheyAreAllowed) {
   EXPECT_EQ(askText(0).code, RTCAN);
 }
 
+TEST(Input, PipedScriptsHoldCommentsAndARestCanBeDropped) {
+  ScriptedHost host;
+  std::istringstream pipe("; a comment\none two three\n;\nfour\n");
+  host.host().input().pushSource(std::make_shared<morvane::StreamSource>(pipe, true));
+  EXPECT_EQ(askText(0).text, L"one");
+  host.host().input().dropRestOfLine();
+  EXPECT_EQ(askText(0).text, L"four");
+  EXPECT_EQ(askText(0).code, RTCAN);
+}
+
 TEST(Input, TypedLinesEndOnlyAtEnterWhereSpacesCount) {
   ScriptedHost host({L"two words", L"two words", L"1' 6,  2 1/2"});
   EXPECT_FALSE(qzutads::isCalledByScript());

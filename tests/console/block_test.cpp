@@ -1,0 +1,203 @@
+// Making blocks: what happens to the objects, and that a step that fails leaves nothing behind.
+#include "tests/console/console_run.h"
+
+#include "DbAttribute.h"
+#include "DbBlockReference.h"
+#include "DbBlockTable.h"
+#include "DbCurves.h"
+#include "DbSymbolRecords.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using console::Status;
+using namespace console_tests;
+
+constexpr char kTiltedUcs[] = "UCS 3point 0.1,0.7,0.3 1.3,2.9,0.4 -0.2,1.9,3.1\n";
+constexpr char kAwkwardLine[] = "LINE 0.1,0.2,0.3 1.7,3.3,5.9\n\n";
+
+struct Ends {
+  OdGePoint3d start, end;
+};
+
+Ends endsOf(OdDbObjectId id) {
+  const OdDbLinePtr line = id.safeOpenObject(OdDb::kForRead, true);
+  return {line->startPoint(), line->endPoint()};
+}
+
+bool bitEqual(const OdGePoint3d& one, const OdGePoint3d& other) {
+  return one.x == other.x && one.y == other.y && one.z == other.z;
+}
+
+OdDbBlockReferencePtr onlyReference(TestSession& console) {
+  const OdDbObjectIdArray ids = console.objects();
+  EXPECT_EQ(ids.length(), 1);
+  return ids[0].safeOpenObject();
+}
+
+TEST(BlockObjects, KeptOnesAreBitIdentical) {
+  TestSession console;
+  console.run(std::string(kTiltedUcs) + kAwkwardLine);
+  const OdDbObjectId line = console.objects()[0];
+  const Ends before = endsOf(line);
+  ASSERT_EQ(console.run("BLOCK piece 0.3,0.9,0.77 All\n\nKeep\n"), Status::Done) << console.takeShown();
+  EXPECT_TRUE(bitEqual(endsOf(line).start, before.start));
+  EXPECT_TRUE(bitEqual(endsOf(line).end, before.end));
+}
+
+TEST(BlockObjects, ReferenceShowsThemWhereTheyWereUnderATiltedUcs) {
+  TestSession console;
+  console.run(std::string("LAYER Make here\n\n") + kTiltedUcs + kAwkwardLine);
+  const Ends before = endsOf(console.objects()[0]);
+  ASSERT_EQ(console.run("BLOCK piece 0.3,0.9,0.77 All\n\nConvert\n"), Status::Done) << console.takeShown();
+  const OdDbBlockReferencePtr reference = onlyReference(console);
+  EXPECT_EQ(reference->layer(), L"here");
+  const OdDbBlockTableRecordPtr block = reference->blockTableRecord().safeOpenObject();
+  const Ends stored = endsOf(block->newIterator()->objectId());
+  EXPECT_TRUE((reference->blockTransform() * stored.start).isEqualTo(before.start));
+  EXPECT_TRUE((reference->blockTransform() * stored.end).isEqualTo(before.end));
+  EXPECT_TRUE(stored.start.isEqualTo(OdGePoint3d(0.1 - 0.3, 0.2 - 0.9, 0.3 - 0.77)));
+}
+
+TEST(BlockObjects, ReferenceGetsItsAttributesButNotConstantOnes) {
+  TestSession console;
+  console.run("ATTDEF NO Number\n12\n20,20 2.5\nATTDEF FIX Fixed\n1\n5,5 1\nUCS Z 90\n");
+  const OdDbAttributeDefinitionPtr fixed = console.objects()[1].safeOpenObject(OdDb::kForWrite);
+  fixed->setConstant(true);
+  ASSERT_EQ(console.run("BLOCK part 1,1 All\n\nConvert\n"), Status::Done) << console.takeShown();
+  const OdDbBlockReferencePtr reference = onlyReference(console);
+  const OdDbObjectIdArray attributes = reference->attributeIds();
+  ASSERT_EQ(attributes.length(), 1);
+  const OdDbAttributePtr attribute = attributes[0].safeOpenObject();
+  EXPECT_EQ(attribute->tag(), L"NO");
+  EXPECT_EQ(attribute->textString(), L"12");
+  EXPECT_TRUE(attribute->position().isEqualTo(OdGePoint3d(20, 20, 0)));
+  EXPECT_NEAR(attribute->rotation(), 0, 1e-12);
+}
+
+TEST(BlockObjects, RedefinedBlockHasItsOriginAtTheBasePoint) {
+  TestSession console;
+  console.run("LINE 0,0 1,0\n\nBLOCK part 0,0 All\n\nDelete\nLINE 7,7 8,7\n\n");
+  const OdDbObjectId id = console.database().symbol(OdDb::kBlockTable, L"part");
+  {
+    const OdDbBlockTableRecordPtr block = id.safeOpenObject(OdDb::kForWrite);
+    block->setOrigin(OdGePoint3d(3, 3, 3));
+  }
+  ASSERT_EQ(console.run("BLOCK part Yes 7,7 All\n\nConvert\n"), Status::Done) << console.takeShown();
+  const OdDbBlockTableRecordPtr block = id.safeOpenObject();
+  EXPECT_TRUE(bitEqual(block->origin(), OdGePoint3d(0, 0, 0)));
+  EXPECT_TRUE(endsOf(block->newIterator()->objectId()).start.isEqualTo(OdGePoint3d(0, 0, 0)));
+}
+
+TEST(BlockNames, AreRefusedWithTheReason) {
+  TestSession console;
+  console.run("CIRCLE 0,0 1\n");
+  console.session().drawing().document->setBlockEditorName(L"edited");
+  const struct {
+    std::string name;
+    const char* part;
+  } kCases[] = {{"a*b", "is the name of an anonymous block"}, // stars are looked at first
+                {"a<b", "\"<\" is not allowed"},
+                {"a`b", "\"`\" is not allowed"},
+                {"*Paper_Space0", "is the name of a space"},
+                {"*MODEL_SPACE", "is the name of a space"},
+                {"EDITED", "is open in the block editor"},
+                {"a\xFF", "no file can hold"},
+                {std::string(1024, 'n'), "too long"}};
+  const std::string before = console.dump();
+  for (const auto& row : kCases) {
+    console.takeShown();
+    EXPECT_EQ(console.run("BLOCK " + row.name + " 0,0 All\n\nKeep\n"), Status::Refused) << row.name;
+    EXPECT_NE(console.takeShown().find(row.part), std::string::npos) << row.name;
+    EXPECT_EQ(console.dump(), before) << row.name;
+  }
+}
+
+TEST(BlockNames, OfExternalReferencesAreRefused) {
+  TestSession console;
+  console.run("CIRCLE 0,0 1\n");
+  const OdDbSymbolTablePtr table = console.database().getBlockTableId().safeOpenObject(OdDb::kForWrite);
+  const auto add = [&](const wchar_t* name, std::int16_t flag) {
+    const OdDbBlockTableRecordPtr record = OdDbBlockTableRecord::createObject();
+    record->setName(name);
+    record->setFlag(flag, true);
+    table->add(record.get());
+  };
+  add(L"site", OdDbBlockTableRecord::kExternalReference);
+  add(L"site|tree", OdDbBlockTableRecord::kDependent);
+  const std::string before = console.dump();
+  for (const char* name : {"SITE", "site|tree"}) {
+    console.takeShown();
+    EXPECT_EQ(console.run(std::string("BLOCK ") + name + " Yes 0,0 All\n\nKeep\n"), Status::Refused) << name;
+    EXPECT_NE(console.takeShown().find("is an external reference or belongs to one"), std::string::npos) << name;
+    EXPECT_EQ(console.dump(), before) << name;
+  }
+}
+
+// Everything that is typed for a BLOCK that replaces another one, cut off behind each answer.
+TEST(BlockCommand, InputThatEndsInAPromptChangesNothing) {
+  TestSession console;
+  console.run("LINE 0,0 1,0\n\nBLOCK part 0,0 All\n\nConvert\nLINE 3,3 4,4\n\n");
+  const std::string before = console.dump();
+  const std::vector<std::string> answers = {"BLOCK\n", "part\n", "Yes\n", "0,0\n", "Last\n", "Layer\n0\n", "\n"};
+  std::string script;
+  for (const std::string& answer : answers) {
+    script += answer;
+    EXPECT_EQ(console.run(script), Status::Cancelled) << script;
+    EXPECT_EQ(console.dump(), before) << script;
+  }
+  EXPECT_EQ(console.run(script + "Keep\n"), Status::Refused); // all holds a reference to the block itself
+  EXPECT_EQ(console.dump(), before);
+}
+
+TEST(BlockCommand, IsAllOrNothingWhereverTheHostGivesOut) {
+  bool failed = true;
+  for (int n = 1; failed; ++n) {
+    ASSERT_LT(n, 1000);
+    TestSession console;
+    console.run("LAYER Make locked\n\nLINE 0,0 1,0\n\nLAYER Make free\n\nLINE 2,2 1,0\n\nLAYER Lock locked\n\n");
+    const std::string before = console.dump();
+    int left = n;
+    failed = false;
+    console.session().host().calls().setAdmit([&](const char*) {
+      const bool fails = --left == 0;
+      failed = failed || fails;
+      return !fails;
+    });
+    const Status status = console.run("BLOCK part 0,0 All\n\nConvert\n");
+    console.session().host().calls().setAdmit({});
+    const bool made = !console.database().symbol(OdDb::kBlockTable, L"part").isNull();
+    EXPECT_EQ(made, status == Status::Done) << n;
+    EXPECT_TRUE(made || console.dump() == before) << n;
+  }
+}
+
+TEST(Undo, RestoresTheDrawingAndRedoTheOther) {
+  const char* const kCommands[] = {"LINE 0,0 1,0 1,1 C\n",
+                                   "CIRCLE 1,1 4\n",
+                                   "TEXT 0,0 1 0 words\n",
+                                   "ATTDEF T P\nV\n0,0 1\n",
+                                   "ERASE Type LINE\n\n",
+                                   "LAYER Make new\nLock 0\n\n",
+                                   "UCS Z 30\n",
+                                   "SETVAR INSUNITS 2\n",
+                                   "BLOCK b 0,0 All\n\nKeep\n",
+                                   "BLOCK b 0,0 All\n\nConvert\n",
+                                   "BLOCK b 0,0 All\n\nDelete\n",
+                                   "BLOCK first Yes 0,0 Type LINE\n\nConvert\n"};
+  for (const char* command : kCommands) {
+    TestSession console;
+    console.run("LINE 0,0 0.1,0.7\n\nATTDEF A B\nC\n1,1 1\nBLOCK first 0,0 All\n\nKeep\n");
+    const std::string before = console.dump();
+    ASSERT_EQ(console.run(command), Status::Done) << command << console.takeShown();
+    const std::string after = console.dump();
+    EXPECT_NE(after, before) << command;
+    EXPECT_EQ(console.run("UNDO\n"), Status::Done);
+    EXPECT_EQ(console.dump(), before) << command;
+    EXPECT_EQ(console.run("REDO\n"), Status::Done);
+    EXPECT_EQ(console.dump(), after) << command;
+  }
+}
+
+} // namespace

@@ -1,0 +1,57 @@
+// Runs of the console in process: the whole program with a command line, or a session that a test looks into.
+#pragma once
+
+#include "console/session.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace console_tests {
+
+struct Outcome {
+  int status = 0;
+  std::string shown;   // what a user sees: command line and results in their order
+  std::string results; // the results alone
+};
+
+// The whole program; `input` is its standard input.
+Outcome runMorvane(const std::vector<std::string>& arguments, const std::string& input = {});
+
+// A session that answers from scripts. Its output is captured.
+class TestSession {
+public:
+  TestSession();
+  console::Session& session() { return session_; }
+  OdDbDatabase& database() { return session_.database(); }
+  // Runs the commands and answers the status of this script alone; a blank line is an empty answer.
+  console::Status run(const std::string& script);
+  std::string takeShown() { return std::exchange(shown_, {}); }
+  std::string dump();
+  OdDbObjectIdArray objects(); // of model space
+
+private:
+  std::string shown_;
+  console::Session session_;
+};
+
+// A folder of its own for a test's files, removed with it.
+class Scratch {
+public:
+  Scratch();
+  ~Scratch();
+  Scratch(const Scratch&) = delete;
+  Scratch& operator=(const Scratch&) = delete;
+  std::string path(const std::string& name) const { return (folder_ / name).string(); }
+  std::string write(const std::string& name, const std::string& bytes) const; // answers the path
+
+private:
+  std::filesystem::path folder_;
+};
+
+std::string readFile(const std::string& path); // fails the test when there is none
+std::string replaced(std::string text, const std::string& from, const std::string& to);
+
+inline constexpr char kRoom[] = "examples/drawings/room.dxf";
+
+} // namespace console_tests
