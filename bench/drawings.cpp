@@ -95,9 +95,8 @@ private:
 };
 
 std::unique_ptr<Job> readJob(std::size_t entities) {
-  return std::make_unique<FunctionJob>([file = makeFile(entities)] {
-    return drawing::readDrawingFromMemory(file).database->approxNumObjects();
-  });
+  return std::make_unique<FunctionJob>(
+      [file = makeFile(entities)] { return drawing::readDrawingFromMemory(file).database->approxNumObjects(); });
 }
 
 std::unique_ptr<Job> writeJob(std::size_t entities) {
@@ -160,7 +159,9 @@ OdDbDatabasePtr makeDrawing(std::size_t entities) {
   return database;
 }
 
-std::string makeFile(std::size_t entities) { return drawing::writeDrawingToMemory(*makeDrawing(entities)); }
+std::string makeFile(std::size_t entities) {
+  return drawing::writeDrawingToMemory(*makeDrawing(entities));
+}
 
 OdDbObjectIdArray modelSpace(const OdDbDatabase& database) {
   OdDbObjectIdArray ids;

@@ -25,36 +25,14 @@ OdGeMatrix3d blockFrame(Session& session, const OdGePoint3d& basePointUcs) {
   return blockUtils::createEcsMatrixByMatrix(baseWcs, ucs);
 }
 
-void addReferencedBlocks(OdDbObjectId block, std::vector<OdDbObjectId>& blocks) {
-  for (const OdDbObjectId id : objectsOf(block)) {
-    const OdDbBlockReferencePtr reference = OdDbBlockReference::cast(id.safeOpenObject());
-    if (!reference.isNull())
-      blocks.push_back(reference->blockTableRecord());
-  }
-}
-
-// Whether the block is the target or refers to it, through any number of blocks.
-bool leadsTo(OdDbObjectId from, OdDbObjectId target) {
-  std::vector<OdDbObjectId> open = {from};
-  std::set<OdDbObjectId> seen;
-  while (!open.empty()) {
-    const OdDbObjectId block = open.back();
-    open.pop_back();
-    if (block == target)
-      return true;
-    if (seen.insert(block).second)
-      addReferencedBlocks(block, open);
-  }
-  return false;
-}
-
 // Clones of these objects must not lead back to the block that they become part of.
 void refuseSelfReference(const BlockRequest& request, OdDbObjectId block) {
   for (const OdDbObjectId id : request.ids) {
     const OdDbBlockReferencePtr reference = OdDbBlockReference::cast(id.safeOpenObject());
     if (reference.isNull())
       continue;
-    if (leadsTo(reference->blockTableRecord(), block))
+    const OdDbBlockTableRecordPtr shown = reference->blockTableRecord().safeOpenObject();
+    if (!shown.isNull() && shown->leadsTo(block))
       refuse(Text::kContainsItself, {request.name, OdString::fromUtf8(id.getHandle().ascii())});
   }
 }

@@ -196,6 +196,10 @@ OdDbObjectIdArray OdDbBlockTableRecord::getBlockReferenceIds(bool directOnly) co
   return drawing::db::referencesTo(*this, directOnly);
 }
 
+bool OdDbBlockTableRecord::leadsTo(OdDbObjectId target) const {
+  return drawing::db::leadsTo(objectId(), target);
+}
+
 OdResult OdDbBlockTableRecord::getGeomExtents(OdGeExtents3d& extents) const {
   return drawing::db::extentsOf(*this, extents);
 }

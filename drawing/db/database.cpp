@@ -12,7 +12,7 @@ using drawing::db::peekAs;
 ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbDatabase, OdRxObject);
 
 OdDbDatabase::OdDbDatabase()
-    : store_(std::make_unique<drawing::db::Store>(this)), undo_(std::make_unique<drawing::db::Undo>(*this)) {
+    : store_(std::make_unique<drawing::db::Store>(this)), undo_(std::make_unique<drawing::db::Undo>()) {
   header_ = store_->addNameless(new OdDbHeader);
 }
 

@@ -13,7 +13,7 @@ namespace drawing::db {
 
 class Undo {
 public:
-  explicit Undo(OdDbDatabase& database) : database_(database) {}
+  Undo() = default;
 
   void startGroup();
   bool canUndo() const { return position_ > 0; }
@@ -52,7 +52,6 @@ private:
   static void swapState(Entry& entry);
   void settle(OdDbObjectId id);
 
-  OdDbDatabase& database_;
   std::vector<Group> groups_;
   std::size_t position_ = 0; // groups before it are done, the others were taken back
   std::uint32_t lastMark_ = 0;

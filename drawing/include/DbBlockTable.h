@@ -87,6 +87,8 @@ public:
 
   // References to this block anywhere in the drawing, erased ones excluded, in order of addition.
   OdDbObjectIdArray getBlockReferenceIds(bool directOnly = true) const;
+  // Whether this is the target, or refers to it through any number of definitions. Each definition is visited once.
+  bool leadsTo(OdDbObjectId target) const;
   // Extents of the contents in block coordinates; invalid when nothing has any.
   OdResult getGeomExtents(OdGeExtents3d& extents) const;
 
