@@ -8,6 +8,8 @@
 #include "db/store.h"
 #include "db/symbol_kinds.h"
 
+#include <algorithm>
+
 namespace drawing::dxf {
 
 using db::peekAs;
@@ -25,12 +27,17 @@ void Reader::tell(const char* code, Severity severity, std::string found, std::s
   context_.tell({code, severity, 0, -1, 0, "", "", std::move(found), std::move(done)});
 }
 
+void Reader::passOver(const char* code, std::string found) {
+  tell(code, Severity::Lost, std::move(found), "it is passed over");
+  ++report_.account.dropped;
+}
+
 bool Reader::advance() {
   if (database_.approxNumObjects() > budget_.objects) {
     result_ = eBudgetExceeded;
     return false;
   }
-  if (!source_.nextRecord(record_))
+  if (!std::exchange(again_, false) && !source_.nextRecord(record_))
     return false;
   line_ = record_[0].line;
   context_.begin(record_[0].text, record_[0].line);
@@ -39,7 +46,20 @@ bool Reader::advance() {
 
 // Moves to the next record of the section; false at its end.
 bool Reader::inSection() {
-  return result_ == eOk && advance() && record_[0].text != "ENDSEC";
+  return inRun("ENDSEC", {"SECTION", "EOF"});
+}
+
+// Moves to the next record of a run; false at its end. A record that begins or ends something larger ends the run too:
+// its own end is missing then, and that record is met again by whoever reads the larger thing.
+bool Reader::inRun(std::string_view end, std::initializer_list<std::string_view> larger) {
+  if (result_ != eOk || !advance() || record_[0].text == end)
+    return false;
+  if (record_[0].code != 0 || std::find(larger.begin(), larger.end(), record_[0].text) == larger.end())
+    return true;
+  tell("dxf.end-missing", Severity::Repaired, "\"" + std::string(end) + "\" is missing in front of this record",
+       "what came before it is kept");
+  again_ = true;
+  return false;
 }
 
 OdResult Reader::run() {
@@ -52,7 +72,7 @@ OdResult Reader::run() {
     else if (record_[0].code == 999)
       database_.facts().comments.push_back(std::string(record_[0].text));
     else if (record_[0].text != "ENDSEC" || sawSection_)
-      tell("dxf.outside-section", Severity::Lost, "a record outside every section", "it is passed over");
+      passOver("dxf.outside-section", "a record outside every section");
   }
   if (result_ != eOk)
     return result_;
@@ -66,11 +86,11 @@ OdResult Reader::run() {
 }
 
 void Reader::readSection() {
-  sawSection_ = true;
   const std::string_view name = record_.size() > 1 && record_[1].code == 2 ? record_[1].text : std::string_view();
   context_.setSection(name);
   for (const SectionHandler& entry : kHandlers) {
     if (name == entry.name) {
+      sawSection_ = true; // sections that nobody knows make no drawing
       (this->*entry.handler)();
       context_.setSection("");
       return;
@@ -99,7 +119,7 @@ void Reader::readHeader() {
     }
   }
   while (inSection())
-    tell("dxf.record-in-header", Severity::Lost, "a record among the variables", "it is passed over");
+    passOver("dxf.record-in-header", "a record among the variables");
 }
 
 void Reader::readCarriedSection() {
@@ -119,7 +139,7 @@ void Reader::readTables() {
     if (record_[0].text == "TABLE")
       readTable();
     else if (record_[0].text != "ENDTAB")
-      tell("dxf.record-outside-table", Severity::Lost, "a record outside every table", "it is passed over");
+      passOver("dxf.record-outside-table", "a record outside every table");
   }
 }
 
@@ -136,8 +156,7 @@ void Reader::readTable() {
   const std::string_view name = record_.size() > 1 && record_[1].code == 2 ? record_[1].text : std::string_view();
   const OdDb::SymbolTableKind kind = db::tableKindOf(name);
   if (kind == OdDb::kNoTable) {
-    tell("dxf.unknown-table", Severity::Lost, "a table of the unknown name \"" + std::string(name) + "\"",
-         "it is passed over");
+    passOver("dxf.unknown-table", "a table of the unknown name \"" + std::string(name) + "\"");
     return;
   }
   OdDbSymbolTable& table = context_.table(kind, handleIn(record_));
@@ -145,13 +164,13 @@ void Reader::readTable() {
   head[0] = record_[0];
   ReadObject facts;
   objects_.fill(head, table, facts);
-  while (inSection() && record_[0].text != "ENDTAB")
+  while (inRun("ENDTAB", {"TABLE", "ENDSEC", "SECTION", "EOF"}))
     readTableRecord(kind, table);
 }
 
 void Reader::readTableRecord(OdDb::SymbolTableKind kind, OdDbSymbolTable& table) {
   if (record_[0].text != db::tableDxfName(kind)) {
-    tell("dxf.wrong-record-in-table", Severity::Lost, "a record of another kind in the table", "it is passed over");
+    passOver("dxf.wrong-record-in-table", "a record of another kind in the table");
     return;
   }
   ReadObject read;
@@ -215,7 +234,7 @@ void Reader::readBlocks() {
     if (record_[0].text == "BLOCK")
       readBlock();
     else
-      tell("dxf.outside-block", Severity::Lost, "a record outside every block", "it is passed over");
+      passOver("dxf.outside-block", "a record outside every block");
   }
 }
 
@@ -261,10 +280,10 @@ void Reader::readBlock() {
   ++report_.account.read;
   block->adoptEnds(addRead(begin, block->objectId()), OdDbObjectId());
   sequence_ = OdDbObjectId();
-  while (inSection() && record_[0].text != "ENDBLK")
+  while (inRun("ENDBLK", {"BLOCK", "ENDSEC", "SECTION", "EOF"}))
     addEntity(block->objectId());
   sequence_ = OdDbObjectId();
-  if (record_[0].text != "ENDBLK")
+  if (again_ || record_[0].text != "ENDBLK")
     return;
   ReadObject end;
   end.object = OdDbObjectPtr(new OdDbBlockEnd);

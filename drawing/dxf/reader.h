@@ -26,6 +26,7 @@ private:
 
   bool advance(); // to the next record; false at the end of the file or of the budget
   bool inSection();
+  bool inRun(std::string_view end, std::initializer_list<std::string_view> larger);
   void readSection();
   void readHeader();
   void readTables();
@@ -45,6 +46,7 @@ private:
   OdDbBlockTableRecord* ownerOf(const ReadObject& read, OdDbObjectId fallback);
   OdDbBlockTableRecord& ensureSpace(const OdString& name);
   void settleMissing(OdDbSymbolTable& table, OdDbSymbolTableRecord& record);
+  void passOver(const char* code, std::string found); // the record is lost
   void tell(const char* code, Severity severity, std::string found, std::string done);
 
   OdDbDatabase& database_;
@@ -57,6 +59,7 @@ private:
   std::uint64_t line_ = 0;
   std::vector<std::pair<OdString, OdDbObjectId>> renamed_; // records whose name was taken, by the name in the file
   OdDbObjectId sequence_;                                  // the entity whose attributes or vertices come now
+  bool again_ = false; // the record is to be met once more
   bool sawSection_ = false;
   bool sawEnd_ = false;
   OdResult result_ = eOk;

@@ -72,6 +72,15 @@ TEST(Damage, IsNamedAndMended) {
       {"end of a sequence alone", dxf(section("ENTITIES", "0|SEQEND\n5|A1\n8|0\n" + line("", "A2"))),
        "dxf.stray-sequence-end", 1},
       {"stray lines", dxf(section("ENTITIES", "rubbish\n" + line(""))), "dxf.group-code-expected", 1},
+      {"section without end", dxf("0|SECTION\n2|BLOCKS\n" + section("ENTITIES", line(""))), "dxf.end-missing", 1},
+      {"table without end",
+       dxf(section("TABLES", "0|TABLE\n2|LAYER\n5|2\n100|AcDbSymbolTable\n70|0\n" + table("APPID", "")) +
+           section("ENTITIES", line(""))),
+       "dxf.end-missing", 1},
+      {"block without end",
+       dxf(section("BLOCKS", "0|BLOCK\n5|B1\n8|0\n2|a\n70|0\n10|0\n20|0\n" + line("", "A2") + block("B2", "b", "")) +
+           section("ENTITIES", line(""))),
+       "dxf.end-missing", 1},
       {"no end", dxf(section("ENTITIES", line(""))).substr(0, dxf(section("ENTITIES", line(""))).size() - 6),
        "dxf.no-end-of-file", 1},
   };
