@@ -21,7 +21,7 @@ readAsText() {
 }
 
 readWithEzdxf() {
-  /usr/bin/env python3 - "$1" <<'PYTHON'
+  /usr/bin/python3 - "$1" <<'PYTHON'
 import sys, ezdxf
 document = ezdxf.readfile(sys.argv[1])
 for block in document.blocks:
@@ -44,7 +44,7 @@ say "morvane make: the furniture and the number become the block \"table\""
 say "$out holds"
 "$morvane" -c LIST "$out" 2>/dev/null
 
-if python3 -c 'import ezdxf' 2>/dev/null; then
+if /usr/bin/python3 -c 'import ezdxf' 2>/dev/null; then
   say "and so says ezdxf"
   readWithEzdxf "$out"
 else

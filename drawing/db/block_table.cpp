@@ -160,9 +160,12 @@ OdDbObjectId OdDbBlockTableRecord::appendOdDbEntity(OdDbEntity* entity) {
   assertWriteEnabled();
   if (!isDBRO())
     throw OdError(eNotInDatabase);
-  if (const auto* reference = dynamic_cast<const OdDbBlockReference*>(entity);
-      reference != nullptr && drawing::db::leadsTo(reference->blockTableRecord(), objectId()))
-    throw OdError(eSelfReference);
+  if (const auto* reference = dynamic_cast<const OdDbBlockReference*>(entity); reference != nullptr) {
+    const OdDbObjectId shown = reference->blockTableRecord();
+    if (shown == objectId() || (wasReferenced() && drawing::db::leadsTo(shown, objectId())))
+      throw OdError(eSelfReference);
+    reference->noteShown();
+  }
   const OdDbObjectId id = entity->isDBRO() ? entity->objectId() : database()->addOdDbObject(entity, objectId());
   database()->undoLog().listGrows(*this, members_.size());
   members_.push(id);

@@ -45,6 +45,7 @@ private:
   void planNeeded(OdDbObjectId id);
   void planRecord(OdDbSymbolTableRecord& record);
   void planEntry(OdDbObject& object);
+  void takeBackDictionaries();
   OdDbDictionary* counterpart(OdDbObjectId dictionary);
   OdString freeName(const OdDbSymbolTable& table, const OdDbSymbolTableRecord& record) const;
   bool mayStandFor(OdDbObjectId present) const;
@@ -62,6 +63,7 @@ private:
   OdDbIdMapping& mapping_;
   OdDb::DuplicateRecordCloning duplicates_;
   Report* report_ = nullptr;
+  std::vector<OdDbObjectId> madeDictionaries_; // while planning
   std::vector<Item> items_;
   std::unordered_map<OdDbObjectId, std::size_t> planned_;
 };

@@ -158,11 +158,21 @@ OdDbDictionary* Cloner::counterpart(OdDbObjectId dictionary) {
   for (auto name = path.rbegin(); name != path.rend() && found != nullptr; ++name) {
     if (!found->has(*name)) {
       const WriteScope scope(*found);
-      found->setAt(*name, new OdDbDictionary);
+      madeDictionaries_.push_back(found->setAt(*name, new OdDbDictionary));
     }
     found = peekAs<OdDbDictionary>(found->getAt(*name));
   }
   return found;
+}
+
+void Cloner::takeBackDictionaries() {
+  for (auto id = madeDictionaries_.rbegin(); id != madeDictionaries_.rend(); ++id) {
+    OdDbObject& made = *peek(*id);
+    auto& parent = *peekAs<OdDbDictionary>(made.ownerId());
+    const WriteScope scope(made), parentScope(parent);
+    parent.remove(parent.nameAt(*id));
+    made.erase();
+  }
 }
 
 void Cloner::planEntry(OdDbObject& object) {
@@ -200,8 +210,13 @@ OdResult Cloner::run(const std::vector<OdDbObjectId>& primaries) {
     return eSelfReference;
   for (OdDbObjectId id : primaries)
     plan({id, Action::Make, {}, {}, {}, true});
-  for (std::size_t i = 0; i < items_.size(); ++i)
+  for (std::size_t i = 0; i < items_.size(); ++i) {
+    if (items_.size() > mapping_.objectLimit()) {
+      takeBackDictionaries();
+      return eBudgetExceeded;
+    }
     planTree(i);
+  }
   for (const Item& item : items_) {
     if (item.action == Action::Make)
       make(item);

@@ -68,9 +68,18 @@ OdDbAttributePtr OdDbAttributeIterator::entity(OdDb::OpenMode mode) const {
 
 void OdDbBlockReference::setBlockTableRecord(OdDbObjectId block) {
   assertWriteEnabled();
-  if (peekAs<OdDbBlockTableRecord>(ownerId()) != nullptr && drawing::db::leadsTo(block, ownerId()))
+  const auto* owner = peekAs<OdDbBlockTableRecord>(ownerId());
+  const bool mayCycle = owner != nullptr && (owner->wasReferenced() || block == owner->objectId());
+  if (mayCycle && drawing::db::leadsTo(block, owner->objectId()))
     throw OdError(eSelfReference);
   block_ = block;
+  if (owner != nullptr)
+    noteShown();
+}
+
+void OdDbBlockReference::noteShown() const {
+  if (auto* block = peekAs<OdDbBlockTableRecord>(block_))
+    block->noteReferenced();
 }
 
 OdGePoint3d OdDbBlockReference::position() const {
@@ -208,6 +217,7 @@ void OdDbBlockReference::visitReferences(drawing::ReferenceVisitor& visitor) {
 }
 
 void OdDbBlockReference::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
+  noteShown();
   OdDbEntity::afterClone(source, mapping);
   dropLostParts();
 }

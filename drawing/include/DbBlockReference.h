@@ -56,6 +56,8 @@ public:
   void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
+  void afterLoad() override { noteShown(); }
+  void noteShown() const; // its block is part of others from now on
 
 protected:
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;

@@ -112,7 +112,21 @@ public:
 
   static constexpr std::int16_t kAnonymousBit = 1, kHasAttributes = 2, kExternalReference = 4, kOverlay = 8;
 
+  // Whether any reference to this block was ever there. A block that nothing ever showed cannot be part of another, so
+  // adding references to it needs no walk over definitions.
+  bool wasReferenced() const { return wasReferenced_.on; }
+  void noteReferenced() { wasReferenced_.on = true; }
+
 private:
+  // True once and for all: neither copied nor undone.
+  struct Once {
+    Once() = default;
+    Once(const Once&) {}
+    Once& operator=(const Once&) { return *this; }
+    bool on = false;
+  };
+
+  Once wasReferenced_;
   drawing::IdList members_;
   OdGePoint3d origin_;
   OdString comments_;

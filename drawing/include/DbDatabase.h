@@ -39,11 +39,6 @@ struct CarriedSection {
   GroupList groups; // record starts (code 0) included
 };
 
-struct CloneOptions {
-  const Budget* budget = nullptr; // null: the default limits
-  Report* report = nullptr;
-};
-
 } // namespace drawing
 
 class MVDRAWING_API OdDbDatabase : public OdRxObject {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "DbObjectId.h"
+#include "DbReport.h"
 #include "RxObject.h"
 
 #include <unordered_map>
@@ -35,6 +36,10 @@ public:
   OdDb::DuplicateRecordCloning duplicateRecordCloning() const { return duplicates_; }
   void setDuplicateRecordCloning(OdDb::DuplicateRecordCloning mode) { duplicates_ = mode; }
 
+  // The most objects that the operation may make; beyond it nothing is cloned (eBudgetExceeded).
+  std::uint64_t objectLimit() const { return objectLimit_; }
+  void setObjectLimit(std::uint64_t limit) { objectLimit_ = limit; }
+
   void assign(const OdDbIdPair& pair);          // a later pair of the same key replaces the earlier one
   bool compute(OdDbIdPair& pair) const;         // by pair.key(); false when it is not there
   OdDbObjectId valueOf(OdDbObjectId key) const; // null when it is not there
@@ -44,6 +49,7 @@ public:
 private:
   std::vector<OdDbIdPair> pairs_;
   std::unordered_map<OdDbObjectId, std::size_t> index_;
+  std::uint64_t objectLimit_ = drawing::Budget().objects;
   OdDbDatabase* destination_ = nullptr;
   OdDbDatabase* origin_ = nullptr;
   OdDb::DuplicateRecordCloning duplicates_ = OdDb::kDrcNotApplicable;

@@ -3,7 +3,6 @@
 // sees what the SDK never took in.
 #include "DbDump.h"
 #include "DbDxf.h"
-#include "OdFiles.h"
 #include "tests/corpus/groups.h"
 #include "tests/support/oracles.h"
 
@@ -13,7 +12,6 @@
 #include <cmath>
 #include <cstdlib>
 #include <fstream>
-#include <functional>
 #include <sstream>
 
 namespace {

@@ -1,5 +1,4 @@
 // Where a reference puts its block: checked against the transformation worked out by hand.
-#include "Ge/GeUtil.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 

@@ -250,6 +250,8 @@ TEST_F(CloneBetween, AnswersWhyNothingWasCloned) {
   EXPECT_EQ(source_->wblockCloneObjects(foreign, space, mapping_, OdDb::kDrcReplace), eWrongDatabase);
   EXPECT_EQ(source_->wblockCloneObjects(erased, OdDbObjectId(), mapping_, OdDb::kDrcReplace), eNullObjectId);
   EXPECT_EQ(source_->deepCloneObjects(erased, OdDbObjectId(), mapping_), eNullObjectId);
+  mapping_.setObjectLimit(3); // the reference needs its layer, two blocks and what is in them
+  EXPECT_EQ(clone(space, OdDb::kDrcReplace), eBudgetExceeded);
   EXPECT_EQ(drawing::canonicalDump(*target_), before);
 }
 

@@ -1,7 +1,7 @@
 // Associations tie a dimension to geometry, all or nothing. A text stands for the dimension: posting asks nothing of
 // its kind.
-#include "DbDictionary.h"
 #include "DbDimAssoc.h"
+#include "DbIdMapping.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
@@ -72,6 +72,24 @@ TEST_F(DimAssoc, AnOlderOneGivesWay) {
   EXPECT_EQ(OdDbDimAssoc::associationOf(dimension), fresh);
   EXPECT_FALSE(forRead<OdDbText>(lineA)->hasPersistentReactor(old));
   EXPECT_FALSE(forRead<OdDbText>(dimension)->hasPersistentReactor(old));
+}
+
+TEST_F(DimAssoc, ClonedWithItsGeometryTiesTheClonesAndAloneTheOldGeometry) {
+  OdDbObjectId id;
+  ASSERT_EQ(make({lineA, lineB})->post(dimension, id), eOk);
+  OdDbObjectIdArray ids;
+  ids.append(dimension);
+  ids.append(lineA);
+  OdDbIdMapping mapping;
+  ASSERT_EQ(database->deepCloneObjects(ids, database->getModelSpaceId(), mapping), eOk);
+  const OdDbObjectId copy = OdDbDimAssoc::associationOf(mapping.valueOf(dimension));
+  ASSERT_EQ(copy, mapping.valueOf(id));
+  EXPECT_EQ(forRead<OdDbDimAssoc>(copy)->dimObjId(), mapping.valueOf(dimension));
+  const OdDbObjectIdArray geometry = forRead<OdDbDimAssoc>(copy)->getDimAssocGeomIds();
+  EXPECT_EQ(std::vector<OdDbObjectId>(geometry.begin(), geometry.end()),
+            (std::vector<OdDbObjectId>{mapping.valueOf(lineA), lineB}));
+  EXPECT_TRUE(mapping.valueOf(lineA).safeOpenObject()->hasPersistentReactor(copy));
+  expectRoundTrip(*database);
 }
 
 TEST_F(DimAssoc, RefusedWhereSomethingDoesNotOpenAndChangesNothing) {

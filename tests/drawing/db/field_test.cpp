@@ -1,8 +1,10 @@
 // Fields of objects, and the drawing's list of them.
-#include "DbDictionary.h"
 #include "DbField.h"
+#include "DbIdMapping.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
+
+#include <algorithm>
 
 using namespace tests;
 
@@ -48,7 +50,28 @@ TEST(Field, TakenAwayGoesWithItsChildrenAndReplacedOnesAreErased) {
   EXPECT_TRUE(child.isErased());
   EXPECT_TRUE(OdDbField::getField(*forRead<OdDbText>(text)).isNull());
   EXPECT_EQ(OdDbField::removeField(*forWrite<OdDbText>(text)), eKeyNotFound);
-  expectRoundTrip(*database); // erased fields are not in the list that is written
+  const OdDbDatabasePtr again = expectRoundTrip(*database);
+  EXPECT_TRUE(forRead<OdDbFieldList>(OdDbFieldList::listOf(*again))->fieldIds().empty());
+}
+
+TEST(Field, OfAClonedObjectIsANewOneThatIsListedToo) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  skewHandles(*database);
+  const OdDbObjectId text = addText(*database, L"#");
+  const OdDbObjectId id = OdDbField::setField(*forWrite<OdDbText>(text), field(L"%<\\_FldIdx 0>%").get());
+  const OdDbObjectId child = forWrite<OdDbField>(id)->appendChild(field(L"\\AcVar Date").get());
+  OdDbIdMapping mapping;
+  OdDbObjectIdArray ids;
+  ids.append(text);
+  expectUndoRestores(*database,
+                     [&] { ASSERT_EQ(database->deepCloneObjects(ids, database->getModelSpaceId(), mapping), eOk); });
+  const OdDbObjectId copy = OdDbField::getField(*forRead<OdDbText>(mapping.valueOf(text)));
+  ASSERT_EQ(copy, mapping.valueOf(id));
+  EXPECT_EQ(forRead<OdDbField>(copy)->children(), (std::vector<OdDbObjectId>{mapping.valueOf(child)}));
+  std::vector<OdDbObjectId> listed = forRead<OdDbFieldList>(OdDbFieldList::listOf(*database))->fieldIds();
+  std::sort(listed.begin(), listed.end());
+  EXPECT_EQ(listed, (std::vector<OdDbObjectId>{id, child, copy, mapping.valueOf(child)}));
+  expectRoundTrip(*database);
 }
 
 TEST(Field, CodesOfAnyLengthComeBack) {

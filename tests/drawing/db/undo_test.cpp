@@ -1,5 +1,4 @@
 // Undo takes a whole step back, whatever it touched, and redo brings it again; ids survive both.
-#include "DbCurves.h"
 #include "DbDictionary.h"
 #include "DbSortentsTable.h"
 #include "tests/support/drawings.h"

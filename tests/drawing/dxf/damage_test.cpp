@@ -1,12 +1,9 @@
 // Damaged files: whatever is wrong stays where it is. Reading never crashes, says what it found, and what it keeps
 // comes back from the next file as it was.
 #include "DbCarried.h"
-#include "DbCurves.h"
 #include "DbDxf.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
-
-#include <algorithm>
 
 using namespace tests;
 using drawing::ReadResult;

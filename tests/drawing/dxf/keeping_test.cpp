@@ -1,6 +1,5 @@
 // What a file holds and the SDK does not know is kept, in every code page, and written as it stood.
 #include "DbCarried.h"
-#include "DbDictionary.h"
 #include "DbDxf.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
