@@ -20,8 +20,9 @@ struct CommandContext {
 };
 
 struct Command {
-  // A command that changes the drawing is one step of undo; of one that fails nothing stays.
-  enum class Kind { Looks, Changes };
+  // A command that changes the drawing is one step of undo; of one that fails nothing stays. What was selected for the
+  // next command stays selected behind one that selects.
+  enum class Kind { Looks, Changes, Selects };
   const wchar_t* name;
   std::vector<std::wstring_view> aliases;
   Text help;

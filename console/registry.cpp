@@ -24,7 +24,7 @@ const std::vector<Command>& allCommands() {
       {L"REDO", {}, Text::kHelpRedo, Looks, commands::redo},
       {L"SAVE", {}, Text::kHelpSave, Looks, commands::save},
       {L"SAVEAS", {}, Text::kHelpSaveas, Looks, commands::saveas},
-      {L"SELECT", {L"SE"}, Text::kHelpSelect, Looks, commands::select},
+      {L"SELECT", {L"SE"}, Text::kHelpSelect, Selects, commands::select},
       {L"SETVAR", {L"SET"}, Text::kHelpSetvar, Changes, commands::setvar},
       {L"TEXT", {L"DT"}, Text::kHelpText, Changes, commands::text},
       {L"UCS", {}, Text::kHelpUcs, Changes, commands::ucs},

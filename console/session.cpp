@@ -107,10 +107,13 @@ void Session::fail(const Failure& failure) {
 
 Status Session::run(const Command& command) {
   const std::string name = OdString(command.name).toUtf8();
-  return attempt(name.c_str(), command.kind, [&] {
+  const Status status = attempt(name.c_str(), command.kind, [&] {
     CommandContext context{*this, drawing_, database()};
     command.run(context);
   });
+  if (command.kind != Command::Kind::Selects)
+    host_.selections().setFirst(nullptr, nullptr);
+  return status;
 }
 
 Status Session::attempt(const char* name, Command::Kind kind, const std::function<void()>& work) {

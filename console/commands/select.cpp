@@ -9,7 +9,7 @@ void makePickFirst(morvane::SelectionSets& sets, const OdDbObjectIdArray& ids) {
   long set[2] = {0, 0};
   for (const OdDbObjectId id : ids) {
     long member[2] = {0, 0};
-    if (mvsi::mvsidbGetAdsName(member, id) != RTNORM || sets.add(member, set, set) != RTNORM)
+    if (mvsi::mvsidbGetAdsName(member, id) != 0 || sets.add(member, set, set) != RTNORM)
       throw OdError(eInvalidInput);
   }
   sets.setFirst(set, nullptr);

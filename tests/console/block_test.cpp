@@ -1,10 +1,14 @@
 // Making blocks: what happens to the objects, and that a step that fails leaves nothing behind.
 #include "tests/console/console_run.h"
 
+#include "console/block_maker.h"
+
+#include "DbAnnotationScale.h"
 #include "DbAttribute.h"
 #include "DbBlockReference.h"
 #include "DbBlockTable.h"
 #include "DbCurves.h"
+#include "DbDictionary.h"
 #include "DbSymbolRecords.h"
 
 #include <gtest/gtest.h>
@@ -88,6 +92,34 @@ TEST(BlockObjects, RedefinedBlockHasItsOriginAtTheBasePoint) {
   const OdDbBlockTableRecordPtr block = id.safeOpenObject();
   EXPECT_TRUE(bitEqual(block->origin(), OdGePoint3d(0, 0, 0)));
   EXPECT_TRUE(endsOf(block->newIterator()->objectId()).start.isEqualTo(OdGePoint3d(0, 0, 0)));
+}
+
+// The contents of an annotative block are scaled by the annotation scale; its reference makes up for it.
+TEST(BlockObjects, AnnotativeReferenceShowsThemInTheirSize) {
+  TestSession console;
+  console.run("LINE 1,1 3,1\n\n");
+  OdDbDatabase& database = console.database();
+  const OdDbDictionaryPtr named = database.getNamedObjectsDictionaryId().safeOpenObject(OdDb::kForWrite);
+  const OdDbDictionaryPtr scales =
+      named->setAt(L"ACAD_SCALELIST", OdDbDictionary::createObject()).safeOpenObject(OdDb::kForWrite);
+  const OdSmartPtr<OdDbScale> scale = OdDbScale::createObject();
+  scale->setScaleName(L"1:4");
+  scale->setUnits(1, 4);
+  scales->setAt(L"A0", scale.get());
+  ASSERT_EQ(database.setCannoscale(L"1:4"), eOk);
+  console::BlockRequest request;
+  request.name = L"note";
+  request.basePointUcs = OdGePoint3d(1, 1, 0);
+  request.ids = console.objects();
+  request.space = database.getModelSpaceId();
+  request.annotative = true;
+  const auto make = [&] { console::makeBlock(console.session(), request); };
+  ASSERT_EQ(console.session().attempt("BLOCK", console::Command::Kind::Changes, make), Status::Done);
+  const OdDbBlockReferencePtr reference = onlyReference(console);
+  const OdDbBlockTableRecordPtr block = reference->blockTableRecord().safeOpenObject();
+  const Ends stored = endsOf(block->newIterator()->objectId());
+  EXPECT_TRUE(stored.end.isEqualTo(OdGePoint3d(0.5, 0, 0)));
+  EXPECT_TRUE((reference->blockTransform() * stored.end).isEqualTo(OdGePoint3d(3, 1, 0)));
 }
 
 TEST(BlockNames, AreRefusedWithTheReason) {
