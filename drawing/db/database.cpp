@@ -27,8 +27,11 @@ OdDbObjectId OdDbDatabase::addOdDbObject(OdDbObject* object, OdDbObjectId owner,
     throw OdError(eWrongDatabase);
   object->setOwnerId(owner);
   const OdDbObjectId id = store_->add(object, handle);
-  const drawing::db::WriteScope scope(*object);
-  undo_->objectAdded(*object);
+  {
+    const drawing::db::WriteScope scope(*object);
+    undo_->objectAdded(*object);
+  }
+  object->writable_ = object->numRefs() > 0; // whoever made it goes on filling it
   return id;
 }
 

@@ -52,7 +52,8 @@ public:
   static OdDbDatabasePtr createEmpty();
 
   // Objects. Adding makes a free object resident, gives it a handle (the given one when it is free) and answers its
-  // id; the container itself is not told (symbol tables, dictionaries and blocks have their own add).
+  // id; the container itself is not told (symbol tables, dictionaries and blocks have their own add). The object is
+  // open for write, on a locked layer too, until the pointer that brought it lets go.
   OdDbObjectId addOdDbObject(OdDbObject* object, OdDbObjectId owner = OdDbObjectId(), OdDbHandle handle = 0);
   OdDbObjectId getOdDbObjectId(OdDbHandle handle) const; // null when no object has that handle
   OdDbHandle handseed() const;
