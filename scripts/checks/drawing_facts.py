@@ -13,8 +13,12 @@ from ezdxf.math import Vec3
 
 logging.getLogger("ezdxf").setLevel(logging.CRITICAL)
 
-# Groups that tell the shape of what has no attribute for it: texts, corners, widths, bulges.
-SHAPE_CODES = {1, 3, 10, 20, 30, 42}
+# Groups that tell the shape of what has no attribute for it: texts, corners, bulges.
+SHAPE_CODES = {1, 3, 10, 20, 30}
+BULGED = {"LWPOLYLINE", "VERTEX", "HATCH"}
+# Where a file leaves these out, readers do not agree on what that means.
+NO_COMMON_DEFAULT = {"actual_measurement", "control_point_tolerance", "defined_height", "has_hookline",
+                     "knot_tolerance", "line_spacing_factor", "text_height", "text_width", "width"}
 ANGLE_WORDS = ("angle", "rotation", "oblique")
 
 
@@ -57,22 +61,29 @@ def contents(document):
     return {decode_dxf_unicode(block.name): types_of(block) for block in document.blocks}
 
 
+def plain(value):
+    """Texts without escapes."""
+    return decode_dxf_unicode(value) if isinstance(value, str) else value
+
+
 def shape_of(entity):
     try:
         tags = TagCollector.dxftags(entity)
     except (DXFError, AttributeError, TypeError):
         return None  # the reader reads the kind and cannot write it
-    return [(tag.code, tag.value) for tag in tags if tag.code in SHAPE_CODES]
+    codes = SHAPE_CODES | {42} if entity.dxftype() in BULGED else SHAPE_CODES
+    return [(tag.code, plain(tag.value)) for tag in tags if tag.code in codes and tag.value != ""]
 
 
 def is_same_value(name, one, other):
+    one, other = plain(one), plain(other)
     if isinstance(one, float) and any(word in name for word in ANGLE_WORDS):
         return math.isclose(one, other, rel_tol=1e-14, abs_tol=1e-13)  # files count in degrees
     if name in ("layer", "linetype", "style", "dimstyle", "name"):
         return str(one).lower() == str(other).lower()
     if isinstance(one, Vec3) and isinstance(other, Vec3):
         return one.xyz == other.xyz  # its own comparison is not exact
-    return one == other
+    return one is other or (one is not None and other is not None and one == other)
 
 
 def differences(one, other):
@@ -82,6 +93,8 @@ def differences(one, other):
     names = set(one.dxfattribs()) | set(other.dxfattribs())
     differing = []
     for name in sorted(names):
+        if name in NO_COMMON_DEFAULT and not (one.dxf.hasattr(name) and other.dxf.hasattr(name)):
+            continue
         before, after = one.dxf.get_default(name), other.dxf.get_default(name)
         if not is_same_value(name, before, after):
             differing.append(f"{name}: {before!r} became {after!r}")
