@@ -191,8 +191,20 @@ void OdDbObject::visitReferences(drawing::ReferenceVisitor& visitor) {
 }
 
 void OdDbObject::ownedObjects(std::vector<OdDbObjectId>& ids) const {
-  if (extras_ && !extras_->extensionDictionary.isNull())
+  if (!extras_)
+    return;
+  if (!extras_->extensionDictionary.isNull())
     ids.push_back(extras_->extensionDictionary);
+  // A helper that only this object names, such as the one that tells an image of its file.
+  const drawing::GroupList& groups = extras_->carried;
+  for (std::size_t i = 0; i < groups.size(); ++i) {
+    if (groups[i].kind != drawing::GroupKind::Reference ||
+        drawing::referenceTypeOf(groups[i].code) != OdDb::kHardOwnershipRef)
+      continue;
+    const OdDbObject* object = drawing::db::peek(groups.idOf(groups[i]));
+    if (object != nullptr && object->ownerId() == id_)
+      ids.push_back(object->objectId());
+  }
 }
 
 void OdDbObject::dropLostReactors() {

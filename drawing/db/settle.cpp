@@ -3,6 +3,7 @@
 #include "DbBlockReference.h"
 #include "DbBlockTable.h"
 #include "DbCarried.h"
+#include "DbDictionary.h"
 #include "DbSymbolRecords.h"
 #include "db/block_graph.h"
 #include "db/store.h"
@@ -71,6 +72,44 @@ void ensureEnds(OdDbDatabase& database) {
   }
 }
 
+void ownIfOrphan(OdDbObjectId id, OdDbObjectId owner) {
+  OdDbObject* object = peek(id);
+  if (object == nullptr || peek(object->ownerId()) != nullptr)
+    return;
+  const WriteScope scope(*object);
+  object->setOwnerId(owner);
+}
+
+// Some programs name no owners: whoever lists an object owns it. The first one, by id, where several do.
+void ownOrphans(OdDbDatabase& database) {
+  const OdDbObjectId root = database.getNamedObjectsDictionaryId();
+  for (OdDbObjectId id : database.allIds()) {
+    const OdDbObject* object = peek(id);
+    if (object == nullptr)
+      continue;
+    if (const OdDbObjectId extension = object->extensionDictionary(); !extension.isNull())
+      ownIfOrphan(extension, id);
+    const auto* dictionary = dynamic_cast<const OdDbDictionary*>(object);
+    for (std::size_t i = 0; dictionary != nullptr && i < dictionary->numEntries(); ++i) {
+      if (dictionary->entries()[i].id != root)
+        ownIfOrphan(dictionary->entries()[i].id, id);
+    }
+  }
+}
+
+void ensureLayers(OdDbDatabase& database) {
+  for (OdDbObjectId id : database.allIds()) {
+    auto* entity = peekAs<OdDbEntity>(id);
+    if (entity == nullptr || !entity->layerId().isNull())
+      continue;
+    const auto* carried = dynamic_cast<const OdDbCarriedEntity*>(entity);
+    if (carried != nullptr && carried->isUnread())
+      continue;
+    const WriteScope scope(*entity);
+    entity->setLayer(database.getLayerZeroId());
+  }
+}
+
 // The reference stays in the drawing as the record it was, and leads nowhere.
 void cutReference(SettleFacts& facts, OdDbObjectId id) {
   const auto& reference = *peekAs<OdDbBlockReference>(id);
@@ -105,6 +144,8 @@ void settleDrawing(SettleFacts& facts) {
         {"dxf.standard-part-missing", Severity::Note, 0, -1, 0, "", "", "the drawing has no " + made, "it is made"});
   }
   tellMissing(facts);
+  ownOrphans(database);
+  ensureLayers(database);
   ensureEnds(database);
   std::vector<OdDbObjectId> cut;
   bottomUp(database, cut);

@@ -111,7 +111,8 @@ const drawing::Description& OdDbDimStyleTableRecord::ownDescription() {
       &OdDbSymbolTableRecord::ownDescription(),
       {{"AcDbDimStyleTableRecord",
         {field<&Self::name_>(2), field<&Self::flags_>(70), field<&Self::scale_>(40).unless(1),
-         field<&Self::arrowSize_>(41).unless(0.18), field<&Self::textHeight_>(140).unless(0.18),
+         // What their absence means differs from reader to reader.
+         field<&Self::arrowSize_>(41), field<&Self::textHeight_>(140),
          field<&Self::textStyle_>(340).unlessEmpty().orName(OdDb::kTextStyleTable),
          field<&Self::leaderArrow_>(341).unlessEmpty().orName(OdDb::kBlockTable),
          field<&Self::arrow_>(342).unlessEmpty().orName(OdDb::kBlockTable),

@@ -27,6 +27,20 @@ std::size_t xDataStart(const Record& record) {
   return at;
 }
 
+// The section of that marker, not before `from`; the number of sections when there is none.
+std::size_t findSection(const std::vector<const Section*>& sections, std::string_view marker, std::size_t from) {
+  std::size_t at = from;
+  while (at < sections.size() && marker != sections[at]->marker &&
+         (sections[at]->alias[0] == 0 || marker != sections[at]->alias))
+    ++at;
+  return at;
+}
+
+// What every entity has. Some programs write a few of these groups behind a later marker.
+const Section& commonSection() {
+  return *OdDbEntity::ownDescription().sections().front();
+}
+
 OdSmartPtr<OdDbObject> makeCarried(std::string_view name, bool isEntity, bool unread) {
   if (isEntity) {
     auto* entity = new OdDbCarriedEntity;
@@ -154,21 +168,21 @@ void ObjectReader::fillSections(const Record& record, std::size_t from, OdDbObje
   const auto& sections = object.description().sections();
   const std::size_t xData = xDataStart(record);
   const bool isEntity = object.isKindOf(OdDbEntity::desc());
+  SectionReader common(object, isEntity ? commonSection() : none, context_);
   std::size_t nextSection = 0;
   std::size_t i = from;
   GroupList* carried = nullptr;
   while (i < xData) {
     const bool marked = record[i].code == 100;
     const std::string_view marker = marked ? record[i].text : std::string_view();
-    std::size_t match = marked ? nextSection : sections.size();
-    while (match < sections.size() && marker != sections[match]->marker)
-      ++match;
+    const std::size_t match = marked ? findSection(sections, marker, nextSection) : sections.size();
     const bool known = match < sections.size();
     nextSection = known ? match + 1 : nextSection;
+    const bool isCommon = isEntity && known && sections[match] == &commonSection();
     SectionReader own(object, known ? *sections[match] : none, context_);
     const bool forSecond = secondSection != nullptr && marker == secondSection->marker;
     SectionReader other(forSecond ? *second : object, forSecond ? *secondSection : none, context_);
-    const bool factsHere = isEntity && marker == "AcDbEntity";
+    bool takesCommon = isEntity && (known || !marked);
     bool headed = !marked; // whether the carried groups of this section have their marker yet
     if (marked && !known) {
       context_.append(object.extrasForLoad().carried, record[i]);
@@ -177,7 +191,10 @@ void ObjectReader::fillSections(const Record& record, std::size_t from, OdDbObje
     for (i += marked ? 1 : 0; i < xData && record[i].code != 100; ++i) {
       if (record[i].code == 66 && isEntity)
         facts.attributesFollow = true;
-      if (other.take(record[i]) || own.take(record[i]) || (factsHere && takeEntityFact(record[i], facts)))
+      takesCommon = takesCommon && record[i].code != 101; // an embedded object has groups of its own
+      if (other.take(record[i]) || (!isCommon && own.take(record[i])))
+        continue;
+      if (takesCommon && (common.take(record[i]) || takeEntityFact(record[i], facts)))
         continue;
       carried = &object.extrasForLoad().carried;
       if (!headed)

@@ -49,6 +49,7 @@ const drawing::Description& OdDbMInsertBlock::ownDescription() {
   using Self = OdDbMInsertBlock;
   static const drawing::Description description = [] {
     drawing::Section section = referenceSection("AcDbMInsertBlock");
+    section.alias = "AcDbBlockReference";
     for (const drawing::Field& own :
          {field<&Self::columns_>(70).unless(1), field<&Self::rows_>(71).unless(1),
           field<&Self::columnSpacing_>(44).unless(0), field<&Self::rowSpacing_>(45).unless(0)})

@@ -20,7 +20,7 @@ const drawing::Section& OdDbDimension::dimensionSection() {
        field<&Self::block_>(2).name(OdDb::kBlockTable).unlessEmpty(), field<&Self::definition_>(10),
        field<&Self::textPosition_>(11).unless(0, 0, 0), field<&Self::type_>(70), field<&Self::text_>(1).unlessEmpty(),
        field<&Self::attachment_>(71), field<&Self::lineSpacingStyle_>(72).unless(1),
-       field<&Self::lineSpacing_>(41).unless(1), field<&Self::measurement_>(42),
+       field<&Self::lineSpacing_>(41).unless(1), field<&Self::measurement_>(42).unless(-1),
        field<&Self::textRotation_>(53).angle().unless(0), field<&Self::horizontalRotation_>(51).angle().unless(0),
        field<&Self::normal_>(210).unless(0, 0, 1), field<&Self::style_>(3).name(OdDb::kDimStyleTable).unlessEmpty()}};
   return section;

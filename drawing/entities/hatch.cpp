@@ -31,6 +31,29 @@ void OdDbHatch::visitReferences(drawing::ReferenceVisitor& visitor) {
   drawing::db::visitGroups(groups_, visitor);
 }
 
+// Boundary objects that did not come along bound the copy no more, and it follows none of them.
+void OdDbHatch::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
+  constexpr int kCount = 97, kBoundary = 330, kAssociative = 71;
+  OdDbEntity::afterClone(source, mapping);
+  bool lost = false;
+  std::size_t count = groups_.size();
+  for (std::size_t i = 0; i < groups_.size();) {
+    const drawing::Group group = groups_[i];
+    if (group.code != kBoundary || group.kind != drawing::GroupKind::Reference || !groups_.idOf(group).isNull()) {
+      count = group.code == kCount ? i : group.code == kBoundary ? count : groups_.size();
+      ++i;
+      continue;
+    }
+    groups_.erase(i, 1);
+    if (count < i)
+      groups_.setInteger(count, groups_[count].integer - 1);
+    lost = true;
+  }
+  const std::size_t associative = groups_.find(kAssociative);
+  if (lost && associative < groups_.size())
+    groups_.setInteger(associative, 0);
+}
+
 std::int64_t OdDbHatch::integerOf(int code) const {
   const std::size_t i = groups_.find(code);
   return i < groups_.size() && groups_[i].kind != drawing::GroupKind::Unread ? groups_[i].integer : 0;

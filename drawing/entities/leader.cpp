@@ -15,7 +15,7 @@ const drawing::Description& OdDbLeader::ownDescription() {
       {{"AcDbLeader",
         {field<&Self::style_>(3).name(OdDb::kDimStyleTable).unlessEmpty(), field<&Self::hasArrow_>(71),
          field<&Self::pathType_>(72), field<&Self::noteKind_>(73), field<&Self::hookSide_>(74),
-         field<&Self::hasHook_>(75), field<&Self::noteHeight_>(40), field<&Self::noteWidth_>(41),
+         field<&Self::hasHook_>(75), field<&Self::noteHeight_>(40).unless(0), field<&Self::noteWidth_>(41).unless(0),
          field<&Self::annotation_>(340).ref(OdDb::kHardPointerRef).unlessEmpty(),
          field<&Self::normal_>(210).unless(0, 0, 1), field<&Self::horizontal_>(211),
          field<&Self::offsetFromBlock_>(212), field<&Self::offsetFromAnnotation_>(213)},

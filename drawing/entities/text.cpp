@@ -17,7 +17,14 @@ const drawing::Section& OdDbText::textSection() {
        field<&Self::text_>(1), field<&Self::rotation_>(50).angle().unless(0), field<&Self::widthFactor_>(41).unless(1),
        field<&Self::oblique_>(51).angle().unless(0), field<&Self::style_>(7).name(OdDb::kTextStyleTable).unlessEmpty(),
        field<&Self::mirrored_>(71).unless(0), field<&Self::horizontal_>(72).unless(0),
-       field<&Self::alignment_>(11).unless(0, 0, 0), field<&Self::normal_>(210).unless(0, 0, 1)}};
+       field<&Self::alignment_>(11).unless(0, 0, 0), field<&Self::normal_>(210).unless(0, 0, 1)},
+      nullptr,
+      // An aligned text at the origin has its second point all the same.
+      [](const OdDbObject& object, drawing::GroupSink& sink) {
+        const auto& text = static_cast<const Self&>(object);
+        if (text.alignment_ == OdGePoint3d() && (text.horizontal_ != kLeft || text.vertical_ != kBase))
+          sink.point(11, text.alignment_);
+      }};
   return section;
 }
 

@@ -144,6 +144,7 @@ struct Section {
   void (*write)(const OdDbObject&, GroupSink&) = nullptr;
   bool writeFirst = false;
   OdDb::DwgVersion since = OdDb::kRelease2000; // older files have no such section
+  const char* alias = "";                      // a marker that some files have in its place
 };
 
 class MVDRAWING_API Description {

@@ -18,6 +18,7 @@ public:
 
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
 
 protected:
   // Takes matrices that keep shapes in its plane. The pattern moves along.

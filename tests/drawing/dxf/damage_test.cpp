@@ -63,7 +63,7 @@ TEST(Damage, IsNamedAndMended) {
       {"not a number", dxf(section("ENTITIES", line("39|nan\n"))), "dxf.value-unreadable", 1},
       {"infinite", dxf(section("ENTITIES", line("39|-inf\n"))), "dxf.value-unreadable", 1},
       {"too large", dxf(section("ENTITIES", line("39|1e999\n"))), "dxf.value-unreadable", 1},
-      {"handle that is none", dxf(section("ENTITIES", line("48|1\n", "XYZ"))), "dxf.value-unreadable", 1},
+      {"handle that is none", dxf(section("ENTITIES", line("90|1\n", "XYZ"))), "dxf.value-unreadable", 1},
       {"record outside sections", dxf(line("") + section("ENTITIES", line("", "A2"))), "dxf.outside-section", 1},
       {"record outside tables", dxf(section("TABLES", line(""))), "dxf.record-outside-table", 0},
       {"wrong record in a table", dxf(section("TABLES", table("LAYER", line("")))), "dxf.wrong-record-in-table", 0},

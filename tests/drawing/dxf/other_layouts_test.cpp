@@ -1,0 +1,128 @@
+// Programs lay out their records in their own ways. What they mean is understood, and written so that the strictest
+// reader takes it.
+#include "DbBlockReference.h"
+#include "DbCurves.h"
+#include "DbDictionary.h"
+#include "DbDxf.h"
+#include "DbHatch.h"
+#include "DbIdMapping.h"
+#include "tests/support/drawings.h"
+#include "tests/support/oracles.h"
+
+using namespace tests;
+using drawing::ReadResult;
+
+namespace {
+
+OdDbDatabasePtr readWhole(const std::string& text) {
+  const ReadResult read = drawing::readDrawingFromMemory(text);
+  EXPECT_FALSE(read.database.isNull()) << read.message;
+  EXPECT_EQ(read.report.outcome(), drawing::Outcome::Whole);
+  return read.database;
+}
+
+bool contains(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+TEST(OtherLayouts, CommonGroupsBehindALaterMarkerBelongToTheEntity) {
+  const std::string layer = "0|TABLE\n2|LAYER\n5|2\n100|AcDbSymbolTable\n70|1\n0|LAYER\n5|B1\n"
+                            "100|AcDbSymbolTableRecord\n100|AcDbLayerTableRecord\n2|walls\n70|0\n62|7\n0|ENDTAB\n";
+  const std::string entity = "0|LINE\n5|A1\n100|AcDbEntity\n100|AcDbLine\n8|walls\n62|3\n370|25\n"
+                             "10|1\n20|2\n30|3\n11|4\n21|5\n31|6\n";
+  const OdDbDatabasePtr database = readWhole(dxf(section("TABLES", layer) + section("ENTITIES", entity)));
+  const auto line = forRead<OdDbLine>(database->getOdDbObjectId(0xA1));
+  EXPECT_EQ(line->layer(), OdString(L"walls"));
+  EXPECT_EQ(line->colorIndex(), 3);
+  EXPECT_EQ(line->lineWeight(), 25);
+  EXPECT_TRUE(contains(drawing::writeDrawingToMemory(*database),
+                       "100\nAcDbEntity\n  8\nwalls\n 62\n3\n370\n25\n100\nAcDbLine\n 10\n1.0\n"));
+  expectRoundTrip(*database);
+}
+
+TEST(OtherLayouts, AnEntityWithoutLayerIsOnLayerZero) {
+  const OdDbDatabasePtr database = readWhole(
+      dxf(section("ENTITIES", "0|LINE\n5|A1\n100|AcDbEntity\n100|AcDbLine\n10|1\n20|2\n30|3\n11|4\n21|5\n31|6\n")));
+  EXPECT_TRUE(contains(drawing::writeDrawingToMemory(*database), "100\nAcDbEntity\n  8\n0\n100\nAcDbLine\n"));
+}
+
+TEST(OtherLayouts, ObjectsThatNameNoOwnerBelongToWhoListsThem) {
+  const std::string objects = "0|DICTIONARY\n5|C\n100|AcDbDictionary\n281|1\n3|THINGS\n350|A1\n"
+                              "0|DICTIONARY\n5|A1\n100|AcDbDictionary\n281|1\n3|one\n350|A2\n"
+                              "0|THING\n5|A2\n100|AcThing\n70|1\n";
+  const OdDbDatabasePtr database = readWhole(dxf(section("OBJECTS", objects)));
+  EXPECT_EQ(database->getOdDbObjectId(0xA1).safeOpenObject()->ownerId().getHandle(), OdDbHandle(0xC));
+  EXPECT_EQ(database->getOdDbObjectId(0xA2).safeOpenObject()->ownerId().getHandle(), OdDbHandle(0xA1));
+  EXPECT_TRUE(database->getNamedObjectsDictionaryId().safeOpenObject()->ownerId().isNull());
+}
+
+TEST(OtherLayouts, AnArrayMayStandBehindTheMarkerOfAPlainReference) {
+  const std::string blocks = "0|BLOCK\n100|AcDbEntity\n8|0\n100|AcDbBlockBegin\n2|chair\n70|0\n10|0\n20|0\n30|0\n"
+                             "0|ENDBLK\n100|AcDbEntity\n8|0\n100|AcDbBlockEnd\n";
+  const std::string insert = "0|INSERT\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbBlockReference\n2|chair\n10|7\n20|8\n30|0\n"
+                             "41|2\n70|3\n71|4\n44|1.5\n45|2.5\n";
+  const ReadResult read = drawing::readDrawingFromMemory(dxf(section("BLOCKS", blocks) + section("ENTITIES", insert)));
+  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const auto array = forRead<OdDbMInsertBlock>(read.database->getOdDbObjectId(0xA1));
+  EXPECT_FALSE(array->blockTableRecord().isNull());
+  EXPECT_EQ(array->position(), OdGePoint3d(7, 8, 0));
+  EXPECT_EQ(array->columns(), 3);
+  EXPECT_EQ(array->rows(), 4);
+  EXPECT_EQ(array->columnSpacing(), 1.5);
+  EXPECT_TRUE(contains(drawing::writeDrawingToMemory(*read.database), "100\nAcDbMInsertBlock\n  2\nchair\n 10\n7.0\n"));
+}
+
+TEST(OtherLayouts, AnAlignedTextAtTheOriginKeepsItsSecondPoint) {
+  const auto text = [](const char* alignment) {
+    return dxf(section("ENTITIES", std::string("0|TEXT\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbText\n10|-1\n20|-2\n30|0\n"
+                                               "40|2.5\n1|x\n") +
+                                       alignment));
+  };
+  const char* const point = " 11\n0.0\n 21\n0.0\n 31\n0.0\n";
+  for (const char* aligned : {"72|1\n11|0\n21|0\n31|0\n100|AcDbText\n", "100|AcDbText\n73|2\n"})
+    EXPECT_TRUE(contains(drawing::writeDrawingToMemory(*readWhole(text(aligned))), point)) << aligned;
+  EXPECT_FALSE(contains(drawing::writeDrawingToMemory(*readWhole(text("100|AcDbText\n"))), point));
+}
+
+// A reader may measure what is left out by the drawing's units.
+TEST(OtherLayouts, SizesOfADimensionStyleAreAlwaysWritten) {
+  const std::string style = "0|TABLE\n2|DIMSTYLE\n5|D\n100|AcDbSymbolTable\n70|1\n0|DIMSTYLE\n105|D1\n"
+                            "100|AcDbSymbolTableRecord\n100|AcDbDimStyleTableRecord\n2|small\n70|0\n41|0.18\n140|0.18\n"
+                            "0|ENDTAB\n";
+  const OdDbDatabasePtr database = readWhole(dxf(section("TABLES", style)));
+  EXPECT_TRUE(contains(drawing::writeDrawingToMemory(*database), " 41\n0.18\n140\n0.18\n"));
+}
+
+TEST(OtherLayouts, WhatOnlyAnErasedEntityNamesIsNotWritten) {
+  const std::string text =
+      dxf(section("ENTITIES", "0|IMAGE\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbRasterImage\n90|0\n10|0\n20|0\n30|0\n"
+                              "11|1\n21|0\n31|0\n12|0\n22|1\n32|0\n13|4\n23|4\n340|A3\n70|7\n360|A2\n") +
+          section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n3|ACAD_IMAGE_DICT\n350|A4\n"
+                             "0|DICTIONARY\n5|A4\n330|C\n100|AcDbDictionary\n281|1\n3|tree\n350|A3\n"
+                             "0|IMAGEDEF\n5|A3\n330|A4\n100|AcDbRasterImageDef\n90|0\n1|tree.png\n"
+                             "0|IMAGEDEF_REACTOR\n5|A2\n330|A1\n100|AcDbRasterImageDefReactor\n90|2\n330|A1\n"));
+  const OdDbDatabasePtr database = readWhole(text);
+  database->getOdDbObjectId(0xA1).safeOpenObject(OdDb::kForWrite)->erase();
+  const std::string written = drawing::writeDrawingToMemory(*database);
+  EXPECT_FALSE(contains(written, "IMAGEDEF_REACTOR"));
+  EXPECT_TRUE(contains(written, "\nIMAGEDEF\n"));
+}
+
+TEST(OtherLayouts, AClonedHatchNamesNoBoundaryThatStayedBehind) {
+  const std::string hatch = "0|HATCH\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbHatch\n10|0\n20|0\n30|0\n210|0\n220|0\n230|1\n"
+                            "2|SOLID\n70|1\n71|1\n91|1\n92|1\n93|1\n72|2\n10|0\n20|0\n40|1\n50|0\n51|360\n73|1\n"
+                            "97|1\n330|A2\n75|0\n76|1\n98|0\n";
+  const std::string circle = "0|CIRCLE\n5|A2\n100|AcDbEntity\n8|0\n100|AcDbCircle\n10|0\n20|0\n30|0\n40|1\n";
+  const OdDbDatabasePtr source = readWhole(dxf(section("ENTITIES", hatch + circle)));
+  const OdDbDatabasePtr target = readWhole(dxf(""));
+  OdDbObjectIdArray ids;
+  ids.append(source->getOdDbObjectId(0xA1));
+  OdDbIdMapping mapping;
+  source->wblockCloneObjects(ids, target->getModelSpaceId(), mapping, OdDb::kDrcIgnore);
+  const std::string written = drawing::writeDrawingToMemory(*target);
+  EXPECT_TRUE(contains(written, " 71\n0\n 91\n1\n")) << "still associative";
+  EXPECT_TRUE(contains(written, " 97\n0\n 75\n0\n")) << "a boundary that is not there";
+  EXPECT_TRUE(contains(drawing::writeDrawingToMemory(*source), " 97\n1\n330\nA2\n"));
+}
+
+} // namespace
