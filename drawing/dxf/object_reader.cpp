@@ -36,7 +36,13 @@ std::size_t findSection(const std::vector<const Section*>& sections, std::string
   return at;
 }
 
-// What every entity has. Some programs write a few of these groups behind a later marker.
+// Properties that some programs write behind a later marker. Other codes of entities (48, 420, 440) mean something else
+// there.
+bool isPlainProperty(int code) {
+  return code == 6 || code == 8 || code == 62 || code == 67 || code == 370 || code == 410;
+}
+
+// What every entity has.
 const Section& commonSection() {
   return *OdDbEntity::ownDescription().sections().front();
 }
@@ -194,7 +200,8 @@ void ObjectReader::fillSections(const Record& record, std::size_t from, OdDbObje
       takesCommon = takesCommon && record[i].code != 101; // an embedded object has groups of its own
       if (other.take(record[i]) || (!isCommon && own.take(record[i])))
         continue;
-      if (takesCommon && (common.take(record[i]) || takeEntityFact(record[i], facts)))
+      const bool mayBeCommon = takesCommon && (isCommon || isPlainProperty(record[i].code));
+      if (mayBeCommon && (common.take(record[i]) || takeEntityFact(record[i], facts)))
         continue;
       carried = &object.extrasForLoad().carried;
       if (!headed)
