@@ -8,7 +8,6 @@
 #include "blockcommon/creation.h"
 #include "blockcommon/properties.h"
 #include "blockcommon/transforms.h"
-#include "morvane/drawing_tools.h"
 
 #include <set>
 
@@ -87,25 +86,6 @@ void addAttributes(OdDbBlockReference& reference, OdDbObjectId block) {
   }
 }
 
-// Things may be drawn on a locked layer, but what lies there does not open to be finished.
-class LayerOpen {
-public:
-  explicit LayerOpen(OdDbObjectId layer) : layer_(layer), locked_(LayerTools::isLayerLocked(layer)) {
-    if (locked_)
-      LayerTools::lockOrUnlockLayer(layer_, false);
-  }
-  ~LayerOpen() {
-    if (locked_)
-      LayerTools::lockOrUnlockLayer(layer_, true);
-  }
-  LayerOpen(const LayerOpen&) = delete;
-  LayerOpen& operator=(const LayerOpen&) = delete;
-
-private:
-  OdDbObjectId layer_;
-  bool locked_;
-};
-
 // A reference that shows the objects exactly where they were.
 OdDbObjectId placeReference(OdDbDatabase& database, const BlockRequest& request, OdDbObjectId block,
                             const OdGeMatrix3d& frame) {
@@ -114,10 +94,8 @@ OdDbObjectId placeReference(OdDbDatabase& database, const BlockRequest& request,
   reference->setBlockTableRecord(block);
   if (reference->setBlockTransform(frame * OdGeMatrix3d::scaling(referenceScale(request, database))) != eOk)
     refuse(Text::kReferenceFailed, {request.name});
-  const LayerOpen layer(database.getCLAYER());
   const OdDbBlockTableRecordPtr space = request.space.safeOpenObject(OdDb::kForWrite);
   const OdDbObjectId id = space->appendOdDbEntity(reference.get());
-  reference->upgradeOpen();
   addAttributes(*reference, block);
   return id;
 }
@@ -127,17 +105,15 @@ void eraseAll(const OdDbObjectIdArray& ids) {
     id.safeOpenObject(OdDb::kForWrite)->erase();
 }
 
-void tell(Session& session, const BlockRequest& request, const BlockMade& made, bool redefined) {
-  for (const auto& [type, number] : made.dropped)
-    session.say(Text::kDropped, {count(number), OdString::fromUtf8(type)});
-  session.result(redefined ? Text::kBlockRedefined : Text::kBlockMade, {request.name, count(made.objects)});
+} // namespace
+
+void tellBlockMade(Session& session, const BlockRequest& request, const BlockMade& made) {
+  session.result(made.redefined ? Text::kBlockRedefined : Text::kBlockMade, {request.name, count(made.objects)});
   const Text afterwards[] = {Text::kKept, Text::kConverted, Text::kDeleted};
   session.say(afterwards[static_cast<std::size_t>(request.afterwards)]);
 }
 
-} // namespace
-
-BlockMade makeBlock(Session& session, BlockRequest request) {
+BlockMade makeBlock(Session& session, const BlockRequest& request) {
   OdDbDatabase& database = session.database();
   checkBlockName(session, request.name);
   const OdDbObjectId before = definitionOf(session, request.name);
@@ -147,9 +123,11 @@ BlockMade makeBlock(Session& session, BlockRequest request) {
     refuseSelfReference(request, before);
 
   BlockMade made;
-  made.locked = leaveOutLocked(session, request.ids);
+  made.redefined = !before.isNull();
+  OdDbObjectIdArray wanted = request.ids;
+  made.locked = leaveOutLocked(session, wanted);
   const OdGeMatrix3d frame = blockFrame(session, request.basePointUcs);
-  OdDbObjectIdArray taken = request.ids;
+  OdDbObjectIdArray taken = wanted;
   bool created = false;
   made.block = blockUtils::create(&database, request.name, taken, request.redefine, created, request.basePointUcs,
                                   request.description);
@@ -158,7 +136,9 @@ BlockMade makeBlock(Session& session, BlockRequest request) {
   if (taken.isEmpty())
     refuse(Text::kAllDropped);
   made.objects = static_cast<std::size_t>(taken.length());
-  made.dropped = missingByType(request.ids, taken);
+  made.dropped = missingByType(wanted, taken);
+  for (const auto& [type, number] : made.dropped)
+    session.say(Text::kDropped, {count(number), OdString::fromUtf8(type)});
   clearOrigin(made.block);
   setProperties(request, made.block);
 
@@ -168,7 +148,6 @@ BlockMade makeBlock(Session& session, BlockRequest request) {
     eraseAll(taken);
   if (request.afterwards == Afterwards::Convert)
     made.reference = placeReference(database, request, made.block, frame);
-  tell(session, request, made, !before.isNull());
   return made;
 }
 

@@ -30,6 +30,7 @@ struct BlockRequest {
 struct BlockMade {
   OdDbObjectId block;
   OdDbObjectId reference; // null unless the objects were converted
+  bool redefined = false;
   std::size_t objects = 0;
   std::size_t locked = 0;                     // left out
   std::map<std::string, std::size_t> dropped; // by type: cannot be put into the block, stay where they are
@@ -42,6 +43,8 @@ OdDbObjectId definitionOf(Session& session, const OdString& name);
 std::size_t referencesTo(OdDbObjectId block);
 
 // Runs inside a step that changes the drawing: whoever catches the Failure takes the step back.
-BlockMade makeBlock(Session& session, BlockRequest request);
+BlockMade makeBlock(Session& session, const BlockRequest& request);
+// The results, for whoever knows that they will last.
+void tellBlockMade(Session& session, const BlockRequest& request, const BlockMade& made);
 
 } // namespace console

@@ -26,6 +26,7 @@ struct Command {
   const wchar_t* name;
   std::vector<std::wstring_view> aliases;
   Text help;
+  std::vector<Text> asks; // its prompts, for HELP
   Kind kind;
   void (*run)(CommandContext&); // throws Failure to stop
 };

@@ -31,22 +31,21 @@ SessionOptions sessionOptions(const Surroundings& surroundings, const std::strin
 
 // The answers of the session. False when the script cannot be read.
 bool chooseSource(Session& session, const Options& options, std::istream* given) {
-  morvane::InputEngine& input = session.host().input();
-  input.setEcho(true); // a line editor echoes itself
+  session.host().input().setEcho(true); // a line editor echoes itself
   if (!options.commands.empty()) {
     std::string script;
     for (const std::string& lines : options.commands)
       script += lines + "\n";
-    input.pushSource(std::make_shared<morvane::ScriptSource>(std::move(script)));
+    session.answerFrom(std::make_shared<morvane::ScriptSource>(std::move(script)));
   } else if (!options.script.empty()) {
     auto script = morvane::ScriptSource::fromFile(options.script);
     if (script == nullptr)
       return false;
-    input.pushSource(std::move(script));
+    session.answerFrom(std::move(script));
   } else if (given == nullptr && isatty(STDIN_FILENO) != 0) {
-    input.pushSource(makeLineEditor(session.lineShared()));
+    session.answerFrom(makeLineEditor(session.lineShared()));
   } else {
-    input.pushSource(std::make_shared<morvane::StreamSource>(given == nullptr ? std::cin : *given, true));
+    session.answerFrom(std::make_shared<morvane::StreamSource>(given == nullptr ? std::cin : *given, true));
   }
   return true;
 }

@@ -59,6 +59,21 @@ Session::~Session() {
   host_.documents().close(drawing_.document.get());
 }
 
+void Session::answerFrom(std::shared_ptr<morvane::InputSource> source) {
+  source_ = std::make_shared<GatedSource>(std::move(source));
+  host_.input().pushSource(source_);
+}
+
+OdString Session::takeRestOfLine() {
+  if (source_ == nullptr)
+    return {};
+  OdString rest;
+  source_->hold(true);
+  host_.input().readAnswer({}, true, rest);
+  source_->hold(false);
+  return rest.trimLeft().trimRight();
+}
+
 void Session::say(Text text, std::vector<OdString> arguments) {
   said_.push_back({text, std::move(arguments)});
   host_.output().print(L"\n" + said_.back().shown() + L"\n");

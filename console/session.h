@@ -3,6 +3,7 @@
 
 #include "console/command.h"
 #include "console/failure.h"
+#include "console/gated_source.h"
 #include "console/line_sink.h"
 
 #include "DbDatabase.h"
@@ -46,6 +47,10 @@ public:
   LineSink& line() { return *line_; }
   const std::shared_ptr<LineSink>& lineShared() const { return line_; }
 
+  void answerFrom(std::shared_ptr<morvane::InputSource> source);
+  // What stands behind the answers that were read of a line, without the blanks around it. Never asks.
+  OdString takeRestOfLine();
+
   // A line on the command line, and a line of results.
   void say(Text text, std::vector<OdString> arguments = {});
   void result(Text text, std::vector<OdString> arguments = {});
@@ -79,6 +84,7 @@ private:
   void fail(const Failure& failure);
   morvane::Host host_;
   std::shared_ptr<LineSink> line_;
+  std::shared_ptr<GatedSource> source_; // null until there is one
   std::function<void(const OdString&)> results_;
   OpenDrawing drawing_;
   std::vector<Message> said_;

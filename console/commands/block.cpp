@@ -65,7 +65,7 @@ void block(CommandContext& context) {
   request.ids = askSelection(session);
   request.space = qzutads::currentSpaceId();
   request.afterwards = askAfterwards(session);
-  makeBlock(session, std::move(request));
+  tellBlockMade(session, request, makeBlock(session, request));
 }
 
 } // namespace console::commands

@@ -1,4 +1,5 @@
 #include "console/commands/commands.h"
+#include "console/failure.h"
 #include "console/session.h"
 
 namespace console::commands {
@@ -8,16 +9,40 @@ OdString namesOf(const Command& command) {
   OdString names = command.name;
   for (const std::wstring_view alias : command.aliases)
     names += OdString(L" (") + OdString(alias) + L")";
+  return names;
+}
+
+OdString padded(const OdString& names) {
   constexpr int kColumn = 14;
   return names + OdString(L' ', kColumn - names.getLength());
+}
+
+void listAll(Session& session) {
+  session.result(Text::kHelpHead);
+  for (const Command& command : allCommands())
+    session.result(Text::kHelpRow, {padded(namesOf(command)), render(command.help)});
+}
+
+// The questions as they will be asked; a default that is not known before stands as dots.
+void tellAbout(Session& session, const Command& command) {
+  constexpr wchar_t kUnknown[] = L"...";
+  session.result(Text::kHelpOne, {namesOf(command), render(command.help)});
+  if (!command.asks.empty())
+    session.result(Text::kHelpAsks);
+  for (const Text question : command.asks)
+    session.result(Text::kHelpQuestion, {render(question, {kUnknown, kUnknown})});
 }
 
 } // namespace
 
 void help(CommandContext& context) {
-  context.session.result(Text::kHelpHead);
-  for (const Command& command : allCommands())
-    context.session.result(Text::kHelpRow, {namesOf(command), render(command.help)});
+  const OdString name = context.session.takeRestOfLine();
+  if (name.isEmpty())
+    return listAll(context.session);
+  const Command* command = findCommand(name.str());
+  if (command == nullptr)
+    refuse(Text::kUnknownCommand, {name});
+  tellAbout(context.session, *command);
 }
 
 } // namespace console::commands

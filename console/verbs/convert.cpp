@@ -18,7 +18,9 @@ public:
   }
   bool isChosen() const override { return verb_->parsed(); }
   void check() override { files_.version = versionOption(version_); }
-  Status run(const SessionOptions& settings) override { return runJob(settings, {"convert", files_, json_, nullptr}); }
+  Status run(const SessionOptions& settings) override {
+    return runJob(settings, {"convert", files_, json_, nullptr, nullptr});
+  }
 
 private:
   CLI::App* verb_ = nullptr;

@@ -68,6 +68,8 @@ Status runJob(SessionOptions settings, const Job& job) {
                       saveDrawing(session, {job.files.out, job.files.version, job.files.force});
                     });
   if (done) {
+    if (job.tell)
+      job.tell(session);
     facts["file"] = job.files.out;
     facts["version"] = versionToWrite(session.database(), job.files.version);
   }

@@ -24,6 +24,7 @@ struct Job {
   bool json = false;
   // Runs as one step; adds what a machine wants to know to the results. Empty: nothing is changed.
   std::function<void(Session&, nlohmann::ordered_json& results)> work;
+  std::function<void(Session&)> tell; // what was done, once the drawing is saved; may be empty
 };
 
 // Reads, works, writes, and prints one JSON object when that was asked for.

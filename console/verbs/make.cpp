@@ -61,8 +61,8 @@ public:
   bool isChosen() const override { return verb_->parsed(); }
   void check() override;
   Status run(const SessionOptions& settings) override {
-    return runJob(settings,
-                  {"make", files_, json_, [this](Session& session, Json& results) { make(session, results); }});
+    return runJob(settings, {"make", files_, json_, [this](Session& session, Json& results) { make(session, results); },
+                             [this](Session& session) { tellBlockMade(session, request_, made_); }});
   }
 
 private:
@@ -96,6 +96,7 @@ private:
   JobFiles files_;
   Typed typed_;
   BlockRequest request_;
+  BlockMade made_;
   std::optional<OdGeMatrix3d> ucs_;
   std::vector<Selector> selectors_;
   bool keep_ = false;
@@ -138,13 +139,13 @@ void Make::make(Session& session, Json& results) {
   if (request_.ids.isEmpty())
     refuse(Text::kNothingSelected);
   const BorrowedUcs ucs(database, ucs_.value_or(OdGeMatrix3d::kIdentity));
-  const BlockMade made = makeBlock(session, request_);
+  made_ = makeBlock(session, request_);
   results["block"] = request_.name.toUtf8Lossless();
-  results["handle"] = handleOf(made.block);
-  results["reference"] = handleOf(made.reference);
-  results["objects"] = made.objects;
-  results["locked"] = made.locked;
-  results["dropped"] = made.dropped;
+  results["handle"] = handleOf(made_.block);
+  results["reference"] = handleOf(made_.reference);
+  results["objects"] = made_.objects;
+  results["locked"] = made_.locked;
+  results["dropped"] = made_.dropped;
 }
 
 } // namespace

@@ -42,7 +42,7 @@ TestSession::TestSession()
 
 console::Status TestSession::run(const std::string& script) {
   session_.host().input().clearSources();
-  session_.host().input().pushSource(std::make_shared<morvane::ScriptSource>(script));
+  session_.answerFrom(std::make_shared<morvane::ScriptSource>(script));
   session_.forgetStatus();
   console::runCommands(session_);
   return session_.status();

@@ -147,6 +147,16 @@ TEST(Save, RepairedDrawingNeedsAYesForItsOwnFile) {
   EXPECT_NE(readFile(path), damaged);
 }
 
+TEST(Make, TellsOfABlockOnlyWhenItIsOnDisk) {
+  const Scratch scratch;
+  for (const auto& [folder, told] : {std::pair{".", true}, {"nosuch", false}}) {
+    const std::string out = scratch.path(folder) + "/out.dxf";
+    const Outcome run = runMorvane({"make", kRoom, "-o", out, "--name", "n", "--base", "0,0", "--select", "all"});
+    EXPECT_EQ(run.shown.find("made of 18 objects") != std::string::npos, told) << run.shown;
+    EXPECT_EQ(run.shown.find("replaced by a reference") != std::string::npos, told) << run.shown;
+  }
+}
+
 TEST(Make, LeavesTheCoordinateSystemOfTheDrawing) {
   const Scratch scratch;
   const Outcome run = runMorvane({"make", kRoom, "-o", scratch.path("a.dxf"), "--name", "turned", "--base", "1,2",
