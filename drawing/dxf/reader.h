@@ -59,7 +59,7 @@ private:
   std::uint64_t line_ = 0;
   std::vector<std::pair<OdString, OdDbObjectId>> renamed_; // records whose name was taken, by the name in the file
   OdDbObjectId sequence_;                                  // the entity whose attributes or vertices come now
-  bool again_ = false; // the record is to be met once more
+  bool again_ = false;                                     // the record is to be met once more
   bool sawSection_ = false;
   bool sawEnd_ = false;
   OdResult result_ = eOk;
