@@ -119,8 +119,10 @@ private:
 
 // The layer must be there, and is named as its record spells it.
 int setCurrentLayer(OdDbDatabase& database, const VariableValue& value) {
-  const OdDbObjectId layer = database.symbol(OdDb::kLayerTable, std::get<OdString>(value));
-  return database.setCLAYER(layer) == eOk ? RTNORM : RTREJ;
+  const auto* name = std::get_if<OdString>(&value); // a damaged header may hold anything else
+  if (name == nullptr)
+    return RTREJ;
+  return database.setCLAYER(database.symbol(OdDb::kLayerTable, *name)) == eOk ? RTNORM : RTREJ;
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "DbBlockTable.h"
 #include "DbCurves.h"
 #include "DbDictionary.h"
+#include "DbDimAssoc.h"
 #include "DbSortentsTable.h"
 #include "DbSymbolRecords.h"
 
@@ -161,6 +162,11 @@ TEST_F(OpenDrawing, VariablesAreItsHeader) {
   documents_.open(OdDbDatabase::create());
   mvsi::getVar(L"CLAYER", layer, true);
   EXPECT_EQ(layer, L"0");
+
+  OdDbDatabase* damaged = mvsi::mvsidbWorkingDatabase();
+  damaged->setHeaderInt("CLAYER", 70, 5);
+  EXPECT_EQ(mvsi::setVar(L"CLAYER", static_cast<short>(6), true), RTREJ);
+  EXPECT_EQ(damaged->headerInt("CLAYER"), 5);
 }
 
 class Selection : public OpenDrawing {
@@ -291,7 +297,11 @@ TEST_F(Selection, DimensionAssociationsHangInTheExtensionDictionary) {
   EXPECT_TRUE(association.isNull());
   const OdDbObjectId extension = first_.safeOpenObject(OdDb::kForWrite)->createExtensionDictionary();
   const OdSmartPtr<OdDbDictionary> dictionary = extension.safeOpenObject(OdDb::kForWrite);
-  const OdDbObjectId put = dictionary->setAt(L"ACAD_DIMASSOC", OdDbDictionary::createObject());
+  dictionary->setAt(L"ACAD_DIMASSOC", OdDbDictionary::createObject()); // of a damaged file
+  EXPECT_EQ(mvsi::mvdbGetDimAssocId(first_, association), RTERROR);
+  EXPECT_TRUE(association.isNull());
+  dictionary->remove(L"ACAD_DIMASSOC");
+  const OdDbObjectId put = dictionary->setAt(L"ACAD_DIMASSOC", OdDbDimAssoc::createObject());
   EXPECT_EQ(mvsi::mvdbGetDimAssocId(first_, association), 0);
   EXPECT_EQ(association, put);
 }
