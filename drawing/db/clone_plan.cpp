@@ -24,11 +24,7 @@ bool Cloner::closesCycle(const std::vector<OdDbObjectId>& primaries) const {
     if (const auto* reference = peekAs<OdDbBlockReference>(id))
       blocks.insert(reference->blockTableRecord());
   }
-  for (OdDbObjectId block : blocks) {
-    if (leadsTo(block, owner_))
-      return true;
-  }
-  return false;
+  return leadsTo({blocks.begin(), blocks.end()}, owner_);
 }
 
 void Cloner::plan(Item item) {
@@ -106,6 +102,9 @@ void Cloner::planNeeded(OdDbObjectId id) {
 // A block of the target may stand for one of the source unless it leads back to the block that is being filled. One
 // that is replaced leads nowhere but where its new contents do.
 bool Cloner::mayStandFor(OdDbObjectId present) const {
+  const auto* owner = peekAs<OdDbBlockTableRecord>(owner_);
+  if (owner == nullptr || !owner->wasReferenced()) // no walk through the drawing for every record
+    return true;
   return peekAs<OdDbBlockTableRecord>(present) == nullptr || !leadsTo(present, owner_);
 }
 
