@@ -7,7 +7,6 @@
 #include "morvane/drawing_tools.h"
 #include "morvane/result_codes.h"
 
-#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <vector>
@@ -16,13 +15,14 @@ namespace blockUtils {
 
 namespace {
 
-// Holds layers unlocked; locks them again in the order in which they were unlocked, whatever happens.
+// Holds layers unlocked; locks them again in the order in which they were unlocked, whatever happens, the host
+// giving out included.
 class UnlockedLayers {
 public:
   UnlockedLayers() = default;
   ~UnlockedLayers() {
-    for (const OdDbObjectId& layer : layers_)
-      LayerTools::lockOrUnlockLayer(layer, true);
+    for (const OdDbObjectId& id : layers_)
+      lock(id);
   }
   UnlockedLayers(const UnlockedLayers&) = delete;
   UnlockedLayers& operator=(const UnlockedLayers&) = delete;
@@ -33,13 +33,25 @@ public:
     const OdDbEntityPtr entity = OdDbEntity::cast(entityId.safeOpenObject().get());
     if (entity.isNull())
       return;
-    const OdDbObjectId layer = entity->layerId();
-    const bool known = std::find(layers_.begin(), layers_.end(), layer) != layers_.end();
-    if (!known && LayerTools::isLayerLocked(layer) && LayerTools::lockOrUnlockLayer(layer, false))
-      layers_.push_back(layer);
+    const OdDbObjectId id = entity->layerId();
+    const auto layer = OdDbLayerTableRecord::cast(id.safeOpenObject(OdDb::kForWrite).get());
+    if (layer.isNull() || !layer->isLocked())
+      return;
+    layers_.push_back(id);
+    layer->setIsLocked(false);
   }
 
 private:
+  // Opened past the host, whose every call may fail.
+  static void lock(const OdDbObjectId& id) noexcept {
+    try {
+      const auto layer = OdDbLayerTableRecord::cast(id.safeOpenObject(OdDb::kForWrite).get());
+      if (!layer.isNull())
+        layer->setIsLocked(true);
+    } catch (...) { // without memory for the undo record; the other layers still get their turn
+    }
+  }
+
   std::vector<OdDbObjectId> layers_;
 };
 

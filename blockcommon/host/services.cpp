@@ -100,9 +100,8 @@ int mvsiedGetUnitsFactor(int unitsCode, double* factor) {
 }
 
 int mvsiedFindFile(const wchar_t* fileName, wchar_t* found) {
-  const OdRxObjectPtr object = mv_arbitDict_getservice(kEditSystemServer);
   OdSmartPtr<MvEditSystemServer> service;
-  if (!object.isNull())
+  if (const OdRxObjectPtr object = mv_arbitDict_getservice(kEditSystemServer); !object.isNull())
     service = castService<MvEditSystemServer>(object);
   if (service.isNull()) {
     logMissingFindFile();

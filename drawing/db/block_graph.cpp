@@ -20,8 +20,11 @@ const OdDbBlockReference* livingReference(OdDbObjectId id) {
 } // namespace
 
 bool leadsTo(OdDbObjectId from, OdDbObjectId target) {
-  std::vector<OdDbObjectId> open{from};
-  std::unordered_set<OdDbObjectId> seen{from};
+  return leadsTo(std::vector{from}, target);
+}
+
+bool leadsTo(std::vector<OdDbObjectId> open, OdDbObjectId target) {
+  std::unordered_set<OdDbObjectId> seen(open.begin(), open.end());
   while (!open.empty()) {
     const OdDbObjectId at = open.back();
     open.pop_back();

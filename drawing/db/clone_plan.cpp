@@ -24,11 +24,7 @@ bool Cloner::closesCycle(const std::vector<OdDbObjectId>& primaries) const {
     if (const auto* reference = peekAs<OdDbBlockReference>(id))
       blocks.insert(reference->blockTableRecord());
   }
-  for (OdDbObjectId block : blocks) {
-    if (leadsTo(block, owner_))
-      return true;
-  }
-  return false;
+  return leadsTo({blocks.begin(), blocks.end()}, owner_);
 }
 
 void Cloner::plan(Item item) {
@@ -51,6 +47,12 @@ public:
 bool isPicture(const OdDbObject& object) {
   const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(&object);
   return block != nullptr && block->isAnonymous() && block->getName().left(2).iCompare(L"*D") == 0;
+}
+
+// The contents of a tab. A space answers to nothing of another drawing, although every drawing has some of these names.
+bool isSpace(const OdDbObject& object) {
+  const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(&object);
+  return block != nullptr && (block->isLayout() || (block->getName().left(1) == L"*" && !block->isAnonymous()));
 }
 
 } // namespace
@@ -79,6 +81,8 @@ void Cloner::planReferences(OdDbObject& object) {
     const OdDbObject* needed = peek(id);
     if (needed == nullptr || needed->isErased())
       continue;
+    if (isSpace(*needed) && !object.isKindOf(OdDbBlockReference::desc()))
+      continue; // only what draws a space needs its contents
     const bool picture = isPicture(*needed) && object.isKindOf(OdDbDimension::desc());
     if (crosses() || picture)
       planNeeded(id);
@@ -95,8 +99,12 @@ void Cloner::planNeeded(OdDbObjectId id) {
     planEntry(object);
 }
 
-// A block of the target may stand for one of the source unless it leads back to the block that is being filled.
+// A block of the target may stand for one of the source unless it leads back to the block that is being filled. One
+// that is replaced leads nowhere but where its new contents do.
 bool Cloner::mayStandFor(OdDbObjectId present) const {
+  const auto* owner = peekAs<OdDbBlockTableRecord>(owner_);
+  if (owner == nullptr || !owner->wasReferenced()) // no walk through the drawing for every record
+    return true;
   return peekAs<OdDbBlockTableRecord>(present) == nullptr || !leadsTo(present, owner_);
 }
 
@@ -123,14 +131,17 @@ void Cloner::planRecord(OdDbSymbolTableRecord& record) {
     return;
   Item item{record.objectId(), Action::Make, {}, tableId, record.getName(), false};
   const auto* block = dynamic_cast<OdDbBlockTableRecord*>(&record);
-  if (block != nullptr && block->isAnonymous()) {
+  if (isSpace(record)) {
+    item.name = L"*U"; // a reference draws it: a block of its own, and the target's space stays
+  } else if (block != nullptr && block->isAnonymous()) {
     item.name = record.getName().left(2); // numbered anew when it joins the table
   } else if (const OdDbObjectId present = table->getAt(record.getName()); !present.isNull()) {
-    if (present == owner_ || !mayStandFor(present)) {
+    const bool replaces = duplicates_ == OdDb::kDrcReplace;
+    if (present == owner_ || (!replaces && !mayStandFor(present))) {
       item.name = freeName(*table, record);
       tellRenamed(record.getName(), item.name);
     } else {
-      item.action = duplicates_ == OdDb::kDrcReplace ? Action::Replace : Action::Use;
+      item.action = replaces ? Action::Replace : Action::Use;
       item.target = present;
     }
   }

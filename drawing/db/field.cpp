@@ -223,7 +223,9 @@ void OdDbFieldList::writeGroups(const OdDbObject& object, drawing::GroupSink& si
 
 void OdDbFieldList::add(OdDbObjectId field) {
   assertWriteEnabled();
-  if (std::find(ids_.begin(), ids_.end(), field) == ids_.end())
+  if (known_.empty())
+    known_.insert(ids_.begin(), ids_.end());
+  if (known_.insert(field).second)
     ids_.push_back(field);
 }
 
@@ -235,10 +237,12 @@ OdDbObjectId OdDbFieldList::listOf(const OdDbDatabase& database) {
 
 void OdDbFieldList::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbObject::visitReferences(visitor);
+  known_.clear(); // the visitor may change them
   for (OdDbObjectId& id : ids_)
     visitor.visit(id, OdDb::kSoftPointerRef);
 }
 
 void OdDbFieldList::afterClone(const OdDbObject&, OdDbIdMapping&) {
+  known_.clear();
   dropNulls(ids_);
 }

@@ -93,6 +93,19 @@ bool LoadContext::integer(const Pair& pair, std::int64_t& value) {
   return true;
 }
 
+bool LoadContext::integer(const Pair& pair, std::int64_t& value, int bits) {
+  std::int64_t whole = 0;
+  if (!integer(pair, whole))
+    return false;
+  // Some programs write the bits of a negative number as a positive one.
+  if (whole < -(std::int64_t{1} << (bits - 1)) || whole >= std::int64_t{1} << bits) {
+    fail(pair, "the number is out of range");
+    return false;
+  }
+  value = whole;
+  return true;
+}
+
 std::string_view LoadContext::utf8(const Pair& pair) {
   return decoder_.decode(pair.text, buffer_);
 }
@@ -264,11 +277,11 @@ bool SectionReader::store(const Field& field, const Pair& pair) {
       *static_cast<bool*>(at) = whole != 0;
     return true;
   case FieldKind::Int16:
-    if (context_.integer(pair, whole))
+    if (context_.integer(pair, whole, 16))
       *static_cast<std::int16_t*>(at) = static_cast<std::int16_t>(whole);
     return true;
   case FieldKind::Int32:
-    if (context_.integer(pair, whole))
+    if (context_.integer(pair, whole, 32))
       *static_cast<std::int32_t*>(at) = static_cast<std::int32_t>(whole);
     return true;
   case FieldKind::Int64:

@@ -44,6 +44,8 @@ public:
   // the value alone.
   bool real(const Pair& pair, double& value);
   bool integer(const Pair& pair, std::int64_t& value);
+  // One that is out of range for so many bits fails the record, too.
+  bool integer(const Pair& pair, std::int64_t& value, int bits);
   std::string_view utf8(const Pair& pair); // valid until the next call
   OdString text(const Pair& pair) { return OdString::fromUtf8(utf8(pair)); }
   bool handle(const Pair& pair, std::uint64_t& value);

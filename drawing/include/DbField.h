@@ -4,6 +4,7 @@
 
 #include "DbObject.h"
 
+#include <unordered_set>
 #include <vector>
 
 class OdDbField;
@@ -66,5 +67,6 @@ private:
   static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
   std::vector<OdDbObjectId> ids_;
+  std::unordered_set<OdDbObjectId> known_; // the same, to add by; empty until it is needed
 };
 using OdDbFieldListPtr = OdSmartPtr<OdDbFieldList>;

@@ -145,6 +145,7 @@ private:
 
 struct ReplaceOptions {
   bool refuseExisting = false; // fails with EEXIST when the file is there, also when it comes while we write
+  bool ownerOnly = false;      // a file that was not there before may be read and written by its owner only
   bool keepBackup = false;     // the old file stays as the name with ".bak" behind, which replaces an older one
 };
 

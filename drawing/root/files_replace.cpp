@@ -207,7 +207,7 @@ FileError replaceFile(const std::string& path, const FileWriter& writer, Replace
   if (!error.ok())
     return error;
   BesideFile beside(operations, target.path);
-  error = beside.create(target.exists ? kOwnerOnly : kByUmask);
+  error = beside.create(target.exists || options.ownerOnly ? kOwnerOnly : kByUmask);
   if (error.ok())
     error = beside.fill(writer, target.exists ? &target.status : nullptr);
   if (error.ok() && options.keepBackup && target.exists)

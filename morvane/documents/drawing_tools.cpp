@@ -2,7 +2,7 @@
 #include "morvane/host.h"
 
 #include "DbBlockTable.h"
-#include "DbDictionary.h"
+#include "DbDimAssoc.h"
 #include "DbEntity.h"
 #include "DbSymbolRecords.h"
 
@@ -129,13 +129,8 @@ mvsi::MvsiApDocument* findDwgDoc(const OdString& path) {
 namespace mvsi {
 
 int mvdbGetDimAssocId(const OdDbObjectId& dimensionId, OdDbObjectId& associationId) {
-  associationId = OdDbObjectId();
-  const OdDbObjectPtr dimension = dimensionId.safeOpenObject();
-  if (morvane::admitCall("mvdbGetDimAssocId") == nullptr || dimension.isNull())
-    return RTERROR;
-  const auto dictionary = OdDbDictionary::cast(dimension->extensionDictionary().safeOpenObject());
-  if (!dictionary.isNull())
-    associationId = dictionary->getAt(L"ACAD_DIMASSOC");
+  const bool admitted = morvane::admitCall("mvdbGetDimAssocId") != nullptr;
+  associationId = admitted ? OdDbDimAssoc::associationOf(dimensionId) : OdDbObjectId();
   return associationId.isNull() ? RTERROR : 0;
 }
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 namespace morvane::documents {
 namespace {
@@ -20,15 +21,14 @@ struct Absent {
   VariableValue value;
 };
 
-const std::array<Absent, 6>& absentVariables() {
+const std::array<Absent, 5>& absentVariables() {
   const auto small = [](int value) { return VariableValue(static_cast<std::int16_t>(value)); };
-  static const std::array<Absent, 6> table = {{
+  static const std::array<Absent, 5> table = {{
       {"INSUNITS", 70, small(0)},
       {"CLAYER", 8, OdString(L"0")},
       {"INSBASE", 10, VariablePoint3d{}},
       {"XEDIT", 290, small(1)},
       {"TILEMODE", 70, small(1)},
-      {"CANNOSCALE", 300, OdString(L"1:1")},
   }};
   return table;
 }
@@ -62,6 +62,14 @@ std::optional<VariableValue> pointIn(const GroupList& groups) {
   return point;
 }
 
+// Nothing for a number that a damaged file has too large.
+template <class T>
+std::optional<VariableValue> narrowed(std::int64_t value) {
+  if (value < std::numeric_limits<T>::min() || value > std::numeric_limits<T>::max())
+    return std::nullopt;
+  return static_cast<T>(value);
+}
+
 std::optional<VariableValue> valueIn(const GroupList& groups) {
   if (groups.size() > 1)
     return pointIn(groups);
@@ -71,9 +79,9 @@ std::optional<VariableValue> valueIn(const GroupList& groups) {
   switch (group.kind) {
   case GroupKind::Int16:
   case GroupKind::Bool:
-    return static_cast<std::int16_t>(group.integer);
+    return narrowed<std::int16_t>(group.integer);
   case GroupKind::Int32:
-    return static_cast<std::int32_t>(group.integer);
+    return narrowed<std::int32_t>(group.integer);
   case GroupKind::Real:
     return group.real;
   case GroupKind::Text:
@@ -119,14 +127,31 @@ private:
 
 // The layer must be there, and is named as its record spells it.
 int setCurrentLayer(OdDbDatabase& database, const VariableValue& value) {
-  const OdDbObjectId layer = database.symbol(OdDb::kLayerTable, std::get<OdString>(value));
-  return database.setCLAYER(layer) == eOk ? RTNORM : RTREJ;
+  const auto* name = std::get_if<OdString>(&value); // a damaged header may hold anything else
+  if (name == nullptr)
+    return RTREJ;
+  return database.setCLAYER(database.symbol(OdDb::kLayerTable, *name)) == eOk ? RTNORM : RTREJ;
+}
+
+// The current scale is not in the header but among the drawing's dictionaries.
+constexpr std::string_view kCurrentScale = "CANNOSCALE";
+
+OdString currentScale(const OdDbDatabase& database) {
+  const OdString name = database.dictionaryVar(L"CANNOSCALE");
+  return name.isEmpty() ? OdString(L"1:1") : name;
+}
+
+int setCurrentScale(OdDbDatabase& database, const VariableValue& value) {
+  const auto* name = std::get_if<OdString>(&value);
+  return name != nullptr && database.setCannoscale(*name) == eOk ? RTNORM : RTREJ;
 }
 
 } // namespace
 
 std::optional<VariableValue> HeaderVariables::get(std::wstring_view name) const {
   const std::string key = asciiName(name);
+  if (key == kCurrentScale)
+    return currentScale(*database_);
   if (const GroupList* groups = database_->headerVar(key))
     return valueIn(*groups);
   const Absent* absent = findAbsent(key);
@@ -139,6 +164,8 @@ int HeaderVariables::set(std::wstring_view name, const VariableValue& value) {
     return RTREJ;
   if (key == "CLAYER")
     return setCurrentLayer(*database_, value);
+  if (key == kCurrentScale)
+    return setCurrentScale(*database_, value);
   const GroupList* held = database_->headerVar(key);
   const Absent* absent = findAbsent(key);
   const int code = held != nullptr ? (*held)[0].code : absent->code;

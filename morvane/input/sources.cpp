@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <istream>
+#include <utility>
 
 namespace morvane {
 namespace {
@@ -28,6 +29,8 @@ ReadStatus StreamSource::readLine(const OdString&, OdString& line) {
   do {
     if (!std::getline(stream_, bytes))
       return ReadStatus::kEnd;
+    if (!std::exchange(started_, true) && bytes.starts_with(kByteOrderMark))
+      bytes.erase(0, kByteOrderMark.size());
   } while (script_ && bytes.starts_with(';'));
   line = OdString::fromUtf8(withoutReturn(bytes));
   return ReadStatus::kLine;

@@ -269,6 +269,29 @@ TEST_F(Creation, TurnsDimensionsAndTakesTheirAssociationsAlong) {
   EXPECT_EQ(blockUtils::postDimAssoc(none, clone, newId), -5001);
 }
 
+// Whatever call of the host fails, a layer that was locked before is locked afterwards.
+TEST_F(Creation, PostingLocksLayersAgainWhereverTheHostGivesOut) {
+  const auto dimension = OdDbRotatedDimension::createObject();
+  const OdDbObjectId id = append(dimension.get(), *database_);
+  const auto association = OdDbDimAssoc::createObject();
+  association->setDimObjId(id);
+  OdDbObjectId posted;
+  ASSERT_EQ(association->post(id, posted, true), 0);
+  const OdDbObjectId layer = addLayer(*database_, L"locked");
+  forWrite<OdDbEntity>(id)->setLayer(layer);
+  forWrite<OdDbLayerTableRecord>(layer)->setIsLocked(true);
+  morvane::FaultyHost faulty;
+  for (int n = 1;; ++n) {
+    faulty.failCall(n);
+    OdSmartPtr<OdDbDimAssoc> again = forWrite<OdDbDimAssoc>(posted);
+    OdDbObjectId newId;
+    blockUtils::postDimAssoc(again, id, newId);
+    ASSERT_TRUE(forRead<OdDbLayerTableRecord>(layer)->isLocked()) << n;
+    if (faulty.allPassed())
+      break;
+  }
+}
+
 TEST_F(Creation, TransformsSkipDuplicatesAsTheyStand) {
   OdDbObjectIdArray ids;
   ids.append(line({1, 0, 0}, {2, 0, 0}));

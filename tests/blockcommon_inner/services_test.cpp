@@ -130,6 +130,28 @@ TEST(ServiceAccess, AServiceThatLeavesDuringItsCallLivesToTheEndOfIt) {
   EXPECT_TRUE(LeavingEditGet::gone);
 }
 
+// Counts its references while it is called.
+class CountingEditSystem : public MvEditSystemServer {
+public:
+  int mvsiedSetVar(const wchar_t*, const mvsiresbuf*) override { return count(); }
+  int mvsiedGetVar(const wchar_t*, mvsiresbuf*) override { return count(); }
+  int mvsiedGetUnitsFactor(int, double*) override { return count(); }
+  int mvsiedFindFile(const wchar_t*, wchar_t*) override { return count(); }
+
+private:
+  int count() const { return static_cast<int>(numRefs()); }
+};
+
+TEST(ServiceAccess, EveryCallHoldsOneReference) {
+  ScriptedHost host;
+  mv_arbitDict_register(kEditSystemServer, new CountingEditSystem);
+  for (const Wrapper& wrapper : allWrappers()) {
+    if (wrapper.service == kEditSystemServer) {
+      EXPECT_EQ(wrapper.call(), 2) << wrapper.name; // the dictionary's and the call's
+    }
+  }
+}
+
 TEST(FindFile, LogsOnceWhenNothingUsableIsThere) {
   ScriptedHost host;
   wchar_t found[8];

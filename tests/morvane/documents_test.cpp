@@ -1,9 +1,11 @@
 // Documents and what hangs on the current one: the working database, the UCS, header variables, selection sets, layers.
 #include "morvane/testing.h"
 
+#include "DbAnnotationScale.h"
 #include "DbBlockTable.h"
 #include "DbCurves.h"
 #include "DbDictionary.h"
+#include "DbDimAssoc.h"
 #include "DbSortentsTable.h"
 #include "DbSymbolRecords.h"
 
@@ -26,6 +28,15 @@ OdDbObjectId addLayer(OdDbDatabase* database, const OdString& name) {
   const OdDbLayerTableRecordPtr layer = OdDbLayerTableRecord::createObject();
   layer->setName(name);
   return table->add(layer);
+}
+
+void addScale(OdDbDatabase* database, const OdString& name, double paper, double drawing) {
+  const OdSmartPtr<OdDbDictionary> root = database->getNamedObjectsDictionaryId().safeOpenObject();
+  const OdSmartPtr<OdDbDictionary> scales = root->getAt(L"ACAD_SCALELIST").safeOpenObject(OdDb::kForWrite);
+  const OdSmartPtr<OdDbScale> scale = OdDbScale::createObject();
+  scale->setScaleName(name);
+  scale->setUnits(paper, drawing);
+  scales->setAt(name, scale);
 }
 
 class OpenDrawing : public testing::Test {
@@ -161,6 +172,24 @@ TEST_F(OpenDrawing, VariablesAreItsHeader) {
   documents_.open(OdDbDatabase::create());
   mvsi::getVar(L"CLAYER", layer, true);
   EXPECT_EQ(layer, L"0");
+
+  // The scale that annotative blocks follow is the one that the variable names.
+  const OdString half = L"1:2";
+  addScale(mvsi::mvsidbWorkingDatabase(), half, 1, 2);
+  EXPECT_EQ(mvsi::setVar(L"CANNOSCALE", half, true), RTNORM);
+  EXPECT_EQ(mvsi::mvsidbWorkingDatabase()->cannoscale()->getName(), half);
+  EXPECT_EQ(mvsi::setVar(L"CANNOSCALE", OdString(L"no such scale"), true), RTREJ);
+  EXPECT_EQ(mvsi::getVar(L"cannoscale", layer, true), RTNORM);
+  EXPECT_EQ(layer, half);
+
+  OdDbDatabase* damaged = mvsi::mvsidbWorkingDatabase();
+  damaged->setHeaderInt("CLAYER", 70, 5);
+  EXPECT_EQ(mvsi::setVar(L"CLAYER", static_cast<short>(6), true), RTREJ);
+  EXPECT_EQ(damaged->headerInt("CLAYER"), 5);
+  damaged->setHeaderInt("INSUNITS", 70, 65536 + 6);
+  units = -1;
+  EXPECT_EQ(mvsi::getVar(L"INSUNITS", units), RTERROR);
+  EXPECT_EQ(units, -1);
 }
 
 class Selection : public OpenDrawing {
@@ -291,7 +320,11 @@ TEST_F(Selection, DimensionAssociationsHangInTheExtensionDictionary) {
   EXPECT_TRUE(association.isNull());
   const OdDbObjectId extension = first_.safeOpenObject(OdDb::kForWrite)->createExtensionDictionary();
   const OdSmartPtr<OdDbDictionary> dictionary = extension.safeOpenObject(OdDb::kForWrite);
-  const OdDbObjectId put = dictionary->setAt(L"ACAD_DIMASSOC", OdDbDictionary::createObject());
+  dictionary->setAt(L"ACAD_DIMASSOC", OdDbDictionary::createObject()); // of a damaged file
+  EXPECT_EQ(mvsi::mvdbGetDimAssocId(first_, association), RTERROR);
+  EXPECT_TRUE(association.isNull());
+  dictionary->remove(L"ACAD_DIMASSOC");
+  const OdDbObjectId put = dictionary->setAt(L"ACAD_DIMASSOC", OdDbDimAssoc::createObject());
   EXPECT_EQ(mvsi::mvdbGetDimAssocId(first_, association), 0);
   EXPECT_EQ(association, put);
 }

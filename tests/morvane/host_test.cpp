@@ -1,5 +1,6 @@
 // The host's services, printing, variables, configuration and files as a command module meets them.
 #include "morvane/testing.h"
+#include "tests/support/failing_files.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -290,6 +291,18 @@ TEST(ReplaceFile, KeepsModeAndLinksAndLeavesNothingBeside) {
   fs::create_directory(folder.at("taken"));
   EXPECT_NE(morvane::replaceFileSafely(folder.at("taken"), "x"), "");
   EXPECT_EQ(std::distance(fs::directory_iterator(folder.at(".")), {}), 3);
+  EXPECT_EQ(morvane::replaceFileSafely(folder.at("fresh"), "x"), "");
+  EXPECT_EQ(fs::status(folder.at("fresh")).permissions(), fs::perms(0600));
+  int n = 1; // settings are saved through the same file operations as drawings
+  for (;; ++n) {
+    test_support::FailingFiles files(drawing::fileOperations(), n, ENOSPC);
+    const test_support::UsedFiles used(files);
+    if (morvane::replaceFileSafely(folder.at("real"), "newest").empty())
+      break;
+    EXPECT_EQ(readFile(folder.at("real")), "new") << n;
+  }
+  EXPECT_GT(n, 5); // each of the calls before the new file is in place
+  EXPECT_EQ(readFile(folder.at("real")), "newest");
 }
 
 TEST(Paths, MapDrivesAndBackslashesBothWays) {

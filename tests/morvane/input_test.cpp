@@ -127,7 +127,7 @@ TEST(Input, BlanksEndAnswersInScriptsUnlessTheyAreAllowed) {
 
 TEST(Input, PipedScriptsHoldCommentsAndARestCanBeDropped) {
   ScriptedHost host;
-  std::istringstream pipe("; a comment\none two three\n;\nfour\n");
+  std::istringstream pipe("\xEF\xBB\xBF; a comment\none two three\n;\nfour\n");
   host.host().input().pushSource(std::make_shared<morvane::StreamSource>(pipe, true));
   EXPECT_EQ(askText(0).text, L"one");
   host.host().input().dropRestOfLine();

@@ -17,7 +17,7 @@ namespace morvane {
 // empty, or the reason of the failure. Paths and reasons are UTF-8.
 using ReplaceFile = std::function<std::string(const std::string& path, std::string_view bytes)>;
 
-// Writes beside the file, syncs, renames, and syncs the folder. A new file may be read by its owner only.
+// As drawings are saved (drawing::replaceFile). A new file may be read by its owner only.
 MORVANE_API std::string replaceFileSafely(const std::string& path, std::string_view bytes);
 
 // Drawings speak backslashes and drive letters; this is the only place that turns them into paths of this system.

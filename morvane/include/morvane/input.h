@@ -41,6 +41,7 @@ public:
 private:
   std::istream& stream_;
   bool script_;
+  bool started_ = false;
 };
 
 // The lines of a script; those that begin with ';' are comments.

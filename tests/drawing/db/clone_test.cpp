@@ -225,6 +225,50 @@ TEST_F(CloneBetween, NeverReplacesTheBlockThatIsFilled) {
   expectRoundTrip(*target_);
 }
 
+// What is replaced cannot lead back any more: it is replaced like any other.
+TEST_F(CloneBetween, ReplacesABlockThatHeldTheOneThatIsFilled) {
+  const OdDbObjectId lamp = addBlock(*target_, L"lamp");
+  const OdDbObjectId door = addBlock(*target_, L"door");
+  addReference(*target_, lamp, door);
+  ASSERT_EQ(clone(lamp, OdDb::kDrcReplace), eOk);
+  EXPECT_EQ(forRead<OdDbBlockReference>(contentsOf(lamp)[0])->blockTableRecord(), door);
+  ASSERT_EQ(contentsOf(door).size(), 1u);
+  EXPECT_EQ(forRead<OdDbBlockReference>(contentsOf(door)[0])->blockTableRecord(),
+            target_->symbol(OdDb::kBlockTable, L"hinge"));
+  expectSound(*target_);
+  expectRoundTrip(*target_);
+}
+
+// A drawing's spaces are its own, although every drawing names them alike.
+TEST_F(CloneBetween, NeverReplacesASpace) {
+  addText(*source_, L"theirs", source_->getPaperSpaceId());
+  const OdDbObjectId ours = addText(*target_, L"ours", target_->getPaperSpaceId());
+  const OdDbObjectId drawing = addReference(*source_, source_->getPaperSpaceId());
+  const OdDbObjectId pointing = addLine(*source_, {0, 0, 0}, {1, 0, 0});
+  {
+    const auto dictionary = forWrite<OdDbDictionary>(forWrite<OdDbLine>(pointing)->createExtensionDictionary());
+    const OdSmartPtr<OdDbXrecord> record = OdDbXrecord::createObject();
+    record->groupsForWrite().reference(340, source_->getModelSpaceId());
+    dictionary->setAt(L"NOTE", record);
+  }
+  for (const OdDb::DuplicateRecordCloning mode : {OdDb::kDrcReplace, OdDb::kDrcIgnore}) {
+    OdDbIdMapping mapping;
+    OdDbObjectIdArray ids;
+    ids.append(pointing);
+    ids.append(drawing);
+    const OdDbObjectId lamp = addBlock(*target_, mode == OdDb::kDrcReplace ? L"lamp" : L"lantern");
+    ASSERT_EQ(source_->wblockCloneObjects(ids, lamp, mapping, mode), eOk);
+    ASSERT_EQ(contentsOf(target_->getPaperSpaceId()).size(), 1u);
+    EXPECT_EQ(contentsOf(target_->getPaperSpaceId())[0], ours);
+    EXPECT_TRUE(contentsOf(target_->getModelSpaceId()).isEmpty());
+    const auto copy = forRead<OdDbBlockReference>(mapping.valueOf(drawing));
+    EXPECT_TRUE(forRead<OdDbBlockTableRecord>(copy->blockTableRecord())->isAnonymous());
+    EXPECT_EQ(contentsOf(copy->blockTableRecord()).size(), 1u);
+  }
+  expectSound(*target_);
+  expectRoundTrip(*target_);
+}
+
 TEST_F(CloneBetween, RenewsAnonymousNames) {
   const OdDbObjectId theirs = addBlock(*source_, L"*U");
   const OdString name = forRead<OdDbBlockTableRecord>(theirs)->getName();
