@@ -85,6 +85,8 @@ void OdDbObject::setOwnerId(OdDbObjectId owner) {
 OdResult OdDbObject::erase(bool erasing) {
   if (erased_ == erasing)
     return eWasErased;
+  if (const OdResult reason = erasing ? eOk : mayComeBack(); reason != eOk)
+    return reason;
   // What an object owns shares its fate; the list is walked because ownership may nest to any depth.
   std::vector<OdDbObjectId> owned;
   std::unordered_set<OdDbObjectId> seen{id_};

@@ -170,6 +170,12 @@ void OdDbSymbolTableRecord::setFlag(std::int16_t bit, bool on) {
   flags_ = static_cast<std::int16_t>(on ? flags_ | bit : flags_ & ~bit);
 }
 
+OdResult OdDbSymbolTableRecord::mayComeBack() const {
+  const auto* table = drawing::db::peekAs<OdDbSymbolTable>(ownerId());
+  const bool mayRepeat = name_.isEmpty() || tableKind() == OdDb::kViewportTable;
+  return table != nullptr && !mayRepeat && table->has(name_) ? eDuplicateRecordName : eOk;
+}
+
 void OdDbSymbolTableRecord::afterErase(bool erasing) {
   if (auto* table = drawing::db::peekAs<OdDbSymbolTable>(ownerId()))
     table->memberErased(*this, erasing);

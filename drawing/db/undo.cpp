@@ -22,9 +22,17 @@ void Undo::startGroup() {
   ++position_;
 }
 
+bool Undo::records() {
+  if (disabled_)
+    return false;
+  if (canRedo())
+    startGroup();
+  return position_ > 0;
+}
+
 void Undo::objectChanges(OdDbObject& object) {
   ++changes_;
-  if (!recording() || object.undoMark_ == current().mark)
+  if (!records() || object.undoMark_ == current().mark)
     return;
   object.undoMark_ = current().mark;
   Entry entry{Entry::State, object.objectId(), nullptr, 0, {}, false};
@@ -34,7 +42,7 @@ void Undo::objectChanges(OdDbObject& object) {
 
 void Undo::objectAdded(OdDbObject& object) {
   ++changes_;
-  if (!recording())
+  if (!records())
     return;
   object.undoMark_ = current().mark;
   current().entries.push_back({Entry::Added, object.objectId(), nullptr, 0, {}, false});
@@ -42,7 +50,7 @@ void Undo::objectAdded(OdDbObject& object) {
 
 void Undo::listGrows(OdDbObject& container, std::size_t length) {
   ++changes_;
-  if (!recording())
+  if (!records())
     return;
   IdList& list = *container.memberList();
   if (std::exchange(list.undoMark, current().mark) != current().mark)

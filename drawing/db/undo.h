@@ -45,7 +45,9 @@ private:
     std::vector<Entry> entries;
   };
 
-  bool recording() const { return position_ > 0 && !disabled_; }
+  // Whether a change is recorded. One that comes while steps could be done again begins a step of its own: those
+  // steps lead on from a state that is gone.
+  bool records();
   Group& current() { return groups_[position_ - 1]; }
   void takeBack(Entry& entry);
   void bringForward(Entry& entry);

@@ -62,7 +62,8 @@ public:
   bool isDBRO() const { return !id_.isNull(); }
 
   bool isErased() const { return erased_; }
-  // Erases the object and what it owns, or brings them back. Answers eWasErased when it is in that state already.
+  // Erases the object and what it owns, or brings them back. Answers eWasErased when it is in that state already, and
+  // eDuplicateRecordName for a record whose name another one has by now.
   OdResult erase(bool erasing = true);
 
   bool isReadEnabled() const { return true; }
@@ -122,6 +123,7 @@ protected:
   OdDbObject& operator=(const OdDbObject& other); // state without identity
   void onLastRelease() const override;
   virtual void afterErase(bool erasing);
+  virtual OdResult mayComeBack() const { return eOk; }
 
 private:
   friend class OdDbDatabase;

@@ -37,6 +37,11 @@ TEST(SymbolTable, ErasingFreesTheNameAndKeepsTheOrder) {
   EXPECT_FALSE(second.isNull());
   EXPECT_EQ(names(database->getLayerTableId()), (std::vector<OdString>{L"0", L"a", L"B"}));
   EXPECT_EQ(layer(*database, L"a"), a);
+  const auto erased = b.safeOpenObject(OdDb::kForWrite, true);
+  EXPECT_EQ(erased->erase(false), eDuplicateRecordName);
+  forWrite<OdDbLayerTableRecord>(second)->erase();
+  EXPECT_EQ(erased->erase(false), eOk);
+  EXPECT_EQ(layer(*database, L"B"), b);
 }
 
 TEST(SymbolTable, RenamingMovesTheNameAndRefusesATakenOne) {

@@ -109,6 +109,12 @@ TEST(Undo, StepsGoBackAndForthAndANewOneEndsTheWayForward) {
   database->rollback();
   EXPECT_EQ(value(), OdString(L"1"));
   EXPECT_FALSE(database->hasRedo()) << "a rolled back step does not come again";
+
+  ASSERT_EQ(database->undo(), eOk); // everything is taken back: a change without a mark is a step of its own
+  forWrite<OdDbText>(text)->setTextString(L"unmarked");
+  EXPECT_FALSE(database->hasRedo());
+  ASSERT_EQ(database->undo(), eOk);
+  EXPECT_EQ(value(), OdString(L"0"));
 }
 
 TEST(Undo, NothingIsRecordedBeforeTheFirstMarkOrWhileSwitchedOff) {
