@@ -1,5 +1,6 @@
 #include "DbAnnotationScale.h"
 
+#include "db/setters.h"
 #include <cmath>
 
 ODDB_DEFINE_MEMBERS(OdDbScale, OdDbObject, "SCALE");
@@ -15,10 +16,7 @@ const drawing::Description& OdDbScale::ownDescription() {
   return description;
 }
 
-void OdDbScale::setScaleName(const OdString& name) {
-  assertWriteEnabled();
-  name_ = name;
-}
+MVDB_SETTER(OdDbScale, setScaleName, const OdString&, name_)
 
 void OdDbScale::setUnits(double paper, double drawing) {
   assertWriteEnabled();

@@ -16,15 +16,11 @@
 
 namespace drawing {
 
+using db::lives;
 using db::peek;
 using db::peekAs;
 
 namespace {
-
-bool lives(OdDbObjectId id) {
-  const OdDbObject* object = peek(id);
-  return object != nullptr && !object->isErased();
-}
 
 // References that lead nowhere, or out of the drawing.
 class BrokenReferences final : public ReferenceVisitor {

@@ -47,8 +47,7 @@ private:
   void ensureTable(OdDb::SymbolTableKind kind) {
     if (peek(database_.getSymbolTableId(kind)) != nullptr)
       return;
-    OdDbSymbolTable* made = kind == OdDb::kBlockTable ? new OdDbBlockTable : new OdDbSymbolTable;
-    made->setKind(kind);
+    OdDbSymbolTable* made = newTable(kind);
     database_.adoptTable(kind, database_.addOdDbObject(made));
     made_.push_back(std::string("table ") + tableDxfName(kind));
   }

@@ -7,6 +7,7 @@
 #include "DbSortentsTable.h"
 #include "db/block_graph.h"
 #include "db/load_context.h"
+#include "db/setters.h"
 #include "db/store.h"
 #include "db/undo.h"
 
@@ -76,19 +77,13 @@ OdDbEntityPtr OdDbObjectIterator::entity(OdDb::OpenMode mode, bool openErased) c
   return walk_.object(mode, openErased);
 }
 
-#define SET_PROPERTY(setter, type, member)                                                                             \
-  void OdDbBlockTableRecord::setter(type value) {                                                                      \
-    assertWriteEnabled();                                                                                              \
-    member = value;                                                                                                    \
-  }
-SET_PROPERTY(setOrigin, const OdGePoint3d&, origin_)
-SET_PROPERTY(setComments, const OdString&, comments_)
-SET_PROPERTY(setPathName, const OdString&, path_)
-SET_PROPERTY(setBlockInsertUnits, OdDb::UnitsValue, units_)
-SET_PROPERTY(setExplodable, bool, explodable_)
-SET_PROPERTY(setLayoutId, OdDbObjectId, layout_)
-SET_PROPERTY(setPreviewIcon, const std::string&, preview_)
-#undef SET_PROPERTY
+MVDB_SETTER(OdDbBlockTableRecord, setOrigin, const OdGePoint3d&, origin_)
+MVDB_SETTER(OdDbBlockTableRecord, setComments, const OdString&, comments_)
+MVDB_SETTER(OdDbBlockTableRecord, setPathName, const OdString&, path_)
+MVDB_SETTER(OdDbBlockTableRecord, setBlockInsertUnits, OdDb::UnitsValue, units_)
+MVDB_SETTER(OdDbBlockTableRecord, setExplodable, bool, explodable_)
+MVDB_SETTER(OdDbBlockTableRecord, setLayoutId, OdDbObjectId, layout_)
+MVDB_SETTER(OdDbBlockTableRecord, setPreviewIcon, const std::string&, preview_)
 
 OdResult OdDbBlockTableRecord::setBlockScaling(BlockScaling scaling) {
   assertWriteEnabled();

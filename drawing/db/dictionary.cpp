@@ -5,6 +5,7 @@
 #include "db/load_context.h"
 #include "db/store.h"
 
+#include "db/setters.h"
 #include <algorithm>
 
 using drawing::field;
@@ -101,10 +102,7 @@ OdString OdDbDictionary::nameAt(OdDbObjectId id) const {
   return {};
 }
 
-void OdDbDictionary::setTreatElementsAsHard(bool hard) {
-  assertWriteEnabled();
-  hardOwner_ = hard;
-}
+MVDB_SETTER(OdDbDictionary, setTreatElementsAsHard, bool, hardOwner_)
 
 void OdDbDictionary::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbObject::visitReferences(visitor);
@@ -177,10 +175,7 @@ const drawing::Description& OdDbDictionaryVar::ownDescription() {
   return description;
 }
 
-void OdDbDictionaryVar::setValue(const OdString& value) {
-  assertWriteEnabled();
-  value_ = value;
-}
+MVDB_SETTER(OdDbDictionaryVar, setValue, const OdString&, value_)
 
 const drawing::Description& OdDbHeader::ownDescription() {
   return OdDbObject::ownDescription();

@@ -13,13 +13,10 @@
 
 namespace drawing {
 
+using db::lives;
 using db::peekAs;
 
 namespace {
-
-bool lives(const OdDbObject* object) {
-  return object != nullptr && !object->isErased();
-}
 
 // Names of all objects: each is called by its owner's name and its place there. Owners are named before what they own,
 // in waves, so that no depth of ownership matters.
@@ -49,7 +46,7 @@ public:
 
 private:
   void give(OdDbObjectId id, const std::string& name) {
-    if (lives(db::peek(id)) && names_.emplace(id, name).second)
+    if (lives(id) && names_.emplace(id, name).second)
       open_.push_back(id);
   }
 
@@ -60,7 +57,7 @@ private:
     give(id, table->dxfName());
     std::size_t ordinal = 0;
     for (OdDbObjectId member : table->members().ids()) {
-      if (!lives(db::peek(member)))
+      if (!lives(member))
         continue;
       std::string name = table->dxfName() + "/" + symbolName(member).toUtf8Lossless();
       if (names_.find(member) == names_.end() && !unique_.insert({name, 0}).second)
@@ -79,7 +76,7 @@ private:
     object.ownedObjects(owned);
     std::size_t ordinal = 0;
     for (OdDbObjectId id : owned) {
-      if (lives(db::peek(id)))
+      if (lives(id))
         give(id, name + "#" + std::to_string(ordinal++));
     }
   }
@@ -155,7 +152,7 @@ void dumpExtras(const OdDbObject& object, DumpSink& sink) {
   if (extras == nullptr)
     return;
   extras->applicationGroups.writeTo(sink);
-  if (lives(db::peek(extras->extensionDictionary)))
+  if (lives(extras->extensionDictionary))
     sink.reference(360, extras->extensionDictionary);
   for (OdDbObjectId id : extras->reactors)
     sink.reference(330, id);

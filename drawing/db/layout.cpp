@@ -1,4 +1,5 @@
 #include "DbLayout.h"
+#include "db/setters.h"
 
 using drawing::field;
 
@@ -21,17 +22,6 @@ const drawing::Description& OdDbLayout::ownDescription() {
   return description;
 }
 
-void OdDbLayout::setLayoutName(const OdString& name) {
-  assertWriteEnabled();
-  name_ = name;
-}
-
-void OdDbLayout::setTabOrder(std::int16_t order) {
-  assertWriteEnabled();
-  tabOrder_ = order;
-}
-
-void OdDbLayout::setBlockTableRecordId(OdDbObjectId block) {
-  assertWriteEnabled();
-  block_ = block;
-}
+MVDB_SETTER(OdDbLayout, setLayoutName, const OdString&, name_)
+MVDB_SETTER(OdDbLayout, setTabOrder, std::int16_t, tabOrder_)
+MVDB_SETTER(OdDbLayout, setBlockTableRecordId, OdDbObjectId, block_)

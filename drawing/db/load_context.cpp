@@ -185,8 +185,7 @@ OdDbObjectId LoadContext::symbol(OdDb::SymbolTableKind kind, const Pair& pair) {
 OdDbSymbolTable& LoadContext::table(OdDb::SymbolTableKind kind, OdDbHandle handle) {
   if (auto* present = db::peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind)))
     return *present;
-  OdDbSymbolTable* made = kind == OdDb::kBlockTable ? new OdDbBlockTable : new OdDbSymbolTable;
-  made->setKind(kind);
+  OdDbSymbolTable* made = db::newTable(kind);
   database_.adoptTable(kind, database_.store().add(made, handle));
   return *made;
 }

@@ -6,6 +6,7 @@
 #include "db/load_context.h"
 #include "db/store.h"
 
+#include "db/setters.h"
 #include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
@@ -43,10 +44,7 @@ void OdDbSortentsTable::writeGroups(const OdDbObject& object, drawing::GroupSink
   }
 }
 
-void OdDbSortentsTable::setBlockId(OdDbObjectId block) {
-  assertWriteEnabled();
-  block_ = block;
-}
+MVDB_SETTER(OdDbSortentsTable, setBlockId, OdDbObjectId, block_)
 
 OdDbHandle OdDbSortentsTable::sortHandle(OdDbObjectId entity) const {
   for (const Entry& entry : entries_) {

@@ -91,6 +91,13 @@ inline OdDbObject* peek(OdDbObjectId id) {
   return store != nullptr && store->holds(id.number()) ? store->object(id) : nullptr;
 }
 
+inline bool lives(const OdDbObject* object) {
+  return object != nullptr && !object->isErased();
+}
+inline bool lives(OdDbObjectId id) {
+  return lives(peek(id));
+}
+
 // The same as a class, null when it is another kind. T must be what isKindOf says.
 template <class T>
 T* peekAs(OdDbObjectId id) {

@@ -45,4 +45,10 @@ OdDb::SymbolTableKind tableKindOf(const OdRxClass* recordClass) {
   return static_cast<OdDb::SymbolTableKind>(kind);
 }
 
+OdDbSymbolTable* newTable(OdDb::SymbolTableKind kind) {
+  OdDbSymbolTable* made = kind == OdDb::kBlockTable ? new OdDbBlockTable : new OdDbSymbolTable;
+  made->setKind(kind);
+  return made;
+}
+
 } // namespace drawing::db

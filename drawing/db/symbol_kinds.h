@@ -3,11 +3,15 @@
 
 #include "DbObject.h"
 
+class OdDbSymbolTable;
+
 namespace drawing::db {
 
 OdRxClass* recordClass(OdDb::SymbolTableKind kind);
 const char* tableDxfName(OdDb::SymbolTableKind kind);        // VPORT, LTYPE ...; also the name of the table's records
 OdDb::SymbolTableKind tableKindOf(std::string_view dxfName); // kNoTable for no table's name
 OdDb::SymbolTableKind tableKindOf(const OdRxClass* recordClass);
+
+OdDbSymbolTable* newTable(OdDb::SymbolTableKind kind); // empty and free
 
 } // namespace drawing::db

@@ -1,6 +1,7 @@
 #include "DbSymbolRecords.h"
 
 #include "DbDatabase.h"
+#include "db/setters.h"
 
 using drawing::field;
 using drawing::Section;
@@ -39,10 +40,7 @@ void OdDbLayerTableRecord::setIsOff(bool off) {
     color_ = static_cast<std::int16_t>(-color_);
 }
 
-void OdDbLayerTableRecord::setIsPlottable(bool plottable) {
-  assertWriteEnabled();
-  plottable_ = plottable;
-}
+MVDB_SETTER(OdDbLayerTableRecord, setIsPlottable, bool, plottable_)
 
 OdCmColor OdDbLayerTableRecord::color() const {
   return {static_cast<std::int16_t>(color_ < 0 ? -color_ : color_), trueColor_};
@@ -54,15 +52,8 @@ void OdDbLayerTableRecord::setColor(const OdCmColor& color) {
   trueColor_ = color.trueColor;
 }
 
-void OdDbLayerTableRecord::setLinetypeObjectId(OdDbObjectId linetype) {
-  assertWriteEnabled();
-  linetype_ = linetype;
-}
-
-void OdDbLayerTableRecord::setLineWeight(std::int16_t weight) {
-  assertWriteEnabled();
-  lineWeight_ = weight;
-}
+MVDB_SETTER(OdDbLayerTableRecord, setLinetypeObjectId, OdDbObjectId, linetype_)
+MVDB_SETTER(OdDbLayerTableRecord, setLineWeight, std::int16_t, lineWeight_)
 
 const drawing::Description& OdDbLinetypeTableRecord::ownDescription() {
   using Self = OdDbLinetypeTableRecord;
@@ -74,10 +65,7 @@ const drawing::Description& OdDbLinetypeTableRecord::ownDescription() {
   return description;
 }
 
-void OdDbLinetypeTableRecord::setComments(const OdString& text) {
-  assertWriteEnabled();
-  comments_ = text;
-}
+MVDB_SETTER(OdDbLinetypeTableRecord, setComments, const OdString&, comments_)
 
 const drawing::Description& OdDbTextStyleTableRecord::ownDescription() {
   using Self = OdDbTextStyleTableRecord;
@@ -90,20 +78,9 @@ const drawing::Description& OdDbTextStyleTableRecord::ownDescription() {
   return description;
 }
 
-void OdDbTextStyleTableRecord::setFileName(const OdString& name) {
-  assertWriteEnabled();
-  fontFile_ = name;
-}
-
-void OdDbTextStyleTableRecord::setTextSize(double height) {
-  assertWriteEnabled();
-  height_ = height;
-}
-
-void OdDbTextStyleTableRecord::setXScale(double factor) {
-  assertWriteEnabled();
-  widthFactor_ = factor;
-}
+MVDB_SETTER(OdDbTextStyleTableRecord, setFileName, const OdString&, fontFile_)
+MVDB_SETTER(OdDbTextStyleTableRecord, setTextSize, double, height_)
+MVDB_SETTER(OdDbTextStyleTableRecord, setXScale, double, widthFactor_)
 
 const drawing::Description& OdDbDimStyleTableRecord::ownDescription() {
   using Self = OdDbDimStyleTableRecord;

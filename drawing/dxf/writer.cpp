@@ -11,16 +11,8 @@
 
 namespace drawing::dxf {
 
+using db::lives;
 using db::peekAs;
-
-namespace {
-
-bool lives(OdDbObjectId id) {
-  const OdDbObject* object = db::peek(id);
-  return object != nullptr && !object->isErased();
-}
-
-} // namespace
 
 void RecordWriter::head(const OdDbObject& object, bool withHandle) {
   sink_.utf8(0, object.dxfName());

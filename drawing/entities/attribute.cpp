@@ -1,4 +1,5 @@
 #include "DbAttribute.h"
+#include "db/setters.h"
 
 using drawing::field;
 
@@ -36,30 +37,16 @@ const drawing::Description& OdDbAttribute::ownDescription() {
   return description;
 }
 
-void OdDbAttributeBase::setTag(const OdString& tag) {
-  assertWriteEnabled();
-  tag_ = tag;
-}
+MVDB_SETTER(OdDbAttributeBase, setTag, const OdString&, tag_)
 
 void OdDbAttributeBase::setAttributeFlag(std::int16_t bit, bool on) {
   assertWriteEnabled();
   attributeFlags_ = static_cast<std::int16_t>(on ? attributeFlags_ | bit : attributeFlags_ & ~bit);
 }
 
-void OdDbAttributeBase::setLockPositionInBlock(bool on) {
-  assertWriteEnabled();
-  lockPosition_ = on;
-}
-
-void OdDbAttributeDefinition::setPrompt(const OdString& prompt) {
-  assertWriteEnabled();
-  prompt_ = prompt;
-}
-
-void OdDbAttributeDefinition::setFieldLength(std::int16_t length) {
-  assertWriteEnabled();
-  fieldLength_ = length;
-}
+MVDB_SETTER(OdDbAttributeBase, setLockPositionInBlock, bool, lockPosition_)
+MVDB_SETTER(OdDbAttributeDefinition, setPrompt, const OdString&, prompt_)
+MVDB_SETTER(OdDbAttributeDefinition, setFieldLength, std::int16_t, fieldLength_)
 
 void OdDbAttribute::setAttributeFromBlock(const OdDbAttributeDefinition* definition,
                                           const OdGeMatrix3d& blockTransform) {

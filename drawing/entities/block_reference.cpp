@@ -5,6 +5,7 @@
 #include "Ge/GeUtil.h"
 #include "db/block_graph.h"
 #include "db/load_context.h"
+#include "db/setters.h"
 #include "db/store.h"
 #include "entities/transforms.h"
 
@@ -223,16 +224,10 @@ void OdDbBlockReference::afterClone(const OdDbObject& source, OdDbIdMapping& map
   dropLostParts();
 }
 
-#define SET_PROPERTY(setter, type, member)                                                                             \
-  void OdDbMInsertBlock::setter(type value) {                                                                          \
-    assertWriteEnabled();                                                                                              \
-    member = value;                                                                                                    \
-  }
-SET_PROPERTY(setColumns, std::int16_t, columns_)
-SET_PROPERTY(setRows, std::int16_t, rows_)
-SET_PROPERTY(setColumnSpacing, double, columnSpacing_)
-SET_PROPERTY(setRowSpacing, double, rowSpacing_)
-#undef SET_PROPERTY
+MVDB_SETTER(OdDbMInsertBlock, setColumns, std::int16_t, columns_)
+MVDB_SETTER(OdDbMInsertBlock, setRows, std::int16_t, rows_)
+MVDB_SETTER(OdDbMInsertBlock, setColumnSpacing, double, columnSpacing_)
+MVDB_SETTER(OdDbMInsertBlock, setRowSpacing, double, rowSpacing_)
 
 OdResult OdDbMInsertBlock::subTransformBy(const OdGeMatrix3d& matrix) {
   const double before[2] = {scaleX_, scaleY_};

@@ -1,7 +1,7 @@
 #include "DbCurves.h"
 
 #include "Ge/GeUtil.h"
-#include "entities/setters.h"
+#include "db/setters.h"
 #include "entities/transforms.h"
 
 #include <cmath>

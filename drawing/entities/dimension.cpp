@@ -4,7 +4,7 @@
 #include "db/store.h"
 
 #include "Ge/GeUtil.h"
-#include "entities/setters.h"
+#include "db/setters.h"
 #include "entities/transforms.h"
 
 using drawing::field;

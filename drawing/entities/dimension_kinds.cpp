@@ -1,6 +1,6 @@
 #include "DbDimension.h"
 #include "Ge/GeUtil.h"
-#include "entities/setters.h"
+#include "db/setters.h"
 #include "entities/transforms.h"
 
 using drawing::field;

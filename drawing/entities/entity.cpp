@@ -177,7 +177,3 @@ bool OdDbEntity::isOnLockedLayer() const {
   const auto* layer = peekAs<OdDbLayerTableRecord>(layer_);
   return layer != nullptr && !layer->isErased() && layer->isLocked();
 }
-
-void OdDbEntity::visitReferences(drawing::ReferenceVisitor& visitor) {
-  OdDbObject::visitReferences(visitor);
-}

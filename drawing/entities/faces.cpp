@@ -1,8 +1,8 @@
 #include "DbFaces.h"
 
 #include "Ge/GeUtil.h"
+#include "db/setters.h"
 #include "entities/group_lists.h"
-#include "entities/setters.h"
 #include "entities/transforms.h"
 
 using drawing::field;

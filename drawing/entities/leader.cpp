@@ -1,7 +1,7 @@
 #include "DbLeader.h"
 
+#include "db/setters.h"
 #include "entities/group_lists.h"
-#include "entities/setters.h"
 #include "entities/transforms.h"
 
 using drawing::field;

@@ -2,10 +2,10 @@
 
 #include "Ge/GeUtil.h"
 #include "db/load_context.h"
+#include "db/setters.h"
 #include "db/store.h"
 #include "entities/group_lists.h"
 #include "entities/mtext_frame.h"
-#include "entities/setters.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,9 +1,9 @@
 #include "DbPolyline.h"
 
 #include "Ge/GeUtil.h"
+#include "db/setters.h"
 #include "entities/arc_extents.h"
 #include "entities/group_lists.h"
-#include "entities/setters.h"
 #include "entities/transforms.h"
 
 #include <algorithm>

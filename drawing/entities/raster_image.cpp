@@ -1,6 +1,6 @@
 #include "DbRasterImage.h"
 
-#include "entities/setters.h"
+#include "db/setters.h"
 #include "entities/transforms.h"
 
 using drawing::field;

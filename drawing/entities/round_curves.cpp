@@ -1,7 +1,7 @@
 #include "DbCurves.h"
 #include "Ge/GeUtil.h"
+#include "db/setters.h"
 #include "entities/arc_extents.h"
-#include "entities/setters.h"
 #include "entities/transforms.h"
 
 #include <cmath>

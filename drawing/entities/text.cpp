@@ -4,6 +4,7 @@
 #include "Ge/GeUtil.h"
 #include "entities/text_frame.h"
 
+#include "db/setters.h"
 #include <cmath>
 
 ODDB_DEFINE_MEMBERS(OdDbText, OdDbEntity, "TEXT");
@@ -52,50 +53,15 @@ void OdDbText::setAlignmentPoint(const OdGePoint3d& point) {
   alignment_ = odgeWcsToOcs(point, normal_);
 }
 
-void OdDbText::setNormal(const OdGeVector3d& normal) {
-  assertWriteEnabled();
-  normal_ = normal;
-}
-
-void OdDbText::setTextString(const OdString& text) {
-  assertWriteEnabled();
-  text_ = text;
-}
-
-void OdDbText::setHeight(double height) {
-  assertWriteEnabled();
-  height_ = height;
-}
-
-void OdDbText::setRotation(double angleRad) {
-  assertWriteEnabled();
-  rotation_ = angleRad;
-}
-
-void OdDbText::setWidthFactor(double factor) {
-  assertWriteEnabled();
-  widthFactor_ = factor;
-}
-
-void OdDbText::setOblique(double angleRad) {
-  assertWriteEnabled();
-  oblique_ = angleRad;
-}
-
-void OdDbText::setTextStyle(OdDbObjectId style) {
-  assertWriteEnabled();
-  style_ = style;
-}
-
-void OdDbText::setHorizontalMode(HorizontalMode mode) {
-  assertWriteEnabled();
-  horizontal_ = mode;
-}
-
-void OdDbText::setVerticalMode(VerticalMode mode) {
-  assertWriteEnabled();
-  vertical_ = mode;
-}
+MVDB_SETTER(OdDbText, setNormal, const OdGeVector3d&, normal_)
+MVDB_SETTER(OdDbText, setTextString, const OdString&, text_)
+MVDB_SETTER(OdDbText, setHeight, double, height_)
+MVDB_SETTER(OdDbText, setRotation, double, rotation_)
+MVDB_SETTER(OdDbText, setWidthFactor, double, widthFactor_)
+MVDB_SETTER(OdDbText, setOblique, double, oblique_)
+MVDB_SETTER(OdDbText, setTextStyle, OdDbObjectId, style_)
+MVDB_SETTER(OdDbText, setHorizontalMode, HorizontalMode, horizontal_)
+MVDB_SETTER(OdDbText, setVerticalMode, VerticalMode, vertical_)
 
 void OdDbText::setTextFrom(const OdDbText& other) {
   assertWriteEnabled();

@@ -1,6 +1,6 @@
 #include "DbUnderlayReference.h"
 #include "Ge/GeUtil.h"
-#include "entities/setters.h"
+#include "db/setters.h"
 #include "entities/text_frame.h"
 #include "entities/transforms.h"
 

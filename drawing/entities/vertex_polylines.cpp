@@ -1,9 +1,9 @@
 #include "DbVertexPolylines.h"
 #include "Ge/GeUtil.h"
 #include "db/load_context.h"
+#include "db/setters.h"
 #include "db/store.h"
 #include "entities/arc_extents.h"
-#include "entities/setters.h"
 #include "entities/transforms.h"
 
 #include <algorithm>

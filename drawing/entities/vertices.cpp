@@ -1,5 +1,5 @@
 #include "DbVertexPolylines.h"
-#include "entities/setters.h"
+#include "db/setters.h"
 
 using drawing::field;
 

@@ -1,6 +1,6 @@
 #include "DbViewport.h"
 
-#include "entities/setters.h"
+#include "db/setters.h"
 
 using drawing::field;
 

@@ -43,33 +43,25 @@ struct Field {
     return with([](Field& f) { f.degrees = true; });
   }
   constexpr Field unless(double x, double y = 0, double z = 0) const {
-    Field f = *this;
-    f.optional = true;
-    f.ifAbsent[0] = x;
-    f.ifAbsent[1] = y;
-    f.ifAbsent[2] = z;
-    return f;
+    return with([=](Field& f) {
+      f.optional = true;
+      f.ifAbsent[0] = x;
+      f.ifAbsent[1] = y;
+      f.ifAbsent[2] = z;
+    });
   }
   constexpr Field unlessEmpty() const { return unless(0); } // texts, null references
   constexpr Field from(OdDb::DwgVersion version) const {
-    Field f = *this;
-    f.since = version;
-    return f;
+    return with([=](Field& f) { f.since = version; });
   }
   constexpr Field name(OdDb::SymbolTableKind table) const {
-    Field f = *this;
-    f.byName = table;
-    return f;
+    return with([=](Field& f) { f.byName = table; });
   }
   constexpr Field orName(OdDb::SymbolTableKind table) const {
-    Field f = *this;
-    f.maybeName = table;
-    return f;
+    return with([=](Field& f) { f.maybeName = table; });
   }
   constexpr Field ref(OdDb::ReferenceType type) const {
-    Field f = *this;
-    f.holds = type;
-    return f;
+    return with([=](Field& f) { f.holds = type; });
   }
   constexpr Field onlyRead() const {
     return with([](Field& f) { f.readOnly = true; });

@@ -60,7 +60,6 @@ public:
   virtual void attachAssociation(OdDbObjectId association);
 
   bool isOnLockedLayer() const override;
-  void visitReferences(drawing::ReferenceVisitor& visitor) override;
 
 protected:
   OdDbEntity() = default;

@@ -1,7 +1,8 @@
 #include "DbReport.h"
 
+#include "DbObjectId.h"
+
 #include <algorithm>
-#include <charconv>
 
 namespace drawing {
 
@@ -29,17 +30,6 @@ bool Report::has(const char* code) const {
   return count(code) != 0;
 }
 
-namespace {
-
-std::string hex(std::uint64_t number) {
-  char text[17];
-  auto [end, error] = std::to_chars(text, text + sizeof text, number, 16);
-  std::transform(text, end, text, [](char c) { return c >= 'a' ? static_cast<char>(c - 32) : c; });
-  return {text, end};
-}
-
-} // namespace
-
 std::string describe(const Issue& issue) {
   std::string place;
   const auto add = [&place](const std::string& part) { place += (place.empty() ? "" : ", ") + part; };
@@ -48,9 +38,9 @@ std::string describe(const Issue& issue) {
   if (!issue.section.empty())
     add("section " + issue.section);
   if (!issue.kind.empty())
-    add(issue.kind + (issue.handle != 0 ? " " + hex(issue.handle) : ""));
+    add(issue.kind + (issue.handle != 0 ? " " + OdDbHandle(issue.handle).ascii() : ""));
   else if (issue.handle != 0)
-    add("handle " + hex(issue.handle));
+    add("handle " + OdDbHandle(issue.handle).ascii());
   if (issue.groupCode >= 0)
     add("group " + std::to_string(issue.groupCode));
   return place + (place.empty() ? "" : ": ") + issue.found + (issue.done.empty() ? "" : "; " + issue.done);
