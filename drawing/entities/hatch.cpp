@@ -4,6 +4,7 @@
 #include "db/load_context.h"
 #include "db/store.h"
 #include "entities/hatch_parts.h"
+#include "entities/hatch_reshape.h"
 
 #include <algorithm>
 
@@ -104,11 +105,13 @@ void OdDbHatch::setNormal(const OdGeVector3d& normal) {
 OdResult OdDbHatch::subTransformBy(const OdGeMatrix3d& matrix) {
   const OdGeVector3d before = normal();
   const drawing::PlaneMap map(matrix, before);
-  if (!map.keepsShapes())
-    return eCannotTransform;
   const double height = elevation();
-  for (const drawing::HatchPart& part : drawing::hatchParts(groups_))
-    drawing::moveHatchPart(groups_, part, map, height);
+  if (map.keepsShapes()) {
+    for (const drawing::HatchPart& part : drawing::hatchParts(groups_))
+      drawing::moveHatchPart(groups_, part, map, height);
+  } else if (!drawing::reshapeHatch(groups_, map, height)) {
+    return eCannotTransform;
+  }
   if (const std::size_t z = groups_.find(30); z < groups_.size())
     groups_.setReal(z, map.point(OdGePoint3d(0, 0, height)).z);
   const OdGeVector3d& after = map.normal();

@@ -21,7 +21,8 @@ public:
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
 
 protected:
-  // Takes matrices that keep shapes in its plane. The pattern moves along.
+  // The pattern moves along. Where a matrix changes shapes in the plane, arcs become arcs of ellipses and a bent
+  // polyline a loop of edges; only a gradient refuses, it knows no unequal scale.
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
 private:
