@@ -71,6 +71,7 @@ constexpr std::array kWords = {
     Word{Text::kSaveFailed, "drawing.save-failed", L"Not saved, the file on disk is unchanged: {1}"},
     Word{Text::kVersionLoss, "drawing.version-loss", L"{1}: {2}"},
     Word{Text::kNoFileName, "file.no-name", L"A file name is needed."},
+    Word{Text::kXrefNote, "drawing.xref", L"{1}: {2}"},
 
     Word{Text::kUndone, "undo.undone", L"{1} taken back."},
     Word{Text::kRedone, "undo.redone", L"{1} done again."},

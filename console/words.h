@@ -63,6 +63,7 @@ enum class Text : unsigned short {
   kSaveFailed,
   kVersionLoss,
   kNoFileName,
+  kXrefNote,
   // Undo
   kUndone,
   kRedone,
