@@ -9,6 +9,7 @@
 #include "db/symbol_kinds.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace drawing::dxf {
 
@@ -236,7 +237,35 @@ void Reader::readBlocks() {
     else
       passOver("dxf.outside-block", "a record outside every block");
   }
+  if (database_.facts().version < OdDb::kRelease13)
+    orderBlocks();
 }
+
+// Early files have no block table: the blocks themselves are its order, not the references that come before them.
+void Reader::orderBlocks() {
+  OdDbSymbolTable& table = context_.table(OdDb::kBlockTable);
+  IdList& members = *table.memberList();
+  const std::unordered_set<OdDbObjectId> read(blocks_.begin(), blocks_.end());
+  std::vector<OdDbObjectId> order = blocks_;
+  for (OdDbObjectId id : members.ids()) {
+    if (read.count(id) == 0)
+      order.push_back(id);
+  }
+  members.cut(0);
+  for (OdDbObjectId id : order)
+    members.push(id);
+}
+
+namespace {
+
+// Later programs write the spaces into early files under names that were allowed there. Null for any other name.
+const OdString* earlySpace(const OdString& name) {
+  if (name.iCompare(L"$MODEL_SPACE") == 0)
+    return &modelSpaceStr;
+  return name.iCompare(L"$PAPER_SPACE") == 0 ? &paperSpaceStr : nullptr;
+}
+
+} // namespace
 
 // The table record that a block belongs to: the one it names as its owner, else the one of its name, else a new one.
 OdDbBlockTableRecord* Reader::blockOf(const ReadObject& begin) {
@@ -247,6 +276,8 @@ OdDbBlockTableRecord* Reader::blockOf(const ReadObject& begin) {
     if (pair.code == 2)
       name = context_.text(pair);
   }
+  if (const OdString* space = earlySpace(name); space != nullptr && database_.facts().version < OdDb::kRelease13)
+    name = *space;
   OdDbSymbolTable& table = context_.table(OdDb::kBlockTable);
   if (auto* named = peekAs<OdDbBlockTableRecord>(table.getAt(name)); named != nullptr && named->blockBeginId().isNull())
     return named;
@@ -278,6 +309,7 @@ void Reader::readBlock() {
     block->takeHead();
   }
   ++report_.account.read;
+  blocks_.push_back(block->objectId());
   block->adoptEnds(addRead(begin, block->objectId()), OdDbObjectId());
   sequence_ = OdDbObjectId();
   while (inRun("ENDBLK", {"BLOCK", "ENDSEC", "SECTION", "EOF"}))

@@ -34,6 +34,7 @@ private:
   void readTableRecord(OdDb::SymbolTableKind kind, OdDbSymbolTable& table);
   void readBlocks();
   void readBlock();
+  void orderBlocks();
   void readEntities();
   void readObjects();
   void readCarriedSection();
@@ -58,6 +59,7 @@ private:
   Record record_;
   std::uint64_t line_ = 0;
   std::vector<std::pair<OdString, OdDbObjectId>> renamed_; // records whose name was taken, by the name in the file
+  std::vector<OdDbObjectId> blocks_;                       // in the order of their section
   OdDbObjectId sequence_;                                  // the entity whose attributes or vertices come now
   bool again_ = false;                                     // the record is to be met once more
   bool sawSection_ = false;
