@@ -13,7 +13,7 @@ namespace console::verbs {
 
 struct JobFiles {
   std::string in;
-  std::string out;
+  std::string out; // empty: nothing is written
   OdDb::DwgVersion version = OdDb::kVersionUnknown;
   bool force = false;
 };
