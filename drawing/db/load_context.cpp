@@ -29,6 +29,16 @@ bool wholeNumber(std::string_view text, T& value) {
   return error == std::errc() && end == text.data() + text.size() && !text.empty();
 }
 
+// What a text file would hold.
+std::string asText(const Pair& pair) {
+  if (pair.form == Pair::Form::Text || pair.form == Pair::Form::Bytes)
+    return std::string(pair.text);
+  char digits[40];
+  const auto result = pair.form == Pair::Form::Real ? std::to_chars(digits, digits + sizeof digits, pair.real)
+                                                    : std::to_chars(digits, digits + sizeof digits, pair.integer);
+  return std::string(digits, result.ptr);
+}
+
 } // namespace
 
 void LoadContext::begin(std::string_view kind, std::uint64_t line) {
@@ -52,8 +62,8 @@ void LoadContext::fail(const Pair& pair, const char* reason) {
     return; // one issue a record tells enough
   failed_ = true;
   std::string found = std::string(reason);
-  if (pair.form == Pair::Form::Text)
-    found += " (\"" + std::string(pair.text.substr(0, 40)) + "\")";
+  if (pair.form != Pair::Form::Bytes)
+    found += " (\"" + asText(pair).substr(0, 40) + "\")";
   tell({"dxf.value-unreadable", Severity::Repaired, 0, -1, 0, "", "", found, "the record is kept as it stands"}, &pair);
 }
 
@@ -238,7 +248,7 @@ void LoadContext::append(GroupList& list, const Pair& pair) {
   }
   if (list.size() == size) {
     // Carried data may hold what it likes: nobody computes with it, so it does not spoil the record.
-    list.unread(pair.code, pair.text);
+    list.unread(pair.code, asText(pair));
     failed_ = before;
   }
 }

@@ -94,7 +94,11 @@ const drawing::Description& OdDbDimStyleTableRecord::ownDescription() {
          field<&Self::leaderArrow_>(341).unlessEmpty().orName(OdDb::kBlockTable),
          field<&Self::arrow_>(342).unlessEmpty().orName(OdDb::kBlockTable),
          field<&Self::firstArrow_>(343).unlessEmpty().orName(OdDb::kBlockTable),
-         field<&Self::secondArrow_>(344).unlessEmpty().orName(OdDb::kBlockTable)}}});
+         field<&Self::secondArrow_>(344).unlessEmpty().orName(OdDb::kBlockTable),
+         // Early versions name the arrow blocks.
+         field<&Self::arrow_>(5).name(OdDb::kBlockTable).onlyRead(),
+         field<&Self::firstArrow_>(6).name(OdDb::kBlockTable).onlyRead(),
+         field<&Self::secondArrow_>(7).name(OdDb::kBlockTable).onlyRead()}}});
   return description;
 }
 

@@ -2,9 +2,9 @@
 #include "DbDxf.h"
 
 #include "OdFiles.h"
+#include "dxf/form_writer.h"
 #include "dxf/reader.h"
 #include "dxf/text_codec.h"
-#include "dxf/text_writer.h"
 #include "dxf/writer.h"
 
 namespace drawing {
@@ -12,29 +12,30 @@ namespace drawing {
 namespace {
 
 // The value of a header variable whose value is text, looked for by its bytes: it must be known before the first text
-// is decoded. Variables stand near the top of a file; a file without them is not searched to its end.
+// is decoded. Variables stand near the top of a file; a file without them is not searched to its end. In both forms the
+// value comes behind its group code: a line of digits, or one or two bytes that are no characters.
 std::string headerText(std::string_view content, std::string_view variable) {
   constexpr std::size_t kFar = 1 << 20;
   const std::size_t at = content.substr(0, kFar).find(variable);
   if (at == std::string_view::npos)
     return {};
   std::string_view rest = content.substr(at + variable.size());
-  const auto line = [&rest] {
-    const std::size_t end = std::min(rest.find_first_of("\r\n"), rest.size());
-    std::string_view text = rest.substr(0, end);
-    rest.remove_prefix(end);
-    const bool crlf = rest.substr(0, 2) == "\r\n";
-    rest.remove_prefix(std::min<std::size_t>(crlf ? 2 : 1, rest.size()));
-    return text;
+  const auto isEnd = [](char c) { return c == '\0' || c == '\r' || c == '\n'; };
+  const auto skip = [&rest](auto matches) {
+    while (!rest.empty() && matches(rest.front()))
+      rest.remove_prefix(1);
   };
-  line(); // the end of the variable's own line
-  line(); // the group code
-  std::string_view value = line();
-  while (!value.empty() && value.front() == ' ')
-    value.remove_prefix(1);
-  while (!value.empty() && value.back() == ' ')
-    value.remove_suffix(1);
-  return std::string(value);
+  const bool isBinary = !rest.empty() && rest.front() == '\0';
+  skip([](char c) { return static_cast<unsigned char>(c) <= ' '; });
+  if (!isBinary)
+    skip([](char c) { return c >= '0' && c <= '9'; });
+  skip([](char c) { return static_cast<unsigned char>(c) <= ' '; });
+  std::size_t length = 0;
+  while (length < rest.size() && !isEnd(rest[length]))
+    ++length;
+  while (length > 0 && rest[length - 1] == ' ')
+    --length;
+  return std::string(rest.substr(0, length));
 }
 
 FileFacts factsOf(std::string_view content) {
@@ -54,8 +55,9 @@ ReadResult refuse(OdResult code, std::string message) {
   return result;
 }
 
-std::string reasonFor(OdResult code, const std::string& name, std::uint64_t line) {
-  const std::string place = name + (line == 0 ? "" : ", line " + std::to_string(line)) + ": ";
+std::string reasonFor(OdResult code, const std::string& name, std::uint64_t line, bool binary) {
+  const char* unit = binary ? ", byte " : ", line ";
+  const std::string place = name + (line == 0 ? "" : unit + std::to_string(line)) + ": ";
   if (code == eNotADrawing)
     return place + "not a drawing (no section was found)";
   return place + odResultText(code).toUtf8();
@@ -69,7 +71,13 @@ void tellUndecodable(const dxf::TextCodec& codec, Report& report) {
               "they are kept as they are"});
 }
 
-ReadResult readText(std::string_view content, const std::string& name, const ReadOptions& options) {
+std::unique_ptr<dxf::PairSource> sourceOf(std::string_view content, bool binary, Report& report) {
+  if (binary)
+    return std::make_unique<dxf::BinaryPairSource>(content, report);
+  return std::make_unique<dxf::TextPairSource>(content, report);
+}
+
+ReadResult readGroups(std::string_view content, const std::string& name, const ReadOptions& options, bool binary) {
   ReadResult result;
   result.report.limitMessages(options.budget.messages);
   FileFacts facts = factsOf(content);
@@ -80,13 +88,13 @@ ReadResult readText(std::string_view content, const std::string& name, const Rea
   if (facts.version == OdDb::kVersionUnknown)
     facts.version = OdDb::kRelease12;
   OdDbDatabasePtr database = OdDbDatabase::createEmpty();
+  facts.binary = binary;
   database->facts() = facts;
-  dxf::TextPairSource source(content, result.report);
-  dxf::Reader reader(*database, source, codec, result.report, options.budget);
+  const auto source = sourceOf(content, binary, result.report);
+  dxf::Reader reader(*database, *source, codec, result.report, options.budget);
   const OdResult code = reader.run();
   if (code != eOk) {
-    ReadResult refused = refuse(code, reasonFor(code, name, reader.line()));
-    return refused;
+    return refuse(code, reasonFor(code, name, reader.line(), binary));
   }
   tellUndecodable(codec, result.report);
   result.database = database;
@@ -103,9 +111,9 @@ ReadResult readDrawingFromMemory(std::string_view content, const std::string& na
     return refuse(eBudgetExceeded, name + ": the file is larger than the memory allowed");
   switch (formOf(content, &signature)) {
   case FileForm::TextDxf:
-    return readText(content, name, options);
+    return readGroups(content, name, options, false);
   case FileForm::BinaryDxf:
-    return refuse(eUnsupportedFileFormat, name + ": binary DXF cannot be read yet; save it as text DXF");
+    return readGroups(content, name, options, true);
   case FileForm::Dwg:
     return refuse(eUnsupportedFileFormat, name + ": DWG (" + signature + ") cannot be read; convert it to DXF first");
   default:
@@ -130,12 +138,23 @@ OdDb::DwgVersion targetVersion(const OdDbDatabase& database, const WriteOptions&
   return std::max(wanted, OdDb::kRelease2000);
 }
 
-bool writeTo(const OdDbDatabase& database, OdDb::DwgVersion version, const dxf::TextWriter::Output& output) {
+bool isBinary(const OdDbDatabase& database, WriteOptions::Form form) {
+  return form == WriteOptions::AsRead ? database.facts().binary : form == WriteOptions::Binary;
+}
+
+void writeTo(const OdDbDatabase& database, const WriteOptions& options, const dxf::FormWriter::Output& output,
+             Report& losses) {
+  const OdDb::DwgVersion version = targetVersion(database, options);
   dxf::TextCodec codec = version >= OdDb::kRelease2007 ? dxf::TextCodec({}, dxf::TextCodec::Mode::Utf8)
                                                        : dxf::TextCodec(database.facts().codePage);
-  dxf::TextWriter sink(output, codec, version, version >= database.facts().version);
-  dxf::Writer(database, sink).run();
-  return sink.finish();
+  dxf::FormWriter::Target target{output, codec, version, version >= database.facts().version, losses};
+  std::unique_ptr<dxf::FormWriter> sink;
+  if (isBinary(database, options.form))
+    sink = std::make_unique<dxf::BinaryWriter>(std::move(target));
+  else
+    sink = std::make_unique<dxf::TextWriter>(std::move(target));
+  dxf::Writer(database, *sink).run();
+  sink->finish();
 }
 
 } // namespace
@@ -147,10 +166,11 @@ WriteResult writeDrawing(const OdDbDatabase& database, const std::string& path, 
   const FileError error = replaceFile(
       path,
       [&](FileSink& sink) {
-        writeTo(database, targetVersion(database, options), [&sink](std::string_view bytes) {
+        const auto output = [&sink](std::string_view bytes) {
           sink.append(bytes);
           return !sink.failed();
-        });
+        };
+        writeTo(database, options, output, result.report);
         return FileError();
       },
       how);
@@ -159,12 +179,16 @@ WriteResult writeDrawing(const OdDbDatabase& database, const std::string& path, 
   return result;
 }
 
-std::string writeDrawingToMemory(const OdDbDatabase& database, const WriteOptions& options, WriteResult*) {
+std::string writeDrawingToMemory(const OdDbDatabase& database, const WriteOptions& options, WriteResult* result) {
   std::string bytes;
-  writeTo(database, targetVersion(database, options), [&bytes](std::string_view part) {
+  Report losses;
+  const auto output = [&bytes](std::string_view part) {
     bytes.append(part);
     return true;
-  });
+  };
+  writeTo(database, options, output, losses);
+  if (result != nullptr)
+    *result = {eOk, "", std::move(losses)};
   return bytes;
 }
 

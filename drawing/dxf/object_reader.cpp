@@ -36,6 +36,18 @@ std::size_t findSection(const std::vector<const Section*>& sections, std::string
   return at;
 }
 
+// Dimension styles have their handle under 105; 5 is the name of an arrow block in early versions, and a handle in
+// files of programs that know no better.
+int handleCode(const Record& record, OdDb::DwgVersion version) {
+  if (record[0].text != "DIMSTYLE")
+    return 5;
+  for (const Pair& pair : record) {
+    if (pair.code == 105)
+      return 105;
+  }
+  return version < OdDb::kRelease13 ? 105 : 5;
+}
+
 // Properties that some programs write behind a later marker. Other codes of entities (48, 420, 440) mean something else
 // there.
 bool isPlainProperty(int code) {
@@ -110,11 +122,11 @@ void ObjectReader::fill(const Record& record, OdDbObject& object, ReadObject& fa
 
 // Handle, application groups and owner stand in front of the first marker.
 std::size_t ObjectReader::readHead(const Record& record, OdDbObject& object, ReadObject& facts) {
+  const int handle = handleCode(record, context_.database().facts().version);
   std::size_t i = 1;
   while (i < record.size()) {
     const Pair& pair = record[i];
-    const bool isHandle = pair.code == 5 || (pair.code == 105 && record[0].text == "DIMSTYLE");
-    if (isHandle && facts.handle == 0) {
+    if (pair.code == handle && facts.handle == 0) {
       context_.handle(pair, facts.handle);
       context_.setHandle(facts.handle);
     } else if (pair.code == 102) {

@@ -5,6 +5,8 @@
 #include "db/load_context.h"
 
 #include <cstdint>
+#include <deque>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -44,5 +46,34 @@ private:
   std::uint64_t lineNumber_ = 0;
   char ending_ = '\n';
 };
+
+// A binary file behind its sentinel: a code of two bytes (one byte, or three of which the first is 255, before R13),
+// then the value in the form that its code asks for. Places are byte offsets in the file. A code that does not exist
+// says that the reading is out of step: what follows cannot be told apart, so the file ends there.
+class BinaryPairSource final : public PairSource {
+public:
+  BinaryPairSource(std::string_view content, Report& report);
+  bool next(Pair& pair) override;
+
+private:
+  bool code(int& value);
+  bool value(Pair& pair);
+  bool text(Pair& pair);
+  bool bytes(Pair& pair);
+  bool number(Pair& pair, std::size_t size);
+  void tell(const char* code, int groupCode, const char* found, const char* done);
+  std::size_t left() const { return content_.size() - at_; }
+
+  std::string_view content_;
+  std::size_t at_;
+  Report& report_;
+  bool shortCodes_;
+  std::deque<std::string> unbroken_; // texts with line breaks, as text files have them
+};
+
+// Where the groups of a binary file begin.
+constexpr std::size_t kBinarySentinel = 22;
+// What a number of that kind takes in a binary file; 0 for what is no number.
+std::size_t binarySizeOf(GroupKind kind);
 
 } // namespace drawing::dxf

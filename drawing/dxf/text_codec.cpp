@@ -76,6 +76,8 @@ bool misleads(std::string_view bytes) {
   return false;
 }
 
+} // namespace
+
 bool hasLineBreak(std::string_view text) {
   return text.find('\n') != std::string_view::npos || text.find('\r') != std::string_view::npos;
 }
@@ -88,8 +90,6 @@ void breakToCarets(std::string_view text, std::string& out) {
     out += ch == '\r' ? 'M' : ch == '\n' ? 'J' : ch;
   }
 }
-
-} // namespace
 
 // Puts decoded text together. Bytes that the page does not know are looked at together: side by side they could pass
 // for a character.

@@ -12,6 +12,10 @@
 
 namespace drawing::dxf {
 
+// Text in files has ^M and ^J where lines break. Only binary files can hold real line breaks.
+bool hasLineBreak(std::string_view text);
+void breakToCarets(std::string_view text, std::string& out);
+
 // For one thread. Only for text values: escapes of names of groups and the like must not be touched.
 //
 // Escapes: `\U+XXXX` is that character, two of them with surrogates are one; `\M+nXXXX` is a code of page 932, 950,

@@ -8,6 +8,7 @@
 #include "db/load_context.h"
 #include "db/store.h"
 #include "db/symbol_kinds.h"
+#include "dxf/forwarding_sink.h"
 
 namespace drawing::dxf {
 
@@ -153,9 +154,9 @@ bool isPaperSpace(const OdDbBlockTableRecord& block) {
 }
 
 // The AcDbEntity section of an entity, with what follows from the block that it stands in.
-class FactSink final : public GroupSink {
+class FactSink final : public ForwardingSink {
 public:
-  FactSink(GroupSink& to, bool paper, const OdString& layout) : to_(to), paper_(paper), layout_(layout) {}
+  FactSink(GroupSink& to, bool paper, const OdString& layout) : ForwardingSink(to), paper_(paper), layout_(layout) {}
   void utf8(int code, std::string_view text) override {
     to_.utf8(code, text);
     if (code != 100 || text != "AcDbEntity" || !paper_)
@@ -164,17 +165,8 @@ public:
     if (!layout_.isEmpty())
       to_.text(410, layout_);
   }
-  void real(int code, double value) override { to_.real(code, value); }
-  void integer(int code, std::int64_t value) override { to_.integer(code, value); }
-  void reference(int code, OdDbObjectId id) override { to_.reference(code, id); }
-  void handle(int code, OdDbHandle value) override { to_.handle(code, value); }
-  void binary(int code, std::string_view bytes) override { to_.binary(code, bytes); }
-  void unread(int code, std::string_view text) override { to_.unread(code, text); }
-  OdDb::DwgVersion version() const override { return to_.version(); }
-  bool keepsNewer() const override { return to_.keepsNewer(); }
 
 private:
-  GroupSink& to_;
   bool paper_;
   OdString layout_;
 };

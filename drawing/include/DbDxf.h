@@ -33,6 +33,8 @@ MVDRAWING_API ReadResult readDrawingFromMemory(std::string_view content, const s
                                                const ReadOptions& options = {});
 
 struct WriteOptions {
+  enum Form : std::uint8_t { AsRead, Text, Binary };
+  Form form = AsRead;                               // a drawing that was not read is written as text
   OdDb::DwgVersion version = OdDb::kVersionUnknown; // unknown: the version the drawing came in
   bool refuseExisting = false;                      // do not overwrite; answers eFileAccessErr when the file is there
 };

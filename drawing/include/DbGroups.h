@@ -6,6 +6,7 @@
 #pragma once
 
 #include "DbObjectId.h"
+#include "DbReport.h"
 #include "Ge/GePoint3d.h"
 #include "OdString.h"
 
@@ -49,6 +50,8 @@ public:
   // Whether values that the version does not have may be written all the same: a drawing of that very version came
   // with them, so whoever wrote it meant them.
   virtual bool keepsNewer() const { return true; }
+  // Told of what the version or the form cannot hold and is therefore left out or changed.
+  virtual void lost(Issue) {}
 
   void text(int code, const OdString& value) { utf8(code, value.toUtf8Lossless()); }
   void point(int code, const OdGePoint3d& p) {

@@ -54,11 +54,17 @@ std::vector<File> files() {
   return all;
 }
 
-// Dump equality after a write and a read.
+// Dump equality after a write and a read, in both forms of files.
 void expectComesBack(const OdDbDatabase& database) {
-  const drawing::ReadResult again = drawing::readDrawingFromMemory(drawing::writeDrawingToMemory(database));
-  ASSERT_FALSE(again.database.isNull()) << again.message;
-  EXPECT_EQ(tests::firstDifference(drawing::canonicalDump(database), drawing::canonicalDump(*again.database)), "");
+  const std::string dump = drawing::canonicalDump(database);
+  for (const auto form : {drawing::WriteOptions::Text, drawing::WriteOptions::Binary}) {
+    SCOPED_TRACE(form == drawing::WriteOptions::Text ? "text" : "binary");
+    drawing::WriteOptions options;
+    options.form = form;
+    const drawing::ReadResult again = drawing::readDrawingFromMemory(drawing::writeDrawingToMemory(database, options));
+    ASSERT_FALSE(again.database.isNull()) << again.message;
+    EXPECT_EQ(tests::firstDifference(dump, drawing::canonicalDump(*again.database)), "");
+  }
 }
 
 TEST(RoundTrip, SoundDrawingsComeBackEqual) {

@@ -16,7 +16,8 @@ std::string firstDifference(const std::string& before, const std::string& after)
 // did change something.
 void expectUndoRestores(OdDbDatabase& database, const std::function<void()>& change);
 
-// Writing the drawing and reading it again gives an equal dump, handles included. Answers what was read.
+// Writing the drawing and reading it again gives an equal dump, handles included, in both forms of files. Answers what
+// was read.
 OdDbDatabasePtr expectRoundTrip(const OdDbDatabase& database);
 
 // The audit finds nothing.

@@ -1,4 +1,4 @@
-#include "dxf/text_writer.h"
+#include "dxf/form_writer.h"
 
 #include <charconv>
 
@@ -8,37 +8,53 @@ namespace {
 constexpr std::size_t kFlushAt = 1 << 18;
 } // namespace
 
-void TextWriter::line(int code, std::string_view text) {
-  char digits[16];
-  const auto end = std::to_chars(digits, digits + sizeof digits, code).ptr;
-  const auto width = static_cast<std::size_t>(end - digits);
-  pending_.append(width < 3 ? 3 - width : 0, ' ');
-  pending_.append(digits, width);
-  pending_ += '\n';
-  pending_.append(text);
-  pending_ += '\n';
+FormWriter::~FormWriter() = default;
+
+void FormWriter::groupEnds() {
   if (pending_.size() >= kFlushAt)
     flush();
 }
 
-void TextWriter::flush() {
+void FormWriter::flush() {
   if (!pending_.empty() && !failed_)
-    failed_ = !output_(pending_);
+    failed_ = !target_.output(pending_);
   pending_.clear();
 }
 
-bool TextWriter::finish() {
+bool FormWriter::finish() {
   flush();
   return !failed_;
 }
 
+void FormWriter::lost(Issue issue) {
+  if (issue.kind.empty())
+    issue.kind = kind_;
+  if (issue.handle == 0)
+    issue.handle = std::uint64_t{handle_};
+  target_.losses.add(std::move(issue));
+}
+
+void TextWriter::line(int code, std::string_view text) {
+  char digits[16];
+  const auto end = std::to_chars(digits, digits + sizeof digits, code).ptr;
+  const auto width = static_cast<std::size_t>(end - digits);
+  put(width < 3 ? 3 - width : 0, ' ');
+  put(std::string_view(digits, width));
+  put("\n");
+  put(text);
+  put("\n");
+  groupEnds();
+}
+
 void TextWriter::utf8(int code, std::string_view text) {
-  line(code, codec_.encode(text, buffer_));
+  notePlace(code, text);
+  line(code, encoded(text));
 }
 void TextWriter::unread(int code, std::string_view text) {
   line(code, text);
 }
 void TextWriter::handle(int code, OdDbHandle value) {
+  notePlace(code, value);
   line(code, value.ascii());
 }
 void TextWriter::reference(int code, OdDbObjectId id) {

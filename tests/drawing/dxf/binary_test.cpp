@@ -1,0 +1,128 @@
+// Binary files: both widths of codes, values that text files can hold and these cannot, damage with its byte offset.
+#include "DbDxf.h"
+#include "tests/support/drawings.h"
+#include "tests/support/oracles.h"
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+using namespace tests;
+using drawing::ReadResult;
+
+namespace {
+
+std::string asBinary(const OdDbDatabase& database, drawing::WriteResult* result = nullptr) {
+  drawing::WriteOptions options;
+  options.form = drawing::WriteOptions::Binary;
+  return drawing::writeDrawingToMemory(database, options, result);
+}
+
+ReadResult readText(const std::string& entities) {
+  return drawing::readDrawingFromMemory(dxf(section("ENTITIES", entities)));
+}
+
+// A file of early versions: codes of one byte, 255 in front of those that need two.
+std::string earlyFile(const std::string& groups) {
+  const std::string sentence = asBinary(*OdDbDatabase::create()).substr(0, 22);
+  const auto text = [](char code, const std::string& value) { return code + value + '\0'; };
+  return sentence + text(0, "SECTION") + text(2, "HEADER") + text(9, "$ACADVER") + text(1, "AC1009") +
+         text(0, "ENDSEC") + text(0, "SECTION") + text(2, "ENTITIES") + groups + text(0, "ENDSEC") + text(0, "EOF");
+}
+
+std::string real(double value) {
+  std::string bytes(8, '\0');
+  std::memcpy(bytes.data(), &value, 8);
+  return bytes;
+}
+
+TEST(BinaryForm, EarlyFilesHaveCodesOfOneByte) {
+  const std::string point = std::string("\0POINT\0\5A1\0\10wall\0", 17) + "\12" + real(1.5) + "\24" + real(-2) + "\76" +
+                            std::string("\3\0", 2) + // colour
+                            std::string("\377\351\3ACAD\0", 8) + std::string("\377\57\4\377\377\377\377", 7);
+  const ReadResult read = drawing::readDrawingFromMemory(earlyFile(point));
+  ASSERT_FALSE(read.database.isNull()) << read.message;
+  EXPECT_TRUE(read.database->facts().binary);
+  EXPECT_EQ(read.database->facts().version, OdDb::kRelease12);
+  const OdDbEntityPtr entity(read.database->getOdDbObjectId(0xA1).safeOpenObject());
+  EXPECT_EQ(entity->layer(), OdString(L"wall"));
+  EXPECT_EQ(entity->colorIndex(), 3);
+  const std::string dump = drawing::canonicalDump(*read.database);
+  EXPECT_NE(dump.find(" 10 1.5\n"), std::string::npos);
+  EXPECT_NE(dump.find("1071 -1\n"), std::string::npos);
+}
+
+// What a text file holds and a number cannot, is told and nothing else is harmed.
+TEST(BinaryForm, ValuesThatDoNotFitTheirCodeAreTold) {
+  struct Case {
+    const char* group;
+    bool fits;
+  };
+  const Case cases[] = {{"1070|70000\n", false}, {"1070|65535\n", true},      {"1070|x\n", false}, {"1040|nan\n", true},
+                        {"1040|1e999\n", false}, {"1071|4294967295\n", true}, {"1005|zz\n", true}, {"1004|0\n", false}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.group);
+    const ReadResult read =
+        readText(std::string("0|POINT\n5|A1\n8|0\n10|1\n20|2\n1001|ACAD\n") + c.group + "1000|end\n");
+    ASSERT_FALSE(read.database.isNull());
+    drawing::WriteResult result;
+    const ReadResult again = drawing::readDrawingFromMemory(asBinary(*read.database, &result));
+    ASSERT_FALSE(again.database.isNull()) << again.message;
+    EXPECT_EQ(result.report.has("dxf.value-not-in-binary"), !c.fits);
+    if (!c.fits) {
+      EXPECT_EQ(result.report.issues().at(0).handle, 0xA1u);
+    }
+    EXPECT_NE(drawing::canonicalDump(*again.database).find("1000 end"), std::string::npos);
+  }
+}
+
+TEST(BinaryForm, TextsKeepZerosAndLineBreaks) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  OdString text(L"a");
+  text += wchar_t(0);
+  addText(*database, text + L"b");
+  addText(*database, L"up^Jdown");
+  expectRoundTrip(*database);
+  std::string bytes = asBinary(*database);
+  bytes.replace(bytes.find("up^J"), 4, "up\r\n"); // as other programs write it
+  const ReadResult read = drawing::readDrawingFromMemory(bytes);
+  ASSERT_FALSE(read.database.isNull()) << read.message;
+  EXPECT_NE(drawing::canonicalDump(*read.database).find("  1 up^M^Jdown\n"), std::string::npos);
+}
+
+TEST(BinaryForm, NumbersThatAreNotFiniteKeepTheirRecordUnread) {
+  const ReadResult read = drawing::readDrawingFromMemory(
+      earlyFile(std::string("\0POINT\0\5A1\0", 11) + "\12" + real(std::numeric_limits<double>::quiet_NaN())));
+  ASSERT_FALSE(read.database.isNull()) << read.message;
+  EXPECT_EQ(read.report.account.keptUnread, 1u);
+  expectRoundTrip(*read.database);
+}
+
+// Cut anywhere, a file is read as far as it goes or refused; the place is a byte offset.
+TEST(BinaryForm, FilesThatAreCutOffAreReadAsFarAsTheyGo) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  addText(*database, L"last");
+  const std::string whole = asBinary(*database);
+  for (std::size_t length = 0; length < whole.size() - 7; length += 97) {
+    SCOPED_TRACE(length);
+    const ReadResult read = drawing::readDrawingFromMemory(std::string_view(whole).substr(0, length), "cut");
+    if (read.database.isNull()) {
+      EXPECT_EQ(read.message.rfind("cut", 0), 0u) << read.message;
+    } else {
+      EXPECT_EQ(read.report.outcome(), drawing::Outcome::Repaired);
+      EXPECT_TRUE(read.report.has("dxf.no-end-of-file"));
+    }
+  }
+}
+
+TEST(BinaryForm, AReadingOutOfStepEndsWithItsPlace) {
+  std::string bytes = asBinary(*OdDbDatabase::create());
+  const std::size_t at = bytes.find(std::string("\0\0TABLE\0", 8));
+  bytes.insert(at, 1, '\x77');
+  const ReadResult read = drawing::readDrawingFromMemory(bytes);
+  ASSERT_FALSE(read.database.isNull()) << read.message;
+  ASSERT_TRUE(read.report.has("dxf.cut-off") || read.report.has("dxf.binary-out-of-step"));
+  EXPECT_GE(read.report.issues().at(0).line, at);
+}
+
+} // namespace
