@@ -18,17 +18,11 @@ struct NameGroup {
 
 // Names among the groups of records that are read but not modelled, or modelled in part.
 constexpr NameGroup kCarriedNames[] = {
-    {"ACAD_TABLE", 2, OdDb::kBlockTable, false},
-    {"ACAD_TABLE", 7, OdDb::kTextStyleTable},
-    {"TABLESTYLE", 7, OdDb::kTextStyleTable},
-    {"TOLERANCE", 3, OdDb::kDimStyleTable},
-    {"DIMSTYLE", 5, OdDb::kBlockTable},
-    {"DIMSTYLE", 6, OdDb::kBlockTable},
-    {"DIMSTYLE", 7, OdDb::kBlockTable},
-    {"ARC_DIMENSION", 2, OdDb::kBlockTable},
-    {"ARC_DIMENSION", 3, OdDb::kDimStyleTable},
-    {"LARGE_RADIAL_DIMENSION", 2, OdDb::kBlockTable},
-    {"LARGE_RADIAL_DIMENSION", 3, OdDb::kDimStyleTable},
+    {"ACAD_TABLE", 2, OdDb::kBlockTable, false},      {"ACAD_TABLE", 7, OdDb::kTextStyleTable},
+    {"TABLESTYLE", 7, OdDb::kTextStyleTable},         {"TOLERANCE", 3, OdDb::kDimStyleTable},
+
+    {"ARC_DIMENSION", 2, OdDb::kBlockTable},          {"ARC_DIMENSION", 3, OdDb::kDimStyleTable},
+    {"LARGE_RADIAL_DIMENSION", 2, OdDb::kBlockTable}, {"LARGE_RADIAL_DIMENSION", 3, OdDb::kDimStyleTable},
 };
 
 // And of entities that are kept as the record they were.

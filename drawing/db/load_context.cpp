@@ -214,9 +214,7 @@ OdDbObjectId LoadContext::makeMissing(OdDb::SymbolTableKind kind, const OdString
 }
 
 void LoadContext::append(GroupList& list, const Pair& pair) {
-  // Dimension styles have their handle under 105 and, in old files, the name of an arrow here.
-  const bool isArrowName = pair.code == 5 && kind_ == "DIMSTYLE";
-  const GroupKind kind = isArrowName ? GroupKind::Text : groupKindOf(pair.code);
+  const GroupKind kind = groupKindOf(pair.code);
   const bool before = failed_;
   const std::size_t size = list.size();
   double number = 0;

@@ -16,8 +16,12 @@ bool isAnyOf(const OdString& name, std::initializer_list<const wchar_t*> names) 
   return std::any_of(names.begin(), names.end(), [&name](const wchar_t* one) { return name.iCompare(one) == 0; });
 }
 
+bool isSpaceName(const OdString& name) {
+  return beginsWith(name, modelSpaceStr) || beginsWith(name, paperSpaceStr);
+}
+
 bool isSpace(const OdDbBlockTableRecord& block) {
-  return block.isLayout() || beginsWith(block.getName(), modelSpaceStr) || beginsWith(block.getName(), paperSpaceStr);
+  return block.isLayout() || isSpaceName(block.getName());
 }
 
 bool isNeeded(const OdDbSymbolTableRecord& record) {

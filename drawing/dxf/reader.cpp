@@ -195,7 +195,9 @@ void Reader::settleMissing(OdDbSymbolTable& table, OdDbSymbolTableRecord& record
     table.replaceMember(holder, record);
     context_.missing().erase(missing);
     context_.redirects().emplace_back(holder, record.objectId());
-    db::peek(holder)->erase();
+    OdDbObject& standIn = *db::peek(holder);
+    const db::WriteScope scope(standIn);
+    standIn.erase();
     return;
   }
   const OdString wanted = record.getName();
