@@ -58,7 +58,7 @@ std::size_t objectsInModelSpace(const OdDbDatabase& database) {
 
 } // namespace
 
-void openDrawing(Session& session, const std::string& path) {
+drawing::Report openDrawing(Session& session, const std::string& path, bool tellsIssues) {
   const drawing::ReadResult read = drawing::readDrawing(path);
   session.addIssues(read.report);
   if (read.database.isNull())
@@ -68,10 +68,12 @@ void openDrawing(Session& session, const std::string& path) {
   session.say(Text::kOpened, {asText(path), count(objectsInModelSpace(*read.database)),
                               asText(drawing::versionYear(read.database->facts().version))});
   if (!repaired)
-    return;
+    return read.report;
   session.say(Text::kRepaired, {asText(path), count(losses(read.report))});
-  tellIssues(session, path, read.report, Text::kReadIssue);
+  if (tellsIssues)
+    tellIssues(session, path, read.report, Text::kReadIssue);
   session.note(Status::Repaired);
+  return read.report;
 }
 
 void saveDrawing(Session& session, const SaveRequest& request) {

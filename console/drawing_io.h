@@ -8,8 +8,9 @@
 namespace console {
 
 // Reads the file in place of the open drawing. A repaired drawing is told and noted; one that cannot be read throws,
-// and the open drawing stays.
-void openDrawing(Session& session, const std::string& path);
+// and the open drawing stays. `tellsIssues` false: what was repaired is only counted, not listed. Answers the report of
+// the reading.
+drawing::Report openDrawing(Session& session, const std::string& path, bool tellsIssues = true);
 
 struct SaveRequest {
   std::string path;

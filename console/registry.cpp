@@ -17,6 +17,7 @@ const std::vector<Command>& allCommands() {
        {kPromptTag, kPromptTagPrompt, kPromptTagDefault, kPromptTextStart, kPromptHeight},
        Changes,
        commands::attdef},
+      {L"AUDIT", {}, kHelpAudit, {kPromptFix}, Changes, commands::audit},
       {L"BLOCK",
        {L"B"},
        kHelpBlock,

@@ -236,6 +236,19 @@ constexpr std::array kWords = {
     Word{Text::kBadRename, "usage.rename", L"{1} takes OLD=NEW, not \"{2}\"."},
     Word{Text::kNoRename, "usage.no-rename",
          L"Say what to rename: --block, --layer, --linetype, --style or --dimstyle, each with OLD=NEW."},
+
+    Word{Text::kAuditSeverity, "audit.severity", L"Severity"},
+    Word{Text::kAuditPlace, "audit.place", L"Place"},
+    Word{Text::kAuditFound, "audit.found", L"Found"},
+    Word{Text::kAuditDone, "audit.done", L"Done"},
+    Word{Text::kAuditRow, "audit.row", L"{1}  {2}  {3}  {4}"},
+    Word{Text::kAuditSum, "audit.records",
+         L"{1} {1:record|records} read, {2} kept as {2:it is|they are}, {3} kept unread, {4} dropped."},
+    Word{Text::kAuditWhole, "audit.whole", L"The drawing is whole."},
+    Word{Text::kAuditIssues, "audit.issues", L"{1} {1:thing|things} found."},
+    Word{Text::kFixNeedsOutput, "usage.fix-output", L"--fix and -o go together."},
+    Word{Text::kHelpAudit, "help.audit", L"Look for damage, and mend it"},
+    Word{Text::kPromptFix, "prompt.fix", L"Mend what is found? [Yes/No] <No>:"},
 };
 
 constexpr bool inOrder() {

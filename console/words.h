@@ -212,6 +212,18 @@ enum class Text : unsigned short {
   kRenameIllegal,
   kBadRename,
   kNoRename,
+  // Auditing
+  kAuditSeverity,
+  kAuditPlace,
+  kAuditFound,
+  kAuditDone,
+  kAuditRow,
+  kAuditSum,
+  kAuditWhole,
+  kAuditIssues,
+  kFixNeedsOutput,
+  kHelpAudit,
+  kPromptFix,
   kCount
 };
 

@@ -6,6 +6,7 @@
 namespace console::commands {
 
 void attdef(CommandContext& context);
+void audit(CommandContext& context);
 void block(CommandContext& context);
 void circle(CommandContext& context);
 void erase(CommandContext& context);

@@ -20,17 +20,18 @@ Json messagesOf(const Session& session) {
   return messages;
 }
 
-const char* severityName(drawing::Severity severity) {
-  constexpr const char* kNames[] = {"note", "repaired", "lost", "fatal"};
-  return kNames[static_cast<std::size_t>(severity)];
-}
-
 Json issuesOf(const Session& session) {
   Json issues = Json::array();
   for (const drawing::Issue& issue : session.issues()) {
     Json entry = {{"code", issue.code}, {"severity", severityName(issue.severity)}, {"line", issue.line}};
+    if (!issue.section.empty())
+      entry["section"] = issue.section;
+    if (!issue.kind.empty())
+      entry["kind"] = issue.kind;
     if (issue.handle != 0)
       entry["handle"] = OdDbHandle(issue.handle).ascii();
+    if (issue.groupCode >= 0)
+      entry["group"] = issue.groupCode;
     entry["found"] = issue.found;
     entry["done"] = issue.done;
     issues.push_back(std::move(entry));
@@ -52,6 +53,11 @@ void checkOutput(const JobFiles& files) {
 
 } // namespace
 
+const char* severityName(drawing::Severity severity) {
+  constexpr const char* kNames[] = {"note", "repaired", "lost", "fatal"};
+  return kNames[static_cast<std::size_t>(severity)];
+}
+
 Status runJob(SessionOptions settings, const Job& job) {
   settings.quiet = job.json;
   Session session(std::move(settings));
@@ -64,9 +70,14 @@ Status runJob(SessionOptions settings, const Job& job) {
            session.attempt(job.name, Command::Kind::Changes, [&] { job.work(session, facts); }) == Status::Done;
   };
   const bool writes = !job.files.out.empty();
+  const auto open = [&] {
+    const drawing::Report report = openDrawing(session, job.files.in, !job.readReport);
+    if (job.readReport)
+      job.readReport(report);
+  };
   const auto save = [&] { saveDrawing(session, {job.files.out, job.files.version, job.files.force}); };
-  const bool done = (!writes || look([&] { checkOutput(job.files); })) &&
-                    look([&] { openDrawing(session, job.files.in); }) && change() && (!writes || look(save));
+  const bool done =
+      (!writes || look([&] { checkOutput(job.files); })) && look(open) && change() && (!writes || look(save));
   if (done && job.tell)
     job.tell(session);
   if (done && writes) {

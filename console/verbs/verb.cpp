@@ -10,6 +10,7 @@ std::vector<std::unique_ptr<Verb>> allVerbs() {
   std::vector<std::unique_ptr<Verb>> verbs;
   verbs.push_back(makeVerb());
   verbs.push_back(convertVerb());
+  verbs.push_back(auditVerb());
   verbs.push_back(purgeVerb());
   verbs.push_back(renameVerb());
   return verbs;

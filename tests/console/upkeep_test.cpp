@@ -47,6 +47,13 @@ TEST(Upkeep, EndsWithTheStatusAndSaysWhy) {
       {"purge $D --kind block -o $OUT", 0, "2 things purged", true},
       {"purge $D -o $OUT --json", 0, "\"kind\": \"layer\"", true},
       {"purge $D -o $D", 1, "--force", false},
+      {"audit $D", 0, "The drawing is whole", false},
+      {"audit $D --json", 0, "\"outcome\": \"whole\"", false},
+      {"audit $D --fix", 2, "--fix and -o", false},
+      {"audit $D -o $OUT", 2, "--fix and -o", false},
+      {"audit nosuch.dxf", 3, "nosuch.dxf", false},
+      {"audit $D --fix -o $D", 1, "--force", false},
+      {"audit $D --fix -o $OUT", 0, "Saved", true},
       {"rename $D -o $OUT", 2, "OLD=NEW", false},
       {"rename $D -o $OUT --block lamp", 2, "--block takes OLD=NEW", false},
       {"rename $D -o $OUT --block lamp=light --layer DOOR=Door", 0, "The block \"lamp\" is \"light\" now.", true},
@@ -91,6 +98,33 @@ TEST(Upkeep, WhatIsWrittenIsWhatWasSaid) {
   const OdDbBlockTableRecordPtr light = database.symbol(OdDb::kBlockTable, L"light").safeOpenObject();
   ASSERT_FALSE(light.isNull());
   EXPECT_EQ(light->getBlockReferenceIds().length(), 1);
+}
+
+// A layout whose block is gone and a handle that is used twice: found while reading, and whole in the file that is
+// written.
+TEST(Upkeep, AuditMendsWhatItReadsAndNeverTheFileItself) {
+  const Scratch scratch;
+  std::string bytes = readFile(house(scratch));
+  const auto layout = bytes.find("AcDbLayout", bytes.find("\nLAYOUT\n"));
+  bytes.replace(bytes.find("\n330\n", layout), 5, "\n330\nF");
+  const std::string start = "\nLINE\n  5\n";
+  const auto first = bytes.find(start) + start.size();
+  const auto second = bytes.find(start, first) + start.size();
+  bytes.replace(second, bytes.find('\n', second) - second, bytes.substr(first, bytes.find('\n', first) - first));
+  const std::string in = scratch.write("hurt.dxf", bytes);
+  const std::string out = scratch.path("out.dxf");
+  const Outcome looked = runMorvane({"audit", in, "--json"});
+  EXPECT_EQ(looked.status, 4);
+  for (const char* part : {"\"outcome\": \"repaired\"", "\"code\": \"dxf.duplicate-handle\"",
+                           "\"section\": \"BLOCKS\"", "\"code\": \"dxf.layout-without-block\"", "\"dropped\": 0"})
+    EXPECT_NE(looked.results.find(part), std::string::npos) << part << looked.results;
+  const Outcome table = runMorvane({"audit", in});
+  EXPECT_NE(table.results.find("repaired  line "), std::string::npos) << table.results;
+  EXPECT_EQ(runMorvane({"audit", in, "--fix", "-o", in}).status, 1);
+  EXPECT_EQ(readFile(in), bytes);
+  EXPECT_EQ(runMorvane({"audit", in, "--fix", "-o", out}).status, 4);
+  const Outcome again = runMorvane({"audit", out});
+  EXPECT_EQ(again.status, 0) << again.shown;
 }
 
 TEST(Upkeep, CommandsAreOneStepEach) {
