@@ -6,6 +6,7 @@
 #include "DbDictionary.h"
 #include "DbSortentsTable.h"
 #include "db/block_graph.h"
+#include "db/block_units.h"
 #include "db/load_context.h"
 #include "db/setters.h"
 #include "db/store.h"
@@ -32,8 +33,8 @@ const drawing::Description& OdDbBlockTableRecord::ownDescription() {
       &OdDbSymbolTableRecord::ownDescription(),
       {{"AcDbBlockTableRecord",
         {field<&OdDbBlockTableRecord::name_>(2), field<&OdDbBlockTableRecord::layout_>(340).ref(OdDb::kSoftPointerRef),
-         field<&OdDbBlockTableRecord::units_>(70).from(OdDb::kRelease2007),
-         field<&OdDbBlockTableRecord::explodable_>(280).from(OdDb::kRelease2007),
+         field<&OdDbBlockTableRecord::units_>(70).elsewhereBefore(OdDb::kRelease2007),
+         field<&OdDbBlockTableRecord::explodable_>(280).otherwise(1).from(OdDb::kRelease2007),
          field<&OdDbBlockTableRecord::scalesUniformly_>(281).from(OdDb::kRelease2007)},
         [](OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
           return drawing::db::readPreview(static_cast<OdDbBlockTableRecord&>(object).preview_, pair, context);
@@ -84,6 +85,11 @@ MVDB_SETTER(OdDbBlockTableRecord, setBlockInsertUnits, OdDb::UnitsValue, units_)
 MVDB_SETTER(OdDbBlockTableRecord, setExplodable, bool, explodable_)
 MVDB_SETTER(OdDbBlockTableRecord, setLayoutId, OdDbObjectId, layout_)
 MVDB_SETTER(OdDbBlockTableRecord, setPreviewIcon, const std::string&, preview_)
+
+void OdDbBlockTableRecord::afterLoad() {
+  if (database()->facts().version < OdDb::kRelease2007 && xDataGroups() != nullptr)
+    drawing::db::takeUnits(extrasForLoad().xData, units_);
+}
 
 OdResult OdDbBlockTableRecord::setBlockScaling(BlockScaling scaling) {
   assertWriteEnabled();

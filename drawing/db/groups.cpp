@@ -45,6 +45,13 @@ OdDb::ReferenceType referenceTypeOf(int code) {
 }
 
 GroupSink::~GroupSink() = default;
+
+void GroupSink::leftOut(int code, std::string_view marker, double) {
+  lost({"dxf.group-not-in-version", Severity::Lost, 0, code, 0, "", "",
+        "group " + std::to_string(code) + " of " + std::string(marker) + " cannot be held by the version",
+        "it is left out"});
+}
+
 GroupList::~GroupList() = default;
 
 void GroupList::clear() {

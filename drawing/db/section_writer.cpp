@@ -109,6 +109,21 @@ void writeField(const Field& field, const void* at, GroupSink& sink) {
   }
 }
 
+double numberIn(const Field& field, const void* at) {
+  switch (field.kind) {
+  case FieldKind::Real:
+    return *static_cast<const double*>(at);
+  case FieldKind::Bool:
+    return *static_cast<const bool*>(at) ? 1 : 0;
+  case FieldKind::Int16:
+    return *static_cast<const std::int16_t*>(at);
+  case FieldKind::Int32:
+    return *static_cast<const std::int32_t*>(at);
+  default:
+    return GroupSink::kNoNumber;
+  }
+}
+
 // Carried groups stand behind the marker of their section; those before any marker belong to no section.
 class Carried {
 public:
@@ -156,7 +171,10 @@ void writeSection(const OdDbObject& object, const Section& section, GroupSink& s
     // The address is only read through: descriptions serve reading and writing alike.
     const void* at = field.at(const_cast<OdDbObject&>(object));
     const bool tooNew = field.since > sink.version() && !(field.optional && sink.keepsNewer());
-    if (field.readOnly || tooNew || (field.optional && isDefault(field, at)))
+    const bool isPlain = (field.optional || tooNew) && isDefault(field, at);
+    if (tooNew && !isPlain && !field.readOnly && !field.elsewhere)
+      sink.leftOut(field.code, section.marker, numberIn(field, at));
+    if (field.readOnly || tooNew || isPlain)
       continue;
     writeField(field, at, sink);
   }

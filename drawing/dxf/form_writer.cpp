@@ -22,16 +22,30 @@ void FormWriter::flush() {
 }
 
 bool FormWriter::finish() {
+  for (Told& told : told_) {
+    if (told.records > 1)
+      told.issue.found += ", here and in " + std::to_string(told.records - 1) + " more";
+    target_.losses.add(std::move(told.issue));
+  }
+  told_.clear();
   flush();
   return !failed_;
 }
 
 void FormWriter::lost(Issue issue) {
+  const bool isOwn = issue.handle != 0; // told of an object, not of a group
   if (issue.kind.empty())
     issue.kind = kind_;
   if (issue.handle == 0)
     issue.handle = std::uint64_t{handle_};
-  target_.losses.add(std::move(issue));
+  const std::string key =
+      issue.code + '\n' + issue.kind + '\n' + issue.found + (isOwn ? '\n' + std::to_string(issue.handle) : "");
+  const auto [at, isNew] = toldAt_.emplace(key, told_.size());
+  const std::uint64_t handle = issue.handle;
+  if (isNew)
+    told_.push_back({std::move(issue), handle});
+  else if (std::exchange(told_[at->second].last, handle) != handle)
+    ++told_[at->second].records;
 }
 
 void TextWriter::line(int code, std::string_view text) {

@@ -7,6 +7,8 @@
 
 #include <functional>
 #include <string>
+#include <unordered_map>
+#include <vector>
 
 namespace drawing::dxf {
 
@@ -27,7 +29,9 @@ public:
 
   OdDb::DwgVersion version() const override { return target_.version; }
   bool keepsNewer() const override { return target_.keepsNewer; }
-  void lost(Issue issue) override; // the record that is being written is its place
+  // The record that is being written is its place. What is lost in the same way by many records of a kind is told
+  // once, with the number of them.
+  void lost(Issue issue) override;
 
   bool finish(); // false when any output failed
 
@@ -47,9 +51,16 @@ protected:
   std::string buffer_;
 
 private:
+  struct Told {
+    Issue issue;
+    std::uint64_t last; // the record that was counted last
+    std::size_t records = 1;
+  };
   void flush();
 
   Target target_;
+  std::vector<Told> told_;
+  std::unordered_map<std::string, std::size_t> toldAt_;
   std::string pending_;
   std::string kind_; // of the record that is being written
   OdDbHandle handle_;

@@ -5,6 +5,7 @@
 #include "DbDxf.h"
 #include "DbLayout.h"
 #include "DbSequence.h"
+#include "db/block_units.h"
 #include "db/load_context.h"
 #include "db/store.h"
 #include "db/symbol_kinds.h"
@@ -37,8 +38,15 @@ void RecordWriter::head(const OdDbObject& object, bool withHandle) {
 }
 
 void RecordWriter::xData(const OdDbObject& object) {
-  if (const GroupList* groups = object.xDataGroups())
+  const GroupList* groups = object.xDataGroups();
+  const auto* block = OdDbBlockTableRecord::cast(&object).get();
+  if (block != nullptr && sink_.version() < OdDb::kRelease2007 && block->blockInsertUnits() != OdDb::kUnitsUndefined) {
+    GroupList withUnits = groups == nullptr ? GroupList() : *groups;
+    db::putUnits(withUnits, block->blockInsertUnits());
+    withUnits.writeTo(sink_);
+  } else if (groups != nullptr) {
     groups->writeTo(sink_);
+  }
 }
 
 void RecordWriter::whole(const OdDbObject& object) {
@@ -47,7 +55,16 @@ void RecordWriter::whole(const OdDbObject& object) {
   xData(object);
 }
 
+Writer::Writer(const OdDbDatabase& database, GroupSink& sink)
+    : database_(database), to_(sink), leftOut_(database, sink.version()), filter_(sink, leftOut_),
+      sink_(sink.version() == database.facts().version ? sink : filter_) {}
+
+bool Writer::stands(OdDbObjectId id) const {
+  return lives(id) && !leftOut_.has(id);
+}
+
 void Writer::run() {
+  leftOut_.tell(to_);
   for (const std::string& comment : database_.facts().comments)
     sink_.utf8(999, comment);
   section("HEADER", &Writer::header);
@@ -74,26 +91,36 @@ void Writer::header() {
   };
   if (!database_.hasHeaderVar("ACADVER"))
     version();
+  std::string missing;
   for (const OdDbHeader::Variable& variable : database_.header().variables()) {
-    if (variable.name == "ACADVER") {
+    if (variable.name == "ACADVER")
       version();
-      continue;
-    }
-    sink_.utf8(9, "$" + variable.name);
-    if (variable.name == "HANDSEED")
-      sink_.handle(5, database_.handseed());
+    else if (sink_.version() < database_.facts().version && !hasHeaderVariable(variable.name, sink_.version()))
+      missing += (missing.empty() ? "$" : ", $") + variable.name;
     else
-      variable.groups.writeTo(sink_);
+      headerVariable(variable);
   }
   if (!database_.hasHeaderVar("HANDSEED")) {
     sink_.utf8(9, "$HANDSEED");
     sink_.handle(5, database_.handseed());
   }
+  if (!missing.empty())
+    sink_.lost({"dxf.variables-not-in-version", Severity::Note, 0, -1, 0, "HEADER", "HEADER",
+                missing + " do not exist in version " + versionYear(sink_.version()), "they are left out"});
+}
+
+void Writer::headerVariable(const OdDbHeader::Variable& variable) {
+  sink_.utf8(9, "$" + variable.name);
+  if (variable.name == "HANDSEED")
+    sink_.handle(5, database_.handseed());
+  else
+    variable.groups.writeTo(sink_);
 }
 
 void Writer::carriedSections(bool atFront) {
   for (const CarriedSection& carried : database_.carriedSections()) {
-    if ((carried.name == "CLASSES") != atFront)
+    const bool isBodies = carried.name == "ACDSDATA" && sink_.version() < OdDb::kRelease2013;
+    if ((carried.name == "CLASSES") != atFront || isBodies)
       continue;
     sink_.utf8(0, "SECTION");
     sink_.utf8(2, carried.name);
@@ -111,7 +138,7 @@ void Writer::table(OdDb::SymbolTableKind kind) {
   const auto& table = *peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind));
   std::vector<const OdDbObject*> records;
   for (OdDbObjectId id : table.members().ids()) {
-    if (lives(id))
+    if (stands(id))
       records.push_back(db::peek(id));
   }
   RecordWriter writer(sink_);
@@ -137,7 +164,7 @@ void Writer::table(OdDb::SymbolTableKind kind) {
 void Writer::blocks() {
   const auto& table = *peekAs<OdDbBlockTable>(database_.getBlockTableId());
   for (OdDbObjectId id : table.members().ids()) {
-    if (lives(id))
+    if (stands(id))
       block(*peekAs<OdDbBlockTableRecord>(id));
   }
 }
@@ -182,12 +209,12 @@ void Writer::entity(OdDbObjectId id) {
     return;
   bool any = false;
   for (OdDbObjectId part : owner->subEntities()) {
-    if (!lives(part))
+    if (!stands(part))
       continue;
     any = true;
     RecordWriter(facts).whole(*db::peek(part));
   }
-  if (any && lives(owner->sequenceEndId()))
+  if (any && stands(owner->sequenceEndId()))
     RecordWriter(facts).whole(*db::peek(owner->sequenceEndId()));
 }
 
@@ -214,7 +241,7 @@ void Writer::block(const OdDbBlockTableRecord& record) {
   writer.xData(begin);
   if (!standsInEntities(record)) {
     for (OdDbObjectId id : record.members().ids()) {
-      if (lives(id))
+      if (stands(id))
         entity(id);
     }
   }
@@ -240,7 +267,7 @@ void Writer::entities() {
     inPaperSpace_ = isPaperSpace(*block);
     layoutName_ = layout == nullptr ? OdString() : layout->getLayoutName();
     for (OdDbObjectId id : block->members().ids()) {
-      if (lives(id))
+      if (stands(id))
         entity(id);
     }
   }
@@ -252,7 +279,7 @@ void Writer::objects() {
   writer.whole(*db::peek(root));
   for (OdDbObjectId id : database_.allIds()) {
     const OdDbObject* object = db::peek(id);
-    if (object == nullptr || object->isErased() || id == root || object->isKindOf(OdDbEntity::desc()) ||
+    if (!stands(id) || id == root || object->isKindOf(OdDbEntity::desc()) ||
         object->isKindOf(OdDbSymbolTable::desc()) || object->isKindOf(OdDbSymbolTableRecord::desc()) ||
         object->isKindOf(OdDbHeader::desc()))
       continue;

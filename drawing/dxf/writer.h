@@ -3,17 +3,20 @@
 
 #include "DbBlockTable.h"
 #include "DbDatabase.h"
+#include "DbDictionary.h"
+#include "dxf/version_filter.h"
 
 namespace drawing::dxf {
 
 class Writer {
 public:
-  Writer(const OdDbDatabase& database, GroupSink& sink) : database_(database), sink_(sink) {}
+  Writer(const OdDbDatabase& database, GroupSink& sink);
   void run();
 
 private:
   void section(const char* name, void (Writer::*contents)());
   void header();
+  void headerVariable(const OdDbHeader::Variable& variable);
   void tables();
   void table(OdDb::SymbolTableKind kind);
   void blocks();
@@ -25,8 +28,13 @@ private:
   void entity(OdDbObjectId id);
   void blockHead(const OdDbBlockTableRecord& record);
 
+  bool stands(OdDbObjectId id) const; // lives, and the version can hold it
+
   const OdDbDatabase& database_;
-  GroupSink& sink_;
+  GroupSink& to_;
+  LeftOut leftOut_;
+  VersionFilter filter_;
+  GroupSink& sink_;     // the filter, where the file's version is not the drawing's
   OdString layoutName_; // of the block whose entities are being written
   bool inPaperSpace_ = false;
 };

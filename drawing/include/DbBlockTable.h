@@ -101,6 +101,7 @@ public:
   void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
   void adoptEntity(OdDbObjectId id) { members_.push(id); }
+  void afterLoad() override;
   void adoptCopy(); // a copy has no ends and no layout of its own yet
   void adoptEnds(OdDbObjectId begin, OdDbObjectId end);
   void joinedTable() override { ensureEnds(); }

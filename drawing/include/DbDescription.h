@@ -35,6 +35,7 @@ struct Field {
   bool degrees = false;                        // radians in memory, degrees in files
   bool optional = false;                       // not written when it equals the default
   bool readOnly = false; // read under this code, written under another (files of other programs use either)
+  bool elsewhere = false; // versions before `since` hold it in another place
   double ifAbsent[3] = {0, 0, 0};
   Address at = nullptr;
 
@@ -50,9 +51,18 @@ struct Field {
       f.ifAbsent[2] = z;
     });
   }
+  constexpr Field otherwise(double x) const { // what files without it mean; written all the same
+    return with([=](Field& f) { f.ifAbsent[0] = x; });
+  }
   constexpr Field unlessEmpty() const { return unless(0); } // texts, null references
   constexpr Field from(OdDb::DwgVersion version) const {
     return with([=](Field& f) { f.since = version; });
+  }
+  constexpr Field elsewhereBefore(OdDb::DwgVersion version) const {
+    return with([=](Field& f) {
+      f.since = version;
+      f.elsewhere = true;
+    });
   }
   constexpr Field name(OdDb::SymbolTableKind table) const {
     return with([=](Field& f) { f.byName = table; });

@@ -52,6 +52,10 @@ public:
   virtual bool keepsNewer() const { return true; }
   // Told of what the version or the form cannot hold and is therefore left out or changed.
   virtual void lost(Issue) {}
+  // Told of a value of a section that is not written because the version is too early for it. Values that are no
+  // numbers come as kNoNumber.
+  virtual void leftOut(int code, std::string_view marker, double value);
+  static constexpr double kNoNumber = -1e301;
 
   void text(int code, const OdString& value) { utf8(code, value.toUtf8Lossless()); }
   void point(int code, const OdGePoint3d& p) {

@@ -1,0 +1,28 @@
+// What versions of the format do not have.
+#pragma once
+
+#include "OdDb.h"
+
+#include <string_view>
+
+namespace drawing::dxf {
+
+// Groups of kinds that are older than the group itself.
+struct GroupRule {
+  std::string_view kind;   // "*": any
+  std::string_view marker; // of the section
+  int first, last;         // codes
+  OdDb::DwgVersion since;
+  const char* what;
+  double plain = kNoPlain; // the value that says no more than its absence
+  static constexpr double kNoPlain = -1e300;
+};
+
+// The rule by which a version does not have the group; null when it has it.
+const GroupRule* missingGroup(std::string_view kind, std::string_view marker, int code, OdDb::DwgVersion version);
+
+// Whether drawings of the version have that header variable (without $). Variables that nobody lists are taken for
+// those of every version, except that R12 has only those that it is known for.
+bool hasHeaderVariable(std::string_view name, OdDb::DwgVersion version);
+
+} // namespace drawing::dxf
