@@ -55,7 +55,10 @@ const drawing::Description& OdDbMInsertBlock::ownDescription() {
          {field<&Self::columns_>(70).unless(1), field<&Self::rows_>(71).unless(1),
           field<&Self::columnSpacing_>(44).unless(0), field<&Self::rowSpacing_>(45).unless(0)})
       section.fields.push_back(own);
-    return drawing::Description(&OdDbEntity::ownDescription(), {section});
+    // Some programs write a single reference's section first, then rows and columns in a section of their own.
+    drawing::Section second{section.marker, section.fields, section.read};
+    second.since = drawing::kNeverWritten;
+    return drawing::Description(&OdDbEntity::ownDescription(), {section, second});
   }();
   return description;
 }
