@@ -160,7 +160,16 @@ OdResult OdDbBlockReference::subTransformBy(const OdGeMatrix3d& matrix) {
     return transformParts(matrix);
   }
   const OdDbBlockReference before(*this);
+  // An axis of length 0 (flat drawings of some programs have such a z axis) has a direction all the same.
+  double* const scales[3] = {&scaleX_, &scaleY_, &scaleZ_};
+  bool flat[3];
+  for (int i = 0; i < 3; ++i) {
+    flat[i] = *scales[i] == 0;
+    *scales[i] = flat[i] ? 1 : *scales[i];
+  }
   OdResult result = setBlockTransform(matrix * blockTransform());
+  for (int i = 0; i < 3; ++i)
+    *scales[i] = flat[i] ? 0 : *scales[i];
   if (result == eOk)
     result = transformParts(matrix);
   if (result != eOk)

@@ -115,6 +115,11 @@ inline Points tablePoints(const OdDbEntity& e) {
   return {at, at + table.direction() * table.columnWidth(1), table.blockTransform() * OdGePoint3d(1, 2, 3)};
 }
 
+inline Points referencePoints(const OdDbEntity& e) {
+  const OdGeMatrix3d block = as<OdDbBlockReference>(e).blockTransform();
+  return {block * OdGePoint3d(), block * OdGePoint3d(1, 0, 0), block * OdGePoint3d(0, 1, 0)};
+}
+
 inline Points arcDimensionPoints(const OdDbEntity& e) {
   const auto& dim = as<OdDbArcDimension>(e);
   return {dim.arcPoint(), dim.xLine1Point(), dim.xLine2Point(), dim.centerPoint(), dim.textPosition()};
@@ -171,6 +176,8 @@ inline const Kind kComposedKinds[] = {
      "2|92 2|93 0|141 11|141 9|142 40|142 60.5|171 1|172 0|145 0|92 0|301 CELL_VALUE|93 0|90 32|11 7|21 8|31 9|304 "
      "ACVALUE_END|171 2|340 0|144 1",
      kMoves, tablePoints},
+    {"FlatReference", "INSERT", "100 AcDbBlockReference|2 Picture|10 1|20 2|30 3|41 2|42 2|43 0|50 30", kMirrors,
+     referencePoints},
     {"ArcDimension", "ARC_DIMENSION",
      "100 AcDbDimension|280 0|10 6|20 2|30 0|11 6|21 3|31 0|70 37|71 5|42 26|3 Standard|100 AcDbArcDimension|13 5|23 "
      "2|33 0|14 6|24 3|34 0|15 5|25 3|35 0|70 1|40 0.5|41 1.25|71 0|16 5|26 2|36 0|17 6|27 3|37 0",
