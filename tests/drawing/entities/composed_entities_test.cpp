@@ -1,5 +1,6 @@
 // What the parts of composed entities refer to goes where they go, and their outline is that of all parts.
 #include "DbDictionary.h"
+#include "DbDump.h"
 #include "DbDxf.h"
 #include "DbIdMapping.h"
 #include "tests/drawing/entities/composed_kinds.h"
@@ -73,6 +74,31 @@ TEST(MLeader, BringsItsStyleAndTextStyleAlong) {
             std::string::npos);
   EXPECT_EQ(clone->contents(), OdString(L"x"));
   tests::expectSound(*other);
+}
+
+TEST(Solid, CloneHasABodyOfItsOwn) {
+  const std::string file = tests::dxf(
+      tests::section("ENTITIES", "0|3DSOLID\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbModelerGeometry\n290|1\n2|{0}\n"
+                                 "100|AcDb3dSolid\n350|0\n") +
+          tests::section("ACDSDATA", "70|2\n71|8\n0|ACDSSCHEMA\n90|4\n1|Bodies\n2|AcDbDs::ID\n280|10\n91|8\n"
+                                     "0|ACDSRECORD\n90|4\n2|AcDbDs::ID\n280|10\n320|A1\n2|Body\n280|15\n94|2\n"
+                                     "310|AB12\n"),
+      "AC1027");
+  const drawing::ReadResult read = drawing::readDrawingFromMemory(file);
+  ASSERT_FALSE(read.database.isNull()) << read.message;
+  OdDbDatabase& database = *read.database;
+  OdDbDatabasePtr other = OdDbDatabase::create();
+  tests::skewHandles(*other);
+  const OdDbObjectId holder = tests::addBlock(database, L"holder");
+  for (const OdDbObjectId owner : {holder, other->getModelSpaceId()}) {
+    OdDbObjectId clone;
+    tests::expectUndoRestores(*owner.database(),
+                              [&] { clone = cloneInto(database, database.getOdDbObjectId(0xA1), owner); });
+    const std::string dump = drawing::canonicalDump(*owner.database());
+    EXPECT_NE(dump.find("320 " + clone.getHandle().ascii() + "\n"), std::string::npos) << dump;
+    tests::expectUndoRestores(*owner.database(), [&] { tests::forWrite<OdDbEntity>(clone)->erase(); });
+    EXPECT_EQ(drawing::canonicalDump(*owner.database()).find("320 " + clone.getHandle().ascii()), std::string::npos);
+  }
 }
 
 struct Outline {
