@@ -130,6 +130,20 @@ inline Points jogPoints(const OdDbEntity& e) {
   return {dim.center(), dim.overrideCenter(), dim.jogPoint(), dim.chordPoint()};
 }
 
+// Both corners, and the middle of the bulge between them.
+inline Points mpolygonPoints(const OdDbEntity& e) {
+  const auto& polygon = as<OdDbMPolygon>(e);
+  const drawing::GroupList& groups = polygon.groups();
+  const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(polygon.normal());
+  const std::size_t loop = groups.find(93), second = groups.find(10, groups.find(10, loop) + 1);
+  const auto place = [&](std::size_t i) {
+    return OdGePoint3d(groups[i].real, groups[i + 1].real, polygon.elevation());
+  };
+  const OdGePoint3d a = place(groups.find(10, loop)), b = place(second);
+  const OdGeVector3d bulge = (b - a).crossProduct(OdGeVector3d::kZAxis) * (groups[groups.find(42)].real / 2);
+  return {plane * a, plane * b, plane * (a + (b - a) * 0.5 + bulge)};
+}
+
 inline Points noPoints(const OdDbEntity&) {
   return {};
 }
@@ -189,7 +203,7 @@ inline const Kind kComposedKinds[] = {
     {"MPolygon", "MPOLYGON",
      "100 AcDbMPolygon|70 1|10 0|20 0|30 2|210 0|220 0|230 1|2 SOLID|71 1|91 1|92 0|72 1|73 0|93 2|10 0|20 0|42 1|10 "
      "4|20 0|42 1|76 1|63 1|11 0|21 0|99 0",
-     kMirrors, noPoints},
+     kMirrors, mpolygonPoints},
     {"Solid3d", "3DSOLID", "100 AcDbModelerGeometry|70 1|1 koo mi|3 n o|1 ni|100 AcDb3dSolid|350 0", kNothing,
      noPoints},
     {"LoftedSurface", "LOFTEDSURFACE",
