@@ -4,6 +4,7 @@
 #include "DbSymbolRecords.h"
 #include "db/load_context.h"
 #include "db/store.h"
+#include "entities/context_data.h"
 #include "entities/transforms.h"
 
 #include <cmath>
@@ -205,6 +206,7 @@ OdResult OdDbEntity::transformBy(const OdGeMatrix3d& matrix) {
   assertWriteEnabled();
   if (!drawing::isInvertibleMap(matrix)) // nothing could be brought back from where it leads
     return eCannotTransform;
+  const drawing::ContextData contextData(*this);
   const OdResult result = subTransformBy(matrix);
   if (result == eCannotTransform && isDBRO())
     return becomeAnother(matrix);
@@ -214,6 +216,7 @@ OdResult OdDbEntity::transformBy(const OdGeMatrix3d& matrix) {
     transformXData(xDataGroupsForWrite(), matrix);
   if (cachedPicture(carriedOrNull()).length > 0)
     dropCachedPicture(carried());
+  contextData.move(matrix);
   return result;
 }
 

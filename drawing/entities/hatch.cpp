@@ -114,7 +114,7 @@ OdResult OdDbHatch::subTransformBy(const OdGeMatrix3d& matrix) {
   const drawing::PlaneMap map(matrix, before);
   const double height = elevation();
   if (map.keepsShapes()) {
-    for (const drawing::HatchPart& part : drawing::hatchParts(groups_))
+    for (const drawing::HatchPart& part : drawing::hatchParts(groups_, onlyPolylines()))
       drawing::moveHatchPart(groups_, part, map, height);
   } else if (!drawing::reshapeHatch(groups_, map, height)) {
     return eCannotTransform;
@@ -130,7 +130,7 @@ OdResult OdDbHatch::subTransformBy(const OdGeMatrix3d& matrix) {
 OdResult OdDbHatch::getGeomExtents(OdGeExtents3d& extents) const {
   const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(normal());
   OdGeExtents3d all;
-  for (const drawing::HatchPart& part : drawing::hatchParts(groups_))
+  for (const drawing::HatchPart& part : drawing::hatchParts(groups_, onlyPolylines()))
     drawing::addHatchPart(all, groups_, part, plane, elevation());
   extents.addExt(all);
   return all.isValidExtents() ? eOk : eNotApplicable;
@@ -141,7 +141,7 @@ OdResult OdDbMPolygon::subTransformBy(const OdGeMatrix3d& matrix) {
   const drawing::PlaneMap map(matrix, normal());
   if (!map.keepsShapes())
     return eCannotTransform;
-  const std::vector<drawing::HatchPart> parts = drawing::hatchParts(groups_);
+  const std::vector<drawing::HatchPart> parts = drawing::hatchParts(groups_, onlyPolylines());
   for (std::size_t i = parts.back().first;
        i + 1 < groups_.size() && parts.back().kind >= drawing::HatchPartKind::Pattern; ++i) {
     if (groups_[i].code != 11 || groups_[i + 1].code != 21)

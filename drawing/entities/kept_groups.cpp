@@ -35,7 +35,9 @@ void moveTriple(GroupList& groups, std::size_t i, Measure measure, const OdGeMat
   else if (v.isZeroLength() || isTranslation(matrix))
     return;
   else
-    v = measure == Measure::Normal ? matrix.transformNormal(v) : (matrix * v).normal();
+    v = measure == Measure::Normal   ? matrix.transformNormal(v)
+        : measure == Measure::Vector ? matrix * v
+                                     : (matrix * v).normal();
   if (measure == Measure::Point || !v.isEqualTo(value.asVector(), OdGeTol(1e-14)))
     setTripleAt(groups, i, OdGePoint3d() + v);
 }

@@ -35,6 +35,7 @@ Section keptSection(const char* marker) {
 enum class Measure : std::uint8_t {
   Point,     // a place: three groups, at steps of ten in the code
   Direction, // a unit vector
+  Vector,    // with its length
   Normal,    // a unit vector square to a plane, on the side where the image of the old one lies
   Length
 };

@@ -1,5 +1,6 @@
 #include "DbModelerGeometry.h"
 
+#include "db/body_records.h"
 #include "db/store.h"
 #include "entities/kept_groups.h"
 
@@ -32,6 +33,11 @@ const drawing::Description& OdDbModelerGeometry::modelerDescription() {
 void OdDbModelerGeometry::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbEntity::visitReferences(visitor);
   drawing::db::visitGroups(groups_, visitor);
+}
+
+void OdDbModelerGeometry::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
+  OdDbEntity::afterClone(source, mapping);
+  drawing::db::copyBodyRecords(source, *this);
 }
 
 bool OdDbModelerGeometry::hasTextBody() const {

@@ -40,7 +40,8 @@ struct FileFacts {
 // A section that is carried whole (CLASSES, THUMBNAILIMAGE, ACDSDATA and any other).
 struct CarriedSection {
   std::string name;
-  GroupList groups; // record starts (code 0) included
+  GroupList groups;            // record starts (code 0) included
+  bool madeForRecords = false; // by cloning; no file had it
 };
 
 } // namespace drawing

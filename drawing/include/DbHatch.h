@@ -29,6 +29,7 @@ protected:
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
   std::int64_t integerOf(int code) const; // the first under that code
   void setNormal(const OdGeVector3d& normal);
+  virtual bool onlyPolylines() const { return false; } // the loops
 
   drawing::GroupList groups_; // all of the section
 };
@@ -45,5 +46,6 @@ public:
 protected:
   // Takes matrices that keep shapes in its plane: bent loops have no edges to become.
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  bool onlyPolylines() const override { return true; }
 };
 using OdDbMPolygonPtr = OdSmartPtr<OdDbMPolygon>;

@@ -14,6 +14,7 @@ public:
   std::string textBody() const;
   const drawing::GroupList& groups() const { return groups_; }
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override; // the body comes along
 
 protected:
   OdDbModelerGeometry() = default;

@@ -59,17 +59,25 @@ TEST(OtherLayouts, ObjectsThatNameNoOwnerBelongToWhoListsThem) {
 TEST(OtherLayouts, AnArrayMayStandBehindTheMarkerOfAPlainReference) {
   const std::string blocks = "0|BLOCK\n100|AcDbEntity\n8|0\n100|AcDbBlockBegin\n2|chair\n70|0\n10|0\n20|0\n30|0\n"
                              "0|ENDBLK\n100|AcDbEntity\n8|0\n100|AcDbBlockEnd\n";
-  const std::string insert = "0|INSERT\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbBlockReference\n2|chair\n10|7\n20|8\n30|0\n"
-                             "41|2\n70|3\n71|4\n44|1.5\n45|2.5\n";
-  const ReadResult read = drawing::readDrawingFromMemory(dxf(section("BLOCKS", blocks) + section("ENTITIES", insert)));
-  ASSERT_FALSE(read.database.isNull()) << read.message;
-  const auto array = forRead<OdDbMInsertBlock>(read.database->getOdDbObjectId(0xA1));
-  EXPECT_FALSE(array->blockTableRecord().isNull());
-  EXPECT_EQ(array->position(), OdGePoint3d(7, 8, 0));
-  EXPECT_EQ(array->columns(), 3);
-  EXPECT_EQ(array->rows(), 4);
-  EXPECT_EQ(array->columnSpacing(), 1.5);
-  EXPECT_TRUE(contains(drawing::writeDrawingToMemory(*read.database), "100\nAcDbMInsertBlock\n  2\nchair\n 10\n7.0\n"));
+  for (const char* between : {"", "100|AcDbMInsertBlock\n"}) {
+    const std::string insert =
+        std::string("0|INSERT\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbBlockReference\n2|chair\n10|7\n"
+                    "20|8\n30|0\n41|2\n") +
+        between + "70|3\n71|4\n44|1.5\n45|2.5\n";
+    const ReadResult read =
+        drawing::readDrawingFromMemory(dxf(section("BLOCKS", blocks) + section("ENTITIES", insert)));
+    ASSERT_FALSE(read.database.isNull()) << read.message;
+    const auto array = forRead<OdDbMInsertBlock>(read.database->getOdDbObjectId(0xA1));
+    EXPECT_FALSE(array->blockTableRecord().isNull());
+    EXPECT_EQ(array->position(), OdGePoint3d(7, 8, 0));
+    EXPECT_EQ(array->columns(), 3);
+    EXPECT_EQ(array->rows(), 4);
+    EXPECT_EQ(array->columnSpacing(), 1.5);
+    const std::string written = drawing::writeDrawingToMemory(*read.database);
+    EXPECT_TRUE(contains(written, "100\nAcDbMInsertBlock\n  2\nchair\n 10\n7.0\n"));
+    EXPECT_EQ(written.find("AcDbMInsertBlock"), written.rfind("AcDbMInsertBlock"));
+    expectRoundTrip(*read.database);
+  }
 }
 
 TEST(OtherLayouts, AnAlignedTextAtTheOriginKeepsItsSecondPoint) {

@@ -115,6 +115,11 @@ inline Points tablePoints(const OdDbEntity& e) {
   return {at, at + table.direction() * table.columnWidth(1), table.blockTransform() * OdGePoint3d(1, 2, 3)};
 }
 
+inline Points referencePoints(const OdDbEntity& e) {
+  const OdGeMatrix3d block = as<OdDbBlockReference>(e).blockTransform();
+  return {block * OdGePoint3d(), block * OdGePoint3d(1, 0, 0), block * OdGePoint3d(0, 1, 0)};
+}
+
 inline Points arcDimensionPoints(const OdDbEntity& e) {
   const auto& dim = as<OdDbArcDimension>(e);
   return {dim.arcPoint(), dim.xLine1Point(), dim.xLine2Point(), dim.centerPoint(), dim.textPosition()};
@@ -123,6 +128,20 @@ inline Points arcDimensionPoints(const OdDbEntity& e) {
 inline Points jogPoints(const OdDbEntity& e) {
   const auto& dim = as<OdDbRadialDimensionLarge>(e);
   return {dim.center(), dim.overrideCenter(), dim.jogPoint(), dim.chordPoint()};
+}
+
+// Both corners, and the middle of the bulge between them.
+inline Points mpolygonPoints(const OdDbEntity& e) {
+  const auto& polygon = as<OdDbMPolygon>(e);
+  const drawing::GroupList& groups = polygon.groups();
+  const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(polygon.normal());
+  const std::size_t loop = groups.find(93), second = groups.find(10, groups.find(10, loop) + 1);
+  const auto place = [&](std::size_t i) {
+    return OdGePoint3d(groups[i].real, groups[i + 1].real, polygon.elevation());
+  };
+  const OdGePoint3d a = place(groups.find(10, loop)), b = place(second);
+  const OdGeVector3d bulge = (b - a).crossProduct(OdGeVector3d::kZAxis) * (groups[groups.find(42)].real / 2);
+  return {plane * a, plane * b, plane * (a + (b - a) * 0.5 + bulge)};
 }
 
 inline Points noPoints(const OdDbEntity&) {
@@ -171,6 +190,8 @@ inline const Kind kComposedKinds[] = {
      "2|92 2|93 0|141 11|141 9|142 40|142 60.5|171 1|172 0|145 0|92 0|301 CELL_VALUE|93 0|90 32|11 7|21 8|31 9|304 "
      "ACVALUE_END|171 2|340 0|144 1",
      kMoves, tablePoints},
+    {"FlatReference", "INSERT", "100 AcDbBlockReference|2 Picture|10 1|20 2|30 3|41 2|42 2|43 0|50 30", kMirrors,
+     referencePoints},
     {"ArcDimension", "ARC_DIMENSION",
      "100 AcDbDimension|280 0|10 6|20 2|30 0|11 6|21 3|31 0|70 37|71 5|42 26|3 Standard|100 AcDbArcDimension|13 5|23 "
      "2|33 0|14 6|24 3|34 0|15 5|25 3|35 0|70 1|40 0.5|41 1.25|71 0|16 5|26 2|36 0|17 6|27 3|37 0",
@@ -182,7 +203,7 @@ inline const Kind kComposedKinds[] = {
     {"MPolygon", "MPOLYGON",
      "100 AcDbMPolygon|70 1|10 0|20 0|30 2|210 0|220 0|230 1|2 SOLID|71 1|91 1|92 0|72 1|73 0|93 2|10 0|20 0|42 1|10 "
      "4|20 0|42 1|76 1|63 1|11 0|21 0|99 0",
-     kMirrors, noPoints},
+     kMirrors, mpolygonPoints},
     {"Solid3d", "3DSOLID", "100 AcDbModelerGeometry|70 1|1 koo mi|3 n o|1 ni|100 AcDb3dSolid|350 0", kNothing,
      noPoints},
     {"LoftedSurface", "LOFTEDSURFACE",

@@ -231,6 +231,9 @@ const Kind kKinds[] = {
     {"WholeEllipse", "ELLIPSE",
      "100 AcDbEllipse|10 1|20 2|30 3|11 0|21 3|31 0|210 1|220 0|230 0|40 1|41 0|42 6.283185307179586", kAll,
      ellipsePoints, ellipseHas},
+    {"EllipseALittleMoreThanWhole", "ELLIPSE",
+     "100 AcDbEllipse|10 1|20 2|30 3|11 -4|21 0|31 0|40 0.5|41 3.141592653600453|42 9.424777960780041", kAll,
+     ellipsePoints, ellipseHas},
     {"Ray", "RAY", "100 AcDbRay|10 1|20 2|30 3|11 0.6|21 0.8|31 0", kAll, pointsOfRay, rayHas},
     {"Spline", "SPLINE",
      "100 AcDbSpline|70 8|71 2|42 1e-07|43 1e-07|44 1e-10|12 1|22 2|32 0|72 6|73 3|74 1|40 0|40 0|40 0|40 1|40 1|40 "
