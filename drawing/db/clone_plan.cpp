@@ -6,6 +6,7 @@
 #include "DbDimension.h"
 #include "DbDynBlockReference.h"
 #include "DbLayout.h"
+#include "DbTable.h"
 #include "db/block_graph.h"
 #include "db/load_context.h"
 #include "db/store.h"
@@ -44,10 +45,14 @@ public:
   std::vector<OdDbObjectId> ids;
 };
 
-// The picture of a dimension belongs to it alone, although it is a block of the drawing.
-bool isPicture(const OdDbObject& object) {
-  const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(&object);
-  return block != nullptr && block->isAnonymous() && block->getName().left(2).iCompare(L"*D") == 0;
+// The picture of a dimension or a table belongs to it alone, although it is a block of the drawing.
+bool isPicture(const OdDbObject& picture, const OdDbObject& of) {
+  const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(&picture);
+  if (block == nullptr || !block->isAnonymous())
+    return false;
+  const OdString kind = block->getName().left(2);
+  return (of.isKindOf(OdDbDimension::desc()) && kind.iCompare(L"*D") == 0) ||
+         (of.isKindOf(OdDbTable::desc()) && kind.iCompare(L"*T") == 0);
 }
 
 // The contents of a tab. A space answers to nothing of another drawing, although every drawing has some of these names.
@@ -84,8 +89,7 @@ void Cloner::planReferences(OdDbObject& object) {
       continue;
     if (isSpace(*needed) && !object.isKindOf(OdDbBlockReference::desc()))
       continue; // only what draws a space needs its contents
-    const bool picture = isPicture(*needed) && object.isKindOf(OdDbDimension::desc());
-    if (crosses() || picture)
+    if (crosses() || isPicture(*needed, object))
       planNeeded(id);
   }
   if (crosses())

@@ -55,6 +55,9 @@ public:
   OdDbObjectId expect(OdDbHandle handle);
   // Puts another object behind an id (an object that is read late, or cannot stand as it was).
   void replace(OdDbObjectId id, OdDbObject* object);
+  // The same while somebody may still be at work on the present object: that one becomes free, and lives as long as
+  // whoever points at it, or as the drawing when nobody does. Undo goes on with the new one.
+  void supersede(OdDbObjectId id, OdDbObject* object);
 
   // While a file is read, objects without a handle of their own wait for one: the file may still use any number.
   void deferHandles() { deferring_ = true; }
@@ -82,6 +85,7 @@ private:
   std::uint64_t nextHandle_ = 1;
   std::vector<std::unique_ptr<Stub[]>> pages_;
   HandleMap handles_;
+  std::vector<OdSmartPtr<OdDbObject>> superseded_;
   bool deferring_ = false;
 };
 

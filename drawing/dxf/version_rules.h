@@ -14,8 +14,10 @@ struct GroupRule {
   int first, last;         // codes
   OdDb::DwgVersion since;
   const char* what;
-  double plain = kNoPlain; // the value that says no more than its absence
+  double plain = kNoPlain; // values that say no more than its absence
+  double alsoPlain = kNoPlain;
   static constexpr double kNoPlain = -1e300;
+  bool isPlain(double value) const { return value == plain || value == alsoPlain; }
 };
 
 // The rule by which a version does not have the group; null when it has it.
