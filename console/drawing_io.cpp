@@ -71,7 +71,7 @@ std::size_t objectsInModelSpace(const OdDbDatabase& database) {
 
 } // namespace
 
-void openDrawing(Session& session, const std::string& path) {
+drawing::Report openDrawing(Session& session, const std::string& path, bool tellsIssues) {
   const drawing::ReadResult read = drawing::readDrawing(path);
   session.addIssues(read.report);
   if (read.database.isNull())
@@ -82,10 +82,12 @@ void openDrawing(Session& session, const std::string& path) {
                               asText(drawing::versionYear(read.database->facts().version))});
   tellXrefs(session, path);
   if (!repaired)
-    return;
+    return read.report;
   session.say(Text::kRepaired, {asText(path), count(losses(read.report))});
-  tellIssues(session, path, read.report, Text::kReadIssue);
+  if (tellsIssues)
+    tellIssues(session, path, read.report, Text::kReadIssue);
   session.note(Status::Repaired);
+  return read.report;
 }
 
 void saveDrawing(Session& session, const SaveRequest& request) {
@@ -96,6 +98,7 @@ void saveDrawing(Session& session, const SaveRequest& request) {
     refuse(Text::kRepairedOwnFile, {asText(request.path)});
   drawing::WriteOptions options;
   options.version = request.version;
+  options.form = request.form;
   options.refuseExisting = !request.mayReplace;
   const drawing::WriteResult written = drawing::writeDrawing(session.database(), request.path, options);
   if (written.result != eOk)
@@ -120,7 +123,7 @@ bool isOwnFileRepaired(Session& session, const std::string& path) {
 
 std::string versionToWrite(const OdDbDatabase& database, OdDb::DwgVersion wanted) {
   const OdDb::DwgVersion version = wanted == OdDb::kVersionUnknown ? database.facts().version : wanted;
-  return drawing::versionYear(std::max(version, OdDb::kRelease2000));
+  return drawing::versionYear(drawing::writtenVersion(version));
 }
 
 void checkDrawingName(const std::string& path) {

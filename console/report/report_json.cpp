@@ -89,11 +89,6 @@ Json blockJson(const Block& block) {
           {"depth", block.depth}};
 }
 
-const char* severityName(drawing::Severity severity) {
-  constexpr const char* kNames[] = {"note", "repaired", "lost", "fatal"};
-  return kNames[static_cast<std::size_t>(severity)];
-}
-
 } // namespace
 
 Json toJson(const DrawingReport& report, bool all) {
@@ -112,12 +107,23 @@ Json emptyJson() {
   return {{"header", Json()}, {"layers", Json::array()}, {"blocks", Json::array()}};
 }
 
+const char* severityName(drawing::Severity severity) {
+  constexpr const char* kNames[] = {"note", "repaired", "lost", "fatal"};
+  return kNames[static_cast<std::size_t>(severity)];
+}
+
 Json issuesJson(const std::vector<drawing::Issue>& issues) {
   Json list = Json::array();
   for (const drawing::Issue& issue : issues) {
     Json entry = {{"code", issue.code}, {"severity", severityName(issue.severity)}, {"line", issue.line}};
+    if (!issue.section.empty())
+      entry["section"] = issue.section;
+    if (!issue.kind.empty())
+      entry["kind"] = issue.kind;
     if (issue.handle != 0)
       entry["handle"] = OdDbHandle(issue.handle).ascii();
+    if (issue.groupCode >= 0)
+      entry["group"] = issue.groupCode;
     entry["found"] = issue.found;
     entry["done"] = issue.done;
     list.push_back(std::move(entry));

@@ -42,13 +42,18 @@ Status runJob(SessionOptions settings, const Job& job) {
     return !job.work ||
            session.attempt(job.name, Command::Kind::Changes, [&] { job.work(session, facts); }) == Status::Done;
   };
-  const bool done = look([&] { checkOutput(job.files); }) && look([&] { openDrawing(session, job.files.in); }) &&
-                    change() && look([&] {
-                      saveDrawing(session, {job.files.out, job.files.version, job.files.force});
-                    });
-  if (done) {
-    if (job.tell)
-      job.tell(session);
+  const bool writes = !job.files.out.empty();
+  const auto open = [&] {
+    const drawing::Report report = openDrawing(session, job.files.in, !job.readReport);
+    if (job.readReport)
+      job.readReport(report);
+  };
+  const auto save = [&] { saveDrawing(session, {job.files.out, job.files.version, job.files.form, job.files.force}); };
+  const bool done =
+      (!writes || look([&] { checkOutput(job.files); })) && look(open) && change() && (!writes || look(save));
+  if (done && job.tell)
+    job.tell(session);
+  if (done && writes) {
     facts["file"] = job.files.out;
     facts["version"] = versionToWrite(session.database(), job.files.version);
   }

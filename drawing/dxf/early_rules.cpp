@@ -1,5 +1,7 @@
 #include "dxf/early_rules.h"
 
+#include "dxf/version_rules.h"
+
 #include <algorithm>
 #include <initializer_list>
 #include <iterator>
@@ -64,16 +66,26 @@ struct Name {
 };
 
 constexpr Name kNames[] = {
-    {"DIMSTYLE", 5, OdDb::kBlockTable},   {"DIMSTYLE", 6, OdDb::kBlockTable},
-    {"DIMSTYLE", 7, OdDb::kBlockTable},   {"*", 6, OdDb::kLinetypeTable},
-    {"*", 8, OdDb::kLayerTable},          {"*", 7, OdDb::kTextStyleTable},
-    {"INSERT", 2, OdDb::kBlockTable},     {"BLOCK", 2, OdDb::kBlockTable},
-    {"BLOCK", 3, OdDb::kBlockTable},      {"DIMENSION", 2, OdDb::kBlockTable},
-    {"DIMENSION", 3, OdDb::kDimStyleTable}, {"LAYER", 2, OdDb::kLayerTable},
-    {"LTYPE", 2, OdDb::kLinetypeTable},   {"STYLE", 2, OdDb::kTextStyleTable},
-    {"DIMSTYLE", 2, OdDb::kDimStyleTable}, {"APPID", 2, OdDb::kRegAppTable},
-    {"UCS", 2, OdDb::kUcsTable},          {"VIEW", 2, OdDb::kViewTable},
-    {"*", 1003, OdDb::kLayerTable},       {"*", 1001, OdDb::kRegAppTable},
+    {"DIMSTYLE", 5, OdDb::kBlockTable},
+    {"DIMSTYLE", 6, OdDb::kBlockTable},
+    {"DIMSTYLE", 7, OdDb::kBlockTable},
+    {"*", 6, OdDb::kLinetypeTable},
+    {"*", 8, OdDb::kLayerTable},
+    {"*", 7, OdDb::kTextStyleTable},
+    {"INSERT", 2, OdDb::kBlockTable},
+    {"BLOCK", 2, OdDb::kBlockTable},
+    {"BLOCK", 3, OdDb::kBlockTable},
+    {"DIMENSION", 2, OdDb::kBlockTable},
+    {"DIMENSION", 3, OdDb::kDimStyleTable},
+    {"LAYER", 2, OdDb::kLayerTable},
+    {"LTYPE", 2, OdDb::kLinetypeTable},
+    {"STYLE", 2, OdDb::kTextStyleTable},
+    {"DIMSTYLE", 2, OdDb::kDimStyleTable},
+    {"APPID", 2, OdDb::kRegAppTable},
+    {"UCS", 2, OdDb::kUcsTable},
+    {"VIEW", 2, OdDb::kViewTable},
+    {"*", 1003, OdDb::kLayerTable},
+    {"*", 1001, OdDb::kRegAppTable},
 };
 
 // Groups of later versions. The first row that fits counts.
@@ -146,6 +158,8 @@ std::string_view earlyLoss(std::string_view kind, int code, double value) {
   const auto* found = std::find_if(std::begin(kLosses), std::end(kLosses), [&](const Loss& loss) {
     return code >= loss.first && code <= loss.last && (loss.kind == "*" || loss.kind == kind);
   });
+  if (code == 440 && (value == kOpaque || value == kByBlock))
+    return {};
   if (found == std::end(kLosses))
     return "a value of later versions";
   return value == found->plain ? std::string_view() : found->what;

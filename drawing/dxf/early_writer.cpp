@@ -1,6 +1,7 @@
 #include "dxf/early_writer.h"
 
 #include "DbAttribute.h"
+#include "DbCarried.h"
 #include "DbDxf.h"
 #include "DbMText.h"
 #include "DbSequence.h"
@@ -32,11 +33,10 @@ OdDb::SymbolTableKind tableOfVariable(std::string_view name) {
     std::string_view name;
     OdDb::SymbolTableKind table;
   };
-  constexpr Row kRows[] = {{"CLAYER", OdDb::kLayerTable},     {"CELTYPE", OdDb::kLinetypeTable},
-                           {"TEXTSTYLE", OdDb::kTextStyleTable}, {"DIMSTYLE", OdDb::kDimStyleTable},
-                           {"DIMBLK", OdDb::kBlockTable},     {"DIMBLK1", OdDb::kBlockTable},
-                           {"DIMBLK2", OdDb::kBlockTable},    {"UCSNAME", OdDb::kUcsTable},
-                           {"PUCSNAME", OdDb::kUcsTable}};
+  constexpr Row kRows[] = {
+      {"CLAYER", OdDb::kLayerTable},      {"CELTYPE", OdDb::kLinetypeTable}, {"TEXTSTYLE", OdDb::kTextStyleTable},
+      {"DIMSTYLE", OdDb::kDimStyleTable}, {"DIMBLK", OdDb::kBlockTable},     {"DIMBLK1", OdDb::kBlockTable},
+      {"DIMBLK2", OdDb::kBlockTable},     {"UCSNAME", OdDb::kUcsTable},      {"PUCSNAME", OdDb::kUcsTable}};
   for (const Row& row : kRows) {
     if (row.name == name)
       return row.table;
@@ -87,25 +87,27 @@ void EarlyWriter::run() {
   tellDictionaries();
 }
 
-void EarlyWriter::section(const char* name, void (EarlyWriter::*contents)()) {
+void EarlyWriter::section(const char* name, void (EarlyWriter::*write)()) {
   sink_.utf8(0, "SECTION");
   sink_.utf8(2, name);
-  (this->*contents)();
+  (this->*write)();
   sink_.utf8(0, "ENDSEC");
 }
 
 void EarlyWriter::header() {
   sink_.utf8(9, "$ACADVER");
   sink_.utf8(1, versionSignature(OdDb::kRelease12));
+  const bool isOwn = database_.facts().version < OdDb::kRelease13;
   for (const OdDbHeader::Variable& variable : database_.header().variables()) {
     // What came in a file of R12 stays, whatever program wrote it.
-    const bool known =
-        hasHeaderVariable(variable.name, OdDb::kRelease12) || database_.facts().version < OdDb::kRelease13;
-    if (known && variable.name != "ACADVER" && variable.name != "HANDSEED" && variable.name != "HANDLING")
+    const bool known = isOwn || hasHeaderVariable(variable.name, OdDb::kRelease12);
+    if (known && variable.name != "ACADVER" && variable.name != "HANDSEED")
       headerVariable(variable);
   }
-  sink_.utf8(9, "$HANDLING");
-  sink_.integer(70, 1);
+  if (!isOwn && !database_.hasHeaderVar("HANDLING")) {
+    sink_.utf8(9, "$HANDLING");
+    sink_.integer(70, 1);
+  }
   sink_.utf8(9, "$HANDSEED");
   sink_.handle(5, seed_);
 }
@@ -113,8 +115,8 @@ void EarlyWriter::header() {
 void EarlyWriter::headerVariable(const OdDbHeader::Variable& variable) {
   sink_.utf8(9, "$" + variable.name);
   const OdDb::SymbolTableKind table = tableOfVariable(variable.name);
-  const bool isName = table != OdDb::kNoTable && variable.groups.size() == 1 &&
-                      variable.groups[0].kind == GroupKind::Text;
+  const bool isName =
+      table != OdDb::kNoTable && variable.groups.size() == 1 && variable.groups[0].kind == GroupKind::Text;
   if (isName)
     sink_.utf8(variable.groups[0].code, names_.of(table, variable.groups.textOf(variable.groups[0])));
   else
@@ -131,8 +133,8 @@ void EarlyWriter::table(OdDb::SymbolTableKind kind) {
   std::vector<const OdDbObject*> records;
   for (OdDbObjectId id : peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind))->members().ids()) {
     // By layer and by block are words in R12, not line types.
-    const bool isWord = kind == OdDb::kLinetypeTable && (symbolName(id).iCompare(L"ByLayer") == 0 ||
-                                                         symbolName(id).iCompare(L"ByBlock") == 0);
+    const bool isWord = kind == OdDb::kLinetypeTable &&
+                        (symbolName(id).iCompare(L"ByLayer") == 0 || symbolName(id).iCompare(L"ByBlock") == 0);
     if (lives(id) && !isWord)
       records.push_back(db::peek(id));
   }
@@ -150,7 +152,9 @@ void EarlyWriter::table(OdDb::SymbolTableKind kind) {
 void EarlyWriter::blocks() {
   for (OdDbObjectId id : peekAs<OdDbBlockTable>(database_.getBlockTableId())->members().ids()) {
     const auto* block = peekAs<OdDbBlockTableRecord>(id);
-    if (lives(block) && !isSpace(*block))
+    // Some programs write empty blocks for the spaces, under names that begin with a dollar sign.
+    const bool hasHead = block != nullptr && block->nameInHead_.left(1) == L"$";
+    if (lives(block) && (!isSpace(*block) || hasHead))
       this->block(*block);
   }
 }
@@ -160,18 +164,20 @@ void EarlyWriter::block(const OdDbBlockTableRecord& block) {
   inPaperSpace_ = false;
   const OdDbObject& begin = *db::peek(block.blockBeginId());
   writeSections(begin, groups);
-  groups.text(2, block.getName());
+  const OdString name = isSpace(block) ? block.nameInHead_ : block.getName();
+  groups.text(2, name);
   groups.integer(70, block.derivedFlags());
   groups.point(10, block.origin());
-  groups.text(3, block.getName());
+  groups.text(3, name);
   groups.text(1, block.pathName());
   if (!block.comments().isEmpty())
     groups.text(4, block.comments());
   record(begin, groups, false);
-  if (block.isLayout())
+  if (block.isLayout() && !isSpace(block))
     lost(block, "dxf.kind-not-in-version", Severity::Lost, "version R12 has one sheet",
          "the contents of this one are written as a block");
-  contents(block);
+  if (!isSpace(block))
+    contents(block);
   native(*db::peek(block.blockEndId()));
 }
 
@@ -194,7 +200,8 @@ void EarlyWriter::entities() {
 
 void EarlyWriter::entity(OdDbObjectId id) {
   const auto& entity = *static_cast<const OdDbEntity*>(db::peek(id));
-  if (isEarlyKind(entity.dxfName()))
+  const bool isCarried = entity.isKindOf(OdDbCarriedEntity::desc()) && database_.facts().version < OdDb::kRelease13;
+  if (isEarlyKind(entity.dxfName()) || isCarried)
     return native(entity);
   GroupList groups;
   writeSections(entity, groups);
@@ -239,15 +246,17 @@ void EarlyWriter::record(const OdDbObject& object, const GroupList& groups, bool
   if (withHandle)
     sink_.handle(5, object.getDbHandle());
   const auto* attribute = OdDbText::cast(&object).get();
-  const bool hasLines = attribute != nullptr && (kind == "ATTRIB" || kind == "ATTDEF") &&
-                        groups.find(101) < groups.size();
+  const bool hasLines =
+      attribute != nullptr && (kind == "ATTRIB" || kind == "ATTDEF") && groups.find(101) < groups.size();
+  // What came from a file of that version and nobody knows goes back as it came.
+  const bool keepsAll = object.isKindOf(OdDbCarriedEntity::desc()) && database_.facts().version < OdDb::kRelease13;
   std::string_view toldLast;
   for (std::size_t i = 0; i < groups.size() && groups[i].code != 101; ++i) {
     const Group& one = groups[i];
     const bool isArrow = kind == "DIMSTYLE" && arrowNameCode(one.code) != 0;
     if (isArrow) {
       name(kind, arrowNameCode(one.code), symbolName(groups.idOf(one)).toUtf8Lossless());
-    } else if (hasEarlyCode(kind, one.code)) {
+    } else if (hasEarlyCode(kind, one.code) || keepsAll) {
       group(kind, groups, one);
     } else if (const auto what = earlyLoss(kind, one.code, numberOf(one)); !what.empty() && what != toldLast) {
       toldLast = what;

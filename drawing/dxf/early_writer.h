@@ -25,7 +25,7 @@ public:
   void text(int code, const OdString& value) { sink_.text(code, value); }
 
 private:
-  void section(const char* name, void (EarlyWriter::*contents)());
+  void section(const char* name, void (EarlyWriter::*write)());
   void header();
   void headerVariable(const OdDbHeader::Variable& variable);
   void tables();

@@ -196,7 +196,9 @@ void Reader::settleMissing(OdDbSymbolTable& table, OdDbSymbolTableRecord& record
     table.replaceMember(holder, record);
     context_.missing().erase(missing);
     context_.redirects().emplace_back(holder, record.objectId());
-    db::peek(holder)->erase();
+    OdDbObject& standIn = *db::peek(holder);
+    const db::WriteScope scope(standIn);
+    standIn.erase();
     return;
   }
   const OdString wanted = record.getName();
@@ -385,8 +387,18 @@ void Reader::readEntities() {
   sequence_ = OdDbObjectId();
 }
 
+// R12 and earlier have no objects.
+void Reader::correctVersion() {
+  if (database_.facts().version >= OdDb::kRelease13)
+    return;
+  database_.facts().version = OdDb::kRelease2000;
+  tell("dxf.version-contradicted", Severity::Note, "the file says an early version and holds objects of later ones",
+       "it is taken for one of version 2000");
+}
+
 void Reader::readObjects() {
   while (inSection()) {
+    correctVersion();
     ReadObject read = objects_.read(record_, false);
     const OdDbObjectId id = addRead(read, read.owner);
     if (database_.getNamedObjectsDictionaryId().isNull() && read.object->isKindOf(OdDbDictionary::desc()))

@@ -37,6 +37,7 @@ private:
   void orderBlocks();
   void readEntities();
   void readObjects();
+  void correctVersion();
   void readCarriedSection();
 
   std::uint64_t handleIn(const Record& record);

@@ -10,9 +10,6 @@ namespace {
 
 using namespace OdDb;
 
-constexpr double kOpaque = 0x020000FF;  // a transparency of its own that hides nothing
-constexpr double kByBlock = 0x01000000; // the reference's, which is told where it has one
-
 constexpr GroupRule kGroups[] = {
     {"*", "AcDbEntity", 420, 429, kRelease2004, "the true colour"},
     {"*", "AcDbEntity", 430, 439, kRelease2004, "the colour's name"},

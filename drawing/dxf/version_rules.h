@@ -7,6 +7,10 @@
 
 namespace drawing::dxf {
 
+// Transparencies that say no more than their absence.
+constexpr double kOpaque = 0x020000FF;  // one of its own that hides nothing
+constexpr double kByBlock = 0x01000000; // the reference's, which is told where it has one
+
 // Groups of kinds that are older than the group itself.
 struct GroupRule {
   std::string_view kind;   // "*": any

@@ -10,7 +10,7 @@ namespace drawing {
 namespace {
 
 constexpr double kStep = OdaPI / 36;
-constexpr int kStepsOfSpan = 8;
+constexpr int kStepsOfSpan = 16;
 
 int stepsOf(double angle) {
   return std::max(1, static_cast<int>(std::ceil(std::fabs(angle) / kStep - 1e-9)));

@@ -28,7 +28,7 @@ struct Nurbs {
            (weights.empty() || weights.size() == points.size());
   }
 };
-// Eight steps for each span; nothing for a curve that is not whole.
+// Sixteen steps for each span; nothing for a curve that is not whole.
 void flattenNurbs(const Nurbs& curve, std::vector<OdGePoint3d>& points);
 
 } // namespace drawing

@@ -124,6 +124,10 @@ public:
   // base point becomes the block's origin. The source stays as it was. Null id on failure.
   OdDbObjectId insert(const OdString& blockName, OdDbDatabase* source, drawing::Report* report = nullptr);
 
+  // Removes from `ids` what cannot be purged: what the drawing needs, and what anything uses that is not purged along.
+  // Erases nothing; see DbPurge.h for the reasons.
+  OdResult purge(OdDbObjectIdArray& ids);
+
   // Undo. startUndoRecord sets a mark; undo takes back everything since the last mark; redo brings it back. Ids
   // survive both. Nothing is recorded before the first mark or while recording is off.
   void startUndoRecord();
