@@ -42,7 +42,9 @@ private:
 
   std::uint64_t handleIn(const Record& record);
   OdDbObjectId addRead(ReadObject& read, OdDbObjectId owner);
+  OdString blockName();
   OdDbBlockTableRecord* blockOf(const ReadObject& begin);
+  void tellWithoutRecord(const OdString& name, const OdString& unique);
   void addEntity(OdDbObjectId fallbackOwner);
   bool addToSequence(ReadObject& read);
   OdDbBlockTableRecord* ownerOf(const ReadObject& read, OdDbObjectId fallback);

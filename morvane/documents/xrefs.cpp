@@ -17,15 +17,46 @@ OdString bareName(const OdString& path) {
   return path.mid(separator + 1);
 }
 
+// The entry of the folder with that name, without regard to case; the first by its bytes where there are several.
+fs::path entryNamed(const fs::path& folder, const fs::path& name) {
+  std::error_code error;
+  if (fs::exists(folder / name, error))
+    return folder / name;
+  const OdString wanted = OdString::fromUtf8(name.string());
+  fs::path found;
+  for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
+    const fs::path& entry = at->path();
+    if (OdString::fromUtf8(entry.filename().string()).iCompare(wanted) == 0 && (found.empty() || entry < found))
+      found = entry;
+  }
+  return found;
+}
+
+// A file below a folder. Drawings come from systems that tell no case apart, so each part of the path may be written
+// otherwise than here.
+std::optional<OdString> fileBelow(const PathMap& paths, const fs::path& folder, const OdString& name) {
+  fs::path at = folder.empty() ? fs::path(".") : folder;
+  for (const fs::path& part : fs::path(paths.toSystem(name))) {
+    at = entryNamed(at, part);
+    if (at.empty())
+      return std::nullopt;
+  }
+  std::error_code error;
+  if (!fs::is_regular_file(at, error))
+    return std::nullopt;
+  const fs::path full = fs::absolute(at, error).lexically_normal();
+  return error ? std::nullopt : std::optional(paths.toDrawing(full.string()));
+}
+
 } // namespace
 
 std::optional<OdString> findBeside(const PathMap& paths, const SearchPath& search, const OdString& saved,
                                    const OdDbDatabase& from) {
-  SearchPath own;
-  own.setFolders({fs::path(from.facts().path).parent_path().string()});
-  const bool hasFolder = !from.facts().path.empty();
+  const std::string& path = from.facts().path;
+  const auto beside = [&](const OdString& name) {
+    return path.empty() ? std::nullopt : fileBelow(paths, fs::path(path).parent_path(), name);
+  };
   const bool isRelative = !fs::path(paths.toSystem(saved)).is_absolute();
-  const auto beside = [&](const OdString& name) { return hasFolder ? own.findInFolders(paths, name) : std::nullopt; };
   std::optional<OdString> found = isRelative ? beside(saved) : std::nullopt;
   if (!found)
     found = search.find(paths, saved);

@@ -13,8 +13,19 @@ bool isOrdinaryFile(const fs::path& path) {
   return fs::is_regular_file(path, ignored);
 }
 
-// The first of the places with an ordinary file, as drawings spell it.
-std::optional<OdString> firstFile(const PathMap& paths, const std::vector<fs::path>& places) {
+} // namespace
+
+std::optional<OdString> SearchPath::find(const PathMap& paths, const OdString& name) const {
+  const fs::path wanted = paths.toSystem(name);
+  if (wanted.empty())
+    return std::nullopt;
+  std::vector<fs::path> places = {wanted};
+  if (!wanted.is_absolute()) {
+    if (!drawingFolder_.empty())
+      places.push_back(fs::path(drawingFolder_) / wanted);
+    for (const std::string& folder : folders_)
+      places.push_back(fs::path(folder) / wanted);
+  }
   for (const fs::path& place : places) {
     std::error_code error;
     if (!isOrdinaryFile(place))
@@ -24,29 +35,6 @@ std::optional<OdString> firstFile(const PathMap& paths, const std::vector<fs::pa
       return paths.toDrawing(full.string());
   }
   return std::nullopt;
-}
-
-} // namespace
-
-std::optional<OdString> SearchPath::find(const PathMap& paths, const OdString& name) const {
-  const fs::path wanted = paths.toSystem(name);
-  if (wanted.empty())
-    return std::nullopt;
-  std::vector<fs::path> places = {wanted};
-  if (!wanted.is_absolute() && !drawingFolder_.empty())
-    places.push_back(fs::path(drawingFolder_) / wanted);
-  const auto found = firstFile(paths, places);
-  return found ? found : findInFolders(paths, name);
-}
-
-std::optional<OdString> SearchPath::findInFolders(const PathMap& paths, const OdString& name) const {
-  const fs::path wanted = paths.toSystem(name);
-  std::vector<fs::path> places;
-  if (!wanted.empty() && !wanted.is_absolute()) {
-    for (const std::string& folder : folders_)
-      places.push_back(fs::path(folder) / wanted);
-  }
-  return firstFile(paths, places);
 }
 
 } // namespace morvane

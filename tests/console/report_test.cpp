@@ -166,6 +166,10 @@ TEST_F(Report, LeavesOutWhatNobodyNamedUnlessAsked) {
   EXPECT_EQ(xref["status"], "not-found");
   ASSERT_EQ(report["issues"].size(), 1u);
   EXPECT_EQ(report["issues"][0]["code"], "xref.not-found");
+  const Outcome run = runMorvane({"report", path});
+  EXPECT_EQ(run.status, 0); // the drawing itself is whole
+  EXPECT_NE(run.shown.find("external reference \"site\": there is no file \"..\\no\\site.dxf\""), std::string::npos)
+      << run.shown;
   EXPECT_TRUE(report["header"]["clayer"].is_string());
   EXPECT_EQ(report["layers"][1]["name"], "walls\xE2\x80\xAE");
 }

@@ -47,8 +47,6 @@ public:
   // The full path of an ordinary file as drawings spell it: as named, else in the drawing's folder, else in the folders
   // in their order. Nothing for an empty name or when there is no such file.
   std::optional<OdString> find(const PathMap& paths, const OdString& name) const;
-  // The same in the folders only, for a name without a root.
-  std::optional<OdString> findInFolders(const PathMap& paths, const OdString& name) const;
 
 private:
   std::vector<std::string> folders_;

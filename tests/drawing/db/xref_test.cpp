@@ -102,6 +102,7 @@ TEST(Xref, LoadsEveryShapeOfReferencesAndSaysWhatItCouldNot) {
   shelf.put("self", {"self"});
   shelf.put("twice", {"one", "leaf", "one"});
   shelf.files["broken"] = "no drawing";
+  shelf.files["cut"] = shelf.files["one"].substr(0, shelf.files["one"].rfind("EOF"));
   shelf.files["binary.dwg"] = std::string("AC1032\0\0\0\0", 10);
   const struct {
     std::vector<std::string> refers;
@@ -121,6 +122,7 @@ TEST(Xref, LoadsEveryShapeOfReferencesAndSaysWhatItCouldNot) {
       {{"host"}, "host@", "cycle"},
       {{"gone"}, "gone!", "not-found"},
       {{"gone", "leaf"}, "gone! leaf", "not-found"},
+      {{"cut"}, "cut(leaf)", "repaired"},
       {{"broken", "broken"}, "broken# broken#", "refused refused"},
       {{"binary.dwg"}, "binary.dwg#", "refused"},
   };
