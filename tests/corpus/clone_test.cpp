@@ -74,6 +74,21 @@ std::vector<std::string> ownedTwice(const OdDbDatabase& database) {
   return all;
 }
 
+// The clones take the room that their sources take.
+void expectAlike(const OdDbObjectIdArray& ids, const OdDbIdMapping& mapping) {
+  for (const OdDbObjectId id : ids) {
+    const OdDbEntityPtr source = tests::forRead<OdDbEntity>(id),
+                        clone = tests::forRead<OdDbEntity>(mapping.valueOf(id));
+    OdGeExtents3d before, after;
+    EXPECT_EQ(source->isA(), clone->isA());
+    EXPECT_EQ(source->getGeomExtents(before), clone->getGeomExtents(after)) << source->dxfName();
+    if (before.isValidExtents()) {
+      EXPECT_TRUE(before.minPoint() == after.minPoint() && before.maxPoint() == after.maxPoint())
+          << source->dxfName() << " " << id.getHandle().ascii();
+    }
+  }
+}
+
 TEST(Clone, WhatEntitiesOwnGoesWithThem) {
   for (const std::string& path : paths()) {
     const drawing::ReadResult read = drawing::readDrawingFromMemory(textOf(path));
@@ -92,6 +107,10 @@ TEST(Clone, WhatEntitiesOwnGoesWithThem) {
     ASSERT_EQ(read.database->deepCloneObjects(ids, tests::addBlock(*read.database, L"clone of all"), here), eOk);
     EXPECT_EQ(ownedTwice(*read.database), before);
     EXPECT_EQ(ownedTwice(*other), std::vector<std::string>());
+    expectAlike(ids, here);
+    expectAlike(ids, there);
+    tests::expectRoundTrip(*other);
+    tests::expectSound(*other);
   }
 }
 
