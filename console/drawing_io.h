@@ -3,17 +3,21 @@
 
 #include "console/session.h"
 
+#include "DbDxf.h"
+
 #include <string>
 
 namespace console {
 
 // Reads the file in place of the open drawing. A repaired drawing is told and noted; one that cannot be read throws,
-// and the open drawing stays.
-void openDrawing(Session& session, const std::string& path);
+// and the open drawing stays. `tellsIssues` false: what was repaired is only counted, not listed. Answers the report of
+// the reading.
+drawing::Report openDrawing(Session& session, const std::string& path, bool tellsIssues = true);
 
 struct SaveRequest {
   std::string path;
   OdDb::DwgVersion version = OdDb::kVersionUnknown; // unknown: the version that the drawing came in
+  drawing::WriteOptions::Form form = drawing::WriteOptions::AsRead;
   bool mayReplace = false;                          // an existing file
 };
 

@@ -6,6 +6,7 @@
 namespace console::commands {
 
 void attdef(CommandContext& context);
+void audit(CommandContext& context);
 void block(CommandContext& context);
 void circle(CommandContext& context);
 void erase(CommandContext& context);
@@ -15,8 +16,10 @@ void line(CommandContext& context);
 void list(CommandContext& context);
 void newDrawing(CommandContext& context);
 void open(CommandContext& context);
+void purge(CommandContext& context);
 void quit(CommandContext& context);
 void redo(CommandContext& context);
+void rename(CommandContext& context);
 void save(CommandContext& context);
 void saveas(CommandContext& context);
 void select(CommandContext& context);

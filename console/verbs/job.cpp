@@ -1,5 +1,7 @@
 #include "console/verbs/job.h"
 
+#include "console/report/report_json.h"
+
 #include "DbDxf.h"
 
 #include <cstdio>
@@ -18,29 +20,6 @@ Json messagesOf(const Session& session) {
   for (const Message& message : session.said())
     messages.push_back({{"id", idOf(message.text)}, {"text", utf8(message.shown())}});
   return messages;
-}
-
-const char* severityName(drawing::Severity severity) {
-  constexpr const char* kNames[] = {"note", "repaired", "lost", "fatal"};
-  return kNames[static_cast<std::size_t>(severity)];
-}
-
-Json issuesOf(const Session& session) {
-  Json issues = Json::array();
-  for (const drawing::Issue& issue : session.issues()) {
-    Json entry = {{"code", issue.code}, {"severity", severityName(issue.severity)}, {"line", issue.line}};
-    if (issue.handle != 0)
-      entry["handle"] = OdDbHandle(issue.handle).ascii();
-    entry["found"] = issue.found;
-    entry["done"] = issue.done;
-    issues.push_back(std::move(entry));
-  }
-  return issues;
-}
-
-// Bytes of a damaged drawing may be no UTF-8; they are shown as U+FFFD.
-OdString jsonText(const Json& report) {
-  return OdString::fromUtf8(report.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
 }
 
 // The name is refused before anything is read.
@@ -63,24 +42,29 @@ Status runJob(SessionOptions settings, const Job& job) {
     return !job.work ||
            session.attempt(job.name, Command::Kind::Changes, [&] { job.work(session, facts); }) == Status::Done;
   };
-  const bool done = look([&] { checkOutput(job.files); }) && look([&] { openDrawing(session, job.files.in); }) &&
-                    change() && look([&] {
-                      saveDrawing(session, {job.files.out, job.files.version, job.files.force});
-                    });
-  if (done) {
-    if (job.tell)
-      job.tell(session);
+  const bool writes = !job.files.out.empty();
+  const auto open = [&] {
+    const drawing::Report report = openDrawing(session, job.files.in, !job.readReport);
+    if (job.readReport)
+      job.readReport(report);
+  };
+  const auto save = [&] { saveDrawing(session, {job.files.out, job.files.version, job.files.form, job.files.force}); };
+  const bool done =
+      (!writes || look([&] { checkOutput(job.files); })) && look(open) && change() && (!writes || look(save));
+  if (done && job.tell)
+    job.tell(session);
+  if (done && writes) {
     facts["file"] = job.files.out;
     facts["version"] = versionToWrite(session.database(), job.files.version);
   }
   if (job.json) {
-    const Json report = {{"version", 1},
+    const Json result = {{"version", 1},
                          {"command", job.name},
                          {"status", static_cast<int>(session.status())},
                          {"results", done ? facts : Json::object()},
                          {"messages", messagesOf(session)},
-                         {"issues", issuesOf(session)}};
-    session.printReport(jsonText(report));
+                         {"issues", report::issuesJson(session.issues())}};
+    session.printReport(report::jsonText(result));
   }
   return session.status();
 }

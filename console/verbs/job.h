@@ -13,9 +13,10 @@ namespace console::verbs {
 
 struct JobFiles {
   std::string in;
-  std::string out;
+  std::string out; // empty: nothing is written
   OdDb::DwgVersion version = OdDb::kVersionUnknown;
   bool force = false;
+  drawing::WriteOptions::Form form = drawing::WriteOptions::AsRead;
 };
 
 struct Job {
@@ -25,7 +26,10 @@ struct Job {
   // Runs as one step; adds what a machine wants to know to the results. Empty: nothing is changed.
   std::function<void(Session&, nlohmann::ordered_json& results)> work;
   std::function<void(Session&)> tell; // what was done, once the drawing is saved; may be empty
+  // Takes the report of the reading, whose issues are not listed then; may be empty.
+  std::function<void(const drawing::Report&)> readReport = nullptr;
 };
+
 
 // Reads, works, writes, and prints one JSON object when that was asked for.
 Status runJob(SessionOptions settings, const Job& job);

@@ -4,13 +4,17 @@
 #include "DbBlockTable.h"
 #include "DbCarried.h"
 #include "DbDictionary.h"
-#include "DbLayout.h"
+#include "DbDimension.h"
+#include "DbNames.h"
 #include "DbSequence.h"
 #include "DbSymbolRecords.h"
 #include "db/block_graph.h"
-#include "db/load_context.h"
+#include "db/layout_links.h"
+#include "db/standing_names.h"
 #include "db/store.h"
+#include "db/undo.h"
 
+#include <cmath>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -25,21 +29,44 @@ namespace {
 // References that lead nowhere, or out of the drawing.
 class BrokenReferences final : public ReferenceVisitor {
 public:
-  explicit BrokenReferences(const OdDbDatabase& database) : database_(database) {}
+  explicit BrokenReferences(const OdDbDatabase& database, bool cut = false) : database_(database), cut_(cut) {}
   void visit(OdDbObjectId& id, OdDb::ReferenceType type) override {
     if (id.isNull())
       return;
-    if (id.database() != &database_)
-      ++foreign;
+    const bool isForeign = id.database() != &database_;
     // A soft pointer to what was erased is how drawings forget; the others hold what they name.
-    else if (!lives(id) && type != OdDb::kSoftPointerRef)
-      ++dangling;
+    const bool isDangling = !isForeign && !lives(id) && type != OdDb::kSoftPointerRef;
+    foreign += isForeign ? 1 : 0;
+    dangling += isDangling ? 1 : 0;
+    if (cut_ && (isForeign || isDangling))
+      id.setNull();
   }
   int dangling = 0, foreign = 0;
 
 private:
   const OdDbDatabase& database_;
+  bool cut_;
 };
+
+bool isFinite(const OdGeExtents3d& extents) {
+  const OdGePoint3d low = extents.minPoint(), high = extents.maxPoint();
+  return std::isfinite(low.x + low.y + low.z) && std::isfinite(high.x + high.y + high.z);
+}
+
+// Ends of blocks and of sequences are named by what they end, and stand in no list.
+bool isEnd(const OdDbObject& object) {
+  return object.isKindOf(OdDbBlockBegin::desc()) || object.isKindOf(OdDbBlockEnd::desc()) ||
+         object.isKindOf(OdDbSequenceEnd::desc());
+}
+
+// The name with '_' for every character that none may have.
+OdString legalName(const OdString& name, const OdDbSymbolTable& table) {
+  OdString legal = name;
+  legal.trimLeft().trimRight();
+  for (int at = -1; nameFault(legal, OdDb::kRelease2000, &at) == NameFault::Character;)
+    legal.setAt(at, L'_');
+  return table.freeName(legal.isEmpty() ? OdString(L"unnamed") : legal.left(255));
+}
 
 class Audit {
 public:
@@ -49,17 +76,12 @@ public:
     listMembers();
     for (OdDbObjectId id : database_.allIds()) {
       OdDbObject* object = peek(id);
-      if (object == nullptr || object->isErased() || object == &database_.header())
-        continue;
-      checkOwner(*object);
-      checkReferences(*object);
-      if (auto* entity = dynamic_cast<OdDbEntity*>(object))
-        checkEntity(*entity);
-      if (auto* block = dynamic_cast<OdDbBlockTableRecord*>(object))
-        checkBlock(*block);
+      if (lives(object) && object != &database_.header())
+        checkObject(*object);
     }
     for (int kind = 0; kind < OdDb::kSymbolTableCount; ++kind)
       checkTable(static_cast<OdDb::SymbolTableKind>(kind));
+    db::checkLayouts(database_, fix_, [this](const db::LayoutFault& fault) { tellLayout(fault); });
     checkCycles();
     return std::move(report_);
   }
@@ -74,7 +96,7 @@ private:
   void listMembers() {
     for (OdDbObjectId id : database_.allIds()) {
       OdDbObject* container = peek(id);
-      if (container == nullptr || container->isErased())
+      if (!lives(container))
         continue;
       if (const IdList* list = container->memberList()) {
         for (OdDbObjectId member : list->ids())
@@ -94,14 +116,27 @@ private:
       tell("audit.listed-twice", Severity::Lost, *peek(member), "the object stands in two lists or twice in one");
   }
 
+  void checkObject(OdDbObject& object) {
+    checkOwner(object);
+    if (object.isErased())
+      return;
+    if (auto* dictionary = dynamic_cast<OdDbDictionary*>(&object))
+      checkDictionary(*dictionary);
+    checkReferences(object);
+    if (auto* entity = dynamic_cast<OdDbEntity*>(&object))
+      checkEntity(*entity);
+    if (auto* sequence = dynamic_cast<OdDbSequenceOwner*>(&object))
+      checkSequence(object, *sequence);
+    if (auto* block = dynamic_cast<OdDbBlockTableRecord*>(&object))
+      checkEnds(*block);
+  }
+
   void checkOwner(OdDbObject& object) {
-    const bool ends = object.isKindOf(OdDbBlockBegin::desc()) || object.isKindOf(OdDbBlockEnd::desc()) ||
-                      object.isKindOf(OdDbSequenceEnd::desc());
     const bool needsList =
-        !ends && (object.isKindOf(OdDbEntity::desc()) || object.isKindOf(OdDbSymbolTableRecord::desc()));
+        !isEnd(object) && (object.isKindOf(OdDbEntity::desc()) || object.isKindOf(OdDbSymbolTableRecord::desc()));
     const auto lister = lister_.find(object.objectId());
     if (needsList && lister == lister_.end()) {
-      tell("audit.in-no-list", Severity::Lost, object, "no block, table or sequence lists the object");
+      tell("audit.in-no-list", Severity::Lost, object, "no block, table or sequence lists the object", fixList(object));
     } else if (lister != lister_.end() && lister->second != object.ownerId()) {
       tell("audit.owner-does-not-list", Severity::Lost, object, "its owner is not the one that lists it",
            "its owner is set to the one that lists it");
@@ -110,18 +145,70 @@ private:
         object.setOwnerId(lister->second);
       }
     } else if (!object.ownerId().isNull() && !lives(object.ownerId())) {
-      tell("audit.owner-missing", Severity::Note, object, "its owner does not exist");
+      tell("audit.owner-missing", Severity::Note, object, "its owner does not exist",
+           "the named-objects dictionary is named as its owner");
+      if (fix_) {
+        const db::WriteScope scope(object);
+        object.setOwnerId(database_.getNamedObjectsDictionaryId());
+      }
     }
+  }
+
+  // Entities go into the block that they name, or into model space; what cannot stand there is erased.
+  const char* fixList(OdDbObject& object) {
+    const bool isPart = object.dxfName() == "ATTRIB" || object.dxfName() == "VERTEX";
+    const bool standsInBlock = object.isKindOf(OdDbEntity::desc()) && !isPart;
+    if (!fix_)
+      return "";
+    const db::WriteScope scope(object);
+    if (!standsInBlock) {
+      object.erase();
+      return "it is erased";
+    }
+    auto* block = peekAs<OdDbBlockTableRecord>(object.ownerId());
+    if (!lives(block))
+      block = peekAs<OdDbBlockTableRecord>(database_.getModelSpaceId());
+    database_.undoLog().listGrows(*block, block->members().size());
+    object.setOwnerId(block->objectId());
+    block->adoptEntity(object.objectId());
+    return "it is put into its block, or into model space";
+  }
+
+  // An entry of an erased object is how a dictionary forgets; it is not written.
+  void checkDictionary(OdDbDictionary& dictionary) {
+    std::vector<OdString> dead;
+    for (const OdDbDictionary::Entry& entry : dictionary.entries()) {
+      if (lives(entry.id))
+        continue;
+      dead.push_back(entry.name);
+      if (peek(entry.id) == nullptr)
+        tell("audit.entry-to-nothing", Severity::Note, dictionary,
+             "the entry \"" + entry.name.toUtf8Lossless() + "\" names nothing", "the entry is removed");
+    }
+    for (std::size_t i = 0; fix_ && i < dead.size(); ++i) {
+      const db::WriteScope scope(dictionary);
+      dictionary.remove(dead[i]);
+    }
+    deadEntries_ = fix_ ? 0 : static_cast<int>(dead.size());
   }
 
   void checkReferences(OdDbObject& object) {
     BrokenReferences broken(database_);
     object.visitReferences(broken); // only reads: visit changes nothing
+    const int dangling = broken.dangling - std::exchange(deadEntries_, 0);
     if (broken.foreign != 0)
-      tell("audit.reference-to-other-drawing", Severity::Lost, object, "it refers to an object of another drawing");
-    if (broken.dangling != 0)
+      tell("audit.reference-to-other-drawing", Severity::Lost, object, "it refers to an object of another drawing",
+           "the reference is cut");
+    if (dangling > 0)
       tell("audit.reference-to-nothing", Severity::Note, object,
-           "it refers to " + std::to_string(broken.dangling) + " objects that do not exist");
+           "it refers to " + std::to_string(dangling) + " objects that do not exist", "the references are cut");
+    if (!fix_ || broken.dangling + broken.foreign == 0)
+      return;
+    const db::WriteScope scope(object);
+    object.assertWriteEnabled();
+    BrokenReferences cut(database_, true);
+    object.visitReferences(cut);
+    object.dropLostReactors();
   }
 
   void checkEntity(OdDbEntity& entity) {
@@ -135,51 +222,125 @@ private:
         entity.setLayer(database_.getLayerZeroId());
       }
     }
+    const auto* dimension = dynamic_cast<const OdDbDimension*>(&entity);
+    if (dimension != nullptr && !dimension->dimBlockId().isNull() && !lives(dimension->dimBlockId()))
+      tell("audit.dimension-without-picture", Severity::Note, entity, "the block with its picture does not exist");
     const auto* reference = dynamic_cast<const OdDbBlockReference*>(&entity);
-    if (reference != nullptr && !lives(reference->blockTableRecord()))
-      tell("audit.reference-without-block", Severity::Lost, entity, "the block that it shows does not exist");
+    if (reference != nullptr)
+      checkBlockReference(entity, *reference);
+    else if (OdGeExtents3d extents; dimension == nullptr && entity.getGeomExtents(extents) == eOk && !isFinite(extents))
+      tell("audit.extents-not-finite", Severity::Note, entity, "its extents are beyond all numbers");
   }
 
-  void checkBlock(OdDbBlockTableRecord& block) {
-    if (!lives(block.blockBeginId()) || !lives(block.blockEndId())) {
-      tell("audit.block-without-ends", Severity::Lost, block, "the block has no begin or no end", "they are made");
-      if (fix_) {
-        const db::WriteScope scope(block);
-        block.ensureEnds();
-      }
+  void checkBlockReference(OdDbEntity& entity, const OdDbBlockReference& reference) {
+    if (lives(reference.blockTableRecord()))
+      return;
+    tell("audit.reference-without-block", Severity::Lost, entity, "the block that it shows does not exist",
+         "the reference is erased");
+    if (fix_) {
+      const db::WriteScope scope(entity);
+      entity.erase();
     }
-    const auto* layout = peekAs<OdDbLayout>(block.getLayoutId());
-    if (!block.getLayoutId().isNull() && (layout == nullptr || layout->isErased()))
-      tell("audit.block-without-layout", Severity::Note, block, "the layout that the block names does not exist");
-    else if (layout != nullptr && layout->getBlockTableRecordId() != block.objectId())
-      tell("audit.layout-of-another-block", Severity::Note, block,
-           "the layout that the block names names another block");
+  }
+
+  void checkSequence(OdDbObject& object, OdDbSequenceOwner& sequence) {
+    bool hasParts = false;
+    for (OdDbObjectId part : sequence.subEntities())
+      hasParts = hasParts || lives(part);
+    if (!hasParts || lives(sequence.sequenceEndId()) || object.isErased())
+      return;
+    tell("audit.sequence-without-end", Severity::Lost, object, "its sequence has no end", "the end is made");
+    if (fix_) {
+      const db::WriteScope scope(object);
+      sequence.ensureEnd(static_cast<OdDbEntity&>(object));
+    }
+  }
+
+  void checkEnds(OdDbBlockTableRecord& block) {
+    if (lives(block.blockBeginId()) && lives(block.blockEndId()))
+      return;
+    tell("audit.block-without-ends", Severity::Lost, block, "the block has no begin or no end", "they are made");
+    if (fix_) {
+      const db::WriteScope scope(block);
+      block.assertWriteEnabled();
+      block.ensureEnds();
+    }
+  }
+
+  void tellLayout(const db::LayoutFault& fault) {
+    struct Words {
+      const char* code;
+      const char* found;
+    };
+    // In the order of the kinds.
+    constexpr Words kWords[] = {{"audit.layout-without-block", "the layout has no block of its own"},
+                                {"audit.space-without-layout", "no layout and this space name each other"},
+                                {"audit.block-of-no-layout", "the block names a layout that is not its own"}};
+    const Words& words = kWords[fault.kind];
+    tell(words.code, Severity::Lost, fault.object, words.found, fault.done);
   }
 
   void checkTable(OdDb::SymbolTableKind kind) {
     const auto* table = peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind));
-    if (table == nullptr)
+    if (table == nullptr) {
+      report_.add({"audit.table-missing", Severity::Lost, 0, -1, 0, "", "TABLE", "a table does not exist", ""});
       return;
-    for (OdDbObjectId id : table->members().ids()) {
-      const auto* record = peekAs<OdDbSymbolTableRecord>(id);
-      if (record == nullptr || record->isErased() || kind == OdDb::kViewportTable || record->getName().isEmpty())
-        continue;
-      if (table->getAt(record->getName()) != id)
-        tell("audit.name-twice", Severity::Lost, *record, "another record of the table has its name");
     }
+    for (OdDbObjectId id : table->members().ids()) {
+      auto* record = peekAs<OdDbSymbolTableRecord>(id);
+      // The tiles of a viewport configuration share their name, and files of shapes have none.
+      const bool mayRepeat = kind == OdDb::kViewportTable || (record != nullptr && record->getName().isEmpty());
+      if (lives(record) && !mayRepeat)
+        checkName(*table, *record);
+    }
+  }
+
+  void checkName(const OdDbSymbolTable& table, OdDbSymbolTableRecord& record) {
+    if (table.getAt(record.getName()) != record.objectId()) {
+      tell("audit.name-twice", Severity::Lost, record, "another record of the table has its name", "it is renamed");
+      if (fix_)
+        rename(record, table.freeName(record.getName()));
+      return;
+    }
+    const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(&record);
+    // Programs give names with an asterisk to what they made themselves.
+    const bool isOwn = record.getName().getLength() > 1 && record.getName().getAt(0) == L'*';
+    const bool hasOwnRules = isOwn || db::isExternal(record) || (block != nullptr && db::isSpace(*block));
+    if (hasOwnRules || nameFault(record.getName(), OdDb::kRelease2000) == NameFault::None)
+      return;
+    tell("audit.name-illegal", Severity::Note, record,
+         "\"" + record.getName().toUtf8Lossless() + "\" is no name that a record can be given",
+         "it is renamed with _ for what is not allowed");
+    if (fix_)
+      rename(record, legalName(record.getName(), table));
+  }
+
+  void rename(OdDbSymbolTableRecord& record, const OdString& name) {
+    if (renameRecord(database_, record.tableKind(), record.getName(), name) == RenameResult::Done &&
+        record.getName() == name)
+      return;
+    const db::WriteScope scope(record); // one that is not found under its name
+    record.setName(name);
   }
 
   void checkCycles() {
     std::vector<OdDbObjectId> cut;
     db::bottomUp(database_, cut);
-    for (OdDbObjectId id : cut)
-      tell("audit.block-cycle", Severity::Lost, *peek(id), "through this reference a block contains itself");
+    for (OdDbObjectId id : cut) {
+      OdDbObject& reference = *peek(id);
+      tell("audit.block-cycle", Severity::Lost, reference, "through this reference a block contains itself",
+           "the reference is erased");
+      const db::WriteScope scope(reference);
+      if (fix_)
+        reference.erase();
+    }
   }
 
   OdDbDatabase& database_;
   bool fix_;
   Report report_;
   std::unordered_map<OdDbObjectId, OdDbObjectId> lister_;
+  int deadEntries_ = 0; // of the dictionary at hand, told already
 };
 
 } // namespace

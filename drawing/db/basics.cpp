@@ -5,6 +5,7 @@
 #include "DbDictionary.h"
 #include "DbLayout.h"
 #include "DbSymbolRecords.h"
+#include "db/layout_links.h"
 #include "db/settle.h"
 #include "db/store.h"
 #include "db/symbol_kinds.h"
@@ -15,7 +16,7 @@ namespace {
 
 class Basics {
 public:
-  explicit Basics(OdDbDatabase& database) : database_(database) {}
+  Basics(OdDbDatabase& database, const TellLayoutFault& tell) : database_(database), tell_(tell) {}
 
   std::vector<std::string> run() {
     for (int kind = 0; kind < OdDb::kSymbolTableCount; ++kind)
@@ -104,9 +105,8 @@ private:
     auto& root = *peekAs<OdDbDictionary>(database_.getNamedObjectsDictionaryId());
     ensureDictionary(root, L"ACAD_GROUP");
     ensureScales(ensureDictionary(root, L"ACAD_SCALELIST"));
-    OdDbDictionary& layouts = ensureDictionary(root, L"ACAD_LAYOUT");
-    ensureLayout(layouts, L"Model", modelSpaceStr, 0);
-    ensureLayout(layouts, L"Layout1", paperSpaceStr, 1);
+    ensureDictionary(root, L"ACAD_LAYOUT");
+    ensureLayouts();
   }
 
   void ensureScales(OdDbDictionary& scales) {
@@ -119,59 +119,19 @@ private:
     scales.setAt(L"A0", database_.addOdDbObject(scale, scales.objectId()));
   }
 
-  void ensureLayout(OdDbDictionary& layouts, const wchar_t* name, const OdString& space, std::int16_t order) {
-    auto& block = *peekAs<OdDbBlockTableRecord>(table(OdDb::kBlockTable).getAt(space));
-    if (peekAs<OdDbLayout>(block.getLayoutId()) != nullptr)
-      return;
-    OdString free = name;
-    for (unsigned n = 2; layouts.has(free); ++n)
-      free.format(L"%s-%u", name, n);
-    auto* layout = new OdDbLayout;
-    layout->setLayoutName(free);
-    layout->setTabOrder(order);
-    layout->setBlockTableRecordId(block.objectId());
-    plotDefaults(*layout, order == 0);
-    const WriteScope scope(layouts), blockScope(block);
-    layouts.setAt(free, database_.addOdDbObject(layout, layouts.objectId()));
-    block.setLayoutId(layout->objectId());
-    made_.push_back("layout of " + space.toUtf8());
-  }
-
-  // Sheet: A4, one to one, in millimetres.
-  static void plotDefaults(OdDbLayout& layout, bool isModel) {
-    GroupList& groups = layout.extrasForLoad().carried;
-    groups.utf8(100, "AcDbPlotSettings");
-    for (const int code : {2, 4, 6, 7})
-      groups.utf8(code, code == 4 ? "ISO_A4_(210.00_x_297.00_MM)" : "");
-    for (const int code : {40, 41, 42, 43})
-      groups.real(code, 7.5);
-    groups.real(44, 210);
-    groups.real(45, 297);
-    for (const int code : {46, 47, 48, 49, 140, 141})
-      groups.real(code, 0);
-    groups.real(142, 1);
-    groups.real(143, 1);
-    groups.integer(70, isModel ? 1712 : 688);
-    groups.integer(72, 1);
-    groups.integer(73, 0);
-    groups.integer(74, 5);
-    groups.integer(75, 16);
-    groups.real(147, 1);
-    groups.real(148, 0);
-    groups.real(149, 0);
-    groups.utf8(100, "AcDbLayout");
-    for (const int code : {10, 20})
-      groups.real(code, 0);
-    groups.real(11, 420);
-    groups.real(21, 297);
-    for (const int code : {14, 24, 34, 15, 25, 35, 146, 13, 23, 33})
-      groups.real(code, 0);
-    groups.point(16, OdGePoint3d(1, 0, 0));
-    groups.point(17, OdGePoint3d(0, 1, 0));
-    groups.integer(76, 0);
+  // A standard space without a layout is only something to make; the rest is damage.
+  void ensureLayouts() {
+    checkLayouts(database_, true, [this](const LayoutFault& fault) {
+      const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(&fault.object);
+      if (fault.isMade && (block->getName() == modelSpaceStr || block->getName() == paperSpaceStr))
+        made_.push_back("layout of " + block->getName().toUtf8());
+      else if (tell_)
+        tell_(fault);
+    });
   }
 
   OdDbDatabase& database_;
+  const TellLayoutFault& tell_;
   std::vector<OdDbObjectId> fresh_;
   std::vector<std::string> made_;
 };
@@ -216,8 +176,8 @@ void setHeaderDefaults(OdDbDatabase& database) {
 
 } // namespace
 
-std::vector<std::string> ensureBasics(OdDbDatabase& database) {
-  return Basics(database).run();
+std::vector<std::string> ensureBasics(OdDbDatabase& database, const TellLayoutFault& tell) {
+  return Basics(database, tell).run();
 }
 
 } // namespace drawing::db

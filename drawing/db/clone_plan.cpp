@@ -4,6 +4,7 @@
 #include "DbBlockReference.h"
 #include "DbDatabase.h"
 #include "DbDimension.h"
+#include "DbDynBlockReference.h"
 #include "DbLayout.h"
 #include "DbTable.h"
 #include "db/block_graph.h"
@@ -91,6 +92,17 @@ void Cloner::planReferences(OdDbObject& object) {
     if (crosses() || isPicture(*needed, object))
       planNeeded(id);
   }
+  if (crosses())
+    planDefinitionOfShape(object);
+}
+
+// A shape of a dynamic block names its definition in its extended data only, and means nothing without it.
+void Cloner::planDefinitionOfShape(const OdDbObject& object) {
+  if (!object.isKindOf(OdDbBlockTableRecord::desc()))
+    return;
+  const OdDbObjectId definition = OdDbDynBlockTableRecord(object.objectId()).dynamicBlockTableRecord();
+  if (!definition.isNull() && !isPlanned(definition) && definition.database() == &source_)
+    planNeeded(definition);
 }
 
 void Cloner::planNeeded(OdDbObjectId id) {

@@ -63,6 +63,19 @@ void tellMissing(SettleFacts& facts) {
   }
 }
 
+void tellLayoutFault(SettleFacts& facts, const LayoutFault& fault) {
+  struct Words {
+    const char* code;
+    const char* found;
+  };
+  // In the order of the kinds.
+  constexpr Words kWords[] = {{"dxf.layout-without-block", "the layout has no block of its own"},
+                              {"dxf.space-without-layout", "the block of a sheet names no layout that names it"},
+                              {"dxf.block-of-no-layout", "the block names a layout that is not its own"}};
+  const Words& words = kWords[fault.kind];
+  tell(facts, words.code, Severity::Repaired, fault.object, words.found, fault.done);
+}
+
 void ensureEnds(OdDbDatabase& database) {
   auto* table = peekAs<OdDbBlockTable>(database.getBlockTableId());
   for (OdDbObjectId id : table->members().ids()) {
@@ -137,7 +150,8 @@ void raiseHandseed(OdDbDatabase& database) {
 void settleDrawing(SettleFacts& facts) {
   OdDbDatabase& database = facts.database;
   redirect(facts);
-  for (const std::string& made : ensureBasics(database)) {
+  const auto tellLayout = [&facts](const LayoutFault& fault) { tellLayoutFault(facts, fault); };
+  for (const std::string& made : ensureBasics(database, tellLayout)) {
     facts.context.begin("", 0);
     facts.context.setHandle(0);
     facts.context.tell(

@@ -165,6 +165,11 @@ void OdDbSymbolTableRecord::setName(const OdString& name) {
   name_ = name;
 }
 
+bool OdDbSymbolTableRecord::isDependent() const {
+  const int bar = name_.find(L'|');
+  return (flags_ & kDependent) != 0 || (bar > 0 && bar + 1 < name_.getLength());
+}
+
 void OdDbSymbolTableRecord::setFlag(std::int16_t bit, bool on) {
   assertWriteEnabled();
   flags_ = static_cast<std::int16_t>(on ? flags_ | bit : flags_ & ~bit);
@@ -176,9 +181,36 @@ OdResult OdDbSymbolTableRecord::mayComeBack() const {
   return table != nullptr && !mayRepeat && table->has(name_) ? eDuplicateRecordName : eOk;
 }
 
+namespace {
+
+// The table of dimension styles repeats its records in its head, with their number under 71.
+void dropFromHead(OdDbSymbolTable& table, OdDbObjectId record) {
+  const drawing::GroupList* head = table.carriedOrNull();
+  const auto isRecord = [&](std::size_t at) {
+    return (*head)[at].kind == drawing::GroupKind::Reference && head->idOf((*head)[at]) == record;
+  };
+  std::size_t at = 0;
+  while (head != nullptr && at < head->size() && !isRecord(at))
+    ++at;
+  if (head == nullptr || at == head->size())
+    return;
+  const drawing::db::WriteScope scope(table);
+  drawing::GroupList& groups = table.carried();
+  groups.erase(at, 1);
+  const std::size_t count = groups.find(71);
+  if (count < groups.size() && groups[count].integer > 0)
+    groups.setInteger(count, groups[count].integer - 1);
+}
+
+} // namespace
+
 void OdDbSymbolTableRecord::afterErase(bool erasing) {
-  if (auto* table = drawing::db::peekAs<OdDbSymbolTable>(ownerId()))
-    table->memberErased(*this, erasing);
+  auto* table = drawing::db::peekAs<OdDbSymbolTable>(ownerId());
+  if (table == nullptr)
+    return;
+  table->memberErased(*this, erasing);
+  if (erasing)
+    dropFromHead(*table, objectId());
 }
 
 OdDb::SymbolTableKind OdDbSymbolTableRecord::tableKind() const {

@@ -34,13 +34,17 @@ private:
   void readTableRecord(OdDb::SymbolTableKind kind, OdDbSymbolTable& table);
   void readBlocks();
   void readBlock();
+  void orderBlocks();
   void readEntities();
   void readObjects();
+  void correctVersion();
   void readCarriedSection();
 
   std::uint64_t handleIn(const Record& record);
   OdDbObjectId addRead(ReadObject& read, OdDbObjectId owner);
+  OdString blockName();
   OdDbBlockTableRecord* blockOf(const ReadObject& begin);
+  void tellWithoutRecord(const OdString& name, const OdString& unique);
   void addEntity(OdDbObjectId fallbackOwner);
   bool addToSequence(ReadObject& read);
   OdDbBlockTableRecord* ownerOf(const ReadObject& read, OdDbObjectId fallback);
@@ -58,6 +62,7 @@ private:
   Record record_;
   std::uint64_t line_ = 0;
   std::vector<std::pair<OdString, OdDbObjectId>> renamed_; // records whose name was taken, by the name in the file
+  std::vector<OdDbObjectId> blocks_;                       // in the order of their section
   OdDbObjectId sequence_;                                  // the entity whose attributes or vertices come now
   bool again_ = false;                                     // the record is to be met once more
   bool sawSection_ = false;

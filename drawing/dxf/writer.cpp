@@ -260,6 +260,8 @@ void Writer::blockHead(const OdDbBlockTableRecord& record) {
   sink_.text(1, record.pathName());
   if (!record.comments().isEmpty())
     sink_.text(4, record.comments());
+  if (record.isUnloaded())
+    sink_.integer(71, 1);
 }
 
 void Writer::entities() {

@@ -29,15 +29,19 @@ OdDbObjectId OdDbSequenceOwner::appendPart(OdDbEntity& owner, OdDbEntity* part) 
   owner.assertWriteEnabled();
   if (!owner.isDBRO())
     throw OdError(eNotInDatabase);
-  OdDbDatabase* database = owner.database();
-  const OdDbObjectId id = part->isDBRO() ? part->objectId() : database->addOdDbObject(part, owner.objectId());
+  const OdDbObjectId id = part->isDBRO() ? part->objectId() : owner.database()->addOdDbObject(part, owner.objectId());
   parts_.push_back(id);
-  if (peekAs<OdDbSequenceEnd>(end_) == nullptr) {
-    OdSmartPtr<OdDbSequenceEnd> end = OdDbSequenceEnd::createObject();
-    end->setLayer(owner.layerId());
-    end_ = database->addOdDbObject(end.get(), owner.objectId());
-  }
+  ensureEnd(owner);
   return id;
+}
+
+void OdDbSequenceOwner::ensureEnd(OdDbEntity& owner) {
+  if (peekAs<OdDbSequenceEnd>(end_) != nullptr)
+    return;
+  owner.assertWriteEnabled();
+  OdSmartPtr<OdDbSequenceEnd> end = OdDbSequenceEnd::createObject();
+  end->setLayer(owner.layerId());
+  end_ = owner.database()->addOdDbObject(end.get(), owner.objectId());
 }
 
 OdResult OdDbSequenceOwner::transformParts(const OdGeMatrix3d& matrix) const {

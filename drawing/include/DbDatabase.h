@@ -22,6 +22,10 @@ class OdDbIdMapping;
 class OdDbSymbolTable;
 using OdDbDatabasePtr = OdSmartPtr<OdDbDatabase>;
 
+namespace drawing::db {
+class XrefTable;
+}
+
 namespace drawing {
 
 // What a file says of itself, kept so that it can be written again as it was.
@@ -121,6 +125,10 @@ public:
   // base point becomes the block's origin. The source stays as it was. Null id on failure.
   OdDbObjectId insert(const OdString& blockName, OdDbDatabase* source, drawing::Report* report = nullptr);
 
+  // Removes from `ids` what cannot be purged: what the drawing needs, and what anything uses that is not purged along.
+  // Erases nothing; see DbPurge.h for the reasons.
+  OdResult purge(OdDbObjectIdArray& ids);
+
   // Undo. startUndoRecord sets a mark; undo takes back everything since the last mark; redo brings it back. Ids
   // survive both. Nothing is recorded before the first mark or while recording is off.
   void startUndoRecord();
@@ -148,6 +156,8 @@ public:
   drawing::db::Store& store() { return *store_; }
   const drawing::db::Store& store() const { return *store_; }
   drawing::db::Undo& undoLog() { return *undo_; }
+  drawing::db::XrefTable& xrefs() { return *xrefs_; }
+  const drawing::db::XrefTable& xrefs() const { return *xrefs_; }
   void adoptTable(OdDb::SymbolTableKind kind, OdDbObjectId id) { tables_[kind] = id; }
   void adoptNamedObjects(OdDbObjectId id) { namedObjects_ = id; }
   OdDbHeader& header() const;
@@ -158,6 +168,7 @@ protected:
 private:
   std::unique_ptr<drawing::db::Store> store_;
   std::unique_ptr<drawing::db::Undo> undo_;
+  std::unique_ptr<drawing::db::XrefTable> xrefs_;
   OdDbObjectId tables_[OdDb::kSymbolTableCount];
   OdDbObjectId namedObjects_;
   OdDbObjectId header_;

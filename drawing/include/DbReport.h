@@ -61,7 +61,9 @@ private:
   Severity worst_ = Severity::Note;
 };
 
-// One line for people: "line 120, LINE 2F: ... ; ...".
+// For people: "line 120, LINE 2F", empty when the issue has no place.
+MVDRAWING_API std::string placeOf(const Issue& issue);
+// One line: "line 120, LINE 2F: ... ; ...".
 MVDRAWING_API std::string describe(const Issue& issue);
 
 // Limits of one job. Every number may be set; the defaults suit drawings of any honest size.

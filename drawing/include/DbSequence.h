@@ -13,6 +13,8 @@ public:
   OdDbObjectId sequenceEndId() const { return end_; }                     // null when it has none
   // For readers: takes a resident part (or the end of the sequence) as its own.
   void adoptSubEntity(OdDbObjectId id, bool isEnd);
+  // Makes the sequence's end when there is none. `owner` is this object.
+  void ensureEnd(OdDbEntity& owner);
 
 protected:
   // Makes the part resident when it is free, and the sequence's end when there is none. Owners that are not resident

@@ -30,7 +30,7 @@ bool Report::has(const char* code) const {
   return count(code) != 0;
 }
 
-std::string describe(const Issue& issue) {
+std::string placeOf(const Issue& issue) {
   std::string place;
   const auto add = [&place](const std::string& part) { place += (place.empty() ? "" : ", ") + part; };
   if (issue.line != 0)
@@ -43,6 +43,11 @@ std::string describe(const Issue& issue) {
     add("handle " + OdDbHandle(issue.handle).ascii());
   if (issue.groupCode >= 0)
     add("group " + std::to_string(issue.groupCode));
+  return place;
+}
+
+std::string describe(const Issue& issue) {
+  const std::string place = placeOf(issue);
   return place + (place.empty() ? "" : ": ") + issue.found + (issue.done.empty() ? "" : "; " + issue.done);
 }
 

@@ -40,6 +40,26 @@ TEST(OtherLayouts, CommonGroupsBehindALaterMarkerBelongToTheEntity) {
   expectRoundTrip(*database);
 }
 
+// Early files have no table of blocks, and what refers to a block may come before it.
+TEST(OtherLayouts, BlocksOfEarlyFilesStandInTheirOrderAndSpacesAreSpaces) {
+  const auto block = [](const std::string& name, const std::string& contents) {
+    return "0|BLOCK\n8|0\n2|" + name + "\n70|0\n10|0\n20|0\n30|0\n3|" + name + "\n" + contents + "0|ENDBLK\n";
+  };
+  const auto insert = [](const std::string& name) { return "0|INSERT\n8|0\n2|" + name + "\n10|0\n20|0\n30|0\n"; };
+  const std::string blocks = block("$MODEL_SPACE", "") + block("$PAPER_SPACE", "") +
+                             block("table", insert("lamp") + insert("chair")) + block("chair", "") +
+                             block("lamp", insert("bulb")) + block("bulb", "");
+  const OdDbDatabasePtr database =
+      readWhole(dxf(section("BLOCKS", blocks) + section("ENTITIES", insert("table")), "AC1009"));
+  std::string names;
+  const auto table = forRead<OdDbSymbolTable>(database->getBlockTableId());
+  for (auto walk = table->newIterator(); !walk->done(); walk->step())
+    names += walk->getRecord()->getName().toUtf8() + " ";
+  EXPECT_EQ(names, "*Model_Space *Paper_Space table chair lamp bulb ");
+  EXPECT_EQ(forRead<OdDbBlockTableRecord>(database->getModelSpaceId())->numMembers(), 1u);
+  expectRoundTrip(*database);
+}
+
 TEST(OtherLayouts, AnEntityWithoutLayerIsOnLayerZero) {
   const OdDbDatabasePtr database = readWhole(
       dxf(section("ENTITIES", "0|LINE\n5|A1\n100|AcDbEntity\n100|AcDbLine\n10|1\n20|2\n30|3\n11|4\n21|5\n31|6\n")));

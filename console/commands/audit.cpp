@@ -1,0 +1,13 @@
+#include "console/auditor.h"
+
+#include "console/ask.h"
+#include "console/commands/commands.h"
+
+namespace console::commands {
+
+void audit(CommandContext& context) {
+  const bool fix = askYes(context.session, Text::kPromptFix);
+  showIssues(context.session, auditOpenDrawing(context.session, fix));
+}
+
+} // namespace console::commands

@@ -1,0 +1,37 @@
+#include "console/renamer.h"
+
+#include "console/ask.h"
+#include "console/commands/commands.h"
+
+namespace console::commands {
+namespace {
+
+OdDb::SymbolTableKind askKind(Session& session) {
+  struct Choice {
+    const wchar_t* option;
+    OdDb::SymbolTableKind kind;
+  };
+  constexpr Choice kChoices[] = {{L"Layer", OdDb::kLayerTable},
+                                 {L"Linetype", OdDb::kLinetypeTable},
+                                 {L"Textstyle", OdDb::kTextStyleTable},
+                                 {L"Dimstyle", OdDb::kDimStyleTable}};
+  const auto option = askKeyword(session, Text::kKeywordsRename, Text::kPromptRenameKind);
+  for (const Choice& choice : kChoices) {
+    if (option && *option == choice.option)
+      return choice.kind;
+  }
+  return OdDb::kBlockTable;
+}
+
+} // namespace
+
+void rename(CommandContext& context) {
+  Session& session = context.session;
+  const OdDb::SymbolTableKind kind = askKind(session);
+  const OdString from = askText(session, Text::kPromptOldName).value_or(OdString());
+  const OdString to = askText(session, Text::kPromptNewName).value_or(OdString());
+  renameThing(session, kind, from, to);
+  session.say(Text::kRenamed, {OdString::fromUtf8(renameKindName(kind)), from, to});
+}
+
+} // namespace console::commands

@@ -1,0 +1,78 @@
+#include "console/auditor.h"
+#include "console/verbs/job.h"
+#include "console/verbs/verb.h"
+
+#include <CLI/CLI.hpp>
+
+namespace console::verbs {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+const char* outcomeName(const std::vector<drawing::Issue>& issues) {
+  for (const drawing::Issue& issue : issues) {
+    if (issue.severity != drawing::Severity::Note)
+      return "repaired";
+  }
+  return "whole";
+}
+
+class Audit : public Verb {
+public:
+  void describe(CLI::App& program) override {
+    verb_ = program.add_subcommand("audit", "Look for damage in a drawing");
+    verb_->add_option("FILE", files_.in, "Drawing to read")->required();
+    verb_->add_flag("--fix", fix_, "Mend what is found");
+    verb_->add_option("-o,--output", files_.out, "Where the mended drawing is written");
+    verb_->add_flag("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    verb_->add_flag("--json", json_, "Report as one JSON object");
+  }
+  bool isChosen() const override { return verb_->parsed(); }
+  void check() override {
+    if (isChosen() && fix_ == files_.out.empty())
+      throw Failure{Status::Usage, {Text::kFixNeedsOutput, {}}};
+  }
+  Status run(const SessionOptions& settings) override {
+    return runJob(settings,
+                  {"audit", files_, json_, [this](Session& session, Json& results) { work(session, results); },
+                   [this](Session& session) { tell(session); },
+                   [this](const drawing::Report& report) { read_ = report; }});
+  }
+
+private:
+  void work(Session& session, Json& results) {
+    issues_ = read_.issues();
+    const auto found = auditOpenDrawing(session, fix_);
+    issues_.insert(issues_.end(), found.begin(), found.end());
+    results["outcome"] = outcomeName(issues_);
+    results["records"] = {{"read", read_.account.read},
+                          {"kept", read_.account.kept},
+                          {"keptUnread", read_.account.keptUnread},
+                          {"dropped", read_.account.dropped}};
+    results["unlisted"] = read_.suppressed();
+  }
+
+  void tell(Session& session) {
+    const auto& account = read_.account;
+    session.result(Text::kAuditSum,
+                   {count(account.read), count(account.kept), count(account.keptUnread), count(account.dropped)});
+    showIssues(session, issues_);
+    if (read_.suppressed() != 0)
+      session.result(Text::kMoreIssues, {OdString::fromUtf8(files_.in), count(read_.suppressed())});
+  }
+
+  CLI::App* verb_ = nullptr;
+  JobFiles files_;
+  drawing::Report read_;
+  std::vector<drawing::Issue> issues_; // of the reading, then of the audit
+  bool fix_ = false;
+  bool json_ = false;
+};
+
+} // namespace
+
+std::unique_ptr<Verb> auditVerb() {
+  return std::make_unique<Audit>();
+}
+
+} // namespace console::verbs

@@ -1,0 +1,103 @@
+#include "console/purger.h"
+#include "console/verbs/job.h"
+#include "console/verbs/verb.h"
+
+#include <CLI/CLI.hpp>
+
+namespace console::verbs {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json jsonOf(const NamedThing& thing) {
+  return {{"kind", thing.kind}, {"name", thing.name.toUtf8Lossless()}, {"handle", thing.id.getHandle().ascii()}};
+}
+
+Json jsonOf(const drawing::PurgePlan::Use& use) {
+  Json json = use.by.isNull() ? Json{{"variable", use.variable}} : jsonOf(thingOf(use.by));
+  json["times"] = use.times;
+  return json;
+}
+
+const char* standingName(drawing::PurgePlan::Standing standing) {
+  constexpr const char* kNames[] = {"purgeable", "used", "needed", "external", "none"};
+  return kNames[static_cast<std::size_t>(standing)];
+}
+
+class Purge : public Verb {
+public:
+  void describe(CLI::App& program) override {
+    verb_ = program.add_subcommand("purge", "Remove what nothing in a drawing uses");
+    verb_->add_option("FILE", files_.in, "Drawing to read")->required();
+    verb_->add_option("-o,--output", files_.out, "Drawing to write");
+    verb_->add_option("--kind", kinds_, "Only things of this kind: block, layer, \"line type\" ... (all)")
+        ->allow_extra_args(false)
+        ->check(CLI::IsMember(purgeKindNames()));
+    verb_->add_flag("--dry-run", dry_, "Tell what could go, and write nothing");
+    verb_->add_flag("--why", why_, "Tell why the others stay");
+    verb_->add_flag("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    verb_->add_flag("--json", json_, "Report as one JSON object");
+  }
+  bool isChosen() const override { return verb_->parsed(); }
+  void check() override {
+    if (isChosen() && dry_)
+      files_.out.clear();
+    else if (isChosen() && files_.out.empty())
+      throw Failure{Status::Usage, {Text::kNoOutput, {}}};
+  }
+  Status run(const SessionOptions& settings) override {
+    return runJob(settings,
+                  {"purge", files_, json_, [this](Session& session, Json& results) { work(session, results); },
+                   [this](Session& session) { tell(session); }});
+  }
+
+private:
+  void work(Session& session, Json& results) {
+    OdDbDatabase& database = session.database();
+    const std::vector<NamedThing> things = thingsToPurge(database, kinds_);
+    if (why_)
+      tellKept(session, keptThings(database, things), results);
+    purged_ = dry_ ? purgeable(database, things) : console::purge(database, things);
+    results["purged"] = Json::array();
+    for (const NamedThing& thing : purged_)
+      results["purged"].push_back(jsonOf(thing));
+  }
+
+  static void tellKept(Session& session, const std::vector<KeptThing>& all, Json& results) {
+    results["kept"] = Json::array();
+    for (const KeptThing& kept : all) {
+      Json json = jsonOf(kept.thing);
+      json["standing"] = standingName(kept.standing);
+      json["uses"] = Json::array();
+      for (const drawing::PurgePlan::Use& use : kept.uses)
+        json["uses"].push_back(jsonOf(use));
+      results["kept"].push_back(std::move(json));
+      session.result(Text::kNotPurged, {OdString::fromUtf8(kept.thing.kind), kept.thing.name, reasonOf(kept)});
+    }
+  }
+
+  void tell(Session& session) {
+    for (const NamedThing& thing : purged_)
+      session.result(dry_ ? Text::kPurgeable : Text::kPurged, {OdString::fromUtf8(thing.kind), thing.name});
+    if (purged_.empty())
+      session.say(Text::kNothingToPurge);
+    else if (!dry_)
+      session.say(Text::kPurgeCount, {count(purged_.size())});
+  }
+
+  CLI::App* verb_ = nullptr;
+  JobFiles files_;
+  std::vector<std::string> kinds_;
+  std::vector<NamedThing> purged_;
+  bool dry_ = false;
+  bool why_ = false;
+  bool json_ = false;
+};
+
+} // namespace
+
+std::unique_ptr<Verb> purgeVerb() {
+  return std::make_unique<Purge>();
+}
+
+} // namespace console::verbs

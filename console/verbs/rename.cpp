@@ -1,0 +1,96 @@
+#include "console/renamer.h"
+#include "console/verbs/job.h"
+#include "console/verbs/verb.h"
+
+#include <CLI/CLI.hpp>
+
+#include <array>
+
+namespace console::verbs {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+struct Wish {
+  OdDb::SymbolTableKind kind;
+  OdString from, to;
+};
+
+class Rename : public Verb {
+public:
+  void describe(CLI::App& program) override {
+    verb_ = program.add_subcommand("rename", "Rename blocks, layers and styles of a drawing");
+    verb_->add_option("FILE", files_.in, "Drawing to read")->required();
+    verb_->add_option("-o,--output", files_.out, "Drawing to write")->required();
+    for (Option& option : options_)
+      verb_->add_option(option.name, option.values, option.help)->allow_extra_args(false);
+    verb_->add_flag("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    verb_->add_flag("--json", json_, "Report as one JSON object");
+  }
+  bool isChosen() const override { return verb_->parsed(); }
+  void check() override {
+    if (!isChosen())
+      return;
+    for (const Option& option : options_) {
+      for (const std::string& value : option.values)
+        add(option, value);
+    }
+    if (wishes_.empty())
+      throw Failure{Status::Usage, {Text::kNoRename, {}}};
+  }
+  Status run(const SessionOptions& settings) override {
+    return runJob(settings,
+                  {"rename", files_, json_, [this](Session& session, Json& results) { work(session, results); },
+                   [this](Session& session) { tell(session); }});
+  }
+
+private:
+  struct Option {
+    const char* name;
+    OdDb::SymbolTableKind kind;
+    const char* help;
+    std::vector<std::string> values;
+  };
+
+  // No name has the sign in it.
+  void add(const Option& option, const std::string& value) {
+    const auto sign = value.find('=');
+    if (sign == std::string::npos || sign == 0)
+      refuseUsage(Text::kBadRename, option.name, value);
+    wishes_.push_back(
+        {option.kind, OdString::fromUtf8(value.substr(0, sign)), OdString::fromUtf8(value.substr(sign + 1))});
+  }
+
+  void work(Session& session, Json& results) {
+    results["renamed"] = Json::array();
+    for (const Wish& wish : wishes_) {
+      renameThing(session, wish.kind, wish.from, wish.to);
+      results["renamed"].push_back({{"kind", renameKindName(wish.kind)},
+                                    {"from", wish.from.toUtf8Lossless()},
+                                    {"to", wish.to.toUtf8Lossless()}});
+    }
+  }
+
+  void tell(Session& session) {
+    for (const Wish& wish : wishes_)
+      session.say(Text::kRenamed, {OdString::fromUtf8(renameKindName(wish.kind)), wish.from, wish.to});
+  }
+
+  CLI::App* verb_ = nullptr;
+  JobFiles files_;
+  std::array<Option, 5> options_ = {{{"--block", OdDb::kBlockTable, "OLD=NEW of a block", {}},
+                                     {"--layer", OdDb::kLayerTable, "OLD=NEW of a layer", {}},
+                                     {"--linetype", OdDb::kLinetypeTable, "OLD=NEW of a line type", {}},
+                                     {"--style", OdDb::kTextStyleTable, "OLD=NEW of a text style", {}},
+                                     {"--dimstyle", OdDb::kDimStyleTable, "OLD=NEW of a dimension style", {}}}};
+  std::vector<Wish> wishes_;
+  bool json_ = false;
+};
+
+} // namespace
+
+std::unique_ptr<Verb> renameVerb() {
+  return std::make_unique<Rename>();
+}
+
+} // namespace console::verbs

@@ -1,0 +1,28 @@
+// Sheets and the blocks that hold their contents name each other; this finds and mends where they do not.
+#pragma once
+
+#include "DbDatabase.h"
+
+#include <functional>
+
+namespace drawing::db {
+
+struct LayoutFault {
+  enum Kind {
+    LayoutWithoutBlock, // the layout names no block, or one that another layout has
+    SpaceWithoutLayout, // model space or a sheet that no layout names
+    BlockOfNoLayout     // an ordinary block that names a layout which names another block, or nothing
+  } kind;
+  OdDbObject& object;
+  const char* done;    // what mending does, or did
+  bool isMade = false; // that is to make a layout
+};
+using TellLayoutFault = std::function<void(const LayoutFault&)>;
+
+// Calls `tell` for each fault in the order of ids; mends it before when that is asked for.
+void checkLayouts(OdDbDatabase& database, bool mend, const TellLayoutFault& tell);
+
+// Makes a layout for the block under the next free name like `name`.
+void giveLayout(OdDbDatabase& database, OdDbObjectId block, const OdString& name, int order);
+
+} // namespace drawing::db

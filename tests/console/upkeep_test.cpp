@@ -1,0 +1,159 @@
+// Jobs that keep a drawing in order: purging and renaming, as sub-verbs and as commands.
+#include "tests/console/console_run.h"
+
+#include "DbBlockTable.h"
+#include "DbDump.h"
+#include "DbDxf.h"
+
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace {
+
+using namespace console_tests;
+
+// The room with a block "table" in a block "corner" that nothing shows, and one "lamp" that is shown.
+std::string house(const Scratch& scratch) {
+  const std::string script = "BLOCK table 0,0 Type circle\n\nKeep\nBLOCK lamp 0,0 Handle 28\n\nConvert\n"
+                             "BLOCK corner 0,0 Layer furniture\n\nDelete\nSAVEAS " +
+                             scratch.path("house.dxf") + " 2018\n";
+  const Outcome run = runMorvane({kRoom}, script);
+  EXPECT_EQ(run.status, 0) << run.shown;
+  return scratch.path("house.dxf");
+}
+
+std::vector<std::string> words(const std::string& line) {
+  std::vector<std::string> all;
+  std::istringstream stream(line);
+  for (std::string word; stream >> word;)
+    all.push_back(replaced(replaced(word, "_", " "), "~", "_"));
+  return all;
+}
+
+TEST(Upkeep, EndsWithTheStatusAndSaysWhy) {
+  struct Case {
+    const char* line; // $D the house, $OUT a new file; an underscore is a blank, a tilde an underscore
+    int status;
+    const char* part;
+    bool writes;
+  };
+  const Case cases[] = {
+      {"purge $D", 2, "--dry-run", false},
+      {"purge $D --dry-run", 0, "Can be purged: block \"corner\"", false},
+      {"purge $D --dry-run -o $OUT", 0, "Can be purged: block \"table\"", false},
+      {"purge $D --dry-run --why", 0, "block \"lamp\": used in \"*Model_Space\" (1 time)", false},
+      {"purge $D --dry-run --kind layer", 0, "There is nothing to purge", false},
+      {"purge $D --kind chair -o $OUT", 2, "--kind", false},
+      {"purge $D --kind block -o $OUT", 0, "2 things purged", true},
+      {"purge $D -o $OUT --json", 0, "\"kind\": \"layer\"", true},
+      {"purge $D -o $D", 1, "--force", false},
+      {"audit $D", 0, "The drawing is whole", false},
+      {"audit $D --json", 0, "\"outcome\": \"whole\"", false},
+      {"audit $D --fix", 2, "--fix and -o", false},
+      {"audit $D -o $OUT", 2, "--fix and -o", false},
+      {"audit nosuch.dxf", 3, "nosuch.dxf", false},
+      {"audit $D --fix -o $D", 1, "--force", false},
+      {"audit $D --fix -o $OUT", 0, "Saved", true},
+      {"rename $D -o $OUT", 2, "OLD=NEW", false},
+      {"rename $D -o $OUT --block lamp", 2, "--block takes OLD=NEW", false},
+      {"rename $D -o $OUT --block lamp=light --layer DOOR=Door", 0, "The block \"lamp\" is \"light\" now.", true},
+      {"rename $D -o $OUT --block lamp=light --block light=corner", 1, "is a block \"corner\" already", false},
+      {"rename $D -o $OUT --block chair=light", 1, "no block \"chair\"", false},
+      {"rename $D -o $OUT --block lamp=a|b", 1, "\"|\" is not allowed", false},
+      {"rename $D -o $OUT --block lamp=*U3", 1, "anonymous", false},
+      {"rename $D -o $OUT --block *MODEL~SPACE=x", 1, "keeps its name", false},
+      {"rename $D -o $OUT --layer 0=zero", 1, "keeps its name", false},
+      {"rename $D -o $OUT --layer door=a*b", 1, "cannot be the name of a layer", false},
+      {"rename $D -o $OUT --style Standard=plain", 1, "keeps its name", false},
+      {"rename $D -o $OUT --linetype Continuous=x", 1, "keeps its name", false},
+      {"rename $D -o $OUT --json --layer walls=outer_walls", 0, "\"to\": \"outer walls\"", true},
+  };
+  for (const Case& row : cases) {
+    const Scratch scratch;
+    std::vector<std::string> line = words(row.line);
+    const std::string in = house(scratch);
+    const std::string before = readFile(in);
+    for (std::string& word : line)
+      word = word == "$D" ? in : word == "$OUT" ? scratch.path("out.dxf") : word;
+    const Outcome run = runMorvane(line);
+    EXPECT_EQ(run.status, row.status) << row.line << "\n" << run.shown;
+    EXPECT_NE(run.shown.find(row.part), std::string::npos) << row.line << "\n" << run.shown;
+    EXPECT_EQ(std::filesystem::exists(scratch.path("out.dxf")), row.writes) << row.line;
+    EXPECT_EQ(readFile(in), before) << row.line;
+  }
+}
+
+TEST(Upkeep, WhatIsWrittenIsWhatWasSaid) {
+  const Scratch scratch;
+  const std::string out = scratch.path("out.dxf");
+  ASSERT_EQ(runMorvane({"purge", house(scratch), "-o", out}).status, 0);
+  ASSERT_EQ(runMorvane({"rename", out, "--force", "-o", out, "--block", "lamp=light", "--layer", "walls=Wände"}).status,
+            0);
+  const drawing::ReadResult read = drawing::readDrawing(out);
+  OdDbDatabase& database = *read.database;
+  EXPECT_EQ(read.report.outcome(), drawing::Outcome::Whole);
+  EXPECT_TRUE(database.symbol(OdDb::kBlockTable, L"corner").isNull());
+  EXPECT_TRUE(database.symbol(OdDb::kLayerTable, L"walls").isNull());
+  EXPECT_FALSE(database.symbol(OdDb::kLayerTable, L"WÄNDE").isNull());
+  const OdDbBlockTableRecordPtr light = database.symbol(OdDb::kBlockTable, L"light").safeOpenObject();
+  ASSERT_FALSE(light.isNull());
+  EXPECT_EQ(light->getBlockReferenceIds().length(), 1);
+}
+
+// A layout whose block is gone and a handle that is used twice: found while reading, and whole in the file that is
+// written.
+TEST(Upkeep, AuditMendsWhatItReadsAndNeverTheFileItself) {
+  const Scratch scratch;
+  std::string bytes = readFile(house(scratch));
+  const auto layout = bytes.find("AcDbLayout", bytes.find("\nLAYOUT\n"));
+  bytes.replace(bytes.find("\n330\n", layout), 5, "\n330\nF");
+  const std::string start = "\nLINE\n  5\n";
+  const auto first = bytes.find(start) + start.size();
+  const auto second = bytes.find(start, first) + start.size();
+  bytes.replace(second, bytes.find('\n', second) - second, bytes.substr(first, bytes.find('\n', first) - first));
+  const std::string in = scratch.write("hurt.dxf", bytes);
+  const std::string out = scratch.path("out.dxf");
+  const Outcome looked = runMorvane({"audit", in, "--json"});
+  EXPECT_EQ(looked.status, 4);
+  for (const char* part : {"\"outcome\": \"repaired\"", "\"code\": \"dxf.duplicate-handle\"",
+                           "\"section\": \"BLOCKS\"", "\"code\": \"dxf.layout-without-block\"", "\"dropped\": 0"})
+    EXPECT_NE(looked.results.find(part), std::string::npos) << part << looked.results;
+  const Outcome table = runMorvane({"audit", in});
+  EXPECT_NE(table.results.find("repaired  line "), std::string::npos) << table.results;
+  EXPECT_EQ(runMorvane({"audit", in, "--fix", "-o", in}).status, 1);
+  EXPECT_EQ(readFile(in), bytes);
+  EXPECT_EQ(runMorvane({"audit", in, "--fix", "-o", out}).status, 4);
+  const Outcome again = runMorvane({"audit", out});
+  EXPECT_EQ(again.status, 0) << again.shown;
+}
+
+TEST(Upkeep, CommandsAreOneStepEach) {
+  for (const char* command :
+       {"PURGE\n\n", "PURGE Blocks\n", "RENAME Block\nlamp\nlight\n", "REN LAyer walls outside\n"}) {
+    const Scratch scratch;
+    TestSession session;
+    ASSERT_EQ(session.run("OPEN " + house(scratch) + "\n"), console::Status::Done);
+    const std::string before = session.dump();
+    EXPECT_EQ(session.run(command), console::Status::Done) << session.takeShown();
+    EXPECT_NE(session.dump(), before) << command;
+    EXPECT_EQ(session.run("UNDO\n"), console::Status::Done);
+    EXPECT_EQ(session.dump(), before) << command;
+  }
+}
+
+TEST(Upkeep, CommandsThatAreRefusedChangeNothing) {
+  const Scratch scratch;
+  TestSession session;
+  session.run("OPEN " + house(scratch) + "\n");
+  const std::string before = session.dump();
+  EXPECT_EQ(session.run("RENAME Block lamp corner\n"), console::Status::Refused);
+  EXPECT_EQ(session.run("RENAME LAyer 0 zero\n"), console::Status::Refused);
+  EXPECT_EQ(session.run("RENAME Block lamp"), console::Status::Cancelled);
+  EXPECT_EQ(session.run("PURGE ?"), console::Status::Cancelled);
+  const std::string shown = session.takeShown();
+  EXPECT_NE(shown.find("Can be purged: block \"table\""), std::string::npos) << shown;
+  EXPECT_NE(shown.find("Not purged: block \"lamp\""), std::string::npos) << shown;
+  EXPECT_EQ(session.dump(), before);
+}
+
+} // namespace
