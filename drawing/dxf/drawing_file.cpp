@@ -6,6 +6,7 @@
 #include "dxf/form_writer.h"
 #include "dxf/reader.h"
 #include "dxf/text_codec.h"
+#include "dxf/version_copy.h"
 #include "dxf/writer.h"
 
 namespace drawing {
@@ -115,8 +116,11 @@ ReadResult readDrawingFromMemory(std::string_view content, const std::string& na
     return readGroups(content, name, options, false);
   case FileForm::BinaryDxf:
     return readGroups(content, name, options, true);
-  case FileForm::Dwg:
-    return refuse(eUnsupportedFileFormat, name + ": DWG (" + signature + ") cannot be read; convert it to DXF first");
+  case FileForm::Dwg: {
+    const std::string year = versionYear(versionFromSignature(signature));
+    return refuse(eUnsupportedFileFormat, name + ": DWG " + (year.empty() ? "" : year + " ") + "(" + signature +
+                                              ") cannot be read; convert it to DXF first");
+  }
   default:
     return refuse(eNotADrawing, name + ", line 1: not a drawing (a group code was expected)");
   }
@@ -162,9 +166,11 @@ void writeEarly(const OdDbDatabase& database, GroupSink& sink) {
   dxf::EarlyWriter(database, sink, count.firstFree()).run();
 }
 
-void writeTo(const OdDbDatabase& database, const WriteOptions& options, const dxf::FormWriter::Output& output,
+void writeTo(const OdDbDatabase& given, const WriteOptions& options, const dxf::FormWriter::Output& output,
              Report& losses) {
-  const OdDb::DwgVersion version = targetVersion(database, options);
+  const OdDb::DwgVersion version = targetVersion(given, options);
+  const OdDbDatabasePtr copy = options.asItIs ? nullptr : dxf::copyForVersion(given, version);
+  const OdDbDatabase& database = copy.isNull() ? given : *copy;
   dxf::TextCodec codec = version >= OdDb::kRelease2007 ? dxf::TextCodec({}, dxf::TextCodec::Mode::Utf8)
                                                        : dxf::TextCodec(database.facts().codePage);
   dxf::FormWriter::Target target{output, codec, version, version >= database.facts().version, losses};

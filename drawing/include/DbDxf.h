@@ -40,6 +40,7 @@ struct WriteOptions {
   enum Form : std::uint8_t { AsRead, Text, Binary };
   Form form = AsRead;                               // a drawing that was not read is written as text
   OdDb::DwgVersion version = OdDb::kVersionUnknown; // unknown: the version the drawing came in
+  bool asItIs = false;                              // multi-line attributes stand where the drawing has them
   bool refuseExisting = false;                      // do not overwrite; answers eFileAccessErr when the file is there
 };
 

@@ -93,6 +93,71 @@ TEST(RoundTrip, OthersComeBackEqualOrAreRefusedWithAReason) {
   }
 }
 
+// What the reading of a file of another version may still tell.
+bool isNothingWrong(const drawing::Issue& issue) {
+  return issue.severity == drawing::Severity::Note || issue.code == "dxf.value-unreadable";
+}
+
+// A chosen tenth: the drawings that hold most, and every tenth of the others.
+std::vector<const File*> tenthOf(const std::vector<File>& all) {
+  std::vector<const File*> chosen;
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    const bool isRich = all[i].path.rfind("sample-versions/", 0) == 0 || all[i].path.rfind("dwg-pairs/", 0) == 0;
+    if (all[i].isSound && (isRich || i % 10 == 0))
+      chosen.push_back(&all[i]);
+  }
+  return chosen;
+}
+
+// In every version and form a tenth can be read again without a fault, and once it is there, it stays as it is.
+TEST(RoundTrip, OtherVersionsAreSoundAndStable) {
+  const std::vector<File> all = files();
+  const std::vector<const File*> chosen = tenthOf(all);
+  EXPECT_GE(chosen.size(), all.size() / 10);
+  for (const File* file : chosen) {
+    SCOPED_TRACE(file->path);
+    const drawing::ReadResult read = drawing::readDrawingFromMemory(file->text, file->path);
+    ASSERT_FALSE(read.database.isNull()) << read.message;
+    for (const char* year : {"12", "2000", "2004", "2007", "2010", "2013", "2018"}) {
+      SCOPED_TRACE(year);
+      drawing::WriteOptions options;
+      options.version = drawing::versionFromYear(year);
+      drawing::WriteResult written;
+      const std::string bytes = drawing::writeDrawingToMemory(*read.database, options, &written);
+      const drawing::ReadResult again = drawing::readDrawingFromMemory(bytes);
+      ASSERT_FALSE(again.database.isNull()) << again.message;
+      EXPECT_EQ(again.database->facts().version, options.version);
+      if (read.report.outcome() == drawing::Outcome::Whole) {
+        for (const drawing::Issue& issue : again.report.issues())
+          EXPECT_TRUE(isNothingWrong(issue)) << drawing::describe(issue);
+      }
+      expectComesBack(*again.database);
+      if (options.version >= read.database->facts().version) {
+        EXPECT_EQ(written.report.outcome(), drawing::Outcome::Whole) << drawing::describe(written.report.issues()[0]);
+      }
+    }
+  }
+}
+
+TEST(RoundTrip, DwgFilesAreRefusedWithTheirVersion) {
+  std::size_t count = 0;
+  for (const File& file : files()) {
+    if (file.path.substr(file.path.size() - 4) != ".dwg")
+      continue;
+    SCOPED_TRACE(file.path);
+    std::string signature;
+    EXPECT_EQ(drawing::formOf(file.text, &signature), drawing::FileForm::Dwg);
+    const drawing::ReadResult read = drawing::readDrawingFromMemory(file.text, file.path);
+    EXPECT_TRUE(read.database.isNull());
+    EXPECT_EQ(read.result, eUnsupportedFileFormat);
+    const std::string year = drawing::versionYear(drawing::versionFromSignature(signature));
+    EXPECT_EQ(read.message, file.path + ": DWG " + (year.empty() ? "" : year + " ") + "(" + signature +
+                                ") cannot be read; convert it to DXF first");
+    ++count;
+  }
+  EXPECT_EQ(count, 13u);
+}
+
 // Groups that need not come back, each with the reason. Kind "*" is any record, value "*" any value.
 struct Allowed {
   const char* kind;

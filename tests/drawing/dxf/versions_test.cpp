@@ -1,4 +1,5 @@
 // A file of an earlier version holds what that version can hold, and everything else is told.
+#include "DbAttribute.h"
 #include "DbCurves.h"
 #include "DbDxf.h"
 #include "DbMText.h"
@@ -122,6 +123,50 @@ TEST(Versions, UnitsOfBlocksStandInExtendedDataBefore2007) {
   const auto read = forRead<OdDbBlockTableRecord>(again.database->symbol(OdDb::kBlockTable, L"door"));
   EXPECT_EQ(read->blockInsertUnits(), OdDb::kUnitsFeet);
   EXPECT_EQ(read->xDataGroups() == nullptr || read->xDataGroups()->empty(), true);
+}
+
+// Both forms give the same text, whichever way the drawing goes.
+TEST(Versions, MultiLineAttributesStandWhereTheVersionHasThem) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  const OdDbObjectId block = addBlock(*database, L"sign");
+  const OdDbObjectId reference = addReference(*database, block);
+  const OdDbObjectId id = addAttribute(reference, L"NOTE", L"x");
+  OdDbMText lines;
+  lines.setContents(L"first\\Psecond");
+  lines.setTextHeight(2.5);
+  forWrite<OdDbAttribute>(id)->setMTextAttribute(&lines);
+  const std::string before = drawing::canonicalDump(*database);
+
+  const Written early = writeAs(*database, OdDb::kRelease2007);
+  EXPECT_EQ(early.bytes.find("101\nEmbedded Object"), std::string::npos);
+  EXPECT_NE(early.bytes.find("ACAD_MLATT"), std::string::npos);
+  EXPECT_EQ(drawing::canonicalDump(*database), before); // the drawing itself stays
+  const ReadResult read = drawing::readDrawingFromMemory(early.bytes);
+  expectRoundTrip(*read.database);
+
+  const Written late = writeAs(*read.database, OdDb::kRelease2018);
+  EXPECT_NE(late.bytes.find("101\nEmbedded Object"), std::string::npos);
+  EXPECT_EQ(late.bytes.find("ACAD_MLATT"), std::string::npos);
+  for (const std::string& bytes : {early.bytes, late.bytes}) {
+    const ReadResult again = drawing::readDrawingFromMemory(bytes);
+    const auto attribute = forRead<OdDbAttribute>(again.database->getOdDbObjectId(id.getHandle()));
+    ASSERT_TRUE(attribute->isMTextAttribute());
+    EXPECT_EQ(attribute->getMTextAttribute()->contents(), OdString(L"first\\Psecond"));
+    EXPECT_EQ(attribute->getMTextAttribute()->textHeight(), 2.5);
+  }
+}
+
+TEST(Versions, ColumnsAreToldAndTheTextStays) {
+  const char* text = "0|MTEXT\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbMText\n10|0\n20|0\n40|1\n1|long\n"
+                     "101|Embedded Object\n70|1\n10|1\n20|0\n30|0\n71|%\n72|2\n44|5\n1001|ACAD\n1070|7\n";
+  for (const char columns : {'0', '2'}) {
+    std::string record = text;
+    record[record.find('%')] = columns;
+    const Written written = writeAs(*readOf(section("ENTITIES", record), "AC1032"), OdDb::kRelease2013);
+    EXPECT_EQ(written.bytes.find("Embedded Object"), std::string::npos);
+    EXPECT_NE(written.bytes.find("1070\n7\n"), std::string::npos);
+    EXPECT_EQ(tells(written.losses, "the columns of a text", 0xA1), columns == '2');
+  }
 }
 
 // The same loss of many is one line that says how many; what is left out is told one by one.
