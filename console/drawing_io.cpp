@@ -30,6 +30,19 @@ void tellIssues(Session& session, const std::string& path, const drawing::Report
     session.say(Text::kMoreIssues, {asText(path), count(told - kMostLines)});
 }
 
+// What could not be loaded of the external references. Nothing of the drawing is lost by it.
+void tellXrefs(Session& session, const std::string& path) {
+  constexpr std::size_t kMostLines = 20;
+  const drawing::Report& report = session.drawing().document->xrefReport();
+  session.addIssues(report);
+  const auto& issues = report.issues();
+  for (std::size_t i = 0; i < issues.size() && i < kMostLines; ++i)
+    session.say(Text::kXrefNote, {asText(path), asText(issues[i].found)});
+  const std::size_t all = issues.size() + report.suppressed();
+  if (all > kMostLines)
+    session.say(Text::kMoreIssues, {asText(path), count(all - kMostLines)});
+}
+
 std::size_t losses(const drawing::Report& report) {
   const auto& issues = report.issues();
   return static_cast<std::size_t>(std::count_if(issues.begin(), issues.end(), isLoss)) + report.suppressed();
@@ -67,6 +80,7 @@ drawing::Report openDrawing(Session& session, const std::string& path, bool tell
   session.adopt(read.database, path, repaired);
   session.say(Text::kOpened, {asText(path), count(objectsInModelSpace(*read.database)),
                               asText(drawing::versionYear(read.database->facts().version))});
+  tellXrefs(session, path);
   if (!repaired)
     return read.report;
   session.say(Text::kRepaired, {asText(path), count(losses(read.report))});
@@ -84,6 +98,7 @@ void saveDrawing(Session& session, const SaveRequest& request) {
     refuse(Text::kRepairedOwnFile, {asText(request.path)});
   drawing::WriteOptions options;
   options.version = request.version;
+  options.form = request.form;
   options.refuseExisting = !request.mayReplace;
   const drawing::WriteResult written = drawing::writeDrawing(session.database(), request.path, options);
   if (written.result != eOk)
@@ -108,7 +123,7 @@ bool isOwnFileRepaired(Session& session, const std::string& path) {
 
 std::string versionToWrite(const OdDbDatabase& database, OdDb::DwgVersion wanted) {
   const OdDb::DwgVersion version = wanted == OdDb::kVersionUnknown ? database.facts().version : wanted;
-  return drawing::versionYear(std::max(version, OdDb::kRelease2000));
+  return drawing::versionYear(drawing::writtenVersion(version));
 }
 
 void checkDrawingName(const std::string& path) {

@@ -3,6 +3,8 @@
 
 #include "console/session.h"
 
+#include "DbDxf.h"
+
 #include <string>
 
 namespace console {
@@ -15,6 +17,7 @@ drawing::Report openDrawing(Session& session, const std::string& path, bool tell
 struct SaveRequest {
   std::string path;
   OdDb::DwgVersion version = OdDb::kVersionUnknown; // unknown: the version that the drawing came in
+  drawing::WriteOptions::Form form = drawing::WriteOptions::AsRead;
   bool mayReplace = false;                          // an existing file
 };
 

@@ -11,7 +11,10 @@ void save(CommandContext& context) {
     return saveas(context);
   if (isOwnFileRepaired(session, path) && !askYes(session, Text::kRepairedOwnQuestion, {OdString::fromUtf8(path)}))
     cancel();
-  saveDrawing(session, {path, OdDb::kVersionUnknown, true});
+  SaveRequest request;
+  request.path = path;
+  request.mayReplace = true;
+  saveDrawing(session, request);
 }
 
 } // namespace console::commands

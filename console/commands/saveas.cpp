@@ -18,7 +18,7 @@ OdDb::DwgVersion askVersion(CommandContext& context) {
   const std::string usual = versionToWrite(context.database, OdDb::kVersionUnknown);
   const auto typed = askText(context.session, Text::kPromptVersion, {OdString::fromUtf8(usual)});
   const OdDb::DwgVersion version = drawing::versionFromYear(typed ? typed->toUtf8() : usual);
-  if (version == OdDb::kVersionUnknown)
+  if (version == OdDb::kVersionUnknown || drawing::writtenVersion(version) != version)
     refuse(Text::kNoSuchVersion, {typed.value_or(OdString())});
   return version;
 }

@@ -12,12 +12,19 @@ public:
     verb_ = program.add_subcommand("convert", "Write a drawing in another version");
     verb_->add_option("FILE", files_.in, "Drawing to read")->required();
     verb_->add_option("-o,--output", files_.out, "Drawing to write")->required();
-    verb_->add_option("--as", version_, "Version: 2000, 2004, 2007, 2010, 2013 or 2018 (that of FILE)");
+    verb_->add_option("--as", version_, "Version: 12, 2000, 2004, 2007, 2010, 2013 or 2018 (that of FILE)");
+    CLI::Option* binary = verb_->add_flag("--binary", binary_, "Write binary DXF");
+    verb_->add_flag("--text", text_, "Write text DXF (without either: the form of FILE)")->excludes(binary);
     verb_->add_flag("--force", files_.force, "Replace a file that exists, or one that was repaired");
     verb_->add_flag("--json", json_, "Report as one JSON object");
   }
   bool isChosen() const override { return verb_->parsed(); }
-  void check() override { files_.version = versionOption(version_); }
+  void check() override {
+    files_.version = versionOption(version_);
+    files_.form = binary_ ? drawing::WriteOptions::Binary
+                  : text_ ? drawing::WriteOptions::Text
+                          : drawing::WriteOptions::AsRead;
+  }
   Status run(const SessionOptions& settings) override {
     return runJob(settings, {"convert", files_, json_, nullptr, nullptr});
   }
@@ -26,6 +33,8 @@ private:
   CLI::App* verb_ = nullptr;
   JobFiles files_;
   std::string version_;
+  bool binary_ = false;
+  bool text_ = false;
   bool json_ = false;
 };
 

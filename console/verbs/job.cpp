@@ -1,5 +1,7 @@
 #include "console/verbs/job.h"
 
+#include "console/report/report_json.h"
+
 #include "DbDxf.h"
 
 #include <cstdio>
@@ -20,30 +22,6 @@ Json messagesOf(const Session& session) {
   return messages;
 }
 
-Json issuesOf(const Session& session) {
-  Json issues = Json::array();
-  for (const drawing::Issue& issue : session.issues()) {
-    Json entry = {{"code", issue.code}, {"severity", severityName(issue.severity)}, {"line", issue.line}};
-    if (!issue.section.empty())
-      entry["section"] = issue.section;
-    if (!issue.kind.empty())
-      entry["kind"] = issue.kind;
-    if (issue.handle != 0)
-      entry["handle"] = OdDbHandle(issue.handle).ascii();
-    if (issue.groupCode >= 0)
-      entry["group"] = issue.groupCode;
-    entry["found"] = issue.found;
-    entry["done"] = issue.done;
-    issues.push_back(std::move(entry));
-  }
-  return issues;
-}
-
-// Bytes of a damaged drawing may be no UTF-8; they are shown as U+FFFD.
-OdString jsonText(const Json& report) {
-  return OdString::fromUtf8(report.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
-}
-
 // The name is refused before anything is read.
 void checkOutput(const JobFiles& files) {
   checkDrawingName(files.out);
@@ -52,11 +30,6 @@ void checkOutput(const JobFiles& files) {
 }
 
 } // namespace
-
-const char* severityName(drawing::Severity severity) {
-  constexpr const char* kNames[] = {"note", "repaired", "lost", "fatal"};
-  return kNames[static_cast<std::size_t>(severity)];
-}
 
 Status runJob(SessionOptions settings, const Job& job) {
   settings.quiet = job.json;
@@ -75,7 +48,7 @@ Status runJob(SessionOptions settings, const Job& job) {
     if (job.readReport)
       job.readReport(report);
   };
-  const auto save = [&] { saveDrawing(session, {job.files.out, job.files.version, job.files.force}); };
+  const auto save = [&] { saveDrawing(session, {job.files.out, job.files.version, job.files.form, job.files.force}); };
   const bool done =
       (!writes || look([&] { checkOutput(job.files); })) && look(open) && change() && (!writes || look(save));
   if (done && job.tell)
@@ -85,13 +58,13 @@ Status runJob(SessionOptions settings, const Job& job) {
     facts["version"] = versionToWrite(session.database(), job.files.version);
   }
   if (job.json) {
-    const Json report = {{"version", 1},
+    const Json result = {{"version", 1},
                          {"command", job.name},
                          {"status", static_cast<int>(session.status())},
                          {"results", done ? facts : Json::object()},
                          {"messages", messagesOf(session)},
-                         {"issues", issuesOf(session)}};
-    session.printReport(jsonText(report));
+                         {"issues", report::issuesJson(session.issues())}};
+    session.printReport(report::jsonText(result));
   }
   return session.status();
 }

@@ -16,6 +16,7 @@ struct JobFiles {
   std::string out; // empty: nothing is written
   OdDb::DwgVersion version = OdDb::kVersionUnknown;
   bool force = false;
+  drawing::WriteOptions::Form form = drawing::WriteOptions::AsRead;
 };
 
 struct Job {
@@ -29,7 +30,6 @@ struct Job {
   std::function<void(const drawing::Report&)> readReport = nullptr;
 };
 
-const char* severityName(drawing::Severity severity); // "note", "repaired" ...
 
 // Reads, works, writes, and prints one JSON object when that was asked for.
 Status runJob(SessionOptions settings, const Job& job);

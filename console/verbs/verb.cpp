@@ -10,6 +10,7 @@ std::vector<std::unique_ptr<Verb>> allVerbs() {
   std::vector<std::unique_ptr<Verb>> verbs;
   verbs.push_back(makeVerb());
   verbs.push_back(convertVerb());
+  verbs.push_back(reportVerb());
   verbs.push_back(auditVerb());
   verbs.push_back(purgeVerb());
   verbs.push_back(renameVerb());
@@ -22,7 +23,7 @@ void refuseUsage(Text text, const char* option, const std::string& value) {
 
 OdDb::DwgVersion versionOption(const std::string& value) {
   const OdDb::DwgVersion version = drawing::versionFromYear(value);
-  if (!value.empty() && version < OdDb::kRelease2000)
+  if (!value.empty() && (version == OdDb::kVersionUnknown || drawing::writtenVersion(version) != version))
     refuseUsage(Text::kBadVersion, "--as", value);
   return version;
 }

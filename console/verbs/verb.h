@@ -24,6 +24,7 @@ public:
 
 std::unique_ptr<Verb> makeVerb();    // morvane make
 std::unique_ptr<Verb> convertVerb(); // morvane convert
+std::unique_ptr<Verb> reportVerb();  // morvane report
 std::unique_ptr<Verb> auditVerb();   // morvane audit
 std::unique_ptr<Verb> purgeVerb();   // morvane purge
 std::unique_ptr<Verb> renameVerb();  // morvane rename

@@ -51,7 +51,7 @@ const drawing::Section& OdDbBlockTableRecord::headSection() {
       "AcDbBlockBegin",
       {field<&OdDbBlockTableRecord::headFlags_>(70), field<&OdDbBlockTableRecord::origin_>(10),
        field<&OdDbBlockTableRecord::nameInHead_>(3), field<&OdDbBlockTableRecord::path_>(1),
-       field<&OdDbBlockTableRecord::comments_>(4).unlessEmpty()},
+       field<&OdDbBlockTableRecord::comments_>(4).unlessEmpty(), field<&OdDbBlockTableRecord::unloaded_>(71).unless(0)},
       // The name in the head led to this record.
       [](OdDbObject&, const drawing::Pair& pair, drawing::LoadContext&) { return pair.code == 2; }};
   return section;

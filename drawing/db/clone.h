@@ -42,6 +42,7 @@ private:
   void plan(Item item);
   void planTree(std::size_t item);
   void planReferences(OdDbObject& object);
+  void planDefinitionOfShape(const OdDbObject& object);
   void planNeeded(OdDbObjectId id);
   void planRecord(OdDbSymbolTableRecord& record);
   void planEntry(OdDbObject& object);

@@ -4,7 +4,9 @@
 #include "DbBlockReference.h"
 #include "DbDatabase.h"
 #include "DbDimension.h"
+#include "DbDynBlockReference.h"
 #include "DbLayout.h"
+#include "DbTable.h"
 #include "db/block_graph.h"
 #include "db/load_context.h"
 #include "db/store.h"
@@ -43,10 +45,14 @@ public:
   std::vector<OdDbObjectId> ids;
 };
 
-// The picture of a dimension belongs to it alone, although it is a block of the drawing.
-bool isPicture(const OdDbObject& object) {
-  const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(&object);
-  return block != nullptr && block->isAnonymous() && block->getName().left(2).iCompare(L"*D") == 0;
+// The picture of a dimension or a table belongs to it alone, although it is a block of the drawing.
+bool isPicture(const OdDbObject& picture, const OdDbObject& of) {
+  const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(&picture);
+  if (block == nullptr || !block->isAnonymous())
+    return false;
+  const OdString kind = block->getName().left(2);
+  return (of.isKindOf(OdDbDimension::desc()) && kind.iCompare(L"*D") == 0) ||
+         (of.isKindOf(OdDbTable::desc()) && kind.iCompare(L"*T") == 0);
 }
 
 // The contents of a tab. A space answers to nothing of another drawing, although every drawing has some of these names.
@@ -83,10 +89,20 @@ void Cloner::planReferences(OdDbObject& object) {
       continue;
     if (isSpace(*needed) && !object.isKindOf(OdDbBlockReference::desc()))
       continue; // only what draws a space needs its contents
-    const bool picture = isPicture(*needed) && object.isKindOf(OdDbDimension::desc());
-    if (crosses() || picture)
+    if (crosses() || isPicture(*needed, object))
       planNeeded(id);
   }
+  if (crosses())
+    planDefinitionOfShape(object);
+}
+
+// A shape of a dynamic block names its definition in its extended data only, and means nothing without it.
+void Cloner::planDefinitionOfShape(const OdDbObject& object) {
+  if (!object.isKindOf(OdDbBlockTableRecord::desc()))
+    return;
+  const OdDbObjectId definition = OdDbDynBlockTableRecord(object.objectId()).dynamicBlockTableRecord();
+  if (!definition.isNull() && !isPlanned(definition) && definition.database() == &source_)
+    planNeeded(definition);
 }
 
 void Cloner::planNeeded(OdDbObjectId id) {

@@ -4,6 +4,7 @@
 #include "DbDictionary.h"
 #include "db/store.h"
 #include "db/undo.h"
+#include "db/xref_table.h"
 
 #include <unordered_map>
 
@@ -12,7 +13,8 @@ using drawing::db::peekAs;
 ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbDatabase, OdRxObject);
 
 OdDbDatabase::OdDbDatabase()
-    : store_(std::make_unique<drawing::db::Store>(this)), undo_(std::make_unique<drawing::db::Undo>()) {
+    : store_(std::make_unique<drawing::db::Store>(this)), undo_(std::make_unique<drawing::db::Undo>()),
+      xrefs_(std::make_unique<drawing::db::XrefTable>()) {
   header_ = store_->addNameless(new OdDbHeader);
 }
 

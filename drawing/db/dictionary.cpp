@@ -7,6 +7,7 @@
 
 #include "db/setters.h"
 #include <algorithm>
+#include <unordered_map>
 
 using drawing::field;
 
@@ -39,6 +40,7 @@ bool OdDbDictionary::readGroup(OdDbObject& object, const drawing::Pair& pair, dr
     return false;
   dictionary.hardOwner_ = dictionary.hardOwner_ || pair.code == 360;
   dictionary.entries_.push_back({dictionary.pendingName_, context.reference(pair)});
+  dictionary.index_.drop();
   dictionary.pendingName_.empty();
   return true;
 }
@@ -53,10 +55,55 @@ void OdDbDictionary::writeGroups(const OdDbObject& object, drawing::GroupSink& s
   }
 }
 
+namespace {
+
+struct FoldHash {
+  std::size_t operator()(const OdString& text) const { return odFoldHash(text); }
+};
+struct FoldEqual {
+  bool operator()(const OdString& a, const OdString& b) const { return a.iCompare(b) == 0; }
+};
+
+} // namespace
+
+// The first place of each name and id.
+struct OdDbDictionary::Index {
+  std::unordered_map<OdString, std::size_t, FoldHash, FoldEqual> byName;
+  std::unordered_map<OdDbObjectId, std::size_t> byId;
+  void add(const Entry& entry, std::size_t place) {
+    byName.emplace(entry.name, place);
+    byId.emplace(entry.id, place);
+  }
+};
+
+// Most dictionaries hold an entry or two; an index would cost more than it saves.
+const OdDbDictionary::Index* OdDbDictionary::index() const {
+  constexpr std::size_t kFew = 16;
+  if (entries_.size() <= kFew)
+    return nullptr;
+  if (index_.get() == nullptr) {
+    Index& made = index_.make();
+    for (std::size_t i = 0; i < entries_.size(); ++i)
+      made.add(entries_[i], i);
+  }
+  return index_.get();
+}
+
+std::size_t OdDbDictionary::placeOf(const OdString& name) const {
+  if (const Index* known = index(); known != nullptr) {
+    const auto found = known->byName.find(name);
+    return found == known->byName.end() ? entries_.size() : found->second;
+  }
+  const auto found = std::find_if(entries_.begin(), entries_.end(),
+                                  [&name](const Entry& entry) { return entry.name.iCompare(name) == 0; });
+  return static_cast<std::size_t>(found - entries_.begin());
+}
+
 OdDbObjectId OdDbDictionary::getAt(const OdString& name) const {
-  for (const Entry& entry : entries_) {
-    if (entry.name.iCompare(name) == 0 && !entry.id.isErased())
-      return entry.id;
+  // A file may hold a name twice; one whose object is erased stands for nothing.
+  for (std::size_t i = placeOf(name); i < entries_.size(); ++i) {
+    if (!entries_[i].id.isErased() && entries_[i].name.iCompare(name) == 0)
+      return entries_[i].id;
   }
   return {};
 }
@@ -74,40 +121,50 @@ OdDbObjectId OdDbDictionary::setAt(const OdString& name, OdDbObject* object) {
 
 void OdDbDictionary::setAt(const OdString& name, OdDbObjectId id) {
   assertWriteEnabled();
-  for (Entry& entry : entries_) {
-    if (entry.name.iCompare(name) == 0) {
-      entry.id = id;
-      return;
-    }
+  const std::size_t place = placeOf(name);
+  if (place < entries_.size()) {
+    entries_[place].id = id;
+    index_.drop();
+    return;
   }
   entries_.push_back({name, id});
+  if (index_.get() != nullptr)
+    index_.get()->add(entries_.back(), place);
 }
 
 OdDbObjectId OdDbDictionary::remove(const OdString& name) {
   assertWriteEnabled();
-  const auto found = std::find_if(entries_.begin(), entries_.end(),
-                                  [&name](const Entry& entry) { return entry.name.iCompare(name) == 0; });
-  if (found == entries_.end())
+  const std::size_t place = placeOf(name);
+  if (place == entries_.size())
     return {};
-  const OdDbObjectId id = found->id;
-  entries_.erase(found);
+  const OdDbObjectId id = entries_[place].id;
+  entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(place));
+  index_.drop();
   return id;
 }
 
 OdString OdDbDictionary::nameAt(OdDbObjectId id) const {
-  for (const Entry& entry : entries_) {
-    if (entry.id == id)
-      return entry.name;
+  if (const Index* known = index(); known != nullptr) {
+    const auto found = known->byId.find(id);
+    return found == known->byId.end() ? OdString() : entries_[found->second].name;
   }
-  return {};
+  const auto found =
+      std::find_if(entries_.begin(), entries_.end(), [id](const Entry& entry) { return entry.id == id; });
+  return found == entries_.end() ? OdString() : found->name;
 }
 
 MVDB_SETTER(OdDbDictionary, setTreatElementsAsHard, bool, hardOwner_)
 
 void OdDbDictionary::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbObject::visitReferences(visitor);
-  for (Entry& entry : entries_)
+  bool changed = false;
+  for (Entry& entry : entries_) {
+    const OdDbObjectId before = entry.id;
     visitor.visit(entry.id, hardOwner_ ? OdDb::kHardOwnershipRef : OdDb::kSoftOwnershipRef);
+    changed = changed || entry.id != before;
+  }
+  if (changed)
+    index_.drop();
 }
 
 void OdDbDictionary::ownedObjects(std::vector<OdDbObjectId>& ids) const {
@@ -123,6 +180,7 @@ void OdDbDictionary::afterClone(const OdDbObject&, OdDbIdMapping&) {
   // Entries whose objects did not come along are no entries of the copy.
   entries_.erase(std::remove_if(entries_.begin(), entries_.end(), [](const Entry& entry) { return entry.id.isNull(); }),
                  entries_.end());
+  index_.drop();
 }
 
 const drawing::Description& OdDbDictionaryWithDefault::ownDescription() {
@@ -161,6 +219,11 @@ void OdDbXrecord::setFromRbChain(const OdResBuf* chain) {
   assertWriteEnabled();
   groups_.clear();
   OdResBuf::toGroups(chain, groups_);
+}
+
+void OdDbXrecord::ownedObjects(std::vector<OdDbObjectId>& ids) const {
+  OdDbObject::ownedObjects(ids);
+  drawing::db::listOwned(groups_, objectId(), ids);
 }
 
 void OdDbXrecord::visitReferences(drawing::ReferenceVisitor& visitor) {

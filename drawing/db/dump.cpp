@@ -3,6 +3,7 @@
 #include "DbBlockTable.h"
 #include "DbDictionary.h"
 #include "DbSequence.h"
+#include "db/body_records.h"
 #include "db/load_context.h"
 #include "db/store.h"
 #include "db/symbol_kinds.h"
@@ -194,8 +195,11 @@ std::string canonicalDump(const OdDbDatabase& database, DumpForm form) {
   for (const auto& [key, object] : objects)
     dumpObject(*object, sink, out);
   for (const CarriedSection& section : database.carriedSections()) {
+    const GroupList groups = db::livingGroups(database, section);
+    if (groups.empty() && section.madeForRecords)
+      continue;
     out += "section " + section.name + "\n";
-    section.groups.writeTo(sink);
+    groups.writeTo(sink);
   }
   return out;
 }

@@ -26,6 +26,7 @@ bool OdDbSortentsTable::readGroup(OdDbObject& object, const drawing::Pair& pair,
     table.block_ = context.reference(pair);
   } else if (pair.code == 331) {
     table.entries_.push_back({context.reference(pair), 0});
+    table.places_.drop();
   } else if (pair.code == 5 && !table.entries_.empty()) {
     if (context.handle(pair, handle))
       table.entries_.back().sortHandle = handle;
@@ -46,35 +47,36 @@ void OdDbSortentsTable::writeGroups(const OdDbObject& object, drawing::GroupSink
 
 MVDB_SETTER(OdDbSortentsTable, setBlockId, OdDbObjectId, block_)
 
-OdDbHandle OdDbSortentsTable::sortHandle(OdDbObjectId entity) const {
-  for (const Entry& entry : entries_) {
-    if (entry.entity == entity)
-      return entry.sortHandle;
+const OdDbSortentsTable::Places& OdDbSortentsTable::places() const {
+  if (places_.get() == nullptr) {
+    Places& made = places_.make();
+    for (std::size_t i = 0; i < entries_.size(); ++i)
+      made.emplace(entries_[i].entity, i);
   }
-  return entity.getHandle();
+  return *places_.get();
+}
+
+OdDbHandle OdDbSortentsTable::sortHandle(OdDbObjectId entity) const {
+  const auto found = places().find(entity);
+  return found == places().end() ? entity.getHandle() : entries_[found->second].sortHandle;
 }
 
 void OdDbSortentsTable::setSortHandle(OdDbObjectId entity, OdDbHandle handle) {
   assertWriteEnabled();
-  for (Entry& entry : entries_) {
-    if (entry.entity == entity) {
-      entry.sortHandle = handle;
-      return;
-    }
+  const auto found = places().find(entity);
+  if (found != places().end()) {
+    entries_[found->second].sortHandle = handle;
+    return;
   }
+  places_.get()->emplace(entity, entries_.size());
   entries_.push_back({entity, handle});
 }
 
 void OdDbSortentsTable::sort(std::vector<OdDbObjectId>& ids) const {
-  std::unordered_map<OdDbObjectId, std::uint64_t> given;
-  for (const Entry& entry : entries_)
-    given.emplace(entry.entity, entry.sortHandle);
   std::vector<std::pair<std::uint64_t, OdDbObjectId>> keyed;
   keyed.reserve(ids.size());
-  for (OdDbObjectId id : ids) {
-    const auto found = given.find(id);
-    keyed.emplace_back(found == given.end() ? std::uint64_t{id.getHandle()} : found->second, id);
-  }
+  for (OdDbObjectId id : ids)
+    keyed.emplace_back(sortHandle(id), id);
   std::stable_sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
   std::transform(keyed.begin(), keyed.end(), ids.begin(), [](const auto& pair) { return pair.second; });
 }
@@ -87,6 +89,7 @@ void OdDbSortentsTable::setOrder(const std::vector<OdDbObjectId>& ids) {
     handles.push_back(id.getHandle());
   std::sort(handles.begin(), handles.end());
   entries_.clear();
+  places_.drop();
   for (std::size_t i = 0; i < ids.size(); ++i)
     entries_.push_back({ids[i], handles[i]});
 }
@@ -117,6 +120,7 @@ void OdDbSortentsTable::visitReferences(drawing::ReferenceVisitor& visitor) {
   visitor.visit(block_, OdDb::kSoftPointerRef);
   for (Entry& entry : entries_)
     visitor.visit(entry.entity, OdDb::kSoftPointerRef);
+  places_.drop();
 }
 
 // The copy orders the clones as the originals were ordered, by the clones' own handles.

@@ -198,6 +198,15 @@ void Store::replace(OdDbObjectId id, OdDbObject* object) {
     delete old;
 }
 
+void Store::supersede(OdDbObjectId id, OdDbObject* object) {
+  OdDbObject* old = stub(id.number()).object;
+  object->undoMark_ = old->undoMark_;
+  settle(object, id.number());
+  old->id_.setNull();
+  if (old->numRefs() == 0)
+    superseded_.emplace_back(old);
+}
+
 void Store::raiseNextHandle(std::uint64_t handle) {
   if (handle >= nextHandle_ && handle != UINT64_MAX)
     nextHandle_ = handle + 1;

@@ -58,6 +58,9 @@ public:
   OdDbObjectId giveHandle(OdDbObjectId id, OdDbHandle handle);
   // Puts another object behind an id (an object that is read late, or cannot stand as it was).
   void replace(OdDbObjectId id, OdDbObject* object);
+  // The same while somebody may still be at work on the present object: that one becomes free, and lives as long as
+  // whoever points at it, or as the drawing when nobody does. Undo goes on with the new one.
+  void supersede(OdDbObjectId id, OdDbObject* object);
 
   // While a file is read, objects without a handle of their own wait for one: the file may still use any number.
   void deferHandles() { deferring_ = true; }
@@ -85,6 +88,7 @@ private:
   std::uint64_t nextHandle_ = 1;
   std::vector<std::unique_ptr<Stub[]>> pages_;
   HandleMap handles_;
+  std::vector<OdSmartPtr<OdDbObject>> superseded_;
   bool deferring_ = false;
 };
 
@@ -124,5 +128,7 @@ private:
 
 // Every reference of a carried list.
 void visitGroups(GroupList& groups, ReferenceVisitor& visitor);
+// Objects that a carried list owns: those it names as its own and that name `holder` as their owner, or none.
+void listOwned(const GroupList& groups, OdDbObjectId holder, std::vector<OdDbObjectId>& ids);
 
 } // namespace drawing::db

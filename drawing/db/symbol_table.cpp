@@ -165,6 +165,11 @@ void OdDbSymbolTableRecord::setName(const OdString& name) {
   name_ = name;
 }
 
+bool OdDbSymbolTableRecord::isDependent() const {
+  const int bar = name_.find(L'|');
+  return (flags_ & kDependent) != 0 || (bar > 0 && bar + 1 < name_.getLength());
+}
+
 void OdDbSymbolTableRecord::setFlag(std::int16_t bit, bool on) {
   assertWriteEnabled();
   flags_ = static_cast<std::int16_t>(on ? flags_ | bit : flags_ & ~bit);

@@ -71,7 +71,10 @@ std::vector<std::pair<OdDbObjectId, const OdDbObject*>> Undo::earlierStates() co
 void Undo::swapState(Entry& entry) {
   OdDbObject* object = peek(entry.id);
   std::unique_ptr<OdDbObject> now(object->makeCopy());
-  object->assignState(*entry.state);
+  if (object->isA() == entry.state->isA())
+    object->assignState(*entry.state);
+  else // the step made another kind of object of it
+    Store::of(entry.id)->supersede(entry.id, entry.state.release());
   entry.state = std::move(now);
 }
 

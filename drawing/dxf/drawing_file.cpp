@@ -2,6 +2,7 @@
 #include "DbDxf.h"
 
 #include "OdFiles.h"
+#include "dxf/early_writer.h"
 #include "dxf/encoding.h"
 #include "dxf/form_writer.h"
 #include "dxf/reader.h"
@@ -184,11 +185,30 @@ namespace {
 
 OdDb::DwgVersion targetVersion(const OdDbDatabase& database, const WriteOptions& options) {
   const OdDb::DwgVersion wanted = options.version == OdDb::kVersionUnknown ? database.facts().version : options.version;
-  return std::max(wanted, OdDb::kRelease2000);
+  return writtenVersion(wanted);
 }
+
+class CountingSink final : public GroupSink {
+  void utf8(int, std::string_view) override {}
+  void real(int, double) override {}
+  void integer(int, std::int64_t) override {}
+  void reference(int, OdDbObjectId) override {}
+  void handle(int, OdDbHandle) override {}
+  void binary(int, std::string_view) override {}
+  void unread(int, std::string_view) override {}
+  OdDb::DwgVersion version() const override { return OdDb::kRelease12; }
+};
 
 bool isBinary(const OdDbDatabase& database, WriteOptions::Form form) {
   return form == WriteOptions::AsRead ? database.facts().binary : form == WriteOptions::Binary;
+}
+
+// The first pass only counts: the header says which handles the file does not use.
+void writeEarly(const OdDbDatabase& database, GroupSink& sink) {
+  CountingSink nothing;
+  dxf::EarlyWriter count(database, nothing, 0);
+  count.run();
+  dxf::EarlyWriter(database, sink, count.firstFree()).run();
 }
 
 void writeTo(const OdDbDatabase& database, const WriteOptions& options, const dxf::FormWriter::Output& output,
@@ -203,7 +223,10 @@ void writeTo(const OdDbDatabase& database, const WriteOptions& options, const dx
     sink = std::make_unique<dxf::BinaryWriter>(std::move(target));
   else
     sink = std::make_unique<dxf::TextWriter>(std::move(target));
-  dxf::Writer(database, *sink).run();
+  if (version < OdDb::kRelease13)
+    writeEarly(database, *sink);
+  else
+    dxf::Writer(database, *sink).run();
   sink->finish();
 }
 

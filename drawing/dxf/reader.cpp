@@ -10,6 +10,7 @@
 #include "db/symbol_kinds.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace drawing::dxf {
 
@@ -319,6 +320,8 @@ void Reader::readBlocks() {
     else
       passOver("dxf.outside-block", "a record outside every block");
   }
+  if (database_.facts().version < OdDb::kRelease13)
+    orderBlocks();
 }
 
 void Reader::tellRecordless(const OdString& name, const OdString& given) {
@@ -338,31 +341,76 @@ void Reader::tellRecordlessBlocks() {
   }
 }
 
-// The table record that a block belongs to: the one it names as its owner, else the one of its name, else a new one.
-OdDbBlockTableRecord* Reader::blockOf(const ReadObject& begin) {
-  if (auto* owner = peekAs<OdDbBlockTableRecord>(begin.owner); owner != nullptr && owner->blockBeginId().isNull())
-    return owner;
+namespace {
+
+// Later programs write the spaces into early files under names that were allowed there. Null for any other name.
+const OdString* earlySpace(const OdString& name) {
+  if (name.iCompare(L"$MODEL_SPACE") == 0)
+    return &modelSpaceStr;
+  return name.iCompare(L"$PAPER_SPACE") == 0 ? &paperSpaceStr : nullptr;
+}
+
+} // namespace
+
+// Early files have no block table: the blocks themselves are its order, not the references that come before them.
+void Reader::orderBlocks() {
+  OdDbSymbolTable& table = context_.table(OdDb::kBlockTable);
+  IdList& members = *table.memberList();
+  const std::unordered_set<OdDbObjectId> read(blocks_.begin(), blocks_.end());
+  std::vector<OdDbObjectId> order = blocks_;
+  for (OdDbObjectId id : members.ids()) {
+    if (read.count(id) == 0)
+      order.push_back(id);
+  }
+  members.cut(0);
+  for (OdDbObjectId id : order)
+    members.push(id);
+}
+
+// The name that the block at hand gives itself.
+OdString Reader::blockName() {
   OdString name;
   for (const Pair& pair : record_) {
     if (pair.code == 2)
       name = context_.text(pair);
   }
+  const OdString* space = database_.facts().version < OdDb::kRelease13 ? earlySpace(name) : nullptr;
+  return space == nullptr ? name : *space;
+}
+
+// The table record that a block belongs to: the one it names as its owner, else the one of its name, else a new one.
+OdDbBlockTableRecord* Reader::blockOf(const ReadObject& begin) {
+  const auto waiting = [](OdDbObjectId id) {
+    auto* record = peekAs<OdDbBlockTableRecord>(id);
+    return record != nullptr && record->blockBeginId().isNull() ? record : nullptr;
+  };
+  if (auto* owner = waiting(begin.owner))
+    return owner;
+  const OdString name = blockName();
   OdDbSymbolTable& table = context_.table(OdDb::kBlockTable);
-  if (auto* named = peekAs<OdDbBlockTableRecord>(table.getAt(name)); named != nullptr && named->blockBeginId().isNull())
+  if (auto* named = waiting(table.getAt(name))) {
+    if (context_.missing().erase(named->objectId()) != 0) // a reference came before its block
+      standIn(*named);
     return named;
+  }
   for (const auto& [was, id] : renamed_) {
-    auto* renamed = peekAs<OdDbBlockTableRecord>(id);
-    if (was == name && renamed != nullptr && renamed->blockBeginId().isNull())
+    if (auto* renamed = waiting(id); renamed != nullptr && was == name)
       return renamed;
   }
-  const bool nameless = name.isEmpty();
-  const OdString unique = nameless ? table.freeName(L"unnamed") : table.freeName(name);
+  const OdString unique = table.freeName(name.isEmpty() ? OdString(L"unnamed") : name);
   OdDbBlockTableRecord& made = ensureSpace(unique);
-  if (nameless || unique != name)
+  if (unique != name)
     tellRecordless(name, unique);
-  else if (database_.facts().version >= OdDb::kRelease13)
-    recordless_.emplace_back(made.objectId(), record_[0].line);
+  else
+    standIn(made);
   return &made;
+}
+
+// Early files have no block table; a record that the block makes itself is nothing to tell.
+void Reader::standIn(OdDbBlockTableRecord& record) {
+  standIns_.insert(record.objectId());
+  if (database_.facts().version >= OdDb::kRelease13)
+    recordless_.emplace_back(record.objectId(), record_[0].line);
 }
 
 void Reader::readBlock() {
@@ -378,6 +426,7 @@ void Reader::readBlock() {
     block->takeHead();
   }
   ++report_.account.read;
+  blocks_.push_back(block->objectId());
   block->adoptEnds(addRead(begin, block->objectId()), OdDbObjectId());
   sequence_ = OdDbObjectId();
   while (inRun("ENDBLK", {"BLOCK", "ENDSEC", "SECTION", "EOF"}))
@@ -438,8 +487,18 @@ void Reader::readEntities() {
   sequence_ = OdDbObjectId();
 }
 
+// R12 and earlier have no objects.
+void Reader::correctVersion() {
+  if (database_.facts().version >= OdDb::kRelease13)
+    return;
+  database_.facts().version = OdDb::kRelease2000;
+  tell("dxf.version-contradicted", Severity::Note, "the file says an early version and holds objects of later ones",
+       "it is taken for one of version 2000");
+}
+
 void Reader::readObjects() {
   while (inSection()) {
+    correctVersion();
     ReadObject read = objects_.read(record_, false);
     const OdDbObjectId id = addRead(read, read.owner);
     if (database_.getNamedObjectsDictionaryId().isNull() && read.object->isKindOf(OdDbDictionary::desc()))

@@ -39,13 +39,17 @@ private:
   void readTableRecord(OdDb::SymbolTableKind kind, OdDbSymbolTable& table);
   void readBlocks();
   void readBlock();
+  void orderBlocks();
   void readEntities();
   void readObjects();
+  void correctVersion();
   void readCarriedSection();
 
   std::uint64_t handleIn(const Record& record);
   OdDbObjectId addRead(ReadObject& read, OdDbObjectId owner);
+  OdString blockName();
   OdDbBlockTableRecord* blockOf(const ReadObject& begin);
+  void standIn(OdDbBlockTableRecord& record);
   void addEntity(OdDbObjectId fallbackOwner);
   bool addToSequence(ReadObject& read);
   OdDbBlockTableRecord* ownerOf(const ReadObject& read, OdDbObjectId fallback);
@@ -68,6 +72,7 @@ private:
   Record record_;
   std::uint64_t line_ = 0;
   std::vector<std::pair<OdString, OdDbObjectId>> renamed_; // records whose name was taken, by the name in the file
+  std::vector<OdDbObjectId> blocks_;                       // in the order of their section
   OdDbObjectId sequence_;                                  // the entity whose attributes or vertices come now
   std::unordered_set<OdDbObjectId> standIns_;              // blocks that came before their table record
   std::vector<std::pair<OdDbObjectId, std::uint64_t>> recordless_; // among them, by the line of the block

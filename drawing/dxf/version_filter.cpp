@@ -76,7 +76,7 @@ bool VersionFilter::has(int code, double value) {
   behindGradient_ = behindGradient_ || (rule != nullptr && code == 450);
   if (rule == nullptr)
     return !ofGradient;
-  if (value != rule->plain)
+  if (!rule->isPlain(value))
     tellRule(*rule, code);
   return false;
 }
@@ -90,7 +90,7 @@ void VersionFilter::leftOut(int code, std::string_view marker, double value) {
   const GroupRule* rule = missingGroup(kind_, marker, code, version());
   if (rule == nullptr)
     to_.leftOut(code, marker, value);
-  else if (value != rule->plain)
+  else if (!rule->isPlain(value))
     tellRule(*rule, code);
 }
 

@@ -10,12 +10,10 @@ namespace {
 
 using namespace OdDb;
 
-constexpr double kOpaque = 0x020000FF; // a transparency of its own that hides nothing
-
 constexpr GroupRule kGroups[] = {
     {"*", "AcDbEntity", 420, 429, kRelease2004, "the true colour"},
     {"*", "AcDbEntity", 430, 439, kRelease2004, "the colour's name"},
-    {"*", "AcDbEntity", 440, 449, kRelease2004, "the transparency", kOpaque},
+    {"*", "AcDbEntity", 440, 449, kRelease2004, "the transparency", kOpaque, kByBlock},
     {"*", "AcDbEntity", 347, 347, kRelease2007, "the material"},
     {"*", "AcDbEntity", 348, 348, kRelease2007, "the visual style"},
     {"*", "AcDbEntity", 284, 284, kRelease2007, "the shadows", 0},

@@ -7,6 +7,10 @@
 
 namespace drawing::dxf {
 
+// Transparencies that say no more than their absence.
+constexpr double kOpaque = 0x020000FF;  // one of its own that hides nothing
+constexpr double kByBlock = 0x01000000; // the reference's, which is told where it has one
+
 // Groups of kinds that are older than the group itself.
 struct GroupRule {
   std::string_view kind;   // "*": any
@@ -14,8 +18,10 @@ struct GroupRule {
   int first, last;         // codes
   OdDb::DwgVersion since;
   const char* what;
-  double plain = kNoPlain; // the value that says no more than its absence
+  double plain = kNoPlain; // values that say no more than its absence
+  double alsoPlain = kNoPlain;
   static constexpr double kNoPlain = -1e300;
+  bool isPlain(double value) const { return value == plain || value == alsoPlain; }
 };
 
 // The rule by which a version does not have the group; null when it has it.

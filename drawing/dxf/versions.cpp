@@ -39,13 +39,20 @@ const char* versionSignature(OdDb::DwgVersion version) {
 }
 
 OdDb::DwgVersion versionFromYear(std::string_view year) {
-  const auto* found = findVersion([year](const VersionName& v) { return year == v.year; });
+  const auto* found = findVersion([year](const VersionName& v) {
+    const std::string_view name = v.year;
+    return year == name || (name.front() == 'R' && year == name.substr(1));
+  });
   return found == nullptr ? OdDb::kVersionUnknown : found->version;
 }
 
 const char* versionYear(OdDb::DwgVersion version) {
   const auto* found = findVersion([version](const VersionName& v) { return version == v.version; });
   return found == nullptr ? "" : found->year;
+}
+
+OdDb::DwgVersion writtenVersion(OdDb::DwgVersion wanted) {
+  return wanted <= OdDb::kRelease12 ? OdDb::kRelease12 : std::max(wanted, OdDb::kRelease2000);
 }
 
 FileForm formOf(std::string_view content, std::string* version) {

@@ -6,6 +6,7 @@
 #include "DbLayout.h"
 #include "DbSequence.h"
 #include "db/block_units.h"
+#include "db/body_records.h"
 #include "db/load_context.h"
 #include "db/store.h"
 #include "db/symbol_kinds.h"
@@ -122,9 +123,12 @@ void Writer::carriedSections(bool atFront) {
     const bool isBodies = carried.name == "ACDSDATA" && sink_.version() < OdDb::kRelease2013;
     if ((carried.name == "CLASSES") != atFront || isBodies)
       continue;
+    const GroupList groups = db::livingGroups(database_, carried);
+    if (groups.empty() && carried.madeForRecords)
+      continue;
     sink_.utf8(0, "SECTION");
     sink_.utf8(2, carried.name);
-    carried.groups.writeTo(sink_);
+    groups.writeTo(sink_);
     sink_.utf8(0, "ENDSEC");
   }
 }
@@ -256,6 +260,8 @@ void Writer::blockHead(const OdDbBlockTableRecord& record) {
   sink_.text(1, record.pathName());
   if (!record.comments().isEmpty())
     sink_.text(4, record.comments());
+  if (record.isUnloaded())
+    sink_.integer(71, 1);
 }
 
 void Writer::entities() {

@@ -8,8 +8,9 @@
 namespace drawing {
 
 double arcSweep(double startRad, double endRad) {
+  constexpr double kLeast = 1e-11; // a whole turn, as angles come out of files, may be a little more than one
   const double sweep = std::fmod(endRad - startRad, Oda2PI);
-  return sweep > 0 ? sweep : sweep + Oda2PI;
+  return sweep > kLeast ? sweep : sweep + Oda2PI;
 }
 
 void addArc(OdGeExtents3d& extents, const OdGePoint3d& center, const OdGeVector3d& a, const OdGeVector3d& b,

@@ -5,6 +5,7 @@
 #include "Ge/GeUtil.h"
 #include "db/load_context.h"
 #include "db/store.h"
+#include "entities/attribute_forms.h"
 #include "entities/mtext_frame.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@ namespace {
 
 constexpr int kEmbedded = 101;
 constexpr std::string_view kTitle = "Embedded Object";
-constexpr wchar_t kRecordName[] = L"ACAD_MLATT";
+const OdString kRecordName = drawing::kAttributeTextRecord;
 
 // Where the text's own groups begin in the record of older files: behind what says whose text it is, which ends with
 // a title. The list's size when there is no text.
@@ -192,4 +193,32 @@ OdResult OdDbAttributeBase::transformAll(const OdGeMatrix3d& matrix, bool neares
     record->groupsForWrite() = std::move(old);
   }
   return eOk;
+}
+
+// What kind of text it is stands in front, then the tag, and a title that the text follows.
+std::optional<drawing::AttributeTextBefore2018> OdDbAttributeBase::textBefore2018() const {
+  const std::size_t embedded = rest_.find(kEmbedded);
+  if (embedded >= rest_.size())
+    return std::nullopt;
+  drawing::AttributeTextBefore2018 form;
+  const auto flag = [&](int code) {
+    const std::size_t i = rest_.find(code);
+    return i < embedded ? rest_[i].integer : 0;
+  };
+  constexpr int kFlagCodes[] = {71, 72};
+  for (const int code : kFlagCodes)
+    form.record.integer(70, flag(code));
+  form.record.integer(70, 0); // further attributes that belong to it
+  form.record.real(40, 1);
+  form.record.text(2, tag_);
+  form.record.utf8(1, kTitle);
+  form.record.append(rest_, embedded + 1, rest_.size() - embedded - 1);
+  // Behind the flags stands where the text is aligned, a second time.
+  const std::size_t flags = std::min(rest_.find(71), embedded);
+  form.rest.append(rest_, 0, flags);
+  return form;
+}
+
+std::optional<drawing::AttributeTextBefore2018> drawing::attributeTextBefore2018(const OdDbAttributeBase& attribute) {
+  return attribute.textBefore2018();
 }

@@ -55,7 +55,10 @@ const drawing::Description& OdDbMInsertBlock::ownDescription() {
          {field<&Self::columns_>(70).unless(1), field<&Self::rows_>(71).unless(1),
           field<&Self::columnSpacing_>(44).unless(0), field<&Self::rowSpacing_>(45).unless(0)})
       section.fields.push_back(own);
-    return drawing::Description(&OdDbEntity::ownDescription(), {section});
+    // Some programs write a single reference's section first, then rows and columns in a section of their own.
+    drawing::Section second{section.marker, section.fields, section.read};
+    second.since = drawing::kNeverWritten;
+    return drawing::Description(&OdDbEntity::ownDescription(), {section, second});
   }();
   return description;
 }
@@ -157,7 +160,16 @@ OdResult OdDbBlockReference::subTransformBy(const OdGeMatrix3d& matrix) {
     return transformParts(matrix);
   }
   const OdDbBlockReference before(*this);
+  // An axis of length 0 (flat drawings of some programs have such a z axis) has a direction all the same.
+  double* const scales[3] = {&scaleX_, &scaleY_, &scaleZ_};
+  bool flat[3];
+  for (int i = 0; i < 3; ++i) {
+    flat[i] = *scales[i] == 0;
+    *scales[i] = flat[i] ? 1 : *scales[i];
+  }
   OdResult result = setBlockTransform(matrix * blockTransform());
+  for (int i = 0; i < 3; ++i)
+    *scales[i] = flat[i] ? 0 : *scales[i];
   if (result == eOk)
     result = transformParts(matrix);
   if (result != eOk)

@@ -17,6 +17,7 @@ ODDB_DEFINE_MEMBERS(OdDbRadialDimension, OdDbRoundDimension, "DIMENSION");
 ODDB_DEFINE_MEMBERS(OdDbDiametricDimension, OdDbRoundDimension, "DIMENSION");
 ODDB_DEFINE_MEMBERS(OdDbOrdinateDimension, OdDbDimension, "DIMENSION");
 ODDB_DEFINE_MEMBERS(OdDbArcDimension, OdDbDimension, "ARC_DIMENSION");
+ODDB_DEFINE_MEMBERS(OdDbRadialDimensionLarge, OdDbDimension, "LARGE_RADIAL_DIMENSION");
 
 drawing::Section OdDbLinearDimension::linearSection() {
   using Self = OdDbLinearDimension;
@@ -96,6 +97,16 @@ const drawing::Description& OdDbArcDimension::ownDescription() {
         {field<&Self::first_>(13), field<&Self::second_>(14), field<&Self::center_>(15), field<&Self::isPart_>(70),
          field<&Self::startAngle_>(40), field<&Self::endAngle_>(41), field<&Self::hasLeader_>(71),
          field<&Self::leaderStart_>(16), field<&Self::leaderEnd_>(17)}}});
+  return description;
+}
+
+const drawing::Description& OdDbRadialDimensionLarge::ownDescription() {
+  using Self = OdDbRadialDimensionLarge;
+  static const drawing::Description description(&OdDbEntity::ownDescription(),
+                                                {dimensionSection(),
+                                                 {"AcDbRadialDimensionLarge",
+                                                  {field<&Self::overrideCenter_>(13), field<&Self::jog_>(14),
+                                                   field<&Self::chord_>(15), field<&Self::jogAngle_>(40)}}});
   return description;
 }
 

@@ -4,16 +4,24 @@
 #include "db/load_context.h"
 #include "db/store.h"
 #include "entities/hatch_parts.h"
+#include "entities/hatch_reshape.h"
 
 #include <algorithm>
 
 using drawing::GroupList;
 
 ODDB_DEFINE_MEMBERS(OdDbHatch, OdDbEntity, "HATCH");
+ODDB_DEFINE_MEMBERS(OdDbMPolygon, OdDbHatch, "MPOLYGON");
 
 const drawing::Description& OdDbHatch::ownDescription() {
   static const drawing::Description description(&OdDbEntity::ownDescription(),
                                                 {{"AcDbHatch", {}, readGroup, writeGroups}});
+  return description;
+}
+
+const drawing::Description& OdDbMPolygon::ownDescription() {
+  static const drawing::Description description(&OdDbEntity::ownDescription(),
+                                                {{"AcDbMPolygon", {}, readGroup, writeGroups}});
   return description;
 }
 
@@ -104,11 +112,13 @@ void OdDbHatch::setNormal(const OdGeVector3d& normal) {
 OdResult OdDbHatch::subTransformBy(const OdGeMatrix3d& matrix) {
   const OdGeVector3d before = normal();
   const drawing::PlaneMap map(matrix, before);
-  if (!map.keepsShapes())
-    return eCannotTransform;
   const double height = elevation();
-  for (const drawing::HatchPart& part : drawing::hatchParts(groups_))
-    drawing::moveHatchPart(groups_, part, map, height);
+  if (map.keepsShapes()) {
+    for (const drawing::HatchPart& part : drawing::hatchParts(groups_, onlyPolylines()))
+      drawing::moveHatchPart(groups_, part, map, height);
+  } else if (!drawing::reshapeHatch(groups_, map, height)) {
+    return eCannotTransform;
+  }
   if (const std::size_t z = groups_.find(30); z < groups_.size())
     groups_.setReal(z, map.point(OdGePoint3d(0, 0, height)).z);
   const OdGeVector3d& after = map.normal();
@@ -120,8 +130,25 @@ OdResult OdDbHatch::subTransformBy(const OdGeMatrix3d& matrix) {
 OdResult OdDbHatch::getGeomExtents(OdGeExtents3d& extents) const {
   const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(normal());
   OdGeExtents3d all;
-  for (const drawing::HatchPart& part : drawing::hatchParts(groups_))
+  for (const drawing::HatchPart& part : drawing::hatchParts(groups_, onlyPolylines()))
     drawing::addHatchPart(all, groups_, part, plane, elevation());
   extents.addExt(all);
   return all.isValidExtents() ? eOk : eNotApplicable;
+}
+
+// Behind the pattern stands a vector: where the filling lies against the boundary.
+OdResult OdDbMPolygon::subTransformBy(const OdGeMatrix3d& matrix) {
+  const drawing::PlaneMap map(matrix, normal());
+  if (!map.keepsShapes())
+    return eCannotTransform;
+  const std::vector<drawing::HatchPart> parts = drawing::hatchParts(groups_, onlyPolylines());
+  for (std::size_t i = parts.back().first;
+       i + 1 < groups_.size() && parts.back().kind >= drawing::HatchPartKind::Pattern; ++i) {
+    if (groups_[i].code != 11 || groups_[i + 1].code != 21)
+      continue;
+    const OdGeVector3d moved = map.vector(OdGeVector3d(groups_[i].real, groups_[i + 1].real, 0));
+    groups_.setReal(i, moved.x);
+    groups_.setReal(i + 1, moved.y);
+  }
+  return OdDbHatch::subTransformBy(matrix);
 }

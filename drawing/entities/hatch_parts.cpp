@@ -19,11 +19,11 @@ HatchPartKind edgeKind(std::int64_t type) {
 }
 
 // Whether a group begins another part behind a part of that kind.
-bool beginsPart(HatchPartKind in, const Group& group, HatchPartKind& next) {
+bool beginsPart(HatchPartKind in, const Group& group, bool onlyPolylines, HatchPartKind& next) {
   const bool inPolyline = in == HatchPartKind::Polyline;
   const bool inLoops = in >= HatchPartKind::LoopHead && in <= HatchPartKind::Spline;
   if (group.code == 92 && in <= HatchPartKind::Spline)
-    next = (group.integer & kPolylineLoop) != 0 ? HatchPartKind::Polyline : HatchPartKind::LoopHead;
+    next = onlyPolylines || (group.integer & kPolylineLoop) != 0 ? HatchPartKind::Polyline : HatchPartKind::LoopHead;
   else if (group.code == 72 && inLoops && !inPolyline)
     next = edgeKind(group.integer);
   else if (group.code == 75 && in <= HatchPartKind::Spline)
@@ -135,11 +135,11 @@ void addRound(OdGeExtents3d& extents, const GroupList& groups, const HatchPart& 
 
 } // namespace
 
-std::vector<HatchPart> hatchParts(const GroupList& groups) {
+std::vector<HatchPart> hatchParts(const GroupList& groups, bool onlyPolylines) {
   std::vector<HatchPart> parts{{HatchPartKind::Head, 0, groups.size()}};
   for (std::size_t i = 0; i < groups.size(); ++i) {
     HatchPartKind next = HatchPartKind::Head;
-    if (!beginsPart(parts.back().kind, groups[i], next))
+    if (!beginsPart(parts.back().kind, groups[i], onlyPolylines, next))
       continue;
     parts.back().end = i;
     parts.push_back({next, i, groups.size()});

@@ -16,7 +16,8 @@ struct HatchPart {
   std::size_t first = 0, end = 0; // groups first .. end - 1
 };
 
-std::vector<HatchPart> hatchParts(const GroupList& groups);
+// Loops tell by a bit whether they are polylines, unless all are.
+std::vector<HatchPart> hatchParts(const GroupList& groups, bool onlyPolylines = false);
 
 // Moves a part in the plane; the head is not touched.
 void moveHatchPart(GroupList& groups, const HatchPart& part, const PlaneMap& map, double elevation);

@@ -34,6 +34,20 @@ const drawing::Description& OdDbMText::ownDescription() {
   return description;
 }
 
+namespace {
+
+// Files mean degrees; some programs wrote radians. Quarter turns in radians are recognised: no text stands at just so
+// few degrees.
+OdGePoint2d unitVectorOf(double angle) {
+  constexpr OdGePoint2d kQuarters[] = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}};
+  const double quarters = std::round(angle / (OdaPI / 2));
+  if (quarters >= 1 && quarters <= 4 && std::fabs(angle - quarters * (OdaPI / 2)) < 1e-12)
+    return kQuarters[static_cast<int>(quarters) % 4];
+  return {std::cos(OdaToRadian(angle)), std::sin(OdaToRadian(angle))};
+}
+
+} // namespace
+
 bool OdDbMText::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
   auto& text = static_cast<OdDbMText&>(object);
   text.behindEmbedded_ = text.behindEmbedded_ || pair.code == 101;
@@ -44,11 +58,12 @@ bool OdDbMText::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing
   }
   if (pair.code == 50 && !text.behindEmbedded_ && !text.behindColumns_) {
     // An angle stands for the direction where there is none.
-    double degrees = 0;
+    double angle = 0;
     const OdGeVector3d none(1, 0, 0);
-    if (context.real(pair, degrees) && text.direction_.isEqualTo(none, OdGeTol(0)))
-      text.direction_ = OdGeMatrix3d::planeToWorld(text.normal_) *
-                        OdGeVector3d(std::cos(OdaToRadian(degrees)), std::sin(OdaToRadian(degrees)), 0);
+    if (context.real(pair, angle) && text.direction_.isEqualTo(none, OdGeTol(0))) {
+      const OdGePoint2d unit = unitVectorOf(angle);
+      text.direction_ = OdGeMatrix3d::planeToWorld(text.normal_) * OdGeVector3d(unit.x, unit.y, 0);
+    }
     return true;
   }
   context.append(text.rest_, pair);

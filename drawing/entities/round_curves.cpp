@@ -64,10 +64,30 @@ OdGePoint3d OdDbRoundCurve::pointAt(double angleRad) const {
   return odgeOcsToWcs(center_ + OdGeVector3d(std::cos(angleRad), std::sin(angleRad), 0) * radius_, normal_);
 }
 
+OdDbEntityPtr OdDbRoundCurve::asEllipse(const OdGeMatrix3d& matrix, double startRad, double endRad) const {
+  if (thickness_ != 0)
+    return {};
+  const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(normal_);
+  const OdDbEllipsePtr ellipse = OdDbEllipse::createObject();
+  const double end = startRad + drawing::arcSweep(startRad, endRad);
+  if (ellipse->set(center(), plane.column(2), plane.column(0) * radius_, 1, startRad, end) != eOk ||
+      ellipse->transformBy(matrix) != eOk)
+    return {};
+  return OdDbEntityPtr(ellipse.get());
+}
+
+OdDbEntityPtr OdDbCircle::transformedAsAnother(const OdGeMatrix3d& matrix) const {
+  return asEllipse(matrix, 0, Oda2PI);
+}
+
+OdDbEntityPtr OdDbArc::transformedAsAnother(const OdGeMatrix3d& matrix) const {
+  return asEllipse(matrix, startAngle_, endAngle_);
+}
+
 OdResult OdDbCircle::subTransformBy(const OdGeMatrix3d& matrix) {
   const PlaneMap map(matrix, normal_);
   if (!map.keepsShapes() || !map.takesThickness(thickness_))
-    return eCannotTransform; // an ellipse is another kind of entity
+    return eCannotTransform;
   center_ = map.point(center_);
   normal_ = map.normal();
   radius_ *= map.scale();
@@ -87,7 +107,7 @@ OdResult OdDbCircle::getGeomExtents(OdGeExtents3d& extents) const {
 OdResult OdDbArc::subTransformBy(const OdGeMatrix3d& matrix) {
   const PlaneMap map(matrix, normal_);
   if (!map.keepsShapes() || !map.takesThickness(thickness_))
-    return eCannotTransform; // an arc of an ellipse is another kind of entity
+    return eCannotTransform;
   center_ = map.point(center_);
   normal_ = map.normal();
   radius_ *= map.scale();

@@ -112,8 +112,8 @@ OdResult OdDbText::getGeomExtents(OdGeExtents3d& extents) const {
   const OdGeMatrix3d toWorld = OdGeMatrix3d::planeToWorld(normal_);
   for (const double x : {left, left + width}) {
     for (const double y : {bottom, bottom + height_}) {
-      const double c = std::cos(rotation_), s = std::sin(rotation_);
-      extents.addPoint(toWorld * OdGePoint3d(base.x + x * c - y * s, base.y + x * s + y * c, base.z));
+      const double c = std::cos(rotation_), s = std::sin(rotation_), slanted = x + y * std::tan(oblique_);
+      extents.addPoint(toWorld * OdGePoint3d(base.x + slanted * c - y * s, base.y + slanted * s + y * c, base.z));
     }
   }
   return eOk;

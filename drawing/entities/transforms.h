@@ -33,6 +33,7 @@ public:
   // May an entity of that thickness take the matrix?
   bool takesThickness(double thickness) const { return thickness == 0 || upright_; }
 
+  const OdGeMatrix3d& matrix() const { return map_; } // from frame to frame
   OdGePoint3d point(const OdGePoint3d& ocs) const;
   OdGeVector3d vector(const OdGeVector3d& ocs) const;
   // A direction in the plane, given and answered as an angle against the frame's x axis. Unchanged when the frame does

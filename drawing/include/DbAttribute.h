@@ -4,6 +4,11 @@
 #include "DbMText.h"
 #include "DbText.h"
 
+#include <optional>
+
+namespace drawing {
+struct AttributeTextBefore2018;
+}
 class OdDbAttributeDefinition;
 class OdDbXrecord;
 
@@ -29,6 +34,9 @@ public:
   void setMTextAttribute(const OdDbMText* text);
 
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+
+  // -- For the SDK's own machinery. --
+  std::optional<drawing::AttributeTextBefore2018> textBefore2018() const;
 
   static constexpr std::int16_t kInvisible = 1, kConstant = 2, kVerify = 4, kPreset = 8;
 

@@ -3,6 +3,7 @@
 
 #include "DbEntity.h"
 #include "DbSymbolTable.h"
+#include "DbXref.h"
 #include "Ge/GeExtents3d.h"
 #include "Ge/GePoint3d.h"
 
@@ -68,8 +69,18 @@ public:
 
   bool isAnonymous() const;
   bool isLayout() const;
-  bool isFromExternalReference() const { return (flags_ & kExternalReference) != 0; }
+  // External references, overlays among them. An overlay is not followed where its drawing is referred to itself.
+  bool isFromExternalReference() const { return (flags_ & (kExternalReference | kOverlay)) != 0; }
   bool isFromOverlayReference() const { return (flags_ & kOverlay) != 0; }
+  // Makes this an external reference of the path, or an ordinary block again when it is empty.
+  void setXref(const OdString& path, bool overlay = false);
+  bool isUnloaded() const { return unloaded_; } // the user does not want its drawing
+  void setIsUnloaded(bool unloaded);
+  // What came of the latest drawing::loadXrefs.
+  drawing::XrefStatus xrefStatus() const;
+  // The external drawing, which lives as long as this one holds it; null when it is not loaded. With
+  // `includeUnresolved` also the drawing that a cycle of references leads back to.
+  OdDbDatabase* xrefDatabase(bool includeUnresolved = false) const;
   bool hasAttributeDefinitions() const;
   OdDbObjectId getLayoutId() const { return layout_; }
   void setLayoutId(OdDbObjectId layout);
@@ -141,6 +152,7 @@ private:
   std::int16_t units_ = 0;
   bool explodable_ = true;
   bool scalesUniformly_ = false;
+  bool unloaded_ = false;
 };
 
 // The BLOCK entity in front of a block's contents.

@@ -67,8 +67,9 @@ private:
 };
 using OdDbPointPtr = OdSmartPtr<OdDbPoint>;
 
-// What circles and arcs share. They take matrices that leave circles in their plane circles; the others answer
-// eCannotTransform.
+// What circles and arcs share. A matrix that leaves circles in their plane circles moves them; under any other one an
+// entity of a drawing becomes an ellipse (see OdDbEntity::transformBy), unless it has a thickness: nothing that files
+// know has an elliptic outline and a thickness.
 class MVDRAWING_API OdDbRoundCurve : public OdDbCurve {
 public:
   ODRX_DECLARE_MEMBERS(OdDbRoundCurve);
@@ -86,6 +87,8 @@ public:
 protected:
   OdDbRoundCurve() = default;
   static const drawing::Section& circleSection();
+  // The ellipse from the angle `startRad` to `endRad`; null when there is none.
+  OdDbEntityPtr asEllipse(const OdGeMatrix3d& matrix, double startRad, double endRad) const;
 
   OdGePoint3d center_; // in the plane's frame
   OdGeVector3d normal_{0, 0, 1};
@@ -101,6 +104,7 @@ public:
 
 protected:
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdDbEntityPtr transformedAsAnother(const OdGeMatrix3d& matrix) const override;
 };
 using OdDbCirclePtr = OdSmartPtr<OdDbCircle>;
 
@@ -120,6 +124,7 @@ public:
 
 protected:
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdDbEntityPtr transformedAsAnother(const OdGeMatrix3d& matrix) const override;
 
 private:
   double startAngle_ = 0;

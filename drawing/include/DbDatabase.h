@@ -22,6 +22,10 @@ class OdDbIdMapping;
 class OdDbSymbolTable;
 using OdDbDatabasePtr = OdSmartPtr<OdDbDatabase>;
 
+namespace drawing::db {
+class XrefTable;
+}
+
 namespace drawing {
 
 // What a file says of itself, kept so that it can be written again as it was.
@@ -36,7 +40,8 @@ struct FileFacts {
 // A section that is carried whole (CLASSES, THUMBNAILIMAGE, ACDSDATA and any other).
 struct CarriedSection {
   std::string name;
-  GroupList groups; // record starts (code 0) included
+  GroupList groups;            // record starts (code 0) included
+  bool madeForRecords = false; // by cloning; no file had it
 };
 
 } // namespace drawing
@@ -151,6 +156,8 @@ public:
   drawing::db::Store& store() { return *store_; }
   const drawing::db::Store& store() const { return *store_; }
   drawing::db::Undo& undoLog() { return *undo_; }
+  drawing::db::XrefTable& xrefs() { return *xrefs_; }
+  const drawing::db::XrefTable& xrefs() const { return *xrefs_; }
   void adoptTable(OdDb::SymbolTableKind kind, OdDbObjectId id) { tables_[kind] = id; }
   void adoptNamedObjects(OdDbObjectId id) { namedObjects_ = id; }
   OdDbHeader& header() const;
@@ -161,6 +168,7 @@ protected:
 private:
   std::unique_ptr<drawing::db::Store> store_;
   std::unique_ptr<drawing::db::Undo> undo_;
+  std::unique_ptr<drawing::db::XrefTable> xrefs_;
   OdDbObjectId tables_[OdDb::kSymbolTableCount];
   OdDbObjectId namedObjects_;
   OdDbObjectId header_;

@@ -136,6 +136,9 @@ public:
   virtual void visit(OdDbObjectId& id, OdDb::ReferenceType type) = 0;
 };
 
+// Of sections that only other programs write.
+inline constexpr auto kNeverWritten = static_cast<OdDb::DwgVersion>(INT32_MAX);
+
 struct Section {
   const char* marker = ""; // the subclass marker; "" for none
   std::vector<Field> fields;

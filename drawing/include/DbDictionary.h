@@ -1,6 +1,7 @@
 // Dictionaries, xrecords and the header.
 #pragma once
 
+#include "DbDerived.h"
 #include "DbObject.h"
 
 #include <string>
@@ -45,8 +46,14 @@ public:
   static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
 
-protected:
+private:
+  struct Index;
+  const Index* index() const; // null while a walk over the entries is as quick
+  std::size_t
+  placeOf(const OdString& name) const; // of the first of that name; the number of entries when there is none
+
   std::vector<Entry> entries_;
+  mutable drawing::Derived<Index> index_;
   OdString pendingName_; // while reading: the name whose object comes next
   std::int16_t mergeStyle_ = 1;
   bool hardOwner_ = false;
@@ -74,6 +81,7 @@ public:
   drawing::GroupList& groupsForWrite();
   std::int16_t mergeStyle() const { return mergeStyle_; }
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
 
 private:
   static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);

@@ -224,3 +224,22 @@ private:
   double startAngle_ = 0, endAngle_ = 0; // of a part of an arc; radians in files too
   bool isPart_ = false, hasLeader_ = false;
 };
+
+// Of the radius of a great arc, with a jog, from a centre of its own choice.
+class MVDRAWING_API OdDbRadialDimensionLarge : public OdDbDimension {
+public:
+  ODDB_DECLARE_MEMBERS(OdDbRadialDimensionLarge);
+  OdDbRadialDimensionLarge() : OdDbDimension(4) {}
+  OdGePoint3d center() const { return definition_; }
+  OdGePoint3d overrideCenter() const { return overrideCenter_; }
+  OdGePoint3d jogPoint() const { return jog_; }
+  OdGePoint3d chordPoint() const { return chord_; }
+  double jogAngle() const { return jogAngle_; } // radians
+
+protected:
+  PointList worldPoints() override { return {&definition_, &overrideCenter_, &jog_, &chord_}; }
+
+private:
+  OdGePoint3d overrideCenter_, jog_, chord_;
+  double jogAngle_ = 0; // radians in files too
+};

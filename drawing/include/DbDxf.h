@@ -34,6 +34,10 @@ MVDRAWING_API ReadResult readDrawing(const std::string& path, const ReadOptions&
 MVDRAWING_API ReadResult readDrawingFromMemory(std::string_view content, const std::string& name = "memory",
                                                const ReadOptions& options = {});
 
+// The version that is written for a wanted one: R12, 2000, 2004, 2007, 2010, 2013 or 2018. Versions up to R12 are
+// written as R12, R13 and R14 as 2000.
+MVDRAWING_API OdDb::DwgVersion writtenVersion(OdDb::DwgVersion wanted);
+
 struct WriteOptions {
   enum Form : std::uint8_t { AsRead, Text, Binary };
   Form form = AsRead;                               // a drawing that was not read is written as text
@@ -53,7 +57,7 @@ MVDRAWING_API WriteResult writeDrawing(const OdDbDatabase& database, const std::
 MVDRAWING_API std::string writeDrawingToMemory(const OdDbDatabase& database, const WriteOptions& options = {},
                                                WriteResult* result = nullptr);
 
-// Version names: "AC1015", and "2000" for people. Unknown names answer kVersionUnknown, unknown versions "".
+// Version names: "AC1015", and "2000" or "R12" for people; "12" is understood, too. Unknown names answer kVersionUnknown, unknown versions "".
 MVDRAWING_API OdDb::DwgVersion versionFromSignature(std::string_view signature);
 MVDRAWING_API const char* versionSignature(OdDb::DwgVersion version);
 MVDRAWING_API OdDb::DwgVersion versionFromYear(std::string_view year);

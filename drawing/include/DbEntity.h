@@ -47,7 +47,14 @@ public:
   OdDbObjectId blockId() const { return ownerId(); } // the block that it is drawn in
 
   // Moves the entity; world coordinates. 0 on success; eCannotTransform (209) when this kind of entity cannot take
-  // this matrix, and then nothing has changed. Extended data that moves with an entity moves too.
+  // this matrix, and then nothing has changed. Extended data that moves with an entity moves too. A picture of the
+  // entity that its program left in the file for others is dropped: it shows the old place.
+  //
+  // An entity of a drawing may become another kind by it (a circle that is stretched is an ellipse). Then another
+  // object stands behind the id: with the same handle, owner, place in the block, layer and so on, extended data,
+  // extension dictionary and reactors. The pointers that are held from before keep the entity as it was, free of the
+  // drawing: what is done to it reaches nothing any more; whoever goes on opens the id again. A free entity cannot
+  // become another kind; it answers eCannotTransform.
   OdResult transformBy(const OdGeMatrix3d& matrix);
   // eOk and the extents in the coordinates of its block, or the reason why it has none.
   virtual OdResult getGeomExtents(OdGeExtents3d& extents) const;
@@ -65,6 +72,9 @@ protected:
   OdDbEntity() = default;
   // Applies the matrix, or answers why not and changes nothing. Called with the entity open for write.
   virtual OdResult subTransformBy(const OdGeMatrix3d& matrix);
+  // A free entity of another kind that is this one under a matrix that subTransformBy refuses; null when there is none.
+  // Layer, extended data and the like are put in by the caller.
+  virtual OdDbEntityPtr transformedAsAnother(const OdGeMatrix3d& matrix) const;
 
   OdDbObjectId layer_;
   OdDbObjectId linetype_;
@@ -75,4 +85,7 @@ protected:
   std::int16_t lineWeight_ = -1;
   std::int16_t invisible_ = 0;
   mutable bool highlighted_ = false;
+
+private:
+  OdResult becomeAnother(const OdGeMatrix3d& matrix);
 };

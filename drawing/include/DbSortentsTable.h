@@ -1,8 +1,10 @@
 // The draw order of a block's contents.
 #pragma once
 
+#include "DbDerived.h"
 #include "DbObject.h"
 
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -33,8 +35,11 @@ private:
   static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
   void setOrder(const std::vector<OdDbObjectId>& ids);
+  using Places = std::unordered_map<OdDbObjectId, std::size_t>; // the first entry of each entity
+  const Places& places() const;
 
   OdDbObjectId block_;
   std::vector<Entry> entries_;
+  mutable drawing::Derived<Places> places_;
 };
 using OdDbSortentsTablePtr = OdSmartPtr<OdDbSortentsTable>;

@@ -92,8 +92,9 @@ public:
   // refused here: which names a user may give is the commands' business.
   void setName(const OdString& name);
 
-  // Came from an external reference: its name is the reference's name, a vertical bar, its own name.
-  bool isDependent() const { return (flags_ & kDependent) != 0; }
+  // Came from an external reference: its name is the reference's name, a vertical bar, its own name. Some files tell
+  // it by the name alone.
+  bool isDependent() const;
   bool isResolved() const { return (flags_ & kResolved) != 0; }
   bool isReferenced() const { return (flags_ & kReferenced) != 0; }
 

@@ -5,10 +5,13 @@
 
 namespace mvsi {
 
-// Counts a refresh of the views; commands only read the count.
+// What the host notes of a document; commands only read it.
 class DocumentAccess {
 public:
   static void countRefresh(MvsiApDocument& document) { ++document.refreshCount_; }
+  static void setXrefReport(MvsiApDocument& document, drawing::Report report) {
+    document.xrefReport_ = std::move(report);
+  }
 };
 
 MvsiApDocument::MvsiApDocument(OdDbDatabasePtr database, const OdString& fileName)
@@ -53,7 +56,13 @@ MvsiApDocument* Documents::open(OdDbDatabasePtr database, const OdString& fileNa
     return nullptr;
   documents_.push_back(new MvsiApDocument(std::move(database), fileName));
   makeCurrent(documents_.back());
+  loadXrefs(*current_);
   return current_;
+}
+
+void Documents::loadXrefs(MvsiApDocument& document) {
+  if (loadXrefs_)
+    mvsi::DocumentAccess::setXrefReport(document, loadXrefs_(*document.database()));
 }
 
 bool Documents::close(MvsiApDocument* document) {

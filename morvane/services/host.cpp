@@ -1,6 +1,7 @@
 #include "morvane/host.h"
 #include "morvane/documents/header_variables.h"
 #include "morvane/documents/ucs.h"
+#include "morvane/documents/xrefs.h"
 #include "morvane/services/own_services.h"
 
 namespace morvane {
@@ -49,6 +50,8 @@ struct Host::Parts {
     input.setLimits([this](const double* point) { return insideLimits(point); });
     variables.setDrawing([this] { return headerOfCurrent(); });
     documents.setCurrentChanged([this](mvsi::MvsiApDocument* document) { followCurrent(document); });
+    documents.setXrefLoader(
+        [this](OdDbDatabase& database) { return documents::loadXrefs(paths, searchPath, database); });
   }
 
   // Only drawings that ask for it are checked.

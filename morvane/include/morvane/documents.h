@@ -2,6 +2,7 @@
 #pragma once
 
 #include "DbDatabase.h"
+#include "DbReport.h"
 #include "Ge/GeMatrix3d.h"
 #include "OdString.h"
 #include "morvane/export.h"
@@ -48,6 +49,8 @@ public:
   bool isModified() const;
   void markSaved();
   std::uint64_t refreshCount() const { return refreshCount_; } // how often its views were drawn anew
+  // What could not be loaded of its external references; notes only.
+  const drawing::Report& xrefReport() const { return xrefReport_; }
 
 private:
   friend class DocumentAccess;
@@ -56,6 +59,7 @@ private:
   OdString blockEditorName_;
   std::uint64_t savedAt_ = 0;
   std::uint64_t refreshCount_ = 0;
+  drawing::Report xrefReport_;
 };
 
 using MvsiApDocumentPtr = OdSmartPtr<MvsiApDocument>;
@@ -87,8 +91,9 @@ class MORVANE_API Documents {
 public:
   using Refresher = std::function<void(mvsi::MvsiApDocument&)>;
   using CurrentChanged = std::function<void(mvsi::MvsiApDocument*)>;
+  using XrefLoader = std::function<drawing::Report(OdDbDatabase&)>;
 
-  // Opens the drawing as the current document. Null for a null database.
+  // Opens the drawing as the current document, and the drawings that it refers to beside it. Null for a null database.
   mvsi::MvsiApDocument* open(OdDbDatabasePtr database, const OdString& fileName = OdString());
   // The document before it in the list, else the next, becomes current. False when it is not open.
   bool close(mvsi::MvsiApDocument* document);
@@ -106,6 +111,10 @@ public:
   bool refresh(mvsi::MvsiApDocument* document);
   void setCurrentChanged(CurrentChanged changed) { changed_ = std::move(changed); }
 
+  // Loads the external references of a drawing; empty: they stay as they are.
+  void setXrefLoader(XrefLoader loader) { loadXrefs_ = std::move(loader); }
+  void loadXrefs(mvsi::MvsiApDocument& document); // again, when files have changed
+
 private:
   void makeCurrent(mvsi::MvsiApDocument* document);
   std::vector<mvsi::MvsiApDocumentPtr> documents_;
@@ -113,6 +122,7 @@ private:
   std::optional<OdDbDatabasePtr> apart_; // set: this is the working database, null included
   Refresher refresher_;
   CurrentChanged changed_;
+  XrefLoader loadXrefs_;
 };
 
 } // namespace morvane

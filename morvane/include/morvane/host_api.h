@@ -11,6 +11,7 @@
 #include "morvane/result_codes.h"
 #include "morvane/selection.h"
 #include "morvane/services.h"
+#include "morvane/system_services.h"
 #include "morvane/variables.h"
 
 namespace mvsi {

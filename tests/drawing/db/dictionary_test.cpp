@@ -1,5 +1,6 @@
 // Dictionaries, lists of tagged values and extended data, in memory and through a file.
 #include "DbDictionary.h"
+#include "DbIdMapping.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
@@ -44,6 +45,51 @@ TEST(Dictionary, KeepsItsOrderThroughAFileAndEndsWithItsOwner) {
   expectUndoRestores(*database, [&] { forWrite<OdDbText>(text)->erase(); });
   EXPECT_TRUE(id.isErased());
   EXPECT_TRUE(entry.isErased());
+}
+
+// Large ones answer by an index; whatever changes the entries must change what it finds.
+TEST(Dictionary, LargeOnesFindWhatIsThereAfterEveryChange) {
+  constexpr int kMany = 40;
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  const auto root = forWrite<OdDbDictionary>(database->getNamedObjectsDictionaryId());
+  const auto many = forWrite<OdDbDictionary>(root->setAt(L"Many", OdDbDictionary::createObject().get()));
+  std::vector<OdDbObjectId> ids;
+  const auto name = [](int n) {
+    OdString text;
+    return text.format(L"Entry%d", n);
+  };
+  for (int n = 0; n < kMany; ++n) {
+    ids.push_back(many->setAt(name(n), OdDbXrecord::createObject().get()));
+    EXPECT_EQ(many->getAt(L"eNTRY0"), ids[0]);
+  }
+  const auto expectAll = [&](const OdDbDictionary& dictionary) {
+    for (int n = 0; n < kMany; ++n) {
+      EXPECT_EQ(dictionary.getAt(name(n)), ids[static_cast<std::size_t>(n)]) << n;
+      EXPECT_EQ(dictionary.nameAt(ids[static_cast<std::size_t>(n)]), name(n));
+    }
+  };
+  expectAll(*many);
+  database->startUndoRecord();
+  EXPECT_EQ(many->remove(name(3)), ids[3]);
+  EXPECT_TRUE(many->getAt(name(3)).isNull());
+  EXPECT_TRUE(many->nameAt(ids[3]).isEmpty());
+  EXPECT_EQ(many->getAt(name(4)), ids[4]);
+  const OdDbObjectId other = many->setAt(name(5), OdDbXrecord::createObject().get());
+  EXPECT_EQ(many->getAt(name(5)), other);
+  EXPECT_EQ(many->nameAt(other), name(5));
+  EXPECT_TRUE(many->nameAt(ids[5]).isEmpty());
+  forWrite<OdDbObject>(ids[6])->erase();
+  EXPECT_TRUE(many->getAt(name(6)).isNull());
+  ASSERT_EQ(database->undo(), eOk);
+  expectAll(*many);
+  const OdDbDatabasePtr target = OdDbDatabase::create();
+  OdDbIdMapping mapping;
+  OdDbObjectIdArray whole;
+  whole.append(many->objectId());
+  ASSERT_EQ(database->wblockCloneObjects(whole, target->getNamedObjectsDictionaryId(), mapping, OdDb::kDrcIgnore), eOk);
+  for (OdDbObjectId& id : ids)
+    id = mapping.valueOf(id);
+  expectAll(*forRead<OdDbDictionary>(mapping.valueOf(many->objectId())));
 }
 
 // Codes that mean something to the record itself (280) are data like any other behind its head.

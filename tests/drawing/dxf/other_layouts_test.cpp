@@ -40,6 +40,26 @@ TEST(OtherLayouts, CommonGroupsBehindALaterMarkerBelongToTheEntity) {
   expectRoundTrip(*database);
 }
 
+// Early files have no table of blocks, and what refers to a block may come before it.
+TEST(OtherLayouts, BlocksOfEarlyFilesStandInTheirOrderAndSpacesAreSpaces) {
+  const auto block = [](const std::string& name, const std::string& contents) {
+    return "0|BLOCK\n8|0\n2|" + name + "\n70|0\n10|0\n20|0\n30|0\n3|" + name + "\n" + contents + "0|ENDBLK\n";
+  };
+  const auto insert = [](const std::string& name) { return "0|INSERT\n8|0\n2|" + name + "\n10|0\n20|0\n30|0\n"; };
+  const std::string blocks = block("$MODEL_SPACE", "") + block("$PAPER_SPACE", "") +
+                             block("table", insert("lamp") + insert("chair")) + block("chair", "") +
+                             block("lamp", insert("bulb")) + block("bulb", "");
+  const OdDbDatabasePtr database =
+      readWhole(dxf(section("BLOCKS", blocks) + section("ENTITIES", insert("table")), "AC1009"));
+  std::string names;
+  const auto table = forRead<OdDbSymbolTable>(database->getBlockTableId());
+  for (auto walk = table->newIterator(); !walk->done(); walk->step())
+    names += walk->getRecord()->getName().toUtf8() + " ";
+  EXPECT_EQ(names, "*Model_Space *Paper_Space table chair lamp bulb ");
+  EXPECT_EQ(forRead<OdDbBlockTableRecord>(database->getModelSpaceId())->numMembers(), 1u);
+  expectRoundTrip(*database);
+}
+
 TEST(OtherLayouts, AnEntityWithoutLayerIsOnLayerZero) {
   const OdDbDatabasePtr database = readWhole(
       dxf(section("ENTITIES", "0|LINE\n5|A1\n100|AcDbEntity\n100|AcDbLine\n10|1\n20|2\n30|3\n11|4\n21|5\n31|6\n")));
@@ -59,17 +79,25 @@ TEST(OtherLayouts, ObjectsThatNameNoOwnerBelongToWhoListsThem) {
 TEST(OtherLayouts, AnArrayMayStandBehindTheMarkerOfAPlainReference) {
   const std::string blocks = "0|BLOCK\n100|AcDbEntity\n8|0\n100|AcDbBlockBegin\n2|chair\n70|0\n10|0\n20|0\n30|0\n"
                              "0|ENDBLK\n100|AcDbEntity\n8|0\n100|AcDbBlockEnd\n";
-  const std::string insert = "0|INSERT\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbBlockReference\n2|chair\n10|7\n20|8\n30|0\n"
-                             "41|2\n70|3\n71|4\n44|1.5\n45|2.5\n";
-  const ReadResult read = drawing::readDrawingFromMemory(dxf(section("BLOCKS", blocks) + section("ENTITIES", insert)));
-  ASSERT_FALSE(read.database.isNull()) << read.message;
-  const auto array = forRead<OdDbMInsertBlock>(read.database->getOdDbObjectId(0xA1));
-  EXPECT_FALSE(array->blockTableRecord().isNull());
-  EXPECT_EQ(array->position(), OdGePoint3d(7, 8, 0));
-  EXPECT_EQ(array->columns(), 3);
-  EXPECT_EQ(array->rows(), 4);
-  EXPECT_EQ(array->columnSpacing(), 1.5);
-  EXPECT_TRUE(contains(drawing::writeDrawingToMemory(*read.database), "100\nAcDbMInsertBlock\n  2\nchair\n 10\n7.0\n"));
+  for (const char* between : {"", "100|AcDbMInsertBlock\n"}) {
+    const std::string insert =
+        std::string("0|INSERT\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbBlockReference\n2|chair\n10|7\n"
+                    "20|8\n30|0\n41|2\n") +
+        between + "70|3\n71|4\n44|1.5\n45|2.5\n";
+    const ReadResult read =
+        drawing::readDrawingFromMemory(dxf(section("BLOCKS", blocks) + section("ENTITIES", insert)));
+    ASSERT_FALSE(read.database.isNull()) << read.message;
+    const auto array = forRead<OdDbMInsertBlock>(read.database->getOdDbObjectId(0xA1));
+    EXPECT_FALSE(array->blockTableRecord().isNull());
+    EXPECT_EQ(array->position(), OdGePoint3d(7, 8, 0));
+    EXPECT_EQ(array->columns(), 3);
+    EXPECT_EQ(array->rows(), 4);
+    EXPECT_EQ(array->columnSpacing(), 1.5);
+    const std::string written = drawing::writeDrawingToMemory(*read.database);
+    EXPECT_TRUE(contains(written, "100\nAcDbMInsertBlock\n  2\nchair\n 10\n7.0\n"));
+    EXPECT_EQ(written.find("AcDbMInsertBlock"), written.rfind("AcDbMInsertBlock"));
+    expectRoundTrip(*read.database);
+  }
 }
 
 TEST(OtherLayouts, AnAlignedTextAtTheOriginKeepsItsSecondPoint) {

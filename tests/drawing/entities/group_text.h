@@ -87,6 +87,8 @@ private:
         for (const drawing::Section* one : object.description().sections())
           section = one->marker == pair.text ? one : section;
         reader = section == nullptr ? nullptr : std::make_unique<drawing::SectionReader>(object, *section, context);
+        if (reader == nullptr)
+          context.append(object.extrasForLoad().carried, pair);
         continue;
       }
       embedded = embedded || pair.code == 101;

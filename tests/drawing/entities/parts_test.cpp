@@ -7,6 +7,7 @@
 #include "DbVertexPolylines.h"
 #include "DbViewport.h"
 #include "Ge/GeUtil.h"
+#include "drawing/entities/attribute_forms.h"
 #include "tests/drawing/entities/group_text.h"
 
 #include <gtest/gtest.h>
@@ -171,6 +172,39 @@ TEST_F(EntityParts, OlderMultiLineAttributeLivesInADictionary) {
   EXPECT_EQ(attribute->textString(), L"new");
   attribute->setMTextAttribute(nullptr);
   EXPECT_FALSE(attribute->isMTextAttribute());
+}
+
+// Written in the form of older files and read from it, the attribute answers the same text.
+TEST_F(EntityParts, MultiLineAttributeHasAFormForOlderFiles) {
+  const auto attribute = resident<OdDbAttribute>("ATTRIB", kMultiLine);
+  const auto form = drawing::attributeTextBefore2018(*attribute);
+  ASSERT_TRUE(form.has_value());
+  TextSink rest;
+  form->rest.writeTo(rest);
+  EXPECT_EQ(rest.text.find("101 "), std::string::npos);
+  const auto older = resident<OdDbAttribute>("ATTRIB", "100 AcDbText|10 1|20 2|30 0|40 2|100 AcDbAttribute|2 TAG|70 0");
+  EXPECT_FALSE(drawing::attributeTextBefore2018(*older).has_value());
+  OdDbDictionaryPtr dictionary = older->createExtensionDictionary().safeOpenObject(OdDb::kForWrite);
+  OdDbXrecordPtr record = OdDbXrecord::createObject();
+  record->groupsForWrite() = form->record;
+  dictionary->setAt(drawing::kAttributeTextRecord, record.get());
+  ASSERT_TRUE(older->isMTextAttribute());
+  EXPECT_EQ(written(*older->getMTextAttribute()), written(*attribute->getMTextAttribute()));
+}
+
+TEST_F(EntityParts, TextTurnsByDegreesAndByQuarterTurnsInRadians) {
+  const std::pair<const char*, double> kTurns[] = {{"0", 0},
+                                                   {"30", OdaPI / 6},
+                                                   {"6.283", OdaToRadian(6.283)},
+                                                   {"6.2831853071795862", 0},
+                                                   {"90", OdaPI / 2},
+                                                   {"1.5707963267948966", OdaPI / 2}};
+  for (const auto& [angle, turn] : kTurns) {
+    const OdSmartPtr<OdDbMText> text =
+        loader.load("MTEXT", std::string("100 AcDbMText|10 1|20 2|30 3|40 2.5|41 40|71 5|72 1|1 x|50 ") + angle);
+    const OdGeVector3d wanted(std::cos(turn), std::sin(turn), 0);
+    EXPECT_TRUE(text->direction().isEqualTo(wanted, OdGeTol(1e-12))) << angle;
+  }
 }
 
 TEST_F(EntityParts, AttributeTakesTheDefinitionsMultiLineText) {

@@ -1,0 +1,62 @@
+#include "console/report/report_json.h"
+#include "console/report/report_table.h"
+#include "console/verbs/job.h"
+#include "console/verbs/verb.h"
+
+#include <CLI/CLI.hpp>
+
+namespace console::verbs {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+class Report : public Verb {
+public:
+  void describe(CLI::App& program) override {
+    verb_ = program.add_subcommand("report", "Tell what a drawing holds: its blocks, how often they are shown");
+    verb_->add_option("FILE", file_, "Drawing to read")->required();
+    verb_->add_flag("--json", json_, "As one JSON object");
+    verb_->add_flag("--all", all_, "Spaces, anonymous blocks and those of external references as well");
+  }
+  bool isChosen() const override { return verb_->parsed(); }
+  void check() override {}
+  Status run(const SessionOptions& settings) override;
+
+private:
+  void printJson(Session& session, const std::optional<report::DrawingReport>& made) const;
+
+  CLI::App* verb_ = nullptr;
+  std::string file_;
+  bool json_ = false;
+  bool all_ = false;
+};
+
+Status Report::run(const SessionOptions& settings) {
+  Session session(settings);
+  std::optional<report::DrawingReport> made;
+  session.attempt("report", Command::Kind::Looks, [&] {
+    openDrawing(session, file_);
+    made = report::reportOf(session.database());
+  });
+  if (json_)
+    printJson(session, made);
+  else if (made)
+    session.printReport(report::tableText(*made, all_));
+  return session.status();
+}
+
+void Report::printJson(Session& session, const std::optional<report::DrawingReport>& made) const {
+  Json report = {{"version", 1}, {"file", file_}, {"status", static_cast<int>(session.status())}};
+  report.update(made ? report::toJson(*made, all_) : report::emptyJson());
+  report["issues"] = report::issuesJson(session.issues());
+  report["error"] = made ? Json() : Json(session.said().back().shown().toUtf8Lossless());
+  session.printReport(report::jsonText(report));
+}
+
+} // namespace
+
+std::unique_ptr<Verb> reportVerb() {
+  return std::make_unique<Report>();
+}
+
+} // namespace console::verbs

@@ -1,0 +1,62 @@
+#include "DbModelerGeometry.h"
+
+#include "db/body_records.h"
+#include "db/store.h"
+#include "entities/kept_groups.h"
+
+ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbModelerGeometry, OdDbEntity);
+
+#define MVDB_DEFINE_MODELER_KIND(Class, Base, dxfName)                                                                 \
+  ODDB_DEFINE_MEMBERS(Class, Base, dxfName);                                                                           \
+  const drawing::Description& Class::ownDescription() {                                                                \
+    return modelerDescription();                                                                                       \
+  }                                                                                                                    \
+  static_assert(true)
+
+MVDB_DEFINE_MODELER_KIND(OdDb3dSolid, OdDbModelerGeometry, "3DSOLID");
+MVDB_DEFINE_MODELER_KIND(OdDbRegion, OdDbModelerGeometry, "REGION");
+MVDB_DEFINE_MODELER_KIND(OdDbBody, OdDbModelerGeometry, "BODY");
+MVDB_DEFINE_MODELER_KIND(OdDbSurface, OdDbModelerGeometry, "SURFACE");
+MVDB_DEFINE_MODELER_KIND(OdDbExtrudedSurface, OdDbSurface, "EXTRUDEDSURFACE");
+MVDB_DEFINE_MODELER_KIND(OdDbLoftedSurface, OdDbSurface, "LOFTEDSURFACE");
+MVDB_DEFINE_MODELER_KIND(OdDbPlaneSurface, OdDbSurface, "PLANESURFACE");
+MVDB_DEFINE_MODELER_KIND(OdDbRevolvedSurface, OdDbSurface, "REVOLVEDSURFACE");
+MVDB_DEFINE_MODELER_KIND(OdDbSweptSurface, OdDbSurface, "SWEPTSURFACE");
+MVDB_DEFINE_MODELER_KIND(OdDbNurbSurface, OdDbSurface, "NURBSURFACE");
+
+const drawing::Description& OdDbModelerGeometry::modelerDescription() {
+  static const drawing::Description description(
+      &OdDbEntity::ownDescription(), {drawing::keptSection<&OdDbModelerGeometry::groups_>("AcDbModelerGeometry")});
+  return description;
+}
+
+void OdDbModelerGeometry::visitReferences(drawing::ReferenceVisitor& visitor) {
+  OdDbEntity::visitReferences(visitor);
+  drawing::db::visitGroups(groups_, visitor);
+}
+
+void OdDbModelerGeometry::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
+  OdDbEntity::afterClone(source, mapping);
+  drawing::db::copyBodyRecords(source, *this);
+}
+
+bool OdDbModelerGeometry::hasTextBody() const {
+  return groups_.find(1) < groups_.size();
+}
+
+// Lines that are too long for one group go on under the code of continuations.
+std::string OdDbModelerGeometry::textBody() const {
+  std::string text;
+  for (std::size_t i = 0; i < groups_.size(); ++i) {
+    if (groups_[i].kind != drawing::GroupKind::Text || (groups_[i].code != 1 && groups_[i].code != 3))
+      continue;
+    if (groups_[i].code == 1 && !text.empty())
+      text += '\n';
+    text += groups_.textOf(groups_[i]);
+  }
+  return text.empty() ? text : text + '\n';
+}
+
+OdResult OdDbModelerGeometry::subTransformBy(const OdGeMatrix3d& matrix) {
+  return drawing::isIdentity(matrix) ? eOk : eCannotTransform;
+}

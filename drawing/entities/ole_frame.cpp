@@ -1,0 +1,45 @@
+#include "DbOle2Frame.h"
+
+#include "entities/kept_groups.h"
+
+ODDB_DEFINE_MEMBERS(OdDbOleFrame, OdDbEntity, "OLEFRAME");
+ODDB_DEFINE_MEMBERS(OdDbOle2Frame, OdDbOleFrame, "OLE2FRAME");
+
+const drawing::Description& OdDbOleFrame::ownDescription() {
+  static const drawing::Description description(&OdDbEntity::ownDescription(),
+                                                {drawing::keptSection<&OdDbOleFrame::groups_>("AcDbOleFrame")});
+  return description;
+}
+
+const drawing::Description& OdDbOle2Frame::ownDescription() {
+  static const drawing::Description description(&OdDbEntity::ownDescription(),
+                                                {drawing::keptSection<&OdDbOle2Frame::groups_>("AcDbOle2Frame")});
+  return description;
+}
+
+std::string OdDbOleFrame::getOleObject() const {
+  std::string bytes;
+  for (std::size_t i = groups_.find(310); i < groups_.size(); i = groups_.find(310, i + 1))
+    bytes += groups_.textOf(groups_[i]);
+  return bytes;
+}
+
+OdResult OdDbOleFrame::subTransformBy(const OdGeMatrix3d& matrix) {
+  return drawing::isIdentity(matrix) ? eOk : eCannotTransform;
+}
+
+OdString OdDbOle2Frame::getUserType() const {
+  return drawing::keptText(groups_, 3);
+}
+OdGePoint3d OdDbOle2Frame::upperLeft() const {
+  return drawing::keptPoint(groups_, 10);
+}
+OdGePoint3d OdDbOle2Frame::lowerRight() const {
+  return drawing::keptPoint(groups_, 11);
+}
+
+OdResult OdDbOle2Frame::getGeomExtents(OdGeExtents3d& extents) const {
+  extents.addPoint(upperLeft());
+  extents.addPoint(lowerRight());
+  return eOk;
+}

@@ -1,0 +1,54 @@
+#include "DbProxyEntity.h"
+
+#include "db/store.h"
+#include "entities/kept_groups.h"
+
+ODDB_DEFINE_MEMBERS(OdDbProxyEntity, OdDbEntity, "ACAD_PROXY_ENTITY");
+ODDB_DEFINE_MEMBERS(OdDbProxyObject, OdDbObject, "ACAD_PROXY_OBJECT");
+
+namespace {
+
+constexpr int kClassId = 91;
+
+drawing::Section proxySection(drawing::Section section, const char* earlierMarker) {
+  section.alias = earlierMarker;
+  return section;
+}
+
+} // namespace
+
+const drawing::Description& OdDbProxyEntity::ownDescription() {
+  static const drawing::Description description(
+      &OdDbEntity::ownDescription(),
+      {proxySection(drawing::keptSection<&OdDbProxyEntity::groups_>("AcDbProxyEntity"), "AcDbZombieEntity")});
+  return description;
+}
+
+const drawing::Description& OdDbProxyObject::ownDescription() {
+  static const drawing::Description description(
+      &OdDbObject::ownDescription(),
+      {proxySection(drawing::keptSection<&OdDbProxyObject::groups_>("AcDbProxyObject"), "AcDbZombieObject")});
+  return description;
+}
+
+void OdDbProxyEntity::visitReferences(drawing::ReferenceVisitor& visitor) {
+  OdDbEntity::visitReferences(visitor);
+  drawing::db::visitGroups(groups_, visitor);
+}
+
+void OdDbProxyObject::visitReferences(drawing::ReferenceVisitor& visitor) {
+  OdDbObject::visitReferences(visitor);
+  drawing::db::visitGroups(groups_, visitor);
+}
+
+std::int32_t OdDbProxyEntity::applicationClassId() const {
+  return static_cast<std::int32_t>(drawing::keptInteger(groups_, kClassId));
+}
+
+std::int32_t OdDbProxyObject::applicationClassId() const {
+  return static_cast<std::int32_t>(drawing::keptInteger(groups_, kClassId));
+}
+
+OdResult OdDbProxyEntity::subTransformBy(const OdGeMatrix3d& matrix) {
+  return drawing::isIdentity(matrix) ? eOk : eCannotTransform;
+}

@@ -1,0 +1,48 @@
+#include "DbShape.h"
+
+#include "db/setters.h"
+#include "entities/text_frame.h"
+#include "entities/transforms.h"
+
+using drawing::field;
+
+ODDB_DEFINE_MEMBERS(OdDbShape, OdDbEntity, "SHAPE");
+
+const drawing::Description& OdDbShape::ownDescription() {
+  using Self = OdDbShape;
+  static const drawing::Description description(
+      &OdDbEntity::ownDescription(),
+      {{"AcDbShape",
+        {field<&Self::thickness_>(39).unless(0), field<&Self::position_>(10), field<&Self::size_>(40),
+         field<&Self::name_>(2), field<&Self::rotation_>(50).angle().unless(0),
+         field<&Self::widthFactor_>(41).unless(1), field<&Self::oblique_>(51).angle().unless(0),
+         field<&Self::normal_>(210).unless(0, 0, 1)}}});
+  return description;
+}
+
+MVDB_SETTER(OdDbShape, setName, const OdString&, name_)
+MVDB_SETTER(OdDbShape, setPosition, const OdGePoint3d&, position_)
+MVDB_SETTER(OdDbShape, setSize, double, size_)
+MVDB_SETTER(OdDbShape, setRotation, double, rotation_)
+
+OdResult OdDbShape::subTransformBy(const OdGeMatrix3d& matrix) {
+  const drawing::PlaneMap map(matrix, normal_);
+  drawing::TextFrame frame{rotation_, size_, widthFactor_, oblique_, normal_};
+  if (!map.takesThickness(thickness_) || !frame.transform(matrix))
+    return eCannotTransform;
+  // A mirror turns the normal over, and what stands on the plane stands below it then.
+  const bool over = map.isMirrored();
+  thickness_ *= over ? -map.thicknessScale() : map.thicknessScale();
+  position_ = matrix * position_;
+  rotation_ = frame.rotation;
+  size_ = frame.height;
+  widthFactor_ = frame.widthFactor;
+  oblique_ = frame.oblique;
+  normal_ = frame.normal;
+  return eOk;
+}
+
+OdResult OdDbShape::getGeomExtents(OdGeExtents3d& extents) const {
+  extents.addPoint(position_);
+  return eOk;
+}

@@ -1,0 +1,38 @@
+#include "DbSubDMesh.h"
+
+#include "entities/kept_groups.h"
+
+ODDB_DEFINE_MEMBERS(OdDbSubDMesh, OdDbEntity, "MESH");
+
+const drawing::Description& OdDbSubDMesh::ownDescription() {
+  static const drawing::Description description(&OdDbEntity::ownDescription(),
+                                                {drawing::keptSection<&OdDbSubDMesh::groups_>("AcDbSubDMesh")});
+  return description;
+}
+
+std::vector<OdGePoint3d> OdDbSubDMesh::vertices() const {
+  std::vector<OdGePoint3d> points;
+  OdGePoint3d point;
+  for (std::size_t i = groups_.find(10); i < groups_.size(); i = groups_.find(10, i + 1)) {
+    if (drawing::tripleAt(groups_, i, point))
+      points.push_back(point);
+  }
+  return points;
+}
+
+int OdDbSubDMesh::subdivisionLevel() const {
+  return static_cast<int>(drawing::keptInteger(groups_, 91));
+}
+
+OdResult OdDbSubDMesh::subTransformBy(const OdGeMatrix3d& matrix) {
+  static constexpr drawing::Measured kPlaces[] = {{10, drawing::Measure::Point}};
+  drawing::moveKeptGroups(groups_, 0, groups_.size(), kPlaces, matrix, 1);
+  return eOk;
+}
+
+OdResult OdDbSubDMesh::getGeomExtents(OdGeExtents3d& extents) const {
+  const std::vector<OdGePoint3d> points = vertices();
+  for (const OdGePoint3d& point : points)
+    extents.addPoint(point);
+  return points.empty() ? eNotApplicable : eOk;
+}

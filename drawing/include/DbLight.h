@@ -1,0 +1,50 @@
+// Lights.
+#pragma once
+
+#include "DbEntity.h"
+#include "Ge/GeVector3d.h"
+
+class MVDRAWING_API OdDbLight : public OdDbEntity {
+public:
+  ODDB_DECLARE_MEMBERS(OdDbLight);
+  OdDbLight() = default;
+  enum LightType : std::int16_t { kDistantLight = 1, kPointLight = 2, kSpotLight = 3 };
+
+  const OdString& name() const { return name_; }
+  void setName(const OdString& value);
+  LightType lightType() const { return static_cast<LightType>(type_); }
+  bool isOn() const { return on_; }
+  void setOn(bool value);
+  double intensity() const { return intensity_; }
+  void setIntensity(double value);
+  OdGePoint3d position() const { return position_; } // world coordinates
+  void setPosition(const OdGePoint3d& value);
+  OdGePoint3d targetLocation() const { return target_; }
+  void setTargetLocation(const OdGePoint3d& value);
+  double hotspotAngle() const { return hotspot_; } // radians
+  double falloffAngle() const { return falloff_; }
+  OdResult getGeomExtents(OdGeExtents3d& extents) const override; // position, and the target of a spot
+
+protected:
+  // Takes matrices that keep shapes. How far it reaches grows along.
+  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+
+private:
+  std::int32_t version_ = 1;
+  OdString name_;
+  std::int16_t type_ = kPointLight;
+  bool on_ = true;
+  std::int16_t color_ = 256;
+  std::int32_t trueColor_ = -1;
+  bool plotGlyph_ = false;
+  double intensity_ = 1;
+  OdGePoint3d position_, target_;
+  std::int16_t attenuation_ = 0;
+  bool useLimits_ = false;
+  double attenuationStart_ = 1, attenuationEnd_ = 10;
+  double hotspot_ = 0, falloff_ = 0;
+  bool castShadows_ = true;
+  std::int16_t shadowType_ = 0, shadowSoftness_ = 1;
+  std::int32_t shadowMapSize_ = 256;
+};
+using OdDbLightPtr = OdSmartPtr<OdDbLight>;

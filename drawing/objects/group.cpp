@@ -1,0 +1,83 @@
+#include "DbGroup.h"
+
+#include "DbDictionary.h"
+#include "db/load_context.h"
+#include "db/setters.h"
+#include "db/store.h"
+
+#include <algorithm>
+
+using drawing::field;
+using drawing::db::peekAs;
+
+ODDB_DEFINE_MEMBERS(OdDbGroup, OdDbObject, "GROUP");
+
+const drawing::Description& OdDbGroup::ownDescription() {
+  using Self = OdDbGroup;
+  static const drawing::Description description(
+      &OdDbObject::ownDescription(),
+      {{"AcDbGroup",
+        {field<&Self::description_>(300), field<&Self::unnamed_>(70), field<&Self::selectable_>(71)},
+        readGroup,
+        writeGroups}});
+  return description;
+}
+
+bool OdDbGroup::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
+  if (pair.code != 340)
+    return false;
+  static_cast<OdDbGroup&>(object).members_.push_back(context.reference(pair));
+  return true;
+}
+
+void OdDbGroup::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) {
+  for (OdDbObjectId id : static_cast<const OdDbGroup&>(object).allEntityIds())
+    sink.reference(340, id);
+}
+
+MVDB_SETTER(OdDbGroup, setDescription, const OdString&, description_)
+MVDB_SETTER(OdDbGroup, setAnonymous, bool, unnamed_)
+MVDB_SETTER(OdDbGroup, setSelectable, bool, selectable_)
+
+OdString OdDbGroup::getName() const {
+  const auto* dictionary = peekAs<OdDbDictionary>(ownerId());
+  return dictionary == nullptr ? OdString() : dictionary->nameAt(objectId());
+}
+
+std::vector<OdDbObjectId> OdDbGroup::allEntityIds() const {
+  std::vector<OdDbObjectId> living;
+  std::copy_if(members_.begin(), members_.end(), std::back_inserter(living),
+               [](OdDbObjectId id) { return drawing::db::lives(id); });
+  return living;
+}
+
+bool OdDbGroup::has(OdDbObjectId entity) const {
+  return drawing::db::lives(entity) && std::find(members_.begin(), members_.end(), entity) != members_.end();
+}
+
+void OdDbGroup::append(OdDbObjectId entity) {
+  assertWriteEnabled();
+  OdDbObject* object = drawing::db::peek(entity);
+  if (object == nullptr)
+    throw OdError(eNullObjectId);
+  if (std::find(members_.begin(), members_.end(), entity) == members_.end())
+    members_.push_back(entity);
+  object->addPersistentReactor(objectId());
+}
+
+void OdDbGroup::remove(OdDbObjectId entity) {
+  assertWriteEnabled();
+  members_.erase(std::remove(members_.begin(), members_.end(), entity), members_.end());
+}
+
+void OdDbGroup::visitReferences(drawing::ReferenceVisitor& visitor) {
+  OdDbObject::visitReferences(visitor);
+  for (OdDbObjectId& id : members_)
+    visitor.visit(id, OdDb::kHardPointerRef);
+}
+
+// Members that did not come along are none of the copy's.
+void OdDbGroup::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
+  OdDbObject::afterClone(source, mapping);
+  members_.erase(std::remove(members_.begin(), members_.end(), OdDbObjectId()), members_.end());
+}

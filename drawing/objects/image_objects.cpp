@@ -1,0 +1,82 @@
+#include "DbImageObjects.h"
+
+#include "db/setters.h"
+
+using drawing::field;
+
+ODDB_DEFINE_MEMBERS(OdDbRasterImageDef, OdDbObject, "IMAGEDEF");
+ODDB_DEFINE_MEMBERS(OdDbRasterImageDefReactor, OdDbObject, "IMAGEDEF_REACTOR");
+ODDB_DEFINE_MEMBERS(OdDbRasterVariables, OdDbObject, "RASTERVARIABLES");
+ODDB_DEFINE_MEMBERS(OdDbWipeoutVariables, OdDbObject, "WIPEOUTVARIABLES");
+ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbUnderlayDefinition, OdDbObject);
+ODDB_DEFINE_MEMBERS(OdDbPdfDefinition, OdDbUnderlayDefinition, "PDFDEFINITION");
+ODDB_DEFINE_MEMBERS(OdDbDwfDefinition, OdDbUnderlayDefinition, "DWFDEFINITION");
+ODDB_DEFINE_MEMBERS(OdDbDgnDefinition, OdDbUnderlayDefinition, "DGNDEFINITION");
+ODDB_DEFINE_MEMBERS(OdDbPlaceHolder, OdDbObject, "ACDBPLACEHOLDER");
+
+const drawing::Description& OdDbRasterImageDef::ownDescription() {
+  using Self = OdDbRasterImageDef;
+  static const drawing::Description description(
+      &OdDbObject::ownDescription(),
+      {{"AcDbRasterImageDef",
+        {field<&Self::version_>(90), field<&Self::file_>(1), field<&Self::size_>(10), field<&Self::pixelSize_>(11),
+         field<&Self::loaded_>(280), field<&Self::units_>(281)}}});
+  return description;
+}
+
+const drawing::Description& OdDbRasterImageDefReactor::ownDescription() {
+  using Self = OdDbRasterImageDefReactor;
+  static const drawing::Description description(
+      &OdDbObject::ownDescription(),
+      {{"AcDbRasterImageDefReactor",
+        {field<&Self::version_>(90), field<&Self::image_>(330).ref(OdDb::kSoftPointerRef)}}});
+  return description;
+}
+
+const drawing::Description& OdDbRasterVariables::ownDescription() {
+  using Self = OdDbRasterVariables;
+  static const drawing::Description description(
+      &OdDbObject::ownDescription(),
+      {{"AcDbRasterVariables",
+        {field<&Self::version_>(90), field<&Self::frame_>(70), field<&Self::quality_>(71), field<&Self::units_>(72)}}});
+  return description;
+}
+
+const drawing::Description& OdDbWipeoutVariables::ownDescription() {
+  static const drawing::Description description(&OdDbObject::ownDescription(),
+                                                {{"AcDbWipeoutVariables", {field<&OdDbWipeoutVariables::frame_>(70)}}});
+  return description;
+}
+
+const drawing::Description& OdDbUnderlayDefinition::definitionDescription() {
+  using Self = OdDbUnderlayDefinition;
+  static const drawing::Description description(
+      &OdDbObject::ownDescription(), {{"AcDbUnderlayDefinition", {field<&Self::file_>(1), field<&Self::item_>(2)}}});
+  return description;
+}
+
+const drawing::Description& OdDbPdfDefinition::ownDescription() {
+  return definitionDescription();
+}
+const drawing::Description& OdDbDwfDefinition::ownDescription() {
+  return definitionDescription();
+}
+const drawing::Description& OdDbDgnDefinition::ownDescription() {
+  return definitionDescription();
+}
+const drawing::Description& OdDbPlaceHolder::ownDescription() {
+  return OdDbObject::ownDescription();
+}
+
+MVDB_SETTER(OdDbRasterImageDef, setSourceFileName, const OdString&, file_)
+MVDB_SETTER(OdDbUnderlayDefinition, setSourceFileName, const OdString&, file_)
+
+void OdDbRasterVariables::setImageFrame(bool shown) {
+  assertWriteEnabled();
+  frame_ = shown ? 1 : 0;
+}
+
+void OdDbWipeoutVariables::setShowFrame(bool shown) {
+  assertWriteEnabled();
+  frame_ = shown ? 1 : 0;
+}

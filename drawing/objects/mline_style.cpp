@@ -1,0 +1,65 @@
+#include "DbStyles.h"
+#include "DbSymbolRecords.h"
+#include "db/load_context.h"
+#include "db/setters.h"
+#include "entities/group_lists.h"
+
+using drawing::field;
+
+ODDB_DEFINE_MEMBERS(OdDbMlineStyle, OdDbObject, "MLINESTYLE");
+
+const drawing::Description& OdDbMlineStyle::ownDescription() {
+  using Self = OdDbMlineStyle;
+  static const drawing::Description description(
+      &OdDbObject::ownDescription(),
+      {{"AcDbMlineStyle",
+        {field<&Self::name_>(2), field<&Self::flags_>(70), field<&Self::description_>(3), field<&Self::fillColor_>(62),
+         field<&Self::startAngle_>(51).angle(), field<&Self::endAngle_>(52).angle()},
+        readGroup,
+        writeGroups}});
+  return description;
+}
+
+// Colours that stand behind an offset are the stroke's.
+bool OdDbMlineStyle::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
+  auto& style = static_cast<OdDbMlineStyle&>(object);
+  auto& elements = style.elements_;
+  if (pair.code == 71)
+    return true; // the count
+  if (pair.code == 49) {
+    elements.emplace_back();
+    return drawing::takeReal(elements.back().offset, pair, context);
+  }
+  if (pair.code == 420)
+    return drawing::takeInteger(elements.empty() ? style.fillTrueColor_ : elements.back().color.trueColor, pair,
+                                context);
+  if (elements.empty())
+    return false;
+  if (pair.code == 62)
+    return drawing::takeInteger(elements.back().color.index, pair, context);
+  if (pair.code == 6)
+    elements.back().linetype = context.symbol(OdDb::kLinetypeTable, pair);
+  return pair.code == 6;
+}
+
+void OdDbMlineStyle::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) {
+  const auto& style = static_cast<const OdDbMlineStyle&>(object);
+  if (style.fillTrueColor_ != OdCmColor::kNoTrueColor)
+    sink.integer(420, style.fillTrueColor_);
+  sink.integer(71, static_cast<std::int64_t>(style.elements_.size()));
+  for (const Element& element : style.elements_) {
+    sink.real(49, element.offset);
+    sink.integer(62, element.color.index);
+    if (element.color.trueColor != OdCmColor::kNoTrueColor)
+      sink.integer(420, element.color.trueColor);
+    sink.text(6, element.linetype.isNull() ? OdString(L"BYLAYER") : drawing::symbolName(element.linetype));
+  }
+}
+
+MVDB_SETTER(OdDbMlineStyle, setDescription, const OdString&, description_)
+
+void OdDbMlineStyle::visitReferences(drawing::ReferenceVisitor& visitor) {
+  OdDbObject::visitReferences(visitor);
+  for (Element& element : elements_)
+    visitor.visit(element.linetype, OdDb::kHardPointerRef);
+}

@@ -1,0 +1,175 @@
+#include "DbDictionary.h"
+#include "DbStyles.h"
+#include "db/setters.h"
+#include "db/store.h"
+#include "entities/kept_groups.h"
+
+using drawing::field;
+using drawing::GroupKind;
+
+ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbKeptStyle, OdDbObject);
+ODDB_DEFINE_MEMBERS(OdDbMLeaderStyle, OdDbKeptStyle, "MLEADERSTYLE");
+ODDB_DEFINE_MEMBERS(OdDbTableStyle, OdDbKeptStyle, "TABLESTYLE");
+ODDB_DEFINE_MEMBERS(OdDbVisualStyle, OdDbKeptStyle, "VISUALSTYLE");
+ODDB_DEFINE_MEMBERS(OdDbMaterial, OdDbObject, "MATERIAL");
+
+const drawing::Description& OdDbMLeaderStyle::ownDescription() {
+  static const drawing::Description description(&OdDbObject::ownDescription(),
+                                                {drawing::keptSection<&OdDbMLeaderStyle::groups_>("AcDbMLeaderStyle")});
+  return description;
+}
+
+const drawing::Description& OdDbTableStyle::ownDescription() {
+  static const drawing::Description description(&OdDbObject::ownDescription(),
+                                                {drawing::keptSection<&OdDbTableStyle::groups_>("AcDbTableStyle")});
+  return description;
+}
+
+const drawing::Description& OdDbVisualStyle::ownDescription() {
+  static const drawing::Description description(&OdDbObject::ownDescription(),
+                                                {drawing::keptSection<&OdDbVisualStyle::groups_>("AcDbVisualStyle")});
+  return description;
+}
+
+const drawing::Description& OdDbMaterial::ownDescription() {
+  using Self = OdDbMaterial;
+  static const drawing::Description description(
+      &OdDbObject::ownDescription(), {{"AcDbMaterial", {field<&Self::name_>(1), field<&Self::description_>(2)}}});
+  return description;
+}
+
+OdString OdDbKeptStyle::getName() const {
+  const auto* dictionary = drawing::db::peekAs<OdDbDictionary>(ownerId());
+  return dictionary == nullptr ? OdString() : dictionary->nameAt(objectId());
+}
+
+void OdDbKeptStyle::visitReferences(drawing::ReferenceVisitor& visitor) {
+  OdDbObject::visitReferences(visitor);
+  drawing::db::visitGroups(groups_, visitor);
+}
+
+void OdDbKeptStyle::putReal(int code, double value) {
+  assertWriteEnabled();
+  const std::size_t i = groups_.find(code);
+  if (i < groups_.size())
+    groups_.setReal(i, value);
+  else
+    groups_.real(code, value);
+}
+
+void OdDbKeptStyle::putReference(int code, OdDbObjectId value) {
+  assertWriteEnabled();
+  const std::size_t i = groups_.find(code);
+  if (i < groups_.size())
+    groups_.setId(i, value);
+  else
+    groups_.reference(code, value);
+}
+
+OdString OdDbMLeaderStyle::getDescription() const {
+  return drawing::keptText(groups_, 3);
+}
+std::int16_t OdDbMLeaderStyle::contentType() const {
+  return static_cast<std::int16_t>(drawing::keptInteger(groups_, 170, 2));
+}
+double OdDbMLeaderStyle::scale() const {
+  return drawing::keptReal(groups_, 142, 1);
+}
+void OdDbMLeaderStyle::setScale(double value) {
+  putReal(142, value);
+}
+double OdDbMLeaderStyle::textHeight() const {
+  return drawing::keptReal(groups_, 45);
+}
+void OdDbMLeaderStyle::setTextHeight(double value) {
+  putReal(45, value);
+}
+double OdDbMLeaderStyle::arrowSize() const {
+  return drawing::keptReal(groups_, 44);
+}
+void OdDbMLeaderStyle::setArrowSize(double value) {
+  putReal(44, value);
+}
+double OdDbMLeaderStyle::landingGap() const {
+  return drawing::keptReal(groups_, 42);
+}
+double OdDbMLeaderStyle::doglegLength() const {
+  return drawing::keptReal(groups_, 43);
+}
+OdDbObjectId OdDbMLeaderStyle::textStyleId() const {
+  return drawing::keptReference(groups_, 342);
+}
+void OdDbMLeaderStyle::setTextStyleId(OdDbObjectId value) {
+  putReference(342, value);
+}
+OdDbObjectId OdDbMLeaderStyle::leaderLineTypeId() const {
+  return drawing::keptReference(groups_, 340);
+}
+OdDbObjectId OdDbMLeaderStyle::arrowSymbolId() const {
+  return drawing::keptReference(groups_, 341);
+}
+OdDbObjectId OdDbMLeaderStyle::blockId() const {
+  return drawing::keptReference(groups_, 343);
+}
+OdString OdDbMLeaderStyle::defaultMText() const {
+  return drawing::keptText(groups_, 300);
+}
+
+OdString OdDbTableStyle::getDescription() const {
+  return drawing::keptText(groups_, 3);
+}
+bool OdDbTableStyle::isFlowUp() const {
+  return drawing::keptInteger(groups_, 70) != 0;
+}
+double OdDbTableStyle::horzCellMargin() const {
+  return drawing::keptReal(groups_, 40);
+}
+double OdDbTableStyle::vertCellMargin() const {
+  return drawing::keptReal(groups_, 41);
+}
+
+namespace {
+
+// The group of that code behind the first margin; two of its flags have codes that stand before it too.
+std::size_t behindMargins(const drawing::GroupList& groups, int code) {
+  return groups.find(code, std::min(groups.find(41), groups.size()));
+}
+
+// Where what is told of a kind of rows begins: each begins with its text style.
+std::size_t rowStart(const drawing::GroupList& groups, unsigned row) {
+  std::size_t i = groups.find(7);
+  for (; row > 0 && i < groups.size(); --row)
+    i = groups.find(7, i + 1);
+  return i;
+}
+
+} // namespace
+
+bool OdDbTableStyle::isTitleSuppressed() const {
+  const std::size_t i = behindMargins(groups_, 280);
+  return i < groups_.size() && groups_[i].integer != 0;
+}
+bool OdDbTableStyle::isHeaderSuppressed() const {
+  const std::size_t i = behindMargins(groups_, 281);
+  return i < groups_.size() && groups_[i].integer != 0;
+}
+double OdDbTableStyle::textHeight(RowType row) const {
+  const std::size_t i = groups_.find(140, rowStart(groups_, row));
+  return i < groups_.size() && groups_[i].kind == GroupKind::Real ? groups_[i].real : 0;
+}
+OdString OdDbTableStyle::textStyleName(RowType row) const {
+  const std::size_t i = rowStart(groups_, row);
+  return i < groups_.size() ? groups_.stringOf(groups_[i]) : OdString();
+}
+
+OdString OdDbVisualStyle::getDescription() const {
+  return drawing::keptText(groups_, 2);
+}
+std::int16_t OdDbVisualStyle::type() const {
+  return static_cast<std::int16_t>(drawing::keptInteger(groups_, 70));
+}
+bool OdDbVisualStyle::isInternalUseOnly() const {
+  return drawing::keptInteger(groups_, 291) != 0;
+}
+
+MVDB_SETTER(OdDbMaterial, setDescription, const OdString&, description_)

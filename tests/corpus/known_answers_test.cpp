@@ -1,0 +1,239 @@
+// What other programs say of real drawings, and the report says the same: every value that both hold. The answers lie
+// beside the drawings, one JSON file each; two tables map their names to those of the report.
+#include "console/report/report_json.h"
+
+#include "DbDxf.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <set>
+
+namespace {
+
+namespace fs = std::filesystem;
+using Json = nlohmann::ordered_json;
+using Pointer = Json::json_pointer;
+
+struct Same {
+  const char* answer;
+  const char* report;
+};
+
+constexpr Same kHeader[] = {
+    {"/raw_scan/version", "/header/acadver"},  {"/header/$DWGCODEPAGE", "/header/codepage"},
+    {"/header/$INSUNITS", "/header/insunits"}, {"/header/$MEASUREMENT", "/header/measurement"},
+    {"/header/$INSBASE", "/header/insbase"},   {"/header/$CLAYER", "/header/clayer"},
+};
+constexpr Same kLayer[] = {
+    {"/locked", "/locked"}, {"/frozen", "/frozen"}, {"/off", "/off"}, {"/color", "/color"}, {"/linetype", "/linetype"},
+};
+constexpr Same kBlock[] = {
+    {"/flags/anonymous", "/anonymous"},
+    {"/base_point", "/base"},
+    {"/description", "/description"},
+    {"/record_units", "/units"},
+    {"/record_explode", "/explodable"},
+    {"/record_scale", "/uniform"},
+    {"/by_type", "/entities"},
+    {"/references/total", "/references"},
+    {"/tree_depth", "/depth"},
+    {"/dynamic_true_name/0", "/true_name"},
+    {"/flags/xref_overlay", "/xref/overlay"},
+    {"/flags/resolved", "/xref/resolved"},
+};
+constexpr Same kAttribute[] = {
+    {"/tag", "/tag"},
+    {"/prompt", "/prompt"},
+    {"/default", "/default"},
+    {"/flags/constant", "/constant"},
+    {"/flags/preset", "/preset"},
+    {"/flags/verify", "/verify"},
+    {"/flags/invisible", "/invisible"},
+};
+
+const Json* at(const Json& json, const char* path) {
+  const Pointer pointer(path);
+  return json.contains(pointer) ? &json[pointer] : nullptr;
+}
+
+bool isEqual(const Json& answer, const Json& reported) {
+  if (reported.is_boolean() && answer.is_number_integer())
+    return reported.get<bool>() == (answer.get<int>() != 0);
+  if (answer.is_number() && reported.is_number())
+    return std::fabs(answer.get<double>() - reported.get<double>()) <=
+           1e-9 * std::max(1.0, std::fabs(answer.get<double>()));
+  if (!answer.is_array())
+    return nlohmann::json(answer) == nlohmann::json(reported); // without regard to the order of keys
+  return reported.is_array() && std::equal(answer.begin(), answer.end(), reported.begin(), reported.end(), isEqual);
+}
+
+// Names are found without regard to case: a layer may spell its line type as it likes.
+std::string folded(const Json& value) {
+  std::string text = value.is_string() ? value.get<std::string>() : std::string();
+  std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::tolower(c); });
+  return text;
+}
+
+template <std::size_t count>
+void expectSame(const Same (&rows)[count], const Json& answers, const Json& report) {
+  for (const Same& row : rows) {
+    const Json* answer = at(answers, row.answer);
+    const Json* reported = at(report, row.report);
+    if (answer == nullptr || reported == nullptr)
+      continue;
+    const bool isName = row.answer == std::string("/linetype");
+    EXPECT_TRUE(isName ? folded(*answer) == folded(*reported) : isEqual(*answer, *reported))
+        << row.answer << ": " << *answer << " against " << *reported;
+  }
+}
+
+Json readJson(const fs::path& path) {
+  std::ifstream in(path);
+  return Json::parse(in, nullptr, false);
+}
+
+std::string nameOf(const Json& entry) {
+  return entry.value("name", "");
+}
+
+// Files before 2007 hold no such values, whatever the other reader fills in.
+void dropUnsaid(Json& answer, const std::string& version) {
+  if (version >= "AC1021")
+    return;
+  for (const char* key : {"record_units", "record_explode", "record_scale"})
+    answer.erase(key);
+}
+
+// What the other reader made up is not in the file.
+bool isInFile(const Json& answer) {
+  return !answer.value("added_by_reader", false);
+}
+
+std::vector<std::string> namesOf(const Json& list, const std::function<bool(const Json&)>& wanted) {
+  std::vector<std::string> names;
+  for (const Json& entry : list) {
+    if (wanted(entry))
+      names.push_back(nameOf(entry));
+  }
+  return names;
+}
+
+const Json* named(const Json& list, const std::string& name) {
+  for (const Json& entry : list) {
+    if (nameOf(entry) == name)
+      return &entry;
+  }
+  return nullptr;
+}
+
+void compareAttributes(const Json& answers, const Json& report) {
+  const Json none = Json::array();
+  const Json* wanted = at(answers, "/attribute_definitions");
+  const Json& definitions = wanted == nullptr ? none : *wanted;
+  const Json& reported = report["attribute_definitions"];
+  ASSERT_EQ(definitions.size(), reported.size());
+  for (std::size_t i = 0; i < definitions.size(); ++i) {
+    SCOPED_TRACE(definitions[i].value("tag", ""));
+    expectSame(kAttribute, definitions[i], reported[i]);
+    EXPECT_EQ(definitions[i].contains("multi_line"), reported[i]["multiline"].get<bool>());
+  }
+}
+
+void compareBlock(const Json& answer, const Json& report) {
+  SCOPED_TRACE(nameOf(answer));
+  expectSame(kBlock, answer, report);
+  EXPECT_EQ(answer["layout"].get<bool>(), !report["layout"].is_null());
+  EXPECT_EQ(answer["flags"]["xref"].get<bool>(), !report["xref"].is_null());
+  EXPECT_EQ(answer.contains("annotative") && answer["annotative"].back() != 0, report["annotative"].get<bool>());
+  EXPECT_EQ(answer.contains("dynamic_true_name") || answer.contains("dynamic_representation_of"),
+            !report["true_name"].is_null());
+  compareAttributes(answer, report);
+}
+
+// A file may hold two blocks of one name. The second has another name here; the other reader makes one of both.
+Json together(const Json& blocks, const Json& first) {
+  Json both = first;
+  const Json* second = named(blocks, nameOf(first) + "-2");
+  if (second == nullptr)
+    return both;
+  for (const auto& [type, count] : (*second)["entities"].items())
+    both["entities"][type] = both["entities"].value(type, 0) + count.get<int>();
+  both["references"] = both["references"].get<int>() + (*second)["references"].get<int>();
+  return both;
+}
+
+void compareBlocks(const Json& answers, const Json& report) {
+  const Json& list = answers["blocks_in_table_order"];
+  // What our reader made up, and the second block of a name, which the other reader does not keep.
+  const auto isKnown = [&](const Json& block) {
+    const Json* answer = named(list, nameOf(block));
+    return answer != nullptr && isInFile(*answer);
+  };
+  EXPECT_EQ(namesOf(list, isInFile), namesOf(report["blocks"], isKnown));
+  for (Json answer : list) {
+    const Json* block = named(report["blocks"], nameOf(answer));
+    dropUnsaid(answer, report["header"]["acadver"]);
+    if (isInFile(answer) && block != nullptr)
+      compareBlock(answer, together(report["blocks"], *block));
+  }
+}
+
+void compareLayouts(const Json& answers, const Json& report) {
+  for (const Json& answer : answers["layouts"]) {
+    const Json* space = named(report["blocks"], answer.value("block", ""));
+    ASSERT_NE(space, nullptr) << answer;
+    EXPECT_EQ(answer["name"], (*space)["layout"]);
+  }
+}
+
+void compareDepth(const Json& answers, const Json& report) {
+  unsigned deepest = 0;
+  for (const Json& block : report["blocks"]) {
+    if (!block["layout"].is_null())
+      deepest = std::max(deepest, block["depth"].get<unsigned>() - 1);
+  }
+  EXPECT_EQ(answers["nesting"]["max_depth_from_layouts"].get<unsigned>(), deepest);
+}
+
+void compare(const Json& answers, const Json& report) {
+  expectSame(kHeader, answers, report);
+  EXPECT_EQ(namesOf(answers["layers"], isInFile).size(), report["layers"].size());
+  for (const Json& answer : answers["layers"]) {
+    SCOPED_TRACE(nameOf(answer));
+    const Json* layer = named(report["layers"], nameOf(answer));
+    if (isInFile(answer))
+      layer == nullptr ? void(ADD_FAILURE() << "no such layer") : expectSame(kLayer, answer, *layer);
+  }
+  compareBlocks(answers, report);
+  compareLayouts(answers, report);
+  compareDepth(answers, report);
+}
+
+TEST(KnownAnswers, AgreeWithTheReport) {
+  const char* folder = std::getenv("BLOCKCOMMON_CORPUS");
+  ASSERT_NE(folder, nullptr) << "BLOCKCOMMON_CORPUS is not set";
+  const std::string ending = ".truth.json";
+  std::set<fs::path> files;
+  for (const auto& entry : fs::recursive_directory_iterator(fs::path(folder) / "truth")) {
+    if (entry.path().string().ends_with(ending))
+      files.insert(entry.path());
+  }
+  EXPECT_GE(files.size(), 33u);
+  for (const fs::path& file : files) {
+    const Json answers = readJson(file);
+    ASSERT_TRUE(answers.is_object()) << file;
+    const std::string name = answers.value("file", "");
+    SCOPED_TRACE(name);
+    const drawing::ReadResult read = drawing::readDrawing((fs::path(folder) / name).string());
+    ASSERT_FALSE(read.database.isNull()) << read.message;
+    compare(answers, console::report::toJson(console::report::reportOf(*read.database), true));
+  }
+}
+
+} // namespace

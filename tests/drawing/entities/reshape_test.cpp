@@ -1,0 +1,225 @@
+// What a matrix makes of round things when it does not leave them round: the same curve, point by point, in another
+// form, and nothing that hangs on the entity gets lost by it.
+#include "DbCurves.h"
+#include "DbDictionary.h"
+#include "DbHatch.h"
+#include "Ge/GeUtil.h"
+#include "tests/drawing/entities/group_text.h"
+#include "tests/support/drawings.h"
+#include "tests/support/oracles.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace test_entities;
+
+namespace {
+
+OdGeMatrix3d shear() {
+  OdGeMatrix3d matrix = OdGeMatrix3d::kIdentity;
+  matrix(0, 1) = 0.5;
+  matrix(1, 2) = -0.75;
+  matrix(2, 0) = 0.2;
+  return matrix;
+}
+
+const OdGeMatrix3d kStretches[] = {OdGeMatrix3d::scaling(OdGeScale3d(2, 1, 1), OdGePoint3d(3, -2, 1)),
+                                   OdGeMatrix3d::scaling(OdGeScale3d(-3, 0.5, 2), OdGePoint3d(1, 1, 1)), shear(),
+                                   OdGeMatrix3d::rotation(0.4, OdGeVector3d(1, 2, 2)) * shear()};
+
+struct Round {
+  const char* name;
+  const char* dxfName;
+  const char* groups;
+};
+const Round kRounds[] = {
+    {"Circle", "CIRCLE", "100 AcDbCircle|10 1|20 2|30 3|40 2.5"},
+    {"TiltedCircle", "CIRCLE", "100 AcDbCircle|10 1|20 2|30 3|40 2.5|210 0.6|220 0|230 0.8"},
+    {"Arc", "ARC", "100 AcDbCircle|10 1|20 2|30 3|40 2.5|100 AcDbArc|50 300|51 80"},
+    {"ArcTurnedOver", "ARC", "100 AcDbCircle|10 1|20 2|30 3|40 2|210 0|220 0|230 -1|100 AcDbArc|50 10|51 200"}};
+
+class RoundCurves : public testing::TestWithParam<Round> {
+protected:
+  void SetUp() override {
+    OdDbBlockTableRecordPtr space = tests::forWrite<OdDbBlockTableRecord>(loader.database->getModelSpaceId());
+    before = tests::addText(*loader.database, L"before");
+    OdDbEntityPtr round = loader.load(GetParam().dxfName, GetParam().groups);
+    round->setLayer(loader.database->symbol(OdDb::kLayerTable, L"0"));
+    round->setColorIndex(3);
+    id = space->appendOdDbEntity(round.get());
+    behind = tests::addText(*loader.database, L"behind");
+    round->createExtensionDictionary();
+    round->addPersistentReactor(before);
+    OdResBufPtr data = OdResBuf::newRb(1001, L"ACAD");
+    data->setNext(OdResBuf::newRb(1011, OdGePoint3d(1, 2, 3)));
+    round->setXData(data);
+    round->extrasForLoad().carried.utf8(100, "AcDbEntity");
+    round->extrasForLoad().carried.integer(160, 3);
+    round->extrasForLoad().carried.binary(310, "old");
+    round->extrasForLoad().carried.integer(284, 1);
+  }
+
+  Loader loader;
+  OdDbObjectId id, before, behind;
+};
+
+std::vector<OdGePoint3d> pointsOf(const OdDbEntity& entity) {
+  std::vector<OdGePoint3d> points;
+  const auto& curve = static_cast<const OdDbRoundCurve&>(entity);
+  double start = 0, sweep = Oda2PI;
+  if (const auto* arc = dynamic_cast<const OdDbArc*>(&entity)) {
+    start = arc->startAngle();
+    sweep = std::fmod(arc->endAngle() - start + Oda2PI, Oda2PI);
+  }
+  for (int i = 0; i <= 8; ++i)
+    points.push_back(curve.pointAt(start + sweep * i / 8));
+  return points;
+}
+
+// The parameter of a point on the ellipse, from its start on; below 0 when it is not on it.
+double placeOn(const OdDbEllipse& ellipse, const OdGePoint3d& point) {
+  const OdGeVector3d v = point - ellipse.center(), a = ellipse.majorAxis(), b = ellipse.minorAxis();
+  const double t = std::atan2(v.dotProduct(b) / b.lengthSqrd(), v.dotProduct(a) / a.lengthSqrd());
+  if (ellipse.pointAt(t).distanceTo(point) > 1e-9)
+    return -1;
+  return std::fmod(t - ellipse.startParam() + 1e-9 + 2 * Oda2PI, Oda2PI);
+}
+
+TEST_P(RoundCurves, BecomeEllipsesInTheirPlace) {
+  for (const OdGeMatrix3d& matrix : kStretches) {
+    OdDbEntityPtr held = tests::forWrite<OdDbEntity>(id);
+    const std::vector<OdGePoint3d> points = pointsOf(*held);
+    const OdDbHandle handle = id.getHandle();
+    const OdDbObjectId extension = held->extensionDictionary();
+    tests::expectUndoRestores(*loader.database, [&] { EXPECT_EQ(held->transformBy(matrix), eOk); });
+    {
+      OdSmartPtr<OdDbEllipse> ellipse = tests::forRead<OdDbEllipse>(id);
+      const double range = ellipse->endParam() - ellipse->startParam();
+      for (const OdGePoint3d& point : points) {
+        const double place = placeOn(*ellipse, matrix * point);
+        EXPECT_TRUE(place >= 0 && place <= range + 2e-9) << place << " of " << range;
+      }
+      EXPECT_EQ(ellipse->getDbHandle(), handle);
+      EXPECT_EQ(ellipse->ownerId(), loader.database->getModelSpaceId());
+      EXPECT_EQ(ellipse->colorIndex(), 3);
+      EXPECT_EQ(ellipse->extensionDictionary(), extension);
+      EXPECT_TRUE(ellipse->hasPersistentReactor(before));
+      EXPECT_NEAR(ellipse->xData()->next()->getPoint3d().distanceTo(matrix * OdGePoint3d(1, 2, 3)), 0, 1e-12);
+      const std::string text = written(*ellipse);
+      EXPECT_EQ(text.find("|310 "), text.npos); // the old picture
+      EXPECT_NE(text.find("|284 1"), text.npos);
+      EXPECT_FALSE(held->isDBRO()); // what was held is the curve as it was, free
+      EXPECT_EQ(pointsOf(*held)[0].distanceTo(points[0]), 0);
+    }
+    auto space = tests::forRead<OdDbBlockTableRecord>(loader.database->getModelSpaceId());
+    std::vector<OdDbObjectId> order;
+    for (auto it = space->newIterator(); !it->done(); it->step())
+      order.push_back(it->objectId());
+    EXPECT_EQ(order, (std::vector<OdDbObjectId>{before, id, behind}));
+    tests::expectRoundTrip(*loader.database);
+    tests::expectSound(*loader.database);
+    ASSERT_EQ(loader.database->undo(), eOk);
+    EXPECT_STREQ(tests::forRead<OdDbEntity>(id)->dxfName().c_str(), GetParam().dxfName);
+  }
+}
+
+TEST_P(RoundCurves, StayWhereNothingCanStandForThem) {
+  OdDbEntityPtr round = tests::forWrite<OdDbEntity>(id);
+  static_cast<OdDbRoundCurve&>(*round).setThickness(1);
+  const std::string dump = written(*round);
+  EXPECT_EQ(round->transformBy(kStretches[0]), eCannotTransform);
+  EXPECT_EQ(written(*round), dump);
+  OdDbEntityPtr free = loader.load(GetParam().dxfName, GetParam().groups);
+  EXPECT_EQ(free->transformBy(kStretches[2]), eCannotTransform); // nothing but an id leads to another object
+}
+
+INSTANTIATE_TEST_SUITE_P(All, RoundCurves, testing::ValuesIn(kRounds),
+                         [](const auto& round) { return std::string(round.param.name); });
+
+// -- hatches
+
+// Along each edge of a boundary of edges, in the order in which it is drawn.
+std::vector<OdGePoint3d> boundary(const OdDbHatch& hatch, int steps) {
+  const drawing::GroupList& groups = hatch.groups();
+  const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(hatch.normal());
+  std::vector<OdGePoint3d> points;
+  for (std::size_t edge = groups.find(72); edge < groups.size(); edge = groups.find(72, edge + 1)) {
+    const auto real = [&](int code) { return groups[groups.find(code, edge)].real; };
+    const auto at = [&](double x, double y) { points.push_back(plane * OdGePoint3d(x, y, hatch.elevation())); };
+    const bool circle = groups[edge].integer == 2;
+    if (groups[edge].integer == 1) {
+      at(real(10), real(20));
+      at(real(11), real(21));
+      continue;
+    }
+    const OdGeVector3d a = circle ? OdGeVector3d(real(40), 0, 0) : OdGeVector3d(real(11), real(21), 0);
+    const OdGeVector3d b = OdGeVector3d(-a.y, a.x, 0) * (circle ? 1 : real(40));
+    const double sign = groups[groups.find(73, edge)].integer != 0 ? 1 : -1;
+    const double from = OdaToRadian(real(50)), to = OdaToRadian(real(51));
+    for (int i = 0; i <= steps; ++i) {
+      const double t = sign * (from + (to - from) * i / steps);
+      const OdGeVector3d v = a * std::cos(t) + b * std::sin(t);
+      at(real(10) + v.x, real(20) + v.y);
+    }
+  }
+  return points;
+}
+
+double distanceTo(const std::vector<OdGePoint3d>& points, const OdGePoint3d& point) {
+  double least = HUGE_VAL;
+  for (const OdGePoint3d& one : points)
+    least = std::min(least, one.distanceTo(point));
+  return least;
+}
+
+constexpr const char* kHatch =
+    "100 AcDbHatch|10 0|20 0|30 2|210 0|220 0|230 1|2 ANSI31|70 0|71 0|91 1|92 1|93 3|72 1|10 1|20 2|11 4|21 2|72 "
+    "2|10 4|20 4|40 2|50 90|51 200|73 0|72 3|10 1|20 1|11 3|21 1|40 0.5|50 10|51 300|73 1|97 1|330 0|75 1|76 1|52 "
+    "0|41 1|77 0|78 1|53 45|43 1|44 2|45 -2|46 2|79 2|49 3|49 -1|98 1|10 2|20 3";
+
+// Of the edges' ends the order counts; between them the curve counts.
+TEST(HatchBoundary, KeepsItsCurveUnderEveryMatrix) {
+  for (const OdGeMatrix3d& matrix : kStretches) {
+    Loader loader;
+    OdSmartPtr<OdDbHatch> hatch = loader.load("HATCH", kHatch);
+    const std::vector<OdGePoint3d> ends = boundary(*hatch, 1), curve = boundary(*hatch, 40);
+    ASSERT_EQ(hatch->transformBy(matrix), eOk);
+    const std::vector<OdGePoint3d> newEnds = boundary(*hatch, 1), newCurve = boundary(*hatch, 4000);
+    ASSERT_EQ(newEnds.size(), ends.size());
+    for (std::size_t i = 0; i < ends.size(); ++i)
+      EXPECT_LT(newEnds[i].distanceTo(matrix * ends[i]), 1e-9) << i;
+    for (const OdGePoint3d& point : curve)
+      EXPECT_LT(distanceTo(newCurve, matrix * point), 1e-3);
+  }
+}
+
+TEST(HatchBoundary, OfBentPolylineBecomesEdges) {
+  Loader loader;
+  OdSmartPtr<OdDbHatch> hatch =
+      loader.load("HATCH", "100 AcDbHatch|10 0|20 0|30 0|210 0|220 0|230 1|2 SOLID|70 1|71 0|91 1|92 7|72 1|73 1|93 "
+                           "3|10 0|20 0|42 1|10 4|20 0|42 0|10 2|20 -3|42 0|97 0|75 0|76 1|98 0");
+  ASSERT_EQ(hatch->transformBy(OdGeMatrix3d::scaling(OdGeScale3d(2, 1, 1))), eOk);
+  const std::string text = written(*hatch);
+  EXPECT_NE(text.find("|92 5|93 3|72 3|10 4|20 0|11 4|21 0|40 0.5|50 180|51 360|73 1|"), text.npos) << text;
+  EXPECT_NE(text.find("73 1|72 1|10 8|20 0|11 4|21 -3|72 1|10 4|20 -3|11 0|21 0|97 0|75 0"), text.npos) << text;
+  OdGeExtents3d extents;
+  ASSERT_EQ(hatch->getGeomExtents(extents), eOk);
+  EXPECT_TRUE(extents.contains(OdGePoint3d(4, -2, 0)) && !extents.contains(OdGePoint3d(4, 1, 0)));
+}
+
+TEST(HatchPattern, LinesAndDashesFollowUnequalScales) {
+  Loader loader;
+  OdSmartPtr<OdDbHatch> hatch = loader.load("HATCH", kHatch);
+  ASSERT_EQ(hatch->transformBy(OdGeMatrix3d::scaling(OdGeScale3d(3, 1, 1))), eOk);
+  const drawing::GroupList& groups = hatch->groups();
+  EXPECT_NEAR(groups[groups.find(53)].real, OdaToDegree(std::atan2(1, 3)), 1e-12);
+  EXPECT_NEAR(groups[groups.find(43)].real, 3, 1e-12);
+  EXPECT_NEAR(groups[groups.find(45)].real, -6, 1e-12);
+  EXPECT_NEAR(groups[groups.find(49)].real, 3 * std::sqrt(5.0), 1e-12);
+  EXPECT_EQ(loader.load("HATCH", "100 AcDbHatch|30 0|2 SOLID|70 1|91 0|75 0|76 1|98 0|450 1|460 0.5|463 0|470 LINEAR")
+                ->transformBy(OdGeMatrix3d::scaling(OdGeScale3d(3, 1, 1))),
+            eCannotTransform);
+}
+
+} // namespace
