@@ -14,7 +14,8 @@ bool PairSource::nextRecord(Record& record) {
   if (ahead_.code == 0 && ahead_.text == "EOF")
     return true;
   while (next(ahead_)) {
-    if (ahead_.code == 0) {
+    isOverLimit_ = record.size() >= mostGroups_;
+    if (ahead_.code == 0 || isOverLimit_) {
       hasAhead_ = true;
       break;
     }

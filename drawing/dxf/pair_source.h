@@ -26,8 +26,13 @@ public:
   // The next record; false when there is none. Groups in front of the first start form a record of their own; the mark
   // of the file's end stands alone, and what comes behind it is not looked at.
   bool nextRecord(Record& record);
+  // A record ends early at that many groups; `isOverLimit` tells that one did.
+  void limitRecords(std::size_t groups) { mostGroups_ = groups; }
+  bool isOverLimit() const { return isOverLimit_; }
 
 private:
+  std::size_t mostGroups_ = SIZE_MAX;
+  bool isOverLimit_ = false;
   Pair ahead_;
   bool hasAhead_ = false;
 };

@@ -4,6 +4,7 @@
 #include "DbDictionary.h"
 #include "DbSequence.h"
 #include "DbSymbolRecords.h"
+#include "db/block_graph.h"
 #include "db/settle.h"
 #include "db/store.h"
 #include "db/symbol_kinds.h"
@@ -33,16 +34,32 @@ void Reader::passOver(const char* code, std::string found) {
   ++report_.account.dropped;
 }
 
+bool Reader::exceeds(std::string limit) {
+  result_ = eBudgetExceeded;
+  limit_ = std::move(limit);
+  return true;
+}
+
+// What the record at hand will take: an object with its place among the others, its groups, and its texts in characters
+// of four bytes.
+bool Reader::reckon() {
+  constexpr std::uint64_t kObject = 512, kGroup = 24, kCharacter = 4;
+  bytes_ += kObject + kGroup * record_.size();
+  for (const Pair& pair : record_)
+    bytes_ += kCharacter * pair.text.size();
+  if (bytes_ > budget_.bytes || source_.isOverLimit())
+    return exceeds("more than the " + std::to_string(budget_.bytes) + " bytes of memory that are allowed are needed");
+  if (database_.approxNumObjects() > budget_.objects)
+    return exceeds("there are more than the " + std::to_string(budget_.objects) + " objects that are allowed");
+  return false;
+}
+
 bool Reader::advance() {
-  if (database_.approxNumObjects() > budget_.objects) {
-    result_ = eBudgetExceeded;
-    return false;
-  }
   if (!std::exchange(again_, false) && !source_.nextRecord(record_))
     return false;
   line_ = record_[0].line;
   context_.begin(record_[0].text, record_[0].line);
-  return true;
+  return !reckon();
 }
 
 // Moves to the next record of the section; false at its end.
@@ -69,6 +86,7 @@ bool Reader::inRun(std::string_view end, std::initializer_list<std::string_view>
 }
 
 OdResult Reader::run() {
+  source_.limitRecords(static_cast<std::size_t>(budget_.bytes / sizeof(Pair)) + 1);
   database_.store().deferHandles();
   while (result_ == eOk && !sawEnd_ && advance()) {
     if (record_[0].text == "SECTION")
@@ -96,7 +114,10 @@ OdResult Reader::run() {
   tellRecordlessBlocks();
   db::SettleFacts facts{database_, context_, budget_};
   db::settleDrawing(facts);
-  return eOk;
+  line_ = 0;
+  if (db::nestingDepth(database_) > budget_.depth)
+    exceeds("definitions nest deeper than the " + std::to_string(budget_.depth) + " levels that are allowed");
+  return result_;
 }
 
 // Groups where none belong.

@@ -17,6 +17,7 @@ public:
   // eOk, or why there is no drawing; `line` is where it ended.
   OdResult run();
   std::uint64_t line() const { return line_; }
+  const std::string& limit() const { return limit_; } // which one ended the reading; "" for none
 
 private:
   using Handler = void (Reader::*)();
@@ -26,6 +27,8 @@ private:
   };
   static const SectionHandler kHandlers[];
 
+  bool exceeds(std::string limit);
+  bool reckon();
   bool advance(); // to the next record; false at the end of the file or of the budget
   bool inSection();
   bool inRun(std::string_view end, std::initializer_list<std::string_view> larger);
@@ -74,6 +77,8 @@ private:
   std::unordered_set<OdDbObjectId> standIns_;              // blocks that came before their table record
   std::vector<std::pair<OdDbObjectId, std::uint64_t>> recordless_; // among them, by the line of the block
   std::vector<std::string> sections_;                              // that came
+  std::string limit_;
+  std::uint64_t bytes_ = 0; // that were taken, as reckoned
   std::size_t handleless_ = 0;
   std::uint64_t firstHandleless_ = 0; // its line
   bool again_ = false;                // the record is to be met once more

@@ -19,6 +19,8 @@ struct ReadOptions {
   Budget budget;
   std::string encoding; // a code page that overrides what the file declares; empty: as declared
 };
+// Whether `encoding` may be that name: ANSI_936, DOS437, ISO8859-5, UTF-8 ..., case and punctuation do not matter.
+MVDRAWING_API bool isKnownEncoding(std::string_view name);
 
 struct ReadResult {
   OdDbDatabasePtr database; // null: refused

@@ -265,11 +265,48 @@ TEST(Damage, BudgetsEndTheReading) {
   options = {};
   options.budget.bytes = 1000;
   EXPECT_EQ(drawing::readDrawingFromMemory(text, "x", options).result, eBudgetExceeded);
+  options.budget.bytes = text.size() * 4;
+  const ReadResult tooMuch = drawing::readDrawingFromMemory(text, "x.dxf", options);
+  EXPECT_EQ(tooMuch.result, eBudgetExceeded);
+  EXPECT_EQ(tooMuch.message.rfind("x.dxf, line ", 0), 0u) << tooMuch.message;
+  EXPECT_NE(tooMuch.message.find(std::to_string(text.size() * 4) + " bytes"), std::string::npos) << tooMuch.message;
   options = {};
   options.budget.messages = 3;
   const ReadResult read = drawing::readDrawingFromMemory(dxf(section("BLOCKS", entities)), "x", options);
   EXPECT_EQ(read.report.issues().size(), 3u);
   EXPECT_GE(read.report.suppressed(), 197u);
+}
+
+TEST(Damage, DeepDefinitionsAreRefusedAndNotFollowed) {
+  constexpr int kDeep = 20'000;
+  std::string records, definitions;
+  for (int i = 0; i < kDeep; ++i) {
+    const std::string name = "b" + std::to_string(i), handle = OdDbHandle(0x1000u + static_cast<unsigned>(i)).ascii();
+    records += blockRecord(handle, name);
+    definitions += block(
+        handle, name,
+        i == 0 ? "" : insert(OdDbHandle(0x10000u + static_cast<unsigned>(i)).ascii(), "b" + std::to_string(i - 1)));
+  }
+  const std::string text =
+      dxf(blocks(records, definitions) + section("ENTITIES", insert("A1", "b" + std::to_string(kDeep - 1))));
+  drawing::ReadOptions options;
+  options.budget.depth = kDeep;
+  EXPECT_FALSE(drawing::readDrawingFromMemory(text, "x", options).database.isNull());
+  options.budget.depth = kDeep - 1;
+  const ReadResult read = drawing::readDrawingFromMemory(text, "x.dxf", options);
+  EXPECT_EQ(read.result, eBudgetExceeded);
+  EXPECT_NE(read.message.find("19999 levels"), std::string::npos) << read.message;
+}
+
+// A record is given up before it has eaten what is allowed: its groups are counted while they come.
+TEST(Damage, OneHugeRecordIsGivenUpInTime) {
+  std::string groups;
+  for (int i = 0; i < 200'000; ++i)
+    groups += "90|1\n";
+  drawing::ReadOptions options;
+  options.budget.bytes = 2'000'000;
+  EXPECT_EQ(drawing::readDrawingFromMemory(dxf(section("ENTITIES", line(groups))), "x", options).result,
+            eBudgetExceeded);
 }
 
 // A drawing with every structure that reading has to close by itself.
