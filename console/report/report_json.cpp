@@ -115,7 +115,8 @@ const char* severityName(drawing::Severity severity) {
 Json issuesJson(const std::vector<drawing::Issue>& issues) {
   Json list = Json::array();
   for (const drawing::Issue& issue : issues) {
-    Json entry = {{"code", issue.code}, {"severity", severityName(issue.severity)}, {"line", issue.line}};
+    Json entry = {{"code", issue.code}, {"severity", severityName(issue.severity)}};
+    entry[issue.isOffset ? "byte" : "line"] = issue.line;
     if (!issue.section.empty())
       entry["section"] = issue.section;
     if (!issue.kind.empty())

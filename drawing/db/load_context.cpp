@@ -50,6 +50,7 @@ void LoadContext::begin(std::string_view kind, std::uint64_t line) {
 
 void LoadContext::tell(Issue issue, const Pair* pair) {
   issue.line = pair != nullptr ? pair->line : line_;
+  issue.isOffset = database_.facts().binary;
   issue.groupCode = pair != nullptr ? pair->code : -1;
   issue.handle = handle_;
   issue.section = section_;

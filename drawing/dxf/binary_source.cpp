@@ -51,7 +51,7 @@ BinaryPairSource::BinaryPairSource(std::string_view content, Report& report)
       shortCodes_(hasShortCodes(content.substr(at_))) {}
 
 void BinaryPairSource::tell(const char* code, int groupCode, const char* found, const char* done) {
-  report_.add({code, Severity::Lost, at_, groupCode, 0, "", "", found, done});
+  report_.add({code, Severity::Lost, at_, groupCode, 0, "", "", found, done, true});
 }
 
 bool BinaryPairSource::code(int& value) {

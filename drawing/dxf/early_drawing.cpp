@@ -4,7 +4,6 @@
 #include "Ge/GeUtil.h"
 #include "db/load_context.h"
 #include "db/store.h"
-#include "dxf/early_stand_ins.h"
 
 #include <algorithm>
 #include <cmath>
@@ -182,49 +181,6 @@ double EarlyDrawing::dimensionTextHeight(OdDbObjectId style) const {
   const auto* record = db::peekAs<OdDbDimStyleTableRecord>(style);
   const double height = record == nullptr ? 0 : record->dimtxt() * (record->dimscale() > 0 ? record->dimscale() : 1);
   return height > 0 ? height : 1;
-}
-
-// The order of the values is the meaning. Numbers that later versions do not have are those of a new viewport.
-void addViewportView(const GroupList& groups, GroupList& xData) {
-  for (std::size_t at = xData.find(1000); at < xData.size(); at = xData.find(1000, at + 1)) {
-    if (xData.textOf(xData[at]) == "MVIEW")
-      return;
-  }
-  const auto real = [&groups](int code, double absent = 0) {
-    const std::size_t at = groups.find(code);
-    return at < groups.size() && groups[at].kind == GroupKind::Real ? groups[at].real : absent;
-  };
-  const auto integer = [&groups](int code, std::int64_t absent) {
-    const std::size_t at = groups.find(code);
-    return at < groups.size() && groups[at].kind != GroupKind::Real ? groups[at].integer : absent;
-  };
-  if (groups.find(45) == groups.size())
-    return; // nothing is said of a view
-  const std::int64_t flags = integer(90, 0);
-  const auto flag = [flags](int bit) { return (flags >> bit) & 1; };
-  xData.utf8(1001, "ACAD");
-  xData.utf8(1000, "MVIEW");
-  xData.utf8(1002, "{");
-  xData.integer(1070, 16);
-  xData.point(1010, {real(17), real(27), real(37)});
-  xData.point(1010, {real(16), real(26), real(36, 1)});
-  for (const double value : {real(51), real(45), real(12), real(22), real(42, 50), real(43), real(44)})
-    xData.real(1040, value);
-  for (const std::int64_t value :
-       {flags & 31, integer(72, 1000), std::int64_t{1}, flag(5), flag(8), flag(9), flag(10), integer(78, 0)})
-    xData.integer(1070, value);
-  for (const double value : {real(50), real(13), real(23), real(14, 0.5), real(24, 0.5), real(15, 0.5), real(25, 0.5)})
-    xData.real(1040, value);
-  xData.integer(1070, flag(11));
-  xData.utf8(1002, "{");
-  for (std::size_t i = 0; i < groups.size(); ++i) {
-    const bool isFrozenLayer =
-        groups[i].kind == GroupKind::Reference && (groups[i].code == 331 || groups[i].code == 341);
-    if (isFrozenLayer && db::peekAs<OdDbLayerTableRecord>(groups.idOf(groups[i])) != nullptr)
-      xData.text(1003, symbolName(groups.idOf(groups[i])));
-  }
-  xData.utf8(1002, "}");
-  xData.utf8(1002, "}");
 }
 
 } // namespace drawing::dxf

@@ -16,7 +16,4 @@ struct StandIn {
 // Writes what stands for the entity; `groups` are its sections.
 StandIn writeStandIn(const OdDbEntity& entity, const GroupList& groups, EarlyWriter& writer);
 
-// The extended data in which R12 keeps what a viewport looks at.
-void addViewportView(const GroupList& groups, GroupList& xData);
-
 } // namespace drawing::dxf

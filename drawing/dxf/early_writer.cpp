@@ -11,6 +11,7 @@
 #include "dxf/early_rules.h"
 #include "dxf/early_stand_ins.h"
 #include "dxf/version_rules.h"
+#include "entities/viewport_view.h"
 
 #include <map>
 

@@ -1,7 +1,9 @@
 #include "DbViewport.h"
 
+#include "DbDatabase.h"
 #include "Ge/GeMatrix3d.h"
 #include "db/setters.h"
+#include "entities/viewport_view.h"
 
 #include <cmath>
 
@@ -31,6 +33,16 @@ OdResult OdDbViewport::getGeomExtents(OdGeExtents3d& extents) const {
   extents.addPoint(center_ - half);
   extents.addPoint(center_ + half);
   return eOk;
+}
+
+void OdDbViewport::afterLoad() {
+  if (database()->facts().version >= OdDb::kRelease13 || xDataGroups() == nullptr)
+    return;
+  const drawing::GroupList view = drawing::viewportViewOf(*xDataGroups(), *database());
+  if (view.empty())
+    return;
+  carried().utf8(100, "AcDbViewport");
+  view.writeTo(carried());
 }
 
 OdResult OdDbViewport::subTransformBy(const OdGeMatrix3d& matrix) {

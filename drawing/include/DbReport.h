@@ -21,13 +21,14 @@ enum class Severity : std::uint8_t {
 struct Issue {
   std::string code;
   Severity severity = Severity::Note;
-  std::uint64_t line = 0; // of the file, 1-based; 0 unknown. In binary files the byte offset.
+  std::uint64_t line = 0; // of the file, 1-based; 0 unknown; see isOffset
   int groupCode = -1;     // -1 none
   std::uint64_t handle = 0;
-  std::string section; // HEADER, TABLES ...
-  std::string kind;    // the record's name in the file: LINE, LAYER ...
-  std::string found;   // one English sentence: what was found
-  std::string done;    // and what was done about it
+  std::string section;   // HEADER, TABLES ...
+  std::string kind;      // the record's name in the file: LINE, LAYER ...
+  std::string found;     // one English sentence: what was found
+  std::string done;      // and what was done about it
+  bool isOffset = false; // a binary file: `line` is the offset of a byte
 };
 
 // Ends of a reading: everything came in; everything came in but some of it was mended or lost; no drawing.

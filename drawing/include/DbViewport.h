@@ -15,6 +15,8 @@ public:
   void setHeight(double value);
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
+  void afterLoad() override; // early files hold the view in extended data
+
 protected:
   // Takes moves and equal scales: its sides stand along the sheet's. What it shows stays the same.
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;

@@ -34,7 +34,7 @@ std::string placeOf(const Issue& issue) {
   std::string place;
   const auto add = [&place](const std::string& part) { place += (place.empty() ? "" : ", ") + part; };
   if (issue.line != 0)
-    add("line " + std::to_string(issue.line));
+    add((issue.isOffset ? "byte " : "line ") + std::to_string(issue.line));
   if (!issue.section.empty())
     add("section " + issue.section);
   if (!issue.kind.empty())

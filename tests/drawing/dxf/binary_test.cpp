@@ -123,6 +123,7 @@ TEST(BinaryForm, AReadingOutOfStepEndsWithItsPlace) {
   ASSERT_FALSE(read.database.isNull()) << read.message;
   ASSERT_TRUE(read.report.has("dxf.cut-off") || read.report.has("dxf.binary-out-of-step"));
   EXPECT_GE(read.report.issues().at(0).line, at);
+  EXPECT_EQ(drawing::describe(read.report.issues().at(0)).rfind("byte ", 0), 0u);
 }
 
 } // namespace

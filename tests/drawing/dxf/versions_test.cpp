@@ -309,4 +309,25 @@ TEST(R12, HandlesOfStandInsAreTheirOwn) {
   EXPECT_EQ(std::uint64_t{first}, std::uint64_t{database->handseed()} + 2); // three texts, one has the old handle
 }
 
+// What a viewport looks at stands in extended data there, and comes back.
+TEST(R12, ViewportsKeepTheirView) {
+  const std::string view = "12|7\n22|8\n13|0\n23|0\n14|0.5\n24|0.5\n15|1\n25|1\n16|0\n26|0\n36|1\n17|1\n27|2\n37|3\n"
+                           "42|50\n43|0\n44|0\n45|12.5\n50|0\n51|90\n72|100\n331|2A\n90|32800\n";
+  const OdDbDatabasePtr database = readOf(
+      section("TABLES", "0|TABLE\n2|LAYER\n5|2\n100|AcDbSymbolTable\n70|1\n0|LAYER\n5|2A\n"
+                        "100|AcDbSymbolTableRecord\n100|AcDbLayerTableRecord\n2|attic\n70|0\n62|7\n6|Continuous\n"
+                        "0|ENDTAB\n") +
+          section("ENTITIES", "0|VIEWPORT\n5|A1\n67|1\n100|AcDbEntity\n67|1\n8|0\n100|AcDbViewport\n10|5\n20|5\n30|0\n"
+                              "40|10\n41|8\n68|2\n69|2\n" +
+                                  view),
+      "AC1015");
+  const ReadResult early = throughR12(*database);
+  const std::string again = writeAs(*early.database, OdDb::kRelease2000).bytes;
+  for (const char* part : {" 12\n7.0\n 22\n8.0\n", " 17\n1.0\n 27\n2.0\n 37\n3.0\n", " 45\n12.5\n", " 51\n90.0\n",
+                           " 72\n100\n331\n", " 90\n32\n"})
+    EXPECT_NE(again.find(part), std::string::npos) << part;
+  EXPECT_EQ(drawing::canonicalDump(*early.database, drawing::DumpForm::WithoutHandles),
+            drawing::canonicalDump(*throughR12(*early.database).database, drawing::DumpForm::WithoutHandles));
+}
+
 } // namespace
