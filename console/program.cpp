@@ -105,9 +105,15 @@ void describeOptions(CLI::App& app, Options& options) {
   app.add_option("--encoding", options.reading.encoding, "Code page of drawings in place of the one they declare");
   app.add_option("--max-memory", options.maxMemory, "Memory for reading a drawing, as 500M or 2G");
   app.add_option("--max-depth", options.reading.budget.depth, "Definitions within definitions that are read (1000)")
-      ->check(CLI::PositiveNumber);
+      ->check(CLI::Range(1U, UINT32_MAX));
   app.set_version_flag("--version", kVersion);
   app.require_subcommand(0, 1);
+}
+
+// A job names its own file; what is left over falls through to the program's own.
+void refuseSecondFile(const CLI::App& app, const Options& options) {
+  if (!app.get_subcommands().empty() && !options.drawing.empty())
+    throw CLI::ExtrasError({options.drawing});
 }
 
 // CLI11 asks for the words in reverse.
@@ -133,6 +139,7 @@ int runProgram(const std::vector<std::string>& arguments, const Surroundings& su
   };
   try {
     app.parse(reversed(arguments));
+    refuseSecondFile(app, options);
     checkReading(options);
     for (const auto& verb : verbs)
       verb->check();

@@ -30,18 +30,20 @@ const drawing::Description& OdDbDictionary::ownDescription() {
 bool OdDbDictionary::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
   auto& dictionary = static_cast<OdDbDictionary&>(object);
   if (pair.code == 3) {
-    dictionary.pendingName_ = context.text(pair);
+    // A name whose object never comes stays in the list, without one.
+    dictionary.entries_.push_back({context.text(pair), OdDbObjectId()});
+    dictionary.awaitsObject_ = true;
+    dictionary.index_.drop();
     return true;
   }
   if (pair.code != 350 && pair.code != 360)
     return false;
   // An id without a name before it belongs to nothing that we know; it is carried.
-  if (dictionary.pendingName_.isEmpty())
+  if (!dictionary.awaitsObject_)
     return false;
   dictionary.hardOwner_ = dictionary.hardOwner_ || pair.code == 360;
-  dictionary.entries_.push_back({dictionary.pendingName_, context.reference(pair)});
-  dictionary.index_.drop();
-  dictionary.pendingName_.empty();
+  dictionary.entries_.back().id = context.reference(pair);
+  dictionary.awaitsObject_ = false;
   return true;
 }
 

@@ -48,6 +48,7 @@ void OdDbSymbolTable::ensureIndex() const {
   if (indexed_)
     return;
   index_.byName.clear();
+  index_.nextFree.clear();
   for (OdDbObjectId id : members_.ids()) {
     const auto* record = drawing::db::peekAs<OdDbSymbolTableRecord>(id);
     if (record != nullptr && !record->isErased())
@@ -122,8 +123,12 @@ OdString OdDbSymbolTable::completeAnonymous(const OdString& name) const {
 
 OdString OdDbSymbolTable::freeName(const OdString& wanted) const {
   OdString name = wanted;
-  for (unsigned n = 2; has(name); ++n)
-    name.format(L"%s-%u", wanted.c_str(), n);
+  if (!has(name))
+    return name;
+  unsigned& next = index_.nextFree.try_emplace(wanted, 2).first->second;
+  do {
+    name.format(L"%s-%u", wanted.c_str(), next);
+  } while (has(name) && ++next != 0);
   return name;
 }
 
@@ -138,12 +143,14 @@ void OdDbSymbolTable::nameChanges(const OdDbSymbolTableRecord& record, const OdS
   if (found == index_.byName.end() || found->second != record.objectId())
     return; // not a member yet
   index_.byName.erase(found);
+  index_.nextFree.clear();
   index_.byName.emplace(to, record.objectId());
 }
 
 void OdDbSymbolTable::memberErased(const OdDbSymbolTableRecord& record, bool erased) {
   if (!indexed_)
     return;
+  index_.nextFree.clear();
   auto found = index_.byName.find(record.getName());
   if (erased && found != index_.byName.end() && found->second == record.objectId())
     index_.byName.erase(found);

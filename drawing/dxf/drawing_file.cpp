@@ -45,10 +45,27 @@ std::string headerText(std::string_view content, std::string_view variable) {
   return std::string(rest.substr(0, length));
 }
 
-FileFacts factsOf(std::string_view content) {
+void tellHeader(Report& report, const char* code, std::string found, std::string done) {
+  report.add({code, Severity::Note, 0, -1, 0, "HEADER", "", std::move(found), std::move(done)});
+}
+
+// A signature that we do not know is that of an older program when it is less than the first one we do, of a newer one
+// when it is more than the last.
+OdDb::DwgVersion nearestVersion(const std::string& signature) {
+  const bool isNewer = signature.size() == 6 && signature > versionSignature(OdDb::kRelease2018);
+  return isNewer ? OdDb::kRelease2018 : OdDb::kRelease12;
+}
+
+FileFacts factsOf(std::string_view content, Report& report) {
   FileFacts facts;
   const std::string signature = headerText(content, "$ACADVER");
   facts.version = versionFromSignature(signature);
+  if (facts.version == OdDb::kVersionUnknown) {
+    facts.version = nearestVersion(signature);
+    if (!signature.empty())
+      tellHeader(report, "dxf.version-unknown", "the version \"" + signature + "\" is not known",
+                 "it is read as version " + std::string(versionYear(facts.version)));
+  }
   if (const std::string page = headerText(content, "$DWGCODEPAGE"); !page.empty())
     facts.codePage = page;
   return facts;
@@ -101,25 +118,26 @@ dxf::Encoding encodingFor(std::string_view content, const FileFacts& facts, cons
                           Report& report) {
   if (!options.encoding.empty())
     return {options.encoding};
+  if (dxf::codePageNumber(facts.codePage) == 0)
+    tellHeader(report, "dxf.code-page-unknown", "the code page \"" + facts.codePage + "\" is not known",
+               "texts are read as ANSI_1252 unless they are UTF-8");
   Report unheard; // the reading tells
   const auto source = sourceOf(content, facts.binary, unheard);
   const dxf::Encoding encoding = dxf::encodingOf(facts, *source);
   if (encoding.isContradicted)
-    report.add({"dxf.encoding-contradicted", Severity::Note, 0, -1, 0, "HEADER", "",
-                encoding.mode == dxf::TextCodec::Mode::Utf8
-                    ? "the texts are UTF-8 and not in the code page " + facts.codePage + " that the file declares"
-                    : "the texts are not UTF-8, but in the code page " + encoding.page,
-                "they are read as what they are"});
+    tellHeader(report, "dxf.encoding-contradicted",
+               encoding.mode == dxf::TextCodec::Mode::Utf8
+                   ? "the texts are UTF-8 and not in the code page " + facts.codePage + " that the file declares"
+                   : "the texts are not UTF-8, but in the code page " + encoding.page,
+               "they are read as what they are");
   return encoding;
 }
 
 ReadResult readGroups(std::string_view content, const std::string& name, const ReadOptions& options, bool binary) {
   ReadResult result;
   result.report.limitMessages(options.budget.messages);
-  FileFacts facts = factsOf(content);
+  FileFacts facts = factsOf(content, result.report);
   facts.binary = binary;
-  if (facts.version == OdDb::kVersionUnknown)
-    facts.version = OdDb::kRelease12;
   const dxf::Encoding encoding = encodingFor(content, facts, options, result.report);
   dxf::TextCodec codec(encoding.page, encoding.mode);
   OdDbDatabasePtr database = OdDbDatabase::createEmpty();

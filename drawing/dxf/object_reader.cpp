@@ -142,6 +142,13 @@ std::size_t ObjectReader::readHead(const Record& record, OdDbObject& object, Rea
   return i;
 }
 
+// Lists of reactors and of the extension dictionary hold nothing else.
+void ObjectReader::passOver(const Pair& pair) {
+  context_.tell(
+      {"dxf.stray-group", Severity::Lost, 0, -1, 0, "", "", "a group that belongs to nothing", "it is passed over"},
+      &pair);
+}
+
 std::size_t ObjectReader::readApplicationGroup(const Record& record, std::size_t at, OdDbObject& object) {
   std::size_t end = at + 1;
   while (end < record.size() && record[end].code != 102 && record[end].code != 100)
@@ -153,11 +160,15 @@ std::size_t ObjectReader::readApplicationGroup(const Record& record, std::size_t
     for (std::size_t i = at + 1; i < end; ++i) {
       if (record[i].code == 330)
         extras.reactors.push_back(context_.reference(record[i]));
+      else
+        passOver(record[i]);
     }
   } else if (name == "{ACAD_XDICTIONARY") {
     for (std::size_t i = at + 1; i < end; ++i) {
-      if (record[i].code == 360 || record[i].code == 350)
+      if ((record[i].code == 360 || record[i].code == 350) && extras.extensionDictionary.isNull())
         extras.extensionDictionary = context_.reference(record[i]);
+      else
+        passOver(record[i]);
     }
   } else {
     for (std::size_t i = at; i < end + (closed ? 1 : 0); ++i)

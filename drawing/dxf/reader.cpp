@@ -140,9 +140,8 @@ void Reader::readSection() {
   const bool isNamed = record_.size() > 1 && record_[1].code == 2;
   const std::string_view name = isNamed ? record_[1].text : std::string_view();
   context_.setSection(name);
-  if (std::find(sections_.begin(), sections_.end(), name) != sections_.end())
+  if (!sections_.emplace(name).second)
     tell("dxf.section-repeated", Severity::Note, "a section of this name came before", "it is read, too");
-  sections_.emplace_back(name);
   for (const SectionHandler& entry : kHandlers) {
     if (name == entry.name) {
       sawSection_ = true; // sections that nobody knows make no drawing
@@ -474,6 +473,8 @@ void Reader::addEntity(OdDbObjectId fallbackOwner) {
     ++report_.account.dropped;
     return;
   }
+  if (read.object->dxfName() == std::string_view("VERTEX"))
+    tell("dxf.stray-vertex", Severity::Note, "a vertex without a polyline", "it is kept as an object of its own");
   OdDbBlockTableRecord* block = ownerOf(read, fallbackOwner);
   const OdDbObjectId id = addRead(read, block->objectId());
   block->adoptEntity(id);

@@ -6,6 +6,7 @@
 #include "dxf/object_reader.h"
 #include "dxf/pair_source.h"
 
+#include <set>
 #include <unordered_set>
 
 namespace drawing::dxf {
@@ -76,7 +77,7 @@ private:
   OdDbObjectId sequence_;                                  // the entity whose attributes or vertices come now
   std::unordered_set<OdDbObjectId> standIns_;              // blocks that came before their table record
   std::vector<std::pair<OdDbObjectId, std::uint64_t>> recordless_; // among them, by the line of the block
-  std::vector<std::string> sections_;                              // that came
+  std::set<std::string, std::less<>> sections_;                    // that came
   std::string limit_;
   std::uint64_t bytes_ = 0; // that were taken, as reckoned
   std::size_t handleless_ = 0;

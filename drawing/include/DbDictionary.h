@@ -54,7 +54,7 @@ private:
 
   std::vector<Entry> entries_;
   mutable drawing::Derived<Index> index_;
-  OdString pendingName_; // while reading: the name whose object comes next
+  bool awaitsObject_ = false; // while reading: the object of the last entry comes next
   std::int16_t mergeStyle_ = 1;
   bool hardOwner_ = false;
 };

@@ -76,6 +76,8 @@ private:
     Index& operator=(const Index&) { return *this; }
     std::unordered_map<OdString, OdDbObjectId, FoldHash, FoldEqual> byName;
     std::unordered_map<OdString, unsigned, FoldHash, FoldEqual> lastAnonymous;
+    // Every lower number is taken; forgotten when a name goes.
+    std::unordered_map<OdString, unsigned, FoldHash, FoldEqual> nextFree;
   };
   mutable Index index_;
   mutable bool indexed_ = false;

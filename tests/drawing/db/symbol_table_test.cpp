@@ -64,6 +64,23 @@ TEST(SymbolTable, AnonymousBlocksTakeTheNextNumber) {
   EXPECT_EQ(nameOf(addBlock(*database, L"*D")), OdString(L"*D1"));
 }
 
+TEST(SymbolTable, FreeNamesAreTheLowestWhateverCameAndWent) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  const auto next = [&] { return forRead<OdDbSymbolTable>(database->getLayerTableId())->freeName(L"a"); };
+  EXPECT_EQ(next(), OdString(L"a"));
+  std::vector<OdDbObjectId> made;
+  for (const wchar_t* expected : {L"a", L"a-2", L"a-3", L"a-4"}) {
+    EXPECT_EQ(next(), OdString(expected));
+    made.push_back(addLayer(*database, next().c_str()));
+  }
+  forWrite<OdDbLayerTableRecord>(made[1])->erase();
+  EXPECT_EQ(next(), OdString(L"a-2"));
+  forWrite<OdDbLayerTableRecord>(made[3])->setName(L"A-2");
+  EXPECT_EQ(next(), OdString(L"a-4"));
+  forWrite<OdDbLayerTableRecord>(made[0])->setName(L"b");
+  EXPECT_EQ(next(), OdString(L"a"));
+}
+
 TEST(SymbolTable, UndoOfARenameAnErasureAndAnAdditionKeepsLookUpsInStep) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
   const OdDbObjectId a = addLayer(*database, L"a"), b = addLayer(*database, L"b");

@@ -1,6 +1,7 @@
 // Damaged files: whatever is wrong stays where it is. Reading never crashes, says what it found, and what it keeps
 // comes back from the next file as it was.
 #include "DbCarried.h"
+#include "DbDictionary.h"
 #include "DbDxf.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
@@ -89,6 +90,14 @@ TEST(Damage, IsNamedAndMended) {
       {"end of a section alone", dxf(section("ENTITIES", line("")) + "0|ENDSEC\n"), "dxf.stray-section-end", 1},
       {"groups behind the end of a section", dxf(section("BLOCKS", "") + "5|7\n" + section("ENTITIES", line(""))),
        "dxf.stray-group", 1},
+      {"groups among the reactors",
+       dxf(section("ENTITIES", "0|LINE\n5|A1\n102|{ACAD_REACTORS\n330|DEAD\n1|x\n102|}\n100|AcDbEntity\n8|0\n"
+                               "100|AcDbLine\n10|1\n20|2\n30|3\n11|4\n21|5\n31|6\n")),
+       "dxf.stray-group", 1},
+      {"two extension dictionaries",
+       dxf(section("ENTITIES", "0|LINE\n5|A1\n102|{ACAD_XDICTIONARY\n360|DEAD\n360|BEAD\n102|}\n100|AcDbEntity\n8|0\n"
+                               "100|AcDbLine\n10|1\n20|2\n30|3\n11|4\n21|5\n31|6\n")),
+       "dxf.stray-group", 1},
       {"table record without block",
        dxf(section("TABLES", table("BLOCK_RECORD", blockRecord("B1", "door"))) +
            section("ENTITIES", insert("A1", "door"))),
@@ -163,6 +172,13 @@ TEST(Damage, OddFilesAreReadWhole) {
       {"no handles", dxf(section("ENTITIES", "0|LINE\n100|AcDbEntity\n8|0\n100|AcDbLine\n10|0\n20|0\n11|1\n21|1\n")),
        "dxf.handle-missing", 1},
       {"link to nothing", dxf(section("ENTITIES", line("340|DEAD\n"))), "dxf.broken-link", 1},
+      {"vertex without a polyline", dxf(section("ENTITIES", "0|VERTEX\n5|A1\n8|0\n10|1\n20|1\n30|0\n70|0\n")),
+       "dxf.stray-vertex", 1},
+      {"version older than all", dxf(section("ENTITIES", line("")), "AC1002"), "dxf.version-unknown", 1},
+      {"version newer than all", dxf(section("ENTITIES", line("")), "AC1050"), "dxf.version-unknown", 1},
+      {"unknown code page", dxf(section("ENTITIES", line("")), "AC1015", "KLINGON"), "dxf.code-page-unknown", 1},
+      {"names without objects",
+       dxf(section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n3|first\n3|\n3|last\n")), "", 0},
       {"entities before tables", dxf(entities + section("TABLES", layers + records) + definitions), "", 2},
       {"blocks before tables", dxf(definitions + section("TABLES", layers + records) + entities), "", 2},
       {"very long line", dxf(section("ENTITIES", line("1001|ACAD\n1000|" + std::string(3'000'000, 'x') + "\n"))), "",
@@ -180,6 +196,27 @@ TEST(Damage, OddFilesAreReadWhole) {
     EXPECT_TRUE(read.database->symbol(OdDb::kBlockTable, L"*Model_Space-2").isNull());
     expectRoundTrip(*read.database);
   }
+}
+
+TEST(Damage, TextsOfALaterVersionAreThoseOfTheLastOne) {
+  const ReadResult read =
+      drawing::readDrawingFromMemory(dxf(section("ENTITIES", line("1001|ACAD\n1000|\xC3\xBC\n")), "AC1050"));
+  ASSERT_FALSE(read.database.isNull()) << read.message;
+  EXPECT_EQ(read.database->facts().version, OdDb::kRelease2018);
+  EXPECT_NE(drawing::canonicalDump(*read.database).find("\xC3\xBC"), std::string::npos);
+}
+
+TEST(Damage, NamesWithoutObjectsAreKept) {
+  const ReadResult read = drawing::readDrawingFromMemory(
+      dxf(section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n3|first\n3|second\n350|C1\n3|last\n"
+                             "0|DICTIONARY\n5|C1\n330|C\n100|AcDbDictionary\n281|1\n")));
+  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const auto root = forRead<OdDbDictionary>(read.database->getNamedObjectsDictionaryId());
+  EXPECT_TRUE(root->getAt(L"first").isNull());
+  EXPECT_EQ(root->getAt(L"second").getHandle(), OdDbHandle(0xC1));
+  const std::string written = drawing::writeDrawingToMemory(*read.database, {});
+  EXPECT_NE(written.find("\nfirst\n"), std::string::npos);
+  EXPECT_NE(written.find("\nlast\n"), std::string::npos);
 }
 
 TEST(Damage, IsToldWithItsPlace) {
