@@ -8,4 +8,5 @@
 #include "blockcommon/messages.h"
 #include "blockcommon/prompts.h"
 #include "blockcommon/properties.h"
+#include "blockcommon/selections.h"
 #include "blockcommon/transforms.h"
