@@ -72,7 +72,7 @@ std::size_t objectsInModelSpace(const OdDbDatabase& database) {
 } // namespace
 
 drawing::Report openDrawing(Session& session, const std::string& path, bool tellsIssues) {
-  const drawing::ReadResult read = drawing::readDrawing(path);
+  const drawing::ReadResult read = drawing::readDrawing(path, session.reading());
   session.addIssues(read.report);
   if (read.database.isNull())
     throw Failure{Status::Unreadable, {Text::kUnreadable, {asText(read.message)}}};

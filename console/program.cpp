@@ -6,6 +6,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cctype>
+#include <charconv>
 #include <cstdio>
 #include <iostream>
 #include <unistd.h>
@@ -20,13 +22,40 @@ struct Options {
   std::vector<std::string> commands; // a script's lines each
   std::string script;
   std::string configFile;
+  std::string maxMemory;
+  drawing::ReadOptions reading;
 };
 
-SessionOptions sessionOptions(const Surroundings& surroundings, const std::string& configFile) {
-  SessionOptions options{surroundings.host, surroundings.talk, surroundings.results, false};
-  if (!configFile.empty())
-    options.host.configFile = configFile;
+SessionOptions sessionOptions(const Surroundings& surroundings, const Options& given) {
+  SessionOptions options{surroundings.host, surroundings.talk, surroundings.results, false, given.reading};
+  if (!given.configFile.empty())
+    options.host.configFile = given.configFile;
   return options;
+}
+
+// Bytes, or with K, M or G behind the number units of 1024, its square and its cube; 0 for what is none.
+std::uint64_t bytesOf(std::string_view text) {
+  constexpr std::string_view kUnits = "KMG";
+  const auto unit = text.empty() ? std::string_view::npos : kUnits.find(static_cast<char>(text.back() & ~0x20));
+  const bool hasUnit = unit != std::string_view::npos && std::isalpha(static_cast<unsigned char>(text.back())) != 0;
+  const std::string_view digits = text.substr(0, text.size() - (hasUnit ? 1 : 0));
+  const unsigned shift = hasUnit ? 10 * (static_cast<unsigned>(unit) + 1) : 0;
+  std::uint64_t number = 0;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  const bool good = error == std::errc() && end == digits.data() + digits.size() && number <= (UINT64_MAX >> shift);
+  return good ? number << shift : 0;
+}
+
+// Options of reading hold for every sub-verb, too.
+void checkReading(Options& options) {
+  const std::string& encoding = options.reading.encoding;
+  if (!encoding.empty() && !drawing::isKnownEncoding(encoding))
+    verbs::refuseUsage(Text::kBadEncoding, "--encoding", encoding);
+  if (options.maxMemory.empty())
+    return;
+  options.reading.budget.bytes = bytesOf(options.maxMemory);
+  if (options.reading.budget.bytes == 0)
+    verbs::refuseUsage(Text::kBadMemory, "--max-memory", options.maxMemory);
 }
 
 // The answers of the session. False when the script cannot be read.
@@ -73,6 +102,10 @@ void describeOptions(CLI::App& app, Options& options) {
   commands->allow_extra_args(false);
   app.add_option("-f,--file", options.script, "Script of commands to run")->excludes(commands);
   app.add_option("--config", options.configFile, "File of settings in place of the user's own");
+  app.add_option("--encoding", options.reading.encoding, "Code page of drawings in place of the one they declare");
+  app.add_option("--max-memory", options.maxMemory, "Memory for reading a drawing, as 500M or 2G");
+  app.add_option("--max-depth", options.reading.budget.depth, "Definitions within definitions that are read (1000)")
+      ->check(CLI::PositiveNumber);
   app.set_version_flag("--version", kVersion);
   app.require_subcommand(0, 1);
 }
@@ -91,11 +124,16 @@ int runProgram(const std::vector<std::string>& arguments, const Surroundings& su
   const auto verbs = verbs::allVerbs();
   for (const auto& verb : verbs)
     verb->describe(app);
+  for (CLI::App* verb : app.get_subcommands([](const CLI::App*) { return true; })) {
+    verb->fallthrough();
+    verb->footer("Also, as in morvane --help: --encoding, --max-memory, --max-depth, --config");
+  }
   const auto tell = [&](const std::string& text) {
     surroundings.talk ? surroundings.talk(OdString::fromUtf8(text)) : void(std::fputs(text.c_str(), stderr));
   };
   try {
     app.parse(reversed(arguments));
+    checkReading(options);
     for (const auto& verb : verbs)
       verb->check();
   } catch (const CLI::Success& success) { // help or version
@@ -110,7 +148,7 @@ int runProgram(const std::vector<std::string>& arguments, const Surroundings& su
     tell("morvane: " + failure.message.shown().toUtf8Lossless() + "\n");
     return static_cast<int>(failure.status);
   }
-  SessionOptions settings = sessionOptions(surroundings, options.configFile);
+  SessionOptions settings = sessionOptions(surroundings, options);
   for (const auto& verb : verbs) {
     if (verb->isChosen())
       return static_cast<int>(verb->run(settings));

@@ -46,7 +46,7 @@ private:
   std::uint64_t changesBefore_ = 0;
 };
 
-Session::Session(SessionOptions options) : host_(options.host), quiet_(options.quiet) {
+Session::Session(SessionOptions options) : host_(options.host), reading_(options.reading), quiet_(options.quiet) {
   auto talk = options.talk ? options.talk : [](const OdString& text) { writeTo(stderr, text); };
   line_ = std::make_shared<LineSink>(std::move(talk));
   results_ = options.results ? options.results : [](const OdString& text) { writeTo(stdout, text); };

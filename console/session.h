@@ -7,6 +7,7 @@
 #include "console/line_sink.h"
 
 #include "DbDatabase.h"
+#include "DbDxf.h"
 #include "DbReport.h"
 #include "Ge/GeMatrix3d.h"
 #include "morvane/host.h"
@@ -36,6 +37,7 @@ struct SessionOptions {
   std::function<void(const OdString&)> talk;    // what the command line shows; empty: standard error
   std::function<void(const OdString&)> results; // empty: standard output
   bool quiet = false;                           // results are kept for a machine-readable report, not written
+  drawing::ReadOptions reading = {};            // for every drawing that is opened
 };
 
 class Session {
@@ -45,6 +47,7 @@ public:
 
   morvane::Host& host() { return host_; }
   LineSink& line() { return *line_; }
+  const drawing::ReadOptions& reading() const { return reading_; }
   const std::shared_ptr<LineSink>& lineShared() const { return line_; }
 
   void answerFrom(std::shared_ptr<morvane::InputSource> source);
@@ -86,6 +89,7 @@ private:
   std::shared_ptr<LineSink> line_;
   std::shared_ptr<GatedSource> source_; // null until there is one
   std::function<void(const OdString&)> results_;
+  drawing::ReadOptions reading_;
   OpenDrawing drawing_;
   std::vector<Message> said_;
   std::vector<drawing::Issue> issues_;

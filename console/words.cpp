@@ -268,6 +268,10 @@ constexpr std::array kWords = {
     Word{Text::kFixNeedsOutput, "usage.fix-output", L"--fix and -o go together."},
     Word{Text::kHelpAudit, "help.audit", L"Look for damage, and mend it"},
     Word{Text::kPromptFix, "prompt.fix", L"Mend what is found? [Yes/No] <No>:"},
+
+    Word{Text::kBadEncoding, "usage.encoding",
+         L"{1} takes a code page such as ANSI_1251, ANSI_936, DOS437, ISO8859-5 or UTF-8, not \"{2}\"."},
+    Word{Text::kBadMemory, "usage.memory", L"{1} takes a number of bytes, or one with K, M or G, not \"{2}\"."},
 };
 
 constexpr bool inOrder() {

@@ -243,6 +243,9 @@ enum class Text : unsigned short {
   kFixNeedsOutput,
   kHelpAudit,
   kPromptFix,
+  // Reading
+  kBadEncoding,
+  kBadMemory,
   kCount
 };
 

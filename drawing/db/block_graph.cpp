@@ -5,6 +5,7 @@
 #include "db/load_context.h"
 #include "db/store.h"
 
+#include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -174,6 +175,24 @@ OdResult extentsOf(const OdDbBlockTableRecord& block, OdGeExtents3d& extents) {
     known[id] = extentsOfMembers(*peekAs<OdDbBlockTableRecord>(id), known);
   extents = known[block.objectId()];
   return extents.isValidExtents() ? eOk : eDegenerateGeometry;
+}
+
+std::uint32_t nestingDepth(OdDbDatabase& database) {
+  std::vector<OdDbObjectId> cut;
+  std::unordered_map<OdDbObjectId, std::uint32_t> depths;
+  std::uint32_t deepest = 0;
+  for (OdDbObjectId id : bottomUp(database, cut)) {
+    const auto& block = *peekAs<OdDbBlockTableRecord>(id);
+    std::uint32_t below = 0;
+    for (OdDbObjectId member : block.members().ids()) {
+      const auto* reference = livingReference(member);
+      const auto inner = reference == nullptr ? depths.end() : depths.find(reference->blockTableRecord());
+      below = inner == depths.end() ? below : std::max(below, inner->second);
+    }
+    depths[id] = block.isLayout() ? below : below + 1;
+    deepest = std::max(deepest, depths[id]);
+  }
+  return deepest;
 }
 
 bool readPreview(std::string& preview, const Pair& pair, LoadContext& context) {

@@ -18,6 +18,8 @@ OdResult extentsOf(const OdDbBlockTableRecord& block, OdGeExtents3d& extents);
 // Definitions in an order in which each comes behind those that it contains; a definition in a cycle stands where the
 // walk met it. `cut` receives the references that close cycles.
 std::vector<OdDbObjectId> bottomUp(OdDbDatabase& database, std::vector<OdDbObjectId>& cut);
+// How many definitions stand in each other at most: 1 without any reference in a definition. Spaces do not count.
+std::uint32_t nestingDepth(OdDbDatabase& database);
 
 // The preview picture of a block: hexadecimal chunks under code 310.
 bool readPreview(std::string& preview, const Pair& pair, LoadContext& context);

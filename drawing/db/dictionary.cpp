@@ -221,6 +221,11 @@ void OdDbXrecord::setFromRbChain(const OdResBuf* chain) {
   OdResBuf::toGroups(chain, groups_);
 }
 
+void OdDbXrecord::ownedObjects(std::vector<OdDbObjectId>& ids) const {
+  OdDbObject::ownedObjects(ids);
+  drawing::db::listOwned(groups_, objectId(), ids);
+}
+
 void OdDbXrecord::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbObject::visitReferences(visitor);
   drawing::db::visitGroups(groups_, visitor);

@@ -2,6 +2,7 @@
 
 #include "DbDatabase.h"
 #include "DbDictionary.h"
+#include "DbSymbolTable.h"
 #include "db/store.h"
 #include "db/undo.h"
 
@@ -198,15 +199,7 @@ void OdDbObject::ownedObjects(std::vector<OdDbObjectId>& ids) const {
   if (!extras_->extensionDictionary.isNull())
     ids.push_back(extras_->extensionDictionary);
   // A helper that only this object names, such as the one that tells an image of its file.
-  const drawing::GroupList& groups = extras_->carried;
-  for (std::size_t i = 0; i < groups.size(); ++i) {
-    if (groups[i].kind != drawing::GroupKind::Reference ||
-        drawing::referenceTypeOf(groups[i].code) != OdDb::kHardOwnershipRef)
-      continue;
-    const OdDbObject* object = drawing::db::peek(groups.idOf(groups[i]));
-    if (object != nullptr && object->ownerId() == id_)
-      ids.push_back(object->objectId());
-  }
+  drawing::db::listOwned(extras_->carried, id_, ids);
 }
 
 void OdDbObject::dropLostReactors() {
@@ -218,6 +211,22 @@ void OdDbObject::dropLostReactors() {
 
 void OdDbObject::afterClone(const OdDbObject&, OdDbIdMapping&) {}
 void OdDbObject::afterLoad() {}
+
+void drawing::db::listOwned(const GroupList& groups, OdDbObjectId holder, std::vector<OdDbObjectId>& ids) {
+  for (std::size_t i = 0; i < groups.size(); ++i) {
+    if (groups[i].kind != GroupKind::Reference)
+      continue;
+    const OdDb::ReferenceType type = referenceTypeOf(groups[i].code);
+    const OdDbObject* object = peek(groups.idOf(groups[i]));
+    if (object == nullptr || (type != OdDb::kHardOwnershipRef && type != OdDb::kSoftOwnershipRef))
+      continue;
+    // Some programs leave helpers without an owner; tables and dictionaries may stand at the top.
+    const bool ownerless = object->ownerId().isNull() && type == OdDb::kHardOwnershipRef &&
+                           !object->isKindOf(OdDbDictionary::desc()) && !object->isKindOf(OdDbSymbolTable::desc());
+    if (object->ownerId() == holder || ownerless)
+      ids.push_back(object->objectId());
+  }
+}
 
 void drawing::db::visitGroups(drawing::GroupList& groups, drawing::ReferenceVisitor& visitor) {
   for (std::size_t i = 0; i < groups.size(); ++i) {

@@ -4,13 +4,16 @@
 #include "DbBlockTable.h"
 #include "DbCarried.h"
 #include "DbDictionary.h"
+#include "DbSequence.h"
 #include "DbSymbolRecords.h"
 #include "db/block_graph.h"
+#include "db/standing_names.h"
 #include "db/store.h"
 #include "db/symbol_kinds.h"
 
 #include <algorithm>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace drawing::db {
 
@@ -76,12 +79,59 @@ void tellLayoutFault(SettleFacts& facts, const LayoutFault& fault) {
   tell(facts, words.code, Severity::Repaired, fault.object, words.found, fault.done);
 }
 
-void ensureEnds(OdDbDatabase& database) {
-  auto* table = peekAs<OdDbBlockTable>(database.getBlockTableId());
+void ensureEnds(SettleFacts& facts) {
+  auto* table = peekAs<OdDbBlockTable>(facts.database.getBlockTableId());
   for (OdDbObjectId id : table->members().ids()) {
     auto* block = peekAs<OdDbBlockTableRecord>(id);
-    if (block != nullptr && !block->isErased())
-      block->ensureEnds();
+    if (!lives(block))
+      continue;
+    const bool wasNamedOnly = facts.context.missing().count(id) != 0;
+    if (block->blockBeginId().isNull() && !wasNamedOnly && !isSpaceName(block->getName()))
+      tell(facts, "dxf.record-without-block", Severity::Repaired, *block, "no block belongs to the record",
+           "an empty one is made");
+    block->ensureEnds();
+  }
+}
+
+// A file that was cut, or a careless program: the members are there and their end is not.
+void ensureSequenceEnds(SettleFacts& facts) {
+  for (OdDbObjectId id : facts.database.allIds()) {
+    auto* entity = peekAs<OdDbEntity>(id);
+    auto* sequence = dynamic_cast<OdDbSequenceOwner*>(entity);
+    if (sequence == nullptr || sequence->subEntities().empty() || peek(sequence->sequenceEndId()) != nullptr)
+      continue;
+    tell(facts, "dxf.sequence-without-end", Severity::Repaired, *entity, "its sequence has no end", "the end is made");
+    const WriteScope scope(*entity);
+    sequence->ensureEnd(*entity);
+  }
+}
+
+// What the file mentions and never brings. Each is told once, with whoever mentioned it first.
+class BrokenLinks final : public ReferenceVisitor {
+public:
+  explicit BrokenLinks(SettleFacts& facts) : facts_(facts) {}
+  void look(OdDbObject& object) {
+    at_ = &object;
+    object.visitReferences(*this); // only reads
+  }
+  void visit(OdDbObjectId& id, OdDb::ReferenceType) override {
+    if (!id.isNull() && peek(id) == nullptr && told_.insert(id).second)
+      tell(facts_, "dxf.broken-link", Severity::Note, *at_,
+           "it refers to " + id.getHandle().ascii() + ", which does not exist", "the reference is kept");
+  }
+
+private:
+  SettleFacts& facts_;
+  OdDbObject* at_ = nullptr;
+  std::unordered_set<OdDbObjectId> told_;
+};
+
+void tellBrokenLinks(SettleFacts& facts) {
+  BrokenLinks links(facts);
+  for (OdDbObjectId id : facts.database.allIds()) {
+    OdDbObject* object = peek(id);
+    if (lives(object) && object != &facts.database.header())
+      links.look(*object);
   }
 }
 
@@ -160,12 +210,14 @@ void settleDrawing(SettleFacts& facts) {
   tellMissing(facts);
   ownOrphans(database);
   ensureLayers(database);
-  ensureEnds(database);
+  ensureEnds(facts);
+  ensureSequenceEnds(facts);
   std::vector<OdDbObjectId> cut;
   bottomUp(database, cut);
   for (OdDbObjectId id : cut)
     cutReference(facts, id);
   raiseHandseed(database);
+  tellBrokenLinks(facts);
   database.store().assignDeferredHandles();
   for (OdDbObjectId id : database.allIds()) {
     if (OdDbObject* object = peek(id))

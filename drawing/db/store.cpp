@@ -176,6 +176,18 @@ OdDbObjectId Store::expect(OdDbHandle handle) {
   return {serial_, number};
 }
 
+OdDbObjectId Store::giveHandle(OdDbObjectId id, OdDbHandle handle) {
+  const std::uint32_t expected = handle.isNull() ? 0 : handles_.find(handle);
+  if (handle.isNull() || stub(id.number()).handle != 0 || (expected != 0 && stub(expected).object != nullptr))
+    return {};
+  if (expected != 0)
+    stub(expected).handle = 0;
+  stub(id.number()).handle = handle;
+  handles_.put(handle, id.number());
+  raiseNextHandle(handle);
+  return expected == 0 ? OdDbObjectId() : OdDbObjectId(serial_, expected);
+}
+
 void Store::replace(OdDbObjectId id, OdDbObject* object) {
   OdDbObject* old = stub(id.number()).object;
   settle(object, id.number());

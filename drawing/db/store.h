@@ -53,6 +53,9 @@ public:
   OdDbObjectId find(OdDbHandle handle) const;
   // The id that has or will have that handle: files refer to objects before they bring them.
   OdDbObjectId expect(OdDbHandle handle);
+  // Gives an object that waits for a handle this one, when it is free. Answers the id that was expected to have it,
+  // which nothing stands behind any more; null when there is none.
+  OdDbObjectId giveHandle(OdDbObjectId id, OdDbHandle handle);
   // Puts another object behind an id (an object that is read late, or cannot stand as it was).
   void replace(OdDbObjectId id, OdDbObject* object);
   // The same while somebody may still be at work on the present object: that one becomes free, and lives as long as
@@ -125,5 +128,7 @@ private:
 
 // Every reference of a carried list.
 void visitGroups(GroupList& groups, ReferenceVisitor& visitor);
+// Objects that a carried list owns: those it names as its own and that name `holder` as their owner, or none.
+void listOwned(const GroupList& groups, OdDbObjectId holder, std::vector<OdDbObjectId>& ids);
 
 } // namespace drawing::db

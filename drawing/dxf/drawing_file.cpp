@@ -3,10 +3,16 @@
 
 #include "OdFiles.h"
 #include "dxf/early_writer.h"
+#include "dxf/encoding.h"
 #include "dxf/form_writer.h"
 #include "dxf/reader.h"
 #include "dxf/text_codec.h"
+#include "dxf/version_copy.h"
 #include "dxf/writer.h"
+
+#include <algorithm>
+#include <functional>
+#include <unistd.h>
 
 namespace drawing {
 
@@ -56,18 +62,31 @@ ReadResult refuse(OdResult code, std::string message) {
   return result;
 }
 
-std::string reasonFor(OdResult code, const std::string& name, std::uint64_t line, bool binary) {
+std::string reasonFor(OdResult code, const std::string& name, const dxf::Reader& reader, bool binary) {
   const char* unit = binary ? ", byte " : ", line ";
-  const std::string place = name + (line == 0 ? "" : unit + std::to_string(line)) + ": ";
+  const std::string place = name + (reader.line() == 0 ? "" : unit + std::to_string(reader.line())) + ": ";
+  if (!reader.limit().empty())
+    return place + reader.limit();
   if (code == eNotADrawing)
     return place + "not a drawing (no section was found)";
   return place + odResultText(code).toUtf8();
 }
 
-void tellUndecodable(const dxf::TextCodec& codec, Report& report) {
+// The line of a text file, the offset in a binary one; 0 for a place elsewhere.
+std::uint64_t placeIn(std::string_view content, const char* at, bool binary) {
+  const std::less<const char*> before;
+  if (at == nullptr || before(at, content.data()) || !before(at, content.data() + content.size()))
+    return 0;
+  const std::string_view ahead = content.substr(0, static_cast<std::size_t>(at - content.data()));
+  const char ending = content.find('\n') == std::string_view::npos ? '\r' : '\n';
+  return binary ? ahead.size() : static_cast<std::uint64_t>(std::count(ahead.begin(), ahead.end(), ending)) + 1;
+}
+
+void tellUndecodable(const dxf::TextCodec& codec, std::string_view content, bool binary, Report& report) {
   if (codec.undecodable() == 0)
     return;
-  report.add({"dxf.text-undecodable", Severity::Note, 0, -1, 0, "", "",
+  const std::uint64_t place = placeIn(content, codec.firstUndecodable(), binary);
+  report.add({"dxf.text-undecodable", Severity::Note, place, -1, 0, "", "",
               std::to_string(codec.undecodable()) + " bytes are no text in the code page of the file",
               "they are kept as they are"});
 }
@@ -78,45 +97,78 @@ std::unique_ptr<dxf::PairSource> sourceOf(std::string_view content, bool binary,
   return std::make_unique<dxf::TextPairSource>(content, report);
 }
 
+dxf::Encoding encodingFor(std::string_view content, const FileFacts& facts, const ReadOptions& options,
+                          Report& report) {
+  if (!options.encoding.empty())
+    return {options.encoding};
+  Report unheard; // the reading tells
+  const auto source = sourceOf(content, facts.binary, unheard);
+  const dxf::Encoding encoding = dxf::encodingOf(facts, *source);
+  if (encoding.isContradicted)
+    report.add({"dxf.encoding-contradicted", Severity::Note, 0, -1, 0, "HEADER", "",
+                encoding.mode == dxf::TextCodec::Mode::Utf8
+                    ? "the texts are UTF-8 and not in the code page " + facts.codePage + " that the file declares"
+                    : "the texts are not UTF-8, but in the code page " + encoding.page,
+                "they are read as what they are"});
+  return encoding;
+}
+
 ReadResult readGroups(std::string_view content, const std::string& name, const ReadOptions& options, bool binary) {
   ReadResult result;
   result.report.limitMessages(options.budget.messages);
   FileFacts facts = factsOf(content);
-  const bool utf8 = facts.version >= OdDb::kRelease2007;
-  dxf::TextCodec codec = !options.encoding.empty() ? dxf::TextCodec(options.encoding)
-                         : utf8                    ? dxf::TextCodec({}, dxf::TextCodec::Mode::Utf8)
-                                                   : dxf::TextCodec(facts.codePage);
+  facts.binary = binary;
   if (facts.version == OdDb::kVersionUnknown)
     facts.version = OdDb::kRelease12;
+  const dxf::Encoding encoding = encodingFor(content, facts, options, result.report);
+  dxf::TextCodec codec(encoding.page, encoding.mode);
   OdDbDatabasePtr database = OdDbDatabase::createEmpty();
-  facts.binary = binary;
   database->facts() = facts;
   const auto source = sourceOf(content, binary, result.report);
   dxf::Reader reader(*database, *source, codec, result.report, options.budget);
   const OdResult code = reader.run();
-  if (code != eOk) {
-    return refuse(code, reasonFor(code, name, reader.line(), binary));
-  }
-  tellUndecodable(codec, result.report);
+  if (code != eOk)
+    return refuse(code, reasonFor(code, name, reader, binary));
+  tellUndecodable(codec, content, binary, result.report);
   result.database = database;
   return result;
 }
 
+// The memory that a reading may take when nobody says.
+std::uint64_t usualMemory(std::uint64_t fileSize) {
+  const auto pages = sysconf(_SC_PHYS_PAGES), pageSize = sysconf(_SC_PAGESIZE);
+  const std::uint64_t machine =
+      pages > 0 && pageSize > 0 ? static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(pageSize) : UINT64_MAX;
+  constexpr std::uint64_t kLeast = std::uint64_t{64} << 20;
+  return std::min(machine / 4 * 3, fileSize > UINT64_MAX / 200 ? UINT64_MAX : kLeast + 100 * fileSize);
+}
+
 } // namespace
 
-ReadResult readDrawingFromMemory(std::string_view content, const std::string& name, const ReadOptions& options) {
+bool isKnownEncoding(std::string_view name) {
+  return dxf::codePageNumber(name) != 0;
+}
+
+ReadResult readDrawingFromMemory(std::string_view content, const std::string& name, const ReadOptions& given) {
   std::string signature;
   if (content.empty())
     return refuse(eNotADrawing, name + ": the file is empty");
+  ReadOptions options = given;
+  if (options.budget.bytes == 0)
+    options.budget.bytes = usualMemory(content.size());
   if (content.size() > options.budget.bytes)
-    return refuse(eBudgetExceeded, name + ": the file is larger than the memory allowed");
+    return refuse(eBudgetExceeded, name + ": the file is larger than the " + std::to_string(options.budget.bytes) +
+                                       " bytes of memory that are allowed");
   switch (formOf(content, &signature)) {
   case FileForm::TextDxf:
     return readGroups(content, name, options, false);
   case FileForm::BinaryDxf:
     return readGroups(content, name, options, true);
-  case FileForm::Dwg:
-    return refuse(eUnsupportedFileFormat, name + ": DWG (" + signature + ") cannot be read; convert it to DXF first");
+  case FileForm::Dwg: {
+    const std::string year = versionYear(versionFromSignature(signature));
+    return refuse(eUnsupportedFileFormat, name + ": DWG " + (year.empty() ? "" : year + " ") + "(" + signature +
+                                              ") cannot be read; convert it to DXF first");
+  }
   default:
     return refuse(eNotADrawing, name + ", line 1: not a drawing (a group code was expected)");
   }
@@ -124,7 +176,8 @@ ReadResult readDrawingFromMemory(std::string_view content, const std::string& na
 
 ReadResult readDrawing(const std::string& path, const ReadOptions& options) {
   MappedFile file;
-  if (const FileError error = file.open(path, options.budget.bytes); !error.ok())
+  const std::uint64_t most = options.budget.bytes == 0 ? usualMemory(UINT64_MAX) : options.budget.bytes;
+  if (const FileError error = file.open(path, most); !error.ok())
     return refuse(error.code, error.text);
   ReadResult result = readDrawingFromMemory(file.text(), path, options);
   if (!result.database.isNull())
@@ -162,11 +215,14 @@ void writeEarly(const OdDbDatabase& database, GroupSink& sink) {
   dxf::EarlyWriter(database, sink, count.firstFree()).run();
 }
 
-void writeTo(const OdDbDatabase& database, const WriteOptions& options, const dxf::FormWriter::Output& output,
+void writeTo(const OdDbDatabase& given, const WriteOptions& options, const dxf::FormWriter::Output& output,
              Report& losses) {
-  const OdDb::DwgVersion version = targetVersion(database, options);
+  const OdDb::DwgVersion version = targetVersion(given, options);
+  const OdDbDatabasePtr copy = options.asItIs ? nullptr : dxf::copyForVersion(given, version);
+  const OdDbDatabase& database = copy.isNull() ? given : *copy;
   dxf::TextCodec codec = version >= OdDb::kRelease2007 ? dxf::TextCodec({}, dxf::TextCodec::Mode::Utf8)
                                                        : dxf::TextCodec(database.facts().codePage);
+  codec.escapeLookalikes();
   dxf::FormWriter::Target target{output, codec, version, version >= database.facts().version, losses};
   std::unique_ptr<dxf::FormWriter> sink;
   if (isBinary(database, options.form))

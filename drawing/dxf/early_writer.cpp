@@ -254,9 +254,11 @@ void EarlyWriter::record(const OdDbObject& object, const GroupList& groups, bool
   for (std::size_t i = 0; i < groups.size() && groups[i].code != 101; ++i) {
     const Group& one = groups[i];
     const bool isArrow = kind == "DIMSTYLE" && arrowNameCode(one.code) != 0;
+    // The colour of a fill behind texts stands under the code of the flags, behind the kind of the fill.
+    const bool isFill = kind == "DIMSTYLE" && one.code == 70 && i > 0 && groups[i - 1].code == 69;
     if (isArrow) {
       name(kind, arrowNameCode(one.code), symbolName(groups.idOf(one)).toUtf8Lossless());
-    } else if (hasEarlyCode(kind, one.code) || keepsAll) {
+    } else if ((hasEarlyCode(kind, one.code) && !isFill) || keepsAll) {
       group(kind, groups, one);
     } else if (const auto what = earlyLoss(kind, one.code, numberOf(one)); !what.empty() && what != toldLast) {
       toldLast = what;

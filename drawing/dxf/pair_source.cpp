@@ -1,5 +1,6 @@
 #include "dxf/pair_source.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace drawing::dxf {
@@ -10,8 +11,11 @@ bool PairSource::nextRecord(Record& record) {
     return false;
   hasAhead_ = false;
   record.push_back(ahead_);
+  if (ahead_.code == 0 && ahead_.text == "EOF")
+    return true;
   while (next(ahead_)) {
-    if (ahead_.code == 0) {
+    isOverLimit_ = record.size() >= mostGroups_;
+    if (ahead_.code == 0 || isOverLimit_) {
       hasAhead_ = true;
       break;
     }
@@ -26,19 +30,6 @@ TextPairSource::TextPairSource(std::string_view content, Report& report)
     at_ += 3;
   if (content.find('\n') == std::string_view::npos && content.find('\r') != std::string_view::npos)
     ending_ = '\r';
-}
-
-bool TextPairSource::line(std::string_view& text) {
-  if (at_ >= end_)
-    return false;
-  const auto* stop = static_cast<const char*>(std::memchr(at_, ending_, static_cast<std::size_t>(end_ - at_)));
-  const char* last = stop == nullptr ? end_ : stop;
-  text = std::string_view(at_, static_cast<std::size_t>(last - at_));
-  if (!text.empty() && text.back() == '\r')
-    text.remove_suffix(1);
-  at_ = stop == nullptr ? end_ : stop + 1;
-  ++lineNumber_;
-  return true;
 }
 
 namespace {
@@ -61,9 +52,42 @@ bool parseCode(std::string_view text, int& value) {
 
 } // namespace
 
+bool TextPairSource::line(std::string_view& text, bool isValue) {
+  if (at_ >= end_)
+    return false;
+  const auto* stop = static_cast<const char*>(std::memchr(at_, ending_, static_cast<std::size_t>(end_ - at_)));
+  const char* last = stop == nullptr ? end_ : stop;
+  text = std::string_view(at_, static_cast<std::size_t>(last - at_));
+  at_ = stop == nullptr ? end_ : stop + 1;
+  ++lineNumber_;
+  while (!text.empty() && text.back() == '\r')
+    text.remove_suffix(1);
+  if (const std::size_t cut = loneReturn(text, isValue); cut < text.size()) {
+    at_ = text.data() + cut + 1;
+    text = text.substr(0, cut);
+  }
+  return true;
+}
+
+// A return inside a value may belong to it, unless a group code stands behind it.
+std::size_t TextPairSource::loneReturn(std::string_view text, bool isValue) const {
+  const std::size_t at = text.find('\r');
+  if (at == std::string_view::npos || !isValue)
+    return std::min(at, text.size());
+  const std::string_view rest = text.substr(at + 1);
+  int code = 0;
+  return parseCode(rest.substr(0, rest.find('\r')), code) ? at : text.size();
+}
+
+bool TextPairSource::hasRest() const {
+  constexpr std::string_view kNothing(" \t\r\n\x1a\0", 6);
+  return std::string_view(at_, static_cast<std::size_t>(end_ - at_)).find_first_not_of(kNothing) !=
+         std::string_view::npos;
+}
+
 bool TextPairSource::code(int& value) {
   std::string_view text;
-  while (line(text)) {
+  while (line(text, false)) {
     if (parseCode(text, value))
       return true;
     const bool blank = text.find_first_not_of(" \t\x1a") == std::string_view::npos;
@@ -79,7 +103,7 @@ bool TextPairSource::next(Pair& pair) {
   if (!code(pair.code))
     return false;
   pair.form = Pair::Form::Text;
-  if (!line(pair.text)) {
+  if (!line(pair.text, true)) {
     report_.add({"dxf.cut-off", Severity::Lost, lineNumber_, pair.code, 0, "", "", "the file ends behind a group code",
                  "the group is dropped"});
     return false;

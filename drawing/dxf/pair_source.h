@@ -20,24 +20,35 @@ public:
   virtual ~PairSource() = default;
   // The next group; false at the end of the file.
   virtual bool next(Pair& pair) = 0;
+  // Whether more than blanks and zeros is left behind what was taken.
+  virtual bool hasRest() const { return false; }
 
-  // The next record; false when there is none. Groups in front of the first start form a record of their own.
+  // The next record; false when there is none. Groups in front of the first start form a record of their own; the mark
+  // of the file's end stands alone, and what comes behind it is not looked at.
   bool nextRecord(Record& record);
+  // A record ends early at that many groups; `isOverLimit` tells that one did.
+  void limitRecords(std::size_t groups) { mostGroups_ = groups; }
+  bool isOverLimit() const { return isOverLimit_; }
 
 private:
+  std::size_t mostGroups_ = SIZE_MAX;
+  bool isOverLimit_ = false;
   Pair ahead_;
   bool hasAhead_ = false;
 };
 
-// A text file: a line with the code, a line with the value. Lines end with LF or CR LF; a file without any LF is cut
-// at CR. A line where a code is due and none stands is reported and passed over.
+// A text file: a line with the code, a line with the value. Lines end with LF or CR LF; CR alone ends a line where a
+// code follows, and everywhere in a file without any LF. A line where a code is due and none stands is reported and
+// passed over.
 class TextPairSource final : public PairSource {
 public:
   TextPairSource(std::string_view content, Report& report);
   bool next(Pair& pair) override;
+  bool hasRest() const override;
 
 private:
-  bool line(std::string_view& text);
+  bool line(std::string_view& text, bool isValue);
+  std::size_t loneReturn(std::string_view text, bool isValue) const;
   bool code(int& value);
 
   const char* at_;

@@ -4,6 +4,7 @@
 #include "DbDictionary.h"
 #include "DbSequence.h"
 #include "DbSymbolRecords.h"
+#include "db/block_graph.h"
 #include "db/settle.h"
 #include "db/store.h"
 #include "db/symbol_kinds.h"
@@ -33,16 +34,32 @@ void Reader::passOver(const char* code, std::string found) {
   ++report_.account.dropped;
 }
 
+bool Reader::exceeds(std::string limit) {
+  result_ = eBudgetExceeded;
+  limit_ = std::move(limit);
+  return true;
+}
+
+// What the record at hand will take: an object with its place among the others, its groups, and its texts in characters
+// of four bytes.
+bool Reader::reckon() {
+  constexpr std::uint64_t kObject = 512, kGroup = 24, kCharacter = 4;
+  bytes_ += kObject + kGroup * record_.size();
+  for (const Pair& pair : record_)
+    bytes_ += kCharacter * pair.text.size();
+  if (bytes_ > budget_.bytes || source_.isOverLimit())
+    return exceeds("more than the " + std::to_string(budget_.bytes) + " bytes of memory that are allowed are needed");
+  if (database_.approxNumObjects() > budget_.objects)
+    return exceeds("there are more than the " + std::to_string(budget_.objects) + " objects that are allowed");
+  return false;
+}
+
 bool Reader::advance() {
-  if (database_.approxNumObjects() > budget_.objects) {
-    result_ = eBudgetExceeded;
-    return false;
-  }
   if (!std::exchange(again_, false) && !source_.nextRecord(record_))
     return false;
   line_ = record_[0].line;
   context_.begin(record_[0].text, record_[0].line);
-  return true;
+  return !reckon();
 }
 
 // Moves to the next record of the section; false at its end.
@@ -53,8 +70,13 @@ bool Reader::inSection() {
 // Moves to the next record of a run; false at its end. A record that begins or ends something larger ends the run too:
 // its own end is missing then, and that record is met again by whoever reads the larger thing.
 bool Reader::inRun(std::string_view end, std::initializer_list<std::string_view> larger) {
-  if (result_ != eOk || !advance() || record_[0].text == end)
+  if (result_ != eOk || !advance())
     return false;
+  if (record_[0].text == end && record_[0].code == 0) {
+    if (end != "ENDBLK")
+      checkRest(1);
+    return false;
+  }
   if (record_[0].code != 0 || std::find(larger.begin(), larger.end(), record_[0].text) == larger.end())
     return true;
   tell("dxf.end-missing", Severity::Repaired, "\"" + std::string(end) + "\" is missing in front of this record",
@@ -64,6 +86,7 @@ bool Reader::inRun(std::string_view end, std::initializer_list<std::string_view>
 }
 
 OdResult Reader::run() {
+  source_.limitRecords(static_cast<std::size_t>(budget_.bytes / sizeof(Pair)) + 1);
   database_.store().deferHandles();
   while (result_ == eOk && !sawEnd_ && advance()) {
     if (record_[0].text == "SECTION")
@@ -72,8 +95,12 @@ OdResult Reader::run() {
       sawEnd_ = true;
     else if (record_[0].code == 999)
       database_.facts().comments.push_back(std::string(record_[0].text));
-    else if (record_[0].text != "ENDSEC" || sawSection_)
+    else if (record_[0].text == "ENDSEC")
+      tell("dxf.stray-section-end", Severity::Repaired, "an end of a section without a section", "it is dropped");
+    else if (record_[0].code == 0)
       passOver("dxf.outside-section", "a record outside every section");
+    else
+      checkRest(0);
   }
   if (result_ != eOk)
     return result_;
@@ -81,17 +108,46 @@ OdResult Reader::run() {
     return eNotADrawing;
   if (!sawEnd_)
     tell("dxf.no-end-of-file", Severity::Repaired, "the file has no end mark", "what came is kept");
+  else if (source_.hasRest())
+    tell("dxf.behind-end", Severity::Lost, "there is something behind the end mark of the file", "it is passed over");
+  tellHandleless();
+  tellRecordlessBlocks();
   db::SettleFacts facts{database_, context_, budget_};
   db::settleDrawing(facts);
-  return eOk;
+  line_ = 0;
+  if (db::nestingDepth(database_) > budget_.depth)
+    exceeds("definitions nest deeper than the " + std::to_string(budget_.depth) + " levels that are allowed");
+  return result_;
+}
+
+// Groups where none belong.
+void Reader::checkRest(std::size_t from) {
+  for (std::size_t i = from; i < record_.size(); ++i)
+    context_.tell(
+        {"dxf.stray-group", Severity::Lost, 0, -1, 0, "", "", "a group that belongs to nothing", "it is passed over"},
+        &record_[i]);
+}
+
+void Reader::tellHandleless() {
+  if (handleless_ == 0 || database_.facts().version < OdDb::kRelease13)
+    return;
+  context_.begin("", firstHandleless_);
+  tell("dxf.handle-missing", Severity::Note,
+       std::to_string(handleless_) + " records have no handle, the first of them here", "they get new ones");
 }
 
 void Reader::readSection() {
-  const std::string_view name = record_.size() > 1 && record_[1].code == 2 ? record_[1].text : std::string_view();
+  const bool isNamed = record_.size() > 1 && record_[1].code == 2;
+  const std::string_view name = isNamed ? record_[1].text : std::string_view();
   context_.setSection(name);
+  if (std::find(sections_.begin(), sections_.end(), name) != sections_.end())
+    tell("dxf.section-repeated", Severity::Note, "a section of this name came before", "it is read, too");
+  sections_.emplace_back(name);
   for (const SectionHandler& entry : kHandlers) {
     if (name == entry.name) {
       sawSection_ = true; // sections that nobody knows make no drawing
+      if (name != "HEADER")
+        checkRest(2);
       (this->*entry.handler)();
       context_.setSection("");
       return;
@@ -129,6 +185,7 @@ void Reader::readCarriedSection() {
   for (std::size_t i = 2; i < record_.size(); ++i)
     context_.append(section.groups, record_[i]);
   while (inSection()) {
+    ++report_.account.kept;
     for (const Pair& pair : record_)
       context_.append(section.groups, pair);
   }
@@ -157,7 +214,8 @@ void Reader::readTable() {
   const std::string_view name = record_.size() > 1 && record_[1].code == 2 ? record_[1].text : std::string_view();
   const OdDb::SymbolTableKind kind = db::tableKindOf(name);
   if (kind == OdDb::kNoTable) {
-    passOver("dxf.unknown-table", "a table of the unknown name \"" + std::string(name) + "\"");
+    tell("dxf.unknown-table", Severity::Lost, "a table of the unknown name \"" + std::string(name) + "\"",
+         "it is passed over");
     return;
   }
   OdDbSymbolTable& table = context_.table(kind, handleIn(record_));
@@ -174,6 +232,8 @@ void Reader::readTableRecord(OdDb::SymbolTableKind kind, OdDbSymbolTable& table)
     passOver("dxf.wrong-record-in-table", "a record of another kind in the table");
     return;
   }
+  if (kind == OdDb::kBlockTable && fillStandIn(table))
+    return;
   ReadObject read;
   OdRxObjectPtr made = db::recordClass(kind)->create();
   read.object = made;
@@ -185,6 +245,24 @@ void Reader::readTableRecord(OdDb::SymbolTableKind kind, OdDbSymbolTable& table)
   OdSmartPtr<OdDbSymbolTableRecord> record = read.object;
   addRead(read, table.objectId());
   settleMissing(table, *record);
+}
+
+// Files in another order bring blocks, or entities of a space, before the records of the table.
+bool Reader::fillStandIn(OdDbSymbolTable& table) {
+  const auto name = std::find_if(record_.begin(), record_.end(), [](const Pair& pair) { return pair.code == 2; });
+  const OdDbObjectId id =
+      standIns_.empty() || name == record_.end() ? OdDbObjectId() : table.getAt(context_.text(*name));
+  if (id.isNull() || standIns_.erase(id) == 0)
+    return false;
+  ReadObject read;
+  OdDbObject& record = *db::peek(id);
+  const db::WriteScope scope(record);
+  objects_.fill(record_, record, read);
+  ++report_.account.read;
+  const OdDbObjectId expected = database_.store().giveHandle(id, read.handle);
+  if (!expected.isNull())
+    context_.redirects().emplace_back(expected, id);
+  return true;
 }
 
 // Puts the record into its table. A record that was asked for before it came stands in for it until now.
@@ -213,6 +291,8 @@ void Reader::settleMissing(OdDbSymbolTable& table, OdDbSymbolTableRecord& record
 
 OdDbObjectId Reader::addRead(ReadObject& read, OdDbObjectId owner) {
   read.object->setOwnerId(owner);
+  if (read.handle == 0 && handleless_++ == 0)
+    firstHandleless_ = record_[0].line;
   const OdDbObjectId id = database_.store().add(read.object.get(), read.handle);
   if (read.handle != 0 && id.getHandle() != OdDbHandle(read.handle))
     tell("dxf.duplicate-handle", Severity::Repaired, "the handle " + OdDbHandle(read.handle).ascii() + " is used twice",
@@ -229,6 +309,7 @@ OdDbBlockTableRecord& Reader::ensureSpace(const OdString& name) {
   made->setOwnerId(table.objectId());
   database_.store().add(made.get(), 0);
   table.adopt(made.get());
+  standIns_.insert(made->objectId());
   return *made;
 }
 
@@ -241,6 +322,23 @@ void Reader::readBlocks() {
   }
   if (database_.facts().version < OdDb::kRelease13)
     orderBlocks();
+}
+
+void Reader::tellRecordless(const OdString& name, const OdString& given) {
+  tell("dxf.block-without-record", Severity::Repaired,
+       "the block \"" + name.toUtf8() + "\" has no record in the block table",
+       "it is named \"" + given.toUtf8() + "\" and gets one");
+}
+
+// The record of a block may come behind it, so what lacks one is known at the end only.
+void Reader::tellRecordlessBlocks() {
+  for (const auto& [id, line] : recordless_) {
+    if (standIns_.count(id) == 0)
+      continue;
+    context_.begin("BLOCK", line);
+    const OdString& name = peekAs<OdDbBlockTableRecord>(id)->getName();
+    tellRecordless(name, name);
+  }
 }
 
 namespace {
@@ -292,7 +390,7 @@ OdDbBlockTableRecord* Reader::blockOf(const ReadObject& begin) {
   OdDbSymbolTable& table = context_.table(OdDb::kBlockTable);
   if (auto* named = waiting(table.getAt(name))) {
     if (context_.missing().erase(named->objectId()) != 0) // a reference came before its block
-      tellWithoutRecord(name, name);
+      standIn(*named);
     return named;
   }
   for (const auto& [was, id] : renamed_) {
@@ -300,17 +398,19 @@ OdDbBlockTableRecord* Reader::blockOf(const ReadObject& begin) {
       return renamed;
   }
   const OdString unique = table.freeName(name.isEmpty() ? OdString(L"unnamed") : name);
-  tellWithoutRecord(name, unique);
-  return &ensureSpace(unique);
+  OdDbBlockTableRecord& made = ensureSpace(unique);
+  if (unique != name)
+    tellRecordless(name, unique);
+  else
+    standIn(made);
+  return &made;
 }
 
 // Early files have no block table; a record that the block makes itself is nothing to tell.
-void Reader::tellWithoutRecord(const OdString& name, const OdString& unique) {
-  if (unique == name && database_.facts().version < OdDb::kRelease13)
-    return;
-  tell("dxf.block-without-record", Severity::Repaired,
-       "the block \"" + name.toUtf8() + "\" has no record in the block table",
-       "it is named \"" + unique.toUtf8() + "\" and gets one");
+void Reader::standIn(OdDbBlockTableRecord& record) {
+  standIns_.insert(record.objectId());
+  if (database_.facts().version >= OdDb::kRelease13)
+    recordless_.emplace_back(record.objectId(), record_[0].line);
 }
 
 void Reader::readBlock() {

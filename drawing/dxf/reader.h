@@ -6,6 +6,8 @@
 #include "dxf/object_reader.h"
 #include "dxf/pair_source.h"
 
+#include <unordered_set>
+
 namespace drawing::dxf {
 
 class Reader {
@@ -15,6 +17,7 @@ public:
   // eOk, or why there is no drawing; `line` is where it ended.
   OdResult run();
   std::uint64_t line() const { return line_; }
+  const std::string& limit() const { return limit_; } // which one ended the reading; "" for none
 
 private:
   using Handler = void (Reader::*)();
@@ -24,6 +27,8 @@ private:
   };
   static const SectionHandler kHandlers[];
 
+  bool exceeds(std::string limit);
+  bool reckon();
   bool advance(); // to the next record; false at the end of the file or of the budget
   bool inSection();
   bool inRun(std::string_view end, std::initializer_list<std::string_view> larger);
@@ -44,12 +49,17 @@ private:
   OdDbObjectId addRead(ReadObject& read, OdDbObjectId owner);
   OdString blockName();
   OdDbBlockTableRecord* blockOf(const ReadObject& begin);
-  void tellWithoutRecord(const OdString& name, const OdString& unique);
+  void standIn(OdDbBlockTableRecord& record);
   void addEntity(OdDbObjectId fallbackOwner);
   bool addToSequence(ReadObject& read);
   OdDbBlockTableRecord* ownerOf(const ReadObject& read, OdDbObjectId fallback);
   OdDbBlockTableRecord& ensureSpace(const OdString& name);
   void settleMissing(OdDbSymbolTable& table, OdDbSymbolTableRecord& record);
+  void checkRest(std::size_t from); // of a record that has no more groups
+  bool fillStandIn(OdDbSymbolTable& table);
+  void tellHandleless();
+  void tellRecordless(const OdString& name, const OdString& given);
+  void tellRecordlessBlocks();
   void passOver(const char* code, std::string found); // the record is lost
   void tell(const char* code, Severity severity, std::string found, std::string done);
 
@@ -64,7 +74,14 @@ private:
   std::vector<std::pair<OdString, OdDbObjectId>> renamed_; // records whose name was taken, by the name in the file
   std::vector<OdDbObjectId> blocks_;                       // in the order of their section
   OdDbObjectId sequence_;                                  // the entity whose attributes or vertices come now
-  bool again_ = false;                                     // the record is to be met once more
+  std::unordered_set<OdDbObjectId> standIns_;              // blocks that came before their table record
+  std::vector<std::pair<OdDbObjectId, std::uint64_t>> recordless_; // among them, by the line of the block
+  std::vector<std::string> sections_;                              // that came
+  std::string limit_;
+  std::uint64_t bytes_ = 0; // that were taken, as reckoned
+  std::size_t handleless_ = 0;
+  std::uint64_t firstHandleless_ = 0; // its line
+  bool again_ = false;                // the record is to be met once more
   bool sawSection_ = false;
   bool sawEnd_ = false;
   OdResult result_ = eOk;

@@ -1,5 +1,6 @@
 #include "drawing/dxf/text_codec.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 
@@ -65,6 +66,13 @@ void appendGuised(std::string& out, char byte) {
   out += '\xED';
   out += (byte & 0x40) == 0 ? '\xB2' : '\xB3';
   out += static_cast<char>(0x80 | (byte & 0x3F));
+}
+
+void appendEscapes(std::string& out, std::uint32_t ch) {
+  if (ch < 0x10000)
+    return appendEscape(out, ch);
+  appendEscape(out, 0xD800 + ((ch - 0x10000) >> 10));
+  appendEscape(out, 0xDC00 + (ch & 0x3FF));
 }
 
 // Would somebody who reads these bytes find more than stray bytes?
@@ -249,11 +257,8 @@ void TextCodec::encodeCharacter(std::uint32_t ch, std::string_view utf8, std::st
   const CodePage::Code code = page(number_, own_).encode(ch);
   if (code.length != 0) {
     out += code.text();
-  } else if (ch < 0x10000) {
-    appendEscape(out, ch);
   } else {
-    appendEscape(out, 0xD800 + ((ch - 0x10000) >> 10));
-    appendEscape(out, 0xDC00 + (ch & 0x3FF));
+    appendEscapes(out, ch);
   }
 }
 
@@ -285,7 +290,7 @@ bool TextCodec::encodeTo(std::string_view text, std::string& out, bool strictly)
   return strays;
 }
 
-std::string_view TextCodec::encode(std::string_view text, std::string& buffer) {
+std::string_view TextCodec::encodeInPage(std::string_view text, std::string& buffer) {
   const bool broken = hasLineBreak(text);
   if (broken)
     breakToCarets(text, unbroken_);
@@ -303,6 +308,48 @@ std::string_view TextCodec::encode(std::string_view text, std::string& buffer) {
   decodeTo(buffer, check_, false);
   if (check_ != whole)
     encodeTo(whole, buffer, true);
+  return buffer;
+}
+
+namespace {
+
+bool passesForUtf8(std::string_view bytes) {
+  bool hasMore = false;
+  for (std::size_t at = 0; at < bytes.size();) {
+    const std::size_t length = utf8At(bytes.substr(at)).bytes;
+    if (length == 0)
+      return false;
+    hasMore = hasMore || length > 1;
+    at += length;
+  }
+  return hasMore;
+}
+
+} // namespace
+
+void TextCodec::encodeInEscapes(std::string_view text, std::string& out) const {
+  out.clear();
+  for (std::size_t at = 0; at < text.size();) {
+    const std::string_view rest = text.substr(at);
+    const Utf8Character one = utf8At(rest);
+    if (one.bytes == 0)
+      appendEscape(out, kStrayByte + static_cast<unsigned char>(rest[0]));
+    else if (one.bytes > 1)
+      appendEscapes(out, one.character);
+    else if (beginsEscape(rest))
+      appendEscape(out, '\\');
+    else
+      out += rest[0];
+    at += std::max<std::size_t>(one.bytes, 1);
+  }
+}
+
+std::string_view TextCodec::encode(std::string_view text, std::string& buffer) {
+  const std::string_view bytes = encodeInPage(text, buffer);
+  if (!escapesLookalikes_ || !passesForUtf8(bytes))
+    return bytes;
+  const std::string whole(hasLineBreak(text) ? std::string_view(unbroken_) : text);
+  encodeInEscapes(whole, buffer);
   return buffer;
 }
 

@@ -44,6 +44,10 @@ public:
   // becomes `\U+005C`.
   std::string_view encode(std::string_view losslessUtf8, std::string& buffer);
 
+  // From now on encode writes a text whose bytes would pass for UTF-8 in escapes. Files whose texts all read as UTF-8
+  // are taken to be UTF-8, whatever page they declare (see Encoding).
+  void escapeLookalikes() { escapesLookalikes_ = !isUtf8_; }
+
   // Bytes met by decode that fit neither the page nor UTF-8.
   std::uint64_t undecodable() const { return undecodable_; }
   // Where the first of them stood, in the argument of its decode; null when there is none. To tell its place from, not
@@ -64,6 +68,8 @@ private:
   Utf8Character characterAt(std::string_view bytes);
   void decodeTo(std::string_view bytes, std::string& out, bool counts);
   bool encodeTo(std::string_view text, std::string& out, bool strictly);
+  std::string_view encodeInPage(std::string_view text, std::string& buffer);
+  void encodeInEscapes(std::string_view text, std::string& out) const;
   void encodeCharacter(std::uint32_t character, std::string_view utf8, std::string& out);
   void count(const char* place);
   void countStrays(std::string_view bytes);
@@ -72,6 +78,7 @@ private:
   int number_;
   bool isKnown_ = true;
   bool isUtf8_;
+  bool escapesLookalikes_ = false;
   std::unique_ptr<CodePage> own_;
   std::array<std::unique_ptr<CodePage>, 5> escaped_;
   std::uint64_t undecodable_ = 0;

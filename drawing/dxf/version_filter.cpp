@@ -5,6 +5,8 @@
 #include "db/load_context.h"
 #include "db/store.h"
 
+#include <utility>
+
 namespace drawing::dxf {
 
 namespace {
@@ -65,7 +67,19 @@ void LeftOut::tell(GroupSink& sink) const {
                "the object is left out"});
 }
 
+bool VersionFilter::isOfColumns(int code, double value) {
+  const bool begins = code == 101 && kind_ == "MTEXT" && version() < OdDb::kRelease2018;
+  inColumns_ = (inColumns_ || begins) && code < 1000;
+  if (inColumns_ && code == 71 && value > 0)
+    to_.lost({"dxf.group-not-in-version", Severity::Lost, 0, code, 0, "", "",
+              std::string("the columns of a text cannot be held by version ") + versionYear(version()),
+              "its text is written in one"});
+  return inColumns_;
+}
+
 bool VersionFilter::has(int code, double value) {
+  if (isOfColumns(code, value))
+    return false;
   if (code >= 1000 || code == 101)
     inData_ = true;
   if (inData_)
@@ -74,8 +88,10 @@ bool VersionFilter::has(int code, double value) {
   // The colours of a gradient stand under codes that mean something else in front of it.
   const bool ofGradient = behindGradient_ && (code == 63 || code == 421);
   behindGradient_ = behindGradient_ || (rule != nullptr && code == 450);
+  // So does the colour of the fill behind the texts of a dimension style.
+  const bool ofFill = std::exchange(behindFill_, rule != nullptr && code == 69) && code == 70;
   if (rule == nullptr)
-    return !ofGradient;
+    return !ofGradient && !ofFill;
   if (!rule->isPlain(value))
     tellRule(*rule, code);
   return false;
@@ -98,7 +114,7 @@ void VersionFilter::utf8(int code, std::string_view text) {
   if (code == 0) {
     kind_ = text;
     marker_.clear();
-    inData_ = behindGradient_ = false;
+    inData_ = behindGradient_ = behindFill_ = inColumns_ = false;
   } else if (code == 100 && !inData_) {
     marker_ = text;
     behindGradient_ = false;

@@ -52,12 +52,15 @@ public:
 
 private:
   bool has(int code, double value = kNoNumber);
+  bool isOfColumns(int code, double value);
   void tellRule(const GroupRule& rule, int code);
 
   const LeftOut& leftOut_;
   std::string kind_, marker_;
   bool behindGradient_ = false;
-  bool inData_ = false; // extended data and embedded objects have codes of their own
+  bool behindFill_ = false;
+  bool inColumns_ = false; // texts have theirs in an embedded object since 2018
+  bool inData_ = false;    // extended data and embedded objects have codes of their own
 };
 
 } // namespace drawing::dxf

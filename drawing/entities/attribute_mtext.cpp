@@ -222,3 +222,34 @@ std::optional<drawing::AttributeTextBefore2018> OdDbAttributeBase::textBefore201
 std::optional<drawing::AttributeTextBefore2018> drawing::attributeTextBefore2018(const OdDbAttributeBase& attribute) {
   return attribute.textBefore2018();
 }
+
+void OdDbAttributeBase::moveTextToRecord() {
+  const std::optional<drawing::AttributeTextBefore2018> form = textBefore2018();
+  if (!form)
+    return;
+  const OdDbDictionaryPtr dictionary = createExtensionDictionary().safeOpenObject(OdDb::kForWrite);
+  const OdDbXrecordPtr record = OdDbXrecord::createObject();
+  dictionary->setAt(kRecordName, record.get());
+  record->groupsForWrite() = form->record;
+  rest_ = form->rest;
+}
+
+void OdDbAttributeBase::moveTextIntoAttribute() {
+  OdDbXrecord* record = mtextRecord();
+  if (record == nullptr)
+    return;
+  const GroupList& groups = record->groups();
+  const std::size_t text = textStart(groups);
+  std::size_t flag = 0;
+  for (const int code : {71, 72}) { // the first two flags say what kind of text it is
+    flag = groups.find(70, flag);
+    rest_.integer(code, flag < text ? groups[flag++].integer : 0);
+  }
+  rest_.point(11, odgeWcsToOcs(alignmentPoint(), normal()));
+  rest_.utf8(kEmbedded, kTitle);
+  rest_.append(groups, text, groups.size() - text);
+  const drawing::db::WriteScope scope(*record);
+  const OdDbDictionaryPtr dictionary = extensionDictionary().safeOpenObject(OdDb::kForWrite);
+  dictionary->remove(kRecordName);
+  record->erase();
+}

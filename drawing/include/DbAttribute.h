@@ -37,6 +37,10 @@ public:
 
   // -- For the SDK's own machinery. --
   std::optional<drawing::AttributeTextBefore2018> textBefore2018() const;
+  bool hasTextInRecord() const { return mtextRecord() != nullptr; }
+  // Changes between the places of the text. For resident attributes that are open for write.
+  void moveTextToRecord();
+  void moveTextIntoAttribute();
 
   static constexpr std::int16_t kInvisible = 1, kConstant = 2, kVerify = 4, kPreset = 8;
 

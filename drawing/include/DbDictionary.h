@@ -81,6 +81,7 @@ public:
   drawing::GroupList& groupsForWrite();
   std::int16_t mergeStyle() const { return mergeStyle_; }
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
 
 private:
   static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);

@@ -19,6 +19,8 @@ struct ReadOptions {
   Budget budget;
   std::string encoding; // a code page that overrides what the file declares; empty: as declared
 };
+// Whether `encoding` may be that name: ANSI_936, DOS437, ISO8859-5, UTF-8 ..., case and punctuation do not matter.
+MVDRAWING_API bool isKnownEncoding(std::string_view name);
 
 struct ReadResult {
   OdDbDatabasePtr database; // null: refused
@@ -40,6 +42,7 @@ struct WriteOptions {
   enum Form : std::uint8_t { AsRead, Text, Binary };
   Form form = AsRead;                               // a drawing that was not read is written as text
   OdDb::DwgVersion version = OdDb::kVersionUnknown; // unknown: the version the drawing came in
+  bool asItIs = false;                              // multi-line attributes stand where the drawing has them
   bool refuseExisting = false;                      // do not overwrite; answers eFileAccessErr when the file is there
 };
 

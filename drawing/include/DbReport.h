@@ -68,9 +68,12 @@ MVDRAWING_API std::string describe(const Issue& issue);
 
 // Limits of one job. Every number may be set; the defaults suit drawings of any honest size.
 struct Budget {
-  std::uint64_t bytes = std::uint64_t{16} << 30; // memory that the drawing's own data may take
+  // Memory that the drawing's own data may take. 0: 64 MiB and a hundred times the file's size, but at most three
+  // quarters of the machine's memory. What a reading takes is reckoned from records, groups and texts, not measured: on
+  // real drawings the figure lies between what is taken and three times as much.
+  std::uint64_t bytes = 0;
   std::uint64_t objects = 200'000'000;
-  std::uint32_t depth = 1000; // nesting of definitions
+  std::uint32_t depth = 1000; // nesting of definitions: 1 for a block without references
   std::size_t messages = 10'000;
 };
 

@@ -54,6 +54,13 @@ TEST(Upkeep, EndsWithTheStatusAndSaysWhy) {
       {"audit nosuch.dxf", 3, "nosuch.dxf", false},
       {"audit $D --fix -o $D", 1, "--force", false},
       {"audit $D --fix -o $OUT", 0, "Saved", true},
+      {"audit $D --encoding klingon", 2, "--encoding takes", false},
+      {"--max-memory 12Q -c LIST $D", 2, "--max-memory takes", false},
+      {"audit $D --max-memory 99999999999999999999G", 2, "--max-memory takes", false},
+      {"audit $D --max-depth 0", 2, "--max-depth", false},
+      {"audit $D --max-memory 30K", 3, "house.dxf, line ", false},
+      {"audit $D --max-memory 30K", 3, "30720 bytes of memory", false},
+      {"purge $D --dry-run --max-memory 1g --max-depth 2 --encoding DOS866", 0, "Can be purged", false},
       {"rename $D -o $OUT", 2, "OLD=NEW", false},
       {"rename $D -o $OUT --block lamp", 2, "--block takes OLD=NEW", false},
       {"rename $D -o $OUT --block lamp=light --layer DOOR=Door", 0, "The block \"lamp\" is \"light\" now.", true},
@@ -115,8 +122,8 @@ TEST(Upkeep, AuditMendsWhatItReadsAndNeverTheFileItself) {
   const std::string out = scratch.path("out.dxf");
   const Outcome looked = runMorvane({"audit", in, "--json"});
   EXPECT_EQ(looked.status, 4);
-  for (const char* part : {"\"outcome\": \"repaired\"", "\"code\": \"dxf.duplicate-handle\"",
-                           "\"section\": \"BLOCKS\"", "\"code\": \"dxf.layout-without-block\"", "\"dropped\": 0"})
+  for (const char* part : {"\"outcome\": \"repaired\"", "\"code\": \"dxf.duplicate-handle\"", "\"section\": \"BLOCKS\"",
+                           "\"code\": \"dxf.layout-without-block\"", "\"dropped\": 0"})
     EXPECT_NE(looked.results.find(part), std::string::npos) << part << looked.results;
   const Outcome table = runMorvane({"audit", in});
   EXPECT_NE(table.results.find("repaired  line "), std::string::npos) << table.results;

@@ -5,6 +5,8 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
+#include <algorithm>
+
 using namespace tests;
 using drawing::ReadResult;
 
@@ -84,6 +86,33 @@ TEST(Damage, IsNamedAndMended) {
        dxf(section("BLOCKS", "0|BLOCK\n5|B1\n8|0\n2|a\n70|0\n10|0\n20|0\n" + line("", "A2") + block("B2", "b", "")) +
            section("ENTITIES", line(""))),
        "dxf.end-missing", 1},
+      {"end of a section alone", dxf(section("ENTITIES", line("")) + "0|ENDSEC\n"), "dxf.stray-section-end", 1},
+      {"groups behind the end of a section", dxf(section("BLOCKS", "") + "5|7\n" + section("ENTITIES", line(""))),
+       "dxf.stray-group", 1},
+      {"table record without block",
+       dxf(section("TABLES", table("BLOCK_RECORD", blockRecord("B1", "door"))) +
+           section("ENTITIES", insert("A1", "door"))),
+       "dxf.record-without-block", 1},
+      {"vertices without end",
+       dxf(section("ENTITIES", "0|POLYLINE\n5|A1\n8|0\n66|1\n0|VERTEX\n5|A2\n8|0\n10|1\n20|1\n" + line("", "A3"))),
+       "dxf.sequence-without-end", 2},
+      {"attributes cut off in a block",
+       dxf(blocks(blockRecord("B1", "a") + blockRecord("B2", "b"),
+                  block("B1", "a") +
+                      block("B2", "b",
+                            insert("A1", "a") + "0|ATTRIB\n5|A2\n100|AcDbEntity\n8|0\n100|AcDbText\n1|x\n"
+                                                "100|AcDbAttribute\n2|TAG\n70|0\n"))),
+       "dxf.sequence-without-end", 0},
+      {"layout without block",
+       dxf(section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n3|ACAD_LAYOUT\n350|C1\n"
+                              "0|DICTIONARY\n5|C1\n330|C\n100|AcDbDictionary\n281|1\n3|Model\n350|C2\n"
+                              "0|LAYOUT\n5|C2\n330|C1\n100|AcDbPlotSettings\n1|\n100|AcDbLayout\n1|Model\n70|1\n71|0\n"
+                              "330|DEAD\n")),
+       "dxf.layout-without-block", 0},
+      {"sheet without layout", dxf(blocks(blockRecord("B1", "*Paper_Space0"), block("B1", "*Paper_Space0", line("")))),
+       "dxf.space-without-layout", 0},
+      {"something behind the end", dxf(section("ENTITIES", line(""))) + "\x1a\nthe rest of the disk\n",
+       "dxf.behind-end", 1},
       {"no end", dxf(section("ENTITIES", line(""))).substr(0, dxf(section("ENTITIES", line(""))).size() - 6),
        "dxf.no-end-of-file", 1},
   };
@@ -96,6 +125,77 @@ TEST(Damage, IsNamedAndMended) {
     EXPECT_EQ(countInModelSpace(*read.database), row.entities);
     expectRoundTrip(*read.database); // what was mended stays mended
   }
+}
+
+// What is not as usual and loses nothing is told as a note, if at all.
+TEST(Damage, OddFilesAreReadWhole) {
+  struct Case {
+    const char* what;
+    std::string text;
+    const char* note; // "" for none
+    std::size_t entities;
+  };
+  const auto withEnds = [](std::string text, const char* ends) {
+    std::string out;
+    std::size_t lines = 0;
+    for (const char c : text) {
+      const std::string_view three[] = {"\n", "\r\n", "\r"};
+      const std::string_view end = ends[0] == 'm' ? three[lines % 3] : ends;
+      out += c == '\n' ? std::string(end) : std::string(1, c);
+      lines += c == '\n' ? 1 : 0;
+    }
+    return out;
+  };
+  const std::string plain = dxf(section("ENTITIES", line("") + line("", "A2")));
+  const std::string layers =
+      table("LAYER", "0|LAYER\n5|F1\n100|AcDbSymbolTableRecord\n100|AcDbLayerTableRecord\n2|0\n70|0\n62|3\n");
+  const std::string records = table("BLOCK_RECORD", blockRecord("1F", "*Model_Space") + blockRecord("B1", "door"));
+  const std::string definitions = section("BLOCKS", block("1F", "*Model_Space") + block("B1", "door", line("", "A9")));
+  const std::string entities = section("ENTITIES", line("330|1F\n") + insert("A2", "door"));
+  const Case cases[] = {
+      {"byte order mark", "\xEF\xBB\xBF" + plain, "", 2},
+      {"ends of all kinds", withEnds(plain, "mixed"), "", 2},
+      {"returns alone", withEnds(plain, "\r"), "", 2},
+      {"returns doubled", withEnds(plain, "\r\r\n"), "", 2},
+      {"zeros behind the end", plain + std::string(1000, '\0'), "", 2},
+      {"section twice", plain.substr(0, plain.size() - 6) + dxf(section("ENTITIES", line("", "A3")), ""),
+       "dxf.section-repeated", 3},
+      {"no handles", dxf(section("ENTITIES", "0|LINE\n100|AcDbEntity\n8|0\n100|AcDbLine\n10|0\n20|0\n11|1\n21|1\n")),
+       "dxf.handle-missing", 1},
+      {"link to nothing", dxf(section("ENTITIES", line("340|DEAD\n"))), "dxf.broken-link", 1},
+      {"entities before tables", dxf(entities + section("TABLES", layers + records) + definitions), "", 2},
+      {"blocks before tables", dxf(definitions + section("TABLES", layers + records) + entities), "", 2},
+      {"very long line", dxf(section("ENTITIES", line("1001|ACAD\n1000|" + std::string(3'000'000, 'x') + "\n"))), "",
+       1},
+  };
+  for (const Case& row : cases) {
+    SCOPED_TRACE(row.what);
+    const ReadResult read = drawing::readDrawingFromMemory(row.text);
+    ASSERT_FALSE(read.database.isNull()) << read.message;
+    EXPECT_TRUE(row.note[0] == 0 || read.report.has(row.note));
+    for (const drawing::Issue& issue : read.report.issues())
+      EXPECT_EQ(issue.severity, drawing::Severity::Note) << describe(issue);
+    EXPECT_EQ(read.report.account.dropped, 0u);
+    EXPECT_EQ(countInModelSpace(*read.database), row.entities);
+    EXPECT_TRUE(read.database->symbol(OdDb::kBlockTable, L"*Model_Space-2").isNull());
+    expectRoundTrip(*read.database);
+  }
+}
+
+TEST(Damage, IsToldWithItsPlace) {
+  const std::string text = dxf(section("ENTITIES", line("39|wide\n", "AB")));
+  const ReadResult read = drawing::readDrawingFromMemory(text);
+  const auto& issues = read.report.issues();
+  const auto found = std::find_if(issues.begin(), issues.end(),
+                                  [](const drawing::Issue& issue) { return issue.code == "dxf.value-unreadable"; });
+  ASSERT_NE(found, issues.end());
+  const auto at = text.find("wide");
+  EXPECT_EQ(found->line,
+            static_cast<std::uint64_t>(std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(at), '\n')) +
+                1);
+  EXPECT_EQ(found->groupCode, 39);
+  EXPECT_EQ(found->handle, 0xABu);
+  EXPECT_EQ(found->section + " " + found->kind, "ENTITIES LINE");
 }
 
 TEST(Damage, UnreadableRecordsAreWrittenBackToTheLetter) {
@@ -165,11 +265,48 @@ TEST(Damage, BudgetsEndTheReading) {
   options = {};
   options.budget.bytes = 1000;
   EXPECT_EQ(drawing::readDrawingFromMemory(text, "x", options).result, eBudgetExceeded);
+  options.budget.bytes = text.size() * 4;
+  const ReadResult tooMuch = drawing::readDrawingFromMemory(text, "x.dxf", options);
+  EXPECT_EQ(tooMuch.result, eBudgetExceeded);
+  EXPECT_EQ(tooMuch.message.rfind("x.dxf, line ", 0), 0u) << tooMuch.message;
+  EXPECT_NE(tooMuch.message.find(std::to_string(text.size() * 4) + " bytes"), std::string::npos) << tooMuch.message;
   options = {};
   options.budget.messages = 3;
   const ReadResult read = drawing::readDrawingFromMemory(dxf(section("BLOCKS", entities)), "x", options);
   EXPECT_EQ(read.report.issues().size(), 3u);
   EXPECT_GE(read.report.suppressed(), 197u);
+}
+
+TEST(Damage, DeepDefinitionsAreRefusedAndNotFollowed) {
+  constexpr int kDeep = 20'000;
+  std::string records, definitions;
+  for (int i = 0; i < kDeep; ++i) {
+    const std::string name = "b" + std::to_string(i), handle = OdDbHandle(0x1000u + static_cast<unsigned>(i)).ascii();
+    records += blockRecord(handle, name);
+    definitions += block(
+        handle, name,
+        i == 0 ? "" : insert(OdDbHandle(0x10000u + static_cast<unsigned>(i)).ascii(), "b" + std::to_string(i - 1)));
+  }
+  const std::string text =
+      dxf(blocks(records, definitions) + section("ENTITIES", insert("A1", "b" + std::to_string(kDeep - 1))));
+  drawing::ReadOptions options;
+  options.budget.depth = kDeep;
+  EXPECT_FALSE(drawing::readDrawingFromMemory(text, "x", options).database.isNull());
+  options.budget.depth = kDeep - 1;
+  const ReadResult read = drawing::readDrawingFromMemory(text, "x.dxf", options);
+  EXPECT_EQ(read.result, eBudgetExceeded);
+  EXPECT_NE(read.message.find("19999 levels"), std::string::npos) << read.message;
+}
+
+// A record is given up before it has eaten what is allowed: its groups are counted while they come.
+TEST(Damage, OneHugeRecordIsGivenUpInTime) {
+  std::string groups;
+  for (int i = 0; i < 200'000; ++i)
+    groups += "90|1\n";
+  drawing::ReadOptions options;
+  options.budget.bytes = 2'000'000;
+  EXPECT_EQ(drawing::readDrawingFromMemory(dxf(section("ENTITIES", line(groups))), "x", options).result,
+            eBudgetExceeded);
 }
 
 // A drawing with every structure that reading has to close by itself.

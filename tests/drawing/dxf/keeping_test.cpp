@@ -19,7 +19,7 @@ TEST(Keeping, UnknownObjectsEntitiesAndSectionsComeBack) {
           section("CHAIRS", "0|CHAIR\n5|99\n1|red\n"));
   const ReadResult read = drawing::readDrawingFromMemory(text);
   ASSERT_FALSE(read.database.isNull()) << read.message;
-  EXPECT_EQ(read.report.account.kept, 2u);
+  EXPECT_EQ(read.report.account.kept, 4u); // with the records of the two sections
   EXPECT_EQ(read.report.account.dropped, 0u);
   const OdSmartPtr<OdDbCarriedEntity> gadget(read.database->getOdDbObjectId(0xA1).safeOpenObject());
   EXPECT_EQ(gadget->dxfName(), "GADGET");

@@ -1,8 +1,13 @@
 // Text of drawings is never lost: each code page, text and byte comes back as it was.
+#include "DbDxf.h"
+#include "DbText.h"
 #include "drawing/dxf/text_codec.h"
+#include "tests/support/drawings.h"
+#include "tests/support/oracles.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <vector>
 
@@ -257,6 +262,73 @@ TEST(TextCodec, AllBytesWithoutEscapesComeBack) {
       EXPECT_EQ(decoded(codec, back), text);
     }
   }
+}
+
+// The texts of a file against the encoding that it declares.
+TEST(Encoding, FollowsTheTextsWhereTheyContradictTheHeader) {
+  struct Case {
+    const char* what;
+    const char* version;
+    const char* page;
+    std::vector<std::string> texts; // as the file has them
+    const wchar_t* first;           // as it is read
+    bool contradicted;
+  };
+  const Case cases[] = {
+      {"UTF-8 under 1251", "AC1015", "ANSI_1251", {"\xD0\x94\xD0\xB0", "\xD0\xAF"}, L"Да", true},
+      {"1251 as declared", "AC1015", "ANSI_1251", {"\xC4\xE0"}, L"Да", false},
+      {"both kinds under 1251", "AC1015", "ANSI_1251", {"\xC4\xE0", "\xD0\xAF"}, L"Да", false},
+      {"UTF-8 under 936", "AC1015", "ANSI_936", {"\xE9\x97\xA8\xE7\xAA\x97\xE5\xA2\x99"}, L"门窗墙", true},
+      {"936 as declared", "AC1015", "ANSI_936", {"\xC3\xC5\xB4\xB0"}, L"门窗", false},
+      {"one pair under 936", "AC1015", "ANSI_936", {"\xC4\xA3"}, L"模", false},
+      {"936 in a file of 2007", "AC1021", "ANSI_936", {"\xC3\xC5\xB4\xB0"}, L"门窗", true},
+      {"UTF-8 in a file of 2007", "AC1021", "ANSI_936", {"\xE9\x97\xA8"}, L"门", false},
+      {"both kinds in a file of 2007", "AC1021", "ANSI_1251", {"\xE9\x97\xA8", "\xC4\xE0"}, L"门", false},
+      {"plain text", "AC1015", "ANSI_1251", {"door"}, L"door", false},
+  };
+  for (const Case& row : cases) {
+    std::string entities;
+    for (const std::string& text : row.texts)
+      entities += "0|TEXT\n100|AcDbEntity\n8|0\n100|AcDbText\n10|0\n20|0\n30|0\n40|1\n1|" + text + "\n100|AcDbText\n";
+    const auto read =
+        drawing::readDrawingFromMemory(tests::dxf(tests::section("ENTITIES", entities), row.version, row.page));
+    ASSERT_FALSE(read.database.isNull()) << row.what << read.message;
+    EXPECT_EQ(read.report.has("dxf.encoding-contradicted"), row.contradicted) << row.what;
+    const auto space = tests::forRead<OdDbBlockTableRecord>(read.database->getModelSpaceId());
+    const OdDbTextPtr first(space->newIterator()->objectId().safeOpenObject());
+    EXPECT_EQ(first->textString(), OdString(row.first)) << row.what << " " << first->textString().toUtf8();
+    tests::expectRoundTrip(*read.database);
+  }
+}
+
+// What is written in a page must not read as UTF-8 the next time: "Р”" has the bytes of "Д".
+TEST(Encoding, TextsThatWouldPassForUtf8GoOutAsEscapes) {
+  TextCodec codec("ANSI_1251");
+  codec.escapeLookalikes();
+  std::string buffer, back;
+  EXPECT_EQ(codec.encode("\xD0\xA0\xE2\x80\x9D", buffer), "\\U+0420\\U+201D");
+  EXPECT_EQ(codec.decode("\\U+0420\\U+201D", back), "\xD0\xA0\xE2\x80\x9D");
+  EXPECT_EQ(codec.encode("\xD0\x94\xD0\xB0", buffer), "\xC4\xE0");
+}
+
+TEST(Encoding, TheFirstByteThatIsNoTextHasItsLine) {
+  const std::string text = tests::dxf(
+      tests::section("ENTITIES", "0|TEXT\n8|0\n10|0\n20|0\n40|1\n1|a\xC4\xE0\n0|TEXT\n8|0\n10|0\n20|0\n40|1\n1|\x98\n"),
+      "AC1015", "ANSI_1251");
+  const auto read = drawing::readDrawingFromMemory(text);
+  const auto at = text.begin() + static_cast<std::ptrdiff_t>(text.find('\x98'));
+  for (const drawing::Issue& issue : read.report.issues()) {
+    if (issue.code != "dxf.text-undecodable")
+      continue;
+    EXPECT_EQ(issue.line, static_cast<std::uint64_t>(std::count(text.begin(), at, '\n')) + 1);
+  }
+  EXPECT_TRUE(read.report.has("dxf.text-undecodable"));
+  drawing::ReadOptions options;
+  options.encoding = "866";
+  EXPECT_FALSE(drawing::readDrawingFromMemory(text, "x", options).report.has("dxf.text-undecodable"));
+  EXPECT_TRUE(drawing::isKnownEncoding("windows-1251") && drawing::isKnownEncoding("DOS437") &&
+              drawing::isKnownEncoding("8859_5") && drawing::isKnownEncoding("utf-8"));
+  EXPECT_FALSE(drawing::isKnownEncoding("ANSI_9999") || drawing::isKnownEncoding(""));
 }
 
 } // namespace

@@ -204,6 +204,28 @@ TEST(Group, LosesErasedMembersUntilTheyComeBack) {
   EXPECT_EQ(factsOf(*forRead<OdDbGroup>(id)), "Mine 1 A2 A1");
 }
 
+// What a record names as its own comes along and lives with it; what belongs to others stays theirs.
+TEST(Xrecord, OwnsWhatItHoldsHard) {
+  const OdDbDatabasePtr database =
+      drawingWith("XRECORD", "100|AcDbXrecord\n280|1\n360|E5\n360|E6\n0|WIPEOUTVARIABLES\n5|"
+                             "E5\n330|D1\n100|AcDbWipeoutVariables\n70|1\n0|"
+                             "WIPEOUTVARIABLES\n5|E6\n330|D\n100|AcDbWipeoutVariables\n70|0\n");
+  const OdDbObjectId id = database->getOdDbObjectId(kObject), own = database->getOdDbObjectId(OdDbHandle(0xE5));
+  const OdDbObjectId others = database->getOdDbObjectId(OdDbHandle(0xE6));
+  OdDbIdMapping mapping;
+  OdDbObjectIdArray ids;
+  ids.append(id);
+  ASSERT_EQ(database->deepCloneObjects(ids, database->getNamedObjectsDictionaryId(), mapping), eOk);
+  EXPECT_FALSE(mapping.valueOf(own).isNull());
+  EXPECT_TRUE(mapping.valueOf(others).isNull());
+  const auto clone = forRead<OdDbXrecord>(mapping.valueOf(id));
+  EXPECT_EQ(clone->groups().idOf(clone->groups()[0]), mapping.valueOf(own));
+  EXPECT_EQ(clone->groups().idOf(clone->groups()[1]), others);
+  forWrite<OdDbXrecord>(id)->erase();
+  EXPECT_TRUE(own.isErased());
+  EXPECT_FALSE(others.isErased() || mapping.valueOf(own).isErased());
+}
+
 // The boundary in the world as the reference shows it now.
 std::vector<OdGePoint3d> clippedAt(OdDbObjectId reference) {
   const auto insert = forRead<OdDbBlockReference>(reference);

@@ -1,0 +1,21 @@
+// Any bytes: they are a drawing or they are refused, within the memory that is allowed. What was read is audited,
+// mended and written, and what was written is read again.
+#include "DbAudit.h"
+#include "DbDxf.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  drawing::ReadOptions options;
+  options.budget.bytes = std::uint64_t{256} << 20;
+  const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+  const drawing::ReadResult read = drawing::readDrawingFromMemory(bytes, "input", options);
+  if (read.database.isNull())
+    return 0;
+  drawing::auditDrawing(*read.database, true);
+  const std::string written = drawing::writeDrawingToMemory(*read.database);
+  if (drawing::readDrawingFromMemory(written, "written").database.isNull())
+    std::abort();
+  return 0;
+}

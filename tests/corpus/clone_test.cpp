@@ -1,0 +1,117 @@
+// All entities of real drawings go into a block of the same drawing and into another drawing; what they own goes with
+// them and is nobody else's.
+#include "DbBlockTable.h"
+#include "DbDump.h"
+#include "DbDxf.h"
+#include "DbEntity.h"
+#include "DbIdMapping.h"
+#include "tests/support/drawings.h"
+#include "tests/support/oracles.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <map>
+#include <sstream>
+
+namespace {
+
+std::string textOf(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  if (!in)
+    ADD_FAILURE() << path << " is missing";
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+std::vector<std::string> paths() {
+  const char* folder = std::getenv("BLOCKCOMMON_CORPUS");
+  if (folder == nullptr) {
+    ADD_FAILURE() << "BLOCKCOMMON_CORPUS is not set";
+    return {};
+  }
+  std::istringstream list(textOf(std::string(folder) + "/FILES.tsv"));
+  std::vector<std::string> all;
+  std::string line;
+  std::getline(list, line); // headings
+  while (std::getline(list, line))
+    all.push_back(std::string(folder) + "/" + line.substr(0, line.find('\t')));
+  return all;
+}
+
+class Owned final : public drawing::ReferenceVisitor {
+public:
+  void visit(OdDbObjectId& id, OdDb::ReferenceType type) override {
+    if (type == OdDb::kHardOwnershipRef && !id.isNull())
+      ids.push_back(id);
+  }
+  std::vector<OdDbObjectId> ids;
+};
+
+// Objects that more than one living object owns, with the names of their kinds.
+std::vector<std::string> ownedTwice(const OdDbDatabase& database) {
+  std::map<OdDbObjectId, std::vector<std::string>> owners;
+  for (OdDbObjectId id : database.allIds()) {
+    const OdDbObjectPtr object = id.safeOpenObject();
+    if (object.isNull())
+      continue;
+    Owned owned;
+    object->visitReferences(owned);
+    std::sort(owned.ids.begin(), owned.ids.end());
+    owned.ids.erase(std::unique(owned.ids.begin(), owned.ids.end()), owned.ids.end());
+    for (OdDbObjectId part : owned.ids)
+      owners[part].push_back(object->dxfName() + " " + id.getHandle().ascii());
+  }
+  std::vector<std::string> all;
+  for (const auto& [id, names] : owners) {
+    const OdDbObjectPtr object = id.safeOpenObject();
+    if (names.size() > 1 && !object.isNull())
+      all.push_back(object->dxfName() + " of " + names[0] + " and " + names[1]);
+  }
+  return all;
+}
+
+// The clones take the room that their sources take.
+void expectAlike(const OdDbObjectIdArray& ids, const OdDbIdMapping& mapping) {
+  for (const OdDbObjectId id : ids) {
+    const OdDbEntityPtr source = tests::forRead<OdDbEntity>(id),
+                        clone = tests::forRead<OdDbEntity>(mapping.valueOf(id));
+    OdGeExtents3d before, after;
+    EXPECT_EQ(source->isA(), clone->isA());
+    EXPECT_EQ(source->getGeomExtents(before), clone->getGeomExtents(after)) << source->dxfName();
+    if (before.isValidExtents()) {
+      EXPECT_TRUE(before.minPoint() == after.minPoint() && before.maxPoint() == after.maxPoint())
+          << source->dxfName() << " " << id.getHandle().ascii();
+    }
+  }
+}
+
+TEST(Clone, WhatEntitiesOwnGoesWithThem) {
+  for (const std::string& path : paths()) {
+    const drawing::ReadResult read = drawing::readDrawingFromMemory(textOf(path));
+    if (read.database.isNull())
+      continue;
+    SCOPED_TRACE(path);
+    const auto before = ownedTwice(*read.database);
+    OdDbObjectIdArray ids;
+    const auto space = tests::forRead<OdDbBlockTableRecord>(read.database->getModelSpaceId());
+    for (auto it = space->newIterator(); !it->done(); it->step())
+      ids.append(it->objectId());
+    OdDbDatabasePtr other = OdDbDatabase::create();
+    tests::skewHandles(*other);
+    OdDbIdMapping here, there;
+    ASSERT_EQ(read.database->wblockCloneObjects(ids, other->getModelSpaceId(), there, OdDb::kDrcIgnore), eOk);
+    ASSERT_EQ(read.database->deepCloneObjects(ids, tests::addBlock(*read.database, L"clone of all"), here), eOk);
+    EXPECT_EQ(ownedTwice(*read.database), before);
+    EXPECT_EQ(ownedTwice(*other), std::vector<std::string>());
+    expectAlike(ids, here);
+    expectAlike(ids, there);
+    tests::expectRoundTrip(*other);
+    tests::expectSound(*other);
+  }
+}
+
+} // namespace

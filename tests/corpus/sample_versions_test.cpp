@@ -1,0 +1,292 @@
+// One rich drawing that another program saved as 2000, 2007, 2018 and binary 2018 is the same drawing to us. Where it
+// is not, the table says why: what a version cannot hold, what that program kept for itself on the way, and what it
+// changes with every save. A row that excuses nothing is a fault, too.
+#include "DbDump.h"
+#include "DbDxf.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+#include <map>
+#include <set>
+#include <sstream>
+
+namespace {
+
+struct Record {
+  std::string kind; // of header variables and sections their name
+  std::map<int, std::vector<std::string>> groups;
+};
+using Records = std::map<std::string, Record>;
+
+// "NAME KIND of OWNER", where names may hold anything and kinds are in capitals; else the whole line.
+std::string kindIn(const std::string& line) {
+  constexpr const char* kCapitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ_0123456789";
+  for (std::size_t of = line.find(" of "); of != std::string::npos; of = line.find(" of ", of + 1)) {
+    const std::size_t space = line.rfind(' ', of - 1);
+    const std::string kind = line.substr(space + 1, of - space - 1);
+    if (kind.find_first_not_of(kCapitals) == std::string::npos)
+      return kind;
+  }
+  return line;
+}
+
+Records recordsOf(const std::string& version) {
+  const char* folder = std::getenv("BLOCKCOMMON_CORPUS");
+  const std::string path = std::string(folder == nullptr ? "" : folder) + "/sample-versions/sample_" + version + ".dxf";
+  const drawing::ReadResult read = drawing::readDrawing(path);
+  EXPECT_FALSE(read.database.isNull()) << read.message;
+  Records records;
+  if (read.database.isNull())
+    return records;
+  std::istringstream dump(drawing::canonicalDump(*read.database, drawing::DumpForm::WithoutHandles));
+  Record* at = nullptr;
+  for (std::string line; std::getline(dump, line);) {
+    if (line.empty() || line[0] != ' ') {
+      std::string name = line;
+      for (int again = 2; records.count(name) != 0; ++again)
+        name = line + " " + std::to_string(again);
+      at = &records[name];
+      at->kind = kindIn(line);
+      continue;
+    }
+    const std::size_t begin = line.find_first_not_of(' '), end = line.find(' ', begin);
+    const std::string value = end == std::string::npos ? "" : line.substr(end + 1);
+    at->groups[std::atoi(line.c_str())].push_back(value);
+  }
+  return records;
+}
+
+bool isSame(const std::string& one, const std::string& other) {
+  double a = 0, b = 0;
+  const auto read = [](const std::string& text, double& value) {
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    return error == std::errc() && end == text.data() + text.size();
+  };
+  if (!read(one, a) || !read(other, b))
+    return one == other;
+  return std::fabs(a - b) <= 1e-9 * std::max({1.0, std::fabs(a), std::fabs(b)}); // files hold 15 or 16 digits
+}
+
+enum Pair { From2000To2007, From2007To2018, FromTextToBinary };
+constexpr int kWhole = -1; // the record stands in one of the files only
+
+struct Difference {
+  Pair pair;
+  const char* kinds; // between blanks; "$" for all header variables
+  std::vector<int> codes;
+  const char* why;
+};
+
+const Difference kDifferences[] = {
+    // What versions before 2007 cannot hold.
+    {From2000To2007, "$", {kWhole}, "variables of 2004 and 2007"},
+    {From2000To2007, "ARC INSERT LINE MTEXT POINT SOLID", {440}, "transparency"},
+    {From2000To2007,
+     "BLOCK CIRCLE DIMENSION ENDBLK INSERT LAYER LINE MTEXT PDFUNDERLAY POINT SOLID DBCOLOR",
+     {420, 430, 62},
+     "true colours"},
+    {From2000To2007, "CIRCLE LAYER POINT", {347}, "materials"},
+    {From2000To2007, "DIMENSION", {73, 74, 75}, "flipped arrows"},
+    {From2000To2007, "DIMSTYLE", {69, 70, 345, 346, 347}, "fill and line types of dimensions"},
+    {From2000To2007, "HATCH", {63, 421, 450, 451, 452, 453, 460, 461, 462, 463, 470}, "gradients"},
+    {From2000To2007, "HATCH", {62}, "a plain colour in place of a gradient"},
+    {From2000To2007, "LAYOUT", {76, 77, 78}, "shaded plotting"},
+    {From2000To2007, "MATERIAL", {93, 94, 148, 468}, "properties that came later"},
+    {From2000To2007, "MTEXT", {45, 63, 90, 421, 441}, "backgrounds"},
+    {From2000To2007, "TABLESTYLE", {1, 90, 91}, "formats of cells"},
+    {From2000To2007,
+     "ACAD_TABLE TABLECONTENT",
+     {1, 11, 21, 31, 90, 91, 92, 93, 94, 140, 177, 300, 301, 302, 304, 310},
+     "values of cells"},
+    {From2000To2007,
+     "VIEW VIEWPORT VPORT",
+     {60, 61, 63, 73, 141, 142, 170, 282, 292, 348, 421},
+     "grids, lights and visual styles"},
+    {From2000To2007, "VISUALSTYLE", {421, 424, 425}, "true colours"},
+    {From2000To2007, "ACDBDETAILVIEWSTYLE ACDBSECTIONVIEWSTYLE", {62}, "colours of styles"},
+    {From2000To2007, "3DSOLID REGION", {1, 100, 350}, "the history of solids, and their later form"},
+    {From2000To2007,
+     "ACSH_BOX_CLASS ACSH_EXTRUSION_CLASS ACSH_HISTORY_CLASS ACAD_EVALUATION_GRAPH",
+     {kWhole},
+     "the history of solids"},
+    {From2000To2007, "ATTDEF ATTRIB", {280}, "that the position is locked"},
+    {From2000To2007, "BLOCK_RECORD", {281}, "that a block is scaled uniformly"},
+    // What the other program keeps for itself in earlier versions, so that it finds it again.
+    {From2000To2007, "APPID", {kWhole}, "names of what is kept"},
+    {From2000To2007, "XRECORD", {kWhole, 90, 91, 102, 360}, "later values that wait in records"},
+    {From2000To2007, "DICTIONARY", {kWhole, 3, 350, 360}, "dictionaries of such records"},
+    {From2000To2007, "DICTIONARYVAR ACDBDATATABLE", {kWhole}, "variables and tables that wait"},
+    {From2000To2007, "HATCH LAYOUT MTEXT", {360}, "dictionaries of such records"},
+    {From2000To2007,
+     "ATTDEF ATTRIB DIMSTYLE MTEXT DBCOLOR",
+     {1000, 1001, 1004, 1005, 1040, 1070, 1071},
+     "later values that wait in extended data"},
+    {From2000To2007, "MTEXT", {1, 3}, "another way to write fractions, and where lines of code break"},
+    // What changes with every save.
+    {From2000To2007, "$ACADMAINTVER $TDINDWG $TDUSRTIMER $VERSIONGUID", {2, 40, 70}, "which program, and when"},
+    {From2000To2007, "section#CLASSES", {0, 1, 2, 3, 90, 91, 280, 281}, "how many objects of each class there are"},
+    {From2000To2007, "XRECORD", {300, 302, 303}, "marks of the last save"},
+    {From2000To2007, "MULTILEADER", {92, 310}, "pictures of the entity"},
+    {From2000To2007,
+     "BLOCKLINEARGRIP BLOCKLINEARPARAMETER BLOCKSCALEACTION BLOCKVISIBILITYGRIP BLOCKVISIBILITYPARAMETER",
+     {98, 99},
+     "versions of the class"},
+
+    // What versions before 2018 cannot hold, or hold in another form.
+    {From2007To2018, "$", {kWhole}, "variables of 2010 and 2013"},
+    {From2007To2018, "$ACADMAINTVER $XCLIPFRAME", {70, 90, 280, 290}, "wider values"},
+    {From2007To2018, "3DSOLID REGION", {1, 2, 70, 290}, "bodies stand in a section of their own"},
+    {From2007To2018, "section#ACDSDATA", {kWhole}, "the section of bodies"},
+    {From2007To2018,
+     "ACAD_TABLE IMAGE MESH MULTILEADER PDFUNDERLAY WIPEOUT",
+     {92, 160, 310},
+     "pictures of the entity stand under another code"},
+    {From2007To2018, "IMAGE WIPEOUT", {290}, "the side that clipping keeps"},
+    {From2007To2018,
+     "ATTDEF ATTRIB",
+     {1, 10, 11, 20, 21, 30, 31, 40, 41, 44, 46, 71, 72, 73, 101, 360},
+     "multi-line attributes stand in a record before"},
+    {From2007To2018,
+     "MTEXT",
+     {10, 11, 20, 21, 30, 31, 40, 41, 42, 43, 44, 45, 46, 70, 71, 72, 73, 74, 101, 1000, 1001, 1040, 1070},
+     "columns stand in extended data before"},
+    {From2007To2018,
+     "MULTILEADER MLEADERSTYLE",
+     {179, 270, 271, 272, 273, 295, 298},
+     "leaders that are attached above and below"},
+    {From2007To2018, "TABLESTYLE ACAD_TABLE", {280}, "versions of the class"},
+    {From2007To2018, "ACDB_TEXTOBJECTCONTEXTDATA_CLASS", {kWhole}, "looks at other scales"},
+    {From2007To2018, "LAYER", {kWhole}, "layers that stand for looks at other scales"},
+    {From2007To2018, "TEXT", {8, 1070}, "layers that stand for looks at other scales"},
+    {From2007To2018,
+     "VISUALSTYLE",
+     {1,  40, 41, 42, 43, 44,  45,  62,  63,  64,  65,  66,  67,  70,  71,  72,  73,  74,  75,   76,   77,  78,
+      79, 90, 91, 92, 93, 170, 171, 173, 174, 175, 176, 177, 290, 420, 421, 424, 425, 360, 1000, 1001, 1070},
+     "another layout of the class"},
+    {From2007To2018, "ACDBDETAILVIEWSTYLE ACDBSECTIONVIEWSTYLE", {90, 300, 360}, "another layout of the class"},
+    // What the other program keeps for itself, and what it names otherwise.
+    {From2007To2018, "APPID", {kWhole}, "names of what is kept"},
+    {From2007To2018, "XRECORD", {kWhole, 1, 62, 90, 330, 331, 370, 440}, "later values that wait in records"},
+    {From2007To2018, "DICTIONARY", {kWhole, 3, 350}, "dictionaries of such records"},
+    {From2007To2018, "DICTIONARYVAR", {kWhole}, "variables that wait"},
+    {From2007To2018, "LTYPE MULTILEADER", {360}, "dictionaries of such records"},
+    {From2007To2018,
+     "3DSOLID REGION DBCOLOR MLEADERSTYLE MULTILEADER VPORT",
+     {1000, 1001, 1070, 1071},
+     "later values that wait in extended data"},
+    {From2007To2018,
+     "BLOCK_RECORD BLOCK ENDBLK CIRCLE ACAD_EVALUATION_GRAPH ACDB_DYNAMICBLOCKPURGEPREVENTER_VERSION BLOCKLINEARGRIP "
+     "BLOCKGRIPLOCATIONCOMPONENT BLOCKLINEARPARAMETER BLOCKSCALEACTION BLOCKVISIBILITYGRIP BLOCKVISIBILITYPARAMETER",
+     {kWhole},
+     "the dynamic block has an anonymous name in the earlier files"},
+    {From2007To2018, "BLOCK_RECORD ACDB_BLOCKREPRESENTATION_DATA", {340, 1005}, "and is referred to by it"},
+    {From2007To2018,
+     "ATTRIB",
+     {2, 10, 11, 20, 21, 30, 31, 40, 71, 74},
+     "the two attributes of equal tag are told apart by a number"},
+    {From2007To2018, "LTYPE", {74}, "shapes in lines have another mark"},
+    {From2007To2018, "MULTILEADER", {10, 40, 41, 90, 95, 173, 174, 175}, "texts are measured anew"},
+    // What changes with every save.
+    {From2007To2018, "$VERSIONGUID", {2}, "which save it was"},
+    {From2007To2018, "section#CLASSES", {91}, "how many objects of each class there are"},
+    {From2007To2018, "XRECORD", {300, 302, 303}, "marks of the last save"},
+    {From2007To2018, "ACDBASSOCPERSSUBENTMANAGER ACDBPERSSUBENTMANAGER", {90}, "counters"},
+
+    // The two files of 2018 were saved one after the other.
+    {FromTextToBinary, "$TDINDWG $TDUSRTIMER $VERSIONGUID", {2, 40}, "which save it was, and when"},
+    {FromTextToBinary, "section#CLASSES section#ACDSDATA", {91, 94, 310, 320}, "numbers of objects, bodies, places"},
+    {FromTextToBinary, "XRECORD", {300, 302, 303}, "marks of the last save"},
+    {FromTextToBinary, "ACAD_TABLE MULTILEADER", {310}, "pictures of the entity"},
+    {FromTextToBinary, "BLOCKGRIPLOCATIONCOMPONENT", {140}, "the largest number, which text files round"},
+    {FromTextToBinary, "DICTIONARY", {3, 350}, "variables that came in between"},
+    {FromTextToBinary, "DICTIONARYVAR", {kWhole}, "variables that came in between"},
+    {FromTextToBinary, "VPORT", {1000, 1001, 1071}, "a mark of the last save"},
+};
+
+class Excuses {
+public:
+  explicit Excuses(Pair pair) : pair_(pair) {}
+  ~Excuses() {
+    for (const Difference& row : kDifferences) {
+      if (row.pair == pair_ && used_.count(&row) == 0)
+        ADD_FAILURE() << "nothing is different any more: " << row.kinds << ", " << row.why;
+    }
+  }
+  bool allow(const std::string& kind, int code) {
+    bool allowed = false;
+    for (const Difference& row : kDifferences) {
+      const bool fits = row.pair == pair_ && names(row, kind) &&
+                        std::find(row.codes.begin(), row.codes.end(), code) != row.codes.end();
+      if (fits)
+        used_.insert(&row);
+      allowed = allowed || fits;
+    }
+    return allowed;
+  }
+
+private:
+  static bool names(const Difference& row, std::string kind) {
+    std::replace(kind.begin(), kind.end(), ' ', '#');
+    if (row.kinds == std::string("$"))
+      return kind[0] == '$';
+    return (" " + std::string(row.kinds) + " ").find(" " + kind + " ") != std::string::npos;
+  }
+  Pair pair_;
+  std::set<const Difference*> used_;
+};
+
+void compareGroups(const std::string& name, const Record& one, const Record& other, Excuses& excuses) {
+  std::set<int> codes;
+  for (const Record* record : {&one, &other}) {
+    for (const auto& [code, values] : record->groups)
+      codes.insert(code);
+  }
+  static const std::vector<std::string> none;
+  for (const int code : codes) {
+    const auto a = one.groups.find(code), b = other.groups.find(code);
+    const auto& left = a == one.groups.end() ? none : a->second;
+    const auto& right = b == other.groups.end() ? none : b->second;
+    if (!std::equal(left.begin(), left.end(), right.begin(), right.end(), isSame)) {
+      EXPECT_TRUE(excuses.allow(one.kind, code)) << name << ", group " << code;
+    }
+  }
+}
+
+void compare(Pair pair, const std::string& earlier, const std::string& later) {
+  SCOPED_TRACE(earlier + " and " + later);
+  const Records one = recordsOf(earlier), other = recordsOf(later);
+  ASSERT_GT(one.size(), 1000u);
+  Excuses excuses(pair);
+  std::size_t shared = 0;
+  for (const auto& [name, record] : one) {
+    const auto found = other.find(name);
+    if (found == other.end()) {
+      EXPECT_TRUE(excuses.allow(record.kind, kWhole)) << name << " stands in the first alone";
+      continue;
+    }
+    ++shared;
+    compareGroups(name, record, found->second, excuses);
+  }
+  for (const auto& [name, record] : other) {
+    if (one.count(name) == 0) {
+      EXPECT_TRUE(excuses.allow(record.kind, kWhole)) << name << " stands in the second alone";
+    }
+  }
+  EXPECT_GT(shared * 10, one.size() * 8);
+}
+
+TEST(SampleVersions, Version2000And2007HoldTheSame) {
+  compare(From2000To2007, "AC1015_ascii", "AC1021_ascii");
+}
+TEST(SampleVersions, Version2007And2018HoldTheSame) {
+  compare(From2007To2018, "AC1021_ascii", "AC1032_ascii");
+}
+TEST(SampleVersions, TextAndBinaryHoldTheSame) {
+  compare(FromTextToBinary, "AC1032_ascii", "AC1032_binary");
+}
+
+} // namespace

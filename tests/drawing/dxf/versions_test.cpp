@@ -1,0 +1,312 @@
+// A file of an earlier version holds what that version can hold, and everything else is told.
+#include "DbAttribute.h"
+#include "DbCurves.h"
+#include "DbDxf.h"
+#include "DbMText.h"
+#include "DbPolyline.h"
+#include "tests/support/drawings.h"
+#include "tests/support/oracles.h"
+
+#include <algorithm>
+#include <map>
+
+using namespace tests;
+using drawing::ReadResult;
+
+namespace {
+
+struct Written {
+  std::string bytes;
+  drawing::Report losses;
+};
+
+Written writeAs(const OdDbDatabase& database, OdDb::DwgVersion version) {
+  drawing::WriteOptions options;
+  options.version = version;
+  options.form = drawing::WriteOptions::Text;
+  drawing::WriteResult result;
+  Written written;
+  written.bytes = drawing::writeDrawingToMemory(database, options, &result);
+  written.losses = result.report;
+  return written;
+}
+
+bool tells(const drawing::Report& report, const std::string& words, std::uint64_t handle = 0) {
+  return std::any_of(report.issues().begin(), report.issues().end(), [&](const drawing::Issue& issue) {
+    return drawing::describe(issue).find(words) != std::string::npos && (handle == 0 || issue.handle == handle);
+  });
+}
+
+OdDbDatabasePtr readOf(const std::string& sections, const std::string& version) {
+  ReadResult read = drawing::readDrawingFromMemory(dxf(sections, version));
+  EXPECT_FALSE(read.database.isNull()) << read.message;
+  return read.database;
+}
+
+struct Group {
+  const char* name;
+  const char* record; // of an entity, behind its handle
+  const char* told;   // part of the line; "": nothing is lost
+  OdDb::DwgVersion lost, kept;
+  const char* lines; // of the file, in the version that keeps it
+};
+
+class NewerGroup : public testing::TestWithParam<Group> {};
+
+TEST_P(NewerGroup, IsToldWhereTheVersionDoesNotHaveIt) {
+  const Group& group = GetParam();
+  const std::string text = std::string("0|") + group.record;
+  const OdDbDatabasePtr database = readOf(section("ENTITIES", text), "AC1032");
+  const Written lost = writeAs(*database, group.lost), kept = writeAs(*database, group.kept);
+  EXPECT_EQ(lost.bytes.find(group.lines), std::string::npos);
+  EXPECT_NE(kept.bytes.find(group.lines), std::string::npos);
+  const bool isLoss = group.told[0] != 0;
+  EXPECT_EQ(tells(lost.losses, group.told, 0xA1), isLoss);
+  EXPECT_EQ(lost.losses.outcome() != drawing::Outcome::Whole, isLoss);
+  EXPECT_EQ(kept.losses.outcome(), drawing::Outcome::Whole);
+}
+
+const Group kGroups[] = {
+    {"TrueColour", "POINT\n5|A1\n100|AcDbEntity\n8|0\n420|255\n100|AcDbPoint\n10|1\n20|2\n", "the true colour",
+     OdDb::kRelease2000, OdDb::kRelease2004, "420\n255\n"},
+    {"Transparency", "POINT\n5|A1\n100|AcDbEntity\n8|0\n440|33554559\n100|AcDbPoint\n10|1\n20|2\n", "the transparency",
+     OdDb::kRelease2000, OdDb::kRelease2004, "440\n33554559\n"},
+    {"OpaqueTransparency", "POINT\n5|A1\n100|AcDbEntity\n8|0\n440|33554687\n100|AcDbPoint\n10|1\n20|2\n", "",
+     OdDb::kRelease2000, OdDb::kRelease2004, "440\n33554687\n"},
+    {"Background", "MTEXT\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbMText\n10|0\n20|0\n40|1\n1|x\n90|1\n63|5\n45|1.5\n",
+     "the text's background", OdDb::kRelease2000, OdDb::kRelease2004, " 63\n5\n"},
+    {"Gradient",
+     "HATCH\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbHatch\n10|0\n20|0\n30|0\n210|0\n220|0\n230|1\n2|SOLID\n70|1\n71|0\n"
+     "91|0\n75|1\n76|1\n98|0\n450|1\n453|2\n463|0\n63|5\n421|255\n470|LINEAR\n",
+     "the gradient", OdDb::kRelease2000, OdDb::kRelease2004, "421\n255\n"},
+    {"GraphicsSize", "GADGET\n5|A1\n100|AcDbEntity\n8|0\n160|2\n310|00FF\n100|MyGadget\n90|7\n", "", OdDb::kRelease2007,
+     OdDb::kRelease2010, "160\n2\n310\n00FF\n"},
+};
+INSTANTIATE_TEST_SUITE_P(All, NewerGroup, testing::ValuesIn(kGroups),
+                         [](const auto& one) { return std::string(one.param.name); });
+
+// A drawing of an early version that holds such groups all the same means them.
+TEST(Versions, ADrawingsOwnVersionKeepsWhatCameInIt) {
+  const OdDbDatabasePtr database =
+      readOf(section("ENTITIES", "0|POINT\n5|A1\n100|AcDbEntity\n8|0\n420|255\n100|AcDbPoint\n10|1\n20|2\n"), "AC1015");
+  const Written own = writeAs(*database, OdDb::kVersionUnknown);
+  EXPECT_NE(own.bytes.find("420\n255\n"), std::string::npos);
+  EXPECT_TRUE(own.losses.issues().empty());
+}
+
+TEST(Versions, BodiesThatAnEarlierVersionCannotReadAreLeftOutWithAllThatHangsOnThem) {
+  const OdDbDatabasePtr database = readOf(
+      section("ENTITIES",
+              "0|3DSOLID\n5|A1\n102|{ACAD_XDICTIONARY\n360|A2\n102|}\n100|AcDbEntity\n8|0\n"
+              "100|AcDbModelerGeometry\n290|1\n2|{00000000-0000-0000-0000-000000000001}\n100|AcDb3dSolid\n"
+              "350|0\n0|POINT\n5|A4\n100|AcDbEntity\n8|0\n100|AcDbPoint\n10|1\n20|2\n1001|ACAD\n1005|A1\n") +
+          section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n0|DICTIONARY\n5|A2\n330|A1\n"
+                             "100|AcDbDictionary\n3|more\n360|A3\n0|XRECORD\n5|A3\n330|A2\n100|AcDbXrecord\n280|1\n") +
+          section("ACDSDATA", "70|2\n0|ACDSRECORD\n90|1\n2|AcDbDs::ID\n280|10\n320|A1\n"),
+      "AC1027");
+  const Written written = writeAs(*database, OdDb::kRelease2010);
+  EXPECT_TRUE(tells(written.losses, "the form of its body", 0xA1));
+  for (const char* gone : {"3DSOLID", "ACDSDATA", "  5\nA2\n", "  5\nA3\n"})
+    EXPECT_EQ(written.bytes.find(gone), std::string::npos) << gone;
+  EXPECT_NE(written.bytes.find("1005\n0\n"), std::string::npos); // refers to nothing now
+  EXPECT_TRUE(writeAs(*database, OdDb::kRelease2018).losses.issues().empty());
+}
+
+TEST(Versions, UnitsOfBlocksStandInExtendedDataBefore2007) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  const OdDbObjectId block = addBlock(*database, L"door");
+  forWrite<OdDbBlockTableRecord>(block)->setBlockInsertUnits(OdDb::kUnitsFeet);
+  const Written written = writeAs(*database, OdDb::kRelease2004);
+  EXPECT_NE(written.bytes.find("DesignCenter Data"), std::string::npos);
+  EXPECT_FALSE(tells(written.losses, "AcDbBlockTableRecord"));
+  const ReadResult again = drawing::readDrawingFromMemory(written.bytes);
+  const auto read = forRead<OdDbBlockTableRecord>(again.database->symbol(OdDb::kBlockTable, L"door"));
+  EXPECT_EQ(read->blockInsertUnits(), OdDb::kUnitsFeet);
+  EXPECT_EQ(read->xDataGroups() == nullptr || read->xDataGroups()->empty(), true);
+}
+
+// Both forms give the same text, whichever way the drawing goes.
+TEST(Versions, MultiLineAttributesStandWhereTheVersionHasThem) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  const OdDbObjectId block = addBlock(*database, L"sign");
+  const OdDbObjectId reference = addReference(*database, block);
+  const OdDbObjectId id = addAttribute(reference, L"NOTE", L"x");
+  OdDbMText lines;
+  lines.setContents(L"first\\Psecond");
+  lines.setTextHeight(2.5);
+  forWrite<OdDbAttribute>(id)->setMTextAttribute(&lines);
+  const std::string before = drawing::canonicalDump(*database);
+
+  const Written early = writeAs(*database, OdDb::kRelease2007);
+  EXPECT_EQ(early.bytes.find("101\nEmbedded Object"), std::string::npos);
+  EXPECT_NE(early.bytes.find("ACAD_MLATT"), std::string::npos);
+  EXPECT_EQ(drawing::canonicalDump(*database), before); // the drawing itself stays
+  const ReadResult read = drawing::readDrawingFromMemory(early.bytes);
+  expectRoundTrip(*read.database);
+
+  const Written late = writeAs(*read.database, OdDb::kRelease2018);
+  EXPECT_NE(late.bytes.find("101\nEmbedded Object"), std::string::npos);
+  EXPECT_EQ(late.bytes.find("ACAD_MLATT"), std::string::npos);
+  for (const std::string& bytes : {early.bytes, late.bytes}) {
+    const ReadResult again = drawing::readDrawingFromMemory(bytes);
+    const auto attribute = forRead<OdDbAttribute>(again.database->getOdDbObjectId(id.getHandle()));
+    ASSERT_TRUE(attribute->isMTextAttribute());
+    EXPECT_EQ(attribute->getMTextAttribute()->contents(), OdString(L"first\\Psecond"));
+    EXPECT_EQ(attribute->getMTextAttribute()->textHeight(), 2.5);
+  }
+}
+
+TEST(Versions, ColumnsAreToldAndTheTextStays) {
+  const char* text = "0|MTEXT\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbMText\n10|0\n20|0\n40|1\n1|long\n"
+                     "101|Embedded Object\n70|1\n10|1\n20|0\n30|0\n71|%\n72|2\n44|5\n1001|ACAD\n1070|7\n";
+  for (const char columns : {'0', '2'}) {
+    std::string record = text;
+    record[record.find('%')] = columns;
+    const Written written = writeAs(*readOf(section("ENTITIES", record), "AC1032"), OdDb::kRelease2013);
+    EXPECT_EQ(written.bytes.find("Embedded Object"), std::string::npos);
+    EXPECT_NE(written.bytes.find("1070\n7\n"), std::string::npos);
+    EXPECT_EQ(tells(written.losses, "the columns of a text", 0xA1), columns == '2');
+  }
+}
+
+// The same loss of many is one line that says how many; what is left out is told one by one.
+TEST(Versions, LossesOfManyAreCounted) {
+  std::string points;
+  for (int i = 0; i < 30; ++i)
+    points += "0|POINT\n5|" + OdDbHandle(0x100 + static_cast<std::uint64_t>(i)).ascii() +
+              "\n100|AcDbEntity\n8|0\n420|255\n100|AcDbPoint\n10|1\n20|2\n";
+  const Written written = writeAs(*readOf(section("ENTITIES", points), "AC1032"), OdDb::kRelease2000);
+  EXPECT_EQ(written.losses.count("dxf.group-not-in-version"), 1u);
+  EXPECT_TRUE(tells(written.losses, "here and in 29 more", 0x100));
+}
+
+// -- R12 --
+
+ReadResult throughR12(const OdDbDatabase& database, drawing::Report* losses = nullptr) {
+  const Written written = writeAs(database, OdDb::kRelease12);
+  if (losses != nullptr)
+    *losses = written.losses;
+  EXPECT_EQ(written.bytes.find("AcDb"), std::string::npos);
+  ReadResult read = drawing::readDrawingFromMemory(written.bytes);
+  EXPECT_FALSE(read.database.isNull()) << read.message;
+  for (const drawing::Issue& issue : read.report.issues())
+    EXPECT_EQ(issue.severity, drawing::Severity::Note) << drawing::describe(issue);
+  return read;
+}
+
+std::map<std::string, int> kindsIn(const OdDbDatabase& database, const OdString& block = modelSpaceStr) {
+  std::map<std::string, int> kinds;
+  const auto record = forRead<OdDbBlockTableRecord>(database.symbol(OdDb::kBlockTable, block));
+  for (const auto walk = record->newIterator(); !walk->done(); walk->step())
+    ++kinds[walk->entity()->dxfName()];
+  return kinds;
+}
+
+struct StandIn {
+  const char* name;
+  const char* record;
+  std::map<std::string, int> becomes;
+  const char* told;
+};
+
+class EarlyStandIn : public testing::TestWithParam<StandIn> {};
+
+TEST_P(EarlyStandIn, IsDrawnWithWhatTheVersionHas) {
+  const StandIn& one = GetParam();
+  const OdDbDatabasePtr database =
+      readOf(section("ENTITIES", std::string("0|") + one.record + "0|POINT\n5|FF\n8|0\n10|1\n20|2\n"), "AC1032");
+  drawing::Report losses;
+  const ReadResult read = throughR12(*database, &losses);
+  std::map<std::string, int> expected = one.becomes;
+  ++expected["POINT"];
+  EXPECT_EQ(kindsIn(*read.database), expected);
+  EXPECT_TRUE(tells(losses, one.told, 0xA1));
+  if (!one.becomes.empty()) { // the first has the handle, all have the layer
+    EXPECT_EQ(forRead<OdDbEntity>(read.database->getOdDbObjectId(0xA1))->layer(), OdString(L"walls"));
+  }
+}
+
+#define COMMON "5|A1\n100|AcDbEntity\n8|walls\n"
+const StandIn kStandIns[] = {
+    {"LightPolyline",
+     "LWPOLYLINE\n" COMMON "100|AcDbPolyline\n90|3\n70|1\n10|0\n20|0\n42|1\n10|2\n20|0\n10|2\n20|2\n",
+     {{"POLYLINE", 1}},
+     "it is written as POLYLINE"},
+    {"Ellipse",
+     "ELLIPSE\n" COMMON "100|AcDbEllipse\n10|0\n20|0\n30|0\n11|2\n21|0\n31|0\n40|0.5\n41|0\n42|6.283185307179586\n",
+     {{"POLYLINE", 1}},
+     "a polyline of 72 points"},
+    {"Spline",
+     "SPLINE\n" COMMON "100|AcDbSpline\n70|8\n71|3\n72|8\n73|4\n40|0\n40|0\n40|0\n40|0\n40|1\n40|1\n40|1\n40|1\n"
+     "10|0\n20|0\n30|0\n10|1\n20|1\n30|0\n10|2\n20|1\n30|0\n10|3\n20|0\n30|0\n",
+     {{"POLYLINE", 1}},
+     "a polyline of 17 points"},
+    {"Text",
+     "MTEXT\n" COMMON "100|AcDbMText\n10|0\n20|0\n30|0\n40|1\n41|0\n71|1\n1|one\\P\\H2;two\\P\\Pfour\n",
+     {{"TEXT", 3}},
+     "3 texts"},
+    {"Ray", "RAY\n" COMMON "100|AcDbRay\n10|0\n20|0\n30|0\n11|1\n21|0\n31|0\n", {{"LINE", 1}}, "ends outside"},
+    {"SolidHatch",
+     "HATCH\n" COMMON
+     "100|AcDbHatch\n10|0\n20|0\n30|0\n210|0\n220|0\n230|1\n2|SOLID\n70|1\n71|0\n91|1\n92|3\n72|0\n73|1\n"
+     "93|4\n10|0\n20|0\n10|4\n20|0\n10|4\n20|4\n10|0\n20|4\n97|0\n75|1\n76|1\n98|0\n",
+     {{"SOLID", 1}},
+     "1 solids"},
+    {"PatternHatch",
+     "HATCH\n" COMMON
+     "100|AcDbHatch\n10|0\n20|0\n30|0\n210|0\n220|0\n230|1\n2|LINES\n70|0\n71|0\n91|1\n92|3\n72|0\n73|1\n"
+     "93|4\n10|0\n20|0.5\n10|4\n20|0.5\n10|4\n20|4.5\n10|0\n20|4.5\n97|0\n75|1\n76|1\n52|0\n41|1\n77|0\n78|1\n53|0\n"
+     "43|0\n44|0\n45|0\n46|1\n79|0\n98|0\n",
+     {{"LINE", 4}},
+     "4 lines"},
+    {"Solid", "3DSOLID\n" COMMON "100|AcDbModelerGeometry\n70|1\n1|x\n", {}, "it is left out"},
+    {"Unknown", "GADGET\n" COMMON "100|MyGadget\n90|7\n", {}, "it is left out"},
+};
+INSTANTIATE_TEST_SUITE_P(All, EarlyStandIn, testing::ValuesIn(kStandIns),
+                         [](const auto& one) { return std::string(one.param.name); });
+
+TEST(R12, KeepsTheShapeOfWhatItRedraws) {
+  const OdDbDatabasePtr database =
+      readOf(section("ENTITIES", std::string("0|") + kStandIns[0].record + "0|" + kStandIns[1].record), "AC1032");
+  OdGeExtents3d before, after;
+  const auto extents = [](const OdDbDatabase& of, OdGeExtents3d& box) {
+    forRead<OdDbBlockTableRecord>(of.getModelSpaceId())->getGeomExtents(box);
+  };
+  extents(*database, before);
+  extents(*throughR12(*database).database, after);
+  EXPECT_LT((before.minPoint() - after.minPoint()).length(), 0.01);
+  EXPECT_LT((before.maxPoint() - after.maxPoint()).length(), 0.01);
+}
+
+TEST(R12, NamesThatItCannotHoldAreChangedEverywhereAndTold) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  const OdDbObjectId layer = addLayer(*database, L"load bearing walls"),
+                     other = addLayer(*database, L"load_bearing_walls");
+  const OdDbObjectId block = addBlock(*database, L"\u95E8 of a name that is far too long for it");
+  addText(*database, L"x", block);
+  const OdDbObjectId reference = addReference(*database, block);
+  forWrite<OdDbEntity>(reference)->setLayer(layer);
+  database->setHeaderText("CLAYER", 8, L"load bearing walls");
+  drawing::Report losses;
+  const ReadResult read = throughR12(*database, &losses);
+  EXPECT_EQ(losses.count("dxf.name-not-in-version"), 2u);
+  const auto insert = forRead<OdDbBlockReference>(read.database->getOdDbObjectId(reference.getHandle()));
+  EXPECT_EQ(insert->layer(), OdString(L"load_bearing_walls-2"));
+  EXPECT_EQ(read.database->headerText("CLAYER"), OdString(L"load_bearing_walls-2"));
+  const auto definition = forRead<OdDbBlockTableRecord>(insert->blockTableRecord());
+  EXPECT_EQ(definition->getName(), OdString(L"__of_a_name_that_is_far_too_lo").left(31) + L"n");
+  EXPECT_EQ(definition->numMembers(), 1u);
+  (void)other;
+}
+
+TEST(R12, HandlesOfStandInsAreTheirOwn) {
+  const OdDbDatabasePtr database = readOf(section("ENTITIES", std::string("0|") + kStandIns[3].record), "AC1032");
+  const Written written = writeAs(*database, OdDb::kRelease12);
+  const ReadResult read = drawing::readDrawingFromMemory(written.bytes);
+  EXPECT_FALSE(read.report.has("dxf.duplicate-handle"));
+  const auto seed = written.bytes.find("$HANDSEED\n  5\n") + 14;
+  const OdDbHandle first(std::stoull(written.bytes.substr(seed, 16), nullptr, 16));
+  EXPECT_EQ(std::uint64_t{first}, std::uint64_t{database->handseed()} + 2); // three texts, one has the old handle
+}
+
+} // namespace
