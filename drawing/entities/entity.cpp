@@ -225,7 +225,6 @@ OdResult OdDbEntity::becomeAnother(const OdGeMatrix3d& matrix) {
   if (other.isNull())
     return eCannotTransform;
   static_cast<OdDbEntity&>(*other) = *this;
-  other->highlight(isHighlighted());
   if (carriedOrNull() != nullptr)
     keepCommonGroups(other->carried());
   if (movesWithEntity(other->xDataGroups()))
