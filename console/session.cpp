@@ -46,7 +46,18 @@ private:
   std::uint64_t changesBefore_ = 0;
 };
 
-Session::Session(SessionOptions options) : host_(options.host), reading_(options.reading), quiet_(options.quiet) {
+namespace {
+
+morvane::HostOptions hostOptionsOf(const SessionOptions& options) {
+  morvane::HostOptions host = options.host;
+  host.reading = options.reading;
+  return host;
+}
+
+} // namespace
+
+Session::Session(SessionOptions options)
+    : host_(hostOptionsOf(options)), reading_(options.reading), quiet_(options.quiet) {
   auto talk = options.talk ? options.talk : [](const OdString& text) { writeTo(stderr, text); };
   line_ = std::make_shared<LineSink>(std::move(talk));
   results_ = options.results ? options.results : [](const OdString& text) { writeTo(stdout, text); };

@@ -12,9 +12,10 @@ namespace drawing::db {
 void Cloner::make(const Item& item) {
   const OdDbObject& source = *peek(item.source);
   std::unique_ptr<OdDbObject> copy(source.makeCopy());
-  const OdDbObjectId owner = item.primary            ? owner_
-                             : !item.holder.isNull() ? item.holder
-                                                     : mapping_.valueOf(source.ownerId());
+  const OdDbObjectId owner = item.primary                ? owner_
+                             : !item.holder.isNull()     ? item.holder
+                             : source.ownerId().isNull() ? mapping_.valueOf(item.neededBy)
+                                                         : mapping_.valueOf(source.ownerId());
   if (auto* record = dynamic_cast<OdDbSymbolTableRecord*>(copy.get()); record != nullptr && !item.holder.isNull())
     record->setName(item.name);
   if (auto* block = dynamic_cast<OdDbBlockTableRecord*>(copy.get()))

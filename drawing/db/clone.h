@@ -34,6 +34,7 @@ private:
     OdDbObjectId holder; // Make: the target's table or dictionary that takes it; null: where its owner is mapped to
     OdString name;       // in its table or dictionary
     bool primary = false;
+    OdDbObjectId neededBy = {}; // of the source; its copy owns this one when nobody owns the original
   };
 
   bool crosses() const { return &source_ != &target_; }
@@ -67,6 +68,7 @@ private:
   std::vector<OdDbObjectId> madeDictionaries_; // while planning
   std::vector<Item> items_;
   std::unordered_map<OdDbObjectId, std::size_t> planned_;
+  OdDbObjectId planning_; // whose parts and needs are being planned
 };
 
 } // namespace drawing::db

@@ -30,8 +30,10 @@ bool Cloner::closesCycle(const std::vector<OdDbObjectId>& primaries) const {
 }
 
 void Cloner::plan(Item item) {
-  if (planned_.emplace(item.source, items_.size()).second)
-    items_.push_back(std::move(item));
+  if (!planned_.emplace(item.source, items_.size()).second)
+    return;
+  item.neededBy = planning_;
+  items_.push_back(std::move(item));
 }
 
 namespace {
@@ -67,6 +69,7 @@ bool isSpace(const OdDbObject& object) {
 void Cloner::planTree(std::size_t item) {
   if (items_[item].action == Action::Use)
     return;
+  planning_ = items_[item].source;
   OdDbObject& object = *peek(items_[item].source);
   std::vector<OdDbObjectId> owned;
   object.ownedObjects(owned);

@@ -2,7 +2,9 @@
 
 #include "DbCarried.h"
 #include "DbDictionary.h"
+#include "DbStyles.h"
 #include "DbSymbolTable.h"
+#include "DbTable.h"
 #include "db/store.h"
 
 namespace drawing::db {
@@ -39,16 +41,24 @@ bool isText(const Group& group) {
 }
 
 template <std::size_t Count>
-void findIn(const GroupList& groups, std::string_view record, const NameGroup (&table)[Count],
+void findIn(const GroupList& groups, HeldName::List list, std::string_view record, const NameGroup (&table)[Count],
             std::vector<HeldName>& names) {
   for (std::size_t i = 0; i < groups.size(); ++i) {
     if (!isText(groups[i]))
       continue;
     for (const NameGroup& entry : table) {
       if (entry.code == groups[i].code && (entry.record.empty() || entry.record == record))
-        names.push_back({entry.kind, false, i, entry.certain});
+        names.push_back({entry.kind, list, i, entry.certain});
     }
   }
+}
+
+// The section that an object keeps and that holds names; null for most.
+const GroupList* sectionOf(const OdDbObject& object) {
+  if (const auto* table = OdDbTable::cast(&object).get())
+    return &table->groups();
+  const auto* style = OdDbTableStyle::cast(&object).get();
+  return style == nullptr ? nullptr : &style->groups();
 }
 
 // Overrides of a dimension style: pairs of a code (1070) and a value.
@@ -66,11 +76,11 @@ void findInXData(const GroupList& groups, std::vector<HeldName>& names) {
       continue;
     const int code = groups[i].code;
     if (code == 1001)
-      names.push_back({OdDb::kRegAppTable, true, i, true});
+      names.push_back({OdDb::kRegAppTable, HeldName::XData, i, true});
     else if (code == 1003)
-      names.push_back({OdDb::kLayerTable, true, i, true});
+      names.push_back({OdDb::kLayerTable, HeldName::XData, i, true});
     else if (overrides && isArrowOverride(groups, i))
-      names.push_back({OdDb::kBlockTable, true, i, true});
+      names.push_back({OdDb::kBlockTable, HeldName::XData, i, true});
     overrides = code == 1001 ? false : overrides || (code == 1000 && groups.textOf(groups[i]) == "DSTYLE");
   }
 }
@@ -78,19 +88,32 @@ void findInXData(const GroupList& groups, std::vector<HeldName>& names) {
 } // namespace
 
 const GroupList& listOf(const OdDbObject& object, const HeldName& name) {
-  return name.inXData ? *object.xDataGroups() : *object.carriedOrNull();
+  if (name.list == HeldName::Section)
+    return *sectionOf(object);
+  return name.list == HeldName::XData ? *object.xDataGroups() : *object.carriedOrNull();
+}
+
+GroupList& listForWrite(OdDbObject& object, const HeldName& name) {
+  if (name.list == HeldName::XData)
+    return object.xDataGroupsForWrite();
+  if (name.list == HeldName::Carried)
+    return object.carried();
+  object.assertWriteEnabled();
+  return const_cast<GroupList&>(*sectionOf(object)); // open for write, and so is all that it holds
 }
 
 void heldNames(const OdDbObject& object, std::vector<HeldName>& names) {
+  if (const GroupList* section = sectionOf(object))
+    findIn(*section, HeldName::Section, object.dxfName(), kCarriedNames, names);
   if (object.extrasOrNull() == nullptr)
     return;
   if (const GroupList& carried = *object.carriedOrNull(); !carried.empty()) {
     const auto* entity = dynamic_cast<const OdDbCarriedEntity*>(&object);
     const std::string record = object.dxfName();
     if (entity != nullptr && entity->isUnread())
-      findIn(carried, record, kUnreadNames, names);
+      findIn(carried, HeldName::Carried, record, kUnreadNames, names);
     else
-      findIn(carried, record, kCarriedNames, names);
+      findIn(carried, HeldName::Carried, record, kCarriedNames, names);
   }
   findInXData(*object.xDataGroups(), names);
 }

@@ -6,13 +6,15 @@
 namespace drawing::db {
 
 struct HeldName {
+  enum List : std::uint8_t { Carried, XData, Section }; // Section: one that the object keeps as files hold it
   OdDb::SymbolTableKind kind;
-  bool inXData;   // else among the carried groups
+  List list;
   std::size_t at; // in that list
   bool certain;   // else the text may be anything that happens to read like a name
 };
 
 const GroupList& listOf(const OdDbObject& object, const HeldName& name);
+GroupList& listForWrite(OdDbObject& object, const HeldName& name);
 
 // Appends what the object's carried groups and extended data hold.
 void heldNames(const OdDbObject& object, std::vector<HeldName>& names);

@@ -83,8 +83,7 @@ private:
       if (name.kind != kind_ || !name.certain || list.stringOf(list[name.at]).iCompare(from_) != 0)
         continue;
       const db::WriteScope scope(object);
-      GroupList& changed = name.inXData ? object.xDataGroupsForWrite() : object.carried();
-      changed.setText(name.at, to_.toUtf8Lossless());
+      db::listForWrite(object, name).setText(name.at, to_.toUtf8Lossless());
     }
   }
 

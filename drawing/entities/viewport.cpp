@@ -1,6 +1,9 @@
 #include "DbViewport.h"
 
+#include "Ge/GeMatrix3d.h"
 #include "db/setters.h"
+
+#include <cmath>
 
 using drawing::field;
 
@@ -27,5 +30,21 @@ OdResult OdDbViewport::getGeomExtents(OdGeExtents3d& extents) const {
   const OdGeVector3d half(width_ / 2, height_ / 2, 0);
   extents.addPoint(center_ - half);
   extents.addPoint(center_ + half);
+  return eOk;
+}
+
+OdResult OdDbViewport::subTransformBy(const OdGeMatrix3d& matrix) {
+  constexpr double kNearly = 1e-9;
+  const OdGeVector3d x = matrix * OdGeVector3d(1, 0, 0), y = matrix * OdGeVector3d(0, 1, 0),
+                     z = matrix * OdGeVector3d(0, 0, 1);
+  const double scale = x.x, tolerance = kNearly * std::fabs(scale);
+  const auto isAlong = [&](const OdGeVector3d& axis, const OdGeVector3d& wanted) {
+    return (axis - wanted * scale).length() <= tolerance;
+  };
+  if (!(scale > 0) || !isAlong(x, {1, 0, 0}) || !isAlong(y, {0, 1, 0}) || !isAlong(z, {0, 0, 1}))
+    return eCannotTransform;
+  center_ = matrix * center_;
+  width_ *= scale;
+  height_ *= scale;
   return eOk;
 }

@@ -1,4 +1,4 @@
-// Viewports of layouts, and cameras. Neither takes a matrix: what they look at has no place among what is drawn.
+// Viewports of layouts, and cameras. Cameras take no matrix: what they look at has no place among what is drawn.
 #pragma once
 
 #include "DbEntity.h"
@@ -14,6 +14,10 @@ public:
   void setWidth(double value);
   void setHeight(double value);
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
+
+protected:
+  // Takes moves and equal scales: its sides stand along the sheet's. What it shows stays the same.
+  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
 private:
   OdGePoint3d center_;

@@ -66,12 +66,14 @@ std::optional<OdString> findBeside(const PathMap& paths, const SearchPath& searc
   return found || name == saved ? found : search.find(paths, name);
 }
 
-drawing::Report loadXrefs(const PathMap& paths, const SearchPath& search, OdDbDatabase& database) {
+drawing::Report loadXrefs(const PathMap& paths, const SearchPath& search, const drawing::ReadOptions& reading,
+                          OdDbDatabase& database) {
   drawing::XrefLoader loader;
   loader.find = [&](const OdString& saved, const OdDbDatabase& from) {
     const auto found = findBeside(paths, search, saved, from);
     return found ? paths.toSystem(*found) : std::string();
   };
+  loader.open = [&reading](const std::string& path) { return drawing::readDrawing(path, reading); };
   return drawing::loadXrefs(database, loader);
 }
 

@@ -1,6 +1,7 @@
 // External references of open documents.
 #pragma once
 
+#include "DbDxf.h"
 #include "DbXref.h"
 #include "OdString.h"
 #include "morvane/files.h"
@@ -14,6 +15,7 @@ namespace morvane::documents {
 // for as well.
 std::optional<OdString> findBeside(const PathMap& paths, const SearchPath& search, const OdString& saved,
                                    const OdDbDatabase& from);
-drawing::Report loadXrefs(const PathMap& paths, const SearchPath& search, OdDbDatabase& database);
+drawing::Report loadXrefs(const PathMap& paths, const SearchPath& search, const drawing::ReadOptions& reading,
+                          OdDbDatabase& database);
 
 } // namespace morvane::documents

@@ -45,13 +45,13 @@ private:
 
 struct Host::Parts {
   Parts(Host& host, const HostOptions& options)
-      : config(configFileOf(options), replaceFileOf(options)), messageBoxes(host) {
+      : config(configFileOf(options), replaceFileOf(options)), reading(options.reading), messageBoxes(host) {
     input.setFrame(&frame);
     input.setLimits([this](const double* point) { return insideLimits(point); });
     variables.setDrawing([this] { return headerOfCurrent(); });
     documents.setCurrentChanged([this](mvsi::MvsiApDocument* document) { followCurrent(document); });
     documents.setXrefLoader(
-        [this](OdDbDatabase& database) { return documents::loadXrefs(paths, searchPath, database); });
+        [this](OdDbDatabase& database) { return documents::loadXrefs(paths, searchPath, reading, database); });
   }
 
   // Only drawings that ask for it are checked.
@@ -86,6 +86,7 @@ struct Host::Parts {
   InputEngine input{output};
   VariableStore variables;
   UserConfig config;
+  drawing::ReadOptions reading;
   PathMap paths;
   SearchPath searchPath;
   Documents documents;

@@ -21,8 +21,7 @@ VERSIONS = {"AC1015": "2000", "AC1018": "2004", "AC1021": "2007", "AC1024": "201
 LEAST_DRAWINGS = 360  # fewer means that the drawings are not all there
 NEW_TEXT = "Дверь_门"
 # Kinds that are kept as they are and cannot be moved; nothing else may be left out of a block.
-UNMOVABLE = {"3DSOLID", "ACAD_PROXY_ENTITY", "ACAD_TABLE", "BODY", "LIGHT", "MESH", "MLINE", "MULTILEADER", "OLE2FRAME",
-             "REGION", "SHAPE", "SURFACE", "TOLERANCE"}
+UNMOVABLE = {"3DSOLID", "ACAD_PROXY_ENTITY", "BODY", "OLE2FRAME", "REGION", "SURFACE"}
 
 
 @dataclass

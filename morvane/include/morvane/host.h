@@ -2,6 +2,7 @@
 // Nothing else in the host outlives it. All calls are made on the command thread.
 #pragma once
 
+#include "DbDxf.h"
 #include "RxObject.h"
 #include "morvane/config.h"
 #include "morvane/documents.h"
@@ -26,9 +27,10 @@
 namespace morvane {
 
 struct HostOptions {
-  std::string configFile;  // UTF-8; empty: defaultConfigFile()
-  bool keepsConfig = true; // false: the configuration starts empty and stays in memory
-  ReplaceFile replaceFile; // how files are saved; empty: replaceFileSafely
+  std::string configFile;            // UTF-8; empty: defaultConfigFile()
+  bool keepsConfig = true;           // false: the configuration starts empty and stays in memory
+  ReplaceFile replaceFile;           // how files are saved; empty: replaceFileSafely
+  drawing::ReadOptions reading = {}; // of external drawings
 };
 
 // Services by name.

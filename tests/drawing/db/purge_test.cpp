@@ -77,7 +77,8 @@ TEST(Purge, EveryKindOfReferenceProtects) {
     parts.layers = kLayer;
     return parts;
   };
-  Parts inserted, nested, arrow, oldArrow, override, oldOverride, xdata, header, headerArrow, carried, unread, layerOf;
+  Parts inserted, nested, arrow, oldArrow, override, oldOverride, xdata, header, headerArrow, carried, unread, layerOf,
+      cell;
   inserted.entities = insert("E1", "DOOR");
   nested.records = blockRecord("D8", "house");
   nested.blocks = block("D8", "house", insert("E2", "door"));
@@ -93,7 +94,11 @@ TEST(Purge, EveryKindOfReferenceProtects) {
   carried.entities = entity("MULTILEADER", "E1", "0\n", "100|AcDbMLeader\n344|D1\n");
   unread.entities = entity("LINE", "E1", "attic\n", "100|AcDbLine\n10|wide\n");
   layerOf.entities = entity("LINE", "E1", "Attic\n", kLine);
+  cell.styles = record("STYLE", "AcDbTextStyleTableRecord", "D4", "notes");
+  cell.entities =
+      entity("ACAD_TABLE", "E1", "0\n", "100|AcDbBlockReference\n10|0\n20|0\n30|0\n100|AcDbTable\n7|NOTES\n");
   const Case cases[] = {
+      {"text style of a cell", cell, 0xD4},
       {"reference", blocks(inserted), 0xD1},
       {"reference in a block that is used", blocks(nested), 0xD1},
       {"arrow of a dimension style", blocks(arrow), 0xD1},

@@ -58,6 +58,21 @@ TEST(Rename, LayersInPropertiesHeaderAndData) {
   expectSound(*database);
 }
 
+TEST(Rename, NamesInSectionsThatAreKeptAsFilesHoldThem) {
+  const OdDbDatabasePtr database =
+      drawing::readDrawingFromMemory(
+          dxf(section("TABLES", "0|TABLE\n2|STYLE\n5|3\n100|AcDbSymbolTable\n70|1\n0|STYLE\n5|D4\n"
+                                "100|AcDbSymbolTableRecord\n100|AcDbTextStyleTableRecord\n2|notes\n70|0\n0|ENDTAB\n") +
+              section("ENTITIES", "0|ACAD_TABLE\n5|E1\n100|AcDbEntity\n8|0\n100|AcDbBlockReference\n10|0\n20|0\n30|0\n"
+                                  "100|AcDbTable\n7|notes\n1|notes\n")))
+          .database;
+  expectUndoRestores(*database, [&] {
+    EXPECT_EQ(renameRecord(*database, OdDb::kTextStyleTable, L"Notes", L"remarks"), RenameResult::Done);
+  });
+  const std::string text = written(*database);
+  EXPECT_NE(text.find("  7\nremarks\n  1\nnotes\n"), std::string::npos);
+}
+
 TEST(Rename, BlocksWithTheirTrueNameAndArrows) {
   const OdDbDatabasePtr database = house();
   expectUndoRestores(*database, [&] {

@@ -260,4 +260,30 @@ TEST_F(EntityParts, HorizontalRotationIsLeftAlone) {
   EXPECT_EQ(dim->horizontalRotation(), OdaToRadian(40));
 }
 
+// Its sides stand along the sheet's, so only moves and equal scales have a result.
+TEST(Viewport, TakesWhatKeepsItsSidesAlongTheSheet) {
+  struct Case {
+    const char* what;
+    OdGeMatrix3d matrix;
+    bool takes;
+  };
+  const Case cases[] = {{"move", OdGeMatrix3d::translation({5, -1, 0}), true},
+                        {"equal scale", OdGeMatrix3d::scaling(OdGeScale3d(2, 2, 2)), true},
+                        {"unequal scale", kUnequal, false},
+                        {"mirror", kMirror, false},
+                        {"turn", OdGeMatrix3d::rotation(OdaPI / 2, OdGeVector3d::kZAxis), false}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    OdDbViewport viewport;
+    viewport.setCenterPoint({1, 2, 0});
+    viewport.setWidth(4);
+    viewport.setHeight(3);
+    EXPECT_EQ(viewport.transformBy(c.matrix), c.takes ? eOk : eCannotTransform);
+    const double scale = c.takes ? (c.matrix * OdGeVector3d(1, 0, 0)).length() : 1;
+    EXPECT_DOUBLE_EQ(viewport.width(), 4 * scale);
+    EXPECT_DOUBLE_EQ(viewport.height(), 3 * scale);
+    EXPECT_EQ(viewport.centerPoint(), c.takes ? c.matrix * OdGePoint3d(1, 2, 0) : OdGePoint3d(1, 2, 0));
+  }
+}
+
 } // namespace
