@@ -181,7 +181,12 @@ TEST_F(Selections, TheOneBeforeTheCommandIsTakenWithoutLockedLayers) {
   for (const OdDbObjectId& id : {a_, b_, onWall_})
     EXPECT_FALSE(isHighlighted(id));
   EXPECT_TRUE(picked().isEmpty());
+  pickFirst({a_, b_});
+  host_.failOperation("mvsiedSSSetFirst"); // the highlight goes even where the host keeps its selection
+  EXPECT_EQ(curSelectEntity(ids), 1);
+  EXPECT_FALSE(host_.allPassed() || isHighlighted(a_) || isHighlighted(b_));
 
+  boxes_.clear();
   pickFirst({onWall_});
   ids.clear();
   EXPECT_EQ(curSelectEntity(ids), 1);
