@@ -46,7 +46,6 @@ TEST_F(Messages, AreShownWordForWord) {
        L"名称 包含不支持的字符。\n不支持以下字符:\n \\ < > / ? \" : ; * | , = `", close},
       {showBlockExtRefErrorTips, L"块 - 外部参照冲突", L"无法插入该块，因为它已附着为外部参照。", close},
       {showBlockNameUnValidTips, L"块 - 块名无效", L"指定的块名无效。\n请选择其他块名或浏览到其他文件。", goOn},
-      {[] { showBasePointInValidTips(kCoordX); }, L"块 - 无效坐标值", L"输入的 X 坐标无效。\n必须输入一个数值。", goOn},
       {[] { showBasePointInValidTips(kCoordY); }, L"块 - 无效坐标值", L"输入的 Y 坐标无效。\n必须输入一个数值。", goOn},
       {[] { showBasePointInValidTips(kCoordZ); }, L"块 - 无效坐标值", L"输入的 Z 坐标无效。\n必须输入一个数值。", goOn},
       {[] { showBlockRefSelfTips(L"门"); }, L"块 - 循环块参照", L"块 门 参照自身。\n块不能包含具有相同名称的块插入。",
@@ -59,9 +58,8 @@ TEST_F(Messages, AreShownWordForWord) {
        L"选择集中的一个或多个对象位于锁定图层上。此块中将仅包含非锁\r\n定图层上的对象。\n锁定图层上的对象数量: 12",
        close},
       {showUnLegalCharInFilePathTips, L"写块 - 不支持的字符",
-       L"文件名和路径(F): 包含不支持的字符。\n不支持的字符：文件名或目录名中不能包含“/ | < > ? ; * "
-       L":”，且“.”不能用作相对路"
-       L"径。",
+       L"文件名和路径(F): 包含不支持的字符。\n"
+       L"不支持的字符：文件名或目录名中不能包含“/ | < > ? ; * :”，且“.”不能用作相对路径。",
        close},
       {showFilePathErrorTips, L"块 - 未指定路径或文件名",
        L"未指定输出文件名或完整路径。\n请在 文件和路径 字段中输入完整路径和文件名。", close},
@@ -94,7 +92,7 @@ TEST_F(Messages, KeepNamesAndNumbersAsTheyAre) {
   EXPECT_EQ(shown_.body.find(L"\"%d\"已定义为块。希望执行什么操作?\n图形中“%d”块参照的数量：2147483647\n"), 0);
   showBlockRedefineTips(L"A", -1);
   EXPECT_EQ(shown_.body, L"块定义已更改，是否要重新定义此块?");
-  for (const int axis : {7, -1}) {
+  for (const int axis : {0, 7, -1}) {
     showBasePointInValidTips(static_cast<_CoordType>(axis));
     EXPECT_EQ(shown_.body.find(L"输入的 X 坐标无效"), 0);
   }
