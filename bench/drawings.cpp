@@ -1,4 +1,5 @@
 #include "bench/drawings.h"
+#include "bench/id_jobs.h"
 
 #include "DbBlockReference.h"
 #include "DbBlockTable.h"
@@ -138,9 +139,13 @@ std::unique_ptr<Job> undoJob(std::size_t entities) {
   });
 }
 
-const std::map<std::string, std::unique_ptr<Job> (*)(std::size_t)>& jobs() {
-  static const std::map<std::string, std::unique_ptr<Job> (*)(std::size_t)> table{
-      {"read", readJob}, {"write", writeJob}, {"make", makeBlockJob}, {"clone", cloneJob}, {"undo", undoJob}};
+const std::map<std::string, JobMaker>& jobs() {
+  static const std::map<std::string, JobMaker> table = [] {
+    std::map<std::string, JobMaker> all{
+        {"read", readJob}, {"write", writeJob}, {"make", makeBlockJob}, {"clone", cloneJob}, {"undo", undoJob}};
+    all.insert(idJobs().begin(), idJobs().end());
+    return all;
+  }();
   return table;
 }
 

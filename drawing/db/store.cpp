@@ -2,6 +2,7 @@
 
 #include "DbDatabase.h"
 #include "DbDictionary.h"
+#include "DbEntity.h"
 
 #include <atomic>
 #include <mutex>
@@ -201,6 +202,10 @@ void Store::replace(OdDbObjectId id, OdDbObject* object) {
 void Store::supersede(OdDbObjectId id, OdDbObject* object) {
   OdDbObject* old = stub(id.number()).object;
   object->undoMark_ = old->undoMark_;
+  const auto* shown = dynamic_cast<const OdDbEntity*>(old);
+  const auto* entity = dynamic_cast<const OdDbEntity*>(object);
+  if (shown != nullptr && entity != nullptr)
+    entity->highlight(shown->isHighlighted());
   settle(object, id.number());
   old->id_.setNull();
   if (old->numRefs() == 0)

@@ -59,9 +59,9 @@ public:
   // eOk and the extents in the coordinates of its block, or the reason why it has none.
   virtual OdResult getGeomExtents(OdGeExtents3d& extents) const;
 
-  // Highlighting is a state of the screen: it is not saved, not undone, and needs no opening for write.
-  void highlight(bool on) const { highlighted_ = on; }
-  bool isHighlighted() const { return highlighted_; }
+  // Highlighting is a state of the screen: it is neither saved, copied nor undone, and needs no opening for write.
+  void highlight(bool on) const { highlight_.on = on; }
+  bool isHighlighted() const { return highlight_.on; }
 
   // Attaches an association (of a dimension) to the entity: its persistent reactor from now on.
   virtual void attachAssociation(OdDbObjectId association);
@@ -84,8 +84,17 @@ protected:
   std::int16_t color_ = OdCmColor::kByLayer;
   std::int16_t lineWeight_ = -1;
   std::int16_t invisible_ = 0;
-  mutable bool highlighted_ = false;
 
 private:
+  // Of this one object: a clone is not highlighted, and undo leaves it as it is.
+  struct Highlight {
+    Highlight() = default;
+    Highlight(const Highlight&) {}
+    Highlight& operator=(const Highlight&) { return *this; }
+    bool on = false;
+  };
+
   OdResult becomeAnother(const OdGeMatrix3d& matrix);
+
+  mutable Highlight highlight_;
 };

@@ -82,19 +82,19 @@ int mvuiMessageBox(const wchar_t* text, const wchar_t* caption, unsigned flags) 
   return RTNORM;
 }
 
-MvJsonPtr mvuiMessageBoxEx(const wchar_t* caption, const wchar_t* body, const MvJsonPtr& buttons, unsigned,
-                           unsigned short, short) {
-  MvJsonPtr answer = ElementValue::createObject(kMvJsonObject);
+MvJsonPtr mvuiMessageBoxEx(const wchar_t* caption, const wchar_t* body, const MvJsonPtr& buttons, unsigned style,
+                           unsigned short kind, short extra) {
   morvane::Host* host = morvane::admitCall("mvuiMessageBoxEx");
   if (host == nullptr)
-    return answer;
-  morvane::MessageBox box{caption, body, {}, 0};
+    return nullptr;
+  morvane::MessageBox box{caption, body, {}, 0, style, kind, extra};
   for (int at = 0; !buttons.isNull(); ++at) {
     const std::string path = "btnText/" + std::to_string(at);
     if (!buttons->HasData(path.c_str()))
       break;
     box.buttons.push_back(buttons->GetDataSW(path.c_str()));
   }
+  MvJsonPtr answer = ElementValue::createObject(kMvJsonObject);
   const int pressed = host->messageBoxes().show(box);
   if (pressed >= 0)
     answer->SetDataI("ControlBtn", pressed);

@@ -31,6 +31,12 @@ bool isEntity(const OdDbObjectId& id) {
   return kind != nullptr && kind->isDerivedFrom(OdDbEntity::desc());
 }
 
+// Erased ones too: undo may bring them back.
+void setHighlight(const OdDbObjectId& id, bool on) {
+  if (const OdDbEntityPtr entity = OdDbEntity::cast(id.safeOpenObject(OdDb::kForRead, true)); !entity.isNull())
+    entity->highlight(on);
+}
+
 } // namespace
 
 const SelectionSets::Set* SelectionSets::find(const long* name) const {
@@ -45,7 +51,12 @@ int SelectionSets::setFirst(const long* pickFirst, const long* grips) {
   const bool known = (isEmptyName(pickFirst) || set != nullptr) && (isEmptyName(grips) || find(grips) != nullptr);
   if (!known)
     return RTERROR;
-  pickFirst_ = set == nullptr ? std::vector<OdDbObjectId>() : set->members;
+  std::vector<OdDbObjectId> picked = set == nullptr ? std::vector<OdDbObjectId>() : set->members;
+  for (const OdDbObjectId& id : pickFirst_)
+    setHighlight(id, false);
+  pickFirst_ = std::move(picked);
+  for (const OdDbObjectId& id : pickFirst_)
+    setHighlight(id, true);
   return RTNORM;
 }
 
@@ -119,8 +130,15 @@ int mvsidbGetAdsName(long* name, const OdDbObjectId& id) {
 }
 
 int RxSelectSet::impliedSelect(const void*) {
+  ids_.clear();
   morvane::Host* host = morvane::admitCall("impliedSelect");
-  ids_ = host == nullptr ? std::vector<OdDbObjectId>() : host->selections().pickFirst();
+  const MvsiApDocument* document = host == nullptr ? nullptr : host->documents().current();
+  if (document == nullptr)
+    return RTERROR;
+  for (const OdDbObjectId& id : host->selections().pickFirst()) {
+    if (!id.isErased() && id.database() == document->database())
+      ids_.push_back(id);
+  }
   return ids_.empty() ? RTERROR : 0;
 }
 
@@ -136,14 +154,14 @@ int RxSelectSet::asIdArray(OdDbObjectIdArray& ids) const {
 
 int RxSelectSet::hilight(bool on, int index) const {
   constexpr int kAll = -1;
-  if (morvane::admitCall("hilight") == nullptr || index < kAll || index >= static_cast<int>(ids_.size()))
+  morvane::Host* host = morvane::admitCall("hilight");
+  if (host == nullptr || index < kAll || index >= static_cast<int>(ids_.size()))
     return RTERROR;
   for (std::size_t at = 0; at < ids_.size(); ++at) {
-    const bool wanted = index == kAll || static_cast<std::size_t>(index) == at;
-    const OdDbEntityPtr entity = wanted ? OdDbEntity::cast(ids_[at].safeOpenObject()) : OdDbEntityPtr();
-    if (!entity.isNull())
-      entity->highlight(on);
+    if (index == kAll || static_cast<std::size_t>(index) == at)
+      morvane::setHighlight(ids_[at], on);
   }
+  host->documents().refresh(host->documents().current());
   return 0;
 }
 

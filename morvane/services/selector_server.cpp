@@ -8,7 +8,10 @@ public:
   explicit SelectorServer(Host& host) : host_(host) {}
 
   int mvsiedSSSetFirst(const long* pickFirst, const long* grips) override {
-    return pass("mvsiedSSSetFirst") ? sets().setFirst(pickFirst, grips) : RTERROR;
+    const int code = pass("mvsiedSSSetFirst") ? sets().setFirst(pickFirst, grips) : RTERROR;
+    if (code == RTNORM)
+      host_.documents().refresh(host_.documents().current());
+    return code;
   }
   int mvsiedSSFree(const long* set) override { return pass("mvsiedSSFree") ? sets().free(set) : RTERROR; }
   int mvsiedSSLength(const long* set, int* length) override {

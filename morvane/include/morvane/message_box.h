@@ -14,7 +14,7 @@ namespace mvsi {
 MORVANE_API int mvuiMessageBox(const wchar_t* text, const wchar_t* caption, unsigned flags);
 // The box with its own buttons: caption first, then the body. `buttons` holds the labels under "btnText/0", "btnText/1"
 // ... The answer is an object with the index of the pressed button under "ControlBtn", and without it when the box was
-// closed without a choice. The numbers are style marks that the command line has no use for.
+// closed without a choice; null when no box was shown. The numbers are style marks, handed on to whoever draws the box.
 MORVANE_API MvJsonPtr mvuiMessageBoxEx(const wchar_t* caption, const wchar_t* body, const MvJsonPtr& buttons,
                                        unsigned style, unsigned short kind, short extra);
 
@@ -27,6 +27,10 @@ struct MessageBox {
   OdString body;
   std::vector<OdString> buttons; // labels as given, with '&' before the letter that presses them
   unsigned flags = 0;            // of a plain box
+  // Style marks of a box with its own buttons. The command line has no use for them.
+  unsigned style = 0;
+  unsigned short kind = 0;
+  short extra = 0;
 };
 
 class Host;

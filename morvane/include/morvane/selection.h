@@ -7,7 +7,7 @@
 #include "morvane/export.h"
 
 #include <map>
-#include <set>
+#include <unordered_set>
 #include <vector>
 
 namespace mvsi {
@@ -20,11 +20,12 @@ MORVANE_API int mvsidbGetAdsName(long* name, const OdDbObjectId& id);
 // What was selected before the command.
 class MORVANE_API RxSelectSet {
 public:
-  // Takes the pick-first selection. 0 when something is selected, else RTERROR. There is no filter but none.
+  // Takes what is left of the pick-first selection in the current drawing. 0 when that is something, else RTERROR.
+  // There is no filter but none.
   int impliedSelect(const void* filter = nullptr);
   // Appends the members that are not erased.
   int asIdArray(OdDbObjectIdArray& ids) const;
-  // Highlights the member at that index, or all for -1.
+  // Highlights the member at that index, or all for -1, or takes the highlight away, and has the views drawn anew.
   int hilight(bool on, int index) const;
 
 private:
@@ -39,6 +40,7 @@ namespace morvane {
 // RTERROR, {0, 0} included.
 class MORVANE_API SelectionSets {
 public:
+  // What becomes pick-first is highlighted, what no longer is loses its highlight. The host keeps no grips.
   int setFirst(const long* pickFirst, const long* grips);
   int free(const long* set);
   int length(const long* set, int* count) const;
@@ -52,7 +54,7 @@ public:
 private:
   struct Set {
     std::vector<OdDbObjectId> members;
-    std::set<OdDbObjectId> known;
+    std::unordered_set<OdDbObjectId> known;
   };
   const Set* find(const long* name) const;
   std::map<long, Set> sets_;

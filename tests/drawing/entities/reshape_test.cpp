@@ -92,6 +92,7 @@ TEST_P(RoundCurves, BecomeEllipsesInTheirPlace) {
     const std::vector<OdGePoint3d> points = pointsOf(*held);
     const OdDbHandle handle = id.getHandle();
     const OdDbObjectId extension = held->extensionDictionary();
+    held->highlight(true);
     tests::expectUndoRestores(*loader.database, [&] { EXPECT_EQ(held->transformBy(matrix), eOk); });
     {
       OdSmartPtr<OdDbEllipse> ellipse = tests::forRead<OdDbEllipse>(id);
@@ -103,6 +104,7 @@ TEST_P(RoundCurves, BecomeEllipsesInTheirPlace) {
       EXPECT_EQ(ellipse->getDbHandle(), handle);
       EXPECT_EQ(ellipse->ownerId(), loader.database->getModelSpaceId());
       EXPECT_EQ(ellipse->colorIndex(), 3);
+      EXPECT_TRUE(ellipse->isHighlighted());
       EXPECT_EQ(ellipse->extensionDictionary(), extension);
       EXPECT_TRUE(ellipse->hasPersistentReactor(before));
       EXPECT_NEAR(ellipse->xData()->next()->getPoint3d().distanceTo(matrix * OdGePoint3d(1, 2, 3)), 0, 1e-12);

@@ -1,0 +1,175 @@
+// What may go into a block: the filters take out exactly their kind and keep the order, and a block that would contain
+// itself is found at any depth.
+#include "blockcommon/filters.h"
+#include "morvane/drawing_tools.h"
+#include "morvane/testing.h"
+#include "tests/support/drawings.h"
+
+#include "DbDescription.h"
+#include "DbViewport.h"
+
+#include <gtest/gtest.h>
+
+// Kinds that are a camera or a definition, but not exactly.
+class StereoCamera : public OdDbCamera {
+public:
+  ODRX_DECLARE_MEMBERS(StereoCamera);
+};
+ODRX_DEFINE_MEMBERS(StereoCamera, OdDbCamera, "");
+
+class NamedDefinition : public OdDbAttributeDefinition {
+public:
+  ODRX_DECLARE_MEMBERS(NamedDefinition);
+};
+ODRX_DEFINE_MEMBERS(NamedDefinition, OdDbAttributeDefinition, "");
+
+namespace {
+
+using namespace tests;
+
+class Filters : public testing::Test {
+protected:
+  template <class Kind>
+  OdDbObjectId add(OdDbObjectId block = OdDbObjectId()) {
+    const OdSmartPtr<Kind> made = Kind::createObject();
+    const OdDbObjectId into = block.isNull() ? database_->getModelSpaceId() : block;
+    return forWrite<OdDbBlockTableRecord>(into)->appendOdDbEntity(made.get());
+  }
+  template <class Kind>
+  OdDbObjectId addErased() {
+    const OdDbObjectId id = add<Kind>();
+    forWrite<OdDbEntity>(id)->erase();
+    return id;
+  }
+  OdDbObjectId reference(OdDbObjectId block, OdDbObjectId into = OdDbObjectId()) {
+    return addReference(*database_, block, into);
+  }
+  bool leadsToItself(const OdString& name, const OdDbObjectIdArray& ids) {
+    const bool found = blockUtils::isObjsAreBtrItSelf(name, ids);
+    const OdDbObjectId block = database_->symbol(OdDb::kBlockTable, name);
+    bool anyAlone = false;
+    for (const OdDbObjectId& id : ids) {
+      const auto one = OdDbBlockReference::cast(id.safeOpenObject());
+      anyAlone = anyAlone || blockUtils::isBTRefAreBtrItSelf(one.get(), block);
+    }
+    EXPECT_EQ(found, anyAlone) << name.toUtf8(); // one by one and all together agree
+    return found;
+  }
+
+  morvane::FaultyHost host_;
+  OdDbDatabasePtr database_ = OdDbDatabase::create();
+  mvsi::MvsiApDocument* document_ = host_.host().documents().open(database_);
+};
+
+TEST_F(Filters, CamerasAloneAreKickedOut) {
+  const OdDbObjectId text = addText(*database_, L"a"), definition = add<OdDbAttributeDefinition>();
+  const OdDbObjectId stereo = add<StereoCamera>(), erased = addErased<OdDbCamera>();
+  OdDbObjectId gone;
+  {
+    const OdDbDatabasePtr other = OdDbDatabase::create();
+    gone = addText(*other, L"b");
+  }
+  OdDbObjectIdArray ids{add<OdDbCamera>(),
+                        text,
+                        OdDbObjectId(),
+                        definition,
+                        add<OdDbCamera>(),
+                        stereo,
+                        erased,
+                        gone,
+                        text,
+                        add<OdDbCamera>(),
+                        database_->getLayerZeroId()};
+  blockUtils::kickOutSomeKindOfObjs(ids);
+  EXPECT_EQ(ids, (OdDbObjectIdArray{text, OdDbObjectId(), definition, stereo, erased, gone, text,
+                                    database_->getLayerZeroId()}));
+}
+
+TEST_F(Filters, AttributeDefinitionsMoveBehindInOrder) {
+  const OdDbObjectId text = addText(*database_, L"a"), camera = add<OdDbCamera>(), named = add<NamedDefinition>();
+  const OdDbObjectId first = add<OdDbAttributeDefinition>(), second = add<OdDbAttributeDefinition>();
+  const OdDbObjectId erased = addErased<OdDbAttributeDefinition>();
+  OdDbObjectIdArray ids{second, text, first, second, OdDbObjectId(), erased, named, camera, first};
+  OdDbObjectIdArray definitions{camera};
+  blockUtils::kickOutAttrdefID(ids, definitions);
+  EXPECT_EQ(ids, (OdDbObjectIdArray{text, OdDbObjectId(), erased, named, camera}));
+  EXPECT_EQ(definitions, (OdDbObjectIdArray{camera, second, first, second, first}));
+}
+
+TEST_F(Filters, ABlockThatWouldContainItselfIsFoundAtAnyDepth) {
+  const OdDbObjectId a = addBlock(*database_, L"A"), b = addBlock(*database_, L"B"), c = addBlock(*database_, L"C");
+  const OdDbObjectId text = addText(*database_, L"a"), other = reference(addBlock(*database_, L"other"));
+  const OdDbObjectId inner = reference(a, b);
+  addText(*database_, L"first", c);
+  const OdDbObjectId rows = add<OdDbMInsertBlock>(c);
+  forWrite<OdDbMInsertBlock>(rows)->setBlockTableRecord(b);
+  const OdDbObjectId toA = reference(a), toB = reference(b), toC = reference(c);
+  const struct {
+    const wchar_t* name;
+    OdDbObjectIdArray ids;
+    bool found;
+  } cases[] = {
+      {L"a", {text, OdDbObjectId(), other, toA}, true},
+      {L"A", {toB}, true},
+      {L"A", {other, toC}, true},
+      {L"B", {toC}, true},
+      {L"B", {toA, toB}, true},
+      {L"B", {toA, other, text, database_->getLayerZeroId()}, false},
+      {L"C", {toA, toB}, false},
+      {L"A", {}, false},
+      {L"D", {toA, toB, toC}, false},
+      {L"", {toA}, false},
+  };
+  for (const auto& one : cases)
+    EXPECT_EQ(leadsToItself(one.name, one.ids), one.found) << OdString(one.name).toUtf8() << ' ' << one.ids.size();
+  EXPECT_FALSE(blockUtils::isBTRefAreBtrItSelf(nullptr, a));
+  EXPECT_FALSE(blockUtils::isBTRefAreBtrItSelf(forRead<OdDbBlockReference>(toA), OdDbObjectId()));
+  EXPECT_FALSE(blockUtils::isBTRefAreBtrItSelf(OdDbBlockReference::createObject(), a));
+  forWrite<OdDbBlockReference>(inner)->erase();
+  EXPECT_FALSE(leadsToItself(L"A", {toC}));
+  mvsi::mvsidbSetWorkingDatabase(nullptr);
+  EXPECT_FALSE(blockUtils::isObjsAreBtrItSelf(L"A", {toA}));
+}
+
+TEST_F(Filters, DefinitionsThatDoNotOpenLeadNowhereAndOtherKindsThrow) {
+  const OdDbObjectId a = addBlock(*database_, L"A"), b = addBlock(*database_, L"B");
+  reference(a, b);
+  const OdDbObjectId toB = reference(b);
+  forWrite<OdDbBlockTableRecord>(b)->erase();
+  EXPECT_FALSE(leadsToItself(L"A", {toB}));
+  const OdDbObjectId strange = reference(database_->getLayerZeroId());
+  EXPECT_THROW(blockUtils::isObjsAreBtrItSelf(L"A", {strange}), OdError_NotThatKindOfClass);
+  EXPECT_TRUE(blockUtils::isObjsAreBtrItSelf(L"A", {reference(a), strange})); // found before it
+}
+
+// Two references to the next block in each: as many ways down as a number of 60 digits in binary, and a long chain.
+TEST_F(Filters, EachDefinitionIsLookedThroughOnceAndDepthIsNoMatter) {
+  addBlock(*database_, L"lamp"); // shown by nothing
+  for (const auto& [levels, width] : {std::pair(60, 2), std::pair(20000, 1)}) {
+    OdDbObjectId below = addBlock(*database_, OdString(std::to_wstring(width) + L" bottom"));
+    for (int level = 0; level < levels; ++level) {
+      const OdDbObjectId block = addBlock(*database_, OdString(std::to_wstring(width) + L"-" + std::to_wstring(level)));
+      for (int at = 0; at < width; ++at)
+        reference(below, block);
+      below = block;
+    }
+    const OdDbObjectIdArray top{reference(below)};
+    EXPECT_FALSE(leadsToItself(L"lamp", top));
+    EXPECT_TRUE(leadsToItself(OdString(std::to_wstring(width) + L" BOTTOM"), top));
+  }
+}
+
+TEST_F(Filters, LockedIsWhatLiesOnALockedLayer) {
+  const OdDbObjectId walls = addLayer(*database_, L"Walls");
+  const OdDbObjectId text = addText(*database_, L"a"), erased = addText(*database_, L"b");
+  for (const OdDbObjectId& id : {text, erased})
+    forWrite<OdDbEntity>(id)->setLayer(walls);
+  forWrite<OdDbEntity>(erased)->erase();
+  EXPECT_FALSE(blockUtils::isObjOnLockedLayer(text));
+  LayerTools::lockOrUnlockLayer(walls, true);
+  EXPECT_TRUE(blockUtils::isObjOnLockedLayer(text));
+  for (const OdDbObjectId& id : {erased, walls, addText(*database_, L"c"), OdDbObjectId()})
+    EXPECT_FALSE(blockUtils::isObjOnLockedLayer(id));
+}
+
+} // namespace
