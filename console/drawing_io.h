@@ -18,7 +18,7 @@ struct SaveRequest {
   std::string path;
   OdDb::DwgVersion version = OdDb::kVersionUnknown; // unknown: the version that the drawing came in
   drawing::WriteOptions::Form form = drawing::WriteOptions::AsRead;
-  bool mayReplace = false;                          // an existing file
+  bool mayReplace = false; // an existing file
 };
 
 // Throws and changes no file when the save fails, for a name that is no drawing's, and for a file that is there and may

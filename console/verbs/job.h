@@ -30,7 +30,6 @@ struct Job {
   std::function<void(const drawing::Report&)> readReport = nullptr;
 };
 
-
 // Reads, works, writes, and prints one JSON object when that was asked for.
 Status runJob(SessionOptions settings, const Job& job);
 

@@ -34,7 +34,7 @@ struct Field {
   OdDb::DwgVersion since = OdDb::kRelease2000; // files of earlier versions do not have it
   bool degrees = false;                        // radians in memory, degrees in files
   bool optional = false;                       // not written when it equals the default
-  bool readOnly = false; // read under this code, written under another (files of other programs use either)
+  bool readOnly = false;  // read under this code, written under another (files of other programs use either)
   bool elsewhere = false; // versions before `since` hold it in another place
   double ifAbsent[3] = {0, 0, 0};
   Address at = nullptr;

@@ -58,7 +58,8 @@ MVDRAWING_API WriteResult writeDrawing(const OdDbDatabase& database, const std::
 MVDRAWING_API std::string writeDrawingToMemory(const OdDbDatabase& database, const WriteOptions& options = {},
                                                WriteResult* result = nullptr);
 
-// Version names: "AC1015", and "2000" or "R12" for people; "12" is understood, too. Unknown names answer kVersionUnknown, unknown versions "".
+// Version names: "AC1015", and "2000" or "R12" for people; "12" is understood, too. Unknown names answer
+// kVersionUnknown, unknown versions "".
 MVDRAWING_API OdDb::DwgVersion versionFromSignature(std::string_view signature);
 MVDRAWING_API const char* versionSignature(OdDb::DwgVersion version);
 MVDRAWING_API OdDb::DwgVersion versionFromYear(std::string_view year);
