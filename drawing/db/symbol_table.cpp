@@ -104,10 +104,12 @@ bool OdDbSymbolTable::adopt(OdDbSymbolTableRecord* record) {
 }
 
 void OdDbSymbolTable::replaceMember(OdDbObjectId old, const OdDbSymbolTableRecord& fresh) {
-  std::vector<OdDbObjectId> ids = members_.cut(0);
-  for (OdDbObjectId id : ids)
-    members_.push(id == old ? fresh.objectId() : id);
-  indexed_ = false;
+  members_.replace(old, fresh.objectId());
+  const auto found = index_.byName.find(fresh.getName());
+  if (indexed_ && found != index_.byName.end() && found->second == old)
+    found->second = fresh.objectId();
+  else
+    indexed_ = false;
 }
 
 OdString OdDbSymbolTable::completeAnonymous(const OdString& name) const {

@@ -36,7 +36,7 @@ void FormWriter::lost(Issue issue) {
   const bool isOwn = issue.handle != 0; // told of an object, not of a group
   if (issue.kind.empty())
     issue.kind = kind_;
-  if (issue.handle == 0)
+  if (issue.handle == 0 && issue.kind == kind_) // else of many records at once
     issue.handle = std::uint64_t{handle_};
   const std::string key =
       issue.code + '\n' + issue.kind + '\n' + issue.found + (isOwn ? '\n' + std::to_string(issue.handle) : "");

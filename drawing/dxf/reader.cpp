@@ -283,7 +283,7 @@ void Reader::settleMissing(OdDbSymbolTable& table, OdDbSymbolTableRecord& record
   const db::WriteScope scope(record);
   record.setName(name);
   table.adopt(&record);
-  renamed_.emplace_back(wanted, record.objectId());
+  renamed_[wanted].push_back(record.objectId());
   tell("dxf.duplicate-name", Severity::Repaired, "the name \"" + wanted.toUtf8() + "\" stands twice in the table",
        "the second is named \"" + name.toUtf8() + "\"");
 }
@@ -392,8 +392,11 @@ OdDbBlockTableRecord* Reader::blockOf(const ReadObject& begin) {
       standIn(*named);
     return named;
   }
-  for (const auto& [was, id] : renamed_) {
-    if (auto* renamed = waiting(id); renamed != nullptr && was == name)
+  const auto same = renamed_.find(name);
+  while (same != renamed_.end() && !same->second.empty()) { // one that has its block gets no other
+    const OdDbObjectId id = same->second.front();
+    same->second.pop_front();
+    if (auto* renamed = waiting(id))
       return renamed;
   }
   const OdString unique = table.freeName(name.isEmpty() ? OdString(L"unnamed") : name);

@@ -6,6 +6,8 @@
 #include "dxf/object_reader.h"
 #include "dxf/pair_source.h"
 
+#include <deque>
+#include <map>
 #include <set>
 #include <unordered_set>
 
@@ -72,10 +74,10 @@ private:
   ObjectReader objects_;
   Record record_;
   std::uint64_t line_ = 0;
-  std::vector<std::pair<OdString, OdDbObjectId>> renamed_; // records whose name was taken, by the name in the file
-  std::vector<OdDbObjectId> blocks_;                       // in the order of their section
-  OdDbObjectId sequence_;                                  // the entity whose attributes or vertices come now
-  std::unordered_set<OdDbObjectId> standIns_;              // blocks that came before their table record
+  std::map<OdString, std::deque<OdDbObjectId>> renamed_; // records whose name was taken, by the name in the file
+  std::vector<OdDbObjectId> blocks_;                     // in the order of their section
+  OdDbObjectId sequence_;                                // the entity whose attributes or vertices come now
+  std::unordered_set<OdDbObjectId> standIns_;            // blocks that came before their table record
   std::vector<std::pair<OdDbObjectId, std::uint64_t>> recordless_; // among them, by the line of the block
   std::set<std::string, std::less<>> sections_;                    // that came
   std::string limit_;

@@ -6,6 +6,7 @@
 
 #include "DbObjectId.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace drawing {
@@ -21,6 +22,8 @@ public:
   const std::vector<OdDbObjectId>& ids() const { return ids_; }
   void push(OdDbObjectId id) { ids_.push_back(id); }
   void reserve(std::size_t count) { ids_.reserve(count); }
+  // `fresh` takes the place of `old`.
+  void replace(OdDbObjectId old, OdDbObjectId fresh) { std::replace(ids_.begin(), ids_.end(), old, fresh); }
   // Cuts the list and answers what stood behind.
   std::vector<OdDbObjectId> cut(std::size_t length) {
     const auto from = ids_.begin() + static_cast<std::ptrdiff_t>(length);

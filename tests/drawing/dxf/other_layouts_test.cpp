@@ -40,6 +40,34 @@ TEST(OtherLayouts, CommonGroupsBehindALaterMarkerBelongToTheEntity) {
   expectRoundTrip(*database);
 }
 
+// Layers may come behind the entities on them, blocks of one name without their owners.
+TEST(OtherLayouts, RecordsTakeThePlaceOfWhatStoodInForThem) {
+  std::string lines, layers, records, blocks;
+  for (const char* name : {"c", "a", "b"}) {
+    lines += "0|LINE\n100|AcDbEntity\n8|" + std::string(name) + "\n100|AcDbLine\n10|1\n20|2\n11|4\n21|5\n";
+    records += "0|BLOCK_RECORD\n100|AcDbSymbolTableRecord\n100|AcDbBlockTableRecord\n2|same\n";
+    blocks += "0|BLOCK\n100|AcDbEntity\n8|0\n100|AcDbBlockBegin\n2|same\n70|0\n10|0\n20|0\n4|" + std::string(name) +
+              "\n0|ENDBLK\n100|AcDbEntity\n8|0\n100|AcDbBlockEnd\n";
+  }
+  for (const char* name : {"A", "B", "C"})
+    layers += "0|LAYER\n100|AcDbSymbolTableRecord\n100|AcDbLayerTableRecord\n2|" + std::string(name) + "\n70|0\n62|5\n";
+  const ReadResult read = drawing::readDrawingFromMemory(
+      dxf(section("ENTITIES", lines) +
+          section("TABLES", "0|TABLE\n2|LAYER\n70|3\n" + layers + "0|ENDTAB\n0|TABLE\n2|BLOCK_RECORD\n70|3\n" +
+                                records + "0|ENDTAB\n") +
+          section("BLOCKS", blocks)));
+  ASSERT_FALSE(read.database.isNull()) << read.message;
+  for (const wchar_t* name : {L"a", L"b", L"c"}) {
+    const auto layer = forRead<OdDbLayerTableRecord>(read.database->symbol(OdDb::kLayerTable, name));
+    EXPECT_EQ(layer->color().index, 5);
+  }
+  const std::pair<const wchar_t*, const wchar_t*> kBlocks[] = {{L"same", L"c"}, {L"same-2", L"a"}, {L"same-3", L"b"}};
+  for (const auto& [name, comments] : kBlocks)
+    EXPECT_EQ(forRead<OdDbBlockTableRecord>(read.database->symbol(OdDb::kBlockTable, name))->comments(),
+              OdString(comments));
+  expectRoundTrip(*read.database);
+}
+
 // Early files have no table of blocks, and what refers to a block may come before it.
 TEST(OtherLayouts, BlocksOfEarlyFilesStandInTheirOrderAndSpacesAreSpaces) {
   const auto block = [](const std::string& name, const std::string& contents) {
