@@ -326,6 +326,10 @@ private:
   void checkCycles() {
     std::vector<OdDbObjectId> cut;
     db::bottomUp(database_, cut);
+    for (OdDbObjectId id : database_.allIds()) {
+      if (const auto* kept = peekAs<OdDbCarriedEntity>(id); db::lives(kept) && closesCycle(*kept))
+        cut.push_back(id);
+    }
     for (OdDbObjectId id : cut) {
       OdDbObject& reference = *peek(id);
       tell("audit.block-cycle", Severity::Lost, reference, "through this reference a block contains itself",
@@ -334,6 +338,18 @@ private:
       if (fix_)
         reference.erase();
     }
+  }
+
+  // Reading keeps such references as data; in a file they would be references again.
+  bool closesCycle(const OdDbCarriedEntity& kept) const {
+    if (!kept.isUnread() || kept.dxfName() != "INSERT")
+      return false;
+    const GroupList& groups = *kept.carriedOrNull();
+    const std::size_t name = groups.find(2);
+    const OdDbObjectId block =
+        name < groups.size() ? database_.symbol(OdDb::kBlockTable, groups.stringOf(groups[name])) : OdDbObjectId();
+    const auto* definition = peekAs<OdDbBlockTableRecord>(block);
+    return definition != nullptr && definition->leadsTo(kept.ownerId());
   }
 
   OdDbDatabase& database_;

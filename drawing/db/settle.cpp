@@ -60,7 +60,7 @@ void tellMissing(SettleFacts& facts) {
                           record.getName().iCompare(L"ByBlock") == 0 || record.getName().iCompare(L"Continuous") == 0 ||
                           record.getName().iCompare(L"Standard") == 0;
     tell(facts, "dxf.name-undefined", standard ? Severity::Note : Severity::Repaired, record,
-         "\"" + record.getName().toUtf8() + "\" is used (line " + std::to_string(facts.context.missing()[id]) +
+         "\"" + record.getName().toUtf8Lossless() + "\" is used (line " + std::to_string(facts.context.missing()[id]) +
              ") and nowhere defined",
          "it is defined with default properties");
   }
@@ -86,7 +86,9 @@ void ensureEnds(SettleFacts& facts) {
     if (!lives(block))
       continue;
     const bool wasNamedOnly = facts.context.missing().count(id) != 0;
-    if (block->blockBeginId().isNull() && !wasNamedOnly && !isSpaceName(block->getName()))
+    // Spaces that no file named are made without a word; they have no handle yet.
+    const bool isMade = isSpaceName(block->getName()) && block->getDbHandle().isNull();
+    if (block->blockBeginId().isNull() && !wasNamedOnly && !isMade)
       tell(facts, "dxf.record-without-block", Severity::Repaired, *block, "no block belongs to the record",
            "an empty one is made");
     block->ensureEnds();
@@ -177,8 +179,8 @@ void ensureLayers(OdDbDatabase& database) {
 void cutReference(SettleFacts& facts, OdDbObjectId id) {
   const auto& reference = *peekAs<OdDbBlockReference>(id);
   tell(facts, "dxf.block-cycle", Severity::Repaired, reference,
-       "a block contains itself through this reference to \"" + symbolName(reference.blockTableRecord()).toUtf8() +
-           "\"",
+       "a block contains itself through this reference to \"" +
+           symbolName(reference.blockTableRecord()).toUtf8Lossless() + "\"",
        "the reference is kept as data and is no reference any more");
   auto* kept = new OdDbCarriedEntity;
   const OdSmartPtr<OdDbObject> holder(kept);

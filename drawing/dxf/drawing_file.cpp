@@ -194,7 +194,12 @@ ReadResult readDrawingFromMemory(std::string_view content, const std::string& na
 
 ReadResult readDrawing(const std::string& path, const ReadOptions& options) {
   MappedFile file;
-  const std::uint64_t most = options.budget.bytes == 0 ? usualMemory(UINT64_MAX) : options.budget.bytes;
+  // A pipe or a device may never end, and what it brings is held beside the drawing.
+  constexpr std::uint64_t kLargestStream = std::uint64_t{1} << 30;
+  FileStatus status;
+  const bool isFile = fileOperations().stat(path, status).ok() && status.kind == FileStatus::Kind::Regular;
+  const std::uint64_t usual = std::min(usualMemory(UINT64_MAX), isFile ? UINT64_MAX : kLargestStream);
+  const std::uint64_t most = options.budget.bytes == 0 ? usual : options.budget.bytes;
   if (const FileError error = file.open(path, most); !error.ok())
     return refuse(error.code, error.text);
   ReadResult result = readDrawingFromMemory(file.text(), path, options);

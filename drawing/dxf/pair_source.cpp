@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace drawing::dxf {
 
@@ -60,13 +61,30 @@ bool TextPairSource::line(std::string_view& text, bool isValue) {
   text = std::string_view(at_, static_cast<std::size_t>(last - at_));
   at_ = stop == nullptr ? end_ : stop + 1;
   ++lineNumber_;
+  const std::size_t whole = text.size();
   while (!text.empty() && text.back() == '\r')
     text.remove_suffix(1);
+  if (stop != nullptr)
+    noteLine(whole != text.size() ? kReturnAndFeed : kOneSign, text.size());
   if (const std::size_t cut = loneReturn(text, isValue); cut < text.size()) {
     at_ = text.data() + cut + 1;
+    noteLine(kReturnAlone, cut);
     text = text.substr(0, cut);
   }
   return true;
+}
+
+// What programs before others would stumble over; told once each.
+void TextPairSource::noteLine(int ending, std::size_t length) {
+  constexpr std::size_t kLongest = 2049; // of a line in any version
+  const auto note = [this](const char* code, const char* found) {
+    report_.add({code, Severity::Note, lineNumber_, -1, 0, "", "", found, "it is read all the same"});
+  };
+  const int before = std::exchange(endings_, endings_ | ending);
+  if (before != 0 && before != endings_ && (before & (before - 1)) == 0)
+    note("dxf.mixed-line-ends", "lines end in another way than before");
+  if (length > kLongest && !std::exchange(sawLong_, true))
+    note("dxf.long-line", "a line is longer than the format allows");
 }
 
 // A return inside a value may belong to it, unless a group code stands behind it.

@@ -55,6 +55,10 @@ private:
   const char* end_;
   Report& report_;
   std::uint64_t lineNumber_ = 0;
+  static constexpr int kOneSign = 1, kReturnAndFeed = 2, kReturnAlone = 4;
+  void noteLine(int ending, std::size_t length);
+  int endings_ = 0; // that came
+  bool sawLong_ = false;
   char ending_ = '\n';
 };
 

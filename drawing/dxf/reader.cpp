@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <unordered_set>
+#include <utility>
 
 namespace drawing::dxf {
 
@@ -144,6 +145,9 @@ void Reader::readSection() {
     tell("dxf.section-repeated", Severity::Note, "a section of this name came before", "it is read, too");
   for (const SectionHandler& entry : kHandlers) {
     if (name == entry.name) {
+      if (&entry < std::exchange(furthest_, std::max<const SectionHandler*>(furthest_, &entry)))
+        tell("dxf.section-order", Severity::Note, "this section belongs in front of one that came before",
+             "it is read all the same");
       sawSection_ = true; // sections that nobody knows make no drawing
       if (name != "HEADER")
         checkRest(2);
@@ -217,6 +221,8 @@ void Reader::readTable() {
          "it is passed over");
     return;
   }
+  if (!tables_.insert(kind).second)
+    tell("dxf.table-repeated", Severity::Note, "a table of this kind came before", "its records are read, too");
   OdDbSymbolTable& table = context_.table(kind, handleIn(record_));
   Record head(record_.begin() + 1, record_.end()); // the name stands where records have their handle
   head[0] = record_[0];
@@ -284,8 +290,9 @@ void Reader::settleMissing(OdDbSymbolTable& table, OdDbSymbolTableRecord& record
   record.setName(name);
   table.adopt(&record);
   renamed_[wanted].push_back(record.objectId());
-  tell("dxf.duplicate-name", Severity::Repaired, "the name \"" + wanted.toUtf8() + "\" stands twice in the table",
-       "the second is named \"" + name.toUtf8() + "\"");
+  tell("dxf.duplicate-name", Severity::Repaired,
+       "the name \"" + wanted.toUtf8Lossless() + "\" stands twice in the table",
+       "the second is named \"" + name.toUtf8Lossless() + "\"");
 }
 
 OdDbObjectId Reader::addRead(ReadObject& read, OdDbObjectId owner) {
@@ -325,8 +332,8 @@ void Reader::readBlocks() {
 
 void Reader::tellRecordless(const OdString& name, const OdString& given) {
   tell("dxf.block-without-record", Severity::Repaired,
-       "the block \"" + name.toUtf8() + "\" has no record in the block table",
-       "it is named \"" + given.toUtf8() + "\" and gets one");
+       "the block \"" + name.toUtf8Lossless() + "\" has no record in the block table",
+       "it is named \"" + given.toUtf8Lossless() + "\" and gets one");
 }
 
 // The record of a block may come behind it, so what lacks one is known at the end only.

@@ -83,8 +83,10 @@ private:
   std::string limit_;
   std::uint64_t bytes_ = 0; // that were taken, as reckoned
   std::size_t handleless_ = 0;
-  std::uint64_t firstHandleless_ = 0; // its line
-  bool again_ = false;                // the record is to be met once more
+  std::uint64_t firstHandleless_ = 0;        // its line
+  bool again_ = false;                       // the record is to be met once more
+  const SectionHandler* furthest_ = nullptr; // of the sections that came
+  std::set<OdDb::SymbolTableKind> tables_;   // that came
   bool sawSection_ = false;
   bool sawEnd_ = false;
   OdResult result_ = eOk;

@@ -41,8 +41,9 @@ void OdDbViewport::afterLoad() {
   const drawing::GroupList view = drawing::viewportViewOf(*xDataGroups(), *database());
   if (view.empty())
     return;
-  carried().utf8(100, "AcDbViewport");
-  view.writeTo(carried());
+  drawing::GroupList& section = extrasForLoad().carried;
+  section.utf8(100, "AcDbViewport");
+  view.writeTo(section);
 }
 
 OdResult OdDbViewport::subTransformBy(const OdGeMatrix3d& matrix) {

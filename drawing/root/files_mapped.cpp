@@ -53,7 +53,7 @@ FileError MappedFile::readAll(FileHandle& file, std::uint64_t maxBytes) {
     if (filled > maxBytes)
       return tooLarge(file.path, maxBytes);
     if (read_.size() - filled < kPiece)
-      read_.resize(std::max(read_.size() * 2, filled + kPiece));
+      read_.resize(std::max<std::size_t>(std::min<std::uint64_t>(read_.size() * 2, maxBytes), filled + kPiece));
     const FileError error = operations_->read(file, std::span(read_).subspan(filled), got);
     if (!error.ok())
       return error;

@@ -1,5 +1,6 @@
 // Damaged files: whatever is wrong stays where it is. Reading never crashes, says what it found, and what it keeps
 // comes back from the next file as it was.
+#include "DbAudit.h"
 #include "DbCarried.h"
 #include "DbDictionary.h"
 #include "DbDxf.h"
@@ -163,7 +164,7 @@ TEST(Damage, OddFilesAreReadWhole) {
   const std::string entities = section("ENTITIES", line("330|1F\n") + insert("A2", "door"));
   const Case cases[] = {
       {"byte order mark", "\xEF\xBB\xBF" + plain, "", 2},
-      {"ends of all kinds", withEnds(plain, "mixed"), "", 2},
+      {"ends of all kinds", withEnds(plain, "mixed"), "dxf.mixed-line-ends", 2},
       {"returns alone", withEnds(plain, "\r"), "", 2},
       {"returns doubled", withEnds(plain, "\r\r\n"), "", 2},
       {"zeros behind the end", plain + std::string(1000, '\0'), "", 2},
@@ -179,10 +180,14 @@ TEST(Damage, OddFilesAreReadWhole) {
       {"unknown code page", dxf(section("ENTITIES", line("")), "AC1015", "KLINGON"), "dxf.code-page-unknown", 1},
       {"names without objects",
        dxf(section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n3|first\n3|\n3|last\n")), "", 0},
-      {"entities before tables", dxf(entities + section("TABLES", layers + records) + definitions), "", 2},
-      {"blocks before tables", dxf(definitions + section("TABLES", layers + records) + entities), "", 2},
-      {"very long line", dxf(section("ENTITIES", line("1001|ACAD\n1000|" + std::string(3'000'000, 'x') + "\n"))), "",
-       1},
+      {"entities before tables", dxf(entities + section("TABLES", layers + records) + definitions), "dxf.section-order",
+       2},
+      {"blocks before tables", dxf(definitions + section("TABLES", layers + records) + entities), "dxf.section-order",
+       2},
+      {"table twice", dxf(section("TABLES", layers + table("LAYER", "")) + section("ENTITIES", line(""))),
+       "dxf.table-repeated", 1},
+      {"very long line", dxf(section("ENTITIES", line("1001|ACAD\n1000|" + std::string(3'000'000, 'x') + "\n"))),
+       "dxf.long-line", 1},
   };
   for (const Case& row : cases) {
     SCOPED_TRACE(row.what);
@@ -204,6 +209,22 @@ TEST(Damage, TextsOfALaterVersionAreThoseOfTheLastOne) {
   ASSERT_FALSE(read.database.isNull()) << read.message;
   EXPECT_EQ(read.database->facts().version, OdDb::kRelease2018);
   EXPECT_NE(drawing::canonicalDump(*read.database).find("\xC3\xBC"), std::string::npos);
+}
+
+// What closes a circle is kept as data when the drawing is read, and gone when it was mended.
+TEST(Damage, CirclesOfDefinitionsAreMendedForGood) {
+  const std::string records = table("BLOCK_RECORD", blockRecord("1F", "*Model_Space") + blockRecord("B1", "door") +
+                                                        blockRecord("B2", "window"));
+  const ReadResult read = drawing::readDrawingFromMemory(
+      dxf(section("TABLES", records) +
+          section("BLOCKS", block("1F", "*Model_Space") + block("B1", "door", insert("A1", "window")) +
+                                block("B2", "window", insert("A2", "door")))));
+  ASSERT_TRUE(read.report.has("dxf.block-cycle"));
+  EXPECT_TRUE(drawing::auditDrawing(*read.database, false).has("audit.block-cycle"));
+  drawing::auditDrawing(*read.database, true);
+  const ReadResult again = drawing::readDrawingFromMemory(drawing::writeDrawingToMemory(*read.database));
+  EXPECT_FALSE(again.report.has("dxf.block-cycle"));
+  EXPECT_TRUE(drawing::auditDrawing(*again.database, false).issues().empty());
 }
 
 TEST(Damage, NamesWithoutObjectsAreKept) {
