@@ -2,28 +2,22 @@
 #include "DbAudit.h"
 #include "DbDxf.h"
 #include "DbPurge.h"
+#include "tests/corpus/drawings.h"
 #include "tests/support/oracles.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 
 namespace {
 
+// Those that can be read at all.
 std::vector<std::string> drawings() {
-  const char* folder = std::getenv("BLOCKCOMMON_CORPUS");
-  std::vector<std::string> paths;
-  if (folder == nullptr)
-    return paths;
-  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-    if (entry.path().extension() == ".dxf")
-      paths.push_back(entry.path().string());
-  }
-  std::sort(paths.begin(), paths.end());
-  return paths;
+  std::vector<std::string> all = corpus::paths();
+  std::erase_if(all, [](const std::string& path) { return path.substr(path.size() - 4) != ".dxf"; });
+  return all;
 }
 
 TEST(Audit, MendedDrawingsAreWhole) {

@@ -5,42 +5,16 @@
 #include "DbDxf.h"
 #include "DbEntity.h"
 #include "DbIdMapping.h"
+#include "tests/corpus/drawings.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <fstream>
 #include <map>
-#include <sstream>
 
 namespace {
-
-std::string textOf(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in)
-    ADD_FAILURE() << path << " is missing";
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
-std::vector<std::string> paths() {
-  const char* folder = std::getenv("BLOCKCOMMON_CORPUS");
-  if (folder == nullptr) {
-    ADD_FAILURE() << "BLOCKCOMMON_CORPUS is not set";
-    return {};
-  }
-  std::istringstream list(textOf(std::string(folder) + "/FILES.tsv"));
-  std::vector<std::string> all;
-  std::string line;
-  std::getline(list, line); // headings
-  while (std::getline(list, line))
-    all.push_back(std::string(folder) + "/" + line.substr(0, line.find('\t')));
-  return all;
-}
 
 class Owned final : public drawing::ReferenceVisitor {
 public:
@@ -90,8 +64,8 @@ void expectAlike(const OdDbObjectIdArray& ids, const OdDbIdMapping& mapping) {
 }
 
 TEST(Clone, WhatEntitiesOwnGoesWithThem) {
-  for (const std::string& path : paths()) {
-    const drawing::ReadResult read = drawing::readDrawingFromMemory(textOf(path));
+  for (const std::string& path : corpus::paths()) {
+    const drawing::ReadResult read = drawing::readDrawingFromMemory(corpus::textOf(path));
     if (read.database.isNull())
       continue;
     SCOPED_TRACE(path);

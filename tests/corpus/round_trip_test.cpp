@@ -4,6 +4,7 @@
 #include "DbDump.h"
 #include "DbDxf.h"
 #include "drawing/dxf/text_codec.h"
+#include "tests/corpus/drawings.h"
 #include "tests/corpus/groups.h"
 #include "tests/support/oracles.h"
 
@@ -12,8 +13,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
 
 namespace {
 
@@ -23,29 +22,12 @@ struct File {
   bool isSound = false; // a text drawing of 2000 or later that is not there for its damage
 };
 
-std::string textOf(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in)
-    ADD_FAILURE() << path << " is missing";
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
 std::vector<File> files() {
-  const char* folder = std::getenv("BLOCKCOMMON_CORPUS");
-  if (folder == nullptr) {
-    ADD_FAILURE() << "BLOCKCOMMON_CORPUS is not set";
-    return {};
-  }
-  std::istringstream list(textOf(std::string(folder) + "/FILES.tsv"));
   std::vector<File> all;
-  std::string line;
-  std::getline(list, line); // headings
-  while (std::getline(list, line)) {
+  for (const std::string& line : corpus::listed()) {
     File file;
     file.path = line.substr(0, line.find('\t'));
-    file.text = textOf(std::string(folder) + "/" + file.path);
+    file.text = corpus::textOf(corpus::folder() + file.path);
     const bool isText = drawing::formOf(file.text) == drawing::FileForm::TextDxf;
     file.isSound = isText && file.path.rfind("damaged/", 0) != 0 && line.find("\tAC10") != std::string::npos &&
                    line.find("\tAC1009\t") == std::string::npos && file.path.rfind("old-formats/", 0) != 0;

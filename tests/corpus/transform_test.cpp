@@ -2,40 +2,14 @@
 #include "DbBlockTable.h"
 #include "DbDxf.h"
 #include "DbEntity.h"
+#include "tests/corpus/drawings.h"
 #include "tests/support/drawings.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <fstream>
 #include <set>
-#include <sstream>
 
 namespace {
-
-std::string textOf(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in)
-    ADD_FAILURE() << path << " is missing";
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
-std::vector<std::string> paths() {
-  const char* folder = std::getenv("BLOCKCOMMON_CORPUS");
-  if (folder == nullptr) {
-    ADD_FAILURE() << "BLOCKCOMMON_CORPUS is not set";
-    return {};
-  }
-  std::istringstream list(textOf(std::string(folder) + "/FILES.tsv"));
-  std::vector<std::string> all;
-  std::string line;
-  std::getline(list, line); // headings
-  while (std::getline(list, line))
-    all.push_back(std::string(folder) + "/" + line.substr(0, line.find('\t')));
-  return all;
-}
 
 bool near(const OdGePoint3d& a, const OdGePoint3d& b, double size) {
   return a.distanceTo(b) <= 1e-8 * (1 + size);
@@ -81,8 +55,8 @@ bool goesAndComesBack(OdDbObjectId id, const std::string& where, const OdGeMatri
 using Check = void (*)(OdDbObjectId, const std::string& kind, const std::string& where);
 
 void forAllEntities(Check check) {
-  for (const std::string& path : paths()) {
-    const drawing::ReadResult read = drawing::readDrawingFromMemory(textOf(path));
+  for (const std::string& path : corpus::paths()) {
+    const drawing::ReadResult read = drawing::readDrawingFromMemory(corpus::textOf(path));
     for (OdDbObjectId id : read.database.isNull() ? std::vector<OdDbObjectId>() : read.database->allIds()) {
       if (const OdDbEntityPtr entity = entityOf(id); !entity.isNull())
         check(id, entity->dxfName(), path + " " + entity->dxfName() + " " + id.getHandle().ascii());
