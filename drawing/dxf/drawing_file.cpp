@@ -122,7 +122,8 @@ dxf::Encoding encodingFor(std::string_view content, const FileFacts& facts, cons
     tellHeader(report, "dxf.code-page-unknown", "the code page \"" + facts.codePage + "\" is not known",
                "texts are read as ANSI_1252 unless they are UTF-8");
   Report unheard; // the reading tells
-  const auto source = sourceOf(content, facts.binary, unheard);
+  // Without other characters than ASCII there is nothing to learn from the texts.
+  const auto source = sourceOf(dxf::isAscii(content) ? std::string_view() : content, facts.binary, unheard);
   const dxf::Encoding encoding = dxf::encodingOf(facts, *source);
   if (encoding.isContradicted)
     tellHeader(report, "dxf.encoding-contradicted",

@@ -9,10 +9,6 @@ namespace drawing::dxf {
 
 namespace {
 
-bool isAscii(std::string_view text) {
-  return std::none_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
-}
-
 bool hasPairs(int page) {
   constexpr int kPages[] = {932, 936, 949, 950, 1361};
   return std::find(std::begin(kPages), std::end(kPages), page) != std::end(kPages);

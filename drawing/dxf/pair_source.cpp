@@ -29,7 +29,8 @@ TextPairSource::TextPairSource(std::string_view content, Report& report)
     : at_(content.data()), end_(content.data() + content.size()), report_(report) {
   if (content.substr(0, 3) == "\xEF\xBB\xBF")
     at_ += 3;
-  if (content.find('\n') == std::string_view::npos && content.find('\r') != std::string_view::npos)
+  hasReturns_ = content.find('\r') != std::string_view::npos;
+  if (hasReturns_ && content.find('\n') == std::string_view::npos)
     ending_ = '\r';
 }
 
@@ -61,6 +62,11 @@ bool TextPairSource::line(std::string_view& text, bool isValue) {
   text = std::string_view(at_, static_cast<std::size_t>(last - at_));
   at_ = stop == nullptr ? end_ : stop + 1;
   ++lineNumber_;
+  if (!hasReturns_) { // most files
+    if (text.size() > kLongestLine)
+      noteLine(kOneSign, text.size());
+    return true;
+  }
   const std::size_t whole = text.size();
   while (!text.empty() && text.back() == '\r')
     text.remove_suffix(1);
@@ -76,14 +82,13 @@ bool TextPairSource::line(std::string_view& text, bool isValue) {
 
 // What programs before others would stumble over; told once each.
 void TextPairSource::noteLine(int ending, std::size_t length) {
-  constexpr std::size_t kLongest = 2049; // of a line in any version
   const auto note = [this](const char* code, const char* found) {
     report_.add({code, Severity::Note, lineNumber_, -1, 0, "", "", found, "it is read all the same"});
   };
   const int before = std::exchange(endings_, endings_ | ending);
   if (before != 0 && before != endings_ && (before & (before - 1)) == 0)
     note("dxf.mixed-line-ends", "lines end in another way than before");
-  if (length > kLongest && !std::exchange(sawLong_, true))
+  if (length > kLongestLine && !std::exchange(sawLong_, true))
     note("dxf.long-line", "a line is longer than the format allows");
 }
 

@@ -59,6 +59,8 @@ private:
   void noteLine(int ending, std::size_t length);
   int endings_ = 0; // that came
   bool sawLong_ = false;
+  bool hasReturns_ = false;
+  static constexpr std::size_t kLongestLine = 2049; // in any version
   char ending_ = '\n';
 };
 

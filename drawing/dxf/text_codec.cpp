@@ -6,13 +6,6 @@
 
 namespace drawing::dxf {
 
-namespace {
-
-constexpr std::size_t kUnicodeEscape = 7; // \U+XXXX
-constexpr std::size_t kPageEscape = 8;    // \M+nXXXX
-constexpr std::uint32_t kStrayByte = 0xDC00;
-constexpr int kEscapedPages[] = {932, 950, 949, 1361, 936};
-
 bool isAscii(std::string_view text) {
   constexpr std::uint64_t kHighBits = 0x8080808080808080;
   std::size_t at = 0;
@@ -28,6 +21,13 @@ bool isAscii(std::string_view text) {
   }
   return true;
 }
+
+namespace {
+
+constexpr std::size_t kUnicodeEscape = 7; // \U+XXXX
+constexpr std::size_t kPageEscape = 8;    // \M+nXXXX
+constexpr std::uint32_t kStrayByte = 0xDC00;
+constexpr int kEscapedPages[] = {932, 950, 949, 1361, 936};
 
 bool readHex(std::string_view digits, std::uint32_t& value) {
   if (digits.size() != 4)

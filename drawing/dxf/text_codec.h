@@ -12,6 +12,8 @@
 
 namespace drawing::dxf {
 
+bool isAscii(std::string_view bytes);
+
 // Text in files has ^M and ^J where lines break. Only binary files can hold real line breaks.
 bool hasLineBreak(std::string_view text);
 void breakToCarets(std::string_view text, std::string& out);
