@@ -5,6 +5,7 @@
 #include "db/store.h"
 #include "db/symbol_kinds.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <utility>
@@ -46,6 +47,12 @@ void LoadContext::begin(std::string_view kind, std::uint64_t line) {
   line_ = line;
   handle_ = 0;
   failed_ = false;
+}
+
+void LoadContext::setLineOf(OdDbObjectId id, std::uint64_t line) {
+  if (id.number() >= lines_.size())
+    lines_.resize(id.number() + 1);
+  lines_[id.number()] = static_cast<std::uint32_t>(std::min<std::uint64_t>(line, UINT32_MAX));
 }
 
 void LoadContext::tell(Issue issue, const Pair* pair) {

@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace drawing {
 
@@ -59,6 +60,10 @@ public:
   // Appends the group under its kind; what does not fit its code is appended as unread text.
   void append(GroupList& list, const Pair& pair);
 
+  // Where the record of an object began, for what is found out when all of the drawing is there; 0 unknown.
+  void setLineOf(OdDbObjectId id, std::uint64_t line);
+  std::uint64_t lineOf(OdDbObjectId id) const { return id.number() < lines_.size() ? lines_[id.number()] : 0; }
+
   // A place for the issue that a hook wants to tell.
   void tell(Issue issue, const Pair* pair = nullptr);
   void fail(const Pair& pair, const char* reason);
@@ -89,6 +94,7 @@ private:
   NameCache names_[OdDb::kSymbolTableCount];
   std::unordered_map<OdDbObjectId, std::uint64_t> missing_;
   std::vector<std::pair<OdDbObjectId, OdDbObjectId>> redirects_;
+  std::vector<std::uint32_t> lines_; // by object number
   std::string section_;
   std::string kind_;
   std::uint64_t line_ = 0;

@@ -21,7 +21,7 @@ namespace {
 
 void tell(SettleFacts& facts, const char* code, Severity severity, const OdDbObject& object, std::string found,
           std::string done) {
-  facts.context.begin(object.dxfName(), 0);
+  facts.context.begin(object.dxfName(), facts.context.lineOf(object.objectId()));
   facts.context.setHandle(object.getDbHandle());
   facts.context.tell({code, severity, 0, -1, 0, "", "", std::move(found), std::move(done)});
 }

@@ -300,6 +300,7 @@ OdDbObjectId Reader::addRead(ReadObject& read, OdDbObjectId owner) {
   if (read.handle == 0 && handleless_++ == 0)
     firstHandleless_ = record_[0].line;
   const OdDbObjectId id = database_.store().add(read.object.get(), read.handle);
+  context_.setLineOf(id, record_[0].line);
   if (read.handle != 0 && id.getHandle() != OdDbHandle(read.handle))
     tell("dxf.duplicate-handle", Severity::Repaired, "the handle " + OdDbHandle(read.handle).ascii() + " is used twice",
          "the second object gets a new one");
