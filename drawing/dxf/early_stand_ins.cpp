@@ -16,6 +16,7 @@
 #include "dxf/early_drawing.h"
 #include "entities/flatten.h"
 #include "entities/hatch_fill.h"
+#include "entities/kept_groups.h"
 
 #include <algorithm>
 #include <cmath>
@@ -227,12 +228,9 @@ StandIn ownBlock(const Source& source) {
   if (name == source.groups.size())
     return nothing();
   const bool isTable = source.entity.dxfName() == "ACAD_TABLE";
-  const auto real = [&source](int code) {
-    const std::size_t at = source.groups.find(code);
-    return at < source.groups.size() && source.groups[at].kind == GroupKind::Real ? source.groups[at].real : 0.0;
-  };
-  const OdGePoint3d place = isTable ? OdGePoint3d(real(10), real(20), real(30)) : OdGePoint3d();
-  const double turn = isTable ? std::atan2(real(21), real(11)) : 0;
+  const OdGePoint3d place = isTable ? keptPoint(source.groups, 10) : OdGePoint3d();
+  const OdGePoint3d along = keptPoint(source.groups, 11);
+  const double turn = isTable ? std::atan2(along.y, along.x) : 0;
   source.draw.reference(source.groups.stringOf(source.groups[name]), place, 1, turn);
   return about("it is written as a reference to the block that draws it");
 }

@@ -1,9 +1,7 @@
 #include "dxf/early_writer.h"
 
-#include "DbAttribute.h"
 #include "DbCarried.h"
 #include "DbDxf.h"
-#include "DbMText.h"
 #include "DbSequence.h"
 #include "db/load_context.h"
 #include "db/store.h"
@@ -11,6 +9,7 @@
 #include "dxf/early_rules.h"
 #include "dxf/early_stand_ins.h"
 #include "dxf/version_rules.h"
+#include "dxf/writer.h"
 #include "entities/viewport_view.h"
 
 #include <map>
@@ -23,10 +22,6 @@ using db::peekAs;
 namespace {
 
 constexpr int kUniqueBlock = 32; // a mark of later versions among the flags of dimensions
-
-bool isSpace(const OdDbBlockTableRecord& block) {
-  return block.getName().iCompare(modelSpaceStr) == 0 || block.getName().iCompare(paperSpaceStr) == 0;
-}
 
 // Header variables that hold the name of a record.
 OdDb::SymbolTableKind tableOfVariable(std::string_view name) {
@@ -155,7 +150,7 @@ void EarlyWriter::blocks() {
     const auto* block = peekAs<OdDbBlockTableRecord>(id);
     // Some programs write empty blocks for the spaces, under names that begin with a dollar sign.
     const bool hasHead = block != nullptr && block->nameInHead_.left(1) == L"$";
-    if (lives(block) && (!isSpace(*block) || hasHead))
+    if (lives(block) && (!standsInEntities(*block) || hasHead))
       this->block(*block);
   }
 }
@@ -165,7 +160,7 @@ void EarlyWriter::block(const OdDbBlockTableRecord& block) {
   inPaperSpace_ = false;
   const OdDbObject& begin = *db::peek(block.blockBeginId());
   writeSections(begin, groups);
-  const OdString name = isSpace(block) ? block.nameInHead_ : block.getName();
+  const OdString name = standsInEntities(block) ? block.nameInHead_ : block.getName();
   groups.text(2, name);
   groups.integer(70, block.derivedFlags());
   groups.point(10, block.origin());
@@ -174,10 +169,10 @@ void EarlyWriter::block(const OdDbBlockTableRecord& block) {
   if (!block.comments().isEmpty())
     groups.text(4, block.comments());
   record(begin, groups, false);
-  if (block.isLayout() && !isSpace(block))
+  if (block.isLayout() && !standsInEntities(block))
     lost(block, "dxf.kind-not-in-version", Severity::Lost, "version R12 has one sheet",
          "the contents of this one are written as a block");
-  if (!isSpace(block))
+  if (!standsInEntities(block))
     contents(block);
   native(*db::peek(block.blockEndId()));
 }
@@ -246,9 +241,7 @@ void EarlyWriter::record(const OdDbObject& object, const GroupList& groups, bool
   sink_.utf8(0, kind);
   if (withHandle)
     sink_.handle(5, object.getDbHandle());
-  const auto* attribute = OdDbText::cast(&object).get();
-  const bool hasLines =
-      attribute != nullptr && (kind == "ATTRIB" || kind == "ATTDEF") && groups.find(101) < groups.size();
+  const bool hasLines = (kind == "ATTRIB" || kind == "ATTDEF") && groups.find(101) < groups.size();
   // What came from a file of that version and nobody knows goes back as it came.
   const bool keepsAll = object.isKindOf(OdDbCarriedEntity::desc()) && database_.facts().version < OdDb::kRelease13;
   std::string_view toldLast;

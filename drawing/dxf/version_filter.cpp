@@ -1,8 +1,7 @@
 #include "dxf/version_filter.h"
 
 #include "DbDxf.h"
-#include "DbEntity.h"
-#include "db/load_context.h"
+#include "DbModelerGeometry.h"
 #include "db/store.h"
 
 #include <utility>
@@ -15,15 +14,8 @@ constexpr int kGraphicsSize = 160, kGraphicsSizeBefore2010 = 92;
 
 // Since 2013 the bodies of solids stand in a section of their own, in a form that earlier versions do not read.
 bool hasBodyElsewhere(const OdDbObject& object) {
-  GroupList groups;
-  writeSections(object, groups);
-  for (std::size_t at = groups.find(100); at < groups.size(); at = groups.find(100, at + 1)) {
-    if (groups.textOf(groups[at]) != "AcDbModelerGeometry")
-      continue;
-    const std::size_t end = groups.find(100, at + 1);
-    return groups.find(290, at) < end && groups.find(1, at) >= end;
-  }
-  return false;
+  const auto* solid = OdDbModelerGeometry::cast(&object).get();
+  return solid != nullptr && !solid->hasTextBody() && solid->groups().find(290) < solid->groups().size();
 }
 
 } // namespace
@@ -33,7 +25,7 @@ LeftOut::LeftOut(const OdDbDatabase& database, OdDb::DwgVersion version) {
     return;
   for (OdDbObjectId id : database.allIds()) {
     const OdDbObject* object = db::peek(id);
-    if (db::lives(object) && object->isKindOf(OdDbEntity::desc()) && hasBodyElsewhere(*object)) {
+    if (db::lives(object) && hasBodyElsewhere(*object)) {
       ids_.insert(id);
       first_.push_back(id);
     }

@@ -56,6 +56,10 @@ void RecordWriter::whole(const OdDbObject& object) {
   xData(object);
 }
 
+bool standsInEntities(const OdDbBlockTableRecord& block) {
+  return block.getName().iCompare(modelSpaceStr) == 0 || block.getName().iCompare(paperSpaceStr) == 0;
+}
+
 Writer::Writer(const OdDbDatabase& database, GroupSink& sink)
     : database_(database), to_(sink), leftOut_(database, sink.version()), filter_(sink, leftOut_),
       sink_(sink.version() == database.facts().version ? sink : filter_) {}
@@ -174,11 +178,6 @@ void Writer::blocks() {
 }
 
 namespace {
-
-// Entities of model space, and of the paper space that was last active, stand in their own section.
-bool standsInEntities(const OdDbBlockTableRecord& block) {
-  return block.getName().iCompare(modelSpaceStr) == 0 || block.getName().iCompare(paperSpaceStr) == 0;
-}
 
 bool isPaperSpace(const OdDbBlockTableRecord& block) {
   return block.isLayout() && block.getName().iCompare(modelSpaceStr) != 0;

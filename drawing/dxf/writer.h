@@ -8,6 +8,9 @@
 
 namespace drawing::dxf {
 
+// Entities of model space, and of the paper space that was last active, stand in their own section.
+bool standsInEntities(const OdDbBlockTableRecord& block);
+
 class Writer {
 public:
   Writer(const OdDbDatabase& database, GroupSink& sink);

@@ -4,12 +4,11 @@
 #include "DbDxf.h"
 #include "DbDynBlockReference.h"
 #include "DbIdMapping.h"
+#include "tests/corpus/drawings.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
 #include <gtest/gtest.h>
-
-#include <cstdlib>
 
 namespace {
 
@@ -89,9 +88,7 @@ void expectSameShapes(const OdDbObjectIdArray& originals, const OdDbObjectIdArra
 class DynamicBlocks : public testing::TestWithParam<Known> {
 protected:
   void SetUp() override {
-    const char* folder = std::getenv("BLOCKCOMMON_CORPUS");
-    ASSERT_NE(folder, nullptr) << "BLOCKCOMMON_CORPUS is not set";
-    const drawing::ReadResult read = drawing::readDrawing(std::string(folder) + "/" + GetParam().file);
+    const drawing::ReadResult read = drawing::readDrawing(corpus::folder() + GetParam().file);
     ASSERT_FALSE(read.database.isNull()) << read.message;
     database_ = read.database;
     references_ = dynamicReferences(database_->getModelSpaceId());

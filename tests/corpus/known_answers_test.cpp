@@ -4,11 +4,12 @@
 
 #include "DbDxf.h"
 
+#include "tests/corpus/drawings.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -216,8 +217,8 @@ void compare(const Json& answers, const Json& report) {
 }
 
 TEST(KnownAnswers, AgreeWithTheReport) {
-  const char* folder = std::getenv("BLOCKCOMMON_CORPUS");
-  ASSERT_NE(folder, nullptr) << "BLOCKCOMMON_CORPUS is not set";
+  const std::string folder = corpus::folder();
+  ASSERT_FALSE(folder.empty());
   const std::string ending = ".truth.json";
   std::set<fs::path> files;
   for (const auto& entry : fs::recursive_directory_iterator(fs::path(folder) / "truth")) {

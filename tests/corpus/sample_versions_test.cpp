@@ -4,6 +4,8 @@
 #include "DbDump.h"
 #include "DbDxf.h"
 
+#include "tests/corpus/drawings.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -35,9 +37,8 @@ std::string kindIn(const std::string& line) {
 }
 
 Records recordsOf(const std::string& version) {
-  const char* folder = std::getenv("BLOCKCOMMON_CORPUS");
-  const std::string path = std::string(folder == nullptr ? "" : folder) + "/sample-versions/sample_" + version + ".dxf";
-  const drawing::ReadResult read = drawing::readDrawing(path);
+  const drawing::ReadResult read =
+      drawing::readDrawing(corpus::folder() + "sample-versions/sample_" + version + ".dxf");
   EXPECT_FALSE(read.database.isNull()) << read.message;
   Records records;
   if (read.database.isNull())
