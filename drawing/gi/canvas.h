@@ -30,7 +30,7 @@ struct Inset {
   OdGeVector3d column, row; // from one repetition to the next, in the coordinates outside
   OdGeMatrix3d outer;       // from there to the picture
   // Entities that are drawn after the contents, in the place outside: attributes.
-  std::vector<OdDbObjectId> rest;
+  std::shared_ptr<const std::vector<OdDbObjectId>> rest;
   std::int32_t restClip = -1;
   LayerView* restLayers = nullptr;
 };

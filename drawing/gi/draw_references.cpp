@@ -31,11 +31,12 @@ OdGeMatrix3d contentsTransform(const OdDbBlockReference& reference, const OdGePo
 }
 
 void addClip(const OdDbSpatialFilter& filter, Inset& inset, Canvas& canvas) {
+  const Path hole = filter.holeInBlock();
   std::vector<OdGePoint2d> polygon;
-  for (const OdGePoint3d& corner : filter.boundaryInBlock())
+  for (const OdGePoint3d& corner : hole.empty() ? filter.boundaryInBlock() : hole)
     polygon.push_back((inset.place.toPicture * corner).convert2d());
   if (polygon.size() > 2)
-    canvas.cut(inset, std::move(polygon));
+    canvas.cut(inset, std::move(polygon), !hole.empty());
   if (filter.frontClipDist() || filter.backClipDist())
     canvas.leaveOut("depth-clip");
 }
@@ -67,8 +68,10 @@ void drawReference(const OdDbBlockReference& reference, Canvas& canvas) {
   const OdDbDatabase* external = block->isFromExternalReference() ? block->xrefDatabase() : nullptr;
   const OdGePoint3d origin = external != nullptr ? external->getINSBASE() : block->origin();
   Inset& inset = canvas.show(block->objectId(), contentsTransform(reference, origin));
-  for (OdDbObjectId id : reference.attributeIds())
-    inset.rest.push_back(id);
+  if (reference.hasAttributes()) {
+    const OdDbObjectIdArray ids = reference.attributeIds();
+    inset.rest = std::make_shared<const std::vector<OdDbObjectId>>(ids.begin(), ids.end());
+  }
   if (external != nullptr)
     enterXref(*external, *block, inset, canvas);
   else if (block->isFromExternalReference())

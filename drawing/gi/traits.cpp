@@ -98,8 +98,7 @@ LayerLook Looks::look(OdDbObjectId layer, const LayerView& view) {
     return look;
   look.off = record->isOff();
   look.frozen = record->isFrozen() || view.frozen.count(record->getDbHandle()) != 0;
-  look.color = record->color().trueColor >= 0 ? gi::colorOf(static_cast<std::uint32_t>(record->color().trueColor))
-                                              : indexedColor(record->color().index, foreground_);
+  look.color = colorOf(record->color());
   look.color.a = opacityOfLayer(*record);
   look.weight = record->lineWeight();
   look.pattern = patternOf(record->linetypeObjectId());
@@ -111,14 +110,21 @@ const LayerLook& Looks::layer(OdDbObjectId id, LayerView& view) {
   return found != view.looks.end() ? found->second : view.looks.emplace(id, look(id, view)).first->second;
 }
 
+// Some programs write the colour of the foreground with the white of their own screen.
+Color Looks::colorOf(const OdCmColor& color) const {
+  constexpr std::int32_t kWhite = 0xFFFFFF;
+  constexpr std::int16_t kForeground = 7;
+  if (color.trueColor < 0 || (color.trueColor == kWhite && color.index == kForeground))
+    return indexedColor(color.index, foreground_);
+  return gi::colorOf(static_cast<std::uint32_t>(color.trueColor));
+}
+
 Color Looks::colorOf(const OdCmColor& color, const Traits& entity, const Color& byBlock) const {
   Color answer = entity.layer->color;
-  if (color.trueColor >= 0)
-    answer = gi::colorOf(static_cast<std::uint32_t>(color.trueColor));
-  else if (color.index == OdCmColor::kByBlock)
+  if (color.trueColor < 0 && color.index == OdCmColor::kByBlock)
     answer = byBlock;
-  else if (color.index != OdCmColor::kByLayer)
-    answer = indexedColor(color.index, foreground_);
+  else if (color.trueColor >= 0 || color.index != OdCmColor::kByLayer)
+    answer = colorOf(color);
   answer.a = entity.color.a;
   return answer;
 }

@@ -53,6 +53,7 @@ public:
   LayerView* addView(const OdString& prefix = OdString()); // lives as long as this
   Traits initial() const;                                  // what "by block" is where nothing is around
   Traits of(const OdDbEntity& entity, const Setting& setting);
+  Color colorOf(const OdCmColor& color) const; // not by layer or block
   // A colour of a part of an entity that is drawn with these traits.
   Color colorOf(const OdCmColor& color, const Traits& entity, const Color& byBlock) const;
   Pen pen(const Traits& traits, double blockScale) const;

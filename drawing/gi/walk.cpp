@@ -46,7 +46,16 @@ void Walk::step() {
   }
 }
 
-// Pushes the next of the repetitions; the row in which it lies is known by its number.
+namespace {
+
+// Moves what a place shows, in coordinates outside of it.
+void shift(OdGeMatrix3d& toPicture, const OdGeMatrix3d& outer, const OdGeVector3d& by) {
+  toPicture.setTranslation(toPicture.translation() + outer * by);
+}
+
+} // namespace
+
+// Pushes the next of the repetitions: the attributes below the contents, which come first.
 void Walk::repeat(Level& level) {
   ++report_.steps;
   const Inset& inset = *level.repeated;
@@ -55,15 +64,21 @@ void Walk::repeat(Level& level) {
     levels_.pop_back();
     return;
   }
-  const OdGeVector3d by =
-      inset.column * static_cast<double>(level.at % columns) + inset.row * static_cast<double>(level.at / columns);
+  const OdGeVector3d by = inset.column * static_cast<double>(level.at % columns) +
+                          inset.row * static_cast<double>(level.at / columns);
   ++level.at;
   Level contents{inset.place, contentsOf(inset.block), 0, inset.block, nullptr};
-  OdGeMatrix3d back;
-  if (!by.isZeroLength() && inset.outer.inverse(back))
-    contents.place.toPicture = inset.outer * OdGeMatrix3d::translation(by) * back * contents.place.toPicture;
-  else if (!by.isZeroLength())
-    contents.place.toPicture.setTranslation(contents.place.toPicture.translation() + inset.outer * by);
+  shift(contents.place.toPicture, inset.outer, by);
+  if (list_.showsNothing(inset.place.clip))
+    contents.ids = std::make_shared<const std::vector<OdDbObjectId>>();
+  if (inset.rest == nullptr)
+    return levels_.push_back(std::move(contents));
+  Level behind{inset.place, inset.rest, 0, {}, nullptr};
+  behind.place.toPicture = inset.outer;
+  behind.place.clip = inset.restClip;
+  behind.place.setting.layers = inset.restLayers;
+  shift(behind.place.toPicture, inset.outer, by);
+  levels_.push_back(std::move(behind)); // the stack may have moved: `level` is gone
   levels_.push_back(std::move(contents));
 }
 
@@ -92,15 +107,6 @@ void Walk::draw(OdDbObjectId id, const Place& place) {
 }
 
 void Walk::push(Inset&& inset) {
-  if (!inset.rest.empty()) {
-    Level behind{inset.place, std::make_shared<const std::vector<OdDbObjectId>>(std::move(inset.rest)), 0, {}, nullptr};
-    behind.place.toPicture = inset.outer;
-    behind.place.clip = inset.restClip;
-    behind.place.setting.layers = inset.restLayers;
-    levels_.push_back(std::move(behind));
-  }
-  if (list_.showsNothing(inset.place.clip))
-    return;
   Level level{inset.place, nullptr, 0, {}, nullptr};
   level.repeated = std::make_unique<Inset>(std::move(inset));
   levels_.push_back(std::move(level));
