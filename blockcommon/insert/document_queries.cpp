@@ -3,6 +3,7 @@
 #include "DbAttribute.h"
 #include "DbBlockReference.h"
 #include "DbSymbolRecords.h"
+#include "blockcommon/attributes.h"
 #include "blockcommon/block_lookup.h"
 #include "blockcommon/host/services.h"
 #include "morvane/documents.h"
@@ -22,6 +23,13 @@ OdDbBlockTablePtr currentBlockTable() {
 OdDbBlockTableRecordPtr currentBlock(const OdString& name) {
   const OdDbBlockTablePtr table = currentBlockTable();
   return table.isNull() ? OdDbBlockTableRecordPtr() : OdDbBlockTableRecordPtr(table->getAt(name).safeOpenObject());
+}
+
+bool needsAnswer(const OdDbObjectPtr& object) {
+  if (const OdDbAttributeDefinitionPtr definition = OdDbAttributeDefinition::cast(object); !definition.isNull())
+    return !definition->isPreset() && !definition->isConstant();
+  const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(object);
+  return !block.isNull() && !insertCommon::hasPresetAttribute(block);
 }
 
 } // namespace
@@ -128,6 +136,14 @@ bool isCanEditAttributeBlock(OdDbObjectId blockId) {
   for (auto it = block->newIterator(); !it->done(); it->step()) {
     const OdDbAttributeDefinitionPtr definition = OdDbAttributeDefinition::cast(it->entity());
     if (!definition.isNull() && !definition->isConstant())
+      return true;
+  }
+  return false;
+}
+
+bool hasAttdef(const OdDbObjectIdArray& ids) {
+  for (const OdDbObjectId& id : ids) {
+    if (needsAnswer(id.safeOpenObject()))
       return true;
   }
   return false;

@@ -110,13 +110,20 @@ bool OdDbBlockTableRecord::isAnonymous() const {
          name_.left(paperSpaceStr.getLength()).iCompare(paperSpaceStr) != 0;
 }
 
-bool OdDbBlockTableRecord::hasAttributeDefinitions() const {
-  for (OdDbObjectId id : members_.ids()) {
+namespace {
+
+template <class Accept>
+bool anyDefinition(const std::vector<OdDbObjectId>& members, Accept accept) {
+  return std::any_of(members.begin(), members.end(), [&](OdDbObjectId id) {
     const auto* definition = peekAs<OdDbAttributeDefinition>(id);
-    if (definition != nullptr && !definition->isErased() && !definition->isConstant())
-      return true;
-  }
-  return false;
+    return definition != nullptr && !definition->isErased() && accept(*definition);
+  });
+}
+
+} // namespace
+
+bool OdDbBlockTableRecord::hasAttributeDefinitions() const {
+  return anyDefinition(members_.ids(), [](const OdDbAttributeDefinition&) { return true; });
 }
 
 std::int16_t OdDbBlockTableRecord::derivedFlags() const {
@@ -124,7 +131,7 @@ std::int16_t OdDbBlockTableRecord::derivedFlags() const {
       static_cast<std::int16_t>(flags_ & (kExternalReference | kOverlay | kDependent | kResolved | kReferenced));
   if (isAnonymous())
     flags |= kAnonymousBit;
-  if (hasAttributeDefinitions())
+  if (anyDefinition(members_.ids(), [](const OdDbAttributeDefinition& one) { return !one.isConstant(); }))
     flags |= kHasAttributes;
   return flags;
 }

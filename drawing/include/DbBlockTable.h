@@ -81,7 +81,7 @@ public:
   // The external drawing, which lives as long as this one holds it; null when it is not loaded. With
   // `includeUnresolved` also the drawing that a cycle of references leads back to.
   OdDbDatabase* xrefDatabase(bool includeUnresolved = false) const;
-  bool hasAttributeDefinitions() const;
+  bool hasAttributeDefinitions() const; // constant ones included
   OdDbObjectId getLayoutId() const { return layout_; }
   void setLayoutId(OdDbObjectId layout);
   const std::string& previewIcon() const { return preview_; } // bitmap bytes

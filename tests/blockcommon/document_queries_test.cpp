@@ -166,6 +166,23 @@ TEST_F(DocumentQueries, LookThroughAttributeDefinitions) {
   EXPECT_THROW(isCanEditAttributeBlock(database_->getLayerZeroId()), OdError_NotThatKindOfClass);
 }
 
+TEST_F(DocumentQueries, FindWhatHasToBeAsked) {
+  const OdDbObjectId plain = addBlock(*database_, L"Plain"), preset = addBlock(*database_, L"Preset");
+  const OdDbObjectId constant = addDefinition(preset, false, true), presetTag = addDefinition(preset, false);
+  forWrite<OdDbAttributeDefinition>(presetTag)->setPreset(true);
+  const OdDbObjectId asking = addBlock(*database_, L"Asking"), tag = addDefinition(asking, true);
+  const OdDbObjectId reference = addReference(*database_, asking), erased = addDefinition(plain, false);
+  forWrite<OdDbEntity>(erased)->erase();
+  const std::pair<OdDbObjectIdArray, bool> rows[] = {
+      {{}, false},
+      {{plain, preset, constant, presetTag, reference, erased, OdDbObjectId(), database_->getLayerZeroId()}, false},
+      {{plain, tag}, true},
+      {{reference, asking}, true},
+  };
+  for (const auto& [ids, hasSome] : rows)
+    EXPECT_EQ(hasAttdef(ids), hasSome);
+}
+
 TEST_F(DocumentQueries, FollowTheLayerAndTheBlockEditorOfTheCurrentDocument) {
   const OdDbObjectId walls = addLayer(*database_, L"Walls");
   forWrite<OdDbLayerTableRecord>(walls)->setIsLocked(true);

@@ -397,4 +397,30 @@ TEST(MessageBox, ReturnsTheButtonOrNothingWhenItWasClosed) {
   EXPECT_EQ(mvsi::mvuiMessageBox(L"text", L"caption", 64), RTNORM);
 }
 
+TEST(MessageBox, InAScriptAWrongAnswerClosesItAndNothingIsAskedWhereNobodyAnswers) {
+  ScriptedHost host(std::vector<OdString>{});
+  host.host().input().pushSource(
+      std::make_shared<morvane::ListSource>(std::vector<OdString>{L"maybe", L"2", L"1"}, true));
+  morvane::MessageBoxes& boxes = host.host().messageBoxes();
+  std::vector<int> pressed;
+  boxes.setWatch([&](const morvane::MessageBox&, int button) { pressed.push_back(button); });
+  const morvane::MessageBox question{L"Caption", L"A\x1b[31m\nB", {L"是", L"否"}};
+  boxes.show(question);
+  boxes.show(question);
+  boxes.setAsks(false);
+  host.takeOutput();
+  boxes.show(question);
+  boxes.show({L"Notice", L"text", {L"关闭(&C)"}});
+  EXPECT_EQ(pressed, (std::vector<int>{-1, 1, -1, 0}));
+  EXPECT_EQ(host.takeOutput(), L"\n[Caption]\nA\\u001B[31m\nB\n  1. 是\n  2. 否\n\n[Notice]\ntext\n  1. 关闭(C)\n");
+  {
+    morvane::MessageBox seen;
+    const morvane::MessageBoxes::Reader reader(boxes, seen);
+    EXPECT_EQ(boxes.show(question), -1);
+    EXPECT_EQ(seen.body, question.body);
+  }
+  EXPECT_EQ(pressed.size(), 4U);
+  EXPECT_TRUE(host.takeOutput().isEmpty());
+}
+
 } // namespace

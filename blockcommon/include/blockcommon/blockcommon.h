@@ -1,6 +1,7 @@
 // Everything that the library exports.
 #pragma once
 
+#include "blockcommon/attributes.h"
 #include "blockcommon/block_lookup.h"
 #include "blockcommon/block_names.h"
 #include "blockcommon/creation.h"

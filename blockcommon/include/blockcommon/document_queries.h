@@ -45,6 +45,10 @@ BLOCKCOMMON_API bool isBlockVisable(const OdString& blockName);
 // Whether it has one that is not constant.
 BLOCKCOMMON_API bool isCanEditAttributeBlock(OdDbObjectId blockId);
 
+// Whether one of the objects is an attribute definition that is neither preset nor constant, or a block definition with
+// something to ask. What does not open and other kinds are passed over.
+BLOCKCOMMON_API bool hasAttdef(const OdDbObjectIdArray& ids);
+
 } // namespace commonFun
 
 namespace insertCommon {
