@@ -48,6 +48,10 @@ std::optional<OdString> askKeyword(Session& session, Text keywords, Text prompt,
 // In a script any other answer is a no: whatever comes next was not meant for this question.
 bool askYes(Session& session, Text prompt, const Arguments& arguments) {
   constexpr int kAnyText = 128;
+  if (!session.mayAsk()) {
+    session.refuseQuestion(render(prompt, arguments));
+    return false;
+  }
   morvane::InputEngine& input = session.host().input();
   for (;;) {
     input.initGet(kAnyText, render(Text::kKeywordsYesNo).str());

@@ -24,18 +24,6 @@ OdGeMatrix3d blockFrame(Session& session, const OdGePoint3d& basePointUcs) {
   return blockUtils::createEcsMatrixByMatrix(baseWcs, ucs);
 }
 
-// Clones of these objects must not lead back to the block that they become part of.
-void refuseSelfReference(const BlockRequest& request, OdDbObjectId block) {
-  for (const OdDbObjectId id : request.ids) {
-    const OdDbBlockReferencePtr reference = OdDbBlockReference::cast(id.safeOpenObject());
-    if (reference.isNull())
-      continue;
-    const OdDbBlockTableRecordPtr shown = reference->blockTableRecord().safeOpenObject();
-    if (!shown.isNull() && shown->leadsTo(block))
-      refuse(Text::kContainsItself, {request.name, OdString::fromUtf8(id.getHandle().ascii())});
-  }
-}
-
 std::map<std::string, std::size_t> missingByType(const OdDbObjectIdArray& all, const OdDbObjectIdArray& taken) {
   const std::set<OdDbObjectId> known(taken.begin(), taken.end());
   std::map<std::string, std::size_t> types;
@@ -119,24 +107,20 @@ BlockMade makeBlock(Session& session, const BlockRequest& request) {
   const OdDbObjectId before = definitionOf(session, request.name);
   if (!before.isNull() && !request.redefine)
     refuse(Text::kBlockExists, {request.name, count(referencesTo(before))});
-  if (!before.isNull())
-    refuseSelfReference(request, before);
 
   BlockMade made;
   made.redefined = !before.isNull();
-  OdDbObjectIdArray wanted = request.ids;
-  made.locked = leaveOutLocked(session, wanted);
   const OdGeMatrix3d frame = blockFrame(session, request.basePointUcs);
-  OdDbObjectIdArray taken = wanted;
+  OdDbObjectIdArray taken = request.ids;
   bool created = false;
   made.block = blockUtils::create(&database, request.name, taken, request.redefine, created, request.basePointUcs,
                                   request.description);
   if (!created || made.block.isNull())
     refuse(Text::kBlockFailed, {request.name});
-  if (taken.isEmpty())
+  if (taken.isEmpty() && !request.ids.isEmpty())
     refuse(Text::kAllDropped);
   made.objects = static_cast<std::size_t>(taken.length());
-  made.dropped = missingByType(wanted, taken);
+  made.dropped = missingByType(request.ids, taken);
   for (const auto& [type, number] : made.dropped)
     session.say(Text::kDropped, {count(number), OdString::fromUtf8(type)});
   clearOrigin(made.block);

@@ -15,7 +15,7 @@ namespace console {
 struct BlockRequest {
   OdString name;
   OdGePoint3d basePointUcs;
-  OdDbObjectIdArray ids; // of one space
+  OdDbObjectIdArray ids; // of one space, as objectsForBlock answers them; none for a block without contents
   OdDbObjectId space;    // where a reference is placed
   Afterwards afterwards = Afterwards::Convert;
   bool redefine = false;
@@ -32,11 +32,11 @@ struct BlockMade {
   OdDbObjectId reference; // null unless the objects were converted
   bool redefined = false;
   std::size_t objects = 0;
-  std::size_t locked = 0;                     // left out
   std::map<std::string, std::size_t> dropped; // by type: cannot be put into the block, stay where they are
 };
 
-// Throws Failure for a name that a block cannot have.
+[[noreturn]] void refuseEmptyName();
+// Throws Failure for a name that a block cannot have. Boxes of the block commands tell the rules that they know.
 void checkBlockName(Session& session, const OdString& name);
 // The definition of that name in the open drawing; null when there is none.
 OdDbObjectId definitionOf(Session& session, const OdString& name);

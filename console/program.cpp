@@ -23,11 +23,13 @@ struct Options {
   std::string script;
   std::string configFile;
   std::string maxMemory;
+  bool noPrompt = false;
   drawing::ReadOptions reading;
 };
 
 SessionOptions sessionOptions(const Surroundings& surroundings, const Options& given) {
-  SessionOptions options{surroundings.host, surroundings.talk, surroundings.results, false, given.reading};
+  SessionOptions options{surroundings.host, surroundings.talk, surroundings.results, false,
+                         given.noPrompt,    given.reading};
   if (!given.configFile.empty())
     options.host.configFile = given.configFile;
   return options;
@@ -106,6 +108,7 @@ void describeOptions(CLI::App& app, Options& options) {
   app.add_option("--max-memory", options.maxMemory, "Memory for reading a drawing, as 500M or 2G");
   app.add_option("--max-depth", options.reading.budget.depth, "Definitions within definitions that are read (1000)")
       ->check(CLI::Range(1U, UINT32_MAX));
+  app.add_flag("--no-prompt", options.noPrompt, "Questions are not asked but refused");
   app.set_version_flag("--version", kVersion);
   app.require_subcommand(0, 1);
 }
@@ -132,7 +135,7 @@ int runProgram(const std::vector<std::string>& arguments, const Surroundings& su
     verb->describe(app);
   for (CLI::App* verb : app.get_subcommands([](const CLI::App*) { return true; })) {
     verb->fallthrough();
-    verb->footer("Also, as in morvane --help: --encoding, --max-memory, --max-depth, --config");
+    verb->footer("Also, as in morvane --help: --encoding, --max-memory, --max-depth, --config, --no-prompt");
   }
   const auto tell = [&](const std::string& text) {
     surroundings.talk ? surroundings.talk(OdString::fromUtf8(text)) : void(std::fputs(text.c_str(), stderr));

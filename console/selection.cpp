@@ -1,5 +1,4 @@
 #include "console/selection.h"
-#include "console/ask.h"
 #include "console/numbers.h"
 
 #include "DbBlockTable.h"
@@ -11,8 +10,6 @@
 
 namespace console {
 namespace {
-
-using Picked = std::set<OdDbObjectId>;
 
 OdString typeOf(OdDbObjectId id) {
   const OdDbObjectPtr object = id.safeOpenObject();
@@ -34,112 +31,54 @@ std::vector<OdString> typeNames(const OdDbObjectIdArray& objects) {
   return {names.begin(), names.end()};
 }
 
-// Adds the objects that fit; answers how many did.
-std::size_t pickIf(const OdDbObjectIdArray& objects, Picked& picked, const std::function<bool(OdDbObjectId)>& fits) {
-  std::size_t hits = 0;
-  for (const OdDbObjectId id : objects) {
-    if (fits(id)) {
-      picked.insert(id);
-      ++hits;
-    }
-  }
-  return hits;
-}
-
-void pickLayer(OdDbDatabase& database, const OdDbObjectIdArray& objects, const OdString& name, Picked& picked) {
-  const OdDbObjectId layer = database.symbol(OdDb::kLayerTable, name);
-  if (layer.isNull())
-    refuse(Text::kNoSuchLayerAmong, {name, nameList(layerNames(database))});
-  pickIf(objects, picked, [&](OdDbObjectId id) { return LayerTools::getEntityLayerId(id) == layer; });
-}
-
-void pickType(const OdDbObjectIdArray& objects, const OdString& name, Picked& picked) {
-  if (pickIf(objects, picked, [&](OdDbObjectId id) { return typeOf(id).iCompare(name) == 0; }) == 0)
-    refuse(Text::kNoSuchTypeAmong, {name, nameList(typeNames(objects))});
-}
-
-void pickHandle(OdDbDatabase& database, const OdDbObjectIdArray& objects, const OdString& text, Picked& picked) {
-  const auto handle = parseHandle(text.toUtf8());
-  const OdDbObjectId wanted = handle ? database.getOdDbObjectId(*handle) : OdDbObjectId();
-  if (wanted.isNull() || pickIf(objects, picked, [&](OdDbObjectId id) { return id == wanted; }) == 0)
-    refuse(Text::kNoSuchHandle, {text});
-}
-
-void pick(OdDbDatabase& database, const OdDbObjectIdArray& objects, const Selector& selector, Picked& picked) {
-  switch (selector.kind) {
-  case Selector::Kind::All:
-    picked.insert(objects.begin(), objects.end());
-    return;
-  case Selector::Kind::Layer:
-    return pickLayer(database, objects, selector.value, picked);
-  case Selector::Kind::Type:
-    return pickType(objects, selector.value, picked);
-  case Selector::Kind::Handle:
-    return pickHandle(database, objects, selector.value, picked);
-  }
-}
-
-OdDbObjectIdArray inOrder(const OdDbObjectIdArray& objects, const Picked& picked) {
+OdDbObjectIdArray pickIf(const OdDbObjectIdArray& objects, const std::function<bool(OdDbObjectId)>& fits) {
   OdDbObjectIdArray ids;
   for (const OdDbObjectId id : objects) {
-    if (picked.count(id) != 0)
+    if (fits(id))
       ids.append(id);
   }
   return ids;
 }
 
-// One round of the selection prompt.
-class Round {
-public:
-  Round(Session& session, const OdDbObjectIdArray& objects, Picked& picked)
-      : session_(session), objects_(objects), picked_(picked) {}
+OdDbObjectIdArray onLayer(OdDbDatabase& database, const OdDbObjectIdArray& objects, const OdString& name) {
+  const OdDbObjectId layer = database.symbol(OdDb::kLayerTable, name);
+  if (layer.isNull())
+    refuse(Text::kNoSuchLayerAmong, {name, nameList(layerNames(database))});
+  return pickIf(objects, [&](OdDbObjectId id) { return LayerTools::getEntityLayerId(id) == layer; });
+}
 
-  void run(const OdString& keyword) {
-    if (keyword == L"Previous")
-      return pickPrevious();
-    if (keyword == L"Last")
-      return pickLast();
-    if (keyword == L"All")
-      return pickBy({Selector::Kind::All, {}});
-    if (keyword == L"Layer")
-      return pickNamed(Selector::Kind::Layer, Text::kPromptSelectLayer);
-    if (keyword == L"Type")
-      return pickNamed(Selector::Kind::Type, Text::kPromptSelectType);
-    pickNamed(Selector::Kind::Handle, Text::kPromptSelectHandle);
-  }
+OdDbObjectIdArray ofType(const OdDbObjectIdArray& objects, const OdString& name) {
+  OdDbObjectIdArray ids = pickIf(objects, [&](OdDbObjectId id) { return typeOf(id).iCompare(name) == 0; });
+  if (ids.isEmpty())
+    refuse(Text::kNoSuchTypeAmong, {name, nameList(typeNames(objects))});
+  return ids;
+}
 
-private:
-  void pickNamed(Selector::Kind kind, Text prompt) {
-    if (const auto value = askText(session_, prompt))
-      pickBy({kind, *value});
-  }
-  // A wrong name is told, and the prompt asks again.
-  void pickBy(const Selector& selector) {
-    try {
-      pick(session_.database(), objects_, selector, picked_);
-    } catch (const Failure& failure) {
-      session_.say(failure.message.text, failure.message.arguments);
-    }
-  }
-  void pickLast() {
-    if (objects_.isEmpty())
-      session_.say(Text::kSpaceEmpty);
-    else
-      picked_.insert(objects_.last());
-  }
-  void pickPrevious() {
-    const OdDbObjectIdArray& ids = session_.drawing().previous;
-    const Picked before(ids.begin(), ids.end());
-    if (pickIf(objects_, picked_, [&](OdDbObjectId id) { return before.count(id) != 0; }) == 0)
-      session_.say(Text::kNothingPrevious);
-  }
-
-  Session& session_;
-  const OdDbObjectIdArray& objects_;
-  Picked& picked_;
-};
+OdDbObjectIdArray ofHandle(OdDbDatabase& database, const OdDbObjectIdArray& objects, const OdString& text) {
+  const auto handle = parseHandle(text.toUtf8());
+  const OdDbObjectId wanted = handle ? database.getOdDbObjectId(*handle) : OdDbObjectId();
+  OdDbObjectIdArray ids = pickIf(objects, [&](OdDbObjectId id) { return !wanted.isNull() && id == wanted; });
+  if (ids.isEmpty())
+    refuse(Text::kNoSuchHandle, {text});
+  return ids;
+}
 
 } // namespace
+
+void Picks::add(OdDbObjectId id) {
+  if (places_.emplace(id, order_.size()).second)
+    order_.push_back(id);
+}
+
+OdDbObjectIdArray Picks::ids() const {
+  OdDbObjectIdArray ids;
+  for (std::size_t at = 0; at < order_.size(); ++at) {
+    const auto place = places_.find(order_[at]);
+    if (place != places_.end() && place->second == at)
+      ids.append(order_[at]);
+  }
+  return ids;
+}
 
 OdDbObjectIdArray objectsOf(OdDbObjectId space) {
   OdDbObjectIdArray ids;
@@ -151,25 +90,28 @@ OdDbObjectIdArray objectsOf(OdDbObjectId space) {
   return ids;
 }
 
-OdDbObjectIdArray selectObjects(OdDbDatabase& database, OdDbObjectId space, const std::vector<Selector>& selectors) {
-  const OdDbObjectIdArray objects = objectsOf(space);
-  Picked picked;
-  for (const Selector& selector : selectors)
-    pick(database, objects, selector, picked);
-  return inOrder(objects, picked);
+OdDbObjectIdArray pickedBy(OdDbDatabase& database, const OdDbObjectIdArray& objects, const Selector& selector) {
+  switch (selector.kind) {
+  case Selector::Kind::Layer:
+    return onLayer(database, objects, selector.value);
+  case Selector::Kind::Type:
+    return ofType(objects, selector.value);
+  case Selector::Kind::Handle:
+    return ofHandle(database, objects, selector.value);
+  case Selector::Kind::All:
+    break;
+  }
+  return objects;
 }
 
-OdDbObjectIdArray askSelection(Session& session) {
-  const OdDbObjectIdArray objects = objectsOf(qzutads::currentSpaceId());
-  Picked picked;
-  while (const auto keyword = askKeyword(session, Text::kKeywordsSelect, Text::kPromptSelect)) {
-    Round(session, objects, picked).run(*keyword);
-    session.say(Text::kSelected, {count(picked.size())});
+OdDbObjectIdArray selectObjects(OdDbDatabase& database, OdDbObjectId space, const std::vector<Selector>& selectors) {
+  const OdDbObjectIdArray objects = objectsOf(space);
+  Picks picks;
+  for (const Selector& selector : selectors) {
+    for (const OdDbObjectId id : pickedBy(database, objects, selector))
+      picks.add(id);
   }
-  if (picked.empty())
-    refuse(Text::kNothingSelected);
-  session.drawing().previous = inOrder(objects, picked);
-  return session.drawing().previous;
+  return picks.ids();
 }
 
 std::size_t leaveOutLocked(Session& session, OdDbObjectIdArray& ids) {

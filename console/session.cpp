@@ -57,17 +57,38 @@ morvane::HostOptions hostOptionsOf(const SessionOptions& options) {
 } // namespace
 
 Session::Session(SessionOptions options)
-    : host_(hostOptionsOf(options)), reading_(options.reading), quiet_(options.quiet) {
+    : host_(hostOptionsOf(options)), reading_(options.reading), quiet_(options.quiet), noPrompt_(options.noPrompt) {
   auto talk = options.talk ? options.talk : [](const OdString& text) { writeTo(stderr, text); };
   line_ = std::make_shared<LineSink>(std::move(talk));
   results_ = options.results ? options.results : [](const OdString& text) { writeTo(stdout, text); };
   host_.install();
   host_.output().setSink(line_);
+  watchBoxes();
   adopt(OdDbDatabase::create(), {}, false);
 }
 
 Session::~Session() {
   host_.documents().close(drawing_.document.get());
+}
+
+// Boxes are kept for machines, and a question that nobody may answer is a refusal.
+void Session::watchBoxes() {
+  morvane::MessageBoxes& boxes = host_.messageBoxes();
+  boxes.setAsks(mayAsk());
+  boxes.setWatch([this, &boxes](const morvane::MessageBox& box, int pressed) {
+    if (!catalogue_)
+      catalogue_.emplace(boxes);
+    BoxName name = catalogue_->nameOf(box);
+    said_.push_back(
+        {std::move(name.id), box.body, std::move(name.parameters), Said::Box{box.caption, box.buttons, pressed}});
+    if (morvane::MessageBoxes::isQuestion(box) && !mayAsk())
+      refuseQuestion(box.caption);
+  });
+}
+
+void Session::refuseQuestion(const OdString& question) {
+  say(Text::kQuestionRefused, {question});
+  note(Status::Refused);
 }
 
 void Session::answerFrom(std::shared_ptr<morvane::InputSource> source) {
@@ -85,15 +106,19 @@ OdString Session::takeRestOfLine() {
   return rest.trimLeft().trimRight();
 }
 
+void Session::keep(Text text, const std::vector<OdString>& arguments) {
+  said_.push_back({idOf(text), render(text, arguments), arguments, std::nullopt});
+}
+
 void Session::say(Text text, std::vector<OdString> arguments) {
-  said_.push_back({text, std::move(arguments)});
-  host_.output().print(L"\n" + said_.back().shown() + L"\n");
+  keep(text, arguments);
+  host_.output().print(L"\n" + said_.back().text + L"\n");
 }
 
 void Session::result(Text text, std::vector<OdString> arguments) {
-  said_.push_back({text, std::move(arguments)});
+  keep(text, arguments);
   if (!quiet_)
-    printReport(said_.back().shown() + L"\n");
+    printReport(said_.back().text + L"\n");
 }
 
 void Session::printReport(const OdString& text) {

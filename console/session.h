@@ -1,6 +1,7 @@
 // One run of the program: the host, the open drawing, what is said, and how it will end.
 #pragma once
 
+#include "console/boxes.h"
 #include "console/command.h"
 #include "console/failure.h"
 #include "console/gated_source.h"
@@ -14,6 +15,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,6 +32,19 @@ struct OpenDrawing {
   OdDbObjectIdArray previous; // the latest selection
 };
 
+// Something that was said, for machines.
+struct Said {
+  struct Box {
+    OdString caption;
+    std::vector<OdString> buttons;
+    int pressed = morvane::MessageBoxes::kClosed;
+  };
+  std::string id;
+  OdString text;
+  std::vector<OdString> parameters;
+  std::optional<Box> box; // when it was a message box
+};
+
 enum class Afterwards { Keep, Convert, Delete };
 
 struct SessionOptions {
@@ -37,6 +52,7 @@ struct SessionOptions {
   std::function<void(const OdString&)> talk;    // what the command line shows; empty: standard error
   std::function<void(const OdString&)> results; // empty: standard output
   bool quiet = false;                           // results are kept for a machine-readable report, not written
+  bool noPrompt = false;                        // questions are not asked but refused
   drawing::ReadOptions reading = {};            // for every drawing that is opened
 };
 
@@ -57,8 +73,11 @@ public:
   // A line on the command line, and a line of results.
   void say(Text text, std::vector<OdString> arguments = {});
   void result(Text text, std::vector<OdString> arguments = {});
-  void printReport(const OdString& text);                    // to where results go, also when they are kept
-  const std::vector<Message>& said() const { return said_; } // everything, results included
+  void printReport(const OdString& text);                 // to where results go, also when they are kept
+  const std::vector<Said>& said() const { return said_; } // everything, results included
+  // Whether questions may be asked. Where not, whoever would ask shows the question and refuses.
+  bool mayAsk() const { return !noPrompt_; }
+  void refuseQuestion(const OdString& question);
   void addIssues(const drawing::Report& report);
   const std::vector<drawing::Issue>& issues() const { return issues_; }
 
@@ -85,16 +104,20 @@ public:
 private:
   class Step;
   void fail(const Failure& failure);
+  void keep(Text text, const std::vector<OdString>& arguments);
+  void watchBoxes();
   morvane::Host host_;
   std::shared_ptr<LineSink> line_;
   std::shared_ptr<GatedSource> source_; // null until there is one
   std::function<void(const OdString&)> results_;
   drawing::ReadOptions reading_;
   OpenDrawing drawing_;
-  std::vector<Message> said_;
+  std::vector<Said> said_;
+  std::optional<BoxCatalogue> catalogue_; // made with the first box
   std::vector<drawing::Issue> issues_;
   Status status_ = Status::Done;
   bool quiet_ = false;
+  bool noPrompt_ = false;
   bool wantsQuit_ = false;
 };
 

@@ -1,10 +1,13 @@
 #include "console/ask.h"
 #include "console/block_maker.h"
+#include "console/block_objects.h"
 #include "console/commands/block_list.h"
 #include "console/commands/commands.h"
 #include "console/selection.h"
 
 #include "blockcommon/block_names.h"
+#include "blockcommon/messages.h"
+#include "blockcommon/selections.h"
 #include "morvane/drawing_tools.h"
 
 #include <array>
@@ -21,7 +24,7 @@ OdString askBlockName(Session& session) {
   for (;;) {
     const OdString typed = askText(session, Text::kPromptBlockName).value_or(OdString());
     if (typed.isEmpty())
-      refuse(Text::kNameEmpty);
+      refuseEmptyName();
     const int kind = commonFun::GetInputType(typed);
     if (kind == kName)
       return typed;
@@ -34,12 +37,38 @@ OdString askBlockName(Session& session) {
 
 // Whether there is a definition and the user wants it replaced.
 bool askRedefine(Session& session, const OdString& name) {
+  constexpr int kReplace = 0;
   const OdDbObjectId block = definitionOf(session, name);
   if (block.isNull())
     return false;
-  if (!askYes(session, Text::kRedefineQuestion, {name, count(referencesTo(block))}))
+  if (dlgTips::showBlockRedefineTips(name, static_cast<int>(referencesTo(block))) != kReplace)
     cancel();
   return true;
+}
+
+// What was selected before the command, less what lies on locked layers.
+OdDbObjectIdArray takeSelectedBefore(Session& session) {
+  OdDbObjectIdArray ids;
+  commonFun::curSelectEntity(ids);
+  if (!ids.isEmpty())
+    tellSelectedBefore(session, ids);
+  return ids;
+}
+
+// Nothing for a block without contents, which the user has to want.
+OdDbObjectIdArray askObjects(Session& session) {
+  constexpr int kSelect = 0;
+  constexpr int kGoOn = 1;
+  OdDbObjectIdArray ids = takeSelectedBefore(session);
+  while (ids.isEmpty()) {
+    ids = askSelectionAnew(session);
+    const int choice = ids.isEmpty() ? dlgTips::showSelectEntityTips() : kGoOn;
+    if (choice == kGoOn)
+      break;
+    if (choice != kSelect)
+      cancel();
+  }
+  return ids;
 }
 
 Afterwards askAfterwards(Session& session) {
@@ -62,7 +91,7 @@ void block(CommandContext& context) {
   checkBlockName(session, request.name);
   request.redefine = askRedefine(session, request.name);
   request.basePointUcs = askPoint(session, Text::kPromptBasePoint).value_or(OdGePoint3d());
-  request.ids = askSelection(session);
+  request.ids = objectsForBlock(session, request.name, askObjects(session)).ids;
   request.space = qzutads::currentSpaceId();
   request.afterwards = askAfterwards(session);
   tellBlockMade(session, request, makeBlock(session, request));

@@ -4,8 +4,9 @@
 namespace console::commands {
 namespace {
 
-// The host's own set of what is selected before a command.
-void makePickFirst(morvane::SelectionSets& sets, const OdDbObjectIdArray& ids) {
+// The host's own set of what is selected before a command. Its views show it.
+void makePickFirst(Session& session, const OdDbObjectIdArray& ids) {
+  morvane::SelectionSets& sets = session.host().selections();
   long set[2] = {0, 0};
   for (const OdDbObjectId id : ids) {
     long member[2] = {0, 0};
@@ -14,12 +15,16 @@ void makePickFirst(morvane::SelectionSets& sets, const OdDbObjectIdArray& ids) {
   }
   sets.setFirst(set, nullptr);
   sets.free(set);
+  session.host().documents().refresh(session.drawing().document.get());
 }
 
 } // namespace
 
 void select(CommandContext& context) {
-  makePickFirst(context.session.host().selections(), askSelection(context.session));
+  const OdDbObjectIdArray ids = askSelectionAnew(context.session);
+  if (ids.isEmpty())
+    refuse(Text::kNothingSelected);
+  makePickFirst(context.session, ids);
 }
 
 } // namespace console::commands

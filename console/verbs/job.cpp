@@ -15,10 +15,24 @@ std::string utf8(const OdString& text) {
   return text.toUtf8Lossless();
 }
 
+Json texts(const std::vector<OdString>& values) {
+  Json list = Json::array();
+  for (const OdString& value : values)
+    list.push_back(utf8(value));
+  return list;
+}
+
 Json messagesOf(const Session& session) {
   Json messages = Json::array();
-  for (const Message& message : session.said())
-    messages.push_back({{"id", idOf(message.text)}, {"text", utf8(message.shown())}});
+  for (const Said& said : session.said()) {
+    messages.push_back({{"id", said.id}, {"text", utf8(said.text)}, {"parameters", texts(said.parameters)}});
+    if (said.box) {
+      const bool closed = said.box->pressed == morvane::MessageBoxes::kClosed;
+      messages.back()["caption"] = utf8(said.box->caption);
+      messages.back()["buttons"] = texts(said.box->buttons);
+      messages.back()["pressed"] = closed ? Json() : Json(said.box->pressed + 1);
+    }
+  }
   return messages;
 }
 

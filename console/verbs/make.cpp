@@ -1,4 +1,5 @@
 #include "console/block_maker.h"
+#include "console/block_objects.h"
 #include "console/numbers.h"
 #include "console/selection.h"
 #include "console/verbs/job.h"
@@ -135,16 +136,19 @@ void Make::check() {
 void Make::make(Session& session, Json& results) {
   OdDbDatabase& database = session.database();
   request_.space = database.getModelSpaceId();
-  request_.ids = selectObjects(database, request_.space, selectors_);
-  if (request_.ids.isEmpty())
+  const OdDbObjectIdArray picked = selectObjects(database, request_.space, selectors_);
+  if (picked.isEmpty())
     refuse(Text::kNothingSelected);
+  const BlockObjects objects = objectsForBlock(session, request_.name, picked);
+  request_.ids = objects.ids;
   const BorrowedUcs ucs(database, ucs_.value_or(OdGeMatrix3d::kIdentity));
   made_ = makeBlock(session, request_);
   results["block"] = request_.name.toUtf8Lossless();
   results["handle"] = handleOf(made_.block);
   results["reference"] = handleOf(made_.reference);
   results["objects"] = made_.objects;
-  results["locked"] = made_.locked;
+  results["locked"] = objects.locked;
+  results["cameras"] = objects.cameras;
   results["dropped"] = made_.dropped;
 }
 

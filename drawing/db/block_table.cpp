@@ -12,6 +12,8 @@
 #include "db/store.h"
 #include "db/undo.h"
 
+#include <algorithm>
+
 using drawing::db::peekAs;
 
 ODDB_DEFINE_MEMBERS(OdDbBlockTable, OdDbSymbolTable, "");
@@ -108,13 +110,20 @@ bool OdDbBlockTableRecord::isAnonymous() const {
          name_.left(paperSpaceStr.getLength()).iCompare(paperSpaceStr) != 0;
 }
 
-bool OdDbBlockTableRecord::hasAttributeDefinitions() const {
-  for (OdDbObjectId id : members_.ids()) {
+namespace {
+
+template <class Accept>
+bool anyDefinition(const std::vector<OdDbObjectId>& members, Accept accept) {
+  return std::any_of(members.begin(), members.end(), [&](OdDbObjectId id) {
     const auto* definition = peekAs<OdDbAttributeDefinition>(id);
-    if (definition != nullptr && !definition->isErased() && !definition->isConstant())
-      return true;
-  }
-  return false;
+    return definition != nullptr && !definition->isErased() && accept(*definition);
+  });
+}
+
+} // namespace
+
+bool OdDbBlockTableRecord::hasAttributeDefinitions() const {
+  return anyDefinition(members_.ids(), [](const OdDbAttributeDefinition&) { return true; });
 }
 
 std::int16_t OdDbBlockTableRecord::derivedFlags() const {
@@ -122,7 +131,7 @@ std::int16_t OdDbBlockTableRecord::derivedFlags() const {
       static_cast<std::int16_t>(flags_ & (kExternalReference | kOverlay | kDependent | kResolved | kReferenced));
   if (isAnonymous())
     flags |= kAnonymousBit;
-  if (hasAttributeDefinitions())
+  if (anyDefinition(members_.ids(), [](const OdDbAttributeDefinition& one) { return !one.isConstant(); }))
     flags |= kHasAttributes;
   return flags;
 }
@@ -165,9 +174,10 @@ OdDbObjectId OdDbBlockTableRecord::appendOdDbEntity(OdDbEntity* entity) {
     const OdDbObjectId shown = reference->blockTableRecord();
     if (shown == objectId() || (wasReferenced() && drawing::db::leadsTo(shown, objectId())))
       throw OdError(eSelfReference);
-    reference->noteShown();
   }
   const OdDbObjectId id = entity->isDBRO() ? entity->objectId() : database()->addOdDbObject(entity, objectId());
+  if (const auto* reference = dynamic_cast<const OdDbBlockReference*>(entity))
+    reference->noteShown();
   database()->undoLog().listGrows(*this, members_.size());
   members_.push(id);
   return id;
@@ -195,6 +205,25 @@ std::vector<OdDbObjectId> OdDbBlockTableRecord::drawOrder() const {
 
 OdDbObjectIdArray OdDbBlockTableRecord::getBlockReferenceIds(bool directOnly) const {
   return drawing::db::referencesTo(*this, directOnly);
+}
+
+OdResult OdDbBlockTableRecord::getBlockReferenceIds(OdDbObjectIdArray& ids, bool directOnly, bool) const {
+  ids.append(drawing::db::referencesTo(*this, directOnly));
+  return eOk;
+}
+
+// One reference may go to and fro between blocks; its notes take no more room than all references do.
+void OdDbBlockTableRecord::noteShownBy(OdDbObjectId reference) {
+  constexpr std::size_t kFew = 64;
+  auto& [ids, distinct] = everShownBy_;
+  if (!ids.empty() && ids.back() == reference)
+    return;
+  ids.push_back(reference);
+  if (ids.size() < std::max(kFew, 2 * distinct))
+    return;
+  std::sort(ids.begin(), ids.end());
+  ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
+  distinct = ids.size();
 }
 
 bool OdDbBlockTableRecord::leadsTo(OdDbObjectId target) const {

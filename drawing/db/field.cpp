@@ -138,11 +138,23 @@ void OdDbField::addObjectId(OdDbObjectId id) {
     objects_.push_back(id);
 }
 
-OdDbObjectId OdDbField::getField(const OdDbObject& object, const OdString& property) {
+namespace {
+
+const OdDbDictionary* fieldsOf(const OdDbObject& object) {
   const auto* extension = peekAs<OdDbDictionary>(object.extensionDictionary());
-  const auto* fields = extension == nullptr ? nullptr : peekAs<OdDbDictionary>(extension->getAt(kFields));
-  const OdDbObjectId id = fields == nullptr ? OdDbObjectId() : fields->getAt(property);
-  return peekAs<OdDbField>(id) == nullptr ? OdDbObjectId() : id;
+  return extension == nullptr ? nullptr : peekAs<OdDbDictionary>(extension->getAt(kFields));
+}
+
+} // namespace
+
+bool OdDbField::hasFields(const OdDbObject& object) {
+  const OdDbDictionary* fields = fieldsOf(object);
+  return fields != nullptr && fields->numEntries() > 0;
+}
+
+OdDbObjectId OdDbField::getField(const OdDbObject& object, const OdString& property) {
+  const OdDbDictionary* fields = fieldsOf(object);
+  return fields == nullptr ? OdDbObjectId() : fields->getAt(property);
 }
 
 OdDbObjectId OdDbField::setField(OdDbObject& object, OdDbField* field, const OdString& property) {

@@ -65,6 +65,5 @@ void OdDbAttribute::setAttributeFromBlock(const OdDbAttributeDefinition* definit
   const OdDbMTextPtr text = definition->getMTextAttribute();
   if (!text.isNull() || isMTextAttribute())
     setMTextAttribute(text.get());
-  text_ = definition->textString();
   transformAll(blockTransform, true);
 }

@@ -67,23 +67,48 @@ const drawing::Field* fieldOf(const drawing::Section& section, int code) {
   return nullptr;
 }
 
+bool isContents(const drawing::Group& group) {
+  return group.code == 1 || group.code == 3;
+}
+
+OdString contentsOf(const GroupList& groups, std::size_t first) {
+  OdString contents;
+  for (std::size_t i = first; i < groups.size(); ++i) {
+    if (isContents(groups[i]))
+      contents += groups.stringOf(groups[i]);
+  }
+  return contents;
+}
+
+// The same groups with other contents, which stand where the old ones did.
+GroupList withContents(const GroupList& groups, std::size_t first, const OdString& contents) {
+  std::size_t place = first;
+  while (place < groups.size() && !isContents(groups[place]))
+    ++place;
+  GroupList changed;
+  changed.append(groups, 0, place);
+  OdDbMText::writeContents(contents, changed);
+  for (std::size_t i = place; i < groups.size(); ++i) {
+    if (!isContents(groups[i]))
+      changed.append(groups, i, 1);
+  }
+  return changed;
+}
+
 OdDbMTextPtr textOf(const GroupList& groups, std::size_t first, const OdDbObject& owner) {
   OdDbMTextPtr text = OdDbMText::createObject();
   text->setOwnerId(owner.objectId()); // names of styles are those of the owner's drawing
-  OdString contents;
   double rotation = 0;
   for (std::size_t i = first; i < groups.size(); ++i) {
     const drawing::Group& group = groups[i];
-    if (group.code == 1 || group.code == 3)
-      contents += groups.stringOf(group);
-    else if (group.code == 50 && group.kind == drawing::GroupKind::Real)
+    if (group.code == 50 && group.kind == drawing::GroupKind::Real)
       rotation = OdaToRadian(group.real);
     else if (const drawing::Field* field = fieldOf(OdDbMText::textSection(), group.code))
       storeField(*text, *field, groups, group);
   }
   if (rotation != 0 && groups.find(11, first) >= groups.size())
     text->setRotation(rotation);
-  text->setContents(contents);
+  text->setContents(contentsOf(groups, first));
   text->setOwnerId(OdDbObjectId());
   return text;
 }
@@ -145,6 +170,27 @@ OdDbMTextPtr OdDbAttributeBase::getMTextAttribute() const {
       text->setTextStyle(textStyle());
   }
   return text;
+}
+
+OdString OdDbAttributeBase::textString() const {
+  if (const std::size_t embedded = rest_.find(kEmbedded); embedded < rest_.size())
+    return contentsOf(rest_, embedded + 1);
+  const OdDbXrecord* record = mtextRecord();
+  const std::size_t first = record == nullptr ? 0 : textStart(record->groups());
+  return record == nullptr || first >= record->groups().size() ? text_ : contentsOf(record->groups(), first);
+}
+
+void OdDbAttributeBase::setTextString(const OdString& text) {
+  OdDbText::setTextString(text);
+  if (const std::size_t embedded = rest_.find(kEmbedded); embedded < rest_.size()) {
+    rest_ = withContents(rest_, embedded + 1, text);
+  } else if (OdDbXrecord* record = mtextRecord(); record != nullptr) {
+    const std::size_t first = textStart(record->groups());
+    if (first >= record->groups().size())
+      return;
+    const drawing::db::WriteScope scope(*record);
+    record->groupsForWrite() = withContents(record->groups(), first, text);
+  }
 }
 
 void OdDbAttributeBase::setMTextAttribute(const OdDbMText* text) {

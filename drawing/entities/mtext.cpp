@@ -70,13 +70,17 @@ bool OdDbMText::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing
   return true;
 }
 
-void OdDbMText::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) {
-  const auto& text = static_cast<const OdDbMText&>(object);
+void OdDbMText::writeContents(const OdString& contents, drawing::GroupSink& sink) {
   constexpr int kChunk = 250; // characters that fit in one group
   int at = 0;
-  for (; text.contents_.getLength() - at > kChunk; at += kChunk)
-    sink.text(3, text.contents_.mid(at, kChunk));
-  sink.text(1, text.contents_.mid(at));
+  for (; contents.getLength() - at > kChunk; at += kChunk)
+    sink.text(3, contents.mid(at, kChunk));
+  sink.text(1, contents.mid(at));
+}
+
+void OdDbMText::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) {
+  const auto& text = static_cast<const OdDbMText&>(object);
+  writeContents(text.contents_, sink);
   text.rest_.writeTo(sink);
 }
 

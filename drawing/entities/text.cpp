@@ -59,6 +59,7 @@ MVDB_SETTER(OdDbText, setHeight, double, height_)
 MVDB_SETTER(OdDbText, setRotation, double, rotation_)
 MVDB_SETTER(OdDbText, setWidthFactor, double, widthFactor_)
 MVDB_SETTER(OdDbText, setOblique, double, oblique_)
+MVDB_SETTER(OdDbText, setThickness, double, thickness_)
 MVDB_SETTER(OdDbText, setTextStyle, OdDbObjectId, style_)
 MVDB_SETTER(OdDbText, setHorizontalMode, HorizontalMode, horizontal_)
 MVDB_SETTER(OdDbText, setVerticalMode, VerticalMode, vertical_)
@@ -86,6 +87,8 @@ OdResult OdDbText::subTransformBy(const OdGeMatrix3d& matrix) {
     return eCannotTransform;
   const OdGePoint3d position = matrix * this->position();
   const OdGePoint3d alignment = matrix * alignmentPoint();
+  if (const double along = (matrix * normal_).dotProduct(frame.normal); std::fabs(along - 1) > 1e-14)
+    thickness_ *= along;
   rotation_ = frame.rotation;
   height_ = frame.height;
   widthFactor_ = frame.widthFactor;
@@ -96,7 +99,6 @@ OdResult OdDbText::subTransformBy(const OdGeMatrix3d& matrix) {
   const bool unused = horizontal_ == kLeft && vertical_ == kBase && alignment_ == OdGePoint3d();
   if (!unused)
     alignment_ = odgeWcsToOcs(alignment, normal_);
-  thickness_ *= matrix.scale();
   return eOk;
 }
 

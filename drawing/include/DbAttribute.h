@@ -27,6 +27,10 @@ public:
   bool lockPositionInBlock() const { return lockPosition_; }
   void setLockPositionInBlock(bool on);
 
+  // Of a multi-line attribute, the contents of its text, formatting codes included.
+  OdString textString() const override;
+  void setTextString(const OdString& text) override;
+
   // Multi-line text of the attribute. Single-line attributes have none.
   bool isMTextAttribute() const;
   OdDbMTextPtr getMTextAttribute() const; // a free copy; null when there is none

@@ -62,6 +62,7 @@ public:
   // -- For the SDK's own machinery. --
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
   static const drawing::Section& textSection();
+  static void writeContents(const OdString& contents, drawing::GroupSink& sink);
 
 protected:
   // Takes matrices that keep shapes in the text's plane; mirrors turn the plane over.

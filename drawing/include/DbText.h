@@ -20,8 +20,8 @@ public:
   void setAlignmentPoint(const OdGePoint3d& point);
   OdGeVector3d normal() const { return normal_; }
   void setNormal(const OdGeVector3d& normal); // the points keep their numbers in the plane's own frame
-  const OdString& textString() const { return text_; }
-  void setTextString(const OdString& text);
+  virtual OdString textString() const { return text_; }
+  virtual void setTextString(const OdString& text);
   double height() const { return height_; }
   void setHeight(double height);
   double rotation() const { return rotation_; } // radians, in the text's plane
@@ -30,7 +30,8 @@ public:
   void setWidthFactor(double factor);
   double oblique() const { return oblique_; } // radians
   void setOblique(double angleRad);
-  double thickness() const { return thickness_; }
+  double thickness() const { return thickness_; } // along the normal
+  void setThickness(double thickness);
   OdDbObjectId textStyle() const { return style_; }
   void setTextStyle(OdDbObjectId style);
   HorizontalMode horizontalMode() const { return static_cast<HorizontalMode>(horizontal_); }

@@ -3,6 +3,7 @@
 #include "morvane/messages/texts.h"
 
 #include <string>
+#include <utility>
 
 namespace morvane {
 namespace {
@@ -28,6 +29,19 @@ OdString shown(const Label& label) {
   return label.letter.isEmpty() ? label.text : label.text + L"(" + label.letter + L")";
 }
 
+// Line breaks belong to a body; what else is no character to be shown is shown as \u001B.
+OdString printable(const OdString& text) {
+  OdString shown;
+  for (const wchar_t ch : text.str()) {
+    OdString code;
+    if ((ch < 0x20 && ch != L'\n' && ch != L'\r') || (ch >= 0x7F && ch < 0xA0))
+      shown += code.format(L"\\u%04X", static_cast<unsigned>(ch));
+    else
+      shown += ch;
+  }
+  return shown;
+}
+
 } // namespace
 
 int buttonOf(const std::vector<OdString>& labels, const OdString& answer) {
@@ -41,31 +55,45 @@ int buttonOf(const std::vector<OdString>& labels, const OdString& answer) {
   return MessageBoxes::kClosed;
 }
 
+MessageBoxes::Reader::Reader(MessageBoxes& boxes, MessageBox& seen)
+    : boxes_(boxes), show_(std::exchange(boxes.show_,
+                                         [&seen](const MessageBox& box) {
+                                           seen = box;
+                                           return kClosed;
+                                         })),
+      watch_(std::exchange(boxes.watch_, nullptr)) {}
+
+MessageBoxes::Reader::~Reader() {
+  boxes_.show_ = std::move(show_);
+  boxes_.watch_ = std::move(watch_);
+}
+
 int MessageBoxes::show(const MessageBox& box) {
-  return show_ ? show_(box) : showOnCommandLine(box);
+  const int pressed = show_ ? show_(box) : showOnCommandLine(box);
+  if (const Watch watch = watch_) // a copy: it may look at boxes itself
+    watch(box, pressed);
+  return pressed;
 }
 
 // Bodies hold names from drawings, so nothing of a box is used as a format.
 int MessageBoxes::showOnCommandLine(const MessageBox& box) {
   Output& output = host_.output();
-  output.print(L"\n[" + box.caption + L"]\n" + box.body);
-  if (box.buttons.empty()) {
-    output.print(L"\n");
-    return kClosed;
-  }
+  output.print(L"\n[" + printable(box.caption) + L"]\n" + printable(box.body));
   for (std::size_t at = 0; at < box.buttons.size(); ++at)
     output.print(OdString(L"\n  " + std::to_wstring(at + 1) + L". ") + shown(readLabel(box.buttons[at])));
-  // One button asks nothing: the box is a notice.
-  if (box.buttons.size() == 1) {
-    output.print(L"\n");
-    return 0;
-  }
+  if (isQuestion(box) && asks_)
+    return askOnCommandLine(box);
+  output.print(L"\n");
+  return box.buttons.size() == 1 ? 0 : kClosed; // a box with one button is a notice
+}
+
+int MessageBoxes::askOnCommandLine(const MessageBox& box) {
   OdString answer;
   while (host_.input().getString(false, texts::kChooseButton, answer) == RTNORM) {
     const int button = buttonOf(box.buttons, answer);
-    if (button != kClosed)
+    if (button != kClosed || host_.input().isScript())
       return button;
-    output.print(texts::kNoSuchButton);
+    host_.output().print(texts::kNoSuchButton);
   }
   return kClosed;
 }

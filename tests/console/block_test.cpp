@@ -2,6 +2,7 @@
 #include "tests/console/console_run.h"
 
 #include "console/block_maker.h"
+#include "console/block_objects.h"
 
 #include "DbAnnotationScale.h"
 #include "DbAttribute.h"
@@ -10,6 +11,8 @@
 #include "DbCurves.h"
 #include "DbDictionary.h"
 #include "DbSymbolRecords.h"
+#include "DbViewport.h"
+#include "tests/support/drawings.h"
 
 #include <gtest/gtest.h>
 
@@ -88,7 +91,7 @@ TEST(BlockObjects, RedefinedBlockHasItsOriginAtTheBasePoint) {
     const OdDbBlockTableRecordPtr block = id.safeOpenObject(OdDb::kForWrite);
     block->setOrigin(OdGePoint3d(3, 3, 3));
   }
-  ASSERT_EQ(console.run("BLOCK part Yes 7,7 All\n\nConvert\n"), Status::Done) << console.takeShown();
+  ASSERT_EQ(console.run("BLOCK part 1 7,7 All\n\nConvert\n"), Status::Done) << console.takeShown();
   const OdDbBlockTableRecordPtr block = id.safeOpenObject();
   EXPECT_TRUE(bitEqual(block->origin(), OdGePoint3d(0, 0, 0)));
   EXPECT_TRUE(endsOf(block->newIterator()->objectId()).start.isEqualTo(OdGePoint3d(0, 0, 0)));
@@ -122,6 +125,47 @@ TEST(BlockObjects, AnnotativeReferenceShowsThemInTheirSize) {
   EXPECT_TRUE((reference->blockTransform() * stored.end).isEqualTo(OdGePoint3d(3, 1, 0)));
 }
 
+// Attribute definitions come last, in the order in which they were picked; cameras and locked objects stay out.
+TEST(BlockObjects, AreFilteredAndOrdered) {
+  TestSession console;
+  console.run("LAYER Make grid\nSet 0\nLock grid\n\nATTDEF A A\na\n0,0 1\nLINE 0,0 1,0\n\nATTDEF B B\nb\n0,1 1\n"
+              "CIRCLE 0,0 1\n");
+  const OdDbBlockTableRecordPtr space = console.database().getModelSpaceId().safeOpenObject(OdDb::kForWrite);
+  const OdSmartPtr<OdDbCamera> camera = OdDbCamera::createObject();
+  space->appendOdDbEntity(camera.get());
+  const OdDbObjectIdArray all = console.objects();
+  OdDbObjectIdArray picked;
+  for (const int at : {2, 4, 1, 0, 3})
+    picked.append(all[at]);
+  const console::BlockObjects objects = console::objectsForBlock(console.session(), L"b", picked);
+  EXPECT_EQ(objects.ids, (OdDbObjectIdArray{all[1], all[3], all[2], all[0]}));
+  EXPECT_EQ(objects.cameras, 1U);
+  EXPECT_NE(console.takeShown().find("1 camera is left out."), std::string::npos);
+  EXPECT_THROW(console::objectsForBlock(console.session(), L"b", OdDbObjectIdArray{all[4]}), console::Failure);
+}
+
+// Two references to the next definition in each of many: the way back is found without walking all ways.
+TEST(BlockChain, OfSharedDefinitionsIsFoundInOneWalk) {
+  TestSession console;
+  OdDbDatabase& database = console.database();
+  const OdDbObjectId wanted = tests::addBlock(database, L"door");
+  OdDbObjectId below = wanted;
+  for (int level = 0; level < 60; ++level) {
+    const OdDbObjectId block = tests::addBlock(database, (L"b" + std::to_wstring(level)).c_str());
+    tests::addReference(database, tests::addBlock(database, (L"leaf" + std::to_wstring(level)).c_str()), block);
+    tests::addReference(database, below, block);
+    tests::addReference(database, below, block);
+    below = block;
+  }
+  const OdDbObjectIdArray top{tests::addReference(database, below)};
+  const std::string chain = console::chainBackTo(wanted, top).toUtf8();
+  EXPECT_EQ(chain.find("\"door\" contains \"b59\" (reference "), 0U) << chain;
+  EXPECT_NE(chain.find(" contains \"b0\" (reference "), std::string::npos);
+  EXPECT_EQ(chain.find("leaf"), std::string::npos);
+  const OdDbObjectId other = tests::addBlock(database, L"window");
+  EXPECT_TRUE(console::chainBackTo(other, top).isEmpty());
+}
+
 TEST(BlockNames, AreRefusedWithTheReason) {
   TestSession console;
   console.run("CIRCLE 0,0 1\n");
@@ -136,7 +180,7 @@ TEST(BlockNames, AreRefusedWithTheReason) {
                 {"*MODEL_SPACE", "is the name of a space"},
                 {"EDITED", "is open in the block editor"},
                 {"a\xFF", "no file can hold"},
-                {std::string(1024, 'n'), "too long"}};
+                {std::string(1024, 'n'), "不能长于 255 个字符"}};
   const std::string before = console.dump();
   for (const auto& row : kCases) {
     console.takeShown();
@@ -161,7 +205,7 @@ TEST(BlockNames, OfExternalReferencesAreRefused) {
   const std::string before = console.dump();
   for (const char* name : {"SITE", "site|tree"}) {
     console.takeShown();
-    EXPECT_EQ(console.run(std::string("BLOCK ") + name + " Yes 0,0 All\n\nKeep\n"), Status::Refused) << name;
+    EXPECT_EQ(console.run(std::string("BLOCK ") + name + " 1 0,0 All\n\nKeep\n"), Status::Refused) << name;
     EXPECT_NE(console.takeShown().find("is an external reference or belongs to one"), std::string::npos) << name;
     EXPECT_EQ(console.dump(), before) << name;
   }
@@ -172,14 +216,14 @@ TEST(BlockCommand, InputThatEndsInAPromptChangesNothing) {
   TestSession console;
   console.run("LINE 0,0 1,0\n\nBLOCK part 0,0 All\n\nConvert\nLINE 3,3 4,4\n\n");
   const std::string before = console.dump();
-  const std::vector<std::string> answers = {"BLOCK\n", "part\n", "Yes\n", "0,0\n", "Last\n", "Layer\n0\n", "\n"};
+  const std::vector<std::string> answers = {"BLOCK\n", "part\n", "是\n", "0,0\n", "Last\n", "Layer\n0\n"};
   std::string script;
   for (const std::string& answer : answers) {
     script += answer;
     EXPECT_EQ(console.run(script), Status::Cancelled) << script;
     EXPECT_EQ(console.dump(), before) << script;
   }
-  EXPECT_EQ(console.run(script + "Keep\n"), Status::Refused); // all holds a reference to the block itself
+  EXPECT_EQ(console.run(script + "\n"), Status::Refused); // all holds a reference to the block itself
   EXPECT_EQ(console.dump(), before);
 }
 
@@ -217,7 +261,7 @@ TEST(Undo, RestoresTheDrawingAndRedoTheOther) {
                                    "BLOCK b 0,0 All\n\nKeep\n",
                                    "BLOCK b 0,0 All\n\nConvert\n",
                                    "BLOCK b 0,0 All\n\nDelete\n",
-                                   "BLOCK first Yes 0,0 Type LINE\n\nConvert\n"};
+                                   "BLOCK first 1 0,0 Type LINE\n\nConvert\n"};
   for (const char* command : kCommands) {
     TestSession console;
     console.run("LINE 0,0 0.1,0.7\n\nATTDEF A B\nC\n1,1 1\nBLOCK first 0,0 All\n\nKeep\n");

@@ -74,7 +74,9 @@ TEST_F(OpenDrawing, IsFoundByDatabaseAndFile) {
   documents_.open(OdDbDatabase::create());
   EXPECT_EQ(mvsi::gsiGetApDocFromDb(database_), document_);
   EXPECT_EQ(mvsi::gsiGetApDocFromDb(nullptr), nullptr);
-  EXPECT_EQ(qzutads::findDwgDoc(L"c:\\PLANS\\A.DWG"), document_);
+  for (const wchar_t* path : {L"c:\\PLANS\\A.DWG", L"/plans/a.dwg", L"C:\\plans\\old\\..\\.\\a.dwg", L"c:plans/A.dwg"})
+    EXPECT_EQ(qzutads::findDwgDoc(path), document_) << OdString(path).toUtf8();
+  EXPECT_EQ(qzutads::findDwgDoc(L"C:\\plans\\a.dwg\\b"), nullptr);
   EXPECT_EQ(qzutads::findDwgDoc(L""), nullptr); // not the one without a file
   OdString name;
   EXPECT_EQ(mvsi::getVar(L"DWGNAME", name, true), RTNORM);
@@ -393,6 +395,32 @@ TEST(MessageBox, ReturnsTheButtonOrNothingWhenItWasClosed) {
   EXPECT_EQ(ask(), 9); // a cancel
   EXPECT_EQ(ask(), 9); // the end
   EXPECT_EQ(mvsi::mvuiMessageBox(L"text", L"caption", 64), RTNORM);
+}
+
+TEST(MessageBox, InAScriptAWrongAnswerClosesItAndNothingIsAskedWhereNobodyAnswers) {
+  ScriptedHost host(std::vector<OdString>{});
+  host.host().input().pushSource(
+      std::make_shared<morvane::ListSource>(std::vector<OdString>{L"maybe", L"2", L"1"}, true));
+  morvane::MessageBoxes& boxes = host.host().messageBoxes();
+  std::vector<int> pressed;
+  boxes.setWatch([&](const morvane::MessageBox&, int button) { pressed.push_back(button); });
+  const morvane::MessageBox question{L"Caption", L"A\x1b[31m\nB", {L"是", L"否"}};
+  boxes.show(question);
+  boxes.show(question);
+  boxes.setAsks(false);
+  host.takeOutput();
+  boxes.show(question);
+  boxes.show({L"Notice", L"text", {L"关闭(&C)"}});
+  EXPECT_EQ(pressed, (std::vector<int>{-1, 1, -1, 0}));
+  EXPECT_EQ(host.takeOutput(), L"\n[Caption]\nA\\u001B[31m\nB\n  1. 是\n  2. 否\n\n[Notice]\ntext\n  1. 关闭(C)\n");
+  {
+    morvane::MessageBox seen;
+    const morvane::MessageBoxes::Reader reader(boxes, seen);
+    EXPECT_EQ(boxes.show(question), -1);
+    EXPECT_EQ(seen.body, question.body);
+  }
+  EXPECT_EQ(pressed.size(), 4U);
+  EXPECT_TRUE(host.takeOutput().isEmpty());
 }
 
 } // namespace

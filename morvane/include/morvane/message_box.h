@@ -35,7 +35,8 @@ struct MessageBox {
 
 class Host;
 
-// Shows boxes: on the command line, unless somebody else was set to do it.
+// Shows boxes: on the command line, unless somebody else was set to do it. There a wrong answer is told and the
+// question asked again; in a script it closes the box, since what comes next was not meant for it.
 class MORVANE_API MessageBoxes {
 public:
   static constexpr int kClosed = -1;
@@ -45,10 +46,35 @@ public:
   void setShow(Show show) { show_ = std::move(show); } // empty: the command line
   int show(const MessageBox& box);
 
+  // Told of every box once it is closed, with the pressed button or kClosed.
+  using Watch = std::function<void(const MessageBox&, int pressed)>;
+  void setWatch(Watch watch) { watch_ = std::move(watch); }
+  // Where nobody answers, questions are shown on the command line and closed without a choice.
+  void setAsks(bool asks) { asks_ = asks; }
+  bool asks() const { return asks_; }
+  static bool isQuestion(const MessageBox& box) { return box.buttons.size() > 1; }
+
+  // For its lifetime boxes are put into `seen` and closed, unshown and untold.
+  class MORVANE_API Reader {
+  public:
+    Reader(MessageBoxes& boxes, MessageBox& seen);
+    ~Reader();
+    Reader(const Reader&) = delete;
+    Reader& operator=(const Reader&) = delete;
+
+  private:
+    MessageBoxes& boxes_;
+    Show show_;
+    Watch watch_;
+  };
+
 private:
   int showOnCommandLine(const MessageBox& box);
+  int askOnCommandLine(const MessageBox& box);
   Host& host_;
   Show show_;
+  Watch watch_;
+  bool asks_ = true;
 };
 
 // The button that an answer presses: its number from 1, its letter, or its label without mark and letter, ignoring

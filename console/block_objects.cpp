@@ -1,0 +1,118 @@
+#include "console/block_objects.h"
+#include "console/block_maker.h"
+#include "console/selection.h"
+
+#include "DbBlockReference.h"
+#include "DbBlockTable.h"
+#include "blockcommon/filters.h"
+#include "blockcommon/messages.h"
+#include "blockcommon/selections.h"
+
+#include <deque>
+#include <unordered_map>
+
+namespace console {
+namespace {
+
+// How the search came to a definition: through a reference that stands in another one, or among the objects.
+struct Step {
+  OdDbObjectId reference;
+  OdDbObjectId from; // null for the objects
+};
+
+class WayBack {
+public:
+  explicit WayBack(OdDbObjectId block) : block_(block) {}
+
+  bool find(const OdDbObjectIdArray& ids) {
+    visit(ids, {});
+    while (steps_.count(block_) == 0 && !ahead_.empty()) {
+      const OdDbObjectId definition = ahead_.front();
+      ahead_.pop_front();
+      visit(objectsOf(definition), definition);
+    }
+    return steps_.count(block_) != 0;
+  }
+
+  // From the objects on.
+  std::vector<Step> steps() const {
+    std::vector<Step> way;
+    for (OdDbObjectId at = block_;;) {
+      const Step& step = steps_.at(at);
+      way.insert(way.begin(), step);
+      if (step.from.isNull())
+        return way;
+      at = step.from;
+    }
+  }
+
+private:
+  void visit(const OdDbObjectIdArray& ids, OdDbObjectId from) {
+    for (const OdDbObjectId id : ids) {
+      const OdDbBlockReferencePtr reference = OdDbBlockReference::cast(id.safeOpenObject());
+      if (reference.isNull() || !reference->blockTableRecord().isValid())
+        continue;
+      if (steps_.emplace(reference->blockTableRecord(), Step{id, from}).second)
+        ahead_.push_back(reference->blockTableRecord());
+    }
+  }
+
+  OdDbObjectId block_;
+  std::unordered_map<OdDbObjectId, Step> steps_;
+  std::deque<OdDbObjectId> ahead_;
+};
+
+OdString nameOfDefinition(OdDbObjectId id) {
+  const OdDbBlockTableRecordPtr record = id.safeOpenObject();
+  return record.isNull() ? OdString() : record->getName();
+}
+
+OdDbObjectId shownBy(OdDbObjectId reference) {
+  return OdDbBlockReferencePtr(reference.safeOpenObject())->blockTableRecord();
+}
+
+void leaveOutCameras(Session& session, BlockObjects& objects) {
+  const int before = objects.ids.length();
+  blockUtils::kickOutSomeKindOfObjs(objects.ids);
+  objects.cameras = static_cast<std::size_t>(before - objects.ids.length());
+  if (objects.cameras > 0)
+    session.say(Text::kCamerasLeftOut, {count(objects.cameras)});
+}
+
+void refuseSelfReference(const OdString& name, OdDbObjectId block, const OdDbObjectIdArray& ids) {
+  if (!blockUtils::isObjsAreBtrItSelf(name, ids))
+    return;
+  dlgTips::showBlockRefSelfTips(name);
+  refuse(Text::kContainsItself, {name, chainBackTo(block, ids)});
+}
+
+} // namespace
+
+OdString chainBackTo(OdDbObjectId block, const OdDbObjectIdArray& ids) {
+  WayBack way(block);
+  if (!way.find(ids))
+    return {};
+  OdString chain = render(Text::kChainStart, {nameOfDefinition(block)});
+  for (const Step& step : way.steps())
+    chain += render(Text::kChainLink, {nameOfDefinition(shownBy(step.reference)),
+                                       OdString::fromUtf8(step.reference.getHandle().ascii())});
+  return chain;
+}
+
+BlockObjects objectsForBlock(Session& session, const OdString& name, const OdDbObjectIdArray& picked) {
+  BlockObjects objects{picked, 0, 0};
+  const int left = commonFun::objsOnLockedLayerPro(objects.ids);
+  objects.locked = static_cast<std::size_t>(picked.length() - left);
+  if (objects.locked > 0 && objects.ids.isEmpty())
+    refuse(Text::kAllLocked);
+  leaveOutCameras(session, objects);
+  if (!picked.isEmpty() && objects.ids.isEmpty())
+    refuse(Text::kAllDropped);
+  OdDbObjectIdArray definitions;
+  blockUtils::kickOutAttrdefID(objects.ids, definitions);
+  objects.ids.append(definitions);
+  refuseSelfReference(name, definitionOf(session, name), objects.ids);
+  return objects;
+}
+
+} // namespace console
