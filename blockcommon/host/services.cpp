@@ -122,6 +122,27 @@ bool hasDocumentManager() {
   return !useService<MvDocManager>(kDocMgr).isNull();
 }
 
+mvsi::MvsiApDocument* currentDocument() {
+  const OdSmartPtr<MvDocManager> manager = useService<MvDocManager>(kDocMgr);
+  return manager.isNull() ? nullptr : manager->currentDocument();
+}
+
+OdDbDatabase* currentDatabase() {
+  const mvsi::MvsiApDocument* document = currentDocument();
+  return document == nullptr ? nullptr : document->database();
+}
+
+std::vector<mvsi::MvsiApDocument*> openDocuments() {
+  const OdSmartPtr<MvDocManager> manager = useService<MvDocManager>(kDocMgr);
+  std::vector<mvsi::MvsiApDocument*> documents;
+  const int count = manager.isNull() ? 0 : manager->documentCount();
+  for (int at = 0; at < count; ++at) {
+    if (mvsi::MvsiApDocument* document = manager->documentAt(at))
+      documents.push_back(document);
+  }
+  return documents;
+}
+
 int mvsiedRedraw(const long* entityName, int mode) {
   constexpr int kHighlight = 3;
   constexpr int kRemoveHighlight = 4;

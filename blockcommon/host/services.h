@@ -5,8 +5,15 @@
 // OdError_NotThatKindOfClass.
 #pragma once
 
+#include <vector>
+
+class OdDbDatabase;
 class OdGeMatrix3d;
 struct mvsiresbuf;
+
+namespace mvsi {
+class MvsiApDocument;
+}
 
 namespace hostAccess {
 
@@ -37,6 +44,10 @@ int mvsiedRedraw(const long* entity, int mode);
 
 // Whether the host has a document manager.
 bool hasDocumentManager();
+// Null, or none, without a document manager or an open document. They belong to the host.
+mvsi::MvsiApDocument* currentDocument();
+OdDbDatabase* currentDatabase();
+std::vector<mvsi::MvsiApDocument*> openDocuments(); // in order of opening
 
 // The UCS of the working drawing as a matrix to the world. Needs no service; -5001 without a working database.
 int currentUcsMatrix(OdGeMatrix3d& matrix);

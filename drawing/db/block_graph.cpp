@@ -43,22 +43,40 @@ bool leadsTo(std::vector<OdDbObjectId> open, OdDbObjectId target) {
   return false;
 }
 
-OdDbObjectIdArray referencesTo(const OdDbBlockTableRecord& block, bool directOnly) {
-  OdDbObjectIdArray found;
-  const OdDbDatabase* database = block.database();
-  if (database == nullptr)
-    return found;
-  const Store& store = database->store();
-  for (std::uint32_t number = 1; number < store.count(); ++number) {
-    const OdDbObjectId id(store.serial(), number);
+namespace {
+
+// Adds the references to one block, and to `open` the blocks that they stand in.
+void addReferencesTo(const OdDbBlockTableRecord& block, std::vector<OdDbObjectId>& found,
+                     std::vector<OdDbObjectId>& open) {
+  for (OdDbObjectId id : block.everShownBy()) {
     const auto* reference = livingReference(id);
     if (reference == nullptr || reference->blockTableRecord() != block.objectId())
       continue;
     const auto* owner = peekAs<OdDbBlockTableRecord>(reference->ownerId());
-    if (owner != nullptr && !owner->isErased() && (directOnly || owner->isLayout()))
-      found.append(id);
+    if (!lives(owner))
+      continue;
+    found.push_back(id);
+    open.push_back(owner->objectId());
   }
-  return found;
+}
+
+} // namespace
+
+OdDbObjectIdArray referencesTo(const OdDbBlockTableRecord& block, bool directOnly) {
+  std::vector<OdDbObjectId> found, open;
+  addReferencesTo(block, found, open);
+  std::unordered_set<OdDbObjectId> seen{block.objectId()};
+  while (!directOnly && !open.empty()) {
+    const OdDbObjectId at = open.back();
+    open.pop_back();
+    if (seen.insert(at).second)
+      addReferencesTo(*peekAs<OdDbBlockTableRecord>(at), found, open);
+  }
+  std::sort(found.begin(), found.end()); // ids compare by the order of coming
+  OdDbObjectIdArray ids;
+  for (auto at = found.begin(), end = std::unique(found.begin(), found.end()); at != end; ++at)
+    ids.append(*at);
+  return ids;
 }
 
 namespace {

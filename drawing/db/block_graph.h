@@ -13,6 +13,7 @@ namespace drawing::db {
 // Whether the definition `from` is, or contains at any depth, a reference to `target`.
 bool leadsTo(OdDbObjectId from, OdDbObjectId target);
 bool leadsTo(std::vector<OdDbObjectId> from, OdDbObjectId target); // one of them
+// Living references to the block, or also to those that contain it, in order of addition.
 OdDbObjectIdArray referencesTo(const OdDbBlockTableRecord& block, bool directOnly);
 OdResult extentsOf(const OdDbBlockTableRecord& block, OdGeExtents3d& extents);
 // Definitions in an order in which each comes behind those that it contains; a definition in a cycle stands where the

@@ -174,9 +174,10 @@ OdDbObjectId OdDbBlockTableRecord::appendOdDbEntity(OdDbEntity* entity) {
     const OdDbObjectId shown = reference->blockTableRecord();
     if (shown == objectId() || (wasReferenced() && drawing::db::leadsTo(shown, objectId())))
       throw OdError(eSelfReference);
-    reference->noteShown();
   }
   const OdDbObjectId id = entity->isDBRO() ? entity->objectId() : database()->addOdDbObject(entity, objectId());
+  if (const auto* reference = dynamic_cast<const OdDbBlockReference*>(entity))
+    reference->noteShown();
   database()->undoLog().listGrows(*this, members_.size());
   members_.push(id);
   return id;
@@ -204,6 +205,25 @@ std::vector<OdDbObjectId> OdDbBlockTableRecord::drawOrder() const {
 
 OdDbObjectIdArray OdDbBlockTableRecord::getBlockReferenceIds(bool directOnly) const {
   return drawing::db::referencesTo(*this, directOnly);
+}
+
+OdResult OdDbBlockTableRecord::getBlockReferenceIds(OdDbObjectIdArray& ids, bool directOnly, bool) const {
+  ids.append(drawing::db::referencesTo(*this, directOnly));
+  return eOk;
+}
+
+// One reference may go to and fro between blocks; its notes take no more room than all references do.
+void OdDbBlockTableRecord::noteShownBy(OdDbObjectId reference) {
+  constexpr std::size_t kFew = 64;
+  auto& [ids, distinct] = everShownBy_;
+  if (!ids.empty() && ids.back() == reference)
+    return;
+  ids.push_back(reference);
+  if (ids.size() < std::max(kFew, 2 * distinct))
+    return;
+  std::sort(ids.begin(), ids.end());
+  ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
+  distinct = ids.size();
 }
 
 bool OdDbBlockTableRecord::leadsTo(OdDbObjectId target) const {

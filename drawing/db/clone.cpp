@@ -186,44 +186,83 @@ OdResult OdDbDatabase::wblockCloneObjects(const OdDbObjectIdArray& ids, OdDbObje
 
 namespace {
 
-// The record of that name, emptied, or a new one.
-OdDbBlockTableRecord* recordToFill(OdDbDatabase& target, const OdString& name) {
+using drawing::db::WriteScope;
+
+bool isSpaceName(const OdString& name) {
+  return name.left(modelSpaceStr.getLength()).iCompare(modelSpaceStr) == 0 ||
+         name.left(paperSpaceStr.getLength()).iCompare(paperSpaceStr) == 0;
+}
+
+struct RecordToFill {
+  OdDbBlockTableRecord* record = nullptr; // null where the name may not be an ordinary block's
+  bool isNew = false;
+};
+
+RecordToFill recordToFill(OdDbDatabase& target, const OdString& name) {
   auto* table = peekAs<OdDbBlockTable>(target.getBlockTableId());
-  if (table == nullptr || name.isEmpty())
-    return nullptr;
-  auto* record = peekAs<OdDbBlockTableRecord>(table->getAt(name));
-  if (record == nullptr) {
-    auto made = OdDbBlockTableRecord::createObject();
-    made->setName(name);
-    const drawing::db::WriteScope scope(*table);
-    return peekAs<OdDbBlockTableRecord>(table->add(made.get()));
+  if (table == nullptr || name.isEmpty() || isSpaceName(name))
+    return {};
+  if (auto* record = peekAs<OdDbBlockTableRecord>(table->getAt(name)); record != nullptr) {
+    const bool isOrdinary = !record->isLayout() && !record->isFromExternalReference() && !record->isDependent();
+    return {isOrdinary ? record : nullptr, false};
   }
-  for (OdDbObjectId id : record->members().ids()) {
-    if (id.isErased())
+  auto made = OdDbBlockTableRecord::createObject();
+  made->setName(name);
+  const WriteScope scope(*table);
+  return {peekAs<OdDbBlockTableRecord>(table->add(made.get())), true};
+}
+
+void eraseIfAlive(OdDbObjectId id) {
+  OdDbObject* object = drawing::db::peek(id);
+  if (!drawing::db::lives(object))
+    return;
+  const WriteScope scope(*object);
+  object->erase();
+}
+
+// What was said of contents that are gone: their order, their picture, how they move.
+void forgetContents(OdDbBlockTableRecord& record) {
+  record.setPreviewIcon({});
+  auto* dictionary = peekAs<OdDbDictionary>(record.extensionDictionary());
+  if (dictionary == nullptr)
+    return;
+  for (const wchar_t* name : {L"ACAD_SORTENTS", L"ACAD_ENHANCEDBLOCK"}) {
+    const OdDbObjectId entry = dictionary->getAt(name);
+    if (entry.isNull())
       continue;
-    OdDbObject& entity = *drawing::db::peek(id);
-    const drawing::db::WriteScope scope(entity);
-    entity.erase();
+    const WriteScope scope(*dictionary);
+    dictionary->remove(name);
+    eraseIfAlive(entry);
   }
-  return record;
 }
 
 } // namespace
 
-OdDbObjectId OdDbDatabase::insert(const OdString& blockName, OdDbDatabase* source, drawing::Report* report) {
+OdDbObjectId OdDbDatabase::insert(const OdString& blockName, OdDbDatabase* source, bool) {
+  insertReport_ = {};
   const auto* space = source == nullptr ? nullptr : peekAs<OdDbBlockTableRecord>(source->getModelSpaceId());
   if (space == nullptr || source == this)
     return {};
-  OdDbBlockTableRecord* record = recordToFill(*this, blockName);
+  const auto [record, isNew] = recordToFill(*this, blockName);
   if (record == nullptr)
     return {};
-  const drawing::db::WriteScope scope(*record);
+  const WriteScope scope(*record);
+  const std::vector<OdDbObjectId> before = record->members().ids();
   record->ensureEnds();
-  record->setOrigin(source->getINSBASE());
   OdDbIdMapping mapping;
   mapping.setOrigDb(source);
   mapping.setDestDb(this);
   Cloner cloner(*source, *this, record->objectId(), mapping, OdDb::kDrcIgnore);
-  cloner.setReport(report);
-  return cloner.run(space->drawOrder()) == eOk ? record->objectId() : OdDbObjectId();
+  cloner.setReport(&insertReport_);
+  if (cloner.run(space->drawOrder()) != eOk) {
+    if (isNew)
+      record->erase();
+    return {};
+  }
+  for (OdDbObjectId id : before)
+    eraseIfAlive(id);
+  if (!isNew)
+    forgetContents(*record);
+  record->setOrigin(source->getINSBASE());
+  return record->objectId();
 }

@@ -130,7 +130,8 @@ bool Cloner::mayStandFor(OdDbObjectId present) const {
 OdString Cloner::freeName(const OdDbSymbolTable& table, const OdDbSymbolTableRecord& record) const {
   OdString name = record.getName();
   const auto taken = [&](const OdString& wanted) {
-    if (table.has(wanted))
+    // One of the source's own may come along later and must find its name free.
+    if (table.has(wanted) || !source_.symbol(table.kind(), wanted).isNull())
       return true;
     for (const Item& item : items_) {
       if (item.holder == table.objectId() && item.name.iCompare(wanted) == 0)

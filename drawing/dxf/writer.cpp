@@ -10,6 +10,7 @@
 #include "db/load_context.h"
 #include "db/store.h"
 #include "db/symbol_kinds.h"
+#include "db/thumbnail.h"
 #include "dxf/forwarding_sink.h"
 
 namespace drawing::dxf {
@@ -125,7 +126,8 @@ void Writer::headerVariable(const OdDbHeader::Variable& variable) {
 void Writer::carriedSections(bool atFront) {
   for (const CarriedSection& carried : database_.carriedSections()) {
     const bool isBodies = carried.name == "ACDSDATA" && sink_.version() < OdDb::kRelease2013;
-    if ((carried.name == "CLASSES") != atFront || isBodies)
+    const bool isForgotten = carried.name == db::kThumbnailSection && !database_.isThumbnailWritten();
+    if ((carried.name == "CLASSES") != atFront || isBodies || isForgotten)
       continue;
     const GroupList groups = db::livingGroups(database_, carried);
     if (groups.empty() && carried.madeForRecords)

@@ -84,7 +84,7 @@ void OdDbBlockReference::setBlockTableRecord(OdDbObjectId block) {
 
 void OdDbBlockReference::noteShown() const {
   if (auto* block = peekAs<OdDbBlockTableRecord>(block_))
-    block->noteReferenced();
+    block->noteShownBy(objectId());
 }
 
 OdGePoint3d OdDbBlockReference::position() const {

@@ -96,8 +96,11 @@ public:
   std::vector<OdDbObjectId> drawOrder() const;
   OdDbObjectId getSortentsTableId() const; // null when there is none
 
-  // References to this block anywhere in the drawing, erased ones excluded, in order of addition.
+  // References to this block anywhere in the drawing, erased ones excluded, in order of addition; without `directOnly`
+  // also those to the blocks that show it through others. The time goes with the references of these blocks, not with
+  // the drawing. The second one appends; every drawing is loaded whole, so `forceValidity` changes nothing.
   OdDbObjectIdArray getBlockReferenceIds(bool directOnly = true) const;
+  OdResult getBlockReferenceIds(OdDbObjectIdArray& ids, bool directOnly = true, bool forceValidity = false) const;
   // Whether this is the target, or refers to it through any number of definitions. Each definition is visited once.
   bool leadsTo(OdDbObjectId target) const;
   // Extents of the contents in block coordinates; invalid when nothing has any.
@@ -126,21 +129,24 @@ public:
 
   static constexpr std::int16_t kAnonymousBit = 1, kHasAttributes = 2, kExternalReference = 4, kOverlay = 8;
 
-  // Whether any reference to this block was ever there. A block that nothing ever showed cannot be part of another, so
-  // adding references to it needs no walk over definitions.
-  bool wasReferenced() const { return wasReferenced_.on; }
-  void noteReferenced() { wasReferenced_.on = true; }
+  // The references that ever showed this block, in no order and some of them more than once: those that show it now are
+  // among them. A block that nothing ever showed cannot be part of another, so adding references to it needs no walk
+  // over definitions.
+  const std::vector<OdDbObjectId>& everShownBy() const { return everShownBy_.ids; }
+  bool wasReferenced() const { return !everShownBy_.ids.empty(); }
+  void noteShownBy(OdDbObjectId reference);
 
 private:
-  // True once and for all: neither copied nor undone.
-  struct Once {
-    Once() = default;
-    Once(const Once&) {}
-    Once& operator=(const Once&) { return *this; }
-    bool on = false;
+  // Grows only: neither copied nor undone.
+  struct EverShownBy {
+    EverShownBy() = default;
+    EverShownBy(const EverShownBy&) {}
+    EverShownBy& operator=(const EverShownBy&) { return *this; }
+    std::vector<OdDbObjectId> ids;
+    std::size_t distinct = 0; // when they were last made so
   };
 
-  Once wasReferenced_;
+  EverShownBy everShownBy_;
   drawing::IdList members_;
   OdGePoint3d origin_;
   OdString comments_;

@@ -121,9 +121,15 @@ public:
   // Called on the source drawing; `owner` belongs to the target. Records that the clones need come along.
   OdResult wblockCloneObjects(const OdDbObjectIdArray& ids, OdDbObjectId owner, OdDbIdMapping& mapping,
                               OdDb::DuplicateRecordCloning duplicates, bool deferTranslation = false);
-  // Makes or refills the block `blockName` of this drawing with a clone of the source's model space. The source's
-  // base point becomes the block's origin. The source stays as it was. Null id on failure.
-  OdDbObjectId insert(const OdString& blockName, OdDbDatabase* source, drawing::Report* report = nullptr);
+  // Makes or refills the block `blockName` of this drawing with a clone of the source's model space, whose base point
+  // becomes the block's origin. A record that has the name keeps its id. What the clones need comes along; records of
+  // the same name, nested definitions among them, stay as this drawing has them. A nested definition that would make
+  // the block contain itself comes in under a free name. The source stays as it was in any case. Null id, and nothing
+  // changed, for no name, no source or this drawing itself, for the name of a space or an external reference, and when
+  // the drawing grows beyond the limits of cloning.
+  OdDbObjectId insert(const OdString& blockName, OdDbDatabase* source, bool preserveSource = true);
+  // What the latest insert told: "clone.renamed" for each definition that came in under another name.
+  const drawing::Report& insertReport() const { return insertReport_; }
 
   // Removes from `ids` what cannot be purged: what the drawing needs, and what anything uses that is not purged along.
   // Erases nothing; see DbPurge.h for the reasons.
@@ -146,6 +152,16 @@ public:
   void startTransaction();
   void endTransaction();
   int transactionDepth() const { return transactions_; }
+
+  // The picture that file dialogs show of the drawing: a device-independent bitmap from its header on, without the head
+  // of a file. It belongs to the file, not to the drawing's state: undo leaves it alone. A picture that came with the
+  // file is written again; one that was set, only when it is to be retained. Empty, or null, is none.
+  // eInvalidInput for more bytes than a file can tell (2^31 - 1).
+  OdResult setThumbnailBitmap(const void* bitmap, std::size_t size);
+  std::string thumbnailBitmap() const; // empty when there is none that can be read
+  void setRetainOriginalThumbnailBitmap(bool retain) { retainsThumbnail_ = retain; }
+  bool retainOriginalThumbnailBitmap() const { return retainsThumbnail_; }
+  bool isThumbnailWritten() const { return retainsThumbnail_ || !hasOwnThumbnail_; }
 
   drawing::FileFacts& facts() { return facts_; }
   const drawing::FileFacts& facts() const { return facts_; }
@@ -174,5 +190,8 @@ private:
   OdDbObjectId header_;
   drawing::FileFacts facts_;
   std::vector<drawing::CarriedSection> carriedSections_;
+  drawing::Report insertReport_;
   int transactions_ = 0;
+  bool hasOwnThumbnail_ = false; // set since the drawing was read
+  bool retainsThumbnail_ = false;
 };

@@ -2,6 +2,7 @@
 #include "morvane/host.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace mvsi {
 
@@ -99,9 +100,26 @@ MvsiApDocument* Documents::find(const OdDbDatabase* database) const {
   return nullptr;
 }
 
-MvsiApDocument* Documents::findFile(const OdString& fileName) const {
+namespace {
+
+// Links followed as far as the path exists, the rest by its text.
+OdString resolved(const PathMap& paths, const OdString& fileName) {
+  const std::filesystem::path path = paths.toSystem(fileName);
+  std::error_code error;
+  std::filesystem::path full = std::filesystem::absolute(path, error);
+  if (std::filesystem::path followed = std::filesystem::weakly_canonical(full, error); !error)
+    full = std::move(followed);
+  return OdString::fromUtf8(full.lexically_normal().string());
+}
+
+} // namespace
+
+MvsiApDocument* Documents::findFile(const PathMap& paths, const OdString& fileName) const {
+  if (fileName.visible().empty())
+    return nullptr;
+  const OdString wanted = resolved(paths, fileName);
   for (const auto& document : documents_) {
-    if (!fileName.isEmpty() && document->fileName().iCompare(fileName) == 0)
+    if (!document->fileName().isEmpty() && resolved(paths, document->fileName()).iCompare(wanted) == 0)
       return document.get();
   }
   return nullptr;

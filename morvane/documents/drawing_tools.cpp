@@ -121,7 +121,7 @@ OdDbObjectId currentSpaceId() {
 
 mvsi::MvsiApDocument* findDwgDoc(const OdString& path) {
   morvane::Host* host = morvane::admitCall("findDwgDoc");
-  return host == nullptr ? nullptr : host->documents().findFile(path);
+  return host == nullptr ? nullptr : host->documents().findFile(host->paths(), path);
 }
 
 } // namespace qzutads

@@ -24,9 +24,10 @@ bool isCalledByScript() {
 }
 
 OdString getPathFileExtName(const OdString& path) {
-  const int separator = std::max({path.reverseFind(L'\\'), path.reverseFind(L'/'), path.reverseFind(L':')});
+  const int separator = std::max(path.reverseFind(L'\\'), path.reverseFind(L'/'));
   const int dot = path.reverseFind(L'.');
-  return dot > separator ? path.mid(dot) : OdString();
+  const OdString extension = dot > separator ? path.mid(dot) : OdString();
+  return extension.visible().size() > 1 ? extension : OdString();
 }
 
 } // namespace qzutads

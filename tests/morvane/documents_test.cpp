@@ -74,7 +74,9 @@ TEST_F(OpenDrawing, IsFoundByDatabaseAndFile) {
   documents_.open(OdDbDatabase::create());
   EXPECT_EQ(mvsi::gsiGetApDocFromDb(database_), document_);
   EXPECT_EQ(mvsi::gsiGetApDocFromDb(nullptr), nullptr);
-  EXPECT_EQ(qzutads::findDwgDoc(L"c:\\PLANS\\A.DWG"), document_);
+  for (const wchar_t* path : {L"c:\\PLANS\\A.DWG", L"/plans/a.dwg", L"C:\\plans\\old\\..\\.\\a.dwg", L"c:plans/A.dwg"})
+    EXPECT_EQ(qzutads::findDwgDoc(path), document_) << OdString(path).toUtf8();
+  EXPECT_EQ(qzutads::findDwgDoc(L"C:\\plans\\a.dwg\\b"), nullptr);
   EXPECT_EQ(qzutads::findDwgDoc(L""), nullptr); // not the one without a file
   OdString name;
   EXPECT_EQ(mvsi::getVar(L"DWGNAME", name, true), RTNORM);

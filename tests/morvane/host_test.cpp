@@ -357,7 +357,8 @@ TEST(FindFile, LooksBesideTheDrawingAndThenAlongThePath) {
 
 TEST(FileExtension, IsThatOfTheLastPart) {
   const std::pair<const wchar_t*, const wchar_t*> cases[] = {
-      {L"C:\\a.b\\c", L""}, {L"a.dwg", L".dwg"}, {L"a.b.DXF", L".DXF"}, {L"", L""}, {L"a.", L"."}, {L".dwg", L".dwg"}};
+      {L"C:\\a.b\\c", L""}, {L"a.dwg", L".dwg"}, {L"a.b.DXF", L".DXF"}, {L"", L""},
+      {L"a.", L""},         {L".dwg", L".dwg"},  {L"a.b/c", L""},       {L"C:x.y:z", L".y:z"}};
   for (const auto& [path, extension] : cases)
     EXPECT_EQ(qzutads::getPathFileExtName(path), extension);
 }

@@ -5,6 +5,8 @@
 #include "blockcommon/block_lookup.h"
 #include "blockcommon/block_names.h"
 #include "blockcommon/creation.h"
+#include "blockcommon/document_queries.h"
+#include "blockcommon/file_paths.h"
 #include "blockcommon/filters.h"
 #include "blockcommon/messages.h"
 #include "blockcommon/prompts.h"

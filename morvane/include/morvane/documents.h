@@ -86,6 +86,8 @@ MORVANE_API int mvsidbWcs2Ucs(const double* in, double* out, bool vector);
 
 namespace morvane {
 
+class PathMap;
+
 // The documents of a host. They are owned here; a closed one lives on while somebody holds a pointer to it.
 class MORVANE_API Documents {
 public:
@@ -101,7 +103,8 @@ public:
   bool setCurrent(mvsi::MvsiApDocument* document);                               // false when it is not open
   const std::vector<mvsi::MvsiApDocumentPtr>& all() const { return documents_; } // in order of opening
   mvsi::MvsiApDocument* find(const OdDbDatabase* database) const;
-  mvsi::MvsiApDocument* findFile(const OdString& fileName) const; // without regard to case
+  // The document of that file, by whatever path it is named; without regard to case. Null for the empty name.
+  mvsi::MvsiApDocument* findFile(const PathMap& paths, const OdString& fileName) const;
 
   OdDbDatabase* workingDatabase() const;
   void setWorkingDatabase(OdDbDatabase* database);

@@ -24,7 +24,7 @@ MORVANE_API bool isObjLocked(const OdDbObjectId& id, bool byLayer);
 MORVANE_API void sortAarryByDrawOrder(OdDbObjectIdArray& ids);
 // The block of the space that the working drawing shows; null without one.
 MORVANE_API OdDbObjectId currentSpaceId();
-// The open document of that file, compared without regard to case; null when it is not open.
+// The open document of that file, by whatever path it is named, without regard to case; null when it is not open.
 MORVANE_API mvsi::MvsiApDocument* findDwgDoc(const OdString& path);
 
 } // namespace qzutads

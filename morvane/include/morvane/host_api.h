@@ -25,7 +25,7 @@ namespace qzutads {
 
 // True while answers come from a script.
 MORVANE_API bool isCalledByScript();
-// The extension with its dot, empty when the last part of the path has none.
+// The extension with its dot, as it is spelled; empty when the last part of the path has none or ends with a dot.
 MORVANE_API OdString getPathFileExtName(const OdString& path);
 
 } // namespace qzutads

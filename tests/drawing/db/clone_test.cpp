@@ -303,11 +303,10 @@ TEST_F(CloneBetween, InsertsADrawingAsABlock) {
   source_->setINSBASE(OdGePoint3d(3, 4, 0));
   forWrite<OdDbBlockReference>(reference_)->setPosition(OdGePoint3d(1, 1, 0));
   const OdDbObjectId keptHinge = addBlock(*target_, L"hinge"); // the target's own stays as it is
-  drawing::Report report;
-  const OdDbObjectId made = target_->insert(L"door", source_, &report);
+  const OdDbObjectId made = target_->insert(L"door", source_);
   ASSERT_FALSE(made.isNull());
   EXPECT_EQ(forRead<OdDbBlockTableRecord>(made)->origin(), OdGePoint3d(3, 4, 0));
-  EXPECT_EQ(report.count("clone.renamed"), 1u); // a door in the door
+  EXPECT_EQ(target_->insertReport().count("clone.renamed"), 1u); // a door in the door
   EXPECT_EQ(contentsOf(made).size(), 1u);
   EXPECT_TRUE(contentsOf(keptHinge).isEmpty());
   ASSERT_EQ(target_->insert(L"DOOR", source_), made); // refilled, not doubled

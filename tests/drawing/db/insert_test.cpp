@@ -1,0 +1,256 @@
+// A drawing put into another as a block: whatever names the two have in common, each reference shows what it showed,
+// the target keeps what it has, the source stays as it was, and a block never comes to contain itself.
+#include "DbDxf.h"
+#include "DbIdMapping.h"
+#include "DbSymbolRecords.h"
+#include "tests/support/drawings.h"
+#include "tests/support/oracles.h"
+
+#include <map>
+#include <sstream>
+
+namespace {
+
+using namespace tests;
+
+// Definitions by name. Contents are words: "#name" is a reference, anything else a text.
+using Blocks = std::vector<std::pair<std::string, std::string>>;
+
+OdString wide(const std::string& text) {
+  return OdString::fromUtf8(text);
+}
+
+OdDbObjectId blockOf(OdDbDatabase& database, const std::string& name) {
+  return name == "file" ? database.getModelSpaceId() : database.symbol(OdDb::kBlockTable, wide(name));
+}
+
+void build(OdDbDatabase& database, const Blocks& blocks) {
+  for (const auto& [name, contents] : blocks) {
+    if (blockOf(database, name).isNull())
+      addBlock(database, name[0] == '*' ? L"*U" : wide(name));
+  }
+  for (const auto& [name, contents] : blocks) {
+    std::istringstream words(contents);
+    for (std::string word; words >> word;) {
+      if (word[0] == '#')
+        addReference(database, blockOf(database, word.substr(1)), blockOf(database, name));
+      else
+        addText(database, wide(word), blockOf(database, name));
+    }
+  }
+}
+
+std::string contentsOf(OdDbObjectId block) {
+  std::string words;
+  for (auto it = forRead<OdDbBlockTableRecord>(block)->newIterator(); !it->done(); it->step()) {
+    words += words.empty() ? "" : " ";
+    if (const OdDbTextPtr text = OdDbText::cast(it->entity()); !text.isNull())
+      words += text->textString().toUtf8();
+    else
+      words +=
+          "#" +
+          forRead<OdDbBlockTableRecord>(OdDbBlockReferencePtr(it->entity())->blockTableRecord())->getName().toUtf8();
+  }
+  return words;
+}
+
+std::map<std::string, std::string> definitionsOf(const OdDbDatabase& database) {
+  std::map<std::string, std::string> found;
+  const OdDbBlockTablePtr table = database.getBlockTableId().safeOpenObject();
+  for (auto walk = table->newIterator(); !walk->done(); walk->step()) {
+    const OdDbBlockTableRecordPtr block = walk->getRecordId().safeOpenObject();
+    if (!block->isLayout())
+      found[block->getName().toUtf8()] = contentsOf(block->objectId());
+  }
+  return found;
+}
+
+TEST(Insert, SettlesNamesThatBothDrawingsHave) {
+  const struct {
+    const char* what;
+    Blocks target, source;
+    std::map<std::string, std::string> result; // of inserting as "door"
+    std::size_t renamed;
+  } rows[] = {
+      {"nothing in common",
+       {{"lamp", "T"}},
+       {{"hinge", "S"}, {"file", "x #hinge"}},
+       {{"door", "x #hinge"}, {"hinge", "S"}, {"lamp", "T"}},
+       0},
+      {"same name, same content",
+       {{"hinge", "h"}},
+       {{"hinge", "h"}, {"file", "#hinge"}},
+       {{"door", "#hinge"}, {"hinge", "h"}},
+       0},
+      {"same name, other content",
+       {{"hinge", "T"}},
+       {{"hinge", "S"}, {"file", "#hinge"}},
+       {{"door", "#hinge"}, {"hinge", "T"}},
+       0},
+      {"other letter case",
+       {{"HINGE", "T"}},
+       {{"Hinge", "S"}, {"file", "#Hinge"}},
+       {{"door", "#HINGE"}, {"HINGE", "T"}},
+       0},
+      {"anonymous",
+       {{"*U1", "T"}},
+       {{"*U1", "S"}, {"file", "#*U1"}},
+       {{"door", "#*U2"}, {"*U1", "T"}, {"*U2", "S"}},
+       0},
+      {"nobody shows it", {}, {{"hinge", "S"}, {"file", "x"}}, {{"door", "x"}}, 0},
+      {"named like its own nested block",
+       {},
+       {{"door", "S"}, {"file", "x #door"}},
+       {{"door", "x #door-2"}, {"door-2", "S"}},
+       1},
+      {"the same in another case, and the free name taken",
+       {{"door-2", "T"}},
+       {{"DOOR", "S"}, {"file", "#DOOR"}},
+       {{"door", "#DOOR-3"}, {"door-2", "T"}, {"DOOR-3", "S"}},
+       1},
+      {"the free name comes along, too",
+       {},
+       {{"door-2", "2"}, {"door", "S #door-2"}, {"file", "#door"}},
+       {{"door", "#door-3"}, {"door-2", "2"}, {"door-3", "S #door-2"}},
+       1},
+      {"refilled",
+       {{"door", "T #hinge"}, {"hinge", "T"}, {"room", "#door"}},
+       {{"hinge", "S"}, {"file", "x #hinge"}},
+       {{"door", "x #hinge"}, {"hinge", "T"}, {"room", "#door"}},
+       0},
+      {"at depth three",
+       {{"c", "T"}},
+       {{"c", "S"}, {"b", "#c"}, {"a", "#b"}, {"file", "#a"}},
+       {{"door", "#a"}, {"a", "#b"}, {"b", "#c"}, {"c", "T"}},
+       0},
+      {"itself at depth three",
+       {},
+       {{"door", "S"}, {"b", "#door"}, {"a", "#b"}, {"file", "#a #door"}},
+       {{"door", "#a #door-2"}, {"a", "#b"}, {"b", "#door-2"}, {"door-2", "S"}},
+       1},
+      {"the target's leads back to the block",
+       {{"door", "T"}, {"frame", "#door"}},
+       {{"frame", "S"}, {"file", "#frame"}},
+       {{"door", "#frame-2"}, {"frame", "#door"}, {"frame-2", "S"}},
+       1},
+      {"through others",
+       {{"door", "T"}, {"wall", "#door"}, {"frame", "#wall"}},
+       {{"frame", "S"}, {"file", "#frame"}},
+       {{"door", "#frame-2"}, {"wall", "#door"}, {"frame", "#wall"}, {"frame-2", "S"}},
+       1},
+      {"an empty file", {{"door", "T"}}, {}, {{"door", ""}}, 0},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.what);
+    const OdDbDatabasePtr target = OdDbDatabase::create(), source = OdDbDatabase::create();
+    build(*target, row.target);
+    build(*source, row.source);
+    skewHandles(*target);
+    const OdDbObjectId present = target->symbol(OdDb::kBlockTable, L"door");
+    const std::string before = drawing::canonicalDump(*source);
+    OdDbObjectId made;
+    expectUndoRestores(*target, [&] { made = target->insert(L"door", source.get(), true); });
+    EXPECT_TRUE(present.isNull() || made == present);
+    EXPECT_EQ(definitionsOf(*target), row.result);
+    EXPECT_EQ(target->insertReport().count("clone.renamed"), row.renamed);
+    EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*source)), "");
+    expectSound(*target);
+    expectRoundTrip(*target);
+  }
+}
+
+TEST(Insert, KeepsTheLayersAndStylesOfTheTarget) {
+  const OdDbDatabasePtr target = OdDbDatabase::create(), source = OdDbDatabase::create();
+  const auto addAll = [](OdDbDatabase& database, bool locked, double width) {
+    forWrite<OdDbLayerTableRecord>(addLayer(database, L"Walls"))->setIsLocked(locked);
+    const OdDbTextStyleTableRecordPtr style = OdDbTextStyleTableRecord::createObject();
+    style->setName(L"Notes");
+    style->setXScale(width);
+    return forWrite<OdDbSymbolTable>(database.getTextStyleTableId())->add(style.get());
+  };
+  const OdDbObjectId kept = addAll(*target, true, 0.5), theirs = addAll(*source, false, 2);
+  const OdDbObjectId glass = addLayer(*source, L"Glass"), text = addText(*source, L"x"), pane = addText(*source, L"y");
+  forWrite<OdDbText>(text)->setLayer(source->symbol(OdDb::kLayerTable, L"WALLS"));
+  forWrite<OdDbText>(text)->setTextStyle(theirs);
+  forWrite<OdDbText>(pane)->setLayer(glass);
+  source->setINSBASE({3, 4, 5});
+  const OdDbBlockTableRecordPtr made = target->insert(L"door", source.get(), true).safeOpenObject();
+  const OdDbTextPtr copy = made->newIterator()->entity();
+  EXPECT_EQ(copy->layerId(), target->symbol(OdDb::kLayerTable, L"Walls"));
+  EXPECT_EQ(copy->textStyle(), kept);
+  EXPECT_TRUE(forRead<OdDbLayerTableRecord>(copy->layerId())->isLocked());
+  EXPECT_EQ(forRead<OdDbTextStyleTableRecord>(kept)->xScale(), 0.5);
+  EXPECT_FALSE(target->symbol(OdDb::kLayerTable, L"Glass").isNull());
+  EXPECT_EQ(made->origin(), OdGePoint3d(3, 4, 5));
+}
+
+TEST(Insert, RefusesWhatIsNoOrdinaryBlock) {
+  const OdDbDatabasePtr target = OdDbDatabase::create(), source = OdDbDatabase::create();
+  addText(*source, L"x");
+  forWrite<OdDbBlockTableRecord>(addBlock(*target, L"Site"))->setXref(L"site.dxf");
+  addBlock(*target, L"Site|Tree");
+  const std::string before = drawing::canonicalDump(*target);
+  for (const wchar_t* name : {L"", L"*Model_Space", L"*PAPER_SPACE", L"*Paper_Space7", L"site", L"Site|Tree"})
+    EXPECT_TRUE(target->insert(name, source.get(), true).isNull()) << OdString(name).toUtf8();
+  EXPECT_TRUE(target->insert(L"door", nullptr, true).isNull());
+  EXPECT_TRUE(target->insert(L"door", target.get(), true).isNull());
+  EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*target)), "");
+}
+
+// -- References to a block. --
+
+TEST(BlockReferences, AreListedWithoutAWalkThroughTheDrawing) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  constexpr int kBlocks = 300;
+  OdDbObjectIdArray blocks, references;
+  for (int i = 0; i < kBlocks; ++i) {
+    OdString name;
+    blocks.append(addBlock(*database, name.format(L"block %d", i)));
+    references.append(addReference(*database, blocks[static_cast<unsigned>(i)]));
+  }
+  std::size_t looks = 0;
+  for (const OdDbObjectId& block : blocks)
+    looks += forRead<OdDbBlockTableRecord>(block)->everShownBy().size();
+  EXPECT_EQ(looks, std::size_t{kBlocks}); // and not their square
+  // One that goes to and fro does not make it longer and longer.
+  for (int i = 0; i < 100 * kBlocks; ++i)
+    forWrite<OdDbBlockReference>(references[static_cast<unsigned>(i % 3)])->setBlockTableRecord(blocks[i % 2 ? 7 : 8]);
+  EXPECT_LT(forRead<OdDbBlockTableRecord>(blocks[7])->everShownBy().size(), 200u);
+}
+
+TEST(BlockReferences, AreThoseThatLiveNowWhateverRoadTheyCame) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  const OdDbObjectId door = addBlock(*database, L"door"), room = addBlock(*database, L"room");
+  const OdDbObjectId inRoom = addReference(*database, door, room), roomShown = addReference(*database, room);
+  const OdDbObjectId first = addReference(*database, door);
+  const auto referring = [&](bool direct = true) {
+    OdDbObjectIdArray ids;
+    forRead<OdDbBlockTableRecord>(door)->getBlockReferenceIds(ids, direct, false);
+    return ids;
+  };
+  EXPECT_EQ(referring(), (OdDbObjectIdArray{inRoom, first}));
+  EXPECT_EQ(referring(false), (OdDbObjectIdArray{inRoom, roomShown, first}));
+  const auto step = [&](auto change, const OdDbObjectIdArray& after) {
+    const OdDbObjectIdArray before = referring();
+    database->startUndoRecord();
+    change();
+    EXPECT_EQ(referring(), after);
+    database->undo();
+    EXPECT_EQ(referring(), before);
+    database->redo();
+    EXPECT_EQ(referring(), after);
+  };
+  step([&] { forWrite<OdDbEntity>(first)->erase(); }, {inRoom});
+  step([&] { OdDbEntityPtr(first.safeOpenObject(OdDb::kForWrite, true))->erase(false); }, {inRoom, first});
+  step([&] { forWrite<OdDbBlockReference>(first)->setBlockTableRecord(room); }, {inRoom});
+  step([&] { forWrite<OdDbBlockReference>(first)->setBlockTableRecord(door); }, {inRoom, first});
+  step([&] { forWrite<OdDbBlockTableRecord>(room)->erase(); }, {first});
+  OdDbIdMapping mapping;
+  database->deepCloneObjects({first}, database->getPaperSpaceId(), mapping);
+  EXPECT_EQ(referring(), (OdDbObjectIdArray{first, mapping.valueOf(first)}));
+  const drawing::ReadResult read = drawing::readDrawingFromMemory(drawing::writeDrawingToMemory(*database));
+  const OdDbBlockTableRecordPtr there = read.database->symbol(OdDb::kBlockTable, L"door").safeOpenObject();
+  EXPECT_EQ(there->getBlockReferenceIds().size(), 2u);
+}
+
+} // namespace
