@@ -6,6 +6,8 @@
 namespace console::commands {
 
 void attdef(CommandContext& context);
+void attedit(CommandContext& context);
+void attsync(CommandContext& context);
 void audit(CommandContext& context);
 void block(CommandContext& context);
 void circle(CommandContext& context);
