@@ -32,6 +32,7 @@ const std::vector<Command>& allCommands() {
        {kPromptSelect, kPromptSelectLayer, kPromptSelectType, kPromptSelectHandle},
        Changes,
        commands::erase},
+      {L"EXPLODE", {L"X"}, kHelpExplode, {kPromptSelect, kPromptAttributesAsText}, Changes, commands::explode},
       {L"HELP", {L"?"}, kHelpHelp, {}, Looks, commands::help},
       {L"LAYER", {L"LA"}, kHelpLayer, {kPromptLayerOption, kPromptLayerName}, Changes, commands::layer},
       {L"LINE", {L"L"}, kHelpLine, {kPromptFromPoint, kPromptToPointOrClose}, Changes, commands::line},

@@ -277,6 +277,22 @@ constexpr std::array kWords = {
     Word{Text::kBadEncoding, "usage.encoding",
          L"{1} takes a code page such as ANSI_1251, ANSI_936, DOS437, ISO8859-5 or UTF-8, not \"{2}\"."},
     Word{Text::kBadMemory, "usage.memory", L"{1} takes a number of bytes, or one with K, M or G, not \"{2}\"."},
+
+    Word{Text::kHelpExplode, "help.explode", L"Take block references apart, one level"},
+    Word{Text::kPromptAttributesAsText, "prompt.attributes-as-text", L"Attributes as texts? [Yes/No] <No>:"},
+    Word{Text::kExploded, "explode.done", L"{1} {1:reference|references} exploded into {2} {2:object|objects}."},
+    Word{Text::kNothingExploded, "explode.nothing", L"Nothing was exploded."},
+    Word{Text::kExplodeNoReference, "explode.no-reference", L"{1} is no block reference and stays as it is."},
+    Word{Text::kExplodeExternal, "explode.external",
+         L"The reference {1} shows an external drawing and stays as it is."},
+    Word{Text::kExplodeNotAllowed, "explode.not-allowed",
+         L"The block of the reference {1} is marked as not to be exploded."},
+    Word{Text::kExplodeCannotPlace, "explode.cannot-place",
+         L"The reference {1} stays as it is: these objects of its block cannot stand as it shows them: {2}."},
+    Word{Text::kExplodeTooMuch, "explode.too-much", L"The reference {1} stays as it is: it shows too many objects."},
+    Word{Text::kExplodeClip, "explode.clip", L"The reference {1} was clipped; now all of its block is there."},
+    Word{Text::kExplodeValues, "explode.values-lost",
+         L"{1} {1:value of an attribute is|values of attributes are} gone."},
 };
 
 constexpr bool inOrder() {

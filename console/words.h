@@ -251,6 +251,18 @@ enum class Text : unsigned short {
   // Reading
   kBadEncoding,
   kBadMemory,
+  // Exploding
+  kHelpExplode,
+  kPromptAttributesAsText,
+  kExploded,
+  kNothingExploded,
+  kExplodeNoReference,
+  kExplodeExternal,
+  kExplodeNotAllowed,
+  kExplodeCannotPlace,
+  kExplodeTooMuch,
+  kExplodeClip,
+  kExplodeValues,
   kCount
 };
 

@@ -10,6 +10,7 @@ void audit(CommandContext& context);
 void block(CommandContext& context);
 void circle(CommandContext& context);
 void erase(CommandContext& context);
+void explode(CommandContext& context);
 void help(CommandContext& context);
 void layer(CommandContext& context);
 void line(CommandContext& context);

@@ -3,6 +3,7 @@
 #include "DbBlockTable.h"
 #include "db/store.h"
 #include "entities/kept_groups.h"
+#include "entities/mleader_parts.h"
 #include "entities/transforms.h"
 
 #include <cmath>
@@ -139,6 +140,53 @@ std::vector<std::vector<OdGePoint3d>> OdDbMLeader::leaderLines() const {
   }
   return lines;
 }
+
+namespace drawing {
+
+std::vector<MLeaderBranch> mleaderBranches(const OdDbMLeader& leader) {
+  const GroupList& groups = leader.groups();
+  std::vector<MLeaderBranch> branches;
+  Level before = kOwn;
+  for (const Part& part : partsOf(groups)) {
+    GroupList own;
+    own.append(groups, part.first, part.end - part.first);
+    if (part.level == kBranch && before != kLine)
+      branches.push_back({keptPoint(own, 10), keptPoint(own, 11).asVector(), keptReal(own, 40), {}});
+    // The length of the dogleg may stand behind the lines.
+    if (part.level == kBranch && before == kLine && !branches.empty())
+      branches.back().doglegLength = keptReal(own, 40, branches.back().doglegLength);
+    before = part.level;
+    if (part.level != kLine || branches.empty())
+      continue;
+    std::vector<OdGePoint3d>& line = branches.back().lines.emplace_back();
+    OdGePoint3d point;
+    for (std::size_t i = own.find(10); i < own.size(); i = own.find(10, i + 1)) {
+      if (tripleAt(own, i, point))
+        line.push_back(point);
+    }
+  }
+  return branches;
+}
+
+GroupList mleaderContext(const OdDbMLeader& leader) {
+  return levelOf(leader.groups(), kContext);
+}
+
+OdDbObjectId mleaderArrow(const OdDbMLeader& leader) {
+  return keptReference(levelOf(leader.groups(), kOwn), 342);
+}
+
+std::optional<OdCmColor> mleaderColor(std::int64_t raw) {
+  constexpr std::int64_t kTrue = 0xC2, kIndex = 0xC3;
+  const std::int64_t meaning = (raw >> 24) & 255;
+  if (meaning == kTrue)
+    return OdCmColor{7, static_cast<std::int32_t>(raw & 0xFFFFFF)};
+  if (meaning == kIndex)
+    return OdCmColor{static_cast<std::int16_t>(raw & 0x1FF), OdCmColor::kNoTrueColor};
+  return std::nullopt;
+}
+
+} // namespace drawing
 
 namespace {
 

@@ -39,6 +39,8 @@ public:
   OdResult setLineWeight(std::int16_t weight);
   double linetypeScale() const { return linetypeScale_; }
   OdResult setLinetypeScale(double scale);
+  // As files have it: 0 by layer, 0x01000000 by block, else 0x02000000 and the opacity (0 to 255).
+  std::int32_t transparency() const { return transparency_; }
   bool isInvisible() const { return invisible_ != 0; }
   OdResult setInvisible(bool invisible);
   void setPropertiesFrom(const OdDbEntity& other);  // layer, linetype, colour, weight, scale, visibility

@@ -52,6 +52,10 @@ public:
   double actualWidth() const { return actualWidth_; }
   double actualHeight() const { return actualHeight_; }
 
+  double definedHeight() const { return definedHeight_; } // of columns; 0 when it was not given
+  // Background, columns and the rest of the section, in file order.
+  const drawing::GroupList& furtherGroups() const { return rest_; }
+
   // Without font metrics, so about.
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 

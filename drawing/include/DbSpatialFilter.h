@@ -32,6 +32,9 @@ public:
   // The corners of the boundary, all of them for a rectangle, in the coordinates of the block. Empty when it has no
   // two corners or its matrices have no inverse.
   std::vector<OdGePoint3d> boundaryInBlock() const;
+  // Of a filter that hides what lies inside, the same for the part that is hidden; empty for all others. Such a filter
+  // has a boundary, too: nearly the same for programs that know none of its kind.
+  std::vector<OdGePoint3d> holeInBlock() const;
 
   // The filter of a reference; null when it is not clipped.
   static OdSmartPtr<OdDbSpatialFilter> of(const OdDbBlockReference& reference);
@@ -40,6 +43,7 @@ private:
   static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
   bool takeReal(double value);
+  std::vector<OdGePoint3d> inBlock(std::vector<OdGePoint2d> corners) const;
 
   std::vector<OdGePoint2d> boundary_;
   OdGeVector3d normal_{0, 0, 1};

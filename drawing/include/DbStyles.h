@@ -87,6 +87,11 @@ public:
   const OdString& getDescription() const { return description_; }
   void setDescription(const OdString& value);
   bool filled() const { return (flags_ & 1) != 0; }
+  bool showsMiters() const { return (flags_ & 2) != 0; }
+  bool startSquareCap() const { return (flags_ & 16) != 0; }
+  bool startRoundCap() const { return (flags_ & 64) != 0; }
+  bool endSquareCap() const { return (flags_ & 256) != 0; }
+  bool endRoundCap() const { return (flags_ & 1024) != 0; }
   OdCmColor fillColor() const { return {fillColor_, fillTrueColor_}; }
   double startAngle() const { return startAngle_; } // of the caps, radians
   double endAngle() const { return endAngle_; }

@@ -95,6 +95,7 @@ public:
   double dimtxt() const { return textHeight_; }
   OdDbObjectId dimtxsty() const { return textStyle_; }
   OdDbObjectId dimblk() const { return arrow_; } // null: the closed filled arrow
+  OdDbObjectId dimldrblk() const { return leaderArrow_; }
 
 private:
   double scale_ = 1;

@@ -172,6 +172,12 @@ public:
   OdDbPolygonMesh() : OdDbVertexOwner(16) {}
   std::int16_t mSize() const { return mSize_; }
   std::int16_t nSize() const { return nSize_; }
+  // Of the smoothed surface; 0 when it is not smoothed.
+  std::int16_t mDensity() const { return mDensity_; }
+  std::int16_t nDensity() const { return nDensity_; }
+  bool isMClosed() const { return (flags_ & 1) != 0; }
+  bool isNClosed() const { return (flags_ & 32) != 0; }
+  bool isSmoothed() const { return (flags_ & 4) != 0; }
 
 private:
   std::int16_t mSize_ = 0, nSize_ = 0;

@@ -4,6 +4,8 @@
 #include "db/load_context.h"
 #include "db/store.h"
 
+#include <algorithm>
+
 using drawing::field;
 using drawing::db::peekAs;
 
@@ -108,11 +110,10 @@ std::optional<double> OdDbSpatialFilter::backClipDist() const {
   return hasBack_ ? std::optional<double>(back_) : std::nullopt;
 }
 
-std::vector<OdGePoint3d> OdDbSpatialFilter::boundaryInBlock() const {
+std::vector<OdGePoint3d> OdDbSpatialFilter::inBlock(std::vector<OdGePoint2d> corners) const {
   OdGeMatrix3d toWorld;
-  if (boundary_.size() < 2 || !clip_.inverse(toWorld))
+  if (corners.size() < 2 || !clip_.inverse(toWorld))
     return {};
-  std::vector<OdGePoint2d> corners = boundary_;
   if (corners.size() == 2)
     corners = {corners[0], {corners[1].x, corners[0].y}, corners[1], {corners[0].x, corners[1].y}};
   const OdGeMatrix3d toBlock = inverseInsert_ * toWorld;
@@ -120,6 +121,51 @@ std::vector<OdGePoint3d> OdDbSpatialFilter::boundaryInBlock() const {
   for (const OdGePoint2d& corner : corners)
     points.push_back(toBlock * OdGePoint3d(corner.x, corner.y, 0));
   return points;
+}
+
+std::vector<OdGePoint3d> OdDbSpatialFilter::boundaryInBlock() const {
+  return inBlock(boundary_);
+}
+
+namespace {
+
+constexpr const char* kHole = "ACAD_INVERTEDCLIP_ROUNDTRIP";
+constexpr const char* kBoundary = "ACAD_INVERTEDCLIP_ROUNDTRIP_COMPARE";
+
+// The corners behind that mark.
+std::vector<OdGePoint2d> cornersBehind(const drawing::GroupList& groups, std::string_view mark) {
+  std::vector<OdGePoint2d> corners;
+  std::size_t i = groups.find(102);
+  while (i < groups.size() && groups.textOf(groups[i]) != mark)
+    i = groups.find(102, i + 1);
+  for (++i; i + 1 < groups.size() && groups[i].code != 102; ++i) {
+    if (groups[i].code == 10 && groups[i + 1].code == 20)
+      corners.emplace_back(groups[i].real, groups[i + 1].real);
+  }
+  return corners;
+}
+
+bool areSame(const std::vector<OdGePoint2d>& a, const std::vector<OdGePoint2d>& b) {
+  constexpr double kNearly = 1e-6;
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](const OdGePoint2d& p, const OdGePoint2d& q) { return p.isEqualTo(q, OdGeTol(kNearly)); });
+}
+
+} // namespace
+
+// The record of the hole holds as long as the boundary that it was written with is the filter's.
+std::vector<OdGePoint3d> OdDbSpatialFilter::holeInBlock() const {
+  const auto* extension = peekAs<OdDbDictionary>(extensionDictionary());
+  if (extension == nullptr)
+    return {};
+  for (const OdDbDictionary::Entry& entry : extension->entries()) {
+    const auto* record = peekAs<OdDbXrecord>(entry.id);
+    if (record == nullptr || !areSame(cornersBehind(record->groups(), kBoundary), boundary_))
+      continue;
+    if (std::vector<OdGePoint3d> hole = inBlock(cornersBehind(record->groups(), kHole)); !hole.empty())
+      return hole;
+  }
+  return {};
 }
 
 OdDbSpatialFilterPtr OdDbSpatialFilter::of(const OdDbBlockReference& reference) {
