@@ -96,9 +96,9 @@ std::optional<double> askAngle(Session& session, Text prompt) {
   }
 }
 
-PointOrKeyword askPointOr(Session& session, Text keywords, Text prompt) {
+PointOrKeyword askPointOr(Session& session, Text keywords, Text prompt, bool required) {
   morvane::InputEngine& input = session.host().input();
-  input.initGet(0, render(keywords).str());
+  input.initGet(required ? kRequired : 0, render(keywords).str());
   double point[3] = {};
   const int code = input.getPoint(promptText(prompt, {}), point);
   if (code == RTKWORD)

@@ -27,6 +27,6 @@ struct PointOrKeyword {
   std::optional<OdGePoint3d> point;
   OdString keyword; // empty when a point, or nothing, was answered
 };
-PointOrKeyword askPointOr(Session& session, Text keywords, Text prompt);
+PointOrKeyword askPointOr(Session& session, Text keywords, Text prompt, bool required = false);
 
 } // namespace console

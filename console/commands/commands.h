@@ -6,10 +6,13 @@
 namespace console::commands {
 
 void attdef(CommandContext& context);
+void attedit(CommandContext& context);
+void attsync(CommandContext& context);
 void audit(CommandContext& context);
 void block(CommandContext& context);
 void circle(CommandContext& context);
 void erase(CommandContext& context);
+void explode(CommandContext& context);
 void help(CommandContext& context);
 void layer(CommandContext& context);
 void line(CommandContext& context);

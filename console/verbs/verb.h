@@ -22,13 +22,14 @@ public:
   virtual Status run(const SessionOptions& settings) = 0;
 };
 
-std::unique_ptr<Verb> makeVerb();    // morvane make
-std::unique_ptr<Verb> convertVerb(); // morvane convert
-std::unique_ptr<Verb> reportVerb();  // morvane report
-std::unique_ptr<Verb> auditVerb();   // morvane audit
-std::unique_ptr<Verb> purgeVerb();   // morvane purge
-std::unique_ptr<Verb> renameVerb();  // morvane rename
-std::unique_ptr<Verb> previewVerb(); // morvane preview
+std::unique_ptr<Verb> makeVerb();       // morvane make
+std::unique_ptr<Verb> convertVerb();    // morvane convert
+std::unique_ptr<Verb> reportVerb();     // morvane report
+std::unique_ptr<Verb> auditVerb();      // morvane audit
+std::unique_ptr<Verb> purgeVerb();      // morvane purge
+std::unique_ptr<Verb> renameVerb();     // morvane rename
+std::unique_ptr<Verb> attributesVerb(); // morvane attributes
+std::unique_ptr<Verb> previewVerb();    // morvane preview
 std::vector<std::unique_ptr<Verb>> allVerbs();
 
 [[noreturn]] void refuseUsage(Text text, const char* option, const std::string& value);

@@ -14,6 +14,7 @@
 #include "db/store.h"
 #include "db/undo.h"
 
+#include <algorithm>
 #include <cmath>
 #include <unordered_map>
 #include <unordered_set>
@@ -192,17 +193,26 @@ private:
     deadEntries_ = fix_ ? 0 : static_cast<int>(dead.size());
   }
 
+  // A sequence remembers the parts that were erased; they are not written.
+  static int erasedParts(const OdDbObject& object) {
+    const auto* owner = dynamic_cast<const OdDbSequenceOwner*>(&object);
+    if (owner == nullptr)
+      return 0;
+    const auto isErased = [](OdDbObjectId id) { return peek(id) != nullptr && peek(id)->isErased(); };
+    return static_cast<int>(std::count_if(owner->subEntities().begin(), owner->subEntities().end(), isErased));
+  }
+
   void checkReferences(OdDbObject& object) {
     BrokenReferences broken(database_);
     object.visitReferences(broken); // only reads: visit changes nothing
-    const int dangling = broken.dangling - std::exchange(deadEntries_, 0);
+    const int dangling = broken.dangling - std::exchange(deadEntries_, 0) - erasedParts(object);
     if (broken.foreign != 0)
       tell("audit.reference-to-other-drawing", Severity::Lost, object, "it refers to an object of another drawing",
            "the reference is cut");
     if (dangling > 0)
       tell("audit.reference-to-nothing", Severity::Note, object,
            "it refers to " + std::to_string(dangling) + " objects that do not exist", "the references are cut");
-    if (!fix_ || broken.dangling + broken.foreign == 0)
+    if (!fix_ || dangling + broken.foreign == 0)
       return;
     const db::WriteScope scope(object);
     object.assertWriteEnabled();

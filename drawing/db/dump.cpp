@@ -4,16 +4,17 @@
 #include "DbDictionary.h"
 #include "DbSequence.h"
 #include "db/body_records.h"
+#include "db/dump_sink.h"
 #include "db/load_context.h"
 #include "db/store.h"
 #include "db/symbol_kinds.h"
 
 #include <algorithm>
-#include <charconv>
 #include <unordered_map>
 
 namespace drawing {
 
+using db::DumpSink;
 using db::lives;
 using db::peekAs;
 
@@ -88,53 +89,6 @@ private:
   std::size_t strays_ = 0;
 };
 
-class DumpSink final : public GroupSink {
-public:
-  DumpSink(std::string& out, const OdDbDatabase& database, const Names* names)
-      : out_(out), database_(database), names_(names) {}
-
-  void utf8(int code, std::string_view text) override { line(code, text); }
-  void real(int code, double value) override {
-    char digits[40];
-    const auto end = std::to_chars(digits, digits + sizeof digits, value == 0 ? 0.0 : value).ptr;
-    line(code, std::string_view(digits, static_cast<std::size_t>(end - digits)));
-  }
-  void integer(int code, std::int64_t value) override { line(code, std::to_string(value)); }
-  void reference(int code, OdDbObjectId id) override { line(code, "-> " + nameOf(id)); }
-  void handle(int code, OdDbHandle value) override {
-    line(code, names_ == nullptr || value.isNull() ? value.ascii() : names_->of(database_.getOdDbObjectId(value)));
-  }
-  void binary(int code, std::string_view bytes) override {
-    std::string text = "bytes ";
-    for (const char c : bytes) {
-      text += "0123456789abcdef"[static_cast<unsigned char>(c) >> 4];
-      text += "0123456789abcdef"[static_cast<unsigned char>(c) & 15];
-    }
-    line(code, text);
-  }
-  void unread(int code, std::string_view text) override { line(code, "unread " + std::string(text)); }
-
-  std::string nameOf(OdDbObjectId id) const {
-    if (names_ != nullptr)
-      return names_->of(id);
-    // An object that is gone and one that never was are the same to whoever looks.
-    return id.isNull() || id.isErased() ? (id.isNull() ? "0" : "gone") : id.getHandle().ascii();
-  }
-
-private:
-  void line(int code, std::string_view text) {
-    out_ += "  ";
-    out_ += std::to_string(code);
-    out_ += ' ';
-    out_.append(text);
-    out_ += '\n';
-  }
-
-  std::string& out_;
-  const OdDbDatabase& database_;
-  const Names* names_;
-};
-
 void dumpHeader(const OdDbDatabase& database, DumpSink& sink, std::string& out) {
   std::vector<const OdDbHeader::Variable*> variables;
   for (const OdDbHeader::Variable& variable : database.header().variables())
@@ -148,30 +102,20 @@ void dumpHeader(const OdDbDatabase& database, DumpSink& sink, std::string& out) 
   }
 }
 
-void dumpExtras(const OdDbObject& object, DumpSink& sink) {
-  const auto* extras = object.extrasOrNull();
-  if (extras == nullptr)
-    return;
-  extras->applicationGroups.writeTo(sink);
-  if (lives(extras->extensionDictionary))
-    sink.reference(360, extras->extensionDictionary);
-  for (OdDbObjectId id : extras->reactors)
-    sink.reference(330, id);
+// Objects by handle, or by name where there are names.
+DumpSink::Naming naming(const Names* names) {
+  return [names](OdDbObjectId id) -> std::string {
+    if (names != nullptr)
+      return names->of(id);
+    // An object that is gone and one that never was are the same to whoever looks.
+    return id.isNull() || id.isErased() ? (id.isNull() ? "0" : "gone") : std::string(id.getHandle().ascii());
+  };
 }
 
 void dumpObject(const OdDbObject& object, DumpSink& sink, std::string& out) {
   out += sink.nameOf(object.objectId()) + " " + object.dxfName() + " of " + sink.nameOf(object.ownerId()) + "\n";
-  dumpExtras(object, sink);
-  writeSections(object, sink);
-  if (object.isKindOf(OdDbBlockTableRecord::desc())) {
-    const auto& block = static_cast<const OdDbBlockTableRecord&>(object);
-    sink.integer(70, block.derivedFlags());
-    GroupList head;
-    writeSection(block, OdDbBlockTableRecord::headSection(), head);
-    head.writeTo(sink, 1, head.size() - 1); // the flags as read are not what counts
-  }
-  if (const GroupList* xData = object.xDataGroups())
-    xData->writeTo(sink);
+  db::dumpExtras(object, sink);
+  db::dumpContents(object, sink);
 }
 
 } // namespace
@@ -181,7 +125,7 @@ std::string canonicalDump(const OdDbDatabase& database, DumpForm form) {
   std::unique_ptr<Names> names;
   if (form == DumpForm::WithoutHandles)
     names = std::make_unique<Names>(database);
-  DumpSink sink(out, database, names.get());
+  DumpSink sink(out, database, naming(names.get()), names != nullptr);
   dumpHeader(database, sink, out);
   std::vector<std::pair<std::string, const OdDbObject*>> objects;
   for (OdDbObjectId id : database.allIds()) {

@@ -1,0 +1,58 @@
+#include "console/ask.h"
+#include "console/attribute_sync.h"
+#include "console/block_maker.h"
+#include "console/commands/commands.h"
+
+#include "DbBlockTable.h"
+
+namespace console::commands {
+namespace {
+
+bool listBlocksWithAttributes(Session& session) {
+  bool any = false;
+  const OdDbSymbolTablePtr table = session.database().getBlockTableId().safeOpenObject();
+  for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
+    const OdDbBlockTableRecordPtr record = walk->getRecord();
+    if (record->isLayout() || record->isFromExternalReference() || !record->hasAttributeDefinitions())
+      continue;
+    any = true;
+    session.result(Text::kSyncBlock, {record->getName(), count(referencesTo(record->objectId()))});
+  }
+  return any;
+}
+
+OdDbObjectId askBlock(Session& session) {
+  for (;;) {
+    const auto typed = askText(session, Text::kPromptBlockName);
+    if (!typed)
+      return {};
+    if (*typed == L"?") {
+      if (!listBlocksWithAttributes(session))
+        session.result(Text::kNoSyncBlocks);
+      continue;
+    }
+    const OdDbObjectId block = definitionOf(session, *typed);
+    const OdDbBlockTableRecordPtr record = OdDbBlockTableRecord::cast(block.safeOpenObject());
+    if (record.isNull() || record->isLayout() || record->isFromExternalReference())
+      refuse(Text::kNoSuchBlock, {*typed});
+    return block;
+  }
+}
+
+} // namespace
+
+void attsync(CommandContext& context) {
+  Session& session = context.session;
+  const OdDbObjectId block = askBlock(session);
+  if (block.isNull())
+    return;
+  const SyncedAttributes told = syncAttributes(block);
+  for (const SyncedAttributes::Surplus& surplus : told.surplus)
+    session.result(Text::kSyncSurplus,
+                   {OdString::fromUtf8(surplus.reference.getHandle().ascii()), surplus.tag, surplus.value});
+  for (const OdDbObjectId& id : told.locked)
+    session.result(Text::kSyncLocked, {OdString::fromUtf8(id.getHandle().ascii())});
+  session.say(Text::kSynced, {count(told.references)});
+}
+
+} // namespace console::commands

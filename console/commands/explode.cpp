@@ -1,0 +1,87 @@
+#include "console/ask.h"
+#include "console/commands/commands.h"
+#include "console/selection.h"
+
+#include "DbBlockReference.h"
+#include "DbBlockTable.h"
+#include "DbExplode.h"
+
+#include <algorithm>
+
+namespace console::commands {
+namespace {
+
+using drawing::Exploded;
+using drawing::ExplodeRefusal;
+
+OdString handleText(OdDbObjectId id) {
+  return OdString::fromUtf8(id.getHandle().ascii());
+}
+
+bool hasAttributes(OdDbObjectId id) {
+  const auto reference = OdDbBlockReference::cast(id.safeOpenObject());
+  return !reference.isNull() && !reference->attributeIds().isEmpty();
+}
+
+Text reasonFor(ExplodeRefusal refusal) {
+  switch (refusal) {
+  case ExplodeRefusal::External:
+    return Text::kExplodeExternal;
+  case ExplodeRefusal::NotAllowed:
+    return Text::kExplodeNotAllowed;
+  case ExplodeRefusal::CannotPlace:
+    return Text::kExplodeCannotPlace;
+  case ExplodeRefusal::TooMuch:
+    return Text::kExplodeTooMuch;
+  default:
+    return Text::kExplodeNoReference;
+  }
+}
+
+OdString unplaceableText(const Exploded& exploded) {
+  std::vector<OdString> names;
+  for (const Exploded::Unplaceable& one : exploded.unplaceable)
+    names.push_back(OdString::fromUtf8(one.kind) + L" " + handleText(one.object));
+  return nameList(names);
+}
+
+struct Sum {
+  std::size_t references = 0, objects = 0, values = 0;
+};
+
+void explodeOne(Session& session, OdDbObjectId id, const drawing::ExplodeOptions& options, Sum& sum) {
+  const Exploded exploded = drawing::explodeReference(id, options);
+  if (exploded.refusal != ExplodeRefusal::None) {
+    session.say(reasonFor(exploded.refusal), {handleText(id), unplaceableText(exploded)});
+    return;
+  }
+  if (exploded.clipLost)
+    session.say(Text::kExplodeClip, {handleText(id)});
+  ++sum.references;
+  sum.objects += static_cast<std::size_t>(exploded.made.length());
+  sum.values += exploded.valuesLost;
+}
+
+} // namespace
+
+// What cannot be exploded stays; when that is everything, the command is refused.
+void explode(CommandContext& context) {
+  Session& session = context.session;
+  OdDbObjectIdArray ids = askSelection(session);
+  leaveOutLocked(session, ids);
+  drawing::ExplodeOptions options;
+  if (std::any_of(ids.begin(), ids.end(), hasAttributes))
+    options.attributesAsText = askYes(session, Text::kPromptAttributesAsText);
+  Sum sum;
+  for (const OdDbObjectId id : ids)
+    explodeOne(session, id, options, sum);
+  if (sum.references == 0)
+    refuse(Text::kNothingExploded);
+  if (sum.references < static_cast<std::size_t>(ids.length()))
+    session.note(Status::Refused);
+  if (sum.values > 0)
+    session.say(Text::kExplodeValues, {count(sum.values)});
+  session.result(Text::kExploded, {count(sum.references), count(sum.objects)});
+}
+
+} // namespace console::commands

@@ -1,0 +1,115 @@
+#include "console/attributes.h"
+#include "console/attribute_import.h"
+#include "console/csv.h"
+#include "console/verbs/job.h"
+#include "console/verbs/verb.h"
+
+#include <CLI/CLI.hpp>
+
+namespace console::verbs {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+std::string flagsText(const AttributeRow& row) {
+  std::string text;
+  for (const char* flag : row.flags)
+    text += (text.empty() ? "" : " ") + std::string(flag);
+  return text;
+}
+
+Json jsonOf(const AttributeRow& row) {
+  return {{"handle", row.reference.getHandle().ascii()},
+          {"block", row.block.toUtf8Lossless()},
+          {"tag", row.tag.toUtf8Lossless()},
+          {"ordinal", row.ordinal},
+          {"value", row.value.toUtf8Lossless()},
+          {"flags", row.flags}};
+}
+
+std::string csvOf(const std::vector<AttributeRow>& rows) {
+  std::string text = csvRow({"handle", "block", "tag", "ordinal", "value", "flags"});
+  for (const AttributeRow& row : rows)
+    text += csvRow({row.reference.getHandle().ascii(), row.block.toUtf8Lossless(), row.tag.toUtf8Lossless(),
+                    std::to_string(row.ordinal), row.value.toUtf8Lossless(), flagsText(row)});
+  return text;
+}
+
+class Attributes : public Verb {
+public:
+  void describe(CLI::App& program) override {
+    verb_ = program.add_subcommand("attributes", "List the attributes of all references, or set them from a table");
+    verb_->add_option("FILE", files_.in, "Drawing to read")->required();
+    CLI::Option* csv = verb_->add_flag("--csv", csv_, "As a table with commas");
+    CLI::Option* json = verb_->add_flag("--json", json_, "As one JSON object");
+    CLI::Option* import = verb_->add_option("--import", import_, "Table with the values to set, as --csv prints it");
+    verb_->add_option("-o,--output", files_.out, "Drawing to write");
+    verb_->add_flag("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    csv->excludes(json)->excludes(import);
+  }
+  bool isChosen() const override { return verb_->parsed(); }
+  void check() override {
+    if (isChosen() && import_.empty() != files_.out.empty())
+      throw Failure{Status::Usage, {Text::kImportNeedsOutput, {}}};
+  }
+  Status run(const SessionOptions& settings) override {
+    return runJob(settings,
+                  {"attributes", files_, json_, [this](Session& session, Json& results) { work(session, results); },
+                   [this](Session& session) { tell(session); }});
+  }
+
+private:
+  void work(Session& session, Json& results) {
+    if (!import_.empty())
+      return import(session, results);
+    rows_ = attributesOf(session.database());
+    results["attributes"] = Json::array();
+    for (const AttributeRow& row : rows_)
+      results["attributes"].push_back(jsonOf(row));
+  }
+
+  void import(Session& session, Json& results) {
+    imported_ = importAttributes(session.database(), import_);
+    results["changed"] = imported_.changed;
+    results["same"] = imported_.same;
+    results["misfits"] = Json::array();
+    for (const ImportedAttributes::Misfit& misfit : imported_.misfits)
+      results["misfits"].push_back(
+          {{"line", misfit.line}, {"id", idOf(misfit.reason.text)}, {"text", misfit.reason.shown().toUtf8Lossless()}});
+  }
+
+  void tell(Session& session) {
+    if (!import_.empty())
+      return tellImported(session);
+    if (csv_)
+      return session.printReport(OdString::fromUtf8(csvOf(rows_)));
+    for (const AttributeRow& row : json_ ? std::vector<AttributeRow>() : rows_)
+      session.result(Text::kAttributeRow,
+                     {OdString::fromUtf8(row.reference.getHandle().ascii()), row.block, attributeName(row), row.value});
+    session.say(Text::kAttributeCount, {count(rows_.size())});
+  }
+
+  void tellImported(Session& session) {
+    for (const ImportedAttributes::Misfit& misfit : imported_.misfits)
+      session.say(Text::kImportMisfit, {OdString::fromUtf8(import_), count(misfit.line), misfit.reason.shown()});
+    session.say(Text::kImported, {count(imported_.changed), count(imported_.same), count(imported_.misfits.size())});
+    if (!imported_.misfits.empty())
+      session.note(Status::Repaired);
+  }
+
+  CLI::App* verb_ = nullptr;
+  JobFiles files_;
+  std::string import_;
+  std::vector<AttributeRow> rows_;
+  ImportedAttributes imported_;
+  bool csv_ = false;
+  bool json_ = false;
+};
+
+} // namespace
+
+std::unique_ptr<Verb> attributesVerb() {
+  return std::make_unique<Attributes>();
+}
+
+} // namespace console::verbs

@@ -1,0 +1,232 @@
+// The attributes of a drawing as a table: out and in again without loss, rows that do not fit told one by one, and no
+// table that is damaged changes anything. Old references follow their block with their values.
+#include "console/attribute_sync.h"
+#include "console/attributes.h"
+#include "console/csv.h"
+#include "tests/console/console_run.h"
+#include "tests/support/drawings.h"
+#include "tests/support/oracles.h"
+
+#include "DbDxf.h"
+#include "DbField.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace console_tests;
+using namespace tests;
+using console::CsvFault;
+
+TEST(Csv, ComesBackAsItWasAndTellsWhereItIsNot) {
+  const std::vector<std::string> odd = {"", "a,b", "say \"x\"", "two\r\nlines", " blank ", "\xE9", "'"};
+  const console::CsvTable back = console::parseCsv("\xEF\xBB\xBF" + console::csvRow(odd) + console::csvRow({"end"}));
+  ASSERT_EQ(back.rows.size(), 2U);
+  EXPECT_EQ(back.rows[0].cells, odd);
+  EXPECT_EQ(back.rows[1].line, 3U);
+  const struct {
+    const char* text;
+    std::size_t rows;
+    std::optional<CsvFault> fault;
+    std::size_t line;
+  } cases[] = {{"", 0, {}, 0},
+               {"\n\r\na\n", 1, {}, 0},
+               {"a,\n,", 2, {}, 0},
+               {"\"\"", 0, {}, 0},
+               {"a\n\"b\nc", 1, CsvFault::QuoteOpen, 2},
+               {"a\n\"b\n\"c\nd", 1, CsvFault::QuoteInside, 3},
+               {"a\nb\"c,d\"\n", 1, CsvFault::QuoteInside, 2}};
+  for (const auto& one : cases) {
+    const console::CsvTable table = console::parseCsv(one.text);
+    EXPECT_EQ(table.rows.size(), one.rows) << one.text;
+    EXPECT_EQ(table.fault, one.fault) << one.text;
+    EXPECT_EQ(table.faultLine, one.line) << one.text;
+  }
+}
+
+// Two references of "door" (two tags TAG, one constant, one of several lines), one inside the block "house"; a third
+// on a locked layer.
+class AttributeTable : public testing::Test {
+protected:
+  AttributeTable() {
+    const OdDbObjectId door = addBlock(*database_, L"door"), house = addBlock(*database_, L"house");
+    first_ = fill(addReference(*database_, door));
+    fill(addReference(*database_, door, house));
+    const OdDbObjectId walls = addLayer(*database_, L"walls");
+    locked_ = addReference(*database_, door);
+    addAttribute(locked_, L"TAG", L"locked");
+    forWrite<OdDbEntity>(locked_)->setLayer(walls);
+    forWrite<OdDbLayerTableRecord>(walls)->setIsLocked(true);
+    in_ = scratch_.path("in.dxf");
+    EXPECT_EQ(drawing::writeDrawing(*database_, in_).result, eOk);
+  }
+  static OdDbObjectId fill(OdDbObjectId reference) {
+    addAttribute(reference, L"TAG", L"a,\"b\"");
+    addAttribute(reference, L"tag", L"\u00e9\u4e2d");
+    const auto lines = forWrite<OdDbAttribute>(addAttribute(reference, L"LINES", L""));
+    const OdDbMTextPtr text = OdDbMText::createObject();
+    text->setContents(L"one\\Ptwo");
+    lines->setMTextAttribute(text.get());
+    lines->setInvisible(true);
+    OdDbField::setField(*lines, OdDbField::createObject());
+    return reference;
+  }
+  std::string handle(OdDbObjectId id) const { return id.getHandle().ascii(); }
+  Outcome import(const std::string& table, const std::string& more = "--force") {
+    return runMorvane({"attributes", in_, "--import", scratch_.write("t.csv", table), "-o", out(), more});
+  }
+  std::string out() const { return scratch_.path("out.dxf"); }
+  std::string dumpOf(const std::string& path) { return drawing::canonicalDump(*drawing::readDrawing(path).database); }
+
+  const Scratch scratch_;
+  const OdDbDatabasePtr database_ = OdDbDatabase::create();
+  OdDbObjectId first_, locked_;
+  std::string in_;
+};
+
+TEST_F(AttributeTable, GoesOutAndInWithoutChange) {
+  const Outcome table = runMorvane({"attributes", in_, "--csv"});
+  EXPECT_EQ(table.status, 0) << table.shown;
+  const std::string h = handle(first_);
+  EXPECT_EQ(table.results.substr(0, table.results.find("two")),
+            "handle,block,tag,ordinal,value,flags\r\n" + h + ",door,TAG,1,\"a,\"\"b\"\"\",\r\n" + h +
+                ",door,tag,2,\u00e9\u4e2d,\r\n" + h + ",door,LINES,1,one\\P");
+  const console::CsvTable rows = console::parseCsv(table.results);
+  ASSERT_EQ(rows.rows.size(), 8U);
+  EXPECT_EQ(rows.rows[3].cells.back(), "invisible multi-line");
+  const Outcome run = import(table.results);
+  EXPECT_EQ(run.status, 4) << run.shown; // the locked one
+  EXPECT_NE(run.shown.find("0 values changed, 6 as they were, 1 row does not fit"), std::string::npos) << run.shown;
+  EXPECT_EQ(firstDifference(dumpOf(in_), dumpOf(out())), "");
+  const Outcome json = runMorvane({"attributes", in_, "--json"});
+  EXPECT_NE(json.results.find("\"value\": \"a,\\\"b\\\"\""), std::string::npos) << json.results;
+}
+
+TEST_F(AttributeTable, SetsWhatFitsAndTellsWhatDoesNot) {
+  const std::string h = handle(first_);
+  const Outcome run = import("Value,tag,HANDLE,ordinal,block\n"
+                             "x y,TAG," +
+                             h +
+                             ",2,DOOR\n"
+                             "\"three\r\nlines\nhere\",lines," +
+                             h +
+                             ",,\n"
+                             "\"a\nb\",TAG," +
+                             h +
+                             ",1,\n"
+                             "again,tag," +
+                             h +
+                             ",2,\n"
+                             "v,TAG," +
+                             h + ",3,\nv,TAG," + h + ",one,\nv,OTHER," + h +
+                             ",1,\n"
+                             "v,TAG," +
+                             h + "0,1,\nv,TAG,zz,1,\nv,LINES," + h +
+                             ",1,window\n"
+                             "v,TAG," +
+                             handle(locked_) + ",1,\n");
+  EXPECT_EQ(run.status, 4);
+  const std::string one = "reference " + h + " ";
+  const std::string told[] = {"6: TAG has one line and takes no line breaks.",
+                              "8: line 2 has a value for the same attribute",
+                              "9: " + one + "has 2 attributes \"TAG\", and none with the number \"3\"",
+                              "10: " + one + "has 2 attributes \"TAG\", and none with the number \"one\"",
+                              "11: " + one + "has no attribute \"OTHER\"",
+                              "12: there is no reference \"" + h + "0\"",
+                              "13: there is no reference \"zz\"",
+                              "14: " + one + "shows \"door\", not \"window\"",
+                              "15: TAG is on a locked layer."};
+  std::string wanted;
+  for (const std::string& line : told)
+    wanted += scratch_.path("t.csv") + ", line " + line + "\n";
+  wanted += "2 values changed, 0 as they were, 9 rows do not fit.\n";
+  EXPECT_EQ(run.shown.substr(run.shown.size() - std::min(run.shown.size(), wanted.size())), wanted);
+  const OdDbDatabasePtr read = drawing::readDrawing(out()).database;
+  const console::ReferenceAttributes after(*forRead<OdDbBlockReference>(read->getOdDbObjectId(first_.getHandle())));
+  EXPECT_EQ(after.findTyped(L"TAG")->value, L"a,\"b\"");
+  EXPECT_EQ(after.findTyped(L"Tag#2")->value, L"x y");
+  const auto lines = forRead<OdDbAttribute>(after.findTyped(L"#3")->attribute);
+  EXPECT_EQ(lines->getMTextAttribute()->contents(), L"three\\Plines\\Phere");
+  EXPECT_FALSE(OdDbField::hasFields(*lines)); // or the next program would compute the old value again
+  for (const wchar_t* none : {L"TAG#0", L"TAG#3", L"#4", L"#", L"", L"TAG#-1", L"TAG#2x"})
+    EXPECT_EQ(after.findTyped(none), nullptr) << OdString(none).toUtf8();
+}
+
+TEST_F(AttributeTable, LeavesTheDrawingAloneWhenItIsNone) {
+  const struct {
+    const char* table;
+    int status;
+    const char* part;
+  } cases[] = {{"handle,tag\n1,2\n", 1, "no column \"value\""},
+               {"", 1, "no column \"handle\""},
+               {"handle,tag,value\n1,\"A\"b,v\n", 1, "line 2: a quote stands inside"},
+               {"handle,tag,value\n1,A,\"v\n", 1, "line 2: a quote is not closed"},
+               {"handle,tag,value\n1,A,v\n1,A,v,w\n", 1, "line 3: 4 cells instead of 3"}};
+  for (const auto& one : cases) {
+    const Outcome run = import(one.table);
+    EXPECT_EQ(run.status, one.status) << one.table;
+    EXPECT_NE(run.shown.find(one.part), std::string::npos) << run.shown;
+    EXPECT_FALSE(std::filesystem::exists(out())) << one.table;
+  }
+  EXPECT_EQ(runMorvane({"attributes", in_, "--import", scratch_.path("none.csv"), "-o", out()}).status, 3);
+  for (const std::vector<std::string>& more : std::vector<std::vector<std::string>>{
+           {"-o", out()}, {"--import", in_}, {"--csv", "--json"}, {"--csv", "--import", in_, "-o", out()}}) {
+    std::vector<std::string> line = {"attributes", in_};
+    line.insert(line.end(), more.begin(), more.end());
+    EXPECT_EQ(runMorvane(line).status, 2) << more[0];
+  }
+  EXPECT_FALSE(std::filesystem::exists(out()));
+}
+
+// Attributes follow the definitions in place, look and order; values stay with their tags.
+TEST(AttributeSync, KeepsValuesAndEndsInTheOrderOfTheDefinitions) {
+  const struct {
+    std::vector<OdString> old, definitions, after;
+    std::size_t kept; // objects that stay, from the front
+  } cases[] = {
+      {{L"A=1", L"B=2"}, {L"A", L"B"}, {L"A=1", L"B=2"}, 2},
+      {{L"A=1", L"B=2"}, {L"B", L"A"}, {L"B=2", L"A=1"}, 1},
+      {{L"a=1", L"A=2", L"A=3"}, {L"A", L"A"}, {L"A=1", L"A=2"}, 2},
+      {{L"X=9", L"B=2"}, {L"A", L"B", L"B"}, {L"A=default", L"B=2", L"B=default"}, 0},
+      {{L"B=2"}, {}, {}, 0},
+      {{}, {L"A"}, {L"A=default"}, 0},
+  };
+  for (const auto& one : cases) {
+    const OdDbDatabasePtr database = OdDbDatabase::create();
+    const OdDbObjectId block = addBlock(*database, L"door"), reference = addReference(*database, block);
+    forWrite<OdDbBlockTableRecord>(block)->setOrigin({1, 0, 0});
+    forWrite<OdDbBlockReference>(reference)->setPosition({10, 0, 0});
+    const auto split = [](const OdString& text) { return text.find(L'='); };
+    for (const OdString& old : one.old)
+      addAttribute(reference, old.left(split(old)), old.mid(split(old) + 1));
+    const OdDbObjectIdArray before = forRead<OdDbBlockReference>(reference)->attributeIds();
+    for (const OdString& tag : one.definitions) {
+      const OdDbAttributeDefinitionPtr made = OdDbAttributeDefinition::createObject();
+      made->setDatabaseDefaults(database);
+      made->setTag(tag);
+      made->setTextString(L"default");
+      made->setPosition({3, 0, 0});
+      forWrite<OdDbBlockTableRecord>(block)->appendOdDbEntity(made);
+    }
+    console::SyncedAttributes told;
+    expectUndoRestores(*database, [&] { told = console::syncAttributes(block); });
+    EXPECT_EQ(told.references, 1U);
+    const OdDbObjectIdArray ids = forRead<OdDbBlockReference>(reference)->attributeIds();
+    std::vector<OdString> after;
+    for (const OdDbObjectId& id : ids) {
+      const auto attribute = forRead<OdDbAttribute>(id);
+      after.push_back(attribute->tag() + L"=" + attribute->textString());
+      EXPECT_EQ(attribute->position(), OdGePoint3d(12, 0, 0));
+    }
+    EXPECT_EQ(after, one.after);
+    EXPECT_EQ(told.surplus.size() +
+                  static_cast<std::size_t>(std::count_if(after.begin(), after.end(),
+                                                         [](const OdString& row) { return row.find(L"default") < 0; })),
+              one.old.size());
+    for (std::size_t i = 0; i < ids.size(); ++i)
+      EXPECT_EQ(i < one.kept, before.contains(ids[static_cast<unsigned>(i)])) << i;
+    expectSound(*database);
+  }
+}
+
+} // namespace
