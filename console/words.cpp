@@ -128,7 +128,8 @@ constexpr std::array kWords = {
     Word{Text::kNotAnAngle, "prompt.not-an-angle", L"\"{1}\" is not an angle."},
     Word{Text::kPromptText, "prompt.text", L"Text:"},
     Word{Text::kPromptTag, "prompt.tag", L"Tag:"},
-    Word{Text::kBadTag, "attribute.bad-tag", L"\"{1}\" cannot be a tag: a tag has no blanks and no !, and is not empty."},
+    Word{Text::kBadTag, "attribute.bad-tag",
+         L"\"{1}\" cannot be a tag: a tag has no blanks and no !, and is not empty."},
     Word{Text::kPromptTagPrompt, "prompt.tag-prompt", L"What to ask for <{1}>:"},
     Word{Text::kPromptTagDefault, "prompt.tag-default", L"Default value:"},
 
