@@ -14,11 +14,11 @@ namespace filePath {
 
 namespace {
 
-// A colon closes a drive: it is the second character, with a folder or nothing behind it.
+// The only colon is that of a drive: the second character.
 bool hasNoStrayColon(const OdString& path) {
   const std::wstring_view text = path.visible();
-  const std::size_t colon = text.rfind(L':');
-  return colon == std::wstring_view::npos || (colon == 1 && text[0] != L':' && (text.size() == 2 || text[2] == L'\\'));
+  const std::size_t last = text.rfind(L':');
+  return last == std::wstring_view::npos || (text.find(L':') != 0 && last <= 1);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "db/clone.h"
 
 #include "DbDatabase.h"
+#include "db/standing_names.h"
 #include "db/store.h"
 #include "db/symbol_kinds.h"
 #include "db/undo.h"
@@ -188,11 +189,6 @@ namespace {
 
 using drawing::db::WriteScope;
 
-bool isSpaceName(const OdString& name) {
-  return name.left(modelSpaceStr.getLength()).iCompare(modelSpaceStr) == 0 ||
-         name.left(paperSpaceStr.getLength()).iCompare(paperSpaceStr) == 0;
-}
-
 struct RecordToFill {
   OdDbBlockTableRecord* record = nullptr; // null where the name may not be an ordinary block's
   bool isNew = false;
@@ -200,7 +196,7 @@ struct RecordToFill {
 
 RecordToFill recordToFill(OdDbDatabase& target, const OdString& name) {
   auto* table = peekAs<OdDbBlockTable>(target.getBlockTableId());
-  if (table == nullptr || name.isEmpty() || isSpaceName(name))
+  if (table == nullptr || name.isEmpty() || drawing::db::isSpaceName(name))
     return {};
   if (auto* record = peekAs<OdDbBlockTableRecord>(table->getAt(name)); record != nullptr) {
     const bool isOrdinary = !record->isLayout() && !record->isFromExternalReference() && !record->isDependent();

@@ -19,6 +19,12 @@ public:
          OdDb::DuplicateRecordCloning duplicates);
 
   void setReport(Report* report) { report_ = report; }
+  // The source is an external reference of that name: what comes along is named after it, NAME$0$WALLS, but for what
+  // every drawing has. Records of the target stand for those of the source that `standIns` lists.
+  void bindTo(const OdString& name, std::unordered_map<OdDbObjectId, OdDbObjectId> standIns) {
+    boundTo_ = name;
+    standIns_ = std::move(standIns);
+  }
   OdResult run(const std::vector<OdDbObjectId>& primaries);
 
 private:
@@ -49,6 +55,8 @@ private:
   void planEntry(OdDbObject& object);
   void takeBackDictionaries();
   OdDbDictionary* counterpart(OdDbObjectId dictionary);
+  bool isNameTaken(const OdDbSymbolTable& table, const OdString& name) const;
+  OdString boundName(const OdDbSymbolTable& table, const OdDbSymbolTableRecord& record) const;
   OdString freeName(const OdDbSymbolTable& table, const OdDbSymbolTableRecord& record) const;
   bool mayStandFor(OdDbObjectId present) const;
 
@@ -68,6 +76,8 @@ private:
   std::vector<OdDbObjectId> madeDictionaries_; // while planning
   std::vector<Item> items_;
   std::unordered_map<OdDbObjectId, std::size_t> planned_;
+  OdString boundTo_; // empty: nothing is bound
+  std::unordered_map<OdDbObjectId, OdDbObjectId> standIns_;
   OdDbObjectId planning_; // whose parts and needs are being planned
 };
 

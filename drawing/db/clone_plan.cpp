@@ -9,6 +9,7 @@
 #include "DbTable.h"
 #include "db/block_graph.h"
 #include "db/load_context.h"
+#include "db/standing_names.h"
 #include "db/store.h"
 
 #include <unordered_set>
@@ -127,20 +128,31 @@ bool Cloner::mayStandFor(OdDbObjectId present) const {
   return peekAs<OdDbBlockTableRecord>(present) == nullptr || !leadsTo(present, owner_);
 }
 
+bool Cloner::isNameTaken(const OdDbSymbolTable& table, const OdString& name) const {
+  if (table.has(name))
+    return true;
+  for (const Item& item : items_) {
+    if (item.holder == table.objectId() && item.name.iCompare(name) == 0)
+      return true;
+  }
+  return false;
+}
+
 OdString Cloner::freeName(const OdDbSymbolTable& table, const OdDbSymbolTableRecord& record) const {
   OdString name = record.getName();
-  const auto taken = [&](const OdString& wanted) {
-    // One of the source's own may come along later and must find its name free.
-    if (table.has(wanted) || !source_.symbol(table.kind(), wanted).isNull())
-      return true;
-    for (const Item& item : items_) {
-      if (item.holder == table.objectId() && item.name.iCompare(wanted) == 0)
-        return true;
-    }
-    return false;
-  };
-  for (unsigned n = 2; taken(name); ++n)
+  // One of the source's own may come along later and must find its name free.
+  const auto isSources = [&](const OdString& wanted) { return !source_.symbol(table.kind(), wanted).isNull(); };
+  for (unsigned n = 2; isSources(name) || isNameTaken(table, name); ++n)
     name.format(L"%s-%u", record.getName().c_str(), n);
+  return name;
+}
+
+OdString Cloner::boundName(const OdDbSymbolTable& table, const OdDbSymbolTableRecord& record) const {
+  OdString name;
+  unsigned n = 0;
+  do {
+    name = boundSymbolName(boundTo_, record.getName(), n++);
+  } while (isNameTaken(table, name));
   return name;
 }
 
@@ -150,11 +162,18 @@ void Cloner::planRecord(OdDbSymbolTableRecord& record) {
   if (table == nullptr)
     return;
   Item item{record.objectId(), Action::Make, {}, tableId, record.getName(), false};
+  if (const auto standIn = standIns_.find(record.objectId()); standIn != standIns_.end()) {
+    item.action = Action::Use;
+    item.target = standIn->second;
+    return plan(std::move(item));
+  }
   const auto* block = dynamic_cast<OdDbBlockTableRecord*>(&record);
   if (isSpace(record)) {
     item.name = L"*U"; // a reference draws it: a block of its own, and the target's space stays
   } else if (block != nullptr && block->isAnonymous()) {
     item.name = record.getName().left(2); // numbered anew when it joins the table
+  } else if (!boundTo_.isEmpty() && isNamedAfterReference(record)) {
+    item.name = boundName(*table, record);
   } else if (const OdDbObjectId present = table->getAt(record.getName()); !present.isNull()) {
     const bool replaces = duplicates_ == OdDb::kDrcReplace;
     if (present == owner_ || (!replaces && !mayStandFor(present))) {

@@ -46,4 +46,14 @@ bool isExternal(const OdDbSymbolTableRecord& record) {
          (block != nullptr && (block->isFromExternalReference() || block->isFromOverlayReference()));
 }
 
+bool isNamedAfterReference(const OdDbSymbolTableRecord& record) {
+  const bool isDefpoints = record.tableKind() == OdDb::kLayerTable && record.getName().iCompare(L"Defpoints") == 0;
+  return record.tableKind() != OdDb::kRegAppTable && !isNeeded(record) && !isDefpoints;
+}
+
+OdString boundSymbolName(const OdString& reference, const OdString& name, unsigned number) {
+  OdString bound;
+  return bound.format(L"%s$%u$%s", reference.c_str(), number, name.c_str());
+}
+
 } // namespace drawing::db

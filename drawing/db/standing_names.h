@@ -11,6 +11,9 @@ bool isSpace(const OdDbBlockTableRecord& block);
 bool isNeeded(const OdDbSymbolTableRecord& record);
 // An external reference, or a record that came with one.
 bool isExternal(const OdDbSymbolTableRecord& record);
+// A record that gets the name of its drawing in front when that is bound: SITE$0$WALLS.
+bool isNamedAfterReference(const OdDbSymbolTableRecord& record);
+OdString boundSymbolName(const OdString& reference, const OdString& name, unsigned number);
 bool isAnyOf(const OdString& name, std::initializer_list<const wchar_t*> names);
 
 } // namespace drawing::db

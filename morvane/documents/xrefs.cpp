@@ -89,6 +89,16 @@ OdString MvdbSystemServices::findFile(const OdString& fileName, const OdDbDataba
   return found.value_or(OdString());
 }
 
+drawing::ReadResult MvdbSystemServices::readDrawing(const OdString& path) const {
+  morvane::Host* host = morvane::admitCall("readDrawing");
+  if (host != nullptr)
+    return drawing::readDrawing(host->paths().toSystem(path), host->reading());
+  drawing::ReadResult refused;
+  refused.result = eFileAccessErr;
+  refused.message = "there is no host to read \"" + path.toUtf8Lossless() + "\"";
+  return refused;
+}
+
 MvdbSystemServices& mvdbSystemServices() {
   static MvdbSystemServices services;
   return services;

@@ -161,6 +161,9 @@ VariableStore& Host::variables() {
 UserConfig& Host::config() {
   return parts_->config;
 }
+const drawing::ReadOptions& Host::reading() const {
+  return parts_->reading;
+}
 PathMap& Host::paths() {
   return parts_->paths;
 }

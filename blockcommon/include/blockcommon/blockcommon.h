@@ -8,6 +8,7 @@
 #include "blockcommon/document_queries.h"
 #include "blockcommon/file_paths.h"
 #include "blockcommon/filters.h"
+#include "blockcommon/insertion.h"
 #include "blockcommon/messages.h"
 #include "blockcommon/prompts.h"
 #include "blockcommon/properties.h"

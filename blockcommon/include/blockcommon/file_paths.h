@@ -11,8 +11,7 @@
 
 namespace filePath {
 
-// False for a path without any of /|<>?;* whose colon, if it has one, is that of a drive: the second character, with a
-// backslash or nothing behind it.
+// False for a path without any of /|<>?;* whose only colon, if it has one, is the second character.
 BLOCKCOMMON_API bool isFilePathExistIllEgalCharacter(const OdString& path, bool showMessage);
 
 // Whether the path may name a file to write: not blank, not longer than 4094 characters, with a folder, and no folder

@@ -30,7 +30,7 @@ struct HostOptions {
   std::string configFile;            // UTF-8; empty: defaultConfigFile()
   bool keepsConfig = true;           // false: the configuration starts empty and stays in memory
   ReplaceFile replaceFile;           // how files are saved; empty: replaceFileSafely
-  drawing::ReadOptions reading = {}; // of external drawings
+  drawing::ReadOptions reading = {}; // of drawings that others refer to, or that commands bring in
 };
 
 // Services by name.
@@ -78,6 +78,7 @@ public:
   InputEngine& input();
   VariableStore& variables();
   UserConfig& config();
+  const drawing::ReadOptions& reading() const; // limits and encoding for drawings that commands bring in
   PathMap& paths();
   SearchPath& searchPath();
   Documents& documents();

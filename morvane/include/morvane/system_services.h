@@ -1,7 +1,8 @@
-// What the host does for the drawing SDK and its callers: finding files.
+// What the host does for the drawing SDK and its callers: finding files and reading them.
 #pragma once
 
 #include "DbDatabase.h"
+#include "DbDxf.h"
 #include "OdString.h"
 #include "morvane/export.h"
 
@@ -14,6 +15,10 @@ public:
   // before all that, and what has moved away from the folder it names is found by its bare name.
   OdString findFile(const OdString& fileName, const OdDbDatabase* database = nullptr,
                     FindFileHint hint = kDefault) const;
+
+  // Reads a drawing file with the host's limits and encoding. The path is taken as it is given and not looked for; no
+  // drawing and the reason when there is no such file, and without a host.
+  drawing::ReadResult readDrawing(const OdString& path) const;
 };
 
 MORVANE_API MvdbSystemServices& mvdbSystemServices();
