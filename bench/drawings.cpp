@@ -9,6 +9,7 @@
 #include "DbIdMapping.h"
 #include "DbSymbolRecords.h"
 #include "DbText.h"
+#include "GiPicture.h"
 #include "blockcommon/creation.h"
 #include "morvane/testing.h"
 
@@ -139,10 +140,18 @@ std::unique_ptr<Job> undoJob(std::size_t entities) {
   });
 }
 
+// A picture of all of it; what is counted is the walk and the drawing of pixels.
+std::unique_ptr<Job> pictureJob(std::size_t entities) {
+  return std::make_unique<FunctionJob>([database = makeDrawing(entities)] {
+    const drawing::Picture picture(database->getModelSpaceId());
+    return picture.bitmap().rgba.size() + picture.report().points;
+  });
+}
+
 const std::map<std::string, JobMaker>& jobs() {
   static const std::map<std::string, JobMaker> table = [] {
-    std::map<std::string, JobMaker> all{
-        {"read", readJob}, {"write", writeJob}, {"make", makeBlockJob}, {"clone", cloneJob}, {"undo", undoJob}};
+    std::map<std::string, JobMaker> all{{"read", readJob},   {"write", writeJob}, {"make", makeBlockJob},
+                                        {"clone", cloneJob}, {"undo", undoJob},   {"picture", pictureJob}};
     all.insert(idJobs().begin(), idJobs().end());
     return all;
   }();
