@@ -9,6 +9,7 @@
 #include "DbIdMapping.h"
 #include "DbSymbolRecords.h"
 #include "DbText.h"
+#include "GiPicture.h"
 #include "blockcommon/creation.h"
 #include "blockcommon/document_queries.h"
 #include "morvane/testing.h"
@@ -172,11 +173,19 @@ std::unique_ptr<Job> insertJob(std::size_t entities) {
   });
 }
 
+// A picture of all of it; what is counted is the walk and the drawing of pixels.
+std::unique_ptr<Job> pictureJob(std::size_t entities) {
+  return std::make_unique<FunctionJob>([database = makeDrawing(entities)] {
+    const drawing::Picture picture(database->getModelSpaceId());
+    return picture.bitmap().rgba.size() + picture.report().points;
+  });
+}
+
 const std::map<std::string, JobMaker>& jobs() {
   static const std::map<std::string, JobMaker> table = [] {
-    std::map<std::string, JobMaker> all{{"read", readJob},    {"write", writeJob}, {"make", makeBlockJob},
-                                        {"clone", cloneJob},  {"undo", undoJob},   {"count", countReferencesJob},
-                                        {"insert", insertJob}};
+    std::map<std::string, JobMaker> all{{"read", readJob},       {"write", writeJob},  {"make", makeBlockJob},
+                                        {"clone", cloneJob},     {"undo", undoJob},    {"count", countReferencesJob},
+                                        {"picture", pictureJob}, {"insert", insertJob}};
     all.insert(idJobs().begin(), idJobs().end());
     return all;
   }();

@@ -5,6 +5,7 @@
 #include "OdFiles.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace console {
 namespace {
@@ -46,6 +47,21 @@ bool isSameFile(const std::string& one, const std::string& other) {
          first.file == second.file;
 }
 
+drawing::ReadResult readOrThrow(Session& session, const std::string& path) {
+  drawing::ReadResult read = drawing::readDrawing(path, session.reading());
+  session.addIssues(read.report);
+  if (read.database.isNull())
+    throw Failure{Status::Unreadable, {Text::kUnreadable, {asText(read.message)}}};
+  return read;
+}
+
+void tellRepaired(Session& session, const std::string& path, const drawing::Report& report, bool tellsIssues) {
+  session.say(Text::kRepaired, {asText(path), count(losses(report))});
+  if (tellsIssues)
+    tellIssues(session, path, report, Text::kReadIssue);
+  session.note(Status::Repaired);
+}
+
 std::size_t objectsInModelSpace(const OdDbDatabase& database) {
   const OdDbBlockTableRecordPtr space = database.getModelSpaceId().safeOpenObject();
   std::size_t objects = 0;
@@ -73,22 +89,22 @@ void tellXrefs(Session& session) {
 }
 
 drawing::Report openDrawing(Session& session, const std::string& path, bool tellsIssues) {
-  const drawing::ReadResult read = drawing::readDrawing(path, session.reading());
-  session.addIssues(read.report);
-  if (read.database.isNull())
-    throw Failure{Status::Unreadable, {Text::kUnreadable, {asText(read.message)}}};
+  const drawing::ReadResult read = readOrThrow(session, path);
   const bool repaired = read.report.outcome() != drawing::Outcome::Whole;
   session.adopt(read.database, path, repaired);
   session.say(Text::kOpened, {asText(path), count(objectsInModelSpace(*read.database)),
                               asText(drawing::versionYear(read.database->facts().version))});
   tellXrefs(session);
-  if (!repaired)
-    return read.report;
-  session.say(Text::kRepaired, {asText(path), count(losses(read.report))});
-  if (tellsIssues)
-    tellIssues(session, path, read.report, Text::kReadIssue);
-  session.note(Status::Repaired);
+  if (repaired)
+    tellRepaired(session, path, read.report, tellsIssues);
   return read.report;
+}
+
+OdDbDatabasePtr readBeside(Session& session, const std::string& path) {
+  const drawing::ReadResult read = readOrThrow(session, path);
+  if (read.report.outcome() != drawing::Outcome::Whole)
+    tellRepaired(session, path, read.report, true);
+  return read.database;
 }
 
 void saveDrawing(Session& session, const SaveRequest& request) {
@@ -115,6 +131,11 @@ void saveDrawing(Session& session, const SaveRequest& request) {
 bool fileExists(const std::string& path) {
   drawing::FileStatus status;
   return fileStatus(path, status);
+}
+
+bool isOrdinaryFile(const std::string& path) {
+  std::error_code error;
+  return std::filesystem::is_regular_file(path, error);
 }
 
 bool isOwnFileRepaired(Session& session, const std::string& path) {

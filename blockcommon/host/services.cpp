@@ -161,6 +161,11 @@ int mvsiedRedraw(const long* entityName, int mode) {
   return RTNORM;
 }
 
+int drawOffScreen(mvsi::MvsiApDocument* document, const mvsi::MvsiDeviceRect& rectangle, mvsi::MvsiImage& image) {
+  const OdSmartPtr<MvDocManager> manager = useService<MvDocManager>(kDocMgr);
+  return manager.isNull() ? RTERROR : manager->drawOffScreen(document, rectangle, image);
+}
+
 int currentUcsMatrix(OdGeMatrix3d& matrix) {
   OdDbDatabase* database = mvsi::mvsidbWorkingDatabase();
   if (database == nullptr)

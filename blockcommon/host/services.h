@@ -13,6 +13,8 @@ struct mvsiresbuf;
 
 namespace mvsi {
 class MvsiApDocument;
+struct MvsiDeviceRect;
+struct MvsiImage;
 }
 
 namespace hostAccess {
@@ -48,6 +50,8 @@ bool hasDocumentManager();
 mvsi::MvsiApDocument* currentDocument();
 OdDbDatabase* currentDatabase();
 std::vector<mvsi::MvsiApDocument*> openDocuments(); // in order of opening
+// A picture of what the document shows. -5001 without a document manager and when there is no picture.
+int drawOffScreen(mvsi::MvsiApDocument* document, const mvsi::MvsiDeviceRect& rectangle, mvsi::MvsiImage& image);
 
 // The UCS of the working drawing as a matrix to the world. Needs no service; -5001 without a working database.
 int currentUcsMatrix(OdGeMatrix3d& matrix);

@@ -16,6 +16,7 @@ void circle(CommandContext& context);
 void erase(CommandContext& context);
 void explode(CommandContext& context);
 void help(CommandContext& context);
+void insert(CommandContext& context);
 void layer(CommandContext& context);
 void line(CommandContext& context);
 void list(CommandContext& context);

@@ -24,9 +24,9 @@ void attach(CommandContext& context, bool overlay) {
   const OdString name = defaultXrefName(request.file);
   request.name = askText(session, Text::kPromptXrefNameOr, {name}).value_or(name);
   request.pointUcs = askRequiredPoint(session, Text::kPromptXrefPoint);
-  request.scale = askNumber(session, Text::kPromptXrefScale).value_or(1);
+  request.scale = askNumber(session, Text::kPromptScale).value_or(1);
   if (request.scale == 0)
-    refuse(Text::kXrefScale);
+    refuse(Text::kScaleZero);
   request.rotationRad = askAngle(session, Text::kPromptAngle).value_or(0);
   attachXref(context, request);
 }

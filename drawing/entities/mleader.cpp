@@ -172,6 +172,18 @@ GroupList mleaderContext(const OdDbMLeader& leader) {
   return levelOf(leader.groups(), kContext);
 }
 
+std::vector<std::pair<OdDbObjectId, OdString>> mleaderAttributes(const OdDbMLeader& leader) {
+  const GroupList own = levelOf(leader.groups(), kOwn);
+  std::vector<std::pair<OdDbObjectId, OdString>> all;
+  for (std::size_t i = 0; i < own.size(); ++i) {
+    if (own[i].code == 330 && own[i].kind == GroupKind::Reference)
+      all.emplace_back(own.idOf(own[i]), OdString());
+    else if (own[i].code == 302 && own[i].kind == GroupKind::Text && !all.empty())
+      all.back().second = own.stringOf(own[i]);
+  }
+  return all;
+}
+
 OdDbObjectId mleaderArrow(const OdDbMLeader& leader) {
   return keptReference(levelOf(leader.groups(), kOwn), 342);
 }

@@ -4,6 +4,7 @@
 #include "DbMLeader.h"
 
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace drawing {
@@ -17,6 +18,8 @@ struct MLeaderBranch {
 std::vector<MLeaderBranch> mleaderBranches(const OdDbMLeader& leader);
 // The groups of its note, without those of the branches.
 GroupList mleaderContext(const OdDbMLeader& leader);
+// Of a note that is a block: its attribute definitions and their texts.
+std::vector<std::pair<OdDbObjectId, OdString>> mleaderAttributes(const OdDbMLeader& leader);
 OdDbObjectId mleaderArrow(const OdDbMLeader& leader); // null: the usual one
 // Colours of the parts are one number: how it is meant, and an index or red, green and blue. None: that of the leader.
 std::optional<OdCmColor> mleaderColor(std::int64_t raw);

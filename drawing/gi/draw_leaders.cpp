@@ -1,4 +1,5 @@
 // Leaders: their lines, arrows and notes.
+#include "DbAttribute.h"
 #include "DbBlockTable.h"
 #include "DbLeader.h"
 #include "DbMLeader.h"
@@ -7,6 +8,7 @@
 #include "db/store.h"
 #include "entities/kept_groups.h"
 #include "entities/mleader_parts.h"
+#include "gi/arrows.h"
 #include "gi/drawers.h"
 #include "gi/mtext_box.h"
 #include "gi/text_style.h"
@@ -20,23 +22,6 @@ using db::lives;
 using db::peekAs;
 
 namespace {
-
-// An arrow at `tip`, that comes from `from`; where it ends on the line. Without a block it is the filled triangle.
-OdGePoint3d drawArrow(const OdGePoint3d& tip, const OdGePoint3d& from, const OdGeVector3d& normal, double size,
-                      OdDbObjectId block, Canvas& canvas) {
-  const OdGeVector3d way = from - tip;
-  if (!(size > 0) || way.length() < size)
-    return tip;
-  const OdGeVector3d x = way.normal(), y = normal.normal().crossProduct(x);
-  if (lives(peekAs<OdDbBlockTableRecord>(block))) {
-    // Arrow blocks are one unit long and point to the right.
-    const OdGeMatrix3d place = OdGeMatrix3d::coordSystem(tip, x * -size, y * -size, normal.normal() * size);
-    canvas.show(block, place);
-    return tip;
-  }
-  canvas.fill({{tip, tip + x * size + y * (size / 6), tip + x * size - y * (size / 6)}});
-  return tip + x * size;
-}
 
 struct LeaderLook {
   double arrowSize = 0.18;
@@ -124,10 +109,16 @@ void drawBlockNote(const OdDbMLeader& leader, const GroupList& context, Canvas& 
   if (!lives(block))
     return canvas.leaveOut("no-block");
   OdGeMatrix3d place = OdGeMatrix3d::translation(leader.blockPosition().asVector());
-  std::size_t i = context.find(47);
+  const std::size_t i = context.find(47);
   for (std::size_t entry = 0; entry < 16 && i + entry < context.size() && context[i + entry].code == 47; ++entry)
     place.entry[entry / 4][entry % 4] = context[i + entry].real;
-  canvas.show(leader.blockContentId(), place * OdGeMatrix3d::translation(OdGePoint3d() - block->origin()));
+  place = place * OdGeMatrix3d::translation(OdGePoint3d() - block->origin());
+  canvas.show(leader.blockContentId(), place);
+  for (const auto& [definition, text] : mleaderAttributes(leader)) {
+    const auto* attribute = peekAs<OdDbAttributeDefinition>(definition);
+    if (lives(attribute) && !attribute->isInvisible())
+      drawStringAt(*attribute, text, place, canvas);
+  }
 }
 
 } // namespace

@@ -53,13 +53,28 @@ void draw2dPolyline(const OdDb2dPolyline& polyline, Canvas& canvas) {
 
 namespace {
 
-// The places of the vertices that have all or none of these flags.
+// False for faces. Some programs write vertices of polylines in space without saying so: these are read as vertices in
+// a plane.
+bool placeOf(const OdDbVertex& vertex, OdGePoint3d& place) {
+  if (vertex.isKindOf(OdDbWorldVertex::desc()))
+    place = static_cast<const OdDbWorldVertex&>(vertex).position();
+  else if (vertex.isKindOf(OdDb2dVertex::desc()))
+    place = static_cast<const OdDb2dVertex&>(vertex).position();
+  else
+    return false;
+  return true;
+}
+
+// The places of the vertices that have none of the first flags and all of the second.
 Path placesOf(const OdDbVertexOwner& owner, std::int16_t without, std::int16_t with = 0) {
   Path path;
+  OdGePoint3d place;
   for (OdDbObjectId id : owner.vertexIds()) {
-    const auto* vertex = peekAs<OdDbWorldVertex>(id);
-    if (vertex != nullptr && (vertex->vertexFlags() & without) == 0 && (vertex->vertexFlags() & with) == with)
-      path.push_back(vertex->position());
+    const auto* vertex = peekAs<OdDbVertex>(id);
+    const bool isWanted =
+        vertex != nullptr && (vertex->vertexFlags() & without) == 0 && (vertex->vertexFlags() & with) == with;
+    if (isWanted && placeOf(*vertex, place))
+      path.push_back(place);
   }
   return path;
 }

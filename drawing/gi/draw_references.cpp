@@ -1,9 +1,8 @@
-// What shows other blocks: references, dimensions, viewports.
+// What shows other blocks: references and viewports.
 #include "DbAttribute.h"
 #include "DbBlockReference.h"
 #include "DbBlockTable.h"
 #include "DbDatabase.h"
-#include "DbDimension.h"
 #include "DbSpatialFilter.h"
 #include "DbViewport.h"
 #include "Ge/GeUtil.h"
@@ -82,23 +81,16 @@ void drawReference(const OdDbBlockReference& reference, Canvas& canvas) {
     addClip(*filter, inset, canvas);
 }
 
-// The picture of a dimension is drawn in the coordinates that the dimension has.
-void drawDimension(const OdDbDimension& dimension, Canvas& canvas) {
-  if (!lives(peekAs<OdDbBlockTableRecord>(dimension.dimBlockId())))
-    return canvas.leaveOut("no-picture");
-  canvas.show(dimension.dimBlockId(), OdGeMatrix3d::kIdentity);
-}
-
 namespace {
 
 constexpr std::int64_t kViewportOff = 0x20000;
 constexpr std::int64_t kPerspective = 1;
 
-// The groups of the viewport's own section.
+// The groups of the viewport's own section; early files have no sections.
 GroupList viewOf(const OdDbViewport& viewport) {
   GroupList view;
   const GroupList* carried = viewport.carriedOrNull();
-  bool isOwn = false;
+  bool isOwn = true;
   for (std::size_t i = 0; carried != nullptr && i < carried->size(); ++i) {
     if ((*carried)[i].code == 100)
       isOwn = carried->textOf((*carried)[i]) == "AcDbViewport";

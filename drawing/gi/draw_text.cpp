@@ -15,24 +15,46 @@ namespace {
 struct Line {
   struct Part {
     Shaped shaped;
-    double x = 0;
+    double x = 0, y = 0;
     Piece piece;
   };
   std::vector<Part> parts;
   double width = 0;
 };
 
+void add(const Font& font, Piece piece, Line& line, Canvas& canvas) {
+  Line::Part part{canvas.letters().shape(font, piece.text), line.width, 0, {}};
+  line.width += part.shaped.width;
+  if (part.shaped.missing > 0)
+    canvas.leaveOut("letters");
+  part.piece = std::move(piece);
+  line.parts.push_back(std::move(part));
+}
+
+// Letter under letter, each in the middle of the column.
+void stack(Line& line) {
+  constexpr double kStep = 1.5;
+  double y = -1;
+  for (Line::Part& part : line.parts) {
+    part.x = -part.shaped.width / 2;
+    part.y = y;
+    y -= kStep;
+  }
+  line.width = 0;
+}
+
 Line shapeLine(const OdDbText& text, const OdString& string, Canvas& canvas) {
   Line line;
   const Font font = fontOfStyle(text.textStyle());
+  const bool isVertical = isVerticalStyle(text.textStyle());
   for (Piece& piece : piecesOf(string.visible())) {
-    Line::Part part{canvas.letters().shape(font, piece.text), line.width, {}};
-    line.width += part.shaped.width;
-    if (part.shaped.missing > 0)
-      canvas.leaveOut("letters");
-    part.piece = std::move(piece);
-    line.parts.push_back(std::move(part));
+    for (const wchar_t letter : isVertical ? piece.text : std::wstring())
+      add(font, {std::wstring(1, letter), piece.under, piece.over, piece.through}, line, canvas);
+    if (!isVertical)
+      add(font, std::move(piece), line, canvas);
   }
+  if (isVertical)
+    stack(line);
   return line;
 }
 
@@ -96,17 +118,13 @@ void drawBars(const Line::Part& part, const OdGeMatrix3d& toBlock, Canvas& canva
   } bars[] = {{part.piece.under, -0.2}, {part.piece.over, 1.2}, {part.piece.through, 0.5}};
   for (const auto& bar : bars) {
     if (bar.shows)
-      canvas.line(toBlock * OdGePoint3d(part.x, bar.y, 0), toBlock * OdGePoint3d(part.x + part.shaped.width, bar.y, 0));
+      canvas.line(toBlock * OdGePoint3d(part.x, part.y + bar.y, 0),
+                  toBlock * OdGePoint3d(part.x + part.shaped.width, part.y + bar.y, 0));
   }
 }
 
 void drawString(const OdDbText& text, const OdString& string, Canvas& canvas) {
-  const Line line = shapeLine(text, string, canvas);
-  const OdGeMatrix3d toBlock = textToBlock(text, fit(text, line.width));
-  for (const Line::Part& part : line.parts) {
-    canvas.text(part.shaped, toBlock * OdGeMatrix3d::translation({part.x, 0, 0}), canvas.traits().color);
-    drawBars(part, toBlock, canvas);
-  }
+  drawStringAt(text, string, OdGeMatrix3d::kIdentity, canvas);
 }
 
 // ATTMODE: no attributes, those that are visible, or all.
@@ -116,6 +134,15 @@ bool showsAttribute(const OdDbAttributeBase& attribute, const Canvas& canvas) {
 }
 
 } // namespace
+
+void drawStringAt(const OdDbText& text, const OdString& string, const OdGeMatrix3d& place, Canvas& canvas) {
+  const Line line = shapeLine(text, string, canvas);
+  const OdGeMatrix3d toBlock = place * textToBlock(text, fit(text, line.width));
+  for (const Line::Part& part : line.parts) {
+    canvas.text(part.shaped, toBlock * OdGeMatrix3d::translation({part.x, part.y, 0}), canvas.traits().color);
+    drawBars(part, toBlock, canvas);
+  }
+}
 
 void drawText(const OdDbText& text, Canvas& canvas) {
   drawString(text, text.textString(), canvas);

@@ -30,7 +30,7 @@ struct Shaped {
   std::size_t missing = 0;     // letters that no font has; each is an empty frame
 };
 
-class Letters {
+class MVDRAWING_API Letters {
 public:
   Letters();
   ~Letters();

@@ -95,8 +95,9 @@ private:
     take(word);
     Measured measured = measure(word);
     const bool isTooLong = frame_.width > 0 && x_ + measured.width > frame_.width * (1 + 1e-9);
-    if (isTooLong && word.kind != Word::Blank && hasBreak()) {
-      breakLine();
+    const std::size_t keep = breakBefore(word);
+    if (isTooLong && word.kind != Word::Blank && keep > 0) {
+      breakLine(keep);
       take(word);
       measured = measure(word);
     }
@@ -112,17 +113,17 @@ private:
            !(before.word->text.back() >= 0x2E80 || word.text.front() >= 0x2E80);
   }
 
-  bool hasBreak() const { return !lines_.back().words.empty(); }
-
-  // What belongs to the last word (a change of looks within it) goes on into the next line with it.
-  void breakLine() {
-    std::vector<Measured>& words = lines_.back().words;
+  // How many words of the line may stay when it breaks before that word, or before what that one goes on.
+  std::size_t breakBefore(const Word& word) const {
+    const std::vector<Measured>& words = lines_.back().words;
     std::size_t keep = words.size();
-    while (keep > 1 && isGlue(words[keep - 1], *(words[keep - 1].word + 1)) &&
-           words[keep - 1].word->kind == Word::Letters)
-      --keep;
-    if (keep == 1)
-      keep = words.size();
+    for (const Word* next = &word; keep > 0 && isGlue(words[keep - 1], *next); --keep)
+      next = words[keep - 1].word;
+    return keep;
+  }
+
+  void breakLine(std::size_t keep) {
+    std::vector<Measured>& words = lines_.back().words;
     std::vector<Measured> moved(std::make_move_iterator(words.begin() + static_cast<std::ptrdiff_t>(keep)),
                                 std::make_move_iterator(words.end()));
     words.resize(keep, {nullptr, {}, {}, 0, 0});

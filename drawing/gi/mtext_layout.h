@@ -38,6 +38,6 @@ struct TextBlock {
   std::size_t missing = 0;
 };
 
-TextBlock layOut(const std::vector<Word>& words, const Frame& frame, Letters& letters);
+MVDRAWING_API TextBlock layOut(const std::vector<Word>& words, const Frame& frame, Letters& letters);
 
 } // namespace drawing::gi

@@ -30,12 +30,12 @@ bool mayBreakBefore(wchar_t ch) {
          (ch >= 0xFF00 && ch <= 0xFF60) || (ch >= 0x20000 && ch <= 0x3FFFF);
 }
 
-// Letters of fonts with signs for tolerances.
+// Letters of fonts with signs for tolerances. Where hardly any font has the very sign, one that looks like it.
 wchar_t toleranceSign(wchar_t letter) {
   constexpr std::pair<wchar_t, wchar_t> kSigns[] = {
-      {L'a', 0x2220}, {L'b', 0x22A5}, {L'c', 0x23E5}, {L'd', 0x2313}, {L'e', 0x25CB}, {L'f', 0x2225}, {L'g', 0x232D},
-      {L'h', 0x2197}, {L'i', 0x232F}, {L'j', 0x2316}, {L'k', 0x2312}, {L'l', 0x24C1}, {L'm', 0x24C2}, {L'n', 0xD8},
-      {L'p', 0x24C5}, {L'r', 0x25CE}, {L's', 0x24C8}, {L't', 0x2330}, {L'u', 0x23E4}};
+      {L'a', 0x2220}, {L'b', 0x22A5}, {L'c', 0x23E5}, {L'd', 0x2313}, {L'e', 0x25CB}, {L'f', 0x2225}, {L'g', 0x2298},
+      {L'h', 0x2197}, {L'i', 0x2261}, {L'j', 0x2295}, {L'k', 0x2312}, {L'l', L'L'},   {L'm', L'M'},   {L'n', 0xD8},
+      {L'p', L'P'},   {L'r', 0x25CE}, {L's', L'S'},   {L't', 0x21D7}, {L'u', 0x2014}};
   for (const auto& [from, to] : kSigns) {
     if (from == letter)
       return to;

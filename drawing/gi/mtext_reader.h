@@ -37,6 +37,6 @@ struct Word {
 };
 
 // What is no code stands for itself. Letters that may begin a line of their own (ideographs) are words of one letter.
-std::vector<Word> readMText(std::wstring_view contents, const LetterLook& look);
+MVDRAWING_API std::vector<Word> readMText(std::wstring_view contents, const LetterLook& look);
 
 } // namespace drawing::gi

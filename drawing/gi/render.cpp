@@ -126,18 +126,18 @@ private:
   }
 
   void letters(const Item& item) {
-    cairo_set_fill_rule(context_, CAIRO_FILL_RULE_WINDING);
+    cairo_new_path(context_);
     for (std::size_t i = item.first; i < item.end; ++i) {
       const PlacedOutline& letter = list_.letters[i];
-      cairo_new_path(context_);
       for (const std::vector<OdGePoint2d>& ring : *letter.outline) {
         path_.clear();
         for (const OdGePoint2d& point : ring)
           path_.push_back(device_.at(letter.place * point));
         addRing(context_, device_.inside(path_));
       }
-      cairo_fill(context_);
     }
+    cairo_set_fill_rule(context_, CAIRO_FILL_RULE_WINDING);
+    cairo_fill(context_);
   }
 
   // Signs: a dot, nothing, plus, cross, tick; and around it a circle (32), a square (64) or both.

@@ -95,6 +95,11 @@ Font fontOfStyle(OdDbObjectId style) {
   return fontNamed(file);
 }
 
+bool isVerticalStyle(OdDbObjectId style) {
+  const auto* record = peekAs<OdDbTextStyleTableRecord>(style);
+  return record != nullptr && record->isVertical();
+}
+
 double widthFactorOfStyle(OdDbObjectId style) {
   const auto* record = peekAs<OdDbTextStyleTableRecord>(style);
   return record != nullptr && record->xScale() > 0 ? record->xScale() : 1;

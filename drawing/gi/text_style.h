@@ -10,6 +10,7 @@ namespace drawing::gi {
 Font fontOfStyle(OdDbObjectId style);
 // The same for the name of a font file or of a family.
 Font fontNamed(const OdString& name);
+bool isVerticalStyle(OdDbObjectId style); // letter under letter
 double widthFactorOfStyle(OdDbObjectId style);
 double obliqueOfStyle(OdDbObjectId style); // radians
 
@@ -19,6 +20,6 @@ struct Piece {
   bool under = false, over = false, through = false;
 };
 // Reads %%c, %%d, %%p, %%u, %%o, %%k, %%% and %%nnn.
-std::vector<Piece> piecesOf(std::wstring_view text);
+MVDRAWING_API std::vector<Piece> piecesOf(std::wstring_view text);
 
 } // namespace drawing::gi

@@ -64,8 +64,8 @@ void Walk::repeat(Level& level) {
     levels_.pop_back();
     return;
   }
-  const OdGeVector3d by = inset.column * static_cast<double>(level.at % columns) +
-                          inset.row * static_cast<double>(level.at / columns);
+  const OdGeVector3d by =
+      inset.column * static_cast<double>(level.at % columns) + inset.row * static_cast<double>(level.at / columns);
   ++level.at;
   Level contents{inset.place, contentsOf(inset.block), 0, inset.block, nullptr};
   shift(contents.place.toPicture, inset.outer, by);

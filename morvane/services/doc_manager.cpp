@@ -19,6 +19,11 @@ public:
   int refreshViews(mvsi::MvsiApDocument* document) override {
     return pass("refreshViews") && host_.documents().refresh(document) ? RTNORM : RTERROR;
   }
+  int drawOffScreen(mvsi::MvsiApDocument* document, const mvsi::MvsiDeviceRect& rectangle,
+                    mvsi::MvsiImage& image) override {
+    const bool drawn = pass("drawOffScreen") && host_.documents().drawOffScreen(document, rectangle, image);
+    return drawn ? RTNORM : RTERROR;
+  }
 
 private:
   bool pass(const char* operation) { return host_.calls().pass(operation); }

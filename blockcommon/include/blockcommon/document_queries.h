@@ -21,6 +21,11 @@ BLOCKCOMMON_API bool iscurDoc(OdString filePath); // the current one has it
 BLOCKCOMMON_API void checkPointerData(OdSmartPtr<OdDbDatabase> pDb, OdSmartPtr<OdDbBlockTable> pTable,
                                       OdSmartPtr<OdDbDatabase>& pOutDb, OdSmartPtr<OdDbSymbolTableIterator>& pOutIter);
 
+// Draws what the drawing's document shows, or the current document where it has none, 480 by 320 pixels large, and
+// makes it the drawing's thumbnail: a bitmap of 32 bits a pixel whose rows run from the top, kept when the drawing is
+// saved. False, and nothing is stored, for null, without any document and when there is no picture.
+BLOCKCOMMON_API bool createDib(OdSmartPtr<OdDbDatabase>& database);
+
 // -- Definitions. --
 
 BLOCKCOMMON_API bool isBlockNameInCurDb(OdString blockName);

@@ -6,6 +6,7 @@
 #include "Ge/GeMatrix3d.h"
 #include "OdString.h"
 #include "morvane/export.h"
+#include "morvane/off_screen.h"
 
 #include <cstdint>
 #include <functional>
@@ -115,6 +116,10 @@ public:
   // Draws a document's views anew; nothing to do when empty.
   void setRefresher(Refresher refresher) { refresher_ = std::move(refresher); }
   bool refresh(mvsi::MvsiApDocument* document);
+  // Draws the space that the document shows, all of it, into a picture as large as the rectangle. False, and the image
+  // left alone, for a document that is not open, a rectangle without area and one of more than 30000 pixels a side.
+  bool drawOffScreen(const mvsi::MvsiApDocument* document, const mvsi::MvsiDeviceRect& rectangle,
+                     mvsi::MvsiImage& image) const;
   void setCurrentChanged(CurrentChanged changed) { changed_ = std::move(changed); }
 
   // Loads the external references of a drawing; empty: they stay as they are.

@@ -7,6 +7,7 @@
 
 #include "RxObject.h"
 #include "morvane/export.h"
+#include "morvane/off_screen.h"
 #include "morvane/resbuf.h"
 
 namespace mvsi {
@@ -92,4 +93,8 @@ public:
   virtual mvsi::MvsiApDocument* documentAt(int index) = 0; // in order of opening; null outside
   // Has the document draw its views anew. RTERROR for null.
   virtual int refreshViews(mvsi::MvsiApDocument* document) = 0;
+  // A picture of the space that the document shows, as large as the rectangle. RTERROR for null, for a document that is
+  // not open and when the picture cannot be made; the image is then left alone.
+  virtual int drawOffScreen(mvsi::MvsiApDocument* document, const mvsi::MvsiDeviceRect& rectangle,
+                            mvsi::MvsiImage& image) = 0;
 };

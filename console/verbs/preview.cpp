@@ -1,0 +1,166 @@
+#include "console/verbs/job.h"
+#include "console/verbs/preview_options.h"
+#include "console/verbs/verb.h"
+
+#include "GiPicture.h"
+#include "OdFiles.h"
+
+#include <CLI/CLI.hpp>
+
+#include <optional>
+
+namespace console::verbs {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+OdString asText(const std::string& utf8) {
+  return OdString::fromUtf8(utf8);
+}
+
+struct Reason {
+  const char* name;
+  Text text;
+};
+constexpr Reason kReasons[] = {{"body", Text::kNotDrawnBody},
+                               {"cycle", Text::kNotDrawnCycle},
+                               {"depth-clip", Text::kNotDrawnDepthClip},
+                               {"document", Text::kNotDrawnDocument},
+                               {"fine-pattern", Text::kNotDrawnFinePattern},
+                               {"kind", Text::kNotDrawnKind},
+                               {"letters", Text::kNotDrawnLetters},
+                               {"no-block", Text::kNotDrawnNoBlock},
+                               {"no-picture", Text::kNotDrawnNoPicture},
+                               {"page", Text::kNotDrawnPage},
+                               {"perspective", Text::kNotDrawnPerspective},
+                               {"picture-file", Text::kNotDrawnPictureFile},
+                               {"proxy", Text::kNotDrawnProxy},
+                               {"shape-file", Text::kNotDrawnShapeFile},
+                               {"smoothing", Text::kNotDrawnSmoothing},
+                               {"tolerance-note", Text::kNotDrawnToleranceNote},
+                               {"xref-not-loaded", Text::kNotDrawnXref},
+                               {"xref-unloaded", Text::kNotDrawnXrefUnloaded}};
+
+OdString reasonText(const std::string& name) {
+  for (const Reason& reason : kReasons) {
+    if (name == reason.name)
+      return render(reason.text);
+  }
+  return asText(name);
+}
+
+class Preview : public Verb {
+public:
+  void describe(CLI::App& program) override {
+    verb_ = program.add_subcommand("preview", "Draw a picture of a drawing or of a block");
+    verb_->add_option("FILE", in_, "Drawing to read")->required();
+    verb_->add_option("-o,--output", out_, "Picture to write: .png or .svg")->required();
+    CLI::Option* block = verb_->add_option("--block", block_, "The definition of this name in place of the space");
+    verb_->add_option("--layout", layout_, "The sheet of this name; Model is model space (what FILE shows)")
+        ->excludes(block);
+    CLI::Option* png = verb_->add_flag("--png", png_, "Write PNG, whatever the name of the picture");
+    verb_->add_flag("--svg", svg_, "Write SVG, whatever the name of the picture")->excludes(png);
+    verb_->add_option("--size", size_, "Pixels, WxH (480x320)");
+    verb_->add_option("--background", background_, "white, black, none or RRGGBB (white)");
+    verb_->add_flag("--force", force_, "Replace a picture that exists");
+    verb_->add_flag("--json", json_, "Report as one JSON object");
+  }
+  bool isChosen() const override { return verb_->parsed(); }
+  void check() override {
+    if (!isChosen())
+      return;
+    if (!size_.empty() && !readPictureSize(size_, options_))
+      refuseUsage(Text::kBadPictureSize, "--size", size_);
+    if (!background_.empty() && !readBackground(background_, options_))
+      refuseUsage(Text::kBadBackground, "--background", background_);
+    isSvg_ = svg_ || (!png_ && hasEnding(out_, L".svg"));
+    if (!svg_ && !png_ && !isSvg_ && !hasEnding(out_, L".png"))
+      refuseUsage(Text::kBadPictureName, "-o", out_);
+  }
+  Status run(const SessionOptions& settings) override {
+    JobFiles files;
+    files.in = in_;
+    return runJob(settings,
+                  {"preview", files, json_, [this](Session& session, Json& results) { work(session, results); },
+                   [this](Session& session) { tell(session); }});
+  }
+
+private:
+  static bool hasEnding(const std::string& path, const wchar_t* ending) {
+    return asText(path).right(4).iCompare(ending) == 0;
+  }
+
+  OdDbObjectId subject(const OdDbDatabase& database) const {
+    OdDbObjectId id = drawing::currentSpaceOf(database);
+    if (!block_.empty())
+      id = database.symbol(OdDb::kBlockTable, asText(block_));
+    else if (!layout_.empty())
+      id = drawing::layoutBlock(database, asText(layout_));
+    if (id.isNull())
+      refuse(block_.empty() ? Text::kNoSuchLayout : Text::kNoSuchBlock, {asText(block_.empty() ? layout_ : block_)});
+    return id;
+  }
+
+  void work(Session& session, Json& results) {
+    const bool exists = fileExists(out_);
+    if (exists && !force_)
+      refuse(Text::kFileExists, {asText(out_)});
+    const drawing::Picture picture(subject(session.database()), options_);
+    report_ = picture.report();
+    const std::string bytes = isSvg_ ? picture.svg() : picture.png();
+    drawing::ReplaceOptions how;
+    how.refuseExisting = !force_;
+    const drawing::FileError written = drawing::replaceFile(
+        out_, [&bytes](drawing::FileSink& sink) { return sink.append(bytes), drawing::FileError(); }, how);
+    if (!written.ok())
+      throw Failure{Status::SaveFailed, {Text::kSaveFailed, {asText(written.text)}}};
+    results = jsonOf();
+    if (!report_.notDrawn.empty() || report_.reachedLimit)
+      session.note(Status::Repaired);
+  }
+
+  Json jsonOf() const {
+    Json json = {{"file", out_},
+                 {"form", isSvg_ ? "svg" : "png"},
+                 {"width", options_.width},
+                 {"height", options_.height},
+                 {"empty", report_.isEmpty},
+                 {"reachedLimit", report_.reachedLimit},
+                 {"extents", nullptr},
+                 {"notDrawn", Json::array()}};
+    const OdGePoint3d &min = report_.extents.minPoint(), &max = report_.extents.maxPoint();
+    if (report_.extents.isValidExtents())
+      json["extents"] = {min.x, min.y, max.x, max.y};
+    for (const drawing::NotDrawn& one : report_.notDrawn)
+      json["notDrawn"].push_back(
+          {{"kind", one.kind}, {"reason", one.reason}, {"count", one.count}, {"handle", one.first.ascii()}});
+    return json;
+  }
+
+  void tell(Session& session) const {
+    session.result(Text::kPictureMade, {asText(out_), count(static_cast<std::size_t>(options_.width)),
+                                        count(static_cast<std::size_t>(options_.height))});
+    if (report_.isEmpty)
+      session.say(Text::kPictureEmpty);
+    for (const drawing::NotDrawn& one : report_.notDrawn)
+      session.say(Text::kNotDrawn,
+                  {count(one.count), asText(one.kind), reasonText(one.reason), asText(one.first.ascii())});
+    if (report_.reachedLimit)
+      session.say(Text::kPictureLimit);
+  }
+
+  CLI::App* verb_ = nullptr;
+  std::string in_, out_, block_, layout_, size_, background_;
+  bool png_ = false, svg_ = false, force_ = false, json_ = false;
+  bool isSvg_ = false;
+  drawing::PictureOptions options_;
+  drawing::PictureReport report_;
+};
+
+} // namespace
+
+std::unique_ptr<Verb> previewVerb() {
+  return std::make_unique<Preview>();
+}
+
+} // namespace console::verbs
