@@ -31,19 +31,6 @@ void tellIssues(Session& session, const std::string& path, const drawing::Report
     session.say(Text::kMoreIssues, {asText(path), count(told - kMostLines)});
 }
 
-// What could not be loaded of the external references. Nothing of the drawing is lost by it.
-void tellXrefs(Session& session, const std::string& path) {
-  constexpr std::size_t kMostLines = 20;
-  const drawing::Report& report = session.drawing().document->xrefReport();
-  session.addIssues(report);
-  const auto& issues = report.issues();
-  for (std::size_t i = 0; i < issues.size() && i < kMostLines; ++i)
-    session.say(Text::kXrefNote, {asText(path), asText(issues[i].found)});
-  const std::size_t all = issues.size() + report.suppressed();
-  if (all > kMostLines)
-    session.say(Text::kMoreIssues, {asText(path), count(all - kMostLines)});
-}
-
 std::size_t losses(const drawing::Report& report) {
   const auto& issues = report.issues();
   return static_cast<std::size_t>(std::count_if(issues.begin(), issues.end(), isLoss)) + report.suppressed();
@@ -87,13 +74,27 @@ std::size_t objectsInModelSpace(const OdDbDatabase& database) {
 
 } // namespace
 
+void tellXrefs(Session& session) {
+  constexpr std::size_t kMostLines = 20;
+  const std::string& path = session.drawing().path;
+  const OdString name = path.empty() ? render(Text::kUnsavedName) : asText(path);
+  const drawing::Report& report = session.drawing().document->xrefReport();
+  session.addIssues(report);
+  const auto& issues = report.issues();
+  for (std::size_t i = 0; i < issues.size() && i < kMostLines; ++i)
+    session.say(Text::kXrefNote, {name, asText(issues[i].found)});
+  const std::size_t all = issues.size() + report.suppressed();
+  if (all > kMostLines)
+    session.say(Text::kMoreIssues, {name, count(all - kMostLines)});
+}
+
 drawing::Report openDrawing(Session& session, const std::string& path, bool tellsIssues) {
   const drawing::ReadResult read = readOrThrow(session, path);
   const bool repaired = read.report.outcome() != drawing::Outcome::Whole;
   session.adopt(read.database, path, repaired);
   session.say(Text::kOpened, {asText(path), count(objectsInModelSpace(*read.database)),
                               asText(drawing::versionYear(read.database->facts().version))});
-  tellXrefs(session, path);
+  tellXrefs(session);
   if (repaired)
     tellRepaired(session, path, read.report, tellsIssues);
   return read.report;

@@ -28,6 +28,9 @@ struct SaveRequest {
 // not be replaced. The drawing is that file from then on.
 void saveDrawing(Session& session, const SaveRequest& request);
 
+// What could not be loaded of the external references of the open drawing. Nothing is lost by it.
+void tellXrefs(Session& session);
+
 bool fileExists(const std::string& path);
 bool isOrdinaryFile(const std::string& path);                      // or a link to one
 bool isOwnFileRepaired(Session& session, const std::string& path); // the file that the repaired drawing was read from

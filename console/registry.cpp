@@ -26,6 +26,8 @@ const std::vector<Command>& allCommands() {
        commands::attedit},
       {L"ATTSYNC", {}, kHelpAttsync, {kPromptBlockName}, Changes, commands::attsync},
       {L"AUDIT", {}, kHelpAudit, {kPromptFix}, Changes, commands::audit},
+      {L"BCLOSE", {L"BC"}, kHelpBclose, {}, Looks, commands::bclose},
+      {L"BEDIT", {L"BE"}, kHelpBedit, {kPromptEditedBlock}, Looks, commands::bedit},
       {L"BLOCK",
        {L"B"},
        kHelpBlock,
@@ -85,6 +87,12 @@ const std::vector<Command>& allCommands() {
        Changes,
        commands::ucs},
       {L"UNDO", {L"U"}, kHelpUndo, {}, Looks, commands::undo},
+      {L"XREF",
+       {L"XR"},
+       kHelpXref,
+       {kPromptXref, kPromptXrefName, kPromptFileName, kPromptXrefNameOr, kPromptXrefPoint, kPromptScale, kPromptAngle},
+       Changes,
+       commands::xref},
   };
   return table;
 }
