@@ -88,6 +88,7 @@ void drawMText(const OdDbMText& text, Canvas& canvas) {
                 OdGeMatrix3d::rotation(text.rotation(), {0, 0, 1});
   const LetterLook look{fontOfStyle(text.textStyle()), text.textHeight(), widthFactorOfStyle(text.textStyle()),
                         obliqueOfStyle(text.textStyle()), std::nullopt};
+  canvas.charge(static_cast<std::size_t>(text.contents().getLength()));
   box.block = layOut(readMText(text.contents().visible(), look), frame, canvas.letters());
   drawBackground(text, box, canvas);
   drawTextBox(box, canvas);
