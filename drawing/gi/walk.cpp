@@ -47,7 +47,7 @@ void Walk::goOn() {
 }
 
 bool Walk::mayGoOn() {
-  const bool spent = report_.steps >= options_.steps || list_.points.size() + list_.letters.size() >= options_.points;
+  const bool spent = report_.steps >= options_.steps || list_.size() >= options_.points;
   report_.reachedLimit = report_.reachedLimit || spent;
   return !spent;
 }
@@ -113,6 +113,8 @@ void Walk::draw(OdDbObjectId id, const Place& place) {
     return tell(*entity, "kind");
   Canvas canvas(list_, looks_, letters_, place, *entity, traits);
   drawer(*entity, canvas);
+  constexpr std::size_t kWorkOfStep = 16;
+  report_.steps += canvas.work() / kWorkOfStep;
   for (const char* reason : canvas.leftOut())
     tell(*entity, reason);
   // The first inset is drawn first: it has to lie on top of the stack.
