@@ -173,6 +173,21 @@ std::unique_ptr<Job> insertJob(std::size_t entities) {
   });
 }
 
+// Small drawings, one after the other, each as a block with one reference: the growth of a library of parts.
+std::unique_ptr<Job> libraryJob(std::size_t entities) {
+  constexpr std::size_t kInPart = 10;
+  return std::make_unique<FunctionJob>([source = makeDrawing(kInPart), parts = entities / kInPart] {
+    const OdDbDatabasePtr target = OdDbDatabase::create();
+    OdString name;
+    for (std::size_t i = 0; i < parts; ++i) {
+      const auto reference = OdDbBlockReference::createObject();
+      reference->setBlockTableRecord(target->insert(name.format(L"part %d", static_cast<int>(i)), source.get(), true));
+      forWrite<OdDbBlockTableRecord>(target->getModelSpaceId())->appendOdDbEntity(reference.get());
+    }
+    return target->approxNumObjects();
+  });
+}
+
 // A picture of all of it; what is counted is the walk and the drawing of pixels.
 std::unique_ptr<Job> pictureJob(std::size_t entities) {
   return std::make_unique<FunctionJob>([database = makeDrawing(entities)] {
@@ -183,9 +198,9 @@ std::unique_ptr<Job> pictureJob(std::size_t entities) {
 
 const std::map<std::string, JobMaker>& jobs() {
   static const std::map<std::string, JobMaker> table = [] {
-    std::map<std::string, JobMaker> all{{"read", readJob},       {"write", writeJob},  {"make", makeBlockJob},
-                                        {"clone", cloneJob},     {"undo", undoJob},    {"count", countReferencesJob},
-                                        {"picture", pictureJob}, {"insert", insertJob}};
+    std::map<std::string, JobMaker> all{{"read", readJob},       {"write", writeJob},   {"make", makeBlockJob},
+                                        {"clone", cloneJob},     {"undo", undoJob},     {"count", countReferencesJob},
+                                        {"picture", pictureJob}, {"insert", insertJob}, {"library", libraryJob}};
     all.insert(idJobs().begin(), idJobs().end());
     return all;
   }();
