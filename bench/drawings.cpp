@@ -173,6 +173,25 @@ std::unique_ptr<Job> insertJob(std::size_t entities) {
   });
 }
 
+// Many small drawings into one, each with a reference and a look at how often it is shown.
+std::unique_ptr<Job> insertManyJob(std::size_t entities) {
+  constexpr std::size_t kEach = 10;
+  return std::make_unique<FunctionJob>([source = makeDrawing(kEach), files = entities / kEach] {
+    const OdDbDatabasePtr target = OdDbDatabase::create();
+    const auto space = forWrite<OdDbBlockTableRecord>(target->getModelSpaceId());
+    std::size_t shown = 0;
+    for (std::size_t i = 0; i < files; ++i) {
+      OdString name;
+      const OdDbObjectId block = target->insert(name.format(L"file %d", static_cast<int>(i)), source.get(), true);
+      const auto reference = OdDbBlockReference::createObject();
+      reference->setBlockTableRecord(block);
+      space->appendOdDbEntity(reference.get());
+      shown += static_cast<std::size_t>(commonFun::getBlockReferenceCount(block));
+    }
+    return shown;
+  });
+}
+
 // A picture of all of it; what is counted is the walk and the drawing of pixels.
 std::unique_ptr<Job> pictureJob(std::size_t entities) {
   return std::make_unique<FunctionJob>([database = makeDrawing(entities)] {
@@ -183,9 +202,9 @@ std::unique_ptr<Job> pictureJob(std::size_t entities) {
 
 const std::map<std::string, JobMaker>& jobs() {
   static const std::map<std::string, JobMaker> table = [] {
-    std::map<std::string, JobMaker> all{{"read", readJob},       {"write", writeJob},  {"make", makeBlockJob},
-                                        {"clone", cloneJob},     {"undo", undoJob},    {"count", countReferencesJob},
-                                        {"picture", pictureJob}, {"insert", insertJob}};
+    std::map<std::string, JobMaker> all{{"read", readJob},       {"write", writeJob},   {"make", makeBlockJob},
+                                        {"clone", cloneJob},     {"undo", undoJob},     {"count", countReferencesJob},
+                                        {"picture", pictureJob}, {"insert", insertJob}, {"insert-many", insertManyJob}};
     all.insert(idJobs().begin(), idJobs().end());
     return all;
   }();
