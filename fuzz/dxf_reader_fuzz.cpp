@@ -1,7 +1,8 @@
 // Any bytes: they are a drawing or they are refused, within the memory that is allowed. What was read is audited,
-// mended and written, and what was written is read again.
+// mended and drawn; it is written, and what was written is read again.
 #include "DbAudit.h"
 #include "DbDxf.h"
+#include "GiPicture.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -14,6 +15,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (read.database.isNull())
     return 0;
   drawing::auditDrawing(*read.database, true);
+  drawing::PictureOptions picture;
+  picture.width = picture.height = 100;
+  picture.points = picture.steps = 200'000;
+  drawing::Picture(drawing::currentSpaceOf(*read.database), picture).bitmap();
   const std::string written = drawing::writeDrawingToMemory(*read.database);
   if (drawing::readDrawingFromMemory(written, "written").database.isNull())
     std::abort();

@@ -266,14 +266,15 @@ std::vector<Polygon> hatchLoops(const OdDbHatch& hatch) {
 }
 
 std::optional<std::vector<HatchLine>> hatchLines(const OdDbHatch& hatch, const std::vector<Polygon>& loops,
-                                                 std::size_t most) {
+                                                 std::size_t most, std::size_t* spent) {
   std::vector<HatchLine> lines;
   std::size_t left = most;
-  for (const PatternLine& line : patternOf(hatch.groups())) {
-    if (!Cutter(line, loops, left, lines).run())
-      return std::nullopt;
-  }
-  return lines;
+  bool isWhole = true;
+  for (const PatternLine& line : patternOf(hatch.groups()))
+    isWhole = isWhole && Cutter(line, loops, left, lines).run();
+  if (spent != nullptr)
+    *spent = most - left;
+  return isWhole ? std::optional(std::move(lines)) : std::nullopt;
 }
 
 std::optional<std::vector<Trapezoid>> hatchArea(const std::vector<Polygon>& loops, std::size_t most) {

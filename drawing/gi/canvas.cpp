@@ -30,7 +30,8 @@ OdGePoint2d Canvas::project(const OdGePoint3d& point) const {
   return (place_.toPicture * point).convert2d();
 }
 
-std::vector<OdGePoint2d> Canvas::project(const Path& path) const {
+std::vector<OdGePoint2d> Canvas::project(const Path& path) {
+  charge(path.size());
   std::vector<OdGePoint2d> flat;
   flat.reserve(path.size() + 1);
   for (const OdGePoint3d& point : path)
@@ -99,6 +100,7 @@ Inset& Canvas::show(OdDbObjectId block, const OdGeMatrix3d& matrix) {
 }
 
 void Canvas::cut(Inset& inset, std::vector<OdGePoint2d> polygon, bool inverted) {
+  charge(polygon.size());
   inset.place.clip = list_.addClip(inset.place.clip, std::move(polygon), inverted);
 }
 

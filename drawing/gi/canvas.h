@@ -49,7 +49,7 @@ public:
   double scale() const { return scale_; } // of lengths, about
 
   OdGePoint2d project(const OdGePoint3d& point) const;
-  std::vector<OdGePoint2d> project(const Path& path) const;
+  std::vector<OdGePoint2d> project(const Path& path);
   Pen pen() const { return looks_.pen(traits_, scale_); }
 
   void stroke(const Path& path, bool closed = false) { stroke(path, closed, pen()); }
@@ -68,6 +68,10 @@ public:
   void cut(Inset& inset, std::vector<OdGePoint2d> polygon, bool inverted = false);
   std::vector<Inset>& insets() { return insets_; }
 
+  // Work that leaves nothing in the picture counts, too: points looked at, characters read.
+  void charge(std::size_t work) { work_ += work; }
+  std::size_t work() const { return work_; }
+
   // Tells that the entity, or a part of it, is not in the picture.
   void leaveOut(const char* reason);
   const std::vector<const char*>& leftOut() const { return leftOut_; }
@@ -81,6 +85,7 @@ private:
   Traits traits_;
   double scale_;
   bool isOff_;
+  std::size_t work_ = 0;
   std::vector<Inset> insets_;
   std::vector<const char*> leftOut_;
 };

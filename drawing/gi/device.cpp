@@ -57,8 +57,8 @@ Part partInside(const OdGePoint2d& a, const OdGePoint2d& b, const Box& box) {
 // Goes along a path and takes down what the pen draws of it.
 class Tracer {
 public:
-  Tracer(const Pen& pen, double scale) {
-    if (pen.pattern == nullptr)
+  Tracer(const Pen& pen, double scale, std::size_t& dashesLeft) : dashesLeft_(dashesLeft) {
+    if (pen.pattern == nullptr || dashesLeft == 0)
       return;
     for (const double dash : *pen.pattern) {
       dashes_.push_back(dash * pen.patternScale * scale);
@@ -97,12 +97,14 @@ private:
   }
 
   void add(const OdGePoint2d& from, const OdGePoint2d& to) {
+    dashesLeft_ -= std::min<std::size_t>(dashesLeft_, dashes_.empty() ? 0 : 1);
     if (!pieces_.empty() && pieces_.back().back().x == from.x && pieces_.back().back().y == from.y)
       pieces_.back().push_back(to);
     else
       pieces_.push_back({from, to});
   }
 
+  std::size_t& dashesLeft_;
   std::vector<double> dashes_;
   double period_ = 0, along_ = 0;
   std::vector<Pixels> pieces_;
@@ -137,12 +139,12 @@ Pixels Device::inside(const Pixels& ring) const {
   return kept;
 }
 
-std::vector<Pixels> Device::strokes(const Pixels& path, const Pen& pen, double width) const {
+std::vector<Pixels> Device::strokes(const Pixels& path, const Pen& pen, double width) {
   const double margin = std::min(kMargin + width, kMostMargin);
   const Box box{-margin, -margin, view_.width + margin, view_.height + margin};
   if (path.size() == 1)
     return contains(path[0]) ? std::vector<Pixels>{{path[0], path[0]}} : std::vector<Pixels>{};
-  Tracer tracer(pen, view_.scale);
+  Tracer tracer(pen, view_.scale, dashesLeft_);
   for (std::size_t i = 0; i + 1 < path.size(); ++i)
     tracer.segment(path[i], path[i + 1], partInside(path[i], path[i + 1], box));
   return tracer.take();

@@ -31,11 +31,11 @@ public:
   std::vector<OdGePoint2d> inside(const std::vector<OdGePoint2d>& ring) const;
   // What a pen of that width leaves along the path, as far as it can be seen. Patterns finer than a pixel or two are
   // drawn through.
-  std::vector<std::vector<OdGePoint2d>> strokes(const std::vector<OdGePoint2d>& path, const Pen& pen,
-                                                double width) const;
+  std::vector<std::vector<OdGePoint2d>> strokes(const std::vector<OdGePoint2d>& path, const Pen& pen, double width);
 
 private:
   View view_;
+  std::size_t dashesLeft_ = 20'000'000; // of the whole picture; then patterns are drawn through
 };
 
 } // namespace drawing::gi

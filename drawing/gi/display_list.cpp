@@ -38,6 +38,7 @@ std::int32_t DisplayList::addClip(std::int32_t parent, std::vector<OdGePoint2d> 
       clip.box.add(point);
   if (parent >= 0)
     clip.box.cutAt(clips[static_cast<std::size_t>(parent)].box);
+  clipPoints_ += polygon.size();
   clip.polygon = std::move(polygon);
   clip.inverted = inverted;
   clips.push_back(std::move(clip));
@@ -57,10 +58,18 @@ void DisplayList::grow(Box box, std::int32_t clip) {
   extents.add({box.maxX, box.maxY});
 }
 
+// One of the latest pens when it is the same: drawings change between few.
 void DisplayList::add(ItemKind kind, const Pen& pen, std::int32_t clip, std::size_t first, std::size_t end) {
-  if (pens.empty() || !(pens.back() == pen))
+  constexpr std::size_t kLatest = 16;
+  std::size_t at = pens.size();
+  const std::size_t oldest = at - std::min(at, kLatest);
+  while (at > oldest && !(pens[at - 1] == pen))
+    --at;
+  if (at == oldest) {
     pens.push_back(pen);
-  items.push_back({kind, static_cast<std::uint32_t>(pens.size() - 1), clip, first, end});
+    at = pens.size();
+  }
+  items.push_back({kind, static_cast<std::uint32_t>(at - 1), clip, first, end});
 }
 
 void DisplayList::stroke(const std::vector<OdGePoint2d>& path, const Pen& pen, std::int32_t clip) {

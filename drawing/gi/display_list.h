@@ -94,6 +94,7 @@ public:
 
   std::int32_t addClip(std::int32_t parent, std::vector<OdGePoint2d> polygon, bool inverted);
   bool showsNothing(std::int32_t clip) const;
+  std::size_t size() const { return points.size() + letters.size() + clipPoints_; } // what memory goes with
 
   // Points that are not finite end the stroke; lists of less than one point add nothing.
   void stroke(const std::vector<OdGePoint2d>& path, const Pen& pen, std::int32_t clip);
@@ -105,6 +106,8 @@ public:
 private:
   void add(ItemKind kind, const Pen& pen, std::int32_t clip, std::size_t first, std::size_t end);
   void grow(Box box, std::int32_t clip);
+
+  std::size_t clipPoints_ = 0;
 };
 
 } // namespace drawing::gi

@@ -58,7 +58,9 @@ bool isSolid(const OdDbHatch& hatch) {
 }
 
 void drawPattern(const OdDbHatch& hatch, const std::vector<Polygon>& loops, const HatchPlane& plane, Canvas& canvas) {
-  const auto lines = hatchLines(hatch, loops, kMostCuts);
+  std::size_t cuts = 0;
+  const auto lines = hatchLines(hatch, loops, kMostCuts, &cuts);
+  canvas.charge(cuts / 4); // they are quick
   if (!lines || lines->size() > kMostLines) {
     // So fine a pattern is an even tint.
     Color tint = canvas.traits().color;

@@ -13,7 +13,7 @@ namespace drawing::gi {
 
 namespace {
 
-constexpr std::size_t kMostColumns = 1000;
+constexpr std::int64_t kMostColumns = 1000;
 
 // The groups of columns: of a text that is written in two forms, the newer one behind group 101.
 struct ColumnCodes {
@@ -41,8 +41,9 @@ void takeColumns(const OdDbMText& text, Frame& frame) {
   const double height = isEmbedded ? keptReal(groups, 41, text.definedHeight()) : text.definedHeight();
   for (std::size_t i = groups.find(codes.height); i < groups.size(); i = groups.find(codes.height, i + 1))
     frame.columns.push_back({groups[i].kind == GroupKind::Real ? groups[i].real : 0});
-  const auto count = static_cast<std::size_t>(std::clamp<std::int64_t>(keptInteger(groups, codes.count), 0, 1000));
-  const std::size_t wanted = count > 0 ? count : kMostColumns;
+  const auto count =
+      static_cast<std::size_t>(std::clamp<std::int64_t>(keptInteger(groups, codes.count), 0, kMostColumns));
+  const std::size_t wanted = count > 0 ? count : std::size_t{kMostColumns};
   while (frame.columns.size() < wanted && height > 0)
     frame.columns.push_back({height});
 }
@@ -88,6 +89,7 @@ void drawMText(const OdDbMText& text, Canvas& canvas) {
                 OdGeMatrix3d::rotation(text.rotation(), {0, 0, 1});
   const LetterLook look{fontOfStyle(text.textStyle()), text.textHeight(), widthFactorOfStyle(text.textStyle()),
                         obliqueOfStyle(text.textStyle()), std::nullopt};
+  canvas.charge(static_cast<std::size_t>(text.contents().getLength()));
   box.block = layOut(readMText(text.contents().visible(), look), frame, canvas.letters());
   drawBackground(text, box, canvas);
   drawTextBox(box, canvas);

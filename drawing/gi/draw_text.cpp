@@ -136,6 +136,7 @@ bool showsAttribute(const OdDbAttributeBase& attribute, const Canvas& canvas) {
 } // namespace
 
 void drawStringAt(const OdDbText& text, const OdString& string, const OdGeMatrix3d& place, Canvas& canvas) {
+  canvas.charge(static_cast<std::size_t>(string.getLength()));
   const Line line = shapeLine(text, string, canvas);
   const OdGeMatrix3d toBlock = place * textToBlock(text, fit(text, line.width));
   for (const Line::Part& part : line.parts) {

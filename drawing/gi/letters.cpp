@@ -16,8 +16,9 @@ namespace {
 
 constexpr int kSize = 512; // pixels of the size in which outlines are taken
 constexpr double kFlatness = 1.5;
-constexpr std::size_t kMostTexts = 20'000; // that are kept
-constexpr double kUsualCapital = 0.72;     // of the font's size, where a font has no letter H
+constexpr std::size_t kMostKept = 1'000'000; // letters of texts that may come again
+constexpr std::size_t kLongestText = 10'000; // what is behind counts as missing
+constexpr double kUsualCapital = 0.72;       // of the font's size, where a font has no letter H
 
 template <class T, void (*Free)(T*)>
 struct Freer {
@@ -208,13 +209,14 @@ struct Letters::Engine {
   std::map<GlyphKey, Glyph> glyphs;
   std::map<std::pair<GlyphKey, double>, std::shared_ptr<const Outline>> outlines;
   std::unordered_map<std::string, Shaped> texts;
+  std::size_t kept = 0; // letters in them
 };
 
 Letters::Letters() : engine_(std::make_unique<Engine>()) {}
 Letters::~Letters() = default;
 
 const Shaped& Letters::shape(const Font& font, std::wstring_view text) {
-  const std::string utf8 = lineOf(text);
+  const std::string utf8 = lineOf(text.substr(0, kLongestText));
   std::string key = font.family;
   key += font.bold ? "\1" : "\2";
   key += font.italic ? "\1" : "\2";
@@ -222,10 +224,14 @@ const Shaped& Letters::shape(const Font& font, std::wstring_view text) {
   const auto found = engine_->texts.find(key);
   if (found != engine_->texts.end())
     return found->second;
-  if (engine_->texts.size() >= kMostTexts)
-    engine_->texts.clear();
   Shaped shaped;
   engine_->run(font, utf8, 1 / engine_->capital(font), shaped);
+  shaped.missing += text.size() - std::min(text.size(), kLongestText);
+  engine_->kept += shaped.letters.size() + 1;
+  if (engine_->kept > kMostKept) {
+    engine_->texts.clear();
+    engine_->kept = shaped.letters.size() + 1;
+  }
   return engine_->texts.emplace(std::move(key), std::move(shaped)).first->second;
 }
 

@@ -45,7 +45,7 @@ wchar_t toleranceSign(wchar_t letter) {
 
 class Reader {
 public:
-  Reader(std::wstring_view text, const LetterLook& look) : text_(text), base_(look), look_(look) {}
+  Reader(std::wstring_view text, const LetterLook& look) : text_(text), look_(look) {}
 
   std::vector<Word> read() {
     while (at_ < text_.size())
@@ -88,9 +88,9 @@ private:
   void code(wchar_t ch) {
     constexpr std::wstring_view kSwitches = L"LlOoKk", kValues = L"AaCcFfHhQqTtWwp";
     if (ch == L'P' || ch == L'X')
-      end(Word::LineEnd);
+      add(Word::LineEnd);
     else if (ch == L'N')
-      end(Word::ColumnEnd);
+      add(Word::ColumnEnd);
     else if (ch == L'~')
       letter(0xA0);
     else if (ch == L'S')
@@ -207,7 +207,7 @@ private:
   void control() {
     const wchar_t ch = at_ < text_.size() ? text_[at_++] : L' ';
     if (ch == L'J')
-      end(Word::LineEnd);
+      add(Word::LineEnd);
     else if (ch == L'I')
       add(Word::Tab);
     else if (ch == L' ')
@@ -229,7 +229,7 @@ private:
     if (ch == L' ')
       add(Word::Blank);
     else if (ch == L'\n')
-      end(Word::LineEnd);
+      add(Word::LineEnd);
     else if (ch == L'\t')
       add(Word::Tab);
     else if (ch >= 32)
@@ -250,8 +250,6 @@ private:
            a.color == b.color && a.under == b.under && a.over == b.over && a.through == b.through;
   }
 
-  void end(Word::Kind kind) { add(kind); }
-
   Word& add(Word::Kind kind) {
     Word& word = words_.emplace_back();
     word.kind = kind;
@@ -262,7 +260,7 @@ private:
   }
 
   std::wstring_view text_;
-  LetterLook base_, look_;
+  LetterLook look_;
   std::vector<LetterLook> looks_;
   ParagraphLook paragraph_;
   std::vector<Word> words_;

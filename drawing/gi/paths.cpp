@@ -15,6 +15,7 @@ namespace {
 
 constexpr double kStep = OdaPI / 60;
 constexpr int kStepsOfSpan = 12; // of a curve through points
+constexpr int kHighestDegree = 25;
 
 OdGeVector3d xAxisOf(const OdGeVector3d& normal) {
   return OdGeMatrix3d::planeToWorld(normal) * OdGeVector3d(1, 0, 0);
@@ -79,6 +80,8 @@ Path pathOf(const OdDbSpline& spline) {
   Path path;
   if (spline.controlPoints().empty())
     return smoothThrough(spline.fitPoints(), spline.isClosed());
+  if (spline.degree() > kHighestDegree) // the work grows with its square
+    return spline.controlPoints();
   flattenNurbs({spline.degree(), spline.knots(), spline.controlPoints(), spline.weights()}, path);
   return path.empty() ? spline.controlPoints() : path;
 }

@@ -14,7 +14,7 @@ using db::peekAs;
 namespace {
 
 constexpr std::int32_t kKindOfOpacity = 0x7F000000, kOpacityByBlock = 0x01000000, kOpacityGiven = 0x02000000;
-constexpr std::int16_t kWeightByLayer = -1, kWeightByBlock = -2;
+constexpr std::int16_t kWeightByLayer = -1, kWeightByBlock = -2, kDefaultWeight = 25;
 
 std::uint8_t opacityOf(std::int64_t value) {
   return (value & kKindOfOpacity) == kOpacityGiven ? static_cast<std::uint8_t>(value & 255) : 255;
@@ -45,7 +45,6 @@ bool isNamed(OdDbObjectId linetype, const wchar_t* name) {
 
 Looks::Looks(const OdDbDatabase& host, Color background)
     : host_(host), foreground_(foregroundOn(background)), background_(background) {
-  defaultWeight_ = 25;
   const double scale = host.headerReal("LTSCALE", 1);
   linetypeScale_ = std::isfinite(scale) && scale > 0 ? scale : 1;
   showsWeights_ = host.headerInt("LWDISPLAY") != 0;
@@ -157,7 +156,7 @@ Pen Looks::pen(const Traits& traits, double blockScale) const {
   pen.pattern = traits.pattern;
   pen.patternScale = linetypeScale_ * traits.patternScale * blockScale;
   if (showsWeights_)
-    pen.weight = (traits.weight < 0 ? defaultWeight_ : traits.weight) / 100.0;
+    pen.weight = (traits.weight < 0 ? kDefaultWeight : traits.weight) / 100.0;
   return pen;
 }
 

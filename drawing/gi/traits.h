@@ -65,7 +65,6 @@ private:
 
   const OdDbDatabase& host_;
   Color foreground_, background_;
-  std::int16_t defaultWeight_ = 25;
   double linetypeScale_ = 1;
   bool showsWeights_ = false;
   LayerLook nowhere_;
