@@ -3,11 +3,11 @@
 #include "console/drawing_io.h"
 #include "console/entities.h"
 #include "console/numbers.h"
+#include "console/placement.h"
 
 #include "DbBlockReference.h"
 #include "DbXrefBind.h"
 #include "morvane/system_services.h"
-#include "morvane/units.h"
 
 #include <filesystem>
 
@@ -81,15 +81,6 @@ OdDbBlockTableRecordPtr xrefFor(Session& session, const AttachRequest& request) 
   return present;
 }
 
-// A drawing without units says nothing about lengths.
-double unitsScale(const OdDbDatabase& database, const OdDbBlockTableRecord& xref) {
-  const auto own = morvane::unitsFactor(database.getINSUNITS());
-  const auto theirs = morvane::unitsFactor(xref.blockInsertUnits());
-  const bool known = database.getINSUNITS() != OdDb::kUnitsUndefined &&
-                     xref.blockInsertUnits() != OdDb::kUnitsUndefined && own && theirs;
-  return known ? *theirs / *own : 1;
-}
-
 } // namespace
 
 std::string externalFile(Session& session, const std::string& typed) {
@@ -149,7 +140,7 @@ OdString xrefState(XrefStatus wanted) {
 void attachXref(CommandContext& context, const AttachRequest& request) {
   Session& session = context.session;
   const OdDbBlockTableRecordPtr xref = xrefFor(session, request);
-  const double units = unitsScale(context.database, *xref);
+  const double units = unitsFactor(xref->objectId());
   const double scale = units * request.scale;
   const OdDbBlockReferencePtr reference = OdDbBlockReference::createObject();
   reference->setDatabaseDefaults(&context.database);
