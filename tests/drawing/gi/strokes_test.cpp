@@ -25,7 +25,7 @@ TEST(Strokes, FollowTheirLineTypes) {
                             "0|LTYPE\n2|DOTTED\n70|0\n3|.\n72|65\n73|2\n40|25\n49|0\n49|-25\n0|ENDTAB\n";
   const std::string layers = "0|TABLE\n2|LAYER\n70|1\n0|LAYER\n2|L\n70|0\n62|7\n6|DASHED\n0|ENDTAB\n";
   struct Case {
-    const char* line;   // its properties
+    const char* line;   // its properties, and its places where they are not 0 to 100
     const char* header; // LTSCALE
     const char* drawn;  // at 5, 15, 25 ... 95
     const char* what;
@@ -38,12 +38,18 @@ TEST(Strokes, FollowTheirLineTypes) {
       {"8|0\n6|DASHED\n48|2\n", "1", "##..##..##", "the line's own scale"},
       {"8|0\n6|DASHED\n", "2", "##..##..##", "the drawing's scale"},
       {"8|0\n6|DASHED\n48|0.01\n", "1", "##########", "too fine to show"},
+      {"8|0\n6|DASHED\n10|-1010\n20|50.5\n11|99\n21|50.5\n", "1", ".#.#.#.#.#", "begins outside"},
+      {"8|0\n6|DASHED\n66|1\n70|0\n0|VERTEX\n8|0\n10|0\n20|50.5\n0|VERTEX\n8|0\n10|15\n20|50.5\n0|VERTEX\n8|0\n10|"
+       "100\n20|50.5\n0|SEQEND\n8|0\n",
+       "1", "#.#.#.#.#.", "goes on over a corner"},
   };
   for (const Case& one : cases) {
-    const std::string file =
-        "0|SECTION\n2|HEADER\n9|$ACADVER\n1|AC1009\n9|$LTSCALE\n40|" + std::string(one.header) + "\n0|ENDSEC\n" +
-        tests::section("TABLES", types + layers) +
-        tests::section("ENTITIES", "0|LINE\n" + std::string(one.line) + "10|0\n20|50.5\n11|100\n21|50.5\n");
+    const std::string line = one.line;
+    const bool isPolyline = line.find("VERTEX") != line.npos, isPlaced = line.find("10|") != line.npos;
+    const std::string file = "0|SECTION\n2|HEADER\n9|$ACADVER\n1|AC1009\n9|$LTSCALE\n40|" + std::string(one.header) +
+                             "\n0|ENDSEC\n" + tests::section("TABLES", types + layers) +
+                             tests::section("ENTITIES", (isPolyline ? "0|POLYLINE\n" : "0|LINE\n") + line +
+                                                            (isPlaced ? "" : "10|0\n20|50.5\n11|100\n21|50.5\n"));
     const drawing::ReadResult read = drawing::readDrawingFromMemory(tests::dxf(file, ""));
     ASSERT_FALSE(read.database.isNull()) << read.message;
     const std::string row = Shot(read.database).row(50.5);
