@@ -1,0 +1,77 @@
+// Trees of all references of real drawings: as large as they were counted to be, each node found again by its chain,
+// and below each the references that another program sees in its definition.
+#include "blockcommon/reference_graph.h"
+#include "console/reference_tree.h"
+#include "tests/corpus/drawings.h"
+
+#include "DbDxf.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <map>
+#include <nlohmann/json.hpp>
+
+namespace {
+
+using Inner = std::map<std::string, int>; // how often a definition shows each other one
+using Answers = std::map<std::string, Inner>;
+
+// By definition; none when nobody else has looked into the drawing.
+std::optional<Answers> answersFor(const std::string& path) {
+  std::ifstream file(corpus::folder() + "truth/" + path.substr(corpus::folder().size()) + ".truth.json");
+  if (!file)
+    return std::nullopt;
+  return nlohmann::json::parse(file)["nesting"]["edges"].get<Answers>();
+}
+
+struct Sum {
+  std::size_t trees = 0, nodes = 0, compared = 0;
+};
+
+void lookAt(OdDbObjectId picked, const std::optional<Answers>& answers, Sum& sum) {
+  CRefGraph graph;
+  graph.create(picked);
+  OdDbObjectIdArray chain{picked};
+  std::vector<CRefGraphNode*> nodes{graph.find(chain)};
+  std::uint64_t inChains = 0;
+  for (std::size_t at = 0; at < nodes.size(); ++at) {
+    CRefGraphNode& node = *nodes[at];
+    ASSERT_TRUE(graph.getRefStack(chain, &node));
+    EXPECT_EQ(graph.find(chain), &node);
+    inChains += chain.size();
+    Inner inner;
+    for (CRefGraphNode* child : node.children) {
+      ++inner[child->name.toUtf8()];
+      nodes.push_back(child);
+    }
+    if (!answers)
+      continue;
+    const auto known = answers->find(node.name.toUtf8());
+    EXPECT_EQ(inner, known == answers->end() ? Inner() : known->second) << node.name.toUtf8();
+    sum.compared += known != answers->end();
+  }
+  const console::TreeSize size = console::sizeOfTree(picked);
+  EXPECT_EQ(size.nodes, nodes.size());
+  EXPECT_EQ(size.inChains, inChains);
+  ++sum.trees;
+  sum.nodes += nodes.size();
+}
+
+TEST(ReferenceGraph, IsWhatTheDrawingsHold) {
+  Sum sum;
+  for (const std::string& path : corpus::paths()) {
+    SCOPED_TRACE(path);
+    const drawing::ReadResult read = drawing::readDrawingFromMemory(corpus::textOf(path));
+    const std::optional<Answers> answers = answersFor(path);
+    for (const OdDbObjectId id : read.database.isNull() ? std::vector<OdDbObjectId>() : read.database->allIds()) {
+      if (!OdDbBlockReference::cast(id.safeOpenObject()).isNull())
+        lookAt(id, answers, sum);
+    }
+  }
+  EXPECT_GE(sum.trees, 530u);
+  EXPECT_GE(sum.compared, 50u);
+  std::cout << sum.trees << " trees, " << sum.nodes << " nodes, " << sum.compared << " known\n";
+}
+
+} // namespace
