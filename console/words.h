@@ -349,6 +349,17 @@ enum class Text : unsigned short {
   kEditorOpened,
   kEditorClosed,
   kEditorNotOpen,
+  // Several drawings
+  kHelpDocs,
+  kPromptDocs,
+  kKeywordsDocs,
+  kPromptDocNumber,
+  kNoSuchDoc,
+  kDocLine,
+  kDocCurrent,
+  kDocModified,
+  kDocIsCurrent,
+  kOnlyDoc,
   // Inserting
   kHelpInsert,
   kPromptInsertName,
