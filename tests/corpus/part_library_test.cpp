@@ -30,13 +30,13 @@ private:
   std::filesystem::path path_;
 };
 
-struct Run {
+struct Finished {
   int status;
   std::string results;
 };
 
-Run run(const std::vector<std::string>& arguments) {
-  Run run{0, {}};
+Finished run(const std::vector<std::string>& arguments) {
+  Finished run{0, {}};
   console::Surroundings surroundings;
   surroundings.host.keepsConfig = false;
   surroundings.talk = [](const OdString&) {};
@@ -82,7 +82,7 @@ TEST(PartLibrary, ShowsEveryPartAsItsFileHasIt) {
   }
   ASSERT_EQ(run({"-c", "SAVEAS " + folder.file("empty.dxf") + " 2018\n"}).status, 0);
   const std::string out = folder.file("all.dxf");
-  const Run made = run({"insert", folder.file("empty.dxf"), "--file-list", folder.file("list.txt"), "--grid",
+  const Finished made = run({"insert", folder.file("empty.dxf"), "--file-list", folder.file("list.txt"), "--grid",
                         "20,1000,1000", "--defaults", "--json", "-o", out});
   EXPECT_EQ(made.status, 4); // three of the files are damaged, and said to be
   const Json inserted = Json::parse(made.results)["results"]["inserted"];
