@@ -173,18 +173,22 @@ std::unique_ptr<Job> insertJob(std::size_t entities) {
   });
 }
 
-// Small drawings, one after the other, each as a block with one reference: the growth of a library of parts.
-std::unique_ptr<Job> libraryJob(std::size_t entities) {
-  constexpr std::size_t kInPart = 10;
-  return std::make_unique<FunctionJob>([source = makeDrawing(kInPart), parts = entities / kInPart] {
+// Many small drawings into one, each with a reference and a look at how often it is shown.
+std::unique_ptr<Job> insertManyJob(std::size_t entities) {
+  constexpr std::size_t kEach = 10;
+  return std::make_unique<FunctionJob>([source = makeDrawing(kEach), files = entities / kEach] {
     const OdDbDatabasePtr target = OdDbDatabase::create();
-    OdString name;
-    for (std::size_t i = 0; i < parts; ++i) {
+    const auto space = forWrite<OdDbBlockTableRecord>(target->getModelSpaceId());
+    std::size_t shown = 0;
+    for (std::size_t i = 0; i < files; ++i) {
+      OdString name;
+      const OdDbObjectId block = target->insert(name.format(L"file %d", static_cast<int>(i)), source.get(), true);
       const auto reference = OdDbBlockReference::createObject();
-      reference->setBlockTableRecord(target->insert(name.format(L"part %d", static_cast<int>(i)), source.get(), true));
-      forWrite<OdDbBlockTableRecord>(target->getModelSpaceId())->appendOdDbEntity(reference.get());
+      reference->setBlockTableRecord(block);
+      space->appendOdDbEntity(reference.get());
+      shown += static_cast<std::size_t>(commonFun::getBlockReferenceCount(block));
     }
-    return target->approxNumObjects();
+    return shown;
   });
 }
 
@@ -200,7 +204,7 @@ const std::map<std::string, JobMaker>& jobs() {
   static const std::map<std::string, JobMaker> table = [] {
     std::map<std::string, JobMaker> all{{"read", readJob},       {"write", writeJob},   {"make", makeBlockJob},
                                         {"clone", cloneJob},     {"undo", undoJob},     {"count", countReferencesJob},
-                                        {"picture", pictureJob}, {"insert", insertJob}, {"library", libraryJob}};
+                                        {"picture", pictureJob}, {"insert", insertJob}, {"insert-many", insertManyJob}};
     all.insert(idJobs().begin(), idJobs().end());
     return all;
   }();

@@ -95,8 +95,8 @@ private:
     take(word);
     Measured measured = measure(word);
     const bool isTooLong = frame_.width > 0 && x_ + measured.width > frame_.width * (1 + 1e-9);
-    const std::size_t keep = breakBefore(word);
-    if (isTooLong && word.kind != Word::Blank && keep > 0) {
+    const std::size_t keep = isTooLong && word.kind != Word::Blank ? breakBefore(word) : 0;
+    if (keep > 0) {
       breakLine(keep);
       take(word);
       measured = measure(word);
@@ -113,12 +113,17 @@ private:
            !(before.word->text.back() >= 0x2E80 || word.text.front() >= 0x2E80);
   }
 
-  // How many words of the line may stay when it breaks before that word, or before what that one goes on.
+  // How many words of the line may stay when it breaks before that word, or before what that one goes on. What changes
+  // its look over and over breaks anywhere.
   std::size_t breakBefore(const Word& word) const {
+    constexpr std::size_t kLongest = 64;
     const std::vector<Measured>& words = lines_.back().words;
     std::size_t keep = words.size();
-    for (const Word* next = &word; keep > 0 && isGlue(words[keep - 1], *next); --keep)
+    for (const Word* next = &word; keep > 0 && isGlue(words[keep - 1], *next); --keep) {
+      if (words.size() - keep == kLongest)
+        return words.size();
       next = words[keep - 1].word;
+    }
     return keep;
   }
 

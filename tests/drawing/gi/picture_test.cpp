@@ -228,6 +228,7 @@ TEST(Picture, EndsWithinItsLimits) {
     EXPECT_TRUE(empty.report().reachedLimit);
     EXPECT_LE(empty.report().steps, 5'000u + 400 / 16);
     EXPECT_TRUE(empty.report().isEmpty);
+    EXPECT_GE(reportOf(drawingOf(content)).steps, content.size() / 20);
   }
 }
 

@@ -25,7 +25,7 @@ TEST(Strokes, FollowTheirLineTypes) {
                             "0|LTYPE\n2|DOTTED\n70|0\n3|.\n72|65\n73|2\n40|25\n49|0\n49|-25\n0|ENDTAB\n";
   const std::string layers = "0|TABLE\n2|LAYER\n70|1\n0|LAYER\n2|L\n70|0\n62|7\n6|DASHED\n0|ENDTAB\n";
   struct Case {
-    const char* line;   // its properties
+    const char* line;   // its properties, and its places where they are not 0 to 100
     const char* header; // LTSCALE
     const char* drawn;  // at 5, 15, 25 ... 95
     const char* what;
@@ -38,12 +38,18 @@ TEST(Strokes, FollowTheirLineTypes) {
       {"8|0\n6|DASHED\n48|2\n", "1", "##..##..##", "the line's own scale"},
       {"8|0\n6|DASHED\n", "2", "##..##..##", "the drawing's scale"},
       {"8|0\n6|DASHED\n48|0.01\n", "1", "##########", "too fine to show"},
+      {"8|0\n6|DASHED\n10|-1010\n20|50.5\n11|99\n21|50.5\n", "1", ".#.#.#.#.#", "begins outside"},
+      {"8|0\n6|DASHED\n66|1\n70|0\n0|VERTEX\n8|0\n10|0\n20|50.5\n0|VERTEX\n8|0\n10|15\n20|50.5\n0|VERTEX\n8|0\n10|"
+       "100\n20|50.5\n0|SEQEND\n8|0\n",
+       "1", "#.#.#.#.#.", "goes on over a corner"},
   };
   for (const Case& one : cases) {
-    const std::string file =
-        "0|SECTION\n2|HEADER\n9|$ACADVER\n1|AC1009\n9|$LTSCALE\n40|" + std::string(one.header) + "\n0|ENDSEC\n" +
-        tests::section("TABLES", types + layers) +
-        tests::section("ENTITIES", "0|LINE\n" + std::string(one.line) + "10|0\n20|50.5\n11|100\n21|50.5\n");
+    const std::string line = one.line;
+    const bool isPolyline = line.find("VERTEX") != line.npos, isPlaced = line.find("10|") != line.npos;
+    const std::string file = "0|SECTION\n2|HEADER\n9|$ACADVER\n1|AC1009\n9|$LTSCALE\n40|" + std::string(one.header) +
+                             "\n0|ENDSEC\n" + tests::section("TABLES", types + layers) +
+                             tests::section("ENTITIES", (isPolyline ? "0|POLYLINE\n" : "0|LINE\n") + line +
+                                                            (isPlaced ? "" : "10|0\n20|50.5\n11|100\n21|50.5\n"));
     const drawing::ReadResult read = drawing::readDrawingFromMemory(tests::dxf(file, ""));
     ASSERT_FALSE(read.database.isNull()) << read.message;
     const std::string row = Shot(read.database).row(50.5);
@@ -83,6 +89,9 @@ TEST(Strokes, AreWhereTheirCurvesAre) {
        "8|0 "
        "70|192 10|90 20|90.5 0|VERTEX 8|0 70|128 10|0 20|0 71|1 72|2 73|-3 0|SEQEND 8|0",
        89.9, 50, 50, 50},
+      {"0|DIMENSION 8|0 70|1 10|50 20|80.5 11|50 21|90 13|10 23|10 14|90 24|10", 30, 80.5, 50, 40},
+      {"0|DIMENSION 8|0 70|0 10|50.5 20|50 11|60 21|50 13|10 23|10 14|30 24|90 50|90", 50.5, 30, 20, 50},
+      {"0|DIMENSION 8|0 70|4 10|10 20|50.5 11|50 21|70 15|90 25|50.5", 50, 50.5, 50, 40},
       {"0|XLINE 8|0 100|AcDbXline 10|1000 20|50.5 11|1 21|0", 50, 50.5, 50, 54},
       {"0|RAY 8|0 100|AcDbRay 10|50 20|50.5 11|-1 21|0", 20, 50.5, 80, 50.5},
   };
@@ -128,6 +137,18 @@ TEST(Strokes, OfLaterKindsToo) {
            "0\n12|1\n"
            "22|0\n32|0\n13|0\n23|1\n33|0\n74|2\n41|10.5\n41|0\n75|0\n74|2\n41|-10\n41|0\n75|0\n",
        20, 60.5, 50, 60.5},
+      {"0|MULTILEADER\n5|A\n" + head +
+           "100|AcDbMLeader\n270|2\n300|CONTEXT_DATA{\n40|1\n41|5\n140|16\n304|HH\n12|85\n22|60\n32|0\n302|LEADER{"
+           "\n290|1\n"
+           "10|60\n20|50.5\n30|0\n11|1\n21|0\n31|0\n40|20\n304|LEADER_LINE{\n10|10\n20|50.5\n30|0\n305|}\n303|}\n301|}"
+           "\n172|"
+           "2\n",
+       75, 50.5, 85, 50.5}, // as far as the dogleg
+      {"0|TOLERANCE\n5|A\n" + head + "100|AcDbFcf\n10|10\n20|50\n30|0\n1|.5%%vA\n11|1\n21|0\n31|0\n", 10.1, 50, 50, 50},
+      {"0|IMAGE\n5|A\n" + head +
+           "100|AcDbRasterImage\n90|0\n10|10\n20|10\n30|0\n11|0.5\n21|0\n31|0\n12|0\n22|0.5\n32|0\n13|160\n23|81\n70|"
+           "7\n",
+       50, 50.5, 50, 30},
       {"0|WIPEOUT\n5|A\n" + head +
            "100|AcDbWipeout\n90|0\n10|0\n20|0\n30|0\n11|100\n21|0\n31|0\n12|0\n22|100\n32|0\n13|1\n23|1\n70|7\n280|"
            "1\n71|1\n"
