@@ -11,6 +11,7 @@
 #include "DbText.h"
 #include "GiPicture.h"
 #include "blockcommon/creation.h"
+#include "blockcommon/document_queries.h"
 #include "morvane/testing.h"
 
 #include <functional>
@@ -140,6 +141,57 @@ std::unique_ptr<Job> undoJob(std::size_t entities) {
   });
 }
 
+// As many blocks as entities, each counted.
+std::unique_ptr<Job> countReferencesJob(std::size_t entities) {
+  OdDbDatabasePtr database = OdDbDatabase::create();
+  const auto table = forWrite<OdDbBlockTable>(database->getBlockTableId());
+  const auto space = forWrite<OdDbBlockTableRecord>(database->getModelSpaceId());
+  OdDbObjectIdArray blocks;
+  for (std::size_t i = 0; i < entities; ++i) {
+    const auto block = OdDbBlockTableRecord::createObject();
+    OdString name;
+    block->setName(name.format(L"part %d", static_cast<int>(i)));
+    blocks.append(table->add(block.get()));
+    const auto reference = OdDbBlockReference::createObject();
+    reference->setBlockTableRecord(blocks.last());
+    space->appendOdDbEntity(reference.get());
+  }
+  return std::make_unique<FunctionJob>([database, blocks] {
+    int count = 0;
+    for (const OdDbObjectId& block : blocks)
+      count += commonFun::getBlockReferenceCount(block);
+    return static_cast<std::size_t>(count);
+  });
+}
+
+std::unique_ptr<Job> insertJob(std::size_t entities) {
+  const OdDbDatabasePtr source = makeDrawing(entities);
+  return std::make_unique<FunctionJob>([source] {
+    const OdDbDatabasePtr target = OdDbDatabase::create();
+    target->insert(L"part", source.get(), true);
+    return target->approxNumObjects();
+  });
+}
+
+// Many small drawings into one, each with a reference and a look at how often it is shown.
+std::unique_ptr<Job> insertManyJob(std::size_t entities) {
+  constexpr std::size_t kEach = 10;
+  return std::make_unique<FunctionJob>([source = makeDrawing(kEach), files = entities / kEach] {
+    const OdDbDatabasePtr target = OdDbDatabase::create();
+    const auto space = forWrite<OdDbBlockTableRecord>(target->getModelSpaceId());
+    std::size_t shown = 0;
+    for (std::size_t i = 0; i < files; ++i) {
+      OdString name;
+      const OdDbObjectId block = target->insert(name.format(L"file %d", static_cast<int>(i)), source.get(), true);
+      const auto reference = OdDbBlockReference::createObject();
+      reference->setBlockTableRecord(block);
+      space->appendOdDbEntity(reference.get());
+      shown += static_cast<std::size_t>(commonFun::getBlockReferenceCount(block));
+    }
+    return shown;
+  });
+}
+
 // A picture of all of it; what is counted is the walk and the drawing of pixels.
 std::unique_ptr<Job> pictureJob(std::size_t entities) {
   return std::make_unique<FunctionJob>([database = makeDrawing(entities)] {
@@ -150,8 +202,9 @@ std::unique_ptr<Job> pictureJob(std::size_t entities) {
 
 const std::map<std::string, JobMaker>& jobs() {
   static const std::map<std::string, JobMaker> table = [] {
-    std::map<std::string, JobMaker> all{{"read", readJob},   {"write", writeJob}, {"make", makeBlockJob},
-                                        {"clone", cloneJob}, {"undo", undoJob},   {"picture", pictureJob}};
+    std::map<std::string, JobMaker> all{{"read", readJob},       {"write", writeJob},   {"make", makeBlockJob},
+                                        {"clone", cloneJob},     {"undo", undoJob},     {"count", countReferencesJob},
+                                        {"picture", pictureJob}, {"insert", insertJob}, {"insert-many", insertManyJob}};
     all.insert(idJobs().begin(), idJobs().end());
     return all;
   }();

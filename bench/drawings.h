@@ -25,7 +25,8 @@ public:
   virtual std::size_t run() = 0;
 };
 // "read", "write", "make" (a block of everything), "clone" (into another drawing), "undo" (a move and its undo),
-// "picture", and those over arrays of ids (id_jobs.cpp); null for other names.
+// "picture", "count" (the references to each of as many blocks), "insert" (the drawing as a block of another),
+// "insert-many" (as many entities in small drawings), and those over arrays of ids (id_jobs.cpp); null for other names.
 std::unique_ptr<Job> makeJob(const std::string& name, std::size_t entities);
 const std::vector<std::string>& jobNames();
 

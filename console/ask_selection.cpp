@@ -2,6 +2,7 @@
 #include "console/ask.h"
 #include "console/selection.h"
 
+#include "GiPick.h"
 #include "morvane/drawing_tools.h"
 
 #include <unordered_set>
@@ -12,7 +13,8 @@ namespace {
 // One prompt after the other; what they pick is added, or taken away after Remove.
 class Picking {
 public:
-  explicit Picking(Session& session) : session_(session), objects_(objectsOf(qzutads::currentSpaceId())) {}
+  explicit Picking(Session& session)
+      : session_(session), space_(qzutads::currentSpaceId()), objects_(objectsOf(space_)) {}
 
   OdDbObjectIdArray run() {
     while (const auto keyword =
@@ -31,6 +33,10 @@ private:
       pickPrevious();
     else if (keyword == L"Last")
       pickLast();
+    else if (keyword == L"Window" || keyword == L"Crossing")
+      pickCorners(keyword == L"Window");
+    else if (keyword == L"Fence")
+      pickFence();
     else if (keyword == L"All")
       pickBy({Selector::Kind::All, {}});
     else if (keyword == L"Layer")
@@ -39,6 +45,31 @@ private:
       pickNamed(Selector::Kind::Type, Text::kPromptSelectType);
     else
       pickNamed(Selector::Kind::Handle, Text::kPromptSelectHandle);
+  }
+  // Seen along the z axis of the UCS.
+  drawing::ViewPicker picker() {
+    OdGeMatrix3d ucs;
+    mvsi::mvsidbUcsMatrix(ucs, &session_.database());
+    return drawing::ViewPicker(space_, ucs.inverse());
+  }
+  // A typed point is the first corner: what is inside when the other one lies to the right, else what is touched.
+  void pickFrom(const OdGePoint3d& corner) {
+    const OdGePoint3d other = askRequiredPoint(session_, Text::kPromptOtherCorner);
+    pickBetween(corner, other, other.x >= corner.x);
+  }
+  void pickCorners(bool whole) {
+    const OdGePoint3d corner = askRequiredPoint(session_, Text::kPromptCorner);
+    pickBetween(corner, askRequiredPoint(session_, Text::kPromptOtherCorner), whole);
+  }
+  void pickBetween(const OdGePoint3d& corner, const OdGePoint3d& other, bool whole) {
+    const OdGePoint2d from(corner.x, corner.y), to(other.x, other.y);
+    pick(whole ? picker().inside(from, to) : picker().touching(from, to));
+  }
+  void pickFence() {
+    std::vector<OdGePoint2d> path;
+    while (const auto point = askPoint(session_, path.empty() ? Text::kPromptFence : Text::kPromptFenceNext))
+      path.push_back({point->x, point->y});
+    pick(picker().along(path));
   }
   void pick(const OdDbObjectIdArray& ids) {
     for (const OdDbObjectId id : ids)
@@ -76,6 +107,7 @@ private:
   }
 
   Session& session_;
+  const OdDbObjectId space_;
   const OdDbObjectIdArray objects_;
   Picks picks_;
   bool removes_ = false;

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <charconv>
+#include <optional>
 #include <unordered_map>
 
 namespace console {
@@ -49,17 +50,20 @@ std::array<std::size_t, kColumnCount> columnsOf(const CsvTable& table, const std
   return columns;
 }
 
+using Misfit = std::optional<Message>; // why a row does not fit
+
 class Import {
 public:
   Import(OdDbDatabase& database, std::array<std::size_t, kColumnCount> columns)
       : database_(database), columns_(columns) {}
 
   void take(const CsvRow& row) {
-    try {
-      set(row, find(row));
-    } catch (const Message& reason) {
-      result_.misfits.push_back({row.line, reason});
-    }
+    const AttributeRow* attribute = nullptr;
+    Misfit misfit = find(row, attribute);
+    if (!misfit)
+      misfit = set(row, *attribute);
+    if (misfit)
+      result_.misfits.push_back({row.line, *misfit});
   }
   ImportedAttributes result() const { return result_; }
 
@@ -68,56 +72,60 @@ private:
     return columns_[column] == kNowhere ? OdString() : OdString::fromUtf8(row.cells[columns_[column]]);
   }
 
-  // Of a reference that is there; the same for all its rows.
-  const ReferenceAttributes& attributesBehind(const OdString& handle) {
+  // Of a reference; null when there is none. The same for all its rows.
+  const ReferenceAttributes* attributesBehind(const OdString& handle) {
     const auto number = parseHandle(handle.toUtf8());
     const OdDbObjectId id = number ? database_.getOdDbObjectId(*number) : OdDbObjectId();
     const auto known = references_.find(id);
     if (known != references_.end())
-      return known->second;
+      return &known->second;
     const OdDbBlockReferencePtr reference = OdDbBlockReference::cast(id.safeOpenObject());
-    if (reference.isNull())
-      throw Message{Text::kMisfitHandle, {handle}};
-    return references_.emplace(id, *reference).first->second;
+    return reference.isNull() ? nullptr : &references_.emplace(id, *reference).first->second;
   }
 
-  const AttributeRow& find(const CsvRow& row) {
-    const OdString handle = cell(row, kHandle), tag = cell(row, kTag), typed = cell(row, kOrdinal);
-    const ReferenceAttributes& attributes = attributesBehind(handle);
-    if (attributes.count(tag) == 0)
-      throw Message{Text::kMisfitTag, {handle, tag}};
-    const std::string digits = typed.toUtf8();
+  // Empty is the first; nothing for what is no number.
+  static std::optional<int> ordinalOf(const std::string& digits) {
     int ordinal = 1;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), ordinal);
-    const bool isNumber = digits.empty() || (error == std::errc() && end == digits.data() + digits.size());
-    const AttributeRow* found = isNumber ? attributes.find(tag, ordinal) : nullptr;
-    if (found == nullptr)
-      throw Message{Text::kMisfitOrdinal, {handle, console::count(attributes.count(tag)), tag, typed}};
-    const OdString block = cell(row, kBlock);
-    if (!block.isEmpty() && block.iCompare(found->block) != 0)
-      throw Message{Text::kMisfitBlock, {handle, found->block, block}};
-    return *found;
+    const bool isNumber = error == std::errc() && end == digits.data() + digits.size();
+    return isNumber || digits.empty() ? std::optional(ordinal) : std::nullopt;
   }
 
-  void set(const CsvRow& row, const AttributeRow& attribute) {
+  Misfit find(const CsvRow& row, const AttributeRow*& found) {
+    const OdString handle = cell(row, kHandle), tag = cell(row, kTag), typed = cell(row, kOrdinal);
+    const ReferenceAttributes* attributes = attributesBehind(handle);
+    if (attributes == nullptr)
+      return Message{Text::kMisfitHandle, {handle}};
+    const std::size_t equal = attributes->count(tag);
+    if (equal == 0)
+      return Message{Text::kMisfitTag, {handle, tag}};
+    found = attributes->find(tag, ordinalOf(typed.toUtf8()).value_or(0));
+    if (found == nullptr)
+      return Message{Text::kMisfitOrdinal, {handle, count(equal), tag, typed}};
+    const OdString block = cell(row, kBlock);
+    if (!block.isEmpty() && block.iCompare(found->block) != 0)
+      return Message{Text::kMisfitBlock, {handle, found->block, block}};
+    return {};
+  }
+
+  Misfit set(const CsvRow& row, const AttributeRow& attribute) {
     const auto [given, isFirst] = lines_.emplace(attribute.attribute, row.line);
     if (!isFirst)
-      throw Message{Text::kMisfitTwice, {console::count(given->second)}};
+      return Message{Text::kMisfitTwice, {count(given->second)}};
     const OdString name = attributeName(attribute);
     switch (changeValue(attribute.attribute, cell(row, kValue))) {
-    case ValueChange::Set:
-    case ValueChange::SetWithoutField:
-      ++result_.changed;
-      return;
+    case ValueChange::Locked:
+      return Message{Text::kAttributeLocked, {name}};
+    case ValueChange::Constant:
+      return Message{Text::kAttributeConstant, {name}};
+    case ValueChange::Lines:
+      return Message{Text::kAttributeLines, {name}};
     case ValueChange::Same:
       ++result_.same;
-      return;
-    case ValueChange::Locked:
-      throw Message{Text::kAttributeLocked, {name}};
-    case ValueChange::Constant:
-      throw Message{Text::kAttributeConstant, {name}};
-    case ValueChange::Lines:
-      throw Message{Text::kAttributeLines, {name}};
+      return {};
+    default:
+      ++result_.changed;
+      return {};
     }
   }
 

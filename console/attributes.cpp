@@ -6,9 +6,6 @@
 #include "DbField.h"
 #include "morvane/drawing_tools.h"
 
-#include <charconv>
-#include <optional>
-
 namespace console {
 namespace {
 
@@ -26,23 +23,7 @@ std::vector<const char*> flagsOf(const OdDbAttribute& attribute) {
   return flags;
 }
 
-// The number behind the last '#'; nothing when there is none.
-std::optional<int> ordinalOf(const OdString& typed, int sharp) {
-  const std::string digits = typed.mid(sharp + 1).toUtf8();
-  int ordinal = 0;
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), ordinal);
-  const bool whole = error == std::errc() && end == digits.data() + digits.size();
-  return whole ? std::optional(ordinal) : std::nullopt;
-}
-
 } // namespace
-
-std::wstring foldedTag(const OdString& tag) {
-  OdString capitals = tag;
-  for (int i = 0; i < capitals.getLength(); ++i)
-    capitals.setAt(i, odFoldCase(capitals.getAt(i)));
-  return capitals.str();
-}
 
 OdString shownBlockName(const OdDbBlockReference& reference) {
   const OdDbObjectId dynamic = OdDbDynBlockReference(&reference).dynamicBlockTableRecord();
@@ -63,36 +44,14 @@ ReferenceAttributes::ReferenceAttributes(const OdDbBlockReference& reference) {
       continue;
     if (rows_.empty())
       block = shownBlockName(reference);
-    std::vector<std::size_t>& places = places_[foldedTag(attribute->tag())];
-    places.push_back(rows_.size());
-    rows_.push_back({reference.objectId(), attribute->objectId(), block, attribute->tag(),
-                     static_cast<int>(places.size()), attribute->textString(), flagsOf(*attribute)});
+    const int ordinal = places_.add(attribute->tag());
+    rows_.push_back({reference.objectId(), attribute->objectId(), block, attribute->tag(), ordinal,
+                     attribute->textString(), flagsOf(*attribute)});
   }
 }
 
-std::size_t ReferenceAttributes::count(const OdString& tag) const {
-  const auto found = places_.find(foldedTag(tag));
-  return found == places_.end() ? 0 : found->second.size();
-}
-
-const AttributeRow* ReferenceAttributes::find(const OdString& tag, int ordinal) const {
-  const auto found = places_.find(foldedTag(tag));
-  if (found == places_.end() || ordinal < 1 || static_cast<std::size_t>(ordinal) > found->second.size())
-    return nullptr;
-  return &rows_[found->second[static_cast<std::size_t>(ordinal) - 1]];
-}
-
-const AttributeRow* ReferenceAttributes::findTyped(const OdString& typed) const {
-  if (const AttributeRow* whole = find(typed, 1); whole != nullptr)
-    return whole;
-  const int sharp = typed.reverseFind(L'#');
-  const std::optional<int> ordinal = sharp < 0 ? std::nullopt : ordinalOf(typed, sharp);
-  if (!ordinal)
-    return nullptr;
-  if (sharp > 0)
-    return find(typed.left(sharp), *ordinal);
-  const bool there = *ordinal >= 1 && static_cast<std::size_t>(*ordinal) <= rows_.size();
-  return there ? &rows_[static_cast<std::size_t>(*ordinal) - 1] : nullptr;
+const AttributeRow* ReferenceAttributes::at(std::optional<std::size_t> place) const {
+  return place ? &rows_[*place] : nullptr;
 }
 
 std::vector<AttributeRow> attributesOf(const OdDbDatabase& database) {

@@ -1,19 +1,16 @@
 // Attributes of references: how they are named, listed and changed.
 #pragma once
 
+#include "console/tag_places.h"
+
 #include "DbBlockReference.h"
 #include "OdString.h"
 
-#include <map>
-#include <string>
 #include <vector>
 
 class OdDbDatabase;
 
 namespace console {
-
-// A tag as it is compared.
-std::wstring foldedTag(const OdString& tag);
 
 // Attributes of one tag are told apart by their ordinal, in their order on the reference.
 struct AttributeRow {
@@ -30,15 +27,15 @@ class ReferenceAttributes {
 public:
   explicit ReferenceAttributes(const OdDbBlockReference& reference);
   const std::vector<AttributeRow>& rows() const { return rows_; }
-  std::size_t count(const OdString& tag) const;
-  // Tags are compared without regard to case. Null when there is none.
-  const AttributeRow* find(const OdString& tag, int ordinal) const;
-  // TAG, TAG#2 for the second of that tag, or #3 for the third of all.
-  const AttributeRow* findTyped(const OdString& typed) const;
+  std::size_t count(const OdString& tag) const { return places_.count(tag); }
+  // Null when there is none.
+  const AttributeRow* find(const OdString& tag, int ordinal) const { return at(places_.find(tag, ordinal)); }
+  const AttributeRow* findTyped(const OdString& typed) const { return at(places_.findTyped(typed)); }
 
 private:
+  const AttributeRow* at(std::optional<std::size_t> place) const;
   std::vector<AttributeRow> rows_;
-  std::map<std::wstring, std::vector<std::size_t>> places_; // by the folded tag
+  TagPlaces places_;
 };
 
 // "TAG", or "TAG#2" for the second of that tag.

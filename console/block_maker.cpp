@@ -2,9 +2,9 @@
 #include "console/selection.h"
 
 #include "DbAnnotationScale.h"
-#include "DbAttribute.h"
 #include "DbBlockReference.h"
 #include "DbBlockTable.h"
+#include "blockcommon/attributes.h"
 #include "blockcommon/creation.h"
 #include "blockcommon/properties.h"
 #include "blockcommon/transforms.h"
@@ -62,18 +62,6 @@ double referenceScale(const BlockRequest& request, OdDbDatabase& database) {
   return 1 / factor;
 }
 
-void addAttributes(OdDbBlockReference& reference, OdDbObjectId block) {
-  const OdGeMatrix3d place = reference.blockTransform();
-  for (const OdDbObjectId id : objectsOf(block)) {
-    const OdDbAttributeDefinitionPtr definition = OdDbAttributeDefinition::cast(id.safeOpenObject());
-    if (definition.isNull() || definition->isConstant())
-      continue;
-    const OdDbAttributePtr attribute = OdDbAttribute::createObject();
-    attribute->setAttributeFromBlock(definition.get(), place);
-    reference.appendAttribute(attribute.get());
-  }
-}
-
 // A reference that shows the objects exactly where they were.
 OdDbObjectId placeReference(OdDbDatabase& database, const BlockRequest& request, OdDbObjectId block,
                             const OdGeMatrix3d& frame) {
@@ -84,7 +72,7 @@ OdDbObjectId placeReference(OdDbDatabase& database, const BlockRequest& request,
     refuse(Text::kReferenceFailed, {request.name});
   const OdDbBlockTableRecordPtr space = request.space.safeOpenObject(OdDb::kForWrite);
   const OdDbObjectId id = space->appendOdDbEntity(reference.get());
-  addAttributes(*reference, block);
+  blockUtils::processBlockTbRefAsDefaultAttri(reference.get());
   return id;
 }
 

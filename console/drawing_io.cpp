@@ -5,6 +5,7 @@
 #include "OdFiles.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace console {
 namespace {
@@ -30,19 +31,6 @@ void tellIssues(Session& session, const std::string& path, const drawing::Report
     session.say(Text::kMoreIssues, {asText(path), count(told - kMostLines)});
 }
 
-// What could not be loaded of the external references. Nothing of the drawing is lost by it.
-void tellXrefs(Session& session, const std::string& path) {
-  constexpr std::size_t kMostLines = 20;
-  const drawing::Report& report = session.drawing().document->xrefReport();
-  session.addIssues(report);
-  const auto& issues = report.issues();
-  for (std::size_t i = 0; i < issues.size() && i < kMostLines; ++i)
-    session.say(Text::kXrefNote, {asText(path), asText(issues[i].found)});
-  const std::size_t all = issues.size() + report.suppressed();
-  if (all > kMostLines)
-    session.say(Text::kMoreIssues, {asText(path), count(all - kMostLines)});
-}
-
 std::size_t losses(const drawing::Report& report) {
   const auto& issues = report.issues();
   return static_cast<std::size_t>(std::count_if(issues.begin(), issues.end(), isLoss)) + report.suppressed();
@@ -59,6 +47,21 @@ bool isSameFile(const std::string& one, const std::string& other) {
          first.file == second.file;
 }
 
+drawing::ReadResult readOrThrow(Session& session, const std::string& path) {
+  drawing::ReadResult read = drawing::readDrawing(path, session.reading());
+  session.addIssues(read.report);
+  if (read.database.isNull())
+    throw Failure{Status::Unreadable, {Text::kUnreadable, {asText(read.message)}}};
+  return read;
+}
+
+void tellRepaired(Session& session, const std::string& path, const drawing::Report& report, bool tellsIssues) {
+  session.say(Text::kRepaired, {asText(path), count(losses(report))});
+  if (tellsIssues)
+    tellIssues(session, path, report, Text::kReadIssue);
+  session.note(Status::Repaired);
+}
+
 std::size_t objectsInModelSpace(const OdDbDatabase& database) {
   const OdDbBlockTableRecordPtr space = database.getModelSpaceId().safeOpenObject();
   std::size_t objects = 0;
@@ -71,23 +74,37 @@ std::size_t objectsInModelSpace(const OdDbDatabase& database) {
 
 } // namespace
 
+void tellXrefs(Session& session) {
+  constexpr std::size_t kMostLines = 20;
+  const std::string& path = session.drawing().path;
+  const OdString name = path.empty() ? render(Text::kUnsavedName) : asText(path);
+  const drawing::Report& report = session.drawing().document->xrefReport();
+  session.addIssues(report);
+  const auto& issues = report.issues();
+  for (std::size_t i = 0; i < issues.size() && i < kMostLines; ++i)
+    session.say(Text::kXrefNote, {name, asText(issues[i].found)});
+  const std::size_t all = issues.size() + report.suppressed();
+  if (all > kMostLines)
+    session.say(Text::kMoreIssues, {name, count(all - kMostLines)});
+}
+
 drawing::Report openDrawing(Session& session, const std::string& path, bool tellsIssues) {
-  const drawing::ReadResult read = drawing::readDrawing(path, session.reading());
-  session.addIssues(read.report);
-  if (read.database.isNull())
-    throw Failure{Status::Unreadable, {Text::kUnreadable, {asText(read.message)}}};
+  const drawing::ReadResult read = readOrThrow(session, path);
   const bool repaired = read.report.outcome() != drawing::Outcome::Whole;
   session.adopt(read.database, path, repaired);
   session.say(Text::kOpened, {asText(path), count(objectsInModelSpace(*read.database)),
                               asText(drawing::versionYear(read.database->facts().version))});
-  tellXrefs(session, path);
-  if (!repaired)
-    return read.report;
-  session.say(Text::kRepaired, {asText(path), count(losses(read.report))});
-  if (tellsIssues)
-    tellIssues(session, path, read.report, Text::kReadIssue);
-  session.note(Status::Repaired);
+  tellXrefs(session);
+  if (repaired)
+    tellRepaired(session, path, read.report, tellsIssues);
   return read.report;
+}
+
+OdDbDatabasePtr readBeside(Session& session, const std::string& path) {
+  const drawing::ReadResult read = readOrThrow(session, path);
+  if (read.report.outcome() != drawing::Outcome::Whole)
+    tellRepaired(session, path, read.report, true);
+  return read.database;
 }
 
 void saveDrawing(Session& session, const SaveRequest& request) {
@@ -114,6 +131,11 @@ void saveDrawing(Session& session, const SaveRequest& request) {
 bool fileExists(const std::string& path) {
   drawing::FileStatus status;
   return fileStatus(path, status);
+}
+
+bool isOrdinaryFile(const std::string& path) {
+  std::error_code error;
+  return std::filesystem::is_regular_file(path, error);
 }
 
 bool isOwnFileRepaired(Session& session, const std::string& path) {

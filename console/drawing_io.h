@@ -14,6 +14,9 @@ namespace console {
 // the reading.
 drawing::Report openDrawing(Session& session, const std::string& path, bool tellsIssues = true);
 
+// Reads the file beside the open drawing. What was repaired is told and noted; a file that cannot be read throws.
+OdDbDatabasePtr readBeside(Session& session, const std::string& path);
+
 struct SaveRequest {
   std::string path;
   OdDb::DwgVersion version = OdDb::kVersionUnknown; // unknown: the version that the drawing came in
@@ -25,7 +28,11 @@ struct SaveRequest {
 // not be replaced. The drawing is that file from then on.
 void saveDrawing(Session& session, const SaveRequest& request);
 
+// What could not be loaded of the external references of the open drawing. Nothing is lost by it.
+void tellXrefs(Session& session);
+
 bool fileExists(const std::string& path);
+bool isOrdinaryFile(const std::string& path);                      // or a link to one
 bool isOwnFileRepaired(Session& session, const std::string& path); // the file that the repaired drawing was read from
 std::string versionToWrite(const OdDbDatabase& database, OdDb::DwgVersion wanted);
 // Refuses the names of files that would not be what they are called.

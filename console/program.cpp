@@ -1,7 +1,7 @@
 #include "console/program.h"
 #include "console/command_loop.h"
 #include "console/drawing_io.h"
-#include "console/line_editor.h"
+#include "console/user_input.h"
 #include "console/verbs/verb.h"
 
 #include <CLI/CLI.hpp>
@@ -10,7 +10,6 @@
 #include <charconv>
 #include <cstdio>
 #include <iostream>
-#include <unistd.h>
 
 namespace console {
 namespace {
@@ -29,7 +28,7 @@ struct Options {
 
 SessionOptions sessionOptions(const Surroundings& surroundings, const Options& given) {
   SessionOptions options{surroundings.host, surroundings.talk, surroundings.results, false,
-                         given.noPrompt,    given.reading};
+                         given.noPrompt,    given.reading,     surroundings.input};
   if (!given.configFile.empty())
     options.host.configFile = given.configFile;
   return options;
@@ -73,10 +72,8 @@ bool chooseSource(Session& session, const Options& options, std::istream* given)
     if (script == nullptr)
       return false;
     session.answerFrom(std::move(script));
-  } else if (given == nullptr && isatty(STDIN_FILENO) != 0) {
-    session.answerFrom(makeLineEditor(session.lineShared()));
   } else {
-    session.answerFrom(std::make_shared<morvane::StreamSource>(given == nullptr ? std::cin : *given, true));
+    answerFromUser(session, given);
   }
   return true;
 }

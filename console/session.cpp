@@ -158,10 +158,15 @@ void Session::fail(const Failure& failure) {
 
 Status Session::run(const Command& command) {
   const std::string name = OdString(command.name).toUtf8();
+  const mvsi::MvsiApDocumentPtr document = drawing_.document;
+  const OdString edited = document->blockEditorName();
   const Status status = attempt(name.c_str(), command.kind, [&] {
     CommandContext context{*this, drawing_, database()};
     command.run(context);
   });
+  // The block may be gone by undo or purging.
+  if (!edited.isEmpty() && drawing_.document == document && document->blockEditorName().isEmpty())
+    say(Text::kEditorClosed, {edited});
   if (command.kind != Command::Kind::Selects)
     host_.selections().setFirst(nullptr, nullptr);
   return status;

@@ -54,6 +54,7 @@ struct SessionOptions {
   bool quiet = false;                           // results are kept for a machine-readable report, not written
   bool noPrompt = false;                        // questions are not asked but refused
   drawing::ReadOptions reading = {};            // for every drawing that is opened
+  std::istream* input = nullptr;                // what answers the questions of jobs; null: standard input
 };
 
 class Session {

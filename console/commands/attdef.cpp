@@ -53,7 +53,7 @@ void askModes(Session& session, Wishes& wishes) {
     std::vector<OdString> on;
     for (std::size_t mode = 0; mode < kModeCount; ++mode) {
       if (wishes.modes[mode])
-        on.push_back(kModes[mode]);
+        on.emplace_back(kModes[mode]);
     }
     session.say(Text::kModesOn, {on.empty() ? OdString(L"none") : nameList(on)});
     const auto typed = askKeyword(session, Text::kKeywordsModes, Text::kPromptModes);

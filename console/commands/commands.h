@@ -9,11 +9,14 @@ void attdef(CommandContext& context);
 void attedit(CommandContext& context);
 void attsync(CommandContext& context);
 void audit(CommandContext& context);
+void bclose(CommandContext& context);
+void bedit(CommandContext& context);
 void block(CommandContext& context);
 void circle(CommandContext& context);
 void erase(CommandContext& context);
 void explode(CommandContext& context);
 void help(CommandContext& context);
+void insert(CommandContext& context);
 void layer(CommandContext& context);
 void line(CommandContext& context);
 void list(CommandContext& context);
@@ -30,5 +33,6 @@ void setvar(CommandContext& context);
 void text(CommandContext& context);
 void ucs(CommandContext& context);
 void undo(CommandContext& context);
+void xref(CommandContext& context);
 
 } // namespace console::commands

@@ -1,6 +1,7 @@
 #include "console/verbs/job.h"
 
 #include "console/report/report_json.h"
+#include "console/user_input.h"
 
 #include "DbDxf.h"
 
@@ -47,7 +48,9 @@ void checkOutput(const JobFiles& files) {
 
 Status runJob(SessionOptions settings, const Job& job) {
   settings.quiet = job.json;
-  Session session(std::move(settings));
+  Session session(settings);
+  if (job.asks && session.mayAsk())
+    answerFromUser(session, settings.input);
   Json facts = Json::object();
   const auto look = [&](const std::function<void()>& work) {
     return session.attempt(job.name, Command::Kind::Looks, work) == Status::Done;

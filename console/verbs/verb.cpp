@@ -14,6 +14,7 @@ std::vector<std::unique_ptr<Verb>> allVerbs() {
   verbs.push_back(auditVerb());
   verbs.push_back(purgeVerb());
   verbs.push_back(renameVerb());
+  verbs.push_back(insertVerb());
   verbs.push_back(attributesVerb());
   verbs.push_back(previewVerb());
   return verbs;

@@ -28,6 +28,7 @@ std::unique_ptr<Verb> reportVerb();     // morvane report
 std::unique_ptr<Verb> auditVerb();      // morvane audit
 std::unique_ptr<Verb> purgeVerb();      // morvane purge
 std::unique_ptr<Verb> renameVerb();     // morvane rename
+std::unique_ptr<Verb> insertVerb();     // morvane insert
 std::unique_ptr<Verb> attributesVerb(); // morvane attributes
 std::unique_ptr<Verb> previewVerb();    // morvane preview
 std::vector<std::unique_ptr<Verb>> allVerbs();

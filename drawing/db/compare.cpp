@@ -5,6 +5,7 @@
 #include "DbDictionary.h"
 #include "DbNames.h"
 #include "db/dump_sink.h"
+#include "db/load_context.h"
 #include "db/store.h"
 
 #include <set>
@@ -20,6 +21,30 @@ std::string foldedName(const OdDbSymbolTableRecord& record) {
   OdString name = record.getName();
   return name.makeLower().toUtf8Lossless();
 }
+
+// The records that an object names.
+class NamedRecords : public ReferenceVisitor {
+public:
+  explicit NamedRecords(const OdDbObject& object) { const_cast<OdDbObject&>(object).visitReferences(*this); }
+  void visit(OdDbObjectId& id, OdDb::ReferenceType) override {
+    if (peekAs<OdDbSymbolTableRecord>(id) != nullptr)
+      ids.push_back(id);
+  }
+  std::vector<OdDbObjectId> ids;
+};
+
+// Where files hold names of records, names that compare stand.
+class ContentSink : public db::DumpSink {
+public:
+  using DumpSink::DumpSink;
+  std::unordered_map<std::string, std::string> names; // of the object that is written
+
+  void utf8(int code, std::string_view text) override {
+    const bool mayBeName = code == 2 || code == 3 || (code >= 6 && code <= 8);
+    const auto found = mayBeName ? names.find(std::string(text)) : names.end();
+    DumpSink::utf8(code, found == names.end() ? text : found->second);
+  }
+};
 
 // What a definition holds, as text; and the definitions that it names, in the order in which they are met first.
 class ContentText {
@@ -81,10 +106,13 @@ private:
   }
 
   void write(const OdDbDatabase& database) {
-    db::DumpSink sink(
+    ContentSink sink(
         text_, database, [this](OdDbObjectId id) { return nameOf(id); }, true);
     for (const OdDbObjectId id : owned_) {
       const OdDbObject& object = *db::peek(id);
+      sink.names.clear();
+      for (const OdDbObjectId record : NamedRecords(object).ids)
+        sink.names.emplace(symbolName(record).toUtf8Lossless(), nameOf(record));
       text_ += names_[id] + " " + object.dxfName() + "\n";
       db::dumpContents(object, sink);
     }
@@ -104,7 +132,10 @@ std::string recordText(const OdDbObject& record) {
     const auto* named = peekAs<OdDbSymbolTableRecord>(id);
     return named == nullptr ? std::string("outside") : foldedName(*named);
   };
-  db::DumpSink sink(text, *record.database(), naming, true);
+  ContentSink sink(text, *record.database(), naming, true);
+  for (const OdDbObjectId named : NamedRecords(record).ids)
+    sink.names.emplace(symbolName(named).toUtf8Lossless(), naming(named));
+  sink.names[symbolName(record.objectId()).toUtf8Lossless()] = "self";
   db::dumpContents(record, sink);
   return text;
 }

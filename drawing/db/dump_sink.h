@@ -9,7 +9,7 @@
 
 namespace drawing::db {
 
-class DumpSink final : public GroupSink {
+class DumpSink : public GroupSink {
 public:
   using Naming = std::function<std::string(OdDbObjectId)>;
   // With `namesHandles` handles in extended data stand by name, too.

@@ -56,6 +56,37 @@ void erase(OdDbObject& object) {
   object.erase();
 }
 
+// Records that the drawing holds of the reference: SITE|WALLS.
+std::vector<OdDbSymbolTableRecord*> heldOf(const OdDbDatabase& database, const OdString& reference,
+                                           OdDb::SymbolTableKind kind) {
+  std::vector<OdDbSymbolTableRecord*> held;
+  const auto* table = peekAs<OdDbSymbolTable>(database.getSymbolTableId(kind));
+  const OdString start = reference + L'|';
+  for (std::size_t i = 0; table != nullptr && i < table->members().size(); ++i) {
+    auto* record = peekAs<OdDbSymbolTableRecord>(table->members()[i]);
+    if (db::lives(record) && record->getName().left(start.getLength()).iCompare(start) == 0)
+      held.push_back(record);
+  }
+  return held;
+}
+
+OdString ownName(const OdString& reference, const OdDbSymbolTableRecord& record) {
+  return record.getName().mid(reference.getLength() + 1);
+}
+
+// An ordinary record from now on: SITE$0$WALLS.
+void bindRecord(OdDbSymbolTableRecord& record, const OdString& reference) {
+  const OdString own = ownName(reference, record);
+  OdString name;
+  unsigned n = 0;
+  do {
+    name = db::boundSymbolName(reference, own, n++);
+  } while (!record.database()->symbol(record.tableKind(), name).isNull());
+  const WriteScope scope(record);
+  record.setName(name);
+  record.setFlag(OdDbSymbolTableRecord::kDependent | OdDbSymbolTableRecord::kResolved, false);
+}
+
 class Binding {
 public:
   Binding(OdDbDatabase& database, BoundXref& answer) : database_(database), answer_(answer) {}
@@ -103,9 +134,9 @@ private:
     std::unordered_map<OdDbObjectId, OdDbObjectId> standIns;
     for (int kind = 0; kind < OdDb::kBlockTable; ++kind) {
       const auto tableKind = static_cast<OdDb::SymbolTableKind>(kind);
-      for (OdDbSymbolTableRecord* record : heldOf(name, tableKind)) {
+      for (OdDbSymbolTableRecord* record : heldOf(database_, name, tableKind)) {
         const OdDbObjectId theirs = external.symbol(tableKind, ownName(name, *record));
-        rename(*record, name);
+        bindRecord(*record, name);
         if (!theirs.isNull())
           standIns.emplace(theirs, record->objectId());
       }
@@ -113,42 +144,15 @@ private:
     return standIns;
   }
 
-  std::vector<OdDbSymbolTableRecord*> heldOf(const OdString& name, OdDb::SymbolTableKind kind) const {
-    std::vector<OdDbSymbolTableRecord*> held;
-    const auto* table = peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind));
-    const OdString start = name + L'|';
-    for (std::size_t i = 0; table != nullptr && i < table->members().size(); ++i) {
-      auto* record = peekAs<OdDbSymbolTableRecord>(table->members()[i]);
-      if (db::lives(record) && record->getName().left(start.getLength()).iCompare(start) == 0)
-        held.push_back(record);
-    }
-    return held;
-  }
-  static OdString ownName(const OdString& reference, const OdDbSymbolTableRecord& record) {
-    return record.getName().mid(reference.getLength() + 1);
-  }
-
-  void rename(OdDbSymbolTableRecord& record, const OdString& reference) {
-    const OdString own = ownName(reference, record);
-    OdString name;
-    unsigned n = 0;
-    do {
-      name = db::boundSymbolName(reference, own, n++);
-    } while (!database_.symbol(record.tableKind(), name).isNull());
-    const WriteScope scope(record);
-    record.setName(name);
-    record.setFlag(OdDbSymbolTableRecord::kDependent | OdDbSymbolTableRecord::kResolved, false);
-  }
-
   // Definitions that the drawing held of the reference were names without contents.
   void replaceDefinitions(const OdString& name, const OdDbDatabase& external, const OdDbIdMapping& mapping) {
-    for (OdDbSymbolTableRecord* record : heldOf(name, OdDb::kBlockTable)) {
+    for (OdDbSymbolTableRecord* record : heldOf(database_, name, OdDb::kBlockTable)) {
       auto& held = static_cast<OdDbBlockTableRecord&>(*record);
       const OdDbObjectId theirs = external.symbol(OdDb::kBlockTable, ownName(name, held));
       const OdDbObjectId bound = mapping.valueOf(theirs);
       const OdDbObjectIdArray references = held.getBlockReferenceIds();
       if (bound.isNull() && !references.isEmpty()) {
-        rename(held, name);
+        bindRecord(held, name);
         continue;
       }
       for (const OdDbObjectId& id : references) {
@@ -199,6 +203,37 @@ BoundXref bindXref(OdDbDatabase& database, OdDbObjectId id) {
     return answer;
   if (mayBind(*block, answer))
     answer.isDone = Binding(database, answer).run(*block) == eOk;
+  return answer;
+}
+
+DetachedXref detachXref(OdDbDatabase& database, OdDbObjectId id) {
+  DetachedXref answer;
+  auto* block = peekAs<OdDbBlockTableRecord>(id);
+  if (!db::lives(block) || id.database() != &database || !block->isFromExternalReference()) {
+    answer.result = eInvalidInput;
+    return answer;
+  }
+  const OdDbObjectIdArray references = block->getBlockReferenceIds();
+  for (const OdDbObjectId& reference : references) {
+    OdDbObjectPtr opened;
+    answer.result = reference.openObject(opened, OdDb::kForWrite);
+    if (answer.result != eOk)
+      return answer;
+  }
+  for (const OdDbObjectId& reference : references)
+    erase(*db::peek(reference));
+  answer.references = references.size();
+  OdDbObjectIdArray held;
+  for (int kind = 0; kind < OdDb::kSymbolTableCount; ++kind) {
+    for (OdDbSymbolTableRecord* record : heldOf(database, block->getName(), static_cast<OdDb::SymbolTableKind>(kind))) {
+      bindRecord(*record, block->getName());
+      held.append(record->objectId());
+    }
+  }
+  erase(*block);
+  database.purge(held);
+  for (const OdDbObjectId& unused : held)
+    erase(*db::peek(unused));
   return answer;
 }
 

@@ -1,5 +1,6 @@
 #include "dxf/early_writer.h"
 
+#include "DbAttribute.h"
 #include "DbCarried.h"
 #include "DbDxf.h"
 #include "DbSequence.h"
@@ -13,6 +14,7 @@
 #include "entities/viewport_view.h"
 
 #include <map>
+#include <optional>
 
 namespace drawing::dxf {
 
@@ -235,13 +237,27 @@ void EarlyWriter::parts(const OdDbEntity& owner) {
     native(*db::peek(sequence.sequenceEndId()));
 }
 
+namespace {
+
+// The lines of an attribute one behind the other; nothing for any other object.
+std::optional<OdString> linesAsOne(const OdDbObject& object) {
+  const auto* attribute = dynamic_cast<const OdDbAttributeBase*>(&object);
+  if (attribute == nullptr || !attribute->isMTextAttribute())
+    return std::nullopt;
+  OdString line = attribute->getMTextAttribute()->plainText();
+  line.replace(L'\n', L' ');
+  return line;
+}
+
+} // namespace
+
 // A record of a kind that R12 has, without what R12 has no place for.
 void EarlyWriter::record(const OdDbObject& object, const GroupList& groups, bool withHandle) {
   const std::string kind = object.dxfName();
   sink_.utf8(0, kind);
   if (withHandle)
     sink_.handle(5, object.getDbHandle());
-  const bool hasLines = (kind == "ATTRIB" || kind == "ATTDEF") && groups.find(101) < groups.size();
+  const std::optional<OdString> lines = linesAsOne(object);
   // What came from a file of that version and nobody knows goes back as it came.
   const bool keepsAll = object.isKindOf(OdDbCarriedEntity::desc()) && database_.facts().version < OdDb::kRelease13;
   std::string_view toldLast;
@@ -250,7 +266,9 @@ void EarlyWriter::record(const OdDbObject& object, const GroupList& groups, bool
     const bool isArrow = kind == "DIMSTYLE" && arrowNameCode(one.code) != 0;
     // The colour of a fill behind texts stands under the code of the flags, behind the kind of the fill.
     const bool isFill = kind == "DIMSTYLE" && one.code == 70 && i > 0 && groups[i - 1].code == 69;
-    if (isArrow) {
+    if (lines && one.code == 1) {
+      sink_.text(1, *lines);
+    } else if (isArrow) {
       name(kind, arrowNameCode(one.code), symbolName(groups.idOf(one)).toUtf8Lossless());
     } else if ((hasEarlyCode(kind, one.code) && !isFill) || keepsAll) {
       group(kind, groups, one);
@@ -260,7 +278,7 @@ void EarlyWriter::record(const OdDbObject& object, const GroupList& groups, bool
                   std::string(what) + " cannot be held by version R12", "it is left out"});
     }
   }
-  if (hasLines)
+  if (lines)
     lost(object, "dxf.group-not-in-version", Severity::Lost, "the lines of the value cannot be held by version R12",
          "they are written as one");
   xData(object);

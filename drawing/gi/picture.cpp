@@ -46,16 +46,6 @@ gi::View viewOf(const gi::DisplayList& list, const PictureOptions& options) {
   return gi::viewOf(list.extents.isValid() ? list.extents : list.farthest, options.width, options.height, kMargin);
 }
 
-// A space or a sheet is seen as it is; of a definition the tags of its attributes show.
-gi::Place placeOf(const OdDbBlockTableRecord& block, gi::Looks& looks) {
-  gi::Place place;
-  place.setting.layers = looks.addView();
-  place.setting.byBlock = looks.initial();
-  place.showsTags = true;
-  place.depth = block.isLayout() ? 0 : 1;
-  return place;
-}
-
 } // namespace
 
 struct Picture::Content {
@@ -74,7 +64,7 @@ Picture::Picture(OdDbObjectId block, const PictureOptions& options) : content_(s
   content.background = options.background;
   if (const auto* record = db::peekAs<OdDbBlockTableRecord>(block); db::lives(record)) {
     gi::Looks looks(*record->database(), gi::colorOf(options.background.value_or(kWhite)));
-    gi::Walk(content.list, looks, options, content.report).run(block, placeOf(*record, looks));
+    gi::Walk(content.list, looks, options, content.report).run(block, gi::placeOf(*record, looks));
   }
   content.view = viewOf(content.list, options);
   content.report.isEmpty = content.list.items.empty();

@@ -16,11 +16,30 @@ constexpr std::size_t kDeepest = 1000;
 
 } // namespace
 
+Place placeOf(const OdDbBlockTableRecord& block, Looks& looks) {
+  Place place;
+  place.setting.layers = looks.addView();
+  place.setting.byBlock = looks.initial();
+  place.showsTags = true;
+  place.depth = block.isLayout() ? 0 : 1;
+  return place;
+}
+
 Walk::Walk(DisplayList& list, Looks& looks, const PictureOptions& options, PictureReport& report)
     : list_(list), looks_(looks), options_(options), report_(report) {}
 
 void Walk::run(OdDbObjectId block, const Place& place) {
   levels_.push_back({place, contentsOf(block), 0, block, nullptr});
+  goOn();
+}
+
+void Walk::runOne(OdDbObjectId entity, const Place& place) {
+  const auto ids = std::make_shared<const std::vector<OdDbObjectId>>(1, entity);
+  levels_.push_back({place, ids, 0, {}, nullptr});
+  goOn();
+}
+
+void Walk::goOn() {
   while (!levels_.empty() && mayGoOn())
     step();
   levels_.clear();

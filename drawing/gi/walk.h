@@ -13,10 +13,15 @@ class OdDbBlockTableRecord;
 
 namespace drawing::gi {
 
+// How the contents of a block are seen. A space or a sheet is seen as it is; of a definition the tags of its attributes
+// show.
+Place placeOf(const OdDbBlockTableRecord& block, Looks& looks);
+
 class Walk {
 public:
   Walk(DisplayList& list, Looks& looks, const PictureOptions& options, PictureReport& report);
   void run(OdDbObjectId block, const Place& place);
+  void runOne(OdDbObjectId entity, const Place& place);
 
 private:
   using Ids = std::shared_ptr<const std::vector<OdDbObjectId>>;
@@ -29,6 +34,7 @@ private:
     std::unique_ptr<Inset> repeated;
   };
 
+  void goOn();
   bool mayGoOn();
   void step();
   void repeat(Level& level);

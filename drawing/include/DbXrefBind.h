@@ -1,4 +1,4 @@
-// External references that become ordinary blocks.
+// External references that become ordinary blocks, or go.
 #pragma once
 
 #include "DbDatabase.h"
@@ -19,5 +19,14 @@ struct BoundXref {
 // its state. References to the block stay as they are. One that is not loaded, and one with a nested reference that is
 // not, is refused: nothing has changed then.
 MVDRAWING_API BoundXref bindXref(OdDbDatabase& database, OdDbObjectId block);
+
+struct DetachedXref {
+  OdResult result = eOk; // why nothing was done: eInvalidInput for what is no external reference, eOnLockedLayer ...
+  std::size_t references = 0; // that were erased
+};
+
+// Erases an external reference with everything that shows it, in definitions as well. Of what the drawing held of it
+// ("SITE|WALLS") goes what nothing uses; the rest is its own from now on, as SITE$0$WALLS.
+MVDRAWING_API DetachedXref detachXref(OdDbDatabase& database, OdDbObjectId block);
 
 } // namespace drawing

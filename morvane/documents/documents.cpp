@@ -1,6 +1,8 @@
 #include "morvane/documents.h"
 #include "morvane/host.h"
 
+#include "DbBlockTable.h"
+
 #include <algorithm>
 #include <filesystem>
 
@@ -26,6 +28,19 @@ bool MvsiApDocument::isModified() const {
 
 void MvsiApDocument::markSaved() {
   savedAt_ = database_->changeCount();
+}
+
+OdDbObjectId MvsiApDocument::blockEditorId() const {
+  return edited_.isErased() ? OdDbObjectId() : edited_;
+}
+
+OdString MvsiApDocument::blockEditorName() const {
+  const OdDbBlockTableRecordPtr block = blockEditorId().safeOpenObject();
+  return block.isNull() ? OdString() : block->getName();
+}
+
+void MvsiApDocument::setBlockEditorName(const OdString& name) {
+  edited_ = database_->symbol(OdDb::kBlockTable, name);
 }
 
 OdDbDatabase* mvsidbWorkingDatabase() {

@@ -114,6 +114,10 @@ OdDbObjectId currentSpaceId() {
   const OdDbDatabase* database = mvsi::mvsidbWorkingDatabase();
   if (database == nullptr)
     return OdDbObjectId();
+  if (const mvsi::MvsiApDocument* document = morvane::Host::current()->documents().find(database)) {
+    if (const OdDbObjectId edited = document->blockEditorId(); !edited.isNull())
+      return edited;
+  }
   constexpr std::int64_t kModelTab = 1;
   return database->headerInt("TILEMODE", kModelTab) == kModelTab ? database->getModelSpaceId()
                                                                  : database->getPaperSpaceId();

@@ -14,6 +14,7 @@ import time
 from dataclasses import dataclass, field
 
 import drawing_facts as facts
+import inserted_drawings as inserted
 from ezdxf.math import OCS, Matrix44, Vec3
 
 EARLY = "12"  # has few kinds: what the others become is not compared, only audited
@@ -327,7 +328,51 @@ def check_new_drawing(task):
     return f"new {version}", check.faults, 1
 
 
+def check_attributes(task):
+    """A block with attributes, inserted under scales and turns with values."""
+    program, work, place = task
+    scale, degrees, at = inserted.PLACES[place]
+    part, empty = work / f"tags-{place}.dxf", work / f"empty-{place}.dxf"
+    check = Check(program, part, work)
+    try:
+        run_program([program, "-c", inserted.attribute_script(part)])
+        run_program([program, "-c", f"SAVEAS {empty} 2018\n"])
+        values = {tag: f"значение {number}" for number, tag in enumerate(inserted.TAGS)}
+        given = [word for tag, value in values.items() for word in ("--attr", f"{tag}={value}")]
+        told = check.run("insert", str(empty), "--file", str(part), "--at", f"{at[0]},{at[1]}", "--rotate",
+                         str(degrees), "--scale", ",".join(map(str, scale)), *given)
+        if told is not None:
+            document = check.open_result(False)
+            check.compare_audits(collections.Counter(), document)
+            inserted.compare_attributes(check.fault, document.modelspace().query("INSERT")[0], values)
+    except Exception as error:  # the reader fails in many ways on what it does not expect
+        check.fault(f"the reader fails: {error!r}")
+    return f"inserted {place}", check.faults, 1
+
+
+def check_library(task):
+    """All parts in one drawing."""
+    program, corpus, work = task
+    parts = sorted(str(path) for path in (corpus / "parts").rglob("*.dxf"))
+    listed, empty = work / "parts.txt", work / "empty.dxf"
+    listed.write_text("\n".join(parts))
+    check = Check(program, listed, work)
+    try:
+        run_program([program, "-c", f"SAVEAS {empty} 2018\n"])
+        told = check.run("insert", str(empty), "--file-list", str(listed), "--grid", "20,1000,1000", "--defaults")
+        if told is not None:
+            document = check.open_result(False)
+            check.compare_audits(collections.Counter(), document)
+            inserted.compare_library(check.fault, document, told["results"]["inserted"], facts.open_drawing)
+    except Exception as error:  # the reader fails in many ways on what it does not expect
+        check.fault(f"the reader fails: {error!r}")
+    return "library", check.faults, len(parts)
+
+
 def tasks_of(program, corpus, work):
+    yield check_library, (program, corpus, work)
+    for place in range(len(inserted.PLACES)):
+        yield check_attributes, (program, work, place)
     for make in MAKES:
         yield check_make, (program, corpus, work, make)
     for version in VERSIONS.values():
@@ -358,7 +403,8 @@ def main():
             failed += bool(faults)
             for fault in faults:
                 print(f"{name}: {fault}", flush=True)
-    print(f"second reader: {runs['make']} blocks made, {runs['convert']} drawings converted, {runs['new']} begun, {runs['mended']} mended, "
+    print(f"second reader: {runs['make']} blocks made, {runs['convert']} drawings converted, {runs['new']} begun, {runs['mended']} mended, {runs['inserted']} inserted, "
+          f"{runs['library']} parts in a library, "
           f"{failed} with faults, {time.monotonic() - started:.0f} s")
     return 1 if failed else 0
 

@@ -112,9 +112,10 @@ TEST_F(Insertion, IsRefusedWithoutAWordWhenThereIsNothingToRead) {
 
 TEST_F(Insertion, OfTheBlockThatIsBeingEditedIsRefusedWithItsTwoLines) {
   addBlock(*database_, L"Door");
+  addBlock(*database_, L"Window");
   save(*source_, "part.dxf");
   const std::pair<const wchar_t*, const wchar_t*> rows[] = {
-      {L"DOOR", L"\n忽略块 DOOR 的重复定义。\n块 DOOR 参照本身"}, {L"Window", L""}, {L"", L""}};
+      {L"DOOR", L"\n忽略块 Door 的重复定义。\n块 Door 参照本身"}, {L"Window", L""}, {L"", L""}};
   for (const auto& [edited, said] : rows) {
     document_->setBlockEditorName(edited);
     const std::string before = drawing::canonicalDump(*database_);

@@ -168,8 +168,7 @@ TEST(BlockChain, OfSharedDefinitionsIsFoundInOneWalk) {
 
 TEST(BlockNames, AreRefusedWithTheReason) {
   TestSession console;
-  console.run("CIRCLE 0,0 1\n");
-  console.session().drawing().document->setBlockEditorName(L"edited");
+  console.run("CIRCLE 0,0 1\nBLOCK edited 0,0 All\n\nKeep\nBEDIT edited\n");
   const struct {
     std::string name;
     const char* part;

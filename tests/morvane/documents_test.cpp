@@ -367,6 +367,25 @@ TEST_F(OpenDrawing, ShowsTheSpaceThatItsTabNames) {
   EXPECT_EQ(qzutads::currentSpaceId(), database_->getModelSpaceId());
   EXPECT_EQ(mvsi::setVar(L"TILEMODE", static_cast<short>(0), true), RTNORM);
   EXPECT_EQ(qzutads::currentSpaceId(), database_->getPaperSpaceId());
+  const OdDbBlockTableRecordPtr door = OdDbBlockTableRecord::createObject();
+  door->setName(L"Door");
+  OdDbBlockTablePtr(database_->getBlockTableId().safeOpenObject(OdDb::kForWrite))->add(door.get());
+  document_->setBlockEditorName(L"DOOR"); // or what is in the block editor
+  EXPECT_EQ(qzutads::currentSpaceId(), door->objectId());
+  EXPECT_EQ(document_->blockEditorName(), L"Door");
+  documents_.open(OdDbDatabase::create());
+  EXPECT_EQ(qzutads::currentSpaceId(), mvsi::mvsidbWorkingDatabase()->getModelSpaceId());
+  documents_.setCurrent(document_);
+  database_->startUndoRecord();
+  door->setName(L"Gate");
+  EXPECT_EQ(document_->blockEditorName(), L"Gate");
+  door->erase();
+  EXPECT_EQ(document_->blockEditorName(), L"");
+  EXPECT_EQ(qzutads::currentSpaceId(), database_->getPaperSpaceId());
+  database_->undo();
+  EXPECT_EQ(document_->blockEditorName(), L"Door");
+  document_->setBlockEditorName(L"");
+  EXPECT_EQ(qzutads::currentSpaceId(), database_->getPaperSpaceId());
   mvsi::mvsidbSetWorkingDatabase(nullptr);
   EXPECT_TRUE(qzutads::currentSpaceId().isNull());
 }

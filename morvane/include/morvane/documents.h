@@ -43,9 +43,12 @@ public:
   // As drawings spell paths; empty for a drawing without a file.
   const OdString& fileName() const { return fileName_; }
   void setFileName(const OdString& fileName) { fileName_ = fileName; }
-  // The block that is open in the block editor of this document; empty when none is.
-  const OdString& blockEditorName() const { return blockEditorName_; }
-  void setBlockEditorName(const OdString& name) { blockEditorName_ = name; }
+  // The definition that is open in the block editor of this document, and its present name; null and empty when none
+  // is. Its contents are the current space while it is open. One that is erased is closed until undo brings it back.
+  OdDbObjectId blockEditorId() const;
+  OdString blockEditorName() const;
+  // Opens the definition of that name, or closes the editor for the empty and for an unknown name.
+  void setBlockEditorName(const OdString& name);
   // Changed since it was opened or markSaved was called.
   bool isModified() const;
   void markSaved();
@@ -57,7 +60,7 @@ private:
   friend class DocumentAccess;
   OdDbDatabasePtr database_;
   OdString fileName_;
-  OdString blockEditorName_;
+  OdDbObjectId edited_;
   std::uint64_t savedAt_ = 0;
   std::uint64_t refreshCount_ = 0;
   drawing::Report xrefReport_;

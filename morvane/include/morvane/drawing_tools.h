@@ -22,7 +22,8 @@ MORVANE_API bool isObjLocked(const OdDbObjectId& id, bool byLayer);
 // Brings the ids into drawing order, those of one block together, blocks in the order of their first id. What is drawn
 // in no block comes last in the order it had.
 MORVANE_API void sortAarryByDrawOrder(OdDbObjectIdArray& ids);
-// The block of the space that the working drawing shows; null without one.
+// The block that the working drawing shows and commands draw in: the one in its block editor, else the space of its
+// tab. Null without a drawing.
 MORVANE_API OdDbObjectId currentSpaceId();
 // The open document of that file, by whatever path it is named, without regard to case; null when it is not open.
 MORVANE_API mvsi::MvsiApDocument* findDwgDoc(const OdString& path);

@@ -132,7 +132,7 @@ TEST(Versions, MultiLineAttributesStandWhereTheVersionHasThem) {
   const OdDbObjectId reference = addReference(*database, block);
   const OdDbObjectId id = addAttribute(reference, L"NOTE", L"x");
   OdDbMText lines;
-  lines.setContents(L"first\\Psecond");
+  lines.setContents(L"{\\C1;first}\\Psecond");
   lines.setTextHeight(2.5);
   forWrite<OdDbAttribute>(id)->setMTextAttribute(&lines);
   const std::string before = drawing::canonicalDump(*database);
@@ -151,8 +151,11 @@ TEST(Versions, MultiLineAttributesStandWhereTheVersionHasThem) {
     const ReadResult again = drawing::readDrawingFromMemory(bytes);
     const auto attribute = forRead<OdDbAttribute>(again.database->getOdDbObjectId(id.getHandle()));
     ASSERT_TRUE(attribute->isMTextAttribute());
-    EXPECT_EQ(attribute->getMTextAttribute()->contents(), OdString(L"first\\Psecond"));
+    EXPECT_EQ(attribute->getMTextAttribute()->contents(), OdString(L"{\\C1;first}\\Psecond"));
     EXPECT_EQ(attribute->getMTextAttribute()->textHeight(), 2.5);
+    const Written oldest = writeAs(*again.database, OdDb::kRelease12); // has one line, and no formatting
+    EXPECT_NE(oldest.bytes.find("\n  1\nfirst second\n"), std::string::npos) << oldest.bytes;
+    EXPECT_TRUE(tells(oldest.losses, "the lines of the value", id.getHandle()));
   }
 }
 

@@ -1,0 +1,13 @@
+#include "console/commands/commands.h"
+#include "console/session.h"
+
+namespace console::commands {
+
+void bclose(CommandContext& context) {
+  mvsi::MvsiApDocument& document = *context.drawing.document;
+  if (document.blockEditorName().isEmpty())
+    refuse(Text::kEditorNotOpen);
+  document.setBlockEditorName({}); // the session tells it
+}
+
+} // namespace console::commands

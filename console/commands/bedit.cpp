@@ -1,0 +1,36 @@
+#include "console/ask.h"
+#include "console/block_maker.h"
+#include "console/commands/commands.h"
+
+#include "DbBlockTable.h"
+
+namespace console::commands {
+namespace {
+
+// Contents of these belong to somebody else: the drawing itself, another file, the object that they draw.
+void refuseForeign(const OdDbBlockTableRecord& block) {
+  if (block.isLayout())
+    refuse(Text::kNameOfSpace, {block.getName()});
+  if (block.isFromExternalReference() || block.isDependent())
+    refuse(Text::kNameExternal, {block.getName()});
+  if (block.isAnonymous())
+    refuse(Text::kNameAnonymous, {block.getName()});
+}
+
+} // namespace
+
+void bedit(CommandContext& context) {
+  mvsi::MvsiApDocument& document = *context.drawing.document;
+  if (const OdString edited = document.blockEditorName(); !edited.isEmpty())
+    refuse(Text::kEditorOpen, {edited});
+  const auto name = askText(context.session, Text::kPromptEditedBlock, {}, true);
+  const auto block =
+      OdDbBlockTableRecord::cast(definitionOf(context.session, name.value_or(OdString())).safeOpenObject());
+  if (block.isNull())
+    refuse(Text::kNoBlockToEdit, {name.value_or(OdString())});
+  refuseForeign(*block);
+  document.setBlockEditorName(block->getName());
+  context.session.say(Text::kEditorOpened, {block->getName()});
+}
+
+} // namespace console::commands

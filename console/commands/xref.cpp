@@ -1,0 +1,54 @@
+#include "console/ask.h"
+#include "console/commands/commands.h"
+#include "console/external_references.h"
+
+namespace console::commands {
+namespace {
+
+void list(Session& session) {
+  const auto xrefs = allXrefs(session);
+  for (const OdDbBlockTableRecordPtr& xref : xrefs)
+    session.result(Text::kXrefLine, {xref->getName(), xref->pathName(), xrefState(xref->xrefStatus())});
+  if (xrefs.empty())
+    session.say(Text::kNoXrefs);
+}
+
+void attach(CommandContext& context, bool overlay) {
+  Session& session = context.session;
+  const auto path = askText(session, Text::kPromptFileName);
+  if (!path)
+    refuse(Text::kNoFileName);
+  AttachRequest request;
+  request.file = externalFile(session, path->toUtf8Lossless());
+  request.overlay = overlay;
+  const OdString name = defaultXrefName(request.file);
+  request.name = askText(session, Text::kPromptXrefNameOr, {name}).value_or(name);
+  request.pointUcs = askRequiredPoint(session, Text::kPromptXrefPoint);
+  request.scale = askNumber(session, Text::kPromptScale).value_or(1);
+  if (request.scale == 0)
+    refuse(Text::kScaleZero);
+  request.rotationRad = askAngle(session, Text::kPromptAngle).value_or(0);
+  attachXref(context, request);
+}
+
+std::vector<OdDbBlockTableRecordPtr> askXrefs(Session& session) {
+  return xrefsNamed(session, askText(session, Text::kPromptXrefName, {}, true).value_or(OdString()));
+}
+
+} // namespace
+
+void xref(CommandContext& context) {
+  Session& session = context.session;
+  const OdString option = askKeyword(session, Text::kKeywordsXref, Text::kPromptXref).value_or(L"?");
+  if (option == L"?")
+    return list(session);
+  if (option == L"Attach" || option == L"Overlay")
+    return attach(context, option == L"Overlay");
+  const auto xrefs = askXrefs(session);
+  if (option == L"Reload")
+    return reloadXrefs(session, xrefs);
+  for (const OdDbBlockTableRecordPtr& xref : xrefs)
+    option == L"Bind" ? bindXref(session, xref) : detachXref(session, xref);
+}
+
+} // namespace console::commands

@@ -1,0 +1,17 @@
+#include "console/user_input.h"
+#include "console/line_editor.h"
+
+#include <iostream>
+#include <unistd.h>
+
+namespace console {
+
+void answerFromUser(Session& session, std::istream* given) {
+  session.host().input().setEcho(true); // a line editor echoes itself
+  if (given == nullptr && isatty(STDIN_FILENO) != 0)
+    session.answerFrom(makeLineEditor(session.lineShared()));
+  else
+    session.answerFrom(std::make_shared<morvane::StreamSource>(given == nullptr ? std::cin : *given, true));
+}
+
+} // namespace console

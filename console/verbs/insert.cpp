@@ -1,0 +1,302 @@
+#include "console/attribute_answers.h"
+#include "console/attributes.h"
+#include "console/block_maker.h"
+#include "console/block_source.h"
+#include "console/drawing_io.h"
+#include "console/insert_preview.h"
+#include "console/numbers.h"
+#include "console/placement.h"
+#include "console/verbs/job.h"
+#include "console/verbs/verb.h"
+
+#include "DbBlockTable.h"
+#include "blockcommon/insertion.h"
+
+#include <CLI/CLI.hpp>
+
+#include <fstream>
+#include <numbers>
+
+namespace console::verbs {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+struct Typed {
+  std::string block, file, list, name, at = "0,0", scale, rotate, grid, onClash;
+  std::string rowSpacing = "0", columnSpacing = "0";
+  std::vector<std::string> attributes;
+};
+
+double realOption(const char* option, const std::string& value) {
+  const auto number = parseReal(value);
+  if (!number)
+    refuseUsage(Text::kBadNumber, option, value);
+  return *number;
+}
+
+std::vector<double> realsOption(const char* option, const std::string& value) {
+  std::vector<double> numbers;
+  std::size_t from = 0;
+  for (std::size_t comma = 0; comma != std::string::npos; from = comma + 1) {
+    comma = value.find(',', from);
+    numbers.push_back(realOption(option, value.substr(from, comma == std::string::npos ? comma : comma - from)));
+  }
+  return numbers;
+}
+
+OnClash clashOption(const std::string& value, OnClash usual) {
+  const std::pair<const char*, OnClash> kAll[] = {
+      {"refuse", OnClash::Refuse}, {"keep", OnClash::Keep}, {"replace", OnClash::Replace}, {"rename", OnClash::Rename}};
+  for (const auto& [name, clash] : kAll) {
+    if (value == name)
+      return clash;
+  }
+  return usual;
+}
+
+const char* howName(BroughtIn::How how) {
+  constexpr const char* kNames[] = {"made", "replaced", "kept", "shared", "renamed"};
+  return kNames[static_cast<std::size_t>(how)];
+}
+
+// Paths of a list: one in a line; empty lines and those that begin with '#' are passed over. Relative ones start at the
+// folder of the list.
+std::vector<std::string> listedFiles(const std::string& path) {
+  std::ifstream file(path);
+  if (!file)
+    throw Failure{Status::Unreadable, {Text::kListUnreadable, {OdString::fromUtf8(path)}}};
+  std::vector<std::string> paths;
+  const std::filesystem::path folder = std::filesystem::path(path).parent_path();
+  for (std::string line; std::getline(file, line);) {
+    while (!line.empty() && (line.back() == '\r' || line.back() == ' ' || line.back() == '\t'))
+      line.pop_back();
+    if (!line.empty() && line[0] != '#')
+      paths.push_back((folder / line).string());
+  }
+  return paths;
+}
+
+class Insert : public Verb {
+public:
+  void describe(CLI::App& program) override {
+    verb_ = program.add_subcommand("insert", "Insert a block, or drawing files as blocks");
+    verb_->add_option("FILE", files_.in, "Drawing to read")->required();
+    verb_->add_option("-o,--output", files_.out, "Drawing to write");
+    CLI::App* source = verb_->add_option_group("source", "What to insert");
+    source->add_option("--block", typed_.block, "A block of the drawing");
+    source->add_option("--file", typed_.file, "A drawing file");
+    source->add_option("--file-list", typed_.list, "All drawing files of a list, a path in each line");
+    source->require_option(1);
+    verb_->add_option("--name", typed_.name, "Name of the block that --file makes; else that of the file");
+    verb_->add_option("--on-clash", typed_.onClash, "When a block of that name is there (refuse; lists: rename)")
+        ->check(CLI::IsMember({"refuse", "keep", "replace", "rename"}));
+    describePlace();
+    verb_->add_option("--attr", typed_.attributes, "TAG=VALUE, or TAG#2=VALUE for the second of that tag")
+        ->allow_extra_args(false);
+    verb_->add_flag("--defaults", answers_.takesDefaults, "Values that are not given are those of the definitions");
+    verb_->add_flag("--dry-run", dry_, "Tell what would happen, and write nothing");
+    verb_->add_flag("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    verb_->add_flag("--json", json_, "Report as one JSON object");
+  }
+  bool isChosen() const override { return verb_->parsed(); }
+  void check() override;
+  Status run(const SessionOptions& settings) override {
+    Job job{"insert", files_, json_, [this](Session& session, Json& results) { work(session, results); },
+            [this](Session& session) { tell(session); }};
+    job.asks = true;
+    return runJob(settings, job);
+  }
+
+private:
+  struct Done {
+    std::string path; // empty for a block of the drawing
+    BroughtIn in;
+    OdDbObjectId reference;
+    double factor = 1;
+  };
+
+  void describePlace() {
+    verb_->add_option("--at", typed_.at, "Insertion point X,Y[,Z] (0,0)");
+    verb_->add_option("--scale", typed_.scale, "S, or SX,SY,SZ (1)");
+    verb_->add_option("--rotate", typed_.rotate, "Degrees about the z axis (0)");
+    verb_->add_option("--rows", placement_.rows, "Rows (1)")->check(CLI::Range(1, 32767));
+    verb_->add_option("--columns", placement_.columns, "Columns (1)")->check(CLI::Range(1, 32767));
+    verb_->add_option("--row-spacing", typed_.rowSpacing, "From row to row (0)");
+    verb_->add_option("--column-spacing", typed_.columnSpacing, "From column to column (0)");
+    verb_->add_option("--grid", typed_.grid, "COLUMNS,DX,DY: where the files of a list go, row by row from --at");
+  }
+
+  void checkPlace();
+  void work(Session& session, Json& results);
+  void insertList(Session& session);
+  Done insertFile(Session& session, const std::string& path, const OdString& name, const Placement& placement) const;
+  Done place(Session& session, const std::string& path, const BroughtIn& in, const Placement& placement) const;
+  Placement placeInGrid(std::size_t number) const;
+  void tell(Session& session) const;
+  static Json jsonOf(const Done& done);
+
+  CLI::App* verb_ = nullptr;
+  JobFiles files_;
+  Typed typed_;
+  Placement placement_;
+  AttributeAnswers answers_;
+  OnClash onClash_ = OnClash::Refuse;
+  std::vector<double> grid_; // columns, and the two distances
+  std::vector<Done> done_;
+  std::size_t failed_ = 0;
+  bool dry_ = false;
+  bool json_ = false;
+};
+
+void Insert::check() {
+  if (!isChosen())
+    return;
+  if (dry_)
+    files_.out.clear();
+  else if (files_.out.empty())
+    throw Failure{Status::Usage, {Text::kNoOutput, {}}};
+  if (!typed_.name.empty() && typed_.file.empty())
+    throw Failure{Status::Usage, {Text::kNameNeedsFile, {}}};
+  if (!typed_.grid.empty() && typed_.list.empty())
+    throw Failure{Status::Usage, {Text::kGridNeedsList, {}}};
+  onClash_ = clashOption(typed_.onClash, typed_.list.empty() ? OnClash::Refuse : OnClash::Rename);
+  for (const std::string& given : typed_.attributes) {
+    const auto equals = given.find('=');
+    if (equals == 0 || equals == std::string::npos)
+      refuseUsage(Text::kBadAttribute, "--attr", given);
+    answers_.given.emplace_back(OdString::fromUtf8(given.substr(0, equals)),
+                                OdString::fromUtf8(given.substr(equals + 1)));
+  }
+  checkPlace();
+}
+
+void Insert::checkPlace() {
+  const auto at = parsePoint(typed_.at);
+  if (!at)
+    refuseUsage(Text::kBadPoint, "--at", typed_.at);
+  placement_.at = *at;
+  if (!typed_.scale.empty()) {
+    const std::vector<double> scales = realsOption("--scale", typed_.scale);
+    if (scales.size() != 1 && scales.size() != 3)
+      refuseUsage(Text::kBadScale, "--scale", typed_.scale);
+    placement_.scale = OdGeScale3d(scales[0], scales[scales.size() / 2], scales.back());
+  }
+  if (!typed_.rotate.empty())
+    placement_.rotation = realOption("--rotate", typed_.rotate) * std::numbers::pi / 180;
+  placement_.rowSpacing = realOption("--row-spacing", typed_.rowSpacing);
+  placement_.columnSpacing = realOption("--column-spacing", typed_.columnSpacing);
+  if (typed_.grid.empty())
+    return;
+  grid_ = realsOption("--grid", typed_.grid);
+  if (grid_.size() != 3 || grid_[0] < 1 || grid_[0] > 1e6 ||
+      grid_[0] != static_cast<double>(static_cast<int>(grid_[0])))
+    refuseUsage(Text::kBadGrid, "--grid", typed_.grid);
+}
+
+Placement Insert::placeInGrid(std::size_t number) const {
+  Placement placement = placement_;
+  if (grid_.empty())
+    return placement;
+  const auto columns = static_cast<std::size_t>(grid_[0]);
+  placement.at = placement_.at + OdGeVector3d(grid_[1] * static_cast<double>(number % columns),
+                                              grid_[2] * static_cast<double>(number / columns), 0);
+  return placement;
+}
+
+Insert::Done Insert::place(Session& session, const std::string& path, const BroughtIn& in,
+                           const Placement& placement) const {
+  const OdDbBlockReferencePtr reference = placeReference(session, in.block, placement);
+  giveAttributes(session, reference, answers_);
+  return {path, in, reference->objectId(), unitsFactor(in.block)};
+}
+
+Insert::Done Insert::insertFile(Session& session, const std::string& path, const OdString& name,
+                                const Placement& placement) const {
+  const BlockSource source = readBlockSource(session, path, name);
+  return place(session, path, bringIn(session, source, onClash_), placement);
+}
+
+// Each file is a step of its own: one that fails is taken back and told, and the next one comes.
+void Insert::insertList(Session& session) {
+  const std::vector<std::string> paths = listedFiles(typed_.list);
+  for (std::size_t number = 0; number < paths.size(); ++number) {
+    const Status status = session.attempt("INSERT", Command::Kind::Changes, [&] {
+      done_.push_back(insertFile(session, paths[number], {}, placeInGrid(number)));
+    });
+    if (status == Status::Done)
+      continue;
+    session.say(Text::kListFailed, {OdString::fromUtf8(paths[number])});
+    ++failed_;
+  }
+}
+
+void Insert::work(Session& session, Json& results) {
+  if (dry_) {
+    const std::vector<std::string> paths = !typed_.list.empty()   ? listedFiles(typed_.list)
+                                           : !typed_.file.empty() ? std::vector<std::string>{typed_.file}
+                                                                  : std::vector<std::string>{};
+    results["preview"] = Json::array();
+    for (const std::string& path : paths)
+      results["preview"].push_back(previewFile(session, path, OdString::fromUtf8(typed_.name), answers_));
+    if (paths.empty())
+      results["preview"].push_back(previewBlock(session, OdString::fromUtf8(typed_.block), answers_));
+    return;
+  }
+  if (!typed_.list.empty()) {
+    insertList(session);
+  } else if (!typed_.file.empty()) {
+    done_.push_back(insertFile(session, typed_.file, OdString::fromUtf8(typed_.name), placement_));
+  } else {
+    const OdString name = OdString::fromUtf8(typed_.block);
+    const OdDbObjectId block = definitionOf(session, name);
+    if (block.isNull())
+      refuse(Text::kNoSuchBlock, {name});
+    done_.push_back(place(session, {}, {BroughtIn::How::Kept, block, name, {}, {}}, placement_));
+  }
+  insertCommon::checkExternalReference(session.drawing().document->fileName());
+  results["inserted"] = Json::array();
+  for (const Done& done : done_)
+    results["inserted"].push_back(jsonOf(done));
+  results["failed"] = failed_;
+}
+
+Json Insert::jsonOf(const Done& done) {
+  Json json = {{"file", done.path.empty() ? Json() : Json(done.path)},
+               {"block", done.in.name.toUtf8Lossless()},
+               {"definition", done.path.empty() ? "own" : howName(done.in.how)},
+               {"handle", done.in.block.getHandle().ascii()},
+               {"reference", done.reference.getHandle().ascii()},
+               {"factor", done.factor},
+               {"renamed", Json::array()},
+               {"kept", Json::array()},
+               {"attributes", Json::array()}};
+  for (const BroughtIn::Nested& nested : done.in.renamed)
+    json["renamed"].push_back({{"name", nested.name.toUtf8Lossless()}, {"now", nested.now.toUtf8Lossless()}});
+  for (const OdString& name : done.in.kept)
+    json["kept"].push_back(name.toUtf8Lossless());
+  const OdDbBlockReferencePtr reference = done.reference.safeOpenObject();
+  const ReferenceAttributes attributes(*reference);
+  for (const AttributeRow& row : attributes.rows())
+    json["attributes"].push_back(
+        {{"tag", row.tag.toUtf8Lossless()}, {"ordinal", row.ordinal}, {"value", row.value.toUtf8Lossless()}});
+  return json;
+}
+
+void Insert::tell(Session& session) const {
+  for (const Done& done : done_) {
+    if (typed_.list.empty())
+      session.say(Text::kUnitsFactor, {exactText(done.factor)});
+    session.result(Text::kInserted, {done.in.name, OdString::fromUtf8(done.reference.getHandle().ascii())});
+  }
+  if (!typed_.list.empty() && !dry_)
+    session.say(Text::kListSum, {count(done_.size()), count(failed_)});
+}
+
+} // namespace
+
+std::unique_ptr<Verb> insertVerb() {
+  return std::make_unique<Insert>();
+}
+
+} // namespace console::verbs

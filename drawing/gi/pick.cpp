@@ -1,0 +1,133 @@
+#include "GiPick.h"
+
+#include "DbBlockTable.h"
+#include "DbDatabase.h"
+#include "db/store.h"
+#include "gi/outlines.h"
+#include "gi/walk.h"
+
+#include <algorithm>
+
+namespace drawing {
+namespace {
+
+using gi::Box;
+using gi::Outlines;
+using gi::Polygon;
+using gi::Segment;
+
+Box boxOf(const OdGePoint2d& corner, const OdGePoint2d& opposite) {
+  Box box;
+  box.add(corner);
+  box.add(opposite);
+  return box;
+}
+
+std::vector<Segment> sidesOf(const Polygon& ring) {
+  std::vector<Segment> sides;
+  for (std::size_t at = 0, before = ring.size() - 1; at < ring.size(); before = at++)
+    sides.push_back({ring[before], ring[at]});
+  return sides;
+}
+
+bool isInside(const Box& box, const Outlines& outlines) {
+  const auto holds = [&](const OdGePoint2d& point) { return gi::isInside(box, point); };
+  const auto holdsRing = [&](const Polygon& ring) { return std::all_of(ring.begin(), ring.end(), holds); };
+  return std::all_of(outlines.segments.begin(), outlines.segments.end(),
+                     [&](const Segment& segment) {
+                       return segment.startsHere && segment.endsHere && holds(segment.from) && holds(segment.to);
+                     }) &&
+         std::all_of(outlines.points.begin(), outlines.points.end(), holds) &&
+         std::all_of(outlines.fills.begin(), outlines.fills.end(), [&](const std::vector<Polygon>& rings) {
+           return std::all_of(rings.begin(), rings.end(), holdsRing);
+         });
+}
+
+bool reachesInto(const Box& box, Segment segment) {
+  return gi::cutAt(box, segment);
+}
+
+bool touchesFill(const Box& box, const std::vector<Polygon>& rings) {
+  for (const Polygon& ring : rings) {
+    for (const Segment& side : sidesOf(ring)) {
+      if (reachesInto(box, side))
+        return true;
+    }
+  }
+  return gi::encloses(rings, {box.minX, box.minY}); // no side reaches in: all of the box is inside, or nothing
+}
+
+bool touches(const Box& box, const Outlines& outlines) {
+  return std::any_of(outlines.segments.begin(), outlines.segments.end(),
+                     [&](const Segment& segment) { return reachesInto(box, segment); }) ||
+         std::any_of(outlines.points.begin(), outlines.points.end(),
+                     [&](const OdGePoint2d& point) { return gi::isInside(box, point); }) ||
+         std::any_of(outlines.fills.begin(), outlines.fills.end(),
+                     [&](const std::vector<Polygon>& rings) { return touchesFill(box, rings); });
+}
+
+bool touchesFill(const Segment& part, const std::vector<Polygon>& rings) {
+  for (const Polygon& ring : rings) {
+    const std::vector<Segment> sides = sidesOf(ring);
+    if (std::any_of(sides.begin(), sides.end(), [&](const Segment& side) { return gi::touches(part, side); }))
+      return true;
+  }
+  return gi::encloses(rings, part.from);
+}
+
+bool touches(const Segment& part, const Outlines& outlines) {
+  return std::any_of(outlines.segments.begin(), outlines.segments.end(),
+                     [&](const Segment& segment) { return gi::touches(segment, part); }) ||
+         std::any_of(outlines.points.begin(), outlines.points.end(),
+                     [&](const OdGePoint2d& point) {
+                       return gi::touches({point, point}, part);
+                     }) ||
+         std::any_of(outlines.fills.begin(), outlines.fills.end(),
+                     [&](const std::vector<Polygon>& rings) { return touchesFill(part, rings); });
+}
+
+} // namespace
+
+ViewPicker::ViewPicker(OdDbObjectId block, const OdGeMatrix3d& toView) : block_(block), toView_(toView) {}
+
+template <class Test>
+OdDbObjectIdArray ViewPicker::pick(const Test& test) const {
+  OdDbObjectIdArray picked;
+  const auto* record = db::peekAs<OdDbBlockTableRecord>(block_);
+  if (!db::lives(record))
+    return picked;
+  gi::Looks looks(*record->database(), {});
+  gi::Place place = gi::placeOf(*record, looks);
+  place.toPicture = toView_ * place.toPicture;
+  const PictureOptions options;
+  for (const OdDbObjectId id : record->members().ids()) {
+    gi::DisplayList list;
+    PictureReport report;
+    gi::Walk(list, looks, options, report).runOne(id, place);
+    const Outlines outlines = gi::outlinesOf(list);
+    if (!outlines.isEmpty() && test(outlines))
+      picked.append(id);
+  }
+  return picked;
+}
+
+OdDbObjectIdArray ViewPicker::inside(const OdGePoint2d& corner, const OdGePoint2d& opposite) const {
+  const Box box = boxOf(corner, opposite);
+  return pick([&](const Outlines& outlines) { return isInside(box, outlines); });
+}
+
+OdDbObjectIdArray ViewPicker::touching(const OdGePoint2d& corner, const OdGePoint2d& opposite) const {
+  const Box box = boxOf(corner, opposite);
+  return pick([&](const Outlines& outlines) { return touches(box, outlines); });
+}
+
+OdDbObjectIdArray ViewPicker::along(const std::vector<OdGePoint2d>& path) const {
+  std::vector<Segment> parts;
+  for (std::size_t at = 0; at < path.size(); ++at)
+    parts.push_back({path[at == 0 ? 0 : at - 1], path[at]});
+  return pick([&](const Outlines& outlines) {
+    return std::any_of(parts.begin(), parts.end(), [&](const Segment& part) { return touches(part, outlines); });
+  });
+}
+
+} // namespace drawing

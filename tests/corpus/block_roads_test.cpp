@@ -1,0 +1,101 @@
+// BLOCK on real drawings, typed: locked layers, definitions that are there, and blocks that would contain themselves.
+#include "console/program.h"
+
+#include "DbBlockTable.h"
+#include "DbDxf.h"
+#include "DbEntity.h"
+#include "tests/corpus/drawings.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Finished {
+  int status;
+  std::string shown;
+};
+
+Finished run(const std::string& path, const std::string& script) {
+  Finished done{0, {}};
+  console::Surroundings surroundings;
+  surroundings.host.keepsConfig = false;
+  surroundings.talk = [&](const OdString& text) { done.shown += text.toUtf8Lossless(); };
+  surroundings.results = surroundings.talk;
+  done.status = console::runProgram({path, "-c", script}, surroundings);
+  return done;
+}
+
+std::size_t times(const std::string& text, const std::string& part) {
+  std::size_t number = 0;
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+    ++number;
+  return number;
+}
+
+struct Facts {
+  std::string layer;      // of the last object; empty when it is not to be typed in a script
+  std::size_t locked = 0; // on that layer, or on one that is locked already
+  std::size_t objects = 0;
+};
+
+// Of the space that a drawing shows when it is opened.
+Facts factsOf(const drawing::ReadResult& read) {
+  Facts facts;
+  if (read.database.isNull() || read.database->headerInt("TILEMODE", 1) == 0)
+    return facts;
+  const OdDbBlockTableRecordPtr space = read.database->getModelSpaceId().safeOpenObject();
+  std::vector<std::pair<OdString, bool>> layers; // and whether it is locked
+  for (const auto walk = space->newIterator(); !walk->done(); walk->step())
+    layers.emplace_back(walk->entity()->layer(), walk->entity()->isOnLockedLayer());
+  const OdString last = layers.empty() ? OdString() : layers.back().first;
+  facts.objects = layers.size();
+  facts.locked = static_cast<std::size_t>(std::count_if(layers.begin(), layers.end(), [&](const auto& layer) {
+    return layer.second || layer.first.iCompare(last) == 0;
+  }));
+  const std::string name = last.toUtf8Lossless();
+  if (name.find_first_of(" \t;") == std::string::npos)
+    facts.layer = name;
+  return facts;
+}
+
+// The last object becomes a block in a block in a block; the innermost is to be redefined with the outermost.
+constexpr char kNested[] = "BLOCK road-a 0,0 Last\n\nConvert\nBLOCK road-b 0,0 Last\n\nConvert\n"
+                           "BLOCK road-c 0,0 Last\n\nConvert\nBLOCK road-a 是 0,0 Last\n\n";
+
+TEST(BlockRoads, HoldOnRealDrawings) {
+  std::size_t locked = 0, refused = 0;
+  for (const std::string& path : corpus::paths()) {
+    const Facts facts = factsOf(drawing::readDrawing(path));
+    if (facts.layer.empty())
+      continue;
+    const std::string lock = "LAYER Lock " + facts.layer + "\n\nBLOCK road 0,0 All\n\nKeep\n";
+    const Finished left = run(path, lock);
+    const std::string box = "锁定图层上的对象数量: " + std::to_string(facts.locked) + "\n";
+    EXPECT_NE(left.shown.find(box), std::string::npos) << path << '\n' << left.shown;
+    EXPECT_EQ(left.shown.find("Block \"road\" made") != std::string::npos,
+              facts.locked < facts.objects && left.shown.find("cannot be put into") == std::string::npos)
+        << path;
+    ++locked;
+    const Finished itself = run(path, kNested);
+    if (times(itself.shown, "Block \"road-") < 3) // a layer is locked, or the object cannot be put into a block
+      continue;
+    EXPECT_NE(itself.shown.find("块 road-a 参照自身。"), std::string::npos) << path;
+    EXPECT_EQ(times(itself.shown, "would contain itself: \"road-a\" contains \"road-c\" (reference "), 1U) << path;
+    EXPECT_NE(itself.shown.find(") contains \"road-b\" (reference "), std::string::npos) << path;
+    EXPECT_EQ(itself.status, 1) << path;
+    ++refused;
+    if (facts.objects < 2) // nothing is left to redefine it with
+      continue;
+    const Finished both =
+        run(path, "BLOCK road 0,0 Last\n\nConvert\nBLOCK road 否\nBLOCK road 1 0,0 All\n\nBLOCK road 是 0,0 "
+                  "All\nRemove Last\n\nKeep\n");
+    EXPECT_EQ(times(both.shown, "图形中“road”块参照的数量：1\n"), 3U) << path;
+    EXPECT_EQ(times(both.shown, "*Cancel*"), 1U) << path;
+  }
+  EXPECT_GT(locked, 300U);
+  EXPECT_GT(refused, 280U);
+  std::cout << locked << " drawings with a locked layer, " << refused << " with a block in itself\n";
+}
+
+} // namespace

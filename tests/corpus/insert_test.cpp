@@ -1,0 +1,87 @@
+// Every real drawing goes into one that has much in it already, as a block: the block shows what the file shows, the
+// file's drawing and everything else of the target stay as they were, and taking it back leaves nothing.
+#include "DbBlockTable.h"
+#include "DbDump.h"
+#include "DbDxf.h"
+#include "DbEntity.h"
+#include "tests/corpus/drawings.h"
+#include "tests/support/drawings.h"
+#include "tests/support/oracles.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace {
+
+using namespace tests;
+
+std::vector<OdRxClass*> kindsIn(OdDbObjectId block) {
+  std::vector<OdRxClass*> kinds;
+  for (const OdDbObjectId id : forRead<OdDbBlockTableRecord>(block)->drawOrder())
+    kinds.push_back(id.objectClass());
+  return kinds;
+}
+
+void expectSameExtents(OdDbObjectId one, OdDbObjectId other) {
+  OdGeExtents3d first, second;
+  EXPECT_EQ(forRead<OdDbBlockTableRecord>(one)->getGeomExtents(first),
+            forRead<OdDbBlockTableRecord>(other)->getGeomExtents(second));
+  if (first.isValidExtents()) {
+    EXPECT_TRUE(first.minPoint() == second.minPoint() && first.maxPoint() == second.maxPoint());
+  }
+}
+
+TEST(Insert, EveryDrawingIsTheBlockThatItShows) {
+  std::size_t inserted = 0;
+  for (const std::string& path : corpus::paths()) {
+    const OdDbDatabasePtr source = drawing::readDrawingFromMemory(corpus::textOf(path)).database;
+    if (source.isNull() || source->getModelSpaceId().isNull())
+      continue;
+    SCOPED_TRACE(path);
+    const OdDbDatabasePtr target = OdDbDatabase::create();
+    skewHandles(*target);
+    const std::string before = drawing::canonicalDump(*source);
+    OdDbObjectId block;
+    target->startUndoRecord();
+    const std::string empty = drawing::canonicalDump(*target);
+    block = target->insert(L"the file", source.get(), true);
+    ASSERT_FALSE(block.isNull());
+    EXPECT_EQ(kindsIn(block), kindsIn(source->getModelSpaceId()));
+    expectSameExtents(source->getModelSpaceId(), block);
+    EXPECT_EQ(target->insert(L"THE FILE", source.get(), true), block); // refilled
+    EXPECT_EQ(kindsIn(block), kindsIn(source->getModelSpaceId()));
+    EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*source)), "");
+    expectSound(*target);
+    target->undo();
+    EXPECT_EQ(firstDifference(empty, drawing::canonicalDump(*target)), "");
+    ++inserted;
+  }
+  EXPECT_GT(inserted, 350u);
+}
+
+// What the drawings have in common is the first one's, and each one after it stands beside them whole.
+TEST(Insert, AllDrawingsComeTogetherInOne) {
+  const OdDbDatabasePtr target = OdDbDatabase::create();
+  int number = 0;
+  std::size_t nested = 0;
+  for (const std::string& path : corpus::paths()) {
+    if (path.find("/parts/") == std::string::npos)
+      continue;
+    SCOPED_TRACE(path);
+    const OdDbDatabasePtr source = drawing::readDrawingFromMemory(corpus::textOf(path)).database;
+    ASSERT_FALSE(source.isNull());
+    OdString name;
+    const OdDbObjectId block = target->insert(name.format(L"file %d", ++number), source.get(), true);
+    ASSERT_FALSE(block.isNull());
+    addReference(*target, block);
+    EXPECT_EQ(kindsIn(block), kindsIn(source->getModelSpaceId()));
+    nested += target->insertReport().count("clone.renamed");
+  }
+  EXPECT_EQ(number, 305);
+  EXPECT_EQ(nested, 0u); // no file shows itself
+  expectSound(*target);
+  expectRoundTrip(*target);
+}
+
+} // namespace

@@ -1,0 +1,108 @@
+// All parts of the corpus come into one drawing by one command; each reference shows what its own file holds.
+#include "console/program.h"
+
+#include "DbBlockReference.h"
+#include "DbBlockTable.h"
+#include "DbCompare.h"
+#include "DbDxf.h"
+#include "tests/corpus/drawings.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+#include <unistd.h>
+
+namespace {
+
+using Json = nlohmann::json;
+
+class Folder {
+public:
+  Folder() : path_(std::filesystem::temp_directory_path() / ("parts-" + std::to_string(getpid()))) {
+    std::filesystem::create_directory(path_);
+  }
+  ~Folder() { std::filesystem::remove_all(path_); }
+  std::string file(const char* name) const { return (path_ / name).string(); }
+
+private:
+  std::filesystem::path path_;
+};
+
+struct Finished {
+  int status;
+  std::string results;
+};
+
+Finished run(const std::vector<std::string>& arguments) {
+  Finished run{0, {}};
+  console::Surroundings surroundings;
+  surroundings.host.keepsConfig = false;
+  surroundings.talk = [](const OdString&) {};
+  surroundings.results = [&](const OdString& text) { run.results += text.toUtf8Lossless(); };
+  run.status = console::runProgram(arguments, surroundings);
+  return run;
+}
+
+std::vector<std::string> partPaths() {
+  std::vector<std::string> parts;
+  for (const std::string& path : corpus::paths()) {
+    if (path.find("/parts/") != std::string::npos && path.size() > 4 && path.substr(path.size() - 4) == ".dxf")
+      parts.push_back(path);
+  }
+  std::sort(parts.begin(), parts.end());
+  return parts;
+}
+
+std::size_t entities(OdDbObjectId block) {
+  std::size_t number = 0;
+  const OdDbBlockTableRecordPtr record = block.safeOpenObject();
+  for (const auto walk = record->newIterator(); !walk->done(); walk->step())
+    ++number;
+  return number;
+}
+
+bool sameExtents(OdDbObjectId one, OdDbObjectId other) {
+  OdGeExtents3d a, b;
+  const OdResult first = OdDbBlockTableRecordPtr(one.safeOpenObject())->getGeomExtents(a);
+  const OdResult second = OdDbBlockTableRecordPtr(other.safeOpenObject())->getGeomExtents(b);
+  return first == second &&
+         (first != eOk || (a.minPoint().isEqualTo(b.minPoint()) && a.maxPoint().isEqualTo(b.maxPoint())));
+}
+
+TEST(PartLibrary, ShowsEveryPartAsItsFileHasIt) {
+  const std::vector<std::string> parts = partPaths();
+  ASSERT_EQ(parts.size(), 305U);
+  const Folder folder;
+  {
+    std::ofstream list(folder.file("list.txt"));
+    for (const std::string& part : parts)
+      list << part << "\n";
+  }
+  ASSERT_EQ(run({"-c", "SAVEAS " + folder.file("empty.dxf") + " 2018\n"}).status, 0);
+  const std::string out = folder.file("all.dxf");
+  const Finished made = run({"insert", folder.file("empty.dxf"), "--file-list", folder.file("list.txt"), "--grid",
+                        "20,1000,1000", "--defaults", "--json", "-o", out});
+  EXPECT_EQ(made.status, 4); // three of the files are damaged, and said to be
+  const Json inserted = Json::parse(made.results)["results"]["inserted"];
+  ASSERT_EQ(inserted.size(), parts.size());
+  EXPECT_EQ(
+      std::count_if(inserted.begin(), inserted.end(), [](const Json& one) { return one["definition"] != "made"; }), 14);
+
+  const drawing::ReadResult all = drawing::readDrawing(out);
+  EXPECT_EQ(all.report.outcome(), drawing::Outcome::Whole);
+  for (std::size_t at = 0; at < parts.size(); ++at) {
+    const drawing::ReadResult part = drawing::readDrawing(parts[at]);
+    const std::uint64_t handle = std::stoull(inserted[at]["reference"].get<std::string>(), nullptr, 16);
+    const OdDbBlockReferencePtr reference = all.database->getOdDbObjectId(handle).safeOpenObject();
+    const OdDbObjectId own = part.database->getModelSpaceId(), shown = reference->blockTableRecord();
+    EXPECT_EQ(entities(shown), entities(own)) << parts[at];
+    EXPECT_TRUE(sameExtents(shown, own)) << parts[at];
+    for (const Json& kept : inserted[at]["kept"])
+      ADD_FAILURE() << parts[at] << " shows another's " << kept;
+  }
+  EXPECT_EQ(run({"audit", out}).status, 0);
+}
+
+} // namespace
