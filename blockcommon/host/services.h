@@ -15,7 +15,7 @@ namespace mvsi {
 class MvsiApDocument;
 struct MvsiDeviceRect;
 struct MvsiImage;
-}
+} // namespace mvsi
 
 namespace hostAccess {
 
