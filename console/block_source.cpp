@@ -1,6 +1,7 @@
 #include "console/block_source.h"
 #include "console/block_maker.h"
 #include "console/drawing_io.h"
+#include "console/external_references.h"
 #include "console/selection.h"
 
 #include "DbBlockReference.h"
@@ -199,6 +200,7 @@ BroughtIn bringIn(Session& session, const BlockSource& source, OnClash onClash) 
     else
       listKept(source, target, result);
     result.block = insertAs(session, source, result.name);
+    loadNewXrefs(session);
   }
   tell(session, source, result);
   return result;
