@@ -19,6 +19,8 @@ struct MvsiImage;
 
 namespace hostAccess {
 
+// Whether the host has a service that asks.
+bool hasEditGetServer();
 int mvsiedInitGet(int flags, const wchar_t* keywords);
 int mvsiedGetString(int allowSpaces, const wchar_t* prompt, wchar_t* result);
 int mvsiedGetPoint(const double* basePoint, const wchar_t* prompt, double* result);

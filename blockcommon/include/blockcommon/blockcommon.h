@@ -14,3 +14,4 @@
 #include "blockcommon/properties.h"
 #include "blockcommon/selections.h"
 #include "blockcommon/transforms.h"
+#include "blockcommon/write_block.h"
