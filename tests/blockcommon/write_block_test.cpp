@@ -85,7 +85,7 @@ TEST_F(WriteBlock, TargetIsCheckedFromItsNameToTheYes) {
       {L"100%s", {L"N"}, RTCAN, false, L"P:\\100%s.dwg", L"\nP:\\100%s.dwg已经存在，是否覆盖？[是(Y)/否(N)] <N>: "},
       {L"new", {}, RTNORM, true, L"P:\\new.dwg", L""},
       {L"~", {}, RTNORM, false, L"", L""},
-      {L"100%s?", {}, RTREJ, false, L"", L"\nThe file name 100%s? has characters that none may have."},
+      {L"100%%?", {}, RTREJ, false, L"", L"\nThe file name 100%%? has characters that none may have."},
       {L"P:\\%d\\b", {}, RTREJ, false, L"", L"\nThere is no folder P:\\%d\\."},
   };
   for (const auto& row : rows) {
