@@ -480,6 +480,26 @@ constexpr std::array kWords = {
     Word{Text::kNotDrawnToleranceNote, "preview.tolerance-note", L"the tolerances in the note are left out"},
     Word{Text::kNotDrawnXref, "preview.xref-not-loaded", L"the external drawing is not loaded"},
     Word{Text::kNotDrawnXrefUnloaded, "preview.xref-unloaded", L"the external drawing is unloaded"},
+
+    Word{Text::kGraphNode, "graph.node", L"{1}\"{2}\"  reference {3}  chain {4}"},
+    Word{Text::kGraphExternal, "graph.external",
+         L"{1}\"{2}\"  reference {3}  chain {4}  external: {5}, {6}, found at {7}"},
+    Word{Text::kGraphLost, "graph.external-lost",
+         L"{1}\"{2}\"  reference {3}  chain {4}  external: {5}, {6}, no file found"},
+    Word{Text::kGraphNoReference, "graph.no-reference", L"The drawing has no block reference with the handle {1}."},
+    Word{Text::kGraphEndless, "graph.endless",
+         L"The tree below reference {1} has no end: a dynamic block is part of itself by one of its shapes."},
+    Word{Text::kGraphTooLarge, "graph.too-large",
+         L"The tree below reference {1} would hold {2} references, which is more than {3}; --max-nodes allows more."},
+    Word{Text::kGraphTooDeep, "graph.too-deep",
+         L"The chains below reference {1} would name {2} references, which is too much for {3} nodes; --max-nodes "
+         L"allows "
+         L"more."},
+    Word{Text::kEditAllowed, "graph.edit-allowed", L"Reference {1} may be edited in place."},
+    Word{Text::kEditXeditOff, "graph.edit-xedit-off",
+         L"Reference {1} may not be edited in place: the external drawing {3} does not allow it (XEDIT is off there)."},
+    Word{Text::kEditExternal, "graph.edit-external",
+         L"Reference {1} may not be edited in place: reference {2} shows the external drawing {3}."},
 };
 
 constexpr bool inOrder() {

@@ -434,6 +434,17 @@ enum class Text : unsigned short {
   kNotDrawnToleranceNote,
   kNotDrawnXref,
   kNotDrawnXrefUnloaded,
+  // References that one leads to
+  kGraphNode,
+  kGraphExternal,
+  kGraphLost,
+  kGraphNoReference,
+  kGraphEndless,
+  kGraphTooLarge,
+  kGraphTooDeep,
+  kEditAllowed,
+  kEditXeditOff,
+  kEditExternal,
   kCount
 };
 

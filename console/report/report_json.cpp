@@ -41,17 +41,11 @@ Json layerJson(const Layer& layer) {
           {"off", layer.isOff},         {"color", layer.color},     {"linetype", textOrNull(layer.linetype)}};
 }
 
-const char* statusName(drawing::XrefStatus status) {
-  constexpr const char* kNames[] = {"none",      "not-loaded", "loaded", "unloaded",
-                                    "not-found", "refused",    "cycle",  "not-followed"};
-  return kNames[static_cast<std::size_t>(status)];
-}
-
 Json xrefJson(const Xref& xref) {
   return {{"overlay", xref.overlay},
           {"resolved", xref.resolved},
           {"unloaded", xref.unloaded},
-          {"status", statusName(xref.status)},
+          {"status", xrefStatusName(xref.status)},
           {"path", textOf(xref.path)}};
 }
 
@@ -105,6 +99,12 @@ Json toJson(const DrawingReport& report, bool all) {
 
 Json emptyJson() {
   return {{"header", Json()}, {"layers", Json::array()}, {"blocks", Json::array()}};
+}
+
+const char* xrefStatusName(drawing::XrefStatus status) {
+  constexpr const char* kNames[] = {"none",      "not-loaded", "loaded", "unloaded",
+                                    "not-found", "refused",    "cycle",  "not-followed"};
+  return kNames[static_cast<std::size_t>(status)];
 }
 
 const char* severityName(drawing::Severity severity) {

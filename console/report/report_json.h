@@ -13,7 +13,8 @@ nlohmann::ordered_json toJson(const DrawingReport& report, bool all);
 // Without a drawing: the same keys, empty.
 nlohmann::ordered_json emptyJson();
 
-const char* severityName(drawing::Severity severity); // "note", "repaired" ...
+const char* xrefStatusName(drawing::XrefStatus status); // "loaded", "not-found" ...
+const char* severityName(drawing::Severity severity);   // "note", "repaired" ...
 nlohmann::ordered_json issuesJson(const std::vector<drawing::Issue>& issues);
 // One text with a line end. Bytes of a damaged drawing may be no UTF-8; they are shown as U+FFFD.
 OdString jsonText(const nlohmann::ordered_json& json);

@@ -17,6 +17,7 @@ std::vector<std::unique_ptr<Verb>> allVerbs() {
   verbs.push_back(insertVerb());
   verbs.push_back(attributesVerb());
   verbs.push_back(previewVerb());
+  verbs.push_back(graphVerb());
   return verbs;
 }
 

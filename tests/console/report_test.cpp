@@ -1,10 +1,9 @@
 // The report: every count checked against a drawing whose numbers are known, the same drawing for people and for
 // machines, and files that cannot be told whole.
 #include "tests/console/console_run.h"
-#include "tests/support/drawings.h"
+#include "tests/support/dynamic_blocks.h"
 
 #include "DbAttribute.h"
-#include "DbDictionary.h"
 #include "DbDxf.h"
 #include "console/report/drawing_report.h"
 
@@ -64,18 +63,10 @@ struct House {
     forWrite<OdDbObject>(addReference(*database, chair))->erase();
   }
   void addShapes() {
-    const OdSmartPtr<OdDbRegAppTableRecord> application = OdDbRegAppTableRecord::createObject();
-    application->setName(L"AcDbBlockRepBTag");
-    forWrite<OdDbSymbolTable>(database->getRegAppTableId())->add(application.get());
-    const auto extension =
-        forWrite<OdDbDictionary>(forWrite<OdDbBlockTableRecord>(window)->createExtensionDictionary());
-    extension->setAt(L"ACAD_ENHANCEDBLOCK", OdDbDictionary::createObject().get());
+    tests::makeDynamic(window);
     addReference(*database, window);
     for (int n = 1; n <= 2; ++n) {
-      const OdDbObjectId shape = addBlock(*database, L"*U");
-      const OdResBufPtr mark = OdResBuf::newRb(1001, OdString(L"AcDbBlockRepBTag"));
-      mark->setNext(OdResBuf::newRb(1005, window));
-      forWrite<OdDbObject>(shape)->setXData(mark.get());
+      const OdDbObjectId shape = tests::addShape(window);
       for (int shown = 0; shown < n; ++shown)
         addReference(*database, shape, n == 1 ? room : OdDbObjectId());
     }

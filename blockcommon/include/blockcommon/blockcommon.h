@@ -12,6 +12,7 @@
 #include "blockcommon/messages.h"
 #include "blockcommon/prompts.h"
 #include "blockcommon/properties.h"
+#include "blockcommon/reference_graph.h"
 #include "blockcommon/selections.h"
 #include "blockcommon/transforms.h"
 #include "blockcommon/write_block.h"

@@ -1,9 +1,8 @@
 // Which blocks are dynamic, by each of the marks that files use, and that the marks go along with clones.
-#include "DbDictionary.h"
 #include "DbDxf.h"
 #include "DbDynBlockReference.h"
 #include "DbIdMapping.h"
-#include "tests/support/drawings.h"
+#include "tests/support/dynamic_blocks.h"
 #include "tests/support/oracles.h"
 
 #include <gtest/gtest.h>
@@ -11,33 +10,12 @@
 namespace tests {
 namespace {
 
-void setData(OdDbObjectId id, const OdString& application, int code, OdDbObjectId reference,
-             const OdString& text = {}) {
-  OdDbDatabase& database = *id.database();
-  if (database.symbol(OdDb::kRegAppTable, application).isNull()) {
-    const OdSmartPtr<OdDbRegAppTableRecord> record = OdDbRegAppTableRecord::createObject();
-    record->setName(application);
-    forWrite<OdDbSymbolTable>(database.getRegAppTableId())->add(record.get());
-  }
-  const OdResBufPtr chain = OdResBuf::newRb(1001, application);
-  chain->setNext(OdResBuf::newInt(1070, 1))
-      ->setNext(reference.isNull() ? OdResBuf::newRb(code, text) : OdResBuf::newRb(code, reference));
-  forWrite<OdDbObject>(id)->setXData(chain.get());
-}
-
-void markShape(OdDbObjectId shape, OdDbObjectId definition) {
-  setData(shape, L"AcDbBlockRepBTag", 1005, definition);
-}
-
 class DynamicBlock : public testing::Test {
 protected:
   DynamicBlock() {
     definition_ = addBlock(*database_, L"door");
-    const auto dictionary =
-        forWrite<OdDbDictionary>(forWrite<OdDbBlockTableRecord>(definition_)->createExtensionDictionary());
-    dictionary->setAt(L"ACAD_ENHANCEDBLOCK", OdDbDictionary::createObject().get());
-    shape_ = addBlock(*database_, L"*U");
-    markShape(shape_, definition_);
+    makeDynamic(definition_);
+    shape_ = addShape(definition_);
     plain_ = addBlock(*database_, L"wall");
   }
   const OdDbDatabasePtr database_ = OdDbDatabase::create();

@@ -1,0 +1,167 @@
+#include "console/external_references.h"
+#include "console/numbers.h"
+#include "console/reference_tree.h"
+#include "console/report/report_json.h"
+#include "console/verbs/job.h"
+#include "console/verbs/verb.h"
+
+#include "DbBlockReference.h"
+
+#include <CLI/CLI.hpp>
+
+namespace console::verbs {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+std::string handleOf(OdDbObjectId id) {
+  return id.getHandle().ascii();
+}
+
+OdString chainText(const OdDbObjectIdArray& chain) {
+  std::string text;
+  for (const OdDbObjectId& id : chain)
+    text += (text.empty() ? "" : " ") + handleOf(id);
+  return OdString::fromUtf8(text);
+}
+
+Json textOrNull(const OdString& text) {
+  return text.isEmpty() ? Json() : Json(text.toUtf8Lossless());
+}
+
+Json jsonOf(const ReferenceNode& node) {
+  Json chain = Json::array();
+  for (const OdDbObjectId& id : node.chain)
+    chain.push_back(handleOf(id));
+  Json external;
+  if (node.external)
+    external = {{"path", node.external->path.toUtf8Lossless()},
+                {"status", report::xrefStatusName(node.external->status)},
+                {"found", textOrNull(node.external->found)}};
+  return {{"reference", handleOf(node.reference)},
+          {"block", textOrNull(node.block)},
+          {"parent", node.parent ? Json(*node.parent) : Json()},
+          {"chain", std::move(chain)},
+          {"external", std::move(external)}};
+}
+
+Json jsonOf(const EditCheck& edit) {
+  constexpr const char* kReasons[] = {"none", "xedit-off", "external"};
+  if (edit.isAllowed())
+    return {{"allowed", true}, {"reason", Json()}, {"path", Json()}, {"reference", Json()}};
+  return {{"allowed", false},
+          {"reason", kReasons[static_cast<std::size_t>(edit.reason)]},
+          {"path", edit.path.toUtf8Lossless()},
+          {"reference", handleOf(edit.reference)}};
+}
+
+// As DOT quotes it: a backslash would begin an escape.
+std::string dotQuoted(const OdString& text) {
+  std::string quoted;
+  for (const char c : escaped(text).toUtf8Lossless()) {
+    if (c == '"' || c == '\\')
+      quoted += '\\';
+    quoted += c;
+  }
+  return quoted;
+}
+
+std::string dotOf(const std::vector<ReferenceNode>& nodes) {
+  std::string text = "digraph references {\n";
+  for (std::size_t at = 0; at < nodes.size(); ++at) {
+    const ReferenceNode& node = nodes[at];
+    const std::string name = "n" + std::to_string(at);
+    text += "  " + name + " [label=\"" + dotQuoted(node.block) + "\\n" + handleOf(node.reference);
+    if (node.external)
+      text += "\\n" + dotQuoted(node.external->path) + "\", style=dashed];\n";
+    else
+      text += "\"];\n";
+    if (node.parent)
+      text += "  n" + std::to_string(*node.parent) + " -> " + name + ";\n";
+  }
+  return text + "}\n";
+}
+
+class Graph : public Verb {
+public:
+  void describe(CLI::App& program) override {
+    verb_ =
+        program.add_subcommand("graph", "Tell which references one leads to, and whether it may be edited in place");
+    verb_->add_option("FILE", files_.in, "Drawing to read")->required();
+    verb_->add_option("--reference", handle_, "Handle of the block reference")->required();
+    CLI::Option* json = verb_->add_flag("--json", json_, "Report as one JSON object");
+    verb_->add_flag("--dot", dot_, "As a graph in the DOT language")->excludes(json);
+    verb_->add_option("--max-nodes", mostNodes_, "Refuse a tree of more references than this (100000)")
+        ->check(CLI::Range(std::uint64_t{1}, std::uint64_t{1'000'000'000}));
+  }
+  bool isChosen() const override { return verb_->parsed(); }
+  void check() override {
+    if (isChosen() && !parseHandle(handle_))
+      refuseUsage(Text::kBadHandle, "--reference", handle_);
+  }
+  Status run(const SessionOptions& settings) override {
+    return runJob(settings,
+                  {"graph", files_, json_, [this](Session& session, Json& results) { work(session, results); },
+                   [this](Session& session) { tell(session); }});
+  }
+
+private:
+  void work(Session& session, Json& results) {
+    const OdDbObjectId picked = session.database().getOdDbObjectId(*parseHandle(handle_));
+    if (OdDbBlockReference::cast(picked.safeOpenObject()).isNull())
+      refuse(Text::kGraphNoReference, {OdString::fromUtf8(handle_)});
+    tree_ = treeOf(session, picked, mostNodes_);
+    if (!json_)
+      return;
+    results["reference"] = handleOf(picked);
+    results["edit"] = jsonOf(tree_.edit);
+    results["nodes"] = Json::array();
+    for (const ReferenceNode& node : tree_.nodes)
+      results["nodes"].push_back(jsonOf(node));
+  }
+
+  void tell(Session& session) const {
+    if (dot_)
+      session.printReport(OdString::fromUtf8(dotOf(tree_.nodes)));
+    for (std::size_t at = 0; at < tree_.nodes.size() && !dot_ && !json_; ++at)
+      tellNode(session, tree_.nodes[at]);
+    tellEdit(session);
+  }
+
+  static void tellNode(Session& session, const ReferenceNode& node) {
+    const OdString indent(std::wstring(2 * (node.chain.size() - 1), L' '));
+    std::vector<OdString> words{indent, node.block, OdString::fromUtf8(handleOf(node.reference)),
+                                chainText(node.chain)};
+    if (!node.external)
+      return session.result(Text::kGraphNode, words);
+    words.insert(words.end(), {node.external->path, xrefState(node.external->status), node.external->found});
+    session.result(node.external->found.isEmpty() ? Text::kGraphLost : Text::kGraphExternal, words);
+  }
+
+  void tellEdit(Session& session) const {
+    constexpr Text kTexts[] = {Text::kEditAllowed, Text::kEditXeditOff, Text::kEditExternal};
+    const Text text = kTexts[static_cast<std::size_t>(tree_.edit.reason)];
+    const std::vector<OdString> words{OdString::fromUtf8(handleOf(tree_.nodes.front().reference)),
+                                      OdString::fromUtf8(handleOf(tree_.edit.reference)), tree_.edit.path};
+    if (dot_)
+      session.say(text, words);
+    else
+      session.result(text, words);
+  }
+
+  CLI::App* verb_ = nullptr;
+  JobFiles files_;
+  std::string handle_;
+  std::uint64_t mostNodes_ = 100'000;
+  ReferenceTree tree_;
+  bool json_ = false;
+  bool dot_ = false;
+};
+
+} // namespace
+
+std::unique_ptr<Verb> graphVerb() {
+  return std::make_unique<Graph>();
+}
+
+} // namespace console::verbs
