@@ -28,7 +28,7 @@ OdString below(const OdString& base, const OdString& spec) {
   return touches ? base + spec : base + L"\\" + spec;
 }
 
-// The first candidate that the host finds; empty when there is none.
+// The first candidate that the host finds, with the extension of a drawing; empty when there is none.
 OdString findFile(const OdString& base, const OdString& spec) {
   const OdString candidates[] = {below(base, spec), spec.findOneOf(kSeparators) == 0 ? spec : OdString()};
   const bool isWhole = commonFun::isFileExtValidWithFile(spec);
@@ -44,10 +44,8 @@ OdString findFile(const OdString& base, const OdString& spec) {
 
 // The name that a block of this file gets; false when no block can have it.
 bool nameAfter(const OdString& file, OdString& blockName) {
-  OdString own = file.mid(std::max(file.reverseFind(L'\\'), file.reverseFind(L'/')) + 1);
-  if (commonFun::isFileExtValidWithFile(own))
-    own = own.left(own.getLength() - kLengthOfExtension);
-  if (combinBlkName(own, L"", blockName))
+  const OdString own = file.mid(std::max(file.reverseFind(L'\\'), file.reverseFind(L'/')) + 1);
+  if (combinBlkName(own.left(own.getLength() - kLengthOfExtension), L"", blockName))
     return true;
   dlgTips::showBlockNameUnValidTips();
   return false;

@@ -2,7 +2,7 @@
 //
 // Paths are spelled with backslashes; files are searched by the host (insertCommon::isFileExist), blocks are those of
 // the current drawing. True: the analysis succeeded and the name of the block, where it is looked at, is valid. Results
-// may be written although the answer is false; an argument may be a result itself. Nothing here throws.
+// may be written although the answer is false; an argument may be a result itself.
 #pragma once
 
 #include "OdString.h"
