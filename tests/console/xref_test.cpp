@@ -175,6 +175,20 @@ TEST_F(XrefCommand, ForeignContentsAreNotEdited) {
   }
 }
 
+TEST_F(XrefCommand, ComesAlongWithAnInsertedDrawing) {
+  const OdDbDatabasePtr part = OdDbDatabase::create();
+  const OdDbObjectId xref = addBlock(*part, L"nested");
+  forWrite<OdDbBlockTableRecord>(xref)->setXref(L"site.dxf");
+  addReference(*part, xref);
+  std::filesystem::create_directories(scratch_.path("kit"));
+  std::filesystem::copy(scratch_.path("site.dxf"), scratch_.path("kit/site.dxf"));
+  std::filesystem::remove(scratch_.path("site.dxf"));
+  save(*part, "kit/part.dxf");
+  EXPECT_EQ(run("INSERT part=" + scratch_.path("kit/part.dxf") + "\n\n\n\n\n"), Status::Done);
+  EXPECT_EQ(block(L"nested")->xrefStatus(), XrefStatus::Loaded) << session_.takeShown();
+  EXPECT_EQ(block(L"nested")->pathName(), L"kit\\site.dxf");
+}
+
 TEST_F(XrefCommand, SeveralDrawingsAreOpenEachWithItsOwnSteps) {
   const auto current = [this] { return session_.session().drawing().document->fileName().right(8); };
   EXPECT_EQ(run("LINE 0,0 1,0\n\nDOCS Open " + scratch_.path("site.dxf") + "\n"), Status::Done);
