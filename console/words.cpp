@@ -204,6 +204,7 @@ constexpr std::array kWords = {
     Word{Text::kNameAnonymous, "block.name-anonymous", L"\"{1}\" is the name of an anonymous block."},
     Word{Text::kNameExternal, "block.name-external", L"\"{1}\" is an external reference or belongs to one."},
     Word{Text::kNameBeingEdited, "block.name-edited", L"The block \"{1}\" is open in the block editor."},
+    Word{Text::kNameInvalid, "block.name-invalid", L"\"{1}\" gives no name that a block can have."},
     Word{Text::kBlockExists, "block.exists",
          L"The block \"{1}\" is defined and has {2} {2:reference|references}; --redefine replaces it."},
     Word{Text::kContainsItself, "block.contains-itself", L"The block \"{1}\" would contain itself: {2}."},

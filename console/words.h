@@ -188,6 +188,7 @@ enum class Text : unsigned short {
   kNameAnonymous,
   kNameExternal,
   kNameBeingEdited,
+  kNameInvalid,
   kBlockExists,
   kContainsItself,
   kChainStart,
