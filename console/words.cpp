@@ -1,6 +1,6 @@
 #include "console/words.h"
 
-#include <array>
+#include <iterator>
 #include <string_view>
 
 namespace console {
@@ -13,7 +13,7 @@ struct Word {
 };
 
 // In the order of the enumeration. Texts of keywords hold what is typed, then '_' and the names that commands know.
-constexpr std::array kWords = {
+constexpr Word kWords[] = {
     Word{Text::kPromptCommand, "prompt.command", L"Command:"},
     Word{Text::kUnknownCommand, "command.unknown", L"There is no command \"{1}\". HELP lists the commands."},
     Word{Text::kCancelled, "command.cancelled", L"*Cancel*"},
@@ -504,11 +504,11 @@ constexpr std::array kWords = {
 };
 
 constexpr bool inOrder() {
-  for (std::size_t at = 0; at < kWords.size(); ++at) {
+  for (std::size_t at = 0; at < std::size(kWords); ++at) {
     if (kWords[at].text != static_cast<Text>(at))
       return false;
   }
-  return kWords.size() == static_cast<std::size_t>(Text::kCount);
+  return std::size(kWords) == static_cast<std::size_t>(Text::kCount);
 }
 static_assert(inOrder(), "every text has one row, in the order of the enumeration");
 
