@@ -17,12 +17,17 @@ public:
       : session_(session), space_(qzutads::currentSpaceId()), objects_(objectsOf(space_)) {}
 
   OdDbObjectIdArray run() {
-    while (const auto keyword =
-               askKeyword(session_, Text::kKeywordsSelect, removes_ ? Text::kPromptRemove : Text::kPromptSelect)) {
-      answer(*keyword);
+    for (;;) {
+      const PointOrKeyword typed =
+          askPointOr(session_, Text::kKeywordsSelect, removes_ ? Text::kPromptRemove : Text::kPromptSelect);
+      if (typed.point)
+        pickFrom(*typed.point);
+      else if (!typed.keyword.isEmpty())
+        answer(typed.keyword);
+      else
+        return picks_.ids();
       session_.say(Text::kSelected, {count(picks_.size())});
     }
-    return picks_.ids();
   }
 
 private:

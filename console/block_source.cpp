@@ -1,6 +1,7 @@
 #include "console/block_source.h"
 #include "console/block_maker.h"
 #include "console/drawing_io.h"
+#include "console/external_references.h"
 #include "console/selection.h"
 
 #include "DbBlockReference.h"
@@ -35,16 +36,27 @@ std::vector<OdDbObjectId> definitionsBelow(const OdDbDatabase& source) {
     for (const OdDbObjectId id : objectsOf(found[at])) {
       const OdDbBlockReferencePtr reference = OdDbBlockReference::cast(id.safeOpenObject());
       const OdDbObjectId shown = reference.isNull() ? OdDbObjectId() : reference->blockTableRecord();
-      if (shown.isValid() && seen.insert(shown).second)
+      if (!shown.safeOpenObject().isNull() && seen.insert(shown).second)
         found.push_back(shown);
     }
   }
   found.erase(found.begin());
-  found.erase(
-      std::remove_if(found.begin(), found.end(),
-                     [](OdDbObjectId id) { return OdDbBlockTableRecordPtr(id.safeOpenObject())->isAnonymous(); }),
-      found.end());
+  const auto isAnonymous = [](OdDbObjectId id) { return OdDbBlockTableRecordPtr(id.safeOpenObject())->isAnonymous(); };
+  found.erase(std::remove_if(found.begin(), found.end(), isAnonymous), found.end());
   return found;
+}
+
+// Of the names "door", "door-2", "door-3" ... the first under which the contents can be beside what there is: the
+// target has none of it, or one with the same contents; no other definition of their own drawing has it.
+OdString nameApart(OdDbObjectId contents, const OdString& name, const OdDbDatabase& target) {
+  OdString apart = name;
+  for (int number = 2;; ++number) {
+    const OdDbObjectId own = blockIn(*contents.database(), apart), there = blockIn(target, apart);
+    const bool isOwn = own.isNull() || own == contents || number == 2;
+    if (isOwn && (there.isNull() || drawing::sameDefinition(contents, there)))
+      return apart;
+    apart = name + L"-" + OdString(std::to_wstring(number));
+  }
 }
 
 // Definitions of other contents get free names in the file, so that they come in beside the drawing's.
@@ -52,7 +64,7 @@ void setNestedApart(const BlockSource& source, const OdDbDatabase& target, Broug
   for (const NestedClash& clash : nestedClashes(*source.database, target)) {
     if (clash.same)
       continue;
-    const OdString now = freeBlockName(clash.name, *source.database, target);
+    const OdString now = nameApart(blockIn(*source.database, clash.name), clash.name, target);
     if (drawing::renameRecord(*source.database, OdDb::kBlockTable, clash.name, now) == drawing::RenameResult::Done)
       result.renamed.push_back({clash.name, now});
     else
@@ -117,26 +129,16 @@ void refuseUnfit(OdDbObjectId there) {
   refuse(Text::kNameExternal, {record->getName()});
 }
 
-// Under its own name when that is free or holds the same, else under the first free one.
-OdString nameApart(const BlockSource& source, const OdDbDatabase& target) {
-  OdString name = source.name;
-  for (int number = 2; !blockIn(target, name).isNull(); ++number) {
-    if (drawing::sameDefinition(source.database->getModelSpaceId(), blockIn(target, name)))
-      return name;
-    name = source.name + L"-" + OdString(std::to_wstring(number));
-  }
-  return name;
-}
-
 // Which definition the file will be, and whether the one that is there is it.
 void settleClash(const BlockSource& source, OdDbObjectId there, OnClash onClash, BroughtIn& result) {
   using How = BroughtIn::How;
   const OdDbDatabase& target = *there.database();
   if (onClash == OnClash::Refuse)
     refuseClash(source, there);
-  result.name = onClash == OnClash::Rename ? nameApart(source, target) : nameOf(there);
+  const OdDbObjectId contents = source.database->getModelSpaceId();
+  result.name = onClash == OnClash::Rename ? nameApart(contents, source.name, target) : nameOf(there);
   result.block = blockIn(target, result.name);
-  const bool same = !result.block.isNull() && drawing::sameDefinition(source.database->getModelSpaceId(), result.block);
+  const bool same = !result.block.isNull() && drawing::sameDefinition(contents, result.block);
   if (onClash == OnClash::Replace)
     result.how = How::Replaced;
   else if (result.block.isNull())
@@ -181,13 +183,6 @@ std::vector<NestedClash> nestedClashes(const OdDbDatabase& source, const OdDbDat
   return clashes;
 }
 
-OdString freeBlockName(const OdString& name, const OdDbDatabase& one, const OdDbDatabase& other) {
-  OdString free = name;
-  for (int number = 2; !blockIn(one, free).isNull() || !blockIn(other, free).isNull(); ++number)
-    free = name + L"-" + OdString(std::to_wstring(number));
-  return free;
-}
-
 BroughtIn bringIn(Session& session, const BlockSource& source, OnClash onClash) {
   using How = BroughtIn::How;
   OdDbDatabase& target = session.database();
@@ -205,6 +200,7 @@ BroughtIn bringIn(Session& session, const BlockSource& source, OnClash onClash) 
     else
       listKept(source, target, result);
     result.block = insertAs(session, source, result.name);
+    loadNewXrefs(session);
   }
   tell(session, source, result);
   return result;

@@ -52,7 +52,4 @@ struct NestedClash {
 };
 std::vector<NestedClash> nestedClashes(const OdDbDatabase& source, const OdDbDatabase& target);
 
-// "door", "door-2", "door-3": the first that neither drawing has.
-OdString freeBlockName(const OdString& name, const OdDbDatabase& one, const OdDbDatabase& other);
-
 } // namespace console

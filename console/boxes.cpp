@@ -1,5 +1,6 @@
 #include "console/boxes.h"
 
+#include "blockcommon/file_paths.h"
 #include "blockcommon/messages.h"
 
 #include <array>
@@ -10,6 +11,7 @@ namespace {
 constexpr wchar_t kNameMark[] = L"\uE000";
 constexpr int kNumber = 1234567;
 constexpr wchar_t kNumberMark[] = L"1234567";
+constexpr int kTooLongPath = 4095;
 
 struct Entry {
   const char* id;
@@ -35,6 +37,8 @@ constexpr std::array kEntries = {
     Entry{"box.path-characters", [] { dlgTips::showUnLegalCharInFilePathTips(); }},
     Entry{"box.path-incomplete", [] { dlgTips::showFilePathErrorTips(); }},
     Entry{"box.path-folder", [] { dlgTips::showFilePathDirectoryInvalidTips(); }},
+    Entry{"box.path-blank", [] { filePath::isFilePathLegal(L" ", false); }},
+    Entry{"box.path-too-long", [] { filePath::isFilePathLegal(OdString(L'x', kTooLongPath), false); }},
     Entry{"box.file-in-use", [] { dlgTips::showFileDocUsingTips(kNameMark); }},
     Entry{"box.file-not-found", [] { dlgTips::showFileNotFindTips(); }},
 };

@@ -9,6 +9,7 @@
 #include "DbXrefBind.h"
 #include "morvane/system_services.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace console {
@@ -158,6 +159,15 @@ void detachXref(Session& session, const OdDbBlockTableRecordPtr& xref) {
   if (detached.result != eOk)
     throw OdError(detached.result);
   session.result(Text::kXrefDetached, {name, count(detached.references)});
+}
+
+void loadNewXrefs(Session& session) {
+  const auto xrefs = allXrefs(session);
+  const bool isNew = std::any_of(xrefs.begin(), xrefs.end(), [](const OdDbBlockTableRecordPtr& xref) {
+    return xref->xrefStatus() == XrefStatus::NotLoaded;
+  });
+  if (isNew)
+    loadAgain(session);
 }
 
 void reloadXrefs(Session& session, const std::vector<OdDbBlockTableRecordPtr>& xrefs) {

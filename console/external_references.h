@@ -32,6 +32,8 @@ OdString xrefState(drawing::XrefStatus status);
 
 // Places a reference to the file. A block that stands for the file already is used again.
 void attachXref(CommandContext& context, const AttachRequest& request);
+// Those that came with an inserted drawing.
+void loadNewXrefs(Session& session);
 // Erases the block, its references, and what the drawing held of it that nothing else uses; the rest is its own.
 void detachXref(Session& session, const OdDbBlockTableRecordPtr& xref);
 // Reads the files anew; what was unloaded is loaded.

@@ -90,7 +90,7 @@ Status runSession(Session& session, const Options& options, std::istream* given)
       return opened;
   }
   runCommands(session);
-  if (!session.wantsQuit() && session.drawing().document->isModified())
+  if (!session.wantsQuit() && session.isAnyModified())
     session.say(Text::kUnsavedAtEnd);
   return typed ? Status::Done : session.status();
 }

@@ -1,5 +1,6 @@
 #include "console/session.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace console {
@@ -68,6 +69,8 @@ Session::Session(SessionOptions options)
 }
 
 Session::~Session() {
+  for (const OpenDrawing& other : others_)
+    host_.documents().close(other.document.get());
   host_.documents().close(drawing_.document.get());
 }
 
@@ -142,9 +145,39 @@ void Session::adopt(const OdDbDatabasePtr& database, const std::string& path, bo
   host_.documents().setCurrent(drawing_.document.get());
 }
 
+bool Session::isAnyModified() const {
+  const auto isModified = [](const OpenDrawing& drawing) { return drawing.document->isModified(); };
+  return isModified(drawing_) || std::any_of(others_.begin(), others_.end(), isModified);
+}
+
+void Session::setAside() {
+  others_.push_back(std::move(drawing_));
+  drawing_ = {};
+  adopt(OdDbDatabase::create(), {}, false);
+}
+
+void Session::switchTo(const mvsi::MvsiApDocument& document) {
+  const auto wanted = std::find_if(others_.begin(), others_.end(),
+                                   [&document](const OpenDrawing& other) { return other.document.get() == &document; });
+  OpenDrawing next = std::move(*wanted);
+  others_.erase(wanted);
+  others_.push_back(std::move(drawing_));
+  drawing_ = std::move(next);
+  host_.documents().setCurrent(drawing_.document.get());
+}
+
+void Session::closeCurrent() {
+  const mvsi::MvsiApDocumentPtr closed = drawing_.document;
+  drawing_ = std::move(others_.back());
+  others_.pop_back();
+  host_.documents().close(closed.get());
+  host_.documents().setCurrent(drawing_.document.get());
+}
+
 void Session::savedAs(const std::string& path) {
   drawing_.path = path;
   drawing_.repaired = false;
+  database().facts().path = path; // where its external references are looked for
   drawing_.document->setFileName(host_.paths().toDrawing(path));
   drawing_.document->markSaved();
   host_.documents().setCurrent(drawing_.document.get());

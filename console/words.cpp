@@ -1,6 +1,6 @@
 #include "console/words.h"
 
-#include <array>
+#include <iterator>
 #include <string_view>
 
 namespace console {
@@ -13,7 +13,7 @@ struct Word {
 };
 
 // In the order of the enumeration. Texts of keywords hold what is typed, then '_' and the names that commands know.
-constexpr std::array kWords = {
+constexpr Word kWords[] = {
     Word{Text::kPromptCommand, "prompt.command", L"Command:"},
     Word{Text::kUnknownCommand, "command.unknown", L"There is no command \"{1}\". HELP lists the commands."},
     Word{Text::kCancelled, "command.cancelled", L"*Cancel*"},
@@ -204,6 +204,7 @@ constexpr std::array kWords = {
     Word{Text::kNameAnonymous, "block.name-anonymous", L"\"{1}\" is the name of an anonymous block."},
     Word{Text::kNameExternal, "block.name-external", L"\"{1}\" is an external reference or belongs to one."},
     Word{Text::kNameBeingEdited, "block.name-edited", L"The block \"{1}\" is open in the block editor."},
+    Word{Text::kNameInvalid, "block.name-invalid", L"\"{1}\" gives no name that a block can have."},
     Word{Text::kBlockExists, "block.exists",
          L"The block \"{1}\" is defined and has {2} {2:reference|references}; --redefine replaces it."},
     Word{Text::kContainsItself, "block.contains-itself", L"The block \"{1}\" would contain itself: {2}."},
@@ -390,6 +391,16 @@ constexpr std::array kWords = {
     Word{Text::kEditorOpened, "editor.opened", L"Commands work on the contents of \"{1}\" until BCLOSE."},
     Word{Text::kEditorClosed, "editor.closed", L"The block \"{1}\" is closed."},
     Word{Text::kEditorNotOpen, "editor.not-open", L"No block is open; BEDIT opens one."},
+    Word{Text::kHelpDocs, "help.docs", L"List the open drawings; open more, switch between them, close one"},
+    Word{Text::kPromptDocs, "prompt.docs", L"Open drawings [?/Open/Switch/Close] <?>:"},
+    Word{Text::kKeywordsDocs, "keywords.docs", L"? Open Switch Close _? Open Switch Close"},
+    Word{Text::kPromptDocNumber, "prompt.doc-number", L"Number of the drawing:"},
+    Word{Text::kNoSuchDoc, "docs.unknown", L"There is no open drawing \"{1}\"."},
+    Word{Text::kDocLine, "docs.line", L"{1}. {2}{3}"},
+    Word{Text::kDocCurrent, "docs.is-current", L", current"},
+    Word{Text::kDocModified, "docs.is-modified", L", not saved"},
+    Word{Text::kDocIsCurrent, "docs.current", L"{1} is current."},
+    Word{Text::kOnlyDoc, "docs.only", L"No other drawing is open; QUIT ends."},
 
     Word{Text::kHelpInsert, "help.insert", L"Insert a block, or a drawing file as a block"},
     Word{Text::kPromptInsertName, "prompt.insert-name", L"Block or drawing file, or NAME=FILE [?]:"},
@@ -493,11 +504,11 @@ constexpr std::array kWords = {
 };
 
 constexpr bool inOrder() {
-  for (std::size_t at = 0; at < kWords.size(); ++at) {
+  for (std::size_t at = 0; at < std::size(kWords); ++at) {
     if (kWords[at].text != static_cast<Text>(at))
       return false;
   }
-  return kWords.size() == static_cast<std::size_t>(Text::kCount);
+  return std::size(kWords) == static_cast<std::size_t>(Text::kCount);
 }
 static_assert(inOrder(), "every text has one row, in the order of the enumeration");
 

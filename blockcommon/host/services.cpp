@@ -50,6 +50,10 @@ void logMissingFindFile() {
 
 } // namespace
 
+bool hasEditGetServer() {
+  return !useService<MvEditGetServer>(kEditGetServer).isNull();
+}
+
 int mvsiedInitGet(int flags, const wchar_t* keywords) {
   return callService<MvEditGetServer>(kEditGetServer, &MvEditGetServer::mvsiedInitGet, flags, keywords);
 }

@@ -15,10 +15,12 @@ namespace mvsi {
 class MvsiApDocument;
 struct MvsiDeviceRect;
 struct MvsiImage;
-}
+} // namespace mvsi
 
 namespace hostAccess {
 
+// Whether the host has a service that asks.
+bool hasEditGetServer();
 int mvsiedInitGet(int flags, const wchar_t* keywords);
 int mvsiedGetString(int allowSpaces, const wchar_t* prompt, wchar_t* result);
 int mvsiedGetPoint(const double* basePoint, const wchar_t* prompt, double* result);

@@ -13,6 +13,7 @@ void bclose(CommandContext& context);
 void bedit(CommandContext& context);
 void block(CommandContext& context);
 void circle(CommandContext& context);
+void docs(CommandContext& context);
 void erase(CommandContext& context);
 void explode(CommandContext& context);
 void help(CommandContext& context);

@@ -9,19 +9,23 @@
 #include "console/placement.h"
 
 #include "DbBlockTable.h"
+#include "blockcommon/document_queries.h"
+#include "blockcommon/file_paths.h"
 #include "blockcommon/insertion.h"
-#include "morvane/system_services.h"
+#include "blockcommon/typed_names.h"
+
+#include <string_view>
+#include <utility>
 
 namespace console::commands {
 namespace {
 
 constexpr int kMostRows = 32767;
+constexpr wchar_t kNoFolder[] = L""; // the host's search knows the folder of the drawing
 
 OdString askName(Session& session) {
   for (;;) {
     const OdString typed = askText(session, Text::kPromptInsertName).value_or(OdString());
-    if (typed.isEmpty())
-      refuseEmptyName();
     if (typed != L"?")
       return typed;
     if (listBlocks(session) == 0)
@@ -29,30 +33,59 @@ OdString askName(Session& session) {
   }
 }
 
-// A file as typed, with the endings of drawings, or on the search path; empty when there is none.
-std::string fileOf(Session& session, const OdString& typed) {
-  for (const wchar_t* ending : {L"", L".dxf", L".dwg"}) {
-    const std::string path = (typed + ending).toUtf8Lossless();
-    if (isOrdinaryFile(path))
-      return path;
-    const OdString found = mvdbSystemServices().findFile(session.host().paths().toDrawing(path), &session.database());
-    if (!found.isEmpty())
-      return session.host().paths().toSystem(found);
+// In the words of the box that was shown.
+[[noreturn]] void refuseTyped(const Session& session, const OdString& typed) {
+  constexpr std::pair<std::string_view, Text> kReasons[] = {
+      {"box.name-empty", Text::kNameEmpty},          {"box.name-too-long", Text::kNameTooLong},
+      {"box.name-characters", Text::kNameInvalid},   {"box.name-invalid", Text::kNameInvalid},
+      {"box.contains-itself", Text::kInsertsItself}, {"box.block-attached", Text::kNameExternal},
+  };
+  for (const auto& [box, reason] : kReasons) {
+    if (!session.said().empty() && session.said().back().id == box)
+      refuse(reason, {typed});
   }
-  return {};
+  refuse(Text::kNoBlockOrFile, {typed});
 }
 
-OdDbObjectId blockOfFile(Session& session, const OdString& typed) {
-  const int equals = typed.find(L'='); // NAME=FILE
-  const bool named = equals > 0 && fileOf(session, typed).empty();
-  const OdString file = named ? typed.mid(equals + 1) : typed;
-  const std::string path = fileOf(session, file);
-  if (path.empty())
-    refuse(Text::kNoBlockOrFile, {file});
-  const BlockSource source = readBlockSource(session, path, named ? typed.left(equals) : OdString());
+// As named, or where the host finds it.
+std::string systemPath(const morvane::PathMap& paths, const OdString& file) {
+  const std::string path = paths.toSystem(file);
+  OdString found;
+  return isOrdinaryFile(path) || !insertCommon::isFileExist(file, found) ? path : paths.toSystem(found);
+}
+
+// The block that the file makes, under that name unless it is empty. The file was typed so.
+OdDbObjectId blockOfFile(Session& session, const OdString& spec, const OdString& typed, const OdString& name) {
+  const morvane::PathMap& paths = session.host().paths();
+  OdString ownName, file;
+  if (!AnalyzeBlkNamePath::analyzeLastBlkPath2(kNoFolder, spec, ownName, file))
+    refuseTyped(session, typed);
+  const std::string path = systemPath(paths, file);
+  const BlockSource source = readBlockSource(session, path, name.isEmpty() ? ownName : name);
   const BroughtIn in = bringIn(session, source, OnClash::Ask);
-  insertCommon::checkExternalReference(session.host().paths().toDrawing(path));
+  insertCommon::checkExternalReference(paths.toDrawing(path));
   return in.block;
+}
+
+// NAME=FILE. The name stands in for the file's own, so that the rules of that one do not apply.
+OdDbObjectId blockOfPair(Session& session, const OdString& name, const OdString& typed) {
+  OdString file = session.host().paths().toDrawing(typed.toUtf8Lossless());
+  if (file.findOneOf(L"\\:") < 0)
+    file = L".\\" + file; // a file also where a block has that name
+  return blockOfFile(session, file, typed, name);
+}
+
+OdDbObjectId blockOfTyped(Session& session, const OdString& typed) {
+  const int equals = typed.find(L'='), separator = typed.findOneOf(L"/\\");
+  if (equals > 0 && (separator < 0 || equals < separator))
+    return blockOfPair(session, typed.left(equals), typed.mid(equals + 1));
+  const OdString spec = session.host().paths().toDrawing(typed.toUtf8Lossless());
+  OdString edited, name;
+  insertCommon::getBeditBlockName(edited);
+  if (!AnalyzeBlkNamePath::checkInputBlockInfoValidByReplaceDlg(spec, OdString(), edited, kNoFolder, name))
+    refuseTyped(session, typed);
+  const OdDbObjectId block = definitionOf(session, spec);
+  return block.isNull() ? blockOfFile(session, spec, typed, OdString()) : block;
 }
 
 std::int16_t askCount(Session& session, Text prompt) {
@@ -93,10 +126,7 @@ void askScale(Session& session, OdDbObjectId block, Placement& placement) {
 
 void insert(CommandContext& context) {
   Session& session = context.session;
-  const OdString typed = askName(session);
-  OdDbObjectId block = definitionOf(session, typed);
-  if (block.isNull())
-    block = blockOfFile(session, typed);
+  const OdDbObjectId block = blockOfTyped(session, askName(session));
   Placement placement;
   askPoint(session, placement);
   askScale(session, block, placement);

@@ -1,10 +1,12 @@
+#include "console/ask.h"
 #include "console/commands/commands.h"
-#include "console/commands/unsaved.h"
 
 namespace console::commands {
 
 void quit(CommandContext& context) {
-  askToDiscardChanges(context.session);
+  Session& session = context.session;
+  if (session.isAnyModified() && !askYes(session, Text::kDiscardQuestion))
+    cancel();
   context.session.quit();
 }
 

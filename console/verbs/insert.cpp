@@ -254,7 +254,8 @@ void Insert::work(Session& session, Json& results) {
       refuse(Text::kNoSuchBlock, {name});
     done_.push_back(place(session, {}, {BroughtIn::How::Kept, block, name, {}, {}}, placement_));
   }
-  insertCommon::checkExternalReference(session.drawing().document->fileName());
+  if (typed_.block.empty())
+    insertCommon::checkExternalReference(session.drawing().document->fileName());
   results["inserted"] = Json::array();
   for (const Done& done : done_)
     results["inserted"].push_back(jsonOf(done));

@@ -3,6 +3,8 @@
 #include "console/verbs/job.h"
 #include "console/verbs/verb.h"
 
+#include "blockcommon/block_report.h"
+
 #include <CLI/CLI.hpp>
 
 namespace console::verbs {
@@ -15,8 +17,9 @@ public:
   void describe(CLI::App& program) override {
     verb_ = program.add_subcommand("report", "Tell what a drawing holds: its blocks, how often they are shown");
     verb_->add_option("FILE", file_, "Drawing to read")->required();
-    verb_->add_flag("--json", json_, "As one JSON object");
-    verb_->add_flag("--all", all_, "Spaces, anonymous blocks and those of external references as well");
+    auto* json = verb_->add_flag("--json", json_, "As one JSON object");
+    auto* all = verb_->add_flag("--all", all_, "Spaces, anonymous blocks and those of external references as well");
+    verb_->add_flag("--dialog", dialog_, "The named blocks as the JSON list of dialogs")->excludes(json)->excludes(all);
   }
   bool isChosen() const override { return verb_->parsed(); }
   void check() override {}
@@ -29,6 +32,7 @@ private:
   std::string file_;
   bool json_ = false;
   bool all_ = false;
+  bool dialog_ = false;
 };
 
 Status Report::run(const SessionOptions& settings) {
@@ -36,7 +40,10 @@ Status Report::run(const SessionOptions& settings) {
   std::optional<report::DrawingReport> made;
   session.attempt("report", Command::Kind::Looks, [&] {
     openDrawing(session, file_);
-    made = report::reportOf(session.database());
+    if (dialog_)
+      session.printReport(OdString::fromUtf8(blockUtils::getStatisticalCntsOfBT()->toText() + "\n"));
+    else
+      made = report::reportOf(session.database());
   });
   if (json_)
     printJson(session, made);

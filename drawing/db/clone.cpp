@@ -1,12 +1,14 @@
 #include "db/clone.h"
 
 #include "DbDatabase.h"
+#include "OdFiles.h"
 #include "db/standing_names.h"
 #include "db/store.h"
 #include "db/symbol_kinds.h"
 #include "db/undo.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace drawing::db {
 
@@ -232,6 +234,31 @@ void forgetContents(OdDbBlockTableRecord& record) {
   }
 }
 
+bool startsAtADrive(const OdString& path) {
+  return path.getLength() > 1 && path.getAt(1) == L':';
+}
+
+// A path that starts at the folder of the source leads nowhere from that of the target. Files that are not there keep
+// the path they have.
+void rebasePath(OdDbBlockTableRecord& xref, const OdDbDatabase& source, const OdDbDatabase& target) {
+  namespace fs = std::filesystem;
+  OdString spelled = xref.pathName();
+  spelled.replace(L'\\', L'/');
+  const fs::path named = spelled.toUtf8Lossless();
+  const std::string& own = target.facts().path;
+  if (source.facts().path.empty() || named.is_absolute() || startsAtADrive(spelled))
+    return;
+  const fs::path full = (fs::absolute(source.facts().path).parent_path() / named).lexically_normal();
+  drawing::FileStatus status;
+  if (!drawing::fileOperations().stat(full.string(), status).ok())
+    return;
+  const fs::path stored = own.empty() ? full : full.lexically_proximate(fs::absolute(own).parent_path());
+  OdString path = OdString::fromUtf8(stored.string());
+  path.replace(L'/', L'\\');
+  const WriteScope scope(xref);
+  xref.setPathName(path);
+}
+
 } // namespace
 
 OdDbObjectId OdDbDatabase::insert(const OdString& blockName, OdDbDatabase* source, bool) {
@@ -260,5 +287,10 @@ OdDbObjectId OdDbDatabase::insert(const OdString& blockName, OdDbDatabase* sourc
   if (!isNew)
     forgetContents(*record);
   record->setOrigin(source->getINSBASE());
+  for (const OdDbIdPair& pair : mapping.pairs()) {
+    auto* xref = pair.isCloned() ? peekAs<OdDbBlockTableRecord>(pair.value()) : nullptr;
+    if (xref != nullptr && xref->isFromExternalReference())
+      rebasePath(*xref, *source, *this);
+  }
   return record->objectId();
 }

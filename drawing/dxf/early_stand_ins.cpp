@@ -162,9 +162,12 @@ StandIn multiLine(const Source& source) {
 }
 
 StandIn image(const Source& source) {
+  const auto& image = static_cast<const OdDbRasterImage&>(source.entity);
   OdGePoint3d origin;
-  OdGeVector3d u, v;
-  static_cast<const OdDbRasterImage&>(source.entity).getOrientation(origin, u, v);
+  OdGeVector3d u, v; // of one pixel
+  image.getOrientation(origin, u, v);
+  u *= image.imageSize().x;
+  v *= image.imageSize().y;
   source.draw.polyline({origin, origin + u, origin + u + v, origin + v}, true);
   return about("its frame is written as POLYLINE");
 }

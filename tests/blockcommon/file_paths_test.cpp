@@ -59,7 +59,7 @@ const OdString kNoPath =
 TEST_F(FilePaths, WithForbiddenCharactersAreTold) {
   const std::pair<const wchar_t*, bool> rows[] = {
       {L"C:\\a\\b.dwg", false}, {L"", false},       {L"b.dwg", false},    {L"1:\\x", false}, {L":", true},
-      {L"C:", false},           {L"::\\a", true},   {L":a", true},        {L"a:b", false},    {L"ab:c", true},
+      {L"C:", false},           {L"::\\a", true},   {L":a", true},        {L"a:b", false},   {L"ab:c", true},
       {L"C:\\a:b", true},       {L"C:\\a/b", true}, {L"C:\\a|b", true},   {L"C:\\<b", true}, {L"C:\\b>", true},
       {L"C:\\?", true},         {L"C:\\a;", true},  {L"C:\\*.dwg", true}, {L"::", true},     {L"a\"b", false},
   };

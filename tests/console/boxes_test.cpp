@@ -3,6 +3,7 @@
 
 #include "console/boxes.h"
 
+#include "blockcommon/file_paths.h"
 #include "blockcommon/messages.h"
 
 #include <gtest/gtest.h>
@@ -29,6 +30,7 @@ TEST(Boxes, AreToldApartWithTheirParameters) {
       {[] { dlgTips::showBasePointInValidTips(dlgTips::kCoordY); }, "box.base-point-y", {}},
       {[] { dlgTips::showBlockLockLayerTips(-7); }, "box.locked-layers", {L"-7"}},
       {[] { dlgTips::showBlockRefSelfTips(L""); }, "box.contains-itself", {L""}},
+      {[] { filePath::isFilePathLegal(L"\t", true); }, "box.path-blank", {}},
       {[] { dlgTips::showFileDocUsingTips(L"C:\\a b.dwg"); }, "box.file-in-use", {L"C:\\a b.dwg"}},
       {[] { mvsi::mvuiMessageBoxEx(L"块 - 循环块参照", L"other", nullptr, 6, 1, 0); }, "box.other", {}},
   };

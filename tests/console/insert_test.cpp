@@ -125,6 +125,31 @@ TEST(Insert, SettlesClashesAsItIsTold) {
   }
 }
 
+// Nested definitions that were set apart for one file serve the next one that has the same.
+TEST(Insert, OfAListSharesNestedBlocksThatAreTheSame) {
+  const Scratch scratch;
+  const std::string leaf = "CIRCLE 0,0 1\nBLOCK leaf 0,0 All\n\nConvert\n";
+  const std::string target = drawn(scratch, "target.dxf", leaf), out = scratch.path("out.dxf");
+  std::string list;
+  for (const char* name : {"a.dxf", "b.dxf", "c.dxf"}) {
+    const std::string line = std::string("LINE 0,0 ") + name[0] + "\n"; // each its own
+    drawn(scratch, name,
+          replaced(leaf, "0,0 1", "0,0 2") + replaced(line, std::string(1, name[0]), std::to_string(name[0]) + ",0") +
+              "\n");
+    list += std::string(name) + "\n";
+  }
+  const JsonRun run = insert({target, "--file-list", scratch.write("list.txt", list), "-o", out});
+  EXPECT_EQ(run.status, 0) << run.json;
+  for (const Json& one : run.json["results"]["inserted"])
+    EXPECT_EQ(one["renamed"], Json::parse(R"([{"name": "leaf", "now": "leaf-2"}])"));
+  const drawing::ReadResult read = drawing::readDrawing(out);
+  EXPECT_TRUE(read.database->symbol(OdDb::kBlockTable, L"leaf-3").isNull());
+  const OdDbBlockTableRecordPtr shared = read.database->symbol(OdDb::kBlockTable, L"leaf-2").safeOpenObject();
+  OdDbObjectIdArray references;
+  shared->getBlockReferenceIds(references, true, false);
+  EXPECT_EQ(references.length(), 3);
+}
+
 constexpr char kTagged[] =
     "ATTDEF NO Number\n7\n0,0\n1\nATTDEF NO Again\n8\n0,2\n1\nATTDEF SET\n\npre\nModes Preset\n\n0,4\n1\n";
 

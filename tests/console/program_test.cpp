@@ -76,6 +76,7 @@ constexpr Case kCases[] = {
     {"report $D other.dxf", 2, "other.dxf"},
     {"other.dxf report $D", 2, "other.dxf"},
     {"report $D --max-depth 0", 2, "--max-depth"},
+    {"report $D --dialog --json", 2, "--dialog"},
     {"convert $D -o $OUT --as 2000", 0, "version 2000"},
     {"convert $D -o $OUT --as 1997", 2, "--as takes"},
     {"convert $CUT -o $CUT", 1, "--force"},

@@ -178,6 +178,21 @@ TEST_F(Report, ShowsPeopleATable) {
   EXPECT_EQ(runMorvane({"report", save(*OdDbDatabase::create())}).results, "There are no blocks.\n");
 }
 
+TEST_F(Report, ForDialogsIsTheListAlone) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  EXPECT_EQ(runMorvane({"report", save(*database), "--dialog"}).results, "[]\n");
+  const OdDbObjectId door = addBlock(*database, L"door");
+  forWrite<OdDbBlockTableRecord>(door)->setBlockInsertUnits(OdDb::kUnitsMeters);
+  database->setINSUNITS(OdDb::kUnitsInches);
+  const Outcome run = runMorvane({"report", save(*database), "--dialog"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.results, R"([{"bUniform":false,"blockId":)" + std::to_string(door.getHandle()) +
+                             R"(,"explodable":true,"insunits":"25.4000","name":"door","units":6}])" + "\n");
+  const Outcome broken = runMorvane({"report", scratch_.write("bad.dxf", "hello\n"), "--dialog"});
+  EXPECT_EQ(broken.status, 3);
+  EXPECT_EQ(broken.results, "");
+}
+
 TEST_F(Report, StopsCountingPlacesWhereNumbersEnd) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
   OdDbObjectId outer;

@@ -1,4 +1,4 @@
-// XREF, BEDIT and BCLOSE: what they make, what they refuse, and that a refusal or UNDO leaves nothing of them.
+// XREF, BEDIT, BCLOSE and DOCS: what they make, what they refuse, and that a refusal or UNDO leaves nothing of them.
 #include "tests/console/console_run.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
@@ -173,6 +173,42 @@ TEST_F(XrefCommand, ForeignContentsAreNotEdited) {
     EXPECT_EQ(run(std::string("BEDIT ") + name + "\n"), Status::Refused) << name;
     EXPECT_EQ(session_.session().drawing().document->blockEditorName(), L"") << name;
   }
+}
+
+TEST_F(XrefCommand, ComesAlongWithAnInsertedDrawing) {
+  const OdDbDatabasePtr part = OdDbDatabase::create();
+  const OdDbObjectId xref = addBlock(*part, L"nested");
+  forWrite<OdDbBlockTableRecord>(xref)->setXref(L"site.dxf");
+  addReference(*part, xref);
+  std::filesystem::create_directories(scratch_.path("kit"));
+  std::filesystem::copy(scratch_.path("site.dxf"), scratch_.path("kit/site.dxf"));
+  std::filesystem::remove(scratch_.path("site.dxf"));
+  save(*part, "kit/part.dxf");
+  EXPECT_EQ(run("INSERT part=" + scratch_.path("kit/part.dxf") + "\n\n\n\n\n"), Status::Done);
+  EXPECT_EQ(block(L"nested")->xrefStatus(), XrefStatus::Loaded) << session_.takeShown();
+  EXPECT_EQ(block(L"nested")->pathName(), L"kit\\site.dxf");
+}
+
+TEST_F(XrefCommand, SeveralDrawingsAreOpenEachWithItsOwnSteps) {
+  const auto current = [this] { return session_.session().drawing().document->fileName().right(8); };
+  EXPECT_EQ(run("LINE 0,0 1,0\n\nDOCS Open " + scratch_.path("site.dxf") + "\n"), Status::Done);
+  EXPECT_EQ(current(), L"site.dxf");
+  EXPECT_EQ(session_.objects().size(), 1u);
+  EXPECT_EQ(run("UNDO\n"), Status::Refused);                                                    // nothing was done here
+  EXPECT_EQ(run("ERASE All\n\nDOCS Open " + scratch_.path("./main.dxf") + "\n"), Status::Done); // open already
+  EXPECT_EQ(current(), L"main.dxf");
+  EXPECT_EQ(session_.session().others().size(), 1u);
+  for (const char* wrong : {"DOCS Switch 3\n", "DOCS Switch 0\n", "DOCS Switch x\n", "QUIT\nNo\n"})
+    EXPECT_NE(run(wrong), Status::Done) << wrong;
+  EXPECT_EQ(run("DOCS Open " + scratch_.path("broken.dxf") + "\n"), Status::Unreadable);
+  EXPECT_EQ(current(), L"main.dxf");
+  EXPECT_EQ(run("UNDO\nDOCS Switch 2\nUNDO\n"), Status::Done);
+  EXPECT_EQ(session_.objects().size(), 1u);
+  session_.takeShown();
+  EXPECT_EQ(run("DOCS\n\nDOCS Close\nYes\nDOCS Close\n"), Status::Refused);
+  EXPECT_EQ(current(), L"main.dxf");
+  EXPECT_TRUE(session_.session().others().empty());
+  EXPECT_EQ(session_.session().host().documents().all().size(), 1u);
 }
 
 } // namespace

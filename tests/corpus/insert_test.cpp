@@ -60,28 +60,4 @@ TEST(Insert, EveryDrawingIsTheBlockThatItShows) {
   EXPECT_GT(inserted, 350u);
 }
 
-// What the drawings have in common is the first one's, and each one after it stands beside them whole.
-TEST(Insert, AllDrawingsComeTogetherInOne) {
-  const OdDbDatabasePtr target = OdDbDatabase::create();
-  int number = 0;
-  std::size_t nested = 0;
-  for (const std::string& path : corpus::paths()) {
-    if (path.find("/parts/") == std::string::npos)
-      continue;
-    SCOPED_TRACE(path);
-    const OdDbDatabasePtr source = drawing::readDrawingFromMemory(corpus::textOf(path)).database;
-    ASSERT_FALSE(source.isNull());
-    OdString name;
-    const OdDbObjectId block = target->insert(name.format(L"file %d", ++number), source.get(), true);
-    ASSERT_FALSE(block.isNull());
-    addReference(*target, block);
-    EXPECT_EQ(kindsIn(block), kindsIn(source->getModelSpaceId()));
-    nested += target->insertReport().count("clone.renamed");
-  }
-  EXPECT_EQ(number, 305);
-  EXPECT_EQ(nested, 0u); // no file shows itself
-  expectSound(*target);
-  expectRoundTrip(*target);
-}
-
 } // namespace

@@ -3,6 +3,8 @@
 #include "console/report/report_json.h"
 
 #include "DbDxf.h"
+#include "blockcommon/block_report.h"
+#include "morvane/testing.h"
 
 #include "tests/corpus/drawings.h"
 
@@ -47,6 +49,11 @@ constexpr Same kBlock[] = {
     {"/dynamic_true_name/0", "/true_name"},
     {"/flags/xref_overlay", "/xref/overlay"},
     {"/flags/resolved", "/xref/resolved"},
+};
+constexpr Same kDialog[] = {
+    {"/record_units", "/units"},
+    {"/record_explode", "/explodable"},
+    {"/record_scale", "/bUniform"},
 };
 constexpr Same kAttribute[] = {
     {"/tag", "/tag"},
@@ -216,6 +223,24 @@ void compare(const Json& answers, const Json& report) {
   compareDepth(answers, report);
 }
 
+// The list of dialogs holds the named blocks among them.
+void compareDialog(const Json& answers, const Json& report, const Json& dialog) {
+  const auto isOrdinary = [](const Json& answer) {
+    const Json& flags = answer["flags"];
+    return isInFile(answer) && !answer["layout"].get<bool>() && !flags["anonymous"].get<bool>() &&
+           !flags["xref"].get<bool>();
+  };
+  const Json& list = answers["blocks_in_table_order"];
+  const auto isKnown = [&](const Json& block) { return named(list, nameOf(block)) != nullptr; };
+  EXPECT_EQ(namesOf(list, isOrdinary), namesOf(dialog, isKnown));
+  for (const Json& block : dialog) {
+    const Json* found = named(list, nameOf(block));
+    Json answer = found == nullptr ? Json::object() : *found;
+    dropUnsaid(answer, report["header"]["acadver"]);
+    expectSame(kDialog, answer, block);
+  }
+}
+
 TEST(KnownAnswers, AgreeWithTheReport) {
   const std::string folder = corpus::folder();
   ASSERT_FALSE(folder.empty());
@@ -233,7 +258,11 @@ TEST(KnownAnswers, AgreeWithTheReport) {
     SCOPED_TRACE(name);
     const drawing::ReadResult read = drawing::readDrawing((fs::path(folder) / name).string());
     ASSERT_FALSE(read.database.isNull()) << read.message;
-    compare(answers, console::report::toJson(console::report::reportOf(*read.database), true));
+    const Json report = console::report::toJson(console::report::reportOf(*read.database), true);
+    compare(answers, report);
+    morvane::ScriptedHost host;
+    host.host().documents().open(read.database);
+    compareDialog(answers, report, Json::parse(blockUtils::getStatisticalCntsOfBT()->toText()));
   }
 }
 

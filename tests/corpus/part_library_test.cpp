@@ -83,7 +83,7 @@ TEST(PartLibrary, ShowsEveryPartAsItsFileHasIt) {
   ASSERT_EQ(run({"-c", "SAVEAS " + folder.file("empty.dxf") + " 2018\n"}).status, 0);
   const std::string out = folder.file("all.dxf");
   const Finished made = run({"insert", folder.file("empty.dxf"), "--file-list", folder.file("list.txt"), "--grid",
-                        "20,1000,1000", "--defaults", "--json", "-o", out});
+                             "20,1000,1000", "--defaults", "--json", "-o", out});
   EXPECT_EQ(made.status, 4); // three of the files are damaged, and said to be
   const Json inserted = Json::parse(made.results)["results"]["inserted"];
   ASSERT_EQ(inserted.size(), parts.size());

@@ -37,7 +37,7 @@ protected:
     const OdDbDatabasePtr database = OdDbDatabase::create();
     database->setHeaderInt("XEDIT", 290, xedit);
     if (!refersTo.isEmpty())
-      addXref(*database, refersTo);
+      tests::addReference(*database, addXref(*database, refersTo));
     fs::create_directories((root_ / path).parent_path());
     ASSERT_EQ(drawing::writeDrawing(*database, (root_ / path).string()).result, eOk);
   }
@@ -121,6 +121,22 @@ TEST_F(ExternalReferences, OneFileByTwoPathsIsOneDrawingAndACycleIsSeenThroughAL
   EXPECT_EQ(loaded[0], loaded[2]);
   ASSERT_EQ(document->xrefReport().issues().size(), 1u);
   EXPECT_EQ(document->xrefReport().issues()[0].code, "xref.cycle");
+}
+
+TEST_F(ExternalReferences, OfAnInsertedDrawingGoOnNamingTheirFiles) {
+  put("library/kit/bolt.dxf");
+  put("library/kit/part.dxf", L"bolt.dxf");
+  const OdDbDatabasePtr source = drawing::readDrawing((root_ / "library/kit/part.dxf").string()).database;
+  for (const bool hasFile : {true, false}) {
+    const OdDbDatabasePtr database = OdDbDatabase::create();
+    database->facts().path = hasFile ? (root_ / "site/main.dxf").string() : std::string();
+    ASSERT_FALSE(database->insert(L"part", source.get(), true).isNull());
+    host_.host().documents().open(database);
+    const auto xref = forRead<OdDbBlockTableRecord>(database->symbol(OdDb::kBlockTable, L"xref"));
+    EXPECT_EQ(xref->xrefStatus(), XrefStatus::Loaded);
+    EXPECT_TRUE(!hasFile || xref->pathName() == L"..\\library\\kit\\bolt.dxf") << xref->pathName().toUtf8();
+  }
+  EXPECT_EQ(forRead<OdDbBlockTableRecord>(source->symbol(OdDb::kBlockTable, L"xref"))->pathName(), L"bolt.dxf");
 }
 
 TEST_F(ExternalReferences, HaveAHeaderOfTheirOwn) {

@@ -4,6 +4,7 @@
 #include "blockcommon/attributes.h"
 #include "blockcommon/block_lookup.h"
 #include "blockcommon/block_names.h"
+#include "blockcommon/block_report.h"
 #include "blockcommon/creation.h"
 #include "blockcommon/document_queries.h"
 #include "blockcommon/file_paths.h"
@@ -15,3 +16,5 @@
 #include "blockcommon/reference_graph.h"
 #include "blockcommon/selections.h"
 #include "blockcommon/transforms.h"
+#include "blockcommon/typed_names.h"
+#include "blockcommon/write_block.h"

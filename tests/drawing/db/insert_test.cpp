@@ -13,8 +13,14 @@ namespace {
 
 using namespace tests;
 
-// Definitions by name. Contents are words: "#name" is a reference, anything else a text.
-using Blocks = std::vector<std::pair<std::string, std::string>>;
+// "name: contents; name: contents". Contents are words: "#name" is a reference, anything else a text.
+std::vector<std::pair<std::string, std::string>> blocksOf(const std::string& written) {
+  std::vector<std::pair<std::string, std::string>> blocks;
+  std::istringstream parts(written);
+  for (std::string part; std::getline(parts >> std::ws, part, ';');)
+    blocks.emplace_back(part.substr(0, part.find(':')), part.substr(part.find(':') + 1));
+  return blocks;
+}
 
 OdString wide(const std::string& text) {
   return OdString::fromUtf8(text);
@@ -24,7 +30,8 @@ OdDbObjectId blockOf(OdDbDatabase& database, const std::string& name) {
   return name == "file" ? database.getModelSpaceId() : database.symbol(OdDb::kBlockTable, wide(name));
 }
 
-void build(OdDbDatabase& database, const Blocks& blocks) {
+void build(OdDbDatabase& database, const std::string& written) {
+  const auto blocks = blocksOf(written);
   for (const auto& [name, contents] : blocks) {
     if (blockOf(database, name).isNull())
       addBlock(database, name[0] == '*' ? L"*U" : wide(name));
@@ -43,18 +50,18 @@ void build(OdDbDatabase& database, const Blocks& blocks) {
 std::string contentsOf(OdDbObjectId block) {
   std::string words;
   for (auto it = forRead<OdDbBlockTableRecord>(block)->newIterator(); !it->done(); it->step()) {
-    words += words.empty() ? "" : " ";
+    OdString word;
     if (const OdDbTextPtr text = OdDbText::cast(it->entity()); !text.isNull())
-      words += text->textString().toUtf8();
+      word = text->textString();
     else
-      words +=
-          "#" +
-          forRead<OdDbBlockTableRecord>(OdDbBlockReferencePtr(it->entity())->blockTableRecord())->getName().toUtf8();
+      word = L"#" + forRead<OdDbBlockTableRecord>(OdDbBlockReferencePtr(it->entity())->blockTableRecord())->getName();
+    words += " " + word.toUtf8();
   }
   return words;
 }
 
-std::map<std::string, std::string> definitionsOf(const OdDbDatabase& database) {
+// As above, in order of the names.
+std::string definitionsOf(const OdDbDatabase& database) {
   std::map<std::string, std::string> found;
   const OdDbBlockTablePtr table = database.getBlockTableId().safeOpenObject();
   for (auto walk = table->newIterator(); !walk->done(); walk->step()) {
@@ -62,83 +69,37 @@ std::map<std::string, std::string> definitionsOf(const OdDbDatabase& database) {
     if (!block->isLayout())
       found[block->getName().toUtf8()] = contentsOf(block->objectId());
   }
-  return found;
+  std::string all;
+  for (const auto& [name, contents] : found)
+    all += (all.empty() ? "" : "; ") + name + ":" + contents;
+  return all;
 }
 
 TEST(Insert, SettlesNamesThatBothDrawingsHave) {
   const struct {
-    const char* what;
-    Blocks target, source;
-    std::map<std::string, std::string> result; // of inserting as "door"
+    const char *what, *target, *source, *result; // of inserting as "door"
     std::size_t renamed;
   } rows[] = {
-      {"nothing in common",
-       {{"lamp", "T"}},
-       {{"hinge", "S"}, {"file", "x #hinge"}},
-       {{"door", "x #hinge"}, {"hinge", "S"}, {"lamp", "T"}},
-       0},
-      {"same name, same content",
-       {{"hinge", "h"}},
-       {{"hinge", "h"}, {"file", "#hinge"}},
-       {{"door", "#hinge"}, {"hinge", "h"}},
-       0},
-      {"same name, other content",
-       {{"hinge", "T"}},
-       {{"hinge", "S"}, {"file", "#hinge"}},
-       {{"door", "#hinge"}, {"hinge", "T"}},
-       0},
-      {"other letter case",
-       {{"HINGE", "T"}},
-       {{"Hinge", "S"}, {"file", "#Hinge"}},
-       {{"door", "#HINGE"}, {"HINGE", "T"}},
-       0},
-      {"anonymous",
-       {{"*U1", "T"}},
-       {{"*U1", "S"}, {"file", "#*U1"}},
-       {{"door", "#*U2"}, {"*U1", "T"}, {"*U2", "S"}},
-       0},
-      {"nobody shows it", {}, {{"hinge", "S"}, {"file", "x"}}, {{"door", "x"}}, 0},
-      {"named like its own nested block",
-       {},
-       {{"door", "S"}, {"file", "x #door"}},
-       {{"door", "x #door-2"}, {"door-2", "S"}},
-       1},
-      {"the same in another case, and the free name taken",
-       {{"door-2", "T"}},
-       {{"DOOR", "S"}, {"file", "#DOOR"}},
-       {{"door", "#DOOR-3"}, {"door-2", "T"}, {"DOOR-3", "S"}},
-       1},
-      {"the free name comes along, too",
-       {},
-       {{"door-2", "2"}, {"door", "S #door-2"}, {"file", "#door"}},
-       {{"door", "#door-3"}, {"door-2", "2"}, {"door-3", "S #door-2"}},
-       1},
-      {"refilled",
-       {{"door", "T #hinge"}, {"hinge", "T"}, {"room", "#door"}},
-       {{"hinge", "S"}, {"file", "x #hinge"}},
-       {{"door", "x #hinge"}, {"hinge", "T"}, {"room", "#door"}},
-       0},
-      {"at depth three",
-       {{"c", "T"}},
-       {{"c", "S"}, {"b", "#c"}, {"a", "#b"}, {"file", "#a"}},
-       {{"door", "#a"}, {"a", "#b"}, {"b", "#c"}, {"c", "T"}},
-       0},
-      {"itself at depth three",
-       {},
-       {{"door", "S"}, {"b", "#door"}, {"a", "#b"}, {"file", "#a #door"}},
-       {{"door", "#a #door-2"}, {"a", "#b"}, {"b", "#door-2"}, {"door-2", "S"}},
-       1},
-      {"the target's leads back to the block",
-       {{"door", "T"}, {"frame", "#door"}},
-       {{"frame", "S"}, {"file", "#frame"}},
-       {{"door", "#frame-2"}, {"frame", "#door"}, {"frame-2", "S"}},
-       1},
-      {"through others",
-       {{"door", "T"}, {"wall", "#door"}, {"frame", "#wall"}},
-       {{"frame", "S"}, {"file", "#frame"}},
-       {{"door", "#frame-2"}, {"wall", "#door"}, {"frame", "#wall"}, {"frame-2", "S"}},
-       1},
-      {"an empty file", {{"door", "T"}}, {}, {{"door", ""}}, 0},
+      {"nothing in common", "lamp: T", "hinge: S; file: x #hinge", "door: x #hinge; hinge: S; lamp: T", 0},
+      {"same name, same content", "hinge: h", "hinge: h; file: #hinge", "door: #hinge; hinge: h", 0},
+      {"same name, other content", "hinge: T", "hinge: S; file: #hinge", "door: #hinge; hinge: T", 0},
+      {"other letter case", "HINGE: T", "Hinge: S; file: #Hinge", "HINGE: T; door: #HINGE", 0},
+      {"anonymous", "*U1: T", "*U1: S; file: #*U1", "*U1: T; *U2: S; door: #*U2", 0},
+      {"nobody shows it", "", "hinge: S; file: x", "door: x", 0},
+      {"its own nested block", "", "door: S; file: x #door", "door: x #door-2; door-2: S", 1},
+      {"free name taken", "door-2: T", "DOOR: S; file: #DOOR", "DOOR-3: S; door: #DOOR-3; door-2: T", 1},
+      {"free name comes along", "", "door-2: 2; door: S #door-2; file: #door",
+       "door: #door-3; door-2: 2; door-3: S #door-2", 1},
+      {"refilled", "door: T #hinge; hinge: T; room: #door", "hinge: S; file: x #hinge",
+       "door: x #hinge; hinge: T; room: #door", 0},
+      {"at depth three", "c: T", "c: S; b: #c; a: #b; file: #a", "a: #b; b: #c; c: T; door: #a", 0},
+      {"itself at depth three", "", "door: S; b: #door; a: #b; file: #a #door",
+       "a: #b; b: #door-2; door: #a #door-2; door-2: S", 1},
+      {"the target's leads back", "door: T; frame: #door", "frame: S; file: #frame",
+       "door: #frame-2; frame: #door; frame-2: S", 1},
+      {"through others", "door: T; wall: #door; frame: #wall", "frame: S; file: #frame",
+       "door: #frame-2; frame: #wall; frame-2: S; wall: #door", 1},
+      {"an empty file", "door: T", "", "door:", 0},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.what);

@@ -269,8 +269,10 @@ INSTANTIATE_TEST_SUITE_P(All, EarlyStandIn, testing::ValuesIn(kStandIns),
                          [](const auto& one) { return std::string(one.param.name); });
 
 TEST(R12, KeepsTheShapeOfWhatItRedraws) {
-  const OdDbDatabasePtr database =
-      readOf(section("ENTITIES", std::string("0|") + kStandIns[0].record + "0|" + kStandIns[1].record), "AC1032");
+  const std::string image =
+      "0|IMAGE\n" COMMON "100|AcDbRasterImage\n10|-7\n20|3\n11|0.5\n21|0\n12|0\n22|0.25\n13|40\n23|60\n";
+  const OdDbDatabasePtr database = readOf(
+      section("ENTITIES", std::string("0|") + kStandIns[0].record + "0|" + kStandIns[1].record + image), "AC1032");
   OdGeExtents3d before, after;
   const auto extents = [](const OdDbDatabase& of, OdGeExtents3d& box) {
     forRead<OdDbBlockTableRecord>(of.getModelSpaceId())->getGeomExtents(box);

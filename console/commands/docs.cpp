@@ -1,0 +1,84 @@
+#include "console/ask.h"
+#include "console/commands/commands.h"
+#include "console/commands/unsaved.h"
+#include "console/drawing_io.h"
+
+#include "morvane/drawing_tools.h"
+
+#include <charconv>
+
+namespace console::commands {
+namespace {
+
+OdString nameOf(const mvsi::MvsiApDocument& document) {
+  return document.fileName().isEmpty() ? render(Text::kUnsavedName) : document.fileName();
+}
+
+void list(Session& session) {
+  std::size_t number = 0;
+  for (const mvsi::MvsiApDocumentPtr& document : session.host().documents().all()) {
+    OdString marks;
+    if (document == session.drawing().document)
+      marks += render(Text::kDocCurrent);
+    if (document->isModified())
+      marks += render(Text::kDocModified);
+    session.result(Text::kDocLine, {count(++number), nameOf(*document), marks});
+  }
+}
+
+void switchTo(Session& session, const mvsi::MvsiApDocument& document) {
+  if (&document != session.drawing().document.get())
+    session.switchTo(document);
+  session.say(Text::kDocIsCurrent, {nameOf(document)});
+}
+
+// A drawing that is open already is not read again.
+void open(Session& session) {
+  const auto path = askText(session, Text::kPromptFileName);
+  if (!path)
+    refuse(Text::kNoFileName);
+  const std::string file = path->toUtf8Lossless();
+  if (const mvsi::MvsiApDocument* present = qzutads::findDwgDoc(session.host().paths().toDrawing(file)))
+    return switchTo(session, *present);
+  session.setAside();
+  try {
+    openDrawing(session, file);
+  } catch (...) {
+    session.closeCurrent();
+    throw;
+  }
+}
+
+void askSwitch(Session& session) {
+  const std::string typed = askText(session, Text::kPromptDocNumber).value_or(OdString()).toUtf8();
+  std::size_t number = 0;
+  const auto [end, error] = std::from_chars(typed.data(), typed.data() + typed.size(), number);
+  const auto& all = session.host().documents().all();
+  if (error != std::errc() || end != typed.data() + typed.size() || number == 0 || number > all.size())
+    refuse(Text::kNoSuchDoc, {OdString::fromUtf8(typed)});
+  switchTo(session, *all[number - 1]);
+}
+
+void close(Session& session) {
+  if (session.others().empty())
+    refuse(Text::kOnlyDoc);
+  askToDiscardChanges(session);
+  session.closeCurrent();
+  session.say(Text::kDocIsCurrent, {nameOf(*session.drawing().document)});
+}
+
+} // namespace
+
+void docs(CommandContext& context) {
+  const OdString option = askKeyword(context.session, Text::kKeywordsDocs, Text::kPromptDocs).value_or(L"?");
+  if (option == L"Open")
+    open(context.session);
+  else if (option == L"Switch")
+    askSwitch(context.session);
+  else if (option == L"Close")
+    close(context.session);
+  else
+    list(context.session);
+}
+
+} // namespace console::commands
