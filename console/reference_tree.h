@@ -12,17 +12,18 @@
 
 namespace console {
 
+struct ExternalDrawing {
+  OdString path;  // as the drawing holds it
+  OdString found; // the file that the host finds for it; empty when there is none
+  drawing::XrefStatus status = drawing::XrefStatus::NotLoaded;
+};
+
 struct ReferenceNode {
-  struct External {
-    OdString path;  // as the drawing holds it
-    OdString found; // the file that the host finds for it; empty when there is none
-    drawing::XrefStatus status = drawing::XrefStatus::NotLoaded;
-  };
   OdDbObjectId reference;
-  OdString block;                    // dynamic definitions in place of their shapes; empty when it does not open
-  std::optional<std::size_t> parent; // its place in the list; none for the picked reference
-  OdDbObjectIdArray chain;           // from this reference out to the picked one
-  std::optional<External> external;  // when the block is an external reference
+  OdString block;                          // dynamic definitions in place of their shapes; empty when it does not open
+  std::optional<std::size_t> parent;       // its place in the list; none for the picked reference
+  OdDbObjectIdArray chain;                 // from this reference out to the picked one
+  std::optional<ExternalDrawing> external; // when the block is an external reference
 };
 
 struct EditCheck {
