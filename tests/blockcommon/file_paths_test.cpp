@@ -3,6 +3,7 @@
 #include "blockcommon/file_paths.h"
 #include "morvane/host_api.h"
 #include "morvane/testing.h"
+#include "tests/support/scratch_folder.h"
 
 #include <filesystem>
 #include <fstream>
@@ -27,9 +28,10 @@ using Boxes = std::vector<OdString>; // of each its caption, a bar and its body
 
 class FilePaths : public testing::Test {
 protected:
+  const tests::ScratchFolder folder_;
+  const fs::path root_ = folder_.path();
+
   FilePaths() {
-    std::string pattern = (fs::temp_directory_path() / "paths-XXXXXX").string();
-    root_ = fs::canonical(::mkdtemp(pattern.data()));
     fs::create_directories(root_ / "site/empty");
     std::ofstream(root_ / "site/plan.dwg") << "x";
     host_.host().paths().setDrive(L'P', root_.string());
@@ -39,14 +41,10 @@ protected:
       return 0;
     });
   }
-  ~FilePaths() override {
-    fs::remove_all(root_);
-    openElsewhere = false;
-  }
+  ~FilePaths() override { openElsewhere = false; }
   Boxes takeBoxes() { return std::exchange(boxes_, {}); }
 
   morvane::FaultyHost host_;
-  fs::path root_;
   Boxes boxes_;
 };
 

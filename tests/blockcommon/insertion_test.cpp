@@ -4,6 +4,7 @@
 #include "morvane/testing.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
+#include "tests/support/scratch_folder.h"
 
 #include "DbDxf.h"
 
@@ -20,15 +21,15 @@ using namespace tests;
 
 class Insertion : public testing::Test {
 protected:
+  const tests::ScratchFolder folder_;
+  const fs::path root_ = folder_.path();
+
   Insertion() {
-    std::string pattern = (fs::temp_directory_path() / "insertion-XXXXXX").string();
-    root_ = ::mkdtemp(pattern.data());
     host_.host().paths().setDrive(L'P', root_.string());
     std::ofstream(root_ / "broken.dxf") << "no drawing";
     std::ofstream(root_ / "broken.dwg") << "AC1015 no drawing";
     save(*source_, "part.dxf");
   }
-  ~Insertion() override { fs::remove_all(root_); }
   void save(const OdDbDatabase& database, const std::string& name) {
     ASSERT_EQ(drawing::writeDrawing(database, (root_ / name).string()).result, eOk);
   }
@@ -40,7 +41,6 @@ protected:
 
   const OdDbObjectId kUntouched{1, 2};
   morvane::FaultyHost host_;
-  fs::path root_;
   OdDbDatabasePtr database_ = OdDbDatabase::create();
   OdDbDatabasePtr source_ = OdDbDatabase::create();
   mvsi::MvsiApDocument* document_ = host_.host().documents().open(database_);

@@ -4,6 +4,7 @@
 #include "blockcommon/typed_names.h"
 #include "morvane/testing.h"
 #include "tests/support/drawings.h"
+#include "tests/support/scratch_folder.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -25,11 +26,12 @@ struct Row {
 
 class TypedNames : public testing::Test {
 protected:
+  const tests::ScratchFolder folder_;
+  const fs::path root_ = folder_.path();
+
   using Analyze = bool (*)(const OdString&, const OdString&, OdString&, OdString&);
 
   TypedNames() {
-    std::string pattern = (fs::temp_directory_path() / "typed-XXXXXX").string();
-    root_ = fs::canonical(::mkdtemp(pattern.data()));
     slashed_ = OdString::fromUtf8(root_.string());
     fromRoot_ = slashed_;
     fromRoot_.replace(L'/', L'\\');
@@ -48,7 +50,6 @@ protected:
     addFlagged(L"Ext", 4);
     addFlagged(L"Leaf", 16);
   }
-  ~TypedNames() override { fs::remove_all(root_); }
 
   static void addFile(const fs::path& path) {
     fs::create_directories(path.parent_path());
@@ -76,7 +77,6 @@ protected:
   }
 
   morvane::FaultyHost host_;
-  fs::path root_;
   OdString slashed_, fromRoot_; // the folder of the test without a drive
   OdDbDatabasePtr database_ = OdDbDatabase::create();
   std::vector<OdString> boxes_;

@@ -2,6 +2,7 @@
 // remembered. No answer but a yes may ever let a file be replaced.
 #include "blockcommon/write_block.h"
 #include "morvane/testing.h"
+#include "tests/support/scratch_folder.h"
 
 #include <array>
 #include <filesystem>
@@ -18,21 +19,20 @@ constexpr wchar_t kPleaseAnswer[] = L"\n请回答“是”或“否”。";
 
 class WriteBlock : public testing::Test {
 protected:
+  const tests::ScratchFolder folder_;
+  const fs::path root_ = folder_.path();
+
   WriteBlock() {
-    std::string pattern = (fs::temp_directory_path() / "written-XXXXXX").string();
-    root_ = fs::canonical(::mkdtemp(pattern.data()));
     std::ofstream(root_ / "100%s.dxf") << "x";
     std::ofstream(root_ / "100%s.dwg") << "x";
     std::ofstream(root_ / "odd\xff.dxf") << "x";
     host_.host().paths().setDrive(L'P', root_.string());
   }
-  ~WriteBlock() override { fs::remove_all(root_); }
   void remember(const OdString& path) {
     mv_user_config_create("Write_block_dialog", 2)->SetDataSW("Items\\ComBoxGetCurSel", path);
   }
 
   morvane::FaultyHost host_;
-  fs::path root_;
 };
 
 TEST_F(WriteBlock, FormatsOfTheHostHaveTheirTypeAndVersion) {

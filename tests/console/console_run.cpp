@@ -56,16 +56,6 @@ OdDbObjectIdArray TestSession::objects() {
   return console::objectsOf(database().getModelSpaceId());
 }
 
-Scratch::Scratch() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "morvane-console-XXXXXX").string();
-  EXPECT_NE(mkdtemp(pattern.data()), nullptr);
-  folder_ = pattern;
-}
-
-Scratch::~Scratch() {
-  std::filesystem::remove_all(folder_);
-}
-
 std::string Scratch::write(const std::string& name, const std::string& bytes) const {
   std::ofstream(path(name), std::ios::binary) << bytes;
   return path(name);

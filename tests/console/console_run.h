@@ -2,6 +2,7 @@
 #pragma once
 
 #include "console/session.h"
+#include "tests/support/scratch_folder.h"
 
 #include <filesystem>
 #include <string>
@@ -35,18 +36,10 @@ private:
   console::Session session_;
 };
 
-// A folder of its own for a test's files, removed with it.
-class Scratch {
+class Scratch : public tests::ScratchFolder {
 public:
-  Scratch();
-  ~Scratch();
-  Scratch(const Scratch&) = delete;
-  Scratch& operator=(const Scratch&) = delete;
-  std::string path(const std::string& name) const { return (folder_ / name).string(); }
+  std::string path(const std::string& name) const { return at(name); }
   std::string write(const std::string& name, const std::string& bytes) const; // answers the path
-
-private:
-  std::filesystem::path folder_;
 };
 
 std::string readFile(const std::string& path); // fails the test when there is none

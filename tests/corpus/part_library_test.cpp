@@ -6,29 +6,16 @@
 #include "DbCompare.h"
 #include "DbDxf.h"
 #include "tests/corpus/drawings.h"
+#include "tests/support/scratch_folder.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-#include <unistd.h>
 
 namespace {
 
 using Json = nlohmann::json;
-
-class Folder {
-public:
-  Folder() : path_(std::filesystem::temp_directory_path() / ("parts-" + std::to_string(getpid()))) {
-    std::filesystem::create_directory(path_);
-  }
-  ~Folder() { std::filesystem::remove_all(path_); }
-  std::string file(const char* name) const { return (path_ / name).string(); }
-
-private:
-  std::filesystem::path path_;
-};
 
 struct Finished {
   int status;
@@ -74,15 +61,15 @@ bool sameExtents(OdDbObjectId one, OdDbObjectId other) {
 TEST(PartLibrary, ShowsEveryPartAsItsFileHasIt) {
   const std::vector<std::string> parts = partPaths();
   ASSERT_EQ(parts.size(), 305U);
-  const Folder folder;
+  const tests::ScratchFolder folder;
   {
-    std::ofstream list(folder.file("list.txt"));
+    std::ofstream list(folder.at("list.txt"));
     for (const std::string& part : parts)
       list << part << "\n";
   }
-  ASSERT_EQ(run({"-c", "SAVEAS " + folder.file("empty.dxf") + " 2018\n"}).status, 0);
-  const std::string out = folder.file("all.dxf");
-  const Finished made = run({"insert", folder.file("empty.dxf"), "--file-list", folder.file("list.txt"), "--grid",
+  ASSERT_EQ(run({"-c", "SAVEAS " + folder.at("empty.dxf") + " 2018\n"}).status, 0);
+  const std::string out = folder.at("all.dxf");
+  const Finished made = run({"insert", folder.at("empty.dxf"), "--file-list", folder.at("list.txt"), "--grid",
                              "20,1000,1000", "--defaults", "--json", "-o", out});
   EXPECT_EQ(made.status, 4); // three of the files are damaged, and said to be
   const Json inserted = Json::parse(made.results)["results"]["inserted"];

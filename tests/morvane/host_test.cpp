@@ -1,6 +1,7 @@
 // The host's services, printing, variables, configuration and files as a command module meets them.
 #include "morvane/testing.h"
 #include "tests/support/failing_files.h"
+#include "tests/support/scratch_folder.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -13,19 +14,6 @@ namespace {
 
 using morvane::ScriptedHost;
 namespace fs = std::filesystem;
-
-class TemporaryFolder {
-public:
-  TemporaryFolder() {
-    std::string pattern = (fs::temp_directory_path() / "morvane-XXXXXX").string();
-    path_ = ::mkdtemp(pattern.data());
-  }
-  ~TemporaryFolder() { fs::remove_all(path_); }
-  std::string at(const std::string& name) const { return (path_ / name).string(); }
-
-private:
-  fs::path path_;
-};
 
 void writeFile(const std::string& path, const std::string& text) {
   std::ofstream(path) << text;
@@ -107,7 +95,7 @@ TEST(Log, WritesRecordsOfItsLevelAndAbove) {
   ASSERT_EQ(host.logRecords().size(), 1u);
   EXPECT_EQ(host.logRecords()[0].text, "heard");
   EXPECT_EQ(mrvn_log_level(), 5);
-  const TemporaryFolder folder;
+  const tests::ScratchFolder folder;
   EXPECT_FALSE(host.host().log().setFile(folder.at("no/such")));
   EXPECT_TRUE(host.host().log().setFile(folder.at("log")));
   mv_Log(9, 3, "h", "kept");
@@ -227,7 +215,7 @@ TEST(Json, ListsTakeCopies) {
 }
 
 TEST(UserConfig, SectionsAreLiveAndSurviveTheHost) {
-  const TemporaryFolder folder;
+  const tests::ScratchFolder folder;
   morvane::HostOptions options;
   options.configFile = folder.at("deep/er/config.json");
   {
@@ -247,7 +235,7 @@ TEST(UserConfig, SectionsAreLiveAndSurviveTheHost) {
 }
 
 TEST(UserConfig, KeepsADamagedFileBesideTheNewOne) {
-  const TemporaryFolder folder;
+  const tests::ScratchFolder folder;
   const std::string tooDeep = "{\"a\":" + std::string(100000, '[') + std::string(100000, ']') + "}";
   for (const std::string& damaged : {std::string("{\"a\": "), std::string("[1]"), tooDeep}) {
     writeFile(folder.at("c.json"), damaged);
@@ -261,7 +249,7 @@ TEST(UserConfig, KeepsADamagedFileBesideTheNewOne) {
 }
 
 TEST(UserConfig, AFolderInItsPlaceIsAProblemAndNoCrash) {
-  const TemporaryFolder folder;
+  const tests::ScratchFolder folder;
   morvane::UserConfig config(folder.at(""), morvane::replaceFileSafely);
   EXPECT_NE(config.loadProblem(), "");
   EXPECT_NE(config.save(), "");
@@ -269,7 +257,7 @@ TEST(UserConfig, AFolderInItsPlaceIsAProblemAndNoCrash) {
 }
 
 TEST(UserConfig, AFailedSaveKeepsTheFileAndTheChange) {
-  const TemporaryFolder folder;
+  const tests::ScratchFolder folder;
   writeFile(folder.at("c.json"), "{\"s\":{\"n\":1}}");
   morvane::UserConfig config(folder.at("c.json"), [](const std::string&, std::string_view) { return "disk full"; });
   config.section("s")->SetDataI("n", 2);
@@ -279,7 +267,7 @@ TEST(UserConfig, AFailedSaveKeepsTheFileAndTheChange) {
 }
 
 TEST(ReplaceFile, KeepsModeAndLinksAndLeavesNothingBeside) {
-  const TemporaryFolder folder;
+  const tests::ScratchFolder folder;
   writeFile(folder.at("real"), "old");
   fs::permissions(folder.at("real"), fs::perms(0640));
   fs::create_symlink("real", folder.at("link"));
@@ -329,7 +317,7 @@ TEST(Paths, MapDrivesAndBackslashesBothWays) {
 }
 
 TEST(FindFile, LooksBesideTheDrawingAndThenAlongThePath) {
-  const TemporaryFolder folder;
+  const tests::ScratchFolder folder;
   fs::create_directories(folder.at("one/sub"));
   fs::create_directories(folder.at("two/only"));
   writeFile(folder.at("one/a.dwg"), "");

@@ -1,5 +1,6 @@
 // Names of files to write: what the host makes of the typed one, and why it refuses some.
 #include "morvane/testing.h"
+#include "tests/support/scratch_folder.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -9,8 +10,8 @@ namespace {
 namespace fs = std::filesystem;
 
 TEST(TargetName, IsCompletedOrRefusedWithTheReason) {
-  std::string pattern = (fs::temp_directory_path() / "target-XXXXXX").string();
-  const fs::path root = fs::canonical(::mkdtemp(pattern.data()));
+  const tests::ScratchFolder folder;
+  const fs::path& root = folder.path();
   fs::create_directories(root / "out/deep");
   morvane::FaultyHost host;
   host.host().paths().setDrive(L'P', root.string());
@@ -56,7 +57,6 @@ TEST(TargetName, IsCompletedOrRefusedWithTheReason) {
     host.failOperation("MvEdCheckFileName2");
     EXPECT_EQ(qzutads::MvEdCheckFileName2(name, path, {}, L"", message), RTERROR);
   }
-  fs::remove_all(root);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 // by what they are, not by their paths.
 #include "morvane/host_api.h"
 #include "morvane/testing.h"
+#include "tests/support/scratch_folder.h"
 
 #include "DbBlockTable.h"
 #include "DbDxf.h"
@@ -21,9 +22,10 @@ using tests::forWrite;
 
 class ExternalReferences : public testing::Test {
 protected:
+  const tests::ScratchFolder folder_;
+  const fs::path root_ = folder_.path();
+
   ExternalReferences() {
-    std::string pattern = (fs::temp_directory_path() / "morvane-xref-XXXXXX").string();
-    root_ = ::mkdtemp(pattern.data());
     host_.host().searchPath().setFolders({(root_ / "library").string()});
     host_.host().paths().setDrive(L'P', root_.string());
     put("site/plan.dxf");
@@ -31,7 +33,6 @@ protected:
     put("library/symbol.dxf");
     put("elsewhere/far.dxf");
   }
-  ~ExternalReferences() override { fs::remove_all(root_); }
 
   void put(const std::string& path, const OdString& refersTo = {}, int xedit = 1) {
     const OdDbDatabasePtr database = OdDbDatabase::create();
@@ -57,7 +58,6 @@ protected:
   }
 
   morvane::ScriptedHost host_;
-  fs::path root_;
 };
 
 TEST_F(ExternalReferences, AreLookedForFromTheFolderOfTheirDrawing) {

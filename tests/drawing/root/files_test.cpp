@@ -2,6 +2,7 @@
 #include "OdFiles.h"
 #include "tests/support/failing_files.h"
 #include "tests/support/power_loss_files.h"
+#include "tests/support/scratch_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -20,12 +21,7 @@ namespace {
 
 class Files : public testing::Test {
 protected:
-  Files() {
-    std::string name = (fs::temp_directory_path() / "files_test_XXXXXX").string();
-    folder = ::mkdtemp(name.data());
-    path = folder + "/plan.dxf";
-  }
-  ~Files() override { fs::remove_all(folder); }
+  Files() { path = folder + "/plan.dxf"; }
 
   void put(const std::string& file, std::string_view bytes) const { std::ofstream(file, std::ios::binary) << bytes; }
   std::string get(const std::string& file) const {
@@ -39,7 +35,8 @@ protected:
     return found;
   }
 
-  std::string folder;
+  const tests::ScratchFolder scratch;
+  const std::string folder = scratch.path().string();
   std::string path;
 };
 
