@@ -352,7 +352,7 @@ private:
 
   // Reading keeps such references as data; in a file they would be references again.
   bool closesCycle(const OdDbCarriedEntity& kept) const {
-    if (!kept.isUnread() || kept.dxfName() != "INSERT")
+    if (!kept.isUnread() || kept.dxfName() != "INSERT" || kept.carriedOrNull() == nullptr)
       return false;
     const GroupList& groups = *kept.carriedOrNull();
     const std::size_t name = groups.find(2);

@@ -138,4 +138,12 @@ TEST(Audit, TellsWhatItLeavesAlone) {
   EXPECT_EQ(drawing::auditDrawing(*house.database).outcome(), drawing::Outcome::Repaired);
 }
 
+// A reference that was kept unread and holds nothing that could be looked at.
+TEST(Audit, PassesOverReferencesWithoutGroups) {
+  const drawing::ReadResult read =
+      drawing::readDrawingFromMemory(dxf(section("ENTITIES", "0|INSERT\n5|34\n330|1 70\n")));
+  ASSERT_FALSE(read.database.isNull());
+  EXPECT_EQ(drawing::auditDrawing(*read.database).outcome(), drawing::Outcome::Whole);
+}
+
 } // namespace
