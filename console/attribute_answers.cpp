@@ -89,10 +89,6 @@ std::vector<OdString> questionsOf(OdDbObjectId block, const AttributeAnswers& an
   return questions;
 }
 
-std::vector<OdString> questionsOf(const OdDbDatabase& source, const AttributeAnswers& answers) {
-  return questionsOf(source.getModelSpaceId(), answers);
-}
-
 void giveAttributes(Session& session, const OdDbBlockReferencePtr& reference, const AttributeAnswers& answers) {
   const OdDbObjectId block = reference->blockTableRecord();
   const std::vector<OdString> questions = questionsOf(block, answers);

@@ -19,9 +19,8 @@ struct AttributeAnswers {
 // cancelled question, and for one that may not be asked.
 void giveAttributes(Session& session, const OdDbBlockReferencePtr& reference, const AttributeAnswers& answers);
 
-// What would be asked: prompts, or tags where there are none.
+// What would be asked of a reference to the block, or to what the space of a file would be: prompts, or tags where
+// there are none.
 std::vector<OdString> questionsOf(OdDbObjectId block, const AttributeAnswers& answers);
-// The same for a block that a file would be.
-std::vector<OdString> questionsOf(const OdDbDatabase& source, const AttributeAnswers& answers);
 
 } // namespace console

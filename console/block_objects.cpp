@@ -1,5 +1,6 @@
 #include "console/block_objects.h"
 #include "console/block_maker.h"
+#include "console/numbers.h"
 #include "console/selection.h"
 
 #include "DbBlockReference.h"
@@ -8,6 +9,7 @@
 #include "blockcommon/messages.h"
 #include "blockcommon/selections.h"
 
+#include <algorithm>
 #include <deque>
 #include <unordered_map>
 
@@ -39,11 +41,13 @@ public:
     std::vector<Step> way;
     for (OdDbObjectId at = block_;;) {
       const Step& step = steps_.at(at);
-      way.insert(way.begin(), step);
+      way.push_back(step);
       if (step.from.isNull())
-        return way;
+        break;
       at = step.from;
     }
+    std::reverse(way.begin(), way.end());
+    return way;
   }
 
 private:
@@ -94,8 +98,7 @@ OdString chainBackTo(OdDbObjectId block, const OdDbObjectIdArray& ids) {
     return {};
   OdString chain = render(Text::kChainStart, {nameOfDefinition(block)});
   for (const Step& step : way.steps())
-    chain += render(Text::kChainLink, {nameOfDefinition(shownBy(step.reference)),
-                                       OdString::fromUtf8(step.reference.getHandle().ascii())});
+    chain += render(Text::kChainLink, {nameOfDefinition(shownBy(step.reference)), handleText(step.reference)});
   return chain;
 }
 

@@ -70,7 +70,7 @@ Json previewFile(Session& session, const std::string& path, const OdString& name
     json["clashes"].push_back(clash(session, nested.name, nested.same));
   json["kept"] = keptRecords(session, *source.database);
   addQuestions(session, json, unitsFactor(session.database(), source.database->getINSUNITS()),
-               questionsOf(*source.database, answers));
+               questionsOf(source.database->getModelSpaceId(), answers));
   return json;
 }
 

@@ -179,4 +179,8 @@ OdString degreesText(double angleRad) {
   return realText(angleRad * 180.0 / std::numbers::pi);
 }
 
+OdString handleText(OdDbObjectId id) {
+  return OdString::fromUtf8(id.getHandle().ascii());
+}
+
 } // namespace console

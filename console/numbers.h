@@ -1,6 +1,7 @@
 // Numbers and points of command lines, and how the console shows them.
 #pragma once
 
+#include "DbObjectId.h"
 #include "Ge/GeMatrix3d.h"
 #include "OdDb.h"
 #include "OdString.h"
@@ -25,5 +26,6 @@ OdString pointText(const OdGePoint3d& pointWcs); // in the current UCS
 OdString tripleText(double x, double y, double z);
 OdString exactText(double value); // the shortest text that reads back equal
 OdString degreesText(double angleRad);
+OdString handleText(OdDbObjectId id); // hexadecimal
 
 } // namespace console

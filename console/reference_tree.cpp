@@ -1,4 +1,5 @@
 #include "console/reference_tree.h"
+#include "console/numbers.h"
 
 #include "DbBlockReference.h"
 #include "DbBlockTable.h"
@@ -9,10 +10,6 @@
 
 namespace console {
 namespace {
-
-OdString handleText(OdDbObjectId id) {
-  return OdString::fromUtf8(id.getHandle().ascii());
-}
 
 OdString countText(std::uint64_t number) {
   return number == kMostCounted ? render(Text::kReportMany) : count(number);

@@ -2,6 +2,7 @@
 #include "console/attribute_sync.h"
 #include "console/block_maker.h"
 #include "console/commands/commands.h"
+#include "console/numbers.h"
 
 #include "DbBlockTable.h"
 
@@ -48,10 +49,9 @@ void attsync(CommandContext& context) {
     return;
   const SyncedAttributes told = syncAttributes(block);
   for (const SyncedAttributes::Surplus& surplus : told.surplus)
-    session.result(Text::kSyncSurplus,
-                   {OdString::fromUtf8(surplus.reference.getHandle().ascii()), surplus.tag, surplus.value});
+    session.result(Text::kSyncSurplus, {handleText(surplus.reference), surplus.tag, surplus.value});
   for (const OdDbObjectId& id : told.locked)
-    session.result(Text::kSyncLocked, {OdString::fromUtf8(id.getHandle().ascii())});
+    session.result(Text::kSyncLocked, {handleText(id)});
   session.say(Text::kSynced, {count(told.references)});
 }
 

@@ -1,5 +1,6 @@
 #include "console/ask.h"
 #include "console/commands/commands.h"
+#include "console/numbers.h"
 #include "console/selection.h"
 
 #include "DbBlockReference.h"
@@ -13,10 +14,6 @@ namespace {
 
 using drawing::Exploded;
 using drawing::ExplodeRefusal;
-
-OdString handleText(OdDbObjectId id) {
-  return OdString::fromUtf8(id.getHandle().ascii());
-}
 
 bool hasAttributes(OdDbObjectId id) {
   const auto reference = OdDbBlockReference::cast(id.safeOpenObject());

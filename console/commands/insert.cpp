@@ -134,8 +134,8 @@ void insert(CommandContext& context) {
   session.say(Text::kUnitsFactor, {exactText(unitsFactor(block))});
   const OdDbBlockReferencePtr reference = placeReference(session, block, placement);
   giveAttributes(session, reference, {});
-  session.result(Text::kInserted, {OdDbBlockTableRecordPtr(block.safeOpenObject())->getName(),
-                                   OdString::fromUtf8(reference->objectId().getHandle().ascii())});
+  session.result(Text::kInserted,
+                 {OdDbBlockTableRecordPtr(block.safeOpenObject())->getName(), handleText(reference->objectId())});
 }
 
 } // namespace console::commands

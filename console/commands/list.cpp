@@ -2,6 +2,7 @@
 #include "console/commands/block_list.h"
 #include "console/commands/commands.h"
 #include "console/entities.h"
+#include "console/numbers.h"
 #include "console/selection.h"
 
 #include "DbBlockTable.h"
@@ -23,8 +24,7 @@ OdDbObjectIdArray listed(Session& session) {
 void listObject(Session& session, OdDbObjectId id) {
   const OdDbEntityPtr entity = OdDbEntity::cast(id.safeOpenObject());
   if (!entity.isNull())
-    session.result(Text::kListObject, {typeText(*entity), OdString::fromUtf8(id.getHandle().ascii()), entity->layer(),
-                                       geometryText(*entity)});
+    session.result(Text::kListObject, {typeText(*entity), handleText(id), entity->layer(), geometryText(*entity)});
 }
 
 } // namespace

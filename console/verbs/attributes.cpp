@@ -1,6 +1,7 @@
 #include "console/attributes.h"
 #include "console/attribute_import.h"
 #include "console/csv.h"
+#include "console/numbers.h"
 #include "console/verbs/job.h"
 #include "console/verbs/verb.h"
 
@@ -84,8 +85,7 @@ private:
     if (csv_)
       return session.printReport(OdString::fromUtf8(csvOf(rows_)));
     for (const AttributeRow& row : json_ ? std::vector<AttributeRow>() : rows_)
-      session.result(Text::kAttributeRow,
-                     {OdString::fromUtf8(row.reference.getHandle().ascii()), row.block, attributeName(row), row.value});
+      session.result(Text::kAttributeRow, {handleText(row.reference), row.block, attributeName(row), row.value});
     session.say(Text::kAttributeCount, {count(rows_.size())});
   }
 

@@ -288,7 +288,7 @@ void Insert::tell(Session& session) const {
   for (const Done& done : done_) {
     if (typed_.list.empty())
       session.say(Text::kUnitsFactor, {exactText(done.factor)});
-    session.result(Text::kInserted, {done.in.name, OdString::fromUtf8(done.reference.getHandle().ascii())});
+    session.result(Text::kInserted, {done.in.name, handleText(done.reference)});
   }
   if (!typed_.list.empty() && !dry_)
     session.say(Text::kListSum, {count(done_.size()), count(failed_)});
