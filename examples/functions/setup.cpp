@@ -1,5 +1,8 @@
 #include "examples/functions/setup.h"
 
+#include "DbAnnotationScale.h"
+#include "DbDictionary.h"
+
 #include <cstdlib>
 #include <stdexcept>
 #include <stdlib.h>
@@ -52,6 +55,18 @@ OdDbObjectId addAttributeDefinition(OdDbDatabase& drawing, const OdString& tag, 
   definition->setTextString(text);
   definition->setHeight(2.5);
   return append(drawing, *definition, block);
+}
+
+void setAnnotationScale(OdDbDatabase& drawing, const OdString& name, double paperUnits, double drawingUnits) {
+  const OdString list = L"ACAD_SCALELIST";
+  const OdDbDictionaryPtr named = open<OdDbDictionary>(drawing.getNamedObjectsDictionaryId(), OdDb::kForWrite);
+  if (!named->has(list))
+    named->setAt(list, OdDbDictionary::createObject().get());
+  const OdSmartPtr<OdDbScale> scale = OdDbScale::createObject();
+  scale->setScaleName(name);
+  scale->setUnits(paperUnits, drawingUnits);
+  open<OdDbDictionary>(named->getAt(list), OdDb::kForWrite)->setAt(name, scale.get());
+  drawing.setCannoscale(name);
 }
 
 Folder::Folder() {

@@ -33,6 +33,8 @@ OdDbObjectId addReference(OdDbDatabase& drawing, OdDbObjectId shown, const OdGeP
                           OdDbObjectId block = OdDbObjectId());
 OdDbObjectId addAttributeDefinition(OdDbDatabase& drawing, const OdString& tag, const OdString& prompt,
                                     const OdString& text, OdDbObjectId block = OdDbObjectId());
+// Puts the scale, paper units to drawing units, into the drawing's list and makes it the current annotation scale.
+void setAnnotationScale(OdDbDatabase& drawing, const OdString& name, double paperUnits, double drawingUnits);
 
 // A folder on disk that is removed with its owner.
 class Folder {
