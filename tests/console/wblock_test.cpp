@@ -16,7 +16,7 @@ using namespace console_tests;
 using namespace tests;
 using Json = nlohmann::json;
 
-// plan.dxf: two definitions, one in the other, a reference, three texts, an external reference.
+// plan.dxf: definitions, one in another, a reference, three texts, an external reference.
 class WblockVerb : public testing::Test {
 protected:
   WblockVerb() {
@@ -27,7 +27,7 @@ protected:
     forWrite<OdDbBlockTableRecord>(door)->setOrigin({1, 2, 0});
     forWrite<OdDbBlockTableRecord>(door)->setBlockInsertUnits(OdDb::kUnitsMeters);
     forWrite<OdDbBlockTableRecord>(addBlock(*plan_, L"site"))->setXref(L"site.dxf");
-    for (const wchar_t* name : {L"con", L"CON", L"*U", L"a<b", L"a>b"})
+    for (const wchar_t* name : {L"con", L"CON", L"*U", L"a<b", L"a>b", L"plan"})
       addBlock(*plan_, name);
     for (int number = 0; number < 3; ++number)
       addText(*plan_, L"text");
@@ -113,7 +113,8 @@ TEST_F(WblockVerb, WritesEveryBlockOrNothing) {
     EXPECT_EQ(drawing::readDrawing(path("b/" + files.back())).report.outcome(), drawing::Outcome::Whole);
     EXPECT_TRUE(std::filesystem::exists(path("b/" + row["preview"].get<std::string>())));
   }
-  EXPECT_EQ(files, (std::vector<std::string>{"leaf.dxf", "door.dxf", "_con.dxf", "_U1.dxf", "a_b.dxf", "a_b-2.dxf"}));
+  EXPECT_EQ(files, (std::vector<std::string>{"leaf.dxf", "door.dxf", "_con.dxf", "_U1.dxf", "a_b.dxf", "a_b-2.dxf",
+                                             "plan.dxf"}));
   EXPECT_EQ(manifest["leftOut"][0]["block"], "site");
 
   const std::string before = readFile(path("b/door.dxf"));
@@ -123,6 +124,11 @@ TEST_F(WblockVerb, WritesEveryBlockOrNothing) {
   EXPECT_EQ(drawing::readDrawing(path("b/door.dxf")).database->facts().version, OdDb::kRelease2000);
   EXPECT_EQ(Json::parse(readFile(path("b/manifest.json")))["leftOut"][1]["reason"], "anonymous");
   EXPECT_EQ(run({"--every-block", "$O/none/b"}).status, 6);
+
+  const std::string plan = readFile(path("plan.dxf"));
+  EXPECT_EQ(run({"--every-block", "$O", "--force"}).status, 1) << "one of them would be the drawing itself";
+  EXPECT_EQ(readFile(path("plan.dxf")), plan);
+  EXPECT_FALSE(std::filesystem::exists(path("leaf.dxf")));
 }
 
 TEST_F(WblockVerb, AFileStaysWholeWhenTheDiskFails) {
