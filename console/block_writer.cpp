@@ -16,21 +16,22 @@ OdString asText(const std::string& bytes) {
   return OdString::fromUtf8(bytes);
 }
 
-// The objects stand about the origin as they stood about the base point, along the axes of the UCS.
-std::map<std::string, std::size_t> moveToBase(OdDbDatabase& made, const OdGeMatrix3d& frame) {
-  std::map<std::string, std::size_t> dropped;
-  if (frame == OdGeMatrix3d::kIdentity)
-    return dropped;
+// The objects stand about the origin as they stood about the base point, along the axes of the UCS. `ids` are those
+// that they are made of, in their order.
+void moveToBase(OdDbDatabase& made, const OdGeMatrix3d& frame, const OdDbObjectIdArray& ids, BlockFile& result) {
   const OdGeMatrix3d toBase = frame.inverse();
   const OdDbBlockTableRecordPtr space = made.getModelSpaceId().safeOpenObject();
-  for (const auto walk = space->newIterator(); !walk->done(); walk->step()) {
+  const auto walk = space->newIterator();
+  for (const OdDbObjectId id : ids) {
     const OdDbEntityPtr entity = walk->entity(OdDb::kForWrite);
-    if (entity->transformBy(toBase) == eOk)
-      continue;
-    ++dropped[entity->dxfName()];
-    entity->erase();
+    if (frame == OdGeMatrix3d::kIdentity || entity->transformBy(toBase) == eOk) {
+      result.written.append(id);
+    } else {
+      ++result.dropped[entity->dxfName()];
+      entity->erase();
+    }
+    walk->step();
   }
-  return dropped;
 }
 
 // As they lie on each other, whatever the order of picking was.
@@ -80,14 +81,15 @@ public:
   }
 
   OdDbDatabasePtr operator()(const OdDbObjectIdArray& ids) const {
-    OdDbDatabasePtr made = drawing::wblockObjects(inDrawOrder(ids), request_.path);
+    const OdDbObjectIdArray ordered = inDrawOrder(ids);
+    OdDbDatabasePtr made = drawing::wblockObjects(ordered, request_.path);
     if (made.isNull())
       return made;
     const OdGePoint3d base = request_.ucs * request_.basePoint.value_or(OdGePoint3d());
-    result_.dropped = moveToBase(*made, blockUtils::createEcsMatrixByMatrix(base, request_.ucs));
+    moveToBase(*made, blockUtils::createEcsMatrixByMatrix(base, request_.ucs), ordered, result_);
     for (const auto& [type, number] : result_.dropped)
       session_.say(Text::kNotMoved, {count(number), asText(type)});
-    if (countOf(*made).objects == 0)
+    if (result_.written.isEmpty())
       refuse(Text::kAllDropped);
     return made;
   }

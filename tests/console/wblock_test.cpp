@@ -4,9 +4,11 @@
 #include "tests/support/drawings.h"
 #include "tests/support/failing_files.h"
 
+#include "console/block_writer.h"
 #include "console/portable_name.h"
 
 #include "DbDxf.h"
+#include "DbModelerGeometry.h"
 
 #include <nlohmann/json.hpp>
 
@@ -170,6 +172,30 @@ TEST(WblockCommand, RemembersFormatAndFolderAndAsksNobodyWhereItMayNot) {
   EXPECT_EQ(readFile(out), before);
   EXPECT_NE(run({}, "WBLOCK next\n\n*\n\n").shown.find("version 2004"), std::string::npos);
   EXPECT_TRUE(std::filesystem::exists(scratch.path("next.dxf")));
+}
+
+// A body takes no matrix: it is not in a file whose origin lies elsewhere, so it stays in the drawing.
+TEST(WblockCommand, DeletesOnlyWhatItHasWritten) {
+  const struct {
+    const char *base, *answers;
+    std::size_t inFile, left;
+  } kCases[] = {{"0,0", "Delete", 2, 0}, {"1,1", "Delete", 1, 1}, {"1,1", "Keep", 1, 2}};
+  for (const auto& row : kCases) {
+    const Scratch scratch;
+    const OdDbDatabasePtr plan = OdDbDatabase::create();
+    addText(*plan, L"text");
+    const auto solid = OdDb3dSolid::createObject();
+    solid->setDatabaseDefaults(plan.get());
+    forWrite<OdDbBlockTableRecord>(plan->getModelSpaceId())->appendOdDbEntity(solid.get());
+    EXPECT_EQ(drawing::writeDrawing(*plan, scratch.path("plan.dxf")).result, eOk);
+    const std::string script = "WBLOCK " + scratch.path("o") + "\n2018\n\n" + row.base + "\nAll\n\n" + row.answers +
+                               "\n\nSAVEAS " + scratch.path("after.dxf") + "\n\n";
+    const Outcome done = runMorvane({"-c", script, scratch.path("plan.dxf")}, {}, scratch.path("config.json"));
+    SCOPED_TRACE(done.shown);
+    EXPECT_EQ(done.status, 0);
+    EXPECT_EQ(console::countOf(*drawing::readDrawing(scratch.path("o.dxf")).database).objects, row.inFile);
+    EXPECT_EQ(console::countOf(*drawing::readDrawing(scratch.path("after.dxf")).database).objects, row.left);
+  }
 }
 
 TEST(BlockCommand, RemembersItsSettingsOnceABlockIsMade) {
