@@ -4,10 +4,14 @@
 #include "console/drawing_io.h"
 
 #include "DbBlockTable.h"
+#include "DbDimension.h"
+#include "DbSymbolRecords.h"
 #include "DbWblock.h"
 #include "blockcommon/transforms.h"
 
+#include <cmath>
 #include <unordered_set>
+#include <vector>
 
 namespace console {
 namespace {
@@ -16,15 +20,61 @@ OdString asText(const std::string& bytes) {
   return OdString::fromUtf8(bytes);
 }
 
+// What lies on a locked layer does not open for a change.
+class UnlockedLayers {
+public:
+  explicit UnlockedLayers(const OdDbDatabase& database) {
+    const OdDbSymbolTablePtr table = database.getLayerTableId().safeOpenObject();
+    for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
+      const OdDbLayerTableRecordPtr layer = walk->getRecordId().safeOpenObject(OdDb::kForWrite);
+      if (!layer->isLocked())
+        continue;
+      layer->setIsLocked(false);
+      layers_.push_back(layer);
+    }
+  }
+  ~UnlockedLayers() {
+    for (const OdDbLayerTableRecordPtr& layer : layers_)
+      layer->setIsLocked(true);
+  }
+  UnlockedLayers(const UnlockedLayers&) = delete;
+  UnlockedLayers& operator=(const UnlockedLayers&) = delete;
+
+private:
+  std::vector<OdDbLayerTableRecordPtr> layers_;
+};
+
+// Letters of a dimension that were level in the UCS are level in the file.
+void turnLetters(OdDbEntity& entity, const OdGeMatrix3d& frame) {
+  constexpr double kFullTurn = 6.283185307179586;
+  const OdDbDimensionPtr dimension = OdDbDimension::cast(&entity);
+  if (dimension.isNull())
+    return;
+  OdGePoint3d origin;
+  OdGeVector3d x, y, z;
+  frame.getCoordSystem(origin, x, y, z);
+  const double turned = dimension->horizontalRotation() + OdGeVector3d::kXAxis.angleTo(x, z);
+  dimension->setHorizontalRotation(turned - std::floor(turned / kFullTurn) * kFullTurn);
+}
+
+bool moveBy(OdDbEntity& entity, const OdGeMatrix3d& toBase, const OdGeMatrix3d& frame) {
+  if (entity.transformBy(toBase) != eOk)
+    return false;
+  turnLetters(entity, frame);
+  return true;
+}
+
 // The objects stand about the origin as they stood about the base point, along the axes of the UCS. `ids` are those
 // that they are made of, in their order.
 void moveToBase(OdDbDatabase& made, const OdGeMatrix3d& frame, const OdDbObjectIdArray& ids, BlockFile& result) {
+  const bool stays = frame == OdGeMatrix3d::kIdentity;
   const OdGeMatrix3d toBase = frame.inverse();
+  const UnlockedLayers unlocked(made);
   const OdDbBlockTableRecordPtr space = made.getModelSpaceId().safeOpenObject();
   const auto walk = space->newIterator();
   for (const OdDbObjectId id : ids) {
     const OdDbEntityPtr entity = walk->entity(OdDb::kForWrite);
-    if (frame == OdGeMatrix3d::kIdentity || entity->transformBy(toBase) == eOk) {
+    if (stays || moveBy(*entity, toBase, frame)) {
       result.written.append(id);
     } else {
       ++result.dropped[entity->dxfName()];

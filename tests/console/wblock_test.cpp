@@ -7,10 +7,13 @@
 #include "console/block_writer.h"
 #include "console/portable_name.h"
 
+#include "DbDimension.h"
 #include "DbDxf.h"
 #include "DbModelerGeometry.h"
 
 #include <nlohmann/json.hpp>
+
+#include <cmath>
 
 namespace {
 
@@ -196,6 +199,31 @@ TEST(WblockCommand, DeletesOnlyWhatItHasWritten) {
     EXPECT_EQ(console::countOf(*drawing::readDrawing(scratch.path("o.dxf")).database).objects, row.inFile);
     EXPECT_EQ(console::countOf(*drawing::readDrawing(scratch.path("after.dxf")).database).objects, row.left);
   }
+}
+
+TEST(WblockCommand, TurnsWithTheUcsWhateverLayerIsLocked) {
+  const Scratch scratch;
+  const OdDbDatabasePtr plan = OdDbDatabase::create();
+  const OdDbObjectId layer = addLayer(*plan, L"walls");
+  forWrite<OdDbText>(addText(*plan, L"text"))->setLayer(layer);
+  forWrite<OdDbLayerTableRecord>(layer)->setIsLocked(true);
+  const auto dimension = OdDbRotatedDimension::createObject();
+  dimension->setDatabaseDefaults(plan.get());
+  dimension->setHorizontalRotation(-0.5);
+  forWrite<OdDbBlockTableRecord>(plan->getModelSpaceId())->appendOdDbEntity(dimension.get());
+  EXPECT_EQ(drawing::writeDrawing(*plan, scratch.path("plan.dxf")).result, eOk);
+  const std::string script = "UCS Z 90\nWBLOCK " + scratch.path("o") + "\n2018\n\n1,0\nAll\n\nKeep\n\n";
+  const Outcome done = runMorvane({"-c", script, scratch.path("plan.dxf")}, {}, scratch.path("config.json"));
+  EXPECT_EQ(done.status, 0) << done.shown;
+  const OdDbDatabasePtr made = drawing::readDrawing(scratch.path("o.dxf")).database;
+  ASSERT_FALSE(made.isNull());
+  const auto walk = forRead<OdDbBlockTableRecord>(made->getModelSpaceId())->newIterator();
+  const OdDbTextPtr text = walk->entity();
+  EXPECT_TRUE(text->position().isEqualTo({-1, 0, 0}));
+  EXPECT_TRUE(forRead<OdDbLayerTableRecord>(text->layerId())->isLocked());
+  walk->step();
+  // Letters stay level in the UCS, as they do in a block.
+  EXPECT_NEAR(OdDbDimensionPtr(walk->entity())->horizontalRotation(), std::acos(-1) / 2 - 0.5, 1e-9);
 }
 
 TEST(BlockCommand, RemembersItsSettingsOnceABlockIsMade) {
