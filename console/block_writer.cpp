@@ -1,6 +1,7 @@
 #include "console/block_writer.h"
 
 #include "console/block_maker.h"
+#include "console/block_objects.h"
 #include "console/drawing_io.h"
 
 #include "DbBlockTable.h"
@@ -65,23 +66,21 @@ bool moveBy(OdDbEntity& entity, const OdGeMatrix3d& toBase, const OdGeMatrix3d& 
 }
 
 // The objects stand about the origin as they stood about the base point, along the axes of the UCS. `ids` are those
-// that they are made of, in their order.
-void moveToBase(OdDbDatabase& made, const OdGeMatrix3d& frame, const OdDbObjectIdArray& ids, BlockFile& result) {
-  const bool stays = frame == OdGeMatrix3d::kIdentity;
+// that they are made of, in their order; the answer is those that could be moved.
+OdDbObjectIdArray moveToBase(OdDbDatabase& made, const OdGeMatrix3d& frame, const OdDbObjectIdArray& ids) {
+  if (frame == OdGeMatrix3d::kIdentity)
+    return ids;
   const OdGeMatrix3d toBase = frame.inverse();
   const UnlockedLayers unlocked(made);
+  OdDbObjectIdArray moved;
   const OdDbBlockTableRecordPtr space = made.getModelSpaceId().safeOpenObject();
   const auto walk = space->newIterator();
   for (const OdDbObjectId id : ids) {
-    const OdDbEntityPtr entity = walk->entity(OdDb::kForWrite);
-    if (stays || moveBy(*entity, toBase, frame)) {
-      result.written.append(id);
-    } else {
-      ++result.dropped[entity->dxfName()];
-      entity->erase();
-    }
+    if (moveBy(*walk->entity(OdDb::kForWrite), toBase, frame))
+      moved.append(id);
     walk->step();
   }
+  return moved;
 }
 
 // As they lie on each other, whatever the order of picking was.
@@ -132,19 +131,29 @@ public:
 
   OdDbDatabasePtr operator()(const OdDbObjectIdArray& ids) const {
     const OdDbObjectIdArray ordered = inDrawOrder(ids);
+    const OdGePoint3d base = request_.ucs * request_.basePoint.value_or(OdGePoint3d());
+    const OdGeMatrix3d frame = blockUtils::createEcsMatrixByMatrix(base, request_.ucs);
     OdDbDatabasePtr made = drawing::wblockObjects(ordered, request_.path);
     if (made.isNull())
       return made;
-    const OdGePoint3d base = request_.ucs * request_.basePoint.value_or(OdGePoint3d());
-    moveToBase(*made, blockUtils::createEcsMatrixByMatrix(base, request_.ucs), ordered, result_);
-    for (const auto& [type, number] : result_.dropped)
-      session_.say(Text::kNotMoved, {count(number), asText(type)});
-    if (result_.written.isEmpty())
-      refuse(Text::kAllDropped);
+    result_.written = moveToBase(*made, frame, ordered);
+    if (result_.written.length() == ordered.length())
+      return made;
+    tellDropped(ordered);
+    made = drawing::wblockObjects(result_.written, request_.path); // without what only the others need
+    moveToBase(*made, frame, result_.written);
     return made;
   }
 
 private:
+  void tellDropped(const OdDbObjectIdArray& all) const {
+    result_.dropped = missingByType(all, result_.written);
+    for (const auto& [type, number] : result_.dropped)
+      session_.say(Text::kNotMoved, {count(number), asText(type)});
+    if (result_.written.isEmpty())
+      refuse(Text::kAllDropped);
+  }
+
   Session& session_;
   const BlockFileRequest& request_;
   BlockFile& result_;

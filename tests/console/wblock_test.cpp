@@ -189,6 +189,7 @@ TEST(WblockCommand, DeletesOnlyWhatItHasWritten) {
     addText(*plan, L"text");
     const auto solid = OdDb3dSolid::createObject();
     solid->setDatabaseDefaults(plan.get());
+    solid->setLayer(addLayer(*plan, L"solids"));
     forWrite<OdDbBlockTableRecord>(plan->getModelSpaceId())->appendOdDbEntity(solid.get());
     EXPECT_EQ(drawing::writeDrawing(*plan, scratch.path("plan.dxf")).result, eOk);
     const std::string script = "WBLOCK " + scratch.path("o") + "\n2018\n\n" + row.base + "\nAll\n\n" + row.answers +
@@ -196,7 +197,9 @@ TEST(WblockCommand, DeletesOnlyWhatItHasWritten) {
     const Outcome done = runMorvane({"-c", script, scratch.path("plan.dxf")}, {}, scratch.path("config.json"));
     SCOPED_TRACE(done.shown);
     EXPECT_EQ(done.status, 0);
-    EXPECT_EQ(console::countOf(*drawing::readDrawing(scratch.path("o.dxf")).database).objects, row.inFile);
+    const OdDbDatabasePtr made = drawing::readDrawing(scratch.path("o.dxf")).database;
+    EXPECT_EQ(console::countOf(*made).objects, row.inFile);
+    EXPECT_EQ(made->symbol(OdDb::kLayerTable, L"solids").isNull(), row.inFile == 1) << "nobody in the file needs it";
     EXPECT_EQ(console::countOf(*drawing::readDrawing(scratch.path("after.dxf")).database).objects, row.left);
   }
 }
