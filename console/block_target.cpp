@@ -73,7 +73,8 @@ OdDb::DwgVersion rememberedVersion(Session& session) {
   OdDb::SaveType type = OdDb::kSaveDwg;
   OdDb::DwgVersion version = OdDb::kNewestVersion;
   registerFun::GetBlockSaveFormat(type, version);
-  if (drawing::writtenVersion(version) != version)
+  const bool isKnown = drawing::versionSignature(version)[0] != '\0'; // a file that somebody wrote may hold anything
+  if (!isKnown || drawing::writtenVersion(version) != version)
     version = OdDb::kNewestVersion;
   if (type == OdDb::kSaveDwg)
     session.say(Text::kDwgSettled, {OdString::fromUtf8(drawing::versionYear(version))});
