@@ -3,11 +3,11 @@
 #include "DbBlockReference.h"
 #include "DbDatabase.h"
 #include "db/block_marks.h"
+#include "db/file_paths.h"
 #include "db/reg_app.h"
 #include "db/standing_names.h"
 #include "db/store.h"
 #include "db/undo.h"
-#include "db/xref_paths.h"
 
 #include <algorithm>
 
@@ -276,6 +276,6 @@ OdDbObjectId OdDbDatabase::insert(const OdString& blockName, OdDbDatabase* sourc
   else
     forgetContents(*record, said);
   record->setOrigin(source->getINSBASE());
-  drawing::db::rebaseXrefPaths(mapping);
+  drawing::db::rebasePaths(mapping);
   return record->objectId();
 }

@@ -8,8 +8,8 @@
 #include "DbRasterImage.h"
 #include "db/block_marks.h"
 #include "db/clone.h"
+#include "db/file_paths.h"
 #include "db/store.h"
-#include "db/xref_paths.h"
 
 #include <algorithm>
 
@@ -112,7 +112,7 @@ OdDbDatabasePtr cloned(OdDbDatabase& source, const std::vector<OdDbObjectId>& id
   const WriteScope scope(*space);
   if (cloner.run(ids) != eOk)
     return {};
-  db::rebaseXrefPaths(mapping);
+  db::rebasePaths(mapping);
   copyHeader(source, *made);
   copyFrames(source, *made, mapping);
   return made;
@@ -163,9 +163,9 @@ OdDbDatabasePtr wblockDrawing(const OdDbDatabase& database, const std::string& p
     object.erase();
   }
   made->facts().path = path;
-  for (const OdDbObjectId id : peekAs<OdDbBlockTable>(made->getBlockTableId())->members().ids()) {
-    if (auto* block = peekAs<OdDbBlockTableRecord>(id); db::lives(block))
-      db::rebaseXrefPath(*block, database, *made);
+  for (const OdDbObjectId id : made->allIds()) {
+    if (OdDbObject* object = db::peek(id); db::lives(object))
+      db::rebasePath(*object, database, *made);
   }
   return made;
 }

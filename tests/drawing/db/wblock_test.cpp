@@ -209,9 +209,10 @@ TEST_F(Wblock, AWholeDrawingKeepsWhatIsUsed) {
   expectSound(*made);
 }
 
-TEST_F(Wblock, PathsOfExternalReferencesAreTurnedToTheNewFolder) {
+TEST_F(Wblock, PathsOfFilesAreTurnedToTheNewFolder) {
   const ScratchFolder folder;
-  std::ofstream(folder.at("site.dxf")) << "there";
+  for (const char* file : {"site.dxf", "tree.png"})
+    std::ofstream(folder.at(file)) << "there";
   source->facts().path = folder.at("plan.dxf");
   const OdDbObjectId site = addBlock(*source, L"site"), gone = addBlock(*source, L"gone");
   forWrite<OdDbBlockTableRecord>(site)->setXref(L".\\site.dxf");
@@ -219,6 +220,18 @@ TEST_F(Wblock, PathsOfExternalReferencesAreTurnedToTheNewFolder) {
   addReference(*source, site, door);
   addReference(*source, gone, door);
   addReference(*source, door);
+  const OdDbObjectId pictures =
+      forWrite<OdDbDictionary>(source->getNamedObjectsDictionaryId())->setAt(L"ACAD_IMAGE_DICT", new OdDbDictionary);
+  const OdDbObjectId shown = forWrite<OdDbText>(text)->createExtensionDictionary();
+  for (const wchar_t* file : {L"tree.png", L"", L"gone.png"}) {
+    const OdSmartPtr<OdDbRasterImageDef> definition = OdDbRasterImageDef::createObject();
+    definition->setSourceFileName(file);
+    const OdString name = OdString(L"of ") + file;
+    const OdDbObjectId id = forWrite<OdDbDictionary>(pictures)->setAt(name, definition.get());
+    const OdSmartPtr<OdDbXrecord> needs = OdDbXrecord::createObject();
+    needs->setFromRbChain(OdResBuf::newRb(340, id).get());
+    forWrite<OdDbDictionary>(shown)->setAt(name, needs.get());
+  }
   for (const OdDbDatabasePtr& made : {drawing::wblockBlock(door, folder.at("library/door.dxf")),
                                       drawing::wblockDrawing(*source, folder.at("library/all.dxf"))}) {
     const auto path = [&](const wchar_t* name) {
@@ -226,6 +239,14 @@ TEST_F(Wblock, PathsOfExternalReferencesAreTurnedToTheNewFolder) {
     };
     EXPECT_EQ(path(L"site"), L"..\\site.dxf");
     EXPECT_EQ(path(L"gone"), L".\\gone.dxf");
+    const auto root = forRead<OdDbDictionary>(made->getNamedObjectsDictionaryId());
+    const auto picture = [&](const wchar_t* name) {
+      const auto all = forRead<OdDbDictionary>(root->getAt(L"ACAD_IMAGE_DICT"));
+      return forRead<OdDbRasterImageDef>(all->getAt(name))->sourceFileName();
+    };
+    EXPECT_EQ(picture(L"of tree.png"), L"..\\tree.png");
+    EXPECT_EQ(picture(L"of gone.png"), L"gone.png");
+    EXPECT_EQ(picture(L"of "), L"");
   }
 }
 
