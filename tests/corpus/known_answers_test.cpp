@@ -2,8 +2,12 @@
 // beside the drawings, one JSON file each; two tables map their names to those of the report.
 #include "console/report/report_json.h"
 
+#include "DbBlockReference.h"
+#include "DbBlockTable.h"
 #include "DbDxf.h"
+#include "blockcommon/block_lookup.h"
 #include "blockcommon/block_report.h"
+#include "blockcommon/document_queries.h"
 #include "morvane/testing.h"
 
 #include "tests/corpus/drawings.h"
@@ -55,6 +59,7 @@ constexpr Same kDialog[] = {
     {"/record_explode", "/explodable"},
     {"/record_scale", "/bUniform"},
 };
+constexpr Same kShortDialog[] = {{"/description", "/des"}};
 constexpr Same kAttribute[] = {
     {"/tag", "/tag"},
     {"/prompt", "/prompt"},
@@ -176,6 +181,21 @@ Json together(const Json& blocks, const Json& first) {
   return both;
 }
 
+// References to the shapes of a dynamic block are references to the block.
+void compareTrueReferences(const Json& answers, const Json& report) {
+  for (const Json& answer : answers["blocks_in_table_order"]) {
+    const Json* block = named(report["blocks"], nameOf(answer));
+    if (block == nullptr || (*block)["references_true"].is_null())
+      continue;
+    int references = answer["references"]["total"];
+    for (const Json& other : answers["blocks_in_table_order"]) {
+      const bool isShape = other.value("dynamic_representation_of", "") == nameOf(answer);
+      references += isShape && nameOf(other) != nameOf(answer) ? other["references"]["total"].get<int>() : 0;
+    }
+    EXPECT_EQ((*block)["references_true"], references) << nameOf(answer);
+  }
+}
+
 void compareBlocks(const Json& answers, const Json& report) {
   const Json& list = answers["blocks_in_table_order"];
   // What our reader made up, and the second block of a name, which the other reader does not keep.
@@ -219,12 +239,18 @@ void compare(const Json& answers, const Json& report) {
       layer == nullptr ? void(ADD_FAILURE() << "no such layer") : expectSame(kLayer, answer, *layer);
   }
   compareBlocks(answers, report);
+  compareTrueReferences(answers, report);
   compareLayouts(answers, report);
   compareDepth(answers, report);
 }
 
 // The list of dialogs holds the named blocks among them.
-void compareDialog(const Json& answers, const Json& report, const Json& dialog) {
+void compareDialog(const Json& answers, const Json& report) {
+  const Json dialog = Json::parse(blockUtils::getStatisticalCntsOfBT()->toText());
+  MvJsonPtr shortList;
+  blockUtils::getStatisticalCntsOfBT(shortList);
+  const Json shortDialog = Json::parse(shortList->toText());
+  EXPECT_EQ(shortDialog.size(), dialog.size());
   const auto isOrdinary = [](const Json& answer) {
     const Json& flags = answer["flags"];
     return isInFile(answer) && !answer["layout"].get<bool>() && !flags["anonymous"].get<bool>() &&
@@ -238,6 +264,56 @@ void compareDialog(const Json& answers, const Json& report, const Json& dialog) 
     Json answer = found == nullptr ? Json::object() : *found;
     dropUnsaid(answer, report["header"]["acadver"]);
     expectSame(kDialog, answer, block);
+    const Json* brief = named(shortDialog, nameOf(block));
+    ASSERT_NE(brief, nullptr);
+    expectSame(kShortDialog, answer, *brief);
+  }
+}
+
+// Where the references of a block stand and what they are.
+struct Places {
+  int total = 0, modelspace = 0, paperspace = 0, arrays = 0, withAttributes = 0;
+  std::map<std::string, int> inBlocks;
+};
+
+void count(const OdDbDatabase& database, const std::string& name, Places& places) {
+  OdDbObjectId id;
+  if (!blockUtils::getBlockIDByName(OdString::fromUtf8(name), id, nullptr))
+    return;
+  OdDbObjectIdArray references;
+  OdDbBlockTableRecordPtr(id.safeOpenObject())->getBlockReferenceIds(references, true, false);
+  for (const OdDbObjectId& each : references) {
+    const OdDbBlockReferencePtr reference = each.safeOpenObject();
+    if (reference->dxfName() != "INSERT") { // a table shows its block, which the other reader does not count
+      --places.total;
+      continue;
+    }
+    const OdDbBlockTableRecordPtr owner = reference->ownerId().safeOpenObject();
+    if (owner->objectId() == database.getModelSpaceId())
+      ++places.modelspace;
+    else if (!owner->getLayoutId().isNull())
+      ++places.paperspace;
+    else
+      ++places.inBlocks[owner->getName().toUtf8()];
+    places.arrays += reference->isA() == OdDbMInsertBlock::desc();
+    places.withAttributes += !reference->attributeIterator()->done();
+  }
+  places.total += commonFun::getBlockReferenceCount(OdString::fromUtf8(name));
+}
+
+// A second block of the same name is counted with the first, as the other reader does.
+void comparePlaces(const Json& answers, const OdDbDatabase& database) {
+  for (const Json& answer : answers["blocks_in_table_order"]) {
+    if (!isInFile(answer))
+      continue;
+    Places places;
+    count(database, nameOf(answer), places);
+    count(database, nameOf(answer) + "-2", places);
+    const Json found = {{"total", places.total},           {"modelspace", places.modelspace},
+                        {"paperspace", places.paperspace}, {"in_blocks", places.inBlocks},
+                        {"as_array", places.arrays},       {"with_attribs", places.withAttributes}};
+    EXPECT_TRUE(isEqual(answer["references"], places.total == 0 ? Json({{"total", 0}}) : found))
+        << nameOf(answer) << ": " << found << " against " << answer["references"];
   }
 }
 
@@ -262,7 +338,8 @@ TEST(KnownAnswers, AgreeWithTheReport) {
     compare(answers, report);
     morvane::ScriptedHost host;
     host.host().documents().open(read.database);
-    compareDialog(answers, report, Json::parse(blockUtils::getStatisticalCntsOfBT()->toText()));
+    compareDialog(answers, report);
+    comparePlaces(answers, *read.database);
   }
 }
 
