@@ -10,8 +10,6 @@
 #include "DbDxf.h"
 #include "DbField.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace console_tests;

@@ -7,7 +7,6 @@
 #include "DbDxf.h"
 #include "console/report/drawing_report.h"
 
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 namespace {

@@ -31,13 +31,12 @@ std::vector<std::string> words(const std::string& line) {
 }
 
 TEST(Upkeep, EndsWithTheStatusAndSaysWhy) {
-  struct Case {
+  const struct {
     const char* line; // $D the house, $OUT a new file; an underscore is a blank, a tilde an underscore
     int status;
     const char* part;
     bool writes;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"purge $D", 2, "--dry-run", false},
       {"purge $D --dry-run", 0, "Can be purged: block \"corner\"", false},
       {"purge $D --dry-run -o $OUT", 0, "Can be purged: block \"table\"", false},
@@ -75,7 +74,7 @@ TEST(Upkeep, EndsWithTheStatusAndSaysWhy) {
       {"rename $D -o $OUT --linetype Continuous=x", 1, "keeps its name", false},
       {"rename $D -o $OUT --json --layer walls=outer_walls", 0, "\"to\": \"outer walls\"", true},
   };
-  for (const Case& row : cases) {
+  for (const auto& row : cases) {
     const Scratch scratch;
     std::vector<std::string> line = words(row.line);
     const std::string in = house(scratch);

@@ -5,8 +5,6 @@
 
 #include "DbDxf.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace console_tests;

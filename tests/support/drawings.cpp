@@ -17,6 +17,21 @@ OdDbObjectId append(OdDbDatabase& database, OdDbObjectId block, OdDbEntity* enti
 
 } // namespace
 
+OdDbObjectIdArray entitiesOf(OdDbObjectId block) {
+  OdDbObjectIdArray ids;
+  for (auto walk = forRead<OdDbBlockTableRecord>(block)->newIterator(); !walk->done(); walk->step())
+    ids.append(walk->objectId());
+  return ids;
+}
+
+std::vector<OdString> recordNames(const OdDbDatabase& database, OdDb::SymbolTableKind kind) {
+  std::vector<OdString> names;
+  const auto table = forRead<OdDbSymbolTable>(database.getSymbolTableId(kind));
+  for (auto walk = table->newIterator(); !walk->done(); walk->step())
+    names.push_back(walk->getRecord()->getName());
+  return names;
+}
+
 OdDbObjectId addLayer(OdDbDatabase& database, const OdString& name) {
   return addRecord<OdDbLayerTableRecord>(database.getLayerTableId(), name);
 }
@@ -62,6 +77,14 @@ std::string dxf(const std::string& lines, const std::string& version, const std:
 
 std::string section(const std::string& name, const std::string& lines) {
   return "0|SECTION\n2|" + name + "\n" + lines + "0|ENDSEC\n";
+}
+
+drawing::ReadResult readWell(std::string_view text) {
+  drawing::ReadResult read = drawing::readDrawingFromMemory(text);
+  EXPECT_FALSE(read.database.isNull()) << read.message;
+  if (read.database.isNull())
+    throw OdError(read.result);
+  return read;
 }
 
 } // namespace tests

@@ -4,12 +4,14 @@
 #include "DbBlockReference.h"
 #include "DbBlockTable.h"
 #include "DbDatabase.h"
+#include "DbDxf.h"
 #include "DbSymbolRecords.h"
 #include "DbText.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace tests {
 
@@ -23,6 +25,17 @@ OdSmartPtr<T> forRead(OdDbObjectId id) {
   return OdSmartPtr<T>(id.safeOpenObject(OdDb::kForRead));
 }
 
+// A new entity at the end of the block, open for write, with the drawing's defaults.
+template <class T>
+OdSmartPtr<T> addTo(OdDbObjectId block) {
+  const OdSmartPtr<T> entity = T::createObject();
+  entity->setDatabaseDefaults(block.database());
+  forWrite<OdDbBlockTableRecord>(block)->appendOdDbEntity(entity.get());
+  return entity;
+}
+OdDbObjectIdArray entitiesOf(OdDbObjectId block);
+std::vector<OdString> recordNames(const OdDbDatabase& database, OdDb::SymbolTableKind kind);
+
 OdDbObjectId addLayer(OdDbDatabase& database, const OdString& name);
 OdDbObjectId addBlock(OdDbDatabase& database, const OdString& name);
 // Into model space unless a block is named.
@@ -35,5 +48,7 @@ OdDbObjectId addAttribute(OdDbObjectId reference, const OdString& tag, const OdS
 std::string dxf(const std::string& lines, const std::string& version = "AC1015", const std::string& codePage = "");
 // A section with these lines.
 std::string section(const std::string& name, const std::string& lines);
+// Reads what must be a drawing; fails the test and throws when it is none.
+drawing::ReadResult readWell(std::string_view text);
 
 } // namespace tests

@@ -81,15 +81,13 @@ TEST(BlockReference, TakesATransformationApartAndRefusesShearAndFlatness) {
 TEST(BlockReference, AttributesComeFromTheirDefinitionAndMoveWithTheBlock) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
   const OdDbObjectId block = addBlock(*database, L"door");
-  const OdDbAttributeDefinitionPtr definition = OdDbAttributeDefinition::createObject();
-  definition->setDatabaseDefaults(database.get());
+  const OdDbAttributeDefinitionPtr definition = addTo<OdDbAttributeDefinition>(block);
   definition->setTag(L"WIDTH");
   definition->setTextString(L"default");
   definition->setHeight(2);
   definition->setInvisible(true);
   definition->setPosition({3, 4, 0});
   definition->setColorIndex(5);
-  forWrite<OdDbBlockTableRecord>(block)->appendOdDbEntity(definition.get());
   for (const Placing& row : kPlacings) {
     const OdDbBlockReferencePtr reference = placed(*database, block, row);
     const OdDbAttributePtr attribute = OdDbAttribute::createObject();

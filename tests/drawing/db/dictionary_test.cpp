@@ -84,9 +84,9 @@ TEST(Dictionary, LargeOnesFindWhatIsThereAfterEveryChange) {
   expectAll(*many);
   const OdDbDatabasePtr target = OdDbDatabase::create();
   OdDbIdMapping mapping;
-  OdDbObjectIdArray whole;
-  whole.append(many->objectId());
-  ASSERT_EQ(database->wblockCloneObjects(whole, target->getNamedObjectsDictionaryId(), mapping, OdDb::kDrcIgnore), eOk);
+  ASSERT_EQ(database->wblockCloneObjects({many->objectId()}, target->getNamedObjectsDictionaryId(), mapping,
+                                         OdDb::kDrcIgnore),
+            eOk);
   for (OdDbObjectId& id : ids)
     id = mapping.valueOf(id);
   expectAll(*forRead<OdDbDictionary>(mapping.valueOf(many->objectId())));

@@ -77,11 +77,8 @@ TEST_F(DimAssoc, AnOlderOneGivesWay) {
 TEST_F(DimAssoc, ClonedWithItsGeometryTiesTheClonesAndAloneTheOldGeometry) {
   OdDbObjectId id;
   ASSERT_EQ(make({lineA, lineB})->post(dimension, id), eOk);
-  OdDbObjectIdArray ids;
-  ids.append(dimension);
-  ids.append(lineA);
   OdDbIdMapping mapping;
-  ASSERT_EQ(database->deepCloneObjects(ids, database->getModelSpaceId(), mapping), eOk);
+  ASSERT_EQ(database->deepCloneObjects({dimension, lineA}, database->getModelSpaceId(), mapping), eOk);
   const OdDbObjectId copy = OdDbDimAssoc::associationOf(mapping.valueOf(dimension));
   ASSERT_EQ(copy, mapping.valueOf(id));
   EXPECT_EQ(forRead<OdDbDimAssoc>(copy)->dimObjId(), mapping.valueOf(dimension));

@@ -5,8 +5,6 @@
 #include "tests/support/dynamic_blocks.h"
 #include "tests/support/oracles.h"
 
-#include <gtest/gtest.h>
-
 namespace tests {
 namespace {
 

@@ -89,13 +89,12 @@ TEST(Rename, BlocksWithTheirTrueNameAndArrows) {
 }
 
 TEST(Rename, RefusesAndChangesNothing) {
-  struct Case {
+  const struct {
     OdDb::SymbolTableKind kind;
     const wchar_t* from;
     const wchar_t* to;
     RenameResult result;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {OdDb::kLayerTable, L"cellar", L"loft", RenameResult::Unknown},
       {OdDb::kLayerTable, L"0", L"zero", RenameResult::Fixed},
       {OdDb::kLayerTable, L"plan|roof", L"roof", RenameResult::External},
@@ -110,7 +109,7 @@ TEST(Rename, RefusesAndChangesNothing) {
   };
   const OdDbDatabasePtr database = house();
   const std::string before = drawing::canonicalDump(*database);
-  for (const Case& row : cases)
+  for (const auto& row : cases)
     EXPECT_EQ(renameRecord(*database, row.kind, row.from, row.to), row.result) << OdString(row.from).toUtf8();
   EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*database)), "");
 }

@@ -14,11 +14,10 @@ TEST(Undo, RestoresEveryKindOfChange) {
   const OdDbObjectId reference = addReference(*database, block);
   addAttribute(reference, L"TAG", L"value");
   addText(*database, L"inside", block);
-  struct Case {
+  const struct {
     const char* what;
     std::function<void()> change;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"property", [&] { forWrite<OdDbText>(text)->setTextString(L"two"); }},
       {"twice in one step",
        [&] {
@@ -80,7 +79,7 @@ TEST(Undo, RestoresEveryKindOfChange) {
          object->addPersistentReactor(block);
        }},
   };
-  for (const Case& row : cases) {
+  for (const auto& row : cases) {
     SCOPED_TRACE(row.what);
     expectUndoRestores(*database, row.change);
     ASSERT_EQ(database->undo(), eOk); // every case starts from the same drawing
@@ -143,9 +142,7 @@ TEST(Undo, RestoresSingleObjectsAndLeavesTheRestOfTheStep) {
   matrix.setToTranslation(OdGeVector3d(5, 0, 0));
   for (OdDbObjectId id : {kept, restored, reference})
     OdSmartPtr<OdDbEntity>(id.safeOpenObject(OdDb::kForWrite))->transformBy(matrix);
-  OdDbObjectIdArray ids;
-  ids.append(restored);
-  ids.append(reference);
+  OdDbObjectIdArray ids{restored, reference};
   database->restoreFromUndo(ids);
   EXPECT_EQ(forRead<OdDbText>(kept)->position().x, 5);
   EXPECT_EQ(forRead<OdDbText>(restored)->position().x, 0);
@@ -169,9 +166,7 @@ TEST(DrawOrder, MovesToTopAndBottomKeepingTheOrderOfTheMoved) {
   const OdDbSortentsTablePtr made = OdDbSortentsTable::createObject();
   made->setBlockId(block);
   extension->setAt(L"ACAD_SORTENTS", made.get());
-  OdDbObjectIdArray moved;
-  moved.append(t[2]);
-  moved.append(t[0]);
+  OdDbObjectIdArray moved{t[2], t[0]};
   expectUndoRestores(*database, [&] { forWrite<OdDbSortentsTable>(made->objectId())->moveToTop(moved); });
   EXPECT_EQ(record()->drawOrder(), (std::vector<OdDbObjectId>{t[1], t[3], t[0], t[2]}));
   forWrite<OdDbSortentsTable>(made->objectId())->moveToBottom(moved);

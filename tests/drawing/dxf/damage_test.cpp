@@ -45,13 +45,12 @@ std::size_t countInModelSpace(const OdDbDatabase& database) {
 }
 
 TEST(Damage, IsNamedAndMended) {
-  struct Case {
+  const struct {
     const char* what;
     std::string text;
     const char* issue;
     std::size_t entities; // in model space
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"handle used twice", dxf(section("ENTITIES", line("") + line(""))), "dxf.duplicate-handle", 2},
       {"block name used twice",
        dxf(blocks(blockRecord("B1", "door") + blockRecord("B2", "DOOR"), block("B1", "door") + block("B2", "DOOR"))),
@@ -126,10 +125,9 @@ TEST(Damage, IsNamedAndMended) {
       {"no end", dxf(section("ENTITIES", line(""))).substr(0, dxf(section("ENTITIES", line(""))).size() - 6),
        "dxf.no-end-of-file", 1},
   };
-  for (const Case& row : cases) {
+  for (const auto& row : cases) {
     SCOPED_TRACE(row.what);
-    const ReadResult read = drawing::readDrawingFromMemory(row.text);
-    ASSERT_FALSE(read.database.isNull()) << read.message;
+    const ReadResult read = readWell(row.text);
     EXPECT_TRUE(read.report.has(row.issue)) << (read.report.issues().empty() ? "" : describe(read.report.issues()[0]));
     EXPECT_EQ(read.report.outcome(), drawing::Outcome::Repaired);
     EXPECT_EQ(countInModelSpace(*read.database), row.entities);
@@ -191,8 +189,7 @@ TEST(Damage, OddFilesAreReadWhole) {
   };
   for (const Case& row : cases) {
     SCOPED_TRACE(row.what);
-    const ReadResult read = drawing::readDrawingFromMemory(row.text);
-    ASSERT_FALSE(read.database.isNull()) << read.message;
+    const ReadResult read = readWell(row.text);
     EXPECT_TRUE(row.note[0] == 0 || read.report.has(row.note));
     for (const drawing::Issue& issue : read.report.issues())
       EXPECT_EQ(issue.severity, drawing::Severity::Note) << describe(issue);
@@ -204,9 +201,7 @@ TEST(Damage, OddFilesAreReadWhole) {
 }
 
 TEST(Damage, TextsOfALaterVersionAreThoseOfTheLastOne) {
-  const ReadResult read =
-      drawing::readDrawingFromMemory(dxf(section("ENTITIES", line("1001|ACAD\n1000|\xC3\xBC\n")), "AC1050"));
-  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const ReadResult read = readWell(dxf(section("ENTITIES", line("1001|ACAD\n1000|\xC3\xBC\n")), "AC1050"));
   EXPECT_EQ(read.database->facts().version, OdDb::kRelease2018);
   EXPECT_NE(drawing::canonicalDump(*read.database).find("\xC3\xBC"), std::string::npos);
 }
@@ -233,10 +228,9 @@ TEST(Damage, CirclesOfDefinitionsAreMendedForGood) {
 }
 
 TEST(Damage, NamesWithoutObjectsAreKept) {
-  const ReadResult read = drawing::readDrawingFromMemory(
+  const ReadResult read = readWell(
       dxf(section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n3|first\n3|second\n350|C1\n3|last\n"
                              "0|DICTIONARY\n5|C1\n330|C\n100|AcDbDictionary\n281|1\n")));
-  ASSERT_FALSE(read.database.isNull()) << read.message;
   const auto root = forRead<OdDbDictionary>(read.database->getNamedObjectsDictionaryId());
   EXPECT_TRUE(root->getAt(L"first").isNull());
   EXPECT_EQ(root->getAt(L"second").getHandle(), OdDbHandle(0xC1));
@@ -265,8 +259,7 @@ TEST(Damage, UnreadableRecordsAreWrittenBackToTheLetter) {
   const std::string groups = " 39\nwide as  a door \n 62\n   007\n";
   std::string text = dxf(section("ENTITIES", line("@")));
   text.replace(text.find('@'), 1, groups);
-  const ReadResult read = drawing::readDrawingFromMemory(text);
-  ASSERT_FALSE(read.database.isNull());
+  const ReadResult read = readWell(text);
   const OdDbObjectPtr kept = read.database->getOdDbObjectId(0xA1).safeOpenObject();
   EXPECT_TRUE(OdSmartPtr<OdDbCarriedEntity>(kept)->isUnread());
   EXPECT_EQ(read.report.account.keptUnread, 1u);
@@ -281,8 +274,7 @@ TEST(Damage, CyclesOfDefinitionsAreCut) {
                  block("B1", "a", insert("A1", "b")) + block("B2", "b", insert("A2", "a") + insert("A3", "c")) +
                      block("B3", "c", insert("A4", "c"))) +
           section("ENTITIES", insert("A5", "a")));
-  const ReadResult read = drawing::readDrawingFromMemory(text);
-  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const ReadResult read = readWell(text);
   EXPECT_EQ(read.report.count("dxf.block-cycle"), 2u);
   std::size_t cut = 0;
   for (const int handle : {0xA1, 0xA2, 0xA3, 0xA4, 0xA5}) {

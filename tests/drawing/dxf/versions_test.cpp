@@ -38,9 +38,7 @@ bool tells(const drawing::Report& report, const std::string& words, std::uint64_
 }
 
 OdDbDatabasePtr readOf(const std::string& sections, const std::string& version) {
-  ReadResult read = drawing::readDrawingFromMemory(dxf(sections, version));
-  EXPECT_FALSE(read.database.isNull()) << read.message;
-  return read.database;
+  return readWell(dxf(sections, version)).database;
 }
 
 struct Group {
@@ -190,8 +188,7 @@ ReadResult throughR12(const OdDbDatabase& database, drawing::Report* losses = nu
   if (losses != nullptr)
     *losses = written.losses;
   EXPECT_EQ(written.bytes.find("AcDb"), std::string::npos);
-  ReadResult read = drawing::readDrawingFromMemory(written.bytes);
-  EXPECT_FALSE(read.database.isNull()) << read.message;
+  ReadResult read = readWell(written.bytes);
   for (const drawing::Issue& issue : read.report.issues())
     EXPECT_EQ(issue.severity, drawing::Severity::Note) << drawing::describe(issue);
   return read;

@@ -8,16 +8,13 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include <gtest/gtest.h>
-
 using namespace test_entities;
 
 namespace {
 
 OdDbObjectId cloneInto(OdDbDatabase& from, OdDbObjectId id, OdDbObjectId owner) {
   OdDbIdMapping mapping;
-  OdDbObjectIdArray ids;
-  ids.append(id);
+  OdDbObjectIdArray ids{id};
   EXPECT_EQ(owner.database() == &from ? from.deepCloneObjects(ids, owner, mapping)
                                       : from.wblockCloneObjects(ids, owner, mapping, OdDb::kDrcIgnore),
             eOk);
@@ -84,8 +81,7 @@ TEST(Solid, CloneHasABodyOfItsOwn) {
                                      "0|ACDSRECORD\n90|4\n2|AcDbDs::ID\n280|10\n320|A1\n2|Body\n280|15\n94|2\n"
                                      "310|AB12\n"),
       "AC1027");
-  const drawing::ReadResult read = drawing::readDrawingFromMemory(file);
-  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const drawing::ReadResult read = tests::readWell(file);
   OdDbDatabase& database = *read.database;
   OdDbDatabasePtr other = OdDbDatabase::create();
   tests::skewHandles(*other);
@@ -139,8 +135,7 @@ TEST(ContextData, MovesWithItsEntity) {
   const OdGeMatrix3d quarter =
       OdGeMatrix3d::coordSystem(OdGePoint3d(), OdGeVector3d(0, 1, 0), OdGeVector3d(-1, 0, 0), OdGeVector3d(0, 0, 1));
   for (const Look& look : kLooks) {
-    const drawing::ReadResult read = drawing::readDrawingFromMemory(annotative(look.entity, look.kind, look.groups));
-    ASSERT_FALSE(read.database.isNull()) << read.message;
+    const drawing::ReadResult read = tests::readWell(annotative(look.entity, look.kind, look.groups));
     const OdDbObjectId id = read.database->getOdDbObjectId(0xA1);
     tests::expectUndoRestores(*read.database,
                               [&] { EXPECT_EQ(tests::forWrite<OdDbEntity>(id)->transformBy(matrix * quarter), eOk); });
@@ -190,8 +185,7 @@ TEST(ComposedEntities, WithoutReadableNumberAreKeptUnread) {
   const std::string file = tests::dxf(
       tests::section("ENTITIES", "0|MULTILEADER\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbMLeader\n300|CONTEXT_DATA{\n"
                                  "10|1.0\n20|none\n30|0.0\n301|}\n"));
-  const drawing::ReadResult read = drawing::readDrawingFromMemory(file);
-  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const drawing::ReadResult read = tests::readWell(file);
   EXPECT_EQ(read.report.account.keptUnread, 1u);
   EXPECT_NE(drawing::writeDrawingToMemory(*read.database).find("none"), std::string::npos);
 }

@@ -262,17 +262,16 @@ TEST_F(EntityParts, HorizontalRotationIsLeftAlone) {
 
 // Its sides stand along the sheet's, so only moves and equal scales have a result.
 TEST(Viewport, TakesWhatKeepsItsSidesAlongTheSheet) {
-  struct Case {
+  const struct {
     const char* what;
     OdGeMatrix3d matrix;
     bool takes;
-  };
-  const Case cases[] = {{"move", OdGeMatrix3d::translation({5, -1, 0}), true},
-                        {"equal scale", OdGeMatrix3d::scaling(OdGeScale3d(2, 2, 2)), true},
-                        {"unequal scale", kUnequal, false},
-                        {"mirror", kMirror, false},
-                        {"turn", OdGeMatrix3d::rotation(OdaPI / 2, OdGeVector3d::kZAxis), false}};
-  for (const Case& c : cases) {
+  } cases[] = {{"move", OdGeMatrix3d::translation({5, -1, 0}), true},
+               {"equal scale", OdGeMatrix3d::scaling(OdGeScale3d(2, 2, 2)), true},
+               {"unequal scale", kUnequal, false},
+               {"mirror", kMirror, false},
+               {"turn", OdGeMatrix3d::rotation(OdaPI / 2, OdGeVector3d::kZAxis), false}};
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
     OdDbViewport viewport;
     viewport.setCenterPoint({1, 2, 0});

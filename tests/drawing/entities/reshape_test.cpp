@@ -8,8 +8,6 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 
 using namespace test_entities;
@@ -114,11 +112,7 @@ TEST_P(RoundCurves, BecomeEllipsesInTheirPlace) {
       EXPECT_FALSE(held->isDBRO()); // what was held is the curve as it was, free
       EXPECT_EQ(pointsOf(*held)[0].distanceTo(points[0]), 0);
     }
-    auto space = tests::forRead<OdDbBlockTableRecord>(loader.database->getModelSpaceId());
-    std::vector<OdDbObjectId> order;
-    for (auto it = space->newIterator(); !it->done(); it->step())
-      order.push_back(it->objectId());
-    EXPECT_EQ(order, (std::vector<OdDbObjectId>{before, id, behind}));
+    EXPECT_EQ(tests::entitiesOf(loader.database->getModelSpaceId()), (OdDbObjectIdArray{before, id, behind}));
     tests::expectRoundTrip(*loader.database);
     tests::expectSound(*loader.database);
     ASSERT_EQ(loader.database->undo(), eOk);

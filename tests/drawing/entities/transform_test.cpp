@@ -16,8 +16,6 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cmath>
 #include <set>
@@ -405,8 +403,7 @@ TEST_P(EntityKinds, LiveInADrawing) {
   OdDbDatabasePtr other = OdDbDatabase::create();
   tests::skewHandles(*other);
   OdDbIdMapping here, there;
-  OdDbObjectIdArray ids;
-  ids.append(id);
+  OdDbObjectIdArray ids{id};
   ASSERT_EQ(loader.database->deepCloneObjects(ids, tests::addBlock(*loader.database, L"copy"), here), eOk);
   ASSERT_EQ(loader.database->wblockCloneObjects(ids, other->getModelSpaceId(), there, OdDb::kDrcIgnore), eOk);
   for (const OdDbIdMapping* mapping : {&here, &there}) {

@@ -7,8 +7,6 @@
 #include "tests/drawing/gi/shots.h"
 #include "tests/support/drawings.h"
 
-#include <gtest/gtest.h>
-
 using namespace gi_tests;
 
 namespace {
@@ -17,13 +15,12 @@ const std::string kLayers = layer("0", "70|0 62|4") + layer("RED", "70|0 62|1") 
                             layer("OFF", "70|0 62|-5") + layer("FROZEN", "70|1 62|5");
 
 TEST(PictureLook, ComesFromEntityLayerOrReference) {
-  struct Case {
+  const struct {
     const char* content;   // of the block
     const char* reference; // to it
     std::uint32_t color;
     const char* what;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"8|RED", "8|GREEN", kRed, "the entity's layer"},
       {"8|RED 62|5", "8|GREEN", kBlue, "the entity's own"},
       {"8|0", "8|GREEN", kGreen, "layer 0 is the reference's"},
@@ -40,7 +37,7 @@ TEST(PictureLook, ComesFromEntityLayerOrReference) {
       {"8|RED", "8|FROZEN", kWhite, "anything in a frozen reference"},
       {"8|RED 60|1", "8|GREEN", kWhite, "an invisible entity"},
   };
-  for (const Case& one : cases) {
+  for (const auto& one : cases) {
     const std::string inner = block("IN", square(0, 0, one.content));
     const Shot direct(drawingOf(insert("IN", one.reference + std::string(" 10|20 20|20")), inner, kLayers));
     EXPECT_EQ(direct.at(25, 25), one.color) << one.what;
@@ -74,8 +71,7 @@ TEST(Picture, DrawsInTheDrawingOrder) {
   order->setBlockId(space->objectId());
   OdDbObjectId dictionary = space->createExtensionDictionary();
   tests::forWrite<OdDbDictionary>(dictionary)->setAt(L"ACAD_SORTENTS", order.get());
-  OdDbObjectIdArray first;
-  first.append(space->drawOrder()[0]);
+  OdDbObjectIdArray first{space->drawOrder()[0]};
   order->moveToTop(first);
   EXPECT_EQ(Shot(database).at(27, 25), kRed);
 }
@@ -152,8 +148,7 @@ TEST(Picture, CutsClippedReferences) {
       {clipped(box, inverted("10|20\n20|20\n30|0\n10|61\n20|60\n30|0\n")), "-++-", 60, "a hole of another boundary"},
   };
   for (const Case& one : cases) {
-    const drawing::ReadResult read = drawing::readDrawingFromMemory(tests::dxf(one.file));
-    ASSERT_FALSE(read.database.isNull()) << read.message;
+    const drawing::ReadResult read = tests::readWell(tests::dxf(one.file));
     const Shot shot(read.database);
     std::string inside;
     for (const double place : {10.0, 30.0, 50.0, 75.0})

@@ -3,8 +3,6 @@
 #include "tests/drawing/gi/shots.h"
 #include "tests/support/drawings.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cmath>
 
@@ -14,23 +12,19 @@ namespace {
 
 // A drawing of the newest plain form, for kinds that early files do not have.
 OdDbDatabasePtr modern(const std::string& entities, const std::string& tables = {}) {
-  const drawing::ReadResult read =
-      drawing::readDrawingFromMemory(tests::dxf(tables + tests::section("ENTITIES", entities)));
-  EXPECT_FALSE(read.database.isNull()) << read.message;
-  return read.database;
+  return tests::readWell(tests::dxf(tables + tests::section("ENTITIES", entities))).database;
 }
 
 TEST(Strokes, FollowTheirLineTypes) {
   const std::string types = "0|TABLE\n2|LTYPE\n70|2\n0|LTYPE\n2|DASHED\n70|0\n3|-\n72|65\n73|2\n40|20\n49|12\n49|-8\n"
                             "0|LTYPE\n2|DOTTED\n70|0\n3|.\n72|65\n73|2\n40|25\n49|0\n49|-25\n0|ENDTAB\n";
   const std::string layers = "0|TABLE\n2|LAYER\n70|1\n0|LAYER\n2|L\n70|0\n62|7\n6|DASHED\n0|ENDTAB\n";
-  struct Case {
+  const struct {
     const char* line;   // its properties, and its places where they are not 0 to 100
     const char* header; // LTSCALE
     const char* drawn;  // at 5, 15, 25 ... 95
     const char* what;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"8|0\n", "1", "##########", "continuous"},
       {"8|0\n6|DASHED\n", "1", "#.#.#.#.#.", "dashes of twelve, gaps of eight"},
       {"8|L\n", "1", "#.#.#.#.#.", "by layer"},
@@ -43,15 +37,14 @@ TEST(Strokes, FollowTheirLineTypes) {
        "100\n20|50.5\n0|SEQEND\n8|0\n",
        "1", "#.#.#.#.#.", "goes on over a corner"},
   };
-  for (const Case& one : cases) {
+  for (const auto& one : cases) {
     const std::string line = one.line;
     const bool isPolyline = line.find("VERTEX") != line.npos, isPlaced = line.find("10|") != line.npos;
     const std::string file = "0|SECTION\n2|HEADER\n9|$ACADVER\n1|AC1009\n9|$LTSCALE\n40|" + std::string(one.header) +
                              "\n0|ENDSEC\n" + tests::section("TABLES", types + layers) +
                              tests::section("ENTITIES", (isPolyline ? "0|POLYLINE\n" : "0|LINE\n") + line +
                                                             (isPlaced ? "" : "10|0\n20|50.5\n11|100\n21|50.5\n"));
-    const drawing::ReadResult read = drawing::readDrawingFromMemory(tests::dxf(file, ""));
-    ASSERT_FALSE(read.database.isNull()) << read.message;
+    const drawing::ReadResult read = tests::readWell(tests::dxf(file, ""));
     const std::string row = Shot(read.database).row(50.5);
     std::string drawn;
     for (std::size_t x = 5; x < 100; x += 10)

@@ -10,8 +10,6 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
 using namespace tests;
@@ -143,12 +141,11 @@ OdDbDatabasePtr drawingWith(const std::string& kind, const std::string& lines) {
   const std::string tables = "0|TABLE\n2|LTYPE\n5|5\n100|AcDbSymbolTable\n70|1\n0|LTYPE\n5|E1\n100|"
                              "AcDbSymbolTableRecord\n100|AcDbLinetypeTableRecord\n2|DASHED\n70|0\n3|\n72|65\n73|0\n40|"
                              "0\n0|ENDTAB\n";
-  const drawing::ReadResult read = drawing::readDrawingFromMemory(
-      dxf(section("TABLES", tables) + section("ENTITIES", entities) +
-          section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n3|ACAD_THINGS\n350|D\n"
-                             "0|DICTIONARY\n5|D\n330|C\n100|AcDbDictionary\n281|1\n3|Mine\n350|D1\n0|" +
-                                 kind + "\n5|D1\n330|D\n" + lines)));
-  EXPECT_FALSE(read.database.isNull()) << read.message;
+  const drawing::ReadResult read =
+      readWell(dxf(section("TABLES", tables) + section("ENTITIES", entities) +
+                   section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n3|ACAD_THINGS\n350|D\n"
+                                      "0|DICTIONARY\n5|D\n330|C\n100|AcDbDictionary\n281|1\n3|Mine\n350|D1\n0|" +
+                                          kind + "\n5|D1\n330|D\n" + lines)));
   EXPECT_EQ(read.report.account.kept + read.report.account.keptUnread, 0u);
   return read.database;
 }
@@ -171,8 +168,7 @@ TEST_P(ObjectKinds, AnswerTheSameInAnotherDrawing) {
   const auto root = forWrite<OdDbDictionary>(other->getNamedObjectsDictionaryId());
   const OdDbObjectId holder = root->setAt(L"ACAD_THINGS", new OdDbDictionary);
   OdDbIdMapping mapping;
-  OdDbObjectIdArray ids;
-  ids.append(database->getOdDbObjectId(kObject));
+  OdDbObjectIdArray ids{database->getOdDbObjectId(kObject)};
   ASSERT_EQ(database->wblockCloneObjects(ids, holder, mapping, OdDb::kDrcIgnore), eOk);
   std::string wanted = GetParam().facts;
   wanted = wanted.substr(0, wanted.find(" A2 A1")); // members that did not come along
@@ -213,9 +209,7 @@ TEST(Xrecord, OwnsWhatItHoldsHard) {
   const OdDbObjectId id = database->getOdDbObjectId(kObject), own = database->getOdDbObjectId(OdDbHandle(0xE5));
   const OdDbObjectId others = database->getOdDbObjectId(OdDbHandle(0xE6));
   OdDbIdMapping mapping;
-  OdDbObjectIdArray ids;
-  ids.append(id);
-  ASSERT_EQ(database->deepCloneObjects(ids, database->getNamedObjectsDictionaryId(), mapping), eOk);
+  ASSERT_EQ(database->deepCloneObjects({id}, database->getNamedObjectsDictionaryId(), mapping), eOk);
   EXPECT_FALSE(mapping.valueOf(own).isNull());
   EXPECT_TRUE(mapping.valueOf(others).isNull());
   const auto clone = forRead<OdDbXrecord>(mapping.valueOf(id));
@@ -250,8 +244,7 @@ TEST(SpatialFilter, ClipsAtTheSamePlaceWhereverTheReferenceGoes) {
                          "14\n20|8\n210|0\n220|0\n230|1\n11|0\n21|0\n31|0\n71|1\n72|0\n73|0\n"
                          "40|0.5\n40|0\n40|0\n40|-5\n40|0\n40|0.5\n40|0\n40|-2.5\n40|0\n40|0\n40|0.5\n40|0\n" +
                              identity));
-  const drawing::ReadResult read = drawing::readDrawingFromMemory(text);
-  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const drawing::ReadResult read = readWell(text);
   OdDbDatabase& database = *read.database;
   const OdDbObjectId id = database.getOdDbObjectId(OdDbHandle(0xA1));
   const std::vector<OdGePoint3d> before = clippedAt(id);
@@ -265,8 +258,7 @@ TEST(SpatialFilter, ClipsAtTheSamePlaceWhereverTheReferenceGoes) {
                               OdGeMatrix3d::scaling(OdGeScale3d(-2, 2, 2));
   for (const OdDbObjectId owner : {addBlock(database, L"holder"), other->getModelSpaceId()}) {
     OdDbIdMapping mapping;
-    OdDbObjectIdArray ids;
-    ids.append(id);
+    OdDbObjectIdArray ids{id};
     ASSERT_EQ(owner.database() == &database ? database.deepCloneObjects(ids, owner, mapping)
                                             : database.wblockCloneObjects(ids, owner, mapping, OdDb::kDrcIgnore),
               eOk);
