@@ -94,8 +94,7 @@ TEST_F(DeepClone, GivesADimensionAPictureOfItsOwn) {
   dimension->setXLine2Point({20, 0, 0});
   dimension->setDimBlockId(picture);
   const OdDbObjectId id = dimension->objectId();
-  OdDbIdMapping mapping;
-  ASSERT_EQ(database_->deepCloneObjects({id}, addBlock(*database_, L"x"), mapping), eOk);
+  const OdDbIdMapping mapping = cloned({id}, addBlock(*database_, L"x"));
   const auto clone = forWrite<OdDbRotatedDimension>(mapping.valueOf(id));
   ASSERT_NE(clone->dimBlockId(), picture);
   EXPECT_EQ(clone->transformBy(OdGeMatrix3d::translation(OdGeVector3d(0, 5, 0))), eOk);

@@ -19,8 +19,7 @@ OdDbFieldPtr field(const OdString& code) {
 }
 
 TEST(Field, BelongsToItsObjectAndStandsInTheList) {
-  const OdDbDatabasePtr database = OdDbDatabase::create();
-  skewHandles(*database);
+  const OdDbDatabasePtr database = skewedDrawing();
   const OdDbObjectId text = addText(*database, L"#");
   OdDbObjectId id, child;
   expectUndoRestores(*database, [&] {
@@ -56,8 +55,7 @@ TEST(Field, TakenAwayGoesWithItsChildrenAndReplacedOnesAreErased) {
 }
 
 TEST(Field, OfAClonedObjectIsANewOneThatIsListedToo) {
-  const OdDbDatabasePtr database = OdDbDatabase::create();
-  skewHandles(*database);
+  const OdDbDatabasePtr database = skewedDrawing();
   const OdDbObjectId text = addText(*database, L"#");
   const OdDbObjectId id = OdDbField::setField(*forWrite<OdDbText>(text), field(L"%<\\_FldIdx 0>%").get());
   const OdDbObjectId child = forWrite<OdDbField>(id)->appendChild(field(L"\\AcVar Date").get());

@@ -206,8 +206,7 @@ TEST(BlockReferences, AreThoseThatLiveNowWhateverRoadTheyCame) {
   step([&] { forWrite<OdDbBlockReference>(first)->setBlockTableRecord(room); }, {inRoom});
   step([&] { forWrite<OdDbBlockReference>(first)->setBlockTableRecord(door); }, {inRoom, first});
   step([&] { forWrite<OdDbBlockTableRecord>(room)->erase(); }, {first});
-  OdDbIdMapping mapping;
-  database->deepCloneObjects({first}, database->getPaperSpaceId(), mapping);
+  const OdDbIdMapping mapping = cloned({first}, database->getPaperSpaceId());
   EXPECT_EQ(referring(), (OdDbObjectIdArray{first, mapping.valueOf(first)}));
   const drawing::ReadResult read = drawing::readDrawingFromMemory(drawing::writeDrawingToMemory(*database));
   const OdDbBlockTableRecordPtr there = read.database->symbol(OdDb::kBlockTable, L"door").safeOpenObject();

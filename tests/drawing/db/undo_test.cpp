@@ -153,8 +153,7 @@ TEST(Undo, RestoresSingleObjectsAndLeavesTheRestOfTheStep) {
 }
 
 TEST(DrawOrder, MovesToTopAndBottomKeepingTheOrderOfTheMoved) {
-  const OdDbDatabasePtr database = OdDbDatabase::create();
-  skewHandles(*database);
+  const OdDbDatabasePtr database = skewedDrawing();
   const OdDbObjectId block = addBlock(*database, L"door");
   std::vector<OdDbObjectId> t;
   for (const wchar_t* name : {L"0", L"1", L"2", L"3"})

@@ -17,31 +17,23 @@ namespace {
 std::string line(const std::string& more, const std::string& handle = "A1") {
   return "0|LINE\n5|" + handle + "\n100|AcDbEntity\n8|0\n100|AcDbLine\n10|1\n20|2\n30|3\n11|4\n21|5\n31|6\n" + more;
 }
-std::string blockRecord(const std::string& handle, const std::string& name) {
-  return "0|BLOCK_RECORD\n5|" + handle + "\n330|1\n100|AcDbSymbolTableRecord\n100|AcDbBlockTableRecord\n2|" + name +
-         "\n";
-}
-std::string block(const std::string& handle, const std::string& name, const std::string& contents = "") {
-  return "0|BLOCK\n330|" + handle + "\n100|AcDbEntity\n8|0\n100|AcDbBlockBegin\n2|" + name +
-         "\n70|0\n10|0\n20|0\n30|0\n" + contents + "0|ENDBLK\n100|AcDbEntity\n8|0\n100|AcDbBlockEnd\n";
-}
-std::string insert(const std::string& handle, const std::string& name) {
-  return "0|INSERT\n5|" + handle + "\n100|AcDbEntity\n8|0\n100|AcDbBlockReference\n2|" + name + "\n10|0\n20|0\n30|0\n";
-}
 std::string table(const std::string& name, const std::string& records) {
-  return "0|TABLE\n2|" + name + "\n5|" + (name == "BLOCK_RECORD" ? "1" : "2") + "\n100|AcDbSymbolTable\n70|9\n" +
-         records + "0|ENDTAB\n";
+  return tests::table(name, records, name == "BLOCK_RECORD" ? "1" : "2");
 }
 std::string blocks(const std::string& records, const std::string& definitions) {
   return section("TABLES", table("BLOCK_RECORD", records)) + section("BLOCKS", definitions);
 }
 
 std::size_t countInModelSpace(const OdDbDatabase& database) {
-  std::size_t count = 0;
-  const auto space = forRead<OdDbBlockTableRecord>(database.getModelSpaceId());
-  for (auto walk = space->newIterator(); !walk->done(); walk->step())
-    ++count;
-  return count;
+  return entitiesOf(database.getModelSpaceId()).size();
+}
+
+const drawing::Issue& issueOf(const ReadResult& read, const std::string& code) {
+  for (const drawing::Issue& issue : read.report.issues()) {
+    if (issue.code == code)
+      return issue;
+  }
+  throw std::runtime_error(code + " was not told");
 }
 
 TEST(Damage, IsNamedAndMended) {
@@ -214,12 +206,9 @@ TEST(Damage, CirclesOfDefinitionsAreMendedForGood) {
       dxf(section("TABLES", records) +
           section("BLOCKS", block("1F", "*Model_Space") + block("B1", "door", insert("A1", "window")) +
                                 block("B2", "window", insert("A2", "door")))));
-  const auto& issues = read.report.issues();
-  const auto told = std::find_if(issues.begin(), issues.end(),
-                                 [](const drawing::Issue& issue) { return issue.code == "dxf.block-cycle"; });
-  ASSERT_NE(told, issues.end());
-  EXPECT_TRUE(told->handle == 0xA1 || told->handle == 0xA2);
-  EXPECT_GT(told->line, 0u); // found when all was read, and still with its place
+  const drawing::Issue& told = issueOf(read, "dxf.block-cycle");
+  EXPECT_TRUE(told.handle == 0xA1 || told.handle == 0xA2);
+  EXPECT_GT(told.line, 0u); // found when all was read, and still with its place
   EXPECT_TRUE(drawing::auditDrawing(*read.database, false).has("audit.block-cycle"));
   drawing::auditDrawing(*read.database, true);
   const ReadResult again = drawing::readDrawingFromMemory(drawing::writeDrawingToMemory(*read.database));
@@ -242,17 +231,12 @@ TEST(Damage, NamesWithoutObjectsAreKept) {
 TEST(Damage, IsToldWithItsPlace) {
   const std::string text = dxf(section("ENTITIES", line("39|wide\n", "AB")));
   const ReadResult read = drawing::readDrawingFromMemory(text);
-  const auto& issues = read.report.issues();
-  const auto found = std::find_if(issues.begin(), issues.end(),
-                                  [](const drawing::Issue& issue) { return issue.code == "dxf.value-unreadable"; });
-  ASSERT_NE(found, issues.end());
-  const auto at = text.find("wide");
-  EXPECT_EQ(found->line,
-            static_cast<std::uint64_t>(std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(at), '\n')) +
-                1);
-  EXPECT_EQ(found->groupCode, 39);
-  EXPECT_EQ(found->handle, 0xABu);
-  EXPECT_EQ(found->section + " " + found->kind, "ENTITIES LINE");
+  const drawing::Issue& found = issueOf(read, "dxf.value-unreadable");
+  const std::string before = text.substr(0, text.find("wide"));
+  EXPECT_EQ(found.line, static_cast<std::uint64_t>(std::count(before.begin(), before.end(), '\n')) + 1);
+  EXPECT_EQ(found.groupCode, 39);
+  EXPECT_EQ(found.handle, 0xABu);
+  EXPECT_EQ(found.section + " " + found.kind, "ENTITIES LINE");
 }
 
 TEST(Damage, UnreadableRecordsAreWrittenBackToTheLetter) {
@@ -309,25 +293,24 @@ TEST(Damage, WhatIsNoDrawingIsRefusedWithAReason) {
   }
 }
 
+ReadResult readWithin(const drawing::Budget& budget, const std::string& text) {
+  drawing::ReadOptions options;
+  options.budget = budget;
+  return drawing::readDrawingFromMemory(text, "x.dxf", options);
+}
+
 TEST(Damage, BudgetsEndTheReading) {
   std::string entities;
   for (int i = 0; i < 200; ++i)
     entities += line("", OdDbHandle(0x1000u + static_cast<unsigned>(i)).ascii());
   const std::string text = dxf(section("ENTITIES", entities));
-  drawing::ReadOptions options;
-  options.budget.objects = 100;
-  EXPECT_EQ(drawing::readDrawingFromMemory(text, "x", options).result, eBudgetExceeded);
-  options = {};
-  options.budget.bytes = 1000;
-  EXPECT_EQ(drawing::readDrawingFromMemory(text, "x", options).result, eBudgetExceeded);
-  options.budget.bytes = text.size() * 4;
-  const ReadResult tooMuch = drawing::readDrawingFromMemory(text, "x.dxf", options);
+  EXPECT_EQ(readWithin({.objects = 100}, text).result, eBudgetExceeded);
+  EXPECT_EQ(readWithin({.bytes = 1000}, text).result, eBudgetExceeded);
+  const ReadResult tooMuch = readWithin({.bytes = text.size() * 4}, text);
   EXPECT_EQ(tooMuch.result, eBudgetExceeded);
   EXPECT_EQ(tooMuch.message.rfind("x.dxf, line ", 0), 0u) << tooMuch.message;
   EXPECT_NE(tooMuch.message.find(std::to_string(text.size() * 4) + " bytes"), std::string::npos) << tooMuch.message;
-  options = {};
-  options.budget.messages = 3;
-  const ReadResult read = drawing::readDrawingFromMemory(dxf(section("BLOCKS", entities)), "x", options);
+  const ReadResult read = readWithin({.messages = 3}, dxf(section("BLOCKS", entities)));
   EXPECT_EQ(read.report.issues().size(), 3u);
   EXPECT_GE(read.report.suppressed(), 197u);
 }
@@ -344,11 +327,8 @@ TEST(Damage, DeepDefinitionsAreRefusedAndNotFollowed) {
   }
   const std::string text =
       dxf(blocks(records, definitions) + section("ENTITIES", insert("A1", "b" + std::to_string(kDeep - 1))));
-  drawing::ReadOptions options;
-  options.budget.depth = kDeep;
-  EXPECT_FALSE(drawing::readDrawingFromMemory(text, "x", options).database.isNull());
-  options.budget.depth = kDeep - 1;
-  const ReadResult read = drawing::readDrawingFromMemory(text, "x.dxf", options);
+  EXPECT_FALSE(readWithin({.depth = kDeep}, text).database.isNull());
+  const ReadResult read = readWithin({.depth = kDeep - 1}, text);
   EXPECT_EQ(read.result, eBudgetExceeded);
   EXPECT_NE(read.message.find("19999 levels"), std::string::npos) << read.message;
 }
@@ -358,10 +338,8 @@ TEST(Damage, OneHugeRecordIsGivenUpInTime) {
   std::string groups;
   for (int i = 0; i < 200'000; ++i)
     groups += "90|1\n";
-  drawing::ReadOptions options;
-  options.budget.bytes = 2'000'000;
-  EXPECT_EQ(drawing::readDrawingFromMemory(dxf(section("ENTITIES", line(groups))), "x", options).result,
-            eBudgetExceeded);
+  const std::string text = dxf(section("ENTITIES", line(groups)));
+  EXPECT_EQ(readWithin({.bytes = 2'000'000}, text).result, eBudgetExceeded);
 }
 
 // A drawing with every structure that reading has to close by itself.

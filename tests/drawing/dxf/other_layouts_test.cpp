@@ -78,9 +78,8 @@ TEST(OtherLayouts, BlocksOfEarlyFilesStandInTheirOrderAndSpacesAreSpaces) {
   const OdDbDatabasePtr database =
       readWhole(dxf(section("BLOCKS", blocks) + section("ENTITIES", insert("table")), "AC1009"));
   std::string names;
-  const auto table = forRead<OdDbSymbolTable>(database->getBlockTableId());
-  for (auto walk = table->newIterator(); !walk->done(); walk->step())
-    names += walk->getRecord()->getName().toUtf8() + " ";
+  for (const OdString& name : recordNames(*database, OdDb::kBlockTable))
+    names += name.toUtf8() + " ";
   EXPECT_EQ(names, "*Model_Space *Paper_Space table chair lamp bulb ");
   EXPECT_EQ(forRead<OdDbBlockTableRecord>(database->getModelSpaceId())->numMembers(), 1u);
   expectRoundTrip(*database);
@@ -167,8 +166,7 @@ TEST(OtherLayouts, AClonedHatchNamesNoBoundaryThatStayedBehind) {
   const std::string circle = "0|CIRCLE\n5|A2\n100|AcDbEntity\n8|0\n100|AcDbCircle\n10|0\n20|0\n30|0\n40|1\n";
   const OdDbDatabasePtr source = readWhole(dxf(section("ENTITIES", hatch + circle)));
   const OdDbDatabasePtr target = readWhole(dxf(""));
-  OdDbIdMapping mapping;
-  source->wblockCloneObjects({source->getOdDbObjectId(0xA1)}, target->getModelSpaceId(), mapping, OdDb::kDrcIgnore);
+  const OdDbIdMapping mapping = cloned({source->getOdDbObjectId(0xA1)}, target->getModelSpaceId());
   const std::string written = drawing::writeDrawingToMemory(*target);
   EXPECT_TRUE(contains(written, " 71\n0\n 91\n1\n")) << "still associative";
   EXPECT_TRUE(contains(written, " 97\n0\n 75\n0\n")) << "a boundary that is not there";

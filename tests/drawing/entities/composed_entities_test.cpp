@@ -12,13 +12,8 @@ using namespace test_entities;
 
 namespace {
 
-OdDbObjectId cloneInto(OdDbDatabase& from, OdDbObjectId id, OdDbObjectId owner) {
-  OdDbIdMapping mapping;
-  OdDbObjectIdArray ids{id};
-  EXPECT_EQ(owner.database() == &from ? from.deepCloneObjects(ids, owner, mapping)
-                                      : from.wblockCloneObjects(ids, owner, mapping, OdDb::kDrcIgnore),
-            eOk);
-  return mapping.valueOf(id);
+OdDbObjectId cloneInto(OdDbObjectId id, OdDbObjectId owner) {
+  return tests::cloned({id}, owner).valueOf(id);
 }
 
 TEST(Table, CloneHasAPictureOfItsOwn) {
@@ -33,10 +28,9 @@ TEST(Table, CloneHasAPictureOfItsOwn) {
   table->setLayer(database.symbol(OdDb::kLayerTable, L"0"));
   const OdDbObjectId id =
       tests::forWrite<OdDbBlockTableRecord>(database.getModelSpaceId())->appendOdDbEntity(table.get());
-  OdDbDatabasePtr other = OdDbDatabase::create();
-  tests::skewHandles(*other);
+  const OdDbDatabasePtr other = tests::skewedDrawing();
   for (const OdDbObjectId owner : {tests::addBlock(database, L"holder"), other->getModelSpaceId()}) {
-    const auto clone = tests::forRead<OdDbTable>(cloneInto(database, id, owner));
+    const auto clone = tests::forRead<OdDbTable>(cloneInto(id, owner));
     const OdDbObjectId block = clone->blockTableRecord();
     EXPECT_NE(block, picture);
     EXPECT_EQ(block.database(), owner.database());
@@ -61,9 +55,8 @@ TEST(MLeader, BringsItsStyleAndTextStyleAlong) {
   leader->setLayer(database.symbol(OdDb::kLayerTable, L"0"));
   const OdDbObjectId id =
       tests::forWrite<OdDbBlockTableRecord>(database.getModelSpaceId())->appendOdDbEntity(leader.get());
-  OdDbDatabasePtr other = OdDbDatabase::create();
-  tests::skewHandles(*other);
-  const auto clone = tests::forRead<OdDbMLeader>(cloneInto(database, id, other->getModelSpaceId()));
+  const OdDbDatabasePtr other = tests::skewedDrawing();
+  const auto clone = tests::forRead<OdDbMLeader>(cloneInto(id, other->getModelSpaceId()));
   const auto there = tests::forRead<OdDbDictionary>(
       tests::forRead<OdDbDictionary>(other->getNamedObjectsDictionaryId())->getAt(L"ACAD_MLEADERSTYLE"));
   EXPECT_EQ(clone->MLeaderStyle(), there->getAt(L"Mine"));
@@ -83,13 +76,11 @@ TEST(Solid, CloneHasABodyOfItsOwn) {
       "AC1027");
   const drawing::ReadResult read = tests::readWell(file);
   OdDbDatabase& database = *read.database;
-  OdDbDatabasePtr other = OdDbDatabase::create();
-  tests::skewHandles(*other);
+  const OdDbDatabasePtr other = tests::skewedDrawing();
   const OdDbObjectId holder = tests::addBlock(database, L"holder");
   for (const OdDbObjectId owner : {holder, other->getModelSpaceId()}) {
     OdDbObjectId clone;
-    tests::expectUndoRestores(*owner.database(),
-                              [&] { clone = cloneInto(database, database.getOdDbObjectId(0xA1), owner); });
+    tests::expectUndoRestores(*owner.database(), [&] { clone = cloneInto(database.getOdDbObjectId(0xA1), owner); });
     const std::string dump = drawing::canonicalDump(*owner.database());
     EXPECT_NE(dump.find("320 " + clone.getHandle().ascii() + "\n"), std::string::npos) << dump;
     tests::expectUndoRestores(*owner.database(), [&] { tests::forWrite<OdDbEntity>(clone)->erase(); });

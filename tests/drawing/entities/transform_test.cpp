@@ -400,15 +400,10 @@ TEST_P(EntityKinds, LiveInADrawing) {
     });
   tests::expectRoundTrip(*loader.database);
   const std::string text = written(*entity);
-  OdDbDatabasePtr other = OdDbDatabase::create();
-  tests::skewHandles(*other);
-  OdDbIdMapping here, there;
-  OdDbObjectIdArray ids{id};
-  ASSERT_EQ(loader.database->deepCloneObjects(ids, tests::addBlock(*loader.database, L"copy"), here), eOk);
-  ASSERT_EQ(loader.database->wblockCloneObjects(ids, other->getModelSpaceId(), there, OdDb::kDrcIgnore), eOk);
-  for (const OdDbIdMapping* mapping : {&here, &there}) {
+  const OdDbDatabasePtr other = tests::skewedDrawing();
+  for (const OdDbObjectId owner : {tests::addBlock(*loader.database, L"copy"), other->getModelSpaceId()}) {
     OdDbIdPair pair(id, {}, false, false);
-    ASSERT_TRUE(mapping->compute(pair));
+    ASSERT_TRUE(tests::cloned({id}, owner).compute(pair));
     EXPECT_EQ(written(*tests::forRead<OdDbEntity>(pair.value())), text);
   }
   tests::expectSound(*other);

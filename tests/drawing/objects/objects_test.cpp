@@ -163,16 +163,13 @@ TEST_P(ObjectKinds, AnswerWhatTheFileSaysAndComeBack) {
 // Into another drawing: names stay, what they refer to comes along.
 TEST_P(ObjectKinds, AnswerTheSameInAnotherDrawing) {
   const OdDbDatabasePtr database = drawingWith(GetParam().name, GetParam().lines);
-  OdDbDatabasePtr other = OdDbDatabase::create();
-  skewHandles(*other);
+  const OdDbDatabasePtr other = skewedDrawing();
   const auto root = forWrite<OdDbDictionary>(other->getNamedObjectsDictionaryId());
   const OdDbObjectId holder = root->setAt(L"ACAD_THINGS", new OdDbDictionary);
-  OdDbIdMapping mapping;
-  OdDbObjectIdArray ids{database->getOdDbObjectId(kObject)};
-  ASSERT_EQ(database->wblockCloneObjects(ids, holder, mapping, OdDb::kDrcIgnore), eOk);
+  const OdDbObjectId id = database->getOdDbObjectId(kObject), clone = cloned({id}, holder).valueOf(id);
   std::string wanted = GetParam().facts;
   wanted = wanted.substr(0, wanted.find(" A2 A1")); // members that did not come along
-  EXPECT_EQ(factsOf(*forRead<OdDbObject>(mapping.valueOf(ids[0]))), wanted);
+  EXPECT_EQ(factsOf(*forRead<OdDbObject>(clone)), wanted);
   expectRoundTrip(*other);
   expectSound(*other);
 }
@@ -208,8 +205,7 @@ TEST(Xrecord, OwnsWhatItHoldsHard) {
                              "WIPEOUTVARIABLES\n5|E6\n330|D\n100|AcDbWipeoutVariables\n70|0\n");
   const OdDbObjectId id = database->getOdDbObjectId(kObject), own = database->getOdDbObjectId(OdDbHandle(0xE5));
   const OdDbObjectId others = database->getOdDbObjectId(OdDbHandle(0xE6));
-  OdDbIdMapping mapping;
-  ASSERT_EQ(database->deepCloneObjects({id}, database->getNamedObjectsDictionaryId(), mapping), eOk);
+  const OdDbIdMapping mapping = cloned({id}, database->getNamedObjectsDictionaryId());
   EXPECT_FALSE(mapping.valueOf(own).isNull());
   EXPECT_TRUE(mapping.valueOf(others).isNull());
   const auto clone = forRead<OdDbXrecord>(mapping.valueOf(id));
@@ -252,17 +248,11 @@ TEST(SpatialFilter, ClipsAtTheSamePlaceWhereverTheReferenceGoes) {
   EXPECT_NEAR(before[0].distanceTo(OdGePoint3d(11, 6, 0)), 0, 1e-12);
   EXPECT_NEAR(before[2].distanceTo(OdGePoint3d(14, 8, 0)), 0, 1e-12);
 
-  OdDbDatabasePtr other = OdDbDatabase::create();
-  skewHandles(*other);
+  const OdDbDatabasePtr other = skewedDrawing();
   const OdGeMatrix3d matrix = OdGeMatrix3d::rotation(0.5, OdGeVector3d::kZAxis, OdGePoint3d(1, 1, 0)) *
                               OdGeMatrix3d::scaling(OdGeScale3d(-2, 2, 2));
   for (const OdDbObjectId owner : {addBlock(database, L"holder"), other->getModelSpaceId()}) {
-    OdDbIdMapping mapping;
-    OdDbObjectIdArray ids{id};
-    ASSERT_EQ(owner.database() == &database ? database.deepCloneObjects(ids, owner, mapping)
-                                            : database.wblockCloneObjects(ids, owner, mapping, OdDb::kDrcIgnore),
-              eOk);
-    const OdDbObjectId clone = mapping.valueOf(id);
+    const OdDbObjectId clone = cloned({id}, owner).valueOf(id);
     ASSERT_EQ(forWrite<OdDbEntity>(clone)->transformBy(matrix), eOk);
     const std::vector<OdGePoint3d> after = clippedAt(clone);
     ASSERT_EQ(after.size(), before.size());
