@@ -110,9 +110,8 @@ TEST_F(EntityParts, MeshVerticesMoveAndFacesStay) {
 }
 
 constexpr char kMultiLine[] =
-    "100 AcDbText|10 1|20 2|30 0|40 2|1 one|100 AcDbAttribute|280 0|2 TAG|70 0|280 1|71 2|72 0|"
-    "11 1|21 2|31 0|101 Embedded Object|10 1|20 2|30 0|40 2|41 30|71 1|72 5|3 one\\P|1 "
-    "two|7 Standard|50 90|73 1|44 1";
+    "100 AcDbText|10 1|20 2|30 0|40 2|1 one|100 AcDbAttribute|280 0|2 TAG|70 0|280 1|71 2|72 0|11 1|21 2|31 0|"
+    "101 Embedded Object|10 1|20 2|30 0|40 2|41 30|71 1|72 5|3 one\\P|1 two|7 Standard|50 90|73 1|44 1";
 
 TEST_F(EntityParts, MultiLineAttributeKeepsItsGroups) {
   const auto attribute = resident<OdDbAttribute>("ATTRIB", kMultiLine);

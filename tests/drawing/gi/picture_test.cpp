@@ -100,8 +100,7 @@ TEST(Picture, PlacesReferences) {
 
 TEST(Picture, RepeatsArraysWithTheirAttributes) {
   const std::string entities =
-      "0|INSERT 66|1 2|IN 8|0 10|5 20|5 70|4 71|3 44|25 45|30 0|ATTRIB 8|0 10|5 20|20 40|8 1|H "
-      "2|TAG 70|0 0|SEQEND 8|0";
+      "0|INSERT 66|1 2|IN 8|0 10|5 20|5 70|4 71|3 44|25 45|30 0|ATTRIB 8|0 10|5 20|20 40|8 1|H 2|TAG 70|0 0|SEQEND 8|0";
   const Shot shot(drawingOf(entities, block("IN", square(0, 0, "62|1"))));
   for (const double x : {0, 25, 50, 75})
     for (const double y : {0, 30, 60}) {
@@ -115,13 +114,13 @@ std::string clipped(const std::string& boundary, const std::string& more = {}) {
   const std::string unit = "40|1\n40|0\n40|0\n40|0\n40|0\n40|1\n40|0\n40|0\n40|0\n40|0\n40|1\n40|0\n";
   return tests::section("BLOCKS", "0|BLOCK\n5|B1\n8|0\n2|FULL\n70|0\n10|0\n20|0\n0|SOLID\n5|B2\n8|0\n62|1\n10|0\n20|0\n"
                                   "11|100\n21|0\n12|0\n22|100\n13|100\n23|100\n0|ENDBLK\n5|B3\n8|0\n") +
-         tests::section("ENTITIES", "0|INSERT\n5|A1\n102|{ACAD_XDICTIONARY\n360|D0\n102|}\n100|AcDbEntity\n8|0\n100|"
-                                    "AcDbBlockReference\n2|FULL\n10|0\n20|0\n30|0\n") +
+         tests::section("ENTITIES", "0|INSERT\n5|A1\n102|{ACAD_XDICTIONARY\n360|D0\n102|}\n100|AcDbEntity\n8|0\n"
+                                    "100|AcDbBlockReference\n2|FULL\n10|0\n20|0\n30|0\n") +
          tests::section("OBJECTS",
                         "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n0|DICTIONARY\n5|D0\n330|A1\n100|AcDbDictionary\n"
                         "3|ACAD_FILTER\n350|D1\n0|DICTIONARY\n5|D1\n330|D0\n100|AcDbDictionary\n3|SPATIAL\n350|D2\n"
-                        "0|SPATIAL_FILTER\n5|D2\n102|{ACAD_XDICTIONARY\n360|D3\n102|}\n330|D1\n100|AcDbFilter\n100|"
-                        "AcDbSpatialFilter\n" +
+                        "0|SPATIAL_FILTER\n5|D2\n102|{ACAD_XDICTIONARY\n360|D3\n102|}\n330|D1\n100|AcDbFilter\n"
+                        "100|AcDbSpatialFilter\n" +
                             boundary + "210|0\n220|0\n230|1\n11|0\n21|0\n31|0\n71|1\n72|0\n73|0\n" + unit + unit +
                             more);
 }
@@ -130,9 +129,9 @@ TEST(Picture, CutsClippedReferences) {
   const std::string box = "70|2\n10|20\n20|20\n10|60\n20|60\n";
   const std::string triangle = "70|3\n10|20\n20|20\n10|80\n20|20\n10|20\n20|80\n";
   const auto inverted = [](const char* boundary) {
-    return "0|DICTIONARY\n5|D3\n330|D2\n100|AcDbDictionary\n3|ROUNDTRIP\n350|D4\n0|XRECORD\n5|D4\n330|D3\n100|"
-           "AcDbXrecord\n280|1\n102|ACAD_INVERTEDCLIP_ROUNDTRIP\n10|40\n20|40\n30|0\n10|70\n20|70\n30|0\n102|"
-           "ACAD_INVERTEDCLIP_ROUNDTRIP_COMPARE\n" +
+    return "0|DICTIONARY\n5|D3\n330|D2\n100|AcDbDictionary\n3|ROUNDTRIP\n350|D4\n0|XRECORD\n5|D4\n330|D3\n"
+           "100|AcDbXrecord\n280|1\n102|ACAD_INVERTEDCLIP_ROUNDTRIP\n10|40\n20|40\n30|0\n10|70\n20|70\n30|0\n"
+           "102|ACAD_INVERTEDCLIP_ROUNDTRIP_COMPARE\n" +
            std::string(boundary);
   };
   struct Case {
