@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <sstream>
 
 namespace {
 
@@ -47,13 +46,7 @@ TEST(Preview, EndsWithTheStatusAndSaysWhy) {
       "1\n20\n1\n40\n1\n2\nARROW\n0\nENDBLK\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n10\n1\n20\n1\n"
       "11\n9\n21\n5\n0\nENDSEC\n0\nEOF\n");
   for (const auto& one : cases) {
-    std::vector<std::string> arguments{"preview"};
-    std::istringstream stream(replaced(replaced(one.line, "$F", file), "$O", scratch.path("")));
-    for (std::string word; stream >> word;)
-      arguments.push_back(word);
-    const Outcome run = runMorvane(arguments);
-    EXPECT_EQ(run.status, one.status) << one.line << "\n" << run.shown;
-    EXPECT_NE(run.shown.find(one.part), std::string::npos) << one.line << "\n" << run.shown;
+    expectRun("preview " + std::string(one.line), {{"$F", file}, {"$O", scratch.path("")}}, one.status, one.part);
     if (one.picture[0] == '\0')
       EXPECT_FALSE(std::filesystem::exists(scratch.path("g.png"))) << one.line;
     else
