@@ -8,6 +8,7 @@
 #include "DbMText.h"
 #include "DbPaperOrientationPE.h"
 #include "DbSymbolRecords.h"
+#include "db/reg_app.h"
 #include "db/store.h"
 
 #include <optional>
@@ -26,18 +27,6 @@ const OdString kContextData = L"AcDbContextDataManager";
 const OdString kScales = L"ACDB_ANNOTATIONSCALES";
 constexpr int kWhole = 1070;
 
-// Extended data is read by other programs only under the name of a registered application.
-void registerApplication(OdDbDatabase* database, const OdString& name) {
-  if (database == nullptr || !database->symbol(OdDb::kRegAppTable, name).isNull())
-    return;
-  OdSmartPtr<OdDbSymbolTable> table = database->getRegAppTableId().safeOpenObject(OdDb::kForWrite);
-  if (table.isNull())
-    return;
-  const OdSmartPtr<OdDbRegAppTableRecord> record = OdDbRegAppTableRecord::createObject();
-  record->setName(name);
-  table->add(record.get());
-}
-
 // The last whole number of the application's data: the flag, behind a version where there is one.
 std::optional<bool> storedFlag(const OdDbObject& object, const OdString& application) {
   std::optional<bool> flag;
@@ -50,7 +39,8 @@ std::optional<bool> storedFlag(const OdDbObject& object, const OdString& applica
 }
 
 void store(OdDbObject& object, const OdResBufPtr& chain) {
-  registerApplication(object.database(), chain->getString());
+  if (object.database() != nullptr)
+    drawing::db::registerApplication(*object.database(), chain->getString());
   object.setXData(chain.get());
 }
 

@@ -1,14 +1,15 @@
 #include "db/clone.h"
 
+#include "DbBlockReference.h"
 #include "DbDatabase.h"
-#include "OdFiles.h"
+#include "db/block_marks.h"
+#include "db/reg_app.h"
 #include "db/standing_names.h"
 #include "db/store.h"
-#include "db/symbol_kinds.h"
 #include "db/undo.h"
+#include "db/xref_paths.h"
 
 #include <algorithm>
-#include <filesystem>
 
 namespace drawing::db {
 
@@ -94,13 +95,17 @@ namespace {
 
 class Translate final : public ReferenceVisitor {
 public:
-  Translate(const OdDbIdMapping& mapping, const OdDbDatabase& target) : mapping_(mapping), target_(target) {}
+  // `contentsOf`: the block whose contents the owner has now; null when there is none.
+  Translate(const OdDbIdMapping& mapping, const OdDbDatabase& target, OdDbObjectId contentsOf, OdDbObjectId owner)
+      : mapping_(mapping), target_(target), contentsOf_(contentsOf), owner_(owner) {}
   void visit(OdDbObjectId& id, OdDb::ReferenceType) override {
     if (id.isNull())
       return;
     OdDbIdPair pair(id, {}, false, false);
     if (mapping_.compute(pair))
       id = pair.value();
+    else if (id == contentsOf_)
+      id = owner_;
     else if (id.database() != &target_)
       id.setNull(); // nothing of another drawing may be named
   }
@@ -108,18 +113,20 @@ public:
 private:
   const OdDbIdMapping& mapping_;
   const OdDbDatabase& target_;
+  OdDbObjectId contentsOf_, owner_;
 };
 
 } // namespace
 
 void Cloner::translate() {
-  Translate visitor(mapping_, target_);
+  Translate visitor(mapping_, target_, contentsOf_, owner_);
+  Translate visitorOfReferences(mapping_, target_, {}, {}); // none may show the owner in itself
   for (const Item& item : items_) {
     if (item.action == Action::Use)
       continue;
     OdDbObject& copy = *peek(mapping_.valueOf(item.source));
     const WriteScope scope(copy);
-    copy.visitReferences(visitor);
+    copy.visitReferences(copy.isKindOf(OdDbBlockReference::desc()) ? visitorOfReferences : visitor);
     copy.dropLostReactors();
     if (crosses())
       ensureApplications(copy);
@@ -138,18 +145,10 @@ void Cloner::translate() {
 // Extended data names its applications; the target must know them.
 void Cloner::ensureApplications(const OdDbObject& object) {
   const GroupList* groups = object.xDataGroups();
-  auto* table = peekAs<OdDbSymbolTable>(target_.getRegAppTableId());
-  if (groups == nullptr || table == nullptr)
+  if (groups == nullptr)
     return;
-  for (std::size_t i = groups->find(1001); i < groups->size(); i = groups->find(1001, i + 1)) {
-    const OdString name = groups->stringOf((*groups)[i]);
-    if (name.isEmpty() || table->has(name))
-      continue;
-    OdSmartPtr<OdDbSymbolTableRecord> record = recordClass(OdDb::kRegAppTable)->create();
-    record->setName(name);
-    const WriteScope scope(*table);
-    table->add(record.get());
-  }
+  for (std::size_t i = groups->find(1001); i < groups->size(); i = groups->find(1001, i + 1))
+    registerApplication(target_, groups->stringOf((*groups)[i]));
 }
 
 void Cloner::tellRenamed(const OdString& from, const OdString& to) {
@@ -218,45 +217,31 @@ void eraseIfAlive(OdDbObjectId id) {
   object->erase();
 }
 
-// What was said of contents that are gone: their order, their picture, how they move.
-void forgetContents(OdDbBlockTableRecord& record) {
-  record.setPreviewIcon({});
+// What is said of contents: their order, how they move.
+struct SaidOfContents {
+  OdDbObjectId order, behaviour;
+};
+
+SaidOfContents saidOfContents(const OdDbBlockTableRecord& record) {
+  return {record.getSortentsTableId(), drawing::db::behaviourOf(record.objectId())};
+}
+
+void forget(OdDbBlockTableRecord& record, OdDbObjectId entry) {
   auto* dictionary = peekAs<OdDbDictionary>(record.extensionDictionary());
-  if (dictionary == nullptr)
+  if (dictionary == nullptr || entry.isNull())
     return;
-  for (const wchar_t* name : {L"ACAD_SORTENTS", L"ACAD_ENHANCEDBLOCK"}) {
-    const OdDbObjectId entry = dictionary->getAt(name);
-    if (entry.isNull())
-      continue;
+  if (const OdString name = dictionary->nameAt(entry); !name.isEmpty()) { // else another one has its place
     const WriteScope scope(*dictionary);
     dictionary->remove(name);
-    eraseIfAlive(entry);
   }
+  eraseIfAlive(entry);
 }
 
-bool startsAtADrive(const OdString& path) {
-  return path.getLength() > 1 && path.getAt(1) == L':';
-}
-
-// A path that starts at the folder of the source leads nowhere from that of the target. Files that are not there keep
-// the path they have.
-void rebasePath(OdDbBlockTableRecord& xref, const OdDbDatabase& source, const OdDbDatabase& target) {
-  namespace fs = std::filesystem;
-  OdString spelled = xref.pathName();
-  spelled.replace(L'\\', L'/');
-  const fs::path named = spelled.toUtf8Lossless();
-  const std::string& own = target.facts().path;
-  if (source.facts().path.empty() || named.is_absolute() || startsAtADrive(spelled))
-    return;
-  const fs::path full = (fs::absolute(source.facts().path).parent_path() / named).lexically_normal();
-  drawing::FileStatus status;
-  if (!drawing::fileOperations().stat(full.string(), status).ok())
-    return;
-  const fs::path stored = own.empty() ? full : full.lexically_proximate(fs::absolute(own).parent_path());
-  OdString path = OdString::fromUtf8(stored.string());
-  path.replace(L'/', L'\\');
-  const WriteScope scope(xref);
-  xref.setPathName(path);
+// The contents that this was said of, and that the picture shows, are gone.
+void forgetContents(OdDbBlockTableRecord& record, const SaidOfContents& said) {
+  record.setPreviewIcon({});
+  forget(record, said.order);
+  forget(record, said.behaviour);
 }
 
 } // namespace
@@ -271,12 +256,14 @@ OdDbObjectId OdDbDatabase::insert(const OdString& blockName, OdDbDatabase* sourc
     return {};
   const WriteScope scope(*record);
   const std::vector<OdDbObjectId> before = record->members().ids();
+  const SaidOfContents said = saidOfContents(*record);
   record->ensureEnds();
   OdDbIdMapping mapping;
   mapping.setOrigDb(source);
   mapping.setDestDb(this);
   Cloner cloner(*source, *this, record->objectId(), mapping, OdDb::kDrcIgnore);
   cloner.setReport(&insertReport_);
+  cloner.bringBehaviour(space->objectId());
   if (cloner.run(space->drawOrder()) != eOk) {
     if (isNew)
       record->erase();
@@ -284,13 +271,11 @@ OdDbObjectId OdDbDatabase::insert(const OdString& blockName, OdDbDatabase* sourc
   }
   for (OdDbObjectId id : before)
     eraseIfAlive(id);
-  if (!isNew)
-    forgetContents(*record);
+  if (isNew)
+    drawing::db::copyMarks(*space, *record);
+  else
+    forgetContents(*record, said);
   record->setOrigin(source->getINSBASE());
-  for (const OdDbIdPair& pair : mapping.pairs()) {
-    auto* xref = pair.isCloned() ? peekAs<OdDbBlockTableRecord>(pair.value()) : nullptr;
-    if (xref != nullptr && xref->isFromExternalReference())
-      rebasePath(*xref, *source, *this);
-  }
+  drawing::db::rebaseXrefPaths(mapping);
   return record->objectId();
 }

@@ -25,6 +25,9 @@ public:
     boundTo_ = name;
     standIns_ = std::move(standIns);
   }
+  // The contents of this block of the source become the owner's: if it is dynamic, its behaviour comes along, and
+  // what its parts say of the block they say of the owner.
+  void bringBehaviour(OdDbObjectId ofBlock) { contentsOf_ = ofBlock; }
   OdResult run(const std::vector<OdDbObjectId>& primaries);
 
 private:
@@ -51,6 +54,7 @@ private:
   void planReferences(OdDbObject& object);
   void planDefinitionOfShape(const OdDbObject& object);
   void planNeeded(OdDbObjectId id);
+  void planBehaviour();
   void planRecord(OdDbSymbolTableRecord& record);
   void planEntry(OdDbObject& object);
   void takeBackDictionaries();
@@ -78,7 +82,8 @@ private:
   std::unordered_map<OdDbObjectId, std::size_t> planned_;
   OdString boundTo_; // empty: nothing is bound
   std::unordered_map<OdDbObjectId, OdDbObjectId> standIns_;
-  OdDbObjectId planning_; // whose parts and needs are being planned
+  OdDbObjectId contentsOf_; // null: nothing but the primaries is asked for
+  OdDbObjectId planning_;   // whose parts and needs are being planned
 };
 
 } // namespace drawing::db

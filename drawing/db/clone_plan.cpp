@@ -8,6 +8,7 @@
 #include "DbLayout.h"
 #include "DbTable.h"
 #include "db/block_graph.h"
+#include "db/block_marks.h"
 #include "db/load_context.h"
 #include "db/standing_names.h"
 #include "db/store.h"
@@ -246,6 +247,17 @@ void Cloner::planEntry(OdDbObject& object) {
   plan(std::move(item));
 }
 
+// It hangs on the block, not on the contents, and names them; so it comes with them or not at all.
+void Cloner::planBehaviour() {
+  const OdDbObjectId behaviour = behaviourOf(contentsOf_);
+  if (behaviour.isNull() || behaviour.database() != &source_) {
+    contentsOf_ = {};
+    return;
+  }
+  planned_.emplace(contentsOf_, 0); // the owner stands for it
+  plan({behaviour, Action::Make, {}, {}, kBehaviour, false});
+}
+
 OdResult Cloner::run(const std::vector<OdDbObjectId>& primaries) {
   if (peek(owner_) == nullptr || owner_.database() != &target_)
     return eInvalidOwnerObject;
@@ -260,6 +272,7 @@ OdResult Cloner::run(const std::vector<OdDbObjectId>& primaries) {
     return eSelfReference;
   for (OdDbObjectId id : primaries)
     plan({id, Action::Make, {}, {}, {}, true});
+  planBehaviour();
   for (std::size_t i = 0; i < items_.size(); ++i) {
     if (items_.size() > mapping_.objectLimit()) {
       takeBackDictionaries();
@@ -267,6 +280,8 @@ OdResult Cloner::run(const std::vector<OdDbObjectId>& primaries) {
     }
     planTree(i);
   }
+  if (!contentsOf_.isNull())
+    items_[primaries.size()].holder = peekAs<OdDbBlockTableRecord>(owner_)->createExtensionDictionary();
   for (const Item& item : items_) {
     if (item.action == Action::Make)
       make(item);

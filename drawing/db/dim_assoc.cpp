@@ -21,8 +21,8 @@ const OdString kEntry = L"ACAD_DIMASSOC";
 constexpr int kPointStart = 1; // the class name of a point
 constexpr int kMostPoints = 4;
 
-bool isGeometryCode(int code) {
-  return code == 331 || code == 332;
+bool isGeometry(const drawing::Group& group) {
+  return (group.code == 331 || group.code == 332) && group.kind == drawing::GroupKind::Reference;
 }
 
 } // namespace
@@ -67,7 +67,7 @@ OdDbObjectIdArray OdDbDimAssoc::getDimAssocGeomIds() const {
   OdDbObjectIdArray ids;
   for (std::size_t i = 0; i < pointGroups_.size(); ++i) {
     const drawing::Group& group = pointGroups_[i];
-    if (!isGeometryCode(group.code) || group.kind != drawing::GroupKind::Reference)
+    if (!isGeometry(group))
       continue;
     const OdDbObjectId id = pointGroups_.idOf(group);
     if (!id.isNull() && std::find(ids.begin(), ids.end(), id) == ids.end())
@@ -150,6 +150,24 @@ void detachOld(OdDbObjectId old) {
 }
 
 } // namespace
+
+void OdDbDimAssoc::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
+  OdDbObject::afterClone(source, mapping);
+  const auto tiesOf = [](const drawing::GroupList& groups) {
+    std::size_t tied = 0;
+    for (std::size_t i = 0; i < groups.size(); ++i)
+      tied += isGeometry(groups[i]) && !groups.idOf(groups[i]).isNull() ? 1 : 0;
+    return tied;
+  };
+  if (tiesOf(pointGroups_) == tiesOf(static_cast<const OdDbDimAssoc&>(source).pointGroups_))
+    return;
+  detachOld(objectId());
+  if (auto* dictionary = peekAs<OdDbDictionary>(ownerId())) {
+    const WriteScope scope(*dictionary);
+    dictionary->remove(kEntry);
+  }
+  erase();
+}
 
 OdDbObjectId OdDbDimAssoc::associationOf(OdDbObjectId dimension) {
   const OdDbObject* object = drawing::db::peek(dimension);

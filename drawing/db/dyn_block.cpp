@@ -2,6 +2,7 @@
 
 #include "DbDatabase.h"
 #include "DbDictionary.h"
+#include "db/block_marks.h"
 #include "db/store.h"
 
 using drawing::db::lives;
@@ -12,7 +13,6 @@ namespace {
 
 const OdString kShapeOf = L"AcDbBlockRepBTag";               // extended data of a shape: the definition
 const OdString kTrueName = L"AcDbDynamicBlockTrueName";      // extended data of a definition
-const OdString kBehaviour = L"ACAD_ENHANCEDBLOCK";           // extension dictionary of a definition
 const OdString kRepresentation = L"AcDbBlockRepresentation"; // extension dictionary of a reference
 const OdString kRepresentationData = L"AcDbRepData";
 constexpr int kText = 1000;
@@ -61,7 +61,7 @@ OdDbObjectId entryOf(OdDbObjectId dictionary, const OdString& name) {
 }
 
 bool hasBehaviour(const OdDbBlockTableRecord& block) {
-  return !entryOf(block.extensionDictionary(), kBehaviour).isNull() || !storedTrueName(block).isEmpty();
+  return !drawing::db::behaviourOf(block.objectId()).isNull() || !storedTrueName(block).isEmpty();
 }
 
 // What the reference itself says it represents.

@@ -37,6 +37,8 @@ public:
 
   // -- For the SDK's own machinery. --
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  // One whose geometry did not come along to another drawing ties the dimension to nothing, and goes.
+  void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
 
 private:
   static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);

@@ -1,0 +1,16 @@
+// What a block is beyond its contents and its name.
+#pragma once
+
+#include "DbBlockTable.h"
+
+namespace drawing::db {
+
+// Under this name the extension dictionary of a dynamic block tells how its contents move.
+extern const OdString kBehaviour;
+OdDbObjectId behaviourOf(OdDbObjectId block); // that entry; null when there is none
+
+// Scaling, description, annotative properties and the identity of a dynamic block. The true name of a dynamic block
+// stays behind: the copy has a name of its own.
+void copyMarks(const OdDbBlockTableRecord& from, OdDbBlockTableRecord& to);
+
+} // namespace drawing::db

@@ -1,0 +1,161 @@
+// Parts of a drawing as drawings of their own: what they need comes along as it is in the source, nothing else does,
+// and the source stays as it was.
+#include "DbAnnotationScale.h"
+#include "DbAnnotativeObjectPE.h"
+#include "DbDimAssoc.h"
+#include "DbDynBlockReference.h"
+#include "DbWblock.h"
+#include "tests/support/drawings.h"
+#include "tests/support/dynamic_blocks.h"
+#include "tests/support/oracles.h"
+#include "tests/support/scratch_folder.h"
+
+#include <fstream>
+
+namespace {
+
+using namespace tests;
+
+struct Wblock : testing::Test {
+  OdDbDatabasePtr source = OdDbDatabase::create();
+  OdDbObjectId door, leaf, text;
+
+  Wblock() {
+    skewHandles(*source);
+    addLayer(*source, L"unused");
+    addBlock(*source, L"nobody's");
+    leaf = addBlock(*source, L"leaf");
+    text = addText(*source, L"hinge", leaf);
+    forWrite<OdDbText>(text)->setLayer(addLayer(*source, L"used"));
+    door = addBlock(*source, L"door");
+    addReference(*source, leaf, door);
+    const auto record = forWrite<OdDbBlockTableRecord>(door);
+    record->setOrigin({3, 4, 0});
+    record->setBlockInsertUnits(OdDb::kUnitsInches);
+    record->setComments(L"opens to the left");
+    record->setBlockScaling(OdDbBlockTableRecord::kUniform);
+    record->setExplodable(false);
+    source->setHeaderReal("LTSCALE", 40, 12.5);
+    source->setHeaderReal("DIMSCALE", 40, 50);
+    source->setHeaderText("DIMBLK", 1, L"nobody's");
+    source->setINSBASE({9, 9, 9});
+    forWrite<OdDbLayerTableRecord>(source->getLayerZeroId())->setColor({3, OdCmColor::kNoTrueColor});
+  }
+
+  static std::vector<OdString> names(const OdDbDatabase& database, OdDb::SymbolTableKind kind) {
+    std::vector<OdString> all;
+    const auto table = forRead<OdDbSymbolTable>(database.getSymbolTableId(kind));
+    for (auto it = table->newIterator(); !it->done(); it->step())
+      all.push_back(it->getRecord()->getName());
+    return all;
+  }
+};
+
+TEST_F(Wblock, ABlockBringsWhatItNeedsAndWhatItIs) {
+  const std::string before = drawing::canonicalDump(*source);
+  const OdDbDatabasePtr made = drawing::wblockBlock(door);
+  ASSERT_FALSE(made.isNull());
+  EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*source)), "");
+  EXPECT_EQ(names(*made, OdDb::kBlockTable), (std::vector<OdString>{L"*Model_Space", L"*Paper_Space", L"leaf"}));
+  EXPECT_EQ(names(*made, OdDb::kLayerTable), (std::vector<OdString>{L"0", L"used"}));
+  EXPECT_EQ(forRead<OdDbLayerTableRecord>(made->getLayerZeroId())->color().index, 3) << "as in the source";
+  EXPECT_EQ(made->getINSBASE(), OdGePoint3d(3, 4, 0));
+  EXPECT_EQ(made->getINSUNITS(), OdDb::kUnitsInches);
+  EXPECT_EQ(made->headerReal("LTSCALE"), 12.5);
+  EXPECT_EQ(made->headerReal("DIMSCALE"), 50);
+  EXPECT_EQ(made->headerText("DIMBLK"), L"") << "names a block that stays behind";
+  expectSound(*made);
+  expectRoundTrip(*made);
+
+  const OdDbDatabasePtr target = OdDbDatabase::create();
+  const auto again = forRead<OdDbBlockTableRecord>(target->insert(L"gate", made.get()));
+  EXPECT_EQ(again->origin(), OdGePoint3d(3, 4, 0));
+  EXPECT_EQ(again->comments(), L"opens to the left");
+  EXPECT_EQ(again->blockScaling(), OdDbBlockTableRecord::kUniform);
+  EXPECT_FALSE(forRead<OdDbBlockTableRecord>(made->getModelSpaceId())->explodable());
+}
+
+TEST_F(Wblock, ADynamicBlockStaysOneAndARefilledOneFollowsItsFile) {
+  makeDynamic(door);
+  const OdDbDatabasePtr made = drawing::wblockBlock(door), plain = drawing::wblockBlock(leaf);
+  const OdDbDatabasePtr target = OdDbDatabase::create();
+  const auto isDynamic = [&](const OdString& name) {
+    return OdDbDynBlockTableRecord(target->symbol(OdDb::kBlockTable, name)).isDynamicBlock();
+  };
+  for (const auto& [name, file, dynamic] : {std::tuple{L"a", made, true},
+                                            {L"b", plain, false},
+                                            {L"a", plain, false},
+                                            {L"b", made, true},
+                                            {L"b", made, true}}) {
+    ASSERT_FALSE(target->insert(name, file.get()).isNull());
+    EXPECT_EQ(isDynamic(name), dynamic) << OdString(name).toUtf8();
+    expectSound(*target);
+  }
+  expectUndoRestores(*target, [&] { target->insert(L"b", plain.get()); });
+}
+
+TEST_F(Wblock, ObjectsComeInTheirOrderAndAssociationsWholeOrNotAtAll) {
+  const OdDbObjectId line = addText(*source, L"line"), dimension = addText(*source, L"dimension"),
+                     reference = addReference(*source, door);
+  const OdDbDimAssocPtr association = OdDbDimAssoc::createObject();
+  association->addPoint(1, line);
+  OdDbObjectId posted;
+  ASSERT_EQ(association->post(dimension, posted), eOk);
+  for (const auto& [ids, isTied] : {std::pair{std::vector{reference, dimension, line}, true}, {{dimension}, false}}) {
+    OdDbObjectIdArray picked;
+    for (const OdDbObjectId id : ids)
+      picked.append(id);
+    const OdDbDatabasePtr made = drawing::wblockObjects(picked);
+    const auto space = forRead<OdDbBlockTableRecord>(made->getModelSpaceId());
+    OdDbObjectId tied;
+    std::size_t at = 0;
+    for (auto it = space->newIterator(); !it->done(); it->step(), ++at) {
+      EXPECT_EQ(it->entity()->isA(), ids[at].safeOpenObject()->isA());
+      const auto one = OdDbText::cast(it->entity());
+      if (!one.isNull() && one->textString() == L"dimension")
+        tied = it->objectId();
+    }
+    EXPECT_EQ(at, ids.size());
+    EXPECT_EQ(!OdDbDimAssoc::associationOf(tied).isNull(), isTied);
+    EXPECT_EQ(made->getINSBASE(), OdGePoint3d());
+    EXPECT_EQ(made->getINSUNITS(), source->getINSUNITS());
+    EXPECT_EQ(names(*made, OdDb::kBlockTable).size(), isTied ? 4u : 2u);
+    expectSound(*made);
+    expectRoundTrip(*made);
+  }
+  EXPECT_TRUE(drawing::wblockObjects({}).isNull());
+}
+
+TEST_F(Wblock, AWholeDrawingKeepsWhatIsUsed) {
+  addReference(*source, door);
+  const OdDbDatabasePtr made = drawing::wblockDrawing(*source);
+  ASSERT_FALSE(made.isNull());
+  EXPECT_EQ(names(*made, OdDb::kBlockTable),
+            (std::vector<OdString>{L"*Model_Space", L"*Paper_Space", L"nobody's", L"leaf", L"door"}))
+      << "the arrow of the header is used";
+  EXPECT_EQ(names(*made, OdDb::kLayerTable), (std::vector<OdString>{L"0", L"used"}));
+  EXPECT_EQ(made->getINSBASE(), OdGePoint3d(9, 9, 9));
+  expectSound(*made);
+}
+
+TEST_F(Wblock, PathsOfExternalReferencesAreTurnedToTheNewFolder) {
+  const ScratchFolder folder;
+  std::ofstream(folder.at("site.dxf")) << "there";
+  source->facts().path = folder.at("plan.dxf");
+  const OdDbObjectId site = addBlock(*source, L"site"), gone = addBlock(*source, L"gone");
+  forWrite<OdDbBlockTableRecord>(site)->setXref(L".\\site.dxf");
+  forWrite<OdDbBlockTableRecord>(gone)->setXref(L".\\gone.dxf");
+  addReference(*source, site, door);
+  addReference(*source, gone, door);
+  addReference(*source, door);
+  for (const OdDbDatabasePtr& made : {drawing::wblockBlock(door, folder.at("library/door.dxf")),
+                                      drawing::wblockDrawing(*source, folder.at("library/all.dxf"))}) {
+    const auto path = [&](const wchar_t* name) {
+      return forRead<OdDbBlockTableRecord>(made->symbol(OdDb::kBlockTable, name))->pathName();
+    };
+    EXPECT_EQ(path(L"site"), L"..\\site.dxf");
+    EXPECT_EQ(path(L"gone"), L".\\gone.dxf");
+  }
+}
+
+} // namespace
