@@ -24,7 +24,7 @@ protected:
     return forWrite<OdDbBlockTableRecord>(into)->appendOdDbEntity(array.get());
   }
   OdDbObjectId xref(const wchar_t* path) {
-    const OdDbObjectId id = block(path);
+    const OdDbObjectId id = block((OdString(L"by ") + path).c_str());
     forWrite<OdDbBlockTableRecord>(id)->setXref(path);
     return id;
   }
