@@ -115,11 +115,10 @@ TEST(Rename, RefusesAndChangesNothing) {
 }
 
 TEST(NameRules, DependOnTheVersion) {
-  struct Case {
+  const struct {
     OdString name;
     NameFault now, before2000;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {L"door", NameFault::None, NameFault::None},
       {L"door 1", NameFault::None, NameFault::Character},
       {L"дверь", NameFault::None, NameFault::Character},
@@ -131,7 +130,7 @@ TEST(NameRules, DependOnTheVersion) {
       {OdString(L'x', 32), NameFault::None, NameFault::TooLong},
       {OdString(L'x', 256), NameFault::TooLong, NameFault::TooLong},
   };
-  for (const Case& row : cases) {
+  for (const auto& row : cases) {
     EXPECT_EQ(drawing::nameFault(row.name, OdDb::kRelease2000), row.now) << row.name.toUtf8();
     EXPECT_EQ(drawing::nameFault(row.name, OdDb::kRelease12), row.before2000) << row.name.toUtf8();
   }

@@ -271,12 +271,11 @@ TEST(Damage, CyclesOfDefinitionsAreCut) {
 }
 
 TEST(Damage, WhatIsNoDrawingIsRefusedWithAReason) {
-  struct Case {
+  const struct {
     const char* what;
     std::string text;
     OdResult result;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"empty", "", eNotADrawing},
       {"blank", "\n\n \n", eNotADrawing},
       {"prose", "Dear reader,\nthis is a letter.\n", eNotADrawing},
@@ -284,7 +283,7 @@ TEST(Damage, WhatIsNoDrawingIsRefusedWithAReason) {
       {"a picture", std::string("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16), eNotADrawing},
       {"a DWG", std::string("AC1032\0\0\0\0", 10), eUnsupportedFileFormat},
   };
-  for (const Case& row : cases) {
+  for (const auto& row : cases) {
     const ReadResult read = drawing::readDrawingFromMemory(row.text, "plan.dxf");
     EXPECT_TRUE(read.database.isNull()) << row.what;
     EXPECT_EQ(read.result, row.result) << row.what;

@@ -225,13 +225,12 @@ TEST(MTexts, StandByTheirAttachmentPoint) {
 }
 
 TEST(Attributes, ShowByTheirModes) {
-  struct Case {
+  const struct {
     const char* flags; // of the attribute or definition
     const char* mode;  // ATTMODE
     bool shows;
-  };
-  const Case cases[] = {{"0", "1", true}, {"1", "1", false}, {"1", "2", true}, {"0", "0", false}};
-  for (const Case& one : cases) {
+  } cases[] = {{"0", "1", true}, {"1", "1", false}, {"1", "2", true}, {"0", "0", false}};
+  for (const auto& one : cases) {
     const std::string attribute = "40|10 1|HH 2|TAG 70|" + std::string(one.flags);
     const std::string header = "9|$ATTMODE 70|" + std::string(one.mode);
     const std::string reference =

@@ -77,11 +77,10 @@ TEST(Picture, DrawsInTheDrawingOrder) {
 }
 
 TEST(Picture, PlacesReferences) {
-  struct Case {
+  const struct {
     const char* reference;
     double x, y; // the middle of the square that the block has at 0, 0 to 10, 10
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"10|40 20|40", 45, 45},
       {"10|40 20|40 50|90", 35, 45},
       {"10|40 20|40 41|-1", 35, 45},
@@ -90,7 +89,7 @@ TEST(Picture, PlacesReferences) {
       {"10|40 20|40 70|3 71|2 44|20 45|-20", 85, 25},      // the last of an array
       {"10|40 20|40 50|90 70|2 71|2 44|20 45|20", 15, 65}, // which turns with the reference
   };
-  for (const Case& one : cases) {
+  for (const auto& one : cases) {
     const Shot shot(drawingOf(insert("IN", one.reference), block("IN", square(0, 0))));
     EXPECT_EQ(shot.at(one.x, one.y), kBlack) << one.reference;
   }
@@ -134,19 +133,18 @@ TEST(Picture, CutsClippedReferences) {
            "102|ACAD_INVERTEDCLIP_ROUNDTRIP_COMPARE\n" +
            std::string(boundary);
   };
-  struct Case {
+  const struct {
     std::string file;
     const char* inside; // of the places 10/10, 30/30, 50/50, 75/75
     double extent;      // to the right
     const char* what;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {clipped(box), "-++-", 60, "a rectangle"},
       {clipped(triangle), "-+--", 80, "a polygon"},
       {clipped(box, inverted("10|20\n20|20\n30|0\n10|60\n20|60\n30|0\n")), "++-+", 100, "a hole"},
       {clipped(box, inverted("10|20\n20|20\n30|0\n10|61\n20|60\n30|0\n")), "-++-", 60, "a hole of another boundary"},
   };
-  for (const Case& one : cases) {
+  for (const auto& one : cases) {
     const drawing::ReadResult read = tests::readWell(tests::dxf(one.file));
     const Shot shot(read.database);
     std::string inside;
@@ -227,11 +225,10 @@ TEST(Picture, EndsWithinItsLimits) {
 }
 
 TEST(Picture, TellsWhatItDoesNotShow) {
-  struct Case {
+  const struct {
     std::string entities, told;
     bool isEmpty;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"", "", true},
       {"0|LIGHT 8|0", "", true},
       {"0|SHAPE 5|A1 8|0 10|1 20|1 40|1 2|ARROW 0|SHAPE 5|A2 8|0 10|1 20|1 40|1 2|ARROW", "SHAPE shape-file 2 A1",
@@ -240,7 +237,7 @@ TEST(Picture, TellsWhatItDoesNotShow) {
       {"0|DIMENSION 5|A1 8|0 70|6 10|1 20|1", "DIMENSION no-picture 1 A1", true},
       {square(0, 0) + "0|TEXT 5|A1 8|0 10|1 20|1 40|1 1|\\U+E123", "TEXT letters 1 A1", false},
   };
-  for (const Case& one : cases) {
+  for (const auto& one : cases) {
     const drawing::PictureReport report = reportOf(drawingOf(one.entities));
     std::string told;
     for (const drawing::NotDrawn& left : report.notDrawn)

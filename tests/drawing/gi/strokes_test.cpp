@@ -54,11 +54,10 @@ TEST(Strokes, FollowTheirLineTypes) {
 }
 
 TEST(Strokes, AreWhereTheirCurvesAre) {
-  struct Case {
+  const struct {
     const char* entity;
     double onX, onY, offX, offY;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"0|LINE 8|0 10|10 20|10.5 11|90 21|10.5", 50, 10.5, 50, 14},
       {"0|CIRCLE 8|0 10|50 20|50 40|30.5", 80.5, 50, 50, 50},
       {"0|ARC 8|0 10|50 20|50 40|30.5 50|90 51|180", 28.5, 71.5, 71.5, 71.5},
@@ -87,7 +86,7 @@ TEST(Strokes, AreWhereTheirCurvesAre) {
       {"0|XLINE 8|0 100|AcDbXline 10|1000 20|50.5 11|1 21|0", 50, 50.5, 50, 54},
       {"0|RAY 8|0 100|AcDbRay 10|50 20|50.5 11|-1 21|0", 20, 50.5, 80, 50.5},
   };
-  for (const Case& one : cases) {
+  for (const auto& one : cases) {
     const Shot shot(drawingOf(one.entity));
     EXPECT_NE(shot.at(one.onX, one.onY), kWhite) << one.entity;
     EXPECT_EQ(shot.at(one.offX, one.offY), kWhite) << one.entity;
@@ -160,13 +159,12 @@ TEST(Fills, CoverTheirArea) {
   const std::string head =
       "0|HATCH\n5|A\n100|AcDbEntity\n8|0\n62|1\n100|AcDbHatch\n10|0\n20|0\n30|0\n210|0\n220|0\n230|1\n";
   const std::string lines = "52|0\n41|1\n77|0\n78|1\n53|0\n43|0\n44|0.5\n45|0\n46|10\n79|0\n98|0\n";
-  struct Case {
+  const struct {
     std::string hatch;
     std::size_t area;
     std::uint32_t color; // where it is filled: 15, 15
     const char* what;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {head + "2|SOLID\n70|1\n71|0\n91|1\n" + loop(10, 90) + "75|0\n76|1\n98|0\n", 6400, kRed, "solid"},
       {head + "2|SOLID\n70|1\n71|0\n91|2\n" + loop(10, 90) + loop(30, 70) + "75|0\n76|1\n98|0\n", 4800, kRed, "a hole"},
       {head + "2|SOLID\n70|1\n71|0\n91|3\n" + loop(10, 90) + loop(30, 70) + loop(40, 60) + "75|0\n76|1\n98|0\n", 5200,
@@ -177,7 +175,7 @@ TEST(Fills, CoverTheirArea) {
        6400, kBlue, "a gradient begins with its first colour"},
       {head + "2|LINE\n70|0\n71|0\n91|1\n" + loop(10, 90) + "75|0\n76|1\n" + lines, 8 * 80, kWhite, "eight lines"},
   };
-  for (const Case& one : cases) {
+  for (const auto& one : cases) {
     const Shot shot(modern(one.hatch));
     EXPECT_NEAR(static_cast<double>(shot.inked()), static_cast<double>(one.area), 0.05 * one.area) << one.what;
     EXPECT_EQ(shot.at(15, 15), one.color) << one.what;
@@ -200,18 +198,17 @@ TEST(Strokes, AreAsWideAsTheirWeights) {
 }
 
 TEST(Points, ShowTheirSigns) {
-  struct Case {
+  const struct {
     const char* header;
     bool middle, right, rim; // ink at the point, beside it on its own height, and on the circle around it
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"", true, false, false},
       {"9|$PDMODE 70|1 9|$PDSIZE 40|20", false, false, false},
       {"9|$PDMODE 70|2 9|$PDSIZE 40|20", true, true, false},
       {"9|$PDMODE 70|33 9|$PDSIZE 40|20", false, false, true},
       {"9|$PDMODE 70|34 9|$PDSIZE 40|-20", true, true, true},
   };
-  for (const Case& one : cases) {
+  for (const auto& one : cases) {
     const Shot shot(drawingOf("0|POINT 8|0 10|50.5 20|50.5", "", "", one.header));
     EXPECT_EQ(shot.at(50.5, 50.5) != kWhite, one.middle) << one.header;
     EXPECT_EQ(shot.at(56.5, 50.5) != kWhite, one.right) << one.header;
