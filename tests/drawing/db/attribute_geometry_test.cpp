@@ -65,6 +65,9 @@ protected:
     made->setRotation(rotation);
     made->setOblique(oblique);
     made->setThickness(0.5);
+    made->setColorIndex(5);
+    made->setInvisible(true);
+    made->setVerifiable(true);
     return made;
   }
   OdDbObjectId place(const Placing& row, bool array) {
@@ -112,6 +115,8 @@ TEST_F(AttributeGeometry, IsTheDefinitionsBoxTransformed) {
         const OdDbAttributePtr attribute = OdDbAttribute::createObject();
         attribute->setAttributeFromBlock(definition, matrix);
         expectSamePlaces(corners(*attribute), wanted);
+        EXPECT_EQ(attribute->tag() + attribute->textString(), L"TAGdefault");
+        EXPECT_TRUE(attribute->colorIndex() == 5 && attribute->isInvisible() && attribute->isVerifiable());
         EXPECT_GT(attribute->height(), 0);
         EXPECT_GT(attribute->widthFactor(), 0);
         reference->appendAttribute(attribute);

@@ -92,14 +92,4 @@ TEST(SymbolTable, UndoOfARenameAnErasureAndAnAdditionKeepsLookUpsInStep) {
   EXPECT_TRUE(fresh.isErased());
 }
 
-TEST(BlockTable, ABlockCannotContainItself) {
-  const OdDbDatabasePtr database = OdDbDatabase::create();
-  const OdDbObjectId inner = addBlock(*database, L"inner"), outer = addBlock(*database, L"outer");
-  addReference(*database, inner, outer);
-  const std::string before = drawing::canonicalDump(*database);
-  EXPECT_THROW(addReference(*database, outer, inner), OdError);
-  EXPECT_THROW(addReference(*database, inner, inner), OdError);
-  EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*database)), "");
-}
-
 } // namespace
