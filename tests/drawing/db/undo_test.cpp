@@ -33,11 +33,7 @@ TEST(Undo, RestoresEveryKindOfChange) {
       {"erasure with what is owned", [&] { forWrite<OdDbBlockReference>(reference)->erase(); }},
       {"attribute", [&] { addAttribute(reference, L"TAG2", L"value"); }},
       {"reference with attributes moves",
-       [&] {
-         OdGeMatrix3d matrix;
-         matrix.setToTranslation(OdGeVector3d(1, 2, 3));
-         forWrite<OdDbBlockReference>(reference)->transformBy(matrix);
-       }},
+       [&] { forWrite<OdDbBlockReference>(reference)->transformBy(OdGeMatrix3d::translation(OdGeVector3d(1, 2, 3))); }},
       {"block with contents",
        [&] {
          const OdDbObjectId made = addBlock(*database, L"gate");
@@ -138,10 +134,8 @@ TEST(Undo, RestoresSingleObjectsAndLeavesTheRestOfTheStep) {
   const OdDbObjectId attribute = addAttribute(reference, L"TAG", L"v");
   database->startUndoRecord();
   const std::string before = drawing::canonicalDump(*database);
-  OdGeMatrix3d matrix;
-  matrix.setToTranslation(OdGeVector3d(5, 0, 0));
   for (OdDbObjectId id : {kept, restored, reference})
-    OdSmartPtr<OdDbEntity>(id.safeOpenObject(OdDb::kForWrite))->transformBy(matrix);
+    forWrite<OdDbEntity>(id)->transformBy(OdGeMatrix3d::translation({5, 0, 0}));
   OdDbObjectIdArray ids{restored, reference};
   database->restoreFromUndo(ids);
   EXPECT_EQ(forRead<OdDbText>(kept)->position().x, 5);

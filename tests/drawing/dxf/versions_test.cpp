@@ -25,10 +25,8 @@ Written writeAs(const OdDbDatabase& database, OdDb::DwgVersion version) {
   options.version = version;
   options.form = drawing::WriteOptions::Text;
   drawing::WriteResult result;
-  Written written;
-  written.bytes = drawing::writeDrawingToMemory(database, options, &result);
-  written.losses = result.report;
-  return written;
+  const std::string bytes = drawing::writeDrawingToMemory(database, options, &result);
+  return {bytes, result.report};
 }
 
 bool tells(const drawing::Report& report, const std::string& words, std::uint64_t handle = 0) {

@@ -94,58 +94,53 @@ TEST(Strokes, AreWhereTheirCurvesAre) {
 }
 
 TEST(Strokes, OfLaterKindsToo) {
-  struct Case {
-    std::string entity;
+  const struct {
+    const char *kind, *groups;
     double onX, onY, offX, offY;
-  };
-  const std::string head = "100|AcDbEntity\n8|0\n";
-  const Case cases[] = {
-      {"0|ELLIPSE\n5|A\n" + head +
-           "100|AcDbEllipse\n10|50\n20|50\n30|0\n11|40\n21|0\n31|0\n40|0.5\n41|0\n42|3.14159265\n",
-       50, 69.9, 50, 30},
-      {"0|SPLINE\n5|A\n" + head +
-           "100|AcDbSpline\n70|8\n71|2\n72|6\n73|3\n74|0\n40|0\n40|0\n40|0\n40|1\n40|1\n40|1\n10|10\n20|10\n30|0\n"
-           "10|50\n20|91\n30|0\n10|90\n20|10\n30|0\n",
+  } cases[] = {
+      {"ELLIPSE", "100|AcDbEllipse\n10|50\n20|50\n30|0\n11|40\n21|0\n31|0\n40|0.5\n41|0\n42|3.14159265\n", 50, 69.9, 50,
+       30},
+      {"SPLINE",
+       "100|AcDbSpline\n70|8\n71|2\n72|6\n73|3\n74|0\n40|0\n40|0\n40|0\n40|1\n40|1\n40|1\n10|10\n20|10\n30|0\n10|50\n"
+       "20|91\n30|0\n10|90\n20|10\n30|0\n",
        50, 50.5, 50, 80},
-      {"0|SPLINE\n5|A\n" + head +
-           "100|AcDbSpline\n70|8\n71|3\n72|0\n73|0\n74|3\n11|10\n21|10\n31|0\n11|50\n21|70\n31|0\n"
-           "11|90\n21|10\n31|0\n",
-       50, 69.9, 50, 50},
-      {"0|LWPOLYLINE\n5|A\n" + head + "100|AcDbPolyline\n90|2\n70|0\n43|8\n10|10\n20|50\n10|90\n20|50\n", 50, 53, 50,
-       56},
-      {"0|LEADER\n5|A\n" + head +
-           "100|AcDbLeader\n71|1\n72|0\n73|3\n76|2\n10|10\n20|50.5\n30|0\n10|90\n20|50.5\n30|0\n",
-       50, 50.5, 50, 54},
-      {"0|MESH\n5|A\n" + head +
-           "100|AcDbSubDMesh\n71|2\n72|0\n91|0\n92|3\n10|10\n20|10\n30|0\n10|90\n20|10\n30|0\n10|50\n"
-           "20|90\n30|0\n93|4\n90|3\n90|0\n90|1\n90|2\n94|0\n95|0\n",
+      {"SPLINE",
+       "100|AcDbSpline\n70|8\n71|3\n72|0\n73|0\n74|3\n11|10\n21|10\n31|0\n11|50\n21|70\n31|0\n11|90\n21|10\n31|0\n", 50,
+       69.9, 50, 50},
+      {"LWPOLYLINE", "100|AcDbPolyline\n90|2\n70|0\n43|8\n10|10\n20|50\n10|90\n20|50\n", 50, 53, 50, 56},
+      {"LEADER", "100|AcDbLeader\n71|1\n72|0\n73|3\n76|2\n10|10\n20|50.5\n30|0\n10|90\n20|50.5\n30|0\n", 50, 50.5, 50,
+       54},
+      {"MESH",
+       "100|AcDbSubDMesh\n71|2\n72|0\n91|0\n92|3\n10|10\n20|10\n30|0\n10|90\n20|10\n30|0\n10|50\n20|90\n30|0\n93|4\n"
+       "90|3\n90|0\n90|1\n90|2\n94|0\n95|0\n",
        50, 10.1, 50, 50},
-      {"0|MLINE\n5|A\n" + head +
-           "100|AcDbMline\n2|S\n40|10\n70|0\n71|1\n72|2\n73|2\n10|10\n20|50\n30|0\n11|10\n21|50\n31|0\n12|1\n22|0\n"
-           "32|0\n13|0\n23|1\n33|0\n74|4\n41|10.5\n41|0\n41|20\n41|60\n75|0\n74|2\n41|-10\n41|0\n75|0\n11|90\n21|50\n"
-           "31|0\n12|1\n22|0\n32|0\n13|0\n23|1\n33|0\n74|2\n41|10.5\n41|0\n75|0\n74|2\n41|-10\n41|0\n75|0\n",
+      {"MLINE",
+       "100|AcDbMline\n2|S\n40|10\n70|0\n71|1\n72|2\n73|2\n10|10\n20|50\n30|0\n11|10\n21|50\n31|0\n12|1\n22|0\n32|0\n"
+       "13|0\n23|1\n33|0\n74|4\n41|10.5\n41|0\n41|20\n41|60\n75|0\n74|2\n41|-10\n41|0\n75|0\n11|90\n21|50\n31|0\n12|1\n"
+       "22|0\n32|0\n13|0\n23|1\n33|0\n74|2\n41|10.5\n41|0\n75|0\n74|2\n41|-10\n41|0\n75|0\n",
        20, 60.5, 50, 60.5},
-      {"0|MULTILEADER\n5|A\n" + head +
-           "100|AcDbMLeader\n270|2\n300|CONTEXT_DATA{\n40|1\n41|5\n140|16\n304|HH\n12|85\n22|60\n32|0\n302|LEADER{\n"
-           "290|1\n10|60\n20|50.5\n30|0\n11|1\n21|0\n31|0\n40|20\n304|LEADER_LINE{\n10|10\n20|50.5\n30|0\n305|}\n"
-           "303|}\n301|}\n172|2\n",
+      {"MULTILEADER",
+       "100|AcDbMLeader\n270|2\n300|CONTEXT_DATA{\n40|1\n41|5\n140|16\n304|HH\n12|85\n22|60\n32|0\n302|LEADER{\n290|1\n"
+       "10|60\n20|50.5\n30|0\n11|1\n21|0\n31|0\n40|20\n304|LEADER_LINE{\n10|10\n20|50.5\n30|0\n305|}\n303|}\n301|}\n"
+       "172|2\n",
        75, 50.5, 85, 50.5}, // as far as the dogleg
-      {"0|TOLERANCE\n5|A\n" + head + "100|AcDbFcf\n10|10\n20|50\n30|0\n1|.5%%vA\n11|1\n21|0\n31|0\n", 10.1, 50, 50, 50},
-      {"0|IMAGE\n5|A\n" + head +
-           "100|AcDbRasterImage\n90|0\n10|10\n20|10\n30|0\n11|0.5\n21|0\n31|0\n12|0\n22|0.5\n32|0\n13|160\n23|81\n"
-           "70|7\n",
+      {"TOLERANCE", "100|AcDbFcf\n10|10\n20|50\n30|0\n1|.5%%vA\n11|1\n21|0\n31|0\n", 10.1, 50, 50, 50},
+      {"IMAGE",
+       "100|AcDbRasterImage\n90|0\n10|10\n20|10\n30|0\n11|0.5\n21|0\n31|0\n12|0\n22|0.5\n32|0\n13|160\n23|81\n70|7\n",
        50, 50.5, 50, 30},
-      {"0|WIPEOUT\n5|A\n" + head +
-           "100|AcDbWipeout\n90|0\n10|0\n20|0\n30|0\n11|100\n21|0\n31|0\n12|0\n22|100\n32|0\n13|1\n23|1\n70|7\n280|1\n"
-           "71|1\n91|2\n14|-0.5\n24|-0.5\n14|0\n24|0.5\n",
+      {"WIPEOUT",
+       "100|AcDbWipeout\n90|0\n10|0\n20|0\n30|0\n11|100\n21|0\n31|0\n12|0\n22|100\n32|0\n13|1\n23|1\n70|7\n280|1\n"
+       "71|1\n91|2\n14|-0.5\n24|-0.5\n14|0\n24|0.5\n",
        75, 50.5, 25, 50.5},
   };
-  const std::string under = "0|LINE\n5|9\n" + head + "100|AcDbLine\n10|0\n20|50.5\n30|0\n11|100\n21|50.5\n31|0\n";
-  for (const Case& one : cases) {
-    const bool isWipeout = one.entity.find("WIPEOUT") != std::string::npos;
-    const Shot shot(modern((isWipeout ? under : "") + one.entity));
-    EXPECT_NE(shot.at(one.onX, one.onY), kWhite) << one.entity;
-    EXPECT_EQ(shot.at(one.offX, one.offY), kWhite) << one.entity;
+  const auto entity = [](const std::string& kind, const char* handle, const std::string& groups) {
+    return "0|" + kind + "\n5|" + handle + "\n100|AcDbEntity\n8|0\n" + groups;
+  };
+  const std::string under = entity("LINE", "9", "100|AcDbLine\n10|0\n20|50.5\n30|0\n11|100\n21|50.5\n31|0\n");
+  for (const auto& one : cases) {
+    const Shot shot(modern((one.kind == std::string("WIPEOUT") ? under : "") + entity(one.kind, "A", one.groups)));
+    EXPECT_NE(shot.at(one.onX, one.onY), kWhite) << one.kind;
+    EXPECT_EQ(shot.at(one.offX, one.offY), kWhite) << one.kind;
   }
 }
 
