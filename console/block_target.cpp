@@ -77,23 +77,18 @@ OdDb::DwgVersion rememberedVersion(Session& session) {
 }
 
 std::string askedTarget(Session& session, const OdString& name) {
-  if (!session.mayAsk()) {
-    const std::string path = systemPath(session, completed(name));
-    if (fileExists(path)) {
-      session.refuseQuestion(render(Text::kReplaceQuestion, {OdString::fromUtf8(path)}));
-      refuse(Text::kFileExists, {OdString::fromUtf8(path)});
-    }
+  const std::string path = systemPath(session, completed(name));
+  refuseOpenDrawing(session, path);
+  if (!session.mayAsk() && fileExists(path)) {
+    session.refuseQuestion(render(Text::kReplaceQuestion, {OdString::fromUtf8(path)}));
+    refuse(Text::kFileExists, {OdString::fromUtf8(path)});
   }
   _blockFileInfo info;
   info.fileName = name;
-  const int status = blockInfo_FilePath::checkFileNameRight(info);
-  if (status == RTREJ)
-    refuse(Text::kNoTarget, {name});
+  blockInfo_FilePath::checkFileNameRight(info);
   if (!info.bWrite)
     cancel();
-  const std::string path = systemPath(session, info);
-  refuseOpenDrawing(session, path);
-  return path;
+  return systemPath(session, info);
 }
 
 std::string givenTarget(Session& session, const OdString& name, bool mayReplace) {

@@ -7,6 +7,8 @@
 #include "DbWblock.h"
 #include "blockcommon/transforms.h"
 
+#include <unordered_set>
+
 namespace console {
 namespace {
 
@@ -29,6 +31,18 @@ std::map<std::string, std::size_t> moveToBase(OdDbDatabase& made, const OdGeMatr
     entity->erase();
   }
   return dropped;
+}
+
+// As they lie on each other, whatever the order of picking was.
+OdDbObjectIdArray inDrawOrder(const OdDbObjectIdArray& ids) {
+  const std::unordered_set<OdDbObjectId> picked(ids.begin(), ids.end());
+  OdDbObjectIdArray ordered;
+  for (const OdDbObjectId id :
+       OdDbBlockTableRecordPtr(ids[0].safeOpenObject()->ownerId().safeOpenObject())->drawOrder()) {
+    if (picked.count(id) != 0)
+      ordered.append(id);
+  }
+  return ordered;
 }
 
 // A drawing of its own, in memory.
@@ -66,7 +80,7 @@ public:
   }
 
   OdDbDatabasePtr operator()(const OdDbObjectIdArray& ids) const {
-    OdDbDatabasePtr made = drawing::wblockObjects(ids, request_.path);
+    OdDbDatabasePtr made = drawing::wblockObjects(inDrawOrder(ids), request_.path);
     if (made.isNull())
       return made;
     const OdGePoint3d base = request_.ucs * request_.basePoint.value_or(OdGePoint3d());

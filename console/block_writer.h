@@ -17,7 +17,8 @@
 namespace console {
 
 struct WholeDrawing {};
-using BlockFileSource = std::variant<WholeDrawing, OdDbObjectId, OdDbObjectIdArray>; // an id is a definition's
+// An id is a definition's; objects are of one space, at least one.
+using BlockFileSource = std::variant<WholeDrawing, OdDbObjectId, OdDbObjectIdArray>;
 
 struct BlockFileRequest {
   BlockFileSource source;

@@ -1,6 +1,5 @@
 #include "tests/console/console_run.h"
 #include "console/command_loop.h"
-#include "console/program.h"
 #include "console/selection.h"
 
 #include "DbDump.h"
@@ -21,21 +20,6 @@ morvane::HostOptions forgetfulHost() {
 }
 
 } // namespace
-
-Outcome runMorvane(const std::vector<std::string>& arguments, const std::string& input) {
-  Outcome run;
-  std::istringstream stream(input);
-  console::Surroundings surroundings;
-  surroundings.host = forgetfulHost();
-  surroundings.input = &stream;
-  surroundings.talk = [&](const OdString& text) { run.shown += text.toUtf8Lossless(); };
-  surroundings.results = [&](const OdString& text) {
-    run.shown += text.toUtf8Lossless();
-    run.results += text.toUtf8Lossless();
-  };
-  run.status = console::runProgram(arguments, surroundings);
-  return run;
-}
 
 std::string replaced(std::string text, const std::string& from, const std::string& to) {
   for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "console/session.h"
+#include "tests/support/program_run.h"
 #include "tests/support/scratch_folder.h"
 
 #include <filesystem>
@@ -11,14 +12,8 @@
 
 namespace console_tests {
 
-struct Outcome {
-  int status = 0;
-  std::string shown;   // what a user sees: command line and results in their order
-  std::string results; // the results alone
-};
-
-// The whole program; `input` is its standard input.
-Outcome runMorvane(const std::vector<std::string>& arguments, const std::string& input = {});
+using tests::Outcome;
+using tests::runMorvane;
 
 // What stands for what in a line: "$F" for a path.
 using Names = std::vector<std::pair<std::string, std::string>>;

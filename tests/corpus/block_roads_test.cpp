@@ -1,29 +1,17 @@
 // BLOCK on real drawings, typed: locked layers, definitions that are there, and blocks that would contain themselves.
-#include "console/program.h"
-
 #include "DbBlockTable.h"
 #include "DbDxf.h"
 #include "DbEntity.h"
 #include "tests/corpus/drawings.h"
+#include "tests/support/program_run.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
 
-struct Finished {
-  int status;
-  std::string shown;
-};
-
-Finished run(const std::string& path, const std::string& script) {
-  Finished done{0, {}};
-  console::Surroundings surroundings;
-  surroundings.host.keepsConfig = false;
-  surroundings.talk = [&](const OdString& text) { done.shown += text.toUtf8Lossless(); };
-  surroundings.results = surroundings.talk;
-  done.status = console::runProgram({path, "-c", script}, surroundings);
-  return done;
+tests::Outcome run(const std::string& path, const std::string& script) {
+  return tests::runMorvane({path, "-c", script});
 }
 
 std::size_t times(const std::string& text, const std::string& part) {
@@ -70,14 +58,14 @@ TEST(BlockRoads, HoldOnRealDrawings) {
     if (facts.layer.empty())
       continue;
     const std::string lock = "LAYER Lock " + facts.layer + "\n\nBLOCK road 0,0 All\n\nKeep\n";
-    const Finished left = run(path, lock);
+    const tests::Outcome left = run(path, lock);
     const std::string box = "锁定图层上的对象数量: " + std::to_string(facts.locked) + "\n";
     EXPECT_NE(left.shown.find(box), std::string::npos) << path << '\n' << left.shown;
     EXPECT_EQ(left.shown.find("Block \"road\" made") != std::string::npos,
               facts.locked < facts.objects && left.shown.find("cannot be put into") == std::string::npos)
         << path;
     ++locked;
-    const Finished itself = run(path, kNested);
+    const tests::Outcome itself = run(path, kNested);
     if (times(itself.shown, "Block \"road-") < 3) // a layer is locked, or the object cannot be put into a block
       continue;
     EXPECT_NE(itself.shown.find("块 road-a 参照自身。"), std::string::npos) << path;
@@ -87,7 +75,7 @@ TEST(BlockRoads, HoldOnRealDrawings) {
     ++refused;
     if (facts.objects < 2) // nothing is left to redefine it with
       continue;
-    const Finished both =
+    const tests::Outcome both =
         run(path, "BLOCK road 0,0 Last\n\nConvert\nBLOCK road 否\nBLOCK road 1 0,0 All\n\nBLOCK road 是 0,0 "
                   "All\nRemove Last\n\nKeep\n");
     EXPECT_EQ(times(both.shown, "图形中“road”块参照的数量：1\n"), 3U) << path;
