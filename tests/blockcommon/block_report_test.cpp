@@ -3,6 +3,7 @@
 #include "morvane/testing.h"
 #include "tests/support/drawings.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
@@ -77,7 +78,10 @@ TEST_F(BlockReport, WritesTheFactorOfTheDrawingsUnit) {
     forWrite<OdDbBlockTableRecord>(id)->setBlockInsertUnits(row.block);
     ASSERT_EQ(mvsi::setVar(L"INSUNITS", row.drawing, true), RTNORM);
     host_.failOperation(row.failing);
+    const auto asked = [&] { return std::count(host_.calls().begin(), host_.calls().end(), "mvsiedGetUnitsFactor"); };
+    const auto before = asked();
     EXPECT_EQ(blockUtils::getStatisticalCntsOfBT()->toText(), report(row.block, row.factor));
+    EXPECT_EQ(asked() - before, row.block != 0 && row.drawing != 0 ? 1 : 0);
   }
   host_.host().services().remove(kEditSystemServer);
   EXPECT_EQ(blockUtils::getStatisticalCntsOfBT()->toText(), report(OdDb::kUnitsMeters, "1.0000"));

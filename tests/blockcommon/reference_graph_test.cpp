@@ -24,7 +24,7 @@ protected:
     return forWrite<OdDbBlockTableRecord>(into)->appendOdDbEntity(array.get());
   }
   OdDbObjectId xref(const wchar_t* path) {
-    const OdDbObjectId id = block(path);
+    const OdDbObjectId id = block((OdString(L"by ") + path).c_str());
     forWrite<OdDbBlockTableRecord>(id)->setXref(path);
     return id;
   }
@@ -156,11 +156,18 @@ TEST_F(ReferenceGraph, FirstExternalReferenceDecidesAboutEditing) {
   const OdDbObjectId missing = show(xref(L"gone")), unloadedBlock = xref(L"unloaded"), text = addText(*database_, L"x");
   forWrite<OdDbBlockTableRecord>(unloadedBlock)->setIsUnloaded(true);
   const OdDbObjectId unloaded = showArray(unloadedBlock, space_);
+  const OdDbObjectId hidden = xref(L"off too"), around = block(L"around"); // what is picked counts, as it is shown
+  makeDynamic(hidden);
+  show(xref(L"off below"), around);
+  const OdDbObjectId shape = show(addShape(hidden)), outside = show(around);
   load();
   const std::pair<OdDbObjectIdArray, bool> rows[] = {{{}, true},
                                                      {{plain}, true},
                                                      {{off}, false},
                                                      {{plain, off}, false},
+                                                     {{shape}, true},
+                                                     {{outside}, true},
+                                                     {{shape, outside, off}, false},
                                                      {{on, off}, true},
                                                      {{unset, off}, true},
                                                      {{missing, off}, true},
@@ -175,6 +182,12 @@ TEST_F(ReferenceGraph, FirstExternalReferenceDecidesAboutEditing) {
     EXPECT_EQ(path, isAllowed ? L"as before" : L"off");
   }
   OdString path;
+  for (const OdDbObjectId& external : {off, on, unset, missing, unloaded, shape, outside}) { // whatever their state
+    CRefGraph graph;
+    graph.create(external);
+    EXPECT_TRUE(graph.checkXref());
+    EXPECT_EQ(isXrefBlk(external, path), external != outside);
+  }
   OdDbObjectIdArray picked{plain, text};
   EXPECT_THROW(checkXEdit(picked, path), OdError_NotThatKindOfClass);
   forWrite<OdDbObject>(leaf_)->erase();

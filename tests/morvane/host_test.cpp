@@ -258,12 +258,16 @@ TEST(UserConfig, AFolderInItsPlaceIsAProblemAndNoCrash) {
 
 TEST(UserConfig, AFailedSaveKeepsTheFileAndTheChange) {
   const tests::ScratchFolder folder;
-  writeFile(folder.at("c.json"), "{\"s\":{\"n\":1}}");
-  morvane::UserConfig config(folder.at("c.json"), [](const std::string&, std::string_view) { return "disk full"; });
-  config.section("s")->SetDataI("n", 2);
-  EXPECT_EQ(config.save(), "disk full");
-  EXPECT_TRUE(config.isChanged());
-  EXPECT_EQ(readFile(folder.at("c.json")), "{\"s\":{\"n\":1}}");
+  for (const std::string held : {"{\"s\":{\"n\":1}}", "{\"s\":"}) { // a damaged one as well
+    writeFile(folder.at("c.json"), held);
+    morvane::UserConfig config(folder.at("c.json"), [](const std::string& file, std::string_view text) {
+      return file.ends_with("n") ? "disk full" : morvane::replaceFileSafely(file, text);
+    });
+    config.createSection("s")->SetDataI("n", 2);
+    EXPECT_EQ(config.save(), "disk full");
+    EXPECT_TRUE(config.isChanged());
+    EXPECT_EQ(readFile(folder.at("c.json")), held);
+  }
 }
 
 TEST(ReplaceFile, KeepsModeAndLinksAndLeavesNothingBeside) {
