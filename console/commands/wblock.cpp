@@ -80,12 +80,12 @@ std::optional<OdDb::UnitsValue> askUnits(Session& session, const Plan& plan) {
   return units;
 }
 
-void settleObjects(Session& session, Plan& plan, const OdDbObjectIdArray& ids) {
+void settleObjects(Session& session, Plan& plan, const OdDbObjectIdArray& written) {
   if (plan.afterwards == Afterwards::Convert) {
     plan.block.units = plan.file.units;
     makeBlock(session, plan.block);
   } else if (plan.afterwards == Afterwards::Delete) {
-    for (const OdDbObjectId id : ids)
+    for (const OdDbObjectId id : written)
       id.safeOpenObject(OdDb::kForWrite)->erase();
   }
   tellAfterwards(session, plan.afterwards);
@@ -110,8 +110,8 @@ void wblock(CommandContext& context) {
   const BlockFile written = writeBlockFile(session, plan.file);
   rememberTarget(session, written.path, written.version);
   tellBlockFile(session, written);
-  if (const auto* ids = std::get_if<OdDbObjectIdArray>(&plan.file.source))
-    settleObjects(session, plan, *ids);
+  if (std::holds_alternative<OdDbObjectIdArray>(plan.file.source))
+    settleObjects(session, plan, written.written);
 }
 
 } // namespace console::commands
