@@ -1,21 +1,12 @@
 // The lists of blocks that dialogs show: who is on them, what is told of each, and what stays when the host gives out.
 #include "blockcommon/block_report.h"
-#include "morvane/testing.h"
-#include "tests/support/drawings.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/open_document.h"
 
 namespace {
 
-using tests::addBlock;
-using tests::forWrite;
+using namespace tests;
 
-class BlockReport : public testing::Test {
-protected:
-  morvane::FaultyHost host_;
-  OdDbDatabasePtr database_ = OdDbDatabase::create();
-  mvsi::MvsiApDocument* document_ = host_.host().documents().open(database_);
-};
+class BlockReport : public OpenDocument {};
 
 TEST_F(BlockReport, ListsOrdinaryBlocksInTableOrder) {
   constexpr std::int16_t kAnonymous = 1, kXref = 4, kOverlay = 8, kDependent = 16;

@@ -1,12 +1,9 @@
 // The thumbnail that is drawn of a document: its bytes, whose view is drawn, what is kept, and every way to have none.
 #include "blockcommon/document_queries.h"
-#include "morvane/testing.h"
-#include "tests/support/drawings.h"
+#include "tests/support/open_document.h"
 
 #include "DbDxf.h"
 #include "DbFaces.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 

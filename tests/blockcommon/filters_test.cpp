@@ -2,13 +2,10 @@
 // itself is found at any depth.
 #include "blockcommon/filters.h"
 #include "morvane/drawing_tools.h"
-#include "morvane/testing.h"
-#include "tests/support/drawings.h"
+#include "tests/support/open_document.h"
 
 #include "DbDescription.h"
 #include "DbViewport.h"
-
-#include <gtest/gtest.h>
 
 // Kinds that are a camera or a definition, but not exactly.
 class StereoCamera : public OdDbCamera {
@@ -27,7 +24,7 @@ namespace {
 
 using namespace tests;
 
-class Filters : public testing::Test {
+class Filters : public OpenDocument {
 protected:
   template <class Kind>
   OdDbObjectId add(OdDbObjectId block = OdDbObjectId()) {
@@ -55,34 +52,16 @@ protected:
     EXPECT_EQ(found, anyAlone) << name.toUtf8(); // one by one and all together agree
     return found;
   }
-
-  morvane::FaultyHost host_;
-  OdDbDatabasePtr database_ = OdDbDatabase::create();
-  mvsi::MvsiApDocument* document_ = host_.host().documents().open(database_);
 };
 
 TEST_F(Filters, CamerasAloneAreKickedOut) {
   const OdDbObjectId text = addText(*database_, L"a"), definition = add<OdDbAttributeDefinition>();
   const OdDbObjectId stereo = add<StereoCamera>(), erased = addErased<OdDbCamera>();
-  OdDbObjectId gone;
-  {
-    const OdDbDatabasePtr other = OdDbDatabase::create();
-    gone = addText(*other, L"b");
-  }
-  OdDbObjectIdArray ids{add<OdDbCamera>(),
-                        text,
-                        OdDbObjectId(),
-                        definition,
-                        add<OdDbCamera>(),
-                        stereo,
-                        erased,
-                        gone,
-                        text,
-                        add<OdDbCamera>(),
-                        database_->getLayerZeroId()};
+  const OdDbObjectId gone = addText(*OdDbDatabase::create(), L"b"), layer = database_->getLayerZeroId(), none;
+  const OdDbObjectId one = add<OdDbCamera>(), two = add<OdDbCamera>(), three = add<OdDbCamera>();
+  OdDbObjectIdArray ids{one, text, none, definition, two, stereo, erased, gone, text, three, layer};
   blockUtils::kickOutSomeKindOfObjs(ids);
-  EXPECT_EQ(ids, (OdDbObjectIdArray{text, OdDbObjectId(), definition, stereo, erased, gone, text,
-                                    database_->getLayerZeroId()}));
+  EXPECT_EQ(ids, (OdDbObjectIdArray{text, none, definition, stereo, erased, gone, text, layer}));
 }
 
 TEST_F(Filters, AttributeDefinitionsMoveBehindInOrder) {

@@ -157,17 +157,11 @@ TEST_F(ReferenceGraph, FirstExternalReferenceDecidesAboutEditing) {
   forWrite<OdDbBlockTableRecord>(unloadedBlock)->setIsUnloaded(true);
   const OdDbObjectId unloaded = showArray(unloadedBlock, space_);
   load();
-  const std::pair<OdDbObjectIdArray, bool> rows[] = {{{}, true},
-                                                     {{plain}, true},
-                                                     {{off}, false},
-                                                     {{plain, off}, false},
-                                                     {{on, off}, true},
-                                                     {{unset, off}, true},
-                                                     {{missing, off}, true},
-                                                     {{unloaded, off}, true},
-                                                     {{off, text}, false},
-                                                     {{off, plain}, false},
-                                                     {{plain, OdDbObjectId(), off}, true}};
+  const std::pair<OdDbObjectIdArray, bool> rows[] = {
+      {{plain}, true},         {{off}, false},       {{plain, off}, false},  {{}, true},
+      {{on, off}, true},       {{unset, off}, true}, {{missing, off}, true}, {{plain, OdDbObjectId(), off}, true},
+      {{unloaded, off}, true}, {{off, text}, false}, {{off, plain}, false},
+  };
   for (const auto& [ids, isAllowed] : rows) {
     OdDbObjectIdArray picked = ids;
     OdString path = L"as before";
@@ -203,14 +197,15 @@ TEST_F(ReferenceGraph, ExternalReferencesAreFoundAtAnyDepth) {
   };
   for (const auto& row : rows) {
     OdString path = before, pathBelow = before;
-    EXPECT_EQ(isXrefBlk(row.id, path), row.isXref) << &row - rows;
-    EXPECT_EQ(path, row.path) << &row - rows;
-    EXPECT_EQ(hasAttdef(row.id), row.isXref && row.path == found) << &row - rows;
+    SCOPED_TRACE(&row - rows);
+    EXPECT_EQ(isXrefBlk(row.id, path), row.isXref);
+    EXPECT_EQ(path, row.path);
+    EXPECT_EQ(hasAttdef(row.id), row.isXref && row.path == found);
     CRefGraph graph;
     graph.create(row.id);
-    EXPECT_EQ(graph.checkXref(), row.below) << &row - rows;
+    EXPECT_EQ(graph.checkXref(), row.below);
     checkXrefS(rootOf(graph, row.id), pathBelow);
-    EXPECT_EQ(pathBelow, row.pathBelow) << &row - rows;
+    EXPECT_EQ(pathBelow, row.pathBelow);
   }
   OdString path;
   EXPECT_FALSE(isXrefBlk(text, path));

@@ -2,7 +2,6 @@
 // them and is nobody else's.
 #include "DbBlockTable.h"
 #include "DbDump.h"
-#include "DbDxf.h"
 #include "DbEntity.h"
 #include "DbIdMapping.h"
 #include "tests/corpus/drawings.h"
@@ -64,16 +63,9 @@ void expectAlike(const OdDbObjectIdArray& ids, const OdDbIdMapping& mapping) {
 }
 
 TEST(Clone, WhatEntitiesOwnGoesWithThem) {
-  for (const std::string& path : corpus::paths()) {
-    const drawing::ReadResult read = drawing::readDrawingFromMemory(corpus::textOf(path));
-    if (read.database.isNull())
-      continue;
-    SCOPED_TRACE(path);
+  corpus::forEachDrawing([](const std::string&, const drawing::ReadResult& read) {
     const auto before = ownedTwice(*read.database);
-    OdDbObjectIdArray ids;
-    const auto space = tests::forRead<OdDbBlockTableRecord>(read.database->getModelSpaceId());
-    for (auto it = space->newIterator(); !it->done(); it->step())
-      ids.append(it->objectId());
+    const OdDbObjectIdArray ids = tests::entitiesOf(read.database->getModelSpaceId());
     OdDbDatabasePtr other = OdDbDatabase::create();
     tests::skewHandles(*other);
     OdDbIdMapping here, there;
@@ -85,7 +77,7 @@ TEST(Clone, WhatEntitiesOwnGoesWithThem) {
     expectAlike(ids, there);
     tests::expectRoundTrip(*other);
     tests::expectSound(*other);
-  }
+  });
 }
 
 } // namespace

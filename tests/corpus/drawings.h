@@ -1,6 +1,9 @@
 // The real drawings that corpus tests read. A missing folder or file is a failure of the test that asks.
 #pragma once
 
+#include "DbDxf.h"
+
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -13,5 +16,7 @@ std::string folder();
 std::vector<std::string> listed();
 // Full paths of all listed drawings.
 std::vector<std::string> paths();
+// Every listed drawing that can be read, under a trace of its path; why one cannot is the matter of a test of its own.
+void forEachDrawing(const std::function<void(const std::string& path, const drawing::ReadResult& read)>& look);
 
 } // namespace corpus

@@ -1,11 +1,9 @@
 // All parts of the corpus come into one drawing by one command; each reference shows what its own file holds.
 #include "console/program.h"
 
-#include "DbBlockReference.h"
-#include "DbBlockTable.h"
 #include "DbCompare.h"
-#include "DbDxf.h"
 #include "tests/corpus/drawings.h"
+#include "tests/support/drawings.h"
 #include "tests/support/scratch_folder.h"
 
 #include <algorithm>
@@ -35,25 +33,17 @@ Finished run(const std::vector<std::string>& arguments) {
 std::vector<std::string> partPaths() {
   std::vector<std::string> parts;
   for (const std::string& path : corpus::paths()) {
-    if (path.find("/parts/") != std::string::npos && path.size() > 4 && path.substr(path.size() - 4) == ".dxf")
+    if (path.find("/parts/") != std::string::npos && path.ends_with(".dxf"))
       parts.push_back(path);
   }
   std::sort(parts.begin(), parts.end());
   return parts;
 }
 
-std::size_t entities(OdDbObjectId block) {
-  std::size_t number = 0;
-  const OdDbBlockTableRecordPtr record = block.safeOpenObject();
-  for (const auto walk = record->newIterator(); !walk->done(); walk->step())
-    ++number;
-  return number;
-}
-
 bool sameExtents(OdDbObjectId one, OdDbObjectId other) {
   OdGeExtents3d a, b;
-  const OdResult first = OdDbBlockTableRecordPtr(one.safeOpenObject())->getGeomExtents(a);
-  const OdResult second = OdDbBlockTableRecordPtr(other.safeOpenObject())->getGeomExtents(b);
+  const OdResult first = tests::forRead<OdDbBlockTableRecord>(one)->getGeomExtents(a);
+  const OdResult second = tests::forRead<OdDbBlockTableRecord>(other)->getGeomExtents(b);
   return first == second &&
          (first != eOk || (a.minPoint().isEqualTo(b.minPoint()) && a.maxPoint().isEqualTo(b.maxPoint())));
 }
@@ -84,7 +74,7 @@ TEST(PartLibrary, ShowsEveryPartAsItsFileHasIt) {
     const std::uint64_t handle = std::stoull(inserted[at]["reference"].get<std::string>(), nullptr, 16);
     const OdDbBlockReferencePtr reference = all.database->getOdDbObjectId(handle).safeOpenObject();
     const OdDbObjectId own = part.database->getModelSpaceId(), shown = reference->blockTableRecord();
-    EXPECT_EQ(entities(shown), entities(own)) << parts[at];
+    EXPECT_EQ(tests::entitiesOf(shown).size(), tests::entitiesOf(own).size()) << parts[at];
     EXPECT_TRUE(sameExtents(shown, own)) << parts[at];
     for (const Json& kept : inserted[at]["kept"])
       ADD_FAILURE() << parts[at] << " shows another's " << kept;

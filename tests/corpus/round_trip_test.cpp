@@ -194,20 +194,14 @@ bool isInTable(const corpus::Loss& loss) {
   return false;
 }
 
-std::string folded(std::string text) {
-  for (char& c : text)
-    c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
-  return text;
-}
-
 // Names are written as the record spells itself, and the second of two equal block names is changed.
 bool isNameOtherwiseSpelled(const corpus::Loss& loss) {
   if (!std::set<int>{2, 3, 6, 7, 8}.contains(loss.group.code))
     return false;
-  const std::string wanted = folded(loss.group.value);
+  const std::string wanted = corpus::upper(loss.group.value);
   const bool isBlock = loss.source->kind == "BLOCK" || loss.source->kind == "BLOCK_RECORD";
   return hasWritten(loss, [&](const std::string& value) {
-    const std::string have = folded(value);
+    const std::string have = corpus::upper(value);
     return have == wanted || (isBlock && have == wanted + "-2");
   });
 }

@@ -14,6 +14,8 @@ namespace {
 using morvane::ScriptedHost;
 using namespace tests;
 
+constexpr double kInfinite = std::numeric_limits<double>::infinity();
+
 void addScale(OdDbDatabase* database, const OdString& name, double paper, double drawing) {
   const auto root = forRead<OdDbDictionary>(database->getNamedObjectsDictionaryId());
   const auto scales = forWrite<OdDbDictionary>(root->getAt(L"ACAD_SCALELIST"));
@@ -25,6 +27,12 @@ void addScale(OdDbDatabase* database, const OdString& name, double paper, double
 
 class OpenDrawing : public testing::Test {
 protected:
+  template <class Value>
+  static Value variable(const wchar_t* name, Value value = {}) {
+    EXPECT_EQ(mvsi::getVar(name, value, true), RTNORM);
+    return value;
+  }
+
   ScriptedHost host_;
   morvane::Documents& documents_ = host_.host().documents();
   OdDbDatabasePtr database_ = OdDbDatabase::create();
@@ -61,12 +69,9 @@ TEST_F(OpenDrawing, IsFoundByDatabaseAndFile) {
     EXPECT_EQ(qzutads::findDwgDoc(path), document_) << OdString(path).toUtf8();
   EXPECT_EQ(qzutads::findDwgDoc(L"C:\\plans\\a.dwg\\b"), nullptr);
   EXPECT_EQ(qzutads::findDwgDoc(L""), nullptr); // not the one without a file
-  OdString name;
-  EXPECT_EQ(mvsi::getVar(L"DWGNAME", name, true), RTNORM);
-  EXPECT_EQ(name, L"");
+  EXPECT_EQ(variable<OdString>(L"DWGNAME"), L"");
   documents_.setCurrent(document_);
-  mvsi::getVar(L"DWGPREFIX", name, true);
-  EXPECT_EQ(name, L"C:\\plans\\");
+  EXPECT_EQ(variable<OdString>(L"DWGPREFIX"), L"C:\\plans\\");
   const OdRxObjectPtr service = mv_arbitDict_getservice(kDocMgr);
   auto& manager = dynamic_cast<MvDocManager&>(*service);
   EXPECT_EQ(manager.documentCount(), 2);
@@ -109,7 +114,7 @@ TEST_F(OpenDrawing, KeepsItsOwnUcs) {
   EXPECT_EQ(mvsi::mvsidbUcs2Wcs(OdGePoint3d(5, 5, 5), moved, false), RTERROR);
   EXPECT_EQ(moved, OdGePoint3d(1, 0, 0));
   documents_.setCurrent(document_);
-  EXPECT_EQ(mvsi::mvsidbUcs2Wcs(OdGePoint3d(std::numeric_limits<double>::infinity(), 0, 0), moved, false), RTERROR);
+  EXPECT_EQ(mvsi::mvsidbUcs2Wcs(OdGePoint3d(kInfinite, 0, 0), moved, false), RTERROR);
 }
 
 TEST_F(OpenDrawing, TypedPointsFollowTheUcsAndTheLimits) {
@@ -131,31 +136,24 @@ TEST_F(OpenDrawing, TypedPointsFollowTheUcsAndTheLimits) {
 }
 
 TEST_F(OpenDrawing, VariablesAreItsHeader) {
-  short units = -1;
   EXPECT_EQ(mvsi::setVar(L"insunits", static_cast<short>(6), true), RTNORM);
   EXPECT_EQ(database_->getINSUNITS(), OdDb::kUnitsMeters);
   EXPECT_EQ(mvsi::setVar(L"INSUNITS", static_cast<short>(25), true), RTREJ);
   EXPECT_EQ(mvsi::setVar(L"INSUNITS", OdString(L"6"), true), RTREJ);
   database_->setINSUNITS(OdDb::kUnitsFeet);
-  EXPECT_EQ(mvsi::getVar(L"INSUNITS", units), RTNORM);
-  EXPECT_EQ(units, 2);
+  EXPECT_EQ(variable<short>(L"INSUNITS"), 2);
 
   addLayer(*database_, L"Walls");
   EXPECT_EQ(mvsi::setVar(L"CLAYER", OdString(L"WALLS"), true), RTNORM);
-  OdString layer;
-  EXPECT_EQ(mvsi::getVar(L"clayer", layer, true), RTNORM);
-  EXPECT_EQ(layer, L"Walls");
+  EXPECT_EQ(variable<OdString>(L"clayer"), L"Walls");
   for (const wchar_t* name : {L"CLAYER", L"ACADVER"})
     EXPECT_EQ(mvsi::setVar(name, OdString(L"None"), true), RTREJ);
 
-  EXPECT_EQ(host_.host().variables().set(L"INSBASE", morvane::VariablePoint3d{1, 2, 3}), RTNORM);
+  for (const double x : {1.0, kInfinite})
+    EXPECT_EQ(host_.host().variables().set(L"INSBASE", morvane::VariablePoint3d{x, 2, 3}), x == 1 ? RTNORM : RTREJ);
   EXPECT_EQ(database_->getINSBASE(), OdGePoint3d(1, 2, 3));
-  const double infinite = std::numeric_limits<double>::infinity();
-  EXPECT_EQ(host_.host().variables().set(L"INSBASE", morvane::VariablePoint3d{infinite, 0, 0}), RTREJ);
-
   documents_.open(OdDbDatabase::create());
-  mvsi::getVar(L"CLAYER", layer, true);
-  EXPECT_EQ(layer, L"0");
+  EXPECT_EQ(variable<OdString>(L"CLAYER"), L"0");
 
   // The scale that annotative blocks follow is the one that the variable names.
   const OdString half = L"1:2";
@@ -163,15 +161,14 @@ TEST_F(OpenDrawing, VariablesAreItsHeader) {
   EXPECT_EQ(mvsi::setVar(L"CANNOSCALE", half, true), RTNORM);
   EXPECT_EQ(mvsi::mvsidbWorkingDatabase()->cannoscale()->getName(), half);
   EXPECT_EQ(mvsi::setVar(L"CANNOSCALE", OdString(L"no such scale"), true), RTREJ);
-  EXPECT_EQ(mvsi::getVar(L"cannoscale", layer, true), RTNORM);
-  EXPECT_EQ(layer, half);
+  EXPECT_EQ(variable<OdString>(L"cannoscale"), half);
 
   OdDbDatabase* damaged = mvsi::mvsidbWorkingDatabase();
   damaged->setHeaderInt("CLAYER", 70, 5);
   EXPECT_EQ(mvsi::setVar(L"CLAYER", static_cast<short>(6), true), RTREJ);
   EXPECT_EQ(damaged->headerInt("CLAYER"), 5);
   damaged->setHeaderInt("INSUNITS", 70, 65536 + 6);
-  units = -1;
+  short units = -1;
   EXPECT_EQ(mvsi::getVar(L"INSUNITS", units), RTERROR);
   EXPECT_EQ(units, -1);
 }

@@ -103,8 +103,7 @@ TEST(Variables, AreOneStoreBehindEveryRoad) {
   EXPECT_EQ(mvsi::setVar(L"insname", OdString(L"*B1"), true), RTNORM);
   mvsiresbuf record;
   EXPECT_EQ(system->mvsiedGetVar(L"InsName", &record), RTNORM);
-  EXPECT_EQ(record.restype, RTSTR);
-  EXPECT_EQ(record.rstring, L"*B1");
+  EXPECT_TRUE(record.restype == RTSTR && record.rstring == L"*B1") << record.restype;
   record = {};
   record.restype = RTSHORT;
   record.rint = 0;
@@ -125,8 +124,7 @@ TEST(Variables, RefuseWhatDoesNotFit) {
   EXPECT_EQ(host.takeOutput(), L"\nThere is no variable NO%s.");
   EXPECT_EQ(mvsi::getVar(L"EXTNAMES", text, true), RTREJ);
   EXPECT_EQ(mvsi::getVar(L"INSNAME", number), RTREJ);
-  EXPECT_EQ(text, L"kept");
-  EXPECT_EQ(number, 9);
+  EXPECT_TRUE(text == L"kept" && number == 9);
   for (const wchar_t* name : {L"DWGNAME", L"LUPREC"})
     EXPECT_EQ(mvsi::setVar(name, OdString(L"3"), true), RTREJ);
   EXPECT_EQ(mvsi::setVar(L"LUPREC", static_cast<short>(9), true), RTREJ);

@@ -48,6 +48,13 @@ OdDbObjectId addAttribute(OdDbObjectId reference, const OdString& tag, const OdS
   return forWrite<OdDbBlockReference>(reference)->appendAttribute(attribute.get());
 }
 
+OdDbObjectIdArray entitiesOf(OdDbObjectId block) {
+  OdDbObjectIdArray ids;
+  for (const auto walk = forRead<OdDbBlockTableRecord>(block)->newIterator(); !walk->done(); walk->step())
+    ids.append(walk->objectId());
+  return ids;
+}
+
 std::string dxf(const std::string& lines, const std::string& version, const std::string& codePage) {
   std::string header = version.empty() ? "" : "9|$ACADVER\n1|" + version + "\n";
   if (!codePage.empty())

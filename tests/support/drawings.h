@@ -28,6 +28,7 @@ OdDbObjectId addBlock(OdDbDatabase& database, const OdString& name);
 // Into model space unless a block is named.
 OdDbObjectId addText(OdDbDatabase& database, const OdString& text, OdDbObjectId block = OdDbObjectId());
 OdDbObjectId addReference(OdDbDatabase& database, OdDbObjectId block, OdDbObjectId into = OdDbObjectId());
+OdDbObjectIdArray entitiesOf(OdDbObjectId block);
 OdDbObjectId addAttribute(OdDbObjectId reference, const OdString& tag, const OdString& value);
 
 // A text DXF from the lines between its first section and its end, "code|value" each; the header with the version
