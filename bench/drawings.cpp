@@ -9,6 +9,7 @@
 #include "DbIdMapping.h"
 #include "DbSymbolRecords.h"
 #include "DbText.h"
+#include "DbWblock.h"
 #include "GiPicture.h"
 #include "blockcommon/creation.h"
 #include "blockcommon/document_queries.h"
@@ -192,6 +193,31 @@ std::unique_ptr<Job> insertManyJob(std::size_t entities) {
   });
 }
 
+// A definition of that size as a drawing of its own.
+std::unique_ptr<Job> wblockJob(std::size_t entities) {
+  const OdDbDatabasePtr source = makeDrawing(entities);
+  const OdDbDatabasePtr plan = OdDbDatabase::create();
+  const OdDbObjectId block = plan->insert(L"part", source.get(), true);
+  return std::make_unique<FunctionJob>([plan, block] { return drawing::wblockBlock(block)->approxNumObjects(); });
+}
+
+// As many entities in definitions of ten, each as a drawing of its own.
+std::unique_ptr<Job> wblockManyJob(std::size_t entities) {
+  constexpr std::size_t kEach = 10;
+  const OdDbDatabasePtr source = makeDrawing(kEach), plan = OdDbDatabase::create();
+  OdDbObjectIdArray blocks;
+  for (std::size_t i = 0; i < entities / kEach; ++i) {
+    OdString name;
+    blocks.append(plan->insert(name.format(L"part %d", static_cast<int>(i)), source.get(), true));
+  }
+  return std::make_unique<FunctionJob>([plan, blocks] {
+    std::size_t objects = 0;
+    for (const OdDbObjectId& block : blocks)
+      objects += drawing::wblockBlock(block)->approxNumObjects();
+    return objects;
+  });
+}
+
 // A picture of all of it; what is counted is the walk and the drawing of pixels.
 std::unique_ptr<Job> pictureJob(std::size_t entities) {
   return std::make_unique<FunctionJob>([database = makeDrawing(entities)] {
@@ -202,9 +228,17 @@ std::unique_ptr<Job> pictureJob(std::size_t entities) {
 
 const std::map<std::string, JobMaker>& jobs() {
   static const std::map<std::string, JobMaker> table = [] {
-    std::map<std::string, JobMaker> all{{"read", readJob},       {"write", writeJob},   {"make", makeBlockJob},
-                                        {"clone", cloneJob},     {"undo", undoJob},     {"count", countReferencesJob},
-                                        {"picture", pictureJob}, {"insert", insertJob}, {"insert-many", insertManyJob}};
+    std::map<std::string, JobMaker> all{{"read", readJob},
+                                        {"write", writeJob},
+                                        {"make", makeBlockJob},
+                                        {"clone", cloneJob},
+                                        {"undo", undoJob},
+                                        {"count", countReferencesJob},
+                                        {"picture", pictureJob},
+                                        {"insert", insertJob},
+                                        {"insert-many", insertManyJob},
+                                        {"wblock", wblockJob},
+                                        {"wblock-many", wblockManyJob}};
     all.insert(idJobs().begin(), idJobs().end());
     return all;
   }();

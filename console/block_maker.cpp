@@ -85,8 +85,12 @@ void eraseAll(const OdDbObjectIdArray& ids) {
 
 void tellBlockMade(Session& session, const BlockRequest& request, const BlockMade& made) {
   session.result(made.redefined ? Text::kBlockRedefined : Text::kBlockMade, {request.name, count(made.objects)});
-  const Text afterwards[] = {Text::kKept, Text::kConverted, Text::kDeleted};
-  session.say(afterwards[static_cast<std::size_t>(request.afterwards)]);
+  tellAfterwards(session, request.afterwards);
+}
+
+void tellAfterwards(Session& session, Afterwards afterwards) {
+  const Text texts[] = {Text::kKept, Text::kConverted, Text::kDeleted};
+  session.say(texts[static_cast<std::size_t>(afterwards)]);
 }
 
 BlockMade makeBlock(Session& session, const BlockRequest& request) {

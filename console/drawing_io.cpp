@@ -107,25 +107,44 @@ OdDbDatabasePtr readBeside(Session& session, const std::string& path) {
   return read.database;
 }
 
-void saveDrawing(Session& session, const SaveRequest& request) {
+void tellLosses(Session& session, const std::string& path, const drawing::Report& report) {
+  session.addIssues(report);
+  tellIssues(session, path, report, Text::kVersionLoss);
+  if (losses(report) > 0)
+    session.note(Status::Repaired);
+}
+
+void writeFile(Session& session, const OdDbDatabase& database, const SaveRequest& request) {
   checkDrawingName(request.path);
   if (!request.mayReplace && fileExists(request.path))
     refuse(Text::kFileExists, {asText(request.path)});
-  if (!request.mayReplace && isOwnFileRepaired(session, request.path))
-    refuse(Text::kRepairedOwnFile, {asText(request.path)});
   drawing::WriteOptions options;
   options.version = request.version;
   options.form = request.form;
   options.refuseExisting = !request.mayReplace;
-  const drawing::WriteResult written = drawing::writeDrawing(session.database(), request.path, options);
+  const drawing::WriteResult written = drawing::writeDrawing(database, request.path, options);
   if (written.result != eOk)
     throw Failure{Status::SaveFailed, {Text::kSaveFailed, {asText(written.message)}}};
-  session.addIssues(written.report);
-  tellIssues(session, request.path, written.report, Text::kVersionLoss);
-  if (losses(written.report) > 0)
-    session.note(Status::Repaired);
+  tellLosses(session, request.path, written.report);
+}
+
+void saveDrawing(Session& session, const SaveRequest& request) {
+  if (!request.mayReplace && isOwnFileRepaired(session, request.path))
+    refuse(Text::kRepairedOwnFile, {asText(request.path)});
+  writeFile(session, session.database(), request);
   session.result(Text::kSaved, {asText(request.path), asText(versionToWrite(session.database(), request.version))});
   session.savedAs(request.path);
+}
+
+void writeBytes(const std::string& path, std::string_view bytes, bool mayReplace) {
+  if (!mayReplace && fileExists(path))
+    refuse(Text::kFileExists, {asText(path)});
+  drawing::ReplaceOptions how;
+  how.refuseExisting = !mayReplace;
+  const drawing::FileError written = drawing::replaceFile(
+      path, [bytes](drawing::FileSink& sink) { return sink.append(bytes), drawing::FileError(); }, how);
+  if (!written.ok())
+    throw Failure{Status::SaveFailed, {Text::kSaveFailed, {asText(written.text)}}};
 }
 
 bool fileExists(const std::string& path) {

@@ -6,6 +6,7 @@
 #include "DbDxf.h"
 
 #include <string>
+#include <string_view>
 
 namespace console {
 
@@ -24,12 +25,18 @@ struct SaveRequest {
   bool mayReplace = false; // an existing file
 };
 
-// Throws and changes no file when the save fails, for a name that is no drawing's, and for a file that is there and may
-// not be replaced. The drawing is that file from then on.
+// Writes any drawing; what the version cannot hold is told and noted. Throws and changes no file when that fails, for a
+// name that is no drawing's, and for a file that is there and may not be replaced.
+void writeFile(Session& session, const OdDbDatabase& database, const SaveRequest& request);
+// The same of the open drawing, which is that file from then on.
 void saveDrawing(Session& session, const SaveRequest& request);
+void tellLosses(Session& session, const std::string& path, const drawing::Report& report);
 
 // What could not be loaded of the external references of the open drawing. Nothing is lost by it.
 void tellXrefs(Session& session);
+
+// Any file, as a whole. Throws and changes no file when that fails, and when it is there and may not be replaced.
+void writeBytes(const std::string& path, std::string_view bytes, bool mayReplace);
 
 bool fileExists(const std::string& path);
 bool isOrdinaryFile(const std::string& path);                      // or a link to one

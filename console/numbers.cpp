@@ -138,6 +138,12 @@ std::optional<OdDb::UnitsValue> parseUnits(std::string_view text) {
   return found == kUnitNames.end() ? std::nullopt : std::optional(found->units);
 }
 
+OdString unitsText(OdDb::UnitsValue units) {
+  const auto found =
+      std::find_if(kUnitNames.begin(), kUnitNames.end(), [&](const UnitName& row) { return row.units == units; });
+  return found == kUnitNames.end() ? OdString(std::to_wstring(units)) : OdString::fromUtf8(found->name);
+}
+
 std::optional<std::uint64_t> parseHandle(std::string_view text) {
   const auto handle = wholeNumber<std::uint64_t>(text, 16);
   return handle && *handle != 0 ? handle : std::nullopt;

@@ -18,6 +18,7 @@ std::optional<OdGePoint3d> parsePoint(std::string_view text); // X,Y or X,Y,Z
 // OX,OY,OZ/XX,XY,XZ/YX,YY,YZ: origin and two axes at right angles, of any length.
 std::optional<OdGeMatrix3d> parseUcs(std::string_view text);
 std::optional<OdDb::UnitsValue> parseUnits(std::string_view text); // a code, or a name such as mm
+OdString unitsText(OdDb::UnitsValue units);                        // the first of its names, or the code
 std::optional<std::uint64_t> parseHandle(std::string_view text);   // hexadecimal, not 0
 
 // In the drawing's units of length, without zeros at the end of decimals.

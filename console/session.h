@@ -105,9 +105,6 @@ public:
   void quit() { wantsQuit_ = true; }
   bool wantsQuit() const { return wantsQuit_; }
 
-  // What the next BLOCK offers to do with the objects.
-  Afterwards afterwards = Afterwards::Convert;
-
 private:
   class Step;
   void fail(const Failure& failure);

@@ -446,6 +446,32 @@ enum class Text : unsigned short {
   kEditAllowed,
   kEditXeditOff,
   kEditExternal,
+  // Writing blocks to files
+  kHelpWblock,
+  kPromptWblockFile,
+  kPromptWblockSource,
+  kPromptUnits,
+  kNoSuchUnits,
+  kTargetSettled,
+  kDwgSettled,
+  kNoTarget,
+  kTargetIsOpen,
+  kNotWritable,
+  kNotMoved,
+  kNotReadBack,
+  kReadBackDiffers,
+  kBlockWritten,
+  kLibraryWritten,
+  kLibraryLeftOut,
+  kNoLibraryFolder,
+  kOneSource,
+  kLibraryNoOutput,
+  // What BLOCK remembers
+  kPromptBlockBasePoint,
+  kKeywordsBlock,
+  kBlockSettings,
+  kPromptBlockOptions,
+  kKeywordsBlockOptions,
   kCount
 };
 

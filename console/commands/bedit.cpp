@@ -1,5 +1,6 @@
 #include "console/ask.h"
 #include "console/block_maker.h"
+#include "console/commands/block_questions.h"
 #include "console/commands/commands.h"
 
 #include "DbBlockTable.h"
@@ -20,8 +21,7 @@ void refuseForeign(const OdDbBlockTableRecord& block) {
 } // namespace
 
 void bedit(CommandContext& context) {
-  mvsi::MvsiApDocument& document = *context.drawing.document;
-  if (const OdString edited = document.blockEditorName(); !edited.isEmpty())
+  if (const OdString edited = context.drawing.document->blockEditorName(); !edited.isEmpty())
     refuse(Text::kEditorOpen, {edited});
   const auto name = askText(context.session, Text::kPromptEditedBlock, {}, true);
   const auto block =
@@ -29,8 +29,7 @@ void bedit(CommandContext& context) {
   if (block.isNull())
     refuse(Text::kNoBlockToEdit, {name.value_or(OdString())});
   refuseForeign(*block);
-  document.setBlockEditorName(block->getName());
-  context.session.say(Text::kEditorOpened, {block->getName()});
+  openEditor(context, block->objectId());
 }
 
 } // namespace console::commands

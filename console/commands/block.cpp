@@ -1,7 +1,9 @@
 #include "console/ask.h"
 #include "console/block_maker.h"
 #include "console/block_objects.h"
+#include "console/block_options.h"
 #include "console/commands/block_list.h"
+#include "console/commands/block_questions.h"
 #include "console/commands/commands.h"
 #include "console/selection.h"
 
@@ -10,12 +12,11 @@
 #include "blockcommon/selections.h"
 #include "morvane/drawing_tools.h"
 
-#include <array>
+#include <utility>
 
 namespace console::commands {
 namespace {
 
-constexpr std::array<const wchar_t*, 3> kAfterwards = {L"Keep", L"Convert", L"Delete"};
 constexpr int kQuery = 0;
 constexpr int kName = 1;
 
@@ -33,17 +34,6 @@ OdString askBlockName(Session& session) {
     else if (listBlocks(session) == 0)
       session.result(Text::kNoBlocks);
   }
-}
-
-// Whether there is a definition and the user wants it replaced.
-bool askRedefine(Session& session, const OdString& name) {
-  constexpr int kReplace = 0;
-  const OdDbObjectId block = definitionOf(session, name);
-  if (block.isNull())
-    return false;
-  if (dlgTips::showBlockRedefineTips(name, static_cast<int>(referencesTo(block))) != kReplace)
-    cancel();
-  return true;
 }
 
 // What was selected before the command, less what lies on locked layers.
@@ -71,30 +61,52 @@ OdDbObjectIdArray askObjects(Session& session) {
   return ids;
 }
 
-Afterwards askAfterwards(Session& session) {
-  const OdString usual = kAfterwards[static_cast<std::size_t>(session.afterwards)];
-  const OdString answer =
-      askKeyword(session, Text::kKeywordsAfterwards, Text::kPromptAfterwards, {usual}).value_or(usual);
-  for (std::size_t at = 0; at < kAfterwards.size(); ++at) {
-    if (answer == kAfterwards[at])
-      session.afterwards = static_cast<Afterwards>(at);
+// Settings are changed until nothing more is typed.
+void askOptions(Session& session, BlockOptions& options) {
+  const std::pair<const wchar_t*, int*> settings[] = {
+      {L"Explodable", &options.explodable}, {L"Uniform", &options.uniform}, {L"Open", &options.openInEditor}};
+  for (;;) {
+    const auto shown = [](int value) { return OdString(value != 0 ? L"on" : L"off"); };
+    session.say(Text::kBlockSettings, {shown(options.explodable), shown(options.uniform), shown(options.openInEditor)});
+    const auto typed = askKeyword(session, Text::kKeywordsBlockOptions, Text::kPromptBlockOptions);
+    if (!typed)
+      return;
+    for (const auto& [name, value] : settings) {
+      if (*typed == name)
+        *value = *value == 0 ? 1 : 0;
+    }
   }
-  return session.afterwards;
+}
+
+OdGePoint3d askBasePoint(Session& session, BlockOptions& options) {
+  for (;;) {
+    const PointOrKeyword answer = askPointOr(session, Text::kKeywordsBlock, Text::kPromptBlockBasePoint);
+    if (answer.keyword.isEmpty())
+      return answer.point.value_or(OdGePoint3d());
+    askOptions(session, options);
+  }
 }
 
 } // namespace
 
 void block(CommandContext& context) {
   Session& session = context.session;
+  BlockOptions options = rememberedBlockOptions();
   BlockRequest request;
   request.name = askBlockName(session);
   checkBlockName(session, request.name);
   request.redefine = askRedefine(session, request.name);
-  request.basePointUcs = askPoint(session, Text::kPromptBasePoint).value_or(OdGePoint3d());
+  request.basePointUcs = askBasePoint(session, options);
   request.ids = objectsForBlock(session, request.name, askObjects(session)).ids;
   request.space = qzutads::currentSpaceId();
-  request.afterwards = askAfterwards(session);
-  tellBlockMade(session, request, makeBlock(session, request));
+  request.afterwards = options.afterwards = askAfterwards(session, options.afterwards);
+  request.explodable = options.explodable != 0;
+  request.scalesUniformly = options.uniform != 0;
+  const BlockMade made = makeBlock(session, request);
+  tellBlockMade(session, request, made);
+  rememberBlockOptions(options);
+  if (options.openInEditor != 0 && context.drawing.document->blockEditorName().isEmpty())
+    openEditor(context, made.block);
 }
 
 } // namespace console::commands

@@ -34,6 +34,7 @@ void setvar(CommandContext& context);
 void text(CommandContext& context);
 void ucs(CommandContext& context);
 void undo(CommandContext& context);
+void wblock(CommandContext& context);
 void xref(CommandContext& context);
 
 } // namespace console::commands

@@ -66,8 +66,13 @@ Status runJob(SessionOptions settings, const Job& job) {
       job.readReport(report);
   };
   const auto save = [&] { saveDrawing(session, {job.files.out, job.files.version, job.files.form, job.files.force}); };
-  const bool done =
-      (!writes || look([&] { checkOutput(job.files); })) && look(open) && change() && (!writes || look(save));
+  const auto precheck = [&] {
+    if (writes)
+      checkOutput(job.files);
+    if (job.before)
+      job.before(session);
+  };
+  const bool done = look(precheck) && look(open) && change() && (!writes || look(save));
   if (done && job.tell)
     job.tell(session);
   if (done && writes) {

@@ -3,6 +3,7 @@
 #include "console/numbers.h"
 #include "console/selection.h"
 #include "console/verbs/job.h"
+#include "console/verbs/selector_options.h"
 #include "console/verbs/verb.h"
 
 #include "DbDictionary.h"
@@ -17,8 +18,6 @@ using Json = nlohmann::ordered_json;
 // What was typed, before it is understood.
 struct Typed {
   std::string name, base, ucs, units, description;
-  std::string select;
-  std::vector<std::string> layers, types, handles;
 };
 
 // The UCS of the options holds while the block is made; the drawing keeps its own header. Lives inside a step, which
@@ -54,7 +53,7 @@ public:
     verb_->add_option("--name", typed_.name, "Name of the block")->required();
     verb_->add_option("--base", typed_.base, "Base point X,Y[,Z]")->required();
     verb_->add_option("--ucs", typed_.ucs, "Coordinate system of the block: origin/X axis/Y axis, each X,Y,Z");
-    describeSelectors();
+    selectors_.describe(*verb_);
     describeOutcome();
     verb_->add_flag("--force", files_.force, "Replace a file that exists, or one that was repaired");
     verb_->add_flag("--json", json_, "Report as one JSON object");
@@ -67,12 +66,6 @@ public:
   }
 
 private:
-  void describeSelectors() {
-    verb_->add_option("--select", typed_.select, "all: every object of model space")->check(CLI::IsMember({"all"}));
-    verb_->add_option("--layer", typed_.layers, "Objects on this layer")->allow_extra_args(false);
-    verb_->add_option("--type", typed_.types, "Objects of this type, such as LINE")->allow_extra_args(false);
-    verb_->add_option("--handle", typed_.handles, "The object with this handle")->allow_extra_args(false);
-  }
   void describeOutcome() {
     CLI::App* outcome = verb_->add_option_group("objects", "What becomes of the objects");
     outcome->add_flag("--keep", keep_, "They stay");
@@ -87,10 +80,6 @@ private:
     verb_->add_flag("!--no-explode", request_.explodable, "It cannot be exploded");
     verb_->add_option("--units", typed_.units, "Its units: mm, cm, m, in, ft ... or a code from 0 to 24");
   }
-  void addSelectors(Selector::Kind kind, const std::vector<std::string>& values) {
-    for (const std::string& value : values)
-      selectors_.push_back({kind, OdString::fromUtf8(value)});
-  }
   void make(Session& session, Json& results);
 
   CLI::App* verb_ = nullptr;
@@ -99,7 +88,7 @@ private:
   BlockRequest request_;
   BlockMade made_;
   std::optional<OdGeMatrix3d> ucs_;
-  std::vector<Selector> selectors_;
+  SelectorOptions selectors_;
   bool keep_ = false;
   bool convert_ = false; // what happens anyway
   bool delete_ = false;
@@ -117,26 +106,18 @@ void Make::check() {
     refuseUsage(Text::kBadUcs, "--ucs", typed_.ucs);
   if (!typed_.units.empty() && !(request_.units = parseUnits(typed_.units)))
     refuseUsage(Text::kBadUnits, "--units", typed_.units);
-  for (const std::string& handle : typed_.handles) {
-    if (!parseHandle(handle))
-      refuseUsage(Text::kBadHandle, "--handle", handle);
-  }
+  selectors_.check();
   request_.name = OdString::fromUtf8(typed_.name);
   request_.description = OdString::fromUtf8(typed_.description);
   request_.afterwards = keep_ ? Afterwards::Keep : delete_ ? Afterwards::Delete : Afterwards::Convert;
-  if (!typed_.select.empty())
-    selectors_.push_back({Selector::Kind::All, {}});
-  addSelectors(Selector::Kind::Layer, typed_.layers);
-  addSelectors(Selector::Kind::Type, typed_.types);
-  addSelectors(Selector::Kind::Handle, typed_.handles);
-  if (selectors_.empty())
+  if (!selectors_.areGiven())
     throw Failure{Status::Usage, {Text::kNoSelector, {}}};
 }
 
 void Make::make(Session& session, Json& results) {
   OdDbDatabase& database = session.database();
   request_.space = database.getModelSpaceId();
-  const OdDbObjectIdArray picked = selectObjects(database, request_.space, selectors_);
+  const OdDbObjectIdArray picked = selectObjects(database, request_.space, selectors_.selectors());
   if (picked.isEmpty())
     refuse(Text::kNothingSelected);
   const BlockObjects objects = objectsForBlock(session, request_.name, picked);

@@ -3,7 +3,6 @@
 #include "console/verbs/verb.h"
 
 #include "GiPicture.h"
-#include "OdFiles.h"
 
 #include <CLI/CLI.hpp>
 
@@ -102,18 +101,11 @@ private:
   }
 
   void work(Session& session, Json& results) {
-    const bool exists = fileExists(out_);
-    if (exists && !force_)
+    if (!force_ && fileExists(out_)) // before the work
       refuse(Text::kFileExists, {asText(out_)});
     const drawing::Picture picture(subject(session.database()), options_);
     report_ = picture.report();
-    const std::string bytes = isSvg_ ? picture.svg() : picture.png();
-    drawing::ReplaceOptions how;
-    how.refuseExisting = !force_;
-    const drawing::FileError written = drawing::replaceFile(
-        out_, [&bytes](drawing::FileSink& sink) { return sink.append(bytes), drawing::FileError(); }, how);
-    if (!written.ok())
-      throw Failure{Status::SaveFailed, {Text::kSaveFailed, {asText(written.text)}}};
+    writeBytes(out_, isSvg_ ? picture.svg() : picture.png(), force_);
     results = jsonOf();
     if (!report_.notDrawn.empty() || report_.reachedLimit)
       session.note(Status::Repaired);

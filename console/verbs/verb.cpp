@@ -18,6 +18,7 @@ std::vector<std::unique_ptr<Verb>> allVerbs() {
   verbs.push_back(attributesVerb());
   verbs.push_back(previewVerb());
   verbs.push_back(graphVerb());
+  verbs.push_back(wblockVerb());
   return verbs;
 }
 

@@ -32,6 +32,7 @@ std::unique_ptr<Verb> insertVerb();     // morvane insert
 std::unique_ptr<Verb> attributesVerb(); // morvane attributes
 std::unique_ptr<Verb> previewVerb();    // morvane preview
 std::unique_ptr<Verb> graphVerb();      // morvane graph
+std::unique_ptr<Verb> wblockVerb();     // morvane wblock
 std::vector<std::unique_ptr<Verb>> allVerbs();
 
 [[noreturn]] void refuseUsage(Text text, const char* option, const std::string& value);

@@ -15,6 +15,7 @@ from dataclasses import dataclass, field
 
 import drawing_facts as facts
 import inserted_drawings as inserted
+import written_blocks as written
 from ezdxf.math import OCS, Matrix44, Vec3
 
 EARLY = "12"  # has few kinds: what the others become is not compared, only audited
@@ -369,6 +370,27 @@ def check_library(task):
     return "library", check.faults, len(parts)
 
 
+def check_written(task):
+    """Every block of a drawing in a file of its own."""
+    program, corpus, work, name = task
+    check = Check(program, corpus / name, work)
+    folder = work / f"blocks-{abs(hash(name))}"
+    count = 0
+    try:
+        done = run_program([program, "wblock", str(check.source), "--every-block", str(folder), "--no-previews", "--json"])
+        if done.returncode not in (0, 4):
+            check.fault(f"ended with {done.returncode}: {done.stderr.decode(errors='replace')[:300]}")
+        else:
+            source, _ = facts.open_drawing(check.source)
+            before = facts.audit(facts.open_drawing(check.source)[0])
+            manifest = json.loads((folder / "manifest.json").read_text())
+            heaped = renamed(json.loads(done.stdout))
+            count = written.compare_written(check.fault, source, before, folder, manifest, heaped)
+    except Exception as error:  # the reader fails in many ways on what it does not expect
+        check.fault(f"the reader fails: {error!r}")
+    return f"written {name}", check.faults, count
+
+
 def tasks_of(program, corpus, work):
     yield check_library, (program, corpus, work)
     for place in range(len(inserted.PLACES)):
@@ -386,6 +408,7 @@ def tasks_of(program, corpus, work):
     for number, name in enumerate(names):
         own = [("", "--text"), ("", "--binary")]
         others = [(version, form) for version in [EARLY, *VERSIONS.values()] for form in ("--text", "--binary")]
+        yield check_written, (program, corpus, work, name)
         yield check_conversions, (program, corpus, work, name, own + others[number % 2::2] if number % 3 == 0 else own)
 
 
@@ -404,7 +427,7 @@ def main():
             for fault in faults:
                 print(f"{name}: {fault}", flush=True)
     print(f"second reader: {runs['make']} blocks made, {runs['convert']} drawings converted, {runs['new']} begun, {runs['mended']} mended, {runs['inserted']} inserted, "
-          f"{runs['library']} parts in a library, "
+          f"{runs['library']} parts in a library, {runs['written']} blocks written, "
           f"{failed} with faults, {time.monotonic() - started:.0f} s")
     return 1 if failed else 0
 

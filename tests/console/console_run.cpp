@@ -1,13 +1,11 @@
 #include "tests/console/console_run.h"
 #include "console/command_loop.h"
-#include "console/program.h"
 #include "console/selection.h"
 
 #include "DbDump.h"
 
 #include <fstream>
 #include <gtest/gtest.h>
-#include <sstream>
 #include <unistd.h>
 
 namespace console_tests {
@@ -20,21 +18,6 @@ morvane::HostOptions forgetfulHost() {
 }
 
 } // namespace
-
-Outcome runMorvane(const std::vector<std::string>& arguments, const std::string& input) {
-  Outcome run;
-  std::istringstream stream(input);
-  console::Surroundings surroundings;
-  surroundings.host = forgetfulHost();
-  surroundings.input = &stream;
-  surroundings.talk = [&](const OdString& text) { run.shown += text.toUtf8Lossless(); };
-  surroundings.results = [&](const OdString& text) {
-    run.shown += text.toUtf8Lossless();
-    run.results += text.toUtf8Lossless();
-  };
-  run.status = console::runProgram(arguments, surroundings);
-  return run;
-}
 
 TestSession::TestSession()
     : session_({forgetfulHost(), [this](const OdString& text) { shown_ += text.toUtf8Lossless(); },

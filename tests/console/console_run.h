@@ -2,6 +2,7 @@
 #pragma once
 
 #include "console/session.h"
+#include "tests/support/program_run.h"
 #include "tests/support/scratch_folder.h"
 
 #include <filesystem>
@@ -10,14 +11,8 @@
 
 namespace console_tests {
 
-struct Outcome {
-  int status = 0;
-  std::string shown;   // what a user sees: command line and results in their order
-  std::string results; // the results alone
-};
-
-// The whole program; `input` is its standard input.
-Outcome runMorvane(const std::vector<std::string>& arguments, const std::string& input = {});
+using tests::Outcome;
+using tests::runMorvane;
 
 // A session that answers from scripts. Its output is captured.
 class TestSession {

@@ -30,8 +30,9 @@ TEST_P(Transcript, IsAsWritten) {
   const std::string stem = std::string(kFolder) + "/" + GetParam();
   const std::string script = scratch.write("script.scr", replaced(readFile(stem + ".scr"), "$OUT", scratch.path(".")));
   const Outcome run = runMorvane({"-f", script});
-  const std::string shown =
-      replaced(run.shown, scratch.path("."), "$OUT") + "status " + std::to_string(run.status) + "\n";
+  const std::string folder = scratch.path("."), asInDrawings = replaced(folder, "/", "\\");
+  const std::string shown = replaced(replaced(run.shown, folder, "$OUT"), asInDrawings, "$OUT") + "status " +
+                            std::to_string(run.status) + "\n";
   if (std::getenv("MORVANE_WRITE_TRANSCRIPTS") != nullptr) {
     std::ofstream(stem + ".txt") << shown;
     FAIL() << "written anew: " << stem << ".txt";

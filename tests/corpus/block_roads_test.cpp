@@ -1,28 +1,16 @@
 // BLOCK on real drawings, typed: locked layers, definitions that are there, and blocks that would contain themselves.
-#include "console/program.h"
-
 #include "DbBlockTable.h"
 #include "DbEntity.h"
 #include "tests/corpus/drawings.h"
+#include "tests/support/program_run.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
 
-struct Finished {
-  int status;
-  std::string shown;
-};
-
-Finished run(const std::string& path, const std::string& script) {
-  Finished done{0, {}};
-  console::Surroundings surroundings;
-  surroundings.host.keepsConfig = false;
-  surroundings.talk = [&](const OdString& text) { done.shown += text.toUtf8Lossless(); };
-  surroundings.results = surroundings.talk;
-  done.status = console::runProgram({path, "-c", script}, surroundings);
-  return done;
+tests::Outcome run(const std::string& path, const std::string& script) {
+  return tests::runMorvane({path, "-c", script});
 }
 
 std::size_t times(const std::string& text, const std::string& part) {
@@ -69,13 +57,13 @@ TEST(BlockRoads, HoldOnRealDrawings) {
     if (facts.layer.empty())
       return;
     const std::string lock = "LAYER Lock " + facts.layer + "\n\nBLOCK road 0,0 All\n\nKeep\n";
-    const Finished left = run(path, lock);
+    const tests::Outcome left = run(path, lock);
     const std::string box = "锁定图层上的对象数量: " + std::to_string(facts.locked) + "\n";
     EXPECT_EQ(times(left.shown, box), 1U) << left.shown;
     EXPECT_EQ(times(left.shown, "Block \"road\" made") != 0,
               facts.locked < facts.objects && times(left.shown, "cannot be put into") == 0);
     ++locked;
-    const Finished itself = run(path, kNested);
+    const tests::Outcome itself = run(path, kNested);
     if (times(itself.shown, "Block \"road-") < 3) // a layer is locked, or the object cannot be put into a block
       return;
     for (const char* said : {"块 road-a 参照自身。", ") contains \"road-b\" (reference ",
@@ -85,7 +73,7 @@ TEST(BlockRoads, HoldOnRealDrawings) {
     ++refused;
     if (facts.objects < 2) // nothing is left to redefine it with
       return;
-    const Finished both =
+    const tests::Outcome both =
         run(path, "BLOCK road 0,0 Last\n\nConvert\nBLOCK road 否\nBLOCK road 1 0,0 All\n\nBLOCK road 是 0,0 "
                   "All\nRemove Last\n\nKeep\n");
     EXPECT_EQ(times(both.shown, "图形中“road”块参照的数量：1\n"), 3U);

@@ -1,9 +1,8 @@
 // All parts of the corpus come into one drawing by one command; each reference shows what its own file holds.
-#include "console/program.h"
-
 #include "DbCompare.h"
 #include "tests/corpus/drawings.h"
 #include "tests/support/drawings.h"
+#include "tests/support/program_run.h"
 #include "tests/support/scratch_folder.h"
 
 #include <algorithm>
@@ -14,21 +13,6 @@
 namespace {
 
 using Json = nlohmann::json;
-
-struct Finished {
-  int status;
-  std::string results;
-};
-
-Finished run(const std::vector<std::string>& arguments) {
-  Finished run{0, {}};
-  console::Surroundings surroundings;
-  surroundings.host.keepsConfig = false;
-  surroundings.talk = [](const OdString&) {};
-  surroundings.results = [&](const OdString& text) { run.results += text.toUtf8Lossless(); };
-  run.status = console::runProgram(arguments, surroundings);
-  return run;
-}
 
 std::vector<std::string> partPaths() {
   std::vector<std::string> parts;
@@ -57,10 +41,10 @@ TEST(PartLibrary, ShowsEveryPartAsItsFileHasIt) {
     for (const std::string& part : parts)
       list << part << "\n";
   }
-  ASSERT_EQ(run({"-c", "SAVEAS " + folder.at("empty.dxf") + " 2018\n"}).status, 0);
+  ASSERT_EQ(tests::runMorvane({"-c", "SAVEAS " + folder.at("empty.dxf") + " 2018\n"}).status, 0);
   const std::string out = folder.at("all.dxf");
-  const Finished made = run({"insert", folder.at("empty.dxf"), "--file-list", folder.at("list.txt"), "--grid",
-                             "20,1000,1000", "--defaults", "--json", "-o", out});
+  const tests::Outcome made = tests::runMorvane({"insert", folder.at("empty.dxf"), "--file-list", folder.at("list.txt"),
+                                                 "--grid", "20,1000,1000", "--defaults", "--json", "-o", out});
   EXPECT_EQ(made.status, 4); // three of the files are damaged, and said to be
   const Json inserted = Json::parse(made.results)["results"]["inserted"];
   ASSERT_EQ(inserted.size(), parts.size());
@@ -79,7 +63,7 @@ TEST(PartLibrary, ShowsEveryPartAsItsFileHasIt) {
     for (const Json& kept : inserted[at]["kept"])
       ADD_FAILURE() << parts[at] << " shows another's " << kept;
   }
-  EXPECT_EQ(run({"audit", out}).status, 0);
+  EXPECT_EQ(tests::runMorvane({"audit", out}).status, 0);
 }
 
 } // namespace

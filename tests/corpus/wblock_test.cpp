@@ -8,12 +8,17 @@
 #include "tests/corpus/drawings.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
+#include "tests/support/program_run.h"
+#include "tests/support/scratch_folder.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 namespace {
 
 using namespace tests;
+using Json = nlohmann::json;
 
 OdDbObjectIdArray definitionsOf(const OdDbDatabase& database) {
   OdDbObjectIdArray ids;
@@ -69,6 +74,33 @@ TEST(Wblock, EveryDefinitionBecomesADrawingAndComesBack) {
   });
   EXPECT_GT(definitions, 500U);
   EXPECT_GT(dynamic, 10U);
+}
+
+// By one command; the samples hold the same in every version.
+TEST(Wblock, TheRichSampleIsWrittenBlockByBlock) {
+  for (const char* version : {"AC1009_ascii", "AC1015_ascii", "AC1021_ascii", "AC1032_ascii", "AC1032_binary"}) {
+    const std::string sample = corpus::folder() + "sample-versions/sample_" + version + ".dxf";
+    SCOPED_TRACE(sample);
+    const ScratchFolder scratch;
+    const std::string folder = scratch.at("blocks");
+    const Outcome run = runMorvane({"wblock", sample, "--every-block", folder, "--json"});
+    const Json blocks = Json::parse(run.results)["results"]["blocks"];
+    const OdDbDatabasePtr source = drawing::readDrawing(sample).database;
+    ASSERT_EQ(blocks.size(), definitionsOf(*source).size());
+    for (const Json& row : blocks) {
+      SCOPED_TRACE(row["block"]);
+      const OdDbObjectId block = source->getOdDbObjectId(std::stoull(row["handle"].get<std::string>(), nullptr, 16));
+      const drawing::ReadResult file = drawing::readDrawing(folder + "/" + row["file"].get<std::string>());
+      ASSERT_FALSE(file.database.isNull());
+      EXPECT_EQ(file.report.outcome(), drawing::Outcome::Whole);
+      expectSound(*file.database);
+      EXPECT_EQ(forRead<OdDbBlockTableRecord>(file.database->getModelSpaceId())->newIterator()->done(),
+                row["objects"] == 0);
+      const OdDbDatabasePtr into = OdDbDatabase::create();
+      EXPECT_TRUE(drawing::sameDefinition(block, into->insert(L"inserted", file.database.get())));
+      EXPECT_GT(std::filesystem::file_size(folder + "/" + row["preview"].get<std::string>()), 100U);
+    }
+  }
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 // The project itself keeps its rules. A failure names file and line.
+#include "tests/house/docs_rules.h"
 #include "tests/house/room_rules.h"
 #include "tests/house/text_rules.h"
 #include "tests/house/unit_rules.h"
@@ -35,4 +36,8 @@ TEST(Project, HasNoOverlongSource) {
 
 TEST(Project, HasNoWordsThatHaveNoPlaceInIt) {
   EXPECT_EQ(house::describe(house::checkWords(project())), "");
+}
+
+TEST(Project, ExplainsEveryExportedName) {
+  EXPECT_EQ(house::describe(house::checkPages(project())), "");
 }

@@ -1,4 +1,5 @@
 // The rules see what breaks them: small trees, each with one breach, and their lawful neighbours.
+#include "tests/house/docs_rules.h"
 #include "tests/house/room_rules.h"
 #include "tests/house/text_rules.h"
 #include "tests/house/unit_rules.h"
@@ -148,4 +149,36 @@ TEST(TextRules, CountLinesOfCodeOnly) {
   const std::string longText(house::kMostLines + 1, '\n');
   EXPECT_EQ(house::checkSizes({{"a.cpp", longText}, {"a.md", longText}}).size(), 1U);
   EXPECT_EQ(house::checkSizes({{"a.cpp", longText.substr(1)}}).size(), 0U);
+}
+
+TEST(PageRules, HoldPagesAndExportedNamesTogether) {
+  const std::string page = "docs/functions/low.md", other = "docs/functions/other.md";
+  const std::string exports = "blockcommon/exports.txt", header = "blockcommon/include/blockcommon/other.h";
+  const std::string code = "```cpp\nassert(low::f() == 1);\n```\n", box = "### Box, Box::g\n" + code;
+  const std::string good = "### low::f\n" + code + "```text\n### none\n```\n## More\n" + box;
+  const SourceTree tree{
+      {exports, "Box::Box(int)\nBox::g()\nBox::~Box()\nlow::f(int)\nlow::f(Box, int)\n"},
+      {"blockcommon/include/blockcommon/low.h", "namespace low { int f(); } class Box { int g(); };"},
+      {"docs/programming.md", "[low](functions/low.md)\n"},
+      {page, good},
+  };
+  const struct {
+    std::string changed, text, file, complaint; // what is changed, and where that is told
+  } cases[] = {
+      {page, good, page, ""},
+      {exports, tree.at(exports) + "low::gone()\n", exports, "low::gone is explained on no page"},
+      {page, good + "### low::h\n" + code, page, "low::h is no exported name"},
+      {header, "", header, "has no page"},
+      {page, good + "### low::f\n" + code, page, "has a heading already"},
+      {page, "### low::f\n" + box, page, "has 0 examples"},
+      {page, good + code, page, "has 2 examples"},
+      {page, "### low::f, Box, Box::g\n```cpp\nlow::f();\n```\n", page, "checks nothing"},
+      {page, good + std::string(800, '\n'), page, "too long"},
+      {page, "### low::f, Box, Box::g\n```cpp\nassert(1);\n" + std::string(20, '\n') + "```\n", page, "too long"},
+      {other, good, other, "is the page of no header"},
+      {"docs/programming.md", "", page, "is not listed"},
+  };
+  for (const auto& one : cases)
+    expectFinding({one.file, one.text, one.complaint}, house::checkPages(with(tree, {one.changed, one.text, ""})));
+  EXPECT_EQ(house::checkPages(with(tree, {page, good + "```cpp\n", ""}))[0].text, "line 13: the block has no end");
 }

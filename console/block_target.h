@@ -1,0 +1,28 @@
+// Where a block is written: the name that was typed, settled and tested, and what is remembered from one time to the
+// next in the user's configuration.
+#pragma once
+
+#include "console/session.h"
+
+#include <string>
+
+namespace console {
+
+// Settles the ending of what was typed: none, or another, gets .dxf behind it, .DXF becomes .dxf; a name that changed
+// is told. Throws for no name and for the name of a DWG file, which cannot be written yet.
+OdString settledName(Session& session, const OdString& typed);
+
+// The version that was used last. A remembered DWG becomes DXF of the same version, which is told.
+OdDb::DwgVersion rememberedVersion(Session& session);
+
+// The file in full, as this system spells it, once it may be written. A name without a folder is below that of the file
+// that was written last, else below the drawing's. Throws when it cannot be a target, is an open drawing, or the user
+// does not want it replaced; `askedTarget` asks that, `givenTarget` goes by `mayReplace` and starts at the working
+// folder. Both take what settledName answers.
+std::string askedTarget(Session& session, const OdString& name);
+std::string givenTarget(Session& session, const OdString& name, bool mayReplace);
+
+// After writing.
+void rememberTarget(Session& session, const std::string& path, OdDb::DwgVersion version);
+
+} // namespace console

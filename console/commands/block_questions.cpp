@@ -1,0 +1,41 @@
+#include "console/commands/block_questions.h"
+
+#include "console/ask.h"
+#include "console/block_maker.h"
+
+#include "DbBlockTable.h"
+#include "blockcommon/messages.h"
+
+#include <array>
+
+namespace console::commands {
+
+bool askRedefine(Session& session, const OdString& name) {
+  constexpr int kReplace = 0;
+  const OdDbObjectId block = definitionOf(session, name);
+  if (block.isNull())
+    return false;
+  if (dlgTips::showBlockRedefineTips(name, static_cast<int>(referencesTo(block))) != kReplace)
+    cancel();
+  return true;
+}
+
+Afterwards askAfterwards(Session& session, Afterwards usual) {
+  constexpr std::array<const wchar_t*, 3> kNames = {L"Keep", L"Convert", L"Delete"};
+  const OdString usualName = kNames[static_cast<std::size_t>(usual)];
+  const OdString answer =
+      askKeyword(session, Text::kKeywordsAfterwards, Text::kPromptAfterwards, {usualName}).value_or(usualName);
+  for (std::size_t at = 0; at < kNames.size(); ++at) {
+    if (answer == kNames[at])
+      return static_cast<Afterwards>(at);
+  }
+  return usual;
+}
+
+void openEditor(CommandContext& context, OdDbObjectId block) {
+  const OdString name = OdDbBlockTableRecordPtr(block.safeOpenObject())->getName();
+  context.drawing.document->setBlockEditorName(name);
+  context.session.say(Text::kEditorOpened, {name});
+}
+
+} // namespace console::commands

@@ -1,0 +1,16 @@
+// Questions that commands on blocks share.
+#pragma once
+
+#include "console/session.h"
+
+#include "DbObjectId.h"
+
+namespace console::commands {
+
+// Whether there is a definition of that name and the user wants it replaced; a no cancels the command.
+bool askRedefine(Session& session, const OdString& name);
+Afterwards askAfterwards(Session& session, Afterwards usual);
+// Opens the contents of the block until BCLOSE.
+void openEditor(CommandContext& context, OdDbObjectId block);
+
+} // namespace console::commands

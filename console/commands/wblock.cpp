@@ -1,0 +1,128 @@
+#include "console/ask.h"
+#include "console/block_maker.h"
+#include "console/block_objects.h"
+#include "console/block_target.h"
+#include "console/block_writer.h"
+#include "console/commands/block_list.h"
+#include "console/commands/block_questions.h"
+#include "console/commands/commands.h"
+#include "console/numbers.h"
+#include "console/selection.h"
+
+#include "DbBlockTable.h"
+#include "morvane/drawing_tools.h"
+
+#include <filesystem>
+
+namespace console::commands {
+namespace {
+
+// What happens to the objects once they are written.
+struct Plan {
+  BlockFileRequest file;
+  Afterwards afterwards = Afterwards::Keep;
+  BlockRequest block; // when a reference is to take their place
+};
+
+OdDb::DwgVersion askVersion(Session& session) {
+  const OdString usual = OdString::fromUtf8(drawing::versionYear(rememberedVersion(session)));
+  const OdString typed = askText(session, Text::kPromptVersion, {usual}).value_or(usual);
+  const OdDb::DwgVersion version = drawing::versionFromYear(typed.toUtf8());
+  if (version == OdDb::kVersionUnknown || drawing::writtenVersion(version) != version)
+    refuse(Text::kNoSuchVersion, {typed});
+  return version;
+}
+
+OdString ownName(const std::string& path) {
+  return OdString::fromUtf8(std::filesystem::path(path).stem().string());
+}
+
+// A name, * for the whole drawing, = for the block named like the file; nothing typed: objects.
+OdString askSource(Session& session) {
+  for (;;) {
+    const OdString typed = askText(session, Text::kPromptWblockSource).value_or(OdString());
+    if (typed != L"?")
+      return typed;
+    if (listBlocks(session) == 0)
+      session.result(Text::kNoBlocks);
+  }
+}
+
+OdDbObjectId namedDefinition(Session& session, const OdString& name) {
+  const OdDbObjectId block = definitionToWrite(session, name);
+  if (block.isNull())
+    refuse(Text::kNoSuchBlock, {name});
+  return block;
+}
+
+// The block that takes the place of the objects is tested and asked for before anything is written.
+void planBlock(Session& session, Plan& plan, OdDbObjectIdArray& ids) {
+  plan.block.name = ownName(plan.file.path);
+  checkBlockName(session, plan.block.name);
+  plan.block.redefine = askRedefine(session, plan.block.name);
+  ids = objectsForBlock(session, plan.block.name, ids).ids;
+  plan.block.ids = ids;
+  plan.block.basePointUcs = *plan.file.basePoint;
+  plan.block.space = qzutads::currentSpaceId();
+  plan.block.afterwards = Afterwards::Convert;
+}
+
+void planObjects(Session& session, Plan& plan) {
+  if (mvsi::mvsidbUcsMatrix(plan.file.ucs, &session.database()) != RTNORM)
+    throw OdError(eInvalidInput);
+  plan.file.basePoint = askPoint(session, Text::kPromptBasePoint).value_or(OdGePoint3d());
+  OdDbObjectIdArray ids = askSelection(session);
+  plan.afterwards = askAfterwards(session, Afterwards::Keep);
+  if (plan.afterwards == Afterwards::Convert)
+    planBlock(session, plan, ids);
+  else if (plan.afterwards == Afterwards::Delete)
+    leaveOutLocked(session, ids);
+  plan.file.source = ids;
+}
+
+std::optional<OdDb::UnitsValue> askUnits(Session& session, const Plan& plan) {
+  const auto* block = std::get_if<OdDbObjectId>(&plan.file.source);
+  const OdDb::UnitsValue usual = block == nullptr
+                                     ? session.database().getINSUNITS()
+                                     : OdDbBlockTableRecordPtr(block->safeOpenObject())->blockInsertUnits();
+  const auto typed = askText(session, Text::kPromptUnits, {unitsText(usual)});
+  const auto units = typed ? parseUnits(typed->toUtf8()) : usual;
+  if (!units)
+    refuse(Text::kNoSuchUnits, {*typed});
+  return units;
+}
+
+void settleObjects(Session& session, Plan& plan, const OdDbObjectIdArray& ids) {
+  if (plan.afterwards == Afterwards::Convert) {
+    plan.block.units = plan.file.units;
+    makeBlock(session, plan.block);
+  } else if (plan.afterwards == Afterwards::Delete) {
+    for (const OdDbObjectId id : ids)
+      id.safeOpenObject(OdDb::kForWrite)->erase();
+  }
+  tellAfterwards(session, plan.afterwards);
+}
+
+} // namespace
+
+void wblock(CommandContext& context) {
+  Session& session = context.session;
+  Plan plan;
+  const OdString name = settledName(session, askText(session, Text::kPromptWblockFile).value_or(OdString()));
+  plan.file.path = askedTarget(session, name);
+  plan.file.mayReplace = true; // it is not there, or the user said yes
+  plan.file.version = askVersion(session);
+  const OdString source = askSource(session);
+  if (source.isEmpty())
+    planObjects(session, plan);
+  else if (source != L"*")
+    plan.file.source = namedDefinition(session, source == L"=" ? ownName(plan.file.path) : source);
+  plan.file.units = askUnits(session, plan);
+  const BlockFile written = writeBlockFile(session, plan.file);
+  rememberTarget(session, written.path, written.version);
+  tellBlockFile(session, written);
+  if (const auto* ids = std::get_if<OdDbObjectIdArray>(&plan.file.source))
+    settleObjects(session, plan, *ids);
+}
+
+} // namespace console::commands

@@ -1,0 +1,42 @@
+#include "console/verbs/selector_options.h"
+
+#include "console/numbers.h"
+#include "console/verbs/verb.h"
+
+#include <CLI/CLI.hpp>
+
+namespace console::verbs {
+
+void SelectorOptions::describe(CLI::App& verb) {
+  verb.add_option("--select", select_, "all: every object of model space")->check(CLI::IsMember({"all"}));
+  verb.add_option("--layer", layers_, "Objects on this layer")->allow_extra_args(false);
+  verb.add_option("--type", types_, "Objects of this type, such as LINE")->allow_extra_args(false);
+  verb.add_option("--handle", handles_, "The object with this handle")->allow_extra_args(false);
+}
+
+void SelectorOptions::check() const {
+  for (const std::string& handle : handles_) {
+    if (!parseHandle(handle))
+      refuseUsage(Text::kBadHandle, "--handle", handle);
+  }
+}
+
+bool SelectorOptions::areGiven() const {
+  return !selectors().empty();
+}
+
+std::vector<Selector> SelectorOptions::selectors() const {
+  std::vector<Selector> all;
+  if (!select_.empty())
+    all.push_back({Selector::Kind::All, {}});
+  const auto add = [&all](Selector::Kind kind, const std::vector<std::string>& values) {
+    for (const std::string& value : values)
+      all.push_back({kind, OdString::fromUtf8(value)});
+  };
+  add(Selector::Kind::Layer, layers_);
+  add(Selector::Kind::Type, types_);
+  add(Selector::Kind::Handle, handles_);
+  return all;
+}
+
+} // namespace console::verbs

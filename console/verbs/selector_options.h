@@ -1,0 +1,27 @@
+// The options by which sub-verbs pick objects of model space.
+#pragma once
+
+#include "console/selection.h"
+
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace console::verbs {
+
+class SelectorOptions {
+public:
+  void describe(CLI::App& verb);
+  void check() const; // throws the usage Failure for what is no handle
+  bool areGiven() const;
+  std::vector<Selector> selectors() const;
+
+private:
+  std::string select_;
+  std::vector<std::string> layers_, types_, handles_;
+};
+
+} // namespace console::verbs

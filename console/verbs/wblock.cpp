@@ -1,0 +1,160 @@
+#include "console/block_library.h"
+#include "console/block_target.h"
+#include "console/block_writer.h"
+#include "console/numbers.h"
+#include "console/verbs/job.h"
+#include "console/verbs/selector_options.h"
+#include "console/verbs/verb.h"
+
+#include <CLI/CLI.hpp>
+
+namespace console::verbs {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+class Wblock : public Verb {
+public:
+  void describe(CLI::App& program) override {
+    verb_ = program.add_subcommand("wblock", "Write a block, objects or the whole drawing to a file of its own");
+    verb_->add_option("FILE", in_, "Drawing to read")->required();
+    describeSource();
+    verb_->add_option("-o,--output", out_, "File to write; without an ending it gets .dxf");
+    verb_->add_option("--base", base_, "Base point X,Y[,Z] (the block's own; 0,0 for objects; that of FILE)");
+    verb_->add_option("--units", units_, "Its units: mm, cm, m, in, ft ... or a code from 0 to 24 (as they are)");
+    verb_->add_option("--as", version_, "Version: 12, 2000, 2004, 2007, 2010, 2013 or 2018 (that of FILE)");
+    verb_->add_flag("--binary", binary_, "Write binary DXF");
+    verb_->add_flag("--force", force_, "Replace files that exist");
+    verb_->add_flag("--json", json_, "Report as one JSON object");
+  }
+  bool isChosen() const override { return verb_->parsed(); }
+  void check() override;
+  Status run(const SessionOptions& settings) override {
+    JobFiles files;
+    files.in = in_;
+    Job job{"wblock", files, json_, [this](Session& session, Json& results) { work(session, results); },
+            [this](Session& session) { tell(session); }};
+    job.before = [this](Session& session) { checkTarget(session); };
+    return runJob(settings, job);
+  }
+
+private:
+  void describeSource() {
+    verb_->add_option("--block", block_, "The definition of this name");
+    selectors_.describe(*verb_);
+    verb_->add_flag("--all", all_, "The whole drawing, less what nothing uses");
+    CLI::Option* every = verb_->add_option("--every-block", folder_,
+                                           "Every definition, each to a file and with a picture in this folder");
+    verb_->add_flag("!--no-anonymous", withAnonymous_, "Leave anonymous definitions out")->needs(every);
+    verb_->add_flag("!--no-previews", withPreviews_, "No pictures")->needs(every);
+  }
+  bool isLibrary() const { return !folder_.empty(); }
+  void checkTarget(Session& session);
+  BlockFileSource source(Session& session) const;
+  void work(Session& session, Json& results);
+  Json writeOne(Session& session);
+  void tell(Session& session) const;
+
+  CLI::App* verb_ = nullptr;
+  std::string in_, out_, block_, folder_, base_, units_, version_;
+  SelectorOptions selectors_;
+  BlockFileRequest request_;
+  OdString target_; // settled
+  BlockFile written_;
+  Json manifest_;
+  bool all_ = false, binary_ = false, force_ = false, json_ = false;
+  bool withAnonymous_ = true, withPreviews_ = true;
+};
+
+void Wblock::check() {
+  if (!isChosen())
+    return;
+  const int sources =
+      (verb_->count("--block") > 0 ? 1 : 0) + (selectors_.areGiven() ? 1 : 0) + (all_ ? 1 : 0) + (isLibrary() ? 1 : 0);
+  if (sources != 1)
+    throw Failure{Status::Usage, {Text::kOneSource, {}}};
+  if (isLibrary() ? !out_.empty() || !base_.empty() : out_.empty())
+    throw Failure{Status::Usage, {isLibrary() ? Text::kLibraryNoOutput : Text::kNoOutput, {}}};
+  selectors_.check();
+  if (!base_.empty() && !(request_.basePoint = parsePoint(base_)))
+    refuseUsage(Text::kBadPoint, "--base", base_);
+  if (!units_.empty() && !(request_.units = parseUnits(units_)))
+    refuseUsage(Text::kBadUnits, "--units", units_);
+  request_.version = versionOption(version_);
+  request_.form = binary_ ? drawing::WriteOptions::Binary : drawing::WriteOptions::Text;
+  request_.mayReplace = force_;
+}
+
+// Before anything is read.
+void Wblock::checkTarget(Session& session) {
+  if (isLibrary())
+    return;
+  target_ = settledName(session, OdString::fromUtf8(out_));
+  givenTarget(session, target_, force_);
+}
+
+BlockFileSource Wblock::source(Session& session) const {
+  if (all_)
+    return WholeDrawing();
+  if (selectors_.areGiven()) {
+    OdDbDatabase& database = session.database();
+    OdDbObjectIdArray ids = selectObjects(database, database.getModelSpaceId(), selectors_.selectors());
+    if (ids.isEmpty())
+      refuse(Text::kNothingSelected);
+    return ids;
+  }
+  const OdString name = OdString::fromUtf8(block_);
+  const OdDbObjectId block = definitionToWrite(session, name);
+  if (block.isNull())
+    refuse(Text::kNoSuchBlock, {name});
+  return block;
+}
+
+Json Wblock::writeOne(Session& session) {
+  request_.source = source(session);
+  request_.path = givenTarget(session, target_, force_);
+  written_ = writeBlockFile(session, request_);
+  rememberTarget(session, written_.path, written_.version);
+  return {{"file", written_.path},
+          {"version", drawing::versionYear(written_.version)},
+          {"objects", written_.count.objects},
+          {"types", written_.count.types},
+          {"definitions", written_.count.definitions},
+          {"base", {written_.basePoint.x, written_.basePoint.y, written_.basePoint.z}},
+          {"units", static_cast<int>(written_.units)},
+          {"dropped", written_.dropped}};
+}
+
+void Wblock::work(Session& session, Json& results) {
+  if (!isLibrary()) {
+    results = writeOne(session);
+    return;
+  }
+  LibraryRequest request;
+  request.folder = folder_;
+  request.units = request_.units;
+  request.version = request_.version;
+  request.form = request_.form;
+  request.mayReplace = force_;
+  request.withAnonymous = withAnonymous_;
+  request.withPreviews = withPreviews_;
+  manifest_ = writeLibrary(session, request);
+  results = manifest_;
+}
+
+void Wblock::tell(Session& session) const {
+  if (!isLibrary())
+    return tellBlockFile(session, written_);
+  for (const Json& one : manifest_["leftOut"])
+    session.say(Text::kLibraryLeftOut, {OdString::fromUtf8(one["block"].get<std::string>()),
+                                        OdString::fromUtf8(one["reason"].get<std::string>())});
+  session.result(Text::kLibraryWritten, {count(manifest_["blocks"].size()), OdString::fromUtf8(folder_)});
+}
+
+} // namespace
+
+std::unique_ptr<Verb> wblockVerb() {
+  return std::make_unique<Wblock>();
+}
+
+} // namespace console::verbs

@@ -1,0 +1,217 @@
+// Writing blocks to files by the program: what lands in the file, which names and answers are refused before anything
+// changes, and what is remembered for the next time.
+#include "tests/console/console_run.h"
+#include "tests/support/drawings.h"
+#include "tests/support/failing_files.h"
+
+#include "console/portable_name.h"
+
+#include "DbDxf.h"
+
+#include <nlohmann/json.hpp>
+
+namespace {
+
+using namespace console_tests;
+using namespace tests;
+using Json = nlohmann::json;
+
+// plan.dxf: two definitions, one in the other, a reference, three texts, an external reference.
+class WblockVerb : public testing::Test {
+protected:
+  WblockVerb() {
+    const OdDbObjectId leaf = addBlock(*plan_, L"leaf"), door = addBlock(*plan_, L"door");
+    addText(*plan_, L"hinge", leaf);
+    addReference(*plan_, leaf, door);
+    addReference(*plan_, door);
+    forWrite<OdDbBlockTableRecord>(door)->setOrigin({1, 2, 0});
+    forWrite<OdDbBlockTableRecord>(door)->setBlockInsertUnits(OdDb::kUnitsMeters);
+    forWrite<OdDbBlockTableRecord>(addBlock(*plan_, L"site"))->setXref(L"site.dxf");
+    for (const wchar_t* name : {L"con", L"CON", L"*U", L"a<b", L"a>b"})
+      addBlock(*plan_, name);
+    for (int number = 0; number < 3; ++number)
+      addText(*plan_, L"text");
+    plan_->setINSBASE({7, 7, 7});
+    EXPECT_EQ(drawing::writeDrawing(*plan_, path("plan.dxf")).result, eOk);
+  }
+  std::string path(const std::string& name) const { return scratch_.path(name); }
+  // $O is the folder.
+  Outcome run(std::vector<std::string> options, const std::vector<std::string>& first = {}) const {
+    std::vector<std::string> arguments = first;
+    arguments.insert(arguments.end(), {"wblock", path("plan.dxf")});
+    for (const std::string& option : options)
+      arguments.push_back(replaced(option, "$O", scratch_.path(".")));
+    return runMorvane(arguments, {}, path("config.json"));
+  }
+
+  OdDbDatabasePtr plan_ = OdDbDatabase::create();
+  const Scratch scratch_;
+};
+
+TEST_F(WblockVerb, WritesOneSourceToOneFile) {
+  const struct {
+    std::vector<std::string> options;
+    int status;
+    const char* expected; // of the results, or of what is shown
+  } kCases[] = {
+      {{"--block", "DOOR", "-o", "$O/o"},
+       0,
+       R"({"objects":1,"types":{"INSERT":1},"definitions":1,"base":[1,2,0],"units":6})"},
+      {{"--block", "door", "--base", "5,5", "--units", "ft", "-o", "$O/o.DXF"}, 0, R"({"base":[5,5,0],"units":2})"},
+      {{"--select", "all", "-o", "$O/o.dxf"}, 0, R"({"objects":4,"definitions":2,"base":[0,0,0],"units":4})"},
+      {{"--type", "TEXT", "--base", "1,1", "--as", "12", "-o", "$O/o"},
+       4, // what that version has no place for
+       R"({"objects":3,"definitions":0,"version":"R12"})"},
+      {{"--all", "-o", "$O/o"}, 0, R"({"objects":4,"definitions":3,"base":[7,7,7]})"},
+      {{"--all", "--base", "1,0,0", "-o", "$O/o"}, 0, R"({"base":[1,0,0]})"},
+      {{"--block", "nothing", "-o", "$O/o"}, 1, "block.unknown"},
+      {{"--block", "site", "-o", "$O/o"}, 1, "block.name-external"},
+      {{"--block", "*Model_Space", "-o", "$O/o"}, 1, "block.name-of-space"},
+      {{"--layer", "none", "-o", "$O/o"}, 1, "select.unknown-layer"},
+      {{"--all", "-o", "$O/o.Dwg"}, 1, "file.dwg"},
+      {{"--all", "-o", "$O/none/o"}, 1, "wblock.no-target"},
+      {{"--all", "-o", "$O/plan"}, 1, "file.exists"},
+      {{"--all", "--force", "-o", "$O/plan"}, 1, "wblock.open"},
+      {{"--all", "-o", " "}, 1, "file.no-name"},
+      {{"--all", "--block", "door", "-o", "$O/o"}, 2, ""},
+      {{"-o", "$O/o"}, 2, ""},
+      {{"--all"}, 2, ""},
+      {{"--every-block", "$O/b", "-o", "$O/o"}, 2, ""},
+      {{"--all", "--as", "2001", "-o", "$O/o"}, 2, ""},
+      {{"--block", "door", "--base", "x", "-o", "$O/o"}, 2, ""},
+  };
+  const std::string plan = readFile(path("plan.dxf"));
+  for (const auto& row : kCases) {
+    std::filesystem::remove(path("o.dxf"));
+    std::vector<std::string> options = row.options;
+    options.push_back("--json");
+    const Outcome done = run(options);
+    SCOPED_TRACE(done.shown);
+    EXPECT_EQ(done.status, row.status);
+    const bool isWritten = row.status == 0 || row.status == 4;
+    EXPECT_EQ(std::filesystem::exists(path("o.dxf")), isWritten);
+    EXPECT_EQ(readFile(path("plan.dxf")), plan);
+    if (row.status == 1) {
+      EXPECT_NE(done.results.find(row.expected), std::string::npos);
+    }
+    if (!isWritten)
+      continue;
+    const Json results = Json::parse(done.results)["results"], expected = Json::parse(row.expected);
+    for (const auto& [key, value] : expected.items())
+      EXPECT_EQ(results[key], value) << key;
+    EXPECT_EQ(runMorvane({"audit", path("o.dxf")}).status, 0);
+  }
+}
+
+TEST_F(WblockVerb, WritesEveryBlockOrNothing) {
+  const Outcome done = run({"--every-block", "$O/b"});
+  EXPECT_EQ(done.status, 0) << done.shown;
+  const Json manifest = Json::parse(readFile(path("b/manifest.json")));
+  std::vector<std::string> files;
+  for (const Json& row : manifest["blocks"]) {
+    files.push_back(row["file"]);
+    EXPECT_EQ(drawing::readDrawing(path("b/" + files.back())).report.outcome(), drawing::Outcome::Whole);
+    EXPECT_TRUE(std::filesystem::exists(path("b/" + row["preview"].get<std::string>())));
+  }
+  EXPECT_EQ(files, (std::vector<std::string>{"leaf.dxf", "door.dxf", "_con.dxf", "_U1.dxf", "a_b.dxf", "a_b-2.dxf"}));
+  EXPECT_EQ(manifest["leftOut"][0]["block"], "site");
+
+  const std::string before = readFile(path("b/door.dxf"));
+  EXPECT_EQ(run({"--every-block", "$O/b", "--as", "2000"}).status, 1);
+  EXPECT_EQ(readFile(path("b/door.dxf")), before);
+  EXPECT_EQ(run({"--every-block", "$O/b", "--as", "2000", "--force", "--no-anonymous"}).status, 0);
+  EXPECT_EQ(drawing::readDrawing(path("b/door.dxf")).database->facts().version, OdDb::kRelease2000);
+  EXPECT_EQ(Json::parse(readFile(path("b/manifest.json")))["leftOut"][1]["reason"], "anonymous");
+  EXPECT_EQ(run({"--every-block", "$O/none/b"}).status, 6);
+}
+
+TEST_F(WblockVerb, AFileStaysWholeWhenTheDiskFails) {
+  ASSERT_EQ(run({"--block", "door", "-o", "$O/o"}).status, 0);
+  const std::string before = readFile(path("o.dxf"));
+  int refusals = 0;
+  bool hasFailed = true;
+  for (int failAt = 1; hasFailed; ++failAt) {
+    test_support::FailingFiles files(drawing::fileOperations(), failAt, ENOSPC);
+    drawing::setFileOperations(&files);
+    const int status = run({"--select", "all", "--force", "-o", "$O/o"}).status;
+    drawing::setFileOperations(nullptr);
+    hasFailed = files.hasFailed();
+    refusals += status != 0 ? 1 : 0;
+    const std::string now = readFile(path("o.dxf"));
+    if (now == before)
+      continue;
+    // The new one, as a whole; where only reading it again failed, that is told.
+    EXPECT_EQ(drawing::readDrawingFromMemory(now).report.outcome(), drawing::Outcome::Whole) << "call " << failAt;
+    ASSERT_EQ(run({"--block", "door", "--force", "-o", "$O/o"}).status, 0);
+  }
+  EXPECT_GT(refusals, 5);
+}
+
+TEST(WblockCommand, RemembersFormatAndFolderAndAsksNobodyWhereItMayNot) {
+  const Scratch scratch;
+  const std::string config = scratch.path("config.json"), out = scratch.path("out.dxf");
+  const auto run = [&](std::vector<std::string> options, const std::string& script) {
+    options.insert(options.end(), {"-c", "LINE 0,0 1,1\n\n" + script, "examples/drawings/room.dxf"});
+    return runMorvane(options, {}, config);
+  };
+  EXPECT_EQ(run({}, "WBLOCK " + out + "\n2004\n*\n\n").status, 0);
+  const Json stored = Json::parse(readFile(config));
+  EXPECT_EQ(stored["Write_block_dialog"]["Items\\ComBoxGetCurSel"], replaced(out, "/", "\\"));
+  EXPECT_EQ(stored["wblock_dialog"], (Json{{"SaveFormatType", 1}, {"SaveFormatVersion", 25}}));
+  const std::string before = readFile(out);
+  const Outcome refused = run({"--no-prompt"}, "WBLOCK out\n");
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_EQ(readFile(out), before);
+  EXPECT_NE(run({}, "WBLOCK next\n\n*\n\n").shown.find("version 2004"), std::string::npos);
+  EXPECT_TRUE(std::filesystem::exists(scratch.path("next.dxf")));
+}
+
+TEST(BlockCommand, RemembersItsSettingsOnceABlockIsMade) {
+  const Scratch scratch;
+  const std::string config = scratch.path("config.json");
+  const auto run = [&](const std::string& script) {
+    return runMorvane({"-c", "LINE 0,0 1,1\n\n" + script}, {}, config);
+  };
+  EXPECT_EQ(run("BLOCK a Settings Explodable Uniform Open\n0,0 All\n\nCancelled\n").status, 5);
+  EXPECT_FALSE(std::filesystem::exists(config) && Json::parse(readFile(config)).contains("block_dialog"));
+  EXPECT_EQ(run("BLOCK a Settings Explodable Uniform Open\n\n0,0 All\n\nKeep\nLIST\n").status, 0);
+  EXPECT_EQ(Json::parse(readFile(config))["block_dialog"], (Json{{"BasePointOnScreen", false},
+                                                                 {"ObjectsOnScreen", false},
+                                                                 {"ObjectsPostprocessing", 0},
+                                                                 {"Explode", false},
+                                                                 {"ScaleUniform", false},
+                                                                 {"bOpenInEditor", true}}));
+  const Outcome again = run("BLOCK b 0,0 All\n\n\nBCLOSE\nSAVEAS " + scratch.path("o.dxf") + "\n\n");
+  EXPECT_NE(again.shown.find("<Keep>"), std::string::npos) << again.shown;
+  const OdDbDatabasePtr made = drawing::readDrawing(scratch.path("o.dxf")).database;
+  const auto block = forRead<OdDbBlockTableRecord>(made->symbol(OdDb::kBlockTable, L"b"));
+  EXPECT_FALSE(block->explodable());
+  EXPECT_EQ(block->blockScaling(), OdDbBlockTableRecord::kAny);
+}
+
+TEST(PortableNames, AreSafeAndApartOnEveryFileSystem) {
+  const struct {
+    OdString text, name;
+  } kCases[] = {{L"door", L"door"},
+                {L"DOOR", L"DOOR-2"},
+                {L"door-2", L"door-2-2"},
+                {L"", L"_"},
+                {L".", L"_-2"},
+                {L"*U12", L"_U12"},
+                {L"a/b\\c:d", L"a_b_c_d"},
+                {L"-rf", L"_rf"},
+                {L".hidden. ", L"_hidden._"},
+                {L"con", L"_con"},
+                {L"Com1.v2", L"_Com1.v2"},
+                {L"LPT\u00B9", L"_LPT\u00B9"},
+                {L"COM10", L"COM10"},
+                {L"\u95E8 \u0434\u0432\u0435\u0440\u044C", L"\u95E8 \u0434\u0432\u0435\u0440\u044C"},
+                {L"a\nb\u202E", L"a_b_"},
+                {OdString(std::wstring(1, wchar_t(0xDC80))), L"_-3"},
+                {OdString(std::wstring(90, L'\u95E8')), OdString(std::wstring(66, L'\u95E8'))}};
+  console::PortableNames names;
+  for (const auto& row : kCases)
+    EXPECT_EQ(names.add(row.text), row.name) << row.text.toUtf8Lossless();
+}
+
+} // namespace

@@ -1,0 +1,12 @@
+// The pages for programmers and the exported names are held together.
+#pragma once
+
+#include "tests/house/source_tree.h"
+
+namespace house {
+
+// Every exported function and class has one heading with one example on the page of its unit; every heading of these
+// pages names one; the entry page lists the pages.
+std::vector<Finding> checkPages(const SourceTree& tree);
+
+} // namespace house
