@@ -57,7 +57,7 @@ TEST_F(BlockLookup, TellsTheKindsApart) {
       {L"", false, false, false, true},
   };
   for (const auto& one : cases) {
-    SCOPED_TRACE(OdString(one.name).toUtf8());
+    SCOPED_TRACE(one.name);
     EXPECT_EQ(blockUtils::isAnonymous(one.name), one.anonymous);
     EXPECT_EQ(blockUtils::isExternalDependent(one.name), one.dependent);
     EXPECT_EQ(blockUtils::isFromExternalReference(one.name), one.external);

@@ -40,7 +40,7 @@ TEST_F(DocumentQueries, TellTheCurrentDocumentFromTheOthers) {
       {L"", false, false, false},
   };
   for (const auto& row : rows) {
-    SCOPED_TRACE(OdString(row.path).toUtf8());
+    SCOPED_TRACE(row.path);
     EXPECT_EQ(isDoc(row.path), row.isOther);
     EXPECT_EQ(iscurDoc(row.path), row.isCurrent);
     host_.failOperation("currentDocument"); // nothing is current
@@ -68,7 +68,7 @@ TEST_F(DocumentQueries, NamesOfBlocksLeaveOutWhatNobodyNamed) {
   const std::pair<const wchar_t*, bool> known[] = {
       {L"dOOR", true}, {L"Site", true}, {L"*Model_Space", true}, {L"Gone", false}, {L"", false}};
   for (const auto& [name, isThere] : known)
-    EXPECT_EQ(isBlockNameInCurDb(name), isThere) << OdString(name).toUtf8();
+    EXPECT_EQ(isBlockNameInCurDb(name), isThere) << name;
   EXPECT_TRUE(isExternalReference(site));
   for (const OdDbObjectId& id : {door_, gone, OdDbObjectId()})
     EXPECT_FALSE(isExternalReference(id));
@@ -153,8 +153,8 @@ TEST_F(DocumentQueries, LookThroughAttributeDefinitions) {
       if (has('x'))
         forWrite<OdDbEntity>(id)->erase();
     }
-    EXPECT_EQ(isBlockVisable(row.name), row.isVisible) << OdString(row.name).toUtf8();
-    EXPECT_EQ(isCanEditAttributeBlock(block), row.canEdit) << OdString(row.name).toUtf8();
+    EXPECT_EQ(isBlockVisable(row.name), row.isVisible) << row.name;
+    EXPECT_EQ(isCanEditAttributeBlock(block), row.canEdit) << row.name;
   }
   EXPECT_TRUE(isBlockVisable(L"none"));
   EXPECT_FALSE(isCanEditAttributeBlock(OdDbObjectId()));

@@ -45,10 +45,10 @@ TEST_F(FilePaths, WithForbiddenCharactersAreTold) {
       {L"C:\\?", true},         {L"C:\\a;", true},  {L"C:\\*.dwg", true}, {L"::", true},     {L"a\"b", false},
   };
   for (const auto& [path, isIllegal] : rows) {
-    EXPECT_EQ(filePath::isFilePathExistIllEgalCharacter(path, false), isIllegal) << OdString(path).toUtf8();
+    EXPECT_EQ(filePath::isFilePathExistIllEgalCharacter(path, false), isIllegal) << path;
     EXPECT_EQ(boxes_.take(), kNone);
     EXPECT_EQ(filePath::isFilePathExistIllEgalCharacter(path, true), isIllegal);
-    EXPECT_EQ(boxes_.take().size(), isIllegal ? 1U : 0U) << OdString(path).toUtf8();
+    EXPECT_EQ(boxes_.take().size(), isIllegal ? 1U : 0U) << path;
   }
 }
 
@@ -89,7 +89,7 @@ TEST_F(FilePaths, ToWriteToAreRefusedInOrder) {
   for (const auto& [path, isFolder] : folders) {
     EXPECT_EQ(filePath::isFileDirLegal(path, false), isFolder);
     EXPECT_EQ(filePath::isFileDirLegal(path, true), isFolder);
-    EXPECT_EQ(boxes_.take().size(), isFolder ? 0U : 1U) << OdString(path).toUtf8();
+    EXPECT_EQ(boxes_.take().size(), isFolder ? 0U : 1U) << path;
   }
 }
 
@@ -99,13 +99,13 @@ TEST_F(FilePaths, OfOpenDrawingsAreKnownByTheirFile) {
   host_.host().documents().open(OdDbDatabase::create());
   for (const wchar_t* path :
        {L"P:\\site\\plan.dwg", L"p:\\SITE\\Plan.DWG", L"P:\\link\\plan.dwg", L"P:\\link\\PLAN.dwg"}) {
-    EXPECT_TRUE(filePath::isFileLoaded(path, false)) << OdString(path).toUtf8();
+    EXPECT_TRUE(filePath::isFileLoaded(path, false)) << path;
     EXPECT_EQ(boxes_.take(), kNone);
     EXPECT_TRUE(filePath::isFileLoaded(path, true));
     EXPECT_EQ(boxes_.take(), (Boxes{L"块 - 文件正在使用|" + OdString(path) + L" 已在使用。请指定其他文件名|0"}));
   }
   for (const wchar_t* path : {L"P:\\site\\other.dwg", L""})
-    EXPECT_FALSE(filePath::isFileLoaded(path, true)) << OdString(path).toUtf8();
+    EXPECT_FALSE(filePath::isFileLoaded(path, true)) << path;
   openElsewhere = true; // that box is shown in any case
   for (const bool show : {false, true}) {
     EXPECT_TRUE(filePath::isFileLoaded(L"P:\\100%s.dwg", show));
@@ -126,8 +126,8 @@ TEST_F(FilePaths, FallIntoParts) {
     filePath::analyzeFilePath(row.path, first, whole, dir, extension);
     EXPECT_EQ(first, L"");
     EXPECT_EQ(whole, row.path);
-    EXPECT_EQ(dir, row.dir) << OdString(row.path).toUtf8();
-    EXPECT_EQ(extension, row.extension) << OdString(row.path).toUtf8();
+    EXPECT_EQ(dir, row.dir) << row.path;
+    EXPECT_EQ(extension, row.extension) << row.path;
     OdString path = row.path; // as its own result
     filePath::analyzeFilePath(path, path, whole, dir, extension);
     EXPECT_EQ(std::tie(whole, dir), std::make_tuple(OdString(row.path), OdString(row.dir)));
@@ -167,12 +167,12 @@ TEST_F(FilePaths, AreSearchedByTheHost) {
   EXPECT_STREQ(found.c_str(), L"old:P:\\site\\plan.dwg");
   wchar_t buffer[4096] = L"as before";
   for (const wchar_t* none : {L"", L"plan", L"P:\\site\\empty", L"none.dwg"}) {
-    EXPECT_FALSE(insertCommon::isFileExist(none)) << OdString(none).toUtf8();
+    EXPECT_FALSE(insertCommon::isFileExist(none)) << none;
     EXPECT_FALSE(insertCommon::isFileExist(none, found));
   }
   EXPECT_EQ(found.getLength(), 4 + 4096);
   for (const wchar_t* none : {L"", L"none", L"empty", L"plan.", L"plan.dxf"})
-    EXPECT_FALSE(insertCommon::isSearchDwgFile(none, buffer, 0)) << OdString(none).toUtf8();
+    EXPECT_FALSE(insertCommon::isSearchDwgFile(none, buffer, 0)) << none;
   EXPECT_STREQ(buffer, L"as before");
   EXPECT_TRUE(insertCommon::isSearchDwgFile(L"plan", buffer, 0));
   EXPECT_STREQ(buffer, L"P:\\site\\plan.dwg");

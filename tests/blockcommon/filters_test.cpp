@@ -100,7 +100,7 @@ TEST_F(Filters, ABlockThatWouldContainItselfIsFoundAtAnyDepth) {
       {L"", {toA}, false},
   };
   for (const auto& one : cases)
-    EXPECT_EQ(leadsToItself(one.name, one.ids), one.found) << OdString(one.name).toUtf8() << ' ' << one.ids.size();
+    EXPECT_EQ(leadsToItself(one.name, one.ids), one.found) << one.name << ' ' << one.ids.size();
   EXPECT_FALSE(blockUtils::isBTRefAreBtrItSelf(nullptr, a));
   EXPECT_FALSE(blockUtils::isBTRefAreBtrItSelf(forRead<OdDbBlockReference>(toA), OdDbObjectId()));
   EXPECT_FALSE(blockUtils::isBTRefAreBtrItSelf(OdDbBlockReference::createObject(), a));

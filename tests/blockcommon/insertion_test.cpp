@@ -66,13 +66,13 @@ TEST_F(Insertion, IsRefusedWithoutAWordWhenThereIsNothingToRead) {
   std::ofstream(root_ / "part.txt") << drawing::writeDrawingToMemory(*source_);
   host_.host().searchPath().setFolders({root_.string()}); // where nothing is looked for
   for (const wchar_t* path : {L"P:\\PART2.DXF", L"P:/part.dxf"})
-    EXPECT_EQ(insert(path, L"p", true), L"") << OdString(path).toUtf8();
+    EXPECT_EQ(insert(path, L"p", true), L"") << path;
   const std::string before = drawing::canonicalDump(*database_);
   for (const wchar_t* path : {L"P:\\none.dxf", L"P:\\part", L"P:\\part.txt", L"P:\\broken.dxf", L"P:\\broken.dwg",
                               L"P:\\broken.dws", L"part.dxf", L""}) {
-    EXPECT_EQ(insert(path, L"p", false), L"") << OdString(path).toUtf8();
+    EXPECT_EQ(insert(path, L"p", false), L"") << path;
     EXPECT_EQ(id_, kUntouched);
-    EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*database_)), "") << OdString(path).toUtf8();
+    EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*database_)), "") << path;
   }
   insert(L"P:\\part.dxf", L"", false);
   EXPECT_TRUE(id_.isNull()); // what the drawing answered

@@ -1,6 +1,7 @@
 // The boxes of the block commands: their texts word for word, what is put into them, and what their answers mean.
 #include "blockcommon/messages.h"
 #include "morvane/testing.h"
+#include "tests/support/print.h"
 
 #include <gtest/gtest.h>
 

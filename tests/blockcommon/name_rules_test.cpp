@@ -1,6 +1,7 @@
 // Which texts may name a block. Accept and refuse tables for the two sets of rules, and the small text services.
 #include "blockcommon/block_names.h"
 #include "morvane/testing.h"
+#include "tests/support/print.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +19,7 @@ bool isLegal(const OdString& name) {
 TEST(BlockName, ExtendedRulesCountBytesAndRefuseThirteenCharacters) {
   ScriptedHost host;
   for (const wchar_t* name : {L"A", L"A 1", L" A", L"A(1)", L"$-_.'[]{}!", L"()^~@#%&+", L"块"})
-    EXPECT_TRUE(isLegal(name)) << testing::PrintToString(name);
+    EXPECT_TRUE(isLegal(name)) << name;
   for (const wchar_t forbidden : std::wstring_view(L"\\<>/?\":;*|,=`"))
     EXPECT_FALSE(isLegal(OdString(L"A") + forbidden + L"B")) << static_cast<int>(forbidden);
   EXPECT_TRUE(isLegal(OdString(L'a', 1023)) && isLegal(OdString(L'块', 341)));
@@ -130,7 +131,7 @@ TEST(NumericText, IsWrittenInTheCurrentUnits) {
   for (const auto& [text, number] : cases)
     EXPECT_EQ(blockUtils::stringToNumeriString(text), number) << text.toUtf8();
   for (const wchar_t* text : {L"", L"abc", L"inf", L"1e999"})
-    EXPECT_EQ(blockUtils::stringToNumeriString(text), L"") << OdString(text).toUtf8();
+    EXPECT_EQ(blockUtils::stringToNumeriString(text), L"") << text;
   EXPECT_EQ(blockUtils::stringToNumeriString(OdString(L'1', 200)).getLength(), 105); // cut to 100 digits, which fit
   mvsi::setVar(L"LUNITS", static_cast<short>(4), true);
   EXPECT_EQ(blockUtils::stringToNumeriString(L"18"), L"1'-6\"");

@@ -1,6 +1,7 @@
 // What the block commands ask and print, as a user at the command line meets it.
 #include "blockcommon/prompts.h"
 #include "morvane/testing.h"
+#include "tests/support/print.h"
 
 #include <gtest/gtest.h>
 
@@ -20,7 +21,7 @@ TEST(YesNoQuestion, MapsEveryAnswer) {
   for (const auto& one : cases) {
     ScriptedHost host({one.typed, L"unread"});
     OdString prompt = L"\n100%s? ";
-    EXPECT_EQ(blockUtils::KwordYesNO_Control(prompt), one.answer) << testing::PrintToString(one.typed);
+    EXPECT_EQ(blockUtils::KwordYesNO_Control(prompt), one.answer) << one.typed;
     EXPECT_EQ(host.takeOutput(), OdString(L"\n100%s? ") + (one.answer == 4 ? kPleaseAnswer : L""));
     EXPECT_EQ(host.unreadAnswers(), 1u); // asked once
   }

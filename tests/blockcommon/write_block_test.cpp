@@ -117,7 +117,7 @@ TEST_F(WriteBlock, FolderOfTheLastFileIsRemembered) {
       {L"D:\\块\\", L"D:\\块"},        {L"", L""},      {L"\\x", L""}};
   for (const auto& [path, folder] : rows) {
     remember(path);
-    EXPECT_EQ(blockInfo_FilePath::getDefPathFromReg(), folder) << OdString(path).toUtf8();
+    EXPECT_EQ(blockInfo_FilePath::getDefPathFromReg(), folder) << path;
   }
 }
 

@@ -2,6 +2,7 @@
 // missing services and objects of another kind.
 #include "blockcommon/host/services.h"
 #include "morvane/testing.h"
+#include "tests/support/print.h"
 
 #include <functional>
 #include <gtest/gtest.h>

@@ -66,7 +66,7 @@ TEST_F(OpenDrawing, IsFoundByDatabaseAndFile) {
   EXPECT_EQ(mvsi::gsiGetApDocFromDb(database_), document_);
   EXPECT_EQ(mvsi::gsiGetApDocFromDb(nullptr), nullptr);
   for (const wchar_t* path : {L"c:\\PLANS\\A.DWG", L"/plans/a.dwg", L"C:\\plans\\old\\..\\.\\a.dwg", L"c:plans/A.dwg"})
-    EXPECT_EQ(qzutads::findDwgDoc(path), document_) << OdString(path).toUtf8();
+    EXPECT_EQ(qzutads::findDwgDoc(path), document_) << path;
   EXPECT_EQ(qzutads::findDwgDoc(L"C:\\plans\\a.dwg\\b"), nullptr);
   EXPECT_EQ(qzutads::findDwgDoc(L""), nullptr); // not the one without a file
   EXPECT_EQ(textOf(L"DWGNAME"), L"");
@@ -361,7 +361,7 @@ TEST(MessageBox, AnswersByNumberLetterOrText) {
       {L"Y", 2}, {L"0", -1},       {L"4", -1}, {L"否(N)", -1}, {L"", -1},
   };
   for (const auto& [answer, button] : cases)
-    EXPECT_EQ(morvane::buttonOf(labels, answer), button) << OdString(answer).toUtf8();
+    EXPECT_EQ(morvane::buttonOf(labels, answer), button) << answer;
 }
 
 TEST(MessageBox, ReturnsTheButtonOrNothingWhenItWasClosed) {

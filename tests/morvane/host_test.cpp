@@ -1,5 +1,6 @@
 // The host's services, printing, variables, configuration and files as a command module meets them.
 #include "morvane/testing.h"
+#include "tests/support/print.h"
 #include "tests/support/failing_files.h"
 #include "tests/support/scratch_folder.h"
 
@@ -295,7 +296,7 @@ TEST(FindFile, LooksBesideTheDrawingAndThenAlongThePath) {
   EXPECT_STREQ(found, L"T:\\b.dwg");
   EXPECT_EQ(system->mvsiedFindFile(L"t:\\b.dwg", found), RTNORM);
   for (const wchar_t* none : {L"", L"only", L"c.dwg", L"T:\\sub\\a.dwg"})
-    EXPECT_EQ(system->mvsiedFindFile(none, found), RTERROR) << testing::PrintToString(none);
+    EXPECT_EQ(system->mvsiedFindFile(none, found), RTERROR) << none;
   EXPECT_TRUE(mvutIsExistFile("T:\\b.dwg") && !mvutIsExistFile("T:\\only"));
   EXPECT_TRUE(isDir("T:\\only") && !isDir("T:\\b.dwg"));
 }

@@ -1,5 +1,6 @@
 // The road of an answer: from a source through keywords, flags and coordinates to the service's caller.
 #include "morvane/testing.h"
+#include "tests/support/print.h"
 
 #include <gtest/gtest.h>
 #include <sstream>
@@ -64,8 +65,7 @@ TEST(Keywords, MatchByCapitalsAndAnswerGlobalNames) {
   for (const auto& [list, answers] : cases) {
     for (const auto& [typed, global] : answers) {
       ScriptedHost host({typed});
-      EXPECT_EQ(askKeyword(128, list).text, global == none ? typed : global)
-          << testing::PrintToString(list) << ' ' << testing::PrintToString(typed);
+      EXPECT_EQ(askKeyword(128, list).text, global == none ? typed : global) << list << ' ' << typed;
     }
   }
 }
@@ -186,7 +186,7 @@ TEST(Points, AreReadInTheUcs) {
   host.host().input().setFrame(&frame);
   for (const auto& one : cases) { // each starts from where the one before ended
     host.answerWith({one.typed});
-    EXPECT_LE(askPoint().distanceTo(one.point), 1e-9) << testing::PrintToString(one.typed);
+    EXPECT_LE(askPoint().distanceTo(one.point), 1e-9) << one.typed;
   }
 }
 

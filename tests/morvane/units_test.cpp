@@ -22,8 +22,8 @@ TEST(DistanceText, ReadsEveryForm) {
   };
   for (const auto& [text, wanted] : cases) {
     const auto value = parseDistance(text);
-    ASSERT_TRUE(value.has_value()) << testing::PrintToString(text);
-    EXPECT_DOUBLE_EQ(*value, wanted) << testing::PrintToString(text);
+    ASSERT_TRUE(value.has_value()) << text;
+    EXPECT_DOUBLE_EQ(*value, wanted) << text;
   }
 }
 
@@ -31,7 +31,7 @@ TEST(DistanceText, RefusesWhatIsNoFiniteNumber) {
   for (const wchar_t* text : {L"",    L" ",    L"inf",  L"nan",  L"-inf", L"1e999",  L"-1e999",  L"1e-999",
                               L"abc", L"1x",   L"--1",  L"1/0",  L"1/",   L"/2",     L"1.5 1/2", L"1 2.5/3",
                               L"1'x", L"1'2'", L"1\"2", L"0x10", L"1,5",  L"1e308'", L"１"})
-    EXPECT_FALSE(parseDistance(text).has_value()) << testing::PrintToString(text);
+    EXPECT_FALSE(parseDistance(text).has_value()) << text;
 }
 
 TEST(DistanceText, IsWrittenInEveryForm) {

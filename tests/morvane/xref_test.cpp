@@ -71,7 +71,7 @@ TEST_F(ExternalReferences, AreLookedForFromTheFolderOfTheirDrawing) {
       {L"", ""},
   };
   for (const auto& row : rows)
-    EXPECT_EQ(pathOf(loadedFor(row.saved)), row.file) << OdString(row.saved).toUtf8();
+    EXPECT_EQ(pathOf(loadedFor(row.saved)), row.file) << row.saved;
 }
 
 TEST_F(ExternalReferences, OfADrawingElsewhereStartAtItsOwnFolder) {

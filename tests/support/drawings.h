@@ -6,6 +6,7 @@
 #include "DbDatabase.h"
 #include "DbSymbolRecords.h"
 #include "DbText.h"
+#include "tests/support/print.h"
 
 #include <gtest/gtest.h>
 
