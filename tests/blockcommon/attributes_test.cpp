@@ -23,8 +23,7 @@ struct Definition {
 class Attributes : public OpenDocument {
 protected:
   OdDbObjectId define(const Definition& wanted) {
-    const OdDbAttributeDefinitionPtr made = OdDbAttributeDefinition::createObject();
-    made->setDatabaseDefaults(database_);
+    const auto made = addTo<OdDbAttributeDefinition>(block_);
     made->setTag(wanted.tag);
     made->setPrompt(wanted.prompt);
     made->setConstant((wanted.kind & kConstant) != 0);
@@ -36,7 +35,7 @@ protected:
       lines->setContents(wanted.value);
       made->setMTextAttributeDefinition(lines.get());
     }
-    return forWrite<OdDbBlockTableRecord>(block_)->appendOdDbEntity(made.get());
+    return made->objectId();
   }
   void newBlock(const std::vector<Definition>& definitions) {
     block_ = addBlock(*database_, L"part" + OdString(std::to_wstring(++blocks_)));

@@ -2,6 +2,8 @@
 #include "blockcommon/block_report.h"
 #include "tests/support/open_document.h"
 
+#include <algorithm>
+
 namespace {
 
 using namespace tests;
@@ -68,7 +70,10 @@ TEST_F(BlockReport, WritesTheFactorOfTheDrawingsUnit) {
     forWrite<OdDbBlockTableRecord>(id)->setBlockInsertUnits(row.block);
     ASSERT_EQ(mvsi::setVar(L"INSUNITS", row.drawing, true), RTNORM);
     host_.failOperation(row.failing);
+    const auto asked = [&] { return std::count(host_.calls().begin(), host_.calls().end(), "mvsiedGetUnitsFactor"); };
+    const auto before = asked();
     EXPECT_EQ(blockUtils::getStatisticalCntsOfBT()->toText(), report(row.block, row.factor));
+    EXPECT_EQ(asked() - before, row.block != 0 && row.drawing != 0 ? 1 : 0);
   }
   host_.host().services().remove(kEditSystemServer);
   EXPECT_EQ(blockUtils::getStatisticalCntsOfBT()->toText(), report(OdDb::kUnitsMeters, "1.0000"));

@@ -24,15 +24,10 @@ protected:
   void SetUp() override { skewHandles(*database_); }
 
   OdDbObjectId line(const OdGePoint3d& from, const OdGePoint3d& to, OdDbDatabase* where = nullptr) {
-    OdDbDatabase& database = where == nullptr ? *database_ : *where;
-    const OdDbLinePtr made = OdDbLine::createObject();
+    const auto made = addTo<OdDbLine>((where == nullptr ? database_.get() : where)->getModelSpaceId());
     made->setStartPoint(from);
     made->setEndPoint(to);
-    return append(made.get(), database);
-  }
-  OdDbObjectId append(OdDbEntity* entity, OdDbDatabase& database) {
-    entity->setLayer(database.getLayerZeroId());
-    return forWrite<OdDbBlockTableRecord>(database.getModelSpaceId())->appendOdDbEntity(entity);
+    return made->objectId();
   }
   OdDbObjectId create(OdDbObjectIdArray& ids, const OdGePoint3d& base = {}) {
     return blockUtils::create(database_, L"door", ids, false, created_, base, L"a door");
@@ -45,15 +40,14 @@ protected:
   }
   // A dimension of model space with an association, that of the answer.
   OdDbObjectId addDimension(OdDbObjectId& association, OdDbObjectId measured) {
-    const auto dimension = OdDbRotatedDimension::createObject();
+    const auto dimension = addTo<OdDbRotatedDimension>(database_->getModelSpaceId());
     dimension->setXLine2Point({10, 0, 0});
     dimension->setHorizontalRotation(6.0);
-    const OdDbObjectId id = append(dimension.get(), *database_);
     const auto made = OdDbDimAssoc::createObject();
-    made->setDimObjId(id);
+    made->setDimObjId(dimension->objectId());
     made->addPoint(1, measured);
-    EXPECT_EQ(made->post(id, association, true), 0);
-    return id;
+    EXPECT_EQ(made->post(dimension->objectId(), association, true), 0);
+    return dimension->objectId();
   }
   // A UCS turned by 90 degrees about Z, moved away.
   static OdGeMatrix3d turned() {
@@ -127,10 +121,9 @@ TEST_F(Creation, RedefinesInPlace) {
 }
 
 TEST_F(Creation, LeavesOutWhatCannotMoveAndStopsAtWhatDoesNotOpen) {
-  auto* camera = new OdDbCarriedEntity;
+  const auto camera = addTo<OdDbCarriedEntity>(database_->getModelSpaceId());
   camera->setDxfName("CAMERA");
-  const OdSmartPtr<OdDbEntity> holder(camera);
-  OdDbObjectIdArray ids{append(camera, *database_), line({0, 0, 0}, {1, 0, 0})};
+  OdDbObjectIdArray ids{camera->objectId(), line({0, 0, 0}, {1, 0, 0})};
   const OdDbObjectId block = create(ids, {1, 0, 0});
   EXPECT_TRUE(created_);
   ASSERT_EQ(ids.size(), 1u);

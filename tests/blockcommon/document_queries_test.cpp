@@ -12,11 +12,10 @@ using namespace tests;
 class DocumentQueries : public testing::Test {
 protected:
   OdDbObjectId addDefinition(OdDbObjectId block, bool invisible, bool constant = false) {
-    const OdDbAttributeDefinitionPtr definition = OdDbAttributeDefinition::createObject();
-    definition->setDatabaseDefaults(database_.get());
+    const auto definition = addTo<OdDbAttributeDefinition>(block);
     definition->setInvisible(invisible);
     definition->setConstant(constant);
-    return forWrite<OdDbBlockTableRecord>(block)->appendOdDbEntity(definition.get());
+    return definition->objectId();
   }
 
   morvane::FaultyHost host_;

@@ -15,13 +15,11 @@ protected:
   // Red all over, and twice as wide as a thumbnail is against its height.
   static OdDbDatabasePtr redDrawing() {
     OdDbDatabasePtr database = OdDbDatabase::create();
-    const OdSmartPtr<OdDbSolid> solid = OdDbSolid::createObject();
-    solid->setDatabaseDefaults(database.get());
+    const auto solid = addTo<OdDbSolid>(database->getModelSpaceId());
     solid->setColorIndex(1);
     const OdGePoint3d corners[] = {{0, 0, 0}, {300, 0, 0}, {0, 100, 0}, {300, 100, 0}};
     for (int i = 0; i < 4; ++i)
       solid->setPointAt(i, corners[i]);
-    forWrite<OdDbBlockTableRecord>(database->getModelSpaceId())->appendOdDbEntity(solid.get());
     return database;
   }
   static std::string pixel(const std::string& bitmap, std::size_t x, std::size_t y) {

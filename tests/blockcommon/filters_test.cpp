@@ -28,15 +28,13 @@ class Filters : public OpenDocument {
 protected:
   template <class Kind>
   OdDbObjectId add(OdDbObjectId block = OdDbObjectId()) {
-    const OdSmartPtr<Kind> made = Kind::createObject();
-    const OdDbObjectId into = block.isNull() ? database_->getModelSpaceId() : block;
-    return forWrite<OdDbBlockTableRecord>(into)->appendOdDbEntity(made.get());
+    return addTo<Kind>(block.isNull() ? database_->getModelSpaceId() : block)->objectId();
   }
   template <class Kind>
   OdDbObjectId addErased() {
-    const OdDbObjectId id = add<Kind>();
-    forWrite<OdDbEntity>(id)->erase();
-    return id;
+    const OdSmartPtr<Kind> entity = addTo<Kind>(database_->getModelSpaceId());
+    entity->erase();
+    return entity->objectId();
   }
   OdDbObjectId reference(OdDbObjectId block, OdDbObjectId into = OdDbObjectId()) {
     return addReference(*database_, block, into);
@@ -80,8 +78,7 @@ TEST_F(Filters, ABlockThatWouldContainItselfIsFoundAtAnyDepth) {
   const OdDbObjectId text = addText(*database_, L"a"), other = reference(addBlock(*database_, L"other"));
   const OdDbObjectId inner = reference(a, b);
   addText(*database_, L"first", c);
-  const OdDbObjectId rows = add<OdDbMInsertBlock>(c);
-  forWrite<OdDbMInsertBlock>(rows)->setBlockTableRecord(b);
+  addTo<OdDbMInsertBlock>(c)->setBlockTableRecord(b);
   const OdDbObjectId toA = reference(a), toB = reference(b), toC = reference(c);
   const struct {
     const wchar_t* name;

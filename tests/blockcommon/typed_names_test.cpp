@@ -32,6 +32,7 @@ protected:
       addFile(root_ / "site" / name);
     host_.host().searchPath().setFolders({root_.string(), (root_ / "site").string()});
     host_.host().documents().open(database_);
+    mvsi::mvsidbSetWorkingDatabase(aside_.get()); // what is typed goes into the current drawing
     tests::addBlock(*database_, L"Door");
     tests::addBlock(*database_, L"P:\\site\\b1");
     addFlagged(L"Ext", 4);
@@ -45,6 +46,7 @@ protected:
   void addFlagged(const OdString& name, std::int16_t flag) {
     tests::forWrite<OdDbBlockTableRecord>(tests::addBlock(*database_, name))->setFlag(flag, true);
   }
+  std::ptrdiff_t searches() { return std::count(host_.calls().begin(), host_.calls().end(), "mvsiedFindFile"); }
   void expectBox(void (*message)()) {
     const auto shown = boxes_.take();
     if (message != nullptr)
@@ -63,7 +65,7 @@ protected:
   }
 
   OdString slashed_, fromRoot_; // the folder of the test without a drive
-  OdDbDatabasePtr database_ = OdDbDatabase::create();
+  OdDbDatabasePtr database_ = OdDbDatabase::create(), aside_ = OdDbDatabase::create();
   tests::BoxWatch boxes_{host_};
 };
 
@@ -126,7 +128,6 @@ TEST_F(TypedNames, OfPathsBelowAFolderKnowTwoPlaces) {
     return analyzeLastBlkPath(base, spec, L"unused", block, file);
   };
   expectRows(lastOf, {{L"P:\\", L"site\\plan", true, L"site", L"P:\\site\\plan.dwg"}});
-  const auto searches = [&] { return std::count(host_.calls().begin(), host_.calls().end(), "mvsiedFindFile"); };
   const auto before = searches();
   expectRows(lastOf, {{L"P:\\", L"dOOR", false, L"old", L"old"}});
   EXPECT_EQ(searches(), before);
@@ -166,6 +167,10 @@ TEST_F(TypedNames, OfFilesAreTheFilesOwn) {
                  {L"P:\\deep", plan, true, L"plan", plan + L".dwg"}, // before plan.dxf below the folder
                  {L"P:\\", L"site\\a;b", false, L"a;b", L"P:\\site\\a;b.dwg", dlgTips::showBlockNameUnValidTips},
              });
+  const auto before = searches();
+  expectRows(analyzeLastBlkPath2,
+             {{L"P:\\", L"none.dwg", false, L"old", L"old", dlgTips::showFileNotFindTips}}); // no other ending
+  EXPECT_EQ(searches(), before + 1);
 }
 
 TEST_F(TypedNames, AreRefusedWithOneMessage) {

@@ -8,8 +8,6 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <map>
 

@@ -7,8 +7,6 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include <gtest/gtest.h>
-
 #include <vector>
 
 namespace {

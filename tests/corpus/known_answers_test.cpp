@@ -2,8 +2,12 @@
 // beside the drawings, one JSON file each; two tables map their names to those of the report.
 #include "console/report/report_json.h"
 
+#include "DbBlockReference.h"
+#include "DbBlockTable.h"
 #include "DbDxf.h"
+#include "blockcommon/block_lookup.h"
 #include "blockcommon/block_report.h"
+#include "blockcommon/document_queries.h"
 #include "morvane/testing.h"
 
 #include "tests/corpus/drawings.h"
@@ -44,6 +48,7 @@ constexpr Same kBlock[] = {
 };
 constexpr Same kDialog[] = {
     {"/record_units", "/units"}, {"/record_explode", "/explodable"}, {"/record_scale", "/bUniform"}};
+constexpr Same kShortDialog[] = {{"/description", "/des"}};
 constexpr Same kAttribute[] = {
     {"/tag"},
     {"/prompt"},
@@ -154,6 +159,21 @@ Json together(const Json& blocks, const Json& first) {
   return both;
 }
 
+// References to the shapes of a dynamic block are references to the block.
+void compareTrueReferences(const Json& answers, const Json& report) {
+  for (const Json& answer : answers["blocks_in_table_order"]) {
+    const Json* block = named(report["blocks"], nameOf(answer));
+    if (block == nullptr || (*block)["references_true"].is_null())
+      continue;
+    int references = answer["references"]["total"];
+    for (const Json& other : answers["blocks_in_table_order"]) {
+      const bool isShape = other.value("dynamic_representation_of", "") == nameOf(answer);
+      references += isShape && nameOf(other) != nameOf(answer) ? other["references"]["total"].get<int>() : 0;
+    }
+    EXPECT_EQ((*block)["references_true"], references) << nameOf(answer);
+  }
+}
+
 void compareBlocks(const Json& answers, const Json& report) {
   const Json& list = answers["blocks_in_table_order"];
   // What our reader made up, and the second block of a name, which the other reader does not keep.
@@ -197,12 +217,18 @@ void compare(const Json& answers, const Json& report) {
       layer == nullptr ? void(ADD_FAILURE() << "no such layer") : expectSame(kLayer, answer, *layer);
   }
   compareBlocks(answers, report);
+  compareTrueReferences(answers, report);
   compareLayouts(answers, report);
   compareDepth(answers, report);
 }
 
 // The list of dialogs holds the named blocks among them.
-void compareDialog(const Json& answers, const Json& report, const Json& dialog) {
+void compareDialog(const Json& answers, const Json& report) {
+  const Json dialog = Json::parse(blockUtils::getStatisticalCntsOfBT()->toText());
+  MvJsonPtr shortList;
+  blockUtils::getStatisticalCntsOfBT(shortList);
+  const Json shortDialog = Json::parse(shortList->toText());
+  EXPECT_EQ(shortDialog.size(), dialog.size());
   const auto isOrdinary = [](const Json& answer) {
     const Json& flags = answer["flags"];
     return isInFile(answer) && !answer["layout"].get<bool>() && !flags["anonymous"].get<bool>() &&
@@ -216,6 +242,45 @@ void compareDialog(const Json& answers, const Json& report, const Json& dialog) 
     Json answer = found == nullptr ? Json::object() : *found;
     dropUnsaid(answer, report["header"]["acadver"]);
     expectSame(kDialog, answer, block);
+    const Json* brief = named(shortDialog, nameOf(block));
+    ASSERT_NE(brief, nullptr);
+    expectSame(kShortDialog, answer, *brief);
+  }
+}
+
+// Adds where the references of a block stand and what they are.
+void count(const OdDbDatabase& database, const OdString& name, Json& places) {
+  const auto add = [](Json& sum, bool one = true) { sum = (sum.is_null() ? 0 : sum.get<int>()) + (one ? 1 : 0); };
+  OdDbObjectId id;
+  OdDbObjectIdArray references;
+  if (blockUtils::getBlockIDByName(name, id, nullptr))
+    OdDbBlockTableRecordPtr(id.safeOpenObject())->getBlockReferenceIds(references, true, false);
+  EXPECT_EQ(commonFun::getBlockReferenceCount(name), references.length());
+  for (const OdDbObjectId& each : references) {
+    const OdDbBlockReferencePtr reference = each.safeOpenObject();
+    if (reference->dxfName() != "INSERT")
+      continue; // a table shows its block, which the other reader does not count
+    const OdDbBlockTableRecordPtr owner = reference->ownerId().safeOpenObject();
+    const bool isModel = owner->objectId() == database.getModelSpaceId(), isSheet = !owner->getLayoutId().isNull();
+    add(places["total"]);
+    add(isModel   ? places["modelspace"]
+        : isSheet ? places["paperspace"]
+                  : places["in_blocks"][owner->getName().toUtf8()]);
+    add(places["as_array"], reference->isA() == OdDbMInsertBlock::desc());
+    add(places["with_attribs"], !reference->attributeIterator()->done());
+  }
+}
+
+// A second block of the same name is counted with the first, as the other reader does.
+void comparePlaces(const Json& answers, const OdDbDatabase& database) {
+  for (const Json& answer : answers["blocks_in_table_order"]) {
+    if (!isInFile(answer))
+      continue;
+    Json found = {{"total", 0}, {"modelspace", 0}, {"paperspace", 0}, {"in_blocks", Json::object()}};
+    for (const char* second : {"", "-2"})
+      count(database, OdString::fromUtf8(nameOf(answer) + second), found);
+    found = found["total"] == 0 ? Json({{"total", 0}}) : found;
+    EXPECT_TRUE(isEqual(answer["references"], found)) << nameOf(answer) << ": " << found << answer["references"];
   }
 }
 
@@ -239,7 +304,8 @@ TEST(KnownAnswers, AgreeWithTheReport) {
     compare(answers, report);
     morvane::ScriptedHost host;
     host.host().documents().open(read.database);
-    compareDialog(answers, report, Json::parse(blockUtils::getStatisticalCntsOfBT()->toText()));
+    compareDialog(answers, report);
+    comparePlaces(answers, *read.database);
   }
 }
 

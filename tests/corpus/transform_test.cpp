@@ -4,8 +4,6 @@
 #include "tests/corpus/drawings.h"
 #include "tests/support/drawings.h"
 
-#include <gtest/gtest.h>
-
 #include <set>
 
 namespace {

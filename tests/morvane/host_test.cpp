@@ -1,7 +1,7 @@
 // The host's services, printing, variables, configuration and files as a command module meets them.
 #include "morvane/testing.h"
-#include "tests/support/print.h"
 #include "tests/support/failing_files.h"
+#include "tests/support/print.h"
 #include "tests/support/scratch_folder.h"
 
 #include <cmath>
@@ -223,12 +223,16 @@ TEST(UserConfig, AFailedSaveKeepsWhatIsThereAndTheChange) {
   EXPECT_NE(isFolder.loadProblem(), "");
   EXPECT_NE(isFolder.save(), "");
   EXPECT_TRUE(fs::is_directory(folder.at("")));
-  writeFile(folder.at("c.json"), "{\"s\":{\"n\":1}}");
-  morvane::UserConfig config(folder.at("c.json"), [](const std::string&, std::string_view) { return "disk full"; });
-  config.section("s")->SetDataI("n", 2);
-  EXPECT_EQ(config.save(), "disk full");
-  EXPECT_TRUE(config.isChanged());
-  EXPECT_EQ(readFile(folder.at("c.json")), "{\"s\":{\"n\":1}}");
+  for (const std::string held : {"{\"s\":{\"n\":1}}", "{\"s\":"}) { // a damaged one as well
+    writeFile(folder.at("c.json"), held);
+    morvane::UserConfig config(folder.at("c.json"), [](const std::string& file, std::string_view text) {
+      return file.ends_with("n") ? "disk full" : morvane::replaceFileSafely(file, text);
+    });
+    config.createSection("s")->SetDataI("n", 2);
+    EXPECT_EQ(config.save(), "disk full");
+    EXPECT_TRUE(config.isChanged());
+    EXPECT_EQ(readFile(folder.at("c.json")), held);
+  }
 }
 
 TEST(ReplaceFile, KeepsModeAndLinksAndLeavesNothingBeside) {

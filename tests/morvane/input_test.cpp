@@ -120,6 +120,17 @@ TEST(Input, BlanksEndAnswersInScriptsUnlessTheyAreAllowed) {
   EXPECT_EQ(askText(0).code, RTCAN);
 }
 
+TEST(Input, QuotesHoldNamesWithBlanksTogether) {
+  ScriptedHost host;
+  host.answerFromScript("\"a b\" c\n\"a b\"c \"open end\n\"\"\n");
+  OdString name;
+  for (const wchar_t* expected : {L"a b", L"c", L"\"a", L"b\"c", L"\"open", L"end"}) {
+    EXPECT_EQ(host.host().input().getName(L"?", name), RTNORM);
+    EXPECT_EQ(name, expected);
+  }
+  EXPECT_EQ(host.host().input().getName(L"?", name), RTNONE);
+}
+
 TEST(Input, PipedScriptsHoldCommentsAndARestCanBeDropped) {
   ScriptedHost host;
   std::istringstream pipe("\xEF\xBB\xBF; a comment\none two three\n;\nfour\n");

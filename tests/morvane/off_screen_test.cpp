@@ -1,23 +1,18 @@
 // Pictures of documents: as large as the rectangle whatever its corners, of the space that is current, or none at all.
 #include "morvane/host_api.h"
 #include "morvane/testing.h"
+#include "tests/support/drawings.h"
 
-#include "DbBlockTable.h"
 #include "DbFaces.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
 
 namespace {
 
 void fill(OdDbObjectId block, std::int16_t color) {
-  const OdSmartPtr<OdDbSolid> solid = OdDbSolid::createObject();
+  const auto solid = tests::addTo<OdDbSolid>(block);
   solid->setColorIndex(color);
   const OdGePoint3d corners[] = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {1, 1, 0}};
   for (int i = 0; i < 4; ++i)
     solid->setPointAt(i, corners[i]);
-  OdDbBlockTableRecordPtr(block.safeOpenObject(OdDb::kForWrite))->appendOdDbEntity(solid.get());
 }
 
 TEST(OffScreen, DrawsTheCurrentSpaceIntoTheRectangle) {
