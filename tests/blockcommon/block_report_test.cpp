@@ -57,14 +57,10 @@ TEST_F(BlockReport, WritesTheFactorOfTheDrawingsUnit) {
     short drawing;
     const char *factor, *failing = "none";
   } rows[] = {
-      {OdDb::kUnitsMeters, kInch, "25.4000"},
-      {OdDb::kUnitsUndefined, kInch, "1.0000"},
-      {OdDb::kUnitsMeters, kNone, "1.0000"},
-      {OdDb::kUnitsMeters, kMicron, "0.0010"},
-      {OdDb::kUnitsMeters, kNanometre, "1.0000E-06"},
-      {OdDb::kUnitsMeters, kAngstrom, "1.0000E-07"},
-      {OdDb::kUnitsMeters, kInch, "1.0000", "mvsiedGetUnitsFactor"},
-      {OdDb::kUnitsMeters, kInch, "", "mvsidbRToS"},
+      {OdDb::kUnitsMeters, kInch, "25.4000"},         {OdDb::kUnitsUndefined, kInch, "1.0000"},
+      {OdDb::kUnitsMeters, kNone, "1.0000"},          {OdDb::kUnitsMeters, kMicron, "0.0010"},
+      {OdDb::kUnitsMeters, kNanometre, "1.0000E-06"}, {OdDb::kUnitsMeters, kAngstrom, "1.0000E-07"},
+      {OdDb::kUnitsMeters, kInch, "", "mvsidbRToS"},  {OdDb::kUnitsMeters, kInch, "1.0000", "mvsiedGetUnitsFactor"},
   };
   for (const auto& row : rows) {
     forWrite<OdDbBlockTableRecord>(id)->setBlockInsertUnits(row.block);

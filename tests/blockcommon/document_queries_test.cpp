@@ -26,17 +26,14 @@ protected:
   const OdDbObjectId door_ = addBlock(*database_, L"Door");
 };
 
-TEST_F(DocumentQueries, TellTheCurrentDocumentFromTheOthers) {
+TEST_F(DocumentQueries, TellTheCurrentDocumentFromTheOthersByPathsAsTheyAreSpelled) {
   const struct {
     const wchar_t* path;
     bool isOther, isCurrent, isOpenAtAll;
   } rows[] = {
-      {L"C:\\plans\\a.dwg", false, true, true},
-      {L"c:\\PLANS\\A.DWG", false, true, true},
-      {L"C:\\plans\\OTHER.dwg", true, false, true},
-      {L"C:\\plans\\.\\a.dwg", false, false, false}, // as it is spelled
-      {L"a.dwg", false, false, false},
-      {L"", false, false, false},
+      {L"C:\\plans\\a.dwg", false, true, true}, {L"C:\\plans\\OTHER.dwg", true, false, true},
+      {L"c:\\PLANS\\A.DWG", false, true, true}, {L"C:\\plans\\.\\a.dwg", false, false, false},
+      {L"a.dwg", false, false, false},          {L"", false, false, false},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.path);
@@ -136,12 +133,9 @@ TEST_F(DocumentQueries, LookThroughAttributeDefinitions) {
     std::vector<std::string> definitions; // i invisible, c constant, x erased
     bool isVisible, canEdit;
   } rows[] = {
-      {L"plain", {}, true, false},
-      {L"one of each", {"i", ""}, true, true},
-      {L"invisible", {"i", "ic"}, false, true},
-      {L"constant", {"c"}, true, false},
-      {L"invisible constant", {"ic"}, false, false},
-      {L"erased", {"ix"}, true, false},
+      {L"constant", {"c"}, true, false}, {L"one of each", {"i", ""}, true, true},
+      {L"erased", {"ix"}, true, false},  {L"invisible", {"i", "ic"}, false, true},
+      {L"plain", {}, true, false},       {L"invisible constant", {"ic"}, false, false},
   };
   for (const auto& row : rows) {
     const OdDbObjectId block = addBlock(*database_, row.name);

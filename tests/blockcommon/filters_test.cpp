@@ -85,16 +85,11 @@ TEST_F(Filters, ABlockThatWouldContainItselfIsFoundAtAnyDepth) {
     OdDbObjectIdArray ids;
     bool found;
   } cases[] = {
-      {L"a", {text, OdDbObjectId(), other, toA}, true},
-      {L"A", {toB}, true},
-      {L"A", {other, toC}, true},
-      {L"B", {toC}, true},
-      {L"B", {toA, toB}, true},
-      {L"B", {toA, other, text, database_->getLayerZeroId()}, false},
-      {L"C", {toA, toB}, false},
-      {L"A", {}, false},
-      {L"D", {toA, toB, toC}, false},
-      {L"", {toA}, false},
+      {L"A", {toB}, true},        {L"a", {text, OdDbObjectId(), other, toA}, true},
+      {L"A", {other, toC}, true}, {L"A", {}, false},
+      {L"B", {toC}, true},        {L"B", {toA, other, text, database_->getLayerZeroId()}, false},
+      {L"B", {toA, toB}, true},   {L"C", {toA, toB}, false},
+      {L"", {toA}, false},        {L"D", {toA, toB, toC}, false},
   };
   for (const auto& one : cases)
     EXPECT_EQ(leadsToItself(one.name, one.ids), one.found) << one.name << ' ' << one.ids.size();
