@@ -2,6 +2,7 @@
 #pragma once
 
 #include "DbDxf.h"
+#include "tests/support/drawings.h"
 
 #include <functional>
 #include <string>
@@ -18,5 +19,13 @@ std::vector<std::string> listed();
 std::vector<std::string> paths();
 // Every listed drawing that can be read, under a trace of its path; why one cannot is the matter of a test of its own.
 void forEachDrawing(const std::function<void(const std::string& path, const drawing::ReadResult& read)>& look);
+
+// Whether two entities, or two blocks, take the same room to the last bit, or cannot tell for the same reason.
+template <class T>
+bool sameExtents(OdDbObjectId one, OdDbObjectId other) {
+  OdGeExtents3d a, b;
+  const bool sameResult = tests::forRead<T>(one)->getGeomExtents(a) == tests::forRead<T>(other)->getGeomExtents(b);
+  return sameResult && (!a.isValidExtents() || (a.minPoint() == b.minPoint() && a.maxPoint() == b.maxPoint()));
+}
 
 } // namespace corpus

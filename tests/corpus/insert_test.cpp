@@ -4,7 +4,6 @@
 #include "DbDump.h"
 #include "DbEntity.h"
 #include "tests/corpus/drawings.h"
-#include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
 #include <vector>
@@ -20,15 +19,6 @@ std::vector<OdRxClass*> kindsIn(OdDbObjectId block) {
   return kinds;
 }
 
-void expectSameExtents(OdDbObjectId one, OdDbObjectId other) {
-  OdGeExtents3d first, second;
-  EXPECT_EQ(forRead<OdDbBlockTableRecord>(one)->getGeomExtents(first),
-            forRead<OdDbBlockTableRecord>(other)->getGeomExtents(second));
-  if (first.isValidExtents()) {
-    EXPECT_TRUE(first.minPoint() == second.minPoint() && first.maxPoint() == second.maxPoint());
-  }
-}
-
 TEST(Insert, EveryDrawingIsTheBlockThatItShows) {
   std::size_t inserted = 0;
   corpus::forEachDrawing([&](const std::string&, const drawing::ReadResult& read) {
@@ -40,7 +30,7 @@ TEST(Insert, EveryDrawingIsTheBlockThatItShows) {
     const OdDbObjectId block = target->insert(L"the file", source.get(), true);
     ASSERT_FALSE(block.isNull());
     EXPECT_EQ(kindsIn(block), kindsIn(source->getModelSpaceId()));
-    expectSameExtents(source->getModelSpaceId(), block);
+    EXPECT_TRUE(corpus::sameExtents<OdDbBlockTableRecord>(source->getModelSpaceId(), block));
     EXPECT_EQ(target->insert(L"THE FILE", source.get(), true), block); // refilled
     EXPECT_EQ(kindsIn(block), kindsIn(source->getModelSpaceId()));
     EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*source)), "");

@@ -1,7 +1,6 @@
 // All parts of the corpus come into one drawing by one command; each reference shows what its own file holds.
 #include "DbCompare.h"
 #include "tests/corpus/drawings.h"
-#include "tests/support/drawings.h"
 #include "tests/support/program_run.h"
 #include "tests/support/scratch_folder.h"
 
@@ -22,14 +21,6 @@ std::vector<std::string> partPaths() {
   }
   std::sort(parts.begin(), parts.end());
   return parts;
-}
-
-bool sameExtents(OdDbObjectId one, OdDbObjectId other) {
-  OdGeExtents3d a, b;
-  const OdResult first = tests::forRead<OdDbBlockTableRecord>(one)->getGeomExtents(a);
-  const OdResult second = tests::forRead<OdDbBlockTableRecord>(other)->getGeomExtents(b);
-  return first == second &&
-         (first != eOk || (a.minPoint().isEqualTo(b.minPoint()) && a.maxPoint().isEqualTo(b.maxPoint())));
 }
 
 TEST(PartLibrary, ShowsEveryPartAsItsFileHasIt) {
@@ -59,7 +50,7 @@ TEST(PartLibrary, ShowsEveryPartAsItsFileHasIt) {
     const OdDbBlockReferencePtr reference = all.database->getOdDbObjectId(handle).safeOpenObject();
     const OdDbObjectId own = part.database->getModelSpaceId(), shown = reference->blockTableRecord();
     EXPECT_EQ(tests::entitiesOf(shown).size(), tests::entitiesOf(own).size()) << parts[at];
-    EXPECT_TRUE(sameExtents(shown, own)) << parts[at];
+    EXPECT_TRUE(corpus::sameExtents<OdDbBlockTableRecord>(shown, own)) << parts[at];
     for (const Json& kept : inserted[at]["kept"])
       ADD_FAILURE() << parts[at] << " shows another's " << kept;
   }
