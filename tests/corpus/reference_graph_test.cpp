@@ -4,8 +4,6 @@
 #include "console/reference_tree.h"
 #include "tests/corpus/drawings.h"
 
-#include "DbDxf.h"
-
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -82,15 +80,13 @@ void lookAt(OdDbObjectId picked, const std::optional<Answers>& answers, Sum& sum
 
 TEST(ReferenceGraph, IsWhatTheDrawingsHold) {
   Sum sum;
-  for (const std::string& path : corpus::paths()) {
-    SCOPED_TRACE(path);
-    const drawing::ReadResult read = drawing::readDrawingFromMemory(corpus::textOf(path));
+  corpus::forEachDrawing([&](const std::string& path, const drawing::ReadResult& read) {
     const std::optional<Answers> answers = answersFor(path);
-    for (const OdDbObjectId id : read.database.isNull() ? std::vector<OdDbObjectId>() : read.database->allIds()) {
+    for (const OdDbObjectId id : read.database->allIds()) {
       if (!OdDbBlockReference::cast(id.safeOpenObject()).isNull())
         lookAt(id, answers, sum);
     }
-  }
+  });
   EXPECT_GE(sum.trees, 530u);
   EXPECT_GE(sum.compared, 50u);
   EXPECT_GE(sum.rooted, 300u);

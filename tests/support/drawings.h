@@ -8,6 +8,7 @@
 #include "DbIdMapping.h"
 #include "DbSymbolRecords.h"
 #include "DbText.h"
+#include "tests/support/print.h"
 
 #include <gtest/gtest.h>
 
