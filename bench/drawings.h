@@ -26,8 +26,8 @@ public:
 };
 // "read", "write", "make" (a block of everything), "clone" (into another drawing), "undo" (a move and its undo),
 // "picture", "count" (the references to each of as many blocks), "insert" (the drawing as a block of another),
-// "insert-many" (as many entities in small drawings), "wblock" (a block of that size as a drawing), "wblock-many" (small
-// blocks, each as a drawing), and those over arrays of ids (id_jobs.cpp); null for other names.
+// "insert-many" (as many entities in small drawings), "wblock" (a block of that size as a drawing), "wblock-many"
+// (small blocks, each as a drawing), and those over arrays of ids (id_jobs.cpp); null for other names.
 std::unique_ptr<Job> makeJob(const std::string& name, std::size_t entities);
 const std::vector<std::string>& jobNames();
 

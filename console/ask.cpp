@@ -30,7 +30,8 @@ std::optional<OdGePoint3d> pointFrom(Session& session, Text prompt) {
 std::optional<OdString> askText(Session& session, Text prompt, const Arguments& arguments, bool wholeLine) {
   morvane::InputEngine& input = session.host().input();
   OdString text;
-  if (!answered(input.getString(wholeLine || !input.isScript(), promptText(prompt, arguments), text)))
+  if (!answered(wholeLine ? input.getString(true, promptText(prompt, arguments), text)
+                          : input.getName(promptText(prompt, arguments), text)))
     return std::nullopt;
   text.trimLeft().trimRight();
   return text.isEmpty() ? std::nullopt : std::optional(text);

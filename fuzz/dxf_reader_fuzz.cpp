@@ -1,11 +1,35 @@
 // Any bytes: they are a drawing or they are refused, within the memory that is allowed. What was read is audited,
-// mended and drawn; it is written, and what was written is read again.
+// mended and drawn; it is written, and what was written is read again. Some of its blocks become drawings of their own
+// and come back as blocks.
 #include "DbAudit.h"
+#include "DbBlockTable.h"
 #include "DbDxf.h"
+#include "DbWblock.h"
 #include "GiPicture.h"
 
 #include <cstdint>
 #include <cstdlib>
+
+namespace {
+
+void writeBlocks(const OdDbDatabase& database) {
+  int left = 4;
+  const OdDbBlockTablePtr table = database.getBlockTableId().safeOpenObject();
+  for (const auto walk = table->newIterator(); !walk->done() && left > 0; walk->step()) {
+    const OdDbBlockTableRecordPtr block = walk->getRecordId().safeOpenObject();
+    if (block->isLayout() || block->isFromExternalReference())
+      continue;
+    --left;
+    const OdDbDatabasePtr made = drawing::wblockBlock(block->objectId());
+    if (made.isNull())
+      continue;
+    if (drawing::readDrawingFromMemory(drawing::writeDrawingToMemory(*made), "block").database.isNull())
+      std::abort();
+    OdDbDatabase::create()->insert(L"again", made.get());
+  }
+}
+
+} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   drawing::ReadOptions options;
@@ -22,5 +46,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string written = drawing::writeDrawingToMemory(*read.database);
   if (drawing::readDrawingFromMemory(written, "written").database.isNull())
     std::abort();
+  writeBlocks(*read.database);
   return 0;
 }

@@ -1,9 +1,12 @@
 // What INSERT asks.
 #include "blockcommon/typed_names.h"
 
+#include "DbBlockTable.h"
+#include "blockcommon/block_lookup.h"
 #include "blockcommon/block_names.h"
 #include "blockcommon/document_queries.h"
 #include "blockcommon/file_paths.h"
+#include "blockcommon/host/services.h"
 #include "blockcommon/messages.h"
 
 #include <algorithm>
@@ -38,6 +41,8 @@ OdString findFile(const OdString& base, const OdString& spec) {
       if (!path.isEmpty() && insertCommon::isFileExist(path))
         return path;
     }
+    if (isWhole)
+      break;
   }
   return OdString();
 }
@@ -51,10 +56,20 @@ bool nameAfter(const OdString& file, OdString& blockName) {
   return false;
 }
 
+// In the current drawing, as everything here, wherever the host works at the moment.
+bool isExternal(const OdString& blockName) {
+  OdDbDatabase* current = hostAccess::currentDatabase();
+  OdDbObjectId id;
+  if (current == nullptr || !blockUtils::getBlockIDByName(blockName, id, current))
+    return false;
+  const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(id.safeOpenObject());
+  return !block.isNull() && (block->isFromExternalReference() || block->isDependent());
+}
+
 bool mayBeInserted(const OdString& blockName, const OdString& curName) {
   if (blockName.iCompare(curName) == 0)
     dlgTips::showBlockRefSelfTips(blockName);
-  else if (blockUtils::isFromExternalReference(blockName) || blockUtils::isExternalDependent(blockName))
+  else if (isExternal(blockName))
     dlgTips::showBlockExtRefErrorTips();
   else
     return true;

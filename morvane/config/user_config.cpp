@@ -79,22 +79,31 @@ bool UserConfig::isChanged() const {
   return document_->changed;
 }
 
+// What was not understood goes beside, before anything takes its place.
+std::string UserConfig::keepDamaged() {
+  std::error_code ignored;
+  if (loadProblem_.empty() || !fs::exists(file_, ignored))
+    return {};
+  const auto text = files::readWhole(file_);
+  return text ? replaceFile_(file_ + ".damaged", *text) : loadProblem_; // a folder, say, is not ours to move away
+}
+
 std::string UserConfig::save() {
   if (file_.empty())
     return {};
   std::error_code error;
-  if (!loadProblem_.empty() && fs::exists(file_, error) && !fs::is_regular_file(file_, error))
-    return loadProblem_; // a folder, say, is not ours to move away
   const fs::path folder = fs::path(file_).parent_path();
   if (!folder.empty())
     fs::create_directories(folder, error);
-  if (!loadProblem_.empty())
-    fs::rename(file_, file_ + ".damaged", error);
   if (error)
     return error.message();
-  loadProblem_.clear();
-  std::string reason = replaceFile_(file_, document_->root.dump(2, ' ', false, json::error_handler_t::replace) + "\n");
-  document_->changed = document_->changed && !reason.empty();
+  std::string reason = keepDamaged();
+  if (reason.empty())
+    reason = replaceFile_(file_, document_->root.dump(2, ' ', false, json::error_handler_t::replace) + "\n");
+  if (reason.empty()) {
+    loadProblem_.clear();
+    document_->changed = false;
+  }
   return reason;
 }
 

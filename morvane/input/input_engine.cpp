@@ -27,6 +27,14 @@ std::wstring untilZero(const OdString& line) {
   return std::wstring(line.visible());
 }
 
+// How many characters in front are a text in double quotes; 0 where it is not closed, or goes on behind them.
+std::size_t quotedPart(const std::wstring& line) {
+  const auto close = line.empty() || line[0] != L'"' ? std::wstring::npos : line.find(L'"', 1);
+  const bool ends =
+      close != std::wstring::npos && (close + 1 == line.size() || line.find_first_of(L" \t", close) == close + 1);
+  return ends ? close + 1 : 0;
+}
+
 } // namespace
 
 struct InputEngine::Level {
@@ -89,14 +97,17 @@ ReadStatus InputEngine::readRaw(const OdString& prompt, Extent extent, std::wstr
       top.rest = untilZero(line);
     }
     answer = *std::exchange(top.rest, std::nullopt);
-    const bool toBlank = extent == Extent::kToBlank || (extent == Extent::kToBlankInScripts && top.source->isScript());
-    const auto blank = toBlank ? answer.find_first_of(L" \t") : std::wstring::npos;
+    const bool toBlank = extent == Extent::kToBlank || (extent != Extent::kLine && top.source->isScript());
+    const auto blank =
+        toBlank ? answer.find_first_of(L" \t", extent == Extent::kName ? quotedPart(answer) : 0) : std::wstring::npos;
     if (blank != std::wstring::npos) {
       top.rest = answer.substr(blank + 1);
       answer.resize(blank);
     }
     if (echo_ && !top.source->showsPrompt())
       output_.print(OdString(answer + L"\n"));
+    if (extent == Extent::kName && answer.size() > 1 && quotedPart(answer) == answer.size())
+      answer = answer.substr(1, answer.size() - 2);
     return ReadStatus::kLine;
   }
   if (!shown)
@@ -139,10 +150,18 @@ InputEngine::Verdict InputEngine::ask(const Armed& armed, const OdString& prompt
 }
 
 int InputEngine::getString(bool allowSpaces, const OdString& prompt, OdString& result) {
+  return getText(allowSpaces ? Extent::kLine : Extent::kToBlank, prompt, result);
+}
+
+int InputEngine::getName(const OdString& prompt, OdString& result) {
+  return getText(Extent::kName, prompt, result);
+}
+
+int InputEngine::getText(Extent extent, const OdString& prompt, OdString& result) {
   const Armed armed = takeArmed();
   result.empty();
   std::wstring answer;
-  switch (ask(armed, prompt, allowSpaces ? Extent::kLine : Extent::kToBlank, answer)) {
+  switch (ask(armed, prompt, extent, answer)) {
   case Verdict::kCancel:
     return RTCAN;
   case Verdict::kEmpty:

@@ -5,11 +5,8 @@
 #include "Ge/GeUtil.h"
 #include "blockcommon/attributes.h"
 #include "morvane/drawing_tools.h"
-#include "morvane/testing.h"
-#include "tests/support/drawings.h"
+#include "tests/support/open_document.h"
 #include "tests/support/oracles.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -19,17 +16,14 @@ using namespace tests;
 enum Kind { kPlain = 0, kConstant = 1, kVerify = 2, kPreset = 4, kMulti = 8 };
 
 struct Definition {
-  const wchar_t* tag;
-  const wchar_t* prompt;
-  const wchar_t* value;
+  const wchar_t *tag, *prompt = L"", *value = L"";
   int kind = kPlain;
 };
 
-class Attributes : public testing::Test {
+class Attributes : public OpenDocument {
 protected:
   OdDbObjectId define(const Definition& wanted) {
-    const OdDbAttributeDefinitionPtr made = OdDbAttributeDefinition::createObject();
-    made->setDatabaseDefaults(database_);
+    const auto made = addTo<OdDbAttributeDefinition>(block_);
     made->setTag(wanted.tag);
     made->setPrompt(wanted.prompt);
     made->setConstant((wanted.kind & kConstant) != 0);
@@ -41,7 +35,7 @@ protected:
       lines->setContents(wanted.value);
       made->setMTextAttributeDefinition(lines.get());
     }
-    return forWrite<OdDbBlockTableRecord>(block_)->appendOdDbEntity(made.get());
+    return made->objectId();
   }
   void newBlock(const std::vector<Definition>& definitions) {
     block_ = addBlock(*database_, L"part" + OdString(std::to_wstring(++blocks_)));
@@ -62,15 +56,10 @@ protected:
     EXPECT_FALSE(reference()->isWriteEnabled());
     EXPECT_TRUE(LayerTools::isLayerLocked(walls_));
   }
-  // A definition whose field is gone while its dictionary still names it.
-  void loseField(OdDbObjectId definition) {
-    const OdDbFieldPtr field = OdDbField::createObject();
-    forWrite<OdDbField>(OdDbField::setField(*forWrite<OdDbEntity>(definition), field))->erase();
+  static OdDbObjectId addField(OdDbObjectId definition) {
+    return OdDbField::setField(*forWrite<OdDbEntity>(definition), OdDbField::createObject());
   }
 
-  morvane::FaultyHost host_;
-  const OdDbDatabasePtr database_ = OdDbDatabase::create();
-  mvsi::MvsiApDocument* document_ = host_.host().documents().open(database_);
   const OdDbObjectId walls_ = [this] {
     const OdDbObjectId id = addLayer(*database_, L"Walls");
     LayerTools::lockOrUnlockLayer(id, true);
@@ -83,50 +72,38 @@ protected:
 constexpr wchar_t kCancel[] = L"\x1b";
 
 TEST_F(Attributes, AreAskedForInTheseWords) {
+  const wchar_t *const verified = L"V <d> : \n验证属性值\nV <1> : ", *const next = L"下一行或 <已完成>: ";
   const struct {
     const char* what;
     std::vector<Definition> definitions;
-    std::vector<OdString> answers;
-    std::vector<OdString> values;
-    const wchar_t* shown;
+    std::vector<OdString> answers, values;
+    OdString shown; // below the header
   } cases[] = {
-      {"prompt and default", {{L"W", L"Width", L"9"}}, {L"a b"}, {L"a b"}, L"\n输入属性值\nWidth <9> : "},
-      {"tag, no default", {{L"W", L"", L""}}, {L""}, {L""}, L"\n输入属性值\n\nW: "},
-      {"default kept", {{L"W", L"100%s", L"5%d"}}, {L""}, {L"5%d"}, L"\n输入属性值\n100%s <5%d> : "},
+      {"prompt and default", {{L"W", L"Width", L"9"}}, {L"a b"}, {L"a b"}, L"Width <9> : "},
+      {"tag, no default", {{L"W"}}, {L""}, {L""}, L"\nW: "},
+      {"default kept", {{L"W", L"100%s", L"5%d"}}, {L""}, {L"5%d"}, L"100%s <5%d> : "},
       {"header once, behind what is not asked",
-       {{L"C", L"", L"c", kConstant}, {L"P", L"", L"p", kPreset | kVerify}, {L"A", L"", L""}, {L"B", L"", L""}},
+       {{L"C", L"", L"c", kConstant}, {L"P", L"", L"p", kPreset | kVerify}, {L"A"}, {L"B"}},
        {L"1", L"2"},
        {L"p", L"1", L"2"},
-       L"\n输入属性值\n\nA: \nB: "},
+       L"\nA: \nB: "},
       {"nothing to ask", {{L"C", L"", L"c", kConstant}, {L"P", L"", L"p", kPreset}}, {}, {L"p"}, L""},
-      {"verified, changed",
-       {{L"V", L"", L"d", kVerify}},
-       {L"1", L"2"},
-       {L"2"},
-       L"\n输入属性值\nV <d> : \n验证属性值\nV <1> : "},
-      {"verified, kept",
-       {{L"V", L"", L"d", kVerify}},
-       {L"1", L""},
-       {L"1"},
-       L"\n输入属性值\nV <d> : \n验证属性值\nV <1> : "},
-      {"verified, empty", {{L"V", L"", L"", kVerify}}, {L"", L"x"}, {L"x"}, L"\n输入属性值\n\nV: \n验证属性值\nV: "},
-      {"lines",
-       {{L"M", L"", L"", kMulti}},
-       {L"a", L"b", L""},
-       {L"a\\Pb"},
-       L"\n输入属性值\n\nM: 下一行或 <已完成>: 下一行或 <已完成>: "},
+      {"verified, changed", {{L"V", L"", L"d", kVerify}}, {L"1", L"2"}, {L"2"}, verified},
+      {"verified, kept", {{L"V", L"", L"d", kVerify}}, {L"1", L""}, {L"1"}, verified},
+      {"verified, empty", {{L"V", L"", L"", kVerify}}, {L"", L"x"}, {L"x"}, L"\nV: \n验证属性值\nV: "},
+      {"lines", {{L"M", L"", L"", kMulti}}, {L"a", L"b", L""}, {L"a\\Pb"}, OdString(L"\nM: ") + next + next},
       {"lines, default kept",
        {{L"M", L"Say", L"{\\fArial;a}\\Pb%s", kMulti}},
        {L""},
        {L"{\\fArial;a}\\Pb%s"},
-       L"\n输入属性值\n\nSay - 默认值:\n    a\n    b%s\nSay <接受默认值> : "},
-      {"lines, none", {{L"M", L"", L"", kMulti}}, {L""}, {L""}, L"\n输入属性值\n\nM: "},
+       L"\nSay - 默认值:\n    a\n    b%s\nSay <接受默认值> : "},
+      {"lines, none", {{L"M", L"", L"", kMulti}}, {L""}, {L""}, L"\nM: "},
       {"lines verified",
        {{L"M", L"", L"d", kMulti | kVerify}},
        {L"a%d", L"b", L"", L""},
        {L"a%d\\Pb"},
-       L"\n输入属性值\n\nM - 默认值:\n    d\nM <接受默认值> : 下一行或 <已完成>: 下一行或 <已完成>: "
-       L"\n验证属性值\nM - 默认值:\n    a%d\n    b\nM <接受默认值> : "},
+       OdString(L"\nM - 默认值:\n    d\nM <接受默认值> : ") + next + next +
+           L"\n验证属性值\nM - 默认值:\n    a%d\n    b\nM <接受默认值> : "},
   };
   for (const auto& one : cases) {
     SCOPED_TRACE(one.what);
@@ -136,7 +113,7 @@ TEST_F(Attributes, AreAskedForInTheseWords) {
     EXPECT_EQ(host_.takeOutput(), L"");
     host_.answerWith(one.answers);
     EXPECT_TRUE(processAttributesForInsert(reference(), false));
-    EXPECT_EQ(host_.takeOutput(), one.shown);
+    EXPECT_EQ(host_.takeOutput(), one.shown.isEmpty() ? L"" : L"\n输入属性值\n" + one.shown);
     EXPECT_EQ(values(), one.values);
     EXPECT_EQ(host_.unreadAnswers(), 0U);
     expectClosed();
@@ -189,10 +166,9 @@ TEST_F(Attributes, AreNotOverwrittenByADefaultWhoseFieldIsGone) {
   for (const auto& one : cases) {
     newBlock({});
     const OdDbObjectId definition = define({L"A", L"", L"d", one.verify ? kVerify : kPlain});
-    if (one.lost)
-      loseField(definition);
-    else
-      OdDbField::setField(*forWrite<OdDbEntity>(definition), OdDbField::createObject());
+    const OdDbObjectId field = addField(definition);
+    if (one.lost) // while the dictionary still names it
+      forWrite<OdDbField>(field)->erase();
     processAttributesForInsert(reference(), false);
     forWrite<OdDbAttribute>(attributes()[0])->setTextString(L"old");
     host_.answerWith({one.answer, L""});
@@ -204,10 +180,8 @@ TEST_F(Attributes, AreNotOverwrittenByADefaultWhoseFieldIsGone) {
 // Something else under a field's name throws, and whatever was opened is let go of.
 TEST_F(Attributes, LeaveNothingOpenBehindAnException) {
   newBlock({{L"A", L"", L"a"}});
-  const OdDbObjectId definition = forRead<OdDbBlockTableRecord>(block_)->newIterator()->objectId();
-  const OdDbObjectId field = OdDbField::setField(*forWrite<OdDbEntity>(definition), OdDbField::createObject());
-  const OdDbDictionaryPtr fields = forRead<OdDbField>(field)->ownerId().safeOpenObject(OdDb::kForWrite);
-  fields->setAt(L"TEXT", OdDbXrecord::createObject());
+  const OdDbObjectId field = addField(entitiesOf(block_)[0]);
+  forWrite<OdDbDictionary>(forRead<OdDbField>(field)->ownerId())->setAt(L"TEXT", OdDbXrecord::createObject());
   for (const bool asks : {false, true}) { // the first makes the attribute
     if (asks)
       forWrite<OdDbEntity>(attributes()[0])->setLayer(walls_);
@@ -218,12 +192,14 @@ TEST_F(Attributes, LeaveNothingOpenBehindAnException) {
   }
   forWrite<OdDbBlockReference>(reference_)->setBlockTableRecord(walls_);
   OdDbObjectIdArray ids;
-  EXPECT_THROW(getAllAttributeDefinesOfBlk(reference(), ids), OdError_NotThatKindOfClass);
-  EXPECT_THROW(hasAttribute(reference()), OdError_NotThatKindOfClass);
-  EXPECT_THROW(processAttributesForInsert(reference(), true), OdError_NotThatKindOfClass);
-  EXPECT_THROW(isExistAnnoPO(walls_), OdError_NotThatKindOfClass);
-  EXPECT_THROW(addAnnoToObj(reference_, true), OdError_NotThatKindOfClass);
-  EXPECT_THROW(updateFiledAttributeDefines(reference_), OdError_NotThatKindOfClass);
+  const std::function<void()> calls[] = {[&] { getAllAttributeDefinesOfBlk(reference(), ids); },
+                                         [&] { hasAttribute(reference()); },
+                                         [&] { processAttributesForInsert(reference(), true); },
+                                         [&] { isExistAnnoPO(walls_); },
+                                         [&] { addAnnoToObj(reference_, true); },
+                                         [&] { updateFiledAttributeDefines(reference_); }};
+  for (const auto& call : calls)
+    EXPECT_THROW(call(), OdError_NotThatKindOfClass) << &call - calls;
   expectClosed();
 }
 
@@ -236,8 +212,8 @@ TEST_F(Attributes, AreMadeOnceMoreWheneverTheirNumberDiffers) {
   EXPECT_EQ(values(), (std::vector<OdString>{L"own", L"a", L"p", L"a", L"p"}));
   expectClosed();
   newBlock({{L"C", L"", L"c", kConstant}});
-  EXPECT_TRUE(processAttributesForInsert(reference(), false));
-  EXPECT_TRUE(processAttributesForInsert(reference(), true));
+  for (const bool defaults : {false, true})
+    EXPECT_TRUE(processAttributesForInsert(reference(), defaults));
   EXPECT_TRUE(attributes().isEmpty());
   EXPECT_TRUE(hasAttribute(reference()));
   newBlock({});
@@ -267,8 +243,8 @@ TEST_F(Attributes, LieWhereTheBlockLies) {
 TEST_F(Attributes, RefuseWhatIsNotThereOrMayNotChange) {
   newBlock({{L"A", L"", L"a"}});
   OdDbObjectIdArray ids{walls_};
-  EXPECT_FALSE(processAttributesForInsert(nullptr, false));
-  EXPECT_FALSE(processAttributesForInsert(nullptr, true));
+  for (const bool defaults : {false, true})
+    EXPECT_FALSE(processAttributesForInsert(nullptr, defaults));
   EXPECT_FALSE(addDefaultAttributeToBlk(nullptr));
   EXPECT_FALSE(processAttributesFieldsForInsert(nullptr, ids));
   EXPECT_FALSE(hasAttribute(nullptr));
@@ -283,8 +259,8 @@ TEST_F(Attributes, RefuseWhatIsNotThereOrMayNotChange) {
   EXPECT_FALSE(addDefaultAttributeToBlk(free));
   EXPECT_THROW(addDefaultAttributeToBlk(reference()), OdError); // open for read
   forWrite<OdDbEntity>(reference_)->setLayer(walls_);
-  EXPECT_FALSE(processAttributesForInsert(reference(), false));
-  EXPECT_FALSE(processAttributesForInsert(reference(), true));
+  for (const bool defaults : {false, true})
+    EXPECT_FALSE(processAttributesForInsert(reference(), defaults));
   EXPECT_THROW(blockUtils::processBlockTbRefAsDefaultAttri(reference()), OdError);
   expectClosed();
   EXPECT_TRUE(attributes().isEmpty());
@@ -336,8 +312,7 @@ TEST_F(Attributes, NeedAQuestionOnlyWhenOneIsNeitherPresetNorConstant) {
 // The hooks look at attributes, definitions and fields, and change nothing.
 TEST_F(Attributes, HooksChangeNothing) {
   newBlock({{L"A", L"", L"a"}, {L"B", L"", L"b"}});
-  const OdDbObjectId definition = forRead<OdDbBlockTableRecord>(block_)->newIterator()->objectId();
-  const OdDbObjectId field = OdDbField::setField(*forWrite<OdDbEntity>(definition), OdDbField::createObject());
+  const OdDbObjectId field = addField(entitiesOf(block_)[0]);
   const OdDbFieldPtr child = OdDbField::createObject();
   child->setFieldCode(L"\\AcExpr (1+1)");
   forWrite<OdDbField>(field)->appendChild(child.get());

@@ -1,35 +1,17 @@
 // Finding block definitions by name, and the kinds of block that a name stands for.
 #include "blockcommon/block_lookup.h"
 #include "blockcommon/block_names.h"
-#include "morvane/testing.h"
-
-#include "DbBlockTable.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/open_document.h"
 
 namespace {
 
-using morvane::ScriptedHost;
+using namespace tests;
 
-OdDbObjectId addBlock(OdDbDatabase* database, const OdString& name, std::int16_t flags = 0) {
-  const OdDbBlockTablePtr table = database->getBlockTableId().safeOpenObject(OdDb::kForWrite);
-  const OdDbBlockTableRecordPtr record = OdDbBlockTableRecord::createObject();
-  record->setName(name);
-  record->setFlag(flags, flags != 0);
-  return table->add(record);
-}
-
-class BlockLookup : public testing::Test {
-protected:
-  ScriptedHost host_;
-  OdDbDatabasePtr database_ = OdDbDatabase::create();
-  mvsi::MvsiApDocument* document_ = host_.host().documents().open(database_);
-};
+class BlockLookup : public OpenDocument {};
 
 TEST_F(BlockLookup, FindsLivingRecordsWithoutRegardToCase) {
-  const OdDbObjectId door = addBlock(database_, L"Door");
   const OdDbDatabasePtr other = OdDbDatabase::create();
-  const OdDbObjectId theirs = addBlock(other, L"Door");
+  const OdDbObjectId door = addBlock(*database_, L"Door"), theirs = addBlock(*other, L"Door");
   OdDbObjectId id;
   EXPECT_TRUE(blockUtils::getBlockIDByName(L"dOOR", id, nullptr));
   EXPECT_EQ(id, door);
@@ -45,23 +27,26 @@ TEST_F(BlockLookup, FindsLivingRecordsWithoutRegardToCase) {
 
 TEST_F(BlockLookup, NeedsADatabaseOnlyForNames) {
   mvsi::mvsidbSetWorkingDatabase(nullptr);
-  OdDbObjectId id = addBlock(database_, L"Door");
+  OdDbObjectId id = addBlock(*database_, L"Door");
   EXPECT_FALSE(blockUtils::getBlockIDByName(L"Door", id, nullptr));
   EXPECT_TRUE(id.isNull());
   EXPECT_FALSE(blockUtils::isAnonymous(L"Door"));
   EXPECT_TRUE(blockUtils::isAnonymous(L"*U12"));
   EXPECT_TRUE(commonFun::isBlockRenameAble(L"Door"));
-  morvane::FaultyHost faulty;
-  id = addBlock(database_, L"Window");
+  host_.failNothing();
+  id = addBlock(*database_, L"Window");
   EXPECT_FALSE(blockUtils::getBlockIDByName(L"", id, nullptr));
   EXPECT_TRUE(id.isNull());
-  EXPECT_TRUE(faulty.calls().empty()); // the host was not even asked
+  EXPECT_TRUE(host_.calls().empty()); // the host was not even asked
 }
 
 TEST_F(BlockLookup, TellsTheKindsApart) {
-  addBlock(database_, L"Door");
-  addBlock(database_, L"Site", OdDbBlockTableRecord::kExternalReference);
-  addBlock(database_, L"Site|Tree", OdDbSymbolTableRecord::kDependent);
+  addBlock(*database_, L"Door");
+  const auto add = [&](const wchar_t* name, std::int16_t flag) {
+    forWrite<OdDbBlockTableRecord>(addBlock(*database_, name))->setFlag(flag, true);
+  };
+  add(L"Site", OdDbBlockTableRecord::kExternalReference);
+  add(L"Site|Tree", OdDbSymbolTableRecord::kDependent);
   const struct {
     const wchar_t* name;
     bool anonymous, dependent, external, renameable;
@@ -72,10 +57,11 @@ TEST_F(BlockLookup, TellsTheKindsApart) {
       {L"", false, false, false, true},
   };
   for (const auto& one : cases) {
-    EXPECT_EQ(blockUtils::isAnonymous(one.name), one.anonymous) << OdString(one.name).toUtf8();
-    EXPECT_EQ(blockUtils::isExternalDependent(one.name), one.dependent) << OdString(one.name).toUtf8();
-    EXPECT_EQ(blockUtils::isFromExternalReference(one.name), one.external) << OdString(one.name).toUtf8();
-    EXPECT_EQ(commonFun::isBlockRenameAble(one.name), one.renameable) << OdString(one.name).toUtf8();
+    SCOPED_TRACE(one.name);
+    EXPECT_EQ(blockUtils::isAnonymous(one.name), one.anonymous);
+    EXPECT_EQ(blockUtils::isExternalDependent(one.name), one.dependent);
+    EXPECT_EQ(blockUtils::isFromExternalReference(one.name), one.external);
+    EXPECT_EQ(commonFun::isBlockRenameAble(one.name), one.renameable);
   }
   for (OdString name : {modelSpaceStr, paperSpaceStr}) {
     EXPECT_FALSE(commonFun::isBlockRenameAble(name));

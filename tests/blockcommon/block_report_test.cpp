@@ -1,21 +1,14 @@
 // The lists of blocks that dialogs show: who is on them, what is told of each, and what stays when the host gives out.
 #include "blockcommon/block_report.h"
-#include "morvane/testing.h"
-#include "tests/support/drawings.h"
+#include "tests/support/open_document.h"
 
-#include <gtest/gtest.h>
+#include <algorithm>
 
 namespace {
 
-using tests::addBlock;
-using tests::forWrite;
+using namespace tests;
 
-class BlockReport : public testing::Test {
-protected:
-  morvane::FaultyHost host_;
-  OdDbDatabasePtr database_ = OdDbDatabase::create();
-  mvsi::MvsiApDocument* document_ = host_.host().documents().open(database_);
-};
+class BlockReport : public OpenDocument {};
 
 TEST_F(BlockReport, ListsOrdinaryBlocksInTableOrder) {
   constexpr std::int16_t kAnonymous = 1, kXref = 4, kOverlay = 8, kDependent = 16;
@@ -64,20 +57,19 @@ TEST_F(BlockReport, WritesTheFactorOfTheDrawingsUnit) {
     short drawing;
     const char *factor, *failing = "none";
   } rows[] = {
-      {OdDb::kUnitsMeters, kInch, "25.4000"},
-      {OdDb::kUnitsUndefined, kInch, "1.0000"},
-      {OdDb::kUnitsMeters, kNone, "1.0000"},
-      {OdDb::kUnitsMeters, kMicron, "0.0010"},
-      {OdDb::kUnitsMeters, kNanometre, "1.0000E-06"},
-      {OdDb::kUnitsMeters, kAngstrom, "1.0000E-07"},
-      {OdDb::kUnitsMeters, kInch, "1.0000", "mvsiedGetUnitsFactor"},
-      {OdDb::kUnitsMeters, kInch, "", "mvsidbRToS"},
+      {OdDb::kUnitsMeters, kInch, "25.4000"},         {OdDb::kUnitsUndefined, kInch, "1.0000"},
+      {OdDb::kUnitsMeters, kNone, "1.0000"},          {OdDb::kUnitsMeters, kMicron, "0.0010"},
+      {OdDb::kUnitsMeters, kNanometre, "1.0000E-06"}, {OdDb::kUnitsMeters, kAngstrom, "1.0000E-07"},
+      {OdDb::kUnitsMeters, kInch, "", "mvsidbRToS"},  {OdDb::kUnitsMeters, kInch, "1.0000", "mvsiedGetUnitsFactor"},
   };
   for (const auto& row : rows) {
     forWrite<OdDbBlockTableRecord>(id)->setBlockInsertUnits(row.block);
     ASSERT_EQ(mvsi::setVar(L"INSUNITS", row.drawing, true), RTNORM);
     host_.failOperation(row.failing);
+    const auto asked = [&] { return std::count(host_.calls().begin(), host_.calls().end(), "mvsiedGetUnitsFactor"); };
+    const auto before = asked();
     EXPECT_EQ(blockUtils::getStatisticalCntsOfBT()->toText(), report(row.block, row.factor));
+    EXPECT_EQ(asked() - before, row.block != 0 && row.drawing != 0 ? 1 : 0);
   }
   host_.host().services().remove(kEditSystemServer);
   EXPECT_EQ(blockUtils::getStatisticalCntsOfBT()->toText(), report(OdDb::kUnitsMeters, "1.0000"));

@@ -1,12 +1,9 @@
 // The thumbnail that is drawn of a document: its bytes, whose view is drawn, what is kept, and every way to have none.
 #include "blockcommon/document_queries.h"
-#include "morvane/testing.h"
-#include "tests/support/drawings.h"
+#include "tests/support/open_document.h"
 
 #include "DbDxf.h"
 #include "DbFaces.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -18,13 +15,11 @@ protected:
   // Red all over, and twice as wide as a thumbnail is against its height.
   static OdDbDatabasePtr redDrawing() {
     OdDbDatabasePtr database = OdDbDatabase::create();
-    const OdSmartPtr<OdDbSolid> solid = OdDbSolid::createObject();
-    solid->setDatabaseDefaults(database.get());
+    const auto solid = addTo<OdDbSolid>(database->getModelSpaceId());
     solid->setColorIndex(1);
     const OdGePoint3d corners[] = {{0, 0, 0}, {300, 0, 0}, {0, 100, 0}, {300, 100, 0}};
     for (int i = 0; i < 4; ++i)
       solid->setPointAt(i, corners[i]);
-    forWrite<OdDbBlockTableRecord>(database->getModelSpaceId())->appendOdDbEntity(solid.get());
     return database;
   }
   static std::string pixel(const std::string& bitmap, std::size_t x, std::size_t y) {

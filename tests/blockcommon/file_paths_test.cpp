@@ -2,19 +2,12 @@
 // although none was asked for, and results that do not depend on their input, are kept as callers know them.
 #include "blockcommon/file_paths.h"
 #include "morvane/host_api.h"
-#include "morvane/testing.h"
-#include "tests/support/scratch_folder.h"
+#include "tests/support/open_document.h"
 
-#include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <stdlib.h>
 
-namespace {
-
-bool openElsewhere = false;
-
-} // namespace
+static bool openElsewhere = false;
 
 // In place of the library's own, as a command module may do it.
 __attribute__((visibility("default"))) bool commonFun::isOpenedDoc(OdString) {
@@ -26,26 +19,16 @@ namespace {
 namespace fs = std::filesystem;
 using Boxes = std::vector<OdString>; // of each its caption, a bar and its body
 
-class FilePaths : public testing::Test {
+class FilePaths : public tests::HostAndFolder {
 protected:
-  const tests::ScratchFolder folder_;
-  const fs::path root_ = folder_.path();
-
   FilePaths() {
     fs::create_directories(root_ / "site/empty");
     std::ofstream(root_ / "site/plan.dwg") << "x";
-    host_.host().paths().setDrive(L'P', root_.string());
     host_.host().searchPath().setFolders({(root_ / "site").string()});
-    host_.host().messageBoxes().setShow([this](const morvane::MessageBox& box) {
-      boxes_.push_back(box.caption + L"|" + box.body + L"|" + OdString(std::to_wstring(box.flags)));
-      return 0;
-    });
   }
   ~FilePaths() override { openElsewhere = false; }
-  Boxes takeBoxes() { return std::exchange(boxes_, {}); }
 
-  morvane::FaultyHost host_;
-  Boxes boxes_;
+  tests::BoxWatch boxes_{host_};
 };
 
 const Boxes kNone;
@@ -62,10 +45,10 @@ TEST_F(FilePaths, WithForbiddenCharactersAreTold) {
       {L"C:\\?", true},         {L"C:\\a;", true},  {L"C:\\*.dwg", true}, {L"::", true},     {L"a\"b", false},
   };
   for (const auto& [path, isIllegal] : rows) {
-    EXPECT_EQ(filePath::isFilePathExistIllEgalCharacter(path, false), isIllegal) << OdString(path).toUtf8();
-    EXPECT_EQ(takeBoxes(), kNone);
+    EXPECT_EQ(filePath::isFilePathExistIllEgalCharacter(path, false), isIllegal) << path;
+    EXPECT_EQ(boxes_.take(), kNone);
     EXPECT_EQ(filePath::isFilePathExistIllEgalCharacter(path, true), isIllegal);
-    EXPECT_EQ(takeBoxes().size(), isIllegal ? 1U : 0U) << OdString(path).toUtf8();
+    EXPECT_EQ(boxes_.take().size(), isIllegal ? 1U : 0U) << path;
   }
 }
 
@@ -93,9 +76,9 @@ TEST_F(FilePaths, ToWriteToAreRefusedInOrder) {
   };
   for (const auto& row : rows) {
     EXPECT_EQ(filePath::isFilePathLegal(row.path, false), row.isLegal) << row.path.left(40).toUtf8();
-    EXPECT_EQ(takeBoxes(), row.always) << row.path.left(40).toUtf8();
+    EXPECT_EQ(boxes_.take(), row.always) << row.path.left(40).toUtf8();
     EXPECT_EQ(filePath::isFilePathLegal(row.path, true), row.isLegal);
-    const Boxes shown = takeBoxes();
+    const Boxes shown = boxes_.take();
     EXPECT_EQ(shown.size(), row.always.size() + row.whenAsked.size());
     if (!row.whenAsked.empty() && !shown.empty()) {
       EXPECT_EQ(shown.back(), row.whenAsked[0]);
@@ -106,7 +89,7 @@ TEST_F(FilePaths, ToWriteToAreRefusedInOrder) {
   for (const auto& [path, isFolder] : folders) {
     EXPECT_EQ(filePath::isFileDirLegal(path, false), isFolder);
     EXPECT_EQ(filePath::isFileDirLegal(path, true), isFolder);
-    EXPECT_EQ(takeBoxes().size(), isFolder ? 0U : 1U) << OdString(path).toUtf8();
+    EXPECT_EQ(boxes_.take().size(), isFolder ? 0U : 1U) << path;
   }
 }
 
@@ -116,17 +99,17 @@ TEST_F(FilePaths, OfOpenDrawingsAreKnownByTheirFile) {
   host_.host().documents().open(OdDbDatabase::create());
   for (const wchar_t* path :
        {L"P:\\site\\plan.dwg", L"p:\\SITE\\Plan.DWG", L"P:\\link\\plan.dwg", L"P:\\link\\PLAN.dwg"}) {
-    EXPECT_TRUE(filePath::isFileLoaded(path, false)) << OdString(path).toUtf8();
-    EXPECT_EQ(takeBoxes(), kNone);
+    EXPECT_TRUE(filePath::isFileLoaded(path, false)) << path;
+    EXPECT_EQ(boxes_.take(), kNone);
     EXPECT_TRUE(filePath::isFileLoaded(path, true));
-    EXPECT_EQ(takeBoxes(), (Boxes{L"块 - 文件正在使用|" + OdString(path) + L" 已在使用。请指定其他文件名|0"}));
+    EXPECT_EQ(boxes_.take(), (Boxes{L"块 - 文件正在使用|" + OdString(path) + L" 已在使用。请指定其他文件名|0"}));
   }
   for (const wchar_t* path : {L"P:\\site\\other.dwg", L""})
-    EXPECT_FALSE(filePath::isFileLoaded(path, true)) << OdString(path).toUtf8();
+    EXPECT_FALSE(filePath::isFileLoaded(path, true)) << path;
   openElsewhere = true; // that box is shown in any case
   for (const bool show : {false, true}) {
     EXPECT_TRUE(filePath::isFileLoaded(L"P:\\100%s.dwg", show));
-    EXPECT_EQ(takeBoxes(), (Boxes{L"错误 消息|P:\\100%s.dwg 已存在并被另一任务或其他用户打开，\n不能替换。|0"}));
+    EXPECT_EQ(boxes_.take(), (Boxes{L"错误 消息|P:\\100%s.dwg 已存在并被另一任务或其他用户打开，\n不能替换。|0"}));
   }
 }
 
@@ -143,8 +126,8 @@ TEST_F(FilePaths, FallIntoParts) {
     filePath::analyzeFilePath(row.path, first, whole, dir, extension);
     EXPECT_EQ(first, L"");
     EXPECT_EQ(whole, row.path);
-    EXPECT_EQ(dir, row.dir) << OdString(row.path).toUtf8();
-    EXPECT_EQ(extension, row.extension) << OdString(row.path).toUtf8();
+    EXPECT_EQ(dir, row.dir) << row.path;
+    EXPECT_EQ(extension, row.extension) << row.path;
     OdString path = row.path; // as its own result
     filePath::analyzeFilePath(path, path, whole, dir, extension);
     EXPECT_EQ(std::tie(whole, dir), std::make_tuple(OdString(row.path), OdString(row.dir)));
@@ -184,12 +167,12 @@ TEST_F(FilePaths, AreSearchedByTheHost) {
   EXPECT_STREQ(found.c_str(), L"old:P:\\site\\plan.dwg");
   wchar_t buffer[4096] = L"as before";
   for (const wchar_t* none : {L"", L"plan", L"P:\\site\\empty", L"none.dwg"}) {
-    EXPECT_FALSE(insertCommon::isFileExist(none)) << OdString(none).toUtf8();
+    EXPECT_FALSE(insertCommon::isFileExist(none)) << none;
     EXPECT_FALSE(insertCommon::isFileExist(none, found));
   }
   EXPECT_EQ(found.getLength(), 4 + 4096);
   for (const wchar_t* none : {L"", L"none", L"empty", L"plan.", L"plan.dxf"})
-    EXPECT_FALSE(insertCommon::isSearchDwgFile(none, buffer, 0)) << OdString(none).toUtf8();
+    EXPECT_FALSE(insertCommon::isSearchDwgFile(none, buffer, 0)) << none;
   EXPECT_STREQ(buffer, L"as before");
   EXPECT_TRUE(insertCommon::isSearchDwgFile(L"plan", buffer, 0));
   EXPECT_STREQ(buffer, L"P:\\site\\plan.dwg");

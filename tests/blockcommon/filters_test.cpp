@@ -2,13 +2,10 @@
 // itself is found at any depth.
 #include "blockcommon/filters.h"
 #include "morvane/drawing_tools.h"
-#include "morvane/testing.h"
-#include "tests/support/drawings.h"
+#include "tests/support/open_document.h"
 
 #include "DbDescription.h"
 #include "DbViewport.h"
-
-#include <gtest/gtest.h>
 
 // Kinds that are a camera or a definition, but not exactly.
 class StereoCamera : public OdDbCamera {
@@ -27,19 +24,17 @@ namespace {
 
 using namespace tests;
 
-class Filters : public testing::Test {
+class Filters : public OpenDocument {
 protected:
   template <class Kind>
   OdDbObjectId add(OdDbObjectId block = OdDbObjectId()) {
-    const OdSmartPtr<Kind> made = Kind::createObject();
-    const OdDbObjectId into = block.isNull() ? database_->getModelSpaceId() : block;
-    return forWrite<OdDbBlockTableRecord>(into)->appendOdDbEntity(made.get());
+    return addTo<Kind>(block.isNull() ? database_->getModelSpaceId() : block)->objectId();
   }
   template <class Kind>
   OdDbObjectId addErased() {
-    const OdDbObjectId id = add<Kind>();
-    forWrite<OdDbEntity>(id)->erase();
-    return id;
+    const OdSmartPtr<Kind> entity = addTo<Kind>(database_->getModelSpaceId());
+    entity->erase();
+    return entity->objectId();
   }
   OdDbObjectId reference(OdDbObjectId block, OdDbObjectId into = OdDbObjectId()) {
     return addReference(*database_, block, into);
@@ -55,34 +50,16 @@ protected:
     EXPECT_EQ(found, anyAlone) << name.toUtf8(); // one by one and all together agree
     return found;
   }
-
-  morvane::FaultyHost host_;
-  OdDbDatabasePtr database_ = OdDbDatabase::create();
-  mvsi::MvsiApDocument* document_ = host_.host().documents().open(database_);
 };
 
 TEST_F(Filters, CamerasAloneAreKickedOut) {
   const OdDbObjectId text = addText(*database_, L"a"), definition = add<OdDbAttributeDefinition>();
   const OdDbObjectId stereo = add<StereoCamera>(), erased = addErased<OdDbCamera>();
-  OdDbObjectId gone;
-  {
-    const OdDbDatabasePtr other = OdDbDatabase::create();
-    gone = addText(*other, L"b");
-  }
-  OdDbObjectIdArray ids{add<OdDbCamera>(),
-                        text,
-                        OdDbObjectId(),
-                        definition,
-                        add<OdDbCamera>(),
-                        stereo,
-                        erased,
-                        gone,
-                        text,
-                        add<OdDbCamera>(),
-                        database_->getLayerZeroId()};
+  const OdDbObjectId gone = addText(*OdDbDatabase::create(), L"b"), layer = database_->getLayerZeroId(), none;
+  const OdDbObjectId one = add<OdDbCamera>(), two = add<OdDbCamera>(), three = add<OdDbCamera>();
+  OdDbObjectIdArray ids{one, text, none, definition, two, stereo, erased, gone, text, three, layer};
   blockUtils::kickOutSomeKindOfObjs(ids);
-  EXPECT_EQ(ids, (OdDbObjectIdArray{text, OdDbObjectId(), definition, stereo, erased, gone, text,
-                                    database_->getLayerZeroId()}));
+  EXPECT_EQ(ids, (OdDbObjectIdArray{text, none, definition, stereo, erased, gone, text, layer}));
 }
 
 TEST_F(Filters, AttributeDefinitionsMoveBehindInOrder) {
@@ -101,27 +78,21 @@ TEST_F(Filters, ABlockThatWouldContainItselfIsFoundAtAnyDepth) {
   const OdDbObjectId text = addText(*database_, L"a"), other = reference(addBlock(*database_, L"other"));
   const OdDbObjectId inner = reference(a, b);
   addText(*database_, L"first", c);
-  const OdDbObjectId rows = add<OdDbMInsertBlock>(c);
-  forWrite<OdDbMInsertBlock>(rows)->setBlockTableRecord(b);
+  addTo<OdDbMInsertBlock>(c)->setBlockTableRecord(b);
   const OdDbObjectId toA = reference(a), toB = reference(b), toC = reference(c);
   const struct {
     const wchar_t* name;
     OdDbObjectIdArray ids;
     bool found;
   } cases[] = {
-      {L"a", {text, OdDbObjectId(), other, toA}, true},
-      {L"A", {toB}, true},
-      {L"A", {other, toC}, true},
-      {L"B", {toC}, true},
-      {L"B", {toA, toB}, true},
-      {L"B", {toA, other, text, database_->getLayerZeroId()}, false},
-      {L"C", {toA, toB}, false},
-      {L"A", {}, false},
-      {L"D", {toA, toB, toC}, false},
-      {L"", {toA}, false},
+      {L"A", {toB}, true},        {L"a", {text, OdDbObjectId(), other, toA}, true},
+      {L"A", {other, toC}, true}, {L"A", {}, false},
+      {L"B", {toC}, true},        {L"B", {toA, other, text, database_->getLayerZeroId()}, false},
+      {L"B", {toA, toB}, true},   {L"C", {toA, toB}, false},
+      {L"", {toA}, false},        {L"D", {toA, toB, toC}, false},
   };
   for (const auto& one : cases)
-    EXPECT_EQ(leadsToItself(one.name, one.ids), one.found) << OdString(one.name).toUtf8() << ' ' << one.ids.size();
+    EXPECT_EQ(leadsToItself(one.name, one.ids), one.found) << one.name << ' ' << one.ids.size();
   EXPECT_FALSE(blockUtils::isBTRefAreBtrItSelf(nullptr, a));
   EXPECT_FALSE(blockUtils::isBTRefAreBtrItSelf(forRead<OdDbBlockReference>(toA), OdDbObjectId()));
   EXPECT_FALSE(blockUtils::isBTRefAreBtrItSelf(OdDbBlockReference::createObject(), a));

@@ -1,31 +1,21 @@
 // Drawing files that become blocks: what the block takes over from its file, when nothing may be inserted and what is
 // said then, that a refusal leaves the drawing as it was, and which external references are listed.
 #include "blockcommon/insertion.h"
-#include "morvane/testing.h"
-#include "tests/support/drawings.h"
+#include "tests/support/open_document.h"
 #include "tests/support/oracles.h"
-#include "tests/support/scratch_folder.h"
 
 #include "DbDxf.h"
 
-#include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
-#include <stdlib.h>
 
 namespace {
 
-namespace fs = std::filesystem;
 using namespace insertCommon;
 using namespace tests;
 
-class Insertion : public testing::Test {
+class Insertion : public HostAndFolder {
 protected:
-  const tests::ScratchFolder folder_;
-  const fs::path root_ = folder_.path();
-
   Insertion() {
-    host_.host().paths().setDrive(L'P', root_.string());
     std::ofstream(root_ / "broken.dxf") << "no drawing";
     std::ofstream(root_ / "broken.dwg") << "AC1015 no drawing";
     save(*source_, "part.dxf");
@@ -40,9 +30,7 @@ protected:
   }
 
   const OdDbObjectId kUntouched{1, 2};
-  morvane::FaultyHost host_;
-  OdDbDatabasePtr database_ = OdDbDatabase::create();
-  OdDbDatabasePtr source_ = OdDbDatabase::create();
+  OdDbDatabasePtr database_ = OdDbDatabase::create(), source_ = OdDbDatabase::create();
   mvsi::MvsiApDocument* document_ = host_.host().documents().open(database_);
   const OdDbObjectId text_ = addText(*source_, L"part"), nested_ = addBlock(*source_, L"Door");
   OdDbObjectId id_;
@@ -76,29 +64,15 @@ TEST_F(Insertion, TakesUnitsAndExplodabilityFromTheFile) {
 TEST_F(Insertion, IsRefusedWithoutAWordWhenThereIsNothingToRead) {
   save(*source_, "PART2.DXF");
   std::ofstream(root_ / "part.txt") << drawing::writeDrawingToMemory(*source_);
-  const struct {
-    const wchar_t *path, *name;
-    bool isInserted;
-  } rows[] = {
-      {L"P:\\PART2.DXF", L"p", true},
-      {L"P:/part.dxf", L"p", true},
-      {L"P:\\none.dxf", L"p", false},
-      {L"P:\\part", L"p", false},
-      {L"P:\\part.txt", L"p", false},
-      {L"P:\\broken.dxf", L"p", false},
-      {L"P:\\broken.dwg", L"p", false},
-      {L"P:\\broken.dws", L"p", false},
-      {L"part.dxf", L"p", false}, // not looked for
-      {L"", L"p", false},
-  };
-  host_.host().searchPath().setFolders({root_.string()});
-  for (const auto& row : rows) {
-    const std::string before = drawing::canonicalDump(*database_);
-    EXPECT_EQ(insert(row.path, row.name, row.isInserted), L"") << OdString(row.path).toUtf8();
-    if (row.isInserted)
-      continue;
+  host_.host().searchPath().setFolders({root_.string()}); // where nothing is looked for
+  for (const wchar_t* path : {L"P:\\PART2.DXF", L"P:/part.dxf"})
+    EXPECT_EQ(insert(path, L"p", true), L"") << path;
+  const std::string before = drawing::canonicalDump(*database_);
+  for (const wchar_t* path : {L"P:\\none.dxf", L"P:\\part", L"P:\\part.txt", L"P:\\broken.dxf", L"P:\\broken.dwg",
+                              L"P:\\broken.dws", L"part.dxf", L""}) {
+    EXPECT_EQ(insert(path, L"p", false), L"") << path;
     EXPECT_EQ(id_, kUntouched);
-    EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*database_)), "") << OdString(row.path).toUtf8();
+    EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*database_)), "") << path;
   }
   insert(L"P:\\part.dxf", L"", false);
   EXPECT_TRUE(id_.isNull()); // what the drawing answered
@@ -159,23 +133,14 @@ TEST_F(Insertion, AsksDefinitionsWhatTheyAre) {
   forWrite<OdDbBlockTableRecord>(uniform)->setExplodable(false);
   forWrite<OdDbBlockTableRecord>(site)->setXref(L"site.dxf");
   forWrite<OdDbBlockTableRecord>(gone)->erase();
-  OdDbObjectId dead;
-  {
-    const OdDbDatabasePtr closed = OdDbDatabase::create();
-    dead = addBlock(*closed, L"C|D");
-  }
+  const OdDbObjectId dead = addBlock(*OdDbDatabase::create(), L"C|D");
   const struct {
     OdDbObjectId id;
     bool isXref, isUniform, canExplode;
   } rows[] = {
-      {plain, false, false, true},
-      {uniform, false, true, false},
-      {site, true, false, true},
-      {tree, true, false, true},
-      {gone, false, false, false},
-      {dead, false, false, false},
-      {OdDbObjectId(), false, false, false},
-      {nested_, false, false, true}, // of another open drawing
+      {plain, false, false, true}, {uniform, false, true, false}, {site, true, false, true},
+      {tree, true, false, true},   {gone, false, false, false},   {dead, false, false, false},
+      {{}, false, false, false},   {nested_, false, false, true}, // of another open drawing
   };
   for (const auto& row : rows) {
     EXPECT_EQ(isXrefBlock(row.id), row.isXref);
@@ -183,9 +148,8 @@ TEST_F(Insertion, AsksDefinitionsWhatTheyAre) {
     EXPECT_EQ(isBlockCanExplode(row.id), row.canExplode);
   }
   const OdDbObjectId layer = database_->getLayerZeroId();
-  EXPECT_THROW(isXrefBlock(layer), OdError_NotThatKindOfClass);
-  EXPECT_THROW(isBlockUniformScaled(layer), OdError_NotThatKindOfClass);
-  EXPECT_THROW(isBlockCanExplode(layer), OdError_NotThatKindOfClass);
+  for (const auto ask : {&isXrefBlock, &isBlockUniformScaled, &isBlockCanExplode})
+    EXPECT_THROW(ask(layer), OdError_NotThatKindOfClass);
   EXPECT_THROW(setExplodableInfo(source_, layer), OdError_NotThatKindOfClass);
   setExplodableInfo(nullptr, uniform);
   setExplodableInfo(source_, gone);

@@ -1,6 +1,7 @@
 // The boxes of the block commands: their texts word for word, what is put into them, and what their answers mean.
 #include "blockcommon/messages.h"
 #include "morvane/testing.h"
+#include "tests/support/print.h"
 
 #include <gtest/gtest.h>
 
@@ -27,6 +28,7 @@ protected:
 TEST_F(Messages, AreShownWordForWord) {
   using Buttons = std::vector<OdString>;
   const Buttons ok{L"确定(&C)"}, close{L"关闭(&C)"}, goOn{L"继续(&C)"};
+  const OdString kIllegal = L"名称 包含不支持的字符。\n不支持以下字符:\n \\ < > / ? \" : ; * | , = `";
   const struct {
     std::function<void()> show;
     OdString caption, body;
@@ -40,10 +42,8 @@ TEST_F(Messages, AreShownWordForWord) {
        Buttons{L"是", L"否"}},
       {showBlockNameEmptyTips, L"块 - 文字长度", L"名称 必须至少有一个字符长。", close},
       {showBlockNameBeyondLenTips, L"块 - 文字长度", L"名称 不能长于 255 个字符。", close},
-      {showBlockNameUnLegalTips2, L"块 - 不支持的字符",
-       L"名称 包含不支持的字符。\n不支持以下字符:\n \\ < > / ? \" : ; * | , = `", close},
-      {showBlockNameUnLegalTips, L"块 - 不支持的字符",
-       L"名称 包含不支持的字符。\n不支持以下字符:\n \\ < > / ? \" : ; * | , = `", close},
+      {showBlockNameUnLegalTips2, L"块 - 不支持的字符", kIllegal, close},
+      {showBlockNameUnLegalTips, L"块 - 不支持的字符", kIllegal, close},
       {showBlockExtRefErrorTips, L"块 - 外部参照冲突", L"无法插入该块，因为它已附着为外部参照。", close},
       {showBlockNameUnValidTips, L"块 - 块名无效", L"指定的块名无效。\n请选择其他块名或浏览到其他文件。", goOn},
       {[] { showBasePointInValidTips(kCoordY); }, L"块 - 无效坐标值", L"输入的 Y 坐标无效。\n必须输入一个数值。", goOn},
@@ -71,8 +71,7 @@ TEST_F(Messages, AreShownWordForWord) {
   for (const auto& one : cases) {
     shown_ = {};
     one.show();
-    EXPECT_EQ(shown_.caption, one.caption);
-    EXPECT_EQ(shown_.body, one.body);
+    EXPECT_EQ(std::tie(shown_.caption, shown_.body), std::tie(one.caption, one.body));
     EXPECT_EQ(shown_.buttons, one.buttons) << one.body.toUtf8();
     EXPECT_EQ(std::make_tuple(shown_.style, shown_.kind, shown_.extra), std::make_tuple(6U, 1, 0));
   }

@@ -19,12 +19,12 @@ protected:
   OdDbObjectId block(const wchar_t* name) { return addBlock(*database_, name); }
   OdDbObjectId show(OdDbObjectId shown, OdDbObjectId into = {}) { return addReference(*database_, shown, into); }
   OdDbObjectId showArray(OdDbObjectId shown, OdDbObjectId into) {
-    const OdDbMInsertBlockPtr array = OdDbMInsertBlock::createObject();
+    const auto array = addTo<OdDbMInsertBlock>(into);
     array->setBlockTableRecord(shown);
-    return forWrite<OdDbBlockTableRecord>(into)->appendOdDbEntity(array.get());
+    return array->objectId();
   }
   OdDbObjectId xref(const wchar_t* path) {
-    const OdDbObjectId id = block(path);
+    const OdDbObjectId id = block((OdString(L"by ") + path).c_str());
     forWrite<OdDbBlockTableRecord>(id)->setXref(path);
     return id;
   }
@@ -156,18 +156,17 @@ TEST_F(ReferenceGraph, FirstExternalReferenceDecidesAboutEditing) {
   const OdDbObjectId missing = show(xref(L"gone")), unloadedBlock = xref(L"unloaded"), text = addText(*database_, L"x");
   forWrite<OdDbBlockTableRecord>(unloadedBlock)->setIsUnloaded(true);
   const OdDbObjectId unloaded = showArray(unloadedBlock, space_);
+  const OdDbObjectId hidden = xref(L"off too"), around = block(L"around"); // what is picked counts, as it is shown
+  makeDynamic(hidden);
+  show(xref(L"off below"), around);
+  const OdDbObjectId shape = show(addShape(hidden)), outside = show(around);
   load();
-  const std::pair<OdDbObjectIdArray, bool> rows[] = {{{}, true},
-                                                     {{plain}, true},
-                                                     {{off}, false},
-                                                     {{plain, off}, false},
-                                                     {{on, off}, true},
-                                                     {{unset, off}, true},
-                                                     {{missing, off}, true},
-                                                     {{unloaded, off}, true},
-                                                     {{off, text}, false},
-                                                     {{off, plain}, false},
-                                                     {{plain, OdDbObjectId(), off}, true}};
+  const std::pair<OdDbObjectIdArray, bool> rows[] = {
+      {{plain}, true},      {{off}, false},         {{plain, off}, false},   {{}, true},
+      {{shape}, true},      {{outside}, true},      {{on, off}, true},       {{plain, OdDbObjectId(), off}, true},
+      {{unset, off}, true}, {{missing, off}, true}, {{unloaded, off}, true}, {{shape, outside, off}, false},
+      {{off, text}, false}, {{off, plain}, false},
+  };
   for (const auto& [ids, isAllowed] : rows) {
     OdDbObjectIdArray picked = ids;
     OdString path = L"as before";
@@ -175,6 +174,12 @@ TEST_F(ReferenceGraph, FirstExternalReferenceDecidesAboutEditing) {
     EXPECT_EQ(path, isAllowed ? L"as before" : L"off");
   }
   OdString path;
+  for (const OdDbObjectId& external : {off, on, unset, missing, unloaded, shape, outside}) { // whatever their state
+    CRefGraph graph;
+    graph.create(external);
+    EXPECT_TRUE(graph.checkXref());
+    EXPECT_EQ(isXrefBlk(external, path), external != outside);
+  }
   OdDbObjectIdArray picked{plain, text};
   EXPECT_THROW(checkXEdit(picked, path), OdError_NotThatKindOfClass);
   forWrite<OdDbObject>(leaf_)->erase();
@@ -186,7 +191,7 @@ TEST_F(ReferenceGraph, ExternalReferencesAreFoundAtAnyDepth) {
   const OdDbObjectId inner = block(L"inner"), middle = block(L"middle"), both = block(L"both"), array = block(L"array");
   show(leaf_, inner), show(site, inner), show(inner, middle), show(middle, both), show(gone, both);
   showArray(site, array); // arrays are no part of the tree
-  forWrite<OdDbBlockTableRecord>(site)->appendOdDbEntity(OdDbAttributeDefinition::createObject().get());
+  addTo<OdDbAttributeDefinition>(site);
   const OdString before = L"as before", found = mvdbSystemServices().findFile(L"room.dxf");
   ASSERT_FALSE(found.isEmpty());
   const struct {
@@ -203,14 +208,15 @@ TEST_F(ReferenceGraph, ExternalReferencesAreFoundAtAnyDepth) {
   };
   for (const auto& row : rows) {
     OdString path = before, pathBelow = before;
-    EXPECT_EQ(isXrefBlk(row.id, path), row.isXref) << &row - rows;
-    EXPECT_EQ(path, row.path) << &row - rows;
-    EXPECT_EQ(hasAttdef(row.id), row.isXref && row.path == found) << &row - rows;
+    SCOPED_TRACE(&row - rows);
+    EXPECT_EQ(isXrefBlk(row.id, path), row.isXref);
+    EXPECT_EQ(path, row.path);
+    EXPECT_EQ(hasAttdef(row.id), row.isXref && row.path == found);
     CRefGraph graph;
     graph.create(row.id);
-    EXPECT_EQ(graph.checkXref(), row.below) << &row - rows;
+    EXPECT_EQ(graph.checkXref(), row.below);
     checkXrefS(rootOf(graph, row.id), pathBelow);
-    EXPECT_EQ(pathBelow, row.pathBelow) << &row - rows;
+    EXPECT_EQ(pathBelow, row.pathBelow);
   }
   OdString path;
   EXPECT_FALSE(isXrefBlk(text, path));

@@ -2,15 +2,10 @@
 // two that INSERT asks, with the one message of each refusal.
 #include "blockcommon/messages.h"
 #include "blockcommon/typed_names.h"
-#include "morvane/testing.h"
-#include "tests/support/drawings.h"
-#include "tests/support/scratch_folder.h"
+#include "tests/support/open_document.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
-#include <stdlib.h>
 
 namespace {
 
@@ -24,11 +19,8 @@ struct Row {
   void (*message)() = nullptr;
 };
 
-class TypedNames : public testing::Test {
+class TypedNames : public tests::HostAndFolder {
 protected:
-  const tests::ScratchFolder folder_;
-  const fs::path root_ = folder_.path();
-
   using Analyze = bool (*)(const OdString&, const OdString&, OdString&, OdString&);
 
   TypedNames() {
@@ -38,13 +30,9 @@ protected:
     for (const char* name :
          {"plan.dwg", "b12.dwg", "wall.dxf", "both.dwg", "both.dxf", "door.v2.dwg", "a;b.dwg", "Ext.dxf", "p"})
       addFile(root_ / "site" / name);
-    host_.host().paths().setDrive(L'P', root_.string());
     host_.host().searchPath().setFolders({root_.string(), (root_ / "site").string()});
-    host_.host().messageBoxes().setShow([this](const morvane::MessageBox& box) {
-      boxes_.push_back(box.caption + L"|" + box.body);
-      return 0;
-    });
     host_.host().documents().open(database_);
+    mvsi::mvsidbSetWorkingDatabase(aside_.get()); // what is typed goes into the current drawing
     tests::addBlock(*database_, L"Door");
     tests::addBlock(*database_, L"P:\\site\\b1");
     addFlagged(L"Ext", 4);
@@ -58,28 +46,27 @@ protected:
   void addFlagged(const OdString& name, std::int16_t flag) {
     tests::forWrite<OdDbBlockTableRecord>(tests::addBlock(*database_, name))->setFlag(flag, true);
   }
-  std::vector<OdString> takeBoxes() { return std::exchange(boxes_, {}); }
-  std::vector<OdString> boxOf(void (*message)()) {
+  std::ptrdiff_t searches() { return std::count(host_.calls().begin(), host_.calls().end(), "mvsiedFindFile"); }
+  void expectBox(void (*message)()) {
+    const auto shown = boxes_.take();
     if (message != nullptr)
       message();
-    return takeBoxes();
+    EXPECT_EQ(shown, boxes_.take());
   }
   void expectRows(Analyze analyze, std::initializer_list<Row> rows) {
     for (const Row& row : rows) {
-      const std::string shown = row.one.toUtf8() + " & " + row.two.toUtf8();
+      SCOPED_TRACE(row.one.toUtf8() + " & " + row.two.toUtf8());
       OdString block = L"old", file = L"old";
-      EXPECT_EQ(analyze(row.one, row.two, block, file), row.isValid) << shown;
-      EXPECT_EQ(block.str(), row.block.str()) << shown;
-      EXPECT_EQ(file.str(), row.file.str()) << shown; // with its true length
-      const auto boxes = takeBoxes();
-      EXPECT_EQ(boxes, boxOf(row.message)) << shown;
+      EXPECT_EQ(analyze(row.one, row.two, block, file), row.isValid);
+      EXPECT_EQ(block.str(), row.block.str());
+      EXPECT_EQ(file.str(), row.file.str()); // with its true length
+      expectBox(row.message);
     }
   }
 
-  morvane::FaultyHost host_;
   OdString slashed_, fromRoot_; // the folder of the test without a drive
-  OdDbDatabasePtr database_ = OdDbDatabase::create();
-  std::vector<OdString> boxes_;
+  OdDbDatabasePtr database_ = OdDbDatabase::create(), aside_ = OdDbDatabase::create();
+  tests::BoxWatch boxes_{host_};
 };
 
 TEST_F(TypedNames, AreCombinedOfBaseAndExtension) {
@@ -141,7 +128,6 @@ TEST_F(TypedNames, OfPathsBelowAFolderKnowTwoPlaces) {
     return analyzeLastBlkPath(base, spec, L"unused", block, file);
   };
   expectRows(lastOf, {{L"P:\\", L"site\\plan", true, L"site", L"P:\\site\\plan.dwg"}});
-  const auto searches = [&] { return std::count(host_.calls().begin(), host_.calls().end(), "mvsiedFindFile"); };
   const auto before = searches();
   expectRows(lastOf, {{L"P:\\", L"dOOR", false, L"old", L"old"}});
   EXPECT_EQ(searches(), before);
@@ -181,6 +167,10 @@ TEST_F(TypedNames, OfFilesAreTheFilesOwn) {
                  {L"P:\\deep", plan, true, L"plan", plan + L".dwg"}, // before plan.dxf below the folder
                  {L"P:\\", L"site\\a;b", false, L"a;b", L"P:\\site\\a;b.dwg", dlgTips::showBlockNameUnValidTips},
              });
+  const auto before = searches();
+  expectRows(analyzeLastBlkPath2,
+             {{L"P:\\", L"none.dwg", false, L"old", L"old", dlgTips::showFileNotFindTips}}); // no other ending
+  EXPECT_EQ(searches(), before + 1);
 }
 
 TEST_F(TypedNames, AreRefusedWithOneMessage) {
@@ -211,14 +201,12 @@ TEST_F(TypedNames, AreRefusedWithOneMessage) {
       {L"", L"Ext.dxf", L"", L"P:\\site", nullptr, dlgTips::showBlockExtRefErrorTips},
   };
   for (const auto& row : rows) {
-    const std::string shown = row.name.left(40).toUtf8() + " & " + row.path.toUtf8();
+    SCOPED_TRACE(row.name.left(40).toUtf8() + " & " + row.path.toUtf8());
+    const bool isValid = row.block != nullptr;
     OdString block = L"old";
-    EXPECT_EQ(checkInputBlockInfoValidByReplaceDlg(row.name, row.path, row.current, row.base, block),
-              row.block != nullptr)
-        << shown;
-    EXPECT_EQ(block, row.block != nullptr ? row.block : L"old") << shown;
-    const auto boxes = takeBoxes();
-    EXPECT_EQ(boxes, boxOf(row.message)) << shown;
+    EXPECT_EQ(checkInputBlockInfoValidByReplaceDlg(row.name, row.path, row.current, row.base, block), isValid);
+    EXPECT_EQ(block, isValid ? row.block : L"old");
+    expectBox(row.message);
   }
 }
 

@@ -1,38 +1,27 @@
 // The target of a written block, from the typed name to the question whether a file may be replaced, and what is
 // remembered. No answer but a yes may ever let a file be replaced.
 #include "blockcommon/write_block.h"
-#include "morvane/testing.h"
-#include "tests/support/scratch_folder.h"
+#include "tests/support/open_document.h"
 
 #include <array>
-#include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
 
 namespace {
 
-namespace fs = std::filesystem;
 using mvsi::MvsiApDocument;
 
 constexpr wchar_t kQuestion[] = L"\nP:\\100%s.dxf已经存在，是否覆盖？[是(Y)/否(N)] <N>: ";
 constexpr wchar_t kPleaseAnswer[] = L"\n请回答“是”或“否”。";
 
-class WriteBlock : public testing::Test {
+class WriteBlock : public tests::HostAndFolder {
 protected:
-  const tests::ScratchFolder folder_;
-  const fs::path root_ = folder_.path();
-
   WriteBlock() {
-    std::ofstream(root_ / "100%s.dxf") << "x";
-    std::ofstream(root_ / "100%s.dwg") << "x";
-    std::ofstream(root_ / "odd\xff.dxf") << "x";
-    host_.host().paths().setDrive(L'P', root_.string());
+    for (const char* name : {"100%s.dxf", "100%s.dwg", "odd\xff.dxf"})
+      std::ofstream(root_ / name) << "x";
   }
   void remember(const OdString& path) {
     mv_user_config_create("Write_block_dialog", 2)->SetDataSW("Items\\ComBoxGetCurSel", path);
   }
-
-  morvane::FaultyHost host_;
 };
 
 TEST_F(WriteBlock, FormatsOfTheHostHaveTheirTypeAndVersion) {
@@ -92,8 +81,8 @@ TEST_F(WriteBlock, TargetIsCheckedFromItsNameToTheYes) {
     host_.answerWith(row.answers);
     _blockFileInfo info;
     info.fileName = row.name;
-    EXPECT_EQ(blockInfo_FilePath::checkFileNameRight(info), row.status) << OdString(row.name).toUtf8();
-    EXPECT_EQ(info.bWrite, row.writes) << OdString(row.name).toUtf8();
+    EXPECT_EQ(blockInfo_FilePath::checkFileNameRight(info), row.status) << &row - rows;
+    EXPECT_EQ(info.bWrite, row.writes) << &row - rows;
     EXPECT_EQ(info.filePath, row.path);
     EXPECT_EQ(host_.takeOutput(), row.output);
   }
@@ -128,7 +117,7 @@ TEST_F(WriteBlock, FolderOfTheLastFileIsRemembered) {
       {L"D:\\块\\", L"D:\\块"},        {L"", L""},      {L"\\x", L""}};
   for (const auto& [path, folder] : rows) {
     remember(path);
-    EXPECT_EQ(blockInfo_FilePath::getDefPathFromReg(), folder) << OdString(path).toUtf8();
+    EXPECT_EQ(blockInfo_FilePath::getDefPathFromReg(), folder) << path;
   }
 }
 

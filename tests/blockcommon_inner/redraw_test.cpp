@@ -1,27 +1,15 @@
 // Highlighting through the document manager, and the current UCS.
 #include "blockcommon/host/services.h"
-#include "morvane/testing.h"
-
-#include "DbBlockTable.h"
-#include "DbCurves.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/open_document.h"
 
 namespace {
 
-class Redraw : public testing::Test {
+class Redraw : public tests::OpenDocument {
 protected:
-  Redraw() {
-    const OdDbBlockTableRecordPtr space = database_->getModelSpaceId().safeOpenObject(OdDb::kForWrite);
-    line_ = space->appendOdDbEntity(OdDbLine::createObject());
-    mvsi::mvsidbGetAdsName(name_, line_);
-  }
-  bool isHighlighted() { return OdDbEntityPtr(line_.safeOpenObject())->isHighlighted(); }
+  Redraw() { mvsi::mvsidbGetAdsName(name_, text_); }
+  bool isHighlighted() { return tests::forRead<OdDbEntity>(text_)->isHighlighted(); }
 
-  morvane::ScriptedHost host_;
-  OdDbDatabasePtr database_ = OdDbDatabase::create();
-  mvsi::MvsiApDocument* document_ = host_.host().documents().open(database_);
-  OdDbObjectId line_;
+  const OdDbObjectId text_ = tests::addText(*database_, L"x");
   long name_[2] = {0, 0};
 };
 
@@ -37,12 +25,11 @@ TEST_F(Redraw, HighlightsAndRefreshesTheCurrentDocument) {
 }
 
 TEST_F(Redraw, RefusesWhatCannotBeHighlighted) {
-  const long none[2] = {0, 0};
-  EXPECT_EQ(hostAccess::mvsiedRedraw(none, 3), RTERROR);
-  long layer[2];
+  long layer[2] = {0, 0};
+  EXPECT_EQ(hostAccess::mvsiedRedraw(layer, 3), RTERROR); // no name yet
   mvsi::mvsidbGetAdsName(layer, database_->getLayerZeroId());
   EXPECT_THROW(hostAccess::mvsiedRedraw(layer, 3), OdError_NotThatKindOfClass);
-  line_.safeOpenObject(OdDb::kForWrite)->erase();
+  tests::forWrite<OdDbEntity>(text_)->erase();
   EXPECT_EQ(hostAccess::mvsiedRedraw(name_, 3), RTERROR);
   EXPECT_EQ(document_->refreshCount(), 0u);
   mv_arbitDict_register(kDocMgr, new OdRxObject);

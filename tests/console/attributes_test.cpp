@@ -10,8 +10,6 @@
 #include "DbDxf.h"
 #include "DbField.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace console_tests;
@@ -57,8 +55,7 @@ protected:
     addAttribute(locked_, L"TAG", L"locked");
     forWrite<OdDbEntity>(locked_)->setLayer(walls);
     forWrite<OdDbLayerTableRecord>(walls)->setIsLocked(true);
-    in_ = scratch_.path("in.dxf");
-    EXPECT_EQ(drawing::writeDrawing(*database_, in_).result, eOk);
+    in_ = scratch_.save(*database_, "in.dxf");
   }
   static OdDbObjectId fill(OdDbObjectId reference) {
     addAttribute(reference, L"TAG", L"a,\"b\"");
@@ -104,27 +101,12 @@ TEST_F(AttributeTable, GoesOutAndInWithoutChange) {
 
 TEST_F(AttributeTable, SetsWhatFitsAndTellsWhatDoesNot) {
   const std::string h = handle(first_);
-  const Outcome run = import("Value,tag,HANDLE,ordinal,block\n"
-                             "x y,TAG," +
-                             h +
-                             ",2,DOOR\n"
-                             "\"three\r\nlines\nhere\",lines," +
-                             h +
-                             ",,\n"
-                             "\"a\nb\",TAG," +
-                             h +
-                             ",1,\n"
-                             "again,tag," +
-                             h +
-                             ",2,\n"
-                             "v,TAG," +
-                             h + ",3,\nv,TAG," + h + ",one,\nv,OTHER," + h +
-                             ",1,\n"
-                             "v,TAG," +
-                             h + "0,1,\nv,TAG,zz,1,\nv,LINES," + h +
-                             ",1,window\n"
-                             "v,TAG," +
-                             handle(locked_) + ",1,\n");
+  const Names handles{{"$H", h}, {"$L", handle(locked_)}};
+  const Outcome run = import(filled("Value,tag,HANDLE,ordinal,block\nx y,TAG,$H,2,DOOR\n"
+                                    "\"three\r\nlines\nhere\",lines,$H,,\n\"a\nb\",TAG,$H,1,\nagain,tag,$H,2,\n"
+                                    "v,TAG,$H,3,\nv,TAG,$H,one,\nv,OTHER,$H,1,\nv,TAG,$H0,1,\nv,TAG,zz,1,\n"
+                                    "v,LINES,$H,1,window\nv,TAG,$L,1,\n",
+                                    handles));
   EXPECT_EQ(run.status, 4);
   const std::string one = "reference " + h + " ";
   const std::string told[] = {"6: TAG has one line and takes no line breaks.",
@@ -201,12 +183,10 @@ TEST(AttributeSync, KeepsValuesAndEndsInTheOrderOfTheDefinitions) {
       addAttribute(reference, old.left(split(old)), old.mid(split(old) + 1));
     const OdDbObjectIdArray before = forRead<OdDbBlockReference>(reference)->attributeIds();
     for (const OdString& tag : one.definitions) {
-      const OdDbAttributeDefinitionPtr made = OdDbAttributeDefinition::createObject();
-      made->setDatabaseDefaults(database);
+      const OdDbAttributeDefinitionPtr made = addTo<OdDbAttributeDefinition>(block);
       made->setTag(tag);
       made->setTextString(L"default");
       made->setPosition({3, 0, 0});
-      forWrite<OdDbBlockTableRecord>(block)->appendOdDbEntity(made);
     }
     console::SyncedAttributes told;
     expectUndoRestores(*database, [&] { told = console::syncAttributes(block); });

@@ -14,8 +14,6 @@
 #include "DbViewport.h"
 #include "tests/support/drawings.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using console::Status;

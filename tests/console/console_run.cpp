@@ -3,9 +3,11 @@
 #include "console/selection.h"
 
 #include "DbDump.h"
+#include "DbDxf.h"
 
 #include <fstream>
 #include <gtest/gtest.h>
+#include <sstream>
 #include <unistd.h>
 
 namespace console_tests {
@@ -18,6 +20,29 @@ morvane::HostOptions forgetfulHost() {
 }
 
 } // namespace
+
+std::string replaced(std::string text, const std::string& from, const std::string& to) {
+  for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
+    text.replace(at, from.size(), to);
+  return text;
+}
+
+std::string filled(std::string text, const Names& names) {
+  for (const auto& [from, to] : names)
+    text = replaced(text, from, to);
+  return text;
+}
+
+Outcome expectRun(const std::string& line, const Names& names, int status, const std::string& part) {
+  std::vector<std::string> arguments;
+  std::istringstream stream(line);
+  for (std::string word; stream >> word;)
+    arguments.push_back(filled(word, names));
+  const Outcome run = runMorvane(arguments);
+  EXPECT_EQ(run.status, status) << line << "\n" << run.shown;
+  EXPECT_NE(run.shown.find(filled(part, names)), std::string::npos) << line << "\n" << run.shown;
+  return run;
+}
 
 TestSession::TestSession()
     : session_({forgetfulHost(), [this](const OdString& text) { shown_ += text.toUtf8Lossless(); },
@@ -44,16 +69,15 @@ std::string Scratch::write(const std::string& name, const std::string& bytes) co
   return path(name);
 }
 
+std::string Scratch::save(const OdDbDatabase& database, const std::string& name) const {
+  EXPECT_EQ(drawing::writeDrawing(database, path(name)).result, eOk);
+  return path(name);
+}
+
 std::string readFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   EXPECT_TRUE(file.is_open()) << path;
   return {std::istreambuf_iterator<char>(file), {}};
-}
-
-std::string replaced(std::string text, const std::string& from, const std::string& to) {
-  for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
-    text.replace(at, from.size(), to);
-  return text;
 }
 
 } // namespace console_tests

@@ -7,12 +7,20 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace console_tests {
 
 using tests::Outcome;
 using tests::runMorvane;
+
+// What stands for what in a line: "$F" for a path.
+using Names = std::vector<std::pair<std::string, std::string>>;
+std::string replaced(std::string text, const std::string& from, const std::string& to);
+std::string filled(std::string text, const Names& names);
+// The words of the line, each with its names filled in; the status and a part of what is shown are expected of the run.
+Outcome expectRun(const std::string& line, const Names& names, int status, const std::string& part);
 
 // A session that answers from scripts. Its output is captured.
 class TestSession {
@@ -34,11 +42,12 @@ private:
 class Scratch : public tests::ScratchFolder {
 public:
   std::string path(const std::string& name) const { return at(name); }
-  std::string write(const std::string& name, const std::string& bytes) const; // answers the path
+  // Both answer the path.
+  std::string write(const std::string& name, const std::string& bytes) const;
+  std::string save(const OdDbDatabase& database, const std::string& name) const;
 };
 
 std::string readFile(const std::string& path); // fails the test when there is none
-std::string replaced(std::string text, const std::string& from, const std::string& to);
 
 inline constexpr char kRoom[] = "examples/drawings/room.dxf";
 

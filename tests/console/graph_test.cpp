@@ -7,7 +7,6 @@
 
 #include <map>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
 namespace {
 
@@ -22,7 +21,7 @@ protected:
     for (const int xedit : {0, 1}) {
       const OdDbDatabasePtr site = OdDbDatabase::create();
       site->setHeaderInt("XEDIT", 290, xedit);
-      save(*site, xedit == 0 ? "off.dxf" : "on.dxf");
+      scratch_.save(*site, xedit == 0 ? "off.dxf" : "on.dxf");
     }
     const OdDbObjectId door = block(L"door"), room = block(L"room \"2\"\\\x202E"), house = block(L"house");
     const OdDbObjectId on = xref(L"on"), off = xref(L"off"), gone = xref(L"gone"), window = block(L"window");
@@ -32,7 +31,7 @@ protected:
     add("$twice", nest(L"twice", door, 60, 2)), add("$deep", nest(L"deep", door, 900, 1));
     add("$wide", nest(L"wide", nest(L"fan", door, 1, 2'000), 900, 1));
     add("$within", addShape(window), window), add("$endless", window);
-    save(*database_, "plan.dxf");
+    scratch_.save(*database_, "plan.dxf");
   }
   OdDbObjectId block(const OdString& name) { return addBlock(*database_, name); }
   void add(const std::string& word, OdDbObjectId shown, OdDbObjectId into = {}) {
@@ -53,22 +52,15 @@ protected:
     }
     return shown;
   }
-  void save(OdDbDatabase& database, const std::string& name) {
-    ASSERT_EQ(drawing::writeDrawing(database, scratch_.path(name)).result, eOk);
+  // $F and $O are the drawing and its folder, other $words handles; the longer of two that begin alike comes first.
+  Names names() const {
+    Names all{{"$F", scratch_.path("plan.dxf")}, {"$O", scratch_.path("")}};
+    all.insert(all.end(), handles_.rbegin(), handles_.rend());
+    return all;
   }
-  // $F and $O are the drawing and its folder, other $words handles.
-  std::string filled(std::string line) const {
-    line = replaced(replaced(line, "$F", scratch_.path("plan.dxf")), "$O", scratch_.path(""));
-    for (auto at = handles_.rbegin(); at != handles_.rend(); ++at)
-      line = replaced(line, at->first, at->second);
-    return line;
-  }
-  Outcome run(const std::string& line) const {
-    std::vector<std::string> arguments{"graph"};
-    std::istringstream stream(filled(line));
-    for (std::string word; stream >> word;)
-      arguments.push_back(word);
-    return runMorvane(arguments);
+  std::string text(const std::string& line) const { return filled(line, names()); }
+  Json results(const std::string& line) const {
+    return Json::parse(expectRun("graph $F --json --reference " + line, names(), 0, "").results)["results"];
   }
 
   Scratch scratch_;
@@ -108,26 +100,23 @@ TEST_F(Graph, TellsTheTreeAndWhetherItMayBeEdited) {
       {"$F", 2, "--reference"},
       {"$O/none.dxf --reference 1", 3, "none.dxf"},
   };
-  for (const auto& row : rows) {
-    const Outcome outcome = run(row.line);
-    EXPECT_EQ(outcome.status, row.status) << row.line << "\n" << outcome.shown;
-    EXPECT_NE(outcome.shown.find(filled(row.part)), std::string::npos) << row.line << "\n" << outcome.shown;
-  }
+  for (const auto& row : rows)
+    expectRun("graph " + std::string(row.line), names(), row.status, row.part);
 }
 
 TEST_F(Graph, JsonHoldsAListAndNoNesting) {
-  const Json results = Json::parse(run("$F --reference $house --json").results)["results"];
+  const Json house = results("$house");
   Json nodes = Json::array();
-  for (const Json& node : results["nodes"])
+  for (const Json& node : house["nodes"])
     nodes.push_back({node["block"], node["parent"]});
   EXPECT_EQ(nodes,
             Json::parse(R"([["house", null], ["room \"2\"\\\u202E", 0], ["door", 1], ["door", 1], ["gone", 0]])"));
-  EXPECT_EQ(results["nodes"][3]["chain"], Json::parse(filled(R"(["$d2", "$in", "$house"])")));
-  EXPECT_EQ(results["nodes"][4]["external"],
+  EXPECT_EQ(house["nodes"][3]["chain"], Json::parse(text(R"(["$d2", "$in", "$house"])")));
+  EXPECT_EQ(house["nodes"][4]["external"],
             Json::parse(R"({"path": "gone.dxf", "status": "not-found", "found": null})"));
-  EXPECT_EQ(results["edit"],
-            Json::parse(filled(R"({"allowed": false, "reason": "external", "path": "gone.dxf", "reference": "$g"})")));
-  const Json deep = Json::parse(run("$F --reference $deep --json --max-nodes 901").results)["results"];
+  EXPECT_EQ(house["edit"],
+            Json::parse(text(R"({"allowed": false, "reason": "external", "path": "gone.dxf", "reference": "$g"})")));
+  const Json deep = results("$deep --max-nodes 901");
   EXPECT_EQ(deep["nodes"].back()["chain"].size(), 901u);
   EXPECT_EQ(deep["edit"]["allowed"], true);
 }

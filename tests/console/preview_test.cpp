@@ -4,21 +4,19 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <sstream>
 
 namespace {
 
 using namespace console_tests;
 
 TEST(Preview, EndsWithTheStatusAndSaysWhy) {
-  struct Case {
+  const struct {
     const char* line; // $F the drawing, $O the folder of the pictures
     int status;
     const char* part;
     const char* picture; // that is there then; empty: none
     const char* begins;  // what it begins with
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"$F -o $O/a.png", 0, "480 by 320", "a.png", "\x89PNG\r\n"},
       {"$F -o $O/a.png", 1, "--force", "a.png", "\x89PNG\r\n"},
       {"$F -o $O/a.png --force --size 64x32", 0, "64 by 32", "a.png", "\x89PNG\r\n"},
@@ -47,14 +45,8 @@ TEST(Preview, EndsWithTheStatusAndSaysWhy) {
       "table\n70\n0\n10\n0\n20\n0\n0\nENDBLK\n0\nBLOCK\n8\n0\n2\nlamp\n70\n0\n10\n0\n20\n0\n0\nSHAPE\n8\n0\n10\n"
       "1\n20\n1\n40\n1\n2\nARROW\n0\nENDBLK\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n10\n1\n20\n1\n"
       "11\n9\n21\n5\n0\nENDSEC\n0\nEOF\n");
-  for (const Case& one : cases) {
-    std::vector<std::string> arguments{"preview"};
-    std::istringstream stream(replaced(replaced(one.line, "$F", file), "$O", scratch.path("")));
-    for (std::string word; stream >> word;)
-      arguments.push_back(word);
-    const Outcome run = runMorvane(arguments);
-    EXPECT_EQ(run.status, one.status) << one.line << "\n" << run.shown;
-    EXPECT_NE(run.shown.find(one.part), std::string::npos) << one.line << "\n" << run.shown;
+  for (const auto& one : cases) {
+    expectRun("preview " + std::string(one.line), {{"$F", file}, {"$O", scratch.path("")}}, one.status, one.part);
     if (one.picture[0] == '\0')
       EXPECT_FALSE(std::filesystem::exists(scratch.path("g.png"))) << one.line;
     else

@@ -15,26 +15,11 @@ namespace {
 
 using namespace console_tests;
 
-// "morvane ..." as words; $D is the room, $OUT a file that is not there, $OLD one that is.
-std::vector<std::string> words(const std::string& line, const Scratch& scratch) {
-  std::string text = replaced(line, "$D", kRoom);
-  text = replaced(text, "$OUT", scratch.path("out.dxf"));
-  text = replaced(text, "$OLD", scratch.path("old.dxf"));
-  text = replaced(text, "$CUT", scratch.path("cut.dxf"));
-  std::vector<std::string> all;
-  std::istringstream stream(text);
-  for (std::string word; stream >> word;)
-    all.push_back(word);
-  return all;
-}
-
-struct Case {
-  const char* line;
+constexpr struct {
+  const char* line; // $D is the room, $OUT a file that is not there, $OLD one that is
   int status;
   const char* part; // of what is shown
-};
-
-constexpr Case kCases[] = {
+} kCases[] = {
     {"--help", 0, "make"},
     {"--version", 0, "morvane"},
     {"--nosuch", 2, "--nosuch"},
@@ -84,17 +69,17 @@ constexpr Case kCases[] = {
 };
 
 TEST(CommandLine, EndsWithTheStatusAndSaysWhy) {
-  for (const Case& row : kCases) {
+  for (const auto& row : kCases) {
     const Scratch scratch;
     scratch.write("old.dxf", "old");
     const std::string room = readFile(kRoom);
     scratch.write("cut.dxf", room.substr(0, room.size() * 9 / 10));
-    const Outcome run = runMorvane(words(row.line, scratch));
-    EXPECT_EQ(run.status, row.status) << row.line << "\n" << run.shown;
-    EXPECT_NE(run.shown.find(row.part), std::string::npos) << row.line << "\n" << run.shown;
+    const std::string out = scratch.path("out.dxf");
+    const Names names{
+        {"$D", kRoom}, {"$OUT", out}, {"$OLD", scratch.path("old.dxf")}, {"$CUT", scratch.path("cut.dxf")}};
+    expectRun(row.line, names, row.status, row.part);
     EXPECT_EQ(readFile(scratch.path("old.dxf")), "old") << row.line;
-    const bool written = std::filesystem::exists(scratch.path("out.dxf"));
-    EXPECT_TRUE(row.status == 0 || row.status == 4 || !written) << row.line;
+    EXPECT_TRUE(row.status == 0 || row.status == 4 || !std::filesystem::exists(out)) << row.line;
   }
 }
 

@@ -7,7 +7,6 @@
 #include "DbDxf.h"
 #include "console/report/drawing_report.h"
 
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 namespace {
@@ -19,24 +18,19 @@ using tests::addReference;
 using tests::forWrite;
 using Json = nlohmann::json;
 
-OdDbObjectId addArray(OdDbDatabase& database, OdDbObjectId block, OdDbObjectId into, std::int16_t rows,
-                      std::int16_t columns) {
-  const OdDbMInsertBlockPtr array = OdDbMInsertBlock::createObject();
-  array->setDatabaseDefaults(&database);
+void addArray(OdDbObjectId block, OdDbObjectId into, std::int16_t rows, std::int16_t columns) {
+  const OdDbMInsertBlockPtr array = tests::addTo<OdDbMInsertBlock>(into);
   array->setBlockTableRecord(block);
   array->setRows(rows);
   array->setColumns(columns);
-  return forWrite<OdDbBlockTableRecord>(into)->appendOdDbEntity(array.get());
 }
 
-void addDefinition(OdDbDatabase& database, OdDbObjectId block, const OdString& tag, bool preset) {
-  const OdDbAttributeDefinitionPtr definition = OdDbAttributeDefinition::createObject();
-  definition->setDatabaseDefaults(&database);
+void addDefinition(OdDbObjectId block, const OdString& tag, bool preset) {
+  const OdDbAttributeDefinitionPtr definition = tests::addTo<OdDbAttributeDefinition>(block);
   definition->setTag(tag);
   definition->setPrompt(tag + L"?");
   definition->setTextString(L"1");
   definition->setPreset(preset);
-  forWrite<OdDbBlockTableRecord>(block)->appendOdDbEntity(definition.get());
 }
 
 // Chairs at tables in rooms: a room has 2 rows of 3 tables and 1 table, a table 4 chairs. Two rooms in model space,
@@ -50,14 +44,14 @@ struct House {
     for (int n = 0; n < 4; ++n)
       addReference(*database, chair, table);
     tests::addText(*database, L"a table", table);
-    addArray(*database, table, room, 2, 3);
+    addArray(table, room, 2, 3);
     addReference(*database, table, room);
     addReference(*database, room);
     addReference(*database, room);
     addReference(*database, room, database->getPaperSpaceId());
     forWrite<OdDbBlockTableRecord>(room)->setBlockInsertUnits(OdDb::kUnitsMillimeters);
-    addDefinition(*database, room, L"NUMBER", false);
-    addDefinition(*database, room, L"FLOOR", true);
+    addDefinition(room, L"NUMBER", false);
+    addDefinition(room, L"FLOOR", true);
     addShapes();
     tests::addBlock(*database, L"bad\x202Ename");
     forWrite<OdDbObject>(addReference(*database, chair))->erase();
@@ -86,11 +80,7 @@ Json blockOf(const Json& report, const std::string& name) {
 
 class Report : public testing::Test {
 protected:
-  std::string save(OdDbDatabase& database) const {
-    const std::string path = scratch_.path("house.dxf");
-    EXPECT_EQ(drawing::writeDrawing(database, path).result, eOk);
-    return path;
-  }
+  std::string save(const OdDbDatabase& database) const { return scratch_.save(database, "house.dxf"); }
   Json json(const std::string& path, bool all, int status = 0) const {
     std::vector<std::string> words = {"report", path, "--json"};
     if (all)
@@ -200,7 +190,7 @@ TEST_F(Report, StopsCountingPlacesWhereNumbersEnd) {
     OdString name;
     const OdDbObjectId block = addBlock(*database, name.format(L"b%d", n));
     if (n > 0)
-      addArray(*database, outer, block, 100, 10);
+      addArray(outer, block, 100, 10);
     outer = block;
   }
   addReference(*database, outer);
@@ -243,10 +233,8 @@ TEST_F(Report, TellsOfFilesThatAreNotWhole) {
 
 // What early files have no place for is not made up.
 TEST_F(Report, IsSilentOnWhatTheFileDoesNotSay) {
-  const std::string path = scratch_.write("old.dxf", tests::dxf(tests::section("BLOCKS", "0|BLOCK\n2|post\n70|0\n10|1\n"
-                                                                                         "20|2\n30|0\n3|post\n1|\n0|"
-                                                                                         "ENDBLK\n"),
-                                                                "AC1009"));
+  const std::string kPost = tests::section("BLOCKS", "0|BLOCK\n2|post\n70|0\n10|1\n20|2\n30|0\n3|post\n1|\n0|ENDBLK\n");
+  const std::string path = scratch_.write("old.dxf", tests::dxf(kPost, "AC1009"));
   const Json report = json(path, false);
   for (const char* key : {"codepage", "insunits", "measurement", "insbase"})
     EXPECT_TRUE(report["header"][key].is_null()) << key;

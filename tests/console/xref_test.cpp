@@ -5,8 +5,6 @@
 
 #include "DbDxf.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace console_tests;
@@ -31,9 +29,7 @@ protected:
     scratch_.write("broken.dxf", "no drawing");
     run("SAVEAS " + scratch_.path("main.dxf") + "\n\n");
   }
-  void save(const OdDbDatabase& database, const std::string& name) {
-    ASSERT_EQ(drawing::writeDrawing(database, scratch_.path(name)).result, eOk);
-  }
+  void save(const OdDbDatabase& database, const std::string& name) { scratch_.save(database, name); }
   Status run(const std::string& script) { return session_.run(script); }
   Status attach(const std::string& file, const std::string& rest = "\n0,0\n\n\n") {
     return run("XREF Attach " + scratch_.path(file) + "\n" + rest);

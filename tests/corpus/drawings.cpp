@@ -47,4 +47,13 @@ std::vector<std::string> paths() {
   return all;
 }
 
+void forEachDrawing(const std::function<void(const std::string&, const drawing::ReadResult&)>& look) {
+  for (const std::string& path : paths()) {
+    SCOPED_TRACE(path);
+    const drawing::ReadResult read = drawing::readDrawing(path);
+    if (!read.database.isNull())
+      look(path, read);
+  }
+}
+
 } // namespace corpus

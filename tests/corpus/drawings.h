@@ -1,6 +1,10 @@
 // The real drawings that corpus tests read. A missing folder or file is a failure of the test that asks.
 #pragma once
 
+#include "DbDxf.h"
+#include "tests/support/drawings.h"
+
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -13,5 +17,15 @@ std::string folder();
 std::vector<std::string> listed();
 // Full paths of all listed drawings.
 std::vector<std::string> paths();
+// Every listed drawing that can be read, under a trace of its path; why one cannot is the matter of a test of its own.
+void forEachDrawing(const std::function<void(const std::string& path, const drawing::ReadResult& read)>& look);
+
+// Whether two entities, or two blocks, take the same room to the last bit, or cannot tell for the same reason.
+template <class T>
+bool sameExtents(OdDbObjectId one, OdDbObjectId other) {
+  OdGeExtents3d a, b;
+  const bool sameResult = tests::forRead<T>(one)->getGeomExtents(a) == tests::forRead<T>(other)->getGeomExtents(b);
+  return sameResult && (!a.isValidExtents() || (a.minPoint() == b.minPoint() && a.maxPoint() == b.maxPoint()));
+}
 
 } // namespace corpus

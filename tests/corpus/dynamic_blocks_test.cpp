@@ -8,8 +8,6 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using tests::forRead;
@@ -36,9 +34,9 @@ constexpr Known kKnown[] = {
 
 OdDbObjectIdArray dynamicReferences(OdDbObjectId block) {
   OdDbObjectIdArray ids;
-  for (auto walk = forRead<OdDbBlockTableRecord>(block)->newIterator(); !walk->done(); walk->step()) {
-    if (OdDbDynBlockReference(walk->objectId()).isDynamicBlock())
-      ids.append(walk->objectId());
+  for (const OdDbObjectId& id : tests::entitiesOf(block)) {
+    if (OdDbDynBlockReference(id).isDynamicBlock())
+      ids.append(id);
   }
   return ids;
 }

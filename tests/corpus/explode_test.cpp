@@ -2,7 +2,6 @@
 // lay.
 #include "DbBlockReference.h"
 #include "DbBlockTable.h"
-#include "DbDxf.h"
 #include "DbExplode.h"
 #include "tests/corpus/drawings.h"
 
@@ -18,9 +17,8 @@ bool isInside(const OdGeExtents3d& inner, const OdGeExtents3d& outer) {
 
 TEST(Explode, EveryReferenceIsTakenApartOrStays) {
   std::size_t apart = 0, refused = 0;
-  for (const std::string& path : corpus::paths()) {
-    const drawing::ReadResult read = drawing::readDrawingFromMemory(corpus::textOf(path));
-    for (OdDbObjectId id : read.database.isNull() ? std::vector<OdDbObjectId>() : read.database->allIds()) {
+  corpus::forEachDrawing([&](const std::string&, const drawing::ReadResult& read) {
+    for (OdDbObjectId id : read.database->allIds()) {
       OdGeExtents3d shown;
       {
         const auto reference = OdDbBlockReference::cast(id.safeOpenObject());
@@ -31,17 +29,16 @@ TEST(Explode, EveryReferenceIsTakenApartOrStays) {
       options.objects = 100'000;
       const drawing::Exploded exploded = drawing::explodeReference(id, options);
       const bool whole = exploded.refusal != drawing::ExplodeRefusal::None;
-      EXPECT_EQ(id.isErased(), !whole) << path << ' ' << id.getHandle().ascii();
+      EXPECT_EQ(id.isErased(), !whole) << id.getHandle().ascii();
       ++(whole ? refused : apart);
       for (const OdDbObjectId made : exploded.made) {
         OdGeExtents3d box;
         const OdDbEntityPtr entity = made.safeOpenObject();
         const bool sized = entity->getGeomExtents(box) == eOk && box.isValidExtents();
-        EXPECT_TRUE(!sized || isInside(box, shown))
-            << path << ' ' << id.getHandle().ascii() << ' ' << entity->dxfName();
+        EXPECT_TRUE(!sized || isInside(box, shown)) << id.getHandle().ascii() << ' ' << entity->dxfName();
       }
     }
-  }
+  });
   EXPECT_GE(apart, 530U);
   EXPECT_LE(refused, 1U);
   std::cout << apart << " taken apart, " << refused << " stayed\n";

@@ -29,13 +29,6 @@ std::string_view trimmed(std::string_view text) {
   return text;
 }
 
-std::string upper(std::string_view text) {
-  std::string out(text);
-  std::transform(out.begin(), out.end(), out.begin(),
-                 [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
-  return out;
-}
-
 std::string spelled(int code, std::string_view value) {
   const Kind kind = kindOf(code);
   if (kind == Kind::Text)
@@ -58,26 +51,16 @@ std::string spelled(int code, std::string_view value) {
   return std::string(digits, end);
 }
 
-class Lines {
-public:
-  explicit Lines(std::string_view text) : rest_(text) {
-    if (rest_.substr(0, 3) == "\xEF\xBB\xBF")
-      rest_.remove_prefix(3);
-  }
-  bool next(std::string_view& line) {
-    if (rest_.empty())
-      return false;
-    const std::size_t end = std::min(rest_.find('\n'), rest_.size());
-    line = rest_.substr(0, end);
-    rest_.remove_prefix(std::min(end + 1, rest_.size()));
-    if (!line.empty() && line.back() == '\r')
-      line.remove_suffix(1);
-    return true;
-  }
-
-private:
-  std::string_view rest_;
-};
+bool takeLine(std::string_view& text, std::string_view& line) {
+  if (text.empty())
+    return false;
+  const std::size_t end = std::min(text.find('\n'), text.size());
+  line = text.substr(0, end);
+  text.remove_prefix(std::min(end + 1, text.size()));
+  if (line.ends_with('\r'))
+    line.remove_suffix(1);
+  return true;
+}
 
 bool isCarriedWhole(const std::string& section) {
   return section == "CLASSES" || section == "THUMBNAILIMAGE" || section == "ACDSDATA";
@@ -127,7 +110,7 @@ private:
     bool inApplication = false; // the owner stands outside "{NAME" ... "}"
     const auto owner = std::find_if(groups.begin(), head, [&inApplication](const Group& group) {
       if (group.code == 102)
-        inApplication = group.value.substr(0, 1) == "{";
+        inApplication = group.value.starts_with('{');
       return group.code == 330 && !inApplication;
     });
     if (owner != head) {
@@ -202,17 +185,25 @@ Kind kindOf(int code) {
   return Kind::Text;
 }
 
+std::string upper(std::string_view text) {
+  std::string out(text);
+  std::transform(out.begin(), out.end(), out.begin(),
+                 [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
+  return out;
+}
+
 Contents contentsOf(std::string_view text) {
   Collector collector;
-  Lines lines(text);
+  if (text.starts_with("\xEF\xBB\xBF"))
+    text.remove_prefix(3);
   std::string_view codeLine, value;
-  while (lines.next(codeLine)) {
+  while (takeLine(text, codeLine)) {
     int code = 0;
     const std::string_view digits = trimmed(codeLine);
     const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), code);
     if (digits.empty() || read.ptr != digits.data() + digits.size())
       continue; // a stray line
-    if (!lines.next(value))
+    if (!takeLine(text, value))
       break;
     collector.take(code, value);
   }

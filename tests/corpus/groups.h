@@ -43,5 +43,6 @@ std::vector<Loss> lossesBetween(const Contents& source, const Contents& written)
 
 enum class Kind { Text, Real, Whole, Handle, Bytes };
 Kind kindOf(int code);
+std::string upper(std::string_view text); // letters of ASCII alone
 
 } // namespace corpus

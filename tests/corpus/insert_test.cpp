@@ -2,13 +2,9 @@
 // file's drawing and everything else of the target stay as they were, and taking it back leaves nothing.
 #include "DbBlockTable.h"
 #include "DbDump.h"
-#include "DbDxf.h"
 #include "DbEntity.h"
 #include "tests/corpus/drawings.h"
-#include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
-
-#include <gtest/gtest.h>
 
 #include <vector>
 
@@ -23,32 +19,18 @@ std::vector<OdRxClass*> kindsIn(OdDbObjectId block) {
   return kinds;
 }
 
-void expectSameExtents(OdDbObjectId one, OdDbObjectId other) {
-  OdGeExtents3d first, second;
-  EXPECT_EQ(forRead<OdDbBlockTableRecord>(one)->getGeomExtents(first),
-            forRead<OdDbBlockTableRecord>(other)->getGeomExtents(second));
-  if (first.isValidExtents()) {
-    EXPECT_TRUE(first.minPoint() == second.minPoint() && first.maxPoint() == second.maxPoint());
-  }
-}
-
 TEST(Insert, EveryDrawingIsTheBlockThatItShows) {
   std::size_t inserted = 0;
-  for (const std::string& path : corpus::paths()) {
-    const OdDbDatabasePtr source = drawing::readDrawingFromMemory(corpus::textOf(path)).database;
-    if (source.isNull() || source->getModelSpaceId().isNull())
-      continue;
-    SCOPED_TRACE(path);
-    const OdDbDatabasePtr target = OdDbDatabase::create();
+  corpus::forEachDrawing([&](const std::string&, const drawing::ReadResult& read) {
+    const OdDbDatabasePtr source = read.database, target = OdDbDatabase::create();
     skewHandles(*target);
     const std::string before = drawing::canonicalDump(*source);
-    OdDbObjectId block;
     target->startUndoRecord();
     const std::string empty = drawing::canonicalDump(*target);
-    block = target->insert(L"the file", source.get(), true);
+    const OdDbObjectId block = target->insert(L"the file", source.get(), true);
     ASSERT_FALSE(block.isNull());
     EXPECT_EQ(kindsIn(block), kindsIn(source->getModelSpaceId()));
-    expectSameExtents(source->getModelSpaceId(), block);
+    EXPECT_TRUE(corpus::sameExtents<OdDbBlockTableRecord>(source->getModelSpaceId(), block));
     EXPECT_EQ(target->insert(L"THE FILE", source.get(), true), block); // refilled
     EXPECT_EQ(kindsIn(block), kindsIn(source->getModelSpaceId()));
     EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*source)), "");
@@ -56,7 +38,7 @@ TEST(Insert, EveryDrawingIsTheBlockThatItShows) {
     target->undo();
     EXPECT_EQ(firstDifference(empty, drawing::canonicalDump(*target)), "");
     ++inserted;
-  }
+  });
   EXPECT_GT(inserted, 350u);
 }
 

@@ -2,30 +2,31 @@
 // beside the drawings, one JSON file each; two tables map their names to those of the report.
 #include "console/report/report_json.h"
 
-#include "DbDxf.h"
+#include "blockcommon/block_lookup.h"
 #include "blockcommon/block_report.h"
+#include "blockcommon/document_queries.h"
 #include "morvane/testing.h"
 
 #include "tests/corpus/drawings.h"
+#include "tests/corpus/groups.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <set>
+#include <span>
 
 namespace {
 
 namespace fs = std::filesystem;
 using Json = nlohmann::ordered_json;
-using Pointer = Json::json_pointer;
 
 struct Same {
   const char* answer;
-  const char* report;
+  const char* report = answer;
 };
 
 constexpr Same kHeader[] = {
@@ -33,42 +34,27 @@ constexpr Same kHeader[] = {
     {"/header/$INSUNITS", "/header/insunits"}, {"/header/$MEASUREMENT", "/header/measurement"},
     {"/header/$INSBASE", "/header/insbase"},   {"/header/$CLAYER", "/header/clayer"},
 };
-constexpr Same kLayer[] = {
-    {"/locked", "/locked"}, {"/frozen", "/frozen"}, {"/off", "/off"}, {"/color", "/color"}, {"/linetype", "/linetype"},
-};
+constexpr Same kLayer[] = {{"/locked"}, {"/frozen"}, {"/off"}, {"/color"}, {"/linetype"}};
 constexpr Same kBlock[] = {
-    {"/flags/anonymous", "/anonymous"},
-    {"/base_point", "/base"},
-    {"/description", "/description"},
-    {"/record_units", "/units"},
-    {"/record_explode", "/explodable"},
-    {"/record_scale", "/uniform"},
-    {"/by_type", "/entities"},
-    {"/references/total", "/references"},
-    {"/tree_depth", "/depth"},
-    {"/dynamic_true_name/0", "/true_name"},
-    {"/flags/xref_overlay", "/xref/overlay"},
-    {"/flags/resolved", "/xref/resolved"},
+    {"/base_point", "/base"},         {"/flags/anonymous", "/anonymous"},
+    {"/record_units", "/units"},      {"/record_explode", "/explodable"},
+    {"/record_scale", "/uniform"},    {"/references/total", "/references"},
+    {"/by_type", "/entities"},        {"/dynamic_true_name/0", "/true_name"},
+    {"/tree_depth", "/depth"},        {"/flags/xref_overlay", "/xref/overlay"},
+    {"/description", "/description"}, {"/flags/resolved", "/xref/resolved"},
 };
 constexpr Same kDialog[] = {
-    {"/record_units", "/units"},
-    {"/record_explode", "/explodable"},
-    {"/record_scale", "/bUniform"},
-};
+    {"/record_units", "/units"}, {"/record_explode", "/explodable"}, {"/record_scale", "/bUniform"}};
+constexpr Same kShortDialog[] = {{"/description", "/des"}};
 constexpr Same kAttribute[] = {
-    {"/tag", "/tag"},
-    {"/prompt", "/prompt"},
-    {"/default", "/default"},
+    {"/tag"},
+    {"/prompt"},
+    {"/default"},
     {"/flags/constant", "/constant"},
     {"/flags/preset", "/preset"},
     {"/flags/verify", "/verify"},
     {"/flags/invisible", "/invisible"},
 };
-
-const Json* at(const Json& json, const char* path) {
-  const Pointer pointer(path);
-  return json.contains(pointer) ? &json[pointer] : nullptr;
-}
 
 bool isEqual(const Json& answer, const Json& reported) {
   if (reported.is_boolean() && answer.is_number_integer())
@@ -83,27 +69,19 @@ bool isEqual(const Json& answer, const Json& reported) {
 
 // Names are found without regard to case: a layer may spell its line type as it likes.
 std::string folded(const Json& value) {
-  std::string text = value.is_string() ? value.get<std::string>() : std::string();
-  std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::tolower(c); });
-  return text;
+  return corpus::upper(value.is_string() ? value.get<std::string>() : std::string());
 }
 
-template <std::size_t count>
-void expectSame(const Same (&rows)[count], const Json& answers, const Json& report) {
+void expectSame(std::span<const Same> rows, const Json& answers, const Json& report) {
   for (const Same& row : rows) {
-    const Json* answer = at(answers, row.answer);
-    const Json* reported = at(report, row.report);
-    if (answer == nullptr || reported == nullptr)
+    const Json::json_pointer inAnswers(row.answer), inReport(row.report);
+    if (!answers.contains(inAnswers) || !report.contains(inReport))
       continue;
+    const Json &answer = answers[inAnswers], &reported = report[inReport];
     const bool isName = row.answer == std::string("/linetype");
-    EXPECT_TRUE(isName ? folded(*answer) == folded(*reported) : isEqual(*answer, *reported))
-        << row.answer << ": " << *answer << " against " << *reported;
+    EXPECT_TRUE(isName ? folded(answer) == folded(reported) : isEqual(answer, reported))
+        << row.answer << ": " << answer << " against " << reported;
   }
-}
-
-Json readJson(const fs::path& path) {
-  std::ifstream in(path);
-  return Json::parse(in, nullptr, false);
 }
 
 std::string nameOf(const Json& entry) {
@@ -133,17 +111,12 @@ std::vector<std::string> namesOf(const Json& list, const std::function<bool(cons
 }
 
 const Json* named(const Json& list, const std::string& name) {
-  for (const Json& entry : list) {
-    if (nameOf(entry) == name)
-      return &entry;
-  }
-  return nullptr;
+  const auto found = std::find_if(list.begin(), list.end(), [&](const Json& entry) { return nameOf(entry) == name; });
+  return found == list.end() ? nullptr : &*found;
 }
 
 void compareAttributes(const Json& answers, const Json& report) {
-  const Json none = Json::array();
-  const Json* wanted = at(answers, "/attribute_definitions");
-  const Json& definitions = wanted == nullptr ? none : *wanted;
+  const Json definitions = answers.value("attribute_definitions", Json::array());
   const Json& reported = report["attribute_definitions"];
   ASSERT_EQ(definitions.size(), reported.size());
   for (std::size_t i = 0; i < definitions.size(); ++i) {
@@ -176,6 +149,21 @@ Json together(const Json& blocks, const Json& first) {
   return both;
 }
 
+// References to the shapes of a dynamic block are references to the block.
+void compareTrueReferences(const Json& answers, const Json& report) {
+  for (const Json& answer : answers["blocks_in_table_order"]) {
+    const Json* block = named(report["blocks"], nameOf(answer));
+    if (block == nullptr || (*block)["references_true"].is_null())
+      continue;
+    int references = answer["references"]["total"];
+    for (const Json& other : answers["blocks_in_table_order"]) {
+      const bool isShape = other.value("dynamic_representation_of", "") == nameOf(answer);
+      references += isShape && nameOf(other) != nameOf(answer) ? other["references"]["total"].get<int>() : 0;
+    }
+    EXPECT_EQ((*block)["references_true"], references) << nameOf(answer);
+  }
+}
+
 void compareBlocks(const Json& answers, const Json& report) {
   const Json& list = answers["blocks_in_table_order"];
   // What our reader made up, and the second block of a name, which the other reader does not keep.
@@ -198,9 +186,6 @@ void compareLayouts(const Json& answers, const Json& report) {
     ASSERT_NE(space, nullptr) << answer;
     EXPECT_EQ(answer["name"], (*space)["layout"]);
   }
-}
-
-void compareDepth(const Json& answers, const Json& report) {
   unsigned deepest = 0;
   for (const Json& block : report["blocks"]) {
     if (!block["layout"].is_null())
@@ -219,12 +204,17 @@ void compare(const Json& answers, const Json& report) {
       layer == nullptr ? void(ADD_FAILURE() << "no such layer") : expectSame(kLayer, answer, *layer);
   }
   compareBlocks(answers, report);
+  compareTrueReferences(answers, report);
   compareLayouts(answers, report);
-  compareDepth(answers, report);
 }
 
 // The list of dialogs holds the named blocks among them.
-void compareDialog(const Json& answers, const Json& report, const Json& dialog) {
+void compareDialog(const Json& answers, const Json& report) {
+  const Json dialog = Json::parse(blockUtils::getStatisticalCntsOfBT()->toText());
+  MvJsonPtr shortList;
+  blockUtils::getStatisticalCntsOfBT(shortList);
+  const Json shortDialog = Json::parse(shortList->toText());
+  EXPECT_EQ(shortDialog.size(), dialog.size());
   const auto isOrdinary = [](const Json& answer) {
     const Json& flags = answer["flags"];
     return isInFile(answer) && !answer["layout"].get<bool>() && !flags["anonymous"].get<bool>() &&
@@ -238,21 +228,59 @@ void compareDialog(const Json& answers, const Json& report, const Json& dialog) 
     Json answer = found == nullptr ? Json::object() : *found;
     dropUnsaid(answer, report["header"]["acadver"]);
     expectSame(kDialog, answer, block);
+    const Json* brief = named(shortDialog, nameOf(block));
+    ASSERT_NE(brief, nullptr);
+    expectSame(kShortDialog, answer, *brief);
+  }
+}
+
+// Adds where the references of a block stand and what they are.
+void count(const OdDbDatabase& database, const OdString& name, Json& places) {
+  const auto add = [](Json& sum, bool one = true) { sum = (sum.is_null() ? 0 : sum.get<int>()) + (one ? 1 : 0); };
+  OdDbObjectId id;
+  OdDbObjectIdArray references;
+  if (blockUtils::getBlockIDByName(name, id, nullptr))
+    tests::forRead<OdDbBlockTableRecord>(id)->getBlockReferenceIds(references, true, false);
+  EXPECT_EQ(commonFun::getBlockReferenceCount(name), references.length());
+  for (const OdDbObjectId& each : references) {
+    const OdDbBlockReferencePtr reference = each.safeOpenObject();
+    if (reference->dxfName() != "INSERT")
+      continue; // a table shows its block, which the other reader does not count
+    const OdDbBlockTableRecordPtr owner = reference->ownerId().safeOpenObject();
+    const bool isModel = owner->objectId() == database.getModelSpaceId(), isSheet = !owner->getLayoutId().isNull();
+    add(places["total"]);
+    add(isModel   ? places["modelspace"]
+        : isSheet ? places["paperspace"]
+                  : places["in_blocks"][owner->getName().toUtf8()]);
+    add(places["as_array"], reference->isA() == OdDbMInsertBlock::desc());
+    add(places["with_attribs"], !reference->attributeIterator()->done());
+  }
+}
+
+// A second block of the same name is counted with the first, as the other reader does.
+void comparePlaces(const Json& answers, const OdDbDatabase& database) {
+  for (const Json& answer : answers["blocks_in_table_order"]) {
+    if (!isInFile(answer))
+      continue;
+    Json found = {{"total", 0}, {"modelspace", 0}, {"paperspace", 0}, {"in_blocks", Json::object()}};
+    for (const char* second : {"", "-2"})
+      count(database, OdString::fromUtf8(nameOf(answer) + second), found);
+    found = found["total"] == 0 ? Json({{"total", 0}}) : found;
+    EXPECT_TRUE(isEqual(answer["references"], found)) << nameOf(answer) << ": " << found << answer["references"];
   }
 }
 
 TEST(KnownAnswers, AgreeWithTheReport) {
   const std::string folder = corpus::folder();
   ASSERT_FALSE(folder.empty());
-  const std::string ending = ".truth.json";
   std::set<fs::path> files;
   for (const auto& entry : fs::recursive_directory_iterator(fs::path(folder) / "truth")) {
-    if (entry.path().string().ends_with(ending))
+    if (entry.path().string().ends_with(".truth.json"))
       files.insert(entry.path());
   }
   EXPECT_GE(files.size(), 33u);
   for (const fs::path& file : files) {
-    const Json answers = readJson(file);
+    const Json answers = Json::parse(corpus::textOf(file.string()), nullptr, false);
     ASSERT_TRUE(answers.is_object()) << file;
     const std::string name = answers.value("file", "");
     SCOPED_TRACE(name);
@@ -262,7 +290,8 @@ TEST(KnownAnswers, AgreeWithTheReport) {
     compare(answers, report);
     morvane::ScriptedHost host;
     host.host().documents().open(read.database);
-    compareDialog(answers, report, Json::parse(blockUtils::getStatisticalCntsOfBT()->toText()));
+    compareDialog(answers, report);
+    comparePlaces(answers, *read.database);
   }
 }
 

@@ -1,8 +1,5 @@
 // All parts of the corpus come into one drawing by one command; each reference shows what its own file holds.
-#include "DbBlockReference.h"
-#include "DbBlockTable.h"
 #include "DbCompare.h"
-#include "DbDxf.h"
 #include "tests/corpus/drawings.h"
 #include "tests/support/program_run.h"
 #include "tests/support/scratch_folder.h"
@@ -19,27 +16,11 @@ using Json = nlohmann::json;
 std::vector<std::string> partPaths() {
   std::vector<std::string> parts;
   for (const std::string& path : corpus::paths()) {
-    if (path.find("/parts/") != std::string::npos && path.size() > 4 && path.substr(path.size() - 4) == ".dxf")
+    if (path.find("/parts/") != std::string::npos && path.ends_with(".dxf"))
       parts.push_back(path);
   }
   std::sort(parts.begin(), parts.end());
   return parts;
-}
-
-std::size_t entities(OdDbObjectId block) {
-  std::size_t number = 0;
-  const OdDbBlockTableRecordPtr record = block.safeOpenObject();
-  for (const auto walk = record->newIterator(); !walk->done(); walk->step())
-    ++number;
-  return number;
-}
-
-bool sameExtents(OdDbObjectId one, OdDbObjectId other) {
-  OdGeExtents3d a, b;
-  const OdResult first = OdDbBlockTableRecordPtr(one.safeOpenObject())->getGeomExtents(a);
-  const OdResult second = OdDbBlockTableRecordPtr(other.safeOpenObject())->getGeomExtents(b);
-  return first == second &&
-         (first != eOk || (a.minPoint().isEqualTo(b.minPoint()) && a.maxPoint().isEqualTo(b.maxPoint())));
 }
 
 TEST(PartLibrary, ShowsEveryPartAsItsFileHasIt) {
@@ -68,8 +49,8 @@ TEST(PartLibrary, ShowsEveryPartAsItsFileHasIt) {
     const std::uint64_t handle = std::stoull(inserted[at]["reference"].get<std::string>(), nullptr, 16);
     const OdDbBlockReferencePtr reference = all.database->getOdDbObjectId(handle).safeOpenObject();
     const OdDbObjectId own = part.database->getModelSpaceId(), shown = reference->blockTableRecord();
-    EXPECT_EQ(entities(shown), entities(own)) << parts[at];
-    EXPECT_TRUE(sameExtents(shown, own)) << parts[at];
+    EXPECT_EQ(tests::entitiesOf(shown).size(), tests::entitiesOf(own).size()) << parts[at];
+    EXPECT_TRUE(corpus::sameExtents<OdDbBlockTableRecord>(shown, own)) << parts[at];
     for (const Json& kept : inserted[at]["kept"])
       ADD_FAILURE() << parts[at] << " shows another's " << kept;
   }

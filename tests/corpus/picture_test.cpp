@@ -3,7 +3,6 @@
 
 #include "DbBlockTable.h"
 #include "DbCurves.h"
-#include "DbDxf.h"
 #include "DbPolyline.h"
 #include "DbSymbolRecords.h"
 #include "GiPicture.h"
@@ -48,42 +47,36 @@ double sizeOf(const OdGeExtents3d& box) {
   return std::max(box.maxPoint().x - box.minPoint().x, box.maxPoint().y - box.minPoint().y);
 }
 
-void checkPicture(const std::string& path, OdDbObjectId space) {
+void checkPicture(OdDbObjectId space) {
   const drawing::Picture picture(space);
   const drawing::PictureReport& report = picture.report();
-  EXPECT_FALSE(report.reachedLimit) << path;
+  EXPECT_FALSE(report.reachedLimit);
   const Plain plain = plainOf(space);
   if (!plain.extents.isValidExtents())
     return;
-  ASSERT_FALSE(report.isEmpty) << path;
+  ASSERT_FALSE(report.isEmpty);
   // Curves are drawn as short lines, which lie a little inside.
   const double nearly = 1e-3 * sizeOf(plain.extents) + 1e-9;
   const OdGePoint3d &min = report.extents.minPoint(), &max = report.extents.maxPoint();
-  EXPECT_LE(min.x, plain.extents.minPoint().x + nearly) << path;
-  EXPECT_LE(min.y, plain.extents.minPoint().y + nearly) << path;
-  EXPECT_GE(max.x, plain.extents.maxPoint().x - nearly) << path;
-  EXPECT_GE(max.y, plain.extents.maxPoint().y - nearly) << path;
+  EXPECT_LE(min.x, plain.extents.minPoint().x + nearly);
+  EXPECT_LE(min.y, plain.extents.minPoint().y + nearly);
+  EXPECT_GE(max.x, plain.extents.maxPoint().x - nearly);
+  EXPECT_GE(max.y, plain.extents.maxPoint().y - nearly);
   if (!plain.hasOthers) {
-    EXPECT_LE(sizeOf(report.extents), sizeOf(plain.extents) + nearly) << path;
+    EXPECT_LE(sizeOf(report.extents), sizeOf(plain.extents) + nearly);
   }
   const drawing::Bitmap bitmap = picture.bitmap();
-  EXPECT_TRUE(std::any_of(bitmap.rgba.begin(), bitmap.rgba.end(), [](std::uint8_t part) { return part < 128; }))
-      << path;
+  EXPECT_TRUE(std::any_of(bitmap.rgba.begin(), bitmap.rgba.end(), [](std::uint8_t part) { return part < 128; }));
 }
 
 TEST(CorpusPictures, ShowWhatTheDrawingsShow) {
-  const std::vector<std::string> paths = corpus::paths();
-  ASSERT_FALSE(paths.empty());
   std::size_t pictured = 0;
-  for (const std::string& path : paths) {
-    const drawing::ReadResult read = drawing::readDrawing(path);
-    if (read.database.isNull())
-      continue; // reading has tests of its own
-    checkPicture(path, read.database->getModelSpaceId());
-    EXPECT_FALSE(drawing::Picture(read.database->getPaperSpaceId()).report().reachedLimit) << path;
+  corpus::forEachDrawing([&](const std::string&, const drawing::ReadResult& read) {
+    checkPicture(read.database->getModelSpaceId());
+    EXPECT_FALSE(drawing::Picture(read.database->getPaperSpaceId()).report().reachedLimit);
     ++pictured;
-  }
-  EXPECT_GE(pictured, paths.size() * 9 / 10);
+  });
+  EXPECT_GE(pictured, 360u);
 }
 
 } // namespace

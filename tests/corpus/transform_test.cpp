@@ -1,11 +1,8 @@
 // Every entity of real drawings goes where a matrix takes it, or says no and stays; the way back leads to where it was.
 #include "DbBlockTable.h"
-#include "DbDxf.h"
 #include "DbEntity.h"
 #include "tests/corpus/drawings.h"
 #include "tests/support/drawings.h"
-
-#include <gtest/gtest.h>
 
 #include <set>
 
@@ -55,13 +52,12 @@ bool goesAndComesBack(OdDbObjectId id, const std::string& where, const OdGeMatri
 using Check = void (*)(OdDbObjectId, const std::string& kind, const std::string& where);
 
 void forAllEntities(Check check) {
-  for (const std::string& path : corpus::paths()) {
-    const drawing::ReadResult read = drawing::readDrawingFromMemory(corpus::textOf(path));
-    for (OdDbObjectId id : read.database.isNull() ? std::vector<OdDbObjectId>() : read.database->allIds()) {
+  corpus::forEachDrawing([check](const std::string&, const drawing::ReadResult& read) {
+    for (OdDbObjectId id : read.database->allIds()) {
       if (const OdDbEntityPtr entity = entityOf(id); !entity.isNull())
-        check(id, entity->dxfName(), path + " " + entity->dxfName() + " " + id.getHandle().ascii());
+        check(id, entity->dxfName(), entity->dxfName() + " " + id.getHandle().ascii());
     }
-  }
+  });
 }
 
 TEST(Transform, EveryEntityGoesAndComesBack) {

@@ -3,7 +3,6 @@
 #include "DbAudit.h"
 #include "DbBlockTable.h"
 #include "DbCompare.h"
-#include "DbDxf.h"
 #include "DbDynBlockReference.h"
 #include "DbPurge.h"
 #include "DbWblock.h"
@@ -67,17 +66,13 @@ void expectOwnDrawing(OdDbObjectId block) {
 
 TEST(Wblock, EveryDefinitionBecomesADrawingAndComesBack) {
   std::size_t definitions = 0, dynamic = 0;
-  for (const std::string& path : corpus::paths()) {
-    const drawing::ReadResult read = drawing::readDrawingFromMemory(corpus::textOf(path));
-    if (read.database.isNull())
-      continue;
-    SCOPED_TRACE(path);
+  corpus::forEachDrawing([&](const std::string&, const drawing::ReadResult& read) {
     for (const OdDbObjectId block : definitionsOf(*read.database)) {
       expectOwnDrawing(block);
       ++definitions;
       dynamic += OdDbDynBlockTableRecord(block).isDynamicBlock() ? 1 : 0;
     }
-  }
+  });
   EXPECT_GT(definitions, 500U);
   EXPECT_GT(dynamic, 10U);
 }

@@ -20,7 +20,7 @@ const std::vector<UnitRule>& unitTable() {
       {"attributes", {"services", "prompts", "selections"}},
       {"document_queries", {"services", "block_lookup", "attributes"}},
       {"insertion", {"services", "file_paths", "properties", "document_queries"}},
-      {"typed_names", {"messages", "block_names", "file_paths", "document_queries"}},
+      {"typed_names", {"services", "messages", "block_lookup", "block_names", "file_paths", "document_queries"}},
       {"reference_graph", {"services"}},
       {"write_block", {"services", "prompts"}},
   };

@@ -1,13 +1,10 @@
 // Documents and what hangs on the current one: the working database, the UCS, header variables, selection sets, layers.
 #include "morvane/testing.h"
+#include "tests/support/drawings.h"
 
 #include "DbAnnotationScale.h"
-#include "DbBlockTable.h"
-#include "DbCurves.h"
 #include "DbDictionary.h"
 #include "DbDimAssoc.h"
-#include "DbSortentsTable.h"
-#include "DbSymbolRecords.h"
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -15,24 +12,13 @@
 namespace {
 
 using morvane::ScriptedHost;
+using namespace tests;
 
-OdDbObjectId addLine(OdDbDatabase* database) {
-  const OdDbBlockTableRecordPtr space = database->getModelSpaceId().safeOpenObject(OdDb::kForWrite);
-  const OdDbLinePtr line = OdDbLine::createObject();
-  line->setDatabaseDefaults(database);
-  return space->appendOdDbEntity(line);
-}
-
-OdDbObjectId addLayer(OdDbDatabase* database, const OdString& name) {
-  const OdDbSymbolTablePtr table = database->getLayerTableId().safeOpenObject(OdDb::kForWrite);
-  const OdDbLayerTableRecordPtr layer = OdDbLayerTableRecord::createObject();
-  layer->setName(name);
-  return table->add(layer);
-}
+constexpr double kInfinite = std::numeric_limits<double>::infinity();
 
 void addScale(OdDbDatabase* database, const OdString& name, double paper, double drawing) {
-  const OdSmartPtr<OdDbDictionary> root = database->getNamedObjectsDictionaryId().safeOpenObject();
-  const OdSmartPtr<OdDbDictionary> scales = root->getAt(L"ACAD_SCALELIST").safeOpenObject(OdDb::kForWrite);
+  const auto root = forRead<OdDbDictionary>(database->getNamedObjectsDictionaryId());
+  const auto scales = forWrite<OdDbDictionary>(root->getAt(L"ACAD_SCALELIST"));
   const OdSmartPtr<OdDbScale> scale = OdDbScale::createObject();
   scale->setScaleName(name);
   scale->setUnits(paper, drawing);
@@ -41,6 +27,12 @@ void addScale(OdDbDatabase* database, const OdString& name, double paper, double
 
 class OpenDrawing : public testing::Test {
 protected:
+  static OdString textOf(const wchar_t* variable) {
+    OdString text;
+    EXPECT_EQ(mvsi::getVar(variable, text, true), RTNORM);
+    return text;
+  }
+
   ScriptedHost host_;
   morvane::Documents& documents_ = host_.host().documents();
   OdDbDatabasePtr database_ = OdDbDatabase::create();
@@ -48,8 +40,7 @@ protected:
 };
 
 TEST_F(OpenDrawing, WorkingDatabaseFollowsTheCurrentDocumentUnlessSetApart) {
-  const OdDbDatabasePtr second = OdDbDatabase::create();
-  const OdDbDatabasePtr aside = OdDbDatabase::create();
+  const OdDbDatabasePtr second = OdDbDatabase::create(), aside = OdDbDatabase::create();
   mvsi::MvsiApDocument* other = documents_.open(second);
   EXPECT_EQ(mvsi::mvsidbWorkingDatabase(), second.get());
   mvsi::mvsidbSetWorkingDatabase(aside);
@@ -75,22 +66,18 @@ TEST_F(OpenDrawing, IsFoundByDatabaseAndFile) {
   EXPECT_EQ(mvsi::gsiGetApDocFromDb(database_), document_);
   EXPECT_EQ(mvsi::gsiGetApDocFromDb(nullptr), nullptr);
   for (const wchar_t* path : {L"c:\\PLANS\\A.DWG", L"/plans/a.dwg", L"C:\\plans\\old\\..\\.\\a.dwg", L"c:plans/A.dwg"})
-    EXPECT_EQ(qzutads::findDwgDoc(path), document_) << OdString(path).toUtf8();
+    EXPECT_EQ(qzutads::findDwgDoc(path), document_) << path;
   EXPECT_EQ(qzutads::findDwgDoc(L"C:\\plans\\a.dwg\\b"), nullptr);
   EXPECT_EQ(qzutads::findDwgDoc(L""), nullptr); // not the one without a file
-  OdString name;
-  EXPECT_EQ(mvsi::getVar(L"DWGNAME", name, true), RTNORM);
-  EXPECT_EQ(name, L"");
+  EXPECT_EQ(textOf(L"DWGNAME"), L"");
   documents_.setCurrent(document_);
-  mvsi::getVar(L"DWGPREFIX", name, true);
-  EXPECT_EQ(name, L"C:\\plans\\");
+  EXPECT_EQ(textOf(L"DWGPREFIX"), L"C:\\plans\\");
   const OdRxObjectPtr service = mv_arbitDict_getservice(kDocMgr);
-  auto* manager = dynamic_cast<MvDocManager*>(service.get());
-  ASSERT_NE(manager, nullptr);
-  EXPECT_EQ(manager->documentCount(), 2);
-  EXPECT_EQ(manager->documentAt(0), manager->currentDocument());
-  EXPECT_EQ(manager->documentAt(2), nullptr);
-  EXPECT_EQ(manager->refreshViews(nullptr), RTERROR);
+  auto& manager = dynamic_cast<MvDocManager&>(*service);
+  EXPECT_EQ(manager.documentCount(), 2);
+  EXPECT_EQ(manager.documentAt(0), manager.currentDocument());
+  EXPECT_EQ(manager.documentAt(2), nullptr);
+  EXPECT_EQ(manager.refreshViews(nullptr), RTERROR);
 }
 
 // X to world Y, Y to world Z, origin at (1, 2, 3).
@@ -111,12 +98,12 @@ TEST_F(OpenDrawing, KeepsItsOwnUcs) {
        {OdGeMatrix3d::scaling(2), OdGeMatrix3d::mirroring(OdGePoint3d::kOrigin), OdGeMatrix3d()})
     EXPECT_EQ(mvsi::mvsidbSetUcsMatrix(skewed, database_), RTREJ);
 
+  OdGePoint3d moved;
   double point[3] = {1, 10, 100};
   EXPECT_EQ(mvsi::mvsidbUcs2Wcs(point, point, false), RTNORM); // in place
   EXPECT_EQ(OdGePoint3d(point[0], point[1], point[2]), OdGePoint3d(101, 3, 13));
   EXPECT_EQ(mvsi::mvsidbWcs2Ucs(point, point, false), RTNORM);
   EXPECT_EQ(OdGePoint3d(point[0], point[1], point[2]), OdGePoint3d(1, 10, 100));
-  OdGePoint3d moved;
   EXPECT_EQ(mvsi::mvsidbUcs2Wcs(OdGePoint3d(1, 0, 0), moved, true), RTNORM);
   EXPECT_EQ(moved, OdGePoint3d(0, 1, 0));
 
@@ -127,26 +114,25 @@ TEST_F(OpenDrawing, KeepsItsOwnUcs) {
   EXPECT_EQ(mvsi::mvsidbUcs2Wcs(OdGePoint3d(5, 5, 5), moved, false), RTERROR);
   EXPECT_EQ(moved, OdGePoint3d(1, 0, 0));
   documents_.setCurrent(document_);
-  EXPECT_EQ(mvsi::mvsidbUcs2Wcs(OdGePoint3d(std::numeric_limits<double>::infinity(), 0, 0), moved, false), RTERROR);
+  EXPECT_EQ(mvsi::mvsidbUcs2Wcs(OdGePoint3d(kInfinite, 0, 0), moved, false), RTERROR);
 }
 
 TEST_F(OpenDrawing, TypedPointsFollowTheUcsAndTheLimits) {
   mvsi::mvsidbSetUcsMatrix(turnedUcs(), database_);
-  host_.answerWith({L"*1,2,3", L"@1,0", L"@*1,0"});
-  auto& input = host_.host().input();
-  double point[3] = {};
-  EXPECT_EQ(input.getPoint(L"?", point), RTNORM);
-  EXPECT_EQ(OdGePoint3d(point[0], point[1], point[2]), OdGePoint3d(0, 0, 0));
-  EXPECT_EQ(input.getPoint(L"?", point), RTNORM); // world 1,3,3
+  const auto typed = [this](const wchar_t* text) {
+    double point[3] = {};
+    host_.answerWith({text, L"5,5"});
+    EXPECT_EQ(host_.host().input().getPoint(L"?", point), RTNORM);
+    return OdGePoint3d(point[0], point[1], point[2]);
+  };
+  EXPECT_EQ(typed(L"*1,2,3"), OdGePoint3d(0, 0, 0));
+  typed(L"@1,0"); // world 1,3,3
   mvsi::mvsidbSetUcsMatrix(OdGeMatrix3d::kIdentity, database_);
-  EXPECT_EQ(input.getPoint(L"?", point), RTNORM);
-  EXPECT_EQ(OdGePoint3d(point[0], point[1], point[2]), OdGePoint3d(2, 3, 3));
+  EXPECT_EQ(typed(L"@*1,0"), OdGePoint3d(2, 3, 3));
   database_->setHeaderInt("LIMCHECK", 70, 1);
   database_->setHeaderPoint("LIMMIN", OdGePoint3d(0, 0, 0));
   database_->setHeaderPoint("LIMMAX", OdGePoint3d(10, 10, 0));
-  host_.answerWith({L"11,5", L"5,5"});
-  EXPECT_EQ(input.getPoint(L"?", point), RTNORM);
-  EXPECT_EQ(point[0], 5);
+  EXPECT_EQ(typed(L"11,5"), OdGePoint3d(5, 5, 0)); // asked again
 }
 
 TEST_F(OpenDrawing, VariablesAreItsHeader) {
@@ -154,26 +140,22 @@ TEST_F(OpenDrawing, VariablesAreItsHeader) {
   EXPECT_EQ(mvsi::setVar(L"insunits", static_cast<short>(6), true), RTNORM);
   EXPECT_EQ(database_->getINSUNITS(), OdDb::kUnitsMeters);
   EXPECT_EQ(mvsi::setVar(L"INSUNITS", static_cast<short>(25), true), RTREJ);
+  EXPECT_EQ(mvsi::setVar(L"INSUNITS", OdString(L"6"), true), RTREJ);
   database_->setINSUNITS(OdDb::kUnitsFeet);
   EXPECT_EQ(mvsi::getVar(L"INSUNITS", units), RTNORM);
   EXPECT_EQ(units, 2);
 
-  addLayer(database_, L"Walls");
+  addLayer(*database_, L"Walls");
   EXPECT_EQ(mvsi::setVar(L"CLAYER", OdString(L"WALLS"), true), RTNORM);
-  OdString layer;
-  EXPECT_EQ(mvsi::getVar(L"clayer", layer, true), RTNORM);
-  EXPECT_EQ(layer, L"Walls");
-  EXPECT_EQ(mvsi::setVar(L"CLAYER", OdString(L"None"), true), RTREJ);
-  EXPECT_EQ(mvsi::setVar(L"ACADVER", OdString(L"x"), true), RTREJ);
+  EXPECT_EQ(textOf(L"clayer"), L"Walls");
+  for (const wchar_t* name : {L"CLAYER", L"ACADVER"})
+    EXPECT_EQ(mvsi::setVar(name, OdString(L"None"), true), RTREJ);
 
-  EXPECT_EQ(host_.host().variables().set(L"INSBASE", morvane::VariablePoint3d{1, 2, 3}), RTNORM);
+  for (const double x : {1.0, kInfinite})
+    EXPECT_EQ(host_.host().variables().set(L"INSBASE", morvane::VariablePoint3d{x, 2, 3}), x == 1 ? RTNORM : RTREJ);
   EXPECT_EQ(database_->getINSBASE(), OdGePoint3d(1, 2, 3));
-  const double infinite = std::numeric_limits<double>::infinity();
-  EXPECT_EQ(host_.host().variables().set(L"INSBASE", morvane::VariablePoint3d{infinite, 0, 0}), RTREJ);
-
   documents_.open(OdDbDatabase::create());
-  mvsi::getVar(L"CLAYER", layer, true);
-  EXPECT_EQ(layer, L"0");
+  EXPECT_EQ(textOf(L"CLAYER"), L"0");
 
   // The scale that annotative blocks follow is the one that the variable names.
   const OdString half = L"1:2";
@@ -181,25 +163,32 @@ TEST_F(OpenDrawing, VariablesAreItsHeader) {
   EXPECT_EQ(mvsi::setVar(L"CANNOSCALE", half, true), RTNORM);
   EXPECT_EQ(mvsi::mvsidbWorkingDatabase()->cannoscale()->getName(), half);
   EXPECT_EQ(mvsi::setVar(L"CANNOSCALE", OdString(L"no such scale"), true), RTREJ);
-  EXPECT_EQ(mvsi::getVar(L"cannoscale", layer, true), RTNORM);
-  EXPECT_EQ(layer, half);
+  EXPECT_EQ(textOf(L"cannoscale"), half);
 
   OdDbDatabase* damaged = mvsi::mvsidbWorkingDatabase();
   damaged->setHeaderInt("CLAYER", 70, 5);
   EXPECT_EQ(mvsi::setVar(L"CLAYER", static_cast<short>(6), true), RTREJ);
   EXPECT_EQ(damaged->headerInt("CLAYER"), 5);
   damaged->setHeaderInt("INSUNITS", 70, 65536 + 6);
-  units = -1;
   EXPECT_EQ(mvsi::getVar(L"INSUNITS", units), RTERROR);
-  EXPECT_EQ(units, -1);
+  EXPECT_EQ(units, 2);
 }
 
 class Selection : public OpenDrawing {
 protected:
-  OdDbObjectId first_ = addLine(database_);
-  OdDbObjectId second_ = addLine(database_);
+  const OdDbObjectId first_ = addText(*database_, L"1"), second_ = addText(*database_, L"2");
   morvane::SelectionSets& sets_ = host_.host().selections();
 
+  void addTo(long* set, std::initializer_list<OdDbObjectId> ids) {
+    for (const OdDbObjectId& id : ids) {
+      long entity[2];
+      ASSERT_EQ(mvsi::mvsidbGetAdsName(entity, id), 0);
+      EXPECT_EQ(sets_.add(entity, set, set), RTNORM);
+    }
+  }
+  static bool isHighlighted(OdDbObjectId id) {
+    return OdDbEntityPtr(id.safeOpenObject(OdDb::kForRead, true))->isHighlighted();
+  }
   std::vector<OdDbObjectId> members(const long* set) {
     std::vector<OdDbObjectId> ids;
     int length = 0;
@@ -215,25 +204,18 @@ protected:
 };
 
 TEST_F(Selection, SetsGrowInPlaceAndHoldEachEntityOnce) {
-  long set[2] = {0, 0};
-  long entity[2];
-  for (const OdDbObjectId& id : {second_, first_, second_}) {
-    ASSERT_EQ(mvsi::mvsidbGetAdsName(entity, id), 0);
-    EXPECT_EQ(sets_.add(entity, set, set), RTNORM);
-  }
+  long set[2] = {0, 0}, copy[2] = {0, 0}, entity[2];
+  addTo(set, {second_, first_, second_});
   EXPECT_EQ(members(set), (std::vector<OdDbObjectId>{second_, first_}));
-  long copy[2] = {0, 0};
   EXPECT_EQ(sets_.add(set, copy, copy), RTNORM); // a set's members
   EXPECT_EQ(sets_.add(set, set, set), RTNORM);   // its own change nothing
   EXPECT_EQ(members(copy), members(set));
-  EXPECT_EQ(sets_.memberAt(set, 2, entity), RTERROR);
-  EXPECT_EQ(sets_.memberAt(set, -1, entity), RTERROR);
+  for (const int at : {2, -1})
+    EXPECT_EQ(sets_.memberAt(set, at, entity), RTERROR);
 }
 
 TEST_F(Selection, NamesAreToldApartAndDieWithWhatTheyName) {
-  long set[2] = {0, 0};
-  long entity[2] = {0, 0};
-  long none[2] = {0, 0};
+  long set[2] = {0, 0}, entity[2] = {0, 0}, none[2] = {0, 0};
   int length = 7;
   OdDbObjectId id = first_;
   EXPECT_EQ(mvsi::mvsidbGetObjectId(id, none), RTERROR);
@@ -260,27 +242,22 @@ TEST_F(Selection, NamesAreToldApartAndDieWithWhatTheyName) {
 }
 
 TEST_F(Selection, TheImpliedOneIsWhatWasPickedFirst) {
-  long set[2] = {0, 0};
-  long entity[2];
+  long set[2] = {0, 0}, entity[2];
   mvsi::RxSelectSet implied;
   EXPECT_EQ(implied.impliedSelect(), RTERROR);
-  for (const OdDbObjectId& id : {first_, second_}) {
-    mvsi::mvsidbGetAdsName(entity, id);
-    sets_.add(entity, set, set);
-  }
+  addTo(set, {first_, second_});
+  mvsi::mvsidbGetAdsName(entity, second_);
   EXPECT_EQ(sets_.setFirst(set, nullptr), RTNORM);
   EXPECT_EQ(sets_.setFirst(entity, nullptr), RTERROR);
   EXPECT_EQ(implied.impliedSelect(), 0);
   EXPECT_EQ(implied.hilight(true, -1), 0);
   EXPECT_EQ(implied.hilight(false, 1), 0);
   EXPECT_EQ(implied.hilight(false, 2), RTERROR);
-  EXPECT_TRUE(OdDbEntityPtr(first_.safeOpenObject())->isHighlighted());
-  EXPECT_FALSE(OdDbEntityPtr(second_.safeOpenObject())->isHighlighted());
+  EXPECT_TRUE(isHighlighted(first_) && !isHighlighted(second_));
   first_.safeOpenObject(OdDb::kForWrite)->erase();
   OdDbObjectIdArray ids;
   EXPECT_EQ(implied.asIdArray(ids), 0);
-  ASSERT_EQ(ids.size(), 1u);
-  EXPECT_EQ(ids[0], second_);
+  EXPECT_EQ(ids, (OdDbObjectIdArray{second_}));
   EXPECT_EQ(sets_.setFirst(nullptr, nullptr), RTNORM);
   EXPECT_EQ(implied.impliedSelect(), RTERROR);
 }
@@ -288,25 +265,17 @@ TEST_F(Selection, TheImpliedOneIsWhatWasPickedFirst) {
 TEST_F(Selection, ThePickedOneIsHighlightedAndBelongsToItsDrawing) {
   const auto pick = [this](std::initializer_list<OdDbObjectId> ids) {
     long set[2] = {0, 0};
-    long entity[2];
-    for (const OdDbObjectId& id : ids) {
-      mvsi::mvsidbGetAdsName(entity, id);
-      sets_.add(entity, set, set);
-    }
+    addTo(set, ids);
     const OdRxObjectPtr service = mv_arbitDict_getservice(kSelectorServer);
     EXPECT_EQ(dynamic_cast<MvSelectorServer&>(*service).mvsiedSSSetFirst(set, nullptr), RTNORM);
   };
-  const auto highlighted = [](const OdDbObjectId& id) {
-    return OdDbEntityPtr(id.safeOpenObject(OdDb::kForRead, true))->isHighlighted();
-  };
   pick({first_, second_});
-  EXPECT_TRUE(highlighted(first_) && highlighted(second_));
-  const OdDbLinePtr copy(new OdDbLine(*OdDbLinePtr(first_.safeOpenObject())));
+  EXPECT_TRUE(isHighlighted(first_) && isHighlighted(second_));
+  const OdSmartPtr<OdDbText> copy(new OdDbText(*forRead<OdDbText>(first_)));
   EXPECT_FALSE(copy->isHighlighted());
   first_.safeOpenObject(OdDb::kForWrite)->erase();
   pick({second_});
-  EXPECT_FALSE(highlighted(first_)); // it may be restored
-  EXPECT_TRUE(highlighted(second_));
+  EXPECT_TRUE(!isHighlighted(first_) && isHighlighted(second_)); // the first may be restored
   EXPECT_EQ(document_->refreshCount(), 2U);
   mvsi::RxSelectSet implied;
   mvsi::MvsiApDocument* other = documents_.open(OdDbDatabase::create());
@@ -318,8 +287,8 @@ TEST_F(Selection, ThePickedOneIsHighlightedAndBelongsToItsDrawing) {
 }
 
 TEST_F(Selection, LockedLayersAreSeenAndSet) {
-  const OdDbObjectId layer = addLayer(database_, L"Walls");
-  OdDbEntityPtr(second_.safeOpenObject(OdDb::kForWrite))->setLayer(layer);
+  const OdDbObjectId layer = addLayer(*database_, L"Walls");
+  forWrite<OdDbEntity>(second_)->setLayer(layer);
   EXPECT_EQ(LayerTools::getEntityLayerId(second_), layer);
   EXPECT_FALSE(qzutads::isObjLocked(second_, true));
   EXPECT_TRUE(LayerTools::lockOrUnlockLayer(layer, true));
@@ -335,16 +304,14 @@ TEST_F(Selection, LockedLayersAreSeenAndSet) {
 }
 
 TEST_F(Selection, IsBroughtIntoDrawOrderBlockByBlock) {
-  const OdDbObjectId third = addLine(database_);
-  const OdDbBlockTableRecordPtr paper = database_->getPaperSpaceId().safeOpenObject(OdDb::kForWrite);
-  const OdDbObjectId sheet = paper->appendOdDbEntity(OdDbLine::createObject());
-  const OdDbObjectId layer = database_->getLayerZeroId();
+  const OdDbObjectId third = addText(*database_, L"3"), layer = database_->getLayerZeroId();
+  const OdDbObjectId sheet = addText(*database_, L"sheet", database_->getPaperSpaceId());
   OdDbObjectIdArray ids{layer, third, sheet, second_, first_, OdDbObjectId()};
   qzutads::sortAarryByDrawOrder(ids);
   EXPECT_EQ(ids, (OdDbObjectIdArray{first_, second_, third, sheet, layer, OdDbObjectId()}));
-  OdDbObjectIdArray none;
-  qzutads::sortAarryByDrawOrder(none);
-  EXPECT_TRUE(none.isEmpty());
+  ids.clear();
+  qzutads::sortAarryByDrawOrder(ids);
+  EXPECT_TRUE(ids.isEmpty());
 }
 
 TEST_F(Selection, DimensionAssociationsHangInTheExtensionDictionary) {
@@ -352,8 +319,7 @@ TEST_F(Selection, DimensionAssociationsHangInTheExtensionDictionary) {
   EXPECT_EQ(mvsi::mvdbGetDimAssocId(OdDbObjectId(), association), RTERROR);
   EXPECT_EQ(mvsi::mvdbGetDimAssocId(first_, association), RTERROR);
   EXPECT_TRUE(association.isNull());
-  const OdDbObjectId extension = first_.safeOpenObject(OdDb::kForWrite)->createExtensionDictionary();
-  const OdSmartPtr<OdDbDictionary> dictionary = extension.safeOpenObject(OdDb::kForWrite);
+  const auto dictionary = forWrite<OdDbDictionary>(forWrite<OdDbObject>(first_)->createExtensionDictionary());
   dictionary->setAt(L"ACAD_DIMASSOC", OdDbDictionary::createObject()); // of a damaged file
   EXPECT_EQ(mvsi::mvdbGetDimAssocId(first_, association), RTERROR);
   EXPECT_TRUE(association.isNull());
@@ -367,9 +333,7 @@ TEST_F(OpenDrawing, ShowsTheSpaceThatItsTabNames) {
   EXPECT_EQ(qzutads::currentSpaceId(), database_->getModelSpaceId());
   EXPECT_EQ(mvsi::setVar(L"TILEMODE", static_cast<short>(0), true), RTNORM);
   EXPECT_EQ(qzutads::currentSpaceId(), database_->getPaperSpaceId());
-  const OdDbBlockTableRecordPtr door = OdDbBlockTableRecord::createObject();
-  door->setName(L"Door");
-  OdDbBlockTablePtr(database_->getBlockTableId().safeOpenObject(OdDb::kForWrite))->add(door.get());
+  const auto door = forWrite<OdDbBlockTableRecord>(addBlock(*database_, L"Door"));
   document_->setBlockEditorName(L"DOOR"); // or what is in the block editor
   EXPECT_EQ(qzutads::currentSpaceId(), door->objectId());
   EXPECT_EQ(document_->blockEditorName(), L"Door");
@@ -392,27 +356,26 @@ TEST_F(OpenDrawing, ShowsTheSpaceThatItsTabNames) {
 
 TEST(MessageBox, AnswersByNumberLetterOrText) {
   const std::vector<OdString> labels = {L"选择对象", L"否(&N)", L"&Yes"};
-  const std::pair<const wchar_t*, int> cases[] = {{L"1", 0},  {L"选择对象", 0}, {L"n", 1}, {L"否", 1},
-                                                  {L"2", 1},  {L"yes", 2},      {L"Y", 2}, {L"0", -1},
-                                                  {L"4", -1}, {L"否(N)", -1},   {L"", -1}};
+  const std::pair<const wchar_t*, int> cases[] = {
+      {L"1", 0}, {L"选择对象", 0}, {L"n", 1},  {L"否", 1},     {L"2", 1}, {L"yes", 2},
+      {L"Y", 2}, {L"0", -1},       {L"4", -1}, {L"否(N)", -1}, {L"", -1},
+  };
   for (const auto& [answer, button] : cases)
-    EXPECT_EQ(morvane::buttonOf(labels, answer), button) << OdString(answer).toUtf8();
+    EXPECT_EQ(morvane::buttonOf(labels, answer), button) << answer;
 }
 
 TEST(MessageBox, ReturnsTheButtonOrNothingWhenItWasClosed) {
   const MvJsonPtr buttons = ElementValue::createObject();
   buttons->SetDataS("btnText/0", "是");
   buttons->SetDataS("btnText/1", "否");
-  const auto ask = [&] {
-    return mvsi::mvuiMessageBoxEx(L"Caption", L"100%s", buttons, 6, 1, 0)->GetDataI("ControlBtn", 9);
-  };
-  EXPECT_TRUE(mvsi::mvuiMessageBoxEx(L"Caption", L"100%s", buttons, 6, 1, 0).isNull()); // no host
+  const auto show = [&] { return mvsi::mvuiMessageBoxEx(L"Caption", L"100%s", buttons, 6, 1, 0); };
+  const auto ask = [&] { return show()->GetDataI("ControlBtn", 9); };
+  EXPECT_TRUE(show().isNull()); // no host
   ScriptedHost host({L"maybe", L"2", L"", L"\x1b"});
   EXPECT_EQ(ask(), 1);
   EXPECT_EQ(host.takeOutput().find(L"\n[Caption]\n100%s\n  1. 是\n  2. 否\n"), 0);
-  EXPECT_EQ(ask(), 9); // an empty answer
-  EXPECT_EQ(ask(), 9); // a cancel
-  EXPECT_EQ(ask(), 9); // the end
+  for (const char* answer : {"empty", "a cancel", "the end"})
+    EXPECT_EQ(ask(), 9) << answer;
   EXPECT_EQ(mvsi::mvuiMessageBox(L"text", L"caption", 64), RTNORM);
 }
 

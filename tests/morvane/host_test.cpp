@@ -1,14 +1,15 @@
 // The host's services, printing, variables, configuration and files as a command module meets them.
 #include "morvane/testing.h"
 #include "tests/support/failing_files.h"
+#include "tests/support/print.h"
 #include "tests/support/scratch_folder.h"
 
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
-#include <limits>
 
 namespace {
 
@@ -34,8 +35,7 @@ TEST(ServiceDictionary, FollowsEveryChangeAndTheCaseOfNames) {
   EXPECT_TRUE(mv_arbitDict_getservice(kDbServer).isNull()); // no host
   EXPECT_FALSE(mv_arbitDict_register(L"X", OdRxObjectPtr(new OdRxObject)));
   ScriptedHost host;
-  const OdRxObjectPtr first(new OdRxObject);
-  const OdRxObjectPtr second(new OdRxObject);
+  const OdRxObjectPtr first(new OdRxObject), second(new OdRxObject);
   EXPECT_TRUE(mv_arbitDict_register(L"Core/X", first));
   EXPECT_EQ(first->numRefs(), 2u);
   EXPECT_TRUE(mv_arbitDict_getservice(L"core/X").isNull());
@@ -50,8 +50,7 @@ TEST(ServiceDictionary, FollowsEveryChangeAndTheCaseOfNames) {
 }
 
 TEST(Host, TheLatestInstalledIsCurrentInWhateverOrderTheyEnd) {
-  auto outer = std::make_unique<ScriptedHost>();
-  auto middle = std::make_unique<ScriptedHost>();
+  auto outer = std::make_unique<ScriptedHost>(), middle = std::make_unique<ScriptedHost>();
   auto inner = std::make_unique<ScriptedHost>();
   EXPECT_EQ(morvane::Host::current(), &inner->host());
   middle.reset();
@@ -73,12 +72,9 @@ TEST(Printing, FormatsByTheTypesOfTheArguments) {
 
 TEST(Printing, DirectivesWithoutAnArgumentOfTheirTypeStand) {
   ScriptedHost host;
-  const std::pair<const wchar_t*, const wchar_t*> cases[] = {
-      {L"100%", L"100%"},       {L"%s %d\n", L"%s %d\n"}, {L"%%", L"%"},    {L"%n%p", L"%n%p"},
-      {L"%99999d", L"%99999d"}, {L"%-", L"%-"},           {L"%*d", L"%*d"}, {L"", L""}};
-  for (const auto& [format, printed] : cases) {
+  for (const wchar_t* format : {L"100%", L"%s %d\n", L"%%", L"%n%p", L"%99999d", L"%-", L"%*d", L""}) {
     EXPECT_EQ(mvsi::mvsiutPrintf(format), RTNORM);
-    EXPECT_EQ(host.takeOutput(), printed);
+    EXPECT_EQ(host.takeOutput(), format == OdString(L"%%") ? L"%" : format);
   }
   mvsi::mvsiutPrintf(L"%s-%d-%f", 5, L"text", 1);
   EXPECT_EQ(host.takeOutput(), L"%s-%d-%f");
@@ -102,26 +98,13 @@ TEST(Log, WritesRecordsOfItsLevelAndAbove) {
   EXPECT_EQ(readFile(folder.at("log")), "[9] h:3 kept\n");
 }
 
-class Header : public morvane::DrawingVariables {
-public:
-  std::optional<morvane::VariableValue> get(std::wstring_view name) const override {
-    return name == L"INSUNITS" ? std::optional<morvane::VariableValue>(insunits) : std::nullopt;
-  }
-  int set(std::wstring_view, const morvane::VariableValue& value) override {
-    insunits = std::get<std::int16_t>(value);
-    return RTNORM;
-  }
-  std::int16_t insunits = 4;
-};
-
 TEST(Variables, AreOneStoreBehindEveryRoad) {
   ScriptedHost host;
   const auto system = find<MvEditSystemServer>(kEditSystemServer);
   EXPECT_EQ(mvsi::setVar(L"insname", OdString(L"*B1"), true), RTNORM);
   mvsiresbuf record;
   EXPECT_EQ(system->mvsiedGetVar(L"InsName", &record), RTNORM);
-  EXPECT_EQ(record.restype, RTSTR);
-  EXPECT_EQ(record.rstring, L"*B1");
+  EXPECT_TRUE(record.restype == RTSTR && record.rstring == L"*B1") << record.restype;
   record = {};
   record.restype = RTSHORT;
   record.rint = 0;
@@ -135,32 +118,19 @@ TEST(Variables, RefuseWhatDoesNotFit) {
   ScriptedHost host;
   OdString text = L"kept";
   short number = 9;
+  EXPECT_EQ(mvsi::getVar(L"INSUNITS", number), RTERROR); // there is no drawing
   EXPECT_EQ(mvsi::getVar(L"NOSUCH", text, true), RTERROR);
   EXPECT_EQ(host.takeOutput(), L"");
   EXPECT_EQ(mvsi::getVar(L"NO%s", text, false), RTERROR);
   EXPECT_EQ(host.takeOutput(), L"\nThere is no variable NO%s.");
   EXPECT_EQ(mvsi::getVar(L"EXTNAMES", text, true), RTREJ);
   EXPECT_EQ(mvsi::getVar(L"INSNAME", number), RTREJ);
-  EXPECT_EQ(text, L"kept");
-  EXPECT_EQ(number, 9);
-  EXPECT_EQ(mvsi::setVar(L"DWGNAME", OdString(L"x"), true), RTREJ);
+  EXPECT_TRUE(text == L"kept" && number == 9);
+  for (const wchar_t* name : {L"DWGNAME", L"LUPREC"})
+    EXPECT_EQ(mvsi::setVar(name, OdString(L"3"), true), RTREJ);
   EXPECT_EQ(mvsi::setVar(L"LUPREC", static_cast<short>(9), true), RTREJ);
-  EXPECT_EQ(mvsi::setVar(L"LUPREC", OdString(L"3"), true), RTREJ);
   mvsiresbuf record;
   EXPECT_EQ(find<MvEditSystemServer>(kEditSystemServer)->mvsiedSetVar(L"LUPREC", &record), RTREJ);
-}
-
-TEST(Variables, OfTheDrawingAreItsHeader) {
-  ScriptedHost host;
-  Header header;
-  short units = 0;
-  EXPECT_EQ(mvsi::getVar(L"INSUNITS", units), RTERROR); // no drawing
-  host.host().variables().setDrawing([&header] { return &header; });
-  EXPECT_EQ(mvsi::getVar(L"insunits", units), RTNORM);
-  EXPECT_EQ(units, 4);
-  EXPECT_EQ(mvsi::setVar(L"INSUNITS", static_cast<short>(6), true), RTNORM);
-  EXPECT_EQ(header.insunits, 6);
-  EXPECT_EQ(mvsi::setVar(L"INSUNITS", OdString(L"6"), true), RTREJ);
 }
 
 TEST(DbServer, UsesTheCurrentUnitsForMinusOne) {
@@ -173,10 +143,10 @@ TEST(DbServer, UsesTheCurrentUnitsForMinusOne) {
   EXPECT_EQ(numbers->mvsidbRToS(14.5, -1, 1, text), RTNORM);
   EXPECT_STREQ(text, L"1'-2 1/2\"");
   EXPECT_EQ(numbers->mvsidbRToS(14.5, 7, 1, text), RTERROR);
-  EXPECT_EQ(numbers->mvsidbRToS(std::numeric_limits<double>::quiet_NaN(), 2, 1, text), RTERROR);
+  EXPECT_EQ(numbers->mvsidbRToS(std::nan(""), 2, 1, text), RTERROR);
   double value = 9;
-  EXPECT_EQ(numbers->mvsidbDisToF(L"x", -1, &value), RTERROR);
-  EXPECT_EQ(numbers->mvsidbDisToF(L"1", 0, &value), RTERROR);
+  for (const auto& [refused, unit] : {std::pair(L"x", -1), std::pair(L"1", 0)})
+    EXPECT_EQ(numbers->mvsidbDisToF(refused, unit, &value), RTERROR);
   EXPECT_EQ(value, 9);
 }
 
@@ -187,11 +157,10 @@ TEST(Json, PathsMakeObjectsAndKeepKinds) {
   EXPECT_TRUE(object->SetDataL("id", 1LL << 40));
   EXPECT_TRUE(object->SetDataB("flag", true));
   EXPECT_EQ(object->toText(), "{\"btnText\":{\"0\":\"确定(&C)\",\"1\":\"否\"},\"flag\":true,\"id\":1099511627776}");
-  EXPECT_FALSE(object->SetDataI("flag/below", 1));
-  EXPECT_FALSE(object->SetDataI("", 1));
-  EXPECT_EQ(object->GetDataI("id", -1), -1); // too large for an int
-  EXPECT_EQ(object->GetDataI("btnText", -1), -1);
-  EXPECT_EQ(object->GetDataI("none/at/all", 5), 5);
+  for (const char* path : {"flag/below", ""})
+    EXPECT_FALSE(object->SetDataI(path, 1)) << path;
+  for (const char* path : {"id", "btnText", "none/at/all"}) // the first is too large for an int
+    EXPECT_EQ(object->GetDataI(path, 5), 5) << path;
   EXPECT_TRUE(object->GetDataB("flag"));
   EXPECT_EQ(object->GetDataSW("btnText/1"), L"否");
   EXPECT_TRUE(ElementValue::createObject(3).isNull());
@@ -248,22 +217,22 @@ TEST(UserConfig, KeepsADamagedFileBesideTheNewOne) {
   }
 }
 
-TEST(UserConfig, AFolderInItsPlaceIsAProblemAndNoCrash) {
+TEST(UserConfig, AFailedSaveKeepsWhatIsThereAndTheChange) {
   const tests::ScratchFolder folder;
-  morvane::UserConfig config(folder.at(""), morvane::replaceFileSafely);
-  EXPECT_NE(config.loadProblem(), "");
-  EXPECT_NE(config.save(), "");
+  morvane::UserConfig isFolder(folder.at(""), morvane::replaceFileSafely);
+  EXPECT_NE(isFolder.loadProblem(), "");
+  EXPECT_NE(isFolder.save(), "");
   EXPECT_TRUE(fs::is_directory(folder.at("")));
-}
-
-TEST(UserConfig, AFailedSaveKeepsTheFileAndTheChange) {
-  const tests::ScratchFolder folder;
-  writeFile(folder.at("c.json"), "{\"s\":{\"n\":1}}");
-  morvane::UserConfig config(folder.at("c.json"), [](const std::string&, std::string_view) { return "disk full"; });
-  config.section("s")->SetDataI("n", 2);
-  EXPECT_EQ(config.save(), "disk full");
-  EXPECT_TRUE(config.isChanged());
-  EXPECT_EQ(readFile(folder.at("c.json")), "{\"s\":{\"n\":1}}");
+  for (const std::string held : {"{\"s\":{\"n\":1}}", "{\"s\":"}) { // a damaged one as well
+    writeFile(folder.at("c.json"), held);
+    morvane::UserConfig config(folder.at("c.json"), [](const std::string& file, std::string_view text) {
+      return file.ends_with("n") ? "disk full" : morvane::replaceFileSafely(file, text);
+    });
+    config.createSection("s")->SetDataI("n", 2);
+    EXPECT_EQ(config.save(), "disk full");
+    EXPECT_TRUE(config.isChanged());
+    EXPECT_EQ(readFile(folder.at("c.json")), held);
+  }
 }
 
 TEST(ReplaceFile, KeepsModeAndLinksAndLeavesNothingBeside) {
@@ -281,8 +250,8 @@ TEST(ReplaceFile, KeepsModeAndLinksAndLeavesNothingBeside) {
   EXPECT_EQ(std::distance(fs::directory_iterator(folder.at(".")), {}), 3);
   EXPECT_EQ(morvane::replaceFileSafely(folder.at("fresh"), "x"), "");
   EXPECT_EQ(fs::status(folder.at("fresh")).permissions(), fs::perms(0600));
-  int n = 1; // settings are saved through the same file operations as drawings
-  for (;; ++n) {
+  int n = 1;
+  for (;; ++n) { // settings are saved through the same file operations as drawings
     test_support::FailingFiles files(drawing::fileOperations(), n, ENOSPC);
     const test_support::UsedFiles used(files);
     if (morvane::replaceFileSafely(folder.at("real"), "newest").empty())
@@ -298,14 +267,10 @@ TEST(Paths, MapDrivesAndBackslashesBothWays) {
   EXPECT_TRUE(map.setDrive(L'd', "/data/"));
   EXPECT_TRUE(map.setDrive(L'E', "/data/deep"));
   EXPECT_FALSE(map.setDrive(L'1', "/x"));
-  const std::pair<const wchar_t*, const char*> toSystem[] = {{L"D:\\a\\b.dwg", "/data/a/b.dwg"},
-                                                             {L"d:a", "/data/a"},
-                                                             {L"C:\\a", "/a"},
-                                                             {L"a\\b", "a/b"},
-                                                             {L"\\a\\块", "/a/块"},
-                                                             {L"D:", "/data/"},
-                                                             {L"", ""},
-                                                             {L"1:\\a", "1:/a"}};
+  const std::pair<const wchar_t*, const char*> toSystem[] = {
+      {L"d:a", "/data/a"},   {L"C:\\a", "/a"},  {L"a\\b", "a/b"},   {L"D:\\a\\b.dwg", "/data/a/b.dwg"},
+      {L"\\a\\块", "/a/块"}, {L"D:", "/data/"}, {L"1:\\a", "1:/a"}, {L"", ""},
+  };
   for (const auto& [drawing, system] : toSystem)
     EXPECT_EQ(map.toSystem(drawing), system);
   const std::pair<const char*, const wchar_t*> toDrawing[] = {
@@ -320,9 +285,8 @@ TEST(FindFile, LooksBesideTheDrawingAndThenAlongThePath) {
   const tests::ScratchFolder folder;
   fs::create_directories(folder.at("one/sub"));
   fs::create_directories(folder.at("two/only"));
-  writeFile(folder.at("one/a.dwg"), "");
-  writeFile(folder.at("two/a.dwg"), "");
-  writeFile(folder.at("two/b.dwg"), "");
+  for (const char* name : {"one/a.dwg", "two/a.dwg", "two/b.dwg"})
+    writeFile(folder.at(name), "");
   ScriptedHost host;
   host.host().paths().setDrive(L'T', folder.at("two"));
   host.host().searchPath().setDrawingFolder(folder.at("one"));
@@ -336,11 +300,9 @@ TEST(FindFile, LooksBesideTheDrawingAndThenAlongThePath) {
   EXPECT_STREQ(found, L"T:\\b.dwg");
   EXPECT_EQ(system->mvsiedFindFile(L"t:\\b.dwg", found), RTNORM);
   for (const wchar_t* none : {L"", L"only", L"c.dwg", L"T:\\sub\\a.dwg"})
-    EXPECT_EQ(system->mvsiedFindFile(none, found), RTERROR) << testing::PrintToString(none);
-  EXPECT_TRUE(mvutIsExistFile("T:\\b.dwg"));
-  EXPECT_FALSE(mvutIsExistFile("T:\\only"));
-  EXPECT_TRUE(isDir("T:\\only"));
-  EXPECT_FALSE(isDir("T:\\b.dwg"));
+    EXPECT_EQ(system->mvsiedFindFile(none, found), RTERROR) << none;
+  EXPECT_TRUE(mvutIsExistFile("T:\\b.dwg") && !mvutIsExistFile("T:\\only"));
+  EXPECT_TRUE(isDir("T:\\only") && !isDir("T:\\b.dwg"));
 }
 
 TEST(FileExtension, IsThatOfTheLastPart) {
@@ -355,9 +317,8 @@ TEST(FaultyHost, FailsTheCallThatWasNamed) {
   morvane::FaultyHost host;
   short value = 0;
   host.failCall(2);
-  EXPECT_EQ(mvsi::getVar(L"EXTNAMES", value), RTNORM);
-  EXPECT_EQ(mvsi::getVar(L"EXTNAMES", value), RTERROR);
-  EXPECT_EQ(mvsi::getVar(L"EXTNAMES", value), RTNORM);
+  for (const int code : {RTNORM, RTERROR, RTNORM})
+    EXPECT_EQ(mvsi::getVar(L"EXTNAMES", value), code);
   EXPECT_FALSE(host.allPassed());
   host.failOperation("mvsiedPrompt");
   EXPECT_EQ(mvsi::getVar(L"EXTNAMES", value), RTNORM);

@@ -1,8 +1,10 @@
 // The road of an answer: from a source through keywords, flags and coordinates to the service's caller.
 #include "morvane/testing.h"
+#include "tests/support/print.h"
 
 #include <gtest/gtest.h>
 #include <sstream>
+#include <tuple>
 
 namespace {
 
@@ -32,40 +34,39 @@ Asked askText(int allowSpaces) {
   return {code, buffer};
 }
 
+// The answer, or 7,7,7 where none is written.
+OdGePoint3d askPoint(int code = RTNORM) {
+  double point[3] = {7, 7, 7};
+  EXPECT_EQ(service()->mvsiedGetPoint(nullptr, L"\nPoint: ", point), code);
+  return {point[0], point[1], point[2]};
+}
+
 TEST(Keywords, MatchByCapitalsAndAnswerGlobalNames) {
+  const wchar_t* const none = nullptr; // no match, so free text
   const struct {
     const wchar_t* list;
-    const wchar_t* typed;
-    const wchar_t* global; // null: no match, so free text
+    std::vector<std::pair<const wchar_t*, const wchar_t*>> answers; // what is typed, the global name
   } cases[] = {
-      {L"Yes No _ Yes No", L"y", L"Yes"},
-      {L"Yes No _ Yes No", L"YE", L"Yes"},
-      {L"Yes No _Yes No", L"no", L"No"},
-      {L"Yes No", L"yess", nullptr},
-      {L"Yes No", L"o", nullptr},
-      {L"Yes No", L"", nullptr},
-      {L"Ja Nein _ Yes No", L"j", L"Yes"},
-      {L"Ja Nein _ Yes No", L"_n", L"No"},
-      {L"Ja Nein _ Yes No", L"yes", nullptr},
-      {L"Ja Nein _ Yes", L"nein", L"Nein"},
-      {L"LType LAyer", L"l", nullptr},
-      {L"LType LAyer", L"la", L"LAyer"},
-      {L"eXit", L"x", L"eXit"},
-      {L"eXit", L"ex", L"eXit"},
-      {L"eXit", L"e", nullptr},
-      {L"ALL", L"al", nullptr},
-      {L"2P 3P", L"3p", L"3P"},
-      {L"LTYPE,LT", L"lt", L"LTYPE"},
-      {L"On OnAll", L"on", L"On"},
-      {L"是(Y) 否(N) _ Yes No", L"n", L"No"},
-      {L"是(Y) 否(N) _ Yes No", L"是(y)", L"Yes"},
-      {L"", L"x", nullptr},
-      {L"_", L"_", nullptr},
+      {L"Yes No _ Yes No", {{L"y", L"Yes"}, {L"YE", L"Yes"}}},
+      {L"Yes No _Yes No", {{L"no", L"No"}}},
+      {L"Yes No", {{L"yess", none}, {L"o", none}, {L"", none}}},
+      {L"Ja Nein _ Yes No", {{L"j", L"Yes"}, {L"_n", L"No"}, {L"yes", none}}},
+      {L"Ja Nein _ Yes", {{L"nein", L"Nein"}}},
+      {L"LType LAyer", {{L"l", none}, {L"la", L"LAyer"}}},
+      {L"eXit", {{L"x", L"eXit"}, {L"ex", L"eXit"}, {L"e", none}}},
+      {L"ALL", {{L"al", none}}},
+      {L"2P 3P", {{L"3p", L"3P"}}},
+      {L"LTYPE,LT", {{L"lt", L"LTYPE"}}},
+      {L"On OnAll", {{L"on", L"On"}}},
+      {L"是(Y) 否(N) _ Yes No", {{L"n", L"No"}, {L"是(y)", L"Yes"}}},
+      {L"", {{L"x", none}}},
+      {L"_", {{L"_", none}}},
   };
-  for (const auto& one : cases) {
-    ScriptedHost host({one.typed});
-    EXPECT_EQ(askKeyword(128, one.list).text, one.global == nullptr ? one.typed : one.global)
-        << testing::PrintToString(one.list) << ' ' << testing::PrintToString(one.typed);
+  for (const auto& [list, answers] : cases) {
+    for (const auto& [typed, global] : answers) {
+      ScriptedHost host({typed});
+      EXPECT_EQ(askKeyword(128, list).text, global == none ? typed : global) << list << ' ' << typed;
+    }
   }
 }
 
@@ -81,9 +82,7 @@ TEST(Input, KeywordsAreArmedForOneInputOnly) {
 TEST(Input, EmptyAnswersFollowTheFlag) {
   ScriptedHost host({L"", L"", L"", L"n"});
   EXPECT_EQ(askKeyword(0, L"Yes No").code, RTNONE);
-  const Asked asked = askKeyword(1, L"Yes No");
-  EXPECT_EQ(asked.code, RTNORM);
-  EXPECT_EQ(asked.text, L"No");
+  EXPECT_EQ(askKeyword(1, L"Yes No").text, L"No");
   EXPECT_EQ(askText(1).code, RTCAN);
 }
 
@@ -93,9 +92,7 @@ TEST(Input, EndAndEscapeAreCancelsAndNeverLoops) {
   EXPECT_FALSE(host.host().input().endedInPrompt());
   EXPECT_EQ(askKeyword(1, L"Yes No").code, RTCAN); // "x" is refused, then nothing is left
   EXPECT_TRUE(host.host().input().endedInPrompt());
-  double point[3] = {7, 7, 7};
-  EXPECT_EQ(service()->mvsiedGetPoint(nullptr, L"?", point), RTCAN);
-  EXPECT_EQ(point[0], 7);
+  EXPECT_EQ(askPoint(RTCAN).x, 7);
   EXPECT_EQ(askText(0).code, RTCAN);
 }
 
@@ -116,13 +113,22 @@ TEST(Input, BlanksEndAnswersInScriptsUnlessTheyAreAllowed) {
   EXPECT_EQ(askText(0).text, L"one");
   EXPECT_EQ(askText(0).text, L"two");
   EXPECT_EQ(askText(1).text, L"all of this");
-  double point[3] = {};
-  EXPECT_EQ(service()->mvsiedGetPoint(nullptr, L"?", point), RTNORM);
-  EXPECT_EQ(point[1], 2);
+  EXPECT_EQ(askPoint().y, 2);
   EXPECT_EQ(askKeyword(0, L"Yes No").text, L"Yes");
   EXPECT_EQ(askText(0).code, RTNONE); // the blank before the end of the line was an Enter
   EXPECT_EQ(askText(0).text, L"last");
   EXPECT_EQ(askText(0).code, RTCAN);
+}
+
+TEST(Input, QuotesHoldNamesWithBlanksTogether) {
+  ScriptedHost host;
+  host.answerFromScript("\"a b\" c\n\"a b\"c \"open end\n\"\"\n");
+  OdString name;
+  for (const wchar_t* expected : {L"a b", L"c", L"\"a", L"b\"c", L"\"open", L"end"}) {
+    EXPECT_EQ(host.host().input().getName(L"?", name), RTNORM);
+    EXPECT_EQ(name, expected);
+  }
+  EXPECT_EQ(host.host().input().getName(L"?", name), RTNONE);
 }
 
 TEST(Input, PipedScriptsHoldCommentsAndARestCanBeDropped) {
@@ -141,10 +147,7 @@ TEST(Input, TypedLinesEndOnlyAtEnterWhereSpacesCount) {
   EXPECT_EQ(askText(1).text, L"two words");
   EXPECT_EQ(askText(0).text, L"two");
   EXPECT_EQ(askText(0).text, L"words");
-  double point[3] = {};
-  EXPECT_EQ(service()->mvsiedGetPoint(nullptr, L"?", point), RTNORM);
-  EXPECT_EQ(point[0], 18);
-  EXPECT_EQ(point[1], 2.5);
+  EXPECT_EQ(askPoint(), OdGePoint3d(18, 2.5, 0));
 }
 
 TEST(Input, GoesOnWithTheSourceBelowWhenAScriptEnds) {
@@ -158,9 +161,7 @@ TEST(Input, GoesOnWithTheSourceBelowWhenAScriptEnds) {
   // A script that ends inside a prompt leaves the rules of its lines behind.
   host.answerWith({L"1, 2"});
   host.host().input().pushSource(std::make_shared<morvane::ScriptSource>(""));
-  double point[3] = {};
-  EXPECT_EQ(service()->mvsiedGetPoint(nullptr, L"?", point), RTNORM);
-  EXPECT_EQ(point[1], 2);
+  EXPECT_EQ(askPoint().y, 2);
   EXPECT_EQ(morvane::ScriptSource::fromFile("."), nullptr);
   EXPECT_EQ(morvane::ScriptSource::fromFile("./no such file"), nullptr);
 }
@@ -169,13 +170,11 @@ TEST(Input, GoesOnWithTheSourceBelowWhenAScriptEnds) {
 class TurnedFrame : public morvane::CoordinateFrame {
 public:
   bool ucsToWcs(const double* in, double* out) const override {
-    const double point[3] = {10 - in[1], in[0], in[2]};
-    std::copy(point, point + 3, out);
+    std::tie(out[0], out[1], out[2]) = std::make_tuple(10 - in[1], in[0], in[2]);
     return true;
   }
   bool wcsToUcs(const double* in, double* out) const override {
-    const double point[3] = {in[1], 10 - in[0], in[2]};
-    std::copy(point, point + 3, out);
+    std::tie(out[0], out[1], out[2]) = std::make_tuple(in[1], 10 - in[0], in[2]);
     return true;
   }
 };
@@ -183,69 +182,50 @@ public:
 TEST(Points, AreReadInTheUcs) {
   const struct {
     const wchar_t* typed;
-    double x, y, z;
+    OdGePoint3d point;
   } cases[] = {
-      {L"1,2", 1, 2, 0},
-      {L"1,2,3", 1, 2, 3},
-      {L"@4,5", 5, 7, 3},
-      {L"@", 5, 7, 3},
-      {L"@1,1,1", 6, 8, 4},
-      {L"*10,0", 0, 0, 0},
-      {L"*10,5,2", 5, 0, 2},
-      {L"@*1,0", 5, -1, 2},
-      {L"2<90", 0, 2, 0},
-      {L"@2<180", -2, 2, 0},
-      {L"@0<0,6", -2, 2, 6},
-      {L"*10<0", 0, 0, 0},
-      {L"1'-1/2\",1e1", 12.5, 10, 0},
-      {L" 3 , 4 ", 3, 4, 0},
+      {L"1,2", {1, 2, 0}},     {L"1,2,3", {1, 2, 3}},
+      {L"@4,5", {5, 7, 3}},    {L"@", {5, 7, 3}},
+      {L"@1,1,1", {6, 8, 4}},  {L"*10,0", {0, 0, 0}},
+      {L"*10,5,2", {5, 0, 2}}, {L"@*1,0", {5, -1, 2}},
+      {L"2<90", {0, 2, 0}},    {L"@2<180", {-2, 2, 0}},
+      {L"@0<0,6", {-2, 2, 6}}, {L"*10<0", {0, 0, 0}},
+      {L" 3 , 4 ", {3, 4, 0}}, {L"1'-1/2\",1e1", {12.5, 10, 0}},
   };
   const TurnedFrame frame;
   ScriptedHost host;
   host.host().input().setFrame(&frame);
   for (const auto& one : cases) { // each starts from where the one before ended
     host.answerWith({one.typed});
-    double point[3] = {};
-    ASSERT_EQ(service()->mvsiedGetPoint(nullptr, L"?", point), RTNORM) << testing::PrintToString(one.typed);
-    EXPECT_NEAR(point[0], one.x, 1e-9) << testing::PrintToString(one.typed);
-    EXPECT_NEAR(point[1], one.y, 1e-9) << testing::PrintToString(one.typed);
-    EXPECT_NEAR(point[2], one.z, 1e-9) << testing::PrintToString(one.typed);
+    EXPECT_LE(askPoint().distanceTo(one.point), 1e-9) << one.typed;
   }
 }
 
 TEST(Points, RefuseOtherTextAndAskAgain) {
   ScriptedHost host({L"1", L"1,2,3,4", L",", L"1,inf", L"a<5", L"1<", L"@@1,2", L"1e308<0,1e999", L"5,6"});
-  double point[3] = {};
-  EXPECT_EQ(service()->mvsiedGetPoint(nullptr, L"\nPoint: ", point), RTNORM);
-  EXPECT_EQ(point[0], 5);
+  EXPECT_EQ(askPoint().x, 5);
   EXPECT_EQ(host.takeOutput().str().substr(0, 28), L"\nPoint: \nThat is not a point");
 }
 
 TEST(Points, KeywordsAndFreeTextComeThrough) {
   ScriptedHost host({L"u", L"word", L"1,1"});
-  double point[3] = {};
-  wchar_t text[16] = {};
-  const auto input = service();
-  input->mvsiedInitGet(0, L"Undo");
-  EXPECT_EQ(input->mvsiedGetPoint(nullptr, L"?", point), RTKWORD);
-  EXPECT_EQ(mvsi::mvsiedGetInput(text, 16), RTNORM);
-  EXPECT_STREQ(text, L"Undo");
-  input->mvsiedInitGet(128, L"Undo");
-  EXPECT_EQ(input->mvsiedGetPoint(nullptr, L"?", point), RTKWORD);
-  EXPECT_EQ(mvsi::mvsiedGetInput(text, 3), RTNORM);
-  EXPECT_STREQ(text, L"wo");
-  EXPECT_EQ(input->mvsiedGetPoint(nullptr, L"?", point), RTNORM);
+  const std::tuple<int, int, const wchar_t*> words[] = {{0, 16, L"Undo"}, {128, 3, L"wo"}}; // flags, room, what is left
+  for (const auto& [flags, capacity, word] : words) {
+    wchar_t text[16] = {};
+    service()->mvsiedInitGet(flags, L"Undo");
+    askPoint(RTKWORD);
+    EXPECT_EQ(mvsi::mvsiedGetInput(text, capacity), RTNORM);
+    EXPECT_STREQ(text, word);
+  }
+  askPoint();
 }
 
 TEST(Points, OutsideTheLimitsNeedTheUncheckedFlag) {
   ScriptedHost host({L"50,0", L"5,0", L"50,0"});
   host.host().input().setLimits([](const double* point) { return point[0] < 10; });
-  double point[3] = {};
-  EXPECT_EQ(service()->mvsiedGetPoint(nullptr, L"?", point), RTNORM);
-  EXPECT_EQ(point[0], 5);
+  EXPECT_EQ(askPoint().x, 5);
   service()->mvsiedInitGet(8, nullptr);
-  EXPECT_EQ(service()->mvsiedGetPoint(nullptr, L"?", point), RTNORM);
-  EXPECT_EQ(point[0], 50);
+  EXPECT_EQ(askPoint().x, 50);
 }
 
 } // namespace

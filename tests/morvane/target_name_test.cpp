@@ -1,21 +1,15 @@
 // Names of files to write: what the host makes of the typed one, and why it refuses some.
-#include "morvane/testing.h"
-#include "tests/support/scratch_folder.h"
-
-#include <filesystem>
-#include <gtest/gtest.h>
+#include "tests/support/open_document.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-TEST(TargetName, IsCompletedOrRefusedWithTheReason) {
-  const tests::ScratchFolder folder;
-  const fs::path& root = folder.path();
-  fs::create_directories(root / "out/deep");
-  morvane::FaultyHost host;
-  host.host().paths().setDrive(L'P', root.string());
-  const OdString here = host.host().paths().toDrawing(fs::current_path().string());
+class TargetName : public tests::HostAndFolder {};
+
+TEST_F(TargetName, IsCompletedOrRefusedWithTheReason) {
+  fs::create_directories(root_ / "out/deep");
+  const OdString here = host_.host().paths().toDrawing(fs::current_path().string());
   const wchar_t kName[] = L"P:\\out\\b";
   const struct {
     const wchar_t *name, *path, *folder;
@@ -50,11 +44,11 @@ TEST(TargetName, IsCompletedOrRefusedWithTheReason) {
     EXPECT_TRUE(row.answer < 2 || message.find(row.result) > 0) << message.toUtf8();
   }
   for (const wchar_t* drawing : {L"P:\\out\\plan.dxf", L"P:/out/plan.dxf"}) {
-    host.host().documents().open(OdDbDatabase::create(), drawing);
+    host_.host().documents().open(OdDbDatabase::create(), drawing);
     OdString name = L"b", path, message;
     EXPECT_EQ(qzutads::MvEdCheckFileName2(name, path, {}, L"", message), 0);
     EXPECT_EQ(path, kName);
-    host.failOperation("MvEdCheckFileName2");
+    host_.failOperation("MvEdCheckFileName2");
     EXPECT_EQ(qzutads::MvEdCheckFileName2(name, path, {}, L"", message), RTERROR);
   }
 }

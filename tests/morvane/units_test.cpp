@@ -13,71 +13,43 @@ using morvane::LinearUnits;
 using morvane::parseDistance;
 
 TEST(DistanceText, ReadsEveryForm) {
-  const struct {
-    const wchar_t* text;
-    double value;
-  } cases[] = {
-      {L"12.5", 12.5},
-      {L"-3", -3},
-      {L"+4", 4},
-      {L".5", 0.5},
-      {L"5.", 5},
-      {L"  7 ", 7},
-      {L"1.55E+01", 15.5},
-      {L"2e3", 2000},
-      {L"1'-2.5\"", 14.5},
-      {L"1'2.5\"", 14.5},
-      {L"1'-2 1/2\"", 14.5},
-      {L"1'-2-1/2\"", 14.5},
-      {L"1'2 1/2", 14.5},
-      {L"3'", 36},
-      {L"1.5'", 18},
-      {L"-1'-6\"", -18},
-      {L"14 1/2", 14.5},
-      {L"14-1/2", 14.5},
-      {L"1/2", 0.5},
-      {L"-3/4\"", -0.75},
-      {L"1' 1/2\"", 12.5},
-      {L"0", 0},
+  const std::pair<const wchar_t*, double> cases[] = {
+      {L"12.5", 12.5},       {L"-3", -3},           {L"+4", 4},         {L".5", 0.5},        {L"5.", 5},
+      {L"  7 ", 7},          {L"1.55E+01", 15.5},   {L"2e3", 2000},     {L"1'-2.5\"", 14.5}, {L"1'2.5\"", 14.5},
+      {L"1'-2 1/2\"", 14.5}, {L"1'-2-1/2\"", 14.5}, {L"1'2 1/2", 14.5}, {L"3'", 36},         {L"1.5'", 18},
+      {L"-1'-6\"", -18},     {L"14 1/2", 14.5},     {L"14-1/2", 14.5},  {L"1/2", 0.5},       {L"-3/4\"", -0.75},
+      {L"1' 1/2\"", 12.5},   {L"0", 0.0},
   };
-  for (const auto& one : cases) {
-    const auto value = parseDistance(one.text);
-    ASSERT_TRUE(value.has_value()) << testing::PrintToString(one.text);
-    EXPECT_DOUBLE_EQ(*value, one.value) << testing::PrintToString(one.text);
+  for (const auto& [text, wanted] : cases) {
+    const auto value = parseDistance(text);
+    ASSERT_TRUE(value.has_value()) << text;
+    EXPECT_DOUBLE_EQ(*value, wanted) << text;
   }
 }
 
 TEST(DistanceText, RefusesWhatIsNoFiniteNumber) {
-  const wchar_t* const cases[] = {L"",    L" ",    L"inf",  L"nan",  L"-inf", L"1e999",  L"-1e999",  L"1e-999",
-                                  L"abc", L"1x",   L"--1",  L"1/0",  L"1/",   L"/2",     L"1.5 1/2", L"1 2.5/3",
-                                  L"1'x", L"1'2'", L"1\"2", L"0x10", L"1,5",  L"1e308'", L"１"};
-  for (const wchar_t* text : cases)
-    EXPECT_FALSE(parseDistance(text).has_value()) << testing::PrintToString(text);
+  for (const wchar_t* text : {L"",    L" ",    L"inf",  L"nan",  L"-inf", L"1e999",  L"-1e999",  L"1e-999",
+                              L"abc", L"1x",   L"--1",  L"1/0",  L"1/",   L"/2",     L"1.5 1/2", L"1 2.5/3",
+                              L"1'x", L"1'2'", L"1\"2", L"0x10", L"1,5",  L"1e308'", L"１"})
+    EXPECT_FALSE(parseDistance(text).has_value()) << text;
 }
 
 TEST(DistanceText, IsWrittenInEveryForm) {
+  using enum LinearUnits;
   const struct {
     double value;
     LinearUnits form;
     int precision;
     const wchar_t* text;
   } cases[] = {
-      {15.5, LinearUnits::kScientific, 4, L"1.5500E+01"},
-      {15.5, LinearUnits::kDecimal, 4, L"15.5000"},
-      {15.5, LinearUnits::kDecimal, 0, L"16"},
-      {-0.00001, LinearUnits::kDecimal, 4, L"0.0000"},
-      {14.5, LinearUnits::kEngineering, 2, L"1'-2.50\""},
-      {11.9999, LinearUnits::kEngineering, 2, L"1'"},
-      {0, LinearUnits::kEngineering, 1, L"0.0\""},
-      {14.5, LinearUnits::kArchitectural, 4, L"1'-2 1/2\""},
-      {-14.5, LinearUnits::kArchitectural, 4, L"-1'-2 1/2\""},
-      {23.999, LinearUnits::kArchitectural, 3, L"2'"},
-      {0.26, LinearUnits::kArchitectural, 2, L"1/4\""},
-      {12.5, LinearUnits::kArchitectural, 1, L"1'-1/2\""},
-      {0, LinearUnits::kArchitectural, 4, L"0\""},
-      {1.5, LinearUnits::kFractional, 4, L"1 1/2"},
-      {0.99, LinearUnits::kFractional, 2, L"1"},
-      {-0.001, LinearUnits::kFractional, 2, L"0"},
+      {15.5, kScientific, 4, L"1.5500E+01"},  {15.5, kDecimal, 4, L"15.5000"},
+      {-0.00001, kDecimal, 4, L"0.0000"},     {15.5, kDecimal, 0, L"16"},
+      {0, kEngineering, 1, L"0.0\""},         {14.5, kEngineering, 2, L"1'-2.50\""},
+      {11.9999, kEngineering, 2, L"1'"},      {14.5, kArchitectural, 4, L"1'-2 1/2\""},
+      {0, kArchitectural, 4, L"0\""},         {-14.5, kArchitectural, 4, L"-1'-2 1/2\""},
+      {23.999, kArchitectural, 3, L"2'"},     {0.26, kArchitectural, 2, L"1/4\""},
+      {12.5, kArchitectural, 1, L"1'-1/2\""}, {1.5, kFractional, 4, L"1 1/2"},
+      {0.99, kFractional, 2, L"1"},           {-0.001, kFractional, 2, L"0"},
   };
   for (const auto& one : cases)
     EXPECT_EQ(formatReal(one.value, one.form, one.precision), one.text) << one.value;
@@ -95,8 +67,8 @@ TEST(DistanceText, NeverOutgrowsTheBuffersOfCallers) {
     }
   }
   EXPECT_FALSE(formatReal(std::numeric_limits<double>::infinity(), LinearUnits::kDecimal, 2).has_value());
-  EXPECT_FALSE(formatReal(1, LinearUnits::kDecimal, 9).has_value());
-  EXPECT_FALSE(formatReal(1, LinearUnits::kDecimal, -2).has_value());
+  for (const int precision : {9, -2})
+    EXPECT_FALSE(formatReal(1, LinearUnits::kDecimal, precision).has_value());
   EXPECT_FALSE(formatReal(1, static_cast<LinearUnits>(6), 2).has_value());
 }
 
@@ -118,28 +90,15 @@ TEST(AngleText, ReadsDegreesGradsAndRadians) {
 }
 
 TEST(UnitsFactor, GivesMillimetresForEachCode) {
-  const std::pair<int, double> cases[] = {{0, 1},
-                                          {1, 25.4},
-                                          {2, 304.8},
-                                          {3, 1609344},
-                                          {4, 1},
-                                          {5, 10},
-                                          {6, 1000},
-                                          {7, 1e6},
-                                          {8, 2.54e-5},
-                                          {9, 0.0254},
-                                          {10, 914.4},
-                                          {13, 1e-3},
-                                          {14, 100},
-                                          {15, 1e4},
-                                          {16, 1e5},
-                                          {17, 1e12},
-                                          {21, 304.8006096012192},
-                                          {24, 1609347.218694437}};
+  const std::pair<int, double> cases[] = {
+      {0, 1},      {1, 25.4},  {2, 304.8}, {3, 1609344}, {4, 1},      {21, 304.8006096012192},
+      {5, 10},     {6, 1000},  {7, 1e6},   {8, 2.54e-5}, {9, 0.0254}, {24, 1609347.218694437},
+      {10, 914.4}, {13, 1e-3}, {14, 100},  {15, 1e4},    {16, 1e5},   {17, 1e12},
+  };
   for (const auto& [code, factor] : cases)
     EXPECT_NEAR(morvane::unitsFactor(code).value_or(0) / factor, 1.0, 1e-12) << code;
-  EXPECT_FALSE(morvane::unitsFactor(-1).has_value());
-  EXPECT_FALSE(morvane::unitsFactor(25).has_value());
+  for (const int none : {-1, 25})
+    EXPECT_FALSE(morvane::unitsFactor(none).has_value()) << none;
 }
 
 } // namespace

@@ -1,17 +1,9 @@
 // External references of opened documents: in which places their files are looked for, and that real files are known
 // by what they are, not by their paths.
 #include "morvane/host_api.h"
-#include "morvane/testing.h"
-#include "tests/support/scratch_folder.h"
+#include "tests/support/open_document.h"
 
-#include "DbBlockTable.h"
 #include "DbDxf.h"
-#include "tests/support/drawings.h"
-
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <stdlib.h>
 
 namespace {
 
@@ -20,18 +12,12 @@ using drawing::XrefStatus;
 using tests::forRead;
 using tests::forWrite;
 
-class ExternalReferences : public testing::Test {
+class ExternalReferences : public tests::HostAndFolder {
 protected:
-  const tests::ScratchFolder folder_;
-  const fs::path root_ = folder_.path();
-
   ExternalReferences() {
     host_.host().searchPath().setFolders({(root_ / "library").string()});
-    host_.host().paths().setDrive(L'P', root_.string());
-    put("site/plan.dxf");
-    put("site/details/door.dxf");
-    put("library/symbol.dxf");
-    put("elsewhere/far.dxf");
+    for (const char* path : {"site/plan.dxf", "site/details/door.dxf", "library/symbol.dxf", "elsewhere/far.dxf"})
+      put(path);
   }
 
   void put(const std::string& path, const OdString& refersTo = {}, int xedit = 1) {
@@ -47,17 +33,19 @@ protected:
     forWrite<OdDbBlockTableRecord>(block)->setXref(path);
     return block;
   }
-  // A document of the site folder with that reference; the path of what was loaded, below the root.
-  std::string loadedFor(const OdString& saved) {
-    const OdDbDatabasePtr database = OdDbDatabase::create();
-    database->facts().path = (root_ / "site/main.dxf").string();
-    const OdDbObjectId block = addXref(*database, saved);
-    host_.host().documents().open(database, L"P:\\site\\main.dxf");
-    const OdDbDatabase* external = forRead<OdDbBlockTableRecord>(block)->xrefDatabase();
+  // What a document of the site folder loads for that reference.
+  OdDbDatabase* loadedFor(const OdString& saved) {
+    opened_ = OdDbDatabase::create();
+    opened_->facts().path = (root_ / "site/main.dxf").string();
+    const OdDbObjectId block = addXref(*opened_, saved);
+    host_.host().documents().open(opened_, L"P:\\site\\main.dxf");
+    return forRead<OdDbBlockTableRecord>(block)->xrefDatabase();
+  }
+  std::string pathOf(const OdDbDatabase* external) { // below the root
     return external == nullptr ? "" : fs::path(external->facts().path).lexically_relative(root_).string();
   }
 
-  morvane::ScriptedHost host_;
+  OdDbDatabasePtr opened_;
 };
 
 TEST_F(ExternalReferences, AreLookedForFromTheFolderOfTheirDrawing) {
@@ -83,22 +71,17 @@ TEST_F(ExternalReferences, AreLookedForFromTheFolderOfTheirDrawing) {
       {L"", ""},
   };
   for (const auto& row : rows)
-    EXPECT_EQ(loadedFor(row.saved), row.file) << OdString(row.saved).toUtf8();
+    EXPECT_EQ(pathOf(loadedFor(row.saved)), row.file) << row.saved;
 }
 
 TEST_F(ExternalReferences, OfADrawingElsewhereStartAtItsOwnFolder) {
   put("elsewhere/door.dxf");
   put("elsewhere/nest.dxf", L"door.dxf");
   put("site/door.dxf");
-  const OdDbDatabasePtr database = OdDbDatabase::create();
-  database->facts().path = (root_ / "site/main.dxf").string();
-  const OdDbObjectId block = addXref(*database, L"..\\elsewhere\\nest.dxf");
-  host_.host().documents().open(database, L"P:\\site\\main.dxf");
-  OdDbDatabase* nest = forRead<OdDbBlockTableRecord>(block)->xrefDatabase();
+  OdDbDatabase* nest = loadedFor(L"..\\elsewhere\\nest.dxf");
   ASSERT_NE(nest, nullptr);
-  const OdDbDatabase* door = forRead<OdDbBlockTableRecord>(nest->symbol(OdDb::kBlockTable, L"xref"))->xrefDatabase();
-  ASSERT_NE(door, nullptr);
-  EXPECT_TRUE(door->facts().path.ends_with("elsewhere/door.dxf")) << door->facts().path;
+  const auto inner = forRead<OdDbBlockTableRecord>(nest->symbol(OdDb::kBlockTable, L"xref"));
+  EXPECT_EQ(pathOf(inner->xrefDatabase()), "elsewhere/door.dxf");
 }
 
 TEST_F(ExternalReferences, OneFileByTwoPathsIsOneDrawingAndACycleIsSeenThroughALink) {
@@ -106,7 +89,6 @@ TEST_F(ExternalReferences, OneFileByTwoPathsIsOneDrawingAndACycleIsSeenThroughAL
   put("site/main.dxf", L"again.dxf");
   fs::create_symlink(root_ / "site/main.dxf", root_ / "site/again.dxf");
   const OdDbDatabasePtr database = drawing::readDrawing((root_ / "site/main.dxf").string()).database;
-  std::vector<OdDbDatabase*> loaded;
   std::vector<OdDbObjectId> blocks;
   for (const wchar_t* path : {L"plan.dxf", L"..\\site\\plan.dxf", L"link.dxf"}) {
     const OdDbObjectId block = tests::addBlock(*database, path);
@@ -114,11 +96,10 @@ TEST_F(ExternalReferences, OneFileByTwoPathsIsOneDrawingAndACycleIsSeenThroughAL
     blocks.push_back(block);
   }
   const mvsi::MvsiApDocument* document = host_.host().documents().open(database, L"P:\\site\\main.dxf");
+  const OdDbDatabase* first = forRead<OdDbBlockTableRecord>(blocks[0])->xrefDatabase();
+  EXPECT_NE(first, nullptr);
   for (const OdDbObjectId& block : blocks)
-    loaded.push_back(forRead<OdDbBlockTableRecord>(block)->xrefDatabase());
-  EXPECT_NE(loaded[0], nullptr);
-  EXPECT_EQ(loaded[0], loaded[1]);
-  EXPECT_EQ(loaded[0], loaded[2]);
+    EXPECT_EQ(forRead<OdDbBlockTableRecord>(block)->xrefDatabase(), first);
   ASSERT_EQ(document->xrefReport().issues().size(), 1u);
   EXPECT_EQ(document->xrefReport().issues()[0].code, "xref.cycle");
 }
@@ -141,13 +122,10 @@ TEST_F(ExternalReferences, OfAnInsertedDrawingGoOnNamingTheirFiles) {
 
 TEST_F(ExternalReferences, HaveAHeaderOfTheirOwn) {
   put("site/closed.dxf", {}, 0);
-  const OdDbDatabasePtr database = OdDbDatabase::create();
-  database->facts().path = (root_ / "site/main.dxf").string();
-  const OdDbObjectId block = addXref(*database, L"closed.dxf");
-  host_.host().documents().open(database, L"P:\\site\\main.dxf");
-  ASSERT_NE(forRead<OdDbBlockTableRecord>(block)->xrefDatabase(), nullptr);
-  EXPECT_EQ(forRead<OdDbBlockTableRecord>(block)->xrefDatabase()->headerInt("XEDIT", 1), 0);
-  EXPECT_EQ(database->headerInt("XEDIT", 1), 1);
+  const OdDbDatabase* closed = loadedFor(L"closed.dxf");
+  ASSERT_NE(closed, nullptr);
+  EXPECT_EQ(closed->headerInt("XEDIT", 1), 0);
+  EXPECT_EQ(opened_->headerInt("XEDIT", 1), 1);
 }
 
 TEST_F(ExternalReferences, AreFoundByTheServicesOfTheHost) {

@@ -86,6 +86,7 @@ public:
 
 private:
   void load();
+  std::string keepDamaged();
   std::string file_;
   ReplaceFile replaceFile_;
   std::shared_ptr<JsonDocument> document_;

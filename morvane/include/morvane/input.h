@@ -102,6 +102,8 @@ public:
 
   int initGet(int flags, std::wstring_view keywords);
   int getString(bool allowSpaces, const OdString& prompt, OdString& result);
+  // A name or a path: all of a typed line; in a script up to a blank, or "in double quotes", which are not part of it.
+  int getName(const OdString& prompt, OdString& result);
   int getKeyword(const OdString& prompt, OdString& result);
   // A point in the current UCS; RTKWORD when an armed keyword (or, under flag 128, other text) came instead.
   int getPoint(const OdString& prompt, double* result);
@@ -121,9 +123,10 @@ private:
   struct Level;
   struct Armed;
   enum class Verdict { kText, kKeyword, kEmpty, kCancel };
-  enum class Extent { kLine, kToBlank, kToBlankInScripts }; // how much of a line answers
+  enum class Extent { kLine, kToBlank, kToBlankInScripts, kName }; // how much of a line answers
   using Accept = std::function<bool(const Armed&, const std::wstring&)>;
   Armed takeArmed();
+  int getText(Extent extent, const OdString& prompt, OdString& result);
   Verdict ask(const Armed& armed, const OdString& prompt, Extent extent, std::wstring& answer);
   int askValue(const OdString& prompt, const OdString& complaint, const Accept& accept);
   ReadStatus readRaw(const OdString& prompt, Extent extent, std::wstring& answer);

@@ -53,8 +53,7 @@ const Placing kPlacings[] = {
 class AttributeGeometry : public testing::Test {
 protected:
   OdDbAttributeDefinitionPtr define(int across, int up, double rotation, double oblique) {
-    const OdDbAttributeDefinitionPtr made = OdDbAttributeDefinition::createObject();
-    made->setDatabaseDefaults(database_);
+    const OdDbAttributeDefinitionPtr made = addTo<OdDbAttributeDefinition>(block_);
     made->setTag(L"TAG");
     made->setTextString(L"default");
     made->setHeight(2);
@@ -66,19 +65,20 @@ protected:
     made->setRotation(rotation);
     made->setOblique(oblique);
     made->setThickness(0.5);
-    forWrite<OdDbBlockTableRecord>(block_)->appendOdDbEntity(made);
+    made->setColorIndex(5);
+    made->setInvisible(true);
+    made->setVerifiable(true);
     return made;
   }
   OdDbObjectId place(const Placing& row, bool array) {
-    const OdDbBlockReferencePtr made = array ? OdDbBlockReferencePtr(OdDbMInsertBlock::createObject())
-                                             : OdDbBlockReferencePtr(OdDbBlockReference::createObject());
-    made->setDatabaseDefaults(database_);
+    const OdDbObjectId space = database_->getModelSpaceId();
+    const auto made = array ? OdDbBlockReferencePtr(addTo<OdDbMInsertBlock>(space)) : addTo<OdDbBlockReference>(space);
     made->setBlockTableRecord(block_);
     made->setNormal(row.normal);
     made->setPosition(row.position);
     made->setRotation(row.rotation);
     made->setScaleFactors(row.scale);
-    return forWrite<OdDbBlockTableRecord>(database_->getModelSpaceId())->appendOdDbEntity(made);
+    return made->objectId();
   }
   OdGeMatrix3d toWorld(const OdDbBlockReference& reference) const {
     return reference.blockTransform() *
@@ -115,6 +115,8 @@ TEST_F(AttributeGeometry, IsTheDefinitionsBoxTransformed) {
         const OdDbAttributePtr attribute = OdDbAttribute::createObject();
         attribute->setAttributeFromBlock(definition, matrix);
         expectSamePlaces(corners(*attribute), wanted);
+        EXPECT_EQ(attribute->tag() + attribute->textString(), L"TAGdefault");
+        EXPECT_TRUE(attribute->colorIndex() == 5 && attribute->isInvisible() && attribute->isVerifiable());
         EXPECT_GT(attribute->height(), 0);
         EXPECT_GT(attribute->widthFactor(), 0);
         reference->appendAttribute(attribute);

@@ -78,31 +78,4 @@ TEST(BlockReference, TakesATransformationApartAndRefusesShearAndFlatness) {
   EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*database)), "");
 }
 
-TEST(BlockReference, AttributesComeFromTheirDefinitionAndMoveWithTheBlock) {
-  const OdDbDatabasePtr database = OdDbDatabase::create();
-  const OdDbObjectId block = addBlock(*database, L"door");
-  const OdDbAttributeDefinitionPtr definition = OdDbAttributeDefinition::createObject();
-  definition->setDatabaseDefaults(database.get());
-  definition->setTag(L"WIDTH");
-  definition->setTextString(L"default");
-  definition->setHeight(2);
-  definition->setInvisible(true);
-  definition->setPosition({3, 4, 0});
-  definition->setColorIndex(5);
-  forWrite<OdDbBlockTableRecord>(block)->appendOdDbEntity(definition.get());
-  for (const Placing& row : kPlacings) {
-    const OdDbBlockReferencePtr reference = placed(*database, block, row);
-    const OdDbAttributePtr attribute = OdDbAttribute::createObject();
-    attribute->setAttributeFromBlock(definition, reference->blockTransform());
-    EXPECT_EQ(attribute->tag(), definition->tag()) << row.what;
-    EXPECT_EQ(attribute->textString(), definition->textString()) << row.what;
-    EXPECT_EQ(attribute->colorIndex(), 5) << row.what;
-    EXPECT_TRUE(attribute->isInvisible()) << row.what;
-    EXPECT_LT((attribute->position() - byHand(row, {3, 4, 0})).length(), 1e-9) << row.what;
-    EXPECT_NEAR(attribute->height(), 2 * std::fabs(row.scale.sy), 1e-9) << row.what;
-    reference->appendAttribute(attribute.get());
-  }
-  expectRoundTrip(*database);
-}
-
 } // namespace

@@ -12,34 +12,16 @@
 #include "DbSortentsTable.h"
 #include "DbSymbolRecords.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace tests;
 
 OdDbObjectId addLine(OdDbDatabase& database, const OdGePoint3d& from, const OdGePoint3d& to,
                      OdDbObjectId block = OdDbObjectId()) {
-  const OdDbLinePtr line = OdDbLine::createObject();
+  const OdDbLinePtr line = addTo<OdDbLine>(block.isNull() ? database.getModelSpaceId() : block);
   line->setStartPoint(from);
   line->setEndPoint(to);
-  line->setLayer(database.getLayerZeroId());
-  return forWrite<OdDbBlockTableRecord>(block.isNull() ? database.getModelSpaceId() : block)->appendOdDbEntity(line);
-}
-
-std::vector<OdString> namesOf(const OdDbDatabase& database, OdDb::SymbolTableKind kind) {
-  std::vector<OdString> names;
-  const auto table = forRead<OdDbSymbolTable>(database.getSymbolTableId(kind));
-  for (auto it = table->newIterator(); !it->done(); it->step())
-    names.push_back(it->getRecord()->getName());
-  return names;
-}
-
-OdDbObjectIdArray contentsOf(OdDbObjectId block) {
-  OdDbObjectIdArray ids;
-  for (auto it = forRead<OdDbBlockTableRecord>(block)->newIterator(); !it->done(); it->step())
-    ids.append(it->objectId());
-  return ids;
+  return line->objectId();
 }
 
 class DeepClone : public testing::Test {
@@ -65,12 +47,9 @@ TEST_F(DeepClone, BringsEverythingOwnedInOrderAndIsOneUndoStep) {
   const OdDbObjectId lamp = addBlock(*database_, L"lamp");
   OdDbIdMapping mapping;
   expectUndoRestores(*database_, [&] {
-    OdDbObjectIdArray ids;
-    ids.append(line);
-    ids.append(reference);
-    ASSERT_EQ(database_->deepCloneObjects(ids, lamp, mapping), eOk);
+    ASSERT_EQ(database_->deepCloneObjects({line, reference}, lamp, mapping), eOk);
   });
-  const OdDbObjectIdArray clones = contentsOf(lamp);
+  const OdDbObjectIdArray clones = entitiesOf(lamp);
   ASSERT_EQ(clones.size(), 2u);
   EXPECT_EQ(clones[0], mapping.valueOf(line));
   EXPECT_EQ(clones[1], mapping.valueOf(reference));
@@ -98,37 +77,30 @@ TEST_F(DeepClone, RefusesToCloseACycleAndChangesNothing) {
   const OdDbObjectId toA = addReference(*database_, a);
   const OdDbObjectId line = addLine(*database_, {0, 0, 0}, {1, 0, 0});
   const std::string before = drawing::canonicalDump(*database_);
-  OdDbObjectIdArray ids;
-  ids.append(line);
-  ids.append(toA);
   for (const OdDbObjectId& into : {a, b, c}) {
     OdDbIdMapping mapping;
-    EXPECT_EQ(database_->deepCloneObjects(ids, into, mapping), eSelfReference);
+    EXPECT_EQ(database_->deepCloneObjects({line, toA}, into, mapping), eSelfReference);
     EXPECT_EQ(mapping.size(), 0u);
   }
-  EXPECT_THROW(addReference(*database_, a, c), OdError);
+  for (const OdDbObjectId& into : {a, b, c})
+    EXPECT_THROW(addReference(*database_, a, into), OdError);
   EXPECT_EQ(drawing::canonicalDump(*database_), before);
 }
 
 TEST_F(DeepClone, GivesADimensionAPictureOfItsOwn) {
   const OdDbObjectId picture = addBlock(*database_, L"*D");
   addLine(*database_, {10, 0, 0}, {20, 0, 0}, picture);
-  const auto dimension = OdDbRotatedDimension::createObject();
+  const auto dimension = addTo<OdDbRotatedDimension>(database_->getModelSpaceId());
   dimension->setXLine1Point({10, 0, 0});
   dimension->setXLine2Point({20, 0, 0});
   dimension->setDimBlockId(picture);
-  dimension->setLayer(database_->getLayerZeroId());
-  const OdDbObjectId id =
-      forWrite<OdDbBlockTableRecord>(database_->getModelSpaceId())->appendOdDbEntity(dimension.get());
-  OdDbIdMapping mapping;
-  OdDbObjectIdArray ids;
-  ids.append(id);
-  ASSERT_EQ(database_->deepCloneObjects(ids, addBlock(*database_, L"x"), mapping), eOk);
+  const OdDbObjectId id = dimension->objectId();
+  const OdDbIdMapping mapping = cloned({id}, addBlock(*database_, L"x"));
   const auto clone = forWrite<OdDbRotatedDimension>(mapping.valueOf(id));
   ASSERT_NE(clone->dimBlockId(), picture);
   EXPECT_EQ(clone->transformBy(OdGeMatrix3d::translation(OdGeVector3d(0, 5, 0))), eOk);
-  EXPECT_EQ(forRead<OdDbLine>(contentsOf(clone->dimBlockId())[0])->startPoint(), OdGePoint3d(10, 5, 0));
-  EXPECT_EQ(forRead<OdDbLine>(contentsOf(picture)[0])->startPoint(), OdGePoint3d(10, 0, 0));
+  EXPECT_EQ(forRead<OdDbLine>(entitiesOf(clone->dimBlockId())[0])->startPoint(), OdGePoint3d(10, 5, 0));
+  EXPECT_EQ(forRead<OdDbLine>(entitiesOf(picture)[0])->startPoint(), OdGePoint3d(10, 0, 0));
   expectSound(*database_);
 }
 
@@ -144,14 +116,13 @@ TEST_F(DeepClone, KeepsTheDrawOrderOfAClonedDefinition) {
     const OdDbSortentsTablePtr table = OdDbSortentsTable::createObject();
     table->setBlockId(inner);
     dictionary->setAt(L"ACAD_SORTENTS", table);
-    OdDbObjectIdArray top;
-    top.append(first);
+    OdDbObjectIdArray top{first};
     forWrite<OdDbSortentsTable>(table->objectId())->moveToTop(top);
   }
-  OdDbObjectIdArray ids;
-  ids.append(addReference(*other, inner));
   OdDbIdMapping mapping;
-  ASSERT_EQ(other->wblockCloneObjects(ids, database_->getModelSpaceId(), mapping, OdDb::kDrcReplace), eOk);
+  ASSERT_EQ(other->wblockCloneObjects({addReference(*other, inner)}, database_->getModelSpaceId(), mapping,
+                                      OdDb::kDrcReplace),
+            eOk);
   const auto order = forRead<OdDbBlockTableRecord>(database_->symbol(OdDb::kBlockTable, L"inner"))->drawOrder();
   ASSERT_EQ(order.size(), 2u);
   EXPECT_EQ(forRead<OdDbLine>(order[1])->endPoint(), OdGePoint3d(1, 0, 0));
@@ -171,9 +142,7 @@ protected:
     forWrite<OdDbBlockReference>(reference_)->setLayer(wall_);
   }
   OdResult clone(OdDbObjectId into, OdDb::DuplicateRecordCloning mode) {
-    OdDbObjectIdArray ids;
-    ids.append(reference_);
-    return source_->wblockCloneObjects(ids, into, mapping_, mode);
+    return source_->wblockCloneObjects({reference_}, into, mapping_, mode);
   }
   OdDbDatabasePtr source_ = OdDbDatabase::create();
   OdDbDatabasePtr target_ = OdDbDatabase::create();
@@ -210,7 +179,7 @@ TEST_F(CloneBetween, ReplacesOrKeepsRecordsOfTheSameName) {
     ASSERT_EQ(clone(target_->getModelSpaceId(), expected.mode), eOk);
     EXPECT_EQ(target_->symbol(OdDb::kLayerTable, L"wall"), wall); // the id stays valid for whoever holds it
     EXPECT_EQ(forRead<OdDbLayerTableRecord>(wall)->color().index, expected.color);
-    EXPECT_EQ(contentsOf(hinge).size(), expected.lines);
+    EXPECT_EQ(entitiesOf(hinge).size(), expected.lines);
     expectSound(*target_);
     expectRoundTrip(*target_);
   }
@@ -219,7 +188,7 @@ TEST_F(CloneBetween, ReplacesOrKeepsRecordsOfTheSameName) {
 TEST_F(CloneBetween, NeverReplacesTheBlockThatIsFilled) {
   const OdDbObjectId door = addBlock(*target_, L"door");
   ASSERT_EQ(clone(door, OdDb::kDrcReplace), eOk);
-  const auto copy = forRead<OdDbBlockReference>(contentsOf(door)[0]);
+  const auto copy = forRead<OdDbBlockReference>(entitiesOf(door)[0]);
   EXPECT_EQ(forRead<OdDbBlockTableRecord>(copy->blockTableRecord())->getName(), L"door-2");
   expectSound(*target_);
   expectRoundTrip(*target_);
@@ -231,9 +200,9 @@ TEST_F(CloneBetween, ReplacesABlockThatHeldTheOneThatIsFilled) {
   const OdDbObjectId door = addBlock(*target_, L"door");
   addReference(*target_, lamp, door);
   ASSERT_EQ(clone(lamp, OdDb::kDrcReplace), eOk);
-  EXPECT_EQ(forRead<OdDbBlockReference>(contentsOf(lamp)[0])->blockTableRecord(), door);
-  ASSERT_EQ(contentsOf(door).size(), 1u);
-  EXPECT_EQ(forRead<OdDbBlockReference>(contentsOf(door)[0])->blockTableRecord(),
+  EXPECT_EQ(forRead<OdDbBlockReference>(entitiesOf(lamp)[0])->blockTableRecord(), door);
+  ASSERT_EQ(entitiesOf(door).size(), 1u);
+  EXPECT_EQ(forRead<OdDbBlockReference>(entitiesOf(door)[0])->blockTableRecord(),
             target_->symbol(OdDb::kBlockTable, L"hinge"));
   expectSound(*target_);
   expectRoundTrip(*target_);
@@ -253,17 +222,14 @@ TEST_F(CloneBetween, NeverReplacesASpace) {
   }
   for (const OdDb::DuplicateRecordCloning mode : {OdDb::kDrcReplace, OdDb::kDrcIgnore}) {
     OdDbIdMapping mapping;
-    OdDbObjectIdArray ids;
-    ids.append(pointing);
-    ids.append(drawing);
     const OdDbObjectId lamp = addBlock(*target_, mode == OdDb::kDrcReplace ? L"lamp" : L"lantern");
-    ASSERT_EQ(source_->wblockCloneObjects(ids, lamp, mapping, mode), eOk);
-    ASSERT_EQ(contentsOf(target_->getPaperSpaceId()).size(), 1u);
-    EXPECT_EQ(contentsOf(target_->getPaperSpaceId())[0], ours);
-    EXPECT_TRUE(contentsOf(target_->getModelSpaceId()).isEmpty());
+    ASSERT_EQ(source_->wblockCloneObjects({pointing, drawing}, lamp, mapping, mode), eOk);
+    ASSERT_EQ(entitiesOf(target_->getPaperSpaceId()).size(), 1u);
+    EXPECT_EQ(entitiesOf(target_->getPaperSpaceId())[0], ours);
+    EXPECT_TRUE(entitiesOf(target_->getModelSpaceId()).isEmpty());
     const auto copy = forRead<OdDbBlockReference>(mapping.valueOf(drawing));
     EXPECT_TRUE(forRead<OdDbBlockTableRecord>(copy->blockTableRecord())->isAnonymous());
-    EXPECT_EQ(contentsOf(copy->blockTableRecord()).size(), 1u);
+    EXPECT_EQ(entitiesOf(copy->blockTableRecord()).size(), 1u);
   }
   expectSound(*target_);
   expectRoundTrip(*target_);
@@ -274,19 +240,17 @@ TEST_F(CloneBetween, RenewsAnonymousNames) {
   const OdString name = forRead<OdDbBlockTableRecord>(theirs)->getName();
   const OdDbObjectId ours = addBlock(*target_, L"*U");
   ASSERT_EQ(forRead<OdDbBlockTableRecord>(ours)->getName(), name);
-  OdDbObjectIdArray ids;
-  ids.append(addReference(*source_, theirs));
-  ASSERT_EQ(source_->wblockCloneObjects(ids, target_->getModelSpaceId(), mapping_, OdDb::kDrcReplace), eOk);
+  ASSERT_EQ(source_->wblockCloneObjects({addReference(*source_, theirs)}, target_->getModelSpaceId(), mapping_,
+                                        OdDb::kDrcReplace),
+            eOk);
   EXPECT_NE(mapping_.valueOf(theirs), ours);
-  EXPECT_EQ(namesOf(*target_, OdDb::kBlockTable).back(), L"*U2");
+  EXPECT_EQ(recordNames(*target_, OdDb::kBlockTable).back(), L"*U2");
 }
 
 TEST_F(CloneBetween, AnswersWhyNothingWasCloned) {
-  OdDbObjectIdArray none, erased, foreign;
-  none.append(OdDbObjectId());
-  erased.append(addLine(*source_, {0, 0, 0}, {1, 0, 0}));
+  const OdDbObjectIdArray none{OdDbObjectId()}, erased{addLine(*source_, {0, 0, 0}, {1, 0, 0})},
+      foreign{addLine(*target_, {0, 0, 0}, {1, 0, 0})};
   erased[0].safeOpenObject(OdDb::kForWrite)->erase();
-  foreign.append(addLine(*target_, {0, 0, 0}, {1, 0, 0}));
   const OdDbObjectId space = target_->getModelSpaceId();
   const std::string before = drawing::canonicalDump(*target_);
   EXPECT_EQ(source_->wblockCloneObjects(none, space, mapping_, OdDb::kDrcReplace), eNullObjectId);
@@ -297,23 +261,6 @@ TEST_F(CloneBetween, AnswersWhyNothingWasCloned) {
   mapping_.setObjectLimit(3); // the reference needs its layer, two blocks and what is in them
   EXPECT_EQ(clone(space, OdDb::kDrcReplace), eBudgetExceeded);
   EXPECT_EQ(drawing::canonicalDump(*target_), before);
-}
-
-TEST_F(CloneBetween, InsertsADrawingAsABlock) {
-  source_->setINSBASE(OdGePoint3d(3, 4, 0));
-  forWrite<OdDbBlockReference>(reference_)->setPosition(OdGePoint3d(1, 1, 0));
-  const OdDbObjectId keptHinge = addBlock(*target_, L"hinge"); // the target's own stays as it is
-  const OdDbObjectId made = target_->insert(L"door", source_);
-  ASSERT_FALSE(made.isNull());
-  EXPECT_EQ(forRead<OdDbBlockTableRecord>(made)->origin(), OdGePoint3d(3, 4, 0));
-  EXPECT_EQ(target_->insertReport().count("clone.renamed"), 1u); // a door in the door
-  EXPECT_EQ(contentsOf(made).size(), 1u);
-  EXPECT_TRUE(contentsOf(keptHinge).isEmpty());
-  ASSERT_EQ(target_->insert(L"DOOR", source_), made); // refilled, not doubled
-  EXPECT_EQ(contentsOf(made).size(), 1u);
-  EXPECT_TRUE(source_->insert(L"self", source_).isNull());
-  expectSound(*target_);
-  expectRoundTrip(*target_);
 }
 
 } // namespace

@@ -15,11 +15,8 @@ struct Drawing {
     const OdDbObjectId layer = tests::addLayer(*database, layerName);
     block = tests::addBlock(*database, L"door");
     nested = tests::addBlock(*database, nestedName);
-    const OdSmartPtr<OdDbCircle> circle = OdDbCircle::createObject();
-    tests::forWrite<OdDbBlockTableRecord>(nested)->appendOdDbEntity(circle.get());
-    circle->setRadius(2);
-    const OdSmartPtr<OdDbLine> line = OdDbLine::createObject();
-    tests::forWrite<OdDbBlockTableRecord>(block)->appendOdDbEntity(line.get());
+    tests::addTo<OdDbCircle>(nested)->setRadius(2);
+    const OdDbLinePtr line = tests::addTo<OdDbLine>(block);
     line->setEndPoint({1, 0, 0});
     line->setLayer(layer);
     tests::addText(*database, L"words", block);
@@ -38,11 +35,7 @@ TEST(SameDefinition, GoesByWhatIsInIt) {
     bool same;
   } kCases[] = {
       {"nothing", [](Drawing&) {}, true},
-      {"a point",
-       [](Drawing& d) {
-         d.first<OdDbLine>(d.block)->setEndPoint({1, 0, 1e-9});
-       },
-       false},
+      {"a point", [](Drawing& d) { d.first<OdDbLine>(d.block)->setEndPoint(OdGePoint3d(1, 0, 1e-9)); }, false},
       {"a colour", [](Drawing& d) { d.first<OdDbLine>(d.block)->setColorIndex(3); }, false},
       {"a layer", [](Drawing& d) { d.first<OdDbLine>(d.block)->setLayer(L"0"); }, false},
       {"a nested radius", [](Drawing& d) { d.first<OdDbCircle>(d.nested)->setRadius(3); }, false},
@@ -50,10 +43,7 @@ TEST(SameDefinition, GoesByWhatIsInIt) {
       {"what is erased",
        [](Drawing& d) { tests::forWrite<OdDbText>(tests::addText(*d.database, L"x", d.block))->erase(); }, true},
       {"the base point",
-       [](Drawing& d) {
-         tests::forWrite<OdDbBlockTableRecord>(d.block)->setOrigin({1, 0, 0});
-       },
-       false},
+       [](Drawing& d) { tests::forWrite<OdDbBlockTableRecord>(d.block)->setOrigin(OdGePoint3d(1, 0, 0)); }, false},
       {"the layer's colour",
        [](Drawing& d) {
          tests::forWrite<OdDbLayerTableRecord>(d.database->symbol(OdDb::kLayerTable, L"walls"))->setColor({5, -1});

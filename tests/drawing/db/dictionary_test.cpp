@@ -83,10 +83,7 @@ TEST(Dictionary, LargeOnesFindWhatIsThereAfterEveryChange) {
   ASSERT_EQ(database->undo(), eOk);
   expectAll(*many);
   const OdDbDatabasePtr target = OdDbDatabase::create();
-  OdDbIdMapping mapping;
-  OdDbObjectIdArray whole;
-  whole.append(many->objectId());
-  ASSERT_EQ(database->wblockCloneObjects(whole, target->getNamedObjectsDictionaryId(), mapping, OdDb::kDrcIgnore), eOk);
+  const OdDbIdMapping mapping = cloned({many->objectId()}, target->getNamedObjectsDictionaryId());
   for (OdDbObjectId& id : ids)
     id = mapping.valueOf(id);
   expectAll(*forRead<OdDbDictionary>(mapping.valueOf(many->objectId())));

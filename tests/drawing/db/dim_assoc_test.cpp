@@ -40,7 +40,7 @@ TEST_F(DimAssoc, LivesInItsDimensionAndWatchesTheGeometry) {
   EXPECT_EQ(made->ownerId(), forRead<OdDbText>(dimension)->extensionDictionary());
   OdDbObjectIdArray geometry;
   made->getDimAssocGeomIds(geometry);
-  EXPECT_EQ(std::vector<OdDbObjectId>(geometry.begin(), geometry.end()), (std::vector<OdDbObjectId>{lineA, lineB}));
+  EXPECT_EQ(geometry, (OdDbObjectIdArray{lineA, lineB}));
   for (OdDbObjectId watched : {dimension, lineA, lineB})
     EXPECT_TRUE(watched.safeOpenObject()->hasPersistentReactor(id));
   expectRoundTrip(*database);
@@ -77,17 +77,11 @@ TEST_F(DimAssoc, AnOlderOneGivesWay) {
 TEST_F(DimAssoc, ClonedWithItsGeometryTiesTheClonesAndAloneTheOldGeometry) {
   OdDbObjectId id;
   ASSERT_EQ(make({lineA, lineB})->post(dimension, id), eOk);
-  OdDbObjectIdArray ids;
-  ids.append(dimension);
-  ids.append(lineA);
-  OdDbIdMapping mapping;
-  ASSERT_EQ(database->deepCloneObjects(ids, database->getModelSpaceId(), mapping), eOk);
+  const OdDbIdMapping mapping = cloned({dimension, lineA}, database->getModelSpaceId());
   const OdDbObjectId copy = OdDbDimAssoc::associationOf(mapping.valueOf(dimension));
   ASSERT_EQ(copy, mapping.valueOf(id));
   EXPECT_EQ(forRead<OdDbDimAssoc>(copy)->dimObjId(), mapping.valueOf(dimension));
-  const OdDbObjectIdArray geometry = forRead<OdDbDimAssoc>(copy)->getDimAssocGeomIds();
-  EXPECT_EQ(std::vector<OdDbObjectId>(geometry.begin(), geometry.end()),
-            (std::vector<OdDbObjectId>{mapping.valueOf(lineA), lineB}));
+  EXPECT_EQ(forRead<OdDbDimAssoc>(copy)->getDimAssocGeomIds(), (OdDbObjectIdArray{mapping.valueOf(lineA), lineB}));
   EXPECT_TRUE(mapping.valueOf(lineA).safeOpenObject()->hasPersistentReactor(copy));
   expectRoundTrip(*database);
 }

@@ -5,8 +5,6 @@
 #include "tests/support/dynamic_blocks.h"
 #include "tests/support/oracles.h"
 
-#include <gtest/gtest.h>
-
 namespace tests {
 namespace {
 
@@ -64,8 +62,7 @@ TEST_F(DynamicBlock, IsToldByTheBlockThatIsShown) {
 
 TEST_F(DynamicBlock, DefinitionOfAShapeGoesToAnotherDrawingWithIt) {
   addReference(*database_, shape_);
-  const OdDbDatabasePtr target = OdDbDatabase::create();
-  skewHandles(*target);
+  const OdDbDatabasePtr target = skewedDrawing();
   addBlock(*target, L"*U"); // takes the shape's number
   const OdDbObjectId made = target->insert(L"house", database_.get());
   ASSERT_FALSE(made.isNull());

@@ -19,8 +19,7 @@ OdDbFieldPtr field(const OdString& code) {
 }
 
 TEST(Field, BelongsToItsObjectAndStandsInTheList) {
-  const OdDbDatabasePtr database = OdDbDatabase::create();
-  skewHandles(*database);
+  const OdDbDatabasePtr database = skewedDrawing();
   const OdDbObjectId text = addText(*database, L"#");
   OdDbObjectId id, child;
   expectUndoRestores(*database, [&] {
@@ -56,16 +55,13 @@ TEST(Field, TakenAwayGoesWithItsChildrenAndReplacedOnesAreErased) {
 }
 
 TEST(Field, OfAClonedObjectIsANewOneThatIsListedToo) {
-  const OdDbDatabasePtr database = OdDbDatabase::create();
-  skewHandles(*database);
+  const OdDbDatabasePtr database = skewedDrawing();
   const OdDbObjectId text = addText(*database, L"#");
   const OdDbObjectId id = OdDbField::setField(*forWrite<OdDbText>(text), field(L"%<\\_FldIdx 0>%").get());
   const OdDbObjectId child = forWrite<OdDbField>(id)->appendChild(field(L"\\AcVar Date").get());
   OdDbIdMapping mapping;
-  OdDbObjectIdArray ids;
-  ids.append(text);
   expectUndoRestores(*database,
-                     [&] { ASSERT_EQ(database->deepCloneObjects(ids, database->getModelSpaceId(), mapping), eOk); });
+                     [&] { ASSERT_EQ(database->deepCloneObjects({text}, database->getModelSpaceId(), mapping), eOk); });
   const OdDbObjectId copy = OdDbField::getField(*forRead<OdDbText>(mapping.valueOf(text)));
   ASSERT_EQ(copy, mapping.valueOf(id));
   EXPECT_EQ(forRead<OdDbField>(copy)->children(), (std::vector<OdDbObjectId>{mapping.valueOf(child)}));
@@ -106,10 +102,8 @@ TEST(FieldEvaluation, ComputesWhatNeedsNoProgramAndKeepsTheRest) {
   database->setHeaderReal("LTSCALE", 40, 1234.5);
   database->setHeaderInt("LUPREC", 70, 2);
   database->setHeaderReal("TDCREATE", 40, 2460311.0 + (15 * 3600 + 4 * 60 + 9) / 86400.0); // 1 January 2024
-  const OdSmartPtr<OdDbCircle> circle = OdDbCircle::createObject();
-  circle->setDatabaseDefaults(database);
+  const auto circle = addTo<OdDbCircle>(database->getModelSpaceId());
   circle->setRadius(2);
-  forWrite<OdDbBlockTableRecord>(database->getModelSpaceId())->appendOdDbEntity(circle.get());
   const struct {
     const wchar_t* code;
     OdResult result;

@@ -83,6 +83,7 @@ TEST(Insert, SettlesNamesThatBothDrawingsHave) {
       {"nothing in common", "lamp: T", "hinge: S; file: x #hinge", "door: x #hinge; hinge: S; lamp: T", 0},
       {"same name, same content", "hinge: h", "hinge: h; file: #hinge", "door: #hinge; hinge: h", 0},
       {"same name, other content", "hinge: T", "hinge: S; file: #hinge", "door: #hinge; hinge: T", 0},
+      {"same name, no content", "hinge:", "hinge: S; file: #hinge", "door: #hinge; hinge:", 0},
       {"other letter case", "HINGE: T", "Hinge: S; file: #Hinge", "HINGE: T; door: #HINGE", 0},
       {"anonymous", "*U1: T", "*U1: S; file: #*U1", "*U1: T; *U2: S; door: #*U2", 0},
       {"nobody shows it", "", "hinge: S; file: x", "door: x", 0},
@@ -154,7 +155,8 @@ TEST(Insert, RefusesWhatIsNoOrdinaryBlock) {
   for (const wchar_t* name : {L"", L"*Model_Space", L"*PAPER_SPACE", L"*Paper_Space7", L"site", L"Site|Tree"})
     EXPECT_TRUE(target->insert(name, source.get(), true).isNull()) << OdString(name).toUtf8();
   EXPECT_TRUE(target->insert(L"door", nullptr, true).isNull());
-  EXPECT_TRUE(target->insert(L"door", target.get(), true).isNull());
+  for (const bool preserve : {true, false})
+    EXPECT_TRUE(target->insert(L"door", target.get(), preserve).isNull());
   EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*target)), "");
 }
 
@@ -206,8 +208,7 @@ TEST(BlockReferences, AreThoseThatLiveNowWhateverRoadTheyCame) {
   step([&] { forWrite<OdDbBlockReference>(first)->setBlockTableRecord(room); }, {inRoom});
   step([&] { forWrite<OdDbBlockReference>(first)->setBlockTableRecord(door); }, {inRoom, first});
   step([&] { forWrite<OdDbBlockTableRecord>(room)->erase(); }, {first});
-  OdDbIdMapping mapping;
-  database->deepCloneObjects({first}, database->getPaperSpaceId(), mapping);
+  const OdDbIdMapping mapping = cloned({first}, database->getPaperSpaceId());
   EXPECT_EQ(referring(), (OdDbObjectIdArray{first, mapping.valueOf(first)}));
   const drawing::ReadResult read = drawing::readDrawingFromMemory(drawing::writeDrawingToMemory(*database));
   const OdDbBlockTableRecordPtr there = read.database->symbol(OdDb::kBlockTable, L"door").safeOpenObject();

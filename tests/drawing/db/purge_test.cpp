@@ -17,43 +17,27 @@ struct Parts {
   std::string layers, styles, linetypes, dimStyles, records, blocks, entities, objects, header;
 };
 
-std::string tableOf(const std::string& name, const std::string& handle, const std::string& records) {
-  return "0|TABLE\n2|" + name + "\n5|" + handle + "\n100|AcDbSymbolTable\n70|9\n" + records + "0|ENDTAB\n";
-}
 std::string record(const std::string& kind, const std::string& marker, const std::string& handle,
                    const std::string& name, const std::string& more = "") {
   return "0|" + kind + "\n" + (kind == "DIMSTYLE" ? "105|" : "5|") + handle + "\n100|AcDbSymbolTableRecord\n100|" +
          marker + "\n2|" + name + "\n70|0\n" + more;
 }
-std::string blockRecord(const std::string& handle, const std::string& name, const std::string& more = "") {
-  return record("BLOCK_RECORD", "AcDbBlockTableRecord", handle, name, more);
-}
-std::string block(const std::string& handle, const std::string& name, const std::string& contents = "",
-                  const std::string& flags = "0") {
-  return "0|BLOCK\n330|" + handle + "\n100|AcDbEntity\n8|0\n100|AcDbBlockBegin\n2|" + name + "\n70|" + flags +
-         "\n10|0\n20|0\n30|0\n" + contents + "0|ENDBLK\n100|AcDbEntity\n8|0\n100|AcDbBlockEnd\n";
-}
 std::string entity(const std::string& kind, const std::string& handle, const std::string& common,
                    const std::string& own) {
   return "0|" + kind + "\n5|" + handle + "\n100|AcDbEntity\n8|" + common + own;
 }
-std::string insert(const std::string& handle, const std::string& name, const std::string& more = "") {
-  return entity("INSERT", handle, "0\n", "100|AcDbBlockReference\n2|" + name + "\n10|0\n20|0\n30|0\n" + more);
-}
 
 OdDbDatabasePtr drawingOf(const Parts& parts) {
-  std::string text =
-      section("TABLES", tableOf("LTYPE", "5", parts.linetypes) + tableOf("LAYER", "2", parts.layers) +
-                            tableOf("STYLE", "3", parts.styles) + tableOf("DIMSTYLE", "A", parts.dimStyles) +
-                            tableOf("BLOCK_RECORD", "1", parts.records)) +
-      section("BLOCKS", parts.blocks) + section("ENTITIES", parts.entities) + section("OBJECTS", parts.objects);
+  std::string text = section("TABLES", table("LTYPE", parts.linetypes, "5") + table("LAYER", parts.layers, "2") +
+                                           table("STYLE", parts.styles, "3") + table("DIMSTYLE", parts.dimStyles, "A") +
+                                           table("BLOCK_RECORD", parts.records, "1")) +
+                     section("BLOCKS", parts.blocks) + section("ENTITIES", parts.entities) +
+                     section("OBJECTS", parts.objects);
   if (!parts.header.empty())
     text = section("HEADER", parts.header) + text;
   std::string bytes = dxf(text);
   std::replace(bytes.begin(), bytes.end(), '\x01', '|'); // a bar of its own would end a line
-  const drawing::ReadResult read = drawing::readDrawingFromMemory(bytes);
-  EXPECT_FALSE(read.database.isNull()) << read.message;
-  return read.database;
+  return readWell(bytes).database;
 }
 
 const std::string kLine = "100|AcDbLine\n10|0\n20|0\n30|0\n11|1\n21|1\n31|0\n";

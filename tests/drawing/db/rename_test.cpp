@@ -89,13 +89,12 @@ TEST(Rename, BlocksWithTheirTrueNameAndArrows) {
 }
 
 TEST(Rename, RefusesAndChangesNothing) {
-  struct Case {
+  const struct {
     OdDb::SymbolTableKind kind;
     const wchar_t* from;
     const wchar_t* to;
     RenameResult result;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {OdDb::kLayerTable, L"cellar", L"loft", RenameResult::Unknown},
       {OdDb::kLayerTable, L"0", L"zero", RenameResult::Fixed},
       {OdDb::kLayerTable, L"plan|roof", L"roof", RenameResult::External},
@@ -110,17 +109,16 @@ TEST(Rename, RefusesAndChangesNothing) {
   };
   const OdDbDatabasePtr database = house();
   const std::string before = drawing::canonicalDump(*database);
-  for (const Case& row : cases)
+  for (const auto& row : cases)
     EXPECT_EQ(renameRecord(*database, row.kind, row.from, row.to), row.result) << OdString(row.from).toUtf8();
   EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*database)), "");
 }
 
 TEST(NameRules, DependOnTheVersion) {
-  struct Case {
+  const struct {
     OdString name;
     NameFault now, before2000;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {L"door", NameFault::None, NameFault::None},
       {L"door 1", NameFault::None, NameFault::Character},
       {L"дверь", NameFault::None, NameFault::Character},
@@ -132,7 +130,7 @@ TEST(NameRules, DependOnTheVersion) {
       {OdString(L'x', 32), NameFault::None, NameFault::TooLong},
       {OdString(L'x', 256), NameFault::TooLong, NameFault::TooLong},
   };
-  for (const Case& row : cases) {
+  for (const auto& row : cases) {
     EXPECT_EQ(drawing::nameFault(row.name, OdDb::kRelease2000), row.now) << row.name.toUtf8();
     EXPECT_EQ(drawing::nameFault(row.name, OdDb::kRelease12), row.before2000) << row.name.toUtf8();
   }

@@ -14,11 +14,10 @@ TEST(Undo, RestoresEveryKindOfChange) {
   const OdDbObjectId reference = addReference(*database, block);
   addAttribute(reference, L"TAG", L"value");
   addText(*database, L"inside", block);
-  struct Case {
+  const struct {
     const char* what;
     std::function<void()> change;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"property", [&] { forWrite<OdDbText>(text)->setTextString(L"two"); }},
       {"twice in one step",
        [&] {
@@ -34,11 +33,7 @@ TEST(Undo, RestoresEveryKindOfChange) {
       {"erasure with what is owned", [&] { forWrite<OdDbBlockReference>(reference)->erase(); }},
       {"attribute", [&] { addAttribute(reference, L"TAG2", L"value"); }},
       {"reference with attributes moves",
-       [&] {
-         OdGeMatrix3d matrix;
-         matrix.setToTranslation(OdGeVector3d(1, 2, 3));
-         forWrite<OdDbBlockReference>(reference)->transformBy(matrix);
-       }},
+       [&] { forWrite<OdDbBlockReference>(reference)->transformBy(OdGeMatrix3d::translation(OdGeVector3d(1, 2, 3))); }},
       {"block with contents",
        [&] {
          const OdDbObjectId made = addBlock(*database, L"gate");
@@ -80,7 +75,7 @@ TEST(Undo, RestoresEveryKindOfChange) {
          object->addPersistentReactor(block);
        }},
   };
-  for (const Case& row : cases) {
+  for (const auto& row : cases) {
     SCOPED_TRACE(row.what);
     expectUndoRestores(*database, row.change);
     ASSERT_EQ(database->undo(), eOk); // every case starts from the same drawing
@@ -139,13 +134,9 @@ TEST(Undo, RestoresSingleObjectsAndLeavesTheRestOfTheStep) {
   const OdDbObjectId attribute = addAttribute(reference, L"TAG", L"v");
   database->startUndoRecord();
   const std::string before = drawing::canonicalDump(*database);
-  OdGeMatrix3d matrix;
-  matrix.setToTranslation(OdGeVector3d(5, 0, 0));
   for (OdDbObjectId id : {kept, restored, reference})
-    OdSmartPtr<OdDbEntity>(id.safeOpenObject(OdDb::kForWrite))->transformBy(matrix);
-  OdDbObjectIdArray ids;
-  ids.append(restored);
-  ids.append(reference);
+    forWrite<OdDbEntity>(id)->transformBy(OdGeMatrix3d::translation({5, 0, 0}));
+  OdDbObjectIdArray ids{restored, reference};
   database->restoreFromUndo(ids);
   EXPECT_EQ(forRead<OdDbText>(kept)->position().x, 5);
   EXPECT_EQ(forRead<OdDbText>(restored)->position().x, 0);
@@ -156,8 +147,7 @@ TEST(Undo, RestoresSingleObjectsAndLeavesTheRestOfTheStep) {
 }
 
 TEST(DrawOrder, MovesToTopAndBottomKeepingTheOrderOfTheMoved) {
-  const OdDbDatabasePtr database = OdDbDatabase::create();
-  skewHandles(*database);
+  const OdDbDatabasePtr database = skewedDrawing();
   const OdDbObjectId block = addBlock(*database, L"door");
   std::vector<OdDbObjectId> t;
   for (const wchar_t* name : {L"0", L"1", L"2", L"3"})
@@ -169,9 +159,7 @@ TEST(DrawOrder, MovesToTopAndBottomKeepingTheOrderOfTheMoved) {
   const OdDbSortentsTablePtr made = OdDbSortentsTable::createObject();
   made->setBlockId(block);
   extension->setAt(L"ACAD_SORTENTS", made.get());
-  OdDbObjectIdArray moved;
-  moved.append(t[2]);
-  moved.append(t[0]);
+  OdDbObjectIdArray moved{t[2], t[0]};
   expectUndoRestores(*database, [&] { forWrite<OdDbSortentsTable>(made->objectId())->moveToTop(moved); });
   EXPECT_EQ(record()->drawOrder(), (std::vector<OdDbObjectId>{t[1], t[3], t[0], t[2]}));
   forWrite<OdDbSortentsTable>(made->objectId())->moveToBottom(moved);

@@ -32,9 +32,8 @@ void addTextOn(OdDbDatabase& database, const OdString& layer, OdDbObjectId block
 
 Names namesIn(const OdDbDatabase& database, OdDb::SymbolTableKind kind) {
   Names names;
-  const OdDbSymbolTablePtr table = database.getSymbolTableId(kind).safeOpenObject();
-  for (auto walk = table->newIterator(); !walk->done(); walk->step())
-    names.insert(walk->getRecord()->getName().toUtf8());
+  for (const OdString& name : recordNames(database, kind))
+    names.insert(name.toUtf8());
   return names;
 }
 

@@ -6,8 +6,6 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include <gtest/gtest.h>
-
 #include <map>
 
 using drawing::XrefStatus;

@@ -40,8 +40,7 @@ TEST(BinaryForm, EarlyFilesHaveCodesOfOneByte) {
   const std::string point = std::string("\0POINT\0\5A1\0\10wall\0", 17) + "\12" + real(1.5) + "\24" + real(-2) + "\76" +
                             std::string("\3\0", 2) + // colour
                             std::string("\377\351\3ACAD\0", 8) + std::string("\377\57\4\377\377\377\377", 7);
-  const ReadResult read = drawing::readDrawingFromMemory(earlyFile(point));
-  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const ReadResult read = readWell(earlyFile(point));
   EXPECT_TRUE(read.database->facts().binary);
   EXPECT_EQ(read.database->facts().version, OdDb::kRelease12);
   const OdDbEntityPtr entity(read.database->getOdDbObjectId(0xA1).safeOpenObject());
@@ -54,20 +53,18 @@ TEST(BinaryForm, EarlyFilesHaveCodesOfOneByte) {
 
 // What a text file holds and a number cannot, is told and nothing else is harmed.
 TEST(BinaryForm, ValuesThatDoNotFitTheirCodeAreTold) {
-  struct Case {
+  const struct {
     const char* group;
     bool fits;
-  };
-  const Case cases[] = {{"1070|70000\n", false}, {"1070|65535\n", true},      {"1070|x\n", false}, {"1040|nan\n", true},
-                        {"1040|1e999\n", false}, {"1071|4294967295\n", true}, {"1005|zz\n", true}, {"1004|0\n", false}};
-  for (const Case& c : cases) {
+  } cases[] = {{"1070|70000\n", false}, {"1070|65535\n", true},      {"1070|x\n", false}, {"1040|nan\n", true},
+               {"1040|1e999\n", false}, {"1071|4294967295\n", true}, {"1005|zz\n", true}, {"1004|0\n", false}};
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.group);
     const ReadResult read =
         readText(std::string("0|POINT\n5|A1\n8|0\n10|1\n20|2\n1001|ACAD\n") + c.group + "1000|end\n");
     ASSERT_FALSE(read.database.isNull());
     drawing::WriteResult result;
-    const ReadResult again = drawing::readDrawingFromMemory(asBinary(*read.database, &result));
-    ASSERT_FALSE(again.database.isNull()) << again.message;
+    const ReadResult again = readWell(asBinary(*read.database, &result));
     EXPECT_EQ(result.report.has("dxf.value-not-in-binary"), !c.fits);
     if (!c.fits) {
       EXPECT_EQ(result.report.issues().at(0).handle, 0xA1u);
@@ -85,15 +82,13 @@ TEST(BinaryForm, TextsKeepZerosAndLineBreaks) {
   expectRoundTrip(*database);
   std::string bytes = asBinary(*database);
   bytes.replace(bytes.find("up^J"), 4, "up\r\n"); // as other programs write it
-  const ReadResult read = drawing::readDrawingFromMemory(bytes);
-  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const ReadResult read = readWell(bytes);
   EXPECT_NE(drawing::canonicalDump(*read.database).find("  1 up^M^Jdown\n"), std::string::npos);
 }
 
 TEST(BinaryForm, NumbersThatAreNotFiniteKeepTheirRecordUnread) {
-  const ReadResult read = drawing::readDrawingFromMemory(
-      earlyFile(std::string("\0POINT\0\5A1\0", 11) + "\12" + real(std::numeric_limits<double>::quiet_NaN())));
-  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const ReadResult read =
+      readWell(earlyFile(std::string("\0POINT\0\5A1\0", 11) + "\12" + real(std::numeric_limits<double>::quiet_NaN())));
   EXPECT_EQ(read.report.account.keptUnread, 1u);
   expectRoundTrip(*read.database);
 }
@@ -119,8 +114,7 @@ TEST(BinaryForm, AReadingOutOfStepEndsWithItsPlace) {
   std::string bytes = asBinary(*OdDbDatabase::create());
   const std::size_t at = bytes.find(std::string("\0\0TABLE\0", 8));
   bytes.insert(at, 1, '\x77');
-  const ReadResult read = drawing::readDrawingFromMemory(bytes);
-  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const ReadResult read = readWell(bytes);
   ASSERT_TRUE(read.report.has("dxf.cut-off") || read.report.has("dxf.binary-out-of-step"));
   EXPECT_GE(read.report.issues().at(0).line, at);
   EXPECT_EQ(drawing::describe(read.report.issues().at(0)).rfind("byte ", 0), 0u);

@@ -17,41 +17,32 @@ namespace {
 std::string line(const std::string& more, const std::string& handle = "A1") {
   return "0|LINE\n5|" + handle + "\n100|AcDbEntity\n8|0\n100|AcDbLine\n10|1\n20|2\n30|3\n11|4\n21|5\n31|6\n" + more;
 }
-std::string blockRecord(const std::string& handle, const std::string& name) {
-  return "0|BLOCK_RECORD\n5|" + handle + "\n330|1\n100|AcDbSymbolTableRecord\n100|AcDbBlockTableRecord\n2|" + name +
-         "\n";
-}
-std::string block(const std::string& handle, const std::string& name, const std::string& contents = "") {
-  return "0|BLOCK\n330|" + handle + "\n100|AcDbEntity\n8|0\n100|AcDbBlockBegin\n2|" + name +
-         "\n70|0\n10|0\n20|0\n30|0\n" + contents + "0|ENDBLK\n100|AcDbEntity\n8|0\n100|AcDbBlockEnd\n";
-}
-std::string insert(const std::string& handle, const std::string& name) {
-  return "0|INSERT\n5|" + handle + "\n100|AcDbEntity\n8|0\n100|AcDbBlockReference\n2|" + name + "\n10|0\n20|0\n30|0\n";
-}
 std::string table(const std::string& name, const std::string& records) {
-  return "0|TABLE\n2|" + name + "\n5|" + (name == "BLOCK_RECORD" ? "1" : "2") + "\n100|AcDbSymbolTable\n70|9\n" +
-         records + "0|ENDTAB\n";
+  return tests::table(name, records, name == "BLOCK_RECORD" ? "1" : "2");
 }
 std::string blocks(const std::string& records, const std::string& definitions) {
   return section("TABLES", table("BLOCK_RECORD", records)) + section("BLOCKS", definitions);
 }
 
 std::size_t countInModelSpace(const OdDbDatabase& database) {
-  std::size_t count = 0;
-  const auto space = forRead<OdDbBlockTableRecord>(database.getModelSpaceId());
-  for (auto walk = space->newIterator(); !walk->done(); walk->step())
-    ++count;
-  return count;
+  return entitiesOf(database.getModelSpaceId()).size();
+}
+
+const drawing::Issue& issueOf(const ReadResult& read, const std::string& code) {
+  for (const drawing::Issue& issue : read.report.issues()) {
+    if (issue.code == code)
+      return issue;
+  }
+  throw std::runtime_error(code + " was not told");
 }
 
 TEST(Damage, IsNamedAndMended) {
-  struct Case {
+  const struct {
     const char* what;
     std::string text;
     const char* issue;
     std::size_t entities; // in model space
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"handle used twice", dxf(section("ENTITIES", line("") + line(""))), "dxf.duplicate-handle", 2},
       {"block name used twice",
        dxf(blocks(blockRecord("B1", "door") + blockRecord("B2", "DOOR"), block("B1", "door") + block("B2", "DOOR"))),
@@ -126,10 +117,9 @@ TEST(Damage, IsNamedAndMended) {
       {"no end", dxf(section("ENTITIES", line(""))).substr(0, dxf(section("ENTITIES", line(""))).size() - 6),
        "dxf.no-end-of-file", 1},
   };
-  for (const Case& row : cases) {
+  for (const auto& row : cases) {
     SCOPED_TRACE(row.what);
-    const ReadResult read = drawing::readDrawingFromMemory(row.text);
-    ASSERT_FALSE(read.database.isNull()) << read.message;
+    const ReadResult read = readWell(row.text);
     EXPECT_TRUE(read.report.has(row.issue)) << (read.report.issues().empty() ? "" : describe(read.report.issues()[0]));
     EXPECT_EQ(read.report.outcome(), drawing::Outcome::Repaired);
     EXPECT_EQ(countInModelSpace(*read.database), row.entities);
@@ -191,8 +181,7 @@ TEST(Damage, OddFilesAreReadWhole) {
   };
   for (const Case& row : cases) {
     SCOPED_TRACE(row.what);
-    const ReadResult read = drawing::readDrawingFromMemory(row.text);
-    ASSERT_FALSE(read.database.isNull()) << read.message;
+    const ReadResult read = readWell(row.text);
     EXPECT_TRUE(row.note[0] == 0 || read.report.has(row.note));
     for (const drawing::Issue& issue : read.report.issues())
       EXPECT_EQ(issue.severity, drawing::Severity::Note) << describe(issue);
@@ -204,9 +193,7 @@ TEST(Damage, OddFilesAreReadWhole) {
 }
 
 TEST(Damage, TextsOfALaterVersionAreThoseOfTheLastOne) {
-  const ReadResult read =
-      drawing::readDrawingFromMemory(dxf(section("ENTITIES", line("1001|ACAD\n1000|\xC3\xBC\n")), "AC1050"));
-  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const ReadResult read = readWell(dxf(section("ENTITIES", line("1001|ACAD\n1000|\xC3\xBC\n")), "AC1050"));
   EXPECT_EQ(read.database->facts().version, OdDb::kRelease2018);
   EXPECT_NE(drawing::canonicalDump(*read.database).find("\xC3\xBC"), std::string::npos);
 }
@@ -219,12 +206,9 @@ TEST(Damage, CirclesOfDefinitionsAreMendedForGood) {
       dxf(section("TABLES", records) +
           section("BLOCKS", block("1F", "*Model_Space") + block("B1", "door", insert("A1", "window")) +
                                 block("B2", "window", insert("A2", "door")))));
-  const auto& issues = read.report.issues();
-  const auto told = std::find_if(issues.begin(), issues.end(),
-                                 [](const drawing::Issue& issue) { return issue.code == "dxf.block-cycle"; });
-  ASSERT_NE(told, issues.end());
-  EXPECT_TRUE(told->handle == 0xA1 || told->handle == 0xA2);
-  EXPECT_GT(told->line, 0u); // found when all was read, and still with its place
+  const drawing::Issue& told = issueOf(read, "dxf.block-cycle");
+  EXPECT_TRUE(told.handle == 0xA1 || told.handle == 0xA2);
+  EXPECT_GT(told.line, 0u); // found when all was read, and still with its place
   EXPECT_TRUE(drawing::auditDrawing(*read.database, false).has("audit.block-cycle"));
   drawing::auditDrawing(*read.database, true);
   const ReadResult again = drawing::readDrawingFromMemory(drawing::writeDrawingToMemory(*read.database));
@@ -233,10 +217,9 @@ TEST(Damage, CirclesOfDefinitionsAreMendedForGood) {
 }
 
 TEST(Damage, NamesWithoutObjectsAreKept) {
-  const ReadResult read = drawing::readDrawingFromMemory(
+  const ReadResult read = readWell(
       dxf(section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n3|first\n3|second\n350|C1\n3|last\n"
                              "0|DICTIONARY\n5|C1\n330|C\n100|AcDbDictionary\n281|1\n")));
-  ASSERT_FALSE(read.database.isNull()) << read.message;
   const auto root = forRead<OdDbDictionary>(read.database->getNamedObjectsDictionaryId());
   EXPECT_TRUE(root->getAt(L"first").isNull());
   EXPECT_EQ(root->getAt(L"second").getHandle(), OdDbHandle(0xC1));
@@ -248,25 +231,19 @@ TEST(Damage, NamesWithoutObjectsAreKept) {
 TEST(Damage, IsToldWithItsPlace) {
   const std::string text = dxf(section("ENTITIES", line("39|wide\n", "AB")));
   const ReadResult read = drawing::readDrawingFromMemory(text);
-  const auto& issues = read.report.issues();
-  const auto found = std::find_if(issues.begin(), issues.end(),
-                                  [](const drawing::Issue& issue) { return issue.code == "dxf.value-unreadable"; });
-  ASSERT_NE(found, issues.end());
-  const auto at = text.find("wide");
-  EXPECT_EQ(found->line,
-            static_cast<std::uint64_t>(std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(at), '\n')) +
-                1);
-  EXPECT_EQ(found->groupCode, 39);
-  EXPECT_EQ(found->handle, 0xABu);
-  EXPECT_EQ(found->section + " " + found->kind, "ENTITIES LINE");
+  const drawing::Issue& found = issueOf(read, "dxf.value-unreadable");
+  const std::string before = text.substr(0, text.find("wide"));
+  EXPECT_EQ(found.line, static_cast<std::uint64_t>(std::count(before.begin(), before.end(), '\n')) + 1);
+  EXPECT_EQ(found.groupCode, 39);
+  EXPECT_EQ(found.handle, 0xABu);
+  EXPECT_EQ(found.section + " " + found.kind, "ENTITIES LINE");
 }
 
 TEST(Damage, UnreadableRecordsAreWrittenBackToTheLetter) {
   const std::string groups = " 39\nwide as  a door \n 62\n   007\n";
   std::string text = dxf(section("ENTITIES", line("@")));
   text.replace(text.find('@'), 1, groups);
-  const ReadResult read = drawing::readDrawingFromMemory(text);
-  ASSERT_FALSE(read.database.isNull());
+  const ReadResult read = readWell(text);
   const OdDbObjectPtr kept = read.database->getOdDbObjectId(0xA1).safeOpenObject();
   EXPECT_TRUE(OdSmartPtr<OdDbCarriedEntity>(kept)->isUnread());
   EXPECT_EQ(read.report.account.keptUnread, 1u);
@@ -281,8 +258,7 @@ TEST(Damage, CyclesOfDefinitionsAreCut) {
                  block("B1", "a", insert("A1", "b")) + block("B2", "b", insert("A2", "a") + insert("A3", "c")) +
                      block("B3", "c", insert("A4", "c"))) +
           section("ENTITIES", insert("A5", "a")));
-  const ReadResult read = drawing::readDrawingFromMemory(text);
-  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const ReadResult read = readWell(text);
   EXPECT_EQ(read.report.count("dxf.block-cycle"), 2u);
   std::size_t cut = 0;
   for (const int handle : {0xA1, 0xA2, 0xA3, 0xA4, 0xA5}) {
@@ -295,12 +271,11 @@ TEST(Damage, CyclesOfDefinitionsAreCut) {
 }
 
 TEST(Damage, WhatIsNoDrawingIsRefusedWithAReason) {
-  struct Case {
+  const struct {
     const char* what;
     std::string text;
     OdResult result;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"empty", "", eNotADrawing},
       {"blank", "\n\n \n", eNotADrawing},
       {"prose", "Dear reader,\nthis is a letter.\n", eNotADrawing},
@@ -308,7 +283,7 @@ TEST(Damage, WhatIsNoDrawingIsRefusedWithAReason) {
       {"a picture", std::string("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16), eNotADrawing},
       {"a DWG", std::string("AC1032\0\0\0\0", 10), eUnsupportedFileFormat},
   };
-  for (const Case& row : cases) {
+  for (const auto& row : cases) {
     const ReadResult read = drawing::readDrawingFromMemory(row.text, "plan.dxf");
     EXPECT_TRUE(read.database.isNull()) << row.what;
     EXPECT_EQ(read.result, row.result) << row.what;
@@ -317,25 +292,24 @@ TEST(Damage, WhatIsNoDrawingIsRefusedWithAReason) {
   }
 }
 
+ReadResult readWithin(const drawing::Budget& budget, const std::string& text) {
+  drawing::ReadOptions options;
+  options.budget = budget;
+  return drawing::readDrawingFromMemory(text, "x.dxf", options);
+}
+
 TEST(Damage, BudgetsEndTheReading) {
   std::string entities;
   for (int i = 0; i < 200; ++i)
     entities += line("", OdDbHandle(0x1000u + static_cast<unsigned>(i)).ascii());
   const std::string text = dxf(section("ENTITIES", entities));
-  drawing::ReadOptions options;
-  options.budget.objects = 100;
-  EXPECT_EQ(drawing::readDrawingFromMemory(text, "x", options).result, eBudgetExceeded);
-  options = {};
-  options.budget.bytes = 1000;
-  EXPECT_EQ(drawing::readDrawingFromMemory(text, "x", options).result, eBudgetExceeded);
-  options.budget.bytes = text.size() * 4;
-  const ReadResult tooMuch = drawing::readDrawingFromMemory(text, "x.dxf", options);
+  EXPECT_EQ(readWithin({.objects = 100}, text).result, eBudgetExceeded);
+  EXPECT_EQ(readWithin({.bytes = 1000}, text).result, eBudgetExceeded);
+  const ReadResult tooMuch = readWithin({.bytes = text.size() * 4}, text);
   EXPECT_EQ(tooMuch.result, eBudgetExceeded);
   EXPECT_EQ(tooMuch.message.rfind("x.dxf, line ", 0), 0u) << tooMuch.message;
   EXPECT_NE(tooMuch.message.find(std::to_string(text.size() * 4) + " bytes"), std::string::npos) << tooMuch.message;
-  options = {};
-  options.budget.messages = 3;
-  const ReadResult read = drawing::readDrawingFromMemory(dxf(section("BLOCKS", entities)), "x", options);
+  const ReadResult read = readWithin({.messages = 3}, dxf(section("BLOCKS", entities)));
   EXPECT_EQ(read.report.issues().size(), 3u);
   EXPECT_GE(read.report.suppressed(), 197u);
 }
@@ -352,11 +326,8 @@ TEST(Damage, DeepDefinitionsAreRefusedAndNotFollowed) {
   }
   const std::string text =
       dxf(blocks(records, definitions) + section("ENTITIES", insert("A1", "b" + std::to_string(kDeep - 1))));
-  drawing::ReadOptions options;
-  options.budget.depth = kDeep;
-  EXPECT_FALSE(drawing::readDrawingFromMemory(text, "x", options).database.isNull());
-  options.budget.depth = kDeep - 1;
-  const ReadResult read = drawing::readDrawingFromMemory(text, "x.dxf", options);
+  EXPECT_FALSE(readWithin({.depth = kDeep}, text).database.isNull());
+  const ReadResult read = readWithin({.depth = kDeep - 1}, text);
   EXPECT_EQ(read.result, eBudgetExceeded);
   EXPECT_NE(read.message.find("19999 levels"), std::string::npos) << read.message;
 }
@@ -366,10 +337,8 @@ TEST(Damage, OneHugeRecordIsGivenUpInTime) {
   std::string groups;
   for (int i = 0; i < 200'000; ++i)
     groups += "90|1\n";
-  drawing::ReadOptions options;
-  options.budget.bytes = 2'000'000;
-  EXPECT_EQ(drawing::readDrawingFromMemory(dxf(section("ENTITIES", line(groups))), "x", options).result,
-            eBudgetExceeded);
+  const std::string text = dxf(section("ENTITIES", line(groups)));
+  EXPECT_EQ(readWithin({.bytes = 2'000'000}, text).result, eBudgetExceeded);
 }
 
 // A drawing with every structure that reading has to close by itself.

@@ -17,8 +17,7 @@ TEST(Keeping, UnknownObjectsEntitiesAndSectionsComeBack) {
           section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n3|THINGS\n350|A2\n"
                              "0|THING\n5|A2\n330|C\n100|AcThing\n290|1\n310|00FF10\n320|A1\n") +
           section("CHAIRS", "0|CHAIR\n5|99\n1|red\n"));
-  const ReadResult read = drawing::readDrawingFromMemory(text);
-  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const ReadResult read = readWell(text);
   EXPECT_EQ(read.report.account.kept, 4u); // with the records of the two sections
   EXPECT_EQ(read.report.account.dropped, 0u);
   const OdSmartPtr<OdDbCarriedEntity> gadget(read.database->getOdDbObjectId(0xA1).safeOpenObject());
@@ -40,8 +39,7 @@ TEST(Keeping, CodesThatComeAgainInTheSameSectionAreKept) {
       "TABLES", "0|TABLE\n2|DIMSTYLE\n5|D\n100|AcDbSymbolTable\n70|1\n100|AcDbDimStyleTable\n71|0\n"
                 "0|DIMSTYLE\n105|D1\n100|AcDbSymbolTableRecord\n100|AcDbDimStyleTableRecord\n2|filled\n70|0\n69|2\n"
                 "70|97\n0|ENDTAB\n"));
-  const ReadResult read = drawing::readDrawingFromMemory(text);
-  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const ReadResult read = readWell(text);
   EXPECT_EQ(forRead<OdDbDimStyleTableRecord>(read.database->getOdDbObjectId(0xD1))->flags(), 0);
   const std::string written = drawing::writeDrawingToMemory(*read.database);
   EXPECT_NE(written.find(" 69\n2\n 70\n97\n"), std::string::npos);
@@ -54,8 +52,7 @@ TEST(Keeping, DimensionStylesThatNameTheirTextStyleAreUnderstood) {
                 "100|AcDbTextStyleTableRecord\n2|Notes\n70|0\n3|txt\n0|ENDTAB\n"
                 "0|TABLE\n2|DIMSTYLE\n5|D\n100|AcDbSymbolTable\n70|1\n0|DIMSTYLE\n105|D1\n"
                 "100|AcDbSymbolTableRecord\n100|AcDbDimStyleTableRecord\n2|a\n70|0\n340|NOTES\n341|\n0|ENDTAB\n"));
-  const ReadResult read = drawing::readDrawingFromMemory(text);
-  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const ReadResult read = readWell(text);
   EXPECT_EQ(read.report.outcome(), drawing::Outcome::Whole);
   EXPECT_EQ(forRead<OdDbDimStyleTableRecord>(read.database->getOdDbObjectId(0xD1))->dimtxsty().getHandle(),
             OdDbHandle(0xE1));
@@ -77,8 +74,7 @@ TEST(Keeping, TextIsReadInTheFilesCodePageAndWrittenInIt) {
     SCOPED_TRACE(std::string(row.version) + " " + row.page);
     const std::string entity = "0|TEXT\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbText\n10|0\n20|0\n30|0\n40|1\n1|" +
                                std::string(row.bytes) + "\n100|AcDbText\n";
-    const ReadResult read = drawing::readDrawingFromMemory(dxf(section("ENTITIES", entity), row.version, row.page));
-    ASSERT_FALSE(read.database.isNull()) << read.message;
+    const ReadResult read = readWell(dxf(section("ENTITIES", entity), row.version, row.page));
     EXPECT_EQ(forRead<OdDbText>(read.database->getOdDbObjectId(0xA1))->textString(), OdString(row.text));
     EXPECT_NE(drawing::writeDrawingToMemory(*read.database).find("\n" + std::string(row.bytes) + "\n"),
               std::string::npos);
@@ -95,8 +91,7 @@ TEST(Keeping, EveryVersionHoldsTheSameDrawing) {
   for (const char* year : {"2000", "2004", "2007", "2010", "2013", "2018"}) {
     drawing::WriteOptions options;
     options.version = drawing::versionFromYear(year);
-    const ReadResult read = drawing::readDrawingFromMemory(drawing::writeDrawingToMemory(*database, options));
-    ASSERT_FALSE(read.database.isNull()) << year << ": " << read.message;
+    const ReadResult read = readWell(drawing::writeDrawingToMemory(*database, options));
     EXPECT_EQ(read.database->facts().version, options.version) << year;
     EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*read.database)), "") << year;
   }

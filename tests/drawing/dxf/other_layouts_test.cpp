@@ -15,8 +15,7 @@ using drawing::ReadResult;
 namespace {
 
 OdDbDatabasePtr readWhole(const std::string& text) {
-  const ReadResult read = drawing::readDrawingFromMemory(text);
-  EXPECT_FALSE(read.database.isNull()) << read.message;
+  const ReadResult read = readWell(text);
   EXPECT_EQ(read.report.outcome(), drawing::Outcome::Whole);
   return read.database;
 }
@@ -51,12 +50,11 @@ TEST(OtherLayouts, RecordsTakeThePlaceOfWhatStoodInForThem) {
   }
   for (const char* name : {"A", "B", "C"})
     layers += "0|LAYER\n100|AcDbSymbolTableRecord\n100|AcDbLayerTableRecord\n2|" + std::string(name) + "\n70|0\n62|5\n";
-  const ReadResult read = drawing::readDrawingFromMemory(
-      dxf(section("ENTITIES", lines) +
-          section("TABLES", "0|TABLE\n2|LAYER\n70|3\n" + layers + "0|ENDTAB\n0|TABLE\n2|BLOCK_RECORD\n70|3\n" +
-                                records + "0|ENDTAB\n") +
-          section("BLOCKS", blocks)));
-  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const ReadResult read =
+      readWell(dxf(section("ENTITIES", lines) +
+                   section("TABLES", "0|TABLE\n2|LAYER\n70|3\n" + layers + "0|ENDTAB\n0|TABLE\n2|BLOCK_RECORD\n70|3\n" +
+                                         records + "0|ENDTAB\n") +
+                   section("BLOCKS", blocks)));
   for (const wchar_t* name : {L"a", L"b", L"c"}) {
     const auto layer = forRead<OdDbLayerTableRecord>(read.database->symbol(OdDb::kLayerTable, name));
     EXPECT_EQ(layer->color().index, 5);
@@ -80,9 +78,8 @@ TEST(OtherLayouts, BlocksOfEarlyFilesStandInTheirOrderAndSpacesAreSpaces) {
   const OdDbDatabasePtr database =
       readWhole(dxf(section("BLOCKS", blocks) + section("ENTITIES", insert("table")), "AC1009"));
   std::string names;
-  const auto table = forRead<OdDbSymbolTable>(database->getBlockTableId());
-  for (auto walk = table->newIterator(); !walk->done(); walk->step())
-    names += walk->getRecord()->getName().toUtf8() + " ";
+  for (const OdString& name : recordNames(*database, OdDb::kBlockTable))
+    names += name.toUtf8() + " ";
   EXPECT_EQ(names, "*Model_Space *Paper_Space table chair lamp bulb ");
   EXPECT_EQ(forRead<OdDbBlockTableRecord>(database->getModelSpaceId())->numMembers(), 1u);
   expectRoundTrip(*database);
@@ -112,9 +109,7 @@ TEST(OtherLayouts, AnArrayMayStandBehindTheMarkerOfAPlainReference) {
         std::string("0|INSERT\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbBlockReference\n2|chair\n10|7\n"
                     "20|8\n30|0\n41|2\n") +
         between + "70|3\n71|4\n44|1.5\n45|2.5\n";
-    const ReadResult read =
-        drawing::readDrawingFromMemory(dxf(section("BLOCKS", blocks) + section("ENTITIES", insert)));
-    ASSERT_FALSE(read.database.isNull()) << read.message;
+    const ReadResult read = readWell(dxf(section("BLOCKS", blocks) + section("ENTITIES", insert)));
     const auto array = forRead<OdDbMInsertBlock>(read.database->getOdDbObjectId(0xA1));
     EXPECT_FALSE(array->blockTableRecord().isNull());
     EXPECT_EQ(array->position(), OdGePoint3d(7, 8, 0));
@@ -171,10 +166,7 @@ TEST(OtherLayouts, AClonedHatchNamesNoBoundaryThatStayedBehind) {
   const std::string circle = "0|CIRCLE\n5|A2\n100|AcDbEntity\n8|0\n100|AcDbCircle\n10|0\n20|0\n30|0\n40|1\n";
   const OdDbDatabasePtr source = readWhole(dxf(section("ENTITIES", hatch + circle)));
   const OdDbDatabasePtr target = readWhole(dxf(""));
-  OdDbObjectIdArray ids;
-  ids.append(source->getOdDbObjectId(0xA1));
-  OdDbIdMapping mapping;
-  source->wblockCloneObjects(ids, target->getModelSpaceId(), mapping, OdDb::kDrcIgnore);
+  const OdDbIdMapping mapping = cloned({source->getOdDbObjectId(0xA1)}, target->getModelSpaceId());
   const std::string written = drawing::writeDrawingToMemory(*target);
   EXPECT_TRUE(contains(written, " 71\n0\n 91\n1\n")) << "still associative";
   EXPECT_TRUE(contains(written, " 97\n0\n 75\n0\n")) << "a boundary that is not there";

@@ -5,8 +5,6 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <random>
 #include <vector>
@@ -266,15 +264,14 @@ TEST(TextCodec, AllBytesWithoutEscapesComeBack) {
 
 // The texts of a file against the encoding that it declares.
 TEST(Encoding, FollowsTheTextsWhereTheyContradictTheHeader) {
-  struct Case {
+  const struct {
     const char* what;
     const char* version;
     const char* page;
     std::vector<std::string> texts; // as the file has them
     const wchar_t* first;           // as it is read
     bool contradicted;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"UTF-8 under 1251", "AC1015", "ANSI_1251", {"\xD0\x94\xD0\xB0", "\xD0\xAF"}, L"Да", true},
       {"1251 as declared", "AC1015", "ANSI_1251", {"\xC4\xE0"}, L"Да", false},
       {"both kinds under 1251", "AC1015", "ANSI_1251", {"\xC4\xE0", "\xD0\xAF"}, L"Да", false},
@@ -286,7 +283,7 @@ TEST(Encoding, FollowsTheTextsWhereTheyContradictTheHeader) {
       {"both kinds in a file of 2007", "AC1021", "ANSI_1251", {"\xE9\x97\xA8", "\xC4\xE0"}, L"门", false},
       {"plain text", "AC1015", "ANSI_1251", {"door"}, L"door", false},
   };
-  for (const Case& row : cases) {
+  for (const auto& row : cases) {
     std::string entities;
     for (const std::string& text : row.texts)
       entities += "0|TEXT\n100|AcDbEntity\n8|0\n100|AcDbText\n10|0\n20|0\n30|0\n40|1\n1|" + text + "\n100|AcDbText\n";

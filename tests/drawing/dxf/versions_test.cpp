@@ -25,10 +25,8 @@ Written writeAs(const OdDbDatabase& database, OdDb::DwgVersion version) {
   options.version = version;
   options.form = drawing::WriteOptions::Text;
   drawing::WriteResult result;
-  Written written;
-  written.bytes = drawing::writeDrawingToMemory(database, options, &result);
-  written.losses = result.report;
-  return written;
+  const std::string bytes = drawing::writeDrawingToMemory(database, options, &result);
+  return {bytes, result.report};
 }
 
 bool tells(const drawing::Report& report, const std::string& words, std::uint64_t handle = 0) {
@@ -38,9 +36,7 @@ bool tells(const drawing::Report& report, const std::string& words, std::uint64_
 }
 
 OdDbDatabasePtr readOf(const std::string& sections, const std::string& version) {
-  ReadResult read = drawing::readDrawingFromMemory(dxf(sections, version));
-  EXPECT_FALSE(read.database.isNull()) << read.message;
-  return read.database;
+  return readWell(dxf(sections, version)).database;
 }
 
 struct Group {
@@ -190,8 +186,7 @@ ReadResult throughR12(const OdDbDatabase& database, drawing::Report* losses = nu
   if (losses != nullptr)
     *losses = written.losses;
   EXPECT_EQ(written.bytes.find("AcDb"), std::string::npos);
-  ReadResult read = drawing::readDrawingFromMemory(written.bytes);
-  EXPECT_FALSE(read.database.isNull()) << read.message;
+  ReadResult read = readWell(written.bytes);
   for (const drawing::Issue& issue : read.report.issues())
     EXPECT_EQ(issue.severity, drawing::Severity::Note) << drawing::describe(issue);
   return read;

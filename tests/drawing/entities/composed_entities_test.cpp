@@ -8,20 +8,12 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include <gtest/gtest.h>
-
 using namespace test_entities;
 
 namespace {
 
-OdDbObjectId cloneInto(OdDbDatabase& from, OdDbObjectId id, OdDbObjectId owner) {
-  OdDbIdMapping mapping;
-  OdDbObjectIdArray ids;
-  ids.append(id);
-  EXPECT_EQ(owner.database() == &from ? from.deepCloneObjects(ids, owner, mapping)
-                                      : from.wblockCloneObjects(ids, owner, mapping, OdDb::kDrcIgnore),
-            eOk);
-  return mapping.valueOf(id);
+OdDbObjectId cloneInto(OdDbObjectId id, OdDbObjectId owner) {
+  return tests::cloned({id}, owner).valueOf(id);
 }
 
 TEST(Table, CloneHasAPictureOfItsOwn) {
@@ -36,10 +28,9 @@ TEST(Table, CloneHasAPictureOfItsOwn) {
   table->setLayer(database.symbol(OdDb::kLayerTable, L"0"));
   const OdDbObjectId id =
       tests::forWrite<OdDbBlockTableRecord>(database.getModelSpaceId())->appendOdDbEntity(table.get());
-  OdDbDatabasePtr other = OdDbDatabase::create();
-  tests::skewHandles(*other);
+  const OdDbDatabasePtr other = tests::skewedDrawing();
   for (const OdDbObjectId owner : {tests::addBlock(database, L"holder"), other->getModelSpaceId()}) {
-    const auto clone = tests::forRead<OdDbTable>(cloneInto(database, id, owner));
+    const auto clone = tests::forRead<OdDbTable>(cloneInto(id, owner));
     const OdDbObjectId block = clone->blockTableRecord();
     EXPECT_NE(block, picture);
     EXPECT_EQ(block.database(), owner.database());
@@ -64,9 +55,8 @@ TEST(MLeader, BringsItsStyleAndTextStyleAlong) {
   leader->setLayer(database.symbol(OdDb::kLayerTable, L"0"));
   const OdDbObjectId id =
       tests::forWrite<OdDbBlockTableRecord>(database.getModelSpaceId())->appendOdDbEntity(leader.get());
-  OdDbDatabasePtr other = OdDbDatabase::create();
-  tests::skewHandles(*other);
-  const auto clone = tests::forRead<OdDbMLeader>(cloneInto(database, id, other->getModelSpaceId()));
+  const OdDbDatabasePtr other = tests::skewedDrawing();
+  const auto clone = tests::forRead<OdDbMLeader>(cloneInto(id, other->getModelSpaceId()));
   const auto there = tests::forRead<OdDbDictionary>(
       tests::forRead<OdDbDictionary>(other->getNamedObjectsDictionaryId())->getAt(L"ACAD_MLEADERSTYLE"));
   EXPECT_EQ(clone->MLeaderStyle(), there->getAt(L"Mine"));
@@ -84,16 +74,13 @@ TEST(Solid, CloneHasABodyOfItsOwn) {
                                      "0|ACDSRECORD\n90|4\n2|AcDbDs::ID\n280|10\n320|A1\n2|Body\n280|15\n94|2\n"
                                      "310|AB12\n"),
       "AC1027");
-  const drawing::ReadResult read = drawing::readDrawingFromMemory(file);
-  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const drawing::ReadResult read = tests::readWell(file);
   OdDbDatabase& database = *read.database;
-  OdDbDatabasePtr other = OdDbDatabase::create();
-  tests::skewHandles(*other);
+  const OdDbDatabasePtr other = tests::skewedDrawing();
   const OdDbObjectId holder = tests::addBlock(database, L"holder");
   for (const OdDbObjectId owner : {holder, other->getModelSpaceId()}) {
     OdDbObjectId clone;
-    tests::expectUndoRestores(*owner.database(),
-                              [&] { clone = cloneInto(database, database.getOdDbObjectId(0xA1), owner); });
+    tests::expectUndoRestores(*owner.database(), [&] { clone = cloneInto(database.getOdDbObjectId(0xA1), owner); });
     const std::string dump = drawing::canonicalDump(*owner.database());
     EXPECT_NE(dump.find("320 " + clone.getHandle().ascii() + "\n"), std::string::npos) << dump;
     tests::expectUndoRestores(*owner.database(), [&] { tests::forWrite<OdDbEntity>(clone)->erase(); });
@@ -139,8 +126,7 @@ TEST(ContextData, MovesWithItsEntity) {
   const OdGeMatrix3d quarter =
       OdGeMatrix3d::coordSystem(OdGePoint3d(), OdGeVector3d(0, 1, 0), OdGeVector3d(-1, 0, 0), OdGeVector3d(0, 0, 1));
   for (const Look& look : kLooks) {
-    const drawing::ReadResult read = drawing::readDrawingFromMemory(annotative(look.entity, look.kind, look.groups));
-    ASSERT_FALSE(read.database.isNull()) << read.message;
+    const drawing::ReadResult read = tests::readWell(annotative(look.entity, look.kind, look.groups));
     const OdDbObjectId id = read.database->getOdDbObjectId(0xA1);
     tests::expectUndoRestores(*read.database,
                               [&] { EXPECT_EQ(tests::forWrite<OdDbEntity>(id)->transformBy(matrix * quarter), eOk); });
@@ -190,8 +176,7 @@ TEST(ComposedEntities, WithoutReadableNumberAreKeptUnread) {
   const std::string file = tests::dxf(
       tests::section("ENTITIES", "0|MULTILEADER\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbMLeader\n300|CONTEXT_DATA{\n"
                                  "10|1.0\n20|none\n30|0.0\n301|}\n"));
-  const drawing::ReadResult read = drawing::readDrawingFromMemory(file);
-  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const drawing::ReadResult read = tests::readWell(file);
   EXPECT_EQ(read.report.account.keptUnread, 1u);
   EXPECT_NE(drawing::writeDrawingToMemory(*read.database).find("none"), std::string::npos);
 }

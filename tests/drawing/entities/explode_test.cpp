@@ -21,9 +21,7 @@ protected:
 
   template <class T>
   OdSmartPtr<T> add() {
-    const OdSmartPtr<T> entity = T::createObject();
-    tests::forWrite<OdDbBlockTableRecord>(block_)->appendOdDbEntity(entity.get());
-    return entity;
+    return tests::addTo<T>(block_);
   }
   void addLine(double x, double y) {
     const auto line = add<OdDbLine>();
@@ -32,12 +30,11 @@ protected:
   }
   template <class T>
   OdSmartPtr<T> place(double sx, double sy, double angle) {
-    const OdSmartPtr<T> reference = T::createObject();
+    const OdSmartPtr<T> reference = tests::addTo<T>(database_->getModelSpaceId());
     reference->setBlockTableRecord(block_);
     reference->setPosition({10, 0, 0});
     reference->setScaleFactors(OdGeScale3d(sx, sy, 1));
     reference->setRotation(angle);
-    tests::forWrite<OdDbBlockTableRecord>(database_->getModelSpaceId())->appendOdDbEntity(reference.get());
     return reference;
   }
 };

@@ -8,8 +8,6 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 
 using namespace test_entities;
@@ -114,11 +112,7 @@ TEST_P(RoundCurves, BecomeEllipsesInTheirPlace) {
       EXPECT_FALSE(held->isDBRO()); // what was held is the curve as it was, free
       EXPECT_EQ(pointsOf(*held)[0].distanceTo(points[0]), 0);
     }
-    auto space = tests::forRead<OdDbBlockTableRecord>(loader.database->getModelSpaceId());
-    std::vector<OdDbObjectId> order;
-    for (auto it = space->newIterator(); !it->done(); it->step())
-      order.push_back(it->objectId());
-    EXPECT_EQ(order, (std::vector<OdDbObjectId>{before, id, behind}));
+    EXPECT_EQ(tests::entitiesOf(loader.database->getModelSpaceId()), (OdDbObjectIdArray{before, id, behind}));
     tests::expectRoundTrip(*loader.database);
     tests::expectSound(*loader.database);
     ASSERT_EQ(loader.database->undo(), eOk);
@@ -176,9 +170,9 @@ double distanceTo(const std::vector<OdGePoint3d>& points, const OdGePoint3d& poi
 }
 
 constexpr const char* kHatch =
-    "100 AcDbHatch|10 0|20 0|30 2|210 0|220 0|230 1|2 ANSI31|70 0|71 0|91 1|92 1|93 3|72 1|10 1|20 2|11 4|21 2|72 "
-    "2|10 4|20 4|40 2|50 90|51 200|73 0|72 3|10 1|20 1|11 3|21 1|40 0.5|50 10|51 300|73 1|97 1|330 0|75 1|76 1|52 "
-    "0|41 1|77 0|78 1|53 45|43 1|44 2|45 -2|46 2|79 2|49 3|49 -1|98 1|10 2|20 3";
+    "100 AcDbHatch|10 0|20 0|30 2|210 0|220 0|230 1|2 ANSI31|70 0|71 0|91 1|92 1|93 3|72 1|10 1|20 2|11 4|21 2|72 2|"
+    "10 4|20 4|40 2|50 90|51 200|73 0|72 3|10 1|20 1|11 3|21 1|40 0.5|50 10|51 300|73 1|97 1|330 0|75 1|76 1|52 0|41 1|"
+    "77 0|78 1|53 45|43 1|44 2|45 -2|46 2|79 2|49 3|49 -1|98 1|10 2|20 3";
 
 // Of the edges' ends the order counts; between them the curve counts.
 TEST(HatchBoundary, KeepsItsCurveUnderEveryMatrix) {
@@ -199,8 +193,8 @@ TEST(HatchBoundary, KeepsItsCurveUnderEveryMatrix) {
 TEST(HatchBoundary, OfBentPolylineBecomesEdges) {
   Loader loader;
   OdSmartPtr<OdDbHatch> hatch =
-      loader.load("HATCH", "100 AcDbHatch|10 0|20 0|30 0|210 0|220 0|230 1|2 SOLID|70 1|71 0|91 1|92 7|72 1|73 1|93 "
-                           "3|10 0|20 0|42 1|10 4|20 0|42 0|10 2|20 -3|42 0|97 0|75 0|76 1|98 0");
+      loader.load("HATCH", "100 AcDbHatch|10 0|20 0|30 0|210 0|220 0|230 1|2 SOLID|70 1|71 0|91 1|92 7|72 1|73 1|93 3|"
+                           "10 0|20 0|42 1|10 4|20 0|42 0|10 2|20 -3|42 0|97 0|75 0|76 1|98 0");
   ASSERT_EQ(hatch->transformBy(OdGeMatrix3d::scaling(OdGeScale3d(2, 1, 1))), eOk);
   const std::string text = written(*hatch);
   EXPECT_NE(text.find("|92 5|93 3|72 3|10 4|20 0|11 4|21 0|40 0.5|50 180|51 360|73 1|"), text.npos) << text;

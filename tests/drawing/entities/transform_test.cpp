@@ -16,8 +16,6 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cmath>
 #include <set>
@@ -236,19 +234,18 @@ const Kind kKinds[] = {
      ellipsePoints, ellipseHas},
     {"Ray", "RAY", "100 AcDbRay|10 1|20 2|30 3|11 0.6|21 0.8|31 0", kAll, pointsOfRay, rayHas},
     {"Spline", "SPLINE",
-     "100 AcDbSpline|70 8|71 2|42 1e-07|43 1e-07|44 1e-10|12 1|22 2|32 0|72 6|73 3|74 1|40 0|40 0|40 0|40 1|40 1|40 "
-     "1|41 1|41 0.5|41 1|10 1|20 2|30 3|10 4|20 5|30 6|10 7|20 0|30 1|11 1|21 2|31 3",
+     "100 AcDbSpline|70 8|71 2|42 1e-07|43 1e-07|44 1e-10|12 1|22 2|32 0|72 6|73 3|74 1|40 0|40 0|40 0|40 1|40 1|40 1|"
+     "41 1|41 0.5|41 1|10 1|20 2|30 3|10 4|20 5|30 6|10 7|20 0|30 1|11 1|21 2|31 3",
      kAll, splinePoints},
     {"StraightPolyline", "LWPOLYLINE", "100 AcDbPolyline|70 1|38 2|90 3|10 1|20 2|91 5|10 4|20 2|10 4|20 7", kAll,
      polylinePoints},
     {"BentPolyline", "LWPOLYLINE",
-     "100 AcDbPolyline|70 0|43 0.5|38 2|39 3|210 0|220 0|230 -1|90 3|10 1|20 2|42 0.5|10 4|20 2|40 1|41 2|42 -2|10 "
-     "4|20 "
-     "7",
+     "100 AcDbPolyline|70 0|43 0.5|38 2|39 3|210 0|220 0|230 -1|90 3|10 1|20 2|42 0.5|10 4|20 2|40 1|41 2|42 -2|10 4|"
+     "20 7",
      kMirrors, polylinePoints},
     {"MText", "MTEXT",
-     "100 AcDbMText|10 1|20 2|30 3|40 2.5|41 40|71 5|72 1|7 Standard|11 0.6|21 0.8|31 0|42 12|43 3|73 1|44 1|1 one\\P"
-     "two|90 1|63 3|45 1.5|441 0|75 1|76 2|48 18|49 1|50 9",
+     "100 AcDbMText|10 1|20 2|30 3|40 2.5|41 40|71 5|72 1|7 Standard|11 0.6|21 0.8|31 0|42 12|43 3|73 1|44 1|"
+     "1 one\\Ptwo|90 1|63 3|45 1.5|441 0|75 1|76 2|48 18|49 1|50 9",
      kMirrors, mtextPoints},
     {"Solid", "SOLID",
      "100 AcDbTrace|10 1|20 2|30 3|11 4|21 2|31 3|12 1|22 6|32 3|13 4|23 6|33 3|39 2|210 0.6|220 0|230 -0.8", kMirrors,
@@ -257,12 +254,12 @@ const Kind kKinds[] = {
     {"Face", "3DFACE", "100 AcDbFace|10 1|20 2|30 3|11 4|21 2|31 5|12 1|22 6|32 3|13 4|23 6|33 8|70 5", kAll,
      facePoints},
     {"RotatedDimension", "DIMENSION",
-     "100 AcDbDimension|280 0|10 5|20 9|30 0|11 3|21 9|31 0|70 32|71 5|42 4|53 15|51 40|3 Standard|100 "
-     "AcDbAlignedDimension|13 1|23 2|33 0|14 5|24 3|34 0|52 20|50 30|100 AcDbRotatedDimension",
+     "100 AcDbDimension|280 0|10 5|20 9|30 0|11 3|21 9|31 0|70 32|71 5|42 4|53 15|51 40|3 Standard|"
+     "100 AcDbAlignedDimension|13 1|23 2|33 0|14 5|24 3|34 0|52 20|50 30|100 AcDbRotatedDimension",
      kMirrors, rotatedPoints},
     {"AngularDimension", "DIMENSION",
-     "100 AcDbDimension|280 0|10 5|20 9|30 0|11 3|21 9|31 0|70 34|1 about <>|71 5|42 0.5|210 0|220 0|230 -1|100 "
-     "AcDb2LineAngularDimension|13 1|23 2|33 0|14 5|24 3|34 0|15 1|25 8|35 0|16 7|26 7|36 2",
+     "100 AcDbDimension|280 0|10 5|20 9|30 0|11 3|21 9|31 0|70 34|1 about <>|71 5|42 0.5|210 0|220 0|230 -1|"
+     "100 AcDb2LineAngularDimension|13 1|23 2|33 0|14 5|24 3|34 0|15 1|25 8|35 0|16 7|26 7|36 2",
      kMirrors, angularPoints},
     {"RadialDimension", "DIMENSION",
      "100 AcDbDimension|280 0|10 1|20 2|30 3|70 4|71 5|42 5|100 AcDbRadialDimension|15 4|25 6|35 3|40 2", kMirrors,
@@ -271,17 +268,17 @@ const Kind kKinds[] = {
      "100 AcDbDimension|280 0|10 1|20 2|30 3|70 70|71 5|100 AcDbOrdinateDimension|13 4|23 6|33 3|14 9|24 9|34 3",
      kMirrors, ordinatePoints},
     {"Leader", "LEADER",
-     "100 AcDbLeader|3 Standard|71 1|72 0|73 3|74 1|75 0|40 2|41 5|76 2|10 1|20 2|30 3|10 4|20 5|30 3|212 1|222 "
-     "2|232 0",
+     "100 AcDbLeader|3 Standard|71 1|72 0|73 3|74 1|75 0|40 2|41 5|76 2|10 1|20 2|30 3|10 4|20 5|30 3|212 1|222 2|232 "
+     "0",
      kMirrors, leaderPoints},
     {"Hatch", "HATCH",
-     "100 AcDbHatch|10 0|20 0|30 2|210 0|220 0|230 1|2 ANSI31|70 0|71 0|91 2|92 1|93 2|72 1|10 1|20 2|11 4|21 2|72 "
-     "2|10 4|20 4|40 2|50 90|51 200|73 0|97 0|92 3|72 1|73 1|93 2|10 0|20 0|42 0.5|10 3|20 0|97 0|75 1|76 1|52 0|41 "
-     "1|77 0|78 1|53 45|43 1|44 2|45 -2|46 2|79 1|49 3|98 1|10 2|20 3",
+     "100 AcDbHatch|10 0|20 0|30 2|210 0|220 0|230 1|2 ANSI31|70 0|71 0|91 2|92 1|93 2|72 1|10 1|20 2|11 4|21 2|72 2|"
+     "10 4|20 4|40 2|50 90|51 200|73 0|97 0|92 3|72 1|73 1|93 2|10 0|20 0|42 0.5|10 3|20 0|97 0|75 1|76 1|52 0|41 1|"
+     "77 0|78 1|53 45|43 1|44 2|45 -2|46 2|79 1|49 3|98 1|10 2|20 3",
      kAll, hatchPoints, nullptr, true},
     {"Image", "IMAGE",
-     "100 AcDbRasterImage|90 0|10 1|20 2|30 3|11 0.1|21 0|31 0|12 0|22 0.1|32 0|13 200|23 100|340 0|70 7|280 1|71 2|91 "
-     "2|14 0|24 0|14 9|24 9",
+     "100 AcDbRasterImage|90 0|10 1|20 2|30 3|11 0.1|21 0|31 0|12 0|22 0.1|32 0|13 200|23 100|340 0|70 7|280 1|71 2|"
+     "91 2|14 0|24 0|14 9|24 9",
      kAll, picturePoints},
     {"Underlay", "PDFUNDERLAY",
      "100 AcDbUnderlayReference|340 0|10 1|20 2|30 3|41 2|42 2|43 2|50 30|280 2|11 0|21 0|11 5|21 5", kMirrors,
@@ -402,16 +399,10 @@ TEST_P(EntityKinds, LiveInADrawing) {
     });
   tests::expectRoundTrip(*loader.database);
   const std::string text = written(*entity);
-  OdDbDatabasePtr other = OdDbDatabase::create();
-  tests::skewHandles(*other);
-  OdDbIdMapping here, there;
-  OdDbObjectIdArray ids;
-  ids.append(id);
-  ASSERT_EQ(loader.database->deepCloneObjects(ids, tests::addBlock(*loader.database, L"copy"), here), eOk);
-  ASSERT_EQ(loader.database->wblockCloneObjects(ids, other->getModelSpaceId(), there, OdDb::kDrcIgnore), eOk);
-  for (const OdDbIdMapping* mapping : {&here, &there}) {
+  const OdDbDatabasePtr other = tests::skewedDrawing();
+  for (const OdDbObjectId owner : {tests::addBlock(*loader.database, L"copy"), other->getModelSpaceId()}) {
     OdDbIdPair pair(id, {}, false, false);
-    ASSERT_TRUE(mapping->compute(pair));
+    ASSERT_TRUE(tests::cloned({id}, owner).compute(pair));
     EXPECT_EQ(written(*tests::forRead<OdDbEntity>(pair.value())), text);
   }
   tests::expectSound(*other);

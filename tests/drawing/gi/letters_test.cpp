@@ -7,8 +7,6 @@
 #include "tests/drawing/gi/shots.h"
 #include "tests/support/drawings.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <sstream>
 
@@ -173,13 +171,12 @@ std::string places(const TextBlock& block) {
 }
 
 TEST(MTexts, BreakIntoLinesAndColumns) {
-  struct Case {
+  const struct {
     const wchar_t* contents;
     double width;
     std::vector<Column> columns;
     const char* heights; // of the base lines below the top, in tenths
-  };
-  const Case cases[] = {
+  } cases[] = {
       {L"H H H", 0, {}, "-10 -10 -10"},
       {L"HHH HHH HHH", 4, {}, "-10 -27 -43"},
       {L"HHHHHHHHHHHH", 4, {}, "-10"},
@@ -195,7 +192,7 @@ TEST(MTexts, BreakIntoLinesAndColumns) {
       {L"H\\PH\\PH\\PH", 4, {{1}, {2.7}, {9}}, "-10 -10 -27 -10"},
       {L"x\\S1/2;", 0, {}, "-10 -4 -14"},
   };
-  for (const Case& one : cases) {
+  for (const auto& one : cases) {
     Frame frame;
     frame.width = one.width;
     frame.columns = one.columns;
@@ -218,8 +215,7 @@ TEST(MTexts, StandByTheirAttachmentPoint) {
     const std::string entity =
         "0|MTEXT\n5|A\n100|AcDbEntity\n8|0\n100|AcDbMText\n10|50\n20|50\n30|0\n40|10\n41|0\n71|" +
         std::to_string(attachment) + "\n1|HH\\PHH\n50|0\n";
-    const drawing::ReadResult read = drawing::readDrawingFromMemory(tests::dxf(tests::section("ENTITIES", entity)));
-    ASSERT_FALSE(read.database.isNull()) << read.message;
+    const drawing::ReadResult read = tests::readWell(tests::dxf(tests::section("ENTITIES", entity)));
     const OdGeExtents3d box = reportOf(read.database).extents;
     const double height = box.maxPoint().y - box.minPoint().y, width = box.maxPoint().x - box.minPoint().x;
     EXPECT_NEAR(height, 10 + 10 * 5.0 / 3, 0.05);
@@ -229,13 +225,12 @@ TEST(MTexts, StandByTheirAttachmentPoint) {
 }
 
 TEST(Attributes, ShowByTheirModes) {
-  struct Case {
+  const struct {
     const char* flags; // of the attribute or definition
     const char* mode;  // ATTMODE
     bool shows;
-  };
-  const Case cases[] = {{"0", "1", true}, {"1", "1", false}, {"1", "2", true}, {"0", "0", false}};
-  for (const Case& one : cases) {
+  } cases[] = {{"0", "1", true}, {"1", "1", false}, {"1", "2", true}, {"0", "0", false}};
+  for (const auto& one : cases) {
     const std::string attribute = "40|10 1|HH 2|TAG 70|" + std::string(one.flags);
     const std::string header = "9|$ATTMODE 70|" + std::string(one.mode);
     const std::string reference =

@@ -18,10 +18,7 @@ protected:
 
   template <class T>
   OdSmartPtr<T> add(OdDbObjectId block = OdDbObjectId()) {
-    const OdSmartPtr<T> entity = T::createObject();
-    const OdDbObjectId into = block.isNull() ? database_->getModelSpaceId() : block;
-    tests::forWrite<OdDbBlockTableRecord>(into)->appendOdDbEntity(entity.get());
-    return entity;
+    return tests::addTo<T>(block.isNull() ? database_->getModelSpaceId() : block);
   }
   OdDbObjectId line(OdGePoint3d from, OdGePoint3d to, OdDbObjectId block = OdDbObjectId()) {
     const auto line = add<OdDbLine>(block);

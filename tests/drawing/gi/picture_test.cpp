@@ -7,8 +7,6 @@
 #include "tests/drawing/gi/shots.h"
 #include "tests/support/drawings.h"
 
-#include <gtest/gtest.h>
-
 using namespace gi_tests;
 
 namespace {
@@ -17,13 +15,12 @@ const std::string kLayers = layer("0", "70|0 62|4") + layer("RED", "70|0 62|1") 
                             layer("OFF", "70|0 62|-5") + layer("FROZEN", "70|1 62|5");
 
 TEST(PictureLook, ComesFromEntityLayerOrReference) {
-  struct Case {
+  const struct {
     const char* content;   // of the block
     const char* reference; // to it
     std::uint32_t color;
     const char* what;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"8|RED", "8|GREEN", kRed, "the entity's layer"},
       {"8|RED 62|5", "8|GREEN", kBlue, "the entity's own"},
       {"8|0", "8|GREEN", kGreen, "layer 0 is the reference's"},
@@ -40,7 +37,7 @@ TEST(PictureLook, ComesFromEntityLayerOrReference) {
       {"8|RED", "8|FROZEN", kWhite, "anything in a frozen reference"},
       {"8|RED 60|1", "8|GREEN", kWhite, "an invisible entity"},
   };
-  for (const Case& one : cases) {
+  for (const auto& one : cases) {
     const std::string inner = block("IN", square(0, 0, one.content));
     const Shot direct(drawingOf(insert("IN", one.reference + std::string(" 10|20 20|20")), inner, kLayers));
     EXPECT_EQ(direct.at(25, 25), one.color) << one.what;
@@ -74,18 +71,16 @@ TEST(Picture, DrawsInTheDrawingOrder) {
   order->setBlockId(space->objectId());
   OdDbObjectId dictionary = space->createExtensionDictionary();
   tests::forWrite<OdDbDictionary>(dictionary)->setAt(L"ACAD_SORTENTS", order.get());
-  OdDbObjectIdArray first;
-  first.append(space->drawOrder()[0]);
+  OdDbObjectIdArray first{space->drawOrder()[0]};
   order->moveToTop(first);
   EXPECT_EQ(Shot(database).at(27, 25), kRed);
 }
 
 TEST(Picture, PlacesReferences) {
-  struct Case {
+  const struct {
     const char* reference;
     double x, y; // the middle of the square that the block has at 0, 0 to 10, 10
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"10|40 20|40", 45, 45},
       {"10|40 20|40 50|90", 35, 45},
       {"10|40 20|40 41|-1", 35, 45},
@@ -94,7 +89,7 @@ TEST(Picture, PlacesReferences) {
       {"10|40 20|40 70|3 71|2 44|20 45|-20", 85, 25},      // the last of an array
       {"10|40 20|40 50|90 70|2 71|2 44|20 45|20", 15, 65}, // which turns with the reference
   };
-  for (const Case& one : cases) {
+  for (const auto& one : cases) {
     const Shot shot(drawingOf(insert("IN", one.reference), block("IN", square(0, 0))));
     EXPECT_EQ(shot.at(one.x, one.y), kBlack) << one.reference;
   }
@@ -104,8 +99,7 @@ TEST(Picture, PlacesReferences) {
 
 TEST(Picture, RepeatsArraysWithTheirAttributes) {
   const std::string entities =
-      "0|INSERT 66|1 2|IN 8|0 10|5 20|5 70|4 71|3 44|25 45|30 0|ATTRIB 8|0 10|5 20|20 40|8 1|H "
-      "2|TAG 70|0 0|SEQEND 8|0";
+      "0|INSERT 66|1 2|IN 8|0 10|5 20|5 70|4 71|3 44|25 45|30 0|ATTRIB 8|0 10|5 20|20 40|8 1|H 2|TAG 70|0 0|SEQEND 8|0";
   const Shot shot(drawingOf(entities, block("IN", square(0, 0, "62|1"))));
   for (const double x : {0, 25, 50, 75})
     for (const double y : {0, 30, 60}) {
@@ -119,13 +113,13 @@ std::string clipped(const std::string& boundary, const std::string& more = {}) {
   const std::string unit = "40|1\n40|0\n40|0\n40|0\n40|0\n40|1\n40|0\n40|0\n40|0\n40|0\n40|1\n40|0\n";
   return tests::section("BLOCKS", "0|BLOCK\n5|B1\n8|0\n2|FULL\n70|0\n10|0\n20|0\n0|SOLID\n5|B2\n8|0\n62|1\n10|0\n20|0\n"
                                   "11|100\n21|0\n12|0\n22|100\n13|100\n23|100\n0|ENDBLK\n5|B3\n8|0\n") +
-         tests::section("ENTITIES", "0|INSERT\n5|A1\n102|{ACAD_XDICTIONARY\n360|D0\n102|}\n100|AcDbEntity\n8|0\n100|"
-                                    "AcDbBlockReference\n2|FULL\n10|0\n20|0\n30|0\n") +
+         tests::section("ENTITIES", "0|INSERT\n5|A1\n102|{ACAD_XDICTIONARY\n360|D0\n102|}\n100|AcDbEntity\n8|0\n"
+                                    "100|AcDbBlockReference\n2|FULL\n10|0\n20|0\n30|0\n") +
          tests::section("OBJECTS",
                         "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n0|DICTIONARY\n5|D0\n330|A1\n100|AcDbDictionary\n"
                         "3|ACAD_FILTER\n350|D1\n0|DICTIONARY\n5|D1\n330|D0\n100|AcDbDictionary\n3|SPATIAL\n350|D2\n"
-                        "0|SPATIAL_FILTER\n5|D2\n102|{ACAD_XDICTIONARY\n360|D3\n102|}\n330|D1\n100|AcDbFilter\n100|"
-                        "AcDbSpatialFilter\n" +
+                        "0|SPATIAL_FILTER\n5|D2\n102|{ACAD_XDICTIONARY\n360|D3\n102|}\n330|D1\n100|AcDbFilter\n"
+                        "100|AcDbSpatialFilter\n" +
                             boundary + "210|0\n220|0\n230|1\n11|0\n21|0\n31|0\n71|1\n72|0\n73|0\n" + unit + unit +
                             more);
 }
@@ -134,26 +128,24 @@ TEST(Picture, CutsClippedReferences) {
   const std::string box = "70|2\n10|20\n20|20\n10|60\n20|60\n";
   const std::string triangle = "70|3\n10|20\n20|20\n10|80\n20|20\n10|20\n20|80\n";
   const auto inverted = [](const char* boundary) {
-    return "0|DICTIONARY\n5|D3\n330|D2\n100|AcDbDictionary\n3|ROUNDTRIP\n350|D4\n0|XRECORD\n5|D4\n330|D3\n100|"
-           "AcDbXrecord\n280|1\n102|ACAD_INVERTEDCLIP_ROUNDTRIP\n10|40\n20|40\n30|0\n10|70\n20|70\n30|0\n102|"
-           "ACAD_INVERTEDCLIP_ROUNDTRIP_COMPARE\n" +
+    return "0|DICTIONARY\n5|D3\n330|D2\n100|AcDbDictionary\n3|ROUNDTRIP\n350|D4\n0|XRECORD\n5|D4\n330|D3\n"
+           "100|AcDbXrecord\n280|1\n102|ACAD_INVERTEDCLIP_ROUNDTRIP\n10|40\n20|40\n30|0\n10|70\n20|70\n30|0\n"
+           "102|ACAD_INVERTEDCLIP_ROUNDTRIP_COMPARE\n" +
            std::string(boundary);
   };
-  struct Case {
+  const struct {
     std::string file;
     const char* inside; // of the places 10/10, 30/30, 50/50, 75/75
     double extent;      // to the right
     const char* what;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {clipped(box), "-++-", 60, "a rectangle"},
       {clipped(triangle), "-+--", 80, "a polygon"},
       {clipped(box, inverted("10|20\n20|20\n30|0\n10|60\n20|60\n30|0\n")), "++-+", 100, "a hole"},
       {clipped(box, inverted("10|20\n20|20\n30|0\n10|61\n20|60\n30|0\n")), "-++-", 60, "a hole of another boundary"},
   };
-  for (const Case& one : cases) {
-    const drawing::ReadResult read = drawing::readDrawingFromMemory(tests::dxf(one.file));
-    ASSERT_FALSE(read.database.isNull()) << read.message;
+  for (const auto& one : cases) {
+    const drawing::ReadResult read = tests::readWell(tests::dxf(one.file));
     const Shot shot(read.database);
     std::string inside;
     for (const double place : {10.0, 30.0, 50.0, 75.0})
@@ -233,11 +225,10 @@ TEST(Picture, EndsWithinItsLimits) {
 }
 
 TEST(Picture, TellsWhatItDoesNotShow) {
-  struct Case {
+  const struct {
     std::string entities, told;
     bool isEmpty;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"", "", true},
       {"0|LIGHT 8|0", "", true},
       {"0|SHAPE 5|A1 8|0 10|1 20|1 40|1 2|ARROW 0|SHAPE 5|A2 8|0 10|1 20|1 40|1 2|ARROW", "SHAPE shape-file 2 A1",
@@ -246,7 +237,7 @@ TEST(Picture, TellsWhatItDoesNotShow) {
       {"0|DIMENSION 5|A1 8|0 70|6 10|1 20|1", "DIMENSION no-picture 1 A1", true},
       {square(0, 0) + "0|TEXT 5|A1 8|0 10|1 20|1 40|1 1|\\U+E123", "TEXT letters 1 A1", false},
   };
-  for (const Case& one : cases) {
+  for (const auto& one : cases) {
     const drawing::PictureReport report = reportOf(drawingOf(one.entities));
     std::string told;
     for (const drawing::NotDrawn& left : report.notDrawn)

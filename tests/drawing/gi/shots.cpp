@@ -1,10 +1,9 @@
 #include "tests/drawing/gi/shots.h"
 
-#include "DbDxf.h"
+#include "tests/support/drawings.h"
 
 #include <algorithm>
 #include <cmath>
-#include <gtest/gtest.h>
 #include <sstream>
 
 namespace gi_tests {
@@ -38,9 +37,7 @@ OdDbDatabasePtr drawingOf(const std::string& entities, const std::string& blocks
   const std::string lines =
       linesOf("0|SECTION 2|HEADER 9|$ACADVER 1|AC1009 " + header + " 0|ENDSEC 0|SECTION 2|TABLES " + tables +
               " 0|ENDSEC 0|SECTION 2|BLOCKS " + blocks + " 0|ENDSEC 0|SECTION 2|ENTITIES " + entities + " 0|ENDSEC");
-  const drawing::ReadResult read = drawing::readDrawingFromMemory(lines + "0\nEOF\n");
-  EXPECT_FALSE(read.database.isNull()) << read.message;
-  return read.database;
+  return tests::readWell(lines + "0\nEOF\n").database;
 }
 
 std::string block(const std::string& name, const std::string& entities) {

@@ -3,8 +3,6 @@
 #include "tests/drawing/gi/shots.h"
 #include "tests/support/drawings.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cmath>
 
@@ -14,23 +12,19 @@ namespace {
 
 // A drawing of the newest plain form, for kinds that early files do not have.
 OdDbDatabasePtr modern(const std::string& entities, const std::string& tables = {}) {
-  const drawing::ReadResult read =
-      drawing::readDrawingFromMemory(tests::dxf(tables + tests::section("ENTITIES", entities)));
-  EXPECT_FALSE(read.database.isNull()) << read.message;
-  return read.database;
+  return tests::readWell(tests::dxf(tables + tests::section("ENTITIES", entities))).database;
 }
 
 TEST(Strokes, FollowTheirLineTypes) {
   const std::string types = "0|TABLE\n2|LTYPE\n70|2\n0|LTYPE\n2|DASHED\n70|0\n3|-\n72|65\n73|2\n40|20\n49|12\n49|-8\n"
                             "0|LTYPE\n2|DOTTED\n70|0\n3|.\n72|65\n73|2\n40|25\n49|0\n49|-25\n0|ENDTAB\n";
   const std::string layers = "0|TABLE\n2|LAYER\n70|1\n0|LAYER\n2|L\n70|0\n62|7\n6|DASHED\n0|ENDTAB\n";
-  struct Case {
+  const struct {
     const char* line;   // its properties, and its places where they are not 0 to 100
     const char* header; // LTSCALE
     const char* drawn;  // at 5, 15, 25 ... 95
     const char* what;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"8|0\n", "1", "##########", "continuous"},
       {"8|0\n6|DASHED\n", "1", "#.#.#.#.#.", "dashes of twelve, gaps of eight"},
       {"8|L\n", "1", "#.#.#.#.#.", "by layer"},
@@ -39,19 +33,18 @@ TEST(Strokes, FollowTheirLineTypes) {
       {"8|0\n6|DASHED\n", "2", "##..##..##", "the drawing's scale"},
       {"8|0\n6|DASHED\n48|0.01\n", "1", "##########", "too fine to show"},
       {"8|0\n6|DASHED\n10|-1010\n20|50.5\n11|99\n21|50.5\n", "1", ".#.#.#.#.#", "begins outside"},
-      {"8|0\n6|DASHED\n66|1\n70|0\n0|VERTEX\n8|0\n10|0\n20|50.5\n0|VERTEX\n8|0\n10|15\n20|50.5\n0|VERTEX\n8|0\n10|"
-       "100\n20|50.5\n0|SEQEND\n8|0\n",
+      {"8|0\n6|DASHED\n66|1\n70|0\n0|VERTEX\n8|0\n10|0\n20|50.5\n0|VERTEX\n8|0\n10|15\n20|50.5\n0|VERTEX\n8|0\n10|100\n"
+       "20|50.5\n0|SEQEND\n8|0\n",
        "1", "#.#.#.#.#.", "goes on over a corner"},
   };
-  for (const Case& one : cases) {
+  for (const auto& one : cases) {
     const std::string line = one.line;
     const bool isPolyline = line.find("VERTEX") != line.npos, isPlaced = line.find("10|") != line.npos;
     const std::string file = "0|SECTION\n2|HEADER\n9|$ACADVER\n1|AC1009\n9|$LTSCALE\n40|" + std::string(one.header) +
                              "\n0|ENDSEC\n" + tests::section("TABLES", types + layers) +
                              tests::section("ENTITIES", (isPolyline ? "0|POLYLINE\n" : "0|LINE\n") + line +
                                                             (isPlaced ? "" : "10|0\n20|50.5\n11|100\n21|50.5\n"));
-    const drawing::ReadResult read = drawing::readDrawingFromMemory(tests::dxf(file, ""));
-    ASSERT_FALSE(read.database.isNull()) << read.message;
+    const drawing::ReadResult read = tests::readWell(tests::dxf(file, ""));
     const std::string row = Shot(read.database).row(50.5);
     std::string drawn;
     for (std::size_t x = 5; x < 100; x += 10)
@@ -61,11 +54,10 @@ TEST(Strokes, FollowTheirLineTypes) {
 }
 
 TEST(Strokes, AreWhereTheirCurvesAre) {
-  struct Case {
+  const struct {
     const char* entity;
     double onX, onY, offX, offY;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"0|LINE 8|0 10|10 20|10.5 11|90 21|10.5", 50, 10.5, 50, 14},
       {"0|CIRCLE 8|0 10|50 20|50 40|30.5", 80.5, 50, 50, 50},
       {"0|ARC 8|0 10|50 20|50 40|30.5 50|90 51|180", 28.5, 71.5, 71.5, 71.5},
@@ -86,8 +78,7 @@ TEST(Strokes, AreWhereTheirCurvesAre) {
        "70|64 10|10 20|90.5 0|VERTEX 8|0 70|64 10|90 20|90.5 0|SEQEND 8|0",
        50, 90.5, 50, 50},
       {"0|POLYLINE 8|0 66|1 70|64 71|3 72|1 0|VERTEX 8|0 70|192 10|10 20|10 0|VERTEX 8|0 70|192 10|90 20|10 0|VERTEX "
-       "8|0 "
-       "70|192 10|90 20|90.5 0|VERTEX 8|0 70|128 10|0 20|0 71|1 72|2 73|-3 0|SEQEND 8|0",
+       "8|0 70|192 10|90 20|90.5 0|VERTEX 8|0 70|128 10|0 20|0 71|1 72|2 73|-3 0|SEQEND 8|0",
        89.9, 50, 50, 50},
       {"0|DIMENSION 8|0 70|1 10|50 20|80.5 11|50 21|90 13|10 23|10 14|90 24|10", 30, 80.5, 50, 40},
       {"0|DIMENSION 8|0 70|0 10|50.5 20|50 11|60 21|50 13|10 23|10 14|30 24|90 50|90", 50.5, 30, 20, 50},
@@ -95,7 +86,7 @@ TEST(Strokes, AreWhereTheirCurvesAre) {
       {"0|XLINE 8|0 100|AcDbXline 10|1000 20|50.5 11|1 21|0", 50, 50.5, 50, 54},
       {"0|RAY 8|0 100|AcDbRay 10|50 20|50.5 11|-1 21|0", 20, 50.5, 80, 50.5},
   };
-  for (const Case& one : cases) {
+  for (const auto& one : cases) {
     const Shot shot(drawingOf(one.entity));
     EXPECT_NE(shot.at(one.onX, one.onY), kWhite) << one.entity;
     EXPECT_EQ(shot.at(one.offX, one.offY), kWhite) << one.entity;
@@ -103,64 +94,53 @@ TEST(Strokes, AreWhereTheirCurvesAre) {
 }
 
 TEST(Strokes, OfLaterKindsToo) {
-  struct Case {
-    std::string entity;
+  const struct {
+    const char *kind, *groups;
     double onX, onY, offX, offY;
-  };
-  const std::string head = "100|AcDbEntity\n8|0\n";
-  const Case cases[] = {
-      {"0|ELLIPSE\n5|A\n" + head +
-           "100|AcDbEllipse\n10|50\n20|50\n30|0\n11|40\n21|0\n31|0\n40|0.5\n41|0\n42|3.14159265\n",
-       50, 69.9, 50, 30},
-      {"0|SPLINE\n5|A\n" + head +
-           "100|AcDbSpline\n70|8\n71|2\n72|6\n73|3\n74|0\n40|0\n40|0\n40|0\n40|1\n40|1\n40|1\n10|10\n20|10\n30|0\n10|"
-           "50\n"
-           "20|91\n30|0\n10|90\n20|10\n30|0\n",
+  } cases[] = {
+      {"ELLIPSE", "100|AcDbEllipse\n10|50\n20|50\n30|0\n11|40\n21|0\n31|0\n40|0.5\n41|0\n42|3.14159265\n", 50, 69.9, 50,
+       30},
+      {"SPLINE",
+       "100|AcDbSpline\n70|8\n71|2\n72|6\n73|3\n74|0\n40|0\n40|0\n40|0\n40|1\n40|1\n40|1\n10|10\n20|10\n30|0\n10|50\n"
+       "20|91\n30|0\n10|90\n20|10\n30|0\n",
        50, 50.5, 50, 80},
-      {"0|SPLINE\n5|A\n" + head +
-           "100|AcDbSpline\n70|8\n71|3\n72|0\n73|0\n74|3\n11|10\n21|10\n31|0\n11|50\n21|70\n31|0\n"
-           "11|90\n21|10\n31|0\n",
-       50, 69.9, 50, 50},
-      {"0|LWPOLYLINE\n5|A\n" + head + "100|AcDbPolyline\n90|2\n70|0\n43|8\n10|10\n20|50\n10|90\n20|50\n", 50, 53, 50,
-       56},
-      {"0|LEADER\n5|A\n" + head +
-           "100|AcDbLeader\n71|1\n72|0\n73|3\n76|2\n10|10\n20|50.5\n30|0\n10|90\n20|50.5\n30|0\n",
-       50, 50.5, 50, 54},
-      {"0|MESH\n5|A\n" + head +
-           "100|AcDbSubDMesh\n71|2\n72|0\n91|0\n92|3\n10|10\n20|10\n30|0\n10|90\n20|10\n30|0\n10|50\n"
-           "20|90\n30|0\n93|4\n90|3\n90|0\n90|1\n90|2\n94|0\n95|0\n",
+      {"SPLINE",
+       "100|AcDbSpline\n70|8\n71|3\n72|0\n73|0\n74|3\n11|10\n21|10\n31|0\n11|50\n21|70\n31|0\n11|90\n21|10\n31|0\n", 50,
+       69.9, 50, 50},
+      {"LWPOLYLINE", "100|AcDbPolyline\n90|2\n70|0\n43|8\n10|10\n20|50\n10|90\n20|50\n", 50, 53, 50, 56},
+      {"LEADER", "100|AcDbLeader\n71|1\n72|0\n73|3\n76|2\n10|10\n20|50.5\n30|0\n10|90\n20|50.5\n30|0\n", 50, 50.5, 50,
+       54},
+      {"MESH",
+       "100|AcDbSubDMesh\n71|2\n72|0\n91|0\n92|3\n10|10\n20|10\n30|0\n10|90\n20|10\n30|0\n10|50\n20|90\n30|0\n93|4\n"
+       "90|3\n90|0\n90|1\n90|2\n94|0\n95|0\n",
        50, 10.1, 50, 50},
-      {"0|MLINE\n5|A\n" + head +
-           "100|AcDbMline\n2|S\n40|10\n70|0\n71|1\n72|2\n73|2\n10|10\n20|50\n30|0\n11|10\n21|50\n31|0\n12|1\n22|0\n32|"
-           "0\n"
-           "13|0\n23|1\n33|0\n74|4\n41|10.5\n41|0\n41|20\n41|60\n75|0\n74|2\n41|-10\n41|0\n75|0\n11|90\n21|50\n31|"
-           "0\n12|1\n"
-           "22|0\n32|0\n13|0\n23|1\n33|0\n74|2\n41|10.5\n41|0\n75|0\n74|2\n41|-10\n41|0\n75|0\n",
+      {"MLINE",
+       "100|AcDbMline\n2|S\n40|10\n70|0\n71|1\n72|2\n73|2\n10|10\n20|50\n30|0\n11|10\n21|50\n31|0\n12|1\n22|0\n32|0\n"
+       "13|0\n23|1\n33|0\n74|4\n41|10.5\n41|0\n41|20\n41|60\n75|0\n74|2\n41|-10\n41|0\n75|0\n11|90\n21|50\n31|0\n12|1\n"
+       "22|0\n32|0\n13|0\n23|1\n33|0\n74|2\n41|10.5\n41|0\n75|0\n74|2\n41|-10\n41|0\n75|0\n",
        20, 60.5, 50, 60.5},
-      {"0|MULTILEADER\n5|A\n" + head +
-           "100|AcDbMLeader\n270|2\n300|CONTEXT_DATA{\n40|1\n41|5\n140|16\n304|HH\n12|85\n22|60\n32|0\n302|LEADER{"
-           "\n290|1\n"
-           "10|60\n20|50.5\n30|0\n11|1\n21|0\n31|0\n40|20\n304|LEADER_LINE{\n10|10\n20|50.5\n30|0\n305|}\n303|}\n301|}"
-           "\n172|"
-           "2\n",
+      {"MULTILEADER",
+       "100|AcDbMLeader\n270|2\n300|CONTEXT_DATA{\n40|1\n41|5\n140|16\n304|HH\n12|85\n22|60\n32|0\n302|LEADER{\n290|1\n"
+       "10|60\n20|50.5\n30|0\n11|1\n21|0\n31|0\n40|20\n304|LEADER_LINE{\n10|10\n20|50.5\n30|0\n305|}\n303|}\n301|}\n"
+       "172|2\n",
        75, 50.5, 85, 50.5}, // as far as the dogleg
-      {"0|TOLERANCE\n5|A\n" + head + "100|AcDbFcf\n10|10\n20|50\n30|0\n1|.5%%vA\n11|1\n21|0\n31|0\n", 10.1, 50, 50, 50},
-      {"0|IMAGE\n5|A\n" + head +
-           "100|AcDbRasterImage\n90|0\n10|10\n20|10\n30|0\n11|0.5\n21|0\n31|0\n12|0\n22|0.5\n32|0\n13|160\n23|81\n70|"
-           "7\n",
+      {"TOLERANCE", "100|AcDbFcf\n10|10\n20|50\n30|0\n1|.5%%vA\n11|1\n21|0\n31|0\n", 10.1, 50, 50, 50},
+      {"IMAGE",
+       "100|AcDbRasterImage\n90|0\n10|10\n20|10\n30|0\n11|0.5\n21|0\n31|0\n12|0\n22|0.5\n32|0\n13|160\n23|81\n70|7\n",
        50, 50.5, 50, 30},
-      {"0|WIPEOUT\n5|A\n" + head +
-           "100|AcDbWipeout\n90|0\n10|0\n20|0\n30|0\n11|100\n21|0\n31|0\n12|0\n22|100\n32|0\n13|1\n23|1\n70|7\n280|"
-           "1\n71|1\n"
-           "91|2\n14|-0.5\n24|-0.5\n14|0\n24|0.5\n",
+      {"WIPEOUT",
+       "100|AcDbWipeout\n90|0\n10|0\n20|0\n30|0\n11|100\n21|0\n31|0\n12|0\n22|100\n32|0\n13|1\n23|1\n70|7\n280|1\n"
+       "71|1\n91|2\n14|-0.5\n24|-0.5\n14|0\n24|0.5\n",
        75, 50.5, 25, 50.5},
   };
-  const std::string under = "0|LINE\n5|9\n" + head + "100|AcDbLine\n10|0\n20|50.5\n30|0\n11|100\n21|50.5\n31|0\n";
-  for (const Case& one : cases) {
-    const bool isWipeout = one.entity.find("WIPEOUT") != std::string::npos;
-    const Shot shot(modern((isWipeout ? under : "") + one.entity));
-    EXPECT_NE(shot.at(one.onX, one.onY), kWhite) << one.entity;
-    EXPECT_EQ(shot.at(one.offX, one.offY), kWhite) << one.entity;
+  const auto entity = [](const std::string& kind, const char* handle, const std::string& groups) {
+    return "0|" + kind + "\n5|" + handle + "\n100|AcDbEntity\n8|0\n" + groups;
+  };
+  const std::string under = entity("LINE", "9", "100|AcDbLine\n10|0\n20|50.5\n30|0\n11|100\n21|50.5\n31|0\n");
+  for (const auto& one : cases) {
+    const Shot shot(modern((one.kind == std::string("WIPEOUT") ? under : "") + entity(one.kind, "A", one.groups)));
+    EXPECT_NE(shot.at(one.onX, one.onY), kWhite) << one.kind;
+    EXPECT_EQ(shot.at(one.offX, one.offY), kWhite) << one.kind;
   }
 }
 
@@ -174,25 +154,23 @@ TEST(Fills, CoverTheirArea) {
   const std::string head =
       "0|HATCH\n5|A\n100|AcDbEntity\n8|0\n62|1\n100|AcDbHatch\n10|0\n20|0\n30|0\n210|0\n220|0\n230|1\n";
   const std::string lines = "52|0\n41|1\n77|0\n78|1\n53|0\n43|0\n44|0.5\n45|0\n46|10\n79|0\n98|0\n";
-  struct Case {
+  const struct {
     std::string hatch;
     std::size_t area;
     std::uint32_t color; // where it is filled: 15, 15
     const char* what;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {head + "2|SOLID\n70|1\n71|0\n91|1\n" + loop(10, 90) + "75|0\n76|1\n98|0\n", 6400, kRed, "solid"},
       {head + "2|SOLID\n70|1\n71|0\n91|2\n" + loop(10, 90) + loop(30, 70) + "75|0\n76|1\n98|0\n", 4800, kRed, "a hole"},
       {head + "2|SOLID\n70|1\n71|0\n91|3\n" + loop(10, 90) + loop(30, 70) + loop(40, 60) + "75|0\n76|1\n98|0\n", 5200,
        kRed, "an island"},
       {head + "2|SOLID\n70|1\n71|0\n91|1\n" + loop(10, 90) +
-           "75|0\n76|1\n98|0\n450|1\n451|0\n460|0\n461|0\n452|0\n462|0\n453|2\n463|0\n63|5\n421|255\n463|1\n63|2\n421|"
-           "65280\n470|"
-           "LINEAR\n",
+           "75|0\n76|1\n98|0\n450|1\n451|0\n460|0\n461|0\n452|0\n462|0\n453|2\n463|0\n63|5\n421|255\n463|1\n63|2\n"
+           "421|65280\n470|LINEAR\n",
        6400, kBlue, "a gradient begins with its first colour"},
       {head + "2|LINE\n70|0\n71|0\n91|1\n" + loop(10, 90) + "75|0\n76|1\n" + lines, 8 * 80, kWhite, "eight lines"},
   };
-  for (const Case& one : cases) {
+  for (const auto& one : cases) {
     const Shot shot(modern(one.hatch));
     EXPECT_NEAR(static_cast<double>(shot.inked()), static_cast<double>(one.area), 0.05 * one.area) << one.what;
     EXPECT_EQ(shot.at(15, 15), one.color) << one.what;
@@ -215,18 +193,17 @@ TEST(Strokes, AreAsWideAsTheirWeights) {
 }
 
 TEST(Points, ShowTheirSigns) {
-  struct Case {
+  const struct {
     const char* header;
     bool middle, right, rim; // ink at the point, beside it on its own height, and on the circle around it
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"", true, false, false},
       {"9|$PDMODE 70|1 9|$PDSIZE 40|20", false, false, false},
       {"9|$PDMODE 70|2 9|$PDSIZE 40|20", true, true, false},
       {"9|$PDMODE 70|33 9|$PDSIZE 40|20", false, false, true},
       {"9|$PDMODE 70|34 9|$PDSIZE 40|-20", true, true, true},
   };
-  for (const Case& one : cases) {
+  for (const auto& one : cases) {
     const Shot shot(drawingOf("0|POINT 8|0 10|50.5 20|50.5", "", "", one.header));
     EXPECT_EQ(shot.at(50.5, 50.5) != kWhite, one.middle) << one.header;
     EXPECT_EQ(shot.at(56.5, 50.5) != kWhite, one.right) << one.header;
@@ -236,11 +213,10 @@ TEST(Points, ShowTheirSigns) {
 
 TEST(Sheets, ShowModelSpaceInTheirViewports) {
   const std::string views =
-      "0|VIEWPORT 67|1 8|0 10|50 20|50 40|100 41|100 68|1 69|1 "
-      "0|VIEWPORT 67|1 8|RED 10|30 20|30 40|40 41|40 68|2 69|2 1001|ACAD 1000|MVIEW 1002|{ 1070|16 "
-      "1010|0 1020|0 1030|0 1010|0 1020|0 1030|1 1040|0 1040|20 1040|5 1040|5 1040|50 1040|0 1040|0 "
-      "1070|0 1070|1000 1070|1 1070|3 1070|0 1070|0 1070|0 1070|0 1040|0 1040|0 1040|0 1040|1 1040|1 "
-      "1040|1 1040|1 1070|0 1002|{ 1003|GREEN 1002|} 1002|} ";
+      "0|VIEWPORT 67|1 8|0 10|50 20|50 40|100 41|100 68|1 69|1 0|VIEWPORT 67|1 8|RED 10|30 20|30 40|40 41|40 68|2 69|2 "
+      "1001|ACAD 1000|MVIEW 1002|{ 1070|16 1010|0 1020|0 1030|0 1010|0 1020|0 1030|1 1040|0 1040|20 1040|5 1040|5 "
+      "1040|50 1040|0 1040|0 1070|0 1070|1000 1070|1 1070|3 1070|0 1070|0 1070|0 1070|0 1040|0 1040|0 1040|0 1040|1 "
+      "1040|1 1040|1 1040|1 1070|0 1002|{ 1003|GREEN 1002|} 1002|} ";
   const OdDbDatabasePtr database = drawingOf(square(0, 0, "62|5") + square(0, -10, "8|GREEN") + square(300, 0) + views,
                                              "", layer("RED", "70|0 62|1") + layer("GREEN", "70|0 62|3"));
   const Shot shot(database, database->getPaperSpaceId());

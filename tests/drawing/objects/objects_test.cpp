@@ -10,8 +10,6 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
 using namespace tests;
@@ -29,16 +27,16 @@ struct ObjectKind {
 
 const ObjectKind kObjectKinds[] = {
     {"MLINESTYLE",
-     "100|AcDbMlineStyle\n2|TWO\n70|1\n3|two strokes\n62|3\n51|90\n52|45\n71|2\n49|0.5\n62|1\n6|DASHED\n49|-0.5\n62|"
-     "256\n420|255\n6|ByLayer\n",
+     "100|AcDbMlineStyle\n2|TWO\n70|1\n3|two strokes\n62|3\n51|90\n52|45\n71|2\n49|0.5\n62|1\n6|DASHED\n49|-0.5\n"
+     "62|256\n420|255\n6|ByLayer\n",
      "two strokes filled 3 45 0.5/1/DASHED -0.5/256/ByLayer 255"},
     {"MLEADERSTYLE",
-     "100|AcDbMLeaderStyle\n179|2\n170|2\n171|1\n40|0\n340|E1\n290|1\n42|0.09\n43|0.36\n3|Usual\n44|0.18\n300|new\n342|"
-     "11\n45|0.2\n47|1\n142|2.5\n271|0\n",
+     "100|AcDbMLeaderStyle\n179|2\n170|2\n171|1\n40|0\n340|E1\n290|1\n42|0.09\n43|0.36\n3|Usual\n44|0.18\n300|new\n"
+     "342|11\n45|0.2\n47|1\n142|2.5\n271|0\n",
      "Usual Mine 2 2.5 0.2 0.18 0.36 new"},
     {"TABLESTYLE",
-     "100|AcDbTableStyle\n280|0\n3|Plain\n70|1\n71|0\n40|0.06\n41|0.08\n280|0\n281|1\n7|Standard\n140|0.18\n170|2\n7|"
-     "Notes\n140|0.25\n7|Heads\n140|0.3\n",
+     "100|AcDbTableStyle\n280|0\n3|Plain\n70|1\n71|0\n40|0.06\n41|0.08\n280|0\n281|1\n7|Standard\n140|0.18\n170|2\n"
+     "7|Notes\n140|0.25\n7|Heads\n140|0.3\n",
      "Plain up 0.08 0 1 Heads 0.3"},
     {"VISUALSTYLE", "100|AcDbVisualStyle\n2|Flat\n70|4\n177|3\n291|1\n70|58\n90|0\n176|1\n90|2\n176|1\n", "Flat 4 1"},
     {"MATERIAL", "100|AcDbMaterial\n1|Beech\n2|wood\n70|1\n90|5\n40|0.5\n42|1\n42|0\n72|1\n94|63\n", "Beech wood"},
@@ -52,10 +50,9 @@ const ObjectKind kObjectKinds[] = {
     {"ACDBPLACEHOLDER", "", ""},
     {"GROUP", "100|AcDbGroup\n300|chairs\n70|0\n71|1\n340|A2\n340|A1\n", "chairs Mine 1 A2 A1"},
     {"SPATIAL_FILTER",
-     "100|AcDbFilter\n100|AcDbSpatialFilter\n70|2\n10|1\n20|2\n10|3\n20|5\n210|0\n220|0\n230|1\n11|0\n21|0\n31|0\n71|"
-     "1\n"
-     "72|1\n40|7\n73|1\n41|-2\n40|2\n40|0\n40|0\n40|-10\n40|0\n40|2\n40|0\n40|4\n40|0\n40|0\n40|2\n40|0\n40|1\n40|0\n"
-     "40|0\n40|1\n40|0\n40|1\n40|0\n40|0\n40|0\n40|0\n40|1\n40|0\n",
+     "100|AcDbFilter\n100|AcDbSpatialFilter\n70|2\n10|1\n20|2\n10|3\n20|5\n210|0\n220|0\n230|1\n11|0\n21|0\n31|0\n"
+     "71|1\n72|1\n40|7\n73|1\n41|-2\n40|2\n40|0\n40|0\n40|-10\n40|0\n40|2\n40|0\n40|4\n40|0\n40|0\n40|2\n40|0\n40|1\n"
+     "40|0\n40|0\n40|1\n40|0\n40|1\n40|0\n40|0\n40|0\n40|0\n40|1\n40|0\n",
      "1 7 -2 -10/8 -6/8 -6/14 -10/14"},
 };
 
@@ -140,15 +137,14 @@ constexpr OdDbHandle kObject(0xD1);
 OdDbDatabasePtr drawingWith(const std::string& kind, const std::string& lines) {
   const std::string entities = "0|POINT\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbPoint\n10|0\n20|0\n30|0\n"
                                "0|POINT\n5|A2\n100|AcDbEntity\n8|0\n100|AcDbPoint\n10|1\n20|0\n30|0\n";
-  const std::string tables = "0|TABLE\n2|LTYPE\n5|5\n100|AcDbSymbolTable\n70|1\n0|LTYPE\n5|E1\n100|"
-                             "AcDbSymbolTableRecord\n100|AcDbLinetypeTableRecord\n2|DASHED\n70|0\n3|\n72|65\n73|0\n40|"
-                             "0\n0|ENDTAB\n";
-  const drawing::ReadResult read = drawing::readDrawingFromMemory(
-      dxf(section("TABLES", tables) + section("ENTITIES", entities) +
-          section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n3|ACAD_THINGS\n350|D\n"
-                             "0|DICTIONARY\n5|D\n330|C\n100|AcDbDictionary\n281|1\n3|Mine\n350|D1\n0|" +
-                                 kind + "\n5|D1\n330|D\n" + lines)));
-  EXPECT_FALSE(read.database.isNull()) << read.message;
+  const std::string tables = "0|TABLE\n2|LTYPE\n5|5\n100|AcDbSymbolTable\n70|1\n0|LTYPE\n5|E1\n"
+                             "100|AcDbSymbolTableRecord\n100|AcDbLinetypeTableRecord\n2|DASHED\n70|0\n3|\n72|65\n73|0\n"
+                             "40|0\n0|ENDTAB\n";
+  const drawing::ReadResult read =
+      readWell(dxf(section("TABLES", tables) + section("ENTITIES", entities) +
+                   section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n3|ACAD_THINGS\n350|D\n"
+                                      "0|DICTIONARY\n5|D\n330|C\n100|AcDbDictionary\n281|1\n3|Mine\n350|D1\n0|" +
+                                          kind + "\n5|D1\n330|D\n" + lines)));
   EXPECT_EQ(read.report.account.kept + read.report.account.keptUnread, 0u);
   return read.database;
 }
@@ -166,17 +162,13 @@ TEST_P(ObjectKinds, AnswerWhatTheFileSaysAndComeBack) {
 // Into another drawing: names stay, what they refer to comes along.
 TEST_P(ObjectKinds, AnswerTheSameInAnotherDrawing) {
   const OdDbDatabasePtr database = drawingWith(GetParam().name, GetParam().lines);
-  OdDbDatabasePtr other = OdDbDatabase::create();
-  skewHandles(*other);
+  const OdDbDatabasePtr other = skewedDrawing();
   const auto root = forWrite<OdDbDictionary>(other->getNamedObjectsDictionaryId());
   const OdDbObjectId holder = root->setAt(L"ACAD_THINGS", new OdDbDictionary);
-  OdDbIdMapping mapping;
-  OdDbObjectIdArray ids;
-  ids.append(database->getOdDbObjectId(kObject));
-  ASSERT_EQ(database->wblockCloneObjects(ids, holder, mapping, OdDb::kDrcIgnore), eOk);
+  const OdDbObjectId id = database->getOdDbObjectId(kObject), clone = cloned({id}, holder).valueOf(id);
   std::string wanted = GetParam().facts;
   wanted = wanted.substr(0, wanted.find(" A2 A1")); // members that did not come along
-  EXPECT_EQ(factsOf(*forRead<OdDbObject>(mapping.valueOf(ids[0]))), wanted);
+  EXPECT_EQ(factsOf(*forRead<OdDbObject>(clone)), wanted);
   expectRoundTrip(*other);
   expectSound(*other);
 }
@@ -207,15 +199,12 @@ TEST(Group, LosesErasedMembersUntilTheyComeBack) {
 // What a record names as its own comes along and lives with it; what belongs to others stays theirs.
 TEST(Xrecord, OwnsWhatItHoldsHard) {
   const OdDbDatabasePtr database =
-      drawingWith("XRECORD", "100|AcDbXrecord\n280|1\n360|E5\n360|E6\n0|WIPEOUTVARIABLES\n5|"
-                             "E5\n330|D1\n100|AcDbWipeoutVariables\n70|1\n0|"
-                             "WIPEOUTVARIABLES\n5|E6\n330|D\n100|AcDbWipeoutVariables\n70|0\n");
+      drawingWith("XRECORD", "100|AcDbXrecord\n280|1\n360|E5\n360|E6\n0|WIPEOUTVARIABLES\n5|E5\n330|D1\n"
+                             "100|AcDbWipeoutVariables\n70|1\n0|WIPEOUTVARIABLES\n5|E6\n330|D\n"
+                             "100|AcDbWipeoutVariables\n70|0\n");
   const OdDbObjectId id = database->getOdDbObjectId(kObject), own = database->getOdDbObjectId(OdDbHandle(0xE5));
   const OdDbObjectId others = database->getOdDbObjectId(OdDbHandle(0xE6));
-  OdDbIdMapping mapping;
-  OdDbObjectIdArray ids;
-  ids.append(id);
-  ASSERT_EQ(database->deepCloneObjects(ids, database->getNamedObjectsDictionaryId(), mapping), eOk);
+  const OdDbIdMapping mapping = cloned({id}, database->getNamedObjectsDictionaryId());
   EXPECT_FALSE(mapping.valueOf(own).isNull());
   EXPECT_TRUE(mapping.valueOf(others).isNull());
   const auto clone = forRead<OdDbXrecord>(mapping.valueOf(id));
@@ -239,19 +228,18 @@ std::vector<OdGePoint3d> clippedAt(OdDbObjectId reference) {
 TEST(SpatialFilter, ClipsAtTheSamePlaceWhereverTheReferenceGoes) {
   const std::string identity = "40|1\n40|0\n40|0\n40|0\n40|0\n40|1\n40|0\n40|0\n40|0\n40|0\n40|1\n40|0\n";
   const std::string text = dxf(
-      section("BLOCKS", "0|BLOCK\n5|B1\n100|AcDbEntity\n8|0\n100|AcDbBlockBegin\n2|door\n70|0\n10|0\n20|0\n30|0\n0|"
-                        "ENDBLK\n5|B2\n100|AcDbEntity\n8|0\n100|AcDbBlockEnd\n") +
-      section("ENTITIES", "0|INSERT\n5|A1\n102|{ACAD_XDICTIONARY\n360|D0\n102|}\n100|AcDbEntity\n8|0\n100|"
-                          "AcDbBlockReference\n2|door\n10|10\n20|5\n30|0\n41|2\n42|2\n43|2\n") +
+      section("BLOCKS", "0|BLOCK\n5|B1\n100|AcDbEntity\n8|0\n100|AcDbBlockBegin\n2|door\n70|0\n10|0\n20|0\n30|0\n"
+                        "0|ENDBLK\n5|B2\n100|AcDbEntity\n8|0\n100|AcDbBlockEnd\n") +
+      section("ENTITIES", "0|INSERT\n5|A1\n102|{ACAD_XDICTIONARY\n360|D0\n102|}\n100|AcDbEntity\n8|0\n"
+                          "100|AcDbBlockReference\n2|door\n10|10\n20|5\n30|0\n41|2\n42|2\n43|2\n") +
       section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n"
                          "0|DICTIONARY\n5|D0\n330|A1\n100|AcDbDictionary\n280|1\n281|1\n3|ACAD_FILTER\n360|D1\n"
                          "0|DICTIONARY\n5|D1\n330|D0\n100|AcDbDictionary\n280|1\n281|1\n3|SPATIAL\n360|D2\n"
-                         "0|SPATIAL_FILTER\n5|D2\n330|D1\n100|AcDbFilter\n100|AcDbSpatialFilter\n70|2\n10|11\n20|6\n10|"
-                         "14\n20|8\n210|0\n220|0\n230|1\n11|0\n21|0\n31|0\n71|1\n72|0\n73|0\n"
+                         "0|SPATIAL_FILTER\n5|D2\n330|D1\n100|AcDbFilter\n100|AcDbSpatialFilter\n70|2\n10|11\n20|6\n"
+                         "10|14\n20|8\n210|0\n220|0\n230|1\n11|0\n21|0\n31|0\n71|1\n72|0\n73|0\n"
                          "40|0.5\n40|0\n40|0\n40|-5\n40|0\n40|0.5\n40|0\n40|-2.5\n40|0\n40|0\n40|0.5\n40|0\n" +
                              identity));
-  const drawing::ReadResult read = drawing::readDrawingFromMemory(text);
-  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const drawing::ReadResult read = readWell(text);
   OdDbDatabase& database = *read.database;
   const OdDbObjectId id = database.getOdDbObjectId(OdDbHandle(0xA1));
   const std::vector<OdGePoint3d> before = clippedAt(id);
@@ -259,18 +247,11 @@ TEST(SpatialFilter, ClipsAtTheSamePlaceWhereverTheReferenceGoes) {
   EXPECT_NEAR(before[0].distanceTo(OdGePoint3d(11, 6, 0)), 0, 1e-12);
   EXPECT_NEAR(before[2].distanceTo(OdGePoint3d(14, 8, 0)), 0, 1e-12);
 
-  OdDbDatabasePtr other = OdDbDatabase::create();
-  skewHandles(*other);
+  const OdDbDatabasePtr other = skewedDrawing();
   const OdGeMatrix3d matrix = OdGeMatrix3d::rotation(0.5, OdGeVector3d::kZAxis, OdGePoint3d(1, 1, 0)) *
                               OdGeMatrix3d::scaling(OdGeScale3d(-2, 2, 2));
   for (const OdDbObjectId owner : {addBlock(database, L"holder"), other->getModelSpaceId()}) {
-    OdDbIdMapping mapping;
-    OdDbObjectIdArray ids;
-    ids.append(id);
-    ASSERT_EQ(owner.database() == &database ? database.deepCloneObjects(ids, owner, mapping)
-                                            : database.wblockCloneObjects(ids, owner, mapping, OdDb::kDrcIgnore),
-              eOk);
-    const OdDbObjectId clone = mapping.valueOf(id);
+    const OdDbObjectId clone = cloned({id}, owner).valueOf(id);
     ASSERT_EQ(forWrite<OdDbEntity>(clone)->transformBy(matrix), eOk);
     const std::vector<OdGePoint3d> after = clippedAt(clone);
     ASSERT_EQ(after.size(), before.size());
