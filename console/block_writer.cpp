@@ -172,6 +172,19 @@ void checkReadBack(const BlockFileRequest& request, const OdDbDatabase& made, co
       {Text::kReadBackDiffers, {asText(request.path), count(countOf(made).objects), count(result.count.objects)}}};
 }
 
+// Of the objects that model space of `made` was made of: those that the file has, whatever its version made of them.
+OdDbObjectIdArray heldBy(const OdDbDatabase& read, const OdDbDatabase& made, const OdDbObjectIdArray& ids) {
+  OdDbObjectIdArray held;
+  const OdDbBlockTableRecordPtr space = made.getModelSpaceId().safeOpenObject();
+  const auto walk = space->newIterator();
+  for (const OdDbObjectId id : ids) {
+    if (!read.getOdDbObjectId(walk->objectId().getHandle()).safeOpenObject().isNull())
+      held.append(id);
+    walk->step();
+  }
+  return held;
+}
+
 } // namespace
 
 DrawingCount countOf(const OdDbDatabase& database) {
@@ -212,6 +225,7 @@ BlockFile writeBlockFile(Session& session, const BlockFileRequest& request) {
   const drawing::ReadResult read = drawing::readDrawing(request.path);
   if (!read.database.isNull()) {
     result.count = countOf(*read.database);
+    result.written = heldBy(*read.database, *made, result.written);
     result.basePoint = read.database->getINSBASE();
     result.units = read.database->getINSUNITS();
   }
