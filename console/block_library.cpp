@@ -1,5 +1,6 @@
 #include "console/block_library.h"
 
+#include "console/block_target.h"
 #include "console/drawing_io.h"
 #include "console/portable_name.h"
 #include "console/report/report_json.h"
@@ -34,6 +35,8 @@ public:
 
   Json write() {
     makeFolder();
+    for (const Entry& entry : entries_)
+      refuseOpenDrawing(session_, pathOf(entry.file));
     if (!request_.mayReplace)
       refuseExisting();
     for (const Entry& entry : entries_)

@@ -21,7 +21,8 @@ struct LibraryRequest {
 
 // Writes NAME.dxf and NAME.png for each definition, anonymous ones included, and manifest.json, which tells the block
 // of each file and what was left out: external references, whose contents are another file's. The answer is the
-// manifest. Throws, and no file is changed, when one of the files is there already and may not be replaced.
+// manifest. Throws, and no file is changed, when one of the files is an open drawing, or is there already and may not
+// be replaced.
 nlohmann::ordered_json writeLibrary(Session& session, const LibraryRequest& request);
 
 } // namespace console

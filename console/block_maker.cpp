@@ -1,4 +1,5 @@
 #include "console/block_maker.h"
+#include "console/block_objects.h"
 #include "console/selection.h"
 
 #include "DbAnnotationScale.h"
@@ -8,8 +9,6 @@
 #include "blockcommon/creation.h"
 #include "blockcommon/properties.h"
 #include "blockcommon/transforms.h"
-
-#include <set>
 
 namespace console {
 namespace {
@@ -22,16 +21,6 @@ OdGeMatrix3d blockFrame(Session& session, const OdGePoint3d& basePointUcs) {
       mvsi::mvsidbUcs2Wcs(basePointUcs, baseWcs, false) != RTNORM)
     throw OdError(eInvalidInput);
   return blockUtils::createEcsMatrixByMatrix(baseWcs, ucs);
-}
-
-std::map<std::string, std::size_t> missingByType(const OdDbObjectIdArray& all, const OdDbObjectIdArray& taken) {
-  const std::set<OdDbObjectId> known(taken.begin(), taken.end());
-  std::map<std::string, std::size_t> types;
-  for (const OdDbObjectId id : all) {
-    if (known.count(id) == 0)
-      ++types[id.safeOpenObject()->dxfName()];
-  }
-  return types;
 }
 
 // A block's contents are stored against its base point already; an origin left from before would move them.

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <set>
 #include <unordered_map>
 
 namespace console {
@@ -91,6 +92,16 @@ void refuseSelfReference(const OdString& name, OdDbObjectId block, const OdDbObj
 }
 
 } // namespace
+
+std::map<std::string, std::size_t> missingByType(const OdDbObjectIdArray& all, const OdDbObjectIdArray& taken) {
+  const std::set<OdDbObjectId> known(taken.begin(), taken.end());
+  std::map<std::string, std::size_t> types;
+  for (const OdDbObjectId id : all) {
+    if (known.count(id) == 0)
+      ++types[id.safeOpenObject()->dxfName()];
+  }
+  return types;
+}
 
 OdString chainBackTo(OdDbObjectId block, const OdDbObjectIdArray& ids) {
   WayBack way(block);

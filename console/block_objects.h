@@ -5,6 +5,9 @@
 
 #include "DbObjectId.h"
 
+#include <map>
+#include <string>
+
 namespace console {
 
 struct BlockObjects {
@@ -20,5 +23,8 @@ BlockObjects objectsForBlock(Session& session, const OdString& name, const OdDbO
 // One way, of the shortest, from the definition through the objects back to it: "door" contains "leaf" (reference 2F)
 // contains "door" (reference 1A). Empty when they do not lead there. Each definition is looked through once.
 OdString chainBackTo(OdDbObjectId block, const OdDbObjectIdArray& ids);
+
+// How many of each type are not among those that were taken.
+std::map<std::string, std::size_t> missingByType(const OdDbObjectIdArray& all, const OdDbObjectIdArray& taken);
 
 } // namespace console

@@ -20,15 +20,12 @@ OdString extensionOf(const OdString& name) {
   return dot > separator ? name.mid(dot) : OdString();
 }
 
-// The console and its drawings would disagree with the file from then on.
-void refuseOpenDrawing(Session& session, const std::string& path) {
+// Also while no file is there: an open drawing may be saved to its place again.
+bool isSamePlace(const std::string& one, const std::string& other) {
+  namespace fs = std::filesystem;
   std::error_code ignored;
-  const auto isThat = [&](const OpenDrawing& open) {
-    return !open.path.empty() && std::filesystem::equivalent(open.path, path, ignored);
-  };
-  const auto& others = session.others();
-  if (isThat(session.drawing()) || std::any_of(others.begin(), others.end(), isThat))
-    refuse(Text::kTargetIsOpen, {OdString::fromUtf8(path)});
+  return fs::equivalent(one, other, ignored) || fs::weakly_canonical(fs::absolute(one, ignored), ignored) ==
+                                                    fs::weakly_canonical(fs::absolute(other, ignored), ignored);
 }
 
 // In full, as drawings spell it. The host has told why a name cannot be a target.
@@ -48,6 +45,13 @@ std::string systemPath(Session& session, const _blockFileInfo& info) {
 }
 
 } // namespace
+
+void refuseOpenDrawing(Session& session, const std::string& path) {
+  const auto isThat = [&](const OpenDrawing& open) { return !open.path.empty() && isSamePlace(open.path, path); };
+  const auto& others = session.others();
+  if (isThat(session.drawing()) || std::any_of(others.begin(), others.end(), isThat))
+    refuse(Text::kTargetIsOpen, {OdString::fromUtf8(path)});
+}
 
 OdString settledName(Session& session, const OdString& typed) {
   OdString name = typed;

@@ -22,6 +22,9 @@ OdDb::DwgVersion rememberedVersion(Session& session);
 std::string askedTarget(Session& session, const OdString& name);
 std::string givenTarget(Session& session, const OdString& name, bool mayReplace);
 
+// Throws for the file of an open drawing: the console and the file would disagree from then on.
+void refuseOpenDrawing(Session& session, const std::string& path);
+
 // After writing.
 void rememberTarget(Session& session, const std::string& path, OdDb::DwgVersion version);
 

@@ -1,13 +1,18 @@
 #include "console/block_writer.h"
 
 #include "console/block_maker.h"
+#include "console/block_objects.h"
 #include "console/drawing_io.h"
 
 #include "DbBlockTable.h"
+#include "DbDimension.h"
+#include "DbSymbolRecords.h"
 #include "DbWblock.h"
 #include "blockcommon/transforms.h"
 
+#include <cmath>
 #include <unordered_set>
+#include <vector>
 
 namespace console {
 namespace {
@@ -16,21 +21,66 @@ OdString asText(const std::string& bytes) {
   return OdString::fromUtf8(bytes);
 }
 
-// The objects stand about the origin as they stood about the base point, along the axes of the UCS.
-std::map<std::string, std::size_t> moveToBase(OdDbDatabase& made, const OdGeMatrix3d& frame) {
-  std::map<std::string, std::size_t> dropped;
-  if (frame == OdGeMatrix3d::kIdentity)
-    return dropped;
-  const OdGeMatrix3d toBase = frame.inverse();
-  const OdDbBlockTableRecordPtr space = made.getModelSpaceId().safeOpenObject();
-  for (const auto walk = space->newIterator(); !walk->done(); walk->step()) {
-    const OdDbEntityPtr entity = walk->entity(OdDb::kForWrite);
-    if (entity->transformBy(toBase) == eOk)
-      continue;
-    ++dropped[entity->dxfName()];
-    entity->erase();
+// What lies on a locked layer does not open for a change.
+class UnlockedLayers {
+public:
+  explicit UnlockedLayers(const OdDbDatabase& database) {
+    const OdDbSymbolTablePtr table = database.getLayerTableId().safeOpenObject();
+    for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
+      const OdDbLayerTableRecordPtr layer = walk->getRecordId().safeOpenObject(OdDb::kForWrite);
+      if (!layer->isLocked())
+        continue;
+      layer->setIsLocked(false);
+      layers_.push_back(layer);
+    }
   }
-  return dropped;
+  ~UnlockedLayers() {
+    for (const OdDbLayerTableRecordPtr& layer : layers_)
+      layer->setIsLocked(true);
+  }
+  UnlockedLayers(const UnlockedLayers&) = delete;
+  UnlockedLayers& operator=(const UnlockedLayers&) = delete;
+
+private:
+  std::vector<OdDbLayerTableRecordPtr> layers_;
+};
+
+// Letters of a dimension that were level in the UCS are level in the file.
+void turnLetters(OdDbEntity& entity, const OdGeMatrix3d& frame) {
+  constexpr double kFullTurn = 6.283185307179586;
+  const OdDbDimensionPtr dimension = OdDbDimension::cast(&entity);
+  if (dimension.isNull())
+    return;
+  OdGePoint3d origin;
+  OdGeVector3d x, y, z;
+  frame.getCoordSystem(origin, x, y, z);
+  const double turned = dimension->horizontalRotation() + OdGeVector3d::kXAxis.angleTo(x, z);
+  dimension->setHorizontalRotation(turned - std::floor(turned / kFullTurn) * kFullTurn);
+}
+
+bool moveBy(OdDbEntity& entity, const OdGeMatrix3d& toBase, const OdGeMatrix3d& frame) {
+  if (entity.transformBy(toBase) != eOk)
+    return false;
+  turnLetters(entity, frame);
+  return true;
+}
+
+// The objects stand about the origin as they stood about the base point, along the axes of the UCS. `ids` are those
+// that they are made of, in their order; the answer is those that could be moved.
+OdDbObjectIdArray moveToBase(OdDbDatabase& made, const OdGeMatrix3d& frame, const OdDbObjectIdArray& ids) {
+  if (frame == OdGeMatrix3d::kIdentity)
+    return ids;
+  const OdGeMatrix3d toBase = frame.inverse();
+  const UnlockedLayers unlocked(made);
+  OdDbObjectIdArray moved;
+  const OdDbBlockTableRecordPtr space = made.getModelSpaceId().safeOpenObject();
+  const auto walk = space->newIterator();
+  for (const OdDbObjectId id : ids) {
+    if (moveBy(*walk->entity(OdDb::kForWrite), toBase, frame))
+      moved.append(id);
+    walk->step();
+  }
+  return moved;
 }
 
 // As they lie on each other, whatever the order of picking was.
@@ -80,19 +130,30 @@ public:
   }
 
   OdDbDatabasePtr operator()(const OdDbObjectIdArray& ids) const {
-    OdDbDatabasePtr made = drawing::wblockObjects(inDrawOrder(ids), request_.path);
+    const OdDbObjectIdArray ordered = inDrawOrder(ids);
+    const OdGePoint3d base = request_.ucs * request_.basePoint.value_or(OdGePoint3d());
+    const OdGeMatrix3d frame = blockUtils::createEcsMatrixByMatrix(base, request_.ucs);
+    OdDbDatabasePtr made = drawing::wblockObjects(ordered, request_.path);
     if (made.isNull())
       return made;
-    const OdGePoint3d base = request_.ucs * request_.basePoint.value_or(OdGePoint3d());
-    result_.dropped = moveToBase(*made, blockUtils::createEcsMatrixByMatrix(base, request_.ucs));
-    for (const auto& [type, number] : result_.dropped)
-      session_.say(Text::kNotMoved, {count(number), asText(type)});
-    if (countOf(*made).objects == 0)
-      refuse(Text::kAllDropped);
+    result_.written = moveToBase(*made, frame, ordered);
+    if (result_.written.length() == ordered.length())
+      return made;
+    tellDropped(ordered);
+    made = drawing::wblockObjects(result_.written, request_.path); // without what only the others need
+    moveToBase(*made, frame, result_.written);
     return made;
   }
 
 private:
+  void tellDropped(const OdDbObjectIdArray& all) const {
+    result_.dropped = missingByType(all, result_.written);
+    for (const auto& [type, number] : result_.dropped)
+      session_.say(Text::kNotMoved, {count(number), asText(type)});
+    if (result_.written.isEmpty())
+      refuse(Text::kAllDropped);
+  }
+
   Session& session_;
   const BlockFileRequest& request_;
   BlockFile& result_;

@@ -48,7 +48,8 @@ struct BlockFile {
   DrawingCount count; // as read again
   OdGePoint3d basePoint;
   OdDb::UnitsValue units = OdDb::kUnitsUndefined;
-  std::map<std::string, std::size_t> dropped; // by type: objects that cannot be moved to the base point
+  OdDbObjectIdArray written;                  // where the source is objects: those that the file holds
+  std::map<std::string, std::size_t> dropped; // by type: the others, which cannot be moved to the base point
 };
 
 // The definition of that name, or null. Throws for those whose contents are not the drawing's own to write: spaces and

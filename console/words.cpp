@@ -528,6 +528,7 @@ constexpr Word kWords[] = {
     Word{Text::kOneSource, "usage.one-source",
          L"Exactly one of --block, --all, --every-block and the selection (--select, --layer, --type, --handle) is "
          L"needed."},
+    Word{Text::kNoOutputFile, "usage.no-output-file", L"Name the file to write with -o."},
     Word{Text::kLibraryNoOutput, "usage.library-output", L"--every-block takes no -o and no --base."},
 
     Word{Text::kPromptBlockBasePoint, "prompt.block-base-point", L"Base point [Settings] <0,0,0>:"},

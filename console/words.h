@@ -465,6 +465,7 @@ enum class Text : unsigned short {
   kLibraryLeftOut,
   kNoLibraryFolder,
   kOneSource,
+  kNoOutputFile,
   kLibraryNoOutput,
   // What BLOCK remembers
   kPromptBlockBasePoint,

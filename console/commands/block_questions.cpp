@@ -2,6 +2,7 @@
 
 #include "console/ask.h"
 #include "console/block_maker.h"
+#include "console/commands/block_list.h"
 
 #include "DbBlockTable.h"
 #include "blockcommon/messages.h"
@@ -9,6 +10,16 @@
 #include <array>
 
 namespace console::commands {
+
+OdString askNameOrList(Session& session, Text prompt) {
+  for (;;) {
+    const OdString typed = askText(session, prompt).value_or(OdString());
+    if (typed != L"?")
+      return typed;
+    if (listBlocks(session) == 0)
+      session.result(Text::kNoBlocks);
+  }
+}
 
 bool askRedefine(Session& session, const OdString& name) {
   constexpr int kReplace = 0;

@@ -2,7 +2,7 @@
 #include "console/attribute_answers.h"
 #include "console/block_maker.h"
 #include "console/block_source.h"
-#include "console/commands/block_list.h"
+#include "console/commands/block_questions.h"
 #include "console/commands/commands.h"
 #include "console/drawing_io.h"
 #include "console/numbers.h"
@@ -22,16 +22,6 @@ namespace {
 
 constexpr int kMostRows = 32767;
 constexpr wchar_t kNoFolder[] = L""; // the host's search knows the folder of the drawing
-
-OdString askName(Session& session) {
-  for (;;) {
-    const OdString typed = askText(session, Text::kPromptInsertName).value_or(OdString());
-    if (typed != L"?")
-      return typed;
-    if (listBlocks(session) == 0)
-      session.result(Text::kNoBlocks);
-  }
-}
 
 // In the words of the box that was shown.
 [[noreturn]] void refuseTyped(const Session& session, const OdString& typed) {
@@ -126,7 +116,7 @@ void askScale(Session& session, OdDbObjectId block, Placement& placement) {
 
 void insert(CommandContext& context) {
   Session& session = context.session;
-  const OdDbObjectId block = blockOfTyped(session, askName(session));
+  const OdDbObjectId block = blockOfTyped(session, askNameOrList(session, Text::kPromptInsertName));
   Placement placement;
   askPoint(session, placement);
   askScale(session, block, placement);

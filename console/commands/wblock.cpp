@@ -3,7 +3,6 @@
 #include "console/block_objects.h"
 #include "console/block_target.h"
 #include "console/block_writer.h"
-#include "console/commands/block_list.h"
 #include "console/commands/block_questions.h"
 #include "console/commands/commands.h"
 #include "console/numbers.h"
@@ -35,17 +34,6 @@ OdDb::DwgVersion askVersion(Session& session) {
 
 OdString ownName(const std::string& path) {
   return OdString::fromUtf8(std::filesystem::path(path).stem().string());
-}
-
-// A name, * for the whole drawing, = for the block named like the file; nothing typed: objects.
-OdString askSource(Session& session) {
-  for (;;) {
-    const OdString typed = askText(session, Text::kPromptWblockSource).value_or(OdString());
-    if (typed != L"?")
-      return typed;
-    if (listBlocks(session) == 0)
-      session.result(Text::kNoBlocks);
-  }
 }
 
 OdDbObjectId namedDefinition(Session& session, const OdString& name) {
@@ -92,12 +80,12 @@ std::optional<OdDb::UnitsValue> askUnits(Session& session, const Plan& plan) {
   return units;
 }
 
-void settleObjects(Session& session, Plan& plan, const OdDbObjectIdArray& ids) {
+void settleObjects(Session& session, Plan& plan, const OdDbObjectIdArray& written) {
   if (plan.afterwards == Afterwards::Convert) {
     plan.block.units = plan.file.units;
     makeBlock(session, plan.block);
   } else if (plan.afterwards == Afterwards::Delete) {
-    for (const OdDbObjectId id : ids)
+    for (const OdDbObjectId id : written)
       id.safeOpenObject(OdDb::kForWrite)->erase();
   }
   tellAfterwards(session, plan.afterwards);
@@ -112,7 +100,8 @@ void wblock(CommandContext& context) {
   plan.file.path = askedTarget(session, name);
   plan.file.mayReplace = true; // it is not there, or the user said yes
   plan.file.version = askVersion(session);
-  const OdString source = askSource(session);
+  // A name, * for the whole drawing, = for the block named like the file; nothing typed: objects.
+  const OdString source = askNameOrList(session, Text::kPromptWblockSource);
   if (source.isEmpty())
     planObjects(session, plan);
   else if (source != L"*")
@@ -121,8 +110,8 @@ void wblock(CommandContext& context) {
   const BlockFile written = writeBlockFile(session, plan.file);
   rememberTarget(session, written.path, written.version);
   tellBlockFile(session, written);
-  if (const auto* ids = std::get_if<OdDbObjectIdArray>(&plan.file.source))
-    settleObjects(session, plan, *ids);
+  if (std::holds_alternative<OdDbObjectIdArray>(plan.file.source))
+    settleObjects(session, plan, written.written);
 }
 
 } // namespace console::commands

@@ -74,7 +74,7 @@ void Wblock::check() {
   if (sources != 1)
     throw Failure{Status::Usage, {Text::kOneSource, {}}};
   if (isLibrary() ? !out_.empty() || !base_.empty() : out_.empty())
-    throw Failure{Status::Usage, {isLibrary() ? Text::kLibraryNoOutput : Text::kNoOutput, {}}};
+    throw Failure{Status::Usage, {isLibrary() ? Text::kLibraryNoOutput : Text::kNoOutputFile, {}}};
   selectors_.check();
   if (!base_.empty() && !(request_.basePoint = parsePoint(base_)))
     refuseUsage(Text::kBadPoint, "--base", base_);

@@ -53,6 +53,8 @@ private:
   void planTree(std::size_t item);
   void planReferences(OdDbObject& object);
   void planDefinitionOfShape(const OdDbObject& object);
+  void planShapeFiles(const OdDbObject& object);
+  void planOverrides(const OdDbObject& object);
   void planNeeded(OdDbObjectId id);
   void planBehaviour();
   void planRecord(OdDbSymbolTableRecord& record);

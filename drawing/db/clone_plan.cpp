@@ -6,6 +6,8 @@
 #include "DbDimension.h"
 #include "DbDynBlockReference.h"
 #include "DbLayout.h"
+#include "DbShape.h"
+#include "DbSymbolRecords.h"
 #include "DbTable.h"
 #include "db/block_graph.h"
 #include "db/block_marks.h"
@@ -97,8 +99,11 @@ void Cloner::planReferences(OdDbObject& object) {
     if (crosses() || isPicture(*needed, object))
       planNeeded(id);
   }
-  if (crosses())
+  if (crosses()) {
     planDefinitionOfShape(object);
+    planShapeFiles(object);
+    planOverrides(object);
+  }
 }
 
 // A shape of a dynamic block names its definition in its extended data only, and means nothing without it.
@@ -108,6 +113,36 @@ void Cloner::planDefinitionOfShape(const OdDbObject& object) {
   const OdDbObjectId definition = OdDbDynBlockTableRecord(object.objectId()).dynamicBlockTableRecord();
   if (!definition.isNull() && !isPlanned(definition) && definition.database() == &source_)
     planNeeded(definition);
+}
+
+// A SHAPE names its shape and not the file that it stands in, so it needs them all.
+void Cloner::planShapeFiles(const OdDbObject& object) {
+  if (!object.isKindOf(OdDbShape::desc()))
+    return;
+  for (const OdDbObjectId id : peekAs<OdDbSymbolTable>(source_.getTextStyleTableId())->members().ids()) {
+    const auto* style = peekAs<OdDbTextStyleTableRecord>(id);
+    if (lives(style) && style->isShapeFile() && !isPlanned(id))
+      planNeeded(id);
+  }
+}
+
+// Arrows, text styles and line types that differ from those of a dimension style stand in extended data, and so do the
+// line types of older styles.
+void Cloner::planOverrides(const OdDbObject& object) {
+  const GroupList* groups = object.xDataGroups();
+  bool isOverride = false;
+  for (std::size_t i = 0; groups != nullptr && i < groups->size(); ++i) {
+    const Group& group = (*groups)[i];
+    if (group.code == 1001) {
+      const OdString application = groups->stringOf(group);
+      isOverride = application.iCompare(L"ACAD") == 0 || application.left(12).iCompare(L"ACAD_DSTYLE_") == 0;
+    } else if (isOverride && group.code == 1005) {
+      const OdDbObjectId id = groups->idOf(group);
+      const auto* record = peekAs<OdDbSymbolTableRecord>(id);
+      if (lives(record) && id.database() == &source_ && !isPlanned(id) && !isSpace(*record))
+        planNeeded(id);
+    }
+  }
 }
 
 void Cloner::planNeeded(OdDbObjectId id) {
@@ -157,6 +192,23 @@ OdString Cloner::boundName(const OdDbSymbolTable& table, const OdDbSymbolTableRe
   return name;
 }
 
+namespace {
+
+// The record of the table that answers to one of another drawing. Files of shapes have no names; the file tells.
+OdDbObjectId recordLike(const OdDbSymbolTable& table, const OdDbSymbolTableRecord& record) {
+  const auto* style = dynamic_cast<const OdDbTextStyleTableRecord*>(&record);
+  if (style == nullptr || !style->getName().isEmpty())
+    return table.getAt(record.getName());
+  for (const OdDbObjectId id : table.members().ids()) {
+    const auto* other = peekAs<OdDbTextStyleTableRecord>(id);
+    if (lives(other) && other->getName().isEmpty() && other->fileName().iCompare(style->fileName()) == 0)
+      return id;
+  }
+  return {};
+}
+
+} // namespace
+
 void Cloner::planRecord(OdDbSymbolTableRecord& record) {
   const OdDbObjectId tableId = target_.getSymbolTableId(record.tableKind());
   const auto* table = peekAs<OdDbSymbolTable>(tableId);
@@ -175,7 +227,7 @@ void Cloner::planRecord(OdDbSymbolTableRecord& record) {
     item.name = record.getName().left(2); // numbered anew when it joins the table
   } else if (!boundTo_.isEmpty() && isNamedAfterReference(record)) {
     item.name = boundName(*table, record);
-  } else if (const OdDbObjectId present = table->getAt(record.getName()); !present.isNull()) {
+  } else if (const OdDbObjectId present = recordLike(*table, record); !present.isNull()) {
     const bool replaces = duplicates_ == OdDb::kDrcReplace;
     if (present == owner_ || (!replaces && !mayStandFor(present))) {
       item.name = freeName(*table, record);

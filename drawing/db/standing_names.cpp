@@ -48,7 +48,8 @@ bool isExternal(const OdDbSymbolTableRecord& record) {
 
 bool isNamedAfterReference(const OdDbSymbolTableRecord& record) {
   const bool isDefpoints = record.tableKind() == OdDb::kLayerTable && record.getName().iCompare(L"Defpoints") == 0;
-  return record.tableKind() != OdDb::kRegAppTable && !isNeeded(record) && !isDefpoints;
+  const bool hasName = !record.getName().isEmpty(); // files of shapes have none
+  return hasName && record.tableKind() != OdDb::kRegAppTable && !isNeeded(record) && !isDefpoints;
 }
 
 OdString boundSymbolName(const OdString& reference, const OdString& name, unsigned number) {

@@ -84,7 +84,8 @@ OdDbObjectId OdDbSymbolTable::addClone(OdDbSymbolTableRecord* record) {
   assertWriteEnabled();
   if (kind() == OdDb::kBlockTable)
     record->setName(completeAnonymous(record->getName()));
-  if (has(record->getName()))
+  const bool mayRepeat = kind() == OdDb::kTextStyleTable && record->getName().isEmpty();
+  if (!mayRepeat && has(record->getName()))
     return {};
   if (!record->isDBRO())
     database()->addOdDbObject(record, objectId());

@@ -5,6 +5,7 @@
 #include "DbDictionary.h"
 #include "DbDxf.h"
 #include "DbPurge.h"
+#include "DbRasterImage.h"
 #include "db/block_marks.h"
 #include "db/clone.h"
 #include "db/store.h"
@@ -19,10 +20,36 @@ using db::peekAs;
 using db::WriteScope;
 
 // What decides how objects look, besides the variables of dimensions.
-constexpr std::string_view kLooks[] = {"ANGBASE",     "ANGDIR",    "ATTMODE",   "AUNITS",  "AUPREC",
-                                       "FILLMODE",    "LTSCALE",   "LUNITS",    "LUPREC",  "LWDISPLAY",
-                                       "MEASUREMENT", "MIRRTEXT",  "MSLTSCALE", "PDMODE",  "PDSIZE",
-                                       "PSLTSCALE",   "QTEXTMODE", "TEXTSIZE",  "UNITMODE"};
+constexpr std::string_view kLooks[] = {"ANGBASE",
+                                       "ANGDIR",
+                                       "ATTMODE",
+                                       "AUNITS",
+                                       "AUPREC",
+                                       "DISPSILH",
+                                       "FILLMODE",
+                                       "HALOGAP",
+                                       "HIDETEXT",
+                                       "INTERSECTIONCOLOR",
+                                       "INTERSECTIONDISPLAY",
+                                       "LTSCALE",
+                                       "LUNITS",
+                                       "LUPREC",
+                                       "LWDISPLAY",
+                                       "MEASUREMENT",
+                                       "MIRRTEXT",
+                                       "MSLTSCALE",
+                                       "OBSCOLOR",
+                                       "OBSLTYPE",
+                                       "PDMODE",
+                                       "PDSIZE",
+                                       "PSLTSCALE",
+                                       "PSTYLEMODE",
+                                       "QTEXTMODE",
+                                       "SORTENTS",
+                                       "SPLFRAME",
+                                       "TEXTSIZE",
+                                       "UNITMODE",
+                                       "XCLIPFRAME"};
 
 // The current style and the arrows of new dimensions are records, which may not come along.
 bool isLook(std::string_view name, const GroupList& groups) {
@@ -42,6 +69,24 @@ void copyHeader(const OdDbDatabase& source, OdDbDatabase& target) {
   const OdDbAnnotationScalePtr scale = source.cannoscale();
   if (!scale.isNull())
     target.setCannoscale(scale->getName()); // stays 1:1 when nothing brought that scale along
+}
+
+// Whether the frames of pictures and wipeouts show is kept in dictionaries; where there are none, nothing comes along.
+void copyFrames(OdDbDatabase& source, OdDbDatabase& target, const OdDbIdMapping& made) {
+  const auto* from = peekAs<OdDbDictionary>(source.getNamedObjectsDictionaryId());
+  for (const auto& [kind, name] :
+       {std::pair{OdDbRasterImage::desc(), L"ACAD_IMAGE_VARS"}, std::pair{OdDbWipeout::desc(), L"ACAD_WIPEOUT_VARS"}}) {
+    const bool isThere = std::any_of(made.pairs().begin(), made.pairs().end(), [kind = kind](const OdDbIdPair& pair) {
+      return pair.isCloned() && db::peek(pair.value())->isKindOf(kind);
+    });
+    const OdDbObjectId frames = isThere ? from->getAt(name) : OdDbObjectId();
+    if (frames.isNull())
+      continue;
+    OdDbObjectIdArray ids;
+    ids.append(frames);
+    OdDbIdMapping mapping;
+    source.wblockCloneObjects(ids, target.getNamedObjectsDictionaryId(), mapping, OdDb::kDrcReplace);
+  }
 }
 
 OdDbDatabasePtr newBeside(const OdDbDatabase& source, const std::string& path) {
@@ -69,6 +114,7 @@ OdDbDatabasePtr cloned(OdDbDatabase& source, const std::vector<OdDbObjectId>& id
     return {};
   db::rebaseXrefPaths(mapping);
   copyHeader(source, *made);
+  copyFrames(source, *made, mapping);
   return made;
 }
 

@@ -1,8 +1,9 @@
 // Parts of a drawing as drawings of their own.
 //
 // Each function makes a new drawing and leaves the source as it is. What the objects need comes along under its own
-// name and with its own properties (nested definitions, layers, line types, styles, annotation scales, the associations
-// of dimensions), and nothing else does; of the header, what decides how objects look. The new drawing has the source's
+// name and with its own properties (nested definitions, layers, line types, styles, files of shapes, annotation scales,
+// the associations of dimensions), and nothing else does; of the header, what decides how objects look, and with
+// pictures and wipeouts whether their frames show. The new drawing has the source's
 // version and code page. Its units (INSUNITS) are those of the source, its base point is the origin, unless said
 // otherwise. Null when the drawing would grow beyond the limits of cloning.
 #pragma once

@@ -4,11 +4,16 @@
 #include "tests/support/drawings.h"
 #include "tests/support/failing_files.h"
 
+#include "console/block_writer.h"
 #include "console/portable_name.h"
 
+#include "DbDimension.h"
 #include "DbDxf.h"
+#include "DbModelerGeometry.h"
 
 #include <nlohmann/json.hpp>
+
+#include <cmath>
 
 namespace {
 
@@ -16,7 +21,7 @@ using namespace console_tests;
 using namespace tests;
 using Json = nlohmann::json;
 
-// plan.dxf: two definitions, one in the other, a reference, three texts, an external reference.
+// plan.dxf: definitions, one in another, a reference, three texts, an external reference.
 class WblockVerb : public testing::Test {
 protected:
   WblockVerb() {
@@ -27,7 +32,7 @@ protected:
     forWrite<OdDbBlockTableRecord>(door)->setOrigin({1, 2, 0});
     forWrite<OdDbBlockTableRecord>(door)->setBlockInsertUnits(OdDb::kUnitsMeters);
     forWrite<OdDbBlockTableRecord>(addBlock(*plan_, L"site"))->setXref(L"site.dxf");
-    for (const wchar_t* name : {L"con", L"CON", L"*U", L"a<b", L"a>b"})
+    for (const wchar_t* name : {L"con", L"CON", L"*U", L"a<b", L"a>b", L"plan"})
       addBlock(*plan_, name);
     for (int number = 0; number < 3; ++number)
       addText(*plan_, L"text");
@@ -113,7 +118,8 @@ TEST_F(WblockVerb, WritesEveryBlockOrNothing) {
     EXPECT_EQ(drawing::readDrawing(path("b/" + files.back())).report.outcome(), drawing::Outcome::Whole);
     EXPECT_TRUE(std::filesystem::exists(path("b/" + row["preview"].get<std::string>())));
   }
-  EXPECT_EQ(files, (std::vector<std::string>{"leaf.dxf", "door.dxf", "_con.dxf", "_U1.dxf", "a_b.dxf", "a_b-2.dxf"}));
+  EXPECT_EQ(files, (std::vector<std::string>{"leaf.dxf", "door.dxf", "_con.dxf", "_U1.dxf", "a_b.dxf", "a_b-2.dxf",
+                                             "plan.dxf"}));
   EXPECT_EQ(manifest["leftOut"][0]["block"], "site");
 
   const std::string before = readFile(path("b/door.dxf"));
@@ -123,6 +129,11 @@ TEST_F(WblockVerb, WritesEveryBlockOrNothing) {
   EXPECT_EQ(drawing::readDrawing(path("b/door.dxf")).database->facts().version, OdDb::kRelease2000);
   EXPECT_EQ(Json::parse(readFile(path("b/manifest.json")))["leftOut"][1]["reason"], "anonymous");
   EXPECT_EQ(run({"--every-block", "$O/none/b"}).status, 6);
+
+  const std::string plan = readFile(path("plan.dxf"));
+  EXPECT_EQ(run({"--every-block", "$O", "--force"}).status, 1) << "one of them would be the drawing itself";
+  EXPECT_EQ(readFile(path("plan.dxf")), plan);
+  EXPECT_FALSE(std::filesystem::exists(path("leaf.dxf")));
 }
 
 TEST_F(WblockVerb, AFileStaysWholeWhenTheDiskFails) {
@@ -164,6 +175,58 @@ TEST(WblockCommand, RemembersFormatAndFolderAndAsksNobodyWhereItMayNot) {
   EXPECT_EQ(readFile(out), before);
   EXPECT_NE(run({}, "WBLOCK next\n\n*\n\n").shown.find("version 2004"), std::string::npos);
   EXPECT_TRUE(std::filesystem::exists(scratch.path("next.dxf")));
+}
+
+// A body takes no matrix: it is not in a file whose origin lies elsewhere, so it stays in the drawing.
+TEST(WblockCommand, DeletesOnlyWhatItHasWritten) {
+  const struct {
+    const char *base, *answers;
+    std::size_t inFile, left;
+  } kCases[] = {{"0,0", "Delete", 2, 0}, {"1,1", "Delete", 1, 1}, {"1,1", "Keep", 1, 2}};
+  for (const auto& row : kCases) {
+    const Scratch scratch;
+    const OdDbDatabasePtr plan = OdDbDatabase::create();
+    addText(*plan, L"text");
+    const auto solid = OdDb3dSolid::createObject();
+    solid->setDatabaseDefaults(plan.get());
+    solid->setLayer(addLayer(*plan, L"solids"));
+    forWrite<OdDbBlockTableRecord>(plan->getModelSpaceId())->appendOdDbEntity(solid.get());
+    EXPECT_EQ(drawing::writeDrawing(*plan, scratch.path("plan.dxf")).result, eOk);
+    const std::string script = "WBLOCK " + scratch.path("o") + "\n2018\n\n" + row.base + "\nAll\n\n" + row.answers +
+                               "\n\nSAVEAS " + scratch.path("after.dxf") + "\n\n";
+    const Outcome done = runMorvane({"-c", script, scratch.path("plan.dxf")}, {}, scratch.path("config.json"));
+    SCOPED_TRACE(done.shown);
+    EXPECT_EQ(done.status, 0);
+    const OdDbDatabasePtr made = drawing::readDrawing(scratch.path("o.dxf")).database;
+    EXPECT_EQ(console::countOf(*made).objects, row.inFile);
+    EXPECT_EQ(made->symbol(OdDb::kLayerTable, L"solids").isNull(), row.inFile == 1) << "nobody in the file needs it";
+    EXPECT_EQ(console::countOf(*drawing::readDrawing(scratch.path("after.dxf")).database).objects, row.left);
+  }
+}
+
+TEST(WblockCommand, TurnsWithTheUcsWhateverLayerIsLocked) {
+  const Scratch scratch;
+  const OdDbDatabasePtr plan = OdDbDatabase::create();
+  const OdDbObjectId layer = addLayer(*plan, L"walls");
+  forWrite<OdDbText>(addText(*plan, L"text"))->setLayer(layer);
+  forWrite<OdDbLayerTableRecord>(layer)->setIsLocked(true);
+  const auto dimension = OdDbRotatedDimension::createObject();
+  dimension->setDatabaseDefaults(plan.get());
+  dimension->setHorizontalRotation(-0.5);
+  forWrite<OdDbBlockTableRecord>(plan->getModelSpaceId())->appendOdDbEntity(dimension.get());
+  EXPECT_EQ(drawing::writeDrawing(*plan, scratch.path("plan.dxf")).result, eOk);
+  const std::string script = "UCS Z 90\nWBLOCK " + scratch.path("o") + "\n2018\n\n1,0\nAll\n\nKeep\n\n";
+  const Outcome done = runMorvane({"-c", script, scratch.path("plan.dxf")}, {}, scratch.path("config.json"));
+  EXPECT_EQ(done.status, 0) << done.shown;
+  const OdDbDatabasePtr made = drawing::readDrawing(scratch.path("o.dxf")).database;
+  ASSERT_FALSE(made.isNull());
+  const auto walk = forRead<OdDbBlockTableRecord>(made->getModelSpaceId())->newIterator();
+  const OdDbTextPtr text = walk->entity();
+  EXPECT_TRUE(text->position().isEqualTo({-1, 0, 0}));
+  EXPECT_TRUE(forRead<OdDbLayerTableRecord>(text->layerId())->isLocked());
+  walk->step();
+  // Letters stay level in the UCS, as they do in a block.
+  EXPECT_NEAR(OdDbDimensionPtr(walk->entity())->horizontalRotation(), std::acos(-1) / 2 - 0.5, 1e-9);
 }
 
 TEST(BlockCommand, RemembersItsSettingsOnceABlockIsMade) {

@@ -1,5 +1,6 @@
 // Every definition of real drawings becomes a drawing of its own: with the same contents, with what they need and
 // nothing else, and inserted again it is the definition that it was.
+#include "DbAudit.h"
 #include "DbBlockTable.h"
 #include "DbCompare.h"
 #include "DbDynBlockReference.h"
@@ -74,6 +75,56 @@ TEST(Wblock, EveryDefinitionBecomesADrawingAndComesBack) {
   });
   EXPECT_GT(definitions, 500U);
   EXPECT_GT(dynamic, 10U);
+}
+
+// What `one` uses the other has under the same name, with the same properties.
+void expectUsedRecords(OdDbDatabase& one, OdDbDatabase& other) {
+  const drawing::PurgePlan plan(one);
+  for (const drawing::PurgeKind& kind : drawing::purgeKinds()) {
+    for (const OdDbObjectId id : drawing::objectsOfKind(one, kind)) {
+      const auto record = OdDbSymbolTableRecord::cast(id.safeOpenObject());
+      // Files of shapes have no name, and anonymous blocks are renamed.
+      const bool isNamed = !record.isNull() && !record->getName().isEmpty() && record->getName().left(1) != L"*";
+      if (!isNamed || plan.standingOf(id) != drawing::PurgePlan::Standing::Used)
+        continue;
+      SCOPED_TRACE(std::string(kind.name) + " " + record->getName().toUtf8Lossless());
+      const OdDbObjectId there = other.symbol(record->tableKind(), record->getName());
+      ASSERT_FALSE(there.isNull());
+      if (record->isKindOf(OdDbBlockTableRecord::desc()))
+        EXPECT_TRUE(drawing::sameDefinition(id, there));
+      else
+        EXPECT_TRUE(drawing::sameRecord(id, there));
+    }
+  }
+}
+
+TEST(Wblock, ModelSpaceAndWholeDrawingsComeOutAsTheyAre) {
+  for (const std::string& path : corpus::paths()) {
+    const OdDbDatabasePtr source = drawing::readDrawingFromMemory(corpus::textOf(path)).database;
+    if (source.isNull())
+      continue;
+    SCOPED_TRACE(path);
+    const bool isSound = drawing::auditDrawing(*source).issues().empty();
+    const std::string before = drawing::canonicalDump(*source);
+    OdDbObjectIdArray objects;
+    for (const OdDbObjectId id : forRead<OdDbBlockTableRecord>(source->getModelSpaceId())->drawOrder())
+      objects.append(id);
+    const OdDbDatabasePtr picked = drawing::wblockObjects(objects), whole = drawing::wblockDrawing(*source);
+    ASSERT_EQ(picked.isNull(), objects.isEmpty());
+    ASSERT_FALSE(whole.isNull());
+    if (!picked.isNull()) {
+      picked->setINSBASE(source->getINSBASE());
+      EXPECT_TRUE(drawing::sameDefinition(source->getModelSpaceId(), picked->getModelSpaceId()));
+      EXPECT_EQ(unused(*picked), std::vector<std::string>());
+      if (isSound) // what names nothing in the source is not named in the file
+        expectUsedRecords(*picked, *source);
+      expectSound(*picked);
+    }
+    EXPECT_EQ(unused(*whole), std::vector<std::string>());
+    expectUsedRecords(*source, *whole);
+    EXPECT_TRUE(!isSound || drawing::auditDrawing(*whole).issues().empty());
+    EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*source)), "");
+  }
 }
 
 // By one command; the samples hold the same in every version.

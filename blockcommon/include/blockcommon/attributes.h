@@ -54,8 +54,8 @@ BLOCKCOMMON_API bool hasPresetAttribute(OdSmartPtr<OdDbBlockTableRecord> pBlock)
 BLOCKCOMMON_API void setAttriAnnoByBlockRef(OdSmartPtr<OdDbBlockReference> pRef);
 // Opens the definition for write, and changes nothing.
 BLOCKCOMMON_API void addAnnoToObj(const OdDbObjectId& blockId, bool flag);
-// True when the definition has NO mark of annotative blocks among its extended data; false when it has one, and when it
-// does not open.
+// True when the extended data of the definition does NOT say whether references follow the layout's orientation; false
+// when it does, and when the definition does not open.
 BLOCKCOMMON_API bool isExistAnnoPO(const OdDbObjectId& blockId);
 
 } // namespace insertCommon

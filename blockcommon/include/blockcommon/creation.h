@@ -21,7 +21,7 @@ namespace blockUtils {
 // `bRedefine`, objects that do not open for write. `bCreated` is true only when every step succeeded; the id of a block
 // that could not be emptied, or is only half filled, comes with false. A failure behind the moving into block
 // coordinates leaves the objects there: callers run this inside an undo step. Spaces and external references are not
-// refused here.
+// refused here. Throws OdError(eDegenerateGeometry) when the host gives no coordinate system.
 BLOCKCOMMON_API OdDbObjectId create(OdDbDatabase* pDb, OdString blockName, OdArray<OdDbObjectId>& ids, bool bRedefine,
                                     bool& bCreated, OdGePoint3d basePoint, OdString description);
 

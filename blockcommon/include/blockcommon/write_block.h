@@ -14,8 +14,8 @@
 // What a command fills in about the file to write, and gets back.
 struct _blockFileInfo {
   bool bWrite = false; // set once the file may be written: it is not there, or the user wants it replaced
-  OdString fileName;   // as the user is asked about it
-  OdString filePath;   // in full
+  OdString fileName;   // what was typed, and as the user is asked about it; without it there is no name
+  OdString filePath;   // in full; may be empty before the test
   OdDb::SaveType saveType = OdDb::kSaveDwg;
   OdDb::DwgVersion dwgVersion = OdDb::kRelease2018;
 };

@@ -2,8 +2,12 @@
 // and the source stays as it was.
 #include "DbAnnotationScale.h"
 #include "DbAnnotativeObjectPE.h"
+#include "DbDictionary.h"
 #include "DbDimAssoc.h"
 #include "DbDynBlockReference.h"
+#include "DbImageObjects.h"
+#include "DbRasterImage.h"
+#include "DbShape.h"
 #include "DbWblock.h"
 #include "tests/support/drawings.h"
 #include "tests/support/dynamic_blocks.h"
@@ -15,6 +19,13 @@
 namespace {
 
 using namespace tests;
+
+OdDbObjectIdArray picked(const std::vector<OdDbObjectId>& ids) {
+  OdDbObjectIdArray all;
+  for (const OdDbObjectId id : ids)
+    all.append(id);
+  return all;
+}
 
 struct Wblock : testing::Test {
   OdDbDatabasePtr source = OdDbDatabase::create();
@@ -37,6 +48,7 @@ struct Wblock : testing::Test {
     record->setExplodable(false);
     source->setHeaderReal("LTSCALE", 40, 12.5);
     source->setHeaderReal("DIMSCALE", 40, 50);
+    source->setHeaderInt("SPLFRAME", 70, 1);
     source->setHeaderText("DIMBLK", 1, L"nobody's");
     source->setINSBASE({9, 9, 9});
     forWrite<OdDbLayerTableRecord>(source->getLayerZeroId())->setColor({3, OdCmColor::kNoTrueColor});
@@ -63,6 +75,7 @@ TEST_F(Wblock, ABlockBringsWhatItNeedsAndWhatItIs) {
   EXPECT_EQ(made->getINSUNITS(), OdDb::kUnitsInches);
   EXPECT_EQ(made->headerReal("LTSCALE"), 12.5);
   EXPECT_EQ(made->headerReal("DIMSCALE"), 50);
+  EXPECT_EQ(made->headerInt("SPLFRAME"), 1);
   EXPECT_EQ(made->headerText("DIMBLK"), L"") << "names a block that stays behind";
   expectSound(*made);
   expectRoundTrip(*made);
@@ -102,10 +115,7 @@ TEST_F(Wblock, ObjectsComeInTheirOrderAndAssociationsWholeOrNotAtAll) {
   OdDbObjectId posted;
   ASSERT_EQ(association->post(dimension, posted), eOk);
   for (const auto& [ids, isTied] : {std::pair{std::vector{reference, dimension, line}, true}, {{dimension}, false}}) {
-    OdDbObjectIdArray picked;
-    for (const OdDbObjectId id : ids)
-      picked.append(id);
-    const OdDbDatabasePtr made = drawing::wblockObjects(picked);
+    const OdDbDatabasePtr made = drawing::wblockObjects(picked(ids));
     const auto space = forRead<OdDbBlockTableRecord>(made->getModelSpaceId());
     OdDbObjectId tied;
     std::size_t at = 0;
@@ -124,6 +134,67 @@ TEST_F(Wblock, ObjectsComeInTheirOrderAndAssociationsWholeOrNotAtAll) {
     expectRoundTrip(*made);
   }
   EXPECT_TRUE(drawing::wblockObjects({}).isNull());
+}
+
+// An arrow that differs from the style's is named in extended data; whether frames show, beside the header.
+TEST_F(Wblock, WhatChangesTheLookOfAnObjectComesWithIt) {
+  const OdResBufPtr data = OdResBuf::newRb(1001, L"ACAD");
+  OdResBufPtr tail = data->setNext(OdResBuf::newRb(1000, L"DSTYLE"));
+  tail = tail->setNext(OdResBuf::newRb(1070, std::int16_t(341)));
+  tail->setNext(OdResBuf::newRb(1005, addBlock(*source, L"_Open30")));
+  forWrite<OdDbText>(text)->setXData(data.get());
+  forWrite<OdDbDictionary>(source->getNamedObjectsDictionaryId())->setAt(L"ACAD_IMAGE_VARS", new OdDbRasterVariables);
+  const auto image = OdDbRasterImage::createObject();
+  image->setDatabaseDefaults(source.get());
+  const OdDbObjectId picture = forWrite<OdDbBlockTableRecord>(source->getModelSpaceId())->appendOdDbEntity(image.get());
+  for (const auto& [ids, hasArrow, hasFrames] :
+       {std::tuple{std::vector{text}, true, false}, {{picture}, false, true}, {{text, picture}, true, true}}) {
+    const OdDbDatabasePtr made = drawing::wblockObjects(picked(ids));
+    const auto dictionary = forRead<OdDbDictionary>(made->getNamedObjectsDictionaryId());
+    EXPECT_EQ(!made->symbol(OdDb::kBlockTable, L"_Open30").isNull(), hasArrow);
+    EXPECT_EQ(dictionary->has(L"ACAD_IMAGE_VARS"), hasFrames);
+    expectSound(*made);
+    expectRoundTrip(*made);
+  }
+}
+
+// They have no names, and a shape does not tell its own.
+TEST_F(Wblock, FilesOfShapesComeAlongAndAreToldApart) {
+  const auto addShapeFile = [](OdDbDatabase& to, const wchar_t* file) {
+    const auto style = OdDbTextStyleTableRecord::createObject();
+    style->setFlag(1, true);
+    style->setFileName(file);
+    forWrite<OdDbSymbolTable>(to.getTextStyleTableId())->add(style.get());
+  };
+  const auto files = [](const OdDbDatabase& of) {
+    std::vector<OdString> all;
+    const auto table = forRead<OdDbSymbolTable>(of.getTextStyleTableId());
+    for (auto it = table->newIterator(); !it->done(); it->step()) {
+      const OdDbTextStyleTableRecordPtr style = it->getRecord();
+      if (style->isShapeFile())
+        all.push_back(style->fileName());
+    }
+    return all;
+  };
+  addShapeFile(*source, L"a.shx");
+  addShapeFile(*source, L"b.shx");
+  const auto shape = OdDbShape::createObject();
+  shape->setDatabaseDefaults(source.get());
+  shape->setName(L"zigzag");
+  forWrite<OdDbBlockTableRecord>(leaf)->appendOdDbEntity(shape.get());
+  const OdDbDatabasePtr made = drawing::wblockBlock(door);
+  EXPECT_EQ(files(*made), (std::vector<OdString>{L"a.shx", L"b.shx"}));
+  EXPECT_EQ(files(*drawing::wblockObjects(picked({text}))), std::vector<OdString>());
+  expectSound(*made);
+  expectRoundTrip(*made);
+
+  const OdDbDatabasePtr target = OdDbDatabase::create();
+  addShapeFile(*target, L"c.shx");
+  addShapeFile(*target, L"B.SHX");
+  target->insert(L"door", made.get());
+  EXPECT_EQ(files(*target), (std::vector<OdString>{L"c.shx", L"B.SHX", L"a.shx"}));
+  expectSound(*target);
+  expectUndoRestores(*target, [&] { target->insert(L"again", made.get()); });
 }
 
 TEST_F(Wblock, AWholeDrawingKeepsWhatIsUsed) {
