@@ -17,7 +17,7 @@ using drawing::ExplodeRefusal;
 
 bool hasAttributes(OdDbObjectId id) {
   const auto reference = OdDbBlockReference::cast(id.safeOpenObject());
-  return !reference.isNull() && !reference->attributeIds().isEmpty();
+  return !reference.isNull() && reference->hasAttributes();
 }
 
 Text reasonFor(ExplodeRefusal refusal) {

@@ -194,6 +194,11 @@ OdDbObjectIdArray OdDbBlockReference::attributeIds() const {
   return ids;
 }
 
+bool OdDbBlockReference::hasAttributes() const {
+  const auto& parts = subEntities();
+  return std::any_of(parts.begin(), parts.end(), [](OdDbObjectId id) { return !id.isErased(); });
+}
+
 OdGeExtents3d OdDbBlockReference::extentsOfContents(const OdGeExtents3d& contents) const {
   OdGeExtents3d moved = contents;
   if (const auto* block = peekAs<OdDbBlockTableRecord>(block_))

@@ -234,6 +234,7 @@ TEST_F(Attributes, LieWhereTheBlockLies) {
   EXPECT_TRUE(placed->isWriteEnabled()); // as the caller had it
   EXPECT_TRUE(forRead<OdDbText>(attributes()[0])->position().isEqualTo({102, 1, 2}, OdGeTol(1e-9)));
   forWrite<OdDbEntity>(attributes()[0])->erase();
+  EXPECT_FALSE(placed->hasAttributes());
   EXPECT_TRUE(processAttributesForInsert(placed, false));
   EXPECT_TRUE(forRead<OdDbText>(attributes()[0])->position().isEqualTo({144, 22, 66}, OdGeTol(1e-9)));
 }
