@@ -122,11 +122,13 @@ public:
   OdResult wblockCloneObjects(const OdDbObjectIdArray& ids, OdDbObjectId owner, OdDbIdMapping& mapping,
                               OdDb::DuplicateRecordCloning duplicates, bool deferTranslation = false);
   // Makes or refills the block `blockName` of this drawing with a clone of the source's model space, whose base point
-  // becomes the block's origin. A record that has the name keeps its id. What the clones need comes along; records of
-  // the same name, nested definitions among them, stay as this drawing has them. A nested definition that would make
-  // the block contain itself comes in under a free name. The source stays as it was in any case. Null id, and nothing
-  // changed, for no name, no source or this drawing itself, for the name of a space or an external reference, and when
-  // the drawing grows beyond the limits of cloning.
+  // becomes the block's origin. A record that has the name keeps its id; a new one takes scaling, description and
+  // annotative properties that stand with the source's model space, and both the behaviour of a dynamic block. What the
+  // clones need comes along; records of the same name, nested definitions among them, stay as this drawing has them. A
+  // nested definition that would make the block contain itself comes in under a free name. Relative paths of external
+  // references are turned from the folder of the source to that of this drawing. The source stays as it was in any
+  // case. Null id, and nothing changed, for no name, no source or this drawing itself, for the name of a space or an
+  // external reference, and when the drawing grows beyond the limits of cloning.
   OdDbObjectId insert(const OdString& blockName, OdDbDatabase* source, bool preserveSource = true);
   // What the latest insert told: "clone.renamed" for each definition that came in under another name.
   const drawing::Report& insertReport() const { return insertReport_; }
