@@ -192,14 +192,12 @@ TEST_F(Attributes, LeaveNothingOpenBehindAnException) {
   }
   forWrite<OdDbBlockReference>(reference_)->setBlockTableRecord(walls_);
   OdDbObjectIdArray ids;
-  const std::function<void()> calls[] = {[&] { getAllAttributeDefinesOfBlk(reference(), ids); },
-                                         [&] { hasAttribute(reference()); },
-                                         [&] { processAttributesForInsert(reference(), true); },
-                                         [&] { isExistAnnoPO(walls_); },
-                                         [&] { addAnnoToObj(reference_, true); },
-                                         [&] { updateFiledAttributeDefines(reference_); }};
-  for (const auto& call : calls)
-    EXPECT_THROW(call(), OdError_NotThatKindOfClass) << &call - calls;
+  EXPECT_THROW(getAllAttributeDefinesOfBlk(reference(), ids), OdError_NotThatKindOfClass);
+  EXPECT_THROW(hasAttribute(reference()), OdError_NotThatKindOfClass);
+  EXPECT_THROW(processAttributesForInsert(reference(), true), OdError_NotThatKindOfClass);
+  EXPECT_THROW(isExistAnnoPO(walls_), OdError_NotThatKindOfClass);
+  EXPECT_THROW(addAnnoToObj(reference_, true), OdError_NotThatKindOfClass);
+  EXPECT_THROW(updateFiledAttributeDefines(reference_), OdError_NotThatKindOfClass);
   expectClosed();
 }
 

@@ -143,6 +143,7 @@ TEST_F(Insertion, AsksDefinitionsWhatTheyAre) {
       {{}, false, false, false},   {nested_, false, false, true}, // of another open drawing
   };
   for (const auto& row : rows) {
+    SCOPED_TRACE(&row - rows);
     EXPECT_EQ(isXrefBlock(row.id), row.isXref);
     EXPECT_EQ(isBlockUniformScaled(row.id), row.isUniform);
     EXPECT_EQ(isBlockCanExplode(row.id), row.canExplode);

@@ -2,12 +2,12 @@
 #include "DbAudit.h"
 #include "DbPurge.h"
 #include "tests/corpus/drawings.h"
+#include "tests/corpus/groups.h"
 #include "tests/support/oracles.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
 
 namespace {
 
@@ -31,22 +31,6 @@ TEST(Audit, MendedDrawingsAreWholeAndPurgingThemIsStable) {
   EXPECT_GT(mended, 300u);
 }
 
-// The records of a text file as anyone would count them: starts that are no brackets around others.
-std::size_t recordsOf(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::size_t records = 0;
-  for (std::string code, value; std::getline(in, code) && std::getline(in, value);) {
-    if (code.find_first_not_of(" \t\r0") != std::string::npos || code.find('0') == std::string::npos)
-      continue;
-    value.erase(value.find_last_not_of('\r') + 1);
-    if (value == "EOF")
-      break;
-    const bool isBracket = value == "SECTION" || value == "ENDSEC" || value == "TABLE" || value == "ENDTAB";
-    records += isBracket ? 0 : 1;
-  }
-  return records;
-}
-
 TEST(Reading, AccountsForEveryRecord) {
   const std::initializer_list<const char*> drops = {"dxf.outside-section",       "dxf.outside-block",
                                                     "dxf.record-in-header",      "dxf.record-outside-table",
@@ -55,7 +39,8 @@ TEST(Reading, AccountsForEveryRecord) {
     if (read.database->facts().binary || read.report.has("dxf.group-code-expected"))
       return; // there is nothing to count by
     const auto& account = read.report.account;
-    EXPECT_EQ(account.read + account.kept + account.keptUnread + account.dropped, recordsOf(path));
+    EXPECT_EQ(account.read + account.kept + account.keptUnread + account.dropped,
+              corpus::contentsOf(corpus::textOf(path)).starts);
     EXPECT_EQ(account.dropped != 0,
               std::any_of(drops.begin(), drops.end(), [&](const char* code) { return read.report.has(code); }));
   });

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <set>
 
 namespace corpus {
 
@@ -66,12 +67,15 @@ bool isCarriedWhole(const std::string& section) {
   return section == "CLASSES" || section == "THUMBNAILIMAGE" || section == "ACDSDATA";
 }
 
+const std::set<std::string> kBrackets{"SECTION", "ENDSEC", "TABLE", "ENDTAB"};
+
 class Collector {
 public:
   void take(int code, std::string_view value) {
     if (code == 0) {
       close();
       record_.kind = trimmed(value);
+      contents.starts += kBrackets.contains(record_.kind) ? 0 : 1;
       if (isCarriedWhole(section_) && record_.kind != "ENDSEC")
         contents.others[section_].groups.push_back({0, record_.kind});
     } else if (code == 9 && record_.kind == "SECTION") { // a header variable
@@ -203,7 +207,7 @@ Contents contentsOf(std::string_view text) {
     const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), code);
     if (digits.empty() || read.ptr != digits.data() + digits.size())
       continue; // a stray line
-    if (!takeLine(text, value))
+    if (!takeLine(text, value) || (code == 0 && value == "EOF"))
       break;
     collector.take(code, value);
   }

@@ -25,6 +25,7 @@ struct Contents {
   std::map<std::string, Record> byHandle; // the first record of each handle
   std::map<std::string, Record> header;   // by variable; the last one of a name counts
   std::map<std::string, Record> others;   // CLASSES and the like: whole sections
+  std::size_t starts = 0;                 // of records, as anyone would count them: without the brackets around them
 };
 
 Contents contentsOf(std::string_view text);

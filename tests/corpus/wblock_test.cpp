@@ -1,13 +1,11 @@
 // Every definition of real drawings becomes a drawing of its own: with the same contents, with what they need and
 // nothing else, and inserted again it is the definition that it was.
 #include "DbAudit.h"
-#include "DbBlockTable.h"
 #include "DbCompare.h"
 #include "DbDynBlockReference.h"
 #include "DbPurge.h"
 #include "DbWblock.h"
 #include "tests/corpus/drawings.h"
-#include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 #include "tests/support/program_run.h"
 #include "tests/support/scratch_folder.h"
@@ -99,11 +97,8 @@ void expectUsedRecords(OdDbDatabase& one, OdDbDatabase& other) {
 }
 
 TEST(Wblock, ModelSpaceAndWholeDrawingsComeOutAsTheyAre) {
-  for (const std::string& path : corpus::paths()) {
-    const OdDbDatabasePtr source = drawing::readDrawingFromMemory(corpus::textOf(path)).database;
-    if (source.isNull())
-      continue;
-    SCOPED_TRACE(path);
+  corpus::forEachDrawing([](const std::string&, const drawing::ReadResult& read) {
+    const OdDbDatabasePtr& source = read.database;
     const bool isSound = drawing::auditDrawing(*source).issues().empty();
     const std::string before = drawing::canonicalDump(*source);
     OdDbObjectIdArray objects;
@@ -124,7 +119,7 @@ TEST(Wblock, ModelSpaceAndWholeDrawingsComeOutAsTheyAre) {
     expectUsedRecords(*source, *whole);
     EXPECT_TRUE(!isSound || drawing::auditDrawing(*whole).issues().empty());
     EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*source)), "");
-  }
+  });
 }
 
 // By one command; the samples hold the same in every version.
@@ -145,8 +140,7 @@ TEST(Wblock, TheRichSampleIsWrittenBlockByBlock) {
       ASSERT_FALSE(file.database.isNull());
       EXPECT_EQ(file.report.outcome(), drawing::Outcome::Whole);
       expectSound(*file.database);
-      EXPECT_EQ(forRead<OdDbBlockTableRecord>(file.database->getModelSpaceId())->newIterator()->done(),
-                row["objects"] == 0);
+      EXPECT_EQ(entitiesOf(file.database->getModelSpaceId()).isEmpty(), row["objects"] == 0);
       const OdDbDatabasePtr into = OdDbDatabase::create();
       EXPECT_TRUE(drawing::sameDefinition(block, into->insert(L"inserted", file.database.get())));
       EXPECT_GT(std::filesystem::file_size(folder + "/" + row["preview"].get<std::string>()), 100U);

@@ -32,21 +32,18 @@ std::string unitByName(const std::vector<UnitRule>& table, const std::string& st
   return best;
 }
 
-struct Targets {
-  std::string firstUnit;    // unit of the first public header of ours
-  std::string firstPrivate; // first private header of ours
+struct Target {
+  std::string path;
+  int line = 0; // of the include
 };
 
-Targets targetsOf(const SourceTree& tree, const std::string& path) {
-  Targets targets;
+// What the file includes of blockcommon above the headers below all units.
+std::vector<Target> targetsOf(const SourceTree& tree, const std::string& path) {
+  std::vector<Target> targets;
   for (const Include& include : includesOf(tree.at(path))) {
     const std::string target = resolveInclude(tree, path, include);
-    if (roomOf(target) != "blockcommon" || isFoundation(target))
-      continue;
-    if (isPublicHeader(target) && targets.firstUnit.empty())
-      targets.firstUnit = stemOf(target);
-    if (!isPublicHeader(target) && targets.firstPrivate.empty())
-      targets.firstPrivate = target;
+    if (roomOf(target) == "blockcommon" && !isFoundation(target))
+      targets.push_back({target, include.line});
   }
   return targets;
 }
@@ -82,24 +79,13 @@ std::string refusal(const std::vector<UnitRule>& table, const std::string& from,
 
 void checkPairs(const SourceTree& tree, const std::vector<UnitRule>& table, const std::string& path,
                 const std::string& unit, std::vector<Finding>& out) {
-  for (const Include& include : includesOf(tree.at(path))) {
-    const std::string target = resolveInclude(tree, path, include);
-    if (roomOf(target) != "blockcommon" || isFoundation(target))
-      continue;
-    const std::string used = unitOf(tree, table, target);
-    if (target == kUmbrella)
-      out.push_back({path, include.line, "the library itself does not use the header of all headers"});
+  for (const Target& target : targetsOf(tree, path)) {
+    const std::string used = unitOf(tree, table, target.path);
+    if (target.path == kUmbrella)
+      out.push_back({path, target.line, "the library itself does not use the header of all headers"});
     else if (!used.empty() && used != unit)
       if (const std::string why = refusal(table, unit, used); !why.empty())
-        out.push_back({path, include.line, why});
-  }
-}
-
-void checkFoundation(const SourceTree& tree, const std::string& path, std::vector<Finding>& out) {
-  for (const Include& include : includesOf(tree.at(path))) {
-    const std::string target = resolveInclude(tree, path, include);
-    if (roomOf(target) == "blockcommon" && !isFoundation(target))
-      out.push_back({path, include.line, "a header below all units includes " + target});
+        out.push_back({path, target.line, why});
   }
 }
 
@@ -123,10 +109,12 @@ std::string unitOf(const SourceTree& tree, const std::vector<UnitRule>& table, c
   for (std::string at = path; !at.empty() && seen.insert(at).second;) {
     if (std::string named = unitByName(table, stemOf(at)); !named.empty())
       return named;
-    Targets targets = targetsOf(tree, at);
-    if (!targets.firstUnit.empty())
-      return targets.firstUnit;
-    at = targets.firstPrivate;
+    const std::vector<Target> targets = targetsOf(tree, at);
+    const auto header =
+        std::find_if(targets.begin(), targets.end(), [](const Target& target) { return isPublicHeader(target.path); });
+    if (header != targets.end())
+      return stemOf(header->path);
+    at = targets.empty() ? std::string() : targets[0].path;
   }
   return {};
 }
@@ -137,7 +125,8 @@ std::vector<Finding> checkUnits(const SourceTree& tree, const std::vector<UnitRu
     if (roomOf(path) != "blockcommon" || !isCode(path) || path == kUmbrella)
       continue;
     if (isFoundation(path)) {
-      checkFoundation(tree, path, findings);
+      for (const Target& target : targetsOf(tree, path))
+        findings.push_back({path, target.line, "a header below all units includes " + target.path});
       continue;
     }
     const std::string unit = unitOf(tree, table, path);

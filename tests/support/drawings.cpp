@@ -13,10 +13,6 @@ OdDbObjectId addRecord(OdDbObjectId table, const OdString& name) {
   return forWrite<OdDbSymbolTable>(table)->add(record.get());
 }
 
-OdDbObjectId append(OdDbDatabase& database, OdDbObjectId block, OdDbEntity* entity) {
-  return forWrite<OdDbBlockTableRecord>(block.isNull() ? database.getModelSpaceId() : block)->appendOdDbEntity(entity);
-}
-
 } // namespace
 
 OdDbObjectIdArray entitiesOf(OdDbObjectId block) {
@@ -58,18 +54,18 @@ OdDbObjectId addBlock(OdDbDatabase& database, const OdString& name) {
 }
 
 OdDbObjectId addText(OdDbDatabase& database, const OdString& text, OdDbObjectId block) {
-  const OdSmartPtr<OdDbText> entity = OdDbText::createObject();
-  entity->setDatabaseDefaults(&database);
+  const auto entity = addTo<OdDbText>(block.isNull() ? database.getModelSpaceId() : block);
   entity->setTextString(text);
   entity->setHeight(2.5);
-  return append(database, block, entity.get());
+  return entity->objectId();
 }
 
 OdDbObjectId addReference(OdDbDatabase& database, OdDbObjectId block, OdDbObjectId into) {
   const OdDbBlockReferencePtr reference = OdDbBlockReference::createObject();
   reference->setDatabaseDefaults(&database);
   reference->setBlockTableRecord(block);
-  return append(database, into, reference.get());
+  const OdDbObjectId owner = into.isNull() ? database.getModelSpaceId() : into;
+  return forWrite<OdDbBlockTableRecord>(owner)->appendOdDbEntity(reference.get());
 }
 
 OdDbObjectId addAttribute(OdDbObjectId reference, const OdString& tag, const OdString& value) {

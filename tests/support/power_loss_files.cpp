@@ -34,10 +34,6 @@ std::set<std::string> PowerLossFiles::afterPowerLoss(const std::string& path) co
   return found;
 }
 
-const std::set<std::string>& PowerLossFiles::everPossible(const std::string& path) {
-  return possible_[path];
-}
-
 const std::map<std::string, std::string> PowerLossFiles::contents() const {
   std::map<std::string, std::string> all;
   for (const auto& [path, file] : now_)
@@ -102,18 +98,6 @@ PowerLossFiles::Error PowerLossFiles::close(Handle& file) {
   return {};
 }
 
-PowerLossFiles::Error PowerLossFiles::keepPermissions(Handle&, const Status&) {
-  return {};
-}
-
-PowerLossFiles::Error PowerLossFiles::lock(Handle&, drawing::FileLock) {
-  return {};
-}
-
-PowerLossFiles::Error PowerLossFiles::status(Handle& file, Status& status) {
-  return stat(file.path, status);
-}
-
 PowerLossFiles::Error PowerLossFiles::stat(const std::string& path, Status& status) {
   const auto at = now_.find(path);
   if (at == now_.end())
@@ -152,10 +136,6 @@ PowerLossFiles::Error PowerLossFiles::syncFolder(const std::string&) {
 PowerLossFiles::Error PowerLossFiles::resolve(const std::string& path, std::string& target) {
   target = path;
   return {};
-}
-
-PowerLossFiles::Error PowerLossFiles::map(Handle& file, drawing::FileMapping&) {
-  return fileError(FileAction::Read, file.path, ENODEV);
 }
 
 } // namespace test_support

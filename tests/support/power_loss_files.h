@@ -4,6 +4,7 @@
 
 #include "OdFiles.h"
 
+#include <cerrno>
 #include <map>
 #include <memory>
 #include <set>
@@ -24,7 +25,7 @@ public:
   // Every content that the path may have when the power goes now; "(none)" for no file.
   std::set<std::string> afterPowerLoss(const std::string& path) const;
   // Every content that the path may have had if the power had gone at some moment since the last put.
-  const std::set<std::string>& everPossible(const std::string& path);
+  const std::set<std::string>& everPossible(const std::string& path) { return possible_[path]; }
   const std::map<std::string, std::string> contents() const;
 
   Error open(const std::string& path, drawing::FileOpen how, Handle& file, std::uint32_t permissions) override;
@@ -32,16 +33,18 @@ public:
   Error write(Handle& file, std::string_view bytes) override;
   Error sync(Handle& file) override;
   Error close(Handle& file) override;
-  Error keepPermissions(Handle& file, const Status& status) override;
-  Error lock(Handle& file, drawing::FileLock kind) override;
-  Error status(Handle& file, Status& status) override;
+  Error keepPermissions(Handle&, const Status&) override { return {}; }
+  Error lock(Handle&, drawing::FileLock) override { return {}; }
+  Error status(Handle& file, Status& status) override { return stat(file.path, status); }
   Error stat(const std::string& path, Status& status) override;
   Error rename(const std::string& from, const std::string& to, drawing::FileRename how) override;
   Error link(const std::string& existing, const std::string& name) override;
   Error unlink(const std::string& path) override;
   Error syncFolder(const std::string& path) override;
   Error resolve(const std::string& path, std::string& target) override;
-  Error map(Handle& file, drawing::FileMapping& mapping) override;
+  Error map(Handle& file, drawing::FileMapping&) override {
+    return drawing::fileError(drawing::FileAction::Read, file.path, ENODEV);
+  }
   void unmap(const drawing::FileMapping&) override {}
 
 private:
