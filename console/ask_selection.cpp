@@ -5,6 +5,7 @@
 #include "GiPick.h"
 #include "morvane/drawing_tools.h"
 
+#include <algorithm>
 #include <unordered_set>
 
 namespace console {
@@ -14,7 +15,8 @@ namespace {
 class Picking {
 public:
   explicit Picking(Session& session)
-      : session_(session), space_(qzutads::currentSpaceId()), objects_(objectsOf(space_)) {}
+      : session_(session), space_(qzutads::currentSpaceId()), objects_(pickableObjects(space_)),
+        here_(objects_.begin(), objects_.end()) {}
 
   OdDbObjectIdArray run() {
     for (;;) {
@@ -77,8 +79,10 @@ private:
     pick(picker().along(path));
   }
   void pick(const OdDbObjectIdArray& ids) {
-    for (const OdDbObjectId id : ids)
-      removes_ ? picks_.remove(id) : picks_.add(id);
+    for (const OdDbObjectId id : ids) {
+      if (here_.count(id) != 0)
+        removes_ ? picks_.remove(id) : picks_.add(id);
+    }
   }
   void pickNamed(Selector::Kind kind, Text prompt) {
     if (const auto value = askText(session_, prompt))
@@ -100,13 +104,8 @@ private:
     pick(last);
   }
   void pickPrevious() {
-    const std::unordered_set<OdDbObjectId> here(objects_.begin(), objects_.end());
-    OdDbObjectIdArray ids;
-    for (const OdDbObjectId id : session_.drawing().previous) {
-      if (here.count(id) != 0)
-        ids.append(id);
-    }
-    if (ids.isEmpty())
+    const OdDbObjectIdArray& ids = session_.drawing().previous;
+    if (std::none_of(ids.begin(), ids.end(), [this](OdDbObjectId id) { return here_.count(id) != 0; }))
       session_.say(Text::kNothingPrevious);
     pick(ids);
   }
@@ -114,6 +113,7 @@ private:
   Session& session_;
   const OdDbObjectId space_;
   const OdDbObjectIdArray objects_;
+  const std::unordered_set<OdDbObjectId> here_;
   Picks picks_;
   bool removes_ = false;
 };

@@ -150,6 +150,7 @@ private:
     result_.dropped = missingByType(all, result_.written);
     for (const auto& [type, number] : result_.dropped)
       session_.say(Text::kNotMoved, {count(number), asText(type)});
+    session_.note(Status::Repaired);
     if (result_.written.isEmpty())
       refuse(Text::kAllDropped);
   }

@@ -3,8 +3,10 @@
 
 #include "DbBlockTable.h"
 #include "DbSymbolTable.h"
+#include "DbViewport.h"
 #include "morvane/drawing_tools.h"
 
+#include <algorithm>
 #include <functional>
 #include <set>
 
@@ -90,6 +92,16 @@ OdDbObjectIdArray objectsOf(OdDbObjectId space) {
   return ids;
 }
 
+OdDbObjectIdArray pickableObjects(OdDbObjectId space) {
+  OdDbObjectIdArray ids = objectsOf(space);
+  const OdDbBlockTableRecordPtr record = space.safeOpenObject();
+  if (record.isNull() || !record->isLayout() || space == space.database()->getModelSpaceId())
+    return ids;
+  const auto isViewport = [](OdDbObjectId id) { return id.safeOpenObject()->isKindOf(OdDbViewport::desc()); };
+  const auto own = std::find_if(ids.begin(), ids.end(), isViewport);
+  return own == ids.end() ? ids : pickIf(ids, [own = *own](OdDbObjectId id) { return id != own; });
+}
+
 OdDbObjectIdArray pickedBy(OdDbDatabase& database, const OdDbObjectIdArray& objects, const Selector& selector) {
   switch (selector.kind) {
   case Selector::Kind::Layer:
@@ -105,7 +117,7 @@ OdDbObjectIdArray pickedBy(OdDbDatabase& database, const OdDbObjectIdArray& obje
 }
 
 OdDbObjectIdArray selectObjects(OdDbDatabase& database, OdDbObjectId space, const std::vector<Selector>& selectors) {
-  const OdDbObjectIdArray objects = objectsOf(space);
+  const OdDbObjectIdArray objects = pickableObjects(space);
   Picks picks;
   for (const Selector& selector : selectors) {
     for (const OdDbObjectId id : pickedBy(database, objects, selector))

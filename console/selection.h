@@ -34,6 +34,8 @@ OdDbObjectIdArray objectsOf(OdDbObjectId space);
 // Those of the objects that the selector picks, in their order. Throws for a layer, type or handle that is not there;
 // the message says what there is.
 OdDbObjectIdArray pickedBy(OdDbDatabase& database, const OdDbObjectIdArray& objects, const Selector& selector);
+// Those that can be picked: not the viewport that a sheet itself is seen through, which is its first.
+OdDbObjectIdArray pickableObjects(OdDbObjectId space);
 // What any of the selectors picks of a space.
 OdDbObjectIdArray selectObjects(OdDbDatabase& database, OdDbObjectId space, const std::vector<Selector>& selectors);
 

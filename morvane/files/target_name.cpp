@@ -58,7 +58,7 @@ OdString inFull(Host& host, const OdString& path, const OdString& defaultFolder)
   if (hasRoot(path))
     return path;
   const mvsi::MvsiApDocument* document = host.documents().current();
-  OdString folder = asTyped(defaultFolder);
+  OdString folder = path.find(L'\\') < 0 ? asTyped(defaultFolder) : OdString(); // for names alone
   if (folder.isEmpty() && document != nullptr)
     folder = folderOf(asTyped(document->fileName()));
   const OdString full = folder.isEmpty() ? path : below(folder, path);

@@ -3,6 +3,7 @@
 
 #include "console/block_maker.h"
 #include "console/block_objects.h"
+#include "console/selection.h"
 
 #include "DbAnnotationScale.h"
 #include "DbAttribute.h"
@@ -143,6 +144,18 @@ TEST(BlockObjects, AreFilteredAndOrdered) {
 }
 
 // Two references to the next definition in each of many: the way back is found without walking all ways.
+TEST(Selection, LeavesTheViewportOfTheSheetItselfAlone) {
+  TestSession console;
+  const OdDbObjectId sheet = console.database().getPaperSpaceId(), space = console.database().getModelSpaceId();
+  for (const OdDbObjectId block : {sheet, space}) {
+    tests::addText(console.database(), L"x", block);
+    for (int number = 0; number < 2; ++number)
+      tests::forWrite<OdDbBlockTableRecord>(block)->appendOdDbEntity(OdDbViewport::createObject());
+  }
+  EXPECT_EQ(console::pickableObjects(sheet).length(), 2);
+  EXPECT_EQ(console::pickableObjects(space).length(), 3);
+}
+
 TEST(BlockChain, OfSharedDefinitionsIsFoundInOneWalk) {
   TestSession console;
   OdDbDatabase& database = console.database();

@@ -22,7 +22,7 @@ TEST_F(TargetName, IsCompletedOrRefusedWithTheReason) {
       {L" b ", L"", L"P:/out/", 0, kName},
       {L"b", L"", L"P:", 0, L"P:\\b"},
       {L"~b.dxf", L"", L"P:\\out", 0, L"P:\\out\\~b.dxf"},
-      {L"deep/b", L"", L"P:\\out", 0, L"P:\\out\\deep\\b"},
+      {L"deep/b", L"", L"P:\\out", 3, here + L"\\deep\\"}, // no name alone
       {L"p:/out/b", L"", L"P:\\none", 0, L"p:\\out\\b"},
       {L"x*", L"P:\\out\\b", L"", 0, kName}, // the path is what counts
       {L"\u5757.d\u00fcf", L"", L"P:\\", 0, L"P:\\\u5757.d\u00fcf"},
@@ -48,6 +48,9 @@ TEST_F(TargetName, IsCompletedOrRefusedWithTheReason) {
     OdString name = L"b", path, message;
     EXPECT_EQ(qzutads::MvEdCheckFileName2(name, path, {}, L"", message), 0);
     EXPECT_EQ(path, kName);
+    OdString below = L"deep/b", belowPath;
+    EXPECT_EQ(qzutads::MvEdCheckFileName2(below, belowPath, {}, L"P:\\", message), 0);
+    EXPECT_EQ(belowPath, L"P:\\out\\deep\\b");
     host_.failOperation("MvEdCheckFileName2");
     EXPECT_EQ(qzutads::MvEdCheckFileName2(name, path, {}, L"", message), RTERROR);
   }

@@ -33,9 +33,9 @@ MORVANE_API OdString getPathFileExtName(const OdString& path);
 // Whether a file may be written under the name that the user typed, `fileName`; `filePath` stands in for it when it has
 // text as well. 0: yes, and both are then its full path, with backslashes. 1: nothing typed, or "~", which asks for a
 // file dialog. 2 forbidden characters, 3 no such folder, 4 the name of a folder: no, for the reason in `message`;
-// -5001: the host gave out. The names are left alone unless it is 0. A name without a root lies in `defaultFolder`,
-// without one in the folder of the current drawing. Extensions are neither asked for nor added; `extensions` are those
-// of the dialog.
+// -5001: the host gave out. The names are left alone unless it is 0. A name without a folder lies in
+// `defaultFolder`; without that, and with a folder that has no root, it starts at the folder of the current drawing.
+// Extensions are neither asked for nor added; `extensions` are those of the dialog.
 MORVANE_API int MvEdCheckFileName2(OdString& fileName, OdString& filePath, const OdArray<OdString>& extensions,
                                    const OdString& defaultFolder, OdString& message);
 
