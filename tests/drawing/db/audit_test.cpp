@@ -2,7 +2,6 @@
 // again, neither in memory nor in the file that is written.
 #include "DbAudit.h"
 #include "DbDictionary.h"
-#include "DbDxf.h"
 #include "DbLayout.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"

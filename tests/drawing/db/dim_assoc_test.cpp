@@ -1,7 +1,6 @@
 // Associations tie a dimension to geometry, all or nothing. A text stands for the dimension: posting asks nothing of
 // its kind.
 #include "DbDimAssoc.h"
-#include "DbIdMapping.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 

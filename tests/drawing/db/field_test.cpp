@@ -1,7 +1,6 @@
 // Fields of objects, and the drawing's list of them.
 #include "DbCurves.h"
 #include "DbField.h"
-#include "DbIdMapping.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 

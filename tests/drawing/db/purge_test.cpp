@@ -1,6 +1,5 @@
 // Purging: what nobody uses goes in one go, whatever is used in any way stays, and the reasons can be asked for.
 #include "DbDictionary.h"
-#include "DbDxf.h"
 #include "DbPurge.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"

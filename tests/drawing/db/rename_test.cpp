@@ -1,5 +1,4 @@
 // Renaming: whoever holds the name as text is told, nothing else changes, and what must keep its name does.
-#include "DbDxf.h"
 #include "DbNames.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"

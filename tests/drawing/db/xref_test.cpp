@@ -1,7 +1,5 @@
 // Loading external references never changes the drawing that refers to them, ends for every shape of references
 // between drawings, and opens each drawing once.
-#include "DbDump.h"
-#include "DbDxf.h"
 #include "DbXref.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
