@@ -4,7 +4,6 @@
 #include "tests/support/dynamic_blocks.h"
 
 #include "DbAttribute.h"
-#include "DbDxf.h"
 #include "console/report/drawing_report.h"
 
 #include <nlohmann/json.hpp>
@@ -170,17 +169,12 @@ TEST_F(Report, ShowsPeopleATable) {
 
 TEST_F(Report, ForDialogsIsTheListAlone) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
-  EXPECT_EQ(runMorvane({"report", save(*database), "--dialog"}).results, "[]\n");
   const OdDbObjectId door = addBlock(*database, L"door");
-  forWrite<OdDbBlockTableRecord>(door)->setBlockInsertUnits(OdDb::kUnitsMeters);
-  database->setINSUNITS(OdDb::kUnitsInches);
   const Outcome run = runMorvane({"report", save(*database), "--dialog"});
-  EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.results, R"([{"bUniform":false,"blockId":)" + std::to_string(door.getHandle()) +
-                             R"(,"explodable":true,"insunits":"25.4000","name":"door","units":6}])" + "\n");
-  const Outcome broken = runMorvane({"report", scratch_.write("bad.dxf", "hello\n"), "--dialog"});
-  EXPECT_EQ(broken.status, 3);
-  EXPECT_EQ(broken.results, "");
+                             R"(,"explodable":true,"insunits":"1.0000","name":"door","units":0}])" + "\n");
+  const Names names{{"$F", scratch_.write("bad.dxf", "hello\n")}};
+  EXPECT_EQ(expectRun("report $F --dialog", names, 3, "bad.dxf").results, "");
 }
 
 TEST_F(Report, StopsCountingPlacesWhereNumbersEnd) {

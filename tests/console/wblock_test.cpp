@@ -2,13 +2,11 @@
 // changes, and what is remembered for the next time.
 #include "tests/console/console_run.h"
 #include "tests/support/drawings.h"
-#include "tests/support/failing_files.h"
 
 #include "console/block_writer.h"
 #include "console/portable_name.h"
 
 #include "DbDimension.h"
-#include "DbDxf.h"
 #include "DbModelerGeometry.h"
 
 #include <nlohmann/json.hpp>
@@ -135,28 +133,6 @@ TEST_F(WblockVerb, WritesEveryBlockOrNothing) {
   EXPECT_EQ(run({"--every-block", "$O", "--force"}).status, 1) << "one of them would be the drawing itself";
   EXPECT_EQ(readFile(path("plan.dxf")), plan);
   EXPECT_FALSE(std::filesystem::exists(path("leaf.dxf")));
-}
-
-TEST_F(WblockVerb, AFileStaysWholeWhenTheDiskFails) {
-  ASSERT_EQ(run({"--block", "door", "-o", "$O/o"}).status, 0);
-  const std::string before = readFile(path("o.dxf"));
-  int refusals = 0;
-  bool hasFailed = true;
-  for (int failAt = 1; hasFailed; ++failAt) {
-    test_support::FailingFiles files(drawing::fileOperations(), failAt, ENOSPC);
-    drawing::setFileOperations(&files);
-    const int status = run({"--select", "all", "--force", "-o", "$O/o"}).status;
-    drawing::setFileOperations(nullptr);
-    hasFailed = files.hasFailed();
-    refusals += status != 0 ? 1 : 0;
-    const std::string now = readFile(path("o.dxf"));
-    if (now == before)
-      continue;
-    // The new one, as a whole; where only reading it again failed, that is told.
-    EXPECT_EQ(drawing::readDrawingFromMemory(now).report.outcome(), drawing::Outcome::Whole) << "call " << failAt;
-    ASSERT_EQ(run({"--block", "door", "--force", "-o", "$O/o"}).status, 0);
-  }
-  EXPECT_GT(refusals, 5);
 }
 
 TEST(WblockCommand, RemembersFormatAndFolderAndAsksNobodyWhereItMayNot) {

@@ -3,8 +3,6 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include "DbDxf.h"
-
 namespace {
 
 using namespace console_tests;
