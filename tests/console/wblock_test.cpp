@@ -36,7 +36,7 @@ protected:
     for (int number = 0; number < 3; ++number)
       addText(*plan_, L"text");
     plan_->setINSBASE({7, 7, 7});
-    EXPECT_EQ(drawing::writeDrawing(*plan_, path("plan.dxf")).result, eOk);
+    scratch_.save(*plan_, "plan.dxf");
   }
   std::string path(const std::string& name) const { return scratch_.path(name); }
   // $O is the folder.
@@ -135,6 +135,11 @@ TEST_F(WblockVerb, WritesEveryBlockOrNothing) {
   EXPECT_FALSE(std::filesystem::exists(path("leaf.dxf")));
 }
 
+// The drawing is saved as plan.dxf and the script runs on it.
+Outcome runOn(const Scratch& scratch, const OdDbDatabase& plan, const std::string& script) {
+  return runMorvane({"-c", script, scratch.save(plan, "plan.dxf")}, {}, scratch.path("config.json"));
+}
+
 TEST(WblockCommand, RemembersFormatAndFolderAndAsksNobodyWhereItMayNot) {
   const Scratch scratch;
   const std::string config = scratch.path("config.json"), out = scratch.path("out.dxf");
@@ -178,14 +183,10 @@ TEST(WblockCommand, DeletesOnlyWhatItHasWritten) {
     const Scratch scratch;
     const OdDbDatabasePtr plan = OdDbDatabase::create();
     addText(*plan, L"text");
-    const auto solid = OdDb3dSolid::createObject();
-    solid->setDatabaseDefaults(plan.get());
-    solid->setLayer(addLayer(*plan, L"solids"));
-    forWrite<OdDbBlockTableRecord>(plan->getModelSpaceId())->appendOdDbEntity(solid.get());
-    EXPECT_EQ(drawing::writeDrawing(*plan, scratch.path("plan.dxf")).result, eOk);
+    addTo<OdDb3dSolid>(plan->getModelSpaceId())->setLayer(addLayer(*plan, L"solids"));
     const std::string script = "WBLOCK " + scratch.path("o") + "\n" + row.version + "\n\n" + row.base + "\nAll\n\n" +
                                row.answers + "\n\nSAVEAS " + scratch.path("after.dxf") + "\n\n";
-    const Outcome done = runMorvane({"-c", script, scratch.path("plan.dxf")}, {}, scratch.path("config.json"));
+    const Outcome done = runOn(scratch, *plan, script);
     SCOPED_TRACE(done.shown);
     EXPECT_EQ(done.status, row.inFile == 1 ? 4 : 0);
     const OdDbDatabasePtr made = drawing::readDrawing(scratch.path("o.dxf")).database;
@@ -203,13 +204,9 @@ TEST(WblockCommand, TurnsWithTheUcsWhateverLayerIsLocked) {
   const OdDbObjectId layer = addLayer(*plan, L"walls");
   forWrite<OdDbText>(addText(*plan, L"text"))->setLayer(layer);
   forWrite<OdDbLayerTableRecord>(layer)->setIsLocked(true);
-  const auto dimension = OdDbRotatedDimension::createObject();
-  dimension->setDatabaseDefaults(plan.get());
-  dimension->setHorizontalRotation(-0.5);
-  forWrite<OdDbBlockTableRecord>(plan->getModelSpaceId())->appendOdDbEntity(dimension.get());
-  EXPECT_EQ(drawing::writeDrawing(*plan, scratch.path("plan.dxf")).result, eOk);
+  addTo<OdDbRotatedDimension>(plan->getModelSpaceId())->setHorizontalRotation(-0.5);
   const std::string script = "UCS Z 90\nWBLOCK " + scratch.path("o") + "\n2018\n\n1,0\nAll\n\nKeep\n\n";
-  const Outcome done = runMorvane({"-c", script, scratch.path("plan.dxf")}, {}, scratch.path("config.json"));
+  const Outcome done = runOn(scratch, *plan, script);
   EXPECT_EQ(done.status, 0) << done.shown;
   const OdDbDatabasePtr made = drawing::readDrawing(scratch.path("o.dxf")).database;
   ASSERT_FALSE(made.isNull());
