@@ -34,6 +34,9 @@ struct House {
     nowhere = record->groups().idOf(record->groups()[0]);
     record->erase();
   }
+  OdSmartPtr<OdDbLayout> sheet() const {
+    return forWrite<OdDbLayout>(forRead<OdDbBlockTableRecord>(database->getPaperSpaceId())->getLayoutId());
+  }
   void change(OdDbObjectId id, const std::function<void(OdDbObject&)>& how) const { how(*forWrite<OdDbObject>(id)); }
 
   OdDbDatabasePtr database;
@@ -69,21 +72,9 @@ const Case kCases[] = {
      [](House& h) { forWrite<OdDbEntity>(forRead<OdDbBlockTableRecord>(h.door)->blockEndId())->erase(); }},
     {"audit.sequence-without-end",
      [](House& h) { forWrite<OdDbEntity>(forRead<OdDbBlockReference>(h.reference)->sequenceEndId())->erase(); }},
-    {"audit.layout-without-block",
-     [](House& h) {
-       const auto space = forRead<OdDbBlockTableRecord>(h.database->getPaperSpaceId());
-       forWrite<OdDbLayout>(space->getLayoutId())->setBlockTableRecordId(h.nowhere);
-     }},
-    {"audit.layout-without-block",
-     [](House& h) {
-       const auto space = forRead<OdDbBlockTableRecord>(h.database->getPaperSpaceId());
-       forWrite<OdDbLayout>(space->getLayoutId())->setBlockTableRecordId(h.database->getModelSpaceId());
-     }},
-    {"audit.space-without-layout",
-     [](House& h) {
-       const auto space = forRead<OdDbBlockTableRecord>(h.database->getPaperSpaceId());
-       forWrite<OdDbLayout>(space->getLayoutId())->erase();
-     }},
+    {"audit.layout-without-block", [](House& h) { h.sheet()->setBlockTableRecordId(h.nowhere); }},
+    {"audit.layout-without-block", [](House& h) { h.sheet()->setBlockTableRecordId(h.database->getModelSpaceId()); }},
+    {"audit.space-without-layout", [](House& h) { h.sheet()->erase(); }},
     {"audit.block-of-no-layout", [](House& h) { forWrite<OdDbBlockTableRecord>(h.door)->setLayoutId(h.nowhere); }},
     {"audit.name-illegal", [](House& h) { forWrite<OdDbLayerTableRecord>(h.layer)->setName(L" in?out/ "); }},
     {"audit.block-cycle",

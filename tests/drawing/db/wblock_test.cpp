@@ -130,9 +130,7 @@ TEST_F(Wblock, WhatChangesTheLookOfAnObjectComesWithIt) {
   tail->setNext(OdResBuf::newRb(1005, addBlock(*source, L"_Open30")));
   forWrite<OdDbText>(text)->setXData(data.get());
   forWrite<OdDbDictionary>(source->getNamedObjectsDictionaryId())->setAt(L"ACAD_IMAGE_VARS", new OdDbRasterVariables);
-  const auto image = OdDbRasterImage::createObject();
-  image->setDatabaseDefaults(source.get());
-  const OdDbObjectId picture = forWrite<OdDbBlockTableRecord>(source->getModelSpaceId())->appendOdDbEntity(image.get());
+  const OdDbObjectId picture = addTo<OdDbRasterImage>(source->getModelSpaceId())->objectId();
   for (const auto& [ids, hasArrow, hasFrames] :
        {std::tuple{OdDbObjectIdArray{text}, true, false}, {{picture}, false, true}, {{text, picture}, true, true}}) {
     const OdDbDatabasePtr made = drawing::wblockObjects(ids);
@@ -164,10 +162,7 @@ TEST_F(Wblock, FilesOfShapesComeAlongAndAreToldApart) {
   };
   addShapeFile(*source, L"a.shx");
   addShapeFile(*source, L"b.shx");
-  const auto shape = OdDbShape::createObject();
-  shape->setDatabaseDefaults(source.get());
-  shape->setName(L"zigzag");
-  forWrite<OdDbBlockTableRecord>(leaf)->appendOdDbEntity(shape.get());
+  addTo<OdDbShape>(leaf)->setName(L"zigzag");
   const OdDbDatabasePtr made = drawing::wblockBlock(door);
   EXPECT_EQ(files(*made), (std::vector<OdString>{L"a.shx", L"b.shx"}));
   EXPECT_EQ(files(*drawing::wblockObjects({text})), std::vector<OdString>());
@@ -181,18 +176,6 @@ TEST_F(Wblock, FilesOfShapesComeAlongAndAreToldApart) {
   EXPECT_EQ(files(*target), (std::vector<OdString>{L"c.shx", L"B.SHX", L"a.shx"}));
   expectSound(*target);
   expectUndoRestores(*target, [&] { target->insert(L"again", made.get()); });
-}
-
-TEST_F(Wblock, AWholeDrawingKeepsWhatIsUsed) {
-  addReference(*source, door);
-  const OdDbDatabasePtr made = drawing::wblockDrawing(*source);
-  ASSERT_FALSE(made.isNull());
-  EXPECT_EQ(recordNames(*made, OdDb::kBlockTable),
-            (std::vector<OdString>{L"*Model_Space", L"*Paper_Space", L"nobody's", L"leaf", L"door"}))
-      << "the arrow of the header is used";
-  EXPECT_EQ(recordNames(*made, OdDb::kLayerTable), (std::vector<OdString>{L"0", L"used"}));
-  EXPECT_EQ(made->getINSBASE(), OdGePoint3d(9, 9, 9));
-  expectSound(*made);
 }
 
 TEST_F(Wblock, PathsOfFilesAreTurnedToTheNewFolder) {
