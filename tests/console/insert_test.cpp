@@ -1,20 +1,18 @@
 // Inserting: units, clashes, values of attributes, lists; and that a refused or cancelled insertion leaves nothing.
 #include "tests/console/console_run.h"
+#include "tests/support/drawings.h"
+#include "tests/support/oracles.h"
 
-#include "DbBlockReference.h"
-#include "DbBlockTable.h"
-#include "DbDump.h"
-#include "DbDxf.h"
 #include "console/command_loop.h"
 #include "morvane/input.h"
 
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 namespace {
 
 using console::Status;
 using namespace console_tests;
+using namespace tests;
 using Json = nlohmann::json;
 
 // A drawing file of what the commands draw.
@@ -48,8 +46,7 @@ TEST(Insert, ScalesByTheUnitsOfBlockAndDrawing) {
     const JsonRun run = insert({target, "--file", part, "--at", "1,2,3", "--scale", "2,3,4", "--force", "-o", target});
     EXPECT_DOUBLE_EQ(run.json["results"]["inserted"][0]["factor"].get<double>(), factor) << run.json;
     const drawing::ReadResult read = drawing::readDrawing(target);
-    const OdDbBlockTableRecordPtr block = read.database->symbol(OdDb::kBlockTable, L"part").safeOpenObject();
-    const OdDbBlockReferencePtr reference = block->getBlockReferenceIds()[0].safeOpenObject();
+    const auto reference = forRead<OdDbBlockReference>(entitiesOf(read.database->getModelSpaceId())[1]);
     EXPECT_TRUE(reference->position().isEqualTo(OdGePoint3d(1, 2, 3)));
     EXPECT_NEAR(reference->scaleFactors().sy, 3 * factor, 1e-9);
   }
@@ -124,9 +121,7 @@ TEST(Insert, OfAListSharesNestedBlocksThatAreTheSame) {
   const drawing::ReadResult read = drawing::readDrawing(out);
   EXPECT_TRUE(read.database->symbol(OdDb::kBlockTable, L"leaf-3").isNull());
   const OdDbBlockTableRecordPtr shared = read.database->symbol(OdDb::kBlockTable, L"leaf-2").safeOpenObject();
-  OdDbObjectIdArray references;
-  shared->getBlockReferenceIds(references, true, false);
-  EXPECT_EQ(references.length(), 3);
+  EXPECT_EQ(shared->getBlockReferenceIds().length(), 3);
 }
 
 constexpr char kTagged[] =
@@ -225,15 +220,11 @@ TEST(Insert, OfAListGoesOnOverBadFiles) {
   EXPECT_EQ(results["inserted"][2]["definition"], "shared");
   EXPECT_NE(run.json.dump().find("list-sum"), std::string::npos);
   const drawing::ReadResult read = drawing::readDrawing(out);
-  std::vector<OdGePoint3d> places;
-  const OdDbBlockTableRecordPtr space = read.database->getModelSpaceId().safeOpenObject();
-  for (const auto walk = space->newIterator(); !walk->done(); walk->step()) {
-    if (const auto reference = OdDbBlockReference::cast(walk->entity()); !reference.isNull())
-      places.push_back(reference->position());
-  }
-  ASSERT_EQ(places.size(), 3U);
-  EXPECT_TRUE(places[1].isEqualTo(OdGePoint3d(1, 101, 0)));  // the third of the list
-  EXPECT_TRUE(places[2].isEqualTo(OdGePoint3d(11, 201, 0))); // the sixth
+  const OdDbObjectIdArray shown = entitiesOf(read.database->getModelSpaceId()); // behind the line
+  ASSERT_EQ(shown.size(), 4U);
+  const auto at = [&](unsigned n) { return forRead<OdDbBlockReference>(shown[n])->position(); };
+  EXPECT_TRUE(at(2).isEqualTo(OdGePoint3d(1, 101, 0)));  // the third of the list
+  EXPECT_TRUE(at(3).isEqualTo(OdGePoint3d(11, 201, 0))); // the sixth
 }
 
 TEST(Insert, DryRunTellsAndChangesNothing) {
