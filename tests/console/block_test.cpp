@@ -60,8 +60,7 @@ TEST(BlockObjects, StayOrAreShownWhereTheyWereUnderATiltedUcs) {
 TEST(BlockObjects, ReferenceGetsItsAttributesButNotConstantOnes) {
   TestSession console;
   console.run("ATTDEF NO Number\n12\n20,20 2.5\nATTDEF FIX Fixed\n1\n5,5 1\nUCS Z 90\n");
-  const OdDbAttributeDefinitionPtr fixed = console.objects()[1].safeOpenObject(OdDb::kForWrite);
-  fixed->setConstant(true);
+  tests::forWrite<OdDbAttributeDefinition>(console.objects()[1])->setConstant(true);
   ASSERT_EQ(console.run("BLOCK part 1,1 All\n\nConvert\n"), Status::Done) << console.takeShown();
   const OdDbBlockReferencePtr reference = onlyReference(console);
   const OdDbObjectIdArray attributes = reference->attributeIds();
@@ -77,10 +76,7 @@ TEST(BlockObjects, RedefinedBlockHasItsOriginAtTheBasePoint) {
   TestSession console;
   console.run("LINE 0,0 1,0\n\nBLOCK part 0,0 All\n\nDelete\nLINE 7,7 8,7\n\n");
   const OdDbObjectId id = console.database().symbol(OdDb::kBlockTable, L"part");
-  {
-    const OdDbBlockTableRecordPtr block = id.safeOpenObject(OdDb::kForWrite);
-    block->setOrigin(OdGePoint3d(3, 3, 3));
-  }
+  tests::forWrite<OdDbBlockTableRecord>(id)->setOrigin(OdGePoint3d(3, 3, 3));
   ASSERT_EQ(console.run("BLOCK part 1 7,7 All\n\nConvert\n"), Status::Done) << console.takeShown();
   const OdDbBlockTableRecordPtr block = id.safeOpenObject();
   EXPECT_TRUE(bitEqual(block->origin(), OdGePoint3d(0, 0, 0)));
@@ -92,13 +88,11 @@ TEST(BlockObjects, AnnotativeReferenceShowsThemInTheirSize) {
   TestSession console;
   console.run("LINE 1,1 3,1\n\n");
   OdDbDatabase& database = console.database();
-  const OdDbDictionaryPtr named = database.getNamedObjectsDictionaryId().safeOpenObject(OdDb::kForWrite);
-  const OdDbDictionaryPtr scales =
-      named->setAt(L"ACAD_SCALELIST", OdDbDictionary::createObject()).safeOpenObject(OdDb::kForWrite);
+  const auto named = tests::forWrite<OdDbDictionary>(database.getNamedObjectsDictionaryId());
   const OdSmartPtr<OdDbScale> scale = OdDbScale::createObject();
   scale->setScaleName(L"1:4");
   scale->setUnits(1, 4);
-  scales->setAt(L"A0", scale.get());
+  tests::forWrite<OdDbDictionary>(named->setAt(L"ACAD_SCALELIST", OdDbDictionary::createObject()))->setAt(L"A0", scale);
   ASSERT_EQ(database.setCannoscale(L"1:4"), eOk);
   console::BlockRequest request;
   request.name = L"note";
@@ -120,9 +114,7 @@ TEST(BlockObjects, AreFilteredAndOrdered) {
   TestSession console;
   console.run("LAYER Make grid\nSet 0\nLock grid\n\nATTDEF A A\na\n0,0 1\nLINE 0,0 1,0\n\nATTDEF B B\nb\n0,1 1\n"
               "CIRCLE 0,0 1\n");
-  const OdDbBlockTableRecordPtr space = console.database().getModelSpaceId().safeOpenObject(OdDb::kForWrite);
-  const OdSmartPtr<OdDbCamera> camera = OdDbCamera::createObject();
-  space->appendOdDbEntity(camera.get());
+  tests::addTo<OdDbCamera>(console.database().getModelSpaceId());
   const OdDbObjectIdArray all = console.objects();
   OdDbObjectIdArray picked;
   for (const int at : {2, 4, 1, 0, 3})
