@@ -134,20 +134,17 @@ TEST_F(AttributeTable, SetsWhatFitsAndTellsWhatDoesNot) {
 }
 
 TEST_F(AttributeTable, LeavesTheDrawingAloneWhenItIsNone) {
-  const struct {
-    const char* table;
-    int status;
-    const char* part;
-  } cases[] = {{"handle,tag\n1,2\n", 1, "no column \"value\""},
-               {"", 1, "no column \"handle\""},
-               {"handle,tag,value\n1,\"A\"b,v\n", 1, "line 2: a quote stands inside"},
-               {"handle,tag,value\n1,A,\"v\n", 1, "line 2: a quote is not closed"},
-               {"handle,tag,value\n1,A,v\n1,A,v,w\n", 1, "line 3: 4 cells instead of 3"}};
-  for (const auto& one : cases) {
-    const Outcome run = import(one.table);
-    EXPECT_EQ(run.status, one.status) << one.table;
-    EXPECT_NE(run.shown.find(one.part), std::string::npos) << run.shown;
-    EXPECT_FALSE(std::filesystem::exists(out())) << one.table;
+  const std::pair<const char*, const char*> cases[] = {
+      {"handle,tag\n1,2\n", "no column \"value\""},
+      {"", "no column \"handle\""},
+      {"handle,tag,value\n1,\"A\"b,v\n", "line 2: a quote stands inside"},
+      {"handle,tag,value\n1,A,\"v\n", "line 2: a quote is not closed"},
+      {"handle,tag,value\n1,A,v\n1,A,v,w\n", "line 3: 4 cells instead of 3"}};
+  for (const auto& [table, part] : cases) {
+    const Outcome run = import(table);
+    EXPECT_EQ(run.status, 1) << table;
+    EXPECT_NE(run.shown.find(part), std::string::npos) << run.shown;
+    EXPECT_FALSE(std::filesystem::exists(out())) << table;
   }
   const Names names{{"$F", in_}, {"$OUT", out()}, {"$NONE", scratch_.path("none.csv")}};
   expectRun("attributes $F --import $NONE -o $OUT", names, 3, "none.csv");

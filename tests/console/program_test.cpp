@@ -97,7 +97,6 @@ TEST(CommandLine, UnreadableFilesAreToldInOneLine) {
 }
 
 TEST(Script, GoesOnAndEndsWithTheWorstStatus) {
-  const Scratch scratch;
   const Outcome run =
       runMorvane({}, "NOSUCH\nCIRCLE 0,0 1\nOPEN nosuch.dxf\nYes\nSAVEAS /nosuch/x.dxf\n\nLIST\nLINE 0,0");
   EXPECT_EQ(run.status, 6) << run.shown;
@@ -185,20 +184,14 @@ TEST(Make, LeavesTheCoordinateSystemOfTheDrawing) {
 // A record that could not be understood is carried as it stands: nothing can move it.
 TEST(Make, CountsObjectsThatCannotBePutIntoTheBlock) {
   const Scratch scratch;
-  const std::string path = scratch.write("d.dxf", replaced(readFile(kRoom), "\n3600.0\n", "\n36x\n"));
-  const auto make = [&](const char* option, const char* value) {
-    return runMorvane({"make", path, "-o", scratch.path("o.dxf"), "--name", "n", "--base", "1,1", option, value});
-  };
-  const Outcome none = make("--handle", "2D");
-  EXPECT_EQ(none.status, 1);
-  EXPECT_NE(none.shown.find("None of the objects"), std::string::npos) << none.shown;
-  EXPECT_FALSE(std::filesystem::exists(scratch.path("o.dxf")));
-  const Outcome some = make("--select", "all");
-  EXPECT_EQ(some.status, 4);
-  EXPECT_NE(some.shown.find("3 objects of type LINE cannot"), std::string::npos) << some.shown;
+  const std::string out = scratch.path("o.dxf"), damaged = replaced(readFile(kRoom), "\n3600.0\n", "\n36x\n");
+  const Names names{{"$F", scratch.write("d.dxf", damaged)}, {"$OUT", out}};
+  const std::string line = "make $F -o $OUT --name n --base 1,1 ";
+  expectRun(line + "--handle 2D", names, 1, "None of the objects");
+  EXPECT_FALSE(std::filesystem::exists(out));
+  const Outcome some = expectRun(line + "--select all", names, 4, "3 objects of type LINE cannot");
   EXPECT_NE(some.results.find("made of 15 objects"), std::string::npos) << some.results;
-  const auto saved = readFile(scratch.path("o.dxf"));
-  EXPECT_NE(saved.find("\n36x\n"), std::string::npos);
+  EXPECT_NE(readFile(out).find("\n36x\n"), std::string::npos);
 }
 
 TEST(Make, ReplacesABlockOnlyWhenTold) {
@@ -212,15 +205,14 @@ TEST(Make, ReplacesABlockOnlyWhenTold) {
 
 TEST(JsonReport, IsOneObjectWithStableIds) {
   const Scratch scratch;
-  const Outcome done = runMorvane({"make", kRoom, "-o", scratch.path("a.dxf"), "--name", "b\xC3\xA9", "--base", "0,0",
-                                   "--type", "CIRCLE", "--json"});
+  const std::string damaged = scratch.write("d.dxf", replaced(readFile(kRoom), "\n3600.0\n", "\n36\xFFx\n"));
+  const Names names{{"$D", kRoom}, {"$F", damaged}, {"$A", scratch.path("a.dxf")}, {"$C", scratch.path("c.dxf")}};
+  const Outcome done = expectRun("make $D -o $A --name b\xC3\xA9 --base 0,0 --type CIRCLE --json", names, 0, "");
   EXPECT_EQ(done.results.find("{\n  \"version\": 1,\n  \"command\": \"make\",\n  \"status\": 0,"), 0u) << done.results;
   for (const char* part : {"\"block\": \"b\xC3\xA9\"", "\"objects\": 4", "\"locked\": 0", "\"id\": \"block.made\"",
                            "\"id\": \"drawing.saved\"", "\"issues\": []"})
     EXPECT_NE(done.results.find(part), std::string::npos) << part << done.results;
-  const std::string damaged = scratch.write("d.dxf", replaced(readFile(kRoom), "\n3600.0\n", "\n36\xFFx\n"));
-  const Outcome repaired = runMorvane({"convert", damaged, "-o", scratch.path("c.dxf"), "--json"});
-  EXPECT_EQ(repaired.status, 4);
+  const Outcome repaired = expectRun("convert $F -o $C --json", names, 4, "");
   for (const char* part : {"\"status\": 4", "\"severity\": ", "\"line\": ", "\"id\": \"drawing.repaired\""})
     EXPECT_NE(repaired.results.find(part), std::string::npos) << part << repaired.results;
 }

@@ -103,19 +103,16 @@ TEST(Upkeep, AuditMendsWhatItReadsAndNeverTheFileItself) {
   const auto second = bytes.find(start, first) + start.size();
   bytes.replace(second, bytes.find('\n', second) - second, bytes.substr(first, bytes.find('\n', first) - first));
   const std::string in = scratch.write("hurt.dxf", bytes);
-  const std::string out = scratch.path("out.dxf");
-  const Outcome looked = runMorvane({"audit", in, "--json"});
-  EXPECT_EQ(looked.status, 4);
-  for (const char* part : {"\"outcome\": \"repaired\"", "\"code\": \"dxf.duplicate-handle\"", "\"section\": \"BLOCKS\"",
+  const Names names{{"$F", in}, {"$OUT", scratch.path("out.dxf")}};
+  const Outcome looked = expectRun("audit $F --json", names, 4, "\"outcome\": \"repaired\"");
+  for (const char* part : {"\"code\": \"dxf.duplicate-handle\"", "\"section\": \"BLOCKS\"",
                            "\"code\": \"dxf.layout-without-block\"", "\"dropped\": 0"})
     EXPECT_NE(looked.results.find(part), std::string::npos) << part << looked.results;
-  const Outcome table = runMorvane({"audit", in});
-  EXPECT_NE(table.results.find("repaired  line "), std::string::npos) << table.results;
-  EXPECT_EQ(runMorvane({"audit", in, "--fix", "-o", in}).status, 1);
+  expectRun("audit $F", names, 4, "repaired  line ");
+  expectRun("audit $F --fix -o $F", names, 1, "");
   EXPECT_EQ(readFile(in), bytes);
-  EXPECT_EQ(runMorvane({"audit", in, "--fix", "-o", out}).status, 4);
-  const Outcome again = runMorvane({"audit", out});
-  EXPECT_EQ(again.status, 0) << again.shown;
+  expectRun("audit $F --fix -o $OUT", names, 4, "");
+  expectRun("audit $OUT", names, 0, "");
 }
 
 TEST(Commands, AreOneStepEach) {
