@@ -93,23 +93,6 @@ TEST(BinaryForm, NumbersThatAreNotFiniteKeepTheirRecordUnread) {
   expectRoundTrip(*read.database);
 }
 
-// Cut anywhere, a file is read as far as it goes or refused; the place is a byte offset.
-TEST(BinaryForm, FilesThatAreCutOffAreReadAsFarAsTheyGo) {
-  const OdDbDatabasePtr database = OdDbDatabase::create();
-  addText(*database, L"last");
-  const std::string whole = asBinary(*database);
-  for (std::size_t length = 0; length < whole.size() - 7; length += 97) {
-    SCOPED_TRACE(length);
-    const ReadResult read = drawing::readDrawingFromMemory(std::string_view(whole).substr(0, length), "cut");
-    if (read.database.isNull()) {
-      EXPECT_EQ(read.message.rfind("cut", 0), 0u) << read.message;
-    } else {
-      EXPECT_EQ(read.report.outcome(), drawing::Outcome::Repaired);
-      EXPECT_TRUE(read.report.has("dxf.no-end-of-file"));
-    }
-  }
-}
-
 TEST(BinaryForm, AReadingOutOfStepEndsWithItsPlace) {
   std::string bytes = asBinary(*OdDbDatabase::create());
   const std::size_t at = bytes.find(std::string("\0\0TABLE\0", 8));

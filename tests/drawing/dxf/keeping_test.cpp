@@ -33,55 +33,6 @@ TEST(Keeping, UnknownObjectsEntitiesAndSectionsComeBack) {
     EXPECT_NE(written.find(part), std::string::npos) << part;
 }
 
-// A code that a field has taken may come again with another meaning.
-TEST(Keeping, CodesThatComeAgainInTheSameSectionAreKept) {
-  const std::string text = dxf(section(
-      "TABLES", "0|TABLE\n2|DIMSTYLE\n5|D\n100|AcDbSymbolTable\n70|1\n100|AcDbDimStyleTable\n71|0\n"
-                "0|DIMSTYLE\n105|D1\n100|AcDbSymbolTableRecord\n100|AcDbDimStyleTableRecord\n2|filled\n70|0\n69|2\n"
-                "70|97\n0|ENDTAB\n"));
-  const ReadResult read = readWell(text);
-  EXPECT_EQ(forRead<OdDbDimStyleTableRecord>(read.database->getOdDbObjectId(0xD1))->flags(), 0);
-  const std::string written = drawing::writeDrawingToMemory(*read.database);
-  EXPECT_NE(written.find(" 69\n2\n 70\n97\n"), std::string::npos);
-  expectRoundTrip(*read.database);
-}
-
-TEST(Keeping, DimensionStylesThatNameTheirTextStyleAreUnderstood) {
-  const std::string text = dxf(section(
-      "TABLES", "0|TABLE\n2|STYLE\n5|3\n100|AcDbSymbolTable\n70|1\n0|STYLE\n5|E1\n100|AcDbSymbolTableRecord\n"
-                "100|AcDbTextStyleTableRecord\n2|Notes\n70|0\n3|txt\n0|ENDTAB\n"
-                "0|TABLE\n2|DIMSTYLE\n5|D\n100|AcDbSymbolTable\n70|1\n0|DIMSTYLE\n105|D1\n"
-                "100|AcDbSymbolTableRecord\n100|AcDbDimStyleTableRecord\n2|a\n70|0\n340|NOTES\n341|\n0|ENDTAB\n"));
-  const ReadResult read = readWell(text);
-  EXPECT_EQ(read.report.outcome(), drawing::Outcome::Whole);
-  EXPECT_EQ(forRead<OdDbDimStyleTableRecord>(read.database->getOdDbObjectId(0xD1))->dimtxsty().getHandle(),
-            OdDbHandle(0xE1));
-}
-
-TEST(Keeping, TextIsReadInTheFilesCodePageAndWrittenInIt) {
-  struct Case {
-    const char* version;
-    const char* page;
-    const char* bytes;
-    const wchar_t* text;
-  };
-  for (const Case& row :
-       {Case{"AC1015", "ANSI_1251", "\xC4\xE2\xE5\xF0\xFC", L"\u0414\u0432\u0435\u0440\u044C"},
-        Case{"AC1015", "ANSI_936", "\xC3\xC5\xB4\xB0", L"\u95E8\u7A97"},
-        Case{"AC1015", "ANSI_932", "\x94\xE0\x5C", L"\u6249\\"}, Case{"AC1015", "ANSI_1252", "T\xFCr", L"T\u00FCr"},
-        Case{"AC1015", "", "T\xFCr", L"T\u00FCr"}, Case{"AC1021", "ANSI_1251", "\xD0\x94\xE9\x97\xA8", L"\u0414\u95E8"},
-        Case{"AC1032", "", "\xF0\x9F\x9A\xAA", L"\U0001F6AA"}}) {
-    SCOPED_TRACE(std::string(row.version) + " " + row.page);
-    const std::string entity = "0|TEXT\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbText\n10|0\n20|0\n30|0\n40|1\n1|" +
-                               std::string(row.bytes) + "\n100|AcDbText\n";
-    const ReadResult read = readWell(dxf(section("ENTITIES", entity), row.version, row.page));
-    EXPECT_EQ(forRead<OdDbText>(read.database->getOdDbObjectId(0xA1))->textString(), OdString(row.text));
-    EXPECT_NE(drawing::writeDrawingToMemory(*read.database).find("\n" + std::string(row.bytes) + "\n"),
-              std::string::npos);
-    expectRoundTrip(*read.database);
-  }
-}
-
 TEST(Keeping, EveryVersionHoldsTheSameDrawing) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
   const OdDbObjectId block = addBlock(*database, L"\u0434\u0432\u0435\u0440\u044C \u95E8");
