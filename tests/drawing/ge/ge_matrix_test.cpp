@@ -24,16 +24,12 @@ OdGeMatrix3d crooked() {
 }
 
 TEST(Matrix, AppliesTheRightOperandFirst) {
-  const OdGeMatrix3d move = OdGeMatrix3d::translation({10, 0, 0});
-  const OdGeMatrix3d turn = OdGeMatrix3d::rotation(OdaPI2, kZ);
+  const OdGeMatrix3d move = OdGeMatrix3d::translation({10, 0, 0}), turn = OdGeMatrix3d::rotation(OdaPI2, kZ);
   const OdGePoint3d point(1, 0, 0);
-  EXPECT_EQ(move * turn * point, OdGePoint3d(10, 1, 0));
-  EXPECT_EQ(turn * move * point, OdGePoint3d(0, 11, 0));
+  OdGeMatrix3d product;
+  EXPECT_EQ(product.setToProduct(move, turn) * point, OdGePoint3d(10, 1, 0));
   EXPECT_EQ(OdGeMatrix3d(turn).preMultBy(move) * point, OdGePoint3d(10, 1, 0));
   EXPECT_EQ(OdGeMatrix3d(turn).postMultBy(move) * point, OdGePoint3d(0, 11, 0));
-  EXPECT_EQ(move * turn * kX, kY); // a vector is not moved
-  OdGeMatrix3d own = move;
-  EXPECT_EQ(own.setToProduct(own, own).translation(), OdGeVector3d(20, 0, 0));
 }
 
 TEST(Matrix, InvertsWhatItCan) {
@@ -87,16 +83,6 @@ TEST(Matrix, MovesThereAndBackExactly) {
   EXPECT_EQ(OdGeMatrix3d::scaling(3.0).inverse().entry[0][0], 1.0 / 3.0);
   EXPECT_FALSE(std::signbit(OdGeMatrix3d::kIdentity.inverse().entry[0][3]));
   EXPECT_FALSE(std::signbit(OdGeMatrix3d::mirroring(kOrigin, kX).inverse().entry[0][1]));
-}
-
-TEST(Matrix, GivesBackItsCoordinateSystem) {
-  const OdGeMatrix3d made = OdGeMatrix3d::coordSystem({1, 2, 3}, {4, 5, 6}, {7, 8, 9}, {10, 11, 12.5});
-  OdGePoint3d origin;
-  OdGeVector3d x, y, z;
-  made.getCoordSystem(origin, x, y, z);
-  EXPECT_TRUE(identical(OdGeMatrix3d::coordSystem(origin, x, y, z), made));
-  EXPECT_EQ(made * OdGePoint3d(1, 1, 0), OdGePoint3d(12, 15, 18));
-  EXPECT_EQ(made.transpose().entry[3][0], 1.0);
 }
 
 TEST(Matrix, KeepsTheCenterInPlace) {
@@ -223,7 +209,7 @@ TEST(Vector, TellsDirections) {
   EXPECT_FALSE(OdGePoint3d(nan, 0, 0) == OdGePoint3d(nan, 0, 0));
 }
 
-TEST(Extents, GrowFromNothing) {
+TEST(Extents, GrowFromNothingAndTurn) {
   OdGeExtents3d box;
   EXPECT_FALSE(box.isValidExtents());
   box.addExt(OdGeExtents3d());
@@ -242,15 +228,12 @@ TEST(Extents, GrowFromNothing) {
   EXPECT_FALSE(box.contains({1, 4, 4.001}));
   EXPECT_TRUE(box.isDisjoint({{2, 2, 3}, {3, 4, 4}}));
   EXPECT_FALSE(box.isDisjoint({{1, 2, 3}, {3, 4, 4}}));
-}
-
-TEST(Extents, TurnWithAllCorners) {
-  OdGeExtents3d box({0, 0, 0}, {2, 1, 1});
-  box.transformBy(OdGeMatrix3d::rotation(OdaPI / 4, kZ));
+  box.expandBy(2.0);
+  EXPECT_TRUE(box.isEqualTo({{-3, -10, 1}, {3, 6, 6}}));
+  box.set({0, 0, 0}, {2, 1, 1});
+  box.transformBy(OdGeMatrix3d::rotation(OdaPI / 4, kZ)); // with all corners
   const double root = std::sqrt(0.5);
   EXPECT_TRUE(box.isEqualTo({{-root, 0, 0}, {2 * root, 3 * root, 1}}));
-  box.transformBy(OdGeMatrix3d::scaling(-1.0));
-  EXPECT_TRUE(box.isEqualTo({{-2 * root, -3 * root, -1}, {root, 0, 0}}));
 }
 
 } // namespace

@@ -145,8 +145,7 @@ TEST(Picture, CutsClippedReferences) {
       {clipped(box, inverted("10|20\n20|20\n30|0\n10|61\n20|60\n30|0\n")), "-++-", 60, "a hole of another boundary"},
   };
   for (const auto& one : cases) {
-    const drawing::ReadResult read = tests::readWell(tests::dxf(one.file));
-    const Shot shot(read.database);
+    const Shot shot(tests::readWell(tests::dxf(one.file)).database);
     std::string inside;
     for (const double place : {10.0, 30.0, 50.0, 75.0})
       inside += shot.at(place + 0.5, place + 2.5) == kRed ? '+' : '-';

@@ -22,13 +22,6 @@ std::string linesOf(const std::string& groups) {
   return lines;
 }
 
-std::string number(double value) {
-  std::ostringstream stream;
-  stream.precision(17);
-  stream << value;
-  return stream.str();
-}
-
 } // namespace
 
 OdDbDatabasePtr drawingOf(const std::string& entities, const std::string& blocks, const std::string& layers,
@@ -54,6 +47,7 @@ std::string insert(const std::string& block, const std::string& properties) {
 }
 
 std::string square(double left, double bottom, const std::string& properties) {
+  const auto number = [](double value) { return std::to_string(value); };
   const std::string x = number(left), y = number(bottom), right = number(left + 10), top = number(bottom + 10);
   return "0|SOLID " + (properties.find("8|") == properties.npos ? std::string("8|0 ") : "") + properties + " 10|" + x +
          " 20|" + y + " 11|" + right + " 21|" + y + " 12|" + x + " 22|" + top + " 13|" + right + " 23|" + top + " ";
