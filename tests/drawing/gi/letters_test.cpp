@@ -203,11 +203,8 @@ TEST(MTexts, BreakIntoLinesAndColumns) {
 
 TEST(MTexts, StandByTheirAttachmentPoint) {
   for (int attachment = 1; attachment <= 9; ++attachment) {
-    const std::string entity =
-        "0|MTEXT\n5|A\n100|AcDbEntity\n8|0\n100|AcDbMText\n10|50\n20|50\n30|0\n40|10\n41|0\n71|" +
-        std::to_string(attachment) + "\n1|HH\\PHH\n50|0\n";
-    const drawing::ReadResult read = tests::readWell(tests::dxf(tests::section("ENTITIES", entity)));
-    const OdGeExtents3d box = reportOf(read.database).extents;
+    const OdGeExtents3d box = extentsOf("0|MTEXT 8|0 100|AcDbMText 10|50 20|50 30|0 40|10 41|0 1|HH\\PHH 50|0 71|" +
+                                        std::to_string(attachment));
     const double height = box.maxPoint().y - box.minPoint().y, width = box.maxPoint().x - box.minPoint().x;
     EXPECT_NEAR(height, 10 + 10 * 5.0 / 3, 0.05);
     EXPECT_NEAR(box.maxPoint().y, 50 + height * ((attachment - 1) / 3) / 2, 0.05) << attachment;

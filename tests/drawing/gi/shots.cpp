@@ -15,7 +15,7 @@ std::string linesOf(const std::string& groups) {
   std::string lines;
   for (std::string group; stream >> group;) {
     group.replace(group.find('|'), 1, "\n");
-    std::replace(group.begin(), group.end(), '_', ' ');
+    std::replace(group.begin(), group.end(), '`', ' ');
     std::replace(group.begin(), group.end(), '~', '|');
     lines += group + "\n";
   }
