@@ -65,15 +65,13 @@ TEST(Matrix, RefusesToInvertWhatIsFlat) {
 }
 
 TEST(Matrix, MovesThereAndBackExactly) {
-  const OdGeMatrix3d exact[] = {
-      OdGeMatrix3d::kIdentity,
-      OdGeMatrix3d::translation({1234567, -89, 3}),
-      OdGeMatrix3d::translation({0.1, 1e-300, 1e300}),
-      OdGeMatrix3d::coordSystem({5, 6, 7}, kY, kZ, kX),
-      OdGeMatrix3d::coordSystem({5, 6, 7}, -kY, kX, kZ),
-      OdGeMatrix3d::mirroring({12, 0, 0}, kX),
-      OdGeMatrix3d::scaling(OdGeScale3d(4, 0.5, -8), {3, 5, 7}),
-  };
+  const OdGeMatrix3d exact[] = {OdGeMatrix3d::kIdentity,
+                                OdGeMatrix3d::translation({1234567, -89, 3}),
+                                OdGeMatrix3d::translation({0.1, 1e-300, 1e300}),
+                                OdGeMatrix3d::coordSystem({5, 6, 7}, kY, kZ, kX),
+                                OdGeMatrix3d::coordSystem({5, 6, 7}, -kY, kX, kZ),
+                                OdGeMatrix3d::mirroring({12, 0, 0}, kX),
+                                OdGeMatrix3d::scaling(OdGeScale3d(4, 0.5, -8), {3, 5, 7})};
   for (const OdGeMatrix3d& matrix : exact) {
     EXPECT_TRUE(identical(matrix * matrix.inverse(), OdGeMatrix3d::kIdentity));
     EXPECT_TRUE(identical(matrix.inverse().inverse(), matrix));
@@ -88,10 +86,7 @@ TEST(Matrix, MovesThereAndBackExactly) {
 TEST(Matrix, KeepsTheCenterInPlace) {
   const OdGePoint3d center(3, -4, 5);
   const OdGePoint3d point = center + OdGeVector3d(1, 2, 3);
-  const struct {
-    OdGeMatrix3d matrix;
-    OdGeVector3d image;
-  } cases[] = {
+  const std::pair<OdGeMatrix3d, OdGeVector3d> cases[] = {
       {OdGeMatrix3d::scaling(2.0, center), {2, 4, 6}},
       {OdGeMatrix3d::scaling(OdGeScale3d(2, -1, 0), center), {2, -2, 0}},
       {OdGeMatrix3d::rotation(OdaPI2, kZ * 9, center), {-2, 1, 3}},
@@ -102,9 +97,9 @@ TEST(Matrix, KeepsTheCenterInPlace) {
       {OdGeMatrix3d::mirroring(center, kX - kY), {2, 1, 3}},
       {OdGeMatrix3d::mirroringLine(center, kX * 5), {1, -2, -3}},
   };
-  for (const auto& one : cases) {
-    EXPECT_EQ(one.matrix * center, center);
-    EXPECT_EQ(one.matrix * point - center, one.image);
+  for (const auto& [matrix, image] : cases) {
+    EXPECT_EQ(matrix * center, center);
+    EXPECT_EQ(matrix * point - center, image);
   }
 }
 
@@ -112,8 +107,7 @@ TEST(Matrix, TellsItsKind) {
   const OdGeMatrix3d turned = OdGeMatrix3d::rotation(1.0, {1, 2, 3}, {1e6, 0, 0});
   const struct {
     OdGeMatrix3d matrix;
-    bool uniform;
-    bool ortho;
+    bool uniform, ortho;
   } cases[] = {
       {turned * OdGeMatrix3d::scaling(1e-8), true, true},
       {turned * OdGeMatrix3d::scaling(1e8) * OdGeMatrix3d::mirroring(kOrigin, {1, 1, 0}), true, true},
@@ -145,10 +139,8 @@ TEST(Matrix, KeepsNormalsNormal) {
 
 TEST(ArbitraryAxis, FollowsTheRuleOfDrawingFiles) {
   const double edge = 1.0 / 64.0;
-  const struct {
-    OdGeVector3d normal;
-    OdGeVector3d xAxis;
-  } cases[] = {
+  const std::pair<OdGeVector3d, OdGeVector3d> cases[] = {
+      // a normal and its x axis
       {{0, 0, 1}, {1, 0, 0}},
       {{0, 0, -1}, {-1, 0, 0}},
       {{1, 0, 0}, {0, 1, 0}},
@@ -158,12 +150,12 @@ TEST(ArbitraryAxis, FollowsTheRuleOfDrawingFiles) {
       {{edge * 0.999, 0, std::sqrt(1 - edge * edge * 0.999 * 0.999)}, {0.99987817, 0, -0.01560937}},
       {{1, 1, 1}, {-std::sqrt(0.5), std::sqrt(0.5), 0}},
   };
-  for (const auto& one : cases) {
-    const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(one.normal);
-    EXPECT_TRUE(plane.column(0).isEqualTo(one.xAxis, 1e-7)) << one.normal.x << ' ' << one.normal.z;
+  for (const auto& [normal, xAxis] : cases) {
+    const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(normal);
+    EXPECT_TRUE(plane.column(0).isEqualTo(xAxis, 1e-7)) << normal.x << ' ' << normal.z;
     EXPECT_TRUE(plane.isUniScaledOrtho());
     EXPECT_NEAR(plane.det(), 1.0, 1e-14);
-    EXPECT_EQ(OdGeMatrix3d::worldToPlane(one.normal) * plane, OdGeMatrix3d::kIdentity);
+    EXPECT_EQ(OdGeMatrix3d::worldToPlane(normal) * plane, OdGeMatrix3d::kIdentity);
   }
   EXPECT_TRUE(identical(OdGeMatrix3d::planeToWorld(kZ), OdGeMatrix3d::kIdentity));
   EXPECT_EQ(odgeOcsToWcs({1, 2, 3}, -kZ), OdGePoint3d(-1, 2, -3));
