@@ -13,9 +13,7 @@ using drawing::ReadResult;
 namespace {
 
 std::string asBinary(const OdDbDatabase& database, drawing::WriteResult* result = nullptr) {
-  drawing::WriteOptions options;
-  options.form = drawing::WriteOptions::Binary;
-  return drawing::writeDrawingToMemory(database, options, result);
+  return drawing::writeDrawingToMemory(database, {.form = drawing::WriteOptions::Binary}, result);
 }
 
 // A file of early versions: codes of one byte, 255 in front of those that need two.
@@ -70,9 +68,7 @@ TEST(BinaryForm, ValuesThatDoNotFitTheirCodeAreTold) {
 
 TEST(BinaryForm, TextsKeepZerosAndLineBreaks) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
-  OdString text(L"a");
-  text += wchar_t(0);
-  addText(*database, text + L"b");
+  addText(*database, OdString(L"a\0b", 3));
   addText(*database, L"up^Jdown");
   expectRoundTrip(*database);
   std::string bytes = asBinary(*database);

@@ -193,8 +193,7 @@ TEST(Damage, NamesWithoutObjectsAreKept) {
 }
 
 TEST(Damage, IsToldWithItsPlaceAndWrittenBackToTheLetter) {
-  const std::string groups = " 39\nwide as  a door \n 62\n   007\n";
-  const std::string text = drawn(line(groups, "AB"));
+  const std::string text = drawn(line(" 39\nwide as  a door \n 62\n   007\n", "AB"));
   const ReadResult read = readWell(text);
   const drawing::Issue& found = issueOf(read, "dxf.value-unreadable");
   const std::string before = text.substr(0, text.find("wide"));
@@ -250,15 +249,13 @@ TEST(Damage, WhatIsNoDrawingIsRefusedWithAReason) {
 }
 
 ReadResult readWithin(const drawing::Budget& budget, const std::string& text) {
-  drawing::ReadOptions options;
-  options.budget = budget;
-  return drawing::readDrawingFromMemory(text, "x.dxf", options);
+  return drawing::readDrawingFromMemory(text, "x.dxf", {.budget = budget, .encoding = {}});
 }
 
 TEST(Damage, BudgetsEndTheReading) {
   std::string entities;
-  for (int i = 0; i < 200; ++i)
-    entities += line("", OdDbHandle(0x1000u + static_cast<unsigned>(i)).ascii());
+  for (unsigned i = 0; i < 200; ++i)
+    entities += line("", OdDbHandle(0x1000 + i).ascii());
   const std::string text = drawn(entities);
   EXPECT_EQ(readWithin({.objects = 100}, text).result, eBudgetExceeded);
   EXPECT_EQ(readWithin({.bytes = 1000}, text).result, eBudgetExceeded);
@@ -276,17 +273,15 @@ TEST(Damage, BudgetsEndTheReading) {
 }
 
 TEST(Damage, DeepDefinitionsAreRefusedAndNotFollowed) {
-  constexpr int kDeep = 20'000;
-  std::string records, definitions;
-  for (int i = 0; i < kDeep; ++i) {
-    const std::string name = "b" + std::to_string(i), handle = OdDbHandle(0x1000u + static_cast<unsigned>(i)).ascii();
+  constexpr unsigned kDeep = 20'000;
+  std::string records, definitions, inner;
+  for (unsigned i = 0; i < kDeep; ++i) {
+    const std::string name = "b" + std::to_string(i), handle = OdDbHandle(0x1000 + i).ascii();
     records += blockRecord(handle, name);
-    definitions += block(
-        handle, name,
-        i == 0 ? "" : insert(OdDbHandle(0x10000u + static_cast<unsigned>(i)).ascii(), "b" + std::to_string(i - 1)));
+    definitions += block(handle, name, inner);
+    inner = insert(OdDbHandle(0x10000 + i).ascii(), name);
   }
-  const std::string text =
-      dxf(blocks(records, definitions) + section("ENTITIES", insert("A1", "b" + std::to_string(kDeep - 1))));
+  const std::string text = dxf(blocks(records, definitions) + section("ENTITIES", inner));
   EXPECT_FALSE(readWithin({.depth = kDeep}, text).database.isNull());
   const ReadResult read = readWithin({.depth = kDeep - 1}, text);
   EXPECT_EQ(read.result, eBudgetExceeded);
@@ -298,12 +293,9 @@ std::string smallDrawing(drawing::WriteOptions::Form form = drawing::WriteOption
   const OdDbDatabasePtr database = OdDbDatabase::create();
   const OdDbObjectId door = addBlock(*database, L"door");
   addText(*database, L"inside", door);
-  const OdDbObjectId reference = addReference(*database, door);
-  addAttribute(reference, L"TAG", L"value");
+  addAttribute(addReference(*database, door), L"TAG", L"value");
   forWrite<OdDbText>(addText(*database, L"x"))->createExtensionDictionary();
-  drawing::WriteOptions options;
-  options.form = form;
-  return drawing::writeDrawingToMemory(*database, options);
+  return drawing::writeDrawingToMemory(*database, {.form = form});
 }
 
 TEST(Damage, CutOffAnywhereItIsReadOrRefusedNeverSilently) {

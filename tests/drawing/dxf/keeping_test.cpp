@@ -40,10 +40,9 @@ TEST(Keeping, EveryVersionHoldsTheSameDrawing) {
   addAttribute(addReference(*database, block), L"TAG", L"\u00FC");
   const std::string before = drawing::canonicalDump(*database);
   for (const char* year : {"2000", "2004", "2007", "2010", "2013", "2018"}) {
-    drawing::WriteOptions options;
-    options.version = drawing::versionFromYear(year);
-    const ReadResult read = readWell(drawing::writeDrawingToMemory(*database, options));
-    EXPECT_EQ(read.database->facts().version, options.version) << year;
+    const OdDb::DwgVersion version = drawing::versionFromYear(year);
+    const ReadResult read = readWell(drawing::writeDrawingToMemory(*database, {.version = version}));
+    EXPECT_EQ(read.database->facts().version, version) << year;
     EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*read.database)), "") << year;
   }
 }

@@ -260,9 +260,8 @@ TEST(Encoding, TheFirstByteThatIsNoTextHasItsLine) {
     EXPECT_EQ(issue.line, static_cast<std::uint64_t>(std::count(text.begin(), at, '\n')) + 1);
   }
   EXPECT_TRUE(read.report.has("dxf.text-undecodable"));
-  drawing::ReadOptions options;
-  options.encoding = "866";
-  EXPECT_FALSE(drawing::readDrawingFromMemory(text, "x", options).report.has("dxf.text-undecodable"));
+  EXPECT_FALSE(
+      drawing::readDrawingFromMemory(text, "x", {.budget = {}, .encoding = "866"}).report.has("dxf.text-undecodable"));
 }
 
 } // namespace

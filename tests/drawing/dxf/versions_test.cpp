@@ -21,11 +21,9 @@ struct Written {
 };
 
 Written writeAs(const OdDbDatabase& database, OdDb::DwgVersion version) {
-  drawing::WriteOptions options;
-  options.version = version;
-  options.form = drawing::WriteOptions::Text;
   drawing::WriteResult result;
-  const std::string bytes = drawing::writeDrawingToMemory(database, options, &result);
+  const std::string bytes =
+      drawing::writeDrawingToMemory(database, {.form = drawing::WriteOptions::Text, .version = version}, &result);
   return {bytes, result.report};
 }
 
@@ -101,8 +99,7 @@ TEST(Versions, BodiesThatAnEarlierVersionCannotReadAreLeftOutWithAllThatHangsOnT
 
 TEST(Versions, UnitsOfBlocksStandInExtendedDataBefore2007) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
-  const OdDbObjectId block = addBlock(*database, L"door");
-  forWrite<OdDbBlockTableRecord>(block)->setBlockInsertUnits(OdDb::kUnitsFeet);
+  forWrite<OdDbBlockTableRecord>(addBlock(*database, L"door"))->setBlockInsertUnits(OdDb::kUnitsFeet);
   const Written written = writeAs(*database, OdDb::kRelease2004);
   EXPECT_NE(written.bytes.find("DesignCenter Data"), std::string::npos);
   EXPECT_FALSE(tells(written.losses, "AcDbBlockTableRecord"));
@@ -115,9 +112,7 @@ TEST(Versions, UnitsOfBlocksStandInExtendedDataBefore2007) {
 // Both forms give the same text, whichever way the drawing goes.
 TEST(Versions, MultiLineAttributesStandWhereTheVersionHasThem) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
-  const OdDbObjectId block = addBlock(*database, L"sign");
-  const OdDbObjectId reference = addReference(*database, block);
-  const OdDbObjectId id = addAttribute(reference, L"NOTE", L"x");
+  const OdDbObjectId id = addAttribute(addReference(*database, addBlock(*database, L"sign")), L"NOTE", L"x");
   OdDbMText lines;
   lines.setContents(L"{\\C1;first}\\Psecond");
   lines.setTextHeight(2.5);
