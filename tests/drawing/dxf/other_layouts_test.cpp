@@ -1,7 +1,7 @@
 // Programs lay out their records in their own ways. What they mean is understood, and written so that the strictest
-// reader takes it.
+// reader takes it; what the SDK does not know is kept and written as it stood.
 #include "DbBlockReference.h"
-#include "DbDictionary.h"
+#include "DbCarried.h"
 #include "DbDxf.h"
 #include "DbIdMapping.h"
 #include "tests/support/drawings.h"
@@ -68,6 +68,11 @@ TEST(OtherLayouts, AreUnderstoodAndWrittenInOne) {
       {"sizes that are the default's", dimStyle("41|0.18\n140|0.18\n"), {" 41\n0.18\n140\n0.18\n"}},
       // A code that a field has taken may come again with another meaning.
       {"a code that comes again", dimStyle("69|2\n70|97\n"), {"  2\na\n 70\n0\n", " 69\n2\n 70\n97\n"}},
+      {"objects that name no owner belong to who lists them",
+       section("OBJECTS", "0|DICTIONARY\n5|C\n100|AcDbDictionary\n281|1\n3|THINGS\n350|A1\n"
+                          "0|DICTIONARY\n5|A1\n100|AcDbDictionary\n281|1\n3|one\n350|A2\n"
+                          "0|THING\n5|A2\n100|AcThing\n70|1\n"),
+       {"  5\nC\n330\n0\n", "  5\nA1\n330\nC\n", "  5\nA2\n330\nA1\n"}},
       {"a text style by its name", dimStyle("340|NOTES\n341|\n"), {"340\nE1\n"}},
   };
   for (const auto& row : cases) {
@@ -79,6 +84,30 @@ TEST(OtherLayouts, AreUnderstoodAndWrittenInOne) {
     EXPECT_FALSE(row.notWritten != nullptr && contains(file, row.notWritten)) << row.notWritten;
     expectRoundTrip(*database);
   }
+}
+
+TEST(OtherLayouts, UnknownObjectsEntitiesAndSectionsComeBack) {
+  const std::string text =
+      dxf(section("CLASSES", "0|CLASS\n1|GADGET\n2|MyGadget\n3|MyApp\n90|0\n280|0\n281|0\n") +
+          section("ENTITIES", "0|GADGET\n5|A1\n102|{MYAPP\n330|A2\n1|x\n102|}\n330|1F\n100|AcDbEntity\n8|walls\n62|3\n"
+                              "100|MyGadget\n10|1.5\n20|2.5\n30|0\n330|A2\n90|7\n90|8\n1001|MYAPP\n1005|A2\n") +
+          section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n3|THINGS\n350|A2\n"
+                             "0|THING\n5|A2\n330|C\n100|AcThing\n290|1\n310|00FF10\n320|A1\n") +
+          section("CHAIRS", "0|CHAIR\n5|99\n1|red\n"));
+  const ReadResult read = readWell(text);
+  EXPECT_EQ(read.report.account.kept, 4u); // with the records of the two sections
+  EXPECT_EQ(read.report.account.dropped, 0u);
+  const OdSmartPtr<OdDbCarriedEntity> gadget(read.database->getOdDbObjectId(0xA1).safeOpenObject());
+  EXPECT_EQ(gadget->dxfName(), "GADGET");
+  EXPECT_EQ(gadget->layer(), OdString(L"walls"));
+  EXPECT_EQ(gadget->colorIndex(), 3);
+  expectRoundTrip(*read.database);
+  const std::string written = drawing::writeDrawingToMemory(*read.database);
+  for (const char* part : {"102\n{MYAPP\n330\nA2\n  1\nx\n102\n}\n",
+                           "100\nMyGadget\n 10\n1.5\n 20\n2.5\n 30\n0.0\n330\nA2\n 90\n7\n 90\n8\n",
+                           "1001\nMYAPP\n1005\nA2\n", "100\nAcThing\n290\n1\n310\n00FF10\n320\nA1\n",
+                           "  2\nCHAIRS\n  0\nCHAIR\n  5\n99\n  1\nred\n  0\nENDSEC\n", "  0\nCLASS\n  1\nGADGET\n"})
+    EXPECT_NE(written.find(part), std::string::npos) << part;
 }
 
 // Layers may come behind the entities on them, blocks of one name without their owners.
@@ -125,16 +154,6 @@ TEST(OtherLayouts, BlocksOfEarlyFilesStandInTheirOrderAndSpacesAreSpaces) {
   EXPECT_EQ(names, "*Model_Space *Paper_Space table chair lamp bulb ");
   EXPECT_EQ(forRead<OdDbBlockTableRecord>(database->getModelSpaceId())->numMembers(), 1u);
   expectRoundTrip(*database);
-}
-
-TEST(OtherLayouts, ObjectsThatNameNoOwnerBelongToWhoListsThem) {
-  const std::string objects = "0|DICTIONARY\n5|C\n100|AcDbDictionary\n281|1\n3|THINGS\n350|A1\n"
-                              "0|DICTIONARY\n5|A1\n100|AcDbDictionary\n281|1\n3|one\n350|A2\n"
-                              "0|THING\n5|A2\n100|AcThing\n70|1\n";
-  const OdDbDatabasePtr database = readWhole(dxf(section("OBJECTS", objects)));
-  EXPECT_EQ(database->getOdDbObjectId(0xA1).safeOpenObject()->ownerId().getHandle(), OdDbHandle(0xC));
-  EXPECT_EQ(database->getOdDbObjectId(0xA2).safeOpenObject()->ownerId().getHandle(), OdDbHandle(0xA1));
-  EXPECT_TRUE(database->getNamedObjectsDictionaryId().safeOpenObject()->ownerId().isNull());
 }
 
 TEST(OtherLayouts, WhatOnlyAnErasedEntityNamesIsNotWritten) {

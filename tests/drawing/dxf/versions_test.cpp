@@ -70,6 +70,20 @@ TEST(Versions, NewerGroupsAreToldWhereTheVersionDoesNotHaveThem) {
   }
 }
 
+TEST(Versions, EveryOneHoldsTheSameDrawing) {
+  const OdDbDatabasePtr database = OdDbDatabase::create();
+  const OdDbObjectId block = addBlock(*database, L"\u0434\u0432\u0435\u0440\u044C \u95E8");
+  addText(*database, L"inside \u95E8", block);
+  addAttribute(addReference(*database, block), L"TAG", L"\u00FC");
+  const std::string before = drawing::canonicalDump(*database);
+  for (const char* year : {"2000", "2004", "2007", "2010", "2013", "2018"}) {
+    const OdDb::DwgVersion version = drawing::versionFromYear(year);
+    const ReadResult read = readWell(drawing::writeDrawingToMemory(*database, {.version = version}));
+    EXPECT_EQ(read.database->facts().version, version) << year;
+    EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*read.database)), "") << year;
+  }
+}
+
 // A drawing of an early version that holds such groups all the same means them.
 TEST(Versions, ADrawingsOwnVersionKeepsWhatCameInIt) {
   const OdDbDatabasePtr database =
