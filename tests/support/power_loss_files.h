@@ -66,22 +66,17 @@ public:
     if (!exists)
       change({path, std::make_shared<File>(), ""});
     file = {static_cast<int>(open_.size()), path};
-    open_.push_back({now_[path]});
+    open_.push_back(now_[path]);
     return {};
   }
-  Error read(Handle& file, std::span<char> buffer, std::size_t& got) override {
-    Opened& opened = open_[static_cast<std::size_t>(file.number)];
-    got = opened.file->bytes.copy(buffer.data(), buffer.size(), opened.at);
-    opened.at += got;
-    return {};
-  }
+  Error read(Handle& file, std::span<char>, std::size_t&) override { return notHere(file); }
   Error write(Handle& file, std::string_view bytes) override {
-    open_[static_cast<std::size_t>(file.number)].file->bytes += bytes;
+    open_[static_cast<std::size_t>(file.number)]->bytes += bytes;
     watch();
     return {};
   }
   Error sync(Handle& file) override {
-    File& synced = *open_[static_cast<std::size_t>(file.number)].file;
+    File& synced = *open_[static_cast<std::size_t>(file.number)];
     if (syncsFiles)
       synced.synced = synced.bytes;
     watch();
@@ -128,9 +123,7 @@ public:
     target = path;
     return {};
   }
-  Error map(Handle& file, drawing::FileMapping&) override {
-    return drawing::fileError(FileAction::Read, file.path, ENODEV);
-  }
+  Error map(Handle& file, drawing::FileMapping&) override { return notHere(file); }
   void unmap(const drawing::FileMapping&) override {}
 
 private:
@@ -144,11 +137,7 @@ private:
     std::shared_ptr<File> file; // null: the name goes
     std::string alsoGoes;       // the old name of a rename
   };
-  struct Opened {
-    std::shared_ptr<File> file;
-    std::size_t at = 0;
-  };
-
+  static Error notHere(Handle& file) { return drawing::fileError(FileAction::Read, file.path, ENODEV); }
   static void apply(Entries& entries, const Change& change) {
     entries.erase(change.file == nullptr ? change.path : change.alsoGoes);
     if (change.file != nullptr)
@@ -167,7 +156,7 @@ private:
   Entries now_;
   Entries synced_;
   std::vector<Change> unsynced_;
-  std::vector<Opened> open_;
+  std::vector<std::shared_ptr<File>> open_;
   std::map<std::string, std::set<std::string>> possible_;
 };
 

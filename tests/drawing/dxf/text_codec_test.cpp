@@ -242,8 +242,7 @@ TEST(Encoding, TextsThatWouldPassForUtf8GoOutAsEscapes) {
 
 TEST(Encoding, TheFirstByteThatIsNoTextHasItsLine) {
   const std::string text =
-      dxf(section("ENTITIES", "0|TEXT\n8|0\n10|0\n20|0\n40|1\n1|a\xC4\xE0\n0|TEXT\n8|0\n10|0\n20|0\n40|1\n1|\x98\n"),
-          "AC1015", "ANSI_1251");
+      dxf(section("ENTITIES", "0|TEXT\n8|0\n10|0\n20|0\n40|1\n1|a\xC4\xE0\n7|\x98\n"), "AC1015", "ANSI_1251");
   const auto read = drawing::readDrawingFromMemory(text);
   const auto at = text.begin() + static_cast<std::ptrdiff_t>(text.find('\x98'));
   const drawing::Issue& issue = read.report.issues().back();

@@ -171,9 +171,9 @@ TEST(Versions, ColumnsAreToldAndTheTextStays) {
 // The same loss of many is one line that says how many; what is left out is told one by one.
 TEST(Versions, LossesOfManyAreCounted) {
   std::string points;
-  for (int i = 0; i < 30; ++i)
-    points += "0|POINT\n5|" + OdDbHandle(0x100 + static_cast<std::uint64_t>(i)).ascii() +
-              "\n100|AcDbEntity\n8|0\n420|255\n100|AcDbPoint\n10|1\n20|2\n";
+  for (unsigned i = 0; i < 30; ++i)
+    points +=
+        "0|POINT\n5|" + OdDbHandle(0x100 + i).ascii() + "\n100|AcDbEntity\n8|0\n420|255\n100|AcDbPoint\n10|1\n20|2\n";
   const Written written = writeAs(*readOf(section("ENTITIES", points), "AC1032"), OdDb::kRelease2000);
   EXPECT_EQ(written.losses.count("dxf.group-not-in-version"), 1u);
   EXPECT_TRUE(tells(written.losses, "here and in 29 more", 0x100));
@@ -293,9 +293,10 @@ TEST(R12, ViewportsKeepTheirView) {
   const std::string view = "12|7\n22|8\n13|0\n23|0\n14|0.5\n24|0.5\n15|1\n25|1\n16|0\n26|0\n36|1\n17|1\n27|2\n37|3\n"
                            "42|50\n43|0\n44|0\n45|12.5\n50|0\n51|90\n72|100\n331|2A\n90|32800\n";
   const OdDbDatabasePtr database = readOf(
-      section("TABLES", "0|TABLE\n2|LAYER\n5|2\n100|AcDbSymbolTable\n70|1\n0|LAYER\n5|2A\n"
-                        "100|AcDbSymbolTableRecord\n100|AcDbLayerTableRecord\n2|attic\n70|0\n62|7\n6|Continuous\n"
-                        "0|ENDTAB\n") +
+      section("TABLES", table("LAYER",
+                              "0|LAYER\n5|2A\n100|AcDbSymbolTableRecord\n100|AcDbLayerTableRecord\n2|attic\n"
+                              "70|0\n62|7\n6|Continuous\n",
+                              "2")) +
           section("ENTITIES", "0|VIEWPORT\n5|A1\n67|1\n100|AcDbEntity\n67|1\n8|0\n100|AcDbViewport\n10|5\n20|5\n30|0\n"
                               "40|10\n41|8\n68|2\n69|2\n" +
                                   view),

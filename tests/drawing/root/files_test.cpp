@@ -218,9 +218,11 @@ TEST_F(Files, MapsOrReads) {
 }
 
 TEST_F(Files, ReadsNoMoreThanAllowed) {
+  struct NoMaps : FailingFiles {
+    using FailingFiles::FailingFiles;
+    Error map(Handle& file, FileMapping&) override { return fileError(FileAction::Read, file.path, ENODEV); }
+  } unmapped(fileOperations());
   put(path, "12345");
-  PowerLossFiles unmapped;
-  unmapped.put(path, "12345");
   for (FileOperations* operations : {&fileOperations(), static_cast<FileOperations*>(&unmapped)}) {
     UsedFiles use(*operations);
     MappedFile file;
