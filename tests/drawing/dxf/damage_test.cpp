@@ -60,13 +60,13 @@ ReadResult readOdd(const Oddity& row) {
 }
 
 TEST(Damage, IsNamedAndMended) {
+  const std::string aLine = section("ENTITIES", line("")), aDoor = section("ENTITIES", insert("A1", "door"));
   const Oddity cases[] = {
       {"handle used twice", drawn(line("") + line("")), "dxf.duplicate-handle", 2},
       {"block name used twice",
        dxf(blocks(blockRecord("B1", "door") + blockRecord("B2", "DOOR"), block("B1", "door") + block("B2", "DOOR"))),
        "dxf.duplicate-name", 0},
-      {"block without record", dxf(blocks("", block("B1", "door")) + section("ENTITIES", insert("A1", "door"))),
-       "dxf.block-without-record", 1},
+      {"block without record", dxf(blocks("", block("B1", "door")) + aDoor), "dxf.block-without-record", 1},
       {"block without name", dxf(blocks("", block("B1", ""))), "dxf.block-without-record", 0},
       {"layer that nobody defines", drawn(line("", "A1", "ghost")), "dxf.name-undefined", 1},
       {"block that nobody defines", drawn(insert("A1", "ghost")), "dxf.name-undefined", 1},
@@ -83,26 +83,20 @@ TEST(Damage, IsNamedAndMended) {
       {"record outside blocks", dxf(section("BLOCKS", line(""))), "dxf.outside-block", 0},
       {"end of a sequence alone", drawn("0|SEQEND\n5|A1\n8|0\n" + line("", "A2")), "dxf.stray-sequence-end", 1},
       {"stray lines", drawn("rubbish\n" + line("")), "dxf.group-code-expected", 1},
-      {"section without end", dxf("0|SECTION\n2|BLOCKS\n" + section("ENTITIES", line(""))), "dxf.end-missing", 1},
-      {"table without end",
-       dxf(section("TABLES", "0|TABLE\n2|LAYER\n5|2\n100|AcDbSymbolTable\n70|0\n" + table("APPID", "")) +
-           section("ENTITIES", line(""))),
+      {"section without end", dxf("0|SECTION\n2|BLOCKS\n" + aLine), "dxf.end-missing", 1},
+      {"table without end", dxf(section("TABLES", "0|TABLE\n2|LAYER\n5|2\n" + table("APPID", "")) + aLine),
        "dxf.end-missing", 1},
       {"block without end",
        dxf(section("BLOCKS", "0|BLOCK\n5|B1\n8|0\n2|a\n70|0\n10|0\n20|0\n" + line("", "A2") + block("B2", "b", "")) +
-           section("ENTITIES", line(""))),
+           aLine),
        "dxf.end-missing", 1},
-      {"end of a section alone", dxf(section("ENTITIES", line("")) + "0|ENDSEC\n"), "dxf.stray-section-end", 1},
-      {"groups behind the end of a section", dxf(section("BLOCKS", "") + "5|7\n" + section("ENTITIES", line(""))),
-       "dxf.stray-group", 1},
+      {"end of a section alone", dxf(aLine + "0|ENDSEC\n"), "dxf.stray-section-end", 1},
+      {"groups behind the end of a section", dxf(section("BLOCKS", "") + "5|7\n" + aLine), "dxf.stray-group", 1},
       {"groups among the reactors", drawn(line("", "A1\n102|{ACAD_REACTORS\n330|DEAD\n1|x\n102|}")), "dxf.stray-group",
        1},
       {"two extension dictionaries", drawn(line("", "A1\n102|{ACAD_XDICTIONARY\n360|DEAD\n360|BEAD\n102|}")),
        "dxf.stray-group", 1},
-      {"table record without block",
-       dxf(section("TABLES", table("BLOCK_RECORD", blockRecord("B1", "door"))) +
-           section("ENTITIES", insert("A1", "door"))),
-       "dxf.record-without-block", 1},
+      {"table record without block", dxf(blocks(blockRecord("B1", "door"), "") + aDoor), "dxf.record-without-block", 1},
       {"vertices without end", drawn("0|POLYLINE\n5|A1\n8|0\n66|1\n0|VERTEX\n5|A2\n8|0\n10|1\n20|1\n" + line("", "A3")),
        "dxf.sequence-without-end", 2},
       {"attributes cut off in a block",

@@ -239,11 +239,8 @@ TEST(Picture, ComesInEveryForm) {
   EXPECT_NE(svg.find("width=\"61\" height=\"37\""), std::string::npos) << svg.substr(0, 300);
   EXPECT_NE(svg.find("<path"), std::string::npos);
   EXPECT_EQ(picture.bitmap().rgba.size(), 61u * 37 * 4);
-  for (const auto& [width, height] :
-       {std::pair(0, 10), std::pair(10, -1), std::pair(30001, 1), std::pair(30000, 30000)})
-    EXPECT_THROW(drawing::Picture(database->getModelSpaceId(), {.width = width, .height = height, .window = {}}),
-                 OdError)
-        << width;
+  for (const auto& [wide, high] : {std::pair(0, 10), std::pair(10, -1), std::pair(30001, 1), std::pair(30000, 30000)})
+    EXPECT_THROW(drawing::Picture(database->getModelSpaceId(), {.width = wide, .height = high, .window = {}}), OdError);
 }
 
 } // namespace
