@@ -281,8 +281,6 @@ TEST(R12, NamesThatItCannotHoldAreChangedEverywhereAndTold) {
 TEST(R12, HandlesOfStandInsAreTheirOwn) {
   const OdDbDatabasePtr database = drawingOf(kStandIns[3].kind, kStandIns[3].groups);
   const Written written = writeAs(*database, OdDb::kRelease12);
-  const ReadResult read = drawing::readDrawingFromMemory(written.bytes);
-  EXPECT_FALSE(read.report.has("dxf.duplicate-handle"));
   const auto seed = written.bytes.find("$HANDSEED\n  5\n") + 14;
   const OdDbHandle first(std::stoull(written.bytes.substr(seed, 16), nullptr, 16));
   EXPECT_EQ(std::uint64_t{first}, std::uint64_t{database->handseed()} + 2); // three texts, one has the old handle

@@ -21,14 +21,8 @@ std::string utf8(const std::wstring& text) {
 
 TEST(TextCodes, AreReadInTexts) {
   const std::pair<const wchar_t*, const char*> cases[] = {
-      {L"plain 50%", "plain 50%"},
-      {L"%%c20 %%D%%p1", "\xE2\x8C\x80"
-                         "20 \xC2\xB0\xC2\xB1"
-                         "1"},
-      {L"a%%ub%%Oc%%ud", "a|_b|_~c|~d"},
-      {L"%%kx%%k", "|-x|"},
-      {L"%%%%%065%%06", "%A%%06"},
-      {L"%%q%%", "%%q%%"},
+      {L"plain 50%", "plain 50%"}, {L"%%c20 %%D%%p1", "⌀20 °±1"}, {L"a%%ub%%Oc%%ud", "a|_b|_~c|~d"},
+      {L"%%kx%%k", "|-x|"},        {L"%%%%%065%%06", "%A%%06"},   {L"%%q%%", "%%q%%"},
   };
   for (const auto& [text, pieces] : cases) {
     std::string shown;
@@ -85,10 +79,9 @@ TEST(TextCodes, AreReadInMTexts) {
       {L"\\W0.5;n\\Q15;s", "nw0.5 sw0.5q"},
       {L"\\S1/2;\\S3^4;\\S5#6;\\Sx;", "S:1-2 S:3^4 S:5-6 S:x^"},
       {L"\\pxqc;mid\\P\\pqr;right", "mid@2 /@2 right@3"},
-      {L"\\{\\}\\\\\\U+00B0%%c", "{}\\\xC2\xB0\xE2\x8C\x80"},
-      {L"a\\~b^Ic", "a\xC2\xA0"
-                    "b > c"},
-      {L"\x7BA1\x4E95x", "\xE7\xAE\xA1 \xE4\xBA\x95 x"},
+      {L"\\{\\}\\\\\\U+00B0%%c", "{}\\°⌀"},
+      {L"a\\~b^Ic", "a\u00A0b > c"},
+      {L"\x7BA1\x4E95x", "管 井 x"},
       {L"{{{open \\Hbad;x \\", "open _ x _ \\"},
       {L"}}\\S", "S:^"},
   };

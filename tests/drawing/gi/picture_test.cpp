@@ -66,8 +66,7 @@ TEST(Picture, DrawsInTheDrawingOrder) {
   const auto space = tests::forWrite<OdDbBlockTableRecord>(database->getModelSpaceId());
   const OdSmartPtr<OdDbSortentsTable> order = OdDbSortentsTable::createObject();
   order->setBlockId(space->objectId());
-  OdDbObjectId dictionary = space->createExtensionDictionary();
-  tests::forWrite<OdDbDictionary>(dictionary)->setAt(L"ACAD_SORTENTS", order.get());
+  tests::forWrite<OdDbDictionary>(space->createExtensionDictionary())->setAt(L"ACAD_SORTENTS", order.get());
   OdDbObjectIdArray first{space->drawOrder()[0]};
   order->moveToTop(first);
   EXPECT_EQ(Shot(database).at(27, 25), kRed);
