@@ -45,12 +45,10 @@ void expectUndoRestores(OdDbDatabase& database, const std::function<void()>& cha
   EXPECT_EQ(firstDifference(after, drawing::canonicalDump(database)), "") << "redone";
 }
 
-namespace {
-
-OdDbDatabasePtr readBack(const OdDbDatabase& database, drawing::WriteOptions::Form form) {
-  drawing::WriteOptions options;
-  options.form = form;
-  options.version = std::max(database.facts().version, OdDb::kRelease2000); // what came earlier has no objects to keep
+static OdDbDatabasePtr readBack(const OdDbDatabase& database, drawing::WriteOptions::Form form) {
+  SCOPED_TRACE(form == drawing::WriteOptions::Binary ? "binary" : "text");
+  // What came earlier than 2000 has no objects to keep.
+  const drawing::WriteOptions options{.form = form, .version = std::max(database.facts().version, OdDb::kRelease2000)};
   drawing::WriteResult written;
   drawing::ReadResult read = drawing::readDrawingFromMemory(drawing::writeDrawingToMemory(database, options, &written));
   if (written.report.has("dxf.value-not-in-binary"))
@@ -66,13 +64,8 @@ OdDbDatabasePtr readBack(const OdDbDatabase& database, drawing::WriteOptions::Fo
   return read.database;
 }
 
-} // namespace
-
 OdDbDatabasePtr expectRoundTrip(const OdDbDatabase& database) {
-  {
-    SCOPED_TRACE("binary");
-    readBack(database, drawing::WriteOptions::Binary);
-  }
+  readBack(database, drawing::WriteOptions::Binary);
   return readBack(database, drawing::WriteOptions::Text);
 }
 

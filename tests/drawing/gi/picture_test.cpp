@@ -51,13 +51,10 @@ TEST(PictureLook, ComesFromEntityLayerOrReference) {
 
 TEST(PictureLook, ForegroundIsSeenOnTheBackground) {
   const OdDbDatabasePtr database = drawingOf(square(20, 20) + square(50, 20, "62|1"), "", layer("0", "70|0 62|7"));
-  drawing::PictureOptions options;
-  options.background = 0x102030;
-  const Shot dark(database, {}, options);
+  const Shot dark(database, {}, {.background = 0x102030, .window = {}});
   EXPECT_EQ(dark.at(25, 25), kWhite);
   EXPECT_EQ(dark.at(5, 5), 0x102030u);
-  options.background.reset();
-  const Shot clear(database, {}, options);
+  const Shot clear(database, {}, {.background = {}, .window = {}});
   EXPECT_EQ(clear.at(25, 25), kBlack);
   EXPECT_EQ(clear.at(55, 25), kRed);
   EXPECT_EQ(clear.bitmap().rgba[3], 0); // the corner lets everything through
@@ -69,8 +66,7 @@ TEST(Picture, DrawsInTheDrawingOrder) {
   const auto space = tests::forWrite<OdDbBlockTableRecord>(database->getModelSpaceId());
   const OdSmartPtr<OdDbSortentsTable> order = OdDbSortentsTable::createObject();
   order->setBlockId(space->objectId());
-  OdDbObjectId dictionary = space->createExtensionDictionary();
-  tests::forWrite<OdDbDictionary>(dictionary)->setAt(L"ACAD_SORTENTS", order.get());
+  tests::forWrite<OdDbDictionary>(space->createExtensionDictionary())->setAt(L"ACAD_SORTENTS", order.get());
   OdDbObjectIdArray first{space->drawOrder()[0]};
   order->moveToTop(first);
   EXPECT_EQ(Shot(database).at(27, 25), kRed);
@@ -109,44 +105,36 @@ TEST(Picture, RepeatsArraysWithTheirAttributes) {
 }
 
 // The block fills 0 to 100 in red. Its clip was drawn when the reference stood where it stands.
-std::string clipped(const std::string& boundary, const std::string& more = {}) {
-  const std::string unit = "40|1\n40|0\n40|0\n40|0\n40|0\n40|1\n40|0\n40|0\n40|0\n40|0\n40|1\n40|0\n";
-  return tests::section("BLOCKS", "0|BLOCK\n5|B1\n8|0\n2|FULL\n70|0\n10|0\n20|0\n0|SOLID\n5|B2\n8|0\n62|1\n10|0\n20|0\n"
-                                  "11|100\n21|0\n12|0\n22|100\n13|100\n23|100\n0|ENDBLK\n5|B3\n8|0\n") +
-         tests::section("ENTITIES", "0|INSERT\n5|A1\n102|{ACAD_XDICTIONARY\n360|D0\n102|}\n100|AcDbEntity\n8|0\n"
-                                    "100|AcDbBlockReference\n2|FULL\n10|0\n20|0\n30|0\n") +
-         tests::section("OBJECTS",
-                        "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n0|DICTIONARY\n5|D0\n330|A1\n100|AcDbDictionary\n"
-                        "3|ACAD_FILTER\n350|D1\n0|DICTIONARY\n5|D1\n330|D0\n100|AcDbDictionary\n3|SPATIAL\n350|D2\n"
-                        "0|SPATIAL_FILTER\n5|D2\n102|{ACAD_XDICTIONARY\n360|D3\n102|}\n330|D1\n100|AcDbFilter\n"
-                        "100|AcDbSpatialFilter\n" +
-                            boundary + "210|0\n220|0\n230|1\n11|0\n21|0\n31|0\n71|1\n72|0\n73|0\n" + unit + unit +
-                            more);
+OdDbDatabasePtr clipped(const std::string& boundary, const std::string& inverted) {
+  const std::string unit = "40|1 40|0 40|0 40|0 40|0 40|1 40|0 40|0 40|0 40|0 40|1 40|0 ";
+  const std::string roundTrip =
+      "0|DICTIONARY 5|D3 330|D2 100|AcDbDictionary 3|ROUNDTRIP 350|D4 0|XRECORD 5|D4 330|D3 100|AcDbXrecord 280|1 "
+      "102|ACAD_INVERTEDCLIP_ROUNDTRIP 10|40 20|40 30|0 10|70 20|70 30|0 102|ACAD_INVERTEDCLIP_ROUNDTRIP_COMPARE ";
+  return drawingOf(
+      "0|INSERT 5|A1 102|{ACAD_XDICTIONARY 360|D0 102|} 8|0 2|FULL 10|0 20|0 30|0 0|ENDSEC 0|SECTION 2|OBJECTS "
+      "0|DICTIONARY 5|C 330|0 100|AcDbDictionary 0|DICTIONARY 5|D0 330|A1 100|AcDbDictionary 3|ACAD_FILTER "
+      "350|D1 0|DICTIONARY 5|D1 330|D0 100|AcDbDictionary 3|SPATIAL 350|D2 0|SPATIAL_FILTER 5|D2 "
+      "102|{ACAD_XDICTIONARY 360|D3 102|} 330|D1 100|AcDbFilter 100|AcDbSpatialFilter " +
+          boundary + " 210|0 220|0 230|1 11|0 21|0 31|0 71|1 72|0 73|0 " + unit + unit +
+          (inverted.empty() ? "" : roundTrip + inverted),
+      block("FULL", "0|SOLID 8|0 62|1 10|0 20|0 11|100 21|0 12|0 22|100 13|100 23|100"));
 }
 
 TEST(Picture, CutsClippedReferences) {
-  const std::string box = "70|2\n10|20\n20|20\n10|60\n20|60\n";
-  const std::string triangle = "70|3\n10|20\n20|20\n10|80\n20|20\n10|20\n20|80\n";
-  const auto inverted = [](const char* boundary) {
-    return "0|DICTIONARY\n5|D3\n330|D2\n100|AcDbDictionary\n3|ROUNDTRIP\n350|D4\n0|XRECORD\n5|D4\n330|D3\n"
-           "100|AcDbXrecord\n280|1\n102|ACAD_INVERTEDCLIP_ROUNDTRIP\n10|40\n20|40\n30|0\n10|70\n20|70\n30|0\n"
-           "102|ACAD_INVERTEDCLIP_ROUNDTRIP_COMPARE\n" +
-           std::string(boundary);
-  };
+  const std::string box = "70|2 10|20 20|20 10|60 20|60", triangle = "70|3 10|20 20|20 10|80 20|20 10|20 20|80";
   const struct {
-    std::string file;
+    std::string boundary, inverted;
     const char* inside; // of the places 10/10, 30/30, 50/50, 75/75
     double extent;      // to the right
     const char* what;
   } cases[] = {
-      {clipped(box), "-++-", 60, "a rectangle"},
-      {clipped(triangle), "-+--", 80, "a polygon"},
-      {clipped(box, inverted("10|20\n20|20\n30|0\n10|60\n20|60\n30|0\n")), "++-+", 100, "a hole"},
-      {clipped(box, inverted("10|20\n20|20\n30|0\n10|61\n20|60\n30|0\n")), "-++-", 60, "a hole of another boundary"},
+      {box, "", "-++-", 60, "a rectangle"},
+      {triangle, "", "-+--", 80, "a polygon"},
+      {box, "10|20 20|20 30|0 10|60 20|60 30|0", "++-+", 100, "a hole"},
+      {box, "10|20 20|20 30|0 10|61 20|60 30|0", "-++-", 60, "a hole of another boundary"},
   };
   for (const auto& one : cases) {
-    const drawing::ReadResult read = tests::readWell(tests::dxf(one.file));
-    const Shot shot(read.database);
+    const Shot shot(clipped(one.boundary, one.inverted));
     std::string inside;
     for (const double place : {10.0, 30.0, 50.0, 75.0})
       inside += shot.at(place + 0.5, place + 2.5) == kRed ? '+' : '-';
@@ -186,17 +174,13 @@ TEST(Picture, ShowsLoadedExternalDrawings) {
 }
 
 TEST(Picture, IsTheSameFarOffAndTiny) {
-  const auto scene = [](double x, double scale) {
-    const OdDbDatabasePtr database = drawingOf(insert("IN"), block("IN", square(20, 20) + square(50, 35, "62|1")));
-    const auto space = tests::forRead<OdDbBlockTableRecord>(database->getModelSpaceId());
-    const auto reference = tests::forWrite<OdDbBlockReference>(space->newIterator()->objectId());
-    reference->setPosition({x, -x, x});
-    reference->setScaleFactors(OdGeScale3d(scale));
-    return drawing::Picture(space->objectId()).bitmap().rgba;
+  const auto scene = [](const std::string& place) {
+    const std::string parts = square(20, 20) + square(50, 35, "62|1");
+    return drawing::Picture(drawingOf(insert("IN", place), block("IN", parts))->getModelSpaceId()).bitmap().rgba;
   };
-  const std::vector<std::uint8_t> plain = scene(0, 1);
-  EXPECT_TRUE(scene(1 << 24, 1) == plain);
-  EXPECT_TRUE(scene(0, 1.0 / (1 << 30)) == plain);
+  const std::vector<std::uint8_t> plain = scene("");
+  EXPECT_TRUE(scene("10|16777216 20|-16777216 30|16777216") == plain);
+  EXPECT_TRUE(scene("41|9.313225746154785e-10 42|9.313225746154785e-10 43|9.313225746154785e-10") == plain);
 }
 
 TEST(Picture, EndsWithinItsLimits) {
@@ -204,19 +188,15 @@ TEST(Picture, EndsWithinItsLimits) {
   std::string blocks = block("B0", square(0, 0));
   for (int i = 1; i <= 5; ++i)
     blocks += block("B" + std::to_string(i), insert("B" + std::to_string(i - 1), "70|100 71|100 44|1 45|1"));
-  drawing::PictureOptions options;
-  options.points = 40'000;
-  options.steps = 1'000'000;
-  const Shot full(drawingOf(insert("B5"), blocks), {}, options);
+  const Shot full(drawingOf(insert("B5"), blocks), {}, {.window = {}, .points = 40'000, .steps = 1'000'000});
   EXPECT_TRUE(full.report().reachedLimit);
   EXPECT_GE(full.report().points, 40'000u);
   EXPECT_LT(full.report().points, 41'000u);
   // What leaves nothing in the picture is work all the same.
-  for (const std::string& content : {std::string(), "0|TEXT 8|0 10|0 20|0 40|1 1|" + std::string(400, '_')}) {
+  for (const std::string& content : {std::string(), "0|TEXT 8|0 10|0 20|0 40|1 1|" + std::string(400, '`')}) {
     std::string nested = blocks;
     nested.replace(nested.find("0|SOLID"), nested.find("0|ENDBLK") - nested.find("0|SOLID"), content + " ");
-    options.steps = 5'000;
-    const Shot empty(drawingOf(insert("B5"), nested), {}, options);
+    const Shot empty(drawingOf(insert("B5"), nested), {}, {.window = {}, .points = 40'000, .steps = 5'000});
     EXPECT_TRUE(empty.report().reachedLimit);
     EXPECT_LE(empty.report().steps, 5'000u + 400 / 16);
     EXPECT_TRUE(empty.report().isEmpty);
@@ -251,22 +231,15 @@ TEST(Picture, TellsWhatItDoesNotShow) {
 
 TEST(Picture, ComesInEveryForm) {
   const OdDbDatabasePtr database = drawingOf(square(0, 0, "62|1"));
-  drawing::PictureOptions options;
-  options.width = 61;
-  options.height = 37;
-  const drawing::Picture picture(database->getModelSpaceId(), options);
+  const drawing::Picture picture(database->getModelSpaceId(), {.width = 61, .height = 37, .window = {}});
   const std::string png = picture.png(), svg = picture.svg();
   EXPECT_EQ(png.substr(1, 3), "PNG");
   EXPECT_EQ(png.substr(16, 8), std::string("\0\0\0\x3D\0\0\0\x25", 8)); // width and height of the header
   EXPECT_NE(svg.find("width=\"61\" height=\"37\""), std::string::npos) << svg.substr(0, 300);
   EXPECT_NE(svg.find("<path"), std::string::npos);
   EXPECT_EQ(picture.bitmap().rgba.size(), 61u * 37 * 4);
-  for (const auto& [width, height] :
-       {std::pair(0, 10), std::pair(10, -1), std::pair(30001, 1), std::pair(30000, 30000)}) {
-    options.width = width;
-    options.height = height;
-    EXPECT_THROW(drawing::Picture(database->getModelSpaceId(), options), OdError) << width << " " << height;
-  }
+  for (const auto& [wide, high] : {std::pair(0, 10), std::pair(10, -1), std::pair(30001, 1), std::pair(30000, 30000)})
+    EXPECT_THROW(drawing::Picture(database->getModelSpaceId(), {.width = wide, .height = high, .window = {}}), OdError);
 }
 
 } // namespace

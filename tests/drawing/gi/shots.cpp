@@ -15,18 +15,11 @@ std::string linesOf(const std::string& groups) {
   std::string lines;
   for (std::string group; stream >> group;) {
     group.replace(group.find('|'), 1, "\n");
-    std::replace(group.begin(), group.end(), '_', ' ');
+    std::replace(group.begin(), group.end(), '`', ' ');
     std::replace(group.begin(), group.end(), '~', '|');
     lines += group + "\n";
   }
   return lines;
-}
-
-std::string number(double value) {
-  std::ostringstream stream;
-  stream.precision(17);
-  stream << value;
-  return stream.str();
 }
 
 } // namespace
@@ -54,6 +47,7 @@ std::string insert(const std::string& block, const std::string& properties) {
 }
 
 std::string square(double left, double bottom, const std::string& properties) {
+  const auto number = [](double value) { return std::to_string(value); };
   const std::string x = number(left), y = number(bottom), right = number(left + 10), top = number(bottom + 10);
   return "0|SOLID " + (properties.find("8|") == properties.npos ? std::string("8|0 ") : "") + properties + " 10|" + x +
          " 20|" + y + " 11|" + right + " 21|" + y + " 12|" + x + " 22|" + top + " 13|" + right + " 23|" + top + " ";

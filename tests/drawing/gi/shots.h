@@ -11,8 +11,8 @@ namespace gi_tests {
 
 constexpr std::uint32_t kWhite = 0xFFFFFF, kBlack = 0, kRed = 0xFF0000, kGreen = 0x00FF00, kBlue = 0x0000FF;
 
-// A drawing from its sections' lines, "code|value" each with blanks between: "0|LINE 8|0 10|5". In values an
-// underscore is a blank and a tilde a bar. Fails the test when it is not read.
+// A drawing from its sections' lines, "code|value" each with blanks between: "0|LINE 8|0 10|5". In values a
+// back quote is a blank and a tilde a bar. Fails the test when it is not read.
 OdDbDatabasePtr drawingOf(const std::string& entities, const std::string& blocks = {}, const std::string& layers = {},
                           const std::string& header = {});
 // A definition with these entities, for the above.

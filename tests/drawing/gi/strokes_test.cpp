@@ -10,46 +10,35 @@ using namespace gi_tests;
 
 namespace {
 
-// A drawing of the newest plain form, for kinds that early files do not have.
-OdDbDatabasePtr modern(const std::string& entities, const std::string& tables = {}) {
-  return tests::readWell(tests::dxf(tables + tests::section("ENTITIES", entities))).database;
-}
-
 TEST(Strokes, FollowTheirLineTypes) {
-  const std::string types = "0|TABLE\n2|LTYPE\n70|2\n0|LTYPE\n2|DASHED\n70|0\n3|-\n72|65\n73|2\n40|20\n49|12\n49|-8\n"
-                            "0|LTYPE\n2|DOTTED\n70|0\n3|.\n72|65\n73|2\n40|25\n49|0\n49|-25\n0|ENDTAB\n";
-  const std::string layers = "0|TABLE\n2|LAYER\n70|1\n0|LAYER\n2|L\n70|0\n62|7\n6|DASHED\n0|ENDTAB\n";
+  const std::string tables =
+      "0|LAYER 2|L 70|0 62|7 6|DASHED 0|ENDTAB 0|TABLE 2|LTYPE 70|2 0|LTYPE 2|DASHED 70|0 3|- 72|65 "
+      "73|2 40|20 49|12 49|-8 0|LTYPE 2|DOTTED 70|0 3|. 72|65 73|2 40|25 49|0 49|-25";
+  const std::string across = " 10|0 20|50.5 11|100 21|50.5";
   const struct {
-    const char* line;   // its properties, and its places where they are not 0 to 100
-    const char* header; // LTSCALE
-    const char* drawn;  // at 5, 15, 25 ... 95
+    std::string entity;
+    const char* scale; // LTSCALE
+    const char* drawn; // at 5, 15, 25 ... 95
     const char* what;
   } cases[] = {
-      {"8|0\n", "1", "##########", "continuous"},
-      {"8|0\n6|DASHED\n", "1", "#.#.#.#.#.", "dashes of twelve, gaps of eight"},
-      {"8|L\n", "1", "#.#.#.#.#.", "by layer"},
-      {"8|L\n6|CONTINUOUS\n", "1", "##########", "against the layer"},
-      {"8|0\n6|DASHED\n48|2\n", "1", "##..##..##", "the line's own scale"},
-      {"8|0\n6|DASHED\n", "2", "##..##..##", "the drawing's scale"},
-      {"8|0\n6|DASHED\n48|0.01\n", "1", "##########", "too fine to show"},
-      {"8|0\n6|DASHED\n10|-1010\n20|50.5\n11|99\n21|50.5\n", "1", ".#.#.#.#.#", "begins outside"},
-      {"8|0\n6|DASHED\n66|1\n70|0\n0|VERTEX\n8|0\n10|0\n20|50.5\n0|VERTEX\n8|0\n10|15\n20|50.5\n0|VERTEX\n8|0\n10|100\n"
-       "20|50.5\n0|SEQEND\n8|0\n",
+      {"0|LINE 8|0" + across, "1", "##########", "continuous"},
+      {"0|LINE 8|0 6|DASHED" + across, "1", "#.#.#.#.#.", "dashes of twelve, gaps of eight"},
+      {"0|LINE 8|L" + across, "1", "#.#.#.#.#.", "by layer"},
+      {"0|LINE 8|L 6|CONTINUOUS" + across, "1", "##########", "against the layer"},
+      {"0|LINE 8|0 6|DASHED 48|2" + across, "1", "##..##..##", "the line's own scale"},
+      {"0|LINE 8|0 6|DASHED" + across, "2", "##..##..##", "the drawing's scale"},
+      {"0|LINE 8|0 6|DASHED 48|0.01" + across, "1", "##########", "too fine to show"},
+      {"0|LINE 8|0 6|DASHED 10|-1010 20|50.5 11|99 21|50.5", "1", ".#.#.#.#.#", "begins outside"},
+      {"0|POLYLINE 8|0 6|DASHED 66|1 70|0 0|VERTEX 8|0 10|0 20|50.5 0|VERTEX 8|0 10|15 20|50.5 0|VERTEX 8|0 10|100 "
+       "20|50.5 0|SEQEND 8|0",
        "1", "#.#.#.#.#.", "goes on over a corner"},
   };
   for (const auto& one : cases) {
-    const std::string line = one.line;
-    const bool isPolyline = line.find("VERTEX") != line.npos, isPlaced = line.find("10|") != line.npos;
-    const std::string file = "0|SECTION\n2|HEADER\n9|$ACADVER\n1|AC1009\n9|$LTSCALE\n40|" + std::string(one.header) +
-                             "\n0|ENDSEC\n" + tests::section("TABLES", types + layers) +
-                             tests::section("ENTITIES", (isPolyline ? "0|POLYLINE\n" : "0|LINE\n") + line +
-                                                            (isPlaced ? "" : "10|0\n20|50.5\n11|100\n21|50.5\n"));
-    const drawing::ReadResult read = tests::readWell(tests::dxf(file, ""));
-    const std::string row = Shot(read.database).row(50.5);
+    const Shot shot(drawingOf(one.entity, "", tables, "9|$LTSCALE 40|" + std::string(one.scale)));
     std::string drawn;
     for (std::size_t x = 5; x < 100; x += 10)
-      drawn += row[x];
-    EXPECT_EQ(drawn, one.drawn) << one.what << "\n" << row;
+      drawn += shot.row(50.5)[x];
+    EXPECT_EQ(drawn, one.drawn) << one.what;
   }
 }
 
@@ -85,6 +74,33 @@ TEST(Strokes, AreWhereTheirCurvesAre) {
       {"0|DIMENSION 8|0 70|4 10|10 20|50.5 11|50 21|70 15|90 25|50.5", 50, 50.5, 50, 40},
       {"0|XLINE 8|0 100|AcDbXline 10|1000 20|50.5 11|1 21|0", 50, 50.5, 50, 54},
       {"0|RAY 8|0 100|AcDbRay 10|50 20|50.5 11|-1 21|0", 20, 50.5, 80, 50.5},
+      {"0|ELLIPSE 8|0 100|AcDbEllipse 10|50 20|50 30|0 11|40 21|0 31|0 40|0.5 41|0 42|3.14159265", 50, 69.9, 50, 30},
+      {"0|SPLINE 8|0 100|AcDbSpline 70|8 71|2 72|6 73|3 74|0 40|0 40|0 40|0 40|1 40|1 40|1 10|10 20|10 30|0 "
+       "10|50 20|91 30|0 10|90 20|10 30|0",
+       50, 50.5, 50, 80},
+      {"0|SPLINE 8|0 100|AcDbSpline 70|8 71|3 72|0 73|0 74|3 11|10 21|10 31|0 11|50 21|70 31|0 11|90 21|10 "
+       "31|0",
+       50, 69.9, 50, 50},
+      {"0|LWPOLYLINE 8|0 100|AcDbPolyline 90|2 70|0 43|8 10|10 20|50 10|90 20|50", 50, 53, 50, 56},
+      {"0|LEADER 8|0 100|AcDbLeader 71|1 72|0 73|3 76|2 10|10 20|50.5 30|0 10|90 20|50.5 30|0", 50, 50.5, 50, 54},
+      {"0|MESH 8|0 100|AcDbSubDMesh 71|2 72|0 91|0 92|3 10|10 20|10 30|0 10|90 20|10 30|0 10|50 20|90 30|0 "
+       "93|4 90|3 90|0 90|1 90|2 94|0 95|0",
+       50, 10.1, 50, 50},
+      {"0|MLINE 8|0 100|AcDbMline 2|S 40|10 70|0 71|1 72|2 73|2 10|10 20|50 30|0 11|10 21|50 31|0 12|1 22|0 "
+       "32|0 13|0 23|1 33|0 74|4 41|10.5 41|0 41|20 41|60 75|0 74|2 41|-10 41|0 75|0 11|90 21|50 31|0 12|1 "
+       "22|0 32|0 13|0 23|1 33|0 74|2 41|10.5 41|0 75|0 74|2 41|-10 41|0 75|0",
+       20, 60.5, 50, 60.5},
+      {"0|MULTILEADER 8|0 100|AcDbMLeader 270|2 300|CONTEXT_DATA{ 40|1 41|5 140|16 304|HH 12|85 22|60 32|0 "
+       "302|LEADER{ 290|1 10|60 20|50.5 30|0 11|1 21|0 31|0 40|20 304|LEADER_LINE{ 10|10 20|50.5 30|0 305|} "
+       "303|} 301|} 172|2",
+       75, 50.5, 85, 50.5}, // as far as the dogleg
+      {"0|TOLERANCE 8|0 100|AcDbFcf 10|10 20|50 30|0 1|.5%%vA 11|1 21|0 31|0", 10.1, 50, 50, 50},
+      {"0|IMAGE 8|0 100|AcDbRasterImage 90|0 10|10 20|10 30|0 11|0.5 21|0 31|0 12|0 22|0.5 32|0 13|160 23|81 "
+       "70|7",
+       50, 50.5, 50, 30},
+      {"0|LINE 8|0 10|0 20|50.5 11|100 21|50.5 0|WIPEOUT 8|0 100|AcDbWipeout 90|0 10|0 20|0 30|0 11|100 21|0 "
+       "31|0 12|0 22|100 32|0 13|1 23|1 70|7 280|1 71|1 91|2 14|-0.5 24|-0.5 14|0 24|0.5",
+       75, 50.5, 25, 50.5},
   };
   for (const auto& one : cases) {
     const Shot shot(drawingOf(one.entity));
@@ -93,85 +109,32 @@ TEST(Strokes, AreWhereTheirCurvesAre) {
   }
 }
 
-TEST(Strokes, OfLaterKindsToo) {
-  const struct {
-    const char *kind, *groups;
-    double onX, onY, offX, offY;
-  } cases[] = {
-      {"ELLIPSE", "100|AcDbEllipse\n10|50\n20|50\n30|0\n11|40\n21|0\n31|0\n40|0.5\n41|0\n42|3.14159265\n", 50, 69.9, 50,
-       30},
-      {"SPLINE",
-       "100|AcDbSpline\n70|8\n71|2\n72|6\n73|3\n74|0\n40|0\n40|0\n40|0\n40|1\n40|1\n40|1\n10|10\n20|10\n30|0\n10|50\n"
-       "20|91\n30|0\n10|90\n20|10\n30|0\n",
-       50, 50.5, 50, 80},
-      {"SPLINE",
-       "100|AcDbSpline\n70|8\n71|3\n72|0\n73|0\n74|3\n11|10\n21|10\n31|0\n11|50\n21|70\n31|0\n11|90\n21|10\n31|0\n", 50,
-       69.9, 50, 50},
-      {"LWPOLYLINE", "100|AcDbPolyline\n90|2\n70|0\n43|8\n10|10\n20|50\n10|90\n20|50\n", 50, 53, 50, 56},
-      {"LEADER", "100|AcDbLeader\n71|1\n72|0\n73|3\n76|2\n10|10\n20|50.5\n30|0\n10|90\n20|50.5\n30|0\n", 50, 50.5, 50,
-       54},
-      {"MESH",
-       "100|AcDbSubDMesh\n71|2\n72|0\n91|0\n92|3\n10|10\n20|10\n30|0\n10|90\n20|10\n30|0\n10|50\n20|90\n30|0\n93|4\n"
-       "90|3\n90|0\n90|1\n90|2\n94|0\n95|0\n",
-       50, 10.1, 50, 50},
-      {"MLINE",
-       "100|AcDbMline\n2|S\n40|10\n70|0\n71|1\n72|2\n73|2\n10|10\n20|50\n30|0\n11|10\n21|50\n31|0\n12|1\n22|0\n32|0\n"
-       "13|0\n23|1\n33|0\n74|4\n41|10.5\n41|0\n41|20\n41|60\n75|0\n74|2\n41|-10\n41|0\n75|0\n11|90\n21|50\n31|0\n12|1\n"
-       "22|0\n32|0\n13|0\n23|1\n33|0\n74|2\n41|10.5\n41|0\n75|0\n74|2\n41|-10\n41|0\n75|0\n",
-       20, 60.5, 50, 60.5},
-      {"MULTILEADER",
-       "100|AcDbMLeader\n270|2\n300|CONTEXT_DATA{\n40|1\n41|5\n140|16\n304|HH\n12|85\n22|60\n32|0\n302|LEADER{\n290|1\n"
-       "10|60\n20|50.5\n30|0\n11|1\n21|0\n31|0\n40|20\n304|LEADER_LINE{\n10|10\n20|50.5\n30|0\n305|}\n303|}\n301|}\n"
-       "172|2\n",
-       75, 50.5, 85, 50.5}, // as far as the dogleg
-      {"TOLERANCE", "100|AcDbFcf\n10|10\n20|50\n30|0\n1|.5%%vA\n11|1\n21|0\n31|0\n", 10.1, 50, 50, 50},
-      {"IMAGE",
-       "100|AcDbRasterImage\n90|0\n10|10\n20|10\n30|0\n11|0.5\n21|0\n31|0\n12|0\n22|0.5\n32|0\n13|160\n23|81\n70|7\n",
-       50, 50.5, 50, 30},
-      {"WIPEOUT",
-       "100|AcDbWipeout\n90|0\n10|0\n20|0\n30|0\n11|100\n21|0\n31|0\n12|0\n22|100\n32|0\n13|1\n23|1\n70|7\n280|1\n"
-       "71|1\n91|2\n14|-0.5\n24|-0.5\n14|0\n24|0.5\n",
-       75, 50.5, 25, 50.5},
-  };
-  const auto entity = [](const std::string& kind, const char* handle, const std::string& groups) {
-    return "0|" + kind + "\n5|" + handle + "\n100|AcDbEntity\n8|0\n" + groups;
-  };
-  const std::string under = entity("LINE", "9", "100|AcDbLine\n10|0\n20|50.5\n30|0\n11|100\n21|50.5\n31|0\n");
-  for (const auto& one : cases) {
-    const Shot shot(modern((one.kind == std::string("WIPEOUT") ? under : "") + entity(one.kind, "A", one.groups)));
-    EXPECT_NE(shot.at(one.onX, one.onY), kWhite) << one.kind;
-    EXPECT_EQ(shot.at(one.offX, one.offY), kWhite) << one.kind;
-  }
-}
-
-std::string loop(double from, double to) {
-  const std::string a = std::to_string(from), b = std::to_string(to);
-  return "92|3\n72|0\n73|1\n93|4\n10|" + a + "\n20|" + a + "\n10|" + b + "\n20|" + a + "\n10|" + b + "\n20|" + b +
-         "\n10|" + a + "\n20|" + b + "\n97|0\n";
+std::string loop(const std::string& from, const std::string& to) {
+  return "92|3 72|0 73|1 93|4 10|" + from + " 20|" + from + " 10|" + to + " 20|" + from + " 10|" + to + " 20|" + to +
+         " 10|" + from + " 20|" + to + " 97|0 ";
 }
 
 TEST(Fills, CoverTheirArea) {
-  const std::string head =
-      "0|HATCH\n5|A\n100|AcDbEntity\n8|0\n62|1\n100|AcDbHatch\n10|0\n20|0\n30|0\n210|0\n220|0\n230|1\n";
-  const std::string lines = "52|0\n41|1\n77|0\n78|1\n53|0\n43|0\n44|0.5\n45|0\n46|10\n79|0\n98|0\n";
+  const std::string head = "0|HATCH 8|0 62|1 100|AcDbHatch 10|0 20|0 30|0 210|0 220|0 230|1 ";
+  const std::string solid = head + "2|SOLID 70|1 71|0 ", end = "75|0 76|1 98|0 ";
   const struct {
     std::string hatch;
     std::size_t area;
     std::uint32_t color; // where it is filled: 15, 15
     const char* what;
   } cases[] = {
-      {head + "2|SOLID\n70|1\n71|0\n91|1\n" + loop(10, 90) + "75|0\n76|1\n98|0\n", 6400, kRed, "solid"},
-      {head + "2|SOLID\n70|1\n71|0\n91|2\n" + loop(10, 90) + loop(30, 70) + "75|0\n76|1\n98|0\n", 4800, kRed, "a hole"},
-      {head + "2|SOLID\n70|1\n71|0\n91|3\n" + loop(10, 90) + loop(30, 70) + loop(40, 60) + "75|0\n76|1\n98|0\n", 5200,
-       kRed, "an island"},
-      {head + "2|SOLID\n70|1\n71|0\n91|1\n" + loop(10, 90) +
-           "75|0\n76|1\n98|0\n450|1\n451|0\n460|0\n461|0\n452|0\n462|0\n453|2\n463|0\n63|5\n421|255\n463|1\n63|2\n"
-           "421|65280\n470|LINEAR\n",
+      {solid + "91|1 " + loop("10", "90") + end, 6400, kRed, "solid"},
+      {solid + "91|2 " + loop("10", "90") + loop("30", "70") + end, 4800, kRed, "a hole"},
+      {solid + "91|3 " + loop("10", "90") + loop("30", "70") + loop("40", "60") + end, 5200, kRed, "an island"},
+      {solid + "91|1 " + loop("10", "90") + end +
+           "450|1 451|0 460|0 461|0 452|0 462|0 453|2 463|0 63|5 421|255 463|1 63|2 421|65280 470|LINEAR",
        6400, kBlue, "a gradient begins with its first colour"},
-      {head + "2|LINE\n70|0\n71|0\n91|1\n" + loop(10, 90) + "75|0\n76|1\n" + lines, 8 * 80, kWhite, "eight lines"},
+      {head + "2|LINE 70|0 71|0 91|1 " + loop("10", "90") +
+           "75|0 76|1 52|0 41|1 77|0 78|1 53|0 43|0 44|0.5 45|0 46|10 79|0 98|0",
+       8 * 80, kWhite, "eight lines"},
   };
   for (const auto& one : cases) {
-    const Shot shot(modern(one.hatch));
+    const Shot shot(drawingOf(one.hatch));
     EXPECT_NEAR(static_cast<double>(shot.inked()), static_cast<double>(one.area), 0.05 * one.area) << one.what;
     EXPECT_EQ(shot.at(15, 15), one.color) << one.what;
     EXPECT_EQ(shot.report().extents.minPoint().x, 10) << one.what;
@@ -179,13 +142,9 @@ TEST(Fills, CoverTheirArea) {
 }
 
 TEST(Strokes, AreAsWideAsTheirWeights) {
-  const auto height = [](const char* weight, const char* shows) {
-    const drawing::ReadResult read = drawing::readDrawingFromMemory(tests::dxf(
-        "0|SECTION\n2|HEADER\n9|$ACADVER\n1|AC1015\n9|$LWDISPLAY\n290|" + std::string(shows) + "\n0|ENDSEC\n" +
-            tests::section("ENTITIES", "0|LINE\n5|A\n100|AcDbEntity\n8|0\n370|" + std::string(weight) +
-                                           "\n100|AcDbLine\n10|-10\n20|50\n30|0\n11|110\n21|50\n31|0\n"),
-        ""));
-    return std::round(static_cast<double>(Shot(read.database).inked()) / 100);
+  const auto height = [](const std::string& weight, const std::string& shows) {
+    const std::string line = "0|LINE 8|0 370|" + weight + " 10|-10 20|50 11|110 21|50";
+    return std::round(static_cast<double>(Shot(drawingOf(line, "", "", "9|$LWDISPLAY 290|" + shows)).inked()) / 100);
   };
   EXPECT_EQ(height("200", "1"), 8); // two millimetres at 96 pixels an inch
   EXPECT_EQ(height("200", "0"), 2); // one pixel, on the border of two

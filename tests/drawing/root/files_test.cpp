@@ -83,19 +83,16 @@ TEST_F(Files, ReplacesWhatALinkLeadsTo) {
 TEST_F(Files, RefusesExistingEvenWhenItComesLate) {
   put(path, "old");
   const ReplaceOptions once{.refuseExisting = true};
-  FileError error = replaceFile(path, writing("new"), once);
+  const FileError error = replaceFile(path, writing("new"), once);
   EXPECT_EQ(error.error, EEXIST);
   EXPECT_EQ(error.text, "Cannot write " + path + ": File exists");
 
   const std::string late = folder + "/late";
-  error = replaceFile(
-      late,
-      [&](FileSink&) {
-        put(late, "theirs");
-        return FileError();
-      },
-      once);
-  EXPECT_EQ(error.error, EEXIST);
+  const auto comesLate = [&](FileSink&) {
+    put(late, "theirs");
+    return FileError();
+  };
+  EXPECT_EQ(replaceFile(late, comesLate, once).error, EEXIST);
   EXPECT_EQ(get(late), "theirs");
   EXPECT_TRUE(replaceFile(folder + "/third", writing("new"), once).ok());
   EXPECT_EQ(names(), (Names{"plan.dxf", "late", "third"}));
@@ -221,9 +218,11 @@ TEST_F(Files, MapsOrReads) {
 }
 
 TEST_F(Files, ReadsNoMoreThanAllowed) {
+  struct NoMaps : FailingFiles {
+    using FailingFiles::FailingFiles;
+    Error map(Handle& file, FileMapping&) override { return fileError(FileAction::Read, file.path, ENODEV); }
+  } unmapped(fileOperations());
   put(path, "12345");
-  PowerLossFiles unmapped;
-  unmapped.put(path, "12345");
   for (FileOperations* operations : {&fileOperations(), static_cast<FileOperations*>(&unmapped)}) {
     UsedFiles use(*operations);
     MappedFile file;
@@ -236,8 +235,7 @@ TEST_F(Files, ReadsNoMoreThanAllowed) {
 
 TEST_F(Files, LocksAreSeenByOthers) {
   FileOperations& files = fileOperations();
-  FileHandle one;
-  FileHandle other;
+  FileHandle one, other;
   ASSERT_TRUE(files.open(path, FileOpen::Create, one).ok());
   ASSERT_TRUE(files.open(path, FileOpen::Write, other).ok());
   EXPECT_TRUE(files.lock(one, FileLock::Exclusive).ok());

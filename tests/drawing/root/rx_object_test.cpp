@@ -109,10 +109,8 @@ TEST(ClassRegistry, MakesNothingOfARemovedClass) {
 }
 
 TEST(ProtocolExtension, IsInheritedUntilReplaced) {
-  const OdRxObjectPtr general = Painter::createObject();
-  const OdRxObjectPtr special = Painter::createObject();
-  const OdRxObjectPtr round = Round::createObject();
-  const OdRxObjectPtr square = Square::createObject();
+  const OdRxObjectPtr general = Painter::createObject(), special = Painter::createObject();
+  const OdRxObjectPtr round = Round::createObject(), square = Square::createObject();
   EXPECT_TRUE(Painter::cast(round).isNull());
 
   EXPECT_TRUE(Shape::desc()->addX(Painter::desc(), general).isNull());
