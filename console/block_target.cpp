@@ -74,8 +74,7 @@ OdDb::DwgVersion rememberedVersion(Session& session) {
   OdDb::DwgVersion version = OdDb::kNewestVersion;
   registerFun::GetBlockSaveFormat(type, version);
   const bool isKnown = drawing::versionSignature(version)[0] != '\0'; // a file that somebody wrote may hold anything
-  if (!isKnown || drawing::writtenVersion(version) != version)
-    version = OdDb::kNewestVersion;
+  version = isKnown ? drawing::writtenVersion(version) : OdDb::kNewestVersion;
   if (type == OdDb::kSaveDwg)
     session.say(Text::kDwgSettled, {OdString::fromUtf8(drawing::versionYear(version))});
   return version;

@@ -12,8 +12,8 @@ namespace console {
 // is told. Throws for no name and for the name of a DWG file, which cannot be written yet.
 OdString settledName(Session& session, const OdString& typed);
 
-// The version that was used last; the newest where none that is known is remembered. A remembered DWG becomes DXF of
-// the same version, which is told.
+// The version that was used last, as it can be written; the newest where none that is known is remembered. A remembered
+// DWG becomes DXF of the same version, which is told.
 OdDb::DwgVersion rememberedVersion(Session& session);
 
 // The file in full, as this system spells it, once it may be written. A name without a folder is below that of the file

@@ -144,8 +144,12 @@ TEST(WblockCommand, RemembersFormatAndFolderAndAsksNobodyWhereItMayNot) {
   EXPECT_EQ(readFile(out), before);
   EXPECT_NE(run({}, "WBLOCK next\n\n*\n\n").shown.find("version 2004"), std::string::npos);
   EXPECT_TRUE(std::filesystem::exists(scratch.path("next.dxf")));
-  for (const auto& [kept, offered] :
-       {std::pair{"23", "<2000>"}, {"16", "<R12>"}, {"18", "<2018>"}, {"99", "<2018>"}, {"\"x\"", "<2018>"}}) {
+  for (const auto& [kept, offered] : {std::pair{"23", "<2000>"},
+                                      {"16", "<R12>"},
+                                      {"21", "<2000>"},
+                                      {"18", "<2018>"},
+                                      {"99", "<2018>"},
+                                      {"\"x\"", "<2018>"}}) {
     std::ofstream(config) << R"({"wblock_dialog":{"SaveFormatType":1,"SaveFormatVersion":)" << kept << "}}";
     EXPECT_NE(run({}, "WBLOCK " + scratch.path("o") + "\n").shown.find(offered), std::string::npos) << kept;
   }
