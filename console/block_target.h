@@ -16,10 +16,10 @@ OdString settledName(Session& session, const OdString& typed);
 // DWG becomes DXF of the same version, which is told.
 OdDb::DwgVersion rememberedVersion(Session& session);
 
-// The file in full, as this system spells it, once it may be written. A name without a folder is below that of the file
-// that was written last, else below the drawing's. Throws when it cannot be a target, is an open drawing, or the user
-// does not want it replaced; `askedTarget` asks that, `givenTarget` goes by `mayReplace` and starts at the working
-// folder. Both take what settledName answers.
+// The file in full, as this system spells it, once it may be written. A name alone is below the folder of the file that
+// was written last, a relative path below that of the drawing. Throws when it cannot be a target, is an open drawing, or
+// the user does not want it replaced; `askedTarget` asks that, `givenTarget` goes by `mayReplace` and starts at the
+// working folder. Both take what settledName answers.
 std::string askedTarget(Session& session, const OdString& name);
 std::string givenTarget(Session& session, const OdString& name, bool mayReplace);
 
