@@ -11,7 +11,8 @@ namespace console {
 
 using Arguments = std::vector<OdString>;
 
-// Empty answers are nothing. A script's answer ends at a blank, outside of double quotes, unless the whole line is wanted.
+// Empty answers are nothing. A script's answer ends at a blank, outside of double quotes, unless the whole line is
+// wanted.
 std::optional<OdString> askText(Session& session, Text prompt, const Arguments& arguments = {}, bool wholeLine = false);
 // The global name of the keyword, or nothing for an empty answer.
 std::optional<OdString> askKeyword(Session& session, Text keywords, Text prompt, const Arguments& arguments = {});

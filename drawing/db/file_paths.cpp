@@ -1,6 +1,7 @@
 #include "db/file_paths.h"
 
 #include "DbDatabase.h"
+#include "DbEntity.h"
 #include "DbImageObjects.h"
 #include "OdFiles.h"
 #include "db/store.h"
@@ -66,8 +67,9 @@ void rebasePath(OdDbObject& object, const OdDbDatabase& source, const OdDbDataba
 
 void rebasePaths(const OdDbIdMapping& mapping) {
   for (const OdDbIdPair& pair : mapping.pairs()) {
-    if (pair.isCloned())
-      rebasePath(*peek(pair.value()), *mapping.origDb(), *mapping.destDb());
+    OdDbObject* clone = pair.isCloned() ? peek(pair.value()) : nullptr;
+    if (clone != nullptr && !clone->isKindOf(OdDbEntity::desc())) // most are, and hold no path
+      rebasePath(*clone, *mapping.origDb(), *mapping.destDb());
   }
 }
 

@@ -46,7 +46,7 @@ public:
   OdDbObjectId appendAttribute(OdDbAttribute* attribute);
   OdDbObjectAttributeIteratorPtr attributeIterator() const;
   OdDbObjectIdArray attributeIds() const; // living ones
-  bool hasAttributes() const;              // living ones
+  bool hasAttributes() const;             // living ones
 
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
   // The box that the contents' box takes when the reference (all its rows and columns) shows it.

@@ -7,7 +7,6 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include "DbDxf.h"
 #include "DbField.h"
 
 namespace {
@@ -150,13 +149,10 @@ TEST_F(AttributeTable, LeavesTheDrawingAloneWhenItIsNone) {
     EXPECT_NE(run.shown.find(one.part), std::string::npos) << run.shown;
     EXPECT_FALSE(std::filesystem::exists(out())) << one.table;
   }
-  EXPECT_EQ(runMorvane({"attributes", in_, "--import", scratch_.path("none.csv"), "-o", out()}).status, 3);
-  for (const std::vector<std::string>& more : std::vector<std::vector<std::string>>{
-           {"-o", out()}, {"--import", in_}, {"--csv", "--json"}, {"--csv", "--import", in_, "-o", out()}}) {
-    std::vector<std::string> line = {"attributes", in_};
-    line.insert(line.end(), more.begin(), more.end());
-    EXPECT_EQ(runMorvane(line).status, 2) << more[0];
-  }
+  const Names names{{"$F", in_}, {"$OUT", out()}, {"$NONE", scratch_.path("none.csv")}};
+  expectRun("attributes $F --import $NONE -o $OUT", names, 3, "none.csv");
+  for (const char* more : {"-o $OUT", "--import $F", "--csv --json", "--csv --import $F -o $OUT"})
+    expectRun(std::string("attributes $F ") + more, names, 2, "");
   EXPECT_FALSE(std::filesystem::exists(out()));
 }
 

@@ -3,8 +3,6 @@
 #include "tests/console/console_run.h"
 #include "tests/support/dynamic_blocks.h"
 
-#include "DbDxf.h"
-
 #include <map>
 #include <nlohmann/json.hpp>
 

@@ -1,20 +1,18 @@
 // Inserting: units, clashes, values of attributes, lists; and that a refused or cancelled insertion leaves nothing.
 #include "tests/console/console_run.h"
+#include "tests/support/drawings.h"
+#include "tests/support/oracles.h"
 
-#include "DbBlockReference.h"
-#include "DbBlockTable.h"
-#include "DbDump.h"
-#include "DbDxf.h"
 #include "console/command_loop.h"
 #include "morvane/input.h"
 
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 namespace {
 
 using console::Status;
 using namespace console_tests;
+using namespace tests;
 using Json = nlohmann::json;
 
 // A drawing file of what the commands draw.
@@ -38,38 +36,19 @@ JsonRun insert(std::vector<std::string> arguments, const std::string& input = {}
   return {run.status, Json::parse(run.results, nullptr, false)};
 }
 
-bool said(const Json& json, const std::string& id) {
-  for (const Json& message : json["messages"]) {
-    if (message["id"] == id)
-      return true;
-  }
-  return false;
-}
-
 TEST(Insert, ScalesByTheUnitsOfBlockAndDrawing) {
-  const Scratch scratch;
-  const struct {
-    int code;
-    double millimetres;
-  } kUnits[] = {{0, 0}, {4, 1}, {1, 25.4}, {6, 1000}};
-  for (const auto& of : kUnits) {
-    const std::string part =
-        drawn(scratch, "part.dxf", "SETVAR INSUNITS " + std::to_string(of.code) + "\nLINE 0,0 1,0\n\n");
-    for (const auto& into : kUnits) {
-      const std::string target = drawn(scratch, "target.dxf", "SETVAR INSUNITS " + std::to_string(into.code) + "\n");
-      const std::string out = scratch.path("out.dxf");
-      const JsonRun run = insert({target, "--file", part, "--at", "1,2,3", "--scale", "2,3,4", "-o", out, "--force"});
-      ASSERT_EQ(run.status, 0) << run.json;
-      const double factor = of.code == 0 || into.code == 0 ? 1 : of.millimetres / into.millimetres;
-      EXPECT_DOUBLE_EQ(run.json["results"]["inserted"][0]["factor"].get<double>(), factor);
-      const drawing::ReadResult read = drawing::readDrawing(out);
-      const OdDbBlockTableRecordPtr space = read.database->getModelSpaceId().safeOpenObject();
-      const OdDbBlockReferencePtr reference = space->newIterator()->entity();
-      EXPECT_TRUE(reference->position().isEqualTo(OdGePoint3d(1, 2, 3)));
-      EXPECT_NEAR(reference->scaleFactors().sy, 3 * factor, 1e-9 * factor);
-      std::filesystem::remove(target);
-    }
-    std::filesystem::remove(part);
+  for (const auto& [of, into, factor] : {std::tuple{"1", "6", 0.0254}, {"0", "6", 1.0}, {"4", "0", 1.0}}) {
+    const Scratch scratch;
+    const auto inUnits = [&](const char* name, const std::string& units) {
+      return drawn(scratch, name, "SETVAR INSUNITS " + units + "\nLINE 0,0 1,0\n\n");
+    };
+    const std::string part = inUnits("part.dxf", of), target = inUnits("target.dxf", into);
+    const JsonRun run = insert({target, "--file", part, "--at", "1,2,3", "--scale", "2,3,4", "--force", "-o", target});
+    EXPECT_DOUBLE_EQ(run.json["results"]["inserted"][0]["factor"].get<double>(), factor) << run.json;
+    const drawing::ReadResult read = drawing::readDrawing(target);
+    const auto reference = forRead<OdDbBlockReference>(entitiesOf(read.database->getModelSpaceId())[1]);
+    EXPECT_TRUE(reference->position().isEqualTo(OdGePoint3d(1, 2, 3)));
+    EXPECT_NEAR(reference->scaleFactors().sy, 3 * factor, 1e-9);
   }
 }
 
@@ -112,7 +91,7 @@ TEST(Insert, SettlesClashesAsItIsTold) {
     const JsonRun run = insert({target, "--file", scratch.path(row.file), "--on-clash", row.policy, "-o", out});
     const std::string where = std::string(row.file) + " " + row.policy + " " + run.json.dump();
     EXPECT_EQ(run.status, row.status) << where;
-    EXPECT_TRUE(said(run.json, row.message)) << where;
+    EXPECT_NE(where.find(row.message), std::string::npos) << where;
     EXPECT_EQ(std::filesystem::exists(out), row.status == 0) << where;
     if (row.status != 0)
       continue;
@@ -131,12 +110,9 @@ TEST(Insert, OfAListSharesNestedBlocksThatAreTheSame) {
   const std::string leaf = "CIRCLE 0,0 1\nBLOCK leaf 0,0 All\n\nConvert\n";
   const std::string target = drawn(scratch, "target.dxf", leaf), out = scratch.path("out.dxf");
   std::string list;
-  for (const char* name : {"a.dxf", "b.dxf", "c.dxf"}) {
-    const std::string line = std::string("LINE 0,0 ") + name[0] + "\n"; // each its own
-    drawn(scratch, name,
-          replaced(leaf, "0,0 1", "0,0 2") + replaced(line, std::string(1, name[0]), std::to_string(name[0]) + ",0") +
-              "\n");
-    list += std::string(name) + "\n";
+  for (const std::string number : {"1", "2", "3"}) { // each with a line of its own
+    drawn(scratch, number + ".dxf", replaced(leaf, "0,0 1", "0,0 2") + "LINE 0,0 " + number + ",0\n\n");
+    list += number + ".dxf\n";
   }
   const JsonRun run = insert({target, "--file-list", scratch.write("list.txt", list), "-o", out});
   EXPECT_EQ(run.status, 0) << run.json;
@@ -145,9 +121,7 @@ TEST(Insert, OfAListSharesNestedBlocksThatAreTheSame) {
   const drawing::ReadResult read = drawing::readDrawing(out);
   EXPECT_TRUE(read.database->symbol(OdDb::kBlockTable, L"leaf-3").isNull());
   const OdDbBlockTableRecordPtr shared = read.database->symbol(OdDb::kBlockTable, L"leaf-2").safeOpenObject();
-  OdDbObjectIdArray references;
-  shared->getBlockReferenceIds(references, true, false);
-  EXPECT_EQ(references.length(), 3);
+  EXPECT_EQ(shared->getBlockReferenceIds().length(), 3);
 }
 
 constexpr char kTagged[] =
@@ -198,7 +172,7 @@ std::vector<OdString> linesOf(const std::string& script) {
   return lines;
 }
 
-// One answer in a line makes the same drawing typed, piped and in a script; cut off anywhere, nothing of the insertion.
+// One answer in a line makes the same drawing typed and in a script; cut off anywhere, nothing of the insertion.
 TEST(Insert, AsksTheSameWhereverTheAnswersComeFrom) {
   const std::string script = replaced(readFile("tests/console/transcripts/insert-attributes.scr"), "\r", "");
   const std::string commands = script.substr(script.find('\n') + 1);
@@ -210,21 +184,11 @@ TEST(Insert, AsksTheSameWhereverTheAnswersComeFrom) {
     EXPECT_EQ(console.session().status(), Status::Done) << console.takeShown();
     typed = console.dump();
   }
-  const Scratch scratch;
-  const auto save = [&](const char* name) { return "SAVEAS\n" + scratch.path(name) + "\n2018\n"; };
-  const auto shape = [&](const char* name) {
-    return drawing::canonicalDump(*drawing::readDrawing(scratch.path(name)).database,
-                                  drawing::DumpForm::WithoutHandles);
-  };
   {
     TestSession console;
     ASSERT_EQ(console.run(commands), Status::Done) << console.takeShown();
     EXPECT_EQ(console.dump(), typed);
-    ASSERT_EQ(console.run(save("script.dxf")), Status::Done);
   }
-  ASSERT_EQ(runMorvane({}, commands + save("piped.dxf")).status, 0);
-  EXPECT_EQ(shape("piped.dxf"), shape("script.dxf"));
-
   const std::size_t begins = commands.find("INSERT\n"), ends = commands.find("INSERT\n", begins + 1);
   TestSession console;
   ASSERT_EQ(console.run(commands.substr(0, begins)), Status::Done);
@@ -256,15 +220,11 @@ TEST(Insert, OfAListGoesOnOverBadFiles) {
   EXPECT_EQ(results["inserted"][2]["definition"], "shared");
   EXPECT_NE(run.json.dump().find("list-sum"), std::string::npos);
   const drawing::ReadResult read = drawing::readDrawing(out);
-  std::vector<OdGePoint3d> places;
-  const OdDbBlockTableRecordPtr space = read.database->getModelSpaceId().safeOpenObject();
-  for (const auto walk = space->newIterator(); !walk->done(); walk->step()) {
-    if (const auto reference = OdDbBlockReference::cast(walk->entity()); !reference.isNull())
-      places.push_back(reference->position());
-  }
-  ASSERT_EQ(places.size(), 3U);
-  EXPECT_TRUE(places[1].isEqualTo(OdGePoint3d(1, 101, 0)));  // the third of the list
-  EXPECT_TRUE(places[2].isEqualTo(OdGePoint3d(11, 201, 0))); // the sixth
+  const OdDbObjectIdArray shown = entitiesOf(read.database->getModelSpaceId()); // behind the line
+  ASSERT_EQ(shown.size(), 4U);
+  const auto at = [&](unsigned n) { return forRead<OdDbBlockReference>(shown[n])->position(); };
+  EXPECT_TRUE(at(2).isEqualTo(OdGePoint3d(1, 101, 0)));  // the third of the list
+  EXPECT_TRUE(at(3).isEqualTo(OdGePoint3d(11, 201, 0))); // the sixth
 }
 
 TEST(Insert, DryRunTellsAndChangesNothing) {

@@ -1,4 +1,4 @@
-// Jobs that keep a drawing in order: purging and renaming, as sub-verbs and as commands.
+// Jobs that keep a drawing in order: purging and renaming, as sub-verbs and as commands; and that commands are steps.
 #include "tests/console/console_run.h"
 
 #include "DbBlockTable.h"
@@ -118,17 +118,25 @@ TEST(Upkeep, AuditMendsWhatItReadsAndNeverTheFileItself) {
   EXPECT_EQ(again.status, 0) << again.shown;
 }
 
-TEST(Upkeep, CommandsAreOneStepEach) {
+TEST(Commands, AreOneStepEach) {
+  const Scratch scratch;
+  const std::string drawing = house(scratch);
   for (const char* command :
-       {"PURGE\n\n", "PURGE Blocks\n", "RENAME Block\nlamp\nlight\n", "REN LAyer walls outside\n"}) {
-    const Scratch scratch;
+       {"LINE 0,0 1,0 1,1 C\n", "CIRCLE 1,1 4\n", "TEXT 0,0 1 0 words\n", "ATTDEF T P\nV\n0,0 1\n",
+        "ERASE Type LINE\n\n", "LAYER Make new\nLock 0\n\n", "UCS Z 30\n", "SETVAR INSUNITS 2\n",
+        "BLOCK b 0,0 All\n\nKeep\n", "BLOCK b 0,0 All\n\nConvert\n", "BLOCK b 0,0 All\n\nDelete\n",
+        "BLOCK corner 1 0,0 Type LINE\n\nConvert\n", "PURGE\n\n", "PURGE Blocks\n", "RENAME Block\nlamp\nlight\n",
+        "REN LAyer walls outside\n"}) {
     TestSession session;
-    ASSERT_EQ(session.run("OPEN " + house(scratch) + "\n"), console::Status::Done);
+    ASSERT_EQ(session.run("OPEN " + drawing + "\n"), console::Status::Done);
     const std::string before = session.dump();
-    EXPECT_EQ(session.run(command), console::Status::Done) << session.takeShown();
-    EXPECT_NE(session.dump(), before) << command;
+    EXPECT_EQ(session.run(command), console::Status::Done) << command << session.takeShown();
+    const std::string after = session.dump();
+    EXPECT_NE(after, before) << command;
     EXPECT_EQ(session.run("UNDO\n"), console::Status::Done);
     EXPECT_EQ(session.dump(), before) << command;
+    EXPECT_EQ(session.run("REDO\n"), console::Status::Done);
+    EXPECT_EQ(session.dump(), after) << command;
   }
 }
 

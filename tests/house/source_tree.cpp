@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <regex>
 #include <set>
 
 namespace house {
@@ -22,6 +21,21 @@ const std::array<std::string, 3> kPublicFolders{"drawing/include/", "morvane/inc
 std::string textOf(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// What is left of the line behind blanks and that word; nothing when that does not stand there.
+std::string_view behind(std::string_view line, std::string_view word) {
+  line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+  return startsWith(line, word) ? line.substr(word.size()) : std::string_view();
+}
+
+// The include on this line; an empty name when there is none.
+Include includeOn(std::string_view line, int number) {
+  const std::string_view named = behind(behind(line, "#"), "include");
+  const bool quoted = !behind(named, "\"").empty();
+  const std::string_view name = behind(named, quoted ? "\"" : "<");
+  const std::size_t end = name.find(quoted ? '"' : '>');
+  return end == std::string_view::npos ? Include{} : Include{std::string(name.substr(0, end)), quoted, number};
 }
 
 // Follows block comments over one line: whether the next line starts inside one.
@@ -64,16 +78,14 @@ std::vector<std::string_view> linesOf(std::string_view text) {
 }
 
 std::vector<Include> includesOf(std::string_view text) {
-  static const std::regex kInclude("\\s*#\\s*include\\s*(?:\"([^\"]+)\"|<([^>]+)>).*");
   std::vector<Include> includes;
   bool inComment = false;
   int number = 0;
   for (std::string_view line : linesOf(text)) {
     ++number;
-    std::cmatch found;
-    const bool mayInclude = !inComment && line.find("include") != std::string_view::npos;
-    if (mayInclude && std::regex_match(line.data(), line.data() + line.size(), found, kInclude))
-      includes.push_back({found[1].matched ? found[1] : found[2], found[1].matched, number});
+    Include found = inComment ? Include{} : includeOn(line, number);
+    if (!found.name.empty())
+      includes.push_back(std::move(found));
     inComment = endsInComment(line, inComment);
   }
   return includes;

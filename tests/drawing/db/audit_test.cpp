@@ -2,7 +2,6 @@
 // again, neither in memory nor in the file that is written.
 #include "DbAudit.h"
 #include "DbDictionary.h"
-#include "DbDxf.h"
 #include "DbLayout.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
@@ -34,6 +33,9 @@ struct House {
     const auto record = forWrite<OdDbXrecord>(database->getOdDbObjectId(0xFFF0));
     nowhere = record->groups().idOf(record->groups()[0]);
     record->erase();
+  }
+  OdSmartPtr<OdDbLayout> sheet() const {
+    return forWrite<OdDbLayout>(forRead<OdDbBlockTableRecord>(database->getPaperSpaceId())->getLayoutId());
   }
   void change(OdDbObjectId id, const std::function<void(OdDbObject&)>& how) const { how(*forWrite<OdDbObject>(id)); }
 
@@ -70,21 +72,9 @@ const Case kCases[] = {
      [](House& h) { forWrite<OdDbEntity>(forRead<OdDbBlockTableRecord>(h.door)->blockEndId())->erase(); }},
     {"audit.sequence-without-end",
      [](House& h) { forWrite<OdDbEntity>(forRead<OdDbBlockReference>(h.reference)->sequenceEndId())->erase(); }},
-    {"audit.layout-without-block",
-     [](House& h) {
-       const auto space = forRead<OdDbBlockTableRecord>(h.database->getPaperSpaceId());
-       forWrite<OdDbLayout>(space->getLayoutId())->setBlockTableRecordId(h.nowhere);
-     }},
-    {"audit.layout-without-block",
-     [](House& h) {
-       const auto space = forRead<OdDbBlockTableRecord>(h.database->getPaperSpaceId());
-       forWrite<OdDbLayout>(space->getLayoutId())->setBlockTableRecordId(h.database->getModelSpaceId());
-     }},
-    {"audit.space-without-layout",
-     [](House& h) {
-       const auto space = forRead<OdDbBlockTableRecord>(h.database->getPaperSpaceId());
-       forWrite<OdDbLayout>(space->getLayoutId())->erase();
-     }},
+    {"audit.layout-without-block", [](House& h) { h.sheet()->setBlockTableRecordId(h.nowhere); }},
+    {"audit.layout-without-block", [](House& h) { h.sheet()->setBlockTableRecordId(h.database->getModelSpaceId()); }},
+    {"audit.space-without-layout", [](House& h) { h.sheet()->erase(); }},
     {"audit.block-of-no-layout", [](House& h) { forWrite<OdDbBlockTableRecord>(h.door)->setLayoutId(h.nowhere); }},
     {"audit.name-illegal", [](House& h) { forWrite<OdDbLayerTableRecord>(h.layer)->setName(L" in?out/ "); }},
     {"audit.block-cycle",

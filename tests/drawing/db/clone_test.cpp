@@ -3,14 +3,9 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include "DbBlockReference.h"
 #include "DbCurves.h"
 #include "DbDictionary.h"
 #include "DbDimension.h"
-#include "DbDump.h"
-#include "DbIdMapping.h"
-#include "DbSortentsTable.h"
-#include "DbSymbolRecords.h"
 
 namespace {
 
@@ -104,30 +99,6 @@ TEST_F(DeepClone, GivesADimensionAPictureOfItsOwn) {
   expectSound(*database_);
 }
 
-// Clones within one drawing keep the draw order of the originals although handles differ.
-TEST_F(DeepClone, KeepsTheDrawOrderOfAClonedDefinition) {
-  const OdDbDatabasePtr other = OdDbDatabase::create();
-  const OdDbObjectId inner = addBlock(*other, L"inner");
-  const OdDbObjectId first = addLine(*other, {0, 0, 0}, {1, 0, 0}, inner);
-  addLine(*other, {0, 0, 0}, {2, 0, 0}, inner);
-  {
-    const auto dictionary =
-        forWrite<OdDbDictionary>(forWrite<OdDbBlockTableRecord>(inner)->createExtensionDictionary());
-    const OdDbSortentsTablePtr table = OdDbSortentsTable::createObject();
-    table->setBlockId(inner);
-    dictionary->setAt(L"ACAD_SORTENTS", table);
-    OdDbObjectIdArray top{first};
-    forWrite<OdDbSortentsTable>(table->objectId())->moveToTop(top);
-  }
-  OdDbIdMapping mapping;
-  ASSERT_EQ(other->wblockCloneObjects({addReference(*other, inner)}, database_->getModelSpaceId(), mapping,
-                                      OdDb::kDrcReplace),
-            eOk);
-  const auto order = forRead<OdDbBlockTableRecord>(database_->symbol(OdDb::kBlockTable, L"inner"))->drawOrder();
-  ASSERT_EQ(order.size(), 2u);
-  EXPECT_EQ(forRead<OdDbLine>(order[1])->endPoint(), OdGePoint3d(1, 0, 0));
-}
-
 class CloneBetween : public testing::Test {
 protected:
   void SetUp() override {
@@ -150,19 +121,6 @@ protected:
   OdDbIdMapping mapping_;
 };
 
-TEST_F(CloneBetween, BringsNeededRecordsAtAnyDepthAndLeavesTheSource) {
-  const std::string before = drawing::canonicalDump(*source_);
-  ASSERT_EQ(clone(target_->getModelSpaceId(), OdDb::kDrcReplace), eOk);
-  EXPECT_EQ(drawing::canonicalDump(*source_), before);
-  for (const wchar_t* name : {L"door", L"hinge"})
-    EXPECT_FALSE(target_->symbol(OdDb::kBlockTable, name).isNull());
-  const auto copy = forRead<OdDbBlockReference>(mapping_.valueOf(reference_));
-  EXPECT_EQ(copy->layer(), L"wall");
-  EXPECT_EQ(copy->blockTableRecord(), target_->symbol(OdDb::kBlockTable, L"door"));
-  expectSound(*target_);
-  expectRoundTrip(*target_);
-}
-
 TEST_F(CloneBetween, ReplacesOrKeepsRecordsOfTheSameName) {
   struct Case {
     OdDb::DuplicateRecordCloning mode;
@@ -183,15 +141,6 @@ TEST_F(CloneBetween, ReplacesOrKeepsRecordsOfTheSameName) {
     expectSound(*target_);
     expectRoundTrip(*target_);
   }
-}
-
-TEST_F(CloneBetween, NeverReplacesTheBlockThatIsFilled) {
-  const OdDbObjectId door = addBlock(*target_, L"door");
-  ASSERT_EQ(clone(door, OdDb::kDrcReplace), eOk);
-  const auto copy = forRead<OdDbBlockReference>(entitiesOf(door)[0]);
-  EXPECT_EQ(forRead<OdDbBlockTableRecord>(copy->blockTableRecord())->getName(), L"door-2");
-  expectSound(*target_);
-  expectRoundTrip(*target_);
 }
 
 // What is replaced cannot lead back any more: it is replaced like any other.
@@ -233,18 +182,6 @@ TEST_F(CloneBetween, NeverReplacesASpace) {
   }
   expectSound(*target_);
   expectRoundTrip(*target_);
-}
-
-TEST_F(CloneBetween, RenewsAnonymousNames) {
-  const OdDbObjectId theirs = addBlock(*source_, L"*U");
-  const OdString name = forRead<OdDbBlockTableRecord>(theirs)->getName();
-  const OdDbObjectId ours = addBlock(*target_, L"*U");
-  ASSERT_EQ(forRead<OdDbBlockTableRecord>(ours)->getName(), name);
-  ASSERT_EQ(source_->wblockCloneObjects({addReference(*source_, theirs)}, target_->getModelSpaceId(), mapping_,
-                                        OdDb::kDrcReplace),
-            eOk);
-  EXPECT_NE(mapping_.valueOf(theirs), ours);
-  EXPECT_EQ(recordNames(*target_, OdDb::kBlockTable).back(), L"*U2");
 }
 
 TEST_F(CloneBetween, AnswersWhyNothingWasCloned) {

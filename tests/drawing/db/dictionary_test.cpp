@@ -1,6 +1,5 @@
 // Dictionaries, lists of tagged values and extended data, in memory and through a file.
 #include "DbDictionary.h"
-#include "DbIdMapping.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 

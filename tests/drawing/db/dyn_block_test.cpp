@@ -1,7 +1,5 @@
 // Which blocks are dynamic, by each of the marks that files use, and that the marks go along with clones.
-#include "DbDxf.h"
 #include "DbDynBlockReference.h"
-#include "DbIdMapping.h"
 #include "tests/support/dynamic_blocks.h"
 #include "tests/support/oracles.h"
 

@@ -1,8 +1,5 @@
 // A drawing put into another as a block: whatever names the two have in common, each reference shows what it showed,
 // the target keeps what it has, the source stays as it was, and a block never comes to contain itself.
-#include "DbDxf.h"
-#include "DbIdMapping.h"
-#include "DbSymbolRecords.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
@@ -119,31 +116,6 @@ TEST(Insert, SettlesNamesThatBothDrawingsHave) {
     expectSound(*target);
     expectRoundTrip(*target);
   }
-}
-
-TEST(Insert, KeepsTheLayersAndStylesOfTheTarget) {
-  const OdDbDatabasePtr target = OdDbDatabase::create(), source = OdDbDatabase::create();
-  const auto addAll = [](OdDbDatabase& database, bool locked, double width) {
-    forWrite<OdDbLayerTableRecord>(addLayer(database, L"Walls"))->setIsLocked(locked);
-    const OdDbTextStyleTableRecordPtr style = OdDbTextStyleTableRecord::createObject();
-    style->setName(L"Notes");
-    style->setXScale(width);
-    return forWrite<OdDbSymbolTable>(database.getTextStyleTableId())->add(style.get());
-  };
-  const OdDbObjectId kept = addAll(*target, true, 0.5), theirs = addAll(*source, false, 2);
-  const OdDbObjectId glass = addLayer(*source, L"Glass"), text = addText(*source, L"x"), pane = addText(*source, L"y");
-  forWrite<OdDbText>(text)->setLayer(source->symbol(OdDb::kLayerTable, L"WALLS"));
-  forWrite<OdDbText>(text)->setTextStyle(theirs);
-  forWrite<OdDbText>(pane)->setLayer(glass);
-  source->setINSBASE({3, 4, 5});
-  const OdDbBlockTableRecordPtr made = target->insert(L"door", source.get(), true).safeOpenObject();
-  const OdDbTextPtr copy = made->newIterator()->entity();
-  EXPECT_EQ(copy->layerId(), target->symbol(OdDb::kLayerTable, L"Walls"));
-  EXPECT_EQ(copy->textStyle(), kept);
-  EXPECT_TRUE(forRead<OdDbLayerTableRecord>(copy->layerId())->isLocked());
-  EXPECT_EQ(forRead<OdDbTextStyleTableRecord>(kept)->xScale(), 0.5);
-  EXPECT_FALSE(target->symbol(OdDb::kLayerTable, L"Glass").isNull());
-  EXPECT_EQ(made->origin(), OdGePoint3d(3, 4, 5));
 }
 
 TEST(Insert, RefusesWhatIsNoOrdinaryBlock) {

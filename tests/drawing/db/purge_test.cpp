@@ -1,6 +1,5 @@
 // Purging: what nobody uses goes in one go, whatever is used in any way stays, and the reasons can be asked for.
 #include "DbDictionary.h"
-#include "DbDxf.h"
 #include "DbPurge.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
@@ -14,7 +13,8 @@ namespace {
 
 // Tables, blocks, entities and objects of a drawing, "code|value" lines each.
 struct Parts {
-  std::string layers, styles, linetypes, dimStyles, records, blocks, entities, objects, header;
+  std::string layers = {}, styles = {}, linetypes = {}, dimStyles = {}, records = {}, blocks = {}, entities = {};
+  std::string objects = {}, header = {};
 };
 
 std::string record(const std::string& kind, const std::string& marker, const std::string& handle,
@@ -61,40 +61,37 @@ TEST(Purge, EveryKindOfReferenceProtects) {
     parts.layers = kLayer;
     return parts;
   };
-  Parts inserted, nested, arrow, oldArrow, override, oldOverride, xdata, header, headerArrow, carried, unread, layerOf,
-      cell;
-  inserted.entities = insert("E1", "DOOR");
-  nested.records = blockRecord("D8", "house");
-  nested.blocks = block("D8", "house", insert("E2", "door"));
-  nested.entities = insert("E1", "house");
-  arrow.dimStyles = record("DIMSTYLE", "AcDbDimStyleTableRecord", "DA", "Standard", "343|D1\n");
-  oldArrow.dimStyles = record("DIMSTYLE", "AcDbDimStyleTableRecord", "DA", "Standard", "6|door\n");
-  const std::string dstyle = "1001|ACAD\n1000|DSTYLE\n1002|{\n";
-  override.entities = entity("LINE", "E1", "0\n", kLine + dstyle + "1070|342\n1005|D1\n1002|}\n");
-  oldOverride.entities = entity("LINE", "E1", "0\n", kLine + dstyle + "1070|5\n1000|door\n1002|}\n");
-  xdata.entities = entity("LINE", "E1", "0\n", kLine + "1001|ACAD\n1003|ATTIC\n");
-  header.header = "9|$CLAYER\n8|Attic\n9|$ACADVER\n1|AC1015\n";
-  headerArrow.header = "9|$DIMBLK\n1|door\n9|$ACADVER\n1|AC1015\n";
-  carried.entities = entity("MULTILEADER", "E1", "0\n", "100|AcDbMLeader\n344|D1\n");
-  unread.entities = entity("LINE", "E1", "attic\n", "100|AcDbLine\n10|wide\n");
-  layerOf.entities = entity("LINE", "E1", "Attic\n", kLine);
-  cell.styles = record("STYLE", "AcDbTextStyleTableRecord", "D4", "notes");
-  cell.entities =
-      entity("ACAD_TABLE", "E1", "0\n", "100|AcDbBlockReference\n10|0\n20|0\n30|0\n100|AcDbTable\n7|NOTES\n");
+  const std::string dstyle = kLine + "1001|ACAD\n1000|DSTYLE\n1002|{\n", version = "9|$ACADVER\n1|AC1015\n";
+  const auto dimStyle = [](const char* arrow) {
+    return record("DIMSTYLE", "AcDbDimStyleTableRecord", "DA", "Standard", arrow);
+  };
   const Case cases[] = {
-      {"text style of a cell", cell, 0xD4},
-      {"reference", blocks(inserted), 0xD1},
-      {"reference in a block that is used", blocks(nested), 0xD1},
-      {"arrow of a dimension style", blocks(arrow), 0xD1},
-      {"arrow by name", blocks(oldArrow), 0xD1},
-      {"arrow of one dimension", blocks(override), 0xD1},
-      {"arrow of one dimension, by name", blocks(oldOverride), 0xD1},
-      {"current arrow", blocks(headerArrow), 0xD1},
-      {"content of a leader", blocks(carried), 0xD1},
-      {"layer of an entity", layers(layerOf), 0xD3},
-      {"layer in extended data", layers(xdata), 0xD3},
-      {"current layer", layers(header), 0xD3},
-      {"layer of an entity that is kept unread", layers(unread), 0xD3},
+      {"reference", blocks({.entities = insert("E1", "DOOR")}), 0xD1},
+      {"reference in a block that is used",
+       blocks({.records = blockRecord("D8", "house"),
+               .blocks = block("D8", "house", insert("E2", "door")),
+               .entities = insert("E1", "house")}),
+       0xD1},
+      {"arrow of a dimension style", blocks({.dimStyles = dimStyle("343|D1\n")}), 0xD1},
+      {"arrow by name", blocks({.dimStyles = dimStyle("6|door\n")}), 0xD1},
+      {"arrow of one dimension",
+       blocks({.entities = entity("LINE", "E1", "0\n", dstyle + "1070|342\n1005|D1\n1002|}\n")}), 0xD1},
+      {"arrow of one dimension, by name",
+       blocks({.entities = entity("LINE", "E1", "0\n", dstyle + "1070|5\n1000|door\n1002|}\n")}), 0xD1},
+      {"current arrow", blocks({.header = version + "9|$DIMBLK\n1|door\n"}), 0xD1},
+      {"content of a leader", blocks({.entities = entity("MULTILEADER", "E1", "0\n", "100|AcDbMLeader\n344|D1\n")}),
+       0xD1},
+      {"layer of an entity", layers({.entities = entity("LINE", "E1", "Attic\n", kLine)}), 0xD3},
+      {"layer in extended data", layers({.entities = entity("LINE", "E1", "0\n", kLine + "1001|ACAD\n1003|ATTIC\n")}),
+       0xD3},
+      {"current layer", layers({.header = version + "9|$CLAYER\n8|Attic\n"}), 0xD3},
+      {"layer of an entity that is kept unread",
+       layers({.entities = entity("LINE", "E1", "attic\n", "100|AcDbLine\n10|wide\n")}), 0xD3},
+      {"text style of a cell",
+       {.styles = record("STYLE", "AcDbTextStyleTableRecord", "D4", "notes"),
+        .entities =
+            entity("ACAD_TABLE", "E1", "0\n", "100|AcDbBlockReference\n10|0\n20|0\n30|0\n100|AcDbTable\n7|NOTES\n")},
+       0xD4},
   };
   for (const Case& row : cases) {
     SCOPED_TRACE(row.what);

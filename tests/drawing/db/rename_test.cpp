@@ -1,5 +1,4 @@
 // Renaming: whoever holds the name as text is told, nothing else changes, and what must keep its name does.
-#include "DbDxf.h"
 #include "DbNames.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
@@ -15,18 +14,26 @@ OdDbDatabasePtr house() {
   const std::string text =
       section("HEADER", "9|$ACADVER\n1|AC1015\n9|$CLAYER\n8|Attic\n9|$DIMBLK\n1|_dot\n9|$DIMBLK1\n1|dot\n") +
       section("TABLES",
-              "0|TABLE\n2|LAYER\n5|2\n100|AcDbSymbolTable\n70|2\n"
-              "0|LAYER\n5|C1\n100|AcDbSymbolTableRecord\n100|AcDbLayerTableRecord\n2|attic\n70|0\n62|7\n6|Continuous\n"
-              "0|LAYER\n5|C2\n100|AcDbSymbolTableRecord\n100|AcDbLayerTableRecord\n2|plan|roof\n70|16\n62|7\n"
-              "6|Continuous\n0|ENDTAB\n0|TABLE\n2|BLOCK_RECORD\n5|1\n100|AcDbSymbolTable\n70|2\n"
-              "0|BLOCK_RECORD\n5|D1\n100|AcDbSymbolTableRecord\n100|AcDbBlockTableRecord\n2|_DOT\n"
-              "0|BLOCK_RECORD\n5|D2\n100|AcDbSymbolTableRecord\n100|AcDbBlockTableRecord\n2|window\n"
-              "1001|AcDbDynamicBlockTrueName\n1000|Window\n1001|OTHER\n1000|window\n"
-              "0|BLOCK_RECORD\n5|D3\n100|AcDbSymbolTableRecord\n100|AcDbBlockTableRecord\n2|*U4\n0|ENDTAB\n") +
-      section("ENTITIES", "0|LINE\n5|E1\n100|AcDbEntity\n8|attic\n100|AcDbLine\n10|0\n20|0\n30|0\n11|1\n21|1\n31|0\n"
-                          "1001|ACAD\n1003|ATTIC\n1000|attic\n"
-                          "0|LINE\n5|E2\n100|AcDbEntity\n8|attic\n100|AcDbLine\n10|wide\n"
-                          "0|INSERT\n5|E3\n100|AcDbEntity\n8|0\n100|AcDbBlockReference\n2|window\n10|0\n20|0\n30|0\n");
+              table("LAYER",
+                    "0|LAYER\n5|C1\n100|AcDbSymbolTableRecord\n100|AcDbLayerTableRecord\n2|attic\n70|0\n62|7\n"
+                    "6|Continuous\n0|LAYER\n5|C2\n100|AcDbSymbolTableRecord\n100|AcDbLayerTableRecord\n2|plan|roof\n"
+                    "70|16\n62|7\n6|Continuous\n",
+                    "2") +
+                  table("BLOCK_RECORD",
+                        blockRecord("D1", "_DOT") + blockRecord("D2", "window") +
+                            "1001|AcDbDynamicBlockTrueName\n1000|Window\n1001|OTHER\n1000|window\n" +
+                            blockRecord("D3", "*U4"),
+                        "1") +
+                  table("STYLE",
+                        "0|STYLE\n5|D4\n100|AcDbSymbolTableRecord\n100|AcDbTextStyleTableRecord\n2|notes\n70|0\n",
+                        "3")) +
+      section("ENTITIES",
+              "0|LINE\n5|E1\n100|AcDbEntity\n8|attic\n100|AcDbLine\n10|0\n20|0\n30|0\n11|1\n21|1\n31|0\n"
+              "1001|ACAD\n1003|ATTIC\n1000|attic\n"
+              "0|LINE\n5|E2\n100|AcDbEntity\n8|attic\n100|AcDbLine\n10|wide\n" +
+                  insert("E3", "window") +
+                  "0|ACAD_TABLE\n5|E4\n100|AcDbEntity\n8|0\n100|AcDbBlockReference\n2|*U4\n10|0\n20|0\n30|0\n"
+                  "100|AcDbTable\n7|notes\n1|notes\n");
   std::string lines = text; // a bar would end a line
   lines.replace(lines.find("plan|roof"), 9, "plan\x01roof");
   std::string bytes = dxf(lines, "");
@@ -34,58 +41,47 @@ OdDbDatabasePtr house() {
   return drawing::readDrawingFromMemory(bytes).database;
 }
 
-std::string written(const OdDbDatabase& database) {
-  return drawing::writeDrawingToMemory(database);
-}
-
-std::size_t occurrences(const std::string& text, const std::string& part) {
-  std::size_t count = 0;
-  for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
-    ++count;
-  return count;
-}
-
-TEST(Rename, LayersInPropertiesHeaderAndData) {
-  const OdDbDatabasePtr database = house();
-  expectUndoRestores(
-      *database, [&] { EXPECT_EQ(renameRecord(*database, OdDb::kLayerTable, L"ATTIC", L"loft"), RenameResult::Done); });
-  EXPECT_EQ(database->headerText("CLAYER"), L"loft");
-  const std::string text = written(*database);
-  EXPECT_EQ(occurrences(text, "\nATTIC\n") + occurrences(text, "\nAttic\n"), 0u);
-  EXPECT_EQ(occurrences(text, "1003\nloft\n"), 1u);
-  EXPECT_EQ(occurrences(text, "1000\nattic\n"), 1u); // a text is only a text
-  EXPECT_TRUE(drawing::readDrawingFromMemory(text).database->symbol(OdDb::kLayerTable, L"attic").isNull());
-  expectSound(*database);
-}
-
-TEST(Rename, NamesInSectionsThatAreKeptAsFilesHoldThem) {
-  const OdDbDatabasePtr database =
-      drawing::readDrawingFromMemory(
-          dxf(section("TABLES", "0|TABLE\n2|STYLE\n5|3\n100|AcDbSymbolTable\n70|1\n0|STYLE\n5|D4\n"
-                                "100|AcDbSymbolTableRecord\n100|AcDbTextStyleTableRecord\n2|notes\n70|0\n0|ENDTAB\n") +
-              section("ENTITIES", "0|ACAD_TABLE\n5|E1\n100|AcDbEntity\n8|0\n100|AcDbBlockReference\n10|0\n20|0\n30|0\n"
-                                  "100|AcDbTable\n7|notes\n1|notes\n")))
-          .database;
-  expectUndoRestores(*database, [&] {
-    EXPECT_EQ(renameRecord(*database, OdDb::kTextStyleTable, L"Notes", L"remarks"), RenameResult::Done);
-  });
-  const std::string text = written(*database);
-  EXPECT_NE(text.find("  7\nremarks\n  1\nnotes\n"), std::string::npos);
-}
-
-TEST(Rename, BlocksWithTheirTrueNameAndArrows) {
-  const OdDbDatabasePtr database = house();
-  expectUndoRestores(*database, [&] {
-    EXPECT_EQ(renameRecord(*database, OdDb::kBlockTable, L"window", L"Window"), RenameResult::Done);
-    EXPECT_EQ(renameRecord(*database, OdDb::kBlockTable, L"WINDOW", L"big window"), RenameResult::Done);
-    EXPECT_EQ(renameRecord(*database, OdDb::kBlockTable, L"_dot", L"blob"), RenameResult::Done);
-  });
-  EXPECT_EQ(database->headerText("DIMBLK"), L"blob");
-  EXPECT_EQ(database->headerText("DIMBLK1"), L"blob");
-  const std::string text = written(*database);
-  EXPECT_NE(text.find("AcDbDynamicBlockTrueName\n1000\nbig window\n"), std::string::npos);
-  EXPECT_NE(text.find("OTHER\n1000\nwindow\n"), std::string::npos);
-  expectRoundTrip(*database);
+// Each step of renaming, a name of the header that follows, and what the file holds and does not hold then. A text is
+// only a text; sections that are kept as files hold them have names too.
+TEST(Rename, ReachesWhoeverHoldsTheNameAndNobodyElse) {
+  const struct {
+    OdDb::SymbolTableKind kind;
+    std::vector<std::pair<const wchar_t*, const wchar_t*>> steps;
+    const char* variable;
+    std::vector<std::string> held, gone;
+  } cases[] = {
+      {OdDb::kLayerTable,
+       {{L"ATTIC", L"loft"}},
+       "CLAYER",
+       {"1003\nloft\n", "1000\nattic\n"},
+       {"\nATTIC\n", "\nAttic\n", "  2\nattic\n", "8\nattic\n", "1000\nloft\n"}},
+      {OdDb::kTextStyleTable, {{L"Notes", L"remarks"}}, nullptr, {"  7\nremarks\n  1\nnotes\n"}, {"  7\nnotes\n"}},
+      {OdDb::kBlockTable, {{L"_dot", L"blob"}}, "DIMBLK", {}, {"1\ndot\n", "_DOT"}},
+      {OdDb::kBlockTable, {{L"_dot", L"blob"}}, "DIMBLK1", {}, {}},
+      {OdDb::kBlockTable,
+       {{L"window", L"Window"}, {L"WINDOW", L"big window"}},
+       nullptr,
+       {"AcDbDynamicBlockTrueName\n1000\nbig window\n", "OTHER\n1000\nwindow\n"},
+       {"  2\nwindow\n"}},
+  };
+  for (const auto& row : cases) {
+    SCOPED_TRACE(OdString(row.steps.back().second).toUtf8());
+    const OdDbDatabasePtr database = house();
+    expectUndoRestores(*database, [&] {
+      for (const auto& [from, to] : row.steps)
+        EXPECT_EQ(renameRecord(*database, row.kind, from, to), RenameResult::Done);
+    });
+    if (row.variable != nullptr) {
+      EXPECT_EQ(database->headerText(row.variable), row.steps.back().second);
+    }
+    const std::string text = drawing::writeDrawingToMemory(*database);
+    for (const std::string& part : row.held)
+      EXPECT_NE(text.find(part), std::string::npos) << part;
+    for (const std::string& part : row.gone)
+      EXPECT_EQ(text.find(part), std::string::npos) << part;
+    expectSound(*database);
+    expectRoundTrip(*database);
+  }
 }
 
 TEST(Rename, RefusesAndChangesNothing) {

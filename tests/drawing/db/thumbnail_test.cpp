@@ -1,6 +1,5 @@
 // The picture of a drawing: its bytes come back whatever their number and the form of the file, one that a file brought
 // is never lost, and a damaged one stays as it is.
-#include "DbDxf.h"
 #include "tests/support/drawings.h"
 
 namespace {

@@ -4,8 +4,6 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include "DbDxf.h"
-
 #include <functional>
 #include <map>
 #include <set>

@@ -1,7 +1,5 @@
 // Loading external references never changes the drawing that refers to them, ends for every shape of references
 // between drawings, and opens each drawing once.
-#include "DbDump.h"
-#include "DbDxf.h"
 #include "DbXref.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
@@ -138,13 +136,16 @@ TEST(Xref, LoadsEveryShapeOfReferencesAndSaysWhatItCouldNot) {
   }
 }
 
+// What its user unloaded stays so, in the file too.
 TEST(Xref, LoadingChangesNeitherFileNorDumpNorUndo) {
   Shelf shelf;
   shelf.put("leaf", {});
-  shelf.put("host", {"leaf", "+leaf2", "gone"});
+  shelf.put("away", {});
+  shelf.put("host", {"leaf", "+leaf2", "gone", "away"});
   shelf.put("leaf2", {"leaf"});
   const OdDbDatabasePtr host = shelf.host("host");
   addLayer(*host, L"to leaf|Walls");
+  forWrite<OdDbBlockTableRecord>(host->symbol(OdDb::kBlockTable, L"to away"))->setIsUnloaded(true);
   host->startUndoRecord();
   addText(*host, L"a step");
   const std::string file = drawing::writeDrawingToMemory(*host), dump = drawing::canonicalDump(*host);
@@ -157,23 +158,12 @@ TEST(Xref, LoadingChangesNeitherFileNorDumpNorUndo) {
   ASSERT_EQ(host->undo(), eOk);
   ASSERT_EQ(host->redo(), eOk);
   EXPECT_EQ(drawing::canonicalDump(*host), dump);
-  EXPECT_EQ(tree(*host), "leaf leaf2(leaf) gone!");
+  EXPECT_EQ(tree(*host), "leaf leaf2(leaf) gone! away~");
   const OdDbDatabasePtr again = expectRoundTrip(*host);
-  EXPECT_EQ(tree(*again), "leaf? leaf2? gone?"); // nothing but the references is in the file
+  EXPECT_EQ(tree(*again), "leaf? leaf2? gone? away?"); // nothing but the references is in the file
   EXPECT_TRUE(forRead<OdDbSymbolTableRecord>(again->symbol(OdDb::kLayerTable, L"TO LEAF|WALLS"))->isDependent());
-}
-
-TEST(Xref, KeepsWhatTheUserUnloaded) {
-  Shelf shelf;
-  shelf.put("leaf", {});
-  shelf.put("host", {"leaf"});
-  OdDbDatabasePtr host = shelf.host("host");
-  const OdDbObjectId block = host->symbol(OdDb::kBlockTable, L"to leaf");
-  forWrite<OdDbBlockTableRecord>(block)->setIsUnloaded(true);
-  host = expectRoundTrip(*host);
-  EXPECT_EQ(codes(drawing::loadXrefs(*host, shelf.loader())), "unloaded");
-  EXPECT_EQ(tree(*host), "leaf~");
-  EXPECT_TRUE(shelf.opened.empty());
+  EXPECT_EQ(codes(drawing::loadXrefs(*again, shelf.loader())), "not-found unloaded");
+  EXPECT_EQ(shelf.opened.count("away"), 0u);
 }
 
 TEST(Xref, ACycleLeadsBackToItsDrawingWhileThatLives) {

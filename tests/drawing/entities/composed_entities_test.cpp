@@ -1,8 +1,5 @@
 // What the parts of composed entities refer to goes where they go, and their outline is that of all parts.
 #include "DbDictionary.h"
-#include "DbDump.h"
-#include "DbDxf.h"
-#include "DbIdMapping.h"
 #include "tests/drawing/entities/composed_kinds.h"
 #include "tests/drawing/entities/group_text.h"
 #include "tests/support/drawings.h"
@@ -22,12 +19,11 @@ TEST(Table, CloneHasAPictureOfItsOwn) {
   const OdDbObjectId picture = tests::addBlock(database, L"*T1");
   tests::addText(database, L"cell", picture);
   const std::string handle = picture.getHandle().ascii();
-  OdDbEntityPtr table =
-      loader.load("ACAD_TABLE", "100 AcDbBlockReference|2 *T1|10 1|20 2|30 3|100 AcDbTable|342 0|343 " + handle +
-                                    "|11 1|21 0|31 0|91 1|92 1|141 9|142 40");
-  table->setLayer(database.symbol(OdDb::kLayerTable, L"0"));
   const OdDbObjectId id =
-      tests::forWrite<OdDbBlockTableRecord>(database.getModelSpaceId())->appendOdDbEntity(table.get());
+      loader
+          .add("ACAD_TABLE", "100 AcDbBlockReference|2 *T1|10 1|20 2|30 3|100 AcDbTable|342 0|343 " + handle +
+                                 "|11 1|21 0|31 0|91 1|92 1|141 9|142 40")
+          ->objectId();
   const OdDbDatabasePtr other = tests::skewedDrawing();
   for (const OdDbObjectId owner : {tests::addBlock(database, L"holder"), other->getModelSpaceId()}) {
     const auto clone = tests::forRead<OdDbTable>(cloneInto(id, owner));
@@ -48,13 +44,12 @@ TEST(MLeader, BringsItsStyleAndTextStyleAlong) {
   const OdDbObjectId styles = root->setAt(L"ACAD_MLEADERSTYLE", new OdDbDictionary);
   const OdDbObjectId style = tests::forWrite<OdDbDictionary>(styles)->setAt(L"Mine", new OdDbXrecord);
   const OdDbObjectId letters = database.symbol(OdDb::kTextStyleTable, L"Standard");
-  OdDbEntityPtr leader =
-      loader.load("MULTILEADER", "100 AcDbMLeader|300 CONTEXT_DATA{|304 x|340 " + letters.getHandle().ascii() +
-                                     "|302 LEADER{|304 LEADER_LINE{|10 0|20 0|30 0|305 }|303 }|301 }|340 " +
-                                     style.getHandle().ascii() + "|172 2");
-  leader->setLayer(database.symbol(OdDb::kLayerTable, L"0"));
   const OdDbObjectId id =
-      tests::forWrite<OdDbBlockTableRecord>(database.getModelSpaceId())->appendOdDbEntity(leader.get());
+      loader
+          .add("MULTILEADER", "100 AcDbMLeader|300 CONTEXT_DATA{|304 x|340 " + letters.getHandle().ascii() +
+                                  "|302 LEADER{|304 LEADER_LINE{|10 0|20 0|30 0|305 }|303 }|301 }|340 " +
+                                  style.getHandle().ascii() + "|172 2")
+          ->objectId();
   const OdDbDatabasePtr other = tests::skewedDrawing();
   const auto clone = tests::forRead<OdDbMLeader>(cloneInto(id, other->getModelSpaceId()));
   const auto there = tests::forRead<OdDbDictionary>(
@@ -159,16 +154,6 @@ TEST(ComposedEntities, AreAsLargeAsAllTheirParts) {
         << extents.minPoint().x << " " << extents.minPoint().y;
     EXPECT_NEAR(extents.maxPoint().distanceTo(outline.greatest), 0, 1e-9)
         << extents.maxPoint().x << " " << extents.maxPoint().y;
-  }
-}
-
-// The unit matrix leaves every body where it is; a value that is no number leaves the record unread.
-TEST(ComposedEntities, OfOtherProgramsTakeTheUnitMatrixOnly) {
-  for (const Kind& kind : kComposedKinds) {
-    if (kind.reach != kNothing)
-      continue;
-    Loader loader;
-    EXPECT_EQ(loader.load(kind.dxfName, kind.groups)->transformBy(OdGeMatrix3d::kIdentity), eOk) << kind.name;
   }
 }
 

@@ -1,7 +1,8 @@
 // Kinds of entities for the checks that all kinds pass: how files hold them, where their points lie, and which matrices
-// they take. The table here has those that are made of several sections or lists.
+// they take. The table here has those that are made of several sections or lists; round ones are looked at twice.
 #pragma once
 
+#include "DbCurves.h"
 #include "DbDimension.h"
 #include "DbFcf.h"
 #include "DbHatch.h"
@@ -33,7 +34,7 @@ inline Points tips(const OdGePoint3d& base, const OdGeVector3d& direction) {
 }
 
 // The matrices that a kind takes; each class holds those before it.
-enum Reach { kNothing, kMoves, kScales, kMirrors, kAll };
+enum Reach { kNothing, kMoves, kScales, kMirrors, kAll, kNever };
 
 struct Kind {
   const char* name;
@@ -44,6 +45,62 @@ struct Kind {
   bool (*has)(const OdDbEntity&, const OdGePoint3d&) = nullptr; // null: the points go one by one
   bool reshapes = false; // other groups stand for what lost its shape: reshape_test.cpp
 };
+
+inline double sweepOf(double start, double end) {
+  const double sweep = std::fmod(end - start, Oda2PI);
+  return sweep > 0 ? sweep : sweep + Oda2PI;
+}
+
+// Points of a curve at even steps of its parameter; the top of its thickness at the end.
+template <class T>
+inline Points sampled(const T& curve, double start, double end) {
+  Points points;
+  for (int i = 0; i <= 8; ++i)
+    points.push_back(curve.pointAt(start + sweepOf(start, end) * i / 8));
+  return points;
+}
+
+inline Points circlePoints(const OdDbEntity& e) {
+  return sampled(as<OdDbCircle>(e), 0, 0);
+}
+inline Points arcPoints(const OdDbEntity& e) {
+  return sampled(as<OdDbArc>(e), as<OdDbArc>(e).startAngle(), as<OdDbArc>(e).endAngle());
+}
+inline Points ellipsePoints(const OdDbEntity& e) {
+  return sampled(as<OdDbEllipse>(e), as<OdDbEllipse>(e).startParam(), as<OdDbEllipse>(e).endParam());
+}
+
+inline bool near(double a, double b) {
+  return std::fabs(a - b) < 1e-9;
+}
+
+inline bool within(double angle, double start, double end) {
+  const double at = std::fmod(angle - start + 2 * Oda2PI + 1e-9, Oda2PI);
+  return at <= sweepOf(start, end) + 2e-9;
+}
+
+inline bool onCircle(const OdDbRoundCurve& circle, const OdGePoint3d& p) {
+  const OdGeVector3d v = p - circle.center();
+  return near(v.length(), circle.radius()) && near(v.dotProduct(circle.normal()), 0);
+}
+
+inline bool circleHas(const OdDbEntity& e, const OdGePoint3d& p) {
+  return onCircle(as<OdDbCircle>(e), p);
+}
+
+inline bool arcHas(const OdDbEntity& e, const OdGePoint3d& p) {
+  const auto& arc = as<OdDbArc>(e);
+  const OdGeVector3d v = OdGeMatrix3d::worldToPlane(arc.normal()) * (p - arc.center());
+  return onCircle(arc, p) && within(std::atan2(v.y, v.x), arc.startAngle(), arc.endAngle());
+}
+
+inline bool ellipseHas(const OdDbEntity& e, const OdGePoint3d& p) {
+  const auto& ellipse = as<OdDbEllipse>(e);
+  const OdGeVector3d v = p - ellipse.center(), a = ellipse.majorAxis(), b = ellipse.minorAxis();
+  const double x = v.dotProduct(a) / a.lengthSqrd(), y = v.dotProduct(b) / b.lengthSqrd();
+  return near(a.dotProduct(b), 0) && a.length() > b.length() * 0.999 && near(x * x + y * y, 1) &&
+         near(v.dotProduct(ellipse.normal()), 0) && within(std::atan2(y, x), ellipse.startParam(), ellipse.endParam());
+}
 
 // The lines, and how the text lies.
 inline Points mleaderPoints(const OdDbEntity& e) {

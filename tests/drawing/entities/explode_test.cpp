@@ -1,5 +1,4 @@
 // References taken apart: what stands where, what it looks like, and what is refused as a whole.
-#include "DbBlockReference.h"
 #include "DbCurves.h"
 #include "DbDump.h"
 #include "DbExplode.h"

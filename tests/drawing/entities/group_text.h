@@ -6,6 +6,7 @@
 #include "DbReport.h"
 #include "drawing/db/load_context.h"
 #include "drawing/entities/class_chooser.h"
+#include "tests/support/drawings.h"
 
 #include <charconv>
 #include <deque>
@@ -72,6 +73,14 @@ public:
     OdRxClass* chosen = drawing::chooseClass(dxfName, pairs);
     OdDbEntityPtr entity = chosen->create();
     fill(*entity, pairs);
+    return entity;
+  }
+  // On layer 0 at the end of model space, open for write.
+  OdDbEntityPtr add(std::string_view dxfName, std::string_view groups) {
+    OdDbEntityPtr entity = load(dxfName, groups);
+    entity->setLayer(database->getLayerZeroId());
+    tests::forWrite<OdDbBlockTableRecord>(database->getModelSpaceId())->appendOdDbEntity(entity.get());
+    entity->upgradeOpen();
     return entity;
   }
 

@@ -1,8 +1,6 @@
 // Objects behind the entities: they are read as their kind, answer what files say of them, and come back as they were.
 #include "DbDictionary.h"
-#include "DbDxf.h"
 #include "DbGroup.h"
-#include "DbIdMapping.h"
 #include "DbImageObjects.h"
 #include "DbSpatialFilter.h"
 #include "DbStyles.h"
