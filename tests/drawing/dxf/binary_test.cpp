@@ -3,8 +3,8 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include <cmath>
-#include <cstring>
+#include <array>
+#include <bit>
 #include <limits>
 
 using namespace tests;
@@ -25,9 +25,8 @@ std::string earlyFile(const std::string& groups) {
 }
 
 std::string real(double value) {
-  std::string bytes(8, '\0');
-  std::memcpy(bytes.data(), &value, 8);
-  return bytes;
+  const auto bytes = std::bit_cast<std::array<char, 8>>(value);
+  return {bytes.begin(), bytes.end()};
 }
 
 TEST(BinaryForm, EarlyFilesHaveCodesOfOneByte) {

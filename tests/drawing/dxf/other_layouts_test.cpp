@@ -123,13 +123,10 @@ TEST(OtherLayouts, RecordsTakeThePlaceOfWhatStoodInForThem) {
     layers += "0|LAYER\n100|AcDbSymbolTableRecord\n100|AcDbLayerTableRecord\n2|" + std::string(name) + "\n70|0\n62|5\n";
   const ReadResult read =
       readWell(dxf(section("ENTITIES", lines) +
-                   section("TABLES", "0|TABLE\n2|LAYER\n70|3\n" + layers + "0|ENDTAB\n0|TABLE\n2|BLOCK_RECORD\n70|3\n" +
-                                         records + "0|ENDTAB\n") +
+                   section("TABLES", table("LAYER", layers, "2") + table("BLOCK_RECORD", records, "1")) +
                    section("BLOCKS", blocks)));
-  for (const wchar_t* name : {L"a", L"b", L"c"}) {
-    const auto layer = forRead<OdDbLayerTableRecord>(read.database->symbol(OdDb::kLayerTable, name));
-    EXPECT_EQ(layer->color().index, 5);
-  }
+  for (const wchar_t* name : {L"a", L"b", L"c"})
+    EXPECT_EQ(forRead<OdDbLayerTableRecord>(read.database->symbol(OdDb::kLayerTable, name))->color().index, 5);
   const std::pair<const wchar_t*, const wchar_t*> kBlocks[] = {{L"same", L"c"}, {L"same-2", L"a"}, {L"same-3", L"b"}};
   for (const auto& [name, comments] : kBlocks)
     EXPECT_EQ(forRead<OdDbBlockTableRecord>(read.database->symbol(OdDb::kBlockTable, name))->comments(),
@@ -139,13 +136,14 @@ TEST(OtherLayouts, RecordsTakeThePlaceOfWhatStoodInForThem) {
 
 // Early files have no table of blocks, and what refers to a block may come before it.
 TEST(OtherLayouts, BlocksOfEarlyFilesStandInTheirOrderAndSpacesAreSpaces) {
-  const auto block = [](const std::string& name, const std::string& contents) {
-    return "0|BLOCK\n8|0\n2|" + name + "\n70|0\n10|0\n20|0\n30|0\n3|" + name + "\n" + contents + "0|ENDBLK\n";
+  const std::string at = "\n70|0\n10|0\n20|0\n30|0\n";
+  const auto block = [&at](const std::string& name, const std::string& contents = "") {
+    return "0|BLOCK\n8|0\n2|" + name + at + "3|" + name + "\n" + contents + "0|ENDBLK\n";
   };
-  const auto insert = [](const std::string& name) { return "0|INSERT\n8|0\n2|" + name + "\n10|0\n20|0\n30|0\n"; };
-  const std::string blocks = block("$MODEL_SPACE", "") + block("$PAPER_SPACE", "") +
-                             block("table", insert("lamp") + insert("chair")) + block("chair", "") +
-                             block("lamp", insert("bulb")) + block("bulb", "");
+  const auto insert = [&at](const std::string& name) { return "0|INSERT\n8|0\n2|" + name + at; };
+  const std::string blocks = block("$MODEL_SPACE") + block("$PAPER_SPACE") +
+                             block("table", insert("lamp") + insert("chair")) + block("chair") +
+                             block("lamp", insert("bulb")) + block("bulb");
   const OdDbDatabasePtr database =
       readWhole(dxf(section("BLOCKS", blocks) + section("ENTITIES", insert("table")), "AC1009"));
   std::string names;
@@ -177,8 +175,8 @@ TEST(OtherLayouts, AClonedHatchNamesNoBoundaryThatStayedBehind) {
                             "97|1\n330|A2\n75|0\n76|1\n98|0\n";
   const std::string circle = "0|CIRCLE\n5|A2\n100|AcDbEntity\n8|0\n100|AcDbCircle\n10|0\n20|0\n30|0\n40|1\n";
   const OdDbDatabasePtr source = readWhole(dxf(section("ENTITIES", hatch + circle)));
-  const OdDbDatabasePtr target = readWhole(dxf(""));
-  const OdDbIdMapping mapping = cloned({source->getOdDbObjectId(0xA1)}, target->getModelSpaceId());
+  const OdDbDatabasePtr target = OdDbDatabase::create();
+  cloned({source->getOdDbObjectId(0xA1)}, target->getModelSpaceId());
   const std::string written = drawing::writeDrawingToMemory(*target);
   EXPECT_TRUE(contains(written, " 71\n0\n 91\n1\n")) << "still associative";
   EXPECT_TRUE(contains(written, " 97\n0\n 75\n0\n")) << "a boundary that is not there";

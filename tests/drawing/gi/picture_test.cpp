@@ -211,8 +211,7 @@ TEST(Picture, TellsWhatItDoesNotShow) {
   } cases[] = {
       {"", "", true},
       {"0|LIGHT 8|0", "", true},
-      {"0|SHAPE 5|A1 8|0 10|1 20|1 40|1 2|ARROW 0|SHAPE 5|A2 8|0 10|1 20|1 40|1 2|ARROW", "SHAPE shape-file 2 A1",
-       true},
+      {"0|SHAPE 5|A1 8|0 40|1 2|ARROW 0|SHAPE 5|A2 8|0 40|1 2|ARROW", "SHAPE shape-file 2 A1", true},
       {"0|WHATEVER 5|A1 8|0 10|1", "WHATEVER kind 1 A1", true},
       {"0|DIMENSION 5|A1 8|0 70|6 10|1 20|1", "DIMENSION no-picture 1 A1", true},
       {square(0, 0) + "0|TEXT 5|A1 8|0 10|1 20|1 40|1 1|\\U+E123", "TEXT letters 1 A1", false},
