@@ -200,8 +200,9 @@ TEST_F(Report, StopsCountingPlacesWhereNumbersEnd) {
 
 TEST_F(Report, TellsOfFilesThatAreNotWhole) {
   const std::string room = readFile(kRoom);
-  for (const auto& [content, status, issue] :
-       {std::tuple{room, 0, "[]"}, {room.substr(0, room.size() * 9 / 10), 4, "dxf.no-end"}, {"hello\n", 3, "file.refused"}}) {
+  for (const auto& [content, status, issue] : {std::tuple{room, 0, "[]"},
+                                               {room.substr(0, room.size() * 9 / 10), 4, "dxf.no-end"},
+                                               {"hello\n", 3, "file.refused"}}) {
     const Json report = json(scratch_.write("file.dxf", content), true, status);
     EXPECT_EQ(report["version"], 1);
     EXPECT_EQ(report["status"], status);
