@@ -44,6 +44,19 @@ std::string systemPath(Session& session, const _blockFileInfo& info) {
   return session.host().paths().toSystem(info.filePath);
 }
 
+// A name alone goes to the folder that is remembered. When that is gone, it goes to that of the drawing.
+OdString besideDrawing(Session& session, const OdString& name) {
+  namespace fs = std::filesystem;
+  const morvane::PathMap& paths = session.host().paths();
+  const OdString folder = blockInfo_FilePath::getDefPathFromReg();
+  std::error_code ignored;
+  if (name.findOneOf(L"/\\") >= 0 || folder.isEmpty() || fs::is_directory(paths.toSystem(folder), ignored))
+    return name;
+  session.say(Text::kFolderGone, {folder});
+  const fs::path own = fs::absolute(session.drawing().path, ignored).parent_path();
+  return paths.toDrawing((session.drawing().path.empty() ? fs::current_path(ignored) : own).string()) + L"\\" + name;
+}
+
 } // namespace
 
 void refuseOpenDrawing(Session& session, const std::string& path) {
@@ -80,7 +93,8 @@ OdDb::DwgVersion rememberedVersion(Session& session) {
   return version;
 }
 
-std::string askedTarget(Session& session, const OdString& name) {
+std::string askedTarget(Session& session, const OdString& typed) {
+  const OdString name = besideDrawing(session, typed);
   const std::string path = systemPath(session, completed(name));
   refuseOpenDrawing(session, path);
   if (!session.mayAsk() && fileExists(path)) {

@@ -513,6 +513,7 @@ constexpr Word kWords[] = {
     Word{Text::kDwgSettled, "wblock.dwg-settled", L"DWG files cannot be written; the format is DXF, version {1}."},
     Word{Text::kNoTarget, "wblock.no-target", L"{1} cannot be written."},
     Word{Text::kTargetIsOpen, "wblock.open", L"{1} is an open drawing; name another file."},
+    Word{Text::kFolderGone, "wblock.folder-gone", L"The folder {1} of the file before is gone."},
     Word{Text::kNotWritable, "wblock.too-large", L"That is more than a drawing can hold."},
     Word{Text::kNotMoved, "wblock.not-moved",
          L"{1} {1:object|objects} of type {2} cannot be moved to the base point and {1:is|are} left out."},

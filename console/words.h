@@ -456,6 +456,7 @@ enum class Text : unsigned short {
   kDwgSettled,
   kNoTarget,
   kTargetIsOpen,
+  kFolderGone,
   kNotWritable,
   kNotMoved,
   kNotReadBack,

@@ -144,6 +144,10 @@ TEST(WblockCommand, RemembersFormatAndFolderAndAsksNobodyWhereItMayNot) {
   EXPECT_EQ(readFile(out), before);
   EXPECT_NE(run({}, "WBLOCK next\n\n*\n\n").shown.find("version 2004"), std::string::npos);
   EXPECT_TRUE(std::filesystem::exists(scratch.path("next.dxf")));
+  std::ofstream(config) << R"({"Write_block_dialog":{"Items\\ComBoxGetCurSel":"\\none\\gone.dxf"}})";
+  const Outcome beside = run({}, "SAVEAS " + scratch.path("room.dxf") + "\n\nWBLOCK beside\n\n*\n\n");
+  EXPECT_NE(beside.shown.find("is gone"), std::string::npos) << beside.shown;
+  EXPECT_TRUE(std::filesystem::exists(scratch.path("beside.dxf")));
   for (const auto& [kept, offered] : {std::pair{"23", "<2000>"},
                                       {"16", "<R12>"},
                                       {"21", "<2000>"},
