@@ -37,12 +37,12 @@ public:
     makeFolder();
     for (const Entry& entry : entries_)
       refuseOpenDrawing(session_, pathOf(entry.file));
-    if (!request_.mayReplace)
+    if (!request_.each.mayReplace)
       refuseExisting();
     for (const Entry& entry : entries_)
       blocks_.push_back(writeOne(entry));
     Json manifest = {{"version", 1}, {"drawing", session_.drawing().path}, {"blocks", blocks_}, {"leftOut", leftOut_}};
-    writeBytes(pathOf(kManifest), report::jsonText(manifest).toUtf8(), request_.mayReplace);
+    writeBytes(pathOf(kManifest), report::jsonText(manifest).toUtf8(), request_.each.mayReplace);
     return manifest;
   }
 
@@ -93,13 +93,9 @@ private:
   }
 
   Json writeOne(const Entry& entry) {
-    BlockFileRequest request;
+    BlockFileRequest request = request_.each;
     request.source = entry.block;
-    request.units = request_.units;
     request.path = fs::absolute(pathOf(entry.file)).string();
-    request.version = request_.version;
-    request.form = request_.form;
-    request.mayReplace = request_.mayReplace;
     const BlockFile written = writeBlockFile(session_, request);
     const OdDbBlockTableRecordPtr block = entry.block.safeOpenObject();
     Json json = nameAndHandle(*block);
@@ -118,7 +114,7 @@ private:
 
   void drawPreview(const Entry& entry, Json& json) const {
     const drawing::Picture picture(entry.block);
-    writeBytes(pathOf(entry.preview), picture.png(), request_.mayReplace);
+    writeBytes(pathOf(entry.preview), picture.png(), request_.each.mayReplace);
     std::size_t notDrawn = 0;
     for (const drawing::NotDrawn& one : picture.report().notDrawn)
       notDrawn += one.count;

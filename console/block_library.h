@@ -10,11 +10,8 @@
 namespace console {
 
 struct LibraryRequest {
-  std::string folder; // made when it is not there; the one above must be
-  std::optional<OdDb::UnitsValue> units;
-  OdDb::DwgVersion version = OdDb::kVersionUnknown;
-  drawing::WriteOptions::Form form = drawing::WriteOptions::Text;
-  bool mayReplace = false;
+  std::string folder;    // made when it is not there; the one above must be
+  BlockFileRequest each; // of every file; source and path are filled in
   bool withAnonymous = true;
   bool withPreviews = true;
 };

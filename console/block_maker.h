@@ -10,6 +10,8 @@
 #include <map>
 #include <optional>
 
+class OdDbBlockTableRecord;
+
 namespace console {
 
 struct BlockRequest {
@@ -41,6 +43,8 @@ void checkBlockName(Session& session, const OdString& name);
 // The definition of that name in the open drawing; null when there is none.
 OdDbObjectId definitionOf(Session& session, const OdString& name);
 std::size_t referencesTo(OdDbObjectId block);
+// Refuses the blocks whose contents are not the drawing's definitions: spaces and external references.
+void refuseForeign(const OdDbBlockTableRecord& block);
 
 // Runs inside a step that changes the drawing: whoever catches the Failure takes the step back.
 BlockMade makeBlock(Session& session, const BlockRequest& request);

@@ -72,4 +72,11 @@ void checkBlockName(Session& session, const OdString& name) {
     refuse(Text::kNameBeingEdited, {name});
 }
 
+void refuseForeign(const OdDbBlockTableRecord& block) {
+  if (block.isLayout())
+    refuse(Text::kNameOfSpace, {block.getName()});
+  if (block.isFromExternalReference() || block.isDependent())
+    refuse(Text::kNameExternal, {block.getName()});
+}
+
 } // namespace console

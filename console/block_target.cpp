@@ -14,8 +14,7 @@ constexpr wchar_t kDxf[] = L".dxf";
 
 // From the last dot of the file's own name on; empty without one.
 OdString extensionOf(const OdString& name) {
-  const int separator =
-      name.str().find_last_of(L"/\\") == std::wstring::npos ? -1 : static_cast<int>(name.str().find_last_of(L"/\\"));
+  const auto separator = static_cast<int>(name.str().find_last_of(L"/\\") + 1) - 1; // -1 without one
   const int dot = name.reverseFind(L'.');
   return dot > separator ? name.mid(dot) : OdString();
 }
@@ -115,7 +114,6 @@ std::string givenTarget(Session& session, const OdString& name, bool mayReplace)
   const std::string path = systemPath(session, completed(session.host().paths().toDrawing(inFull)));
   if (!mayReplace && fileExists(path))
     refuse(Text::kFileExists, {OdString::fromUtf8(path)});
-  refuseOpenDrawing(session, path);
   return path;
 }
 

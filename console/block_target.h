@@ -18,8 +18,9 @@ OdDb::DwgVersion rememberedVersion(Session& session);
 
 // The file in full, as this system spells it, once it may be written. A name alone is below the folder of the file that
 // was written last, if that is still there, a relative path below that of the drawing. Throws when it cannot be a
-// target, is an open drawing, or the user does not want it replaced; `askedTarget` asks that, `givenTarget` goes by
-// `mayReplace` and starts at the working folder. Both take what settledName answers.
+// target or the user does not want it replaced. `askedTarget` asks that, and refuses open drawings; `givenTarget`,
+// which needs no drawing yet, goes by `mayReplace` and starts at the working folder. Both take what settledName
+// answers.
 std::string askedTarget(Session& session, const OdString& name);
 std::string givenTarget(Session& session, const OdString& name, bool mayReplace);
 

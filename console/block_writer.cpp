@@ -6,13 +6,12 @@
 
 #include "DbBlockTable.h"
 #include "DbDimension.h"
-#include "DbSymbolRecords.h"
 #include "DbWblock.h"
+#include "blockcommon/selections.h"
 #include "blockcommon/transforms.h"
 
 #include <cmath>
 #include <unordered_set>
-#include <vector>
 
 namespace console {
 namespace {
@@ -20,30 +19,6 @@ namespace {
 OdString asText(const std::string& bytes) {
   return OdString::fromUtf8(bytes);
 }
-
-// What lies on a locked layer does not open for a change.
-class UnlockedLayers {
-public:
-  explicit UnlockedLayers(const OdDbDatabase& database) {
-    const OdDbSymbolTablePtr table = database.getLayerTableId().safeOpenObject();
-    for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
-      const OdDbLayerTableRecordPtr layer = walk->getRecordId().safeOpenObject(OdDb::kForWrite);
-      if (!layer->isLocked())
-        continue;
-      layer->setIsLocked(false);
-      layers_.push_back(layer);
-    }
-  }
-  ~UnlockedLayers() {
-    for (const OdDbLayerTableRecordPtr& layer : layers_)
-      layer->setIsLocked(true);
-  }
-  UnlockedLayers(const UnlockedLayers&) = delete;
-  UnlockedLayers& operator=(const UnlockedLayers&) = delete;
-
-private:
-  std::vector<OdDbLayerTableRecordPtr> layers_;
-};
 
 // Letters of a dimension that were level in the UCS are level in the file.
 void turnLetters(OdDbEntity& entity, const OdGeMatrix3d& frame) {
@@ -71,11 +46,11 @@ OdDbObjectIdArray moveToBase(OdDbDatabase& made, const OdGeMatrix3d& frame, cons
   if (frame == OdGeMatrix3d::kIdentity)
     return ids;
   const OdGeMatrix3d toBase = frame.inverse();
-  const UnlockedLayers unlocked(made);
   OdDbObjectIdArray moved;
   const OdDbBlockTableRecordPtr space = made.getModelSpaceId().safeOpenObject();
   const auto walk = space->newIterator();
   for (const OdDbObjectId id : ids) {
+    const CMvAutoUnLockEntityLayer unlocked(walk->objectId());
     if (moveBy(*walk->entity(OdDb::kForWrite), toBase, frame))
       moved.append(id);
     walk->step();
@@ -166,11 +141,11 @@ void checkReadBack(const BlockFileRequest& request, const OdDbDatabase& made, co
   if (read.database.isNull())
     throw Failure{Status::SaveFailed, {Text::kNotReadBack, {asText(request.path), asText(read.message)}}};
   const bool holdsAll = result.version >= made.facts().version;
-  if (read.report.outcome() == drawing::Outcome::Whole && (!holdsAll || result.count == countOf(made)))
+  const DrawingCount given = countOf(made);
+  if (read.report.outcome() == drawing::Outcome::Whole && (!holdsAll || result.count == given))
     return;
-  throw Failure{
-      Status::SaveFailed,
-      {Text::kReadBackDiffers, {asText(request.path), count(countOf(made).objects), count(result.count.objects)}}};
+  throw Failure{Status::SaveFailed,
+                {Text::kReadBackDiffers, {asText(request.path), count(given.objects), count(result.count.objects)}}};
 }
 
 // Of the objects that model space of `made` was made of: those that the file has, whatever its version made of them.
@@ -209,10 +184,7 @@ OdDbObjectId definitionToWrite(Session& session, const OdString& name) {
   const auto block = OdDbBlockTableRecord::cast(id.safeOpenObject());
   if (block.isNull())
     return {};
-  if (block->isLayout())
-    refuse(Text::kNameOfSpace, {block->getName()});
-  if (block->isFromExternalReference() || block->isDependent())
-    refuse(Text::kNameExternal, {block->getName()});
+  refuseForeign(*block);
   return id;
 }
 

@@ -6,20 +6,6 @@
 #include "DbBlockTable.h"
 
 namespace console::commands {
-namespace {
-
-// Contents of these belong to somebody else: the drawing itself, another file, the object that they draw.
-void refuseForeign(const OdDbBlockTableRecord& block) {
-  if (block.isLayout())
-    refuse(Text::kNameOfSpace, {block.getName()});
-  if (block.isFromExternalReference() || block.isDependent())
-    refuse(Text::kNameExternal, {block.getName()});
-  if (block.isAnonymous())
-    refuse(Text::kNameAnonymous, {block.getName()});
-}
-
-} // namespace
-
 void bedit(CommandContext& context) {
   if (const OdString edited = context.drawing.document->blockEditorName(); !edited.isEmpty())
     refuse(Text::kEditorOpen, {edited});
@@ -29,6 +15,8 @@ void bedit(CommandContext& context) {
   if (block.isNull())
     refuse(Text::kNoBlockToEdit, {name.value_or(OdString())});
   refuseForeign(*block);
+  if (block->isAnonymous()) // the picture of something else
+    refuse(Text::kNameAnonymous, {block->getName()});
   openEditor(context, block->objectId());
 }
 

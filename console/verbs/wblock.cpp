@@ -59,7 +59,6 @@ private:
   std::string in_, out_, block_, folder_, base_, units_, version_;
   SelectorOptions selectors_;
   BlockFileRequest request_;
-  OdString target_; // settled
   BlockFile written_;
   Json manifest_;
   bool all_ = false, binary_ = false, force_ = false, json_ = false;
@@ -89,8 +88,7 @@ void Wblock::check() {
 void Wblock::checkTarget(Session& session) {
   if (isLibrary())
     return;
-  target_ = settledName(session, OdString::fromUtf8(out_));
-  givenTarget(session, target_, force_);
+  request_.path = givenTarget(session, settledName(session, OdString::fromUtf8(out_)), force_);
 }
 
 BlockFileSource Wblock::source(Session& session) const {
@@ -112,7 +110,7 @@ BlockFileSource Wblock::source(Session& session) const {
 
 Json Wblock::writeOne(Session& session) {
   request_.source = source(session);
-  request_.path = givenTarget(session, target_, force_);
+  refuseOpenDrawing(session, request_.path);
   written_ = writeBlockFile(session, request_);
   rememberTarget(session, written_.path, written_.version);
   return {{"file", written_.path},
@@ -132,10 +130,7 @@ void Wblock::work(Session& session, Json& results) {
   }
   LibraryRequest request;
   request.folder = folder_;
-  request.units = request_.units;
-  request.version = request_.version;
-  request.form = request_.form;
-  request.mayReplace = force_;
+  request.each = request_;
   request.withAnonymous = withAnonymous_;
   request.withPreviews = withPreviews_;
   manifest_ = writeLibrary(session, request);

@@ -76,11 +76,11 @@ void copyFrames(OdDbDatabase& source, OdDbDatabase& target, const OdDbIdMapping&
   const auto* from = peekAs<OdDbDictionary>(source.getNamedObjectsDictionaryId());
   for (const auto& [kind, name] :
        {std::pair{OdDbRasterImage::desc(), L"ACAD_IMAGE_VARS"}, std::pair{OdDbWipeout::desc(), L"ACAD_WIPEOUT_VARS"}}) {
-    const bool isThere = std::any_of(made.pairs().begin(), made.pairs().end(), [kind = kind](const OdDbIdPair& pair) {
+    const OdDbObjectId frames = from->getAt(name); // most drawings have none
+    const auto shows = [kind = kind](const OdDbIdPair& pair) {
       return pair.isCloned() && db::peek(pair.value())->isKindOf(kind);
-    });
-    const OdDbObjectId frames = isThere ? from->getAt(name) : OdDbObjectId();
-    if (frames.isNull())
+    };
+    if (frames.isNull() || std::none_of(made.pairs().begin(), made.pairs().end(), shows))
       continue;
     OdDbObjectIdArray ids;
     ids.append(frames);

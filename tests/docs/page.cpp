@@ -6,10 +6,6 @@
 namespace docs {
 namespace {
 
-bool startsWith(std::string_view text, std::string_view prefix) {
-  return text.substr(0, prefix.size()) == prefix;
-}
-
 std::vector<std::string> namesOf(std::string_view heading) {
   std::vector<std::string> names;
   while (!heading.empty()) {
@@ -27,11 +23,11 @@ public:
   void take(std::string_view line, int number) {
     if (inFence_)
       takeInside(line);
-    else if (startsWith(line, "```"))
+    else if (line.starts_with("```"))
       open(line == "```cpp", number);
-    else if (startsWith(line, "### "))
+    else if (line.starts_with("### "))
       page.entries.push_back({number, namesOf(line.substr(4)), {}}), inEntry_ = true;
-    else if (startsWith(line, "# ") || startsWith(line, "## "))
+    else if (line.starts_with("# ") || line.starts_with("## "))
       inEntry_ = false;
   }
   void end() const {
