@@ -1,7 +1,13 @@
 #include "DbAnnotationScale.h"
 
+#include "DbDatabase.h"
+#include "DbDictionary.h"
 #include "db/setters.h"
+#include "db/store.h"
+
 #include <cmath>
+
+using drawing::db::peekAs;
 
 ODDB_DEFINE_MEMBERS(OdDbScale, OdDbObject, "SCALE");
 ODRX_DEFINE_MEMBERS(OdDbAnnotationScale, OdRxObject, "");
@@ -36,5 +42,33 @@ OdResult OdDbAnnotationScale::getScale(double& factor) const {
   if (!std::isfinite(quotient))
     return eDegenerateGeometry;
   factor = quotient;
+  return eOk;
+}
+
+namespace {
+
+const OdDbScale* scaleOf(const OdDbDictionary* root, const OdString& name) {
+  const auto* scales = root == nullptr ? nullptr : peekAs<OdDbDictionary>(root->getAt(L"ACAD_SCALELIST"));
+  if (scales == nullptr || name.isEmpty())
+    return nullptr;
+  for (const OdDbDictionary::Entry& entry : scales->entries()) {
+    const auto* scale = peekAs<OdDbScale>(entry.id);
+    if (scale != nullptr && !scale->isErased() && scale->scaleName().iCompare(name) == 0)
+      return scale;
+  }
+  return nullptr;
+}
+
+} // namespace
+
+OdDbAnnotationScalePtr OdDbDatabase::cannoscale() const {
+  const OdDbScale* scale = scaleOf(peekAs<OdDbDictionary>(namedObjects_), dictionaryVar(L"CANNOSCALE"));
+  return scale == nullptr ? OdDbAnnotationScalePtr() : OdDbAnnotationScalePtr(new OdDbAnnotationScale(*scale));
+}
+
+OdResult OdDbDatabase::setCannoscale(const OdString& scaleName) {
+  if (scaleOf(peekAs<OdDbDictionary>(namedObjects_), scaleName) == nullptr)
+    return eKeyNotFound;
+  setDictionaryVar(L"CANNOSCALE", scaleName);
   return eOk;
 }

@@ -6,9 +6,9 @@
 #include "DbLayout.h"
 #include "DbSymbolRecords.h"
 #include "db/layout_links.h"
-#include "db/settle.h"
 #include "db/store.h"
 #include "db/symbol_kinds.h"
+#include "io/standard_contents.h"
 
 namespace drawing::db {
 

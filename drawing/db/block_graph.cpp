@@ -2,7 +2,6 @@
 
 #include "DbBlockReference.h"
 #include "DbDatabase.h"
-#include "db/load_context.h"
 #include "db/store.h"
 
 #include <algorithm>
@@ -211,16 +210,6 @@ std::uint32_t nestingDepth(OdDbDatabase& database) {
     deepest = std::max(deepest, depths[id]);
   }
   return deepest;
-}
-
-bool readPreview(std::string& preview, const Pair& pair, LoadContext& context) {
-  return pair.code == 310 && context.bytes(pair, preview);
-}
-
-void writePreview(const std::string& preview, GroupSink& sink) {
-  constexpr std::size_t kChunk = 127; // bytes in one group
-  for (std::size_t at = 0; at < preview.size(); at += kChunk)
-    sink.binary(310, std::string_view(preview).substr(at, kChunk));
 }
 
 } // namespace drawing::db

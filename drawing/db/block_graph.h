@@ -3,11 +3,6 @@
 
 #include "DbBlockTable.h"
 
-namespace drawing {
-struct Pair;
-class LoadContext;
-} // namespace drawing
-
 namespace drawing::db {
 
 // Whether the definition `from` is, or contains at any depth, a reference to `target`.
@@ -21,9 +16,5 @@ OdResult extentsOf(const OdDbBlockTableRecord& block, OdGeExtents3d& extents);
 std::vector<OdDbObjectId> bottomUp(OdDbDatabase& database, std::vector<OdDbObjectId>& cut);
 // How many definitions stand in each other at most: 1 without any reference in a definition. Spaces do not count.
 std::uint32_t nestingDepth(OdDbDatabase& database);
-
-// The preview picture of a block: hexadecimal chunks under code 310.
-bool readPreview(std::string& preview, const Pair& pair, LoadContext& context);
-void writePreview(const std::string& preview, GroupSink& sink);
 
 } // namespace drawing::db

@@ -1,20 +1,16 @@
 #include "DbBlockTable.h"
 
-#include "DbAttribute.h"
-#include "DbBlockReference.h"
 #include "DbDatabase.h"
-#include "DbDictionary.h"
-#include "DbSortentsTable.h"
-#include "db/block_graph.h"
 #include "db/block_units.h"
 #include "db/load_context.h"
 #include "db/setters.h"
 #include "db/store.h"
-#include "db/undo.h"
+#include "db/xref_table.h"
+#include "model/block_preview.h"
 
 #include <algorithm>
 
-using drawing::db::peekAs;
+using drawing::XrefStatus;
 
 ODDB_DEFINE_MEMBERS(OdDbBlockTable, OdDbSymbolTable, "");
 ODDB_DEFINE_MEMBERS(OdDbBlockTableRecord, OdDbSymbolTableRecord, "");
@@ -86,7 +82,28 @@ MVDB_SETTER(OdDbBlockTableRecord, setPathName, const OdString&, path_)
 MVDB_SETTER(OdDbBlockTableRecord, setBlockInsertUnits, OdDb::UnitsValue, units_)
 MVDB_SETTER(OdDbBlockTableRecord, setExplodable, bool, explodable_)
 MVDB_SETTER(OdDbBlockTableRecord, setLayoutId, OdDbObjectId, layout_)
+MVDB_SETTER(OdDbBlockTableRecord, setIsUnloaded, bool, unloaded_)
 MVDB_SETTER(OdDbBlockTableRecord, setPreviewIcon, const std::string&, preview_)
+
+void OdDbBlockTableRecord::setXref(const OdString& path, bool overlay) {
+  setFlag(kExternalReference, !path.isEmpty());
+  setFlag(kOverlay, overlay && !path.isEmpty());
+  setPathName(path);
+}
+
+XrefStatus OdDbBlockTableRecord::xrefStatus() const {
+  if (!isFromExternalReference())
+    return XrefStatus::NotAnXref;
+  const auto* entry = database() == nullptr ? nullptr : database()->xrefs().find(objectId());
+  return entry == nullptr ? XrefStatus::NotLoaded : entry->status;
+}
+
+OdDbDatabase* OdDbBlockTableRecord::xrefDatabase(bool includeUnresolved) const {
+  const auto* entry = database() == nullptr ? nullptr : database()->xrefs().find(objectId());
+  if (entry == nullptr || !isFromExternalReference())
+    return nullptr;
+  return entry->status == XrefStatus::Cycle && includeUnresolved ? entry->back.database() : entry->database.get();
+}
 
 void OdDbBlockTableRecord::afterLoad() {
   if (database()->facts().version < OdDb::kRelease2007 && xDataGroups() != nullptr)
@@ -108,32 +125,6 @@ bool OdDbBlockTableRecord::isAnonymous() const {
     return false;
   return name_.left(modelSpaceStr.getLength()).iCompare(modelSpaceStr) != 0 &&
          name_.left(paperSpaceStr.getLength()).iCompare(paperSpaceStr) != 0;
-}
-
-namespace {
-
-template <class Accept>
-bool anyDefinition(const std::vector<OdDbObjectId>& members, Accept accept) {
-  return std::any_of(members.begin(), members.end(), [&](OdDbObjectId id) {
-    const auto* definition = peekAs<OdDbAttributeDefinition>(id);
-    return definition != nullptr && !definition->isErased() && accept(*definition);
-  });
-}
-
-} // namespace
-
-bool OdDbBlockTableRecord::hasAttributeDefinitions() const {
-  return anyDefinition(members_.ids(), [](const OdDbAttributeDefinition&) { return true; });
-}
-
-std::int16_t OdDbBlockTableRecord::derivedFlags() const {
-  std::int16_t flags =
-      static_cast<std::int16_t>(flags_ & (kExternalReference | kOverlay | kDependent | kResolved | kReferenced));
-  if (isAnonymous())
-    flags |= kAnonymousBit;
-  if (anyDefinition(members_.ids(), [](const OdDbAttributeDefinition& one) { return !one.isConstant(); }))
-    flags |= kHasAttributes;
-  return flags;
 }
 
 void OdDbBlockTableRecord::takeHead() {
@@ -166,50 +157,8 @@ void OdDbBlockTableRecord::ensureEnds() {
   make(end_, OdDbBlockEnd::createObject());
 }
 
-OdDbObjectId OdDbBlockTableRecord::appendOdDbEntity(OdDbEntity* entity) {
-  assertWriteEnabled();
-  if (!isDBRO())
-    throw OdError(eNotInDatabase);
-  if (const auto* reference = dynamic_cast<const OdDbBlockReference*>(entity); reference != nullptr) {
-    const OdDbObjectId shown = reference->blockTableRecord();
-    if (shown == objectId() || (wasReferenced() && drawing::db::leadsTo(shown, objectId())))
-      throw OdError(eSelfReference);
-  }
-  const OdDbObjectId id = entity->isDBRO() ? entity->objectId() : database()->addOdDbObject(entity, objectId());
-  if (const auto* reference = dynamic_cast<const OdDbBlockReference*>(entity))
-    reference->noteShown();
-  database()->undoLog().listGrows(*this, members_.size());
-  members_.push(id);
-  return id;
-}
-
 OdDbObjectIteratorPtr OdDbBlockTableRecord::newIterator(bool, bool skipDeleted, bool) const {
   return OdDbObjectIteratorPtr(new OdDbObjectIterator(objectId(), skipDeleted));
-}
-
-OdDbObjectId OdDbBlockTableRecord::getSortentsTableId() const {
-  const auto* dictionary = peekAs<OdDbDictionary>(extensionDictionary());
-  return dictionary == nullptr ? OdDbObjectId() : dictionary->getAt(L"ACAD_SORTENTS");
-}
-
-std::vector<OdDbObjectId> OdDbBlockTableRecord::drawOrder() const {
-  std::vector<OdDbObjectId> ids;
-  for (OdDbObjectId id : members_.ids()) {
-    if (!id.isErased())
-      ids.push_back(id);
-  }
-  if (const auto* table = peekAs<OdDbSortentsTable>(getSortentsTableId()); table != nullptr && !table->isErased())
-    table->sort(ids);
-  return ids;
-}
-
-OdDbObjectIdArray OdDbBlockTableRecord::getBlockReferenceIds(bool directOnly) const {
-  return drawing::db::referencesTo(*this, directOnly);
-}
-
-OdResult OdDbBlockTableRecord::getBlockReferenceIds(OdDbObjectIdArray& ids, bool directOnly, bool) const {
-  ids.append(drawing::db::referencesTo(*this, directOnly));
-  return eOk;
 }
 
 // One reference may go to and fro between blocks; its notes take no more room than all references do.
@@ -224,14 +173,6 @@ void OdDbBlockTableRecord::noteShownBy(OdDbObjectId reference) {
   std::sort(ids.begin(), ids.end());
   ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
   distinct = ids.size();
-}
-
-bool OdDbBlockTableRecord::leadsTo(OdDbObjectId target) const {
-  return drawing::db::leadsTo(objectId(), target);
-}
-
-OdResult OdDbBlockTableRecord::getGeomExtents(OdGeExtents3d& extents) const {
-  return drawing::db::extentsOf(*this, extents);
 }
 
 void OdDbBlockTableRecord::ownedObjects(std::vector<OdDbObjectId>& ids) const {

@@ -7,6 +7,7 @@
 #include "db/dump_sink.h"
 #include "db/load_context.h"
 #include "db/store.h"
+#include "model/symbol_name.h"
 
 #include <set>
 #include <unordered_map>

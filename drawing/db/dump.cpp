@@ -8,6 +8,7 @@
 #include "db/load_context.h"
 #include "db/store.h"
 #include "db/symbol_kinds.h"
+#include "model/symbol_name.h"
 
 #include <algorithm>
 #include <unordered_map>

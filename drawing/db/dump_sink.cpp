@@ -4,6 +4,7 @@
 #include "DbDatabase.h"
 #include "db/load_context.h"
 #include "db/store.h"
+#include "records/section.h"
 
 #include <charconv>
 

@@ -8,6 +8,7 @@
 #include "db/field_codes.h"
 #include "db/load_context.h"
 #include "db/store.h"
+#include "model/symbol_name.h"
 
 #include <cmath>
 #include <ctime>

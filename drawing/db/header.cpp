@@ -1,10 +1,10 @@
 // Header variables of the drawing.
-#include "DbAnnotationScale.h"
 #include "DbDatabase.h"
 #include "DbDictionary.h"
 #include "DbSymbolTable.h"
 #include "db/load_context.h"
 #include "db/store.h"
+#include "model/symbol_name.h"
 
 using drawing::GroupKind;
 using drawing::GroupList;
@@ -128,18 +128,6 @@ T* childAs(const OdDbDictionary* parent, const OdString& name) {
   return parent == nullptr ? nullptr : peekAs<T>(parent->getAt(name));
 }
 
-const OdDbScale* scaleOf(const OdDbDictionary* root, const OdString& name) {
-  const auto* scales = childAs<OdDbDictionary>(root, L"ACAD_SCALELIST");
-  if (scales == nullptr || name.isEmpty())
-    return nullptr;
-  for (const OdDbDictionary::Entry& entry : scales->entries()) {
-    const auto* scale = peekAs<OdDbScale>(entry.id);
-    if (scale != nullptr && !scale->isErased() && scale->scaleName().iCompare(name) == 0)
-      return scale;
-  }
-  return nullptr;
-}
-
 } // namespace
 
 OdString OdDbDatabase::dictionaryVar(const OdString& name) const {
@@ -162,16 +150,4 @@ void OdDbDatabase::setDictionaryVar(const OdString& name, const OdString& value)
   auto* variable = childAs<OdDbDictionaryVar>(variables, name);
   const drawing::db::WriteScope variableScope(*variable);
   variable->setValue(value);
-}
-
-OdDbAnnotationScalePtr OdDbDatabase::cannoscale() const {
-  const OdDbScale* scale = scaleOf(peekAs<OdDbDictionary>(namedObjects_), dictionaryVar(L"CANNOSCALE"));
-  return scale == nullptr ? OdDbAnnotationScalePtr() : OdDbAnnotationScalePtr(new OdDbAnnotationScale(*scale));
-}
-
-OdResult OdDbDatabase::setCannoscale(const OdString& scaleName) {
-  if (scaleOf(peekAs<OdDbDictionary>(namedObjects_), scaleName) == nullptr)
-    return eKeyNotFound;
-  setDictionaryVar(L"CANNOSCALE", scaleName);
-  return eOk;
 }

@@ -1,7 +1,6 @@
 #include "db/load_context.h"
 
 #include "DbBlockTable.h"
-#include "Ge/GeUtil.h"
 #include "db/store.h"
 #include "db/symbol_kinds.h"
 
@@ -257,92 +256,6 @@ void LoadContext::append(GroupList& list, const Pair& pair) {
     list.unread(pair.code, asText(pair));
     failed_ = before;
   }
-}
-
-OdDbObjectId SectionReader::reference(const Field& field, const Pair& pair) {
-  if (field.byName != OdDb::kNoTable)
-    return context_.symbol(field.byName, pair);
-  if (field.maybeName != OdDb::kNoTable && !LoadContext::isHandle(pair))
-    return context_.symbol(field.maybeName, pair);
-  return context_.reference(pair);
-}
-
-bool SectionReader::store(const Field& field, const Pair& pair) {
-  void* at = field.at(object_);
-  const int component = (pair.code - field.code) / 10;
-  double number = 0;
-  std::int64_t whole = 0;
-  switch (field.kind) {
-  case FieldKind::Real:
-    if (context_.real(pair, number))
-      *static_cast<double*>(at) = field.degrees ? number * (OdaPI / 180.0) : number;
-    return true;
-  case FieldKind::Point3:
-  case FieldKind::Vector3:
-  case FieldKind::Point2:
-    if (context_.real(pair, number))
-      static_cast<double*>(at)[component] = number;
-    return true;
-  case FieldKind::Text:
-    *static_cast<OdString*>(at) = context_.text(pair);
-    return true;
-  case FieldKind::Reference:
-    *static_cast<OdDbObjectId*>(at) = reference(field, pair);
-    return true;
-  case FieldKind::Bool:
-    if (context_.integer(pair, whole))
-      *static_cast<bool*>(at) = whole != 0;
-    return true;
-  case FieldKind::Int16:
-    if (context_.integer(pair, whole, 16))
-      *static_cast<std::int16_t*>(at) = static_cast<std::int16_t>(whole);
-    return true;
-  case FieldKind::Int32:
-    if (context_.integer(pair, whole, 32))
-      *static_cast<std::int32_t*>(at) = static_cast<std::int32_t>(whole);
-    return true;
-  case FieldKind::Int64:
-    if (context_.integer(pair, whole))
-      *static_cast<std::int64_t*>(at) = whole;
-    return true;
-  }
-  return false;
-}
-
-namespace {
-
-// Which component of the field the code is; -1 for none.
-int componentOf(const Field& field, int code) {
-  const int components = field.kind == FieldKind::Point3 || field.kind == FieldKind::Vector3 ? 3
-                         : field.kind == FieldKind::Point2                                   ? 2
-                                                                                             : 1;
-  const int offset = code - field.code;
-  return offset >= 0 && offset % 10 == 0 && offset / 10 < components ? offset / 10 : -1;
-}
-
-} // namespace
-
-bool SectionReader::markTaken(std::size_t field, int component) {
-  if (field >= 64)
-    return true;
-  const std::uint64_t bit = std::uint64_t{1} << field;
-  return (std::exchange(taken_[component], taken_[component] | bit) & bit) == 0;
-}
-
-bool SectionReader::take(const Pair& pair) {
-  embedded_ = embedded_ || pair.code == 101;
-  if (embedded_)
-    return section_.read != nullptr && section_.read(object_, pair, context_);
-  const auto& fields = section_.fields;
-  for (std::size_t tried = 0; tried < fields.size(); ++tried) {
-    const std::size_t i = next_ + tried < fields.size() ? next_ + tried : next_ + tried - fields.size();
-    const int component = componentOf(fields[i], pair.code);
-    if (component >= 0 && markTaken(i, component)) {
-      next_ = i;
-      return store(fields[i], pair);
-    }
-  }
-  return section_.read != nullptr && section_.read(object_, pair, context_);
 }
 
 } // namespace drawing

@@ -1,10 +1,10 @@
-// What the description-driven reading of an object needs: one group of a file, and the means to turn it into values.
+// The means to turn the groups of a file into values while a drawing is read.
 #pragma once
 
 #include "DbDatabase.h"
-#include "DbGroups.h"
 #include "DbReport.h"
 #include "DbSymbolTable.h"
+#include "model/record.h"
 
 #include <string>
 #include <string_view>
@@ -12,26 +12,6 @@
 #include <vector>
 
 namespace drawing {
-
-// One group as the file holds it. Text files give text only; binary files give numbers as they are. Views point into
-// the file's memory and live as long as the reading.
-struct Pair {
-  enum class Form : std::uint8_t { Text, Real, Integer, Bytes };
-  int code = 0;
-  Form form = Form::Text;
-  std::string_view text;
-  double real = 0;
-  std::int64_t integer = 0;
-  std::uint64_t line = 0; // of the value; the byte offset in binary files
-};
-
-// Decodes the text of a file into lossless UTF-8 (see OdString::fromUtf8).
-class TextDecoder {
-public:
-  virtual ~TextDecoder() = default;
-  // Answers `bytes` itself when they are what they should be, else the decoded text in `buffer`.
-  virtual std::string_view decode(std::string_view bytes, std::string& buffer) = 0;
-};
 
 class MVDRAWING_API LoadContext {
 public:
@@ -101,37 +81,5 @@ private:
   std::uint64_t handle_ = 0;
   bool failed_ = false;
 };
-
-// Takes one group by a description: into its field, by the section's own reader, or not at all.
-class MVDRAWING_API SectionReader {
-public:
-  SectionReader(OdDbObject& object, const Section& section, LoadContext& context)
-      : object_(object), section_(section), context_(context) {}
-  bool take(const Pair& pair);
-
-private:
-  bool store(const Field& field, const Pair& pair);
-  OdDbObjectId reference(const Field& field, const Pair& pair);
-
-  OdDbObject& object_;
-  const Section& section_;
-  LoadContext& context_;
-  // A field takes its code once. Files use some codes again in the same section for something else; those groups are
-  // nobody's and are carried.
-  bool markTaken(std::size_t field, int component);
-
-  std::size_t next_ = 0;               // groups come in the order of the fields most of the time
-  std::uint64_t taken_[3] = {0, 0, 0}; // a bit a field, for each component
-  bool embedded_ = false; // behind code 101 the groups belong to an embedded object: no field of ours is among them
-};
-
-// Writes the fields of a section in order, then what its own writer adds. Fields of later versions than the sink's
-// are left out.
-void writeSection(const OdDbObject& object, const Section& section, GroupSink& sink);
-// Writes everything behind the owner: markers, fields, carried groups. Extended data is not included.
-MVDRAWING_API void writeSections(const OdDbObject& object, GroupSink& sink);
-
-// A name under which a file holds a reference to a record; "" for none.
-OdString symbolName(OdDbObjectId id);
 
 } // namespace drawing

@@ -3,6 +3,8 @@
 #include "Ge/GeUtil.h"
 #include "db/load_context.h"
 #include "db/store.h"
+#include "model/symbol_name.h"
+#include "records/section.h"
 
 #include <charconv>
 #include <cmath>
@@ -158,11 +160,6 @@ private:
 };
 
 } // namespace
-
-OdString symbolName(OdDbObjectId id) {
-  const auto* record = db::peekAs<OdDbSymbolTableRecord>(id);
-  return record == nullptr ? OdString() : record->getName();
-}
 
 void writeSection(const OdDbObject& object, const Section& section, GroupSink& sink) {
   if (section.write != nullptr && section.writeFirst)

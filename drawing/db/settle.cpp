@@ -1,5 +1,7 @@
 #include "db/settle.h"
 
+#include "io/standard_contents.h"
+
 #include "DbBlockReference.h"
 #include "DbBlockTable.h"
 #include "DbCarried.h"
@@ -10,6 +12,8 @@
 #include "db/standing_names.h"
 #include "db/store.h"
 #include "db/symbol_kinds.h"
+#include "model/symbol_name.h"
+#include "records/section.h"
 
 #include <algorithm>
 #include <unordered_map>

@@ -5,6 +5,7 @@
 #include "db/store.h"
 #include "db/symbol_kinds.h"
 #include "db/undo.h"
+#include "model/symbol_name.h"
 
 ODDB_DEFINE_MEMBERS(OdDbSymbolTable, OdDbObject, "TABLE");
 ODDB_DEFINE_MEMBERS(OdDbSymbolTableRecord, OdDbObject, "");
@@ -272,6 +273,15 @@ OdDbObjectId ObjectIterator::objectId() const {
 
 OdDbObjectPtr ObjectIterator::object(OdDb::OpenMode mode, bool openErased) const {
   return objectId().safeOpenObject(mode, openErased);
+}
+
+} // namespace drawing
+
+namespace drawing {
+
+OdString symbolName(OdDbObjectId id) {
+  const auto* record = db::peekAs<OdDbSymbolTableRecord>(id);
+  return record == nullptr ? OdString() : record->getName();
 }
 
 } // namespace drawing

@@ -3,37 +3,13 @@
 #include "DbBlockTable.h"
 #include "DbDxf.h"
 #include "OdFiles.h"
-#include "db/setters.h"
 #include "db/store.h"
 #include "db/xref_table.h"
 
 #include <map>
 #include <tuple>
 
-using drawing::XrefStatus;
 using drawing::db::peekAs;
-
-MVDB_SETTER(OdDbBlockTableRecord, setIsUnloaded, bool, unloaded_)
-
-void OdDbBlockTableRecord::setXref(const OdString& path, bool overlay) {
-  setFlag(kExternalReference, !path.isEmpty());
-  setFlag(kOverlay, overlay && !path.isEmpty());
-  setPathName(path);
-}
-
-XrefStatus OdDbBlockTableRecord::xrefStatus() const {
-  if (!isFromExternalReference())
-    return XrefStatus::NotAnXref;
-  const auto* entry = database() == nullptr ? nullptr : database()->xrefs().find(objectId());
-  return entry == nullptr ? XrefStatus::NotLoaded : entry->status;
-}
-
-OdDbDatabase* OdDbBlockTableRecord::xrefDatabase(bool includeUnresolved) const {
-  const auto* entry = database() == nullptr ? nullptr : database()->xrefs().find(objectId());
-  if (entry == nullptr || !isFromExternalReference())
-    return nullptr;
-  return entry->status == XrefStatus::Cycle && includeUnresolved ? entry->back.database() : entry->database.get();
-}
 
 namespace drawing {
 namespace {

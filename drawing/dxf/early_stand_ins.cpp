@@ -17,6 +17,7 @@
 #include "entities/flatten.h"
 #include "entities/hatch_fill.h"
 #include "entities/kept_groups.h"
+#include "model/symbol_name.h"
 
 #include <algorithm>
 #include <cmath>

@@ -12,6 +12,8 @@
 #include "dxf/version_rules.h"
 #include "dxf/writer.h"
 #include "entities/viewport_view.h"
+#include "model/symbol_name.h"
+#include "records/section.h"
 
 #include <map>
 #include <optional>

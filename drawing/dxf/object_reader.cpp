@@ -1,9 +1,11 @@
 #include "dxf/object_reader.h"
 
 #include "DbCarried.h"
+#include "db/load_context.h"
 #include "entities/class_chooser.h"
+#include "records/section.h"
 
-namespace drawing::dxf {
+namespace drawing {
 
 namespace {
 
@@ -262,4 +264,4 @@ void ObjectReader::readXData(const Record& record, std::size_t from, OdDbObject&
     context_.append(object.extrasForLoad().xData, record[i]);
 }
 
-} // namespace drawing::dxf
+} // namespace drawing

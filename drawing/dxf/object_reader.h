@@ -1,11 +1,11 @@
 // Turns a record into an object.
 #pragma once
 
-#include "dxf/pair_source.h"
+#include "model/record.h"
 
 #include "DbEntity.h"
 
-namespace drawing::dxf {
+namespace drawing {
 
 // What a record says besides the object itself.
 struct ReadObject {
@@ -43,4 +43,4 @@ private:
   LoadContext& context_;
 };
 
-} // namespace drawing::dxf
+} // namespace drawing

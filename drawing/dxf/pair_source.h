@@ -2,7 +2,7 @@
 #pragma once
 
 #include "DbReport.h"
-#include "db/load_context.h"
+#include "model/record.h"
 
 #include <cstdint>
 #include <deque>
@@ -11,9 +11,6 @@
 #include <vector>
 
 namespace drawing::dxf {
-
-// A record: its start (code 0) and every group up to the next start. The views point into the file.
-using Record = std::vector<Pair>;
 
 class PairSource {
 public:

@@ -12,6 +12,7 @@
 #include "db/symbol_kinds.h"
 #include "db/thumbnail.h"
 #include "dxf/forwarding_sink.h"
+#include "records/section.h"
 
 namespace drawing::dxf {
 

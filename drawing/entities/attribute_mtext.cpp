@@ -7,6 +7,7 @@
 #include "db/store.h"
 #include "entities/attribute_forms.h"
 #include "entities/mtext_frame.h"
+#include "records/section.h"
 
 #include <algorithm>
 #include <string_view>

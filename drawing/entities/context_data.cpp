@@ -1,9 +1,6 @@
 #include "entities/context_data.h"
 
-#include "DbBlockReference.h"
 #include "DbDictionary.h"
-#include "DbDimension.h"
-#include "DbText.h"
 #include "Ge/GeUtil.h"
 #include "db/store.h"
 #include "entities/kept_groups.h"
@@ -53,16 +50,6 @@ const Representation* representationOf(std::string_view dxfName) {
   return nullptr;
 }
 
-OdGeVector3d normalOf(const OdDbEntity& entity) {
-  if (const auto* text = dynamic_cast<const OdDbText*>(&entity))
-    return text->normal();
-  if (const auto* reference = dynamic_cast<const OdDbBlockReference*>(&entity))
-    return reference->normal();
-  if (const auto* dimension = dynamic_cast<const OdDbDimension*>(&entity))
-    return dimension->normal();
-  return OdGeVector3d::kZAxis;
-}
-
 // A place of two or three coordinates; the third is taken for 0 where it is missing. Zero stands for none.
 void movePlace(GroupList& groups, std::size_t i, const PlaneMap& map) {
   const int code = groups[i].code;
@@ -104,7 +91,7 @@ ContextData::ContextData(const OdDbEntity& entity) {
   const auto* scales = data == nullptr ? nullptr : peekAs<OdDbDictionary>(data->getAt(L"ACDB_ANNOTATIONSCALES"));
   if (scales == nullptr)
     return;
-  normal_ = normalOf(entity);
+  normal_ = entity.planeNormal();
   for (const OdDbDictionary::Entry& entry : scales->entries()) {
     if (db::lives(entry.id))
       objects_.push_back(entry.id);

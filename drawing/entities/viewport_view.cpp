@@ -5,6 +5,7 @@
 #include "db/load_context.h"
 #include "db/store.h"
 #include "entities/kept_groups.h"
+#include "model/symbol_name.h"
 
 #include <vector>
 

@@ -4,6 +4,7 @@
 #include "DbSymbolRecords.h"
 #include "db/load_context.h"
 #include "db/store.h"
+#include "model/symbol_name.h"
 
 #include <cmath>
 

@@ -36,6 +36,7 @@ public:
   double rotation() const { return rotation_; } // radians, in the plane of the normal
   void setRotation(double angleRad);
   OdGeVector3d normal() const { return normal_; }
+  OdGeVector3d planeNormal() const override { return normal_; }
   void setNormal(const OdGeVector3d& normal); // the position keeps its place in the world
 
   // Block coordinates to world: position, normal, rotation and scale, without the block's origin.

@@ -28,6 +28,7 @@ public:
   double horizontalRotation() const { return horizontalRotation_; }
   void setHorizontalRotation(double value);
   OdGeVector3d normal() const { return normal_; }
+  OdGeVector3d planeNormal() const override { return normal_; }
   void setNormal(const OdGeVector3d& value);             // the text position keeps its numbers in the plane's own frame
   double getMeasurement() const { return measurement_; } // as its last program measured it
 

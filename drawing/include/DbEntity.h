@@ -60,6 +60,8 @@ public:
   OdResult transformBy(const OdGeMatrix3d& matrix);
   // eOk and the extents in the coordinates of its block, or the reason why it has none.
   virtual OdResult getGeomExtents(OdGeExtents3d& extents) const;
+  // The normal of the plane that the entity's own coordinates lie in; the z axis for kinds that are not planar.
+  virtual OdGeVector3d planeNormal() const { return OdGeVector3d::kZAxis; }
 
   // Highlighting is a state of the screen: it is neither saved, copied nor undone, and needs no opening for write.
   void highlight(bool on) const { highlight_.on = on; }

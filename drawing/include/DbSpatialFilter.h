@@ -5,11 +5,14 @@
 // boundary with it, and the filter stays as it is.
 #pragma once
 
-#include "DbBlockReference.h"
+#include "DbObject.h"
+#include "Ge/GeMatrix3d.h"
 #include "Ge/GePoint2d.h"
 
 #include <optional>
 #include <vector>
+
+class OdDbBlockReference;
 
 class MVDRAWING_API OdDbSpatialFilter : public OdDbObject {
 public:

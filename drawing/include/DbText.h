@@ -19,6 +19,7 @@ public:
   void setPosition(const OdGePoint3d& point);
   void setAlignmentPoint(const OdGePoint3d& point);
   OdGeVector3d normal() const { return normal_; }
+  OdGeVector3d planeNormal() const override { return normal_; }
   void setNormal(const OdGeVector3d& normal); // the points keep their numbers in the plane's own frame
   virtual OdString textString() const { return text_; }
   virtual void setTextString(const OdString& text);

@@ -3,6 +3,7 @@
 #include "db/load_context.h"
 #include "db/setters.h"
 #include "entities/group_lists.h"
+#include "model/symbol_name.h"
 
 using drawing::field;
 

@@ -1,5 +1,6 @@
 #include "DbSpatialFilter.h"
 
+#include "DbBlockReference.h"
 #include "DbDictionary.h"
 #include "db/load_context.h"
 #include "db/store.h"

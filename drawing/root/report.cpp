@@ -1,8 +1,8 @@
 #include "DbReport.h"
 
-#include "DbObjectId.h"
-
 #include <algorithm>
+#include <cctype>
+#include <charconv>
 
 namespace drawing {
 
@@ -30,6 +30,18 @@ bool Report::has(const char* code) const {
   return count(code) != 0;
 }
 
+namespace {
+
+// Hexadecimal capitals without leading zeros, as files hold handles.
+std::string handleText(std::uint64_t handle) {
+  char digits[16];
+  const auto end = std::to_chars(digits, digits + sizeof digits, handle, 16).ptr;
+  std::transform(digits, end, digits, [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+  return std::string(digits, end);
+}
+
+} // namespace
+
 std::string placeOf(const Issue& issue) {
   std::string place;
   const auto add = [&place](const std::string& part) { place += (place.empty() ? "" : ", ") + part; };
@@ -38,9 +50,9 @@ std::string placeOf(const Issue& issue) {
   if (!issue.section.empty())
     add("section " + issue.section);
   if (!issue.kind.empty())
-    add(issue.kind + (issue.handle != 0 ? " " + OdDbHandle(issue.handle).ascii() : ""));
+    add(issue.kind + (issue.handle != 0 ? " " + handleText(issue.handle) : ""));
   else if (issue.handle != 0)
-    add("handle " + OdDbHandle(issue.handle).ascii());
+    add("handle " + handleText(issue.handle));
   if (issue.groupCode >= 0)
     add("group " + std::to_string(issue.groupCode));
   return place;

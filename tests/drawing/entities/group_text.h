@@ -6,6 +6,7 @@
 #include "DbReport.h"
 #include "drawing/db/load_context.h"
 #include "drawing/entities/class_chooser.h"
+#include "records/section.h"
 #include "tests/support/drawings.h"
 
 #include <charconv>

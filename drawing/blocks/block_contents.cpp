@@ -1,0 +1,91 @@
+// What a definition says of the entities in it: references, attributes, draw order, extents.
+#include "DbBlockTable.h"
+
+#include "DbAttribute.h"
+#include "DbBlockReference.h"
+#include "DbDatabase.h"
+#include "DbDictionary.h"
+#include "DbSortentsTable.h"
+#include "db/block_graph.h"
+#include "db/store.h"
+#include "db/undo.h"
+
+#include <algorithm>
+
+using drawing::db::peekAs;
+
+namespace {
+
+template <class Accept>
+bool anyDefinition(const std::vector<OdDbObjectId>& members, Accept accept) {
+  return std::any_of(members.begin(), members.end(), [&](OdDbObjectId id) {
+    const auto* definition = peekAs<OdDbAttributeDefinition>(id);
+    return definition != nullptr && !definition->isErased() && accept(*definition);
+  });
+}
+
+} // namespace
+
+bool OdDbBlockTableRecord::hasAttributeDefinitions() const {
+  return anyDefinition(members_.ids(), [](const OdDbAttributeDefinition&) { return true; });
+}
+
+std::int16_t OdDbBlockTableRecord::derivedFlags() const {
+  std::int16_t flags =
+      static_cast<std::int16_t>(flags_ & (kExternalReference | kOverlay | kDependent | kResolved | kReferenced));
+  if (isAnonymous())
+    flags |= kAnonymousBit;
+  if (anyDefinition(members_.ids(), [](const OdDbAttributeDefinition& one) { return !one.isConstant(); }))
+    flags |= kHasAttributes;
+  return flags;
+}
+
+OdDbObjectId OdDbBlockTableRecord::appendOdDbEntity(OdDbEntity* entity) {
+  assertWriteEnabled();
+  if (!isDBRO())
+    throw OdError(eNotInDatabase);
+  if (const auto* reference = dynamic_cast<const OdDbBlockReference*>(entity); reference != nullptr) {
+    const OdDbObjectId shown = reference->blockTableRecord();
+    if (shown == objectId() || (wasReferenced() && drawing::db::leadsTo(shown, objectId())))
+      throw OdError(eSelfReference);
+  }
+  const OdDbObjectId id = entity->isDBRO() ? entity->objectId() : database()->addOdDbObject(entity, objectId());
+  if (const auto* reference = dynamic_cast<const OdDbBlockReference*>(entity))
+    reference->noteShown();
+  database()->undoLog().listGrows(*this, members_.size());
+  members_.push(id);
+  return id;
+}
+
+OdDbObjectId OdDbBlockTableRecord::getSortentsTableId() const {
+  const auto* dictionary = peekAs<OdDbDictionary>(extensionDictionary());
+  return dictionary == nullptr ? OdDbObjectId() : dictionary->getAt(L"ACAD_SORTENTS");
+}
+
+std::vector<OdDbObjectId> OdDbBlockTableRecord::drawOrder() const {
+  std::vector<OdDbObjectId> ids;
+  for (OdDbObjectId id : members_.ids()) {
+    if (!id.isErased())
+      ids.push_back(id);
+  }
+  if (const auto* table = peekAs<OdDbSortentsTable>(getSortentsTableId()); table != nullptr && !table->isErased())
+    table->sort(ids);
+  return ids;
+}
+
+OdDbObjectIdArray OdDbBlockTableRecord::getBlockReferenceIds(bool directOnly) const {
+  return drawing::db::referencesTo(*this, directOnly);
+}
+
+OdResult OdDbBlockTableRecord::getBlockReferenceIds(OdDbObjectIdArray& ids, bool directOnly, bool) const {
+  ids.append(drawing::db::referencesTo(*this, directOnly));
+  return eOk;
+}
+
+bool OdDbBlockTableRecord::leadsTo(OdDbObjectId target) const {
+  return drawing::db::leadsTo(objectId(), target);
+}
+
+OdResult OdDbBlockTableRecord::getGeomExtents(OdGeExtents3d& extents) const {
+  return drawing::db::extentsOf(*this, extents);
+}

@@ -1,0 +1,163 @@
+#include "io/drawing_builder.h"
+
+#include "DbDictionary.h"
+#include "DbSequence.h"
+#include "DbSymbolRecords.h"
+#include "db/block_graph.h"
+#include "db/settle.h"
+#include "db/store.h"
+#include "db/symbol_kinds.h"
+
+#include <algorithm>
+
+namespace drawing {
+
+using db::peekAs;
+
+DrawingBuilder::DrawingBuilder(OdDbDatabase& database, TextDecoder& decoder, Report& report, const Budget& budget)
+    : database_(database), report_(report), budget_(budget), context_(database, decoder, report), objects_(context_) {
+  database_.store().deferHandles();
+}
+
+void DrawingBuilder::report(const char* code, Severity severity, std::string found, std::string done) {
+  context_.tell({code, severity, 0, -1, 0, "", "", std::move(found), std::move(done)});
+}
+
+void DrawingBuilder::reportSkipped(const char* code, std::string found) {
+  report(code, Severity::Lost, std::move(found), "it is passed over");
+  ++report_.account.dropped;
+}
+
+bool DrawingBuilder::exceeds(std::string limit) {
+  limit_ = std::move(limit);
+  return false;
+}
+
+void DrawingBuilder::refuseSize() {
+  exceeds("more than the " + std::to_string(budget_.bytes) + " bytes of memory that are allowed are needed");
+}
+
+// Charges what the record will take: an object with its entry in the store, its groups, and its texts in characters of
+// four bytes.
+bool DrawingBuilder::start(const Record& record) {
+  record_ = &record;
+  context_.begin(record[0].text, record[0].line);
+  constexpr std::uint64_t kObject = 512, kGroup = 24, kCharacter = 4;
+  bytes_ += kObject + kGroup * record.size();
+  for (const Pair& pair : record)
+    bytes_ += kCharacter * pair.text.size();
+  if (bytes_ > budget_.bytes)
+    refuseSize();
+  else if (database_.approxNumObjects() > budget_.objects)
+    exceeds("there are more than the " + std::to_string(budget_.objects) + " objects that are allowed");
+  return limit_.empty();
+}
+
+OdResult DrawingBuilder::finish() {
+  reportWithoutHandle();
+  reportBlocksWithoutRecord();
+  db::SettleFacts facts{database_, context_, budget_};
+  db::settleDrawing(facts);
+  if (db::nestingDepth(database_) > budget_.depth)
+    exceeds("definitions nest deeper than the " + std::to_string(budget_.depth) + " levels that are allowed");
+  return limit_.empty() ? eOk : eBudgetExceeded;
+}
+
+void DrawingBuilder::reportWithoutHandle() {
+  if (withoutHandle_ == 0 || database_.facts().version < OdDb::kRelease13)
+    return;
+  context_.begin("", firstWithoutHandle_);
+  report("dxf.handle-missing", Severity::Note,
+         std::to_string(withoutHandle_) + " records have no handle, the first of them here", "they get new ones");
+}
+
+OdDbSymbolTable& DrawingBuilder::addTable(OdDb::SymbolTableKind kind, const Record& head) {
+  const auto named = std::find_if(head.begin(), head.end(), [](const Pair& pair) { return pair.code == 5; });
+  std::uint64_t handle = 0;
+  if (named == head.end() || !context_.handle(*named, handle))
+    handle = 0;
+  OdDbSymbolTable& table = context_.table(kind, handle);
+  ReadObject read;
+  objects_.fill(head, table, read);
+  return table;
+}
+
+void DrawingBuilder::addTableRecord(OdDb::SymbolTableKind kind, OdDbSymbolTable& table) {
+  if (kind == OdDb::kBlockTable && fillPlaceholder(table))
+    return;
+  ReadObject read;
+  OdRxObjectPtr made = db::recordClass(kind)->create();
+  read.object = made;
+  objects_.fill(*record_, *read.object, read);
+  if (context_.failed()) // typed values stay at their defaults; the report names the value
+    report("dxf.table-record-damaged", Severity::Lost, "a value of the record is unreadable", "its default is taken");
+  ++report_.account.read;
+  OdSmartPtr<OdDbSymbolTableRecord> record = read.object;
+  add(read, table.objectId());
+  registerRecord(table, *record);
+}
+
+// Files in another order bring blocks, or entities of a space, before the records of the table.
+bool DrawingBuilder::fillPlaceholder(OdDbSymbolTable& table) {
+  const auto name = std::find_if(record_->begin(), record_->end(), [](const Pair& pair) { return pair.code == 2; });
+  const OdDbObjectId id =
+      placeholders_.empty() || name == record_->end() ? OdDbObjectId() : table.getAt(context_.text(*name));
+  if (id.isNull() || placeholders_.erase(id) == 0)
+    return false;
+  ReadObject read;
+  OdDbObject& record = *db::peek(id);
+  const db::WriteScope scope(record);
+  objects_.fill(*record_, record, read);
+  ++report_.account.read;
+  const OdDbObjectId expected = database_.store().giveHandle(id, read.handle);
+  if (!expected.isNull())
+    context_.redirects().emplace_back(expected, id);
+  return true;
+}
+
+// Puts the record into its table. A record that was referred to by name before it was read has a placeholder there.
+void DrawingBuilder::registerRecord(OdDbSymbolTable& table, OdDbSymbolTableRecord& record) {
+  if (table.adopt(&record))
+    return;
+  const OdDbObjectId holder = table.getAt(record.getName());
+  if (auto missing = context_.missing().find(holder); missing != context_.missing().end()) {
+    table.replaceMember(holder, record);
+    context_.missing().erase(missing);
+    context_.redirects().emplace_back(holder, record.objectId());
+    OdDbObject& placeholder = *db::peek(holder);
+    const db::WriteScope scope(placeholder);
+    placeholder.erase();
+    return;
+  }
+  const OdString wanted = record.getName();
+  const OdString name = table.freeName(wanted);
+  const db::WriteScope scope(record);
+  record.setName(name);
+  table.adopt(&record);
+  renamed_[wanted].push_back(record.objectId());
+  report("dxf.duplicate-name", Severity::Repaired,
+         "the name \"" + wanted.toUtf8Lossless() + "\" stands twice in the table",
+         "the second is named \"" + name.toUtf8Lossless() + "\"");
+}
+
+OdDbObjectId DrawingBuilder::add(ReadObject& read, OdDbObjectId owner) {
+  const std::uint64_t line = (*record_)[0].line;
+  read.object->setOwnerId(owner);
+  if (read.handle == 0 && withoutHandle_++ == 0)
+    firstWithoutHandle_ = line;
+  const OdDbObjectId id = database_.store().add(read.object.get(), read.handle);
+  context_.setLineOf(id, line);
+  if (read.handle != 0 && id.getHandle() != OdDbHandle(read.handle))
+    report("dxf.duplicate-handle", Severity::Repaired,
+           "the handle " + OdDbHandle(read.handle).ascii() + " is used twice", "the second object gets a new one");
+  return id;
+}
+
+void DrawingBuilder::addObject() {
+  ReadObject read = objects_.read(*record_, false);
+  const OdDbObjectId id = add(read, read.owner);
+  if (database_.getNamedObjectsDictionaryId().isNull() && read.object->isKindOf(OdDbDictionary::desc()))
+    database_.adoptNamedObjects(id);
+}
+
+} // namespace drawing

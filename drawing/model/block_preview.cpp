@@ -1,0 +1,17 @@
+#include "model/block_preview.h"
+
+#include "db/load_context.h"
+
+namespace drawing::db {
+
+bool readPreview(std::string& preview, const Pair& pair, LoadContext& context) {
+  return pair.code == 310 && context.bytes(pair, preview);
+}
+
+void writePreview(const std::string& preview, GroupSink& sink) {
+  constexpr std::size_t kChunk = 127; // bytes in one group
+  for (std::size_t at = 0; at < preview.size(); at += kChunk)
+    sink.binary(310, std::string_view(preview).substr(at, kChunk));
+}
+
+} // namespace drawing::db

@@ -1,0 +1,19 @@
+// The preview image of a block definition: hexadecimal chunks under code 310.
+#pragma once
+
+#include "DbGroups.h"
+
+#include <string>
+
+namespace drawing {
+struct Pair;
+class LoadContext;
+} // namespace drawing
+
+namespace drawing::db {
+
+// Appends the chunk of a group; false for a group of another code or one that is not hexadecimal.
+bool readPreview(std::string& preview, const Pair& pair, LoadContext& context);
+void writePreview(const std::string& preview, GroupSink& sink);
+
+} // namespace drawing::db

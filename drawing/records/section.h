@@ -1,0 +1,40 @@
+// Sections of an object: its groups under a subclass marker, read and written by the description of its class.
+#pragma once
+
+#include "DbDescription.h"
+#include "model/record.h"
+
+namespace drawing {
+
+class LoadContext;
+
+// Takes one group by a description: into its field, by the section's own reader, or not at all.
+class MVDRAWING_API SectionReader {
+public:
+  SectionReader(OdDbObject& object, const Section& section, LoadContext& context)
+      : object_(object), section_(section), context_(context) {}
+  bool take(const Pair& pair);
+
+private:
+  bool store(const Field& field, const Pair& pair);
+  OdDbObjectId reference(const Field& field, const Pair& pair);
+
+  OdDbObject& object_;
+  const Section& section_;
+  LoadContext& context_;
+  // A field takes its code once. Files use some codes again in the same section for something else; those groups are
+  // nobody's and are carried.
+  bool markTaken(std::size_t field, int component);
+
+  std::size_t next_ = 0;               // groups come in the order of the fields most of the time
+  std::uint64_t taken_[3] = {0, 0, 0}; // a bit a field, for each component
+  bool embedded_ = false; // behind code 101 the groups belong to an embedded object: no field of ours is among them
+};
+
+// Writes the fields of a section in order, then what its own writer adds. Fields of later versions than the sink's
+// are left out.
+void writeSection(const OdDbObject& object, const Section& section, GroupSink& sink);
+// Writes everything behind the owner: markers, fields, carried groups. Extended data is not included.
+MVDRAWING_API void writeSections(const OdDbObject& object, GroupSink& sink);
+
+} // namespace drawing
