@@ -11,12 +11,17 @@ class OdDbDatabase;
 namespace console {
 
 class Session;
+struct Command;
 struct OpenDrawing;
+
+// In the order of their names.
+using CommandTable = std::vector<Command>;
 
 struct CommandContext {
   Session& session;
   OpenDrawing& drawing; // the current one
   OdDbDatabase& database;
+  const CommandTable& commands; // that can be run
 };
 
 struct Command {
@@ -31,9 +36,7 @@ struct Command {
   void (*run)(CommandContext&); // throws Failure to stop
 };
 
-// In the order of their names.
-const std::vector<Command>& allCommands();
 // By name or alias, without regard to case; null when there is none.
-const Command* findCommand(std::wstring_view typed);
+const Command* findCommand(const CommandTable& table, std::wstring_view entered);
 
 } // namespace console

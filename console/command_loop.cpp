@@ -4,10 +4,10 @@ namespace console {
 namespace {
 
 // Enter alone repeats the command before; in a script it is what is left of a line.
-const Command* chosen(Session& session, const OdString& typed, const Command* before) {
+const Command* chosen(Session& session, const CommandTable& commands, const OdString& typed, const Command* before) {
   if (typed.isEmpty())
     return session.host().input().isScript() ? nullptr : before;
-  const Command* command = findCommand(typed.str());
+  const Command* command = findCommand(commands, typed.str());
   if (command == nullptr) {
     session.say(Text::kUnknownCommand, {typed});
     session.note(Status::Refused);
@@ -18,7 +18,7 @@ const Command* chosen(Session& session, const OdString& typed, const Command* be
 
 } // namespace
 
-void runCommands(Session& session) {
+void runCommands(Session& session, const CommandTable& commands) {
   const OdString prompt = L"\n" + render(Text::kPromptCommand) + L" ";
   const Command* command = nullptr;
   while (!session.wantsQuit()) {
@@ -29,8 +29,8 @@ void runCommands(Session& session) {
     if (status == morvane::ReadStatus::kCancelled)
       continue;
     typed.trimLeft().trimRight();
-    if (const Command* next = chosen(session, typed, command)) {
-      session.run(*next);
+    if (const Command* next = chosen(session, commands, typed, command)) {
+      session.run(*next, commands);
       command = next;
     }
   }

@@ -6,6 +6,6 @@
 namespace console {
 
 // Until QUIT or the end of the input.
-void runCommands(Session& session);
+void runCommands(Session& session, const CommandTable& commands);
 
 } // namespace console

@@ -1,5 +1,4 @@
 #include "console/line_editor.h"
-#include "console/command.h"
 
 #include <cerrno>
 #include <csignal>
@@ -32,8 +31,8 @@ private:
 
 class LineEditor : public morvane::InputSource {
 public:
-  explicit LineEditor(std::shared_ptr<LineSink> line)
-      : line_(std::move(line)), history_(history_init()), editor_(el_init("morvane", stdin, stderr, stderr)) {
+  LineEditor(std::shared_ptr<LineSink> line, std::vector<OdString> names)
+      : line_(std::move(line)), names_(std::move(names)), history_(history_init()), editor_(el_init("morvane", stdin, stderr, stderr)) {
     HistEvent event;
     history(history_, &event, H_SETSIZE, kRemembered);
     history(history_, &event, H_SETUNIQUE, 1);
@@ -87,8 +86,7 @@ private:
         OdString::fromUtf8(std::string_view(info->buffer, static_cast<std::size_t>(info->cursor - info->buffer)));
     OdString rest;
     int fitting = 0;
-    for (const Command& command : allCommands()) {
-      const OdString name = command.name;
+    for (const OdString& name : self(editor).names_) {
       if (name.left(begun.getLength()).iCompare(begun) == 0 && ++fitting == 1)
         rest = name.mid(begun.getLength());
     }
@@ -112,6 +110,7 @@ private:
   }
 
   std::shared_ptr<LineSink> line_;
+  std::vector<OdString> names_; // to complete
   History* history_;
   EditLine* editor_;
   std::string prompt_;
@@ -119,8 +118,8 @@ private:
 
 } // namespace
 
-std::shared_ptr<morvane::InputSource> makeLineEditor(std::shared_ptr<LineSink> line) {
-  return std::make_shared<LineEditor>(std::move(line));
+std::shared_ptr<morvane::InputSource> makeLineEditor(std::shared_ptr<LineSink> line, std::vector<OdString> names) {
+  return std::make_shared<LineEditor>(std::move(line), std::move(names));
 }
 
 } // namespace console

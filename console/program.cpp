@@ -1,6 +1,7 @@
 #include "console/program.h"
 #include "console/command_loop.h"
 #include "console/drawing_io.h"
+#include "console/registry.h"
 #include "console/user_input.h"
 #include "console/verbs/verb.h"
 
@@ -28,7 +29,8 @@ struct Options {
 
 SessionOptions sessionOptions(const Surroundings& surroundings, const Options& given) {
   SessionOptions options{surroundings.host, surroundings.talk, surroundings.results, false,
-                         given.noPrompt,    given.reading,     surroundings.input};
+                         given.noPrompt,    given.reading,     {}};
+  options.connectUser = [input = surroundings.input](Session& session) { answerFromUser(session, input); };
   if (!given.configFile.empty())
     options.host.configFile = given.configFile;
   return options;
@@ -89,7 +91,7 @@ Status runSession(Session& session, const Options& options, std::istream* given)
     if (opened != Status::Done)
       return opened;
   }
-  runCommands(session);
+  runCommands(session, allCommands());
   if (!session.wantsQuit() && session.isAnyModified())
     session.say(Text::kUnsavedAtEnd);
   return typed ? Status::Done : session.status();

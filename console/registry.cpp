@@ -1,16 +1,13 @@
-#include "console/command.h"
+#include "console/registry.h"
+
 #include "console/commands/commands.h"
-
-#include "OdString.h"
-
-#include <algorithm>
 
 namespace console {
 
-const std::vector<Command>& allCommands() {
+const CommandTable& allCommands() {
   using enum Command::Kind;
   using enum Text;
-  static const std::vector<Command> table = {
+  static const CommandTable table = {
       {L"ATTDEF",
        {L"ATT"},
        kHelpAttdef,
@@ -108,18 +105,6 @@ const std::vector<Command>& allCommands() {
        commands::xref},
   };
   return table;
-}
-
-const Command* findCommand(std::wstring_view typed) {
-  const OdString wanted(typed);
-  const auto& table = allCommands();
-  const auto found = std::find_if(table.begin(), table.end(), [&](const Command& command) {
-    const auto& others = command.aliases;
-    return wanted.iCompare(command.name) == 0 ||
-           std::any_of(others.begin(), others.end(),
-                       [&](std::wstring_view alias) { return wanted.iCompare(OdString(alias)) == 0; });
-  });
-  return found == table.end() ? nullptr : &*found;
 }
 
 } // namespace console

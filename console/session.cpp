@@ -189,12 +189,12 @@ void Session::fail(const Failure& failure) {
   host_.input().dropRestOfLine();
 }
 
-Status Session::run(const Command& command) {
+Status Session::run(const Command& command, const CommandTable& commands) {
   const std::string name = OdString(command.name).toUtf8();
   const mvsi::MvsiApDocumentPtr document = drawing_.document;
   const OdString edited = document->blockEditorName();
   const Status status = attempt(name.c_str(), command.kind, [&] {
-    CommandContext context{*this, drawing_, database()};
+    CommandContext context{*this, drawing_, database(), commands};
     command.run(context);
   });
   // The block may be gone by undo or purging.

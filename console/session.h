@@ -45,6 +45,8 @@ struct Said {
   std::optional<Box> box; // when it was a message box
 };
 
+class Session;
+
 enum class Afterwards { Keep, Convert, Delete };
 
 struct SessionOptions {
@@ -54,7 +56,8 @@ struct SessionOptions {
   bool quiet = false;                           // results are kept for a machine-readable report, not written
   bool noPrompt = false;                        // questions are not asked but refused
   drawing::ReadOptions reading = {};            // for every drawing that is opened
-  std::istream* input = nullptr;                // what answers the questions of jobs; null: standard input
+  // Lets the user answer the questions of a job; empty: the job cannot ask.
+  std::function<void(Session&)> connectUser = nullptr;
 };
 
 class Session {
@@ -96,7 +99,7 @@ public:
   void savedAs(const std::string& path);
 
   // Runs it, tells why it failed, and takes back what a failed one did. The answer is noted, too.
-  Status run(const Command& command);
+  Status run(const Command& command, const CommandTable& commands);
   Status attempt(const char* name, Command::Kind kind, const std::function<void()>& work);
 
   void note(Status status) { status_ = worse(status_, status); }

@@ -17,9 +17,9 @@ OdString padded(const OdString& names) {
   return names + OdString(L' ', kColumn - names.getLength());
 }
 
-void listAll(Session& session) {
+void listAll(Session& session, const CommandTable& commands) {
   session.result(Text::kHelpHead);
-  for (const Command& command : allCommands())
+  for (const Command& command : commands)
     session.result(Text::kHelpRow, {padded(namesOf(command)), render(command.help)});
 }
 
@@ -38,8 +38,8 @@ void tellAbout(Session& session, const Command& command) {
 void help(CommandContext& context) {
   const OdString name = context.session.takeRestOfLine();
   if (name.isEmpty())
-    return listAll(context.session);
-  const Command* command = findCommand(name.str());
+    return listAll(context.session, context.commands);
+  const Command* command = findCommand(context.commands, name.str());
   if (command == nullptr)
     refuse(Text::kUnknownCommand, {name});
   tellAbout(context.session, *command);

@@ -1,7 +1,6 @@
 #include "console/verbs/job.h"
 
 #include "console/report/report_json.h"
-#include "console/user_input.h"
 
 #include "DbDxf.h"
 
@@ -49,8 +48,8 @@ void checkOutput(const JobFiles& files) {
 Status runJob(SessionOptions settings, const Job& job) {
   settings.quiet = job.json;
   Session session(settings);
-  if (job.asks && session.mayAsk())
-    answerFromUser(session, settings.input);
+  if (job.asks && session.mayAsk() && settings.connectUser)
+    settings.connectUser(session);
   Json facts = Json::object();
   const auto look = [&](const std::function<void()>& work) {
     return session.attempt(job.name, Command::Kind::Looks, work) == Status::Done;

@@ -1,5 +1,6 @@
 #include "tests/console/console_run.h"
 #include "console/command_loop.h"
+#include "console/registry.h"
 #include "console/selection.h"
 
 #include "DbDump.h"
@@ -52,7 +53,7 @@ console::Status TestSession::run(const std::string& script) {
   session_.host().input().clearSources();
   session_.answerFrom(std::make_shared<morvane::ScriptSource>(script));
   session_.forgetStatus();
-  console::runCommands(session_);
+  console::runCommands(session_, console::allCommands());
   return session_.status();
 }
 

@@ -4,6 +4,7 @@
 #include "tests/support/oracles.h"
 
 #include "console/command_loop.h"
+#include "console/registry.h"
 #include "morvane/input.h"
 
 #include <nlohmann/json.hpp>
@@ -180,7 +181,7 @@ TEST(Insert, AsksTheSameWhereverTheAnswersComeFrom) {
   {
     TestSession console;
     console.session().answerFrom(std::make_shared<morvane::ListSource>(linesOf(commands)));
-    console::runCommands(console.session());
+    console::runCommands(console.session(), console::allCommands());
     EXPECT_EQ(console.session().status(), Status::Done) << console.takeShown();
     typed = console.dump();
   }
