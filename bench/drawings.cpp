@@ -4,15 +4,15 @@
 #include "DbBlockReference.h"
 #include "DbBlockTable.h"
 #include "DbCurves.h"
-#include "DbDxf.h"
 #include "DbEntity.h"
 #include "DbIdMapping.h"
 #include "DbSymbolRecords.h"
 #include "DbText.h"
-#include "DbWblock.h"
-#include "GiPicture.h"
 #include "blockcommon/creation.h"
 #include "blockcommon/document_queries.h"
+#include "drawing/file.h"
+#include "drawing/picture.h"
+#include "drawing/wblock.h"
 #include "morvane/testing.h"
 
 #include <functional>

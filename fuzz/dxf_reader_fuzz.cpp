@@ -1,11 +1,11 @@
 // Any bytes: they are a drawing or they are refused, within the memory that is allowed. What was read is audited,
 // mended and drawn; it is written, and what was written is read again. Some of its blocks become drawings of their own
 // and come back as blocks.
-#include "DbAudit.h"
 #include "DbBlockTable.h"
-#include "DbDxf.h"
-#include "DbWblock.h"
-#include "GiPicture.h"
+#include "drawing/audit.h"
+#include "drawing/file.h"
+#include "drawing/picture.h"
+#include "drawing/wblock.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,8 +1,8 @@
-#include "console/ask.h"
 #include "console/commands/commands.h"
 #include "console/commands/text_height.h"
-#include "console/entities.h"
-#include "console/numbers.h"
+#include "console/drawings/entity_summary.h"
+#include "console/messages/number_text.h"
+#include "console/prompts/prompt.h"
 
 #include "DbAttribute.h"
 

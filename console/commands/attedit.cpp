@@ -1,7 +1,7 @@
-#include "console/ask.h"
-#include "console/attributes.h"
+#include "console/attributes/attributes.h"
 #include "console/commands/commands.h"
-#include "console/selection.h"
+#include "console/prompts/prompt.h"
+#include "console/prompts/selection.h"
 
 namespace console::commands {
 namespace {

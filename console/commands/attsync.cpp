@@ -1,8 +1,8 @@
-#include "console/ask.h"
-#include "console/attribute_sync.h"
-#include "console/block_maker.h"
+#include "console/attributes/attribute_sync.h"
+#include "console/blocks/make_block.h"
 #include "console/commands/commands.h"
-#include "console/numbers.h"
+#include "console/messages/number_text.h"
+#include "console/prompts/prompt.h"
 
 #include "DbBlockTable.h"
 

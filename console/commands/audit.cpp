@@ -1,7 +1,7 @@
-#include "console/auditor.h"
+#include "console/maintenance/audit.h"
 
-#include "console/ask.h"
 #include "console/commands/commands.h"
+#include "console/prompts/prompt.h"
 
 namespace console::commands {
 

@@ -1,7 +1,7 @@
-#include "console/ask.h"
-#include "console/block_maker.h"
+#include "console/blocks/make_block.h"
 #include "console/commands/block_questions.h"
 #include "console/commands/commands.h"
+#include "console/prompts/prompt.h"
 
 #include "DbBlockTable.h"
 

@@ -1,7 +1,7 @@
 // The list of blocks that LIST and the question mark of BLOCK show.
 #pragma once
 
-#include "console/session.h"
+#include "console/session/session.h"
 
 namespace console::commands {
 

@@ -1,8 +1,8 @@
 #include "console/commands/block_questions.h"
 
-#include "console/ask.h"
-#include "console/block_maker.h"
+#include "console/blocks/make_block.h"
 #include "console/commands/block_list.h"
+#include "console/prompts/prompt.h"
 
 #include "DbBlockTable.h"
 #include "blockcommon/messages.h"

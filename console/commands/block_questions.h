@@ -1,7 +1,7 @@
 // Questions that commands on blocks share.
 #pragma once
 
-#include "console/session.h"
+#include "console/session/session.h"
 
 #include "DbObjectId.h"
 

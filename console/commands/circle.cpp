@@ -1,6 +1,6 @@
-#include "console/ask.h"
 #include "console/commands/commands.h"
-#include "console/entities.h"
+#include "console/drawings/entity_summary.h"
+#include "console/prompts/prompt.h"
 
 #include "DbCurves.h"
 

@@ -1,7 +1,7 @@
 // What each command does; a file each. Called through the table of allCommands().
 #pragma once
 
-#include "console/command.h"
+#include "console/session/command.h"
 
 namespace console::commands {
 

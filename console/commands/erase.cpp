@@ -1,5 +1,5 @@
 #include "console/commands/commands.h"
-#include "console/selection.h"
+#include "console/prompts/selection.h"
 
 namespace console::commands {
 

@@ -1,11 +1,11 @@
-#include "console/ask.h"
 #include "console/commands/commands.h"
-#include "console/numbers.h"
-#include "console/selection.h"
+#include "console/messages/number_text.h"
+#include "console/prompts/prompt.h"
+#include "console/prompts/selection.h"
 
 #include "DbBlockReference.h"
 #include "DbBlockTable.h"
-#include "DbExplode.h"
+#include "drawing/explode.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "console/commands/commands.h"
-#include "console/failure.h"
-#include "console/session.h"
+#include "console/session/failure.h"
+#include "console/session/session.h"
 
 namespace console::commands {
 namespace {

@@ -1,5 +1,5 @@
-#include "console/ask.h"
 #include "console/commands/commands.h"
+#include "console/prompts/prompt.h"
 
 #include "DbSymbolRecords.h"
 #include "blockcommon/block_names.h"

@@ -1,9 +1,9 @@
-#include "console/block_maker.h"
+#include "console/blocks/make_block.h"
 #include "console/commands/block_list.h"
 #include "console/commands/commands.h"
-#include "console/entities.h"
-#include "console/numbers.h"
-#include "console/selection.h"
+#include "console/drawings/entity_summary.h"
+#include "console/messages/number_text.h"
+#include "console/prompts/selection.h"
 
 #include "DbBlockTable.h"
 #include "morvane/drawing_tools.h"

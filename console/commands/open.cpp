@@ -1,7 +1,7 @@
-#include "console/ask.h"
 #include "console/commands/commands.h"
 #include "console/commands/unsaved.h"
-#include "console/drawing_io.h"
+#include "console/drawings/drawing_io.h"
+#include "console/prompts/prompt.h"
 
 namespace console::commands {
 

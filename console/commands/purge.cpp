@@ -1,7 +1,7 @@
-#include "console/purger.h"
+#include "console/maintenance/purge.h"
 
-#include "console/ask.h"
 #include "console/commands/commands.h"
+#include "console/prompts/prompt.h"
 
 #include <algorithm>
 

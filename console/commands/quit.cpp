@@ -1,5 +1,5 @@
-#include "console/ask.h"
 #include "console/commands/commands.h"
+#include "console/prompts/prompt.h"
 
 namespace console::commands {
 

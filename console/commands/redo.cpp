@@ -1,5 +1,5 @@
 #include "console/commands/commands.h"
-#include "console/session.h"
+#include "console/session/session.h"
 
 namespace console::commands {
 

@@ -1,7 +1,7 @@
-#include "console/renamer.h"
+#include "console/maintenance/rename.h"
 
-#include "console/ask.h"
 #include "console/commands/commands.h"
+#include "console/prompts/prompt.h"
 
 namespace console::commands {
 namespace {

@@ -1,6 +1,6 @@
-#include "console/ask.h"
 #include "console/commands/commands.h"
-#include "console/drawing_io.h"
+#include "console/drawings/drawing_io.h"
+#include "console/prompts/prompt.h"
 
 namespace console::commands {
 

@@ -1,8 +1,8 @@
-#include "console/ask.h"
 #include "console/commands/commands.h"
-#include "console/drawing_io.h"
+#include "console/drawings/drawing_io.h"
+#include "console/prompts/prompt.h"
 
-#include "DbDxf.h"
+#include "drawing/file.h"
 
 namespace console::commands {
 namespace {

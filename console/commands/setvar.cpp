@@ -1,6 +1,6 @@
-#include "console/ask.h"
 #include "console/commands/commands.h"
-#include "console/numbers.h"
+#include "console/messages/number_text.h"
+#include "console/prompts/prompt.h"
 
 #include <charconv>
 

@@ -1,7 +1,7 @@
 // The height of a new text.
 #pragma once
 
-#include "console/command.h"
+#include "console/session/command.h"
 
 namespace console::commands {
 

@@ -1,7 +1,7 @@
 // Changes that were not saved.
 #pragma once
 
-#include "console/session.h"
+#include "console/session/session.h"
 
 namespace console::commands {
 

@@ -1,6 +1,6 @@
-#include "console/ask.h"
+#include "console/blocks/external_references.h"
 #include "console/commands/commands.h"
-#include "console/external_references.h"
+#include "console/prompts/prompt.h"
 
 namespace console::commands {
 namespace {

@@ -5,10 +5,10 @@
 #include "DbAttribute.h"
 #include "DbBlockReference.h"
 #include "DbBlockTable.h"
-#include "DbDxf.h"
 #include "DbDynBlockReference.h"
 #include "DbLayout.h"
 #include "DbSymbolRecords.h"
+#include "drawing/file.h"
 
 #include <algorithm>
 #include <unordered_map>

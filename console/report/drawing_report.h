@@ -2,9 +2,9 @@
 #pragma once
 
 #include "DbDatabase.h"
-#include "DbXref.h"
 #include "Ge/GePoint3d.h"
 #include "OdString.h"
+#include "drawing/xref.h"
 
 #include <cstdint>
 #include <map>

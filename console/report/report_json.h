@@ -3,7 +3,7 @@
 
 #include "console/report/drawing_report.h"
 
-#include "DbReport.h"
+#include "drawing/report.h"
 
 #include <nlohmann/json.hpp>
 

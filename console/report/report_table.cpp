@@ -1,5 +1,5 @@
 #include "console/report/report_table.h"
-#include "console/words.h"
+#include "console/messages/messages.h"
 
 #include <algorithm>
 #include <array>

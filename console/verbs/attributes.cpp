@@ -1,7 +1,7 @@
-#include "console/attributes.h"
-#include "console/attribute_import.h"
-#include "console/csv.h"
-#include "console/numbers.h"
+#include "console/attributes/attributes.h"
+#include "console/attributes/attribute_import.h"
+#include "console/messages/csv.h"
+#include "console/messages/number_text.h"
 #include "console/verbs/job.h"
 #include "console/verbs/verb.h"
 

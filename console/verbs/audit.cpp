@@ -1,4 +1,4 @@
-#include "console/auditor.h"
+#include "console/maintenance/audit.h"
 #include "console/verbs/job.h"
 #include "console/verbs/verb.h"
 

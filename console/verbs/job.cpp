@@ -2,7 +2,7 @@
 
 #include "console/report/report_json.h"
 
-#include "DbDxf.h"
+#include "drawing/file.h"
 
 #include <cstdio>
 

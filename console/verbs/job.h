@@ -1,8 +1,8 @@
 // One run of a sub-verb: a drawing in, work, a drawing out, and what is reported of it.
 #pragma once
 
-#include "console/drawing_io.h"
-#include "console/session.h"
+#include "console/drawings/drawing_io.h"
+#include "console/session/session.h"
 
 #include <nlohmann/json.hpp>
 

@@ -2,7 +2,7 @@
 #include "console/verbs/preview_options.h"
 #include "console/verbs/verb.h"
 
-#include "GiPicture.h"
+#include "drawing/picture.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,7 +1,7 @@
 // Values of the options of pictures.
 #pragma once
 
-#include "GiPicture.h"
+#include "drawing/picture.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "console/purger.h"
+#include "console/maintenance/purge.h"
 #include "console/verbs/job.h"
 #include "console/verbs/verb.h"
 

@@ -1,4 +1,4 @@
-#include "console/renamer.h"
+#include "console/maintenance/rename.h"
 #include "console/verbs/job.h"
 #include "console/verbs/verb.h"
 

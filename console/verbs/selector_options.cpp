@@ -1,6 +1,6 @@
 #include "console/verbs/selector_options.h"
 
-#include "console/numbers.h"
+#include "console/messages/number_text.h"
 #include "console/verbs/verb.h"
 
 #include <CLI/CLI.hpp>

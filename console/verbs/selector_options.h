@@ -1,7 +1,7 @@
 // The options by which sub-verbs pick objects of model space.
 #pragma once
 
-#include "console/selection.h"
+#include "console/prompts/selection.h"
 
 #include <string>
 #include <vector>

@@ -1,6 +1,6 @@
 #include "console/verbs/verb.h"
 
-#include "DbDxf.h"
+#include "drawing/file.h"
 
 namespace console::verbs {
 

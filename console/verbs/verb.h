@@ -1,7 +1,7 @@
 // Sub-verbs of the program: jobs of one line that run what the commands run.
 #pragma once
 
-#include "console/session.h"
+#include "console/session/session.h"
 
 #include <functional>
 #include <memory>

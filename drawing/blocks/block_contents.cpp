@@ -6,9 +6,9 @@
 #include "DbDatabase.h"
 #include "DbDictionary.h"
 #include "DbSortentsTable.h"
-#include "db/block_graph.h"
-#include "db/store.h"
-#include "db/undo.h"
+#include "drawing/blocks/block_graph.h"
+#include "drawing/model/object_store.h"
+#include "drawing/model/undo_log.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
-#include "dxf/form_writer.h"
-#include "dxf/pair_source.h"
+#include "drawing/dxf/group_source.h"
+#include "drawing/dxf/text_writer.h"
 
 #include <charconv>
 #include <cstring>

@@ -1,9 +1,9 @@
-#include "dxf/reader.h"
+#include "drawing/dxf/reader.h"
 
 #include "DbDictionary.h"
-#include "db/load_context.h"
-#include "db/store.h"
-#include "db/symbol_kinds.h"
+#include "drawing/model/load_context.h"
+#include "drawing/model/object_store.h"
+#include "drawing/model/symbol_table_kinds.h"
 
 #include <algorithm>
 #include <utility>

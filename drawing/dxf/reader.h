@@ -1,9 +1,9 @@
 // Reads the structure of a DXF file: sections, tables, blocks. What the records mean is the drawing builder's.
 #pragma once
 
-#include "DbDxf.h"
-#include "dxf/pair_source.h"
-#include "io/drawing_builder.h"
+#include "drawing/dxf/group_source.h"
+#include "drawing/file.h"
+#include "drawing/io/drawing_builder.h"
 
 #include <initializer_list>
 #include <set>

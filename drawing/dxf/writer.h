@@ -4,7 +4,7 @@
 #include "DbBlockTable.h"
 #include "DbDatabase.h"
 #include "DbDictionary.h"
-#include "dxf/version_filter.h"
+#include "drawing/io/version_filter.h"
 
 namespace drawing::dxf {
 

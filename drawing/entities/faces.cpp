@@ -1,9 +1,9 @@
 #include "DbFaces.h"
 
 #include "Ge/GeUtil.h"
-#include "db/setters.h"
-#include "entities/group_lists.h"
-#include "entities/transforms.h"
+#include "drawing/ge/plane_map.h"
+#include "drawing/model/setters.h"
+#include "drawing/records/group_readers.h"
 
 using drawing::field;
 

@@ -1,7 +1,7 @@
 #include "DbLight.h"
 
-#include "db/setters.h"
-#include "entities/transforms.h"
+#include "drawing/ge/plane_map.h"
+#include "drawing/model/setters.h"
 
 #include <cmath>
 

@@ -1,8 +1,8 @@
 #include "DbModelerGeometry.h"
 
-#include "db/body_records.h"
-#include "db/store.h"
-#include "entities/kept_groups.h"
+#include "drawing/model/object_store.h"
+#include "drawing/records/acds_records.h"
+#include "drawing/records/raw_groups.h"
 
 ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbModelerGeometry, OdDbEntity);
 

@@ -1,6 +1,6 @@
 #include "DbOle2Frame.h"
 
-#include "entities/kept_groups.h"
+#include "drawing/records/raw_groups.h"
 
 ODDB_DEFINE_MEMBERS(OdDbOleFrame, OdDbEntity, "OLEFRAME");
 ODDB_DEFINE_MEMBERS(OdDbOle2Frame, OdDbOleFrame, "OLE2FRAME");

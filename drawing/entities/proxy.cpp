@@ -1,7 +1,7 @@
 #include "DbProxyEntity.h"
 
-#include "db/store.h"
-#include "entities/kept_groups.h"
+#include "drawing/model/object_store.h"
+#include "drawing/records/raw_groups.h"
 
 ODDB_DEFINE_MEMBERS(OdDbProxyEntity, OdDbEntity, "ACAD_PROXY_ENTITY");
 ODDB_DEFINE_MEMBERS(OdDbProxyObject, OdDbObject, "ACAD_PROXY_OBJECT");

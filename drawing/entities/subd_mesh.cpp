@@ -1,6 +1,6 @@
 #include "DbSubDMesh.h"
 
-#include "entities/kept_groups.h"
+#include "drawing/records/raw_groups.h"
 
 ODDB_DEFINE_MEMBERS(OdDbSubDMesh, OdDbEntity, "MESH");
 

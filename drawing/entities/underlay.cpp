@@ -1,8 +1,8 @@
 #include "DbUnderlayReference.h"
 #include "Ge/GeUtil.h"
-#include "db/setters.h"
-#include "entities/text_frame.h"
-#include "entities/transforms.h"
+#include "drawing/entities/text/text_frame.h"
+#include "drawing/ge/plane_map.h"
+#include "drawing/model/setters.h"
 
 #include <cmath>
 

@@ -2,8 +2,8 @@
 
 #include "DbDatabase.h"
 #include "Ge/GeMatrix3d.h"
-#include "db/setters.h"
-#include "entities/viewport_view.h"
+#include "drawing/entities/viewport_view.h"
+#include "drawing/model/setters.h"
 
 #include <cmath>
 

@@ -1,11 +1,11 @@
-#include "entities/viewport_view.h"
+#include "drawing/entities/viewport_view.h"
 
 #include "DbSymbolRecords.h"
 #include "Ge/GeUtil.h"
-#include "db/load_context.h"
-#include "db/store.h"
-#include "entities/kept_groups.h"
-#include "model/symbol_name.h"
+#include "drawing/model/load_context.h"
+#include "drawing/model/object_store.h"
+#include "drawing/model/symbol_name.h"
+#include "drawing/records/raw_groups.h"
 
 #include <vector>
 

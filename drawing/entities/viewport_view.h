@@ -3,7 +3,7 @@
 #pragma once
 
 #include "DbDatabase.h"
-#include "DbGroups.h"
+#include "drawing/detail/groups.h"
 
 namespace drawing {
 

@@ -1,4 +1,4 @@
-#include "gi/device.h"
+#include "drawing/gi/device.h"
 
 #include <algorithm>
 #include <cmath>

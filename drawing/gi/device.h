@@ -2,7 +2,7 @@
 // numbers are small; all reckoning is in doubles.
 #pragma once
 
-#include "gi/display_list.h"
+#include "drawing/gi/scene/display_list.h"
 
 #include <vector>
 

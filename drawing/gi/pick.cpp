@@ -1,10 +1,10 @@
-#include "GiPick.h"
+#include "drawing/pick.h"
 
 #include "DbBlockTable.h"
 #include "DbDatabase.h"
-#include "db/store.h"
-#include "gi/outlines.h"
-#include "gi/walk.h"
+#include "drawing/gi/scene_builder.h"
+#include "drawing/gi/text/outlines.h"
+#include "drawing/model/object_store.h"
 
 #include <algorithm>
 

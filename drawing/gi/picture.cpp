@@ -1,12 +1,12 @@
-#include "GiPicture.h"
+#include "drawing/picture.h"
 
 #include "DbBlockTable.h"
 #include "DbDictionary.h"
 #include "DbLayout.h"
 #include "OdError.h"
-#include "db/store.h"
-#include "gi/render.h"
-#include "gi/walk.h"
+#include "drawing/gi/render.h"
+#include "drawing/gi/scene_builder.h"
+#include "drawing/model/object_store.h"
 
 #include <cairo-svg.h>
 

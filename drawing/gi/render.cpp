@@ -1,4 +1,4 @@
-#include "gi/render.h"
+#include "drawing/gi/render.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // Draws a display list by cairo.
 #pragma once
 
-#include "gi/device.h"
+#include "drawing/gi/device.h"
 
 #include <cairo.h>
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "DbAttribute.h"
-#include "DbSequence.h"
 #include "Ge/GeScale3d.h"
+#include "drawing/detail/sequence_owner.h"
 
 // Walks the attributes of a reference in order of addition; erased ones are passed over.
 class MVDRAWING_API OdDbAttributeIterator : public OdRxObject {

@@ -3,9 +3,9 @@
 
 #include "DbEntity.h"
 #include "DbSymbolTable.h"
-#include "DbXref.h"
 #include "Ge/GeExtents3d.h"
 #include "Ge/GePoint3d.h"
+#include "drawing/xref.h"
 
 class OdDbBlockBegin;
 class OdDbBlockEnd;

@@ -5,8 +5,8 @@
 #pragma once
 
 #include "DbObject.h"
-#include "DbReport.h"
 #include "Ge/GePoint3d.h"
+#include "drawing/report.h"
 
 #include <cstdint>
 #include <memory>
@@ -134,7 +134,7 @@ public:
   const drawing::Report& insertReport() const { return insertReport_; }
 
   // Removes from `ids` what cannot be purged: what the drawing needs, and what anything uses that is not purged along.
-  // Erases nothing; see DbPurge.h for the reasons.
+  // Erases nothing; see drawing/purge.h for the reasons.
   OdResult purge(OdDbObjectIdArray& ids);
 
   // Undo. startUndoRecord sets a mark; undo takes back everything since the last mark; redo brings it back. Ids

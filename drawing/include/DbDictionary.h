@@ -1,8 +1,8 @@
 // Dictionaries, xrecords and the header.
 #pragma once
 
-#include "DbDerived.h"
 #include "DbObject.h"
+#include "drawing/detail/cache.h"
 
 #include <string>
 #include <unordered_map>

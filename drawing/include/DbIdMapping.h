@@ -2,8 +2,8 @@
 #pragma once
 
 #include "DbObjectId.h"
-#include "DbReport.h"
 #include "RxObject.h"
+#include "drawing/report.h"
 
 #include <unordered_map>
 #include <vector>

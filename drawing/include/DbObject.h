@@ -1,10 +1,10 @@
 // The root of everything that lives in a drawing.
 #pragma once
 
-#include "DbDescription.h"
-#include "DbGroups.h"
 #include "DbObjectId.h"
 #include "RxObject.h"
+#include "drawing/detail/description.h"
+#include "drawing/detail/groups.h"
 
 #include <memory>
 #include <vector>

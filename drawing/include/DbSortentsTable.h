@@ -1,8 +1,8 @@
 // The draw order of a block's contents.
 #pragma once
 
-#include "DbDerived.h"
 #include "DbObject.h"
+#include "drawing/detail/cache.h"
 
 #include <unordered_map>
 #include <utility>

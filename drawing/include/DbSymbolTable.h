@@ -1,8 +1,8 @@
 // Symbol tables and their records.
 #pragma once
 
-#include "DbIdList.h"
 #include "DbObject.h"
+#include "drawing/detail/member_list.h"
 
 #include <string>
 #include <unordered_map>

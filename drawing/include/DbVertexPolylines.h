@@ -2,7 +2,7 @@
 #pragma once
 
 #include "DbCurves.h"
-#include "DbSequence.h"
+#include "drawing/detail/sequence_owner.h"
 
 class OdDb2dVertex;
 

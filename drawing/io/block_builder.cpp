@@ -1,8 +1,8 @@
 // Blocks, entities and sequences of the drawing that is built.
-#include "io/drawing_builder.h"
+#include "drawing/io/drawing_builder.h"
 
-#include "DbSequence.h"
-#include "db/store.h"
+#include "drawing/detail/sequence_owner.h"
+#include "drawing/model/object_store.h"
 
 namespace drawing {
 

@@ -1,12 +1,12 @@
-#include "io/drawing_builder.h"
+#include "drawing/io/drawing_builder.h"
 
 #include "DbDictionary.h"
-#include "DbSequence.h"
 #include "DbSymbolRecords.h"
-#include "db/block_graph.h"
-#include "db/settle.h"
-#include "db/store.h"
-#include "db/symbol_kinds.h"
+#include "drawing/blocks/block_graph.h"
+#include "drawing/detail/sequence_owner.h"
+#include "drawing/io/load_fixups.h"
+#include "drawing/model/object_store.h"
+#include "drawing/model/symbol_table_kinds.h"
 
 #include <algorithm>
 

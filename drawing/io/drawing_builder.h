@@ -2,9 +2,9 @@
 #pragma once
 
 #include "DbBlockTable.h"
-#include "db/load_context.h"
-#include "dxf/object_reader.h"
-#include "model/record.h"
+#include "drawing/io/object_reader.h"
+#include "drawing/model/load_context.h"
+#include "drawing/model/record.h"
 
 #include <deque>
 #include <map>

@@ -1,7 +1,7 @@
 // What every drawing must have.
 #pragma once
 
-#include "db/layout_links.h"
+#include "drawing/objects/layout_links.h"
 
 #include <string>
 #include <vector>

@@ -1,6 +1,6 @@
-#include "model/block_preview.h"
+#include "drawing/model/block_preview.h"
 
-#include "db/load_context.h"
+#include "drawing/model/load_context.h"
 
 namespace drawing::db {
 

@@ -1,7 +1,7 @@
 // The preview image of a block definition: hexadecimal chunks under code 310.
 #pragma once
 
-#include "DbGroups.h"
+#include "drawing/detail/groups.h"
 
 #include <string>
 

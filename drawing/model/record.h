@@ -1,7 +1,7 @@
 // One group and one record of a file, before they become values.
 #pragma once
 
-#include "DbGroups.h"
+#include "drawing/detail/groups.h"
 
 #include <cstdint>
 #include <string>

@@ -1,9 +1,9 @@
 #include "DbGroup.h"
 
 #include "DbDictionary.h"
-#include "db/load_context.h"
-#include "db/setters.h"
-#include "db/store.h"
+#include "drawing/model/load_context.h"
+#include "drawing/model/object_store.h"
+#include "drawing/model/setters.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "DbImageObjects.h"
 
-#include "db/setters.h"
+#include "drawing/model/setters.h"
 
 using drawing::field;
 

@@ -1,9 +1,9 @@
 #include "DbStyles.h"
 #include "DbSymbolRecords.h"
-#include "db/load_context.h"
-#include "db/setters.h"
-#include "entities/group_lists.h"
-#include "model/symbol_name.h"
+#include "drawing/model/load_context.h"
+#include "drawing/model/setters.h"
+#include "drawing/model/symbol_name.h"
+#include "drawing/records/group_readers.h"
 
 using drawing::field;
 

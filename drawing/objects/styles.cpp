@@ -1,8 +1,8 @@
 #include "DbDictionary.h"
 #include "DbStyles.h"
-#include "db/setters.h"
-#include "db/store.h"
-#include "entities/kept_groups.h"
+#include "drawing/model/object_store.h"
+#include "drawing/model/setters.h"
+#include "drawing/records/raw_groups.h"
 
 using drawing::field;
 using drawing::GroupKind;

@@ -1,8 +1,8 @@
 // Sections of an object: its groups under a subclass marker, read and written by the description of its class.
 #pragma once
 
-#include "DbDescription.h"
-#include "model/record.h"
+#include "drawing/detail/description.h"
+#include "drawing/model/record.h"
 
 namespace drawing {
 

@@ -1,7 +1,7 @@
-#include "records/section.h"
+#include "drawing/records/section.h"
 
 #include "Ge/GeUtil.h"
-#include "db/load_context.h"
+#include "drawing/model/load_context.h"
 
 #include <utility>
 

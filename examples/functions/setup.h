@@ -6,10 +6,10 @@
 #include "DbBlockTable.h"
 #include "DbCurves.h"
 #include "DbDatabase.h"
-#include "DbDxf.h"
 #include "DbSymbolRecords.h"
 #include "OdError.h"
 #include "blockcommon/blockcommon.h"
+#include "drawing/file.h"
 #include "morvane/testing.h"
 
 #include <filesystem>

@@ -2,8 +2,8 @@
 //
 //   make_block IN.dxf OUT.dxf LAYER NAME
 #include "DbBlockTable.h"
-#include "DbDxf.h"
 #include "blockcommon/blockcommon.h"
+#include "drawing/file.h"
 #include "morvane/drawing_tools.h"
 #include "morvane/host.h"
 

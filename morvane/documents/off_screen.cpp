@@ -1,7 +1,7 @@
 #include "morvane/off_screen.h"
 #include "morvane/host.h"
 
-#include "GiPicture.h"
+#include "drawing/picture.h"
 
 #include <cstdlib>
 

@@ -2,7 +2,7 @@
 #include "morvane/host.h"
 #include "morvane/system_services.h"
 
-#include "DbDxf.h"
+#include "drawing/file.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,9 +1,9 @@
 // External references of open documents.
 #pragma once
 
-#include "DbDxf.h"
-#include "DbXref.h"
 #include "OdString.h"
+#include "drawing/file.h"
+#include "drawing/xref.h"
 #include "morvane/files.h"
 
 #include <optional>

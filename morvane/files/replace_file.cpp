@@ -1,6 +1,6 @@
 #include "morvane/files.h"
 
-#include "OdFiles.h"
+#include "drawing/files.h"
 
 namespace morvane {
 

@@ -9,11 +9,11 @@
 #include "tests/support/open_document.h"
 #include "tests/support/oracles.h"
 
-#include "DbCarried.h"
 #include "DbCurves.h"
 #include "DbDimension.h"
 #include "DbIdMapping.h"
 #include "Ge/GeUtil.h"
+#include "drawing/opaque_objects.h"
 
 namespace {
 

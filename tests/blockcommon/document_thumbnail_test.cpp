@@ -2,8 +2,8 @@
 #include "blockcommon/document_queries.h"
 #include "tests/support/open_document.h"
 
-#include "DbDxf.h"
 #include "DbFaces.h"
+#include "drawing/file.h"
 
 namespace {
 

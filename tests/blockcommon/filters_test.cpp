@@ -4,8 +4,8 @@
 #include "morvane/drawing_tools.h"
 #include "tests/support/open_document.h"
 
-#include "DbDescription.h"
 #include "DbViewport.h"
+#include "drawing/detail/description.h"
 
 // Kinds that are a camera or a definition, but not exactly.
 class StereoCamera : public OdDbCamera {

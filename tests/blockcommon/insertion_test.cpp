@@ -4,7 +4,7 @@
 #include "tests/support/open_document.h"
 #include "tests/support/oracles.h"
 
-#include "DbDxf.h"
+#include "drawing/file.h"
 
 #include <fstream>
 

@@ -5,7 +5,7 @@
 #include "morvane/testing.h"
 #include "tests/support/dynamic_blocks.h"
 
-#include "DbDxf.h"
+#include "drawing/file.h"
 
 namespace {
 

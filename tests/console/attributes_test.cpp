@@ -1,8 +1,8 @@
 // The attributes of a drawing as a table: out and in again without loss, rows that do not fit told one by one, and no
 // table that is damaged changes anything. Old references follow their block with their values.
-#include "console/attribute_sync.h"
-#include "console/attributes.h"
-#include "console/csv.h"
+#include "console/attributes/attribute_sync.h"
+#include "console/attributes/attributes.h"
+#include "console/messages/csv.h"
 #include "tests/console/console_run.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"

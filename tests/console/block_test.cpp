@@ -1,9 +1,9 @@
 // Making blocks: what happens to the objects, and that a step that fails leaves nothing behind.
 #include "tests/console/console_run.h"
 
-#include "console/block_maker.h"
-#include "console/block_objects.h"
-#include "console/selection.h"
+#include "console/blocks/block_objects.h"
+#include "console/blocks/make_block.h"
+#include "console/prompts/selection.h"
 
 #include "DbAnnotationScale.h"
 #include "DbAttribute.h"

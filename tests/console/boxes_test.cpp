@@ -1,7 +1,7 @@
 // Message boxes for machines: which one it was, with what in it, and questions that nobody may answer.
 #include "tests/console/console_run.h"
 
-#include "console/boxes.h"
+#include "console/session/message_box_ids.h"
 
 #include "blockcommon/file_paths.h"
 #include "blockcommon/messages.h"

@@ -1,10 +1,10 @@
 #include "tests/console/console_run.h"
-#include "console/command_loop.h"
-#include "console/registry.h"
-#include "console/selection.h"
+#include "console/app/command_loop.h"
+#include "console/app/registry.h"
+#include "console/prompts/selection.h"
 
-#include "DbDump.h"
-#include "DbDxf.h"
+#include "drawing/dump.h"
+#include "drawing/file.h"
 
 #include <fstream>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // Runs of the console in process: the whole program with a command line, or a session that a test looks into.
 #pragma once
 
-#include "console/session.h"
+#include "console/session/session.h"
 #include "tests/support/program_run.h"
 #include "tests/support/scratch_folder.h"
 

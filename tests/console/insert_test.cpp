@@ -3,8 +3,8 @@
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 
-#include "console/command_loop.h"
-#include "console/registry.h"
+#include "console/app/command_loop.h"
+#include "console/app/registry.h"
 #include "morvane/input.h"
 
 #include <nlohmann/json.hpp>

@@ -3,9 +3,9 @@
 #include "tests/support/failing_files.h"
 
 #include "DbBlockTable.h"
-#include "DbDump.h"
-#include "DbDxf.h"
-#include "console/words.h"
+#include "console/messages/messages.h"
+#include "drawing/dump.h"
+#include "drawing/file.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

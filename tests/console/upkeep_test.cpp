@@ -2,8 +2,8 @@
 #include "tests/console/console_run.h"
 
 #include "DbBlockTable.h"
-#include "DbDump.h"
-#include "DbDxf.h"
+#include "drawing/dump.h"
+#include "drawing/file.h"
 
 #include <gtest/gtest.h>
 

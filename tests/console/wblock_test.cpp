@@ -3,8 +3,8 @@
 #include "tests/console/console_run.h"
 #include "tests/support/drawings.h"
 
-#include "console/block_writer.h"
-#include "console/portable_name.h"
+#include "console/blocks/write_block_file.h"
+#include "console/messages/portable_file_name.h"
 
 #include "DbDimension.h"
 #include "DbModelerGeometry.h"

@@ -1,6 +1,6 @@
 // Real drawings, damaged ones among them, are whole once they were read, mended and written.
-#include "DbAudit.h"
-#include "DbPurge.h"
+#include "drawing/audit.h"
+#include "drawing/purge.h"
 #include "tests/corpus/drawings.h"
 #include "tests/corpus/groups.h"
 #include "tests/support/oracles.h"

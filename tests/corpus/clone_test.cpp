@@ -1,9 +1,9 @@
 // All entities of real drawings go into a block of the same drawing and into another drawing; what they own goes with
 // them and is nobody else's.
 #include "DbBlockTable.h"
-#include "DbDump.h"
 #include "DbEntity.h"
 #include "DbIdMapping.h"
+#include "drawing/dump.h"
 #include "tests/corpus/drawings.h"
 #include "tests/support/oracles.h"
 

@@ -1,7 +1,7 @@
 // The real drawings that corpus tests read. A missing folder or file is a failure of the test that asks.
 #pragma once
 
-#include "DbDxf.h"
+#include "drawing/file.h"
 #include "tests/support/drawings.h"
 
 #include <functional>

@@ -1,9 +1,9 @@
 // Dynamic blocks of real drawings: which references are dynamic, and that they stay so, with all that their definition
 // needs, when they are cloned in their drawing, into another one, and when the whole drawing is inserted.
 #include "DbDictionary.h"
-#include "DbDxf.h"
 #include "DbDynBlockReference.h"
 #include "DbIdMapping.h"
+#include "drawing/file.h"
 #include "tests/corpus/drawings.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"

@@ -2,7 +2,7 @@
 // lay.
 #include "DbBlockReference.h"
 #include "DbBlockTable.h"
-#include "DbExplode.h"
+#include "drawing/explode.h"
 #include "tests/corpus/drawings.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // Every real drawing goes into one that has much in it already, as a block: the block shows what the file shows, the
 // file's drawing and everything else of the target stay as they were, and taking it back leaves nothing.
 #include "DbBlockTable.h"
-#include "DbDump.h"
 #include "DbEntity.h"
+#include "drawing/dump.h"
 #include "tests/corpus/drawings.h"
 #include "tests/support/oracles.h"
 

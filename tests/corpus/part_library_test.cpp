@@ -1,5 +1,5 @@
 // All parts of the corpus come into one drawing by one command; each reference shows what its own file holds.
-#include "DbCompare.h"
+#include "drawing/compare.h"
 #include "tests/corpus/drawings.h"
 #include "tests/support/program_run.h"
 #include "tests/support/scratch_folder.h"

@@ -5,7 +5,7 @@
 #include "DbCurves.h"
 #include "DbPolyline.h"
 #include "DbSymbolRecords.h"
-#include "GiPicture.h"
+#include "drawing/picture.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // Trees of all references of real drawings: as large as they were counted to be, each node found again by its chain,
 // below each the references that another program sees in its definition, and as deep as that program found it.
 #include "blockcommon/reference_graph.h"
-#include "console/reference_tree.h"
+#include "console/report/reference_tree.h"
 #include "tests/corpus/drawings.h"
 
 #include <filesystem>

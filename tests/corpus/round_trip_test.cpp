@@ -1,9 +1,9 @@
 // Real drawings come back from a file as they went in. Two checks that do not share their eyes: the canonical dump
 // before and after, which the SDK makes itself, and a comparison of the files' groups by a reader of its own, which
 // sees what the SDK never took in.
-#include "DbDump.h"
-#include "DbDxf.h"
-#include "drawing/dxf/text_codec.h"
+#include "drawing/dump.h"
+#include "drawing/file.h"
+#include "drawing/io/text_codec.h"
 #include "tests/corpus/drawings.h"
 #include "tests/corpus/groups.h"
 #include "tests/support/oracles.h"

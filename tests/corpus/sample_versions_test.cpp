@@ -1,8 +1,8 @@
 // One rich drawing that another program saved as 2000, 2007, 2018 and binary 2018 is the same drawing to us. Where it
 // is not, the table says why: what a version cannot hold, what that program kept for itself on the way, and what it
 // changes with every save. A row that excuses nothing is a fault, too.
-#include "DbDump.h"
-#include "DbDxf.h"
+#include "drawing/dump.h"
+#include "drawing/file.h"
 
 #include "tests/corpus/drawings.h"
 

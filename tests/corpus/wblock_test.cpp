@@ -1,10 +1,10 @@
 // Every definition of real drawings becomes a drawing of its own: with the same contents, with what they need and
 // nothing else, and inserted again it is the definition that it was.
-#include "DbAudit.h"
-#include "DbCompare.h"
 #include "DbDynBlockReference.h"
-#include "DbPurge.h"
-#include "DbWblock.h"
+#include "drawing/audit.h"
+#include "drawing/compare.h"
+#include "drawing/purge.h"
+#include "drawing/wblock.h"
 #include "tests/corpus/drawings.h"
 #include "tests/support/oracles.h"
 #include "tests/support/program_run.h"

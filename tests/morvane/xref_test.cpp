@@ -3,7 +3,7 @@
 #include "morvane/host_api.h"
 #include "tests/support/open_document.h"
 
-#include "DbDxf.h"
+#include "drawing/file.h"
 
 namespace {
 

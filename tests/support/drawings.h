@@ -4,10 +4,10 @@
 #include "DbBlockReference.h"
 #include "DbBlockTable.h"
 #include "DbDatabase.h"
-#include "DbDxf.h"
 #include "DbIdMapping.h"
 #include "DbSymbolRecords.h"
 #include "DbText.h"
+#include "drawing/file.h"
 #include "tests/support/print.h"
 
 #include <gtest/gtest.h>

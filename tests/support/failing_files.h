@@ -1,7 +1,7 @@
 // File operations that fail at one call of a test's choosing and forward all others.
 #pragma once
 
-#include "OdFiles.h"
+#include "drawing/files.h"
 
 #include <cerrno>
 

@@ -1,7 +1,7 @@
 #include "tests/support/oracles.h"
 
-#include "DbAudit.h"
-#include "DbDxf.h"
+#include "drawing/audit.h"
+#include "drawing/file.h"
 
 #include <gtest/gtest.h>
 

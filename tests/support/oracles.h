@@ -2,7 +2,7 @@
 #pragma once
 
 #include "DbDatabase.h"
-#include "DbDump.h"
+#include "drawing/dump.h"
 
 #include <functional>
 #include <string>

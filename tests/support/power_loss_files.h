@@ -2,7 +2,7 @@
 // the new ones, of a folder's changes any of them, each by itself.
 #pragma once
 
-#include "OdFiles.h"
+#include "drawing/files.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,7 +1,7 @@
 // The whole console program in process; for tests that link it.
 #pragma once
 
-#include "console/program.h"
+#include "console/app/program.h"
 
 #include <sstream>
 #include <string>

@@ -1,9 +1,9 @@
 // Transforming an entity, with the attached data that moves with it.
 #include "DbEntity.h"
 
-#include "db/store.h"
-#include "entities/context_data.h"
-#include "entities/transforms.h"
+#include "drawing/entities/common/annotation_contexts.h"
+#include "drawing/ge/plane_map.h"
+#include "drawing/model/object_store.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Names of file versions, and the form of a file by its content.
 #pragma once
 
-#include "DbSaveType.h"
+#include "OdDb.h"
 #include "OdPlatform.h"
 
 #include <string>

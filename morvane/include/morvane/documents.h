@@ -2,9 +2,9 @@
 #pragma once
 
 #include "DbDatabase.h"
-#include "DbReport.h"
 #include "Ge/GeMatrix3d.h"
 #include "OdString.h"
+#include "drawing/report.h"
 #include "morvane/export.h"
 #include "morvane/off_screen.h"
 

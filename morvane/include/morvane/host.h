@@ -2,8 +2,8 @@
 // Nothing else in the host outlives it. All calls are made on the command thread.
 #pragma once
 
-#include "DbDxf.h"
 #include "RxObject.h"
+#include "drawing/file.h"
 #include "morvane/config.h"
 #include "morvane/documents.h"
 #include "morvane/export.h"

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "DbDatabase.h"
-#include "DbDxf.h"
 #include "OdString.h"
+#include "drawing/file.h"
 #include "morvane/export.h"
 
 class MORVANE_API MvdbSystemServices {

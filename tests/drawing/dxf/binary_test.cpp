@@ -1,5 +1,5 @@
 // Binary files: both widths of codes, values that text files can hold and these cannot, damage with its byte offset.
-#include "DbDxf.h"
+#include "drawing/file.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 

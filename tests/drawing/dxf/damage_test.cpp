@@ -1,9 +1,9 @@
 // Damaged files: whatever is wrong stays where it is. Reading never crashes, says what it found, and what it keeps
 // comes back from the next file as it was.
-#include "DbAudit.h"
-#include "DbCarried.h"
 #include "DbDictionary.h"
-#include "DbDxf.h"
+#include "drawing/audit.h"
+#include "drawing/file.h"
+#include "drawing/opaque_objects.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 

@@ -1,9 +1,9 @@
 // Programs lay out their records in their own ways. What they mean is understood, and written so that the strictest
 // reader takes it; what the SDK does not know is kept and written as it stood.
 #include "DbBlockReference.h"
-#include "DbCarried.h"
-#include "DbDxf.h"
 #include "DbIdMapping.h"
+#include "drawing/file.h"
+#include "drawing/opaque_objects.h"
 #include "tests/support/drawings.h"
 #include "tests/support/oracles.h"
 

@@ -3,10 +3,10 @@
 
 #include "DbDatabase.h"
 #include "DbEntity.h"
-#include "DbReport.h"
-#include "drawing/db/load_context.h"
-#include "drawing/entities/class_chooser.h"
-#include "records/section.h"
+#include "drawing/io/class_lookup.h"
+#include "drawing/model/load_context.h"
+#include "drawing/records/section.h"
+#include "drawing/report.h"
 #include "tests/support/drawings.h"
 
 #include <charconv>

@@ -1,9 +1,9 @@
 // Letters: codes, places, sizes, lines and columns. Shapes of letters depend on the fonts that are there; what is
 // asked here does not: a capital H is as high as its text says and stands on its base line.
 #include "DbBlockTable.h"
-#include "DbDxf.h"
-#include "drawing/gi/mtext_layout.h"
-#include "drawing/gi/text_style.h"
+#include "drawing/file.h"
+#include "drawing/gi/text/mtext_layout.h"
+#include "drawing/gi/text/text_style.h"
 #include "tests/drawing/gi/shots.h"
 #include "tests/support/drawings.h"
 

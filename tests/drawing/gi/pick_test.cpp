@@ -3,7 +3,7 @@
 #include "DbCurves.h"
 #include "DbFaces.h"
 #include "DbPolyline.h"
-#include "GiPick.h"
+#include "drawing/pick.h"
 #include "tests/support/drawings.h"
 
 #include <functional>

@@ -1,9 +1,9 @@
 // What shows and how: colours, layers, order, clipping, arrays, limits. A wrong pixel is a wrong rule.
 #include "DbBlockTable.h"
 #include "DbDictionary.h"
-#include "DbDxf.h"
 #include "DbSortentsTable.h"
-#include "DbXref.h"
+#include "drawing/file.h"
+#include "drawing/xref.h"
 #include "tests/drawing/gi/shots.h"
 #include "tests/support/drawings.h"
 

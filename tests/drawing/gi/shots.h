@@ -2,7 +2,7 @@
 #pragma once
 
 #include "DbDatabase.h"
-#include "GiPicture.h"
+#include "drawing/picture.h"
 
 #include <cstdint>
 #include <string>

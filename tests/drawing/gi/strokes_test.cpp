@@ -1,5 +1,5 @@
 // Lines, areas, points and views of sheets: where they leave ink and where not.
-#include "DbDxf.h"
+#include "drawing/file.h"
 #include "tests/drawing/gi/shots.h"
 #include "tests/support/drawings.h"
 

@@ -1,0 +1,40 @@
+#include "console/app/command_loop.h"
+
+namespace console {
+namespace {
+
+// Enter alone repeats the command before; in a script it is what is left of a line.
+const Command* chosen(Session& session, const CommandTable& commands, const OdString& typed, const Command* before) {
+  if (typed.isEmpty())
+    return session.host().input().isScript() ? nullptr : before;
+  const Command* command = findCommand(commands, typed.str());
+  if (command == nullptr) {
+    session.say(Text::kUnknownCommand, {typed});
+    session.note(Status::Refused);
+    session.host().input().dropRestOfLine();
+  }
+  return command;
+}
+
+} // namespace
+
+void runCommands(Session& session, const CommandTable& commands) {
+  const OdString prompt = L"\n" + render(Text::kPromptCommand) + L" ";
+  const Command* command = nullptr;
+  while (!session.wantsQuit()) {
+    OdString typed;
+    const morvane::ReadStatus status = session.host().input().readAnswer(prompt, false, typed);
+    if (status == morvane::ReadStatus::kEnd)
+      break;
+    if (status == morvane::ReadStatus::kCancelled)
+      continue;
+    typed.trimLeft().trimRight();
+    if (const Command* next = chosen(session, commands, typed, command)) {
+      session.run(*next, commands);
+      command = next;
+    }
+  }
+  session.line().freshLine();
+}
+
+} // namespace console

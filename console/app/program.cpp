@@ -1,0 +1,169 @@
+#include "console/app/program.h"
+#include "console/app/command_loop.h"
+#include "console/app/input_choice.h"
+#include "console/app/registry.h"
+#include "console/drawings/drawing_io.h"
+#include "console/verbs/verb.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cctype>
+#include <charconv>
+#include <cstdio>
+#include <iostream>
+
+namespace console {
+namespace {
+
+constexpr char kVersion[] = "morvane 0.1.0";
+
+struct Options {
+  std::string drawing;
+  std::vector<std::string> commands; // a script's lines each
+  std::string script;
+  std::string configFile;
+  std::string maxMemory;
+  bool noPrompt = false;
+  drawing::ReadOptions reading;
+};
+
+SessionOptions sessionOptions(const Surroundings& surroundings, const Options& given) {
+  SessionOptions options{
+      surroundings.host, surroundings.talk, surroundings.results, false, given.noPrompt, given.reading, {}};
+  options.connectUser = [input = surroundings.input](Session& session) { answerFromUser(session, input); };
+  if (!given.configFile.empty())
+    options.host.configFile = given.configFile;
+  return options;
+}
+
+// Bytes, or with K, M or G behind the number units of 1024, its square and its cube; 0 for what is none.
+std::uint64_t bytesOf(std::string_view text) {
+  constexpr std::string_view kUnits = "KMG";
+  const auto unit = text.empty() ? std::string_view::npos : kUnits.find(static_cast<char>(text.back() & ~0x20));
+  const bool hasUnit = unit != std::string_view::npos && std::isalpha(static_cast<unsigned char>(text.back())) != 0;
+  const std::string_view digits = text.substr(0, text.size() - (hasUnit ? 1 : 0));
+  const unsigned shift = hasUnit ? 10 * (static_cast<unsigned>(unit) + 1) : 0;
+  std::uint64_t number = 0;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  const bool good = error == std::errc() && end == digits.data() + digits.size() && number <= (UINT64_MAX >> shift);
+  return good ? number << shift : 0;
+}
+
+// Options of reading hold for every sub-verb, too.
+void checkReading(Options& options) {
+  const std::string& encoding = options.reading.encoding;
+  if (!encoding.empty() && !drawing::isKnownEncoding(encoding))
+    verbs::refuseUsage(Text::kBadEncoding, "--encoding", encoding);
+  if (options.maxMemory.empty())
+    return;
+  options.reading.budget.bytes = bytesOf(options.maxMemory);
+  if (options.reading.budget.bytes == 0)
+    verbs::refuseUsage(Text::kBadMemory, "--max-memory", options.maxMemory);
+}
+
+// The answers of the session. False when the script cannot be read.
+bool chooseSource(Session& session, const Options& options, std::istream* given) {
+  session.host().input().setEcho(true); // a line editor echoes itself
+  if (!options.commands.empty()) {
+    std::string script;
+    for (const std::string& lines : options.commands)
+      script += lines + "\n";
+    session.answerFrom(std::make_shared<morvane::ScriptSource>(std::move(script)));
+  } else if (!options.script.empty()) {
+    auto script = morvane::ScriptSource::fromFile(options.script);
+    if (script == nullptr)
+      return false;
+    session.answerFrom(std::move(script));
+  } else {
+    answerFromUser(session, given);
+  }
+  return true;
+}
+
+Status runSession(Session& session, const Options& options, std::istream* given) {
+  if (!chooseSource(session, options, given)) {
+    session.say(Text::kScriptUnreadable, {OdString::fromUtf8(options.script)});
+    return Status::Unreadable;
+  }
+  const bool typed = !session.host().input().isScript();
+  if (!options.drawing.empty()) {
+    const Status opened = session.attempt("OPEN", Command::Kind::Looks, [&] { openDrawing(session, options.drawing); });
+    if (opened != Status::Done)
+      return opened;
+  }
+  runCommands(session, allCommands());
+  if (!session.wantsQuit() && session.isAnyModified())
+    session.say(Text::kUnsavedAtEnd);
+  return typed ? Status::Done : session.status();
+}
+
+void describeOptions(CLI::App& app, Options& options) {
+  app.add_option("drawing", options.drawing, "Drawing to open");
+  auto* commands = app.add_option("-c,--command", options.commands, "Commands to run, as a script would hold them");
+  commands->allow_extra_args(false);
+  app.add_option("-f,--file", options.script, "Script of commands to run")->excludes(commands);
+  app.add_option("--config", options.configFile, "File of settings in place of the user's own");
+  app.add_option("--encoding", options.reading.encoding, "Code page of drawings in place of the one they declare");
+  app.add_option("--max-memory", options.maxMemory, "Memory for reading a drawing, as 500M or 2G");
+  app.add_option("--max-depth", options.reading.budget.depth, "Definitions within definitions that are read (1000)")
+      ->check(CLI::Range(1U, UINT32_MAX));
+  app.add_flag("--no-prompt", options.noPrompt, "Questions are not asked but refused");
+  app.set_version_flag("--version", kVersion);
+  app.require_subcommand(0, 1);
+}
+
+// A job names its own file; what is left over falls through to the program's own.
+void refuseSecondFile(const CLI::App& app, const Options& options) {
+  if (!app.get_subcommands().empty() && !options.drawing.empty())
+    throw CLI::ExtrasError({options.drawing});
+}
+
+// CLI11 asks for the words in reverse.
+std::vector<std::string> reversed(const std::vector<std::string>& arguments) {
+  return {arguments.rbegin(), arguments.rend()};
+}
+
+} // namespace
+
+int runProgram(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
+  CLI::App app("Works on drawings: typed commands, scripts, and one-line jobs.", "morvane");
+  Options options;
+  describeOptions(app, options);
+  const auto verbs = verbs::allVerbs();
+  for (const auto& verb : verbs)
+    verb->describe(app);
+  for (CLI::App* verb : app.get_subcommands([](const CLI::App*) { return true; })) {
+    verb->fallthrough();
+    verb->footer("Also, as in morvane --help: --encoding, --max-memory, --max-depth, --config, --no-prompt");
+  }
+  const auto tell = [&](const std::string& text) {
+    surroundings.talk ? surroundings.talk(OdString::fromUtf8(text)) : void(std::fputs(text.c_str(), stderr));
+  };
+  try {
+    app.parse(reversed(arguments));
+    refuseSecondFile(app, options);
+    checkReading(options);
+    for (const auto& verb : verbs)
+      verb->check();
+  } catch (const CLI::Success& success) { // help or version
+    std::ostringstream text;
+    app.exit(success, text, text);
+    surroundings.results ? surroundings.results(OdString::fromUtf8(text.str())) : void(std::cout << text.str());
+    return 0;
+  } catch (const CLI::Error& error) {
+    tell("morvane: " + std::string(error.what()) + "\n");
+    return static_cast<int>(Status::Usage);
+  } catch (const Failure& failure) {
+    tell("morvane: " + failure.message.shown().toUtf8Lossless() + "\n");
+    return static_cast<int>(failure.status);
+  }
+  SessionOptions settings = sessionOptions(surroundings, options);
+  for (const auto& verb : verbs) {
+    if (verb->isChosen())
+      return static_cast<int>(verb->run(settings));
+  }
+  Session session(settings);
+  return static_cast<int>(runSession(session, options, surroundings.input));
+}
+
+} // namespace console

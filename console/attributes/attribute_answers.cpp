@@ -1,0 +1,107 @@
+#include "console/attributes/attribute_answers.h"
+#include "console/attributes/attributes.h"
+#include "console/prompts/selection.h"
+
+#include "DbBlockTable.h"
+#include "blockcommon/attributes.h"
+
+#include <set>
+
+namespace console {
+namespace {
+
+// Definitions that are never constant, in their order; the i-th belongs to the i-th attribute.
+std::vector<OdDbObjectId> definitionsIn(OdDbObjectId block) {
+  std::vector<OdDbObjectId> found;
+  for (const OdDbObjectId id : objectsOf(block)) {
+    const auto definition = OdDbAttributeDefinition::cast(id.safeOpenObject());
+    if (!definition.isNull() && !definition->isConstant())
+      found.push_back(id);
+  }
+  return found;
+}
+
+// Which of the definitions have been answered beforehand.
+std::set<OdDbObjectId> answered(OdDbObjectId block, const AttributeAnswers& answers) {
+  const std::vector<OdDbObjectId> definitions = definitionsIn(block);
+  TagPlaces places;
+  for (const OdDbObjectId id : definitions)
+    places.add(OdDbAttributeDefinitionPtr(id.safeOpenObject())->tag());
+  std::set<OdDbObjectId> known;
+  for (const auto& [typed, value] : answers.given) {
+    if (const auto place = places.findTyped(typed))
+      known.insert(definitions[*place]);
+  }
+  return known;
+}
+
+// Definitions that are preset are not asked for; for its lifetime these are.
+class NotAsked {
+public:
+  explicit NotAsked(const std::set<OdDbObjectId>& definitions) {
+    for (const OdDbObjectId id : definitions) {
+      const OdDbAttributeDefinitionPtr definition = id.safeOpenObject(OdDb::kForWrite);
+      if (definition.isNull() || definition->isPreset())
+        continue;
+      definition->setPreset(true);
+      changed_.push_back(id);
+    }
+  }
+  ~NotAsked() {
+    for (const OdDbObjectId id : changed_)
+      OdDbAttributeDefinitionPtr(id.safeOpenObject(OdDb::kForWrite))->setPreset(false);
+  }
+  NotAsked(const NotAsked&) = delete;
+  NotAsked& operator=(const NotAsked&) = delete;
+
+private:
+  std::vector<OdDbObjectId> changed_;
+};
+
+OdString tagsOf(const ReferenceAttributes& attributes) {
+  std::vector<OdString> tags;
+  for (const AttributeRow& row : attributes.rows())
+    tags.push_back(attributeName(row));
+  return nameList(tags);
+}
+
+void setGiven(OdDbBlockReference& reference, const AttributeAnswers& answers) {
+  const ReferenceAttributes attributes(reference);
+  for (const auto& [typed, value] : answers.given) {
+    const AttributeRow* row = attributes.findTyped(typed);
+    if (row == nullptr)
+      refuse(Text::kNoSuchTag, {typed, tagsOf(attributes)});
+    if (changeValue(row->attribute, value) == ValueChange::Lines)
+      refuse(Text::kAttributeLines, {attributeName(*row), value});
+  }
+}
+
+} // namespace
+
+std::vector<OdString> questionsOf(OdDbObjectId block, const AttributeAnswers& answers) {
+  std::vector<OdString> questions;
+  const std::set<OdDbObjectId> known = answered(block, answers);
+  for (const OdDbObjectId id : answers.takesDefaults ? std::vector<OdDbObjectId>() : definitionsIn(block)) {
+    const OdDbAttributeDefinitionPtr definition = id.safeOpenObject();
+    if (!definition->isPreset() && known.count(id) == 0)
+      questions.push_back(definition->prompt().isEmpty() ? definition->tag() : definition->prompt());
+  }
+  return questions;
+}
+
+void giveAttributes(Session& session, const OdDbBlockReferencePtr& reference, const AttributeAnswers& answers) {
+  const OdDbObjectId block = reference->blockTableRecord();
+  const std::vector<OdString> questions = questionsOf(block, answers);
+  if (!questions.empty() && !session.mayAsk())
+    refuse(Text::kAttributesNeeded, {nameList(questions)});
+  if (!insertCommon::processAttributesForInsert(reference, true))
+    throw OdError(eInvalidInput);
+  setGiven(*reference, answers);
+  if (questions.empty())
+    return;
+  const NotAsked unasked(answered(block, answers));
+  if (!insertCommon::processAttributesForInsert(reference, false))
+    cancel();
+}
+
+} // namespace console

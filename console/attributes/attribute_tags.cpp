@@ -1,0 +1,57 @@
+#include "console/attributes/attribute_tags.h"
+
+#include <charconv>
+
+namespace console {
+namespace {
+
+// The number behind the last '#'; nothing when there is none.
+std::optional<int> ordinalOf(const OdString& typed, int sharp) {
+  const std::string digits = typed.mid(sharp + 1).toUtf8();
+  int ordinal = 0;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), ordinal);
+  const bool whole = error == std::errc() && end == digits.data() + digits.size();
+  return whole ? std::optional(ordinal) : std::nullopt;
+}
+
+} // namespace
+
+std::wstring foldedTag(const OdString& tag) {
+  OdString capitals = tag;
+  for (int i = 0; i < capitals.getLength(); ++i)
+    capitals.setAt(i, odFoldCase(capitals.getAt(i)));
+  return capitals.str();
+}
+
+int TagPlaces::add(const OdString& tag) {
+  std::vector<std::size_t>& places = places_[foldedTag(tag)];
+  places.push_back(size_++);
+  return static_cast<int>(places.size());
+}
+
+std::size_t TagPlaces::count(const OdString& tag) const {
+  const auto found = places_.find(foldedTag(tag));
+  return found == places_.end() ? 0 : found->second.size();
+}
+
+std::optional<std::size_t> TagPlaces::find(const OdString& tag, int ordinal) const {
+  const auto found = places_.find(foldedTag(tag));
+  if (found == places_.end() || ordinal < 1 || static_cast<std::size_t>(ordinal) > found->second.size())
+    return std::nullopt;
+  return found->second[static_cast<std::size_t>(ordinal) - 1];
+}
+
+std::optional<std::size_t> TagPlaces::findTyped(const OdString& typed) const {
+  if (const auto whole = find(typed, 1))
+    return whole;
+  const int sharp = typed.reverseFind(L'#');
+  const std::optional<int> ordinal = sharp < 0 ? std::nullopt : ordinalOf(typed, sharp);
+  if (!ordinal)
+    return std::nullopt;
+  if (sharp > 0)
+    return find(typed.left(sharp), *ordinal);
+  const bool there = *ordinal >= 1 && static_cast<std::size_t>(*ordinal) <= size_;
+  return there ? std::optional(static_cast<std::size_t>(*ordinal) - 1) : std::nullopt;
+}
+
+} // namespace console

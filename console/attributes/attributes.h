@@ -1,0 +1,54 @@
+// Attributes of references: how they are named, listed and changed.
+#pragma once
+
+#include "console/attributes/attribute_tags.h"
+
+#include "DbBlockReference.h"
+#include "OdString.h"
+
+#include <vector>
+
+class OdDbDatabase;
+
+namespace console {
+
+// Attributes of one tag are told apart by their ordinal, in their order on the reference.
+struct AttributeRow {
+  OdDbObjectId reference, attribute;
+  OdString block; // of a dynamic block, the name that people know it by
+  OdString tag;
+  int ordinal = 1;
+  OdString value; // lines of a multi-line one stand behind \P
+  std::vector<const char*> flags;
+};
+
+// The attributes of one reference.
+class ReferenceAttributes {
+public:
+  explicit ReferenceAttributes(const OdDbBlockReference& reference);
+  const std::vector<AttributeRow>& rows() const { return rows_; }
+  std::size_t count(const OdString& tag) const { return places_.count(tag); }
+  // Null when there is none.
+  const AttributeRow* find(const OdString& tag, int ordinal) const { return at(places_.find(tag, ordinal)); }
+  const AttributeRow* findTyped(const OdString& typed) const { return at(places_.findTyped(typed)); }
+
+private:
+  const AttributeRow* at(std::optional<std::size_t> place) const;
+  std::vector<AttributeRow> rows_;
+  TagPlaces places_;
+};
+
+// "TAG", or "TAG#2" for the second of that tag.
+OdString attributeName(const AttributeRow& row);
+OdString shownBlockName(const OdDbBlockReference& reference);
+
+// The attributes of all references of the drawing: those of the spaces and of every definition, in the order of the
+// block table and of their blocks. External references keep theirs to themselves.
+std::vector<AttributeRow> attributesOf(const OdDbDatabase& database);
+
+enum class ValueChange { Set, SetWithoutField, Same, Locked, Constant, Lines };
+// Gives it the value unless it, or its reference, is on a locked layer, it is constant, or it has one line and the
+// value has several. A field that computed the value goes. Line breaks become \P in a multi-line one.
+ValueChange changeValue(OdDbObjectId attribute, OdString value);
+
+} // namespace console

@@ -1,0 +1,86 @@
+#include "console/blocks/insert_preview.h"
+#include "console/blocks/insert_source.h"
+#include "console/blocks/make_block.h"
+#include "console/blocks/reference_placement.h"
+#include "console/messages/number_text.h"
+
+#include "DbBlockTable.h"
+#include "drawing/compare.h"
+
+namespace console {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+struct Kind {
+  OdDb::SymbolTableKind table;
+  const char* name;
+};
+
+constexpr Kind kKinds[] = {{OdDb::kLayerTable, "layer"},
+                           {OdDb::kLinetypeTable, "line type"},
+                           {OdDb::kTextStyleTable, "text style"},
+                           {OdDb::kDimStyleTable, "dimension style"}};
+
+// Records of both drawings under one name that are not the same.
+Json keptRecords(Session& session, const OdDbDatabase& source) {
+  Json kept = Json::array();
+  for (const Kind& kind : kKinds) {
+    std::vector<OdString> names;
+    const OdDbSymbolTablePtr table = source.getSymbolTableId(kind.table).safeOpenObject();
+    for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
+      const OdString name = walk->getRecord()->getName();
+      const OdDbObjectId own = session.database().symbol(kind.table, name);
+      if (own.isNull() || drawing::sameRecord(walk->getRecordId(), own))
+        continue;
+      names.push_back(name);
+      kept.push_back({{"kind", kind.name}, {"name", name.toUtf8Lossless()}});
+    }
+    if (!names.empty())
+      session.result(Text::kPreviewKept, {OdString::fromUtf8(kind.name), nameList(names)});
+  }
+  return kept;
+}
+
+Json clash(Session& session, const OdString& name, bool same) {
+  session.result(same ? Text::kPreviewSame : Text::kPreviewOther, {name});
+  return {{"name", name.toUtf8Lossless()}, {"same", same}};
+}
+
+void addQuestions(Session& session, Json& json, double factor, const std::vector<OdString>& questions) {
+  session.result(Text::kUnitsFactor, {exactText(factor)});
+  json["factor"] = factor;
+  json["questions"] = Json::array();
+  for (const OdString& question : questions) {
+    session.result(Text::kPreviewQuestion, {question});
+    json["questions"].push_back(question.toUtf8Lossless());
+  }
+}
+
+} // namespace
+
+Json previewFile(Session& session, const std::string& path, const OdString& name, const AttributeAnswers& answers) {
+  const BlockSource source = readBlockSource(session, path, name);
+  session.result(Text::kPreviewFile, {OdString::fromUtf8(path), source.name});
+  Json json = {{"file", path}, {"block", source.name.toUtf8Lossless()}, {"clashes", Json::array()}};
+  if (const OdDbObjectId there = definitionOf(session, source.name); !there.isNull())
+    json["clashes"].push_back(
+        clash(session, source.name, drawing::sameDefinition(source.database->getModelSpaceId(), there)));
+  for (const NestedClash& nested : nestedClashes(*source.database, session.database()))
+    json["clashes"].push_back(clash(session, nested.name, nested.same));
+  json["kept"] = keptRecords(session, *source.database);
+  addQuestions(session, json, unitsFactor(session.database(), source.database->getINSUNITS()),
+               questionsOf(source.database->getModelSpaceId(), answers));
+  return json;
+}
+
+Json previewBlock(Session& session, const OdString& name, const AttributeAnswers& answers) {
+  const OdDbObjectId block = definitionOf(session, name);
+  if (block.isNull())
+    refuse(Text::kNoSuchBlock, {name});
+  Json json = {{"file", Json()}, {"block", name.toUtf8Lossless()}, {"clashes", Json::array()}, {"kept", Json::array()}};
+  addQuestions(session, json, unitsFactor(block), questionsOf(block, answers));
+  return json;
+}
+
+} // namespace console

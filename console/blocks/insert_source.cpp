@@ -1,0 +1,209 @@
+#include "console/blocks/insert_source.h"
+#include "console/blocks/external_references.h"
+#include "console/blocks/make_block.h"
+#include "console/drawings/drawing_io.h"
+#include "console/prompts/selection.h"
+
+#include "DbBlockReference.h"
+#include "DbBlockTable.h"
+#include "blockcommon/document_queries.h"
+#include "blockcommon/insertion.h"
+#include "blockcommon/messages.h"
+#include "blockcommon/properties.h"
+#include "drawing/compare.h"
+#include "drawing/names.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <unordered_set>
+
+namespace console {
+namespace {
+
+OdDbObjectId blockIn(const OdDbDatabase& database, const OdString& name) {
+  return database.symbol(OdDb::kBlockTable, name);
+}
+
+OdString nameOf(OdDbObjectId block) {
+  return OdDbBlockTableRecordPtr(block.safeOpenObject())->getName();
+}
+
+// Named definitions that model space shows, at any depth.
+std::vector<OdDbObjectId> definitionsBelow(const OdDbDatabase& source) {
+  std::vector<OdDbObjectId> found{source.getModelSpaceId()};
+  std::unordered_set<OdDbObjectId> seen(found.begin(), found.end());
+  for (std::size_t at = 0; at < found.size(); ++at) { // grows meanwhile
+    for (const OdDbObjectId id : objectsOf(found[at])) {
+      const OdDbBlockReferencePtr reference = OdDbBlockReference::cast(id.safeOpenObject());
+      const OdDbObjectId shown = reference.isNull() ? OdDbObjectId() : reference->blockTableRecord();
+      if (!shown.safeOpenObject().isNull() && seen.insert(shown).second)
+        found.push_back(shown);
+    }
+  }
+  found.erase(found.begin());
+  const auto isAnonymous = [](OdDbObjectId id) { return OdDbBlockTableRecordPtr(id.safeOpenObject())->isAnonymous(); };
+  found.erase(std::remove_if(found.begin(), found.end(), isAnonymous), found.end());
+  return found;
+}
+
+// Of the names "door", "door-2", "door-3" ... the first under which the contents can be beside what there is: the
+// target has none of it, or one with the same contents; no other definition of their own drawing has it.
+OdString nameApart(OdDbObjectId contents, const OdString& name, const OdDbDatabase& target) {
+  OdString apart = name;
+  for (int number = 2;; ++number) {
+    const OdDbObjectId own = blockIn(*contents.database(), apart), there = blockIn(target, apart);
+    const bool isOwn = own.isNull() || own == contents || number == 2;
+    if (isOwn && (there.isNull() || drawing::sameDefinition(contents, there)))
+      return apart;
+    apart = name + L"-" + OdString(std::to_wstring(number));
+  }
+}
+
+// Definitions of other contents get free names in the file, so that they come in beside the drawing's.
+void setNestedApart(const BlockSource& source, const OdDbDatabase& target, BroughtIn& result) {
+  for (const NestedClash& clash : nestedClashes(*source.database, target)) {
+    if (clash.same)
+      continue;
+    const OdString now = nameApart(blockIn(*source.database, clash.name), clash.name, target);
+    if (drawing::renameRecord(*source.database, OdDb::kBlockTable, clash.name, now) == drawing::RenameResult::Done)
+      result.renamed.push_back({clash.name, now});
+    else
+      result.kept.push_back(clash.name);
+  }
+}
+
+void listKept(const BlockSource& source, const OdDbDatabase& target, BroughtIn& result) {
+  for (const NestedClash& clash : nestedClashes(*source.database, target)) {
+    if (!clash.same)
+      result.kept.push_back(clash.name);
+  }
+}
+
+// The steps of inserting a file that has been read already.
+OdDbObjectId insertAs(Session& session, const BlockSource& source, const OdString& name) {
+  OdString edited;
+  insertCommon::getBeditBlockName(edited);
+  if (insertCommon::checkSameBlock(source.database, edited)) {
+    insertCommon::CancelInsertTips(edited);
+    refuse(Text::kDefinesEdited, {OdString::fromUtf8(source.path), edited});
+  }
+  OdDbObjectId block;
+  if (!insertCommon::insertDb(source.database, name, block))
+    refuse(Text::kNotInserted, {OdString::fromUtf8(source.path), name});
+  for (const drawing::Issue& issue : session.database().insertReport().issues())
+    session.say(Text::kInsertNote, {OdString::fromUtf8(source.path), OdString::fromUtf8(drawing::describe(issue))});
+  insertCommon::setExplodableInfo(source.database, block);
+  if (!blockUtils::setBtrInsertUnit(block, source.database->getINSUNITS()))
+    refuse(Text::kNotInserted, {OdString::fromUtf8(source.path), name});
+  return block;
+}
+
+bool lastBoxWasClosed(const Session& session) {
+  const auto& said = session.said();
+  const auto box = std::find_if(said.rbegin(), said.rend(), [](const Said& one) { return one.box.has_value(); });
+  return box == said.rend() || box->box->pressed == morvane::MessageBoxes::kClosed;
+}
+
+[[noreturn]] void refuseClash(const BlockSource& source, OdDbObjectId there) {
+  const bool same = drawing::sameDefinition(source.database->getModelSpaceId(), there);
+  refuse(same ? Text::kClashSame : Text::kClashOther, {OdString::fromUtf8(source.path), nameOf(there)});
+}
+
+// The user replaces the definition, keeps it, or gives up.
+OnClash askClash(Session& session, const BlockSource& source, OdDbObjectId there) {
+  constexpr int kReplace = 0;
+  if (dlgTips::showBlockRedefineTips(source.name, static_cast<int>(referencesTo(there))) == kReplace)
+    return OnClash::Replace;
+  if (!session.mayAsk())
+    refuseClash(source, there);
+  if (lastBoxWasClosed(session))
+    cancel();
+  return OnClash::Keep;
+}
+
+void refuseUnfit(OdDbObjectId there) {
+  const OdDbBlockTableRecordPtr record = there.safeOpenObject();
+  if (!record->isFromExternalReference())
+    return;
+  dlgTips::showBlockExtRefErrorTips();
+  refuse(Text::kNameExternal, {record->getName()});
+}
+
+// Which definition the file will be, and whether the one that is there is it.
+void settleClash(const BlockSource& source, OdDbObjectId there, OnClash onClash, BroughtIn& result) {
+  using How = BroughtIn::How;
+  const OdDbDatabase& target = *there.database();
+  if (onClash == OnClash::Refuse)
+    refuseClash(source, there);
+  const OdDbObjectId contents = source.database->getModelSpaceId();
+  result.name = onClash == OnClash::Rename ? nameApart(contents, source.name, target) : nameOf(there);
+  result.block = blockIn(target, result.name);
+  const bool same = !result.block.isNull() && drawing::sameDefinition(contents, result.block);
+  if (onClash == OnClash::Replace)
+    result.how = How::Replaced;
+  else if (result.block.isNull())
+    result.how = How::Renamed;
+  else
+    result.how = same ? How::Shared : How::Kept;
+}
+
+void tell(Session& session, const BlockSource& source, const BroughtIn& result) {
+  using How = BroughtIn::How;
+  const OdString path = OdString::fromUtf8(source.path);
+  if (result.how == How::Kept)
+    session.say(Text::kClashKept, {path, result.name});
+  else if (result.how == How::Shared)
+    session.say(Text::kClashShared, {path, result.name});
+  else if (result.how == How::Replaced)
+    session.say(Text::kClashReplaced, {path, result.name});
+  else if (result.how == How::Renamed)
+    session.say(Text::kClashRenamed, {path, source.name, result.name});
+  for (const BroughtIn::Nested& nested : result.renamed)
+    session.say(Text::kNestedRenamed, {path, nested.name, nested.now});
+  if (!result.kept.empty())
+    session.say(Text::kNestedKept, {path, nameList(result.kept)});
+}
+
+} // namespace
+
+BlockSource readBlockSource(Session& session, const std::string& path, const OdString& name) {
+  BlockSource source{path, name, readBeside(session, path)};
+  if (source.name.isEmpty())
+    source.name = OdString::fromUtf8(std::filesystem::path(path).stem().string());
+  return source;
+}
+
+std::vector<NestedClash> nestedClashes(const OdDbDatabase& source, const OdDbDatabase& target) {
+  std::vector<NestedClash> clashes;
+  for (const OdDbObjectId block : definitionsBelow(source)) {
+    const OdString name = nameOf(block);
+    if (const OdDbObjectId there = blockIn(target, name); !there.isNull())
+      clashes.push_back({name, drawing::sameDefinition(block, there)});
+  }
+  return clashes;
+}
+
+BroughtIn bringIn(Session& session, const BlockSource& source, OnClash onClash) {
+  using How = BroughtIn::How;
+  OdDbDatabase& target = session.database();
+  checkBlockName(session, source.name);
+  BroughtIn result{How::Made, {}, source.name, {}, {}};
+  if (const OdDbObjectId there = blockIn(target, source.name); !there.isNull()) {
+    refuseUnfit(there);
+    if (onClash == OnClash::Ask)
+      onClash = askClash(session, source, there);
+    settleClash(source, there, onClash, result);
+  }
+  if (result.how != How::Kept && result.how != How::Shared) {
+    if (onClash == OnClash::Rename)
+      setNestedApart(source, target, result);
+    else
+      listKept(source, target, result);
+    result.block = insertAs(session, source, result.name);
+    loadNewXrefs(session);
+  }
+  tell(session, source, result);
+  return result;
+}
+
+} // namespace console

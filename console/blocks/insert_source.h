@@ -1,0 +1,55 @@
+// Drawing files that come into the open drawing as blocks.
+#pragma once
+
+#include "console/session/session.h"
+
+#include "DbDatabase.h"
+
+#include <string>
+#include <vector>
+
+namespace console {
+
+struct BlockSource {
+  std::string path; // of this system
+  OdString name;    // of the block; the file's own name unless another one was given
+  OdDbDatabasePtr database;
+};
+
+// Reads the file. What was repaired is told and noted; a file that cannot be read throws.
+BlockSource readBlockSource(Session& session, const std::string& path, const OdString& name);
+
+// What happens when a block of the name is there.
+enum class OnClash { Ask, Refuse, Keep, Replace, Rename };
+
+struct BroughtIn {
+  enum class How {
+    Made,
+    Replaced, // the drawing's own definition
+    Kept,     // the drawing's own definition, which has other contents
+    Shared,   // the drawing's own definition, which has the same contents
+    Renamed   // made under a free name
+  };
+  How how = How::Made;
+  OdDbObjectId block;
+  OdString name;
+  struct Nested {
+    OdString name, now;
+  };
+  std::vector<Nested> renamed; // definitions in the file that came in under another name
+  std::vector<OdString> kept;  // definitions in the file whose place the drawing's own ones of that name take
+};
+
+// Makes the block, or refills it, or answers the one that is there; throws when that is refused or cancelled. Nested
+// definitions that the drawing has with other contents give way to the drawing's, with OnClash::Rename they come in
+// under free names. Everything but the block made under its own name is told.
+BroughtIn bringIn(Session& session, const BlockSource& source, OnClash onClash);
+
+// Definitions in the file, in any depth below model space, which the drawing has under the same name.
+struct NestedClash {
+  OdString name;
+  bool same = false; // in contents
+};
+std::vector<NestedClash> nestedClashes(const OdDbDatabase& source, const OdDbDatabase& target);
+
+} // namespace console

@@ -1,0 +1,33 @@
+// Where a block is written: the name that was typed, settled and tested, and what is remembered from one time to the
+// next in the user's configuration.
+#pragma once
+
+#include "console/session/session.h"
+
+#include <string>
+
+namespace console {
+
+// Settles the ending of what was typed: none, or another, gets .dxf behind it, .DXF becomes .dxf; a name that changed
+// is told. Throws for no name and for the name of a DWG file, which cannot be written yet.
+OdString settledName(Session& session, const OdString& typed);
+
+// The version that was used last, as it can be written; the newest where none that is known is remembered. A remembered
+// DWG becomes DXF of the same version, which is told.
+OdDb::DwgVersion rememberedVersion(Session& session);
+
+// The file in full, as this system spells it, once it may be written. A name alone is below the folder of the file that
+// was written last, if that is still there, a relative path below that of the drawing. Throws when it cannot be a
+// target or the user does not want it replaced. `askedTarget` asks that, and refuses open drawings; `givenTarget`,
+// which needs no drawing yet, goes by `mayReplace` and starts at the working folder. Both take what settledName
+// answers.
+std::string askedTarget(Session& session, const OdString& name);
+std::string givenTarget(Session& session, const OdString& name, bool mayReplace);
+
+// Throws for the file of an open drawing: the console and the file would disagree from then on.
+void refuseOpenDrawing(Session& session, const std::string& path);
+
+// After writing.
+void rememberTarget(Session& session, const std::string& path, OdDb::DwgVersion version);
+
+} // namespace console

@@ -1,0 +1,177 @@
+#include "console/drawings/drawing_io.h"
+
+#include "DbBlockTable.h"
+#include "drawing/file.h"
+#include "drawing/files.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace console {
+namespace {
+
+OdString asText(const std::string& bytes) {
+  return OdString::fromUtf8(bytes);
+}
+
+bool isLoss(const drawing::Issue& issue) {
+  return issue.severity >= drawing::Severity::Repaired;
+}
+
+// A line for each thing that was repaired or lost, and how many there were.
+void tellIssues(Session& session, const std::string& path, const drawing::Report& report, Text line) {
+  constexpr std::size_t kMostLines = 20;
+  std::size_t told = 0;
+  for (const drawing::Issue& issue : report.issues()) {
+    if (isLoss(issue) && ++told <= kMostLines)
+      session.say(line, {asText(path), asText(drawing::describe(issue))});
+  }
+  told += report.suppressed();
+  if (told > kMostLines)
+    session.say(Text::kMoreIssues, {asText(path), count(told - kMostLines)});
+}
+
+std::size_t losses(const drawing::Report& report) {
+  const auto& issues = report.issues();
+  return static_cast<std::size_t>(std::count_if(issues.begin(), issues.end(), isLoss)) + report.suppressed();
+}
+
+bool fileStatus(const std::string& path, drawing::FileStatus& status) {
+  return drawing::fileOperations().stat(path, status).ok();
+}
+
+bool isSameFile(const std::string& one, const std::string& other) {
+  drawing::FileStatus first;
+  drawing::FileStatus second;
+  return fileStatus(one, first) && fileStatus(other, second) && first.device == second.device &&
+         first.file == second.file;
+}
+
+drawing::ReadResult readOrThrow(Session& session, const std::string& path) {
+  drawing::ReadResult read = drawing::readDrawing(path, session.reading());
+  session.addIssues(read.report);
+  if (read.database.isNull())
+    throw Failure{Status::Unreadable, {Text::kUnreadable, {asText(read.message)}}};
+  return read;
+}
+
+void tellRepaired(Session& session, const std::string& path, const drawing::Report& report, bool tellsIssues) {
+  session.say(Text::kRepaired, {asText(path), count(losses(report))});
+  if (tellsIssues)
+    tellIssues(session, path, report, Text::kReadIssue);
+  session.note(Status::Repaired);
+}
+
+std::size_t objectsInModelSpace(const OdDbDatabase& database) {
+  const OdDbBlockTableRecordPtr space = database.getModelSpaceId().safeOpenObject();
+  std::size_t objects = 0;
+  if (!space.isNull()) {
+    for (const auto walk = space->newIterator(); !walk->done(); walk->step())
+      ++objects;
+  }
+  return objects;
+}
+
+} // namespace
+
+void tellXrefs(Session& session) {
+  constexpr std::size_t kMostLines = 20;
+  const std::string& path = session.drawing().path;
+  const OdString name = path.empty() ? render(Text::kUnsavedName) : asText(path);
+  const drawing::Report& report = session.drawing().document->xrefReport();
+  session.addIssues(report);
+  const auto& issues = report.issues();
+  for (std::size_t i = 0; i < issues.size() && i < kMostLines; ++i)
+    session.say(Text::kXrefNote, {name, asText(issues[i].found)});
+  const std::size_t all = issues.size() + report.suppressed();
+  if (all > kMostLines)
+    session.say(Text::kMoreIssues, {name, count(all - kMostLines)});
+}
+
+drawing::Report openDrawing(Session& session, const std::string& path, bool tellsIssues) {
+  const drawing::ReadResult read = readOrThrow(session, path);
+  const bool repaired = read.report.outcome() != drawing::Outcome::Whole;
+  session.adopt(read.database, path, repaired);
+  session.say(Text::kOpened, {asText(path), count(objectsInModelSpace(*read.database)),
+                              asText(drawing::versionYear(read.database->facts().version))});
+  tellXrefs(session);
+  if (repaired)
+    tellRepaired(session, path, read.report, tellsIssues);
+  return read.report;
+}
+
+OdDbDatabasePtr readBeside(Session& session, const std::string& path) {
+  const drawing::ReadResult read = readOrThrow(session, path);
+  if (read.report.outcome() != drawing::Outcome::Whole)
+    tellRepaired(session, path, read.report, true);
+  return read.database;
+}
+
+void tellLosses(Session& session, const std::string& path, const drawing::Report& report) {
+  session.addIssues(report);
+  tellIssues(session, path, report, Text::kVersionLoss);
+  if (losses(report) > 0)
+    session.note(Status::Repaired);
+}
+
+void writeFile(Session& session, const OdDbDatabase& database, const SaveRequest& request) {
+  checkDrawingName(request.path);
+  if (!request.mayReplace && fileExists(request.path))
+    refuse(Text::kFileExists, {asText(request.path)});
+  drawing::WriteOptions options;
+  options.version = request.version;
+  options.form = request.form;
+  options.refuseExisting = !request.mayReplace;
+  const drawing::WriteResult written = drawing::writeDrawing(database, request.path, options);
+  if (written.result != eOk)
+    throw Failure{Status::SaveFailed, {Text::kSaveFailed, {asText(written.message)}}};
+  tellLosses(session, request.path, written.report);
+}
+
+void saveDrawing(Session& session, const SaveRequest& request) {
+  if (!request.mayReplace && isOwnFileRepaired(session, request.path))
+    refuse(Text::kRepairedOwnFile, {asText(request.path)});
+  writeFile(session, session.database(), request);
+  session.result(Text::kSaved, {asText(request.path), asText(versionToWrite(session.database(), request.version))});
+  session.savedAs(request.path);
+}
+
+void writeBytes(const std::string& path, std::string_view bytes, bool mayReplace) {
+  if (!mayReplace && fileExists(path))
+    refuse(Text::kFileExists, {asText(path)});
+  drawing::ReplaceOptions how;
+  how.refuseExisting = !mayReplace;
+  const drawing::FileError written = drawing::replaceFile(
+      path, [bytes](drawing::FileSink& sink) { return sink.append(bytes), drawing::FileError(); }, how);
+  if (!written.ok())
+    throw Failure{Status::SaveFailed, {Text::kSaveFailed, {asText(written.text)}}};
+}
+
+bool fileExists(const std::string& path) {
+  drawing::FileStatus status;
+  return fileStatus(path, status);
+}
+
+bool isOrdinaryFile(const std::string& path) {
+  std::error_code error;
+  return std::filesystem::is_regular_file(path, error);
+}
+
+bool isOwnFileRepaired(Session& session, const std::string& path) {
+  const OpenDrawing& drawing = session.drawing();
+  return drawing.repaired && !drawing.path.empty() && isSameFile(drawing.path, path);
+}
+
+std::string versionToWrite(const OdDbDatabase& database, OdDb::DwgVersion wanted) {
+  const OdDb::DwgVersion version = wanted == OdDb::kVersionUnknown ? database.facts().version : wanted;
+  return drawing::versionYear(drawing::writtenVersion(version));
+}
+
+void checkDrawingName(const std::string& path) {
+  if (path.empty())
+    refuse(Text::kNoFileName);
+  if (path.size() >= 4 && asText(path.substr(path.size() - 4)).iCompare(L".dwg") == 0)
+    refuse(Text::kNotADrawingName, {asText(path)});
+}
+
+} // namespace console

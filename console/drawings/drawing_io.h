@@ -1,0 +1,48 @@
+// Drawings from files and back, with what is told about it.
+#pragma once
+
+#include "console/session/session.h"
+
+#include "drawing/file.h"
+
+#include <string>
+#include <string_view>
+
+namespace console {
+
+// Reads the file in place of the open drawing. A repaired drawing is told and noted; one that cannot be read throws,
+// and the open drawing stays. `tellsIssues` false: what was repaired is only counted, not listed. Answers the report of
+// the reading.
+drawing::Report openDrawing(Session& session, const std::string& path, bool tellsIssues = true);
+
+// Reads the file beside the open drawing. What was repaired is told and noted; a file that cannot be read throws.
+OdDbDatabasePtr readBeside(Session& session, const std::string& path);
+
+struct SaveRequest {
+  std::string path;
+  OdDb::DwgVersion version = OdDb::kVersionUnknown; // unknown: the version that the drawing came in
+  drawing::WriteOptions::Form form = drawing::WriteOptions::AsRead;
+  bool mayReplace = false; // an existing file
+};
+
+// Writes any drawing; what the version cannot hold is told and noted. Throws and changes no file when that fails, for a
+// name that is no drawing's, and for a file that is there and may not be replaced.
+void writeFile(Session& session, const OdDbDatabase& database, const SaveRequest& request);
+// The same of the open drawing, which is that file from then on.
+void saveDrawing(Session& session, const SaveRequest& request);
+void tellLosses(Session& session, const std::string& path, const drawing::Report& report);
+
+// What could not be loaded of the external references of the open drawing. Nothing is lost by it.
+void tellXrefs(Session& session);
+
+// Any file, as a whole. Throws and changes no file when that fails, and when it is there and may not be replaced.
+void writeBytes(const std::string& path, std::string_view bytes, bool mayReplace);
+
+bool fileExists(const std::string& path);
+bool isOrdinaryFile(const std::string& path);                      // or a link to one
+bool isOwnFileRepaired(Session& session, const std::string& path); // the file that the repaired drawing was read from
+std::string versionToWrite(const OdDbDatabase& database, OdDb::DwgVersion wanted);
+// Refuses the names of files that would not be what they are called.
+void checkDrawingName(const std::string& path);
+
+} // namespace console

@@ -1,5 +1,0 @@
-#include "console/program.h"
-
-int main(int argc, char** argv) {
-  return console::runProgram({argv + 1, argv + argc});
-}

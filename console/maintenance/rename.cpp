@@ -1,0 +1,68 @@
+#include "console/maintenance/rename.h"
+#include "console/blocks/make_block.h"
+
+#include "blockcommon/block_names.h"
+#include "drawing/names.h"
+
+namespace console {
+namespace {
+
+struct Refusal {
+  drawing::RenameResult result;
+  Text text;
+  bool ofNewName; // else the old one is named
+};
+
+constexpr Refusal kRefusals[] = {
+    {drawing::RenameResult::Unknown, Text::kRenameUnknown, false},
+    {drawing::RenameResult::Taken, Text::kRenameTaken, true},
+    {drawing::RenameResult::Fixed, Text::kRenameFixed, false},
+    {drawing::RenameResult::Illegal, Text::kRenameIllegal, true},
+    {drawing::RenameResult::Space, Text::kRenameFixed, false},
+};
+
+// Which block has the name is the working drawing's matter; the rules of the library come on top of the engine's.
+void checkNewName(Session& session, OdDb::SymbolTableKind kind, const OdString& to) {
+  if (kind == OdDb::kBlockTable)
+    return checkBlockName(session, to);
+  bool notUtf8 = false;
+  if (!blockUtils::isLigitimacyName(to, notUtf8))
+    refuse(Text::kRenameIllegal, {OdString::fromUtf8(renameKindName(kind)), to});
+}
+
+} // namespace
+
+const char* renameKindName(OdDb::SymbolTableKind kind) {
+  struct Name {
+    OdDb::SymbolTableKind kind;
+    const char* name;
+  };
+  constexpr Name kNames[] = {{OdDb::kBlockTable, "block"},
+                             {OdDb::kLayerTable, "layer"},
+                             {OdDb::kLinetypeTable, "line type"},
+                             {OdDb::kTextStyleTable, "text style"},
+                             {OdDb::kDimStyleTable, "dimension style"}};
+  for (const Name& name : kNames) {
+    if (name.kind == kind)
+      return name.name;
+  }
+  return "";
+}
+
+void renameThing(Session& session, OdDb::SymbolTableKind kind, const OdString& from, const OdString& to) {
+  const OdString what = OdString::fromUtf8(renameKindName(kind));
+  if (kind == OdDb::kBlockTable && blockUtils::isExternalDependent(from))
+    refuse(Text::kNameExternal, {from});
+  checkNewName(session, kind, to);
+  const drawing::RenameResult result = drawing::renameRecord(session.database(), kind, from, to);
+  if (result == drawing::RenameResult::External)
+    refuse(Text::kNameExternal, {from});
+  if (result == drawing::RenameResult::Anonymous)
+    refuse(Text::kNameAnonymous, {from});
+  for (const Refusal& refusal : kRefusals) {
+    if (refusal.result == result)
+      refuse(refusal.text, {what, refusal.ofNewName ? to : from});
+  }
+}
+
+} // namespace console

@@ -1,0 +1,112 @@
+#include "console/prompts/prompt.h"
+
+namespace console {
+namespace {
+
+constexpr int kRequired = 1;
+
+OdString promptText(Text prompt, const Arguments& arguments) {
+  return L"\n" + render(prompt, arguments) + L" ";
+}
+
+// True for an answer, false for an empty one.
+bool answered(int code) {
+  if (code == RTNONE)
+    return false;
+  if (code != RTNORM && code != RTKWORD)
+    cancel();
+  return true;
+}
+
+std::optional<OdGePoint3d> pointFrom(Session& session, Text prompt) {
+  double point[3] = {};
+  if (!answered(session.host().input().getPoint(promptText(prompt, {}), point)))
+    return std::nullopt;
+  return OdGePoint3d(point[0], point[1], point[2]);
+}
+
+} // namespace
+
+std::optional<OdString> askText(Session& session, Text prompt, const Arguments& arguments, bool wholeLine) {
+  morvane::InputEngine& input = session.host().input();
+  OdString text;
+  if (!answered(wholeLine ? input.getString(true, promptText(prompt, arguments), text)
+                          : input.getName(promptText(prompt, arguments), text)))
+    return std::nullopt;
+  text.trimLeft().trimRight();
+  return text.isEmpty() ? std::nullopt : std::optional(text);
+}
+
+std::optional<OdString> askKeyword(Session& session, Text keywords, Text prompt, const Arguments& arguments) {
+  morvane::InputEngine& input = session.host().input();
+  input.initGet(0, render(keywords).str());
+  OdString keyword;
+  if (!answered(input.getKeyword(promptText(prompt, arguments), keyword)))
+    return std::nullopt;
+  return keyword;
+}
+
+// In a script any other answer is a no: whatever comes next was not meant for this question.
+bool askYes(Session& session, Text prompt, const Arguments& arguments) {
+  constexpr int kAnyText = 128;
+  if (!session.mayAsk()) {
+    session.refuseQuestion(render(prompt, arguments));
+    return false;
+  }
+  morvane::InputEngine& input = session.host().input();
+  for (;;) {
+    input.initGet(kAnyText, render(Text::kKeywordsYesNo).str());
+    OdString answer;
+    if (!answered(input.getKeyword(promptText(prompt, arguments), answer)))
+      return false;
+    if (answer == L"Yes" || answer == L"No" || input.isScript())
+      return answer == L"Yes";
+    session.say(Text::kYesOrNo);
+  }
+}
+
+std::optional<OdGePoint3d> askPoint(Session& session, Text prompt) {
+  return pointFrom(session, prompt);
+}
+
+OdGePoint3d askRequiredPoint(Session& session, Text prompt) {
+  session.host().input().initGet(kRequired, {});
+  return pointFrom(session, prompt).value();
+}
+
+std::optional<double> askNumber(Session& session, Text prompt, const Arguments& arguments) {
+  double number = 0;
+  if (!answered(session.host().input().getReal(promptText(prompt, arguments), number)))
+    return std::nullopt;
+  return number;
+}
+
+double askRequiredNumber(Session& session, Text prompt) {
+  session.host().input().initGet(kRequired, {});
+  return askNumber(session, prompt).value();
+}
+
+std::optional<double> askAngle(Session& session, Text prompt) {
+  for (;;) {
+    const auto text = askText(session, prompt);
+    if (!text)
+      return std::nullopt;
+    if (const auto angle = morvane::parseAngle(text->str()))
+      return angle;
+    session.say(Text::kNotAnAngle, {*text});
+  }
+}
+
+PointOrKeyword askPointOr(Session& session, Text keywords, Text prompt, bool required) {
+  morvane::InputEngine& input = session.host().input();
+  input.initGet(required ? kRequired : 0, render(keywords).str());
+  double point[3] = {};
+  const int code = input.getPoint(promptText(prompt, {}), point);
+  if (code == RTKWORD)
+    return {std::nullopt, input.lastKeyword()};
+  if (!answered(code))
+    return {};
+  return {OdGePoint3d(point[0], point[1], point[2]), {}};
+}
+
+} // namespace console

@@ -1,0 +1,52 @@
+// Which objects a command works on.
+#pragma once
+
+#include "console/session/session.h"
+
+#include "DbObjectId.h"
+
+#include <unordered_map>
+#include <vector>
+
+namespace console {
+
+struct Selector {
+  enum class Kind { All, Layer, Type, Handle };
+  Kind kind = Kind::All;
+  OdString value;
+};
+
+// What was picked, each object once, in the order of picking. An object that is taken away and picked again comes last.
+class Picks {
+public:
+  void add(OdDbObjectId id);
+  void remove(OdDbObjectId id) { places_.erase(id); }
+  std::size_t size() const { return places_.size(); }
+  OdDbObjectIdArray ids() const;
+
+private:
+  std::vector<OdDbObjectId> order_;
+  std::unordered_map<OdDbObjectId, std::size_t> places_;
+};
+
+// The living objects of a space in order of addition.
+OdDbObjectIdArray objectsOf(OdDbObjectId space);
+// Those of the objects that the selector picks, in their order. Throws for a layer, type or handle that is not there;
+// the message says what there is.
+OdDbObjectIdArray pickedBy(OdDbDatabase& database, const OdDbObjectIdArray& objects, const Selector& selector);
+// Those that can be picked: not the viewport that a sheet itself is seen through, which is its first.
+OdDbObjectIdArray pickableObjects(OdDbObjectId space);
+// What any of the selectors picks of a space.
+OdDbObjectIdArray selectObjects(OdDbDatabase& database, OdDbObjectId space, const std::vector<Selector>& selectors);
+
+// Asks until an empty answer, and remembers what was picked for Previous. Empty when nothing was.
+OdDbObjectIdArray askSelectionAnew(Session& session);
+// The selection that was made before the command, which is used up by this; else asks. Throws when nothing is selected.
+OdDbObjectIdArray askSelection(Session& session);
+// Tells of a selection that was made before the command, and remembers it for Previous.
+void tellSelectedBefore(Session& session, const OdDbObjectIdArray& ids);
+
+// Takes objects on locked layers out and tells how many there were. Throws when none is left.
+std::size_t leaveOutLocked(Session& session, OdDbObjectIdArray& ids);
+
+} // namespace console

@@ -1,0 +1,156 @@
+// The selection prompt.
+#include "console/prompts/prompt.h"
+#include "console/prompts/selection.h"
+
+#include "drawing/pick.h"
+#include "morvane/drawing_tools.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+namespace console {
+namespace {
+
+// One prompt after the other; what they pick is added, or taken away after Remove.
+class Picking {
+public:
+  explicit Picking(Session& session)
+      : session_(session), space_(qzutads::currentSpaceId()), objects_(pickableObjects(space_)),
+        here_(objects_.begin(), objects_.end()) {}
+
+  OdDbObjectIdArray run() {
+    for (;;) {
+      const PointOrKeyword typed =
+          askPointOr(session_, Text::kKeywordsSelect, removes_ ? Text::kPromptRemove : Text::kPromptSelect);
+      if (typed.point)
+        pickFrom(*typed.point);
+      else if (!typed.keyword.isEmpty())
+        answer(typed.keyword);
+      else
+        return picks_.ids();
+      session_.say(Text::kSelected, {count(picks_.size())});
+    }
+  }
+
+private:
+  void answer(const OdString& keyword) {
+    if (keyword == L"Remove" || keyword == L"Add")
+      removes_ = keyword == L"Remove";
+    else if (keyword == L"Previous")
+      pickPrevious();
+    else if (keyword == L"Last")
+      pickLast();
+    else if (keyword == L"Window" || keyword == L"Crossing")
+      pickCorners(keyword == L"Window");
+    else if (keyword == L"Fence")
+      pickFence();
+    else if (keyword == L"All")
+      pickBy({Selector::Kind::All, {}});
+    else if (keyword == L"Layer")
+      pickNamed(Selector::Kind::Layer, Text::kPromptSelectLayer);
+    else if (keyword == L"Type")
+      pickNamed(Selector::Kind::Type, Text::kPromptSelectType);
+    else
+      pickNamed(Selector::Kind::Handle, Text::kPromptSelectHandle);
+  }
+  // Seen along the z axis of the UCS.
+  drawing::ViewPicker picker() {
+    OdGeMatrix3d ucs;
+    mvsi::mvsidbUcsMatrix(ucs, &session_.database());
+    return drawing::ViewPicker(space_, ucs.inverse());
+  }
+  // A typed point is the first corner: what is inside when the other one lies to the right, else what is touched.
+  void pickFrom(const OdGePoint3d& corner) {
+    const OdGePoint3d other = askRequiredPoint(session_, Text::kPromptOtherCorner);
+    pickBetween(corner, other, other.x >= corner.x);
+  }
+  void pickCorners(bool whole) {
+    const OdGePoint3d corner = askRequiredPoint(session_, Text::kPromptCorner);
+    pickBetween(corner, askRequiredPoint(session_, Text::kPromptOtherCorner), whole);
+  }
+  void pickBetween(const OdGePoint3d& corner, const OdGePoint3d& other, bool whole) {
+    const OdGePoint2d from(corner.x, corner.y), to(other.x, other.y);
+    pick(whole ? picker().inside(from, to) : picker().touching(from, to));
+  }
+  void pickFence() {
+    std::vector<OdGePoint2d> path;
+    while (const auto point = askPoint(session_, path.empty() ? Text::kPromptFence : Text::kPromptFenceNext))
+      path.push_back({point->x, point->y});
+    pick(picker().along(path));
+  }
+  void pick(const OdDbObjectIdArray& ids) {
+    for (const OdDbObjectId id : ids) {
+      if (here_.count(id) != 0)
+        removes_ ? picks_.remove(id) : picks_.add(id);
+    }
+  }
+  void pickNamed(Selector::Kind kind, Text prompt) {
+    if (const auto value = askText(session_, prompt))
+      pickBy({kind, *value});
+  }
+  // A wrong name is told, and the prompt asks again.
+  void pickBy(const Selector& selector) {
+    try {
+      pick(pickedBy(session_.database(), objects_, selector));
+    } catch (const Failure& failure) {
+      session_.say(failure.message.text, failure.message.arguments);
+    }
+  }
+  void pickLast() {
+    if (objects_.isEmpty())
+      return session_.say(Text::kSpaceEmpty);
+    OdDbObjectIdArray last;
+    last.append(objects_.last());
+    pick(last);
+  }
+  void pickPrevious() {
+    const OdDbObjectIdArray& ids = session_.drawing().previous;
+    if (std::none_of(ids.begin(), ids.end(), [this](OdDbObjectId id) { return here_.count(id) != 0; }))
+      session_.say(Text::kNothingPrevious);
+    pick(ids);
+  }
+
+  Session& session_;
+  const OdDbObjectId space_;
+  const OdDbObjectIdArray objects_;
+  const std::unordered_set<OdDbObjectId> here_;
+  Picks picks_;
+  bool removes_ = false;
+};
+
+// What was selected before the command and can be worked on where it is.
+OdDbObjectIdArray takePickFirst(Session& session) {
+  OdDbObjectIdArray ids;
+  mvsi::RxSelectSet set;
+  if (set.impliedSelect() == 0)
+    set.asIdArray(ids);
+  session.host().selections().setFirst(nullptr, nullptr);
+  return ids;
+}
+
+} // namespace
+
+OdDbObjectIdArray askSelectionAnew(Session& session) {
+  const OdDbObjectIdArray ids = Picking(session).run();
+  if (!ids.isEmpty())
+    session.drawing().previous = ids;
+  return ids;
+}
+
+void tellSelectedBefore(Session& session, const OdDbObjectIdArray& ids) {
+  session.say(Text::kSelectedBefore, {count(static_cast<std::size_t>(ids.length()))});
+  session.drawing().previous = ids;
+}
+
+OdDbObjectIdArray askSelection(Session& session) {
+  OdDbObjectIdArray ids = takePickFirst(session);
+  if (!ids.isEmpty())
+    tellSelectedBefore(session, ids);
+  else
+    ids = askSelectionAnew(session);
+  if (ids.isEmpty())
+    refuse(Text::kNothingSelected);
+  return ids;
+}
+
+} // namespace console

@@ -1,0 +1,24 @@
+// How a command stops: the reason travels to the one place that rolls back and tells the user.
+#pragma once
+
+#include "console/messages/messages.h"
+#include "console/session/status.h"
+
+#include <utility>
+
+namespace console {
+
+struct Failure {
+  Status status;
+  Message message;
+};
+
+[[noreturn]] inline void refuse(Text text, std::vector<OdString> arguments = {}) {
+  throw Failure{Status::Refused, {text, std::move(arguments)}};
+}
+
+[[noreturn]] inline void cancel() {
+  throw Failure{Status::Cancelled, {Text::kCancelled, {}}};
+}
+
+} // namespace console

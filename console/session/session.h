@@ -1,0 +1,132 @@
+// One run of the program: the host, the open drawing, what is said, and how it will end.
+#pragma once
+
+#include "console/session/command.h"
+#include "console/session/failure.h"
+#include "console/session/gated_source.h"
+#include "console/session/line_sink.h"
+#include "console/session/message_box_ids.h"
+
+#include "DbDatabase.h"
+#include "Ge/GeMatrix3d.h"
+#include "drawing/file.h"
+#include "drawing/report.h"
+#include "morvane/host.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace console {
+
+// A drawing that is open, with what the console keeps beside it.
+struct OpenDrawing {
+  mvsi::MvsiApDocumentPtr document;
+  std::string path;      // of this system; empty for a drawing without a file
+  bool repaired = false; // memory holds more or less than the file, which must not be overwritten without a word
+  std::vector<std::string> done;   // names of the steps that UNDO takes back, oldest first
+  std::vector<std::string> undone; // and of those that REDO brings back
+  std::vector<OdGeMatrix3d> earlierUcs;
+  OdDbObjectIdArray previous; // the latest selection
+};
+
+// Something that was said, for machines.
+struct Said {
+  struct Box {
+    OdString caption;
+    std::vector<OdString> buttons;
+    int pressed = morvane::MessageBoxes::kClosed;
+  };
+  std::string id;
+  OdString text;
+  std::vector<OdString> parameters;
+  std::optional<Box> box; // when it was a message box
+};
+
+class Session;
+
+enum class Afterwards { Keep, Convert, Delete };
+
+struct SessionOptions {
+  morvane::HostOptions host;
+  std::function<void(const OdString&)> talk;    // what the command line shows; empty: standard error
+  std::function<void(const OdString&)> results; // empty: standard output
+  bool quiet = false;                           // results are kept for a machine-readable report, not written
+  bool noPrompt = false;                        // questions are not asked but refused
+  drawing::ReadOptions reading = {};            // for every drawing that is opened
+  // Lets the user answer the questions of a job; empty: the job cannot ask.
+  std::function<void(Session&)> connectUser = nullptr;
+};
+
+class Session {
+public:
+  explicit Session(SessionOptions options = {});
+  ~Session();
+
+  morvane::Host& host() { return host_; }
+  LineSink& line() { return *line_; }
+  const drawing::ReadOptions& reading() const { return reading_; }
+  const std::shared_ptr<LineSink>& lineShared() const { return line_; }
+
+  void answerFrom(std::shared_ptr<morvane::InputSource> source);
+  // What stands behind the answers that were read of a line, without the blanks around it. Never asks.
+  OdString takeRestOfLine();
+
+  // A line on the command line, and a line of results.
+  void say(Text text, std::vector<OdString> arguments = {});
+  void result(Text text, std::vector<OdString> arguments = {});
+  void printReport(const OdString& text);                 // to where results go, also when they are kept
+  const std::vector<Said>& said() const { return said_; } // everything, results included
+  // Whether questions may be asked. Where not, whoever would ask shows the question and refuses.
+  bool mayAsk() const { return !noPrompt_; }
+  void refuseQuestion(const OdString& question);
+  void addIssues(const drawing::Report& report);
+  const std::vector<drawing::Issue>& issues() const { return issues_; }
+
+  OpenDrawing& drawing() { return drawing_; }
+  OdDbDatabase& database() { return *drawing_.document->database(); }
+  // In place of the drawing that was open.
+  void adopt(const OdDbDatabasePtr& database, const std::string& path, bool repaired);
+  // Drawings that are open beside the current one, the one that was current last at the end.
+  const std::vector<OpenDrawing>& others() const { return others_; }
+  bool isAnyModified() const;
+  void setAside();                                     // and a new drawing is current
+  void switchTo(const mvsi::MvsiApDocument& document); // one of the others
+  void closeCurrent();                                 // the last of the others, of which there must be one, is current
+  // The drawing now is that file.
+  void savedAs(const std::string& path);
+
+  // Runs it, tells why it failed, and takes back what a failed one did. The answer is noted, too.
+  Status run(const Command& command, const CommandTable& commands);
+  Status attempt(const char* name, Command::Kind kind, const std::function<void()>& work);
+
+  void note(Status status) { status_ = worse(status_, status); }
+  Status status() const { return status_; }
+  void forgetStatus() { status_ = Status::Done; }
+  void quit() { wantsQuit_ = true; }
+  bool wantsQuit() const { return wantsQuit_; }
+
+private:
+  class Step;
+  void fail(const Failure& failure);
+  void keep(Text text, const std::vector<OdString>& arguments);
+  void watchBoxes();
+  morvane::Host host_;
+  std::shared_ptr<LineSink> line_;
+  std::shared_ptr<GatedSource> source_; // null until there is one
+  std::function<void(const OdString&)> results_;
+  drawing::ReadOptions reading_;
+  OpenDrawing drawing_;
+  std::vector<OpenDrawing> others_;
+  std::vector<Said> said_;
+  std::optional<BoxCatalogue> catalogue_; // made with the first box
+  std::vector<drawing::Issue> issues_;
+  Status status_ = Status::Done;
+  bool quiet_ = false;
+  bool noPrompt_ = false;
+  bool wantsQuit_ = false;
+};
+
+} // namespace console

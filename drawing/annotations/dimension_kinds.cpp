@@ -1,0 +1,162 @@
+#include "DbDimension.h"
+#include "Ge/GeUtil.h"
+#include "drawing/ge/plane_map.h"
+#include "drawing/model/setters.h"
+
+using drawing::field;
+using drawing::PlaneMap;
+
+ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbLinearDimension, OdDbDimension);
+ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbAngularDimension, OdDbDimension);
+ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbRoundDimension, OdDbDimension);
+ODDB_DEFINE_MEMBERS(OdDbAlignedDimension, OdDbLinearDimension, "DIMENSION");
+ODDB_DEFINE_MEMBERS(OdDbRotatedDimension, OdDbLinearDimension, "DIMENSION");
+ODDB_DEFINE_MEMBERS(OdDb2LineAngularDimension, OdDbAngularDimension, "DIMENSION");
+ODDB_DEFINE_MEMBERS(OdDb3PointAngularDimension, OdDbAngularDimension, "DIMENSION");
+ODDB_DEFINE_MEMBERS(OdDbRadialDimension, OdDbRoundDimension, "DIMENSION");
+ODDB_DEFINE_MEMBERS(OdDbDiametricDimension, OdDbRoundDimension, "DIMENSION");
+ODDB_DEFINE_MEMBERS(OdDbOrdinateDimension, OdDbDimension, "DIMENSION");
+ODDB_DEFINE_MEMBERS(OdDbArcDimension, OdDbDimension, "ARC_DIMENSION");
+ODDB_DEFINE_MEMBERS(OdDbRadialDimensionLarge, OdDbDimension, "LARGE_RADIAL_DIMENSION");
+
+drawing::Section OdDbLinearDimension::linearSection() {
+  using Self = OdDbLinearDimension;
+  return {"AcDbAlignedDimension",
+          {field<&Self::insertion_>(12).unless(0, 0, 0), field<&Self::first_>(13), field<&Self::second_>(14),
+           field<&Self::oblique_>(52).angle().unless(0)}};
+}
+
+const drawing::Description& OdDbAlignedDimension::ownDescription() {
+  static const drawing::Description description(&OdDbEntity::ownDescription(), {dimensionSection(), linearSection()});
+  return description;
+}
+
+// The angles stand in front of the last marker; some programs write them behind it.
+const drawing::Description& OdDbRotatedDimension::ownDescription() {
+  using Self = OdDbRotatedDimension;
+  static const drawing::Description description = [] {
+    drawing::Section linear = linearSection();
+    linear.fields.push_back(field<&Self::rotation_>(50).angle().unless(0));
+    const drawing::Section rotated{
+        "AcDbRotatedDimension",
+        {field<&Self::rotation_>(50).angle().onlyRead(), field<&Self::oblique_>(52).angle().onlyRead()}};
+    return drawing::Description(&OdDbEntity::ownDescription(), {dimensionSection(), linear, rotated});
+  }();
+  return description;
+}
+
+drawing::Section OdDbAngularDimension::angularSection(const char* marker) {
+  using Self = OdDbAngularDimension;
+  return {marker,
+          {field<&Self::first_>(13), field<&Self::second_>(14), field<&Self::third_>(15),
+           field<&Self::arc_>(16).unless(0, 0, 0)}};
+}
+
+const drawing::Description& OdDb2LineAngularDimension::ownDescription() {
+  static const drawing::Description description(&OdDbEntity::ownDescription(),
+                                                {dimensionSection(), angularSection("AcDb2LineAngularDimension")});
+  return description;
+}
+
+const drawing::Description& OdDb3PointAngularDimension::ownDescription() {
+  static const drawing::Description description(&OdDbEntity::ownDescription(),
+                                                {dimensionSection(), angularSection("AcDb3PointAngularDimension")});
+  return description;
+}
+
+drawing::Section OdDbRoundDimension::roundSection(const char* marker) {
+  return {marker, {field<&OdDbRoundDimension::chord_>(15), field<&OdDbRoundDimension::leaderLength_>(40)}};
+}
+
+const drawing::Description& OdDbRadialDimension::ownDescription() {
+  static const drawing::Description description(&OdDbEntity::ownDescription(),
+                                                {dimensionSection(), roundSection("AcDbRadialDimension")});
+  return description;
+}
+
+const drawing::Description& OdDbDiametricDimension::ownDescription() {
+  static const drawing::Description description(&OdDbEntity::ownDescription(),
+                                                {dimensionSection(), roundSection("AcDbDiametricDimension")});
+  return description;
+}
+
+const drawing::Description& OdDbOrdinateDimension::ownDescription() {
+  using Self = OdDbOrdinateDimension;
+  static const drawing::Description description(
+      &OdDbEntity::ownDescription(),
+      {dimensionSection(), {"AcDbOrdinateDimension", {field<&Self::feature_>(13), field<&Self::leaderEnd_>(14)}}});
+  return description;
+}
+
+const drawing::Description& OdDbArcDimension::ownDescription() {
+  using Self = OdDbArcDimension;
+  static const drawing::Description description(
+      &OdDbEntity::ownDescription(),
+      {dimensionSection(),
+       {"AcDbArcDimension",
+        {field<&Self::first_>(13), field<&Self::second_>(14), field<&Self::center_>(15), field<&Self::isPart_>(70),
+         field<&Self::startAngle_>(40), field<&Self::endAngle_>(41), field<&Self::hasLeader_>(71),
+         field<&Self::leaderStart_>(16), field<&Self::leaderEnd_>(17)}}});
+  return description;
+}
+
+const drawing::Description& OdDbRadialDimensionLarge::ownDescription() {
+  using Self = OdDbRadialDimensionLarge;
+  static const drawing::Description description(&OdDbEntity::ownDescription(),
+                                                {dimensionSection(),
+                                                 {"AcDbRadialDimensionLarge",
+                                                  {field<&Self::overrideCenter_>(13), field<&Self::jog_>(14),
+                                                   field<&Self::chord_>(15), field<&Self::jogAngle_>(40)}}});
+  return description;
+}
+
+MVDB_SETTER(OdDbLinearDimension, setXLine1Point, const OdGePoint3d&, first_)
+MVDB_SETTER(OdDbLinearDimension, setXLine2Point, const OdGePoint3d&, second_)
+MVDB_SETTER(OdDbLinearDimension, setDimLinePoint, const OdGePoint3d&, definition_)
+MVDB_SETTER(OdDbLinearDimension, setOblique, double, oblique_)
+MVDB_SETTER(OdDbRotatedDimension, setRotation, double, rotation_)
+MVDB_SETTER(OdDbAngularDimension, setDefinitionPoint, const OdGePoint3d&, definition_)
+MVDB_SETTER(OdDbAngularDimension, setXLine1Point, const OdGePoint3d&, first_)
+MVDB_SETTER(OdDbAngularDimension, setXLine2Point, const OdGePoint3d&, second_)
+MVDB_SETTER(OdDbAngularDimension, setCenterPoint, const OdGePoint3d&, third_)
+MVDB_SETTER_OCS(OdDbAngularDimension, setArcPoint, arc_)
+MVDB_SETTER(OdDbRoundDimension, setDefinitionPoint, const OdGePoint3d&, definition_)
+MVDB_SETTER(OdDbRoundDimension, setChordPoint, const OdGePoint3d&, chord_)
+MVDB_SETTER(OdDbRoundDimension, setLeaderLength, double, leaderLength_)
+MVDB_SETTER(OdDbOrdinateDimension, setOrigin, const OdGePoint3d&, definition_)
+MVDB_SETTER(OdDbOrdinateDimension, setDefiningPoint, const OdGePoint3d&, feature_)
+MVDB_SETTER(OdDbOrdinateDimension, setLeaderEndPoint, const OdGePoint3d&, leaderEnd_)
+
+OdGePoint3d OdDbAngularDimension::arcPoint() const {
+  return odgeOcsToWcs(arc_, normal_);
+}
+
+OdResult OdDbAngularDimension::getGeomExtents(OdGeExtents3d& extents) const {
+  extents.addPoint(arcPoint());
+  return OdDbDimension::getGeomExtents(extents);
+}
+
+OdResult OdDbRoundDimension::getGeomExtents(OdGeExtents3d& extents) const {
+  extents.addPoint(chord_ + (chord_ - definition_).normal() * leaderLength_);
+  return OdDbDimension::getGeomExtents(extents);
+}
+
+// The slant counts from the dimension line, so only a mirror turns it.
+void OdDbLinearDimension::moveRest(const PlaneMap& map) {
+  if (map.isMirrored())
+    oblique_ = -oblique_;
+}
+
+void OdDbRotatedDimension::moveRest(const PlaneMap& map) {
+  OdDbLinearDimension::moveRest(map);
+  rotation_ = map.angle(rotation_);
+}
+
+void OdDbRoundDimension::moveRest(const PlaneMap& map) {
+  leaderLength_ *= map.scale();
+}
+
+void OdDbArcDimension::moveRest(const PlaneMap& map) {
+  if (isPart_)
+    drawing::mapArcAngles(map, startAngle_, endAngle_);
+}

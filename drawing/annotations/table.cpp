@@ -1,0 +1,62 @@
+#include "DbTable.h"
+
+#include "drawing/model/object_store.h"
+#include "drawing/records/raw_groups.h"
+
+#include <algorithm>
+#include <cmath>
+
+ODDB_DEFINE_MEMBERS(OdDbTable, OdDbBlockReference, "ACAD_TABLE");
+
+const drawing::Description& OdDbTable::ownDescription() {
+  static const drawing::Description description(
+      &OdDbEntity::ownDescription(),
+      {referenceSection("AcDbBlockReference"), drawing::keptSection<&OdDbTable::groups_>("AcDbTable")});
+  return description;
+}
+
+void OdDbTable::visitReferences(drawing::ReferenceVisitor& visitor) {
+  OdDbBlockReference::visitReferences(visitor);
+  drawing::db::visitGroups(groups_, visitor);
+}
+
+OdDbObjectId OdDbTable::tableStyle() const {
+  return drawing::keptReference(groups_, 342);
+}
+unsigned OdDbTable::numRows() const {
+  return static_cast<unsigned>(drawing::keptInteger(groups_, 91));
+}
+unsigned OdDbTable::numColumns() const {
+  return static_cast<unsigned>(drawing::keptInteger(groups_, 92));
+}
+double OdDbTable::rowHeight(unsigned row) const {
+  return nthReal(141, row);
+}
+double OdDbTable::columnWidth(unsigned column) const {
+  return nthReal(142, column);
+}
+OdGeVector3d OdDbTable::direction() const {
+  return drawing::keptPoint(groups_, 11, {1, 0, 0}).asVector();
+}
+
+double OdDbTable::nthReal(int code, unsigned index) const {
+  std::size_t i = groups_.find(code);
+  for (; index > 0 && i < groups_.size(); --index)
+    i = groups_.find(code, i + 1);
+  if (i >= groups_.size() || groups_[i].kind != drawing::GroupKind::Real)
+    throw OdError(eInvalidIndex);
+  return groups_[i].real;
+}
+
+OdResult OdDbTable::subTransformBy(const OdGeMatrix3d& matrix) {
+  static constexpr drawing::Measured kHead[] = {{11, drawing::Measure::Direction}};
+  const bool rigid = matrix.isUniScaledOrtho(OdGeTol(1e-10)) && std::fabs(matrix.det() - 1) < 1e-9;
+  if (!rigid)
+    return eCannotTransform;
+  if (const OdResult result = OdDbBlockReference::subTransformBy(matrix); result != eOk)
+    return result;
+  // Cells may hold values under the same code: the direction stands before the first of them.
+  const std::size_t head = std::min(groups_.find(171), groups_.find(301));
+  drawing::moveKeptGroups(groups_, 0, std::min(head, groups_.size()), kHead, matrix, 1);
+  return eOk;
+}

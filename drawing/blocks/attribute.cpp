@@ -1,0 +1,69 @@
+#include "DbAttribute.h"
+#include "drawing/model/setters.h"
+
+using drawing::field;
+
+ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbAttributeBase, OdDbText);
+ODDB_DEFINE_MEMBERS(OdDbAttributeDefinition, OdDbAttributeBase, "ATTDEF");
+ODDB_DEFINE_MEMBERS(OdDbAttribute, OdDbAttributeBase, "ATTRIB");
+
+// Group 280 stands twice in these sections: first the version, behind the others the locked position. Groups come in
+// the order of the fields, which tells the two apart.
+const drawing::Description& OdDbAttributeDefinition::ownDescription() {
+  using Self = OdDbAttributeDefinition;
+  static const drawing::Description description(
+      &OdDbEntity::ownDescription(),
+      {textSection(),
+       {"AcDbAttributeDefinition",
+        {field<&Self::version_>(280).from(OdDb::kRelease2010), field<&Self::prompt_>(3), field<&Self::tag_>(2),
+         field<&Self::attributeFlags_>(70), field<&Self::fieldLength_>(73).unless(0),
+         field<&Self::vertical_>(74).unless(0), field<&Self::lockPosition_>(280).from(OdDb::kRelease2007)},
+        readRest,
+        writeRest}});
+  return description;
+}
+
+const drawing::Description& OdDbAttribute::ownDescription() {
+  using Self = OdDbAttribute;
+  static const drawing::Description description(
+      &OdDbEntity::ownDescription(),
+      {textSection(),
+       {"AcDbAttribute",
+        {field<&Self::version_>(280).from(OdDb::kRelease2010), field<&Self::tag_>(2), field<&Self::attributeFlags_>(70),
+         field<&Self::fieldLength_>(73).unless(0), field<&Self::vertical_>(74).unless(0),
+         field<&Self::lockPosition_>(280).from(OdDb::kRelease2007)},
+        readRest,
+        writeRest}});
+  return description;
+}
+
+MVDB_SETTER(OdDbAttributeBase, setTag, const OdString&, tag_)
+
+void OdDbAttributeBase::setAttributeFlag(std::int16_t bit, bool on) {
+  assertWriteEnabled();
+  attributeFlags_ = static_cast<std::int16_t>(on ? attributeFlags_ | bit : attributeFlags_ & ~bit);
+}
+
+MVDB_SETTER(OdDbAttributeBase, setLockPositionInBlock, bool, lockPosition_)
+MVDB_SETTER(OdDbAttributeDefinition, setPrompt, const OdString&, prompt_)
+MVDB_SETTER(OdDbAttributeDefinition, setFieldLength, std::int16_t, fieldLength_)
+
+void OdDbAttribute::setAttributeFromBlock(const OdDbAttributeDefinition* definition,
+                                          const OdGeMatrix3d& blockTransform) {
+  if (definition == nullptr)
+    throw OdError(eNullObjectPtr);
+  setPropertiesFrom(*definition);
+  setTextFrom(*definition);
+  tag_ = definition->tag();
+  attributeFlags_ = 0;
+  setAttributeFlag(kInvisible, definition->isInvisible());
+  setAttributeFlag(kConstant, definition->isConstant());
+  setAttributeFlag(kVerify, definition->isVerifiable());
+  setAttributeFlag(kPreset, definition->isPreset());
+  fieldLength_ = definition->fieldLength();
+  lockPosition_ = definition->lockPositionInBlock();
+  const OdDbMTextPtr text = definition->getMTextAttribute();
+  if (!text.isNull() || isMTextAttribute())
+    setMTextAttribute(text.get());
+  transformAll(blockTransform, true);
+}

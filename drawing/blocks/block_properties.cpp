@@ -1,0 +1,31 @@
+#include "drawing/blocks/block_properties.h"
+
+#include "DbDatabase.h"
+#include "DbDictionary.h"
+#include "drawing/model/object_store.h"
+#include "drawing/model/registered_app.h"
+
+namespace drawing::db {
+
+const OdString kBehaviour = L"ACAD_ENHANCEDBLOCK";
+
+OdDbObjectId behaviourOf(OdDbObjectId block) {
+  const auto* record = peekAs<OdDbBlockTableRecord>(block);
+  const auto* held = record == nullptr ? nullptr : peekAs<OdDbDictionary>(record->extensionDictionary());
+  const OdDbObjectId entry = lives(held) ? held->getAt(kBehaviour) : OdDbObjectId();
+  return lives(entry) ? entry : OdDbObjectId();
+}
+
+void copyMarks(const OdDbBlockTableRecord& from, OdDbBlockTableRecord& to) {
+  to.setBlockScaling(from.blockScaling());
+  to.setComments(from.comments());
+  for (const wchar_t* application : {L"AcadAnnotative", L"AcadAnnoPO", L"AcDbDynamicBlockGUID"}) {
+    const OdResBufPtr data = from.xData(application);
+    if (data.isNull())
+      continue;
+    registerApplication(*to.database(), application);
+    to.setXData(data.get());
+  }
+}
+
+} // namespace drawing::db

@@ -1,0 +1,135 @@
+#include "DbDynBlockReference.h"
+
+#include "DbDatabase.h"
+#include "DbDictionary.h"
+#include "drawing/blocks/block_properties.h"
+#include "drawing/model/object_store.h"
+
+using drawing::db::lives;
+using drawing::db::peek;
+using drawing::db::peekAs;
+
+namespace {
+
+const OdString kShapeOf = L"AcDbBlockRepBTag";               // extended data of a shape: the definition
+const OdString kTrueName = L"AcDbDynamicBlockTrueName";      // extended data of a definition
+const OdString kRepresentation = L"AcDbBlockRepresentation"; // extension dictionary of a reference
+const OdString kRepresentationData = L"AcDbRepData";
+constexpr int kText = 1000;
+constexpr int kHandle = 1005;
+constexpr int kDefinition = 340;
+
+// Where a value of the application stands in the object's extended data; the end when there is none.
+std::size_t findData(const drawing::GroupList& groups, const OdString& application, int code) {
+  constexpr int kApplication = 1001;
+  for (std::size_t i = groups.find(kApplication); i < groups.size(); i = groups.find(kApplication, i + 1)) {
+    if (groups.stringOf(groups[i]).iCompare(application) != 0)
+      continue;
+    const std::size_t found = groups.find(code, i + 1);
+    if (found < groups.find(kApplication, i + 1))
+      return found;
+  }
+  return groups.size();
+}
+
+bool isLivingBlock(OdDbObjectId id) {
+  return lives(peekAs<OdDbBlockTableRecord>(id));
+}
+
+OdDbObjectId shapeOf(const OdDbBlockTableRecord& block) {
+  const drawing::GroupList* groups = block.xDataGroups();
+  if (groups == nullptr)
+    return {};
+  const std::size_t at = findData(*groups, kShapeOf, kHandle);
+  if (at == groups->size() || (*groups)[at].kind != drawing::GroupKind::Reference)
+    return {};
+  const OdDbObjectId definition = groups->idOf((*groups)[at]);
+  return isLivingBlock(definition) && definition != block.objectId() ? definition : OdDbObjectId();
+}
+
+OdString storedTrueName(const OdDbBlockTableRecord& block) {
+  const drawing::GroupList* groups = block.xDataGroups();
+  if (groups == nullptr)
+    return {};
+  const std::size_t at = findData(*groups, kTrueName, kText);
+  return at == groups->size() ? OdString() : groups->stringOf((*groups)[at]);
+}
+
+OdDbObjectId entryOf(OdDbObjectId dictionary, const OdString& name) {
+  const auto* held = peekAs<OdDbDictionary>(dictionary);
+  return lives(held) ? held->getAt(name) : OdDbObjectId();
+}
+
+bool hasBehaviour(const OdDbBlockTableRecord& block) {
+  return !drawing::db::behaviourOf(block.objectId()).isNull() || !storedTrueName(block).isEmpty();
+}
+
+// What the reference itself says it represents.
+OdDbObjectId representedBy(const OdDbBlockReference& reference) {
+  const OdDbObjectId representation = entryOf(reference.extensionDictionary(), kRepresentation);
+  const OdDbObject* data = peek(entryOf(representation, kRepresentationData));
+  const drawing::GroupList* groups = data == nullptr ? nullptr : data->carriedOrNull();
+  const std::size_t at = groups == nullptr ? 0 : groups->find(kDefinition);
+  if (groups == nullptr || at == groups->size() || (*groups)[at].kind != drawing::GroupKind::Reference)
+    return {};
+  const OdDbObjectId definition = groups->idOf((*groups)[at]);
+  return isLivingBlock(definition) ? definition : OdDbObjectId();
+}
+
+} // namespace
+
+OdDbDynBlockReference::OdDbDynBlockReference(OdDbObjectId reference) : reference_(reference) {
+  if (const auto* found = peekAs<OdDbBlockReference>(reference); lives(found))
+    look(*found);
+}
+
+OdDbDynBlockReference::OdDbDynBlockReference(const OdDbBlockReference* reference) {
+  if (reference == nullptr)
+    return;
+  reference_ = reference->objectId();
+  look(*reference);
+}
+
+void OdDbDynBlockReference::look(const OdDbBlockReference& reference) {
+  const OdDbObjectId shown = reference.blockTableRecord();
+  const auto* block = peekAs<OdDbBlockTableRecord>(shown);
+  definition_ = OdDbDynBlockTableRecord(shown).dynamicBlockTableRecord();
+  // Programs that renumber blocks lose the mark of the block before that of the reference.
+  if (definition_.isNull() && lives(block) && block->isAnonymous())
+    definition_ = representedBy(reference);
+  if (!definition_.isNull() && definition_ != shown)
+    shape_ = shown;
+}
+
+OdDbDynBlockTableRecord::OdDbDynBlockTableRecord(OdDbObjectId block) : block_(block) {
+  const auto* record = peekAs<OdDbBlockTableRecord>(block);
+  if (!lives(record))
+    return;
+  definition_ = shapeOf(*record);
+  isDynamic_ = definition_.isNull() && hasBehaviour(*record);
+  if (isDynamic_)
+    definition_ = block;
+}
+
+OdString OdDbDynBlockTableRecord::trueName() const {
+  const auto* definition = peekAs<OdDbBlockTableRecord>(definition_);
+  if (definition == nullptr)
+    return {};
+  // Versions before dynamic blocks know the definition itself under an anonymous name.
+  const OdString stored = storedTrueName(*definition);
+  return definition->isAnonymous() && !stored.isEmpty() ? stored : definition->getName();
+}
+
+OdDbObjectIdArray OdDbDynBlockTableRecord::getAnonymousBlockIds() const {
+  OdDbObjectIdArray shapes;
+  const OdDbDatabase* database = isDynamic_ ? block_.database() : nullptr;
+  const auto* table = database == nullptr ? nullptr : peekAs<OdDbBlockTable>(database->getBlockTableId());
+  if (table == nullptr)
+    return shapes;
+  for (OdDbObjectId id : table->members().ids()) {
+    const auto* record = peekAs<OdDbBlockTableRecord>(id);
+    if (lives(record) && shapeOf(*record) == block_)
+      shapes.append(id);
+  }
+  return shapes;
+}

@@ -1,0 +1,349 @@
+// What comes along when objects are cloned.
+#include "drawing/cloning/clone.h"
+
+#include "DbBlockReference.h"
+#include "DbDatabase.h"
+#include "DbDimension.h"
+#include "DbDynBlockReference.h"
+#include "DbLayout.h"
+#include "DbShape.h"
+#include "DbSymbolRecords.h"
+#include "DbTable.h"
+#include "drawing/blocks/block_graph.h"
+#include "drawing/blocks/block_properties.h"
+#include "drawing/model/load_context.h"
+#include "drawing/model/object_store.h"
+#include "drawing/model/reserved_names.h"
+
+#include <unordered_set>
+
+namespace drawing::db {
+
+Cloner::Cloner(OdDbDatabase& source, OdDbDatabase& target, OdDbObjectId owner, OdDbIdMapping& mapping,
+               OdDb::DuplicateRecordCloning duplicates)
+    : source_(source), target_(target), owner_(owner), mapping_(mapping), duplicates_(duplicates) {}
+
+// A clone that refers to the block it is put into, directly or through others, would close a cycle.
+bool Cloner::closesCycle(const std::vector<OdDbObjectId>& primaries) const {
+  std::unordered_set<OdDbObjectId> blocks;
+  for (OdDbObjectId id : primaries) {
+    if (const auto* reference = peekAs<OdDbBlockReference>(id))
+      blocks.insert(reference->blockTableRecord());
+  }
+  return leadsTo({blocks.begin(), blocks.end()}, owner_);
+}
+
+void Cloner::plan(Item item) {
+  if (!planned_.emplace(item.source, items_.size()).second)
+    return;
+  item.neededBy = planning_;
+  items_.push_back(std::move(item));
+}
+
+namespace {
+
+class CollectReferences final : public ReferenceVisitor {
+public:
+  void visit(OdDbObjectId& id, OdDb::ReferenceType type) override {
+    if (!id.isNull() && (type == OdDb::kHardPointerRef || type == OdDb::kHardOwnershipRef))
+      ids.push_back(id);
+  }
+  std::vector<OdDbObjectId> ids;
+};
+
+// The picture of a dimension or a table belongs to it alone, although it is a block of the drawing.
+bool isPicture(const OdDbObject& picture, const OdDbObject& of) {
+  const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(&picture);
+  if (block == nullptr || !block->isAnonymous())
+    return false;
+  const OdString kind = block->getName().left(2);
+  return (of.isKindOf(OdDbDimension::desc()) && kind.iCompare(L"*D") == 0) ||
+         (of.isKindOf(OdDbTable::desc()) && kind.iCompare(L"*T") == 0);
+}
+
+// The contents of a tab. A space answers to nothing of another drawing, although every drawing has some of these names.
+bool isSpace(const OdDbObject& object) {
+  const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(&object);
+  return block != nullptr && (block->isLayout() || (block->getName().left(1) == L"*" && !block->isAnonymous()));
+}
+
+} // namespace
+
+// What the object owns, and what it cannot do without.
+void Cloner::planTree(std::size_t item) {
+  if (items_[item].action == Action::Use)
+    return;
+  planning_ = items_[item].source;
+  OdDbObject& object = *peek(items_[item].source);
+  std::vector<OdDbObjectId> owned;
+  object.ownedObjects(owned);
+  for (OdDbObjectId id : owned) {
+    const OdDbObject* part = peek(id);
+    if (part != nullptr && !part->isErased())
+      plan({id, Action::Make, {}, {}, {}, false});
+  }
+  planReferences(object);
+}
+
+void Cloner::planReferences(OdDbObject& object) {
+  CollectReferences references;
+  object.visitReferences(references);
+  for (OdDbObjectId id : references.ids) {
+    if (isPlanned(id) || id.database() != &source_)
+      continue;
+    const OdDbObject* needed = peek(id);
+    if (needed == nullptr || needed->isErased())
+      continue;
+    if (isSpace(*needed) && !object.isKindOf(OdDbBlockReference::desc()))
+      continue; // only what draws a space needs its contents
+    if (crosses() || isPicture(*needed, object))
+      planNeeded(id);
+  }
+  if (crosses()) {
+    planDefinitionOfShape(object);
+    planShapeFiles(object);
+    planOverrides(object);
+  }
+}
+
+// A shape of a dynamic block names its definition in its extended data only, and means nothing without it.
+void Cloner::planDefinitionOfShape(const OdDbObject& object) {
+  if (!object.isKindOf(OdDbBlockTableRecord::desc()))
+    return;
+  const OdDbObjectId definition = OdDbDynBlockTableRecord(object.objectId()).dynamicBlockTableRecord();
+  if (!definition.isNull() && !isPlanned(definition) && definition.database() == &source_)
+    planNeeded(definition);
+}
+
+// A SHAPE names its shape and not the file that it stands in, so it needs them all.
+void Cloner::planShapeFiles(const OdDbObject& object) {
+  if (!object.isKindOf(OdDbShape::desc()))
+    return;
+  for (const OdDbObjectId id : peekAs<OdDbSymbolTable>(source_.getTextStyleTableId())->members().ids()) {
+    const auto* style = peekAs<OdDbTextStyleTableRecord>(id);
+    if (lives(style) && style->isShapeFile() && !isPlanned(id))
+      planNeeded(id);
+  }
+}
+
+// Arrows, text styles and line types that differ from those of a dimension style stand in extended data, and so do the
+// line types of older styles.
+void Cloner::planOverrides(const OdDbObject& object) {
+  const GroupList* groups = object.xDataGroups();
+  bool isOverride = false;
+  for (std::size_t i = 0; groups != nullptr && i < groups->size(); ++i) {
+    const Group& group = (*groups)[i];
+    if (group.code == 1001) {
+      const OdString application = groups->stringOf(group);
+      isOverride = application.iCompare(L"ACAD") == 0 || application.left(12).iCompare(L"ACAD_DSTYLE_") == 0;
+    } else if (isOverride && group.code == 1005) {
+      const OdDbObjectId id = groups->idOf(group);
+      const auto* record = peekAs<OdDbSymbolTableRecord>(id);
+      if (lives(record) && id.database() == &source_ && !isPlanned(id) && !isSpace(*record))
+        planNeeded(id);
+    }
+  }
+}
+
+void Cloner::planNeeded(OdDbObjectId id) {
+  OdDbObject& object = *peek(id);
+  if (auto* record = dynamic_cast<OdDbSymbolTableRecord*>(&object))
+    planRecord(*record);
+  else if (auto* table = dynamic_cast<OdDbSymbolTable*>(&object))
+    plan({id, Action::Use, target_.getSymbolTableId(table->kind()), {}, {}, false});
+  else if (!object.isKindOf(OdDbEntity::desc()) && !object.isKindOf(OdDbLayout::desc()))
+    planEntry(object);
+}
+
+// A block of the target may stand for one of the source unless it leads back to the block that is being filled. One
+// that is replaced leads nowhere but where its new contents do.
+bool Cloner::mayStandFor(OdDbObjectId present) const {
+  const auto* owner = peekAs<OdDbBlockTableRecord>(owner_);
+  if (owner == nullptr || !owner->wasReferenced()) // no walk through the drawing for every record
+    return true;
+  return peekAs<OdDbBlockTableRecord>(present) == nullptr || !leadsTo(present, owner_);
+}
+
+bool Cloner::isNameTaken(const OdDbSymbolTable& table, const OdString& name) const {
+  if (table.has(name))
+    return true;
+  for (const Item& item : items_) {
+    if (item.holder == table.objectId() && item.name.iCompare(name) == 0)
+      return true;
+  }
+  return false;
+}
+
+OdString Cloner::freeName(const OdDbSymbolTable& table, const OdDbSymbolTableRecord& record) const {
+  OdString name = record.getName();
+  // One of the source's own may come along later and must find its name free.
+  const auto isSources = [&](const OdString& wanted) { return !source_.symbol(table.kind(), wanted).isNull(); };
+  for (unsigned n = 2; isSources(name) || isNameTaken(table, name); ++n)
+    name.format(L"%s-%u", record.getName().c_str(), n);
+  return name;
+}
+
+OdString Cloner::boundName(const OdDbSymbolTable& table, const OdDbSymbolTableRecord& record) const {
+  OdString name;
+  unsigned n = 0;
+  do {
+    name = boundSymbolName(boundTo_, record.getName(), n++);
+  } while (isNameTaken(table, name));
+  return name;
+}
+
+namespace {
+
+// The record of the table that answers to one of another drawing. Files of shapes have no names; the file tells.
+OdDbObjectId recordLike(const OdDbSymbolTable& table, const OdDbSymbolTableRecord& record) {
+  const auto* style = dynamic_cast<const OdDbTextStyleTableRecord*>(&record);
+  if (style == nullptr || !style->getName().isEmpty())
+    return table.getAt(record.getName());
+  for (const OdDbObjectId id : table.members().ids()) {
+    const auto* other = peekAs<OdDbTextStyleTableRecord>(id);
+    if (lives(other) && other->getName().isEmpty() && other->fileName().iCompare(style->fileName()) == 0)
+      return id;
+  }
+  return {};
+}
+
+} // namespace
+
+void Cloner::planRecord(OdDbSymbolTableRecord& record) {
+  const OdDbObjectId tableId = target_.getSymbolTableId(record.tableKind());
+  const auto* table = peekAs<OdDbSymbolTable>(tableId);
+  if (table == nullptr)
+    return;
+  Item item{record.objectId(), Action::Make, {}, tableId, record.getName(), false};
+  if (const auto standIn = standIns_.find(record.objectId()); standIn != standIns_.end()) {
+    item.action = Action::Use;
+    item.target = standIn->second;
+    return plan(std::move(item));
+  }
+  const auto* block = dynamic_cast<OdDbBlockTableRecord*>(&record);
+  if (isSpace(record)) {
+    item.name = L"*U"; // a reference draws it: a block of its own, and the target's space stays
+  } else if (block != nullptr && block->isAnonymous()) {
+    item.name = record.getName().left(2); // numbered anew when it joins the table
+  } else if (!boundTo_.isEmpty() && isNamedAfterReference(record)) {
+    item.name = boundName(*table, record);
+  } else if (const OdDbObjectId present = recordLike(*table, record); !present.isNull()) {
+    const bool replaces = duplicates_ == OdDb::kDrcReplace;
+    if (present == owner_ || (!replaces && !mayStandFor(present))) {
+      item.name = freeName(*table, record);
+      tellRenamed(record.getName(), item.name);
+    } else {
+      item.action = replaces ? Action::Replace : Action::Use;
+      item.target = present;
+    }
+  }
+  plan(std::move(item));
+}
+
+// The dictionary of the target that answers to one of the source: the same names lead to it from the root. Missing
+// ones are made. Null for dictionaries that do not hang on the root.
+OdDbDictionary* Cloner::counterpart(OdDbObjectId dictionary) {
+  std::vector<OdString> path;
+  std::unordered_set<OdDbObjectId> seen;
+  OdDbObjectId at = dictionary;
+  while (at != source_.getNamedObjectsDictionaryId()) {
+    const auto* child = peekAs<OdDbDictionary>(at);
+    const auto* parent = child == nullptr ? nullptr : peekAs<OdDbDictionary>(child->ownerId());
+    if (parent == nullptr || !seen.insert(at).second)
+      return nullptr;
+    const OdString name = parent->nameAt(at);
+    if (name.isEmpty())
+      return nullptr;
+    path.push_back(name);
+    at = parent->objectId();
+  }
+  auto* found = peekAs<OdDbDictionary>(target_.getNamedObjectsDictionaryId());
+  for (auto name = path.rbegin(); name != path.rend() && found != nullptr; ++name) {
+    if (!found->has(*name)) {
+      const WriteScope scope(*found);
+      madeDictionaries_.push_back(found->setAt(*name, new OdDbDictionary));
+    }
+    found = peekAs<OdDbDictionary>(found->getAt(*name));
+  }
+  return found;
+}
+
+void Cloner::takeBackDictionaries() {
+  for (auto id = madeDictionaries_.rbegin(); id != madeDictionaries_.rend(); ++id) {
+    OdDbObject& made = *peek(*id);
+    auto& parent = *peekAs<OdDbDictionary>(made.ownerId());
+    const WriteScope scope(made), parentScope(parent);
+    parent.remove(parent.nameAt(*id));
+    made.erase();
+  }
+}
+
+void Cloner::planEntry(OdDbObject& object) {
+  if (object.isKindOf(OdDbDictionary::desc())) {
+    if (OdDbDictionary* there = counterpart(object.objectId()))
+      plan({object.objectId(), Action::Use, there->objectId(), {}, {}, false});
+    return;
+  }
+  const auto* holder = peekAs<OdDbDictionary>(object.ownerId());
+  OdDbDictionary* there = holder == nullptr ? nullptr : counterpart(holder->objectId());
+  if (there == nullptr)
+    return;
+  const OdString name = holder->nameAt(object.objectId());
+  Item item{object.objectId(), Action::Make, {}, there->objectId(), name, false};
+  const OdDbObjectId present = there->getAt(name);
+  if (const OdDbObject* same = peek(present); same != nullptr) {
+    item.target = present;
+    const bool replaces = duplicates_ == OdDb::kDrcReplace && same->isA() == object.isA();
+    item.action = replaces ? Action::Replace : Action::Use;
+  }
+  plan(std::move(item));
+}
+
+// It hangs on the block, not on the contents, and names them; so it comes with them or not at all.
+void Cloner::planBehaviour() {
+  const OdDbObjectId behaviour = behaviourOf(contentsOf_);
+  if (behaviour.isNull() || behaviour.database() != &source_) {
+    contentsOf_ = {};
+    return;
+  }
+  planned_.emplace(contentsOf_, 0); // the owner stands for it
+  plan({behaviour, Action::Make, {}, {}, kBehaviour, false});
+}
+
+OdResult Cloner::run(const std::vector<OdDbObjectId>& primaries) {
+  if (peek(owner_) == nullptr || owner_.database() != &target_)
+    return eInvalidOwnerObject;
+  for (OdDbObjectId id : primaries) {
+    const OdDbObject* object = peek(id);
+    if (object == nullptr || id.database() != &source_)
+      return id.isNull() ? eNullObjectId : eWrongDatabase;
+    if (object->isErased())
+      return eWasErased;
+  }
+  if (!crosses() && closesCycle(primaries))
+    return eSelfReference;
+  for (OdDbObjectId id : primaries)
+    plan({id, Action::Make, {}, {}, {}, true});
+  planBehaviour();
+  for (std::size_t i = 0; i < items_.size(); ++i) {
+    if (items_.size() > mapping_.objectLimit()) {
+      takeBackDictionaries();
+      return eBudgetExceeded;
+    }
+    planTree(i);
+  }
+  if (!contentsOf_.isNull())
+    items_[primaries.size()].holder = peekAs<OdDbBlockTableRecord>(owner_)->createExtensionDictionary();
+  for (const Item& item : items_) {
+    if (item.action == Action::Make)
+      make(item);
+    else if (item.action == Action::Replace)
+      replace(item);
+    else
+      mapping_.assign(OdDbIdPair(item.source, item.target, false, false));
+  }
+  translate();
+  return eOk;
+}
+
+} // namespace drawing::db

@@ -1,0 +1,68 @@
+#include "drawing/dxf/encoding_detection.h"
+
+#include "drawing/base/utf8.h"
+#include "drawing/dxf/group_source.h"
+
+#include <algorithm>
+
+namespace drawing::dxf {
+
+namespace {
+
+bool hasPairs(int page) {
+  constexpr int kPages[] = {932, 936, 949, 950, 1361};
+  return std::find(std::begin(kPages), std::end(kPages), page) != std::end(kPages);
+}
+
+// The texts of a file with other characters than ASCII.
+struct Evidence {
+  std::size_t utf8Texts = 0;
+  std::size_t otherTexts = 0;
+  std::size_t characters = 0; // of the UTF-8 texts, beyond ASCII
+  bool longOnes = false;      // some of them have three bytes or more
+
+  void add(std::string_view text) {
+    std::size_t found = 0;
+    for (std::size_t at = 0; at < text.size();) {
+      const std::size_t length = utf8At(text.substr(at)).bytes;
+      if (length == 0) {
+        ++otherTexts;
+        return;
+      }
+      found += length > 1 ? 1 : 0;
+      longOnes = longOnes || length > 2;
+      at += length;
+    }
+    ++utf8Texts;
+    characters += found;
+  }
+};
+
+} // namespace
+
+Encoding encodingOf(const FileFacts& facts, PairSource& source) {
+  const bool isUtf8 = facts.version >= OdDb::kRelease2007;
+  Encoding declared{isUtf8 ? std::string() : facts.codePage, isUtf8 ? TextCodec::Mode::Utf8 : TextCodec::Mode::CodePage,
+                    false};
+  TextCodec page(facts.codePage);
+  Evidence evidence;
+  std::string buffer;
+  for (Pair pair; source.next(pair);) {
+    if (pair.form != Pair::Form::Text || isAscii(pair.text))
+      continue;
+    evidence.add(pair.text);
+    page.decode(pair.text, buffer); // counts what is no character
+  }
+  const int number = codePageNumber(facts.codePage);
+  if (isUtf8) {
+    const bool isOther = evidence.otherTexts != 0 && evidence.utf8Texts == 0 && page.undecodable() == 0 &&
+                         page.isKnown() && number != kUtf8Page;
+    return isOther ? Encoding{facts.codePage, TextCodec::Mode::CodePage, true} : declared;
+  }
+  const bool isAccident = hasPairs(number) && (evidence.characters < 3 || !evidence.longOnes);
+  if (number == kUtf8Page || evidence.utf8Texts == 0 || evidence.otherTexts != 0 || isAccident)
+    return declared;
+  return {"", TextCodec::Mode::Utf8, true};
+}
+
+} // namespace drawing::dxf

@@ -1,0 +1,93 @@
+#include "drawing/dxf/r12/names.h"
+
+#include "DbBlockTable.h"
+#include "drawing/model/object_store.h"
+
+#include <unordered_set>
+
+namespace drawing::dxf {
+
+namespace {
+
+constexpr std::size_t kLongest = 31;
+
+bool isAllowed(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '$' || c == '-' || c == '_';
+}
+
+// Continuation bytes of UTF-8 belong to a character that was replaced already.
+bool continues(char c) {
+  return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+
+std::string folded(std::string_view name) {
+  return OdString::fromUtf8(name).makeUpper().toUtf8Lossless();
+}
+
+// A star stands in front of names that nobody typed, a bar between an external drawing's name and its own.
+std::string allowed(std::string_view name) {
+  std::string result;
+  for (std::size_t i = 0; i < name.size() && result.size() < kLongest; ++i) {
+    if (continues(name[i]))
+      continue;
+    const bool special = (name[i] == '*' && i == 0) || name[i] == '|';
+    result += special || isAllowed(name[i]) ? name[i] : '_';
+  }
+  return result;
+}
+
+// Further sheets are blocks like any other in R12, which has one sheet.
+std::string plainBlockName(const std::string& name) {
+  const OdString text = OdString::fromUtf8(name);
+  const bool isSheet = text.left(paperSpaceStr.getLength()).iCompare(paperSpaceStr) == 0;
+  return isSheet && text.getLength() > paperSpaceStr.getLength() ? "$" + name.substr(1) : name;
+}
+
+} // namespace
+
+EarlyNames::EarlyNames(const OdDbDatabase& database) {
+  for (int kind = OdDb::kViewportTable + 1; kind < OdDb::kSymbolTableCount; ++kind)
+    addTable(database, static_cast<OdDb::SymbolTableKind>(kind));
+}
+
+void EarlyNames::addTable(const OdDbDatabase& database, OdDb::SymbolTableKind kind) {
+  const bool isOwn = database.facts().version < OdDb::kRelease13;
+  const auto& table = *db::peekAs<OdDbSymbolTable>(database.getSymbolTableId(kind));
+  std::unordered_set<std::string> taken;
+  std::vector<Change> wanted;
+  for (OdDbObjectId id : table.members().ids()) {
+    if (!db::lives(id))
+      continue;
+    const std::string name = static_cast<const OdDbSymbolTableRecord*>(db::peek(id))->getName().toUtf8Lossless();
+    std::string to = kind == OdDb::kBlockTable ? plainBlockName(name) : name;
+    if (!isOwn)
+      to = allowed(to);
+    if (to == name)
+      taken.insert(folded(name)); // tiles of viewports share a name
+    else
+      wanted.push_back({id, name, to});
+  }
+  for (Change& change : wanted) { // names that stay come first
+    const std::string base = change.to.substr(0, kLongest - 4);
+    for (int number = 2; !taken.insert(folded(change.to)).second; ++number)
+      change.to = base + "-" + std::to_string(number);
+    names_[kind].emplace(folded(change.from), change.to);
+    changes_.push_back(std::move(change));
+  }
+}
+
+std::string_view EarlyNames::of(OdDb::SymbolTableKind table, std::string_view name) const {
+  if (names_[table].empty())
+    return name;
+  const auto found = names_[table].find(folded(name));
+  return found == names_[table].end() ? name : std::string_view(found->second);
+}
+
+void EarlyNames::tell(GroupSink& sink) const {
+  for (const Change& change : changes_)
+    sink.lost({"dxf.name-not-in-version", Severity::Lost, 0, 2, std::uint64_t{change.record.getHandle()}, "TABLES",
+               db::peek(change.record)->dxfName(), "version R12 cannot hold the name \"" + change.from + "\"",
+               "it is written as \"" + change.to + "\""});
+}
+
+} // namespace drawing::dxf

@@ -1,0 +1,19 @@
+// What R12 can draw in place of entities that came after it.
+#pragma once
+
+#include "drawing/dxf/r12/writer.h"
+
+#include <string>
+
+namespace drawing::dxf {
+
+struct StandIn {
+  bool stands = false;                // whether anything was written
+  Severity severity = Severity::Lost; // of what is told
+  std::string done;                   // what was written instead
+};
+
+// Writes what stands for the entity; `groups` are its sections.
+StandIn writeStandIn(const OdDbEntity& entity, const GroupList& groups, EarlyWriter& writer);
+
+} // namespace drawing::dxf

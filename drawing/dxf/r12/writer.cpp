@@ -1,0 +1,347 @@
+#include "drawing/dxf/r12/writer.h"
+
+#include "DbAttribute.h"
+#include "drawing/detail/sequence_owner.h"
+#include "drawing/dxf/r12/group_rules.h"
+#include "drawing/dxf/r12/substitutes.h"
+#include "drawing/dxf/writer.h"
+#include "drawing/entities/viewport_view.h"
+#include "drawing/file.h"
+#include "drawing/io/version_rules.h"
+#include "drawing/model/load_context.h"
+#include "drawing/model/object_store.h"
+#include "drawing/model/symbol_name.h"
+#include "drawing/model/symbol_table_kinds.h"
+#include "drawing/opaque_objects.h"
+#include "drawing/records/section.h"
+
+#include <map>
+#include <optional>
+
+namespace drawing::dxf {
+
+using db::lives;
+using db::peekAs;
+
+namespace {
+
+constexpr int kUniqueBlock = 32; // a mark of later versions among the flags of dimensions
+
+// Header variables that hold the name of a record.
+OdDb::SymbolTableKind tableOfVariable(std::string_view name) {
+  struct Row {
+    std::string_view name;
+    OdDb::SymbolTableKind table;
+  };
+  constexpr Row kRows[] = {
+      {"CLAYER", OdDb::kLayerTable},      {"CELTYPE", OdDb::kLinetypeTable}, {"TEXTSTYLE", OdDb::kTextStyleTable},
+      {"DIMSTYLE", OdDb::kDimStyleTable}, {"DIMBLK", OdDb::kBlockTable},     {"DIMBLK1", OdDb::kBlockTable},
+      {"DIMBLK2", OdDb::kBlockTable},     {"UCSNAME", OdDb::kUcsTable},      {"PUCSNAME", OdDb::kUcsTable}};
+  for (const Row& row : kRows) {
+    if (row.name == name)
+      return row.table;
+  }
+  return OdDb::kNoTable;
+}
+
+// The arrow blocks of a dimension style stand by name.
+int arrowNameCode(int code) {
+  return code >= 342 && code <= 344 ? code - 342 + 5 : 0;
+}
+
+double numberOf(const Group& group) {
+  switch (group.kind) {
+  case GroupKind::Real:
+    return group.real;
+  case GroupKind::Int16:
+  case GroupKind::Int32:
+  case GroupKind::Int64:
+  case GroupKind::Bool:
+    return static_cast<double>(group.integer);
+  default:
+    return GroupSink::kNoNumber;
+  }
+}
+
+} // namespace
+
+EarlyWriter::EarlyWriter(const OdDbDatabase& database, GroupSink& sink, OdDbHandle firstFree)
+    : database_(database), sink_(sink), names_(database), seed_(firstFree),
+      nextHandle_(std::uint64_t{database.handseed()}) {}
+
+void EarlyWriter::lost(const OdDbObject& object, const char* code, Severity severity, std::string found,
+                       std::string done) {
+  sink_.lost({code, severity, 0, -1, std::uint64_t{object.getDbHandle()}, "", object.dxfName(), std::move(found),
+              std::move(done)});
+}
+
+void EarlyWriter::run() {
+  names_.tell(sink_);
+  for (const std::string& comment : database_.facts().comments)
+    sink_.utf8(999, comment);
+  section("HEADER", &EarlyWriter::header);
+  section("TABLES", &EarlyWriter::tables);
+  section("BLOCKS", &EarlyWriter::blocks);
+  section("ENTITIES", &EarlyWriter::entities);
+  sink_.utf8(0, "EOF");
+  tellDictionaries();
+}
+
+void EarlyWriter::section(const char* name, void (EarlyWriter::*write)()) {
+  sink_.utf8(0, "SECTION");
+  sink_.utf8(2, name);
+  (this->*write)();
+  sink_.utf8(0, "ENDSEC");
+}
+
+void EarlyWriter::header() {
+  sink_.utf8(9, "$ACADVER");
+  sink_.utf8(1, versionSignature(OdDb::kRelease12));
+  const bool isOwn = database_.facts().version < OdDb::kRelease13;
+  for (const OdDbHeader::Variable& variable : database_.header().variables()) {
+    // What came in a file of R12 stays, whatever program wrote it.
+    const bool known = isOwn || hasHeaderVariable(variable.name, OdDb::kRelease12);
+    if (known && variable.name != "ACADVER" && variable.name != "HANDSEED")
+      headerVariable(variable);
+  }
+  if (!isOwn && !database_.hasHeaderVar("HANDLING")) {
+    sink_.utf8(9, "$HANDLING");
+    sink_.integer(70, 1);
+  }
+  sink_.utf8(9, "$HANDSEED");
+  sink_.handle(5, seed_);
+}
+
+void EarlyWriter::headerVariable(const OdDbHeader::Variable& variable) {
+  sink_.utf8(9, "$" + variable.name);
+  const OdDb::SymbolTableKind table = tableOfVariable(variable.name);
+  const bool isName =
+      table != OdDb::kNoTable && variable.groups.size() == 1 && variable.groups[0].kind == GroupKind::Text;
+  if (isName)
+    sink_.utf8(variable.groups[0].code, names_.of(table, variable.groups.textOf(variable.groups[0])));
+  else
+    variable.groups.writeTo(sink_);
+}
+
+void EarlyWriter::tables() {
+  for (const auto kind : {OdDb::kViewportTable, OdDb::kLinetypeTable, OdDb::kLayerTable, OdDb::kTextStyleTable,
+                          OdDb::kViewTable, OdDb::kUcsTable, OdDb::kRegAppTable, OdDb::kDimStyleTable})
+    table(kind);
+}
+
+void EarlyWriter::table(OdDb::SymbolTableKind kind) {
+  std::vector<const OdDbObject*> records;
+  for (OdDbObjectId id : peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind))->members().ids()) {
+    // By layer and by block are words in R12, not line types.
+    const bool isWord = kind == OdDb::kLinetypeTable &&
+                        (symbolName(id).iCompare(L"ByLayer") == 0 || symbolName(id).iCompare(L"ByBlock") == 0);
+    if (lives(id) && !isWord)
+      records.push_back(db::peek(id));
+  }
+  sink_.utf8(0, "TABLE");
+  sink_.utf8(2, db::tableDxfName(kind));
+  sink_.integer(70, static_cast<std::int64_t>(records.size()));
+  for (const OdDbObject* object : records) {
+    GroupList groups;
+    writeSections(*object, groups);
+    record(*object, groups, false);
+  }
+  sink_.utf8(0, "ENDTAB");
+}
+
+void EarlyWriter::blocks() {
+  for (OdDbObjectId id : peekAs<OdDbBlockTable>(database_.getBlockTableId())->members().ids()) {
+    const auto* block = peekAs<OdDbBlockTableRecord>(id);
+    // Some programs write empty blocks for the spaces, under names that begin with a dollar sign.
+    const bool hasHead = block != nullptr && block->nameInHead_.left(1) == L"$";
+    if (lives(block) && (!standsInEntities(*block) || hasHead))
+      this->block(*block);
+  }
+}
+
+void EarlyWriter::block(const OdDbBlockTableRecord& block) {
+  GroupList groups;
+  inPaperSpace_ = false;
+  const OdDbObject& begin = *db::peek(block.blockBeginId());
+  writeSections(begin, groups);
+  const OdString name = standsInEntities(block) ? block.nameInHead_ : block.getName();
+  groups.text(2, name);
+  groups.integer(70, block.derivedFlags());
+  groups.point(10, block.origin());
+  groups.text(3, name);
+  groups.text(1, block.pathName());
+  if (!block.comments().isEmpty())
+    groups.text(4, block.comments());
+  record(begin, groups, false);
+  if (block.isLayout() && !standsInEntities(block))
+    lost(block, "dxf.kind-not-in-version", Severity::Lost, "version R12 has one sheet",
+         "the contents of this one are written as a block");
+  if (!standsInEntities(block))
+    contents(block);
+  native(*db::peek(block.blockEndId()));
+}
+
+void EarlyWriter::contents(const OdDbBlockTableRecord& block) {
+  for (OdDbObjectId id : block.members().ids()) {
+    if (lives(id))
+      entity(id);
+  }
+}
+
+void EarlyWriter::entities() {
+  for (const OdString& space : {modelSpaceStr, paperSpaceStr}) {
+    const auto* block = peekAs<OdDbBlockTableRecord>(database_.symbol(OdDb::kBlockTable, space));
+    if (block == nullptr)
+      continue;
+    inPaperSpace_ = space == paperSpaceStr;
+    contents(*block);
+  }
+}
+
+void EarlyWriter::entity(OdDbObjectId id) {
+  const auto& entity = *static_cast<const OdDbEntity*>(db::peek(id));
+  const bool isCarried = entity.isKindOf(OdDbCarriedEntity::desc()) && database_.facts().version < OdDb::kRelease13;
+  if (isEarlyKind(entity.dxfName()) || isCarried)
+    return native(entity);
+  GroupList groups;
+  writeSections(entity, groups);
+  begun_ = nullptr;
+  const StandIn standIn = writeStandIn(entity, groups, *this);
+  if (standIn.stands)
+    xData(entity);
+  lost(entity, "dxf.kind-not-in-version", standIn.severity, "version R12 has no " + entity.dxfName(), standIn.done);
+}
+
+void EarlyWriter::native(const OdDbObject& object) {
+  GroupList groups;
+  writeSections(object, groups);
+  if (inPaperSpace_)
+    groups.integer(67, 1);
+  const auto* owner = dynamic_cast<const OdDbSequenceOwner*>(&object);
+  const bool isPolyline = object.dxfName() == "POLYLINE";
+  if (isPolyline && groups.find(66) == groups.size())
+    groups.integer(66, 1);
+  record(object, groups, true);
+  if (owner != nullptr)
+    parts(static_cast<const OdDbEntity&>(object));
+}
+
+void EarlyWriter::parts(const OdDbEntity& owner) {
+  const auto& sequence = dynamic_cast<const OdDbSequenceOwner&>(owner);
+  bool any = false;
+  for (OdDbObjectId part : sequence.subEntities()) {
+    if (!lives(part))
+      continue;
+    any = true;
+    native(*db::peek(part));
+  }
+  if (any && lives(sequence.sequenceEndId()))
+    native(*db::peek(sequence.sequenceEndId()));
+}
+
+namespace {
+
+// The lines of an attribute one behind the other; nothing for any other object.
+std::optional<OdString> linesAsOne(const OdDbObject& object) {
+  const auto* attribute = dynamic_cast<const OdDbAttributeBase*>(&object);
+  if (attribute == nullptr || !attribute->isMTextAttribute())
+    return std::nullopt;
+  OdString line = attribute->getMTextAttribute()->plainText();
+  line.replace(L'\n', L' ');
+  return line;
+}
+
+} // namespace
+
+// A record of a kind that R12 has, without what R12 has no place for.
+void EarlyWriter::record(const OdDbObject& object, const GroupList& groups, bool withHandle) {
+  const std::string kind = object.dxfName();
+  sink_.utf8(0, kind);
+  if (withHandle)
+    sink_.handle(5, object.getDbHandle());
+  const std::optional<OdString> lines = linesAsOne(object);
+  // What came from a file of that version and nobody knows goes back as it came.
+  const bool keepsAll = object.isKindOf(OdDbCarriedEntity::desc()) && database_.facts().version < OdDb::kRelease13;
+  std::string_view toldLast;
+  for (std::size_t i = 0; i < groups.size() && groups[i].code != 101; ++i) {
+    const Group& one = groups[i];
+    const bool isArrow = kind == "DIMSTYLE" && arrowNameCode(one.code) != 0;
+    // The colour of a fill behind texts stands under the code of the flags, behind the kind of the fill.
+    const bool isFill = kind == "DIMSTYLE" && one.code == 70 && i > 0 && groups[i - 1].code == 69;
+    if (lines && one.code == 1) {
+      sink_.text(1, *lines);
+    } else if (isArrow) {
+      name(kind, arrowNameCode(one.code), symbolName(groups.idOf(one)).toUtf8Lossless());
+    } else if ((hasEarlyCode(kind, one.code) && !isFill) || keepsAll) {
+      group(kind, groups, one);
+    } else if (const auto what = earlyLoss(kind, one.code, numberOf(one)); !what.empty() && what != toldLast) {
+      toldLast = what;
+      sink_.lost({"dxf.group-not-in-version", Severity::Lost, 0, one.code, 0, "", kind,
+                  std::string(what) + " cannot be held by version R12", "it is left out"});
+    }
+  }
+  if (lines)
+    lost(object, "dxf.group-not-in-version", Severity::Lost, "the lines of the value cannot be held by version R12",
+         "they are written as one");
+  xData(object);
+}
+
+void EarlyWriter::group(std::string_view kind, const GroupList& groups, const Group& group) {
+  if (group.kind == GroupKind::Text && earlyNameTable(kind, group.code) != OdDb::kNoTable)
+    return name(kind, group.code, groups.textOf(group));
+  if (kind == "DIMENSION" && group.code == 70)
+    return sink_.integer(70, group.integer & ~std::int64_t{kUniqueBlock});
+  groups.writeTo(sink_, static_cast<std::size_t>(&group - &groups[0]), 1);
+}
+
+void EarlyWriter::name(std::string_view kind, int code, std::string_view utf8) {
+  sink_.utf8(code, names_.of(earlyNameTable(kind, code), utf8));
+}
+
+void EarlyWriter::xData(const OdDbObject& object) {
+  GroupList groups;
+  if (const GroupList* own = object.xDataGroups())
+    groups = *own;
+  if (object.dxfName() == "VIEWPORT") {
+    GroupList sections;
+    writeSections(object, sections);
+    addViewportView(sections, groups);
+  }
+  for (std::size_t i = 0; i < groups.size(); ++i) {
+    if (groups[i].kind == GroupKind::Text && (groups[i].code == 1001 || groups[i].code == 1003))
+      name("", groups[i].code, groups.textOf(groups[i]));
+    else
+      groups.writeTo(sink_, i, 1);
+  }
+}
+
+void EarlyWriter::begin(const char* kind, const OdDbEntity& source) {
+  sink_.utf8(0, kind);
+  sink_.handle(5, begun_ == &source ? OdDbHandle(nextHandle_++) : source.getDbHandle());
+  begun_ = &source;
+  name(kind, 8, source.layer().toUtf8Lossless());
+  if (!source.linetypeId().isNull())
+    name(kind, 6, symbolName(source.linetypeId()).toUtf8Lossless());
+  if (source.colorIndex() != OdCmColor::kByLayer)
+    sink_.integer(62, source.colorIndex());
+  if (inPaperSpace_)
+    sink_.integer(67, 1);
+}
+
+// What stands in no table and no block: R12 has no place for it.
+void EarlyWriter::tellDictionaries() {
+  if (database_.facts().version < OdDb::kRelease13)
+    return; // nothing of that was in the file
+  std::map<std::string, std::size_t> kinds;
+  for (OdDbObjectId id : database_.allIds()) {
+    const OdDbObject* object = db::peek(id);
+    if (lives(object) && !object->isKindOf(OdDbEntity::desc()) && !object->isKindOf(OdDbSymbolTable::desc()) &&
+        !object->isKindOf(OdDbSymbolTableRecord::desc()) && !object->isKindOf(OdDbHeader::desc()))
+      ++kinds[object->dxfName()];
+  }
+  for (const auto& [kind, count] : kinds)
+    sink_.lost({"dxf.kind-not-in-version", Severity::Lost, 0, -1, 0, "OBJECTS", kind,
+                "version R12 has no objects of this kind (" + std::to_string(count) + ")", "they are left out"});
+}
+
+} // namespace drawing::dxf

@@ -1,0 +1,112 @@
+#include "drawing/entities/common/annotation_contexts.h"
+
+#include "DbDictionary.h"
+#include "Ge/GeUtil.h"
+#include "drawing/ge/plane_map.h"
+#include "drawing/model/object_store.h"
+#include "drawing/records/raw_groups.h"
+
+#include <cmath>
+
+namespace drawing {
+
+using db::peekAs;
+
+namespace {
+
+constexpr Measured kNothing[] = {{-1, Measure::Length}};
+constexpr Measured kMText[] = {{10, Measure::Direction}, {11, Measure::Point},  {40, Measure::Length},
+                               {41, Measure::Length},    {42, Measure::Length}, {43, Measure::Length},
+                               {44, Measure::Length},    {45, Measure::Length}, {46, Measure::Length}};
+constexpr Measured kReference[] = {{41, Measure::Length}, {42, Measure::Length}, {43, Measure::Length}};
+constexpr Measured kLeader[] = {
+    {10, Measure::Point}, {11, Measure::Direction}, {12, Measure::Vector}, {13, Measure::Vector}};
+constexpr Measured kFrame[] = {{10, Measure::Point}, {11, Measure::Direction}};
+constexpr Measured kDimension[] = {{11, Measure::Point}, {12, Measure::Point}, {13, Measure::Point}};
+
+struct Representation {
+  std::string_view kind; // between the parts that all names share
+  std::span<const Measured> world;
+  int inPlane[2]; // places in the frame of the plane, -1 for none
+  bool turns;     // an angle in the plane under 50, in degrees
+};
+
+constexpr Representation kRepresentations[] = {
+    {"TEXT", kNothing, {10, 11}, true},      {"MTEXT", kMText, {-1, -1}, false},
+    {"BLKREF", kReference, {10, -1}, true},  {"LEADER", kLeader, {-1, -1}, false},
+    {"FCF", kFrame, {-1, -1}, false},        {"ALDIM", kDimension, {10, -1}, false},
+    {"ANGDIM", kDimension, {10, -1}, false}, {"DMDIM", kDimension, {10, -1}, false},
+    {"ORDDIM", kDimension, {10, -1}, false}, {"RADIM", kDimension, {10, -1}, false},
+    {"RADIMLG", kDimension, {10, -1}, false}};
+
+const Representation* representationOf(std::string_view dxfName) {
+  constexpr std::string_view kBefore = "ACDB_", kBehind = "OBJECTCONTEXTDATA_CLASS";
+  for (const Representation& one : kRepresentations) {
+    if (dxfName.size() == kBefore.size() + one.kind.size() + kBehind.size() &&
+        dxfName.substr(kBefore.size(), one.kind.size()) == one.kind && dxfName.substr(0, kBefore.size()) == kBefore &&
+        dxfName.substr(kBefore.size() + one.kind.size()) == kBehind)
+      return &one;
+  }
+  return nullptr;
+}
+
+// A place of two or three coordinates; the third is taken for 0 where it is missing. Zero stands for none.
+void movePlace(GroupList& groups, std::size_t i, const PlaneMap& map) {
+  const int code = groups[i].code;
+  const auto isReal = [&](std::size_t at, int wanted) {
+    return at < groups.size() && groups[at].code == wanted && groups[at].kind == GroupKind::Real;
+  };
+  if (!isReal(i, code) || !isReal(i + 1, code + 10))
+    return;
+  const bool deep = isReal(i + 2, code + 20);
+  const OdGePoint3d place(groups[i].real, groups[i + 1].real, deep ? groups[i + 2].real : 0);
+  if (place.x == 0 && place.y == 0 && place.z == 0)
+    return;
+  const OdGePoint3d moved = map.point(place);
+  groups.setReal(i, moved.x);
+  groups.setReal(i + 1, moved.y);
+  if (deep)
+    groups.setReal(i + 2, moved.z);
+}
+
+void moveRepresentation(GroupList& groups, const Representation& kind, const PlaneMap& map,
+                        const OdGeMatrix3d& matrix) {
+  const std::size_t first = groups.find(340); // its scale; places stand behind it
+  const double scale = map.keepsShapes() && std::fabs(map.scale() - 1) > 1e-14 ? map.scale() : 1;
+  moveKeptGroups(groups, first, groups.size(), kind.world, matrix, scale);
+  for (std::size_t i = first; i < groups.size(); ++i) {
+    if (groups[i].code == kind.inPlane[0] || groups[i].code == kind.inPlane[1])
+      movePlace(groups, i, map);
+    else if (kind.turns && groups[i].code == 50 && groups[i].kind == GroupKind::Real)
+      groups.setReal(i, OdaToDegree(map.angle(OdaToRadian(groups[i].real))));
+  }
+}
+
+} // namespace
+
+ContextData::ContextData(const OdDbEntity& entity) {
+  const auto* extension = peekAs<OdDbDictionary>(entity.extensionDictionary());
+  const auto* data =
+      extension == nullptr ? nullptr : peekAs<OdDbDictionary>(extension->getAt(L"AcDbContextDataManager"));
+  const auto* scales = data == nullptr ? nullptr : peekAs<OdDbDictionary>(data->getAt(L"ACDB_ANNOTATIONSCALES"));
+  if (scales == nullptr)
+    return;
+  normal_ = entity.planeNormal();
+  for (const OdDbDictionary::Entry& entry : scales->entries()) {
+    if (db::lives(entry.id))
+      objects_.push_back(entry.id);
+  }
+}
+
+void ContextData::move(const OdGeMatrix3d& matrix) const {
+  for (OdDbObjectId id : objects_) {
+    OdDbObject& object = *db::peek(id);
+    const Representation* kind = representationOf(object.dxfName());
+    if (kind == nullptr || object.carriedOrNull() == nullptr)
+      continue;
+    const db::WriteScope scope(object);
+    moveRepresentation(object.carried(), *kind, PlaneMap(matrix, normal_), matrix);
+  }
+}
+
+} // namespace drawing

@@ -1,0 +1,81 @@
+#include "drawing/detail/sequence_owner.h"
+
+#include "DbDatabase.h"
+#include "drawing/model/object_store.h"
+
+#include <algorithm>
+#include <memory>
+
+using drawing::db::peekAs;
+
+ODDB_DEFINE_MEMBERS(OdDbSequenceEnd, OdDbEntity, "SEQEND");
+
+const drawing::Description& OdDbSequenceEnd::ownDescription() {
+  return OdDbEntity::ownDescription();
+}
+
+OdDbSequenceOwner::~OdDbSequenceOwner() = default;
+
+void OdDbSequenceOwner::adoptSubEntity(OdDbObjectId id, bool isEnd) {
+  if (isEnd)
+    end_ = id;
+  else
+    parts_.push_back(id);
+}
+
+OdDbObjectId OdDbSequenceOwner::appendPart(OdDbEntity& owner, OdDbEntity* part) {
+  if (part == nullptr)
+    throw OdError(eNullObjectPtr);
+  owner.assertWriteEnabled();
+  if (!owner.isDBRO())
+    throw OdError(eNotInDatabase);
+  const OdDbObjectId id = part->isDBRO() ? part->objectId() : owner.database()->addOdDbObject(part, owner.objectId());
+  parts_.push_back(id);
+  ensureEnd(owner);
+  return id;
+}
+
+void OdDbSequenceOwner::ensureEnd(OdDbEntity& owner) {
+  if (peekAs<OdDbSequenceEnd>(end_) != nullptr)
+    return;
+  owner.assertWriteEnabled();
+  OdSmartPtr<OdDbSequenceEnd> end = OdDbSequenceEnd::createObject();
+  end->setLayer(owner.layerId());
+  end_ = owner.database()->addOdDbObject(end.get(), owner.objectId());
+}
+
+OdResult OdDbSequenceOwner::transformParts(const OdGeMatrix3d& matrix) const {
+  // Every kind takes a matrix that keeps shapes; only others can fail half-way and need the way back.
+  const bool canFail = !matrix.isUniScaledOrtho();
+  std::vector<std::pair<OdDbEntity*, std::unique_ptr<OdDbObject>>> moved;
+  for (OdDbObjectId id : parts_) {
+    auto* part = peekAs<OdDbEntity>(id);
+    if (part == nullptr || part->isErased())
+      continue;
+    const drawing::db::WriteScope scope(*part);
+    if (canFail)
+      moved.emplace_back(part, part->makeCopy());
+    if (const OdResult result = part->transformBy(matrix); result != eOk) {
+      for (auto& [entity, before] : moved)
+        entity->assignState(*before);
+      return result;
+    }
+  }
+  return eOk;
+}
+
+void OdDbSequenceOwner::listParts(std::vector<OdDbObjectId>& ids) const {
+  ids.insert(ids.end(), parts_.begin(), parts_.end());
+  if (!end_.isNull())
+    ids.push_back(end_);
+}
+
+void OdDbSequenceOwner::visitParts(drawing::ReferenceVisitor& visitor) {
+  for (OdDbObjectId& id : parts_)
+    visitor.visit(id, OdDb::kHardOwnershipRef);
+  visitor.visit(end_, OdDb::kHardOwnershipRef);
+}
+
+void OdDbSequenceOwner::dropLostParts() {
+  parts_.erase(std::remove_if(parts_.begin(), parts_.end(), [](OdDbObjectId id) { return id.isNull(); }), parts_.end());
+}

@@ -1,0 +1,29 @@
+// What the runs of a hatch's groups are.
+#pragma once
+
+#include "Ge/GeExtents3d.h"
+#include "drawing/detail/groups.h"
+#include "drawing/ge/plane_map.h"
+
+#include <vector>
+
+namespace drawing {
+
+enum class HatchPartKind { Head, LoopHead, Polyline, Line, Arc, Ellipse, Spline, Pattern, Seeds, Gradient };
+
+struct HatchPart {
+  HatchPartKind kind = HatchPartKind::Head;
+  std::size_t first = 0, end = 0; // groups first .. end - 1
+};
+
+// Loops tell by a bit whether they are polylines, unless all are.
+std::vector<HatchPart> hatchParts(const GroupList& groups, bool onlyPolylines = false);
+
+// Moves a part in the plane; the head is not touched.
+void moveHatchPart(GroupList& groups, const HatchPart& part, const PlaneMap& map, double elevation);
+
+// Adds what the part's boundary takes; other parts add nothing.
+void addHatchPart(OdGeExtents3d& extents, const GroupList& groups, const HatchPart& part, const OdGeMatrix3d& plane,
+                  double elevation);
+
+} // namespace drawing

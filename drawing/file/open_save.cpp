@@ -1,0 +1,298 @@
+// Drawings from files and back.
+#include "drawing/file.h"
+
+#include "drawing/dxf/encoding_detection.h"
+#include "drawing/dxf/r12/writer.h"
+#include "drawing/dxf/reader.h"
+#include "drawing/dxf/text_writer.h"
+#include "drawing/dxf/writer.h"
+#include "drawing/file/version_copy.h"
+#include "drawing/files.h"
+#include "drawing/io/text_codec.h"
+
+#include <algorithm>
+#include <functional>
+#include <unistd.h>
+
+namespace drawing {
+
+namespace {
+
+// The value of a header variable whose value is text, looked for by its bytes: it must be known before the first text
+// is decoded. Variables stand near the top of a file; a file without them is not searched to its end. In both forms the
+// value comes behind its group code: a line of digits, or one or two bytes that are no characters.
+std::string headerText(std::string_view content, std::string_view variable) {
+  constexpr std::size_t kFar = 1 << 20;
+  const std::size_t at = content.substr(0, kFar).find(variable);
+  if (at == std::string_view::npos)
+    return {};
+  std::string_view rest = content.substr(at + variable.size());
+  const auto isEnd = [](char c) { return c == '\0' || c == '\r' || c == '\n'; };
+  const auto skip = [&rest](auto matches) {
+    while (!rest.empty() && matches(rest.front()))
+      rest.remove_prefix(1);
+  };
+  const bool isBinary = !rest.empty() && rest.front() == '\0';
+  skip([](char c) { return static_cast<unsigned char>(c) <= ' '; });
+  if (!isBinary)
+    skip([](char c) { return c >= '0' && c <= '9'; });
+  skip([](char c) { return static_cast<unsigned char>(c) <= ' '; });
+  std::size_t length = 0;
+  while (length < rest.size() && !isEnd(rest[length]))
+    ++length;
+  while (length > 0 && rest[length - 1] == ' ')
+    --length;
+  return std::string(rest.substr(0, length));
+}
+
+void tellHeader(Report& report, const char* code, std::string found, std::string done) {
+  report.add({code, Severity::Note, 0, -1, 0, "HEADER", "", std::move(found), std::move(done)});
+}
+
+// A signature that we do not know is that of an older program when it is less than the first one we do, of a newer one
+// when it is more than the last.
+OdDb::DwgVersion nearestVersion(const std::string& signature) {
+  const bool isNewer = signature.size() == 6 && signature > versionSignature(OdDb::kRelease2018);
+  return isNewer ? OdDb::kRelease2018 : OdDb::kRelease12;
+}
+
+FileFacts factsOf(std::string_view content, Report& report) {
+  FileFacts facts;
+  const std::string signature = headerText(content, "$ACADVER");
+  facts.version = versionFromSignature(signature);
+  if (facts.version == OdDb::kVersionUnknown) {
+    facts.version = nearestVersion(signature);
+    if (!signature.empty())
+      tellHeader(report, "dxf.version-unknown", "the version \"" + signature + "\" is not known",
+                 "it is read as version " + std::string(versionYear(facts.version)));
+  }
+  if (const std::string page = headerText(content, "$DWGCODEPAGE"); !page.empty())
+    facts.codePage = page;
+  return facts;
+}
+
+ReadResult refuse(OdResult code, std::string message) {
+  ReadResult result;
+  result.result = code;
+  result.message = message;
+  result.report.add({"file.refused", Severity::Fatal, 0, -1, 0, "", "", std::move(message), ""});
+  return result;
+}
+
+std::string reasonFor(OdResult code, const std::string& name, const dxf::Reader& reader, bool binary) {
+  const char* unit = binary ? ", byte " : ", line ";
+  const std::string place = name + (reader.line() == 0 ? "" : unit + std::to_string(reader.line())) + ": ";
+  if (!reader.limit().empty())
+    return place + reader.limit();
+  if (code == eNotADrawing)
+    return place + "not a drawing (no section was found)";
+  return place + odResultText(code).toUtf8();
+}
+
+// The line of a text file, the offset in a binary one; 0 for a place elsewhere.
+std::uint64_t placeIn(std::string_view content, const char* at, bool binary) {
+  const std::less<const char*> before;
+  if (at == nullptr || before(at, content.data()) || !before(at, content.data() + content.size()))
+    return 0;
+  const std::string_view ahead = content.substr(0, static_cast<std::size_t>(at - content.data()));
+  const char ending = content.find('\n') == std::string_view::npos ? '\r' : '\n';
+  return binary ? ahead.size() : static_cast<std::uint64_t>(std::count(ahead.begin(), ahead.end(), ending)) + 1;
+}
+
+void tellUndecodable(const dxf::TextCodec& codec, std::string_view content, bool binary, Report& report) {
+  if (codec.undecodable() == 0)
+    return;
+  const std::uint64_t place = placeIn(content, codec.firstUndecodable(), binary);
+  report.add({"dxf.text-undecodable", Severity::Note, place, -1, 0, "", "",
+              std::to_string(codec.undecodable()) + " bytes are no text in the code page of the file",
+              "they are kept as they are"});
+}
+
+std::unique_ptr<dxf::PairSource> sourceOf(std::string_view content, bool binary, Report& report) {
+  if (binary)
+    return std::make_unique<dxf::BinaryPairSource>(content, report);
+  return std::make_unique<dxf::TextPairSource>(content, report);
+}
+
+dxf::Encoding encodingFor(std::string_view content, const FileFacts& facts, const ReadOptions& options,
+                          Report& report) {
+  if (!options.encoding.empty())
+    return {options.encoding};
+  if (dxf::codePageNumber(facts.codePage) == 0)
+    tellHeader(report, "dxf.code-page-unknown", "the code page \"" + facts.codePage + "\" is not known",
+               "texts are read as ANSI_1252 unless they are UTF-8");
+  Report unheard; // the reading tells
+  // Without other characters than ASCII there is nothing to learn from the texts.
+  const auto source = sourceOf(dxf::isAscii(content) ? std::string_view() : content, facts.binary, unheard);
+  const dxf::Encoding encoding = dxf::encodingOf(facts, *source);
+  if (encoding.isContradicted)
+    tellHeader(report, "dxf.encoding-contradicted",
+               encoding.mode == dxf::TextCodec::Mode::Utf8
+                   ? "the texts are UTF-8 and not in the code page " + facts.codePage + " that the file declares"
+                   : "the texts are not UTF-8, but in the code page " + encoding.page,
+               "they are read as what they are");
+  return encoding;
+}
+
+ReadResult readGroups(std::string_view content, const std::string& name, const ReadOptions& options, bool binary) {
+  ReadResult result;
+  result.report.limitMessages(options.budget.messages);
+  FileFacts facts = factsOf(content, result.report);
+  facts.binary = binary;
+  const dxf::Encoding encoding = encodingFor(content, facts, options, result.report);
+  dxf::TextCodec codec(encoding.page, encoding.mode);
+  OdDbDatabasePtr database = OdDbDatabase::createEmpty();
+  database->facts() = facts;
+  const auto source = sourceOf(content, binary, result.report);
+  dxf::Reader reader(*database, *source, codec, result.report, options.budget);
+  const OdResult code = reader.run();
+  if (code != eOk)
+    return refuse(code, reasonFor(code, name, reader, binary));
+  tellUndecodable(codec, content, binary, result.report);
+  result.database = database;
+  return result;
+}
+
+// The memory that a reading may take when nobody says.
+std::uint64_t usualMemory(std::uint64_t fileSize) {
+  const auto pages = sysconf(_SC_PHYS_PAGES), pageSize = sysconf(_SC_PAGESIZE);
+  const std::uint64_t machine =
+      pages > 0 && pageSize > 0 ? static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(pageSize) : UINT64_MAX;
+  constexpr std::uint64_t kLeast = std::uint64_t{64} << 20;
+  return std::min(machine / 4 * 3, fileSize > UINT64_MAX / 200 ? UINT64_MAX : kLeast + 100 * fileSize);
+}
+
+} // namespace
+
+bool isKnownEncoding(std::string_view name) {
+  return dxf::codePageNumber(name) != 0;
+}
+
+ReadResult readDrawingFromMemory(std::string_view content, const std::string& name, const ReadOptions& given) {
+  std::string signature;
+  if (content.empty())
+    return refuse(eNotADrawing, name + ": the file is empty");
+  ReadOptions options = given;
+  if (options.budget.bytes == 0)
+    options.budget.bytes = usualMemory(content.size());
+  if (content.size() > options.budget.bytes)
+    return refuse(eBudgetExceeded, name + ": the file is larger than the " + std::to_string(options.budget.bytes) +
+                                       " bytes of memory that are allowed");
+  switch (formOf(content, &signature)) {
+  case FileForm::TextDxf:
+    return readGroups(content, name, options, false);
+  case FileForm::BinaryDxf:
+    return readGroups(content, name, options, true);
+  case FileForm::Dwg: {
+    const std::string year = versionYear(versionFromSignature(signature));
+    return refuse(eUnsupportedFileFormat, name + ": DWG " + (year.empty() ? "" : year + " ") + "(" + signature +
+                                              ") cannot be read; convert it to DXF first");
+  }
+  default:
+    return refuse(eNotADrawing, name + ", line 1: not a drawing (a group code was expected)");
+  }
+}
+
+ReadResult readDrawing(const std::string& path, const ReadOptions& options) {
+  MappedFile file;
+  // A pipe or a device may never end, and what it brings is held beside the drawing.
+  constexpr std::uint64_t kLargestStream = std::uint64_t{1} << 30;
+  FileStatus status;
+  const bool isFile = fileOperations().stat(path, status).ok() && status.kind == FileStatus::Kind::Regular;
+  const std::uint64_t usual = std::min(usualMemory(UINT64_MAX), isFile ? UINT64_MAX : kLargestStream);
+  const std::uint64_t most = options.budget.bytes == 0 ? usual : options.budget.bytes;
+  if (const FileError error = file.open(path, most); !error.ok())
+    return refuse(error.code, error.text);
+  ReadResult result = readDrawingFromMemory(file.text(), path, options);
+  if (!result.database.isNull())
+    result.database->facts().path = path;
+  return result;
+}
+
+namespace {
+
+OdDb::DwgVersion targetVersion(const OdDbDatabase& database, const WriteOptions& options) {
+  const OdDb::DwgVersion wanted = options.version == OdDb::kVersionUnknown ? database.facts().version : options.version;
+  return writtenVersion(wanted);
+}
+
+class CountingSink final : public GroupSink {
+  void utf8(int, std::string_view) override {}
+  void real(int, double) override {}
+  void integer(int, std::int64_t) override {}
+  void reference(int, OdDbObjectId) override {}
+  void handle(int, OdDbHandle) override {}
+  void binary(int, std::string_view) override {}
+  void unread(int, std::string_view) override {}
+  OdDb::DwgVersion version() const override { return OdDb::kRelease12; }
+};
+
+bool isBinary(const OdDbDatabase& database, WriteOptions::Form form) {
+  return form == WriteOptions::AsRead ? database.facts().binary : form == WriteOptions::Binary;
+}
+
+// The first pass only counts: the header says which handles the file does not use.
+void writeEarly(const OdDbDatabase& database, GroupSink& sink) {
+  CountingSink nothing;
+  dxf::EarlyWriter count(database, nothing, 0);
+  count.run();
+  dxf::EarlyWriter(database, sink, count.firstFree()).run();
+}
+
+void writeTo(const OdDbDatabase& given, const WriteOptions& options, const dxf::FormWriter::Output& output,
+             Report& losses) {
+  const OdDb::DwgVersion version = targetVersion(given, options);
+  const OdDbDatabasePtr copy = options.asItIs ? nullptr : dxf::copyForVersion(given, version);
+  const OdDbDatabase& database = copy.isNull() ? given : *copy;
+  dxf::TextCodec codec = version >= OdDb::kRelease2007 ? dxf::TextCodec({}, dxf::TextCodec::Mode::Utf8)
+                                                       : dxf::TextCodec(database.facts().codePage);
+  codec.escapeLookalikes();
+  dxf::FormWriter::Target target{output, codec, version, version >= database.facts().version, losses};
+  std::unique_ptr<dxf::FormWriter> sink;
+  if (isBinary(database, options.form))
+    sink = std::make_unique<dxf::BinaryWriter>(std::move(target));
+  else
+    sink = std::make_unique<dxf::TextWriter>(std::move(target));
+  if (version < OdDb::kRelease13)
+    writeEarly(database, *sink);
+  else
+    dxf::Writer(database, *sink).run();
+  sink->finish();
+}
+
+} // namespace
+
+WriteResult writeDrawing(const OdDbDatabase& database, const std::string& path, const WriteOptions& options) {
+  WriteResult result;
+  ReplaceOptions how;
+  how.refuseExisting = options.refuseExisting;
+  const FileError error = replaceFile(
+      path,
+      [&](FileSink& sink) {
+        const auto output = [&sink](std::string_view bytes) {
+          sink.append(bytes);
+          return !sink.failed();
+        };
+        writeTo(database, options, output, result.report);
+        return FileError();
+      },
+      how);
+  result.result = error.code;
+  result.message = error.text;
+  return result;
+}
+
+std::string writeDrawingToMemory(const OdDbDatabase& database, const WriteOptions& options, WriteResult* result) {
+  std::string bytes;
+  Report losses;
+  const auto output = [&bytes](std::string_view part) {
+    bytes.append(part);
+    return true;
+  };
+  writeTo(database, options, output, losses);
+  if (result != nullptr)
+    *result = {eOk, "", std::move(losses)};
+  return bytes;
+}
+
+} // namespace drawing

@@ -1,0 +1,62 @@
+#include "drawing/file/version_copy.h"
+
+#include "DbAttribute.h"
+#include "drawing/blocks/attribute_text_form.h"
+#include "drawing/file.h"
+#include "drawing/model/object_store.h"
+
+#include <algorithm>
+
+namespace drawing::dxf {
+
+namespace {
+
+bool mustChange(const OdDbObject* object, bool isInside) {
+  const auto* attribute = OdDbAttributeBase::cast(object).get();
+  if (!db::lives(attribute))
+    return false;
+  return isInside ? attribute->hasTextInRecord() : attribute->textBefore2018().has_value();
+}
+
+std::vector<OdDbObjectId> attributesToChange(const OdDbDatabase& database, bool isInside) {
+  std::vector<OdDbObjectId> ids;
+  for (OdDbObjectId id : database.allIds()) {
+    if (mustChange(db::peek(id), isInside))
+      ids.push_back(id);
+  }
+  return ids;
+}
+
+// Handles and all: what a file of the drawing's own version gives back.
+OdDbDatabasePtr copyOf(const OdDbDatabase& database) {
+  WriteOptions options;
+  options.form = WriteOptions::Text;
+  options.version = std::max(database.facts().version, OdDb::kRelease2000);
+  options.asItIs = true;
+  return readDrawingFromMemory(writeDrawingToMemory(database, options), "copy").database;
+}
+
+} // namespace
+
+OdDbDatabasePtr copyForVersion(const OdDbDatabase& database, OdDb::DwgVersion version) {
+  const bool isInside = version >= kTextInAttribute;
+  const bool isOwn = isInside && database.facts().version >= kTextInAttribute;
+  if (isOwn || version < OdDb::kRelease2000)
+    return nullptr;
+  const std::vector<OdDbObjectId> ids = attributesToChange(database, isInside);
+  if (ids.empty())
+    return nullptr;
+  OdDbDatabasePtr copy = copyOf(database);
+  copy->facts() = database.facts();
+  for (OdDbObjectId id : ids) {
+    auto& attribute = *static_cast<OdDbAttributeBase*>(db::peek(copy->getOdDbObjectId(id.getHandle())));
+    const db::WriteScope scope(attribute);
+    if (isInside)
+      attribute.moveTextIntoAttribute();
+    else
+      attribute.moveTextToRecord();
+  }
+  return copy;
+}
+
+} // namespace drawing::dxf

@@ -1,0 +1,115 @@
+#include "drawing/gi/draw/canvas.h"
+
+#include "DbDatabase.h"
+
+#include <cmath>
+#include <cstring>
+
+namespace drawing::gi {
+
+namespace {
+
+// The root of what becomes of areas in the plane; of what is seen edge on, what becomes of lengths.
+double scaleOf(const OdGeMatrix3d& m) {
+  const double area = std::fabs(m(0, 0) * m(1, 1) - m(0, 1) * m(1, 0));
+  return area > 0 ? std::sqrt(area) : m.scale();
+}
+
+} // namespace
+
+Canvas::Canvas(DisplayList& list, Looks& looks, Letters& letters, const Place& place, const OdDbEntity& entity,
+               const Traits& traits)
+    : list_(list), looks_(looks), letters_(letters), place_(place), entity_(entity), traits_(traits),
+      scale_(scaleOf(place.toPicture)), isOff_(traits.layer->off) {}
+
+const OdDbDatabase& Canvas::database() const {
+  return *entity_.database();
+}
+
+OdGePoint2d Canvas::project(const OdGePoint3d& point) const {
+  return (place_.toPicture * point).convert2d();
+}
+
+std::vector<OdGePoint2d> Canvas::project(const Path& path) {
+  charge(path.size());
+  std::vector<OdGePoint2d> flat;
+  flat.reserve(path.size() + 1);
+  for (const OdGePoint3d& point : path)
+    flat.push_back(project(point));
+  return flat;
+}
+
+void Canvas::stroke(const Path& path, bool closed, const Pen& pen) {
+  if (isOff_)
+    return;
+  std::vector<OdGePoint2d> flat = project(path);
+  if (closed && flat.size() > 1)
+    flat.push_back(flat.front());
+  list_.stroke(flat, pen, place_.clip);
+}
+
+void Canvas::fill(const std::vector<Path>& rings, Color color) {
+  if (isOff_)
+    return;
+  std::vector<std::vector<OdGePoint2d>> flat;
+  for (const Path& ring : rings)
+    flat.push_back(project(ring));
+  list_.fill(flat, color, place_.clip);
+}
+
+void Canvas::mark(const OdGePoint3d& at, int mode, double size) {
+  if (!isOff_)
+    list_.mark({project(at), mode, size > 0 ? size * scale_ : size}, pen(), place_.clip);
+}
+
+void Canvas::endless(const OdGePoint3d& from, const OdGePoint3d& through, bool bothWays) {
+  if (!isOff_)
+    list_.endless(project(from), project(through), bothWays, pen(), place_.clip);
+}
+
+void Canvas::text(const Shaped& shaped, const OdGeMatrix3d& toBlock, Color color) {
+  if (isOff_ || !shaped.box.isValid())
+    return;
+  const OdGeMatrix3d m = place_.toPicture * toBlock;
+  const Affine2d base{m(0, 0), m(1, 0), m(0, 1), m(1, 1), m(0, 3), m(1, 3)};
+  std::vector<PlacedOutline> placed;
+  for (const Shaped::Letter& letter : shaped.letters) {
+    const OdGePoint2d origin = base * OdGePoint2d(letter.x, letter.y);
+    placed.push_back({letter.outline, {base.xx, base.yx, base.xy, base.yy, origin.x, origin.y}});
+  }
+  Box box;
+  for (const double x : {shaped.box.minX, shaped.box.maxX})
+    for (const double y : {shaped.box.minY, shaped.box.maxY})
+      box.add(base * OdGePoint2d(x, y));
+  list_.addLetters(placed, box, color, place_.clip);
+}
+
+Inset& Canvas::show(OdDbObjectId block, const OdGeMatrix3d& matrix) {
+  Inset& inset = insets_.emplace_back();
+  inset.block = block;
+  inset.outer = place_.toPicture;
+  inset.restClip = place_.clip;
+  inset.restLayers = place_.setting.layers;
+  inset.place = place_;
+  inset.place.toPicture = place_.toPicture * matrix;
+  inset.place.setting.byBlock = traits_;
+  inset.place.setting.isInReference = true;
+  inset.place.showsTags = false;
+  ++inset.place.depth;
+  return inset;
+}
+
+void Canvas::cut(Inset& inset, std::vector<OdGePoint2d> polygon, bool inverted) {
+  charge(polygon.size());
+  inset.place.clip = list_.addClip(inset.place.clip, std::move(polygon), inverted);
+}
+
+void Canvas::leaveOut(const char* reason) {
+  for (const char* told : leftOut_) {
+    if (std::strcmp(told, reason) == 0)
+      return;
+  }
+  leftOut_.push_back(reason);
+}
+
+} // namespace drawing::gi

@@ -1,0 +1,103 @@
+// What draws one entity: the traits it has, the place it stands in, and the ways to put something into the picture.
+//
+// Points and matrices that the functions take are in the coordinates of the block that the entity stands in.
+#pragma once
+
+#include "Ge/GeMatrix3d.h"
+#include "drawing/gi/scene/traits.h"
+#include "drawing/gi/text/glyphs.h"
+
+#include <string_view>
+#include <vector>
+
+namespace drawing::gi {
+
+using Path = std::vector<OdGePoint3d>;
+
+struct Place {
+  Setting setting;
+  OdGeMatrix3d toPicture = OdGeMatrix3d::kIdentity;
+  std::int32_t clip = -1;
+  bool showsTags = false; // attribute definitions stand for themselves
+  std::size_t depth = 0;
+};
+
+// A block that is drawn at its place among the entities: what its contents are shown in.
+struct Inset {
+  OdDbObjectId block;
+  Place place;
+  int columns = 1, rows = 1;
+  OdGeVector3d column, row; // from one repetition to the next, in the coordinates outside
+  OdGeMatrix3d outer;       // from there to the picture
+  // Entities that are drawn after the contents, in the place outside: attributes.
+  std::shared_ptr<const std::vector<OdDbObjectId>> rest;
+  std::int32_t restClip = -1;
+  LayerView* restLayers = nullptr;
+};
+
+// An entity on a layer that is off puts nothing into the picture; blocks that it shows may.
+class Canvas {
+public:
+  Canvas(DisplayList& list, Looks& looks, Letters& letters, const Place& place, const OdDbEntity& entity,
+         const Traits& traits);
+
+  const OdDbDatabase& database() const;
+  const Place& place() const { return place_; }
+  const Traits& traits() const { return traits_; }
+  Looks& looks() { return looks_; }
+  Letters& letters() { return letters_; }
+  double scale() const { return scale_; } // of lengths, about
+
+  OdGePoint2d project(const OdGePoint3d& point) const;
+  std::vector<OdGePoint2d> project(const Path& path);
+  Pen pen() const { return looks_.pen(traits_, scale_); }
+
+  void stroke(const Path& path, bool closed = false) { stroke(path, closed, pen()); }
+  void stroke(const Path& path, bool closed, const Pen& pen);
+  void line(const OdGePoint3d& from, const OdGePoint3d& to) { stroke({from, to}); }
+  void fill(const std::vector<Path>& rings) { fill(rings, traits_.color); }
+  void fill(const std::vector<Path>& rings, Color color);
+  void mark(const OdGePoint3d& at, int mode, double size);
+  void endless(const OdGePoint3d& from, const OdGePoint3d& through, bool bothWays);
+  // `toBlock` takes heights of capitals to the block's coordinates.
+  void text(const Shaped& shaped, const OdGeMatrix3d& toBlock, Color color);
+
+  // Has a block drawn behind this entity.
+  Inset& show(OdDbObjectId block, const OdGeMatrix3d& matrix);
+  // Shows of the inset what lies inside the polygon, which is in the coordinates of the picture.
+  void cut(Inset& inset, std::vector<OdGePoint2d> polygon, bool inverted = false);
+  std::vector<Inset>& insets() { return insets_; }
+
+  // Work that leaves nothing in the picture counts, too: points looked at, characters read.
+  void charge(std::size_t work) { work_ += work; }
+  std::size_t work() const { return work_; }
+
+  // Tells that the entity, or a part of it, is not in the picture.
+  void leaveOut(const char* reason);
+  const std::vector<const char*>& leftOut() const { return leftOut_; }
+
+private:
+  DisplayList& list_;
+  Looks& looks_;
+  Letters& letters_;
+  const Place& place_;
+  const OdDbEntity& entity_;
+  Traits traits_;
+  double scale_;
+  bool isOff_;
+  std::size_t work_ = 0;
+  std::vector<Inset> insets_;
+  std::vector<const char*> leftOut_;
+};
+
+// Draws one kind of entity; null for those that nobody draws. Looked up by class, then by the classes above it.
+using Drawer = void (*)(const OdDbEntity&, Canvas&);
+Drawer drawerOf(const OdDbEntity& entity);
+
+// Wraps a function that takes the kind itself.
+template <class T, void (*Draw)(const T&, Canvas&)>
+void drawAs(const OdDbEntity& entity, Canvas& canvas) {
+  Draw(static_cast<const T&>(entity), canvas);
+}
+
+} // namespace drawing::gi

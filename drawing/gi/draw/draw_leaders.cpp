@@ -1,0 +1,139 @@
+// Leaders: their lines, arrows and notes.
+#include "DbAttribute.h"
+#include "DbBlockTable.h"
+#include "DbLeader.h"
+#include "DbMLeader.h"
+#include "DbSymbolRecords.h"
+#include "Ge/GeUtil.h"
+#include "drawing/annotations/multileader_parts.h"
+#include "drawing/gi/draw/arrows.h"
+#include "drawing/gi/draw/entity_drawers.h"
+#include "drawing/gi/draw/mtext_box.h"
+#include "drawing/gi/text/text_style.h"
+#include "drawing/model/object_store.h"
+#include "drawing/records/raw_groups.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace drawing::gi {
+
+using db::lives;
+using db::peekAs;
+
+namespace {
+
+struct LeaderLook {
+  double arrowSize = 0.18;
+  OdDbObjectId arrow;
+};
+
+// The style, and what the leader itself says against it in its extended data.
+LeaderLook lookOf(const OdDbLeader& leader) {
+  double scale = 1;
+  LeaderLook look;
+  if (const auto* style = peekAs<OdDbDimStyleTableRecord>(leader.dimensionStyle())) {
+    look = {style->dimasz(), style->dimldrblk()};
+    scale = style->dimscale();
+  }
+  const GroupList none, *data = leader.xDataGroups();
+  const GroupList& groups = data == nullptr ? none : *data;
+  constexpr int kArrowSize = 41, kScale = 40, kArrow = 341;
+  for (std::size_t i = groups.find(1070); i + 1 < groups.size(); i = groups.find(1070, i + 1)) {
+    const Group& value = groups[i + 1];
+    if (value.code == 1040 && groups[i].integer == kArrowSize)
+      look.arrowSize = value.real;
+    else if (value.code == 1040 && groups[i].integer == kScale)
+      scale = value.real;
+    else if (value.code == 1005 && groups[i].integer == kArrow)
+      look.arrow = groups.idOf(value);
+  }
+  look.arrowSize *= scale > 0 ? scale : 1;
+  return look;
+}
+
+} // namespace
+
+void drawLeader(const OdDbLeader& leader, Canvas& canvas) {
+  Path path;
+  for (int i = 0; i < leader.numVertices(); ++i)
+    path.push_back(leader.vertexAt(i));
+  if (path.size() < 2)
+    return;
+  const LeaderLook look = lookOf(leader);
+  const OdGePoint3d tip = path.front();
+  if (leader.isSplined())
+    path = smoothThrough(path, false);
+  if (leader.hasArrowHead())
+    path.front() = drawArrow(tip, path[1], leader.normal(), look.arrowSize, look.arrow, canvas);
+  canvas.stroke(path);
+}
+
+namespace {
+
+void drawBranch(const OdDbMLeader& leader, const MLeaderBranch& branch, OdDbObjectId arrow, Canvas& canvas) {
+  const OdGePoint3d end = branch.landing + branch.dogleg * branch.doglegLength;
+  for (const std::vector<OdGePoint3d>& line : branch.lines) {
+    Path path = line;
+    path.push_back(branch.landing);
+    if (path.size() > 1)
+      path.front() = drawArrow(path[0], path[1], leader.normal(), leader.arrowSize(), arrow, canvas);
+    canvas.stroke(path);
+  }
+  if (branch.doglegLength > 0)
+    canvas.line(branch.landing, end);
+}
+
+void drawNote(const OdDbMLeader& leader, const GroupList& context, Canvas& canvas) {
+  TextBox box;
+  constexpr int kAttachments[] = {1, 1, 2, 3}; // left, centre, right: from the top
+  box.attachment = kAttachments[std::clamp<std::int64_t>(keptInteger(context, 171, 1), 0, 3)];
+  Frame frame;
+  frame.width = keptReal(context, 43);
+  frame.textHeight = leader.textHeight();
+  frame.lineSpacing = std::max(keptReal(context, 45, 1), 0.25);
+  frame.align = box.attachment == 1 ? Align::Left : box.attachment == 2 ? Align::Center : Align::Right;
+  const OdGeVector3d x = leader.textDirection().normal(), z = leader.normal().normal();
+  box.toBlock = OdGeMatrix3d::coordSystem(leader.textLocation(), x, z.crossProduct(x), z);
+  const OdDbObjectId style = keptReference(context, 340);
+  LetterLook look{fontOfStyle(style), leader.textHeight(), widthFactorOfStyle(style), obliqueOfStyle(style), {}};
+  if (const std::optional<OdCmColor> color = mleaderColor(keptInteger(context, 90)))
+    look.color = color;
+  box.block = layOut(readMText(leader.contents().visible(), look), frame, canvas.letters());
+  drawTextBox(box, canvas);
+}
+
+// The block of a note stands by a matrix of its own.
+void drawBlockNote(const OdDbMLeader& leader, const GroupList& context, Canvas& canvas) {
+  const auto* block = peekAs<OdDbBlockTableRecord>(leader.blockContentId());
+  if (!lives(block))
+    return canvas.leaveOut("no-block");
+  OdGeMatrix3d place = OdGeMatrix3d::translation(leader.blockPosition().asVector());
+  const std::size_t i = context.find(47);
+  for (std::size_t entry = 0; entry < 16 && i + entry < context.size() && context[i + entry].code == 47; ++entry)
+    place.entry[entry / 4][entry % 4] = context[i + entry].real;
+  place = place * OdGeMatrix3d::translation(OdGePoint3d() - block->origin());
+  canvas.show(leader.blockContentId(), place);
+  for (const auto& [definition, text] : mleaderAttributes(leader)) {
+    const auto* attribute = peekAs<OdDbAttributeDefinition>(definition);
+    if (lives(attribute) && !attribute->isInvisible())
+      drawStringAt(*attribute, text, place, canvas);
+  }
+}
+
+} // namespace
+
+void drawMLeader(const OdDbMLeader& leader, Canvas& canvas) {
+  const OdDbObjectId arrow = mleaderArrow(leader);
+  for (const MLeaderBranch& branch : mleaderBranches(leader))
+    drawBranch(leader, branch, arrow, canvas);
+  const GroupList context = mleaderContext(leader);
+  if (leader.contentType() == OdDbMLeader::kMTextContent)
+    drawNote(leader, context, canvas);
+  else if (leader.contentType() == OdDbMLeader::kBlockContent)
+    drawBlockNote(leader, context, canvas);
+  else if (leader.contentType() == OdDbMLeader::kToleranceContent)
+    canvas.leaveOut("tolerance-note");
+}
+
+} // namespace drawing::gi

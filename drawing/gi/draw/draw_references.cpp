@@ -1,0 +1,149 @@
+// What shows other blocks: references and viewports.
+#include "DbAttribute.h"
+#include "DbBlockReference.h"
+#include "DbBlockTable.h"
+#include "DbDatabase.h"
+#include "DbSpatialFilter.h"
+#include "DbViewport.h"
+#include "Ge/GeUtil.h"
+#include "drawing/gi/draw/entity_drawers.h"
+#include "drawing/model/object_store.h"
+#include "drawing/records/raw_groups.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace drawing::gi {
+
+using db::lives;
+using db::peekAs;
+
+namespace {
+
+const char* reasonNotLoaded(const OdDbBlockTableRecord& block) {
+  return block.xrefStatus() == XrefStatus::Unloaded ? "xref-unloaded" : "xref-not-loaded";
+}
+
+// Points of the contents are in the block's own coordinates: its origin comes to where the reference stands.
+OdGeMatrix3d contentsTransform(const OdDbBlockReference& reference, const OdGePoint3d& origin) {
+  return reference.blockTransform() * OdGeMatrix3d::translation(OdGePoint3d() - origin);
+}
+
+void addClip(const OdDbSpatialFilter& filter, Inset& inset, Canvas& canvas) {
+  const Path hole = filter.holeInBlock();
+  std::vector<OdGePoint2d> polygon;
+  for (const OdGePoint3d& corner : hole.empty() ? filter.boundaryInBlock() : hole)
+    polygon.push_back((inset.place.toPicture * corner).convert2d());
+  if (polygon.size() > 2)
+    canvas.cut(inset, std::move(polygon), !hole.empty());
+  if (filter.frontClipDist() || filter.backClipDist())
+    canvas.leaveOut("depth-clip");
+}
+
+// The contents of an external drawing have layers of their own, which the host may override.
+void enterXref(const OdDbDatabase& external, const OdDbBlockTableRecord& block, Inset& inset, Canvas& canvas) {
+  inset.block = external.getModelSpaceId();
+  inset.place.setting.layers = canvas.looks().addView(block.getName() + L"|");
+}
+
+void addRepetitions(const OdDbBlockReference& reference, Inset& inset) {
+  const auto* array = OdDbMInsertBlock::cast(&reference).get();
+  if (array == nullptr)
+    return;
+  const OdGeMatrix3d turned =
+      OdGeMatrix3d::planeToWorld(reference.normal()) * OdGeMatrix3d::rotation(reference.rotation(), {0, 0, 1});
+  inset.columns = std::max<int>(array->columns(), 1);
+  inset.rows = std::max<int>(array->rows(), 1);
+  inset.column = turned * OdGeVector3d(array->columnSpacing(), 0, 0);
+  inset.row = turned * OdGeVector3d(0, array->rowSpacing(), 0);
+}
+
+} // namespace
+
+void drawReference(const OdDbBlockReference& reference, Canvas& canvas) {
+  const auto* block = peekAs<OdDbBlockTableRecord>(reference.blockTableRecord());
+  if (!lives(block))
+    return canvas.leaveOut("no-block");
+  const OdDbDatabase* external = block->isFromExternalReference() ? block->xrefDatabase() : nullptr;
+  const OdGePoint3d origin = external != nullptr ? external->getINSBASE() : block->origin();
+  Inset& inset = canvas.show(block->objectId(), contentsTransform(reference, origin));
+  if (reference.hasAttributes()) {
+    const OdDbObjectIdArray ids = reference.attributeIds();
+    inset.rest = std::make_shared<const std::vector<OdDbObjectId>>(ids.begin(), ids.end());
+  }
+  if (external != nullptr)
+    enterXref(*external, *block, inset, canvas);
+  else if (block->isFromExternalReference())
+    canvas.leaveOut(reasonNotLoaded(*block));
+  addRepetitions(reference, inset);
+  const OdDbSpatialFilterPtr filter = OdDbSpatialFilter::of(reference);
+  if (!filter.isNull() && filter->isEnabled())
+    addClip(*filter, inset, canvas);
+}
+
+namespace {
+
+constexpr std::int64_t kViewportOff = 0x20000;
+constexpr std::int64_t kPerspective = 1;
+
+// The groups of the viewport's own section; early files have no sections.
+GroupList viewOf(const OdDbViewport& viewport) {
+  GroupList view;
+  const GroupList* carried = viewport.carriedOrNull();
+  bool isOwn = true;
+  for (std::size_t i = 0; carried != nullptr && i < carried->size(); ++i) {
+    if ((*carried)[i].code == 100)
+      isOwn = carried->textOf((*carried)[i]) == "AcDbViewport";
+    else if (isOwn)
+      view.append(*carried, i, 1);
+  }
+  return view;
+}
+
+// From the world of model space to the sheet.
+OdGeMatrix3d sheetTransform(const OdDbViewport& viewport, const GroupList& view) {
+  const OdGeVector3d direction = keptPoint(view, 16, {0, 0, 1}).asVector();
+  const double height = keptReal(view, 45, viewport.height()), scale = height > 0 ? viewport.height() / height : 1;
+  const OdGePoint3d center(keptReal(view, 12), keptReal(view, 22), 0);
+  const OdGeMatrix3d eye = OdGeMatrix3d::rotation(OdaToRadian(keptReal(view, 51)), {0, 0, 1}) *
+                           OdGeMatrix3d::worldToPlane(direction.isZeroLength() ? OdGeVector3d(0, 0, 1) : direction) *
+                           OdGeMatrix3d::translation(OdGePoint3d() - keptPoint(view, 17));
+  return OdGeMatrix3d::translation(viewport.centerPoint().asVector()) * OdGeMatrix3d::scaling(scale) *
+         OdGeMatrix3d::translation(OdGePoint3d() - center) * eye;
+}
+
+Path borderOf(const OdDbViewport& viewport, const GroupList& view) {
+  if (const auto* boundary = peekAs<OdDbEntity>(keptReference(view, 340)); lives(boundary)) {
+    if (Path outline = outlineOf(*boundary); outline.size() > 2)
+      return outline;
+  }
+  const OdGePoint3d c = viewport.centerPoint();
+  const double x = viewport.width() / 2, y = viewport.height() / 2;
+  return {{c.x - x, c.y - y, 0}, {c.x + x, c.y - y, 0}, {c.x + x, c.y + y, 0}, {c.x - x, c.y + y, 0}};
+}
+
+} // namespace
+
+void drawViewport(const OdDbViewport& viewport, Canvas& canvas) {
+  const GroupList view = viewOf(viewport);
+  const std::int64_t number = keptInteger(view, 69), state = keptInteger(view, 68, 1), flags = keptInteger(view, 90);
+  if (number == 1)
+    return; // the sheet itself
+  const Path border = borderOf(viewport, view);
+  canvas.stroke(border, true);
+  if (state == 0 || (flags & kViewportOff) != 0 || canvas.place().depth > 0)
+    return;
+  Inset& inset = canvas.show(canvas.database().getModelSpaceId(), sheetTransform(viewport, view));
+  inset.place.setting.isInReference = false;
+  inset.place.setting.byBlock = canvas.looks().initial();
+  inset.place.setting.layers = canvas.looks().addView();
+  for (std::size_t i = 0; i < view.size(); ++i) {
+    if ((view[i].code == 331 || view[i].code == 341) && view[i].kind == GroupKind::Reference)
+      inset.place.setting.layers->frozen.insert(view.idOf(view[i]).getHandle());
+  }
+  canvas.cut(inset, canvas.project(border));
+  if ((flags & kPerspective) != 0)
+    canvas.leaveOut("perspective");
+}
+
+} // namespace drawing::gi

@@ -1,0 +1,164 @@
+#include "drawing/gi/scene/traits.h"
+
+#include "DbDatabase.h"
+#include "DbSymbolRecords.h"
+#include "drawing/model/load_context.h"
+#include "drawing/model/object_store.h"
+#include "drawing/model/symbol_name.h"
+
+#include <cmath>
+
+namespace drawing::gi {
+
+using db::peekAs;
+
+namespace {
+
+constexpr std::int32_t kKindOfOpacity = 0x7F000000, kOpacityByBlock = 0x01000000, kOpacityGiven = 0x02000000;
+constexpr std::int16_t kWeightByLayer = -1, kWeightByBlock = -2, kDefaultWeight = 25;
+
+std::uint8_t opacityOf(std::int64_t value) {
+  return (value & kKindOfOpacity) == kOpacityGiven ? static_cast<std::uint8_t>(value & 255) : 255;
+}
+
+// Layers keep theirs in extended data.
+std::uint8_t opacityOfLayer(const OdDbObject& layer) {
+  const GroupList* data = layer.xDataGroups();
+  if (data == nullptr)
+    return 255;
+  bool isOurs = false;
+  for (std::size_t i = 0; i < data->size(); ++i) {
+    const Group& group = (*data)[i];
+    if (group.code == 1001)
+      isOurs = symbolName(data->idOf(group)).iCompare(L"AcCmTransparency") == 0 ||
+               data->stringOf(group).iCompare(L"AcCmTransparency") == 0;
+    else if (isOurs && group.code == 1071)
+      return opacityOf(group.integer);
+  }
+  return 255;
+}
+
+bool isNamed(OdDbObjectId linetype, const wchar_t* name) {
+  return symbolName(linetype).iCompare(name) == 0;
+}
+
+} // namespace
+
+Looks::Looks(const OdDbDatabase& host, Color background)
+    : host_(host), foreground_(foregroundOn(background)), background_(background) {
+  const double scale = host.headerReal("LTSCALE", 1);
+  linetypeScale_ = std::isfinite(scale) && scale > 0 ? scale : 1;
+  showsWeights_ = host.headerInt("LWDISPLAY") != 0;
+  nowhere_.color = foreground_;
+}
+
+LayerView* Looks::addView(const OdString& prefix) {
+  views_.emplace_back().prefix = prefix;
+  return &views_.back();
+}
+
+Traits Looks::initial() const {
+  Traits traits;
+  traits.color = foreground_;
+  traits.layer = &nowhere_;
+  return traits;
+}
+
+std::shared_ptr<const Pattern> Looks::patternOf(OdDbObjectId linetype) {
+  const auto found = patterns_.find(linetype);
+  if (found != patterns_.end())
+    return found->second;
+  auto pattern = std::make_shared<Pattern>();
+  double period = 0;
+  const auto* record = peekAs<OdDbLinetypeTableRecord>(linetype);
+  const GroupList* groups = record == nullptr ? nullptr : record->carriedOrNull();
+  for (std::size_t i = 0; groups != nullptr && i < groups->size(); ++i) {
+    const Group& group = (*groups)[i];
+    if (group.code != 49 || group.kind != GroupKind::Real || !std::isfinite(group.real))
+      continue;
+    pattern->push_back(group.real);
+    period += std::fabs(group.real);
+  }
+  std::shared_ptr<const Pattern> made;
+  if (pattern->size() > 1 && period > 0)
+    made = std::move(pattern);
+  return patterns_.emplace(linetype, std::move(made)).first->second;
+}
+
+LayerLook Looks::look(OdDbObjectId layer, const LayerView& view) {
+  LayerLook look = nowhere_;
+  const OdString name = symbolName(layer);
+  look.isZero = name == L"0";
+  const auto* record = peekAs<OdDbLayerTableRecord>(layer);
+  if (!view.prefix.isEmpty() && !look.isZero) {
+    const auto* ofHost = peekAs<OdDbLayerTableRecord>(host_.symbol(OdDb::kLayerTable, view.prefix + name));
+    record = ofHost != nullptr ? ofHost : record;
+  }
+  if (record == nullptr)
+    return look;
+  look.off = record->isOff();
+  look.frozen = record->isFrozen() || view.frozen.count(record->getDbHandle()) != 0;
+  look.color = colorOf(record->color());
+  look.color.a = opacityOfLayer(*record);
+  look.weight = record->lineWeight();
+  look.pattern = patternOf(record->linetypeObjectId());
+  return look;
+}
+
+const LayerLook& Looks::layer(OdDbObjectId id, LayerView& view) {
+  const auto found = view.looks.find(id);
+  return found != view.looks.end() ? found->second : view.looks.emplace(id, look(id, view)).first->second;
+}
+
+// Some programs write the colour of the foreground with the white of their own screen.
+Color Looks::colorOf(const OdCmColor& color) const {
+  constexpr std::int32_t kWhite = 0xFFFFFF;
+  constexpr std::int16_t kForeground = 7;
+  if (color.trueColor < 0 || (color.trueColor == kWhite && color.index == kForeground))
+    return indexedColor(color.index, foreground_);
+  return gi::colorOf(static_cast<std::uint32_t>(color.trueColor));
+}
+
+Color Looks::colorOf(const OdCmColor& color, const Traits& entity, const Color& byBlock) const {
+  Color answer = entity.layer->color;
+  if (color.trueColor < 0 && color.index == OdCmColor::kByBlock)
+    answer = byBlock;
+  else if (color.trueColor >= 0 || color.index != OdCmColor::kByLayer)
+    answer = colorOf(color);
+  answer.a = entity.color.a;
+  return answer;
+}
+
+Traits Looks::of(const OdDbEntity& entity, const Setting& setting) {
+  const LayerLook& own = layer(entity.layerId(), *setting.layers);
+  Traits traits;
+  traits.layer = own.isZero && setting.isInReference ? setting.byBlock.layer : &own;
+  const std::int32_t opacity = entity.transparency();
+  traits.color.a = opacity == 0                                    ? traits.layer->color.a
+                   : (opacity & kKindOfOpacity) == kOpacityByBlock ? setting.byBlock.color.a
+                                                                   : opacityOf(opacity);
+  traits.color = colorOf(entity.color(), traits, setting.byBlock.color);
+  const std::int16_t weight = entity.lineWeight();
+  traits.weight = weight == kWeightByLayer   ? traits.layer->weight
+                  : weight == kWeightByBlock ? setting.byBlock.weight
+                                             : weight;
+  const OdDbObjectId linetype = entity.linetypeId();
+  if (linetype.isNull() || isNamed(linetype, L"ByLayer"))
+    traits.pattern = traits.layer->pattern;
+  else
+    traits.pattern = isNamed(linetype, L"ByBlock") ? setting.byBlock.pattern : patternOf(linetype);
+  traits.patternScale = entity.linetypeScale();
+  return traits;
+}
+
+Pen Looks::pen(const Traits& traits, double blockScale) const {
+  Pen pen;
+  pen.color = traits.color;
+  pen.pattern = traits.pattern;
+  pen.patternScale = linetypeScale_ * traits.patternScale * blockScale;
+  if (showsWeights_)
+    pen.weight = (traits.weight < 0 ? kDefaultWeight : traits.weight) / 100.0;
+  return pen;
+}
+
+} // namespace drawing::gi

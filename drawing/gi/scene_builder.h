@@ -1,0 +1,57 @@
+// Goes over a block and all that it shows, and puts it into a display list. Nesting is on a stack of its own.
+#pragma once
+
+#include "drawing/gi/draw/canvas.h"
+#include "drawing/picture.h"
+
+#include <map>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+class OdDbBlockTableRecord;
+
+namespace drawing::gi {
+
+// How the contents of a block are seen. A space or a sheet is seen as it is; of a definition the tags of its attributes
+// show.
+Place placeOf(const OdDbBlockTableRecord& block, Looks& looks);
+
+class Walk {
+public:
+  Walk(DisplayList& list, Looks& looks, const PictureOptions& options, PictureReport& report);
+  void run(OdDbObjectId block, const Place& place);
+  void runOne(OdDbObjectId entity, const Place& place);
+
+private:
+  using Ids = std::shared_ptr<const std::vector<OdDbObjectId>>;
+  // Entities that are drawn one after the other, in one place; or a block that is drawn so and so many times.
+  struct Level {
+    Place place;
+    Ids ids;
+    std::size_t at = 0;
+    OdDbObjectId block; // whose contents they are; null for repetitions and attributes
+    std::unique_ptr<Inset> repeated;
+  };
+
+  void goOn();
+  bool mayGoOn();
+  void step();
+  void repeat(Level& level);
+  void draw(OdDbObjectId id, const Place& place);
+  void push(Inset&& inset);
+  bool isOpen(OdDbObjectId block) const;
+  Ids contentsOf(OdDbObjectId block);
+  void tell(const OdDbEntity& entity, const char* reason);
+
+  DisplayList& list_;
+  Looks& looks_;
+  Letters letters_;
+  const PictureOptions& options_;
+  PictureReport& report_;
+  std::vector<Level> levels_;
+  std::unordered_map<OdDbObjectId, Ids> contents_;
+  std::map<std::pair<std::string, std::string>, std::size_t> told_;
+};
+
+} // namespace drawing::gi

@@ -1,0 +1,42 @@
+// Formatting codes of text of several lines.
+#pragma once
+
+#include "DbEntity.h"
+#include "drawing/gi/text/glyphs.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace drawing::gi {
+
+enum class Align : std::uint8_t { Default, Left, Center, Right };
+
+struct LetterLook {
+  Font font;
+  double height = 1; // of a capital, drawing units
+  double widthFactor = 1;
+  double oblique = 0;             // radians
+  std::optional<OdCmColor> color; // none: that of the text
+  bool under = false, over = false, through = false;
+};
+
+struct ParagraphLook {
+  Align align = Align::Default;
+  double firstIndent = 0, indent = 0; // in heights of the text
+};
+
+struct Word {
+  enum Kind : std::uint8_t { Letters, Blank, Tab, Stack, LineEnd, ColumnEnd };
+  Kind kind = Letters;
+  std::wstring text;  // of a stack: what stands above
+  std::wstring below; // of a stack
+  bool hasBar = false;
+  LetterLook look;
+  ParagraphLook paragraph;
+};
+
+// What is no code stands for itself. Letters that may begin a line of their own (ideographs) are words of one letter.
+MVDRAWING_API std::vector<Word> readMText(std::wstring_view contents, const LetterLook& look);
+
+} // namespace drawing::gi

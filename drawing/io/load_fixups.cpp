@@ -1,0 +1,234 @@
+#include "drawing/io/load_fixups.h"
+
+#include "drawing/io/standard_contents.h"
+
+#include "DbBlockReference.h"
+#include "DbBlockTable.h"
+#include "DbDictionary.h"
+#include "DbSymbolRecords.h"
+#include "drawing/blocks/block_graph.h"
+#include "drawing/detail/sequence_owner.h"
+#include "drawing/model/object_store.h"
+#include "drawing/model/reserved_names.h"
+#include "drawing/model/symbol_name.h"
+#include "drawing/model/symbol_table_kinds.h"
+#include "drawing/opaque_objects.h"
+#include "drawing/records/section.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
+
+namespace drawing::db {
+
+namespace {
+
+void tell(SettleFacts& facts, const char* code, Severity severity, const OdDbObject& object, std::string found,
+          std::string done) {
+  facts.context.begin(object.dxfName(), facts.context.lineOf(object.objectId()));
+  facts.context.setHandle(object.getDbHandle());
+  facts.context.tell({code, severity, 0, -1, 0, "", "", std::move(found), std::move(done)});
+}
+
+class Redirect final : public ReferenceVisitor {
+public:
+  explicit Redirect(const std::vector<std::pair<OdDbObjectId, OdDbObjectId>>& pairs)
+      : map_(pairs.begin(), pairs.end()) {}
+  void visit(OdDbObjectId& id, OdDb::ReferenceType) override {
+    if (const auto found = map_.find(id); found != map_.end())
+      id = found->second;
+  }
+
+private:
+  std::unordered_map<OdDbObjectId, OdDbObjectId> map_;
+};
+
+void redirect(SettleFacts& facts) {
+  if (facts.context.redirects().empty())
+    return;
+  Redirect visitor(facts.context.redirects());
+  for (OdDbObjectId id : facts.database.allIds()) {
+    if (OdDbObject* object = peek(id))
+      object->visitReferences(visitor);
+  }
+}
+
+void tellMissing(SettleFacts& facts) {
+  std::vector<OdDbObjectId> ids;
+  for (const auto& [id, line] : facts.context.missing())
+    ids.push_back(id);
+  std::sort(ids.begin(), ids.end());
+  for (OdDbObjectId id : ids) {
+    const auto& record = *peekAs<OdDbSymbolTableRecord>(id);
+    const bool standard = record.getName().iCompare(L"0") == 0 || record.getName().iCompare(L"ByLayer") == 0 ||
+                          record.getName().iCompare(L"ByBlock") == 0 || record.getName().iCompare(L"Continuous") == 0 ||
+                          record.getName().iCompare(L"Standard") == 0;
+    tell(facts, "dxf.name-undefined", standard ? Severity::Note : Severity::Repaired, record,
+         "\"" + record.getName().toUtf8Lossless() + "\" is used (line " + std::to_string(facts.context.missing()[id]) +
+             ") and nowhere defined",
+         "it is defined with default properties");
+  }
+}
+
+void tellLayoutFault(SettleFacts& facts, const LayoutFault& fault) {
+  struct Words {
+    const char* code;
+    const char* found;
+  };
+  // In the order of the kinds.
+  constexpr Words kWords[] = {{"dxf.layout-without-block", "the layout has no block of its own"},
+                              {"dxf.space-without-layout", "the block of a sheet names no layout that names it"},
+                              {"dxf.block-of-no-layout", "the block names a layout that is not its own"}};
+  const Words& words = kWords[fault.kind];
+  tell(facts, words.code, Severity::Repaired, fault.object, words.found, fault.done);
+}
+
+void ensureEnds(SettleFacts& facts) {
+  auto* table = peekAs<OdDbBlockTable>(facts.database.getBlockTableId());
+  for (OdDbObjectId id : table->members().ids()) {
+    auto* block = peekAs<OdDbBlockTableRecord>(id);
+    if (!lives(block))
+      continue;
+    const bool wasNamedOnly = facts.context.missing().count(id) != 0;
+    // Spaces that no file named are made without a word; they have no handle yet.
+    const bool isMade = isSpaceName(block->getName()) && block->getDbHandle().isNull();
+    if (block->blockBeginId().isNull() && !wasNamedOnly && !isMade)
+      tell(facts, "dxf.record-without-block", Severity::Repaired, *block, "no block belongs to the record",
+           "an empty one is made");
+    block->ensureEnds();
+  }
+}
+
+// A file that was cut, or a careless program: the members are there and their end is not.
+void ensureSequenceEnds(SettleFacts& facts) {
+  for (OdDbObjectId id : facts.database.allIds()) {
+    auto* entity = peekAs<OdDbEntity>(id);
+    auto* sequence = dynamic_cast<OdDbSequenceOwner*>(entity);
+    if (sequence == nullptr || sequence->subEntities().empty() || peek(sequence->sequenceEndId()) != nullptr)
+      continue;
+    tell(facts, "dxf.sequence-without-end", Severity::Repaired, *entity, "its sequence has no end", "the end is made");
+    const WriteScope scope(*entity);
+    sequence->ensureEnd(*entity);
+  }
+}
+
+// What the file mentions and never brings. Each is told once, with whoever mentioned it first.
+class BrokenLinks final : public ReferenceVisitor {
+public:
+  explicit BrokenLinks(SettleFacts& facts) : facts_(facts) {}
+  void look(OdDbObject& object) {
+    at_ = &object;
+    object.visitReferences(*this); // only reads
+  }
+  void visit(OdDbObjectId& id, OdDb::ReferenceType) override {
+    if (!id.isNull() && peek(id) == nullptr && told_.insert(id).second)
+      tell(facts_, "dxf.broken-link", Severity::Note, *at_,
+           "it refers to " + id.getHandle().ascii() + ", which does not exist", "the reference is kept");
+  }
+
+private:
+  SettleFacts& facts_;
+  OdDbObject* at_ = nullptr;
+  std::unordered_set<OdDbObjectId> told_;
+};
+
+void tellBrokenLinks(SettleFacts& facts) {
+  BrokenLinks links(facts);
+  for (OdDbObjectId id : facts.database.allIds()) {
+    OdDbObject* object = peek(id);
+    if (lives(object) && object != &facts.database.header())
+      links.look(*object);
+  }
+}
+
+void ownIfOrphan(OdDbObjectId id, OdDbObjectId owner) {
+  OdDbObject* object = peek(id);
+  if (object == nullptr || peek(object->ownerId()) != nullptr)
+    return;
+  const WriteScope scope(*object);
+  object->setOwnerId(owner);
+}
+
+// Some programs name no owners: whoever lists an object owns it. The first one, by id, where several do.
+void ownOrphans(OdDbDatabase& database) {
+  const OdDbObjectId root = database.getNamedObjectsDictionaryId();
+  for (OdDbObjectId id : database.allIds()) {
+    const OdDbObject* object = peek(id);
+    if (object == nullptr)
+      continue;
+    if (const OdDbObjectId extension = object->extensionDictionary(); !extension.isNull())
+      ownIfOrphan(extension, id);
+    const auto* dictionary = dynamic_cast<const OdDbDictionary*>(object);
+    for (std::size_t i = 0; dictionary != nullptr && i < dictionary->numEntries(); ++i) {
+      if (dictionary->entries()[i].id != root)
+        ownIfOrphan(dictionary->entries()[i].id, id);
+    }
+  }
+}
+
+void ensureLayers(OdDbDatabase& database) {
+  for (OdDbObjectId id : database.allIds()) {
+    auto* entity = peekAs<OdDbEntity>(id);
+    if (entity == nullptr || !entity->layerId().isNull())
+      continue;
+    const auto* carried = dynamic_cast<const OdDbCarriedEntity*>(entity);
+    if (carried != nullptr && carried->isUnread())
+      continue;
+    const WriteScope scope(*entity);
+    entity->setLayer(database.getLayerZeroId());
+  }
+}
+
+// The reference stays in the drawing as the record it was, and leads nowhere.
+void cutReference(SettleFacts& facts, OdDbObjectId id) {
+  const auto& reference = *peekAs<OdDbBlockReference>(id);
+  tell(facts, "dxf.block-cycle", Severity::Repaired, reference,
+       "a block contains itself through this reference to \"" +
+           symbolName(reference.blockTableRecord()).toUtf8Lossless() + "\"",
+       "the reference is kept as data and is no reference any more");
+  auto* kept = new OdDbCarriedEntity;
+  const OdSmartPtr<OdDbObject> holder(kept);
+  kept->setDxfName(reference.dxfName());
+  kept->setUnread(true);
+  kept->setOwnerId(reference.ownerId());
+  writeSections(reference, kept->extrasForLoad().carried);
+  facts.database.store().replace(id, kept);
+}
+
+void raiseHandseed(OdDbDatabase& database) {
+  const GroupList* seed = database.headerVar("HANDSEED");
+  if (seed != nullptr && !seed->empty() && (*seed)[0].kind == GroupKind::Handle)
+    database.setHandseed(static_cast<std::uint64_t>((*seed)[0].integer));
+}
+
+} // namespace
+
+void settleDrawing(SettleFacts& facts) {
+  OdDbDatabase& database = facts.database;
+  redirect(facts);
+  const auto tellLayout = [&facts](const LayoutFault& fault) { tellLayoutFault(facts, fault); };
+  for (const std::string& made : ensureBasics(database, tellLayout)) {
+    facts.context.begin("", 0);
+    facts.context.setHandle(0);
+    facts.context.tell(
+        {"dxf.standard-part-missing", Severity::Note, 0, -1, 0, "", "", "the drawing has no " + made, "it is made"});
+  }
+  tellMissing(facts);
+  ownOrphans(database);
+  ensureLayers(database);
+  ensureEnds(facts);
+  ensureSequenceEnds(facts);
+  std::vector<OdDbObjectId> cut;
+  bottomUp(database, cut);
+  for (OdDbObjectId id : cut)
+    cutReference(facts, id);
+  raiseHandseed(database);
+  tellBrokenLinks(facts);
+  database.store().assignDeferredHandles();
+  for (OdDbObjectId id : database.allIds()) {
+    if (OdDbObject* object = peek(id))
+      object->afterLoad();
+  }
+}
+
+} // namespace drawing::db

@@ -1,0 +1,18 @@
+// The last steps of a reading.
+#pragma once
+
+#include "drawing/model/load_context.h"
+
+namespace drawing::db {
+
+struct SettleFacts {
+  OdDbDatabase& database;
+  LoadContext& context;
+  const Budget& budget;
+};
+
+// Ends a reading: references to stand-ins go to the records that came, what was named and never came is told, blocks
+// get their ends, cycles of definitions are cut, objects without handle get one.
+void settleDrawing(SettleFacts& facts);
+
+} // namespace drawing::db

@@ -1,0 +1,267 @@
+#include "drawing/io/object_reader.h"
+
+#include "drawing/io/class_lookup.h"
+#include "drawing/model/load_context.h"
+#include "drawing/opaque_objects.h"
+#include "drawing/records/section.h"
+
+namespace drawing {
+
+namespace {
+
+bool hasMarkers(const Record& record) {
+  for (const Pair& pair : record) {
+    if (pair.code == 100)
+      return true;
+    if (pair.code >= 1000)
+      break;
+  }
+  return false;
+}
+
+// Where extended data begins: the first 1001 behind everything else.
+std::size_t xDataStart(const Record& record) {
+  std::size_t at = record.size();
+  while (at > 1 && record[at - 1].code >= 1000)
+    --at;
+  while (at < record.size() && record[at].code != 1001)
+    ++at;
+  return at;
+}
+
+// The section of that marker, not before `from`; the number of sections when there is none.
+std::size_t findSection(const std::vector<const Section*>& sections, std::string_view marker, std::size_t from) {
+  std::size_t at = from;
+  while (at < sections.size() && marker != sections[at]->marker &&
+         (sections[at]->alias[0] == 0 || marker != sections[at]->alias))
+    ++at;
+  return at;
+}
+
+// Dimension styles have their handle under 105; 5 is the name of an arrow block in early versions, and a handle in
+// files of programs that know no better.
+int handleCode(const Record& record, OdDb::DwgVersion version) {
+  if (record[0].text != "DIMSTYLE")
+    return 5;
+  for (const Pair& pair : record) {
+    if (pair.code == 105)
+      return 105;
+  }
+  return version < OdDb::kRelease13 ? 105 : 5;
+}
+
+// Properties that some programs write behind a later marker. Other codes of entities (48, 420, 440) mean something else
+// there.
+bool isPlainProperty(int code) {
+  return code == 6 || code == 8 || code == 62 || code == 67 || code == 370 || code == 410;
+}
+
+// What every entity has.
+const Section& commonSection() {
+  return *OdDbEntity::ownDescription().sections().front();
+}
+
+OdSmartPtr<OdDbObject> makeCarried(std::string_view name, bool isEntity, bool unread) {
+  if (isEntity) {
+    auto* entity = new OdDbCarriedEntity;
+    entity->setDxfName(std::string(name));
+    entity->setUnread(unread);
+    return OdSmartPtr<OdDbObject>(entity);
+  }
+  auto* object = new OdDbCarriedObject;
+  object->setDxfName(std::string(name));
+  object->setUnread(unread);
+  return OdSmartPtr<OdDbObject>(object);
+}
+
+} // namespace
+
+ReadObject ObjectReader::read(const Record& record, bool isEntity) {
+  const std::string_view name = record[0].text;
+  ReadObject facts;
+  context_.begin(name, record[0].line);
+  if (OdRxClass* known = chooseClass(name, record);
+      known != nullptr && known->isDerivedFrom(OdDbEntity::desc()) == isEntity) {
+    facts.object = known->create();
+    fill(record, *facts.object, facts);
+    if (context_.failed())
+      return keepUnread(record, isEntity);
+    ++context_.report().account.read;
+    return facts;
+  }
+  facts.object = makeCarried(name, isEntity, false);
+  fill(record, *facts.object, facts);
+  if (context_.failed())
+    return keepUnread(record, isEntity);
+  ++context_.report().account.kept;
+  return facts;
+}
+
+// Everything but handle, owner and what hangs on the object is kept to the letter.
+ReadObject ObjectReader::keepUnread(const Record& record, bool isEntity) {
+  ReadObject facts;
+  facts.object = makeCarried(record[0].text, isEntity, true);
+  const std::size_t xData = xDataStart(record);
+  for (std::size_t i = readHead(record, *facts.object, facts); i < xData; ++i) {
+    context_.append(facts.object->extrasForLoad().carried, record[i]);
+    if (record[i].code == 67)
+      takeEntityFact(record[i], facts);
+  }
+  readXData(record, xData, *facts.object);
+  ++context_.report().account.keptUnread;
+  return facts;
+}
+
+void ObjectReader::fill(const Record& record, OdDbObject& object, ReadObject& facts, OdDbObject* second,
+                        const Section* secondSection) {
+  const std::size_t from = readHead(record, object, facts);
+  if (hasMarkers(record))
+    fillSections(record, from, object, facts, second, secondSection);
+  else
+    fillWithoutMarkers(record, from, object, facts, second, secondSection);
+  readXData(record, xDataStart(record), object);
+}
+
+// Handle, application groups and owner stand in front of the first marker.
+std::size_t ObjectReader::readHead(const Record& record, OdDbObject& object, ReadObject& facts) {
+  const int handle = handleCode(record, context_.database().facts().version);
+  std::size_t i = 1;
+  while (i < record.size()) {
+    const Pair& pair = record[i];
+    if (pair.code == handle && facts.handle == 0) {
+      context_.handle(pair, facts.handle);
+      context_.setHandle(facts.handle);
+    } else if (pair.code == 102) {
+      i = readApplicationGroup(record, i, object);
+      continue;
+    } else if (pair.code == 330 && facts.owner.isNull()) {
+      facts.owner = context_.reference(pair);
+    } else {
+      break;
+    }
+    ++i;
+  }
+  return i;
+}
+
+// Lists of reactors and of the extension dictionary hold nothing else.
+void ObjectReader::passOver(const Pair& pair) {
+  context_.tell(
+      {"dxf.stray-group", Severity::Lost, 0, -1, 0, "", "", "a group that belongs to nothing", "it is passed over"},
+      &pair);
+}
+
+std::size_t ObjectReader::readApplicationGroup(const Record& record, std::size_t at, OdDbObject& object) {
+  std::size_t end = at + 1;
+  while (end < record.size() && record[end].code != 102 && record[end].code != 100)
+    ++end;
+  const bool closed = end < record.size() && record[end].code == 102;
+  const std::string_view name = record[at].text;
+  auto& extras = object.extrasForLoad();
+  if (name == "{ACAD_REACTORS") {
+    for (std::size_t i = at + 1; i < end; ++i) {
+      if (record[i].code == 330)
+        extras.reactors.push_back(context_.reference(record[i]));
+      else
+        passOver(record[i]);
+    }
+  } else if (name == "{ACAD_XDICTIONARY") {
+    for (std::size_t i = at + 1; i < end; ++i) {
+      if ((record[i].code == 360 || record[i].code == 350) && extras.extensionDictionary.isNull())
+        extras.extensionDictionary = context_.reference(record[i]);
+      else
+        passOver(record[i]);
+    }
+  } else {
+    for (std::size_t i = at; i < end + (closed ? 1 : 0); ++i)
+      context_.append(extras.applicationGroups, record[i]);
+  }
+  return end + (closed ? 1 : 0);
+}
+
+// Groups of entities that are not kept because they follow from where the entity is.
+bool ObjectReader::takeEntityFact(const Pair& pair, ReadObject& facts) {
+  std::int64_t whole = 0;
+  if (pair.code == 67) {
+    facts.inPaperSpace = context_.integer(pair, whole) && whole != 0;
+    return true;
+  }
+  if (pair.code == 410) {
+    facts.layoutName = context_.text(pair);
+    return true;
+  }
+  return false;
+}
+
+void ObjectReader::fillSections(const Record& record, std::size_t from, OdDbObject& object, ReadObject& facts,
+                                OdDbObject* second, const Section* secondSection) {
+  static const Section none;
+  const auto& sections = object.description().sections();
+  const std::size_t xData = xDataStart(record);
+  const bool isEntity = object.isKindOf(OdDbEntity::desc());
+  SectionReader common(object, isEntity ? commonSection() : none, context_);
+  std::size_t nextSection = 0;
+  std::size_t i = from;
+  GroupList* carried = nullptr;
+  while (i < xData) {
+    const bool marked = record[i].code == 100;
+    const std::string_view marker = marked ? record[i].text : std::string_view();
+    const std::size_t match = marked ? findSection(sections, marker, nextSection) : sections.size();
+    const bool known = match < sections.size();
+    nextSection = known ? match + 1 : nextSection;
+    const bool isCommon = isEntity && known && sections[match] == &commonSection();
+    SectionReader own(object, known ? *sections[match] : none, context_);
+    const bool forSecond = secondSection != nullptr && marker == secondSection->marker;
+    SectionReader other(forSecond ? *second : object, forSecond ? *secondSection : none, context_);
+    bool takesCommon = isEntity && (known || !marked);
+    bool headed = !marked; // whether the carried groups of this section have their marker yet
+    if (marked && !known) {
+      context_.append(object.extrasForLoad().carried, record[i]);
+      headed = true;
+    }
+    for (i += marked ? 1 : 0; i < xData && record[i].code != 100; ++i) {
+      if (record[i].code == 66 && isEntity)
+        facts.attributesFollow = true;
+      takesCommon = takesCommon && record[i].code != 101; // an embedded object has groups of its own
+      if (other.take(record[i]) || (!isCommon && own.take(record[i])))
+        continue;
+      const bool mayBeCommon = takesCommon && (isCommon || isPlainProperty(record[i].code));
+      if (mayBeCommon && (common.take(record[i]) || takeEntityFact(record[i], facts)))
+        continue;
+      carried = &object.extrasForLoad().carried;
+      if (!headed)
+        context_.append(*carried,
+                        record[i - 1].code == 100 ? record[i - 1] : Pair{100, Pair::Form::Text, marker, 0, 0, 0});
+      headed = true;
+      context_.append(*carried, record[i]);
+    }
+  }
+}
+
+// Files of early versions have no markers: every group goes to the first section that takes it.
+void ObjectReader::fillWithoutMarkers(const Record& record, std::size_t from, OdDbObject& object, ReadObject& facts,
+                                      OdDbObject* second, const Section* secondSection) {
+  std::vector<SectionReader> readers;
+  if (secondSection != nullptr)
+    readers.emplace_back(*second, *secondSection, context_);
+  for (const Section* section : object.description().sections())
+    readers.emplace_back(object, *section, context_);
+  const std::size_t xData = xDataStart(record);
+  const bool isEntity = object.isKindOf(OdDbEntity::desc());
+  for (std::size_t i = from; i < xData; ++i) {
+    if (record[i].code == 66 && isEntity)
+      facts.attributesFollow = true;
+    bool taken = isEntity && takeEntityFact(record[i], facts);
+    for (std::size_t r = 0; r < readers.size() && !taken; ++r)
+      taken = readers[r].take(record[i]);
+    if (!taken)
+      context_.append(object.extrasForLoad().carried, record[i]);
+  }
+}
+
+void ObjectReader::readXData(const Record& record, std::size_t from, OdDbObject& object) {
+  for (std::size_t i = from; i < record.size(); ++i)
+    context_.append(object.extrasForLoad().xData, record[i]);
+}
+
+} // namespace drawing

@@ -1,0 +1,46 @@
+// Turns a record into an object.
+#pragma once
+
+#include "drawing/model/record.h"
+
+#include "DbEntity.h"
+
+namespace drawing {
+
+// What a record says besides the object itself.
+struct ReadObject {
+  OdSmartPtr<OdDbObject> object;
+  std::uint64_t handle = 0;      // 0: none
+  OdDbObjectId owner;            // null: none named
+  bool inPaperSpace = false;     // group 67
+  OdString layoutName;           // group 410
+  bool attributesFollow = false; // group 66
+};
+
+class ObjectReader {
+public:
+  explicit ObjectReader(LoadContext& context) : context_(context) {}
+
+  // The object of a record: typed, of an unmodelled kind, or kept unread when a value cannot be understood.
+  ReadObject read(const Record& record, bool isEntity);
+  // Fills an object that is there already (records of tables, headers of blocks). `second` is asked in every section
+  // of its marker before the object's own: a block's head belongs to its table record.
+  void fill(const Record& record, OdDbObject& object, ReadObject& facts, OdDbObject* second = nullptr,
+            const Section* secondSection = nullptr);
+
+private:
+  void fillSections(const Record& record, std::size_t from, OdDbObject& object, ReadObject& facts, OdDbObject* second,
+                    const Section* secondSection);
+  void fillWithoutMarkers(const Record& record, std::size_t from, OdDbObject& object, ReadObject& facts,
+                          OdDbObject* second, const Section* secondSection);
+  std::size_t readHead(const Record& record, OdDbObject& object, ReadObject& facts);
+  void passOver(const Pair& pair);
+  std::size_t readApplicationGroup(const Record& record, std::size_t at, OdDbObject& object);
+  bool takeEntityFact(const Pair& pair, ReadObject& facts);
+  void readXData(const Record& record, std::size_t from, OdDbObject& object);
+  ReadObject keepUnread(const Record& record, bool isEntity);
+
+  LoadContext& context_;
+};
+
+} // namespace drawing

@@ -1,0 +1,132 @@
+#include "drawing/io/version_filter.h"
+
+#include "DbModelerGeometry.h"
+#include "drawing/file.h"
+#include "drawing/model/object_store.h"
+
+#include <utility>
+
+namespace drawing::dxf {
+
+namespace {
+
+constexpr int kGraphicsSize = 160, kGraphicsSizeBefore2010 = 92;
+
+// Since 2013 the bodies of solids stand in a section of their own, in a form that earlier versions do not read.
+bool hasBodyElsewhere(const OdDbObject& object) {
+  const auto* solid = OdDbModelerGeometry::cast(&object).get();
+  return solid != nullptr && !solid->hasTextBody() && solid->groups().find(290) < solid->groups().size();
+}
+
+} // namespace
+
+LeftOut::LeftOut(const OdDbDatabase& database, OdDb::DwgVersion version) {
+  if (version >= OdDb::kRelease2013 || database.facts().version < OdDb::kRelease2013)
+    return;
+  for (OdDbObjectId id : database.allIds()) {
+    const OdDbObject* object = db::peek(id);
+    if (db::lives(object) && hasBodyElsewhere(*object)) {
+      ids_.insert(id);
+      first_.push_back(id);
+    }
+  }
+  if (!ids_.empty())
+    addOwned(database);
+}
+
+// Owners may stand behind what they own: each chain of owners is walked until it is known where it leads.
+void LeftOut::addOwned(const OdDbDatabase& database) {
+  std::unordered_set<OdDbObjectId> kept;
+  std::vector<OdDbObjectId> chain;
+  for (OdDbObjectId id : database.allIds()) {
+    chain.clear();
+    OdDbObjectId at = id;
+    std::unordered_set<OdDbObjectId> seen; // files may hold owners in a circle
+    while (db::peek(at) != nullptr && !has(at) && kept.count(at) == 0 && seen.insert(at).second) {
+      chain.push_back(at);
+      at = db::peek(at)->ownerId();
+    }
+    auto& where = has(at) ? ids_ : kept;
+    where.insert(chain.begin(), chain.end());
+  }
+}
+
+void LeftOut::tell(GroupSink& sink) const {
+  for (OdDbObjectId id : first_)
+    sink.lost({"dxf.kind-not-in-version", Severity::Lost, 0, -1, std::uint64_t{id.getHandle()}, "",
+               db::peek(id)->dxfName(),
+               std::string("the form of its body does not exist in version ") + versionYear(sink.version()),
+               "the object is left out"});
+}
+
+bool VersionFilter::isOfColumns(int code, double value) {
+  const bool begins = code == 101 && kind_ == "MTEXT" && version() < OdDb::kRelease2018;
+  inColumns_ = (inColumns_ || begins) && code < 1000;
+  if (inColumns_ && code == 71 && value > 0)
+    to_.lost({"dxf.group-not-in-version", Severity::Lost, 0, code, 0, "", "",
+              std::string("the columns of a text cannot be held by version ") + versionYear(version()),
+              "its text is written in one"});
+  return inColumns_;
+}
+
+bool VersionFilter::has(int code, double value) {
+  if (isOfColumns(code, value))
+    return false;
+  if (code >= 1000 || code == 101)
+    inData_ = true;
+  if (inData_)
+    return true;
+  const GroupRule* rule = missingGroup(kind_, marker_, code, version());
+  // The colours of a gradient stand under codes that mean something else in front of it.
+  const bool ofGradient = behindGradient_ && (code == 63 || code == 421);
+  behindGradient_ = behindGradient_ || (rule != nullptr && code == 450);
+  // So does the colour of the fill behind the texts of a dimension style.
+  const bool ofFill = std::exchange(behindFill_, rule != nullptr && code == 69) && code == 70;
+  if (rule == nullptr)
+    return !ofGradient && !ofFill;
+  if (!rule->isPlain(value))
+    tellRule(*rule, code);
+  return false;
+}
+
+void VersionFilter::tellRule(const GroupRule& rule, int code) {
+  to_.lost({"dxf.group-not-in-version", Severity::Lost, 0, code, 0, "", "",
+            std::string(rule.what) + " cannot be held by version " + versionYear(version()), "it is left out"});
+}
+
+void VersionFilter::leftOut(int code, std::string_view marker, double value) {
+  const GroupRule* rule = missingGroup(kind_, marker, code, version());
+  if (rule == nullptr)
+    to_.leftOut(code, marker, value);
+  else if (!rule->isPlain(value))
+    tellRule(*rule, code);
+}
+
+void VersionFilter::utf8(int code, std::string_view text) {
+  if (code == 0) {
+    kind_ = text;
+    marker_.clear();
+    inData_ = behindGradient_ = behindFill_ = inColumns_ = false;
+  } else if (code == 100 && !inData_) {
+    marker_ = text;
+    behindGradient_ = false;
+  }
+  if (has(code))
+    to_.utf8(code, text);
+}
+
+void VersionFilter::integer(int code, std::int64_t value) {
+  const bool isGraphics =
+      marker_ == "AcDbEntity" && !inData_ && (code == kGraphicsSize || code == kGraphicsSizeBefore2010);
+  if (isGraphics)
+    to_.integer(version() < OdDb::kRelease2010 ? kGraphicsSizeBefore2010 : kGraphicsSize, value);
+  else if (has(code, static_cast<double>(value)))
+    to_.integer(code, value);
+}
+
+void VersionFilter::reference(int code, OdDbObjectId id) {
+  if (has(code, id.isNull() ? 0 : kNoNumber))
+    to_.reference(code, leftOut_.has(id) ? OdDbObjectId() : id);
+}
+
+} // namespace drawing::dxf

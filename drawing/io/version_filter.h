@@ -1,0 +1,66 @@
+// What stands between a drawing of one version and a file of another.
+#pragma once
+
+#include "DbDatabase.h"
+#include "drawing/io/forwarding_sink.h"
+#include "drawing/io/version_rules.h"
+
+#include <string>
+#include <unordered_set>
+
+namespace drawing::dxf {
+
+// Objects that the version cannot hold at all, with everything that they own. References to them are written as none.
+class LeftOut {
+public:
+  // Nothing unless the version is earlier than the drawing's own.
+  LeftOut(const OdDbDatabase& database, OdDb::DwgVersion version);
+  bool has(OdDbObjectId id) const { return ids_.count(id) != 0; }
+  bool empty() const { return ids_.empty(); }
+  // Tells each of them once.
+  void tell(GroupSink& sink) const;
+
+private:
+  void addOwned(const OdDbDatabase& database);
+  std::unordered_set<OdDbObjectId> ids_;
+  std::vector<OdDbObjectId> first_; // those that are left out for their own sake
+};
+
+// Leaves out groups that the version does not have, and tells each kind of them. Graphics that other programs put into
+// the common section stand under another code since 2010.
+class VersionFilter final : public ForwardingSink {
+public:
+  VersionFilter(GroupSink& to, const LeftOut& leftOut) : ForwardingSink(to), leftOut_(leftOut) {}
+
+  void utf8(int code, std::string_view text) override;
+  void real(int code, double value) override {
+    if (has(code, value))
+      to_.real(code, value);
+  }
+  void integer(int code, std::int64_t value) override;
+  void reference(int code, OdDbObjectId id) override;
+  void binary(int code, std::string_view bytes) override {
+    if (has(code))
+      to_.binary(code, bytes);
+  }
+  void unread(int code, std::string_view text) override {
+    if (has(code))
+      to_.unread(code, text);
+  }
+
+  void leftOut(int code, std::string_view marker, double value) override;
+
+private:
+  bool has(int code, double value = kNoNumber);
+  bool isOfColumns(int code, double value);
+  void tellRule(const GroupRule& rule, int code);
+
+  const LeftOut& leftOut_;
+  std::string kind_, marker_;
+  bool behindGradient_ = false;
+  bool behindFill_ = false;
+  bool inColumns_ = false; // texts have theirs in an embedded object since 2018
+  bool inData_ = false;    // extended data and embedded objects have codes of their own
+};
+
+} // namespace drawing::dxf

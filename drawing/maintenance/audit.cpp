@@ -1,0 +1,378 @@
+#include "drawing/audit.h"
+
+#include "DbBlockReference.h"
+#include "DbBlockTable.h"
+#include "DbDictionary.h"
+#include "DbDimension.h"
+#include "DbSymbolRecords.h"
+#include "drawing/blocks/block_graph.h"
+#include "drawing/detail/sequence_owner.h"
+#include "drawing/model/object_store.h"
+#include "drawing/model/reserved_names.h"
+#include "drawing/model/undo_log.h"
+#include "drawing/names.h"
+#include "drawing/objects/layout_links.h"
+#include "drawing/opaque_objects.h"
+
+#include <algorithm>
+#include <cmath>
+#include <unordered_map>
+#include <unordered_set>
+
+namespace drawing {
+
+using db::lives;
+using db::peek;
+using db::peekAs;
+
+namespace {
+
+// References that lead nowhere, or out of the drawing.
+class BrokenReferences final : public ReferenceVisitor {
+public:
+  explicit BrokenReferences(const OdDbDatabase& database, bool cut = false) : database_(database), cut_(cut) {}
+  void visit(OdDbObjectId& id, OdDb::ReferenceType type) override {
+    if (id.isNull())
+      return;
+    const bool isForeign = id.database() != &database_;
+    // A soft pointer to what was erased is how drawings forget; the others hold what they name.
+    const bool isDangling = !isForeign && !lives(id) && type != OdDb::kSoftPointerRef;
+    foreign += isForeign ? 1 : 0;
+    dangling += isDangling ? 1 : 0;
+    if (cut_ && (isForeign || isDangling))
+      id.setNull();
+  }
+  int dangling = 0, foreign = 0;
+
+private:
+  const OdDbDatabase& database_;
+  bool cut_;
+};
+
+bool isFinite(const OdGeExtents3d& extents) {
+  const OdGePoint3d low = extents.minPoint(), high = extents.maxPoint();
+  return std::isfinite(low.x + low.y + low.z) && std::isfinite(high.x + high.y + high.z);
+}
+
+// Ends of blocks and of sequences are named by what they end, and stand in no list.
+bool isEnd(const OdDbObject& object) {
+  return object.isKindOf(OdDbBlockBegin::desc()) || object.isKindOf(OdDbBlockEnd::desc()) ||
+         object.isKindOf(OdDbSequenceEnd::desc());
+}
+
+// The name with '_' for every character that none may have.
+OdString legalName(const OdString& name, const OdDbSymbolTable& table) {
+  OdString legal = name;
+  legal.trimLeft().trimRight();
+  for (int at = -1; nameFault(legal, OdDb::kRelease2000, &at) == NameFault::Character;)
+    legal.setAt(at, L'_');
+  return table.freeName(legal.isEmpty() ? OdString(L"unnamed") : legal.left(255));
+}
+
+class Audit {
+public:
+  Audit(OdDbDatabase& database, bool fix) : database_(database), fix_(fix) {}
+
+  Report run() {
+    listMembers();
+    for (OdDbObjectId id : database_.allIds()) {
+      OdDbObject* object = peek(id);
+      if (lives(object) && object != &database_.header())
+        checkObject(*object);
+    }
+    for (int kind = 0; kind < OdDb::kSymbolTableCount; ++kind)
+      checkTable(static_cast<OdDb::SymbolTableKind>(kind));
+    db::checkLayouts(database_, fix_, [this](const db::LayoutFault& fault) { tellLayout(fault); });
+    checkCycles();
+    return std::move(report_);
+  }
+
+private:
+  void tell(const char* code, Severity severity, const OdDbObject& object, std::string found, const char* mended = "") {
+    report_.add({code, fix_ && mended[0] != 0 ? Severity::Repaired : severity, 0, -1, object.getDbHandle(), "",
+                 object.dxfName(), std::move(found), fix_ ? mended : ""});
+  }
+
+  // Who lists whom; a member that two containers list is told at once.
+  void listMembers() {
+    for (OdDbObjectId id : database_.allIds()) {
+      OdDbObject* container = peek(id);
+      if (!lives(container))
+        continue;
+      if (const IdList* list = container->memberList()) {
+        for (OdDbObjectId member : list->ids())
+          listed(member, *container);
+      }
+      if (const auto* owner = dynamic_cast<const OdDbSequenceOwner*>(container)) {
+        for (OdDbObjectId member : owner->subEntities())
+          listed(member, *container);
+      }
+    }
+  }
+
+  void listed(OdDbObjectId member, const OdDbObject& container) {
+    if (!lives(member))
+      return;
+    if (!lister_.emplace(member, container.objectId()).second)
+      tell("audit.listed-twice", Severity::Lost, *peek(member), "the object stands in two lists or twice in one");
+  }
+
+  void checkObject(OdDbObject& object) {
+    checkOwner(object);
+    if (object.isErased())
+      return;
+    if (auto* dictionary = dynamic_cast<OdDbDictionary*>(&object))
+      checkDictionary(*dictionary);
+    checkReferences(object);
+    if (auto* entity = dynamic_cast<OdDbEntity*>(&object))
+      checkEntity(*entity);
+    if (auto* sequence = dynamic_cast<OdDbSequenceOwner*>(&object))
+      checkSequence(object, *sequence);
+    if (auto* block = dynamic_cast<OdDbBlockTableRecord*>(&object))
+      checkEnds(*block);
+  }
+
+  void checkOwner(OdDbObject& object) {
+    const bool needsList =
+        !isEnd(object) && (object.isKindOf(OdDbEntity::desc()) || object.isKindOf(OdDbSymbolTableRecord::desc()));
+    const auto lister = lister_.find(object.objectId());
+    if (needsList && lister == lister_.end()) {
+      tell("audit.in-no-list", Severity::Lost, object, "no block, table or sequence lists the object", fixList(object));
+    } else if (lister != lister_.end() && lister->second != object.ownerId()) {
+      tell("audit.owner-does-not-list", Severity::Lost, object, "its owner is not the one that lists it",
+           "its owner is set to the one that lists it");
+      if (fix_) {
+        const db::WriteScope scope(object);
+        object.setOwnerId(lister->second);
+      }
+    } else if (!object.ownerId().isNull() && !lives(object.ownerId())) {
+      tell("audit.owner-missing", Severity::Note, object, "its owner does not exist",
+           "the named-objects dictionary is named as its owner");
+      if (fix_) {
+        const db::WriteScope scope(object);
+        object.setOwnerId(database_.getNamedObjectsDictionaryId());
+      }
+    }
+  }
+
+  // Entities go into the block that they name, or into model space; what cannot stand there is erased.
+  const char* fixList(OdDbObject& object) {
+    const bool isPart = object.dxfName() == "ATTRIB" || object.dxfName() == "VERTEX";
+    const bool standsInBlock = object.isKindOf(OdDbEntity::desc()) && !isPart;
+    if (!fix_)
+      return "";
+    const db::WriteScope scope(object);
+    if (!standsInBlock) {
+      object.erase();
+      return "it is erased";
+    }
+    auto* block = peekAs<OdDbBlockTableRecord>(object.ownerId());
+    if (!lives(block))
+      block = peekAs<OdDbBlockTableRecord>(database_.getModelSpaceId());
+    database_.undoLog().listGrows(*block, block->members().size());
+    object.setOwnerId(block->objectId());
+    block->adoptEntity(object.objectId());
+    return "it is put into its block, or into model space";
+  }
+
+  // An entry of an erased object is how a dictionary forgets; it is not written.
+  void checkDictionary(OdDbDictionary& dictionary) {
+    std::vector<OdString> dead;
+    for (const OdDbDictionary::Entry& entry : dictionary.entries()) {
+      if (lives(entry.id))
+        continue;
+      dead.push_back(entry.name);
+      if (peek(entry.id) == nullptr)
+        tell("audit.entry-to-nothing", Severity::Note, dictionary,
+             "the entry \"" + entry.name.toUtf8Lossless() + "\" names nothing", "the entry is removed");
+    }
+    for (std::size_t i = 0; fix_ && i < dead.size(); ++i) {
+      const db::WriteScope scope(dictionary);
+      dictionary.remove(dead[i]);
+    }
+    deadEntries_ = fix_ ? 0 : static_cast<int>(dead.size());
+  }
+
+  // A sequence remembers the parts that were erased; they are not written.
+  static int erasedParts(const OdDbObject& object) {
+    const auto* owner = dynamic_cast<const OdDbSequenceOwner*>(&object);
+    if (owner == nullptr)
+      return 0;
+    const auto isErased = [](OdDbObjectId id) { return peek(id) != nullptr && peek(id)->isErased(); };
+    return static_cast<int>(std::count_if(owner->subEntities().begin(), owner->subEntities().end(), isErased));
+  }
+
+  void checkReferences(OdDbObject& object) {
+    BrokenReferences broken(database_);
+    object.visitReferences(broken); // only reads: visit changes nothing
+    const int dangling = broken.dangling - std::exchange(deadEntries_, 0) - erasedParts(object);
+    if (broken.foreign != 0)
+      tell("audit.reference-to-other-drawing", Severity::Lost, object, "it refers to an object of another drawing",
+           "the reference is cut");
+    if (dangling > 0)
+      tell("audit.reference-to-nothing", Severity::Note, object,
+           "it refers to " + std::to_string(dangling) + " objects that do not exist", "the references are cut");
+    if (!fix_ || dangling + broken.foreign == 0)
+      return;
+    const db::WriteScope scope(object);
+    object.assertWriteEnabled();
+    BrokenReferences cut(database_, true);
+    object.visitReferences(cut);
+    object.dropLostReactors();
+  }
+
+  void checkEntity(OdDbEntity& entity) {
+    const auto* carried = dynamic_cast<const OdDbCarriedEntity*>(&entity);
+    if (carried != nullptr && carried->isUnread())
+      return;
+    if (!lives(entity.layerId())) {
+      tell("audit.no-layer", Severity::Lost, entity, "the entity has no layer", "it is put on layer 0");
+      if (fix_) {
+        const db::WriteScope scope(entity);
+        entity.setLayer(database_.getLayerZeroId());
+      }
+    }
+    const auto* dimension = dynamic_cast<const OdDbDimension*>(&entity);
+    if (dimension != nullptr && !dimension->dimBlockId().isNull() && !lives(dimension->dimBlockId()))
+      tell("audit.dimension-without-picture", Severity::Note, entity, "the block with its picture does not exist");
+    const auto* reference = dynamic_cast<const OdDbBlockReference*>(&entity);
+    if (reference != nullptr)
+      checkBlockReference(entity, *reference);
+    else if (OdGeExtents3d extents; dimension == nullptr && entity.getGeomExtents(extents) == eOk && !isFinite(extents))
+      tell("audit.extents-not-finite", Severity::Note, entity, "its extents are beyond all numbers");
+  }
+
+  void checkBlockReference(OdDbEntity& entity, const OdDbBlockReference& reference) {
+    if (lives(reference.blockTableRecord()))
+      return;
+    tell("audit.reference-without-block", Severity::Lost, entity, "the block that it shows does not exist",
+         "the reference is erased");
+    if (fix_) {
+      const db::WriteScope scope(entity);
+      entity.erase();
+    }
+  }
+
+  void checkSequence(OdDbObject& object, OdDbSequenceOwner& sequence) {
+    bool hasParts = false;
+    for (OdDbObjectId part : sequence.subEntities())
+      hasParts = hasParts || lives(part);
+    if (!hasParts || lives(sequence.sequenceEndId()) || object.isErased())
+      return;
+    tell("audit.sequence-without-end", Severity::Lost, object, "its sequence has no end", "the end is made");
+    if (fix_) {
+      const db::WriteScope scope(object);
+      sequence.ensureEnd(static_cast<OdDbEntity&>(object));
+    }
+  }
+
+  void checkEnds(OdDbBlockTableRecord& block) {
+    if (lives(block.blockBeginId()) && lives(block.blockEndId()))
+      return;
+    tell("audit.block-without-ends", Severity::Lost, block, "the block has no begin or no end", "they are made");
+    if (fix_) {
+      const db::WriteScope scope(block);
+      block.assertWriteEnabled();
+      block.ensureEnds();
+    }
+  }
+
+  void tellLayout(const db::LayoutFault& fault) {
+    struct Words {
+      const char* code;
+      const char* found;
+    };
+    // In the order of the kinds.
+    constexpr Words kWords[] = {{"audit.layout-without-block", "the layout has no block of its own"},
+                                {"audit.space-without-layout", "no layout and this space name each other"},
+                                {"audit.block-of-no-layout", "the block names a layout that is not its own"}};
+    const Words& words = kWords[fault.kind];
+    tell(words.code, Severity::Lost, fault.object, words.found, fault.done);
+  }
+
+  void checkTable(OdDb::SymbolTableKind kind) {
+    const auto* table = peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind));
+    if (table == nullptr) {
+      report_.add({"audit.table-missing", Severity::Lost, 0, -1, 0, "", "TABLE", "a table does not exist", ""});
+      return;
+    }
+    for (OdDbObjectId id : table->members().ids()) {
+      auto* record = peekAs<OdDbSymbolTableRecord>(id);
+      // The tiles of a viewport configuration share their name, and files of shapes have none.
+      const bool mayRepeat = kind == OdDb::kViewportTable || (record != nullptr && record->getName().isEmpty());
+      if (lives(record) && !mayRepeat)
+        checkName(*table, *record);
+    }
+  }
+
+  void checkName(const OdDbSymbolTable& table, OdDbSymbolTableRecord& record) {
+    if (table.getAt(record.getName()) != record.objectId()) {
+      tell("audit.name-twice", Severity::Lost, record, "another record of the table has its name", "it is renamed");
+      if (fix_)
+        rename(record, table.freeName(record.getName()));
+      return;
+    }
+    const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(&record);
+    // Programs give names with an asterisk to what they made themselves.
+    const bool isOwn = record.getName().getLength() > 1 && record.getName().getAt(0) == L'*';
+    const bool hasOwnRules = isOwn || db::isExternal(record) || (block != nullptr && db::isSpace(*block));
+    if (hasOwnRules || nameFault(record.getName(), OdDb::kRelease2000) == NameFault::None)
+      return;
+    tell("audit.name-illegal", Severity::Note, record,
+         "\"" + record.getName().toUtf8Lossless() + "\" is no name that a record can be given",
+         "it is renamed with _ for what is not allowed");
+    if (fix_)
+      rename(record, legalName(record.getName(), table));
+  }
+
+  void rename(OdDbSymbolTableRecord& record, const OdString& name) {
+    if (renameRecord(database_, record.tableKind(), record.getName(), name) == RenameResult::Done &&
+        record.getName() == name)
+      return;
+    const db::WriteScope scope(record); // one that is not found under its name
+    record.setName(name);
+  }
+
+  void checkCycles() {
+    std::vector<OdDbObjectId> cut;
+    db::bottomUp(database_, cut);
+    for (OdDbObjectId id : database_.allIds()) {
+      if (const auto* kept = peekAs<OdDbCarriedEntity>(id); db::lives(kept) && closesCycle(*kept))
+        cut.push_back(id);
+    }
+    for (OdDbObjectId id : cut) {
+      OdDbObject& reference = *peek(id);
+      tell("audit.block-cycle", Severity::Lost, reference, "through this reference a block contains itself",
+           "the reference is erased");
+      const db::WriteScope scope(reference);
+      if (fix_)
+        reference.erase();
+    }
+  }
+
+  // Reading keeps such references as data; in a file they would be references again.
+  bool closesCycle(const OdDbCarriedEntity& kept) const {
+    if (!kept.isUnread() || kept.dxfName() != "INSERT" || kept.carriedOrNull() == nullptr)
+      return false;
+    const GroupList& groups = *kept.carriedOrNull();
+    const std::size_t name = groups.find(2);
+    const OdDbObjectId block =
+        name < groups.size() ? database_.symbol(OdDb::kBlockTable, groups.stringOf(groups[name])) : OdDbObjectId();
+    const auto* definition = peekAs<OdDbBlockTableRecord>(block);
+    return definition != nullptr && definition->leadsTo(kept.ownerId());
+  }
+
+  OdDbDatabase& database_;
+  bool fix_;
+  Report report_;
+  std::unordered_map<OdDbObjectId, OdDbObjectId> lister_;
+  int deadEntries_ = 0; // of the dictionary at hand, told already
+};
+
+} // namespace
+
+Report auditDrawing(OdDbDatabase& database, bool fix) {
+  return Audit(database, fix).run();
+}
+
+} // namespace drawing

@@ -1,0 +1,189 @@
+#include "DbBlockTable.h"
+
+#include "DbDatabase.h"
+#include "drawing/model/block_preview.h"
+#include "drawing/model/legacy_block_units.h"
+#include "drawing/model/load_context.h"
+#include "drawing/model/object_store.h"
+#include "drawing/model/setters.h"
+#include "drawing/model/xref_table.h"
+
+#include <algorithm>
+
+using drawing::XrefStatus;
+
+ODDB_DEFINE_MEMBERS(OdDbBlockTable, OdDbSymbolTable, "");
+ODDB_DEFINE_MEMBERS(OdDbBlockTableRecord, OdDbSymbolTableRecord, "");
+ODDB_DEFINE_MEMBERS(OdDbBlockBegin, OdDbEntity, "BLOCK");
+ODDB_DEFINE_MEMBERS(OdDbBlockEnd, OdDbEntity, "ENDBLK");
+ODRX_DEFINE_MEMBERS(OdDbObjectIterator, OdRxObject, "");
+
+const OdString modelSpaceStr(L"*Model_Space");
+const OdString paperSpaceStr(L"*Paper_Space");
+
+const drawing::Description& OdDbBlockTable::ownDescription() {
+  return OdDbSymbolTable::ownDescription();
+}
+
+const drawing::Description& OdDbBlockTableRecord::ownDescription() {
+  using drawing::field;
+  static const drawing::Description description(
+      &OdDbSymbolTableRecord::ownDescription(),
+      {{"AcDbBlockTableRecord",
+        {field<&OdDbBlockTableRecord::name_>(2), field<&OdDbBlockTableRecord::layout_>(340).ref(OdDb::kSoftPointerRef),
+         field<&OdDbBlockTableRecord::units_>(70).elsewhereBefore(OdDb::kRelease2007),
+         field<&OdDbBlockTableRecord::explodable_>(280).otherwise(1).from(OdDb::kRelease2007),
+         field<&OdDbBlockTableRecord::scalesUniformly_>(281).from(OdDb::kRelease2007)},
+        [](OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
+          return drawing::db::readPreview(static_cast<OdDbBlockTableRecord&>(object).preview_, pair, context);
+        },
+        [](const OdDbObject& object, drawing::GroupSink& sink) {
+          drawing::db::writePreview(static_cast<const OdDbBlockTableRecord&>(object).preview_, sink);
+        }}});
+  return description;
+}
+
+const drawing::Section& OdDbBlockTableRecord::headSection() {
+  using drawing::field;
+  static const drawing::Section section{
+      "AcDbBlockBegin",
+      {field<&OdDbBlockTableRecord::headFlags_>(70), field<&OdDbBlockTableRecord::origin_>(10),
+       field<&OdDbBlockTableRecord::nameInHead_>(3), field<&OdDbBlockTableRecord::path_>(1),
+       field<&OdDbBlockTableRecord::comments_>(4).unlessEmpty(), field<&OdDbBlockTableRecord::unloaded_>(71).unless(0)},
+      // The name in the head led to this record.
+      [](OdDbObject&, const drawing::Pair& pair, drawing::LoadContext&) { return pair.code == 2; }};
+  return section;
+}
+
+const drawing::Description& OdDbBlockBegin::ownDescription() {
+  static const drawing::Description description(&OdDbEntity::ownDescription(), {{"AcDbBlockBegin", {}}});
+  return description;
+}
+
+const drawing::Description& OdDbBlockEnd::ownDescription() {
+  static const drawing::Description description(&OdDbEntity::ownDescription(), {{"AcDbBlockEnd", {}}});
+  return description;
+}
+
+OdDbObjectId OdDbBlockTable::getModelSpaceId() const {
+  return getAt(modelSpaceStr);
+}
+OdDbObjectId OdDbBlockTable::getPaperSpaceId() const {
+  return getAt(paperSpaceStr);
+}
+
+OdDbEntityPtr OdDbObjectIterator::entity(OdDb::OpenMode mode, bool openErased) const {
+  return walk_.object(mode, openErased);
+}
+
+MVDB_SETTER(OdDbBlockTableRecord, setOrigin, const OdGePoint3d&, origin_)
+MVDB_SETTER(OdDbBlockTableRecord, setComments, const OdString&, comments_)
+MVDB_SETTER(OdDbBlockTableRecord, setPathName, const OdString&, path_)
+MVDB_SETTER(OdDbBlockTableRecord, setBlockInsertUnits, OdDb::UnitsValue, units_)
+MVDB_SETTER(OdDbBlockTableRecord, setExplodable, bool, explodable_)
+MVDB_SETTER(OdDbBlockTableRecord, setLayoutId, OdDbObjectId, layout_)
+MVDB_SETTER(OdDbBlockTableRecord, setIsUnloaded, bool, unloaded_)
+MVDB_SETTER(OdDbBlockTableRecord, setPreviewIcon, const std::string&, preview_)
+
+void OdDbBlockTableRecord::setXref(const OdString& path, bool overlay) {
+  setFlag(kExternalReference, !path.isEmpty());
+  setFlag(kOverlay, overlay && !path.isEmpty());
+  setPathName(path);
+}
+
+XrefStatus OdDbBlockTableRecord::xrefStatus() const {
+  if (!isFromExternalReference())
+    return XrefStatus::NotAnXref;
+  const auto* entry = database() == nullptr ? nullptr : database()->xrefs().find(objectId());
+  return entry == nullptr ? XrefStatus::NotLoaded : entry->status;
+}
+
+OdDbDatabase* OdDbBlockTableRecord::xrefDatabase(bool includeUnresolved) const {
+  const auto* entry = database() == nullptr ? nullptr : database()->xrefs().find(objectId());
+  if (entry == nullptr || !isFromExternalReference())
+    return nullptr;
+  return entry->status == XrefStatus::Cycle && includeUnresolved ? entry->back.database() : entry->database.get();
+}
+
+void OdDbBlockTableRecord::afterLoad() {
+  if (database()->facts().version < OdDb::kRelease2007 && xDataGroups() != nullptr)
+    drawing::db::takeUnits(extrasForLoad().xData, units_);
+}
+
+OdResult OdDbBlockTableRecord::setBlockScaling(BlockScaling scaling) {
+  assertWriteEnabled();
+  scalesUniformly_ = scaling == kUniform;
+  return eOk;
+}
+
+bool OdDbBlockTableRecord::isLayout() const {
+  return !layout_.isNull();
+}
+
+bool OdDbBlockTableRecord::isAnonymous() const {
+  if (name_.isEmpty() || name_.getAt(0) != L'*' || isLayout())
+    return false;
+  return name_.left(modelSpaceStr.getLength()).iCompare(modelSpaceStr) != 0 &&
+         name_.left(paperSpaceStr.getLength()).iCompare(paperSpaceStr) != 0;
+}
+
+void OdDbBlockTableRecord::takeHead() {
+  flags_ = static_cast<std::int16_t>(flags_ | headFlags_);
+  if (nameInHead_ == name_)
+    nameInHead_.empty();
+}
+
+void OdDbBlockTableRecord::adoptEnds(OdDbObjectId begin, OdDbObjectId end) {
+  if (!begin.isNull())
+    begin_ = begin;
+  if (!end.isNull())
+    end_ = end;
+}
+
+void OdDbBlockTableRecord::adoptCopy() {
+  begin_ = OdDbObjectId();
+  end_ = OdDbObjectId();
+  layout_ = OdDbObjectId();
+}
+
+void OdDbBlockTableRecord::ensureEnds() {
+  const auto make = [this](OdDbObjectId& id, OdSmartPtr<OdDbEntity> end) {
+    if (drawing::db::peek(id) != nullptr)
+      return;
+    end->setLayer(database()->getLayerZeroId());
+    id = database()->addOdDbObject(end.get(), objectId());
+  };
+  make(begin_, OdDbBlockBegin::createObject());
+  make(end_, OdDbBlockEnd::createObject());
+}
+
+OdDbObjectIteratorPtr OdDbBlockTableRecord::newIterator(bool, bool skipDeleted, bool) const {
+  return OdDbObjectIteratorPtr(new OdDbObjectIterator(objectId(), skipDeleted));
+}
+
+// One reference may go to and fro between blocks; its notes take no more room than all references do.
+void OdDbBlockTableRecord::noteShownBy(OdDbObjectId reference) {
+  constexpr std::size_t kFew = 64;
+  auto& [ids, distinct] = everShownBy_;
+  if (!ids.empty() && ids.back() == reference)
+    return;
+  ids.push_back(reference);
+  if (ids.size() < std::max(kFew, 2 * distinct))
+    return;
+  std::sort(ids.begin(), ids.end());
+  ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
+  distinct = ids.size();
+}
+
+void OdDbBlockTableRecord::ownedObjects(std::vector<OdDbObjectId>& ids) const {
+  OdDbSymbolTableRecord::ownedObjects(ids);
+  ids.push_back(begin_);
+  ids.insert(ids.end(), members_.ids().begin(), members_.ids().end());
+  ids.push_back(end_);
+}
+
+void OdDbBlockTableRecord::visitReferences(drawing::ReferenceVisitor& visitor) {
+  OdDbSymbolTableRecord::visitReferences(visitor);
+  visitor.visit(begin_, OdDb::kHardOwnershipRef);
+  visitor.visit(end_, OdDb::kHardOwnershipRef);
+}

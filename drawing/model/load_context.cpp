@@ -1,0 +1,261 @@
+#include "drawing/model/load_context.h"
+
+#include "DbBlockTable.h"
+#include "drawing/model/object_store.h"
+#include "drawing/model/symbol_table_kinds.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <utility>
+
+namespace drawing {
+
+namespace {
+
+std::string_view trimmed(std::string_view text) {
+  while (!text.empty() && (text.front() == ' ' || text.front() == '\t'))
+    text.remove_prefix(1);
+  while (!text.empty() && (text.back() == ' ' || text.back() == '\t'))
+    text.remove_suffix(1);
+  return text;
+}
+
+template <class T>
+bool wholeNumber(std::string_view text, T& value) {
+  if (!text.empty() && text.front() == '+')
+    text.remove_prefix(1);
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  return error == std::errc() && end == text.data() + text.size() && !text.empty();
+}
+
+// What a text file would hold.
+std::string asText(const Pair& pair) {
+  if (pair.form == Pair::Form::Text || pair.form == Pair::Form::Bytes)
+    return std::string(pair.text);
+  char digits[40];
+  const auto result = pair.form == Pair::Form::Real ? std::to_chars(digits, digits + sizeof digits, pair.real)
+                                                    : std::to_chars(digits, digits + sizeof digits, pair.integer);
+  return std::string(digits, result.ptr);
+}
+
+} // namespace
+
+void LoadContext::begin(std::string_view kind, std::uint64_t line) {
+  kind_ = kind;
+  line_ = line;
+  handle_ = 0;
+  failed_ = false;
+}
+
+void LoadContext::setLineOf(OdDbObjectId id, std::uint64_t line) {
+  if (id.number() >= lines_.size())
+    lines_.resize(id.number() + 1);
+  lines_[id.number()] = static_cast<std::uint32_t>(std::min<std::uint64_t>(line, UINT32_MAX));
+}
+
+void LoadContext::tell(Issue issue, const Pair* pair) {
+  issue.line = pair != nullptr ? pair->line : line_;
+  issue.isOffset = database_.facts().binary;
+  issue.groupCode = pair != nullptr ? pair->code : -1;
+  issue.handle = handle_;
+  issue.section = section_;
+  issue.kind = kind_;
+  report_.add(std::move(issue));
+}
+
+void LoadContext::fail(const Pair& pair, const char* reason) {
+  if (failed_)
+    return; // one issue a record tells enough
+  failed_ = true;
+  std::string found = std::string(reason);
+  if (pair.form != Pair::Form::Bytes)
+    found += " (\"" + asText(pair).substr(0, 40) + "\")";
+  tell({"dxf.value-unreadable", Severity::Repaired, 0, -1, 0, "", "", found, "the record is kept as it stands"}, &pair);
+}
+
+bool LoadContext::real(const Pair& pair, double& value) {
+  double number = 0;
+  if (pair.form == Pair::Form::Real)
+    number = pair.real;
+  else if (pair.form == Pair::Form::Integer)
+    number = static_cast<double>(pair.integer);
+  else if (!wholeNumber(trimmed(pair.text), number)) {
+    fail(pair, "the value is no number");
+    return false;
+  }
+  if (!std::isfinite(number)) {
+    fail(pair, "the number is not finite");
+    return false;
+  }
+  value = number;
+  return true;
+}
+
+bool LoadContext::integer(const Pair& pair, std::int64_t& value) {
+  if (pair.form == Pair::Form::Integer) {
+    value = pair.integer;
+    return true;
+  }
+  if (pair.form == Pair::Form::Text && wholeNumber(trimmed(pair.text), value))
+    return true;
+  double number = 0; // some programs write whole numbers with a decimal point
+  const bool written =
+      pair.form == Pair::Form::Real ? (number = pair.real, true) : wholeNumber(trimmed(pair.text), number);
+  if (!written || number != std::floor(number) || std::fabs(number) > 9e15) {
+    fail(pair, "the value is no whole number");
+    return false;
+  }
+  value = static_cast<std::int64_t>(number);
+  return true;
+}
+
+bool LoadContext::integer(const Pair& pair, std::int64_t& value, int bits) {
+  std::int64_t whole = 0;
+  if (!integer(pair, whole))
+    return false;
+  // Some programs write the bits of a negative number as a positive one.
+  if (whole < -(std::int64_t{1} << (bits - 1)) || whole >= std::int64_t{1} << bits) {
+    fail(pair, "the number is out of range");
+    return false;
+  }
+  value = whole;
+  return true;
+}
+
+std::string_view LoadContext::utf8(const Pair& pair) {
+  return decoder_.decode(pair.text, buffer_);
+}
+
+namespace {
+
+bool readHandle(std::string_view text, std::uint64_t& value) {
+  text = trimmed(text);
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, 16);
+  return !text.empty() && error == std::errc() && end == text.data() + text.size();
+}
+
+} // namespace
+
+bool LoadContext::isHandle(const Pair& pair) {
+  std::uint64_t value = 0;
+  return readHandle(pair.text, value);
+}
+
+bool LoadContext::handle(const Pair& pair, std::uint64_t& value) {
+  if (!readHandle(pair.text, value)) {
+    fail(pair, "the value is no handle");
+    return false;
+  }
+  return true;
+}
+
+namespace {
+
+int hexDigit(char c) {
+  if (c >= '0' && c <= '9')
+    return c - '0';
+  const char upper = static_cast<char>(c & ~0x20);
+  return upper >= 'A' && upper <= 'F' ? upper - 'A' + 10 : -1;
+}
+
+} // namespace
+
+bool LoadContext::bytes(const Pair& pair, std::string& value) {
+  if (pair.form == Pair::Form::Bytes) {
+    value.append(pair.text);
+    return true;
+  }
+  const std::string_view text = trimmed(pair.text);
+  bool good = text.size() % 2 == 0;
+  for (const char c : text)
+    good = good && hexDigit(c) >= 0;
+  if (!good) {
+    fail(pair, "the value is not hexadecimal");
+    return false;
+  }
+  for (std::size_t i = 0; i < text.size(); i += 2)
+    value.push_back(static_cast<char>(hexDigit(text[i]) * 16 + hexDigit(text[i + 1])));
+  return true;
+}
+
+OdDbObjectId LoadContext::reference(const Pair& pair) {
+  std::uint64_t value = 0;
+  return handle(pair, value) ? database_.store().expect(value) : OdDbObjectId();
+}
+
+OdDbObjectId LoadContext::symbol(OdDb::SymbolTableKind kind, const Pair& pair) {
+  NameCache& cache = names_[kind];
+  if (!cache.id.isNull() && cache.bytes == pair.text)
+    return cache.id;
+  const OdString name = text(pair);
+  if (name.isEmpty())
+    return {};
+  OdDbObjectId id = database_.symbol(kind, name);
+  if (id.isNull())
+    id = makeMissing(kind, name, pair);
+  cache.bytes = pair.text;
+  cache.id = id;
+  return id;
+}
+
+OdDbSymbolTable& LoadContext::table(OdDb::SymbolTableKind kind, OdDbHandle handle) {
+  if (auto* present = db::peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind)))
+    return *present;
+  OdDbSymbolTable* made = db::newTable(kind);
+  database_.adoptTable(kind, database_.store().add(made, handle));
+  return *made;
+}
+
+OdDbObjectId LoadContext::makeMissing(OdDb::SymbolTableKind kind, const OdString& name, const Pair& pair) {
+  OdRxObjectPtr made = db::recordClass(kind)->create();
+  if (made.isNull())
+    return {};
+  OdDbSymbolTable& holder = table(kind);
+  OdSmartPtr<OdDbSymbolTableRecord> record = made;
+  record->setName(name);
+  OdDbObjectId id = database_.addOdDbObject(record.get(), holder.objectId());
+  holder.adopt(record.get());
+  missing_.emplace(id, pair.line);
+  return id;
+}
+
+void LoadContext::append(GroupList& list, const Pair& pair) {
+  const GroupKind kind = groupKindOf(pair.code);
+  const bool before = failed_;
+  const std::size_t size = list.size();
+  double number = 0;
+  std::int64_t whole = 0;
+  std::uint64_t name = 0;
+  switch (kind) {
+  case GroupKind::Text:
+    list.utf8(pair.code, utf8(pair));
+    break;
+  case GroupKind::Real:
+    if (real(pair, number))
+      list.real(pair.code, number);
+    break;
+  case GroupKind::Handle:
+    if (handle(pair, name))
+      list.handle(pair.code, name);
+    break;
+  case GroupKind::Reference:
+    if (handle(pair, name))
+      list.reference(pair.code, database_.store().expect(name));
+    break;
+  case GroupKind::Binary:
+    if (std::string data; bytes(pair, data))
+      list.binary(pair.code, data);
+    break;
+  default:
+    if (integer(pair, whole))
+      list.integer(pair.code, whole);
+  }
+  if (list.size() == size) {
+    // Carried data may hold what it likes: nobody computes with it, so it does not spoil the record.
+    list.unread(pair.code, asText(pair));
+    failed_ = before;
+  }
+}
+
+} // namespace drawing

@@ -1,0 +1,254 @@
+#include "DbObject.h"
+
+#include "DbDatabase.h"
+#include "DbDictionary.h"
+#include "DbSymbolTable.h"
+#include "drawing/model/object_store.h"
+#include "drawing/model/undo_log.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbObject, OdRxObject);
+
+OdDbObject::OdDbObject() = default;
+OdDbObject::~OdDbObject() = default;
+
+OdDbObject::OdDbObject(const OdDbObject& other)
+    : OdRxObject(other), owner_(other.owner_),
+      extras_(other.extras_ ? std::make_unique<Extras>(*other.extras_) : nullptr), erased_(other.erased_) {}
+
+OdDbObject& OdDbObject::operator=(const OdDbObject& other) {
+  if (this != &other) {
+    owner_ = other.owner_;
+    extras_ = other.extras_ ? std::make_unique<Extras>(*other.extras_) : nullptr;
+    erased_ = other.erased_;
+  }
+  return *this;
+}
+
+OdDbObject* OdDbObject::makeCopy() const {
+  throw OdError(eNotApplicable);
+}
+void OdDbObject::assignState(const OdDbObject& other) {
+  *this = other;
+}
+
+const drawing::Description& OdDbObject::ownDescription() {
+  static const drawing::Description none(nullptr, {});
+  return none;
+}
+
+const drawing::Description& OdDbObject::description() const {
+  return ownDescription();
+}
+
+std::string OdDbObject::dxfName() const {
+  return isA()->dxfName();
+}
+
+void OdDbObject::onLastRelease() const {
+  if (isDBRO())
+    writable_ = false;
+  else
+    delete this;
+}
+
+OdDbDatabase* OdDbObject::database() const {
+  return id_.database();
+}
+
+void OdDbObject::assertWriteEnabled() {
+  if (!isDBRO())
+    return;
+  if (!writable_)
+    throw OdError(eNotOpenForWrite);
+  database()->undoLog().objectChanges(*this);
+}
+
+void OdDbObject::upgradeOpen() {
+  if (isDBRO() && !writable_) {
+    if (isOnLockedLayer())
+      throw OdError(eOnLockedLayer);
+    writable_ = true;
+  }
+}
+
+void OdDbObject::downgradeOpen() {
+  writable_ = false;
+}
+
+void OdDbObject::setOwnerId(OdDbObjectId owner) {
+  assertWriteEnabled();
+  owner_ = owner;
+}
+
+OdResult OdDbObject::erase(bool erasing) {
+  if (erased_ == erasing)
+    return eWasErased;
+  if (const OdResult reason = erasing ? eOk : mayComeBack(); reason != eOk)
+    return reason;
+  // What an object owns shares its fate; the list is walked because ownership may nest to any depth.
+  std::vector<OdDbObjectId> owned;
+  std::unordered_set<OdDbObjectId> seen{id_};
+  ownedObjects(owned);
+  for (std::size_t i = 0; i < owned.size(); ++i) {
+    OdDbObject* object = drawing::db::peek(owned[i]);
+    if (object == nullptr || object->erased_ == erasing || !seen.insert(owned[i]).second)
+      continue;
+    object->ownedObjects(owned);
+    const drawing::db::WriteScope scope(*object);
+    object->assertWriteEnabled();
+    object->erased_ = erasing;
+    object->afterErase(erasing);
+  }
+  assertWriteEnabled();
+  erased_ = erasing;
+  afterErase(erasing);
+  return eOk;
+}
+
+void OdDbObject::afterErase(bool) {}
+
+OdDbObject::Extras& OdDbObject::extras() {
+  if (!extras_)
+    extras_ = std::make_unique<Extras>();
+  return *extras_;
+}
+
+OdDbObjectId OdDbObject::extensionDictionary() const {
+  return extras_ ? extras_->extensionDictionary : OdDbObjectId();
+}
+
+OdDbObjectId OdDbObject::createExtensionDictionary() {
+  if (OdDbObjectId present = extensionDictionary(); !present.isNull() && !present.isErased())
+    return present;
+  if (!isDBRO())
+    throw OdError(eNotInDatabase);
+  assertWriteEnabled();
+  OdDbDictionaryPtr made = OdDbDictionary::createObject();
+  made->setTreatElementsAsHard(true);
+  extras().extensionDictionary = database()->addOdDbObject(made.get(), id_);
+  return extras_->extensionDictionary;
+}
+
+OdDbObjectIdArray OdDbObject::getPersistentReactors() const {
+  OdDbObjectIdArray ids;
+  if (extras_) {
+    for (OdDbObjectId id : extras_->reactors)
+      ids.append(id);
+  }
+  return ids;
+}
+
+bool OdDbObject::hasPersistentReactor(OdDbObjectId id) const {
+  return extras_ && std::find(extras_->reactors.begin(), extras_->reactors.end(), id) != extras_->reactors.end();
+}
+
+void OdDbObject::addPersistentReactor(OdDbObjectId id) {
+  assertWriteEnabled();
+  if (!hasPersistentReactor(id))
+    extras().reactors.push_back(id);
+}
+
+void OdDbObject::removePersistentReactor(OdDbObjectId id) {
+  assertWriteEnabled();
+  if (extras_) {
+    auto& all = extras_->reactors;
+    all.erase(std::remove(all.begin(), all.end(), id), all.end());
+  }
+}
+
+drawing::GroupList& OdDbObject::carried() {
+  assertWriteEnabled();
+  return extras().carried;
+}
+
+const drawing::GroupList* OdDbObject::carriedOrNull() const {
+  return extras_ ? &extras_->carried : nullptr;
+}
+const drawing::GroupList* OdDbObject::xDataGroups() const {
+  return extras_ ? &extras_->xData : nullptr;
+}
+
+drawing::GroupList& OdDbObject::xDataGroupsForWrite() {
+  assertWriteEnabled();
+  return extras().xData;
+}
+
+void OdDbObject::visitReferences(drawing::ReferenceVisitor& visitor) {
+  for (const drawing::Section* section : description().sections()) {
+    for (const drawing::Field& field : section->fields) {
+      if (field.kind == drawing::FieldKind::Reference && !field.readOnly)
+        visitor.visit(*static_cast<OdDbObjectId*>(field.at(*this)), field.holds);
+    }
+  }
+  if (!extras_)
+    return;
+  visitor.visit(extras_->extensionDictionary, OdDb::kHardOwnershipRef);
+  for (OdDbObjectId& id : extras_->reactors)
+    visitor.visit(id, OdDb::kSoftPointerRef);
+  drawing::db::visitGroups(extras_->carried, visitor);
+  drawing::db::visitGroups(extras_->applicationGroups, visitor);
+  drawing::db::visitGroups(extras_->xData, visitor);
+}
+
+void OdDbObject::ownedObjects(std::vector<OdDbObjectId>& ids) const {
+  if (!extras_)
+    return;
+  if (!extras_->extensionDictionary.isNull())
+    ids.push_back(extras_->extensionDictionary);
+  // A helper that only this object names, such as the one that tells an image of its file.
+  drawing::db::listOwned(extras_->carried, id_, ids);
+}
+
+void OdDbObject::dropLostReactors() {
+  if (extras_) {
+    auto& all = extras_->reactors;
+    all.erase(std::remove(all.begin(), all.end(), OdDbObjectId()), all.end());
+  }
+}
+
+void OdDbObject::afterClone(const OdDbObject&, OdDbIdMapping&) {}
+void OdDbObject::afterLoad() {}
+
+void drawing::db::listOwned(const GroupList& groups, OdDbObjectId holder, std::vector<OdDbObjectId>& ids) {
+  for (std::size_t i = 0; i < groups.size(); ++i) {
+    if (groups[i].kind != GroupKind::Reference)
+      continue;
+    const OdDb::ReferenceType type = referenceTypeOf(groups[i].code);
+    const OdDbObject* object = peek(groups.idOf(groups[i]));
+    if (object == nullptr || (type != OdDb::kHardOwnershipRef && type != OdDb::kSoftOwnershipRef))
+      continue;
+    // Some programs leave helpers without an owner; tables and dictionaries may stand at the top.
+    const bool ownerless = object->ownerId().isNull() && type == OdDb::kHardOwnershipRef &&
+                           !object->isKindOf(OdDbDictionary::desc()) && !object->isKindOf(OdDbSymbolTable::desc());
+    if (object->ownerId() == holder || ownerless)
+      ids.push_back(object->objectId());
+  }
+}
+
+void drawing::db::visitGroups(drawing::GroupList& groups, drawing::ReferenceVisitor& visitor) {
+  for (std::size_t i = 0; i < groups.size(); ++i) {
+    if (groups[i].kind != drawing::GroupKind::Reference)
+      continue;
+    OdDbObjectId id = groups.idOf(groups[i]);
+    const OdDbObjectId before = id;
+    visitor.visit(id, drawing::referenceTypeOf(groups[i].code));
+    if (id != before)
+      groups.setId(i, id);
+  }
+}
+
+namespace drawing {
+
+ReferenceVisitor::~ReferenceVisitor() = default;
+
+Description::Description(const Description* base, std::initializer_list<Section> own) : own_(own) {
+  if (base != nullptr)
+    sections_ = base->sections_;
+  for (const Section& section : own_)
+    sections_.push_back(&section);
+}
+
+} // namespace drawing

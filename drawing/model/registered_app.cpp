@@ -1,0 +1,19 @@
+#include "drawing/model/registered_app.h"
+
+#include "DbSymbolRecords.h"
+#include "drawing/model/object_store.h"
+#include "drawing/model/symbol_table_kinds.h"
+
+namespace drawing::db {
+
+void registerApplication(OdDbDatabase& database, const OdString& name) {
+  auto* table = peekAs<OdDbSymbolTable>(database.getRegAppTableId());
+  if (table == nullptr || name.isEmpty() || table->has(name))
+    return;
+  const OdSmartPtr<OdDbSymbolTableRecord> record = recordClass(OdDb::kRegAppTable)->create();
+  record->setName(name);
+  const WriteScope scope(*table);
+  table->add(record.get());
+}
+
+} // namespace drawing::db

@@ -1,0 +1,136 @@
+#include "drawing/records/acds_records.h"
+
+#include "drawing/model/object_store.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace drawing::db {
+
+namespace {
+
+constexpr std::string_view kSection = "ACDSDATA", kRecord = "ACDSRECORD", kSchema = "ACDSSCHEMA";
+constexpr int kStart = 0, kNumber = 90, kName = 1, kHandle = 320;
+
+struct Run {
+  std::size_t first, end;
+  bool isRecord;
+};
+
+// From each start to the next.
+std::vector<Run> runsOf(const GroupList& groups) {
+  std::vector<Run> runs;
+  for (std::size_t i = groups.find(kStart); i < groups.size();) {
+    const std::size_t end = groups.find(kStart, i + 1);
+    runs.push_back({i, end, groups.textOf(groups[i]) == kRecord});
+    i = end;
+  }
+  return runs;
+}
+
+std::size_t findIn(const GroupList& groups, const Run& run, int code) {
+  return std::min(groups.find(code, run.first), run.end);
+}
+
+OdDbHandle handleIn(const GroupList& groups, const Run& run) {
+  const std::size_t i = findIn(groups, run, kHandle);
+  return i < run.end && groups[i].kind == GroupKind::Handle ? static_cast<std::uint64_t>(groups[i].integer) : 0;
+}
+
+std::optional<std::int64_t> numberIn(const GroupList& groups, const Run& run) {
+  const std::size_t i = findIn(groups, run, kNumber);
+  return i < run.end && groups[i].kind == GroupKind::Int32 ? std::optional(groups[i].integer) : std::nullopt;
+}
+
+std::string_view nameIn(const GroupList& groups, const Run& run) {
+  const std::size_t i = findIn(groups, run, kName);
+  return i < run.end ? groups.textOf(groups[i]) : std::string_view();
+}
+
+// Records tell their layout by a number, and layouts bear names.
+std::string_view layoutNameOf(const GroupList& groups, std::int64_t number) {
+  for (const Run& run : runsOf(groups)) {
+    if (groups.textOf(groups[run.first]) == kSchema && numberIn(groups, run) == number)
+      return nameIn(groups, run);
+  }
+  return {};
+}
+
+std::optional<std::int64_t> layoutNumberOf(const GroupList& groups, std::string_view name) {
+  for (const Run& run : runsOf(groups)) {
+    if (groups.textOf(groups[run.first]) == kSchema && nameIn(groups, run) == name)
+      return numberIn(groups, run);
+  }
+  return std::nullopt;
+}
+
+CarriedSection* sectionOf(OdDbDatabase& database) {
+  for (CarriedSection& section : database.carriedSections()) {
+    if (section.name == kSection)
+      return &section;
+  }
+  return nullptr;
+}
+
+// The head and the layouts of another drawing's section.
+CarriedSection& makeSection(OdDbDatabase& database, const GroupList& like) {
+  CarriedSection made{std::string(kSection), {}, true};
+  made.groups.append(like, 0, like.find(kStart));
+  for (const Run& run : runsOf(like)) {
+    if (!run.isRecord)
+      made.groups.append(like, run.first, run.end - run.first);
+  }
+  database.carriedSections().push_back(std::move(made));
+  return database.carriedSections().back();
+}
+
+void addRecord(GroupList& groups, const GroupList& record, OdDbHandle handle, std::int64_t layout) {
+  const std::size_t first = groups.size();
+  groups.append(record, 0, record.size());
+  groups.setInteger(groups.find(kNumber, first), layout);
+  groups.setInteger(groups.find(kHandle, first), static_cast<std::int64_t>(std::uint64_t{handle}));
+}
+
+} // namespace
+
+void copyBodyRecords(const OdDbObject& source, const OdDbObject& copy) {
+  const CarriedSection* from = sectionOf(*source.database());
+  if (from == nullptr)
+    return;
+  std::vector<std::pair<GroupList, std::string>> found; // records, and the names of their layouts
+  for (const Run& run : runsOf(from->groups)) {
+    const auto layout = numberIn(from->groups, run);
+    if (!run.isRecord || !layout || handleIn(from->groups, run) != source.getDbHandle())
+      continue;
+    GroupList record;
+    record.append(from->groups, run.first, run.end - run.first);
+    found.emplace_back(std::move(record), layoutNameOf(from->groups, *layout));
+  }
+  if (found.empty())
+    return;
+  CarriedSection* to = sectionOf(*copy.database());
+  if (to == nullptr)
+    to = &makeSection(*copy.database(), from->groups);
+  for (const auto& [record, name] : found) {
+    if (const auto layout = layoutNumberOf(to->groups, name))
+      addRecord(to->groups, record, copy.getDbHandle(), *layout);
+  }
+}
+
+GroupList livingGroups(const OdDbDatabase& database, const CarriedSection& section) {
+  if (section.name != kSection)
+    return section.groups;
+  GroupList living;
+  living.append(section.groups, 0, section.groups.find(kStart));
+  bool anyRecord = false;
+  for (const Run& run : runsOf(section.groups)) {
+    const OdDbObject* object = run.isRecord ? peek(database.store().find(handleIn(section.groups, run))) : nullptr;
+    if (object != nullptr && object->isErased())
+      continue;
+    anyRecord = anyRecord || run.isRecord;
+    living.append(section.groups, run.first, run.end - run.first);
+  }
+  return section.madeForRecords && !anyRecord ? GroupList() : living;
+}
+
+} // namespace drawing::db

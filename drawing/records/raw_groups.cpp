@@ -1,0 +1,103 @@
+#include "drawing/records/raw_groups.h"
+
+#include "drawing/ge/plane_map.h"
+
+#include <cmath>
+
+namespace drawing {
+
+bool tripleAt(const GroupList& groups, std::size_t i, OdGePoint3d& point) {
+  double* coordinates = &point.x;
+  for (std::size_t k = 0; k < 3; ++k) {
+    if (i + k >= groups.size() || groups[i + k].kind != GroupKind::Real ||
+        groups[i + k].code != groups[i].code + 10 * static_cast<int>(k))
+      return false;
+    coordinates[k] = groups[i + k].real;
+  }
+  return true;
+}
+
+void setTripleAt(GroupList& groups, std::size_t i, const OdGePoint3d& point) {
+  groups.setReal(i, point.x);
+  groups.setReal(i + 1, point.y);
+  groups.setReal(i + 2, point.z);
+}
+
+namespace {
+
+void moveTriple(GroupList& groups, std::size_t i, Measure measure, const OdGeMatrix3d& matrix) {
+  OdGePoint3d value;
+  if (!tripleAt(groups, i, value))
+    return;
+  OdGeVector3d v = value.asVector();
+  if (measure == Measure::Point)
+    v = (matrix * value).asVector();
+  else if (v.isZeroLength() || isTranslation(matrix))
+    return;
+  else
+    v = measure == Measure::Normal   ? matrix.transformNormal(v)
+        : measure == Measure::Vector ? matrix * v
+                                     : (matrix * v).normal();
+  if (measure == Measure::Point || !v.isEqualTo(value.asVector(), OdGeTol(1e-14)))
+    setTripleAt(groups, i, OdGePoint3d() + v);
+}
+
+} // namespace
+
+void moveKeptGroups(GroupList& groups, std::size_t first, std::size_t end, std::span<const Measured> table,
+                    const OdGeMatrix3d& matrix, double lengthScale) {
+  for (std::size_t i = first; i < end; ++i) {
+    for (const Measured& one : table) {
+      if (groups[i].code != one.code || groups[i].kind != GroupKind::Real)
+        continue;
+      if (one.measure == Measure::Length)
+        groups.setReal(i, groups[i].real * lengthScale);
+      else
+        moveTriple(groups, i, one.measure, matrix);
+    }
+  }
+}
+
+namespace {
+
+// The first group of that code and kind; the size when there is none.
+std::size_t findKept(const GroupList& groups, int code, GroupKind kind) {
+  std::size_t i = groups.find(code);
+  while (i < groups.size() && groups[i].kind != kind)
+    i = groups.find(code, i + 1);
+  return i;
+}
+
+} // namespace
+
+double keptReal(const GroupList& groups, int code, double absent) {
+  const std::size_t i = findKept(groups, code, GroupKind::Real);
+  return i < groups.size() ? groups[i].real : absent;
+}
+
+std::int64_t keptInteger(const GroupList& groups, int code, std::int64_t absent) {
+  const std::size_t i = findKept(groups, code, groupKindOf(code));
+  return i < groups.size() ? groups[i].integer : absent;
+}
+
+OdGePoint3d keptPoint(const GroupList& groups, int code, const OdGePoint3d& absent) {
+  OdGePoint3d point;
+  return tripleAt(groups, groups.find(code), point) ? point : absent;
+}
+
+OdString keptText(const GroupList& groups, int code) {
+  const std::size_t i = findKept(groups, code, GroupKind::Text);
+  return i < groups.size() ? groups.stringOf(groups[i]) : OdString();
+}
+
+OdDbObjectId keptReference(const GroupList& groups, int code) {
+  const std::size_t i = findKept(groups, code, GroupKind::Reference);
+  return i < groups.size() ? groups.idOf(groups[i]) : OdDbObjectId();
+}
+
+bool isIdentity(const OdGeMatrix3d& matrix) {
+  const OdGeVector3d by = matrix.translation();
+  return isTranslation(matrix) && by.x == 0 && by.y == 0 && by.z == 0;
+}
+
+} // namespace drawing

@@ -1,0 +1,66 @@
+// Sections that are kept as files hold them, because the order of their groups carries the meaning, and what matrices
+// do to values in them.
+#pragma once
+
+#include "Ge/GeMatrix3d.h"
+#include "Ge/GeVector3d.h"
+#include "drawing/detail/description.h"
+#include "drawing/model/load_context.h"
+
+#include <span>
+#include <vector>
+
+namespace drawing {
+
+// Takes every group. One whose value cannot be read spoils the record: it might be a place.
+template <auto Member>
+bool keepGroup(OdDbObject& object, const Pair& pair, LoadContext& context) {
+  GroupList& groups = static_cast<typename MemberOf<decltype(Member)>::Class&>(object).*Member;
+  context.append(groups, pair);
+  if (groups[groups.size() - 1].kind == GroupKind::Unread)
+    context.fail(pair, "the value does not fit its group code");
+  return true;
+}
+
+template <auto Member>
+void writeKeptGroups(const OdDbObject& object, GroupSink& sink) {
+  (static_cast<const typename MemberOf<decltype(Member)>::Class&>(object).*Member).writeTo(sink);
+}
+
+template <auto Member>
+Section keptSection(const char* marker) {
+  return {marker, {}, keepGroup<Member>, writeKeptGroups<Member>};
+}
+
+enum class Measure : std::uint8_t {
+  Point,     // a place: three groups, at steps of ten in the code
+  Direction, // a unit vector
+  Vector,    // with its length
+  Normal,    // a unit vector square to a plane, on the side where the image of the old one lies
+  Length
+};
+
+struct Measured {
+  std::int16_t code;
+  Measure measure;
+};
+
+// Moves the values of groups `first` to `end` - 1 that the table names. Translations move places only.
+void moveKeptGroups(GroupList& groups, std::size_t first, std::size_t end, std::span<const Measured> table,
+                    const OdGeMatrix3d& matrix, double lengthScale);
+
+// The three coordinates at group i; false when other groups stand there.
+bool tripleAt(const GroupList& groups, std::size_t i, OdGePoint3d& point);
+void setTripleAt(GroupList& groups, std::size_t i, const OdGePoint3d& point);
+
+// The first value under that code; `absent` when there is none of the kind.
+double keptReal(const GroupList& groups, int code, double absent = 0);
+std::int64_t keptInteger(const GroupList& groups, int code, std::int64_t absent = 0);
+OdGePoint3d keptPoint(const GroupList& groups, int code, const OdGePoint3d& absent = {});
+OdString keptText(const GroupList& groups, int code);
+OdDbObjectId keptReference(const GroupList& groups, int code);
+
+// The exact unit map: nothing moves.
+bool isIdentity(const OdGeMatrix3d& matrix);
+
+} // namespace drawing

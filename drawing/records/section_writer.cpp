@@ -1,0 +1,196 @@
+#include "DbBlockTable.h"
+#include "DbSymbolTable.h"
+#include "Ge/GeUtil.h"
+#include "drawing/model/load_context.h"
+#include "drawing/model/object_store.h"
+#include "drawing/model/symbol_name.h"
+#include "drawing/records/section.h"
+
+#include <charconv>
+#include <cmath>
+
+namespace drawing {
+
+namespace {
+
+bool isDefault(const Field& field, const void* at) {
+  const auto equals = [&](int i, double value) { return value == field.ifAbsent[i]; };
+  switch (field.kind) {
+  case FieldKind::Real:
+    return equals(0, *static_cast<const double*>(at));
+  case FieldKind::Point3:
+  case FieldKind::Vector3: {
+    const auto* p = static_cast<const double*>(at);
+    return equals(0, p[0]) && equals(1, p[1]) && equals(2, p[2]);
+  }
+  case FieldKind::Point2: {
+    const auto* p = static_cast<const double*>(at);
+    return equals(0, p[0]) && equals(1, p[1]);
+  }
+  case FieldKind::Text:
+    return static_cast<const OdString*>(at)->isEmpty();
+  case FieldKind::Reference:
+    return static_cast<const OdDbObjectId*>(at)->isNull();
+  case FieldKind::Bool:
+    return equals(0, *static_cast<const bool*>(at) ? 1 : 0);
+  case FieldKind::Int16:
+    return equals(0, *static_cast<const std::int16_t*>(at));
+  case FieldKind::Int32:
+    return equals(0, *static_cast<const std::int32_t*>(at));
+  case FieldKind::Int64:
+    return equals(0, static_cast<double>(*static_cast<const std::int64_t*>(at)));
+  }
+  return false;
+}
+
+// Degrees for a file. A text of 15 digits is preferred; where it does not lead back to the very same radians, a
+// neighbour that does is looked for. Angles that no number of degrees stands for come out with 15 digits, and reading
+// those and writing them again changes nothing more.
+double degreesForFile(double radians) {
+  const double plain = radians * (180.0 / OdaPI);
+  const auto leadsBack = [radians](double degrees) { return degrees * (OdaPI / 180.0) == radians; };
+  char text[40];
+  const auto end = std::to_chars(text, text + sizeof text, plain, std::chars_format::scientific, 14).ptr;
+  double rounded = plain;
+  std::from_chars(text, end, rounded);
+  if (leadsBack(rounded))
+    return rounded;
+  double below = plain, above = plain;
+  for (int i = 0; i < 4; ++i) {
+    if (leadsBack(below))
+      return below;
+    if (leadsBack(above))
+      return above;
+    below = std::nextafter(below, -HUGE_VAL);
+    above = std::nextafter(above, HUGE_VAL);
+  }
+  return rounded;
+}
+
+void writeField(const Field& field, const void* at, GroupSink& sink) {
+  const int code = field.code;
+  switch (field.kind) {
+  case FieldKind::Real: {
+    const double value = *static_cast<const double*>(at);
+    sink.real(code, field.degrees ? degreesForFile(value) : value);
+    return;
+  }
+  case FieldKind::Point3:
+  case FieldKind::Vector3:
+  case FieldKind::Point2: {
+    const auto* p = static_cast<const double*>(at);
+    sink.real(code, p[0]);
+    sink.real(code + 10, p[1]);
+    if (field.kind != FieldKind::Point2)
+      sink.real(code + 20, p[2]);
+    return;
+  }
+  case FieldKind::Text:
+    sink.text(code, *static_cast<const OdString*>(at));
+    return;
+  case FieldKind::Reference: {
+    const auto id = *static_cast<const OdDbObjectId*>(at);
+    if (field.byName == OdDb::kNoTable)
+      sink.reference(code, id);
+    else
+      sink.text(code, symbolName(id));
+    return;
+  }
+  case FieldKind::Bool:
+    sink.integer(code, *static_cast<const bool*>(at) ? 1 : 0);
+    return;
+  case FieldKind::Int16:
+    sink.integer(code, *static_cast<const std::int16_t*>(at));
+    return;
+  case FieldKind::Int32:
+    sink.integer(code, *static_cast<const std::int32_t*>(at));
+    return;
+  case FieldKind::Int64:
+    sink.integer(code, *static_cast<const std::int64_t*>(at));
+    return;
+  }
+}
+
+double numberIn(const Field& field, const void* at) {
+  switch (field.kind) {
+  case FieldKind::Real:
+    return *static_cast<const double*>(at);
+  case FieldKind::Bool:
+    return *static_cast<const bool*>(at) ? 1 : 0;
+  case FieldKind::Int16:
+    return *static_cast<const std::int16_t*>(at);
+  case FieldKind::Int32:
+    return *static_cast<const std::int32_t*>(at);
+  default:
+    return GroupSink::kNoNumber;
+  }
+}
+
+// Carried groups stand behind the marker of their section; those before any marker belong to no section.
+class Carried {
+public:
+  explicit Carried(const GroupList* groups) : groups_(groups) {}
+
+  // Writes the part that stood in the next section of that marker, if it comes next.
+  void writeAt(const char* marker, GroupSink& sink) {
+    if (groups_ == nullptr || at_ >= groups_->size())
+      return;
+    const Group& group = (*groups_)[at_];
+    if (group.code == 100 && groups_->textOf(group) == marker)
+      writeRun(at_ + 1, sink);
+  }
+  // Writes what stood before any marker.
+  void writeHead(GroupSink& sink) {
+    if (groups_ != nullptr && !groups_->empty() && (*groups_)[0].code != 100)
+      writeRun(0, sink);
+  }
+  void writeRest(GroupSink& sink) {
+    if (groups_ != nullptr)
+      groups_->writeTo(sink, at_, groups_->size() - at_);
+  }
+
+private:
+  void writeRun(std::size_t from, GroupSink& sink) {
+    const std::size_t end = groups_->find(100, from);
+    groups_->writeTo(sink, from, end - from);
+    at_ = end;
+  }
+  const GroupList* groups_;
+  std::size_t at_ = 0;
+};
+
+} // namespace
+
+void writeSection(const OdDbObject& object, const Section& section, GroupSink& sink) {
+  if (section.write != nullptr && section.writeFirst)
+    section.write(object, sink);
+  for (const Field& field : section.fields) {
+    // The address is only read through: descriptions serve reading and writing alike.
+    const void* at = field.at(const_cast<OdDbObject&>(object));
+    const bool tooNew = field.since > sink.version() && !(field.optional && sink.keepsNewer());
+    const bool isPlain = (field.optional || tooNew) && isDefault(field, at);
+    if (tooNew && !isPlain && !field.readOnly && !field.elsewhere)
+      sink.leftOut(field.code, section.marker, numberIn(field, at));
+    if (field.readOnly || tooNew || isPlain)
+      continue;
+    writeField(field, at, sink);
+  }
+  if (section.write != nullptr && !section.writeFirst)
+    section.write(object, sink);
+}
+
+void writeSections(const OdDbObject& object, GroupSink& sink) {
+  Carried carried(object.carriedOrNull());
+  carried.writeHead(sink);
+  for (const Section* section : object.description().sections()) {
+    if (section->since > sink.version())
+      continue;
+    if (section->marker[0] != 0)
+      sink.utf8(100, section->marker);
+    writeSection(object, *section, sink);
+    carried.writeAt(section->marker, sink);
+  }
+  carried.writeRest(sink);
+}
+
+} // namespace drawing

@@ -1,0 +1,240 @@
+#include "drawing/xref_bind.h"
+
+#include "DbBlockReference.h"
+#include "DbBlockTable.h"
+#include "drawing/blocks/block_graph.h"
+#include "drawing/cloning/clone.h"
+#include "drawing/model/object_store.h"
+#include "drawing/model/reserved_names.h"
+
+#include <unordered_set>
+
+namespace drawing {
+namespace {
+
+using db::peekAs;
+using db::WriteScope;
+
+std::vector<OdDbBlockTableRecord*> xrefsIn(const OdDbDatabase& database) {
+  std::vector<OdDbBlockTableRecord*> blocks;
+  const auto* table = peekAs<OdDbBlockTable>(database.getBlockTableId());
+  for (std::size_t i = 0; table != nullptr && i < table->members().size(); ++i) {
+    auto* block = peekAs<OdDbBlockTableRecord>(table->members()[i]);
+    if (db::lives(block) && block->isFromExternalReference())
+      blocks.push_back(block);
+  }
+  return blocks;
+}
+
+// Whether all that the reference shows is there; loading has cut the circles.
+bool mayBind(const OdDbBlockTableRecord& reference, BoundXref& answer) {
+  std::vector<const OdDbBlockTableRecord*> open{&reference};
+  std::unordered_set<const OdDbDatabase*> seen;
+  while (!open.empty()) {
+    const OdDbBlockTableRecord& at = *open.back();
+    open.pop_back();
+    const OdDbDatabase* external = at.xrefDatabase();
+    if (at.xrefStatus() == XrefStatus::NotFollowed && &at != &reference)
+      continue;
+    if (external == nullptr) {
+      answer.obstacle = at.getName();
+      answer.status = at.xrefStatus();
+      return false;
+    }
+    if (!seen.insert(external).second)
+      continue;
+    for (const OdDbBlockTableRecord* nested : xrefsIn(*external)) {
+      if (db::leadsTo(external->getModelSpaceId(), nested->objectId()))
+        open.push_back(nested);
+    }
+  }
+  return true;
+}
+
+void erase(OdDbObject& object) {
+  const WriteScope scope(object);
+  object.erase();
+}
+
+// Records that the drawing holds of the reference: SITE|WALLS.
+std::vector<OdDbSymbolTableRecord*> heldOf(const OdDbDatabase& database, const OdString& reference,
+                                           OdDb::SymbolTableKind kind) {
+  std::vector<OdDbSymbolTableRecord*> held;
+  const auto* table = peekAs<OdDbSymbolTable>(database.getSymbolTableId(kind));
+  const OdString start = reference + L'|';
+  for (std::size_t i = 0; table != nullptr && i < table->members().size(); ++i) {
+    auto* record = peekAs<OdDbSymbolTableRecord>(table->members()[i]);
+    if (db::lives(record) && record->getName().left(start.getLength()).iCompare(start) == 0)
+      held.push_back(record);
+  }
+  return held;
+}
+
+OdString ownName(const OdString& reference, const OdDbSymbolTableRecord& record) {
+  return record.getName().mid(reference.getLength() + 1);
+}
+
+// An ordinary record from now on: SITE$0$WALLS.
+void bindRecord(OdDbSymbolTableRecord& record, const OdString& reference) {
+  const OdString own = ownName(reference, record);
+  OdString name;
+  unsigned n = 0;
+  do {
+    name = db::boundSymbolName(reference, own, n++);
+  } while (!record.database()->symbol(record.tableKind(), name).isNull());
+  const WriteScope scope(record);
+  record.setName(name);
+  record.setFlag(OdDbSymbolTableRecord::kDependent | OdDbSymbolTableRecord::kResolved, false);
+}
+
+class Binding {
+public:
+  Binding(OdDbDatabase& database, BoundXref& answer) : database_(database), answer_(answer) {}
+
+  OdResult run(OdDbBlockTableRecord& reference) {
+    open_.push_back({&reference, reference.xrefDatabase()});
+    while (!open_.empty()) {
+      const Frame frame = open_.back();
+      open_.pop_back();
+      if (const OdResult result = bind(*frame.block, *frame.external); result != eOk)
+        return result;
+    }
+    return eOk;
+  }
+
+private:
+  struct Frame {
+    OdDbBlockTableRecord* block; // of the drawing
+    OdDbDatabase* external;
+  };
+
+  OdResult bind(OdDbBlockTableRecord& block, OdDbDatabase& external) {
+    const std::vector<OdDbObjectId> before = block.members().ids();
+    const auto& space = *peekAs<OdDbBlockTableRecord>(external.getModelSpaceId());
+    OdDbIdMapping mapping;
+    mapping.setOrigDb(&external);
+    mapping.setDestDb(&database_);
+    db::Cloner cloner(external, database_, block.objectId(), mapping, OdDb::kDrcIgnore);
+    cloner.bindTo(block.getName(), takeOverRecords(block.getName(), external));
+    if (const OdResult result = cloner.run(space.drawOrder()); result != eOk)
+      return result;
+    for (const OdDbObjectId& id : before) {
+      if (db::lives(id))
+        erase(*db::peek(id));
+    }
+    replaceDefinitions(block.getName(), external, mapping);
+    settle(block, external);
+    for (const OdDbBlockTableRecord* nested : xrefsIn(external))
+      follow(*nested, mapping.valueOf(nested->objectId()));
+    return eOk;
+  }
+
+  // Records other than definitions that the drawing held of the reference stay, under their new names.
+  std::unordered_map<OdDbObjectId, OdDbObjectId> takeOverRecords(const OdString& name, const OdDbDatabase& external) {
+    std::unordered_map<OdDbObjectId, OdDbObjectId> standIns;
+    for (int kind = 0; kind < OdDb::kBlockTable; ++kind) {
+      const auto tableKind = static_cast<OdDb::SymbolTableKind>(kind);
+      for (OdDbSymbolTableRecord* record : heldOf(database_, name, tableKind)) {
+        const OdDbObjectId theirs = external.symbol(tableKind, ownName(name, *record));
+        bindRecord(*record, name);
+        if (!theirs.isNull())
+          standIns.emplace(theirs, record->objectId());
+      }
+    }
+    return standIns;
+  }
+
+  // Definitions that the drawing held of the reference were names without contents.
+  void replaceDefinitions(const OdString& name, const OdDbDatabase& external, const OdDbIdMapping& mapping) {
+    for (OdDbSymbolTableRecord* record : heldOf(database_, name, OdDb::kBlockTable)) {
+      auto& held = static_cast<OdDbBlockTableRecord&>(*record);
+      const OdDbObjectId theirs = external.symbol(OdDb::kBlockTable, ownName(name, held));
+      const OdDbObjectId bound = mapping.valueOf(theirs);
+      const OdDbObjectIdArray references = held.getBlockReferenceIds();
+      if (bound.isNull() && !references.isEmpty()) {
+        bindRecord(held, name);
+        continue;
+      }
+      for (const OdDbObjectId& id : references) {
+        auto& reference = *peekAs<OdDbBlockReference>(id);
+        const WriteScope scope(reference);
+        reference.setBlockTableRecord(bound);
+      }
+      erase(held);
+    }
+  }
+
+  static void settle(OdDbBlockTableRecord& block, const OdDbDatabase& external) {
+    const WriteScope scope(block);
+    block.setXref({});
+    block.setIsUnloaded(false);
+    block.setFlag(OdDbSymbolTableRecord::kDependent | OdDbSymbolTableRecord::kResolved, false);
+    block.setOrigin(external.getINSBASE());
+    block.setBlockInsertUnits(external.getINSUNITS());
+    block.ensureEnds();
+  }
+
+  // A reference inside the one that was bound; `here` is its copy in the drawing.
+  void follow(const OdDbBlockTableRecord& nested, OdDbObjectId here) {
+    auto* block = peekAs<OdDbBlockTableRecord>(here);
+    if (!db::lives(block))
+      return;
+    if (OdDbDatabase* external = nested.xrefDatabase()) {
+      open_.push_back({block, external});
+      return;
+    }
+    answer_.leftOut.push_back(nested.getName());
+    for (const OdDbObjectId& id : block->getBlockReferenceIds())
+      erase(*db::peek(id));
+    erase(*block);
+  }
+
+  OdDbDatabase& database_;
+  BoundXref& answer_;
+  std::vector<Frame> open_;
+};
+
+} // namespace
+
+BoundXref bindXref(OdDbDatabase& database, OdDbObjectId id) {
+  BoundXref answer;
+  auto* block = peekAs<OdDbBlockTableRecord>(id);
+  if (!db::lives(block) || id.database() != &database || !block->isFromExternalReference())
+    return answer;
+  if (mayBind(*block, answer))
+    answer.isDone = Binding(database, answer).run(*block) == eOk;
+  return answer;
+}
+
+DetachedXref detachXref(OdDbDatabase& database, OdDbObjectId id) {
+  DetachedXref answer;
+  auto* block = peekAs<OdDbBlockTableRecord>(id);
+  if (!db::lives(block) || id.database() != &database || !block->isFromExternalReference()) {
+    answer.result = eInvalidInput;
+    return answer;
+  }
+  const OdDbObjectIdArray references = block->getBlockReferenceIds();
+  for (const OdDbObjectId& reference : references) {
+    OdDbObjectPtr opened;
+    answer.result = reference.openObject(opened, OdDb::kForWrite);
+    if (answer.result != eOk)
+      return answer;
+  }
+  for (const OdDbObjectId& reference : references)
+    erase(*db::peek(reference));
+  answer.references = references.size();
+  OdDbObjectIdArray held;
+  for (int kind = 0; kind < OdDb::kSymbolTableCount; ++kind) {
+    for (OdDbSymbolTableRecord* record : heldOf(database, block->getName(), static_cast<OdDb::SymbolTableKind>(kind))) {
+      bindRecord(*record, block->getName());
+      held.append(record->objectId());
+    }
+  }
+  erase(*block);
+  database.purge(held);
+  for (const OdDbObjectId& unused : held)
+    erase(*db::peek(unused));
+  return answer;
+}
+
+} // namespace drawing
