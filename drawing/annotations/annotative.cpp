@@ -16,8 +16,8 @@
 ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbAnnotativeObjectPE, OdRxObject);
 ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbPaperOrientationPE, OdRxObject);
 
-using drawing::db::peekAs;
-using drawing::db::WriteScope;
+using drawing::peekAs;
+using drawing::WriteScope;
 
 namespace {
 
@@ -40,7 +40,7 @@ std::optional<bool> storedFlag(const OdDbObject& object, const OdString& applica
 
 void store(OdDbObject& object, const OdResBufPtr& chain) {
   if (object.database() != nullptr)
-    drawing::db::registerApplication(*object.database(), chain->getString());
+    drawing::registerApplication(*object.database(), chain->getString());
   object.setXData(chain.get());
 }
 
@@ -116,7 +116,7 @@ public:
 
 private:
   bool byDefinition(const OdDbObject& object) const {
-    return Annotative::annotative(drawing::db::peek(static_cast<const OdDbBlockReference&>(object).blockTableRecord()));
+    return Annotative::annotative(drawing::peek(static_cast<const OdDbBlockReference&>(object).blockTableRecord()));
   }
 };
 

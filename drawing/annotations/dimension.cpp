@@ -68,7 +68,7 @@ OdResult OdDbDimension::subTransformBy(const OdGeMatrix3d& matrix) {
 // The picture is a block of its own, drawn in the world: it moves with the dimension that it shows.
 void OdDbDimension::movedParts(std::vector<OdDbObjectId>& ids) const {
   OdDbEntity::movedParts(ids);
-  const auto* picture = drawing::db::peekAs<OdDbBlockTableRecord>(block_);
+  const auto* picture = drawing::peekAs<OdDbBlockTableRecord>(block_);
   if (isDBRO() && picture != nullptr && picture->isAnonymous())
     ids.insert(ids.end(), picture->members().ids().begin(), picture->members().ids().end());
 }
@@ -77,10 +77,10 @@ void OdDbDimension::movePicture(const OdGeMatrix3d& matrix) {
   std::vector<OdDbObjectId> parts;
   movedParts(parts);
   for (OdDbObjectId id : parts) {
-    auto* part = drawing::db::peekAs<OdDbEntity>(id);
+    auto* part = drawing::peekAs<OdDbEntity>(id);
     if (part == nullptr || part->isErased())
       continue;
-    const drawing::db::WriteScope scope(*part);
+    const drawing::WriteScope scope(*part);
     part->transformBy(matrix);
   }
 }

@@ -23,7 +23,7 @@ const drawing::Description& OdDbMLeader::ownDescription() {
 
 void OdDbMLeader::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbEntity::visitReferences(visitor);
-  drawing::db::visitGroups(groups_, visitor);
+  drawing::visitGroups(groups_, visitor);
 }
 
 namespace {
@@ -272,7 +272,7 @@ OdResult OdDbMLeader::getGeomExtents(OdGeExtents3d& extents) const {
     for (const OdGeVector3d& to : {OdGeVector3d(), along, down, along + down})
       all.addPoint(corner + to);
   }
-  const auto* block = drawing::db::peekAs<OdDbBlockTableRecord>(blockContentId());
+  const auto* block = drawing::peekAs<OdDbBlockTableRecord>(blockContentId());
   const auto matrix = findMatrix(groups_);
   OdGeExtents3d contents;
   if (block != nullptr && matrix && block->getGeomExtents(contents) == eOk) {

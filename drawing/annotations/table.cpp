@@ -17,7 +17,7 @@ const drawing::Description& OdDbTable::ownDescription() {
 
 void OdDbTable::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbBlockReference::visitReferences(visitor);
-  drawing::db::visitGroups(groups_, visitor);
+  drawing::visitGroups(groups_, visitor);
 }
 
 OdDbObjectId OdDbTable::tableStyle() const {

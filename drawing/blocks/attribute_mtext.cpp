@@ -13,7 +13,7 @@
 #include <string_view>
 
 using drawing::GroupList;
-using drawing::db::peekAs;
+using drawing::peekAs;
 
 namespace {
 
@@ -142,7 +142,7 @@ void OdDbAttributeBase::writeRest(const OdDbObject& object, drawing::GroupSink& 
 
 void OdDbAttributeBase::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbText::visitReferences(visitor);
-  drawing::db::visitGroups(rest_, visitor);
+  drawing::visitGroups(rest_, visitor);
 }
 
 OdDbXrecord* OdDbAttributeBase::mtextRecord() const {
@@ -189,7 +189,7 @@ void OdDbAttributeBase::setTextString(const OdString& text) {
     const std::size_t first = textStart(record->groups());
     if (first >= record->groups().size())
       return;
-    const drawing::db::WriteScope scope(*record);
+    const drawing::WriteScope scope(*record);
     record->groupsForWrite() = withContents(record->groups(), first, text);
   }
 }
@@ -198,7 +198,7 @@ void OdDbAttributeBase::setMTextAttribute(const OdDbMText* text) {
   assertWriteEnabled();
   if (OdDbXrecord* record = mtextRecord()) { // the text has one place only
     auto* dictionary = peekAs<OdDbDictionary>(extensionDictionary());
-    const drawing::db::WriteScope dictionaryScope(*dictionary), recordScope(*record);
+    const drawing::WriteScope dictionaryScope(*dictionary), recordScope(*record);
     dictionary->remove(kRecordName);
     record->erase();
   }
@@ -236,7 +236,7 @@ OdResult OdDbAttributeBase::transformAll(const OdGeMatrix3d& matrix, bool neares
   moveAlignment(old, textStart(old) < old.size() ? textStart(old) : 0, matrix, normal, normal_);
   rest_ = std::move(rest);
   if (record != nullptr) {
-    const drawing::db::WriteScope scope(*record);
+    const drawing::WriteScope scope(*record);
     record->groupsForWrite() = std::move(old);
   }
   return eOk;
@@ -295,7 +295,7 @@ void OdDbAttributeBase::moveTextIntoAttribute() {
   rest_.point(11, odgeWcsToOcs(alignmentPoint(), normal()));
   rest_.utf8(kEmbedded, kTitle);
   rest_.append(groups, text, groups.size() - text);
-  const drawing::db::WriteScope scope(*record);
+  const drawing::WriteScope scope(*record);
   const OdDbDictionaryPtr dictionary = extensionDictionary().safeOpenObject(OdDb::kForWrite);
   dictionary->remove(kRecordName);
   record->erase();

@@ -12,7 +12,7 @@
 
 #include <algorithm>
 
-using drawing::db::peekAs;
+using drawing::peekAs;
 
 namespace {
 
@@ -46,7 +46,7 @@ OdDbObjectId OdDbBlockTableRecord::appendOdDbEntity(OdDbEntity* entity) {
     throw OdError(eNotInDatabase);
   if (const auto* reference = dynamic_cast<const OdDbBlockReference*>(entity); reference != nullptr) {
     const OdDbObjectId shown = reference->blockTableRecord();
-    if (shown == objectId() || (wasReferenced() && drawing::db::leadsTo(shown, objectId())))
+    if (shown == objectId() || (wasReferenced() && drawing::leadsTo(shown, objectId())))
       throw OdError(eSelfReference);
   }
   const OdDbObjectId id = entity->isDBRO() ? entity->objectId() : database()->addOdDbObject(entity, objectId());
@@ -74,18 +74,18 @@ std::vector<OdDbObjectId> OdDbBlockTableRecord::drawOrder() const {
 }
 
 OdDbObjectIdArray OdDbBlockTableRecord::getBlockReferenceIds(bool directOnly) const {
-  return drawing::db::referencesTo(*this, directOnly);
+  return drawing::referencesTo(*this, directOnly);
 }
 
 OdResult OdDbBlockTableRecord::getBlockReferenceIds(OdDbObjectIdArray& ids, bool directOnly, bool) const {
-  ids.append(drawing::db::referencesTo(*this, directOnly));
+  ids.append(drawing::referencesTo(*this, directOnly));
   return eOk;
 }
 
 bool OdDbBlockTableRecord::leadsTo(OdDbObjectId target) const {
-  return drawing::db::leadsTo(objectId(), target);
+  return drawing::leadsTo(objectId(), target);
 }
 
 OdResult OdDbBlockTableRecord::getGeomExtents(OdGeExtents3d& extents) const {
-  return drawing::db::extentsOf(*this, extents);
+  return drawing::extentsOf(*this, extents);
 }

@@ -8,7 +8,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
-namespace drawing::db {
+namespace drawing {
 
 namespace {
 
@@ -212,4 +212,4 @@ std::uint32_t nestingDepth(OdDbDatabase& database) {
   return deepest;
 }
 
-} // namespace drawing::db
+} // namespace drawing

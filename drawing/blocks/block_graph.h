@@ -3,7 +3,7 @@
 
 #include "DbBlockTable.h"
 
-namespace drawing::db {
+namespace drawing {
 
 // Whether the definition `from` is, or contains at any depth, a reference to `target`.
 bool leadsTo(OdDbObjectId from, OdDbObjectId target);
@@ -17,4 +17,4 @@ std::vector<OdDbObjectId> bottomUp(OdDbDatabase& database, std::vector<OdDbObjec
 // How many definitions stand in each other at most: 1 without any reference in a definition. Spaces do not count.
 std::uint32_t nestingDepth(OdDbDatabase& database);
 
-} // namespace drawing::db
+} // namespace drawing

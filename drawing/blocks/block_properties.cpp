@@ -5,7 +5,7 @@
 #include "drawing/model/object_store.h"
 #include "drawing/model/registered_app.h"
 
-namespace drawing::db {
+namespace drawing {
 
 const OdString kBehaviour = L"ACAD_ENHANCEDBLOCK";
 
@@ -28,4 +28,4 @@ void copyMarks(const OdDbBlockTableRecord& from, OdDbBlockTableRecord& to) {
   }
 }
 
-} // namespace drawing::db
+} // namespace drawing

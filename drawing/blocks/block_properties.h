@@ -3,7 +3,7 @@
 
 #include "DbBlockTable.h"
 
-namespace drawing::db {
+namespace drawing {
 
 // Under this name the extension dictionary of a dynamic block tells how its contents move.
 extern const OdString kBehaviour;
@@ -13,4 +13,4 @@ OdDbObjectId behaviourOf(OdDbObjectId block); // that entry; null when there is 
 // stays behind: the copy has a name of its own.
 void copyMarks(const OdDbBlockTableRecord& from, OdDbBlockTableRecord& to);
 
-} // namespace drawing::db
+} // namespace drawing

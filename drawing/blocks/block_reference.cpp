@@ -13,7 +13,7 @@
 #include <cmath>
 
 using drawing::field;
-using drawing::db::peekAs;
+using drawing::peekAs;
 
 ODDB_DEFINE_MEMBERS(OdDbBlockReference, OdDbEntity, "INSERT");
 ODDB_DEFINE_MEMBERS(OdDbMInsertBlock, OdDbBlockReference, "INSERT");
@@ -75,7 +75,7 @@ void OdDbBlockReference::setBlockTableRecord(OdDbObjectId block) {
   assertWriteEnabled();
   const auto* owner = peekAs<OdDbBlockTableRecord>(ownerId());
   const bool mayCycle = owner != nullptr && (owner->wasReferenced() || block == owner->objectId());
-  if (mayCycle && drawing::db::leadsTo(block, owner->objectId()))
+  if (mayCycle && drawing::leadsTo(block, owner->objectId()))
     throw OdError(eSelfReference);
   block_ = block;
   if (owner != nullptr)

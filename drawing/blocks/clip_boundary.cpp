@@ -8,7 +8,7 @@
 #include <algorithm>
 
 using drawing::field;
-using drawing::db::peekAs;
+using drawing::peekAs;
 
 ODDB_DEFINE_MEMBERS(OdDbSpatialFilter, OdDbObject, "SPATIAL_FILTER");
 

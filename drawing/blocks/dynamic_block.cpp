@@ -5,9 +5,9 @@
 #include "drawing/blocks/block_properties.h"
 #include "drawing/model/object_store.h"
 
-using drawing::db::lives;
-using drawing::db::peek;
-using drawing::db::peekAs;
+using drawing::lives;
+using drawing::peek;
+using drawing::peekAs;
 
 namespace {
 
@@ -61,7 +61,7 @@ OdDbObjectId entryOf(OdDbObjectId dictionary, const OdString& name) {
 }
 
 bool hasBehaviour(const OdDbBlockTableRecord& block) {
-  return !drawing::db::behaviourOf(block.objectId()).isNull() || !storedTrueName(block).isEmpty();
+  return !drawing::behaviourOf(block.objectId()).isNull() || !storedTrueName(block).isEmpty();
 }
 
 // What the reference itself says it represents.

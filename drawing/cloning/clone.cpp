@@ -11,7 +11,7 @@
 
 #include <algorithm>
 
-namespace drawing::db {
+namespace drawing {
 
 void Cloner::make(const Item& item) {
   const OdDbObject& source = *peek(item.source);
@@ -159,10 +159,10 @@ void Cloner::tellRenamed(const OdString& from, const OdString& to) {
                 "it comes in as \"" + to.toUtf8() + "\""});
 }
 
-} // namespace drawing::db
+} // namespace drawing
 
-using drawing::db::Cloner;
-using drawing::db::peekAs;
+using drawing::Cloner;
+using drawing::peekAs;
 
 OdResult OdDbDatabase::deepCloneObjects(const OdDbObjectIdArray& ids, OdDbObjectId owner, OdDbIdMapping& mapping,
                                         bool) {
@@ -188,7 +188,7 @@ OdResult OdDbDatabase::wblockCloneObjects(const OdDbObjectIdArray& ids, OdDbObje
 
 namespace {
 
-using drawing::db::WriteScope;
+using drawing::WriteScope;
 
 struct RecordToFill {
   OdDbBlockTableRecord* record = nullptr; // null where the name may not be an ordinary block's
@@ -197,7 +197,7 @@ struct RecordToFill {
 
 RecordToFill recordToFill(OdDbDatabase& target, const OdString& name) {
   auto* table = peekAs<OdDbBlockTable>(target.getBlockTableId());
-  if (table == nullptr || name.isEmpty() || drawing::db::isSpaceName(name))
+  if (table == nullptr || name.isEmpty() || drawing::isSpaceName(name))
     return {};
   if (auto* record = peekAs<OdDbBlockTableRecord>(table->getAt(name)); record != nullptr) {
     const bool isOrdinary = !record->isLayout() && !record->isFromExternalReference() && !record->isDependent();
@@ -210,8 +210,8 @@ RecordToFill recordToFill(OdDbDatabase& target, const OdString& name) {
 }
 
 void eraseIfAlive(OdDbObjectId id) {
-  OdDbObject* object = drawing::db::peek(id);
-  if (!drawing::db::lives(object))
+  OdDbObject* object = drawing::peek(id);
+  if (!drawing::lives(object))
     return;
   const WriteScope scope(*object);
   object->erase();
@@ -223,7 +223,7 @@ struct SaidOfContents {
 };
 
 SaidOfContents saidOfContents(const OdDbBlockTableRecord& record) {
-  return {record.getSortentsTableId(), drawing::db::behaviourOf(record.objectId())};
+  return {record.getSortentsTableId(), drawing::behaviourOf(record.objectId())};
 }
 
 void forget(OdDbBlockTableRecord& record, OdDbObjectId entry) {
@@ -272,10 +272,10 @@ OdDbObjectId OdDbDatabase::insert(const OdString& blockName, OdDbDatabase* sourc
   for (OdDbObjectId id : before)
     eraseIfAlive(id);
   if (isNew)
-    drawing::db::copyMarks(*space, *record);
+    drawing::copyMarks(*space, *record);
   else
     forgetContents(*record, said);
   record->setOrigin(source->getINSBASE());
-  drawing::db::rebasePaths(mapping);
+  drawing::rebasePaths(mapping);
   return record->objectId();
 }

@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace drawing::db {
+namespace drawing {
 
 // A clone operation in three steps: plan what comes along (nothing has changed yet), make the copies in the order of
 // the plan, then translate their references. A plan that cannot be carried out leaves the target as it was.
@@ -88,4 +88,4 @@ private:
   OdDbObjectId planning_;   // whose parts and needs are being planned
 };
 
-} // namespace drawing::db
+} // namespace drawing

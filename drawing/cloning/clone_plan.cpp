@@ -17,7 +17,7 @@
 
 #include <unordered_set>
 
-namespace drawing::db {
+namespace drawing {
 
 Cloner::Cloner(OdDbDatabase& source, OdDbDatabase& target, OdDbObjectId owner, OdDbIdMapping& mapping,
                OdDb::DuplicateRecordCloning duplicates)
@@ -346,4 +346,4 @@ OdResult Cloner::run(const std::vector<OdDbObjectId>& primaries) {
   return eOk;
 }
 
-} // namespace drawing::db
+} // namespace drawing

@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <optional>
 
-namespace drawing::db {
+namespace drawing {
 namespace {
 
 namespace fs = std::filesystem;
@@ -73,4 +73,4 @@ void rebasePaths(const OdDbIdMapping& mapping) {
   }
 }
 
-} // namespace drawing::db
+} // namespace drawing

@@ -4,7 +4,7 @@
 #include "DbBlockTable.h"
 #include "DbIdMapping.h"
 
-namespace drawing::db {
+namespace drawing {
 
 // External references, pictures and underlays. A path that starts at the folder of the source is spelled from that of
 // the target, or in full when the target has no file. Paths of files that are not there stay as they are, and so does
@@ -12,4 +12,4 @@ namespace drawing::db {
 void rebasePath(OdDbObject& object, const OdDbDatabase& source, const OdDbDatabase& target);
 void rebasePaths(const OdDbIdMapping& mapping); // of the clones
 
-} // namespace drawing::db
+} // namespace drawing

@@ -16,9 +16,6 @@
 namespace drawing {
 namespace {
 
-using db::peekAs;
-using db::WriteScope;
-
 // What decides how objects look, besides the variables of dimensions.
 constexpr std::string_view kLooks[] = {"ANGBASE",
                                        "ANGDIR",
@@ -78,7 +75,7 @@ void copyFrames(OdDbDatabase& source, OdDbDatabase& target, const OdDbIdMapping&
        {std::pair{OdDbRasterImage::desc(), L"ACAD_IMAGE_VARS"}, std::pair{OdDbWipeout::desc(), L"ACAD_WIPEOUT_VARS"}}) {
     const OdDbObjectId frames = from->getAt(name); // most drawings have none
     const auto shows = [kind = kind](const OdDbIdPair& pair) {
-      return pair.isCloned() && db::peek(pair.value())->isKindOf(kind);
+      return pair.isCloned() && peek(pair.value())->isKindOf(kind);
     };
     if (frames.isNull() || std::none_of(made.pairs().begin(), made.pairs().end(), shows))
       continue;
@@ -106,13 +103,13 @@ OdDbDatabasePtr cloned(OdDbDatabase& source, const std::vector<OdDbObjectId>& id
   mapping.setOrigDb(&source);
   mapping.setDestDb(made.get());
   // Standard records get the properties that they have in the source.
-  db::Cloner cloner(source, *made, made->getModelSpaceId(), mapping, OdDb::kDrcReplace);
+  Cloner cloner(source, *made, made->getModelSpaceId(), mapping, OdDb::kDrcReplace);
   cloner.bringBehaviour(contentsOf);
   auto* space = peekAs<OdDbBlockTableRecord>(made->getModelSpaceId());
   const WriteScope scope(*space);
   if (cloner.run(ids) != eOk)
     return {};
-  db::rebasePaths(mapping);
+  rebasePaths(mapping);
   copyHeader(source, *made);
   copyFrames(source, *made, mapping);
   return made;
@@ -122,14 +119,14 @@ OdDbDatabasePtr cloned(OdDbDatabase& source, const std::vector<OdDbObjectId>& id
 
 OdDbDatabasePtr wblockBlock(OdDbObjectId block, const std::string& path) {
   const auto* record = peekAs<OdDbBlockTableRecord>(block);
-  if (!db::lives(record))
+  if (!lives(record))
     throw OdError(eInvalidInput);
   OdDbDatabasePtr made = cloned(*block.database(), record->drawOrder(), block, path);
   if (made.isNull())
     return made;
   auto* space = peekAs<OdDbBlockTableRecord>(made->getModelSpaceId());
   const WriteScope scope(*space);
-  db::copyMarks(*record, *space);
+  copyMarks(*record, *space);
   space->setExplodable(record->explodable());
   space->setBlockInsertUnits(record->blockInsertUnits());
   made->setINSUNITS(record->blockInsertUnits());
@@ -158,14 +155,14 @@ OdDbDatabasePtr wblockDrawing(const OdDbDatabase& database, const std::string& p
     return made;
   const PurgePlan plan(*made);
   for (const OdDbObjectId id : plan.purgeable()) {
-    OdDbObject& object = *db::peek(id);
+    OdDbObject& object = *peek(id);
     const WriteScope scope(object);
     object.erase();
   }
   made->facts().path = path;
   for (const OdDbObjectId id : made->allIds()) {
-    if (OdDbObject* object = db::peek(id); db::lives(object))
-      db::rebasePath(*object, database, *made);
+    if (OdDbObject* object = peek(id); lives(object))
+      rebasePath(*object, database, *made);
   }
   return made;
 }

@@ -131,7 +131,7 @@ const Reader::SectionHandler* Reader::handlerOf(std::string_view name) {
 void Reader::readHeader() {
   GroupList* variable = nullptr;
   auto& header = database_.header();
-  const db::WriteScope scope(header);
+  const WriteScope scope(header);
   for (std::size_t i = 2; i < record_.size(); ++i) {
     const Pair& pair = record_[i];
     if (pair.code == 9) {
@@ -173,7 +173,7 @@ void Reader::readTables() {
 
 void Reader::readTable() {
   const std::string_view name = record_.size() > 1 && record_[1].code == 2 ? record_[1].text : std::string_view();
-  const OdDb::SymbolTableKind kind = db::tableKindOf(name);
+  const OdDb::SymbolTableKind kind = tableKindOf(name);
   if (kind == OdDb::kNoTable) {
     builder_.report("dxf.unknown-table", Severity::Lost, "a table of the unknown name \"" + std::string(name) + "\"",
                     "it is passed over");
@@ -186,7 +186,7 @@ void Reader::readTable() {
   head[0] = record_[0];
   OdDbSymbolTable& table = builder_.addTable(kind, head);
   while (inRun("ENDTAB", {"TABLE", "ENDSEC", "SECTION", "EOF"})) {
-    if (record_[0].text == db::tableDxfName(kind))
+    if (record_[0].text == tableDxfName(kind))
       builder_.addTableRecord(kind, table);
     else
       builder_.reportSkipped("dxf.wrong-record-in-table", "a record of another kind in the table");

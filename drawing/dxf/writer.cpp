@@ -16,9 +16,6 @@
 
 namespace drawing::dxf {
 
-using db::lives;
-using db::peekAs;
-
 void RecordWriter::head(const OdDbObject& object, bool withHandle) {
   sink_.utf8(0, object.dxfName());
   if (withHandle)
@@ -45,7 +42,7 @@ void RecordWriter::xData(const OdDbObject& object) {
   const auto* block = OdDbBlockTableRecord::cast(&object).get();
   if (block != nullptr && sink_.version() < OdDb::kRelease2007 && block->blockInsertUnits() != OdDb::kUnitsUndefined) {
     GroupList withUnits = groups == nullptr ? GroupList() : *groups;
-    db::putUnits(withUnits, block->blockInsertUnits());
+    putUnits(withUnits, block->blockInsertUnits());
     withUnits.writeTo(sink_);
   } else if (groups != nullptr) {
     groups->writeTo(sink_);
@@ -127,10 +124,10 @@ void Writer::headerVariable(const OdDbHeader::Variable& variable) {
 void Writer::carriedSections(bool atFront) {
   for (const CarriedSection& carried : database_.carriedSections()) {
     const bool isBodies = carried.name == "ACDSDATA" && sink_.version() < OdDb::kRelease2013;
-    const bool isForgotten = carried.name == db::kThumbnailSection && !database_.isThumbnailWritten();
+    const bool isForgotten = carried.name == kThumbnailSection && !database_.isThumbnailWritten();
     if ((carried.name == "CLASSES") != atFront || isBodies || isForgotten)
       continue;
-    const GroupList groups = db::livingGroups(database_, carried);
+    const GroupList groups = livingGroups(database_, carried);
     if (groups.empty() && carried.madeForRecords)
       continue;
     sink_.utf8(0, "SECTION");
@@ -150,11 +147,11 @@ void Writer::table(OdDb::SymbolTableKind kind) {
   std::vector<const OdDbObject*> records;
   for (OdDbObjectId id : table.members().ids()) {
     if (stands(id))
-      records.push_back(db::peek(id));
+      records.push_back(peek(id));
   }
   RecordWriter writer(sink_);
   sink_.utf8(0, "TABLE");
-  sink_.utf8(2, db::tableDxfName(kind));
+  sink_.utf8(2, tableDxfName(kind));
   sink_.handle(5, table.getDbHandle());
   GroupList head; // what hangs on the table, without the start that a table does not have
   RecordWriter(head).head(table, false);
@@ -207,7 +204,7 @@ private:
 } // namespace
 
 void Writer::entity(OdDbObjectId id) {
-  const OdDbObject& object = *db::peek(id);
+  const OdDbObject& object = *peek(id);
   FactSink facts(sink_, inPaperSpace_, layoutName_);
   RecordWriter(facts).whole(object);
   const auto* owner = dynamic_cast<const OdDbSequenceOwner*>(&object);
@@ -218,17 +215,17 @@ void Writer::entity(OdDbObjectId id) {
     if (!stands(part))
       continue;
     any = true;
-    RecordWriter(facts).whole(*db::peek(part));
+    RecordWriter(facts).whole(*peek(part));
   }
   if (any && stands(owner->sequenceEndId()))
-    RecordWriter(facts).whole(*db::peek(owner->sequenceEndId()));
+    RecordWriter(facts).whole(*peek(owner->sequenceEndId()));
 }
 
 void Writer::block(const OdDbBlockTableRecord& record) {
   const auto* layout = peekAs<OdDbLayout>(record.getLayoutId());
   inPaperSpace_ = isPaperSpace(record);
   layoutName_ = layout == nullptr ? OdString() : layout->getLayoutName();
-  const OdDbObject& begin = *db::peek(record.blockBeginId());
+  const OdDbObject& begin = *peek(record.blockBeginId());
   FactSink facts(sink_, inPaperSpace_, OdString());
   RecordWriter writer(facts);
   writer.head(begin);
@@ -251,7 +248,7 @@ void Writer::block(const OdDbBlockTableRecord& record) {
         entity(id);
     }
   }
-  writer.whole(*db::peek(record.blockEndId()));
+  writer.whole(*peek(record.blockEndId()));
 }
 
 void Writer::blockHead(const OdDbBlockTableRecord& record) {
@@ -284,9 +281,9 @@ void Writer::entities() {
 void Writer::objects() {
   RecordWriter writer(sink_);
   const OdDbObjectId root = database_.getNamedObjectsDictionaryId();
-  writer.whole(*db::peek(root));
+  writer.whole(*peek(root));
   for (OdDbObjectId id : database_.allIds()) {
-    const OdDbObject* object = db::peek(id);
+    const OdDbObject* object = peek(id);
     if (!stands(id) || id == root || object->isKindOf(OdDbEntity::desc()) ||
         object->isKindOf(OdDbSymbolTable::desc()) || object->isKindOf(OdDbSymbolTableRecord::desc()) ||
         object->isKindOf(OdDbHeader::desc()))

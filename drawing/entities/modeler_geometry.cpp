@@ -32,12 +32,12 @@ const drawing::Description& OdDbModelerGeometry::modelerDescription() {
 
 void OdDbModelerGeometry::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbEntity::visitReferences(visitor);
-  drawing::db::visitGroups(groups_, visitor);
+  drawing::visitGroups(groups_, visitor);
 }
 
 void OdDbModelerGeometry::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
   OdDbEntity::afterClone(source, mapping);
-  drawing::db::copyBodyRecords(source, *this);
+  drawing::copyBodyRecords(source, *this);
 }
 
 bool OdDbModelerGeometry::hasTextBody() const {

@@ -33,12 +33,12 @@ const drawing::Description& OdDbProxyObject::ownDescription() {
 
 void OdDbProxyEntity::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbEntity::visitReferences(visitor);
-  drawing::db::visitGroups(groups_, visitor);
+  drawing::visitGroups(groups_, visitor);
 }
 
 void OdDbProxyObject::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbObject::visitReferences(visitor);
-  drawing::db::visitGroups(groups_, visitor);
+  drawing::visitGroups(groups_, visitor);
 }
 
 std::int32_t OdDbProxyEntity::applicationClassId() const {

@@ -8,8 +8,8 @@
 
 #include <algorithm>
 
-using drawing::db::peekAs;
-using drawing::db::WriteScope;
+using drawing::peekAs;
+using drawing::WriteScope;
 
 ODDB_DEFINE_MEMBERS(OdDbField, OdDbObject, "FIELD");
 ODDB_DEFINE_MEMBERS(OdDbFieldList, OdDbObject, "FIELDLIST");
@@ -25,7 +25,7 @@ void dropNulls(std::vector<OdDbObjectId>& ids) {
 }
 
 bool isErasedObject(OdDbObjectId id) {
-  const OdDbObject* object = drawing::db::peek(id);
+  const OdDbObject* object = drawing::peek(id);
   return object != nullptr && object->isErased();
 }
 
@@ -196,7 +196,7 @@ void OdDbField::visitReferences(drawing::ReferenceVisitor& visitor) {
     visitor.visit(id, OdDb::kHardOwnershipRef);
   for (OdDbObjectId& id : objects_)
     visitor.visit(id, OdDb::kSoftPointerRef);
-  drawing::db::visitGroups(rest_, visitor);
+  drawing::visitGroups(rest_, visitor);
 }
 
 void OdDbField::ownedObjects(std::vector<OdDbObjectId>& ids) const {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace drawing::db {
+namespace drawing {
 namespace {
 
 std::wstring_view trimmed(std::wstring_view text) {
@@ -378,4 +378,4 @@ std::optional<OdString> formatDate(const FieldDate& date, const OdString& format
   return OdString(text);
 }
 
-} // namespace drawing::db
+} // namespace drawing

@@ -6,7 +6,7 @@
 #include <functional>
 #include <optional>
 
-namespace drawing::db {
+namespace drawing {
 
 struct FieldCode {
   OdString evaluator; // without backslash and version
@@ -36,4 +36,4 @@ struct FieldDate {
 };
 std::optional<OdString> formatDate(const FieldDate& date, const OdString& format);
 
-} // namespace drawing::db
+} // namespace drawing

@@ -17,7 +17,7 @@
 
 using drawing::GroupList;
 
-namespace drawing::db {
+namespace drawing {
 namespace {
 
 constexpr int kOptions = 91, kStatus = 95, kErrorCode = 96, kMessage = 300, kKey = 7, kShown = 301, kShownLength = 98;
@@ -259,9 +259,9 @@ private:
   int evaluated_ = 0;
 };
 
-} // namespace drawing::db
+} // namespace drawing
 
-using namespace drawing::db;
+using namespace drawing;
 
 OdDbFieldPtr OdDbField::getChild(int index, OdDb::OpenMode mode) const {
   if (index < 0 || index >= childCount())

@@ -93,8 +93,8 @@ ViewPicker::ViewPicker(OdDbObjectId block, const OdGeMatrix3d& toView) : block_(
 template <class Test>
 OdDbObjectIdArray ViewPicker::pick(const Test& test) const {
   OdDbObjectIdArray picked;
-  const auto* record = db::peekAs<OdDbBlockTableRecord>(block_);
-  if (!db::lives(record))
+  const auto* record = peekAs<OdDbBlockTableRecord>(block_);
+  if (!lives(record))
     return picked;
   gi::Looks looks(*record->database(), {});
   gi::Place place = gi::placeOf(*record, looks);

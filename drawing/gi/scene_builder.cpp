@@ -7,9 +7,6 @@
 
 namespace drawing::gi {
 
-using db::lives;
-using db::peekAs;
-
 namespace {
 
 constexpr std::size_t kDeepest = 1000;

@@ -22,11 +22,8 @@ class OdDbIdMapping;
 class OdDbSymbolTable;
 using OdDbDatabasePtr = OdSmartPtr<OdDbDatabase>;
 
-namespace drawing::db {
-class XrefTable;
-}
-
 namespace drawing {
+class XrefTable;
 
 // What a file says of itself, kept so that it can be written again as it was.
 struct FileFacts {
@@ -171,11 +168,11 @@ public:
   const std::vector<drawing::CarriedSection>& carriedSections() const { return carriedSections_; }
 
   // -- For the SDK's own machinery. --
-  drawing::db::Store& store() { return *store_; }
-  const drawing::db::Store& store() const { return *store_; }
-  drawing::db::Undo& undoLog() { return *undo_; }
-  drawing::db::XrefTable& xrefs() { return *xrefs_; }
-  const drawing::db::XrefTable& xrefs() const { return *xrefs_; }
+  drawing::Store& store() { return *store_; }
+  const drawing::Store& store() const { return *store_; }
+  drawing::Undo& undoLog() { return *undo_; }
+  drawing::XrefTable& xrefs() { return *xrefs_; }
+  const drawing::XrefTable& xrefs() const { return *xrefs_; }
   void adoptTable(OdDb::SymbolTableKind kind, OdDbObjectId id) { tables_[kind] = id; }
   void adoptNamedObjects(OdDbObjectId id) { namedObjects_ = id; }
   OdDbHeader& header() const;
@@ -184,9 +181,9 @@ protected:
   OdDbDatabase();
 
 private:
-  std::unique_ptr<drawing::db::Store> store_;
-  std::unique_ptr<drawing::db::Undo> undo_;
-  std::unique_ptr<drawing::db::XrefTable> xrefs_;
+  std::unique_ptr<drawing::Store> store_;
+  std::unique_ptr<drawing::Undo> undo_;
+  std::unique_ptr<drawing::XrefTable> xrefs_;
   OdDbObjectId tables_[OdDb::kSymbolTableCount];
   OdDbObjectId namedObjects_;
   OdDbObjectId header_;

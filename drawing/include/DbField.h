@@ -6,7 +6,7 @@
 #include <unordered_set>
 #include <vector>
 
-namespace drawing::db {
+namespace drawing {
 class FieldEvaluation;
 }
 class OdDbField;
@@ -58,7 +58,7 @@ public:
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
 
 private:
-  friend class drawing::db::FieldEvaluation;
+  friend class drawing::FieldEvaluation;
   static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
   void setValue(const OdString& text, const double* number);

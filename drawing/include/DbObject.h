@@ -18,12 +18,10 @@ class OdGeMatrix3d;
 
 namespace drawing {
 class IdList;
-}
-namespace drawing::db {
 class Store;
 class Undo;
 class WriteScope;
-} // namespace drawing::db
+} // namespace drawing
 
 // Declared by every class of database objects that can be made.
 #define ODDB_DECLARE_MEMBERS(Class)                                                                                    \
@@ -128,9 +126,9 @@ protected:
 private:
   friend class OdDbDatabase;
   friend class OdDbObjectId;
-  friend class drawing::db::Store;
-  friend class drawing::db::Undo;
-  friend class drawing::db::WriteScope;
+  friend class drawing::Store;
+  friend class drawing::Undo;
+  friend class drawing::WriteScope;
 
   struct Extras { // what few objects have
     OdDbObjectId extensionDictionary;

@@ -6,8 +6,6 @@
 
 namespace drawing {
 
-using db::peekAs;
-
 OdDbBlockTableRecord& DrawingBuilder::ensureBlock(const OdString& name) {
   OdDbSymbolTable& table = context_.table(OdDb::kBlockTable);
   if (auto* present = peekAs<OdDbBlockTableRecord>(table.getAt(name)))
@@ -129,7 +127,7 @@ OdDbBlockTableRecord& DrawingBuilder::beginBlock() {
   objects_.fill(*record_, *scratch, probe); // the owner decides where the values of the header go
   OdDbBlockTableRecord& block = blockOf(probe);
   {
-    const db::WriteScope scope(block);
+    const WriteScope scope(block);
     objects_.fill(*record_, *begin.object, begin, &block, &OdDbBlockTableRecord::headSection());
     block.takeHead();
   }
@@ -156,7 +154,7 @@ OdDbBlockTableRecord& DrawingBuilder::ownerOf(const ReadObject& read) {
 }
 
 bool DrawingBuilder::addToSequence(ReadObject& read) {
-  auto* owner = dynamic_cast<OdDbSequenceOwner*>(db::peek(sequence_));
+  auto* owner = dynamic_cast<OdDbSequenceOwner*>(peek(sequence_));
   const bool isEnd = read.object->isKindOf(OdDbSequenceEnd::desc());
   const std::string name = read.object->dxfName();
   if (owner == nullptr || !(isEnd || name == "ATTRIB" || name == "VERTEX")) {

@@ -12,8 +12,6 @@
 
 namespace drawing {
 
-using db::peekAs;
-
 DrawingBuilder::DrawingBuilder(OdDbDatabase& database, TextDecoder& decoder, Report& report, const Budget& budget)
     : database_(database), report_(report), budget_(budget), context_(database, decoder, report), objects_(context_) {
   database_.store().deferHandles();
@@ -56,9 +54,9 @@ bool DrawingBuilder::start(const Record& record) {
 OdResult DrawingBuilder::finish() {
   reportWithoutHandle();
   reportBlocksWithoutRecord();
-  db::SettleFacts facts{database_, context_, budget_};
-  db::settleDrawing(facts);
-  if (db::nestingDepth(database_) > budget_.depth)
+  SettleFacts facts{database_, context_, budget_};
+  settleDrawing(facts);
+  if (nestingDepth(database_) > budget_.depth)
     exceeds("definitions nest deeper than the " + std::to_string(budget_.depth) + " levels that are allowed");
   return limit_.empty() ? eOk : eBudgetExceeded;
 }
@@ -86,7 +84,7 @@ void DrawingBuilder::addTableRecord(OdDb::SymbolTableKind kind, OdDbSymbolTable&
   if (kind == OdDb::kBlockTable && fillPlaceholder(table))
     return;
   ReadObject read;
-  OdRxObjectPtr made = db::recordClass(kind)->create();
+  OdRxObjectPtr made = recordClass(kind)->create();
   read.object = made;
   objects_.fill(*record_, *read.object, read);
   if (context_.failed()) // typed values stay at their defaults; the report names the value
@@ -105,8 +103,8 @@ bool DrawingBuilder::fillPlaceholder(OdDbSymbolTable& table) {
   if (id.isNull() || placeholders_.erase(id) == 0)
     return false;
   ReadObject read;
-  OdDbObject& record = *db::peek(id);
-  const db::WriteScope scope(record);
+  OdDbObject& record = *peek(id);
+  const WriteScope scope(record);
   objects_.fill(*record_, record, read);
   ++report_.account.read;
   const OdDbObjectId expected = database_.store().giveHandle(id, read.handle);
@@ -124,14 +122,14 @@ void DrawingBuilder::registerRecord(OdDbSymbolTable& table, OdDbSymbolTableRecor
     table.replaceMember(holder, record);
     context_.missing().erase(missing);
     context_.redirects().emplace_back(holder, record.objectId());
-    OdDbObject& placeholder = *db::peek(holder);
-    const db::WriteScope scope(placeholder);
+    OdDbObject& placeholder = *peek(holder);
+    const WriteScope scope(placeholder);
     placeholder.erase();
     return;
   }
   const OdString wanted = record.getName();
   const OdString name = table.freeName(wanted);
-  const db::WriteScope scope(record);
+  const WriteScope scope(record);
   record.setName(name);
   table.adopt(&record);
   renamed_[wanted].push_back(record.objectId());

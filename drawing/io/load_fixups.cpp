@@ -19,7 +19,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
-namespace drawing::db {
+namespace drawing {
 
 namespace {
 
@@ -231,4 +231,4 @@ void settleDrawing(SettleFacts& facts) {
   }
 }
 
-} // namespace drawing::db
+} // namespace drawing

@@ -3,7 +3,7 @@
 
 #include "drawing/model/load_context.h"
 
-namespace drawing::db {
+namespace drawing {
 
 struct SettleFacts {
   OdDbDatabase& database;
@@ -15,4 +15,4 @@ struct SettleFacts {
 // get their ends, cycles of definitions are cut, objects without handle get one.
 void settleDrawing(SettleFacts& facts);
 
-} // namespace drawing::db
+} // namespace drawing

@@ -10,7 +10,7 @@
 #include "drawing/model/symbol_table_kinds.h"
 #include "drawing/objects/layout_links.h"
 
-namespace drawing::db {
+namespace drawing {
 
 namespace {
 
@@ -180,12 +180,12 @@ std::vector<std::string> ensureBasics(OdDbDatabase& database, const TellLayoutFa
   return Basics(database, tell).run();
 }
 
-} // namespace drawing::db
+} // namespace drawing
 
 OdDbDatabasePtr OdDbDatabase::create() {
   OdDbDatabasePtr database = createEmpty();
-  drawing::db::setHeaderDefaults(*database);
-  drawing::db::ensureBasics(*database);
+  drawing::setHeaderDefaults(*database);
+  drawing::ensureBasics(*database);
   database->setCannoscale(L"1:1");
   return database;
 }

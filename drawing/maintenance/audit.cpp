@@ -21,10 +21,6 @@
 
 namespace drawing {
 
-using db::lives;
-using db::peek;
-using db::peekAs;
-
 namespace {
 
 // References that lead nowhere, or out of the drawing.
@@ -82,7 +78,7 @@ public:
     }
     for (int kind = 0; kind < OdDb::kSymbolTableCount; ++kind)
       checkTable(static_cast<OdDb::SymbolTableKind>(kind));
-    db::checkLayouts(database_, fix_, [this](const db::LayoutFault& fault) { tellLayout(fault); });
+    checkLayouts(database_, fix_, [this](const LayoutFault& fault) { tellLayout(fault); });
     checkCycles();
     return std::move(report_);
   }
@@ -142,14 +138,14 @@ private:
       tell("audit.owner-does-not-list", Severity::Lost, object, "its owner is not the one that lists it",
            "its owner is set to the one that lists it");
       if (fix_) {
-        const db::WriteScope scope(object);
+        const WriteScope scope(object);
         object.setOwnerId(lister->second);
       }
     } else if (!object.ownerId().isNull() && !lives(object.ownerId())) {
       tell("audit.owner-missing", Severity::Note, object, "its owner does not exist",
            "the named-objects dictionary is named as its owner");
       if (fix_) {
-        const db::WriteScope scope(object);
+        const WriteScope scope(object);
         object.setOwnerId(database_.getNamedObjectsDictionaryId());
       }
     }
@@ -161,7 +157,7 @@ private:
     const bool standsInBlock = object.isKindOf(OdDbEntity::desc()) && !isPart;
     if (!fix_)
       return "";
-    const db::WriteScope scope(object);
+    const WriteScope scope(object);
     if (!standsInBlock) {
       object.erase();
       return "it is erased";
@@ -187,7 +183,7 @@ private:
              "the entry \"" + entry.name.toUtf8Lossless() + "\" names nothing", "the entry is removed");
     }
     for (std::size_t i = 0; fix_ && i < dead.size(); ++i) {
-      const db::WriteScope scope(dictionary);
+      const WriteScope scope(dictionary);
       dictionary.remove(dead[i]);
     }
     deadEntries_ = fix_ ? 0 : static_cast<int>(dead.size());
@@ -214,7 +210,7 @@ private:
            "it refers to " + std::to_string(dangling) + " objects that do not exist", "the references are cut");
     if (!fix_ || dangling + broken.foreign == 0)
       return;
-    const db::WriteScope scope(object);
+    const WriteScope scope(object);
     object.assertWriteEnabled();
     BrokenReferences cut(database_, true);
     object.visitReferences(cut);
@@ -228,7 +224,7 @@ private:
     if (!lives(entity.layerId())) {
       tell("audit.no-layer", Severity::Lost, entity, "the entity has no layer", "it is put on layer 0");
       if (fix_) {
-        const db::WriteScope scope(entity);
+        const WriteScope scope(entity);
         entity.setLayer(database_.getLayerZeroId());
       }
     }
@@ -248,7 +244,7 @@ private:
     tell("audit.reference-without-block", Severity::Lost, entity, "the block that it shows does not exist",
          "the reference is erased");
     if (fix_) {
-      const db::WriteScope scope(entity);
+      const WriteScope scope(entity);
       entity.erase();
     }
   }
@@ -261,7 +257,7 @@ private:
       return;
     tell("audit.sequence-without-end", Severity::Lost, object, "its sequence has no end", "the end is made");
     if (fix_) {
-      const db::WriteScope scope(object);
+      const WriteScope scope(object);
       sequence.ensureEnd(static_cast<OdDbEntity&>(object));
     }
   }
@@ -271,13 +267,13 @@ private:
       return;
     tell("audit.block-without-ends", Severity::Lost, block, "the block has no begin or no end", "they are made");
     if (fix_) {
-      const db::WriteScope scope(block);
+      const WriteScope scope(block);
       block.assertWriteEnabled();
       block.ensureEnds();
     }
   }
 
-  void tellLayout(const db::LayoutFault& fault) {
+  void tellLayout(const LayoutFault& fault) {
     struct Words {
       const char* code;
       const char* found;
@@ -315,7 +311,7 @@ private:
     const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(&record);
     // Programs give names with an asterisk to what they made themselves.
     const bool isOwn = record.getName().getLength() > 1 && record.getName().getAt(0) == L'*';
-    const bool hasOwnRules = isOwn || db::isExternal(record) || (block != nullptr && db::isSpace(*block));
+    const bool hasOwnRules = isOwn || isExternal(record) || (block != nullptr && isSpace(*block));
     if (hasOwnRules || nameFault(record.getName(), OdDb::kRelease2000) == NameFault::None)
       return;
     tell("audit.name-illegal", Severity::Note, record,
@@ -329,22 +325,22 @@ private:
     if (renameRecord(database_, record.tableKind(), record.getName(), name) == RenameResult::Done &&
         record.getName() == name)
       return;
-    const db::WriteScope scope(record); // one that is not found under its name
+    const WriteScope scope(record); // one that is not found under its name
     record.setName(name);
   }
 
   void checkCycles() {
     std::vector<OdDbObjectId> cut;
-    db::bottomUp(database_, cut);
+    bottomUp(database_, cut);
     for (OdDbObjectId id : database_.allIds()) {
-      if (const auto* kept = peekAs<OdDbCarriedEntity>(id); db::lives(kept) && closesCycle(*kept))
+      if (const auto* kept = peekAs<OdDbCarriedEntity>(id); lives(kept) && closesCycle(*kept))
         cut.push_back(id);
     }
     for (OdDbObjectId id : cut) {
       OdDbObject& reference = *peek(id);
       tell("audit.block-cycle", Severity::Lost, reference, "through this reference a block contains itself",
            "the reference is erased");
-      const db::WriteScope scope(reference);
+      const WriteScope scope(reference);
       if (fix_)
         reference.erase();
     }

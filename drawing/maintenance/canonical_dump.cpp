@@ -15,10 +15,6 @@
 
 namespace drawing {
 
-using db::DumpSink;
-using db::lives;
-using db::peekAs;
-
 namespace {
 
 // Names of all objects: each is called by its owner's name and its place there. Owners are named before what they own,
@@ -32,10 +28,10 @@ public:
     while (!open_.empty()) {
       const OdDbObjectId id = open_.back();
       open_.pop_back();
-      nameOwned(*db::peek(id), names_[id]);
+      nameOwned(*peek(id), names_[id]);
     }
     for (OdDbObjectId id : database.allIds()) { // what nobody owns
-      if (const OdDbObject* object = db::peek(id); lives(object) && names_.find(id) == names_.end())
+      if (const OdDbObject* object = peek(id); lives(object) && names_.find(id) == names_.end())
         give(id, "?" + object->dxfName() + "#" + std::to_string(++strays_));
     }
   }
@@ -115,8 +111,8 @@ DumpSink::Naming naming(const Names* names) {
 
 void dumpObject(const OdDbObject& object, DumpSink& sink, std::string& out) {
   out += sink.nameOf(object.objectId()) + " " + object.dxfName() + " of " + sink.nameOf(object.ownerId()) + "\n";
-  db::dumpExtras(object, sink);
-  db::dumpContents(object, sink);
+  dumpExtras(object, sink);
+  dumpContents(object, sink);
 }
 
 } // namespace
@@ -130,7 +126,7 @@ std::string canonicalDump(const OdDbDatabase& database, DumpForm form) {
   dumpHeader(database, sink, out);
   std::vector<std::pair<std::string, const OdDbObject*>> objects;
   for (OdDbObjectId id : database.allIds()) {
-    const OdDbObject* object = db::peek(id);
+    const OdDbObject* object = peek(id);
     if (!lives(object) || object == &database.header())
       continue;
     const std::string handle = id.getHandle().ascii();
@@ -140,7 +136,7 @@ std::string canonicalDump(const OdDbDatabase& database, DumpForm form) {
   for (const auto& [key, object] : objects)
     dumpObject(*object, sink, out);
   for (const CarriedSection& section : database.carriedSections()) {
-    const GroupList groups = db::livingGroups(database, section);
+    const GroupList groups = livingGroups(database, section);
     if (groups.empty() && section.madeForRecords)
       continue;
     out += "section " + section.name + "\n";

@@ -15,9 +15,6 @@
 namespace drawing {
 namespace {
 
-using db::lives;
-using db::peekAs;
-
 std::string foldedName(const OdDbSymbolTableRecord& record) {
   OdString name = record.getName();
   return name.makeLower().toUtf8Lossless();
@@ -35,7 +32,7 @@ public:
 };
 
 // Where files hold names of records, names that compare stand.
-class ContentSink : public db::DumpSink {
+class ContentSink : public DumpSink {
 public:
   using DumpSink::DumpSink;
   std::unordered_map<std::string, std::string> names; // of the object that is written
@@ -72,7 +69,7 @@ private:
   }
 
   void nameOwned(OdDbObjectId id) {
-    const OdDbObject& object = *db::peek(id);
+    const OdDbObject& object = *peek(id);
     const std::string name = names_[id];
     if (const auto* dictionary = OdDbDictionary::cast(&object).get()) {
       for (const OdDbDictionary::Entry& entry : dictionary->entries())
@@ -95,7 +92,7 @@ private:
       return found->second;
     const auto* record = peekAs<OdDbSymbolTableRecord>(id);
     if (record == nullptr)
-      return "outside " + db::peek(id)->dxfName();
+      return "outside " + peek(id)->dxfName();
     return record->isKindOf(OdDbBlockTableRecord::desc()) ? nestedName(id) : foldedName(*record);
   }
 
@@ -110,12 +107,12 @@ private:
     ContentSink sink(
         text_, database, [this](OdDbObjectId id) { return nameOf(id); }, true);
     for (const OdDbObjectId id : owned_) {
-      const OdDbObject& object = *db::peek(id);
+      const OdDbObject& object = *peek(id);
       sink.names.clear();
       for (const OdDbObjectId record : NamedRecords(object).ids)
         sink.names.emplace(symbolName(record).toUtf8Lossless(), nameOf(record));
       text_ += names_[id] + " " + object.dxfName() + "\n";
-      db::dumpContents(object, sink);
+      dumpContents(object, sink);
     }
   }
 
@@ -137,7 +134,7 @@ std::string recordText(const OdDbObject& record) {
   for (const OdDbObjectId named : NamedRecords(record).ids)
     sink.names.emplace(symbolName(named).toUtf8Lossless(), naming(named));
   sink.names[symbolName(record.objectId()).toUtf8Lossless()] = "self";
-  db::dumpContents(record, sink);
+  dumpContents(record, sink);
   return text;
 }
 

@@ -8,7 +8,7 @@
 
 #include <charconv>
 
-namespace drawing::db {
+namespace drawing {
 
 void DumpSink::real(int code, double value) {
   char digits[40];
@@ -61,4 +61,4 @@ void dumpContents(const OdDbObject& object, DumpSink& sink) {
     xData->writeTo(sink);
 }
 
-} // namespace drawing::db
+} // namespace drawing

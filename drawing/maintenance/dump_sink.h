@@ -7,7 +7,7 @@
 #include <functional>
 #include <string>
 
-namespace drawing::db {
+namespace drawing {
 
 class DumpSink : public GroupSink {
 public:
@@ -40,4 +40,4 @@ void dumpExtras(const OdDbObject& object, DumpSink& sink);
 // All else that the object holds, its owner and name of the object itself excepted.
 void dumpContents(const OdDbObject& object, DumpSink& sink);
 
-} // namespace drawing::db
+} // namespace drawing

@@ -7,7 +7,7 @@
 #include "drawing/model/object_store.h"
 #include "drawing/opaque_objects.h"
 
-namespace drawing::db {
+namespace drawing {
 
 namespace {
 
@@ -155,4 +155,4 @@ OdDbObjectId namedBy(const OdDbDatabase& database, const NameVariable& variable)
   return id.isNull() && variable.kind == OdDb::kBlockTable ? database.symbol(variable.kind, L"_" + name) : id;
 }
 
-} // namespace drawing::db
+} // namespace drawing

@@ -3,7 +3,7 @@
 
 #include "DbDatabase.h"
 
-namespace drawing::db {
+namespace drawing {
 
 struct HeldName {
   enum List : std::uint8_t { Carried, XData, Section }; // Section: one that the object keeps as files hold it
@@ -29,4 +29,4 @@ const std::vector<NameVariable>& nameVariables();
 // The record that the variable names, null for none. Names of arrow blocks may lack the underscore of the block's.
 OdDbObjectId namedBy(const OdDbDatabase& database, const NameVariable& variable);
 
-} // namespace drawing::db
+} // namespace drawing

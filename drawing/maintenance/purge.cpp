@@ -12,10 +12,6 @@
 
 namespace drawing {
 
-using db::lives;
-using db::peek;
-using db::peekAs;
-
 const std::vector<PurgeKind>& purgeKinds() {
   static const std::vector<PurgeKind> kinds = {
       {"block", OdDb::kBlockTable, nullptr},
@@ -47,14 +43,14 @@ PurgePlan::Standing standingBefore(OdDbObjectId id) {
   if (!lives(object))
     return PurgePlan::Standing::NoRecord;
   if (const auto* record = dynamic_cast<const OdDbSymbolTableRecord*>(object)) {
-    if (db::isExternal(*record))
+    if (isExternal(*record))
       return PurgePlan::Standing::External;
-    return db::isNeeded(*record) ? PurgePlan::Standing::Needed : PurgePlan::Standing::Purgeable;
+    return isNeeded(*record) ? PurgePlan::Standing::Needed : PurgePlan::Standing::Purgeable;
   }
   const auto* dictionary = peekAs<OdDbDictionary>(object->ownerId());
   if (dictionary == nullptr)
     return PurgePlan::Standing::NoRecord;
-  const bool needed = db::isAnyOf(dictionary->nameAt(id), {L"Standard", L"ByLayer", L"ByBlock", L"Global"});
+  const bool needed = isAnyOf(dictionary->nameAt(id), {L"Standard", L"ByLayer", L"ByBlock", L"Global"});
   return needed ? PurgePlan::Standing::Needed : PurgePlan::Standing::Purgeable;
 }
 
@@ -198,12 +194,12 @@ private:
   // A record that is named and referred to by one object is used once.
   void collectNames(const OdDbObject& object, std::vector<OdDbObjectId>& ids) {
     names_.clear();
-    db::heldNames(object, names_);
+    heldNames(object, names_);
     if (names_.empty())
       return;
     std::unordered_set<OdDbObjectId> known(ids.begin(), ids.end());
-    for (const db::HeldName& name : names_) {
-      const GroupList& list = db::listOf(object, name);
+    for (const HeldName& name : names_) {
+      const GroupList& list = listOf(object, name);
       const OdDbObjectId id = database_.symbol(name.kind, list.stringOf(list[name.at]));
       if (!id.isNull() && known.insert(id).second)
         ids.push_back(id);
@@ -226,8 +222,8 @@ private:
           useByVariable(variable.name, variable.groups.idOf(variable.groups[i]));
       }
     }
-    for (const db::NameVariable& variable : db::nameVariables())
-      useByVariable(variable.variable, db::namedBy(database_, variable));
+    for (const NameVariable& variable : nameVariables())
+      useByVariable(variable.variable, namedBy(database_, variable));
   }
 
   void useByVariable(const std::string& variable, OdDbObjectId id) {
@@ -278,7 +274,7 @@ private:
   PurgePlan& plan_;
   std::vector<std::uint32_t> units_; // by object number: the candidate above, or kOutside
   Collector collector_;
-  std::vector<db::HeldName> names_;
+  std::vector<HeldName> names_;
   std::vector<OdDbObjectId> shapeFiles_; // candidates
   std::vector<std::pair<std::uint32_t, std::uint32_t>> edges_;
   std::unordered_map<std::uint64_t, std::size_t> times_; // by holder and candidate

@@ -8,8 +8,6 @@
 
 namespace drawing {
 
-using db::peekAs;
-
 namespace {
 
 bool isAsciiWord(wchar_t ch) {
@@ -52,11 +50,11 @@ public:
     // Whoever holds the name is found by it, so the record bears it until all of them were told.
     changeVariables();
     for (OdDbObjectId id : database_.allIds()) {
-      OdDbObject* object = db::peek(id);
-      if (db::lives(object))
+      OdDbObject* object = peek(id);
+      if (lives(object))
         changeHeld(*object);
     }
-    const db::WriteScope scope(record_);
+    const WriteScope scope(record_);
     record_.setName(to_);
     if (auto* block = dynamic_cast<OdDbBlockTableRecord*>(&record_)) {
       block->nameInHead_.empty();
@@ -66,9 +64,9 @@ public:
 
 private:
   void changeVariables() {
-    for (const db::NameVariable& variable : db::nameVariables()) {
+    for (const NameVariable& variable : nameVariables()) {
       if (variable.dictionary != nullptr || variable.kind != kind_ ||
-          db::namedBy(database_, variable) != record_.objectId())
+          namedBy(database_, variable) != record_.objectId())
         continue;
       const GroupList& groups = *database_.headerVar(variable.variable);
       database_.setHeaderText(variable.variable, groups[0].code, to_);
@@ -77,13 +75,13 @@ private:
 
   void changeHeld(OdDbObject& object) {
     names_.clear();
-    db::heldNames(object, names_);
-    for (const db::HeldName& name : names_) {
-      const GroupList& list = db::listOf(object, name);
+    heldNames(object, names_);
+    for (const HeldName& name : names_) {
+      const GroupList& list = listOf(object, name);
       if (name.kind != kind_ || !name.certain || list.stringOf(list[name.at]).iCompare(from_) != 0)
         continue;
-      const db::WriteScope scope(object);
-      db::listForWrite(object, name).setText(name.at, to_.toUtf8Lossless());
+      const WriteScope scope(object);
+      listForWrite(object, name).setText(name.at, to_.toUtf8Lossless());
     }
   }
 
@@ -104,18 +102,18 @@ private:
   OdDbSymbolTableRecord& record_;
   OdDb::SymbolTableKind kind_;
   OdString from_, to_;
-  std::vector<db::HeldName> names_;
+  std::vector<HeldName> names_;
 };
 
 RenameResult mayRename(const OdDbSymbolTableRecord& record) {
   const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(&record);
-  if (block != nullptr && db::isSpace(*block))
+  if (block != nullptr && isSpace(*block))
     return RenameResult::Space;
-  if (db::isExternal(record))
+  if (isExternal(record))
     return RenameResult::External;
   if (block != nullptr && block->isAnonymous())
     return RenameResult::Anonymous;
-  return db::isNeeded(record) ? RenameResult::Fixed : RenameResult::Done;
+  return isNeeded(record) ? RenameResult::Fixed : RenameResult::Done;
 }
 
 } // namespace

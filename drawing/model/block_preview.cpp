@@ -2,7 +2,7 @@
 
 #include "drawing/model/load_context.h"
 
-namespace drawing::db {
+namespace drawing {
 
 bool readPreview(std::string& preview, const Pair& pair, LoadContext& context) {
   return pair.code == 310 && context.bytes(pair, preview);
@@ -14,4 +14,4 @@ void writePreview(const std::string& preview, GroupSink& sink) {
     sink.binary(310, std::string_view(preview).substr(at, kChunk));
 }
 
-} // namespace drawing::db
+} // namespace drawing

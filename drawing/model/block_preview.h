@@ -8,12 +8,9 @@
 namespace drawing {
 struct Pair;
 class LoadContext;
-} // namespace drawing
-
-namespace drawing::db {
 
 // Appends the chunk of a group; false for a group of another code or one that is not hexadecimal.
 bool readPreview(std::string& preview, const Pair& pair, LoadContext& context);
 void writePreview(const std::string& preview, GroupSink& sink);
 
-} // namespace drawing::db
+} // namespace drawing

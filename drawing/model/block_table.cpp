@@ -35,10 +35,10 @@ const drawing::Description& OdDbBlockTableRecord::ownDescription() {
          field<&OdDbBlockTableRecord::explodable_>(280).otherwise(1).from(OdDb::kRelease2007),
          field<&OdDbBlockTableRecord::scalesUniformly_>(281).from(OdDb::kRelease2007)},
         [](OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
-          return drawing::db::readPreview(static_cast<OdDbBlockTableRecord&>(object).preview_, pair, context);
+          return drawing::readPreview(static_cast<OdDbBlockTableRecord&>(object).preview_, pair, context);
         },
         [](const OdDbObject& object, drawing::GroupSink& sink) {
-          drawing::db::writePreview(static_cast<const OdDbBlockTableRecord&>(object).preview_, sink);
+          drawing::writePreview(static_cast<const OdDbBlockTableRecord&>(object).preview_, sink);
         }}});
   return description;
 }
@@ -107,7 +107,7 @@ OdDbDatabase* OdDbBlockTableRecord::xrefDatabase(bool includeUnresolved) const {
 
 void OdDbBlockTableRecord::afterLoad() {
   if (database()->facts().version < OdDb::kRelease2007 && xDataGroups() != nullptr)
-    drawing::db::takeUnits(extrasForLoad().xData, units_);
+    drawing::takeUnits(extrasForLoad().xData, units_);
 }
 
 OdResult OdDbBlockTableRecord::setBlockScaling(BlockScaling scaling) {
@@ -148,7 +148,7 @@ void OdDbBlockTableRecord::adoptCopy() {
 
 void OdDbBlockTableRecord::ensureEnds() {
   const auto make = [this](OdDbObjectId& id, OdSmartPtr<OdDbEntity> end) {
-    if (drawing::db::peek(id) != nullptr)
+    if (drawing::peek(id) != nullptr)
       return;
     end->setLayer(database()->getLayerZeroId());
     id = database()->addOdDbObject(end.get(), objectId());

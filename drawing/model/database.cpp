@@ -8,13 +8,13 @@
 
 #include <unordered_map>
 
-using drawing::db::peekAs;
+using drawing::peekAs;
 
 ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbDatabase, OdRxObject);
 
 OdDbDatabase::OdDbDatabase()
-    : store_(std::make_unique<drawing::db::Store>(this)), undo_(std::make_unique<drawing::db::Undo>()),
-      xrefs_(std::make_unique<drawing::db::XrefTable>()) {
+    : store_(std::make_unique<drawing::Store>(this)), undo_(std::make_unique<drawing::Undo>()),
+      xrefs_(std::make_unique<drawing::XrefTable>()) {
   header_ = store_->addNameless(new OdDbHeader);
 }
 
@@ -30,7 +30,7 @@ OdDbObjectId OdDbDatabase::addOdDbObject(OdDbObject* object, OdDbObjectId owner,
   object->setOwnerId(owner);
   const OdDbObjectId id = store_->add(object, handle);
   {
-    const drawing::db::WriteScope scope(*object);
+    const drawing::WriteScope scope(*object);
     undo_->objectAdded(*object);
   }
   object->writable_ = object->numRefs() > 0; // whoever made it goes on filling it
@@ -39,7 +39,7 @@ OdDbObjectId OdDbDatabase::addOdDbObject(OdDbObject* object, OdDbObjectId owner,
 
 OdDbObjectId OdDbDatabase::getOdDbObjectId(OdDbHandle handle) const {
   const OdDbObjectId id = store_->find(handle);
-  return drawing::db::peek(id) == nullptr ? OdDbObjectId() : id;
+  return drawing::peek(id) == nullptr ? OdDbObjectId() : id;
 }
 
 OdDbHandle OdDbDatabase::handseed() const {
@@ -110,13 +110,13 @@ void OdDbDatabase::restoreFromUndo(const OdDbObjectIdArray& ids) {
     const auto found = earlier.find(id);
     if (found == earlier.end())
       continue;
-    OdDbObject* object = drawing::db::peek(id);
+    OdDbObject* object = drawing::peek(id);
     std::vector<OdDbObjectId> parts;
     object->movedParts(parts);
     object->assignState(*found->second);
     for (OdDbObjectId part : parts) {
       if (const auto before = earlier.find(part); before != earlier.end())
-        drawing::db::peek(part)->assignState(*before->second);
+        drawing::peek(part)->assignState(*before->second);
     }
   }
 }

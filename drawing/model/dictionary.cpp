@@ -50,7 +50,7 @@ bool OdDbDictionary::readGroup(OdDbObject& object, const drawing::Pair& pair, dr
 void OdDbDictionary::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) {
   const auto& dictionary = static_cast<const OdDbDictionary&>(object);
   for (const Entry& entry : dictionary.entries_) {
-    if (OdDbObject* member = drawing::db::peek(entry.id); member != nullptr && member->isErased())
+    if (OdDbObject* member = drawing::peek(entry.id); member != nullptr && member->isErased())
       continue;
     sink.text(3, entry.name);
     sink.reference(dictionary.hardOwner_ ? 360 : 350, entry.id);
@@ -172,7 +172,7 @@ void OdDbDictionary::visitReferences(drawing::ReferenceVisitor& visitor) {
 void OdDbDictionary::ownedObjects(std::vector<OdDbObjectId>& ids) const {
   OdDbObject::ownedObjects(ids);
   for (const Entry& entry : entries_) {
-    const OdDbObject* member = drawing::db::peek(entry.id);
+    const OdDbObject* member = drawing::peek(entry.id);
     if (member != nullptr && member->ownerId() == objectId())
       ids.push_back(entry.id);
   }
@@ -225,12 +225,12 @@ void OdDbXrecord::setFromRbChain(const OdResBuf* chain) {
 
 void OdDbXrecord::ownedObjects(std::vector<OdDbObjectId>& ids) const {
   OdDbObject::ownedObjects(ids);
-  drawing::db::listOwned(groups_, objectId(), ids);
+  drawing::listOwned(groups_, objectId(), ids);
 }
 
 void OdDbXrecord::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbObject::visitReferences(visitor);
-  drawing::db::visitGroups(groups_, visitor);
+  drawing::visitGroups(groups_, visitor);
 }
 
 const drawing::Description& OdDbDictionaryVar::ownDescription() {
@@ -261,5 +261,5 @@ drawing::GroupList& OdDbHeader::at(std::string_view name) {
 
 void OdDbHeader::visitReferences(drawing::ReferenceVisitor& visitor) {
   for (Variable& variable : variables_)
-    drawing::db::visitGroups(variable.groups, visitor);
+    drawing::visitGroups(variable.groups, visitor);
 }

@@ -9,7 +9,7 @@
 #include <cmath>
 
 using drawing::field;
-using drawing::db::peekAs;
+using drawing::peekAs;
 
 ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbEntity, OdDbObject);
 

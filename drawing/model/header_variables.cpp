@@ -8,10 +8,10 @@
 
 using drawing::GroupKind;
 using drawing::GroupList;
-using drawing::db::peekAs;
+using drawing::peekAs;
 
 OdDbHeader& OdDbDatabase::header() const {
-  return *static_cast<OdDbHeader*>(drawing::db::peek(header_));
+  return *static_cast<OdDbHeader*>(drawing::peek(header_));
 }
 
 const GroupList* OdDbDatabase::headerVar(std::string_view name) const {
@@ -140,14 +140,14 @@ void OdDbDatabase::setDictionaryVar(const OdString& name, const OdString& value)
   auto* root = peekAs<OdDbDictionary>(namedObjects_);
   if (root == nullptr)
     throw OdError(eNotInDatabase);
-  const drawing::db::WriteScope rootScope(*root);
+  const drawing::WriteScope rootScope(*root);
   if (!root->has(kVariableDictionary))
     root->setAt(kVariableDictionary, new OdDbDictionary);
   auto* variables = childAs<OdDbDictionary>(root, kVariableDictionary);
-  const drawing::db::WriteScope variablesScope(*variables);
+  const drawing::WriteScope variablesScope(*variables);
   if (!variables->has(name))
     variables->setAt(name, new OdDbDictionaryVar);
   auto* variable = childAs<OdDbDictionaryVar>(variables, name);
-  const drawing::db::WriteScope variableScope(*variable);
+  const drawing::WriteScope variableScope(*variable);
   variable->setValue(value);
 }

@@ -1,6 +1,6 @@
 #include "drawing/model/legacy_block_units.h"
 
-namespace drawing::db {
+namespace drawing {
 
 namespace {
 
@@ -57,4 +57,4 @@ void putUnits(GroupList& xData, std::int16_t units) {
   xData = std::move(with);
 }
 
-} // namespace drawing::db
+} // namespace drawing

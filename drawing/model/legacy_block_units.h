@@ -4,10 +4,10 @@
 
 #include "drawing/detail/groups.h"
 
-namespace drawing::db {
+namespace drawing {
 
 // Takes the units out of the extended data; false, and nothing is changed, when they are not there in that shape.
 bool takeUnits(GroupList& xData, std::int16_t& units);
 void putUnits(GroupList& xData, std::int16_t units);
 
-} // namespace drawing::db
+} // namespace drawing

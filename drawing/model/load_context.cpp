@@ -200,15 +200,15 @@ OdDbObjectId LoadContext::symbol(OdDb::SymbolTableKind kind, const Pair& pair) {
 }
 
 OdDbSymbolTable& LoadContext::table(OdDb::SymbolTableKind kind, OdDbHandle handle) {
-  if (auto* present = db::peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind)))
+  if (auto* present = peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind)))
     return *present;
-  OdDbSymbolTable* made = db::newTable(kind);
+  OdDbSymbolTable* made = newTable(kind);
   database_.adoptTable(kind, database_.store().add(made, handle));
   return *made;
 }
 
 OdDbObjectId LoadContext::makeMissing(OdDb::SymbolTableKind kind, const OdString& name, const Pair& pair) {
-  OdRxObjectPtr made = db::recordClass(kind)->create();
+  OdRxObjectPtr made = recordClass(kind)->create();
   if (made.isNull())
     return {};
   OdDbSymbolTable& holder = table(kind);

@@ -93,11 +93,11 @@ OdResult OdDbObject::erase(bool erasing) {
   std::unordered_set<OdDbObjectId> seen{id_};
   ownedObjects(owned);
   for (std::size_t i = 0; i < owned.size(); ++i) {
-    OdDbObject* object = drawing::db::peek(owned[i]);
+    OdDbObject* object = drawing::peek(owned[i]);
     if (object == nullptr || object->erased_ == erasing || !seen.insert(owned[i]).second)
       continue;
     object->ownedObjects(owned);
-    const drawing::db::WriteScope scope(*object);
+    const drawing::WriteScope scope(*object);
     object->assertWriteEnabled();
     object->erased_ = erasing;
     object->afterErase(erasing);
@@ -188,9 +188,9 @@ void OdDbObject::visitReferences(drawing::ReferenceVisitor& visitor) {
   visitor.visit(extras_->extensionDictionary, OdDb::kHardOwnershipRef);
   for (OdDbObjectId& id : extras_->reactors)
     visitor.visit(id, OdDb::kSoftPointerRef);
-  drawing::db::visitGroups(extras_->carried, visitor);
-  drawing::db::visitGroups(extras_->applicationGroups, visitor);
-  drawing::db::visitGroups(extras_->xData, visitor);
+  drawing::visitGroups(extras_->carried, visitor);
+  drawing::visitGroups(extras_->applicationGroups, visitor);
+  drawing::visitGroups(extras_->xData, visitor);
 }
 
 void OdDbObject::ownedObjects(std::vector<OdDbObjectId>& ids) const {
@@ -199,7 +199,7 @@ void OdDbObject::ownedObjects(std::vector<OdDbObjectId>& ids) const {
   if (!extras_->extensionDictionary.isNull())
     ids.push_back(extras_->extensionDictionary);
   // A helper that only this object names, such as the one that tells an image of its file.
-  drawing::db::listOwned(extras_->carried, id_, ids);
+  drawing::listOwned(extras_->carried, id_, ids);
 }
 
 void OdDbObject::dropLostReactors() {
@@ -212,7 +212,7 @@ void OdDbObject::dropLostReactors() {
 void OdDbObject::afterClone(const OdDbObject&, OdDbIdMapping&) {}
 void OdDbObject::afterLoad() {}
 
-void drawing::db::listOwned(const GroupList& groups, OdDbObjectId holder, std::vector<OdDbObjectId>& ids) {
+void drawing::listOwned(const GroupList& groups, OdDbObjectId holder, std::vector<OdDbObjectId>& ids) {
   for (std::size_t i = 0; i < groups.size(); ++i) {
     if (groups[i].kind != GroupKind::Reference)
       continue;
@@ -228,7 +228,7 @@ void drawing::db::listOwned(const GroupList& groups, OdDbObjectId holder, std::v
   }
 }
 
-void drawing::db::visitGroups(drawing::GroupList& groups, drawing::ReferenceVisitor& visitor) {
+void drawing::visitGroups(drawing::GroupList& groups, drawing::ReferenceVisitor& visitor) {
   for (std::size_t i = 0; i < groups.size(); ++i) {
     if (groups[i].kind != drawing::GroupKind::Reference)
       continue;

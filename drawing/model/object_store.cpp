@@ -7,7 +7,7 @@
 #include <atomic>
 #include <mutex>
 
-namespace drawing::db {
+namespace drawing {
 
 namespace {
 
@@ -222,4 +222,4 @@ void Store::reserve(std::size_t objects) {
   pages_.reserve((objects >> kPageBits) + 1);
 }
 
-} // namespace drawing::db
+} // namespace drawing

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-namespace drawing::db {
+namespace drawing {
 
 // Handle to object number; open addressing, never shrinks. Handles are not 0.
 class HandleMap {
@@ -131,4 +131,4 @@ void visitGroups(GroupList& groups, ReferenceVisitor& visitor);
 // Objects that a carried list owns: those it names as its own and that name `holder` as their owner, or none.
 void listOwned(const GroupList& groups, OdDbObjectId holder, std::vector<OdDbObjectId>& ids);
 
-} // namespace drawing::db
+} // namespace drawing

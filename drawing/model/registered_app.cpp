@@ -4,7 +4,7 @@
 #include "drawing/model/object_store.h"
 #include "drawing/model/symbol_table_kinds.h"
 
-namespace drawing::db {
+namespace drawing {
 
 void registerApplication(OdDbDatabase& database, const OdString& name) {
   auto* table = peekAs<OdDbSymbolTable>(database.getRegAppTableId());
@@ -16,4 +16,4 @@ void registerApplication(OdDbDatabase& database, const OdString& name) {
   table->add(record.get());
 }
 
-} // namespace drawing::db
+} // namespace drawing

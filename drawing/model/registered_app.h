@@ -3,9 +3,9 @@
 
 #include "DbDatabase.h"
 
-namespace drawing::db {
+namespace drawing {
 
 // Extended data is read by other programs only under the name of a registered application.
 void registerApplication(OdDbDatabase& database, const OdString& name);
 
-} // namespace drawing::db
+} // namespace drawing

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace drawing::db {
+namespace drawing {
 
 namespace {
 
@@ -57,4 +57,4 @@ OdString boundSymbolName(const OdString& reference, const OdString& name, unsign
   return bound.format(L"%s$%u$%s", reference.c_str(), number, name.c_str());
 }
 
-} // namespace drawing::db
+} // namespace drawing

@@ -3,7 +3,7 @@
 
 #include "DbBlockTable.h"
 
-namespace drawing::db {
+namespace drawing {
 
 bool isSpaceName(const OdString& name); // *Model_Space, *Paper_Space, *Paper_Space0 ...
 bool isSpace(const OdDbBlockTableRecord& block);
@@ -16,4 +16,4 @@ bool isNamedAfterReference(const OdDbSymbolTableRecord& record);
 OdString boundSymbolName(const OdString& reference, const OdString& name, unsigned number);
 bool isAnyOf(const OdString& name, std::initializer_list<const wchar_t*> names);
 
-} // namespace drawing::db
+} // namespace drawing

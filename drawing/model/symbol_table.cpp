@@ -42,7 +42,7 @@ bool OdDbSymbolTable::FoldEqual::operator()(const OdString& a, const OdString& b
 }
 
 std::string OdDbSymbolTable::dxfName() const {
-  return drawing::db::tableDxfName(kind());
+  return drawing::tableDxfName(kind());
 }
 
 void OdDbSymbolTable::ensureIndex() const {
@@ -51,7 +51,7 @@ void OdDbSymbolTable::ensureIndex() const {
   index_.byName.clear();
   index_.nextFree.clear();
   for (OdDbObjectId id : members_.ids()) {
-    const auto* record = drawing::db::peekAs<OdDbSymbolTableRecord>(id);
+    const auto* record = drawing::peekAs<OdDbSymbolTableRecord>(id);
     if (record != nullptr && !record->isErased())
       index_.byName.emplace(record->getName(), id);
   }
@@ -65,7 +65,7 @@ OdDbObjectId OdDbSymbolTable::getAt(const OdString& name, bool openErased) const
   if (!openErased)
     return {};
   for (OdDbObjectId id : members_.ids()) {
-    const auto* record = drawing::db::peekAs<OdDbSymbolTableRecord>(id);
+    const auto* record = drawing::peekAs<OdDbSymbolTableRecord>(id);
     if (record != nullptr && record->getName().iCompare(name) == 0)
       return id;
   }
@@ -75,7 +75,7 @@ OdDbObjectId OdDbSymbolTable::getAt(const OdString& name, bool openErased) const
 OdDbObjectId OdDbSymbolTable::add(OdDbSymbolTableRecord* record) {
   const OdDbObjectId id = addClone(record);
   if (!id.isNull()) {
-    const drawing::db::WriteScope scope(*record);
+    const drawing::WriteScope scope(*record);
     record->joinedTable();
   }
   return id;
@@ -164,7 +164,7 @@ void OdDbSymbolTable::memberErased(const OdDbSymbolTableRecord& record, bool era
 
 void OdDbSymbolTableRecord::setName(const OdString& name) {
   assertWriteEnabled();
-  auto* table = drawing::db::peekAs<OdDbSymbolTable>(ownerId());
+  auto* table = drawing::peekAs<OdDbSymbolTable>(ownerId());
   if (table == nullptr || !isDBRO()) {
     name_ = name;
     return;
@@ -187,7 +187,7 @@ void OdDbSymbolTableRecord::setFlag(std::int16_t bit, bool on) {
 }
 
 OdResult OdDbSymbolTableRecord::mayComeBack() const {
-  const auto* table = drawing::db::peekAs<OdDbSymbolTable>(ownerId());
+  const auto* table = drawing::peekAs<OdDbSymbolTable>(ownerId());
   const bool mayRepeat = name_.isEmpty() || tableKind() == OdDb::kViewportTable;
   return table != nullptr && !mayRepeat && table->has(name_) ? eDuplicateRecordName : eOk;
 }
@@ -205,7 +205,7 @@ void dropFromHead(OdDbSymbolTable& table, OdDbObjectId record) {
     ++at;
   if (head == nullptr || at == head->size())
     return;
-  const drawing::db::WriteScope scope(table);
+  const drawing::WriteScope scope(table);
   drawing::GroupList& groups = table.carried();
   groups.erase(at, 1);
   const std::size_t count = groups.find(71);
@@ -216,7 +216,7 @@ void dropFromHead(OdDbSymbolTable& table, OdDbObjectId record) {
 } // namespace
 
 void OdDbSymbolTableRecord::afterErase(bool erasing) {
-  auto* table = drawing::db::peekAs<OdDbSymbolTable>(ownerId());
+  auto* table = drawing::peekAs<OdDbSymbolTable>(ownerId());
   if (table == nullptr)
     return;
   table->memberErased(*this, erasing);
@@ -225,12 +225,12 @@ void OdDbSymbolTableRecord::afterErase(bool erasing) {
 }
 
 OdDb::SymbolTableKind OdDbSymbolTableRecord::tableKind() const {
-  return drawing::db::tableKindOf(isA());
+  return drawing::tableKindOf(isA());
 }
 
 std::string OdDbSymbolTableRecord::dxfName() const {
   const OdDb::SymbolTableKind kind = tableKind();
-  return kind == OdDb::kNoTable ? OdDbObject::dxfName() : drawing::db::tableDxfName(kind);
+  return kind == OdDb::kNoTable ? OdDbObject::dxfName() : drawing::tableDxfName(kind);
 }
 
 namespace drawing {
@@ -241,7 +241,7 @@ ObjectIterator::ObjectIterator(OdDbObjectId container, bool skipErased)
 }
 
 const IdList* ObjectIterator::list() const {
-  OdDbObject* container = db::peek(container_);
+  OdDbObject* container = peek(container_);
   return container == nullptr ? nullptr : container->memberList();
 }
 
@@ -280,7 +280,7 @@ OdDbObjectPtr ObjectIterator::object(OdDb::OpenMode mode, bool openErased) const
 namespace drawing {
 
 OdString symbolName(OdDbObjectId id) {
-  const auto* record = db::peekAs<OdDbSymbolTableRecord>(id);
+  const auto* record = peekAs<OdDbSymbolTableRecord>(id);
   return record == nullptr ? OdString() : record->getName();
 }
 

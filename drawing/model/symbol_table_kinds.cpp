@@ -3,7 +3,7 @@
 #include "DbBlockTable.h"
 #include "DbSymbolRecords.h"
 
-namespace drawing::db {
+namespace drawing {
 
 namespace {
 
@@ -51,4 +51,4 @@ OdDbSymbolTable* newTable(OdDb::SymbolTableKind kind) {
   return made;
 }
 
-} // namespace drawing::db
+} // namespace drawing

@@ -5,7 +5,7 @@
 
 class OdDbSymbolTable;
 
-namespace drawing::db {
+namespace drawing {
 
 OdRxClass* recordClass(OdDb::SymbolTableKind kind);
 const char* tableDxfName(OdDb::SymbolTableKind kind);        // VPORT, LTYPE ...; also the name of the table's records
@@ -14,4 +14,4 @@ OdDb::SymbolTableKind tableKindOf(const OdRxClass* recordClass);
 
 OdDbSymbolTable* newTable(OdDb::SymbolTableKind kind); // empty and free
 
-} // namespace drawing::db
+} // namespace drawing

@@ -13,13 +13,13 @@ constexpr int kBytesCode = 310;
 
 auto findSection(const std::vector<drawing::CarriedSection>& sections) {
   return std::find_if(sections.begin(), sections.end(), [](const drawing::CarriedSection& section) {
-    return section.name == drawing::db::kThumbnailSection;
+    return section.name == drawing::kThumbnailSection;
   });
 }
 
 drawing::CarriedSection sectionWith(std::string_view bytes) {
   constexpr std::size_t kChunk = 127; // bytes in one group
-  drawing::CarriedSection section{drawing::db::kThumbnailSection, {}};
+  drawing::CarriedSection section{drawing::kThumbnailSection, {}};
   section.groups.integer(kSizeCode, static_cast<std::int64_t>(bytes.size()));
   for (std::size_t at = 0; at < bytes.size(); at += kChunk)
     section.groups.binary(kBytesCode, bytes.substr(at, kChunk));

@@ -1,8 +1,8 @@
 // Where files hold the picture of a drawing.
 #pragma once
 
-namespace drawing::db {
+namespace drawing {
 
 inline constexpr char kThumbnailSection[] = "THUMBNAILIMAGE";
 
-} // namespace drawing::db
+} // namespace drawing

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace drawing::db {
+namespace drawing {
 
 void Undo::startGroup() {
   if (disabled_)
@@ -145,4 +145,4 @@ void Undo::rollback() {
   groups_.resize(--position_);
 }
 
-} // namespace drawing::db
+} // namespace drawing

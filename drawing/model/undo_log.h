@@ -9,7 +9,7 @@
 #include <memory>
 #include <vector>
 
-namespace drawing::db {
+namespace drawing {
 
 class Undo {
 public:
@@ -61,4 +61,4 @@ private:
   bool disabled_ = false;
 };
 
-} // namespace drawing::db
+} // namespace drawing

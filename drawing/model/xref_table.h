@@ -6,7 +6,7 @@
 
 #include <unordered_map>
 
-namespace drawing::db {
+namespace drawing {
 
 struct XrefEntry {
   XrefStatus status = XrefStatus::NotLoaded;
@@ -27,4 +27,4 @@ private:
   std::unordered_map<OdDbObjectId, XrefEntry> entries_;
 };
 
-} // namespace drawing::db
+} // namespace drawing

@@ -7,7 +7,7 @@
 
 #include <cmath>
 
-using drawing::db::peekAs;
+using drawing::peekAs;
 
 ODDB_DEFINE_MEMBERS(OdDbScale, OdDbObject, "SCALE");
 ODRX_DEFINE_MEMBERS(OdDbAnnotationScale, OdRxObject, "");

@@ -10,8 +10,8 @@
 #include <vector>
 
 using drawing::GroupList;
-using drawing::db::peekAs;
-using drawing::db::WriteScope;
+using drawing::peekAs;
+using drawing::WriteScope;
 
 ODDB_DEFINE_MEMBERS(OdDbDimAssoc, OdDbObject, "DIMASSOC");
 
@@ -50,7 +50,7 @@ void OdDbDimAssoc::writeGroups(const OdDbObject& object, drawing::GroupSink& sin
 
 void OdDbDimAssoc::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbObject::visitReferences(visitor);
-  drawing::db::visitGroups(pointGroups_, visitor);
+  drawing::visitGroups(pointGroups_, visitor);
 }
 
 void OdDbDimAssoc::setDimObjId(OdDbObjectId dimension) {
@@ -141,7 +141,7 @@ void detachOld(OdDbObjectId old) {
   OdDbObjectIdArray ids = association->getDimAssocGeomIds();
   ids.append(association->dimObjId());
   for (OdDbObjectId id : ids) {
-    OdDbObject* object = drawing::db::peek(id);
+    OdDbObject* object = drawing::peek(id);
     if (object == nullptr || !object->hasPersistentReactor(old))
       continue;
     const WriteScope scope(*object);
@@ -170,7 +170,7 @@ void OdDbDimAssoc::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) 
 }
 
 OdDbObjectId OdDbDimAssoc::associationOf(OdDbObjectId dimension) {
-  const OdDbObject* object = drawing::db::peek(dimension);
+  const OdDbObject* object = drawing::peek(dimension);
   if (object == nullptr || object->isErased())
     return {};
   const auto* dictionary = peekAs<OdDbDictionary>(object->extensionDictionary());

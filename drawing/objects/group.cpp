@@ -8,7 +8,7 @@
 #include <algorithm>
 
 using drawing::field;
-using drawing::db::peekAs;
+using drawing::peekAs;
 
 ODDB_DEFINE_MEMBERS(OdDbGroup, OdDbObject, "GROUP");
 
@@ -47,17 +47,17 @@ OdString OdDbGroup::getName() const {
 std::vector<OdDbObjectId> OdDbGroup::allEntityIds() const {
   std::vector<OdDbObjectId> living;
   std::copy_if(members_.begin(), members_.end(), std::back_inserter(living),
-               [](OdDbObjectId id) { return drawing::db::lives(id); });
+               [](OdDbObjectId id) { return drawing::lives(id); });
   return living;
 }
 
 bool OdDbGroup::has(OdDbObjectId entity) const {
-  return drawing::db::lives(entity) && std::find(members_.begin(), members_.end(), entity) != members_.end();
+  return drawing::lives(entity) && std::find(members_.begin(), members_.end(), entity) != members_.end();
 }
 
 void OdDbGroup::append(OdDbObjectId entity) {
   assertWriteEnabled();
-  OdDbObject* object = drawing::db::peek(entity);
+  OdDbObject* object = drawing::peek(entity);
   if (object == nullptr)
     throw OdError(eNullObjectId);
   if (std::find(members_.begin(), members_.end(), entity) == members_.end())

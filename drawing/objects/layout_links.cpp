@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <unordered_map>
 
-namespace drawing::db {
+namespace drawing {
 
 namespace {
 
@@ -184,4 +184,4 @@ void giveLayout(OdDbDatabase& database, OdDbObjectId block, const OdString& name
   record.setLayoutId(layout->objectId());
 }
 
-} // namespace drawing::db
+} // namespace drawing

@@ -5,7 +5,7 @@
 
 #include <functional>
 
-namespace drawing::db {
+namespace drawing {
 
 struct LayoutFault {
   enum Kind {
@@ -25,4 +25,4 @@ void checkLayouts(OdDbDatabase& database, bool mend, const TellLayoutFault& tell
 // Makes a layout for the block under the next free name like `name`.
 void giveLayout(OdDbDatabase& database, OdDbObjectId block, const OdString& name, int order);
 
-} // namespace drawing::db
+} // namespace drawing

@@ -39,13 +39,13 @@ const drawing::Description& OdDbMaterial::ownDescription() {
 }
 
 OdString OdDbKeptStyle::getName() const {
-  const auto* dictionary = drawing::db::peekAs<OdDbDictionary>(ownerId());
+  const auto* dictionary = drawing::peekAs<OdDbDictionary>(ownerId());
   return dictionary == nullptr ? OdString() : dictionary->nameAt(objectId());
 }
 
 void OdDbKeptStyle::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbObject::visitReferences(visitor);
-  drawing::db::visitGroups(groups_, visitor);
+  drawing::visitGroups(groups_, visitor);
 }
 
 void OdDbKeptStyle::putReal(int code, double value) {

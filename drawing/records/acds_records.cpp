@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <optional>
 
-namespace drawing::db {
+namespace drawing {
 
 namespace {
 
@@ -133,4 +133,4 @@ GroupList livingGroups(const OdDbDatabase& database, const CarriedSection& secti
   return section.madeForRecords && !anyRecord ? GroupList() : living;
 }
 
-} // namespace drawing::db
+} // namespace drawing

@@ -3,7 +3,7 @@
 
 #include "DbDatabase.h"
 
-namespace drawing::db {
+namespace drawing {
 
 // Gives the copy a record of its own when the source has one. The target's section is made when it has none. Records
 // of objects that are gone are not taken out of the section: undo brings objects back.
@@ -13,4 +13,4 @@ void copyBodyRecords(const OdDbObject& source, const OdDbObject& copy);
 // made for records which are all gone.
 GroupList livingGroups(const OdDbDatabase& database, const CarriedSection& section);
 
-} // namespace drawing::db
+} // namespace drawing

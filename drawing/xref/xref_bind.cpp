@@ -12,15 +12,12 @@
 namespace drawing {
 namespace {
 
-using db::peekAs;
-using db::WriteScope;
-
 std::vector<OdDbBlockTableRecord*> xrefsIn(const OdDbDatabase& database) {
   std::vector<OdDbBlockTableRecord*> blocks;
   const auto* table = peekAs<OdDbBlockTable>(database.getBlockTableId());
   for (std::size_t i = 0; table != nullptr && i < table->members().size(); ++i) {
     auto* block = peekAs<OdDbBlockTableRecord>(table->members()[i]);
-    if (db::lives(block) && block->isFromExternalReference())
+    if (lives(block) && block->isFromExternalReference())
       blocks.push_back(block);
   }
   return blocks;
@@ -44,7 +41,7 @@ bool mayBind(const OdDbBlockTableRecord& reference, BoundXref& answer) {
     if (!seen.insert(external).second)
       continue;
     for (const OdDbBlockTableRecord* nested : xrefsIn(*external)) {
-      if (db::leadsTo(external->getModelSpaceId(), nested->objectId()))
+      if (leadsTo(external->getModelSpaceId(), nested->objectId()))
         open.push_back(nested);
     }
   }
@@ -64,7 +61,7 @@ std::vector<OdDbSymbolTableRecord*> heldOf(const OdDbDatabase& database, const O
   const OdString start = reference + L'|';
   for (std::size_t i = 0; table != nullptr && i < table->members().size(); ++i) {
     auto* record = peekAs<OdDbSymbolTableRecord>(table->members()[i]);
-    if (db::lives(record) && record->getName().left(start.getLength()).iCompare(start) == 0)
+    if (lives(record) && record->getName().left(start.getLength()).iCompare(start) == 0)
       held.push_back(record);
   }
   return held;
@@ -80,7 +77,7 @@ void bindRecord(OdDbSymbolTableRecord& record, const OdString& reference) {
   OdString name;
   unsigned n = 0;
   do {
-    name = db::boundSymbolName(reference, own, n++);
+    name = boundSymbolName(reference, own, n++);
   } while (!record.database()->symbol(record.tableKind(), name).isNull());
   const WriteScope scope(record);
   record.setName(name);
@@ -114,13 +111,13 @@ private:
     OdDbIdMapping mapping;
     mapping.setOrigDb(&external);
     mapping.setDestDb(&database_);
-    db::Cloner cloner(external, database_, block.objectId(), mapping, OdDb::kDrcIgnore);
+    Cloner cloner(external, database_, block.objectId(), mapping, OdDb::kDrcIgnore);
     cloner.bindTo(block.getName(), takeOverRecords(block.getName(), external));
     if (const OdResult result = cloner.run(space.drawOrder()); result != eOk)
       return result;
     for (const OdDbObjectId& id : before) {
-      if (db::lives(id))
-        erase(*db::peek(id));
+      if (lives(id))
+        erase(*peek(id));
     }
     replaceDefinitions(block.getName(), external, mapping);
     settle(block, external);
@@ -177,7 +174,7 @@ private:
   // A reference inside the one that was bound; `here` is its copy in the drawing.
   void follow(const OdDbBlockTableRecord& nested, OdDbObjectId here) {
     auto* block = peekAs<OdDbBlockTableRecord>(here);
-    if (!db::lives(block))
+    if (!lives(block))
       return;
     if (OdDbDatabase* external = nested.xrefDatabase()) {
       open_.push_back({block, external});
@@ -185,7 +182,7 @@ private:
     }
     answer_.leftOut.push_back(nested.getName());
     for (const OdDbObjectId& id : block->getBlockReferenceIds())
-      erase(*db::peek(id));
+      erase(*peek(id));
     erase(*block);
   }
 
@@ -199,7 +196,7 @@ private:
 BoundXref bindXref(OdDbDatabase& database, OdDbObjectId id) {
   BoundXref answer;
   auto* block = peekAs<OdDbBlockTableRecord>(id);
-  if (!db::lives(block) || id.database() != &database || !block->isFromExternalReference())
+  if (!lives(block) || id.database() != &database || !block->isFromExternalReference())
     return answer;
   if (mayBind(*block, answer))
     answer.isDone = Binding(database, answer).run(*block) == eOk;
@@ -209,7 +206,7 @@ BoundXref bindXref(OdDbDatabase& database, OdDbObjectId id) {
 DetachedXref detachXref(OdDbDatabase& database, OdDbObjectId id) {
   DetachedXref answer;
   auto* block = peekAs<OdDbBlockTableRecord>(id);
-  if (!db::lives(block) || id.database() != &database || !block->isFromExternalReference()) {
+  if (!lives(block) || id.database() != &database || !block->isFromExternalReference()) {
     answer.result = eInvalidInput;
     return answer;
   }
@@ -221,7 +218,7 @@ DetachedXref detachXref(OdDbDatabase& database, OdDbObjectId id) {
       return answer;
   }
   for (const OdDbObjectId& reference : references)
-    erase(*db::peek(reference));
+    erase(*peek(reference));
   answer.references = references.size();
   OdDbObjectIdArray held;
   for (int kind = 0; kind < OdDb::kSymbolTableCount; ++kind) {
@@ -233,7 +230,7 @@ DetachedXref detachXref(OdDbDatabase& database, OdDbObjectId id) {
   erase(*block);
   database.purge(held);
   for (const OdDbObjectId& unused : held)
-    erase(*db::peek(unused));
+    erase(*peek(unused));
   return answer;
 }
 

@@ -9,12 +9,10 @@
 #include <map>
 #include <tuple>
 
-using drawing::db::peekAs;
+using drawing::peekAs;
 
 namespace drawing {
 namespace {
-
-using db::XrefEntry;
 
 // Device and file where the system knows them, so that two paths of one file are one.
 struct FileKey {
@@ -38,7 +36,7 @@ std::vector<OdDbObjectId> xrefBlocks(const OdDbDatabase& database) {
   const auto* table = peekAs<OdDbBlockTable>(database.getBlockTableId());
   for (std::size_t i = 0; table != nullptr && i < table->members().size(); ++i) {
     const auto* block = peekAs<OdDbBlockTableRecord>(table->members()[i]);
-    if (db::lives(block) && block->isFromExternalReference())
+    if (lives(block) && block->isFromExternalReference())
       blocks.push_back(block->objectId());
   }
   return blocks;

@@ -52,13 +52,13 @@ EarlyNames::EarlyNames(const OdDbDatabase& database) {
 
 void EarlyNames::addTable(const OdDbDatabase& database, OdDb::SymbolTableKind kind) {
   const bool isOwn = database.facts().version < OdDb::kRelease13;
-  const auto& table = *db::peekAs<OdDbSymbolTable>(database.getSymbolTableId(kind));
+  const auto& table = *peekAs<OdDbSymbolTable>(database.getSymbolTableId(kind));
   std::unordered_set<std::string> taken;
   std::vector<Change> wanted;
   for (OdDbObjectId id : table.members().ids()) {
-    if (!db::lives(id))
+    if (!lives(id))
       continue;
-    const std::string name = static_cast<const OdDbSymbolTableRecord*>(db::peek(id))->getName().toUtf8Lossless();
+    const std::string name = static_cast<const OdDbSymbolTableRecord*>(peek(id))->getName().toUtf8Lossless();
     std::string to = kind == OdDb::kBlockTable ? plainBlockName(name) : name;
     if (!isOwn)
       to = allowed(to);
@@ -86,7 +86,7 @@ std::string_view EarlyNames::of(OdDb::SymbolTableKind table, std::string_view na
 void EarlyNames::tell(GroupSink& sink) const {
   for (const Change& change : changes_)
     sink.lost({"dxf.name-not-in-version", Severity::Lost, 0, 2, std::uint64_t{change.record.getHandle()}, "TABLES",
-               db::peek(change.record)->dxfName(), "version R12 cannot hold the name \"" + change.from + "\"",
+               peek(change.record)->dxfName(), "version R12 cannot hold the name \"" + change.from + "\"",
                "it is written as \"" + change.to + "\""});
 }
 

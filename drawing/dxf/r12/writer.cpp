@@ -20,9 +20,6 @@
 
 namespace drawing::dxf {
 
-using db::lives;
-using db::peekAs;
-
 namespace {
 
 constexpr int kUniqueBlock = 32; // a mark of later versions among the flags of dimensions
@@ -136,10 +133,10 @@ void EarlyWriter::table(OdDb::SymbolTableKind kind) {
     const bool isWord = kind == OdDb::kLinetypeTable &&
                         (symbolName(id).iCompare(L"ByLayer") == 0 || symbolName(id).iCompare(L"ByBlock") == 0);
     if (lives(id) && !isWord)
-      records.push_back(db::peek(id));
+      records.push_back(peek(id));
   }
   sink_.utf8(0, "TABLE");
-  sink_.utf8(2, db::tableDxfName(kind));
+  sink_.utf8(2, tableDxfName(kind));
   sink_.integer(70, static_cast<std::int64_t>(records.size()));
   for (const OdDbObject* object : records) {
     GroupList groups;
@@ -162,7 +159,7 @@ void EarlyWriter::blocks() {
 void EarlyWriter::block(const OdDbBlockTableRecord& block) {
   GroupList groups;
   inPaperSpace_ = false;
-  const OdDbObject& begin = *db::peek(block.blockBeginId());
+  const OdDbObject& begin = *peek(block.blockBeginId());
   writeSections(begin, groups);
   const OdString name = standsInEntities(block) ? block.nameInHead_ : block.getName();
   groups.text(2, name);
@@ -178,7 +175,7 @@ void EarlyWriter::block(const OdDbBlockTableRecord& block) {
          "the contents of this one are written as a block");
   if (!standsInEntities(block))
     contents(block);
-  native(*db::peek(block.blockEndId()));
+  native(*peek(block.blockEndId()));
 }
 
 void EarlyWriter::contents(const OdDbBlockTableRecord& block) {
@@ -199,7 +196,7 @@ void EarlyWriter::entities() {
 }
 
 void EarlyWriter::entity(OdDbObjectId id) {
-  const auto& entity = *static_cast<const OdDbEntity*>(db::peek(id));
+  const auto& entity = *static_cast<const OdDbEntity*>(peek(id));
   const bool isCarried = entity.isKindOf(OdDbCarriedEntity::desc()) && database_.facts().version < OdDb::kRelease13;
   if (isEarlyKind(entity.dxfName()) || isCarried)
     return native(entity);
@@ -233,10 +230,10 @@ void EarlyWriter::parts(const OdDbEntity& owner) {
     if (!lives(part))
       continue;
     any = true;
-    native(*db::peek(part));
+    native(*peek(part));
   }
   if (any && lives(sequence.sequenceEndId()))
-    native(*db::peek(sequence.sequenceEndId()));
+    native(*peek(sequence.sequenceEndId()));
 }
 
 namespace {
@@ -334,7 +331,7 @@ void EarlyWriter::tellDictionaries() {
     return; // nothing of that was in the file
   std::map<std::string, std::size_t> kinds;
   for (OdDbObjectId id : database_.allIds()) {
-    const OdDbObject* object = db::peek(id);
+    const OdDbObject* object = peek(id);
     if (lives(object) && !object->isKindOf(OdDbEntity::desc()) && !object->isKindOf(OdDbSymbolTable::desc()) &&
         !object->isKindOf(OdDbSymbolTableRecord::desc()) && !object->isKindOf(OdDbHeader::desc()))
       ++kinds[object->dxfName()];

@@ -10,8 +10,6 @@
 
 namespace drawing {
 
-using db::peekAs;
-
 namespace {
 
 constexpr Measured kNothing[] = {{-1, Measure::Length}};
@@ -93,18 +91,18 @@ ContextData::ContextData(const OdDbEntity& entity) {
     return;
   normal_ = entity.planeNormal();
   for (const OdDbDictionary::Entry& entry : scales->entries()) {
-    if (db::lives(entry.id))
+    if (lives(entry.id))
       objects_.push_back(entry.id);
   }
 }
 
 void ContextData::move(const OdGeMatrix3d& matrix) const {
   for (OdDbObjectId id : objects_) {
-    OdDbObject& object = *db::peek(id);
+    OdDbObject& object = *peek(id);
     const Representation* kind = representationOf(object.dxfName());
     if (kind == nullptr || object.carriedOrNull() == nullptr)
       continue;
-    const db::WriteScope scope(object);
+    const WriteScope scope(object);
     moveRepresentation(object.carried(), *kind, PlaneMap(matrix, normal_), matrix);
   }
 }

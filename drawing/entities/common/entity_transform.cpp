@@ -120,6 +120,6 @@ OdResult OdDbEntity::becomeAnother(const OdGeMatrix3d& matrix) {
     keepCommonGroups(other->carried());
   if (movesWithEntity(other->xDataGroups()))
     transformXData(other->xDataGroupsForWrite(), matrix);
-  drawing::db::Store::of(objectId())->supersede(objectId(), other.get());
+  drawing::Store::of(objectId())->supersede(objectId(), other.get());
   return eOk;
 }

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <memory>
 
-using drawing::db::peekAs;
+using drawing::peekAs;
 
 ODDB_DEFINE_MEMBERS(OdDbSequenceEnd, OdDbEntity, "SEQEND");
 
@@ -52,7 +52,7 @@ OdResult OdDbSequenceOwner::transformParts(const OdGeMatrix3d& matrix) const {
     auto* part = peekAs<OdDbEntity>(id);
     if (part == nullptr || part->isErased())
       continue;
-    const drawing::db::WriteScope scope(*part);
+    const drawing::WriteScope scope(*part);
     if (canFail)
       moved.emplace_back(part, part->makeCopy());
     if (const OdResult result = part->transformBy(matrix); result != eOk) {

@@ -9,8 +9,8 @@
 #include <algorithm>
 
 using drawing::field;
+using drawing::peekAs;
 using drawing::PlaneMap;
-using drawing::db::peekAs;
 
 ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbVertexOwner, OdDbCurve);
 ODDB_DEFINE_MEMBERS(OdDb3dPolyline, OdDbVertexOwner, "POLYLINE");
@@ -159,7 +159,7 @@ OdResult OdDb2dPolyline::subTransformBy(const OdGeMatrix3d& matrix) {
   const double height = elevation();
   origin_.z = map.point(OdGePoint3d(0, 0, height)).z;
   for (OdDb2dVertex* vertex : all) {
-    const drawing::db::WriteScope scope(*vertex);
+    const drawing::WriteScope scope(*vertex);
     vertex->assertWriteEnabled();
     const OdGePoint3d moved = map.point(OdGePoint3d(vertex->position_.x, vertex->position_.y, height));
     // The elevation is the polyline's; some programs write it with the vertices too.

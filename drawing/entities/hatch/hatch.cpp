@@ -36,7 +36,7 @@ void OdDbHatch::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) 
 
 void OdDbHatch::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbEntity::visitReferences(visitor);
-  drawing::db::visitGroups(groups_, visitor);
+  drawing::visitGroups(groups_, visitor);
 }
 
 // Boundary objects that did not come along bound the copy no more, and it follows none of them.

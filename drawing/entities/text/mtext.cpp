@@ -86,7 +86,7 @@ void OdDbMText::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) 
 
 void OdDbMText::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbEntity::visitReferences(visitor);
-  drawing::db::visitGroups(rest_, visitor);
+  drawing::visitGroups(rest_, visitor);
 }
 
 MVDB_SETTER(OdDbMText, setContents, const OdString&, contents_)

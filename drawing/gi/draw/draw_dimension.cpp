@@ -15,9 +15,6 @@
 
 namespace drawing::gi {
 
-using db::lives;
-using db::peekAs;
-
 namespace {
 
 struct DimensionLook {

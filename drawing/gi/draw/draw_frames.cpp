@@ -14,8 +14,6 @@
 
 namespace drawing::gi {
 
-using db::peekAs;
-
 namespace {
 
 // A picture's clip boundary in pixels from the upper left corner on; the frame when there is none.

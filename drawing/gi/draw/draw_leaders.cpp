@@ -18,9 +18,6 @@
 
 namespace drawing::gi {
 
-using db::lives;
-using db::peekAs;
-
 namespace {
 
 struct LeaderLook {

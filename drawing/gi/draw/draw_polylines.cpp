@@ -12,8 +12,6 @@
 
 namespace drawing::gi {
 
-using db::peekAs;
-
 PlanePath planePathOf(const OdDbPolyline& polyline) {
   PlanePath path;
   path.closed = polyline.isClosed();

@@ -15,9 +15,6 @@
 
 namespace drawing::gi {
 
-using db::lives;
-using db::peekAs;
-
 namespace {
 
 const char* reasonNotLoaded(const OdDbBlockTableRecord& block) {

@@ -9,9 +9,6 @@
 
 namespace drawing::gi {
 
-using db::lives;
-using db::peekAs;
-
 namespace {
 
 using Vertex = OdDbMline::Vertex;

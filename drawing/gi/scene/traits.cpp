@@ -10,8 +10,6 @@
 
 namespace drawing::gi {
 
-using db::peekAs;
-
 namespace {
 
 constexpr std::int32_t kKindOfOpacity = 0x7F000000, kOpacityByBlock = 0x01000000, kOpacityGiven = 0x02000000;

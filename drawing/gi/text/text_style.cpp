@@ -9,8 +9,6 @@
 
 namespace drawing::gi {
 
-using db::peekAs;
-
 namespace {
 
 struct Named {
