@@ -5,15 +5,16 @@
 #include "console/drawings/drawing_io.h"
 #include "console/verbs/verb.h"
 
-#include <CLI/CLI.hpp>
-
 #include <cctype>
 #include <charconv>
 #include <cstdio>
 #include <iostream>
+#include <optional>
 
 namespace console {
 namespace {
+
+using VerbList = std::vector<std::unique_ptr<verbs::Verb>>;
 
 constexpr char kVersion[] = "morvane 0.1.0";
 
@@ -97,66 +98,58 @@ Status runSession(Session& session, const Options& options, std::istream* given)
   return typed ? Status::Done : session.status();
 }
 
-void describeOptions(CLI::App& app, Options& options) {
-  app.add_option("drawing", options.drawing, "Drawing to open");
-  auto* commands = app.add_option("-c,--command", options.commands, "Commands to run, as a script would hold them");
-  commands->allow_extra_args(false);
-  app.add_option("-f,--file", options.script, "Script of commands to run")->excludes(commands);
-  app.add_option("--config", options.configFile, "File of settings in place of the user's own");
-  app.add_option("--encoding", options.reading.encoding, "Code page of drawings in place of the one they declare");
-  app.add_option("--max-memory", options.maxMemory, "Memory for reading a drawing, as 500M or 2G");
-  app.add_option("--max-depth", options.reading.budget.depth, "Definitions within definitions that are read (1000)")
-      ->check(CLI::Range(1U, UINT32_MAX));
-  app.add_flag("--no-prompt", options.noPrompt, "Questions are not asked but refused");
-  app.set_version_flag("--version", kVersion);
-  app.require_subcommand(0, 1);
+verbs::OptionTable programTable(Options& options) {
+  verbs::OptionTable table("morvane", "Works on drawings: typed commands, scripts, and one-line jobs.");
+  table.add("drawing", options.drawing, "Drawing to open").withoutVerb();
+  table.add("-c,--command", options.commands, "Commands to run, as a script would hold them");
+  table.add("-f,--file", options.script, "Script of commands to run").excludes("-c");
+  table.add("--config", options.configFile, "File of settings in place of the user's own");
+  table.add("--encoding", options.reading.encoding, "Code page of drawings in place of the one they declare");
+  table.add("--max-memory", options.maxMemory, "Memory for reading a drawing, as 500M or 2G");
+  table.add("--max-depth", options.reading.budget.depth, "Definitions within definitions that are read (1000)")
+      .between(1, UINT32_MAX);
+  table.add("--no-prompt", options.noPrompt, "Questions are not asked but refused");
+  table.setVersion(kVersion);
+  table.setVerbFooter("Also, as in morvane --help: --encoding, --max-memory, --max-depth, --config, --no-prompt");
+  return table;
 }
 
-// A job names its own file; what is left over falls through to the program's own.
-void refuseSecondFile(const CLI::App& app, const Options& options) {
-  if (!app.get_subcommands().empty() && !options.drawing.empty())
-    throw CLI::ExtrasError({options.drawing});
-}
-
-// CLI11 asks for the words in reverse.
-std::vector<std::string> reversed(const std::vector<std::string>& arguments) {
-  return {arguments.rbegin(), arguments.rend()};
+// The exit status when there is nothing to run.
+std::optional<Status> understand(verbs::OptionTable& table, const std::vector<std::string>& arguments, Options& options,
+                                 const VerbList& verbs, const Surroundings& surroundings) {
+  const auto complain = [&](const std::string& text) {
+    surroundings.talk ? surroundings.talk(OdString::fromUtf8(text)) : void(std::fputs(text.c_str(), stderr));
+  };
+  const verbs::ParsedLine line = verbs::parseOptions(table, arguments);
+  if (line.kind == verbs::ParsedLine::Kind::Help) {
+    surroundings.results ? surroundings.results(OdString::fromUtf8(line.text)) : void(std::cout << line.text);
+    return Status::Done;
+  }
+  if (line.kind == verbs::ParsedLine::Kind::Wrong) {
+    complain("morvane: " + line.text + "\n");
+    return Status::Usage;
+  }
+  try {
+    checkReading(options);
+    for (const auto& verb : verbs)
+      verb->check();
+  } catch (const Failure& failure) {
+    complain("morvane: " + failure.message.shown().toUtf8Lossless() + "\n");
+    return failure.status;
+  }
+  return std::nullopt;
 }
 
 } // namespace
 
 int runProgram(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
-  CLI::App app("Works on drawings: typed commands, scripts, and one-line jobs.", "morvane");
   Options options;
-  describeOptions(app, options);
-  const auto verbs = verbs::allVerbs();
+  verbs::OptionTable table = programTable(options);
+  const VerbList verbs = verbs::allVerbs();
   for (const auto& verb : verbs)
-    verb->describe(app);
-  for (CLI::App* verb : app.get_subcommands([](const CLI::App*) { return true; })) {
-    verb->fallthrough();
-    verb->footer("Also, as in morvane --help: --encoding, --max-memory, --max-depth, --config, --no-prompt");
-  }
-  const auto tell = [&](const std::string& text) {
-    surroundings.talk ? surroundings.talk(OdString::fromUtf8(text)) : void(std::fputs(text.c_str(), stderr));
-  };
-  try {
-    app.parse(reversed(arguments));
-    refuseSecondFile(app, options);
-    checkReading(options);
-    for (const auto& verb : verbs)
-      verb->check();
-  } catch (const CLI::Success& success) { // help or version
-    std::ostringstream text;
-    app.exit(success, text, text);
-    surroundings.results ? surroundings.results(OdString::fromUtf8(text.str())) : void(std::cout << text.str());
-    return 0;
-  } catch (const CLI::Error& error) {
-    tell("morvane: " + std::string(error.what()) + "\n");
-    return static_cast<int>(Status::Usage);
-  } catch (const Failure& failure) {
-    tell("morvane: " + failure.message.shown().toUtf8Lossless() + "\n");
-    return static_cast<int>(failure.status);
-  }
+    verb->describe(table);
+  if (const auto status = understand(table, arguments, options, verbs, surroundings))
+    return static_cast<int>(*status);
   SessionOptions settings = sessionOptions(surroundings, options);
   for (const auto& verb : verbs) {
     if (verb->isChosen())

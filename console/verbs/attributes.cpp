@@ -5,8 +5,6 @@
 #include "console/verbs/job.h"
 #include "console/verbs/verb.h"
 
-#include <CLI/CLI.hpp>
-
 namespace console::verbs {
 namespace {
 
@@ -38,17 +36,16 @@ std::string csvOf(const std::vector<AttributeRow>& rows) {
 
 class Attributes : public Verb {
 public:
-  void describe(CLI::App& program) override {
-    verb_ = program.add_subcommand("attributes", "List the attributes of all references, or set them from a table");
-    verb_->add_option("FILE", files_.in, "Drawing to read")->required();
-    CLI::Option* csv = verb_->add_flag("--csv", csv_, "As a table with commas");
-    CLI::Option* json = verb_->add_flag("--json", json_, "As one JSON object");
-    CLI::Option* import = verb_->add_option("--import", import_, "Table with the values to set, as --csv prints it");
-    verb_->add_option("-o,--output", files_.out, "Drawing to write");
-    verb_->add_flag("--force", files_.force, "Replace a file that exists, or one that was repaired");
-    csv->excludes(json)->excludes(import);
+  void describe(OptionTable& program) override {
+    verb_ = &program.addVerb("attributes", "List the attributes of all references, or set them from a table");
+    verb_->add("FILE", files_.in, "Drawing to read").required();
+    verb_->add("--csv", csv_, "As a table with commas").excludes("--json").excludes("--import");
+    verb_->add("--json", json_, "As one JSON object");
+    verb_->add("--import", import_, "Table with the values to set, as --csv prints it");
+    verb_->add("-o,--output", files_.out, "Drawing to write");
+    verb_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
   }
-  bool isChosen() const override { return verb_->parsed(); }
+  bool isChosen() const override { return verb_->isChosen(); }
   void check() override {
     if (isChosen() && import_.empty() != files_.out.empty())
       throw Failure{Status::Usage, {Text::kImportNeedsOutput, {}}};
@@ -97,7 +94,7 @@ private:
       session.note(Status::Repaired);
   }
 
-  CLI::App* verb_ = nullptr;
+  OptionTable* verb_ = nullptr;
   JobFiles files_;
   std::string import_;
   std::vector<AttributeRow> rows_;

@@ -2,8 +2,6 @@
 #include "console/verbs/job.h"
 #include "console/verbs/verb.h"
 
-#include <CLI/CLI.hpp>
-
 namespace console::verbs {
 namespace {
 
@@ -19,15 +17,15 @@ const char* outcomeName(const std::vector<drawing::Issue>& issues) {
 
 class Audit : public Verb {
 public:
-  void describe(CLI::App& program) override {
-    verb_ = program.add_subcommand("audit", "Look for damage in a drawing");
-    verb_->add_option("FILE", files_.in, "Drawing to read")->required();
-    verb_->add_flag("--fix", fix_, "Mend what is found");
-    verb_->add_option("-o,--output", files_.out, "Where the mended drawing is written");
-    verb_->add_flag("--force", files_.force, "Replace a file that exists, or one that was repaired");
-    verb_->add_flag("--json", json_, "Report as one JSON object");
+  void describe(OptionTable& program) override {
+    verb_ = &program.addVerb("audit", "Look for damage in a drawing");
+    verb_->add("FILE", files_.in, "Drawing to read").required();
+    verb_->add("--fix", fix_, "Mend what is found");
+    verb_->add("-o,--output", files_.out, "Where the mended drawing is written");
+    verb_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    verb_->add("--json", json_, "Report as one JSON object");
   }
-  bool isChosen() const override { return verb_->parsed(); }
+  bool isChosen() const override { return verb_->isChosen(); }
   void check() override {
     if (isChosen() && fix_ == files_.out.empty())
       throw Failure{Status::Usage, {Text::kFixNeedsOutput, {}}};
@@ -61,7 +59,7 @@ private:
       session.result(Text::kMoreIssues, {OdString::fromUtf8(files_.in), count(read_.suppressed())});
   }
 
-  CLI::App* verb_ = nullptr;
+  OptionTable* verb_ = nullptr;
   JobFiles files_;
   drawing::Report read_;
   std::vector<drawing::Issue> issues_; // of the reading, then of the audit

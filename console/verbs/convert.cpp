@@ -1,24 +1,22 @@
 #include "console/verbs/job.h"
 #include "console/verbs/verb.h"
 
-#include <CLI/CLI.hpp>
-
 namespace console::verbs {
 namespace {
 
 class Convert : public Verb {
 public:
-  void describe(CLI::App& program) override {
-    verb_ = program.add_subcommand("convert", "Write a drawing in another version");
-    verb_->add_option("FILE", files_.in, "Drawing to read")->required();
-    verb_->add_option("-o,--output", files_.out, "Drawing to write")->required();
-    verb_->add_option("--as", version_, "Version: 12, 2000, 2004, 2007, 2010, 2013 or 2018 (that of FILE)");
-    CLI::Option* binary = verb_->add_flag("--binary", binary_, "Write binary DXF");
-    verb_->add_flag("--text", text_, "Write text DXF (without either: the form of FILE)")->excludes(binary);
-    verb_->add_flag("--force", files_.force, "Replace a file that exists, or one that was repaired");
-    verb_->add_flag("--json", json_, "Report as one JSON object");
+  void describe(OptionTable& program) override {
+    verb_ = &program.addVerb("convert", "Write a drawing in another version");
+    verb_->add("FILE", files_.in, "Drawing to read").required();
+    verb_->add("-o,--output", files_.out, "Drawing to write").required();
+    verb_->add("--as", version_, "Version: 12, 2000, 2004, 2007, 2010, 2013 or 2018 (that of FILE)");
+    verb_->add("--binary", binary_, "Write binary DXF");
+    verb_->add("--text", text_, "Write text DXF (without either: the form of FILE)").excludes("--binary");
+    verb_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    verb_->add("--json", json_, "Report as one JSON object");
   }
-  bool isChosen() const override { return verb_->parsed(); }
+  bool isChosen() const override { return verb_->isChosen(); }
   void check() override {
     files_.version = versionOption(version_);
     files_.form = binary_ ? drawing::WriteOptions::Binary
@@ -30,7 +28,7 @@ public:
   }
 
 private:
-  CLI::App* verb_ = nullptr;
+  OptionTable* verb_ = nullptr;
   JobFiles files_;
   std::string version_;
   bool binary_ = false;

@@ -7,8 +7,6 @@
 
 #include "DbBlockReference.h"
 
-#include <CLI/CLI.hpp>
-
 namespace console::verbs {
 namespace {
 
@@ -84,17 +82,16 @@ std::string dotOf(const std::vector<ReferenceNode>& nodes) {
 
 class Graph : public Verb {
 public:
-  void describe(CLI::App& program) override {
-    verb_ =
-        program.add_subcommand("graph", "Tell which references one leads to, and whether it may be edited in place");
-    verb_->add_option("FILE", files_.in, "Drawing to read")->required();
-    verb_->add_option("--reference", handle_, "Handle of the block reference")->required();
-    CLI::Option* json = verb_->add_flag("--json", json_, "Report as one JSON object");
-    verb_->add_flag("--dot", dot_, "As a graph in the DOT language")->excludes(json);
-    verb_->add_option("--max-nodes", mostNodes_, "Refuse a tree of more references than this (100000)")
-        ->check(CLI::Range(std::uint64_t{1}, std::uint64_t{1'000'000'000}));
+  void describe(OptionTable& program) override {
+    verb_ = &program.addVerb("graph", "Tell which references one leads to, and whether it may be edited in place");
+    verb_->add("FILE", files_.in, "Drawing to read").required();
+    verb_->add("--reference", handle_, "Handle of the block reference").required();
+    verb_->add("--json", json_, "Report as one JSON object");
+    verb_->add("--dot", dot_, "As a graph in the DOT language").excludes("--json");
+    verb_->add("--max-nodes", mostNodes_, "Refuse a tree of more references than this (100000)")
+        .between(1, 1'000'000'000);
   }
-  bool isChosen() const override { return verb_->parsed(); }
+  bool isChosen() const override { return verb_->isChosen(); }
   void check() override {
     if (isChosen() && !parseHandle(handle_))
       refuseUsage(Text::kBadHandle, "--reference", handle_);
@@ -149,7 +146,7 @@ private:
       session.result(text, words);
   }
 
-  CLI::App* verb_ = nullptr;
+  OptionTable* verb_ = nullptr;
   JobFiles files_;
   std::string handle_;
   std::uint64_t mostNodes_ = 100'000;

@@ -12,8 +12,6 @@
 #include "DbBlockTable.h"
 #include "blockcommon/insertion.h"
 
-#include <CLI/CLI.hpp>
-
 #include <fstream>
 #include <numbers>
 
@@ -79,27 +77,25 @@ std::vector<std::string> listedFiles(const std::string& path) {
 
 class Insert : public Verb {
 public:
-  void describe(CLI::App& program) override {
-    verb_ = program.add_subcommand("insert", "Insert a block, or drawing files as blocks");
-    verb_->add_option("FILE", files_.in, "Drawing to read")->required();
-    verb_->add_option("-o,--output", files_.out, "Drawing to write");
-    CLI::App* source = verb_->add_option_group("source", "What to insert");
-    source->add_option("--block", typed_.block, "A block of the drawing");
-    source->add_option("--file", typed_.file, "A drawing file");
-    source->add_option("--file-list", typed_.list, "All drawing files of a list, a path in each line");
-    source->require_option(1);
-    verb_->add_option("--name", typed_.name, "Name of the block that --file makes; else that of the file");
-    verb_->add_option("--on-clash", typed_.onClash, "When a block of that name is there (refuse; lists: rename)")
-        ->check(CLI::IsMember({"refuse", "keep", "replace", "rename"}));
+  void describe(OptionTable& program) override {
+    verb_ = &program.addVerb("insert", "Insert a block, or drawing files as blocks");
+    verb_->add("FILE", files_.in, "Drawing to read").required();
+    verb_->add("-o,--output", files_.out, "Drawing to write");
+    OptionTable& source = verb_->addGroup("source", "What to insert", 1, 1);
+    source.add("--block", typed_.block, "A block of the drawing");
+    source.add("--file", typed_.file, "A drawing file");
+    source.add("--file-list", typed_.list, "All drawing files of a list, a path in each line");
+    verb_->add("--name", typed_.name, "Name of the block that --file makes; else that of the file");
+    verb_->add("--on-clash", typed_.onClash, "When a block of that name is there (refuse; lists: rename)")
+        .oneOf({"refuse", "keep", "replace", "rename"});
     describePlace();
-    verb_->add_option("--attr", typed_.attributes, "TAG=VALUE, or TAG#2=VALUE for the second of that tag")
-        ->allow_extra_args(false);
-    verb_->add_flag("--defaults", answers_.takesDefaults, "Values that are not given are those of the definitions");
-    verb_->add_flag("--dry-run", dry_, "Tell what would happen, and write nothing");
-    verb_->add_flag("--force", files_.force, "Replace a file that exists, or one that was repaired");
-    verb_->add_flag("--json", json_, "Report as one JSON object");
+    verb_->add("--attr", typed_.attributes, "TAG=VALUE, or TAG#2=VALUE for the second of that tag");
+    verb_->add("--defaults", answers_.takesDefaults, "Values that are not given are those of the definitions");
+    verb_->add("--dry-run", dry_, "Tell what would happen, and write nothing");
+    verb_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    verb_->add("--json", json_, "Report as one JSON object");
   }
-  bool isChosen() const override { return verb_->parsed(); }
+  bool isChosen() const override { return verb_->isChosen(); }
   void check() override;
   Status run(const SessionOptions& settings) override {
     Job job{"insert", files_, json_, [this](Session& session, Json& results) { work(session, results); },
@@ -117,14 +113,14 @@ private:
   };
 
   void describePlace() {
-    verb_->add_option("--at", typed_.at, "Insertion point X,Y[,Z] (0,0)");
-    verb_->add_option("--scale", typed_.scale, "S, or SX,SY,SZ (1)");
-    verb_->add_option("--rotate", typed_.rotate, "Degrees about the z axis (0)");
-    verb_->add_option("--rows", placement_.rows, "Rows (1)")->check(CLI::Range(1, 32767));
-    verb_->add_option("--columns", placement_.columns, "Columns (1)")->check(CLI::Range(1, 32767));
-    verb_->add_option("--row-spacing", typed_.rowSpacing, "From row to row (0)");
-    verb_->add_option("--column-spacing", typed_.columnSpacing, "From column to column (0)");
-    verb_->add_option("--grid", typed_.grid, "COLUMNS,DX,DY: where the files of a list go, row by row from --at");
+    verb_->add("--at", typed_.at, "Insertion point X,Y[,Z] (0,0)");
+    verb_->add("--scale", typed_.scale, "S, or SX,SY,SZ (1)");
+    verb_->add("--rotate", typed_.rotate, "Degrees about the z axis (0)");
+    verb_->add("--rows", placement_.rows, "Rows (1)").between(1, 32767);
+    verb_->add("--columns", placement_.columns, "Columns (1)").between(1, 32767);
+    verb_->add("--row-spacing", typed_.rowSpacing, "From row to row (0)");
+    verb_->add("--column-spacing", typed_.columnSpacing, "From column to column (0)");
+    verb_->add("--grid", typed_.grid, "COLUMNS,DX,DY: where the files of a list go, row by row from --at");
   }
 
   void checkPlace();
@@ -136,7 +132,7 @@ private:
   void tell(Session& session) const;
   static Json jsonOf(const Done& done);
 
-  CLI::App* verb_ = nullptr;
+  OptionTable* verb_ = nullptr;
   JobFiles files_;
   Typed typed_;
   Placement placement_;

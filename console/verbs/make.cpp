@@ -8,8 +8,6 @@
 
 #include "DbDictionary.h"
 
-#include <CLI/CLI.hpp>
-
 namespace console::verbs {
 namespace {
 
@@ -46,19 +44,19 @@ Json handleOf(OdDbObjectId id) {
 
 class Make : public Verb {
 public:
-  void describe(CLI::App& program) override {
-    verb_ = program.add_subcommand("make", "Make a block of objects in a drawing");
-    verb_->add_option("FILE", files_.in, "Drawing to read")->required();
-    verb_->add_option("-o,--output", files_.out, "Drawing to write")->required();
-    verb_->add_option("--name", typed_.name, "Name of the block")->required();
-    verb_->add_option("--base", typed_.base, "Base point X,Y[,Z]")->required();
-    verb_->add_option("--ucs", typed_.ucs, "Coordinate system of the block: origin/X axis/Y axis, each X,Y,Z");
+  void describe(OptionTable& program) override {
+    verb_ = &program.addVerb("make", "Make a block of objects in a drawing");
+    verb_->add("FILE", files_.in, "Drawing to read").required();
+    verb_->add("-o,--output", files_.out, "Drawing to write").required();
+    verb_->add("--name", typed_.name, "Name of the block").required();
+    verb_->add("--base", typed_.base, "Base point X,Y[,Z]").required();
+    verb_->add("--ucs", typed_.ucs, "Coordinate system of the block: origin/X axis/Y axis, each X,Y,Z");
     selectors_.describe(*verb_);
     describeOutcome();
-    verb_->add_flag("--force", files_.force, "Replace a file that exists, or one that was repaired");
-    verb_->add_flag("--json", json_, "Report as one JSON object");
+    verb_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    verb_->add("--json", json_, "Report as one JSON object");
   }
-  bool isChosen() const override { return verb_->parsed(); }
+  bool isChosen() const override { return verb_->isChosen(); }
   void check() override;
   Status run(const SessionOptions& settings) override {
     return runJob(settings, {"make", files_, json_, [this](Session& session, Json& results) { make(session, results); },
@@ -67,22 +65,21 @@ public:
 
 private:
   void describeOutcome() {
-    CLI::App* outcome = verb_->add_option_group("objects", "What becomes of the objects");
-    outcome->add_flag("--keep", keep_, "They stay");
-    outcome->add_flag("--convert", convert_, "A reference takes their place (the default)");
-    outcome->add_flag("--delete", delete_, "They are erased");
-    outcome->require_option(0, 1);
-    verb_->add_flag("--redefine", request_.redefine, "Replace the block when it is defined");
-    verb_->add_option("--description", typed_.description, "Description of the block");
-    verb_->add_flag("--annotative", request_.annotative, "The block follows the annotation scale");
-    verb_->add_flag("--match-orientation", request_.matchOrientation, "Its references follow the layout's orientation");
-    verb_->add_flag("--uniform", request_.scalesUniformly, "It is scaled uniformly only");
-    verb_->add_flag("!--no-explode", request_.explodable, "It cannot be exploded");
-    verb_->add_option("--units", typed_.units, "Its units: mm, cm, m, in, ft ... or a code from 0 to 24");
+    OptionTable& outcome = verb_->addGroup("objects", "What becomes of the objects", 0, 1);
+    outcome.add("--keep", keep_, "They stay");
+    outcome.add("--convert", convert_, "A reference takes their place (the default)");
+    outcome.add("--delete", delete_, "They are erased");
+    verb_->add("--redefine", request_.redefine, "Replace the block when it is defined");
+    verb_->add("--description", typed_.description, "Description of the block");
+    verb_->add("--annotative", request_.annotative, "The block follows the annotation scale");
+    verb_->add("--match-orientation", request_.matchOrientation, "Its references follow the layout's orientation");
+    verb_->add("--uniform", request_.scalesUniformly, "It is scaled uniformly only");
+    verb_->add("!--no-explode", request_.explodable, "It cannot be exploded");
+    verb_->add("--units", typed_.units, "Its units: mm, cm, m, in, ft ... or a code from 0 to 24");
   }
   void make(Session& session, Json& results);
 
-  CLI::App* verb_ = nullptr;
+  OptionTable* verb_ = nullptr;
   JobFiles files_;
   Typed typed_;
   BlockRequest request_;

@@ -4,8 +4,6 @@
 
 #include "drawing/picture.h"
 
-#include <CLI/CLI.hpp>
-
 #include <optional>
 
 namespace console::verbs {
@@ -50,21 +48,21 @@ OdString reasonText(const std::string& name) {
 
 class Preview : public Verb {
 public:
-  void describe(CLI::App& program) override {
-    verb_ = program.add_subcommand("preview", "Draw a picture of a drawing or of a block");
-    verb_->add_option("FILE", in_, "Drawing to read")->required();
-    verb_->add_option("-o,--output", out_, "Picture to write: .png or .svg")->required();
-    CLI::Option* block = verb_->add_option("--block", block_, "The definition of this name in place of the space");
-    verb_->add_option("--layout", layout_, "The sheet of this name; Model is model space (what FILE shows)")
-        ->excludes(block);
-    CLI::Option* png = verb_->add_flag("--png", png_, "Write PNG, whatever the name of the picture");
-    verb_->add_flag("--svg", svg_, "Write SVG, whatever the name of the picture")->excludes(png);
-    verb_->add_option("--size", size_, "Pixels, WxH (480x320)");
-    verb_->add_option("--background", background_, "white, black, none or RRGGBB (white)");
-    verb_->add_flag("--force", force_, "Replace a picture that exists");
-    verb_->add_flag("--json", json_, "Report as one JSON object");
+  void describe(OptionTable& program) override {
+    verb_ = &program.addVerb("preview", "Draw a picture of a drawing or of a block");
+    verb_->add("FILE", in_, "Drawing to read").required();
+    verb_->add("-o,--output", out_, "Picture to write: .png or .svg").required();
+    verb_->add("--block", block_, "The definition of this name in place of the space");
+    verb_->add("--layout", layout_, "The sheet of this name; Model is model space (what FILE shows)")
+        .excludes("--block");
+    verb_->add("--png", png_, "Write PNG, whatever the name of the picture");
+    verb_->add("--svg", svg_, "Write SVG, whatever the name of the picture").excludes("--png");
+    verb_->add("--size", size_, "Pixels, WxH (480x320)");
+    verb_->add("--background", background_, "white, black, none or RRGGBB (white)");
+    verb_->add("--force", force_, "Replace a picture that exists");
+    verb_->add("--json", json_, "Report as one JSON object");
   }
-  bool isChosen() const override { return verb_->parsed(); }
+  bool isChosen() const override { return verb_->isChosen(); }
   void check() override {
     if (!isChosen())
       return;
@@ -141,7 +139,7 @@ private:
       session.say(Text::kPictureLimit);
   }
 
-  CLI::App* verb_ = nullptr;
+  OptionTable* verb_ = nullptr;
   std::string in_, out_, block_, layout_, size_, background_;
   bool png_ = false, svg_ = false, force_ = false, json_ = false;
   bool isSvg_ = false;

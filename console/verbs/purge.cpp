@@ -2,8 +2,6 @@
 #include "console/verbs/job.h"
 #include "console/verbs/verb.h"
 
-#include <CLI/CLI.hpp>
-
 namespace console::verbs {
 namespace {
 
@@ -26,19 +24,18 @@ const char* standingName(drawing::PurgePlan::Standing standing) {
 
 class Purge : public Verb {
 public:
-  void describe(CLI::App& program) override {
-    verb_ = program.add_subcommand("purge", "Remove what nothing in a drawing uses");
-    verb_->add_option("FILE", files_.in, "Drawing to read")->required();
-    verb_->add_option("-o,--output", files_.out, "Drawing to write");
-    verb_->add_option("--kind", kinds_, "Only things of this kind: block, layer, \"line type\" ... (all)")
-        ->allow_extra_args(false)
-        ->check(CLI::IsMember(purgeKindNames()));
-    verb_->add_flag("--dry-run", dry_, "Tell what could go, and write nothing");
-    verb_->add_flag("--why", why_, "Tell why the others stay");
-    verb_->add_flag("--force", files_.force, "Replace a file that exists, or one that was repaired");
-    verb_->add_flag("--json", json_, "Report as one JSON object");
+  void describe(OptionTable& program) override {
+    verb_ = &program.addVerb("purge", "Remove what nothing in a drawing uses");
+    verb_->add("FILE", files_.in, "Drawing to read").required();
+    verb_->add("-o,--output", files_.out, "Drawing to write");
+    verb_->add("--kind", kinds_, "Only things of this kind: block, layer, \"line type\" ... (all)")
+        .oneOf(purgeKindNames());
+    verb_->add("--dry-run", dry_, "Tell what could go, and write nothing");
+    verb_->add("--why", why_, "Tell why the others stay");
+    verb_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    verb_->add("--json", json_, "Report as one JSON object");
   }
-  bool isChosen() const override { return verb_->parsed(); }
+  bool isChosen() const override { return verb_->isChosen(); }
   void check() override {
     if (isChosen() && dry_)
       files_.out.clear();
@@ -85,7 +82,7 @@ private:
       session.say(Text::kPurgeCount, {count(purged_.size())});
   }
 
-  CLI::App* verb_ = nullptr;
+  OptionTable* verb_ = nullptr;
   JobFiles files_;
   std::vector<std::string> kinds_;
   std::vector<NamedThing> purged_;

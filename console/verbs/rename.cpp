@@ -2,8 +2,6 @@
 #include "console/verbs/job.h"
 #include "console/verbs/verb.h"
 
-#include <CLI/CLI.hpp>
-
 #include <array>
 
 namespace console::verbs {
@@ -18,16 +16,16 @@ struct Wish {
 
 class Rename : public Verb {
 public:
-  void describe(CLI::App& program) override {
-    verb_ = program.add_subcommand("rename", "Rename blocks, layers and styles of a drawing");
-    verb_->add_option("FILE", files_.in, "Drawing to read")->required();
-    verb_->add_option("-o,--output", files_.out, "Drawing to write")->required();
+  void describe(OptionTable& program) override {
+    verb_ = &program.addVerb("rename", "Rename blocks, layers and styles of a drawing");
+    verb_->add("FILE", files_.in, "Drawing to read").required();
+    verb_->add("-o,--output", files_.out, "Drawing to write").required();
     for (Option& option : options_)
-      verb_->add_option(option.name, option.values, option.help)->allow_extra_args(false);
-    verb_->add_flag("--force", files_.force, "Replace a file that exists, or one that was repaired");
-    verb_->add_flag("--json", json_, "Report as one JSON object");
+      verb_->add(option.name, option.values, option.help);
+    verb_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    verb_->add("--json", json_, "Report as one JSON object");
   }
-  bool isChosen() const override { return verb_->parsed(); }
+  bool isChosen() const override { return verb_->isChosen(); }
   void check() override {
     if (!isChosen())
       return;
@@ -76,7 +74,7 @@ private:
       session.say(Text::kRenamed, {OdString::fromUtf8(renameKindName(wish.kind)), wish.from, wish.to});
   }
 
-  CLI::App* verb_ = nullptr;
+  OptionTable* verb_ = nullptr;
   JobFiles files_;
   std::array<Option, 5> options_ = {{{"--block", OdDb::kBlockTable, "OLD=NEW of a block", {}},
                                      {"--layer", OdDb::kLayerTable, "OLD=NEW of a layer", {}},

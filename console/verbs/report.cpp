@@ -5,8 +5,6 @@
 
 #include "blockcommon/block_report.h"
 
-#include <CLI/CLI.hpp>
-
 namespace console::verbs {
 namespace {
 
@@ -14,21 +12,23 @@ using Json = nlohmann::ordered_json;
 
 class Report : public Verb {
 public:
-  void describe(CLI::App& program) override {
-    verb_ = program.add_subcommand("report", "Tell what a drawing holds: its blocks, how often they are shown");
-    verb_->add_option("FILE", file_, "Drawing to read")->required();
-    auto* json = verb_->add_flag("--json", json_, "As one JSON object");
-    auto* all = verb_->add_flag("--all", all_, "Spaces, anonymous blocks and those of external references as well");
-    verb_->add_flag("--dialog", dialog_, "The named blocks as the JSON list of dialogs")->excludes(json)->excludes(all);
+  void describe(OptionTable& program) override {
+    verb_ = &program.addVerb("report", "Tell what a drawing holds: its blocks, how often they are shown");
+    verb_->add("FILE", file_, "Drawing to read").required();
+    verb_->add("--json", json_, "As one JSON object");
+    verb_->add("--all", all_, "Spaces, anonymous blocks and those of external references as well");
+    verb_->add("--dialog", dialog_, "The named blocks as the JSON list of dialogs")
+        .excludes("--json")
+        .excludes("--all");
   }
-  bool isChosen() const override { return verb_->parsed(); }
+  bool isChosen() const override { return verb_->isChosen(); }
   void check() override {}
   Status run(const SessionOptions& settings) override;
 
 private:
   void printJson(Session& session, const std::optional<report::DrawingReport>& made) const;
 
-  CLI::App* verb_ = nullptr;
+  OptionTable* verb_ = nullptr;
   std::string file_;
   bool json_ = false;
   bool all_ = false;

@@ -3,15 +3,13 @@
 #include "console/messages/number_text.h"
 #include "console/verbs/verb.h"
 
-#include <CLI/CLI.hpp>
-
 namespace console::verbs {
 
-void SelectorOptions::describe(CLI::App& verb) {
-  verb.add_option("--select", select_, "all: every object of model space")->check(CLI::IsMember({"all"}));
-  verb.add_option("--layer", layers_, "Objects on this layer")->allow_extra_args(false);
-  verb.add_option("--type", types_, "Objects of this type, such as LINE")->allow_extra_args(false);
-  verb.add_option("--handle", handles_, "The object with this handle")->allow_extra_args(false);
+void SelectorOptions::describe(OptionTable& verb) {
+  verb.add("--select", select_, "all: every object of model space").oneOf({"all"});
+  verb.add("--layer", layers_, "Objects on this layer");
+  verb.add("--type", types_, "Objects of this type, such as LINE");
+  verb.add("--handle", handles_, "The object with this handle");
 }
 
 void SelectorOptions::check() const {

@@ -2,19 +2,16 @@
 #pragma once
 
 #include "console/prompts/selection.h"
+#include "console/verbs/options.h"
 
 #include <string>
 #include <vector>
-
-namespace CLI {
-class App;
-}
 
 namespace console::verbs {
 
 class SelectorOptions {
 public:
-  void describe(CLI::App& verb);
+  void describe(OptionTable& verb);
   void check() const; // throws the usage Failure for what is no handle
   bool areGiven() const;
   std::vector<Selector> selectors() const;

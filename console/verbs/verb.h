@@ -2,21 +2,18 @@
 #pragma once
 
 #include "console/session/session.h"
+#include "console/verbs/options.h"
 
 #include <functional>
 #include <memory>
 #include <vector>
-
-namespace CLI {
-class App;
-}
 
 namespace console::verbs {
 
 class Verb {
 public:
   virtual ~Verb();
-  virtual void describe(CLI::App& program) = 0;
+  virtual void describe(OptionTable& program) = 0;
   virtual bool isChosen() const = 0;
   virtual void check() = 0; // throws the usage Failure for options that cannot be
   virtual Status run(const SessionOptions& settings) = 0;

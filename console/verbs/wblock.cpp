@@ -6,8 +6,6 @@
 #include "console/verbs/selector_options.h"
 #include "console/verbs/verb.h"
 
-#include <CLI/CLI.hpp>
-
 namespace console::verbs {
 namespace {
 
@@ -15,19 +13,19 @@ using Json = nlohmann::ordered_json;
 
 class Wblock : public Verb {
 public:
-  void describe(CLI::App& program) override {
-    verb_ = program.add_subcommand("wblock", "Write a block, objects or the whole drawing to a file of its own");
-    verb_->add_option("FILE", in_, "Drawing to read")->required();
+  void describe(OptionTable& program) override {
+    verb_ = &program.addVerb("wblock", "Write a block, objects or the whole drawing to a file of its own");
+    verb_->add("FILE", in_, "Drawing to read").required();
     describeSource();
-    verb_->add_option("-o,--output", out_, "File to write; without an ending it gets .dxf");
-    verb_->add_option("--base", base_, "Base point X,Y[,Z] (the block's own; 0,0 for objects; that of FILE)");
-    verb_->add_option("--units", units_, "Its units: mm, cm, m, in, ft ... or a code from 0 to 24 (as they are)");
-    verb_->add_option("--as", version_, "Version: 12, 2000, 2004, 2007, 2010, 2013 or 2018 (that of FILE)");
-    verb_->add_flag("--binary", binary_, "Write binary DXF");
-    verb_->add_flag("--force", force_, "Replace files that exist");
-    verb_->add_flag("--json", json_, "Report as one JSON object");
+    verb_->add("-o,--output", out_, "File to write; without an ending it gets .dxf");
+    verb_->add("--base", base_, "Base point X,Y[,Z] (the block's own; 0,0 for objects; that of FILE)");
+    verb_->add("--units", units_, "Its units: mm, cm, m, in, ft ... or a code from 0 to 24 (as they are)");
+    verb_->add("--as", version_, "Version: 12, 2000, 2004, 2007, 2010, 2013 or 2018 (that of FILE)");
+    verb_->add("--binary", binary_, "Write binary DXF");
+    verb_->add("--force", force_, "Replace files that exist");
+    verb_->add("--json", json_, "Report as one JSON object");
   }
-  bool isChosen() const override { return verb_->parsed(); }
+  bool isChosen() const override { return verb_->isChosen(); }
   void check() override;
   Status run(const SessionOptions& settings) override {
     JobFiles files;
@@ -40,13 +38,12 @@ public:
 
 private:
   void describeSource() {
-    verb_->add_option("--block", block_, "The definition of this name");
+    verb_->add("--block", block_, "The definition of this name");
     selectors_.describe(*verb_);
-    verb_->add_flag("--all", all_, "The whole drawing, less what nothing uses");
-    CLI::Option* every = verb_->add_option("--every-block", folder_,
-                                           "Every definition, each to a file and with a picture in this folder");
-    verb_->add_flag("!--no-anonymous", withAnonymous_, "Leave anonymous definitions out")->needs(every);
-    verb_->add_flag("!--no-previews", withPreviews_, "No pictures")->needs(every);
+    verb_->add("--all", all_, "The whole drawing, less what nothing uses");
+    verb_->add("--every-block", folder_, "Every definition, each to a file and with a picture in this folder");
+    verb_->add("!--no-anonymous", withAnonymous_, "Leave anonymous definitions out").needs("--every-block");
+    verb_->add("!--no-previews", withPreviews_, "No pictures").needs("--every-block");
   }
   bool isLibrary() const { return !folder_.empty(); }
   void checkTarget(Session& session);
@@ -55,7 +52,7 @@ private:
   Json writeOne(Session& session);
   void tell(Session& session) const;
 
-  CLI::App* verb_ = nullptr;
+  OptionTable* verb_ = nullptr;
   std::string in_, out_, block_, folder_, base_, units_, version_;
   SelectorOptions selectors_;
   BlockFileRequest request_;
@@ -69,7 +66,7 @@ void Wblock::check() {
   if (!isChosen())
     return;
   const int sources =
-      (verb_->count("--block") > 0 ? 1 : 0) + (selectors_.areGiven() ? 1 : 0) + (all_ ? 1 : 0) + (isLibrary() ? 1 : 0);
+      (verb_->isGiven("--block") ? 1 : 0) + (selectors_.areGiven() ? 1 : 0) + (all_ ? 1 : 0) + (isLibrary() ? 1 : 0);
   if (sources != 1)
     throw Failure{Status::Usage, {Text::kOneSource, {}}};
   if (isLibrary() ? !out_.empty() || !base_.empty() : out_.empty())
