@@ -10,8 +10,6 @@
 namespace console {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 struct Kind {
   OdDb::SymbolTableKind table;
   const char* name;

@@ -2,9 +2,8 @@
 #pragma once
 
 #include "console/attributes/attribute_answers.h"
+#include "console/messages/json.h"
 #include "console/session/session.h"
-
-#include <nlohmann/json.hpp>
 
 #include <string>
 
@@ -12,8 +11,7 @@ namespace console {
 
 // Tells which definitions the drawing has already and whether their contents are the same, which layers, line types and
 // styles stay as the drawing has them, the factor of units, and the questions. The answer is the same for machines.
-nlohmann::ordered_json previewFile(Session& session, const std::string& path, const OdString& name,
-                                   const AttributeAnswers& answers);
-nlohmann::ordered_json previewBlock(Session& session, const OdString& name, const AttributeAnswers& answers);
+Json previewFile(Session& session, const std::string& path, const OdString& name, const AttributeAnswers& answers);
+Json previewBlock(Session& session, const OdString& name, const AttributeAnswers& answers);
 
 } // namespace console

@@ -15,8 +15,6 @@ namespace console {
 namespace {
 
 namespace fs = std::filesystem;
-using Json = nlohmann::ordered_json;
-
 constexpr char kManifest[] = "manifest.json";
 
 struct Entry {
@@ -103,7 +101,7 @@ private:
     json["objects"] = written.count.objects;
     json["types"] = written.count.types;
     json["definitions"] = written.count.definitions;
-    json["base"] = {written.basePoint.x, written.basePoint.y, written.basePoint.z};
+    json["base"] = Json::array({written.basePoint.x, written.basePoint.y, written.basePoint.z});
     json["units"] = static_cast<int>(written.units);
     json["anonymous"] = block->isAnonymous();
     json["dynamic"] = OdDbDynBlockTableRecord(entry.block).isDynamicBlock();
@@ -123,7 +121,7 @@ private:
     const OdGeExtents3d& extents = picture.report().extents;
     json["extents"] =
         extents.isValidExtents()
-            ? Json({extents.minPoint().x, extents.minPoint().y, extents.maxPoint().x, extents.maxPoint().y})
+            ? Json::array({extents.minPoint().x, extents.minPoint().y, extents.maxPoint().x, extents.maxPoint().y})
             : Json();
   }
 

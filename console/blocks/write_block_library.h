@@ -2,8 +2,7 @@
 #pragma once
 
 #include "console/blocks/write_block_file.h"
-
-#include <nlohmann/json.hpp>
+#include "console/messages/json.h"
 
 #include <string>
 
@@ -20,6 +19,6 @@ struct LibraryRequest {
 // of each file and what was left out: external references, whose contents are another file's. The answer is the
 // manifest. Throws, and no file is changed, when one of the files is an open drawing, or is there already and may not
 // be replaced.
-nlohmann::ordered_json writeLibrary(Session& session, const LibraryRequest& request);
+Json writeLibrary(Session& session, const LibraryRequest& request);
 
 } // namespace console

@@ -3,8 +3,6 @@
 namespace console::report {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 Json textOf(const OdString& text) {
   return text.toUtf8Lossless();
 }
@@ -14,7 +12,7 @@ Json textOrNull(const OdString& text) {
 }
 
 Json pointOf(const OdGePoint3d& point) {
-  return {point.x, point.y, point.z};
+  return Json::array({point.x, point.y, point.z});
 }
 
 template <class T, class Convert>
@@ -133,7 +131,7 @@ Json issuesJson(const std::vector<drawing::Issue>& issues) {
 }
 
 OdString jsonText(const Json& json) {
-  return OdString::fromUtf8(json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
+  return OdString::fromUtf8(json.dump() + "\n");
 }
 
 } // namespace console::report

@@ -8,8 +8,6 @@
 namespace console::verbs {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 std::string flagsText(const AttributeRow& row) {
   std::string text;
   for (const char* flag : row.flags)

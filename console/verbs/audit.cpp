@@ -5,8 +5,6 @@
 namespace console::verbs {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 const char* outcomeName(const std::vector<drawing::Issue>& issues) {
   for (const drawing::Issue& issue : issues) {
     if (issue.severity != drawing::Severity::Note)

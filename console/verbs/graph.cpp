@@ -10,8 +10,6 @@
 namespace console::verbs {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 std::string handleOf(OdDbObjectId id) {
   return id.getHandle().ascii();
 }

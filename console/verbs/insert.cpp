@@ -12,13 +12,12 @@
 #include "DbBlockTable.h"
 #include "blockcommon/insertion.h"
 
+#include <filesystem>
 #include <fstream>
 #include <numbers>
 
 namespace console::verbs {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 struct Typed {
   std::string block, file, list, name, at = "0,0", scale, rotate, grid, onClash;

@@ -9,8 +9,6 @@
 namespace console::verbs {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 std::string utf8(const OdString& text) {
   return text.toUtf8Lossless();
 }

@@ -2,9 +2,8 @@
 #pragma once
 
 #include "console/drawings/drawing_io.h"
+#include "console/messages/json.h"
 #include "console/session/session.h"
-
-#include <nlohmann/json.hpp>
 
 #include <functional>
 #include <string>
@@ -24,7 +23,7 @@ struct Job {
   JobFiles files;
   bool json = false;
   // Runs as one step; adds what a machine wants to know to the results. Empty: nothing is changed.
-  std::function<void(Session&, nlohmann::ordered_json& results)> work;
+  std::function<void(Session&, Json& results)> work;
   std::function<void(Session&)> tell; // what was done, once the drawing is saved; may be empty
   // Takes the report of the reading, whose issues are not listed then; may be empty.
   std::function<void(const drawing::Report&)> readReport = nullptr;

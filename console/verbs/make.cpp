@@ -11,8 +11,6 @@
 namespace console::verbs {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 // What was typed, before it is understood.
 struct Typed {
   std::string name, base, ucs, units, description;

@@ -9,8 +9,6 @@
 namespace console::verbs {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 OdString asText(const std::string& utf8) {
   return OdString::fromUtf8(utf8);
 }
@@ -120,7 +118,7 @@ private:
                  {"notDrawn", Json::array()}};
     const OdGePoint3d &min = report_.extents.minPoint(), &max = report_.extents.maxPoint();
     if (report_.extents.isValidExtents())
-      json["extents"] = {min.x, min.y, max.x, max.y};
+      json["extents"] = Json::array({min.x, min.y, max.x, max.y});
     for (const drawing::NotDrawn& one : report_.notDrawn)
       json["notDrawn"].push_back(
           {{"kind", one.kind}, {"reason", one.reason}, {"count", one.count}, {"handle", one.first.ascii()}});

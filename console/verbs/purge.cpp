@@ -5,14 +5,16 @@
 namespace console::verbs {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 Json jsonOf(const NamedThing& thing) {
   return {{"kind", thing.kind}, {"name", thing.name.toUtf8Lossless()}, {"handle", thing.id.getHandle().ascii()}};
 }
 
 Json jsonOf(const drawing::PurgePlan::Use& use) {
-  Json json = use.by.isNull() ? Json{{"variable", use.variable}} : jsonOf(thingOf(use.by));
+  Json json;
+  if (use.by.isNull())
+    json["variable"] = use.variable;
+  else
+    json = jsonOf(thingOf(use.by));
   json["times"] = use.times;
   return json;
 }

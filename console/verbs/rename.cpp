@@ -7,8 +7,6 @@
 namespace console::verbs {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 struct Wish {
   OdDb::SymbolTableKind kind;
   OdString from, to;

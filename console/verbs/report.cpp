@@ -8,8 +8,6 @@
 namespace console::verbs {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 class Report : public Verb {
 public:
   void describe(OptionTable& program) override {

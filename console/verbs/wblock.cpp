@@ -9,8 +9,6 @@
 namespace console::verbs {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 class Wblock : public Verb {
 public:
   void describe(OptionTable& program) override {
@@ -115,7 +113,7 @@ Json Wblock::writeOne(Session& session) {
           {"objects", written_.count.objects},
           {"types", written_.count.types},
           {"definitions", written_.count.definitions},
-          {"base", {written_.basePoint.x, written_.basePoint.y, written_.basePoint.z}},
+          {"base", Json::array({written_.basePoint.x, written_.basePoint.y, written_.basePoint.z})},
           {"units", static_cast<int>(written_.units)},
           {"dropped", written_.dropped}};
 }
@@ -137,10 +135,10 @@ void Wblock::work(Session& session, Json& results) {
 void Wblock::tell(Session& session) const {
   if (!isLibrary())
     return tellBlockFile(session, written_);
-  for (const Json& one : manifest_["leftOut"])
-    session.say(Text::kLibraryLeftOut, {OdString::fromUtf8(one["block"].get<std::string>()),
-                                        OdString::fromUtf8(one["reason"].get<std::string>())});
-  session.result(Text::kLibraryWritten, {count(manifest_["blocks"].size()), OdString::fromUtf8(folder_)});
+  for (const Json& one : manifest_.at("leftOut").items())
+    session.say(Text::kLibraryLeftOut,
+                {OdString::fromUtf8(one.at("block").text()), OdString::fromUtf8(one.at("reason").text())});
+  session.result(Text::kLibraryWritten, {count(manifest_.at("blocks").size()), OdString::fromUtf8(folder_)});
 }
 
 } // namespace
