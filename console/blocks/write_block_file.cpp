@@ -16,10 +16,6 @@
 namespace console {
 namespace {
 
-OdString asText(const std::string& bytes) {
-  return OdString::fromUtf8(bytes);
-}
-
 // Letters of a dimension that were level in the UCS are level in the file.
 void turnLetters(OdDbEntity& entity, const OdGeMatrix3d& frame) {
   constexpr double kFullTurn = 6.283185307179586;
@@ -124,7 +120,7 @@ private:
   void tellDropped(const OdDbObjectIdArray& all) const {
     result_.dropped = missingByType(all, result_.written);
     for (const auto& [type, number] : result_.dropped)
-      session_.say(Text::kNotMoved, {count(number), asText(type)});
+      session_.say(Text::kNotMoved, {count(number), OdString::fromUtf8(type)});
     session_.note(Status::Repaired);
     if (result_.written.isEmpty())
       refuse(Text::kAllDropped);
@@ -139,13 +135,15 @@ private:
 void checkReadBack(const BlockFileRequest& request, const OdDbDatabase& made, const drawing::ReadResult& read,
                    const BlockFile& result) {
   if (read.database.isNull())
-    throw Failure{Status::SaveFailed, {Text::kNotReadBack, {asText(request.path), asText(read.message)}}};
+    throw Failure{Status::SaveFailed,
+                  {Text::kNotReadBack, {OdString::fromUtf8(request.path), OdString::fromUtf8(read.message)}}};
   const bool holdsAll = result.version >= made.facts().version;
   const DrawingCount given = countOf(made);
   if (read.report.outcome() == drawing::Outcome::Whole && (!holdsAll || result.count == given))
     return;
-  throw Failure{Status::SaveFailed,
-                {Text::kReadBackDiffers, {asText(request.path), count(given.objects), count(result.count.objects)}}};
+  throw Failure{
+      Status::SaveFailed,
+      {Text::kReadBackDiffers, {OdString::fromUtf8(request.path), count(given.objects), count(result.count.objects)}}};
 }
 
 // Of the objects that model space of `made` was made of: those that the file has, whatever its version made of them.
@@ -208,8 +206,8 @@ BlockFile writeBlockFile(Session& session, const BlockFileRequest& request) {
 
 void tellBlockFile(Session& session, const BlockFile& written) {
   session.result(Text::kBlockWritten,
-                 {asText(written.path), count(written.count.objects), count(written.count.definitions),
-                  asText(drawing::versionYear(written.version))});
+                 {OdString::fromUtf8(written.path), count(written.count.objects), count(written.count.definitions),
+                  OdString::fromUtf8(drawing::versionYear(written.version))});
 }
 
 } // namespace console

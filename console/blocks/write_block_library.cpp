@@ -17,7 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 constexpr char kManifest[] = "manifest.json";
 
-struct Entry {
+struct LibraryEntry {
   OdDbObjectId block;
   OdString name;
   std::string file, preview; // within the folder
@@ -33,11 +33,11 @@ public:
 
   Json write() {
     makeFolder();
-    for (const Entry& entry : entries_)
+    for (const LibraryEntry& entry : entries_)
       refuseOpenDrawing(session_, pathOf(entry.file));
     if (!request_.each.mayReplace)
       refuseExisting();
-    for (const Entry& entry : entries_)
+    for (const LibraryEntry& entry : entries_)
       blocks_.push_back(writeOne(entry));
     Json manifest = {{"version", 1}, {"drawing", session_.drawing().path}, {"blocks", blocks_}, {"leftOut", leftOut_}};
     writeBytes(pathOf(kManifest), report::jsonText(manifest).toUtf8(), request_.each.mayReplace);
@@ -83,14 +83,14 @@ private:
         refuse(Text::kFileExists, {OdString::fromUtf8(pathOf(file))});
     };
     check(kManifest);
-    for (const Entry& entry : entries_) {
+    for (const LibraryEntry& entry : entries_) {
       check(entry.file);
       if (request_.withPreviews)
         check(entry.preview);
     }
   }
 
-  Json writeOne(const Entry& entry) {
+  Json writeOne(const LibraryEntry& entry) {
     BlockFileRequest request = request_.each;
     request.source = entry.block;
     request.path = fs::absolute(pathOf(entry.file)).string();
@@ -110,7 +110,7 @@ private:
     return json;
   }
 
-  void drawPreview(const Entry& entry, Json& json) const {
+  void drawPreview(const LibraryEntry& entry, Json& json) const {
     const drawing::Picture picture(entry.block);
     writeBytes(pathOf(entry.preview), picture.png(), request_.each.mayReplace);
     std::size_t notDrawn = 0;
@@ -127,7 +127,7 @@ private:
 
   Session& session_;
   const LibraryRequest& request_;
-  std::vector<Entry> entries_;
+  std::vector<LibraryEntry> entries_;
   Json blocks_ = Json::array(), leftOut_ = Json::array();
 };
 

@@ -14,7 +14,7 @@ OdString nameOf(const mvsi::MvsiApDocument& document) {
   return document.fileName().isEmpty() ? render(Text::kUnsavedName) : document.fileName();
 }
 
-void list(Session& session) {
+void listDocuments(Session& session) {
   std::size_t number = 0;
   for (const mvsi::MvsiApDocumentPtr& document : session.host().documents().all()) {
     OdString marks;
@@ -78,7 +78,7 @@ void docs(CommandContext& context) {
   else if (option == L"Close")
     close(context.session);
   else
-    list(context.session);
+    listDocuments(context.session);
 }
 
 } // namespace console::commands

@@ -5,7 +5,7 @@
 namespace console::commands {
 namespace {
 
-void list(Session& session) {
+void listReferences(Session& session) {
   const auto xrefs = allXrefs(session);
   for (const OdDbBlockTableRecordPtr& xref : xrefs)
     session.result(Text::kXrefLine, {xref->getName(), xref->pathName(), xrefState(xref->xrefStatus())});
@@ -41,7 +41,7 @@ void xref(CommandContext& context) {
   Session& session = context.session;
   const OdString option = askKeyword(session, Text::kKeywordsXref, Text::kPromptXref).value_or(L"?");
   if (option == L"?")
-    return list(session);
+    return listReferences(session);
   if (option == L"Attach" || option == L"Overlay")
     return attach(context, option == L"Overlay");
   const auto xrefs = askXrefs(session);

@@ -40,7 +40,7 @@ bool fileStatus(const std::string& path, drawing::FileStatus& status) {
   return drawing::fileOperations().stat(path, status).ok();
 }
 
-bool isSameFile(const std::string& one, const std::string& other) {
+bool isSameTarget(const std::string& one, const std::string& other) {
   drawing::FileStatus first;
   drawing::FileStatus second;
   return fileStatus(one, first) && fileStatus(other, second) && first.device == second.device &&
@@ -159,7 +159,7 @@ bool isOrdinaryFile(const std::string& path) {
 
 bool isOwnFileRepaired(Session& session, const std::string& path) {
   const OpenDrawing& drawing = session.drawing();
-  return drawing.repaired && !drawing.path.empty() && isSameFile(drawing.path, path);
+  return drawing.repaired && !drawing.path.empty() && isSameTarget(drawing.path, path);
 }
 
 std::string versionToWrite(const OdDbDatabase& database, OdDb::DwgVersion wanted) {

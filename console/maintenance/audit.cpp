@@ -10,7 +10,7 @@ namespace {
 
 using Row = std::array<OdString, 4>;
 
-OdString asText(const std::string& bytes) {
+OdString escapedText(const std::string& bytes) {
   return escaped(OdString::fromUtf8(bytes));
 }
 
@@ -20,7 +20,8 @@ OdString severityText(drawing::Severity severity) {
 }
 
 Row rowOf(const drawing::Issue& issue) {
-  return {severityText(issue.severity), asText(drawing::placeOf(issue)), asText(issue.found), asText(issue.done)};
+  return {severityText(issue.severity), escapedText(drawing::placeOf(issue)), escapedText(issue.found),
+          escapedText(issue.done)};
 }
 
 } // namespace

@@ -11,7 +11,7 @@ namespace {
 
 using drawing::PurgePlan;
 
-OdString nameOf(OdDbObjectId id) {
+OdString purgeName(OdDbObjectId id) {
   const OdDbObjectPtr object = id.safeOpenObject();
   if (const auto* record = dynamic_cast<const OdDbSymbolTableRecord*>(object.get()))
     return record->getName();
@@ -62,7 +62,7 @@ std::vector<NamedThing> thingsToPurge(OdDbDatabase& database, const std::vector<
     if (!kinds.empty() && std::find(kinds.begin(), kinds.end(), kind.name) == kinds.end())
       continue;
     for (OdDbObjectId id : drawing::objectsOfKind(database, kind))
-      things.push_back({kind.name, nameOf(id), id});
+      things.push_back({kind.name, purgeName(id), id});
   }
   return things;
 }
@@ -109,7 +109,7 @@ NamedThing thingOf(OdDbObjectId id) {
   }
   if (object.isNull())
     return {"object", ascii(id.getHandle().ascii()), id};
-  const OdString name = nameOf(id);
+  const OdString name = purgeName(id);
   return {object->dxfName(), name.isEmpty() ? ascii(id.getHandle().ascii()) : name, id};
 }
 

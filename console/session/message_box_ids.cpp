@@ -13,34 +13,34 @@ constexpr int kNumber = 1234567;
 constexpr wchar_t kNumberMark[] = L"1234567";
 constexpr int kTooLongPath = 4095;
 
-struct Entry {
+struct BoxEntry {
   const char* id;
   void (*show)();
 };
 
 constexpr std::array kEntries = {
-    Entry{"box.block-redefine", [] { dlgTips::showBlockRedefineTips(kNameMark, kNumber); }},
-    Entry{"box.block-changed", [] { dlgTips::showBlockRedefineTips(kNameMark, 0); }},
-    Entry{"box.no-objects", [] { dlgTips::showSelectEntityTips(); }},
-    Entry{"box.name-external", [] { dlgTips::showExternalReferenceTips(); }},
-    Entry{"box.name-empty", [] { dlgTips::showBlockNameEmptyTips(); }},
-    Entry{"box.name-too-long", [] { dlgTips::showBlockNameBeyondLenTips(); }},
-    Entry{"box.name-characters", [] { dlgTips::showBlockNameUnLegalTips2(); }},
-    Entry{"box.name-invalid", [] { dlgTips::showBlockNameUnValidTips(); }},
-    Entry{"box.block-attached", [] { dlgTips::showBlockExtRefErrorTips(); }},
-    Entry{"box.base-point-x", [] { dlgTips::showBasePointInValidTips(dlgTips::kCoordX); }},
-    Entry{"box.base-point-y", [] { dlgTips::showBasePointInValidTips(dlgTips::kCoordY); }},
-    Entry{"box.base-point-z", [] { dlgTips::showBasePointInValidTips(dlgTips::kCoordZ); }},
-    Entry{"box.contains-itself", [] { dlgTips::showBlockRefSelfTips(kNameMark); }},
-    Entry{"box.not-modified", [] { dlgTips::showBlockUnModifyTips(kNameMark); }},
-    Entry{"box.locked-layers", [] { dlgTips::showBlockLockLayerTips(kNumber); }},
-    Entry{"box.path-characters", [] { dlgTips::showUnLegalCharInFilePathTips(); }},
-    Entry{"box.path-incomplete", [] { dlgTips::showFilePathErrorTips(); }},
-    Entry{"box.path-folder", [] { dlgTips::showFilePathDirectoryInvalidTips(); }},
-    Entry{"box.path-blank", [] { filePath::isFilePathLegal(L" ", false); }},
-    Entry{"box.path-too-long", [] { filePath::isFilePathLegal(OdString(L'x', kTooLongPath), false); }},
-    Entry{"box.file-in-use", [] { dlgTips::showFileDocUsingTips(kNameMark); }},
-    Entry{"box.file-not-found", [] { dlgTips::showFileNotFindTips(); }},
+    BoxEntry{"box.block-redefine", [] { dlgTips::showBlockRedefineTips(kNameMark, kNumber); }},
+    BoxEntry{"box.block-changed", [] { dlgTips::showBlockRedefineTips(kNameMark, 0); }},
+    BoxEntry{"box.no-objects", [] { dlgTips::showSelectEntityTips(); }},
+    BoxEntry{"box.name-external", [] { dlgTips::showExternalReferenceTips(); }},
+    BoxEntry{"box.name-empty", [] { dlgTips::showBlockNameEmptyTips(); }},
+    BoxEntry{"box.name-too-long", [] { dlgTips::showBlockNameBeyondLenTips(); }},
+    BoxEntry{"box.name-characters", [] { dlgTips::showBlockNameUnLegalTips2(); }},
+    BoxEntry{"box.name-invalid", [] { dlgTips::showBlockNameUnValidTips(); }},
+    BoxEntry{"box.block-attached", [] { dlgTips::showBlockExtRefErrorTips(); }},
+    BoxEntry{"box.base-point-x", [] { dlgTips::showBasePointInValidTips(dlgTips::kCoordX); }},
+    BoxEntry{"box.base-point-y", [] { dlgTips::showBasePointInValidTips(dlgTips::kCoordY); }},
+    BoxEntry{"box.base-point-z", [] { dlgTips::showBasePointInValidTips(dlgTips::kCoordZ); }},
+    BoxEntry{"box.contains-itself", [] { dlgTips::showBlockRefSelfTips(kNameMark); }},
+    BoxEntry{"box.not-modified", [] { dlgTips::showBlockUnModifyTips(kNameMark); }},
+    BoxEntry{"box.locked-layers", [] { dlgTips::showBlockLockLayerTips(kNumber); }},
+    BoxEntry{"box.path-characters", [] { dlgTips::showUnLegalCharInFilePathTips(); }},
+    BoxEntry{"box.path-incomplete", [] { dlgTips::showFilePathErrorTips(); }},
+    BoxEntry{"box.path-folder", [] { dlgTips::showFilePathDirectoryInvalidTips(); }},
+    BoxEntry{"box.path-blank", [] { filePath::isFilePathLegal(L" ", false); }},
+    BoxEntry{"box.path-too-long", [] { filePath::isFilePathLegal(OdString(L'x', kTooLongPath), false); }},
+    BoxEntry{"box.file-in-use", [] { dlgTips::showFileDocUsingTips(kNameMark); }},
+    BoxEntry{"box.file-not-found", [] { dlgTips::showFileNotFindTips(); }},
 };
 
 struct Mark {
@@ -62,7 +62,7 @@ Mark nextMark(const OdString& body, int from) {
 BoxCatalogue::BoxCatalogue(morvane::MessageBoxes& boxes) {
   morvane::MessageBox seen;
   const morvane::MessageBoxes::Reader reader(boxes, seen);
-  for (const Entry& entry : kEntries) {
+  for (const BoxEntry& entry : kEntries) {
     seen = {};
     entry.show();
     Known known{entry.id, seen.caption, {}, {}};

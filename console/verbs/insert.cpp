@@ -19,7 +19,7 @@
 namespace console::verbs {
 namespace {
 
-struct Typed {
+struct TypedInsertion {
   std::string block, file, list, name, at = "0,0", scale, rotate, grid, onClash;
   std::string rowSpacing = "0", columnSpacing = "0";
   std::vector<std::string> attributes;
@@ -133,7 +133,7 @@ private:
 
   OptionTable* verb_ = nullptr;
   JobFiles files_;
-  Typed typed_;
+  TypedInsertion typed_;
   Placement placement_;
   AttributeAnswers answers_;
   OnClash onClash_ = OnClash::Refuse;

@@ -12,7 +12,7 @@ namespace console::verbs {
 namespace {
 
 // What was typed, before it is understood.
-struct Typed {
+struct TypedBlock {
   std::string name, base, ucs, units, description;
 };
 
@@ -36,7 +36,7 @@ private:
   OdDbDatabase& database_;
 };
 
-Json handleOf(OdDbObjectId id) {
+Json handleOrNull(OdDbObjectId id) {
   return id.isNull() ? Json() : Json(id.getHandle().ascii());
 }
 
@@ -79,7 +79,7 @@ private:
 
   OptionTable* verb_ = nullptr;
   JobFiles files_;
-  Typed typed_;
+  TypedBlock typed_;
   BlockRequest request_;
   BlockMade made_;
   std::optional<OdGeMatrix3d> ucs_;
@@ -120,8 +120,8 @@ void Make::make(Session& session, Json& results) {
   const BorrowedUcs ucs(database, ucs_.value_or(OdGeMatrix3d::kIdentity));
   made_ = makeBlock(session, request_);
   results["block"] = request_.name.toUtf8Lossless();
-  results["handle"] = handleOf(made_.block);
-  results["reference"] = handleOf(made_.reference);
+  results["handle"] = handleOrNull(made_.block);
+  results["reference"] = handleOrNull(made_.reference);
   results["objects"] = made_.objects;
   results["locked"] = objects.locked;
   results["cameras"] = objects.cameras;

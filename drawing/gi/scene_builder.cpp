@@ -9,7 +9,7 @@ namespace drawing::gi {
 
 namespace {
 
-constexpr std::size_t kDeepest = 1000;
+constexpr std::size_t kDeepestInset = 1000;
 
 } // namespace
 
@@ -117,7 +117,7 @@ void Walk::draw(OdDbObjectId id, const Place& place) {
   // The first inset is drawn first: it has to lie on top of the stack.
   std::vector<Inset>& insets = canvas.insets();
   for (std::size_t i = insets.size(); i-- > 0;) {
-    if (isOpen(insets[i].block) || insets[i].place.depth > kDeepest)
+    if (isOpen(insets[i].block) || insets[i].place.depth > kDeepestInset)
       tell(*entity, "cycle");
     else
       push(std::move(insets[i]));

@@ -54,8 +54,10 @@ PurgePlan::Standing standingBefore(OdDbObjectId id) {
   return needed ? PurgePlan::Standing::Needed : PurgePlan::Standing::Purgeable;
 }
 
+} // namespace
+
 // What an object refers to, its reactors excepted: they only want to be told of changes.
-class Collector final : public ReferenceVisitor {
+class PurgeCollector final : public ReferenceVisitor {
 public:
   void begin(const OdDbObject& object) {
     ids.clear();
@@ -76,8 +78,6 @@ public:
 private:
   std::unordered_multiset<OdDbObjectId> reactors_;
 };
-
-} // namespace
 
 OdDbObjectIdArray objectsOfKind(const OdDbDatabase& database, const PurgeKind& kind) {
   OdDbObjectIdArray ids;
@@ -273,7 +273,7 @@ private:
   const OdDbObjectIdArray& candidates_;
   PurgePlan& plan_;
   std::vector<std::uint32_t> units_; // by object number: the candidate above, or kOutside
-  Collector collector_;
+  PurgeCollector collector_;
   std::vector<HeldName> names_;
   std::vector<OdDbObjectId> shapeFiles_; // candidates
   std::vector<std::pair<std::uint32_t, std::uint32_t>> edges_;

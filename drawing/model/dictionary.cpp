@@ -57,19 +57,14 @@ void OdDbDictionary::writeGroups(const OdDbObject& object, drawing::GroupSink& s
   }
 }
 
-namespace {
-
-struct FoldHash {
-  std::size_t operator()(const OdString& text) const { return odFoldHash(text); }
-};
-struct FoldEqual {
-  bool operator()(const OdString& a, const OdString& b) const { return a.iCompare(b) == 0; }
-};
-
-} // namespace
-
 // The first place of each name and id.
 struct OdDbDictionary::Index {
+  struct FoldHash {
+    std::size_t operator()(const OdString& text) const { return odFoldHash(text); }
+  };
+  struct FoldEqual {
+    bool operator()(const OdString& a, const OdString& b) const { return a.iCompare(b) == 0; }
+  };
   std::unordered_map<OdString, std::size_t, FoldHash, FoldEqual> byName;
   std::unordered_map<OdDbObjectId, std::size_t> byId;
   void add(const Entry& entry, std::size_t place) {

@@ -146,11 +146,11 @@ void OdResBuf::toGroups(const OdResBuf* chain, GroupList& groups) {
 namespace {
 
 // The run of one application's groups, from its 1001 on.
-struct Run {
+struct ApplicationRun {
   std::size_t first, count;
 };
 
-Run applicationRun(const GroupList& groups, const OdString& application) {
+ApplicationRun applicationRun(const GroupList& groups, const OdString& application) {
   for (std::size_t i = groups.find(1001); i < groups.size(); i = groups.find(1001, i + 1)) {
     if (groups.stringOf(groups[i]).iCompare(application) == 0)
       return {i, groups.find(1001, i + 1) - i};
@@ -164,7 +164,8 @@ OdResBufPtr OdDbObject::xData(const OdString& application) const {
   const GroupList* groups = xDataGroups();
   if (groups == nullptr || groups->empty())
     return nullptr;
-  const Run run = application.isEmpty() ? Run{0, groups->size()} : applicationRun(*groups, application);
+  const ApplicationRun run =
+      application.isEmpty() ? ApplicationRun{0, groups->size()} : applicationRun(*groups, application);
   return OdResBuf::fromGroups(*groups, run.first, run.count);
 }
 
@@ -174,7 +175,7 @@ void OdDbObject::setXData(const OdResBuf* chain) {
   GroupList& groups = xDataGroupsForWrite();
   for (std::size_t i = fresh.find(1001); i < fresh.size();) {
     const std::size_t end = fresh.find(1001, i + 1);
-    const Run old = applicationRun(groups, fresh.stringOf(fresh[i]));
+    const ApplicationRun old = applicationRun(groups, fresh.stringOf(fresh[i]));
     groups.erase(old.first, old.count);
     if (end - i > 1) // a name alone takes the application's data away
       groups.append(fresh, i, end - i);

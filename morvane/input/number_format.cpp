@@ -8,7 +8,7 @@
 namespace morvane {
 namespace {
 
-constexpr double kInchesPerFoot = 12.0;
+constexpr double kInchesInFoot = 12.0;
 // Above this a double holds no fractions any more and its digits no longer fit integer arithmetic.
 constexpr double kLargestWrittenOut = 9.0e15;
 
@@ -49,8 +49,8 @@ std::wstring engineering(double magnitude, int precision) {
   // Rounded as a whole first, so that 11.99999" becomes a foot and never 12.0000".
   const double scale = std::pow(10.0, precision);
   const double rounded = std::round(magnitude * scale) / scale;
-  const double feet = std::floor(rounded / kInchesPerFoot);
-  const double inches = rounded - feet * kInchesPerFoot;
+  const double feet = std::floor(rounded / kInchesInFoot);
+  const double inches = rounded - feet * kInchesInFoot;
   std::wstring text = decimal(inches, precision);
   const bool nothing = text.find_first_of(L"123456789") == std::wstring::npos;
   return withFeet(feet, nothing && feet != 0.0 ? std::wstring() : text);
@@ -75,8 +75,8 @@ std::wstring mixedNumber(double value, int precision) {
 std::wstring architectural(double magnitude, int precision) {
   const double scale = std::ldexp(1.0, precision);
   const double rounded = std::round(magnitude * scale) / scale;
-  const double feet = std::floor(rounded / kInchesPerFoot);
-  return withFeet(feet, mixedNumber(rounded - feet * kInchesPerFoot, precision));
+  const double feet = std::floor(rounded / kInchesInFoot);
+  return withFeet(feet, mixedNumber(rounded - feet * kInchesInFoot, precision));
 }
 
 std::wstring fractional(double magnitude, int precision) {

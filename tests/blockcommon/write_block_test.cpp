@@ -11,7 +11,7 @@ namespace {
 using mvsi::MvsiApDocument;
 
 constexpr wchar_t kQuestion[] = L"\nP:\\100%s.dxf已经存在，是否覆盖？[是(Y)/否(N)] <N>: ";
-constexpr wchar_t kPleaseAnswer[] = L"\n请回答“是”或“否”。";
+constexpr wchar_t kAskedAgain[] = L"\n请回答“是”或“否”。";
 
 class WriteBlock : public tests::HostAndFolder {
 protected:
@@ -56,7 +56,7 @@ TEST_F(WriteBlock, ExtensionDecidesAndIsAddedToBothNames) {
 
 TEST_F(WriteBlock, TargetIsCheckedFromItsNameToTheYes) {
   remember(L"P:\\last.dwg");
-  const OdString asked = kQuestion, again = OdString(kPleaseAnswer) + kQuestion;
+  const OdString asked = kQuestion, again = OdString(kAskedAgain) + kQuestion;
   const struct {
     const wchar_t* name;
     std::vector<OdString> answers;
@@ -106,7 +106,7 @@ TEST_F(WriteBlock, QuestionNeedsSomebodyToAnswer) {
   _blockFileInfo info{false, L"x", L"P:\\100%s.dxf", OdDb::kSaveDwg, OdDb::kRelease2018};
   EXPECT_EQ(blockInfo_FilePath::checkFileNameRight(info), RTCAN);
   EXPECT_FALSE(info.bWrite);
-  EXPECT_EQ(host_.takeOutput(), kPleaseAnswer);
+  EXPECT_EQ(host_.takeOutput(), kAskedAgain);
 }
 
 TEST_F(WriteBlock, FolderOfTheLastFileIsRemembered) {

@@ -44,11 +44,11 @@ bool movesWithEntity(const drawing::GroupList* groups) {
 constexpr const char* kCommonMarker = "AcDbEntity";
 
 // The carried groups behind the marker that all entities have.
-struct Run {
+struct GroupRun {
   std::size_t first = 0, length = 0;
 };
 
-Run commonRun(const drawing::GroupList& groups) {
+GroupRun commonRun(const drawing::GroupList& groups) {
   for (std::size_t i = groups.find(100); i < groups.size(); i = groups.find(100, i + 1)) {
     if (groups.textOf(groups[i]) == kCommonMarker)
       return {i + 1, groups.find(100, i + 1) - i - 1};
@@ -57,9 +57,9 @@ Run commonRun(const drawing::GroupList& groups) {
 }
 
 // A picture of the entity for programs that do not know its kind: its length, and bytes that tell world coordinates.
-Run cachedPicture(const drawing::GroupList* groups) {
+GroupRun cachedPicture(const drawing::GroupList* groups) {
   constexpr int kBytes = 310, kLength = 92, kLongLength = 160;
-  const Run run = groups == nullptr ? Run{} : commonRun(*groups);
+  const GroupRun run = groups == nullptr ? GroupRun{} : commonRun(*groups);
   const std::size_t end = run.first + run.length;
   for (std::size_t i = run.first; i + 1 < end; ++i) {
     const int code = (*groups)[i].code;
@@ -74,7 +74,7 @@ Run cachedPicture(const drawing::GroupList* groups) {
 }
 
 void dropCachedPicture(drawing::GroupList& groups) {
-  const Run common = commonRun(groups), picture = cachedPicture(&groups);
+  const GroupRun common = commonRun(groups), picture = cachedPicture(&groups);
   const bool alone = picture.length == common.length;
   groups.erase(picture.first - (alone ? 1 : 0), picture.length + (alone ? 1 : 0));
 }
@@ -83,7 +83,7 @@ void dropCachedPicture(drawing::GroupList& groups) {
 void keepCommonGroups(drawing::GroupList& groups) {
   if (cachedPicture(&groups).length > 0)
     dropCachedPicture(groups);
-  const Run run = commonRun(groups);
+  const GroupRun run = commonRun(groups);
   drawing::GroupList kept;
   kept.append(groups, 0, groups.find(100));
   if (run.length > 0)

@@ -9,7 +9,7 @@ namespace drawing {
 
 namespace {
 
-constexpr std::int64_t kPolylineLoop = 2, kLine = 1, kEllipse = 3;
+constexpr std::int64_t kPolylineFlag = 2, kLine = 1, kEllipse = 3;
 
 class Reshaper {
 public:
@@ -180,7 +180,7 @@ bool Reshaper::addLoop(const HatchPart& part) {
   }
   const bool closed = integerIn(part, 73, 1) != 0;
   const std::size_t edges = closed ? vertices.size() : vertices.size() - 1;
-  to_.integer(92, from_[part.first].integer & ~kPolylineLoop);
+  to_.integer(92, from_[part.first].integer & ~kPolylineFlag);
   const std::size_t count = to_.size();
   to_.integer(93, static_cast<std::int64_t>(edges));
   std::int64_t made = 0;

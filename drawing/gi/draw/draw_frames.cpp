@@ -17,7 +17,7 @@ namespace drawing::gi {
 namespace {
 
 // A picture's clip boundary in pixels from the upper left corner on; the frame when there is none.
-Path outlineOf(const OdDbPicture& picture) {
+Path pictureFrame(const OdDbPicture& picture) {
   OdGePoint3d origin;
   OdGeVector3d u, v;
   picture.getOrientation(origin, u, v);
@@ -42,12 +42,12 @@ Path outlineOf(const OdDbPicture& picture) {
 } // namespace
 
 void drawImage(const OdDbRasterImage& image, Canvas& canvas) {
-  canvas.stroke(outlineOf(image), true);
+  canvas.stroke(pictureFrame(image), true);
   canvas.leaveOut("picture-file");
 }
 
 void drawWipeout(const OdDbWipeout& wipeout, Canvas& canvas) {
-  canvas.fill({outlineOf(wipeout)}, canvas.looks().background());
+  canvas.fill({pictureFrame(wipeout)}, canvas.looks().background());
 }
 
 void drawUnderlay(const OdDbUnderlayReference&, Canvas& canvas) {

@@ -12,7 +12,7 @@ namespace drawing::gi {
 namespace {
 
 // The parts of a line with where each begins, in heights of a capital.
-struct Line {
+struct TextLine {
   struct Part {
     Shaped shaped;
     double x = 0, y = 0;
@@ -22,8 +22,8 @@ struct Line {
   double width = 0;
 };
 
-void add(const Font& font, Piece piece, Line& line, Canvas& canvas) {
-  Line::Part part{canvas.letters().shape(font, piece.text), line.width, 0, {}};
+void add(const Font& font, Piece piece, TextLine& line, Canvas& canvas) {
+  TextLine::Part part{canvas.letters().shape(font, piece.text), line.width, 0, {}};
   line.width += part.shaped.width;
   if (part.shaped.missing > 0)
     canvas.leaveOut("letters");
@@ -32,10 +32,10 @@ void add(const Font& font, Piece piece, Line& line, Canvas& canvas) {
 }
 
 // Letter under letter, each in the middle of the column.
-void stack(Line& line) {
+void stack(TextLine& line) {
   constexpr double kStep = 1.5;
   double y = -1;
-  for (Line::Part& part : line.parts) {
+  for (TextLine::Part& part : line.parts) {
     part.x = -part.shaped.width / 2;
     part.y = y;
     y -= kStep;
@@ -43,8 +43,8 @@ void stack(Line& line) {
   line.width = 0;
 }
 
-Line shapeLine(const OdDbText& text, const OdString& string, Canvas& canvas) {
-  Line line;
+TextLine shapeLine(const OdDbText& text, const OdString& string, Canvas& canvas) {
+  TextLine line;
   const Font font = fontOfStyle(text.textStyle());
   const bool isVertical = isVerticalStyle(text.textStyle());
   for (Piece& piece : piecesOf(string.visible())) {
@@ -111,7 +111,7 @@ OdGeMatrix3d textToBlock(const OdDbText& text, const Fitting& fitting) {
          OdGeMatrix3d::translation({fitting.x, fitting.y, 0});
 }
 
-void drawBars(const Line::Part& part, const OdGeMatrix3d& toBlock, Canvas& canvas) {
+void drawBars(const TextLine::Part& part, const OdGeMatrix3d& toBlock, Canvas& canvas) {
   const struct {
     bool shows;
     double y;
@@ -137,9 +137,9 @@ bool showsAttribute(const OdDbAttributeBase& attribute, const Canvas& canvas) {
 
 void drawStringAt(const OdDbText& text, const OdString& string, const OdGeMatrix3d& place, Canvas& canvas) {
   canvas.charge(static_cast<std::size_t>(string.getLength()));
-  const Line line = shapeLine(text, string, canvas);
+  const TextLine line = shapeLine(text, string, canvas);
   const OdGeMatrix3d toBlock = place * textToBlock(text, fit(text, line.width));
-  for (const Line::Part& part : line.parts) {
+  for (const TextLine::Part& part : line.parts) {
     canvas.text(part.shaped, toBlock * OdGeMatrix3d::translation({part.x, part.y, 0}), canvas.traits().color);
     drawBars(part, toBlock, canvas);
   }

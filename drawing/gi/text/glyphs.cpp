@@ -12,19 +12,14 @@
 
 namespace drawing::gi {
 
-namespace {
-
-constexpr int kSize = 512; // pixels of the size in which outlines are taken
-constexpr double kFlatness = 1.5;
-constexpr std::size_t kMostKept = 1'000'000; // letters of texts that may come again
-constexpr std::size_t kLongestText = 10'000; // what is behind counts as missing
-constexpr double kUsualCapital = 0.72;       // of the font's size, where a font has no letter H
+// What pango and cairo give, freed as each wants it.
+namespace owned {
 
 template <class T, void (*Free)(T*)>
 struct Freer {
   void operator()(T* object) const { Free(object); }
 };
-void freeObject(void* object) {
+inline void freeObject(void* object) {
   g_object_unref(object);
 }
 template <class T>
@@ -37,8 +32,18 @@ using Description = std::unique_ptr<PangoFontDescription, Freer<PangoFontDescrip
 using Surface = std::unique_ptr<cairo_surface_t, Freer<cairo_surface_t, cairo_surface_destroy>>;
 using Context = std::unique_ptr<cairo_t, Freer<cairo_t, cairo_destroy>>;
 
-Description describe(const Font& font) {
-  Description description(pango_font_description_new());
+} // namespace owned
+
+namespace {
+
+constexpr int kSize = 512; // pixels of the size in which outlines are taken
+constexpr double kFlatness = 1.5;
+constexpr std::size_t kMostKept = 1'000'000; // letters of texts that may come again
+constexpr std::size_t kLongestText = 10'000; // what is behind counts as missing
+constexpr double kUsualCapital = 0.72;       // of the font's size, where a font has no letter H
+
+owned::Description describe(const Font& font) {
+  owned::Description description(pango_font_description_new());
   pango_font_description_set_family(description.get(), font.family.c_str());
   pango_font_description_set_weight(description.get(), font.bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
   pango_font_description_set_style(description.get(), font.italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
@@ -191,8 +196,8 @@ struct Letters::Engine {
   }
 
   void run(const Font& font, const std::string& utf8, double unit, Shaped& shaped) {
-    const Object<PangoLayout> layout(pango_layout_new(context.get()));
-    const Description description = describe(font);
+    const owned::Object<PangoLayout> layout(pango_layout_new(context.get()));
+    const owned::Description description = describe(font);
     pango_layout_set_font_description(layout.get(), description.get());
     pango_layout_set_single_paragraph_mode(layout.get(), TRUE);
     pango_layout_set_text(layout.get(), utf8.data(), static_cast<int>(utf8.size()));
@@ -201,10 +206,10 @@ struct Letters::Engine {
       addRun(*static_cast<const PangoGlyphItem*>(at->data), unit, shaped.width, shaped);
   }
 
-  Object<PangoFontMap> map;
-  Object<PangoContext> context;
-  Surface surface;
-  Context pen;
+  owned::Object<PangoFontMap> map;
+  owned::Object<PangoContext> context;
+  owned::Surface surface;
+  owned::Context pen;
   std::map<FontKey, double> capitals;
   std::map<GlyphKey, Glyph> glyphs;
   std::map<std::pair<GlyphKey, double>, std::shared_ptr<const Outline>> outlines;

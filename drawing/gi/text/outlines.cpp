@@ -19,9 +19,9 @@ int sign(double value) {
   return value > 0 ? 1 : value < 0 ? -1 : 0;
 }
 
-class Reader {
+class OutlineReader {
 public:
-  explicit Reader(const DisplayList& list) : list_(list) {}
+  explicit OutlineReader(const DisplayList& list) : list_(list) {}
 
   Outlines run() {
     for (const Item& item : list_.items)
@@ -106,7 +106,7 @@ private:
 } // namespace
 
 Outlines outlinesOf(const DisplayList& list) {
-  return Reader(list).run();
+  return OutlineReader(list).run();
 }
 
 bool isInside(const Box& box, const OdGePoint2d& point) {

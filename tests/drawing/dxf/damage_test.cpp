@@ -30,11 +30,11 @@ std::string endingIn(const std::string& text, const std::vector<std::string>& en
 std::string drawn(const std::string& entities, const std::string& version = "AC1015") {
   return dxf(section("ENTITIES", entities), version);
 }
-std::string table(const std::string& name, const std::string& records) {
+std::string tableText(const std::string& name, const std::string& records) {
   return tests::table(name, records, name == "BLOCK_RECORD" ? "1" : "2");
 }
 std::string blocks(const std::string& records, const std::string& definitions) {
-  return section("TABLES", table("BLOCK_RECORD", records)) + section("BLOCKS", definitions);
+  return section("TABLES", tableText("BLOCK_RECORD", records)) + section("BLOCKS", definitions);
 }
 
 std::size_t countInModelSpace(const OdDbDatabase& database) {
@@ -85,13 +85,13 @@ TEST(Damage, IsNamedAndMended) {
       {"handle that is none", drawn(line("90|1\n", "XYZ")), "dxf.value-unreadable", 1},
       {"record outside sections", dxf(line("") + section("ENTITIES", line("", "A2"))), "dxf.outside-section", 1},
       {"record outside tables", dxf(section("TABLES", line(""))), "dxf.record-outside-table", 0},
-      {"wrong record in a table", dxf(section("TABLES", table("LAYER", line("")))), "dxf.wrong-record-in-table", 0},
-      {"unknown table", dxf(section("TABLES", table("CHAIRS", ""))), "dxf.unknown-table", 0},
+      {"wrong record in a table", dxf(section("TABLES", tableText("LAYER", line("")))), "dxf.wrong-record-in-table", 0},
+      {"unknown table", dxf(section("TABLES", tableText("CHAIRS", ""))), "dxf.unknown-table", 0},
       {"record outside blocks", dxf(section("BLOCKS", line(""))), "dxf.outside-block", 0},
       {"end of a sequence alone", drawn("0|SEQEND\n5|A1\n8|0\n" + line("", "A2")), "dxf.stray-sequence-end", 1},
       {"stray lines", drawn("rubbish\n" + line("")), "dxf.group-code-expected", 1},
       {"section without end", dxf("0|SECTION\n2|BLOCKS\n" + aLine), "dxf.end-missing", 1},
-      {"table without end", dxf(section("TABLES", "0|TABLE\n2|LAYER\n5|2\n" + table("APPID", "")) + aLine),
+      {"table without end", dxf(section("TABLES", "0|TABLE\n2|LAYER\n5|2\n" + tableText("APPID", "")) + aLine),
        "dxf.end-missing", 1},
       {"block without end",
        dxf(section("BLOCKS", "0|BLOCK\n5|B1\n8|0\n2|a\n70|0\n10|0\n20|0\n" + line("", "A2") + block("B2", "b", "")) +
@@ -132,8 +132,8 @@ TEST(Damage, IsNamedAndMended) {
 TEST(Damage, OddFilesAreReadWhole) {
   const std::string plain = drawn(line("") + line("", "A2"));
   const std::string layers =
-      table("LAYER", "0|LAYER\n5|F1\n100|AcDbSymbolTableRecord\n100|AcDbLayerTableRecord\n2|0\n70|0\n62|3\n");
-  const std::string records = table("BLOCK_RECORD", blockRecord("1F", "*Model_Space") + blockRecord("B1", "door"));
+      tableText("LAYER", "0|LAYER\n5|F1\n100|AcDbSymbolTableRecord\n100|AcDbLayerTableRecord\n2|0\n70|0\n62|3\n");
+  const std::string records = tableText("BLOCK_RECORD", blockRecord("1F", "*Model_Space") + blockRecord("B1", "door"));
   const std::string definitions = section("BLOCKS", block("1F", "*Model_Space") + block("B1", "door", line("", "A9")));
   const std::string entities = section("ENTITIES", line("330|1F\n") + insert("A2", "door"));
   const Oddity cases[] = {
@@ -155,7 +155,7 @@ TEST(Damage, OddFilesAreReadWhole) {
        2},
       {"blocks before tables", dxf(definitions + section("TABLES", layers + records) + entities), "dxf.section-order",
        2},
-      {"table twice", dxf(section("TABLES", layers + table("LAYER", "")) + section("ENTITIES", line(""))),
+      {"table twice", dxf(section("TABLES", layers + tableText("LAYER", "")) + section("ENTITIES", line(""))),
        "dxf.table-repeated", 1},
       {"very long line", drawn(line("1001|ACAD\n1000|" + std::string(3'000'000, 'x') + "\n")), "dxf.long-line", 1},
   };

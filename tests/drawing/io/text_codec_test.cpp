@@ -36,7 +36,7 @@ std::vector<std::string> allPages() {
 }
 
 // "left=right" of each word.
-std::vector<std::pair<std::string, std::string>> pairsOf(const std::string& text) {
+std::vector<std::pair<std::string, std::string>> textPairs(const std::string& text) {
   std::vector<std::pair<std::string, std::string>> pairs;
   std::istringstream words(text);
   for (std::string word; words >> word;)
@@ -45,7 +45,7 @@ std::vector<std::pair<std::string, std::string>> pairsOf(const std::string& text
 }
 
 TEST(TextCodec, KnowsPagesByTheirNames) {
-  for (const auto& [name, page] : pairsOf(
+  for (const auto& [name, page] : textPairs(
            "ANSI_1252=ANSI_1252 ansi_1251=ANSI_1251 windows-1251=ANSI_1251 GBK=ANSI_936 gb2312=ANSI_936 DOS437=dos437 "
            "ISO8859-1=iso8859-1 8859_15=iso8859-15 8859_5=iso8859-5 Mac-Roman=mac-roman ksc5601=ANSI_949 UTF-8=UTF-8 "
            "utf-8=UTF-8 = ANSI_= ANSI_99999999999= klingon=")) {
@@ -99,7 +99,7 @@ TEST(TextCodec, LeavesAsciiWhereItIs) {
 }
 
 TEST(TextCodec, ReadsEscapes) {
-  const auto cases = pairsOf(R"(a\U+4E2Db=a中b \U+00e9\U+00E9=éé \U+D83D\U+DE00!=😀! \U+D83D\U+DC00=🐀 \U+D83D=\U+D83D
+  const auto cases = textPairs(R"(a\U+4E2Db=a中b \U+00e9\U+00E9=éé \U+D83D\U+DE00!=😀! \U+D83D\U+DC00=🐀 \U+D83D=\U+D83D
                              \U+D83Dx\U+DE00=\U+D83Dx\U+DE00 \U+D83D\U+D83D\U+DE00=\U+D83D😀 \U+4E2=\U+4E2 \U+4E2G=\U+4E2G
                              \U+-4E2=\U+-4E2 \u+4E2D=\u+4E2D \\U+4E2D=\中 \U+005CU+4E2D=\U+4E2D \M+1955C=表 \M+100B1=ｱ
                              \M+2B35C=許 \M+3C7D1=한 \M+4D065=한 \M+5D6D0=中 \M+50041=A \M+6D6D0=\M+6D6D0 \M+0D6D0=\M+0D6D0

@@ -229,7 +229,7 @@ const struct {
     {"GADGET", "100|MyGadget\n90|7\n", "", "it is left out"},
 };
 
-OdDbDatabasePtr drawingOf(const std::string& kind, const std::string& groups) {
+OdDbDatabasePtr drawingOfKind(const std::string& kind, const std::string& groups) {
   return readOf(section("ENTITIES", "0|" + kind + "\n5|A1\n100|AcDbEntity\n8|walls\n" + groups), "AC1032");
 }
 
@@ -237,7 +237,7 @@ TEST(R12, DrawsWithWhatTheVersionHas) {
   for (const auto& one : kStandIns) {
     SCOPED_TRACE(one.groups);
     drawing::Report losses;
-    const ReadResult read = throughR12(*drawingOf(one.kind, one.groups), &losses);
+    const ReadResult read = throughR12(*drawingOfKind(one.kind, one.groups), &losses);
     EXPECT_EQ(kindsIn(*read.database), one.becomes);
     EXPECT_TRUE(tells(losses, one.told, 0xA1));
     if (one.becomes[0] != 0) { // the first has the handle, all have the layer
@@ -248,9 +248,9 @@ TEST(R12, DrawsWithWhatTheVersionHas) {
 
 TEST(R12, KeepsTheShapeOfWhatItRedraws) {
   const OdDbDatabasePtr image =
-      drawingOf("IMAGE", "100|AcDbRasterImage\n10|-7\n20|3\n11|0.5\n21|0\n12|0\n22|0.25\n13|40\n23|60\n");
-  for (const OdDbDatabasePtr& database :
-       {drawingOf(kStandIns[0].kind, kStandIns[0].groups), drawingOf(kStandIns[1].kind, kStandIns[1].groups), image}) {
+      drawingOfKind("IMAGE", "100|AcDbRasterImage\n10|-7\n20|3\n11|0.5\n21|0\n12|0\n22|0.25\n13|40\n23|60\n");
+  for (const OdDbDatabasePtr& database : {drawingOfKind(kStandIns[0].kind, kStandIns[0].groups),
+                                          drawingOfKind(kStandIns[1].kind, kStandIns[1].groups), image}) {
     OdGeExtents3d before, after;
     forRead<OdDbBlockTableRecord>(database->getModelSpaceId())->getGeomExtents(before);
     forRead<OdDbBlockTableRecord>(throughR12(*database).database->getModelSpaceId())->getGeomExtents(after);
@@ -279,7 +279,7 @@ TEST(R12, NamesThatItCannotHoldAreChangedEverywhereAndTold) {
 }
 
 TEST(R12, HandlesOfStandInsAreTheirOwn) {
-  const OdDbDatabasePtr database = drawingOf(kStandIns[3].kind, kStandIns[3].groups);
+  const OdDbDatabasePtr database = drawingOfKind(kStandIns[3].kind, kStandIns[3].groups);
   const Written written = writeAs(*database, OdDb::kRelease12);
   const auto seed = written.bytes.find("$HANDSEED\n  5\n") + 14;
   const OdDbHandle first(std::stoull(written.bytes.substr(seed, 16), nullptr, 16));

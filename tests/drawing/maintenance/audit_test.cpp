@@ -43,12 +43,12 @@ struct House {
   OdDbObjectId door, layer, reference, text, nowhere;
 };
 
-struct Case {
+struct AuditCase {
   const char* code;
   std::function<void(House&)> damage;
 };
 
-const Case kCases[] = {
+const AuditCase kAuditCases[] = {
     {"audit.in-no-list", [](House& h) { h.database->addOdDbObject(OdDbText::createObject().get(), h.door); }},
     {"audit.in-no-list", [](House& h) { h.database->addOdDbObject(OdDbAttribute::createObject().get(), h.door); }},
     {"audit.owner-does-not-list", [](House& h) { h.change(h.text, [&](OdDbObject& o) { o.setOwnerId(h.door); }); }},
@@ -101,7 +101,7 @@ std::string issuesOf(const drawing::Report& report) {
 }
 
 TEST(Audit, FindsAndMendsEveryFault) {
-  for (const Case& row : kCases) {
+  for (const AuditCase& row : kAuditCases) {
     SCOPED_TRACE(row.code);
     House house;
     row.damage(house);

@@ -27,7 +27,7 @@ std::string entity(const std::string& kind, const std::string& handle, const std
   return "0|" + kind + "\n5|" + handle + "\n100|AcDbEntity\n8|" + common + own;
 }
 
-OdDbDatabasePtr drawingOf(const Parts& parts) {
+OdDbDatabasePtr drawingOfParts(const Parts& parts) {
   std::string text = section("TABLES", table("LTYPE", parts.linetypes, "5") + table("LAYER", parts.layers, "2") +
                                            table("STYLE", parts.styles, "3") + table("DIMSTYLE", parts.dimStyles, "A") +
                                            table("BLOCK_RECORD", parts.records, "1")) +
@@ -95,7 +95,7 @@ TEST(Purge, EveryKindOfReferenceProtects) {
   };
   for (const Case& row : cases) {
     SCOPED_TRACE(row.what);
-    const OdDbDatabasePtr database = drawingOf(row.parts);
+    const OdDbDatabasePtr database = drawingOfParts(row.parts);
     const PurgePlan plan(*database);
     const OdDbObjectId kept = database->getOdDbObjectId(row.kept);
     EXPECT_EQ(plan.standingOf(kept), PurgePlan::Standing::Used);
@@ -111,7 +111,7 @@ TEST(Purge, GoesThroughChainsAtOnceAndUndoes) {
   parts.records = blockRecord("D1", "inner") + blockRecord("D8", "outer") + blockRecord("D9", "*U1");
   parts.blocks = block("D1", "inner", entity("LINE", "E1", "attic\n", kLine)) +
                  block("D8", "outer", insert("E2", "inner") + insert("E3", "inner")) + block("D9", "*U1");
-  const OdDbDatabasePtr database = drawingOf(parts);
+  const OdDbDatabasePtr database = drawingOfParts(parts);
   OdDbObjectIdArray ids;
   for (const int handle : {0xC1, 0xC2, 0xD1, 0xD8, 0xD9})
     ids.append(database->getOdDbObjectId(handle));
@@ -135,7 +135,7 @@ TEST(Purge, LeavesWhatMustBeThereAndWhatIsExternal) {
   parts.layers = record("LAYER", "AcDbLayerTableRecord", "C2", "plan\x01walls", "62|7\n6|Continuous\n");
   parts.records = blockRecord("D1", "plan");
   parts.blocks = block("D1", "plan", "", "4");
-  const OdDbDatabasePtr database = drawingOf(parts);
+  const OdDbDatabasePtr database = drawingOfParts(parts);
   const PurgePlan plan(*database);
   for (OdDbObjectId id : plan.purgeable())
     ADD_FAILURE() << id.getHandle().ascii();
@@ -151,7 +151,7 @@ TEST(Purge, GroupsLiveByTheirMembers) {
                   "0|DICTIONARY\n5|D\n330|C\n100|AcDbDictionary\n281|1\n3|full\n350|F1\n3|empty\n350|F2\n"
                   "0|GROUP\n5|F1\n330|D\n100|AcDbGroup\n300|\n70|0\n71|1\n340|E1\n"
                   "0|GROUP\n5|F2\n330|D\n100|AcDbGroup\n300|\n70|0\n71|1\n";
-  const OdDbDatabasePtr database = drawingOf(parts);
+  const OdDbDatabasePtr database = drawingOfParts(parts);
   const PurgePlan plan(*database);
   EXPECT_EQ(plan.standingOf(database->getOdDbObjectId(0xF1)), PurgePlan::Standing::Used);
   EXPECT_EQ(plan.standingOf(database->getOdDbObjectId(0xF2)), PurgePlan::Standing::Purgeable);
@@ -164,7 +164,7 @@ TEST(Purge, CountsUsesByHolder) {
   parts.blocks = kDoorBlock + block("D8", "house", insert("E2", "door") + insert("E3", "door")) +
                  block("D9", "unused", insert("E4", "door"));
   parts.entities = insert("E1", "house");
-  const OdDbDatabasePtr database = drawingOf(parts);
+  const OdDbDatabasePtr database = drawingOfParts(parts);
   const auto uses = PurgePlan(*database).usesOf(database->getOdDbObjectId(0xD1));
   ASSERT_EQ(uses.size(), 2u); // not by the block that goes
   EXPECT_EQ(uses[0].by, database->getOdDbObjectId(0xD8));
