@@ -14,7 +14,20 @@
 #include <thread>
 
 namespace fs = std::filesystem;
-using namespace drawing;
+using drawing::FileError;
+using drawing::FileLock;
+using drawing::FileMapping;
+using drawing::FileOpen;
+using drawing::FileAction;
+using drawing::FileHandle;
+using drawing::FileOperations;
+using drawing::FileSink;
+using drawing::FileStatus;
+using drawing::FileWriter;
+using drawing::MappedFile;
+using drawing::ReplaceOptions;
+using drawing::fileOperations;
+using drawing::replaceFile;
 using namespace test_support;
 
 namespace {
