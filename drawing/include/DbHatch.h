@@ -1,50 +1,60 @@
-// Hatches. The boundary and the pattern are kept as files hold them: their order carries the meaning.
+// Hatches. Boundary and pattern are stored as groups of the file, whose order has a meaning.
 #pragma once
 
 #include "DbEntity.h"
 #include "Ge/GeVector3d.h"
 
+// A hatch or a gradient. Boundary coordinates are in the OCS of its normal at its elevation.
 class MVDRAWING_API OdDbHatch : public OdDbEntity {
 public:
   ODDB_DECLARE_MEMBERS(OdDbHatch);
   OdDbHatch() = default;
+
+  // Values as in files; empty, false or 0 when the file does not state them. An associative hatch follows its boundary
+  // objects. The elevation is in drawing units along the normal, the normal in world coordinates ((0, 0, 1) when it is
+  // not stated).
   OdString patternName() const;
   bool isSolidFill() const { return integerOf(70) != 0; }
   bool associative() const { return integerOf(71) != 0; }
   int numLoops() const { return static_cast<int>(integerOf(91)); }
   double elevation() const;
   OdGeVector3d normal() const;
+  // All groups of the hatch in file order.
   const drawing::GroupList& groups() const { return groups_; }
 
+  // World extents of the boundary; eNotApplicable when it has none.
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
+
+  // -- SDK internals. --
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
 
 protected:
-  // The pattern moves along. Where a matrix changes shapes in the plane, arcs become arcs of ellipses and a bent
-  // polyline a loop of edges; only a gradient refuses, it knows no unequal scale.
+  // Moves boundary and pattern. Under a matrix that changes shapes in the plane, arcs become elliptic arcs and a
+  // polyline with arcs becomes a loop of edges; a gradient refuses it (eCannotTransform), as it has a single scale.
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
   static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
-  std::int64_t integerOf(int code) const; // the first under that code
-  void setNormal(const OdGeVector3d& normal);
-  virtual bool onlyPolylines() const { return false; } // the loops
+  std::int64_t integerOf(int code) const;     // value of the first group of that code, else 0
+  void setNormal(const OdGeVector3d& normal); // replaces the groups 210, 220 and 230 or inserts them
+  virtual bool onlyPolylines() const { return false; } // whether every loop is a polyline
 
-  drawing::GroupList groups_; // all of the section
+  drawing::GroupList groups_; // all groups of the subclass
 };
 using OdDbHatchPtr = OdSmartPtr<OdDbHatch>;
 
-// A boundary of polylines that is drawn itself, and filled.
+// A boundary of polylines that is drawn, and filled by a pattern.
 class MVDRAWING_API OdDbMPolygon : public OdDbHatch {
 public:
   ODDB_DECLARE_MEMBERS(OdDbMPolygon);
   OdDbMPolygon() = default;
-  bool isSolidFill() const { return integerOf(71) != 0; } // other codes than a hatch's
+  // Files use other groups for these than in a hatch.
+  bool isSolidFill() const { return integerOf(71) != 0; }
   bool associative() const { return false; }
 
 protected:
-  // Takes matrices that keep shapes in its plane: bent loops have no edges to become.
+  // Accepts matrices that keep shapes in its plane: its loops cannot become edges.
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
   bool onlyPolylines() const override { return true; }
 };

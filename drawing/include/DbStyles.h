@@ -1,33 +1,42 @@
-// Styles that live in dictionaries of the drawing, under their names there.
+// Styles that are entries of dictionaries of the drawing, under their names there. Setters throw
+// OdError(eNotOpenForWrite) for a resident style that is not open for write, and store the value unchecked.
 #pragma once
 
 #include "DbEntity.h"
 
 #include <vector>
 
-// What they share whose section is kept as files hold it.
+// Base of styles that are stored as groups of the file. Values that the file does not state are read as 0, empty text or
+// null unless stated otherwise.
 class MVDRAWING_API OdDbKeptStyle : public OdDbObject {
 public:
   ODRX_DECLARE_MEMBERS(OdDbKeptStyle);
-  OdString getName() const; // in its dictionary; empty when it is in none
+  // Key of the entry in its dictionary; empty when it is in none.
+  OdString getName() const;
+  // All groups of the style in file order.
   const drawing::GroupList& groups() const { return groups_; }
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
 
 protected:
   OdDbKeptStyle() = default;
+  // Replace the first group of that code, or append one.
   void putReal(int code, double value);
   void putReference(int code, OdDbObjectId value);
 
-  drawing::GroupList groups_; // all of the section
+  drawing::GroupList groups_; // all groups of the subclass
 };
 
-// Of leaders with branches. Lengths are those of a scale of 1.
+// Style of multileaders. Lengths are drawing units at scale 1.
 class MVDRAWING_API OdDbMLeaderStyle : public OdDbKeptStyle {
 public:
   ODDB_DECLARE_MEMBERS(OdDbMLeaderStyle);
   OdDbMLeaderStyle() = default;
+
+  // Description for people, and the kind of content as OdDbMLeader::ContentType (text when it is not stated).
   OdString getDescription() const;
-  std::int16_t contentType() const; // as OdDbMLeader::ContentType
+  std::int16_t contentType() const;
+
+  // Overall scale (1 when it is not stated), and sizes before it is applied.
   double scale() const;
   void setScale(double value);
   double textHeight() const;
@@ -36,64 +45,77 @@ public:
   void setArrowSize(double value);
   double landingGap() const;
   double doglegLength() const;
-  OdDbObjectId textStyleId() const; // null when it has none
+
+  // Text style, linetype of the leader lines, arrowhead block (null: the closed filled arrow), block of block contents,
+  // and text that new multileaders start with.
+  OdDbObjectId textStyleId() const;
   void setTextStyleId(OdDbObjectId value);
   OdDbObjectId leaderLineTypeId() const;
-  OdDbObjectId arrowSymbolId() const; // a block; null: the usual arrow
-  OdDbObjectId blockId() const;       // of block contents
+  OdDbObjectId arrowSymbolId() const;
+  OdDbObjectId blockId() const;
   OdString defaultMText() const;
 };
 using OdDbMLeaderStylePtr = OdSmartPtr<OdDbMLeaderStyle>;
 
-// Of tables.
+// Style of tables. Margins and heights are drawing units.
 class MVDRAWING_API OdDbTableStyle : public OdDbKeptStyle {
 public:
   ODDB_DECLARE_MEMBERS(OdDbTableStyle);
   OdDbTableStyle() = default;
-  enum RowType : unsigned { kDataRow, kTitleRow, kHeaderRow }; // in the order of files
+  // Kinds of rows, in the order in which files describe them.
+  enum RowType : unsigned { kDataRow, kTitleRow, kHeaderRow };
+
+  // Properties of the whole table. A table that flows up has its title at the bottom.
   OdString getDescription() const;
   bool isFlowUp() const;
   double horzCellMargin() const;
   double vertCellMargin() const;
   bool isTitleSuppressed() const;
   bool isHeaderSuppressed() const;
-  double textHeight(RowType row) const; // 0 when the style tells none
+  // Text height, and text style by name, of the cells of such rows; 0 and empty when the style does not state them.
+  double textHeight(RowType row) const;
   OdString textStyleName(RowType row) const;
 };
 using OdDbTableStylePtr = OdSmartPtr<OdDbTableStyle>;
 
-// How solids and surfaces are shown.
+// Visual style: the way in which solids and surfaces are displayed.
 class MVDRAWING_API OdDbVisualStyle : public OdDbKeptStyle {
 public:
   ODDB_DECLARE_MEMBERS(OdDbVisualStyle);
   OdDbVisualStyle() = default;
+  // Values as in files: description (group 2), type (group 70), and whether people should not choose it (group 291).
   OdString getDescription() const;
   std::int16_t type() const;
   bool isInternalUseOnly() const;
 };
 using OdDbVisualStylePtr = OdSmartPtr<OdDbVisualStyle>;
 
-// Of multiple lines: their strokes, from the one farthest to the left on.
+// Style of multilines: their parallel lines in order of the file, usually from the largest offset to the smallest.
 class MVDRAWING_API OdDbMlineStyle : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbMlineStyle);
   OdDbMlineStyle() = default;
+  // One of the parallel lines.
   struct Element {
-    double offset = 0; // to the left of the line
+    double offset = 0; // drawing units at scale 1, positive to the left of the direction of the multiline
     OdCmColor color;
     OdDbObjectId linetype; // null: by layer
   };
+  // Name as stored in the style (the key of its dictionary entry counts), and description for people.
   const OdString& name() const { return name_; }
   const OdString& getDescription() const { return description_; }
   void setDescription(const OdString& value);
+
+  // Flags (group 70): filled between the outer lines, mitres drawn at vertices, kinds of caps at both ends.
   bool filled() const { return (flags_ & 1) != 0; }
   bool showsMiters() const { return (flags_ & 2) != 0; }
   bool startSquareCap() const { return (flags_ & 16) != 0; }
   bool startRoundCap() const { return (flags_ & 64) != 0; }
   bool endSquareCap() const { return (flags_ & 256) != 0; }
   bool endRoundCap() const { return (flags_ & 1024) != 0; }
+  // Colour of the filling, angles of the caps against the multiline in radians, and the parallel lines.
   OdCmColor fillColor() const { return {fillColor_, fillTrueColor_}; }
-  double startAngle() const { return startAngle_; } // of the caps, radians
+  double startAngle() const { return startAngle_; }
   double endAngle() const { return endAngle_; }
   const std::vector<Element>& elements() const { return elements_; }
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
@@ -110,11 +132,12 @@ private:
 };
 using OdDbMlineStylePtr = OdSmartPtr<OdDbMlineStyle>;
 
-// Of surfaces. How it reflects, and its pictures, are carried.
+// Material of surfaces. Reflection and textures are preserved as groups of the file.
 class MVDRAWING_API OdDbMaterial : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbMaterial);
   OdDbMaterial() = default;
+  // Name as stored in the material (the key of its dictionary entry counts), and description for people.
   const OdString& name() const { return name_; }
   const OdString& getDescription() const { return description_; }
   void setDescription(const OdString& value);
