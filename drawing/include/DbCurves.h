@@ -1,10 +1,11 @@
-// Lines, circles and their kin. All points and vectors that these functions take and answer are world coordinates.
+// Lines, points, circles, arcs, ellipses, rays and construction lines. All points and vectors are world coordinates,
+// lengths drawing units, angles radians. Setters store the value unchecked unless stated otherwise.
 #pragma once
 
 #include "DbEntity.h"
 #include "Ge/GeVector3d.h"
 
-// The root of everything that is a line, straight or bent.
+// Base class of curves.
 class MVDRAWING_API OdDbCurve : public OdDbEntity {
 public:
   ODRX_DECLARE_MEMBERS(OdDbCurve);
@@ -14,15 +15,17 @@ protected:
 };
 using OdDbCurvePtr = OdSmartPtr<OdDbCurve>;
 
+// A line segment. Accepts every invertible matrix.
 class MVDRAWING_API OdDbLine : public OdDbCurve {
 public:
   ODDB_DECLARE_MEMBERS(OdDbLine);
   OdDbLine() = default;
+  // End points, and extrusion by the thickness (negative: against the normal) along the normal (unit length).
   OdGePoint3d startPoint() const { return start_; }
   OdGePoint3d endPoint() const { return end_; }
   void setStartPoint(const OdGePoint3d& point);
   void setEndPoint(const OdGePoint3d& point);
-  OdGeVector3d normal() const { return normal_; } // the direction of the thickness
+  OdGeVector3d normal() const { return normal_; }
   void setNormal(const OdGeVector3d& value);
   double thickness() const { return thickness_; }
   void setThickness(double value);
@@ -40,17 +43,19 @@ private:
 };
 using OdDbLinePtr = OdSmartPtr<OdDbLine>;
 
+// A point; PDMODE decides its symbol. Accepts every invertible matrix.
 class MVDRAWING_API OdDbPoint : public OdDbEntity {
 public:
   ODDB_DECLARE_MEMBERS(OdDbPoint);
   OdDbPoint() = default;
+  // Position, and extrusion by the thickness (negative: against the normal) along the normal (unit length).
   OdGePoint3d position() const { return position_; }
   void setPosition(const OdGePoint3d& value);
-  OdGeVector3d normal() const { return normal_; } // the direction of the thickness
+  OdGeVector3d normal() const { return normal_; }
   void setNormal(const OdGeVector3d& value);
   double thickness() const { return thickness_; }
   void setThickness(double value);
-  // Where the x axis of the point's sign stands in the plane of the normal; counted clockwise, as files have it.
+  // Angle of the x axis of the point symbol in the plane of the normal, clockwise as in files (group 50).
   double ecsRotation() const { return ecsRotation_; }
   void setEcsRotation(double value);
 
@@ -67,35 +72,38 @@ private:
 };
 using OdDbPointPtr = OdSmartPtr<OdDbPoint>;
 
-// What circles and arcs share. A matrix that leaves circles in their plane circles moves them; under any other one an
-// entity of a drawing becomes an ellipse (see OdDbEntity::transformBy), unless it has a thickness: nothing that files
-// know has an elliptic outline and a thickness.
+// Common base of circles and arcs. They accept matrices that scale their plane uniformly; under any other matrix a
+// resident entity without thickness becomes an ellipse (see OdDbEntity::transformBy), and one with thickness is
+// refused, as no entity has an elliptic outline and a thickness.
 class MVDRAWING_API OdDbRoundCurve : public OdDbCurve {
 public:
   ODRX_DECLARE_MEMBERS(OdDbRoundCurve);
+  // Centre, normal of the plane (unit length), radius, and extrusion along the normal. Setting the normal keeps the OCS
+  // coordinates of the centre, so it moves the centre in the world; set the centre afterwards.
   OdGePoint3d center() const;
   void setCenter(const OdGePoint3d& point);
   OdGeVector3d normal() const { return normal_; }
-  void setNormal(const OdGeVector3d& value); // the centre keeps its numbers in the plane's own frame
+  void setNormal(const OdGeVector3d& value);
   double radius() const { return radius_; }
   void setRadius(double value);
   double thickness() const { return thickness_; }
   void setThickness(double value);
-  // The point that lies there, against the x axis of the plane's frame.
+  // Point of the circle at an angle against the OCS x axis, counter-clockwise as seen against the normal.
   OdGePoint3d pointAt(double angleRad) const;
 
 protected:
   OdDbRoundCurve() = default;
   static const drawing::Section& circleSection();
-  // The ellipse from the angle `startRad` to `endRad`; null when there is none.
+  // The transformed ellipse from `startRad` to `endRad`; null if there is none.
   OdDbEntityPtr asEllipse(const OdGeMatrix3d& matrix, double startRad, double endRad) const;
 
-  OdGePoint3d center_; // in the plane's frame
+  OdGePoint3d center_; // OCS
   OdGeVector3d normal_{0, 0, 1};
   double radius_ = 0;
   double thickness_ = 0;
 };
 
+// A circle.
 class MVDRAWING_API OdDbCircle : public OdDbRoundCurve {
 public:
   ODDB_DECLARE_MEMBERS(OdDbCircle);
@@ -108,13 +116,14 @@ protected:
 };
 using OdDbCirclePtr = OdSmartPtr<OdDbCircle>;
 
-// Runs counter-clockwise, as seen against the normal, from the start angle to the end angle; all the way round when
-// they are the same.
+// An arc, counter-clockwise as seen against the normal from the start angle to the end angle; a full circle if they are
+// equal.
 class MVDRAWING_API OdDbArc : public OdDbRoundCurve {
 public:
   ODDB_DECLARE_MEMBERS(OdDbArc);
   OdDbArc() = default;
-  double startAngle() const { return startAngle_; } // radians
+  // Angles against the OCS x axis, and the points there.
+  double startAngle() const { return startAngle_; }
   double endAngle() const { return endAngle_; }
   void setStartAngle(double value);
   void setEndAngle(double value);
@@ -132,24 +141,29 @@ private:
 };
 using OdDbArcPtr = OdSmartPtr<OdDbArc>;
 
-// center + cos(t) majorAxis + sin(t) minorAxis, for t from the start to the end parameter. Takes every matrix.
+// center + cos(t) majorAxis + sin(t) minorAxis, for t from the start to the end parameter. Accepts every invertible
+// matrix.
 class MVDRAWING_API OdDbEllipse : public OdDbCurve {
 public:
   ODDB_DECLARE_MEMBERS(OdDbEllipse);
   OdDbEllipse() = default;
+  // Centre, axes from there to the outline, unit normal, length of the minor axis divided by that of the major axis,
+  // and range of the parameter in radians. The minor axis follows from the others.
   OdGePoint3d center() const { return center_; }
   void setCenter(const OdGePoint3d& value);
   OdGeVector3d majorAxis() const { return majorAxis_; }
   OdGeVector3d minorAxis() const;
   OdGeVector3d normal() const { return normal_; }
-  double radiusRatio() const { return ratio_; } // minor against major
+  double radiusRatio() const { return ratio_; }
   double startParam() const { return startParam_; }
   double endParam() const { return endParam_; }
   void setStartParam(double value);
   void setEndParam(double value);
-  // Parameters in radians. eInvalidInput unless the axis has a length and stands square to the normal.
+  // Sets everything; the normal is normalised. Returns eInvalidInput, and changes nothing, if the major axis has no
+  // length or is not perpendicular to the normal, or the ratio is 0.
   OdResult set(const OdGePoint3d& center, const OdGeVector3d& normal, const OdGeVector3d& majorAxis, double radiusRatio,
                double startParam = 0, double endParam = 6.283185307179586);
+  // Point of the ellipse at a parameter, which may be outside the range.
   OdGePoint3d pointAt(double param) const;
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
@@ -168,14 +182,15 @@ private:
 };
 using OdDbEllipsePtr = OdSmartPtr<OdDbEllipse>;
 
-// Lines without an end (rays) and without a beginning. They have no extents.
+// Common base of rays and construction lines. They accept every invertible matrix and have no extents.
 class MVDRAWING_API OdDbUnboundedLine : public OdDbCurve {
 public:
   ODRX_DECLARE_MEMBERS(OdDbUnboundedLine);
+  // A point of the line (of a ray, its start), and the direction, which setUnitDir normalises.
   OdGePoint3d basePoint() const { return base_; }
   void setBasePoint(const OdGePoint3d& value);
   OdGeVector3d unitDir() const { return direction_; }
-  void setUnitDir(const OdGeVector3d& direction); // made a unit vector
+  void setUnitDir(const OdGeVector3d& direction);
 
 protected:
   OdDbUnboundedLine() = default;
@@ -187,6 +202,7 @@ private:
   OdGeVector3d direction_{1, 0, 0};
 };
 
+// A ray: infinite in one direction.
 class MVDRAWING_API OdDbRay : public OdDbUnboundedLine {
 public:
   ODDB_DECLARE_MEMBERS(OdDbRay);
@@ -194,6 +210,7 @@ public:
 };
 using OdDbRayPtr = OdSmartPtr<OdDbRay>;
 
+// A construction line: infinite in both directions.
 class MVDRAWING_API OdDbXline : public OdDbUnboundedLine {
 public:
   ODDB_DECLARE_MEMBERS(OdDbXline);

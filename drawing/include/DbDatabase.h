@@ -25,43 +25,48 @@ using OdDbDatabasePtr = OdSmartPtr<OdDbDatabase>;
 namespace drawing {
 class XrefTable;
 
-// What a file says of itself, kept so that it can be written again as it was.
+// Properties of the file that the drawing was read from, with which it is saved by default.
 struct FileFacts {
   OdDb::DwgVersion version = OdDb::kNewestVersion;
   bool binary = false;
   std::string codePage = "ANSI_1252"; // as the file names it
-  std::vector<std::string> comments;  // the lines of comment at the top of the file
-  std::string path;                   // where it was read from or saved to; empty for a new drawing
+  std::vector<std::string> comments;  // comment lines at the top of the file
+  std::string path;                   // file that it was read from or saved to, UTF-8; empty for a new drawing
 };
 
-// A section that is carried whole (CLASSES, THUMBNAILIMAGE, ACDSDATA and any other).
+// A section of the file that is preserved as a whole (CLASSES, THUMBNAILIMAGE, ACDSDATA and any other).
 struct CarriedSection {
   std::string name;
   GroupList groups;            // record starts (code 0) included
-  bool madeForRecords = false; // by cloning; no file had it
+  bool madeForRecords = false; // created by cloning; not in a file
 };
 
 } // namespace drawing
 
+// A drawing: objects, symbol tables, header, cloning, undo. It lives as long as a pointer holds it; closing it deletes
+// its objects, and its ids do not open any more.
 class MVDRAWING_API OdDbDatabase : public OdRxObject {
 public:
   ODRX_DECLARE_MEMBERS(OdDbDatabase);
   ~OdDbDatabase() override;
 
-  // A drawing with what every drawing holds: the tables with their standard records, model space, one layout, the
-  // header. Metric: millimetres. `empty` makes one without anything but its tables, for readers.
+  // create: a drawing with the mandatory contents of every drawing, in millimetres: symbol tables with their standard
+  // records, model space, one layout, header. createEmpty: a drawing with an empty header and nothing else, for
+  // readers.
   static OdDbDatabasePtr create();
   static OdDbDatabasePtr createEmpty();
 
-  // Objects. Adding makes a free object resident, gives it a handle (the given one when it is free) and answers its
-  // id; the container itself is not told (symbol tables, dictionaries and blocks have their own add). The object is
-  // open for write, on a locked layer too, until the pointer that brought it lets go.
+  // Makes a free object resident: the drawing owns it from now on. It gets the given handle, or a new one if that is 0
+  // or in use. Returns its id. Does not list the object in the container: symbol tables, dictionaries and blocks have
+  // functions for that. The object is open for write, even on a locked layer, until its last pointer is released.
+  // Throws OdError(eWrongDatabase) for a resident object.
   OdDbObjectId addOdDbObject(OdDbObject* object, OdDbObjectId owner = OdDbObjectId(), OdDbHandle handle = 0);
-  OdDbObjectId getOdDbObjectId(OdDbHandle handle) const; // null when no object has that handle
+  OdDbObjectId getOdDbObjectId(OdDbHandle handle) const; // null if no object has that handle; erased objects have one
+  // Next free handle; setting it never lowers it.
   OdDbHandle handseed() const;
-  void setHandseed(OdDbHandle next); // never lowers it below a handle in use
+  void setHandseed(OdDbHandle next);
+  // Number of ids, and all ids in order of addition, with erased objects and ids without an object.
   std::size_t approxNumObjects() const;
-  // All ids in order of arrival, erased objects and ids without object included.
   std::vector<OdDbObjectId> allIds() const;
 
   // Symbol tables and the named-objects dictionary. Ids are null only while a reader fills the drawing.
@@ -76,21 +81,23 @@ public:
   OdDbObjectId getViewTableId() const { return tables_[OdDb::kViewTable]; }
   OdDbObjectId getViewportTableId() const { return tables_[OdDb::kViewportTable]; }
   OdDbObjectId getNamedObjectsDictionaryId() const { return namedObjects_; }
-  OdDbObjectId getModelSpaceId() const; // null when the block table has none
-  OdDbObjectId getPaperSpaceId() const; // of the layout that was last active
-  OdDbObjectId getLayerZeroId() const;
-  // A record by table and name, without regard to case; null when there is none.
+  // Records that are not erased, null if there is none: by table and name (case does not matter), model space, the
+  // paper space of the layout that was active last, layer 0.
   OdDbObjectId symbol(OdDb::SymbolTableKind kind, const OdString& name) const;
+  OdDbObjectId getModelSpaceId() const;
+  OdDbObjectId getPaperSpaceId() const;
+  OdDbObjectId getLayerZeroId() const;
 
-  // Header variables by name, without the dollar sign (INSUNITS, CLAYER, INSBASE ...). A variable that the drawing
-  // does not hold reads as the given default. Setting needs no open.
+  // Header variables by name, without the dollar sign (INSUNITS, CLAYER, INSBASE ...); the case of names matters. A
+  // variable that the drawing does not have, or that has a value of another kind, is read as `absent`, empty text or
+  // (0, 0, 0). Setters create or replace the variable with a value under that group code; they do not check it, need no
+  // opening, and are recorded for undo.
   bool hasHeaderVar(std::string_view name) const;
   double headerReal(std::string_view name, double absent = 0) const;
   std::int64_t headerInt(std::string_view name, std::int64_t absent = 0) const;
   OdString headerText(std::string_view name) const;
   OdGePoint3d headerPoint(std::string_view name) const;
-  // Groups of the variable, null when it is not there.
-  const drawing::GroupList* headerVar(std::string_view name) const;
+  const drawing::GroupList* headerVar(std::string_view name) const; // its groups; null if there is no such variable
   void setHeaderReal(std::string_view name, int code, double value);
   void setHeaderInt(std::string_view name, int code, std::int64_t value);
   void setHeaderText(std::string_view name, int code, const OdString& value);
@@ -98,76 +105,92 @@ public:
   void setHeaderVar(std::string_view name, const drawing::GroupList& groups);
   std::vector<std::string> headerNames() const; // in file order
 
+  // Insertion units; insertion base point in world coordinates; current layer (layer 0 if the named one is missing).
+  // Setting the layer returns eInvalidInput unless the id is a layer of this drawing that is not erased.
   OdDb::UnitsValue getINSUNITS() const;
   void setINSUNITS(OdDb::UnitsValue units);
   OdGePoint3d getINSBASE() const;
   void setINSBASE(const OdGePoint3d& base);
-  OdDbObjectId getCLAYER() const; // layer 0 when the named one is missing
+  OdDbObjectId getCLAYER() const;
   OdResult setCLAYER(OdDbObjectId layer);
-  // The current annotation scale; null when the drawing names none that it holds.
+  // The current annotation scale as a copy; null if the drawing names none or one that is not in its scale list.
+  // Setting returns eKeyNotFound if the scale list has no such scale; case does not matter.
   OdSmartPtr<OdDbAnnotationScale> cannoscale() const;
-  OdResult setCannoscale(const OdString& scaleName); // eKeyNotFound when the scale list has no such scale
-  // Variables that files keep in a dictionary of their own instead of the header; empty when there is none.
+  OdResult setCannoscale(const OdString& scaleName);
+  // Variables that files store in a dictionary instead of the header; empty if there is none. Setting throws
+  // OdError(eNotInDatabase) for a drawing without a named-objects dictionary (createEmpty).
   OdString dictionaryVar(const OdString& name) const;
   void setDictionaryVar(const OdString& name, const OdString& value);
 
-  // Cloning. `ids` in order become members of `owner` (a block record or a dictionary) with all they own. Both answer
-  // eOk, or the reason why nothing was cloned.
+  // Cloning within the drawing. `ids` in order become members of `owner` (a block record or a dictionary) with all that
+  // they own; references among them are translated, and `mapping` receives a pair for each clone. Returns eOk, or the
+  // reason why nothing was cloned: eNullObjectId; eInvalidOwnerObject for an owner that does not exist; eWrongDatabase
+  // for ids of another drawing; eWasErased; eSelfReference if a block would contain itself; eBudgetExceeded for more
+  // objects than mapping.objectLimit(). `deferTranslation` has no effect.
   OdResult deepCloneObjects(const OdDbObjectIdArray& ids, OdDbObjectId owner, OdDbIdMapping& mapping,
                             bool deferTranslation = false);
-  // Called on the source drawing; `owner` belongs to the target. Records that the clones need come along.
+  // Cloning into another drawing: called on the source; `owner` belongs to the target. Records that the clones depend
+  // on (layers, styles, nested definitions ...) are cloned with them at any depth; `duplicates` states what happens to
+  // a record whose name the target has. Errors as above, also eWrongDatabase for an owner of this drawing and
+  // eDatabaseGone for one whose drawing is closed.
   OdResult wblockCloneObjects(const OdDbObjectIdArray& ids, OdDbObjectId owner, OdDbIdMapping& mapping,
                               OdDb::DuplicateRecordCloning duplicates, bool deferTranslation = false);
-  // Makes or refills the block `blockName` of this drawing with a clone of the source's model space, whose base point
-  // becomes the block's origin. A record that has the name keeps its id; a new one takes scaling, description and
-  // annotative properties that stand with the source's model space, and both the behaviour of a dynamic block. What the
-  // clones need comes along; records of the same name, nested definitions among them, stay as this drawing has them. A
-  // nested definition that would make the block contain itself comes in under a free name. Relative paths of external
-  // references are turned from the folder of the source to that of this drawing. The source stays as it was in any
-  // case. Null id, and nothing changed, for no name, no source or this drawing itself, for the name of a space or an
-  // external reference, and when the drawing grows beyond the limits of cloning.
+  // Creates or redefines the block `blockName` of this drawing with a clone of the source's model space; the base point
+  // of the source becomes the origin of the block. An existing record keeps its id; a new one gets scaling, description
+  // and annotative properties that the source stores with its model space, and both get its dynamic block data. Records
+  // that the clones depend on are cloned with them; those whose name this drawing has, nested definitions among them,
+  // are not replaced. A nested definition that would make the block contain itself is cloned under a free name.
+  // Relative paths of external references are converted from the folder of the source to that of this drawing. The
+  // source is unchanged; `preserveSource` has no effect. Returns the null id, and changes nothing, for an empty name, a
+  // null source, this drawing as the source, the name of a space or of an external reference, and when the limits of
+  // cloning are exceeded.
   OdDbObjectId insert(const OdString& blockName, OdDbDatabase* source, bool preserveSource = true);
-  // What the latest insert told: "clone.renamed" for each definition that came in under another name.
+  // Report of the latest insert: "clone.renamed" for each definition that was cloned under another name.
   const drawing::Report& insertReport() const { return insertReport_; }
 
-  // Removes from `ids` what cannot be purged: what the drawing needs, and what anything uses that is not purged along.
-  // Erases nothing; see drawing/purge.h for the reasons.
+  // Removes from `ids` what cannot be purged: mandatory objects, and objects that are used by others which are not in
+  // the list. Erases nothing; always eOk. See DbPurge.h for the reasons.
   OdResult purge(OdDbObjectIdArray& ids);
 
-  // Undo. startUndoRecord sets a mark; undo takes back everything since the last mark; redo brings it back. Ids
-  // survive both. Nothing is recorded before the first mark or while recording is off.
+  // Undo. startUndoRecord sets a mark; undo reverts everything since the last mark that was followed by a change; redo
+  // restores it. Both return eNotApplicable if there is nothing to revert or restore. Ids remain valid. Nothing is
+  // recorded before the first mark or while recording is disabled. A change after an undo discards the steps to redo.
   void startUndoRecord();
   bool hasUndo() const;
   bool hasRedo() const;
   OdResult undo();
   OdResult redo();
-  void rollback(); // undo without a way back: a command that failed
+  void rollback(); // reverts to the last mark without redo, for a command that failed
   void disableUndoRecording(bool disable);
-  // Gives the objects the state that they had at the last mark; the rest of the step stays.
+  // Restores the state that the objects and their parts had at the last mark; other changes of the step remain. Ids
+  // that did not change since then are ignored.
   void restoreFromUndo(const OdDbObjectIdArray& ids);
-  std::uint64_t changeCount() const; // grows with every recorded change; tells whether a drawing was modified
+  std::uint64_t
+  changeCount() const; // increases with every recorded change, undo and redo: whether a drawing is modified
 
-  // Brackets around a longer change of the drawing; they nest.
+  // Nested brackets around a longer change of the drawing; they count only. endTransaction throws
+  // OdError(eNotApplicable) without a start.
   void startTransaction();
   void endTransaction();
   int transactionDepth() const { return transactions_; }
 
-  // The picture that file dialogs show of the drawing: a device-independent bitmap from its header on, without the head
-  // of a file. It belongs to the file, not to the drawing's state: undo leaves it alone. A picture that came with the
-  // file is written again; one that was set, only when it is to be retained. Empty, or null, is none.
-  // eInvalidInput for more bytes than a file can tell (2^31 - 1).
+  // Thumbnail that file dialogs display: a device-independent bitmap that begins with its BITMAPINFOHEADER, without a
+  // BITMAPFILEHEADER. It belongs to the file, not to the state of the drawing: undo does not change it. A thumbnail
+  // that was read is saved again; one that was set, only if it is to be retained. The bytes are copied; null or size 0
+  // removes the thumbnail. Returns eInvalidInput for more bytes than a file can state (2^31 - 1).
   OdResult setThumbnailBitmap(const void* bitmap, std::size_t size);
-  std::string thumbnailBitmap() const; // empty when there is none that can be read
+  std::string thumbnailBitmap() const; // empty if there is none or it cannot be read
   void setRetainOriginalThumbnailBitmap(bool retain) { retainsThumbnail_ = retain; }
   bool retainOriginalThumbnailBitmap() const { return retainsThumbnail_; }
   bool isThumbnailWritten() const { return retainsThumbnail_ || !hasOwnThumbnail_; }
 
+  // File properties and preserved sections; changing them is not recorded for undo.
   drawing::FileFacts& facts() { return facts_; }
   const drawing::FileFacts& facts() const { return facts_; }
   std::vector<drawing::CarriedSection>& carriedSections() { return carriedSections_; }
   const std::vector<drawing::CarriedSection>& carriedSections() const { return carriedSections_; }
 
-  // -- For the SDK's own machinery. --
+  // -- SDK internals: object store, undo log, external references, set-up of tables by readers, header object. --
   drawing::Store& store() { return *store_; }
   const drawing::Store& store() const { return *store_; }
   drawing::Undo& undoLog() { return *undo_; }

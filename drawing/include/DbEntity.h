@@ -1,4 +1,4 @@
-// The root of everything that is drawn.
+// Base class of entities: everything that is drawn.
 #pragma once
 
 #include "DbObject.h"
@@ -8,7 +8,7 @@
 class OdDbEntity;
 using OdDbEntityPtr = OdSmartPtr<OdDbEntity>;
 
-// Colour: an index (1 to 255, 0 by block, 256 by layer) or a true colour beside it.
+// Colour: an index (1 to 255, 0 by block, 256 by layer), and a true colour that takes precedence if there is one.
 struct OdCmColor {
   static constexpr std::int16_t kByBlock = 0, kByLayer = 256;
   static constexpr std::int32_t kNoTrueColor = -1;
@@ -17,67 +17,83 @@ struct OdCmColor {
   friend bool operator==(const OdCmColor&, const OdCmColor&) = default;
 };
 
+// An entity: an object of a block that is drawn. Entities differ in the matrices that they accept and in whether they
+// have extents; their headers state both.
 class MVDRAWING_API OdDbEntity : public OdDbObject {
 public:
   ODRX_DECLARE_MEMBERS(OdDbEntity);
-  static const drawing::Description& ownDescription();
+  static const drawing::Description& ownDescription(); // the groups that all entities have
   const drawing::Description& description() const override;
 
+  // Layer, by id and by name; the name is "0" for an entity without a layer. Setting by id does not check the id and
+  // returns eOk. Setting by name returns eNoDatabase for a free entity and eKeyNotFound if the drawing has no such
+  // layer; case does not matter.
   OdDbObjectId layerId() const { return layer_; }
-  OdString layer() const; // the layer's name; "0" when it has none
+  OdString layer() const;
   OdResult setLayer(OdDbObjectId layer);
-  OdResult setLayer(const OdString& name);              // eKeyNotFound when the drawing has no such layer
-  OdDbObjectId linetypeId() const { return linetype_; } // null: by layer
+  OdResult setLayer(const OdString& name);
+  // Linetype; null: by layer. The id is not checked; returns eOk.
+  OdDbObjectId linetypeId() const { return linetype_; }
   OdResult setLinetype(OdDbObjectId linetype);
+  // Colour. Setting an index removes a true colour. Values are not checked; returns eOk.
   OdCmColor color() const { return {color_, trueColor_}; }
   OdResult setColor(const OdCmColor& color);
   std::int16_t colorIndex() const { return color_; }
   OdResult setColorIndex(std::int16_t index);
-  std::int16_t lineWeight() const {
-    return lineWeight_;
-  } // hundredths of a millimetre; -1 by layer, -2 by block, -3 default
+  // Lineweight in hundredths of a millimetre (0 to 211), or -1 by layer, -2 by block, -3 default. The value is not
+  // checked; returns eOk.
+  std::int16_t lineWeight() const { return lineWeight_; }
   OdResult setLineWeight(std::int16_t weight);
+  // Scale of the linetype, greater than 0. Setting returns eInvalidInput for 0, negative and non-finite values.
   double linetypeScale() const { return linetypeScale_; }
   OdResult setLinetypeScale(double scale);
-  // As files have it: 0 by layer, 0x01000000 by block, else 0x02000000 and the opacity (0 to 255).
+  // Transparency as in files (group 440): 0 by layer, 0x01000000 by block, else 0x02000000 plus the opacity (0 to 255).
   std::int32_t transparency() const { return transparency_; }
+  // Whether the entity is hidden regardless of its layer. Setting returns eOk.
   bool isInvisible() const { return invisible_ != 0; }
   OdResult setInvisible(bool invisible);
-  void setPropertiesFrom(const OdDbEntity& other);  // layer, linetype, colour, weight, scale, visibility
-  void setDatabaseDefaults(OdDbDatabase* database); // current layer and the like from the header
+  // Copies layer, linetype, linetype scale, colour, transparency, lineweight and visibility. The other entity should be
+  // of the same drawing: ids are copied as they are.
+  void setPropertiesFrom(const OdDbEntity& other);
+  // Sets the current layer, linetype, linetype scale, colour and lineweight of the drawing (CLAYER, CELTYPE, CELTSCALE,
+  // CECOLOR, CELWEIGHT). Null has no effect.
+  void setDatabaseDefaults(OdDbDatabase* database);
 
-  OdDbObjectId blockId() const { return ownerId(); } // the block that it is drawn in
+  // The block that the entity is in; null for a free entity. For attributes and vertices it is their owner.
+  OdDbObjectId blockId() const { return ownerId(); }
 
-  // Moves the entity; world coordinates. 0 on success; eCannotTransform (209) when this kind of entity cannot take
-  // this matrix, and then nothing has changed. Extended data that moves with an entity moves too. A picture of the
-  // entity that its program left in the file for others is dropped: it shows the old place.
+  // Applies a matrix in the coordinates of the block that contains the entity (world coordinates for model space).
+  // Returns eOk, or eCannotTransform (209) if the matrix cannot be inverted or this kind of entity does not accept it;
+  // nothing is changed then. Coordinates, distances and directions in extended data (groups 1011 to 1013, 1041, 1042)
+  // are transformed as well. A cached image of the entity for other programs (proxy graphics) is removed: it would show
+  // the old position.
   //
-  // An entity of a drawing may become another kind by it (a circle that is stretched is an ellipse). Then another
-  // object stands behind the id: with the same handle, owner, place in the block, layer and so on, extended data,
-  // extension dictionary and reactors. The pointers that are held from before keep the entity as it was, free of the
-  // drawing: what is done to it reaches nothing any more; whoever goes on opens the id again. A free entity cannot
-  // become another kind; it answers eCannotTransform.
+  // A resident entity may become another kind (a stretched circle becomes an ellipse). The id then refers to a new
+  // object with the same handle, owner, position in the block, general properties, extended data, extension dictionary
+  // and reactors. Pointers from before keep the old entity, which is free from then on; open the id again to continue.
+  // A free entity cannot become another kind: it returns eCannotTransform.
   OdResult transformBy(const OdGeMatrix3d& matrix);
-  // eOk and the extents in the coordinates of its block, or the reason why it has none.
+  // Adds the extents in the coordinates of its block to `extents`. Returns eOk, or the reason why it has none
+  // (eNotApplicable for kinds without extents).
   virtual OdResult getGeomExtents(OdGeExtents3d& extents) const;
   // The normal of the plane that the entity's own coordinates lie in; the z axis for kinds that are not planar.
   virtual OdGeVector3d planeNormal() const { return OdGeVector3d::kZAxis; }
 
-  // Highlighting is a state of the screen: it is neither saved, copied nor undone, and needs no opening for write.
+  // Highlighting is a state of the display: it is neither saved, copied nor undone, and does not require write access.
   void highlight(bool on) const { highlight_.on = on; }
   bool isHighlighted() const { return highlight_.on; }
 
-  // Attaches an association (of a dimension) to the entity: its persistent reactor from now on.
+  // Adds the association of a dimension to the persistent reactors of the entity.
   virtual void attachAssociation(OdDbObjectId association);
 
   bool isOnLockedLayer() const override;
 
 protected:
   OdDbEntity() = default;
-  // Applies the matrix, or answers why not and changes nothing. Called with the entity open for write.
+  // Applies an invertible matrix, or returns the reason and changes nothing. Called with the entity open for write.
   virtual OdResult subTransformBy(const OdGeMatrix3d& matrix);
-  // A free entity of another kind that is this one under a matrix that subTransformBy refuses; null when there is none.
-  // Layer, extended data and the like are put in by the caller.
+  // A free entity of another kind with the transformed geometry, for a matrix that subTransformBy refuses; null if
+  // there is none. The caller copies the general properties and extended data.
   virtual OdDbEntityPtr transformedAsAnother(const OdGeMatrix3d& matrix) const;
 
   OdDbObjectId layer_;
@@ -90,7 +106,7 @@ protected:
   std::int16_t invisible_ = 0;
 
 private:
-  // Of this one object: a clone is not highlighted, and undo leaves it as it is.
+  // Not part of the state: neither copied nor undone.
   struct Highlight {
     Highlight() = default;
     Highlight(const Highlight&) {}

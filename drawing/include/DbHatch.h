@@ -36,8 +36,8 @@ protected:
 
   static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
-  std::int64_t integerOf(int code) const;     // value of the first group of that code, else 0
-  void setNormal(const OdGeVector3d& normal); // replaces the groups 210, 220 and 230 or inserts them
+  std::int64_t integerOf(int code) const;              // value of the first group of that code, else 0
+  void setNormal(const OdGeVector3d& normal);          // replaces the groups 210, 220 and 230 or inserts them
   virtual bool onlyPolylines() const { return false; } // whether every loop is a polyline
 
   drawing::GroupList groups_; // all groups of the subclass

@@ -5,8 +5,8 @@
 
 #include <vector>
 
-// A leader. Its points are world coordinates, the first one at the arrowhead. Changing a resident leader that is not open
-// for write throws OdError(eNotOpenForWrite).
+// A leader. Its points are world coordinates, the first one at the arrowhead. Changing a resident leader that is not
+// open for write throws OdError(eNotOpenForWrite).
 class MVDRAWING_API OdDbLeader : public OdDbCurve {
 public:
   ODDB_DECLARE_MEMBERS(OdDbLeader);

@@ -1,4 +1,9 @@
-// The root of everything that lives in a drawing.
+// Base class of database objects, and chains of tagged values.
+//
+// Rules for all database objects, which other headers do not repeat: setters throw OdError(eNotOpenForWrite) for a
+// resident object that is not open for write; reading never throws unless stated; objects belong to one thread at a
+// time together with their drawing (DbDatabase.h); pointers that functions return by value are counted, raw pointers
+// and references to parts of an object are valid while the object is alive and unchanged.
 #pragma once
 
 #include "DbObjectId.h"
@@ -23,7 +28,7 @@ class Undo;
 class WriteScope;
 } // namespace drawing
 
-// Declared by every class of database objects that can be made.
+// Declares what every class of database objects that can be created has, in the class body.
 #define ODDB_DECLARE_MEMBERS(Class)                                                                                    \
   ODRX_DECLARE_MEMBERS(Class);                                                                                         \
   OdDbObject* makeCopy() const override;                                                                               \
@@ -31,6 +36,7 @@ class WriteScope;
   static const drawing::Description& ownDescription();                                                                 \
   const drawing::Description& description() const override
 
+// Defines those members in a source file. `dxfName`: its entity or record name in DXF files.
 #define ODDB_DEFINE_MEMBERS(Class, Base, dxfName)                                                                      \
   ODRX_DEFINE_MEMBERS(Class, Base, dxfName);                                                                           \
   OdDbObject* Class::makeCopy() const {                                                                                \
@@ -43,83 +49,102 @@ class WriteScope;
     return ownDescription();                                                                                           \
   }
 
-// An object is either resident (it has an id and its drawing owns it) or free (made and not yet added; its smart
-// pointers own it). Members of a resident object may change only while it is open for write; every setter throws
+// An object is either resident (it has an id and its drawing owns it) or free (created and not yet added; its smart
+// pointers own it). A resident object may change only while it is open for write; every setter throws
 // OdError(eNotOpenForWrite) otherwise. Free objects may always be changed.
 class MVDRAWING_API OdDbObject : public OdRxObject {
 public:
   ODRX_DECLARE_MEMBERS(OdDbObject);
   ~OdDbObject() override;
 
-  OdDbObjectId objectId() const { return id_; } // null for a free object
+  // Identity. The ids are null, the handle 0 and the database null for a free object; the owner is null for objects
+  // without one. setOwnerId changes the reference to the owner only: containers have functions of their own to add.
+  OdDbObjectId objectId() const { return id_; }
   OdDbObjectId id() const { return id_; }
   OdDbObjectId ownerId() const { return owner_; }
   void setOwnerId(OdDbObjectId owner);
-  OdDbDatabase* database() const; // null for a free object
+  OdDbDatabase* database() const;
   OdDbHandle getDbHandle() const { return id_.getHandle(); }
   bool isDBRO() const { return !id_.isNull(); }
 
-  bool isErased() const { return erased_; }
-  // Erases the object and what it owns, or brings them back. Answers eWasErased when it is in that state already, and
-  // eDuplicateRecordName for a record whose name another one has by now.
+  bool isErased() const { return erased_; } // an erased object keeps its id and can be unerased
+  // Erases the object and what it owns, or unerases them. Returns eWasErased if it is in that state already, and
+  // eDuplicateRecordName for unerasing a record whose name another record has by now; nothing is changed then. Owned
+  // objects need not be open for write.
   OdResult erase(bool erasing = true);
 
+  // Open for write or not (see OdDbObjectId::openObject). It is a state of the object, shared by all its pointers: it
+  // ends with downgradeOpen or when the last pointer is released. upgradeOpen throws OdError(eOnLockedLayer) for an
+  // entity on a locked layer. assertWriteEnabled throws OdError(eNotOpenForWrite), else records the state for undo;
+  // every change has to be preceded by it. A free object is always enabled.
   bool isReadEnabled() const { return true; }
   bool isWriteEnabled() const { return !isDBRO() || writable_; }
-  void upgradeOpen();   // throws OdError(eOnLockedLayer) for an entity on a locked layer
-  void downgradeOpen(); // writes are refused until the next upgrade or opening for write
+  void upgradeOpen();
+  void downgradeOpen();
   void assertWriteEnabled();
 
-  // Extension dictionary: null id when there is none. createExtensionDictionary answers the present one if there is.
+  // Extension dictionary: null id if there is none. createExtensionDictionary returns the present one if there is one,
+  // and throws OdError(eNotInDatabase) for a free object.
   OdDbObjectId extensionDictionary() const;
   OdDbObjectId createExtensionDictionary();
 
+  // Persistent reactors: objects that depend on this one, in order of addition, without duplicates. Ids are not
+  // checked; removing an id that is not in the list has no effect.
   OdDbObjectIdArray getPersistentReactors() const;
   bool hasPersistentReactor(OdDbObjectId id) const;
-  void addPersistentReactor(OdDbObjectId id); // once only
+  void addPersistentReactor(OdDbObjectId id);
   void removePersistentReactor(OdDbObjectId id);
 
-  // Extended data: groups 1000 to 1071 as a chain; the first group (1001) names the application. A null or empty name
-  // answers all of it. Setting replaces the data of the applications named in the chain; a name alone removes.
+  // Extended data: groups 1000 to 1071 as a chain; the first group (1001) names the application. An empty name returns
+  // the data of all applications, null if there is none. Setting replaces the data of the applications named in the
+  // chain; a name alone removes its data. Groups before the first 1001 are ignored. The chain is copied.
   OdResBufPtr xData(const OdString& application = OdString()) const;
   void setXData(const OdResBuf* chain);
 
-  // Its record or entity name in files.
+  // Its entity or record name in DXF files (LINE, LAYER ...).
   virtual std::string dxfName() const;
 
-  // -- For the SDK's own machinery; command code has no need of these. --
-  virtual OdDbObject* makeCopy() const; // state without identity
+  // -- SDK internals; command code does not need these. --
+
+  // A new free object with the same state and no identity, owned by the caller, and the assignment of such a state from
+  // an object of the same class. makeCopy throws OdError(eNotApplicable) for abstract classes.
+  virtual OdDbObject* makeCopy() const;
   virtual void assignState(const OdDbObject& other);
+  // Description of the members of the object's class, and of this class.
   virtual const drawing::Description& description() const;
   static const drawing::Description& ownDescription();
-  // Every reference that the object holds, its owner excepted.
+  // Visits every reference that the object contains, except its owner; the visitor may change them.
   virtual void visitReferences(drawing::ReferenceVisitor& visitor);
-  // Objects that live and are erased with this one (attributes, vertices, ends of sequences), in file order.
+  // Appends the objects that are erased and cloned with this one (attributes, vertices, ends of sequences ...), in file
+  // order.
   virtual void ownedObjects(std::vector<OdDbObjectId>& ids) const;
-  // Entities whose layer is locked do not open for write.
+  // True for entities on a locked layer, which do not open for write.
   virtual bool isOnLockedLayer() const { return false; }
-  // The list of members of a container that grows at its end; null for anything else.
+  // Member list of a container that grows at its end; null for other objects.
   virtual drawing::IdList* memberList() { return nullptr; }
-  // Called when undo or redo changed the member list or a member's name behind the container's back.
+  // Called on a container when undo or redo changed its member list or the name of a member.
   virtual void membersChanged() {}
-  // Entities that transforming this one moves too.
+  // Appends the objects that transforming this one changes as well.
   virtual void movedParts(std::vector<OdDbObjectId>& ids) const { ownedObjects(ids); }
-  // Called on the copy when its references have been translated.
+  // Called on a clone once its references have been translated.
   virtual void afterClone(const OdDbObject& source, OdDbIdMapping& mapping);
-  void dropLostReactors(); // reactors that became null
-  // Called when the reader has all of the drawing; false: the object cannot stand as it is.
+  void dropLostReactors(); // removes null ids from the persistent reactors
+  // Called once the reader has read the whole drawing: derives what depends on other objects.
   virtual void afterLoad();
 
-  drawing::GroupList& carried(); // groups that no field describes, with the markers they stood behind
+  // Groups that no field describes, after the subclass markers that they followed in the file, and extended data as
+  // groups. The const functions return null if there are none; the others require the object to be open for write.
+  drawing::GroupList& carried();
   const drawing::GroupList* carriedOrNull() const;
   const drawing::GroupList* xDataGroups() const;
   drawing::GroupList& xDataGroupsForWrite();
 
 protected:
-  OdDbObject();
-  OdDbObject(const OdDbObject& other);            // state without identity
-  OdDbObject& operator=(const OdDbObject& other); // state without identity
+  OdDbObject();                                   // a free object
+  OdDbObject(const OdDbObject& other);            // copies the state, not the identity
+  OdDbObject& operator=(const OdDbObject& other); // copies the state, not the identity
   void onLastRelease() const override;
+  // Called after the object was erased or unerased, and before it is unerased: eOk, or the reason to refuse.
   virtual void afterErase(bool erasing);
   virtual OdResult mayComeBack() const { return eOk; }
 
@@ -130,7 +155,7 @@ private:
   friend class drawing::Undo;
   friend class drawing::WriteScope;
 
-  struct Extras { // what few objects have
+  struct Extras { // data that few objects have
     OdDbObjectId extensionDictionary;
     std::vector<OdDbObjectId> reactors;
     drawing::GroupList carried;
@@ -140,6 +165,7 @@ private:
   Extras& extras();
 
 public:
+  // Data that few objects have, for readers and writers; changing it is not recorded for undo.
   const Extras* extrasOrNull() const { return extras_.get(); }
   Extras& extrasForLoad() { return extras(); }
 
@@ -147,15 +173,17 @@ private:
   OdDbObjectId id_;
   OdDbObjectId owner_;
   std::unique_ptr<Extras> extras_;
-  std::uint32_t undoMark_ = 0; // the undo group that already holds this object's earlier state
+  std::uint32_t undoMark_ = 0; // the undo group that already contains this object's earlier state
   bool erased_ = false;
   mutable bool writable_ = false;
 };
 
-// A chain of tagged values: extended data, xrecords.
+// A value with a group code, and the rest of a chain of them: extended data, xrecords. Only the value that the group
+// code calls for has a meaning (groupKindOf); the code is not checked. Owned by its counted pointers.
 class MVDRAWING_API OdResBuf : public OdRxObject {
 public:
   ODRX_DECLARE_MEMBERS(OdResBuf);
+  // A new chain of one value with that group code.
   static OdResBufPtr newRb(int restype);
   static OdResBufPtr newRb(int restype, const OdString& text);
   static OdResBufPtr newRb(int restype, double real);
@@ -163,6 +191,8 @@ public:
   static OdResBufPtr newRb(int restype, OdDbObjectId id);
   static OdResBufPtr newInt(int restype, std::int64_t value);
 
+  // Group code and value. A real number is the x coordinate of the point. Values that were not set are 0, null or
+  // empty.
   int restype() const { return code_; }
   OdString getString() const { return text_; }
   double getDouble() const { return point_.x; }
@@ -171,6 +201,7 @@ public:
   OdDbObjectId getObjectId() const { return id_; }
   const std::string& getBinary() const { return bytes_; }
 
+  // Replace the value, of which they check neither range nor kind.
   void setString(const OdString& text) { text_ = text; }
   void setDouble(double value) { point_.x = value; }
   void setPoint3d(const OdGePoint3d& point) { point_ = point; }
@@ -178,12 +209,15 @@ public:
   void setObjectId(OdDbObjectId id) { id_ = id; }
   void setBinary(const std::string& bytes) { bytes_ = bytes; }
 
+  // The rest of the chain, null at its end. setNext replaces it and returns the new rest; last returns the last value
+  // of the chain, which must not be a cycle.
   OdResBufPtr next() const { return next_; }
   OdResBufPtr setNext(OdResBufPtr next);
   OdResBufPtr last() const;
   ~OdResBuf() override;
 
-  // Whole lists. Points are one buffer for three groups.
+  // Conversion of `count` groups from `first` on into a chain, null for none, and of a chain, which may be null, into
+  // groups that are appended. A point is one value for three groups.
   static OdResBufPtr fromGroups(const drawing::GroupList& groups, std::size_t first, std::size_t count);
   static void toGroups(const OdResBuf* chain, drawing::GroupList& groups);
 

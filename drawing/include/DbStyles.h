@@ -6,8 +6,8 @@
 
 #include <vector>
 
-// Base of styles that are stored as groups of the file. Values that the file does not state are read as 0, empty text or
-// null unless stated otherwise.
+// Base of styles that are stored as groups of the file. Values that the file does not state are read as 0, empty text
+// or null unless stated otherwise.
 class MVDRAWING_API OdDbKeptStyle : public OdDbObject {
 public:
   ODRX_DECLARE_MEMBERS(OdDbKeptStyle);

@@ -1,7 +1,7 @@
 // Records of the symbol tables except blocks (DbBlockTable.h).
 //
-// Setters throw OdError(eNotOpenForWrite) for a resident record that is not open for write. Unless stated otherwise they
-// store the value unchecked.
+// Setters throw OdError(eNotOpenForWrite) for a resident record that is not open for write. Unless stated otherwise
+// they store the value unchecked.
 #pragma once
 
 #include "DbEntity.h"
