@@ -1,14 +1,16 @@
-// References to block definitions.
+// Block references (inserts) and their attributes.
 #pragma once
 
 #include "DbAttribute.h"
 #include "Ge/GeScale3d.h"
 #include "drawing/detail/sequence_owner.h"
 
-// Walks the attributes of a reference in order of addition; erased ones are passed over.
+// Iterates the attributes of a reference in order of addition; those that are erased when it is created are skipped.
 class MVDRAWING_API OdDbAttributeIterator : public OdRxObject {
 public:
   ODRX_DECLARE_MEMBERS(OdDbAttributeIterator);
+  // Position: step returns false at the end. The id is null at the end, and the pointer as well if the attribute does
+  // not open.
   explicit OdDbAttributeIterator(std::vector<OdDbObjectId> ids = {});
   bool done() const { return at_ >= ids_.size(); }
   void start() { at_ = 0; }
@@ -22,65 +24,82 @@ private:
 };
 using OdDbObjectAttributeIteratorPtr = OdSmartPtr<OdDbAttributeIterator>;
 
+// A reference to a block definition. Accepts every matrix that leaves its axes perpendicular.
 class MVDRAWING_API OdDbBlockReference : public OdDbEntity, public OdDbSequenceOwner {
 public:
   ODDB_DECLARE_MEMBERS(OdDbBlockReference);
   OdDbBlockReference() = default;
 
+  // The definition. Setting throws OdError(eSelfReference) if the block of the reference would contain itself; the id
+  // is not checked otherwise, and attributes stay.
   OdDbObjectId blockTableRecord() const { return block_; }
   void setBlockTableRecord(OdDbObjectId block);
-  OdGePoint3d position() const; // world coordinates
+
+  // Insertion point in the coordinates of its block (world coordinates for model space), scale along its own axes
+  // (negative: reflected), rotation in radians in the plane of the normal against its OCS x axis, normal (unit length).
+  // Setting the normal keeps the insertion point. Attributes do not follow these setters; transformBy moves them.
+  OdGePoint3d position() const;
   void setPosition(const OdGePoint3d& position);
   OdGeScale3d scaleFactors() const { return OdGeScale3d(scaleX_, scaleY_, scaleZ_); }
   void setScaleFactors(const OdGeScale3d& scale);
-  double rotation() const { return rotation_; } // radians, in the plane of the normal
+  double rotation() const { return rotation_; }
   void setRotation(double angleRad);
   OdGeVector3d normal() const { return normal_; }
   OdGeVector3d planeNormal() const override { return normal_; }
-  void setNormal(const OdGeVector3d& normal); // the position keeps its place in the world
+  void setNormal(const OdGeVector3d& normal);
 
-  // Block coordinates to world: position, normal, rotation and scale, without the block's origin.
+  // Matrix from block coordinates, with the base point at the origin, to the coordinates of the containing block:
+  // scale, rotation, normal and position.
   OdGeMatrix3d blockTransform() const;
-  // eCannotTransform when the matrix shears: no reference can stand so.
+  // Sets these from a matrix. Returns eCannotTransform, and changes nothing, if its axes are not perpendicular or one
+  // has no length.
   OdResult setBlockTransform(const OdGeMatrix3d& matrix);
 
+  // Makes a free attribute resident and lists it last; the drawing owns it. Returns its id. Throws OdError:
+  // eNullObjectPtr for null, eNotInDatabase for a free reference. Attributes that are erased are not listed below.
   OdDbObjectId appendAttribute(OdDbAttribute* attribute);
   OdDbObjectAttributeIteratorPtr attributeIterator() const;
-  OdDbObjectIdArray attributeIds() const; // living ones
-  bool hasAttributes() const;             // living ones
+  OdDbObjectIdArray attributeIds() const;
+  bool hasAttributes() const;
 
+  // Extents of the definition as the reference displays it, attributes excluded. eNullObjectId for a reference whose
+  // definition does not exist, else the result of the definition.
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
-  // The box that the contents' box takes when the reference (all its rows and columns) shows it.
+  // Extents of a box in block coordinates as the reference, with all its rows and columns, displays it.
   OdGeExtents3d extentsOfContents(const OdGeExtents3d& contents) const;
 
-  // -- For the SDK's own machinery. --
+  // -- SDK internals. --
   void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
   void afterLoad() override { noteShown(); }
-  void noteShown() const; // its block is part of others from now on
+  void noteShown() const; // records the reference in its definition
 
 protected:
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  // Adds the extents of a box in block coordinates, moved by the base point, in each row and column.
   virtual void addInstances(const OdGeExtents3d& contents, OdGeExtents3d& all) const;
+  // Description of the groups of a reference under that subclass marker.
   static const drawing::Section& referenceSection(const char* marker);
 
   OdDbObjectId block_;
-  OdGePoint3d position_; // in the plane's frame
+  OdGePoint3d position_; // OCS
   double scaleX_ = 1, scaleY_ = 1, scaleZ_ = 1;
   double rotation_ = 0;
   OdGeVector3d normal_{0, 0, 1};
 };
 using OdDbBlockReferencePtr = OdSmartPtr<OdDbBlockReference>;
 
-// A reference in rows and columns.
+// An array of references in rows and columns.
 class MVDRAWING_API OdDbMInsertBlock : public OdDbBlockReference {
 public:
   ODDB_DECLARE_MEMBERS(OdDbMInsertBlock);
   OdDbMInsertBlock() = default;
+  // Numbers of columns and rows (values below 1 count as 1), and their distances in drawing units along the rotated x
+  // and y axes of the reference, without its scale.
   std::int16_t columns() const { return columns_; }
   std::int16_t rows() const { return rows_; }
-  double columnSpacing() const { return columnSpacing_; } // along the reference's own x axis, not scaled
+  double columnSpacing() const { return columnSpacing_; }
   double rowSpacing() const { return rowSpacing_; }
   void setColumns(std::int16_t count);
   void setRows(std::int16_t count);

@@ -1,4 +1,4 @@
-// The block table, block definitions and the ends of their contents.
+// The block table, block definitions, and the BLOCK and ENDBLK entities around their contents.
 #pragma once
 
 #include "DbEntity.h"
@@ -12,23 +12,29 @@ class OdDbBlockEnd;
 class OdDbBlockTableRecord;
 using OdDbBlockTableRecordPtr = OdSmartPtr<OdDbBlockTableRecord>;
 
-// Names of the spaces.
+// Names of model space and of the active paper space: "*Model_Space" and "*Paper_Space".
 MVDRAWING_API extern const OdString modelSpaceStr;
 MVDRAWING_API extern const OdString paperSpaceStr;
 
+// The table of block definitions, model and paper space included.
 class MVDRAWING_API OdDbBlockTable : public OdDbSymbolTable {
 public:
   ODDB_DECLARE_MEMBERS(OdDbBlockTable);
-  OdDbBlockTable() { setKind(OdDb::kBlockTable); }
+  OdDbBlockTable() { setKind(OdDb::kBlockTable); } // without records
+
+  // The spaces of a resident table; null if there is none.
   OdDbObjectId getModelSpaceId() const;
   OdDbObjectId getPaperSpaceId() const;
 };
 using OdDbBlockTablePtr = OdSmartPtr<OdDbBlockTable>;
 
-// Walks the contents of a block in order of addition.
+// Iterates the entities of a block in order of addition. Entities appended meanwhile are visited as well. An iterator
+// refers to the block by id and is done if the block no longer exists.
 class MVDRAWING_API OdDbObjectIterator : public OdRxObject {
 public:
   ODRX_DECLARE_MEMBERS(OdDbObjectIterator);
+  // Position: start goes to the first entity, step to the next (false at the end); their arguments have no effect. The
+  // id is null at the end.
   OdDbObjectIterator(OdDbObjectId block = OdDbObjectId(), bool skipErased = true) : walk_(block, skipErased) {}
   void start(bool = true, bool = true) { walk_.start(); }
   bool done() const { return walk_.done(); }
@@ -37,7 +43,7 @@ public:
     return !walk_.done();
   }
   OdDbObjectId objectId() const { return walk_.objectId(); }
-  // Null when it does not open (see OdDbObjectId::safeOpenObject).
+  // The current entity; null if it does not open (see OdDbObjectId::safeOpenObject).
   OdDbEntityPtr entity(OdDb::OpenMode mode = OdDb::kForRead, bool openErased = false) const;
 
 private:
@@ -45,17 +51,20 @@ private:
 };
 using OdDbObjectIteratorPtr = OdSmartPtr<OdDbObjectIterator>;
 
-// A block definition, a space, or an external reference.
+// A block definition: an ordinary block, model or paper space, or an external reference. It owns its entities.
 class MVDRAWING_API OdDbBlockTableRecord : public OdDbSymbolTableRecord {
 public:
   ODDB_DECLARE_MEMBERS(OdDbBlockTableRecord);
   OdDbBlockTableRecord() = default;
 
+  // Whether references may be scaled differently along their axes.
   enum BlockScaling : std::int16_t { kAny = 0, kUniform = 1 };
 
-  // The point of the contents that a reference puts at its insertion point, in block coordinates.
+  // Base point in block coordinates: the point that is at the insertion point of a reference.
   OdGePoint3d origin() const { return origin_; }
   void setOrigin(const OdGePoint3d& origin);
+  // Description for people; path of the file of an external reference as the drawing stores it; insertion units;
+  // whether references may be exploded. setBlockScaling always returns eOk. The preview is a bitmap as bytes.
   const OdString& comments() const { return comments_; }
   void setComments(const OdString& text);
   const OdString& pathName() const { return path_; }
@@ -66,72 +75,86 @@ public:
   OdResult setBlockScaling(BlockScaling scaling);
   bool explodable() const { return explodable_; }
   void setExplodable(bool explodable);
-
-  bool isAnonymous() const;
-  bool isLayout() const;
-  // External references, overlays among them. An overlay is not followed where its drawing is referred to itself.
-  bool isFromExternalReference() const { return (flags_ & (kExternalReference | kOverlay)) != 0; }
-  bool isFromOverlayReference() const { return (flags_ & kOverlay) != 0; }
-  // Makes this an external reference of the path, or an ordinary block again when it is empty.
-  void setXref(const OdString& path, bool overlay = false);
-  bool isUnloaded() const { return unloaded_; } // the user does not want its drawing
-  void setIsUnloaded(bool unloaded);
-  // What came of the latest drawing::loadXrefs.
-  drawing::XrefStatus xrefStatus() const;
-  // The external drawing, which lives as long as this one holds it; null when it is not loaded. With
-  // `includeUnresolved` also the drawing that a cycle of references leads back to.
-  OdDbDatabase* xrefDatabase(bool includeUnresolved = false) const;
-  bool hasAttributeDefinitions() const; // constant ones included
-  OdDbObjectId getLayoutId() const { return layout_; }
-  void setLayoutId(OdDbObjectId layout);
-  const std::string& previewIcon() const { return preview_; } // bitmap bytes
+  const std::string& previewIcon() const { return preview_; }
   void setPreviewIcon(const std::string& bytes);
 
-  // Appending makes the entity resident and owned by this block. Throws OdError(eSelfReference) for a reference that
-  // would make the block contain itself.
-  OdDbObjectId appendOdDbEntity(OdDbEntity* entity);
-  OdDbObjectIteratorPtr newIterator(bool atBeginning = true, bool skipDeleted = true, bool sorted = false) const;
-  std::size_t numMembers() const { return members_.size(); } // erased ones included
-  // The contents in drawing order: the draw order table's where there is one, else order of addition.
-  std::vector<OdDbObjectId> drawOrder() const;
-  OdDbObjectId getSortentsTableId() const; // null when there is none
+  // Anonymous: the name begins with an asterisk ("*U12") and it is neither a space nor a layout. Layout: the block of
+  // model space or of a paper space layout.
+  bool isAnonymous() const;
+  bool isLayout() const;
+  // The layout whose entities the block contains; null for other blocks.
+  OdDbObjectId getLayoutId() const { return layout_; }
+  void setLayoutId(OdDbObjectId layout);
 
-  // References to this block anywhere in the drawing, erased ones excluded, in order of addition; without `directOnly`
-  // also those to the blocks that show it through others. The time goes with the references of these blocks, not with
-  // the drawing. The second one appends; every drawing is loaded whole, so `forceValidity` changes nothing.
+  // External references, overlays included. An overlay is ignored where its drawing is an external reference itself.
+  bool isFromExternalReference() const { return (flags_ & (kExternalReference | kOverlay)) != 0; }
+  bool isFromOverlayReference() const { return (flags_ & kOverlay) != 0; }
+  // Makes this an external reference to the file of that path, or an ordinary block if the path is empty.
+  void setXref(const OdString& path, bool overlay = false);
+  // Whether the user has unloaded the external reference; drawing::loadXrefs skips it then.
+  bool isUnloaded() const { return unloaded_; }
+  void setIsUnloaded(bool unloaded);
+  // Result of the latest drawing::loadXrefs for this block.
+  drawing::XrefStatus xrefStatus() const;
+  // The external drawing, owned by this one until the next drawing::loadXrefs; null if it is not loaded. With
+  // `includeUnresolved` also the drawing to which a cycle of references refers back.
+  OdDbDatabase* xrefDatabase(bool includeUnresolved = false) const;
+
+  // Makes a free entity resident, owned by this block, and lists it last; a resident one is only listed. Returns its
+  // id. Throws OdError: eSelfReference for a reference that would make the block contain itself, eNotInDatabase for a
+  // free block.
+  OdDbObjectId appendOdDbEntity(OdDbEntity* entity);
+  // Iterates from the first entity in order of addition; only `skipDeleted` has an effect.
+  OdDbObjectIteratorPtr newIterator(bool atBeginning = true, bool skipDeleted = true, bool sorted = false) const;
+  std::size_t numMembers() const { return members_.size(); } // erased entities included
+  bool hasAttributeDefinitions() const;                      // constant ones included, erased ones not
+  // Entities in draw order, bottom first, without erased ones: the order of the draw order table (id null if there is
+  // none), else order of addition.
+  std::vector<OdDbObjectId> drawOrder() const;
+  OdDbObjectId getSortentsTableId() const;
+
+  // References to this block anywhere in the drawing without erased ones, in order of addition; without `directOnly`
+  // also references to the blocks that contain it at any depth. The time depends on the references of these blocks, not
+  // on the size of the drawing. The second form appends and always returns eOk; `forceValidity` has no effect.
   OdDbObjectIdArray getBlockReferenceIds(bool directOnly = true) const;
   OdResult getBlockReferenceIds(OdDbObjectIdArray& ids, bool directOnly = true, bool forceValidity = false) const;
-  // Whether this is the target, or refers to it through any number of definitions. Each definition is visited once.
+  // Whether this is the target, or contains a reference to it at any depth. Each definition is visited once.
   bool leadsTo(OdDbObjectId target) const;
-  // Extents of the contents in block coordinates; invalid when nothing has any.
+  // Adds the extents of the contents in block coordinates; eNotApplicable if nothing has extents.
   OdResult getGeomExtents(OdGeExtents3d& extents) const;
 
+  // The BLOCK and ENDBLK entities.
   OdDbObjectId blockBeginId() const { return begin_; }
   OdDbObjectId blockEndId() const { return end_; }
 
-  // -- For the SDK's own machinery. --
+  // -- SDK internals. --
+
+  // List of the entities, erased ones included; adoptEntity appends a resident entity without further effects.
   drawing::IdList* memberList() override { return &members_; }
   const drawing::IdList& members() const { return members_; }
   void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
   void adoptEntity(OdDbObjectId id) { members_.push(id); }
   void afterLoad() override;
-  void adoptCopy(); // a copy has no ends and no layout of its own yet
+  // The BLOCK and ENDBLK entities and the layout of a copy: removed, set (null: unchanged), created if missing.
+  void adoptCopy();
   void adoptEnds(OdDbObjectId begin, OdDbObjectId end);
   void joinedTable() override { ensureEnds(); }
-  void ensureEnds(); // makes the BLOCK and ENDBLK objects when they are missing
-  // What files hold in the block's head instead of its table record.
+  void ensureEnds();
+  // Properties that files store in the BLOCK entity instead of the table record: a second name if it differs, and the
+  // flags as read, whose derived bits are recomputed when saving. takeHead merges them into the record after reading.
   static const drawing::Section& headSection();
-  OdString nameInHead_;        // a second name in the head, when it differs
-  std::int16_t headFlags_ = 0; // as read; bits that are derived are recomputed at save
+  OdString nameInHead_;
+  std::int16_t headFlags_ = 0;
   std::int16_t derivedFlags() const;
-  void takeHead(); // after reading: flags into flags_, no second name that is the first
+  void takeHead();
 
+  // Bits of the flags (group 70 of the BLOCK entity).
   static constexpr std::int16_t kAnonymousBit = 1, kHasAttributes = 2, kExternalReference = 4, kOverlay = 8;
 
-  // The references that ever showed this block, in no order and some of them more than once: those that show it now are
-  // among them. A block that nothing ever showed cannot be part of another, so adding references to it needs no walk
-  // over definitions.
+  // References that have ever referred to this block, in any order and possibly repeated; the present ones are among
+  // them. A block that was never referenced cannot be part of another one, so no cycle has to be searched when
+  // references are appended to it. noteShownBy records one.
   const std::vector<OdDbObjectId>& everShownBy() const { return everShownBy_.ids; }
   bool wasReferenced() const { return !everShownBy_.ids.empty(); }
   void noteShownBy(OdDbObjectId reference);
@@ -143,7 +166,7 @@ private:
     EverShownBy(const EverShownBy&) {}
     EverShownBy& operator=(const EverShownBy&) { return *this; }
     std::vector<OdDbObjectId> ids;
-    std::size_t distinct = 0; // when they were last made so
+    std::size_t distinct = 0; // number after duplicates were removed last
   };
 
   EverShownBy everShownBy_;
@@ -161,14 +184,14 @@ private:
   bool unloaded_ = false;
 };
 
-// The BLOCK entity in front of a block's contents.
+// The BLOCK entity before the contents of a block.
 class MVDRAWING_API OdDbBlockBegin : public OdDbEntity {
 public:
   ODDB_DECLARE_MEMBERS(OdDbBlockBegin);
   OdDbBlockBegin() = default;
 };
 
-// The ENDBLK entity behind them.
+// The ENDBLK entity after the contents of a block.
 class MVDRAWING_API OdDbBlockEnd : public OdDbEntity {
 public:
   ODDB_DECLARE_MEMBERS(OdDbBlockEnd);

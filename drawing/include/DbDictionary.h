@@ -1,4 +1,4 @@
-// Dictionaries, xrecords and the header.
+// Dictionaries, xrecords and the header of a drawing.
 #pragma once
 
 #include "DbObject.h"
@@ -11,34 +11,40 @@
 class OdDbDictionary;
 using OdDbDictionaryPtr = OdSmartPtr<OdDbDictionary>;
 
+// A dictionary: objects by name. Names are found without regard to case.
 class MVDRAWING_API OdDbDictionary : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbDictionary);
   OdDbDictionary() = default;
 
+  // A name and its object.
   struct Entry {
     OdString name;
     OdDbObjectId id;
   };
 
-  // Null id when there is none. Names are found without regard to case.
+  // The object of that name, null if there is none; erased objects are not found.
   OdDbObjectId getAt(const OdString& name) const;
   bool has(const OdString& name) const { return !getAt(name).isNull(); }
-  // Puts the object under that name (making it resident and owned when it is free); an older entry of the name gives
-  // way and its object is erased.
+  // Sets the object of a name. A free object becomes resident, owned by the dictionary; another object of the name is
+  // erased. Returns the id. Throws OdError(eNotInDatabase) for a free dictionary.
   OdDbObjectId setAt(const OdString& name, OdDbObject* object);
-  // Puts a resident object under that name without touching its owner.
+  // Sets the id of a name; neither object is changed.
   void setAt(const OdString& name, OdDbObjectId id);
-  OdDbObjectId remove(const OdString& name); // the object stays; its id, null when there was none
-  OdString nameAt(OdDbObjectId id) const;    // empty when it is no entry
+  // Removes the entry, not the object; returns its id, null if there was none.
+  OdDbObjectId remove(const OdString& name);
+  OdString nameAt(OdDbObjectId id) const; // empty if the object is not an entry
+  // Entries in order of addition, erased objects included.
   std::size_t numEntries() const { return entries_.size(); }
-  const std::vector<Entry>& entries() const { return entries_; } // in order of addition, erased objects included
+  const std::vector<Entry>& entries() const { return entries_; }
 
+  // Whether files store the entries as hard (group 360) or soft ownership (group 350).
   bool isTreatElementsAsHard() const { return hardOwner_; }
   void setTreatElementsAsHard(bool hard);
-  // OdDb::DuplicateRecordCloning as files hold it.
+  // OdDb::DuplicateRecordCloning as files store it (group 281).
   std::int16_t mergeStyle() const { return mergeStyle_; }
 
+  // -- SDK internals. --
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
   void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
@@ -48,38 +54,39 @@ public:
 
 private:
   struct Index;
-  const Index* index() const; // null while a walk over the entries is as quick
-  std::size_t
-  placeOf(const OdString& name) const; // of the first of that name; the number of entries when there is none
+  const Index* index() const; // null for few entries, where a search is as fast
+  // Index of the first entry of that name; the number of entries if there is none.
+  std::size_t placeOf(const OdString& name) const;
 
   std::vector<Entry> entries_;
   mutable drawing::Derived<Index> index_;
-  bool awaitsObject_ = false; // while reading: the object of the last entry comes next
+  bool awaitsObject_ = false; // reader state: the object of the last entry follows
   std::int16_t mergeStyle_ = 1;
   bool hardOwner_ = false;
 };
 
-// A dictionary with an entry for every name that it does not hold.
+// A dictionary with a default object for names that it does not contain.
 class MVDRAWING_API OdDbDictionaryWithDefault : public OdDbDictionary {
 public:
   ODDB_DECLARE_MEMBERS(OdDbDictionaryWithDefault);
   OdDbDictionaryWithDefault() = default;
-  OdDbObjectId defaultId() const { return default_; }
+  OdDbObjectId defaultId() const { return default_; } // getAt does not return it
 
 private:
   OdDbObjectId default_;
 };
 
-// A list of tagged values under a name.
+// A list of groups as an object.
 class MVDRAWING_API OdDbXrecord : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbXrecord);
   OdDbXrecord() = default;
+  // The groups as a chain of values, null if there are none; setting copies the chain, null removes all groups.
   OdResBufPtr rbChain() const;
   void setFromRbChain(const OdResBuf* chain);
   const drawing::GroupList& groups() const { return groups_; }
   drawing::GroupList& groupsForWrite();
-  std::int16_t mergeStyle() const { return mergeStyle_; }
+  std::int16_t mergeStyle() const { return mergeStyle_; } // as in files (group 280)
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
   void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
 
@@ -91,11 +98,12 @@ private:
 };
 using OdDbXrecordPtr = OdSmartPtr<OdDbXrecord>;
 
-// A variable of the drawing that is kept in the dictionary of variables.
+// A variable that is stored in the dictionary of variables instead of the header.
 class MVDRAWING_API OdDbDictionaryVar : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbDictionaryVar);
   OdDbDictionaryVar() = default;
+  // Value as text.
   const OdString& value() const { return value_; }
   void setValue(const OdString& value);
 
@@ -104,18 +112,21 @@ private:
   OdString value_;
 };
 
-// The drawing's header: variables in file order. Not part of any table; it has no handle.
+// The header of a drawing: variables in file order. It has no owner and no handle. OdDbDatabase has functions for
+// single variables.
 class MVDRAWING_API OdDbHeader : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbHeader);
   OdDbHeader() = default;
+  // A header variable.
   struct Variable {
     std::string name; // without the dollar sign
     drawing::GroupList groups;
   };
+  // Variables by exact name: find returns null if there is none, at creates it.
   const std::vector<Variable>& variables() const { return variables_; }
   const drawing::GroupList* find(std::string_view name) const;
-  drawing::GroupList& at(std::string_view name); // makes it
+  drawing::GroupList& at(std::string_view name);
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
 
 private:

@@ -10,9 +10,12 @@
 class OdDbSymbolTableRecord;
 using OdDbSymbolTableRecordPtr = OdSmartPtr<OdDbSymbolTableRecord>;
 
+// Iterates the records of a table in order of addition. Records added meanwhile are visited as well.
 class MVDRAWING_API OdDbSymbolTableIterator : public OdRxObject {
 public:
   ODRX_DECLARE_MEMBERS(OdDbSymbolTableIterator);
+  // Position, and the current record: a null id and pointer at the end; the pointer is null as well if the record does
+  // not open.
   OdDbSymbolTableIterator(OdDbObjectId table = OdDbObjectId(), bool skipErased = true) : walk_(table, skipErased) {}
   void start() { walk_.start(); }
   bool done() const { return walk_.done(); }
@@ -25,32 +28,41 @@ private:
 };
 using OdDbSymbolTableIteratorPtr = OdSmartPtr<OdDbSymbolTableIterator>;
 
-// A table: records in order of addition, found by name without regard to case. An erased record frees its name.
+// A symbol table: records in order of addition, found by name without regard to case. The name of an erased record is
+// free again. The kind of a table is set once, when it is created.
 class MVDRAWING_API OdDbSymbolTable : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbSymbolTable);
   OdDbSymbolTable() = default;
 
+  // Which of the nine tables this is.
   OdDb::SymbolTableKind kind() const { return static_cast<OdDb::SymbolTableKind>(kind_); }
   void setKind(OdDb::SymbolTableKind kind) { kind_ = static_cast<std::int16_t>(kind); }
 
-  // Null id when there is none. With `openErased` an erased record is found when no living one has the name.
+  // The record of that name, null if there is none. With `openErased` an erased record is found if no other has the
+  // name.
   OdDbObjectId getAt(const OdString& name, bool openErased = false) const;
   bool has(const OdString& name) const { return !getAt(name).isNull(); }
-  // Null id when a living record has that name already. An anonymous name ("*U", "*D" ...) is completed by the next
-  // free number.
+  // Makes the record resident, lists it last and adds its mandatory parts (the linetype of a layer, the ends of a
+  // block). Returns its id, or null, with nothing changed, if a record that is not erased has the name. In the block
+  // table an anonymous name of two characters ("*U", "*D") is completed by the next free number.
   OdDbObjectId add(OdDbSymbolTableRecord* record);
-  // The same without completing the record: what a clone needs comes along with it.
+  // The same without adding mandatory parts: those of a clone are cloned with it.
   OdDbObjectId addClone(OdDbSymbolTableRecord* record);
+  // Iterates from the first record; `atBeginning` has no effect.
   OdDbSymbolTableIteratorPtr newIterator(bool atBeginning = true, bool skipDeleted = true) const;
-  std::size_t numMembers() const { return members_.size(); } // erased ones included
+  std::size_t numMembers() const { return members_.size(); } // erased records included
   // A name that no record has: the given one, or with the first free of "-2", "-3" ... appended.
   OdString freeName(const OdString& wanted) const;
 
+  // -- SDK internals. --
+
+  // List of the records, erased ones included, and its changes: adopt lists a record that is resident already (false if
+  // the name is in use), replaceMember exchanges an id; nameChanges and memberErased update the index of names.
   drawing::IdList* memberList() override { return &members_; }
   const drawing::IdList& members() const { return members_; }
   void membersChanged() override { indexed_ = false; }
-  // For readers: takes a record that is resident already. False when the name is taken.
+
   bool adopt(OdDbSymbolTableRecord* record);
   void replaceMember(OdDbObjectId old, const OdDbSymbolTableRecord& fresh);
   void nameChanges(const OdDbSymbolTableRecord& record, const OdString& from, const OdString& to);
@@ -76,7 +88,7 @@ private:
     Index& operator=(const Index&) { return *this; }
     std::unordered_map<OdString, OdDbObjectId, FoldHash, FoldEqual> byName;
     std::unordered_map<OdString, unsigned, FoldHash, FoldEqual> lastAnonymous;
-    // Every lower number is taken; forgotten when a name goes.
+    // Every lower number is in use; dropped when a name becomes free.
     std::unordered_map<OdString, unsigned, FoldHash, FoldEqual> nextFree;
   };
   mutable Index index_;
@@ -84,28 +96,33 @@ private:
 };
 using OdDbSymbolTablePtr = OdSmartPtr<OdDbSymbolTable>;
 
+// A record of a symbol table.
 class MVDRAWING_API OdDbSymbolTableRecord : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbSymbolTableRecord);
   OdDbSymbolTableRecord() = default;
 
+  // Name. Setting throws OdError(eDuplicateRecordName) if another record of the table that is not erased has the name;
+  // the name is not checked otherwise (drawing::nameFault does that).
   const OdString& getName() const { return name_; }
-  // Throws OdError(eDuplicateRecordName) when another living record of the table has the name. No other name is
-  // refused here: which names a user may give is the commands' business.
   void setName(const OdString& name);
 
-  // Came from an external reference: its name is the reference's name, a vertical bar, its own name. Some files tell
-  // it by the name alone.
+  // Dependent: copied from an external reference, with the name of the reference, a vertical bar and its own name. Some
+  // files state this only by the name. Resolved and referenced are flags as read.
   bool isDependent() const;
   bool isResolved() const { return (flags_ & kResolved) != 0; }
   bool isReferenced() const { return (flags_ & kReferenced) != 0; }
 
+  // Flags as in files (group 70), whose other bits depend on the kind of record.
   std::int16_t flags() const { return flags_; }
   void setFlag(std::int16_t bit, bool on);
   std::string dxfName() const override;
-  OdDb::SymbolTableKind tableKind() const;
-  virtual void joinedTable() {} // called when a table has taken the record in
+  OdDb::SymbolTableKind tableKind() const; // the table that has records of this class; kNoTable for other classes
 
+  // Called when the record has been added to a table: adds mandatory parts.
+  virtual void joinedTable() {}
+
+  // Bits of flags() that all records have.
   static constexpr std::int16_t kDependent = 16, kResolved = 32, kReferenced = 64;
 
 protected:

@@ -1,10 +1,11 @@
-// Enumerations of the drawing database that several headers share. Values are part of the interface.
+// Enumerations of the drawing database that several headers use. Values are part of the interface.
 #pragma once
 
 #include <cstdint>
 
 namespace OdDb {
 
+// How an object is opened. kNotOpen is treated as kForRead.
 enum OpenMode { kNotOpen = -1, kForRead = 0, kForWrite = 1 };
 
 // Insertion units ($INSUNITS and the units of a block definition).
@@ -37,14 +38,14 @@ enum UnitsValue : std::int16_t {
   kUnitsMax = kUnitsUSSurveyMile
 };
 
-// What happens to a record of the target when a record of the same name is cloned into its drawing.
+// What happens when a record is cloned into a drawing that has a record of the same name.
 enum DuplicateRecordCloning {
   kDrcNotApplicable = 0,
-  kDrcIgnore = 1,  // the target's record stays and is used
-  kDrcReplace = 2, // the target's record keeps its id and takes over the source's properties and contents
+  kDrcIgnore = 1,  // the record of the target is used unchanged
+  kDrcReplace = 2, // the record of the target keeps its id and gets the properties and contents of the source
 };
 
-// Versions of drawing files, oldest first. The numbers stand in saved settings.
+// Versions of drawing files, oldest first. The numbers are stored in settings.
 enum DwgVersion : std::int32_t {
   kVersionUnknown = 0,
   kRelease10 = 13,
@@ -60,10 +61,10 @@ enum DwgVersion : std::int32_t {
   kNewestVersion = kRelease2018
 };
 
-// How one object holds another.
+// How one object refers to another: pointers and ownership, hard ones of which the object cannot do without.
 enum ReferenceType : std::uint8_t { kSoftPointerRef, kHardPointerRef, kSoftOwnershipRef, kHardOwnershipRef };
 
-// The nine symbol tables, in the order in which files hold them.
+// The nine symbol tables, in the order of DXF files.
 enum SymbolTableKind : std::uint8_t {
   kViewportTable,
   kLinetypeTable,
@@ -76,6 +77,7 @@ enum SymbolTableKind : std::uint8_t {
   kBlockTable,
   kNoTable
 };
+// Number of symbol tables.
 inline constexpr int kSymbolTableCount = kNoTable;
 
 } // namespace OdDb

@@ -9,7 +9,7 @@
 
 class OdRxClass;
 
-// Reasons. The numeric values are part of the interface: callers compare 0, 209 and 255 by number.
+// Result codes. The numeric values are part of the interface: callers compare 0, 209 and 255 by number.
 enum OdResult : int {
   eOk = 0,
   eNotImplementedYet = 1,
@@ -19,7 +19,7 @@ enum OdResult : int {
   eOutOfRange = 10,
   eNullObjectId = 20,
   eNullObjectPtr = 21,
-  eObjectDoesNotOpen = 22, // nothing stands behind the id
+  eObjectDoesNotOpen = 22, // the id has no object
   eWasErased = 23,
   eOnLockedLayer = 24,
   eNotOpenForWrite = 25,
@@ -43,16 +43,17 @@ enum OdResult : int {
   eDwgFileIsDamaged = 75,
   eDegenerateGeometry = 90,
   eNotApplicable = 120,
-  eCannotTransform = 209, // the kind of entity cannot take this matrix
+  eCannotTransform = 209, // the kind of entity does not accept this matrix
   eClassNotRegistered = 255,
 };
 
-// The English sentence for a reason.
+// English sentence for a result code; "Error N." for a number that is not one.
 MVDRAWING_API OdString odResultText(OdResult code);
 
-// Thrown for misuse: null pointers, changes to objects open for read, indices out of range.
+// Thrown for misuse: null pointers, changes to objects that are open for read, indices out of range.
 class MVDRAWING_API OdError : public std::exception {
 public:
+  // With the sentence of the code, with a text (the code is then eInvalidInput), or with both.
   explicit OdError(OdResult code);
   explicit OdError(const OdString& text);
   OdError(OdResult code, const OdString& text);
@@ -60,6 +61,7 @@ public:
   OdError& operator=(const OdError&);
   ~OdError() override;
 
+  // The code, and its text as a string and in UTF-8.
   OdResult code() const { return code_; }
   const OdString& description() const { return text_; }
   const char* what() const noexcept override { return utf8_.c_str(); }
@@ -70,9 +72,10 @@ private:
   std::string utf8_;
 };
 
-// A pointer was asked to be another class than its object is.
+// Thrown when a pointer is converted to a class that its object does not have.
 class MVDRAWING_API OdError_NotThatKindOfClass : public OdError {
 public:
+  // Class of the object, null if it is not known, and class that was wanted.
   OdError_NotThatKindOfClass(const OdRxClass* fromClass, const OdRxClass* toClass);
   ~OdError_NotThatKindOfClass() override;
   const OdRxClass* fromClass() const { return from_; }
@@ -83,9 +86,9 @@ private:
   const OdRxClass* to_;
 };
 
-// An array was read outside its bounds. The text is "Invalid Execution.".
+// Thrown for an index outside an array.
 class MVDRAWING_API OdError_InvalidIndex : public OdError {
 public:
-  OdError_InvalidIndex();
+  OdError_InvalidIndex(); // code eInvalidIndex, text "Invalid Execution."
   ~OdError_InvalidIndex() override;
 };

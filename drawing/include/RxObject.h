@@ -1,8 +1,9 @@
-// Run-time classes: the root of every counted object, class descriptors and their registry.
+// Run-time classes: the base of every counted object, class descriptors and their registry.
 //
-// Objects are counted by their smart pointers (SmartPtr.h). A class declares ODRX_DECLARE_MEMBERS in its body and
-// ODRX_DEFINE_MEMBERS (or the _ABSTRACT form) once in a source file; the descriptor enters the registry when the
-// library is loaded.
+// Objects are counted by their smart pointers (SmartPtr.h); the count is not atomic, so an object belongs to one thread
+// at a time. A class declares ODRX_DECLARE_MEMBERS in its body and ODRX_DEFINE_MEMBERS (or the _ABSTRACT form) once in
+// a source file; the descriptor is registered when the library is loaded and lives until the program ends. The registry
+// must not be changed while other threads use it.
 #pragma once
 
 #include "OdError.h"
@@ -17,24 +18,27 @@
 
 class OdRxClass;
 
+// Base of all counted objects. An object is deleted when its last pointer is released.
 class MVDRAWING_API OdRxObject {
 public:
   OdRxObject() = default;
-  OdRxObject(const OdRxObject&) {} // a copy starts with its own count
+  OdRxObject(const OdRxObject&) {} // a copy has its own count
   OdRxObject& operator=(const OdRxObject&) { return *this; }
   virtual ~OdRxObject();
 
+  // Every class has these: its descriptor; the object as this class or the protocol extension of this class, null for
+  // null and for others (see queryX); the descriptor of the object's class; whether that is `wanted` or derived from
+  // it.
   static OdRxClass* desc();
   static OdSmartPtr<OdRxObject> cast(const OdRxObject* object);
-
   virtual OdRxClass* isA() const;
-
-  // The object itself when it is of that class, else its class's protocol extension of that class, else null.
-  // The caller owns one reference of the answer.
-  virtual OdRxObject* queryX(const OdRxClass* wanted) const;
-
   bool isKindOf(const OdRxClass* wanted) const;
 
+  // The object itself if it is of that class, else the protocol extension of that class that its class has, else null.
+  // The caller owns one reference to the result.
+  virtual OdRxObject* queryX(const OdRxClass* wanted) const;
+
+  // Count of references; smart pointers call these.
   void addRef() const { ++references_; }
   void release() const {
     if (--references_ == 0)
@@ -43,7 +47,7 @@ public:
   std::uint32_t numRefs() const { return references_; }
 
 protected:
-  // Called when the last smart pointer lets go; the ordinary object ends itself.
+  // Called when the last reference is released: deletes the object.
   virtual void onLastRelease() const;
 
 private:
@@ -52,28 +56,33 @@ private:
 
 using OdRxObjectPtr = OdSmartPtr<OdRxObject>;
 
-// Describes a class: its name, its parent, how to make one, and the protocol extensions hung on it.
+// Descriptor of a class: its name, its parent, a function that creates an object, and its protocol extensions.
 class MVDRAWING_API OdRxClass : public OdRxObject {
 public:
   using Maker = OdRxObject* (*)();
 
+  // Registers itself. `parent` and `maker` may be null; the maker of an abstract class is. Descriptors are created by
+  // the ODRX_DEFINE macros and never destroyed.
   OdRxClass(const char* name, OdRxClass* parent, Maker maker, const char* dxfName);
   ~OdRxClass() override;
 
-  static OdRxClass* desc();
+  static OdRxClass* desc(); // descriptor of the class of descriptors
   OdRxClass* isA() const override;
 
+  // Names (the name in DXF files is empty for classes that files do not name), parent (null for OdRxObject), and
+  // whether the class is `other` or derived from it.
   const std::string& asciiName() const { return name_; }
-  const std::string& dxfName() const { return dxfName_; } // empty for classes that no file names
+  const std::string& dxfName() const { return dxfName_; }
   OdString name() const;
   OdRxClass* myParent() const { return parent_; }
   bool isDerivedFrom(const OdRxClass* other) const;
 
-  // A new object, or null when the class is abstract or was taken out of the registry.
+  // A new object; null if the class is abstract or was removed from the registry.
   OdRxObjectPtr create() const;
 
-  // Protocol extensions: one object a protocol class, inherited by derived classes unless they have their own.
-  // The class holds a reference to the extension. addX replaces and answers the old one; getX answers null when none.
+  // Protocol extensions: one object per protocol class, inherited by derived classes unless they have their own. The
+  // class holds a reference to the extension. addX replaces and returns the old one, delX removes and returns it; both
+  // return null if there was none. getX returns null if there is none; the caller does not own the result.
   OdRxObjectPtr addX(OdRxClass* protocol, OdRxObject* extension);
   OdRxObject* getX(const OdRxClass* protocol) const;
   OdRxObjectPtr delX(OdRxClass* protocol);
@@ -86,28 +95,33 @@ private:
   std::map<const OdRxClass*, OdRxObjectPtr> extensions_;
 };
 
-// All registered classes, by name.
+// All registered classes by name and by DXF name; names are case-sensitive.
 class MVDRAWING_API OdRxClassRegistry {
 public:
-  OdRxClass* find(std::string_view name) const; // null when there is none
+  // Look-up: null if there is none. remove makes create() of the class return null; objects that exist are not
+  // affected.
+  OdRxClass* find(std::string_view name) const;
   OdRxClass* findByDxfName(std::string_view dxfName) const;
   bool has(const OdRxClass* registered) const;
   void add(OdRxClass* registered);
-  void remove(const OdRxClass* registered); // its create() answers null from now on
+  void remove(const OdRxClass* registered);
 
 private:
   std::map<std::string, OdRxClass*, std::less<>> byName_;
   std::map<std::string, OdRxClass*, std::less<>> byDxfName_;
 };
 
+// The registry of the program; never destroyed.
 MVDRAWING_API OdRxClassRegistry& odrxClassDictionary();
 
+// Declares the members that every class has, in the class body.
 #define ODRX_DECLARE_MEMBERS(Class)                                                                                    \
   static OdRxClass* desc();                                                                                            \
   static OdSmartPtr<Class> cast(const OdRxObject* object);                                                             \
   static OdSmartPtr<Class> createObject();                                                                             \
   OdRxClass* isA() const override
 
+// Defines them in a source file; `maker` creates an object, null for abstract classes.
 #define ODRX_DEFINE_MEMBERS_WITH(Class, Base, maker, dxfName)                                                          \
   OdRxClass* Class::desc() {                                                                                           \
     static OdRxClass* const descriptor = new OdRxClass(#Class, Base::desc(), maker, dxfName);                          \
@@ -124,13 +138,14 @@ MVDRAWING_API OdRxClassRegistry& odrxClassDictionary();
   }                                                                                                                    \
   [[maybe_unused]] static OdRxClass* const registered##Class = Class::desc()
 
-// A class that can be made; dxfName is its record or entity name in drawing files, or "".
+// The same for a class that can be created; dxfName is its entity or record name in DXF files, or "".
 #define ODRX_DEFINE_MEMBERS(Class, Base, dxfName)                                                                      \
   ODRX_DEFINE_MEMBERS_WITH(Class, Base, ([]() -> OdRxObject* { return new Class; }), dxfName)
 
+// The same for an abstract class.
 #define ODRX_DEFINE_MEMBERS_ABSTRACT(Class, Base) ODRX_DEFINE_MEMBERS_WITH(Class, Base, nullptr, "")
 
-// queryX with the answer's type; null for a null object.
+// queryX with the type of the result; null for a null object.
 template <class T>
 T* odrxQueryX(const OdRxObject* object) {
   return object == nullptr ? nullptr : static_cast<T*>(object->queryX(T::desc()));

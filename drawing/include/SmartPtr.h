@@ -1,4 +1,4 @@
-// Counted pointers. Null is a value; following it throws OdError(eNullObjectPtr) instead of crashing.
+// Counted pointers. A pointer may be null; dereferencing null throws OdError(eNullObjectPtr).
 #pragma once
 
 #include "OdPlatform.h"
@@ -10,23 +10,28 @@
 class OdRxObject;
 class OdRxClass;
 
-enum OdRxObjMod { kOdRxObjAttach }; // take over the reference that the raw pointer already holds
+// Tag of a constructor: the smart pointer takes over a reference that the caller owns.
+enum OdRxObjMod { kOdRxObjAttach };
 
 namespace drawing {
+// Throw OdError(eNullObjectPtr) and OdError_NotThatKindOfClass.
 [[noreturn]] MVDRAWING_API void throwNullPointer();
 [[noreturn]] MVDRAWING_API void throwWrongClass(const OdRxObject* object, const OdRxClass* wanted);
 } // namespace drawing
 
+// Pointer to a counted object (OdRxObject), which lives as long as a pointer refers to it or its drawing owns it.
 template <class T>
 class OdSmartPtr {
 public:
   OdSmartPtr() = default;
+  // From null; from a raw pointer, adding a reference or (kOdRxObjAttach) taking over one of the caller.
   OdSmartPtr(std::nullptr_t) {}
   OdSmartPtr(T* object) : object_(object) { hold(); }
   OdSmartPtr(T* object, OdRxObjMod) : object_(object) {}
   OdSmartPtr(const OdSmartPtr& other) : object_(other.object_) { hold(); }
   OdSmartPtr(OdSmartPtr&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
-  // From a pointer to another class: checked when it is not a base of T, and then throws OdError_NotThatKindOfClass.
+  // From a pointer to another class: unless T is a base of it, the conversion is checked and throws
+  // OdError_NotThatKindOfClass for an object of another class. Null converts to null.
   template <class U, class = std::enable_if_t<!std::is_same_v<U, T>>>
   OdSmartPtr(const OdSmartPtr<U>& other) : object_(convert(other.get())) {
     hold();
@@ -46,6 +51,7 @@ public:
     return *this;
   }
 
+  // The object; get and the conversion to a raw pointer return null for null, -> and * throw OdError(eNullObjectPtr).
   T* get() const { return object_; }
   bool isNull() const { return object_ == nullptr; }
   T* operator->() const { return checked(); }
@@ -53,11 +59,11 @@ public:
   operator T*() const { return object_; }
   explicit operator bool() const { return object_ != nullptr; }
 
-  void release() {
+  void release() { // makes the pointer null
     letGo();
     object_ = nullptr;
   }
-  // Gives the reference to the caller.
+  // Makes the pointer null and gives its reference to the caller.
   T* detach() { return std::exchange(object_, nullptr); }
 
 private:

@@ -1,8 +1,9 @@
-// Places in a plane.
+// Points in a plane.
 #pragma once
 
 #include "Ge/GeVector2d.h"
 
+// A point in a plane.
 class MVDRAWING_API OdGePoint2d {
 public:
   double x = 0.0;
@@ -11,9 +12,11 @@ public:
   static const OdGePoint2d kOrigin;
 
   constexpr OdGePoint2d() = default;
+  // Of these coordinates; set returns the point.
   constexpr OdGePoint2d(double xx, double yy) : x(xx), y(yy) {}
   constexpr OdGePoint2d& set(double xx, double yy) { return *this = OdGePoint2d(xx, yy); }
 
+  // Points and vectors by coordinate; asVector is the vector from the origin.
   constexpr OdGePoint2d operator+(const OdGeVector2d& by) const { return {x + by.x, y + by.y}; }
   constexpr OdGePoint2d operator-(const OdGeVector2d& by) const { return {x - by.x, y - by.y}; }
   constexpr OdGeVector2d operator-(const OdGePoint2d& from) const { return {x - from.x, y - from.y}; }
@@ -21,6 +24,7 @@ public:
   constexpr OdGePoint2d& operator-=(const OdGeVector2d& by) { return *this = *this - by; }
   constexpr OdGeVector2d asVector() const { return {x, y}; }
 
+  // Distance; rotation counter-clockwise, in radians, returning the point; comparison with the tolerance for points.
   double distanceTo(const OdGePoint2d& other) const { return (*this - other).length(); }
   OdGePoint2d& rotateBy(double angleRad, const OdGePoint2d& about = kOrigin);
   bool isEqualTo(const OdGePoint2d& other, const OdGeTol& tol = OdGeTol()) const;

@@ -1,15 +1,18 @@
-// Constants, angles, and the object coordinates of drawing files.
+// Constants, angles, and object coordinate systems (OCS).
 #pragma once
 
 #include "Ge/GeMatrix3d.h"
 
+// Pi, 2 pi and pi / 2.
 inline constexpr double OdaPI = 3.14159265358979323846;
 inline constexpr double Oda2PI = 2 * OdaPI;
 inline constexpr double OdaPI2 = OdaPI / 2;
 
+// Conversion between degrees and radians.
 constexpr double OdaToRadian(double degrees) {
   return degrees * (OdaPI / 180.0);
 }
+// Conversion between degrees and radians.
 constexpr double OdaToDegree(double radians) {
   return radians * (180.0 / OdaPI);
 }
@@ -17,10 +20,12 @@ constexpr double OdaToDegree(double radians) {
 // The same direction in [0, 2 pi).
 MVDRAWING_API double odgeNormalizeAngle(double angleRad);
 
-// Points of a plane entity in its file are in the coordinates of the plane with its normal.
+// Conversion of a point between the OCS of a normal, in which files store planar entities, and world coordinates. The
+// axes of the OCS follow from the normal by the arbitrary axis algorithm of DXF files; the origins are the same.
 inline OdGePoint3d odgeOcsToWcs(const OdGePoint3d& pointOcs, const OdGeVector3d& normal) {
   return OdGeMatrix3d::planeToWorld(normal) * pointOcs;
 }
+// The inverse of odgeOcsToWcs.
 inline OdGePoint3d odgeWcsToOcs(const OdGePoint3d& pointWcs, const OdGeVector3d& normal) {
   return OdGeMatrix3d::worldToPlane(normal) * pointWcs;
 }

@@ -4,6 +4,7 @@
 #include "Ge/GeTol.h"
 #include "OdPlatform.h"
 
+// A vector in a plane.
 class MVDRAWING_API OdGeVector2d {
 public:
   double x = 0.0;
@@ -14,9 +15,11 @@ public:
   static const OdGeVector2d kYAxis;
 
   constexpr OdGeVector2d() = default;
+  // Of these coordinates; set returns the vector.
   constexpr OdGeVector2d(double xx, double yy) : x(xx), y(yy) {}
   constexpr OdGeVector2d& set(double xx, double yy) { return *this = OdGeVector2d(xx, yy); }
 
+  // Arithmetic by coordinate. Division by 0 gives infinite or undefined coordinates.
   constexpr OdGeVector2d operator+(const OdGeVector2d& other) const { return {x + other.x, y + other.y}; }
   constexpr OdGeVector2d operator-(const OdGeVector2d& other) const { return {x - other.x, y - other.y}; }
   constexpr OdGeVector2d operator-() const { return {-x, -y}; }
@@ -28,26 +31,33 @@ public:
   constexpr OdGeVector2d& operator/=(double divisor) { return *this = *this / divisor; }
   constexpr OdGeVector2d& negate() { return *this = -*this; }
 
+  // Products; the cross product is positive if `other` is counter-clockwise of this one.
   constexpr double dotProduct(const OdGeVector2d& other) const { return x * other.x + y * other.y; }
-  // Positive when other lies counter-clockwise of this.
-  constexpr double crossProduct(const OdGeVector2d& other) const { return x * other.y - y * other.x; }
-  constexpr OdGeVector2d perpVector() const { return {-y, x}; } // a quarter turn counter-clockwise
 
+  constexpr double crossProduct(const OdGeVector2d& other) const { return x * other.y - y * other.x; }
+  constexpr OdGeVector2d perpVector() const { return {-y, x}; } // rotated counter-clockwise by 90 degrees
+
+  // Square of the length, and the length.
   constexpr double lengthSqrd() const { return x * x + y * y; }
   double length() const;
-  // Of length 1; the zero vector stays.
+  // The vector with length 1; the zero vector and vectors that are not finite are unchanged.
   OdGeVector2d normal() const;
   OdGeVector2d& normalize() { return *this = normal(); }
 
-  double angle() const;                               // from the X axis, in [0, 2 pi)
+  // Angles in radians; 0 for zero vectors.
+  double angle() const;                               // counter-clockwise from the X axis, in [0, 2 pi)
   double angleTo(const OdGeVector2d& other) const;    // in [0, pi]
   double angleToCCW(const OdGeVector2d& other) const; // counter-clockwise, in [0, 2 pi)
-  OdGeVector2d& rotateBy(double angleRad);
-  OdGeVector2d& mirror(const OdGeVector2d& line); // in a line of that direction
 
+  // Rotate counter-clockwise, and reflect in a line of that direction; they return the vector.
+  OdGeVector2d& rotateBy(double angleRad);
+  OdGeVector2d& mirror(const OdGeVector2d& line);
+
+  // Comparison of lengths with the tolerance for vectors.
   bool isZeroLength(const OdGeTol& tol = OdGeTol()) const;
   bool isUnitLength(const OdGeTol& tol = OdGeTol()) const;
-  // Of zero vectors these three are false.
+  // Comparison of directions and of the vectors with the tolerance for vectors. The first three are false for zero
+  // vectors.
   bool isParallelTo(const OdGeVector2d& other, const OdGeTol& tol = OdGeTol()) const;
   bool isCodirectionalTo(const OdGeVector2d& other, const OdGeTol& tol = OdGeTol()) const;
   bool isPerpendicularTo(const OdGeVector2d& other, const OdGeTol& tol = OdGeTol()) const;
@@ -59,6 +69,7 @@ inline constexpr OdGeVector2d OdGeVector2d::kIdentity{0.0, 0.0};
 inline constexpr OdGeVector2d OdGeVector2d::kXAxis{1.0, 0.0};
 inline constexpr OdGeVector2d OdGeVector2d::kYAxis{0.0, 1.0};
 
+// The vector times a factor.
 constexpr OdGeVector2d operator*(double factor, const OdGeVector2d& vector) {
   return vector * factor;
 }

@@ -1,4 +1,4 @@
-// What reading, auditing and cloning tell about a drawing, and the limits they keep.
+// Reports of reading, auditing and cloning a drawing, and the limits of these operations.
 #pragma once
 
 #include "OdPlatform.h"
@@ -10,34 +10,36 @@
 
 namespace drawing {
 
+// Severity of an issue, in ascending order.
 enum class Severity : std::uint8_t {
-  Note,     // worth knowing, nothing is lost
-  Repaired, // something was mended or replaced
-  Lost,     // something could not be kept
-  Fatal     // there is no drawing left
+  Note,     // information; nothing is lost
+  Repaired, // something was repaired or replaced
+  Lost,     // something could not be preserved
+  Fatal     // the drawing cannot be used
 };
 
-// Codes are stable names such as "dxf.duplicate-handle"; scripts compare them.
+// A finding. Codes are stable names such as "dxf.duplicate-handle", which scripts compare. Texts are UTF-8.
 struct Issue {
   std::string code;
   Severity severity = Severity::Note;
-  std::uint64_t line = 0; // of the file, 1-based; 0 unknown; see isOffset
-  int groupCode = -1;     // -1 none
+  std::uint64_t line = 0; // line of the file from 1 on; 0: unknown; see isOffset
+  int groupCode = -1;     // -1: none
   std::uint64_t handle = 0;
   std::string section;   // HEADER, TABLES ...
-  std::string kind;      // the record's name in the file: LINE, LAYER ...
-  std::string found;     // one English sentence: what was found
-  std::string done;      // and what was done about it
-  bool isOffset = false; // a binary file: `line` is the offset of a byte
+  std::string kind;      // name of the record in the file: LINE, LAYER ...
+  std::string found;     // the finding as an English clause
+  std::string done;      // what was done about it
+  bool isOffset = false; // `line` is a byte offset in a binary file
 };
 
-// Ends of a reading: everything came in; everything came in but some of it was mended or lost; no drawing.
+// Result of reading: everything was read; everything was read, but some of it was repaired or lost; no drawing.
 enum class Outcome : std::uint8_t { Whole, Repaired, Refused };
 
+// A list of issues.
 class MVDRAWING_API Report {
 public:
-  // Counts of records: read as typed objects, kept as they are because their kind is not modelled, kept unread
-  // because something in them could not be understood, and dropped.
+  // Counts of records: read as typed objects, preserved because their kind is not modelled, preserved because something
+  // in them could not be parsed, and dropped.
   struct Account {
     std::size_t read = 0;
     std::size_t kept = 0;
@@ -45,10 +47,13 @@ public:
     std::size_t dropped = 0;
   };
 
+  // Issues in order of addition. Those beyond the limit (10,000 unless set) only count as suppressed.
   void add(Issue issue);
   const std::vector<Issue>& issues() const { return issues_; }
-  std::size_t suppressed() const { return suppressed_; } // issues beyond the limit, counted only
+  std::size_t suppressed() const { return suppressed_; }
   void limitMessages(std::size_t most) { most_ = most; }
+
+  // Outcome by the highest severity, suppressed issues included, and the stored issues of a code.
   Outcome outcome() const;
   bool has(const char* code) const;
   std::size_t count(const char* code) const;
@@ -62,16 +67,16 @@ private:
   Severity worst_ = Severity::Note;
 };
 
-// For people: "line 120, LINE 2F", empty when the issue has no place.
+// Location of an issue for people: "line 120, LINE 2F"; empty if the issue has none.
 MVDRAWING_API std::string placeOf(const Issue& issue);
-// One line: "line 120, LINE 2F: ... ; ...".
+// The issue in one line: "line 120, LINE 2F: ... ; ...".
 MVDRAWING_API std::string describe(const Issue& issue);
 
-// Limits of one job. Every number may be set; the defaults suit drawings of any honest size.
+// Limits of an operation. The defaults suit drawings of any reasonable size.
 struct Budget {
-  // Memory that the drawing's own data may take. 0: 64 MiB and a hundred times the file's size, but at most three
-  // quarters of the machine's memory. What a reading takes is reckoned from records, groups and texts, not measured: on
-  // real drawings the figure lies between what is taken and three times as much.
+  // Memory for the data of the drawing. 0: 64 MiB plus a hundred times the size of the file, but at most three quarters
+  // of the machine's memory. The memory that reading uses is estimated from records, groups and texts, not measured: on
+  // real drawings the estimate is between the actual amount and three times that.
   std::uint64_t bytes = 0;
   std::uint64_t objects = 200'000'000;
   std::uint32_t depth = 1000; // nesting of definitions: 1 for a block without references

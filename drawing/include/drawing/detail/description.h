@@ -1,9 +1,9 @@
-// Descriptions of classes: which members an object has and under which group codes files hold them.
+// Descriptions of classes: which members an object has and under which group codes files store them.
 //
 // A class is described once. Reading, writing, the canonical dump, the translation of references when objects are
-// cloned, and the search for whoever refers to an object all walk the same description. A class lists its sections
-// (the runs of groups behind a subclass marker); its base's sections come first. Whatever a file holds in a section
-// and no field describes is carried with the object and written back behind that section's fields.
+// cloned, and the search for references to an object all use the same description. A class lists its sections (the
+// groups after a subclass marker) after those of its base. Groups of a section that no field describes are preserved
+// with the object and written after the fields of that section.
 #pragma once
 
 #include "Ge/GePoint2d.h"
@@ -21,25 +21,31 @@ namespace drawing {
 struct Pair;
 class LoadContext;
 
+// Kind of a member's value.
 enum class FieldKind : std::uint8_t { Real, Int16, Int32, Int64, Bool, Text, Point3, Point2, Vector3, Reference };
 
+// A member of a class and its group. Fields are made by field() and the modifiers below.
 struct Field {
   using Address = void* (*)(OdDbObject&);
 
-  std::int16_t code = 0; // points: the code of x; y and z follow at +10 and +20
+  std::int16_t code = 0; // points: the code of x; y and z have it +10 and +20
   FieldKind kind = FieldKind::Real;
-  OdDb::SymbolTableKind byName = OdDb::kNoTable;    // a reference that files hold as a record's name
-  OdDb::SymbolTableKind maybeName = OdDb::kNoTable; // some files hold the record's name instead of its handle
+  OdDb::SymbolTableKind byName = OdDb::kNoTable;    // a reference that files store as the name of a record
+  OdDb::SymbolTableKind maybeName = OdDb::kNoTable; // some files store the name of the record instead of its handle
   OdDb::ReferenceType holds = OdDb::kHardPointerRef;
-  OdDb::DwgVersion since = OdDb::kRelease2000; // files of earlier versions do not have it
+  OdDb::DwgVersion since = OdDb::kRelease2000; // absent in files of earlier versions
   bool degrees = false;                        // radians in memory, degrees in files
-  bool optional = false;                       // not written when it equals the default
+  bool optional = false;                       // not written if it equals the default
   bool readOnly = false;  // read under this code, written under another (files of other programs use either)
-  bool elsewhere = false; // versions before `since` hold it in another place
+  bool elsewhere = false; // versions before `since` store it elsewhere
   double ifAbsent[3] = {0, 0, 0};
   Address at = nullptr;
 
-  // Modifiers, for use in descriptions.
+  // Modifiers: copies of the field with a property. angle: degrees in files. unless: not written if it equals that
+  // value, which absence means. otherwise: absence means that value, and it is always written. unlessEmpty: the same as
+  // unless for texts and null references. from: absent before that version. elsewhereBefore: stored elsewhere before
+  // that version. name, orName: stored as a record's name, or possibly so. ref: kind of reference. onlyRead: read under
+  // this code, written under another one.
   constexpr Field angle() const {
     return with([](Field& f) { f.degrees = true; });
   }
@@ -51,10 +57,10 @@ struct Field {
       f.ifAbsent[2] = z;
     });
   }
-  constexpr Field otherwise(double x) const { // what files without it mean; written all the same
+  constexpr Field otherwise(double x) const {
     return with([=](Field& f) { f.ifAbsent[0] = x; });
   }
-  constexpr Field unlessEmpty() const { return unless(0); } // texts, null references
+  constexpr Field unlessEmpty() const { return unless(0); }
   constexpr Field from(OdDb::DwgVersion version) const {
     return with([=](Field& f) { f.since = version; });
   }
@@ -86,6 +92,7 @@ private:
   }
 };
 
+// Kind of the values of a type.
 template <class T>
 constexpr FieldKind fieldKindOf() {
   if constexpr (std::is_same_v<T, double>)
@@ -110,15 +117,17 @@ constexpr FieldKind fieldKindOf() {
     return FieldKind::Int64;
 }
 
+// Class and type of a pointer to a member.
 template <class M>
 struct MemberOf;
+// The same, for pointers to members.
 template <class C, class T>
 struct MemberOf<T C::*> {
   using Class = C;
   using Type = T;
 };
 
-// field<&OdDbLine::start_>(10): the member start_ stands under codes 10, 20 and 30.
+// field<&OdDbLine::start_>(10): the member start_ is stored under codes 10, 20 and 30.
 template <auto Member>
 constexpr Field field(int code) {
   using Class = typename MemberOf<decltype(Member)>::Class;
@@ -129,33 +138,37 @@ constexpr Field field(int code) {
   return f;
 }
 
-// Visits references: may change the id in place (cloning translates them so).
+// Visits the references of an object.
 class MVDRAWING_API ReferenceVisitor {
 public:
   virtual ~ReferenceVisitor();
+  // Called for each reference; may change the id (cloning translates ids this way).
   virtual void visit(OdDbObjectId& id, OdDb::ReferenceType type) = 0;
 };
 
-// Of sections that only other programs write.
+// Version of sections that are read but never written.
 inline constexpr auto kNeverWritten = static_cast<OdDb::DwgVersion>(INT32_MAX);
 
+// The groups of an object after a subclass marker.
 struct Section {
-  const char* marker = ""; // the subclass marker; "" for none
+  const char* marker = ""; // subclass marker; "" for none
   std::vector<Field> fields;
 
-  // For lists and other shapes that no table of fields can describe. `read` is asked for every group that is no field
-  // and answers whether it took it; `write` writes what `read` takes. `first` says that write comes before the fields.
+  // For lists and other structures that fields cannot describe. `read` is called for each group that is not a field and
+  // returns whether it has consumed it; `write` writes what `read` consumes, before the fields if `writeFirst` is set.
   bool (*read)(OdDbObject&, const Pair&, LoadContext&) = nullptr;
   void (*write)(const OdDbObject&, GroupSink&) = nullptr;
   bool writeFirst = false;
-  OdDb::DwgVersion since = OdDb::kRelease2000; // older files have no such section
-  const char* alias = "";                      // a marker that some files have in its place
+  OdDb::DwgVersion since = OdDb::kRelease2000; // absent in files of earlier versions
+  const char* alias = "";                      // marker that some files have instead
 };
 
+// The sections of a class. A description is immutable and lives until the program ends.
 class MVDRAWING_API Description {
 public:
+  // `base`: the description of the base class, null for none; it must outlive this one.
   Description(const Description* base, std::initializer_list<Section> own);
-  const std::vector<const Section*>& sections() const { return sections_; } // the base's first
+  const std::vector<const Section*>& sections() const { return sections_; } // those of the base first
 
 private:
   std::vector<Section> own_;

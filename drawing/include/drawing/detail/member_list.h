@@ -1,7 +1,7 @@
-// The member list of a container (a table's records, a block's entities): grows at its end only.
+// The member list of a container (records of a table, entities of a block): grows at its end only.
 //
-// The list is part of the container's identity, not of its state: undo keeps its length instead of copying it, so
-// adding to a block of a million entities costs what it adds. Erased members stay in the list and are passed over.
+// The list is part of the container's identity, not of its state: undo records its length instead of copying it, so
+// adding to a block of a million entities costs only what is added. Erased members stay in the list and are skipped.
 #pragma once
 
 #include "DbObjectId.h"
@@ -11,20 +11,22 @@
 
 namespace drawing {
 
+// The list. Copies are empty, and assigning changes nothing.
 class IdList {
 public:
   IdList() = default;
   IdList(const IdList&) {}
   IdList& operator=(const IdList&) { return *this; }
 
+  // Access and growth; indices are not checked.
   std::size_t size() const { return ids_.size(); }
   OdDbObjectId operator[](std::size_t i) const { return ids_[i]; }
   const std::vector<OdDbObjectId>& ids() const { return ids_; }
   void push(OdDbObjectId id) { ids_.push_back(id); }
   void reserve(std::size_t count) { ids_.reserve(count); }
-  // `fresh` takes the place of `old`.
+  // Puts `fresh` in the position of `old`.
   void replace(OdDbObjectId old, OdDbObjectId fresh) { std::replace(ids_.begin(), ids_.end(), old, fresh); }
-  // Cuts the list and answers what stood behind.
+  // Shortens the list to that length, which must not exceed its own, and returns the ids that were after it.
   std::vector<OdDbObjectId> cut(std::size_t length) {
     const auto from = ids_.begin() + static_cast<std::ptrdiff_t>(length);
     std::vector<OdDbObjectId> tail(from, ids_.end());
@@ -32,20 +34,25 @@ public:
     return tail;
   }
 
-  std::uint32_t undoMark = 0; // the undo group that already knows the list's length
+  std::uint32_t undoMark = 0; // the undo group that already has the length of the list
 
 private:
   std::vector<OdDbObjectId> ids_;
 };
 
-// Walks a container in order of addition. Members added during the walk are met too.
+// Iterates a container in order of addition. Members added meanwhile are visited as well; a member that is erased while
+// it is the current one remains so.
 class MVDRAWING_API ObjectIterator {
 public:
+  // Position: start goes to the first member. done is true at the end, for a container that does not exist and for an
+  // object that is not a container.
   ObjectIterator(OdDbObjectId container, bool skipErased);
   bool done() const;
   void start();
   void step();
-  OdDbObjectId objectId() const; // null when done
+
+  // The current member; null at the end. The pointer is null as well if it does not open.
+  OdDbObjectId objectId() const;
   OdDbObjectPtr object(OdDb::OpenMode mode = OdDb::kForRead, bool openErased = false) const;
 
 private:

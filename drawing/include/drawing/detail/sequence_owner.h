@@ -1,37 +1,40 @@
-// Entities that stand before a sequence of others: the attributes of a reference, the vertices of a polyline.
+// Entities that own a sequence of others: the attributes of a block reference, the vertices of a polyline.
 #pragma once
 
 #include "DbEntity.h"
 
 #include <vector>
 
-// What owners of sequences share beside being entities. Parts live, move and are erased with their owner.
+// Mixin of entities that own a sequence. The parts are transformed, cloned and erased with their owner.
 class MVDRAWING_API OdDbSequenceOwner {
 public:
   virtual ~OdDbSequenceOwner();
-  const std::vector<OdDbObjectId>& subEntities() const { return parts_; } // in file order, erased ones included
-  OdDbObjectId sequenceEndId() const { return end_; }                     // null when it has none
-  // For readers: takes a resident part (or the end of the sequence) as its own.
+  // Parts in file order, erased ones included, and the SEQEND entity, null if there is none.
+  const std::vector<OdDbObjectId>& subEntities() const { return parts_; }
+  OdDbObjectId sequenceEndId() const { return end_; }
+  // For readers: lists a resident part, or sets the SEQEND entity.
   void adoptSubEntity(OdDbObjectId id, bool isEnd);
-  // Makes the sequence's end when there is none. `owner` is this object.
+  // Creates the SEQEND entity on the layer of the owner if there is none. `owner` is this object.
   void ensureEnd(OdDbEntity& owner);
 
 protected:
-  // Makes the part resident when it is free, and the sequence's end when there is none. Owners that are not resident
-  // throw OdError(eNotInDatabase).
+  // Lists a part, which becomes resident if it is free, and creates the SEQEND entity if there is none. Throws OdError:
+  // eNullObjectPtr for null, eNotOpenForWrite, eNotInDatabase for a free owner.
   OdDbObjectId appendPart(OdDbEntity& owner, OdDbEntity* part);
-  // All living parts move, or none of them: then the reason. Locked layers of the parts do not hold them back.
+  // Transforms all parts that are not erased, or none of them and returns the reason. Locked layers of parts do not
+  // matter.
   OdResult transformParts(const OdGeMatrix3d& matrix) const;
+  // The parts and the SEQEND entity for ownedObjects and visitReferences; dropLostParts removes null ids after cloning.
   void listParts(std::vector<OdDbObjectId>& ids) const;
   void visitParts(drawing::ReferenceVisitor& visitor);
-  void dropLostParts(); // those that cloning left behind
+  void dropLostParts();
 
 private:
   std::vector<OdDbObjectId> parts_;
   OdDbObjectId end_;
 };
 
-// The end of a sequence of attributes or vertices.
+// The SEQEND entity after a sequence of attributes or vertices.
 class MVDRAWING_API OdDbSequenceEnd : public OdDbEntity {
 public:
   ODDB_DECLARE_MEMBERS(OdDbSequenceEnd);
