@@ -1,4 +1,4 @@
-// Attribute definitions, and the attributes that block references carry.
+// Attribute definitions, and the attributes of block references.
 #pragma once
 
 #include "DbMText.h"
@@ -12,10 +12,13 @@ struct AttributeTextBefore2018;
 class OdDbAttributeDefinition;
 class OdDbXrecord;
 
-// What definitions and attributes share.
+// Common base of definitions and attributes. Accepts every invertible matrix, multiline ones only those that keep
+// shapes in the plane of their text.
 class MVDRAWING_API OdDbAttributeBase : public OdDbText {
 public:
   ODRX_DECLARE_MEMBERS(OdDbAttributeBase);
+  // Tag; flags; length of the field in characters (0: not stated); whether the attribute keeps its position in the
+  // block. Values are not checked: names::checkAttributeTag and its like belong to commands.
   const OdString& tag() const { return tag_; }
   void setTag(const OdString& tag);
   bool isInvisible() const { return (attributeFlags_ & kInvisible) != 0; }
@@ -27,43 +30,47 @@ public:
   bool lockPositionInBlock() const { return lockPosition_; }
   void setLockPositionInBlock(bool on);
 
-  // Of a multi-line attribute, the contents of its text, formatting codes included.
+  // Value, of a definition the default value. For a multiline attribute it is the contents of its text with formatting
+  // codes.
   OdString textString() const override;
   void setTextString(const OdString& text) override;
 
-  // Multi-line text of the attribute. Single-line attributes have none.
+  // Multiline text. getMTextAttribute returns a free copy, null for single-line attributes. setMTextAttribute copies
+  // the text and sets its contents as the value; null makes the attribute single-line.
   bool isMTextAttribute() const;
-  OdDbMTextPtr getMTextAttribute() const; // a free copy; null when there is none
-  // Takes a copy, and its contents as the text string; null makes the attribute a single-line one.
+  OdDbMTextPtr getMTextAttribute() const;
   void setMTextAttribute(const OdDbMText* text);
 
+  // -- SDK internals. --
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
-
-  // -- For the SDK's own machinery. --
+  // Multiline text in the form of files before 2018, which store it in an xrecord of the extension dictionary, and the
+  // move between that and the attribute. For resident attributes that are open for write.
   std::optional<drawing::AttributeTextBefore2018> textBefore2018() const;
   bool hasTextInRecord() const { return mtextRecord() != nullptr; }
-  // Changes between the places of the text. For resident attributes that are open for write.
   void moveTextToRecord();
   void moveTextIntoAttribute();
 
+  // Bits of the flags (group 70).
   static constexpr std::int16_t kInvisible = 1, kConstant = 2, kVerify = 4, kPreset = 8;
 
 protected:
   OdDbAttributeBase() = default;
-  // The multi-line text moves along, so matrices that it cannot take are refused.
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  // Transforms the text and its multiline text. `nearest`: a matrix that multiline text does not accept is replaced by
+  // the nearest one that keeps its characters upright.
   OdResult transformAll(const OdGeMatrix3d& matrix, bool nearest);
+  // Groups that no member describes.
   static bool readRest(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
   static void writeRest(const OdDbObject& object, drawing::GroupSink& sink);
-  void setAttributeFlag(std::int16_t bit, bool on);
+  void setAttributeFlag(std::int16_t bit, bool on); // one of the bits above
 
   OdString tag_;
   std::int16_t attributeFlags_ = 0;
   std::int16_t fieldLength_ = 0;
   std::int16_t version_ = 0;
   bool lockPosition_ = false;
-  // What the section holds besides, in file order. Behind a group 101 stands the multi-line text; older files have
-  // it in a record of the extension dictionary.
+  // All other groups of the subclass in file order. The multiline text follows a group 101; files before 2018 store it
+  // in an xrecord of the extension dictionary.
   drawing::GroupList rest_;
 
 private:
@@ -71,10 +78,12 @@ private:
   virtual std::int16_t mtextFlag() const = 0;
 };
 
+// An attribute definition in a block. Its position is in block coordinates.
 class MVDRAWING_API OdDbAttributeDefinition : public OdDbAttributeBase {
 public:
   ODDB_DECLARE_MEMBERS(OdDbAttributeDefinition);
   OdDbAttributeDefinition() = default;
+  // Prompt for the value, and further properties; the functions for multiline text are those of the base.
   const OdString& prompt() const { return prompt_; }
   void setPrompt(const OdString& prompt);
   void setConstant(bool on) { setAttributeFlag(kConstant, on); }
@@ -91,14 +100,16 @@ private:
 };
 using OdDbAttributeDefinitionPtr = OdSmartPtr<OdDbAttributeDefinition>;
 
+// An attribute of a block reference. Its position is in the coordinates of the block that contains the reference.
 class MVDRAWING_API OdDbAttribute : public OdDbAttributeBase {
 public:
   ODDB_DECLARE_MEMBERS(OdDbAttribute);
   OdDbAttribute() = default;
 
-  // Copies all properties of the definition with its default text, and moves the attribute from the definition's
-  // place in the block to where `blockTransform` puts it.
-  // Where that would change the shape of multi-line text, its letters stay upright on the line they belong on.
+  // Copies all properties of the definition with its default value, and transforms the attribute by `blockTransform`
+  // from block coordinates to those of the reference's block. Where that would change the shape of multiline text, its
+  // characters stay upright on their line. Throws OdError(eNullObjectPtr) for a null definition. The definition should
+  // be of the same drawing.
   void setAttributeFromBlock(const OdDbAttributeDefinition* definition, const OdGeMatrix3d& blockTransform);
 
 private:

@@ -31,7 +31,7 @@ struct FileFacts {
   bool binary = false;
   std::string codePage = "ANSI_1252"; // as the file names it
   std::vector<std::string> comments;  // comment lines at the top of the file
-  std::string path;                   // file that it was read from or saved to, UTF-8; empty for a new drawing
+  std::string path;                   // file that it was read from or saved to; empty for a new drawing
 };
 
 // A section of the file that is preserved as a whole (CLASSES, THUMBNAILIMAGE, ACDSDATA and any other).

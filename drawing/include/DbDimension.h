@@ -1,8 +1,8 @@
-// Dimensions. Their picture is an anonymous block of its own, which this SDK neither makes nor moves.
+// Dimensions. A dimension is drawn by an anonymous dimension block (*D), which setters neither create nor update.
 //
-// Points that these functions take and answer are world coordinates; angles are radians. transformBy takes matrices
-// that keep shapes in the dimension's plane. It moves the definition points and leaves the horizontal rotation alone:
-// that one follows the user coordinate system, and whoever moves dimensions into another system sets it.
+// Points are world coordinates, lengths drawing units, angles radians. Setters store the value unchecked. transformBy
+// accepts matrices that keep shapes in the plane of the dimension; it moves the definition points and the contents of
+// the anonymous block. It does not change the horizontal rotation, which follows the user coordinate system.
 #pragma once
 
 #include "DbEntity.h"
@@ -12,48 +12,58 @@ namespace drawing {
 class PlaneMap;
 }
 
+// Base class of dimensions.
 class MVDRAWING_API OdDbDimension : public OdDbEntity {
 public:
   ODRX_DECLARE_MEMBERS(OdDbDimension);
-  OdDbObjectId dimBlockId() const { return block_; } // its picture; null when it has none
+  // Dimension block, null if there is none; dimension style; text, which is the measurement if it is empty ("<>" in it
+  // is replaced by the measurement).
+  OdDbObjectId dimBlockId() const { return block_; }
   void setDimBlockId(OdDbObjectId value);
   OdDbObjectId dimensionStyle() const { return style_; }
   void setDimensionStyle(OdDbObjectId value);
-  const OdString& dimensionText() const { return text_; } // empty: the measurement
+  const OdString& dimensionText() const { return text_; }
   void setDimensionText(const OdString& value);
-  OdGePoint3d textPosition() const; // the middle of the text
+
+  // Middle of the text; rotation of the text against its usual direction; direction of the user coordinate system's x
+  // axis in the plane of the dimension; normal of the plane. Setting the normal keeps the OCS coordinates of the text
+  // position, so it moves it in the world.
+  OdGePoint3d textPosition() const;
   void setTextPosition(const OdGePoint3d& point);
-  double textRotation() const { return textRotation_; } // away from its usual direction
+  double textRotation() const { return textRotation_; }
   void setTextRotation(double value);
   double horizontalRotation() const { return horizontalRotation_; }
   void setHorizontalRotation(double value);
   OdGeVector3d normal() const { return normal_; }
   OdGeVector3d planeNormal() const override { return normal_; }
-  void setNormal(const OdGeVector3d& value);             // the text position keeps its numbers in the plane's own frame
-  double getMeasurement() const { return measurement_; } // as its last program measured it
+  void setNormal(const OdGeVector3d& value);
 
+  // Measurement as the file states it, a length or an angle; -1 if it does not. Setters do not update it.
+  double getMeasurement() const { return measurement_; }
+
+  // World extents of the definition points and the text position, without the dimension block. Always eOk.
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
   void movedParts(std::vector<OdDbObjectId>& ids) const override;
 
 protected:
-  explicit OdDbDimension(std::int16_t type) : type_(type) {}
-  static const drawing::Section& dimensionSection();
+  explicit OdDbDimension(std::int16_t type) : type_(type) {} // kind as in files (group 70)
+  static const drawing::Section& dimensionSection();         // groups that all dimensions have
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
   using PointList = std::vector<OdGePoint3d*>;
-  // The kind's own points in world coordinates, and those in the frame of the plane.
+  // Points of the kind in world coordinates, and those in the OCS.
   virtual PointList worldPoints() = 0;
   virtual PointList planePoints() { return {}; }
-  // What else turns and grows.
+  // Transforms the angles and lengths of the kind.
   virtual void moveRest(const drawing::PlaneMap&) {}
-  void movePicture(const OdGeMatrix3d& matrix);
+  void movePicture(const OdGeMatrix3d& matrix); // transforms the contents of the dimension block
   virtual bool measuresAngle() const { return false; }
 
   OdDbObjectId block_;
   OdDbObjectId style_;
   OdString text_;
-  OdGePoint3d definition_;   // of the dimension line or arc
-  OdGePoint3d textPosition_; // in the plane's frame
+  OdGePoint3d definition_;   // point of the dimension line or arc
+  OdGePoint3d textPosition_; // OCS
   OdGeVector3d normal_{0, 0, 1};
   double textRotation_ = 0;
   double horizontalRotation_ = 0;
@@ -66,42 +76,47 @@ protected:
 };
 using OdDbDimensionPtr = OdSmartPtr<OdDbDimension>;
 
-// What aligned and rotated dimensions share.
+// Common base of aligned and rotated dimensions.
 class MVDRAWING_API OdDbLinearDimension : public OdDbDimension {
 public:
   ODRX_DECLARE_MEMBERS(OdDbLinearDimension);
+  // Origins of the extension lines, a point of the dimension line, and the angle of the extension lines against the
+  // dimension line (0: perpendicular).
   OdGePoint3d xLine1Point() const { return first_; }
   OdGePoint3d xLine2Point() const { return second_; }
   OdGePoint3d dimLinePoint() const { return definition_; }
   void setXLine1Point(const OdGePoint3d& value);
   void setXLine2Point(const OdGePoint3d& value);
   void setDimLinePoint(const OdGePoint3d& value);
-  double oblique() const { return oblique_; } // of the extension lines
+  double oblique() const { return oblique_; }
   void setOblique(double value);
 
 protected:
   using OdDbDimension::OdDbDimension;
-  static drawing::Section linearSection();
+  static drawing::Section linearSection(); // groups that both kinds have
   PointList worldPoints() override { return {&definition_, &first_, &second_}; }
   void moveRest(const drawing::PlaneMap& map) override;
 
   OdGePoint3d first_, second_;
-  OdGePoint3d insertion_; // of the picture, in the plane's frame
+  OdGePoint3d insertion_; // insertion point of the dimension block, OCS
   double oblique_ = 0;
 };
 
+// Measures the distance of two points.
 class MVDRAWING_API OdDbAlignedDimension : public OdDbLinearDimension {
 public:
   ODDB_DECLARE_MEMBERS(OdDbAlignedDimension);
-  OdDbAlignedDimension() : OdDbLinearDimension(1) {}
+  OdDbAlignedDimension() : OdDbLinearDimension(1) {} // all points at the origin
 };
 using OdDbAlignedDimensionPtr = OdSmartPtr<OdDbAlignedDimension>;
 
+// Measures the distance of two points along a direction.
 class MVDRAWING_API OdDbRotatedDimension : public OdDbLinearDimension {
 public:
   ODDB_DECLARE_MEMBERS(OdDbRotatedDimension);
-  OdDbRotatedDimension() : OdDbLinearDimension(0) {}
-  double rotation() const { return rotation_; } // of the dimension line
+  OdDbRotatedDimension() : OdDbLinearDimension(0) {} // all points at the origin, horizontal
+  // Angle of the dimension line against the OCS x axis.
+  double rotation() const { return rotation_; }
   void setRotation(double value);
 
 protected:
@@ -112,15 +127,17 @@ private:
 };
 using OdDbRotatedDimensionPtr = OdSmartPtr<OdDbRotatedDimension>;
 
-// What the two kinds of angular dimensions share. Their points are known by the group codes of files.
+// Common base of angular dimensions. The comments give the DXF group codes of the points.
 class MVDRAWING_API OdDbAngularDimension : public OdDbDimension {
 public:
   ODRX_DECLARE_MEMBERS(OdDbAngularDimension);
-  OdGePoint3d definitionPoint() const { return definition_; } // 10
-  OdGePoint3d xLine1Point() const { return first_; }          // 13
-  OdGePoint3d xLine2Point() const { return second_; }         // 14
-  OdGePoint3d centerPoint() const { return third_; }          // 15: of two lines the start of the second
-  OdGePoint3d arcPoint() const;                               // 16
+  // Three points: 13 and 14 are the ends of the sides, 15 the vertex, 10 a point of the dimension arc. Two lines: 13
+  // and 14 are the ends of the first line, 15 and 10 those of the second, 16 a point of the dimension arc.
+  OdGePoint3d definitionPoint() const { return definition_; } // group 10
+  OdGePoint3d xLine1Point() const { return first_; }          // group 13
+  OdGePoint3d xLine2Point() const { return second_; }         // group 14
+  OdGePoint3d centerPoint() const { return third_; }          // group 15
+  OdGePoint3d arcPoint() const;                               // group 16
   void setDefinitionPoint(const OdGePoint3d& value);
   void setXLine1Point(const OdGePoint3d& value);
   void setXLine2Point(const OdGePoint3d& value);
@@ -130,32 +147,36 @@ public:
 
 protected:
   using OdDbDimension::OdDbDimension;
-  static drawing::Section angularSection(const char* marker);
+  static drawing::Section angularSection(const char* marker); // groups that both kinds have
   PointList worldPoints() override { return {&definition_, &first_, &second_, &third_}; }
   PointList planePoints() override { return {&arc_}; }
   bool measuresAngle() const override { return true; }
 
 private:
   OdGePoint3d first_, second_, third_;
-  OdGePoint3d arc_; // in the plane's frame
+  OdGePoint3d arc_; // OCS
 };
 
+// Measures the angle between two lines.
 class MVDRAWING_API OdDb2LineAngularDimension : public OdDbAngularDimension {
 public:
   ODDB_DECLARE_MEMBERS(OdDb2LineAngularDimension);
-  OdDb2LineAngularDimension() : OdDbAngularDimension(2) {}
+  OdDb2LineAngularDimension() : OdDbAngularDimension(2) {} // all points at the origin
 };
 
+// Measures the angle at a vertex.
 class MVDRAWING_API OdDb3PointAngularDimension : public OdDbAngularDimension {
 public:
   ODDB_DECLARE_MEMBERS(OdDb3PointAngularDimension);
-  OdDb3PointAngularDimension() : OdDbAngularDimension(5) {}
+  OdDb3PointAngularDimension() : OdDbAngularDimension(5) {} // all points at the origin
 };
 
-// Of a radius: from the centre (definition point) to the chord point. Of a diameter: from one to the other.
+// Common base of radial and diametric dimensions. Radius: the definition point is the centre, the chord point is on the
+// circle. Diameter: both are on the circle, opposite to each other.
 class MVDRAWING_API OdDbRoundDimension : public OdDbDimension {
 public:
   ODRX_DECLARE_MEMBERS(OdDbRoundDimension);
+  // The points, and the length of the leader beyond the chord point.
   OdGePoint3d definitionPoint() const { return definition_; }
   OdGePoint3d chordPoint() const { return chord_; }
   double leaderLength() const { return leaderLength_; }
@@ -166,7 +187,7 @@ public:
 
 protected:
   using OdDbDimension::OdDbDimension;
-  static drawing::Section roundSection(const char* marker);
+  static drawing::Section roundSection(const char* marker); // groups that both kinds have
   PointList worldPoints() override { return {&definition_, &chord_}; }
   void moveRest(const drawing::PlaneMap& map) override;
 
@@ -175,22 +196,26 @@ private:
   double leaderLength_ = 0;
 };
 
+// Measures a radius.
 class MVDRAWING_API OdDbRadialDimension : public OdDbRoundDimension {
 public:
   ODDB_DECLARE_MEMBERS(OdDbRadialDimension);
-  OdDbRadialDimension() : OdDbRoundDimension(4) {}
+  OdDbRadialDimension() : OdDbRoundDimension(4) {} // all points at the origin
 };
 
+// Measures a diameter.
 class MVDRAWING_API OdDbDiametricDimension : public OdDbRoundDimension {
 public:
   ODDB_DECLARE_MEMBERS(OdDbDiametricDimension);
-  OdDbDiametricDimension() : OdDbRoundDimension(3) {}
+  OdDbDiametricDimension() : OdDbRoundDimension(3) {} // all points at the origin
 };
 
+// Measures the x or y distance of a feature from an origin.
 class MVDRAWING_API OdDbOrdinateDimension : public OdDbDimension {
 public:
   ODDB_DECLARE_MEMBERS(OdDbOrdinateDimension);
-  OdDbOrdinateDimension() : OdDbDimension(6) {}
+  OdDbOrdinateDimension() : OdDbDimension(6) {} // all points at the origin, measuring y
+  // Origin, feature, end of the leader, and whether x is measured.
   OdGePoint3d origin() const { return definition_; }
   OdGePoint3d definingPoint() const { return feature_; }
   OdGePoint3d leaderEndPoint() const { return leaderEnd_; }
@@ -206,11 +231,12 @@ private:
   OdGePoint3d feature_, leaderEnd_;
 };
 
-// Of the length of an arc.
+// Measures the length of an arc.
 class MVDRAWING_API OdDbArcDimension : public OdDbDimension {
 public:
   ODDB_DECLARE_MEMBERS(OdDbArcDimension);
-  OdDbArcDimension() : OdDbDimension(5) {}
+  OdDbArcDimension() : OdDbDimension(5) {} // all points at the origin
+  // A point of the dimension arc, the ends of the arc, and its centre.
   OdGePoint3d arcPoint() const { return definition_; }
   OdGePoint3d xLine1Point() const { return first_; }
   OdGePoint3d xLine2Point() const { return second_; }
@@ -222,25 +248,26 @@ protected:
 
 private:
   OdGePoint3d first_, second_, center_, leaderStart_, leaderEnd_;
-  double startAngle_ = 0, endAngle_ = 0; // of a part of an arc; radians in files too
+  double startAngle_ = 0, endAngle_ = 0; // of a part of an arc; radians in files as well
   bool isPart_ = false, hasLeader_ = false;
 };
 
-// Of the radius of a great arc, with a jog, from a centre of its own choice.
+// Measures the radius of a large arc, with a jog and a replaced centre.
 class MVDRAWING_API OdDbRadialDimensionLarge : public OdDbDimension {
 public:
   ODDB_DECLARE_MEMBERS(OdDbRadialDimensionLarge);
-  OdDbRadialDimensionLarge() : OdDbDimension(4) {}
+  OdDbRadialDimensionLarge() : OdDbDimension(4) {} // all points at the origin
+  // Centre, point where the dimension line begins instead, middle of the jog, point of the arc, angle of the jog.
   OdGePoint3d center() const { return definition_; }
   OdGePoint3d overrideCenter() const { return overrideCenter_; }
   OdGePoint3d jogPoint() const { return jog_; }
   OdGePoint3d chordPoint() const { return chord_; }
-  double jogAngle() const { return jogAngle_; } // radians
+  double jogAngle() const { return jogAngle_; }
 
 protected:
   PointList worldPoints() override { return {&definition_, &overrideCenter_, &jog_, &chord_}; }
 
 private:
   OdGePoint3d overrideCenter_, jog_, chord_;
-  double jogAngle_ = 0; // radians in files too
+  double jogAngle_ = 0; // radians in files as well
 };

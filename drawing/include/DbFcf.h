@@ -1,26 +1,32 @@
-// Frames with tolerances of form and place.
+// Feature control frames (TOLERANCE entities): geometric tolerances.
 #pragma once
 
 #include "DbEntity.h"
 #include "Ge/GeVector3d.h"
 
+// A feature control frame. Points and vectors are world coordinates.
 class MVDRAWING_API OdDbFcf : public OdDbEntity {
 public:
   ODDB_DECLARE_MEMBERS(OdDbFcf);
   OdDbFcf() = default;
-  const OdString& text() const { return text_; } // with its codes; %%v parts the cells
+  // Text with its codes; %%v separates the cells.
+  const OdString& text() const { return text_; }
   void setText(const OdString& value);
-  OdGePoint3d location() const { return location_; } // the middle of the left side; world coordinates
+  // Middle of the left side, direction along the cells, and normal. setOrientation normalises both vectors and does not
+  // check that they are perpendicular.
+  OdGePoint3d location() const { return location_; }
   void setLocation(const OdGePoint3d& value);
-  OdGeVector3d direction() const { return direction_; } // along the cells, unit length
+  OdGeVector3d direction() const { return direction_; }
   OdGeVector3d normal() const { return normal_; }
   void setOrientation(const OdGeVector3d& normal, const OdGeVector3d& direction);
-  OdDbObjectId dimensionStyle() const { return style_; } // the size of the letters is the style's
+  // Dimension style, which has the text height; not checked.
+  OdDbObjectId dimensionStyle() const { return style_; }
   void setDimensionStyle(OdDbObjectId value);
-  OdResult getGeomExtents(OdGeExtents3d& extents) const override; // the location alone
+
+  OdResult getGeomExtents(OdGeExtents3d& extents) const override; // the location only
 
 protected:
-  // Takes matrices that keep shapes in its plane.
+  // Accepts matrices that keep shapes in its plane.
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
 private:

@@ -1,4 +1,4 @@
-// Fields: texts that are computed from a code. A drawing keeps the value that was computed last.
+// Fields: texts that are computed from a code. A drawing stores the value that was computed last.
 #pragma once
 
 #include "DbObject.h"
@@ -12,47 +12,54 @@ class FieldEvaluation;
 class OdDbField;
 using OdDbFieldPtr = OdSmartPtr<OdDbField>;
 
+// A field. It belongs to the object whose text it computes, or to another field.
 class MVDRAWING_API OdDbField : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbField);
   OdDbField() = default;
 
-  const OdString& evaluatorId() const { return evaluator_; } // "_text" for a text with fields in it
+  // Name of the evaluator ("_text" for a text that contains fields), and the code.
+  const OdString& evaluatorId() const { return evaluator_; }
   void setEvaluatorId(const OdString& id);
   OdString getFieldCode() const;
   void setFieldCode(const OdString& code);
-  // Fields inside this one, in the order in which its code numbers them; owned by it.
+  // Nested fields, in the order in which the code numbers them; owned by this one.
   const std::vector<OdDbObjectId>& children() const { return children_; }
   int childCount() const { return static_cast<int>(children_.size()); }
-  // Null when it does not open; OdError_InvalidIndex outside 0 .. childCount() - 1.
+  // Opens a nested field: null if it does not open. Throws OdError_InvalidIndex unless 0 <= index < childCount().
   OdDbFieldPtr getChild(int index, OdDb::OpenMode mode = OdDb::kForRead) const;
-  OdDbObjectId appendChild(OdDbField* child); // throws OdError(eNotInDatabase) when this field is not resident
-  // Objects that the code refers to.
+  // Makes a free field resident and lists it last; returns its id. Throws OdError(eNotInDatabase) if this field is
+  // free.
+  OdDbObjectId appendChild(OdDbField* child);
+  // Objects that the code refers to, without duplicates.
   const std::vector<OdDbObjectId>& objectIds() const { return objects_; }
   void addObjectId(OdDbObjectId id);
 
-  // Occasions at which fields are computed; a field's options are those that it takes part in.
+  // Occasions at which fields are evaluated; the options of a field are those that apply to it.
   enum EvalContext : int { kOpen = 1, kSave = 2, kPlot = 4, kTransmit = 8, kRegen = 16, kDemand = 32 };
   int evaluationOptions() const;
-  OdString getValue() const; // what the field shows: the value that was computed last
-  // Computes the field and those inside it anew. Done without another program: header variables, dates and file name,
-  // simple properties of objects, arithmetic. Every other field keeps its value.
-  // eOk: the field shows what its code says now. Else its own value is the old one: eNotApplicable, not at this
-  // occasion; eNotImplementedYet, code or format is for another program; eKeyNotFound, no such variable, property or
-  // object; eInvalidInput, nothing that can be computed; eNoDatabase, null. `found` and `evaluated` count the fields,
-  // this one included. The field must be open for write.
+  OdString getValue() const; // displayed text: the value that was computed last
+
+  // Evaluates the field and those nested in it: header variables, dates and file name, simple properties of objects,
+  // arithmetic. All other fields keep their value. `context`: EvalContext bits. Returns eOk, or the reason why its own
+  // value is unchanged: eNotApplicable, not at this occasion; eNotImplementedYet, code or format is not supported;
+  // eKeyNotFound, no such variable, property or object; eInvalidInput, the expression cannot be computed; eNoDatabase
+  // for a null database. `found` and `evaluated` receive the number of fields, this one included. The field must be
+  // open for write.
   OdResult evaluate(int context, OdDbDatabase* database, int* found = nullptr, int* evaluated = nullptr);
 
-  // The fields of an object live in its extension dictionary. hasFields is true while it names any, erased ones too.
+  // Fields of an object by property, in its extension dictionary. hasFields also counts erased fields.
   static bool hasFields(const OdDbObject& object);
-  // Null when the object has none of that name that lives; whatever stands there, a field or not.
+  // The entry of that property, which need not be a field; null if there is none or it is erased.
   static OdDbObjectId getField(const OdDbObject& object, const OdString& property = OdString(L"TEXT"));
-  // Puts a free field there; an older one of that name is erased. The object must be open for write.
+  // Makes a free field resident as the field of a property, and erases the previous one; returns its id. The object
+  // must be open for write; throws OdError(eNotInDatabase) for a free object.
   static OdDbObjectId setField(OdDbObject& object, OdDbField* field, const OdString& property = OdString(L"TEXT"));
-  // eKeyNotFound when there is none. The field is erased with its children.
+  // Erases the field of a property with those nested in it; eKeyNotFound if there is none. The object must be open for
+  // write.
   static OdResult removeField(OdDbObject& object, const OdString& property = OdString(L"TEXT"));
 
-  // -- For the SDK's own machinery. --
+  // -- SDK internals. --
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
   void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
@@ -71,14 +78,15 @@ private:
   drawing::GroupList rest_; // options, format, values
 };
 
-// All fields of a drawing.
+// The list of all fields of a drawing.
 class MVDRAWING_API OdDbFieldList : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbFieldList);
   OdDbFieldList() = default;
-  const std::vector<OdDbObjectId>& fieldIds() const { return ids_; } // erased ones included
-  void add(OdDbObjectId field);                                      // once only
-  // The list of a drawing; null when it has none.
+  // Fields in order of addition without duplicates, erased ones included.
+  const std::vector<OdDbObjectId>& fieldIds() const { return ids_; }
+  void add(OdDbObjectId field);
+  // The list of a drawing; null if it has none.
   static OdDbObjectId listOf(const OdDbDatabase& database);
 
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
@@ -88,6 +96,6 @@ private:
   static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
   std::vector<OdDbObjectId> ids_;
-  std::unordered_set<OdDbObjectId> known_; // the same, to add by; empty until it is needed
+  std::unordered_set<OdDbObjectId> known_; // the same as a set; empty until it is needed
 };
 using OdDbFieldListPtr = OdSmartPtr<OdDbFieldList>;

@@ -1,15 +1,18 @@
-// Groups: entities that are picked together.
+// Groups: entities that are selected together.
 #pragma once
 
 #include "DbObject.h"
 
 #include <vector>
 
+// A group.
 class MVDRAWING_API OdDbGroup : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbGroup);
   OdDbGroup() = default;
-  OdString getName() const; // in its dictionary; empty when it is in none
+  // Key of its dictionary entry, empty if it has none; description; whether the name was generated; whether selecting
+  // one entity selects all.
+  OdString getName() const;
   const OdString& getDescription() const { return description_; }
   void setDescription(const OdString& value);
   bool isAnonymous() const { return unnamed_; }
@@ -17,14 +20,17 @@ public:
   bool isSelectable() const { return selectable_; }
   void setSelectable(bool value);
 
-  // Living members in order; an erased one is left out, here and in files, and is back when it comes back.
+  // Entities in order, without erased ones, which are members again if they are unerased.
   std::vector<OdDbObjectId> allEntityIds() const;
   std::size_t numEntities() const { return allEntityIds().size(); }
   bool has(OdDbObjectId entity) const;
-  // Adds the entity at the end, once only; the group becomes a persistent reactor of it, which must be open for write.
+  // Adds an entity at the end unless it is a member; the group becomes a persistent reactor of the entity, which must
+  // be open for write. Throws OdError(eNullObjectId) for an id without an object.
   void append(OdDbObjectId entity);
+  // Removes an entity; the reactor remains. No effect if it is not a member.
   void remove(OdDbObjectId entity);
 
+  // -- SDK internals. --
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
 

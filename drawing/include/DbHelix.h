@@ -1,23 +1,25 @@
-// Helices: a spline, and how it was wound.
+// Helices: a spline with the parameters that it was created from.
 #pragma once
 
 #include "DbSpline.h"
 
+// A helix. Accepts matrices that scale all axes alike; under any other matrix a resident helix becomes a spline.
 class MVDRAWING_API OdDbHelix : public OdDbSpline {
 public:
   ODDB_DECLARE_MEMBERS(OdDbHelix);
   OdDbHelix() = default;
-  OdGePoint3d axisPoint() const { return axisPoint_; } // the middle of the foot; world coordinates
-  OdGeVector3d axisVector() const { return axis_; }    // unit length
+  // Parameters: centre of the base, direction of the axis (unit length) and start of the curve in world coordinates;
+  // radius at the top, height of a turn and total height in drawing units. The spline is not derived from them.
+  OdGePoint3d axisPoint() const { return axisPoint_; }
+  OdGeVector3d axisVector() const { return axis_; }
   OdGePoint3d startPoint() const { return start_; }
-  double radius() const { return radius_; } // at the top
+  double radius() const { return radius_; }
   double turns() const { return turns_; }
   double turnHeight() const { return turnHeight_; }
   double height() const { return turns_ * turnHeight_; }
   bool isRightHanded() const { return rightHanded_; }
 
 protected:
-  // Under matrices that do not keep shapes an entity of a drawing becomes the spline that it looks like.
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
   OdDbEntityPtr transformedAsAnother(const OdGeMatrix3d& matrix) const override;
 
@@ -27,6 +29,6 @@ private:
   OdGeVector3d axis_{0, 0, 1};
   double radius_ = 1, turns_ = 1, turnHeight_ = 1;
   bool rightHanded_ = true;
-  std::int16_t constraint_ = 1; // which of height, turns and turn height stays when another changes
+  std::int16_t constraint_ = 1; // which of height, turns and turn height is kept when another one changes
 };
 using OdDbHelixPtr = OdSmartPtr<OdDbHelix>;

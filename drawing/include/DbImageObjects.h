@@ -1,18 +1,20 @@
-// What stands behind pictures and underlays: the files they show, and how they are shown.
+// Objects that images and underlays depend on: definitions with their files, and display settings.
 #pragma once
 
 #include "DbObject.h"
 #include "Ge/GePoint2d.h"
 
-// A picture file.
+// An image file.
 class MVDRAWING_API OdDbRasterImageDef : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbRasterImageDef);
   OdDbRasterImageDef() = default;
-  const OdString& sourceFileName() const { return file_; } // as it was written down: full, relative, or the name alone
+  // Path as the drawing stores it: absolute, relative, or only a name.
+  const OdString& sourceFileName() const { return file_; }
   void setSourceFileName(const OdString& value);
-  OdGePoint2d size() const { return size_; }           // in pixels
-  OdGePoint2d pixelSize() const { return pixelSize_; } // in drawing units when the picture has no scale of its own
+  // Size in pixels, default size of a pixel in drawing units, and whether the image is loaded, as files state them.
+  OdGePoint2d size() const { return size_; }
+  OdGePoint2d pixelSize() const { return pixelSize_; }
   bool isLoaded() const { return loaded_; }
 
 private:
@@ -24,36 +26,40 @@ private:
 };
 using OdDbRasterImageDefPtr = OdSmartPtr<OdDbRasterImageDef>;
 
-// Tells the file of one of its pictures; owned by the picture's entity.
+// Reactor between an image entity, which owns it, and its definition.
 class MVDRAWING_API OdDbRasterImageDefReactor : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbRasterImageDefReactor);
   OdDbRasterImageDefReactor() = default;
-  OdDbObjectId imageId() const { return image_; }
+  OdDbObjectId imageId() const { return image_; } // the image entity
 
 private:
   std::int32_t version_ = 2;
   OdDbObjectId image_;
 };
 
+// Display settings of the images of a drawing.
 class MVDRAWING_API OdDbRasterVariables : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbRasterVariables);
   OdDbRasterVariables() = default;
+  // Whether frames are displayed; quality (0 draft, 1 high); unit of images that have a resolution.
   bool imageFrame() const { return frame_ != 0; }
   void setImageFrame(bool shown);
-  std::int16_t imageQuality() const { return quality_; } // 0 draft, 1 high
-  std::int16_t userScale() const { return units_; }      // the unit of a picture that has one
+  std::int16_t imageQuality() const { return quality_; }
+  std::int16_t userScale() const { return units_; }
 
 private:
   std::int32_t version_ = 0;
   std::int16_t frame_ = 1, quality_ = 1, units_ = 0;
 };
 
+// Display settings of the wipeouts of a drawing.
 class MVDRAWING_API OdDbWipeoutVariables : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbWipeoutVariables);
   OdDbWipeoutVariables() = default;
+  // Whether frames are displayed.
   bool showFrame() const { return frame_ != 0; }
   void setShowFrame(bool shown);
 
@@ -61,42 +67,46 @@ private:
   std::int16_t frame_ = 0;
 };
 
-// A file of pages, and the page of it that is shown.
+// Common base of underlay definitions: a file of pages, and one of its pages.
 class MVDRAWING_API OdDbUnderlayDefinition : public OdDbObject {
 public:
   ODRX_DECLARE_MEMBERS(OdDbUnderlayDefinition);
+  // Path as the drawing stores it, and name of the page.
   const OdString& sourceFileName() const { return file_; }
   void setSourceFileName(const OdString& value);
   const OdString& itemName() const { return item_; }
 
 protected:
   OdDbUnderlayDefinition() = default;
-  static const drawing::Description& definitionDescription();
+  static const drawing::Description& definitionDescription(); // description of all kinds
 
 private:
   OdString file_, item_;
 };
 using OdDbUnderlayDefinitionPtr = OdSmartPtr<OdDbUnderlayDefinition>;
 
+// A PDF file.
 class MVDRAWING_API OdDbPdfDefinition : public OdDbUnderlayDefinition {
 public:
   ODDB_DECLARE_MEMBERS(OdDbPdfDefinition);
   OdDbPdfDefinition() = default;
 };
 
+// A DWF file.
 class MVDRAWING_API OdDbDwfDefinition : public OdDbUnderlayDefinition {
 public:
   ODDB_DECLARE_MEMBERS(OdDbDwfDefinition);
   OdDbDwfDefinition() = default;
 };
 
+// A DGN file.
 class MVDRAWING_API OdDbDgnDefinition : public OdDbUnderlayDefinition {
 public:
   ODDB_DECLARE_MEMBERS(OdDbDgnDefinition);
   OdDbDgnDefinition() = default;
 };
 
-// Holds a name in a dictionary, and nothing else.
+// An object without properties that occupies a name in a dictionary.
 class MVDRAWING_API OdDbPlaceHolder : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbPlaceHolder);

@@ -4,12 +4,15 @@
 #include "DbEntity.h"
 #include "Ge/GeVector3d.h"
 
+// A light. Points are world coordinates, angles radians. Setters store the value unchecked.
 class MVDRAWING_API OdDbLight : public OdDbEntity {
 public:
   ODDB_DECLARE_MEMBERS(OdDbLight);
   OdDbLight() = default;
+  // Kind of light; values as in files (group 70).
   enum LightType : std::int16_t { kDistantLight = 1, kPointLight = 2, kSpotLight = 3 };
 
+  // Name, kind, whether it is on, and intensity factor (1 by default).
   const OdString& name() const { return name_; }
   void setName(const OdString& value);
   LightType lightType() const { return static_cast<LightType>(type_); }
@@ -17,16 +20,18 @@ public:
   void setOn(bool value);
   double intensity() const { return intensity_; }
   void setIntensity(double value);
-  OdGePoint3d position() const { return position_; } // world coordinates
+  // Position and target; full angles of the cones of full light and of any light of a spotlight.
+  OdGePoint3d position() const { return position_; }
   void setPosition(const OdGePoint3d& value);
   OdGePoint3d targetLocation() const { return target_; }
   void setTargetLocation(const OdGePoint3d& value);
-  double hotspotAngle() const { return hotspot_; } // radians
+  double hotspotAngle() const { return hotspot_; }
   double falloffAngle() const { return falloff_; }
-  OdResult getGeomExtents(OdGeExtents3d& extents) const override; // position, and the target of a spot
+
+  OdResult getGeomExtents(OdGeExtents3d& extents) const override; // position, and target of a spotlight
 
 protected:
-  // Takes matrices that keep shapes. How far it reaches grows along.
+  // Accepts matrices that scale all axes alike; limits of the attenuation are scaled.
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
 private:

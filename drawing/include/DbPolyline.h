@@ -1,4 +1,4 @@
-// Polylines in one piece: a list of places in a plane, joined by lines and arcs.
+// Lightweight polylines: vertices in a plane, joined by lines and arcs.
 #pragma once
 
 #include "DbCurves.h"
@@ -6,35 +6,43 @@
 
 #include <vector>
 
+// A lightweight polyline (LWPOLYLINE). Setters store the value unchecked.
 class MVDRAWING_API OdDbPolyline : public OdDbCurve {
 public:
   ODDB_DECLARE_MEMBERS(OdDbPolyline);
   OdDbPolyline() = default;
 
+  // A vertex, and the segment to the next one.
   struct Vertex {
-    OdGePoint2d point; // in the plane's frame
-    // Tangent of a quarter of the angle of the arc to the next vertex; above 0 when it runs counter-clockwise.
+    OdGePoint2d point; // OCS
+    // Tangent of a quarter of the angle of the arc to the next vertex; positive: counter-clockwise.
     double bulge = 0;
-    double startWidth = 0, endWidth = 0;
+    double startWidth = 0, endWidth = 0; // drawing units
     std::int32_t identifier = 0;
   };
 
-  unsigned numVerts() const { return static_cast<unsigned>(vertices_.size()); }
-  // Indices outside throw OdError(eInvalidIndex).
+  unsigned numVerts() const { return static_cast<unsigned>(vertices_.size()); } // number of vertices
+  // Vertices by index; throw OdError(eInvalidIndex) unless index < numVerts(). getPointAt returns world coordinates,
+  // the others take and return OCS coordinates.
   const Vertex& vertexAt(unsigned index) const;
-  OdGePoint3d getPointAt(unsigned index) const; // world coordinates
+  OdGePoint3d getPointAt(unsigned index) const;
   double getBulgeAt(unsigned index) const { return vertexAt(index).bulge; }
-  // Puts a vertex before that index; an index at or behind the end appends.
-  void addVertexAt(unsigned index, const OdGePoint2d& point, double bulge = 0, double startWidth = 0,
-                   double endWidth = 0);
   void setPointAt(unsigned index, const OdGePoint2d& point);
   void setBulgeAt(unsigned index, double bulge);
   void removeVertexAt(unsigned index);
+  // Inserts a vertex before that index; an index from numVerts() on appends.
+  void addVertexAt(unsigned index, const OdGePoint2d& point, double bulge = 0, double startWidth = 0,
+                   double endWidth = 0);
 
+  // Whether a segment joins the last vertex to the first, and the width of all segments (0: the vertices have their
+  // own).
   bool isClosed() const { return (flags_ & 1) != 0; }
   void setClosed(bool closed);
-  double getConstantWidth() const { return constantWidth_; } // 0 when the vertices have their own
+  double getConstantWidth() const { return constantWidth_; }
   void setConstantWidth(double value);
+
+  // Plane: distance from the origin along the normal, extrusion along the normal, normal in world coordinates (unit
+  // length). Setting the normal keeps the OCS coordinates, so it moves the polyline in the world.
   double elevation() const { return elevation_; }
   void setElevation(double value);
   double thickness() const { return thickness_; }
@@ -42,10 +50,12 @@ public:
   OdGeVector3d normal() const { return normal_; }
   void setNormal(const OdGeVector3d& value);
 
+  // World extents with arcs, widths and thickness; eNotApplicable without vertices.
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
 protected:
-  // Arcs and widths take only what keeps shapes in the plane, straight polylines without width everything.
+  // Accepts matrices that keep shapes in the plane; without arcs and widths every invertible matrix. One that tilts the
+  // thickness is refused.
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
 private:

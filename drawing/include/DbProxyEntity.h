@@ -1,35 +1,38 @@
-// What programs that are not at hand put into a drawing: bytes that only they understand, and the objects they refer
-// to. Everything is kept to the letter.
+// Proxies: entities and objects of applications that are not present, as bytes and references. They are preserved byte
+// for byte.
 #pragma once
 
 #include "DbEntity.h"
 
+// A proxy entity. Accepts only the identity matrix; has no extents.
 class MVDRAWING_API OdDbProxyEntity : public OdDbEntity {
 public:
   ODDB_DECLARE_MEMBERS(OdDbProxyEntity);
   OdDbProxyEntity() = default;
-  // The number of its class among those that the drawing lists, counted from 500.
+  // Number of its class in the CLASSES section of the file, counted from 500 (group 91), and all groups in file order.
   std::int32_t applicationClassId() const;
   const drawing::GroupList& groups() const { return groups_; }
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override; // takes nothing but the unit matrix
+  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
 private:
-  drawing::GroupList groups_; // all of the section
+  drawing::GroupList groups_; // all groups of the subclass
 };
 using OdDbProxyEntityPtr = OdSmartPtr<OdDbProxyEntity>;
 
+// A proxy object.
 class MVDRAWING_API OdDbProxyObject : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbProxyObject);
   OdDbProxyObject() = default;
+  // Number of its class in the CLASSES section of the file, counted from 500 (group 91), and all groups in file order.
   std::int32_t applicationClassId() const;
   const drawing::GroupList& groups() const { return groups_; }
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
 
 private:
-  drawing::GroupList groups_; // all of the section
+  drawing::GroupList groups_; // all groups of the subclass
 };
 using OdDbProxyObjectPtr = OdSmartPtr<OdDbProxyObject>;

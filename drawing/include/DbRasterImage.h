@@ -1,25 +1,27 @@
-// Pictures, and the blank areas that files hold in the same form. What clips them is carried as it was read: it is in
-// the picture's own coordinates.
+// Raster images, and wipeouts, which files store in the same form. Clip boundaries are preserved as groups of the file:
+// they are in pixels of the image.
 #pragma once
 
 #include "DbEntity.h"
 #include "Ge/GePoint2d.h"
 #include "Ge/GeVector3d.h"
 
+// Common base of images and wipeouts. Accepts every invertible matrix.
 class MVDRAWING_API OdDbPicture : public OdDbEntity {
 public:
   ODRX_DECLARE_MEMBERS(OdDbPicture);
-  // The lower left corner, and the sides of one pixel; world coordinates.
+  // Lower left corner, and the sides of one pixel, in world coordinates. Size in pixels. Values are not checked.
   void getOrientation(OdGePoint3d& origin, OdGeVector3d& u, OdGeVector3d& v) const;
   void setOrientation(const OdGePoint3d& origin, const OdGeVector3d& u, const OdGeVector3d& v);
-  OdGePoint2d imageSize() const { return size_; } // in pixels
+  OdGePoint2d imageSize() const { return size_; }
   void setImageSize(const OdGePoint2d& value);
-  OdResult getGeomExtents(OdGeExtents3d& extents) const override; // of all of it, clipped or not
+
+  OdResult getGeomExtents(OdGeExtents3d& extents) const override; // of the whole image, clipped or not
 
 protected:
   OdDbPicture() = default;
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override; // takes every matrix
-  static drawing::Section pictureSection(const char* marker);
+  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  static drawing::Section pictureSection(const char* marker); // groups that both kinds have
 
 private:
   OdGePoint3d origin_;
@@ -27,17 +29,19 @@ private:
   OdGePoint2d size_;
 };
 
+// A raster image.
 class MVDRAWING_API OdDbRasterImage : public OdDbPicture {
 public:
   ODDB_DECLARE_MEMBERS(OdDbRasterImage);
   OdDbRasterImage() = default;
-  OdDbObjectId imageDefId() const { return definition_; }
+  OdDbObjectId imageDefId() const { return definition_; } // an OdDbRasterImageDef
 
 private:
   OdDbObjectId definition_;
 };
 using OdDbRasterImagePtr = OdSmartPtr<OdDbRasterImage>;
 
+// A wipeout: an area that hides what is below it.
 class MVDRAWING_API OdDbWipeout : public OdDbPicture {
 public:
   ODDB_DECLARE_MEMBERS(OdDbWipeout);

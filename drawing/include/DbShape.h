@@ -1,29 +1,32 @@
-// Shapes: small drawings out of a file of shapes.
+// Shapes: symbols of a shape file (SHX).
 #pragma once
 
 #include "DbEntity.h"
 #include "Ge/GeVector3d.h"
 
+// A shape. Accepts every invertible matrix that does not tilt its thickness. Setters store the value unchecked.
 class MVDRAWING_API OdDbShape : public OdDbEntity {
 public:
   ODDB_DECLARE_MEMBERS(OdDbShape);
   OdDbShape() = default;
-  const OdString& name() const { return name_; } // in one of the shape files that the text styles name
+  // Name of the symbol in one of the shape files that are loaded as text styles.
+  const OdString& name() const { return name_; }
   void setName(const OdString& value);
-  OdGePoint3d position() const { return position_; } // world coordinates
+  // Position and normal in world coordinates, size and thickness in drawing units, angles in radians.
+  OdGePoint3d position() const { return position_; }
   void setPosition(const OdGePoint3d& value);
   double size() const { return size_; }
   void setSize(double value);
-  double rotation() const { return rotation_; } // radians
+  double rotation() const { return rotation_; }
   void setRotation(double value);
   double widthFactor() const { return widthFactor_; }
-  double oblique() const { return oblique_; } // radians
+  double oblique() const { return oblique_; }
   OdGeVector3d normal() const { return normal_; }
   double thickness() const { return thickness_; }
-  OdResult getGeomExtents(OdGeExtents3d& extents) const override; // the position alone: the file has the outline
+
+  OdResult getGeomExtents(OdGeExtents3d& extents) const override; // the position only: the shape file has the outline
 
 protected:
-  // Takes every matrix, as letters do; one that tilts the thickness is refused.
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
 private:

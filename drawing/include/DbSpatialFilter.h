@@ -1,8 +1,8 @@
-// Clipped references: which part of its block a reference shows.
+// Clip boundaries of block references.
 //
-// The boundary was drawn in the world when the reference stood somewhere; the filter keeps both, so that the part of
-// the block that is seen does not depend on where the reference stands now. Moving or cloning the reference moves the
-// boundary with it, and the filter stays as it is.
+// A boundary is drawn in world coordinates; the filter also stores the position of the reference at that time, so that
+// the visible part of the block does not depend on the present position. Transforming or cloning the reference moves
+// the boundary with it and leaves the filter unchanged.
 #pragma once
 
 #include "DbObject.h"
@@ -14,32 +14,33 @@
 
 class OdDbBlockReference;
 
+// A clip boundary: entry "SPATIAL" of the dictionary "ACAD_FILTER" in the extension dictionary of the reference.
 class MVDRAWING_API OdDbSpatialFilter : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbSpatialFilter);
   OdDbSpatialFilter() = default;
 
-  bool isEnabled() const { return enabled_; }
-  // Two opposite corners of a rectangle, or the corners of a polygon; in the frame of the boundary.
+  bool isEnabled() const { return enabled_; } // a boundary that is not enabled does not clip
+  // Two opposite corners of a rectangle, or the corners of a polygon, in the coordinate system of the boundary; its
+  // normal and origin in world coordinates.
   const std::vector<OdGePoint2d>& boundary() const { return boundary_; }
   OdGeVector3d normal() const { return normal_; }
   OdGePoint3d origin() const { return origin_; }
-  // Distances of the clipping planes in front and behind, along the normal; none: nothing is cut there.
+  // Distances of the front and back clipping planes along the normal; none: not clipped there.
   std::optional<double> frontClipDist() const;
   std::optional<double> backClipDist() const;
-  // From the world to the block, as the reference stood when the boundary was drawn.
+  // Matrices when the boundary was drawn: from world to block coordinates, and from world to boundary coordinates.
   const OdGeMatrix3d& originalInverseBlockTransform() const { return inverseInsert_; }
-  // From the world of then to the frame of the boundary.
   const OdGeMatrix3d& clipTransform() const { return clip_; }
 
-  // The corners of the boundary, all of them for a rectangle, in the coordinates of the block. Empty when it has no
-  // two corners or its matrices have no inverse.
+  // Corners of the boundary, four for a rectangle, in block coordinates. Empty for fewer than two corners and if the
+  // clip matrix has no inverse.
   std::vector<OdGePoint3d> boundaryInBlock() const;
-  // Of a filter that hides what lies inside, the same for the part that is hidden; empty for all others. Such a filter
-  // has a boundary, too: nearly the same for programs that know none of its kind.
+  // The same for the hidden part of an inverted clip boundary; empty for all others. Such a filter also has an ordinary
+  // boundary, for programs that do not support inverted ones.
   std::vector<OdGePoint3d> holeInBlock() const;
 
-  // The filter of a reference; null when it is not clipped.
+  // The filter of a reference, open for read; null if it is not clipped.
   static OdSmartPtr<OdDbSpatialFilter> of(const OdDbBlockReference& reference);
 
 private:
@@ -54,6 +55,6 @@ private:
   bool enabled_ = true, hasFront_ = false, hasBack_ = false;
   double front_ = 0, back_ = 0;
   OdGeMatrix3d inverseInsert_ = OdGeMatrix3d::kIdentity, clip_ = OdGeMatrix3d::kIdentity;
-  std::size_t realsRead_ = 0; // while reading: of the front distance and both matrices, which share a code
+  std::size_t realsRead_ = 0; // reader state: values of the front distance and both matrices, which share a code
 };
 using OdDbSpatialFilterPtr = OdSmartPtr<OdDbSpatialFilter>;

@@ -1,7 +1,7 @@
-// Text of the drawing SDK: 32-bit wide characters with a stored length that may include zeros.
+// Strings of the drawing SDK: 32-bit wide characters with a stored length that may include zeros.
 //
 // Length, getAt, left, mid, right, assignment and concatenation use the stored length. Comparing, finding, UTF-8
-// conversion, format("%s") and the C buffer stop at the first zero.
+// conversion, format("%s") and the C buffer stop at the first zero. A null pointer counts as the empty text everywhere.
 #pragma once
 
 #include "OdPlatform.h"
@@ -15,26 +15,29 @@
 #include <utility>
 
 namespace drawing {
-[[noreturn]] MVDRAWING_API void throwInvalidIndex();
+[[noreturn]] MVDRAWING_API void throwInvalidIndex(); // throws OdError_InvalidIndex
 } // namespace drawing
 
+// A string.
 class MVDRAWING_API OdString {
 public:
   OdString() = default;
-  OdString(const wchar_t* text) { assign(text); } // null is the empty text
-  OdString(const wchar_t* text, int length);      // exactly length characters, zeros included; negative is none
+  // From characters: up to the first zero; `length` characters, zeros included (negative: none); a repeated character
+  // (negative: none); the stored length of a standard string.
+  OdString(const wchar_t* text) { assign(text); }
+  OdString(const wchar_t* text, int length);
   OdString(wchar_t ch, int times) : text_(times > 0 ? static_cast<std::size_t>(times) : 0, ch) {}
   OdString(std::wstring text) : text_(std::move(text)) {}
   explicit OdString(std::wstring_view text) : text_(text) {}
 
-  OdString& operator=(const wchar_t* text) { return *this = OdString(text); } // text may lie in this one
+  OdString& operator=(const wchar_t* text) { return *this = OdString(text); } // the text may be part of this one
 
-  // The stored length, and whether it is 0: a text of one zero is not empty.
+  // The stored length, and whether it is 0: a string of one zero is not empty. empty() clears the string.
   int getLength() const { return static_cast<int>(text_.size()); }
   bool isEmpty() const { return text_.empty(); }
   void empty() { text_.clear(); }
 
-  // Outside 0 .. getLength() - 1: OdError_InvalidIndex.
+  // A character; throw OdError_InvalidIndex unless 0 <= index < getLength().
   wchar_t getAt(int index) const {
     return text_[checked(static_cast<std::size_t>(index))]; // a negative index is a large unsigned one
   }
@@ -44,61 +47,64 @@ public:
     return text_[checked(static_cast<std::size_t>(index))];
   }
 
+  // The buffer, which ends with a zero and is valid until the string changes, and the characters before the first zero.
   const wchar_t* c_str() const { return text_.c_str(); }
   operator const wchar_t*() const { return text_.c_str(); }
   const std::wstring& str() const { return text_; }
-  // The characters before the first zero.
   std::wstring_view visible() const { return std::wstring_view(text_.c_str()); }
 
+  // Append.
   OdString& operator+=(const OdString& tail);
   OdString& operator+=(const wchar_t* tail);
   OdString& operator+=(wchar_t ch);
 
-  // Below 0, 0, above 0, by character value.
+  // Comparison by character value: negative, 0 or positive.
   int compare(const OdString& other) const { return order(visible(), other.visible()); }
   int compare(const wchar_t* other) const { return order(visible(), viewOf(other)); }
   // The same after odFoldCase on each character.
   int iCompare(const OdString& other) const { return foldedOrder(visible(), other.visible()); }
   int iCompare(const wchar_t* other) const { return foldedOrder(visible(), viewOf(other)); }
 
-  // Positions, or -1. A negative start is 0. The empty text is found at start.
+  // Search: the position, or -1. A negative start counts as 0. The empty text is found at the start. findOneOf searches
+  // for any of the characters.
   int find(wchar_t ch, int start = 0) const;
   int find(const wchar_t* wanted, int start = 0) const;
   int reverseFind(wchar_t ch) const;
   int findOneOf(const wchar_t* characters) const;
 
-  // Never fail: what lies out of range is empty or the whole.
+  // Parts of the string; positions and counts are limited to the string. The second `mid` ends with the string.
   OdString left(int count) const;
   OdString right(int count) const;
   OdString mid(int first) const;
   OdString mid(int first, int count) const;
 
+  // Change each character by odUpperCase and odLowerCase.
   OdString& makeUpper();
   OdString& makeLower();
-  // Removes characters 9 to 13 and 32 from that end.
+  // Remove characters 9 to 13 and 32 from that end.
   OdString& trimLeft();
   OdString& trimRight();
 
-  // Over the stored length; they answer how many places changed. A search text that is empty changes nothing.
+  // Replace or remove all occurrences in the stored length; return their number. An empty search text changes nothing.
   int replace(const wchar_t* oldText, const wchar_t* newText);
   int replace(wchar_t oldCh, wchar_t newCh);
   int remove(wchar_t ch);
-  // Positions are brought into range. They answer the new length.
+  // Insert or delete; positions are limited to the string. Return the new length.
   int insert(int position, const wchar_t* text);
   int insert(int position, wchar_t ch);
   int deleteChars(int first, int count = 1);
 
-  // Replaces the text. Directives: %s (wide text, null is empty) %c %d %i %u %x %X %o %f %F %e %E %g %G %%, sizes h l
-  // ll I64, flags, width and precision (at most 4096, also as *). Anything else after % is copied as it stands and
-  // takes no argument.
+  // Set the string from a format. Directives: %s (wide text, null is empty) %c %d %i %u %x %X %o %f %F %e %E %g %G %%,
+  // sizes h l ll I64, flags, width and precision (at most 4096, also as *). Anything else after % is copied and
+  // consumes no argument. Never use text with user data as the format.
   OdString& format(const wchar_t* fmt, ...);
   OdString& formatV(const wchar_t* fmt, va_list args);
 
-  // Up to the first zero; empty when a character before it cannot be held by UTF-8 (D800..DFFF, above 10FFFF).
+  // UTF-8 of the characters before the first zero; empty if one of them has no UTF-8 (D800 to DFFF, above 10FFFF).
   std::string toUtf8() const;
-  // Bytes that are no UTF-8 become the character DC00 + byte, so that nothing is lost.
+  // From UTF-8, zeros included. Bytes that are not UTF-8 become the character DC00 + byte, so that nothing is lost.
   static OdString fromUtf8(std::string_view bytes);
-  // The inverse of fromUtf8, over the whole stored length. Characters that no bytes can give become U+FFFD.
+  // The inverse of fromUtf8, for the whole stored length. Characters that fromUtf8 cannot give become U+FFFD.
   std::string toUtf8Lossless() const;
 
 private:
@@ -115,6 +121,7 @@ private:
   std::wstring text_;
 };
 
+// Comparison as by compare().
 inline bool operator==(const OdString& one, const OdString& other) {
   return one.visible() == other.visible();
 }
@@ -128,6 +135,7 @@ inline std::strong_ordering operator<=>(const OdString& one, const wchar_t* othe
   return one.compare(other) <=> 0;
 }
 
+// Concatenation over the stored lengths.
 MVDRAWING_API OdString operator+(const OdString& one, const OdString& other);
 MVDRAWING_API OdString operator+(const OdString& one, const wchar_t* other);
 MVDRAWING_API OdString operator+(const wchar_t* one, const OdString& other);
@@ -139,6 +147,6 @@ MVDRAWING_API wchar_t odFoldCase(wchar_t ch); // equal for all case forms of a l
 MVDRAWING_API wchar_t odUpperCase(wchar_t ch);
 MVDRAWING_API wchar_t odLowerCase(wchar_t ch);
 
-// Equal for texts that iCompare finds equal; the same in every run.
+// Hash that is equal for texts that iCompare finds equal; the same in every run.
 MVDRAWING_API std::size_t odFoldHash(const OdString& text);
 MVDRAWING_API std::size_t odFoldHash(std::wstring_view text);

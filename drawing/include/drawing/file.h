@@ -1,7 +1,8 @@
 // Reading and writing drawing files.
 //
-// The reader decides by content, not by the file's name. It never throws: it answers a drawing with a report, or no
-// drawing and the reason. Damage stays where it is; the report tells what was found and what was done.
+// The reader decides by content, not by the name of the file. It never throws: it returns a drawing with a report, or
+// no drawing and the reason. Damage is contained; the report states what was found and what was done. Drawings may be
+// read and written by several threads at once, each drawing by one.
 #pragma once
 
 #include "DbDatabase.h"
@@ -12,40 +13,47 @@
 
 namespace drawing {
 
+// Options of reading.
 struct ReadOptions {
   Budget budget;
-  std::string encoding; // a code page that overrides what the file declares; empty: as declared
+  std::string encoding; // code page instead of the one that the file declares; empty: as declared
 };
-// Whether `encoding` may be that name: ANSI_936, DOS437, ISO8859-5, UTF-8 ..., case and punctuation do not matter.
+// Whether a name is accepted as `encoding`: ANSI_936, DOS437, ISO8859-5, UTF-8 ...; case and punctuation do not matter.
 MVDRAWING_API bool isKnownEncoding(std::string_view name);
 
+// Result of reading.
 struct ReadResult {
-  OdDbDatabasePtr database; // null: refused
-  OdResult result = eOk;
-  std::string message; // why it was refused: one sentence naming file and, where there is one, line
+  OdDbDatabasePtr database; // null if the file was refused
+  OdResult result = eOk;    // the reason: eFileNotFound, eFileAccessErr, eNotADrawing, eUnsupportedFileFormat ...
+  std::string message;      // the reason as one sentence with the name of the file and, if there is one, the line
   Report report;
 };
 
+// Reads a drawing from a file, or from bytes that are needed during the call only; `name` is used in messages. The new
+// drawing has no undo steps.
 MVDRAWING_API ReadResult readDrawing(const std::string& path, const ReadOptions& options = {});
-// `name` stands for the file in messages. The bytes are needed only during the call.
 MVDRAWING_API ReadResult readDrawingFromMemory(std::string_view content, const std::string& name = "memory",
                                                const ReadOptions& options = {});
 
+// Options of writing.
 struct WriteOptions {
+  // Form of the file.
   enum Form : std::uint8_t { AsRead, Text, Binary };
   Form form = AsRead;                               // a drawing that was not read is written as text
-  OdDb::DwgVersion version = OdDb::kVersionUnknown; // unknown: the version the drawing came in
-  bool asItIs = false;                              // multi-line attributes stand where the drawing has them
-  bool refuseExisting = false;                      // do not overwrite; answers eFileAccessErr when the file is there
+  OdDb::DwgVersion version = OdDb::kVersionUnknown; // unknown: the version that was read
+  bool asItIs = false;                              // stores multiline attributes where the drawing has them
+  bool refuseExisting = false;                      // does not overwrite: eFileAccessErr if the file exists
 };
 
+// Result of writing.
 struct WriteResult {
   OdResult result = eOk;
-  std::string message; // why it failed; the file that was there before is unchanged
-  Report report;       // what the version could not hold
+  std::string message; // the reason of a failure; an existing file is unchanged then
+  Report report;       // what the version could not represent
 };
 
-// Writes beside the file, syncs and renames: the old file survives any failure.
+// Writes a drawing to a file by replaceFile, so that an existing file survives any failure, or to a string, empty on
+// failure. The drawing is not changed.
 MVDRAWING_API WriteResult writeDrawing(const OdDbDatabase& database, const std::string& path,
                                        const WriteOptions& options = {});
 MVDRAWING_API std::string writeDrawingToMemory(const OdDbDatabase& database, const WriteOptions& options = {},
