@@ -1,4 +1,4 @@
-// Annotation scales: the drawing's scale list and the scale that is current.
+// Annotation scales: entries of the scale list of a drawing, and scales as values.
 #pragma once
 
 #include "DbObject.h"
@@ -8,6 +8,7 @@ class MVDRAWING_API OdDbScale : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbScale);
   OdDbScale() = default;
+  // Name ("1:2"), its two lengths, and whether it is the scale 1:1. Values are not checked.
   const OdString& scaleName() const { return name_; }
   void setScaleName(const OdString& name);
   double paperUnits() const { return paperUnits_; }
@@ -23,19 +24,21 @@ private:
   bool unitScale_ = false;
 };
 
-// A scale as a value, independent of the drawing's list.
+// A scale as a value, independent of a drawing.
 class MVDRAWING_API OdDbAnnotationScale : public OdRxObject {
 public:
   ODRX_DECLARE_MEMBERS(OdDbAnnotationScale);
   OdDbAnnotationScale() = default;
+  // A copy of an entry, or with these values, which are not checked.
   explicit OdDbAnnotationScale(const OdDbScale& entry);
   OdDbAnnotationScale(const OdString& name, double paperUnits, double drawingUnits);
 
+  // Name and lengths.
   const OdString& getName() const { return name_; }
   double getPaperUnits() const { return paperUnits_; }
   double getDrawingUnits() const { return drawingUnits_; }
-  // Paper units divided by drawing units (1:2 gives 0.5). eDegenerateGeometry, and the variable unchanged, when the
-  // drawing units are 0 or the quotient is not finite.
+  // Paper units divided by drawing units (1:2 gives 0.5). Returns eDegenerateGeometry, and leaves `factor` unchanged,
+  // if the drawing units are 0 or the quotient is not finite.
   OdResult getScale(double& factor) const;
 
 private:

@@ -1,17 +1,19 @@
-// Whether an object keeps its size on paper at every annotation scale. A protocol extension: ask an object by
-// queryX(OdDbAnnotativeObjectPE::desc()); null means that its kind cannot be annotative.
+// Whether an object is annotative: keeps its size on paper at every annotation scale. A protocol extension:
+// queryX(OdDbAnnotativeObjectPE::desc()) of an object returns it, null if its kind cannot be annotative.
 #pragma once
 
 #include "DbObject.h"
 
+// The extension. It has no state and serves all objects of its kinds.
 class MVDRAWING_API OdDbAnnotativeObjectPE : public OdRxObject {
 public:
   ODRX_DECLARE_MEMBERS(OdDbAnnotativeObjectPE);
 
-  // A block reference is annotative when its definition is.
+  // Whether the object is annotative; false for null. A block reference is if its definition is.
   virtual bool annotative(OdDbObject* object) const = 0;
-  // Throws OdError(eNotOpenForWrite) when the object is open for read. Taking the property away also takes the
-  // object's representations at other scales. eNotApplicable for a reference whose definition is annotative.
+  // Sets the property. Removing it also removes the representations at other scales. Returns eNullObjectPtr for null,
+  // eNotApplicable for removing it from a reference whose definition is annotative, else eOk. Throws
+  // OdError(eNotOpenForWrite) for a resident object that is not open for write.
   virtual OdResult setAnnotative(OdDbObject* object, bool annotative) = 0;
 };
 using OdDbAnnotativeObjectPEPtr = OdSmartPtr<OdDbAnnotativeObjectPE>;

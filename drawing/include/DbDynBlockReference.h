@@ -1,26 +1,26 @@
-// Dynamic blocks: definitions whose references take different shapes.
+// Dynamic blocks: definitions whose references have different representations.
 //
-// A reference that shows another shape than its definition's own refers to an anonymous block with that shape. Files
-// tell in two places which definition the shape belongs to: in the extended data of the anonymous block, and in the
-// extension dictionary of the reference. These classes look there; they change nothing.
+// A reference whose representation differs from its definition refers to an anonymous block (*U). Files state in two
+// places to which definition that block belongs: in its extended data, and in the extension dictionary of the
+// reference. These classes evaluate both once, when they are constructed; they change nothing.
 #pragma once
 
 #include "DbBlockReference.h"
 #include "DbBlockTable.h"
 
-// A block reference seen as a reference to a dynamic block. Holds ids, no open object.
+// A block reference as a reference to a dynamic block. Contains ids only, no open object.
 class MVDRAWING_API OdDbDynBlockReference {
 public:
-  // Anything that is no living block reference is simply not dynamic.
+  // Anything but a block reference that is not erased is not dynamic.
   explicit OdDbDynBlockReference(OdDbObjectId reference);
   explicit OdDbDynBlockReference(const OdDbBlockReference* reference);
 
-  // Whether it shows a dynamic definition or one of its shapes.
+  // Whether it refers to a dynamic definition or to one of its representations.
   bool isDynamicBlock() const { return !definition_.isNull(); }
-  OdDbObjectId blockId() const { return reference_; } // null for a reference that is in no drawing
-  // The dynamic definition; null when the block is not dynamic.
+  OdDbObjectId blockId() const { return reference_; } // the reference; null for a free one
+  // The dynamic definition; null if the block is not dynamic.
   OdDbObjectId dynamicBlockTableRecord() const { return definition_; }
-  // The anonymous block with the shape that is shown; null when the definition itself is.
+  // The anonymous block that the reference refers to; null if it refers to the definition itself.
   OdDbObjectId anonymousBlockTableRecord() const { return shape_; }
 
 private:
@@ -30,18 +30,19 @@ private:
   OdDbObjectId shape_;
 };
 
-// A block definition seen as a dynamic one, or as a shape of one.
+// A block definition as a dynamic one, or as a representation of one.
 class MVDRAWING_API OdDbDynBlockTableRecord {
 public:
+  // Anything but a block that is not erased is not dynamic.
   explicit OdDbDynBlockTableRecord(OdDbObjectId block);
 
-  bool isDynamicBlock() const { return isDynamic_; } // shapes are not
-  OdDbObjectId blockId() const { return block_; }
-  // The definition itself when it is dynamic, that which it is a shape of, or null.
+  bool isDynamicBlock() const { return isDynamic_; } // false for representations
+  OdDbObjectId blockId() const { return block_; }    // the block
+  // The block itself if it is dynamic, the definition that it represents, or null.
   OdDbObjectId dynamicBlockTableRecord() const { return definition_; }
-  // The name that people know a dynamic definition or a shape by; empty for all other blocks.
+  // Name of a dynamic definition or of the definition of a representation for people; empty for all other blocks.
   OdString trueName() const;
-  // The shapes of a dynamic definition in table order, used or not.
+  // Representations of a dynamic definition in table order, used or not.
   OdDbObjectIdArray getAnonymousBlockIds() const;
 
 private:

@@ -1,4 +1,4 @@
-// Layouts: the sheets of a drawing, each with the block that holds its contents.
+// Layouts and their plot settings.
 #pragma once
 
 #include "DbObject.h"
@@ -6,21 +6,25 @@
 #include "Ge/GePoint3d.h"
 #include "Ge/GeVector3d.h"
 
-// How a sheet is plotted. What blocks have no part in is carried.
+// Plot settings of a layout. Apart from the name they are preserved as groups of the file.
 class MVDRAWING_API OdDbPlotSettings : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbPlotSettings);
   OdDbPlotSettings() = default;
-  const OdString& plotSettingsName() const { return pageName_; }
+  const OdString& plotSettingsName() const { return pageName_; } // name of the page setup, often empty
 
 protected:
   OdString pageName_;
 };
 
+// A layout: model space, or a paper space layout, with the block that contains its entities.
 class MVDRAWING_API OdDbLayout : public OdDbPlotSettings {
 public:
   ODDB_DECLARE_MEMBERS(OdDbLayout);
   OdDbLayout() = default;
+  // Name of the tab; position of the tab (model space has 0); block; insertion base point in coordinates of the layout.
+  // Values are not checked, and setters change the layout only: the dictionary of layouts and the block refer to it as
+  // well.
   const OdString& getLayoutName() const { return name_; }
   void setLayoutName(const OdString& name);
   std::int16_t getTabOrder() const { return tabOrder_; }

@@ -1,44 +1,50 @@
-// Lines of several parallel strokes.
+// Multilines: several parallel lines along a path.
 #pragma once
 
 #include "DbCurves.h"
 
 #include <vector>
 
+// A multiline. Points and vectors are world coordinates, lengths drawing units.
 class MVDRAWING_API OdDbMline : public OdDbCurve {
 public:
   ODDB_DECLARE_MEMBERS(OdDbMline);
   OdDbMline() = default;
 
-  // One stroke at a vertex: where it crosses the mitre, then where it is cut and goes on; and the cuts of its filling.
-  // Lengths along the mitre first, then along the segment.
+  // One of the parallel lines at a vertex: its distance along the mitre, then alternately the ends and starts of its
+  // parts along the segment; and the same for the filling.
   struct Stroke {
     std::vector<double> cuts;
     std::vector<double> fillCuts;
   };
+  // A vertex. The vectors have unit length.
   struct Vertex {
     OdGePoint3d point;
-    OdGeVector3d direction; // of the segment to the next vertex
-    OdGeVector3d miter;     // both of unit length
+    OdGeVector3d direction; // direction of the segment to the next vertex
+    OdGeVector3d miter;     // direction along which the parallel lines are placed
     std::vector<Stroke> strokes;
   };
 
+  // Which of the parallel lines is at the points; values as in files (group 70).
   enum Justification : std::int16_t { kTop = 0, kZero = 1, kBottom = 2 };
 
+  // Vertices; vertexAt throws OdError(eInvalidIndex) unless 0 <= index < numVertices().
   int numVertices() const { return static_cast<int>(vertices_.size()); }
-  const Vertex& vertexAt(int index) const; // world coordinates; OdError(eInvalidIndex) outside
+  const Vertex& vertexAt(int index) const;
+  // Style by id and by the name in the file; factor of the offsets of the style; normal of the plane.
   OdDbObjectId style() const { return style_; }
   const OdString& styleName() const { return styleName_; }
-  double scale() const { return scale_; } // of the style's offsets
+  double scale() const { return scale_; }
   Justification justification() const { return static_cast<Justification>(justification_); }
   bool isClosed() const { return (flags_ & 2) != 0; }
   OdGeVector3d normal() const { return normal_; }
 
-  OdResult getGeomExtents(OdGeExtents3d& extents) const override; // of all strokes at the vertices
+  // World extents of all parallel lines at the vertices; eNotApplicable without vertices.
+  OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
 protected:
-  // Takes matrices that keep shapes in its plane. A mirror turns the normal over: strokes lie to the left and right of
-  // the line as seen against it.
+  // Accepts matrices that keep shapes in its plane. A reflection reverses the normal: the parallel lines are to the
+  // left and right of the path as seen against it.
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
 private:

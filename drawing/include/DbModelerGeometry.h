@@ -1,29 +1,33 @@
-// Solids, regions, bodies and surfaces. Their shape is a body of the modeler, kept to the letter: as text in the
-// entity, or as bytes in a section of the drawing that the entity's handle leads to.
+// Solids, regions, bodies and surfaces. Their geometry is data of a solid modeler and is preserved byte for byte: as
+// text in the entity, or as bytes in a section of the drawing (ACDSDATA) under the handle of the entity.
 #pragma once
 
 #include "DbEntity.h"
 
-// What they share. Only the unit matrix moves them: nobody here can move a body of the modeler. They have no extents.
+// Common base. Accepts only the identity matrix, as the data of the modeler is not interpreted; has no extents.
 class MVDRAWING_API OdDbModelerGeometry : public OdDbEntity {
 public:
   ODRX_DECLARE_MEMBERS(OdDbModelerGeometry);
-  // Whether the body stands in the entity itself, as text.
+  // Whether the data is text in the entity.
   bool hasTextBody() const;
-  // That text, line by line with '\n' behind each, in the form in which files hold it; empty when there is none.
+  // That text in the form of the file, each line with '\n'; empty if there is none.
   std::string textBody() const;
+  // All groups of the modeler's subclass in file order.
   const drawing::GroupList& groups() const { return groups_; }
+
+  // -- SDK internals. --
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
-  void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override; // the body comes along
+  void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override; // clones the data
 
 protected:
   OdDbModelerGeometry() = default;
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
-  static const drawing::Description& modelerDescription();
+  static const drawing::Description& modelerDescription(); // description of all kinds
 
-  drawing::GroupList groups_; // of the modeler's section; the kind's own sections are carried
+  drawing::GroupList groups_; // all groups of the modeler's subclass; further subclasses are preserved with the object
 };
 
+// Declares a kind without further members.
 #define MVDB_DECLARE_MODELER_KIND(Class, Base)                                                                         \
   class MVDRAWING_API Class : public Base {                                                                            \
   public:                                                                                                              \

@@ -1,29 +1,33 @@
-// Documents of other programs. Their bytes are kept to the letter.
+// OLE objects: embedded documents of other programs. Their bytes are preserved byte for byte.
 #pragma once
 
 #include "DbEntity.h"
 
+// An OLE 1 object. Accepts only the identity matrix: the bytes contain the position a second time.
 class MVDRAWING_API OdDbOleFrame : public OdDbEntity {
 public:
   ODDB_DECLARE_MEMBERS(OdDbOleFrame);
   OdDbOleFrame() = default;
-  std::string getOleObject() const; // its bytes
+  // Its bytes, and all groups in file order.
+  std::string getOleObject() const;
   const drawing::GroupList& groups() const { return groups_; }
 
 protected:
-  // The bytes hold the place a second time, in the other program's form: nothing but the unit matrix is taken.
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
-  drawing::GroupList groups_; // all of the section
+  drawing::GroupList groups_; // all groups of the subclass
 };
 
+// An OLE 2 object.
 class MVDRAWING_API OdDbOle2Frame : public OdDbOleFrame {
 public:
   ODDB_DECLARE_MEMBERS(OdDbOle2Frame);
   OdDbOle2Frame() = default;
-  OdString getUserType() const;  // what the other program calls it
-  OdGePoint3d upperLeft() const; // world coordinates
+  // Name of its kind for people, and corners in world coordinates.
+  OdString getUserType() const;
+  OdGePoint3d upperLeft() const;
   OdGePoint3d lowerRight() const;
+
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 };
 using OdDbOle2FramePtr = OdSmartPtr<OdDbOle2Frame>;

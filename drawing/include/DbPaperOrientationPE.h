@@ -1,15 +1,19 @@
-// Whether an annotative object is turned to match the orientation of the layout that shows it. A protocol extension:
-// ask an object by queryX(OdDbPaperOrientationPE::desc()); null means that its kind has no such property.
+// Whether an annotative object is rotated to match the orientation of the layout that displays it. A protocol
+// extension: queryX(OdDbPaperOrientationPE::desc()) of an object returns it, null if its kind does not have the
+// property.
 #pragma once
 
 #include "DbObject.h"
 
+// The extension. It has no state and serves all objects of its kinds.
 class MVDRAWING_API OdDbPaperOrientationPE : public OdRxObject {
 public:
   ODRX_DECLARE_MEMBERS(OdDbPaperOrientationPE);
 
+  // Whether the object matches the orientation; false for null.
   virtual bool paperOrientation(OdDbObject* object) const = 0;
-  // Throws OdError(eNotOpenForWrite) when the object is open for read.
+  // Sets the property. Returns eNullObjectPtr for null, else eOk. Throws OdError(eNotOpenForWrite) for a resident
+  // object that is not open for write.
   virtual OdResult setPaperOrientation(OdDbObject* object, bool matches) = 0;
 };
 using OdDbPaperOrientationPEPtr = OdSmartPtr<OdDbPaperOrientationPE>;

@@ -1,11 +1,11 @@
-// The two kinds of drawing files.
+// Kinds of drawing files.
 #pragma once
 
 #include <cstdint>
 
 namespace OdDb {
 
-// The numbers stand in saved settings.
+// Kind of a drawing file. The numbers are stored in settings.
 enum SaveType : std::int32_t { kSaveDwg = 0, kSaveDxf = 1 };
 
 } // namespace OdDb

@@ -1,4 +1,4 @@
-// The draw order of a block's contents.
+// The draw order of the entities of a block.
 #pragma once
 
 #include "DbObject.h"
@@ -8,19 +8,22 @@
 #include <utility>
 #include <vector>
 
-// Gives entities other handles than their own to be sorted by; an entity without an entry sorts by its own handle.
+// A draw order table: sort handles of entities; an entity without an entry is sorted by its own handle. It is the entry
+// "ACAD_SORTENTS" of the extension dictionary of the block.
 class MVDRAWING_API OdDbSortentsTable : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbSortentsTable);
   OdDbSortentsTable() = default;
 
-  OdDbObjectId blockId() const { return block_; }
+  OdDbObjectId blockId() const { return block_; } // the block that is ordered; not checked
   void setBlockId(OdDbObjectId block);
-  // Bottom first. Ids that are no entities of the block keep their order by handle.
+  // Sorts ids by their sort handles, bottom first; equal ones keep their order. Ids need not belong to the block.
   void sort(std::vector<OdDbObjectId>& ids) const;
+  // Sort handle of an entity; its own handle if it has no entry.
   OdDbHandle sortHandle(OdDbObjectId entity) const;
   void setSortHandle(OdDbObjectId entity, OdDbHandle handle);
-  // Moves the entities behind or in front of all others of the block, keeping their order.
+  // Move entities below or above all others of the block, keeping their order. Ids that do not belong to the block are
+  // ignored. A table whose block does not exist becomes empty.
   void moveToBottom(const OdDbObjectIdArray& ids);
   void moveToTop(const OdDbObjectIdArray& ids);
 

@@ -1,25 +1,29 @@
-// Meshes that are smoothed by dividing their faces.
+// Subdivision meshes.
 #pragma once
 
 #include "DbEntity.h"
 
 #include <vector>
 
-// Vertices and faces are those of the coarsest level. Lists are kept as files hold them.
+// A mesh that is smoothed by dividing its faces. Vertices and faces are those of the coarsest level; lists are stored
+// as groups of the file. Accepts every invertible matrix.
 class MVDRAWING_API OdDbSubDMesh : public OdDbEntity {
 public:
   ODDB_DECLARE_MEMBERS(OdDbSubDMesh);
   OdDbSubDMesh() = default;
+  // Vertices in world coordinates, level of smoothing (0: none), and all groups in file order.
   int numOfVertices() const { return static_cast<int>(vertices().size()); }
-  std::vector<OdGePoint3d> vertices() const; // world coordinates
+  std::vector<OdGePoint3d> vertices() const;
   int subdivisionLevel() const;
   const drawing::GroupList& groups() const { return groups_; }
-  OdResult getGeomExtents(OdGeExtents3d& extents) const override; // of the vertices: smoothing stays inside
+
+  // Extents of the vertices, which include the smoothed mesh; eNotApplicable without vertices.
+  OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override; // takes every matrix
+  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
 private:
-  drawing::GroupList groups_; // all of the section
+  drawing::GroupList groups_; // all groups of the subclass
 };
 using OdDbSubDMeshPtr = OdSmartPtr<OdDbSubDMesh>;

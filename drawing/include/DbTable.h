@@ -3,29 +3,36 @@
 
 #include "DbBlockReference.h"
 
-// A table is drawn by an anonymous block of its own, of which it is a reference; what stands in its cells is kept as
-// files hold it, here and in the objects of its extension dictionary. A clone has a drawing block of its own.
+// A table is a reference to an anonymous block that draws it. The contents of its cells are preserved as groups of the
+// file, here and in the objects of its extension dictionary. A clone has a separate anonymous block. Lengths are
+// drawing units.
 class MVDRAWING_API OdDbTable : public OdDbBlockReference {
 public:
   ODDB_DECLARE_MEMBERS(OdDbTable);
   OdDbTable() = default;
-  OdDbObjectId tableStyle() const; // null when it has none
+
+  // Values as in files: table style (null if there is none), size, and direction of the rows in world coordinates (unit
+  // length).
+  OdDbObjectId tableStyle() const;
   unsigned numRows() const;
   unsigned numColumns() const;
-  double rowHeight(unsigned row) const; // OdError(eInvalidIndex) outside
+  OdGeVector3d direction() const;
+  // Height of a row and width of a column; throw OdError(eInvalidIndex) if there is no such row or column.
+  double rowHeight(unsigned row) const;
   double columnWidth(unsigned column) const;
-  OdGeVector3d direction() const; // along the rows, world coordinates, unit length
+  // All groups of the table's own subclass in file order.
   const drawing::GroupList& groups() const { return groups_; }
 
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
 
 protected:
-  // Takes moves and turns: heights of rows and letters are part of styles and cells, and none may be mirrored.
+  // Accepts translations and rotations only: heights of rows and text are part of styles and cells, and text must not
+  // be reflected.
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
 private:
   double nthReal(int code, unsigned index) const;
 
-  drawing::GroupList groups_; // of the table's own section
+  drawing::GroupList groups_; // all groups of the table's own subclass
 };
 using OdDbTablePtr = OdSmartPtr<OdDbTable>;

@@ -1,24 +1,28 @@
-// Viewports of layouts, and cameras. Cameras take no matrix: what they look at has no place among what is drawn.
+// Viewports of layouts, and cameras.
 #pragma once
 
 #include "DbEntity.h"
 
+// A viewport of a layout. Its view is preserved as groups of the file.
 class MVDRAWING_API OdDbViewport : public OdDbEntity {
 public:
   ODDB_DECLARE_MEMBERS(OdDbViewport);
   OdDbViewport() = default;
-  OdGePoint3d centerPoint() const { return center_; } // on the sheet
+  // Centre and size in coordinates of the layout; not checked.
+  OdGePoint3d centerPoint() const { return center_; }
   void setCenterPoint(const OdGePoint3d& value);
   double width() const { return width_; }
   double height() const { return height_; }
   void setWidth(double value);
   void setHeight(double value);
+
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
-  void afterLoad() override; // early files hold the view in extended data
+  void afterLoad() override; // R12 files store the view in extended data
 
 protected:
-  // Takes moves and equal scales: its sides stand along the sheet's. What it shows stays the same.
+  // Accepts translations and positive uniform scales: its sides are parallel to those of the layout. The view in it
+  // does not change.
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
 private:
@@ -27,6 +31,7 @@ private:
 };
 using OdDbViewportPtr = OdSmartPtr<OdDbViewport>;
 
+// A camera. Accepts no matrix: its view is not part of the drawing. Has no extents.
 class MVDRAWING_API OdDbCamera : public OdDbEntity {
 public:
   ODDB_DECLARE_MEMBERS(OdDbCamera);

@@ -1,7 +1,8 @@
 // Arrays of the drawing SDK: contiguous, copied by value, every access checked.
 //
-// An index outside the array throws OdError_InvalidIndex. Growing without memory throws OdError(eOutOfMemory) and
-// leaves what the array held.
+// An index outside the array throws OdError_InvalidIndex. Growing without memory, and beyond 2^32 - 1 elements, throws
+// OdError(eOutOfMemory) and leaves the array unchanged. Pointers and references to elements are valid until the array
+// grows or shrinks.
 #pragma once
 
 #include "OdError.h"
@@ -16,7 +17,7 @@
 #include <utility>
 #include <vector>
 
-// Names of ways to hold elements. They are one type, so that arrays of one element are one type.
+// Names of allocators. They are one type, so that all arrays of an element type are one type.
 template <class T>
 struct OdObjectsAllocator {};
 template <class T>
@@ -24,6 +25,7 @@ using OdClrMemAllocator = OdObjectsAllocator<T>;
 template <class T>
 using OdMemoryAllocator = OdObjectsAllocator<T>;
 
+// An array.
 template <class T, class Alloc = OdObjectsAllocator<T>>
 class OdArray {
   static_assert(!std::is_same_v<T, bool>, "elements are handed out by reference: use a char for a flag");
@@ -36,6 +38,7 @@ public:
   using const_iterator = const T*;
 
   OdArray() = default;
+  // With these elements.
   OdArray(std::initializer_list<T> values) {
     grow([&] { items_.assign(values); });
   }
@@ -51,18 +54,19 @@ public:
   OdArray& operator=(OdArray&&) noexcept = default;
   ~OdArray() = default;
 
+  // Number of elements.
   size_type size() const { return static_cast<size_type>(items_.size()); }
   size_type length() const { return size(); }
   size_type logicalLength() const { return size(); }
   bool isEmpty() const { return items_.empty(); }
   bool empty() const { return items_.empty(); }
 
-  // One element; answers its index.
+  // Appends an element, which may be one of this array; returns its index.
   size_type append(const T& value) {
     push_back(value);
     return size() - 1;
   }
-  // All elements of another array, which may be this one.
+  // Appends all elements of another array, which may be this one.
   OdArray& append(const OdArray& other) {
     const size_type held = size();
     const size_type added = other.size();
@@ -81,6 +85,7 @@ public:
     grow([&] { items_.push_back(value); });
   }
 
+  // Elements by index, and the first and the last one.
   T& operator[](size_type index) { return items_[checked(index)]; }
   const T& operator[](size_type index) const { return items_[checked(index)]; }
   T& at(size_type index) { return items_[checked(index)]; }
@@ -95,24 +100,25 @@ public:
   T& last() { return items_[checked(size() - 1)]; }
   const T& last() const { return items_[checked(size() - 1)]; }
 
-  // Before the element of that index; size() appends.
+  // Inserts an element, which may be one of this array, before that index; size() appends.
   OdArray& insertAt(size_type index, const T& value) {
     if (index > size())
       throw OdError_InvalidIndex();
     checkCount(1);
     grow([&] {
-      T copy(value); // made first: value may lie in this array, and a failing copy changes nothing
+      T copy(value); // made first: value may be an element of this array, and a failing copy changes nothing
       items_.insert(items_.begin() + index, std::move(copy));
     });
     return *this;
   }
+  // Remove an element, the first, the last.
   OdArray& removeAt(size_type index) {
     items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(checked(index)));
     return *this;
   }
   OdArray& removeFirst() { return removeAt(0); }
   OdArray& removeLast() { return removeAt(size() - 1); }
-  // Both ends included.
+  // Removes the elements from one index to another, both included; throws unless from <= to.
   OdArray& removeSubArray(size_type from, size_type to) {
     checked(to);
     if (from > to)
@@ -120,7 +126,7 @@ public:
     items_.erase(items_.begin() + from, items_.begin() + to + 1);
     return *this;
   }
-  // The first equal element; false when there is none.
+  // Removes the first equal element from `start` on; false if there is none.
   bool remove(const T& value, size_type start = 0) {
     size_type index = 0;
     if (!find(value, index, start))
@@ -129,6 +135,8 @@ public:
     return true;
   }
 
+  // Whether there is an equal element from `start` on; find sets the index of the first one and leaves it unchanged
+  // otherwise.
   bool contains(const T& value, size_type start = 0) const {
     size_type index = 0;
     return find(value, index, start);
@@ -143,6 +151,8 @@ public:
     return false;
   }
 
+  // Number of elements and capacity: new elements are default values or copies of `value`; the array never shrinks by
+  // reserve or setPhysicalLength.
   void clear() { items_.clear(); }
   void reserve(size_type count) {
     grow([&] { items_.reserve(count); });
@@ -157,13 +167,14 @@ public:
     resize(count);
     return *this;
   }
-  // Room is kept for that many; an array is never cut by it.
+
   OdArray& setPhysicalLength(size_type count) {
     reserve(count);
     return *this;
   }
   size_type physicalLength() const { return static_cast<size_type>(items_.capacity()); }
 
+  // Reverse the order; swap two elements; swap two arrays.
   OdArray& reverse() {
     std::reverse(items_.begin(), items_.end());
     return *this;
@@ -175,6 +186,7 @@ public:
   }
   void swap(OdArray& other) noexcept { items_.swap(other.items_); }
 
+  // Iteration, and the elements as a buffer.
   T* begin() { return items_.data(); }
   T* end() { return items_.data() + items_.size(); }
   const T* begin() const { return items_.data(); }
@@ -183,6 +195,7 @@ public:
   const T* asArrayPtr() const { return items_.data(); }
   const T* getPtr() const { return items_.data(); }
 
+  // Whether the elements are equal, in order.
   bool operator==(const OdArray& other) const { return items_ == other.items_; }
 
 private:

@@ -1,13 +1,13 @@
-// Checks that a drawing hangs together.
+// Consistency check of a drawing.
 #pragma once
 
 #include "DbDatabase.h"
 
 namespace drawing {
 
-// Every finding is an issue with a stable code ("audit.owner-does-not-list" ...), the object's handle and kind. With
-// `fix` what can be mended is mended (as one undoable change when undo records), and the issue says how; without, the
-// drawing is only read. A sound drawing has no issues.
+// Checks a drawing. Each finding is an issue with a stable code ("audit.owner-does-not-list" ...) and the handle and
+// kind of the object; a consistent drawing has none. With `fix`, findings are repaired where possible, as part of the
+// current undo step, and the issue states how; without it the drawing is not changed.
 MVDRAWING_API Report auditDrawing(OdDbDatabase& database, bool fix = false);
 
 } // namespace drawing

@@ -1,18 +1,18 @@
-// Whether two definitions, or two records, say the same.
+// Comparison of definitions and records.
 #pragma once
 
 #include "DbObjectId.h"
 
 namespace drawing {
 
-// Whether both blocks (definitions, or spaces) hold the same objects in the same order, with the same properties, and
-// nested definitions that are the same in turn. Compared are names of layers, line types and styles, without regard to
-// case; names and handles of the blocks themselves and of what is nested are not, nor who else watches the objects.
-// The blocks may belong to different drawings. False when one of the ids is no block's. Each pair of definitions is
-// compared once, so no nesting costs more than the drawings are large.
+// Whether both blocks (definitions, or spaces) contain equal objects in the same order and with equal properties,
+// nested definitions included. Names of layers, linetypes and styles are compared, without regard to case; names and
+// handles of the blocks and of nested definitions, and persistent reactors, are not. The blocks may belong to different
+// drawings. False if one of the ids is not a block. Each pair of definitions is compared once, so the time is linear in
+// the size of the drawings.
 MVDRAWING_API bool sameDefinition(OdDbObjectId one, OdDbObjectId other);
 
-// Whether two records of the same table (layers, line types, styles) have the same properties. False for other objects.
+// Whether two records of the same table (layers, linetypes, styles) have equal properties. False for other objects.
 MVDRAWING_API bool sameRecord(OdDbObjectId one, OdDbObjectId other);
 
 } // namespace drawing

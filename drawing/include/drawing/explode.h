@@ -1,4 +1,4 @@
-// Taking a block reference apart: what it shows takes its place, one level deep.
+// Exploding a block reference: its contents replace it, one level deep.
 #pragma once
 
 #include "DbObjectId.h"
@@ -9,41 +9,46 @@
 
 namespace drawing {
 
+// Reason why a reference was not exploded.
 enum class ExplodeRefusal {
   None,
-  NotAReference, // or nothing is behind the id
+  NotAReference, // or the id does not open
   OnLockedLayer,
   External,   // the contents belong to another drawing
-  NotAllowed, // the definition says that it cannot be exploded
+  NotAllowed, // the definition does not permit it
   NoDefinition,
-  CannotPlace, // some of the contents cannot stand as the reference shows them, see Exploded::unplaceable
-  TooMuch      // rows and columns of it would be more objects than the limit
+  CannotPlace, // some entities do not accept the matrix of the reference, see Exploded::unplaceable
+  TooMuch      // rows and columns would give more objects than the limit
 };
 
+// Options of exploding.
 struct ExplodeOptions {
-  // Values of attributes become texts, and constant definitions, too; else the definitions stand there and the values
-  // are gone. Invisible ones become nothing.
+  // Values of attributes, and constant definitions, become texts; otherwise the definitions are copied and the values
+  // are lost. Invisible ones are dropped.
   bool attributesAsText = false;
-  std::uint64_t objects = 10'000'000; // the most that may be made
+  std::uint64_t objects = 10'000'000; // limit of new objects
 };
 
+// Result of exploding.
 struct Exploded {
+  // An entity of the definition that cannot be transformed.
   struct Unplaceable {
-    std::string kind; // as files name it
+    std::string kind; // as in files
     OdDbObjectId object;
   };
   ExplodeRefusal refusal = ExplodeRefusal::None;
-  OdDbObjectIdArray made;               // in drawing order; rows and columns one after the other
-  std::vector<Unplaceable> unplaceable; // objects of the definition
+  OdDbObjectIdArray made;               // new entities in draw order, rows and columns one after the other
+  std::vector<Unplaceable> unplaceable; // entities of the definition
   std::size_t valuesLost = 0;           // attributes that did not become texts
-  bool clipLost = false;                // all of the definition is there, not only what a clip boundary let through
+  bool clipLost = false;                // the reference was clipped; the new entities are not
 };
 
-// Puts copies of what the definition holds where the reference shows them, in all rows and columns, and erases the
-// reference. Nothing changes its look by it: what is by block takes the properties of the reference, what is on layer 0
-// its layer; objects that cannot be by layer any more get the layer's colour, line type and weight as their own. When
-// anything cannot stand so (a text under a shear, a nested reference turned under unequal scales) nothing is done, and
-// it is told what. Layers of the contents may be locked; that of the reference may not.
+// Appends copies of the entities of the definition, transformed as the reference displays them in all rows and columns,
+// to the block of the reference, and erases the reference. The appearance is kept: properties by block become those of
+// the reference, entities on layer 0 get its layer, and entities that cannot be by layer any more get colour, linetype
+// and lineweight of the layer. If an entity does not accept the matrix (a text that would be sheared, a nested
+// reference that is rotated under unequal scales) nothing is changed. Layers of the contents may be locked; that of the
+// reference must not be.
 MVDRAWING_API Exploded explodeReference(OdDbObjectId reference, const ExplodeOptions& options = {});
 
 } // namespace drawing

@@ -1,35 +1,39 @@
-// Names of records in symbol tables: which texts may be one, and changing them.
+// Names of records in symbol tables: validity and renaming.
 #pragma once
 
 #include "DbDatabase.h"
 
 namespace drawing {
 
+// Reason why a name is not valid.
 enum class NameFault : std::uint8_t {
   None,
   Empty,
   TooLong,   // 255 characters; 31 before 2000
   Character, // one of <>/\":;?*|,=` or a control character; before 2000 anything but letters, digits and $-_
-  Blank      // in front or at the end
+  Blank      // a space at the beginning or end
 };
 
-// Whether drawings of that version can hold a record of the name. `at` receives the offending character's position.
+// Whether a record may have this name in drawings of that version. `at`, if not null, receives the position of a
+// character that is not allowed.
 MVDRAWING_API NameFault nameFault(const OdString& name, OdDb::DwgVersion version, int* at = nullptr);
 
+// Result of renaming.
 enum class RenameResult : std::uint8_t {
   Done,
-  Unknown, // no record of the old name
-  Taken,   // another record has the new one
-  Fixed,   // every drawing has it under this name: layer 0, the standard styles ...
-  Space,   // model space or a sheet
+  Unknown, // there is no record of the old name
+  Taken,   // another record has the new name
+  Fixed,   // the name is mandatory: layer 0, the standard styles ...
+  Space,   // model space or a layout
   Anonymous,
-  External, // an external reference or a part of one
-  Illegal   // see nameFault for the drawing's version
+  External, // an external reference or dependent on one
+  Illegal   // see nameFault for the version of the drawing
 };
 
-// Gives a record another name, and says it to everyone who holds the name as text: variables of the header, layers in
-// extended data, arrows of old dimension styles, the true name of a dynamic block. Data that only happens to read like
-// the name stays. Changing the case alone is allowed. Undo takes it back.
+// Renames a record and updates everything that stores its name as text: header variables, layers in extended data,
+// arrowheads of old dimension styles, the true name of a dynamic block. Other data that equals the name is not changed.
+// Changing only the case is allowed. The record need not be open; the change is recorded for undo. Nothing is changed
+// unless the result is Done.
 MVDRAWING_API RenameResult renameRecord(OdDbDatabase& database, OdDb::SymbolTableKind kind, const OdString& from,
                                         const OdString& to);
 

@@ -1,16 +1,18 @@
-// Objects and entities of kinds that are not modelled, and those that could not be read.
+// Objects and entities of kinds that are not modelled, and those that could not be parsed.
 #pragma once
 
 #include "DbEntity.h"
 
-// All groups of an object are carried and written back as they stood.
+// An object whose groups are preserved and written unchanged.
 class MVDRAWING_API OdDbCarriedObject : public OdDbObject {
 public:
   ODDB_DECLARE_MEMBERS(OdDbCarriedObject);
   OdDbCarriedObject() = default;
+  // Its name in the file, and whether something in it could not be parsed. For readers: setting does not require the
+  // object to be open for write.
   std::string dxfName() const override { return dxfName_; }
   void setDxfName(const std::string& name) { dxfName_ = name; }
-  bool isUnread() const { return unread_; } // something in it could not be understood
+  bool isUnread() const { return unread_; }
   void setUnread(bool unread) { unread_ = unread; }
 
 private:
@@ -18,8 +20,9 @@ private:
   bool unread_ = false;
 };
 
-// Layer, colour and the like are typed; everything else is carried. It does not transform. An unread one has no typed
-// properties: its own groups are kept to the letter.
+// An entity whose general properties (layer, colour ...) are accessible and whose other groups are preserved. It
+// accepts no matrix. One that could not be parsed has no general properties: all its groups are preserved byte for
+// byte.
 class MVDRAWING_API OdDbCarriedEntity : public OdDbEntity {
 public:
   ODRX_DECLARE_MEMBERS(OdDbCarriedEntity);
@@ -27,6 +30,7 @@ public:
   OdDbObject* makeCopy() const override;
   void assignState(const OdDbObject& other) override;
   const drawing::Description& description() const override;
+  // As for objects.
   std::string dxfName() const override { return dxfName_; }
   void setDxfName(const std::string& name) { dxfName_ = name; }
   bool isUnread() const { return unread_; }

@@ -1,4 +1,4 @@
-// Which entities a rectangle or a line takes hold of, by what they show and not by their extents.
+// Selection of entities by a rectangle or a line, by what they display and not by their extents.
 #pragma once
 
 #include "DbObjectId.h"
@@ -9,20 +9,20 @@
 
 namespace drawing {
 
-// Entities of one block (a space or a definition) as they are seen against the z axis of a view. What does not show
-// (layers off or frozen, invisible, clipped away) is not taken. Answers are in order of addition. Curves are taken as
-// the pictures draw them: as chords of at most five degrees.
+// Selects entities of one block (a space or a definition) as they are seen against the z axis of a view. What is not
+// displayed (layers off or frozen, invisible, clipped) is not selected. Results are in order of addition. Curves are
+// tessellated as in pictures: chords of at most five degrees.
 class MVDRAWING_API ViewPicker {
 public:
-  // `toView` leads from the block's coordinates to the view, whose x and y the corners and paths are in. The block's
-  // entities are looked at anew by each call.
+  // `toView`: matrix from block coordinates to the view, in whose x and y corners and paths are given. Each call
+  // evaluates the entities again. A null id and one that is not a block select nothing.
   explicit ViewPicker(OdDbObjectId block, const OdGeMatrix3d& toView = OdGeMatrix3d::kIdentity);
 
-  // Nothing of the entity lies outside of the rectangle; endless lines never do.
+  // Entities that are completely inside the rectangle; infinite lines never are.
   OdDbObjectIdArray inside(const OdGePoint2d& corner, const OdGePoint2d& opposite) const;
-  // Some of it lies inside, or on the rectangle's sides; the inside of a fill, too.
+  // Entities of which a part is inside the rectangle or on its sides; filled areas count as a whole.
   OdDbObjectIdArray touching(const OdGePoint2d& corner, const OdGePoint2d& opposite) const;
-  // The path touches it; a path of one point touches nothing but fills and points.
+  // Entities that the path touches; a path of one point touches only fills and points.
   OdDbObjectIdArray along(const std::vector<OdGePoint2d>& path) const;
 
 private:

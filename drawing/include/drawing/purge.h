@@ -1,4 +1,4 @@
-// Records and styles that nothing in the drawing uses.
+// Purging: records and styles that are not used in the drawing.
 #pragma once
 
 #include "DbDatabase.h"
@@ -9,42 +9,49 @@
 
 namespace drawing {
 
-// What can be purged: the records of a table, or the members of a dictionary right below the named-objects dictionary.
+// A kind of objects that can be purged: the records of a table, or the entries of a dictionary in the named-objects
+// dictionary.
 struct PurgeKind {
   const char* name;            // "block", "layer", "table style" ... for reports
   OdDb::SymbolTableKind table; // kNoTable: a dictionary
   const wchar_t* dictionary;   // null for tables
 };
+// All kinds, in the order of reports.
 MVDRAWING_API const std::vector<PurgeKind>& purgeKinds();
-// Every living object of the kind, in order of addition.
+// All objects of the kind that are not erased, in order of addition.
 MVDRAWING_API OdDbObjectIdArray objectsOfKind(const OdDbDatabase& database, const PurgeKind& kind);
 
-// Which of the candidates can go, and why the others stay. One walk over the drawing; it holds until the drawing
-// changes. Every reference counts but ownership and the lists of persistent reactors: ids in any property, in extended
-// data and in data that is carried, and names that are held as text (layers in extended data, current styles of the
-// header, dimension arrows of old styles ...). What is used by candidates alone that can go themselves goes with them.
+// Which of the candidates can be purged, and the reasons for the others. It is computed in one traversal of the drawing
+// and valid until the drawing changes. All references count except ownership and persistent reactors: ids in
+// properties, in extended data and in preserved groups, and names that are stored as text (layers in extended data,
+// current styles of the header, dimension arrowheads of old styles ...). Candidates that are used only by candidates
+// that can be purged can be purged with them.
 class MVDRAWING_API PurgePlan {
 public:
+  // Status of an object.
   enum class Standing {
     Purgeable,
     Used,
-    Needed,   // every drawing has it: spaces, layer 0, the standard styles ...
-    External, // an external reference, or a part of one
-    NoRecord  // not asked about, or no record that purging knows
+    Needed,   // mandatory in every drawing: spaces, layer 0, the standard styles ...
+    External, // an external reference, or dependent on one
+    NoRecord  // not a candidate, or not a kind that can be purged
   };
-  // Someone who uses a candidate: a block or another record with everything it owns, any other object, or a variable.
+  // A use of a candidate: a block or another record with everything that it owns, any other object, or a variable.
   struct Use {
-    OdDbObjectId by;      // null: the header's or the drawing's variable of that name
+    OdDbObjectId by;      // null: the variable of that name in the header or in the dictionary of variables
     std::string variable; // without the dollar sign
     std::size_t times = 0;
   };
 
-  explicit PurgePlan(OdDbDatabase& database); // everything of all kinds
+  // For all objects of all kinds, or for these candidates. The drawing is not changed.
+  explicit PurgePlan(OdDbDatabase& database);
   PurgePlan(OdDbDatabase& database, const OdDbObjectIdArray& candidates);
 
-  const OdDbObjectIdArray& purgeable() const { return purgeable_; } // in the order of the candidates
+  // Purgeable candidates in their order; status of an object; uses of a candidate by objects that are not purged, in
+  // order of ids, variables last.
+  const OdDbObjectIdArray& purgeable() const { return purgeable_; }
   Standing standingOf(OdDbObjectId id) const;
-  std::vector<Use> usesOf(OdDbObjectId id) const; // by what stays; in order of ids, variables last
+  std::vector<Use> usesOf(OdDbObjectId id) const;
 
 private:
   friend class PurgeWalk;

@@ -1,30 +1,31 @@
-// Parts of a drawing as drawings of their own.
+// Write block: parts of a drawing as separate drawings.
 //
-// Each function makes a new drawing and leaves the source as it is. What the objects need comes along under its own
-// name and with its own properties (nested definitions, layers, line types, styles, files of shapes, annotation scales,
-// the associations of dimensions), and nothing else does; of the header, what decides how objects look, and with
-// pictures and wipeouts whether their frames show. The new drawing has the source's version and code page. Its units
-// (INSUNITS) are those of the source, its base point is the origin, unless said otherwise. Null when the drawing would
-// grow beyond the limits of cloning.
+// Each function creates a drawing and does not change the source. Records that the objects depend on are cloned with
+// them under their names and with their properties (nested definitions, layers, linetypes, styles, shape files,
+// annotation scales, associations of dimensions), and nothing else; so are header variables that affect the appearance,
+// and with images and wipeouts the display of their frames. The new drawing has the version and code page of the
+// source. Its units (INSUNITS) are those of the source and its base point is the origin unless stated otherwise.
+// Functions return null if the limits of cloning are exceeded.
 #pragma once
 
 #include "DbDatabase.h"
 
 namespace drawing {
 
-// Model space holds the contents of the block, in drawing order and in the coordinates of the block: its base point is
-// that of the drawing. Units, whether references may be exploded or scaled unequally, the description, annotative
-// properties and the behaviour of a dynamic block stand with model space, where OdDbDatabase::insert finds them.
-// `block` must open as a block. `path`: where the drawing will lie, which relative paths of other files in it start
-// from; empty makes them absolute.
+// A drawing whose model space has the entities of the block, in draw order and in block coordinates; the base point of
+// the block is that of the drawing. Units, permission to explode and to scale unequally, description, annotative
+// properties and dynamic block data are stored with model space, where OdDbDatabase::insert reads them. `path`: file
+// that the drawing will be saved to, to which relative paths of other files are converted; empty makes them absolute.
+// Throws OdError(eInvalidInput) unless `block` is a block that is not erased.
 MVDRAWING_API OdDbDatabasePtr wblockBlock(OdDbObjectId block, const std::string& path = {});
 
-// Model space holds the objects, which are of one drawing, in the order given and where they are in theirs. Null for an
-// empty list, too, and where one of the objects does not open.
+// A drawing whose model space has these objects of one drawing, in this order and at their coordinates. Also null for
+// an empty list and if one of the objects cannot be cloned.
 MVDRAWING_API OdDbDatabasePtr wblockObjects(const OdDbObjectIdArray& ids, const std::string& path = {});
 
-// The whole drawing, sheets included, less what nothing uses. It keeps its base point. Made by way of the file of that
-// version (unknown: the drawing's own); `lost`, when given, receives what the version cannot hold.
+// A copy of the whole drawing, layouts included, without unused records. It keeps the base point. The copy is made
+// through a file of that version in memory (unknown: the version of the drawing); `lost`, if not null, receives what
+// the version cannot represent. Null also if writing or reading fails.
 MVDRAWING_API OdDbDatabasePtr wblockDrawing(const OdDbDatabase& database, const std::string& path = {},
                                             OdDb::DwgVersion version = OdDb::kVersionUnknown, Report* lost = nullptr);
 

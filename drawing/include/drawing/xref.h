@@ -1,8 +1,9 @@
-// External references: blocks that stand for other drawings.
+// External references: blocks whose contents are other drawings.
 //
-// A drawing holds of an external reference a block with the path of a file, and names that came from there (layers
-// NAME|LAYER and the like). Loading opens the files and keeps their drawings beside the one that refers to them. It
-// changes nothing in it: it is saved, dumped and undone as before.
+// For an external reference a drawing contains a block with the path of a file, and dependent records (layers
+// NAME|LAYER
+// ...). Loading opens the files and keeps their drawings in addition to the one that refers to them. It does not change
+// that drawing: saving, dump and undo are the same.
 #pragma once
 
 #include "OdString.h"
@@ -18,32 +19,35 @@ namespace drawing {
 
 struct ReadResult;
 
+// Status of a block as an external reference.
 enum class XrefStatus : std::uint8_t {
   NotAnXref,   // an ordinary block
-  NotLoaded,   // nobody tried yet
-  Loaded,      // xrefDatabase() answers its drawing
-  Unloaded,    // the user does not want it
+  NotLoaded,   // loading has not been attempted
+  Loaded,      // xrefDatabase() returns its drawing
+  Unloaded,    // unloaded by the user
   NotFound,    // there is no such file
-  Refused,     // the file is no drawing that can be read, or there are too many
+  Refused,     // the file is not a drawing that can be read, or there are too many
   Cycle,       // its drawing refers back to one that is being loaded
   NotFollowed, // an overlay in a drawing that is an external reference itself
 };
 
+// Functions that find and open files.
 struct XrefLoader {
-  // The file for a path as the drawing `from` spells it; empty when there is none.
+  // The file for a path as the drawing `from` stores it; empty if there is none.
   std::function<std::string(const OdString& saved, const OdDbDatabase& from)> find;
   std::function<ReadResult(const std::string& path)> open; // empty: readDrawing
 };
 
+// Limits of loading.
 struct XrefLimits {
-  std::size_t drawings = 1000; // that are opened
-  std::size_t depth = 100;     // of drawings in drawings
+  std::size_t drawings = 1000; // drawings that are opened
+  std::size_t depth = 100;     // nesting of drawings
 };
 
-// Loads the drawings that `host` refers to and those that these refer to, in table order; what an earlier call loaded
-// is let go. A file is opened once, by whatever paths it is named. The report tells in notes ("xref.not-found",
-// "xref.refused", "xref.cycle", "xref.unloaded", "xref.repaired", "xref.limit") what could not be loaded as it should;
-// each such reference stays as it is. Without `find` nothing is found.
+// Loads the drawings that `host` refers to and those that these refer to, in table order; drawings of an earlier call
+// are released. A file is opened once, even if several paths name it. The report has notes ("xref.not-found",
+// "xref.refused", "xref.cycle", "xref.unloaded", "xref.repaired", "xref.limit") for what could not be loaded as
+// expected. Without `find` nothing is found.
 MVDRAWING_API Report loadXrefs(OdDbDatabase& host, const XrefLoader& loader, const XrefLimits& limits = {});
 
 } // namespace drawing

@@ -1,4 +1,4 @@
-// External references that become ordinary blocks, or go.
+// Binding and detaching external references.
 #pragma once
 
 #include "DbDatabase.h"
@@ -6,27 +6,30 @@
 
 namespace drawing {
 
+// Result of binding.
 struct BoundXref {
   bool isDone = false;
-  OdString obstacle;                         // refused: the reference, or the one in it, that is not loaded
-  XrefStatus status = XrefStatus::NotAnXref; // and what came of loading it
-  std::vector<OdString> leftOut;             // overlays inside, which nobody sees
+  OdString obstacle;                         // refused: name of the reference, or of a nested one, that is not loaded
+  XrefStatus status = XrefStatus::NotAnXref; // and its status
+  std::vector<OdString> leftOut;             // nested overlays, which are not bound
 };
 
-// Makes an external reference an ordinary block with the contents of its drawing, and the same of those that are nested
-// in it. What comes along is named after the reference: WALLS of SITE is SITE$0$WALLS, or $1$ where that is taken;
-// layer 0 and the like are those of `database`. What it held of the reference ("SITE|WALLS") gets these names and keeps
-// its state. References to the block stay as they are. One that is not loaded, and one with a nested reference that is
-// not, is refused: nothing has changed then.
+// Makes an external reference an ordinary block with the contents of its drawing; nested references are bound as well.
+// Cloned records are named after the reference: WALLS of SITE becomes SITE$0$WALLS, or $1$ if that name is in use;
+// mandatory records such as layer 0 are those of `database`. Dependent records ("SITE|WALLS") get these names and keep
+// their properties. References to the block are not changed. If the reference or a nested one is not loaded, nothing is
+// changed.
 MVDRAWING_API BoundXref bindXref(OdDbDatabase& database, OdDbObjectId block);
 
+// Result of detaching.
 struct DetachedXref {
-  OdResult result = eOk; // why nothing was done: eInvalidInput for what is no external reference, eOnLockedLayer ...
-  std::size_t references = 0; // that were erased
+  OdResult result =
+      eOk; // reason why nothing was changed: eInvalidInput if it is not an external reference, eOnLockedLayer
+  std::size_t references = 0; // block references that were erased
 };
 
-// Erases an external reference with everything that shows it, in definitions as well. Of what the drawing held of it
-// ("SITE|WALLS") goes what nothing uses; the rest is its own from now on, as SITE$0$WALLS.
+// Erases an external reference and all block references to it, those in definitions included. Dependent records
+// ("SITE|WALLS") that are not used are erased; the others become ordinary records (SITE$0$WALLS).
 MVDRAWING_API DetachedXref detachXref(OdDbDatabase& database, OdDbObjectId block);
 
 } // namespace drawing
