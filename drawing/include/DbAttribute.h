@@ -18,7 +18,7 @@ class MVDRAWING_API OdDbAttributeBase : public OdDbText {
 public:
   ODRX_DECLARE_MEMBERS(OdDbAttributeBase);
   // Tag; flags; length of the field in characters (0: not stated); whether the attribute keeps its position in the
-  // block. Values are not checked: names::checkAttributeTag and its like belong to commands.
+  // block. Values are not checked.
   const OdString& tag() const { return tag_; }
   void setTag(const OdString& tag);
   bool isInvisible() const { return (attributeFlags_ & kInvisible) != 0; }

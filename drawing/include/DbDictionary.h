@@ -49,6 +49,7 @@ public:
   void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
 
+  // Reads and writes the groups of the entries.
   static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
 

@@ -37,8 +37,8 @@ public:
 
   // Occasions at which fields are evaluated; the options of a field are those that apply to it.
   enum EvalContext : int { kOpen = 1, kSave = 2, kPlot = 4, kTransmit = 8, kRegen = 16, kDemand = 32 };
-  int evaluationOptions() const;
-  OdString getValue() const; // displayed text: the value that was computed last
+  int evaluationOptions() const; // EvalContext bits
+  OdString getValue() const;     // displayed text: the value that was computed last
 
   // Evaluates the field and those nested in it: header variables, dates and file name, simple properties of objects,
   // arithmetic. All other fields keep their value. `context`: EvalContext bits. Returns eOk, or the reason why its own

@@ -34,6 +34,7 @@ protected:
   // polyline with arcs becomes a loop of edges; a gradient refuses it (eCannotTransform), as it has a single scale.
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
+  // All groups of the hatch.
   static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
   std::int64_t integerOf(int code) const;              // value of the first group of that code, else 0

@@ -17,6 +17,7 @@ public:
   // Kind of content; values as in files (group 172).
   enum ContentType : std::int16_t { kNoneContent = 0, kBlockContent = 1, kMTextContent = 2, kToleranceContent = 3 };
 
+  // Kind of its content, and its style.
   ContentType contentType() const;
   OdDbObjectId MLeaderStyle() const;
 

@@ -36,6 +36,7 @@ protected:
   };                                                                                                                   \
   using Class##Ptr = OdSmartPtr<Class>
 
+// The kinds.
 MVDB_DECLARE_MODELER_KIND(OdDb3dSolid, OdDbModelerGeometry);
 MVDB_DECLARE_MODELER_KIND(OdDbRegion, OdDbModelerGeometry);
 MVDB_DECLARE_MODELER_KIND(OdDbBody, OdDbModelerGeometry);

@@ -68,19 +68,23 @@ public:
   friend constexpr bool operator==(OdDbObjectId a, OdDbObjectId b) { return a.value_ == b.value_; }
   friend constexpr bool operator!=(OdDbObjectId a, OdDbObjectId b) { return a.value_ != b.value_; }
   friend constexpr bool operator<(OdDbObjectId a, OdDbObjectId b) { return a.value_ < b.value_; }
-  explicit operator bool() const { return !isNull(); }
+  explicit operator bool() const { return !isNull(); } // whether the id is not null
 
 private:
   friend struct std::hash<OdDbObjectId>;
   std::uint64_t value_ = 0;
 };
 
+namespace std {
+
 // Hash of an id, for unordered containers.
 template <>
-struct std::hash<OdDbObjectId> {
-  std::size_t operator()(OdDbObjectId id) const noexcept { // spreads numbers that follow each other
+struct hash<OdDbObjectId> {
+  std::size_t operator()(OdDbObjectId id) const noexcept {
     return static_cast<std::size_t>(id.value_ * 0x9E3779B97F4A7C15ull);
   }
 };
+
+} // namespace std
 
 using OdDbObjectIdArray = OdArray<OdDbObjectId, OdClrMemAllocator<OdDbObjectId>>;

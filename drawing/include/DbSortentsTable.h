@@ -15,7 +15,8 @@ public:
   ODDB_DECLARE_MEMBERS(OdDbSortentsTable);
   OdDbSortentsTable() = default;
 
-  OdDbObjectId blockId() const { return block_; } // the block that is ordered; not checked
+  // The block whose entities are ordered; setting does not check the id.
+  OdDbObjectId blockId() const { return block_; }
   void setBlockId(OdDbObjectId block);
   // Sorts ids by their sort handles, bottom first; equal ones keep their order. Ids need not belong to the block.
   void sort(std::vector<OdDbObjectId>& ids) const;

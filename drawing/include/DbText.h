@@ -14,6 +14,7 @@ public:
   // Horizontal and vertical alignment; values as in files (groups 72 and 73). With kLeft and kBase the position places
   // the text; otherwise the alignment point does (kAligned and kFit use both).
   enum HorizontalMode : std::int16_t { kLeft, kCenter, kRight, kAligned, kMid, kFit };
+  // Vertical alignment.
   enum VerticalMode : std::int16_t { kBase, kBottom, kMiddle, kTop };
 
   // Points, and normal of the plane (unit length). The setters of points convert to the OCS of the present normal;

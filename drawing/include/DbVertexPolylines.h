@@ -69,9 +69,9 @@ public:
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
 protected:
-  OdDbWorldVertex(std::int16_t flags) { flags_ = flags; }
+  OdDbWorldVertex(std::int16_t flags) { flags_ = flags; } // with these flags (group 70)
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
-  static drawing::Section vertexSection(const char* marker);
+  static drawing::Section vertexSection(const char* marker); // groups that all kinds have
 
 private:
   OdGePoint3d position_;
@@ -135,7 +135,7 @@ public:
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
 
 protected:
-  explicit OdDbVertexOwner(std::int16_t flags = 0) : flags_(flags) {}
+  explicit OdDbVertexOwner(std::int16_t flags = 0) : flags_(flags) {} // with these flags (group 70)
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
   // Description of the groups that all owners have, group 66 ("vertices follow") among them.
   static drawing::Section ownerSection(const char* marker);

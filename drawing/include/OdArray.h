@@ -167,7 +167,6 @@ public:
     resize(count);
     return *this;
   }
-
   OdArray& setPhysicalLength(size_type count) {
     reserve(count);
     return *this;

@@ -59,7 +59,8 @@ public:
   operator T*() const { return object_; }
   explicit operator bool() const { return object_ != nullptr; }
 
-  void release() { // makes the pointer null
+  // Makes the pointer null.
+  void release() {
     letGo();
     object_ = nullptr;
   }

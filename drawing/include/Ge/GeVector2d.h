@@ -33,7 +33,6 @@ public:
 
   // Products; the cross product is positive if `other` is counter-clockwise of this one.
   constexpr double dotProduct(const OdGeVector2d& other) const { return x * other.x + y * other.y; }
-
   constexpr double crossProduct(const OdGeVector2d& other) const { return x * other.y - y * other.x; }
   constexpr OdGeVector2d perpVector() const { return {-y, x}; } // rotated counter-clockwise by 90 degrees
 
