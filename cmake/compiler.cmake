@@ -47,8 +47,8 @@ function(compile_in_batches target)
   endif()
 endfunction()
 
-# Sources of one room: every .cpp below it. Globbing keeps a new file from needing an edit here.
-function(room_sources out dir)
+# Sources of one module: every .cpp below it. Globbing keeps a new file from needing an edit here.
+function(module_sources out dir)
   file(GLOB_RECURSE found CONFIGURE_DEPENDS ${dir}/*.cpp)
   set(${out} ${found} PARENT_SCOPE)
 endfunction()

@@ -1,5 +1,5 @@
 # What `cmake --install` lays down: the three libraries with their headers, the console program, the CMake package
-# `blockcommon` and one pkg-config file a library. A room without a target yet is left out.
+# `blockcommon` and one pkg-config file a library.
 include_guard(GLOBAL)
 include(CMakePackageConfigHelpers)
 
@@ -12,11 +12,8 @@ set(sdk_headers ${CMAKE_INSTALL_INCLUDEDIR}/mvdrawing)
 
 # install_library(TARGET EXPORT-SET EXPORT-NAME HEADER-SOURCE HEADER-FOLDER PKGCONFIG-NAME)
 function(install_library target set name headers folder pkgconfig)
-  get_target_property(soversion ${target} SOVERSION)
-  if(NOT soversion)
-    set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
-  endif()
-  set_target_properties(${target} PROPERTIES EXPORT_NAME ${name})
+  set_target_properties(${target} PROPERTIES
+    EXPORT_NAME ${name} VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
   install(TARGETS ${target} EXPORT ${set}
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} INCLUDES DESTINATION ${folder})
   install(DIRECTORY ${headers}/ DESTINATION ${folder} FILES_MATCHING PATTERN "*.h")
@@ -25,21 +22,15 @@ function(install_library target set name headers folder pkgconfig)
 endfunction()
 
 install_library(mvdrawing morvane-targets sdk ${PROJECT_SOURCE_DIR}/drawing/include ${sdk_headers} libmvdrawing)
-if(TARGET mvhost)
-  install_library(mvhost morvane-targets host
-    ${PROJECT_SOURCE_DIR}/morvane/include ${CMAKE_INSTALL_INCLUDEDIR} libmorvane)
-endif()
+install_library(mvhost morvane-targets host
+  ${PROJECT_SOURCE_DIR}/morvane/include ${CMAKE_INSTALL_INCLUDEDIR} libmorvane)
 install(EXPORT morvane-targets NAMESPACE morvane:: DESTINATION ${package_dir})
 
-if(TARGET blockcommon)
-  install_library(blockcommon blockcommon-targets blockcommon
-    ${PROJECT_SOURCE_DIR}/blockcommon/include ${CMAKE_INSTALL_INCLUDEDIR} libblockcommon)
-  install(EXPORT blockcommon-targets NAMESPACE blockcommon:: DESTINATION ${package_dir})
-endif()
+install_library(blockcommon blockcommon-targets blockcommon
+  ${PROJECT_SOURCE_DIR}/blockcommon/include ${CMAKE_INSTALL_INCLUDEDIR} libblockcommon)
+install(EXPORT blockcommon-targets NAMESPACE blockcommon:: DESTINATION ${package_dir})
 
-if(TARGET morvane)
-  install(TARGETS morvane RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-endif()
+install(TARGETS morvane RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/blockcommon-config.cmake.in
   ${PROJECT_BINARY_DIR}/blockcommon-config.cmake INSTALL_DESTINATION ${package_dir})

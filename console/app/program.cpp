@@ -16,7 +16,7 @@ namespace {
 
 using VerbList = std::vector<std::unique_ptr<verbs::Verb>>;
 
-constexpr char kVersion[] = "morvane 0.1.0";
+constexpr char kVersion[] = "morvane " MORVANE_VERSION;
 
 struct Options {
   std::string drawing;
