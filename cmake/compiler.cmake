@@ -8,7 +8,7 @@ endif()
 
 add_library(project_flags INTERFACE)
 target_compile_options(project_flags INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -ffp-contract=off
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor -Woverloaded-virtual -ffp-contract=off
   $<$<BOOL:${BLOCKCOMMON_WERROR}>:-Werror>)
 # GCC 12 sees overlapping copies in ordinary concatenations of std::string (its bug 105651).
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")

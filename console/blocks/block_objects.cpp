@@ -77,9 +77,9 @@ OdDbObjectId shownBy(OdDbObjectId reference) {
 }
 
 void leaveOutCameras(Session& session, BlockObjects& objects) {
-  const int before = objects.ids.length();
+  const std::size_t before = objects.ids.length();
   blockUtils::kickOutSomeKindOfObjs(objects.ids);
-  objects.cameras = static_cast<std::size_t>(before - objects.ids.length());
+  objects.cameras = before - objects.ids.length();
   if (objects.cameras > 0)
     session.say(Text::kCamerasLeftOut, {count(objects.cameras)});
 }
@@ -116,7 +116,7 @@ OdString chainBackTo(OdDbObjectId block, const OdDbObjectIdArray& ids) {
 BlockObjects objectsForBlock(Session& session, const OdString& name, const OdDbObjectIdArray& picked) {
   BlockObjects objects{picked, 0, 0};
   const int left = commonFun::objsOnLockedLayerPro(objects.ids);
-  objects.locked = static_cast<std::size_t>(picked.length() - left);
+  objects.locked = picked.length() - static_cast<std::size_t>(left);
   if (objects.locked > 0 && objects.ids.isEmpty())
     refuse(Text::kAllLocked);
   leaveOutCameras(session, objects);

@@ -71,7 +71,7 @@ std::vector<NamedThing> purgeable(OdDbDatabase& database, const std::vector<Name
   OdDbObjectIdArray ids = idsOf(things);
   database.purge(ids);
   std::vector<NamedThing> found;
-  std::size_t next = 0;
+  OdDbObjectIdArray::size_type next = 0;
   for (const NamedThing& thing : things) {
     if (next < ids.size() && ids[next] == thing.id) {
       found.push_back(thing);

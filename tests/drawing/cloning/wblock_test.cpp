@@ -104,7 +104,7 @@ TEST_F(Wblock, ObjectsComeInTheirOrderAndAssociationsWholeOrNotAtAll) {
     const OdDbDatabasePtr made = drawing::wblockObjects(ids);
     const auto space = forRead<OdDbBlockTableRecord>(made->getModelSpaceId());
     OdDbObjectId tied;
-    std::size_t at = 0;
+    OdDbObjectIdArray::size_type at = 0;
     for (auto it = space->newIterator(); !it->done(); it->step(), ++at) {
       EXPECT_EQ(it->entity()->isA(), ids[at].safeOpenObject()->isA());
       const auto one = OdDbText::cast(it->entity());

@@ -133,7 +133,8 @@ TEST(Fills, CoverTheirArea) {
   };
   for (const auto& one : cases) {
     const Shot shot(drawingOf(one.hatch));
-    EXPECT_NEAR(static_cast<double>(shot.inked()), static_cast<double>(one.area), 0.05 * one.area) << one.what;
+    EXPECT_NEAR(static_cast<double>(shot.inked()), static_cast<double>(one.area), 0.05 * static_cast<double>(one.area))
+        << one.what;
     EXPECT_EQ(shot.at(15, 15), one.color) << one.what;
     EXPECT_EQ(shot.report().extents.minPoint().x, 10) << one.what;
   }
