@@ -32,7 +32,7 @@ public:
         placed_(reference.blockTransform() * OdGeMatrix3d::translation(OdGePoint3d() - origin)), old_(reference),
         used_(old_.rows().size()) {}
 
-  void run(SyncedAttributes& told) {
+  void run(SyncedAttributes& synced) {
     for (const OdDbObjectId& id : definitions_) {
       const OdDbAttributeDefinitionPtr definition = id.safeOpenObject();
       update(*definition);
@@ -41,7 +41,7 @@ public:
       if (used_[i])
         continue;
       const AttributeRow& surplus = old_.rows()[i];
-      told.surplus.push_back({reference_.objectId(), surplus.tag, surplus.value});
+      synced.surplus.push_back({reference_.objectId(), surplus.tag, surplus.value});
       surplus.attribute.safeOpenObject(OdDb::kForWrite)->erase();
     }
   }
@@ -104,7 +104,7 @@ bool isLocked(const OdDbBlockReference& reference) {
          insertCommon::isAllAttributeInLockLayer(reference.objectId(), all);
 }
 
-void syncShape(OdDbObjectId block, SyncedAttributes& told) {
+void syncShape(OdDbObjectId block, SyncedAttributes& synced) {
   const OdDbBlockTableRecordPtr record = block.safeOpenObject();
   OdDbObjectIdArray definitions;
   for (const OdDbObjectId& id : record->getBlockReferenceIds()) {
@@ -112,25 +112,25 @@ void syncShape(OdDbObjectId block, SyncedAttributes& told) {
     if (definitions.isEmpty())
       insertCommon::getAllAttributeDefinesOfBlk(reference, definitions);
     if (isLocked(*reference)) {
-      told.locked.push_back(id);
+      synced.locked.push_back(id);
       continue;
     }
     const OdDbBlockReferencePtr writing = id.safeOpenObject(OdDb::kForWrite);
-    Sync(*writing, definitions, record->origin()).run(told);
-    ++told.references;
+    Sync(*writing, definitions, record->origin()).run(synced);
+    ++synced.references;
   }
 }
 
 } // namespace
 
 SyncedAttributes syncAttributes(OdDbObjectId block) {
-  SyncedAttributes told;
+  SyncedAttributes synced;
   OdDbObjectIdArray shapes;
   shapes.append(block);
   shapes.append(OdDbDynBlockTableRecord(block).getAnonymousBlockIds());
   for (const OdDbObjectId& shape : shapes)
-    syncShape(shape, told);
-  return told;
+    syncShape(shape, synced);
+  return synced;
 }
 
 } // namespace console

@@ -41,7 +41,7 @@ std::string fileOf(Session& session, const OdDbBlockTableRecord& xref) {
 
 void loadAgain(Session& session) {
   session.host().documents().loadXrefs(*session.drawing().document);
-  tellXrefs(session);
+  reportXrefs(session);
 }
 
 // What the drawing takes over of its external drawing: where references hold it, and its units.

@@ -147,7 +147,7 @@ void settleClash(const BlockSource& source, OdDbObjectId there, OnClash onClash,
     result.how = same ? How::Shared : How::Kept;
 }
 
-void tell(Session& session, const BlockSource& source, const BroughtIn& result) {
+void printOutcome(Session& session, const BlockSource& source, const BroughtIn& result) {
   using How = BroughtIn::How;
   const OdString path = OdString::fromUtf8(source.path);
   if (result.how == How::Kept)
@@ -202,7 +202,7 @@ BroughtIn bringIn(Session& session, const BlockSource& source, OnClash onClash) 
     result.block = insertAs(session, source, result.name);
     loadNewXrefs(session);
   }
-  tell(session, source, result);
+  printOutcome(session, source, result);
   return result;
 }
 

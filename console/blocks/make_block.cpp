@@ -72,12 +72,12 @@ void eraseAll(const OdDbObjectIdArray& ids) {
 
 } // namespace
 
-void tellBlockMade(Session& session, const BlockRequest& request, const BlockMade& made) {
+void reportBlockMade(Session& session, const BlockRequest& request, const BlockMade& made) {
   session.result(made.redefined ? Text::kBlockRedefined : Text::kBlockMade, {request.name, count(made.objects)});
-  tellAfterwards(session, request.afterwards);
+  reportSourceObjects(session, request.afterwards);
 }
 
-void tellAfterwards(Session& session, Afterwards afterwards) {
+void reportSourceObjects(Session& session, Afterwards afterwards) {
   const Text texts[] = {Text::kKept, Text::kConverted, Text::kDeleted};
   session.say(texts[static_cast<std::size_t>(afterwards)]);
 }

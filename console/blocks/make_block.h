@@ -49,7 +49,7 @@ void refuseForeign(const OdDbBlockTableRecord& block);
 // Runs inside a step that changes the drawing: whoever catches the Failure takes the step back.
 BlockMade makeBlock(Session& session, const BlockRequest& request);
 // The results, for whoever knows that they will last.
-void tellAfterwards(Session& session, Afterwards afterwards);
-void tellBlockMade(Session& session, const BlockRequest& request, const BlockMade& made);
+void reportSourceObjects(Session& session, Afterwards afterwards);
+void reportBlockMade(Session& session, const BlockRequest& request, const BlockMade& made);
 
 } // namespace console

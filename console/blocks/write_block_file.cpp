@@ -87,7 +87,7 @@ public:
   OdDbDatabasePtr operator()(WholeDrawing) const {
     drawing::Report lost;
     OdDbDatabasePtr made = drawing::wblockDrawing(session_.database(), request_.path, request_.version, &lost);
-    tellLosses(session_, request_.path, lost);
+    reportLosses(session_, request_.path, lost);
     if (!made.isNull() && request_.basePoint)
       made->setINSBASE(request_.ucs * *request_.basePoint);
     return made;
@@ -110,14 +110,14 @@ public:
     result_.written = moveToBase(*made, frame, ordered);
     if (result_.written.length() == ordered.length())
       return made;
-    tellDropped(ordered);
+    reportDropped(ordered);
     made = drawing::wblockObjects(result_.written, request_.path); // without what only the others need
     moveToBase(*made, frame, result_.written);
     return made;
   }
 
 private:
-  void tellDropped(const OdDbObjectIdArray& all) const {
+  void reportDropped(const OdDbObjectIdArray& all) const {
     result_.dropped = missingByType(all, result_.written);
     for (const auto& [type, number] : result_.dropped)
       session_.say(Text::kNotMoved, {count(number), OdString::fromUtf8(type)});
@@ -204,7 +204,7 @@ BlockFile writeBlockFile(Session& session, const BlockFileRequest& request) {
   return result;
 }
 
-void tellBlockFile(Session& session, const BlockFile& written) {
+void reportBlockFile(Session& session, const BlockFile& written) {
   session.result(Text::kBlockWritten,
                  {OdString::fromUtf8(written.path), count(written.count.objects), count(written.count.definitions),
                   OdString::fromUtf8(drawing::versionYear(written.version))});

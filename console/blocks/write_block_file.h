@@ -59,6 +59,6 @@ OdDbObjectId definitionToWrite(Session& session, const OdString& name);
 // Makes the drawing, writes it, reads it again and counts. The open drawing is not changed. Throws, and no file is
 // changed, when it cannot be made or written; throws as well when the file does not hold what was written.
 BlockFile writeBlockFile(Session& session, const BlockFileRequest& request);
-void tellBlockFile(Session& session, const BlockFile& written);
+void reportBlockFile(Session& session, const BlockFile& written);
 
 } // namespace console

@@ -47,12 +47,12 @@ void attsync(CommandContext& context) {
   const OdDbObjectId block = askBlock(session);
   if (block.isNull())
     return;
-  const SyncedAttributes told = syncAttributes(block);
-  for (const SyncedAttributes::Surplus& surplus : told.surplus)
+  const SyncedAttributes synced = syncAttributes(block);
+  for (const SyncedAttributes::Surplus& surplus : synced.surplus)
     session.result(Text::kSyncSurplus, {handleText(surplus.reference), surplus.tag, surplus.value});
-  for (const OdDbObjectId& id : told.locked)
+  for (const OdDbObjectId& id : synced.locked)
     session.result(Text::kSyncLocked, {handleText(id)});
-  session.say(Text::kSynced, {count(told.references)});
+  session.say(Text::kSynced, {count(synced.references)});
 }
 
 } // namespace console::commands

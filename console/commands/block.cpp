@@ -41,7 +41,7 @@ OdDbObjectIdArray takeSelectedBefore(Session& session) {
   OdDbObjectIdArray ids;
   commonFun::curSelectEntity(ids);
   if (!ids.isEmpty())
-    tellSelectedBefore(session, ids);
+    reportPreselection(session, ids);
   return ids;
 }
 
@@ -103,7 +103,7 @@ void block(CommandContext& context) {
   request.explodable = options.explodable != 0;
   request.scalesUniformly = options.uniform != 0;
   const BlockMade made = makeBlock(session, request);
-  tellBlockMade(session, request, made);
+  reportBlockMade(session, request, made);
   rememberBlockOptions(options);
   if (options.openInEditor != 0 && context.drawing.document->blockEditorName().isEmpty())
     openEditor(context, made.block);

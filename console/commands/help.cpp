@@ -24,7 +24,7 @@ void listAll(Session& session, const CommandTable& commands) {
 }
 
 // The questions as they will be asked; a default that is not known before stands as dots.
-void tellAbout(Session& session, const Command& command) {
+void printCommandHelp(Session& session, const Command& command) {
   constexpr wchar_t kUnknown[] = L"...";
   session.result(Text::kHelpOne, {namesOf(command), render(command.help)});
   if (!command.asks.empty())
@@ -42,7 +42,7 @@ void help(CommandContext& context) {
   const Command* command = findCommand(context.commands, name.str());
   if (command == nullptr)
     refuse(Text::kUnknownCommand, {name});
-  tellAbout(context.session, *command);
+  printCommandHelp(context.session, *command);
 }
 
 } // namespace console::commands

@@ -88,7 +88,7 @@ void settleObjects(Session& session, Plan& plan, const OdDbObjectIdArray& writte
     for (const OdDbObjectId id : written)
       id.safeOpenObject(OdDb::kForWrite)->erase();
   }
-  tellAfterwards(session, plan.afterwards);
+  reportSourceObjects(session, plan.afterwards);
 }
 
 } // namespace
@@ -109,7 +109,7 @@ void wblock(CommandContext& context) {
   plan.file.units = askUnits(session, plan);
   const BlockFile written = writeBlockFile(session, plan.file);
   rememberTarget(session, written.path, written.version);
-  tellBlockFile(session, written);
+  reportBlockFile(session, written);
   if (std::holds_alternative<OdDbObjectIdArray>(plan.file.source))
     settleObjects(session, plan, written.written);
 }

@@ -19,16 +19,16 @@ bool isLoss(const drawing::Issue& issue) {
 }
 
 // A line for each thing that was repaired or lost, and how many there were.
-void tellIssues(Session& session, const std::string& path, const drawing::Report& report, Text line) {
+void printIssues(Session& session, const std::string& path, const drawing::Report& report, Text line) {
   constexpr std::size_t kMostLines = 20;
-  std::size_t told = 0;
+  std::size_t printed = 0;
   for (const drawing::Issue& issue : report.issues()) {
-    if (isLoss(issue) && ++told <= kMostLines)
+    if (isLoss(issue) && ++printed <= kMostLines)
       session.say(line, {asText(path), asText(drawing::describe(issue))});
   }
-  told += report.suppressed();
-  if (told > kMostLines)
-    session.say(Text::kMoreIssues, {asText(path), count(told - kMostLines)});
+  printed += report.suppressed();
+  if (printed > kMostLines)
+    session.say(Text::kMoreIssues, {asText(path), count(printed - kMostLines)});
 }
 
 std::size_t losses(const drawing::Report& report) {
@@ -55,10 +55,10 @@ drawing::ReadResult readOrThrow(Session& session, const std::string& path) {
   return read;
 }
 
-void tellRepaired(Session& session, const std::string& path, const drawing::Report& report, bool tellsIssues) {
+void reportRepaired(Session& session, const std::string& path, const drawing::Report& report, bool listsIssues) {
   session.say(Text::kRepaired, {asText(path), count(losses(report))});
-  if (tellsIssues)
-    tellIssues(session, path, report, Text::kReadIssue);
+  if (listsIssues)
+    printIssues(session, path, report, Text::kReadIssue);
   session.note(Status::Repaired);
 }
 
@@ -74,7 +74,7 @@ std::size_t objectsInModelSpace(const OdDbDatabase& database) {
 
 } // namespace
 
-void tellXrefs(Session& session) {
+void reportXrefs(Session& session) {
   constexpr std::size_t kMostLines = 20;
   const std::string& path = session.drawing().path;
   const OdString name = path.empty() ? render(Text::kUnsavedName) : asText(path);
@@ -88,28 +88,28 @@ void tellXrefs(Session& session) {
     session.say(Text::kMoreIssues, {name, count(all - kMostLines)});
 }
 
-drawing::Report openDrawing(Session& session, const std::string& path, bool tellsIssues) {
+drawing::Report openDrawing(Session& session, const std::string& path, bool listsIssues) {
   const drawing::ReadResult read = readOrThrow(session, path);
   const bool repaired = read.report.outcome() != drawing::Outcome::Whole;
   session.adopt(read.database, path, repaired);
   session.say(Text::kOpened, {asText(path), count(objectsInModelSpace(*read.database)),
                               asText(drawing::versionYear(read.database->facts().version))});
-  tellXrefs(session);
+  reportXrefs(session);
   if (repaired)
-    tellRepaired(session, path, read.report, tellsIssues);
+    reportRepaired(session, path, read.report, listsIssues);
   return read.report;
 }
 
 OdDbDatabasePtr readBeside(Session& session, const std::string& path) {
   const drawing::ReadResult read = readOrThrow(session, path);
   if (read.report.outcome() != drawing::Outcome::Whole)
-    tellRepaired(session, path, read.report, true);
+    reportRepaired(session, path, read.report, true);
   return read.database;
 }
 
-void tellLosses(Session& session, const std::string& path, const drawing::Report& report) {
+void reportLosses(Session& session, const std::string& path, const drawing::Report& report) {
   session.addIssues(report);
-  tellIssues(session, path, report, Text::kVersionLoss);
+  printIssues(session, path, report, Text::kVersionLoss);
   if (losses(report) > 0)
     session.note(Status::Repaired);
 }
@@ -125,7 +125,7 @@ void writeFile(Session& session, const OdDbDatabase& database, const SaveRequest
   const drawing::WriteResult written = drawing::writeDrawing(database, request.path, options);
   if (written.result != eOk)
     throw Failure{Status::SaveFailed, {Text::kSaveFailed, {asText(written.message)}}};
-  tellLosses(session, request.path, written.report);
+  reportLosses(session, request.path, written.report);
 }
 
 void saveDrawing(Session& session, const SaveRequest& request) {

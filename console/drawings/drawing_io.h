@@ -11,9 +11,9 @@
 namespace console {
 
 // Reads the file in place of the open drawing. A repaired drawing is told and noted; one that cannot be read throws,
-// and the open drawing stays. `tellsIssues` false: what was repaired is only counted, not listed. Answers the report of
+// and the open drawing stays. `listsIssues` false: what was repaired is only counted, not listed. Answers the report of
 // the reading.
-drawing::Report openDrawing(Session& session, const std::string& path, bool tellsIssues = true);
+drawing::Report openDrawing(Session& session, const std::string& path, bool listsIssues = true);
 
 // Reads the file beside the open drawing. What was repaired is told and noted; a file that cannot be read throws.
 OdDbDatabasePtr readBeside(Session& session, const std::string& path);
@@ -30,10 +30,10 @@ struct SaveRequest {
 void writeFile(Session& session, const OdDbDatabase& database, const SaveRequest& request);
 // The same of the open drawing, which is that file from then on.
 void saveDrawing(Session& session, const SaveRequest& request);
-void tellLosses(Session& session, const std::string& path, const drawing::Report& report);
+void reportLosses(Session& session, const std::string& path, const drawing::Report& report);
 
 // What could not be loaded of the external references of the open drawing. Nothing is lost by it.
-void tellXrefs(Session& session);
+void reportXrefs(Session& session);
 
 // Any file, as a whole. Throws and changes no file when that fails, and when it is there and may not be replaced.
 void writeBytes(const std::string& path, std::string_view bytes, bool mayReplace);

@@ -44,7 +44,7 @@ OdDbObjectIdArray askSelectionAnew(Session& session);
 // The selection that was made before the command, which is used up by this; else asks. Throws when nothing is selected.
 OdDbObjectIdArray askSelection(Session& session);
 // Tells of a selection that was made before the command, and remembers it for Previous.
-void tellSelectedBefore(Session& session, const OdDbObjectIdArray& ids);
+void reportPreselection(Session& session, const OdDbObjectIdArray& ids);
 
 // Takes objects on locked layers out and tells how many there were. Throws when none is left.
 std::size_t leaveOutLocked(Session& session, OdDbObjectIdArray& ids);

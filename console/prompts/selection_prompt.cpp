@@ -137,7 +137,7 @@ OdDbObjectIdArray askSelectionAnew(Session& session) {
   return ids;
 }
 
-void tellSelectedBefore(Session& session, const OdDbObjectIdArray& ids) {
+void reportPreselection(Session& session, const OdDbObjectIdArray& ids) {
   session.say(Text::kSelectedBefore, {count(static_cast<std::size_t>(ids.length()))});
   session.drawing().previous = ids;
 }
@@ -145,7 +145,7 @@ void tellSelectedBefore(Session& session, const OdDbObjectIdArray& ids) {
 OdDbObjectIdArray askSelection(Session& session) {
   OdDbObjectIdArray ids = takePickFirst(session);
   if (!ids.isEmpty())
-    tellSelectedBefore(session, ids);
+    reportPreselection(session, ids);
   else
     ids = askSelectionAnew(session);
   if (ids.isEmpty())

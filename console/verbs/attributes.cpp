@@ -51,7 +51,7 @@ public:
   Status run(const SessionOptions& settings) override {
     return runJob(settings,
                   {"attributes", files_, json_, [this](Session& session, Json& results) { work(session, results); },
-                   [this](Session& session) { tell(session); }});
+                   [this](Session& session) { printSummary(session); }});
   }
 
 private:
@@ -74,9 +74,9 @@ private:
           {{"line", misfit.line}, {"id", idOf(misfit.reason.text)}, {"text", misfit.reason.shown().toUtf8Lossless()}});
   }
 
-  void tell(Session& session) {
+  void printSummary(Session& session) {
     if (!import_.empty())
-      return tellImported(session);
+      return reportImported(session);
     if (csv_)
       return session.printReport(OdString::fromUtf8(csvOf(rows_)));
     for (const AttributeRow& row : json_ ? std::vector<AttributeRow>() : rows_)
@@ -84,7 +84,7 @@ private:
     session.say(Text::kAttributeCount, {count(rows_.size())});
   }
 
-  void tellImported(Session& session) {
+  void reportImported(Session& session) {
     for (const ImportedAttributes::Misfit& misfit : imported_.misfits)
       session.say(Text::kImportMisfit, {OdString::fromUtf8(import_), count(misfit.line), misfit.reason.shown()});
     session.say(Text::kImported, {count(imported_.changed), count(imported_.same), count(imported_.misfits.size())});

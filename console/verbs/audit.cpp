@@ -31,7 +31,7 @@ public:
   Status run(const SessionOptions& settings) override {
     return runJob(settings,
                   {"audit", files_, json_, [this](Session& session, Json& results) { work(session, results); },
-                   [this](Session& session) { tell(session); },
+                   [this](Session& session) { printSummary(session); },
                    [this](const drawing::Report& report) { read_ = report; }});
   }
 
@@ -48,7 +48,7 @@ private:
     results["unlisted"] = read_.suppressed();
   }
 
-  void tell(Session& session) {
+  void printSummary(Session& session) {
     const auto& account = read_.account;
     session.result(Text::kAuditSum,
                    {count(account.read), count(account.kept), count(account.keptUnread), count(account.dropped)});

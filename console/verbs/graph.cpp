@@ -97,7 +97,7 @@ public:
   Status run(const SessionOptions& settings) override {
     return runJob(settings,
                   {"graph", files_, json_, [this](Session& session, Json& results) { work(session, results); },
-                   [this](Session& session) { tell(session); }});
+                   [this](Session& session) { printSummary(session); }});
   }
 
 private:
@@ -115,15 +115,15 @@ private:
       results["nodes"].push_back(jsonOf(node));
   }
 
-  void tell(Session& session) const {
+  void printSummary(Session& session) const {
     if (dot_)
       session.printReport(OdString::fromUtf8(dotOf(tree_.nodes)));
     for (std::size_t at = 0; at < tree_.nodes.size() && !dot_ && !json_; ++at)
-      tellNode(session, tree_.nodes[at]);
-    tellEdit(session);
+      printNode(session, tree_.nodes[at]);
+    reportEditability(session);
   }
 
-  static void tellNode(Session& session, const ReferenceNode& node) {
+  static void printNode(Session& session, const ReferenceNode& node) {
     const OdString indent(std::wstring(2 * (node.chain.size() - 1), L' '));
     std::vector<OdString> words{indent, node.block, OdString::fromUtf8(handleOf(node.reference)),
                                 chainText(node.chain)};
@@ -133,7 +133,7 @@ private:
     session.result(node.external->found.isEmpty() ? Text::kGraphLost : Text::kGraphExternal, words);
   }
 
-  void tellEdit(Session& session) const {
+  void reportEditability(Session& session) const {
     constexpr Text kTexts[] = {Text::kEditAllowed, Text::kEditXeditOff, Text::kEditExternal};
     const Text text = kTexts[static_cast<std::size_t>(tree_.edit.reason)];
     const std::vector<OdString> words{OdString::fromUtf8(handleOf(tree_.nodes.front().reference)),

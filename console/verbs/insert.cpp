@@ -98,7 +98,7 @@ public:
   void check() override;
   Status run(const SessionOptions& settings) override {
     Job job{"insert", files_, json_, [this](Session& session, Json& results) { work(session, results); },
-            [this](Session& session) { tell(session); }};
+            [this](Session& session) { printSummary(session); }};
     job.asks = true;
     return runJob(settings, job);
   }
@@ -128,7 +128,7 @@ private:
   Done insertFile(Session& session, const std::string& path, const OdString& name, const Placement& placement) const;
   Done place(Session& session, const std::string& path, const BroughtIn& in, const Placement& placement) const;
   Placement placeInGrid(std::size_t number) const;
-  void tell(Session& session) const;
+  void printSummary(Session& session) const;
   static Json jsonOf(const Done& done);
 
   OptionTable* verb_ = nullptr;
@@ -279,7 +279,7 @@ Json Insert::jsonOf(const Done& done) {
   return json;
 }
 
-void Insert::tell(Session& session) const {
+void Insert::printSummary(Session& session) const {
   for (const Done& done : done_) {
     if (typed_.list.empty())
       session.say(Text::kUnitsFactor, {exactText(done.factor)});

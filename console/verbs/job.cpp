@@ -70,8 +70,8 @@ Status runJob(SessionOptions settings, const Job& job) {
       job.before(session);
   };
   const bool done = look(precheck) && look(open) && change() && (!writes || look(save));
-  if (done && job.tell)
-    job.tell(session);
+  if (done && job.printSummary)
+    job.printSummary(session);
   if (done && writes) {
     facts["file"] = job.files.out;
     facts["version"] = versionToWrite(session.database(), job.files.version);

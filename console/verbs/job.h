@@ -24,7 +24,7 @@ struct Job {
   bool json = false;
   // Runs as one step; adds what a machine wants to know to the results. Empty: nothing is changed.
   std::function<void(Session&, Json& results)> work;
-  std::function<void(Session&)> tell; // what was done, once the drawing is saved; may be empty
+  std::function<void(Session&)> printSummary; // what was done, once the drawing is saved; may be empty
   // Takes the report of the reading, whose issues are not listed then; may be empty.
   std::function<void(const drawing::Report&)> readReport = nullptr;
   std::function<void(Session&)> before = nullptr; // checks what can be checked before anything is read; may be empty

@@ -58,7 +58,7 @@ public:
   void check() override;
   Status run(const SessionOptions& settings) override {
     return runJob(settings, {"make", files_, json_, [this](Session& session, Json& results) { make(session, results); },
-                             [this](Session& session) { tellBlockMade(session, request_, made_); }});
+                             [this](Session& session) { reportBlockMade(session, request_, made_); }});
   }
 
 private:

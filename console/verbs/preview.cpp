@@ -77,7 +77,7 @@ public:
     files.in = in_;
     return runJob(settings,
                   {"preview", files, json_, [this](Session& session, Json& results) { work(session, results); },
-                   [this](Session& session) { tell(session); }});
+                   [this](Session& session) { printSummary(session); }});
   }
 
 private:
@@ -125,7 +125,7 @@ private:
     return json;
   }
 
-  void tell(Session& session) const {
+  void printSummary(Session& session) const {
     session.result(Text::kPictureMade, {asText(out_), count(static_cast<std::size_t>(options_.width)),
                                         count(static_cast<std::size_t>(options_.height))});
     if (report_.isEmpty)

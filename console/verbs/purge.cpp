@@ -47,7 +47,7 @@ public:
   Status run(const SessionOptions& settings) override {
     return runJob(settings,
                   {"purge", files_, json_, [this](Session& session, Json& results) { work(session, results); },
-                   [this](Session& session) { tell(session); }});
+                   [this](Session& session) { printSummary(session); }});
   }
 
 private:
@@ -55,14 +55,14 @@ private:
     OdDbDatabase& database = session.database();
     const std::vector<NamedThing> things = thingsToPurge(database, kinds_);
     if (why_)
-      tellKept(session, keptThings(database, things), results);
+      reportKept(session, keptThings(database, things), results);
     purged_ = dry_ ? purgeable(database, things) : console::purge(database, things);
     results["purged"] = Json::array();
     for (const NamedThing& thing : purged_)
       results["purged"].push_back(jsonOf(thing));
   }
 
-  static void tellKept(Session& session, const std::vector<KeptThing>& all, Json& results) {
+  static void reportKept(Session& session, const std::vector<KeptThing>& all, Json& results) {
     results["kept"] = Json::array();
     for (const KeptThing& kept : all) {
       Json json = jsonOf(kept.thing);
@@ -75,7 +75,7 @@ private:
     }
   }
 
-  void tell(Session& session) {
+  void printSummary(Session& session) {
     for (const NamedThing& thing : purged_)
       session.result(dry_ ? Text::kPurgeable : Text::kPurged, {OdString::fromUtf8(thing.kind), thing.name});
     if (purged_.empty())

@@ -37,7 +37,7 @@ public:
   Status run(const SessionOptions& settings) override {
     return runJob(settings,
                   {"rename", files_, json_, [this](Session& session, Json& results) { work(session, results); },
-                   [this](Session& session) { tell(session); }});
+                   [this](Session& session) { printSummary(session); }});
   }
 
 private:
@@ -67,7 +67,7 @@ private:
     }
   }
 
-  void tell(Session& session) {
+  void printSummary(Session& session) {
     for (const Wish& wish : wishes_)
       session.say(Text::kRenamed, {OdString::fromUtf8(renameKindName(wish.kind)), wish.from, wish.to});
   }

@@ -29,7 +29,7 @@ public:
     JobFiles files;
     files.in = in_;
     Job job{"wblock", files, json_, [this](Session& session, Json& results) { work(session, results); },
-            [this](Session& session) { tell(session); }};
+            [this](Session& session) { printSummary(session); }};
     job.before = [this](Session& session) { checkTarget(session); };
     return runJob(settings, job);
   }
@@ -48,7 +48,7 @@ private:
   BlockFileSource source(Session& session) const;
   void work(Session& session, Json& results);
   Json writeOne(Session& session);
-  void tell(Session& session) const;
+  void printSummary(Session& session) const;
 
   OptionTable* verb_ = nullptr;
   std::string in_, out_, block_, folder_, base_, units_, version_;
@@ -132,9 +132,9 @@ void Wblock::work(Session& session, Json& results) {
   results = manifest_;
 }
 
-void Wblock::tell(Session& session) const {
+void Wblock::printSummary(Session& session) const {
   if (!isLibrary())
-    return tellBlockFile(session, written_);
+    return reportBlockFile(session, written_);
   for (const Json& one : manifest_.at("leftOut").items())
     session.say(Text::kLibraryLeftOut,
                 {OdString::fromUtf8(one.at("block").text()), OdString::fromUtf8(one.at("reason").text())});

@@ -151,7 +151,7 @@ void Cloner::ensureApplications(const OdDbObject& object) {
     registerApplication(target_, groups->stringOf((*groups)[i]));
 }
 
-void Cloner::tellRenamed(const OdString& from, const OdString& to) {
+void Cloner::reportRenamed(const OdString& from, const OdString& to) {
   if (report_ == nullptr)
     return;
   report_->add({"clone.renamed", Severity::Note, 0, -1, 0, "", "BLOCK",

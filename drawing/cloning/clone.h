@@ -71,7 +71,7 @@ private:
   void join(const Item& item, OdDbObject& copy);
   void translate();
   void ensureApplications(const OdDbObject& object);
-  void tellRenamed(const OdString& from, const OdString& to);
+  void reportRenamed(const OdString& from, const OdString& to);
 
   OdDbDatabase& source_;
   OdDbDatabase& target_;

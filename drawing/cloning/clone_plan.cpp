@@ -231,7 +231,7 @@ void Cloner::planRecord(OdDbSymbolTableRecord& record) {
     const bool replaces = duplicates_ == OdDb::kDrcReplace;
     if (present == owner_ || (!replaces && !mayStandFor(present))) {
       item.name = freeName(*table, record);
-      tellRenamed(record.getName(), item.name);
+      reportRenamed(record.getName(), item.name);
     } else {
       item.action = replaces ? Action::Replace : Action::Use;
       item.target = present;

@@ -50,7 +50,7 @@ BinaryPairSource::BinaryPairSource(std::string_view content, Report& report)
     : content_(content), at_(std::min(kBinarySentinel, content.size())), report_(report),
       shortCodes_(hasShortCodes(content.substr(at_))) {}
 
-void BinaryPairSource::tell(const char* code, int groupCode, const char* found, const char* done) {
+void BinaryPairSource::addIssue(const char* code, int groupCode, const char* found, const char* done) {
   report_.add({code, Severity::Lost, at_, groupCode, 0, "", "", found, done, true});
 }
 
@@ -67,7 +67,7 @@ bool BinaryPairSource::code(int& value) {
   const std::uint64_t bits = lowFirst(content_.substr(at_, size));
   value = static_cast<int>(size == 1 ? static_cast<std::int64_t>(bits) : signExtended(bits, size));
   if (value < kFirstCode || value > kLastCode) {
-    tell("dxf.binary-out-of-step", value, "no group code stands here", "the rest of the file is not read");
+    addIssue("dxf.binary-out-of-step", value, "no group code stands here", "the rest of the file is not read");
     at_ = content_.size();
     return false;
   }
@@ -130,7 +130,7 @@ bool BinaryPairSource::next(Pair& pair) {
   pair.line = at_;
   if (value(pair))
     return true;
-  tell("dxf.cut-off", pair.code, "the file ends inside a value", "the group is dropped");
+  addIssue("dxf.cut-off", pair.code, "the file ends inside a value", "the group is dropped");
   at_ = content_.size();
   return false;
 }

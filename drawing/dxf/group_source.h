@@ -75,7 +75,7 @@ private:
   bool text(Pair& pair);
   bool bytes(Pair& pair);
   bool number(Pair& pair, std::size_t size);
-  void tell(const char* code, int groupCode, const char* found, const char* done);
+  void addIssue(const char* code, int groupCode, const char* found, const char* done);
   std::size_t left() const { return content_.size() - at_; }
 
   std::string_view content_;

@@ -93,7 +93,7 @@ void Reader::checkEnd() {
 // Groups where none belong.
 void Reader::checkRest(std::size_t from) {
   for (std::size_t i = from; i < record_.size(); ++i)
-    builder_.context().tell(
+    builder_.context().addIssue(
         {"dxf.stray-group", Severity::Lost, 0, -1, 0, "", "", "a group that belongs to nothing", "it is passed over"},
         &record_[i]);
 }
@@ -141,7 +141,7 @@ void Reader::readHeader() {
     } else if (variable != nullptr) {
       builder_.context().append(*variable, pair);
     } else {
-      builder_.context().tell(
+      builder_.context().addIssue(
           {"dxf.header-value", Severity::Lost, 0, -1, 0, "", "", "a value without a variable", "it is dropped"}, &pair);
     }
   }

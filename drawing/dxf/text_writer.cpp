@@ -22,12 +22,12 @@ void FormWriter::flush() {
 }
 
 bool FormWriter::finish() {
-  for (Told& told : told_) {
-    if (told.records > 1)
-      told.issue.found += ", here and in " + std::to_string(told.records - 1) + " more";
-    target_.losses.add(std::move(told.issue));
+  for (CountedLoss& loss : countedLosses_) {
+    if (loss.records > 1)
+      loss.issue.found += ", here and in " + std::to_string(loss.records - 1) + " more";
+    target_.losses.add(std::move(loss.issue));
   }
-  told_.clear();
+  countedLosses_.clear();
   flush();
   return !failed_;
 }
@@ -40,12 +40,12 @@ void FormWriter::lost(Issue issue) {
     issue.handle = std::uint64_t{handle_};
   const std::string key =
       issue.code + '\n' + issue.kind + '\n' + issue.found + (isOwn ? '\n' + std::to_string(issue.handle) : "");
-  const auto [at, isNew] = toldAt_.emplace(key, told_.size());
+  const auto [at, isNew] = lossIndex_.emplace(key, countedLosses_.size());
   const std::uint64_t handle = issue.handle;
   if (isNew)
-    told_.push_back({std::move(issue), handle});
-  else if (std::exchange(told_[at->second].last, handle) != handle)
-    ++told_[at->second].records;
+    countedLosses_.push_back({std::move(issue), handle});
+  else if (std::exchange(countedLosses_[at->second].last, handle) != handle)
+    ++countedLosses_[at->second].records;
 }
 
 void TextWriter::line(int code, std::string_view text) {

@@ -51,7 +51,7 @@ protected:
   std::string buffer_;
 
 private:
-  struct Told {
+  struct CountedLoss {
     Issue issue;
     std::uint64_t last; // the record that was counted last
     std::size_t records = 1;
@@ -59,8 +59,8 @@ private:
   void flush();
 
   Target target_;
-  std::vector<Told> told_;
-  std::unordered_map<std::string, std::size_t> toldAt_;
+  std::vector<CountedLoss> countedLosses_;
+  std::unordered_map<std::string, std::size_t> lossIndex_;
   std::string pending_;
   std::string kind_; // of the record that is being written
   OdDbHandle handle_;

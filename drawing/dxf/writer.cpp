@@ -68,7 +68,7 @@ bool Writer::stands(OdDbObjectId id) const {
 }
 
 void Writer::run() {
-  leftOut_.tell(to_);
+  leftOut_.reportTo(to_);
   for (const std::string& comment : database_.facts().comments)
     sink_.utf8(999, comment);
   section("HEADER", &Writer::header);

@@ -45,7 +45,7 @@ std::string headerText(std::string_view content, std::string_view variable) {
   return std::string(rest.substr(0, length));
 }
 
-void tellHeader(Report& report, const char* code, std::string found, std::string done) {
+void addHeaderIssue(Report& report, const char* code, std::string found, std::string done) {
   report.add({code, Severity::Note, 0, -1, 0, "HEADER", "", std::move(found), std::move(done)});
 }
 
@@ -63,8 +63,8 @@ FileFacts factsOf(std::string_view content, Report& report) {
   if (facts.version == OdDb::kVersionUnknown) {
     facts.version = nearestVersion(signature);
     if (!signature.empty())
-      tellHeader(report, "dxf.version-unknown", "the version \"" + signature + "\" is not known",
-                 "it is read as version " + std::string(versionYear(facts.version)));
+      addHeaderIssue(report, "dxf.version-unknown", "the version \"" + signature + "\" is not known",
+                     "it is read as version " + std::string(versionYear(facts.version)));
   }
   if (const std::string page = headerText(content, "$DWGCODEPAGE"); !page.empty())
     facts.codePage = page;
@@ -99,7 +99,7 @@ std::uint64_t placeIn(std::string_view content, const char* at, bool binary) {
   return binary ? ahead.size() : static_cast<std::uint64_t>(std::count(ahead.begin(), ahead.end(), ending)) + 1;
 }
 
-void tellUndecodable(const dxf::TextCodec& codec, std::string_view content, bool binary, Report& report) {
+void reportUndecodable(const dxf::TextCodec& codec, std::string_view content, bool binary, Report& report) {
   if (codec.undecodable() == 0)
     return;
   const std::uint64_t place = placeIn(content, codec.firstUndecodable(), binary);
@@ -119,18 +119,18 @@ dxf::Encoding encodingFor(std::string_view content, const FileFacts& facts, cons
   if (!options.encoding.empty())
     return {options.encoding};
   if (dxf::codePageNumber(facts.codePage) == 0)
-    tellHeader(report, "dxf.code-page-unknown", "the code page \"" + facts.codePage + "\" is not known",
-               "texts are read as ANSI_1252 unless they are UTF-8");
+    addHeaderIssue(report, "dxf.code-page-unknown", "the code page \"" + facts.codePage + "\" is not known",
+                   "texts are read as ANSI_1252 unless they are UTF-8");
   Report unheard; // the reading tells
   // Without other characters than ASCII there is nothing to learn from the texts.
   const auto source = sourceOf(dxf::isAscii(content) ? std::string_view() : content, facts.binary, unheard);
   const dxf::Encoding encoding = dxf::encodingOf(facts, *source);
   if (encoding.isContradicted)
-    tellHeader(report, "dxf.encoding-contradicted",
-               encoding.mode == dxf::TextCodec::Mode::Utf8
-                   ? "the texts are UTF-8 and not in the code page " + facts.codePage + " that the file declares"
-                   : "the texts are not UTF-8, but in the code page " + encoding.page,
-               "they are read as what they are");
+    addHeaderIssue(report, "dxf.encoding-contradicted",
+                   encoding.mode == dxf::TextCodec::Mode::Utf8
+                       ? "the texts are UTF-8 and not in the code page " + facts.codePage + " that the file declares"
+                       : "the texts are not UTF-8, but in the code page " + encoding.page,
+                   "they are read as what they are");
   return encoding;
 }
 
@@ -148,7 +148,7 @@ ReadResult readGroups(std::string_view content, const std::string& name, const R
   const OdResult code = reader.run();
   if (code != eOk)
     return refuse(code, reasonFor(code, name, reader, binary));
-  tellUndecodable(codec, content, binary, result.report);
+  reportUndecodable(codec, content, binary, result.report);
   result.database = database;
   return result;
 }

@@ -107,18 +107,18 @@ void Walk::draw(OdDbObjectId id, const Place& place) {
     return;
   const Drawer drawer = drawerOf(*entity);
   if (drawer == nullptr)
-    return tell(*entity, "kind");
+    return addNotDrawn(*entity, "kind");
   Canvas canvas(list_, looks_, letters_, place, *entity, traits);
   drawer(*entity, canvas);
   constexpr std::size_t kWorkOfStep = 16;
   report_.steps += canvas.work() / kWorkOfStep;
   for (const char* reason : canvas.leftOut())
-    tell(*entity, reason);
+    addNotDrawn(*entity, reason);
   // The first inset is drawn first: it has to lie on top of the stack.
   std::vector<Inset>& insets = canvas.insets();
   for (std::size_t i = insets.size(); i-- > 0;) {
     if (isOpen(insets[i].block) || insets[i].place.depth > kDeepestInset)
-      tell(*entity, "cycle");
+      addNotDrawn(*entity, "cycle");
     else
       push(std::move(insets[i]));
   }
@@ -148,8 +148,8 @@ Walk::Ids Walk::contentsOf(OdDbObjectId block) {
   return ids;
 }
 
-void Walk::tell(const OdDbEntity& entity, const char* reason) {
-  const auto [at, fresh] = told_.try_emplace({entity.dxfName(), reason}, report_.notDrawn.size());
+void Walk::addNotDrawn(const OdDbEntity& entity, const char* reason) {
+  const auto [at, fresh] = notDrawnIndex_.try_emplace({entity.dxfName(), reason}, report_.notDrawn.size());
   if (fresh)
     report_.notDrawn.push_back({at->first.first, reason, 0, entity.getDbHandle()});
   ++report_.notDrawn[at->second].count;

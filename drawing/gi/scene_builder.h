@@ -42,7 +42,7 @@ private:
   void push(Inset&& inset);
   bool isOpen(OdDbObjectId block) const;
   Ids contentsOf(OdDbObjectId block);
-  void tell(const OdDbEntity& entity, const char* reason);
+  void addNotDrawn(const OdDbEntity& entity, const char* reason);
 
   DisplayList& list_;
   Looks& looks_;
@@ -51,7 +51,7 @@ private:
   PictureReport& report_;
   std::vector<Level> levels_;
   std::unordered_map<OdDbObjectId, Ids> contents_;
-  std::map<std::pair<std::string, std::string>, std::size_t> told_;
+  std::map<std::pair<std::string, std::string>, std::size_t> notDrawnIndex_;
 };
 
 } // namespace drawing::gi

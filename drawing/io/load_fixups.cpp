@@ -23,11 +23,11 @@ namespace drawing {
 
 namespace {
 
-void tell(SettleFacts& facts, const char* code, Severity severity, const OdDbObject& object, std::string found,
-          std::string done) {
+void addIssue(SettleFacts& facts, const char* code, Severity severity, const OdDbObject& object, std::string found,
+              std::string done) {
   facts.context.begin(object.dxfName(), facts.context.lineOf(object.objectId()));
   facts.context.setHandle(object.getDbHandle());
-  facts.context.tell({code, severity, 0, -1, 0, "", "", std::move(found), std::move(done)});
+  facts.context.addIssue({code, severity, 0, -1, 0, "", "", std::move(found), std::move(done)});
 }
 
 class Redirect final : public ReferenceVisitor {
@@ -53,7 +53,7 @@ void redirect(SettleFacts& facts) {
   }
 }
 
-void tellMissing(SettleFacts& facts) {
+void reportUndefinedNames(SettleFacts& facts) {
   std::vector<OdDbObjectId> ids;
   for (const auto& [id, line] : facts.context.missing())
     ids.push_back(id);
@@ -63,14 +63,14 @@ void tellMissing(SettleFacts& facts) {
     const bool standard = record.getName().iCompare(L"0") == 0 || record.getName().iCompare(L"ByLayer") == 0 ||
                           record.getName().iCompare(L"ByBlock") == 0 || record.getName().iCompare(L"Continuous") == 0 ||
                           record.getName().iCompare(L"Standard") == 0;
-    tell(facts, "dxf.name-undefined", standard ? Severity::Note : Severity::Repaired, record,
-         "\"" + record.getName().toUtf8Lossless() + "\" is used (line " + std::to_string(facts.context.missing()[id]) +
-             ") and nowhere defined",
-         "it is defined with default properties");
+    addIssue(facts, "dxf.name-undefined", standard ? Severity::Note : Severity::Repaired, record,
+             "\"" + record.getName().toUtf8Lossless() + "\" is used (line " +
+                 std::to_string(facts.context.missing()[id]) + ") and nowhere defined",
+             "it is defined with default properties");
   }
 }
 
-void tellLayoutFault(SettleFacts& facts, const LayoutFault& fault) {
+void reportLayoutFault(SettleFacts& facts, const LayoutFault& fault) {
   struct Words {
     const char* code;
     const char* found;
@@ -80,7 +80,7 @@ void tellLayoutFault(SettleFacts& facts, const LayoutFault& fault) {
                               {"dxf.space-without-layout", "the block of a sheet names no layout that names it"},
                               {"dxf.block-of-no-layout", "the block names a layout that is not its own"}};
   const Words& words = kWords[fault.kind];
-  tell(facts, words.code, Severity::Repaired, fault.object, words.found, fault.done);
+  addIssue(facts, words.code, Severity::Repaired, fault.object, words.found, fault.done);
 }
 
 void ensureEnds(SettleFacts& facts) {
@@ -93,8 +93,8 @@ void ensureEnds(SettleFacts& facts) {
     // Spaces that no file named are made without a word; they have no handle yet.
     const bool isMade = isSpaceName(block->getName()) && block->getDbHandle().isNull();
     if (block->blockBeginId().isNull() && !wasNamedOnly && !isMade)
-      tell(facts, "dxf.record-without-block", Severity::Repaired, *block, "no block belongs to the record",
-           "an empty one is made");
+      addIssue(facts, "dxf.record-without-block", Severity::Repaired, *block, "no block belongs to the record",
+               "an empty one is made");
     block->ensureEnds();
   }
 }
@@ -106,7 +106,8 @@ void ensureSequenceEnds(SettleFacts& facts) {
     auto* sequence = dynamic_cast<OdDbSequenceOwner*>(entity);
     if (sequence == nullptr || sequence->subEntities().empty() || peek(sequence->sequenceEndId()) != nullptr)
       continue;
-    tell(facts, "dxf.sequence-without-end", Severity::Repaired, *entity, "its sequence has no end", "the end is made");
+    addIssue(facts, "dxf.sequence-without-end", Severity::Repaired, *entity, "its sequence has no end",
+             "the end is made");
     const WriteScope scope(*entity);
     sequence->ensureEnd(*entity);
   }
@@ -121,18 +122,18 @@ public:
     object.visitReferences(*this); // only reads
   }
   void visit(OdDbObjectId& id, OdDb::ReferenceType) override {
-    if (!id.isNull() && peek(id) == nullptr && told_.insert(id).second)
-      tell(facts_, "dxf.broken-link", Severity::Note, *at_,
-           "it refers to " + id.getHandle().ascii() + ", which does not exist", "the reference is kept");
+    if (!id.isNull() && peek(id) == nullptr && reported_.insert(id).second)
+      addIssue(facts_, "dxf.broken-link", Severity::Note, *at_,
+               "it refers to " + id.getHandle().ascii() + ", which does not exist", "the reference is kept");
   }
 
 private:
   SettleFacts& facts_;
   OdDbObject* at_ = nullptr;
-  std::unordered_set<OdDbObjectId> told_;
+  std::unordered_set<OdDbObjectId> reported_;
 };
 
-void tellBrokenLinks(SettleFacts& facts) {
+void reportBrokenLinks(SettleFacts& facts) {
   BrokenLinks links(facts);
   for (OdDbObjectId id : facts.database.allIds()) {
     OdDbObject* object = peek(id);
@@ -182,10 +183,10 @@ void ensureLayers(OdDbDatabase& database) {
 // The reference stays in the drawing as the record it was, and leads nowhere.
 void cutReference(SettleFacts& facts, OdDbObjectId id) {
   const auto& reference = *peekAs<OdDbBlockReference>(id);
-  tell(facts, "dxf.block-cycle", Severity::Repaired, reference,
-       "a block contains itself through this reference to \"" +
-           symbolName(reference.blockTableRecord()).toUtf8Lossless() + "\"",
-       "the reference is kept as data and is no reference any more");
+  addIssue(facts, "dxf.block-cycle", Severity::Repaired, reference,
+           "a block contains itself through this reference to \"" +
+               symbolName(reference.blockTableRecord()).toUtf8Lossless() + "\"",
+           "the reference is kept as data and is no reference any more");
   auto* kept = new OdDbCarriedEntity;
   const OdSmartPtr<OdDbObject> holder(kept);
   kept->setDxfName(reference.dxfName());
@@ -206,14 +207,14 @@ void raiseHandseed(OdDbDatabase& database) {
 void settleDrawing(SettleFacts& facts) {
   OdDbDatabase& database = facts.database;
   redirect(facts);
-  const auto tellLayout = [&facts](const LayoutFault& fault) { tellLayoutFault(facts, fault); };
-  for (const std::string& made : ensureBasics(database, tellLayout)) {
+  const auto reportLayout = [&facts](const LayoutFault& fault) { reportLayoutFault(facts, fault); };
+  for (const std::string& made : ensureBasics(database, reportLayout)) {
     facts.context.begin("", 0);
     facts.context.setHandle(0);
-    facts.context.tell(
+    facts.context.addIssue(
         {"dxf.standard-part-missing", Severity::Note, 0, -1, 0, "", "", "the drawing has no " + made, "it is made"});
   }
-  tellMissing(facts);
+  reportUndefinedNames(facts);
   ownOrphans(database);
   ensureLayers(database);
   ensureEnds(facts);
@@ -223,7 +224,7 @@ void settleDrawing(SettleFacts& facts) {
   for (OdDbObjectId id : cut)
     cutReference(facts, id);
   raiseHandseed(database);
-  tellBrokenLinks(facts);
+  reportBrokenLinks(facts);
   database.store().assignDeferredHandles();
   for (OdDbObjectId id : database.allIds()) {
     if (OdDbObject* object = peek(id))

@@ -146,7 +146,7 @@ std::size_t ObjectReader::readHead(const Record& record, OdDbObject& object, Rea
 
 // Lists of reactors and of the extension dictionary hold nothing else.
 void ObjectReader::passOver(const Pair& pair) {
-  context_.tell(
+  context_.addIssue(
       {"dxf.stray-group", Severity::Lost, 0, -1, 0, "", "", "a group that belongs to nothing", "it is passed over"},
       &pair);
 }

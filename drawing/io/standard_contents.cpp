@@ -16,7 +16,7 @@ namespace {
 
 class Basics {
 public:
-  Basics(OdDbDatabase& database, const TellLayoutFault& tell) : database_(database), tell_(tell) {}
+  Basics(OdDbDatabase& database, const LayoutFaultHandler& onFault) : database_(database), onFault_(onFault) {}
 
   std::vector<std::string> run() {
     for (int kind = 0; kind < OdDb::kSymbolTableCount; ++kind)
@@ -125,13 +125,13 @@ private:
       const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(&fault.object);
       if (fault.isMade && (block->getName() == modelSpaceStr || block->getName() == paperSpaceStr))
         made_.push_back("layout of " + block->getName().toUtf8());
-      else if (tell_)
-        tell_(fault);
+      else if (onFault_)
+        onFault_(fault);
     });
   }
 
   OdDbDatabase& database_;
-  const TellLayoutFault& tell_;
+  const LayoutFaultHandler& onFault_;
   std::vector<OdDbObjectId> fresh_;
   std::vector<std::string> made_;
 };
@@ -176,8 +176,8 @@ void setHeaderDefaults(OdDbDatabase& database) {
 
 } // namespace
 
-std::vector<std::string> ensureBasics(OdDbDatabase& database, const TellLayoutFault& tell) {
-  return Basics(database, tell).run();
+std::vector<std::string> ensureBasics(OdDbDatabase& database, const LayoutFaultHandler& onFault) {
+  return Basics(database, onFault).run();
 }
 
 } // namespace drawing

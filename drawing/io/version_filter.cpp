@@ -51,7 +51,7 @@ void LeftOut::addOwned(const OdDbDatabase& database) {
   }
 }
 
-void LeftOut::tell(GroupSink& sink) const {
+void LeftOut::reportTo(GroupSink& sink) const {
   for (OdDbObjectId id : first_)
     sink.lost({"dxf.kind-not-in-version", Severity::Lost, 0, -1, std::uint64_t{id.getHandle()}, "", peek(id)->dxfName(),
                std::string("the form of its body does not exist in version ") + versionYear(sink.version()),
@@ -84,11 +84,11 @@ bool VersionFilter::has(int code, double value) {
   if (rule == nullptr)
     return !ofGradient && !ofFill;
   if (!rule->isPlain(value))
-    tellRule(*rule, code);
+    reportOmittedGroup(*rule, code);
   return false;
 }
 
-void VersionFilter::tellRule(const GroupRule& rule, int code) {
+void VersionFilter::reportOmittedGroup(const GroupRule& rule, int code) {
   to_.lost({"dxf.group-not-in-version", Severity::Lost, 0, code, 0, "", "",
             std::string(rule.what) + " cannot be held by version " + versionYear(version()), "it is left out"});
 }
@@ -98,7 +98,7 @@ void VersionFilter::leftOut(int code, std::string_view marker, double value) {
   if (rule == nullptr)
     to_.leftOut(code, marker, value);
   else if (!rule->isPlain(value))
-    tellRule(*rule, code);
+    reportOmittedGroup(*rule, code);
 }
 
 void VersionFilter::utf8(int code, std::string_view text) {

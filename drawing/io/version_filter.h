@@ -18,7 +18,7 @@ public:
   bool has(OdDbObjectId id) const { return ids_.count(id) != 0; }
   bool empty() const { return ids_.empty(); }
   // Tells each of them once.
-  void tell(GroupSink& sink) const;
+  void reportTo(GroupSink& sink) const;
 
 private:
   void addOwned(const OdDbDatabase& database);
@@ -53,7 +53,7 @@ public:
 private:
   bool has(int code, double value = kNoNumber);
   bool isOfColumns(int code, double value);
-  void tellRule(const GroupRule& rule, int code);
+  void reportOmittedGroup(const GroupRule& rule, int code);
 
   const LeftOut& leftOut_;
   std::string kind_, marker_;

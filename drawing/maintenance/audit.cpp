@@ -78,13 +78,14 @@ public:
     }
     for (int kind = 0; kind < OdDb::kSymbolTableCount; ++kind)
       checkTable(static_cast<OdDb::SymbolTableKind>(kind));
-    checkLayouts(database_, fix_, [this](const LayoutFault& fault) { tellLayout(fault); });
+    checkLayouts(database_, fix_, [this](const LayoutFault& fault) { reportLayout(fault); });
     checkCycles();
     return std::move(report_);
   }
 
 private:
-  void tell(const char* code, Severity severity, const OdDbObject& object, std::string found, const char* mended = "") {
+  void addIssue(const char* code, Severity severity, const OdDbObject& object, std::string found,
+                const char* mended = "") {
     report_.add({code, fix_ && mended[0] != 0 ? Severity::Repaired : severity, 0, -1, object.getDbHandle(), "",
                  object.dxfName(), std::move(found), fix_ ? mended : ""});
   }
@@ -110,7 +111,7 @@ private:
     if (!lives(member))
       return;
     if (!lister_.emplace(member, container.objectId()).second)
-      tell("audit.listed-twice", Severity::Lost, *peek(member), "the object stands in two lists or twice in one");
+      addIssue("audit.listed-twice", Severity::Lost, *peek(member), "the object stands in two lists or twice in one");
   }
 
   void checkObject(OdDbObject& object) {
@@ -133,17 +134,18 @@ private:
         !isEnd(object) && (object.isKindOf(OdDbEntity::desc()) || object.isKindOf(OdDbSymbolTableRecord::desc()));
     const auto lister = lister_.find(object.objectId());
     if (needsList && lister == lister_.end()) {
-      tell("audit.in-no-list", Severity::Lost, object, "no block, table or sequence lists the object", fixList(object));
+      addIssue("audit.in-no-list", Severity::Lost, object, "no block, table or sequence lists the object",
+               fixList(object));
     } else if (lister != lister_.end() && lister->second != object.ownerId()) {
-      tell("audit.owner-does-not-list", Severity::Lost, object, "its owner is not the one that lists it",
-           "its owner is set to the one that lists it");
+      addIssue("audit.owner-does-not-list", Severity::Lost, object, "its owner is not the one that lists it",
+               "its owner is set to the one that lists it");
       if (fix_) {
         const WriteScope scope(object);
         object.setOwnerId(lister->second);
       }
     } else if (!object.ownerId().isNull() && !lives(object.ownerId())) {
-      tell("audit.owner-missing", Severity::Note, object, "its owner does not exist",
-           "the named-objects dictionary is named as its owner");
+      addIssue("audit.owner-missing", Severity::Note, object, "its owner does not exist",
+               "the named-objects dictionary is named as its owner");
       if (fix_) {
         const WriteScope scope(object);
         object.setOwnerId(database_.getNamedObjectsDictionaryId());
@@ -179,8 +181,8 @@ private:
         continue;
       dead.push_back(entry.name);
       if (peek(entry.id) == nullptr)
-        tell("audit.entry-to-nothing", Severity::Note, dictionary,
-             "the entry \"" + entry.name.toUtf8Lossless() + "\" names nothing", "the entry is removed");
+        addIssue("audit.entry-to-nothing", Severity::Note, dictionary,
+                 "the entry \"" + entry.name.toUtf8Lossless() + "\" names nothing", "the entry is removed");
     }
     for (std::size_t i = 0; fix_ && i < dead.size(); ++i) {
       const WriteScope scope(dictionary);
@@ -203,11 +205,11 @@ private:
     object.visitReferences(broken); // only reads: visit changes nothing
     const int dangling = broken.dangling - std::exchange(deadEntries_, 0) - erasedParts(object);
     if (broken.foreign != 0)
-      tell("audit.reference-to-other-drawing", Severity::Lost, object, "it refers to an object of another drawing",
-           "the reference is cut");
+      addIssue("audit.reference-to-other-drawing", Severity::Lost, object, "it refers to an object of another drawing",
+               "the reference is cut");
     if (dangling > 0)
-      tell("audit.reference-to-nothing", Severity::Note, object,
-           "it refers to " + std::to_string(dangling) + " objects that do not exist", "the references are cut");
+      addIssue("audit.reference-to-nothing", Severity::Note, object,
+               "it refers to " + std::to_string(dangling) + " objects that do not exist", "the references are cut");
     if (!fix_ || dangling + broken.foreign == 0)
       return;
     const WriteScope scope(object);
@@ -222,7 +224,7 @@ private:
     if (carried != nullptr && carried->isUnread())
       return;
     if (!lives(entity.layerId())) {
-      tell("audit.no-layer", Severity::Lost, entity, "the entity has no layer", "it is put on layer 0");
+      addIssue("audit.no-layer", Severity::Lost, entity, "the entity has no layer", "it is put on layer 0");
       if (fix_) {
         const WriteScope scope(entity);
         entity.setLayer(database_.getLayerZeroId());
@@ -230,19 +232,19 @@ private:
     }
     const auto* dimension = dynamic_cast<const OdDbDimension*>(&entity);
     if (dimension != nullptr && !dimension->dimBlockId().isNull() && !lives(dimension->dimBlockId()))
-      tell("audit.dimension-without-picture", Severity::Note, entity, "the block with its picture does not exist");
+      addIssue("audit.dimension-without-picture", Severity::Note, entity, "the block with its picture does not exist");
     const auto* reference = dynamic_cast<const OdDbBlockReference*>(&entity);
     if (reference != nullptr)
       checkBlockReference(entity, *reference);
     else if (OdGeExtents3d extents; dimension == nullptr && entity.getGeomExtents(extents) == eOk && !isFinite(extents))
-      tell("audit.extents-not-finite", Severity::Note, entity, "its extents are beyond all numbers");
+      addIssue("audit.extents-not-finite", Severity::Note, entity, "its extents are beyond all numbers");
   }
 
   void checkBlockReference(OdDbEntity& entity, const OdDbBlockReference& reference) {
     if (lives(reference.blockTableRecord()))
       return;
-    tell("audit.reference-without-block", Severity::Lost, entity, "the block that it shows does not exist",
-         "the reference is erased");
+    addIssue("audit.reference-without-block", Severity::Lost, entity, "the block that it shows does not exist",
+             "the reference is erased");
     if (fix_) {
       const WriteScope scope(entity);
       entity.erase();
@@ -255,7 +257,7 @@ private:
       hasParts = hasParts || lives(part);
     if (!hasParts || lives(sequence.sequenceEndId()) || object.isErased())
       return;
-    tell("audit.sequence-without-end", Severity::Lost, object, "its sequence has no end", "the end is made");
+    addIssue("audit.sequence-without-end", Severity::Lost, object, "its sequence has no end", "the end is made");
     if (fix_) {
       const WriteScope scope(object);
       sequence.ensureEnd(static_cast<OdDbEntity&>(object));
@@ -265,7 +267,7 @@ private:
   void checkEnds(OdDbBlockTableRecord& block) {
     if (lives(block.blockBeginId()) && lives(block.blockEndId()))
       return;
-    tell("audit.block-without-ends", Severity::Lost, block, "the block has no begin or no end", "they are made");
+    addIssue("audit.block-without-ends", Severity::Lost, block, "the block has no begin or no end", "they are made");
     if (fix_) {
       const WriteScope scope(block);
       block.assertWriteEnabled();
@@ -273,7 +275,7 @@ private:
     }
   }
 
-  void tellLayout(const LayoutFault& fault) {
+  void reportLayout(const LayoutFault& fault) {
     struct Words {
       const char* code;
       const char* found;
@@ -283,7 +285,7 @@ private:
                                 {"audit.space-without-layout", "no layout and this space name each other"},
                                 {"audit.block-of-no-layout", "the block names a layout that is not its own"}};
     const Words& words = kWords[fault.kind];
-    tell(words.code, Severity::Lost, fault.object, words.found, fault.done);
+    addIssue(words.code, Severity::Lost, fault.object, words.found, fault.done);
   }
 
   void checkTable(OdDb::SymbolTableKind kind) {
@@ -303,7 +305,7 @@ private:
 
   void checkName(const OdDbSymbolTable& table, OdDbSymbolTableRecord& record) {
     if (table.getAt(record.getName()) != record.objectId()) {
-      tell("audit.name-twice", Severity::Lost, record, "another record of the table has its name", "it is renamed");
+      addIssue("audit.name-twice", Severity::Lost, record, "another record of the table has its name", "it is renamed");
       if (fix_)
         rename(record, table.freeName(record.getName()));
       return;
@@ -314,9 +316,9 @@ private:
     const bool hasOwnRules = isOwn || isExternal(record) || (block != nullptr && isSpace(*block));
     if (hasOwnRules || nameFault(record.getName(), OdDb::kRelease2000) == NameFault::None)
       return;
-    tell("audit.name-illegal", Severity::Note, record,
-         "\"" + record.getName().toUtf8Lossless() + "\" is no name that a record can be given",
-         "it is renamed with _ for what is not allowed");
+    addIssue("audit.name-illegal", Severity::Note, record,
+             "\"" + record.getName().toUtf8Lossless() + "\" is no name that a record can be given",
+             "it is renamed with _ for what is not allowed");
     if (fix_)
       rename(record, legalName(record.getName(), table));
   }
@@ -338,8 +340,8 @@ private:
     }
     for (OdDbObjectId id : cut) {
       OdDbObject& reference = *peek(id);
-      tell("audit.block-cycle", Severity::Lost, reference, "through this reference a block contains itself",
-           "the reference is erased");
+      addIssue("audit.block-cycle", Severity::Lost, reference, "through this reference a block contains itself",
+               "the reference is erased");
       const WriteScope scope(reference);
       if (fix_)
         reference.erase();

@@ -247,10 +247,10 @@ private:
           open.push_back(edge->second);
       }
     }
-    tellUses(staying);
+    collectUses(staying);
   }
 
-  void tellUses(const std::unordered_set<std::uint32_t>& staying) {
+  void collectUses(const std::unordered_set<std::uint32_t>& staying) {
     const std::uint32_t serial = database_.store().serial();
     for (const auto& [key, times] : times_) {
       const OdDbObjectId used(serial, static_cast<std::uint32_t>(key));

@@ -54,7 +54,7 @@ void LoadContext::setLineOf(OdDbObjectId id, std::uint64_t line) {
   lines_[id.number()] = static_cast<std::uint32_t>(std::min<std::uint64_t>(line, UINT32_MAX));
 }
 
-void LoadContext::tell(Issue issue, const Pair* pair) {
+void LoadContext::addIssue(Issue issue, const Pair* pair) {
   issue.line = pair != nullptr ? pair->line : line_;
   issue.isOffset = database_.facts().binary;
   issue.groupCode = pair != nullptr ? pair->code : -1;
@@ -71,7 +71,8 @@ void LoadContext::fail(const Pair& pair, const char* reason) {
   std::string found = std::string(reason);
   if (pair.form != Pair::Form::Bytes)
     found += " (\"" + asText(pair).substr(0, 40) + "\")";
-  tell({"dxf.value-unreadable", Severity::Repaired, 0, -1, 0, "", "", found, "the record is kept as it stands"}, &pair);
+  addIssue({"dxf.value-unreadable", Severity::Repaired, 0, -1, 0, "", "", found, "the record is kept as it stands"},
+           &pair);
 }
 
 bool LoadContext::real(const Pair& pair, double& value) {

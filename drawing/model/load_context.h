@@ -45,7 +45,7 @@ public:
   std::uint64_t lineOf(OdDbObjectId id) const { return id.number() < lines_.size() ? lines_[id.number()] : 0; }
 
   // A place for the issue that a hook wants to tell.
-  void tell(Issue issue, const Pair* pair = nullptr);
+  void addIssue(Issue issue, const Pair* pair = nullptr);
   void fail(const Pair& pair, const char* reason);
 
   // The record that is being read.

@@ -15,8 +15,8 @@ namespace {
 
 class Links {
 public:
-  Links(OdDbDatabase& database, bool mend, const TellLayoutFault& tell)
-      : database_(database), mend_(mend), tell_(tell) {}
+  Links(OdDbDatabase& database, bool mend, const LayoutFaultHandler& onFault)
+      : database_(database), mend_(mend), onFault_(onFault) {}
 
   void run() {
     for (OdDbObjectId id : database_.allIds()) {
@@ -73,8 +73,8 @@ private:
       const WriteScope scope(layout);
       layout.setBlockTableRecordId(space->objectId());
     }
-    tell_({LayoutFault::LayoutWithoutBlock, layout,
-           free != blocks_.end() ? "it gets a space that had no layout" : "it gets an empty space"});
+    onFault_({LayoutFault::LayoutWithoutBlock, layout,
+              free != blocks_.end() ? "it gets a space that had no layout" : "it gets an empty space"});
   }
 
   OdDbBlockTableRecord* makeSpace() {
@@ -101,8 +101,8 @@ private:
     const char* done = makes             ? "a layout is made"
                        : wanted.isNull() ? "it names no layout any more"
                                          : "it names the layout that names it";
-    tell_({makes || !wanted.isNull() ? LayoutFault::SpaceWithoutLayout : LayoutFault::BlockOfNoLayout, block, done,
-           makes});
+    onFault_({makes || !wanted.isNull() ? LayoutFault::SpaceWithoutLayout : LayoutFault::BlockOfNoLayout, block, done,
+              makes});
   }
 
   void mend(OdDbBlockTableRecord& block, OdDbObjectId layout, bool makes) {
@@ -118,7 +118,7 @@ private:
   OdDbDatabase& database_;
   bool mend_;
   int sheets_ = 0; // that were there, and made
-  const TellLayoutFault& tell_;
+  const LayoutFaultHandler& onFault_;
   std::vector<OdDbLayout*> layouts_;
   std::vector<OdDbBlockTableRecord*> blocks_;
   std::unordered_map<const OdDbBlockTableRecord*, OdDbLayout*> layoutOf_;
@@ -161,8 +161,8 @@ void plotDefaults(OdDbLayout& layout, bool isModel) {
 
 } // namespace
 
-void checkLayouts(OdDbDatabase& database, bool mend, const TellLayoutFault& tell) {
-  Links(database, mend, tell).run();
+void checkLayouts(OdDbDatabase& database, bool mend, const LayoutFaultHandler& onFault) {
+  Links(database, mend, onFault).run();
 }
 
 void giveLayout(OdDbDatabase& database, OdDbObjectId block, const OdString& name, int order) {

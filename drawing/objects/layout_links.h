@@ -17,10 +17,10 @@ struct LayoutFault {
   const char* done;    // what mending does, or did
   bool isMade = false; // that is to make a layout
 };
-using TellLayoutFault = std::function<void(const LayoutFault&)>;
+using LayoutFaultHandler = std::function<void(const LayoutFault&)>;
 
 // Calls `tell` for each fault in the order of ids; mends it before when that is asked for.
-void checkLayouts(OdDbDatabase& database, bool mend, const TellLayoutFault& tell);
+void checkLayouts(OdDbDatabase& database, bool mend, const LayoutFaultHandler& onFault);
 
 // Makes a layout for the block under the next free name like `name`.
 void giveLayout(OdDbDatabase& database, OdDbObjectId block, const OdString& name, int order);

@@ -181,9 +181,9 @@ TEST(AttributeSync, KeepsValuesAndEndsInTheOrderOfTheDefinitions) {
       made->setTextString(L"default");
       made->setPosition({3, 0, 0});
     }
-    console::SyncedAttributes told;
-    expectUndoRestores(*database, [&] { told = console::syncAttributes(block); });
-    EXPECT_EQ(told.references, 1U);
+    console::SyncedAttributes synced;
+    expectUndoRestores(*database, [&] { synced = console::syncAttributes(block); });
+    EXPECT_EQ(synced.references, 1U);
     const OdDbObjectIdArray ids = forRead<OdDbBlockReference>(reference)->attributeIds();
     std::vector<OdString> after;
     for (const OdDbObjectId& id : ids) {
@@ -192,7 +192,7 @@ TEST(AttributeSync, KeepsValuesAndEndsInTheOrderOfTheDefinitions) {
       EXPECT_EQ(attribute->position(), OdGePoint3d(12, 0, 0));
     }
     EXPECT_EQ(after, one.after);
-    EXPECT_EQ(told.surplus.size() +
+    EXPECT_EQ(synced.surplus.size() +
                   static_cast<std::size_t>(std::count_if(after.begin(), after.end(),
                                                          [](const OdString& row) { return row.find(L"default") < 0; })),
               one.old.size());

@@ -83,7 +83,7 @@ std::string_view EarlyNames::of(OdDb::SymbolTableKind table, std::string_view na
   return found == names_[table].end() ? name : std::string_view(found->second);
 }
 
-void EarlyNames::tell(GroupSink& sink) const {
+void EarlyNames::reportChanges(GroupSink& sink) const {
   for (const Change& change : changes_)
     sink.lost({"dxf.name-not-in-version", Severity::Lost, 0, 2, std::uint64_t{change.record.getHandle()}, "TABLES",
                peek(change.record)->dxfName(), "version R12 cannot hold the name \"" + change.from + "\"",

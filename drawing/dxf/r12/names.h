@@ -17,7 +17,7 @@ public:
   explicit EarlyNames(const OdDbDatabase& database);
   // The name of R12 for that of a record; the name itself for what is no record.
   std::string_view of(OdDb::SymbolTableKind table, std::string_view name) const;
-  void tell(GroupSink& sink) const; // every change
+  void reportChanges(GroupSink& sink) const; // every change
 
 private:
   struct Change {

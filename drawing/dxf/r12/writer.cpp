@@ -73,7 +73,7 @@ void EarlyWriter::lost(const OdDbObject& object, const char* code, Severity seve
 }
 
 void EarlyWriter::run() {
-  names_.tell(sink_);
+  names_.reportChanges(sink_);
   for (const std::string& comment : database_.facts().comments)
     sink_.utf8(999, comment);
   section("HEADER", &EarlyWriter::header);
@@ -81,7 +81,7 @@ void EarlyWriter::run() {
   section("BLOCKS", &EarlyWriter::blocks);
   section("ENTITIES", &EarlyWriter::entities);
   sink_.utf8(0, "EOF");
-  tellDictionaries();
+  reportDictionaries();
 }
 
 void EarlyWriter::section(const char* name, void (EarlyWriter::*write)()) {
@@ -259,7 +259,7 @@ void EarlyWriter::record(const OdDbObject& object, const GroupList& groups, bool
   const std::optional<OdString> lines = linesAsOne(object);
   // What came from a file of that version and nobody knows goes back as it came.
   const bool keepsAll = object.isKindOf(OdDbCarriedEntity::desc()) && database_.facts().version < OdDb::kRelease13;
-  std::string_view toldLast;
+  std::string_view lastReported;
   for (std::size_t i = 0; i < groups.size() && groups[i].code != 101; ++i) {
     const Group& one = groups[i];
     const bool isArrow = kind == "DIMSTYLE" && arrowNameCode(one.code) != 0;
@@ -271,8 +271,8 @@ void EarlyWriter::record(const OdDbObject& object, const GroupList& groups, bool
       name(kind, arrowNameCode(one.code), symbolName(groups.idOf(one)).toUtf8Lossless());
     } else if ((hasEarlyCode(kind, one.code) && !isFill) || keepsAll) {
       group(kind, groups, one);
-    } else if (const auto what = earlyLoss(kind, one.code, numberOf(one)); !what.empty() && what != toldLast) {
-      toldLast = what;
+    } else if (const auto what = earlyLoss(kind, one.code, numberOf(one)); !what.empty() && what != lastReported) {
+      lastReported = what;
       sink_.lost({"dxf.group-not-in-version", Severity::Lost, 0, one.code, 0, "", kind,
                   std::string(what) + " cannot be held by version R12", "it is left out"});
     }
@@ -326,7 +326,7 @@ void EarlyWriter::begin(const char* kind, const OdDbEntity& source) {
 }
 
 // What stands in no table and no block: R12 has no place for it.
-void EarlyWriter::tellDictionaries() {
+void EarlyWriter::reportDictionaries() {
   if (database_.facts().version < OdDb::kRelease13)
     return; // nothing of that was in the file
   std::map<std::string, std::size_t> kinds;

@@ -40,7 +40,7 @@ private:
   void record(const OdDbObject& object, const GroupList& groups, bool withHandle);
   void group(std::string_view kind, const GroupList& groups, const Group& group);
   void xData(const OdDbObject& object);
-  void tellDictionaries();
+  void reportDictionaries();
   void lost(const OdDbObject& object, const char* code, Severity severity, std::string found, std::string done);
 
   const OdDbDatabase& database_;

@@ -105,8 +105,8 @@ void Canvas::cut(Inset& inset, std::vector<OdGePoint2d> polygon, bool inverted) 
 }
 
 void Canvas::leaveOut(const char* reason) {
-  for (const char* told : leftOut_) {
-    if (std::strcmp(told, reason) == 0)
+  for (const char* known : leftOut_) {
+    if (std::strcmp(known, reason) == 0)
       return;
   }
   leftOut_.push_back(reason);
