@@ -9,7 +9,7 @@ const Command* chosen(Session& session, const CommandTable& commands, const OdSt
     return session.host().input().isScript() ? nullptr : before;
   const Command* command = findCommand(commands, typed.str());
   if (command == nullptr) {
-    session.say(Text::kUnknownCommand, {typed});
+    session.print(Text::kUnknownCommand, {typed});
     session.note(Status::Refused);
     session.host().input().dropRestOfLine();
   }

@@ -28,10 +28,10 @@ struct Options {
   drawing::ReadOptions reading;
 };
 
-SessionOptions sessionOptions(const Surroundings& surroundings, const Options& given) {
+SessionOptions sessionOptions(const ProgramEnvironment& environment, const Options& given) {
   SessionOptions options{
-      surroundings.host, surroundings.talk, surroundings.results, false, given.noPrompt, given.reading, {}};
-  options.connectUser = [input = surroundings.input](Session& session) { answerFromUser(session, input); };
+      environment.host, environment.commandLine, environment.results, false, given.noPrompt, given.reading, {}};
+  options.connectUser = [input = environment.input](Session& session) { answerFromUser(session, input); };
   if (!given.configFile.empty())
     options.host.configFile = given.configFile;
   return options;
@@ -83,7 +83,7 @@ bool chooseSource(Session& session, const Options& options, std::istream* given)
 
 Status runSession(Session& session, const Options& options, std::istream* given) {
   if (!chooseSource(session, options, given)) {
-    session.say(Text::kScriptUnreadable, {OdString::fromUtf8(options.script)});
+    session.print(Text::kScriptUnreadable, {OdString::fromUtf8(options.script)});
     return Status::Unreadable;
   }
   const bool typed = !session.host().input().isScript();
@@ -94,7 +94,7 @@ Status runSession(Session& session, const Options& options, std::istream* given)
   }
   runCommands(session, allCommands());
   if (!session.wantsQuit() && session.isAnyModified())
-    session.say(Text::kUnsavedAtEnd);
+    session.print(Text::kUnsavedAtEnd);
   return typed ? Status::Done : session.status();
 }
 
@@ -116,13 +116,14 @@ verbs::OptionTable programTable(Options& options) {
 
 // The exit status when there is nothing to run.
 std::optional<Status> understand(verbs::OptionTable& table, const std::vector<std::string>& arguments, Options& options,
-                                 const VerbList& verbs, const Surroundings& surroundings) {
+                                 const VerbList& verbs, const ProgramEnvironment& environment) {
   const auto complain = [&](const std::string& text) {
-    surroundings.talk ? surroundings.talk(OdString::fromUtf8(text)) : void(std::fputs(text.c_str(), stderr));
+    environment.commandLine ? environment.commandLine(OdString::fromUtf8(text))
+                            : void(std::fputs(text.c_str(), stderr));
   };
   const verbs::ParsedLine line = verbs::parseOptions(table, arguments);
   if (line.kind == verbs::ParsedLine::Kind::Help) {
-    surroundings.results ? surroundings.results(OdString::fromUtf8(line.text)) : void(std::cout << line.text);
+    environment.results ? environment.results(OdString::fromUtf8(line.text)) : void(std::cout << line.text);
     return Status::Done;
   }
   if (line.kind == verbs::ParsedLine::Kind::Wrong) {
@@ -142,21 +143,21 @@ std::optional<Status> understand(verbs::OptionTable& table, const std::vector<st
 
 } // namespace
 
-int runProgram(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
+int runProgram(const std::vector<std::string>& arguments, const ProgramEnvironment& environment) {
   Options options;
   verbs::OptionTable table = programTable(options);
   const VerbList verbs = verbs::allVerbs();
   for (const auto& verb : verbs)
     verb->describe(table);
-  if (const auto status = understand(table, arguments, options, verbs, surroundings))
+  if (const auto status = understand(table, arguments, options, verbs, environment))
     return static_cast<int>(*status);
-  SessionOptions settings = sessionOptions(surroundings, options);
+  SessionOptions settings = sessionOptions(environment, options);
   for (const auto& verb : verbs) {
     if (verb->isChosen())
       return static_cast<int>(verb->run(settings));
   }
   Session session(settings);
-  return static_cast<int>(runSession(session, options, surroundings.input));
+  return static_cast<int>(runSession(session, options, environment.input));
 }
 
 } // namespace console

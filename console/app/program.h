@@ -11,14 +11,14 @@
 namespace console {
 
 // Where a run reads and writes. What is empty or null is that of the process.
-struct Surroundings {
+struct ProgramEnvironment {
   morvane::HostOptions host;
-  std::function<void(const OdString&)> talk;
+  std::function<void(const OdString&)> commandLine;
   std::function<void(const OdString&)> results;
   std::istream* input = nullptr; // read as a script
 };
 
 // The arguments come without the program's name, in bytes.
-int runProgram(const std::vector<std::string>& arguments, const Surroundings& surroundings = {});
+int runProgram(const std::vector<std::string>& arguments, const ProgramEnvironment& environment = {});
 
 } // namespace console

@@ -81,7 +81,7 @@ void leaveOutCameras(Session& session, BlockObjects& objects) {
   blockUtils::kickOutSomeKindOfObjs(objects.ids);
   objects.cameras = before - objects.ids.length();
   if (objects.cameras > 0)
-    session.say(Text::kCamerasLeftOut, {count(objects.cameras)});
+    session.print(Text::kCamerasLeftOut, {count(objects.cameras)});
 }
 
 void refuseSelfReference(const OdString& name, OdDbObjectId block, const OdDbObjectIdArray& ids) {

@@ -191,7 +191,7 @@ void bindXref(Session& session, const OdDbBlockTableRecordPtr& xref) {
   if (!bound.isDone)
     refuse(Text::kXrefCannotBind, {name, bound.obstacle, xrefState(bound.status)});
   for (const OdString& overlay : bound.leftOut)
-    session.say(Text::kXrefLeftOut, {name, overlay});
+    session.print(Text::kXrefLeftOut, {name, overlay});
   session.result(Text::kXrefBound, {name});
 }
 

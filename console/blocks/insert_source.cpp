@@ -91,7 +91,7 @@ OdDbObjectId insertAs(Session& session, const BlockSource& source, const OdStrin
   if (!insertCommon::insertDb(source.database, name, block))
     refuse(Text::kNotInserted, {OdString::fromUtf8(source.path), name});
   for (const drawing::Issue& issue : session.database().insertReport().issues())
-    session.say(Text::kInsertNote, {OdString::fromUtf8(source.path), OdString::fromUtf8(drawing::describe(issue))});
+    session.print(Text::kInsertNote, {OdString::fromUtf8(source.path), OdString::fromUtf8(drawing::describe(issue))});
   insertCommon::setExplodableInfo(source.database, block);
   if (!blockUtils::setBtrInsertUnit(block, source.database->getINSUNITS()))
     refuse(Text::kNotInserted, {OdString::fromUtf8(source.path), name});
@@ -99,9 +99,10 @@ OdDbObjectId insertAs(Session& session, const BlockSource& source, const OdStrin
 }
 
 bool lastBoxWasClosed(const Session& session) {
-  const auto& said = session.said();
-  const auto box = std::find_if(said.rbegin(), said.rend(), [](const Said& one) { return one.box.has_value(); });
-  return box == said.rend() || box->box->pressed == morvane::MessageBoxes::kClosed;
+  const auto& transcript = session.transcript();
+  const auto box = std::find_if(transcript.rbegin(), transcript.rend(),
+                                [](const TranscriptEntry& one) { return one.box.has_value(); });
+  return box == transcript.rend() || box->box->pressed == morvane::MessageBoxes::kClosed;
 }
 
 [[noreturn]] void refuseClash(const BlockSource& source, OdDbObjectId there) {
@@ -151,17 +152,17 @@ void printOutcome(Session& session, const BlockSource& source, const BroughtIn& 
   using How = BroughtIn::How;
   const OdString path = OdString::fromUtf8(source.path);
   if (result.how == How::Kept)
-    session.say(Text::kClashKept, {path, result.name});
+    session.print(Text::kClashKept, {path, result.name});
   else if (result.how == How::Shared)
-    session.say(Text::kClashShared, {path, result.name});
+    session.print(Text::kClashShared, {path, result.name});
   else if (result.how == How::Replaced)
-    session.say(Text::kClashReplaced, {path, result.name});
+    session.print(Text::kClashReplaced, {path, result.name});
   else if (result.how == How::Renamed)
-    session.say(Text::kClashRenamed, {path, source.name, result.name});
+    session.print(Text::kClashRenamed, {path, source.name, result.name});
   for (const BroughtIn::Nested& nested : result.renamed)
-    session.say(Text::kNestedRenamed, {path, nested.name, nested.now});
+    session.print(Text::kNestedRenamed, {path, nested.name, nested.now});
   if (!result.kept.empty())
-    session.say(Text::kNestedKept, {path, nameList(result.kept)});
+    session.print(Text::kNestedKept, {path, nameList(result.kept)});
 }
 
 } // namespace

@@ -79,7 +79,7 @@ void reportBlockMade(Session& session, const BlockRequest& request, const BlockM
 
 void reportSourceObjects(Session& session, Afterwards afterwards) {
   const Text texts[] = {Text::kKept, Text::kConverted, Text::kDeleted};
-  session.say(texts[static_cast<std::size_t>(afterwards)]);
+  session.print(texts[static_cast<std::size_t>(afterwards)]);
 }
 
 BlockMade makeBlock(Session& session, const BlockRequest& request) {
@@ -103,7 +103,7 @@ BlockMade makeBlock(Session& session, const BlockRequest& request) {
   made.objects = static_cast<std::size_t>(taken.length());
   made.dropped = missingByType(request.ids, taken);
   for (const auto& [type, number] : made.dropped)
-    session.say(Text::kDropped, {count(number), OdString::fromUtf8(type)});
+    session.print(Text::kDropped, {count(number), OdString::fromUtf8(type)});
   clearOrigin(made.block);
   setProperties(request, made.block);
 

@@ -120,7 +120,7 @@ private:
   void reportDropped(const OdDbObjectIdArray& all) const {
     result_.dropped = missingByType(all, result_.written);
     for (const auto& [type, number] : result_.dropped)
-      session_.say(Text::kNotMoved, {count(number), OdString::fromUtf8(type)});
+      session_.print(Text::kNotMoved, {count(number), OdString::fromUtf8(type)});
     session_.note(Status::Repaired);
     if (result_.written.isEmpty())
       refuse(Text::kAllDropped);

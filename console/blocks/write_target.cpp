@@ -51,7 +51,7 @@ OdString besideDrawing(Session& session, const OdString& name) {
   std::error_code ignored;
   if (name.findOneOf(L"/\\") >= 0 || folder.isEmpty() || fs::is_directory(paths.toSystem(folder), ignored))
     return name;
-  session.say(Text::kFolderGone, {folder});
+  session.print(Text::kFolderGone, {folder});
   const fs::path own = fs::absolute(session.drawing().path, ignored).parent_path();
   return paths.toDrawing((session.drawing().path.empty() ? fs::current_path(ignored) : own).string()) + L"\\" + name;
 }
@@ -77,7 +77,7 @@ OdString settledName(Session& session, const OdString& typed) {
   if (extension.iCompare(kDxf) == 0)
     name = name.left(name.getLength() - extension.getLength());
   name += kDxf;
-  session.say(Text::kTargetSettled, {name});
+  session.print(Text::kTargetSettled, {name});
   return name;
 }
 
@@ -88,7 +88,7 @@ OdDb::DwgVersion rememberedVersion(Session& session) {
   const bool isKnown = drawing::versionSignature(version)[0] != '\0'; // a file that somebody wrote may hold anything
   version = isKnown ? drawing::writtenVersion(version) : OdDb::kNewestVersion;
   if (type == OdDb::kSaveDwg)
-    session.say(Text::kDwgSettled, {OdString::fromUtf8(drawing::versionYear(version))});
+    session.print(Text::kDwgSettled, {OdString::fromUtf8(drawing::versionYear(version))});
   return version;
 }
 

@@ -55,7 +55,7 @@ void askModes(Session& session, Wishes& wishes) {
       if (wishes.modes[mode])
         on.emplace_back(kModes[mode]);
     }
-    session.say(Text::kModesOn, {on.empty() ? OdString(L"none") : nameList(on)});
+    session.print(Text::kModesOn, {on.empty() ? OdString(L"none") : nameList(on)});
     const auto typed = askKeyword(session, Text::kKeywordsModes, Text::kPromptModes);
     if (!typed)
       return;
@@ -79,7 +79,7 @@ void askStyle(CommandContext& context, Wishes& wishes) {
   if (!style.isNull())
     wishes.style = style;
   else if (typed)
-    context.session.say(Text::kNoSuchStyle, {*typed});
+    context.session.print(Text::kNoSuchStyle, {*typed});
 }
 
 // The first point, with the options in front of it.

@@ -50,7 +50,7 @@ void askValue(Session& session, const AttributeRow& row) {
   if (!typed)
     return;
   const OdString value = *typed == L"\"\"" ? OdString() : *typed;
-  session.say(textOf(changeValue(row.attribute, value)), {attributeName(row), value});
+  session.print(textOf(changeValue(row.attribute, value)), {attributeName(row), value});
 }
 
 } // namespace
@@ -66,7 +66,7 @@ void attedit(CommandContext& context) {
     else if (*typed == L"?")
       listAttributes(session, attributes);
     else
-      session.say(Text::kNoSuchAttribute, {*typed});
+      session.print(Text::kNoSuchAttribute, {*typed});
   }
 }
 

@@ -52,7 +52,7 @@ void attsync(CommandContext& context) {
     session.result(Text::kSyncSurplus, {handleText(surplus.reference), surplus.tag, surplus.value});
   for (const OdDbObjectId& id : synced.locked)
     session.result(Text::kSyncLocked, {handleText(id)});
-  session.say(Text::kSynced, {count(synced.references)});
+  session.print(Text::kSynced, {count(synced.references)});
 }
 
 } // namespace console::commands

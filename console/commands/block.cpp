@@ -30,7 +30,7 @@ OdString askBlockName(Session& session) {
     if (kind == kName)
       return typed;
     if (kind != kQuery)
-      session.say(Text::kBadBlockQuery);
+      session.print(Text::kBadBlockQuery);
     else if (listBlocks(session) == 0)
       session.result(Text::kNoBlocks);
   }
@@ -67,7 +67,8 @@ void askOptions(Session& session, BlockOptions& options) {
       {L"Explodable", &options.explodable}, {L"Uniform", &options.uniform}, {L"Open", &options.openInEditor}};
   for (;;) {
     const auto shown = [](int value) { return OdString(value != 0 ? L"on" : L"off"); };
-    session.say(Text::kBlockSettings, {shown(options.explodable), shown(options.uniform), shown(options.openInEditor)});
+    session.print(Text::kBlockSettings,
+                  {shown(options.explodable), shown(options.uniform), shown(options.openInEditor)});
     const auto typed = askKeyword(session, Text::kKeywordsBlockOptions, Text::kPromptBlockOptions);
     if (!typed)
       return;

@@ -46,7 +46,7 @@ Afterwards askAfterwards(Session& session, Afterwards usual) {
 void openEditor(CommandContext& context, OdDbObjectId block) {
   const OdString name = OdDbBlockTableRecordPtr(block.safeOpenObject())->getName();
   context.drawing.document->setBlockEditorName(name);
-  context.session.say(Text::kEditorOpened, {name});
+  context.session.print(Text::kEditorOpened, {name});
 }
 
 } // namespace console::commands

@@ -29,7 +29,7 @@ void listDocuments(Session& session) {
 void switchTo(Session& session, const mvsi::MvsiApDocument& document) {
   if (&document != session.drawing().document.get())
     session.switchTo(document);
-  session.say(Text::kDocIsCurrent, {nameOf(document)});
+  session.print(Text::kDocIsCurrent, {nameOf(document)});
 }
 
 // A drawing that is open already is not read again.
@@ -64,7 +64,7 @@ void close(Session& session) {
     refuse(Text::kOnlyDoc);
   askToDiscardChanges(session);
   session.closeCurrent();
-  session.say(Text::kDocIsCurrent, {nameOf(*session.drawing().document)});
+  session.print(Text::kDocIsCurrent, {nameOf(*session.drawing().document)});
 }
 
 } // namespace

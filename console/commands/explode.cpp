@@ -49,11 +49,11 @@ struct Sum {
 void explodeOne(Session& session, OdDbObjectId id, const drawing::ExplodeOptions& options, Sum& sum) {
   const Exploded exploded = drawing::explodeReference(id, options);
   if (exploded.refusal != ExplodeRefusal::None) {
-    session.say(reasonFor(exploded.refusal), {handleText(id), unplaceableText(exploded)});
+    session.print(reasonFor(exploded.refusal), {handleText(id), unplaceableText(exploded)});
     return;
   }
   if (exploded.clipLost)
-    session.say(Text::kExplodeClip, {handleText(id)});
+    session.print(Text::kExplodeClip, {handleText(id)});
   ++sum.references;
   sum.objects += static_cast<std::size_t>(exploded.made.length());
   sum.values += exploded.valuesLost;
@@ -77,7 +77,7 @@ void explode(CommandContext& context) {
   if (sum.references < static_cast<std::size_t>(ids.length()))
     session.note(Status::Refused);
   if (sum.values > 0)
-    session.say(Text::kExplodeValues, {count(sum.values)});
+    session.print(Text::kExplodeValues, {count(sum.values)});
   session.result(Text::kExploded, {count(sum.references), count(sum.objects)});
 }
 

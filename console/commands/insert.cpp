@@ -31,7 +31,7 @@ constexpr wchar_t kNoFolder[] = L""; // the host's search knows the folder of th
       {"box.contains-itself", Text::kInsertsItself}, {"box.block-attached", Text::kNameExternal},
   };
   for (const auto& [box, reason] : kReasons) {
-    if (!session.said().empty() && session.said().back().id == box)
+    if (!session.transcript().empty() && session.transcript().back().id == box)
       refuse(reason, {typed});
   }
   refuse(Text::kNoBlockOrFile, {typed});
@@ -121,7 +121,7 @@ void insert(CommandContext& context) {
   askPoint(session, placement);
   askScale(session, block, placement);
   placement.rotation = askAngle(session, Text::kPromptInsertRotation).value_or(0);
-  session.say(Text::kUnitsFactor, {exactText(unitsFactor(block))});
+  session.print(Text::kUnitsFactor, {exactText(unitsFactor(block))});
   const OdDbBlockReferencePtr reference = placeReference(session, block, placement);
   giveAttributes(session, reference, {});
   session.result(Text::kInserted,

@@ -26,7 +26,7 @@ void makeCurrent(CommandContext& context, const OdDbLayerTableRecordPtr& layer) 
   if (layer->isFrozen())
     refuse(Text::kLayerFrozen, {layer->getName()});
   context.database.setCLAYER(layer->objectId());
-  context.session.say(Text::kLayerIsCurrent, {layer->getName()});
+  context.session.print(Text::kLayerIsCurrent, {layer->getName()});
 }
 
 void make(CommandContext& context) {
@@ -53,7 +53,7 @@ void lock(CommandContext& context, bool locked) {
   const OdDbLayerTableRecordPtr layer = askLayer(context);
   if (!LayerTools::lockOrUnlockLayer(layer->objectId(), locked))
     throw OdError(eNotOpenForWrite);
-  context.session.say(locked ? Text::kLayerLocked : Text::kLayerUnlocked, {layer->getName()});
+  context.session.print(locked ? Text::kLayerLocked : Text::kLayerUnlocked, {layer->getName()});
 }
 
 void listLayers(CommandContext& context) {

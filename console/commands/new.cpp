@@ -6,7 +6,7 @@ namespace console::commands {
 void newDrawing(CommandContext& context) {
   askToDiscardChanges(context.session);
   context.session.adopt(OdDbDatabase::create(), {}, false);
-  context.session.say(Text::kNewDrawing);
+  context.session.print(Text::kNewDrawing);
 }
 
 } // namespace console::commands

@@ -57,9 +57,9 @@ void purge(CommandContext& context) {
     for (const NamedThing& thing : purged)
       context.session.result(Text::kPurged, {OdString::fromUtf8(thing.kind), thing.name});
     if (purged.empty())
-      context.session.say(Text::kNothingToPurge);
+      context.session.print(Text::kNothingToPurge);
     else
-      context.session.say(Text::kPurgeCount, {count(purged.size())});
+      context.session.print(Text::kPurgeCount, {count(purged.size())});
     return;
   }
 }

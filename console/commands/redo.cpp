@@ -9,7 +9,7 @@ void redo(CommandContext& context) {
     refuse(Text::kNothingToRedo);
   drawing.done.push_back(drawing.undone.back());
   drawing.undone.pop_back();
-  context.session.say(Text::kRedone, {OdString::fromUtf8(drawing.done.back())});
+  context.session.print(Text::kRedone, {OdString::fromUtf8(drawing.done.back())});
 }
 
 } // namespace console::commands

@@ -31,7 +31,7 @@ void rename(CommandContext& context) {
   const OdString from = askText(session, Text::kPromptOldName).value_or(OdString());
   const OdString to = askText(session, Text::kPromptNewName).value_or(OdString());
   renameThing(session, kind, from, to);
-  session.say(Text::kRenamed, {OdString::fromUtf8(renameKindName(kind)), from, to});
+  session.print(Text::kRenamed, {OdString::fromUtf8(renameKindName(kind)), from, to});
 }
 
 } // namespace console::commands

@@ -9,7 +9,7 @@ void undo(CommandContext& context) {
     refuse(Text::kNothingToUndo);
   drawing.undone.push_back(drawing.done.back());
   drawing.done.pop_back();
-  context.session.say(Text::kUndone, {OdString::fromUtf8(drawing.undone.back())});
+  context.session.print(Text::kUndone, {OdString::fromUtf8(drawing.undone.back())});
 }
 
 } // namespace console::commands

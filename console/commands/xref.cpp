@@ -10,7 +10,7 @@ void listReferences(Session& session) {
   for (const OdDbBlockTableRecordPtr& xref : xrefs)
     session.result(Text::kXrefLine, {xref->getName(), xref->pathName(), xrefState(xref->xrefStatus())});
   if (xrefs.empty())
-    session.say(Text::kNoXrefs);
+    session.print(Text::kNoXrefs);
 }
 
 void attach(CommandContext& context, bool overlay) {

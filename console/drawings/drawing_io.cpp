@@ -24,11 +24,11 @@ void printIssues(Session& session, const std::string& path, const drawing::Repor
   std::size_t printed = 0;
   for (const drawing::Issue& issue : report.issues()) {
     if (isLoss(issue) && ++printed <= kMostLines)
-      session.say(line, {asText(path), asText(drawing::describe(issue))});
+      session.print(line, {asText(path), asText(drawing::describe(issue))});
   }
   printed += report.suppressed();
   if (printed > kMostLines)
-    session.say(Text::kMoreIssues, {asText(path), count(printed - kMostLines)});
+    session.print(Text::kMoreIssues, {asText(path), count(printed - kMostLines)});
 }
 
 std::size_t losses(const drawing::Report& report) {
@@ -56,7 +56,7 @@ drawing::ReadResult readOrThrow(Session& session, const std::string& path) {
 }
 
 void reportRepaired(Session& session, const std::string& path, const drawing::Report& report, bool listsIssues) {
-  session.say(Text::kRepaired, {asText(path), count(losses(report))});
+  session.print(Text::kRepaired, {asText(path), count(losses(report))});
   if (listsIssues)
     printIssues(session, path, report, Text::kReadIssue);
   session.note(Status::Repaired);
@@ -82,18 +82,18 @@ void reportXrefs(Session& session) {
   session.addIssues(report);
   const auto& issues = report.issues();
   for (std::size_t i = 0; i < issues.size() && i < kMostLines; ++i)
-    session.say(Text::kXrefNote, {name, asText(issues[i].found)});
+    session.print(Text::kXrefNote, {name, asText(issues[i].found)});
   const std::size_t all = issues.size() + report.suppressed();
   if (all > kMostLines)
-    session.say(Text::kMoreIssues, {name, count(all - kMostLines)});
+    session.print(Text::kMoreIssues, {name, count(all - kMostLines)});
 }
 
 drawing::Report openDrawing(Session& session, const std::string& path, bool listsIssues) {
   const drawing::ReadResult read = readOrThrow(session, path);
   const bool repaired = read.report.outcome() != drawing::Outcome::Whole;
   session.adopt(read.database, path, repaired);
-  session.say(Text::kOpened, {asText(path), count(objectsInModelSpace(*read.database)),
-                              asText(drawing::versionYear(read.database->facts().version))});
+  session.print(Text::kOpened, {asText(path), count(objectsInModelSpace(*read.database)),
+                                asText(drawing::versionYear(read.database->facts().version))});
   reportXrefs(session);
   if (repaired)
     reportRepaired(session, path, read.report, listsIssues);

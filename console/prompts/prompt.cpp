@@ -61,7 +61,7 @@ bool askYes(Session& session, Text prompt, const Arguments& arguments) {
       return false;
     if (answer == L"Yes" || answer == L"No" || input.isScript())
       return answer == L"Yes";
-    session.say(Text::kYesOrNo);
+    session.print(Text::kYesOrNo);
   }
 }
 
@@ -93,7 +93,7 @@ std::optional<double> askAngle(Session& session, Text prompt) {
       return std::nullopt;
     if (const auto angle = morvane::parseAngle(text->str()))
       return angle;
-    session.say(Text::kNotAnAngle, {*text});
+    session.print(Text::kNotAnAngle, {*text});
   }
 }
 

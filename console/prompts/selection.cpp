@@ -134,7 +134,7 @@ std::size_t leaveOutLocked(Session& session, OdDbObjectIdArray& ids) {
   }
   const std::size_t locked = static_cast<std::size_t>(ids.length()) - static_cast<std::size_t>(free.length());
   if (locked > 0)
-    session.say(Text::kLockedLeftOut, {count(locked)});
+    session.print(Text::kLockedLeftOut, {count(locked)});
   if (free.isEmpty())
     refuse(Text::kAllLocked);
   ids = free;

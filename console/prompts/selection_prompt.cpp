@@ -28,7 +28,7 @@ public:
         answer(typed.keyword);
       else
         return picks_.ids();
-      session_.say(Text::kSelected, {count(picks_.size())});
+      session_.print(Text::kSelected, {count(picks_.size())});
     }
   }
 
@@ -93,12 +93,12 @@ private:
     try {
       pick(pickedBy(session_.database(), objects_, selector));
     } catch (const Failure& failure) {
-      session_.say(failure.message.text, failure.message.arguments);
+      session_.print(failure.message.text, failure.message.arguments);
     }
   }
   void pickLast() {
     if (objects_.isEmpty())
-      return session_.say(Text::kSpaceEmpty);
+      return session_.print(Text::kSpaceEmpty);
     OdDbObjectIdArray last;
     last.append(objects_.last());
     pick(last);
@@ -106,7 +106,7 @@ private:
   void pickPrevious() {
     const OdDbObjectIdArray& ids = session_.drawing().previous;
     if (std::none_of(ids.begin(), ids.end(), [this](OdDbObjectId id) { return here_.count(id) != 0; }))
-      session_.say(Text::kNothingPrevious);
+      session_.print(Text::kNothingPrevious);
     pick(ids);
   }
 
@@ -138,7 +138,7 @@ OdDbObjectIdArray askSelectionAnew(Session& session) {
 }
 
 void reportPreselection(Session& session, const OdDbObjectIdArray& ids) {
-  session.say(Text::kSelectedBefore, {count(static_cast<std::size_t>(ids.length()))});
+  session.print(Text::kSelectedBefore, {count(static_cast<std::size_t>(ids.length()))});
   session.drawing().previous = ids;
 }
 

@@ -59,8 +59,8 @@ morvane::HostOptions hostOptionsOf(const SessionOptions& options) {
 
 Session::Session(SessionOptions options)
     : host_(hostOptionsOf(options)), reading_(options.reading), quiet_(options.quiet), noPrompt_(options.noPrompt) {
-  auto talk = options.talk ? options.talk : [](const OdString& text) { writeTo(stderr, text); };
-  line_ = std::make_shared<LineSink>(std::move(talk));
+  auto commandLine = options.commandLine ? options.commandLine : [](const OdString& text) { writeTo(stderr, text); };
+  line_ = std::make_shared<LineSink>(std::move(commandLine));
   results_ = options.results ? options.results : [](const OdString& text) { writeTo(stdout, text); };
   host_.install();
   host_.output().setSink(line_);
@@ -82,15 +82,15 @@ void Session::watchBoxes() {
     if (!catalogue_)
       catalogue_.emplace(boxes);
     BoxName name = catalogue_->nameOf(box);
-    said_.push_back(
-        {std::move(name.id), box.body, std::move(name.parameters), Said::Box{box.caption, box.buttons, pressed}});
+    transcript_.push_back({std::move(name.id), box.body, std::move(name.parameters),
+                           TranscriptEntry::Box{box.caption, box.buttons, pressed}});
     if (morvane::MessageBoxes::isQuestion(box) && !mayAsk())
       refuseQuestion(box.caption);
   });
 }
 
 void Session::refuseQuestion(const OdString& question) {
-  say(Text::kQuestionRefused, {question});
+  print(Text::kQuestionRefused, {question});
   note(Status::Refused);
 }
 
@@ -110,18 +110,18 @@ OdString Session::takeRestOfLine() {
 }
 
 void Session::keep(Text text, const std::vector<OdString>& arguments) {
-  said_.push_back({idOf(text), render(text, arguments), arguments, std::nullopt});
+  transcript_.push_back({idOf(text), render(text, arguments), arguments, std::nullopt});
 }
 
-void Session::say(Text text, std::vector<OdString> arguments) {
+void Session::print(Text text, std::vector<OdString> arguments) {
   keep(text, arguments);
-  host_.output().print(L"\n" + said_.back().text + L"\n");
+  host_.output().print(L"\n" + transcript_.back().text + L"\n");
 }
 
 void Session::result(Text text, std::vector<OdString> arguments) {
   keep(text, arguments);
   if (!quiet_)
-    printReport(said_.back().text + L"\n");
+    printReport(transcript_.back().text + L"\n");
 }
 
 void Session::printReport(const OdString& text) {
@@ -184,7 +184,7 @@ void Session::savedAs(const std::string& path) {
 }
 
 void Session::fail(const Failure& failure) {
-  say(failure.message.text, failure.message.arguments);
+  print(failure.message.text, failure.message.arguments);
   note(failure.status);
   host_.input().dropRestOfLine();
 }
@@ -199,7 +199,7 @@ Status Session::run(const Command& command, const CommandTable& commands) {
   });
   // The block may be gone by undo or purging.
   if (!edited.isEmpty() && drawing_.document == document && document->blockEditorName().isEmpty())
-    say(Text::kEditorClosed, {edited});
+    print(Text::kEditorClosed, {edited});
   if (command.kind != Command::Kind::Selects)
     host_.selections().setFirst(nullptr, nullptr);
   return status;

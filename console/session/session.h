@@ -33,7 +33,7 @@ struct OpenDrawing {
 };
 
 // Something that was said, for machines.
-struct Said {
+struct TranscriptEntry {
   struct Box {
     OdString caption;
     std::vector<OdString> buttons;
@@ -51,11 +51,11 @@ enum class Afterwards { Keep, Convert, Delete };
 
 struct SessionOptions {
   morvane::HostOptions host;
-  std::function<void(const OdString&)> talk;    // what the command line shows; empty: standard error
-  std::function<void(const OdString&)> results; // empty: standard output
-  bool quiet = false;                           // results are kept for a machine-readable report, not written
-  bool noPrompt = false;                        // questions are not asked but refused
-  drawing::ReadOptions reading = {};            // for every drawing that is opened
+  std::function<void(const OdString&)> commandLine; // what the command line shows; empty: standard error
+  std::function<void(const OdString&)> results;     // empty: standard output
+  bool quiet = false;                               // results are kept for a machine-readable report, not written
+  bool noPrompt = false;                            // questions are not asked but refused
+  drawing::ReadOptions reading = {};                // for every drawing that is opened
   // Lets the user answer the questions of a job; empty: the job cannot ask.
   std::function<void(Session&)> connectUser = nullptr;
 };
@@ -75,10 +75,10 @@ public:
   OdString takeRestOfLine();
 
   // A line on the command line, and a line of results.
-  void say(Text text, std::vector<OdString> arguments = {});
+  void print(Text text, std::vector<OdString> arguments = {});
   void result(Text text, std::vector<OdString> arguments = {});
-  void printReport(const OdString& text);                 // to where results go, also when they are kept
-  const std::vector<Said>& said() const { return said_; } // everything, results included
+  void printReport(const OdString& text); // to where results go, also when they are kept
+  const std::vector<TranscriptEntry>& transcript() const { return transcript_; } // everything, results included
   // Whether questions may be asked. Where not, whoever would ask shows the question and refuses.
   bool mayAsk() const { return !noPrompt_; }
   void refuseQuestion(const OdString& question);
@@ -120,7 +120,7 @@ private:
   drawing::ReadOptions reading_;
   OpenDrawing drawing_;
   std::vector<OpenDrawing> others_;
-  std::vector<Said> said_;
+  std::vector<TranscriptEntry> transcript_;
   std::optional<BoxCatalogue> catalogue_; // made with the first box
   std::vector<drawing::Issue> issues_;
   Status status_ = Status::Done;

@@ -81,13 +81,13 @@ private:
       return session.printReport(OdString::fromUtf8(csvOf(rows_)));
     for (const AttributeRow& row : json_ ? std::vector<AttributeRow>() : rows_)
       session.result(Text::kAttributeRow, {handleText(row.reference), row.block, attributeName(row), row.value});
-    session.say(Text::kAttributeCount, {count(rows_.size())});
+    session.print(Text::kAttributeCount, {count(rows_.size())});
   }
 
   void reportImported(Session& session) {
     for (const ImportedAttributes::Misfit& misfit : imported_.misfits)
-      session.say(Text::kImportMisfit, {OdString::fromUtf8(import_), count(misfit.line), misfit.reason.shown()});
-    session.say(Text::kImported, {count(imported_.changed), count(imported_.same), count(imported_.misfits.size())});
+      session.print(Text::kImportMisfit, {OdString::fromUtf8(import_), count(misfit.line), misfit.reason.shown()});
+    session.print(Text::kImported, {count(imported_.changed), count(imported_.same), count(imported_.misfits.size())});
     if (!imported_.misfits.empty())
       session.note(Status::Repaired);
   }

@@ -139,7 +139,7 @@ private:
     const std::vector<OdString> words{OdString::fromUtf8(handleOf(tree_.nodes.front().reference)),
                                       OdString::fromUtf8(handleOf(tree_.edit.reference)), tree_.edit.path};
     if (dot_)
-      session.say(text, words);
+      session.print(text, words);
     else
       session.result(text, words);
   }

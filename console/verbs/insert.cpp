@@ -221,7 +221,7 @@ void Insert::insertList(Session& session) {
     });
     if (status == Status::Done)
       continue;
-    session.say(Text::kListFailed, {OdString::fromUtf8(paths[number])});
+    session.print(Text::kListFailed, {OdString::fromUtf8(paths[number])});
     ++failed_;
   }
 }
@@ -282,11 +282,11 @@ Json Insert::jsonOf(const Done& done) {
 void Insert::printSummary(Session& session) const {
   for (const Done& done : done_) {
     if (typed_.list.empty())
-      session.say(Text::kUnitsFactor, {exactText(done.factor)});
+      session.print(Text::kUnitsFactor, {exactText(done.factor)});
     session.result(Text::kInserted, {done.in.name, handleText(done.reference)});
   }
   if (!typed_.list.empty() && !dry_)
-    session.say(Text::kListSum, {count(done_.size()), count(failed_)});
+    session.print(Text::kListSum, {count(done_.size()), count(failed_)});
 }
 
 } // namespace

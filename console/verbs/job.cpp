@@ -22,13 +22,13 @@ Json texts(const std::vector<OdString>& values) {
 
 Json messagesOf(const Session& session) {
   Json messages = Json::array();
-  for (const Said& said : session.said()) {
-    messages.push_back({{"id", said.id}, {"text", utf8(said.text)}, {"parameters", texts(said.parameters)}});
-    if (said.box) {
-      const bool closed = said.box->pressed == morvane::MessageBoxes::kClosed;
-      messages.back()["caption"] = utf8(said.box->caption);
-      messages.back()["buttons"] = texts(said.box->buttons);
-      messages.back()["pressed"] = closed ? Json() : Json(said.box->pressed + 1);
+  for (const TranscriptEntry& entry : session.transcript()) {
+    messages.push_back({{"id", entry.id}, {"text", utf8(entry.text)}, {"parameters", texts(entry.parameters)}});
+    if (entry.box) {
+      const bool closed = entry.box->pressed == morvane::MessageBoxes::kClosed;
+      messages.back()["caption"] = utf8(entry.box->caption);
+      messages.back()["buttons"] = texts(entry.box->buttons);
+      messages.back()["pressed"] = closed ? Json() : Json(entry.box->pressed + 1);
     }
   }
   return messages;

@@ -129,12 +129,12 @@ private:
     session.result(Text::kPictureMade, {asText(out_), count(static_cast<std::size_t>(options_.width)),
                                         count(static_cast<std::size_t>(options_.height))});
     if (report_.isEmpty)
-      session.say(Text::kPictureEmpty);
+      session.print(Text::kPictureEmpty);
     for (const drawing::NotDrawn& one : report_.notDrawn)
-      session.say(Text::kNotDrawn,
-                  {count(one.count), asText(one.kind), reasonText(one.reason), asText(one.first.ascii())});
+      session.print(Text::kNotDrawn,
+                    {count(one.count), asText(one.kind), reasonText(one.reason), asText(one.first.ascii())});
     if (report_.reachedLimit)
-      session.say(Text::kPictureLimit);
+      session.print(Text::kPictureLimit);
   }
 
   OptionTable* verb_ = nullptr;

@@ -79,9 +79,9 @@ private:
     for (const NamedThing& thing : purged_)
       session.result(dry_ ? Text::kPurgeable : Text::kPurged, {OdString::fromUtf8(thing.kind), thing.name});
     if (purged_.empty())
-      session.say(Text::kNothingToPurge);
+      session.print(Text::kNothingToPurge);
     else if (!dry_)
-      session.say(Text::kPurgeCount, {count(purged_.size())});
+      session.print(Text::kPurgeCount, {count(purged_.size())});
   }
 
   OptionTable* verb_ = nullptr;

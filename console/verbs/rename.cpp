@@ -69,7 +69,7 @@ private:
 
   void printSummary(Session& session) {
     for (const Wish& wish : wishes_)
-      session.say(Text::kRenamed, {OdString::fromUtf8(renameKindName(wish.kind)), wish.from, wish.to});
+      session.print(Text::kRenamed, {OdString::fromUtf8(renameKindName(wish.kind)), wish.from, wish.to});
   }
 
   OptionTable* verb_ = nullptr;

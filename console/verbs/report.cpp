@@ -54,7 +54,7 @@ void Report::printJson(Session& session, const std::optional<report::DrawingRepo
   Json report = {{"version", 1}, {"file", file_}, {"status", static_cast<int>(session.status())}};
   report.update(made ? report::toJson(*made, all_) : report::emptyJson());
   report["issues"] = report::issuesJson(session.issues());
-  report["error"] = made ? Json() : Json(session.said().back().text.toUtf8Lossless());
+  report["error"] = made ? Json() : Json(session.transcript().back().text.toUtf8Lossless());
   session.printReport(report::jsonText(report));
 }
 

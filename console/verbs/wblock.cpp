@@ -136,8 +136,8 @@ void Wblock::printSummary(Session& session) const {
   if (!isLibrary())
     return reportBlockFile(session, written_);
   for (const Json& one : manifest_.at("leftOut").items())
-    session.say(Text::kLibraryLeftOut,
-                {OdString::fromUtf8(one.at("block").text()), OdString::fromUtf8(one.at("reason").text())});
+    session.print(Text::kLibraryLeftOut,
+                  {OdString::fromUtf8(one.at("block").text()), OdString::fromUtf8(one.at("reason").text())});
   session.result(Text::kLibraryWritten, {count(manifest_.at("blocks").size()), OdString::fromUtf8(folder_)});
 }
 

@@ -16,7 +16,7 @@ using Json = nlohmann::json;
 
 TEST(Boxes, AreToldApartWithTheirParameters) {
   TestSession console;
-  const auto& said = console.session().said();
+  const auto& entry = console.session().transcript();
   const struct {
     void (*show)();
     const char* id;
@@ -36,8 +36,8 @@ TEST(Boxes, AreToldApartWithTheirParameters) {
   };
   for (const auto& row : kCases) {
     row.show();
-    EXPECT_EQ(said.back().id, row.id);
-    EXPECT_EQ(said.back().parameters, row.parameters) << row.id;
+    EXPECT_EQ(entry.back().id, row.id);
+    EXPECT_EQ(entry.back().parameters, row.parameters) << row.id;
   }
 }
 

@@ -20,16 +20,16 @@ inline Outcome runMorvane(const std::vector<std::string>& arguments, const std::
                           const std::string& configFile = {}) {
   Outcome run;
   std::istringstream stream(input);
-  console::Surroundings surroundings;
-  surroundings.host.keepsConfig = !configFile.empty();
-  surroundings.host.configFile = configFile;
-  surroundings.input = &stream;
-  surroundings.talk = [&](const OdString& text) { run.shown += text.toUtf8Lossless(); };
-  surroundings.results = [&](const OdString& text) {
+  console::ProgramEnvironment environment;
+  environment.host.keepsConfig = !configFile.empty();
+  environment.host.configFile = configFile;
+  environment.input = &stream;
+  environment.commandLine = [&](const OdString& text) { run.shown += text.toUtf8Lossless(); };
+  environment.results = [&](const OdString& text) {
     run.shown += text.toUtf8Lossless();
     run.results += text.toUtf8Lossless();
   };
-  run.status = console::runProgram(arguments, surroundings);
+  run.status = console::runProgram(arguments, environment);
   return run;
 }
 
