@@ -20,10 +20,10 @@ public:
 
   void setReport(Report* report) { report_ = report; }
   // The source is an external reference of that name: what comes along is named after it, NAME$0$WALLS, but for what
-  // every drawing has. Records of the target stand for those of the source that `standIns` lists.
-  void bindTo(const OdString& name, std::unordered_map<OdDbObjectId, OdDbObjectId> standIns) {
+  // every drawing has. Records of the target stand for those of the source that `replacements` lists.
+  void bindTo(const OdString& name, std::unordered_map<OdDbObjectId, OdDbObjectId> replacements) {
     boundTo_ = name;
-    standIns_ = std::move(standIns);
+    replacements_ = std::move(replacements);
   }
   // The contents of this block of the source become the owner's: if it is dynamic, its behaviour comes along, and
   // what its parts say of the block they say of the owner.
@@ -64,7 +64,7 @@ private:
   bool isNameTaken(const OdDbSymbolTable& table, const OdString& name) const;
   OdString boundName(const OdDbSymbolTable& table, const OdDbSymbolTableRecord& record) const;
   OdString freeName(const OdDbSymbolTable& table, const OdDbSymbolTableRecord& record) const;
-  bool mayStandFor(OdDbObjectId present) const;
+  bool canReplace(OdDbObjectId present) const;
 
   void make(const Item& item);
   void replace(const Item& item);
@@ -83,7 +83,7 @@ private:
   std::vector<Item> items_;
   std::unordered_map<OdDbObjectId, std::size_t> planned_;
   OdString boundTo_; // empty: nothing is bound
-  std::unordered_map<OdDbObjectId, OdDbObjectId> standIns_;
+  std::unordered_map<OdDbObjectId, OdDbObjectId> replacements_;
   OdDbObjectId contentsOf_; // null: nothing but the primaries is asked for
   OdDbObjectId planning_;   // whose parts and needs are being planned
 };

@@ -157,7 +157,7 @@ void Cloner::planNeeded(OdDbObjectId id) {
 
 // A block of the target may stand for one of the source unless it leads back to the block that is being filled. One
 // that is replaced leads nowhere but where its new contents do.
-bool Cloner::mayStandFor(OdDbObjectId present) const {
+bool Cloner::canReplace(OdDbObjectId present) const {
   const auto* owner = peekAs<OdDbBlockTableRecord>(owner_);
   if (owner == nullptr || !owner->wasReferenced()) // no walk through the drawing for every record
     return true;
@@ -215,9 +215,9 @@ void Cloner::planRecord(OdDbSymbolTableRecord& record) {
   if (table == nullptr)
     return;
   Item item{record.objectId(), Action::Make, {}, tableId, record.getName(), false};
-  if (const auto standIn = standIns_.find(record.objectId()); standIn != standIns_.end()) {
+  if (const auto replacement = replacements_.find(record.objectId()); replacement != replacements_.end()) {
     item.action = Action::Use;
-    item.target = standIn->second;
+    item.target = replacement->second;
     return plan(std::move(item));
   }
   const auto* block = dynamic_cast<OdDbBlockTableRecord*>(&record);
@@ -229,7 +229,7 @@ void Cloner::planRecord(OdDbSymbolTableRecord& record) {
     item.name = boundName(*table, record);
   } else if (const OdDbObjectId present = recordLike(*table, record); !present.isNull()) {
     const bool replaces = duplicates_ == OdDb::kDrcReplace;
-    if (present == owner_ || (!replaces && !mayStandFor(present))) {
+    if (present == owner_ || (!replaces && !canReplace(present))) {
       item.name = freeName(*table, record);
       reportRenamed(record.getName(), item.name);
     } else {

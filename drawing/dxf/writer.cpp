@@ -55,7 +55,7 @@ void RecordWriter::whole(const OdDbObject& object) {
   xData(object);
 }
 
-bool standsInEntities(const OdDbBlockTableRecord& block) {
+bool isInEntitiesSection(const OdDbBlockTableRecord& block) {
   return block.getName().iCompare(modelSpaceStr) == 0 || block.getName().iCompare(paperSpaceStr) == 0;
 }
 
@@ -63,7 +63,7 @@ Writer::Writer(const OdDbDatabase& database, GroupSink& sink)
     : database_(database), to_(sink), leftOut_(database, sink.version()), filter_(sink, leftOut_),
       sink_(sink.version() == database.facts().version ? sink : filter_) {}
 
-bool Writer::stands(OdDbObjectId id) const {
+bool Writer::isWritten(OdDbObjectId id) const {
   return lives(id) && !leftOut_.has(id);
 }
 
@@ -146,7 +146,7 @@ void Writer::table(OdDb::SymbolTableKind kind) {
   const auto& table = *peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind));
   std::vector<const OdDbObject*> records;
   for (OdDbObjectId id : table.members().ids()) {
-    if (stands(id))
+    if (isWritten(id))
       records.push_back(peek(id));
   }
   RecordWriter writer(sink_);
@@ -172,7 +172,7 @@ void Writer::table(OdDb::SymbolTableKind kind) {
 void Writer::blocks() {
   const auto& table = *peekAs<OdDbBlockTable>(database_.getBlockTableId());
   for (OdDbObjectId id : table.members().ids()) {
-    if (stands(id))
+    if (isWritten(id))
       block(*peekAs<OdDbBlockTableRecord>(id));
   }
 }
@@ -212,12 +212,12 @@ void Writer::entity(OdDbObjectId id) {
     return;
   bool any = false;
   for (OdDbObjectId part : owner->subEntities()) {
-    if (!stands(part))
+    if (!isWritten(part))
       continue;
     any = true;
     RecordWriter(facts).whole(*peek(part));
   }
-  if (any && stands(owner->sequenceEndId()))
+  if (any && isWritten(owner->sequenceEndId()))
     RecordWriter(facts).whole(*peek(owner->sequenceEndId()));
 }
 
@@ -242,9 +242,9 @@ void Writer::block(const OdDbBlockTableRecord& record) {
   if (own < sections.size())
     sections.writeTo(facts, own + 1, sections.size() - own - 1);
   writer.xData(begin);
-  if (!standsInEntities(record)) {
+  if (!isInEntitiesSection(record)) {
     for (OdDbObjectId id : record.members().ids()) {
-      if (stands(id))
+      if (isWritten(id))
         entity(id);
     }
   }
@@ -272,7 +272,7 @@ void Writer::entities() {
     inPaperSpace_ = isPaperSpace(*block);
     layoutName_ = layout == nullptr ? OdString() : layout->getLayoutName();
     for (OdDbObjectId id : block->members().ids()) {
-      if (stands(id))
+      if (isWritten(id))
         entity(id);
     }
   }
@@ -284,7 +284,7 @@ void Writer::objects() {
   writer.whole(*peek(root));
   for (OdDbObjectId id : database_.allIds()) {
     const OdDbObject* object = peek(id);
-    if (!stands(id) || id == root || object->isKindOf(OdDbEntity::desc()) ||
+    if (!isWritten(id) || id == root || object->isKindOf(OdDbEntity::desc()) ||
         object->isKindOf(OdDbSymbolTable::desc()) || object->isKindOf(OdDbSymbolTableRecord::desc()) ||
         object->isKindOf(OdDbHeader::desc()))
       continue;

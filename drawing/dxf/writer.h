@@ -9,7 +9,7 @@
 namespace drawing::dxf {
 
 // Entities of model space, and of the paper space that was last active, stand in their own section.
-bool standsInEntities(const OdDbBlockTableRecord& block);
+bool isInEntitiesSection(const OdDbBlockTableRecord& block);
 
 class Writer {
 public:
@@ -31,7 +31,7 @@ private:
   void entity(OdDbObjectId id);
   void blockHead(const OdDbBlockTableRecord& record);
 
-  bool stands(OdDbObjectId id) const; // lives, and the version can hold it
+  bool isWritten(OdDbObjectId id) const; // lives, and the version can hold it
 
   const OdDbDatabase& database_;
   GroupSink& to_;

@@ -156,11 +156,11 @@ private:
   // Entities go into the block that they name, or into model space; what cannot stand there is erased.
   const char* fixList(OdDbObject& object) {
     const bool isPart = object.dxfName() == "ATTRIB" || object.dxfName() == "VERTEX";
-    const bool standsInBlock = object.isKindOf(OdDbEntity::desc()) && !isPart;
+    const bool isListedInBlock = object.isKindOf(OdDbEntity::desc()) && !isPart;
     if (!fix_)
       return "";
     const WriteScope scope(object);
-    if (!standsInBlock) {
+    if (!isListedInBlock) {
       object.erase();
       return "it is erased";
     }

@@ -128,17 +128,17 @@ private:
 
   // Records other than definitions that the drawing held of the reference stay, under their new names.
   std::unordered_map<OdDbObjectId, OdDbObjectId> takeOverRecords(const OdString& name, const OdDbDatabase& external) {
-    std::unordered_map<OdDbObjectId, OdDbObjectId> standIns;
+    std::unordered_map<OdDbObjectId, OdDbObjectId> replacements;
     for (int kind = 0; kind < OdDb::kBlockTable; ++kind) {
       const auto tableKind = static_cast<OdDb::SymbolTableKind>(kind);
       for (OdDbSymbolTableRecord* record : heldOf(database_, name, tableKind)) {
         const OdDbObjectId theirs = external.symbol(tableKind, ownName(name, *record));
         bindRecord(*record, name);
         if (!theirs.isNull())
-          standIns.emplace(theirs, record->objectId());
+          replacements.emplace(theirs, record->objectId());
       }
     }
-    return standIns;
+    return replacements;
   }
 
   // Definitions that the drawing held of the reference were names without contents.

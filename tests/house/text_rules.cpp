@@ -33,7 +33,7 @@ bool fits(char wanted, char found) {
 }
 
 // Whether the word stands at that place and no longer word holds it; behind a number further digits may follow.
-bool standsAt(std::string_view line, std::size_t at, std::string_view word) {
+bool isAt(std::string_view line, std::size_t at, std::string_view word) {
   for (std::size_t i = 0; i < word.size(); ++i)
     if (at + i >= line.size() || !fits(word[i], line[at + i]))
       return false;
@@ -46,7 +46,7 @@ bool standsAt(std::string_view line, std::size_t at, std::string_view word) {
 
 bool holds(std::string_view line, std::string_view word) {
   for (std::size_t at = 0; at + word.size() <= line.size(); ++at)
-    if (standsAt(line, at, word))
+    if (isAt(line, at, word))
       return true;
   return false;
 }

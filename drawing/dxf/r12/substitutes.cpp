@@ -37,17 +37,17 @@ struct Source {
   EarlyDrawing& draw;
 };
 
-StandIn same(std::string done) {
+Substitute same(std::string done) {
   return {true, Severity::Note, std::move(done)};
 }
-StandIn about(std::string done) {
+Substitute about(std::string done) {
   return {true, Severity::Lost, std::move(done)};
 }
-StandIn nothing() {
+Substitute nothing() {
   return {false, Severity::Lost, "it is left out"};
 }
 
-StandIn lightPolyline(const Source& source) {
+Substitute lightPolyline(const Source& source) {
   const auto& polyline = static_cast<const OdDbPolyline&>(source.entity);
   if (polyline.numVerts() == 0)
     return nothing();
@@ -55,7 +55,7 @@ StandIn lightPolyline(const Source& source) {
   return same("it is written as POLYLINE");
 }
 
-StandIn ellipse(const Source& source) {
+Substitute ellipse(const Source& source) {
   const auto& curve = static_cast<const OdDbEllipse&>(source.entity);
   double start = curve.startParam(), end = curve.endParam();
   if (end <= start)
@@ -69,7 +69,7 @@ StandIn ellipse(const Source& source) {
   return about("it is written as a polyline of " + std::to_string(points.size()) + " points");
 }
 
-StandIn spline(const Source& source) {
+Substitute spline(const Source& source) {
   const auto& curve = static_cast<const OdDbSpline&>(source.entity);
   Points points;
   flattenNurbs({curve.degree(), curve.knots(), curve.controlPoints(), curve.weights()}, points);
@@ -82,7 +82,7 @@ StandIn spline(const Source& source) {
 }
 
 // As far as the drawing reaches, twice.
-StandIn unboundedLine(const Source& source) {
+Substitute unboundedLine(const Source& source) {
   const auto& line = static_cast<const OdDbUnboundedLine&>(source.entity);
   const bool isRay = source.entity.isKindOf(OdDbRay::desc());
   const OdGeVector3d far = line.unitDir() * (2 * source.draw.reach());
@@ -90,12 +90,12 @@ StandIn unboundedLine(const Source& source) {
   return about("it is written as a line that ends outside the drawing");
 }
 
-StandIn mtext(const Source& source) {
+Substitute mtext(const Source& source) {
   const auto& text = static_cast<const OdDbMText&>(source.entity);
   return about("it is written as " + std::to_string(source.draw.lines(text)) + " texts without its formats");
 }
 
-StandIn tolerance(const Source& source) {
+Substitute tolerance(const Source& source) {
   const auto& frame = static_cast<const OdDbFcf&>(source.entity);
   OdDbMText text;
   OdString contents = frame.text();
@@ -110,7 +110,7 @@ StandIn tolerance(const Source& source) {
   return about("its words are written as text");
 }
 
-StandIn leader(const Source& source) {
+Substitute leader(const Source& source) {
   const auto& leader = static_cast<const OdDbLeader&>(source.entity);
   Points points;
   for (int i = 0; i < leader.numVertices(); ++i)
@@ -121,7 +121,7 @@ StandIn leader(const Source& source) {
   return about("its line is written as POLYLINE");
 }
 
-StandIn multiLeader(const Source& source) {
+Substitute multiLeader(const Source& source) {
   const auto& leader = static_cast<const OdDbMLeader&>(source.entity);
   bool any = false;
   for (const Points& line : leader.leaderLines()) {
@@ -146,7 +146,7 @@ StandIn multiLeader(const Source& source) {
 }
 
 // Strokes cross the mitre of each vertex at their first cut.
-StandIn multiLine(const Source& source) {
+Substitute multiLine(const Source& source) {
   const auto& line = static_cast<const OdDbMline&>(source.entity);
   std::vector<Points> strokes;
   for (int i = 0; i < line.numVertices(); ++i) {
@@ -162,7 +162,7 @@ StandIn multiLine(const Source& source) {
   return strokes.empty() ? nothing() : about("each of its strokes is written as POLYLINE");
 }
 
-StandIn image(const Source& source) {
+Substitute image(const Source& source) {
   const auto& image = static_cast<const OdDbRasterImage&>(source.entity);
   OdGePoint3d origin;
   OdGeVector3d u, v; // of one pixel
@@ -174,7 +174,7 @@ StandIn image(const Source& source) {
 }
 
 // Faces of three and four corners are faces, others their outlines.
-StandIn mesh(const Source& source) {
+Substitute mesh(const Source& source) {
   const auto& mesh = static_cast<const OdDbSubDMesh&>(source.entity);
   const Points vertices = mesh.vertices();
   std::vector<std::int64_t> list;
@@ -202,7 +202,7 @@ StandIn mesh(const Source& source) {
   return faces == 0 ? nothing() : about("its " + std::to_string(faces) + " faces are written one by one");
 }
 
-StandIn solidHatch(const Source& source, const OdDbHatch& hatch, const std::vector<Polygon>& loops) {
+Substitute solidHatch(const Source& source, const OdDbHatch& hatch, const std::vector<Polygon>& loops) {
   const auto area = hatchArea(loops, kMostHatchWork);
   if (!area || area->size() > kMostHatchLines || area->empty())
     return nothing();
@@ -211,7 +211,7 @@ StandIn solidHatch(const Source& source, const OdDbHatch& hatch, const std::vect
   return about("its area is written as " + std::to_string(area->size()) + " solids");
 }
 
-StandIn hatch(const Source& source) {
+Substitute hatch(const Source& source) {
   const auto& hatch = static_cast<const OdDbHatch&>(source.entity);
   const std::vector<Polygon> loops = hatchLoops(hatch);
   if (hatch.isSolidFill())
@@ -227,7 +227,7 @@ StandIn hatch(const Source& source) {
 }
 
 // Tables, and dimensions that came later, are drawn by a block of their own: a reference to it looks the same.
-StandIn ownBlock(const Source& source) {
+Substitute ownBlock(const Source& source) {
   const std::size_t name = source.groups.find(2);
   if (name == source.groups.size())
     return nothing();
@@ -241,7 +241,7 @@ StandIn ownBlock(const Source& source) {
 
 struct Way {
   OdRxClass* (*kind)();
-  StandIn (*write)(const Source& source);
+  Substitute (*write)(const Source& source);
 };
 
 const Way kWays[] = {
@@ -261,7 +261,7 @@ const Way kWays[] = {
 
 } // namespace
 
-StandIn writeStandIn(const OdDbEntity& entity, const GroupList& groups, EarlyWriter& writer) {
+Substitute writeSubstitute(const OdDbEntity& entity, const GroupList& groups, EarlyWriter& writer) {
   EarlyDrawing draw(entity, writer);
   const Source source{entity, groups, draw};
   const std::string kind = entity.dxfName();

@@ -7,13 +7,13 @@
 
 namespace drawing::dxf {
 
-struct StandIn {
-  bool stands = false;                // whether anything was written
+struct Substitute {
+  bool isWritten = false;             // whether anything was written
   Severity severity = Severity::Lost; // of what is told
   std::string done;                   // what was written instead
 };
 
 // Writes what stands for the entity; `groups` are its sections.
-StandIn writeStandIn(const OdDbEntity& entity, const GroupList& groups, EarlyWriter& writer);
+Substitute writeSubstitute(const OdDbEntity& entity, const GroupList& groups, EarlyWriter& writer);
 
 } // namespace drawing::dxf

@@ -151,7 +151,7 @@ void EarlyWriter::blocks() {
     const auto* block = peekAs<OdDbBlockTableRecord>(id);
     // Some programs write empty blocks for the spaces, under names that begin with a dollar sign.
     const bool hasHead = block != nullptr && block->nameInHead_.left(1) == L"$";
-    if (lives(block) && (!standsInEntities(*block) || hasHead))
+    if (lives(block) && (!isInEntitiesSection(*block) || hasHead))
       this->block(*block);
   }
 }
@@ -161,7 +161,7 @@ void EarlyWriter::block(const OdDbBlockTableRecord& block) {
   inPaperSpace_ = false;
   const OdDbObject& begin = *peek(block.blockBeginId());
   writeSections(begin, groups);
-  const OdString name = standsInEntities(block) ? block.nameInHead_ : block.getName();
+  const OdString name = isInEntitiesSection(block) ? block.nameInHead_ : block.getName();
   groups.text(2, name);
   groups.integer(70, block.derivedFlags());
   groups.point(10, block.origin());
@@ -170,10 +170,10 @@ void EarlyWriter::block(const OdDbBlockTableRecord& block) {
   if (!block.comments().isEmpty())
     groups.text(4, block.comments());
   record(begin, groups, false);
-  if (block.isLayout() && !standsInEntities(block))
+  if (block.isLayout() && !isInEntitiesSection(block))
     lost(block, "dxf.kind-not-in-version", Severity::Lost, "version R12 has one sheet",
          "the contents of this one are written as a block");
-  if (!standsInEntities(block))
+  if (!isInEntitiesSection(block))
     contents(block);
   native(*peek(block.blockEndId()));
 }
@@ -203,10 +203,11 @@ void EarlyWriter::entity(OdDbObjectId id) {
   GroupList groups;
   writeSections(entity, groups);
   begun_ = nullptr;
-  const StandIn standIn = writeStandIn(entity, groups, *this);
-  if (standIn.stands)
+  const Substitute substitute = writeSubstitute(entity, groups, *this);
+  if (substitute.isWritten)
     xData(entity);
-  lost(entity, "dxf.kind-not-in-version", standIn.severity, "version R12 has no " + entity.dxfName(), standIn.done);
+  lost(entity, "dxf.kind-not-in-version", substitute.severity, "version R12 has no " + entity.dxfName(),
+       substitute.done);
 }
 
 void EarlyWriter::native(const OdDbObject& object) {

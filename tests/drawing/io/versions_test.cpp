@@ -205,7 +205,7 @@ std::string kindsIn(const OdDbDatabase& database) {
 
 const struct {
   const char *kind, *groups, *becomes, *told;
-} kStandIns[] = {
+} kSubstitutes[] = {
     {"LWPOLYLINE", "100|AcDbPolyline\n90|3\n70|1\n10|0\n20|0\n42|1\n10|2\n20|0\n10|2\n20|2\n", "POLYLINE 1 ",
      "it is written as POLYLINE"},
     {"ELLIPSE", "100|AcDbEllipse\n10|0\n20|0\n30|0\n11|2\n21|0\n31|0\n40|0.5\n41|0\n42|6.283185307179586\n",
@@ -234,7 +234,7 @@ OdDbDatabasePtr drawingOfKind(const std::string& kind, const std::string& groups
 }
 
 TEST(R12, DrawsWithWhatTheVersionHas) {
-  for (const auto& one : kStandIns) {
+  for (const auto& one : kSubstitutes) {
     SCOPED_TRACE(one.groups);
     drawing::Report losses;
     const ReadResult read = throughR12(*drawingOfKind(one.kind, one.groups), &losses);
@@ -249,8 +249,8 @@ TEST(R12, DrawsWithWhatTheVersionHas) {
 TEST(R12, KeepsTheShapeOfWhatItRedraws) {
   const OdDbDatabasePtr image =
       drawingOfKind("IMAGE", "100|AcDbRasterImage\n10|-7\n20|3\n11|0.5\n21|0\n12|0\n22|0.25\n13|40\n23|60\n");
-  for (const OdDbDatabasePtr& database : {drawingOfKind(kStandIns[0].kind, kStandIns[0].groups),
-                                          drawingOfKind(kStandIns[1].kind, kStandIns[1].groups), image}) {
+  for (const OdDbDatabasePtr& database : {drawingOfKind(kSubstitutes[0].kind, kSubstitutes[0].groups),
+                                          drawingOfKind(kSubstitutes[1].kind, kSubstitutes[1].groups), image}) {
     OdGeExtents3d before, after;
     forRead<OdDbBlockTableRecord>(database->getModelSpaceId())->getGeomExtents(before);
     forRead<OdDbBlockTableRecord>(throughR12(*database).database->getModelSpaceId())->getGeomExtents(after);
@@ -279,7 +279,7 @@ TEST(R12, NamesThatItCannotHoldAreChangedEverywhereAndTold) {
 }
 
 TEST(R12, HandlesOfStandInsAreTheirOwn) {
-  const OdDbDatabasePtr database = drawingOfKind(kStandIns[3].kind, kStandIns[3].groups);
+  const OdDbDatabasePtr database = drawingOfKind(kSubstitutes[3].kind, kSubstitutes[3].groups);
   const Written written = writeAs(*database, OdDb::kRelease12);
   const auto seed = written.bytes.find("$HANDSEED\n  5\n") + 14;
   const OdDbHandle first(std::stoull(written.bytes.substr(seed, 16), nullptr, 16));
