@@ -38,7 +38,7 @@ void listAll(CommandContext& context) {
   for (const NamedThing& thing : purgeable(context.database, things))
     context.session.result(Text::kPurgeable, {OdString::fromUtf8(thing.kind), thing.name});
   for (const KeptThing& kept : keptThings(context.database, things)) {
-    const bool isSpace = kept.standing == drawing::PurgePlan::Standing::Needed;
+    const bool isSpace = kept.status == drawing::PurgePlan::Status::Needed;
     if (kept.thing.kind == "block" && !isSpace)
       context.session.result(Text::kNotPurged, {OdString::fromUtf8(kept.thing.kind), kept.thing.name, reasonOf(kept)});
   }

@@ -92,8 +92,8 @@ std::vector<KeptThing> keptThings(OdDbDatabase& database, const std::vector<Name
   const PurgePlan plan(database, idsOf(things));
   std::vector<KeptThing> kept;
   for (const NamedThing& thing : things) {
-    if (const auto standing = plan.standingOf(thing.id); standing != PurgePlan::Standing::Purgeable)
-      kept.push_back({thing, standing, plan.usesOf(thing.id)});
+    if (const auto status = plan.statusOf(thing.id); status != PurgePlan::Status::Purgeable)
+      kept.push_back({thing, status, plan.usesOf(thing.id)});
   }
   return kept;
 }
@@ -114,9 +114,9 @@ NamedThing thingOf(OdDbObjectId id) {
 }
 
 OdString reasonOf(const KeptThing& kept) {
-  if (kept.standing == PurgePlan::Standing::Needed)
+  if (kept.status == PurgePlan::Status::Needed)
     return render(Text::kUseNeeded);
-  if (kept.standing == PurgePlan::Standing::External)
+  if (kept.status == PurgePlan::Status::External)
     return render(Text::kUseExternal);
   constexpr std::size_t kMost = 5;
   OdString reason;

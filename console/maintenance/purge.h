@@ -26,7 +26,7 @@ std::vector<NamedThing> purgeable(OdDbDatabase& database, const std::vector<Name
 // Why a thing stays.
 struct KeptThing {
   NamedThing thing;
-  drawing::PurgePlan::Standing standing = drawing::PurgePlan::Standing::Used;
+  drawing::PurgePlan::Status status = drawing::PurgePlan::Status::Used;
   std::vector<drawing::PurgePlan::Use> uses;
 };
 std::vector<KeptThing> keptThings(OdDbDatabase& database, const std::vector<NamedThing>& things);

@@ -19,9 +19,9 @@ Json jsonOf(const drawing::PurgePlan::Use& use) {
   return json;
 }
 
-const char* standingName(drawing::PurgePlan::Standing standing) {
+const char* statusName(drawing::PurgePlan::Status status) {
   constexpr const char* kNames[] = {"purgeable", "used", "needed", "external", "none"};
-  return kNames[static_cast<std::size_t>(standing)];
+  return kNames[static_cast<std::size_t>(status)];
 }
 
 class Purge : public Verb {
@@ -66,7 +66,7 @@ private:
     results["kept"] = Json::array();
     for (const KeptThing& kept : all) {
       Json json = jsonOf(kept.thing);
-      json["standing"] = standingName(kept.standing);
+      json["standing"] = statusName(kept.status);
       json["uses"] = Json::array();
       for (const drawing::PurgePlan::Use& use : kept.uses)
         json["uses"].push_back(jsonOf(use));

@@ -38,20 +38,20 @@ const OdDbDictionary* dictionaryOf(const OdDbDatabase& database, const wchar_t* 
   return root == nullptr ? nullptr : peekAs<OdDbDictionary>(root->getAt(name));
 }
 
-PurgePlan::Standing standingBefore(OdDbObjectId id) {
+PurgePlan::Status protectedStatus(OdDbObjectId id) {
   const OdDbObject* object = peek(id);
   if (!lives(object))
-    return PurgePlan::Standing::NoRecord;
+    return PurgePlan::Status::NoRecord;
   if (const auto* record = dynamic_cast<const OdDbSymbolTableRecord*>(object)) {
     if (isExternal(*record))
-      return PurgePlan::Standing::External;
-    return isNeeded(*record) ? PurgePlan::Standing::Needed : PurgePlan::Standing::Purgeable;
+      return PurgePlan::Status::External;
+    return isNeeded(*record) ? PurgePlan::Status::Needed : PurgePlan::Status::Purgeable;
   }
   const auto* dictionary = peekAs<OdDbDictionary>(object->ownerId());
   if (dictionary == nullptr)
-    return PurgePlan::Standing::NoRecord;
+    return PurgePlan::Status::NoRecord;
   const bool needed = isAnyOf(dictionary->nameAt(id), {L"Standard", L"ByLayer", L"ByBlock", L"Global"});
-  return needed ? PurgePlan::Standing::Needed : PurgePlan::Standing::Purgeable;
+  return needed ? PurgePlan::Status::Needed : PurgePlan::Status::Purgeable;
 }
 
 } // namespace
@@ -98,16 +98,16 @@ OdDbObjectIdArray objectsOfKind(const OdDbDatabase& database, const PurgeKind& k
 
 // A candidate and everything below it are one unit: it stays when a unit that stays, or anything outside all units,
 // refers to it.
-class PurgeWalk {
+class PurgeTraversal {
 public:
-  PurgeWalk(OdDbDatabase& database, const OdDbObjectIdArray& candidates, PurgePlan& plan)
+  PurgeTraversal(OdDbDatabase& database, const OdDbObjectIdArray& candidates, PurgePlan& plan)
       : database_(database), candidates_(candidates), plan_(plan), units_(database.store().count(), kUnknown) {}
 
   void run() {
     for (OdDbObjectId id : candidates_) {
-      const auto standing = id.database() == &database_ ? standingBefore(id) : PurgePlan::Standing::NoRecord;
-      plan_.standings_[id] = standing;
-      if (standing == PurgePlan::Standing::Purgeable)
+      const auto status = id.database() == &database_ ? protectedStatus(id) : PurgePlan::Status::NoRecord;
+      plan_.statuses_[id] = status;
+      if (status == PurgePlan::Status::Purgeable)
         units_[id.number()] = id.number();
       const auto* style = peekAs<OdDbTextStyleTableRecord>(id);
       if (style != nullptr && style->isShapeFile() && isCandidate(id))
@@ -121,7 +121,7 @@ public:
     collectVariables();
     mark();
     for (OdDbObjectId id : candidates_) {
-      if (plan_.standings_[id] == PurgePlan::Standing::Purgeable)
+      if (plan_.statuses_[id] == PurgePlan::Status::Purgeable)
         plan_.purgeable_.append(id);
     }
   }
@@ -145,7 +145,7 @@ private:
   }
 
   // Whom a report names: the record that owns the object, else the object itself.
-  OdDbObjectId holderOf(const OdDbObject& object) const {
+  OdDbObjectId topLevelUser(const OdDbObject& object) const {
     constexpr int kFar = 64; // owners of owners; damaged drawings may have rings
     const OdDbObject* at = &object;
     for (int step = 0; at != nullptr && step < kFar; ++step) {
@@ -210,7 +210,7 @@ private:
     const std::uint32_t from = unitOf(by.objectId());
     if (from == used.number())
       return;
-    const OdDbObjectId holder = holderOf(by);
+    const OdDbObjectId holder = topLevelUser(by);
     ++times_[(static_cast<std::uint64_t>(holder.number()) << 32) | used.number()];
     edges_.emplace_back(from, used.number());
   }
@@ -263,9 +263,9 @@ private:
       std::sort(uses.begin(), uses.end(), [](const auto& a, const auto& b) { return a.by < b.by; });
     for (auto& [used, uses] : variables_)
       plan_.uses_[used].insert(plan_.uses_[used].end(), uses.begin(), uses.end());
-    for (auto& [id, standing] : plan_.standings_) {
-      if (standing == PurgePlan::Standing::Purgeable && staying.count(id.number()) != 0)
-        standing = PurgePlan::Standing::Used;
+    for (auto& [id, status] : plan_.statuses_) {
+      if (status == PurgePlan::Status::Purgeable && staying.count(id.number()) != 0)
+        status = PurgePlan::Status::Used;
     }
   }
 
@@ -285,16 +285,16 @@ PurgePlan::PurgePlan(OdDbDatabase& database) {
   OdDbObjectIdArray all;
   for (const PurgeKind& kind : purgeKinds())
     all.append(objectsOfKind(database, kind));
-  PurgeWalk(database, all, *this).run();
+  PurgeTraversal(database, all, *this).run();
 }
 
 PurgePlan::PurgePlan(OdDbDatabase& database, const OdDbObjectIdArray& candidates) {
-  PurgeWalk(database, candidates, *this).run();
+  PurgeTraversal(database, candidates, *this).run();
 }
 
-PurgePlan::Standing PurgePlan::standingOf(OdDbObjectId id) const {
-  const auto found = standings_.find(id);
-  return found == standings_.end() ? Standing::NoRecord : found->second;
+PurgePlan::Status PurgePlan::statusOf(OdDbObjectId id) const {
+  const auto found = statuses_.find(id);
+  return found == statuses_.end() ? Status::NoRecord : found->second;
 }
 
 std::vector<PurgePlan::Use> PurgePlan::usesOf(OdDbObjectId id) const {

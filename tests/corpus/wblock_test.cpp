@@ -83,7 +83,7 @@ void expectUsedRecords(OdDbDatabase& one, OdDbDatabase& other) {
       const auto record = OdDbSymbolTableRecord::cast(id.safeOpenObject());
       // Files of shapes have no name, and anonymous blocks are renamed.
       const bool isNamed = !record.isNull() && !record->getName().isEmpty() && record->getName().left(1) != L"*";
-      if (!isNamed || plan.standingOf(id) != drawing::PurgePlan::Standing::Used)
+      if (!isNamed || plan.statusOf(id) != drawing::PurgePlan::Status::Used)
         continue;
       SCOPED_TRACE(std::string(kind.name) + " " + record->getName().toUtf8Lossless());
       const OdDbObjectId there = other.symbol(record->tableKind(), record->getName());

@@ -29,7 +29,7 @@ MVDRAWING_API OdDbObjectIdArray objectsOfKind(const OdDbDatabase& database, cons
 class MVDRAWING_API PurgePlan {
 public:
   // Status of an object.
-  enum class Standing {
+  enum class Status {
     Purgeable,
     Used,
     Needed,   // mandatory in every drawing: spaces, layer 0, the standard styles ...
@@ -50,13 +50,13 @@ public:
   // Purgeable candidates in their order; status of an object; uses of a candidate by objects that are not purged, in
   // order of ids, variables last.
   const OdDbObjectIdArray& purgeable() const { return purgeable_; }
-  Standing standingOf(OdDbObjectId id) const;
+  Status statusOf(OdDbObjectId id) const;
   std::vector<Use> usesOf(OdDbObjectId id) const;
 
 private:
-  friend class PurgeWalk;
+  friend class PurgeTraversal;
   OdDbObjectIdArray purgeable_;
-  std::unordered_map<OdDbObjectId, Standing> standings_;
+  std::unordered_map<OdDbObjectId, Status> statuses_;
   std::unordered_map<OdDbObjectId, std::vector<Use>> uses_;
 };
 
