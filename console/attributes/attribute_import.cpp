@@ -73,7 +73,7 @@ private:
   }
 
   // Of a reference; null when there is none. The same for all its rows.
-  const ReferenceAttributes* attributesBehind(const OdString& handle) {
+  const ReferenceAttributes* attributesOfHandle(const OdString& handle) {
     const auto number = parseHandle(handle.toUtf8());
     const OdDbObjectId id = number ? database_.getOdDbObjectId(*number) : OdDbObjectId();
     const auto known = references_.find(id);
@@ -93,7 +93,7 @@ private:
 
   Misfit find(const CsvRow& row, const AttributeRow*& found) {
     const OdString handle = cell(row, kHandle), tag = cell(row, kTag), typed = cell(row, kOrdinal);
-    const ReferenceAttributes* attributes = attributesBehind(handle);
+    const ReferenceAttributes* attributes = attributesOfHandle(handle);
     if (attributes == nullptr)
       return Message{Text::kMisfitHandle, {handle}};
     const std::size_t equal = attributes->count(tag);

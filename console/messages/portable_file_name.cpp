@@ -43,13 +43,13 @@ OdString portable(const OdString& text) {
   std::wstring name = text.str();
   std::replace_if(name.begin(), name.end(), isUnsafe, L'_');
   name = shortened(name, kMostBytes).str();
-  constexpr std::wstring_view kNotInFront = L" .-~";
-  constexpr std::wstring_view kNotBehind = L" .";
+  constexpr std::wstring_view kNotFirst = L" .-~";
+  constexpr std::wstring_view kNotLast = L" .";
   if (name.empty())
     return L"_";
-  if (kNotInFront.find(name.front()) != std::wstring_view::npos)
+  if (kNotFirst.find(name.front()) != std::wstring_view::npos)
     name.front() = L'_';
-  if (kNotBehind.find(name.back()) != std::wstring_view::npos)
+  if (kNotLast.find(name.back()) != std::wstring_view::npos)
     name.back() = L'_';
   return isDevice(name) ? L"_" + OdString(name) : OdString(name);
 }

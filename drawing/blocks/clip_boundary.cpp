@@ -134,7 +134,7 @@ constexpr const char* kHole = "ACAD_INVERTEDCLIP_ROUNDTRIP";
 constexpr const char* kBoundary = "ACAD_INVERTEDCLIP_ROUNDTRIP_COMPARE";
 
 // The corners behind that mark.
-std::vector<OdGePoint2d> cornersBehind(const drawing::GroupList& groups, std::string_view mark) {
+std::vector<OdGePoint2d> cornersAfter(const drawing::GroupList& groups, std::string_view mark) {
   std::vector<OdGePoint2d> corners;
   std::size_t i = groups.find(102);
   while (i < groups.size() && groups.textOf(groups[i]) != mark)
@@ -161,9 +161,9 @@ std::vector<OdGePoint3d> OdDbSpatialFilter::holeInBlock() const {
     return {};
   for (const OdDbDictionary::Entry& entry : extension->entries()) {
     const auto* record = peekAs<OdDbXrecord>(entry.id);
-    if (record == nullptr || !areSame(cornersBehind(record->groups(), kBoundary), boundary_))
+    if (record == nullptr || !areSame(cornersAfter(record->groups(), kBoundary), boundary_))
       continue;
-    if (std::vector<OdGePoint3d> hole = inBlock(cornersBehind(record->groups(), kHole)); !hole.empty())
+    if (std::vector<OdGePoint3d> hole = inBlock(cornersAfter(record->groups(), kHole)); !hole.empty())
       return hole;
   }
   return {};

@@ -121,11 +121,11 @@ void Writer::headerVariable(const OdDbHeader::Variable& variable) {
     variable.groups.writeTo(sink_);
 }
 
-void Writer::carriedSections(bool atFront) {
+void Writer::carriedSections(bool beforeTables) {
   for (const CarriedSection& carried : database_.carriedSections()) {
     const bool isBodies = carried.name == "ACDSDATA" && sink_.version() < OdDb::kRelease2013;
     const bool isForgotten = carried.name == kThumbnailSection && !database_.isThumbnailWritten();
-    if ((carried.name == "CLASSES") != atFront || isBodies || isForgotten)
+    if ((carried.name == "CLASSES") != beforeTables || isBodies || isForgotten)
       continue;
     const GroupList groups = livingGroups(database_, carried);
     if (groups.empty() && carried.madeForRecords)

@@ -101,6 +101,6 @@ private:
   std::int16_t attachment_ = kTopLeft;
   std::int16_t flowDirection_ = 1;
   std::int16_t lineSpacingStyle_ = 1;
-  drawing::GroupList rest_;                             // background, columns, embedded object: in file order
-  bool behindColumns_ = false, behindEmbedded_ = false; // reader state: these groups have been read
+  drawing::GroupList rest_;                           // background, columns, embedded object: in file order
+  bool afterColumns_ = false, afterEmbedded_ = false; // reader state: these groups have been read
 };

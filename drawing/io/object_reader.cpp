@@ -145,7 +145,7 @@ std::size_t ObjectReader::readHead(const Record& record, OdDbObject& object, Rea
 }
 
 // Lists of reactors and of the extension dictionary hold nothing else.
-void ObjectReader::passOver(const Pair& pair) {
+void ObjectReader::skip(const Pair& pair) {
   context_.addIssue(
       {"dxf.stray-group", Severity::Lost, 0, -1, 0, "", "", "a group that belongs to nothing", "it is passed over"},
       &pair);
@@ -163,14 +163,14 @@ std::size_t ObjectReader::readApplicationGroup(const Record& record, std::size_t
       if (record[i].code == 330)
         extras.reactors.push_back(context_.reference(record[i]));
       else
-        passOver(record[i]);
+        skip(record[i]);
     }
   } else if (name == "{ACAD_XDICTIONARY") {
     for (std::size_t i = at + 1; i < end; ++i) {
       if ((record[i].code == 360 || record[i].code == 350) && extras.extensionDictionary.isNull())
         extras.extensionDictionary = context_.reference(record[i]);
       else
-        passOver(record[i]);
+        skip(record[i]);
     }
   } else {
     for (std::size_t i = at; i < end + (closed ? 1 : 0); ++i)

@@ -34,7 +34,7 @@ private:
   void fillWithoutMarkers(const Record& record, std::size_t from, OdDbObject& object, ReadObject& facts,
                           OdDbObject* second, const Section* secondSection);
   std::size_t readHead(const Record& record, OdDbObject& object, ReadObject& facts);
-  void passOver(const Pair& pair);
+  void skip(const Pair& pair);
   std::size_t readApplicationGroup(const Record& record, std::size_t at, OdDbObject& object);
   bool takeEntityFact(const Pair& pair, ReadObject& facts);
   void readXData(const Record& record, std::size_t from, OdDbObject& object);

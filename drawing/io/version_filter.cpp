@@ -77,10 +77,10 @@ bool VersionFilter::has(int code, double value) {
     return true;
   const GroupRule* rule = missingGroup(kind_, marker_, code, version());
   // The colours of a gradient stand under codes that mean something else in front of it.
-  const bool ofGradient = behindGradient_ && (code == 63 || code == 421);
-  behindGradient_ = behindGradient_ || (rule != nullptr && code == 450);
+  const bool ofGradient = afterGradient_ && (code == 63 || code == 421);
+  afterGradient_ = afterGradient_ || (rule != nullptr && code == 450);
   // So does the colour of the fill behind the texts of a dimension style.
-  const bool ofFill = std::exchange(behindFill_, rule != nullptr && code == 69) && code == 70;
+  const bool ofFill = std::exchange(afterFill_, rule != nullptr && code == 69) && code == 70;
   if (rule == nullptr)
     return !ofGradient && !ofFill;
   if (!rule->isPlain(value))
@@ -105,10 +105,10 @@ void VersionFilter::utf8(int code, std::string_view text) {
   if (code == 0) {
     kind_ = text;
     marker_.clear();
-    inData_ = behindGradient_ = behindFill_ = inColumns_ = false;
+    inData_ = afterGradient_ = afterFill_ = inColumns_ = false;
   } else if (code == 100 && !inData_) {
     marker_ = text;
-    behindGradient_ = false;
+    afterGradient_ = false;
   }
   if (has(code))
     to_.utf8(code, text);

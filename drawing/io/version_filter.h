@@ -57,8 +57,8 @@ private:
 
   const LeftOut& leftOut_;
   std::string kind_, marker_;
-  bool behindGradient_ = false;
-  bool behindFill_ = false;
+  bool afterGradient_ = false;
+  bool afterFill_ = false;
   bool inColumns_ = false; // texts have theirs in an embedded object since 2018
   bool inData_ = false;    // extended data and embedded objects have codes of their own
 };

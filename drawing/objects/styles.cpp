@@ -131,7 +131,7 @@ double OdDbTableStyle::vertCellMargin() const {
 namespace {
 
 // The group of that code behind the first margin; two of its flags have codes that stand before it too.
-std::size_t behindMargins(const drawing::GroupList& groups, int code) {
+std::size_t afterMargins(const drawing::GroupList& groups, int code) {
   return groups.find(code, std::min(groups.find(41), groups.size()));
 }
 
@@ -146,11 +146,11 @@ std::size_t rowStart(const drawing::GroupList& groups, unsigned row) {
 } // namespace
 
 bool OdDbTableStyle::isTitleSuppressed() const {
-  const std::size_t i = behindMargins(groups_, 280);
+  const std::size_t i = afterMargins(groups_, 280);
   return i < groups_.size() && groups_[i].integer != 0;
 }
 bool OdDbTableStyle::isHeaderSuppressed() const {
-  const std::size_t i = behindMargins(groups_, 281);
+  const std::size_t i = afterMargins(groups_, 281);
   return i < groups_.size() && groups_[i].integer != 0;
 }
 double OdDbTableStyle::textHeight(RowType row) const {

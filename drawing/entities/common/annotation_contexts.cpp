@@ -38,11 +38,11 @@ constexpr Representation kRepresentations[] = {
     {"RADIMLG", kDimension, {10, -1}, false}};
 
 const Representation* representationOf(std::string_view dxfName) {
-  constexpr std::string_view kBefore = "ACDB_", kBehind = "OBJECTCONTEXTDATA_CLASS";
+  constexpr std::string_view kPrefix = "ACDB_", kSuffix = "OBJECTCONTEXTDATA_CLASS";
   for (const Representation& one : kRepresentations) {
-    if (dxfName.size() == kBefore.size() + one.kind.size() + kBehind.size() &&
-        dxfName.substr(kBefore.size(), one.kind.size()) == one.kind && dxfName.substr(0, kBefore.size()) == kBefore &&
-        dxfName.substr(kBefore.size() + one.kind.size()) == kBehind)
+    if (dxfName.size() == kPrefix.size() + one.kind.size() + kSuffix.size() &&
+        dxfName.substr(kPrefix.size(), one.kind.size()) == one.kind && dxfName.substr(0, kPrefix.size()) == kPrefix &&
+        dxfName.substr(kPrefix.size() + one.kind.size()) == kSuffix)
       return &one;
   }
   return nullptr;

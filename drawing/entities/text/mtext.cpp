@@ -50,13 +50,13 @@ OdGePoint2d unitVectorOf(double angle) {
 
 bool OdDbMText::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
   auto& text = static_cast<OdDbMText&>(object);
-  text.behindEmbedded_ = text.behindEmbedded_ || pair.code == 101;
-  text.behindColumns_ = text.behindColumns_ || pair.code == 75;
-  if (!text.behindEmbedded_ && (pair.code == 1 || pair.code == 3)) {
+  text.afterEmbedded_ = text.afterEmbedded_ || pair.code == 101;
+  text.afterColumns_ = text.afterColumns_ || pair.code == 75;
+  if (!text.afterEmbedded_ && (pair.code == 1 || pair.code == 3)) {
     text.contents_ += context.text(pair);
     return true;
   }
-  if (pair.code == 50 && !text.behindEmbedded_ && !text.behindColumns_) {
+  if (pair.code == 50 && !text.afterEmbedded_ && !text.afterColumns_) {
     // An angle stands for the direction where there is none.
     double angle = 0;
     const OdGeVector3d none(1, 0, 0);

@@ -21,7 +21,7 @@ struct ColumnCodes {
 };
 constexpr ColumnCodes kEmbedded{71, 72, 46, 44, 45}, kPlain{75, 76, 50, 48, 49};
 
-GroupList behindMark(const GroupList& groups, bool& isEmbedded) {
+GroupList groupsAfterMarker(const GroupList& groups, bool& isEmbedded) {
   const std::size_t mark = groups.find(101);
   GroupList rest;
   isEmbedded = mark < groups.size();
@@ -32,7 +32,7 @@ GroupList behindMark(const GroupList& groups, bool& isEmbedded) {
 
 void takeColumns(const OdDbMText& text, Frame& frame) {
   bool isEmbedded = false;
-  const GroupList groups = behindMark(text.furtherGroups(), isEmbedded);
+  const GroupList groups = groupsAfterMarker(text.furtherGroups(), isEmbedded);
   const ColumnCodes& codes = isEmbedded ? kEmbedded : kPlain;
   if (keptInteger(groups, codes.kind) == 0)
     return;
