@@ -60,7 +60,7 @@ OdString nameApart(OdDbObjectId contents, const OdString& name, const OdDbDataba
 }
 
 // Definitions of other contents get free names in the file, so that they come in beside the drawing's.
-void setNestedApart(const BlockSource& source, const OdDbDatabase& target, BroughtIn& result) {
+void setNestedApart(const BlockSource& source, const OdDbDatabase& target, ImportedBlock& result) {
   for (const NestedClash& clash : nestedClashes(*source.database, target)) {
     if (clash.same)
       continue;
@@ -72,7 +72,7 @@ void setNestedApart(const BlockSource& source, const OdDbDatabase& target, Broug
   }
 }
 
-void listKept(const BlockSource& source, const OdDbDatabase& target, BroughtIn& result) {
+void listKept(const BlockSource& source, const OdDbDatabase& target, ImportedBlock& result) {
   for (const NestedClash& clash : nestedClashes(*source.database, target)) {
     if (!clash.same)
       result.kept.push_back(clash.name);
@@ -131,8 +131,8 @@ void refuseUnfit(OdDbObjectId there) {
 }
 
 // Which definition the file will be, and whether the one that is there is it.
-void settleClash(const BlockSource& source, OdDbObjectId there, OnClash onClash, BroughtIn& result) {
-  using How = BroughtIn::How;
+void settleClash(const BlockSource& source, OdDbObjectId there, OnClash onClash, ImportedBlock& result) {
+  using Resolution = ImportedBlock::Resolution;
   const OdDbDatabase& target = *there.database();
   if (onClash == OnClash::Refuse)
     refuseClash(source, there);
@@ -141,25 +141,25 @@ void settleClash(const BlockSource& source, OdDbObjectId there, OnClash onClash,
   result.block = blockIn(target, result.name);
   const bool same = !result.block.isNull() && drawing::sameDefinition(contents, result.block);
   if (onClash == OnClash::Replace)
-    result.how = How::Replaced;
+    result.resolution = Resolution::Replaced;
   else if (result.block.isNull())
-    result.how = How::Renamed;
+    result.resolution = Resolution::Renamed;
   else
-    result.how = same ? How::Shared : How::Kept;
+    result.resolution = same ? Resolution::Shared : Resolution::Kept;
 }
 
-void printOutcome(Session& session, const BlockSource& source, const BroughtIn& result) {
-  using How = BroughtIn::How;
+void printOutcome(Session& session, const BlockSource& source, const ImportedBlock& result) {
+  using Resolution = ImportedBlock::Resolution;
   const OdString path = OdString::fromUtf8(source.path);
-  if (result.how == How::Kept)
+  if (result.resolution == Resolution::Kept)
     session.print(Text::kClashKept, {path, result.name});
-  else if (result.how == How::Shared)
+  else if (result.resolution == Resolution::Shared)
     session.print(Text::kClashShared, {path, result.name});
-  else if (result.how == How::Replaced)
+  else if (result.resolution == Resolution::Replaced)
     session.print(Text::kClashReplaced, {path, result.name});
-  else if (result.how == How::Renamed)
+  else if (result.resolution == Resolution::Renamed)
     session.print(Text::kClashRenamed, {path, source.name, result.name});
-  for (const BroughtIn::Nested& nested : result.renamed)
+  for (const ImportedBlock::Nested& nested : result.renamed)
     session.print(Text::kNestedRenamed, {path, nested.name, nested.now});
   if (!result.kept.empty())
     session.print(Text::kNestedKept, {path, nameList(result.kept)});
@@ -184,18 +184,18 @@ std::vector<NestedClash> nestedClashes(const OdDbDatabase& source, const OdDbDat
   return clashes;
 }
 
-BroughtIn bringIn(Session& session, const BlockSource& source, OnClash onClash) {
-  using How = BroughtIn::How;
+ImportedBlock importBlock(Session& session, const BlockSource& source, OnClash onClash) {
+  using Resolution = ImportedBlock::Resolution;
   OdDbDatabase& target = session.database();
   checkBlockName(session, source.name);
-  BroughtIn result{How::Made, {}, source.name, {}, {}};
+  ImportedBlock result{Resolution::Made, {}, source.name, {}, {}};
   if (const OdDbObjectId there = blockIn(target, source.name); !there.isNull()) {
     refuseUnfit(there);
     if (onClash == OnClash::Ask)
       onClash = askClash(session, source, there);
     settleClash(source, there, onClash, result);
   }
-  if (result.how != How::Kept && result.how != How::Shared) {
+  if (result.resolution != Resolution::Kept && result.resolution != Resolution::Shared) {
     if (onClash == OnClash::Rename)
       setNestedApart(source, target, result);
     else

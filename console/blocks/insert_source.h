@@ -22,15 +22,15 @@ BlockSource readBlockSource(Session& session, const std::string& path, const OdS
 // What happens when a block of the name is there.
 enum class OnClash { Ask, Refuse, Keep, Replace, Rename };
 
-struct BroughtIn {
-  enum class How {
+struct ImportedBlock {
+  enum class Resolution {
     Made,
     Replaced, // the drawing's own definition
     Kept,     // the drawing's own definition, which has other contents
     Shared,   // the drawing's own definition, which has the same contents
     Renamed   // made under a free name
   };
-  How how = How::Made;
+  Resolution resolution = Resolution::Made;
   OdDbObjectId block;
   OdString name;
   struct Nested {
@@ -43,7 +43,7 @@ struct BroughtIn {
 // Makes the block, or refills it, or answers the one that is there; throws when that is refused or cancelled. Nested
 // definitions that the drawing has with other contents give way to the drawing's, with OnClash::Rename they come in
 // under free names. Everything but the block made under its own name is told.
-BroughtIn bringIn(Session& session, const BlockSource& source, OnClash onClash);
+ImportedBlock importBlock(Session& session, const BlockSource& source, OnClash onClash);
 
 // Definitions in the file, in any depth below model space, which the drawing has under the same name.
 struct NestedClash {

@@ -52,7 +52,7 @@ OdDbObjectId blockOfFile(Session& session, const OdString& spec, const OdString&
     refuseTyped(session, typed);
   const std::string path = systemPath(paths, file);
   const BlockSource source = readBlockSource(session, path, name.isEmpty() ? ownName : name);
-  const BroughtIn in = bringIn(session, source, OnClash::Ask);
+  const ImportedBlock in = importBlock(session, source, OnClash::Ask);
   insertCommon::checkExternalReference(paths.toDrawing(path));
   return in.block;
 }

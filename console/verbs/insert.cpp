@@ -52,9 +52,9 @@ OnClash clashOption(const std::string& value, OnClash usual) {
   return usual;
 }
 
-const char* howName(BroughtIn::How how) {
+const char* resolutionName(ImportedBlock::Resolution resolution) {
   constexpr const char* kNames[] = {"made", "replaced", "kept", "shared", "renamed"};
-  return kNames[static_cast<std::size_t>(how)];
+  return kNames[static_cast<std::size_t>(resolution)];
 }
 
 // Paths of a list: one in a line; empty lines and those that begin with '#' are passed over. Relative ones start at the
@@ -106,7 +106,7 @@ public:
 private:
   struct Done {
     std::string path; // empty for a block of the drawing
-    BroughtIn in;
+    ImportedBlock in;
     OdDbObjectId reference;
     double factor = 1;
   };
@@ -126,7 +126,7 @@ private:
   void work(Session& session, Json& results);
   void insertList(Session& session);
   Done insertFile(Session& session, const std::string& path, const OdString& name, const Placement& placement) const;
-  Done place(Session& session, const std::string& path, const BroughtIn& in, const Placement& placement) const;
+  Done place(Session& session, const std::string& path, const ImportedBlock& in, const Placement& placement) const;
   Placement placeInGrid(std::size_t number) const;
   void printSummary(Session& session) const;
   static Json jsonOf(const Done& done);
@@ -199,7 +199,7 @@ Placement Insert::placeInGrid(std::size_t number) const {
   return placement;
 }
 
-Insert::Done Insert::place(Session& session, const std::string& path, const BroughtIn& in,
+Insert::Done Insert::place(Session& session, const std::string& path, const ImportedBlock& in,
                            const Placement& placement) const {
   const OdDbBlockReferencePtr reference = placeReference(session, in.block, placement);
   giveAttributes(session, reference, answers_);
@@ -209,7 +209,7 @@ Insert::Done Insert::place(Session& session, const std::string& path, const Brou
 Insert::Done Insert::insertFile(Session& session, const std::string& path, const OdString& name,
                                 const Placement& placement) const {
   const BlockSource source = readBlockSource(session, path, name);
-  return place(session, path, bringIn(session, source, onClash_), placement);
+  return place(session, path, importBlock(session, source, onClash_), placement);
 }
 
 // Each file is a step of its own: one that fails is taken back and told, and the next one comes.
@@ -247,7 +247,7 @@ void Insert::work(Session& session, Json& results) {
     const OdDbObjectId block = definitionOf(session, name);
     if (block.isNull())
       refuse(Text::kNoSuchBlock, {name});
-    done_.push_back(place(session, {}, {BroughtIn::How::Kept, block, name, {}, {}}, placement_));
+    done_.push_back(place(session, {}, {ImportedBlock::Resolution::Kept, block, name, {}, {}}, placement_));
   }
   if (typed_.block.empty())
     insertCommon::checkExternalReference(session.drawing().document->fileName());
@@ -260,14 +260,14 @@ void Insert::work(Session& session, Json& results) {
 Json Insert::jsonOf(const Done& done) {
   Json json = {{"file", done.path.empty() ? Json() : Json(done.path)},
                {"block", done.in.name.toUtf8Lossless()},
-               {"definition", done.path.empty() ? "own" : howName(done.in.how)},
+               {"definition", done.path.empty() ? "own" : resolutionName(done.in.resolution)},
                {"handle", done.in.block.getHandle().ascii()},
                {"reference", done.reference.getHandle().ascii()},
                {"factor", done.factor},
                {"renamed", Json::array()},
                {"kept", Json::array()},
                {"attributes", Json::array()}};
-  for (const BroughtIn::Nested& nested : done.in.renamed)
+  for (const ImportedBlock::Nested& nested : done.in.renamed)
     json["renamed"].push_back({{"name", nested.name.toUtf8Lossless()}, {"now", nested.now.toUtf8Lossless()}});
   for (const OdString& name : done.in.kept)
     json["kept"].push_back(name.toUtf8Lossless());
