@@ -104,7 +104,7 @@ bool isLocked(const OdDbBlockReference& reference) {
          insertCommon::isAllAttributeInLockLayer(reference.objectId(), all);
 }
 
-void syncShape(OdDbObjectId block, SyncedAttributes& synced) {
+void syncReferencesOf(OdDbObjectId block, SyncedAttributes& synced) {
   const OdDbBlockTableRecordPtr record = block.safeOpenObject();
   OdDbObjectIdArray definitions;
   for (const OdDbObjectId& id : record->getBlockReferenceIds()) {
@@ -125,11 +125,11 @@ void syncShape(OdDbObjectId block, SyncedAttributes& synced) {
 
 SyncedAttributes syncAttributes(OdDbObjectId block) {
   SyncedAttributes synced;
-  OdDbObjectIdArray shapes;
-  shapes.append(block);
-  shapes.append(OdDbDynBlockTableRecord(block).getAnonymousBlockIds());
-  for (const OdDbObjectId& shape : shapes)
-    syncShape(shape, synced);
+  OdDbObjectIdArray blocks;
+  blocks.append(block);
+  blocks.append(OdDbDynBlockTableRecord(block).getAnonymousBlockIds());
+  for (const OdDbObjectId& each : blocks)
+    syncReferencesOf(each, synced);
   return synced;
 }
 

@@ -143,16 +143,16 @@ void lookInside(Contents& contents, std::size_t at) {
 }
 
 // Adds the references of shapes to those of their definitions.
-void countShapes(Contents& contents) {
+void addDynamicInstances(Contents& contents) {
   for (Block& block : contents.blocks) {
     if (OdDbDynBlockTableRecord(block.id).isDynamicBlock())
-      block.withShapes = block.references;
+      block.withDynamicInstances = block.references;
   }
   for (const Block& block : contents.blocks) {
     const OdDbObjectId definition = OdDbDynBlockTableRecord(block.id).dynamicBlockTableRecord();
     const auto found = contents.places.find(definition);
-    if (found != contents.places.end() && definition != block.id && contents.blocks[found->second].withShapes)
-      *contents.blocks[found->second].withShapes += block.references;
+    if (found != contents.places.end() && definition != block.id && contents.blocks[found->second].withDynamicInstances)
+      *contents.blocks[found->second].withDynamicInstances += block.references;
   }
 }
 
@@ -167,7 +167,7 @@ std::vector<Block> blocksOf(const OdDbDatabase& database) {
   const auto space = contents.places.find(database.getModelSpaceId());
   countReferences(contents.blocks, contents.edges,
                   space == contents.places.end() ? contents.blocks.size() : space->second);
-  countShapes(contents);
+  addDynamicInstances(contents);
   return std::move(contents.blocks);
 }
 

@@ -49,8 +49,8 @@ struct Block {
   std::map<std::string, std::size_t> entities; // by DXF type; parts of entities are not counted
   std::vector<AttributeDefinition> attributes;
   Counts references;
-  std::optional<Counts> withShapes; // of a dynamic definition: its own references and those of its shapes
-  std::uint32_t depth = 1;          // 1: it contains no references
+  std::optional<Counts> withDynamicInstances; // of a dynamic definition: its own references and those of its shapes
+  std::uint32_t depth = 1;                    // 1: it contains no references
 };
 
 struct Layer {

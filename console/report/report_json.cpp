@@ -76,8 +76,9 @@ Json blockJson(const Block& block) {
           {"attribute_definitions", std::move(attributes)},
           {"references", block.references.direct},
           {"references_nested", block.references.nested},
-          {"references_true", orNull(block.withShapes, [](const Counts& counts) { return counts.direct; })},
-          {"references_true_nested", orNull(block.withShapes, [](const Counts& counts) { return counts.nested; })},
+          {"references_true", orNull(block.withDynamicInstances, [](const Counts& counts) { return counts.direct; })},
+          {"references_true_nested",
+           orNull(block.withDynamicInstances, [](const Counts& counts) { return counts.nested; })},
           {"depth", block.depth}};
 }
 

@@ -28,14 +28,14 @@ OdString notesOf(const Block& block) {
     Text text;
   };
   const Mark marks[] = {{block.isDependent, Text::kReportDependent},
-                        {block.withShapes.has_value(), Text::kReportDynamic},
+                        {block.withDynamicInstances.has_value(), Text::kReportDynamic},
                         {block.isAnnotative, Text::kReportAnnotative},
                         {block.isUniform.value_or(false), Text::kReportUniform},
                         {!block.isExplodable.value_or(true), Text::kReportNoExplode}};
   OdString notes;
   if (!block.layout.isEmpty())
     addNote(notes, render(Text::kReportLayout, {block.layout}));
-  if (!block.trueName.isEmpty() && !block.withShapes)
+  if (!block.trueName.isEmpty() && !block.withDynamicInstances)
     addNote(notes, render(Text::kReportShapeOf, {block.trueName}));
   if (block.xref)
     addNote(notes, render(block.xref->overlay ? Text::kReportOverlay : Text::kReportXref, {block.xref->path}));
@@ -54,7 +54,7 @@ OdString unitsText(int code) {
 }
 
 Row rowOf(const Block& block) {
-  const Counts counts = block.withShapes.value_or(block.references);
+  const Counts counts = block.withDynamicInstances.value_or(block.references);
   return {escaped(block.name),
           console::count(counts.direct),
           places(counts.nested),

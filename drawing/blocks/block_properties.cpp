@@ -7,12 +7,12 @@
 
 namespace drawing {
 
-const OdString kBehaviour = L"ACAD_ENHANCEDBLOCK";
+const OdString kDynamicBlockKey = L"ACAD_ENHANCEDBLOCK";
 
-OdDbObjectId behaviourOf(OdDbObjectId block) {
+OdDbObjectId dynamicBlockDataOf(OdDbObjectId block) {
   const auto* record = peekAs<OdDbBlockTableRecord>(block);
   const auto* held = record == nullptr ? nullptr : peekAs<OdDbDictionary>(record->extensionDictionary());
-  const OdDbObjectId entry = lives(held) ? held->getAt(kBehaviour) : OdDbObjectId();
+  const OdDbObjectId entry = lives(held) ? held->getAt(kDynamicBlockKey) : OdDbObjectId();
   return lives(entry) ? entry : OdDbObjectId();
 }
 

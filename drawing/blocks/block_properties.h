@@ -6,8 +6,8 @@
 namespace drawing {
 
 // Under this name the extension dictionary of a dynamic block tells how its contents move.
-extern const OdString kBehaviour;
-OdDbObjectId behaviourOf(OdDbObjectId block); // that entry; null when there is none
+extern const OdString kDynamicBlockKey;
+OdDbObjectId dynamicBlockDataOf(OdDbObjectId block); // that entry; null when there is none
 
 // Scaling, description, annotative properties and the identity of a dynamic block. The true name of a dynamic block
 // stays behind: the copy has a name of its own.

@@ -11,7 +11,7 @@ using drawing::peekAs;
 
 namespace {
 
-const OdString kShapeOf = L"AcDbBlockRepBTag";               // extended data of a shape: the definition
+const OdString kRepresents = L"AcDbBlockRepBTag";            // extended data of a shape: the definition
 const OdString kTrueName = L"AcDbDynamicBlockTrueName";      // extended data of a definition
 const OdString kRepresentation = L"AcDbBlockRepresentation"; // extension dictionary of a reference
 const OdString kRepresentationData = L"AcDbRepData";
@@ -36,11 +36,11 @@ bool isLivingBlock(OdDbObjectId id) {
   return lives(peekAs<OdDbBlockTableRecord>(id));
 }
 
-OdDbObjectId shapeOf(const OdDbBlockTableRecord& block) {
+OdDbObjectId definitionRepresented(const OdDbBlockTableRecord& block) {
   const drawing::GroupList* groups = block.xDataGroups();
   if (groups == nullptr)
     return {};
-  const std::size_t at = findData(*groups, kShapeOf, kHandle);
+  const std::size_t at = findData(*groups, kRepresents, kHandle);
   if (at == groups->size() || (*groups)[at].kind != drawing::GroupKind::Reference)
     return {};
   const OdDbObjectId definition = groups->idOf((*groups)[at]);
@@ -60,8 +60,8 @@ OdDbObjectId entryOf(OdDbObjectId dictionary, const OdString& name) {
   return lives(held) ? held->getAt(name) : OdDbObjectId();
 }
 
-bool hasBehaviour(const OdDbBlockTableRecord& block) {
-  return !drawing::behaviourOf(block.objectId()).isNull() || !storedTrueName(block).isEmpty();
+bool hasDynamicBlockData(const OdDbBlockTableRecord& block) {
+  return !drawing::dynamicBlockDataOf(block.objectId()).isNull() || !storedTrueName(block).isEmpty();
 }
 
 // What the reference itself says it represents.
@@ -80,17 +80,17 @@ OdDbObjectId representedBy(const OdDbBlockReference& reference) {
 
 OdDbDynBlockReference::OdDbDynBlockReference(OdDbObjectId reference) : reference_(reference) {
   if (const auto* found = peekAs<OdDbBlockReference>(reference); lives(found))
-    look(*found);
+    resolve(*found);
 }
 
 OdDbDynBlockReference::OdDbDynBlockReference(const OdDbBlockReference* reference) {
   if (reference == nullptr)
     return;
   reference_ = reference->objectId();
-  look(*reference);
+  resolve(*reference);
 }
 
-void OdDbDynBlockReference::look(const OdDbBlockReference& reference) {
+void OdDbDynBlockReference::resolve(const OdDbBlockReference& reference) {
   const OdDbObjectId shown = reference.blockTableRecord();
   const auto* block = peekAs<OdDbBlockTableRecord>(shown);
   definition_ = OdDbDynBlockTableRecord(shown).dynamicBlockTableRecord();
@@ -98,15 +98,15 @@ void OdDbDynBlockReference::look(const OdDbBlockReference& reference) {
   if (definition_.isNull() && lives(block) && block->isAnonymous())
     definition_ = representedBy(reference);
   if (!definition_.isNull() && definition_ != shown)
-    shape_ = shown;
+    representation_ = shown;
 }
 
 OdDbDynBlockTableRecord::OdDbDynBlockTableRecord(OdDbObjectId block) : block_(block) {
   const auto* record = peekAs<OdDbBlockTableRecord>(block);
   if (!lives(record))
     return;
-  definition_ = shapeOf(*record);
-  isDynamic_ = definition_.isNull() && hasBehaviour(*record);
+  definition_ = definitionRepresented(*record);
+  isDynamic_ = definition_.isNull() && hasDynamicBlockData(*record);
   if (isDynamic_)
     definition_ = block;
 }
@@ -128,7 +128,7 @@ OdDbObjectIdArray OdDbDynBlockTableRecord::getAnonymousBlockIds() const {
     return shapes;
   for (OdDbObjectId id : table->members().ids()) {
     const auto* record = peekAs<OdDbBlockTableRecord>(id);
-    if (lives(record) && shapeOf(*record) == block_)
+    if (lives(record) && definitionRepresented(*record) == block_)
       shapes.append(id);
   }
   return shapes;

@@ -218,12 +218,12 @@ void eraseIfAlive(OdDbObjectId id) {
 }
 
 // What is said of contents: their order, how they move.
-struct SaidOfContents {
-  OdDbObjectId order, behaviour;
+struct ContentsData {
+  OdDbObjectId order, dynamicData;
 };
 
-SaidOfContents saidOfContents(const OdDbBlockTableRecord& record) {
-  return {record.getSortentsTableId(), drawing::behaviourOf(record.objectId())};
+ContentsData contentsDataOf(const OdDbBlockTableRecord& record) {
+  return {record.getSortentsTableId(), drawing::dynamicBlockDataOf(record.objectId())};
 }
 
 void forget(OdDbBlockTableRecord& record, OdDbObjectId entry) {
@@ -238,10 +238,10 @@ void forget(OdDbBlockTableRecord& record, OdDbObjectId entry) {
 }
 
 // The contents that this was said of, and that the picture shows, are gone.
-void forgetContents(OdDbBlockTableRecord& record, const SaidOfContents& said) {
+void dropContentsData(OdDbBlockTableRecord& record, const ContentsData& data) {
   record.setPreviewIcon({});
-  forget(record, said.order);
-  forget(record, said.behaviour);
+  forget(record, data.order);
+  forget(record, data.dynamicData);
 }
 
 } // namespace
@@ -256,14 +256,14 @@ OdDbObjectId OdDbDatabase::insert(const OdString& blockName, OdDbDatabase* sourc
     return {};
   const WriteScope scope(*record);
   const std::vector<OdDbObjectId> before = record->members().ids();
-  const SaidOfContents said = saidOfContents(*record);
+  const ContentsData data = contentsDataOf(*record);
   record->ensureEnds();
   OdDbIdMapping mapping;
   mapping.setOrigDb(source);
   mapping.setDestDb(this);
   Cloner cloner(*source, *this, record->objectId(), mapping, OdDb::kDrcIgnore);
   cloner.setReport(&insertReport_);
-  cloner.bringBehaviour(space->objectId());
+  cloner.includeDynamicBlockData(space->objectId());
   if (cloner.run(space->drawOrder()) != eOk) {
     if (isNew)
       record->erase();
@@ -274,7 +274,7 @@ OdDbObjectId OdDbDatabase::insert(const OdString& blockName, OdDbDatabase* sourc
   if (isNew)
     drawing::copyMarks(*space, *record);
   else
-    forgetContents(*record, said);
+    dropContentsData(*record, data);
   record->setOrigin(source->getINSBASE());
   drawing::rebasePaths(mapping);
   return record->objectId();

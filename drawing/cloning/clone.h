@@ -27,7 +27,7 @@ public:
   }
   // The contents of this block of the source become the owner's: if it is dynamic, its behaviour comes along, and
   // what its parts say of the block they say of the owner.
-  void bringBehaviour(OdDbObjectId ofBlock) { contentsOf_ = ofBlock; }
+  void includeDynamicBlockData(OdDbObjectId ofBlock) { contentsOf_ = ofBlock; }
   OdResult run(const std::vector<OdDbObjectId>& primaries);
 
 private:
@@ -56,7 +56,7 @@ private:
   void planShapeFiles(const OdDbObject& object);
   void planOverrides(const OdDbObject& object);
   void planNeeded(OdDbObjectId id);
-  void planBehaviour();
+  void planDynamicBlockData();
   void planRecord(OdDbSymbolTableRecord& record);
   void planEntry(OdDbObject& object);
   void takeBackDictionaries();

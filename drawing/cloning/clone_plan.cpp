@@ -300,14 +300,14 @@ void Cloner::planEntry(OdDbObject& object) {
 }
 
 // It hangs on the block, not on the contents, and names them; so it comes with them or not at all.
-void Cloner::planBehaviour() {
-  const OdDbObjectId behaviour = behaviourOf(contentsOf_);
-  if (behaviour.isNull() || behaviour.database() != &source_) {
+void Cloner::planDynamicBlockData() {
+  const OdDbObjectId dynamicData = dynamicBlockDataOf(contentsOf_);
+  if (dynamicData.isNull() || dynamicData.database() != &source_) {
     contentsOf_ = {};
     return;
   }
   planned_.emplace(contentsOf_, 0); // the owner stands for it
-  plan({behaviour, Action::Make, {}, {}, kBehaviour, false});
+  plan({dynamicData, Action::Make, {}, {}, kDynamicBlockKey, false});
 }
 
 OdResult Cloner::run(const std::vector<OdDbObjectId>& primaries) {
@@ -324,7 +324,7 @@ OdResult Cloner::run(const std::vector<OdDbObjectId>& primaries) {
     return eSelfReference;
   for (OdDbObjectId id : primaries)
     plan({id, Action::Make, {}, {}, {}, true});
-  planBehaviour();
+  planDynamicBlockData();
   for (std::size_t i = 0; i < items_.size(); ++i) {
     if (items_.size() > mapping_.objectLimit()) {
       takeBackDictionaries();

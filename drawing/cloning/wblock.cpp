@@ -104,7 +104,7 @@ OdDbDatabasePtr cloned(OdDbDatabase& source, const std::vector<OdDbObjectId>& id
   mapping.setDestDb(made.get());
   // Standard records get the properties that they have in the source.
   Cloner cloner(source, *made, made->getModelSpaceId(), mapping, OdDb::kDrcReplace);
-  cloner.bringBehaviour(contentsOf);
+  cloner.includeDynamicBlockData(contentsOf);
   auto* space = peekAs<OdDbBlockTableRecord>(made->getModelSpaceId());
   const WriteScope scope(*space);
   if (cloner.run(ids) != eOk)

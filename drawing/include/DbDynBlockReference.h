@@ -21,13 +21,13 @@ public:
   // The dynamic definition; null if the block is not dynamic.
   OdDbObjectId dynamicBlockTableRecord() const { return definition_; }
   // The anonymous block that the reference refers to; null if it refers to the definition itself.
-  OdDbObjectId anonymousBlockTableRecord() const { return shape_; }
+  OdDbObjectId anonymousBlockTableRecord() const { return representation_; }
 
 private:
-  void look(const OdDbBlockReference& reference);
+  void resolve(const OdDbBlockReference& reference);
   OdDbObjectId reference_;
   OdDbObjectId definition_;
-  OdDbObjectId shape_;
+  OdDbObjectId representation_;
 };
 
 // A block definition as a dynamic one, or as a representation of one.
