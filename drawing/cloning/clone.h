@@ -59,7 +59,7 @@ private:
   void planDynamicBlockData();
   void planRecord(OdDbSymbolTableRecord& record);
   void planEntry(OdDbObject& object);
-  void takeBackDictionaries();
+  void removeMadeDictionaries();
   OdDbDictionary* counterpart(OdDbObjectId dictionary);
   bool isNameTaken(const OdDbSymbolTable& table, const OdString& name) const;
   OdString boundName(const OdDbSymbolTable& table, const OdDbSymbolTableRecord& record) const;

@@ -268,7 +268,7 @@ OdDbDictionary* Cloner::counterpart(OdDbObjectId dictionary) {
   return found;
 }
 
-void Cloner::takeBackDictionaries() {
+void Cloner::removeMadeDictionaries() {
   for (auto id = madeDictionaries_.rbegin(); id != madeDictionaries_.rend(); ++id) {
     OdDbObject& made = *peek(*id);
     auto& parent = *peekAs<OdDbDictionary>(made.ownerId());
@@ -327,7 +327,7 @@ OdResult Cloner::run(const std::vector<OdDbObjectId>& primaries) {
   planDynamicBlockData();
   for (std::size_t i = 0; i < items_.size(); ++i) {
     if (items_.size() > mapping_.objectLimit()) {
-      takeBackDictionaries();
+      removeMadeDictionaries();
       return eBudgetExceeded;
     }
     planTree(i);

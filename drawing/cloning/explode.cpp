@@ -102,7 +102,7 @@ public:
     for (const OdGeMatrix3d& place : places)
       putCopies(place);
     if (!result_.unplaceable.empty())
-      return takeBack();
+      return rollBack();
     putTexts(places.front());
     result_.clipLost = !OdDbSpatialFilter::of(*reference_).isNull();
     reference_->upgradeOpen();
@@ -149,7 +149,7 @@ private:
                        [&](const auto& one) { return one.object == object; });
   }
 
-  Exploded takeBack() {
+  Exploded rollBack() {
     for (const OdDbObjectId id : result_.made)
       id.safeOpenObject(OdDb::kForWrite)->erase();
     result_.made.clear();

@@ -146,7 +146,7 @@ protected:
   void onLastRelease() const override;
   // Called after the object was erased or unerased, and before it is unerased: eOk, or the reason to refuse.
   virtual void afterErase(bool erasing);
-  virtual OdResult mayComeBack() const { return eOk; }
+  virtual OdResult canUnerase() const { return eOk; }
 
 private:
   friend class OdDbDatabase;

@@ -126,7 +126,7 @@ public:
 
 protected:
   void afterErase(bool erasing) override;
-  OdResult mayComeBack() const override;
+  OdResult canUnerase() const override;
   OdString name_;
   std::int16_t flags_ = 0;
 };

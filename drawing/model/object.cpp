@@ -86,7 +86,7 @@ void OdDbObject::setOwnerId(OdDbObjectId owner) {
 OdResult OdDbObject::erase(bool erasing) {
   if (erased_ == erasing)
     return eWasErased;
-  if (const OdResult reason = erasing ? eOk : mayComeBack(); reason != eOk)
+  if (const OdResult reason = erasing ? eOk : canUnerase(); reason != eOk)
     return reason;
   // What an object owns shares its fate; the list is walked because ownership may nest to any depth.
   std::vector<OdDbObjectId> owned;

@@ -186,7 +186,7 @@ void OdDbSymbolTableRecord::setFlag(std::int16_t bit, bool on) {
   flags_ = static_cast<std::int16_t>(on ? flags_ | bit : flags_ & ~bit);
 }
 
-OdResult OdDbSymbolTableRecord::mayComeBack() const {
+OdResult OdDbSymbolTableRecord::canUnerase() const {
   const auto* table = drawing::peekAs<OdDbSymbolTable>(ownerId());
   const bool mayRepeat = name_.isEmpty() || tableKind() == OdDb::kViewportTable;
   return table != nullptr && !mayRepeat && table->has(name_) ? eDuplicateRecordName : eOk;

@@ -86,7 +86,7 @@ void Undo::settle(OdDbObjectId id) {
     owner->membersChanged();
 }
 
-void Undo::takeBack(Entry& entry) {
+void Undo::revert(Entry& entry) {
   OdDbObject* object = peek(entry.id);
   if (entry.kind == Entry::State) {
     swapState(entry);
@@ -99,7 +99,7 @@ void Undo::takeBack(Entry& entry) {
   settle(entry.id);
 }
 
-void Undo::bringForward(Entry& entry) {
+void Undo::reapply(Entry& entry) {
   OdDbObject* object = peek(entry.id);
   if (entry.kind == Entry::State) {
     swapState(entry);
@@ -121,7 +121,7 @@ bool Undo::undo() {
   if (!canUndo())
     return false;
   auto& entries = current().entries;
-  std::for_each(entries.rbegin(), entries.rend(), [this](Entry& entry) { takeBack(entry); });
+  std::for_each(entries.rbegin(), entries.rend(), [this](Entry& entry) { revert(entry); });
   --position_;
   ++changes_;
   return true;
@@ -132,7 +132,7 @@ bool Undo::redo() {
     return false;
   ++position_;
   for (Entry& entry : current().entries)
-    bringForward(entry);
+    reapply(entry);
   ++changes_;
   return true;
 }
@@ -141,7 +141,7 @@ void Undo::rollback() {
   if (!canUndo())
     return;
   auto& entries = current().entries;
-  std::for_each(entries.rbegin(), entries.rend(), [this](Entry& entry) { takeBack(entry); });
+  std::for_each(entries.rbegin(), entries.rend(), [this](Entry& entry) { revert(entry); });
   groups_.resize(--position_);
 }
 

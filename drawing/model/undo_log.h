@@ -49,8 +49,8 @@ private:
   // steps lead on from a state that is gone.
   bool records();
   Group& current() { return groups_[position_ - 1]; }
-  void takeBack(Entry& entry);
-  void bringForward(Entry& entry);
+  void revert(Entry& entry);
+  void reapply(Entry& entry);
   static void swapState(Entry& entry);
   void settle(OdDbObjectId id);
 
