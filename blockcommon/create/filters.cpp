@@ -26,7 +26,7 @@ public:
 
   bool finds(const OdDbBlockReference& reference) {
     std::vector<OdDbObjectIteratorPtr> open; // the definitions down to the present one
-    if (shows(reference, open))
+    if (references(reference, open))
       return true;
     while (!open.empty()) {
       const OdDbObjectIteratorPtr walk = open.back();
@@ -36,7 +36,7 @@ public:
       }
       const OdDbBlockReferencePtr nested = OdDbBlockReference::cast(walk->entity());
       walk->step();
-      if (!nested.isNull() && shows(*nested, open))
+      if (!nested.isNull() && references(*nested, open))
         return true;
     }
     return false;
@@ -44,15 +44,15 @@ public:
 
 private:
   // Opens what the reference shows unless that is the wanted definition.
-  bool shows(const OdDbBlockReference& reference, std::vector<OdDbObjectIteratorPtr>& open) {
-    const OdDbObjectId shown = reference.blockTableRecord();
-    if (!shown.isValid())
+  bool references(const OdDbBlockReference& reference, std::vector<OdDbObjectIteratorPtr>& open) {
+    const OdDbObjectId referenced = reference.blockTableRecord();
+    if (!referenced.isValid())
       return false;
-    if (shown == wanted_)
+    if (referenced == wanted_)
       return true;
-    if (!seen_.insert(shown).second)
+    if (!seen_.insert(referenced).second)
       return false;
-    const OdDbBlockTableRecordPtr definition = shown.safeOpenObject();
+    const OdDbBlockTableRecordPtr definition = referenced.safeOpenObject();
     if (!definition.isNull())
       open.push_back(definition->newIterator());
     return false;

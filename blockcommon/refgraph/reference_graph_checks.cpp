@@ -8,7 +8,7 @@ namespace RefUtils {
 namespace {
 
 // The definition that is shown.
-OdDbBlockTableRecordPtr shownDefinition(const OdDbBlockReference& reference) {
+OdDbBlockTableRecordPtr referencedDefinition(const OdDbBlockReference& reference) {
   OdDbObjectPtr definition;
   if (const OdResult reason = reference.blockTableRecord().openObject(definition); reason != eOk)
     throw OdError(reason);
@@ -19,7 +19,7 @@ bool isXEditOn(const OdDbDatabase& database) {
   return database.headerInt("XEDIT", 1) != 0;
 }
 
-bool showsDefinitions(const OdDbObject& object) {
+bool referencesDefinitions(const OdDbObject& object) {
   return object.isA() == OdDbBlockReference::desc() || object.isA() == OdDbMInsertBlock::desc();
 }
 
@@ -30,7 +30,7 @@ bool checkXEdit(OdDbObjectIdArray& refIds, OdString& xrefPath) {
     const OdDbBlockReferencePtr reference = id.safeOpenObject();
     if (reference.isNull())
       return true;
-    const OdDbBlockTableRecordPtr definition = shownDefinition(*reference);
+    const OdDbBlockTableRecordPtr definition = referencedDefinition(*reference);
     if (!definition->isFromExternalReference())
       continue;
     const OdDbDatabase* external = definition->xrefDatabase(false);
@@ -44,7 +44,7 @@ bool checkXEdit(OdDbObjectIdArray& refIds, OdString& xrefPath) {
 
 bool isXrefBlk(OdDbObjectId refId, OdString& foundPath) {
   const OdDbObjectPtr object = refId.safeOpenObject();
-  if (object.isNull() || !showsDefinitions(*object))
+  if (object.isNull() || !referencesDefinitions(*object))
     return false;
   const OdDbBlockTableRecordPtr definition = definitionOf(*OdDbBlockReferencePtr(object));
   if (definition.isNull() || !definition->isFromExternalReference())

@@ -25,7 +25,7 @@ std::vector<const char*> flagsOf(const OdDbAttribute& attribute) {
 
 } // namespace
 
-OdString shownBlockName(const OdDbBlockReference& reference) {
+OdString effectiveBlockName(const OdDbBlockReference& reference) {
   const OdDbObjectId dynamic = OdDbDynBlockReference(&reference).dynamicBlockTableRecord();
   const OdDbObjectId block = dynamic.isNull() ? reference.blockTableRecord() : dynamic;
   const OdDbBlockTableRecordPtr record = OdDbBlockTableRecord::cast(block.safeOpenObject());
@@ -43,7 +43,7 @@ ReferenceAttributes::ReferenceAttributes(const OdDbBlockReference& reference) {
     if (attribute.isNull())
       continue;
     if (rows_.empty())
-      block = shownBlockName(reference);
+      block = effectiveBlockName(reference);
     const int ordinal = places_.add(attribute->tag());
     rows_.push_back({reference.objectId(), attribute->objectId(), block, attribute->tag(), ordinal,
                      attribute->textString(), flagsOf(*attribute)});

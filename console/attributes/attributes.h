@@ -40,7 +40,7 @@ private:
 
 // "TAG", or "TAG#2" for the second of that tag.
 OdString attributeName(const AttributeRow& row);
-OdString shownBlockName(const OdDbBlockReference& reference);
+OdString effectiveBlockName(const OdDbBlockReference& reference);
 
 // The attributes of all references of the drawing: those of the spaces and of every definition, in the order of the
 // block table and of their blocks. External references keep theirs to themselves.

@@ -72,7 +72,7 @@ OdString nameOfDefinition(OdDbObjectId id) {
   return record.isNull() ? OdString() : record->getName();
 }
 
-OdDbObjectId shownBy(OdDbObjectId reference) {
+OdDbObjectId definitionReferencedBy(OdDbObjectId reference) {
   return OdDbBlockReferencePtr(reference.safeOpenObject())->blockTableRecord();
 }
 
@@ -109,7 +109,8 @@ OdString chainBackTo(OdDbObjectId block, const OdDbObjectIdArray& ids) {
     return {};
   OdString chain = render(Text::kChainStart, {nameOfDefinition(block)});
   for (const Step& step : way.steps())
-    chain += render(Text::kChainLink, {nameOfDefinition(shownBy(step.reference)), handleText(step.reference)});
+    chain += render(Text::kChainLink,
+                    {nameOfDefinition(definitionReferencedBy(step.reference)), handleText(step.reference)});
   return chain;
 }
 

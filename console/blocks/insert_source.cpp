@@ -35,9 +35,9 @@ std::vector<OdDbObjectId> definitionsBelow(const OdDbDatabase& source) {
   for (std::size_t at = 0; at < found.size(); ++at) { // grows meanwhile
     for (const OdDbObjectId id : objectsOf(found[at])) {
       const OdDbBlockReferencePtr reference = OdDbBlockReference::cast(id.safeOpenObject());
-      const OdDbObjectId shown = reference.isNull() ? OdDbObjectId() : reference->blockTableRecord();
-      if (!shown.safeOpenObject().isNull() && seen.insert(shown).second)
-        found.push_back(shown);
+      const OdDbObjectId referenced = reference.isNull() ? OdDbObjectId() : reference->blockTableRecord();
+      if (!referenced.safeOpenObject().isNull() && seen.insert(referenced).second)
+        found.push_back(referenced);
     }
   }
   found.erase(found.begin());

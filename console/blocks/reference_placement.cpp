@@ -18,7 +18,7 @@ void refuseUnfit(const OdDbBlockTableRecord& block, const Placement& placement, 
     refuse(Text::kScaleUniform, {block.getName()});
   if (block.isLayout())
     refuse(Text::kNameOfSpace, {block.getName()});
-  if (block.objectId() != space && !block.leadsTo(space))
+  if (block.objectId() != space && !block.reaches(space))
     return;
   dlgTips::showBlockRefSelfTips(block.getName());
   refuse(Text::kInsertsItself, {block.getName()});

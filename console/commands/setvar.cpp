@@ -9,7 +9,7 @@ namespace {
 
 using morvane::VariableValue;
 
-struct Shown {
+struct ValueText {
   OdString operator()(std::int16_t value) const { return OdString(std::to_wstring(value)); }
   OdString operator()(std::int32_t value) const { return OdString(std::to_wstring(value)); }
   OdString operator()(double value) const { return exactText(value); }
@@ -65,13 +65,13 @@ void setvar(CommandContext& context) {
   const auto before = variables.get(name.str());
   if (!before)
     refuse(Text::kNoSuchVariable, {name});
-  const auto typed = askText(session, Text::kPromptValue, {name, std::visit(Shown(), *before)});
+  const auto typed = askText(session, Text::kPromptValue, {name, std::visit(ValueText(), *before)});
   if (typed) {
     const auto value = std::visit(Reader(*typed), *before);
     if (!value || variables.set(name.str(), *value) != RTNORM)
       refuse(Text::kVariableRefused, {name, *typed});
   }
-  session.result(Text::kVariableLine, {name, std::visit(Shown(), *variables.get(name.str()))});
+  session.result(Text::kVariableLine, {name, std::visit(ValueText(), *variables.get(name.str()))});
 }
 
 } // namespace console::commands

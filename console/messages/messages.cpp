@@ -549,7 +549,7 @@ constexpr bool inOrder() {
 static_assert(inOrder(), "every text has one row, in the order of the enumeration");
 
 // Marks that turn the direction of writing can make a line read as another one.
-bool isShownRaw(wchar_t ch) {
+bool isPrintedRaw(wchar_t ch) {
   const bool control = ch < 0x20 || (ch >= 0x7F && ch < 0xA0);
   const bool direction = (ch >= 0x200E && ch <= 0x200F) || (ch >= 0x2028 && ch <= 0x202E) ||
                          (ch >= 0x2066 && ch <= 0x2069) || ch == 0xFEFF;
@@ -576,7 +576,7 @@ const char* idOf(Text text) {
 OdString escaped(const OdString& text) {
   OdString shown;
   for (const wchar_t ch : text.str()) {
-    if (isShownRaw(ch)) {
+    if (isPrintedRaw(ch)) {
       shown += ch;
     } else {
       OdString code;

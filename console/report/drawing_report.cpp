@@ -137,8 +137,8 @@ void lookInside(Contents& contents, std::size_t at) {
     if (!isReference(*entity))
       continue;
     const auto& reference = static_cast<const OdDbBlockReference&>(*entity);
-    if (const auto shown = contents.places.find(reference.blockTableRecord()); shown != contents.places.end())
-      contents.edges.push_back({at, shown->second, placesOf(reference)});
+    if (const auto target = contents.places.find(reference.blockTableRecord()); target != contents.places.end())
+      contents.edges.push_back({at, target->second, placesOf(reference)});
   }
 }
 

@@ -45,13 +45,13 @@ OdDbObjectId OdDbBlockTableRecord::appendOdDbEntity(OdDbEntity* entity) {
   if (!isDBRO())
     throw OdError(eNotInDatabase);
   if (const auto* reference = dynamic_cast<const OdDbBlockReference*>(entity); reference != nullptr) {
-    const OdDbObjectId shown = reference->blockTableRecord();
-    if (shown == objectId() || (wasReferenced() && drawing::leadsTo(shown, objectId())))
+    const OdDbObjectId referenced = reference->blockTableRecord();
+    if (referenced == objectId() || (wasReferenced() && drawing::reaches(referenced, objectId())))
       throw OdError(eSelfReference);
   }
   const OdDbObjectId id = entity->isDBRO() ? entity->objectId() : database()->addOdDbObject(entity, objectId());
   if (const auto* reference = dynamic_cast<const OdDbBlockReference*>(entity))
-    reference->noteShown();
+    reference->recordInDefinition();
   database()->undoLog().listGrows(*this, members_.size());
   members_.push(id);
   return id;
@@ -82,8 +82,8 @@ OdResult OdDbBlockTableRecord::getBlockReferenceIds(OdDbObjectIdArray& ids, bool
   return eOk;
 }
 
-bool OdDbBlockTableRecord::leadsTo(OdDbObjectId target) const {
-  return drawing::leadsTo(objectId(), target);
+bool OdDbBlockTableRecord::reaches(OdDbObjectId target) const {
+  return drawing::reaches(objectId(), target);
 }
 
 OdResult OdDbBlockTableRecord::getGeomExtents(OdGeExtents3d& extents) const {

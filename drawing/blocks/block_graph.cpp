@@ -19,11 +19,11 @@ const OdDbBlockReference* livingReference(OdDbObjectId id) {
 
 } // namespace
 
-bool leadsTo(OdDbObjectId from, OdDbObjectId target) {
-  return leadsTo(std::vector{from}, target);
+bool reaches(OdDbObjectId from, OdDbObjectId target) {
+  return reaches(std::vector{from}, target);
 }
 
-bool leadsTo(std::vector<OdDbObjectId> open, OdDbObjectId target) {
+bool reaches(std::vector<OdDbObjectId> open, OdDbObjectId target) {
   std::unordered_set<OdDbObjectId> seen(open.begin(), open.end());
   while (!open.empty()) {
     const OdDbObjectId at = open.back();
@@ -47,7 +47,7 @@ namespace {
 // Adds the references to one block, and to `open` the blocks that they stand in.
 void addReferencesTo(const OdDbBlockTableRecord& block, std::vector<OdDbObjectId>& found,
                      std::vector<OdDbObjectId>& open) {
-  for (OdDbObjectId id : block.everShownBy()) {
+  for (OdDbObjectId id : block.referenceHistory()) {
     const auto* reference = livingReference(id);
     if (reference == nullptr || reference->blockTableRecord() != block.objectId())
       continue;

@@ -6,8 +6,8 @@
 namespace drawing {
 
 // Whether the definition `from` is, or contains at any depth, a reference to `target`.
-bool leadsTo(OdDbObjectId from, OdDbObjectId target);
-bool leadsTo(std::vector<OdDbObjectId> from, OdDbObjectId target); // one of them
+bool reaches(OdDbObjectId from, OdDbObjectId target);
+bool reaches(std::vector<OdDbObjectId> from, OdDbObjectId target); // one of them
 // Living references to the block, or also to those that contain it, in order of addition.
 OdDbObjectIdArray referencesTo(const OdDbBlockTableRecord& block, bool directOnly);
 OdResult extentsOf(const OdDbBlockTableRecord& block, OdGeExtents3d& extents);

@@ -75,16 +75,16 @@ void OdDbBlockReference::setBlockTableRecord(OdDbObjectId block) {
   assertWriteEnabled();
   const auto* owner = peekAs<OdDbBlockTableRecord>(ownerId());
   const bool mayCycle = owner != nullptr && (owner->wasReferenced() || block == owner->objectId());
-  if (mayCycle && drawing::leadsTo(block, owner->objectId()))
+  if (mayCycle && drawing::reaches(block, owner->objectId()))
     throw OdError(eSelfReference);
   block_ = block;
   if (owner != nullptr)
-    noteShown();
+    recordInDefinition();
 }
 
-void OdDbBlockReference::noteShown() const {
+void OdDbBlockReference::recordInDefinition() const {
   if (auto* block = peekAs<OdDbBlockTableRecord>(block_))
-    block->noteShownBy(objectId());
+    block->recordReference(objectId());
 }
 
 OdGePoint3d OdDbBlockReference::position() const {
@@ -236,7 +236,7 @@ void OdDbBlockReference::visitReferences(drawing::ReferenceVisitor& visitor) {
 }
 
 void OdDbBlockReference::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
-  noteShown();
+  recordInDefinition();
   OdDbEntity::afterClone(source, mapping);
   dropLostParts();
 }

@@ -91,14 +91,14 @@ OdDbDynBlockReference::OdDbDynBlockReference(const OdDbBlockReference* reference
 }
 
 void OdDbDynBlockReference::resolve(const OdDbBlockReference& reference) {
-  const OdDbObjectId shown = reference.blockTableRecord();
-  const auto* block = peekAs<OdDbBlockTableRecord>(shown);
-  definition_ = OdDbDynBlockTableRecord(shown).dynamicBlockTableRecord();
+  const OdDbObjectId referenced = reference.blockTableRecord();
+  const auto* block = peekAs<OdDbBlockTableRecord>(referenced);
+  definition_ = OdDbDynBlockTableRecord(referenced).dynamicBlockTableRecord();
   // Programs that renumber blocks lose the mark of the block before that of the reference.
   if (definition_.isNull() && lives(block) && block->isAnonymous())
     definition_ = representedBy(reference);
-  if (!definition_.isNull() && definition_ != shown)
-    representation_ = shown;
+  if (!definition_.isNull() && definition_ != referenced)
+    representation_ = referenced;
 }
 
 OdDbDynBlockTableRecord::OdDbDynBlockTableRecord(OdDbObjectId block) : block_(block) {

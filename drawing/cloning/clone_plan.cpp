@@ -30,7 +30,7 @@ bool Cloner::closesCycle(const std::vector<OdDbObjectId>& primaries) const {
     if (const auto* reference = peekAs<OdDbBlockReference>(id))
       blocks.insert(reference->blockTableRecord());
   }
-  return leadsTo({blocks.begin(), blocks.end()}, owner_);
+  return reaches({blocks.begin(), blocks.end()}, owner_);
 }
 
 void Cloner::plan(Item item) {
@@ -161,7 +161,7 @@ bool Cloner::canReplace(OdDbObjectId present) const {
   const auto* owner = peekAs<OdDbBlockTableRecord>(owner_);
   if (owner == nullptr || !owner->wasReferenced()) // no walk through the drawing for every record
     return true;
-  return peekAs<OdDbBlockTableRecord>(present) == nullptr || !leadsTo(present, owner_);
+  return peekAs<OdDbBlockTableRecord>(present) == nullptr || !reaches(present, owner_);
 }
 
 bool Cloner::isNameTaken(const OdDbSymbolTable& table, const OdString& name) const {

@@ -37,12 +37,12 @@ std::optional<OdString> rebased(const OdString& path, const OdDbDatabase& source
 }
 
 template <class Definition>
-void rebaseSource(Definition& shown, const OdDbDatabase& source, const OdDbDatabase& target) {
-  const std::optional<OdString> path = rebased(shown.sourceFileName(), source, target);
+void rebaseSource(Definition& definition, const OdDbDatabase& source, const OdDbDatabase& target) {
+  const std::optional<OdString> path = rebased(definition.sourceFileName(), source, target);
   if (!path)
     return;
-  const WriteScope scope(shown);
-  shown.setSourceFileName(*path);
+  const WriteScope scope(definition);
+  definition.setSourceFileName(*path);
 }
 
 void rebaseXref(OdDbBlockTableRecord& xref, const OdDbDatabase& source, const OdDbDatabase& target) {

@@ -20,7 +20,8 @@ using drawing::GroupList;
 namespace drawing {
 namespace {
 
-constexpr int kOptions = 91, kStatus = 95, kErrorCode = 96, kMessage = 300, kKey = 7, kShown = 301, kShownLength = 98;
+constexpr int kOptions = 91, kStatus = 95, kErrorCode = 96, kMessage = 300, kKey = 7, kCachedText = 301,
+              kCachedTextLength = 98;
 const OdString kFieldValue = L"ACFD_FIELD_VALUE";
 
 struct Computed {
@@ -33,14 +34,14 @@ Computed failed(OdResult reason) {
   return {reason, {}, {}};
 }
 
-Computed shown(const std::optional<OdString>& text, std::optional<double> number = std::nullopt) {
+Computed formatted(const std::optional<OdString>& text, std::optional<double> number = std::nullopt) {
   return text ? Computed{eOk, *text, number} : failed(eNotImplementedYet);
 }
 
-Computed shownNumber(double value, const FieldCode& code, const OdDbDatabase& database) {
+Computed formattedNumber(double value, const FieldCode& code, const OdDbDatabase& database) {
   const NumberDefaults defaults{static_cast<int>(database.headerInt("LUNITS", 2)),
                                 static_cast<int>(database.headerInt("LUPREC", 4))};
-  return shown(formatNumber(value, code.format, defaults), value);
+  return formatted(formatNumber(value, code.format, defaults), value);
 }
 
 // -- Variables. --
@@ -67,7 +68,7 @@ Computed headerDate(const OdDbDatabase& database, const char* variable, const Fi
   const double julian = database.headerReal(variable);
   if (!(julian >= kEarliest && julian < kLatest))
     return failed(eKeyNotFound);
-  return shown(formatDate(ofJulianDate(julian), code.format));
+  return formatted(formatDate(ofJulianDate(julian), code.format));
 }
 
 Computed headerVariable(const OdDbDatabase& database, const FieldCode& code) {
@@ -79,19 +80,19 @@ Computed headerVariable(const OdDbDatabase& database, const FieldCode& code) {
   if (groups->size() > 1)
     return failed(eNotImplementedYet);
   if (first.kind == GroupKind::Text)
-    return shown(formatText(groups->stringOf(first), code.format));
+    return formatted(formatText(groups->stringOf(first), code.format));
   if (first.kind == GroupKind::Real)
-    return shownNumber(first.real, code, database);
+    return formattedNumber(first.real, code, database);
   if (groupKindOf(first.code) == first.kind && code.format.isEmpty() && first.kind != GroupKind::Unread)
-    return shown(OdString(std::to_wstring(first.integer)), static_cast<double>(first.integer));
+    return formatted(OdString(std::to_wstring(first.integer)), static_cast<double>(first.integer));
   return failed(eNotImplementedYet);
 }
 
 Computed variable(const OdDbField&, const FieldCode& code, const OdDbDatabase& database) {
   if (code.argument.iCompare(L"Filename") == 0)
-    return shown(formatFileName(OdString::fromUtf8(database.facts().path), code.format));
+    return formatted(formatFileName(OdString::fromUtf8(database.facts().path), code.format));
   if (code.argument.iCompare(L"Date") == 0)
-    return shown(formatDate(now(), code.format));
+    return formatted(formatDate(now(), code.format));
   if (code.argument.iCompare(L"CreateDate") == 0)
     return headerDate(database, "TDCREATE", code);
   if (code.argument.iCompare(L"SaveDate") == 0)
@@ -172,9 +173,9 @@ Computed objectProperty(const OdDbField& field, const FieldCode& code, const OdD
       continue;
     const Property value = row.get(*object);
     if (const auto* real = std::get_if<double>(&value))
-      return shownNumber(*real, code, database);
+      return formattedNumber(*real, code, database);
     if (const auto* text = std::get_if<OdString>(&value))
-      return shown(formatText(*text, code.format));
+      return formatted(formatText(*text, code.format));
     return failed(eKeyNotFound);
   }
   return failed(eNotImplementedYet);
@@ -182,7 +183,7 @@ Computed objectProperty(const OdDbField& field, const FieldCode& code, const OdD
 
 Computed expression(const OdDbField&, const FieldCode& code, const OdDbDatabase& database) {
   const std::optional<double> value = computeExpression(code.argument);
-  return value ? shownNumber(*value, code, database) : failed(eInvalidInput);
+  return value ? formattedNumber(*value, code, database) : failed(eInvalidInput);
 }
 
 const struct {
@@ -276,7 +277,7 @@ int OdDbField::evaluationOptions() const {
 }
 
 OdString OdDbField::getValue() const {
-  const std::size_t at = rest_.find(kShown);
+  const std::size_t at = rest_.find(kCachedText);
   return at < rest_.size() ? rest_.stringOf(rest_[at]) : OdString();
 }
 
@@ -323,8 +324,8 @@ void OdDbField::setValue(const OdString& text, const double* number) {
   changed.text(kMessage, parseFieldCode(getFieldCode()).format);
   changed.text(302, number != nullptr ? text : OdString());
   changed.utf8(304, "ACVALUE_END");
-  changed.text(kShown, text);
-  changed.integer(kShownLength, text.getLength());
+  changed.text(kCachedText, text);
+  changed.integer(kCachedTextLength, text.getLength());
   rest_ = std::move(changed);
 }
 

@@ -72,8 +72,8 @@ public:
   void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
-  void afterLoad() override { noteShown(); }
-  void noteShown() const; // records the reference in its definition
+  void afterLoad() override { recordInDefinition(); }
+  void recordInDefinition() const; // records the reference in its definition
 
 protected:
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;

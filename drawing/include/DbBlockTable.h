@@ -119,7 +119,7 @@ public:
   OdDbObjectIdArray getBlockReferenceIds(bool directOnly = true) const;
   OdResult getBlockReferenceIds(OdDbObjectIdArray& ids, bool directOnly = true, bool forceValidity = false) const;
   // Whether this is the target, or contains a reference to it at any depth. Each definition is visited once.
-  bool leadsTo(OdDbObjectId target) const;
+  bool reaches(OdDbObjectId target) const;
   // Adds the extents of the contents in block coordinates; eNotApplicable if nothing has extents.
   OdResult getGeomExtents(OdGeExtents3d& extents) const;
 
@@ -154,22 +154,22 @@ public:
 
   // References that have ever referred to this block, in any order and possibly repeated; the present ones are among
   // them. A block that was never referenced cannot be part of another one, so no cycle has to be searched when
-  // references are appended to it. noteShownBy records one.
-  const std::vector<OdDbObjectId>& everShownBy() const { return everShownBy_.ids; }
-  bool wasReferenced() const { return !everShownBy_.ids.empty(); }
-  void noteShownBy(OdDbObjectId reference);
+  // references are appended to it. recordReference records one.
+  const std::vector<OdDbObjectId>& referenceHistory() const { return referenceHistory_.ids; }
+  bool wasReferenced() const { return !referenceHistory_.ids.empty(); }
+  void recordReference(OdDbObjectId reference);
 
 private:
   // Grows only: neither copied nor undone.
-  struct EverShownBy {
-    EverShownBy() = default;
-    EverShownBy(const EverShownBy&) {}
-    EverShownBy& operator=(const EverShownBy&) { return *this; }
+  struct ReferenceHistory {
+    ReferenceHistory() = default;
+    ReferenceHistory(const ReferenceHistory&) {}
+    ReferenceHistory& operator=(const ReferenceHistory&) { return *this; }
     std::vector<OdDbObjectId> ids;
     std::size_t distinct = 0; // number after duplicates were removed last
   };
 
-  EverShownBy everShownBy_;
+  ReferenceHistory referenceHistory_;
   drawing::IdList members_;
   OdGePoint3d origin_;
   OdString comments_;

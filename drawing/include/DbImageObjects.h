@@ -45,7 +45,7 @@ public:
   OdDbRasterVariables() = default;
   // Whether frames are displayed; quality (0 draft, 1 high); unit of images that have a resolution.
   bool imageFrame() const { return frame_ != 0; }
-  void setImageFrame(bool shown);
+  void setImageFrame(bool isShown);
   std::int16_t imageQuality() const { return quality_; }
   std::int16_t userScale() const { return units_; }
 
@@ -61,7 +61,7 @@ public:
   OdDbWipeoutVariables() = default;
   // Whether frames are displayed.
   bool showFrame() const { return frame_ != 0; }
-  void setShowFrame(bool shown);
+  void setShowFrame(bool isShown);
 
 private:
   std::int16_t frame_ = 0;

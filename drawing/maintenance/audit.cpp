@@ -357,7 +357,7 @@ private:
     const OdDbObjectId block =
         name < groups.size() ? database_.symbol(OdDb::kBlockTable, groups.stringOf(groups[name])) : OdDbObjectId();
     const auto* definition = peekAs<OdDbBlockTableRecord>(block);
-    return definition != nullptr && definition->leadsTo(kept.ownerId());
+    return definition != nullptr && definition->reaches(kept.ownerId());
   }
 
   OdDbDatabase& database_;

@@ -162,9 +162,9 @@ OdDbObjectIteratorPtr OdDbBlockTableRecord::newIterator(bool, bool skipDeleted, 
 }
 
 // One reference may go to and fro between blocks; its notes take no more room than all references do.
-void OdDbBlockTableRecord::noteShownBy(OdDbObjectId reference) {
+void OdDbBlockTableRecord::recordReference(OdDbObjectId reference) {
   constexpr std::size_t kFew = 64;
-  auto& [ids, distinct] = everShownBy_;
+  auto& [ids, distinct] = referenceHistory_;
   if (!ids.empty() && ids.back() == reference)
     return;
   ids.push_back(reference);

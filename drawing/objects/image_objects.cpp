@@ -71,12 +71,12 @@ const drawing::Description& OdDbPlaceHolder::ownDescription() {
 MVDB_SETTER(OdDbRasterImageDef, setSourceFileName, const OdString&, file_)
 MVDB_SETTER(OdDbUnderlayDefinition, setSourceFileName, const OdString&, file_)
 
-void OdDbRasterVariables::setImageFrame(bool shown) {
+void OdDbRasterVariables::setImageFrame(bool isShown) {
   assertWriteEnabled();
-  frame_ = shown ? 1 : 0;
+  frame_ = isShown ? 1 : 0;
 }
 
-void OdDbWipeoutVariables::setShowFrame(bool shown) {
+void OdDbWipeoutVariables::setShowFrame(bool isShown) {
   assertWriteEnabled();
-  frame_ = shown ? 1 : 0;
+  frame_ = isShown ? 1 : 0;
 }

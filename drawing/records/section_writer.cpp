@@ -48,18 +48,18 @@ bool isDefault(const Field& field, const void* at) {
 // those and writing them again changes nothing more.
 double degreesForFile(double radians) {
   const double plain = radians * (180.0 / OdaPI);
-  const auto leadsBack = [radians](double degrees) { return degrees * (OdaPI / 180.0) == radians; };
+  const auto readsBack = [radians](double degrees) { return degrees * (OdaPI / 180.0) == radians; };
   char text[40];
   const auto end = std::to_chars(text, text + sizeof text, plain, std::chars_format::scientific, 14).ptr;
   double rounded = plain;
   std::from_chars(text, end, rounded);
-  if (leadsBack(rounded))
+  if (readsBack(rounded))
     return rounded;
   double below = plain, above = plain;
   for (int i = 0; i < 4; ++i) {
-    if (leadsBack(below))
+    if (readsBack(below))
       return below;
-    if (leadsBack(above))
+    if (readsBack(above))
       return above;
     below = std::nextafter(below, -HUGE_VAL);
     above = std::nextafter(above, HUGE_VAL);

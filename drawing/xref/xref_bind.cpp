@@ -41,7 +41,7 @@ bool mayBind(const OdDbBlockTableRecord& reference, BoundXref& answer) {
     if (!seen.insert(external).second)
       continue;
     for (const OdDbBlockTableRecord* nested : xrefsIn(*external)) {
-      if (leadsTo(external->getModelSpaceId(), nested->objectId()))
+      if (reaches(external->getModelSpaceId(), nested->objectId()))
         open.push_back(nested);
     }
   }

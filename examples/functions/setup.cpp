@@ -40,9 +40,9 @@ OdDbObjectId addLine(OdDbDatabase& drawing, const OdGePoint3d& from, const OdGeP
   return append(drawing, *line, block);
 }
 
-OdDbObjectId addReference(OdDbDatabase& drawing, OdDbObjectId shown, const OdGePoint3d& at, OdDbObjectId block) {
+OdDbObjectId addReference(OdDbDatabase& drawing, OdDbObjectId definition, const OdGePoint3d& at, OdDbObjectId block) {
   const OdDbBlockReferencePtr reference = OdDbBlockReference::createObject();
-  reference->setBlockTableRecord(shown);
+  reference->setBlockTableRecord(definition);
   reference->setPosition(at);
   return append(drawing, *reference, block);
 }

@@ -29,7 +29,7 @@ OdDbObjectId addBlock(OdDbDatabase& drawing, const OdString& name);
 OdDbObjectId addLayer(OdDbDatabase& drawing, const OdString& name);
 OdDbObjectId addLine(OdDbDatabase& drawing, const OdGePoint3d& from, const OdGePoint3d& to,
                      OdDbObjectId block = OdDbObjectId());
-OdDbObjectId addReference(OdDbDatabase& drawing, OdDbObjectId shown, const OdGePoint3d& at = OdGePoint3d::kOrigin,
+OdDbObjectId addReference(OdDbDatabase& drawing, OdDbObjectId definition, const OdGePoint3d& at = OdGePoint3d::kOrigin,
                           OdDbObjectId block = OdDbObjectId());
 OdDbObjectId addAttributeDefinition(OdDbDatabase& drawing, const OdString& tag, const OdString& prompt,
                                     const OdString& text, OdDbObjectId block = OdDbObjectId());

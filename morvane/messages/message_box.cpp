@@ -25,7 +25,7 @@ Label readLabel(const OdString& given) {
   return label;
 }
 
-OdString shown(const Label& label) {
+OdString labelText(const Label& label) {
   return label.letter.isEmpty() ? label.text : label.text + L"(" + label.letter + L")";
 }
 
@@ -80,7 +80,7 @@ int MessageBoxes::showOnCommandLine(const MessageBox& box) {
   Output& output = host_.output();
   output.print(L"\n[" + printable(box.caption) + L"]\n" + printable(box.body));
   for (std::size_t at = 0; at < box.buttons.size(); ++at)
-    output.print(OdString(L"\n  " + std::to_wstring(at + 1) + L". ") + shown(readLabel(box.buttons[at])));
+    output.print(OdString(L"\n  " + std::to_wstring(at + 1) + L". ") + labelText(readLabel(box.buttons[at])));
   if (isQuestion(box) && asks_)
     return askOnCommandLine(box);
   output.print(L"\n");

@@ -39,7 +39,7 @@ protected:
   OdDbObjectId reference(OdDbObjectId block, OdDbObjectId into = OdDbObjectId()) {
     return addReference(*database_, block, into);
   }
-  bool leadsToItself(const OdString& name, const OdDbObjectIdArray& ids) {
+  bool reachesItself(const OdString& name, const OdDbObjectIdArray& ids) {
     const bool found = blockUtils::isObjsAreBtrItSelf(name, ids);
     const OdDbObjectId block = database_->symbol(OdDb::kBlockTable, name);
     bool anyAlone = false;
@@ -92,12 +92,12 @@ TEST_F(Filters, ABlockThatWouldContainItselfIsFoundAtAnyDepth) {
       {L"", {toA}, false},        {L"D", {toA, toB, toC}, false},
   };
   for (const auto& one : cases)
-    EXPECT_EQ(leadsToItself(one.name, one.ids), one.found) << one.name << ' ' << one.ids.size();
+    EXPECT_EQ(reachesItself(one.name, one.ids), one.found) << one.name << ' ' << one.ids.size();
   EXPECT_FALSE(blockUtils::isBTRefAreBtrItSelf(nullptr, a));
   EXPECT_FALSE(blockUtils::isBTRefAreBtrItSelf(forRead<OdDbBlockReference>(toA), OdDbObjectId()));
   EXPECT_FALSE(blockUtils::isBTRefAreBtrItSelf(OdDbBlockReference::createObject(), a));
   forWrite<OdDbBlockReference>(inner)->erase();
-  EXPECT_FALSE(leadsToItself(L"A", {toC}));
+  EXPECT_FALSE(reachesItself(L"A", {toC}));
   mvsi::mvsidbSetWorkingDatabase(nullptr);
   EXPECT_FALSE(blockUtils::isObjsAreBtrItSelf(L"A", {toA}));
 }
@@ -107,7 +107,7 @@ TEST_F(Filters, DefinitionsThatDoNotOpenLeadNowhereAndOtherKindsThrow) {
   reference(a, b);
   const OdDbObjectId toB = reference(b);
   forWrite<OdDbBlockTableRecord>(b)->erase();
-  EXPECT_FALSE(leadsToItself(L"A", {toB}));
+  EXPECT_FALSE(reachesItself(L"A", {toB}));
   const OdDbObjectId strange = reference(database_->getLayerZeroId());
   EXPECT_THROW(blockUtils::isObjsAreBtrItSelf(L"A", {strange}), OdError_NotThatKindOfClass);
   EXPECT_TRUE(blockUtils::isObjsAreBtrItSelf(L"A", {reference(a), strange})); // found before it
@@ -125,8 +125,8 @@ TEST_F(Filters, EachDefinitionIsLookedThroughOnceAndDepthIsNoMatter) {
       below = block;
     }
     const OdDbObjectIdArray top{reference(below)};
-    EXPECT_FALSE(leadsToItself(L"lamp", top));
-    EXPECT_TRUE(leadsToItself(OdString(std::to_wstring(width) + L" BOTTOM"), top));
+    EXPECT_FALSE(reachesItself(L"lamp", top));
+    EXPECT_TRUE(reachesItself(OdString(std::to_wstring(width) + L" BOTTOM"), top));
   }
 }
 

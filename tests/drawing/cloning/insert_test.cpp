@@ -145,12 +145,12 @@ TEST(BlockReferences, AreListedWithoutAWalkThroughTheDrawing) {
   }
   std::size_t looks = 0;
   for (const OdDbObjectId& block : blocks)
-    looks += forRead<OdDbBlockTableRecord>(block)->everShownBy().size();
+    looks += forRead<OdDbBlockTableRecord>(block)->referenceHistory().size();
   EXPECT_EQ(looks, std::size_t{kBlocks}); // and not their square
   // One that goes to and fro does not make it longer and longer.
   for (int i = 0; i < 100 * kBlocks; ++i)
     forWrite<OdDbBlockReference>(references[static_cast<unsigned>(i % 3)])->setBlockTableRecord(blocks[i % 2 ? 7 : 8]);
-  EXPECT_LT(forRead<OdDbBlockTableRecord>(blocks[7])->everShownBy().size(), 200u);
+  EXPECT_LT(forRead<OdDbBlockTableRecord>(blocks[7])->referenceHistory().size(), 200u);
 }
 
 TEST(BlockReferences, AreThoseThatLiveNowWhateverRoadTheyCame) {
