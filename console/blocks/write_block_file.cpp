@@ -137,9 +137,9 @@ void checkReadBack(const BlockFileRequest& request, const OdDbDatabase& made, co
   if (read.database.isNull())
     throw Failure{Status::SaveFailed,
                   {Text::kNotReadBack, {OdString::fromUtf8(request.path), OdString::fromUtf8(read.message)}}};
-  const bool holdsAll = result.version >= made.facts().version;
+  const bool containsAll = result.version >= made.facts().version;
   const DrawingCount given = countOf(made);
-  if (read.report.outcome() == drawing::Outcome::Whole && (!holdsAll || result.count == given))
+  if (read.report.outcome() == drawing::Outcome::Whole && (!containsAll || result.count == given))
     return;
   throw Failure{
       Status::SaveFailed,
@@ -147,7 +147,7 @@ void checkReadBack(const BlockFileRequest& request, const OdDbDatabase& made, co
 }
 
 // Of the objects that model space of `made` was made of: those that the file has, whatever its version made of them.
-OdDbObjectIdArray heldBy(const OdDbDatabase& read, const OdDbDatabase& made, const OdDbObjectIdArray& ids) {
+OdDbObjectIdArray originsOfClones(const OdDbDatabase& read, const OdDbDatabase& made, const OdDbObjectIdArray& ids) {
   OdDbObjectIdArray held;
   const OdDbBlockTableRecordPtr space = made.getModelSpaceId().safeOpenObject();
   const auto walk = space->newIterator();
@@ -196,7 +196,7 @@ BlockFile writeBlockFile(Session& session, const BlockFileRequest& request) {
   const drawing::ReadResult read = drawing::readDrawing(request.path);
   if (!read.database.isNull()) {
     result.count = countOf(*read.database);
-    result.written = heldBy(*read.database, *made, result.written);
+    result.written = originsOfClones(*read.database, *made, result.written);
     result.basePoint = read.database->getINSBASE();
     result.units = read.database->getINSUNITS();
   }

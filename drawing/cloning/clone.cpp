@@ -17,10 +17,10 @@ void Cloner::make(const Item& item) {
   const OdDbObject& source = *peek(item.source);
   std::unique_ptr<OdDbObject> copy(source.makeCopy());
   const OdDbObjectId owner = item.primary                ? owner_
-                             : !item.holder.isNull()     ? item.holder
+                             : !item.container.isNull()  ? item.container
                              : source.ownerId().isNull() ? mapping_.valueOf(item.neededBy)
                                                          : mapping_.valueOf(source.ownerId());
-  if (auto* record = dynamic_cast<OdDbSymbolTableRecord*>(copy.get()); record != nullptr && !item.holder.isNull())
+  if (auto* record = dynamic_cast<OdDbSymbolTableRecord*>(copy.get()); record != nullptr && !item.container.isNull())
     record->setName(item.name);
   if (auto* block = dynamic_cast<OdDbBlockTableRecord*>(copy.get()))
     block->adoptCopy();
@@ -32,26 +32,26 @@ void Cloner::make(const Item& item) {
 
 // Where the copy is listed: in the block, table or dictionary that holds it.
 void Cloner::join(const Item& item, OdDbObject& copy) {
-  OdDbObject* holder = peek(copy.ownerId());
-  if (holder == nullptr)
+  OdDbObject* container = peek(copy.ownerId());
+  if (container == nullptr)
     return;
-  const WriteScope scope(*holder);
-  if (auto* table = dynamic_cast<OdDbSymbolTable*>(holder)) {
+  const WriteScope scope(*container);
+  if (auto* table = dynamic_cast<OdDbSymbolTable*>(container)) {
     const WriteScope copyScope(copy);
     table->addClone(static_cast<OdDbSymbolTableRecord*>(&copy));
     return;
   }
-  if (auto* dictionary = dynamic_cast<OdDbDictionary*>(holder)) {
+  if (auto* dictionary = dynamic_cast<OdDbDictionary*>(container)) {
     OdString name = item.name;
     if (item.primary) {
       const auto* from = peekAs<OdDbDictionary>(peek(item.source)->ownerId());
       name = from == nullptr ? OdString(L"*A") : from->nameAt(item.source);
     }
-    if (!name.isEmpty() && (item.primary || !item.holder.isNull()))
+    if (!name.isEmpty() && (item.primary || !item.container.isNull()))
       dictionary->setAt(name, copy.objectId());
     return;
   }
-  auto* block = dynamic_cast<OdDbBlockTableRecord*>(holder);
+  auto* block = dynamic_cast<OdDbBlockTableRecord*>(container);
   if (block == nullptr || !copy.isKindOf(OdDbEntity::desc()))
     return;
   if (copy.isKindOf(OdDbBlockBegin::desc()))

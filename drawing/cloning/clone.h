@@ -39,9 +39,9 @@ private:
   struct Item {
     OdDbObjectId source;
     Action action = Action::Make;
-    OdDbObjectId target; // Replace, Use
-    OdDbObjectId holder; // Make: the target's table or dictionary that takes it; null: where its owner is mapped to
-    OdString name;       // in its table or dictionary
+    OdDbObjectId target;    // Replace, Use
+    OdDbObjectId container; // Make: the target's table or dictionary that takes it; null: where its owner is mapped to
+    OdString name;          // in its table or dictionary
     bool primary = false;
     OdDbObjectId neededBy = {}; // of the source; its copy owns this one when nobody owns the original
   };

@@ -168,7 +168,7 @@ bool Cloner::isNameTaken(const OdDbSymbolTable& table, const OdString& name) con
   if (table.has(name))
     return true;
   for (const Item& item : items_) {
-    if (item.holder == table.objectId() && item.name.iCompare(name) == 0)
+    if (item.container == table.objectId() && item.name.iCompare(name) == 0)
       return true;
   }
   return false;
@@ -284,11 +284,11 @@ void Cloner::planEntry(OdDbObject& object) {
       plan({object.objectId(), Action::Use, there->objectId(), {}, {}, false});
     return;
   }
-  const auto* holder = peekAs<OdDbDictionary>(object.ownerId());
-  OdDbDictionary* there = holder == nullptr ? nullptr : counterpart(holder->objectId());
+  const auto* container = peekAs<OdDbDictionary>(object.ownerId());
+  OdDbDictionary* there = container == nullptr ? nullptr : counterpart(container->objectId());
   if (there == nullptr)
     return;
-  const OdString name = holder->nameAt(object.objectId());
+  const OdString name = container->nameAt(object.objectId());
   Item item{object.objectId(), Action::Make, {}, there->objectId(), name, false};
   const OdDbObjectId present = there->getAt(name);
   if (const OdDbObject* same = peek(present); same != nullptr) {
@@ -333,7 +333,7 @@ OdResult Cloner::run(const std::vector<OdDbObjectId>& primaries) {
     planTree(i);
   }
   if (!contentsOf_.isNull())
-    items_[primaries.size()].holder = peekAs<OdDbBlockTableRecord>(owner_)->createExtensionDictionary();
+    items_[primaries.size()].container = peekAs<OdDbBlockTableRecord>(owner_)->createExtensionDictionary();
   for (const Item& item : items_) {
     if (item.action == Action::Make)
       make(item);

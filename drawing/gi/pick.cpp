@@ -31,15 +31,15 @@ std::vector<Segment> sidesOf(const Polygon& ring) {
 }
 
 bool isInside(const Box& box, const Outlines& outlines) {
-  const auto holds = [&](const OdGePoint2d& point) { return gi::isInside(box, point); };
-  const auto holdsRing = [&](const Polygon& ring) { return std::all_of(ring.begin(), ring.end(), holds); };
+  const auto contains = [&](const OdGePoint2d& point) { return gi::isInside(box, point); };
+  const auto containsRing = [&](const Polygon& ring) { return std::all_of(ring.begin(), ring.end(), contains); };
   return std::all_of(outlines.segments.begin(), outlines.segments.end(),
                      [&](const Segment& segment) {
-                       return segment.startsHere && segment.endsHere && holds(segment.from) && holds(segment.to);
+                       return segment.startsHere && segment.endsHere && contains(segment.from) && contains(segment.to);
                      }) &&
-         std::all_of(outlines.points.begin(), outlines.points.end(), holds) &&
+         std::all_of(outlines.points.begin(), outlines.points.end(), contains) &&
          std::all_of(outlines.fills.begin(), outlines.fills.end(), [&](const std::vector<Polygon>& rings) {
-           return std::all_of(rings.begin(), rings.end(), holdsRing);
+           return std::all_of(rings.begin(), rings.end(), containsRing);
          });
 }
 

@@ -26,17 +26,17 @@ public:
   OdSmartPtr() = default;
   // From null; from a raw pointer, adding a reference or (kOdRxObjAttach) taking over one of the caller.
   OdSmartPtr(std::nullptr_t) {}
-  OdSmartPtr(T* object) : object_(object) { hold(); }
+  OdSmartPtr(T* object) : object_(object) { addReference(); }
   OdSmartPtr(T* object, OdRxObjMod) : object_(object) {}
-  OdSmartPtr(const OdSmartPtr& other) : object_(other.object_) { hold(); }
+  OdSmartPtr(const OdSmartPtr& other) : object_(other.object_) { addReference(); }
   OdSmartPtr(OdSmartPtr&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
   // From a pointer to another class: unless T is a base of it, the conversion is checked and throws
   // OdError_NotThatKindOfClass for an object of another class. Null converts to null.
   template <class U, class = std::enable_if_t<!std::is_same_v<U, T>>>
   OdSmartPtr(const OdSmartPtr<U>& other) : object_(convert(other.get())) {
-    hold();
+    addReference();
   }
-  ~OdSmartPtr() { letGo(); }
+  ~OdSmartPtr() { dropReference(); }
 
   OdSmartPtr& operator=(const OdSmartPtr& other) {
     OdSmartPtr copy(other);
@@ -45,7 +45,7 @@ public:
   }
   OdSmartPtr& operator=(OdSmartPtr&& other) noexcept {
     if (this != &other) {
-      letGo();
+      dropReference();
       object_ = std::exchange(other.object_, nullptr);
     }
     return *this;
@@ -61,7 +61,7 @@ public:
 
   // Makes the pointer null.
   void release() {
-    letGo();
+    dropReference();
     object_ = nullptr;
   }
   // Makes the pointer null and gives its reference to the caller.
@@ -83,11 +83,11 @@ private:
       drawing::throwNullPointer();
     return object_;
   }
-  void hold() const {
+  void addReference() const {
     if (object_ != nullptr)
       object_->addRef();
   }
-  void letGo() const {
+  void dropReference() const {
     if (object_ != nullptr)
       object_->release();
   }

@@ -41,8 +41,8 @@ bool isText(const Group& group) {
 }
 
 template <std::size_t Count>
-void findIn(const GroupList& groups, HeldName::List list, std::string_view record, const NameGroup (&table)[Count],
-            std::vector<HeldName>& names) {
+void findIn(const GroupList& groups, TextualReference::List list, std::string_view record,
+            const NameGroup (&table)[Count], std::vector<TextualReference>& names) {
   for (std::size_t i = 0; i < groups.size(); ++i) {
     if (!isText(groups[i]))
       continue;
@@ -69,51 +69,51 @@ bool isArrowOverride(const GroupList& groups, std::size_t at) {
   return variable >= 5 && variable <= 7;
 }
 
-void findInXData(const GroupList& groups, std::vector<HeldName>& names) {
+void findInXData(const GroupList& groups, std::vector<TextualReference>& names) {
   bool overrides = false;
   for (std::size_t i = 0; i < groups.size(); ++i) {
     if (!isText(groups[i]))
       continue;
     const int code = groups[i].code;
     if (code == 1001)
-      names.push_back({OdDb::kRegAppTable, HeldName::XData, i, true});
+      names.push_back({OdDb::kRegAppTable, TextualReference::XData, i, true});
     else if (code == 1003)
-      names.push_back({OdDb::kLayerTable, HeldName::XData, i, true});
+      names.push_back({OdDb::kLayerTable, TextualReference::XData, i, true});
     else if (overrides && isArrowOverride(groups, i))
-      names.push_back({OdDb::kBlockTable, HeldName::XData, i, true});
+      names.push_back({OdDb::kBlockTable, TextualReference::XData, i, true});
     overrides = code == 1001 ? false : overrides || (code == 1000 && groups.textOf(groups[i]) == "DSTYLE");
   }
 }
 
 } // namespace
 
-const GroupList& listOf(const OdDbObject& object, const HeldName& name) {
-  if (name.list == HeldName::Section)
+const GroupList& listOf(const OdDbObject& object, const TextualReference& name) {
+  if (name.list == TextualReference::Section)
     return *sectionOf(object);
-  return name.list == HeldName::XData ? *object.xDataGroups() : *object.carriedOrNull();
+  return name.list == TextualReference::XData ? *object.xDataGroups() : *object.carriedOrNull();
 }
 
-GroupList& listForWrite(OdDbObject& object, const HeldName& name) {
-  if (name.list == HeldName::XData)
+GroupList& listForWrite(OdDbObject& object, const TextualReference& name) {
+  if (name.list == TextualReference::XData)
     return object.xDataGroupsForWrite();
-  if (name.list == HeldName::Carried)
+  if (name.list == TextualReference::Carried)
     return object.carried();
   object.assertWriteEnabled();
   return const_cast<GroupList&>(*sectionOf(object)); // open for write, and so is all that it holds
 }
 
-void heldNames(const OdDbObject& object, std::vector<HeldName>& names) {
+void collectTextualReferences(const OdDbObject& object, std::vector<TextualReference>& names) {
   if (const GroupList* section = sectionOf(object))
-    findIn(*section, HeldName::Section, object.dxfName(), kCarriedNames, names);
+    findIn(*section, TextualReference::Section, object.dxfName(), kCarriedNames, names);
   if (object.extrasOrNull() == nullptr)
     return;
   if (const GroupList& carried = *object.carriedOrNull(); !carried.empty()) {
     const auto* entity = dynamic_cast<const OdDbCarriedEntity*>(&object);
     const std::string record = object.dxfName();
     if (entity != nullptr && entity->isUnread())
-      findIn(carried, HeldName::Carried, record, kUnreadNames, names);
+      findIn(carried, TextualReference::Carried, record, kUnreadNames, names);
     else
-      findIn(carried, HeldName::Carried, record, kCarriedNames, names);
+      findIn(carried, TextualReference::Carried, record, kCarriedNames, names);
   }
   findInXData(*object.xDataGroups(), names);
 }

@@ -5,7 +5,7 @@
 
 namespace drawing {
 
-struct HeldName {
+struct TextualReference {
   enum List : std::uint8_t { Carried, XData, Section }; // Section: one that the object keeps as files hold it
   OdDb::SymbolTableKind kind;
   List list;
@@ -13,11 +13,11 @@ struct HeldName {
   bool certain;   // else the text may be anything that happens to read like a name
 };
 
-const GroupList& listOf(const OdDbObject& object, const HeldName& name);
-GroupList& listForWrite(OdDbObject& object, const HeldName& name);
+const GroupList& listOf(const OdDbObject& object, const TextualReference& name);
+GroupList& listForWrite(OdDbObject& object, const TextualReference& name);
 
 // Appends what the object's carried groups and extended data hold.
-void heldNames(const OdDbObject& object, std::vector<HeldName>& names);
+void collectTextualReferences(const OdDbObject& object, std::vector<TextualReference>& names);
 
 struct NameVariable {
   const char* variable;       // of the header

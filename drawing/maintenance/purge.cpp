@@ -194,11 +194,11 @@ private:
   // A record that is named and referred to by one object is used once.
   void collectNames(const OdDbObject& object, std::vector<OdDbObjectId>& ids) {
     names_.clear();
-    heldNames(object, names_);
+    collectTextualReferences(object, names_);
     if (names_.empty())
       return;
     std::unordered_set<OdDbObjectId> known(ids.begin(), ids.end());
-    for (const HeldName& name : names_) {
+    for (const TextualReference& name : names_) {
       const GroupList& list = listOf(object, name);
       const OdDbObjectId id = database_.symbol(name.kind, list.stringOf(list[name.at]));
       if (!id.isNull() && known.insert(id).second)
@@ -210,8 +210,8 @@ private:
     const std::uint32_t from = unitOf(by.objectId());
     if (from == used.number())
       return;
-    const OdDbObjectId holder = topLevelUser(by);
-    ++times_[(static_cast<std::uint64_t>(holder.number()) << 32) | used.number()];
+    const OdDbObjectId user = topLevelUser(by);
+    ++times_[(static_cast<std::uint64_t>(user.number()) << 32) | used.number()];
     edges_.emplace_back(from, used.number());
   }
 
@@ -254,10 +254,10 @@ private:
     const std::uint32_t serial = database_.store().serial();
     for (const auto& [key, times] : times_) {
       const OdDbObjectId used(serial, static_cast<std::uint32_t>(key));
-      const OdDbObjectId holder(serial, static_cast<std::uint32_t>(key >> 32));
-      if (staying.count(used.number()) == 0 || staying.count(unitOf(holder)) == 0)
+      const OdDbObjectId user(serial, static_cast<std::uint32_t>(key >> 32));
+      if (staying.count(used.number()) == 0 || staying.count(unitOf(user)) == 0)
         continue;
-      plan_.uses_[used].push_back({holder, "", times});
+      plan_.uses_[used].push_back({user, "", times});
     }
     for (auto& [used, uses] : plan_.uses_)
       std::sort(uses.begin(), uses.end(), [](const auto& a, const auto& b) { return a.by < b.by; });
@@ -274,7 +274,7 @@ private:
   PurgePlan& plan_;
   std::vector<std::uint32_t> units_; // by object number: the candidate above, or kOutside
   PurgeCollector collector_;
-  std::vector<HeldName> names_;
+  std::vector<TextualReference> names_;
   std::vector<OdDbObjectId> shapeFiles_; // candidates
   std::vector<std::pair<std::uint32_t, std::uint32_t>> edges_;
   std::unordered_map<std::uint64_t, std::size_t> times_; // by holder and candidate

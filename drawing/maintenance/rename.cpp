@@ -52,7 +52,7 @@ public:
     for (OdDbObjectId id : database_.allIds()) {
       OdDbObject* object = peek(id);
       if (lives(object))
-        changeHeld(*object);
+        renameTextualReferences(*object);
     }
     const WriteScope scope(record_);
     record_.setName(to_);
@@ -73,10 +73,10 @@ private:
     }
   }
 
-  void changeHeld(OdDbObject& object) {
+  void renameTextualReferences(OdDbObject& object) {
     names_.clear();
-    heldNames(object, names_);
-    for (const HeldName& name : names_) {
+    collectTextualReferences(object, names_);
+    for (const TextualReference& name : names_) {
       const GroupList& list = listOf(object, name);
       if (name.kind != kind_ || !name.certain || list.stringOf(list[name.at]).iCompare(from_) != 0)
         continue;
@@ -102,7 +102,7 @@ private:
   OdDbSymbolTableRecord& record_;
   OdDb::SymbolTableKind kind_;
   OdString from_, to_;
-  std::vector<HeldName> names_;
+  std::vector<TextualReference> names_;
 };
 
 RenameResult mayRename(const OdDbSymbolTableRecord& record) {
@@ -128,8 +128,8 @@ RenameResult renameRecord(OdDbDatabase& database, OdDb::SymbolTableKind kind, co
     return refused;
   if (nameFault(to, database.facts().version) != NameFault::None)
     return RenameResult::Illegal;
-  const OdDbObjectId holder = database.symbol(kind, to);
-  if (!holder.isNull() && holder != id)
+  const OdDbObjectId existing = database.symbol(kind, to);
+  if (!existing.isNull() && existing != id)
     return RenameResult::Taken;
   if (record->getName() != to)
     Renaming(database, *record, to).run();

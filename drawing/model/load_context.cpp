@@ -212,11 +212,11 @@ OdDbObjectId LoadContext::makeMissing(OdDb::SymbolTableKind kind, const OdString
   OdRxObjectPtr made = recordClass(kind)->create();
   if (made.isNull())
     return {};
-  OdDbSymbolTable& holder = table(kind);
+  OdDbSymbolTable& ownerTable = table(kind);
   OdSmartPtr<OdDbSymbolTableRecord> record = made;
   record->setName(name);
-  OdDbObjectId id = database_.addOdDbObject(record.get(), holder.objectId());
-  holder.adopt(record.get());
+  OdDbObjectId id = database_.addOdDbObject(record.get(), ownerTable.objectId());
+  ownerTable.adopt(record.get());
   missing_.emplace(id, pair.line);
   return id;
 }

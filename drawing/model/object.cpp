@@ -180,7 +180,7 @@ void OdDbObject::visitReferences(drawing::ReferenceVisitor& visitor) {
   for (const drawing::Section* section : description().sections()) {
     for (const drawing::Field& field : section->fields) {
       if (field.kind == drawing::FieldKind::Reference && !field.readOnly)
-        visitor.visit(*static_cast<OdDbObjectId*>(field.at(*this)), field.holds);
+        visitor.visit(*static_cast<OdDbObjectId*>(field.at(*this)), field.referenceType);
     }
   }
   if (!extras_)
@@ -212,7 +212,7 @@ void OdDbObject::dropLostReactors() {
 void OdDbObject::afterClone(const OdDbObject&, OdDbIdMapping&) {}
 void OdDbObject::afterLoad() {}
 
-void drawing::listOwned(const GroupList& groups, OdDbObjectId holder, std::vector<OdDbObjectId>& ids) {
+void drawing::listOwned(const GroupList& groups, OdDbObjectId listOwner, std::vector<OdDbObjectId>& ids) {
   for (std::size_t i = 0; i < groups.size(); ++i) {
     if (groups[i].kind != GroupKind::Reference)
       continue;
@@ -223,7 +223,7 @@ void drawing::listOwned(const GroupList& groups, OdDbObjectId holder, std::vecto
     // Some programs leave helpers without an owner; tables and dictionaries may stand at the top.
     const bool ownerless = object->ownerId().isNull() && type == OdDb::kHardOwnershipRef &&
                            !object->isKindOf(OdDbDictionary::desc()) && !object->isKindOf(OdDbSymbolTable::desc());
-    if (object->ownerId() == holder || ownerless)
+    if (object->ownerId() == listOwner || ownerless)
       ids.push_back(object->objectId());
   }
 }

@@ -33,7 +33,7 @@ OdDbDatabase* OdDbObjectId::database() const {
 
 OdDbHandle OdDbObjectId::getHandle() const {
   const Store* store = Store::of(*this);
-  return store == nullptr || !store->holds(number()) ? OdDbHandle(0) : store->handle(*this);
+  return store == nullptr || !store->contains(number()) ? OdDbHandle(0) : store->handle(*this);
 }
 
 OdRxClass* OdDbObjectId::objectClass() const {

@@ -43,7 +43,7 @@ public:
 
   OdDbObject* object(OdDbObjectId id) const { return stub(id.number()).object; }
   OdDbHandle handle(OdDbObjectId id) const { return stub(id.number()).handle; }
-  bool holds(std::uint32_t number) const { return number != 0 && number < count_; }
+  bool contains(std::uint32_t number) const { return number != 0 && number < count_; }
   std::uint32_t count() const { return count_; } // numbers run from 1 to count - 1
 
   // Makes the object resident; the store owns it from now on. A handle that is 0 or taken is replaced by a new one.
@@ -95,7 +95,7 @@ private:
 // The object behind an id, erased or not, without opening it; null when there is none.
 inline OdDbObject* peek(OdDbObjectId id) {
   Store* store = Store::of(id);
-  return store != nullptr && store->holds(id.number()) ? store->object(id) : nullptr;
+  return store != nullptr && store->contains(id.number()) ? store->object(id) : nullptr;
 }
 
 inline bool lives(const OdDbObject* object) {
@@ -129,6 +129,6 @@ private:
 // Every reference of a carried list.
 void visitGroups(GroupList& groups, ReferenceVisitor& visitor);
 // Objects that a carried list owns: those it names as its own and that name `holder` as their owner, or none.
-void listOwned(const GroupList& groups, OdDbObjectId holder, std::vector<OdDbObjectId>& ids);
+void listOwned(const GroupList& groups, OdDbObjectId listOwner, std::vector<OdDbObjectId>& ids);
 
 } // namespace drawing

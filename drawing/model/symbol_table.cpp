@@ -169,8 +169,8 @@ void OdDbSymbolTableRecord::setName(const OdString& name) {
     name_ = name;
     return;
   }
-  const OdDbObjectId holder = table->getAt(name);
-  if (!holder.isNull() && holder != objectId())
+  const OdDbObjectId existing = table->getAt(name);
+  if (!existing.isNull() && existing != objectId())
     throw OdError(eDuplicateRecordName);
   table->nameChanges(*this, name_, name);
   name_ = name;

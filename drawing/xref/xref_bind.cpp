@@ -54,17 +54,17 @@ void erase(OdDbObject& object) {
 }
 
 // Records that the drawing holds of the reference: SITE|WALLS.
-std::vector<OdDbSymbolTableRecord*> heldOf(const OdDbDatabase& database, const OdString& reference,
-                                           OdDb::SymbolTableKind kind) {
-  std::vector<OdDbSymbolTableRecord*> held;
+std::vector<OdDbSymbolTableRecord*> dependentRecords(const OdDbDatabase& database, const OdString& reference,
+                                                     OdDb::SymbolTableKind kind) {
+  std::vector<OdDbSymbolTableRecord*> dependents;
   const auto* table = peekAs<OdDbSymbolTable>(database.getSymbolTableId(kind));
   const OdString start = reference + L'|';
   for (std::size_t i = 0; table != nullptr && i < table->members().size(); ++i) {
     auto* record = peekAs<OdDbSymbolTableRecord>(table->members()[i]);
     if (lives(record) && record->getName().left(start.getLength()).iCompare(start) == 0)
-      held.push_back(record);
+      dependents.push_back(record);
   }
-  return held;
+  return dependents;
 }
 
 OdString ownName(const OdString& reference, const OdDbSymbolTableRecord& record) {
@@ -131,7 +131,7 @@ private:
     std::unordered_map<OdDbObjectId, OdDbObjectId> replacements;
     for (int kind = 0; kind < OdDb::kBlockTable; ++kind) {
       const auto tableKind = static_cast<OdDb::SymbolTableKind>(kind);
-      for (OdDbSymbolTableRecord* record : heldOf(database_, name, tableKind)) {
+      for (OdDbSymbolTableRecord* record : dependentRecords(database_, name, tableKind)) {
         const OdDbObjectId theirs = external.symbol(tableKind, ownName(name, *record));
         bindRecord(*record, name);
         if (!theirs.isNull())
@@ -143,13 +143,13 @@ private:
 
   // Definitions that the drawing held of the reference were names without contents.
   void replaceDefinitions(const OdString& name, const OdDbDatabase& external, const OdDbIdMapping& mapping) {
-    for (OdDbSymbolTableRecord* record : heldOf(database_, name, OdDb::kBlockTable)) {
-      auto& held = static_cast<OdDbBlockTableRecord&>(*record);
-      const OdDbObjectId theirs = external.symbol(OdDb::kBlockTable, ownName(name, held));
+    for (OdDbSymbolTableRecord* record : dependentRecords(database_, name, OdDb::kBlockTable)) {
+      auto& dependent = static_cast<OdDbBlockTableRecord&>(*record);
+      const OdDbObjectId theirs = external.symbol(OdDb::kBlockTable, ownName(name, dependent));
       const OdDbObjectId bound = mapping.valueOf(theirs);
-      const OdDbObjectIdArray references = held.getBlockReferenceIds();
+      const OdDbObjectIdArray references = dependent.getBlockReferenceIds();
       if (bound.isNull() && !references.isEmpty()) {
-        bindRecord(held, name);
+        bindRecord(dependent, name);
         continue;
       }
       for (const OdDbObjectId& id : references) {
@@ -157,7 +157,7 @@ private:
         const WriteScope scope(reference);
         reference.setBlockTableRecord(bound);
       }
-      erase(held);
+      erase(dependent);
     }
   }
 
@@ -220,16 +220,17 @@ DetachedXref detachXref(OdDbDatabase& database, OdDbObjectId id) {
   for (const OdDbObjectId& reference : references)
     erase(*peek(reference));
   answer.references = references.size();
-  OdDbObjectIdArray held;
+  OdDbObjectIdArray dependents;
   for (int kind = 0; kind < OdDb::kSymbolTableCount; ++kind) {
-    for (OdDbSymbolTableRecord* record : heldOf(database, block->getName(), static_cast<OdDb::SymbolTableKind>(kind))) {
+    for (OdDbSymbolTableRecord* record :
+         dependentRecords(database, block->getName(), static_cast<OdDb::SymbolTableKind>(kind))) {
       bindRecord(*record, block->getName());
-      held.append(record->objectId());
+      dependents.append(record->objectId());
     }
   }
   erase(*block);
-  database.purge(held);
-  for (const OdDbObjectId& unused : held)
+  database.purge(dependents);
+  for (const OdDbObjectId& unused : dependents)
     erase(*peek(unused));
   return answer;
 }

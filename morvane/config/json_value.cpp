@@ -67,8 +67,8 @@ bool setAt(morvane::JsonDocument& document, const std::vector<std::string>& plac
   json* parent = makeParent(*start, keys);
   if (parent == nullptr)
     return false;
-  json* held = childOf(*parent, keys.back());
-  (held != nullptr ? *held : (*parent)[keys.back()]) = std::move(value);
+  json* existing = childOf(*parent, keys.back());
+  (existing != nullptr ? *existing : (*parent)[keys.back()]) = std::move(value);
   document.changed = true;
   return true;
 }

@@ -166,9 +166,9 @@ int HeaderVariables::set(std::wstring_view name, const VariableValue& value) {
     return setCurrentLayer(*database_, value);
   if (key == kCurrentScale)
     return setCurrentScale(*database_, value);
-  const GroupList* held = database_->headerVar(key);
+  const GroupList* existing = database_->headerVar(key);
   const Absent* absent = findAbsent(key);
-  const int code = held != nullptr ? (*held)[0].code : absent->code;
+  const int code = existing != nullptr ? (*existing)[0].code : absent->code;
   database_->setHeaderVar(key, std::visit(ToGroups{code}, value));
   return RTNORM;
 }

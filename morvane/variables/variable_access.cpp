@@ -82,13 +82,13 @@ int readAs(const char* operation, const wchar_t* name, T& value, bool quiet) {
   morvane::Host* host = morvane::admitCall(operation);
   if (host == nullptr || name == nullptr)
     return RTERROR;
-  const auto held = host->variables().get(name);
-  if (!held) {
+  const auto stored = host->variables().get(name);
+  if (!stored) {
     if (!quiet)
       mvsiutPrintf(morvane::texts::kUnknownVariable, name);
     return RTERROR;
   }
-  const T* typed = std::get_if<T>(&*held);
+  const T* typed = std::get_if<T>(&*stored);
   if (typed == nullptr)
     return RTREJ;
   value = *typed;

@@ -105,8 +105,8 @@ int VariableStore::set(std::wstring_view name, const VariableValue& value) {
   const std::wstring key = inCapitals(name);
   const bool fits = allFinite(value) && inRange(key, value);
   if (DrawingVariables* header = drawing()) {
-    if (const auto held = header->get(key))
-      return fits && held->index() == value.index() ? header->set(key, value) : RTREJ;
+    if (const auto existing = header->get(key))
+      return fits && existing->index() == value.index() ? header->set(key, value) : RTREJ;
   }
   const auto found = own_.find(key);
   if (found == own_.end())

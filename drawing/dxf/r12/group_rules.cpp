@@ -141,10 +141,10 @@ bool isEarlyKind(std::string_view kind) {
 }
 
 bool hasEarlyCode(std::string_view kind, int code) {
-  const auto holds = [code](const Range& range) { return code >= range.first && code <= range.last; };
+  const auto contains = [code](const Range& range) { return code >= range.first && code <= range.last; };
   const Kind* known = find(kind);
-  return known != nullptr && (std::any_of(known->codes.begin(), known->codes.end(), holds) ||
-                              (known->isEntity && std::any_of(std::begin(kCommon), std::end(kCommon), holds)));
+  return known != nullptr && (std::any_of(known->codes.begin(), known->codes.end(), contains) ||
+                              (known->isEntity && std::any_of(std::begin(kCommon), std::end(kCommon), contains)));
 }
 
 OdDb::SymbolTableKind earlyNameTable(std::string_view kind, int code) {

@@ -32,7 +32,7 @@ struct Field {
   FieldKind kind = FieldKind::Real;
   OdDb::SymbolTableKind byName = OdDb::kNoTable;    // a reference that files store as the name of a record
   OdDb::SymbolTableKind maybeName = OdDb::kNoTable; // some files store the name of the record instead of its handle
-  OdDb::ReferenceType holds = OdDb::kHardPointerRef;
+  OdDb::ReferenceType referenceType = OdDb::kHardPointerRef;
   OdDb::DwgVersion since = OdDb::kRelease2000; // absent in files of earlier versions
   bool degrees = false;                        // radians in memory, degrees in files
   bool optional = false;                       // not written if it equals the default
@@ -77,7 +77,7 @@ struct Field {
     return with([=](Field& f) { f.maybeName = table; });
   }
   constexpr Field ref(OdDb::ReferenceType type) const {
-    return with([=](Field& f) { f.holds = type; });
+    return with([=](Field& f) { f.referenceType = type; });
   }
   constexpr Field onlyRead() const {
     return with([](Field& f) { f.readOnly = true; });
