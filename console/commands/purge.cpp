@@ -34,13 +34,14 @@ std::vector<std::string> kindsOf(const OdString& option) {
 
 // What could go, and why each block stays.
 void listAll(CommandContext& context) {
-  const std::vector<NamedThing> things = thingsToPurge(context.database, {});
-  for (const NamedThing& thing : purgeable(context.database, things))
-    context.session.result(Text::kPurgeable, {OdString::fromUtf8(thing.kind), thing.name});
-  for (const KeptThing& kept : keptThings(context.database, things)) {
+  const std::vector<NamedObject> objects = objectsToPurge(context.database, {});
+  for (const NamedObject& object : purgeable(context.database, objects))
+    context.session.result(Text::kPurgeable, {OdString::fromUtf8(object.kind), object.name});
+  for (const KeptObject& kept : keptObjects(context.database, objects)) {
     const bool isSpace = kept.status == drawing::PurgePlan::Status::Needed;
-    if (kept.thing.kind == "block" && !isSpace)
-      context.session.result(Text::kNotPurged, {OdString::fromUtf8(kept.thing.kind), kept.thing.name, reasonOf(kept)});
+    if (kept.object.kind == "block" && !isSpace)
+      context.session.result(Text::kNotPurged,
+                             {OdString::fromUtf8(kept.object.kind), kept.object.name, reasonOf(kept)});
   }
 }
 
@@ -53,9 +54,9 @@ void purge(CommandContext& context) {
       listAll(context);
       continue;
     }
-    const auto purged = console::purge(context.database, thingsToPurge(context.database, kindsOf(option)));
-    for (const NamedThing& thing : purged)
-      context.session.result(Text::kPurged, {OdString::fromUtf8(thing.kind), thing.name});
+    const auto purged = console::purge(context.database, objectsToPurge(context.database, kindsOf(option)));
+    for (const NamedObject& object : purged)
+      context.session.result(Text::kPurged, {OdString::fromUtf8(object.kind), object.name});
     if (purged.empty())
       context.session.print(Text::kNothingToPurge);
     else

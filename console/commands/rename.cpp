@@ -30,7 +30,7 @@ void rename(CommandContext& context) {
   const OdDb::SymbolTableKind kind = askKind(session);
   const OdString from = askText(session, Text::kPromptOldName).value_or(OdString());
   const OdString to = askText(session, Text::kPromptNewName).value_or(OdString());
-  renameThing(session, kind, from, to);
+  renameSymbolRecord(session, kind, from, to);
   session.print(Text::kRenamed, {OdString::fromUtf8(renameKindName(kind)), from, to});
 }
 

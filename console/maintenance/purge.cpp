@@ -20,10 +20,10 @@ OdString purgeName(OdDbObjectId id) {
   return dictionary == nullptr ? OdString() : dictionary->nameAt(id);
 }
 
-OdDbObjectIdArray idsOf(const std::vector<NamedThing>& things) {
+OdDbObjectIdArray idsOf(const std::vector<NamedObject>& objects) {
   OdDbObjectIdArray ids;
-  for (const NamedThing& thing : things)
-    ids.append(thing.id);
+  for (const NamedObject& object : objects)
+    ids.append(object.id);
   return ids;
 }
 
@@ -31,11 +31,11 @@ OdString ascii(const std::string& text) {
   return OdString::fromUtf8(text);
 }
 
-OdString useText(const KeptThing& kept, const PurgePlan::Use& use) {
+OdString useText(const KeptObject& kept, const PurgePlan::Use& use) {
   if (use.by.isNull())
     return render(Text::kUseByVariable, {ascii(use.variable)});
-  const NamedThing by = thingOf(use.by);
-  if (by.kind == "dimension style" && kept.thing.kind == "block")
+  const NamedObject by = namedObject(use.by);
+  if (by.kind == "dimension style" && kept.object.kind == "block")
     return render(Text::kUseByArrow, {by.name});
   if (by.kind == "block")
     return render(Text::kUseByBlock, {by.name, count(use.times)});
@@ -56,49 +56,49 @@ const std::vector<std::string>& purgeKindNames() {
   return names;
 }
 
-std::vector<NamedThing> thingsToPurge(OdDbDatabase& database, const std::vector<std::string>& kinds) {
-  std::vector<NamedThing> things;
+std::vector<NamedObject> objectsToPurge(OdDbDatabase& database, const std::vector<std::string>& kinds) {
+  std::vector<NamedObject> objects;
   for (const drawing::PurgeKind& kind : drawing::purgeKinds()) {
     if (!kinds.empty() && std::find(kinds.begin(), kinds.end(), kind.name) == kinds.end())
       continue;
     for (OdDbObjectId id : drawing::objectsOfKind(database, kind))
-      things.push_back({kind.name, purgeName(id), id});
+      objects.push_back({kind.name, purgeName(id), id});
   }
-  return things;
+  return objects;
 }
 
-std::vector<NamedThing> purgeable(OdDbDatabase& database, const std::vector<NamedThing>& things) {
-  OdDbObjectIdArray ids = idsOf(things);
+std::vector<NamedObject> purgeable(OdDbDatabase& database, const std::vector<NamedObject>& objects) {
+  OdDbObjectIdArray ids = idsOf(objects);
   database.purge(ids);
-  std::vector<NamedThing> found;
+  std::vector<NamedObject> found;
   OdDbObjectIdArray::size_type next = 0;
-  for (const NamedThing& thing : things) {
-    if (next < ids.size() && ids[next] == thing.id) {
-      found.push_back(thing);
+  for (const NamedObject& object : objects) {
+    if (next < ids.size() && ids[next] == object.id) {
+      found.push_back(object);
       ++next;
     }
   }
   return found;
 }
 
-std::vector<NamedThing> purge(OdDbDatabase& database, const std::vector<NamedThing>& things) {
-  std::vector<NamedThing> purged = purgeable(database, things);
-  for (const NamedThing& thing : purged)
-    OdDbObjectPtr(thing.id.safeOpenObject(OdDb::kForWrite))->erase();
+std::vector<NamedObject> purge(OdDbDatabase& database, const std::vector<NamedObject>& objects) {
+  std::vector<NamedObject> purged = purgeable(database, objects);
+  for (const NamedObject& object : purged)
+    OdDbObjectPtr(object.id.safeOpenObject(OdDb::kForWrite))->erase();
   return purged;
 }
 
-std::vector<KeptThing> keptThings(OdDbDatabase& database, const std::vector<NamedThing>& things) {
-  const PurgePlan plan(database, idsOf(things));
-  std::vector<KeptThing> kept;
-  for (const NamedThing& thing : things) {
-    if (const auto status = plan.statusOf(thing.id); status != PurgePlan::Status::Purgeable)
-      kept.push_back({thing, status, plan.usesOf(thing.id)});
+std::vector<KeptObject> keptObjects(OdDbDatabase& database, const std::vector<NamedObject>& objects) {
+  const PurgePlan plan(database, idsOf(objects));
+  std::vector<KeptObject> kept;
+  for (const NamedObject& object : objects) {
+    if (const auto status = plan.statusOf(object.id); status != PurgePlan::Status::Purgeable)
+      kept.push_back({object, status, plan.usesOf(object.id)});
   }
   return kept;
 }
 
-NamedThing thingOf(OdDbObjectId id) {
+NamedObject namedObject(OdDbObjectId id) {
   const OdDbObjectPtr object = id.safeOpenObject();
   if (const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(object.get()))
     return {block->isLayout() ? "space" : "block", block->getName(), id};
@@ -113,7 +113,7 @@ NamedThing thingOf(OdDbObjectId id) {
   return {object->dxfName(), name.isEmpty() ? ascii(id.getHandle().ascii()) : name, id};
 }
 
-OdString reasonOf(const KeptThing& kept) {
+OdString reasonOf(const KeptObject& kept) {
   if (kept.status == PurgePlan::Status::Needed)
     return render(Text::kUseNeeded);
   if (kept.status == PurgePlan::Status::External)

@@ -49,7 +49,7 @@ const char* renameKindName(OdDb::SymbolTableKind kind) {
   return "";
 }
 
-void renameThing(Session& session, OdDb::SymbolTableKind kind, const OdString& from, const OdString& to) {
+void renameSymbolRecord(Session& session, OdDb::SymbolTableKind kind, const OdString& from, const OdString& to) {
   const OdString what = OdString::fromUtf8(renameKindName(kind));
   if (kind == OdDb::kBlockTable && blockUtils::isExternalDependent(from))
     refuse(Text::kNameExternal, {from});

@@ -8,6 +8,6 @@ namespace console {
 // "block", "layer", "line type", "text style", "dimension style"
 const char* renameKindName(OdDb::SymbolTableKind kind);
 // Throws and changes nothing when the record cannot have the name.
-void renameThing(Session& session, OdDb::SymbolTableKind kind, const OdString& from, const OdString& to);
+void renameSymbolRecord(Session& session, OdDb::SymbolTableKind kind, const OdString& from, const OdString& to);
 
 } // namespace console

@@ -5,8 +5,8 @@
 namespace console::verbs {
 namespace {
 
-Json jsonOf(const NamedThing& thing) {
-  return {{"kind", thing.kind}, {"name", thing.name.toUtf8Lossless()}, {"handle", thing.id.getHandle().ascii()}};
+Json jsonOf(const NamedObject& object) {
+  return {{"kind", object.kind}, {"name", object.name.toUtf8Lossless()}, {"handle", object.id.getHandle().ascii()}};
 }
 
 Json jsonOf(const drawing::PurgePlan::Use& use) {
@@ -14,7 +14,7 @@ Json jsonOf(const drawing::PurgePlan::Use& use) {
   if (use.by.isNull())
     json["variable"] = use.variable;
   else
-    json = jsonOf(thingOf(use.by));
+    json = jsonOf(namedObject(use.by));
   json["times"] = use.times;
   return json;
 }
@@ -53,31 +53,31 @@ public:
 private:
   void work(Session& session, Json& results) {
     OdDbDatabase& database = session.database();
-    const std::vector<NamedThing> things = thingsToPurge(database, kinds_);
+    const std::vector<NamedObject> objects = objectsToPurge(database, kinds_);
     if (why_)
-      reportKept(session, keptThings(database, things), results);
-    purged_ = dry_ ? purgeable(database, things) : console::purge(database, things);
+      reportKept(session, keptObjects(database, objects), results);
+    purged_ = dry_ ? purgeable(database, objects) : console::purge(database, objects);
     results["purged"] = Json::array();
-    for (const NamedThing& thing : purged_)
-      results["purged"].push_back(jsonOf(thing));
+    for (const NamedObject& object : purged_)
+      results["purged"].push_back(jsonOf(object));
   }
 
-  static void reportKept(Session& session, const std::vector<KeptThing>& all, Json& results) {
+  static void reportKept(Session& session, const std::vector<KeptObject>& all, Json& results) {
     results["kept"] = Json::array();
-    for (const KeptThing& kept : all) {
-      Json json = jsonOf(kept.thing);
+    for (const KeptObject& kept : all) {
+      Json json = jsonOf(kept.object);
       json["standing"] = statusName(kept.status);
       json["uses"] = Json::array();
       for (const drawing::PurgePlan::Use& use : kept.uses)
         json["uses"].push_back(jsonOf(use));
       results["kept"].push_back(std::move(json));
-      session.result(Text::kNotPurged, {OdString::fromUtf8(kept.thing.kind), kept.thing.name, reasonOf(kept)});
+      session.result(Text::kNotPurged, {OdString::fromUtf8(kept.object.kind), kept.object.name, reasonOf(kept)});
     }
   }
 
   void printSummary(Session& session) {
-    for (const NamedThing& thing : purged_)
-      session.result(dry_ ? Text::kPurgeable : Text::kPurged, {OdString::fromUtf8(thing.kind), thing.name});
+    for (const NamedObject& object : purged_)
+      session.result(dry_ ? Text::kPurgeable : Text::kPurged, {OdString::fromUtf8(object.kind), object.name});
     if (purged_.empty())
       session.print(Text::kNothingToPurge);
     else if (!dry_)
@@ -87,7 +87,7 @@ private:
   OptionTable* verb_ = nullptr;
   JobFiles files_;
   std::vector<std::string> kinds_;
-  std::vector<NamedThing> purged_;
+  std::vector<NamedObject> purged_;
   bool dry_ = false;
   bool why_ = false;
   bool json_ = false;

@@ -60,7 +60,7 @@ private:
   void work(Session& session, Json& results) {
     results["renamed"] = Json::array();
     for (const Wish& wish : wishes_) {
-      renameThing(session, wish.kind, wish.from, wish.to);
+      renameSymbolRecord(session, wish.kind, wish.from, wish.to);
       results["renamed"].push_back({{"kind", renameKindName(wish.kind)},
                                     {"from", wish.from.toUtf8Lossless()},
                                     {"to", wish.to.toUtf8Lossless()}});
