@@ -25,11 +25,11 @@ int main(int argc, char** argv) {
     std::fputs("usage: one_job JOB ENTITIES TIMES\n", stderr);
     return 2;
   }
-  std::size_t answer = 0;
+  std::size_t result = 0;
   CALLGRIND_START_INSTRUMENTATION;
   for (long i = 0; i < std::atol(argv[3]); ++i)
-    answer = job->run();
+    result = job->run();
   CALLGRIND_STOP_INSTRUMENTATION;
-  std::printf("%zu\n", answer);
+  std::printf("%zu\n", result);
   return 0;
 }

@@ -12,12 +12,12 @@ namespace {
 // The object as the service, with one reference; null when it is of another kind.
 template <class Service>
 OdSmartPtr<Service> castService(const OdRxObjectPtr& found) {
-  OdRxObject* answered = found->queryX(Service::desc());
-  if (answered == nullptr)
+  OdRxObject* queried = found->queryX(Service::desc());
+  if (queried == nullptr)
     return nullptr;
-  const OdRxObjectPtr held(answered, kOdRxObjAttach);
+  const OdRxObjectPtr held(queried, kOdRxObjAttach);
   // The interfaces share the descriptor of OdRxObject, which tells nothing apart.
-  return OdSmartPtr<Service>(dynamic_cast<Service*>(answered));
+  return OdSmartPtr<Service>(dynamic_cast<Service*>(queried));
 }
 
 template <class Service>

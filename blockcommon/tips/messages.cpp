@@ -22,8 +22,8 @@ MvJsonPtr show(const OdString& caption, const OdString& body, std::initializer_l
   return mvsi::mvuiMessageBoxEx(caption, body, buttons, kStyle, kKind, kExtra);
 }
 
-int pressed(const MvJsonPtr& answer, int ifNone) {
-  return answer.isNull() ? ifNone : answer->GetDataI("ControlBtn", ifNone);
+int pressed(const MvJsonPtr& result, int ifNone) {
+  return result.isNull() ? ifNone : result->GetDataI("ControlBtn", ifNone);
 }
 
 OdString withText(const wchar_t* format, const OdString& text) {

@@ -28,10 +28,10 @@ OdRxClass* OdRxObject::isA() const {
 }
 
 OdRxObject* OdRxObject::queryX(const OdRxClass* wanted) const {
-  auto* answer = isKindOf(wanted) ? const_cast<OdRxObject*>(this) : isA()->getX(wanted);
-  if (answer != nullptr)
-    answer->addRef();
-  return answer;
+  auto* result = isKindOf(wanted) ? const_cast<OdRxObject*>(this) : isA()->getX(wanted);
+  if (result != nullptr)
+    result->addRef();
+  return result;
 }
 
 bool OdRxObject::isKindOf(const OdRxClass* wanted) const {

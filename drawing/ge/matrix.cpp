@@ -26,7 +26,7 @@ void takeOut(double (&work)[n][2 * n], int pivot) {
 // Elimination with row exchange beside a unit matrix. Divisions by the entries themselves keep translations,
 // permutations and plain scales exact, which dividing cofactors by a determinant does not.
 template <int n>
-bool invertSquare(const OdGeMatrix3d& matrix, OdGeMatrix3d& answer) {
+bool invertSquare(const OdGeMatrix3d& matrix, OdGeMatrix3d& result) {
   double work[n][2 * n] = {};
   for (int row = 0; row < n; ++row) {
     std::copy_n(matrix.entry[row], n, work[row]);
@@ -43,7 +43,7 @@ bool invertSquare(const OdGeMatrix3d& matrix, OdGeMatrix3d& answer) {
   }
   for (int row = 0; row < n; ++row) {
     for (int column = 0; column < n; ++column)
-      answer.entry[row][column] = work[row][n + column] + 0.0; // no -0
+      result.entry[row][column] = work[row][n + column] + 0.0; // no -0
   }
   return true;
 }
@@ -238,11 +238,11 @@ bool OdGeMatrix3d::isAffine() const {
   return entry[3][0] == 0.0 && entry[3][1] == 0.0 && entry[3][2] == 0.0 && entry[3][3] == 1.0;
 }
 
-bool OdGeMatrix3d::inverse(OdGeMatrix3d& answer) const {
+bool OdGeMatrix3d::inverse(OdGeMatrix3d& result) const {
   if (!isAffine()) {
     OdGeMatrix3d found;
     const bool made = invertSquare<4>(*this, found) && allFinite(found);
-    answer = made ? found : answer;
+    result = made ? found : result;
     return made;
   }
   OdGeMatrix3d found = kIdentity;
@@ -251,15 +251,15 @@ bool OdGeMatrix3d::inverse(OdGeMatrix3d& answer) const {
   found.setTranslation(OdGeVector3d::kIdentity - rowTimes(found, translation()));
   if (!allFinite(found))
     return false;
-  answer = found;
+  result = found;
   return true;
 }
 
 OdGeMatrix3d OdGeMatrix3d::inverse() const {
-  OdGeMatrix3d answer;
-  if (!inverse(answer))
+  OdGeMatrix3d result;
+  if (!inverse(result))
     throw OdError(eDegenerateGeometry);
-  return answer;
+  return result;
 }
 
 OdGeMatrix3d OdGeMatrix3d::transpose() const {

@@ -24,7 +24,7 @@ std::vector<OdDbBlockTableRecord*> xrefsIn(const OdDbDatabase& database) {
 }
 
 // Whether all that the reference shows is there; loading has cut the circles.
-bool mayBind(const OdDbBlockTableRecord& reference, BoundXref& answer) {
+bool mayBind(const OdDbBlockTableRecord& reference, BoundXref& result) {
   std::vector<const OdDbBlockTableRecord*> open{&reference};
   std::unordered_set<const OdDbDatabase*> seen;
   while (!open.empty()) {
@@ -34,8 +34,8 @@ bool mayBind(const OdDbBlockTableRecord& reference, BoundXref& answer) {
     if (at.xrefStatus() == XrefStatus::NotFollowed && &at != &reference)
       continue;
     if (external == nullptr) {
-      answer.obstacle = at.getName();
-      answer.status = at.xrefStatus();
+      result.obstacle = at.getName();
+      result.status = at.xrefStatus();
       return false;
     }
     if (!seen.insert(external).second)
@@ -86,7 +86,7 @@ void bindRecord(OdDbSymbolTableRecord& record, const OdString& reference) {
 
 class Binding {
 public:
-  Binding(OdDbDatabase& database, BoundXref& answer) : database_(database), answer_(answer) {}
+  Binding(OdDbDatabase& database, BoundXref& result) : database_(database), result_(result) {}
 
   OdResult run(OdDbBlockTableRecord& reference) {
     open_.push_back({&reference, reference.xrefDatabase()});
@@ -180,46 +180,46 @@ private:
       open_.push_back({block, external});
       return;
     }
-    answer_.leftOut.push_back(nested.getName());
+    result_.leftOut.push_back(nested.getName());
     for (const OdDbObjectId& id : block->getBlockReferenceIds())
       erase(*peek(id));
     erase(*block);
   }
 
   OdDbDatabase& database_;
-  BoundXref& answer_;
+  BoundXref& result_;
   std::vector<Frame> open_;
 };
 
 } // namespace
 
 BoundXref bindXref(OdDbDatabase& database, OdDbObjectId id) {
-  BoundXref answer;
+  BoundXref result;
   auto* block = peekAs<OdDbBlockTableRecord>(id);
   if (!lives(block) || id.database() != &database || !block->isFromExternalReference())
-    return answer;
-  if (mayBind(*block, answer))
-    answer.isDone = Binding(database, answer).run(*block) == eOk;
-  return answer;
+    return result;
+  if (mayBind(*block, result))
+    result.isDone = Binding(database, result).run(*block) == eOk;
+  return result;
 }
 
 DetachedXref detachXref(OdDbDatabase& database, OdDbObjectId id) {
-  DetachedXref answer;
+  DetachedXref result;
   auto* block = peekAs<OdDbBlockTableRecord>(id);
   if (!lives(block) || id.database() != &database || !block->isFromExternalReference()) {
-    answer.result = eInvalidInput;
-    return answer;
+    result.result = eInvalidInput;
+    return result;
   }
   const OdDbObjectIdArray references = block->getBlockReferenceIds();
   for (const OdDbObjectId& reference : references) {
     OdDbObjectPtr opened;
-    answer.result = reference.openObject(opened, OdDb::kForWrite);
-    if (answer.result != eOk)
-      return answer;
+    result.result = reference.openObject(opened, OdDb::kForWrite);
+    if (result.result != eOk)
+      return result;
   }
   for (const OdDbObjectId& reference : references)
     erase(*peek(reference));
-  answer.references = references.size();
+  result.references = references.size();
   OdDbObjectIdArray dependents;
   for (int kind = 0; kind < OdDb::kSymbolTableCount; ++kind) {
     for (OdDbSymbolTableRecord* record :
@@ -232,7 +232,7 @@ DetachedXref detachXref(OdDbDatabase& database, OdDbObjectId id) {
   database.purge(dependents);
   for (const OdDbObjectId& unused : dependents)
     erase(*peek(unused));
-  return answer;
+  return result;
 }
 
 } // namespace drawing

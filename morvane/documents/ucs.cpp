@@ -52,10 +52,10 @@ int convert(const char* operation, const double* in, double* out, bool vector, b
     point = asPoint(matrix * OdGeVector3d(in[0], in[1], in[2]));
   else
     point = matrix * point;
-  const double answer[3] = {point.x, point.y, point.z};
-  if (!isFinite(answer))
+  const double converted[3] = {point.x, point.y, point.z};
+  if (!isFinite(converted))
     return RTERROR;
-  std::copy(answer, answer + 3, out);
+  std::copy(converted, converted + 3, out);
   return RTNORM;
 }
 

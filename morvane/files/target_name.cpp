@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-enum TargetAnswer { kCompleted = 0, kNoName = 1, kForbidden = 2, kNoFolder = 3, kIsFolder = 4 };
+enum TargetCheck { kCompleted = 0, kNoName = 1, kForbidden = 2, kNoFolder = 3, kIsFolder = 4 };
 
 bool isForbidden(wchar_t ch) {
   constexpr std::wstring_view kCharacters = L"*?\"<>|:";
@@ -73,10 +73,10 @@ bool isFolder(Host& host, const OdString& path) {
   return fs::is_directory(host.paths().toSystem(path), ignored);
 }
 
-int refuse(TargetAnswer answer, const wchar_t* text, const OdString& name, OdString& message) {
+int refuse(TargetCheck check, const wchar_t* text, const OdString& name, OdString& message) {
   const PrintArg shown(name);
   message = formatText(text, &shown, 1);
-  return answer;
+  return check;
 }
 
 } // namespace

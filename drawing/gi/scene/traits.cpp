@@ -118,13 +118,13 @@ Color Looks::colorOf(const OdCmColor& color) const {
 }
 
 Color Looks::colorOf(const OdCmColor& color, const Traits& entity, const Color& byBlock) const {
-  Color answer = entity.layer->color;
+  Color result = entity.layer->color;
   if (color.trueColor < 0 && color.index == OdCmColor::kByBlock)
-    answer = byBlock;
+    result = byBlock;
   else if (color.trueColor >= 0 || color.index != OdCmColor::kByLayer)
-    answer = colorOf(color);
-  answer.a = entity.color.a;
-  return answer;
+    result = colorOf(color);
+  result.a = entity.color.a;
+  return result;
 }
 
 Traits Looks::of(const OdDbEntity& entity, const Setting& setting) {

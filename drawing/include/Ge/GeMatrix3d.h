@@ -70,7 +70,7 @@ public:
   // Inverse; exact for translations, permutations of axes and reflections along them. For a matrix without an inverse
   // they throw OdError(eDegenerateGeometry), and the form with an argument returns false and leaves it unchanged.
   OdGeMatrix3d inverse() const;
-  bool inverse(OdGeMatrix3d& answer) const;
+  bool inverse(OdGeMatrix3d& result) const;
   OdGeMatrix3d& invert() { return *this = inverse(); }
 
   OdGeMatrix3d transpose() const; // rows and columns exchanged
