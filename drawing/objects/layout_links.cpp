@@ -24,7 +24,7 @@ public:
         layouts_.push_back(layout);
     }
     collectBlocks();
-    sheets_ = static_cast<int>(std::max<std::size_t>(layouts_.size(), 1)) - 1;
+    layoutCount_ = static_cast<int>(std::max<std::size_t>(layouts_.size(), 1)) - 1;
     for (OdDbLayout* layout : layouts_)
       bind(*layout);
     for (OdDbLayout* layout : layouts_) {
@@ -110,14 +110,14 @@ private:
     if (!makes)
       block.setLayoutId(layout);
     else if (block.getName().iCompare(modelSpaceStr) == 0)
-      giveLayout(database_, block.objectId(), L"Model", 0);
+      makeLayoutFor(database_, block.objectId(), L"Model", 0);
     else
-      giveLayout(database_, block.objectId(), L"Layout1", ++sheets_);
+      makeLayoutFor(database_, block.objectId(), L"Layout1", ++layoutCount_);
   }
 
   OdDbDatabase& database_;
   bool mend_;
-  int sheets_ = 0; // that were there, and made
+  int layoutCount_ = 0; // that were there, and made
   const LayoutFaultHandler& onFault_;
   std::vector<OdDbLayout*> layouts_;
   std::vector<OdDbBlockTableRecord*> blocks_;
@@ -165,7 +165,7 @@ void checkLayouts(OdDbDatabase& database, bool mend, const LayoutFaultHandler& o
   Links(database, mend, onFault).run();
 }
 
-void giveLayout(OdDbDatabase& database, OdDbObjectId block, const OdString& name, int order) {
+void makeLayoutFor(OdDbDatabase& database, OdDbObjectId block, const OdString& name, int order) {
   auto* root = peekAs<OdDbDictionary>(database.getNamedObjectsDictionaryId());
   auto* layouts = root == nullptr ? nullptr : peekAs<OdDbDictionary>(root->getAt(L"ACAD_LAYOUT"));
   if (layouts == nullptr)

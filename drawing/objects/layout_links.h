@@ -23,6 +23,6 @@ using LayoutFaultHandler = std::function<void(const LayoutFault&)>;
 void checkLayouts(OdDbDatabase& database, bool mend, const LayoutFaultHandler& onFault);
 
 // Makes a layout for the block under the next free name like `name`.
-void giveLayout(OdDbDatabase& database, OdDbObjectId block, const OdString& name, int order);
+void makeLayoutFor(OdDbDatabase& database, OdDbObjectId block, const OdString& name, int order);
 
 } // namespace drawing

@@ -248,11 +248,11 @@ void count(const OdDbDatabase& database, const OdString& name, Json& places) {
     if (reference->dxfName() != "INSERT")
       continue; // a table shows its block, which the other reader does not count
     const OdDbBlockTableRecordPtr owner = reference->ownerId().safeOpenObject();
-    const bool isModel = owner->objectId() == database.getModelSpaceId(), isSheet = !owner->getLayoutId().isNull();
+    const bool isModel = owner->objectId() == database.getModelSpaceId(), isPaperSpace = !owner->getLayoutId().isNull();
     add(places["total"]);
-    add(isModel   ? places["modelspace"]
-        : isSheet ? places["paperspace"]
-                  : places["in_blocks"][owner->getName().toUtf8()]);
+    add(isModel        ? places["modelspace"]
+        : isPaperSpace ? places["paperspace"]
+                       : places["in_blocks"][owner->getName().toUtf8()]);
     add(places["as_array"], reference->isA() == OdDbMInsertBlock::desc());
     add(places["with_attribs"], !reference->attributeIterator()->done());
   }

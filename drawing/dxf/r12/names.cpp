@@ -39,8 +39,8 @@ std::string allowed(std::string_view name) {
 // Further sheets are blocks like any other in R12, which has one sheet.
 std::string plainBlockName(const std::string& name) {
   const OdString text = OdString::fromUtf8(name);
-  const bool isSheet = text.left(paperSpaceStr.getLength()).iCompare(paperSpaceStr) == 0;
-  return isSheet && text.getLength() > paperSpaceStr.getLength() ? "$" + name.substr(1) : name;
+  const bool isPaperSpace = text.left(paperSpaceStr.getLength()).iCompare(paperSpaceStr) == 0;
+  return isPaperSpace && text.getLength() > paperSpaceStr.getLength() ? "$" + name.substr(1) : name;
 }
 
 } // namespace

@@ -98,7 +98,7 @@ GroupList viewOf(const OdDbViewport& viewport) {
 }
 
 // From the world of model space to the sheet.
-OdGeMatrix3d sheetTransform(const OdDbViewport& viewport, const GroupList& view) {
+OdGeMatrix3d viewportTransform(const OdDbViewport& viewport, const GroupList& view) {
   const OdGeVector3d direction = keptPoint(view, 16, {0, 0, 1}).asVector();
   const double height = keptReal(view, 45, viewport.height()), scale = height > 0 ? viewport.height() / height : 1;
   const OdGePoint3d center(keptReal(view, 12), keptReal(view, 22), 0);
@@ -130,7 +130,7 @@ void drawViewport(const OdDbViewport& viewport, Canvas& canvas) {
   canvas.stroke(border, true);
   if (state == 0 || (flags & kViewportOff) != 0 || canvas.place().depth > 0)
     return;
-  Inset& inset = canvas.show(canvas.database().getModelSpaceId(), sheetTransform(viewport, view));
+  Inset& inset = canvas.show(canvas.database().getModelSpaceId(), viewportTransform(viewport, view));
   inset.place.setting.isInReference = false;
   inset.place.setting.byBlock = canvas.looks().initial();
   inset.place.setting.layers = canvas.looks().addView();
