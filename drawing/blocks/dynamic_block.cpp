@@ -68,7 +68,7 @@ bool hasDynamicBlockData(const OdDbBlockTableRecord& block) {
 OdDbObjectId representedBy(const OdDbBlockReference& reference) {
   const OdDbObjectId representation = entryOf(reference.extensionDictionary(), kRepresentation);
   const OdDbObject* data = peek(entryOf(representation, kRepresentationData));
-  const drawing::GroupList* groups = data == nullptr ? nullptr : data->carriedOrNull();
+  const drawing::GroupList* groups = data == nullptr ? nullptr : data->unmodelledGroupsOrNull();
   const std::size_t at = groups == nullptr ? 0 : groups->find(kDefinition);
   if (groups == nullptr || at == groups->size() || (*groups)[at].kind != drawing::GroupKind::Reference)
     return {};

@@ -150,7 +150,7 @@ void Reader::readHeader() {
 }
 
 void Reader::readOpaqueSection() {
-  CarriedSection section;
+  OpaqueSection section;
   section.name = std::string(record_.size() > 1 && record_[1].code == 2 ? record_[1].text : "");
   for (std::size_t i = 2; i < record_.size(); ++i)
     builder_.context().append(section.groups, record_[i]);
@@ -159,7 +159,7 @@ void Reader::readOpaqueSection() {
     for (const Pair& pair : record_)
       builder_.context().append(section.groups, pair);
   }
-  database_.carriedSections().push_back(std::move(section));
+  database_.opaqueSections().push_back(std::move(section));
 }
 
 void Reader::readTables() {

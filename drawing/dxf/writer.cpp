@@ -72,12 +72,12 @@ void Writer::run() {
   for (const std::string& comment : database_.facts().comments)
     sink_.utf8(999, comment);
   section("HEADER", &Writer::header);
-  carriedSections(true);
+  opaqueSections(true);
   section("TABLES", &Writer::tables);
   section("BLOCKS", &Writer::blocks);
   section("ENTITIES", &Writer::entities);
   section("OBJECTS", &Writer::objects);
-  carriedSections(false);
+  opaqueSections(false);
   sink_.utf8(0, "EOF");
 }
 
@@ -121,17 +121,17 @@ void Writer::headerVariable(const OdDbHeader::Variable& variable) {
     variable.groups.writeTo(sink_);
 }
 
-void Writer::carriedSections(bool beforeTables) {
-  for (const CarriedSection& carried : database_.carriedSections()) {
-    const bool isBodies = carried.name == "ACDSDATA" && sink_.version() < OdDb::kRelease2013;
-    const bool isForgotten = carried.name == kThumbnailSection && !database_.isThumbnailWritten();
-    if ((carried.name == "CLASSES") != beforeTables || isBodies || isForgotten)
+void Writer::opaqueSections(bool beforeTables) {
+  for (const OpaqueSection& opaque : database_.opaqueSections()) {
+    const bool isBodies = opaque.name == "ACDSDATA" && sink_.version() < OdDb::kRelease2013;
+    const bool isForgotten = opaque.name == kThumbnailSection && !database_.isThumbnailWritten();
+    if ((opaque.name == "CLASSES") != beforeTables || isBodies || isForgotten)
       continue;
-    const GroupList groups = livingGroups(database_, carried);
-    if (groups.empty() && carried.madeForRecords)
+    const GroupList groups = livingGroups(database_, opaque);
+    if (groups.empty() && opaque.madeForRecords)
       continue;
     sink_.utf8(0, "SECTION");
-    sink_.utf8(2, carried.name);
+    sink_.utf8(2, opaque.name);
     groups.writeTo(sink_);
     sink_.utf8(0, "ENDSEC");
   }
@@ -156,13 +156,13 @@ void Writer::table(OdDb::SymbolTableKind kind) {
   GroupList head; // what hangs on the table, without the start that a table does not have
   RecordWriter(head).head(table, false);
   head.writeTo(sink_, 1, head.size() - 1);
-  const GroupList* carried = table.carriedOrNull();
-  const bool marked = carried != nullptr && !carried->empty() && (*carried)[0].code == 100 &&
-                      carried->textOf((*carried)[0]) == "AcDbSymbolTable";
+  const GroupList* unmodelled = table.unmodelledGroupsOrNull();
+  const bool marked = unmodelled != nullptr && !unmodelled->empty() && (*unmodelled)[0].code == 100 &&
+                      unmodelled->textOf((*unmodelled)[0]) == "AcDbSymbolTable";
   sink_.utf8(100, "AcDbSymbolTable");
   sink_.integer(70, static_cast<std::int64_t>(records.size()));
-  if (carried != nullptr)
-    carried->writeTo(sink_, marked ? 1 : 0, carried->size() - (marked ? 1 : 0));
+  if (unmodelled != nullptr)
+    unmodelled->writeTo(sink_, marked ? 1 : 0, unmodelled->size() - (marked ? 1 : 0));
   writer.xData(table);
   for (const OdDbObject* record : records)
     writer.whole(*record);

@@ -26,7 +26,7 @@ private:
   void block(const OdDbBlockTableRecord& record);
   void entities();
   void objects();
-  void carriedSections(bool beforeTables);
+  void opaqueSections(bool beforeTables);
   // An entity with what belongs to its sequence.
   void entity(OdDbObjectId id);
   void blockHead(const OdDbBlockTableRecord& record);

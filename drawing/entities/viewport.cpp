@@ -41,7 +41,7 @@ void OdDbViewport::afterLoad() {
   const drawing::GroupList view = drawing::viewportViewOf(*xDataGroups(), *database());
   if (view.empty())
     return;
-  drawing::GroupList& section = extrasForLoad().carried;
+  drawing::GroupList& section = extrasForLoad().unmodelledGroups;
   section.utf8(100, "AcDbViewport");
   view.writeTo(section);
 }

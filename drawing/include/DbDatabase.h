@@ -35,7 +35,7 @@ struct FileFacts {
 };
 
 // A section of the file that is preserved as a whole (CLASSES, THUMBNAILIMAGE, ACDSDATA and any other).
-struct CarriedSection {
+struct OpaqueSection {
   std::string name;
   GroupList groups;            // record starts (code 0) included
   bool madeForRecords = false; // created by cloning; not in a file
@@ -187,8 +187,8 @@ public:
   // File properties and preserved sections; changing them is not recorded for undo.
   drawing::FileFacts& facts() { return facts_; }
   const drawing::FileFacts& facts() const { return facts_; }
-  std::vector<drawing::CarriedSection>& carriedSections() { return carriedSections_; }
-  const std::vector<drawing::CarriedSection>& carriedSections() const { return carriedSections_; }
+  std::vector<drawing::OpaqueSection>& opaqueSections() { return opaqueSections_; }
+  const std::vector<drawing::OpaqueSection>& opaqueSections() const { return opaqueSections_; }
 
   // -- SDK internals: object store, undo log, external references, set-up of tables by readers, header object. --
   drawing::Store& store() { return *store_; }
@@ -211,7 +211,7 @@ private:
   OdDbObjectId namedObjects_;
   OdDbObjectId header_;
   drawing::FileFacts facts_;
-  std::vector<drawing::CarriedSection> carriedSections_;
+  std::vector<drawing::OpaqueSection> opaqueSections_;
   drawing::Report insertReport_;
   int transactions_ = 0;
   bool hasOwnThumbnail_ = false; // set since the drawing was read

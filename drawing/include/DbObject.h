@@ -134,8 +134,8 @@ public:
 
   // Groups that no field describes, after the subclass markers that they followed in the file, and extended data as
   // groups. The const functions return null if there are none; the others require the object to be open for write.
-  drawing::GroupList& carried();
-  const drawing::GroupList* carriedOrNull() const;
+  drawing::GroupList& unmodelledGroups();
+  const drawing::GroupList* unmodelledGroupsOrNull() const;
   const drawing::GroupList* xDataGroups() const;
   drawing::GroupList& xDataGroupsForWrite();
 
@@ -158,7 +158,7 @@ private:
   struct Extras { // data that few objects have
     OdDbObjectId extensionDictionary;
     std::vector<OdDbObjectId> reactors;
-    drawing::GroupList carried;
+    drawing::GroupList unmodelledGroups;
     drawing::GroupList xData;
     drawing::GroupList applicationGroups; // "{NAME" ... "}" groups of other applications
   };

@@ -172,8 +172,8 @@ void ensureLayers(OdDbDatabase& database) {
     auto* entity = peekAs<OdDbEntity>(id);
     if (entity == nullptr || !entity->layerId().isNull())
       continue;
-    const auto* carried = dynamic_cast<const OdDbCarriedEntity*>(entity);
-    if (carried != nullptr && carried->isUnread())
+    const auto* opaque = dynamic_cast<const OdDbOpaqueEntity*>(entity);
+    if (opaque != nullptr && opaque->isUnread())
       continue;
     const WriteScope scope(*entity);
     entity->setLayer(database.getLayerZeroId());
@@ -187,13 +187,13 @@ void cutReference(SettleFacts& facts, OdDbObjectId id) {
            "a block contains itself through this reference to \"" +
                symbolName(reference.blockTableRecord()).toUtf8Lossless() + "\"",
            "the reference is kept as data and is no reference any more");
-  auto* kept = new OdDbCarriedEntity;
-  const OdSmartPtr<OdDbObject> holder(kept);
-  kept->setDxfName(reference.dxfName());
-  kept->setUnread(true);
-  kept->setOwnerId(reference.ownerId());
-  writeSections(reference, kept->extrasForLoad().carried);
-  facts.database.store().replace(id, kept);
+  auto* opaque = new OdDbOpaqueEntity;
+  const OdSmartPtr<OdDbObject> holder(opaque);
+  opaque->setDxfName(reference.dxfName());
+  opaque->setUnread(true);
+  opaque->setOwnerId(reference.ownerId());
+  writeSections(reference, opaque->extrasForLoad().unmodelledGroups);
+  facts.database.store().replace(id, opaque);
 }
 
 void raiseHandseed(OdDbDatabase& database) {

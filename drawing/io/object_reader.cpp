@@ -61,14 +61,14 @@ const Section& commonSection() {
   return *OdDbEntity::ownDescription().sections().front();
 }
 
-OdSmartPtr<OdDbObject> makeCarried(std::string_view name, bool isEntity, bool unread) {
+OdSmartPtr<OdDbObject> makeOpaque(std::string_view name, bool isEntity, bool unread) {
   if (isEntity) {
-    auto* entity = new OdDbCarriedEntity;
+    auto* entity = new OdDbOpaqueEntity;
     entity->setDxfName(std::string(name));
     entity->setUnread(unread);
     return OdSmartPtr<OdDbObject>(entity);
   }
-  auto* object = new OdDbCarriedObject;
+  auto* object = new OdDbOpaqueObject;
   object->setDxfName(std::string(name));
   object->setUnread(unread);
   return OdSmartPtr<OdDbObject>(object);
@@ -89,7 +89,7 @@ ReadObject ObjectReader::read(const Record& record, bool isEntity) {
     ++context_.report().account.read;
     return facts;
   }
-  facts.object = makeCarried(name, isEntity, false);
+  facts.object = makeOpaque(name, isEntity, false);
   fill(record, *facts.object, facts);
   if (context_.failed())
     return keepUnread(record, isEntity);
@@ -100,10 +100,10 @@ ReadObject ObjectReader::read(const Record& record, bool isEntity) {
 // Everything but handle, owner and what hangs on the object is kept to the letter.
 ReadObject ObjectReader::keepUnread(const Record& record, bool isEntity) {
   ReadObject facts;
-  facts.object = makeCarried(record[0].text, isEntity, true);
+  facts.object = makeOpaque(record[0].text, isEntity, true);
   const std::size_t xData = xDataStart(record);
   for (std::size_t i = readHead(record, *facts.object, facts); i < xData; ++i) {
-    context_.append(facts.object->extrasForLoad().carried, record[i]);
+    context_.append(facts.object->extrasForLoad().unmodelledGroups, record[i]);
     if (record[i].code == 67)
       takeEntityFact(record[i], facts);
   }
@@ -202,7 +202,7 @@ void ObjectReader::fillSections(const Record& record, std::size_t from, OdDbObje
   SectionReader common(object, isEntity ? commonSection() : none, context_);
   std::size_t nextSection = 0;
   std::size_t i = from;
-  GroupList* carried = nullptr;
+  GroupList* unmodelled = nullptr;
   while (i < xData) {
     const bool marked = record[i].code == 100;
     const std::string_view marker = marked ? record[i].text : std::string_view();
@@ -216,7 +216,7 @@ void ObjectReader::fillSections(const Record& record, std::size_t from, OdDbObje
     bool takesCommon = isEntity && (known || !marked);
     bool headed = !marked; // whether the carried groups of this section have their marker yet
     if (marked && !known) {
-      context_.append(object.extrasForLoad().carried, record[i]);
+      context_.append(object.extrasForLoad().unmodelledGroups, record[i]);
       headed = true;
     }
     for (i += marked ? 1 : 0; i < xData && record[i].code != 100; ++i) {
@@ -228,12 +228,12 @@ void ObjectReader::fillSections(const Record& record, std::size_t from, OdDbObje
       const bool mayBeCommon = takesCommon && (isCommon || isPlainProperty(record[i].code));
       if (mayBeCommon && (common.take(record[i]) || takeEntityFact(record[i], facts)))
         continue;
-      carried = &object.extrasForLoad().carried;
+      unmodelled = &object.extrasForLoad().unmodelledGroups;
       if (!headed)
-        context_.append(*carried,
+        context_.append(*unmodelled,
                         record[i - 1].code == 100 ? record[i - 1] : Pair{100, Pair::Form::Text, marker, 0, 0, 0});
       headed = true;
-      context_.append(*carried, record[i]);
+      context_.append(*unmodelled, record[i]);
     }
   }
 }
@@ -255,7 +255,7 @@ void ObjectReader::fillWithoutMarkers(const Record& record, std::size_t from, Od
     for (std::size_t r = 0; r < readers.size() && !taken; ++r)
       taken = readers[r].take(record[i]);
     if (!taken)
-      context_.append(object.extrasForLoad().carried, record[i]);
+      context_.append(object.extrasForLoad().unmodelledGroups, record[i]);
   }
 }
 

@@ -31,7 +31,7 @@ public:
     ensureRecord(OdDb::kBlockTable, modelSpaceStr);
     ensureRecord(OdDb::kBlockTable, paperSpaceStr);
     fillDefaults();
-    GroupList& dimStyles = table(OdDb::kDimStyleTable).extrasForLoad().carried;
+    GroupList& dimStyles = table(OdDb::kDimStyleTable).extrasForLoad().unmodelledGroups;
     if (dimStyles.empty()) { // readers look for the marker
       dimStyles.utf8(100, "AcDbDimStyleTable");
       dimStyles.integer(71, 0);

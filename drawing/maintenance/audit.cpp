@@ -220,8 +220,8 @@ private:
   }
 
   void checkEntity(OdDbEntity& entity) {
-    const auto* carried = dynamic_cast<const OdDbCarriedEntity*>(&entity);
-    if (carried != nullptr && carried->isUnread())
+    const auto* opaque = dynamic_cast<const OdDbOpaqueEntity*>(&entity);
+    if (opaque != nullptr && opaque->isUnread())
       return;
     if (!lives(entity.layerId())) {
       addIssue("audit.no-layer", Severity::Lost, entity, "the entity has no layer", "it is put on layer 0");
@@ -335,7 +335,7 @@ private:
     std::vector<OdDbObjectId> cut;
     bottomUp(database_, cut);
     for (OdDbObjectId id : database_.allIds()) {
-      if (const auto* kept = peekAs<OdDbCarriedEntity>(id); lives(kept) && closesCycle(*kept))
+      if (const auto* opaque = peekAs<OdDbOpaqueEntity>(id); lives(opaque) && closesCycle(*opaque))
         cut.push_back(id);
     }
     for (OdDbObjectId id : cut) {
@@ -349,15 +349,15 @@ private:
   }
 
   // Reading keeps such references as data; in a file they would be references again.
-  bool closesCycle(const OdDbCarriedEntity& kept) const {
-    if (!kept.isUnread() || kept.dxfName() != "INSERT" || kept.carriedOrNull() == nullptr)
+  bool closesCycle(const OdDbOpaqueEntity& opaque) const {
+    if (!opaque.isUnread() || opaque.dxfName() != "INSERT" || opaque.unmodelledGroupsOrNull() == nullptr)
       return false;
-    const GroupList& groups = *kept.carriedOrNull();
+    const GroupList& groups = *opaque.unmodelledGroupsOrNull();
     const std::size_t name = groups.find(2);
     const OdDbObjectId block =
         name < groups.size() ? database_.symbol(OdDb::kBlockTable, groups.stringOf(groups[name])) : OdDbObjectId();
     const auto* definition = peekAs<OdDbBlockTableRecord>(block);
-    return definition != nullptr && definition->reaches(kept.ownerId());
+    return definition != nullptr && definition->reaches(opaque.ownerId());
   }
 
   OdDbDatabase& database_;

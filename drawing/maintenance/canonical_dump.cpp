@@ -135,7 +135,7 @@ std::string canonicalDump(const OdDbDatabase& database, DumpForm form) {
   std::stable_sort(objects.begin(), objects.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
   for (const auto& [key, object] : objects)
     dumpObject(*object, sink, out);
-  for (const CarriedSection& section : database.carriedSections()) {
+  for (const OpaqueSection& section : database.opaqueSections()) {
     const GroupList groups = livingGroups(database, section);
     if (groups.empty() && section.madeForRecords)
       continue;

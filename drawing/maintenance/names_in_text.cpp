@@ -19,7 +19,7 @@ struct NameGroup {
 };
 
 // Names among the groups of records that are read but not modelled, or modelled in part.
-constexpr NameGroup kCarriedNames[] = {
+constexpr NameGroup kUnmodelledNames[] = {
     {"ACAD_TABLE", 2, OdDb::kBlockTable, false},      {"ACAD_TABLE", 7, OdDb::kTextStyleTable},
     {"TABLESTYLE", 7, OdDb::kTextStyleTable},         {"TOLERANCE", 3, OdDb::kDimStyleTable},
 
@@ -90,30 +90,30 @@ void findInXData(const GroupList& groups, std::vector<TextualReference>& names) 
 const GroupList& listOf(const OdDbObject& object, const TextualReference& name) {
   if (name.list == TextualReference::Section)
     return *sectionOf(object);
-  return name.list == TextualReference::XData ? *object.xDataGroups() : *object.carriedOrNull();
+  return name.list == TextualReference::XData ? *object.xDataGroups() : *object.unmodelledGroupsOrNull();
 }
 
 GroupList& listForWrite(OdDbObject& object, const TextualReference& name) {
   if (name.list == TextualReference::XData)
     return object.xDataGroupsForWrite();
-  if (name.list == TextualReference::Carried)
-    return object.carried();
+  if (name.list == TextualReference::kUnmodelled)
+    return object.unmodelledGroups();
   object.assertWriteEnabled();
   return const_cast<GroupList&>(*sectionOf(object)); // open for write, and so is all that it holds
 }
 
 void collectTextualReferences(const OdDbObject& object, std::vector<TextualReference>& names) {
   if (const GroupList* section = sectionOf(object))
-    findIn(*section, TextualReference::Section, object.dxfName(), kCarriedNames, names);
+    findIn(*section, TextualReference::Section, object.dxfName(), kUnmodelledNames, names);
   if (object.extrasOrNull() == nullptr)
     return;
-  if (const GroupList& carried = *object.carriedOrNull(); !carried.empty()) {
-    const auto* entity = dynamic_cast<const OdDbCarriedEntity*>(&object);
+  if (const GroupList& unmodelled = *object.unmodelledGroupsOrNull(); !unmodelled.empty()) {
+    const auto* entity = dynamic_cast<const OdDbOpaqueEntity*>(&object);
     const std::string record = object.dxfName();
     if (entity != nullptr && entity->isUnread())
-      findIn(carried, TextualReference::Carried, record, kUnreadNames, names);
+      findIn(unmodelled, TextualReference::kUnmodelled, record, kUnreadNames, names);
     else
-      findIn(carried, TextualReference::Carried, record, kCarriedNames, names);
+      findIn(unmodelled, TextualReference::kUnmodelled, record, kUnmodelledNames, names);
   }
   findInXData(*object.xDataGroups(), names);
 }

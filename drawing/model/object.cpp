@@ -159,13 +159,13 @@ void OdDbObject::removePersistentReactor(OdDbObjectId id) {
   }
 }
 
-drawing::GroupList& OdDbObject::carried() {
+drawing::GroupList& OdDbObject::unmodelledGroups() {
   assertWriteEnabled();
-  return extras().carried;
+  return extras().unmodelledGroups;
 }
 
-const drawing::GroupList* OdDbObject::carriedOrNull() const {
-  return extras_ ? &extras_->carried : nullptr;
+const drawing::GroupList* OdDbObject::unmodelledGroupsOrNull() const {
+  return extras_ ? &extras_->unmodelledGroups : nullptr;
 }
 const drawing::GroupList* OdDbObject::xDataGroups() const {
   return extras_ ? &extras_->xData : nullptr;
@@ -188,7 +188,7 @@ void OdDbObject::visitReferences(drawing::ReferenceVisitor& visitor) {
   visitor.visit(extras_->extensionDictionary, OdDb::kHardOwnershipRef);
   for (OdDbObjectId& id : extras_->reactors)
     visitor.visit(id, OdDb::kSoftPointerRef);
-  drawing::visitGroups(extras_->carried, visitor);
+  drawing::visitGroups(extras_->unmodelledGroups, visitor);
   drawing::visitGroups(extras_->applicationGroups, visitor);
   drawing::visitGroups(extras_->xData, visitor);
 }
@@ -199,7 +199,7 @@ void OdDbObject::ownedObjects(std::vector<OdDbObjectId>& ids) const {
   if (!extras_->extensionDictionary.isNull())
     ids.push_back(extras_->extensionDictionary);
   // A helper that only this object names, such as the one that tells an image of its file.
-  drawing::listOwned(extras_->carried, id_, ids);
+  drawing::listOwned(extras_->unmodelledGroups, id_, ids);
 }
 
 void OdDbObject::dropLostReactors() {

@@ -1,20 +1,20 @@
 #include "drawing/opaque_objects.h"
 
-ODDB_DEFINE_MEMBERS(OdDbCarriedObject, OdDbObject, "");
-ODRX_DEFINE_MEMBERS(OdDbCarriedEntity, OdDbEntity, "");
+ODDB_DEFINE_MEMBERS(OdDbOpaqueObject, OdDbObject, "");
+ODRX_DEFINE_MEMBERS(OdDbOpaqueEntity, OdDbEntity, "");
 
-const drawing::Description& OdDbCarriedObject::ownDescription() {
+const drawing::Description& OdDbOpaqueObject::ownDescription() {
   return OdDbObject::ownDescription();
 }
 
-OdDbObject* OdDbCarriedEntity::makeCopy() const {
-  return new OdDbCarriedEntity(*this);
+OdDbObject* OdDbOpaqueEntity::makeCopy() const {
+  return new OdDbOpaqueEntity(*this);
 }
 
-void OdDbCarriedEntity::assignState(const OdDbObject& other) {
-  *this = static_cast<const OdDbCarriedEntity&>(other);
+void OdDbOpaqueEntity::assignState(const OdDbObject& other) {
+  *this = static_cast<const OdDbOpaqueEntity&>(other);
 }
 
-const drawing::Description& OdDbCarriedEntity::description() const {
+const drawing::Description& OdDbOpaqueEntity::description() const {
   return unread_ ? OdDbObject::ownDescription() : OdDbEntity::ownDescription();
 }

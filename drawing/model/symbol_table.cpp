@@ -196,7 +196,7 @@ namespace {
 
 // The table of dimension styles repeats its records in its head, with their number under 71.
 void dropFromHead(OdDbSymbolTable& table, OdDbObjectId record) {
-  const drawing::GroupList* head = table.carriedOrNull();
+  const drawing::GroupList* head = table.unmodelledGroupsOrNull();
   const auto isRecord = [&](std::size_t at) {
     return (*head)[at].kind == drawing::GroupKind::Reference && head->idOf((*head)[at]) == record;
   };
@@ -206,7 +206,7 @@ void dropFromHead(OdDbSymbolTable& table, OdDbObjectId record) {
   if (head == nullptr || at == head->size())
     return;
   const drawing::WriteScope scope(table);
-  drawing::GroupList& groups = table.carried();
+  drawing::GroupList& groups = table.unmodelledGroups();
   groups.erase(at, 1);
   const std::size_t count = groups.find(71);
   if (count < groups.size() && groups[count].integer > 0)

@@ -11,15 +11,14 @@ namespace {
 constexpr int kSizeCode = 90;
 constexpr int kBytesCode = 310;
 
-auto findSection(const std::vector<drawing::CarriedSection>& sections) {
-  return std::find_if(sections.begin(), sections.end(), [](const drawing::CarriedSection& section) {
-    return section.name == drawing::kThumbnailSection;
-  });
+auto findSection(const std::vector<drawing::OpaqueSection>& sections) {
+  return std::find_if(sections.begin(), sections.end(),
+                      [](const drawing::OpaqueSection& section) { return section.name == drawing::kThumbnailSection; });
 }
 
-drawing::CarriedSection sectionWith(std::string_view bytes) {
+drawing::OpaqueSection sectionWith(std::string_view bytes) {
   constexpr std::size_t kChunk = 127; // bytes in one group
-  drawing::CarriedSection section{drawing::kThumbnailSection, {}};
+  drawing::OpaqueSection section{drawing::kThumbnailSection, {}};
   section.groups.integer(kSizeCode, static_cast<std::int64_t>(bytes.size()));
   for (std::size_t at = 0; at < bytes.size(); at += kChunk)
     section.groups.binary(kBytesCode, bytes.substr(at, kChunk));
@@ -32,16 +31,16 @@ OdResult OdDbDatabase::setThumbnailBitmap(const void* bitmap, std::size_t size) 
   if (size > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max()))
     return eInvalidInput;
   hasOwnThumbnail_ = true;
-  if (const auto present = findSection(carriedSections_); present != carriedSections_.end())
-    carriedSections_.erase(present);
+  if (const auto present = findSection(opaqueSections_); present != opaqueSections_.end())
+    opaqueSections_.erase(present);
   if (bitmap != nullptr && size != 0)
-    carriedSections_.push_back(sectionWith({static_cast<const char*>(bitmap), size}));
+    opaqueSections_.push_back(sectionWith({static_cast<const char*>(bitmap), size}));
   return eOk;
 }
 
 std::string OdDbDatabase::thumbnailBitmap() const {
-  const auto section = findSection(carriedSections_);
-  if (section == carriedSections_.end())
+  const auto section = findSection(opaqueSections_);
+  if (section == opaqueSections_.end())
     return {};
   const drawing::GroupList& groups = section->groups;
   std::string bytes;

@@ -127,7 +127,7 @@ private:
 
 // Sheet: A4, one to one, in millimetres.
 void plotDefaults(OdDbLayout& layout, bool isModel) {
-  GroupList& groups = layout.extrasForLoad().carried;
+  GroupList& groups = layout.extrasForLoad().unmodelledGroups;
   groups.utf8(100, "AcDbPlotSettings");
   for (const int code : {2, 4, 6, 7})
     groups.utf8(code, code == 4 ? "ISO_A4_(210.00_x_297.00_MM)" : "");

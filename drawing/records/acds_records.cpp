@@ -64,8 +64,8 @@ std::optional<std::int64_t> layoutNumberOf(const GroupList& groups, std::string_
   return std::nullopt;
 }
 
-CarriedSection* sectionOf(OdDbDatabase& database) {
-  for (CarriedSection& section : database.carriedSections()) {
+OpaqueSection* sectionOf(OdDbDatabase& database) {
+  for (OpaqueSection& section : database.opaqueSections()) {
     if (section.name == kSection)
       return &section;
   }
@@ -73,15 +73,15 @@ CarriedSection* sectionOf(OdDbDatabase& database) {
 }
 
 // The head and the layouts of another drawing's section.
-CarriedSection& makeSection(OdDbDatabase& database, const GroupList& like) {
-  CarriedSection made{std::string(kSection), {}, true};
+OpaqueSection& makeSection(OdDbDatabase& database, const GroupList& like) {
+  OpaqueSection made{std::string(kSection), {}, true};
   made.groups.append(like, 0, like.find(kStart));
   for (const Run& run : runsOf(like)) {
     if (!run.isRecord)
       made.groups.append(like, run.first, run.end - run.first);
   }
-  database.carriedSections().push_back(std::move(made));
-  return database.carriedSections().back();
+  database.opaqueSections().push_back(std::move(made));
+  return database.opaqueSections().back();
 }
 
 void addRecord(GroupList& groups, const GroupList& record, OdDbHandle handle, std::int64_t layout) {
@@ -94,7 +94,7 @@ void addRecord(GroupList& groups, const GroupList& record, OdDbHandle handle, st
 } // namespace
 
 void copyBodyRecords(const OdDbObject& source, const OdDbObject& copy) {
-  const CarriedSection* from = sectionOf(*source.database());
+  const OpaqueSection* from = sectionOf(*source.database());
   if (from == nullptr)
     return;
   std::vector<std::pair<GroupList, std::string>> found; // records, and the names of their layouts
@@ -108,7 +108,7 @@ void copyBodyRecords(const OdDbObject& source, const OdDbObject& copy) {
   }
   if (found.empty())
     return;
-  CarriedSection* to = sectionOf(*copy.database());
+  OpaqueSection* to = sectionOf(*copy.database());
   if (to == nullptr)
     to = &makeSection(*copy.database(), from->groups);
   for (const auto& [record, name] : found) {
@@ -117,7 +117,7 @@ void copyBodyRecords(const OdDbObject& source, const OdDbObject& copy) {
   }
 }
 
-GroupList livingGroups(const OdDbDatabase& database, const CarriedSection& section) {
+GroupList livingGroups(const OdDbDatabase& database, const OpaqueSection& section) {
   if (section.name != kSection)
     return section.groups;
   GroupList living;

@@ -127,9 +127,9 @@ double numberIn(const Field& field, const void* at) {
 }
 
 // Carried groups stand behind the marker of their section; those before any marker belong to no section.
-class Carried {
+class UnmodelledGroups {
 public:
-  explicit Carried(const GroupList* groups) : groups_(groups) {}
+  explicit UnmodelledGroups(const GroupList* groups) : groups_(groups) {}
 
   // Writes the part that stood in the next section of that marker, if it comes next.
   void writeAt(const char* marker, GroupSink& sink) {
@@ -180,17 +180,17 @@ void writeSection(const OdDbObject& object, const Section& section, GroupSink& s
 }
 
 void writeSections(const OdDbObject& object, GroupSink& sink) {
-  Carried carried(object.carriedOrNull());
-  carried.writeHead(sink);
+  UnmodelledGroups unmodelled(object.unmodelledGroupsOrNull());
+  unmodelled.writeHead(sink);
   for (const Section* section : object.description().sections()) {
     if (section->since > sink.version())
       continue;
     if (section->marker[0] != 0)
       sink.utf8(100, section->marker);
     writeSection(object, *section, sink);
-    carried.writeAt(section->marker, sink);
+    unmodelled.writeAt(section->marker, sink);
   }
-  carried.writeRest(sink);
+  unmodelled.writeRest(sink);
 }
 
 } // namespace drawing

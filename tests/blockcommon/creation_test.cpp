@@ -121,7 +121,7 @@ TEST_F(Creation, RedefinesInPlace) {
 }
 
 TEST_F(Creation, LeavesOutWhatCannotMoveAndStopsAtWhatDoesNotOpen) {
-  const auto camera = addTo<OdDbCarriedEntity>(database_->getModelSpaceId());
+  const auto camera = addTo<OdDbOpaqueEntity>(database_->getModelSpaceId());
   camera->setDxfName("CAMERA");
   OdDbObjectIdArray ids{camera->objectId(), line({0, 0, 0}, {1, 0, 0})};
   const OdDbObjectId block = create(ids, {1, 0, 0});

@@ -63,7 +63,7 @@ bool takeLine(std::string_view& text, std::string_view& line) {
   return true;
 }
 
-bool isCarriedWhole(const std::string& section) {
+bool isOpaqueWhole(const std::string& section) {
   return section == "CLASSES" || section == "THUMBNAILIMAGE" || section == "ACDSDATA";
 }
 
@@ -76,7 +76,7 @@ public:
       close();
       record_.kind = trimmed(value);
       contents.starts += kBrackets.contains(record_.kind) ? 0 : 1;
-      if (isCarriedWhole(section_) && record_.kind != "ENDSEC")
+      if (isOpaqueWhole(section_) && record_.kind != "ENDSEC")
         contents.others[section_].groups.push_back({0, record_.kind});
     } else if (code == 9 && record_.kind == "SECTION") { // a header variable
       variable_ = &contents.header[std::string(value)];
@@ -91,7 +91,7 @@ public:
       section_ = record_.groups[0].value;
     else if (record_.kind == "ENDSEC")
       section_.clear();
-    if (isCarriedWhole(section_)) {
+    if (isOpaqueWhole(section_)) {
       auto& groups = contents.others[section_].groups;
       groups.insert(groups.end(), record_.groups.begin(), record_.groups.end());
     } else {

@@ -197,8 +197,8 @@ void EarlyWriter::entities() {
 
 void EarlyWriter::entity(OdDbObjectId id) {
   const auto& entity = *static_cast<const OdDbEntity*>(peek(id));
-  const bool isCarried = entity.isKindOf(OdDbCarriedEntity::desc()) && database_.facts().version < OdDb::kRelease13;
-  if (isEarlyKind(entity.dxfName()) || isCarried)
+  const bool isOpaque = entity.isKindOf(OdDbOpaqueEntity::desc()) && database_.facts().version < OdDb::kRelease13;
+  if (isEarlyKind(entity.dxfName()) || isOpaque)
     return native(entity);
   GroupList groups;
   writeSections(entity, groups);
@@ -259,7 +259,7 @@ void EarlyWriter::record(const OdDbObject& object, const GroupList& groups, bool
     sink_.handle(5, object.getDbHandle());
   const std::optional<OdString> lines = linesAsOne(object);
   // What came from a file of that version and nobody knows goes back as it came.
-  const bool keepsAll = object.isKindOf(OdDbCarriedEntity::desc()) && database_.facts().version < OdDb::kRelease13;
+  const bool keepsAll = object.isKindOf(OdDbOpaqueEntity::desc()) && database_.facts().version < OdDb::kRelease13;
   std::string_view lastReported;
   for (std::size_t i = 0; i < groups.size() && groups[i].code != 101; ++i) {
     const Group& one = groups[i];

@@ -100,10 +100,10 @@ void ContextData::move(const OdGeMatrix3d& matrix) const {
   for (OdDbObjectId id : objects_) {
     OdDbObject& object = *peek(id);
     const Representation* kind = representationOf(object.dxfName());
-    if (kind == nullptr || object.carriedOrNull() == nullptr)
+    if (kind == nullptr || object.unmodelledGroupsOrNull() == nullptr)
       continue;
     const WriteScope scope(object);
-    moveRepresentation(object.carried(), *kind, PlaneMap(matrix, normal_), matrix);
+    moveRepresentation(object.unmodelledGroups(), *kind, PlaneMap(matrix, normal_), matrix);
   }
 }
 

@@ -105,8 +105,8 @@ OdResult OdDbEntity::transformBy(const OdGeMatrix3d& matrix) {
     return result;
   if (movesWithEntity(xDataGroups()))
     transformXData(xDataGroupsForWrite(), matrix);
-  if (cachedPicture(carriedOrNull()).length > 0)
-    dropCachedPicture(carried());
+  if (cachedPicture(unmodelledGroupsOrNull()).length > 0)
+    dropCachedPicture(unmodelledGroups());
   contextData.move(matrix);
   return result;
 }
@@ -116,8 +116,8 @@ OdResult OdDbEntity::becomeAnother(const OdGeMatrix3d& matrix) {
   if (other.isNull())
     return eCannotTransform;
   static_cast<OdDbEntity&>(*other) = *this;
-  if (carriedOrNull() != nullptr)
-    keepCommonGroups(other->carried());
+  if (unmodelledGroupsOrNull() != nullptr)
+    keepCommonGroups(other->unmodelledGroups());
   if (movesWithEntity(other->xDataGroups()))
     transformXData(other->xDataGroupsForWrite(), matrix);
   drawing::Store::of(objectId())->supersede(objectId(), other.get());

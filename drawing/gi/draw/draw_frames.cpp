@@ -23,7 +23,7 @@ Path pictureFrame(const OdDbPicture& picture) {
   picture.getOrientation(origin, u, v);
   const OdGePoint2d size = picture.imageSize();
   std::vector<OdGePoint2d> corners;
-  const GroupList* groups = picture.carriedOrNull();
+  const GroupList* groups = picture.unmodelledGroupsOrNull();
   for (std::size_t i = 0; groups != nullptr && i + 1 < groups->size(); ++i) {
     const Group &x = (*groups)[i], &y = (*groups)[i + 1];
     if (x.code == 14 && y.code == 24 && x.kind == GroupKind::Real && y.kind == GroupKind::Real)

@@ -86,13 +86,13 @@ constexpr std::int64_t kPerspective = 1;
 // The groups of the viewport's own section; early files have no sections.
 GroupList viewOf(const OdDbViewport& viewport) {
   GroupList view;
-  const GroupList* carried = viewport.carriedOrNull();
+  const GroupList* unmodelled = viewport.unmodelledGroupsOrNull();
   bool isOwn = true;
-  for (std::size_t i = 0; carried != nullptr && i < carried->size(); ++i) {
-    if ((*carried)[i].code == 100)
-      isOwn = carried->textOf((*carried)[i]) == "AcDbViewport";
+  for (std::size_t i = 0; unmodelled != nullptr && i < unmodelled->size(); ++i) {
+    if ((*unmodelled)[i].code == 100)
+      isOwn = unmodelled->textOf((*unmodelled)[i]) == "AcDbViewport";
     else if (isOwn)
-      view.append(*carried, i, 1);
+      view.append(*unmodelled, i, 1);
   }
   return view;
 }

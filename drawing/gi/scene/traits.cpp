@@ -69,7 +69,7 @@ std::shared_ptr<const Pattern> Looks::patternOf(OdDbObjectId linetype) {
   auto pattern = std::make_shared<Pattern>();
   double period = 0;
   const auto* record = peekAs<OdDbLinetypeTableRecord>(linetype);
-  const GroupList* groups = record == nullptr ? nullptr : record->carriedOrNull();
+  const GroupList* groups = record == nullptr ? nullptr : record->unmodelledGroupsOrNull();
   for (std::size_t i = 0; groups != nullptr && i < groups->size(); ++i) {
     const Group& group = (*groups)[i];
     if (group.code != 49 || group.kind != GroupKind::Real || !std::isfinite(group.real))

@@ -4,10 +4,10 @@
 #include "DbEntity.h"
 
 // An object whose groups are preserved and written unchanged.
-class MVDRAWING_API OdDbCarriedObject : public OdDbObject {
+class MVDRAWING_API OdDbOpaqueObject : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbCarriedObject);
-  OdDbCarriedObject() = default;
+  ODDB_DECLARE_MEMBERS(OdDbOpaqueObject);
+  OdDbOpaqueObject() = default;
   // Its name in the file, and whether something in it could not be parsed. For readers: setting does not require the
   // object to be open for write.
   std::string dxfName() const override { return dxfName_; }
@@ -23,10 +23,10 @@ private:
 // An entity whose general properties (layer, colour ...) are accessible and whose other groups are preserved. It
 // accepts no matrix. One that could not be parsed has no general properties: all its groups are preserved byte for
 // byte.
-class MVDRAWING_API OdDbCarriedEntity : public OdDbEntity {
+class MVDRAWING_API OdDbOpaqueEntity : public OdDbEntity {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbCarriedEntity);
-  OdDbCarriedEntity() = default;
+  ODRX_DECLARE_MEMBERS(OdDbOpaqueEntity);
+  OdDbOpaqueEntity() = default;
   OdDbObject* makeCopy() const override;
   void assignState(const OdDbObject& other) override;
   const drawing::Description& description() const override;

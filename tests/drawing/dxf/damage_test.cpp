@@ -192,7 +192,7 @@ TEST(Damage, IsToldWithItsPlaceAndWrittenBackToTheLetter) {
   EXPECT_EQ(found.groupCode, 39);
   EXPECT_EQ(found.handle, 0xABu);
   EXPECT_EQ(found.section + " " + found.kind, "ENTITIES LINE");
-  EXPECT_TRUE(forRead<OdDbCarriedEntity>(read.database->getOdDbObjectId(0xAB))->isUnread());
+  EXPECT_TRUE(forRead<OdDbOpaqueEntity>(read.database->getOdDbObjectId(0xAB))->isUnread());
   EXPECT_EQ(read.report.account.keptUnread, 1u);
   const std::string written = drawing::writeDrawingToMemory(*read.database);
   EXPECT_NE(written.find(" 39\nwide as  a door \n"), std::string::npos);

@@ -97,7 +97,7 @@ TEST(OtherLayouts, UnknownObjectsEntitiesAndSectionsComeBack) {
   const ReadResult read = readWell(text);
   EXPECT_EQ(read.report.account.kept, 4u); // with the records of the two sections
   EXPECT_EQ(read.report.account.dropped, 0u);
-  const OdSmartPtr<OdDbCarriedEntity> gadget(read.database->getOdDbObjectId(0xA1).safeOpenObject());
+  const OdSmartPtr<OdDbOpaqueEntity> gadget(read.database->getOdDbObjectId(0xA1).safeOpenObject());
   EXPECT_EQ(gadget->dxfName(), "GADGET");
   EXPECT_EQ(gadget->layer(), OdString(L"walls"));
   EXPECT_EQ(gadget->colorIndex(), 3);

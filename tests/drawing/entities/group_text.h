@@ -98,12 +98,12 @@ private:
           section = one->marker == pair.text ? one : section;
         reader = section == nullptr ? nullptr : std::make_unique<drawing::SectionReader>(object, *section, context);
         if (reader == nullptr)
-          context.append(object.extrasForLoad().carried, pair);
+          context.append(object.extrasForLoad().unmodelledGroups, pair);
         continue;
       }
       embedded = embedded || pair.code == 101;
       if (reader == nullptr || (!(embedded && section->read(object, pair, context)) && !reader->take(pair)))
-        context.append(object.extrasForLoad().carried, pair);
+        context.append(object.extrasForLoad().unmodelledGroups, pair);
     }
   }
 

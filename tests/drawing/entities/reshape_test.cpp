@@ -45,10 +45,10 @@ protected:
     OdResBufPtr data = OdResBuf::newRb(1001, L"ACAD");
     data->setNext(OdResBuf::newRb(1011, OdGePoint3d(1, 2, 3)));
     round->setXData(data);
-    round->extrasForLoad().carried.utf8(100, "AcDbEntity");
-    round->extrasForLoad().carried.integer(160, 3);
-    round->extrasForLoad().carried.binary(310, "old");
-    round->extrasForLoad().carried.integer(284, 1);
+    round->extrasForLoad().unmodelledGroups.utf8(100, "AcDbEntity");
+    round->extrasForLoad().unmodelledGroups.integer(160, 3);
+    round->extrasForLoad().unmodelledGroups.binary(310, "old");
+    round->extrasForLoad().unmodelledGroups.integer(284, 1);
   }
 
   Loader loader;

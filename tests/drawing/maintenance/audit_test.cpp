@@ -56,11 +56,11 @@ const AuditCase kAuditCases[] = {
     {"audit.entry-to-nothing",
      [](House& h) { forWrite<OdDbDictionary>(h.database->getNamedObjectsDictionaryId())->setAt(L"GHOST", h.nowhere); }},
     {"audit.reference-to-nothing",
-     [](House& h) { h.change(h.text, [&](OdDbObject& o) { o.carried().reference(340, h.nowhere); }); }},
+     [](House& h) { h.change(h.text, [&](OdDbObject& o) { o.unmodelledGroups().reference(340, h.nowhere); }); }},
     {"audit.reference-to-other-drawing",
      [](House& h) {
        static const OdDbDatabasePtr other = OdDbDatabase::create();
-       h.change(h.text, [&](OdDbObject& o) { o.carried().reference(340, other->getModelSpaceId()); });
+       h.change(h.text, [&](OdDbObject& o) { o.unmodelledGroups().reference(340, other->getModelSpaceId()); });
      }},
     {"audit.no-layer",
      [](House& h) {
