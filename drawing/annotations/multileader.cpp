@@ -17,7 +17,7 @@ ODDB_DEFINE_MEMBERS(OdDbMLeader, OdDbEntity, "MULTILEADER");
 
 const drawing::Description& OdDbMLeader::ownDescription() {
   static const drawing::Description description(&OdDbEntity::ownDescription(),
-                                                {drawing::keptSection<&OdDbMLeader::groups_>("AcDbMLeader")});
+                                                {drawing::rawSubclass<&OdDbMLeader::groups_>("AcDbMLeader")});
   return description;
 }
 
@@ -92,38 +92,38 @@ GroupList levelOf(const GroupList& groups, Level level) {
 } // namespace
 
 OdDbMLeader::ContentType OdDbMLeader::contentType() const {
-  return static_cast<ContentType>(drawing::keptInteger(levelOf(groups_, kOwn), 172));
+  return static_cast<ContentType>(drawing::rawInteger(levelOf(groups_, kOwn), 172));
 }
 OdDbObjectId OdDbMLeader::MLeaderStyle() const {
-  return drawing::keptReference(levelOf(groups_, kOwn), 340);
+  return drawing::rawReference(levelOf(groups_, kOwn), 340);
 }
 OdString OdDbMLeader::contents() const {
-  return drawing::keptText(levelOf(groups_, kContext), 304);
+  return drawing::rawText(levelOf(groups_, kContext), 304);
 }
 OdGePoint3d OdDbMLeader::textLocation() const {
-  return drawing::keptPoint(levelOf(groups_, kContext), 12);
+  return drawing::rawPoint(levelOf(groups_, kContext), 12);
 }
 OdGeVector3d OdDbMLeader::textDirection() const {
-  return drawing::keptPoint(levelOf(groups_, kContext), 13, {1, 0, 0}).asVector();
+  return drawing::rawPoint(levelOf(groups_, kContext), 13, {1, 0, 0}).asVector();
 }
 OdGeVector3d OdDbMLeader::normal() const {
   const GroupList context = levelOf(groups_, kContext);
-  return drawing::keptPoint(context, contentType() == kBlockContent ? 14 : 11, {0, 0, 1}).asVector();
+  return drawing::rawPoint(context, contentType() == kBlockContent ? 14 : 11, {0, 0, 1}).asVector();
 }
 double OdDbMLeader::textHeight() const {
-  return drawing::keptReal(levelOf(groups_, kContext), 41);
+  return drawing::rawReal(levelOf(groups_, kContext), 41);
 }
 double OdDbMLeader::arrowSize() const {
-  return drawing::keptReal(levelOf(groups_, kContext), 140);
+  return drawing::rawReal(levelOf(groups_, kContext), 140);
 }
 double OdDbMLeader::scale() const {
-  return drawing::keptReal(levelOf(groups_, kOwn), 45, 1);
+  return drawing::rawReal(levelOf(groups_, kOwn), 45, 1);
 }
 OdDbObjectId OdDbMLeader::blockContentId() const {
-  return drawing::keptReference(levelOf(groups_, kContext), 341);
+  return drawing::rawReference(levelOf(groups_, kContext), 341);
 }
 OdGePoint3d OdDbMLeader::blockPosition() const {
-  return drawing::keptPoint(levelOf(groups_, kContext), 15);
+  return drawing::rawPoint(levelOf(groups_, kContext), 15);
 }
 
 std::vector<std::vector<OdGePoint3d>> OdDbMLeader::leaderLines() const {
@@ -151,10 +151,10 @@ std::vector<MLeaderBranch> mleaderBranches(const OdDbMLeader& leader) {
     GroupList own;
     own.append(groups, part.first, part.end - part.first);
     if (part.level == kBranch && before != kLine)
-      branches.push_back({keptPoint(own, 10), keptPoint(own, 11).asVector(), keptReal(own, 40), {}});
+      branches.push_back({rawPoint(own, 10), rawPoint(own, 11).asVector(), rawReal(own, 40), {}});
     // The length of the dogleg may stand behind the lines.
     if (part.level == kBranch && before == kLine && !branches.empty())
-      branches.back().doglegLength = keptReal(own, 40, branches.back().doglegLength);
+      branches.back().doglegLength = rawReal(own, 40, branches.back().doglegLength);
     before = part.level;
     if (part.level != kLine || branches.empty())
       continue;
@@ -185,7 +185,7 @@ std::vector<std::pair<OdDbObjectId, OdString>> mleaderAttributes(const OdDbMLead
 }
 
 OdDbObjectId mleaderArrow(const OdDbMLeader& leader) {
-  return keptReference(levelOf(leader.groups(), kOwn), 342);
+  return rawReference(levelOf(leader.groups(), kOwn), 342);
 }
 
 std::optional<OdCmColor> mleaderColor(std::int64_t raw) {
@@ -238,10 +238,10 @@ OdResult OdDbMLeader::subTransformBy(const OdGeMatrix3d& matrix) {
     return eCannotTransform;
   const double length = matrix.scale(), scale = std::fabs(length - 1) > 1e-14 ? length : 1;
   const GroupList context = levelOf(groups_, kContext);
-  turnAngles(groups_, matrix, drawing::keptPoint(context, 11, {0, 0, 1}).asVector(),
-             drawing::keptPoint(context, 14, {0, 0, 1}).asVector());
+  turnAngles(groups_, matrix, drawing::rawPoint(context, 11, {0, 0, 1}).asVector(),
+             drawing::rawPoint(context, 14, {0, 0, 1}).asVector());
   for (const Part& part : partsOf(groups_))
-    drawing::moveKeptGroups(groups_, part.first, part.end, measuresOf(part.level), matrix, scale);
+    drawing::transformRawGroups(groups_, part.first, part.end, measuresOf(part.level), matrix, scale);
   if (const auto first = findMatrix(groups_)) {
     const OdGeMatrix3d moved = matrix * readMatrix(groups_, *first);
     for (std::size_t i = 0; i < 16; ++i)
@@ -264,10 +264,9 @@ OdResult OdDbMLeader::getGeomExtents(OdGeExtents3d& extents) const {
       all.addPoint(point);
   }
   if (contentType() == kMTextContent) { // the location lies on the upper edge: left, in the middle or right
-    const double width = drawing::keptReal(context, 43),
-                 height = std::max(drawing::keptReal(context, 44), textHeight());
+    const double width = drawing::rawReal(context, 43), height = std::max(drawing::rawReal(context, 44), textHeight());
     const OdGeVector3d along = textDirection() * width, down = textDirection().crossProduct(normal()) * height;
-    const auto side = static_cast<double>(drawing::keptInteger(context, 171, 1) - 1);
+    const auto side = static_cast<double>(drawing::rawInteger(context, 171, 1) - 1);
     const OdGePoint3d corner = textLocation() - along * (side / 2);
     for (const OdGeVector3d& to : {OdGeVector3d(), along, down, along + down})
       all.addPoint(corner + to);

@@ -11,7 +11,7 @@ ODDB_DEFINE_MEMBERS(OdDbTable, OdDbBlockReference, "ACAD_TABLE");
 const drawing::Description& OdDbTable::ownDescription() {
   static const drawing::Description description(
       &OdDbEntity::ownDescription(),
-      {referenceSection("AcDbBlockReference"), drawing::keptSection<&OdDbTable::groups_>("AcDbTable")});
+      {referenceSection("AcDbBlockReference"), drawing::rawSubclass<&OdDbTable::groups_>("AcDbTable")});
   return description;
 }
 
@@ -21,13 +21,13 @@ void OdDbTable::visitReferences(drawing::ReferenceVisitor& visitor) {
 }
 
 OdDbObjectId OdDbTable::tableStyle() const {
-  return drawing::keptReference(groups_, 342);
+  return drawing::rawReference(groups_, 342);
 }
 unsigned OdDbTable::numRows() const {
-  return static_cast<unsigned>(drawing::keptInteger(groups_, 91));
+  return static_cast<unsigned>(drawing::rawInteger(groups_, 91));
 }
 unsigned OdDbTable::numColumns() const {
-  return static_cast<unsigned>(drawing::keptInteger(groups_, 92));
+  return static_cast<unsigned>(drawing::rawInteger(groups_, 92));
 }
 double OdDbTable::rowHeight(unsigned row) const {
   return nthReal(141, row);
@@ -36,7 +36,7 @@ double OdDbTable::columnWidth(unsigned column) const {
   return nthReal(142, column);
 }
 OdGeVector3d OdDbTable::direction() const {
-  return drawing::keptPoint(groups_, 11, {1, 0, 0}).asVector();
+  return drawing::rawPoint(groups_, 11, {1, 0, 0}).asVector();
 }
 
 double OdDbTable::nthReal(int code, unsigned index) const {
@@ -57,6 +57,6 @@ OdResult OdDbTable::subTransformBy(const OdGeMatrix3d& matrix) {
     return result;
   // Cells may hold values under the same code: the direction stands before the first of them.
   const std::size_t head = std::min(groups_.find(171), groups_.find(301));
-  drawing::moveKeptGroups(groups_, 0, std::min(head, groups_.size()), kHead, matrix, 1);
+  drawing::transformRawGroups(groups_, 0, std::min(head, groups_.size()), kHead, matrix, 1);
   return eOk;
 }

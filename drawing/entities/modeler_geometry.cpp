@@ -26,7 +26,7 @@ MVDB_DEFINE_MODELER_KIND(OdDbNurbSurface, OdDbSurface, "NURBSURFACE");
 
 const drawing::Description& OdDbModelerGeometry::modelerDescription() {
   static const drawing::Description description(
-      &OdDbEntity::ownDescription(), {drawing::keptSection<&OdDbModelerGeometry::groups_>("AcDbModelerGeometry")});
+      &OdDbEntity::ownDescription(), {drawing::rawSubclass<&OdDbModelerGeometry::groups_>("AcDbModelerGeometry")});
   return description;
 }
 

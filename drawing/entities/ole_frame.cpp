@@ -7,13 +7,13 @@ ODDB_DEFINE_MEMBERS(OdDbOle2Frame, OdDbOleFrame, "OLE2FRAME");
 
 const drawing::Description& OdDbOleFrame::ownDescription() {
   static const drawing::Description description(&OdDbEntity::ownDescription(),
-                                                {drawing::keptSection<&OdDbOleFrame::groups_>("AcDbOleFrame")});
+                                                {drawing::rawSubclass<&OdDbOleFrame::groups_>("AcDbOleFrame")});
   return description;
 }
 
 const drawing::Description& OdDbOle2Frame::ownDescription() {
   static const drawing::Description description(&OdDbEntity::ownDescription(),
-                                                {drawing::keptSection<&OdDbOle2Frame::groups_>("AcDbOle2Frame")});
+                                                {drawing::rawSubclass<&OdDbOle2Frame::groups_>("AcDbOle2Frame")});
   return description;
 }
 
@@ -29,13 +29,13 @@ OdResult OdDbOleFrame::subTransformBy(const OdGeMatrix3d& matrix) {
 }
 
 OdString OdDbOle2Frame::getUserType() const {
-  return drawing::keptText(groups_, 3);
+  return drawing::rawText(groups_, 3);
 }
 OdGePoint3d OdDbOle2Frame::upperLeft() const {
-  return drawing::keptPoint(groups_, 10);
+  return drawing::rawPoint(groups_, 10);
 }
 OdGePoint3d OdDbOle2Frame::lowerRight() const {
-  return drawing::keptPoint(groups_, 11);
+  return drawing::rawPoint(groups_, 11);
 }
 
 OdResult OdDbOle2Frame::getGeomExtents(OdGeExtents3d& extents) const {

@@ -20,14 +20,14 @@ drawing::Section proxySection(drawing::Section section, const char* earlierMarke
 const drawing::Description& OdDbProxyEntity::ownDescription() {
   static const drawing::Description description(
       &OdDbEntity::ownDescription(),
-      {proxySection(drawing::keptSection<&OdDbProxyEntity::groups_>("AcDbProxyEntity"), "AcDbZombieEntity")});
+      {proxySection(drawing::rawSubclass<&OdDbProxyEntity::groups_>("AcDbProxyEntity"), "AcDbZombieEntity")});
   return description;
 }
 
 const drawing::Description& OdDbProxyObject::ownDescription() {
   static const drawing::Description description(
       &OdDbObject::ownDescription(),
-      {proxySection(drawing::keptSection<&OdDbProxyObject::groups_>("AcDbProxyObject"), "AcDbZombieObject")});
+      {proxySection(drawing::rawSubclass<&OdDbProxyObject::groups_>("AcDbProxyObject"), "AcDbZombieObject")});
   return description;
 }
 
@@ -42,11 +42,11 @@ void OdDbProxyObject::visitReferences(drawing::ReferenceVisitor& visitor) {
 }
 
 std::int32_t OdDbProxyEntity::applicationClassId() const {
-  return static_cast<std::int32_t>(drawing::keptInteger(groups_, kClassId));
+  return static_cast<std::int32_t>(drawing::rawInteger(groups_, kClassId));
 }
 
 std::int32_t OdDbProxyObject::applicationClassId() const {
-  return static_cast<std::int32_t>(drawing::keptInteger(groups_, kClassId));
+  return static_cast<std::int32_t>(drawing::rawInteger(groups_, kClassId));
 }
 
 OdResult OdDbProxyEntity::subTransformBy(const OdGeMatrix3d& matrix) {

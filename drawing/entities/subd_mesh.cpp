@@ -6,7 +6,7 @@ ODDB_DEFINE_MEMBERS(OdDbSubDMesh, OdDbEntity, "MESH");
 
 const drawing::Description& OdDbSubDMesh::ownDescription() {
   static const drawing::Description description(&OdDbEntity::ownDescription(),
-                                                {drawing::keptSection<&OdDbSubDMesh::groups_>("AcDbSubDMesh")});
+                                                {drawing::rawSubclass<&OdDbSubDMesh::groups_>("AcDbSubDMesh")});
   return description;
 }
 
@@ -21,12 +21,12 @@ std::vector<OdGePoint3d> OdDbSubDMesh::vertices() const {
 }
 
 int OdDbSubDMesh::subdivisionLevel() const {
-  return static_cast<int>(drawing::keptInteger(groups_, 91));
+  return static_cast<int>(drawing::rawInteger(groups_, 91));
 }
 
 OdResult OdDbSubDMesh::subTransformBy(const OdGeMatrix3d& matrix) {
   static constexpr drawing::Measured kPlaces[] = {{10, drawing::Measure::Point}};
-  drawing::moveKeptGroups(groups_, 0, groups_.size(), kPlaces, matrix, 1);
+  drawing::transformRawGroups(groups_, 0, groups_.size(), kPlaces, matrix, 1);
   return eOk;
 }
 

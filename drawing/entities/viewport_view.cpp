@@ -17,10 +17,10 @@ void addViewportView(const GroupList& groups, GroupList& xData) {
     if (xData.textOf(xData[at]) == "MVIEW")
       return;
   }
-  const auto real = [&groups](int code, double absent = 0) { return keptReal(groups, code, absent); };
+  const auto real = [&groups](int code, double absent = 0) { return rawReal(groups, code, absent); };
   if (groups.find(45) == groups.size())
     return; // nothing is said of a view
-  const std::int64_t flags = keptInteger(groups, 90);
+  const std::int64_t flags = rawInteger(groups, 90);
   const auto flag = [flags](int bit) { return (flags >> bit) & 1; };
   xData.utf8(1001, "ACAD");
   xData.utf8(1000, "MVIEW");
@@ -30,8 +30,8 @@ void addViewportView(const GroupList& groups, GroupList& xData) {
   xData.point(1010, {real(16), real(26), real(36, 1)});
   for (const double value : {OdaToRadian(real(51)), real(45), real(12), real(22), real(42, 50), real(43), real(44)})
     xData.real(1040, value);
-  for (const std::int64_t value : {flags & 31, keptInteger(groups, 72, 1000), std::int64_t{1}, flag(5), flag(8),
-                                   flag(9), flag(10), keptInteger(groups, 78)})
+  for (const std::int64_t value : {flags & 31, rawInteger(groups, 72, 1000), std::int64_t{1}, flag(5), flag(8), flag(9),
+                                   flag(10), rawInteger(groups, 78)})
     xData.integer(1070, value);
   for (const double value :
        {OdaToRadian(real(50)), real(13), real(23), real(14, 0.5), real(24, 0.5), real(15, 0.5), real(25, 0.5)})

@@ -8,9 +8,9 @@
 
 // Base of styles that are stored as groups of the file. Values that the file does not state are read as 0, empty text
 // or null unless stated otherwise.
-class MVDRAWING_API OdDbKeptStyle : public OdDbObject {
+class MVDRAWING_API OdDbRawStyle : public OdDbObject {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbKeptStyle);
+  ODRX_DECLARE_MEMBERS(OdDbRawStyle);
   // Key of the entry in its dictionary; empty when it is in none.
   OdString getName() const;
   // All groups of the style in file order.
@@ -18,7 +18,7 @@ public:
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
 
 protected:
-  OdDbKeptStyle() = default;
+  OdDbRawStyle() = default;
   // Replace the first group of that code, or append one.
   void putReal(int code, double value);
   void putReference(int code, OdDbObjectId value);
@@ -27,7 +27,7 @@ protected:
 };
 
 // Style of multileaders. Lengths are drawing units at scale 1.
-class MVDRAWING_API OdDbMLeaderStyle : public OdDbKeptStyle {
+class MVDRAWING_API OdDbMLeaderStyle : public OdDbRawStyle {
 public:
   ODDB_DECLARE_MEMBERS(OdDbMLeaderStyle);
   OdDbMLeaderStyle() = default;
@@ -58,7 +58,7 @@ public:
 using OdDbMLeaderStylePtr = OdSmartPtr<OdDbMLeaderStyle>;
 
 // Style of tables. Margins and heights are drawing units.
-class MVDRAWING_API OdDbTableStyle : public OdDbKeptStyle {
+class MVDRAWING_API OdDbTableStyle : public OdDbRawStyle {
 public:
   ODDB_DECLARE_MEMBERS(OdDbTableStyle);
   OdDbTableStyle() = default;
@@ -79,7 +79,7 @@ public:
 using OdDbTableStylePtr = OdSmartPtr<OdDbTableStyle>;
 
 // Visual style: the way in which solids and surfaces are displayed.
-class MVDRAWING_API OdDbVisualStyle : public OdDbKeptStyle {
+class MVDRAWING_API OdDbVisualStyle : public OdDbRawStyle {
 public:
   ODDB_DECLARE_MEMBERS(OdDbVisualStyle);
   OdDbVisualStyle() = default;

@@ -7,27 +7,27 @@
 using drawing::field;
 using drawing::GroupKind;
 
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbKeptStyle, OdDbObject);
-ODDB_DEFINE_MEMBERS(OdDbMLeaderStyle, OdDbKeptStyle, "MLEADERSTYLE");
-ODDB_DEFINE_MEMBERS(OdDbTableStyle, OdDbKeptStyle, "TABLESTYLE");
-ODDB_DEFINE_MEMBERS(OdDbVisualStyle, OdDbKeptStyle, "VISUALSTYLE");
+ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbRawStyle, OdDbObject);
+ODDB_DEFINE_MEMBERS(OdDbMLeaderStyle, OdDbRawStyle, "MLEADERSTYLE");
+ODDB_DEFINE_MEMBERS(OdDbTableStyle, OdDbRawStyle, "TABLESTYLE");
+ODDB_DEFINE_MEMBERS(OdDbVisualStyle, OdDbRawStyle, "VISUALSTYLE");
 ODDB_DEFINE_MEMBERS(OdDbMaterial, OdDbObject, "MATERIAL");
 
 const drawing::Description& OdDbMLeaderStyle::ownDescription() {
   static const drawing::Description description(&OdDbObject::ownDescription(),
-                                                {drawing::keptSection<&OdDbMLeaderStyle::groups_>("AcDbMLeaderStyle")});
+                                                {drawing::rawSubclass<&OdDbMLeaderStyle::groups_>("AcDbMLeaderStyle")});
   return description;
 }
 
 const drawing::Description& OdDbTableStyle::ownDescription() {
   static const drawing::Description description(&OdDbObject::ownDescription(),
-                                                {drawing::keptSection<&OdDbTableStyle::groups_>("AcDbTableStyle")});
+                                                {drawing::rawSubclass<&OdDbTableStyle::groups_>("AcDbTableStyle")});
   return description;
 }
 
 const drawing::Description& OdDbVisualStyle::ownDescription() {
   static const drawing::Description description(&OdDbObject::ownDescription(),
-                                                {drawing::keptSection<&OdDbVisualStyle::groups_>("AcDbVisualStyle")});
+                                                {drawing::rawSubclass<&OdDbVisualStyle::groups_>("AcDbVisualStyle")});
   return description;
 }
 
@@ -38,17 +38,17 @@ const drawing::Description& OdDbMaterial::ownDescription() {
   return description;
 }
 
-OdString OdDbKeptStyle::getName() const {
+OdString OdDbRawStyle::getName() const {
   const auto* dictionary = drawing::peekAs<OdDbDictionary>(ownerId());
   return dictionary == nullptr ? OdString() : dictionary->nameAt(objectId());
 }
 
-void OdDbKeptStyle::visitReferences(drawing::ReferenceVisitor& visitor) {
+void OdDbRawStyle::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbObject::visitReferences(visitor);
   drawing::visitGroups(groups_, visitor);
 }
 
-void OdDbKeptStyle::putReal(int code, double value) {
+void OdDbRawStyle::putReal(int code, double value) {
   assertWriteEnabled();
   const std::size_t i = groups_.find(code);
   if (i < groups_.size())
@@ -57,7 +57,7 @@ void OdDbKeptStyle::putReal(int code, double value) {
     groups_.real(code, value);
 }
 
-void OdDbKeptStyle::putReference(int code, OdDbObjectId value) {
+void OdDbRawStyle::putReference(int code, OdDbObjectId value) {
   assertWriteEnabled();
   const std::size_t i = groups_.find(code);
   if (i < groups_.size())
@@ -67,65 +67,65 @@ void OdDbKeptStyle::putReference(int code, OdDbObjectId value) {
 }
 
 OdString OdDbMLeaderStyle::getDescription() const {
-  return drawing::keptText(groups_, 3);
+  return drawing::rawText(groups_, 3);
 }
 std::int16_t OdDbMLeaderStyle::contentType() const {
-  return static_cast<std::int16_t>(drawing::keptInteger(groups_, 170, 2));
+  return static_cast<std::int16_t>(drawing::rawInteger(groups_, 170, 2));
 }
 double OdDbMLeaderStyle::scale() const {
-  return drawing::keptReal(groups_, 142, 1);
+  return drawing::rawReal(groups_, 142, 1);
 }
 void OdDbMLeaderStyle::setScale(double value) {
   putReal(142, value);
 }
 double OdDbMLeaderStyle::textHeight() const {
-  return drawing::keptReal(groups_, 45);
+  return drawing::rawReal(groups_, 45);
 }
 void OdDbMLeaderStyle::setTextHeight(double value) {
   putReal(45, value);
 }
 double OdDbMLeaderStyle::arrowSize() const {
-  return drawing::keptReal(groups_, 44);
+  return drawing::rawReal(groups_, 44);
 }
 void OdDbMLeaderStyle::setArrowSize(double value) {
   putReal(44, value);
 }
 double OdDbMLeaderStyle::landingGap() const {
-  return drawing::keptReal(groups_, 42);
+  return drawing::rawReal(groups_, 42);
 }
 double OdDbMLeaderStyle::doglegLength() const {
-  return drawing::keptReal(groups_, 43);
+  return drawing::rawReal(groups_, 43);
 }
 OdDbObjectId OdDbMLeaderStyle::textStyleId() const {
-  return drawing::keptReference(groups_, 342);
+  return drawing::rawReference(groups_, 342);
 }
 void OdDbMLeaderStyle::setTextStyleId(OdDbObjectId value) {
   putReference(342, value);
 }
 OdDbObjectId OdDbMLeaderStyle::leaderLineTypeId() const {
-  return drawing::keptReference(groups_, 340);
+  return drawing::rawReference(groups_, 340);
 }
 OdDbObjectId OdDbMLeaderStyle::arrowSymbolId() const {
-  return drawing::keptReference(groups_, 341);
+  return drawing::rawReference(groups_, 341);
 }
 OdDbObjectId OdDbMLeaderStyle::blockId() const {
-  return drawing::keptReference(groups_, 343);
+  return drawing::rawReference(groups_, 343);
 }
 OdString OdDbMLeaderStyle::defaultMText() const {
-  return drawing::keptText(groups_, 300);
+  return drawing::rawText(groups_, 300);
 }
 
 OdString OdDbTableStyle::getDescription() const {
-  return drawing::keptText(groups_, 3);
+  return drawing::rawText(groups_, 3);
 }
 bool OdDbTableStyle::isFlowUp() const {
-  return drawing::keptInteger(groups_, 70) != 0;
+  return drawing::rawInteger(groups_, 70) != 0;
 }
 double OdDbTableStyle::horzCellMargin() const {
-  return drawing::keptReal(groups_, 40);
+  return drawing::rawReal(groups_, 40);
 }
 double OdDbTableStyle::vertCellMargin() const {
-  return drawing::keptReal(groups_, 41);
+  return drawing::rawReal(groups_, 41);
 }
 
 namespace {
@@ -163,13 +163,13 @@ OdString OdDbTableStyle::textStyleName(RowType row) const {
 }
 
 OdString OdDbVisualStyle::getDescription() const {
-  return drawing::keptText(groups_, 2);
+  return drawing::rawText(groups_, 2);
 }
 std::int16_t OdDbVisualStyle::type() const {
-  return static_cast<std::int16_t>(drawing::keptInteger(groups_, 70));
+  return static_cast<std::int16_t>(drawing::rawInteger(groups_, 70));
 }
 bool OdDbVisualStyle::isInternalUseOnly() const {
-  return drawing::keptInteger(groups_, 291) != 0;
+  return drawing::rawInteger(groups_, 291) != 0;
 }
 
 MVDB_SETTER(OdDbMaterial, setDescription, const OdString&, description_)

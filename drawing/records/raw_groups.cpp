@@ -44,8 +44,8 @@ void moveTriple(GroupList& groups, std::size_t i, Measure measure, const OdGeMat
 
 } // namespace
 
-void moveKeptGroups(GroupList& groups, std::size_t first, std::size_t end, std::span<const Measured> table,
-                    const OdGeMatrix3d& matrix, double lengthScale) {
+void transformRawGroups(GroupList& groups, std::size_t first, std::size_t end, std::span<const Measured> table,
+                        const OdGeMatrix3d& matrix, double lengthScale) {
   for (std::size_t i = first; i < end; ++i) {
     for (const Measured& one : table) {
       if (groups[i].code != one.code || groups[i].kind != GroupKind::Real)
@@ -61,7 +61,7 @@ void moveKeptGroups(GroupList& groups, std::size_t first, std::size_t end, std::
 namespace {
 
 // The first group of that code and kind; the size when there is none.
-std::size_t findKept(const GroupList& groups, int code, GroupKind kind) {
+std::size_t findRaw(const GroupList& groups, int code, GroupKind kind) {
   std::size_t i = groups.find(code);
   while (i < groups.size() && groups[i].kind != kind)
     i = groups.find(code, i + 1);
@@ -70,28 +70,28 @@ std::size_t findKept(const GroupList& groups, int code, GroupKind kind) {
 
 } // namespace
 
-double keptReal(const GroupList& groups, int code, double absent) {
-  const std::size_t i = findKept(groups, code, GroupKind::Real);
+double rawReal(const GroupList& groups, int code, double absent) {
+  const std::size_t i = findRaw(groups, code, GroupKind::Real);
   return i < groups.size() ? groups[i].real : absent;
 }
 
-std::int64_t keptInteger(const GroupList& groups, int code, std::int64_t absent) {
-  const std::size_t i = findKept(groups, code, groupKindOf(code));
+std::int64_t rawInteger(const GroupList& groups, int code, std::int64_t absent) {
+  const std::size_t i = findRaw(groups, code, groupKindOf(code));
   return i < groups.size() ? groups[i].integer : absent;
 }
 
-OdGePoint3d keptPoint(const GroupList& groups, int code, const OdGePoint3d& absent) {
+OdGePoint3d rawPoint(const GroupList& groups, int code, const OdGePoint3d& absent) {
   OdGePoint3d point;
   return tripleAt(groups, groups.find(code), point) ? point : absent;
 }
 
-OdString keptText(const GroupList& groups, int code) {
-  const std::size_t i = findKept(groups, code, GroupKind::Text);
+OdString rawText(const GroupList& groups, int code) {
+  const std::size_t i = findRaw(groups, code, GroupKind::Text);
   return i < groups.size() ? groups.stringOf(groups[i]) : OdString();
 }
 
-OdDbObjectId keptReference(const GroupList& groups, int code) {
-  const std::size_t i = findKept(groups, code, GroupKind::Reference);
+OdDbObjectId rawReference(const GroupList& groups, int code) {
+  const std::size_t i = findRaw(groups, code, GroupKind::Reference);
   return i < groups.size() ? groups.idOf(groups[i]) : OdDbObjectId();
 }
 

@@ -14,7 +14,7 @@ namespace drawing {
 
 // Takes every group. One whose value cannot be read spoils the record: it might be a place.
 template <auto Member>
-bool keepGroup(OdDbObject& object, const Pair& pair, LoadContext& context) {
+bool readRawGroup(OdDbObject& object, const Pair& pair, LoadContext& context) {
   GroupList& groups = static_cast<typename MemberOf<decltype(Member)>::Class&>(object).*Member;
   context.append(groups, pair);
   if (groups[groups.size() - 1].kind == GroupKind::Unread)
@@ -23,13 +23,13 @@ bool keepGroup(OdDbObject& object, const Pair& pair, LoadContext& context) {
 }
 
 template <auto Member>
-void writeKeptGroups(const OdDbObject& object, GroupSink& sink) {
+void writeRawGroups(const OdDbObject& object, GroupSink& sink) {
   (static_cast<const typename MemberOf<decltype(Member)>::Class&>(object).*Member).writeTo(sink);
 }
 
 template <auto Member>
-Section keptSection(const char* marker) {
-  return {marker, {}, keepGroup<Member>, writeKeptGroups<Member>};
+Section rawSubclass(const char* marker) {
+  return {marker, {}, readRawGroup<Member>, writeRawGroups<Member>};
 }
 
 enum class Measure : std::uint8_t {
@@ -46,19 +46,19 @@ struct Measured {
 };
 
 // Moves the values of groups `first` to `end` - 1 that the table names. Translations move places only.
-void moveKeptGroups(GroupList& groups, std::size_t first, std::size_t end, std::span<const Measured> table,
-                    const OdGeMatrix3d& matrix, double lengthScale);
+void transformRawGroups(GroupList& groups, std::size_t first, std::size_t end, std::span<const Measured> table,
+                        const OdGeMatrix3d& matrix, double lengthScale);
 
 // The three coordinates at group i; false when other groups stand there.
 bool tripleAt(const GroupList& groups, std::size_t i, OdGePoint3d& point);
 void setTripleAt(GroupList& groups, std::size_t i, const OdGePoint3d& point);
 
 // The first value under that code; `absent` when there is none of the kind.
-double keptReal(const GroupList& groups, int code, double absent = 0);
-std::int64_t keptInteger(const GroupList& groups, int code, std::int64_t absent = 0);
-OdGePoint3d keptPoint(const GroupList& groups, int code, const OdGePoint3d& absent = {});
-OdString keptText(const GroupList& groups, int code);
-OdDbObjectId keptReference(const GroupList& groups, int code);
+double rawReal(const GroupList& groups, int code, double absent = 0);
+std::int64_t rawInteger(const GroupList& groups, int code, std::int64_t absent = 0);
+OdGePoint3d rawPoint(const GroupList& groups, int code, const OdGePoint3d& absent = {});
+OdString rawText(const GroupList& groups, int code);
+OdDbObjectId rawReference(const GroupList& groups, int code);
 
 // The exact unit map: nothing moves.
 bool isIdentity(const OdGeMatrix3d& matrix);

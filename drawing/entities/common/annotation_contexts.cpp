@@ -71,7 +71,7 @@ void moveRepresentation(GroupList& groups, const Representation& kind, const Pla
                         const OdGeMatrix3d& matrix) {
   const std::size_t first = groups.find(340); // its scale; places stand behind it
   const double scale = map.keepsShapes() && std::fabs(map.scale() - 1) > 1e-14 ? map.scale() : 1;
-  moveKeptGroups(groups, first, groups.size(), kind.world, matrix, scale);
+  transformRawGroups(groups, first, groups.size(), kind.world, matrix, scale);
   for (std::size_t i = first; i < groups.size(); ++i) {
     if (groups[i].code == kind.inPlane[0] || groups[i].code == kind.inPlane[1])
       movePlace(groups, i, map);

@@ -33,7 +33,7 @@ private:
 };
 
 bool isGradient(const OdDbHatch& hatch) {
-  return keptInteger(hatch.groups(), 450) != 0;
+  return rawInteger(hatch.groups(), 450) != 0;
 }
 
 // The first colour of a gradient stands behind its first place.

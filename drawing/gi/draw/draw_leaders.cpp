@@ -84,17 +84,17 @@ void drawBranch(const OdDbMLeader& leader, const MLeaderBranch& branch, OdDbObje
 void drawNote(const OdDbMLeader& leader, const GroupList& context, Canvas& canvas) {
   TextBox box;
   constexpr int kAttachments[] = {1, 1, 2, 3}; // left, centre, right: from the top
-  box.attachment = kAttachments[std::clamp<std::int64_t>(keptInteger(context, 171, 1), 0, 3)];
+  box.attachment = kAttachments[std::clamp<std::int64_t>(rawInteger(context, 171, 1), 0, 3)];
   Frame frame;
-  frame.width = keptReal(context, 43);
+  frame.width = rawReal(context, 43);
   frame.textHeight = leader.textHeight();
-  frame.lineSpacing = std::max(keptReal(context, 45, 1), 0.25);
+  frame.lineSpacing = std::max(rawReal(context, 45, 1), 0.25);
   frame.align = box.attachment == 1 ? Align::Left : box.attachment == 2 ? Align::Center : Align::Right;
   const OdGeVector3d x = leader.textDirection().normal(), z = leader.normal().normal();
   box.toBlock = OdGeMatrix3d::coordSystem(leader.textLocation(), x, z.crossProduct(x), z);
-  const OdDbObjectId style = keptReference(context, 340);
+  const OdDbObjectId style = rawReference(context, 340);
   LetterLook look{fontOfStyle(style), leader.textHeight(), widthFactorOfStyle(style), obliqueOfStyle(style), {}};
-  if (const std::optional<OdCmColor> color = mleaderColor(keptInteger(context, 90)))
+  if (const std::optional<OdCmColor> color = mleaderColor(rawInteger(context, 90)))
     look.color = color;
   box.block = layOut(readMText(leader.contents().visible(), look), frame, canvas.letters());
   drawTextBox(box, canvas);

@@ -34,15 +34,15 @@ void takeColumns(const OdDbMText& text, Frame& frame) {
   bool isEmbedded = false;
   const GroupList groups = groupsAfterMarker(text.furtherGroups(), isEmbedded);
   const ColumnCodes& codes = isEmbedded ? kEmbedded : kPlain;
-  if (keptInteger(groups, codes.kind) == 0)
+  if (rawInteger(groups, codes.kind) == 0)
     return;
-  frame.width = keptReal(groups, codes.width, frame.width);
-  frame.gutter = keptReal(groups, codes.gutter);
-  const double height = isEmbedded ? keptReal(groups, 41, text.definedHeight()) : text.definedHeight();
+  frame.width = rawReal(groups, codes.width, frame.width);
+  frame.gutter = rawReal(groups, codes.gutter);
+  const double height = isEmbedded ? rawReal(groups, 41, text.definedHeight()) : text.definedHeight();
   for (std::size_t i = groups.find(codes.height); i < groups.size(); i = groups.find(codes.height, i + 1))
     frame.columns.push_back({groups[i].kind == GroupKind::Real ? groups[i].real : 0});
   const auto count =
-      static_cast<std::size_t>(std::clamp<std::int64_t>(keptInteger(groups, codes.count), 0, kMostColumns));
+      static_cast<std::size_t>(std::clamp<std::int64_t>(rawInteger(groups, codes.count), 0, kMostColumns));
   const std::size_t wanted = count > 0 ? count : std::size_t{kMostColumns};
   while (frame.columns.size() < wanted && height > 0)
     frame.columns.push_back({height});
@@ -56,10 +56,10 @@ void drawBackground(const OdDbMText& text, const TextBox& box, Canvas& canvas) {
   if (flag >= groups.size() || flag > groups.find(101))
     return;
   const std::int64_t fill = groups[flag].integer;
-  const double margin = (keptReal(groups, 45, 1.5) - 1) * text.textHeight();
+  const double margin = (rawReal(groups, 45, 1.5) - 1) * text.textHeight();
   const Path outline = outlineOf(box, margin);
-  const OdCmColor color{static_cast<std::int16_t>(keptInteger(groups, 63, 7)),
-                        static_cast<std::int32_t>(keptInteger(groups, 421, -1))};
+  const OdCmColor color{static_cast<std::int16_t>(rawInteger(groups, 63, 7)),
+                        static_cast<std::int32_t>(rawInteger(groups, 421, -1))};
   if ((fill & kOfWindow) != 0)
     canvas.fill({outline}, canvas.looks().background());
   else if ((fill & kColor) != 0)

@@ -99,18 +99,18 @@ GroupList viewOf(const OdDbViewport& viewport) {
 
 // From the world of model space to the sheet.
 OdGeMatrix3d viewportTransform(const OdDbViewport& viewport, const GroupList& view) {
-  const OdGeVector3d direction = keptPoint(view, 16, {0, 0, 1}).asVector();
-  const double height = keptReal(view, 45, viewport.height()), scale = height > 0 ? viewport.height() / height : 1;
-  const OdGePoint3d center(keptReal(view, 12), keptReal(view, 22), 0);
-  const OdGeMatrix3d eye = OdGeMatrix3d::rotation(OdaToRadian(keptReal(view, 51)), {0, 0, 1}) *
+  const OdGeVector3d direction = rawPoint(view, 16, {0, 0, 1}).asVector();
+  const double height = rawReal(view, 45, viewport.height()), scale = height > 0 ? viewport.height() / height : 1;
+  const OdGePoint3d center(rawReal(view, 12), rawReal(view, 22), 0);
+  const OdGeMatrix3d eye = OdGeMatrix3d::rotation(OdaToRadian(rawReal(view, 51)), {0, 0, 1}) *
                            OdGeMatrix3d::worldToPlane(direction.isZeroLength() ? OdGeVector3d(0, 0, 1) : direction) *
-                           OdGeMatrix3d::translation(OdGePoint3d() - keptPoint(view, 17));
+                           OdGeMatrix3d::translation(OdGePoint3d() - rawPoint(view, 17));
   return OdGeMatrix3d::translation(viewport.centerPoint().asVector()) * OdGeMatrix3d::scaling(scale) *
          OdGeMatrix3d::translation(OdGePoint3d() - center) * eye;
 }
 
 Path borderOf(const OdDbViewport& viewport, const GroupList& view) {
-  if (const auto* boundary = peekAs<OdDbEntity>(keptReference(view, 340)); lives(boundary)) {
+  if (const auto* boundary = peekAs<OdDbEntity>(rawReference(view, 340)); lives(boundary)) {
     if (Path outline = outlineOf(*boundary); outline.size() > 2)
       return outline;
   }
@@ -123,7 +123,7 @@ Path borderOf(const OdDbViewport& viewport, const GroupList& view) {
 
 void drawViewport(const OdDbViewport& viewport, Canvas& canvas) {
   const GroupList view = viewOf(viewport);
-  const std::int64_t number = keptInteger(view, 69), state = keptInteger(view, 68, 1), flags = keptInteger(view, 90);
+  const std::int64_t number = rawInteger(view, 69), state = rawInteger(view, 68, 1), flags = rawInteger(view, 90);
   if (number == 1)
     return; // the sheet itself
   const Path border = borderOf(viewport, view);
