@@ -41,17 +41,17 @@ private:
     const auto found = auditOpenDrawing(session, fix_);
     issues_.insert(issues_.end(), found.begin(), found.end());
     results["outcome"] = outcomeName(issues_);
-    results["records"] = {{"read", read_.account.read},
-                          {"kept", read_.account.kept},
-                          {"keptUnread", read_.account.keptUnread},
-                          {"dropped", read_.account.dropped}};
+    results["records"] = {{"read", read_.counts.read},
+                          {"kept", read_.counts.opaque},
+                          {"keptUnread", read_.counts.unparsed},
+                          {"dropped", read_.counts.dropped}};
     results["unlisted"] = read_.suppressed();
   }
 
   void printSummary(Session& session) {
-    const auto& account = read_.account;
+    const auto& counts = read_.counts;
     session.result(Text::kAuditSum,
-                   {count(account.read), count(account.kept), count(account.keptUnread), count(account.dropped)});
+                   {count(counts.read), count(counts.opaque), count(counts.unparsed), count(counts.dropped)});
     showIssues(session, issues_);
     if (read_.suppressed() != 0)
       session.result(Text::kMoreIssues, {OdString::fromUtf8(files_.in), count(read_.suppressed())});

@@ -100,7 +100,7 @@ void BinaryWriter::binary(int number, std::string_view bytes) {
 
 // What could not be read as its code asks stands as text where the code is one of texts, and as its number when it is
 // only not finite.
-void BinaryWriter::unread(int number, std::string_view text) {
+void BinaryWriter::unparsed(int number, std::string_view text) {
   const GroupKind kind = groupKindOf(number);
   if (kind == GroupKind::Text || kind == GroupKind::Handle || kind == GroupKind::Reference)
     return plain(number, text);

@@ -155,7 +155,7 @@ void Reader::readOpaqueSection() {
   for (std::size_t i = 2; i < record_.size(); ++i)
     builder_.context().append(section.groups, record_[i]);
   while (inSection()) {
-    ++report_.account.kept;
+    ++report_.counts.opaque;
     for (const Pair& pair : record_)
       builder_.context().append(section.groups, pair);
   }

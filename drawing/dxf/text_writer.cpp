@@ -64,7 +64,7 @@ void TextWriter::utf8(int code, std::string_view text) {
   notePlace(code, text);
   line(code, encoded(text));
 }
-void TextWriter::unread(int code, std::string_view text) {
+void TextWriter::unparsed(int code, std::string_view text) {
   line(code, text);
 }
 void TextWriter::handle(int code, OdDbHandle value) {

@@ -78,7 +78,7 @@ public:
   void reference(int code, OdDbObjectId id) override;
   void handle(int code, OdDbHandle value) override;
   void binary(int code, std::string_view bytes) override;
-  void unread(int code, std::string_view text) override;
+  void unparsed(int code, std::string_view text) override;
 
 private:
   void line(int code, std::string_view text);
@@ -95,7 +95,7 @@ public:
   void reference(int code, OdDbObjectId id) override;
   void handle(int code, OdDbHandle value) override;
   void binary(int code, std::string_view bytes) override;
-  void unread(int code, std::string_view text) override;
+  void unparsed(int code, std::string_view text) override;
 
 private:
   void begin(int code);

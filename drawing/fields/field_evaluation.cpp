@@ -83,7 +83,7 @@ Computed headerVariable(const OdDbDatabase& database, const FieldCode& code) {
     return formatted(formatText(groups->stringOf(first), code.format));
   if (first.kind == GroupKind::Real)
     return formattedNumber(first.real, code, database);
-  if (groupKindOf(first.code) == first.kind && code.format.isEmpty() && first.kind != GroupKind::Unread)
+  if (groupKindOf(first.code) == first.kind && code.format.isEmpty() && first.kind != GroupKind::kUnparsed)
     return formatted(OdString(std::to_wstring(first.integer)), static_cast<double>(first.integer));
   return failed(eNotImplementedYet);
 }

@@ -223,7 +223,7 @@ class CountingSink final : public GroupSink {
   void reference(int, OdDbObjectId) override {}
   void handle(int, OdDbHandle) override {}
   void binary(int, std::string_view) override {}
-  void unread(int, std::string_view) override {}
+  void unparsed(int, std::string_view) override {}
   OdDb::DwgVersion version() const override { return OdDb::kRelease12; }
 };
 

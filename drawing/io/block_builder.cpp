@@ -131,7 +131,7 @@ OdDbBlockTableRecord& DrawingBuilder::beginBlock() {
     objects_.fill(*record_, *begin.object, begin, &block, &OdDbBlockTableRecord::headSection());
     block.takeHead();
   }
-  ++report_.account.read;
+  ++report_.counts.read;
   blocks_.push_back(block.objectId());
   block.adoptEnds(add(begin, block.objectId()), OdDbObjectId());
   endSequence();
@@ -142,7 +142,7 @@ void DrawingBuilder::endBlock(OdDbBlockTableRecord& block) {
   ReadObject end;
   end.object = OdDbObjectPtr(new OdDbBlockEnd);
   objects_.fill(*record_, *end.object, end);
-  ++report_.account.read;
+  ++report_.counts.read;
   block.adoptEnds(OdDbObjectId(), add(end, block.objectId()));
 }
 
@@ -174,7 +174,7 @@ void DrawingBuilder::addEntity(OdDbBlockTableRecord* block) {
   if (read.object->isKindOf(OdDbSequenceEnd::desc())) {
     // Writers of sequences without members leave a separate end; it says nothing.
     report("dxf.stray-sequence-end", Severity::Repaired, "an end of a sequence without a sequence", "it is dropped");
-    ++report_.account.dropped;
+    ++report_.counts.dropped;
     return;
   }
   if (read.object->dxfName() == std::string_view("VERTEX"))

@@ -23,7 +23,7 @@ void DrawingBuilder::report(const char* code, Severity severity, std::string fou
 
 void DrawingBuilder::reportSkipped(const char* code, std::string found) {
   report(code, Severity::Lost, std::move(found), "it is passed over");
-  ++report_.account.dropped;
+  ++report_.counts.dropped;
 }
 
 bool DrawingBuilder::exceeds(std::string limit) {
@@ -89,7 +89,7 @@ void DrawingBuilder::addTableRecord(OdDb::SymbolTableKind kind, OdDbSymbolTable&
   objects_.fill(*record_, *read.object, read);
   if (context_.failed()) // typed values stay at their defaults; the report names the value
     report("dxf.table-record-damaged", Severity::Lost, "a value of the record is unreadable", "its default is taken");
-  ++report_.account.read;
+  ++report_.counts.read;
   OdSmartPtr<OdDbSymbolTableRecord> record = read.object;
   add(read, table.objectId());
   registerRecord(table, *record);
@@ -106,7 +106,7 @@ bool DrawingBuilder::fillPlaceholder(OdDbSymbolTable& table) {
   OdDbObject& record = *peek(id);
   const WriteScope scope(record);
   objects_.fill(*record_, record, read);
-  ++report_.account.read;
+  ++report_.counts.read;
   const OdDbObjectId expected = database_.store().giveHandle(id, read.handle);
   if (!expected.isNull())
     context_.redirects().emplace_back(expected, id);

@@ -14,7 +14,7 @@ public:
   void reference(int code, OdDbObjectId id) override { to_.reference(code, id); }
   void handle(int code, OdDbHandle value) override { to_.handle(code, value); }
   void binary(int code, std::string_view bytes) override { to_.binary(code, bytes); }
-  void unread(int code, std::string_view text) override { to_.unread(code, text); }
+  void unparsed(int code, std::string_view text) override { to_.unparsed(code, text); }
   OdDb::DwgVersion version() const override { return to_.version(); }
   bool keepsNewer() const override { return to_.keepsNewer(); }
   void lost(Issue issue) override { to_.lost(std::move(issue)); }

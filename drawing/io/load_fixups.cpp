@@ -173,7 +173,7 @@ void ensureLayers(OdDbDatabase& database) {
     if (entity == nullptr || !entity->layerId().isNull())
       continue;
     const auto* opaque = dynamic_cast<const OdDbOpaqueEntity*>(entity);
-    if (opaque != nullptr && opaque->isUnread())
+    if (opaque != nullptr && opaque->isUnparsed())
       continue;
     const WriteScope scope(*entity);
     entity->setLayer(database.getLayerZeroId());
@@ -190,7 +190,7 @@ void cutReference(SettleFacts& facts, OdDbObjectId id) {
   auto* opaque = new OdDbOpaqueEntity;
   const OdSmartPtr<OdDbObject> holder(opaque);
   opaque->setDxfName(reference.dxfName());
-  opaque->setUnread(true);
+  opaque->setUnparsed(true);
   opaque->setOwnerId(reference.ownerId());
   writeSections(reference, opaque->extrasForLoad().unmodelledGroups);
   facts.database.store().replace(id, opaque);

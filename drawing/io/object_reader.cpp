@@ -61,16 +61,16 @@ const Section& commonSection() {
   return *OdDbEntity::ownDescription().sections().front();
 }
 
-OdSmartPtr<OdDbObject> makeOpaque(std::string_view name, bool isEntity, bool unread) {
+OdSmartPtr<OdDbObject> makeOpaque(std::string_view name, bool isEntity, bool unparsed) {
   if (isEntity) {
     auto* entity = new OdDbOpaqueEntity;
     entity->setDxfName(std::string(name));
-    entity->setUnread(unread);
+    entity->setUnparsed(unparsed);
     return OdSmartPtr<OdDbObject>(entity);
   }
   auto* object = new OdDbOpaqueObject;
   object->setDxfName(std::string(name));
-  object->setUnread(unread);
+  object->setUnparsed(unparsed);
   return OdSmartPtr<OdDbObject>(object);
 }
 
@@ -85,20 +85,20 @@ ReadObject ObjectReader::read(const Record& record, bool isEntity) {
     facts.object = known->create();
     fill(record, *facts.object, facts);
     if (context_.failed())
-      return keepUnread(record, isEntity);
-    ++context_.report().account.read;
+      return readUnparsed(record, isEntity);
+    ++context_.report().counts.read;
     return facts;
   }
   facts.object = makeOpaque(name, isEntity, false);
   fill(record, *facts.object, facts);
   if (context_.failed())
-    return keepUnread(record, isEntity);
-  ++context_.report().account.kept;
+    return readUnparsed(record, isEntity);
+  ++context_.report().counts.opaque;
   return facts;
 }
 
 // Everything but handle, owner and what hangs on the object is kept to the letter.
-ReadObject ObjectReader::keepUnread(const Record& record, bool isEntity) {
+ReadObject ObjectReader::readUnparsed(const Record& record, bool isEntity) {
   ReadObject facts;
   facts.object = makeOpaque(record[0].text, isEntity, true);
   const std::size_t xData = xDataStart(record);
@@ -108,7 +108,7 @@ ReadObject ObjectReader::keepUnread(const Record& record, bool isEntity) {
       takeEntityFact(record[i], facts);
   }
   readXData(record, xData, *facts.object);
-  ++context_.report().account.keptUnread;
+  ++context_.report().counts.unparsed;
   return facts;
 }
 

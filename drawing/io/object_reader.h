@@ -38,7 +38,7 @@ private:
   std::size_t readApplicationGroup(const Record& record, std::size_t at, OdDbObject& object);
   bool takeEntityFact(const Pair& pair, ReadObject& facts);
   void readXData(const Record& record, std::size_t from, OdDbObject& object);
-  ReadObject keepUnread(const Record& record, bool isEntity);
+  ReadObject readUnparsed(const Record& record, bool isEntity);
 
   LoadContext& context_;
 };

@@ -43,9 +43,9 @@ public:
     if (has(code))
       to_.binary(code, bytes);
   }
-  void unread(int code, std::string_view text) override {
+  void unparsed(int code, std::string_view text) override {
     if (has(code))
-      to_.unread(code, text);
+      to_.unparsed(code, text);
   }
 
   void leftOut(int code, std::string_view marker, double value) override;

@@ -221,7 +221,7 @@ private:
 
   void checkEntity(OdDbEntity& entity) {
     const auto* opaque = dynamic_cast<const OdDbOpaqueEntity*>(&entity);
-    if (opaque != nullptr && opaque->isUnread())
+    if (opaque != nullptr && opaque->isUnparsed())
       return;
     if (!lives(entity.layerId())) {
       addIssue("audit.no-layer", Severity::Lost, entity, "the entity has no layer", "it is put on layer 0");
@@ -350,7 +350,7 @@ private:
 
   // Reading keeps such references as data; in a file they would be references again.
   bool closesCycle(const OdDbOpaqueEntity& opaque) const {
-    if (!opaque.isUnread() || opaque.dxfName() != "INSERT" || opaque.unmodelledGroupsOrNull() == nullptr)
+    if (!opaque.isUnparsed() || opaque.dxfName() != "INSERT" || opaque.unmodelledGroupsOrNull() == nullptr)
       return false;
     const GroupList& groups = *opaque.unmodelledGroupsOrNull();
     const std::size_t name = groups.find(2);

@@ -22,7 +22,7 @@ public:
   void reference(int code, OdDbObjectId id) override { line(code, "-> " + nameOf(id)); }
   void handle(int code, OdDbHandle value) override;
   void binary(int code, std::string_view bytes) override;
-  void unread(int code, std::string_view text) override { line(code, "unread " + std::string(text)); }
+  void unparsed(int code, std::string_view text) override { line(code, "unread " + std::string(text)); }
 
   std::string nameOf(OdDbObjectId id) const { return naming_(id); }
 

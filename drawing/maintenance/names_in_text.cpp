@@ -28,7 +28,7 @@ constexpr NameGroup kUnmodelledNames[] = {
 };
 
 // And of entities that are kept as the record they were.
-constexpr NameGroup kUnreadNames[] = {
+constexpr NameGroup kUnparsedNames[] = {
     {"", 8, OdDb::kLayerTable},           {"", 6, OdDb::kLinetypeTable},          {"INSERT", 2, OdDb::kBlockTable},
     {"DIMENSION", 2, OdDb::kBlockTable},  {"DIMENSION", 3, OdDb::kDimStyleTable}, {"LEADER", 3, OdDb::kDimStyleTable},
     {"TEXT", 7, OdDb::kTextStyleTable},   {"MTEXT", 7, OdDb::kTextStyleTable},    {"ATTRIB", 7, OdDb::kTextStyleTable},
@@ -37,7 +37,7 @@ constexpr NameGroup kUnreadNames[] = {
 
 // Values that do not fit their code stand as text too: old dimension styles have names where later ones have handles.
 bool isText(const Group& group) {
-  return group.kind == GroupKind::Text || group.kind == GroupKind::Unread;
+  return group.kind == GroupKind::Text || group.kind == GroupKind::kUnparsed;
 }
 
 template <std::size_t Count>
@@ -110,8 +110,8 @@ void collectTextualReferences(const OdDbObject& object, std::vector<TextualRefer
   if (const GroupList& unmodelled = *object.unmodelledGroupsOrNull(); !unmodelled.empty()) {
     const auto* entity = dynamic_cast<const OdDbOpaqueEntity*>(&object);
     const std::string record = object.dxfName();
-    if (entity != nullptr && entity->isUnread())
-      findIn(unmodelled, TextualReference::kUnmodelled, record, kUnreadNames, names);
+    if (entity != nullptr && entity->isUnparsed())
+      findIn(unmodelled, TextualReference::kUnmodelled, record, kUnparsedNames, names);
     else
       findIn(unmodelled, TextualReference::kUnmodelled, record, kUnmodelledNames, names);
   }

@@ -109,8 +109,8 @@ void GroupList::utf8(int code, std::string_view text) {
 void GroupList::binary(int code, std::string_view bytes) {
   addText(code, GroupKind::Binary, bytes);
 }
-void GroupList::unread(int code, std::string_view text) {
-  addText(code, GroupKind::Unread, text);
+void GroupList::unparsed(int code, std::string_view text) {
+  addText(code, GroupKind::kUnparsed, text);
 }
 
 void GroupList::real(int code, double value) {
@@ -164,8 +164,8 @@ void GroupList::writeTo(GroupSink& sink, std::size_t first, std::size_t count) c
     case GroupKind::Binary:
       sink.binary(group.code, textOf(group));
       break;
-    case GroupKind::Unread:
-      sink.unread(group.code, textOf(group));
+    case GroupKind::kUnparsed:
+      sink.unparsed(group.code, textOf(group));
       break;
     default:
       sink.integer(group.code, group.integer);

@@ -254,7 +254,7 @@ void LoadContext::append(GroupList& list, const Pair& pair) {
   }
   if (list.size() == size) {
     // Carried data may hold what it likes: nobody computes with it, so it does not spoil the record.
-    list.unread(pair.code, asText(pair));
+    list.unparsed(pair.code, asText(pair));
     failed_ = before;
   }
 }

@@ -16,5 +16,5 @@ void OdDbOpaqueEntity::assignState(const OdDbObject& other) {
 }
 
 const drawing::Description& OdDbOpaqueEntity::description() const {
-  return unread_ ? OdDbObject::ownDescription() : OdDbEntity::ownDescription();
+  return unparsed_ ? OdDbObject::ownDescription() : OdDbEntity::ownDescription();
 }

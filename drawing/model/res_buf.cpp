@@ -101,7 +101,7 @@ OdResBufPtr OdResBuf::fromGroups(const GroupList& groups, std::size_t first, std
       made->id_ = groups.idOf(group);
     } else if (group.kind == GroupKind::Binary) {
       made->bytes_ = groups.textOf(group);
-    } else if (group.kind == GroupKind::Text || group.kind == GroupKind::Unread) {
+    } else if (group.kind == GroupKind::Text || group.kind == GroupKind::kUnparsed) {
       made->text_ = groups.stringOf(group);
     } else {
       made->integer_ = group.integer;

@@ -17,7 +17,7 @@ template <auto Member>
 bool readRawGroup(OdDbObject& object, const Pair& pair, LoadContext& context) {
   GroupList& groups = static_cast<typename MemberOf<decltype(Member)>::Class&>(object).*Member;
   context.append(groups, pair);
-  if (groups[groups.size() - 1].kind == GroupKind::Unread)
+  if (groups[groups.size() - 1].kind == GroupKind::kUnparsed)
     context.fail(pair, "the value does not fit its group code");
   return true;
 }

@@ -115,7 +115,7 @@ TEST_F(Attributes, AreAskedForInTheseWords) {
     EXPECT_TRUE(processAttributesForInsert(reference(), false));
     EXPECT_EQ(host_.takeOutput(), one.shown.isEmpty() ? L"" : L"\n输入属性值\n" + one.shown);
     EXPECT_EQ(values(), one.values);
-    EXPECT_EQ(host_.unreadAnswers(), 0U);
+    EXPECT_EQ(host_.remainingAnswers(), 0U);
     expectClosed();
     for (const OdDbObjectId& id : attributes()) {
       const OdDbMTextPtr lines = forRead<OdDbAttribute>(id)->getMTextAttribute();

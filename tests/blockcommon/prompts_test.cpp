@@ -23,7 +23,7 @@ TEST(YesNoQuestion, MapsEveryAnswer) {
     OdString prompt = L"\n100%s? ";
     EXPECT_EQ(blockUtils::KwordYesNO_Control(prompt), one.answer) << one.typed;
     EXPECT_EQ(host.takeOutput(), OdString(L"\n100%s? ") + (one.answer == 4 ? kPleaseAnswer : L""));
-    EXPECT_EQ(host.unreadAnswers(), 1u); // asked once
+    EXPECT_EQ(host.remainingAnswers(), 1u); // asked once
   }
 }
 

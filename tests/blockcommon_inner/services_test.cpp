@@ -52,7 +52,7 @@ TEST(ServiceAccess, MissingServicesAnswerAnErrorAndSayNothing) {
     EXPECT_EQ(wrapper.call(), RTERROR) << wrapper.name;
   }
   EXPECT_EQ(host.takeOutput(), L"");
-  EXPECT_EQ(host.unreadAnswers(), 1u);
+  EXPECT_EQ(host.remainingAnswers(), 1u);
 }
 
 TEST(ServiceAccess, ObjectsOfAnotherKindAreRefused) {

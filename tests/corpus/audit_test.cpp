@@ -38,10 +38,10 @@ TEST(Reading, AccountsForEveryRecord) {
   corpus::forEachDrawing([&](const std::string& path, const drawing::ReadResult& read) {
     if (read.database->facts().binary || read.report.has("dxf.group-code-expected"))
       return; // there is nothing to count by
-    const auto& account = read.report.account;
-    EXPECT_EQ(account.read + account.kept + account.keptUnread + account.dropped,
+    const auto& counts = read.report.counts;
+    EXPECT_EQ(counts.read + counts.opaque + counts.unparsed + counts.dropped,
               corpus::contentsOf(corpus::textOf(path)).starts);
-    EXPECT_EQ(account.dropped != 0,
+    EXPECT_EQ(counts.dropped != 0,
               std::any_of(drops.begin(), drops.end(), [&](const char* code) { return read.report.has(code); }));
   });
 }

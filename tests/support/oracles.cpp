@@ -57,8 +57,8 @@ static OdDbDatabasePtr readBack(const OdDbDatabase& database, drawing::WriteOpti
   if (read.database.isNull())
     return nullptr;
   for (const drawing::Issue& issue : read.report.issues()) {
-    const bool isKeptUnread = issue.code == "dxf.value-unreadable"; // it was written as it stood
-    EXPECT_TRUE(isKeptUnread || issue.severity == drawing::Severity::Note) << drawing::describe(issue);
+    const bool isUnparsed = issue.code == "dxf.value-unreadable"; // it was written as it stood
+    EXPECT_TRUE(isUnparsed || issue.severity == drawing::Severity::Note) << drawing::describe(issue);
   }
   EXPECT_EQ(firstDifference(drawing::canonicalDump(database), drawing::canonicalDump(*read.database)), "");
   return read.database;

@@ -64,7 +64,7 @@ void OdDbHatch::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
 
 std::int64_t OdDbHatch::integerOf(int code) const {
   const std::size_t i = groups_.find(code);
-  return i < groups_.size() && groups_[i].kind != drawing::GroupKind::Unread ? groups_[i].integer : 0;
+  return i < groups_.size() && groups_[i].kind != drawing::GroupKind::kUnparsed ? groups_[i].integer : 0;
 }
 
 OdString OdDbHatch::patternName() const {

@@ -73,7 +73,7 @@ double Reshaper::realIn(const HatchPart& part, int code, double absent) const {
 
 std::int64_t Reshaper::integerIn(const HatchPart& part, int code, std::int64_t absent) const {
   const std::size_t i = from_.find(code, part.first);
-  return i < part.end && from_[i].kind != GroupKind::Unread ? from_[i].integer : absent;
+  return i < part.end && from_[i].kind != GroupKind::kUnparsed ? from_[i].integer : absent;
 }
 
 void Reshaper::point(int code, const OdGePoint3d& p) {

@@ -42,9 +42,9 @@ Color gradientColor(const OdDbHatch& hatch, Canvas& canvas) {
   const std::size_t place = groups.find(463);
   OdCmColor color = {OdCmColor::kByLayer, OdCmColor::kNoTrueColor};
   for (std::size_t i = place + 1; i < groups.size() && groups[i].code != 463; ++i) {
-    if (groups[i].code == 63 && groups[i].kind != GroupKind::Unread)
+    if (groups[i].code == 63 && groups[i].kind != GroupKind::kUnparsed)
       color.index = static_cast<std::int16_t>(groups[i].integer);
-    else if (groups[i].code == 421 && groups[i].kind != GroupKind::Unread)
+    else if (groups[i].code == 421 && groups[i].kind != GroupKind::kUnparsed)
       color.trueColor = static_cast<std::int32_t>(groups[i].integer & 0xFFFFFF);
   }
   if (color.index == OdCmColor::kByLayer && color.trueColor < 0)

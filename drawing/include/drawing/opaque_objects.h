@@ -12,12 +12,12 @@ public:
   // object to be open for write.
   std::string dxfName() const override { return dxfName_; }
   void setDxfName(const std::string& name) { dxfName_ = name; }
-  bool isUnread() const { return unread_; }
-  void setUnread(bool unread) { unread_ = unread; }
+  bool isUnparsed() const { return unparsed_; }
+  void setUnparsed(bool unparsed) { unparsed_ = unparsed; }
 
 private:
   std::string dxfName_;
-  bool unread_ = false;
+  bool unparsed_ = false;
 };
 
 // An entity whose general properties (layer, colour ...) are accessible and whose other groups are preserved. It
@@ -33,10 +33,10 @@ public:
   // As for objects.
   std::string dxfName() const override { return dxfName_; }
   void setDxfName(const std::string& name) { dxfName_ = name; }
-  bool isUnread() const { return unread_; }
-  void setUnread(bool unread) { unread_ = unread; }
+  bool isUnparsed() const { return unparsed_; }
+  void setUnparsed(bool unparsed) { unparsed_ = unparsed; }
 
 private:
   std::string dxfName_;
-  bool unread_ = false;
+  bool unparsed_ = false;
 };

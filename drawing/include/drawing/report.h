@@ -40,10 +40,10 @@ class MVDRAWING_API Report {
 public:
   // Counts of records: read as typed objects, preserved because their kind is not modelled, preserved because something
   // in them could not be parsed, and dropped.
-  struct Account {
+  struct Counts {
     std::size_t read = 0;
-    std::size_t kept = 0;
-    std::size_t keptUnread = 0;
+    std::size_t opaque = 0;
+    std::size_t unparsed = 0;
     std::size_t dropped = 0;
   };
 
@@ -58,7 +58,7 @@ public:
   bool has(const char* code) const;
   std::size_t count(const char* code) const;
 
-  Account account;
+  Counts counts;
 
 private:
   std::vector<Issue> issues_;

@@ -65,7 +65,7 @@ public:
   explicit ListSource(std::vector<OdString> answers, bool script = false);
   ReadStatus readLine(const OdString& prompt, OdString& line) override;
   bool isScript() const override { return script_; }
-  std::size_t unread() const { return answers_.size() - at_; }
+  std::size_t remaining() const { return answers_.size() - at_; }
 
 private:
   std::vector<OdString> answers_;

@@ -32,7 +32,7 @@ public:
   // Drops what was not read yet.
   void answerWith(std::vector<OdString> answers);
   void answerFromScript(std::string utf8);
-  std::size_t unreadAnswers() const { return answers_ == nullptr ? 0 : answers_->unread(); }
+  std::size_t remainingAnswers() const { return answers_ == nullptr ? 0 : answers_->remaining(); }
   // What was printed since the last call.
   OdString takeOutput() { return output_->take(); }
   const std::vector<LogRecord>& logRecords() const { return log_->records(); }

@@ -79,7 +79,7 @@ TEST(BinaryForm, TextsKeepZerosAndLineBreaks) {
 TEST(BinaryForm, NumbersThatAreNotFiniteKeepTheirRecordUnread) {
   const ReadResult read =
       readWell(earlyFile(std::string("\0POINT\0\5A1\0", 11) + "\12" + real(std::numeric_limits<double>::quiet_NaN())));
-  EXPECT_EQ(read.report.account.keptUnread, 1u);
+  EXPECT_EQ(read.report.counts.unparsed, 1u);
   expectRoundTrip(*read.database);
 }
 

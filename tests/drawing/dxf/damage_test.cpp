@@ -163,7 +163,7 @@ TEST(Damage, OddFilesAreReadWhole) {
     const ReadResult read = readOdd(row);
     for (const drawing::Issue& issue : read.report.issues())
       EXPECT_EQ(issue.severity, drawing::Severity::Note) << row.what << describe(issue);
-    EXPECT_EQ(read.report.account.dropped, 0u) << row.what;
+    EXPECT_EQ(read.report.counts.dropped, 0u) << row.what;
     EXPECT_TRUE(read.database->symbol(OdDb::kBlockTable, L"*Model_Space-2").isNull()) << row.what;
   }
   EXPECT_EQ(readWell(drawn(line(""), "AC1050")).database->facts().version, OdDb::kRelease2018);
@@ -192,8 +192,8 @@ TEST(Damage, IsToldWithItsPlaceAndWrittenBackToTheLetter) {
   EXPECT_EQ(found.groupCode, 39);
   EXPECT_EQ(found.handle, 0xABu);
   EXPECT_EQ(found.section + " " + found.kind, "ENTITIES LINE");
-  EXPECT_TRUE(forRead<OdDbOpaqueEntity>(read.database->getOdDbObjectId(0xAB))->isUnread());
-  EXPECT_EQ(read.report.account.keptUnread, 1u);
+  EXPECT_TRUE(forRead<OdDbOpaqueEntity>(read.database->getOdDbObjectId(0xAB))->isUnparsed());
+  EXPECT_EQ(read.report.counts.unparsed, 1u);
   const std::string written = drawing::writeDrawingToMemory(*read.database);
   EXPECT_NE(written.find(" 39\nwide as  a door \n"), std::string::npos);
   EXPECT_NE(written.find("\nAcDbLine\n"), std::string::npos);

@@ -95,8 +95,8 @@ TEST(OtherLayouts, UnknownObjectsEntitiesAndSectionsComeBack) {
                              "0|THING\n5|A2\n330|C\n100|AcThing\n290|1\n310|00FF10\n320|A1\n") +
           section("CHAIRS", "0|CHAIR\n5|99\n1|red\n"));
   const ReadResult read = readWell(text);
-  EXPECT_EQ(read.report.account.kept, 4u); // with the records of the two sections
-  EXPECT_EQ(read.report.account.dropped, 0u);
+  EXPECT_EQ(read.report.counts.opaque, 4u); // with the records of the two sections
+  EXPECT_EQ(read.report.counts.dropped, 0u);
   const OdSmartPtr<OdDbOpaqueEntity> gadget(read.database->getOdDbObjectId(0xA1).safeOpenObject());
   EXPECT_EQ(gadget->dxfName(), "GADGET");
   EXPECT_EQ(gadget->layer(), OdString(L"walls"));

@@ -157,7 +157,7 @@ TEST(ComposedEntities, WithoutReadableNumberAreKeptUnread) {
       tests::section("ENTITIES", "0|MULTILEADER\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbMLeader\n300|CONTEXT_DATA{\n"
                                  "10|1.0\n20|none\n30|0.0\n301|}\n"));
   const drawing::ReadResult read = tests::readWell(file);
-  EXPECT_EQ(read.report.account.keptUnread, 1u);
+  EXPECT_EQ(read.report.counts.unparsed, 1u);
   EXPECT_NE(drawing::writeDrawingToMemory(*read.database).find("none"), std::string::npos);
 }
 

@@ -50,7 +50,7 @@ public:
   void reference(int code, OdDbObjectId id) override { add(code, id.getHandle().ascii()); }
   void handle(int code, OdDbHandle value) override { add(code, value.ascii()); }
   void binary(int code, std::string_view bytes) override { add(code, std::string(bytes)); }
-  void unread(int code, std::string_view value) override { add(code, std::string(value)); }
+  void unparsed(int code, std::string_view value) override { add(code, std::string(value)); }
   std::string text;
 
 private:

@@ -143,7 +143,7 @@ OdDbDatabasePtr drawingWith(const std::string& kind, const std::string& lines) {
                    section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n3|ACAD_THINGS\n350|D\n"
                                       "0|DICTIONARY\n5|D\n330|C\n100|AcDbDictionary\n281|1\n3|Mine\n350|D1\n0|" +
                                           kind + "\n5|D1\n330|D\n" + lines)));
-  EXPECT_EQ(read.report.account.kept + read.report.account.keptUnread, 0u);
+  EXPECT_EQ(read.report.counts.opaque + read.report.counts.unparsed, 0u);
   return read.database;
 }
 

@@ -28,7 +28,7 @@ enum class GroupKind : std::uint8_t {
   Handle,    // a handle that is not a reference: never translated (codes 5, 105, 320 to 329)
   Reference, // codes 330 to 369, 390 to 399, 480, 481, 1005
   Binary,    // hexadecimal in text files: 310 to 319, 1004
-  Unread     // a value that does not fit its code, preserved as text
+  kUnparsed  // a value that does not fit its code, preserved as text
 };
 
 // Kind of the values of a group code as DXF files define it; Text for codes that are not defined.
@@ -48,7 +48,7 @@ public:
   virtual void reference(int code, OdDbObjectId id) = 0;
   virtual void handle(int code, OdDbHandle value) = 0;
   virtual void binary(int code, std::string_view bytes) = 0;
-  virtual void unread(int code, std::string_view text) = 0;
+  virtual void unparsed(int code, std::string_view text) = 0;
 
   virtual OdDb::DwgVersion version() const { return OdDb::kNewestVersion; } // version to write
   // Whether values that the version does not define may be written: true if they were read from a file of that version.
@@ -128,7 +128,7 @@ public:
   void reference(int code, OdDbObjectId id) override;
   void handle(int code, OdDbHandle value) override;
   void binary(int code, std::string_view bytes) override;
-  void unread(int code, std::string_view text) override;
+  void unparsed(int code, std::string_view text) override;
 
   // Passes `count` groups from `first` on, or all, to a sink.
   void writeTo(GroupSink& sink, std::size_t first, std::size_t count) const;
