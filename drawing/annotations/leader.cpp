@@ -24,10 +24,10 @@ const drawing::Description& OdDbLeader::ownDescription() {
   return description;
 }
 
-bool OdDbLeader::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
-  if (pair.code == 76)
+bool OdDbLeader::readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
+  if (group.code == 76)
     return true; // the count
-  return drawing::takePoint(static_cast<OdDbLeader&>(object).vertices_, 10, pair, context);
+  return drawing::takePoint(static_cast<OdDbLeader&>(object).vertices_, 10, group, context);
 }
 
 void OdDbLeader::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) {

@@ -131,8 +131,8 @@ void moveAlignment(GroupList& groups, std::size_t end, const OdGeMatrix3d& matri
 
 } // namespace
 
-bool OdDbAttributeBase::readRest(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
-  context.append(static_cast<OdDbAttributeBase&>(object).rest_, pair);
+bool OdDbAttributeBase::readRest(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
+  context.append(static_cast<OdDbAttributeBase&>(object).rest_, group);
   return true;
 }
 

@@ -28,7 +28,7 @@ const drawing::Section& OdDbBlockReference::referenceSection(const char* marker)
          field<&Self::scaleX_>(41).unless(1), field<&Self::scaleY_>(42).unless(1), field<&Self::scaleZ_>(43).unless(1),
          field<&Self::rotation_>(50).angle().unless(0), field<&Self::normal_>(210).unless(0, 0, 1)},
         // Whether attributes follow is told by the attributes themselves.
-        [](OdDbObject&, const drawing::Pair& pair, drawing::LoadContext&) { return pair.code == 66; },
+        [](OdDbObject&, const drawing::RawGroup& group, drawing::LoadContext&) { return group.code == 66; },
         [](const OdDbObject& object, drawing::GroupSink& sink) {
           if (!static_cast<const Self&>(object).attributeIds().isEmpty())
             sink.integer(66, 1);

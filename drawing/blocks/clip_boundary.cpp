@@ -39,43 +39,43 @@ bool OdDbSpatialFilter::takeReal(double value) {
   return true;
 }
 
-bool OdDbSpatialFilter::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
+bool OdDbSpatialFilter::readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
   auto& filter = static_cast<OdDbSpatialFilter&>(object);
   double value = 0;
   std::int64_t whole = 0;
-  switch (pair.code) {
+  switch (group.code) {
   case 70:
     return true; // the count
   case 71:
-    filter.enabled_ = context.integer(pair, whole) && whole != 0;
+    filter.enabled_ = context.integer(group, whole) && whole != 0;
     return true;
   case 72:
-    filter.hasFront_ = context.integer(pair, whole) && whole != 0;
+    filter.hasFront_ = context.integer(group, whole) && whole != 0;
     return true;
   case 73:
-    filter.hasBack_ = context.integer(pair, whole) && whole != 0;
+    filter.hasBack_ = context.integer(group, whole) && whole != 0;
     return true;
   case 41:
-    context.real(pair, filter.back_);
+    context.real(group, filter.back_);
     return true;
   case 40:
-    return !context.real(pair, value) || filter.takeReal(value);
+    return !context.real(group, value) || filter.takeReal(value);
   case 10:
     filter.boundary_.emplace_back();
-    context.real(pair, filter.boundary_.back().x);
+    context.real(group, filter.boundary_.back().x);
     return true;
   case 20:
-    return !filter.boundary_.empty() && (context.real(pair, filter.boundary_.back().y), true);
+    return !filter.boundary_.empty() && (context.real(group, filter.boundary_.back().y), true);
   default:
     break;
   }
-  const int component = pair.code % 100 / 10 - 1;
-  if (pair.code == 210 || pair.code == 220 || pair.code == 230) {
-    context.real(pair, (&filter.normal_.x)[component]);
+  const int component = group.code % 100 / 10 - 1;
+  if (group.code == 210 || group.code == 220 || group.code == 230) {
+    context.real(group, (&filter.normal_.x)[component]);
     return true;
   }
-  if (pair.code == 11 || pair.code == 21 || pair.code == 31) {
-    context.real(pair, (&filter.origin_.x)[component]);
+  if (group.code == 11 || group.code == 21 || group.code == 31) {
+    context.real(group, (&filter.origin_.x)[component]);
     return true;
   }
   return false;

@@ -19,16 +19,16 @@ const drawing::Description& OdDbSortentsTable::ownDescription() {
   return description;
 }
 
-bool OdDbSortentsTable::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
+bool OdDbSortentsTable::readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
   auto& table = static_cast<OdDbSortentsTable&>(object);
   std::uint64_t handle = 0;
-  if (pair.code == 330) {
-    table.block_ = context.reference(pair);
-  } else if (pair.code == 331) {
-    table.entries_.push_back({context.reference(pair), 0});
+  if (group.code == 330) {
+    table.block_ = context.reference(group);
+  } else if (group.code == 331) {
+    table.entries_.push_back({context.reference(group), 0});
     table.places_.drop();
-  } else if (pair.code == 5 && !table.entries_.empty()) {
-    if (context.handle(pair, handle))
+  } else if (group.code == 5 && !table.entries_.empty()) {
+    if (context.handle(group, handle))
       table.entries_.back().sortHandle = handle;
   } else {
     return false;

@@ -46,15 +46,15 @@ std::size_t binarySizeOf(GroupKind kind) {
   }
 }
 
-BinaryPairSource::BinaryPairSource(std::string_view content, Report& report)
+BinaryGroupSource::BinaryGroupSource(std::string_view content, Report& report)
     : content_(content), at_(std::min(kBinarySentinel, content.size())), report_(report),
       shortCodes_(hasShortCodes(content.substr(at_))) {}
 
-void BinaryPairSource::addIssue(const char* code, int groupCode, const char* found, const char* done) {
+void BinaryGroupSource::addIssue(const char* code, int groupCode, const char* found, const char* done) {
   report_.add({code, Severity::Lost, at_, groupCode, 0, "", "", found, done, true});
 }
 
-bool BinaryPairSource::code(int& value) {
+bool BinaryGroupSource::code(int& value) {
   std::size_t size = shortCodes_ ? 1 : 2;
   if (shortCodes_ && left() > 0 && content_[at_] == '\xFF') {
     ++at_;
@@ -75,62 +75,62 @@ bool BinaryPairSource::code(int& value) {
   return true;
 }
 
-bool BinaryPairSource::text(Pair& pair) {
+bool BinaryGroupSource::text(RawGroup& group) {
   const std::size_t end = content_.find('\0', at_);
   if (end == std::string_view::npos)
     return false;
-  pair.form = Pair::Form::Text;
-  pair.text = content_.substr(at_, end - at_);
-  if (hasLineBreak(pair.text)) {
-    breakToCarets(pair.text, unbroken_.emplace_back());
-    pair.text = unbroken_.back();
+  group.form = RawGroup::Form::Text;
+  group.text = content_.substr(at_, end - at_);
+  if (hasLineBreak(group.text)) {
+    breakToCarets(group.text, unbroken_.emplace_back());
+    group.text = unbroken_.back();
   }
   at_ = end + 1;
   return true;
 }
 
-bool BinaryPairSource::bytes(Pair& pair) {
+bool BinaryGroupSource::bytes(RawGroup& group) {
   const std::size_t size = left() == 0 ? 0 : static_cast<unsigned char>(content_[at_]);
   if (left() < size + 1)
     return false;
-  pair.form = Pair::Form::Bytes;
-  pair.text = content_.substr(at_ + 1, size);
+  group.form = RawGroup::Form::Bytes;
+  group.text = content_.substr(at_ + 1, size);
   at_ += size + 1;
   return true;
 }
 
-bool BinaryPairSource::number(Pair& pair, std::size_t size) {
+bool BinaryGroupSource::number(RawGroup& group, std::size_t size) {
   if (left() < size)
     return false;
   const std::uint64_t bits = lowFirst(content_.substr(at_, size));
-  pair.text = {};
-  if (groupKindOf(pair.code) == GroupKind::Real) {
-    pair.form = Pair::Form::Real;
-    static_assert(sizeof pair.real == sizeof bits);
-    std::memcpy(&pair.real, &bits, sizeof bits);
+  group.text = {};
+  if (groupKindOf(group.code) == GroupKind::Real) {
+    group.form = RawGroup::Form::Real;
+    static_assert(sizeof group.real == sizeof bits);
+    std::memcpy(&group.real, &bits, sizeof bits);
   } else {
-    pair.form = Pair::Form::Integer;
-    pair.integer = signExtended(bits, size);
+    group.form = RawGroup::Form::Integer;
+    group.integer = signExtended(bits, size);
   }
   at_ += size;
   return true;
 }
 
-bool BinaryPairSource::value(Pair& pair) {
-  const GroupKind kind = groupKindOf(pair.code);
+bool BinaryGroupSource::value(RawGroup& group) {
+  const GroupKind kind = groupKindOf(group.code);
   if (kind == GroupKind::Binary)
-    return bytes(pair);
+    return bytes(group);
   const std::size_t size = binarySizeOf(kind);
-  return size == 0 ? text(pair) : number(pair, size);
+  return size == 0 ? text(group) : number(group, size);
 }
 
-bool BinaryPairSource::next(Pair& pair) {
-  if (!code(pair.code))
+bool BinaryGroupSource::next(RawGroup& group) {
+  if (!code(group.code))
     return false;
-  pair.line = at_;
-  if (value(pair))
+  group.line = at_;
+  if (value(group))
     return true;
-  addIssue("dxf.cut-off", pair.code, "the file ends inside a value", "the group is dropped");
+  addIssue("dxf.cut-off", group.code, "the file ends inside a value", "the group is dropped");
   at_ = content_.size();
   return false;
 }

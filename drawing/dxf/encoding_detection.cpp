@@ -9,7 +9,7 @@ namespace drawing::dxf {
 
 namespace {
 
-bool hasPairs(int page) {
+bool hasDoubleBytes(int page) {
   constexpr int kPages[] = {932, 936, 949, 950, 1361};
   return std::find(std::begin(kPages), std::end(kPages), page) != std::end(kPages);
 }
@@ -40,18 +40,18 @@ struct Evidence {
 
 } // namespace
 
-Encoding encodingOf(const FileFacts& facts, PairSource& source) {
+Encoding encodingOf(const FileFacts& facts, GroupSource& source) {
   const bool isUtf8 = facts.version >= OdDb::kRelease2007;
   Encoding declared{isUtf8 ? std::string() : facts.codePage, isUtf8 ? TextCodec::Mode::Utf8 : TextCodec::Mode::CodePage,
                     false};
   TextCodec page(facts.codePage);
   Evidence evidence;
   std::string buffer;
-  for (Pair pair; source.next(pair);) {
-    if (pair.form != Pair::Form::Text || isAscii(pair.text))
+  for (RawGroup group; source.next(group);) {
+    if (group.form != RawGroup::Form::Text || isAscii(group.text))
       continue;
-    evidence.add(pair.text);
-    page.decode(pair.text, buffer); // counts what is no character
+    evidence.add(group.text);
+    page.decode(group.text, buffer); // counts what is no character
   }
   const int number = codePageNumber(facts.codePage);
   if (isUtf8) {
@@ -59,7 +59,7 @@ Encoding encodingOf(const FileFacts& facts, PairSource& source) {
                          page.isKnown() && number != kUtf8Page;
     return isOther ? Encoding{facts.codePage, TextCodec::Mode::CodePage, true} : declared;
   }
-  const bool isAccident = hasPairs(number) && (evidence.characters < 3 || !evidence.longOnes);
+  const bool isAccident = hasDoubleBytes(number) && (evidence.characters < 3 || !evidence.longOnes);
   if (number == kUtf8Page || evidence.utf8Texts == 0 || evidence.otherTexts != 0 || isAccident)
     return declared;
   return {"", TextCodec::Mode::Utf8, true};

@@ -6,7 +6,7 @@
 
 namespace drawing::dxf {
 
-class PairSource;
+class GroupSource;
 
 // What the file says, and what its texts say against it.
 struct Encoding {
@@ -23,6 +23,6 @@ struct Encoding {
 // - From 2007 on: none of them is UTF-8, and every byte is a character of the code page that the header names all the
 //   same.
 // Reads the source to its end.
-Encoding encodingOf(const FileFacts& facts, PairSource& source);
+Encoding encodingOf(const FileFacts& facts, GroupSource& source);
 
 } // namespace drawing::dxf

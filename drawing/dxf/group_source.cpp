@@ -6,7 +6,7 @@
 
 namespace drawing::dxf {
 
-bool PairSource::nextRecord(Record& record) {
+bool GroupSource::nextRecord(Record& record) {
   record.clear();
   if (!hasAhead_ && !next(ahead_))
     return false;
@@ -25,7 +25,7 @@ bool PairSource::nextRecord(Record& record) {
   return true;
 }
 
-TextPairSource::TextPairSource(std::string_view content, Report& report)
+TextGroupSource::TextGroupSource(std::string_view content, Report& report)
     : at_(content.data()), end_(content.data() + content.size()), report_(report) {
   if (content.substr(0, 3) == "\xEF\xBB\xBF")
     at_ += 3;
@@ -54,7 +54,7 @@ bool parseCode(std::string_view text, int& value) {
 
 } // namespace
 
-bool TextPairSource::line(std::string_view& text, bool isValue) {
+bool TextGroupSource::line(std::string_view& text, bool isValue) {
   if (at_ >= end_)
     return false;
   const auto* stop = static_cast<const char*>(std::memchr(at_, ending_, static_cast<std::size_t>(end_ - at_)));
@@ -81,7 +81,7 @@ bool TextPairSource::line(std::string_view& text, bool isValue) {
 }
 
 // What programs before others would stumble over; told once each.
-void TextPairSource::noteLine(int ending, std::size_t length) {
+void TextGroupSource::noteLine(int ending, std::size_t length) {
   const auto note = [this](const char* code, const char* found) {
     report_.add({code, Severity::Note, lineNumber_, -1, 0, "", "", found, "it is read all the same"});
   };
@@ -93,7 +93,7 @@ void TextPairSource::noteLine(int ending, std::size_t length) {
 }
 
 // A return inside a value may belong to it, unless a group code stands behind it.
-std::size_t TextPairSource::loneReturn(std::string_view text, bool isValue) const {
+std::size_t TextGroupSource::loneReturn(std::string_view text, bool isValue) const {
   const std::size_t at = text.find('\r');
   if (at == std::string_view::npos || !isValue)
     return std::min(at, text.size());
@@ -102,13 +102,13 @@ std::size_t TextPairSource::loneReturn(std::string_view text, bool isValue) cons
   return parseCode(rest.substr(0, rest.find('\r')), code) ? at : text.size();
 }
 
-bool TextPairSource::hasRest() const {
+bool TextGroupSource::hasRest() const {
   constexpr std::string_view kNothing(" \t\r\n\x1a\0", 6);
   return std::string_view(at_, static_cast<std::size_t>(end_ - at_)).find_first_not_of(kNothing) !=
          std::string_view::npos;
 }
 
-bool TextPairSource::code(int& value) {
+bool TextGroupSource::code(int& value) {
   std::string_view text;
   while (line(text, false)) {
     if (parseCode(text, value))
@@ -122,16 +122,16 @@ bool TextPairSource::code(int& value) {
   return false;
 }
 
-bool TextPairSource::next(Pair& pair) {
-  if (!code(pair.code))
+bool TextGroupSource::next(RawGroup& group) {
+  if (!code(group.code))
     return false;
-  pair.form = Pair::Form::Text;
-  if (!line(pair.text, true)) {
-    report_.add({"dxf.cut-off", Severity::Lost, lineNumber_, pair.code, 0, "", "", "the file ends behind a group code",
+  group.form = RawGroup::Form::Text;
+  if (!line(group.text, true)) {
+    report_.add({"dxf.cut-off", Severity::Lost, lineNumber_, group.code, 0, "", "", "the file ends behind a group code",
                  "the group is dropped"});
     return false;
   }
-  pair.line = lineNumber_;
+  group.line = lineNumber_;
   return true;
 }
 

@@ -12,11 +12,11 @@
 
 namespace drawing::dxf {
 
-class PairSource {
+class GroupSource {
 public:
-  virtual ~PairSource() = default;
+  virtual ~GroupSource() = default;
   // The next group; false at the end of the file.
-  virtual bool next(Pair& pair) = 0;
+  virtual bool next(RawGroup& group) = 0;
   // Whether more than blanks and zeros is left behind what was taken.
   virtual bool hasRest() const { return false; }
 
@@ -30,17 +30,17 @@ public:
 private:
   std::size_t mostGroups_ = SIZE_MAX;
   bool isOverLimit_ = false;
-  Pair ahead_;
+  RawGroup ahead_;
   bool hasAhead_ = false;
 };
 
 // A text file: a line with the code, a line with the value. Lines end with LF or CR LF; CR alone ends a line where a
 // code follows, and everywhere in a file without any LF. A line where a code is due and none stands is reported and
 // passed over.
-class TextPairSource final : public PairSource {
+class TextGroupSource final : public GroupSource {
 public:
-  TextPairSource(std::string_view content, Report& report);
-  bool next(Pair& pair) override;
+  TextGroupSource(std::string_view content, Report& report);
+  bool next(RawGroup& group) override;
   bool hasRest() const override;
 
 private:
@@ -64,17 +64,17 @@ private:
 // A binary file behind its sentinel: a code of two bytes (one byte, or three of which the first is 255, before R13),
 // then the value in the form that its code asks for. Places are byte offsets in the file. A code that does not exist
 // says that the reading is out of step: what follows cannot be told apart, so the file ends there.
-class BinaryPairSource final : public PairSource {
+class BinaryGroupSource final : public GroupSource {
 public:
-  BinaryPairSource(std::string_view content, Report& report);
-  bool next(Pair& pair) override;
+  BinaryGroupSource(std::string_view content, Report& report);
+  bool next(RawGroup& group) override;
 
 private:
   bool code(int& value);
-  bool value(Pair& pair);
-  bool text(Pair& pair);
-  bool bytes(Pair& pair);
-  bool number(Pair& pair, std::size_t size);
+  bool value(RawGroup& group);
+  bool text(RawGroup& group);
+  bool bytes(RawGroup& group);
+  bool number(RawGroup& group, std::size_t size);
   void addIssue(const char* code, int groupCode, const char* found, const char* done);
   std::size_t left() const { return content_.size() - at_; }
 

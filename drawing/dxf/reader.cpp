@@ -15,9 +15,9 @@ const Reader::SectionHandler Reader::kHandlers[] = {
     {"ENTITIES", &Reader::readEntities}, {"OBJECTS", &Reader::readObjects},
 };
 
-Reader::Reader(OdDbDatabase& database, PairSource& source, TextDecoder& decoder, Report& report, const Budget& budget)
+Reader::Reader(OdDbDatabase& database, GroupSource& source, TextDecoder& decoder, Report& report, const Budget& budget)
     : database_(database), source_(source), report_(report), builder_(database, decoder, report, budget) {
-  source_.limitRecords(static_cast<std::size_t>(budget.bytes / sizeof(Pair)) + 1);
+  source_.limitRecords(static_cast<std::size_t>(budget.bytes / sizeof(RawGroup)) + 1);
 }
 
 bool Reader::advance() {
@@ -133,16 +133,17 @@ void Reader::readHeader() {
   auto& header = database_.header();
   const WriteScope scope(header);
   for (std::size_t i = 2; i < record_.size(); ++i) {
-    const Pair& pair = record_[i];
-    if (pair.code == 9) {
-      const std::string_view name = pair.text.substr(pair.text.substr(0, 1) == "$" ? 1 : 0);
+    const RawGroup& group = record_[i];
+    if (group.code == 9) {
+      const std::string_view name = group.text.substr(group.text.substr(0, 1) == "$" ? 1 : 0);
       variable = &header.at(name);
       variable->clear();
     } else if (variable != nullptr) {
-      builder_.context().append(*variable, pair);
+      builder_.context().append(*variable, group);
     } else {
       builder_.context().addIssue(
-          {"dxf.header-value", Severity::Lost, 0, -1, 0, "", "", "a value without a variable", "it is dropped"}, &pair);
+          {"dxf.header-value", Severity::Lost, 0, -1, 0, "", "", "a value without a variable", "it is dropped"},
+          &group);
     }
   }
   while (inSection())
@@ -156,8 +157,8 @@ void Reader::readOpaqueSection() {
     builder_.context().append(section.groups, record_[i]);
   while (inSection()) {
     ++report_.counts.opaque;
-    for (const Pair& pair : record_)
-      builder_.context().append(section.groups, pair);
+    for (const RawGroup& group : record_)
+      builder_.context().append(section.groups, group);
   }
   database_.opaqueSections().push_back(std::move(section));
 }

@@ -14,7 +14,7 @@ namespace drawing::dxf {
 
 class Reader {
 public:
-  Reader(OdDbDatabase& database, PairSource& source, TextDecoder& decoder, Report& report, const Budget& budget);
+  Reader(OdDbDatabase& database, GroupSource& source, TextDecoder& decoder, Report& report, const Budget& budget);
 
   // eOk, or why there is no drawing; `line` is where it ended.
   OdResult run();
@@ -48,7 +48,7 @@ private:
   void checkEnd();
 
   OdDbDatabase& database_;
-  PairSource& source_;
+  GroupSource& source_;
   Report& report_;
   DrawingBuilder builder_;
   Record record_;

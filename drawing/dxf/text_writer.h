@@ -84,7 +84,7 @@ private:
   void line(int code, std::string_view text);
 };
 
-// Codes and values as numbers (see BinaryPairSource). The form has no place for a value that does not fit its code;
+// Codes and values as numbers (see BinaryGroupSource). The form has no place for a value that does not fit its code;
 // such a group is left out and told.
 class BinaryWriter final : public FormWriter {
 public:

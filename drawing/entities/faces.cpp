@@ -18,8 +18,8 @@ const drawing::Description& OdDbFilledArea::areaDescription() {
       &OdDbEntity::ownDescription(),
       {{"AcDbTrace",
         {field<&Self::thickness_>(39).unless(0), field<&Self::normal_>(210).unless(0, 0, 1)},
-        [](OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
-          return static_cast<Self&>(object).corners_.take(pair, context);
+        [](OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
+          return static_cast<Self&>(object).corners_.take(group, context);
         },
         [](const OdDbObject& object, drawing::GroupSink& sink) {
           static_cast<const Self&>(object).corners_.write(sink);
@@ -41,8 +41,8 @@ const drawing::Description& OdDbFace::ownDescription() {
       &OdDbEntity::ownDescription(),
       {{"AcDbFace",
         {field<&Self::hiddenEdges_>(70).unless(0)},
-        [](OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
-          return static_cast<Self&>(object).corners_.take(pair, context);
+        [](OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
+          return static_cast<Self&>(object).corners_.take(group, context);
         },
         [](const OdDbObject& object, drawing::GroupSink& sink) {
           static_cast<const Self&>(object).corners_.write(sink);
@@ -69,12 +69,12 @@ void Corners::set(int index, const OdGePoint3d& point) {
   hasFourth = hasFourth || index == 3;
 }
 
-bool Corners::take(const Pair& pair, LoadContext& context) {
-  const int corner = pair.code % 10, component = pair.code / 10 - 1;
-  if (pair.code < 10 || component > 2 || corner > 3)
+bool Corners::take(const RawGroup& group, LoadContext& context) {
+  const int corner = group.code % 10, component = group.code / 10 - 1;
+  if (group.code < 10 || component > 2 || corner > 3)
     return false;
   hasFourth = hasFourth || corner == 3;
-  return takeReal((&points[corner].x)[component], pair, context);
+  return takeReal((&points[corner].x)[component], group, context);
 }
 
 void Corners::write(GroupSink& sink) const {

@@ -53,35 +53,35 @@ const drawing::Description& OdDbField::ownDescription() {
 }
 
 // The head of a field: evaluator, code, children, objects. The codes mean other things behind it.
-bool OdDbField::takeHead(const drawing::Pair& pair, drawing::LoadContext& context) {
-  switch (pair.code) {
+bool OdDbField::takeHead(const drawing::RawGroup& group, drawing::LoadContext& context) {
+  switch (group.code) {
   case 1:
     if (!code_.empty())
       return false;
-    evaluator_ = context.text(pair);
+    evaluator_ = context.text(group);
     return true;
   case 2:
   case 3:
-    code_.push_back(context.text(pair));
+    code_.push_back(context.text(group));
     return true;
   case 90: // the counts follow from the lists
   case 97:
     return true;
   case 360:
-    children_.push_back(context.reference(pair));
+    children_.push_back(context.reference(group));
     return true;
   case 331:
-    objects_.push_back(context.reference(pair));
+    objects_.push_back(context.reference(group));
     return true;
   default:
     return false;
   }
 }
 
-bool OdDbField::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
+bool OdDbField::readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
   auto& field = static_cast<OdDbField&>(object);
-  if (!field.rest_.empty() || !field.takeHead(pair, context))
-    context.append(field.rest_, pair);
+  if (!field.rest_.empty() || !field.takeHead(group, context))
+    context.append(field.rest_, group);
   return true;
 }
 
@@ -216,10 +216,10 @@ const drawing::Description& OdDbFieldList::ownDescription() {
   return description;
 }
 
-bool OdDbFieldList::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
-  if (pair.code == 330)
-    static_cast<OdDbFieldList&>(object).ids_.push_back(context.reference(pair));
-  return pair.code == 330 || pair.code == 90; // the count follows from the list
+bool OdDbFieldList::readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
+  if (group.code == 330)
+    static_cast<OdDbFieldList&>(object).ids_.push_back(context.reference(group));
+  return group.code == 330 || group.code == 90; // the count follows from the list
 }
 
 void OdDbFieldList::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) {

@@ -108,10 +108,10 @@ void reportUndecodable(const dxf::TextCodec& codec, std::string_view content, bo
               "they are kept as they are"});
 }
 
-std::unique_ptr<dxf::PairSource> sourceOf(std::string_view content, bool binary, Report& report) {
+std::unique_ptr<dxf::GroupSource> sourceOf(std::string_view content, bool binary, Report& report) {
   if (binary)
-    return std::make_unique<dxf::BinaryPairSource>(content, report);
-  return std::make_unique<dxf::TextPairSource>(content, report);
+    return std::make_unique<dxf::BinaryGroupSource>(content, report);
+  return std::make_unique<dxf::TextGroupSource>(content, report);
 }
 
 dxf::Encoding encodingFor(std::string_view content, const FileFacts& facts, const ReadOptions& options,

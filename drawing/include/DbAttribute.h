@@ -60,7 +60,7 @@ protected:
   // the nearest one that keeps its characters upright.
   OdResult transformAll(const OdGeMatrix3d& matrix, bool nearest);
   // Groups that no member describes.
-  static bool readRest(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
+  static bool readRest(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
   static void writeRest(const OdDbObject& object, drawing::GroupSink& sink);
   void setAttributeFlag(std::int16_t bit, bool on); // one of the bits above
 

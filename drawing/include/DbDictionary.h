@@ -50,7 +50,7 @@ public:
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
 
   // Reads and writes the groups of the entries.
-  static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
+  static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
 
 private:
@@ -92,7 +92,7 @@ public:
   void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
 
 private:
-  static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
+  static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
   drawing::GroupList groups_;
   std::int16_t mergeStyle_ = 1;

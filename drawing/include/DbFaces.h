@@ -14,7 +14,7 @@ struct Corners {
   const OdGePoint3d& at(int index) const;
   void set(int index, const OdGePoint3d& point);
   // Reads one of the groups 10 to 33 (false for other groups), and writes them.
-  bool take(const Pair& pair, LoadContext& context);
+  bool take(const RawGroup& group, LoadContext& context);
   void write(GroupSink& sink) const;
 };
 

@@ -66,10 +66,10 @@ public:
 
 private:
   friend class drawing::FieldEvaluation;
-  static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
+  static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
   void setValue(const OdString& text, const double* number);
-  bool takeHead(const drawing::Pair& pair, drawing::LoadContext& context);
+  bool takeHead(const drawing::RawGroup& group, drawing::LoadContext& context);
 
   OdString evaluator_;
   std::vector<OdString> code_; // in the pieces of the file
@@ -93,7 +93,7 @@ public:
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
 
 private:
-  static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
+  static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
   std::vector<OdDbObjectId> ids_;
   std::unordered_set<OdDbObjectId> known_; // the same as a set; empty until it is needed

@@ -35,7 +35,7 @@ public:
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
 
 private:
-  static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
+  static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
 
   OdString description_;

@@ -35,7 +35,7 @@ protected:
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
   // All groups of the hatch.
-  static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
+  static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
   std::int64_t integerOf(int code) const;              // value of the first group of that code, else 0
   void setNormal(const OdGeVector3d& normal);          // replaces the groups 210, 220 and 230 or inserts them

@@ -36,7 +36,7 @@ protected:
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
 private:
-  static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
+  static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
 
   OdDbObjectId style_;

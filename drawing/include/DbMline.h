@@ -48,9 +48,9 @@ protected:
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
 private:
-  static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
+  static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
-  bool readStroke(const drawing::Pair& pair, drawing::LoadContext& context);
+  bool readStroke(const drawing::RawGroup& group, drawing::LoadContext& context);
 
   OdString styleName_;
   OdDbObjectId style_;

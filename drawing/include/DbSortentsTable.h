@@ -36,7 +36,7 @@ private:
     OdDbObjectId entity;
     OdDbHandle sortHandle;
   };
-  static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
+  static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
   void setOrder(const std::vector<OdDbObjectId>& ids);
   using Places = std::unordered_map<OdDbObjectId, std::size_t>; // the first entry of each entity

@@ -44,7 +44,7 @@ public:
   static OdSmartPtr<OdDbSpatialFilter> of(const OdDbBlockReference& reference);
 
 private:
-  static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
+  static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
   bool takeReal(double value);
   std::vector<OdGePoint3d> inBlock(std::vector<OdGePoint2d> corners) const;

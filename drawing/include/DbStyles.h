@@ -121,7 +121,7 @@ public:
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
 
 private:
-  static bool readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
+  static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
 
   OdString name_, description_;

@@ -139,7 +139,7 @@ protected:
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
   // Description of the groups that all owners have, group 66 ("vertices follow") among them.
   static drawing::Section ownerSection(const char* marker);
-  static bool readFollowMark(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context);
+  static bool readFollowMark(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
   static void writeFollowMark(const OdDbObject& object, drawing::GroupSink& sink);
 
   OdGePoint3d origin_; // 2D polylines: 0, 0 and the elevation; without meaning for others

@@ -70,9 +70,9 @@ OdDbBlockTableRecord* waitingBlock(OdDbObjectId id) {
 // The name that the block at hand gives itself.
 OdString DrawingBuilder::blockName() {
   OdString name;
-  for (const Pair& pair : *record_) {
-    if (pair.code == 2)
-      name = context_.text(pair);
+  for (const RawGroup& group : *record_) {
+    if (group.code == 2)
+      name = context_.text(group);
   }
   const OdString* space = database_.facts().version < OdDb::kRelease13 ? spaceOfR12(name) : nullptr;
   return space == nullptr ? name : *space;

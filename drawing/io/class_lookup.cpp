@@ -13,7 +13,7 @@ namespace drawing {
 
 namespace {
 
-using Groups = std::span<const Pair>;
+using Groups = std::span<const RawGroup>;
 
 constexpr int kFirstXData = 1000, kEmbedded = 101, kMarker = 100;
 
@@ -33,13 +33,13 @@ std::string_view withoutBlanks(std::string_view text) {
 
 // The first value under that code.
 std::int64_t integerOf(Groups groups, int code, std::int64_t absent) {
-  for (const Pair& pair : groups) {
-    if (pair.code != code)
+  for (const RawGroup& group : groups) {
+    if (group.code != code)
       continue;
     std::int64_t value = absent;
-    if (pair.form == Pair::Form::Integer)
-      return pair.integer;
-    const std::string_view text = withoutBlanks(pair.text);
+    if (group.form == RawGroup::Form::Integer)
+      return group.integer;
+    const std::string_view text = withoutBlanks(group.text);
     std::from_chars(text.data(), text.data() + text.size(), value);
     return value;
   }
@@ -47,8 +47,8 @@ std::int64_t integerOf(Groups groups, int code, std::int64_t absent) {
 }
 
 bool hasMarker(Groups groups, std::string_view marker) {
-  for (const Pair& pair : groups) {
-    if (pair.code == kMarker && withoutBlanks(pair.text) == marker)
+  for (const RawGroup& group : groups) {
+    if (group.code == kMarker && withoutBlanks(group.text) == marker)
       return true;
   }
   return false;
@@ -150,7 +150,7 @@ constexpr Chooser kChoosers[] = {
 
 } // namespace
 
-OdRxClass* chooseClass(std::string_view dxfName, std::span<const Pair> groups) {
+OdRxClass* chooseClass(std::string_view dxfName, std::span<const RawGroup> groups) {
   for (const Chooser& chooser : kChoosers) {
     if (chooser.dxfName == dxfName)
       return chooser.choose(ownGroups(groups));

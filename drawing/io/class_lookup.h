@@ -8,9 +8,9 @@
 
 namespace drawing {
 
-struct Pair;
+struct RawGroup;
 
 // `groups` are those of the record behind its name. Null when the kind is not modelled.
-MVDRAWING_API OdRxClass* chooseClass(std::string_view dxfName, std::span<const Pair> groups);
+MVDRAWING_API OdRxClass* chooseClass(std::string_view dxfName, std::span<const RawGroup> groups);
 
 } // namespace drawing

@@ -42,8 +42,8 @@ bool DrawingBuilder::start(const Record& record) {
   context_.begin(record[0].text, record[0].line);
   constexpr std::uint64_t kObject = 512, kGroup = 24, kCharacter = 4;
   bytes_ += kObject + kGroup * record.size();
-  for (const Pair& pair : record)
-    bytes_ += kCharacter * pair.text.size();
+  for (const RawGroup& group : record)
+    bytes_ += kCharacter * group.text.size();
   if (bytes_ > budget_.bytes)
     refuseSize();
   else if (database_.approxNumObjects() > budget_.objects)
@@ -70,7 +70,7 @@ void DrawingBuilder::reportWithoutHandle() {
 }
 
 OdDbSymbolTable& DrawingBuilder::addTable(OdDb::SymbolTableKind kind, const Record& head) {
-  const auto named = std::find_if(head.begin(), head.end(), [](const Pair& pair) { return pair.code == 5; });
+  const auto named = std::find_if(head.begin(), head.end(), [](const RawGroup& group) { return group.code == 5; });
   std::uint64_t handle = 0;
   if (named == head.end() || !context_.handle(*named, handle))
     handle = 0;
@@ -97,7 +97,8 @@ void DrawingBuilder::addTableRecord(OdDb::SymbolTableKind kind, OdDbSymbolTable&
 
 // Files in another order bring blocks, or entities of a space, before the records of the table.
 bool DrawingBuilder::fillPlaceholder(OdDbSymbolTable& table) {
-  const auto name = std::find_if(record_->begin(), record_->end(), [](const Pair& pair) { return pair.code == 2; });
+  const auto name =
+      std::find_if(record_->begin(), record_->end(), [](const RawGroup& group) { return group.code == 2; });
   const OdDbObjectId id =
       placeholders_.empty() || name == record_->end() ? OdDbObjectId() : table.getAt(context_.text(*name));
   if (id.isNull() || placeholders_.erase(id) == 0)

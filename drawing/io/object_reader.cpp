@@ -10,10 +10,10 @@ namespace drawing {
 namespace {
 
 bool hasMarkers(const Record& record) {
-  for (const Pair& pair : record) {
-    if (pair.code == 100)
+  for (const RawGroup& group : record) {
+    if (group.code == 100)
       return true;
-    if (pair.code >= 1000)
+    if (group.code >= 1000)
       break;
   }
   return false;
@@ -43,8 +43,8 @@ std::size_t findSection(const std::vector<const Section*>& sections, std::string
 int handleCode(const Record& record, OdDb::DwgVersion version) {
   if (record[0].text != "DIMSTYLE")
     return 5;
-  for (const Pair& pair : record) {
-    if (pair.code == 105)
+  for (const RawGroup& group : record) {
+    if (group.code == 105)
       return 105;
   }
   return version < OdDb::kRelease13 ? 105 : 5;
@@ -127,15 +127,15 @@ std::size_t ObjectReader::readHead(const Record& record, OdDbObject& object, Rea
   const int handle = handleCode(record, context_.database().facts().version);
   std::size_t i = 1;
   while (i < record.size()) {
-    const Pair& pair = record[i];
-    if (pair.code == handle && facts.handle == 0) {
-      context_.handle(pair, facts.handle);
+    const RawGroup& group = record[i];
+    if (group.code == handle && facts.handle == 0) {
+      context_.handle(group, facts.handle);
       context_.setHandle(facts.handle);
-    } else if (pair.code == 102) {
+    } else if (group.code == 102) {
       i = readApplicationGroup(record, i, object);
       continue;
-    } else if (pair.code == 330 && facts.owner.isNull()) {
-      facts.owner = context_.reference(pair);
+    } else if (group.code == 330 && facts.owner.isNull()) {
+      facts.owner = context_.reference(group);
     } else {
       break;
     }
@@ -145,10 +145,10 @@ std::size_t ObjectReader::readHead(const Record& record, OdDbObject& object, Rea
 }
 
 // Lists of reactors and of the extension dictionary hold nothing else.
-void ObjectReader::skip(const Pair& pair) {
+void ObjectReader::skip(const RawGroup& group) {
   context_.addIssue(
       {"dxf.stray-group", Severity::Lost, 0, -1, 0, "", "", "a group that belongs to nothing", "it is passed over"},
-      &pair);
+      &group);
 }
 
 std::size_t ObjectReader::readApplicationGroup(const Record& record, std::size_t at, OdDbObject& object) {
@@ -180,14 +180,14 @@ std::size_t ObjectReader::readApplicationGroup(const Record& record, std::size_t
 }
 
 // Groups of entities that are not kept because they follow from where the entity is.
-bool ObjectReader::takeEntityFact(const Pair& pair, ReadObject& facts) {
+bool ObjectReader::takeEntityFact(const RawGroup& group, ReadObject& facts) {
   std::int64_t whole = 0;
-  if (pair.code == 67) {
-    facts.inPaperSpace = context_.integer(pair, whole) && whole != 0;
+  if (group.code == 67) {
+    facts.inPaperSpace = context_.integer(group, whole) && whole != 0;
     return true;
   }
-  if (pair.code == 410) {
-    facts.layoutName = context_.text(pair);
+  if (group.code == 410) {
+    facts.layoutName = context_.text(group);
     return true;
   }
   return false;
@@ -230,8 +230,8 @@ void ObjectReader::fillSections(const Record& record, std::size_t from, OdDbObje
         continue;
       unmodelled = &object.extrasForLoad().unmodelledGroups;
       if (!headed)
-        context_.append(*unmodelled,
-                        record[i - 1].code == 100 ? record[i - 1] : Pair{100, Pair::Form::Text, marker, 0, 0, 0});
+        context_.append(*unmodelled, record[i - 1].code == 100 ? record[i - 1]
+                                                               : RawGroup{100, RawGroup::Form::Text, marker, 0, 0, 0});
       headed = true;
       context_.append(*unmodelled, record[i]);
     }

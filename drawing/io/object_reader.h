@@ -34,9 +34,9 @@ private:
   void fillWithoutMarkers(const Record& record, std::size_t from, OdDbObject& object, ReadObject& facts,
                           OdDbObject* second, const Section* secondSection);
   std::size_t readHead(const Record& record, OdDbObject& object, ReadObject& facts);
-  void skip(const Pair& pair);
+  void skip(const RawGroup& group);
   std::size_t readApplicationGroup(const Record& record, std::size_t at, OdDbObject& object);
-  bool takeEntityFact(const Pair& pair, ReadObject& facts);
+  bool takeEntityFact(const RawGroup& group, ReadObject& facts);
   void readXData(const Record& record, std::size_t from, OdDbObject& object);
   ReadObject readUnparsed(const Record& record, bool isEntity);
 

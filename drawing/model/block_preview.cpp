@@ -4,8 +4,8 @@
 
 namespace drawing {
 
-bool readPreview(std::string& preview, const Pair& pair, LoadContext& context) {
-  return pair.code == 310 && context.bytes(pair, preview);
+bool readPreview(std::string& preview, const RawGroup& group, LoadContext& context) {
+  return group.code == 310 && context.bytes(group, preview);
 }
 
 void writePreview(const std::string& preview, GroupSink& sink) {

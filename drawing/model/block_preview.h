@@ -6,11 +6,11 @@
 #include <string>
 
 namespace drawing {
-struct Pair;
+struct RawGroup;
 class LoadContext;
 
 // Appends the chunk of a group; false for a group of another code or one that is not hexadecimal.
-bool readPreview(std::string& preview, const Pair& pair, LoadContext& context);
+bool readPreview(std::string& preview, const RawGroup& group, LoadContext& context);
 void writePreview(const std::string& preview, GroupSink& sink);
 
 } // namespace drawing

@@ -34,8 +34,8 @@ const drawing::Description& OdDbBlockTableRecord::ownDescription() {
          field<&OdDbBlockTableRecord::units_>(70).elsewhereBefore(OdDb::kRelease2007),
          field<&OdDbBlockTableRecord::explodable_>(280).otherwise(1).from(OdDb::kRelease2007),
          field<&OdDbBlockTableRecord::scalesUniformly_>(281).from(OdDb::kRelease2007)},
-        [](OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
-          return drawing::readPreview(static_cast<OdDbBlockTableRecord&>(object).preview_, pair, context);
+        [](OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
+          return drawing::readPreview(static_cast<OdDbBlockTableRecord&>(object).preview_, group, context);
         },
         [](const OdDbObject& object, drawing::GroupSink& sink) {
           drawing::writePreview(static_cast<const OdDbBlockTableRecord&>(object).preview_, sink);
@@ -51,7 +51,7 @@ const drawing::Section& OdDbBlockTableRecord::headSection() {
        field<&OdDbBlockTableRecord::nameInHead_>(3), field<&OdDbBlockTableRecord::path_>(1),
        field<&OdDbBlockTableRecord::comments_>(4).unlessEmpty(), field<&OdDbBlockTableRecord::unloaded_>(71).unless(0)},
       // The name in the head led to this record.
-      [](OdDbObject&, const drawing::Pair& pair, drawing::LoadContext&) { return pair.code == 2; }};
+      [](OdDbObject&, const drawing::RawGroup& group, drawing::LoadContext&) { return group.code == 2; }};
   return section;
 }
 

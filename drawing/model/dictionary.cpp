@@ -27,22 +27,22 @@ const drawing::Description& OdDbDictionary::ownDescription() {
   return description;
 }
 
-bool OdDbDictionary::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
+bool OdDbDictionary::readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
   auto& dictionary = static_cast<OdDbDictionary&>(object);
-  if (pair.code == 3) {
+  if (group.code == 3) {
     // A name whose object never comes stays in the list, without one.
-    dictionary.entries_.push_back({context.text(pair), OdDbObjectId()});
+    dictionary.entries_.push_back({context.text(group), OdDbObjectId()});
     dictionary.awaitsObject_ = true;
     dictionary.index_.drop();
     return true;
   }
-  if (pair.code != 350 && pair.code != 360)
+  if (group.code != 350 && group.code != 360)
     return false;
   // An id without a name before it belongs to nothing that we know; it is carried.
   if (!dictionary.awaitsObject_)
     return false;
-  dictionary.hardOwner_ = dictionary.hardOwner_ || pair.code == 360;
-  dictionary.entries_.back().id = context.reference(pair);
+  dictionary.hardOwner_ = dictionary.hardOwner_ || group.code == 360;
+  dictionary.entries_.back().id = context.reference(group);
   dictionary.awaitsObject_ = false;
   return true;
 }
@@ -194,8 +194,8 @@ const drawing::Description& OdDbXrecord::ownDescription() {
   return description;
 }
 
-bool OdDbXrecord::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
-  context.append(static_cast<OdDbXrecord&>(object).groups_, pair);
+bool OdDbXrecord::readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
+  context.append(static_cast<OdDbXrecord&>(object).groups_, group);
   return true;
 }
 

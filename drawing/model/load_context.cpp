@@ -30,12 +30,12 @@ bool wholeNumber(std::string_view text, T& value) {
 }
 
 // What a text file would hold.
-std::string asText(const Pair& pair) {
-  if (pair.form == Pair::Form::Text || pair.form == Pair::Form::Bytes)
-    return std::string(pair.text);
+std::string asText(const RawGroup& group) {
+  if (group.form == RawGroup::Form::Text || group.form == RawGroup::Form::Bytes)
+    return std::string(group.text);
   char digits[40];
-  const auto result = pair.form == Pair::Form::Real ? std::to_chars(digits, digits + sizeof digits, pair.real)
-                                                    : std::to_chars(digits, digits + sizeof digits, pair.integer);
+  const auto result = group.form == RawGroup::Form::Real ? std::to_chars(digits, digits + sizeof digits, group.real)
+                                                         : std::to_chars(digits, digits + sizeof digits, group.integer);
   return std::string(digits, result.ptr);
 }
 
@@ -54,78 +54,78 @@ void LoadContext::setLineOf(OdDbObjectId id, std::uint64_t line) {
   lines_[id.number()] = static_cast<std::uint32_t>(std::min<std::uint64_t>(line, UINT32_MAX));
 }
 
-void LoadContext::addIssue(Issue issue, const Pair* pair) {
-  issue.line = pair != nullptr ? pair->line : line_;
+void LoadContext::addIssue(Issue issue, const RawGroup* group) {
+  issue.line = group != nullptr ? group->line : line_;
   issue.isOffset = database_.facts().binary;
-  issue.groupCode = pair != nullptr ? pair->code : -1;
+  issue.groupCode = group != nullptr ? group->code : -1;
   issue.handle = handle_;
   issue.section = section_;
   issue.kind = kind_;
   report_.add(std::move(issue));
 }
 
-void LoadContext::fail(const Pair& pair, const char* reason) {
+void LoadContext::fail(const RawGroup& group, const char* reason) {
   if (failed_)
     return; // one issue a record tells enough
   failed_ = true;
   std::string found = std::string(reason);
-  if (pair.form != Pair::Form::Bytes)
-    found += " (\"" + asText(pair).substr(0, 40) + "\")";
+  if (group.form != RawGroup::Form::Bytes)
+    found += " (\"" + asText(group).substr(0, 40) + "\")";
   addIssue({"dxf.value-unreadable", Severity::Repaired, 0, -1, 0, "", "", found, "the record is kept as it stands"},
-           &pair);
+           &group);
 }
 
-bool LoadContext::real(const Pair& pair, double& value) {
+bool LoadContext::real(const RawGroup& group, double& value) {
   double number = 0;
-  if (pair.form == Pair::Form::Real)
-    number = pair.real;
-  else if (pair.form == Pair::Form::Integer)
-    number = static_cast<double>(pair.integer);
-  else if (!wholeNumber(trimmed(pair.text), number)) {
-    fail(pair, "the value is no number");
+  if (group.form == RawGroup::Form::Real)
+    number = group.real;
+  else if (group.form == RawGroup::Form::Integer)
+    number = static_cast<double>(group.integer);
+  else if (!wholeNumber(trimmed(group.text), number)) {
+    fail(group, "the value is no number");
     return false;
   }
   if (!std::isfinite(number)) {
-    fail(pair, "the number is not finite");
+    fail(group, "the number is not finite");
     return false;
   }
   value = number;
   return true;
 }
 
-bool LoadContext::integer(const Pair& pair, std::int64_t& value) {
-  if (pair.form == Pair::Form::Integer) {
-    value = pair.integer;
+bool LoadContext::integer(const RawGroup& group, std::int64_t& value) {
+  if (group.form == RawGroup::Form::Integer) {
+    value = group.integer;
     return true;
   }
-  if (pair.form == Pair::Form::Text && wholeNumber(trimmed(pair.text), value))
+  if (group.form == RawGroup::Form::Text && wholeNumber(trimmed(group.text), value))
     return true;
   double number = 0; // some programs write whole numbers with a decimal point
   const bool written =
-      pair.form == Pair::Form::Real ? (number = pair.real, true) : wholeNumber(trimmed(pair.text), number);
+      group.form == RawGroup::Form::Real ? (number = group.real, true) : wholeNumber(trimmed(group.text), number);
   if (!written || number != std::floor(number) || std::fabs(number) > 9e15) {
-    fail(pair, "the value is no whole number");
+    fail(group, "the value is no whole number");
     return false;
   }
   value = static_cast<std::int64_t>(number);
   return true;
 }
 
-bool LoadContext::integer(const Pair& pair, std::int64_t& value, int bits) {
+bool LoadContext::integer(const RawGroup& group, std::int64_t& value, int bits) {
   std::int64_t whole = 0;
-  if (!integer(pair, whole))
+  if (!integer(group, whole))
     return false;
   // Some programs write the bits of a negative number as a positive one.
   if (whole < -(std::int64_t{1} << (bits - 1)) || whole >= std::int64_t{1} << bits) {
-    fail(pair, "the number is out of range");
+    fail(group, "the number is out of range");
     return false;
   }
   value = whole;
   return true;
 }
 
-std::string_view LoadContext::utf8(const Pair& pair) {
-  return decoder_.decode(pair.text, buffer_);
+std::string_view LoadContext::utf8(const RawGroup& group) {
+  return decoder_.decode(group.text, buffer_);
 }
 
 namespace {
@@ -138,14 +138,14 @@ bool readHandle(std::string_view text, std::uint64_t& value) {
 
 } // namespace
 
-bool LoadContext::isHandle(const Pair& pair) {
+bool LoadContext::isHandle(const RawGroup& group) {
   std::uint64_t value = 0;
-  return readHandle(pair.text, value);
+  return readHandle(group.text, value);
 }
 
-bool LoadContext::handle(const Pair& pair, std::uint64_t& value) {
-  if (!readHandle(pair.text, value)) {
-    fail(pair, "the value is no handle");
+bool LoadContext::handle(const RawGroup& group, std::uint64_t& value) {
+  if (!readHandle(group.text, value)) {
+    fail(group, "the value is no handle");
     return false;
   }
   return true;
@@ -162,17 +162,17 @@ int hexDigit(char c) {
 
 } // namespace
 
-bool LoadContext::bytes(const Pair& pair, std::string& value) {
-  if (pair.form == Pair::Form::Bytes) {
-    value.append(pair.text);
+bool LoadContext::bytes(const RawGroup& group, std::string& value) {
+  if (group.form == RawGroup::Form::Bytes) {
+    value.append(group.text);
     return true;
   }
-  const std::string_view text = trimmed(pair.text);
+  const std::string_view text = trimmed(group.text);
   bool good = text.size() % 2 == 0;
   for (const char c : text)
     good = good && hexDigit(c) >= 0;
   if (!good) {
-    fail(pair, "the value is not hexadecimal");
+    fail(group, "the value is not hexadecimal");
     return false;
   }
   for (std::size_t i = 0; i < text.size(); i += 2)
@@ -180,22 +180,22 @@ bool LoadContext::bytes(const Pair& pair, std::string& value) {
   return true;
 }
 
-OdDbObjectId LoadContext::reference(const Pair& pair) {
+OdDbObjectId LoadContext::reference(const RawGroup& group) {
   std::uint64_t value = 0;
-  return handle(pair, value) ? database_.store().expect(value) : OdDbObjectId();
+  return handle(group, value) ? database_.store().expect(value) : OdDbObjectId();
 }
 
-OdDbObjectId LoadContext::symbol(OdDb::SymbolTableKind kind, const Pair& pair) {
+OdDbObjectId LoadContext::symbol(OdDb::SymbolTableKind kind, const RawGroup& group) {
   NameCache& cache = names_[kind];
-  if (!cache.id.isNull() && cache.bytes == pair.text)
+  if (!cache.id.isNull() && cache.bytes == group.text)
     return cache.id;
-  const OdString name = text(pair);
+  const OdString name = text(group);
   if (name.isEmpty())
     return {};
   OdDbObjectId id = database_.symbol(kind, name);
   if (id.isNull())
-    id = makeMissing(kind, name, pair);
-  cache.bytes = pair.text;
+    id = makeMissing(kind, name, group);
+  cache.bytes = group.text;
   cache.id = id;
   return id;
 }
@@ -208,7 +208,7 @@ OdDbSymbolTable& LoadContext::table(OdDb::SymbolTableKind kind, OdDbHandle handl
   return *made;
 }
 
-OdDbObjectId LoadContext::makeMissing(OdDb::SymbolTableKind kind, const OdString& name, const Pair& pair) {
+OdDbObjectId LoadContext::makeMissing(OdDb::SymbolTableKind kind, const OdString& name, const RawGroup& group) {
   OdRxObjectPtr made = recordClass(kind)->create();
   if (made.isNull())
     return {};
@@ -217,12 +217,12 @@ OdDbObjectId LoadContext::makeMissing(OdDb::SymbolTableKind kind, const OdString
   record->setName(name);
   OdDbObjectId id = database_.addOdDbObject(record.get(), ownerTable.objectId());
   ownerTable.adopt(record.get());
-  missing_.emplace(id, pair.line);
+  missing_.emplace(id, group.line);
   return id;
 }
 
-void LoadContext::append(GroupList& list, const Pair& pair) {
-  const GroupKind kind = groupKindOf(pair.code);
+void LoadContext::append(GroupList& list, const RawGroup& group) {
+  const GroupKind kind = groupKindOf(group.code);
   const bool before = failed_;
   const std::size_t size = list.size();
   double number = 0;
@@ -230,31 +230,31 @@ void LoadContext::append(GroupList& list, const Pair& pair) {
   std::uint64_t name = 0;
   switch (kind) {
   case GroupKind::Text:
-    list.utf8(pair.code, utf8(pair));
+    list.utf8(group.code, utf8(group));
     break;
   case GroupKind::Real:
-    if (real(pair, number))
-      list.real(pair.code, number);
+    if (real(group, number))
+      list.real(group.code, number);
     break;
   case GroupKind::Handle:
-    if (handle(pair, name))
-      list.handle(pair.code, name);
+    if (handle(group, name))
+      list.handle(group.code, name);
     break;
   case GroupKind::Reference:
-    if (handle(pair, name))
-      list.reference(pair.code, database_.store().expect(name));
+    if (handle(group, name))
+      list.reference(group.code, database_.store().expect(name));
     break;
   case GroupKind::Binary:
-    if (std::string data; bytes(pair, data))
-      list.binary(pair.code, data);
+    if (std::string data; bytes(group, data))
+      list.binary(group.code, data);
     break;
   default:
-    if (integer(pair, whole))
-      list.integer(pair.code, whole);
+    if (integer(group, whole))
+      list.integer(group.code, whole);
   }
   if (list.size() == size) {
     // Carried data may hold what it likes: nobody computes with it, so it does not spoil the record.
-    list.unparsed(pair.code, asText(pair));
+    list.unparsed(group.code, asText(group));
     failed_ = before;
   }
 }

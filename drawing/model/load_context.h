@@ -23,30 +23,30 @@ public:
 
   // Values. A number that is not readable or not finite fails the record that is being read (see failed) and leaves
   // the value alone.
-  bool real(const Pair& pair, double& value);
-  bool integer(const Pair& pair, std::int64_t& value);
+  bool real(const RawGroup& group, double& value);
+  bool integer(const RawGroup& group, std::int64_t& value);
   // One that is out of range for so many bits fails the record, too.
-  bool integer(const Pair& pair, std::int64_t& value, int bits);
-  std::string_view utf8(const Pair& pair); // valid until the next call
-  OdString text(const Pair& pair) { return OdString::fromUtf8(utf8(pair)); }
-  bool handle(const Pair& pair, std::uint64_t& value);
-  static bool isHandle(const Pair& pair);
-  bool bytes(const Pair& pair, std::string& value); // appends; hexadecimal in text files
-  OdDbObjectId reference(const Pair& pair);         // of an object that may still come
+  bool integer(const RawGroup& group, std::int64_t& value, int bits);
+  std::string_view utf8(const RawGroup& group); // valid until the next call
+  OdString text(const RawGroup& group) { return OdString::fromUtf8(utf8(group)); }
+  bool handle(const RawGroup& group, std::uint64_t& value);
+  static bool isHandle(const RawGroup& group);
+  bool bytes(const RawGroup& group, std::string& value); // appends; hexadecimal in text files
+  OdDbObjectId reference(const RawGroup& group);         // of an object that may still come
   // A table; made when the drawing has none of the kind yet, with that handle.
   OdDbSymbolTable& table(OdDb::SymbolTableKind kind, OdDbHandle handle = 0);
   // A record by name. One that does not exist (yet) is made and remembered as missing until the table brings it.
-  OdDbObjectId symbol(OdDb::SymbolTableKind kind, const Pair& pair);
+  OdDbObjectId symbol(OdDb::SymbolTableKind kind, const RawGroup& group);
   // Appends the group under its kind; what does not fit its code is appended as unread text.
-  void append(GroupList& list, const Pair& pair);
+  void append(GroupList& list, const RawGroup& group);
 
   // Where the record of an object began, for what is found out when all of the drawing is there; 0 unknown.
   void setLineOf(OdDbObjectId id, std::uint64_t line);
   std::uint64_t lineOf(OdDbObjectId id) const { return id.number() < lines_.size() ? lines_[id.number()] : 0; }
 
   // A place for the issue that a hook wants to tell.
-  void addIssue(Issue issue, const Pair* pair = nullptr);
-  void fail(const Pair& pair, const char* reason);
+  void addIssue(Issue issue, const RawGroup* group = nullptr);
+  void fail(const RawGroup& group, const char* reason);
 
   // The record that is being read.
   void begin(std::string_view kind, std::uint64_t line);
@@ -65,7 +65,7 @@ private:
     OdDbObjectId id;
   };
 
-  OdDbObjectId makeMissing(OdDb::SymbolTableKind kind, const OdString& name, const Pair& pair);
+  OdDbObjectId makeMissing(OdDb::SymbolTableKind kind, const OdString& name, const RawGroup& group);
 
   OdDbDatabase& database_;
   TextDecoder& decoder_;

@@ -12,7 +12,7 @@ namespace drawing {
 
 // One group as the file holds it. Text files give text only; binary files give numbers as they are. Views point into
 // the file's memory and live as long as the reading.
-struct Pair {
+struct RawGroup {
   enum class Form : std::uint8_t { Text, Real, Integer, Bytes };
   int code = 0;
   Form form = Form::Text;
@@ -31,6 +31,6 @@ public:
 };
 
 // A record: its start (code 0) and every group up to the next start. The views point into the file.
-using Record = std::vector<Pair>;
+using Record = std::vector<RawGroup>;
 
 } // namespace drawing

@@ -14,8 +14,8 @@ ODRX_DEFINE_MEMBERS(OdDbSymbolTableIterator, OdRxObject, "");
 namespace {
 
 // The number of records follows from the records.
-bool takesCount(OdDbObject&, const drawing::Pair& pair, drawing::LoadContext&) {
-  return pair.code == 70;
+bool takesCount(OdDbObject&, const drawing::RawGroup& group, drawing::LoadContext&) {
+  return group.code == 70;
 }
 
 } // namespace

@@ -39,8 +39,8 @@ const drawing::Description& OdDbDimAssoc::ownDescription() {
   return description;
 }
 
-bool OdDbDimAssoc::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
-  context.append(static_cast<OdDbDimAssoc&>(object).pointGroups_, pair);
+bool OdDbDimAssoc::readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
+  context.append(static_cast<OdDbDimAssoc&>(object).pointGroups_, group);
   return true;
 }
 

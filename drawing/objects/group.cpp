@@ -23,10 +23,10 @@ const drawing::Description& OdDbGroup::ownDescription() {
   return description;
 }
 
-bool OdDbGroup::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
-  if (pair.code != 340)
+bool OdDbGroup::readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
+  if (group.code != 340)
     return false;
-  static_cast<OdDbGroup&>(object).members_.push_back(context.reference(pair));
+  static_cast<OdDbGroup&>(object).members_.push_back(context.reference(group));
   return true;
 }
 

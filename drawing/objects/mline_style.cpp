@@ -22,25 +22,25 @@ const drawing::Description& OdDbMlineStyle::ownDescription() {
 }
 
 // Colours that stand behind an offset are the stroke's.
-bool OdDbMlineStyle::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
+bool OdDbMlineStyle::readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
   auto& style = static_cast<OdDbMlineStyle&>(object);
   auto& elements = style.elements_;
-  if (pair.code == 71)
+  if (group.code == 71)
     return true; // the count
-  if (pair.code == 49) {
+  if (group.code == 49) {
     elements.emplace_back();
-    return drawing::takeReal(elements.back().offset, pair, context);
+    return drawing::takeReal(elements.back().offset, group, context);
   }
-  if (pair.code == 420)
-    return drawing::takeInteger(elements.empty() ? style.fillTrueColor_ : elements.back().color.trueColor, pair,
+  if (group.code == 420)
+    return drawing::takeInteger(elements.empty() ? style.fillTrueColor_ : elements.back().color.trueColor, group,
                                 context);
   if (elements.empty())
     return false;
-  if (pair.code == 62)
-    return drawing::takeInteger(elements.back().color.index, pair, context);
-  if (pair.code == 6)
-    elements.back().linetype = context.symbol(OdDb::kLinetypeTable, pair);
-  return pair.code == 6;
+  if (group.code == 62)
+    return drawing::takeInteger(elements.back().color.index, group, context);
+  if (group.code == 6)
+    elements.back().linetype = context.symbol(OdDb::kLinetypeTable, group);
+  return group.code == 6;
 }
 
 void OdDbMlineStyle::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) {

@@ -12,12 +12,12 @@ namespace drawing {
 
 // Takes a coordinate of a point of a list whose x stands under `code`: an x begins a new point. Coordinates before
 // any x are not taken.
-inline bool takePoint(std::vector<OdGePoint3d>& points, int code, const Pair& pair, LoadContext& context) {
-  const int component = (pair.code - code) / 10;
-  if (component < 0 || component > 2 || code + 10 * component != pair.code || (component > 0 && points.empty()))
+inline bool takePoint(std::vector<OdGePoint3d>& points, int code, const RawGroup& group, LoadContext& context) {
+  const int component = (group.code - code) / 10;
+  if (component < 0 || component > 2 || code + 10 * component != group.code || (component > 0 && points.empty()))
     return false;
   double value = 0;
-  if (!context.real(pair, value))
+  if (!context.real(group, value))
     return true;
   if (component == 0)
     points.emplace_back();
@@ -25,22 +25,22 @@ inline bool takePoint(std::vector<OdGePoint3d>& points, int code, const Pair& pa
   return true;
 }
 
-inline bool takeReal(double& target, const Pair& pair, LoadContext& context) {
-  context.real(pair, target);
+inline bool takeReal(double& target, const RawGroup& group, LoadContext& context) {
+  context.real(group, target);
   return true;
 }
 
-inline bool takeReal(std::vector<double>& list, const Pair& pair, LoadContext& context) {
+inline bool takeReal(std::vector<double>& list, const RawGroup& group, LoadContext& context) {
   double value = 0;
-  if (context.real(pair, value))
+  if (context.real(group, value))
     list.push_back(value);
   return true;
 }
 
 template <class Int>
-bool takeInteger(Int& target, const Pair& pair, LoadContext& context) {
+bool takeInteger(Int& target, const RawGroup& group, LoadContext& context) {
   std::int64_t value = 0;
-  if (context.integer(pair, value))
+  if (context.integer(group, value))
     target = static_cast<Int>(value);
   return true;
 }

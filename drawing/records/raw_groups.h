@@ -14,11 +14,11 @@ namespace drawing {
 
 // Takes every group. One whose value cannot be read spoils the record: it might be a place.
 template <auto Member>
-bool readRawGroup(OdDbObject& object, const Pair& pair, LoadContext& context) {
+bool readRawGroup(OdDbObject& object, const RawGroup& group, LoadContext& context) {
   GroupList& groups = static_cast<typename MemberOf<decltype(Member)>::Class&>(object).*Member;
-  context.append(groups, pair);
+  context.append(groups, group);
   if (groups[groups.size() - 1].kind == GroupKind::kUnparsed)
-    context.fail(pair, "the value does not fit its group code");
+    context.fail(group, "the value does not fit its group code");
   return true;
 }
 

@@ -13,11 +13,11 @@ class MVDRAWING_API SectionReader {
 public:
   SectionReader(OdDbObject& object, const Section& section, LoadContext& context)
       : object_(object), section_(section), context_(context) {}
-  bool take(const Pair& pair);
+  bool take(const RawGroup& group);
 
 private:
-  bool store(const Field& field, const Pair& pair);
-  OdDbObjectId reference(const Field& field, const Pair& pair);
+  bool store(const Field& field, const RawGroup& group);
+  OdDbObjectId reference(const Field& field, const RawGroup& group);
 
   OdDbObject& object_;
   const Section& section_;

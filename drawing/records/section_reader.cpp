@@ -7,50 +7,50 @@
 
 namespace drawing {
 
-OdDbObjectId SectionReader::reference(const Field& field, const Pair& pair) {
+OdDbObjectId SectionReader::reference(const Field& field, const RawGroup& group) {
   if (field.byName != OdDb::kNoTable)
-    return context_.symbol(field.byName, pair);
-  if (field.maybeName != OdDb::kNoTable && !LoadContext::isHandle(pair))
-    return context_.symbol(field.maybeName, pair);
-  return context_.reference(pair);
+    return context_.symbol(field.byName, group);
+  if (field.maybeName != OdDb::kNoTable && !LoadContext::isHandle(group))
+    return context_.symbol(field.maybeName, group);
+  return context_.reference(group);
 }
 
-bool SectionReader::store(const Field& field, const Pair& pair) {
+bool SectionReader::store(const Field& field, const RawGroup& group) {
   void* at = field.at(object_);
-  const int component = (pair.code - field.code) / 10;
+  const int component = (group.code - field.code) / 10;
   double number = 0;
   std::int64_t whole = 0;
   switch (field.kind) {
   case FieldKind::Real:
-    if (context_.real(pair, number))
+    if (context_.real(group, number))
       *static_cast<double*>(at) = field.degrees ? number * (OdaPI / 180.0) : number;
     return true;
   case FieldKind::Point3:
   case FieldKind::Vector3:
   case FieldKind::Point2:
-    if (context_.real(pair, number))
+    if (context_.real(group, number))
       static_cast<double*>(at)[component] = number;
     return true;
   case FieldKind::Text:
-    *static_cast<OdString*>(at) = context_.text(pair);
+    *static_cast<OdString*>(at) = context_.text(group);
     return true;
   case FieldKind::Reference:
-    *static_cast<OdDbObjectId*>(at) = reference(field, pair);
+    *static_cast<OdDbObjectId*>(at) = reference(field, group);
     return true;
   case FieldKind::Bool:
-    if (context_.integer(pair, whole))
+    if (context_.integer(group, whole))
       *static_cast<bool*>(at) = whole != 0;
     return true;
   case FieldKind::Int16:
-    if (context_.integer(pair, whole, 16))
+    if (context_.integer(group, whole, 16))
       *static_cast<std::int16_t*>(at) = static_cast<std::int16_t>(whole);
     return true;
   case FieldKind::Int32:
-    if (context_.integer(pair, whole, 32))
+    if (context_.integer(group, whole, 32))
       *static_cast<std::int32_t*>(at) = static_cast<std::int32_t>(whole);
     return true;
   case FieldKind::Int64:
-    if (context_.integer(pair, whole))
+    if (context_.integer(group, whole))
       *static_cast<std::int64_t*>(at) = whole;
     return true;
   }
@@ -77,20 +77,20 @@ bool SectionReader::markTaken(std::size_t field, int component) {
   return (std::exchange(taken_[component], taken_[component] | bit) & bit) == 0;
 }
 
-bool SectionReader::take(const Pair& pair) {
-  embedded_ = embedded_ || pair.code == 101;
+bool SectionReader::take(const RawGroup& group) {
+  embedded_ = embedded_ || group.code == 101;
   if (embedded_)
-    return section_.read != nullptr && section_.read(object_, pair, context_);
+    return section_.read != nullptr && section_.read(object_, group, context_);
   const auto& fields = section_.fields;
   for (std::size_t tried = 0; tried < fields.size(); ++tried) {
     const std::size_t i = next_ + tried < fields.size() ? next_ + tried : next_ + tried - fields.size();
-    const int component = componentOf(fields[i], pair.code);
+    const int component = componentOf(fields[i], group.code);
     if (component >= 0 && markTaken(i, component)) {
       next_ = i;
-      return store(fields[i], pair);
+      return store(fields[i], group);
     }
   }
-  return section_.read != nullptr && section_.read(object_, pair, context_);
+  return section_.read != nullptr && section_.read(object_, group, context_);
 }
 
 } // namespace drawing

@@ -25,46 +25,46 @@ const drawing::Description& OdDbMline::ownDescription() {
 namespace {
 
 // Coordinates behind a vertex's first: 11 begins it, 12 and 13 are its directions.
-bool takeVector(OdGeVector3d& vector, int code, const drawing::Pair& pair, drawing::LoadContext& context) {
-  const int component = (pair.code - code) / 10;
-  if (component < 0 || component > 2 || code + 10 * component != pair.code)
+bool takeVector(OdGeVector3d& vector, int code, const drawing::RawGroup& group, drawing::LoadContext& context) {
+  const int component = (group.code - code) / 10;
+  if (component < 0 || component > 2 || code + 10 * component != group.code)
     return false;
-  context.real(pair, (&vector.x)[component]);
+  context.real(group, (&vector.x)[component]);
   return true;
 }
 
 } // namespace
 
-bool OdDbMline::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
+bool OdDbMline::readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
   auto& line = static_cast<OdDbMline&>(object);
-  if (pair.code == 72)
+  if (group.code == 72)
     return true; // the count
-  if (pair.code == 11)
+  if (group.code == 11)
     line.vertices_.emplace_back();
   if (line.vertices_.empty())
     return false;
   Vertex& vertex = line.vertices_.back();
-  if (pair.code == 11 || pair.code == 21 || pair.code == 31) {
-    context.real(pair, (&vertex.point.x)[(pair.code - 11) / 10]);
+  if (group.code == 11 || group.code == 21 || group.code == 31) {
+    context.real(group, (&vertex.point.x)[(group.code - 11) / 10]);
     return true;
   }
-  return takeVector(vertex.direction, 12, pair, context) || takeVector(vertex.miter, 13, pair, context) ||
-         line.readStroke(pair, context);
+  return takeVector(vertex.direction, 12, group, context) || takeVector(vertex.miter, 13, group, context) ||
+         line.readStroke(group, context);
 }
 
-bool OdDbMline::readStroke(const drawing::Pair& pair, drawing::LoadContext& context) {
+bool OdDbMline::readStroke(const drawing::RawGroup& group, drawing::LoadContext& context) {
   std::vector<Stroke>& strokes = vertices_.back().strokes;
-  if (pair.code == 74) { // the count of what follows; begins a stroke
+  if (group.code == 74) { // the count of what follows; begins a stroke
     strokes.emplace_back();
     return true;
   }
   if (strokes.empty())
     return false;
-  if (pair.code == 41)
-    return drawing::takeReal(strokes.back().cuts, pair, context);
-  if (pair.code == 42)
-    return drawing::takeReal(strokes.back().fillCuts, pair, context);
-  return pair.code == 75;
+  if (group.code == 41)
+    return drawing::takeReal(strokes.back().cuts, group, context);
+  if (group.code == 42)
+    return drawing::takeReal(strokes.back().fillCuts, group, context);
+  return group.code == 75;
 }
 
 void OdDbMline::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) {

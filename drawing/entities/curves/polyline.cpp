@@ -25,28 +25,28 @@ const drawing::Description& OdDbPolyline::ownDescription() {
   return description;
 }
 
-bool OdDbPolyline::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
+bool OdDbPolyline::readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
   auto& vertices = static_cast<OdDbPolyline&>(object).vertices_;
-  if (pair.code == 90)
+  if (group.code == 90)
     return true; // the count
-  if (pair.code == 10)
+  if (group.code == 10)
     vertices.emplace_back();
   if (vertices.empty())
     return false;
   Vertex& vertex = vertices.back();
-  switch (pair.code) {
+  switch (group.code) {
   case 10:
-    return drawing::takeReal(vertex.point.x, pair, context);
+    return drawing::takeReal(vertex.point.x, group, context);
   case 20:
-    return drawing::takeReal(vertex.point.y, pair, context);
+    return drawing::takeReal(vertex.point.y, group, context);
   case 40:
-    return drawing::takeReal(vertex.startWidth, pair, context);
+    return drawing::takeReal(vertex.startWidth, group, context);
   case 41:
-    return drawing::takeReal(vertex.endWidth, pair, context);
+    return drawing::takeReal(vertex.endWidth, group, context);
   case 42:
-    return drawing::takeReal(vertex.bulge, pair, context);
+    return drawing::takeReal(vertex.bulge, group, context);
   case 91:
-    return drawing::takeInteger(vertex.identifier, pair, context);
+    return drawing::takeInteger(vertex.identifier, group, context);
   default:
     return false;
   }

@@ -20,16 +20,16 @@ const drawing::Description& OdDbSpline::ownDescription() {
   return description;
 }
 
-bool OdDbSpline::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
+bool OdDbSpline::readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
   auto& spline = static_cast<OdDbSpline&>(object);
-  if (pair.code >= 72 && pair.code <= 74)
+  if (group.code >= 72 && group.code <= 74)
     return true; // counts; the lists know their lengths
-  if (pair.code == 40)
-    return drawing::takeReal(spline.knots_, pair, context);
-  if (pair.code == 41)
-    return drawing::takeReal(spline.weights_, pair, context);
-  return drawing::takePoint(spline.controlPoints_, 10, pair, context) ||
-         drawing::takePoint(spline.fitPoints_, 11, pair, context);
+  if (group.code == 40)
+    return drawing::takeReal(spline.knots_, group, context);
+  if (group.code == 41)
+    return drawing::takeReal(spline.weights_, group, context);
+  return drawing::takePoint(spline.controlPoints_, 10, group, context) ||
+         drawing::takePoint(spline.fitPoints_, 11, group, context);
 }
 
 void OdDbSpline::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) {

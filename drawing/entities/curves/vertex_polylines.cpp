@@ -19,8 +19,8 @@ ODDB_DEFINE_MEMBERS(OdDbPolyFaceMesh, OdDbVertexOwner, "POLYLINE");
 ODDB_DEFINE_MEMBERS(OdDb2dPolyline, OdDbVertexOwner, "POLYLINE");
 
 // That vertices follow is told by a mark, which needs no place in memory.
-bool OdDbVertexOwner::readFollowMark(OdDbObject&, const drawing::Pair& pair, drawing::LoadContext&) {
-  return pair.code == 66;
+bool OdDbVertexOwner::readFollowMark(OdDbObject&, const drawing::RawGroup& group, drawing::LoadContext&) {
+  return group.code == 66;
 }
 
 void OdDbVertexOwner::writeFollowMark(const OdDbObject&, drawing::GroupSink& sink) {

@@ -25,8 +25,8 @@ const drawing::Description& OdDbMPolygon::ownDescription() {
   return description;
 }
 
-bool OdDbHatch::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
-  context.append(static_cast<OdDbHatch&>(object).groups_, pair);
+bool OdDbHatch::readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
+  context.append(static_cast<OdDbHatch&>(object).groups_, group);
   return true;
 }
 

@@ -48,25 +48,25 @@ OdGePoint2d unitVectorOf(double angle) {
 
 } // namespace
 
-bool OdDbMText::readGroup(OdDbObject& object, const drawing::Pair& pair, drawing::LoadContext& context) {
+bool OdDbMText::readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
   auto& text = static_cast<OdDbMText&>(object);
-  text.afterEmbedded_ = text.afterEmbedded_ || pair.code == 101;
-  text.afterColumns_ = text.afterColumns_ || pair.code == 75;
-  if (!text.afterEmbedded_ && (pair.code == 1 || pair.code == 3)) {
-    text.contents_ += context.text(pair);
+  text.afterEmbedded_ = text.afterEmbedded_ || group.code == 101;
+  text.afterColumns_ = text.afterColumns_ || group.code == 75;
+  if (!text.afterEmbedded_ && (group.code == 1 || group.code == 3)) {
+    text.contents_ += context.text(group);
     return true;
   }
-  if (pair.code == 50 && !text.afterEmbedded_ && !text.afterColumns_) {
+  if (group.code == 50 && !text.afterEmbedded_ && !text.afterColumns_) {
     // An angle stands for the direction where there is none.
     double angle = 0;
     const OdGeVector3d none(1, 0, 0);
-    if (context.real(pair, angle) && text.direction_.isEqualTo(none, OdGeTol(0))) {
+    if (context.real(group, angle) && text.direction_.isEqualTo(none, OdGeTol(0))) {
       const OdGePoint2d unit = unitVectorOf(angle);
       text.direction_ = OdGeMatrix3d::planeToWorld(text.normal_) * OdGeVector3d(unit.x, unit.y, 0);
     }
     return true;
   }
-  context.append(text.rest_, pair);
+  context.append(text.rest_, group);
   return true;
 }
 

@@ -24,18 +24,18 @@ public:
 };
 
 // "10 1.5|20 2|100 AcDbLine": groups of a record behind its name.
-inline std::vector<drawing::Pair> pairsOf(std::string_view groups) {
-  std::vector<drawing::Pair> pairs;
+inline std::vector<drawing::RawGroup> rawGroupsOf(std::string_view groups) {
+  std::vector<drawing::RawGroup> rawGroups;
   while (!groups.empty()) {
     const std::string_view one = groups.substr(0, groups.find('|'));
     groups.remove_prefix(std::min(one.size() + 1, groups.size()));
     const std::size_t space = std::min(one.find(' '), one.size());
-    drawing::Pair pair;
-    std::from_chars(one.data(), one.data() + space, pair.code);
-    pair.text = one.substr(std::min(space + 1, one.size()));
-    pairs.push_back(pair);
+    drawing::RawGroup group;
+    std::from_chars(one.data(), one.data() + space, group.code);
+    group.text = one.substr(std::min(space + 1, one.size()));
+    rawGroups.push_back(group);
   }
-  return pairs;
+  return rawGroups;
 }
 
 // The same form again. References are written as handles.
@@ -70,10 +70,10 @@ public:
   OdDbDatabasePtr database = OdDbDatabase::create();
 
   OdDbEntityPtr load(std::string_view dxfName, std::string_view groups) {
-    const std::vector<drawing::Pair> pairs = pairsOf(groups);
-    OdRxClass* chosen = drawing::chooseClass(dxfName, pairs);
+    const std::vector<drawing::RawGroup> rawGroups = rawGroupsOf(groups);
+    OdRxClass* chosen = drawing::chooseClass(dxfName, rawGroups);
     OdDbEntityPtr entity = chosen->create();
-    fill(*entity, pairs);
+    fill(*entity, rawGroups);
     return entity;
   }
   // On layer 0 at the end of model space, open for write.
@@ -86,24 +86,24 @@ public:
   }
 
 private:
-  void fill(OdDbObject& object, const std::vector<drawing::Pair>& pairs) {
+  void fill(OdDbObject& object, const std::vector<drawing::RawGroup>& rawGroups) {
     drawing::LoadContext context(*database, decoder_, report_);
     const drawing::Section* section = nullptr;
     std::unique_ptr<drawing::SectionReader> reader;
     bool embedded = false;
-    for (const drawing::Pair& pair : pairs) {
-      if (pair.code == 100) {
+    for (const drawing::RawGroup& group : rawGroups) {
+      if (group.code == 100) {
         section = nullptr;
         for (const drawing::Section* one : object.description().sections())
-          section = one->marker == pair.text ? one : section;
+          section = one->marker == group.text ? one : section;
         reader = section == nullptr ? nullptr : std::make_unique<drawing::SectionReader>(object, *section, context);
         if (reader == nullptr)
-          context.append(object.extrasForLoad().unmodelledGroups, pair);
+          context.append(object.extrasForLoad().unmodelledGroups, group);
         continue;
       }
-      embedded = embedded || pair.code == 101;
-      if (reader == nullptr || (!(embedded && section->read(object, pair, context)) && !reader->take(pair)))
-        context.append(object.extrasForLoad().unmodelledGroups, pair);
+      embedded = embedded || group.code == 101;
+      if (reader == nullptr || (!(embedded && section->read(object, group, context)) && !reader->take(group)))
+        context.append(object.extrasForLoad().unmodelledGroups, group);
     }
   }
 

@@ -64,7 +64,8 @@ TEST_F(EntityParts, ClassOfSharedNames) {
       {"NO_SUCH_THING", "", nullptr},
   };
   for (const auto& one : cases)
-    EXPECT_EQ(drawing::chooseClass(one.dxfName, pairsOf(one.groups)), one.wanted) << one.dxfName << " " << one.groups;
+    EXPECT_EQ(drawing::chooseClass(one.dxfName, rawGroupsOf(one.groups)), one.wanted)
+        << one.dxfName << " " << one.groups;
 }
 
 TEST_F(EntityParts, VerticesFollowTheirPolyline) {

@@ -297,8 +297,8 @@ TEST_P(EntityKinds, ComeBackToTheLastBit) {
 
 std::vector<std::string> sortedGroups(std::string_view text) {
   std::vector<std::string> groups;
-  for (const drawing::Pair& pair : pairsOf(text))
-    groups.push_back(std::to_string(pair.code) + " " + std::string(pair.text));
+  for (const drawing::RawGroup& group : rawGroupsOf(text))
+    groups.push_back(std::to_string(group.code) + " " + std::string(group.text));
   std::sort(groups.begin(), groups.end());
   return groups;
 }

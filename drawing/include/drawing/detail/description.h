@@ -18,7 +18,7 @@
 
 namespace drawing {
 
-struct Pair;
+struct RawGroup;
 class LoadContext;
 
 // Kind of a member's value.
@@ -156,7 +156,7 @@ struct Section {
 
   // For lists and other structures that fields cannot describe. `read` is called for each group that is not a field and
   // returns whether it has consumed it; `write` writes what `read` consumes, before the fields if `writeFirst` is set.
-  bool (*read)(OdDbObject&, const Pair&, LoadContext&) = nullptr;
+  bool (*read)(OdDbObject&, const RawGroup&, LoadContext&) = nullptr;
   void (*write)(const OdDbObject&, GroupSink&) = nullptr;
   bool writeFirst = false;
   OdDb::DwgVersion since = OdDb::kRelease2000; // absent in files of earlier versions
