@@ -12,9 +12,9 @@ using drawing::PlaneMap;
 
 ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbDimension, OdDbEntity);
 
-const drawing::Section& OdDbDimension::dimensionSection() {
+const drawing::SubclassLayout& OdDbDimension::dimensionSubclass() {
   using Self = OdDbDimension;
-  static const drawing::Section section{
+  static const drawing::SubclassLayout subclass{
       "AcDbDimension",
       {field<&Self::version_>(280).from(OdDb::kRelease2010),
        field<&Self::block_>(2).name(OdDb::kBlockTable).unlessEmpty(), field<&Self::definition_>(10),
@@ -23,7 +23,7 @@ const drawing::Section& OdDbDimension::dimensionSection() {
        field<&Self::lineSpacing_>(41).unless(1), field<&Self::measurement_>(42).unless(-1),
        field<&Self::textRotation_>(53).angle().unless(0), field<&Self::horizontalRotation_>(51).angle().unless(0),
        field<&Self::normal_>(210).unless(0, 0, 1), field<&Self::style_>(3).name(OdDb::kDimStyleTable).unlessEmpty()}};
-  return section;
+  return subclass;
 }
 
 MVDB_SETTER(OdDbDimension, setDimBlockId, OdDbObjectId, block_)

@@ -19,7 +19,7 @@ ODDB_DEFINE_MEMBERS(OdDbOrdinateDimension, OdDbDimension, "DIMENSION");
 ODDB_DEFINE_MEMBERS(OdDbArcDimension, OdDbDimension, "ARC_DIMENSION");
 ODDB_DEFINE_MEMBERS(OdDbRadialDimensionLarge, OdDbDimension, "LARGE_RADIAL_DIMENSION");
 
-drawing::Section OdDbLinearDimension::linearSection() {
+drawing::SubclassLayout OdDbLinearDimension::linearSubclass() {
   using Self = OdDbLinearDimension;
   return {"AcDbAlignedDimension",
           {field<&Self::insertion_>(12).unless(0, 0, 0), field<&Self::first_>(13), field<&Self::second_>(14),
@@ -27,7 +27,7 @@ drawing::Section OdDbLinearDimension::linearSection() {
 }
 
 const drawing::Description& OdDbAlignedDimension::ownDescription() {
-  static const drawing::Description description(&OdDbEntity::ownDescription(), {dimensionSection(), linearSection()});
+  static const drawing::Description description(&OdDbEntity::ownDescription(), {dimensionSubclass(), linearSubclass()});
   return description;
 }
 
@@ -35,17 +35,17 @@ const drawing::Description& OdDbAlignedDimension::ownDescription() {
 const drawing::Description& OdDbRotatedDimension::ownDescription() {
   using Self = OdDbRotatedDimension;
   static const drawing::Description description = [] {
-    drawing::Section linear = linearSection();
+    drawing::SubclassLayout linear = linearSubclass();
     linear.fields.push_back(field<&Self::rotation_>(50).angle().unless(0));
-    const drawing::Section rotated{
+    const drawing::SubclassLayout rotated{
         "AcDbRotatedDimension",
         {field<&Self::rotation_>(50).angle().onlyRead(), field<&Self::oblique_>(52).angle().onlyRead()}};
-    return drawing::Description(&OdDbEntity::ownDescription(), {dimensionSection(), linear, rotated});
+    return drawing::Description(&OdDbEntity::ownDescription(), {dimensionSubclass(), linear, rotated});
   }();
   return description;
 }
 
-drawing::Section OdDbAngularDimension::angularSection(const char* marker) {
+drawing::SubclassLayout OdDbAngularDimension::angularSubclass(const char* marker) {
   using Self = OdDbAngularDimension;
   return {marker,
           {field<&Self::first_>(13), field<&Self::second_>(14), field<&Self::third_>(15),
@@ -54,29 +54,29 @@ drawing::Section OdDbAngularDimension::angularSection(const char* marker) {
 
 const drawing::Description& OdDb2LineAngularDimension::ownDescription() {
   static const drawing::Description description(&OdDbEntity::ownDescription(),
-                                                {dimensionSection(), angularSection("AcDb2LineAngularDimension")});
+                                                {dimensionSubclass(), angularSubclass("AcDb2LineAngularDimension")});
   return description;
 }
 
 const drawing::Description& OdDb3PointAngularDimension::ownDescription() {
   static const drawing::Description description(&OdDbEntity::ownDescription(),
-                                                {dimensionSection(), angularSection("AcDb3PointAngularDimension")});
+                                                {dimensionSubclass(), angularSubclass("AcDb3PointAngularDimension")});
   return description;
 }
 
-drawing::Section OdDbRoundDimension::roundSection(const char* marker) {
+drawing::SubclassLayout OdDbRoundDimension::roundSubclass(const char* marker) {
   return {marker, {field<&OdDbRoundDimension::chord_>(15), field<&OdDbRoundDimension::leaderLength_>(40)}};
 }
 
 const drawing::Description& OdDbRadialDimension::ownDescription() {
   static const drawing::Description description(&OdDbEntity::ownDescription(),
-                                                {dimensionSection(), roundSection("AcDbRadialDimension")});
+                                                {dimensionSubclass(), roundSubclass("AcDbRadialDimension")});
   return description;
 }
 
 const drawing::Description& OdDbDiametricDimension::ownDescription() {
   static const drawing::Description description(&OdDbEntity::ownDescription(),
-                                                {dimensionSection(), roundSection("AcDbDiametricDimension")});
+                                                {dimensionSubclass(), roundSubclass("AcDbDiametricDimension")});
   return description;
 }
 
@@ -84,7 +84,7 @@ const drawing::Description& OdDbOrdinateDimension::ownDescription() {
   using Self = OdDbOrdinateDimension;
   static const drawing::Description description(
       &OdDbEntity::ownDescription(),
-      {dimensionSection(), {"AcDbOrdinateDimension", {field<&Self::feature_>(13), field<&Self::leaderEnd_>(14)}}});
+      {dimensionSubclass(), {"AcDbOrdinateDimension", {field<&Self::feature_>(13), field<&Self::leaderEnd_>(14)}}});
   return description;
 }
 
@@ -92,7 +92,7 @@ const drawing::Description& OdDbArcDimension::ownDescription() {
   using Self = OdDbArcDimension;
   static const drawing::Description description(
       &OdDbEntity::ownDescription(),
-      {dimensionSection(),
+      {dimensionSubclass(),
        {"AcDbArcDimension",
         {field<&Self::first_>(13), field<&Self::second_>(14), field<&Self::center_>(15), field<&Self::isPart_>(70),
          field<&Self::startAngle_>(40), field<&Self::endAngle_>(41), field<&Self::hasLeader_>(71),
@@ -103,7 +103,7 @@ const drawing::Description& OdDbArcDimension::ownDescription() {
 const drawing::Description& OdDbRadialDimensionLarge::ownDescription() {
   using Self = OdDbRadialDimensionLarge;
   static const drawing::Description description(&OdDbEntity::ownDescription(),
-                                                {dimensionSection(),
+                                                {dimensionSubclass(),
                                                  {"AcDbRadialDimensionLarge",
                                                   {field<&Self::overrideCenter_>(13), field<&Self::jog_>(14),
                                                    field<&Self::chord_>(15), field<&Self::jogAngle_>(40)}}});

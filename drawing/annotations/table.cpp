@@ -11,7 +11,7 @@ ODDB_DEFINE_MEMBERS(OdDbTable, OdDbBlockReference, "ACAD_TABLE");
 const drawing::Description& OdDbTable::ownDescription() {
   static const drawing::Description description(
       &OdDbEntity::ownDescription(),
-      {referenceSection("AcDbBlockReference"), drawing::rawSubclass<&OdDbTable::groups_>("AcDbTable")});
+      {referenceSubclass("AcDbBlockReference"), drawing::rawSubclass<&OdDbTable::groups_>("AcDbTable")});
   return description;
 }
 

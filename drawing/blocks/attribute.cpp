@@ -13,7 +13,7 @@ const drawing::Description& OdDbAttributeDefinition::ownDescription() {
   using Self = OdDbAttributeDefinition;
   static const drawing::Description description(
       &OdDbEntity::ownDescription(),
-      {textSection(),
+      {textSubclass(),
        {"AcDbAttributeDefinition",
         {field<&Self::version_>(280).from(OdDb::kRelease2010), field<&Self::prompt_>(3), field<&Self::tag_>(2),
          field<&Self::attributeFlags_>(70), field<&Self::fieldLength_>(73).unless(0),
@@ -27,7 +27,7 @@ const drawing::Description& OdDbAttribute::ownDescription() {
   using Self = OdDbAttribute;
   static const drawing::Description description(
       &OdDbEntity::ownDescription(),
-      {textSection(),
+      {textSubclass(),
        {"AcDbAttribute",
         {field<&Self::version_>(280).from(OdDb::kRelease2010), field<&Self::tag_>(2), field<&Self::attributeFlags_>(70),
          field<&Self::fieldLength_>(73).unless(0), field<&Self::vertical_>(74).unless(0),

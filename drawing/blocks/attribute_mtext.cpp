@@ -58,8 +58,8 @@ void storeField(OdDbObject& object, const drawing::Field& field, const GroupList
   }
 }
 
-const drawing::Field* fieldOf(const drawing::Section& section, int code) {
-  for (const drawing::Field& field : section.fields) {
+const drawing::Field* fieldOf(const drawing::SubclassLayout& subclass, int code) {
+  for (const drawing::Field& field : subclass.fields) {
     const bool triple = field.kind == drawing::FieldKind::Point3 || field.kind == drawing::FieldKind::Vector3;
     const int offset = code - field.code;
     if (offset == 0 || (triple && (offset == 10 || offset == 20)))
@@ -104,7 +104,7 @@ OdDbMTextPtr textOf(const GroupList& groups, std::size_t first, const OdDbObject
     const drawing::Group& group = groups[i];
     if (group.code == 50 && group.kind == drawing::GroupKind::Real)
       rotation = OdaToRadian(group.real);
-    else if (const drawing::Field* field = fieldOf(OdDbMText::textSection(), group.code))
+    else if (const drawing::Field* field = fieldOf(OdDbMText::textSubclass(), group.code))
       storeField(*text, *field, groups, group);
   }
   if (rotation != 0 && groups.find(11, first) >= groups.size())
@@ -211,7 +211,7 @@ void OdDbAttributeBase::setMTextAttribute(const OdDbMText* text) {
     if (flag >= embedded)
       rest.integer(71, mtextFlag());
     rest.utf8(kEmbedded, kTitle);
-    drawing::writeSection(*text, OdDbMText::textSection(), rest);
+    drawing::writeSubclass(*text, OdDbMText::textSubclass(), rest);
     text_ = text->contents();
   }
   rest_ = std::move(rest);

@@ -19,10 +19,10 @@ ODDB_DEFINE_MEMBERS(OdDbBlockReference, OdDbEntity, "INSERT");
 ODDB_DEFINE_MEMBERS(OdDbMInsertBlock, OdDbBlockReference, "INSERT");
 ODRX_DEFINE_MEMBERS(OdDbAttributeIterator, OdRxObject, "");
 
-const drawing::Section& OdDbBlockReference::referenceSection(const char* marker) {
+const drawing::SubclassLayout& OdDbBlockReference::referenceSubclass(const char* marker) {
   using Self = OdDbBlockReference;
   const auto make = [](const char* name) {
-    return drawing::Section{
+    return drawing::SubclassLayout{
         name,
         {field<&Self::block_>(2).name(OdDb::kBlockTable), field<&Self::position_>(10),
          field<&Self::scaleX_>(41).unless(1), field<&Self::scaleY_>(42).unless(1), field<&Self::scaleZ_>(43).unless(1),
@@ -35,30 +35,30 @@ const drawing::Section& OdDbBlockReference::referenceSection(const char* marker)
         },
         true};
   };
-  static const drawing::Section plain = make("AcDbBlockReference");
-  static const drawing::Section multiple = make("AcDbMInsertBlock");
+  static const drawing::SubclassLayout plain = make("AcDbBlockReference");
+  static const drawing::SubclassLayout multiple = make("AcDbMInsertBlock");
   return std::string_view(marker) == plain.marker ? plain : multiple;
 }
 
 const drawing::Description& OdDbBlockReference::ownDescription() {
   static const drawing::Description description(&OdDbEntity::ownDescription(),
-                                                {referenceSection("AcDbBlockReference")});
+                                                {referenceSubclass("AcDbBlockReference")});
   return description;
 }
 
 const drawing::Description& OdDbMInsertBlock::ownDescription() {
   using Self = OdDbMInsertBlock;
   static const drawing::Description description = [] {
-    drawing::Section section = referenceSection("AcDbMInsertBlock");
-    section.alias = "AcDbBlockReference";
+    drawing::SubclassLayout subclass = referenceSubclass("AcDbMInsertBlock");
+    subclass.alias = "AcDbBlockReference";
     for (const drawing::Field& own :
          {field<&Self::columns_>(70).unless(1), field<&Self::rows_>(71).unless(1),
           field<&Self::columnSpacing_>(44).unless(0), field<&Self::rowSpacing_>(45).unless(0)})
-      section.fields.push_back(own);
+      subclass.fields.push_back(own);
     // Some programs write a single reference's section first, then rows and columns in a section of their own.
-    drawing::Section second{section.marker, section.fields, section.read};
+    drawing::SubclassLayout second{subclass.marker, subclass.fields, subclass.read};
     second.since = drawing::kNeverWritten;
-    return drawing::Description(&OdDbEntity::ownDescription(), {section, second});
+    return drawing::Description(&OdDbEntity::ownDescription(), {subclass, second});
   }();
   return description;
 }

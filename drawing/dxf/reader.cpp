@@ -151,16 +151,16 @@ void Reader::readHeader() {
 }
 
 void Reader::readOpaqueSection() {
-  OpaqueSection section;
-  section.name = std::string(record_.size() > 1 && record_[1].code == 2 ? record_[1].text : "");
+  OpaqueSection subclass;
+  subclass.name = std::string(record_.size() > 1 && record_[1].code == 2 ? record_[1].text : "");
   for (std::size_t i = 2; i < record_.size(); ++i)
-    builder_.context().append(section.groups, record_[i]);
+    builder_.context().append(subclass.groups, record_[i]);
   while (inSection()) {
     ++report_.counts.opaque;
     for (const RawGroup& group : record_)
-      builder_.context().append(section.groups, group);
+      builder_.context().append(subclass.groups, group);
   }
-  database_.opaqueSections().push_back(std::move(section));
+  database_.opaqueSections().push_back(std::move(subclass));
 }
 
 void Reader::readTables() {

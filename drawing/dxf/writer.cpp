@@ -51,7 +51,7 @@ void RecordWriter::xData(const OdDbObject& object) {
 
 void RecordWriter::whole(const OdDbObject& object) {
   head(object);
-  writeSections(object, sink_);
+  writeSubclasses(object, sink_);
   xData(object);
 }
 
@@ -230,7 +230,7 @@ void Writer::block(const OdDbBlockTableRecord& record) {
   RecordWriter writer(facts);
   writer.head(begin);
   GroupList sections;
-  writeSections(begin, sections);
+  writeSubclasses(begin, sections);
   const std::size_t own = [&] { // the head's values stand right behind its marker
     std::size_t at = sections.find(100);
     while (at < sections.size() && sections.textOf(sections[at]) != "AcDbBlockBegin")

@@ -10,9 +10,9 @@ namespace {
 
 constexpr int kClassId = 91;
 
-drawing::Section proxySection(drawing::Section section, const char* earlierMarker) {
-  section.alias = earlierMarker;
-  return section;
+drawing::SubclassLayout proxySubclass(drawing::SubclassLayout subclass, const char* earlierMarker) {
+  subclass.alias = earlierMarker;
+  return subclass;
 }
 
 } // namespace
@@ -20,14 +20,14 @@ drawing::Section proxySection(drawing::Section section, const char* earlierMarke
 const drawing::Description& OdDbProxyEntity::ownDescription() {
   static const drawing::Description description(
       &OdDbEntity::ownDescription(),
-      {proxySection(drawing::rawSubclass<&OdDbProxyEntity::groups_>("AcDbProxyEntity"), "AcDbZombieEntity")});
+      {proxySubclass(drawing::rawSubclass<&OdDbProxyEntity::groups_>("AcDbProxyEntity"), "AcDbZombieEntity")});
   return description;
 }
 
 const drawing::Description& OdDbProxyObject::ownDescription() {
   static const drawing::Description description(
       &OdDbObject::ownDescription(),
-      {proxySection(drawing::rawSubclass<&OdDbProxyObject::groups_>("AcDbProxyObject"), "AcDbZombieObject")});
+      {proxySubclass(drawing::rawSubclass<&OdDbProxyObject::groups_>("AcDbProxyObject"), "AcDbZombieObject")});
   return description;
 }
 

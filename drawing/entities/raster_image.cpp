@@ -9,22 +9,22 @@ ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbPicture, OdDbEntity);
 ODDB_DEFINE_MEMBERS(OdDbRasterImage, OdDbPicture, "IMAGE");
 ODDB_DEFINE_MEMBERS(OdDbWipeout, OdDbPicture, "WIPEOUT");
 
-drawing::Section OdDbPicture::pictureSection(const char* marker) {
+drawing::SubclassLayout OdDbPicture::imageSubclass(const char* marker) {
   using Self = OdDbPicture;
   return {marker, {field<&Self::origin_>(10), field<&Self::u_>(11), field<&Self::v_>(12), field<&Self::size_>(13)}};
 }
 
 const drawing::Description& OdDbRasterImage::ownDescription() {
   static const drawing::Description description = [] {
-    drawing::Section section = pictureSection("AcDbRasterImage");
-    section.fields.push_back(field<&OdDbRasterImage::definition_>(340).ref(OdDb::kHardPointerRef));
-    return drawing::Description(&OdDbEntity::ownDescription(), {section});
+    drawing::SubclassLayout subclass = imageSubclass("AcDbRasterImage");
+    subclass.fields.push_back(field<&OdDbRasterImage::definition_>(340).ref(OdDb::kHardPointerRef));
+    return drawing::Description(&OdDbEntity::ownDescription(), {subclass});
   }();
   return description;
 }
 
 const drawing::Description& OdDbWipeout::ownDescription() {
-  static const drawing::Description description(&OdDbEntity::ownDescription(), {pictureSection("AcDbWipeout")});
+  static const drawing::Description description(&OdDbEntity::ownDescription(), {imageSubclass("AcDbWipeout")});
   return description;
 }
 

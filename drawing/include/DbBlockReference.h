@@ -80,7 +80,7 @@ protected:
   // Adds the extents of a box in block coordinates, moved by the base point, in each row and column.
   virtual void addInstances(const OdGeExtents3d& contents, OdGeExtents3d& all) const;
   // Description of the groups of a reference under that subclass marker.
-  static const drawing::Section& referenceSection(const char* marker);
+  static const drawing::SubclassLayout& referenceSubclass(const char* marker);
 
   OdDbObjectId block_;
   OdGePoint3d position_; // OCS

@@ -143,7 +143,7 @@ public:
   void ensureEnds();
   // Properties that files store in the BLOCK entity instead of the table record: a second name if it differs, and the
   // flags as read, whose derived bits are recomputed when saving. takeHead merges them into the record after reading.
-  static const drawing::Section& headSection();
+  static const drawing::SubclassLayout& blockHeaderSubclass();
   OdString nameInHead_;
   std::int16_t headFlags_ = 0;
   std::int16_t derivedFlags() const;

@@ -93,7 +93,7 @@ public:
 
 protected:
   OdDbRoundCurve() = default;
-  static const drawing::Section& circleSection(); // groups that both kinds have
+  static const drawing::SubclassLayout& circleSubclass(); // groups that both kinds have
   // The transformed ellipse from `startRad` to `endRad`; null if there is none.
   OdDbEntityPtr asEllipse(const OdGeMatrix3d& matrix, double startRad, double endRad) const;
 
@@ -195,7 +195,7 @@ public:
 protected:
   OdDbUnboundedLine() = default;
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
-  static drawing::Section lineSection(const char* marker); // groups that both kinds have
+  static drawing::SubclassLayout lineSubclass(const char* marker); // groups that both kinds have
 
 private:
   OdGePoint3d base_;

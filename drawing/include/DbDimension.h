@@ -47,7 +47,7 @@ public:
 
 protected:
   explicit OdDbDimension(std::int16_t type) : type_(type) {} // kind as in files (group 70)
-  static const drawing::Section& dimensionSection();         // groups that all dimensions have
+  static const drawing::SubclassLayout& dimensionSubclass(); // groups that all dimensions have
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
   using PointList = std::vector<OdGePoint3d*>;
@@ -93,7 +93,7 @@ public:
 
 protected:
   using OdDbDimension::OdDbDimension;
-  static drawing::Section linearSection(); // groups that both kinds have
+  static drawing::SubclassLayout linearSubclass(); // groups that both kinds have
   PointList worldPoints() override { return {&definition_, &first_, &second_}; }
   void moveRest(const drawing::PlaneMap& map) override;
 
@@ -147,7 +147,7 @@ public:
 
 protected:
   using OdDbDimension::OdDbDimension;
-  static drawing::Section angularSection(const char* marker); // groups that both kinds have
+  static drawing::SubclassLayout angularSubclass(const char* marker); // groups that both kinds have
   PointList worldPoints() override { return {&definition_, &first_, &second_, &third_}; }
   PointList planePoints() override { return {&arc_}; }
   bool measuresAngle() const override { return true; }
@@ -187,7 +187,7 @@ public:
 
 protected:
   using OdDbDimension::OdDbDimension;
-  static drawing::Section roundSection(const char* marker); // groups that both kinds have
+  static drawing::SubclassLayout roundSubclass(const char* marker); // groups that both kinds have
   PointList worldPoints() override { return {&definition_, &chord_}; }
   void moveRest(const drawing::PlaneMap& map) override;
 

@@ -21,7 +21,7 @@ public:
 protected:
   OdDbPicture() = default;
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
-  static drawing::Section pictureSection(const char* marker); // groups that both kinds have
+  static drawing::SubclassLayout imageSubclass(const char* marker); // groups that both kinds have
 
 private:
   OdGePoint3d origin_;

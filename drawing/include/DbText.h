@@ -62,7 +62,7 @@ public:
 
 protected:
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
-  static const drawing::Section& textSection(); // groups that texts and attributes have
+  static const drawing::SubclassLayout& textSubclass(); // groups that texts and attributes have
 
   OdString text_;
   OdGePoint3d position_;  // OCS

@@ -71,7 +71,7 @@ public:
 protected:
   OdDbWorldVertex(std::int16_t flags) { flags_ = flags; } // with these flags (group 70)
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
-  static drawing::Section vertexSection(const char* marker); // groups that all kinds have
+  static drawing::SubclassLayout vertexSubclass(const char* marker); // groups that all kinds have
 
 private:
   OdGePoint3d position_;
@@ -138,7 +138,7 @@ protected:
   explicit OdDbVertexOwner(std::int16_t flags = 0) : flags_(flags) {} // with these flags (group 70)
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
   // Description of the groups that all owners have, group 66 ("vertices follow") among them.
-  static drawing::Section ownerSection(const char* marker);
+  static drawing::SubclassLayout ownerSubclass(const char* marker);
   static bool readFollowMark(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
   static void writeFollowMark(const OdDbObject& object, drawing::GroupSink& sink);
 

@@ -128,7 +128,7 @@ OdDbBlockTableRecord& DrawingBuilder::beginBlock() {
   OdDbBlockTableRecord& block = blockOf(probe);
   {
     const WriteScope scope(block);
-    objects_.fill(*record_, *begin.object, begin, &block, &OdDbBlockTableRecord::headSection());
+    objects_.fill(*record_, *begin.object, begin, &block, &OdDbBlockTableRecord::blockHeaderSubclass());
     block.takeHead();
   }
   ++report_.counts.read;

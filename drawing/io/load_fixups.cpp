@@ -192,7 +192,7 @@ void cutReference(SettleFacts& facts, OdDbObjectId id) {
   opaque->setDxfName(reference.dxfName());
   opaque->setUnparsed(true);
   opaque->setOwnerId(reference.ownerId());
-  writeSections(reference, opaque->extrasForLoad().unmodelledGroups);
+  writeSubclasses(reference, opaque->extrasForLoad().unmodelledGroups);
   facts.database.store().replace(id, opaque);
 }
 

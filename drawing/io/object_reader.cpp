@@ -30,7 +30,8 @@ std::size_t xDataStart(const Record& record) {
 }
 
 // The section of that marker, not before `from`; the number of sections when there is none.
-std::size_t findSection(const std::vector<const Section*>& sections, std::string_view marker, std::size_t from) {
+std::size_t findSubclass(const std::vector<const SubclassLayout*>& sections, std::string_view marker,
+                         std::size_t from) {
   std::size_t at = from;
   while (at < sections.size() && marker != sections[at]->marker &&
          (sections[at]->alias[0] == 0 || marker != sections[at]->alias))
@@ -57,8 +58,8 @@ bool isPlainProperty(int code) {
 }
 
 // What every entity has.
-const Section& commonSection() {
-  return *OdDbEntity::ownDescription().sections().front();
+const SubclassLayout& commonSubclass() {
+  return *OdDbEntity::ownDescription().subclasses().front();
 }
 
 OdSmartPtr<OdDbObject> makeOpaque(std::string_view name, bool isEntity, bool unparsed) {
@@ -113,12 +114,12 @@ ReadObject ObjectReader::readUnparsed(const Record& record, bool isEntity) {
 }
 
 void ObjectReader::fill(const Record& record, OdDbObject& object, ReadObject& facts, OdDbObject* second,
-                        const Section* secondSection) {
+                        const SubclassLayout* secondSubclass) {
   const std::size_t from = readHead(record, object, facts);
   if (hasMarkers(record))
-    fillSections(record, from, object, facts, second, secondSection);
+    fillSubclasses(record, from, object, facts, second, secondSubclass);
   else
-    fillWithoutMarkers(record, from, object, facts, second, secondSection);
+    fillWithoutMarkers(record, from, object, facts, second, secondSubclass);
   readXData(record, xDataStart(record), object);
 }
 
@@ -193,26 +194,26 @@ bool ObjectReader::takeEntityFact(const RawGroup& group, ReadObject& facts) {
   return false;
 }
 
-void ObjectReader::fillSections(const Record& record, std::size_t from, OdDbObject& object, ReadObject& facts,
-                                OdDbObject* second, const Section* secondSection) {
-  static const Section none;
-  const auto& sections = object.description().sections();
+void ObjectReader::fillSubclasses(const Record& record, std::size_t from, OdDbObject& object, ReadObject& facts,
+                                  OdDbObject* second, const SubclassLayout* secondSubclass) {
+  static const SubclassLayout none;
+  const auto& subclasses = object.description().subclasses();
   const std::size_t xData = xDataStart(record);
   const bool isEntity = object.isKindOf(OdDbEntity::desc());
-  SectionReader common(object, isEntity ? commonSection() : none, context_);
-  std::size_t nextSection = 0;
+  SubclassReader common(object, isEntity ? commonSubclass() : none, context_);
+  std::size_t nextSubclass = 0;
   std::size_t i = from;
   GroupList* unmodelled = nullptr;
   while (i < xData) {
     const bool marked = record[i].code == 100;
     const std::string_view marker = marked ? record[i].text : std::string_view();
-    const std::size_t match = marked ? findSection(sections, marker, nextSection) : sections.size();
-    const bool known = match < sections.size();
-    nextSection = known ? match + 1 : nextSection;
-    const bool isCommon = isEntity && known && sections[match] == &commonSection();
-    SectionReader own(object, known ? *sections[match] : none, context_);
-    const bool forSecond = secondSection != nullptr && marker == secondSection->marker;
-    SectionReader other(forSecond ? *second : object, forSecond ? *secondSection : none, context_);
+    const std::size_t match = marked ? findSubclass(subclasses, marker, nextSubclass) : subclasses.size();
+    const bool known = match < subclasses.size();
+    nextSubclass = known ? match + 1 : nextSubclass;
+    const bool isCommon = isEntity && known && subclasses[match] == &commonSubclass();
+    SubclassReader own(object, known ? *subclasses[match] : none, context_);
+    const bool forSecond = secondSubclass != nullptr && marker == secondSubclass->marker;
+    SubclassReader other(forSecond ? *second : object, forSecond ? *secondSubclass : none, context_);
     bool takesCommon = isEntity && (known || !marked);
     bool headed = !marked; // whether the carried groups of this section have their marker yet
     if (marked && !known) {
@@ -240,12 +241,12 @@ void ObjectReader::fillSections(const Record& record, std::size_t from, OdDbObje
 
 // Files of early versions have no markers: every group goes to the first section that takes it.
 void ObjectReader::fillWithoutMarkers(const Record& record, std::size_t from, OdDbObject& object, ReadObject& facts,
-                                      OdDbObject* second, const Section* secondSection) {
-  std::vector<SectionReader> readers;
-  if (secondSection != nullptr)
-    readers.emplace_back(*second, *secondSection, context_);
-  for (const Section* section : object.description().sections())
-    readers.emplace_back(object, *section, context_);
+                                      OdDbObject* second, const SubclassLayout* secondSubclass) {
+  std::vector<SubclassReader> readers;
+  if (secondSubclass != nullptr)
+    readers.emplace_back(*second, *secondSubclass, context_);
+  for (const SubclassLayout* subclass : object.description().subclasses())
+    readers.emplace_back(object, *subclass, context_);
   const std::size_t xData = xDataStart(record);
   const bool isEntity = object.isKindOf(OdDbEntity::desc());
   for (std::size_t i = from; i < xData; ++i) {

@@ -26,13 +26,13 @@ public:
   // Fills an object that is there already (records of tables, headers of blocks). `second` is asked in every section
   // of its marker before the object's own: a block's head belongs to its table record.
   void fill(const Record& record, OdDbObject& object, ReadObject& facts, OdDbObject* second = nullptr,
-            const Section* secondSection = nullptr);
+            const SubclassLayout* secondSubclass = nullptr);
 
 private:
-  void fillSections(const Record& record, std::size_t from, OdDbObject& object, ReadObject& facts, OdDbObject* second,
-                    const Section* secondSection);
+  void fillSubclasses(const Record& record, std::size_t from, OdDbObject& object, ReadObject& facts, OdDbObject* second,
+                      const SubclassLayout* secondSubclass);
   void fillWithoutMarkers(const Record& record, std::size_t from, OdDbObject& object, ReadObject& facts,
-                          OdDbObject* second, const Section* secondSection);
+                          OdDbObject* second, const SubclassLayout* secondSubclass);
   std::size_t readHead(const Record& record, OdDbObject& object, ReadObject& facts);
   void skip(const RawGroup& group);
   std::size_t readApplicationGroup(const Record& record, std::size_t at, OdDbObject& object);

@@ -135,11 +135,11 @@ std::string canonicalDump(const OdDbDatabase& database, DumpForm form) {
   std::stable_sort(objects.begin(), objects.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
   for (const auto& [key, object] : objects)
     dumpObject(*object, sink, out);
-  for (const OpaqueSection& section : database.opaqueSections()) {
-    const GroupList groups = livingGroups(database, section);
-    if (groups.empty() && section.madeForRecords)
+  for (const OpaqueSection& subclass : database.opaqueSections()) {
+    const GroupList groups = livingGroups(database, subclass);
+    if (groups.empty() && subclass.madeForRecords)
       continue;
-    out += "section " + section.name + "\n";
+    out += "section " + subclass.name + "\n";
     groups.writeTo(sink);
   }
   return out;

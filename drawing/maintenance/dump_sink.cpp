@@ -49,12 +49,12 @@ void dumpExtras(const OdDbObject& object, DumpSink& sink) {
 }
 
 void dumpContents(const OdDbObject& object, DumpSink& sink) {
-  writeSections(object, sink);
+  writeSubclasses(object, sink);
   if (object.isKindOf(OdDbBlockTableRecord::desc())) {
     const auto& block = static_cast<const OdDbBlockTableRecord&>(object);
     sink.integer(70, block.derivedFlags());
     GroupList head;
-    writeSection(block, OdDbBlockTableRecord::headSection(), head);
+    writeSubclass(block, OdDbBlockTableRecord::blockHeaderSubclass(), head);
     head.writeTo(sink, 1, head.size() - 1); // the flags as read are not what counts
   }
   if (const GroupList* xData = object.xDataGroups())

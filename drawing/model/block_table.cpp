@@ -43,16 +43,16 @@ const drawing::Description& OdDbBlockTableRecord::ownDescription() {
   return description;
 }
 
-const drawing::Section& OdDbBlockTableRecord::headSection() {
+const drawing::SubclassLayout& OdDbBlockTableRecord::blockHeaderSubclass() {
   using drawing::field;
-  static const drawing::Section section{
+  static const drawing::SubclassLayout subclass{
       "AcDbBlockBegin",
       {field<&OdDbBlockTableRecord::headFlags_>(70), field<&OdDbBlockTableRecord::origin_>(10),
        field<&OdDbBlockTableRecord::nameInHead_>(3), field<&OdDbBlockTableRecord::path_>(1),
        field<&OdDbBlockTableRecord::comments_>(4).unlessEmpty(), field<&OdDbBlockTableRecord::unloaded_>(71).unless(0)},
       // The name in the head led to this record.
       [](OdDbObject&, const drawing::RawGroup& group, drawing::LoadContext&) { return group.code == 2; }};
-  return section;
+  return subclass;
 }
 
 const drawing::Description& OdDbBlockBegin::ownDescription() {

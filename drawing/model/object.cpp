@@ -177,8 +177,8 @@ drawing::GroupList& OdDbObject::xDataGroupsForWrite() {
 }
 
 void OdDbObject::visitReferences(drawing::ReferenceVisitor& visitor) {
-  for (const drawing::Section* section : description().sections()) {
-    for (const drawing::Field& field : section->fields) {
+  for (const drawing::SubclassLayout* subclass : description().subclasses()) {
+    for (const drawing::Field& field : subclass->fields) {
       if (field.kind == drawing::FieldKind::Reference && !field.readOnly)
         visitor.visit(*static_cast<OdDbObjectId*>(field.at(*this)), field.referenceType);
     }
@@ -244,11 +244,11 @@ namespace drawing {
 
 ReferenceVisitor::~ReferenceVisitor() = default;
 
-Description::Description(const Description* base, std::initializer_list<Section> own) : own_(own) {
+Description::Description(const Description* base, std::initializer_list<SubclassLayout> own) : own_(own) {
   if (base != nullptr)
-    sections_ = base->sections_;
-  for (const Section& section : own_)
-    sections_.push_back(&section);
+    subclasses_ = base->subclasses_;
+  for (const SubclassLayout& subclass : own_)
+    subclasses_.push_back(&subclass);
 }
 
 } // namespace drawing

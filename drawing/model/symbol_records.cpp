@@ -4,7 +4,7 @@
 #include "drawing/model/setters.h"
 
 using drawing::field;
-using drawing::Section;
+using drawing::SubclassLayout;
 
 ODDB_DEFINE_MEMBERS(OdDbLayerTableRecord, OdDbSymbolTableRecord, "");
 ODDB_DEFINE_MEMBERS(OdDbLinetypeTableRecord, OdDbSymbolTableRecord, "");

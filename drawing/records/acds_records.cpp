@@ -65,9 +65,9 @@ std::optional<std::int64_t> layoutNumberOf(const GroupList& groups, std::string_
 }
 
 OpaqueSection* sectionOf(OdDbDatabase& database) {
-  for (OpaqueSection& section : database.opaqueSections()) {
-    if (section.name == kSection)
-      return &section;
+  for (OpaqueSection& subclass : database.opaqueSections()) {
+    if (subclass.name == kSection)
+      return &subclass;
   }
   return nullptr;
 }
@@ -117,20 +117,20 @@ void copyBodyRecords(const OdDbObject& source, const OdDbObject& copy) {
   }
 }
 
-GroupList livingGroups(const OdDbDatabase& database, const OpaqueSection& section) {
-  if (section.name != kSection)
-    return section.groups;
+GroupList livingGroups(const OdDbDatabase& database, const OpaqueSection& subclass) {
+  if (subclass.name != kSection)
+    return subclass.groups;
   GroupList living;
-  living.append(section.groups, 0, section.groups.find(kStart));
+  living.append(subclass.groups, 0, subclass.groups.find(kStart));
   bool anyRecord = false;
-  for (const Run& run : runsOf(section.groups)) {
-    const OdDbObject* object = run.isRecord ? peek(database.store().find(handleIn(section.groups, run))) : nullptr;
+  for (const Run& run : runsOf(subclass.groups)) {
+    const OdDbObject* object = run.isRecord ? peek(database.store().find(handleIn(subclass.groups, run))) : nullptr;
     if (object != nullptr && object->isErased())
       continue;
     anyRecord = anyRecord || run.isRecord;
-    living.append(section.groups, run.first, run.end - run.first);
+    living.append(subclass.groups, run.first, run.end - run.first);
   }
-  return section.madeForRecords && !anyRecord ? GroupList() : living;
+  return subclass.madeForRecords && !anyRecord ? GroupList() : living;
 }
 
 } // namespace drawing

@@ -28,7 +28,7 @@ void writeRawGroups(const OdDbObject& object, GroupSink& sink) {
 }
 
 template <auto Member>
-Section rawSubclass(const char* marker) {
+SubclassLayout rawSubclass(const char* marker) {
   return {marker, {}, readRawGroup<Member>, writeRawGroups<Member>};
 }
 

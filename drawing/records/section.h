@@ -9,10 +9,10 @@ namespace drawing {
 class LoadContext;
 
 // Takes one group by a description: into its field, by the section's own reader, or not at all.
-class MVDRAWING_API SectionReader {
+class MVDRAWING_API SubclassReader {
 public:
-  SectionReader(OdDbObject& object, const Section& section, LoadContext& context)
-      : object_(object), section_(section), context_(context) {}
+  SubclassReader(OdDbObject& object, const SubclassLayout& subclass, LoadContext& context)
+      : object_(object), section_(subclass), context_(context) {}
   bool take(const RawGroup& group);
 
 private:
@@ -20,7 +20,7 @@ private:
   OdDbObjectId reference(const Field& field, const RawGroup& group);
 
   OdDbObject& object_;
-  const Section& section_;
+  const SubclassLayout& section_;
   LoadContext& context_;
   // A field takes its code once. Files use some codes again in the same section for something else; those groups are
   // nobody's and are carried.
@@ -33,8 +33,8 @@ private:
 
 // Writes the fields of a section in order, then what its own writer adds. Fields of later versions than the sink's
 // are left out.
-void writeSection(const OdDbObject& object, const Section& section, GroupSink& sink);
+void writeSubclass(const OdDbObject& object, const SubclassLayout& subclass, GroupSink& sink);
 // Writes everything behind the owner: markers, fields, carried groups. Extended data is not included.
-MVDRAWING_API void writeSections(const OdDbObject& object, GroupSink& sink);
+MVDRAWING_API void writeSubclasses(const OdDbObject& object, GroupSink& sink);
 
 } // namespace drawing

@@ -7,7 +7,7 @@
 
 namespace drawing {
 
-OdDbObjectId SectionReader::reference(const Field& field, const RawGroup& group) {
+OdDbObjectId SubclassReader::reference(const Field& field, const RawGroup& group) {
   if (field.byName != OdDb::kNoTable)
     return context_.symbol(field.byName, group);
   if (field.maybeName != OdDb::kNoTable && !LoadContext::isHandle(group))
@@ -15,7 +15,7 @@ OdDbObjectId SectionReader::reference(const Field& field, const RawGroup& group)
   return context_.reference(group);
 }
 
-bool SectionReader::store(const Field& field, const RawGroup& group) {
+bool SubclassReader::store(const Field& field, const RawGroup& group) {
   void* at = field.at(object_);
   const int component = (group.code - field.code) / 10;
   double number = 0;
@@ -70,14 +70,14 @@ int componentOf(const Field& field, int code) {
 
 } // namespace
 
-bool SectionReader::markTaken(std::size_t field, int component) {
+bool SubclassReader::markTaken(std::size_t field, int component) {
   if (field >= 64)
     return true;
   const std::uint64_t bit = std::uint64_t{1} << field;
   return (std::exchange(taken_[component], taken_[component] | bit) & bit) == 0;
 }
 
-bool SectionReader::take(const RawGroup& group) {
+bool SubclassReader::take(const RawGroup& group) {
   embedded_ = embedded_ || group.code == 101;
   if (embedded_)
     return section_.read != nullptr && section_.read(object_, group, context_);

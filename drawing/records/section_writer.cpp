@@ -161,34 +161,34 @@ private:
 
 } // namespace
 
-void writeSection(const OdDbObject& object, const Section& section, GroupSink& sink) {
-  if (section.write != nullptr && section.writeFirst)
-    section.write(object, sink);
-  for (const Field& field : section.fields) {
+void writeSubclass(const OdDbObject& object, const SubclassLayout& subclass, GroupSink& sink) {
+  if (subclass.write != nullptr && subclass.writeFirst)
+    subclass.write(object, sink);
+  for (const Field& field : subclass.fields) {
     // The address is only read through: descriptions serve reading and writing alike.
     const void* at = field.at(const_cast<OdDbObject&>(object));
     const bool tooNew = field.since > sink.version() && !(field.optional && sink.keepsNewer());
     const bool isPlain = (field.optional || tooNew) && isDefault(field, at);
     if (tooNew && !isPlain && !field.readOnly && !field.elsewhere)
-      sink.leftOut(field.code, section.marker, numberIn(field, at));
+      sink.leftOut(field.code, subclass.marker, numberIn(field, at));
     if (field.readOnly || tooNew || isPlain)
       continue;
     writeField(field, at, sink);
   }
-  if (section.write != nullptr && !section.writeFirst)
-    section.write(object, sink);
+  if (subclass.write != nullptr && !subclass.writeFirst)
+    subclass.write(object, sink);
 }
 
-void writeSections(const OdDbObject& object, GroupSink& sink) {
+void writeSubclasses(const OdDbObject& object, GroupSink& sink) {
   UnmodelledGroups unmodelled(object.unmodelledGroupsOrNull());
   unmodelled.writeHead(sink);
-  for (const Section* section : object.description().sections()) {
-    if (section->since > sink.version())
+  for (const SubclassLayout* subclass : object.description().subclasses()) {
+    if (subclass->since > sink.version())
       continue;
-    if (section->marker[0] != 0)
-      sink.utf8(100, section->marker);
-    writeSection(object, *section, sink);
-    unmodelled.writeAt(section->marker, sink);
+    if (subclass->marker[0] != 0)
+      sink.utf8(100, subclass->marker);
+    writeSubclass(object, *subclass, sink);
+    unmodelled.writeAt(subclass->marker, sink);
   }
   unmodelled.writeRest(sink);
 }

@@ -140,7 +140,7 @@ void EarlyWriter::table(OdDb::SymbolTableKind kind) {
   sink_.integer(70, static_cast<std::int64_t>(records.size()));
   for (const OdDbObject* object : records) {
     GroupList groups;
-    writeSections(*object, groups);
+    writeSubclasses(*object, groups);
     record(*object, groups, false);
   }
   sink_.utf8(0, "ENDTAB");
@@ -160,7 +160,7 @@ void EarlyWriter::block(const OdDbBlockTableRecord& block) {
   GroupList groups;
   inPaperSpace_ = false;
   const OdDbObject& begin = *peek(block.blockBeginId());
-  writeSections(begin, groups);
+  writeSubclasses(begin, groups);
   const OdString name = isInEntitiesSection(block) ? block.nameInHead_ : block.getName();
   groups.text(2, name);
   groups.integer(70, block.derivedFlags());
@@ -201,7 +201,7 @@ void EarlyWriter::entity(OdDbObjectId id) {
   if (isEarlyKind(entity.dxfName()) || isOpaque)
     return native(entity);
   GroupList groups;
-  writeSections(entity, groups);
+  writeSubclasses(entity, groups);
   begun_ = nullptr;
   const Substitute substitute = writeSubstitute(entity, groups, *this);
   if (substitute.isWritten)
@@ -212,7 +212,7 @@ void EarlyWriter::entity(OdDbObjectId id) {
 
 void EarlyWriter::native(const OdDbObject& object) {
   GroupList groups;
-  writeSections(object, groups);
+  writeSubclasses(object, groups);
   if (inPaperSpace_)
     groups.integer(67, 1);
   const auto* owner = dynamic_cast<const OdDbSequenceOwner*>(&object);
@@ -302,7 +302,7 @@ void EarlyWriter::xData(const OdDbObject& object) {
     groups = *own;
   if (object.dxfName() == "VIEWPORT") {
     GroupList sections;
-    writeSections(object, sections);
+    writeSubclasses(object, sections);
     addViewportView(sections, groups);
   }
   for (std::size_t i = 0; i < groups.size(); ++i) {

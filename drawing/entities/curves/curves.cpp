@@ -34,17 +34,17 @@ const drawing::Description& OdDbPoint::ownDescription() {
   return description;
 }
 
-drawing::Section OdDbUnboundedLine::lineSection(const char* marker) {
+drawing::SubclassLayout OdDbUnboundedLine::lineSubclass(const char* marker) {
   return {marker, {field<&OdDbUnboundedLine::base_>(10), field<&OdDbUnboundedLine::direction_>(11)}};
 }
 
 const drawing::Description& OdDbRay::ownDescription() {
-  static const drawing::Description description(&OdDbEntity::ownDescription(), {lineSection("AcDbRay")});
+  static const drawing::Description description(&OdDbEntity::ownDescription(), {lineSubclass("AcDbRay")});
   return description;
 }
 
 const drawing::Description& OdDbXline::ownDescription() {
-  static const drawing::Description description(&OdDbEntity::ownDescription(), {lineSection("AcDbXline")});
+  static const drawing::Description description(&OdDbEntity::ownDescription(), {lineSubclass("AcDbXline")});
   return description;
 }
 

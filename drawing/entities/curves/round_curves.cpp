@@ -15,16 +15,17 @@ ODDB_DEFINE_MEMBERS(OdDbCircle, OdDbRoundCurve, "CIRCLE");
 ODDB_DEFINE_MEMBERS(OdDbArc, OdDbRoundCurve, "ARC");
 ODDB_DEFINE_MEMBERS(OdDbEllipse, OdDbCurve, "ELLIPSE");
 
-const drawing::Section& OdDbRoundCurve::circleSection() {
+const drawing::SubclassLayout& OdDbRoundCurve::circleSubclass() {
   using Self = OdDbRoundCurve;
-  static const drawing::Section section{"AcDbCircle",
-                                        {field<&Self::thickness_>(39).unless(0), field<&Self::center_>(10),
-                                         field<&Self::radius_>(40), field<&Self::normal_>(210).unless(0, 0, 1)}};
-  return section;
+  static const drawing::SubclassLayout subclass{"AcDbCircle",
+                                                {field<&Self::thickness_>(39).unless(0), field<&Self::center_>(10),
+                                                 field<&Self::radius_>(40),
+                                                 field<&Self::normal_>(210).unless(0, 0, 1)}};
+  return subclass;
 }
 
 const drawing::Description& OdDbCircle::ownDescription() {
-  static const drawing::Description description(&OdDbEntity::ownDescription(), {circleSection()});
+  static const drawing::Description description(&OdDbEntity::ownDescription(), {circleSubclass()});
   return description;
 }
 
@@ -32,7 +33,7 @@ const drawing::Description& OdDbArc::ownDescription() {
   using Self = OdDbArc;
   static const drawing::Description description(
       &OdDbEntity::ownDescription(),
-      {circleSection(), {"AcDbArc", {field<&Self::startAngle_>(50).angle(), field<&Self::endAngle_>(51).angle()}}});
+      {circleSubclass(), {"AcDbArc", {field<&Self::startAngle_>(50).angle(), field<&Self::endAngle_>(51).angle()}}});
   return description;
 }
 

@@ -27,7 +27,7 @@ void OdDbVertexOwner::writeFollowMark(const OdDbObject&, drawing::GroupSink& sin
   sink.integer(66, 1);
 }
 
-drawing::Section OdDbVertexOwner::ownerSection(const char* marker) {
+drawing::SubclassLayout OdDbVertexOwner::ownerSubclass(const char* marker) {
   return {marker,
           {field<&OdDbVertexOwner::origin_>(10), field<&OdDbVertexOwner::flags_>(70).unless(0)},
           readFollowMark,
@@ -37,9 +37,9 @@ drawing::Section OdDbVertexOwner::ownerSection(const char* marker) {
 
 namespace {
 
-drawing::Section with(drawing::Section section, std::initializer_list<drawing::Field> fields) {
-  section.fields.insert(section.fields.end(), fields.begin(), fields.end());
-  return section;
+drawing::SubclassLayout with(drawing::SubclassLayout subclass, std::initializer_list<drawing::Field> fields) {
+  subclass.fields.insert(subclass.fields.end(), fields.begin(), fields.end());
+  return subclass;
 }
 
 } // namespace
@@ -48,7 +48,7 @@ const drawing::Description& OdDb2dPolyline::ownDescription() {
   using Self = OdDb2dPolyline;
   static const drawing::Description description(
       &OdDbEntity::ownDescription(),
-      {with(ownerSection("AcDb2dPolyline"),
+      {with(ownerSubclass("AcDb2dPolyline"),
             {field<&Self::thickness_>(39).unless(0), field<&Self::startWidth_>(40).unless(0),
              field<&Self::endWidth_>(41).unless(0), field<&Self::curveType_>(75).unless(0),
              field<&Self::normal_>(210).unless(0, 0, 1)})});
@@ -58,7 +58,7 @@ const drawing::Description& OdDb2dPolyline::ownDescription() {
 const drawing::Description& OdDb3dPolyline::ownDescription() {
   using Self = OdDb3dPolyline;
   static const drawing::Description description(
-      &OdDbEntity::ownDescription(), {with(ownerSection("AcDb3dPolyline"), {field<&Self::curveType_>(75).unless(0)})});
+      &OdDbEntity::ownDescription(), {with(ownerSubclass("AcDb3dPolyline"), {field<&Self::curveType_>(75).unless(0)})});
   return description;
 }
 
@@ -66,7 +66,7 @@ const drawing::Description& OdDbPolygonMesh::ownDescription() {
   using Self = OdDbPolygonMesh;
   static const drawing::Description description(
       &OdDbEntity::ownDescription(),
-      {with(ownerSection("AcDbPolygonMesh"),
+      {with(ownerSubclass("AcDbPolygonMesh"),
             {field<&Self::mSize_>(71), field<&Self::nSize_>(72), field<&Self::mDensity_>(73).unless(0),
              field<&Self::nDensity_>(74).unless(0), field<&Self::curveType_>(75).unless(0)})});
   return description;
@@ -76,7 +76,7 @@ const drawing::Description& OdDbPolyFaceMesh::ownDescription() {
   using Self = OdDbPolyFaceMesh;
   static const drawing::Description description(
       &OdDbEntity::ownDescription(),
-      {with(ownerSection("AcDbPolyFaceMesh"), {field<&Self::vertexCount_>(71), field<&Self::faceCount_>(72)})});
+      {with(ownerSubclass("AcDbPolyFaceMesh"), {field<&Self::vertexCount_>(71), field<&Self::faceCount_>(72)})});
   return description;
 }
 

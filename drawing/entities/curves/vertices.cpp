@@ -24,25 +24,25 @@ const drawing::Description& OdDb2dVertex::ownDescription() {
   return description;
 }
 
-drawing::Section OdDbWorldVertex::vertexSection(const char* marker) {
+drawing::SubclassLayout OdDbWorldVertex::vertexSubclass(const char* marker) {
   return {marker, {field<&OdDbWorldVertex::position_>(10), field<&OdDbWorldVertex::flags_>(70)}};
 }
 
 const drawing::Description& OdDb3dPolylineVertex::ownDescription() {
   static const drawing::Description description(&OdDbEntity::ownDescription(),
-                                                {{"AcDbVertex", {}}, vertexSection("AcDb3dPolylineVertex")});
+                                                {{"AcDbVertex", {}}, vertexSubclass("AcDb3dPolylineVertex")});
   return description;
 }
 
 const drawing::Description& OdDbPolygonMeshVertex::ownDescription() {
   static const drawing::Description description(&OdDbEntity::ownDescription(),
-                                                {{"AcDbVertex", {}}, vertexSection("AcDbPolygonMeshVertex")});
+                                                {{"AcDbVertex", {}}, vertexSubclass("AcDbPolygonMeshVertex")});
   return description;
 }
 
 const drawing::Description& OdDbPolyFaceMeshVertex::ownDescription() {
   static const drawing::Description description(&OdDbEntity::ownDescription(),
-                                                {{"AcDbVertex", {}}, vertexSection("AcDbPolyFaceMeshVertex")});
+                                                {{"AcDbVertex", {}}, vertexSubclass("AcDbPolyFaceMeshVertex")});
   return description;
 }
 

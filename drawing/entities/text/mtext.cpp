@@ -14,9 +14,9 @@ using drawing::field;
 
 ODDB_DEFINE_MEMBERS(OdDbMText, OdDbEntity, "MTEXT");
 
-const drawing::Section& OdDbMText::textSection() {
+const drawing::SubclassLayout& OdDbMText::textSubclass() {
   using Self = OdDbMText;
-  static const drawing::Section section{
+  static const drawing::SubclassLayout subclass{
       "AcDbMText",
       {field<&Self::location_>(10), field<&Self::height_>(40), field<&Self::width_>(41),
        field<&Self::definedHeight_>(46).unless(0).from(OdDb::kRelease2007), field<&Self::attachment_>(71),
@@ -26,11 +26,11 @@ const drawing::Section& OdDbMText::textSection() {
        field<&Self::lineSpacingStyle_>(73), field<&Self::lineSpacing_>(44)},
       readGroup,
       writeGroups};
-  return section;
+  return subclass;
 }
 
 const drawing::Description& OdDbMText::ownDescription() {
-  static const drawing::Description description(&OdDbEntity::ownDescription(), {textSection()});
+  static const drawing::Description description(&OdDbEntity::ownDescription(), {textSubclass()});
   return description;
 }
 

@@ -9,10 +9,10 @@
 
 ODDB_DEFINE_MEMBERS(OdDbText, OdDbEntity, "TEXT");
 
-const drawing::Section& OdDbText::textSection() {
+const drawing::SubclassLayout& OdDbText::textSubclass() {
   using Self = OdDbText;
   using drawing::field;
-  static const drawing::Section section{
+  static const drawing::SubclassLayout subclass{
       "AcDbText",
       {field<&Self::thickness_>(39).unless(0), field<&Self::position_>(10), field<&Self::height_>(40),
        field<&Self::text_>(1), field<&Self::rotation_>(50).angle().unless(0), field<&Self::widthFactor_>(41).unless(1),
@@ -26,13 +26,13 @@ const drawing::Section& OdDbText::textSection() {
         if (text.alignment_ == OdGePoint3d() && (text.horizontal_ != kLeft || text.vertical_ != kBase))
           sink.point(11, text.alignment_);
       }};
-  return section;
+  return subclass;
 }
 
 const drawing::Description& OdDbText::ownDescription() {
   static const drawing::Description description(
       &OdDbEntity::ownDescription(),
-      {textSection(), {"AcDbText", {drawing::field<&OdDbText::vertical_>(73).unless(0)}}});
+      {textSubclass(), {"AcDbText", {drawing::field<&OdDbText::vertical_>(73).unless(0)}}});
   return description;
 }
 

@@ -61,7 +61,7 @@ private:
 
 inline std::string written(const OdDbObject& object) {
   TextSink sink;
-  drawing::writeSections(object, sink);
+  drawing::writeSubclasses(object, sink);
   return sink.text;
 }
 
@@ -88,21 +88,21 @@ public:
 private:
   void fill(OdDbObject& object, const std::vector<drawing::RawGroup>& rawGroups) {
     drawing::LoadContext context(*database, decoder_, report_);
-    const drawing::Section* section = nullptr;
-    std::unique_ptr<drawing::SectionReader> reader;
+    const drawing::SubclassLayout* subclass = nullptr;
+    std::unique_ptr<drawing::SubclassReader> reader;
     bool embedded = false;
     for (const drawing::RawGroup& group : rawGroups) {
       if (group.code == 100) {
-        section = nullptr;
-        for (const drawing::Section* one : object.description().sections())
-          section = one->marker == group.text ? one : section;
-        reader = section == nullptr ? nullptr : std::make_unique<drawing::SectionReader>(object, *section, context);
+        subclass = nullptr;
+        for (const drawing::SubclassLayout* one : object.description().subclasses())
+          subclass = one->marker == group.text ? one : subclass;
+        reader = subclass == nullptr ? nullptr : std::make_unique<drawing::SubclassReader>(object, *subclass, context);
         if (reader == nullptr)
           context.append(object.extrasForLoad().unmodelledGroups, group);
         continue;
       }
       embedded = embedded || group.code == 101;
-      if (reader == nullptr || (!(embedded && section->read(object, group, context)) && !reader->take(group)))
+      if (reader == nullptr || (!(embedded && subclass->read(object, group, context)) && !reader->take(group)))
         context.append(object.extrasForLoad().unmodelledGroups, group);
     }
   }

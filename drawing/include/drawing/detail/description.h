@@ -150,7 +150,7 @@ public:
 inline constexpr auto kNeverWritten = static_cast<OdDb::DwgVersion>(INT32_MAX);
 
 // The groups of an object after a subclass marker.
-struct Section {
+struct SubclassLayout {
   const char* marker = ""; // subclass marker; "" for none
   std::vector<Field> fields;
 
@@ -167,12 +167,12 @@ struct Section {
 class MVDRAWING_API Description {
 public:
   // `base`: the description of the base class, null for none; it must outlive this one.
-  Description(const Description* base, std::initializer_list<Section> own);
-  const std::vector<const Section*>& sections() const { return sections_; } // those of the base first
+  Description(const Description* base, std::initializer_list<SubclassLayout> own);
+  const std::vector<const SubclassLayout*>& subclasses() const { return subclasses_; } // those of the base first
 
 private:
-  std::vector<Section> own_;
-  std::vector<const Section*> sections_;
+  std::vector<SubclassLayout> own_;
+  std::vector<const SubclassLayout*> subclasses_;
 };
 
 } // namespace drawing
