@@ -18,7 +18,7 @@ OdString padded(const OdString& names) {
 }
 
 void listAll(Session& session, const CommandTable& commands) {
-  session.result(Text::kHelpHead);
+  session.result(Text::kHelpHeader);
   for (const Command& command : commands)
     session.result(Text::kHelpRow, {padded(namesOf(command)), render(command.help)});
 }

@@ -24,7 +24,7 @@ constexpr Word kWords[] = {
     Word{Text::kQuestionRefused, "question.refused", L"Not answered: {1}"},
     Word{Text::kKeywordsYesNo, "keywords.yes-no", L"Yes No _Yes No"},
     Word{Text::kYesOrNo, "prompt.yes-or-no", L"Answer yes or no."},
-    Word{Text::kHelpHead, "help.head",
+    Word{Text::kHelpHeader, "help.head",
          L"Commands (other names in brackets); HELP and a name tells what a command asks:"},
     Word{Text::kHelpRow, "help.row", L"  {1}  {2}"},
     Word{Text::kHelpOne, "help.command", L"{1}: {2}"},

@@ -20,7 +20,7 @@ enum class Text : unsigned short {
   kQuestionRefused,
   kKeywordsYesNo,
   kYesOrNo,
-  kHelpHead,
+  kHelpHeader,
   kHelpRow,
   kHelpOne,
   kHelpAsks,

@@ -183,9 +183,9 @@ void Reader::readTable() {
   if (!tables_.insert(kind).second)
     builder_.report("dxf.table-repeated", Severity::Note, "a table of this kind came before",
                     "its records are read, too");
-  Record head(record_.begin() + 1, record_.end()); // the name is where records have their handle
-  head[0] = record_[0];
-  OdDbSymbolTable& table = builder_.addTable(kind, head);
+  Record preamble(record_.begin() + 1, record_.end()); // the name is where records have their handle
+  preamble[0] = record_[0];
+  OdDbSymbolTable& table = builder_.addTable(kind, preamble);
   while (inRun("ENDTAB", {"TABLE", "ENDSEC", "SECTION", "EOF"})) {
     if (record_[0].text == tableDxfName(kind))
       builder_.addTableRecord(kind, table);

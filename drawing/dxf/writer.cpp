@@ -16,7 +16,7 @@
 
 namespace drawing::dxf {
 
-void RecordWriter::head(const OdDbObject& object, bool withHandle) {
+void RecordWriter::preamble(const OdDbObject& object, bool withHandle) {
   sink_.utf8(0, object.dxfName());
   if (withHandle)
     sink_.handle(object.dxfName() == "DIMSTYLE" ? 105 : 5, object.getDbHandle());
@@ -50,7 +50,7 @@ void RecordWriter::xData(const OdDbObject& object) {
 }
 
 void RecordWriter::whole(const OdDbObject& object) {
-  head(object);
+  preamble(object);
   writeSubclasses(object, sink_);
   xData(object);
 }
@@ -153,9 +153,9 @@ void Writer::table(OdDb::SymbolTableKind kind) {
   sink_.utf8(0, "TABLE");
   sink_.utf8(2, tableDxfName(kind));
   sink_.handle(5, table.getDbHandle());
-  GroupList head; // what hangs on the table, without the start that a table does not have
-  RecordWriter(head).head(table, false);
-  head.writeTo(sink_, 1, head.size() - 1);
+  GroupList preamble; // what hangs on the table, without the start that a table does not have
+  RecordWriter(preamble).preamble(table, false);
+  preamble.writeTo(sink_, 1, preamble.size() - 1);
   const GroupList* unmodelled = table.unmodelledGroupsOrNull();
   const bool marked = unmodelled != nullptr && !unmodelled->empty() && (*unmodelled)[0].code == 100 &&
                       unmodelled->textOf((*unmodelled)[0]) == "AcDbSymbolTable";
@@ -228,7 +228,7 @@ void Writer::block(const OdDbBlockTableRecord& record) {
   const OdDbObject& begin = *peek(record.blockBeginId());
   FactSink facts(sink_, inPaperSpace_, OdString());
   RecordWriter writer(facts);
-  writer.head(begin);
+  writer.preamble(begin);
   GroupList sections;
   writeSubclasses(begin, sections);
   const std::size_t own = [&] { // the head's values stand right behind its marker
@@ -238,7 +238,7 @@ void Writer::block(const OdDbBlockTableRecord& record) {
     return at;
   }();
   sections.writeTo(facts, 0, std::min(own + 1, sections.size()));
-  blockHead(record);
+  blockHeader(record);
   if (own < sections.size())
     sections.writeTo(facts, own + 1, sections.size() - own - 1);
   writer.xData(begin);
@@ -251,11 +251,11 @@ void Writer::block(const OdDbBlockTableRecord& record) {
   writer.whole(*peek(record.blockEndId()));
 }
 
-void Writer::blockHead(const OdDbBlockTableRecord& record) {
+void Writer::blockHeader(const OdDbBlockTableRecord& record) {
   sink_.text(2, record.getName());
   sink_.integer(70, record.derivedFlags());
   sink_.point(10, record.origin());
-  sink_.text(3, record.nameInHead_.isEmpty() ? record.getName() : record.nameInHead_);
+  sink_.text(3, record.blockHeaderName_.isEmpty() ? record.getName() : record.blockHeaderName_);
   sink_.text(1, record.pathName());
   if (!record.comments().isEmpty())
     sink_.text(4, record.comments());

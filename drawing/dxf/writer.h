@@ -29,7 +29,7 @@ private:
   void opaqueSections(bool beforeTables);
   // An entity with what belongs to its sequence.
   void entity(OdDbObjectId id);
-  void blockHead(const OdDbBlockTableRecord& record);
+  void blockHeader(const OdDbBlockTableRecord& record);
 
   bool isWritten(OdDbObjectId id) const; // lives, and the version can hold it
 
@@ -46,7 +46,7 @@ private:
 class RecordWriter {
 public:
   explicit RecordWriter(GroupSink& sink) : sink_(sink) {}
-  void head(const OdDbObject& object, bool withHandle = true);
+  void preamble(const OdDbObject& object, bool withHandle = true);
   void xData(const OdDbObject& object);
   void whole(const OdDbObject& object);
 

@@ -10,8 +10,8 @@ namespace {
 
 constexpr int kClassId = 91;
 
-drawing::SubclassLayout proxySubclass(drawing::SubclassLayout subclass, const char* earlierMarker) {
-  subclass.alias = earlierMarker;
+drawing::SubclassLayout proxySubclass(drawing::SubclassLayout subclass, const char* legacyMarker) {
+  subclass.alias = legacyMarker;
   return subclass;
 }
 

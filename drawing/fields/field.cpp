@@ -53,7 +53,7 @@ const drawing::Description& OdDbField::ownDescription() {
 }
 
 // The head of a field: evaluator, code, children, objects. The codes mean other things behind it.
-bool OdDbField::takeHead(const drawing::RawGroup& group, drawing::LoadContext& context) {
+bool OdDbField::readCodePiece(const drawing::RawGroup& group, drawing::LoadContext& context) {
   switch (group.code) {
   case 1:
     if (!code_.empty())
@@ -80,7 +80,7 @@ bool OdDbField::takeHead(const drawing::RawGroup& group, drawing::LoadContext& c
 
 bool OdDbField::readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {
   auto& field = static_cast<OdDbField&>(object);
-  if (!field.rest_.empty() || !field.takeHead(group, context))
+  if (!field.rest_.empty() || !field.readCodePiece(group, context))
     context.append(field.rest_, group);
   return true;
 }

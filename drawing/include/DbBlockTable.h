@@ -144,10 +144,10 @@ public:
   // Properties that files store in the BLOCK entity instead of the table record: a second name if it differs, and the
   // flags as read, whose derived bits are recomputed when saving. takeHead merges them into the record after reading.
   static const drawing::SubclassLayout& blockHeaderSubclass();
-  OdString nameInHead_;
-  std::int16_t headFlags_ = 0;
+  OdString blockHeaderName_;
+  std::int16_t blockHeaderFlags_ = 0;
   std::int16_t derivedFlags() const;
-  void takeHead();
+  void applyBlockHeader();
 
   // Bits of the flags (group 70 of the BLOCK entity).
   static constexpr std::int16_t kAnonymousBit = 1, kHasAttributes = 2, kExternalReference = 4, kOverlay = 8;

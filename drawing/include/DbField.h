@@ -69,7 +69,7 @@ private:
   static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
   void setValue(const OdString& text, const double* number);
-  bool takeHead(const drawing::RawGroup& group, drawing::LoadContext& context);
+  bool readCodePiece(const drawing::RawGroup& group, drawing::LoadContext& context);
 
   OdString evaluator_;
   std::vector<OdString> code_; // in the pieces of the file

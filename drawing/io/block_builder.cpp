@@ -129,7 +129,7 @@ OdDbBlockTableRecord& DrawingBuilder::beginBlock() {
   {
     const WriteScope scope(block);
     objects_.fill(*record_, *begin.object, begin, &block, &OdDbBlockTableRecord::blockHeaderSubclass());
-    block.takeHead();
+    block.applyBlockHeader();
   }
   ++report_.counts.read;
   blocks_.push_back(block.objectId());

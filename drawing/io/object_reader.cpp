@@ -103,7 +103,7 @@ ReadObject ObjectReader::readUnparsed(const Record& record, bool isEntity) {
   ReadObject facts;
   facts.object = makeOpaque(record[0].text, isEntity, true);
   const std::size_t xData = xDataStart(record);
-  for (std::size_t i = readHead(record, *facts.object, facts); i < xData; ++i) {
+  for (std::size_t i = readPreamble(record, *facts.object, facts); i < xData; ++i) {
     context_.append(facts.object->extrasForLoad().unmodelledGroups, record[i]);
     if (record[i].code == 67)
       takeEntityFact(record[i], facts);
@@ -115,7 +115,7 @@ ReadObject ObjectReader::readUnparsed(const Record& record, bool isEntity) {
 
 void ObjectReader::fill(const Record& record, OdDbObject& object, ReadObject& facts, OdDbObject* second,
                         const SubclassLayout* secondSubclass) {
-  const std::size_t from = readHead(record, object, facts);
+  const std::size_t from = readPreamble(record, object, facts);
   if (hasMarkers(record))
     fillSubclasses(record, from, object, facts, second, secondSubclass);
   else
@@ -124,7 +124,7 @@ void ObjectReader::fill(const Record& record, OdDbObject& object, ReadObject& fa
 }
 
 // Handle, application groups and owner stand in front of the first marker.
-std::size_t ObjectReader::readHead(const Record& record, OdDbObject& object, ReadObject& facts) {
+std::size_t ObjectReader::readPreamble(const Record& record, OdDbObject& object, ReadObject& facts) {
   const int handle = handleCode(record, context_.database().facts().version);
   std::size_t i = 1;
   while (i < record.size()) {
@@ -215,10 +215,10 @@ void ObjectReader::fillSubclasses(const Record& record, std::size_t from, OdDbOb
     const bool forSecond = secondSubclass != nullptr && marker == secondSubclass->marker;
     SubclassReader other(forSecond ? *second : object, forSecond ? *secondSubclass : none, context_);
     bool takesCommon = isEntity && (known || !marked);
-    bool headed = !marked; // whether the carried groups of this section have their marker yet
+    bool markerAppended = !marked; // whether the carried groups of this section have their marker yet
     if (marked && !known) {
       context_.append(object.extrasForLoad().unmodelledGroups, record[i]);
-      headed = true;
+      markerAppended = true;
     }
     for (i += marked ? 1 : 0; i < xData && record[i].code != 100; ++i) {
       if (record[i].code == 66 && isEntity)
@@ -230,10 +230,10 @@ void ObjectReader::fillSubclasses(const Record& record, std::size_t from, OdDbOb
       if (mayBeCommon && (common.take(record[i]) || takeEntityFact(record[i], facts)))
         continue;
       unmodelled = &object.extrasForLoad().unmodelledGroups;
-      if (!headed)
+      if (!markerAppended)
         context_.append(*unmodelled, record[i - 1].code == 100 ? record[i - 1]
                                                                : RawGroup{100, RawGroup::Form::Text, marker, 0, 0, 0});
-      headed = true;
+      markerAppended = true;
       context_.append(*unmodelled, record[i]);
     }
   }

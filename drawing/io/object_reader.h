@@ -33,7 +33,7 @@ private:
                       const SubclassLayout* secondSubclass);
   void fillWithoutMarkers(const Record& record, std::size_t from, OdDbObject& object, ReadObject& facts,
                           OdDbObject* second, const SubclassLayout* secondSubclass);
-  std::size_t readHead(const Record& record, OdDbObject& object, ReadObject& facts);
+  std::size_t readPreamble(const Record& record, OdDbObject& object, ReadObject& facts);
   void skip(const RawGroup& group);
   std::size_t readApplicationGroup(const Record& record, std::size_t at, OdDbObject& object);
   bool takeEntityFact(const RawGroup& group, ReadObject& facts);

@@ -47,8 +47,8 @@ const drawing::SubclassLayout& OdDbBlockTableRecord::blockHeaderSubclass() {
   using drawing::field;
   static const drawing::SubclassLayout subclass{
       "AcDbBlockBegin",
-      {field<&OdDbBlockTableRecord::headFlags_>(70), field<&OdDbBlockTableRecord::origin_>(10),
-       field<&OdDbBlockTableRecord::nameInHead_>(3), field<&OdDbBlockTableRecord::path_>(1),
+      {field<&OdDbBlockTableRecord::blockHeaderFlags_>(70), field<&OdDbBlockTableRecord::origin_>(10),
+       field<&OdDbBlockTableRecord::blockHeaderName_>(3), field<&OdDbBlockTableRecord::path_>(1),
        field<&OdDbBlockTableRecord::comments_>(4).unlessEmpty(), field<&OdDbBlockTableRecord::unloaded_>(71).unless(0)},
       // The name in the head led to this record.
       [](OdDbObject&, const drawing::RawGroup& group, drawing::LoadContext&) { return group.code == 2; }};
@@ -127,10 +127,10 @@ bool OdDbBlockTableRecord::isAnonymous() const {
          name_.left(paperSpaceStr.getLength()).iCompare(paperSpaceStr) != 0;
 }
 
-void OdDbBlockTableRecord::takeHead() {
-  flags_ = static_cast<std::int16_t>(flags_ | headFlags_);
-  if (nameInHead_ == name_)
-    nameInHead_.empty();
+void OdDbBlockTableRecord::applyBlockHeader() {
+  flags_ = static_cast<std::int16_t>(flags_ | blockHeaderFlags_);
+  if (blockHeaderName_ == name_)
+    blockHeaderName_.empty();
 }
 
 void OdDbBlockTableRecord::adoptEnds(OdDbObjectId begin, OdDbObjectId end) {

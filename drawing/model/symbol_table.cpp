@@ -195,15 +195,15 @@ OdResult OdDbSymbolTableRecord::canUnerase() const {
 namespace {
 
 // The table of dimension styles repeats its records in its head, with their number under 71.
-void dropFromHead(OdDbSymbolTable& table, OdDbObjectId record) {
-  const drawing::GroupList* head = table.unmodelledGroupsOrNull();
+void dropFromTablePreamble(OdDbSymbolTable& table, OdDbObjectId record) {
+  const drawing::GroupList* preamble = table.unmodelledGroupsOrNull();
   const auto isRecord = [&](std::size_t at) {
-    return (*head)[at].kind == drawing::GroupKind::Reference && head->idOf((*head)[at]) == record;
+    return (*preamble)[at].kind == drawing::GroupKind::Reference && preamble->idOf((*preamble)[at]) == record;
   };
   std::size_t at = 0;
-  while (head != nullptr && at < head->size() && !isRecord(at))
+  while (preamble != nullptr && at < preamble->size() && !isRecord(at))
     ++at;
-  if (head == nullptr || at == head->size())
+  if (preamble == nullptr || at == preamble->size())
     return;
   const drawing::WriteScope scope(table);
   drawing::GroupList& groups = table.unmodelledGroups();
@@ -221,7 +221,7 @@ void OdDbSymbolTableRecord::afterErase(bool erasing) {
     return;
   table->memberErased(*this, erasing);
   if (erasing)
-    dropFromHead(*table, objectId());
+    dropFromTablePreamble(*table, objectId());
 }
 
 OdDb::SymbolTableKind OdDbSymbolTableRecord::tableKind() const {

@@ -140,7 +140,7 @@ public:
       writeRun(at_ + 1, sink);
   }
   // Writes what stood before any marker.
-  void writeHead(GroupSink& sink) {
+  void writePreamble(GroupSink& sink) {
     if (groups_ != nullptr && !groups_->empty() && (*groups_)[0].code != 100)
       writeRun(0, sink);
   }
@@ -181,7 +181,7 @@ void writeSubclass(const OdDbObject& object, const SubclassLayout& subclass, Gro
 
 void writeSubclasses(const OdDbObject& object, GroupSink& sink) {
   UnmodelledGroups unmodelled(object.unmodelledGroupsOrNull());
-  unmodelled.writeHead(sink);
+  unmodelled.writePreamble(sink);
   for (const SubclassLayout* subclass : object.description().subclasses()) {
     if (subclass->since > sink.version())
       continue;

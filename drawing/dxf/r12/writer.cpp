@@ -150,8 +150,8 @@ void EarlyWriter::blocks() {
   for (OdDbObjectId id : peekAs<OdDbBlockTable>(database_.getBlockTableId())->members().ids()) {
     const auto* block = peekAs<OdDbBlockTableRecord>(id);
     // Some programs write empty blocks for the spaces, under names that begin with a dollar sign.
-    const bool hasHead = block != nullptr && block->nameInHead_.left(1) == L"$";
-    if (lives(block) && (!isInEntitiesSection(*block) || hasHead))
+    const bool hasBlockHeader = block != nullptr && block->blockHeaderName_.left(1) == L"$";
+    if (lives(block) && (!isInEntitiesSection(*block) || hasBlockHeader))
       this->block(*block);
   }
 }
@@ -161,7 +161,7 @@ void EarlyWriter::block(const OdDbBlockTableRecord& block) {
   inPaperSpace_ = false;
   const OdDbObject& begin = *peek(block.blockBeginId());
   writeSubclasses(begin, groups);
-  const OdString name = isInEntitiesSection(block) ? block.nameInHead_ : block.getName();
+  const OdString name = isInEntitiesSection(block) ? block.blockHeaderName_ : block.getName();
   groups.text(2, name);
   groups.integer(70, block.derivedFlags());
   groups.point(10, block.origin());

@@ -255,7 +255,7 @@ std::vector<Polygon> hatchLoops(const OdDbHatch& hatch) {
   const GroupList& groups = hatch.groups();
   std::vector<Polygon> loops;
   for (const HatchPart& part : hatchParts(groups)) {
-    if (part.kind == HatchPartKind::LoopHead || part.kind == HatchPartKind::Polyline)
+    if (part.kind == HatchPartKind::kLoopHeader || part.kind == HatchPartKind::Polyline)
       loops.emplace_back();
     if (part.kind == HatchPartKind::Polyline)
       addPolyline(groups, part, loops.back());

@@ -15,15 +15,15 @@ constexpr std::int64_t kPolylineLoop = 2;
 HatchPartKind edgeKind(std::int64_t type) {
   constexpr HatchPartKind kEdges[] = {HatchPartKind::Line, HatchPartKind::Arc, HatchPartKind::Ellipse,
                                       HatchPartKind::Spline};
-  return type >= 1 && type <= 4 ? kEdges[type - 1] : HatchPartKind::LoopHead;
+  return type >= 1 && type <= 4 ? kEdges[type - 1] : HatchPartKind::kLoopHeader;
 }
 
 // Whether a group begins another part behind a part of that kind.
 bool beginsPart(HatchPartKind in, const Group& group, bool onlyPolylines, HatchPartKind& next) {
   const bool inPolyline = in == HatchPartKind::Polyline;
-  const bool inLoops = in >= HatchPartKind::LoopHead && in <= HatchPartKind::Spline;
+  const bool inLoops = in >= HatchPartKind::kLoopHeader && in <= HatchPartKind::Spline;
   if (group.code == 92 && in <= HatchPartKind::Spline)
-    next = onlyPolylines || (group.integer & kPolylineLoop) != 0 ? HatchPartKind::Polyline : HatchPartKind::LoopHead;
+    next = onlyPolylines || (group.integer & kPolylineLoop) != 0 ? HatchPartKind::Polyline : HatchPartKind::kLoopHeader;
   else if (group.code == 72 && inLoops && !inPolyline)
     next = edgeKind(group.integer);
   else if (group.code == 75 && in <= HatchPartKind::Spline)
@@ -136,9 +136,9 @@ void addRound(OdGeExtents3d& extents, const GroupList& groups, const HatchPart& 
 } // namespace
 
 std::vector<HatchPart> hatchParts(const GroupList& groups, bool onlyPolylines) {
-  std::vector<HatchPart> parts{{HatchPartKind::Head, 0, groups.size()}};
+  std::vector<HatchPart> parts{{HatchPartKind::kHeader, 0, groups.size()}};
   for (std::size_t i = 0; i < groups.size(); ++i) {
-    HatchPartKind next = HatchPartKind::Head;
+    HatchPartKind next = HatchPartKind::kHeader;
     if (!beginsPart(parts.back().kind, groups[i], onlyPolylines, next))
       continue;
     parts.back().end = i;
@@ -153,7 +153,7 @@ void moveHatchPart(GroupList& groups, const HatchPart& part, const PlaneMap& map
       movePatternGroup(groups, i, map, elevation);
     else if (part.kind == HatchPartKind::Gradient && isReal(groups, i, 460))
       groups.setReal(i, map.angle(groups[i].real));
-    else if (part.kind != HatchPartKind::Head && part.kind != HatchPartKind::Gradient)
+    else if (part.kind != HatchPartKind::kHeader && part.kind != HatchPartKind::Gradient)
       moveEdgeGroup(groups, i, part.kind, map, elevation);
   }
   if (part.kind == HatchPartKind::Arc || part.kind == HatchPartKind::Ellipse)

@@ -9,10 +9,10 @@
 
 namespace drawing {
 
-enum class HatchPartKind { Head, LoopHead, Polyline, Line, Arc, Ellipse, Spline, Pattern, Seeds, Gradient };
+enum class HatchPartKind { kHeader, kLoopHeader, Polyline, Line, Arc, Ellipse, Spline, Pattern, Seeds, Gradient };
 
 struct HatchPart {
-  HatchPartKind kind = HatchPartKind::Head;
+  HatchPartKind kind = HatchPartKind::kHeader;
   std::size_t first = 0, end = 0; // groups first .. end - 1
 };
 

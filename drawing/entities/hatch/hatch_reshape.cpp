@@ -48,7 +48,7 @@ private:
 bool Reshaper::run() {
   for (const HatchPart& part : hatchParts(from_)) {
     bool done = true;
-    if (part.kind == HatchPartKind::Head || part.kind == HatchPartKind::LoopHead)
+    if (part.kind == HatchPartKind::kHeader || part.kind == HatchPartKind::kLoopHeader)
       to_.append(from_, part.first, part.end - part.first);
     else if (part.kind == HatchPartKind::Arc || part.kind == HatchPartKind::Ellipse)
       done = addRound(part);
