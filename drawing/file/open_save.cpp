@@ -232,11 +232,11 @@ bool isBinary(const OdDbDatabase& database, WriteOptions::Form form) {
 }
 
 // The first pass only counts: the header says which handles the file does not use.
-void writeEarly(const OdDbDatabase& database, GroupSink& sink) {
+void writeR12(const OdDbDatabase& database, GroupSink& sink) {
   CountingSink nothing;
-  dxf::EarlyWriter count(database, nothing, 0);
+  dxf::R12Writer count(database, nothing, 0);
   count.run();
-  dxf::EarlyWriter(database, sink, count.firstFree()).run();
+  dxf::R12Writer(database, sink, count.firstFree()).run();
 }
 
 void writeTo(const OdDbDatabase& given, const WriteOptions& options, const dxf::FormWriter::Output& output,
@@ -254,7 +254,7 @@ void writeTo(const OdDbDatabase& given, const WriteOptions& options, const dxf::
   else
     sink = std::make_unique<dxf::TextWriter>(std::move(target));
   if (version < OdDb::kRelease13)
-    writeEarly(database, *sink);
+    writeR12(database, *sink);
   else
     dxf::Writer(database, *sink).run();
   sink->finish();

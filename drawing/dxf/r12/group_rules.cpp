@@ -136,25 +136,25 @@ constexpr Loss kLosses[] = {
 
 } // namespace
 
-bool isEarlyKind(std::string_view kind) {
+bool isR12Kind(std::string_view kind) {
   return find(kind) != nullptr;
 }
 
-bool hasEarlyCode(std::string_view kind, int code) {
+bool hasR12Code(std::string_view kind, int code) {
   const auto contains = [code](const Range& range) { return code >= range.first && code <= range.last; };
   const Kind* known = find(kind);
   return known != nullptr && (std::any_of(known->codes.begin(), known->codes.end(), contains) ||
                               (known->isEntity && std::any_of(std::begin(kCommon), std::end(kCommon), contains)));
 }
 
-OdDb::SymbolTableKind earlyNameTable(std::string_view kind, int code) {
+OdDb::SymbolTableKind r12NameTable(std::string_view kind, int code) {
   const auto* found = std::find_if(std::begin(kNames), std::end(kNames), [&](const Name& name) {
     return name.code == code && (name.kind == "*" || name.kind == kind);
   });
   return found == std::end(kNames) ? OdDb::kNoTable : found->table;
 }
 
-std::string_view earlyLoss(std::string_view kind, int code, double value) {
+std::string_view r12Loss(std::string_view kind, int code, double value) {
   const auto* found = std::find_if(std::begin(kLosses), std::end(kLosses), [&](const Loss& loss) {
     return code >= loss.first && code <= loss.last && (loss.kind == "*" || loss.kind == kind);
   });

@@ -8,14 +8,14 @@
 namespace drawing::dxf {
 
 // Whether R12 knows records of that name in the TABLES, BLOCKS and ENTITIES sections.
-bool isEarlyKind(std::string_view kind);
+bool isR12Kind(std::string_view kind);
 // Whether a record of the kind may hold the code; extended data aside.
-bool hasEarlyCode(std::string_view kind, int code);
+bool hasR12Code(std::string_view kind, int code);
 // The table whose record's name stands under the code; kNoTable when it is no name.
-OdDb::SymbolTableKind earlyNameTable(std::string_view kind, int code);
+OdDb::SymbolTableKind r12NameTable(std::string_view kind, int code);
 
 // What a group means that R12 has no place for; "" when it says nothing that is lost: marks of the form, values that
 // follow from elsewhere, and the plain value.
-std::string_view earlyLoss(std::string_view kind, int code, double value);
+std::string_view r12Loss(std::string_view kind, int code, double value);
 
 } // namespace drawing::dxf

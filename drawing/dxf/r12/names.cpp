@@ -45,12 +45,12 @@ std::string plainBlockName(const std::string& name) {
 
 } // namespace
 
-EarlyNames::EarlyNames(const OdDbDatabase& database) {
+R12Names::R12Names(const OdDbDatabase& database) {
   for (int kind = OdDb::kViewportTable + 1; kind < OdDb::kSymbolTableCount; ++kind)
     addTable(database, static_cast<OdDb::SymbolTableKind>(kind));
 }
 
-void EarlyNames::addTable(const OdDbDatabase& database, OdDb::SymbolTableKind kind) {
+void R12Names::addTable(const OdDbDatabase& database, OdDb::SymbolTableKind kind) {
   const bool isOwn = database.facts().version < OdDb::kRelease13;
   const auto& table = *peekAs<OdDbSymbolTable>(database.getSymbolTableId(kind));
   std::unordered_set<std::string> taken;
@@ -76,14 +76,14 @@ void EarlyNames::addTable(const OdDbDatabase& database, OdDb::SymbolTableKind ki
   }
 }
 
-std::string_view EarlyNames::of(OdDb::SymbolTableKind table, std::string_view name) const {
+std::string_view R12Names::of(OdDb::SymbolTableKind table, std::string_view name) const {
   if (names_[table].empty())
     return name;
   const auto found = names_[table].find(folded(name));
   return found == names_[table].end() ? name : std::string_view(found->second);
 }
 
-void EarlyNames::reportChanges(GroupSink& sink) const {
+void R12Names::reportChanges(GroupSink& sink) const {
   for (const Change& change : changes_)
     sink.lost({"dxf.name-not-in-version", Severity::Lost, 0, 2, std::uint64_t{change.record.getHandle()}, "TABLES",
                peek(change.record)->dxfName(), "version R12 cannot hold the name \"" + change.from + "\"",

@@ -12,9 +12,9 @@ namespace drawing::dxf {
 // R12 knows names of up to 31 letters, digits, "$", "-" and "_". Other names are changed: what is not allowed becomes
 // "_", what is too long is cut, and where that makes two names one a number is added. A drawing that came as R12 keeps
 // the names that it has: some program could read them.
-class EarlyNames {
+class R12Names {
 public:
-  explicit EarlyNames(const OdDbDatabase& database);
+  explicit R12Names(const OdDbDatabase& database);
   // The name of R12 for that of a record; the name itself for what is no record.
   std::string_view of(OdDb::SymbolTableKind table, std::string_view name) const;
   void reportChanges(GroupSink& sink) const; // every change

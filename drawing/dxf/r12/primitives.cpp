@@ -53,7 +53,7 @@ std::vector<OdString> brokenLines(const OdDbMText& text) {
 
 } // namespace
 
-void EarlyDrawing::normal(const OdGeVector3d& n) {
+void R12Drawing::normal(const OdGeVector3d& n) {
   if (n.x == 0 && n.y == 0 && n.z == 1)
     return;
   sink().real(210, n.x);
@@ -61,20 +61,20 @@ void EarlyDrawing::normal(const OdGeVector3d& n) {
   sink().real(230, n.z);
 }
 
-void EarlyDrawing::line(const OdGePoint3d& from, const OdGePoint3d& to) {
+void R12Drawing::line(const OdGePoint3d& from, const OdGePoint3d& to) {
   writer_.begin("LINE", source_);
   point(10, from);
   point(11, to);
 }
 
-void EarlyDrawing::vertex(const OdGePoint3d& p, int flags) {
+void R12Drawing::vertex(const OdGePoint3d& p, int flags) {
   writer_.begin("VERTEX", source_);
   point(10, p);
   if (flags != 0)
     sink().integer(70, flags);
 }
 
-void EarlyDrawing::polyline(const std::vector<OdGePoint3d>& points, bool closed) {
+void R12Drawing::polyline(const std::vector<OdGePoint3d>& points, bool closed) {
   constexpr int kInSpace = 8, kVertexInSpace = 32;
   writer_.begin("POLYLINE", source_);
   sink().integer(66, 1);
@@ -85,7 +85,7 @@ void EarlyDrawing::polyline(const std::vector<OdGePoint3d>& points, bool closed)
   writer_.begin("SEQEND", source_);
 }
 
-void EarlyDrawing::polyline(const OdDbPolyline& polyline) {
+void R12Drawing::polyline(const OdDbPolyline& polyline) {
   writer_.begin("POLYLINE", source_);
   sink().integer(66, 1);
   point(10, OdGePoint3d(0, 0, polyline.elevation()));
@@ -113,13 +113,13 @@ void EarlyDrawing::polyline(const OdDbPolyline& polyline) {
   writer_.begin("SEQEND", source_);
 }
 
-void EarlyDrawing::face(const std::vector<OdGePoint3d>& corners) {
+void R12Drawing::face(const std::vector<OdGePoint3d>& corners) {
   writer_.begin("3DFACE", source_);
   for (int i = 0; i < 4; ++i)
     point(10 + i, corners[std::min<std::size_t>(static_cast<std::size_t>(i), corners.size() - 1)]);
 }
 
-void EarlyDrawing::solid(const Trapezoid& corners, double elevation, const OdGeVector3d& n) {
+void R12Drawing::solid(const Trapezoid& corners, double elevation, const OdGeVector3d& n) {
   writer_.begin("SOLID", source_);
   for (int i = 0; i < 4; ++i) {
     const OdGePoint2d& corner = corners[static_cast<std::size_t>(i)];
@@ -128,7 +128,7 @@ void EarlyDrawing::solid(const Trapezoid& corners, double elevation, const OdGeV
   normal(n);
 }
 
-void EarlyDrawing::reference(const OdString& block, const OdGePoint3d& place, double scale, double angleRad) {
+void R12Drawing::reference(const OdString& block, const OdGePoint3d& place, double scale, double angleRad) {
   writer_.begin("INSERT", source_);
   writer_.name("INSERT", 2, block.toUtf8Lossless());
   point(10, place);
@@ -138,7 +138,7 @@ void EarlyDrawing::reference(const OdString& block, const OdGePoint3d& place, do
     sink().real(50, OdaToDegree(angleRad));
 }
 
-std::size_t EarlyDrawing::lines(const OdDbMText& text) {
+std::size_t R12Drawing::lines(const OdDbMText& text) {
   const std::vector<OdString> broken = brokenLines(text);
   const double height = text.textHeight() > 0 ? text.textHeight() : 1;
   const double step = height * kLineStep * text.lineSpacingFactor();
@@ -171,13 +171,13 @@ std::size_t EarlyDrawing::lines(const OdDbMText& text) {
   return written;
 }
 
-double EarlyDrawing::reach() const {
+double R12Drawing::reach() const {
   const OdGePoint3d low = writer_.database().headerPoint("EXTMIN"), high = writer_.database().headerPoint("EXTMAX");
   const double length = (high - low).length();
   return high.x >= low.x && length > 0 && length < 1e15 ? length : kUsualReach;
 }
 
-double EarlyDrawing::dimensionTextHeight(OdDbObjectId style) const {
+double R12Drawing::dimensionTextHeight(OdDbObjectId style) const {
   const auto* record = peekAs<OdDbDimStyleTableRecord>(style);
   const double height = record == nullptr ? 0 : record->dimtxt() * (record->dimscale() > 0 ? record->dimscale() : 1);
   return height > 0 ? height : 1;

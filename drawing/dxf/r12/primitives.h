@@ -10,9 +10,9 @@
 
 namespace drawing::dxf {
 
-class EarlyDrawing {
+class R12Drawing {
 public:
-  EarlyDrawing(const OdDbEntity& source, EarlyWriter& writer) : source_(source), writer_(writer) {}
+  R12Drawing(const OdDbEntity& source, R12Writer& writer) : source_(source), writer_(writer) {}
 
   void line(const OdGePoint3d& from, const OdGePoint3d& to);
   void polyline(const std::vector<OdGePoint3d>& points, bool closed); // in space
@@ -32,7 +32,7 @@ private:
   void normal(const OdGeVector3d& n);
 
   const OdDbEntity& source_;
-  EarlyWriter& writer_;
+  R12Writer& writer_;
 };
 
 } // namespace drawing::dxf

@@ -34,7 +34,7 @@ constexpr std::size_t kMostHatchLines = 200'000;
 struct Source {
   const OdDbEntity& entity;
   const GroupList& groups;
-  EarlyDrawing& draw;
+  R12Drawing& draw;
 };
 
 Substitute same(std::string done) {
@@ -261,8 +261,8 @@ const Way kWays[] = {
 
 } // namespace
 
-Substitute writeSubstitute(const OdDbEntity& entity, const GroupList& groups, EarlyWriter& writer) {
-  EarlyDrawing draw(entity, writer);
+Substitute writeSubstitute(const OdDbEntity& entity, const GroupList& groups, R12Writer& writer) {
+  R12Drawing draw(entity, writer);
   const Source source{entity, groups, draw};
   const std::string kind = entity.dxfName();
   if (kind == "ACAD_TABLE" || kind == "ARC_DIMENSION" || kind == "LARGE_RADIAL_DIMENSION")

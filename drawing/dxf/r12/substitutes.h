@@ -14,6 +14,6 @@ struct Substitute {
 };
 
 // Writes what stands for the entity; `groups` are its sections.
-Substitute writeSubstitute(const OdDbEntity& entity, const GroupList& groups, EarlyWriter& writer);
+Substitute writeSubstitute(const OdDbEntity& entity, const GroupList& groups, R12Writer& writer);
 
 } // namespace drawing::dxf

@@ -62,36 +62,36 @@ double numberOf(const Group& group) {
 
 } // namespace
 
-EarlyWriter::EarlyWriter(const OdDbDatabase& database, GroupSink& sink, OdDbHandle firstFree)
+R12Writer::R12Writer(const OdDbDatabase& database, GroupSink& sink, OdDbHandle firstFree)
     : database_(database), sink_(sink), names_(database), seed_(firstFree),
       nextHandle_(std::uint64_t{database.handseed()}) {}
 
-void EarlyWriter::lost(const OdDbObject& object, const char* code, Severity severity, std::string found,
-                       std::string done) {
+void R12Writer::lost(const OdDbObject& object, const char* code, Severity severity, std::string found,
+                     std::string done) {
   sink_.lost({code, severity, 0, -1, std::uint64_t{object.getDbHandle()}, "", object.dxfName(), std::move(found),
               std::move(done)});
 }
 
-void EarlyWriter::run() {
+void R12Writer::run() {
   names_.reportChanges(sink_);
   for (const std::string& comment : database_.facts().comments)
     sink_.utf8(999, comment);
-  section("HEADER", &EarlyWriter::header);
-  section("TABLES", &EarlyWriter::tables);
-  section("BLOCKS", &EarlyWriter::blocks);
-  section("ENTITIES", &EarlyWriter::entities);
+  section("HEADER", &R12Writer::header);
+  section("TABLES", &R12Writer::tables);
+  section("BLOCKS", &R12Writer::blocks);
+  section("ENTITIES", &R12Writer::entities);
   sink_.utf8(0, "EOF");
   reportDictionaries();
 }
 
-void EarlyWriter::section(const char* name, void (EarlyWriter::*write)()) {
+void R12Writer::section(const char* name, void (R12Writer::*write)()) {
   sink_.utf8(0, "SECTION");
   sink_.utf8(2, name);
   (this->*write)();
   sink_.utf8(0, "ENDSEC");
 }
 
-void EarlyWriter::header() {
+void R12Writer::header() {
   sink_.utf8(9, "$ACADVER");
   sink_.utf8(1, versionSignature(OdDb::kRelease12));
   const bool isOwn = database_.facts().version < OdDb::kRelease13;
@@ -109,7 +109,7 @@ void EarlyWriter::header() {
   sink_.handle(5, seed_);
 }
 
-void EarlyWriter::headerVariable(const OdDbHeader::Variable& variable) {
+void R12Writer::headerVariable(const OdDbHeader::Variable& variable) {
   sink_.utf8(9, "$" + variable.name);
   const OdDb::SymbolTableKind table = tableOfVariable(variable.name);
   const bool isName =
@@ -120,13 +120,13 @@ void EarlyWriter::headerVariable(const OdDbHeader::Variable& variable) {
     variable.groups.writeTo(sink_);
 }
 
-void EarlyWriter::tables() {
+void R12Writer::tables() {
   for (const auto kind : {OdDb::kViewportTable, OdDb::kLinetypeTable, OdDb::kLayerTable, OdDb::kTextStyleTable,
                           OdDb::kViewTable, OdDb::kUcsTable, OdDb::kRegAppTable, OdDb::kDimStyleTable})
     table(kind);
 }
 
-void EarlyWriter::table(OdDb::SymbolTableKind kind) {
+void R12Writer::table(OdDb::SymbolTableKind kind) {
   std::vector<const OdDbObject*> records;
   for (OdDbObjectId id : peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind))->members().ids()) {
     // By layer and by block are words in R12, not line types.
@@ -146,7 +146,7 @@ void EarlyWriter::table(OdDb::SymbolTableKind kind) {
   sink_.utf8(0, "ENDTAB");
 }
 
-void EarlyWriter::blocks() {
+void R12Writer::blocks() {
   for (OdDbObjectId id : peekAs<OdDbBlockTable>(database_.getBlockTableId())->members().ids()) {
     const auto* block = peekAs<OdDbBlockTableRecord>(id);
     // Some programs write empty blocks for the spaces, under names that begin with a dollar sign.
@@ -156,7 +156,7 @@ void EarlyWriter::blocks() {
   }
 }
 
-void EarlyWriter::block(const OdDbBlockTableRecord& block) {
+void R12Writer::block(const OdDbBlockTableRecord& block) {
   GroupList groups;
   inPaperSpace_ = false;
   const OdDbObject& begin = *peek(block.blockBeginId());
@@ -178,14 +178,14 @@ void EarlyWriter::block(const OdDbBlockTableRecord& block) {
   native(*peek(block.blockEndId()));
 }
 
-void EarlyWriter::contents(const OdDbBlockTableRecord& block) {
+void R12Writer::contents(const OdDbBlockTableRecord& block) {
   for (OdDbObjectId id : block.members().ids()) {
     if (lives(id))
       entity(id);
   }
 }
 
-void EarlyWriter::entities() {
+void R12Writer::entities() {
   for (const OdString& space : {modelSpaceStr, paperSpaceStr}) {
     const auto* block = peekAs<OdDbBlockTableRecord>(database_.symbol(OdDb::kBlockTable, space));
     if (block == nullptr)
@@ -195,10 +195,10 @@ void EarlyWriter::entities() {
   }
 }
 
-void EarlyWriter::entity(OdDbObjectId id) {
+void R12Writer::entity(OdDbObjectId id) {
   const auto& entity = *static_cast<const OdDbEntity*>(peek(id));
   const bool isOpaque = entity.isKindOf(OdDbOpaqueEntity::desc()) && database_.facts().version < OdDb::kRelease13;
-  if (isEarlyKind(entity.dxfName()) || isOpaque)
+  if (isR12Kind(entity.dxfName()) || isOpaque)
     return native(entity);
   GroupList groups;
   writeSubclasses(entity, groups);
@@ -210,7 +210,7 @@ void EarlyWriter::entity(OdDbObjectId id) {
        substitute.done);
 }
 
-void EarlyWriter::native(const OdDbObject& object) {
+void R12Writer::native(const OdDbObject& object) {
   GroupList groups;
   writeSubclasses(object, groups);
   if (inPaperSpace_)
@@ -224,7 +224,7 @@ void EarlyWriter::native(const OdDbObject& object) {
     parts(static_cast<const OdDbEntity&>(object));
 }
 
-void EarlyWriter::parts(const OdDbEntity& owner) {
+void R12Writer::parts(const OdDbEntity& owner) {
   const auto& sequence = dynamic_cast<const OdDbSequenceOwner&>(owner);
   bool any = false;
   for (OdDbObjectId part : sequence.subEntities()) {
@@ -252,7 +252,7 @@ std::optional<OdString> linesAsOne(const OdDbObject& object) {
 } // namespace
 
 // A record of a kind that R12 has, without what R12 has no place for.
-void EarlyWriter::record(const OdDbObject& object, const GroupList& groups, bool withHandle) {
+void R12Writer::record(const OdDbObject& object, const GroupList& groups, bool withHandle) {
   const std::string kind = object.dxfName();
   sink_.utf8(0, kind);
   if (withHandle)
@@ -270,9 +270,9 @@ void EarlyWriter::record(const OdDbObject& object, const GroupList& groups, bool
       sink_.text(1, *lines);
     } else if (isArrow) {
       name(kind, arrowNameCode(one.code), symbolName(groups.idOf(one)).toUtf8Lossless());
-    } else if ((hasEarlyCode(kind, one.code) && !isFill) || keepsAll) {
+    } else if ((hasR12Code(kind, one.code) && !isFill) || keepsAll) {
       group(kind, groups, one);
-    } else if (const auto what = earlyLoss(kind, one.code, numberOf(one)); !what.empty() && what != lastReported) {
+    } else if (const auto what = r12Loss(kind, one.code, numberOf(one)); !what.empty() && what != lastReported) {
       lastReported = what;
       sink_.lost({"dxf.group-not-in-version", Severity::Lost, 0, one.code, 0, "", kind,
                   std::string(what) + " cannot be held by version R12", "it is left out"});
@@ -284,19 +284,19 @@ void EarlyWriter::record(const OdDbObject& object, const GroupList& groups, bool
   xData(object);
 }
 
-void EarlyWriter::group(std::string_view kind, const GroupList& groups, const Group& group) {
-  if (group.kind == GroupKind::Text && earlyNameTable(kind, group.code) != OdDb::kNoTable)
+void R12Writer::group(std::string_view kind, const GroupList& groups, const Group& group) {
+  if (group.kind == GroupKind::Text && r12NameTable(kind, group.code) != OdDb::kNoTable)
     return name(kind, group.code, groups.textOf(group));
   if (kind == "DIMENSION" && group.code == 70)
     return sink_.integer(70, group.integer & ~std::int64_t{kUniqueBlock});
   groups.writeTo(sink_, static_cast<std::size_t>(&group - &groups[0]), 1);
 }
 
-void EarlyWriter::name(std::string_view kind, int code, std::string_view utf8) {
-  sink_.utf8(code, names_.of(earlyNameTable(kind, code), utf8));
+void R12Writer::name(std::string_view kind, int code, std::string_view utf8) {
+  sink_.utf8(code, names_.of(r12NameTable(kind, code), utf8));
 }
 
-void EarlyWriter::xData(const OdDbObject& object) {
+void R12Writer::xData(const OdDbObject& object) {
   GroupList groups;
   if (const GroupList* own = object.xDataGroups())
     groups = *own;
@@ -313,7 +313,7 @@ void EarlyWriter::xData(const OdDbObject& object) {
   }
 }
 
-void EarlyWriter::begin(const char* kind, const OdDbEntity& source) {
+void R12Writer::begin(const char* kind, const OdDbEntity& source) {
   sink_.utf8(0, kind);
   sink_.handle(5, begun_ == &source ? OdDbHandle(nextHandle_++) : source.getDbHandle());
   begun_ = &source;
@@ -327,7 +327,7 @@ void EarlyWriter::begin(const char* kind, const OdDbEntity& source) {
 }
 
 // What stands in no table and no block: R12 has no place for it.
-void EarlyWriter::reportDictionaries() {
+void R12Writer::reportDictionaries() {
   if (database_.facts().version < OdDb::kRelease13)
     return; // nothing of that was in the file
   std::map<std::string, std::size_t> kinds;

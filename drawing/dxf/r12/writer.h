@@ -9,10 +9,10 @@
 
 namespace drawing::dxf {
 
-class EarlyWriter {
+class R12Writer {
 public:
   // Stand-ins get handles from the database's next on; `firstFree` says where they end, once run() was called.
-  EarlyWriter(const OdDbDatabase& database, GroupSink& sink, OdDbHandle firstFree);
+  R12Writer(const OdDbDatabase& database, GroupSink& sink, OdDbHandle firstFree);
   void run();
   OdDbHandle firstFree() const { return nextHandle_; }
 
@@ -25,7 +25,7 @@ public:
   void text(int code, const OdString& value) { sink_.text(code, value); }
 
 private:
-  void section(const char* name, void (EarlyWriter::*write)());
+  void section(const char* name, void (R12Writer::*write)());
   void header();
   void headerVariable(const OdDbHeader::Variable& variable);
   void tables();
@@ -45,7 +45,7 @@ private:
 
   const OdDbDatabase& database_;
   GroupSink& sink_;
-  EarlyNames names_;
+  R12Names names_;
   OdDbHandle seed_;
   std::uint64_t nextHandle_;
   const OdDbEntity* begun_ = nullptr; // whose handle a stand-in has

@@ -22,8 +22,8 @@ public:
   // Numbers that stand in saved settings and scripts; the even ones of a pair are DWG, the odd ones DXF.
   enum SaveFormat : int {
     kUnknownFormat = 0,
-    kEarlyDxf = 1,
-    kEarlyDwg = 8,
+    kR12Dxf = 1,
+    kR12Dwg = 8,
     k2000Dwg = 12,
     k2000Dxf = 13,
     k2004Dwg = 24,

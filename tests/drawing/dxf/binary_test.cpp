@@ -17,7 +17,7 @@ std::string asBinary(const OdDbDatabase& database, drawing::WriteResult* result 
 }
 
 // A file of early versions: codes of one byte, 255 in front of those that need two.
-std::string earlyFile(const std::string& groups) {
+std::string r12File(const std::string& groups) {
   const std::string sentence = asBinary(*OdDbDatabase::create()).substr(0, 22);
   const auto text = [](char code, const std::string& value) { return code + value + '\0'; };
   return sentence + text(0, "SECTION") + text(2, "HEADER") + text(9, "$ACADVER") + text(1, "AC1009") +
@@ -33,7 +33,7 @@ TEST(BinaryForm, EarlyFilesHaveCodesOfOneByte) {
   const std::string point = std::string("\0POINT\0\5A1\0\10wall\0", 17) + "\12" + real(1.5) + "\24" + real(-2) + "\76" +
                             std::string("\3\0", 2) + // colour
                             std::string("\377\351\3ACAD\0", 8) + std::string("\377\57\4\377\377\377\377", 7);
-  const ReadResult read = readWell(earlyFile(point));
+  const ReadResult read = readWell(r12File(point));
   EXPECT_TRUE(read.database->facts().binary);
   EXPECT_EQ(read.database->facts().version, OdDb::kRelease12);
   const OdDbEntityPtr entity(read.database->getOdDbObjectId(0xA1).safeOpenObject());
@@ -78,7 +78,7 @@ TEST(BinaryForm, TextsKeepZerosAndLineBreaks) {
 
 TEST(BinaryForm, NumbersThatAreNotFiniteKeepTheirRecordUnread) {
   const ReadResult read =
-      readWell(earlyFile(std::string("\0POINT\0\5A1\0", 11) + "\12" + real(std::numeric_limits<double>::quiet_NaN())));
+      readWell(r12File(std::string("\0POINT\0\5A1\0", 11) + "\12" + real(std::numeric_limits<double>::quiet_NaN())));
   EXPECT_EQ(read.report.counts.unparsed, 1u);
   expectRoundTrip(*read.database);
 }
