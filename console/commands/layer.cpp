@@ -61,13 +61,13 @@ void listLayers(CommandContext& context) {
   const OdDbSymbolTablePtr table = context.database.getLayerTableId().safeOpenObject();
   for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
     const OdDbLayerTableRecordPtr layer = walk->getRecord();
-    OdString marks;
-    const auto mark = [&marks](bool on, Text text) { marks += on ? render(text) : OdString(); };
-    mark(layer->objectId() == current, Text::kLayerMarkCurrent);
-    mark(layer->isLocked(), Text::kLayerMarkLocked);
-    mark(layer->isFrozen(), Text::kLayerMarkFrozen);
-    mark(layer->isOff(), Text::kLayerMarkOff);
-    context.session.result(Text::kLayerLine, {layer->getName(), marks});
+    OdString flags;
+    const auto flag = [&flags](bool on, Text text) { flags += on ? render(text) : OdString(); };
+    flag(layer->objectId() == current, Text::kLayerFlagCurrent);
+    flag(layer->isLocked(), Text::kLayerFlagLocked);
+    flag(layer->isFrozen(), Text::kLayerFlagFrozen);
+    flag(layer->isOff(), Text::kLayerFlagOff);
+    context.session.result(Text::kLayerLine, {layer->getName(), flags});
   }
 }
 

@@ -23,11 +23,11 @@ void addNote(OdString& notes, const OdString& note) {
 }
 
 OdString notesOf(const Block& block) {
-  struct Mark {
+  struct Flag {
     bool on;
     Text text;
   };
-  const Mark marks[] = {{block.isDependent, Text::kReportDependent},
+  const Flag flags[] = {{block.isDependent, Text::kReportDependent},
                         {block.withDynamicInstances.has_value(), Text::kReportDynamic},
                         {block.isAnnotative, Text::kReportAnnotative},
                         {block.isUniform.value_or(false), Text::kReportUniform},
@@ -39,9 +39,9 @@ OdString notesOf(const Block& block) {
     addNote(notes, render(Text::kReportShapeOf, {block.trueName}));
   if (block.xref)
     addNote(notes, render(block.xref->overlay ? Text::kReportOverlay : Text::kReportXref, {block.xref->path}));
-  for (const Mark& mark : marks) {
-    if (mark.on)
-      addNote(notes, render(mark.text));
+  for (const Flag& flag : flags) {
+    if (flag.on)
+      addNote(notes, render(flag.text));
   }
   return notes;
 }

@@ -8,9 +8,9 @@
 namespace console {
 namespace {
 
-constexpr wchar_t kNameMark[] = L"\uE000";
+constexpr wchar_t kNamePlaceholder[] = L"\uE000";
 constexpr int kNumber = 1234567;
-constexpr wchar_t kNumberMark[] = L"1234567";
+constexpr wchar_t kNumberPlaceholder[] = L"1234567";
 constexpr int kTooLongPath = 4095;
 
 struct BoxEntry {
@@ -19,8 +19,8 @@ struct BoxEntry {
 };
 
 constexpr std::array kEntries = {
-    BoxEntry{"box.block-redefine", [] { dlgTips::showBlockRedefineTips(kNameMark, kNumber); }},
-    BoxEntry{"box.block-changed", [] { dlgTips::showBlockRedefineTips(kNameMark, 0); }},
+    BoxEntry{"box.block-redefine", [] { dlgTips::showBlockRedefineTips(kNamePlaceholder, kNumber); }},
+    BoxEntry{"box.block-changed", [] { dlgTips::showBlockRedefineTips(kNamePlaceholder, 0); }},
     BoxEntry{"box.no-objects", [] { dlgTips::showSelectEntityTips(); }},
     BoxEntry{"box.name-external", [] { dlgTips::showExternalReferenceTips(); }},
     BoxEntry{"box.name-empty", [] { dlgTips::showBlockNameEmptyTips(); }},
@@ -31,30 +31,30 @@ constexpr std::array kEntries = {
     BoxEntry{"box.base-point-x", [] { dlgTips::showBasePointInValidTips(dlgTips::kCoordX); }},
     BoxEntry{"box.base-point-y", [] { dlgTips::showBasePointInValidTips(dlgTips::kCoordY); }},
     BoxEntry{"box.base-point-z", [] { dlgTips::showBasePointInValidTips(dlgTips::kCoordZ); }},
-    BoxEntry{"box.contains-itself", [] { dlgTips::showBlockRefSelfTips(kNameMark); }},
-    BoxEntry{"box.not-modified", [] { dlgTips::showBlockUnModifyTips(kNameMark); }},
+    BoxEntry{"box.contains-itself", [] { dlgTips::showBlockRefSelfTips(kNamePlaceholder); }},
+    BoxEntry{"box.not-modified", [] { dlgTips::showBlockUnModifyTips(kNamePlaceholder); }},
     BoxEntry{"box.locked-layers", [] { dlgTips::showBlockLockLayerTips(kNumber); }},
     BoxEntry{"box.path-characters", [] { dlgTips::showUnLegalCharInFilePathTips(); }},
     BoxEntry{"box.path-incomplete", [] { dlgTips::showFilePathErrorTips(); }},
     BoxEntry{"box.path-folder", [] { dlgTips::showFilePathDirectoryInvalidTips(); }},
     BoxEntry{"box.path-blank", [] { filePath::isFilePathLegal(L" ", false); }},
     BoxEntry{"box.path-too-long", [] { filePath::isFilePathLegal(OdString(L'x', kTooLongPath), false); }},
-    BoxEntry{"box.file-in-use", [] { dlgTips::showFileDocUsingTips(kNameMark); }},
+    BoxEntry{"box.file-in-use", [] { dlgTips::showFileDocUsingTips(kNamePlaceholder); }},
     BoxEntry{"box.file-not-found", [] { dlgTips::showFileNotFindTips(); }},
 };
 
-struct Mark {
+struct Placeholder {
   int at = -1;
   int length = 0;
   bool isName = false;
 };
 
-Mark nextMark(const OdString& body, int from) {
-  const int name = body.find(kNameMark, from);
-  const int number = body.find(kNumberMark, from);
+Placeholder nextPlaceholder(const OdString& body, int from) {
+  const int name = body.find(kNamePlaceholder, from);
+  const int number = body.find(kNumberPlaceholder, from);
   if (name >= 0 && (number < 0 || name < number))
-    return {name, OdString(kNameMark).getLength(), true};
-  return {number, OdString(kNumberMark).getLength(), false};
+    return {name, OdString(kNamePlaceholder).getLength(), true};
+  return {number, OdString(kNumberPlaceholder).getLength(), false};
 }
 
 } // namespace
@@ -68,11 +68,12 @@ BoxCatalogue::BoxCatalogue(morvane::MessageBoxes& boxes) {
     Known known{entry.id, seen.caption, {}, {}};
     int from = 0;
     int names = 0;
-    for (Mark mark = nextMark(seen.body, 0); mark.at >= 0; mark = nextMark(seen.body, from)) {
-      known.literals.push_back(seen.body.mid(from, mark.at - from));
-      known.marks.push_back(mark.isName ? 0 : names);
-      names = mark.isName ? 1 : names;
-      from = mark.at + mark.length;
+    for (Placeholder placeholder = nextPlaceholder(seen.body, 0); placeholder.at >= 0;
+         placeholder = nextPlaceholder(seen.body, from)) {
+      known.literals.push_back(seen.body.mid(from, placeholder.at - from));
+      known.parameterOf.push_back(placeholder.isName ? 0 : names);
+      names = placeholder.isName ? 1 : names;
+      from = placeholder.at + placeholder.length;
     }
     known.literals.push_back(seen.body.mid(from));
     known_.push_back(std::move(known));
@@ -90,7 +91,7 @@ std::optional<std::vector<OdString>> BoxCatalogue::parametersOf(const Known& kno
     const int place = at == 0 ? 0 : isLast ? body.getLength() - tail.getLength() : body.find(literal, from);
     if (place < from || body.mid(place, literal.getLength()) != literal || (at == 0 && isLast && body != literal))
       return std::nullopt;
-    if (at > 0 && static_cast<std::size_t>(known.marks[at - 1]) == parameters.size())
+    if (at > 0 && static_cast<std::size_t>(known.parameterOf[at - 1]) == parameters.size())
       parameters.push_back(body.mid(from, place - from));
     from = place + literal.getLength();
   }

@@ -28,7 +28,7 @@ private:
     std::string id;
     OdString caption;
     std::vector<OdString> literals; // of the body, around its marks
-    std::vector<int> marks;         // which parameter stands between them
+    std::vector<int> parameterOf;   // which parameter stands between them
   };
   static std::optional<std::vector<OdString>> parametersOf(const Known& known, const OdString& body);
   std::vector<Known> known_;

@@ -16,7 +16,7 @@ OdDbObjectId dynamicBlockDataOf(OdDbObjectId block) {
   return lives(entry) ? entry : OdDbObjectId();
 }
 
-void copyMarks(const OdDbBlockTableRecord& from, OdDbBlockTableRecord& to) {
+void copyBlockProperties(const OdDbBlockTableRecord& from, OdDbBlockTableRecord& to) {
   to.setBlockScaling(from.blockScaling());
   to.setComments(from.comments());
   for (const wchar_t* application : {L"AcadAnnotative", L"AcadAnnoPO", L"AcDbDynamicBlockGUID"}) {

@@ -11,6 +11,6 @@ OdDbObjectId dynamicBlockDataOf(OdDbObjectId block); // that entry; null when th
 
 // Scaling, description, annotative properties and the identity of a dynamic block. The true name of a dynamic block
 // stays behind: the copy has a name of its own.
-void copyMarks(const OdDbBlockTableRecord& from, OdDbBlockTableRecord& to);
+void copyBlockProperties(const OdDbBlockTableRecord& from, OdDbBlockTableRecord& to);
 
 } // namespace drawing

@@ -272,7 +272,7 @@ OdDbObjectId OdDbDatabase::insert(const OdString& blockName, OdDbDatabase* sourc
   for (OdDbObjectId id : before)
     eraseIfAlive(id);
   if (isNew)
-    drawing::copyMarks(*space, *record);
+    drawing::copyBlockProperties(*space, *record);
   else
     dropContentsData(*record, data);
   record->setOrigin(source->getINSBASE());

@@ -126,7 +126,7 @@ OdDbDatabasePtr wblockBlock(OdDbObjectId block, const std::string& path) {
     return made;
   auto* space = peekAs<OdDbBlockTableRecord>(made->getModelSpaceId());
   const WriteScope scope(*space);
-  copyMarks(*record, *space);
+  copyBlockProperties(*record, *space);
   space->setExplodable(record->explodable());
   space->setBlockInsertUnits(record->blockInsertUnits());
   made->setINSUNITS(record->blockInsertUnits());

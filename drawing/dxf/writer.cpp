@@ -157,12 +157,12 @@ void Writer::table(OdDb::SymbolTableKind kind) {
   RecordWriter(preamble).preamble(table, false);
   preamble.writeTo(sink_, 1, preamble.size() - 1);
   const GroupList* unmodelled = table.unmodelledGroupsOrNull();
-  const bool marked = unmodelled != nullptr && !unmodelled->empty() && (*unmodelled)[0].code == 100 &&
-                      unmodelled->textOf((*unmodelled)[0]) == "AcDbSymbolTable";
+  const bool hasMarker = unmodelled != nullptr && !unmodelled->empty() && (*unmodelled)[0].code == 100 &&
+                         unmodelled->textOf((*unmodelled)[0]) == "AcDbSymbolTable";
   sink_.utf8(100, "AcDbSymbolTable");
   sink_.integer(70, static_cast<std::int64_t>(records.size()));
   if (unmodelled != nullptr)
-    unmodelled->writeTo(sink_, marked ? 1 : 0, unmodelled->size() - (marked ? 1 : 0));
+    unmodelled->writeTo(sink_, hasMarker ? 1 : 0, unmodelled->size() - (hasMarker ? 1 : 0));
   writer.xData(table);
   for (const OdDbObject* record : records)
     writer.whole(*record);

@@ -54,8 +54,8 @@ private:
       return fill(item);
     case ItemKind::Letters:
       return letters(item);
-    case ItemKind::Mark:
-      return mark(list_.marks[item.first], pen);
+    case ItemKind::kPointSymbol:
+      return pointSymbol(list_.pointSymbols[item.first], pen);
     case ItemKind::HalfLine:
     case ItemKind::FullLine:
       return endless(item, pen);
@@ -141,31 +141,31 @@ private:
   }
 
   // Signs: a dot, nothing, plus, cross, tick; and around it a circle (32), a square (64) or both.
-  void mark(const Mark& mark, const Pen& pen) {
-    const OdGePoint2d at = device_.at(mark.at);
+  void pointSymbol(const PointSymbol& symbol, const Pen& pen) {
+    const OdGePoint2d at = device_.at(symbol.at);
     if (!device_.contains(at))
       return;
-    const double share = mark.size == 0 ? 5 : -mark.size;
-    const double half = (mark.size > 0 ? mark.size * view_.scale : view_.height * share / 100) / 2;
+    const double share = symbol.size == 0 ? 5 : -symbol.size;
+    const double half = (symbol.size > 0 ? symbol.size * view_.scale : view_.height * share / 100) / 2;
     setWidth(pen);
     cairo_new_path(context_);
-    const int sign = mark.mode & 31;
-    if (sign == 0) {
+    const int figures = symbol.mode & 31;
+    if (figures == 0) {
       cairo_move_to(context_, at.x, at.y);
       cairo_line_to(context_, at.x, at.y);
     } else {
-      addSign(at, half, sign);
+      addFigure(at, half, figures);
     }
-    if ((mark.mode & 32) != 0) {
+    if ((symbol.mode & 32) != 0) {
       cairo_new_sub_path(context_);
       cairo_arc(context_, at.x, at.y, half, 0, 2 * 3.14159265358979323846);
     }
-    if ((mark.mode & 64) != 0)
+    if ((symbol.mode & 64) != 0)
       cairo_rectangle(context_, at.x - half, at.y - half, 2 * half, 2 * half);
     cairo_stroke(context_);
   }
 
-  void addSign(const OdGePoint2d& at, double half, int sign) {
+  void addFigure(const OdGePoint2d& at, double half, int figure) {
     struct Way {
       int sign;
       double x, y, toX, toY;
@@ -173,7 +173,7 @@ private:
     constexpr Way kWays[] = {
         {2, -2, 0, 2, 0}, {2, 0, -2, 0, 2}, {3, -2, -2, 2, 2}, {3, -2, 2, 2, -2}, {4, 0, 0, 0, -1}};
     for (const Way& way : kWays) {
-      if (way.sign != sign)
+      if (way.sign != figure)
         continue;
       cairo_move_to(context_, at.x + way.x * half, at.y + way.y * half);
       cairo_line_to(context_, at.x + way.toX * half, at.y + way.toY * half);

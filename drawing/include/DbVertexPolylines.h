@@ -139,8 +139,8 @@ protected:
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
   // Description of the groups that all owners have, group 66 ("vertices follow") among them.
   static drawing::SubclassLayout ownerSubclass(const char* marker);
-  static bool readFollowMark(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
-  static void writeFollowMark(const OdDbObject& object, drawing::GroupSink& sink);
+  static bool readFollowFlag(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
+  static void writeFollowFlag(const OdDbObject& object, drawing::GroupSink& sink);
 
   OdGePoint3d origin_; // 2D polylines: 0, 0 and the elevation; without meaning for others
   std::int16_t flags_ = 0;

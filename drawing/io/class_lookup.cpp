@@ -61,14 +61,14 @@ OdRxClass* chooseInsert(Groups groups) {
 }
 
 // The class whose own marker the record holds.
-struct Marked {
+struct ClassOfMarker {
   std::string_view marker;
   OdRxClass* (*descriptor)();
 };
 
 template <std::size_t Count>
-OdRxClass* byMarker(Groups groups, const Marked (&classes)[Count]) {
-  for (const Marked& one : classes) {
+OdRxClass* byMarker(Groups groups, const ClassOfMarker (&classes)[Count]) {
+  for (const ClassOfMarker& one : classes) {
     if (hasMarker(groups, one.marker))
       return one.descriptor();
   }
@@ -92,41 +92,41 @@ OdRxClass* byFlags(Groups groups, const Flagged (&classes)[Count]) {
 }
 
 OdRxClass* choosePolyline(Groups groups) {
-  static constexpr Marked kMarked[] = {{"AcDb2dPolyline", OdDb2dPolyline::desc},
-                                       {"AcDb3dPolyline", OdDb3dPolyline::desc},
-                                       {"AcDbPolygonMesh", OdDbPolygonMesh::desc},
-                                       {"AcDbPolyFaceMesh", OdDbPolyFaceMesh::desc}};
+  static constexpr ClassOfMarker kClassOfMarker[] = {{"AcDb2dPolyline", OdDb2dPolyline::desc},
+                                                     {"AcDb3dPolyline", OdDb3dPolyline::desc},
+                                                     {"AcDbPolygonMesh", OdDbPolygonMesh::desc},
+                                                     {"AcDbPolyFaceMesh", OdDbPolyFaceMesh::desc}};
   static constexpr Flagged kFlagged[] = {
       {64, OdDbPolyFaceMesh::desc}, {16, OdDbPolygonMesh::desc}, {8, OdDb3dPolyline::desc}, {0, OdDb2dPolyline::desc}};
-  OdRxClass* marked = byMarker(groups, kMarked);
-  return marked != nullptr ? marked : byFlags(groups, kFlagged);
+  OdRxClass* chosen = byMarker(groups, kClassOfMarker);
+  return chosen != nullptr ? chosen : byFlags(groups, kFlagged);
 }
 
 OdRxClass* chooseVertex(Groups groups) {
-  static constexpr Marked kMarked[] = {{"AcDb2dVertex", OdDb2dVertex::desc},
-                                       {"AcDb3dPolylineVertex", OdDb3dPolylineVertex::desc},
-                                       {"AcDbPolygonMeshVertex", OdDbPolygonMeshVertex::desc},
-                                       {"AcDbPolyFaceMeshVertex", OdDbPolyFaceMeshVertex::desc},
-                                       {"AcDbFaceRecord", OdDbFaceRecord::desc}};
+  static constexpr ClassOfMarker kClassOfMarker[] = {{"AcDb2dVertex", OdDb2dVertex::desc},
+                                                     {"AcDb3dPolylineVertex", OdDb3dPolylineVertex::desc},
+                                                     {"AcDbPolygonMeshVertex", OdDbPolygonMeshVertex::desc},
+                                                     {"AcDbPolyFaceMeshVertex", OdDbPolyFaceMeshVertex::desc},
+                                                     {"AcDbFaceRecord", OdDbFaceRecord::desc}};
   static constexpr Flagged kFlagged[] = {{64 + 128, OdDbPolyFaceMeshVertex::desc},
                                          {128, OdDbFaceRecord::desc},
                                          {64, OdDbPolygonMeshVertex::desc},
                                          {32, OdDb3dPolylineVertex::desc},
                                          {0, OdDb2dVertex::desc}};
-  OdRxClass* marked = byMarker(groups, kMarked);
-  return marked != nullptr ? marked : byFlags(groups, kFlagged);
+  OdRxClass* chosen = byMarker(groups, kClassOfMarker);
+  return chosen != nullptr ? chosen : byFlags(groups, kFlagged);
 }
 
 OdRxClass* chooseDimension(Groups groups) {
-  static constexpr Marked kMarked[] = {{"AcDbRotatedDimension", OdDbRotatedDimension::desc},
-                                       {"AcDbAlignedDimension", OdDbAlignedDimension::desc},
-                                       {"AcDb2LineAngularDimension", OdDb2LineAngularDimension::desc},
-                                       {"AcDb3PointAngularDimension", OdDb3PointAngularDimension::desc},
-                                       {"AcDbRadialDimension", OdDbRadialDimension::desc},
-                                       {"AcDbDiametricDimension", OdDbDiametricDimension::desc},
-                                       {"AcDbOrdinateDimension", OdDbOrdinateDimension::desc}};
-  if (OdRxClass* marked = byMarker(groups, kMarked))
-    return marked;
+  static constexpr ClassOfMarker kClassOfMarker[] = {{"AcDbRotatedDimension", OdDbRotatedDimension::desc},
+                                                     {"AcDbAlignedDimension", OdDbAlignedDimension::desc},
+                                                     {"AcDb2LineAngularDimension", OdDb2LineAngularDimension::desc},
+                                                     {"AcDb3PointAngularDimension", OdDb3PointAngularDimension::desc},
+                                                     {"AcDbRadialDimension", OdDbRadialDimension::desc},
+                                                     {"AcDbDiametricDimension", OdDbDiametricDimension::desc},
+                                                     {"AcDbOrdinateDimension", OdDbOrdinateDimension::desc}};
+  if (OdRxClass* chosen = byMarker(groups, kClassOfMarker))
+    return chosen;
   using Descriptor = OdRxClass* (*)();
   static constexpr Descriptor kByType[] = {OdDbRotatedDimension::desc,      OdDbAlignedDimension::desc,
                                            OdDb2LineAngularDimension::desc, OdDbDiametricDimension::desc,

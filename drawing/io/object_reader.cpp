@@ -205,22 +205,22 @@ void ObjectReader::fillSubclasses(const Record& record, std::size_t from, OdDbOb
   std::size_t i = from;
   GroupList* unmodelled = nullptr;
   while (i < xData) {
-    const bool marked = record[i].code == 100;
-    const std::string_view marker = marked ? record[i].text : std::string_view();
-    const std::size_t match = marked ? findSubclass(subclasses, marker, nextSubclass) : subclasses.size();
+    const bool hasMarker = record[i].code == 100;
+    const std::string_view marker = hasMarker ? record[i].text : std::string_view();
+    const std::size_t match = hasMarker ? findSubclass(subclasses, marker, nextSubclass) : subclasses.size();
     const bool known = match < subclasses.size();
     nextSubclass = known ? match + 1 : nextSubclass;
     const bool isCommon = isEntity && known && subclasses[match] == &commonSubclass();
     SubclassReader own(object, known ? *subclasses[match] : none, context_);
     const bool forSecond = secondSubclass != nullptr && marker == secondSubclass->marker;
     SubclassReader other(forSecond ? *second : object, forSecond ? *secondSubclass : none, context_);
-    bool takesCommon = isEntity && (known || !marked);
-    bool markerAppended = !marked; // whether the carried groups of this section have their marker yet
-    if (marked && !known) {
+    bool takesCommon = isEntity && (known || !hasMarker);
+    bool markerAppended = !hasMarker; // whether the carried groups of this section have their marker yet
+    if (hasMarker && !known) {
       context_.append(object.extrasForLoad().unmodelledGroups, record[i]);
       markerAppended = true;
     }
-    for (i += marked ? 1 : 0; i < xData && record[i].code != 100; ++i) {
+    for (i += hasMarker ? 1 : 0; i < xData && record[i].code != 100; ++i) {
       if (record[i].code == 66 && isEntity)
         facts.attributesFollow = true;
       takesCommon = takesCommon && record[i].code != 101; // an embedded object has groups of its own

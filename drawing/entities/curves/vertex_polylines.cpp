@@ -19,19 +19,19 @@ ODDB_DEFINE_MEMBERS(OdDbPolyFaceMesh, OdDbVertexOwner, "POLYLINE");
 ODDB_DEFINE_MEMBERS(OdDb2dPolyline, OdDbVertexOwner, "POLYLINE");
 
 // That vertices follow is told by a mark, which needs no place in memory.
-bool OdDbVertexOwner::readFollowMark(OdDbObject&, const drawing::RawGroup& group, drawing::LoadContext&) {
+bool OdDbVertexOwner::readFollowFlag(OdDbObject&, const drawing::RawGroup& group, drawing::LoadContext&) {
   return group.code == 66;
 }
 
-void OdDbVertexOwner::writeFollowMark(const OdDbObject&, drawing::GroupSink& sink) {
+void OdDbVertexOwner::writeFollowFlag(const OdDbObject&, drawing::GroupSink& sink) {
   sink.integer(66, 1);
 }
 
 drawing::SubclassLayout OdDbVertexOwner::ownerSubclass(const char* marker) {
   return {marker,
           {field<&OdDbVertexOwner::origin_>(10), field<&OdDbVertexOwner::flags_>(70).unless(0)},
-          readFollowMark,
-          writeFollowMark,
+          readFollowFlag,
+          writeFollowFlag,
           true};
 }
 

@@ -57,9 +57,9 @@ void Canvas::fill(const std::vector<Path>& rings, Color color) {
   list_.fill(flat, color, place_.clip);
 }
 
-void Canvas::mark(const OdGePoint3d& at, int mode, double size) {
+void Canvas::pointSymbol(const OdGePoint3d& at, int mode, double size) {
   if (!isOff_)
-    list_.mark({project(at), mode, size > 0 ? size * scale_ : size}, pen(), place_.clip);
+    list_.pointSymbol({project(at), mode, size > 0 ? size * scale_ : size}, pen(), place_.clip);
 }
 
 void Canvas::endless(const OdGePoint3d& from, const OdGePoint3d& through, bool bothWays) {

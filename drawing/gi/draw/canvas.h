@@ -57,7 +57,7 @@ public:
   void line(const OdGePoint3d& from, const OdGePoint3d& to) { stroke({from, to}); }
   void fill(const std::vector<Path>& rings) { fill(rings, traits_.color); }
   void fill(const std::vector<Path>& rings, Color color);
-  void mark(const OdGePoint3d& at, int mode, double size);
+  void pointSymbol(const OdGePoint3d& at, int mode, double size);
   void endless(const OdGePoint3d& from, const OdGePoint3d& through, bool bothWays);
   // `toBlock` takes heights of capitals to the block's coordinates.
   void text(const Shaped& shaped, const OdGeMatrix3d& toBlock, Color color);

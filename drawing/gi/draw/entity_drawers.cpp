@@ -36,7 +36,7 @@ void drawLine(const OdDbLine& line, Canvas& canvas) {
 
 void drawPoint(const OdDbPoint& point, Canvas& canvas) {
   const OdDbDatabase& drawing = canvas.database();
-  canvas.mark(point.position(), static_cast<int>(drawing.headerInt("PDMODE")), drawing.headerReal("PDSIZE"));
+  canvas.pointSymbol(point.position(), static_cast<int>(drawing.headerInt("PDMODE")), drawing.headerReal("PDSIZE"));
 }
 
 void drawCircle(const OdDbCircle& circle, Canvas& canvas) {

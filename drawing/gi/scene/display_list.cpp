@@ -118,16 +118,16 @@ void DisplayList::addLetters(const std::vector<PlacedOutline>& placed, const Box
   add(ItemKind::Letters, pen, clip, first, letters.size());
 }
 
-void DisplayList::mark(const Mark& mark, const Pen& pen, std::int32_t clip) {
-  if (!isFinite(mark.at))
+void DisplayList::pointSymbol(const PointSymbol& symbol, const Pen& pen, std::int32_t clip) {
+  if (!isFinite(symbol.at))
     return;
   Box box;
-  const double half = std::max(mark.size, 0.0) / 2;
-  box.add({mark.at.x - half, mark.at.y - half});
-  box.add({mark.at.x + half, mark.at.y + half});
+  const double half = std::max(symbol.size, 0.0) / 2;
+  box.add({symbol.at.x - half, symbol.at.y - half});
+  box.add({symbol.at.x + half, symbol.at.y + half});
   grow(box, clip);
-  marks.push_back(mark);
-  add(ItemKind::Mark, pen, clip, marks.size() - 1, marks.size());
+  pointSymbols.push_back(symbol);
+  add(ItemKind::kPointSymbol, pen, clip, pointSymbols.size() - 1, pointSymbols.size());
 }
 
 void DisplayList::endless(const OdGePoint2d& from, const OdGePoint2d& through, bool bothWays, const Pen& pen,

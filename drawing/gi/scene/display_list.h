@@ -45,7 +45,7 @@ struct PlacedOutline {
 };
 
 // The sign of a point. A size of 0 or below is a share of the picture's height in hundredths (0: five).
-struct Mark {
+struct PointSymbol {
   OdGePoint2d at;
   int mode = 0;
   double size = 0;
@@ -55,7 +55,7 @@ enum class ItemKind : std::uint8_t {
   Stroke, // points first .. end - 1
   Fill,   // rings first .. end - 1; inside is what an odd number of them encloses
   Letters,
-  Mark,
+  kPointSymbol,
   HalfLine, // two points: from the first through the second and on
   FullLine  // the same to both sides
 };
@@ -85,7 +85,7 @@ public:
   std::vector<OdGePoint2d> points;
   std::vector<Ring> rings;
   std::vector<PlacedOutline> letters;
-  std::vector<Mark> marks;
+  std::vector<PointSymbol> pointSymbols;
   std::vector<Pen> pens;
   std::vector<Clip> clips;
   std::vector<Item> items;
@@ -100,7 +100,7 @@ public:
   void stroke(const std::vector<OdGePoint2d>& path, const Pen& pen, std::int32_t clip);
   void fill(const std::vector<std::vector<OdGePoint2d>>& outlines, Color color, std::int32_t clip);
   void addLetters(const std::vector<PlacedOutline>& placed, const Box& box, Color color, std::int32_t clip);
-  void mark(const Mark& mark, const Pen& pen, std::int32_t clip);
+  void pointSymbol(const PointSymbol& symbol, const Pen& pen, std::int32_t clip);
   void endless(const OdGePoint2d& from, const OdGePoint2d& through, bool bothWays, const Pen& pen, std::int32_t clip);
 
 private:

@@ -31,12 +31,12 @@ bool mayBreakBefore(wchar_t ch) {
 }
 
 // Letters of fonts with signs for tolerances. Where hardly any font has the very sign, one that looks like it.
-wchar_t toleranceSign(wchar_t letter) {
-  constexpr std::pair<wchar_t, wchar_t> kSigns[] = {
+wchar_t toleranceSymbol(wchar_t letter) {
+  constexpr std::pair<wchar_t, wchar_t> kSymbols[] = {
       {L'a', 0x2220}, {L'b', 0x22A5}, {L'c', 0x23E5}, {L'd', 0x2313}, {L'e', 0x25CB}, {L'f', 0x2225}, {L'g', 0x2298},
       {L'h', 0x2197}, {L'i', 0x2261}, {L'j', 0x2295}, {L'k', 0x2312}, {L'l', L'L'},   {L'm', L'M'},   {L'n', 0xD8},
       {L'p', L'P'},   {L'r', 0x25CE}, {L's', L'S'},   {L't', 0x21D7}, {L'u', 0x2014}};
-  for (const auto& [from, to] : kSigns) {
+  for (const auto& [from, to] : kSymbols) {
     if (from == letter)
       return to;
   }
@@ -233,7 +233,7 @@ private:
     else if (ch == L'\t')
       add(Word::Tab);
     else if (ch >= 32)
-      letter(isTolerance_ ? toleranceSign(ch) : ch);
+      letter(isTolerance_ ? toleranceSymbol(ch) : ch);
   }
 
   void letter(wchar_t ch) {

@@ -41,9 +41,9 @@ private:
       for (std::size_t at = item.first; at < item.end; ++at)
         addLetters(list_.letters[at]);
       return;
-    case ItemKind::Mark:
+    case ItemKind::kPointSymbol:
       for (std::size_t at = item.first; at < item.end; ++at)
-        addPoint(list_.marks[at].at);
+        addPoint(list_.pointSymbols[at].at);
       return;
     case ItemKind::HalfLine:
     case ItemKind::FullLine:

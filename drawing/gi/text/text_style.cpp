@@ -110,10 +110,10 @@ double obliqueOfStyle(OdDbObjectId style) {
 
 namespace {
 
-struct Sign {
-  wchar_t code, sign;
+struct ControlCode {
+  wchar_t code, character;
 };
-constexpr Sign kSigns[] = {{L'c', 0x2300}, {L'd', 0xB0}, {L'p', 0xB1}, {L'%', L'%'}};
+constexpr ControlCode kControlCodes[] = {{L'c', 0x2300}, {L'd', 0xB0}, {L'p', 0xB1}, {L'%', L'%'}};
 
 bool isDigit(wchar_t ch) {
   return ch >= L'0' && ch <= L'9';
@@ -137,9 +137,9 @@ private:
   // How many characters the code has; 0 when it is none.
   std::size_t code(std::wstring_view text) {
     const wchar_t letter = odLowerCase(text[0]);
-    for (const Sign& sign : kSigns) {
-      if (letter == sign.code) {
-        pieces_.back().text += sign.sign;
+    for (const ControlCode& control : kControlCodes) {
+      if (letter == control.code) {
+        pieces_.back().text += control.character;
         return 1;
       }
     }
