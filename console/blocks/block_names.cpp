@@ -72,7 +72,7 @@ void checkBlockName(Session& session, const OdString& name) {
     refuse(Text::kNameBeingEdited, {name});
 }
 
-void refuseForeign(const OdDbBlockTableRecord& block) {
+void refuseNonDefinition(const OdDbBlockTableRecord& block) {
   if (block.isLayout())
     refuse(Text::kNameOfSpace, {block.getName()});
   if (block.isFromExternalReference() || block.isDependent())

@@ -44,7 +44,7 @@ void checkBlockName(Session& session, const OdString& name);
 OdDbObjectId definitionOf(Session& session, const OdString& name);
 std::size_t referencesTo(OdDbObjectId block);
 // Refuses the blocks whose contents are not the drawing's definitions: spaces and external references.
-void refuseForeign(const OdDbBlockTableRecord& block);
+void refuseNonDefinition(const OdDbBlockTableRecord& block);
 
 // Runs inside a step that changes the drawing: whoever catches the Failure takes the step back.
 BlockMade makeBlock(Session& session, const BlockRequest& request);

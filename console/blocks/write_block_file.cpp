@@ -182,7 +182,7 @@ OdDbObjectId definitionToWrite(Session& session, const OdString& name) {
   const auto block = OdDbBlockTableRecord::cast(id.safeOpenObject());
   if (block.isNull())
     return {};
-  refuseForeign(*block);
+  refuseNonDefinition(*block);
   return id;
 }
 

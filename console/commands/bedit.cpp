@@ -14,7 +14,7 @@ void bedit(CommandContext& context) {
       OdDbBlockTableRecord::cast(definitionOf(context.session, name.value_or(OdString())).safeOpenObject());
   if (block.isNull())
     refuse(Text::kNoBlockToEdit, {name.value_or(OdString())});
-  refuseForeign(*block);
+  refuseNonDefinition(*block);
   if (block->isAnonymous()) // the picture of something else
     refuse(Text::kNameAnonymous, {block->getName()});
   openEditor(context, block->objectId());

@@ -30,15 +30,15 @@ public:
   void visit(OdDbObjectId& id, OdDb::ReferenceType type) override {
     if (id.isNull())
       return;
-    const bool isForeign = id.database() != &database_;
+    const bool isOfOtherDrawing = id.database() != &database_;
     // A soft pointer to what was erased is how drawings forget; the others hold what they name.
-    const bool isDangling = !isForeign && !lives(id) && type != OdDb::kSoftPointerRef;
-    foreign += isForeign ? 1 : 0;
+    const bool isDangling = !isOfOtherDrawing && !lives(id) && type != OdDb::kSoftPointerRef;
+    ofOtherDrawing += isOfOtherDrawing ? 1 : 0;
     dangling += isDangling ? 1 : 0;
-    if (cut_ && (isForeign || isDangling))
+    if (cut_ && (isOfOtherDrawing || isDangling))
       id.setNull();
   }
-  int dangling = 0, foreign = 0;
+  int dangling = 0, ofOtherDrawing = 0;
 
 private:
   const OdDbDatabase& database_;
@@ -204,13 +204,13 @@ private:
     BrokenReferences broken(database_);
     object.visitReferences(broken); // only reads: visit changes nothing
     const int dangling = broken.dangling - std::exchange(deadEntries_, 0) - erasedParts(object);
-    if (broken.foreign != 0)
+    if (broken.ofOtherDrawing != 0)
       addIssue("audit.reference-to-other-drawing", Severity::Lost, object, "it refers to an object of another drawing",
                "the reference is cut");
     if (dangling > 0)
       addIssue("audit.reference-to-nothing", Severity::Note, object,
                "it refers to " + std::to_string(dangling) + " objects that do not exist", "the references are cut");
-    if (!fix_ || dangling + broken.foreign == 0)
+    if (!fix_ || dangling + broken.ofOtherDrawing == 0)
       return;
     const WriteScope scope(object);
     object.assertWriteEnabled();
