@@ -17,7 +17,7 @@ namespace console {
 namespace {
 
 // Letters of a dimension that were level in the UCS are level in the file.
-void turnLetters(OdDbEntity& entity, const OdGeMatrix3d& frame) {
+void rotateText(OdDbEntity& entity, const OdGeMatrix3d& frame) {
   constexpr double kFullTurn = 6.283185307179586;
   const OdDbDimensionPtr dimension = OdDbDimension::cast(&entity);
   if (dimension.isNull())
@@ -32,7 +32,7 @@ void turnLetters(OdDbEntity& entity, const OdGeMatrix3d& frame) {
 bool moveBy(OdDbEntity& entity, const OdGeMatrix3d& toBase, const OdGeMatrix3d& frame) {
   if (entity.transformBy(toBase) != eOk)
     return false;
-  turnLetters(entity, frame);
+  rotateText(entity, frame);
   return true;
 }
 

@@ -468,7 +468,7 @@ constexpr Word kWords[] = {
     Word{Text::kNotDrawnDocument, "preview.document", L"only the frame of the document is drawn"},
     Word{Text::kNotDrawnFinePattern, "preview.fine-pattern", L"the pattern is too fine and drawn as a tint"},
     Word{Text::kNotDrawnKind, "preview.kind", L"nobody here knows the kind"},
-    Word{Text::kNotDrawnLetters, "preview.letters", L"no font has some of the letters"},
+    Word{Text::kNotDrawnGlyphs, "preview.letters", L"no font has some of the letters"},
     Word{Text::kNotDrawnNoBlock, "preview.no-block", L"the block that it shows is not there"},
     Word{Text::kNotDrawnNoPicture, "preview.no-picture",
          L"the drawing holds no picture of it; a plain one is drawn where its kind has one"},

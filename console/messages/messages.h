@@ -423,7 +423,7 @@ enum class Text : unsigned short {
   kNotDrawnDocument,
   kNotDrawnFinePattern,
   kNotDrawnKind,
-  kNotDrawnLetters,
+  kNotDrawnGlyphs,
   kNotDrawnNoBlock,
   kNotDrawnNoPicture,
   kNotDrawnPage,

@@ -52,8 +52,8 @@ private:
       return stroke(item, pen);
     case ItemKind::Fill:
       return fill(item);
-    case ItemKind::Letters:
-      return letters(item);
+    case ItemKind::kGlyphs:
+      return glyphs(item);
     case ItemKind::kPointSymbol:
       return pointSymbol(list_.pointSymbols[item.first], pen);
     case ItemKind::HalfLine:
@@ -125,14 +125,14 @@ private:
     cairo_fill(context_);
   }
 
-  void letters(const Item& item) {
+  void glyphs(const Item& item) {
     cairo_new_path(context_);
     for (std::size_t i = item.first; i < item.end; ++i) {
-      const PlacedOutline& letter = list_.letters[i];
-      for (const std::vector<OdGePoint2d>& ring : *letter.outline) {
+      const PlacedOutline& glyph = list_.glyphs[i];
+      for (const std::vector<OdGePoint2d>& ring : *glyph.outline) {
         path_.clear();
         for (const OdGePoint2d& point : ring)
-          path_.push_back(device_.at(letter.place * point));
+          path_.push_back(device_.at(glyph.place * point));
         addRing(context_, device_.inside(path_));
       }
     }

@@ -108,7 +108,7 @@ void Walk::draw(OdDbObjectId id, const Place& place) {
   const Drawer drawer = drawerOf(*entity);
   if (drawer == nullptr)
     return addNotDrawn(*entity, "kind");
-  Canvas canvas(list_, looks_, letters_, place, *entity, traits);
+  Canvas canvas(list_, looks_, shaper_, place, *entity, traits);
   drawer(*entity, canvas);
   constexpr std::size_t kWorkOfStep = 16;
   report_.steps += canvas.work() / kWorkOfStep;

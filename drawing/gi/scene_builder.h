@@ -46,7 +46,7 @@ private:
 
   DisplayList& list_;
   Looks& looks_;
-  Letters letters_;
+  TextShaper shaper_;
   const PictureOptions& options_;
   PictureReport& report_;
   std::vector<Level> levels_;

@@ -17,9 +17,9 @@ double scaleOf(const OdGeMatrix3d& m) {
 
 } // namespace
 
-Canvas::Canvas(DisplayList& list, Looks& looks, Letters& letters, const Place& place, const OdDbEntity& entity,
+Canvas::Canvas(DisplayList& list, Looks& looks, TextShaper& shaper, const Place& place, const OdDbEntity& entity,
                const Traits& traits)
-    : list_(list), looks_(looks), letters_(letters), place_(place), entity_(entity), traits_(traits),
+    : list_(list), looks_(looks), shaper_(shaper), place_(place), entity_(entity), traits_(traits),
       scale_(scaleOf(place.toPicture)), isOff_(traits.layer->off) {}
 
 const OdDbDatabase& Canvas::database() const {
@@ -67,21 +67,21 @@ void Canvas::endless(const OdGePoint3d& from, const OdGePoint3d& through, bool b
     list_.endless(project(from), project(through), bothWays, pen(), place_.clip);
 }
 
-void Canvas::text(const Shaped& shaped, const OdGeMatrix3d& toBlock, Color color) {
+void Canvas::text(const ShapedText& shaped, const OdGeMatrix3d& toBlock, Color color) {
   if (isOff_ || !shaped.box.isValid())
     return;
   const OdGeMatrix3d m = place_.toPicture * toBlock;
   const Affine2d base{m(0, 0), m(1, 0), m(0, 1), m(1, 1), m(0, 3), m(1, 3)};
   std::vector<PlacedOutline> placed;
-  for (const Shaped::Letter& letter : shaped.letters) {
-    const OdGePoint2d origin = base * OdGePoint2d(letter.x, letter.y);
-    placed.push_back({letter.outline, {base.xx, base.yx, base.xy, base.yy, origin.x, origin.y}});
+  for (const ShapedText::Glyph& glyph : shaped.glyphs) {
+    const OdGePoint2d origin = base * OdGePoint2d(glyph.x, glyph.y);
+    placed.push_back({glyph.outline, {base.xx, base.yx, base.xy, base.yy, origin.x, origin.y}});
   }
   Box box;
   for (const double x : {shaped.box.minX, shaped.box.maxX})
     for (const double y : {shaped.box.minY, shaped.box.maxY})
       box.add(base * OdGePoint2d(x, y));
-  list_.addLetters(placed, box, color, place_.clip);
+  list_.addGlyphs(placed, box, color, place_.clip);
 }
 
 Inset& Canvas::show(OdDbObjectId block, const OdGeMatrix3d& matrix) {

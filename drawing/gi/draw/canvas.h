@@ -38,14 +38,14 @@ struct Inset {
 // An entity on a layer that is off puts nothing into the picture; blocks that it shows may.
 class Canvas {
 public:
-  Canvas(DisplayList& list, Looks& looks, Letters& letters, const Place& place, const OdDbEntity& entity,
+  Canvas(DisplayList& list, Looks& looks, TextShaper& shaper, const Place& place, const OdDbEntity& entity,
          const Traits& traits);
 
   const OdDbDatabase& database() const;
   const Place& place() const { return place_; }
   const Traits& traits() const { return traits_; }
   Looks& looks() { return looks_; }
-  Letters& letters() { return letters_; }
+  TextShaper& shaper() { return shaper_; }
   double scale() const { return scale_; } // of lengths, about
 
   OdGePoint2d project(const OdGePoint3d& point) const;
@@ -60,7 +60,7 @@ public:
   void pointSymbol(const OdGePoint3d& at, int mode, double size);
   void endless(const OdGePoint3d& from, const OdGePoint3d& through, bool bothWays);
   // `toBlock` takes heights of capitals to the block's coordinates.
-  void text(const Shaped& shaped, const OdGeMatrix3d& toBlock, Color color);
+  void text(const ShapedText& shaped, const OdGeMatrix3d& toBlock, Color color);
 
   // Has a block drawn behind this entity.
   Inset& show(OdDbObjectId block, const OdGeMatrix3d& matrix);
@@ -79,7 +79,7 @@ public:
 private:
   DisplayList& list_;
   Looks& looks_;
-  Letters& letters_;
+  TextShaper& shaper_;
   const Place& place_;
   const OdDbEntity& entity_;
   Traits traits_;

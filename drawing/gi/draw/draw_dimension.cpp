@@ -63,7 +63,7 @@ void drawDimensionText(const OdDbDimension& dimension, const DimensionLook& look
   box.attachment = 5;
   box.toBlock = OdGeMatrix3d::translation(dimension.textPosition().asVector()) *
                 OdGeMatrix3d::planeToWorld(dimension.normal()) * OdGeMatrix3d::rotation(angle, {0, 0, 1});
-  box.block = layOut(readMText(text.visible(), {look.font, look.textHeight, 1, 0, {}}), frame, canvas.letters());
+  box.block = layOut(readMText(text.visible(), {look.font, look.textHeight, 1, 0, {}}), frame, canvas.shaper());
   drawTextBox(box, canvas);
 }
 

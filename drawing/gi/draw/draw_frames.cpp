@@ -106,7 +106,7 @@ private:
   TextBlock shape(std::wstring_view cell) {
     Frame frame;
     frame.textHeight = height_;
-    return layOut(readMText(cell, {font_, height_, 1, 0, {}}), frame, canvas_.letters());
+    return layOut(readMText(cell, {font_, height_, 1, 0, {}}), frame, canvas_.shaper());
   }
 
   double drawCell(const TextBlock& block, double x, double top) {

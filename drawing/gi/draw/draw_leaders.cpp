@@ -93,10 +93,10 @@ void drawNote(const OdDbMLeader& leader, const GroupList& context, Canvas& canva
   const OdGeVector3d x = leader.textDirection().normal(), z = leader.normal().normal();
   box.toBlock = OdGeMatrix3d::coordSystem(leader.textLocation(), x, z.crossProduct(x), z);
   const OdDbObjectId style = rawReference(context, 340);
-  LetterLook look{fontOfStyle(style), leader.textHeight(), widthFactorOfStyle(style), obliqueOfStyle(style), {}};
+  CharFormat format{fontOfStyle(style), leader.textHeight(), widthFactorOfStyle(style), obliqueOfStyle(style), {}};
   if (const std::optional<OdCmColor> color = mleaderColor(rawInteger(context, 90)))
-    look.color = color;
-  box.block = layOut(readMText(leader.contents().visible(), look), frame, canvas.letters());
+    format.color = color;
+  box.block = layOut(readMText(leader.contents().visible(), format), frame, canvas.shaper());
   drawTextBox(box, canvas);
 }
 

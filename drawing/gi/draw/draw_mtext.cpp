@@ -87,10 +87,10 @@ void drawMText(const OdDbMText& text, Canvas& canvas) {
   const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(text.normal());
   box.toBlock = OdGeMatrix3d::translation(text.location().asVector()) * plane *
                 OdGeMatrix3d::rotation(text.rotation(), {0, 0, 1});
-  const LetterLook look{fontOfStyle(text.textStyle()), text.textHeight(), widthFactorOfStyle(text.textStyle()),
-                        obliqueOfStyle(text.textStyle()), std::nullopt};
+  const CharFormat format{fontOfStyle(text.textStyle()), text.textHeight(), widthFactorOfStyle(text.textStyle()),
+                          obliqueOfStyle(text.textStyle()), std::nullopt};
   canvas.charge(static_cast<std::size_t>(text.contents().getLength()));
-  box.block = layOut(readMText(text.contents().visible(), look), frame, canvas.letters());
+  box.block = layOut(readMText(text.contents().visible(), format), frame, canvas.shaper());
   drawBackground(text, box, canvas);
   drawTextBox(box, canvas);
 }

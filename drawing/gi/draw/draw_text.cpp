@@ -14,7 +14,7 @@ namespace {
 // The parts of a line with where each begins, in heights of a capital.
 struct TextLine {
   struct Part {
-    Shaped shaped;
+    ShapedText shaped;
     double x = 0, y = 0;
     Piece piece;
   };
@@ -23,7 +23,7 @@ struct TextLine {
 };
 
 void add(const Font& font, Piece piece, TextLine& line, Canvas& canvas) {
-  TextLine::Part part{canvas.letters().shape(font, piece.text), line.width, 0, {}};
+  TextLine::Part part{canvas.shaper().shape(font, piece.text), line.width, 0, {}};
   line.width += part.shaped.width;
   if (part.shaped.missing > 0)
     canvas.leaveOut("letters");
@@ -102,12 +102,12 @@ Fitting fit(const OdDbText& text, double width) {
 }
 
 OdGeMatrix3d textToBlock(const OdDbText& text, const Fitting& fitting) {
-  OdGeMatrix3d letters = OdGeMatrix3d::kIdentity;
-  letters(0, 0) = fitting.along * (text.isMirroredInX() ? -1 : 1);
-  letters(1, 1) = fitting.across * (text.isMirroredInY() ? -1 : 1);
-  letters(0, 1) = letters(1, 1) * std::tan(text.oblique());
+  OdGeMatrix3d glyphsToBlock = OdGeMatrix3d::kIdentity;
+  glyphsToBlock(0, 0) = fitting.along * (text.isMirroredInX() ? -1 : 1);
+  glyphsToBlock(1, 1) = fitting.across * (text.isMirroredInY() ? -1 : 1);
+  glyphsToBlock(0, 1) = glyphsToBlock(1, 1) * std::tan(text.oblique());
   return OdGeMatrix3d::planeToWorld(text.normal()) * OdGeMatrix3d::translation(fitting.base.asVector()) *
-         OdGeMatrix3d::rotation(fitting.rotation, {0, 0, 1}) * letters *
+         OdGeMatrix3d::rotation(fitting.rotation, {0, 0, 1}) * glyphsToBlock *
          OdGeMatrix3d::translation({fitting.x, fitting.y, 0});
 }
 

@@ -27,20 +27,21 @@ Path outlineOf(const TextBox& box, double margin) {
 void drawTextBox(const TextBox& box, Canvas& canvas) {
   const OdGeMatrix3d toBlock = box.toBlock * OdGeMatrix3d::translation(cornerOf(box));
   const Color own = canvas.traits().color;
-  const auto colorOf = [&](const LetterLook& look) {
-    return look.color ? canvas.looks().colorOf(*look.color, canvas.traits(), own) : own;
+  const auto colorOf = [&](const CharFormat& format) {
+    return format.color ? canvas.looks().colorOf(*format.color, canvas.traits(), own) : own;
   };
   for (const PlacedWord& word : box.block.words) {
-    OdGeMatrix3d letters = OdGeMatrix3d::kIdentity;
-    letters(0, 0) = word.look.height * word.look.widthFactor;
-    letters(1, 1) = word.look.height;
-    letters(0, 1) = word.look.height * std::tan(word.look.oblique);
-    canvas.text(word.shaped, toBlock * OdGeMatrix3d::translation({word.x, word.y, 0}) * letters, colorOf(word.look));
+    OdGeMatrix3d glyphsToBlock = OdGeMatrix3d::kIdentity;
+    glyphsToBlock(0, 0) = word.format.height * word.format.widthFactor;
+    glyphsToBlock(1, 1) = word.format.height;
+    glyphsToBlock(0, 1) = word.format.height * std::tan(word.format.oblique);
+    canvas.text(word.shaped, toBlock * OdGeMatrix3d::translation({word.x, word.y, 0}) * glyphsToBlock,
+                colorOf(word.format));
   }
   for (const Bar& bar : box.block.bars) {
     Pen pen = canvas.pen();
     pen.pattern = nullptr;
-    pen.color = colorOf(bar.look);
+    pen.color = colorOf(bar.format);
     canvas.stroke({toBlock * OdGePoint3d(bar.x, bar.y, 0), toBlock * OdGePoint3d(bar.toX, bar.toY, 0)}, false, pen);
   }
   if (box.block.missing > 0)

@@ -107,15 +107,15 @@ void DisplayList::fill(const std::vector<std::vector<OdGePoint2d>>& outlines, Co
   add(ItemKind::Fill, pen, clip, first, rings.size());
 }
 
-void DisplayList::addLetters(const std::vector<PlacedOutline>& placed, const Box& box, Color color, std::int32_t clip) {
+void DisplayList::addGlyphs(const std::vector<PlacedOutline>& placed, const Box& box, Color color, std::int32_t clip) {
   if (placed.empty() || !isFinite({box.minX, box.minY}) || !isFinite({box.maxX, box.maxY}))
     return;
-  const std::size_t first = letters.size();
-  letters.insert(letters.end(), placed.begin(), placed.end());
+  const std::size_t first = glyphs.size();
+  glyphs.insert(glyphs.end(), placed.begin(), placed.end());
   grow(box, clip);
   Pen pen;
   pen.color = color;
-  add(ItemKind::Letters, pen, clip, first, letters.size());
+  add(ItemKind::kGlyphs, pen, clip, first, glyphs.size());
 }
 
 void DisplayList::pointSymbol(const PointSymbol& symbol, const Pen& pen, std::int32_t clip) {

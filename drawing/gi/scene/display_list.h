@@ -54,7 +54,7 @@ struct PointSymbol {
 enum class ItemKind : std::uint8_t {
   Stroke, // points first .. end - 1
   Fill,   // rings first .. end - 1; inside is what an odd number of them encloses
-  Letters,
+  kGlyphs,
   kPointSymbol,
   HalfLine, // two points: from the first through the second and on
   FullLine  // the same to both sides
@@ -84,7 +84,7 @@ class DisplayList {
 public:
   std::vector<OdGePoint2d> points;
   std::vector<Ring> rings;
-  std::vector<PlacedOutline> letters;
+  std::vector<PlacedOutline> glyphs;
   std::vector<PointSymbol> pointSymbols;
   std::vector<Pen> pens;
   std::vector<Clip> clips;
@@ -94,12 +94,12 @@ public:
 
   std::int32_t addClip(std::int32_t parent, std::vector<OdGePoint2d> polygon, bool inverted);
   bool showsNothing(std::int32_t clip) const;
-  std::size_t size() const { return points.size() + letters.size() + clipPoints_; } // what memory goes with
+  std::size_t size() const { return points.size() + glyphs.size() + clipPoints_; } // what memory goes with
 
   // Points that are not finite end the stroke; lists of less than one point add nothing.
   void stroke(const std::vector<OdGePoint2d>& path, const Pen& pen, std::int32_t clip);
   void fill(const std::vector<std::vector<OdGePoint2d>>& outlines, Color color, std::int32_t clip);
-  void addLetters(const std::vector<PlacedOutline>& placed, const Box& box, Color color, std::int32_t clip);
+  void addGlyphs(const std::vector<PlacedOutline>& placed, const Box& box, Color color, std::int32_t clip);
   void pointSymbol(const PointSymbol& symbol, const Pen& pen, std::int32_t clip);
   void endless(const OdGePoint2d& from, const OdGePoint2d& through, bool bothWays, const Pen& pen, std::int32_t clip);
 

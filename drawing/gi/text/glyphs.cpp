@@ -99,7 +99,7 @@ Box boxOf(const Outline& outline) {
 
 } // namespace
 
-struct Letters::Engine {
+struct TextShaper::Engine {
   struct Glyph {
     std::shared_ptr<const Outline> outline;
     Box box;
@@ -133,11 +133,11 @@ struct Letters::Engine {
     const auto found = capitals.find(key);
     if (found != capitals.end())
       return found->second;
-    Shaped letter;
-    run(font, "H", 1, letter);
+    ShapedText glyph;
+    run(font, "H", 1, glyph);
     double height = 0;
-    if (!letter.letters.empty())
-      height = boxOf(*letter.letters[0].outline).maxY;
+    if (!glyph.glyphs.empty())
+      height = boxOf(*glyph.glyphs[0].outline).maxY;
     // Outlines were taken in pixels; those of the text come in capitals.
     return capitals.emplace(key, height > 1 ? height : kSize * kUsualCapital).first->second;
   }
@@ -171,31 +171,31 @@ struct Letters::Engine {
     return slot;
   }
 
-  void addRun(const PangoGlyphItem& item, double unit, double& x, Shaped& shaped) {
+  void addRun(const PangoGlyphItem& item, double unit, double& x, ShapedText& shaped) {
     const double pixel = unit / PANGO_SCALE;
     for (int i = 0; i < item.glyphs->num_glyphs; ++i) {
       const PangoGlyphInfo& info = item.glyphs->glyphs[i];
       const double width = info.geometry.width * pixel;
-      Shaped::Letter letter{nullptr, x + info.geometry.x_offset * pixel, -info.geometry.y_offset * pixel};
+      ShapedText::Glyph glyph{nullptr, x + info.geometry.x_offset * pixel, -info.geometry.y_offset * pixel};
       x += width;
       if (info.glyph == PANGO_GLYPH_EMPTY)
         continue;
       if ((info.glyph & PANGO_GLYPH_UNKNOWN_FLAG) != 0) {
-        letter.outline = std::make_shared<Outline>(frame(width));
+        glyph.outline = std::make_shared<Outline>(frame(width));
         ++shaped.missing;
       } else {
-        letter.outline = scaled(item.item->analysis.font, info.glyph, unit);
+        glyph.outline = scaled(item.item->analysis.font, info.glyph, unit);
       }
-      if (letter.outline->empty())
+      if (glyph.outline->empty())
         continue;
-      const Box box = boxOf(*letter.outline);
-      shaped.box.add({box.minX + letter.x, box.minY + letter.y});
-      shaped.box.add({box.maxX + letter.x, box.maxY + letter.y});
-      shaped.letters.push_back(std::move(letter));
+      const Box box = boxOf(*glyph.outline);
+      shaped.box.add({box.minX + glyph.x, box.minY + glyph.y});
+      shaped.box.add({box.maxX + glyph.x, box.maxY + glyph.y});
+      shaped.glyphs.push_back(std::move(glyph));
     }
   }
 
-  void run(const Font& font, const std::string& utf8, double unit, Shaped& shaped) {
+  void run(const Font& font, const std::string& utf8, double unit, ShapedText& shaped) {
     const owned::Object<PangoLayout> layout(pango_layout_new(context.get()));
     const owned::Description description = describe(font);
     pango_layout_set_font_description(layout.get(), description.get());
@@ -213,14 +213,14 @@ struct Letters::Engine {
   std::map<FontKey, double> capitals;
   std::map<GlyphKey, Glyph> glyphs;
   std::map<std::pair<GlyphKey, double>, std::shared_ptr<const Outline>> outlines;
-  std::unordered_map<std::string, Shaped> texts;
+  std::unordered_map<std::string, ShapedText> texts;
   std::size_t kept = 0; // letters in them
 };
 
-Letters::Letters() : engine_(std::make_unique<Engine>()) {}
-Letters::~Letters() = default;
+TextShaper::TextShaper() : engine_(std::make_unique<Engine>()) {}
+TextShaper::~TextShaper() = default;
 
-const Shaped& Letters::shape(const Font& font, std::wstring_view text) {
+const ShapedText& TextShaper::shape(const Font& font, std::wstring_view text) {
   const std::string utf8 = lineOf(text.substr(0, kLongestText));
   std::string key = font.family;
   key += font.bold ? "\1" : "\2";
@@ -229,13 +229,13 @@ const Shaped& Letters::shape(const Font& font, std::wstring_view text) {
   const auto found = engine_->texts.find(key);
   if (found != engine_->texts.end())
     return found->second;
-  Shaped shaped;
+  ShapedText shaped;
   engine_->run(font, utf8, 1 / engine_->capital(font), shaped);
   shaped.missing += text.size() - std::min(text.size(), kLongestText);
-  engine_->kept += shaped.letters.size() + 1;
+  engine_->kept += shaped.glyphs.size() + 1;
   if (engine_->kept > kMostKept) {
     engine_->texts.clear();
-    engine_->kept = shaped.letters.size() + 1;
+    engine_->kept = shaped.glyphs.size() + 1;
   }
   return engine_->texts.emplace(std::move(key), std::move(shaped)).first->second;
 }

@@ -19,26 +19,26 @@ struct Font {
 };
 
 // A run of letters on a base line from the origin on, in heights of a capital letter.
-struct Shaped {
-  struct Letter {
+struct ShapedText {
+  struct Glyph {
     std::shared_ptr<const Outline> outline; // never null
     double x = 0, y = 0;
   };
-  std::vector<Letter> letters; // blanks have none
-  double width = 0;            // how far the next run is
-  Box box;                     // of the outlines
-  std::size_t missing = 0;     // letters that no font has; each is an empty frame
+  std::vector<Glyph> glyphs; // blanks have none
+  double width = 0;          // how far the next run is
+  Box box;                   // of the outlines
+  std::size_t missing = 0;   // letters that no font has; each is an empty frame
 };
 
-class MVDRAWING_API Letters {
+class MVDRAWING_API TextShaper {
 public:
-  Letters();
-  ~Letters();
-  Letters(const Letters&) = delete;
-  Letters& operator=(const Letters&) = delete;
+  TextShaper();
+  ~TextShaper();
+  TextShaper(const TextShaper&) = delete;
+  TextShaper& operator=(const TextShaper&) = delete;
 
   // Control characters are blanks. The answer lives until the next call.
-  const Shaped& shape(const Font& font, std::wstring_view text);
+  const ShapedText& shape(const Font& font, std::wstring_view text);
 
 private:
   struct Engine;

@@ -14,13 +14,13 @@ constexpr double kTab = 4; // in heights of the text
 // A word that was measured, in a line.
 struct Measured {
   const Word* word;
-  Shaped upper, lower; // of a stack both
+  ShapedText upper, lower; // of a stack both
   double width = 0, x = 0;
 };
 
 struct Line {
   std::vector<Measured> words;
-  ParagraphLook paragraph;
+  ParagraphFormat paragraph;
   bool isFirst = true; // of its paragraph
   bool endsColumn = false;
   double width = 0, height = 0;
@@ -28,7 +28,7 @@ struct Line {
 
 class LineMaker {
 public:
-  LineMaker(const Frame& frame, Letters& letters) : frame_(frame), letters_(letters) {}
+  LineMaker(const Frame& frame, TextShaper& shaper) : frame_(frame), shaper_(shaper) {}
 
   std::vector<Line> make(const std::vector<Word>& words) {
     begin(true);
@@ -65,7 +65,7 @@ private:
       isSet_ = true;
     }
     if (line.words.empty())
-      line.height = word.look.height;
+      line.height = word.format.height;
   }
 
   double indent() const {
@@ -76,16 +76,16 @@ private:
 
   Measured measure(const Word& word) {
     Measured measured{&word, {}, {}, 0, 0};
-    const double unit = word.look.height * word.look.widthFactor;
+    const double unit = word.format.height * word.format.widthFactor;
     if (word.kind == Word::Tab) {
       const double step = kTab * frame_.textHeight;
       measured.width = (std::floor(std::max(x_, 0.0) / step + 1) * step) - std::max(x_, 0.0);
     } else if (word.kind == Word::Stack) {
-      measured.upper = letters_.shape(word.look.font, word.text);
-      measured.lower = letters_.shape(word.look.font, word.below);
+      measured.upper = shaper_.shape(word.format.font, word.text);
+      measured.lower = shaper_.shape(word.format.font, word.below);
       measured.width = std::max(measured.upper.width, measured.lower.width) * unit * kStackShare;
     } else {
-      measured.upper = letters_.shape(word.look.font, word.kind == Word::Blank ? L" " : word.text);
+      measured.upper = shaper_.shape(word.format.font, word.kind == Word::Blank ? L" " : word.text);
       measured.width = measured.upper.width * unit;
     }
     return measured;
@@ -104,12 +104,12 @@ private:
     Line& line = lines_.back();
     measured.x = x_;
     x_ += measured.width;
-    line.height = line.words.empty() ? word.look.height : std::max(line.height, word.look.height);
+    line.height = line.words.empty() ? word.format.height : std::max(line.height, word.format.height);
     line.words.push_back(std::move(measured));
   }
 
   static bool isGlue(const Measured& before, const Word& word) {
-    return before.word->kind == Word::Letters && word.kind == Word::Letters && &word == before.word + 1 &&
+    return before.word->kind == Word::kText && word.kind == Word::kText && &word == before.word + 1 &&
            !(before.word->text.back() >= 0x2E80 || word.text.front() >= 0x2E80);
   }
 
@@ -132,7 +132,7 @@ private:
     std::vector<Measured> moved(std::make_move_iterator(words.begin() + static_cast<std::ptrdiff_t>(keep)),
                                 std::make_move_iterator(words.end()));
     words.resize(keep, {nullptr, {}, {}, 0, 0});
-    const ParagraphLook paragraph = lines_.back().paragraph;
+    const ParagraphFormat paragraph = lines_.back().paragraph;
     finish();
     begin(false);
     lines_.back().paragraph = paragraph;
@@ -141,7 +141,7 @@ private:
     for (Measured& word : moved) {
       word.x = x_;
       x_ += word.width;
-      lines_.back().height = std::max(lines_.back().height, word.word->look.height);
+      lines_.back().height = std::max(lines_.back().height, word.word->format.height);
       lines_.back().words.push_back(std::move(word));
     }
   }
@@ -157,7 +157,7 @@ private:
   }
 
   const Frame& frame_;
-  Letters& letters_;
+  TextShaper& shaper_;
   std::vector<Line> lines_;
   double x_ = 0;
   bool isSet_ = false;
@@ -210,38 +210,38 @@ private:
     for (const Measured& measured : line.words) {
       if (measured.word->kind == Word::Stack)
         placeStack(measured, x + measured.x);
-      else if (measured.word->kind == Word::Letters)
-        put(measured.upper, measured.word->look, x + measured.x, y_);
+      else if (measured.word->kind == Word::kText)
+        put(measured.upper, measured.word->format, x + measured.x, y_);
       addBars(measured, x + measured.x);
     }
   }
 
-  void put(const Shaped& shaped, const LetterLook& look, double x, double y) {
+  void put(const ShapedText& shaped, const CharFormat& format, double x, double y) {
     block_.missing += shaped.missing;
-    if (!shaped.letters.empty())
-      block_.words.push_back({shaped, look, x, y});
+    if (!shaped.glyphs.empty())
+      block_.words.push_back({shaped, format, x, y});
   }
 
   void placeStack(const Measured& measured, double x) {
-    LetterLook small = measured.word->look;
+    CharFormat small = measured.word->format;
     const double height = small.height, unit = height * kStackShare * small.widthFactor;
     small.height *= kStackShare;
     const double room = measured.width;
     put(measured.upper, small, x + (room - measured.upper.width * unit) / 2, y_ + 0.65 * height);
     put(measured.lower, small, x + (room - measured.lower.width * unit) / 2, y_ - 0.35 * height);
     if (measured.word->hasBar)
-      block_.bars.push_back({x, y_ + height / 2, x + room, y_ + height / 2, measured.word->look});
+      block_.bars.push_back({x, y_ + height / 2, x + room, y_ + height / 2, measured.word->format});
   }
 
   void addBars(const Measured& measured, double x) {
-    const LetterLook& look = measured.word->look;
+    const CharFormat& format = measured.word->format;
     const struct {
       bool shows;
       double y;
-    } bars[] = {{look.under, -0.2}, {look.over, 1.2}, {look.through, 0.5}};
+    } bars[] = {{format.under, -0.2}, {format.over, 1.2}, {format.through, 0.5}};
     for (const auto& bar : bars) {
       if (bar.shows)
-        block_.bars.push_back({x, y_ + bar.y * look.height, x + measured.width, y_ + bar.y * look.height, look});
+        block_.bars.push_back({x, y_ + bar.y * format.height, x + measured.width, y_ + bar.y * format.height, format});
     }
   }
 
@@ -254,8 +254,8 @@ private:
 
 } // namespace
 
-TextBlock layOut(const std::vector<Word>& words, const Frame& frame, Letters& letters) {
-  const std::vector<Line> lines = LineMaker(frame, letters).make(words);
+TextBlock layOut(const std::vector<Word>& words, const Frame& frame, TextShaper& shaper) {
+  const std::vector<Line> lines = LineMaker(frame, shaper).make(words);
   double width = frame.width;
   if (!(width > 0)) {
     for (const Line& line : lines)

@@ -21,14 +21,14 @@ struct Frame {
 };
 
 struct PlacedWord {
-  Shaped shaped;
-  LetterLook look;
+  ShapedText shaped;
+  CharFormat format;
   double x = 0, y = 0; // where its base line begins; the upper left corner of the box is the origin
 };
 
 struct Bar {
   double x = 0, y = 0, toX = 0, toY = 0;
-  LetterLook look;
+  CharFormat format;
 };
 
 struct TextBlock {
@@ -38,6 +38,6 @@ struct TextBlock {
   std::size_t missing = 0;
 };
 
-MVDRAWING_API TextBlock layOut(const std::vector<Word>& words, const Frame& frame, Letters& letters);
+MVDRAWING_API TextBlock layOut(const std::vector<Word>& words, const Frame& frame, TextShaper& shaper);
 
 } // namespace drawing::gi

@@ -45,7 +45,7 @@ wchar_t toleranceSymbol(wchar_t letter) {
 
 class Reader {
 public:
-  Reader(std::wstring_view text, const LetterLook& look) : text_(text), look_(look) {}
+  Reader(std::wstring_view text, const CharFormat& format) : text_(text), format_(format) {}
 
   std::vector<Word> read() {
     while (at_ < text_.size())
@@ -70,8 +70,8 @@ private:
   }
 
   void open() {
-    if (looks_.size() < kDeepest)
-      looks_.push_back(look_);
+    if (formats_.size() < kDeepest)
+      formats_.push_back(format_);
     else
       ++tooDeep_;
   }
@@ -79,9 +79,9 @@ private:
   void close() {
     if (tooDeep_ > 0) {
       --tooDeep_;
-    } else if (!looks_.empty()) {
-      look_ = looks_.back();
-      looks_.pop_back();
+    } else if (!formats_.empty()) {
+      format_ = formats_.back();
+      formats_.pop_back();
     }
   }
 
@@ -92,7 +92,7 @@ private:
     else if (ch == L'N')
       add(Word::ColumnEnd);
     else if (ch == L'~')
-      letter(0xA0);
+      addCharacter(0xA0);
     else if (ch == L'S')
       stack();
     else if (ch == L'U' || ch == L'M')
@@ -106,7 +106,7 @@ private:
   }
 
   void line(wchar_t ch) {
-    bool& shows = odUpperCase(ch) == L'L' ? look_.under : odUpperCase(ch) == L'O' ? look_.over : look_.through;
+    bool& shows = odUpperCase(ch) == L'L' ? format_.under : odUpperCase(ch) == L'O' ? format_.over : format_.through;
     shows = ch < L'a';
   }
 
@@ -126,15 +126,15 @@ private:
     else if (ch == L'F' || ch == L'f')
       font(value);
     else if (ch == L'H' && number && *number > 0)
-      look_.height = isFactor ? look_.height * *number : *number;
+      format_.height = isFactor ? format_.height * *number : *number;
     else if (ch == L'W' && number && *number > 0)
-      look_.widthFactor = isFactor ? look_.widthFactor * *number : *number;
+      format_.widthFactor = isFactor ? format_.widthFactor * *number : *number;
     else if (ch == L'Q' && number)
-      look_.oblique = OdaToRadian(std::clamp(*number, -85.0, 85.0));
+      format_.oblique = OdaToRadian(std::clamp(*number, -85.0, 85.0));
     else if (ch == L'C' && number)
-      look_.color = OdCmColor{static_cast<std::int16_t>(std::clamp(*number, 0.0, 256.0)), OdCmColor::kNoTrueColor};
+      format_.color = OdCmColor{static_cast<std::int16_t>(std::clamp(*number, 0.0, 256.0)), OdCmColor::kNoTrueColor};
     else if (ch == L'c' && number)
-      look_.color = OdCmColor{7, reversed(static_cast<std::int32_t>(std::clamp(*number, 0.0, 16777215.0)))};
+      format_.color = OdCmColor{7, reversed(static_cast<std::int32_t>(std::clamp(*number, 0.0, 16777215.0)))};
   }
 
   // Red stands in the lowest byte.
@@ -143,11 +143,11 @@ private:
   // family|b1|i0|c0|p34
   void font(std::wstring_view value) {
     const std::size_t bar = std::min(value.find(L'|'), value.size());
-    look_.font = fontNamed(OdString(value.substr(0, bar)));
+    format_.font = fontNamed(OdString(value.substr(0, bar)));
     isTolerance_ = OdString(value.substr(0, bar)).left(3).iCompare(L"gdt") == 0;
     const std::wstring_view rest = value.substr(bar);
-    look_.font.bold = look_.font.bold || rest.find(L"|b1") != rest.npos;
-    look_.font.italic = look_.font.italic || rest.find(L"|i1") != rest.npos;
+    format_.font.bold = format_.font.bold || rest.find(L"|b1") != rest.npos;
+    format_.font.italic = format_.font.italic || rest.find(L"|i1") != rest.npos;
   }
 
   // i first line, l others, q alignment; parted by commas.
@@ -200,7 +200,7 @@ private:
     const bool isWhole = digits.size() == 4 && read.ptr == digits.data() + 4;
     if (ch != L'U' || text_.substr(at_, 1) != L"+" || !isWhole)
       return put(ch);
-    letter(static_cast<wchar_t>(value));
+    addCharacter(static_cast<wchar_t>(value));
     at_ += 5;
   }
 
@@ -211,17 +211,17 @@ private:
     else if (ch == L'I')
       add(Word::Tab);
     else if (ch == L' ')
-      letter(L'^');
+      addCharacter(L'^');
     else if (ch != L'M')
-      (letter(L'^'), put(ch));
+      (addCharacter(L'^'), put(ch));
   }
 
   void sign() {
     const std::vector<Piece> pieces = piecesOf(std::wstring(L"%") + std::wstring(text_.substr(at_, 4)));
     const std::wstring_view code = text_.substr(at_ + 1, 1);
     if (code.empty() || pieces.size() != 1 || std::wstring_view(L"cCdDpP%").find(code[0]) == std::wstring_view::npos)
-      return letter(L'%');
-    letter(pieces[0].text[0]);
+      return addCharacter(L'%');
+    addCharacter(pieces[0].text[0]);
     at_ += 2;
   }
 
@@ -233,19 +233,19 @@ private:
     else if (ch == L'\t')
       add(Word::Tab);
     else if (ch >= 32)
-      letter(isTolerance_ ? toleranceSymbol(ch) : ch);
+      addCharacter(isTolerance_ ? toleranceSymbol(ch) : ch);
   }
 
-  void letter(wchar_t ch) {
-    const bool begins = words_.empty() || words_.back().kind != Word::Letters || !goesOn_ || mayBreakBefore(ch) ||
-                        !isSame(words_.back().look, look_);
+  void addCharacter(wchar_t ch) {
+    const bool begins = words_.empty() || words_.back().kind != Word::kText || !goesOn_ || mayBreakBefore(ch) ||
+                        !isSame(words_.back().format, format_);
     if (begins)
-      add(Word::Letters);
+      add(Word::kText);
     words_.back().text += ch;
     goesOn_ = !mayBreakBefore(ch);
   }
 
-  static bool isSame(const LetterLook& a, const LetterLook& b) {
+  static bool isSame(const CharFormat& a, const CharFormat& b) {
     return a.font == b.font && a.height == b.height && a.widthFactor == b.widthFactor && a.oblique == b.oblique &&
            a.color == b.color && a.under == b.under && a.over == b.over && a.through == b.through;
   }
@@ -253,16 +253,16 @@ private:
   Word& add(Word::Kind kind) {
     Word& word = words_.emplace_back();
     word.kind = kind;
-    word.look = look_;
+    word.format = format_;
     word.paragraph = paragraph_;
     goesOn_ = true;
     return word;
   }
 
   std::wstring_view text_;
-  LetterLook look_;
-  std::vector<LetterLook> looks_;
-  ParagraphLook paragraph_;
+  CharFormat format_;
+  std::vector<CharFormat> formats_;
+  ParagraphFormat paragraph_;
   std::vector<Word> words_;
   std::size_t at_ = 0, tooDeep_ = 0;
   bool goesOn_ = true, isTolerance_ = false;
@@ -270,8 +270,8 @@ private:
 
 } // namespace
 
-std::vector<Word> readMText(std::wstring_view contents, const LetterLook& look) {
-  return Reader(contents, look).read();
+std::vector<Word> readMText(std::wstring_view contents, const CharFormat& format) {
+  return Reader(contents, format).read();
 }
 
 } // namespace drawing::gi

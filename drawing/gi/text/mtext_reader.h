@@ -12,7 +12,7 @@ namespace drawing::gi {
 
 enum class Align : std::uint8_t { Default, Left, Center, Right };
 
-struct LetterLook {
+struct CharFormat {
   Font font;
   double height = 1; // of a capital, drawing units
   double widthFactor = 1;
@@ -21,22 +21,22 @@ struct LetterLook {
   bool under = false, over = false, through = false;
 };
 
-struct ParagraphLook {
+struct ParagraphFormat {
   Align align = Align::Default;
   double firstIndent = 0, indent = 0; // in heights of the text
 };
 
 struct Word {
-  enum Kind : std::uint8_t { Letters, Blank, Tab, Stack, LineEnd, ColumnEnd };
-  Kind kind = Letters;
+  enum Kind : std::uint8_t { kText, Blank, Tab, Stack, LineEnd, ColumnEnd };
+  Kind kind = kText;
   std::wstring text;  // of a stack: what stands above
   std::wstring below; // of a stack
   bool hasBar = false;
-  LetterLook look;
-  ParagraphLook paragraph;
+  CharFormat format;
+  ParagraphFormat paragraph;
 };
 
 // What is no code stands for itself. Letters that may begin a line of their own (ideographs) are words of one letter.
-MVDRAWING_API std::vector<Word> readMText(std::wstring_view contents, const LetterLook& look);
+MVDRAWING_API std::vector<Word> readMText(std::wstring_view contents, const CharFormat& format);
 
 } // namespace drawing::gi

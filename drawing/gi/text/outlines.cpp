@@ -37,9 +37,9 @@ private:
       return addStroke(item);
     case ItemKind::Fill:
       return addFill(item);
-    case ItemKind::Letters:
+    case ItemKind::kGlyphs:
       for (std::size_t at = item.first; at < item.end; ++at)
-        addLetters(list_.letters[at]);
+        addGlyphs(list_.glyphs[at]);
       return;
     case ItemKind::kPointSymbol:
       for (std::size_t at = item.first; at < item.end; ++at)
@@ -89,11 +89,11 @@ private:
     addRings(std::move(rings));
   }
 
-  void addLetters(const PlacedOutline& letters) {
-    std::vector<Polygon> rings = *letters.outline;
+  void addGlyphs(const PlacedOutline& glyphs) {
+    std::vector<Polygon> rings = *glyphs.outline;
     for (Polygon& ring : rings) {
       for (OdGePoint2d& point : ring)
-        point = letters.place * point;
+        point = glyphs.place * point;
     }
     addRings(std::move(rings));
   }

@@ -34,10 +34,10 @@ TEST(TextCodes, AreReadInTexts) {
   }
 }
 
-LetterLook lookOf(double height) {
-  LetterLook look;
-  look.height = height;
-  return look;
+CharFormat lookOf(double height) {
+  CharFormat format;
+  format.height = height;
+  return format;
 }
 
 std::string described(const std::vector<Word>& words) {
@@ -46,16 +46,16 @@ std::string described(const std::vector<Word>& words) {
     const char* kinds[] = {"", "_", ">", "S:", "/", "//"};
     out << kinds[word.kind] << utf8(word.text)
         << (word.kind == Word::Stack ? (word.hasBar ? "-" : "^") + utf8(word.below) : "");
-    if (word.kind == Word::Letters || word.kind == Word::Stack) {
-      const LetterLook& look = word.look;
-      out << (look.height != 2 ? "*" + OdString().format(L"%g", look.height).toUtf8() : "") << (look.under ? "u" : "")
-          << (look.over ? "o" : "") << (look.through ? "k" : "") << (look.font.bold ? "b" : "")
-          << (look.font.italic ? "i" : "");
-      if (look.color)
-        out << "c" << (look.color->trueColor >= 0 ? look.color->trueColor : look.color->index);
-      if (look.widthFactor != 1)
-        out << "w" << look.widthFactor;
-      if (look.oblique != 0)
+    if (word.kind == Word::kText || word.kind == Word::Stack) {
+      const CharFormat& format = word.format;
+      out << (format.height != 2 ? "*" + OdString().format(L"%g", format.height).toUtf8() : "")
+          << (format.under ? "u" : "") << (format.over ? "o" : "") << (format.through ? "k" : "")
+          << (format.font.bold ? "b" : "") << (format.font.italic ? "i" : "");
+      if (format.color)
+        out << "c" << (format.color->trueColor >= 0 ? format.color->trueColor : format.color->index);
+      if (format.widthFactor != 1)
+        out << "w" << format.widthFactor;
+      if (format.oblique != 0)
         out << "q";
     }
     if (word.paragraph.align != Align::Default)
@@ -144,8 +144,8 @@ TEST(Texts, AreAsWideAsTheirFactorsSay) {
 }
 
 TextBlock block(const wchar_t* contents, Frame frame) {
-  static Letters letters;
-  return layOut(readMText(contents, lookOf(frame.textHeight)), frame, letters);
+  static TextShaper shaper;
+  return layOut(readMText(contents, lookOf(frame.textHeight)), frame, shaper);
 }
 
 // How far below the top the words stand, in tenths.
