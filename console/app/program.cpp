@@ -88,7 +88,8 @@ Status runSession(Session& session, const Options& options, std::istream* given)
   }
   const bool typed = !session.host().input().isScript();
   if (!options.drawing.empty()) {
-    const Status opened = session.attempt("OPEN", Command::Kind::Looks, [&] { openDrawing(session, options.drawing); });
+    const Status opened =
+        session.attempt("OPEN", Command::Kind::kReadOnly, [&] { openDrawing(session, options.drawing); });
     if (opened != Status::Done)
       return opened;
   }

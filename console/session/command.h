@@ -27,7 +27,7 @@ struct CommandContext {
 struct Command {
   // A command that changes the drawing is one step of undo; of one that fails nothing stays. What was selected for the
   // next command stays selected behind one that selects.
-  enum class Kind { Looks, Changes, Selects };
+  enum class Kind { kReadOnly, kModifies, kSelects };
   const wchar_t* name;
   std::vector<std::wstring_view> aliases;
   Text help;

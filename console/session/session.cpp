@@ -18,7 +18,7 @@ void writeTo(std::FILE* file, const OdString& text) {
 class Session::Step {
 public:
   Step(OpenDrawing& drawing, const char* name, Command::Kind kind) : drawing_(drawing), name_(name) {
-    if (kind != Command::Kind::Changes)
+    if (kind != Command::Kind::kModifies)
       return;
     document_ = drawing.document;
     changesBefore_ = database().changeCount();
@@ -200,7 +200,7 @@ Status Session::run(const Command& command, const CommandTable& commands) {
   // The block may be gone by undo or purging.
   if (!edited.isEmpty() && drawing_.document == document && document->blockEditorName().isEmpty())
     print(Text::kEditorClosed, {edited});
-  if (command.kind != Command::Kind::Selects)
+  if (command.kind != Command::Kind::kSelects)
     host_.selections().setFirst(nullptr, nullptr);
   return status;
 }

@@ -216,7 +216,7 @@ Insert::Done Insert::insertFile(Session& session, const std::string& path, const
 void Insert::insertList(Session& session) {
   const std::vector<std::string> paths = listedFiles(typed_.list);
   for (std::size_t number = 0; number < paths.size(); ++number) {
-    const Status status = session.attempt("INSERT", Command::Kind::Changes, [&] {
+    const Status status = session.attempt("INSERT", Command::Kind::kModifies, [&] {
       done_.push_back(insertFile(session, paths[number], {}, placeInGrid(number)));
     });
     if (status == Status::Done)

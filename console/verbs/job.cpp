@@ -49,12 +49,12 @@ Status runJob(SessionOptions settings, const Job& job) {
   if (job.asks && session.mayAsk() && settings.connectUser)
     settings.connectUser(session);
   Json facts = Json::object();
-  const auto look = [&](const std::function<void()>& work) {
-    return session.attempt(job.name, Command::Kind::Looks, work) == Status::Done;
+  const auto readOnly = [&](const std::function<void()>& work) {
+    return session.attempt(job.name, Command::Kind::kReadOnly, work) == Status::Done;
   };
   const auto change = [&] {
     return !job.work ||
-           session.attempt(job.name, Command::Kind::Changes, [&] { job.work(session, facts); }) == Status::Done;
+           session.attempt(job.name, Command::Kind::kModifies, [&] { job.work(session, facts); }) == Status::Done;
   };
   const bool writes = !job.files.out.empty();
   const auto open = [&] {
@@ -69,7 +69,7 @@ Status runJob(SessionOptions settings, const Job& job) {
     if (job.before)
       job.before(session);
   };
-  const bool done = look(precheck) && look(open) && change() && (!writes || look(save));
+  const bool done = readOnly(precheck) && readOnly(open) && change() && (!writes || readOnly(save));
   if (done && job.printSummary)
     job.printSummary(session);
   if (done && writes) {

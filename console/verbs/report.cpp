@@ -36,7 +36,7 @@ private:
 Status Report::run(const SessionOptions& settings) {
   Session session(settings);
   std::optional<report::DrawingReport> made;
-  session.attempt("report", Command::Kind::Looks, [&] {
+  session.attempt("report", Command::Kind::kReadOnly, [&] {
     openDrawing(session, file_);
     if (dialog_)
       session.printReport(OdString::fromUtf8(blockUtils::getStatisticalCntsOfBT()->toText() + "\n"));

@@ -90,7 +90,7 @@ class Exploding {
 public:
   Exploding(OdDbObjectId id, const ExplodeOptions& options)
       : reference_(id.safeOpenObject()), block_(reference_->blockTableRecord().safeOpenObject()),
-        database_(*reference_->database()), options_(options), looks_(*reference_), unlocked_(database_) {}
+        database_(*reference_->database()), options_(options), byBlock_(*reference_), unlocked_(database_) {}
 
   Exploded run() {
     splitContents();
@@ -140,7 +140,7 @@ private:
     const OdDbEntityPtr copy = pair.value().safeOpenObject(OdDb::kForWrite);
     result_.made.append(pair.value());
     if (copy->transformBy(place) == eOk)
-      looks_.giveTo(pair.value());
+      byBlock_.applyTo(pair.value());
     else if (!isKnown(pair.key()))
       result_.unplaceable.push_back({copy->dxfName(), pair.key()});
   }
@@ -183,7 +183,7 @@ private:
     text->setPropertiesFrom(attribute);
     const OdDbBlockTableRecordPtr space = reference_->blockId().safeOpenObject(OdDb::kForWrite);
     const OdDbObjectId id = space->appendOdDbEntity(text.get());
-    looks_.giveTo(id);
+    byBlock_.applyTo(id);
     result_.made.append(id);
   }
 
@@ -191,7 +191,7 @@ private:
   OdDbBlockTableRecordPtr block_;
   OdDbDatabase& database_;
   const ExplodeOptions& options_;
-  const ExplodeLooks looks_;
+  const ByBlockProperties byBlock_;
   const AllUnlocked unlocked_;
   OdDbObjectIdArray contents_;
   std::vector<OdDbAttributeDefinitionPtr> constants_;

@@ -18,38 +18,38 @@ bool isByLayer(const OdCmColor& color) {
 
 } // namespace
 
-ExplodeLooks::ExplodeLooks(const OdDbBlockReference& reference)
+ByBlockProperties::ByBlockProperties(const OdDbBlockReference& reference)
     : layerZero_(reference.database()->getLayerZeroId()),
       byBlock_(reference.database()->symbol(OdDb::kLinetypeTable, L"ByBlock")),
       byLayer_(reference.database()->symbol(OdDb::kLinetypeTable, L"ByLayer")), layerId_(reference.layerId()),
       color_(reference.color()), linetype_(reference.linetypeId()), weight_(reference.lineWeight()),
       layer_(OdDbLayerTableRecord::cast(reference.layerId().safeOpenObject())) {}
 
-bool ExplodeLooks::isOnItsLayer(const OdDbEntity& entity) const {
+bool ByBlockProperties::isOnItsLayer(const OdDbEntity& entity) const {
   return layer_.isNull() || entity.layerId() == layerId_;
 }
 
 // By layer stays so where the entity comes to lie on the reference's layer.
-OdCmColor ExplodeLooks::colorFor(const OdDbEntity& entity) const {
+OdCmColor ByBlockProperties::colorFor(const OdDbEntity& entity) const {
   if (!isByBlock(entity.color()))
     return entity.color();
   return isByLayer(color_) && !isOnItsLayer(entity) ? layer_->color() : color_;
 }
 
-OdDbObjectId ExplodeLooks::linetypeFor(const OdDbEntity& entity) const {
+OdDbObjectId ByBlockProperties::linetypeFor(const OdDbEntity& entity) const {
   if (byBlock_.isNull() || entity.linetypeId() != byBlock_)
     return entity.linetypeId();
   const bool byLayer = linetype_.isNull() || linetype_ == byLayer_;
   return byLayer && !isOnItsLayer(entity) ? layer_->linetypeObjectId() : linetype_;
 }
 
-std::int16_t ExplodeLooks::weightFor(const OdDbEntity& entity) const {
+std::int16_t ByBlockProperties::weightFor(const OdDbEntity& entity) const {
   if (entity.lineWeight() != kWeightByBlock)
     return entity.lineWeight();
   return weight_ == kWeightByLayer && !isOnItsLayer(entity) ? layer_->lineWeight() : weight_;
 }
 
-void ExplodeLooks::resolve(OdDbEntity& entity) const {
+void ByBlockProperties::resolve(OdDbEntity& entity) const {
   if (entity.layerId() == layerZero_ && !layerId_.isNull())
     entity.setLayer(layerId_);
   if (const OdCmColor color = colorFor(entity); color != entity.color())
@@ -60,7 +60,7 @@ void ExplodeLooks::resolve(OdDbEntity& entity) const {
     entity.setLineWeight(weight);
 }
 
-void ExplodeLooks::giveTo(OdDbObjectId id) const {
+void ByBlockProperties::applyTo(OdDbObjectId id) const {
   const OdDbEntityPtr entity = id.safeOpenObject(OdDb::kForWrite);
   resolve(*entity);
   const OdDbBlockReferencePtr nested = OdDbBlockReference::cast(entity);

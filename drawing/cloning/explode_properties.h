@@ -6,11 +6,11 @@
 
 namespace drawing {
 
-class ExplodeLooks {
+class ByBlockProperties {
 public:
-  explicit ExplodeLooks(const OdDbBlockReference& reference);
+  explicit ByBlockProperties(const OdDbBlockReference& reference);
   // The entity, and the attributes that it carries.
-  void giveTo(OdDbObjectId entity) const;
+  void applyTo(OdDbObjectId entity) const;
 
 private:
   void resolve(OdDbEntity& entity) const;

@@ -17,49 +17,50 @@ namespace drawing {
 namespace {
 
 // What decides how objects look, besides the variables of dimensions.
-constexpr std::string_view kLooks[] = {"ANGBASE",
-                                       "ANGDIR",
-                                       "ATTMODE",
-                                       "AUNITS",
-                                       "AUPREC",
-                                       "DISPSILH",
-                                       "FILLMODE",
-                                       "HALOGAP",
-                                       "HIDETEXT",
-                                       "INTERSECTIONCOLOR",
-                                       "INTERSECTIONDISPLAY",
-                                       "LTSCALE",
-                                       "LUNITS",
-                                       "LUPREC",
-                                       "LWDISPLAY",
-                                       "MEASUREMENT",
-                                       "MIRRTEXT",
-                                       "MSLTSCALE",
-                                       "OBSCOLOR",
-                                       "OBSLTYPE",
-                                       "PDMODE",
-                                       "PDSIZE",
-                                       "PSLTSCALE",
-                                       "PSTYLEMODE",
-                                       "QTEXTMODE",
-                                       "SORTENTS",
-                                       "SPLFRAME",
-                                       "TEXTSIZE",
-                                       "UNITMODE",
-                                       "XCLIPFRAME"};
+constexpr std::string_view kDisplayVariables[] = {"ANGBASE",
+                                                  "ANGDIR",
+                                                  "ATTMODE",
+                                                  "AUNITS",
+                                                  "AUPREC",
+                                                  "DISPSILH",
+                                                  "FILLMODE",
+                                                  "HALOGAP",
+                                                  "HIDETEXT",
+                                                  "INTERSECTIONCOLOR",
+                                                  "INTERSECTIONDISPLAY",
+                                                  "LTSCALE",
+                                                  "LUNITS",
+                                                  "LUPREC",
+                                                  "LWDISPLAY",
+                                                  "MEASUREMENT",
+                                                  "MIRRTEXT",
+                                                  "MSLTSCALE",
+                                                  "OBSCOLOR",
+                                                  "OBSLTYPE",
+                                                  "PDMODE",
+                                                  "PDSIZE",
+                                                  "PSLTSCALE",
+                                                  "PSTYLEMODE",
+                                                  "QTEXTMODE",
+                                                  "SORTENTS",
+                                                  "SPLFRAME",
+                                                  "TEXTSIZE",
+                                                  "UNITMODE",
+                                                  "XCLIPFRAME"};
 
 // The current style and the arrows of new dimensions are records, which may not come along.
-bool isLook(std::string_view name, const GroupList& groups) {
+bool isDisplayVariable(std::string_view name, const GroupList& groups) {
   const bool isNumber = !groups.empty() && groups[0].kind != GroupKind::Text && groups[0].kind != GroupKind::Handle &&
                         groups[0].kind != GroupKind::Reference;
   const bool isDimension = name.substr(0, 3) == "DIM";
-  return isNumber && (isDimension || std::find(std::begin(kLooks), std::end(kLooks), name) != std::end(kLooks));
+  return isNumber && (isDimension || std::find(std::begin(kDisplayVariables), std::end(kDisplayVariables), name) !=
+                                         std::end(kDisplayVariables));
 }
 
 void copyHeader(const OdDbDatabase& source, OdDbDatabase& target) {
   for (const std::string& name : source.headerNames()) {
     const GroupList* groups = source.headerVar(name);
-    if (groups != nullptr && isLook(name, *groups))
+    if (groups != nullptr && isDisplayVariable(name, *groups))
       target.setHeaderVar(name, *groups);
   }
   target.setINSUNITS(source.getINSUNITS());

@@ -96,14 +96,14 @@ OdDbObjectIdArray ViewPicker::pick(const Test& test) const {
   const auto* record = peekAs<OdDbBlockTableRecord>(block_);
   if (!lives(record))
     return picked;
-  gi::Looks looks(*record->database(), {});
-  gi::Place place = gi::placeOf(*record, looks);
+  gi::TraitResolver resolver(*record->database(), {});
+  gi::Place place = gi::placeOf(*record, resolver);
   place.toPicture = toView_ * place.toPicture;
   const PictureOptions options;
   for (const OdDbObjectId id : record->members().ids()) {
     gi::DisplayList list;
     PictureReport report;
-    gi::Walk(list, looks, options, report).runOne(id, place);
+    gi::Walk(list, resolver, options, report).runOne(id, place);
     const Outlines outlines = gi::outlinesOf(list);
     if (!outlines.isEmpty() && test(outlines))
       picked.append(id);

@@ -63,8 +63,8 @@ Picture::Picture(OdDbObjectId block, const PictureOptions& options) : content_(s
   Content& content = *content_;
   content.background = options.background;
   if (const auto* record = peekAs<OdDbBlockTableRecord>(block); lives(record)) {
-    gi::Looks looks(*record->database(), gi::colorOf(options.background.value_or(kWhite)));
-    gi::Walk(content.list, looks, options, content.report).run(block, gi::placeOf(*record, looks));
+    gi::TraitResolver resolver(*record->database(), gi::colorOf(options.background.value_or(kWhite)));
+    gi::Walk(content.list, resolver, options, content.report).run(block, gi::placeOf(*record, resolver));
   }
   content.view = viewOf(content.list, options);
   content.report.isEmpty = content.list.items.empty();

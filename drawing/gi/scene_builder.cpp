@@ -13,17 +13,17 @@ constexpr std::size_t kDeepestInset = 1000;
 
 } // namespace
 
-Place placeOf(const OdDbBlockTableRecord& block, Looks& looks) {
+Place placeOf(const OdDbBlockTableRecord& block, TraitResolver& resolver) {
   Place place;
-  place.setting.layers = looks.addView();
-  place.setting.byBlock = looks.initial();
+  place.setting.layers = resolver.addView();
+  place.setting.byBlock = resolver.initial();
   place.showsTags = true;
   place.depth = block.isLayout() ? 0 : 1;
   return place;
 }
 
-Walk::Walk(DisplayList& list, Looks& looks, const PictureOptions& options, PictureReport& report)
-    : list_(list), looks_(looks), options_(options), report_(report) {}
+Walk::Walk(DisplayList& list, TraitResolver& resolver, const PictureOptions& options, PictureReport& report)
+    : list_(list), resolver_(resolver), options_(options), report_(report) {}
 
 void Walk::run(OdDbObjectId block, const Place& place) {
   levels_.push_back({place, contentsOf(block), 0, block, nullptr});
@@ -102,13 +102,13 @@ void Walk::draw(OdDbObjectId id, const Place& place) {
   const auto* entity = peekAs<OdDbEntity>(id);
   if (!lives(entity) || entity->isInvisible())
     return;
-  const Traits traits = looks_.of(*entity, place.setting);
+  const Traits traits = resolver_.of(*entity, place.setting);
   if (traits.layer->frozen)
     return;
   const Drawer drawer = drawerOf(*entity);
   if (drawer == nullptr)
     return addNotDrawn(*entity, "kind");
-  Canvas canvas(list_, looks_, shaper_, place, *entity, traits);
+  Canvas canvas(list_, resolver_, shaper_, place, *entity, traits);
   drawer(*entity, canvas);
   constexpr std::size_t kWorkOfStep = 16;
   report_.steps += canvas.work() / kWorkOfStep;

@@ -15,11 +15,11 @@ namespace drawing::gi {
 
 // How the contents of a block are seen. A space or a sheet is seen as it is; of a definition the tags of its attributes
 // show.
-Place placeOf(const OdDbBlockTableRecord& block, Looks& looks);
+Place placeOf(const OdDbBlockTableRecord& block, TraitResolver& resolver);
 
 class Walk {
 public:
-  Walk(DisplayList& list, Looks& looks, const PictureOptions& options, PictureReport& report);
+  Walk(DisplayList& list, TraitResolver& resolver, const PictureOptions& options, PictureReport& report);
   void run(OdDbObjectId block, const Place& place);
   void runOne(OdDbObjectId entity, const Place& place);
 
@@ -45,7 +45,7 @@ private:
   void addNotDrawn(const OdDbEntity& entity, const char* reason);
 
   DisplayList& list_;
-  Looks& looks_;
+  TraitResolver& resolver_;
   TextShaper shaper_;
   const PictureOptions& options_;
   PictureReport& report_;

@@ -117,7 +117,7 @@ void ensureSequenceEnds(SettleFacts& facts) {
 class BrokenLinks final : public ReferenceVisitor {
 public:
   explicit BrokenLinks(SettleFacts& facts) : facts_(facts) {}
-  void look(OdDbObject& object) {
+  void check(OdDbObject& object) {
     at_ = &object;
     object.visitReferences(*this); // only reads
   }
@@ -138,7 +138,7 @@ void reportBrokenLinks(SettleFacts& facts) {
   for (OdDbObjectId id : facts.database.allIds()) {
     OdDbObject* object = peek(id);
     if (lives(object) && object != &facts.database.header())
-      links.look(*object);
+      links.check(*object);
   }
 }
 

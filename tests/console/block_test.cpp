@@ -101,7 +101,7 @@ TEST(BlockObjects, AnnotativeReferenceShowsThemInTheirSize) {
   request.space = database.getModelSpaceId();
   request.annotative = true;
   const auto make = [&] { console::makeBlock(console.session(), request); };
-  ASSERT_EQ(console.session().attempt("BLOCK", console::Command::Kind::Changes, make), Status::Done);
+  ASSERT_EQ(console.session().attempt("BLOCK", console::Command::Kind::kModifies, make), Status::Done);
   const OdDbBlockReferencePtr reference = onlyReference(console);
   const OdDbBlockTableRecordPtr block = reference->blockTableRecord().safeOpenObject();
   const Ends stored = endsOf(block->newIterator()->objectId());

@@ -17,9 +17,9 @@ double scaleOf(const OdGeMatrix3d& m) {
 
 } // namespace
 
-Canvas::Canvas(DisplayList& list, Looks& looks, TextShaper& shaper, const Place& place, const OdDbEntity& entity,
-               const Traits& traits)
-    : list_(list), looks_(looks), shaper_(shaper), place_(place), entity_(entity), traits_(traits),
+Canvas::Canvas(DisplayList& list, TraitResolver& resolver, TextShaper& shaper, const Place& place,
+               const OdDbEntity& entity, const Traits& traits)
+    : list_(list), resolver_(resolver), shaper_(shaper), place_(place), entity_(entity), traits_(traits),
       scale_(scaleOf(place.toPicture)), isOff_(traits.layer->off) {}
 
 const OdDbDatabase& Canvas::database() const {

@@ -38,19 +38,19 @@ struct Inset {
 // An entity on a layer that is off puts nothing into the picture; blocks that it shows may.
 class Canvas {
 public:
-  Canvas(DisplayList& list, Looks& looks, TextShaper& shaper, const Place& place, const OdDbEntity& entity,
+  Canvas(DisplayList& list, TraitResolver& resolver, TextShaper& shaper, const Place& place, const OdDbEntity& entity,
          const Traits& traits);
 
   const OdDbDatabase& database() const;
   const Place& place() const { return place_; }
   const Traits& traits() const { return traits_; }
-  Looks& looks() { return looks_; }
+  TraitResolver& resolver() { return resolver_; }
   TextShaper& shaper() { return shaper_; }
   double scale() const { return scale_; } // of lengths, about
 
   OdGePoint2d project(const OdGePoint3d& point) const;
   std::vector<OdGePoint2d> project(const Path& path);
-  Pen pen() const { return looks_.pen(traits_, scale_); }
+  Pen pen() const { return resolver_.pen(traits_, scale_); }
 
   void stroke(const Path& path, bool closed = false) { stroke(path, closed, pen()); }
   void stroke(const Path& path, bool closed, const Pen& pen);
@@ -78,7 +78,7 @@ public:
 
 private:
   DisplayList& list_;
-  Looks& looks_;
+  TraitResolver& resolver_;
   TextShaper& shaper_;
   const Place& place_;
   const OdDbEntity& entity_;

@@ -17,13 +17,13 @@ namespace drawing::gi {
 
 namespace {
 
-struct DimensionLook {
+struct DimensionTraits {
   double textHeight = 0.18, arrowSize = 0.18;
   OdDbObjectId arrow;
   Font font;
 };
 
-DimensionLook lookOf(const OdDbDimension& dimension) {
+DimensionTraits traitsOf(const OdDbDimension& dimension) {
   const auto* style = peekAs<OdDbDimStyleTableRecord>(dimension.dimensionStyle());
   if (style == nullptr)
     return {};
@@ -50,20 +50,20 @@ OdString textOf(const OdDbDimension& dimension, double measured, const Canvas& c
 }
 
 // Letters along the line, turned so that they are not upside down.
-void drawDimensionText(const OdDbDimension& dimension, const DimensionLook& look, const OdString& text,
+void drawDimensionText(const OdDbDimension& dimension, const DimensionTraits& traits, const OdString& text,
                        const OdGeVector3d& along, Canvas& canvas) {
   const OdGeVector3d inPlane = OdGeMatrix3d::worldToPlane(dimension.normal()) * along;
   double angle = std::atan2(inPlane.y, inPlane.x) + dimension.textRotation();
   if (std::cos(angle) < -1e-9)
     angle += OdaPI;
   Frame frame;
-  frame.textHeight = look.textHeight;
+  frame.textHeight = traits.textHeight;
   frame.align = Align::Center;
   TextBox box;
   box.attachment = 5;
   box.toBlock = OdGeMatrix3d::translation(dimension.textPosition().asVector()) *
                 OdGeMatrix3d::planeToWorld(dimension.normal()) * OdGeMatrix3d::rotation(angle, {0, 0, 1});
-  box.block = layOut(readMText(text.visible(), {look.font, look.textHeight, 1, 0, {}}), frame, canvas.shaper());
+  box.block = layOut(readMText(text.visible(), {traits.font, traits.textHeight, 1, 0, {}}), frame, canvas.shaper());
   drawTextBox(box, canvas);
 }
 
@@ -75,7 +75,7 @@ OdGeVector3d directionOf(const OdDbLinearDimension& dimension) {
          OdGeVector3d(std::cos(rotated->rotation()), std::sin(rotated->rotation()), 0);
 }
 
-void drawPlainLinear(const OdDbLinearDimension& dimension, const DimensionLook& look, Canvas& canvas) {
+void drawPlainLinear(const OdDbLinearDimension& dimension, const DimensionTraits& traits, Canvas& canvas) {
   const OdGeVector3d along = directionOf(dimension);
   const OdGePoint3d on = dimension.dimLinePoint();
   const auto foot = [&](const OdGePoint3d& point) { return on + along * (point - on).dotProduct(along); };
@@ -83,16 +83,16 @@ void drawPlainLinear(const OdDbLinearDimension& dimension, const DimensionLook& 
   canvas.line(dimension.xLine1Point(), first);
   canvas.line(dimension.xLine2Point(), second);
   canvas.line(first, second);
-  drawArrow(first, second, dimension.normal(), look.arrowSize, look.arrow, canvas);
-  drawArrow(second, first, dimension.normal(), look.arrowSize, look.arrow, canvas);
-  drawDimensionText(dimension, look, textOf(dimension, first.distanceTo(second), canvas), along, canvas);
+  drawArrow(first, second, dimension.normal(), traits.arrowSize, traits.arrow, canvas);
+  drawArrow(second, first, dimension.normal(), traits.arrowSize, traits.arrow, canvas);
+  drawDimensionText(dimension, traits, textOf(dimension, first.distanceTo(second), canvas), along, canvas);
 }
 
-void drawPlainRound(const OdDbRoundDimension& dimension, const DimensionLook& look, Canvas& canvas) {
+void drawPlainRound(const OdDbRoundDimension& dimension, const DimensionTraits& traits, Canvas& canvas) {
   const OdGePoint3d from = dimension.definitionPoint(), to = dimension.chordPoint();
   canvas.line(from, to);
-  drawArrow(to, from, dimension.normal(), look.arrowSize, look.arrow, canvas);
-  drawDimensionText(dimension, look, textOf(dimension, from.distanceTo(to), canvas), to - from, canvas);
+  drawArrow(to, from, dimension.normal(), traits.arrowSize, traits.arrow, canvas);
+  drawDimensionText(dimension, traits, textOf(dimension, from.distanceTo(to), canvas), to - from, canvas);
 }
 
 } // namespace
@@ -104,11 +104,11 @@ void drawDimension(const OdDbDimension& dimension, Canvas& canvas) {
     return;
   }
   canvas.leaveOut("no-picture");
-  const DimensionLook look = lookOf(dimension);
+  const DimensionTraits traits = traitsOf(dimension);
   if (dimension.isKindOf(OdDbLinearDimension::desc()))
-    drawPlainLinear(static_cast<const OdDbLinearDimension&>(dimension), look, canvas);
+    drawPlainLinear(static_cast<const OdDbLinearDimension&>(dimension), traits, canvas);
   else if (dimension.isKindOf(OdDbRoundDimension::desc()))
-    drawPlainRound(static_cast<const OdDbRoundDimension&>(dimension), look, canvas);
+    drawPlainRound(static_cast<const OdDbRoundDimension&>(dimension), traits, canvas);
 }
 
 } // namespace drawing::gi

@@ -47,7 +47,7 @@ void drawImage(const OdDbRasterImage& image, Canvas& canvas) {
 }
 
 void drawWipeout(const OdDbWipeout& wipeout, Canvas& canvas) {
-  canvas.fill({pictureFrame(wipeout)}, canvas.looks().background());
+  canvas.fill({pictureFrame(wipeout)}, canvas.resolver().background());
 }
 
 void drawUnderlay(const OdDbUnderlayReference&, Canvas& canvas) {

@@ -49,7 +49,7 @@ Color gradientColor(const OdDbHatch& hatch, Canvas& canvas) {
   }
   if (color.index == OdCmColor::kByLayer && color.trueColor < 0)
     return canvas.traits().color;
-  return canvas.looks().colorOf(color, canvas.traits(), canvas.traits().color);
+  return canvas.resolver().colorOf(color, canvas.traits(), canvas.traits().color);
 }
 
 bool isSolid(const OdDbHatch& hatch) {

@@ -20,17 +20,17 @@ namespace drawing::gi {
 
 namespace {
 
-struct LeaderLook {
+struct LeaderTraits {
   double arrowSize = 0.18;
   OdDbObjectId arrow;
 };
 
 // The style, and what the leader itself says against it in its extended data.
-LeaderLook lookOf(const OdDbLeader& leader) {
+LeaderTraits traitsOf(const OdDbLeader& leader) {
   double scale = 1;
-  LeaderLook look;
+  LeaderTraits traits;
   if (const auto* style = peekAs<OdDbDimStyleTableRecord>(leader.dimensionStyle())) {
-    look = {style->dimasz(), style->dimldrblk()};
+    traits = {style->dimasz(), style->dimldrblk()};
     scale = style->dimscale();
   }
   const GroupList none, *data = leader.xDataGroups();
@@ -39,14 +39,14 @@ LeaderLook lookOf(const OdDbLeader& leader) {
   for (std::size_t i = groups.find(1070); i + 1 < groups.size(); i = groups.find(1070, i + 1)) {
     const Group& value = groups[i + 1];
     if (value.code == 1040 && groups[i].integer == kArrowSize)
-      look.arrowSize = value.real;
+      traits.arrowSize = value.real;
     else if (value.code == 1040 && groups[i].integer == kScale)
       scale = value.real;
     else if (value.code == 1005 && groups[i].integer == kArrow)
-      look.arrow = groups.idOf(value);
+      traits.arrow = groups.idOf(value);
   }
-  look.arrowSize *= scale > 0 ? scale : 1;
-  return look;
+  traits.arrowSize *= scale > 0 ? scale : 1;
+  return traits;
 }
 
 } // namespace
@@ -57,12 +57,12 @@ void drawLeader(const OdDbLeader& leader, Canvas& canvas) {
     path.push_back(leader.vertexAt(i));
   if (path.size() < 2)
     return;
-  const LeaderLook look = lookOf(leader);
+  const LeaderTraits traits = traitsOf(leader);
   const OdGePoint3d tip = path.front();
   if (leader.isSplined())
     path = smoothThrough(path, false);
   if (leader.hasArrowHead())
-    path.front() = drawArrow(tip, path[1], leader.normal(), look.arrowSize, look.arrow, canvas);
+    path.front() = drawArrow(tip, path[1], leader.normal(), traits.arrowSize, traits.arrow, canvas);
   canvas.stroke(path);
 }
 

@@ -61,9 +61,9 @@ void drawBackground(const OdDbMText& text, const TextBox& box, Canvas& canvas) {
   const OdCmColor color{static_cast<std::int16_t>(rawInteger(groups, 63, 7)),
                         static_cast<std::int32_t>(rawInteger(groups, 421, -1))};
   if ((fill & kOfWindow) != 0)
-    canvas.fill({outline}, canvas.looks().background());
+    canvas.fill({outline}, canvas.resolver().background());
   else if ((fill & kColor) != 0)
-    canvas.fill({outline}, canvas.looks().colorOf(color, canvas.traits(), canvas.traits().color));
+    canvas.fill({outline}, canvas.resolver().colorOf(color, canvas.traits(), canvas.traits().color));
   if ((fill & kFrame) != 0)
     canvas.stroke(outline, true);
 }

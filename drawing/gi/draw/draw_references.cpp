@@ -40,7 +40,7 @@ void addClip(const OdDbSpatialFilter& filter, Inset& inset, Canvas& canvas) {
 // The contents of an external drawing have layers of their own, which the host may override.
 void enterXref(const OdDbDatabase& external, const OdDbBlockTableRecord& block, Inset& inset, Canvas& canvas) {
   inset.block = external.getModelSpaceId();
-  inset.place.setting.layers = canvas.looks().addView(block.getName() + L"|");
+  inset.place.setting.layers = canvas.resolver().addView(block.getName() + L"|");
 }
 
 void addRepetitions(const OdDbBlockReference& reference, Inset& inset) {
@@ -132,8 +132,8 @@ void drawViewport(const OdDbViewport& viewport, Canvas& canvas) {
     return;
   Inset& inset = canvas.show(canvas.database().getModelSpaceId(), viewportTransform(viewport, view));
   inset.place.setting.isInReference = false;
-  inset.place.setting.byBlock = canvas.looks().initial();
-  inset.place.setting.layers = canvas.looks().addView();
+  inset.place.setting.byBlock = canvas.resolver().initial();
+  inset.place.setting.layers = canvas.resolver().addView();
   for (std::size_t i = 0; i < view.size(); ++i) {
     if ((view[i].code == 331 || view[i].code == 341) && view[i].kind == GroupKind::Reference)
       inset.place.setting.layers->frozen.insert(view.idOf(view[i]).getHandle());

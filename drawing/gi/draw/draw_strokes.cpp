@@ -64,9 +64,9 @@ private:
     if (style_ == nullptr || stroke >= style_->elements().size())
       return pen;
     const OdDbMlineStyle::Element& element = style_->elements()[stroke];
-    pen.color = canvas_.looks().colorOf(element.color, canvas_.traits(), canvas_.traits().color);
+    pen.color = canvas_.resolver().colorOf(element.color, canvas_.traits(), canvas_.traits().color);
     if (!element.linetype.isNull())
-      pen.pattern = canvas_.looks().patternOf(element.linetype);
+      pen.pattern = canvas_.resolver().patternOf(element.linetype);
     return pen;
   }
 
@@ -81,7 +81,7 @@ private:
       ring.push_back(crossing(vertex(i), 0));
       back.push_back(crossing(vertex(i), strokes_ - 1));
     }
-    const Color color = canvas_.looks().colorOf(style_->fillColor(), canvas_.traits(), canvas_.traits().color);
+    const Color color = canvas_.resolver().colorOf(style_->fillColor(), canvas_.traits(), canvas_.traits().color);
     if (line_.isClosed())
       return canvas_.fill({ring, back}, color);
     ring.insert(ring.end(), back.rbegin(), back.rend());

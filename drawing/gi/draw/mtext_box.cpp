@@ -28,7 +28,7 @@ void drawTextBox(const TextBox& box, Canvas& canvas) {
   const OdGeMatrix3d toBlock = box.toBlock * OdGeMatrix3d::translation(cornerOf(box));
   const Color own = canvas.traits().color;
   const auto colorOf = [&](const CharFormat& format) {
-    return format.color ? canvas.looks().colorOf(*format.color, canvas.traits(), own) : own;
+    return format.color ? canvas.resolver().colorOf(*format.color, canvas.traits(), own) : own;
   };
   for (const PlacedWord& word : box.block.words) {
     OdGeMatrix3d glyphsToBlock = OdGeMatrix3d::kIdentity;

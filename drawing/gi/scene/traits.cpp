@@ -42,7 +42,7 @@ bool isNamed(OdDbObjectId linetype, const wchar_t* name) {
 
 } // namespace
 
-Looks::Looks(const OdDbDatabase& host, Color background)
+TraitResolver::TraitResolver(const OdDbDatabase& host, Color background)
     : host_(host), foreground_(foregroundOn(background)), background_(background) {
   const double scale = host.headerReal("LTSCALE", 1);
   linetypeScale_ = std::isfinite(scale) && scale > 0 ? scale : 1;
@@ -50,19 +50,19 @@ Looks::Looks(const OdDbDatabase& host, Color background)
   nowhere_.color = foreground_;
 }
 
-LayerView* Looks::addView(const OdString& prefix) {
+LayerView* TraitResolver::addView(const OdString& prefix) {
   views_.emplace_back().prefix = prefix;
   return &views_.back();
 }
 
-Traits Looks::initial() const {
+Traits TraitResolver::initial() const {
   Traits traits;
   traits.color = foreground_;
   traits.layer = &nowhere_;
   return traits;
 }
 
-std::shared_ptr<const Pattern> Looks::patternOf(OdDbObjectId linetype) {
+std::shared_ptr<const Pattern> TraitResolver::patternOf(OdDbObjectId linetype) {
   const auto found = patterns_.find(linetype);
   if (found != patterns_.end())
     return found->second;
@@ -83,33 +83,33 @@ std::shared_ptr<const Pattern> Looks::patternOf(OdDbObjectId linetype) {
   return patterns_.emplace(linetype, std::move(made)).first->second;
 }
 
-LayerLook Looks::look(OdDbObjectId layer, const LayerView& view) {
-  LayerLook look = nowhere_;
+LayerTraits TraitResolver::layerTraits(OdDbObjectId layer, const LayerView& view) {
+  LayerTraits traits = nowhere_;
   const OdString name = symbolName(layer);
-  look.isZero = name == L"0";
+  traits.isZero = name == L"0";
   const auto* record = peekAs<OdDbLayerTableRecord>(layer);
-  if (!view.prefix.isEmpty() && !look.isZero) {
+  if (!view.prefix.isEmpty() && !traits.isZero) {
     const auto* ofHost = peekAs<OdDbLayerTableRecord>(host_.symbol(OdDb::kLayerTable, view.prefix + name));
     record = ofHost != nullptr ? ofHost : record;
   }
   if (record == nullptr)
-    return look;
-  look.off = record->isOff();
-  look.frozen = record->isFrozen() || view.frozen.count(record->getDbHandle()) != 0;
-  look.color = colorOf(record->color());
-  look.color.a = opacityOfLayer(*record);
-  look.weight = record->lineWeight();
-  look.pattern = patternOf(record->linetypeObjectId());
-  return look;
+    return traits;
+  traits.off = record->isOff();
+  traits.frozen = record->isFrozen() || view.frozen.count(record->getDbHandle()) != 0;
+  traits.color = colorOf(record->color());
+  traits.color.a = opacityOfLayer(*record);
+  traits.weight = record->lineWeight();
+  traits.pattern = patternOf(record->linetypeObjectId());
+  return traits;
 }
 
-const LayerLook& Looks::layer(OdDbObjectId id, LayerView& view) {
-  const auto found = view.looks.find(id);
-  return found != view.looks.end() ? found->second : view.looks.emplace(id, look(id, view)).first->second;
+const LayerTraits& TraitResolver::layer(OdDbObjectId id, LayerView& view) {
+  const auto found = view.traits.find(id);
+  return found != view.traits.end() ? found->second : view.traits.emplace(id, layerTraits(id, view)).first->second;
 }
 
 // Some programs write the colour of the foreground with the white of their own screen.
-Color Looks::colorOf(const OdCmColor& color) const {
+Color TraitResolver::colorOf(const OdCmColor& color) const {
   constexpr std::int32_t kWhite = 0xFFFFFF;
   constexpr std::int16_t kForeground = 7;
   if (color.trueColor < 0 || (color.trueColor == kWhite && color.index == kForeground))
@@ -117,7 +117,7 @@ Color Looks::colorOf(const OdCmColor& color) const {
   return gi::colorOf(static_cast<std::uint32_t>(color.trueColor));
 }
 
-Color Looks::colorOf(const OdCmColor& color, const Traits& entity, const Color& byBlock) const {
+Color TraitResolver::colorOf(const OdCmColor& color, const Traits& entity, const Color& byBlock) const {
   Color result = entity.layer->color;
   if (color.trueColor < 0 && color.index == OdCmColor::kByBlock)
     result = byBlock;
@@ -127,8 +127,8 @@ Color Looks::colorOf(const OdCmColor& color, const Traits& entity, const Color& 
   return result;
 }
 
-Traits Looks::of(const OdDbEntity& entity, const Setting& setting) {
-  const LayerLook& own = layer(entity.layerId(), *setting.layers);
+Traits TraitResolver::of(const OdDbEntity& entity, const Setting& setting) {
+  const LayerTraits& own = layer(entity.layerId(), *setting.layers);
   Traits traits;
   traits.layer = own.isZero && setting.isInReference ? setting.byBlock.layer : &own;
   const std::int32_t opacity = entity.transparency();
@@ -149,7 +149,7 @@ Traits Looks::of(const OdDbEntity& entity, const Setting& setting) {
   return traits;
 }
 
-Pen Looks::pen(const Traits& traits, double blockScale) const {
+Pen TraitResolver::pen(const Traits& traits, double blockScale) const {
   Pen pen;
   pen.color = traits.color;
   pen.pattern = traits.pattern;

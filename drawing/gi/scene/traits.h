@@ -15,7 +15,7 @@ class OdDbLayerTableRecord;
 
 namespace drawing::gi {
 
-struct LayerLook {
+struct LayerTraits {
   bool off = false, frozen = false, isZero = false;
   Color color;
   std::int16_t weight = -3;
@@ -27,14 +27,14 @@ struct Traits {
   std::int16_t weight = -3; // hundredths of a millimetre; -3 the default
   std::shared_ptr<const Pattern> pattern;
   double patternScale = 1;
-  const LayerLook* layer = nullptr;
+  const LayerTraits* layer = nullptr;
 };
 
 // The layers of one drawing as one view of it shows them; external references have views of their own.
 struct LayerView {
   OdString prefix;                          // NAME| where the host may have layers of its own for these
   std::unordered_set<std::uint64_t> frozen; // handles of layers that a viewport does not show
-  std::unordered_map<OdDbObjectId, LayerLook> looks;
+  std::unordered_map<OdDbObjectId, LayerTraits> traits;
 };
 
 // Where entities stand: what "by block" and layer 0 mean there.
@@ -44,9 +44,9 @@ struct Setting {
   bool isInReference = false;
 };
 
-class Looks {
+class TraitResolver {
 public:
-  Looks(const OdDbDatabase& host, Color background);
+  TraitResolver(const OdDbDatabase& host, Color background);
 
   Color foreground() const { return foreground_; }
   Color background() const { return background_; }         // white where there is none
@@ -60,14 +60,14 @@ public:
   std::shared_ptr<const Pattern> patternOf(OdDbObjectId linetype);
 
 private:
-  const LayerLook& layer(OdDbObjectId id, LayerView& view);
-  LayerLook look(OdDbObjectId layer, const LayerView& view);
+  const LayerTraits& layer(OdDbObjectId id, LayerView& view);
+  LayerTraits layerTraits(OdDbObjectId layer, const LayerView& view);
 
   const OdDbDatabase& host_;
   Color foreground_, background_;
   double linetypeScale_ = 1;
   bool showsWeights_ = false;
-  LayerLook nowhere_;
+  LayerTraits nowhere_;
   std::deque<LayerView> views_;
   std::unordered_map<OdDbObjectId, std::shared_ptr<const Pattern>> patterns_;
 };

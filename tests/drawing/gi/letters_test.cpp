@@ -34,7 +34,7 @@ TEST(TextCodes, AreReadInTexts) {
   }
 }
 
-CharFormat lookOf(double height) {
+CharFormat traitsOf(double height) {
   CharFormat format;
   format.height = height;
   return format;
@@ -86,7 +86,7 @@ TEST(TextCodes, AreReadInMTexts) {
       {L"}}\\S", "S:^"},
   };
   for (const auto& [text, words] : cases)
-    EXPECT_EQ(described(readMText(text, lookOf(2))), words) << utf8(text);
+    EXPECT_EQ(described(readMText(text, traitsOf(2))), words) << utf8(text);
 }
 
 // What a text of one H or several covers, from the report of its picture.
@@ -145,7 +145,7 @@ TEST(Texts, AreAsWideAsTheirFactorsSay) {
 
 TextBlock block(const wchar_t* contents, Frame frame) {
   static TextShaper shaper;
-  return layOut(readMText(contents, lookOf(frame.textHeight)), frame, shaper);
+  return layOut(readMText(contents, traitsOf(frame.textHeight)), frame, shaper);
 }
 
 // How far below the top the words stand, in tenths.
