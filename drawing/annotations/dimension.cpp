@@ -60,7 +60,7 @@ OdResult OdDbDimension::subTransformBy(const OdGeMatrix3d& matrix) {
     textRotation_ = -textRotation_;
   if (measurement_ > 0 && !measuresAngle())
     measurement_ *= map.scale();
-  movePicture(matrix);
+  moveDimensionBlock(matrix);
   moveRest(map);
   return eOk;
 }
@@ -68,12 +68,12 @@ OdResult OdDbDimension::subTransformBy(const OdGeMatrix3d& matrix) {
 // The picture is a block of its own, drawn in the world: it moves with the dimension that it shows.
 void OdDbDimension::movedParts(std::vector<OdDbObjectId>& ids) const {
   OdDbEntity::movedParts(ids);
-  const auto* picture = drawing::peekAs<OdDbBlockTableRecord>(block_);
-  if (isDBRO() && picture != nullptr && picture->isAnonymous())
-    ids.insert(ids.end(), picture->members().ids().begin(), picture->members().ids().end());
+  const auto* block = drawing::peekAs<OdDbBlockTableRecord>(block_);
+  if (isDBRO() && block != nullptr && block->isAnonymous())
+    ids.insert(ids.end(), block->members().ids().begin(), block->members().ids().end());
 }
 
-void OdDbDimension::movePicture(const OdGeMatrix3d& matrix) {
+void OdDbDimension::moveDimensionBlock(const OdGeMatrix3d& matrix) {
   std::vector<OdDbObjectId> parts;
   movedParts(parts);
   for (OdDbObjectId id : parts) {

@@ -52,8 +52,8 @@ public:
 };
 
 // The picture of a dimension or a table belongs to it alone, although it is a block of the drawing.
-bool isPicture(const OdDbObject& picture, const OdDbObject& of) {
-  const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(&picture);
+bool isDimensionBlock(const OdDbObject& object, const OdDbObject& of) {
+  const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(&object);
   if (block == nullptr || !block->isAnonymous())
     return false;
   const OdString kind = block->getName().left(2);
@@ -96,7 +96,7 @@ void Cloner::planReferences(OdDbObject& object) {
       continue;
     if (isSpace(*needed) && !object.isKindOf(OdDbBlockReference::desc()))
       continue; // only what draws a space needs its contents
-    if (crosses() || isPicture(*needed, object))
+    if (crosses() || isDimensionBlock(*needed, object))
       planNeeded(id);
   }
   if (crosses()) {

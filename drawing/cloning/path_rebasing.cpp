@@ -59,8 +59,8 @@ void rebaseXref(OdDbBlockTableRecord& xref, const OdDbDatabase& source, const Od
 void rebasePath(OdDbObject& object, const OdDbDatabase& source, const OdDbDatabase& target) {
   if (auto* block = dynamic_cast<OdDbBlockTableRecord*>(&object))
     rebaseXref(*block, source, target);
-  else if (auto* picture = dynamic_cast<OdDbRasterImageDef*>(&object))
-    rebaseSource(*picture, source, target);
+  else if (auto* image = dynamic_cast<OdDbRasterImageDef*>(&object))
+    rebaseSource(*image, source, target);
   else if (auto* underlay = dynamic_cast<OdDbUnderlayDefinition*>(&object))
     rebaseSource(*underlay, source, target);
 }

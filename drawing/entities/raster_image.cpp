@@ -5,12 +5,12 @@
 
 using drawing::field;
 
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbPicture, OdDbEntity);
-ODDB_DEFINE_MEMBERS(OdDbRasterImage, OdDbPicture, "IMAGE");
-ODDB_DEFINE_MEMBERS(OdDbWipeout, OdDbPicture, "WIPEOUT");
+ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbImageBase, OdDbEntity);
+ODDB_DEFINE_MEMBERS(OdDbRasterImage, OdDbImageBase, "IMAGE");
+ODDB_DEFINE_MEMBERS(OdDbWipeout, OdDbImageBase, "WIPEOUT");
 
-drawing::SubclassLayout OdDbPicture::imageSubclass(const char* marker) {
-  using Self = OdDbPicture;
+drawing::SubclassLayout OdDbImageBase::imageSubclass(const char* marker) {
+  using Self = OdDbImageBase;
   return {marker, {field<&Self::origin_>(10), field<&Self::u_>(11), field<&Self::v_>(12), field<&Self::size_>(13)}};
 }
 
@@ -28,29 +28,29 @@ const drawing::Description& OdDbWipeout::ownDescription() {
   return description;
 }
 
-MVDB_SETTER(OdDbPicture, setImageSize, const OdGePoint2d&, size_)
+MVDB_SETTER(OdDbImageBase, setImageSize, const OdGePoint2d&, size_)
 
-void OdDbPicture::getOrientation(OdGePoint3d& origin, OdGeVector3d& u, OdGeVector3d& v) const {
+void OdDbImageBase::getOrientation(OdGePoint3d& origin, OdGeVector3d& u, OdGeVector3d& v) const {
   origin = origin_;
   u = u_;
   v = v_;
 }
 
-void OdDbPicture::setOrientation(const OdGePoint3d& origin, const OdGeVector3d& u, const OdGeVector3d& v) {
+void OdDbImageBase::setOrientation(const OdGePoint3d& origin, const OdGeVector3d& u, const OdGeVector3d& v) {
   assertWriteEnabled();
   origin_ = origin;
   u_ = u;
   v_ = v;
 }
 
-OdResult OdDbPicture::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbImageBase::subTransformBy(const OdGeMatrix3d& matrix) {
   origin_ = matrix * origin_;
   u_ = matrix * u_;
   v_ = matrix * v_;
   return eOk;
 }
 
-OdResult OdDbPicture::getGeomExtents(OdGeExtents3d& extents) const {
+OdResult OdDbImageBase::getGeomExtents(OdGeExtents3d& extents) const {
   const OdGeVector3d across = u_ * size_.x, up = v_ * size_.y;
   for (const OdGeVector3d& corner : {OdGeVector3d(), across, up, across + up})
     extents.addPoint(origin_ + corner);

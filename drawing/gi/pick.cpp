@@ -98,7 +98,7 @@ OdDbObjectIdArray ViewPicker::pick(const Test& test) const {
     return picked;
   gi::TraitResolver resolver(*record->database(), {});
   gi::Place place = gi::placeOf(*record, resolver);
-  place.toPicture = toView_ * place.toPicture;
+  place.toScene = toView_ * place.toScene;
   const PictureOptions options;
   for (const OdDbObjectId id : record->members().ids()) {
     gi::DisplayList list;

@@ -65,8 +65,8 @@ void Walk::step() {
 namespace {
 
 // Moves what a place shows, in coordinates outside of it.
-void shift(OdGeMatrix3d& toPicture, const OdGeMatrix3d& outer, const OdGeVector3d& by) {
-  toPicture.setTranslation(toPicture.translation() + outer * by);
+void shift(OdGeMatrix3d& toScene, const OdGeMatrix3d& outer, const OdGeVector3d& by) {
+  toScene.setTranslation(toScene.translation() + outer * by);
 }
 
 } // namespace
@@ -84,16 +84,16 @@ void Walk::repeat(Level& level) {
       inset.column * static_cast<double>(level.at % columns) + inset.row * static_cast<double>(level.at / columns);
   ++level.at;
   Level contents{inset.place, contentsOf(inset.block), 0, inset.block, nullptr};
-  shift(contents.place.toPicture, inset.outer, by);
+  shift(contents.place.toScene, inset.outer, by);
   if (list_.showsNothing(inset.place.clip))
     contents.ids = std::make_shared<const std::vector<OdDbObjectId>>();
   if (inset.rest == nullptr)
     return levels_.push_back(std::move(contents));
   Level behind{inset.place, inset.rest, 0, {}, nullptr};
-  behind.place.toPicture = inset.outer;
+  behind.place.toScene = inset.outer;
   behind.place.clip = inset.restClip;
   behind.place.setting.layers = inset.restLayers;
-  shift(behind.place.toPicture, inset.outer, by);
+  shift(behind.place.toScene, inset.outer, by);
   levels_.push_back(std::move(behind)); // the stack may have moved: `level` is gone
   levels_.push_back(std::move(contents));
 }

@@ -56,7 +56,7 @@ protected:
   virtual PointList planePoints() { return {}; }
   // Transforms the angles and lengths of the kind.
   virtual void moveRest(const drawing::PlaneMap&) {}
-  void movePicture(const OdGeMatrix3d& matrix); // transforms the contents of the dimension block
+  void moveDimensionBlock(const OdGeMatrix3d& matrix); // transforms the contents of the dimension block
   virtual bool measuresAngle() const { return false; }
 
   OdDbObjectId block_;

@@ -7,9 +7,9 @@
 #include "Ge/GeVector3d.h"
 
 // Common base of images and wipeouts. Accepts every invertible matrix.
-class MVDRAWING_API OdDbPicture : public OdDbEntity {
+class MVDRAWING_API OdDbImageBase : public OdDbEntity {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbPicture);
+  ODRX_DECLARE_MEMBERS(OdDbImageBase);
   // Lower left corner, and the sides of one pixel, in world coordinates. Size in pixels. Values are not checked.
   void getOrientation(OdGePoint3d& origin, OdGeVector3d& u, OdGeVector3d& v) const;
   void setOrientation(const OdGePoint3d& origin, const OdGeVector3d& u, const OdGeVector3d& v);
@@ -19,7 +19,7 @@ public:
   OdResult getGeomExtents(OdGeExtents3d& extents) const override; // of the whole image, clipped or not
 
 protected:
-  OdDbPicture() = default;
+  OdDbImageBase() = default;
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
   static drawing::SubclassLayout imageSubclass(const char* marker); // groups that both kinds have
 
@@ -30,7 +30,7 @@ private:
 };
 
 // A raster image.
-class MVDRAWING_API OdDbRasterImage : public OdDbPicture {
+class MVDRAWING_API OdDbRasterImage : public OdDbImageBase {
 public:
   ODDB_DECLARE_MEMBERS(OdDbRasterImage);
   OdDbRasterImage() = default;
@@ -42,7 +42,7 @@ private:
 using OdDbRasterImagePtr = OdSmartPtr<OdDbRasterImage>;
 
 // A wipeout: an area that hides what is below it.
-class MVDRAWING_API OdDbWipeout : public OdDbPicture {
+class MVDRAWING_API OdDbWipeout : public OdDbImageBase {
 public:
   ODDB_DECLARE_MEMBERS(OdDbWipeout);
   OdDbWipeout() = default;

@@ -57,7 +57,7 @@ GroupRun commonRun(const drawing::GroupList& groups) {
 }
 
 // A picture of the entity for programs that do not know its kind: its length, and bytes that tell world coordinates.
-GroupRun cachedPicture(const drawing::GroupList* groups) {
+GroupRun proxyGraphics(const drawing::GroupList* groups) {
   constexpr int kBytes = 310, kLength = 92, kLongLength = 160;
   const GroupRun run = groups == nullptr ? GroupRun{} : commonRun(*groups);
   const std::size_t end = run.first + run.length;
@@ -73,16 +73,16 @@ GroupRun cachedPicture(const drawing::GroupList* groups) {
   return {};
 }
 
-void dropCachedPicture(drawing::GroupList& groups) {
-  const GroupRun common = commonRun(groups), picture = cachedPicture(&groups);
-  const bool alone = picture.length == common.length;
-  groups.erase(picture.first - (alone ? 1 : 0), picture.length + (alone ? 1 : 0));
+void dropProxyGraphics(drawing::GroupList& groups) {
+  const GroupRun common = commonRun(groups), graphics = proxyGraphics(&groups);
+  const bool alone = graphics.length == common.length;
+  groups.erase(graphics.first - (alone ? 1 : 0), graphics.length + (alone ? 1 : 0));
 }
 
 // What stood behind the markers of a kind says nothing to another kind.
 void keepCommonGroups(drawing::GroupList& groups) {
-  if (cachedPicture(&groups).length > 0)
-    dropCachedPicture(groups);
+  if (proxyGraphics(&groups).length > 0)
+    dropProxyGraphics(groups);
   const GroupRun run = commonRun(groups);
   drawing::GroupList kept;
   kept.append(groups, 0, groups.find(100));
@@ -105,8 +105,8 @@ OdResult OdDbEntity::transformBy(const OdGeMatrix3d& matrix) {
     return result;
   if (movesWithEntity(xDataGroups()))
     transformXData(xDataGroupsForWrite(), matrix);
-  if (cachedPicture(unmodelledGroupsOrNull()).length > 0)
-    dropCachedPicture(unmodelledGroups());
+  if (proxyGraphics(unmodelledGroupsOrNull()).length > 0)
+    dropProxyGraphics(unmodelledGroups());
   contextData.move(matrix);
   return result;
 }

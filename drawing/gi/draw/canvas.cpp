@@ -20,14 +20,14 @@ double scaleOf(const OdGeMatrix3d& m) {
 Canvas::Canvas(DisplayList& list, TraitResolver& resolver, TextShaper& shaper, const Place& place,
                const OdDbEntity& entity, const Traits& traits)
     : list_(list), resolver_(resolver), shaper_(shaper), place_(place), entity_(entity), traits_(traits),
-      scale_(scaleOf(place.toPicture)), isOff_(traits.layer->off) {}
+      scale_(scaleOf(place.toScene)), isOff_(traits.layer->off) {}
 
 const OdDbDatabase& Canvas::database() const {
   return *entity_.database();
 }
 
 OdGePoint2d Canvas::project(const OdGePoint3d& point) const {
-  return (place_.toPicture * point).convert2d();
+  return (place_.toScene * point).convert2d();
 }
 
 std::vector<OdGePoint2d> Canvas::project(const Path& path) {
@@ -70,7 +70,7 @@ void Canvas::endless(const OdGePoint3d& from, const OdGePoint3d& through, bool b
 void Canvas::text(const ShapedText& shaped, const OdGeMatrix3d& toBlock, Color color) {
   if (isOff_ || !shaped.box.isValid())
     return;
-  const OdGeMatrix3d m = place_.toPicture * toBlock;
+  const OdGeMatrix3d m = place_.toScene * toBlock;
   const Affine2d base{m(0, 0), m(1, 0), m(0, 1), m(1, 1), m(0, 3), m(1, 3)};
   std::vector<PlacedOutline> placed;
   for (const ShapedText::Glyph& glyph : shaped.glyphs) {
@@ -87,11 +87,11 @@ void Canvas::text(const ShapedText& shaped, const OdGeMatrix3d& toBlock, Color c
 Inset& Canvas::show(OdDbObjectId block, const OdGeMatrix3d& matrix) {
   Inset& inset = insets_.emplace_back();
   inset.block = block;
-  inset.outer = place_.toPicture;
+  inset.outer = place_.toScene;
   inset.restClip = place_.clip;
   inset.restLayers = place_.setting.layers;
   inset.place = place_;
-  inset.place.toPicture = place_.toPicture * matrix;
+  inset.place.toScene = place_.toScene * matrix;
   inset.place.setting.byBlock = traits_;
   inset.place.setting.isInReference = true;
   inset.place.showsTags = false;

@@ -16,7 +16,7 @@ using Path = std::vector<OdGePoint3d>;
 
 struct Place {
   Setting setting;
-  OdGeMatrix3d toPicture = OdGeMatrix3d::kIdentity;
+  OdGeMatrix3d toScene = OdGeMatrix3d::kIdentity;
   std::int32_t clip = -1;
   bool showsTags = false; // attribute definitions stand for themselves
   std::size_t depth = 0;

@@ -17,13 +17,13 @@ namespace drawing::gi {
 namespace {
 
 // A picture's clip boundary in pixels from the upper left corner on; the frame when there is none.
-Path pictureFrame(const OdDbPicture& picture) {
+Path pictureFrame(const OdDbImageBase& image) {
   OdGePoint3d origin;
   OdGeVector3d u, v;
-  picture.getOrientation(origin, u, v);
-  const OdGePoint2d size = picture.imageSize();
+  image.getOrientation(origin, u, v);
+  const OdGePoint2d size = image.imageSize();
   std::vector<OdGePoint2d> corners;
-  const GroupList* groups = picture.unmodelledGroupsOrNull();
+  const GroupList* groups = image.unmodelledGroupsOrNull();
   for (std::size_t i = 0; groups != nullptr && i + 1 < groups->size(); ++i) {
     const Group &x = (*groups)[i], &y = (*groups)[i + 1];
     if (x.code == 14 && y.code == 24 && x.kind == GroupKind::Real && y.kind == GroupKind::Real)

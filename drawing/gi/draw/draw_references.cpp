@@ -30,7 +30,7 @@ void addClip(const OdDbSpatialFilter& filter, Inset& inset, Canvas& canvas) {
   const Path hole = filter.holeInBlock();
   std::vector<OdGePoint2d> polygon;
   for (const OdGePoint3d& corner : hole.empty() ? filter.boundaryInBlock() : hole)
-    polygon.push_back((inset.place.toPicture * corner).convert2d());
+    polygon.push_back((inset.place.toScene * corner).convert2d());
   if (polygon.size() > 2)
     canvas.cut(inset, std::move(polygon), !hole.empty());
   if (filter.frontClipDist() || filter.backClipDist())

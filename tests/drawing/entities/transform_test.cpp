@@ -151,7 +151,7 @@ Points leaderPoints(const OdDbEntity& e) {
 Points picturePoints(const OdDbEntity& e) {
   OdGePoint3d origin;
   OdGeVector3d u, v;
-  as<OdDbPicture>(e).getOrientation(origin, u, v);
+  as<OdDbImageBase>(e).getOrientation(origin, u, v);
   return {origin, origin + u * 200, origin + v * 100};
 }
 
