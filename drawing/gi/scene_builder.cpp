@@ -74,26 +74,26 @@ void shift(OdGeMatrix3d& toScene, const OdGeMatrix3d& outer, const OdGeVector3d&
 // Pushes the next of the repetitions: the attributes below the contents, which come first.
 void Walk::repeat(Level& level) {
   ++report_.steps;
-  const Inset& inset = *level.repeated;
-  const auto columns = static_cast<std::size_t>(inset.columns);
-  if (level.at >= columns * static_cast<std::size_t>(inset.rows)) {
+  const BlockInstance& instance = *level.repeated;
+  const auto columns = static_cast<std::size_t>(instance.columns);
+  if (level.at >= columns * static_cast<std::size_t>(instance.rows)) {
     levels_.pop_back();
     return;
   }
-  const OdGeVector3d by =
-      inset.column * static_cast<double>(level.at % columns) + inset.row * static_cast<double>(level.at / columns);
+  const OdGeVector3d by = instance.column * static_cast<double>(level.at % columns) +
+                          instance.row * static_cast<double>(level.at / columns);
   ++level.at;
-  Level contents{inset.place, contentsOf(inset.block), 0, inset.block, nullptr};
-  shift(contents.place.toScene, inset.outer, by);
-  if (list_.showsNothing(inset.place.clip))
+  Level contents{instance.place, contentsOf(instance.block), 0, instance.block, nullptr};
+  shift(contents.place.toScene, instance.outer, by);
+  if (list_.showsNothing(instance.place.clip))
     contents.ids = std::make_shared<const std::vector<OdDbObjectId>>();
-  if (inset.rest == nullptr)
+  if (instance.rest == nullptr)
     return levels_.push_back(std::move(contents));
-  Level behind{inset.place, inset.rest, 0, {}, nullptr};
-  behind.place.toScene = inset.outer;
-  behind.place.clip = inset.restClip;
-  behind.place.setting.layers = inset.restLayers;
-  shift(behind.place.toScene, inset.outer, by);
+  Level behind{instance.place, instance.rest, 0, {}, nullptr};
+  behind.place.toScene = instance.outer;
+  behind.place.clip = instance.restClip;
+  behind.place.setting.layers = instance.restLayers;
+  shift(behind.place.toScene, instance.outer, by);
   levels_.push_back(std::move(behind)); // the stack may have moved: `level` is gone
   levels_.push_back(std::move(contents));
 }
@@ -115,18 +115,18 @@ void Walk::draw(OdDbObjectId id, const Place& place) {
   for (const char* reason : canvas.leftOut())
     addNotDrawn(*entity, reason);
   // The first inset is drawn first: it has to lie on top of the stack.
-  std::vector<Inset>& insets = canvas.insets();
-  for (std::size_t i = insets.size(); i-- > 0;) {
-    if (isOpen(insets[i].block) || insets[i].place.depth > kDeepestInset)
+  std::vector<BlockInstance>& instances = canvas.instances();
+  for (std::size_t i = instances.size(); i-- > 0;) {
+    if (isOpen(instances[i].block) || instances[i].place.depth > kDeepestInset)
       addNotDrawn(*entity, "cycle");
     else
-      push(std::move(insets[i]));
+      push(std::move(instances[i]));
   }
 }
 
-void Walk::push(Inset&& inset) {
-  Level level{inset.place, nullptr, 0, {}, nullptr};
-  level.repeated = std::make_unique<Inset>(std::move(inset));
+void Walk::push(BlockInstance&& instance) {
+  Level level{instance.place, nullptr, 0, {}, nullptr};
+  level.repeated = std::make_unique<BlockInstance>(std::move(instance));
   levels_.push_back(std::move(level));
 }
 

@@ -31,7 +31,7 @@ private:
     Ids ids;
     std::size_t at = 0;
     OdDbObjectId block; // whose contents they are; null for repetitions and attributes
-    std::unique_ptr<Inset> repeated;
+    std::unique_ptr<BlockInstance> repeated;
   };
 
   void goOn();
@@ -39,7 +39,7 @@ private:
   void step();
   void repeat(Level& level);
   void draw(OdDbObjectId id, const Place& place);
-  void push(Inset&& inset);
+  void push(BlockInstance&& instance);
   bool isOpen(OdDbObjectId block) const;
   Ids contentsOf(OdDbObjectId block);
   void addNotDrawn(const OdDbEntity& entity, const char* reason);

@@ -84,24 +84,24 @@ void Canvas::text(const ShapedText& shaped, const OdGeMatrix3d& toBlock, Color c
   list_.addGlyphs(placed, box, color, place_.clip);
 }
 
-Inset& Canvas::show(OdDbObjectId block, const OdGeMatrix3d& matrix) {
-  Inset& inset = insets_.emplace_back();
-  inset.block = block;
-  inset.outer = place_.toScene;
-  inset.restClip = place_.clip;
-  inset.restLayers = place_.setting.layers;
-  inset.place = place_;
-  inset.place.toScene = place_.toScene * matrix;
-  inset.place.setting.byBlock = traits_;
-  inset.place.setting.isInReference = true;
-  inset.place.showsTags = false;
-  ++inset.place.depth;
-  return inset;
+BlockInstance& Canvas::show(OdDbObjectId block, const OdGeMatrix3d& matrix) {
+  BlockInstance& instance = instances_.emplace_back();
+  instance.block = block;
+  instance.outer = place_.toScene;
+  instance.restClip = place_.clip;
+  instance.restLayers = place_.setting.layers;
+  instance.place = place_;
+  instance.place.toScene = place_.toScene * matrix;
+  instance.place.setting.byBlock = traits_;
+  instance.place.setting.isInReference = true;
+  instance.place.showsTags = false;
+  ++instance.place.depth;
+  return instance;
 }
 
-void Canvas::cut(Inset& inset, std::vector<OdGePoint2d> polygon, bool inverted) {
+void Canvas::cut(BlockInstance& instance, std::vector<OdGePoint2d> polygon, bool inverted) {
   charge(polygon.size());
-  inset.place.clip = list_.addClip(inset.place.clip, std::move(polygon), inverted);
+  instance.place.clip = list_.addClip(instance.place.clip, std::move(polygon), inverted);
 }
 
 void Canvas::leaveOut(const char* reason) {

@@ -23,7 +23,7 @@ struct Place {
 };
 
 // A block that is drawn at its place among the entities: what its contents are shown in.
-struct Inset {
+struct BlockInstance {
   OdDbObjectId block;
   Place place;
   int columns = 1, rows = 1;
@@ -63,10 +63,10 @@ public:
   void text(const ShapedText& shaped, const OdGeMatrix3d& toBlock, Color color);
 
   // Has a block drawn behind this entity.
-  Inset& show(OdDbObjectId block, const OdGeMatrix3d& matrix);
+  BlockInstance& show(OdDbObjectId block, const OdGeMatrix3d& matrix);
   // Shows of the inset what lies inside the polygon, which is in the coordinates of the picture.
-  void cut(Inset& inset, std::vector<OdGePoint2d> polygon, bool inverted = false);
-  std::vector<Inset>& insets() { return insets_; }
+  void cut(BlockInstance& instance, std::vector<OdGePoint2d> polygon, bool inverted = false);
+  std::vector<BlockInstance>& instances() { return instances_; }
 
   // Work that leaves nothing in the picture counts, too: points looked at, characters read.
   void charge(std::size_t work) { work_ += work; }
@@ -86,7 +86,7 @@ private:
   double scale_;
   bool isOff_;
   std::size_t work_ = 0;
-  std::vector<Inset> insets_;
+  std::vector<BlockInstance> instances_;
   std::vector<const char*> leftOut_;
 };
 

@@ -26,33 +26,34 @@ OdGeMatrix3d contentsTransform(const OdDbBlockReference& reference, const OdGePo
   return reference.blockTransform() * OdGeMatrix3d::translation(OdGePoint3d() - origin);
 }
 
-void addClip(const OdDbSpatialFilter& filter, Inset& inset, Canvas& canvas) {
+void addClip(const OdDbSpatialFilter& filter, BlockInstance& instance, Canvas& canvas) {
   const Path hole = filter.holeInBlock();
   std::vector<OdGePoint2d> polygon;
   for (const OdGePoint3d& corner : hole.empty() ? filter.boundaryInBlock() : hole)
-    polygon.push_back((inset.place.toScene * corner).convert2d());
+    polygon.push_back((instance.place.toScene * corner).convert2d());
   if (polygon.size() > 2)
-    canvas.cut(inset, std::move(polygon), !hole.empty());
+    canvas.cut(instance, std::move(polygon), !hole.empty());
   if (filter.frontClipDist() || filter.backClipDist())
     canvas.leaveOut("depth-clip");
 }
 
 // The contents of an external drawing have layers of their own, which the host may override.
-void enterXref(const OdDbDatabase& external, const OdDbBlockTableRecord& block, Inset& inset, Canvas& canvas) {
-  inset.block = external.getModelSpaceId();
-  inset.place.setting.layers = canvas.resolver().addView(block.getName() + L"|");
+void enterXref(const OdDbDatabase& external, const OdDbBlockTableRecord& block, BlockInstance& instance,
+               Canvas& canvas) {
+  instance.block = external.getModelSpaceId();
+  instance.place.setting.layers = canvas.resolver().addView(block.getName() + L"|");
 }
 
-void addRepetitions(const OdDbBlockReference& reference, Inset& inset) {
+void addRepetitions(const OdDbBlockReference& reference, BlockInstance& instance) {
   const auto* array = OdDbMInsertBlock::cast(&reference).get();
   if (array == nullptr)
     return;
   const OdGeMatrix3d turned =
       OdGeMatrix3d::planeToWorld(reference.normal()) * OdGeMatrix3d::rotation(reference.rotation(), {0, 0, 1});
-  inset.columns = std::max<int>(array->columns(), 1);
-  inset.rows = std::max<int>(array->rows(), 1);
-  inset.column = turned * OdGeVector3d(array->columnSpacing(), 0, 0);
-  inset.row = turned * OdGeVector3d(0, array->rowSpacing(), 0);
+  instance.columns = std::max<int>(array->columns(), 1);
+  instance.rows = std::max<int>(array->rows(), 1);
+  instance.column = turned * OdGeVector3d(array->columnSpacing(), 0, 0);
+  instance.row = turned * OdGeVector3d(0, array->rowSpacing(), 0);
 }
 
 } // namespace
@@ -63,19 +64,19 @@ void drawReference(const OdDbBlockReference& reference, Canvas& canvas) {
     return canvas.leaveOut("no-block");
   const OdDbDatabase* external = block->isFromExternalReference() ? block->xrefDatabase() : nullptr;
   const OdGePoint3d origin = external != nullptr ? external->getINSBASE() : block->origin();
-  Inset& inset = canvas.show(block->objectId(), contentsTransform(reference, origin));
+  BlockInstance& instance = canvas.show(block->objectId(), contentsTransform(reference, origin));
   if (reference.hasAttributes()) {
     const OdDbObjectIdArray ids = reference.attributeIds();
-    inset.rest = std::make_shared<const std::vector<OdDbObjectId>>(ids.begin(), ids.end());
+    instance.rest = std::make_shared<const std::vector<OdDbObjectId>>(ids.begin(), ids.end());
   }
   if (external != nullptr)
-    enterXref(*external, *block, inset, canvas);
+    enterXref(*external, *block, instance, canvas);
   else if (block->isFromExternalReference())
     canvas.leaveOut(reasonNotLoaded(*block));
-  addRepetitions(reference, inset);
+  addRepetitions(reference, instance);
   const OdDbSpatialFilterPtr filter = OdDbSpatialFilter::of(reference);
   if (!filter.isNull() && filter->isEnabled())
-    addClip(*filter, inset, canvas);
+    addClip(*filter, instance, canvas);
 }
 
 namespace {
@@ -130,15 +131,15 @@ void drawViewport(const OdDbViewport& viewport, Canvas& canvas) {
   canvas.stroke(border, true);
   if (state == 0 || (flags & kViewportOff) != 0 || canvas.place().depth > 0)
     return;
-  Inset& inset = canvas.show(canvas.database().getModelSpaceId(), viewportTransform(viewport, view));
-  inset.place.setting.isInReference = false;
-  inset.place.setting.byBlock = canvas.resolver().initial();
-  inset.place.setting.layers = canvas.resolver().addView();
+  BlockInstance& instance = canvas.show(canvas.database().getModelSpaceId(), viewportTransform(viewport, view));
+  instance.place.setting.isInReference = false;
+  instance.place.setting.byBlock = canvas.resolver().initial();
+  instance.place.setting.layers = canvas.resolver().addView();
   for (std::size_t i = 0; i < view.size(); ++i) {
     if ((view[i].code == 331 || view[i].code == 341) && view[i].kind == GroupKind::Reference)
-      inset.place.setting.layers->frozen.insert(view.idOf(view[i]).getHandle());
+      instance.place.setting.layers->frozen.insert(view.idOf(view[i]).getHandle());
   }
-  canvas.cut(inset, canvas.project(border));
+  canvas.cut(instance, canvas.project(border));
   if ((flags & kPerspective) != 0)
     canvas.leaveOut("perspective");
 }

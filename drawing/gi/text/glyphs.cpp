@@ -80,9 +80,11 @@ Outline takePath(cairo_t* context, double unit) {
 }
 
 Outline frame(double width) {
-  const auto ring = [&](double inset) {
-    return std::vector<OdGePoint2d>{
-        {0.1 + inset, inset}, {width - 0.1 - inset, inset}, {width - 0.1 - inset, 1 - inset}, {0.1 + inset, 1 - inset}};
+  const auto ring = [&](double instance) {
+    return std::vector<OdGePoint2d>{{0.1 + instance, instance},
+                                    {width - 0.1 - instance, instance},
+                                    {width - 0.1 - instance, 1 - instance},
+                                    {0.1 + instance, 1 - instance}};
   };
   Outline outline{ring(0), ring(0.08)};
   std::reverse(outline[1].begin(), outline[1].end());
