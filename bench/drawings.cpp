@@ -51,16 +51,16 @@ OdDbEntityPtr makeLine(std::size_t i) {
 }
 
 OdDbEntityPtr makeEntity(std::size_t i, const std::vector<OdDbObjectId>& blocks) {
-  const OdGePoint3d place(static_cast<double>(i % 1000), static_cast<double>(i / 1000) + 0.1, 0);
+  const OdGePoint3d position(static_cast<double>(i % 1000), static_cast<double>(i / 1000) + 0.1, 0);
   if (i % 10 == 7) {
     const auto circle = OdDbCircle::createObject();
-    circle->setCenter(place);
+    circle->setCenter(position);
     circle->setRadius(0.25);
     return circle;
   }
   if (i % 10 == 8) {
     const auto text = OdDbText::createObject();
-    text->setPosition(place);
+    text->setPosition(position);
     text->setHeight(0.2);
     text->setTextString(L"part");
     return text;
@@ -68,7 +68,7 @@ OdDbEntityPtr makeEntity(std::size_t i, const std::vector<OdDbObjectId>& blocks)
   if (i % 10 == 9) {
     const auto reference = OdDbBlockReference::createObject();
     reference->setBlockTableRecord(blocks[i % blocks.size()]);
-    reference->setPosition(place);
+    reference->setPosition(position);
     return reference;
   }
   return makeLine(i);

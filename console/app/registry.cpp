@@ -11,7 +11,7 @@ const CommandTable& allCommands() {
       {L"ATTDEF",
        {L"ATT"},
        kHelpAttdef,
-       {kPromptTag, kPromptTagPrompt, kPromptTagDefault, kPromptAttdefPlace, kPromptModes, kPromptJustify,
+       {kPromptTag, kPromptTagPrompt, kPromptTagDefault, kPromptAttdefPosition, kPromptModes, kPromptJustify,
         kPromptSecondPoint, kPromptAngle, kPromptStyle, kPromptHeight},
        kModifies,
        commands::attdef},

@@ -24,7 +24,7 @@ std::vector<OdDbObjectId> definitionsIn(OdDbObjectId block) {
 // Which of the definitions have been answered beforehand.
 std::set<OdDbObjectId> answered(OdDbObjectId block, const AttributeAnswers& answers) {
   const std::vector<OdDbObjectId> definitions = definitionsIn(block);
-  TagPlaces places;
+  TagIndex places;
   for (const OdDbObjectId id : definitions)
     places.add(OdDbAttributeDefinitionPtr(id.safeOpenObject())->tag());
   std::set<OdDbObjectId> known;

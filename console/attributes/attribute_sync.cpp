@@ -52,11 +52,11 @@ private:
     const AttributeRow* found = old_.find(definition.tag(), taken_[foldedTag(definition.tag())] + 1);
     if (found != nullptr) {
       ++taken_[foldedTag(definition.tag())];
-      used_[placeOf(*found)] = true;
+      used_[indexOf(*found)] = true;
     }
     return found;
   }
-  std::size_t placeOf(const AttributeRow& row) const { return static_cast<std::size_t>(&row - old_.rows().data()); }
+  std::size_t indexOf(const AttributeRow& row) const { return static_cast<std::size_t>(&row - old_.rows().data()); }
 
   // Attributes stand in the order of their definitions. What stands out of it is made anew, behind the others.
   void update(const OdDbAttributeDefinition& definition) {
@@ -64,8 +64,8 @@ private:
     if (old == nullptr)
       return append(*OdDbAttribute::createObject(), definition, nullptr);
     const OdDbAttributePtr before = old->attribute.safeOpenObject(OdDb::kForWrite);
-    if (placeOf(*old) >= next_ && !appended_) {
-      next_ = placeOf(*old) + 1;
+    if (indexOf(*old) >= next_ && !appended_) {
+      next_ = indexOf(*old) + 1;
       return become(*before, definition, before.get());
     }
     append(*OdDbAttribute::createObject(), definition, before.get());

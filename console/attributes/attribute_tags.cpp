@@ -23,25 +23,25 @@ std::wstring foldedTag(const OdString& tag) {
   return capitals.str();
 }
 
-int TagPlaces::add(const OdString& tag) {
-  std::vector<std::size_t>& places = places_[foldedTag(tag)];
-  places.push_back(size_++);
-  return static_cast<int>(places.size());
+int TagIndex::add(const OdString& tag) {
+  std::vector<std::size_t>& ordinals = ordinals_[foldedTag(tag)];
+  ordinals.push_back(size_++);
+  return static_cast<int>(ordinals.size());
 }
 
-std::size_t TagPlaces::count(const OdString& tag) const {
-  const auto found = places_.find(foldedTag(tag));
-  return found == places_.end() ? 0 : found->second.size();
+std::size_t TagIndex::count(const OdString& tag) const {
+  const auto found = ordinals_.find(foldedTag(tag));
+  return found == ordinals_.end() ? 0 : found->second.size();
 }
 
-std::optional<std::size_t> TagPlaces::find(const OdString& tag, int ordinal) const {
-  const auto found = places_.find(foldedTag(tag));
-  if (found == places_.end() || ordinal < 1 || static_cast<std::size_t>(ordinal) > found->second.size())
+std::optional<std::size_t> TagIndex::find(const OdString& tag, int ordinal) const {
+  const auto found = ordinals_.find(foldedTag(tag));
+  if (found == ordinals_.end() || ordinal < 1 || static_cast<std::size_t>(ordinal) > found->second.size())
     return std::nullopt;
   return found->second[static_cast<std::size_t>(ordinal) - 1];
 }
 
-std::optional<std::size_t> TagPlaces::findTyped(const OdString& typed) const {
+std::optional<std::size_t> TagIndex::findTyped(const OdString& typed) const {
   if (const auto whole = find(typed, 1))
     return whole;
   const int sharp = typed.reverseFind(L'#');

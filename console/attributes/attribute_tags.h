@@ -14,7 +14,7 @@ namespace console {
 std::wstring foldedTag(const OdString& tag);
 
 // Places in a row of tags. Tags are compared without regard to case.
-class TagPlaces {
+class TagIndex {
 public:
   int add(const OdString& tag); // behind the others; answers its ordinal among equal ones, from 1
   std::size_t count(const OdString& tag) const;
@@ -23,7 +23,7 @@ public:
   std::optional<std::size_t> findTyped(const OdString& typed) const;
 
 private:
-  std::map<std::wstring, std::vector<std::size_t>> places_; // by the folded tag
+  std::map<std::wstring, std::vector<std::size_t>> ordinals_; // by the folded tag
   std::size_t size_ = 0;
 };
 

@@ -44,7 +44,7 @@ ReferenceAttributes::ReferenceAttributes(const OdDbBlockReference& reference) {
       continue;
     if (rows_.empty())
       block = effectiveBlockName(reference);
-    const int ordinal = places_.add(attribute->tag());
+    const int ordinal = tags_.add(attribute->tag());
     rows_.push_back({reference.objectId(), attribute->objectId(), block, attribute->tag(), ordinal,
                      attribute->textString(), flagsOf(*attribute)});
   }

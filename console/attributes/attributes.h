@@ -27,15 +27,15 @@ class ReferenceAttributes {
 public:
   explicit ReferenceAttributes(const OdDbBlockReference& reference);
   const std::vector<AttributeRow>& rows() const { return rows_; }
-  std::size_t count(const OdString& tag) const { return places_.count(tag); }
+  std::size_t count(const OdString& tag) const { return tags_.count(tag); }
   // Null when there is none.
-  const AttributeRow* find(const OdString& tag, int ordinal) const { return at(places_.find(tag, ordinal)); }
-  const AttributeRow* findTyped(const OdString& typed) const { return at(places_.findTyped(typed)); }
+  const AttributeRow* find(const OdString& tag, int ordinal) const { return at(tags_.find(tag, ordinal)); }
+  const AttributeRow* findTyped(const OdString& typed) const { return at(tags_.findTyped(typed)); }
 
 private:
   const AttributeRow* at(std::optional<std::size_t> place) const;
   std::vector<AttributeRow> rows_;
-  TagPlaces places_;
+  TagIndex tags_;
 };
 
 // "TAG", or "TAG#2" for the second of that tag.

@@ -20,7 +20,7 @@ OdString extensionOf(const OdString& name) {
 }
 
 // Also while no file is there: an open drawing may be saved to its place again.
-bool isSamePlace(const std::string& one, const std::string& other) {
+bool isSameFile(const std::string& one, const std::string& other) {
   namespace fs = std::filesystem;
   std::error_code ignored;
   return fs::equivalent(one, other, ignored) || fs::weakly_canonical(fs::absolute(one, ignored), ignored) ==
@@ -59,7 +59,7 @@ OdString besideDrawing(Session& session, const OdString& name) {
 } // namespace
 
 void refuseOpenDrawing(Session& session, const std::string& path) {
-  const auto isThat = [&](const OpenDrawing& open) { return !open.path.empty() && isSamePlace(open.path, path); };
+  const auto isThat = [&](const OpenDrawing& open) { return !open.path.empty() && isSameFile(open.path, path); };
   const auto& others = session.others();
   if (isThat(session.drawing()) || std::any_of(others.begin(), others.end(), isThat))
     refuse(Text::kTargetIsOpen, {OdString::fromUtf8(path)});

@@ -83,11 +83,11 @@ void askStyle(CommandContext& context, Wishes& wishes) {
 }
 
 // The first point, with the options in front of it.
-OdGePoint3d askPlace(CommandContext& context, Wishes& wishes) {
+OdGePoint3d promptInsertionPoint(CommandContext& context, Wishes& wishes) {
   Session& session = context.session;
   for (;;) {
     constexpr bool kRequired = true;
-    const PointOrKeyword answer = askPointOr(session, Text::kKeywordsAttdef, Text::kPromptAttdefPlace, kRequired);
+    const PointOrKeyword answer = askPointOr(session, Text::kKeywordsAttdef, Text::kPromptAttdefPosition, kRequired);
     if (answer.point)
       return *answer.point;
     if (answer.keyword == L"Modes")
@@ -149,7 +149,7 @@ void attdef(CommandContext& context) {
   const OdDbAttributeDefinitionPtr definition = OdDbAttributeDefinition::createObject();
   definition->setDatabaseDefaults(&context.database);
   Wishes wishes;
-  const OdGePoint3d first = askPlace(context, wishes);
+  const OdGePoint3d first = promptInsertionPoint(context, wishes);
   OdGePoint3d second;
   if (hasTwoPoints(wishes)) {
     second = askRequiredPoint(session, Text::kPromptSecondPoint);

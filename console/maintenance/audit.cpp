@@ -20,7 +20,7 @@ OdString severityText(drawing::Severity severity) {
 }
 
 Row rowOf(const drawing::Issue& issue) {
-  return {severityText(issue.severity), escapedText(drawing::placeOf(issue)), escapedText(issue.found),
+  return {severityText(issue.severity), escapedText(drawing::locationOf(issue)), escapedText(issue.found),
           escapedText(issue.done)};
 }
 
@@ -31,8 +31,8 @@ void showIssues(Session& session, const std::vector<drawing::Issue>& issues) {
     session.result(Text::kAuditWhole);
     return;
   }
-  std::vector<Row> rows = {
-      {render(Text::kAuditSeverity), render(Text::kAuditPlace), render(Text::kAuditFound), render(Text::kAuditDone)}};
+  std::vector<Row> rows = {{render(Text::kAuditSeverity), render(Text::kAuditLocation), render(Text::kAuditFound),
+                            render(Text::kAuditDone)}};
   for (const drawing::Issue& issue : issues)
     rows.push_back(rowOf(issue));
   std::array<int, 3> widths = {};

@@ -31,7 +31,7 @@ struct JsonPrinter {
 namespace {
 
 // The number of names when it is not there.
-std::size_t placeOf(const std::vector<std::string>& names, const std::string& name) {
+std::size_t positionOf(const std::vector<std::string>& names, const std::string& name) {
   return static_cast<std::size_t>(std::find(names.begin(), names.end(), name) - names.begin());
 }
 
@@ -65,7 +65,7 @@ Json& Json::operator[](const std::string& name) {
   if (std::holds_alternative<std::nullptr_t>(value_))
     value_ = Object();
   Object& object = std::get<Object>(value_);
-  const std::size_t at = placeOf(object.names, name);
+  const std::size_t at = positionOf(object.names, name);
   if (at < object.names.size())
     return object.values[at];
   object.names.push_back(name);
@@ -86,7 +86,7 @@ void Json::update(const Json& members) {
 
 const Json& Json::at(const std::string& name) const {
   const Object& object = std::get<Object>(value_);
-  return object.values.at(placeOf(object.names, name));
+  return object.values.at(positionOf(object.names, name));
 }
 
 std::string Json::dump() const {

@@ -269,7 +269,7 @@ constexpr Word kWords[] = {
          L"Say what to rename: --block, --layer, --linetype, --style or --dimstyle, each with OLD=NEW."},
 
     Word{Text::kAuditSeverity, "audit.severity", L"Severity"},
-    Word{Text::kAuditPlace, "audit.place", L"Place"},
+    Word{Text::kAuditLocation, "audit.place", L"Place"},
     Word{Text::kAuditFound, "audit.found", L"Found"},
     Word{Text::kAuditDone, "audit.done", L"Done"},
     Word{Text::kAuditRow, "audit.row", L"{1}  {2}  {3}  {4}"},
@@ -302,7 +302,8 @@ constexpr Word kWords[] = {
          L"{1} {1:value of an attribute is|values of attributes are} gone."},
     Word{Text::kHelpAttedit, "help.attedit", L"Change the attributes of a reference"},
     Word{Text::kHelpAttsync, "help.attsync", L"Bring the attributes of references up to date with their block"},
-    Word{Text::kPromptAttdefPlace, "prompt.attdef-place", L"Start point of the text [Justify/Modes/Rotation/Style]:"},
+    Word{Text::kPromptAttdefPosition, "prompt.attdef-place",
+         L"Start point of the text [Justify/Modes/Rotation/Style]:"},
     Word{Text::kKeywordsAttdef, "keywords.attdef", L"Justify Modes Rotation Style _Justify Modes Rotation Style"},
     Word{Text::kPromptModes, "prompt.attribute-modes",
          L"Mode to change [Invisible/Constant/Verify/Preset/Lock/Multiple] <done>:"},
@@ -558,7 +559,7 @@ bool isPrintedRaw(wchar_t ch) {
 }
 
 // What a place "{1}" or "{1:one|many}" stands for; `place` is what lies between the braces.
-OdString filledPlace(std::wstring_view place, const std::vector<OdString>& arguments) {
+OdString argumentText(std::wstring_view place, const std::vector<OdString>& arguments) {
   const auto index = static_cast<std::size_t>(place[0] - L'1');
   const OdString value = index < arguments.size() ? escaped(arguments[index]) : OdString();
   if (place.size() < 2)
@@ -592,7 +593,7 @@ OdString render(Text text, const std::vector<OdString>& arguments) {
   for (auto open = rest.find(L'{'); open != std::wstring_view::npos; open = rest.find(L'{')) {
     const auto close = rest.find(L'}', open);
     shown += OdString(rest.substr(0, open));
-    shown += filledPlace(rest.substr(open + 1, close - open - 1), arguments);
+    shown += argumentText(rest.substr(open + 1, close - open - 1), arguments);
     rest.remove_prefix(close + 1);
   }
   return shown += OdString(rest);

@@ -243,7 +243,7 @@ enum class Text : unsigned short {
   kNoRename,
   // Auditing
   kAuditSeverity,
-  kAuditPlace,
+  kAuditLocation,
   kAuditFound,
   kAuditDone,
   kAuditRow,
@@ -271,7 +271,7 @@ enum class Text : unsigned short {
   // Attributes
   kHelpAttedit,
   kHelpAttsync,
-  kPromptAttdefPlace,
+  kPromptAttdefPosition,
   kKeywordsAttdef,
   kPromptModes,
   kKeywordsModes,

@@ -68,15 +68,15 @@ OdDbObjectIdArray ofHandle(OdDbDatabase& database, const OdDbObjectIdArray& obje
 } // namespace
 
 void Picks::add(OdDbObjectId id) {
-  if (places_.emplace(id, order_.size()).second)
+  if (positions_.emplace(id, order_.size()).second)
     order_.push_back(id);
 }
 
 OdDbObjectIdArray Picks::ids() const {
   OdDbObjectIdArray ids;
   for (std::size_t at = 0; at < order_.size(); ++at) {
-    const auto place = places_.find(order_[at]);
-    if (place != places_.end() && place->second == at)
+    const auto place = positions_.find(order_[at]);
+    if (place != positions_.end() && place->second == at)
       ids.append(order_[at]);
   }
   return ids;

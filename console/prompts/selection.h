@@ -20,13 +20,13 @@ struct Selector {
 class Picks {
 public:
   void add(OdDbObjectId id);
-  void remove(OdDbObjectId id) { places_.erase(id); }
-  std::size_t size() const { return places_.size(); }
+  void remove(OdDbObjectId id) { positions_.erase(id); }
+  std::size_t size() const { return positions_.size(); }
   OdDbObjectIdArray ids() const;
 
 private:
   std::vector<OdDbObjectId> order_;
-  std::unordered_map<OdDbObjectId, std::size_t> places_;
+  std::unordered_map<OdDbObjectId, std::size_t> positions_;
 };
 
 // The living objects of a space in order of addition.

@@ -6,11 +6,11 @@ namespace console::report {
 namespace {
 
 std::uint64_t product(std::uint64_t a, std::uint64_t b) {
-  return a != 0 && b > kMostPlaces / a ? kMostPlaces : a * b;
+  return a != 0 && b > kMaxInstances / a ? kMaxInstances : a * b;
 }
 
 std::uint64_t sum(std::uint64_t a, std::uint64_t b) {
-  return std::min(a + b, kMostPlaces); // both are at most kMostPlaces
+  return std::min(a + b, kMaxInstances); // both are at most kMaxInstances
 }
 
 // Edges by the block that they start from.
@@ -59,7 +59,7 @@ void countReferences(std::vector<Block>& blocks, const std::vector<Edge>& edges,
     for (const Edge& edge : out[at]) {
       Counts& inner = blocks[edge.to].references;
       ++inner.direct;
-      inner.nested = sum(inner.nested, product(shown, edge.places));
+      inner.nested = sum(inner.nested, product(shown, edge.instances));
     }
   }
   for (auto at = order.rbegin(); at != order.rend(); ++at) {

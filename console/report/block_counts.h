@@ -8,7 +8,7 @@ namespace console::report {
 // A reference from one block to another, by their places in the list; `places` is rows times columns.
 struct Edge {
   std::size_t from, to;
-  std::uint64_t places;
+  std::uint64_t instances;
 };
 
 // Fills counts and depth. `space` is the place of model space; anything outside the list counts no nested ones.

@@ -107,7 +107,7 @@ AttributeDefinition definitionOf(const OdDbAttributeDefinition& definition) {
 }
 
 // Rows times columns. A file may say none, and means one.
-std::uint64_t placesOf(const OdDbBlockReference& reference) {
+std::uint64_t instancesOf(const OdDbBlockReference& reference) {
   const auto* array = dynamic_cast<const OdDbMInsertBlock*>(&reference);
   const auto atLeastOne = [](std::int16_t count) { return static_cast<std::uint64_t>(std::max<int>(count, 1)); };
   return array == nullptr ? 1 : atLeastOne(array->rows()) * atLeastOne(array->columns());
@@ -116,7 +116,7 @@ std::uint64_t placesOf(const OdDbBlockReference& reference) {
 // The builder's view of all blocks while their contents are walked.
 struct Contents {
   std::vector<Block> blocks;
-  std::unordered_map<OdDbObjectId, std::size_t> places;
+  std::unordered_map<OdDbObjectId, std::size_t> indices;
   std::vector<Edge> edges;
 };
 
@@ -137,8 +137,8 @@ void lookInside(Contents& contents, std::size_t at) {
     if (!isReference(*entity))
       continue;
     const auto& reference = static_cast<const OdDbBlockReference&>(*entity);
-    if (const auto target = contents.places.find(reference.blockTableRecord()); target != contents.places.end())
-      contents.edges.push_back({at, target->second, placesOf(reference)});
+    if (const auto target = contents.indices.find(reference.blockTableRecord()); target != contents.indices.end())
+      contents.edges.push_back({at, target->second, instancesOf(reference)});
   }
 }
 
@@ -150,8 +150,9 @@ void addDynamicInstances(Contents& contents) {
   }
   for (const Block& block : contents.blocks) {
     const OdDbObjectId definition = OdDbDynBlockTableRecord(block.id).dynamicBlockTableRecord();
-    const auto found = contents.places.find(definition);
-    if (found != contents.places.end() && definition != block.id && contents.blocks[found->second].withDynamicInstances)
+    const auto found = contents.indices.find(definition);
+    if (found != contents.indices.end() && definition != block.id &&
+        contents.blocks[found->second].withDynamicInstances)
       *contents.blocks[found->second].withDynamicInstances += block.references;
   }
 }
@@ -159,14 +160,14 @@ void addDynamicInstances(Contents& contents) {
 std::vector<Block> blocksOf(const OdDbDatabase& database) {
   Contents contents;
   forRecords<OdDbBlockTableRecord>(database.getBlockTableId(), [&](OdDbBlockTableRecord& record) {
-    contents.places[record.objectId()] = contents.blocks.size();
+    contents.indices[record.objectId()] = contents.blocks.size();
     contents.blocks.push_back(blockOf(record));
   });
   for (std::size_t at = 0; at < contents.blocks.size(); ++at)
     lookInside(contents, at);
-  const auto space = contents.places.find(database.getModelSpaceId());
+  const auto space = contents.indices.find(database.getModelSpaceId());
   countReferences(contents.blocks, contents.edges,
-                  space == contents.places.end() ? contents.blocks.size() : space->second);
+                  space == contents.indices.end() ? contents.blocks.size() : space->second);
   addDynamicInstances(contents);
   return std::move(contents.blocks);
 }

@@ -31,8 +31,8 @@ struct Counts {
   std::uint64_t nested = 0; // places where model space shows it; at most kMostPlaces
   Counts& operator+=(const Counts& other);
 };
-inline constexpr std::uint64_t kMostPlaces = std::uint64_t{1}
-                                             << 53; // every reader of JSON tells it from its neighbours
+inline constexpr std::uint64_t kMaxInstances = std::uint64_t{1}
+                                               << 53; // every reader of JSON tells it from its neighbours
 
 struct Block {
   OdDbObjectId id;

@@ -14,8 +14,8 @@ constexpr bool isNumber(std::size_t column) {
   return column >= 1 && column <= 4;
 }
 
-OdString places(std::uint64_t count) {
-  return count < kMostPlaces ? console::count(count) : render(Text::kReportMany);
+OdString timesText(std::uint64_t count) {
+  return count < kMaxInstances ? console::count(count) : render(Text::kReportMany);
 }
 
 void addNote(OdString& notes, const OdString& note) {
@@ -57,7 +57,7 @@ Row rowOf(const Block& block) {
   const Counts counts = block.withDynamicInstances.value_or(block.references);
   return {escaped(block.name),
           console::count(counts.direct),
-          places(counts.nested),
+          timesText(counts.nested),
           console::count(block.attributes.size()),
           console::count(block.depth),
           unitsText(block.units.value_or(0)),

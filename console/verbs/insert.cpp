@@ -87,7 +87,7 @@ public:
     verb_->add("--name", typed_.name, "Name of the block that --file makes; else that of the file");
     verb_->add("--on-clash", typed_.onClash, "When a block of that name is there (refuse; lists: rename)")
         .oneOf({"refuse", "keep", "replace", "rename"});
-    describePlace();
+    describePlacement();
     verb_->add("--attr", typed_.attributes, "TAG=VALUE, or TAG#2=VALUE for the second of that tag");
     verb_->add("--defaults", answers_.takesDefaults, "Values that are not given are those of the definitions");
     verb_->add("--dry-run", dry_, "Tell what would happen, and write nothing");
@@ -111,7 +111,7 @@ private:
     double factor = 1;
   };
 
-  void describePlace() {
+  void describePlacement() {
     verb_->add("--at", typed_.at, "Insertion point X,Y[,Z] (0,0)");
     verb_->add("--scale", typed_.scale, "S, or SX,SY,SZ (1)");
     verb_->add("--rotate", typed_.rotate, "Degrees about the z axis (0)");
@@ -122,7 +122,7 @@ private:
     verb_->add("--grid", typed_.grid, "COLUMNS,DX,DY: where the files of a list go, row by row from --at");
   }
 
-  void checkPlace();
+  void checkPlacement();
   void work(Session& session, Json& results);
   void insertList(Session& session);
   Done insertFile(Session& session, const std::string& path, const OdString& name, const Placement& placement) const;
@@ -163,10 +163,10 @@ void Insert::check() {
     answers_.given.emplace_back(OdString::fromUtf8(given.substr(0, equals)),
                                 OdString::fromUtf8(given.substr(equals + 1)));
   }
-  checkPlace();
+  checkPlacement();
 }
 
-void Insert::checkPlace() {
+void Insert::checkPlacement() {
   const auto at = parsePoint(typed_.at);
   if (!at)
     refuseUsage(Text::kBadPoint, "--at", typed_.at);

@@ -42,9 +42,9 @@ std::string handleText(std::uint64_t handle) {
 
 } // namespace
 
-std::string placeOf(const Issue& issue) {
-  std::string place;
-  const auto add = [&place](const std::string& part) { place += (place.empty() ? "" : ", ") + part; };
+std::string locationOf(const Issue& issue) {
+  std::string location;
+  const auto add = [&location](const std::string& part) { location += (location.empty() ? "" : ", ") + part; };
   if (issue.line != 0)
     add((issue.isOffset ? "byte " : "line ") + std::to_string(issue.line));
   if (!issue.section.empty())
@@ -55,12 +55,12 @@ std::string placeOf(const Issue& issue) {
     add("handle " + handleText(issue.handle));
   if (issue.groupCode >= 0)
     add("group " + std::to_string(issue.groupCode));
-  return place;
+  return location;
 }
 
 std::string describe(const Issue& issue) {
-  const std::string place = placeOf(issue);
-  return place + (place.empty() ? "" : ": ") + issue.found + (issue.done.empty() ? "" : "; " + issue.done);
+  const std::string location = locationOf(issue);
+  return location + (location.empty() ? "" : ": ") + issue.found + (issue.done.empty() ? "" : "; " + issue.done);
 }
 
 } // namespace drawing

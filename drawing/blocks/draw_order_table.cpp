@@ -26,7 +26,7 @@ bool OdDbSortentsTable::readGroup(OdDbObject& object, const drawing::RawGroup& g
     table.block_ = context.reference(group);
   } else if (group.code == 331) {
     table.entries_.push_back({context.reference(group), 0});
-    table.places_.drop();
+    table.positions_.drop();
   } else if (group.code == 5 && !table.entries_.empty()) {
     if (context.handle(group, handle))
       table.entries_.back().sortHandle = handle;
@@ -47,28 +47,28 @@ void OdDbSortentsTable::writeGroups(const OdDbObject& object, drawing::GroupSink
 
 MVDB_SETTER(OdDbSortentsTable, setBlockId, OdDbObjectId, block_)
 
-const OdDbSortentsTable::Places& OdDbSortentsTable::places() const {
-  if (places_.get() == nullptr) {
-    Places& made = places_.make();
+const OdDbSortentsTable::Positions& OdDbSortentsTable::positions() const {
+  if (positions_.get() == nullptr) {
+    Positions& made = positions_.make();
     for (std::size_t i = 0; i < entries_.size(); ++i)
       made.emplace(entries_[i].entity, i);
   }
-  return *places_.get();
+  return *positions_.get();
 }
 
 OdDbHandle OdDbSortentsTable::sortHandle(OdDbObjectId entity) const {
-  const auto found = places().find(entity);
-  return found == places().end() ? entity.getHandle() : entries_[found->second].sortHandle;
+  const auto found = positions().find(entity);
+  return found == positions().end() ? entity.getHandle() : entries_[found->second].sortHandle;
 }
 
 void OdDbSortentsTable::setSortHandle(OdDbObjectId entity, OdDbHandle handle) {
   assertWriteEnabled();
-  const auto found = places().find(entity);
-  if (found != places().end()) {
+  const auto found = positions().find(entity);
+  if (found != positions().end()) {
     entries_[found->second].sortHandle = handle;
     return;
   }
-  places_.get()->emplace(entity, entries_.size());
+  positions_.get()->emplace(entity, entries_.size());
   entries_.push_back({entity, handle});
 }
 
@@ -89,7 +89,7 @@ void OdDbSortentsTable::setOrder(const std::vector<OdDbObjectId>& ids) {
     handles.push_back(id.getHandle());
   std::sort(handles.begin(), handles.end());
   entries_.clear();
-  places_.drop();
+  positions_.drop();
   for (std::size_t i = 0; i < ids.size(); ++i)
     entries_.push_back({ids[i], handles[i]});
 }
@@ -120,7 +120,7 @@ void OdDbSortentsTable::visitReferences(drawing::ReferenceVisitor& visitor) {
   visitor.visit(block_, OdDb::kSoftPointerRef);
   for (Entry& entry : entries_)
     visitor.visit(entry.entity, OdDb::kSoftPointerRef);
-  places_.drop();
+  positions_.drop();
 }
 
 // The copy orders the clones as the originals were ordered, by the clones' own handles.

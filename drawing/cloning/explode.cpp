@@ -55,21 +55,21 @@ OdGeMatrix3d transformOf(const OdDbBlockReference& reference, const OdDbBlockTab
 }
 
 // From one row or column to the next, in world coordinates.
-std::vector<OdGeMatrix3d> placesOf(const OdDbBlockReference& reference, const OdDbBlockTableRecord& block) {
+std::vector<OdGeMatrix3d> instanceTransforms(const OdDbBlockReference& reference, const OdDbBlockTableRecord& block) {
   const OdGeMatrix3d first = transformOf(reference, block) * OdGeMatrix3d::translation(OdGePoint3d() - block.origin());
   const auto array = OdDbMInsertBlock::cast(const_cast<OdDbBlockReference*>(&reference));
   if (array.isNull())
     return {first};
   const OdGeMatrix3d axes = OdGeMatrix3d::planeToWorld(reference.normal()) *
                             OdGeMatrix3d::rotation(reference.rotation(), OdGeVector3d::kZAxis);
-  std::vector<OdGeMatrix3d> places;
+  std::vector<OdGeMatrix3d> transforms;
   for (int row = 0; row < std::max<int>(array->rows(), 1); ++row) {
     for (int column = 0; column < std::max<int>(array->columns(), 1); ++column) {
       const OdGeVector3d shift(column * array->columnSpacing(), row * array->rowSpacing(), 0);
-      places.push_back(OdGeMatrix3d::translation(axes * shift) * first);
+      transforms.push_back(OdGeMatrix3d::translation(axes * shift) * first);
     }
   }
-  return places;
+  return transforms;
 }
 
 ExplodeRefusal refusalOf(OdDbObjectId id) {
@@ -94,16 +94,16 @@ public:
 
   Exploded run() {
     splitContents();
-    const std::vector<OdGeMatrix3d> places = placesOf(*reference_, *block_);
-    if (places.size() * (contents_.size() + 1) > options_.objects) {
+    const std::vector<OdGeMatrix3d> transforms = instanceTransforms(*reference_, *block_);
+    if (transforms.size() * (contents_.size() + 1) > options_.objects) {
       result_.refusal = ExplodeRefusal::TooMuch;
       return result_;
     }
-    for (const OdGeMatrix3d& place : places)
-      putCopies(place);
+    for (const OdGeMatrix3d& transform : transforms)
+      putCopies(transform);
     if (!result_.unplaceable.empty())
       return rollBack();
-    putTexts(places.front());
+    putTexts(transforms.front());
     result_.clipLost = !OdDbSpatialFilter::of(*reference_).isNull();
     reference_->upgradeOpen();
     reference_->erase();
@@ -124,7 +124,7 @@ private:
     }
   }
 
-  void putCopies(const OdGeMatrix3d& place) {
+  void putCopies(const OdGeMatrix3d& transform) {
     const OdDbIdMappingPtr mapping = OdDbIdMapping::createObject();
     mapping->setDestDb(&database_);
     mapping->setObjectLimit(options_.objects);
@@ -132,14 +132,14 @@ private:
       throw OdError(reason);
     for (const OdDbIdPair& pair : mapping->pairs()) {
       if (pair.isPrimary() && pair.isCloned())
-        finish(pair, place);
+        finish(pair, transform);
     }
   }
 
-  void finish(const OdDbIdPair& pair, const OdGeMatrix3d& place) {
+  void finish(const OdDbIdPair& pair, const OdGeMatrix3d& transform) {
     const OdDbEntityPtr copy = pair.value().safeOpenObject(OdDb::kForWrite);
     result_.made.append(pair.value());
-    if (copy->transformBy(place) == eOk)
+    if (copy->transformBy(transform) == eOk)
       byBlock_.applyTo(pair.value());
     else if (!isKnown(pair.key()))
       result_.unplaceable.push_back({copy->dxfName(), pair.key()});
@@ -157,7 +157,7 @@ private:
     return result_;
   }
 
-  void putTexts(const OdGeMatrix3d& place) {
+  void putTexts(const OdGeMatrix3d& transform) {
     for (const auto walk = reference_->attributeIterator(); !walk->done(); walk->step()) {
       const OdDbAttributePtr attribute = walk->entity();
       if (!options_.attributesAsText || attribute->isInvisible())
@@ -167,7 +167,7 @@ private:
     }
     for (const OdDbAttributeDefinitionPtr& definition : constants_) {
       const OdDbAttributePtr constant = OdDbAttribute::createObject();
-      constant->setAttributeFromBlock(definition.get(), place);
+      constant->setAttributeFromBlock(definition.get(), transform);
       if (!constant->isInvisible())
         putText(*constant);
     }

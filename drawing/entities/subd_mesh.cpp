@@ -25,8 +25,8 @@ int OdDbSubDMesh::subdivisionLevel() const {
 }
 
 OdResult OdDbSubDMesh::subTransformBy(const OdGeMatrix3d& matrix) {
-  static constexpr drawing::Measured kPlaces[] = {{10, drawing::Measure::Point}};
-  drawing::transformRawGroups(groups_, 0, groups_.size(), kPlaces, matrix, 1);
+  static constexpr drawing::Measured kRoles[] = {{10, drawing::Measure::Point}};
+  drawing::transformRawGroups(groups_, 0, groups_.size(), kRoles, matrix, 1);
   return eOk;
 }
 

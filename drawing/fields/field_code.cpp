@@ -249,8 +249,8 @@ bool takeDirective(std::wstring_view& text, NumberFormat& format) {
 }
 
 std::optional<std::string> digitsOf(double value, const NumberFormat& format) {
-  constexpr int kScientific = 1, kDecimal = 2, kMostPlaces = 16;
-  if ((format.unitMode != kScientific && format.unitMode != kDecimal) || format.precision > kMostPlaces)
+  constexpr int kScientific = 1, kDecimal = 2, kMaxDigits = 16;
+  if ((format.unitMode != kScientific && format.unitMode != kDecimal) || format.precision > kMaxDigits)
     return std::nullopt;
   char buffer[400];
   const auto style = format.unitMode == kScientific ? std::chars_format::scientific : std::chars_format::fixed;
@@ -330,9 +330,9 @@ std::optional<OdString> formatFileName(const OdString& path, const OdString& for
 
 namespace {
 
-std::wstring padded(int value, int places) {
+std::wstring padded(int value, int width) {
   const std::wstring digits = std::to_wstring(value);
-  const auto wanted = static_cast<std::size_t>(places);
+  const auto wanted = static_cast<std::size_t>(width);
   return digits.size() < wanted ? std::wstring(wanted - digits.size(), L'0') + digits : digits;
 }
 

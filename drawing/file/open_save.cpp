@@ -90,7 +90,7 @@ std::string reasonFor(OdResult code, const std::string& name, const dxf::Reader&
 }
 
 // The line of a text file, the offset in a binary one; 0 for a place elsewhere.
-std::uint64_t placeIn(std::string_view content, const char* at, bool binary) {
+std::uint64_t locationIn(std::string_view content, const char* at, bool binary) {
   const std::less<const char*> before;
   if (at == nullptr || before(at, content.data()) || !before(at, content.data() + content.size()))
     return 0;
@@ -102,7 +102,7 @@ std::uint64_t placeIn(std::string_view content, const char* at, bool binary) {
 void reportUndecodable(const dxf::TextCodec& codec, std::string_view content, bool binary, Report& report) {
   if (codec.undecodable() == 0)
     return;
-  const std::uint64_t place = placeIn(content, codec.firstUndecodable(), binary);
+  const std::uint64_t place = locationIn(content, codec.firstUndecodable(), binary);
   report.add({"dxf.text-undecodable", Severity::Note, place, -1, 0, "", "",
               std::to_string(codec.undecodable()) + " bytes are no text in the code page of the file",
               "they are kept as they are"});

@@ -97,13 +97,13 @@ OdDbObjectIdArray ViewPicker::pick(const Test& test) const {
   if (!lives(record))
     return picked;
   gi::TraitResolver resolver(*record->database(), {});
-  gi::Place place = gi::placeOf(*record, resolver);
-  place.toScene = toView_ * place.toScene;
+  gi::DrawContext context = gi::drawContextOf(*record, resolver);
+  context.toScene = toView_ * context.toScene;
   const PictureOptions options;
   for (const OdDbObjectId id : record->members().ids()) {
     gi::DisplayList list;
     PictureReport report;
-    gi::Walk(list, resolver, options, report).runOne(id, place);
+    gi::Walk(list, resolver, options, report).runOne(id, context);
     const Outlines outlines = gi::outlinesOf(list);
     if (!outlines.isEmpty() && test(outlines))
       picked.append(id);

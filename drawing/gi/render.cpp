@@ -132,7 +132,7 @@ private:
       for (const std::vector<OdGePoint2d>& ring : *glyph.outline) {
         path_.clear();
         for (const OdGePoint2d& point : ring)
-          path_.push_back(device_.at(glyph.place * point));
+          path_.push_back(device_.at(glyph.transform * point));
         addRing(context_, device_.inside(path_));
       }
     }

@@ -13,26 +13,26 @@ constexpr std::size_t kDeepestInset = 1000;
 
 } // namespace
 
-Place placeOf(const OdDbBlockTableRecord& block, TraitResolver& resolver) {
-  Place place;
-  place.setting.layers = resolver.addView();
-  place.setting.byBlock = resolver.initial();
-  place.showsTags = true;
-  place.depth = block.isLayout() ? 0 : 1;
-  return place;
+DrawContext drawContextOf(const OdDbBlockTableRecord& block, TraitResolver& resolver) {
+  DrawContext context;
+  context.setting.layers = resolver.addView();
+  context.setting.byBlock = resolver.initial();
+  context.showsTags = true;
+  context.depth = block.isLayout() ? 0 : 1;
+  return context;
 }
 
 Walk::Walk(DisplayList& list, TraitResolver& resolver, const PictureOptions& options, PictureReport& report)
     : list_(list), resolver_(resolver), options_(options), report_(report) {}
 
-void Walk::run(OdDbObjectId block, const Place& place) {
-  levels_.push_back({place, contentsOf(block), 0, block, nullptr});
+void Walk::run(OdDbObjectId block, const DrawContext& context) {
+  levels_.push_back({context, contentsOf(block), 0, block, nullptr});
   goOn();
 }
 
-void Walk::runOne(OdDbObjectId entity, const Place& place) {
+void Walk::runOne(OdDbObjectId entity, const DrawContext& context) {
   const auto ids = std::make_shared<const std::vector<OdDbObjectId>>(1, entity);
-  levels_.push_back({place, ids, 0, {}, nullptr});
+  levels_.push_back({context, ids, 0, {}, nullptr});
   goOn();
 }
 
@@ -57,8 +57,8 @@ void Walk::step() {
     levels_.pop_back();
   } else {
     ++report_.steps;
-    const Place place = level.place; // the stack may move
-    draw((*level.ids)[level.at++], place);
+    const DrawContext context = level.context; // the stack may move
+    draw((*level.ids)[level.at++], context);
   }
 }
 
@@ -83,32 +83,32 @@ void Walk::repeat(Level& level) {
   const OdGeVector3d by = instance.column * static_cast<double>(level.at % columns) +
                           instance.row * static_cast<double>(level.at / columns);
   ++level.at;
-  Level contents{instance.place, contentsOf(instance.block), 0, instance.block, nullptr};
-  shift(contents.place.toScene, instance.outer, by);
-  if (list_.showsNothing(instance.place.clip))
+  Level contents{instance.context, contentsOf(instance.block), 0, instance.block, nullptr};
+  shift(contents.context.toScene, instance.outer, by);
+  if (list_.showsNothing(instance.context.clip))
     contents.ids = std::make_shared<const std::vector<OdDbObjectId>>();
   if (instance.rest == nullptr)
     return levels_.push_back(std::move(contents));
-  Level behind{instance.place, instance.rest, 0, {}, nullptr};
-  behind.place.toScene = instance.outer;
-  behind.place.clip = instance.restClip;
-  behind.place.setting.layers = instance.restLayers;
-  shift(behind.place.toScene, instance.outer, by);
+  Level behind{instance.context, instance.rest, 0, {}, nullptr};
+  behind.context.toScene = instance.outer;
+  behind.context.clip = instance.restClip;
+  behind.context.setting.layers = instance.restLayers;
+  shift(behind.context.toScene, instance.outer, by);
   levels_.push_back(std::move(behind)); // the stack may have moved: `level` is gone
   levels_.push_back(std::move(contents));
 }
 
-void Walk::draw(OdDbObjectId id, const Place& place) {
+void Walk::draw(OdDbObjectId id, const DrawContext& context) {
   const auto* entity = peekAs<OdDbEntity>(id);
   if (!lives(entity) || entity->isInvisible())
     return;
-  const Traits traits = resolver_.of(*entity, place.setting);
+  const Traits traits = resolver_.of(*entity, context.setting);
   if (traits.layer->frozen)
     return;
   const Drawer drawer = drawerOf(*entity);
   if (drawer == nullptr)
     return addNotDrawn(*entity, "kind");
-  Canvas canvas(list_, resolver_, shaper_, place, *entity, traits);
+  Canvas canvas(list_, resolver_, shaper_, context, *entity, traits);
   drawer(*entity, canvas);
   constexpr std::size_t kWorkOfStep = 16;
   report_.steps += canvas.work() / kWorkOfStep;
@@ -117,7 +117,7 @@ void Walk::draw(OdDbObjectId id, const Place& place) {
   // The first inset is drawn first: it has to lie on top of the stack.
   std::vector<BlockInstance>& instances = canvas.instances();
   for (std::size_t i = instances.size(); i-- > 0;) {
-    if (isOpen(instances[i].block) || instances[i].place.depth > kDeepestInset)
+    if (isOpen(instances[i].block) || instances[i].context.depth > kDeepestInset)
       addNotDrawn(*entity, "cycle");
     else
       push(std::move(instances[i]));
@@ -125,7 +125,7 @@ void Walk::draw(OdDbObjectId id, const Place& place) {
 }
 
 void Walk::push(BlockInstance&& instance) {
-  Level level{instance.place, nullptr, 0, {}, nullptr};
+  Level level{instance.context, nullptr, 0, {}, nullptr};
   level.repeated = std::make_unique<BlockInstance>(std::move(instance));
   levels_.push_back(std::move(level));
 }

@@ -15,19 +15,19 @@ namespace drawing::gi {
 
 // How the contents of a block are seen. A space or a sheet is seen as it is; of a definition the tags of its attributes
 // show.
-Place placeOf(const OdDbBlockTableRecord& block, TraitResolver& resolver);
+DrawContext drawContextOf(const OdDbBlockTableRecord& block, TraitResolver& resolver);
 
 class Walk {
 public:
   Walk(DisplayList& list, TraitResolver& resolver, const PictureOptions& options, PictureReport& report);
-  void run(OdDbObjectId block, const Place& place);
-  void runOne(OdDbObjectId entity, const Place& place);
+  void run(OdDbObjectId block, const DrawContext& context);
+  void runOne(OdDbObjectId entity, const DrawContext& context);
 
 private:
   using Ids = std::shared_ptr<const std::vector<OdDbObjectId>>;
   // Entities that are drawn one after the other, in one place; or a block that is drawn so and so many times.
   struct Level {
-    Place place;
+    DrawContext context;
     Ids ids;
     std::size_t at = 0;
     OdDbObjectId block; // whose contents they are; null for repetitions and attributes
@@ -38,7 +38,7 @@ private:
   bool mayGoOn();
   void step();
   void repeat(Level& level);
-  void draw(OdDbObjectId id, const Place& place);
+  void draw(OdDbObjectId id, const DrawContext& context);
   void push(BlockInstance&& instance);
   bool isOpen(OdDbObjectId block) const;
   Ids contentsOf(OdDbObjectId block);

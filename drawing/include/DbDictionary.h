@@ -57,7 +57,7 @@ private:
   struct Index;
   const Index* index() const; // null for few entries, where a search is as fast
   // Index of the first entry of that name; the number of entries if there is none.
-  std::size_t placeOf(const OdString& name) const;
+  std::size_t indexOf(const OdString& name) const;
 
   std::vector<Entry> entries_;
   mutable drawing::Derived<Index> index_;

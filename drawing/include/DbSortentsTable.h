@@ -39,11 +39,11 @@ private:
   static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
   void setOrder(const std::vector<OdDbObjectId>& ids);
-  using Places = std::unordered_map<OdDbObjectId, std::size_t>; // the first entry of each entity
-  const Places& places() const;
+  using Positions = std::unordered_map<OdDbObjectId, std::size_t>; // the first entry of each entity
+  const Positions& positions() const;
 
   OdDbObjectId block_;
   std::vector<Entry> entries_;
-  mutable drawing::Derived<Places> places_;
+  mutable drawing::Derived<Positions> positions_;
 };
 using OdDbSortentsTablePtr = OdSmartPtr<OdDbSortentsTable>;

@@ -67,9 +67,9 @@ struct OdDbDictionary::Index {
   };
   std::unordered_map<OdString, std::size_t, FoldHash, FoldEqual> byName;
   std::unordered_map<OdDbObjectId, std::size_t> byId;
-  void add(const Entry& entry, std::size_t place) {
-    byName.emplace(entry.name, place);
-    byId.emplace(entry.id, place);
+  void add(const Entry& entry, std::size_t index) {
+    byName.emplace(entry.name, index);
+    byId.emplace(entry.id, index);
   }
 };
 
@@ -86,7 +86,7 @@ const OdDbDictionary::Index* OdDbDictionary::index() const {
   return index_.get();
 }
 
-std::size_t OdDbDictionary::placeOf(const OdString& name) const {
+std::size_t OdDbDictionary::indexOf(const OdString& name) const {
   if (const Index* known = index(); known != nullptr) {
     const auto found = known->byName.find(name);
     return found == known->byName.end() ? entries_.size() : found->second;
@@ -98,7 +98,7 @@ std::size_t OdDbDictionary::placeOf(const OdString& name) const {
 
 OdDbObjectId OdDbDictionary::getAt(const OdString& name) const {
   // A file may hold a name twice; one whose object is erased stands for nothing.
-  for (std::size_t i = placeOf(name); i < entries_.size(); ++i) {
+  for (std::size_t i = indexOf(name); i < entries_.size(); ++i) {
     if (!entries_[i].id.isErased() && entries_[i].name.iCompare(name) == 0)
       return entries_[i].id;
   }
@@ -118,24 +118,24 @@ OdDbObjectId OdDbDictionary::setAt(const OdString& name, OdDbObject* object) {
 
 void OdDbDictionary::setAt(const OdString& name, OdDbObjectId id) {
   assertWriteEnabled();
-  const std::size_t place = placeOf(name);
-  if (place < entries_.size()) {
-    entries_[place].id = id;
+  const std::size_t index = indexOf(name);
+  if (index < entries_.size()) {
+    entries_[index].id = id;
     index_.drop();
     return;
   }
   entries_.push_back({name, id});
   if (index_.get() != nullptr)
-    index_.get()->add(entries_.back(), place);
+    index_.get()->add(entries_.back(), index);
 }
 
 OdDbObjectId OdDbDictionary::remove(const OdString& name) {
   assertWriteEnabled();
-  const std::size_t place = placeOf(name);
-  if (place == entries_.size())
+  const std::size_t index = indexOf(name);
+  if (index == entries_.size())
     return {};
-  const OdDbObjectId id = entries_[place].id;
-  entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(place));
+  const OdDbObjectId id = entries_[index].id;
+  entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(index));
   index_.drop();
   return id;
 }

@@ -59,8 +59,8 @@ json* makeParent(json& start, const std::vector<std::string>& keys) {
   return at->is_object() || (at->is_array() && elementOf(*at, keys.back()) != nullptr) ? at : nullptr;
 }
 
-bool setAt(morvane::JsonDocument& document, const std::vector<std::string>& place, const char* path, json value) {
-  json* start = follow(document.root, place);
+bool setAt(morvane::JsonDocument& document, const std::vector<std::string>& base, const char* path, json value) {
+  json* start = follow(document.root, base);
   const auto keys = splitPath(path);
   if (start == nullptr || keys.empty() || keys.size() > kDeepestPath)
     return false;
@@ -73,46 +73,46 @@ bool setAt(morvane::JsonDocument& document, const std::vector<std::string>& plac
   return true;
 }
 
-const json* getAt(morvane::JsonDocument& document, const std::vector<std::string>& place, const char* path) {
-  json* start = follow(document.root, place);
+const json* getAt(morvane::JsonDocument& document, const std::vector<std::string>& base, const char* path) {
+  json* start = follow(document.root, base);
   const auto keys = splitPath(path);
   return start == nullptr || keys.empty() ? nullptr : follow(*start, keys);
 }
 
 } // namespace
 
-IElementValueBase::IElementValueBase(std::shared_ptr<morvane::JsonDocument> document, std::vector<std::string> place)
-    : document_(std::move(document)), place_(std::move(place)) {}
+IElementValueBase::IElementValueBase(std::shared_ptr<morvane::JsonDocument> document, std::vector<std::string> base)
+    : document_(std::move(document)), base_(std::move(base)) {}
 
 int IElementValueBase::kind() const {
-  const json* value = follow(document_->root, place_);
+  const json* value = follow(document_->root, base_);
   if (value == nullptr)
     return 0;
   return value->is_array() ? kMvJsonList : value->is_object() ? kMvJsonObject : 0;
 }
 
 bool IElementValueBase::SetDataS(const char* path, const char* utf8) {
-  return setAt(*document_, place_, path, std::string(utf8 == nullptr ? "" : utf8));
+  return setAt(*document_, base_, path, std::string(utf8 == nullptr ? "" : utf8));
 }
 
 bool IElementValueBase::SetDataSW(const char* path, const wchar_t* value) {
-  return setAt(*document_, place_, path, OdString(value).toUtf8Lossless());
+  return setAt(*document_, base_, path, OdString(value).toUtf8Lossless());
 }
 
 bool IElementValueBase::SetDataI(const char* path, int value) {
-  return setAt(*document_, place_, path, value);
+  return setAt(*document_, base_, path, value);
 }
 
 bool IElementValueBase::SetDataL(const char* path, std::int64_t value) {
-  return setAt(*document_, place_, path, value);
+  return setAt(*document_, base_, path, value);
 }
 
 bool IElementValueBase::SetDataB(const char* path, bool value) {
-  return setAt(*document_, place_, path, value);
+  return setAt(*document_, base_, path, value);
 }
 
 bool IElementValueBase::HasData(const char* path) const {
-  return getAt(*document_, place_, path) != nullptr;
+  return getAt(*document_, base_, path) != nullptr;
 }
 
 int IElementValueBase::GetDataI(const char* path, int missing) const {
@@ -122,7 +122,7 @@ int IElementValueBase::GetDataI(const char* path, int missing) const {
 }
 
 std::int64_t IElementValueBase::GetDataL(const char* path, std::int64_t missing) const {
-  const json* value = getAt(*document_, place_, path);
+  const json* value = getAt(*document_, base_, path);
   if (value == nullptr)
     return missing;
   if (value->is_boolean())
@@ -133,7 +133,7 @@ std::int64_t IElementValueBase::GetDataL(const char* path, std::int64_t missing)
 }
 
 bool IElementValueBase::GetDataB(const char* path, bool missing) const {
-  const json* value = getAt(*document_, place_, path);
+  const json* value = getAt(*document_, base_, path);
   if (value == nullptr)
     return missing;
   if (value->is_boolean())
@@ -142,14 +142,14 @@ bool IElementValueBase::GetDataB(const char* path, bool missing) const {
 }
 
 OdString IElementValueBase::GetDataSW(const char* path, const wchar_t* missing) const {
-  const json* value = getAt(*document_, place_, path);
+  const json* value = getAt(*document_, base_, path);
   return value != nullptr && value->is_string() ? OdString::fromUtf8(value->get_ref<const std::string&>())
                                                 : OdString(missing);
 }
 
 bool IElementValueBase::AppendData(const MvJsonPtr& element) {
-  json* list = follow(document_->root, place_);
-  const json* source = element.isNull() ? nullptr : follow(element->document_->root, element->place_);
+  json* list = follow(document_->root, base_);
+  const json* source = element.isNull() ? nullptr : follow(element->document_->root, element->base_);
   if (list == nullptr || !list->is_array() || source == nullptr)
     return false;
   json copy = *source; // the element may lie in this very list
@@ -159,21 +159,21 @@ bool IElementValueBase::AppendData(const MvJsonPtr& element) {
 }
 
 int IElementValueBase::GetDataCount() const {
-  const json* value = follow(document_->root, place_);
+  const json* value = follow(document_->root, base_);
   return value == nullptr ? 0 : static_cast<int>(value->size());
 }
 
 MvJsonPtr IElementValueBase::GetDataAt(int index) const {
-  const json* list = follow(document_->root, place_);
+  const json* list = follow(document_->root, base_);
   if (list == nullptr || !list->is_array() || index < 0 || static_cast<std::size_t>(index) >= list->size())
     return nullptr;
-  std::vector<std::string> place = place_;
-  place.push_back(std::to_string(index));
-  return MvJsonPtr(new IElementValueBase(document_, std::move(place)));
+  std::vector<std::string> base = base_;
+  base.push_back(std::to_string(index));
+  return MvJsonPtr(new IElementValueBase(document_, std::move(base)));
 }
 
 std::string IElementValueBase::toText() const {
-  const json* value = follow(document_->root, place_);
+  const json* value = follow(document_->root, base_);
   return value == nullptr ? "" : value->dump(-1, ' ', false, json::error_handler_t::replace);
 }
 

@@ -194,7 +194,7 @@ TEST_F(Report, StopsCountingPlacesWhereNumbersEnd) {
     blocks[block.name.toUtf8()] = block;
   EXPECT_EQ(blocks["b1999"].references.nested, 1u);
   EXPECT_EQ(blocks["b1995"].references.nested, 1000000000000u);
-  EXPECT_EQ(blocks["b0"].references.nested, console::report::kMostPlaces);
+  EXPECT_EQ(blocks["b0"].references.nested, console::report::kMaxInstances);
   EXPECT_EQ(blocks["b1999"].depth, 2000u);
 }
 

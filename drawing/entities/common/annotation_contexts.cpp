@@ -49,7 +49,7 @@ const Representation* representationOf(std::string_view dxfName) {
 }
 
 // A place of two or three coordinates; the third is taken for 0 where it is missing. Zero stands for none.
-void movePlace(GroupList& groups, std::size_t i, const PlaneMap& map) {
+void movePoint(GroupList& groups, std::size_t i, const PlaneMap& map) {
   const int code = groups[i].code;
   const auto isReal = [&](std::size_t at, int wanted) {
     return at < groups.size() && groups[at].code == wanted && groups[at].kind == GroupKind::Real;
@@ -57,10 +57,10 @@ void movePlace(GroupList& groups, std::size_t i, const PlaneMap& map) {
   if (!isReal(i, code) || !isReal(i + 1, code + 10))
     return;
   const bool deep = isReal(i + 2, code + 20);
-  const OdGePoint3d place(groups[i].real, groups[i + 1].real, deep ? groups[i + 2].real : 0);
-  if (place.x == 0 && place.y == 0 && place.z == 0)
+  const OdGePoint3d position(groups[i].real, groups[i + 1].real, deep ? groups[i + 2].real : 0);
+  if (position.x == 0 && position.y == 0 && position.z == 0)
     return;
-  const OdGePoint3d moved = map.point(place);
+  const OdGePoint3d moved = map.point(position);
   groups.setReal(i, moved.x);
   groups.setReal(i + 1, moved.y);
   if (deep)
@@ -74,7 +74,7 @@ void moveRepresentation(GroupList& groups, const Representation& kind, const Pla
   transformRawGroups(groups, first, groups.size(), kind.world, matrix, scale);
   for (std::size_t i = first; i < groups.size(); ++i) {
     if (groups[i].code == kind.inPlane[0] || groups[i].code == kind.inPlane[1])
-      movePlace(groups, i, map);
+      movePoint(groups, i, map);
     else if (kind.turns && groups[i].code == 50 && groups[i].kind == GroupKind::Real)
       groups.setReal(i, OdaToDegree(map.angle(OdaToRadian(groups[i].real))));
   }

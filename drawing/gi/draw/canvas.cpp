@@ -17,17 +17,17 @@ double scaleOf(const OdGeMatrix3d& m) {
 
 } // namespace
 
-Canvas::Canvas(DisplayList& list, TraitResolver& resolver, TextShaper& shaper, const Place& place,
+Canvas::Canvas(DisplayList& list, TraitResolver& resolver, TextShaper& shaper, const DrawContext& context,
                const OdDbEntity& entity, const Traits& traits)
-    : list_(list), resolver_(resolver), shaper_(shaper), place_(place), entity_(entity), traits_(traits),
-      scale_(scaleOf(place.toScene)), isOff_(traits.layer->off) {}
+    : list_(list), resolver_(resolver), shaper_(shaper), context_(context), entity_(entity), traits_(traits),
+      scale_(scaleOf(context.toScene)), isOff_(traits.layer->off) {}
 
 const OdDbDatabase& Canvas::database() const {
   return *entity_.database();
 }
 
 OdGePoint2d Canvas::project(const OdGePoint3d& point) const {
-  return (place_.toScene * point).convert2d();
+  return (context_.toScene * point).convert2d();
 }
 
 std::vector<OdGePoint2d> Canvas::project(const Path& path) {
@@ -45,7 +45,7 @@ void Canvas::stroke(const Path& path, bool closed, const Pen& pen) {
   std::vector<OdGePoint2d> flat = project(path);
   if (closed && flat.size() > 1)
     flat.push_back(flat.front());
-  list_.stroke(flat, pen, place_.clip);
+  list_.stroke(flat, pen, context_.clip);
 }
 
 void Canvas::fill(const std::vector<Path>& rings, Color color) {
@@ -54,23 +54,23 @@ void Canvas::fill(const std::vector<Path>& rings, Color color) {
   std::vector<std::vector<OdGePoint2d>> flat;
   for (const Path& ring : rings)
     flat.push_back(project(ring));
-  list_.fill(flat, color, place_.clip);
+  list_.fill(flat, color, context_.clip);
 }
 
 void Canvas::pointSymbol(const OdGePoint3d& at, int mode, double size) {
   if (!isOff_)
-    list_.pointSymbol({project(at), mode, size > 0 ? size * scale_ : size}, pen(), place_.clip);
+    list_.pointSymbol({project(at), mode, size > 0 ? size * scale_ : size}, pen(), context_.clip);
 }
 
 void Canvas::endless(const OdGePoint3d& from, const OdGePoint3d& through, bool bothWays) {
   if (!isOff_)
-    list_.endless(project(from), project(through), bothWays, pen(), place_.clip);
+    list_.endless(project(from), project(through), bothWays, pen(), context_.clip);
 }
 
 void Canvas::text(const ShapedText& shaped, const OdGeMatrix3d& toBlock, Color color) {
   if (isOff_ || !shaped.box.isValid())
     return;
-  const OdGeMatrix3d m = place_.toScene * toBlock;
+  const OdGeMatrix3d m = context_.toScene * toBlock;
   const Affine2d base{m(0, 0), m(1, 0), m(0, 1), m(1, 1), m(0, 3), m(1, 3)};
   std::vector<PlacedOutline> placed;
   for (const ShapedText::Glyph& glyph : shaped.glyphs) {
@@ -81,27 +81,27 @@ void Canvas::text(const ShapedText& shaped, const OdGeMatrix3d& toBlock, Color c
   for (const double x : {shaped.box.minX, shaped.box.maxX})
     for (const double y : {shaped.box.minY, shaped.box.maxY})
       box.add(base * OdGePoint2d(x, y));
-  list_.addGlyphs(placed, box, color, place_.clip);
+  list_.addGlyphs(placed, box, color, context_.clip);
 }
 
 BlockInstance& Canvas::show(OdDbObjectId block, const OdGeMatrix3d& matrix) {
   BlockInstance& instance = instances_.emplace_back();
   instance.block = block;
-  instance.outer = place_.toScene;
-  instance.restClip = place_.clip;
-  instance.restLayers = place_.setting.layers;
-  instance.place = place_;
-  instance.place.toScene = place_.toScene * matrix;
-  instance.place.setting.byBlock = traits_;
-  instance.place.setting.isInReference = true;
-  instance.place.showsTags = false;
-  ++instance.place.depth;
+  instance.outer = context_.toScene;
+  instance.restClip = context_.clip;
+  instance.restLayers = context_.setting.layers;
+  instance.context = context_;
+  instance.context.toScene = context_.toScene * matrix;
+  instance.context.setting.byBlock = traits_;
+  instance.context.setting.isInReference = true;
+  instance.context.showsTags = false;
+  ++instance.context.depth;
   return instance;
 }
 
 void Canvas::cut(BlockInstance& instance, std::vector<OdGePoint2d> polygon, bool inverted) {
   charge(polygon.size());
-  instance.place.clip = list_.addClip(instance.place.clip, std::move(polygon), inverted);
+  instance.context.clip = list_.addClip(instance.context.clip, std::move(polygon), inverted);
 }
 
 void Canvas::leaveOut(const char* reason) {

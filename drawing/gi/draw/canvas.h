@@ -14,7 +14,7 @@ namespace drawing::gi {
 
 using Path = std::vector<OdGePoint3d>;
 
-struct Place {
+struct DrawContext {
   Setting setting;
   OdGeMatrix3d toScene = OdGeMatrix3d::kIdentity;
   std::int32_t clip = -1;
@@ -25,7 +25,7 @@ struct Place {
 // A block that is drawn at its place among the entities: what its contents are shown in.
 struct BlockInstance {
   OdDbObjectId block;
-  Place place;
+  DrawContext context;
   int columns = 1, rows = 1;
   OdGeVector3d column, row; // from one repetition to the next, in the coordinates outside
   OdGeMatrix3d outer;       // from there to the picture
@@ -38,11 +38,11 @@ struct BlockInstance {
 // An entity on a layer that is off puts nothing into the picture; blocks that it shows may.
 class Canvas {
 public:
-  Canvas(DisplayList& list, TraitResolver& resolver, TextShaper& shaper, const Place& place, const OdDbEntity& entity,
-         const Traits& traits);
+  Canvas(DisplayList& list, TraitResolver& resolver, TextShaper& shaper, const DrawContext& context,
+         const OdDbEntity& entity, const Traits& traits);
 
   const OdDbDatabase& database() const;
-  const Place& place() const { return place_; }
+  const DrawContext& context() const { return context_; }
   const Traits& traits() const { return traits_; }
   TraitResolver& resolver() { return resolver_; }
   TextShaper& shaper() { return shaper_; }
@@ -80,7 +80,7 @@ private:
   DisplayList& list_;
   TraitResolver& resolver_;
   TextShaper& shaper_;
-  const Place& place_;
+  const DrawContext& context_;
   const OdDbEntity& entity_;
   Traits traits_;
   double scale_;

@@ -34,9 +34,9 @@ DimensionTraits traitsOf(const OdDbDimension& dimension) {
 // What was measured, in the place of <> or of an empty text.
 OdString textOf(const OdDbDimension& dimension, double measured, const Canvas& canvas) {
   OdString number;
-  const int places = static_cast<int>(std::clamp<std::int64_t>(canvas.database().headerInt("DIMDEC", 2), 0, 8));
-  number.format(L"%.*f", places, dimension.getMeasurement() > 0 ? dimension.getMeasurement() : measured);
-  if (places > 0) {
+  const int decimals = static_cast<int>(std::clamp<std::int64_t>(canvas.database().headerInt("DIMDEC", 2), 0, 8));
+  number.format(L"%.*f", decimals, dimension.getMeasurement() > 0 ? dimension.getMeasurement() : measured);
+  if (decimals > 0) {
     while (number.right(1) == L"0")
       number = number.left(number.getLength() - 1);
     if (number.right(1) == L".")

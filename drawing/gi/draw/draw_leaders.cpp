@@ -105,16 +105,16 @@ void drawBlockNote(const OdDbMLeader& leader, const GroupList& context, Canvas& 
   const auto* block = peekAs<OdDbBlockTableRecord>(leader.blockContentId());
   if (!lives(block))
     return canvas.leaveOut("no-block");
-  OdGeMatrix3d place = OdGeMatrix3d::translation(leader.blockPosition().asVector());
+  OdGeMatrix3d transform = OdGeMatrix3d::translation(leader.blockPosition().asVector());
   const std::size_t i = context.find(47);
   for (std::size_t entry = 0; entry < 16 && i + entry < context.size() && context[i + entry].code == 47; ++entry)
-    place.entry[entry / 4][entry % 4] = context[i + entry].real;
-  place = place * OdGeMatrix3d::translation(OdGePoint3d() - block->origin());
-  canvas.show(leader.blockContentId(), place);
+    transform.entry[entry / 4][entry % 4] = context[i + entry].real;
+  transform = transform * OdGeMatrix3d::translation(OdGePoint3d() - block->origin());
+  canvas.show(leader.blockContentId(), transform);
   for (const auto& [definition, text] : mleaderAttributes(leader)) {
     const auto* attribute = peekAs<OdDbAttributeDefinition>(definition);
     if (lives(attribute) && !attribute->isInvisible())
-      drawStringAt(*attribute, text, place, canvas);
+      drawStringAt(*attribute, text, transform, canvas);
   }
 }
 

@@ -53,26 +53,26 @@ namespace {
 
 // False for faces. Some programs write vertices of polylines in space without saying so: these are read as vertices in
 // a plane.
-bool placeOf(const OdDbVertex& vertex, OdGePoint3d& place) {
+bool positionOf(const OdDbVertex& vertex, OdGePoint3d& position) {
   if (vertex.isKindOf(OdDbWorldVertex::desc()))
-    place = static_cast<const OdDbWorldVertex&>(vertex).position();
+    position = static_cast<const OdDbWorldVertex&>(vertex).position();
   else if (vertex.isKindOf(OdDb2dVertex::desc()))
-    place = static_cast<const OdDb2dVertex&>(vertex).position();
+    position = static_cast<const OdDb2dVertex&>(vertex).position();
   else
     return false;
   return true;
 }
 
 // The places of the vertices that have none of the first flags and all of the second.
-Path placesOf(const OdDbVertexOwner& owner, std::int16_t without, std::int16_t with = 0) {
+Path positionsOf(const OdDbVertexOwner& owner, std::int16_t without, std::int16_t with = 0) {
   Path path;
-  OdGePoint3d place;
+  OdGePoint3d position;
   for (OdDbObjectId id : owner.vertexIds()) {
     const auto* vertex = peekAs<OdDbVertex>(id);
     const bool isWanted =
         vertex != nullptr && (vertex->vertexFlags() & without) == 0 && (vertex->vertexFlags() & with) == with;
-    if (isWanted && placeOf(*vertex, place))
-      path.push_back(place);
+    if (isWanted && positionOf(*vertex, position))
+      path.push_back(position);
   }
   return path;
 }
@@ -102,15 +102,16 @@ std::size_t sizeOf(std::int16_t count) {
 } // namespace
 
 void draw3dPolyline(const OdDb3dPolyline& polyline, Canvas& canvas) {
-  canvas.stroke(placesOf(polyline, OdDbVertex::kSplineControl), polyline.isClosed());
+  canvas.stroke(positionsOf(polyline, OdDbVertex::kSplineControl), polyline.isClosed());
 }
 
 void drawPolygonMesh(const OdDbPolygonMesh& mesh, Canvas& canvas) {
   if (mesh.isSmoothed())
-    drawGrid(placesOf(mesh, OdDbVertex::kSplineControl, OdDbVertex::kSplineVertex), sizeOf(mesh.mDensity()),
+    drawGrid(positionsOf(mesh, OdDbVertex::kSplineControl, OdDbVertex::kSplineVertex), sizeOf(mesh.mDensity()),
              sizeOf(mesh.nDensity()), mesh.isMClosed(), mesh.isNClosed(), canvas);
   else
-    drawGrid(placesOf(mesh, 0), sizeOf(mesh.mSize()), sizeOf(mesh.nSize()), mesh.isMClosed(), mesh.isNClosed(), canvas);
+    drawGrid(positionsOf(mesh, 0), sizeOf(mesh.mSize()), sizeOf(mesh.nSize()), mesh.isMClosed(), mesh.isNClosed(),
+             canvas);
 }
 
 namespace {

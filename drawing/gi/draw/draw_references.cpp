@@ -30,7 +30,7 @@ void addClip(const OdDbSpatialFilter& filter, BlockInstance& instance, Canvas& c
   const Path hole = filter.holeInBlock();
   std::vector<OdGePoint2d> polygon;
   for (const OdGePoint3d& corner : hole.empty() ? filter.boundaryInBlock() : hole)
-    polygon.push_back((instance.place.toScene * corner).convert2d());
+    polygon.push_back((instance.context.toScene * corner).convert2d());
   if (polygon.size() > 2)
     canvas.cut(instance, std::move(polygon), !hole.empty());
   if (filter.frontClipDist() || filter.backClipDist())
@@ -41,7 +41,7 @@ void addClip(const OdDbSpatialFilter& filter, BlockInstance& instance, Canvas& c
 void enterXref(const OdDbDatabase& external, const OdDbBlockTableRecord& block, BlockInstance& instance,
                Canvas& canvas) {
   instance.block = external.getModelSpaceId();
-  instance.place.setting.layers = canvas.resolver().addView(block.getName() + L"|");
+  instance.context.setting.layers = canvas.resolver().addView(block.getName() + L"|");
 }
 
 void addRepetitions(const OdDbBlockReference& reference, BlockInstance& instance) {
@@ -129,15 +129,15 @@ void drawViewport(const OdDbViewport& viewport, Canvas& canvas) {
     return; // the sheet itself
   const Path border = borderOf(viewport, view);
   canvas.stroke(border, true);
-  if (state == 0 || (flags & kViewportOff) != 0 || canvas.place().depth > 0)
+  if (state == 0 || (flags & kViewportOff) != 0 || canvas.context().depth > 0)
     return;
   BlockInstance& instance = canvas.show(canvas.database().getModelSpaceId(), viewportTransform(viewport, view));
-  instance.place.setting.isInReference = false;
-  instance.place.setting.byBlock = canvas.resolver().initial();
-  instance.place.setting.layers = canvas.resolver().addView();
+  instance.context.setting.isInReference = false;
+  instance.context.setting.byBlock = canvas.resolver().initial();
+  instance.context.setting.layers = canvas.resolver().addView();
   for (std::size_t i = 0; i < view.size(); ++i) {
     if ((view[i].code == 331 || view[i].code == 341) && view[i].kind == GroupKind::Reference)
-      instance.place.setting.layers->frozen.insert(view.idOf(view[i]).getHandle());
+      instance.context.setting.layers->frozen.insert(view.idOf(view[i]).getHandle());
   }
   canvas.cut(instance, canvas.project(border));
   if ((flags & kPerspective) != 0)

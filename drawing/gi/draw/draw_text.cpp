@@ -135,10 +135,10 @@ bool showsAttribute(const OdDbAttributeBase& attribute, const Canvas& canvas) {
 
 } // namespace
 
-void drawStringAt(const OdDbText& text, const OdString& string, const OdGeMatrix3d& place, Canvas& canvas) {
+void drawStringAt(const OdDbText& text, const OdString& string, const OdGeMatrix3d& transform, Canvas& canvas) {
   canvas.charge(static_cast<std::size_t>(string.getLength()));
   const TextLine line = shapeLine(text, string, canvas);
-  const OdGeMatrix3d toBlock = place * textToBlock(text, fit(text, line.width));
+  const OdGeMatrix3d toBlock = transform * textToBlock(text, fit(text, line.width));
   for (const TextLine::Part& part : line.parts) {
     canvas.text(part.shaped, toBlock * OdGeMatrix3d::translation({part.x, part.y, 0}), canvas.traits().color);
     drawBars(part, toBlock, canvas);
@@ -160,7 +160,7 @@ void drawAttribute(const OdDbAttribute& attribute, Canvas& canvas) {
 
 // A definition shows its tag where it stands, and in references only when it is constant: then its text.
 void drawAttributeDefinition(const OdDbAttributeDefinition& definition, Canvas& canvas) {
-  if (canvas.place().showsTags)
+  if (canvas.context().showsTags)
     return drawString(definition, definition.tag(), canvas);
   if (!definition.isConstant() || !showsAttribute(definition, canvas))
     return;

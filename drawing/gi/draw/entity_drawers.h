@@ -45,7 +45,7 @@ void drawFilledArea(const OdDbFilledArea& area, Canvas& canvas);
 
 void drawText(const OdDbText& text, Canvas& canvas);
 // Another string in the place of the text's own, and moved by the matrix.
-void drawStringAt(const OdDbText& text, const OdString& string, const OdGeMatrix3d& place, Canvas& canvas);
+void drawStringAt(const OdDbText& text, const OdString& string, const OdGeMatrix3d& transform, Canvas& canvas);
 void drawMText(const OdDbMText& text, Canvas& canvas);
 void drawAttribute(const OdDbAttribute& attribute, Canvas& canvas);
 void drawAttributeDefinition(const OdDbAttributeDefinition& definition, Canvas& canvas);

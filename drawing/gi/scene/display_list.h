@@ -41,7 +41,7 @@ struct Affine2d {
 
 struct PlacedOutline {
   std::shared_ptr<const Outline> outline;
-  Affine2d place;
+  Affine2d transform;
 };
 
 // The sign of a point. A size of 0 or below is a share of the picture's height in hundredths (0: five).

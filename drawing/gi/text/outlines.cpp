@@ -93,7 +93,7 @@ private:
     std::vector<Polygon> rings = *glyphs.outline;
     for (Polygon& ring : rings) {
       for (OdGePoint2d& point : ring)
-        point = glyphs.place * point;
+        point = glyphs.transform * point;
     }
     addRings(std::move(rings));
   }

@@ -68,7 +68,7 @@ private:
 };
 
 // Location of an issue for people: "line 120, LINE 2F"; empty if the issue has none.
-MVDRAWING_API std::string placeOf(const Issue& issue);
+MVDRAWING_API std::string locationOf(const Issue& issue);
 // The issue in one line: "line 120, LINE 2F: ... ; ...".
 MVDRAWING_API std::string describe(const Issue& issue);
 

@@ -33,7 +33,7 @@ inline constexpr int kMvJsonObject = 2;
 // kind.
 class MORVANE_API IElementValueBase {
 public:
-  IElementValueBase(std::shared_ptr<morvane::JsonDocument> document, std::vector<std::string> place);
+  IElementValueBase(std::shared_ptr<morvane::JsonDocument> document, std::vector<std::string> base);
 
   int kind() const; // kMvJsonList, kMvJsonObject, or 0 when the value is gone
   bool SetDataS(const char* path, const char* utf8);
@@ -57,7 +57,7 @@ public:
 
 private:
   std::shared_ptr<morvane::JsonDocument> document_;
-  std::vector<std::string> place_;
+  std::vector<std::string> base_;
 };
 
 class MORVANE_API ElementValue {
