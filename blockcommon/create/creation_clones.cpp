@@ -56,14 +56,14 @@ private:
 };
 
 // How far the X axis of the matrix is turned from that of the world, about the matrix's Z axis.
-double turnOf(const OdGeMatrix3d& matrix) {
+double rotationAbout(const OdGeMatrix3d& matrix) {
   OdGePoint3d origin;
   OdGeVector3d x, y, z;
   matrix.getCoordSystem(origin, x, y, z);
   return OdGeVector3d::kXAxis.angleTo(x, z);
 }
 
-double normalizedTurn(double angleRad) {
+double normalizedRotation(double angleRad) {
   constexpr double kFullTurn = 6.283185307179586;
   const double reduced = angleRad - std::floor(angleRad / kFullTurn) * kFullTurn;
   return reduced < kFullTurn ? reduced : 0.0; // a tiny negative angle reduces to the full turn itself
@@ -95,18 +95,18 @@ void postAssociation(const OdDbObjectId& dimensionId) {
     failed->erase(true);
 }
 
-void settleDimension(const OdDbObjectId& dimensionId, double turnRad) {
+void settleDimension(const OdDbObjectId& dimensionId, double rotationRad) {
   UnlockedLayers unlocked; // a clone on a locked layer must turn all the same
   unlocked.addLayerOf(dimensionId);
   {
     const OdSmartPtr<OdDbDimension> dimension = dimensionId.safeOpenObject(OdDb::kForWrite);
-    dimension->setHorizontalRotation(normalizedTurn(dimension->horizontalRotation() + turnRad));
+    dimension->setHorizontalRotation(normalizedRotation(dimension->horizontalRotation() + rotationRad));
   }
   postAssociation(dimensionId);
 }
 
 void settleDimensions(const OdDbIdMapping& mapping, const OdGeMatrix3d& xform) {
-  std::optional<double> turn;
+  std::optional<double> rotationRad;
   // Posting changes the drawing, not the mapping: the pairs stay as they are.
   for (const OdDbIdPair& pair : mapping.pairs()) {
     if (!pair.isCloned() || !pair.isPrimary())
@@ -114,9 +114,9 @@ void settleDimensions(const OdDbIdMapping& mapping, const OdGeMatrix3d& xform) {
     const bool isDimension = !OdDbDimension::cast(pair.value().safeOpenObject().get()).isNull();
     if (!isDimension)
       continue;
-    if (!turn)
-      turn = turnOf(xform);
-    settleDimension(pair.value(), *turn);
+    if (!rotationRad)
+      rotationRad = rotationAbout(xform);
+    settleDimension(pair.value(), *rotationRad);
   }
 }
 

@@ -45,7 +45,7 @@ CRefGraphNode* appendChild(CRefGraphNode& parent, OdDbObjectId refId) {
 }
 
 // Each node is turned once, so that its first child is taken from the end of the array.
-CRefGraphNode* takeFirstOfTurned(CRefGraphNode& node) {
+CRefGraphNode* takeFirstOfReversed(CRefGraphNode& node) {
   CRefGraphNode* child = node.children.last();
   node.children.removeLast();
   if (child != nullptr) {
@@ -61,7 +61,7 @@ CRefGraphNode::~CRefGraphNode() {
   children.reverse();
   for (CRefGraphNode* at = this; at != this || !children.isEmpty();) {
     if (!at->children.isEmpty()) {
-      CRefGraphNode* child = takeFirstOfTurned(*at);
+      CRefGraphNode* child = takeFirstOfReversed(*at);
       at = child == nullptr ? at : child;
       continue;
     }

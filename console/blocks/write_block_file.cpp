@@ -25,8 +25,8 @@ void rotateText(OdDbEntity& entity, const OdGeMatrix3d& frame) {
   OdGePoint3d origin;
   OdGeVector3d x, y, z;
   frame.getCoordSystem(origin, x, y, z);
-  const double turned = dimension->horizontalRotation() + OdGeVector3d::kXAxis.angleTo(x, z);
-  dimension->setHorizontalRotation(turned - std::floor(turned / kFullTurn) * kFullTurn);
+  const double rotated = dimension->horizontalRotation() + OdGeVector3d::kXAxis.angleTo(x, z);
+  dimension->setHorizontalRotation(rotated - std::floor(rotated / kFullTurn) * kFullTurn);
 }
 
 bool moveBy(OdDbEntity& entity, const OdGeMatrix3d& toBase, const OdGeMatrix3d& frame) {

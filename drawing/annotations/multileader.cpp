@@ -220,8 +220,8 @@ OdGeMatrix3d readMatrix(const GroupList& groups, std::size_t first) {
   return matrix;
 }
 
-void turnAngles(GroupList& groups, const OdGeMatrix3d& matrix, const OdGeVector3d& textNormal,
-                const OdGeVector3d& blockNormal) {
+void rotateAngles(GroupList& groups, const OdGeMatrix3d& matrix, const OdGeVector3d& textNormal,
+                  const OdGeVector3d& blockNormal) {
   const drawing::PlaneMap text(matrix, textNormal), block(matrix, blockNormal);
   for (const Part& part : partsOf(groups)) {
     for (std::size_t i = part.first; i < part.end && part.level == kContext; ++i) {
@@ -238,8 +238,8 @@ OdResult OdDbMLeader::subTransformBy(const OdGeMatrix3d& matrix) {
     return eCannotTransform;
   const double length = matrix.scale(), scale = std::fabs(length - 1) > 1e-14 ? length : 1;
   const GroupList context = levelOf(groups_, kContext);
-  turnAngles(groups_, matrix, drawing::rawPoint(context, 11, {0, 0, 1}).asVector(),
-             drawing::rawPoint(context, 14, {0, 0, 1}).asVector());
+  rotateAngles(groups_, matrix, drawing::rawPoint(context, 11, {0, 0, 1}).asVector(),
+               drawing::rawPoint(context, 14, {0, 0, 1}).asVector());
   for (const Part& part : partsOf(groups_))
     drawing::transformRawGroups(groups_, part.first, part.end, measuresOf(part.level), matrix, scale);
   if (const auto first = findMatrix(groups_)) {

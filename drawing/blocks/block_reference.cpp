@@ -123,7 +123,7 @@ OdGeMatrix3d OdDbBlockReference::blockTransform() const {
 namespace {
 
 // Axes that stand square to each other, as far as their lengths let one tell.
-bool isSquare(const OdGeVector3d& a, const OdGeVector3d& b) {
+bool arePerpendicular(const OdGeVector3d& a, const OdGeVector3d& b) {
   return std::fabs(a.dotProduct(b)) <= 1e-9 * a.length() * b.length();
 }
 
@@ -134,7 +134,7 @@ OdResult OdDbBlockReference::setBlockTransform(const OdGeMatrix3d& matrix) {
   OdGePoint3d origin;
   OdGeVector3d axis[3];
   matrix.getCoordSystem(origin, axis[0], axis[1], axis[2]);
-  if (!isSquare(axis[0], axis[1]) || !isSquare(axis[1], axis[2]) || !isSquare(axis[0], axis[2]))
+  if (!arePerpendicular(axis[0], axis[1]) || !arePerpendicular(axis[1], axis[2]) || !arePerpendicular(axis[0], axis[2]))
     return eCannotTransform;
   double sign[3] = {scaleX_ < 0 ? -1.0 : 1.0, scaleY_ < 0 ? -1.0 : 1.0, scaleZ_ < 0 ? -1.0 : 1.0};
   // Signs stay where they were; a mirror more or less is taken by the x axis.

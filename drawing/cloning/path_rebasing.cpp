@@ -31,9 +31,9 @@ std::optional<OdString> rebased(const OdString& path, const OdDbDatabase& source
   if (!fileOperations().stat(full.string(), status).ok())
     return {};
   const fs::path stored = own.empty() ? full : full.lexically_proximate(fs::absolute(own).parent_path());
-  OdString turned = OdString::fromUtf8(stored.string());
-  turned.replace(L'/', L'\\');
-  return turned;
+  OdString relative = OdString::fromUtf8(stored.string());
+  relative.replace(L'/', L'\\');
+  return relative;
 }
 
 template <class Definition>

@@ -263,12 +263,12 @@ OdGeMatrix3d OdGeMatrix3d::inverse() const {
 }
 
 OdGeMatrix3d OdGeMatrix3d::transpose() const {
-  OdGeMatrix3d turned;
+  OdGeMatrix3d transposed;
   for (int row = 0; row < 4; ++row) {
     for (int at = 0; at < 4; ++at)
-      turned.entry[at][row] = entry[row][at];
+      transposed.entry[at][row] = entry[row][at];
   }
-  return turned;
+  return transposed;
 }
 
 double OdGeMatrix3d::det() const {

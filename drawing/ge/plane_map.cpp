@@ -56,9 +56,9 @@ PlaneMap::PlaneMap(const OdGeMatrix3d& matrix, const OdGeVector3d& normal)
     map_.setTranslation(OdGeMatrix3d::worldToPlane(normal) * matrix.translation());
     return;
   }
-  const OdGeVector3d turned = matrix.transformNormal(plane.column(2));
-  if (!turned.isEqualTo(normal, OdGeTol(1e-14)))
-    normal_ = turned;
+  const OdGeVector3d rotated = matrix.transformNormal(plane.column(2));
+  if (!rotated.isEqualTo(normal, OdGeTol(1e-14)))
+    normal_ = rotated;
   map_ = OdGeMatrix3d::worldToPlane(normal_) * matrix * plane;
   // Rounding apart, the image of the plane is the new plane.
   map_.entry[2][0] = map_.entry[2][1] = 0;
@@ -67,7 +67,7 @@ PlaneMap::PlaneMap(const OdGeMatrix3d& matrix, const OdGeVector3d& normal)
   similar_ = isSimilarity(x, y);
   scale_ = x.length();
   thicknessScale_ = up.z;
-  upright_ = std::hypot(up.x, up.y) <= kShapeTolerance * up.z;
+  keepsNormal_ = std::hypot(up.x, up.y) <= kShapeTolerance * up.z;
 }
 
 OdGePoint3d PlaneMap::point(const OdGePoint3d& ocs) const {
@@ -78,7 +78,7 @@ OdGeVector3d PlaneMap::vector(const OdGeVector3d& ocs) const {
   return map_ * ocs;
 }
 
-double PlaneMap::turn() const {
+double PlaneMap::rotation() const {
   return translation_ ? 0 : std::atan2(map_.entry[1][0], map_.entry[0][0]);
 }
 
@@ -86,10 +86,10 @@ double PlaneMap::angle(double angleRad) const {
   const OdGeVector3d x = map_.column(0);
   if (translation_ || (!mirrored_ && similar_ && x.y == 0 && x.x > 0))
     return angleRad;
-  const OdGeVector3d turned = map_ * OdGeVector3d(std::cos(angleRad), std::sin(angleRad), 0);
+  const OdGeVector3d rotated = map_ * OdGeVector3d(std::cos(angleRad), std::sin(angleRad), 0);
   if (!similar_)
-    return odgeNormalizeAngle(std::atan2(turned.y, turned.x));
-  return odgeNormalizeAngle(mirrored_ ? turn() - angleRad : turn() + angleRad);
+    return odgeNormalizeAngle(std::atan2(rotated.y, rotated.x));
+  return odgeNormalizeAngle(mirrored_ ? rotation() - angleRad : rotation() + angleRad);
 }
 
 void mapArcAngles(const PlaneMap& map, double& startRad, double& endRad) {

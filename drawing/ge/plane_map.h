@@ -27,11 +27,11 @@ public:
   bool keepsShapes() const { return similar_; }
   double scale() const { return scale_; } // of lengths in the plane, when it keeps shapes
   // What stands upright on the plane still does, so that thicknesses stay what they are.
-  bool keepsUpright() const { return upright_; }
-  double turn() const; // where the frame's x axis goes, in the new frame: radians
+  bool keepsNormal() const { return keepsNormal_; }
+  double rotation() const; // where the frame's x axis goes, in the new frame: radians
   double thicknessScale() const { return thicknessScale_; }
   // May an entity of that thickness take the matrix?
-  bool takesThickness(double thickness) const { return thickness == 0 || upright_; }
+  bool takesThickness(double thickness) const { return thickness == 0 || keepsNormal_; }
 
   const OdGeMatrix3d& matrix() const { return map_; } // from frame to frame
   OdGePoint3d point(const OdGePoint3d& ocs) const;
@@ -44,7 +44,7 @@ private:
   OdGeMatrix3d map_;
   OdGeVector3d normal_;
   double scale_ = 1, thicknessScale_ = 1;
-  bool translation_ = false, mirrored_ = false, similar_ = true, upright_ = true;
+  bool translation_ = false, mirrored_ = false, similar_ = true, keepsNormal_ = true;
 };
 
 // Angles of an arc (from the first counter-clockwise to the second) under a map that keeps shapes.

@@ -43,10 +43,10 @@ bool perpendicular(const Vector& one, const Vector& other, const OdGeTol& tol) {
 } // namespace
 
 double odgeNormalizeAngle(double angleRad) {
-  double turned = std::fmod(angleRad, Oda2PI);
-  if (turned < 0)
-    turned += Oda2PI;
-  return turned < Oda2PI ? turned + 0.0 : 0.0; // a tiny negative angle rounds up to the full turn; -0 becomes 0
+  double rotated = std::fmod(angleRad, Oda2PI);
+  if (rotated < 0)
+    rotated += Oda2PI;
+  return rotated < Oda2PI ? rotated + 0.0 : 0.0; // a tiny negative angle rounds up to the full turn; -0 becomes 0
 }
 
 double OdGeVector2d::length() const {

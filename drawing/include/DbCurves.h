@@ -171,7 +171,7 @@ protected:
   OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
 
 private:
-  void moveParams(double shift, bool turnedRound);
+  void moveParams(double shift, bool reversesDirection);
 
   OdGePoint3d center_;
   OdGeVector3d majorAxis_{1, 0, 0};

@@ -234,8 +234,8 @@ Substitute ownBlock(const Source& source) {
   const bool isTable = source.entity.dxfName() == "ACAD_TABLE";
   const OdGePoint3d place = isTable ? rawPoint(source.groups, 10) : OdGePoint3d();
   const OdGePoint3d along = rawPoint(source.groups, 11);
-  const double turn = isTable ? std::atan2(along.y, along.x) : 0;
-  source.draw.reference(source.groups.stringOf(source.groups[name]), place, 1, turn);
+  const double rotationRad = isTable ? std::atan2(along.y, along.x) : 0;
+  source.draw.reference(source.groups.stringOf(source.groups[name]), place, 1, rotationRad);
   return about("it is written as a reference to the block that draws it");
 }
 

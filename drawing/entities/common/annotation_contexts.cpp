@@ -26,7 +26,7 @@ struct Representation {
   std::string_view kind; // between the parts that all names share
   std::span<const Measured> world;
   int inPlane[2]; // places in the frame of the plane, -1 for none
-  bool turns;     // an angle in the plane under 50, in degrees
+  bool rotates;   // an angle in the plane under 50, in degrees
 };
 
 constexpr Representation kRepresentations[] = {
@@ -75,7 +75,7 @@ void moveRepresentation(GroupList& groups, const Representation& kind, const Pla
   for (std::size_t i = first; i < groups.size(); ++i) {
     if (groups[i].code == kind.inPlane[0] || groups[i].code == kind.inPlane[1])
       movePoint(groups, i, map);
-    else if (kind.turns && groups[i].code == 50 && groups[i].kind == GroupKind::Real)
+    else if (kind.rotates && groups[i].code == 50 && groups[i].kind == GroupKind::Real)
       groups.setReal(i, OdaToDegree(map.angle(OdaToRadian(groups[i].real))));
   }
 }

@@ -75,11 +75,11 @@ OdResult OdDbLine::getGeomExtents(OdGeExtents3d& extents) const {
 OdResult OdDbPoint::subTransformBy(const OdGeMatrix3d& matrix) {
   // The sign turns with the image of its x axis.
   const OdGeVector3d x(std::cos(ecsRotation_), -std::sin(ecsRotation_), 0);
-  const OdGeVector3d turned = matrix * (OdGeMatrix3d::planeToWorld(normal_) * x);
+  const OdGeVector3d rotated = matrix * (OdGeMatrix3d::planeToWorld(normal_) * x);
   const bool turns = !drawing::isTranslation(matrix);
   position_ = matrix * position_;
   drawing::mapSweep(matrix, normal_, thickness_);
-  const OdGeVector3d inPlane = OdGeMatrix3d::worldToPlane(normal_) * turned;
+  const OdGeVector3d inPlane = OdGeMatrix3d::worldToPlane(normal_) * rotated;
   if (turns && !inPlane.normal().isEqualTo(x, OdGeTol(1e-14)))
     ecsRotation_ = odgeNormalizeAngle(-std::atan2(inPlane.y, inPlane.x));
   return eOk;

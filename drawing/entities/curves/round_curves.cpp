@@ -148,8 +148,8 @@ OdResult OdDbEllipse::set(const OdGePoint3d& center, const OdGeVector3d& normal,
   return eOk;
 }
 
-void OdDbEllipse::moveParams(double shift, bool turnedRound) {
-  if (turnedRound) {
+void OdDbEllipse::moveParams(double shift, bool reversesDirection) {
+  if (reversesDirection) {
     std::swap(startParam_, endParam_);
     startParam_ = -startParam_;
     endParam_ = -endParam_;
@@ -161,7 +161,7 @@ void OdDbEllipse::moveParams(double shift, bool turnedRound) {
     return;
   }
   sweep = drawing::arcSweep(0, sweep);
-  startParam_ = odgeNormalizeAngle(startParam_ + (turnedRound ? shift : -shift));
+  startParam_ = odgeNormalizeAngle(startParam_ + (reversesDirection ? shift : -shift));
   endParam_ = startParam_ + sweep;
 }
 
@@ -183,14 +183,14 @@ OdResult OdDbEllipse::subTransformBy(const OdGeMatrix3d& matrix) {
   const OdGeVector3d major = a * std::cos(phase) + b * std::sin(phase);
   const OdGeVector3d minor = b * std::cos(phase) - a * std::sin(phase);
   const double ratio = sameShape ? ratio_ : minor.length() / major.length();
-  const bool turnedRound = normal.crossProduct(major).dotProduct(minor) * ratio < 0;
+  const bool reversesDirection = normal.crossProduct(major).dotProduct(minor) * ratio < 0;
   center_ = center;
   majorAxis_ = major;
   if (!normal.isEqualTo(normal_, OdGeTol(1e-14)))
     normal_ = normal;
   ratio_ = ratio;
-  if (phase != 0 || turnedRound)
-    moveParams(phase, turnedRound);
+  if (phase != 0 || reversesDirection)
+    moveParams(phase, reversesDirection);
   return eOk;
 }
 

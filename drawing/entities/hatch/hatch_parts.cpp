@@ -65,7 +65,7 @@ void moveVector(GroupList& groups, std::size_t i, const PlaneMap& map) {
   groups.setReal(i + 1, moved.y);
 }
 
-double turned(const PlaneMap& map, double degrees) {
+double rotatedAngle(const PlaneMap& map, double degrees) {
   const double before = OdaToRadian(degrees), after = map.angle(before);
   return after == before ? degrees : OdaToDegree(after);
 }
@@ -77,8 +77,8 @@ void moveArcAngles(GroupList& groups, const HatchPart& part, const PlaneMap& map
   for (std::size_t i = part.first; i < part.end && againstAxis; ++i) {
     if (!isReal(groups, i, 50) && !isReal(groups, i, 51))
       continue;
-    const double turn = OdaToDegree(map.turn());
-    groups.setReal(i, groups[i].real + (clockwise != map.isMirrored() ? -turn : turn));
+    const double rotationRad = OdaToDegree(map.rotation());
+    groups.setReal(i, groups[i].real + (clockwise != map.isMirrored() ? -rotationRad : rotationRad));
   }
   if (map.isMirrored() && direction < part.end)
     groups.setInteger(direction, clockwise ? 1 : 0);
@@ -89,7 +89,7 @@ void movePatternGroup(GroupList& groups, std::size_t i, const PlaneMap& map, dou
   if (groups[i].kind != GroupKind::Real)
     return;
   if (code == 52 || code == 53)
-    groups.setReal(i, turned(map, groups[i].real));
+    groups.setReal(i, rotatedAngle(map, groups[i].real));
   else if (code == 41 || code == 47 || code == 49)
     groups.setReal(i, groups[i].real * map.scale());
   else if (isPointAt(groups, i, 43, 44))

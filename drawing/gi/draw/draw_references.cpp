@@ -48,12 +48,12 @@ void addRepetitions(const OdDbBlockReference& reference, BlockInstance& instance
   const auto* array = OdDbMInsertBlock::cast(&reference).get();
   if (array == nullptr)
     return;
-  const OdGeMatrix3d turned =
+  const OdGeMatrix3d rotated =
       OdGeMatrix3d::planeToWorld(reference.normal()) * OdGeMatrix3d::rotation(reference.rotation(), {0, 0, 1});
   instance.columns = std::max<int>(array->columns(), 1);
   instance.rows = std::max<int>(array->rows(), 1);
-  instance.column = turned * OdGeVector3d(array->columnSpacing(), 0, 0);
-  instance.row = turned * OdGeVector3d(0, array->rowSpacing(), 0);
+  instance.column = rotated * OdGeVector3d(array->columnSpacing(), 0, 0);
+  instance.row = rotated * OdGeVector3d(0, array->rowSpacing(), 0);
 }
 
 } // namespace
