@@ -9,9 +9,9 @@
 #include <cmath>
 #include <optional>
 
+using drawing::GeometricRole;
 using drawing::GroupList;
-using drawing::Measure;
-using drawing::Measured;
+using drawing::GroupRole;
 
 ODDB_DEFINE_MEMBERS(OdDbMLeader, OdDbEntity, "MULTILEADER");
 
@@ -62,20 +62,25 @@ std::vector<Part> partsOf(const GroupList& groups) {
   return parts;
 }
 
-constexpr Measured kOwnMeasures[] = {{45, Measure::Length}};
-constexpr Measured kContextMeasures[] = {
-    {10, Measure::Point},   {12, Measure::Point},      {15, Measure::Point},     {110, Measure::Point},
-    {11, Measure::Normal},  {14, Measure::Normal},     {13, Measure::Direction}, {111, Measure::Direction},
-    {40, Measure::Length},  {112, Measure::Direction}, {41, Measure::Length},    {43, Measure::Length},
-    {44, Measure::Length},  {140, Measure::Length},    {142, Measure::Length},   {143, Measure::Length},
-    {145, Measure::Length}, {16, Measure::Length},     {26, Measure::Length},    {36, Measure::Length}};
-constexpr Measured kBranchMeasures[] = {
-    {10, Measure::Point}, {11, Measure::Direction}, {12, Measure::Point}, {13, Measure::Point}, {40, Measure::Length}};
-constexpr Measured kLineMeasures[] = {
-    {10, Measure::Point}, {11, Measure::Point}, {12, Measure::Point}, {40, Measure::Length}};
+constexpr GroupRole kOwnRoles[] = {{45, GeometricRole::Length}};
+constexpr GroupRole kContextRoles[] = {
+    {10, GeometricRole::Point},      {12, GeometricRole::Point},      {15, GeometricRole::Point},
+    {110, GeometricRole::Point},     {11, GeometricRole::Normal},     {14, GeometricRole::Normal},
+    {13, GeometricRole::Direction},  {111, GeometricRole::Direction}, {40, GeometricRole::Length},
+    {112, GeometricRole::Direction}, {41, GeometricRole::Length},     {43, GeometricRole::Length},
+    {44, GeometricRole::Length},     {140, GeometricRole::Length},    {142, GeometricRole::Length},
+    {143, GeometricRole::Length},    {145, GeometricRole::Length},    {16, GeometricRole::Length},
+    {26, GeometricRole::Length},     {36, GeometricRole::Length}};
+constexpr GroupRole kBranchRoles[] = {{10, GeometricRole::Point},
+                                      {11, GeometricRole::Direction},
+                                      {12, GeometricRole::Point},
+                                      {13, GeometricRole::Point},
+                                      {40, GeometricRole::Length}};
+constexpr GroupRole kLineRoles[] = {
+    {10, GeometricRole::Point}, {11, GeometricRole::Point}, {12, GeometricRole::Point}, {40, GeometricRole::Length}};
 
-std::span<const Measured> measuresOf(Level level) {
-  const std::span<const Measured> all[] = {kOwnMeasures, kContextMeasures, kBranchMeasures, kLineMeasures};
+std::span<const GroupRole> rolesOf(Level level) {
+  const std::span<const GroupRole> all[] = {kOwnRoles, kContextRoles, kBranchRoles, kLineRoles};
   return all[level];
 }
 
@@ -241,7 +246,7 @@ OdResult OdDbMLeader::subTransformBy(const OdGeMatrix3d& matrix) {
   rotateAngles(groups_, matrix, drawing::rawPoint(context, 11, {0, 0, 1}).asVector(),
                drawing::rawPoint(context, 14, {0, 0, 1}).asVector());
   for (const Part& part : partsOf(groups_))
-    drawing::transformRawGroups(groups_, part.first, part.end, measuresOf(part.level), matrix, scale);
+    drawing::transformRawGroups(groups_, part.first, part.end, rolesOf(part.level), matrix, scale);
   if (const auto first = findMatrix(groups_)) {
     const OdGeMatrix3d moved = matrix * readMatrix(groups_, *first);
     for (std::size_t i = 0; i < 16; ++i)

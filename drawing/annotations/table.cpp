@@ -49,7 +49,7 @@ double OdDbTable::nthReal(int code, unsigned index) const {
 }
 
 OdResult OdDbTable::subTransformBy(const OdGeMatrix3d& matrix) {
-  static constexpr drawing::Measured kHead[] = {{11, drawing::Measure::Direction}};
+  static constexpr drawing::GroupRole kHeaderRoles[] = {{11, drawing::GeometricRole::Direction}};
   const bool rigid = matrix.isUniScaledOrtho(OdGeTol(1e-10)) && std::fabs(matrix.det() - 1) < 1e-9;
   if (!rigid)
     return eCannotTransform;
@@ -57,6 +57,6 @@ OdResult OdDbTable::subTransformBy(const OdGeMatrix3d& matrix) {
     return result;
   // Cells may hold values under the same code: the direction stands before the first of them.
   const std::size_t head = std::min(groups_.find(171), groups_.find(301));
-  drawing::transformRawGroups(groups_, 0, std::min(head, groups_.size()), kHead, matrix, 1);
+  drawing::transformRawGroups(groups_, 0, std::min(head, groups_.size()), kHeaderRoles, matrix, 1);
   return eOk;
 }

@@ -25,7 +25,7 @@ int OdDbSubDMesh::subdivisionLevel() const {
 }
 
 OdResult OdDbSubDMesh::subTransformBy(const OdGeMatrix3d& matrix) {
-  static constexpr drawing::Measured kRoles[] = {{10, drawing::Measure::Point}};
+  static constexpr drawing::GroupRole kRoles[] = {{10, drawing::GeometricRole::Point}};
   drawing::transformRawGroups(groups_, 0, groups_.size(), kRoles, matrix, 1);
   return eOk;
 }

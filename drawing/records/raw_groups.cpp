@@ -25,35 +25,35 @@ void setTripleAt(GroupList& groups, std::size_t i, const OdGePoint3d& point) {
 
 namespace {
 
-void moveTriple(GroupList& groups, std::size_t i, Measure measure, const OdGeMatrix3d& matrix) {
+void moveTriple(GroupList& groups, std::size_t i, GeometricRole role, const OdGeMatrix3d& matrix) {
   OdGePoint3d value;
   if (!tripleAt(groups, i, value))
     return;
   OdGeVector3d v = value.asVector();
-  if (measure == Measure::Point)
+  if (role == GeometricRole::Point)
     v = (matrix * value).asVector();
   else if (v.isZeroLength() || isTranslation(matrix))
     return;
   else
-    v = measure == Measure::Normal   ? matrix.transformNormal(v)
-        : measure == Measure::Vector ? matrix * v
-                                     : (matrix * v).normal();
-  if (measure == Measure::Point || !v.isEqualTo(value.asVector(), OdGeTol(1e-14)))
+    v = role == GeometricRole::Normal   ? matrix.transformNormal(v)
+        : role == GeometricRole::Vector ? matrix * v
+                                        : (matrix * v).normal();
+  if (role == GeometricRole::Point || !v.isEqualTo(value.asVector(), OdGeTol(1e-14)))
     setTripleAt(groups, i, OdGePoint3d() + v);
 }
 
 } // namespace
 
-void transformRawGroups(GroupList& groups, std::size_t first, std::size_t end, std::span<const Measured> table,
+void transformRawGroups(GroupList& groups, std::size_t first, std::size_t end, std::span<const GroupRole> table,
                         const OdGeMatrix3d& matrix, double lengthScale) {
   for (std::size_t i = first; i < end; ++i) {
-    for (const Measured& one : table) {
+    for (const GroupRole& one : table) {
       if (groups[i].code != one.code || groups[i].kind != GroupKind::Real)
         continue;
-      if (one.measure == Measure::Length)
+      if (one.role == GeometricRole::Length)
         groups.setReal(i, groups[i].real * lengthScale);
       else
-        moveTriple(groups, i, one.measure, matrix);
+        moveTriple(groups, i, one.role, matrix);
     }
   }
 }

@@ -32,7 +32,7 @@ SubclassLayout rawSubclass(const char* marker) {
   return {marker, {}, readRawGroup<Member>, writeRawGroups<Member>};
 }
 
-enum class Measure : std::uint8_t {
+enum class GeometricRole : std::uint8_t {
   Point,     // a place: three groups, at steps of ten in the code
   Direction, // a unit vector
   Vector,    // with its length
@@ -40,13 +40,13 @@ enum class Measure : std::uint8_t {
   Length
 };
 
-struct Measured {
+struct GroupRole {
   std::int16_t code;
-  Measure measure;
+  GeometricRole role;
 };
 
 // Moves the values of groups `first` to `end` - 1 that the table names. Translations move places only.
-void transformRawGroups(GroupList& groups, std::size_t first, std::size_t end, std::span<const Measured> table,
+void transformRawGroups(GroupList& groups, std::size_t first, std::size_t end, std::span<const GroupRole> table,
                         const OdGeMatrix3d& matrix, double lengthScale);
 
 // The three coordinates at group i; false when other groups stand there.

@@ -12,25 +12,29 @@ namespace drawing {
 
 namespace {
 
-constexpr Measured kNothing[] = {{-1, Measure::Length}};
-constexpr Measured kMText[] = {{10, Measure::Direction}, {11, Measure::Point},  {40, Measure::Length},
-                               {41, Measure::Length},    {42, Measure::Length}, {43, Measure::Length},
-                               {44, Measure::Length},    {45, Measure::Length}, {46, Measure::Length}};
-constexpr Measured kReference[] = {{41, Measure::Length}, {42, Measure::Length}, {43, Measure::Length}};
-constexpr Measured kLeader[] = {
-    {10, Measure::Point}, {11, Measure::Direction}, {12, Measure::Vector}, {13, Measure::Vector}};
-constexpr Measured kFrame[] = {{10, Measure::Point}, {11, Measure::Direction}};
-constexpr Measured kDimension[] = {{11, Measure::Point}, {12, Measure::Point}, {13, Measure::Point}};
+constexpr GroupRole kNoRoles[] = {{-1, GeometricRole::Length}};
+constexpr GroupRole kMText[] = {
+    {10, GeometricRole::Direction}, {11, GeometricRole::Point},  {40, GeometricRole::Length},
+    {41, GeometricRole::Length},    {42, GeometricRole::Length}, {43, GeometricRole::Length},
+    {44, GeometricRole::Length},    {45, GeometricRole::Length}, {46, GeometricRole::Length}};
+constexpr GroupRole kReference[] = {
+    {41, GeometricRole::Length}, {42, GeometricRole::Length}, {43, GeometricRole::Length}};
+constexpr GroupRole kLeader[] = {{10, GeometricRole::Point},
+                                 {11, GeometricRole::Direction},
+                                 {12, GeometricRole::Vector},
+                                 {13, GeometricRole::Vector}};
+constexpr GroupRole kFrame[] = {{10, GeometricRole::Point}, {11, GeometricRole::Direction}};
+constexpr GroupRole kDimension[] = {{11, GeometricRole::Point}, {12, GeometricRole::Point}, {13, GeometricRole::Point}};
 
 struct Representation {
   std::string_view kind; // between the parts that all names share
-  std::span<const Measured> world;
+  std::span<const GroupRole> world;
   int inPlane[2]; // places in the frame of the plane, -1 for none
   bool rotates;   // an angle in the plane under 50, in degrees
 };
 
 constexpr Representation kRepresentations[] = {
-    {"TEXT", kNothing, {10, 11}, true},      {"MTEXT", kMText, {-1, -1}, false},
+    {"TEXT", kNoRoles, {10, 11}, true},      {"MTEXT", kMText, {-1, -1}, false},
     {"BLKREF", kReference, {10, -1}, true},  {"LEADER", kLeader, {-1, -1}, false},
     {"FCF", kFrame, {-1, -1}, false},        {"ALDIM", kDimension, {10, -1}, false},
     {"ANGDIM", kDimension, {10, -1}, false}, {"DMDIM", kDimension, {10, -1}, false},

@@ -12,14 +12,14 @@ constexpr double kStackShare = 0.7;
 constexpr double kTab = 4; // in heights of the text
 
 // A word that was measured, in a line.
-struct Measured {
+struct MeasuredWord {
   const Word* word;
   ShapedText upper, lower; // of a stack both
   double width = 0, x = 0;
 };
 
 struct Line {
-  std::vector<Measured> words;
+  std::vector<MeasuredWord> words;
   ParagraphFormat paragraph;
   bool isFirst = true; // of its paragraph
   bool endsColumn = false;
@@ -74,8 +74,8 @@ private:
     return (line.paragraph.indent + first) * frame_.textHeight;
   }
 
-  Measured measure(const Word& word) {
-    Measured measured{&word, {}, {}, 0, 0};
+  MeasuredWord measure(const Word& word) {
+    MeasuredWord measured{&word, {}, {}, 0, 0};
     const double unit = word.format.height * word.format.widthFactor;
     if (word.kind == Word::Tab) {
       const double step = kTab * frame_.textHeight;
@@ -93,7 +93,7 @@ private:
 
   void add(const Word& word) {
     take(word);
-    Measured measured = measure(word);
+    MeasuredWord measured = measure(word);
     const bool isTooLong = frame_.width > 0 && x_ + measured.width > frame_.width * (1 + 1e-9);
     const std::size_t keep = isTooLong && word.kind != Word::Blank ? breakBefore(word) : 0;
     if (keep > 0) {
@@ -108,7 +108,7 @@ private:
     line.words.push_back(std::move(measured));
   }
 
-  static bool isGlue(const Measured& before, const Word& word) {
+  static bool isGlue(const MeasuredWord& before, const Word& word) {
     return before.word->kind == Word::kText && word.kind == Word::kText && &word == before.word + 1 &&
            !(before.word->text.back() >= 0x2E80 || word.text.front() >= 0x2E80);
   }
@@ -117,7 +117,7 @@ private:
   // its look over and over breaks anywhere.
   std::size_t breakBefore(const Word& word) const {
     constexpr std::size_t kLongest = 64;
-    const std::vector<Measured>& words = lines_.back().words;
+    const std::vector<MeasuredWord>& words = lines_.back().words;
     std::size_t keep = words.size();
     for (const Word* next = &word; keep > 0 && isGlue(words[keep - 1], *next); --keep) {
       if (words.size() - keep == kLongest)
@@ -128,9 +128,9 @@ private:
   }
 
   void breakLine(std::size_t keep) {
-    std::vector<Measured>& words = lines_.back().words;
-    std::vector<Measured> moved(std::make_move_iterator(words.begin() + static_cast<std::ptrdiff_t>(keep)),
-                                std::make_move_iterator(words.end()));
+    std::vector<MeasuredWord>& words = lines_.back().words;
+    std::vector<MeasuredWord> moved(std::make_move_iterator(words.begin() + static_cast<std::ptrdiff_t>(keep)),
+                                    std::make_move_iterator(words.end()));
     words.resize(keep, {nullptr, {}, {}, 0, 0});
     const ParagraphFormat paragraph = lines_.back().paragraph;
     finish();
@@ -138,7 +138,7 @@ private:
     lines_.back().paragraph = paragraph;
     x_ = indent();
     isSet_ = true;
-    for (Measured& word : moved) {
+    for (MeasuredWord& word : moved) {
       word.x = x_;
       x_ += word.width;
       lines_.back().height = std::max(lines_.back().height, word.word->format.height);
@@ -207,7 +207,7 @@ private:
 
   void placeLine(const Line& line) {
     const double x = shift(line);
-    for (const Measured& measured : line.words) {
+    for (const MeasuredWord& measured : line.words) {
       if (measured.word->kind == Word::Stack)
         placeStack(measured, x + measured.x);
       else if (measured.word->kind == Word::kText)
@@ -222,7 +222,7 @@ private:
       block_.words.push_back({shaped, format, x, y});
   }
 
-  void placeStack(const Measured& measured, double x) {
+  void placeStack(const MeasuredWord& measured, double x) {
     CharFormat small = measured.word->format;
     const double height = small.height, unit = height * kStackShare * small.widthFactor;
     small.height *= kStackShare;
@@ -233,7 +233,7 @@ private:
       block_.bars.push_back({x, y_ + height / 2, x + room, y_ + height / 2, measured.word->format});
   }
 
-  void addBars(const Measured& measured, double x) {
+  void addBars(const MeasuredWord& measured, double x) {
     const CharFormat& format = measured.word->format;
     const struct {
       bool shows;
