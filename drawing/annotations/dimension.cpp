@@ -66,8 +66,8 @@ OdResult OdDbDimension::subTransformBy(const OdGeMatrix3d& matrix) {
 }
 
 // The picture is a block of its own, drawn in the world: it moves with the dimension that it shows.
-void OdDbDimension::movedParts(std::vector<OdDbObjectId>& ids) const {
-  OdDbEntity::movedParts(ids);
+void OdDbDimension::movedAlong(std::vector<OdDbObjectId>& ids) const {
+  OdDbEntity::movedAlong(ids);
   const auto* block = drawing::peekAs<OdDbBlockTableRecord>(block_);
   if (isDBRO() && block != nullptr && block->isAnonymous())
     ids.insert(ids.end(), block->members().ids().begin(), block->members().ids().end());
@@ -75,7 +75,7 @@ void OdDbDimension::movedParts(std::vector<OdDbObjectId>& ids) const {
 
 void OdDbDimension::moveDimensionBlock(const OdGeMatrix3d& matrix) {
   std::vector<OdDbObjectId> parts;
-  movedParts(parts);
+  movedAlong(parts);
   for (OdDbObjectId id : parts) {
     auto* part = drawing::peekAs<OdDbEntity>(id);
     if (part == nullptr || part->isErased())

@@ -157,7 +157,7 @@ OdResult OdDbBlockReference::setBlockTransform(const OdGeMatrix3d& matrix) {
 OdResult OdDbBlockReference::subTransformBy(const OdGeMatrix3d& matrix) {
   if (drawing::isTranslation(matrix)) { // scales and angles keep their bits
     position_ = odgeWcsToOcs(matrix * position(), normal_);
-    return transformParts(matrix);
+    return transformSubEntities(matrix);
   }
   const OdDbBlockReference before(*this);
   // An axis of length 0 (flat drawings of some programs have such a z axis) has a direction all the same.
@@ -171,14 +171,14 @@ OdResult OdDbBlockReference::subTransformBy(const OdGeMatrix3d& matrix) {
   for (int i = 0; i < 3; ++i)
     *scales[i] = flat[i] ? 0 : *scales[i];
   if (result == eOk)
-    result = transformParts(matrix);
+    result = transformSubEntities(matrix);
   if (result != eOk)
     *this = before;
   return result;
 }
 
 OdDbObjectId OdDbBlockReference::appendAttribute(OdDbAttribute* attribute) {
-  return appendPart(*this, attribute);
+  return appendSubEntity(*this, attribute);
 }
 
 OdDbObjectAttributeIteratorPtr OdDbBlockReference::attributeIterator() const {
@@ -227,18 +227,18 @@ OdResult OdDbBlockReference::getGeomExtents(OdGeExtents3d& extents) const {
 
 void OdDbBlockReference::ownedObjects(std::vector<OdDbObjectId>& ids) const {
   OdDbEntity::ownedObjects(ids);
-  listParts(ids);
+  listSubEntities(ids);
 }
 
 void OdDbBlockReference::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbEntity::visitReferences(visitor);
-  visitParts(visitor);
+  visitSubEntities(visitor);
 }
 
 void OdDbBlockReference::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
   recordInDefinition();
   OdDbEntity::afterClone(source, mapping);
-  dropLostParts();
+  dropLostSubEntities();
 }
 
 MVDB_SETTER(OdDbMInsertBlock, setColumns, std::int16_t, columns_)

@@ -43,7 +43,7 @@ public:
 
   // World extents of the definition points and the text position, without the dimension block. Always eOk.
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
-  void movedParts(std::vector<OdDbObjectId>& ids) const override;
+  void movedAlong(std::vector<OdDbObjectId>& ids) const override;
 
 protected:
   explicit OdDbDimension(std::int16_t type) : type_(type) {} // kind as in files (group 70)

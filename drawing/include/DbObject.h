@@ -125,7 +125,7 @@ public:
   // Called on a container when undo or redo changed its member list or the name of a member.
   virtual void membersChanged() {}
   // Appends the objects that transforming this one changes as well.
-  virtual void movedParts(std::vector<OdDbObjectId>& ids) const { ownedObjects(ids); }
+  virtual void movedAlong(std::vector<OdDbObjectId>& ids) const { ownedObjects(ids); }
   // Called on a clone once its references have been translated.
   virtual void afterClone(const OdDbObject& source, OdDbIdMapping& mapping);
   void dropLostReactors(); // removes null ids from the persistent reactors

@@ -161,7 +161,7 @@ bool DrawingBuilder::addToSequence(ReadObject& read) {
     endSequence();
     return false;
   }
-  owner->adoptSubEntity(add(read, sequence_), isEnd);
+  owner->attachSubEntity(add(read, sequence_), isEnd);
   if (isEnd)
     endSequence();
   return true;

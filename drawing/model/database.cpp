@@ -112,7 +112,7 @@ void OdDbDatabase::restoreFromUndo(const OdDbObjectIdArray& ids) {
       continue;
     OdDbObject* object = drawing::peek(id);
     std::vector<OdDbObjectId> parts;
-    object->movedParts(parts);
+    object->movedAlong(parts);
     object->assignState(*found->second);
     for (OdDbObjectId part : parts) {
       if (const auto before = earlier.find(part); before != earlier.end())

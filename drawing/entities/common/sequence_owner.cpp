@@ -16,21 +16,21 @@ const drawing::Description& OdDbSequenceEnd::ownDescription() {
 
 OdDbSequenceOwner::~OdDbSequenceOwner() = default;
 
-void OdDbSequenceOwner::adoptSubEntity(OdDbObjectId id, bool isEnd) {
+void OdDbSequenceOwner::attachSubEntity(OdDbObjectId id, bool isEnd) {
   if (isEnd)
     end_ = id;
   else
-    parts_.push_back(id);
+    subEntities_.push_back(id);
 }
 
-OdDbObjectId OdDbSequenceOwner::appendPart(OdDbEntity& owner, OdDbEntity* part) {
+OdDbObjectId OdDbSequenceOwner::appendSubEntity(OdDbEntity& owner, OdDbEntity* part) {
   if (part == nullptr)
     throw OdError(eNullObjectPtr);
   owner.assertWriteEnabled();
   if (!owner.isDBRO())
     throw OdError(eNotInDatabase);
   const OdDbObjectId id = part->isDBRO() ? part->objectId() : owner.database()->addOdDbObject(part, owner.objectId());
-  parts_.push_back(id);
+  subEntities_.push_back(id);
   ensureEnd(owner);
   return id;
 }
@@ -44,11 +44,11 @@ void OdDbSequenceOwner::ensureEnd(OdDbEntity& owner) {
   end_ = owner.database()->addOdDbObject(end.get(), owner.objectId());
 }
 
-OdResult OdDbSequenceOwner::transformParts(const OdGeMatrix3d& matrix) const {
+OdResult OdDbSequenceOwner::transformSubEntities(const OdGeMatrix3d& matrix) const {
   // Every kind takes a matrix that keeps shapes; only others can fail half-way and need the way back.
   const bool canFail = !matrix.isUniScaledOrtho();
   std::vector<std::pair<OdDbEntity*, std::unique_ptr<OdDbObject>>> moved;
-  for (OdDbObjectId id : parts_) {
+  for (OdDbObjectId id : subEntities_) {
     auto* part = peekAs<OdDbEntity>(id);
     if (part == nullptr || part->isErased())
       continue;
@@ -64,18 +64,20 @@ OdResult OdDbSequenceOwner::transformParts(const OdGeMatrix3d& matrix) const {
   return eOk;
 }
 
-void OdDbSequenceOwner::listParts(std::vector<OdDbObjectId>& ids) const {
-  ids.insert(ids.end(), parts_.begin(), parts_.end());
+void OdDbSequenceOwner::listSubEntities(std::vector<OdDbObjectId>& ids) const {
+  ids.insert(ids.end(), subEntities_.begin(), subEntities_.end());
   if (!end_.isNull())
     ids.push_back(end_);
 }
 
-void OdDbSequenceOwner::visitParts(drawing::ReferenceVisitor& visitor) {
-  for (OdDbObjectId& id : parts_)
+void OdDbSequenceOwner::visitSubEntities(drawing::ReferenceVisitor& visitor) {
+  for (OdDbObjectId& id : subEntities_)
     visitor.visit(id, OdDb::kHardOwnershipRef);
   visitor.visit(end_, OdDb::kHardOwnershipRef);
 }
 
-void OdDbSequenceOwner::dropLostParts() {
-  parts_.erase(std::remove_if(parts_.begin(), parts_.end(), [](OdDbObjectId id) { return id.isNull(); }), parts_.end());
+void OdDbSequenceOwner::dropLostSubEntities() {
+  subEntities_.erase(
+      std::remove_if(subEntities_.begin(), subEntities_.end(), [](OdDbObjectId id) { return id.isNull(); }),
+      subEntities_.end());
 }

@@ -81,7 +81,7 @@ const drawing::Description& OdDbPolyFaceMesh::ownDescription() {
 }
 
 OdDbObjectId OdDbVertexOwner::appendVertex(OdDbVertex* vertex) {
-  return appendPart(*this, vertex);
+  return appendSubEntity(*this, vertex);
 }
 
 std::vector<OdDbObjectId> OdDbVertexOwner::vertexIds() const {
@@ -92,7 +92,7 @@ std::vector<OdDbObjectId> OdDbVertexOwner::vertexIds() const {
 }
 
 OdResult OdDbVertexOwner::subTransformBy(const OdGeMatrix3d& matrix) {
-  return transformParts(matrix);
+  return transformSubEntities(matrix);
 }
 
 OdResult OdDbVertexOwner::getGeomExtents(OdGeExtents3d& extents) const {
@@ -107,17 +107,17 @@ OdResult OdDbVertexOwner::getGeomExtents(OdGeExtents3d& extents) const {
 
 void OdDbVertexOwner::ownedObjects(std::vector<OdDbObjectId>& ids) const {
   OdDbCurve::ownedObjects(ids);
-  listParts(ids);
+  listSubEntities(ids);
 }
 
 void OdDbVertexOwner::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbCurve::visitReferences(visitor);
-  visitParts(visitor);
+  visitSubEntities(visitor);
 }
 
 void OdDbVertexOwner::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
   OdDbCurve::afterClone(source, mapping);
-  dropLostParts();
+  dropLostSubEntities();
 }
 
 MVDB_SETTER(OdDb2dPolyline, setElevation, double, origin_.z)

@@ -10,27 +10,28 @@ class MVDRAWING_API OdDbSequenceOwner {
 public:
   virtual ~OdDbSequenceOwner();
   // Parts in file order, erased ones included, and the SEQEND entity, null if there is none.
-  const std::vector<OdDbObjectId>& subEntities() const { return parts_; }
+  const std::vector<OdDbObjectId>& subEntities() const { return subEntities_; }
   OdDbObjectId sequenceEndId() const { return end_; }
   // For readers: lists a resident part, or sets the SEQEND entity.
-  void adoptSubEntity(OdDbObjectId id, bool isEnd);
+  void attachSubEntity(OdDbObjectId id, bool isEnd);
   // Creates the SEQEND entity on the layer of the owner if there is none. `owner` is this object.
   void ensureEnd(OdDbEntity& owner);
 
 protected:
   // Lists a part, which becomes resident if it is free, and creates the SEQEND entity if there is none. Throws OdError:
   // eNullObjectPtr for null, eNotOpenForWrite, eNotInDatabase for a free owner.
-  OdDbObjectId appendPart(OdDbEntity& owner, OdDbEntity* part);
+  OdDbObjectId appendSubEntity(OdDbEntity& owner, OdDbEntity* part);
   // Transforms all parts that are not erased, or none of them and returns the reason. Locked layers of parts do not
   // matter.
-  OdResult transformParts(const OdGeMatrix3d& matrix) const;
-  // The parts and the SEQEND entity for ownedObjects and visitReferences; dropLostParts removes null ids after cloning.
-  void listParts(std::vector<OdDbObjectId>& ids) const;
-  void visitParts(drawing::ReferenceVisitor& visitor);
-  void dropLostParts();
+  OdResult transformSubEntities(const OdGeMatrix3d& matrix) const;
+  // The parts and the SEQEND entity for ownedObjects and visitReferences; dropLostSubEntities removes null ids after
+  // cloning.
+  void listSubEntities(std::vector<OdDbObjectId>& ids) const;
+  void visitSubEntities(drawing::ReferenceVisitor& visitor);
+  void dropLostSubEntities();
 
 private:
-  std::vector<OdDbObjectId> parts_;
+  std::vector<OdDbObjectId> subEntities_;
   OdDbObjectId end_;
 };
 
