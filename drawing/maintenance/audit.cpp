@@ -85,9 +85,9 @@ public:
 
 private:
   void addIssue(const char* code, Severity severity, const OdDbObject& object, std::string found,
-                const char* mended = "") {
-    report_.add({code, fix_ && mended[0] != 0 ? Severity::Repaired : severity, 0, -1, object.getDbHandle(), "",
-                 object.dxfName(), std::move(found), fix_ ? mended : ""});
+                const char* repaired = "") {
+    report_.add({code, fix_ && repaired[0] != 0 ? Severity::Repaired : severity, 0, -1, object.getDbHandle(), "",
+                 object.dxfName(), std::move(found), fix_ ? repaired : ""});
   }
 
   // Who lists whom; a member that two containers list is told at once.

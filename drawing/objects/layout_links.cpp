@@ -15,8 +15,8 @@ namespace {
 
 class Links {
 public:
-  Links(OdDbDatabase& database, bool mend, const LayoutFaultHandler& onFault)
-      : database_(database), mend_(mend), onFault_(onFault) {}
+  Links(OdDbDatabase& database, bool repair, const LayoutFaultHandler& onFault)
+      : database_(database), repairs_(repair), onFault_(onFault) {}
 
   void run() {
     for (OdDbObjectId id : database_.allIds()) {
@@ -64,12 +64,12 @@ private:
     const auto free = std::find_if(blocks_.begin(), blocks_.end(), [this](const OdDbBlockTableRecord* block) {
       return isSpaceName(block->getName()) && layoutOf_.count(block) == 0;
     });
-    OdDbBlockTableRecord* space = free != blocks_.end() ? *free : mend_ ? makeSpace() : nullptr;
+    OdDbBlockTableRecord* space = free != blocks_.end() ? *free : repairs_ ? makeSpace() : nullptr;
     if (space != nullptr) {
       layoutOf_[space] = &layout;
       blockOf_[&layout] = space;
     }
-    if (mend_) {
+    if (repairs_) {
       const WriteScope scope(layout);
       layout.setBlockTableRecordId(space->objectId());
     }
@@ -96,8 +96,8 @@ private:
     const bool makes = wanted.isNull() && isSpaceName(block.getName());
     if (!makes && wanted == block.getLayoutId())
       return;
-    if (mend_)
-      mend(block, wanted, makes);
+    if (repairs_)
+      repair(block, wanted, makes);
     const char* done = makes             ? "a layout is made"
                        : wanted.isNull() ? "it names no layout any more"
                                          : "it names the layout that names it";
@@ -105,7 +105,7 @@ private:
               makes});
   }
 
-  void mend(OdDbBlockTableRecord& block, OdDbObjectId layout, bool makes) {
+  void repair(OdDbBlockTableRecord& block, OdDbObjectId layout, bool makes) {
     const WriteScope scope(block);
     if (!makes)
       block.setLayoutId(layout);
@@ -116,7 +116,7 @@ private:
   }
 
   OdDbDatabase& database_;
-  bool mend_;
+  bool repairs_;
   int layoutCount_ = 0; // that were there, and made
   const LayoutFaultHandler& onFault_;
   std::vector<OdDbLayout*> layouts_;
@@ -161,8 +161,8 @@ void plotDefaults(OdDbLayout& layout, bool isModel) {
 
 } // namespace
 
-void checkLayouts(OdDbDatabase& database, bool mend, const LayoutFaultHandler& onFault) {
-  Links(database, mend, onFault).run();
+void checkLayouts(OdDbDatabase& database, bool repair, const LayoutFaultHandler& onFault) {
+  Links(database, repair, onFault).run();
 }
 
 void makeLayoutFor(OdDbDatabase& database, OdDbObjectId block, const OdString& name, int order) {

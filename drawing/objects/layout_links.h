@@ -20,7 +20,7 @@ struct LayoutFault {
 using LayoutFaultHandler = std::function<void(const LayoutFault&)>;
 
 // Calls `tell` for each fault in the order of ids; mends it before when that is asked for.
-void checkLayouts(OdDbDatabase& database, bool mend, const LayoutFaultHandler& onFault);
+void checkLayouts(OdDbDatabase& database, bool repair, const LayoutFaultHandler& onFault);
 
 // Makes a layout for the block under the next free name like `name`.
 void makeLayoutFor(OdDbDatabase& database, OdDbObjectId block, const OdString& name, int order);

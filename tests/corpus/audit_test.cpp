@@ -12,7 +12,7 @@
 namespace {
 
 TEST(Audit, MendedDrawingsAreWholeAndPurgingThemIsStable) {
-  std::size_t mended = 0;
+  std::size_t repaired = 0;
   corpus::forEachDrawing([&](const std::string&, const drawing::ReadResult& read) {
     drawing::auditDrawing(*read.database, true);
     tests::expectSound(*read.database);
@@ -26,9 +26,9 @@ TEST(Audit, MendedDrawingsAreWholeAndPurgingThemIsStable) {
     tests::expectSound(*read.database);
     again = tests::expectRoundTrip(*read.database);
     EXPECT_TRUE(again.isNull() || drawing::PurgePlan(*again).purgeable().isEmpty());
-    ++mended;
+    ++repaired;
   });
-  EXPECT_GT(mended, 300u);
+  EXPECT_GT(repaired, 300u);
 }
 
 TEST(Reading, AccountsForEveryRecord) {

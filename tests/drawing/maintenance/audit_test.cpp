@@ -110,10 +110,10 @@ TEST(Audit, FindsAndMendsEveryFault) {
     EXPECT_TRUE(found.has(row.code)) << issuesOf(found);
     EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*house.database)), "") << "only looking changed it";
     expectUndoRestores(*house.database, [&] {
-      const drawing::Report mended = drawing::auditDrawing(*house.database, true);
-      for (const drawing::Issue& issue : mended.issues())
+      const drawing::Report repaired = drawing::auditDrawing(*house.database, true);
+      for (const drawing::Issue& issue : repaired.issues())
         EXPECT_FALSE(issue.done.empty()) << issue.code;
-      EXPECT_EQ(mended.outcome(), drawing::Outcome::Repaired);
+      EXPECT_EQ(repaired.outcome(), drawing::Outcome::Repaired);
     });
     expectSound(*house.database);
     if (const OdDbDatabasePtr again = expectRoundTrip(*house.database); !again.isNull())
