@@ -95,7 +95,7 @@ void postAssociation(const OdDbObjectId& dimensionId) {
     failed->erase(true);
 }
 
-void settleDimension(const OdDbObjectId& dimensionId, double rotationRad) {
+void updateDimension(const OdDbObjectId& dimensionId, double rotationRad) {
   UnlockedLayers unlocked; // a clone on a locked layer must turn all the same
   unlocked.addLayerOf(dimensionId);
   {
@@ -105,7 +105,7 @@ void settleDimension(const OdDbObjectId& dimensionId, double rotationRad) {
   postAssociation(dimensionId);
 }
 
-void settleDimensions(const OdDbIdMapping& mapping, const OdGeMatrix3d& xform) {
+void updateDimensions(const OdDbIdMapping& mapping, const OdGeMatrix3d& xform) {
   std::optional<double> rotationRad;
   // Posting changes the drawing, not the mapping: the pairs stay as they are.
   for (const OdDbIdPair& pair : mapping.pairs()) {
@@ -116,7 +116,7 @@ void settleDimensions(const OdDbIdMapping& mapping, const OdGeMatrix3d& xform) {
       continue;
     if (!rotationRad)
       rotationRad = rotationAbout(xform);
-    settleDimension(pair.value(), *rotationRad);
+    updateDimension(pair.value(), *rotationRad);
   }
 }
 
@@ -145,7 +145,7 @@ bool copyDataToNewBlock(OdDbDatabase* pDb, std::map<OdDbDatabase*, OdArray<OdDbO
     const OdDbIdMappingPtr mapping = made;
     if (cloneGroup(pDb, source, *ids, blockId, *mapping) != eOk)
       return false;
-    settleDimensions(*mapping, xform);
+    updateDimensions(*mapping, xform);
   }
   return true;
 }

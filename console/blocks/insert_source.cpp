@@ -131,7 +131,7 @@ void refuseUnfit(OdDbObjectId there) {
 }
 
 // Which definition the file will be, and whether the one that is there is it.
-void settleClash(const BlockSource& source, OdDbObjectId there, OnClash onClash, ImportedBlock& result) {
+void resolveConflict(const BlockSource& source, OdDbObjectId there, OnClash onClash, ImportedBlock& result) {
   using Resolution = ImportedBlock::Resolution;
   const OdDbDatabase& target = *there.database();
   if (onClash == OnClash::Refuse)
@@ -193,7 +193,7 @@ ImportedBlock importBlock(Session& session, const BlockSource& source, OnClash o
     refuseUnfit(there);
     if (onClash == OnClash::Ask)
       onClash = askClash(session, source, there);
-    settleClash(source, there, onClash, result);
+    resolveConflict(source, there, onClash, result);
   }
   if (result.resolution != Resolution::Kept && result.resolution != Resolution::Shared) {
     if (onClash == OnClash::Rename)

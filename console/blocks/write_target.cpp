@@ -65,7 +65,7 @@ void refuseOpenDrawing(Session& session, const std::string& path) {
     refuse(Text::kTargetIsOpen, {OdString::fromUtf8(path)});
 }
 
-OdString settledName(Session& session, const OdString& typed) {
+OdString completeName(Session& session, const OdString& typed) {
   OdString name = typed;
   name.trimLeft().trimRight();
   if (name.isEmpty() || name == L"~")
@@ -77,7 +77,7 @@ OdString settledName(Session& session, const OdString& typed) {
   if (extension.iCompare(kDxf) == 0)
     name = name.left(name.getLength() - extension.getLength());
   name += kDxf;
-  session.print(Text::kTargetSettled, {name});
+  session.print(Text::kTargetCompleted, {name});
   return name;
 }
 
@@ -88,7 +88,7 @@ OdDb::DwgVersion rememberedVersion(Session& session) {
   const bool isKnown = drawing::versionSignature(version)[0] != '\0'; // a file that somebody wrote may hold anything
   version = isKnown ? drawing::writtenVersion(version) : OdDb::kNewestVersion;
   if (type == OdDb::kSaveDwg)
-    session.print(Text::kDwgSettled, {OdString::fromUtf8(drawing::versionYear(version))});
+    session.print(Text::kTargetMadeDxf, {OdString::fromUtf8(drawing::versionYear(version))});
   return version;
 }
 

@@ -10,7 +10,7 @@ namespace console {
 
 // Settles the ending of what was typed: none, or another, gets .dxf behind it, .DXF becomes .dxf; a name that changed
 // is told. Throws for no name and for the name of a DWG file, which cannot be written yet.
-OdString settledName(Session& session, const OdString& typed);
+OdString completeName(Session& session, const OdString& typed);
 
 // The version that was used last, as it can be written; the newest where none that is known is remembered. A remembered
 // DWG becomes DXF of the same version, which is told.
@@ -19,7 +19,7 @@ OdDb::DwgVersion rememberedVersion(Session& session);
 // The file in full, as this system spells it, once it may be written. A name alone is below the folder of the file that
 // was written last, if that is still there, a relative path below that of the drawing. Throws when it cannot be a
 // target or the user does not want it replaced. `askedTarget` asks that, and refuses open drawings; `givenTarget`,
-// which needs no drawing yet, goes by `mayReplace` and starts at the working folder. Both take what settledName
+// which needs no drawing yet, goes by `mayReplace` and starts at the working folder. Both take what completeName
 // answers.
 std::string askedTarget(Session& session, const OdString& name);
 std::string givenTarget(Session& session, const OdString& name, bool mayReplace);

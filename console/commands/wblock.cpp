@@ -80,7 +80,7 @@ std::optional<OdDb::UnitsValue> askUnits(Session& session, const Plan& plan) {
   return units;
 }
 
-void settleObjects(Session& session, Plan& plan, const OdDbObjectIdArray& written) {
+void handleSourceObjects(Session& session, Plan& plan, const OdDbObjectIdArray& written) {
   if (plan.afterwards == Afterwards::Convert) {
     plan.block.units = plan.file.units;
     makeBlock(session, plan.block);
@@ -96,7 +96,7 @@ void settleObjects(Session& session, Plan& plan, const OdDbObjectIdArray& writte
 void wblock(CommandContext& context) {
   Session& session = context.session;
   Plan plan;
-  const OdString name = settledName(session, askText(session, Text::kPromptWblockFile).value_or(OdString()));
+  const OdString name = completeName(session, askText(session, Text::kPromptWblockFile).value_or(OdString()));
   plan.file.path = askedTarget(session, name);
   plan.file.mayReplace = true; // it is not there, or the user said yes
   plan.file.version = askVersion(session);
@@ -111,7 +111,7 @@ void wblock(CommandContext& context) {
   rememberTarget(session, written.path, written.version);
   reportBlockFile(session, written);
   if (std::holds_alternative<OdDbObjectIdArray>(plan.file.source))
-    settleObjects(session, plan, written.written);
+    handleSourceObjects(session, plan, written.written);
 }
 
 } // namespace console::commands

@@ -83,7 +83,7 @@ void Wblock::check() {
 void Wblock::checkTarget(Session& session) {
   if (isLibrary())
     return;
-  request_.path = givenTarget(session, settledName(session, OdString::fromUtf8(out_)), force_);
+  request_.path = givenTarget(session, completeName(session, OdString::fromUtf8(out_)), force_);
 }
 
 BlockFileSource Wblock::source(Session& session) const {

@@ -54,8 +54,8 @@ bool DrawingBuilder::start(const Record& record) {
 OdResult DrawingBuilder::finish() {
   reportWithoutHandle();
   reportBlocksWithoutRecord();
-  SettleFacts facts{database_, context_, budget_};
-  settleDrawing(facts);
+  FixUpContext fixUp{database_, context_, budget_};
+  fixUpAfterLoad(fixUp);
   if (nestingDepth(database_) > budget_.depth)
     exceeds("definitions nest deeper than the " + std::to_string(budget_.depth) + " levels that are allowed");
   return limit_.empty() ? eOk : eBudgetExceeded;

@@ -23,11 +23,11 @@ namespace drawing {
 
 namespace {
 
-void addIssue(SettleFacts& facts, const char* code, Severity severity, const OdDbObject& object, std::string found,
+void addIssue(FixUpContext& fixUp, const char* code, Severity severity, const OdDbObject& object, std::string found,
               std::string done) {
-  facts.context.begin(object.dxfName(), facts.context.lineOf(object.objectId()));
-  facts.context.setHandle(object.getDbHandle());
-  facts.context.addIssue({code, severity, 0, -1, 0, "", "", std::move(found), std::move(done)});
+  fixUp.context.begin(object.dxfName(), fixUp.context.lineOf(object.objectId()));
+  fixUp.context.setHandle(object.getDbHandle());
+  fixUp.context.addIssue({code, severity, 0, -1, 0, "", "", std::move(found), std::move(done)});
 }
 
 class Redirect final : public ReferenceVisitor {
@@ -43,19 +43,19 @@ private:
   std::unordered_map<OdDbObjectId, OdDbObjectId> map_;
 };
 
-void redirect(SettleFacts& facts) {
-  if (facts.context.redirects().empty())
+void redirect(FixUpContext& fixUp) {
+  if (fixUp.context.redirects().empty())
     return;
-  Redirect visitor(facts.context.redirects());
-  for (OdDbObjectId id : facts.database.allIds()) {
+  Redirect visitor(fixUp.context.redirects());
+  for (OdDbObjectId id : fixUp.database.allIds()) {
     if (OdDbObject* object = peek(id))
       object->visitReferences(visitor);
   }
 }
 
-void reportUndefinedNames(SettleFacts& facts) {
+void reportUndefinedNames(FixUpContext& fixUp) {
   std::vector<OdDbObjectId> ids;
-  for (const auto& [id, line] : facts.context.missing())
+  for (const auto& [id, line] : fixUp.context.missing())
     ids.push_back(id);
   std::sort(ids.begin(), ids.end());
   for (OdDbObjectId id : ids) {
@@ -63,14 +63,14 @@ void reportUndefinedNames(SettleFacts& facts) {
     const bool standard = record.getName().iCompare(L"0") == 0 || record.getName().iCompare(L"ByLayer") == 0 ||
                           record.getName().iCompare(L"ByBlock") == 0 || record.getName().iCompare(L"Continuous") == 0 ||
                           record.getName().iCompare(L"Standard") == 0;
-    addIssue(facts, "dxf.name-undefined", standard ? Severity::Note : Severity::Repaired, record,
+    addIssue(fixUp, "dxf.name-undefined", standard ? Severity::Note : Severity::Repaired, record,
              "\"" + record.getName().toUtf8Lossless() + "\" is used (line " +
-                 std::to_string(facts.context.missing()[id]) + ") and nowhere defined",
+                 std::to_string(fixUp.context.missing()[id]) + ") and nowhere defined",
              "it is defined with default properties");
   }
 }
 
-void reportLayoutFault(SettleFacts& facts, const LayoutFault& fault) {
+void reportLayoutFault(FixUpContext& fixUp, const LayoutFault& fault) {
   struct Words {
     const char* code;
     const char* found;
@@ -80,33 +80,33 @@ void reportLayoutFault(SettleFacts& facts, const LayoutFault& fault) {
                               {"dxf.space-without-layout", "the block of a sheet names no layout that names it"},
                               {"dxf.block-of-no-layout", "the block names a layout that is not its own"}};
   const Words& words = kWords[fault.kind];
-  addIssue(facts, words.code, Severity::Repaired, fault.object, words.found, fault.done);
+  addIssue(fixUp, words.code, Severity::Repaired, fault.object, words.found, fault.done);
 }
 
-void ensureEnds(SettleFacts& facts) {
-  auto* table = peekAs<OdDbBlockTable>(facts.database.getBlockTableId());
+void ensureEnds(FixUpContext& fixUp) {
+  auto* table = peekAs<OdDbBlockTable>(fixUp.database.getBlockTableId());
   for (OdDbObjectId id : table->members().ids()) {
     auto* block = peekAs<OdDbBlockTableRecord>(id);
     if (!lives(block))
       continue;
-    const bool wasNamedOnly = facts.context.missing().count(id) != 0;
+    const bool wasNamedOnly = fixUp.context.missing().count(id) != 0;
     // Spaces that no file named are made without a word; they have no handle yet.
     const bool isMade = isSpaceName(block->getName()) && block->getDbHandle().isNull();
     if (block->blockBeginId().isNull() && !wasNamedOnly && !isMade)
-      addIssue(facts, "dxf.record-without-block", Severity::Repaired, *block, "no block belongs to the record",
+      addIssue(fixUp, "dxf.record-without-block", Severity::Repaired, *block, "no block belongs to the record",
                "an empty one is made");
     block->ensureEnds();
   }
 }
 
 // A file that was cut, or a careless program: the members are there and their end is not.
-void ensureSequenceEnds(SettleFacts& facts) {
-  for (OdDbObjectId id : facts.database.allIds()) {
+void ensureSequenceEnds(FixUpContext& fixUp) {
+  for (OdDbObjectId id : fixUp.database.allIds()) {
     auto* entity = peekAs<OdDbEntity>(id);
     auto* sequence = dynamic_cast<OdDbSequenceOwner*>(entity);
     if (sequence == nullptr || sequence->subEntities().empty() || peek(sequence->sequenceEndId()) != nullptr)
       continue;
-    addIssue(facts, "dxf.sequence-without-end", Severity::Repaired, *entity, "its sequence has no end",
+    addIssue(fixUp, "dxf.sequence-without-end", Severity::Repaired, *entity, "its sequence has no end",
              "the end is made");
     const WriteScope scope(*entity);
     sequence->ensureEnd(*entity);
@@ -116,28 +116,28 @@ void ensureSequenceEnds(SettleFacts& facts) {
 // What the file mentions and never brings. Each is told once, with whoever mentioned it first.
 class BrokenLinks final : public ReferenceVisitor {
 public:
-  explicit BrokenLinks(SettleFacts& facts) : facts_(facts) {}
+  explicit BrokenLinks(FixUpContext& fixUp) : fixUp_(fixUp) {}
   void check(OdDbObject& object) {
     at_ = &object;
     object.visitReferences(*this); // only reads
   }
   void visit(OdDbObjectId& id, OdDb::ReferenceType) override {
     if (!id.isNull() && peek(id) == nullptr && reported_.insert(id).second)
-      addIssue(facts_, "dxf.broken-link", Severity::Note, *at_,
+      addIssue(fixUp_, "dxf.broken-link", Severity::Note, *at_,
                "it refers to " + id.getHandle().ascii() + ", which does not exist", "the reference is kept");
   }
 
 private:
-  SettleFacts& facts_;
+  FixUpContext& fixUp_;
   OdDbObject* at_ = nullptr;
   std::unordered_set<OdDbObjectId> reported_;
 };
 
-void reportBrokenLinks(SettleFacts& facts) {
-  BrokenLinks links(facts);
-  for (OdDbObjectId id : facts.database.allIds()) {
+void reportBrokenLinks(FixUpContext& fixUp) {
+  BrokenLinks links(fixUp);
+  for (OdDbObjectId id : fixUp.database.allIds()) {
     OdDbObject* object = peek(id);
-    if (lives(object) && object != &facts.database.header())
+    if (lives(object) && object != &fixUp.database.header())
       links.check(*object);
   }
 }
@@ -181,9 +181,9 @@ void ensureLayers(OdDbDatabase& database) {
 }
 
 // The reference stays in the drawing as the record it was, and leads nowhere.
-void cutReference(SettleFacts& facts, OdDbObjectId id) {
+void cutReference(FixUpContext& fixUp, OdDbObjectId id) {
   const auto& reference = *peekAs<OdDbBlockReference>(id);
-  addIssue(facts, "dxf.block-cycle", Severity::Repaired, reference,
+  addIssue(fixUp, "dxf.block-cycle", Severity::Repaired, reference,
            "a block contains itself through this reference to \"" +
                symbolName(reference.blockTableRecord()).toUtf8Lossless() + "\"",
            "the reference is kept as data and is no reference any more");
@@ -193,7 +193,7 @@ void cutReference(SettleFacts& facts, OdDbObjectId id) {
   opaque->setUnparsed(true);
   opaque->setOwnerId(reference.ownerId());
   writeSubclasses(reference, opaque->extrasForLoad().unmodelledGroups);
-  facts.database.store().replace(id, opaque);
+  fixUp.database.store().replace(id, opaque);
 }
 
 void raiseHandseed(OdDbDatabase& database) {
@@ -204,27 +204,27 @@ void raiseHandseed(OdDbDatabase& database) {
 
 } // namespace
 
-void settleDrawing(SettleFacts& facts) {
-  OdDbDatabase& database = facts.database;
-  redirect(facts);
-  const auto reportLayout = [&facts](const LayoutFault& fault) { reportLayoutFault(facts, fault); };
+void fixUpAfterLoad(FixUpContext& fixUp) {
+  OdDbDatabase& database = fixUp.database;
+  redirect(fixUp);
+  const auto reportLayout = [&fixUp](const LayoutFault& fault) { reportLayoutFault(fixUp, fault); };
   for (const std::string& made : ensureBasics(database, reportLayout)) {
-    facts.context.begin("", 0);
-    facts.context.setHandle(0);
-    facts.context.addIssue(
+    fixUp.context.begin("", 0);
+    fixUp.context.setHandle(0);
+    fixUp.context.addIssue(
         {"dxf.standard-part-missing", Severity::Note, 0, -1, 0, "", "", "the drawing has no " + made, "it is made"});
   }
-  reportUndefinedNames(facts);
+  reportUndefinedNames(fixUp);
   ownOrphans(database);
   ensureLayers(database);
-  ensureEnds(facts);
-  ensureSequenceEnds(facts);
+  ensureEnds(fixUp);
+  ensureSequenceEnds(fixUp);
   std::vector<OdDbObjectId> cut;
   bottomUp(database, cut);
   for (OdDbObjectId id : cut)
-    cutReference(facts, id);
+    cutReference(fixUp, id);
   raiseHandseed(database);
-  reportBrokenLinks(facts);
+  reportBrokenLinks(fixUp);
   database.store().assignDeferredHandles();
   for (OdDbObjectId id : database.allIds()) {
     if (OdDbObject* object = peek(id))

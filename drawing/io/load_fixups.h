@@ -5,7 +5,7 @@
 
 namespace drawing {
 
-struct SettleFacts {
+struct FixUpContext {
   OdDbDatabase& database;
   LoadContext& context;
   const Budget& budget;
@@ -13,6 +13,6 @@ struct SettleFacts {
 
 // Ends a reading: references to stand-ins go to the records that came, what was named and never came is told, blocks
 // get their ends, cycles of definitions are cut, objects without handle get one.
-void settleDrawing(SettleFacts& facts);
+void fixUpAfterLoad(FixUpContext& fixUp);
 
 } // namespace drawing

@@ -121,7 +121,7 @@ std::uint32_t Store::newNumber() {
   return count_++;
 }
 
-void Store::settle(OdDbObject* object, std::uint32_t number) {
+void Store::attachObject(OdDbObject* object, std::uint32_t number) {
   stub(number).object = object;
   object->id_ = OdDbObjectId(serial_, number);
 }
@@ -140,12 +140,12 @@ OdDbObjectId Store::add(OdDbObject* object, OdDbHandle handle) {
     handles_.put(handle, number);
   }
   raiseNextHandle(handle);
-  settle(object, number);
+  attachObject(object, number);
   return object->id_;
 }
 
 OdDbObjectId Store::addNameless(OdDbObject* object) {
-  settle(object, newNumber());
+  attachObject(object, newNumber());
   return object->id_;
 }
 
@@ -191,7 +191,7 @@ OdDbObjectId Store::giveHandle(OdDbObjectId id, OdDbHandle handle) {
 
 void Store::replace(OdDbObjectId id, OdDbObject* object) {
   OdDbObject* old = stub(id.number()).object;
-  settle(object, id.number());
+  attachObject(object, id.number());
   if (old == nullptr)
     return;
   old->id_.setNull();
@@ -206,7 +206,7 @@ void Store::supersede(OdDbObjectId id, OdDbObject* object) {
   const auto* entity = dynamic_cast<const OdDbEntity*>(object);
   if (shown != nullptr && entity != nullptr)
     entity->highlight(shown->isHighlighted());
-  settle(object, id.number());
+  attachObject(object, id.number());
   old->id_.setNull();
   if (old->numRefs() == 0)
     superseded_.emplace_back(old);

@@ -80,7 +80,7 @@ private:
 
   Stub& stub(std::uint32_t number) const { return pages_[number >> kPageBits][number & (kPageSize - 1)]; }
   std::uint32_t newNumber();
-  void settle(OdDbObject* object, std::uint32_t number);
+  void attachObject(OdDbObject* object, std::uint32_t number);
 
   OdDbDatabase* database_;
   std::uint32_t serial_;

@@ -237,7 +237,7 @@ namespace drawing {
 
 ObjectIterator::ObjectIterator(OdDbObjectId container, bool skipErased)
     : container_(container), skipErased_(skipErased) {
-  settle();
+  skipErasedMembers();
 }
 
 const IdList* ObjectIterator::list() const {
@@ -245,7 +245,7 @@ const IdList* ObjectIterator::list() const {
   return container == nullptr ? nullptr : container->memberList();
 }
 
-void ObjectIterator::settle() {
+void ObjectIterator::skipErasedMembers() {
   const IdList* members = list();
   while (members != nullptr && at_ < members->size() && skipErased_ && (*members)[at_].isErased())
     ++at_;
@@ -258,12 +258,12 @@ bool ObjectIterator::done() const {
 
 void ObjectIterator::start() {
   at_ = 0;
-  settle();
+  skipErasedMembers();
 }
 
 void ObjectIterator::step() {
   ++at_;
-  settle();
+  skipErasedMembers();
 }
 
 OdDbObjectId ObjectIterator::objectId() const {

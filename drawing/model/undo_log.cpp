@@ -79,7 +79,7 @@ void Undo::swapState(Entry& entry) {
 }
 
 // Containers rebuild what they derive from their members.
-void Undo::settle(OdDbObjectId id) {
+void Undo::rebuildCaches(OdDbObjectId id) {
   OdDbObject* object = peek(id);
   object->membersChanged();
   if (OdDbObject* owner = peek(object->ownerId()))
@@ -96,7 +96,7 @@ void Undo::revert(Entry& entry) {
   } else {
     entry.tail = object->memberList()->cut(entry.length);
   }
-  settle(entry.id);
+  rebuildCaches(entry.id);
 }
 
 void Undo::reapply(Entry& entry) {
@@ -110,7 +110,7 @@ void Undo::reapply(Entry& entry) {
       object->memberList()->push(id);
     entry.tail.clear();
   }
-  settle(entry.id);
+  rebuildCaches(entry.id);
 }
 
 bool Undo::undo() {

@@ -52,7 +52,7 @@ private:
   void revert(Entry& entry);
   void reapply(Entry& entry);
   static void swapState(Entry& entry);
-  void settle(OdDbObjectId id);
+  void rebuildCaches(OdDbObjectId id);
 
   std::vector<Group> groups_;
   std::size_t position_ = 0; // groups before it are done, the others were taken back

@@ -120,7 +120,7 @@ private:
         erase(*peek(id));
     }
     replaceDefinitions(block.getName(), external, mapping);
-    settle(block, external);
+    makeOrdinary(block, external);
     for (const OdDbBlockTableRecord* nested : xrefsIn(external))
       follow(*nested, mapping.valueOf(nested->objectId()));
     return eOk;
@@ -161,7 +161,7 @@ private:
     }
   }
 
-  static void settle(OdDbBlockTableRecord& block, const OdDbDatabase& external) {
+  static void makeOrdinary(OdDbBlockTableRecord& block, const OdDbDatabase& external) {
     const WriteScope scope(block);
     block.setXref({});
     block.setIsUnloaded(false);

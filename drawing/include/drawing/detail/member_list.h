@@ -56,7 +56,7 @@ public:
   OdDbObjectPtr object(OdDb::OpenMode mode = OdDb::kForRead, bool openErased = false) const;
 
 private:
-  void settle();
+  void skipErasedMembers();
   const IdList* list() const;
 
   OdDbObjectId container_;
