@@ -5,7 +5,7 @@ namespace console::commands {
 
 void newDrawing(CommandContext& context) {
   askToDiscardChanges(context.session);
-  context.session.adopt(OdDbDatabase::create(), {}, false);
+  context.session.replaceDrawing(OdDbDatabase::create(), {}, false);
   context.session.print(Text::kNewDrawing);
 }
 

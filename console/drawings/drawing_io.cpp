@@ -91,7 +91,7 @@ void reportXrefs(Session& session) {
 drawing::Report openDrawing(Session& session, const std::string& path, bool listsIssues) {
   const drawing::ReadResult read = readOrThrow(session, path);
   const bool repaired = read.report.outcome() != drawing::Outcome::Whole;
-  session.adopt(read.database, path, repaired);
+  session.replaceDrawing(read.database, path, repaired);
   session.print(Text::kOpened, {asText(path), count(objectsInModelSpace(*read.database)),
                                 asText(drawing::versionYear(read.database->facts().version))});
   reportXrefs(session);

@@ -65,7 +65,7 @@ Session::Session(SessionOptions options)
   host_.install();
   host_.output().setSink(line_);
   watchBoxes();
-  adopt(OdDbDatabase::create(), {}, false);
+  replaceDrawing(OdDbDatabase::create(), {}, false);
 }
 
 Session::~Session() {
@@ -133,7 +133,7 @@ void Session::addIssues(const drawing::Report& report) {
   issues_.insert(issues_.end(), report.issues().begin(), report.issues().end());
 }
 
-void Session::adopt(const OdDbDatabasePtr& database, const std::string& path, bool repaired) {
+void Session::replaceDrawing(const OdDbDatabasePtr& database, const std::string& path, bool repaired) {
   const mvsi::MvsiApDocumentPtr before = drawing_.document;
   const OdString name = path.empty() ? OdString() : host_.paths().toDrawing(path);
   drawing_ = {};
@@ -153,7 +153,7 @@ bool Session::isAnyModified() const {
 void Session::setAside() {
   others_.push_back(std::move(drawing_));
   drawing_ = {};
-  adopt(OdDbDatabase::create(), {}, false);
+  replaceDrawing(OdDbDatabase::create(), {}, false);
 }
 
 void Session::switchTo(const mvsi::MvsiApDocument& document) {

@@ -88,7 +88,7 @@ public:
   OpenDrawing& drawing() { return drawing_; }
   OdDbDatabase& database() { return *drawing_.document->database(); }
   // In place of the drawing that was open.
-  void adopt(const OdDbDatabasePtr& database, const std::string& path, bool repaired);
+  void replaceDrawing(const OdDbDatabasePtr& database, const std::string& path, bool repaired);
   // Drawings that are open beside the current one, the one that was current last at the end.
   const std::vector<OpenDrawing>& others() const { return others_; }
   bool isAnyModified() const;

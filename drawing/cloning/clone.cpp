@@ -23,7 +23,7 @@ void Cloner::make(const Item& item) {
   if (auto* record = dynamic_cast<OdDbSymbolTableRecord*>(copy.get()); record != nullptr && !item.container.isNull())
     record->setName(item.name);
   if (auto* block = dynamic_cast<OdDbBlockTableRecord*>(copy.get()))
-    block->adoptCopy();
+    block->clearCopiedLinks();
   OdDbObject& made = *copy.release();
   const OdDbObjectId id = target_.addOdDbObject(&made, owner);
   mapping_.assign(OdDbIdPair(item.source, id, true, item.primary));
@@ -55,11 +55,11 @@ void Cloner::join(const Item& item, OdDbObject& copy) {
   if (block == nullptr || !copy.isKindOf(OdDbEntity::desc()))
     return;
   if (copy.isKindOf(OdDbBlockBegin::desc()))
-    return block->adoptEnds(copy.objectId(), {});
+    return block->setEnds(copy.objectId(), {});
   if (copy.isKindOf(OdDbBlockEnd::desc()))
-    return block->adoptEnds({}, copy.objectId());
+    return block->setEnds({}, copy.objectId());
   target_.undoLog().listGrows(*block, block->members().size());
-  block->adoptEntity(copy.objectId());
+  block->attachEntity(copy.objectId());
 }
 
 // The target's object keeps its id and its place; what it held makes room for what the source holds.
@@ -85,7 +85,7 @@ void Cloner::replace(const Item& item) {
   present.assignState(source);
   present.setOwnerId(owner);
   if (block != nullptr) {
-    block->adoptCopy();
+    block->clearCopiedLinks();
     block->setLayoutId(layout);
   }
   mapping_.assign(OdDbIdPair(item.source, item.target, false, false));

@@ -30,7 +30,7 @@ bool isErasedObject(OdDbObjectId id) {
 }
 
 // The drawing's list of fields is what it is searched for fields by.
-void enrol(OdDbDatabase& database, OdDbObjectId field) {
+void registerField(OdDbDatabase& database, OdDbObjectId field) {
   auto* list = peekAs<OdDbFieldList>(OdDbFieldList::listOf(database));
   if (list == nullptr) {
     auto* root = peekAs<OdDbDictionary>(database.getNamedObjectsDictionaryId());
@@ -128,7 +128,7 @@ OdDbObjectId OdDbField::appendChild(OdDbField* child) {
     throw OdError(eNotInDatabase);
   const OdDbObjectId id = child->isDBRO() ? child->objectId() : database()->addOdDbObject(child, objectId());
   children_.push_back(id);
-  enrol(*database(), id);
+  registerField(*database(), id);
   return id;
 }
 
@@ -168,7 +168,7 @@ OdDbObjectId OdDbField::setField(OdDbObject& object, OdDbField* field, const OdS
   }
   const WriteScope scope(*fields);
   const OdDbObjectId id = fields->setAt(property, field);
-  enrol(*object.database(), id);
+  registerField(*object.database(), id);
   return id;
 }
 
@@ -207,7 +207,7 @@ void OdDbField::ownedObjects(std::vector<OdDbObjectId>& ids) const {
 void OdDbField::afterClone(const OdDbObject&, OdDbIdMapping&) {
   dropNulls(children_);
   if (isDBRO())
-    enrol(*database(), objectId());
+    registerField(*database(), objectId());
 }
 
 const drawing::Description& OdDbFieldList::ownDescription() {

@@ -129,16 +129,16 @@ public:
 
   // -- SDK internals. --
 
-  // List of the entities, erased ones included; adoptEntity appends a resident entity without further effects.
+  // List of the entities, erased ones included; attachEntity appends a resident entity without further effects.
   drawing::IdList* memberList() override { return &members_; }
   const drawing::IdList& members() const { return members_; }
   void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
-  void adoptEntity(OdDbObjectId id) { members_.push(id); }
+  void attachEntity(OdDbObjectId id) { members_.push(id); }
   void afterLoad() override;
   // The BLOCK and ENDBLK entities and the layout of a copy: removed, set (null: unchanged), created if missing.
-  void adoptCopy();
-  void adoptEnds(OdDbObjectId begin, OdDbObjectId end);
+  void clearCopiedLinks();
+  void setEnds(OdDbObjectId begin, OdDbObjectId end);
   void joinedTable() override { ensureEnds(); }
   void ensureEnds();
   // Properties that files store in the BLOCK entity instead of the table record: a second name if it differs, and the

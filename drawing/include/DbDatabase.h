@@ -196,8 +196,8 @@ public:
   drawing::Undo& undoLog() { return *undo_; }
   drawing::XrefTable& xrefs() { return *xrefs_; }
   const drawing::XrefTable& xrefs() const { return *xrefs_; }
-  void adoptTable(OdDb::SymbolTableKind kind, OdDbObjectId id) { tables_[kind] = id; }
-  void adoptNamedObjects(OdDbObjectId id) { namedObjects_ = id; }
+  void setSymbolTable(OdDb::SymbolTableKind kind, OdDbObjectId id) { tables_[kind] = id; }
+  void setNamedObjectsDictionary(OdDbObjectId id) { namedObjects_ = id; }
   OdDbHeader& header() const;
 
 protected:

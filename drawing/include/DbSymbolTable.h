@@ -62,7 +62,7 @@ public:
   drawing::IdList* memberList() override { return &members_; }
   const drawing::IdList& members() const { return members_; }
   void membersChanged() override { indexed_ = false; }
-  bool adopt(OdDbSymbolTableRecord* record);
+  bool registerRecord(OdDbSymbolTableRecord* record);
   void replaceMember(OdDbObjectId old, const OdDbSymbolTableRecord& fresh);
   void nameChanges(const OdDbSymbolTableRecord& record, const OdString& from, const OdString& to);
   void memberErased(const OdDbSymbolTableRecord& record, bool erased);

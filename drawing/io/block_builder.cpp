@@ -14,7 +14,7 @@ OdDbBlockTableRecord& DrawingBuilder::ensureBlock(const OdString& name) {
   made->setName(name);
   made->setOwnerId(table.objectId());
   database_.store().add(made.get(), 0);
-  table.adopt(made.get());
+  table.registerRecord(made.get());
   placeholders_.insert(made->objectId());
   return *made;
 }
@@ -133,7 +133,7 @@ OdDbBlockTableRecord& DrawingBuilder::beginBlock() {
   }
   ++report_.counts.read;
   blocks_.push_back(block.objectId());
-  block.adoptEnds(add(begin, block.objectId()), OdDbObjectId());
+  block.setEnds(add(begin, block.objectId()), OdDbObjectId());
   endSequence();
   return block;
 }
@@ -143,7 +143,7 @@ void DrawingBuilder::endBlock(OdDbBlockTableRecord& block) {
   end.object = OdDbObjectPtr(new OdDbBlockEnd);
   objects_.fill(*record_, *end.object, end);
   ++report_.counts.read;
-  block.adoptEnds(OdDbObjectId(), add(end, block.objectId()));
+  block.setEnds(OdDbObjectId(), add(end, block.objectId()));
 }
 
 // The block of an entity that is not read in one: the entity names or implies it.
@@ -181,7 +181,7 @@ void DrawingBuilder::addEntity(OdDbBlockTableRecord* block) {
     report("dxf.stray-vertex", Severity::Note, "a vertex without a polyline", "it is kept as an object of its own");
   OdDbBlockTableRecord& owner = block == nullptr ? ownerOf(read) : *block;
   const OdDbObjectId id = add(read, owner.objectId());
-  owner.adoptEntity(id);
+  owner.attachEntity(id);
   sequence_ = dynamic_cast<OdDbSequenceOwner*>(read.object.get()) != nullptr ? id : OdDbObjectId();
 }
 

@@ -108,7 +108,7 @@ bool DrawingBuilder::fillPlaceholder(OdDbSymbolTable& table) {
   const WriteScope scope(record);
   objects_.fill(*record_, record, read);
   ++report_.counts.read;
-  const OdDbObjectId expected = database_.store().giveHandle(id, read.handle);
+  const OdDbObjectId expected = database_.store().assignHandle(id, read.handle);
   if (!expected.isNull())
     context_.redirects().emplace_back(expected, id);
   return true;
@@ -116,7 +116,7 @@ bool DrawingBuilder::fillPlaceholder(OdDbSymbolTable& table) {
 
 // Puts the record into its table. A record that was referred to by name before it was read has a placeholder there.
 void DrawingBuilder::registerRecord(OdDbSymbolTable& table, OdDbSymbolTableRecord& record) {
-  if (table.adopt(&record))
+  if (table.registerRecord(&record))
     return;
   const OdDbObjectId holder = table.getAt(record.getName());
   if (auto missing = context_.missing().find(holder); missing != context_.missing().end()) {
@@ -132,7 +132,7 @@ void DrawingBuilder::registerRecord(OdDbSymbolTable& table, OdDbSymbolTableRecor
   const OdString name = table.freeName(wanted);
   const WriteScope scope(record);
   record.setName(name);
-  table.adopt(&record);
+  table.registerRecord(&record);
   renamed_[wanted].push_back(record.objectId());
   report("dxf.duplicate-name", Severity::Repaired,
          "the name \"" + wanted.toUtf8Lossless() + "\" stands twice in the table",
@@ -156,7 +156,7 @@ void DrawingBuilder::addObject() {
   ReadObject read = objects_.read(*record_, false);
   const OdDbObjectId id = add(read, read.owner);
   if (database_.getNamedObjectsDictionaryId().isNull() && read.object->isKindOf(OdDbDictionary::desc()))
-    database_.adoptNamedObjects(id);
+    database_.setNamedObjectsDictionary(id);
 }
 
 } // namespace drawing

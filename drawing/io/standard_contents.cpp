@@ -49,7 +49,7 @@ private:
     if (peek(database_.getSymbolTableId(kind)) != nullptr)
       return;
     OdDbSymbolTable* made = newTable(kind);
-    database_.adoptTable(kind, database_.addOdDbObject(made));
+    database_.setSymbolTable(kind, database_.addOdDbObject(made));
     made_.push_back(std::string("table ") + tableDxfName(kind));
   }
 
@@ -59,7 +59,7 @@ private:
     OdSmartPtr<OdDbSymbolTableRecord> made = recordClass(kind)->create();
     made->setName(name);
     database_.addOdDbObject(made.get(), table(kind).objectId());
-    table(kind).adopt(made.get());
+    table(kind).registerRecord(made.get());
     fresh_.push_back(made->objectId());
     made_.push_back(std::string(tableDxfName(kind)) + " \"" + name.toUtf8() + "\"");
   }
@@ -99,7 +99,7 @@ private:
 
   void ensureDictionaries() {
     if (peekAs<OdDbDictionary>(database_.getNamedObjectsDictionaryId()) == nullptr) {
-      database_.adoptNamedObjects(database_.addOdDbObject(new OdDbDictionary));
+      database_.setNamedObjectsDictionary(database_.addOdDbObject(new OdDbDictionary));
       made_.push_back("named-objects dictionary");
     }
     auto& root = *peekAs<OdDbDictionary>(database_.getNamedObjectsDictionaryId());

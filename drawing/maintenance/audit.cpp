@@ -169,7 +169,7 @@ private:
       block = peekAs<OdDbBlockTableRecord>(database_.getModelSpaceId());
     database_.undoLog().listGrows(*block, block->members().size());
     object.setOwnerId(block->objectId());
-    block->adoptEntity(object.objectId());
+    block->attachEntity(object.objectId());
     return "it is put into its block, or into model space";
   }
 

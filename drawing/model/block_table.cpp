@@ -133,14 +133,14 @@ void OdDbBlockTableRecord::applyBlockHeader() {
     blockHeaderName_.empty();
 }
 
-void OdDbBlockTableRecord::adoptEnds(OdDbObjectId begin, OdDbObjectId end) {
+void OdDbBlockTableRecord::setEnds(OdDbObjectId begin, OdDbObjectId end) {
   if (!begin.isNull())
     begin_ = begin;
   if (!end.isNull())
     end_ = end;
 }
 
-void OdDbBlockTableRecord::adoptCopy() {
+void OdDbBlockTableRecord::clearCopiedLinks() {
   begin_ = OdDbObjectId();
   end_ = OdDbObjectId();
   layout_ = OdDbObjectId();

@@ -204,7 +204,7 @@ OdDbSymbolTable& LoadContext::table(OdDb::SymbolTableKind kind, OdDbHandle handl
   if (auto* present = peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind)))
     return *present;
   OdDbSymbolTable* made = newTable(kind);
-  database_.adoptTable(kind, database_.store().add(made, handle));
+  database_.setSymbolTable(kind, database_.store().add(made, handle));
   return *made;
 }
 
@@ -216,7 +216,7 @@ OdDbObjectId LoadContext::makeMissing(OdDb::SymbolTableKind kind, const OdString
   OdSmartPtr<OdDbSymbolTableRecord> record = made;
   record->setName(name);
   OdDbObjectId id = database_.addOdDbObject(record.get(), ownerTable.objectId());
-  ownerTable.adopt(record.get());
+  ownerTable.registerRecord(record.get());
   missing_.emplace(id, group.line);
   return id;
 }

@@ -27,7 +27,7 @@ Registry& registry() {
   return *instance;
 }
 
-std::uint32_t enrol(Store* store) {
+std::uint32_t registerStore(Store* store) {
   Registry& all = registry();
   const std::lock_guard guard(all.lock);
   const std::uint32_t serial = all.next++;
@@ -38,7 +38,7 @@ std::uint32_t enrol(Store* store) {
   return serial;
 }
 
-void strikeOut(std::uint32_t serial) {
+void unregisterStore(std::uint32_t serial) {
   (*registry().pages[serial / kRegistryPage].load())[serial % kRegistryPage].store(nullptr);
 }
 
@@ -92,11 +92,11 @@ void HandleMap::grow(std::size_t slots) {
 
 Store::Store(OdDbDatabase* database) : database_(database) {
   pages_.push_back(std::make_unique<Stub[]>(kPageSize));
-  serial_ = enrol(this);
+  serial_ = registerStore(this);
 }
 
 Store::~Store() {
-  strikeOut(serial_);
+  unregisterStore(serial_);
   for (std::uint32_t number = 1; number < count_; ++number) {
     OdDbObject* object = stub(number).object;
     if (object == nullptr)
@@ -177,7 +177,7 @@ OdDbObjectId Store::expect(OdDbHandle handle) {
   return {serial_, number};
 }
 
-OdDbObjectId Store::giveHandle(OdDbObjectId id, OdDbHandle handle) {
+OdDbObjectId Store::assignHandle(OdDbObjectId id, OdDbHandle handle) {
   const std::uint32_t expected = handle.isNull() ? 0 : handles_.find(handle);
   if (handle.isNull() || stub(id.number()).handle != 0 || (expected != 0 && stub(expected).object != nullptr))
     return {};

@@ -55,7 +55,7 @@ public:
   OdDbObjectId expect(OdDbHandle handle);
   // Gives an object that waits for a handle this one, when it is free. Answers the id that was expected to have it,
   // which nothing stands behind any more; null when there is none.
-  OdDbObjectId giveHandle(OdDbObjectId id, OdDbHandle handle);
+  OdDbObjectId assignHandle(OdDbObjectId id, OdDbHandle handle);
   // Puts another object behind an id (an object that is read late, or cannot stand as it was).
   void replace(OdDbObjectId id, OdDbObject* object);
   // The same while somebody may still be at work on the present object: that one becomes free, and lives as long as

@@ -90,10 +90,10 @@ OdDbObjectId OdDbSymbolTable::addClone(OdDbSymbolTableRecord* record) {
     return {};
   if (!record->isDBRO())
     database()->addOdDbObject(record, objectId());
-  return adopt(record) ? record->objectId() : OdDbObjectId();
+  return registerRecord(record) ? record->objectId() : OdDbObjectId();
 }
 
-bool OdDbSymbolTable::adopt(OdDbSymbolTableRecord* record) {
+bool OdDbSymbolTable::registerRecord(OdDbSymbolTableRecord* record) {
   ensureIndex();
   // The tiles of a viewport configuration share its name, and files of shapes have none.
   const bool mayRepeat = kind() == OdDb::kViewportTable || record->getName().isEmpty();

@@ -123,7 +123,7 @@ TEST(Audit, FindsAndMendsEveryFault) {
 
 TEST(Audit, TellsWhatItLeavesAlone) {
   House house;
-  forWrite<OdDbBlockTableRecord>(house.door)->adoptEntity(house.text);
+  forWrite<OdDbBlockTableRecord>(house.door)->attachEntity(house.text);
   EXPECT_TRUE(drawing::auditDrawing(*house.database).has("audit.listed-twice"));
   EXPECT_EQ(drawing::auditDrawing(*house.database).outcome(), drawing::Outcome::Repaired);
 }
