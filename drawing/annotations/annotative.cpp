@@ -16,7 +16,7 @@
 ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbAnnotativeObjectPE, OdRxObject);
 ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbPaperOrientationPE, OdRxObject);
 
-using drawing::peekAs;
+using drawing::getIf;
 using drawing::WriteScope;
 
 namespace {
@@ -50,13 +50,13 @@ void removeData(OdDbObject& object, const OdString& application) {
 }
 
 const OdDbDictionary* contextData(const OdDbObject& object) {
-  const auto* extension = peekAs<OdDbDictionary>(object.extensionDictionary());
-  return extension == nullptr ? nullptr : peekAs<OdDbDictionary>(extension->getAt(kContextData));
+  const auto* extension = getIf<OdDbDictionary>(object.extensionDictionary());
+  return extension == nullptr ? nullptr : getIf<OdDbDictionary>(extension->getAt(kContextData));
 }
 
 bool hasScales(const OdDbObject& object) {
   const OdDbDictionary* data = contextData(object);
-  const auto* scales = data == nullptr ? nullptr : peekAs<OdDbDictionary>(data->getAt(kScales));
+  const auto* scales = data == nullptr ? nullptr : getIf<OdDbDictionary>(data->getAt(kScales));
   return scales != nullptr && scales->numEntries() != 0;
 }
 
@@ -64,7 +64,7 @@ void removeContextData(OdDbObject& object) {
   const OdDbDictionary* data = contextData(object);
   if (data == nullptr)
     return;
-  auto& extension = *peekAs<OdDbDictionary>(object.extensionDictionary());
+  auto& extension = *getIf<OdDbDictionary>(object.extensionDictionary());
   const WriteScope scope(extension);
   extension.remove(kContextData);
   const OdDbObjectPtr gone = data->objectId().safeOpenObject(OdDb::kForWrite);
@@ -116,7 +116,7 @@ public:
 
 private:
   bool byDefinition(const OdDbObject& object) const {
-    return Annotative::annotative(drawing::peek(static_cast<const OdDbBlockReference&>(object).blockTableRecord()));
+    return Annotative::annotative(drawing::lookup(static_cast<const OdDbBlockReference&>(object).blockTableRecord()));
   }
 };
 

@@ -68,7 +68,7 @@ OdResult OdDbDimension::subTransformBy(const OdGeMatrix3d& matrix) {
 // The picture is a block of its own, drawn in the world: it moves with the dimension that it shows.
 void OdDbDimension::movedAlong(std::vector<OdDbObjectId>& ids) const {
   OdDbEntity::movedAlong(ids);
-  const auto* block = drawing::peekAs<OdDbBlockTableRecord>(block_);
+  const auto* block = drawing::getIf<OdDbBlockTableRecord>(block_);
   if (isDBRO() && block != nullptr && block->isAnonymous())
     ids.insert(ids.end(), block->members().ids().begin(), block->members().ids().end());
 }
@@ -77,7 +77,7 @@ void OdDbDimension::moveDimensionBlock(const OdGeMatrix3d& matrix) {
   std::vector<OdDbObjectId> parts;
   movedAlong(parts);
   for (OdDbObjectId id : parts) {
-    auto* part = drawing::peekAs<OdDbEntity>(id);
+    auto* part = drawing::getIf<OdDbEntity>(id);
     if (part == nullptr || part->isErased())
       continue;
     const drawing::WriteScope scope(*part);

@@ -276,7 +276,7 @@ OdResult OdDbMLeader::getGeomExtents(OdGeExtents3d& extents) const {
     for (const OdGeVector3d& to : {OdGeVector3d(), along, down, along + down})
       all.addPoint(corner + to);
   }
-  const auto* block = drawing::peekAs<OdDbBlockTableRecord>(blockContentId());
+  const auto* block = drawing::getIf<OdDbBlockTableRecord>(blockContentId());
   const auto matrix = findMatrix(groups_);
   OdGeExtents3d contents;
   if (block != nullptr && matrix && block->getGeomExtents(contents) == eOk) {

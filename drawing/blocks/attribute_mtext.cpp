@@ -12,8 +12,8 @@
 #include <algorithm>
 #include <string_view>
 
+using drawing::getIf;
 using drawing::GroupList;
-using drawing::peekAs;
 
 namespace {
 
@@ -146,8 +146,8 @@ void OdDbAttributeBase::visitReferences(drawing::ReferenceVisitor& visitor) {
 }
 
 OdDbXrecord* OdDbAttributeBase::mtextRecord() const {
-  const auto* dictionary = peekAs<OdDbDictionary>(extensionDictionary());
-  auto* record = dictionary == nullptr ? nullptr : peekAs<OdDbXrecord>(dictionary->getAt(kRecordName));
+  const auto* dictionary = getIf<OdDbDictionary>(extensionDictionary());
+  auto* record = dictionary == nullptr ? nullptr : getIf<OdDbXrecord>(dictionary->getAt(kRecordName));
   return record == nullptr || record->isErased() ? nullptr : record;
 }
 
@@ -197,7 +197,7 @@ void OdDbAttributeBase::setTextString(const OdString& text) {
 void OdDbAttributeBase::setMTextAttribute(const OdDbMText* text) {
   assertWriteEnabled();
   if (OdDbXrecord* record = mtextRecord()) { // the text has one place only
-    auto* dictionary = peekAs<OdDbDictionary>(extensionDictionary());
+    auto* dictionary = getIf<OdDbDictionary>(extensionDictionary());
     const drawing::WriteScope dictionaryScope(*dictionary), recordScope(*record);
     dictionary->remove(kRecordName);
     record->erase();

@@ -12,14 +12,14 @@
 
 #include <algorithm>
 
-using drawing::peekAs;
+using drawing::getIf;
 
 namespace {
 
 template <class Accept>
 bool anyDefinition(const std::vector<OdDbObjectId>& members, Accept accept) {
   return std::any_of(members.begin(), members.end(), [&](OdDbObjectId id) {
-    const auto* definition = peekAs<OdDbAttributeDefinition>(id);
+    const auto* definition = getIf<OdDbAttributeDefinition>(id);
     return definition != nullptr && !definition->isErased() && accept(*definition);
   });
 }
@@ -58,7 +58,7 @@ OdDbObjectId OdDbBlockTableRecord::appendOdDbEntity(OdDbEntity* entity) {
 }
 
 OdDbObjectId OdDbBlockTableRecord::getSortentsTableId() const {
-  const auto* dictionary = peekAs<OdDbDictionary>(extensionDictionary());
+  const auto* dictionary = getIf<OdDbDictionary>(extensionDictionary());
   return dictionary == nullptr ? OdDbObjectId() : dictionary->getAt(L"ACAD_SORTENTS");
 }
 
@@ -68,7 +68,7 @@ std::vector<OdDbObjectId> OdDbBlockTableRecord::drawOrder() const {
     if (!id.isErased())
       ids.push_back(id);
   }
-  if (const auto* table = peekAs<OdDbSortentsTable>(getSortentsTableId()); table != nullptr && !table->isErased())
+  if (const auto* table = getIf<OdDbSortentsTable>(getSortentsTableId()); table != nullptr && !table->isErased())
     table->sort(ids);
   return ids;
 }

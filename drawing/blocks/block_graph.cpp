@@ -12,8 +12,8 @@ namespace drawing {
 
 namespace {
 
-const OdDbBlockReference* livingReference(OdDbObjectId id) {
-  const auto* reference = peekAs<OdDbBlockReference>(id);
+const OdDbBlockReference* aliveReference(OdDbObjectId id) {
+  const auto* reference = getIf<OdDbBlockReference>(id);
   return reference == nullptr || reference->isErased() ? nullptr : reference;
 }
 
@@ -30,11 +30,11 @@ bool reaches(std::vector<OdDbObjectId> open, OdDbObjectId target) {
     open.pop_back();
     if (at == target)
       return true;
-    const auto* block = peekAs<OdDbBlockTableRecord>(at);
+    const auto* block = getIf<OdDbBlockTableRecord>(at);
     if (block == nullptr)
       continue;
     for (OdDbObjectId id : block->members().ids()) {
-      const auto* reference = livingReference(id);
+      const auto* reference = aliveReference(id);
       if (reference != nullptr && seen.insert(reference->blockTableRecord()).second)
         open.push_back(reference->blockTableRecord());
     }
@@ -48,11 +48,11 @@ namespace {
 void addReferencesTo(const OdDbBlockTableRecord& block, std::vector<OdDbObjectId>& found,
                      std::vector<OdDbObjectId>& open) {
   for (OdDbObjectId id : block.referenceHistory()) {
-    const auto* reference = livingReference(id);
+    const auto* reference = aliveReference(id);
     if (reference == nullptr || reference->blockTableRecord() != block.objectId())
       continue;
-    const auto* owner = peekAs<OdDbBlockTableRecord>(reference->ownerId());
-    if (!lives(owner))
+    const auto* owner = getIf<OdDbBlockTableRecord>(reference->ownerId());
+    if (!isAlive(owner))
       continue;
     found.push_back(id);
     open.push_back(owner->objectId());
@@ -69,7 +69,7 @@ OdDbObjectIdArray referencesTo(const OdDbBlockTableRecord& block, bool directOnl
     const OdDbObjectId at = open.back();
     open.pop_back();
     if (seen.insert(at).second)
-      addReferencesTo(*peekAs<OdDbBlockTableRecord>(at), found, open);
+      addReferencesTo(*getIf<OdDbBlockTableRecord>(at), found, open);
   }
   std::sort(found.begin(), found.end()); // ids compare by the order of coming
   OdDbObjectIdArray ids;
@@ -99,7 +99,7 @@ private:
   };
 
   bool enter(OdDbObjectId block) {
-    if (peekAs<OdDbBlockTableRecord>(block) == nullptr || !states_.emplace(block, Open).second)
+    if (getIf<OdDbBlockTableRecord>(block) == nullptr || !states_.emplace(block, Open).second)
       return false;
     stack_.push_back({block, 0});
     return true;
@@ -108,7 +108,7 @@ private:
   void run() {
     while (!stack_.empty()) {
       Frame& frame = stack_.back();
-      const auto& members = peekAs<OdDbBlockTableRecord>(frame.block)->members().ids();
+      const auto& members = getIf<OdDbBlockTableRecord>(frame.block)->members().ids();
       if (frame.next == members.size()) {
         states_[frame.block] = Done;
         order.push_back(frame.block);
@@ -120,7 +120,7 @@ private:
   }
 
   void follow(OdDbObjectId member) {
-    const auto* reference = livingReference(member);
+    const auto* reference = aliveReference(member);
     if (reference == nullptr)
       return;
     auto known = states_.find(reference->blockTableRecord());
@@ -139,7 +139,7 @@ private:
 
 std::vector<OdDbObjectId> bottomUp(OdDbDatabase& database, std::vector<OdDbObjectId>& cut) {
   BottomUp walk(cut);
-  if (const auto* table = peekAs<OdDbBlockTable>(database.getBlockTableId())) {
+  if (const auto* table = getIf<OdDbBlockTable>(database.getBlockTableId())) {
     for (OdDbObjectId id : table->members().ids()) {
       if (!id.isErased())
         walk.start(id);
@@ -169,7 +169,7 @@ OdGeExtents3d extentsOfMembers(const OdDbBlockTableRecord& block,
                                const std::unordered_map<OdDbObjectId, OdGeExtents3d>& known) {
   OdGeExtents3d extents;
   for (OdDbObjectId id : block.members().ids()) {
-    const auto* entity = peekAs<OdDbEntity>(id);
+    const auto* entity = getIf<OdDbEntity>(id);
     if (entity != nullptr && !entity->isErased())
       addEntity(*entity, known, extents);
   }
@@ -189,7 +189,7 @@ std::vector<OdDbObjectId> definitionsBelow(OdDbObjectId block) {
 OdResult extentsOf(const OdDbBlockTableRecord& block, OdGeExtents3d& extents) {
   std::unordered_map<OdDbObjectId, OdGeExtents3d> known;
   for (OdDbObjectId id : definitionsBelow(block.objectId()))
-    known[id] = extentsOfMembers(*peekAs<OdDbBlockTableRecord>(id), known);
+    known[id] = extentsOfMembers(*getIf<OdDbBlockTableRecord>(id), known);
   extents = known[block.objectId()];
   return extents.isValidExtents() ? eOk : eDegenerateGeometry;
 }
@@ -199,10 +199,10 @@ std::uint32_t nestingDepth(OdDbDatabase& database) {
   std::unordered_map<OdDbObjectId, std::uint32_t> depths;
   std::uint32_t deepest = 0;
   for (OdDbObjectId id : bottomUp(database, cut)) {
-    const auto& block = *peekAs<OdDbBlockTableRecord>(id);
+    const auto& block = *getIf<OdDbBlockTableRecord>(id);
     std::uint32_t below = 0;
     for (OdDbObjectId member : block.members().ids()) {
-      const auto* reference = livingReference(member);
+      const auto* reference = aliveReference(member);
       const auto inner = reference == nullptr ? depths.end() : depths.find(reference->blockTableRecord());
       below = inner == depths.end() ? below : std::max(below, inner->second);
     }

@@ -10,10 +10,10 @@ namespace drawing {
 const OdString kDynamicBlockKey = L"ACAD_ENHANCEDBLOCK";
 
 OdDbObjectId dynamicBlockDataOf(OdDbObjectId block) {
-  const auto* record = peekAs<OdDbBlockTableRecord>(block);
-  const auto* held = record == nullptr ? nullptr : peekAs<OdDbDictionary>(record->extensionDictionary());
-  const OdDbObjectId entry = lives(held) ? held->getAt(kDynamicBlockKey) : OdDbObjectId();
-  return lives(entry) ? entry : OdDbObjectId();
+  const auto* record = getIf<OdDbBlockTableRecord>(block);
+  const auto* held = record == nullptr ? nullptr : getIf<OdDbDictionary>(record->extensionDictionary());
+  const OdDbObjectId entry = isAlive(held) ? held->getAt(kDynamicBlockKey) : OdDbObjectId();
+  return isAlive(entry) ? entry : OdDbObjectId();
 }
 
 void copyBlockProperties(const OdDbBlockTableRecord& from, OdDbBlockTableRecord& to) {

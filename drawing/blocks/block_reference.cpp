@@ -13,7 +13,7 @@
 #include <cmath>
 
 using drawing::field;
-using drawing::peekAs;
+using drawing::getIf;
 
 ODDB_DEFINE_MEMBERS(OdDbBlockReference, OdDbEntity, "INSERT");
 ODDB_DEFINE_MEMBERS(OdDbMInsertBlock, OdDbBlockReference, "INSERT");
@@ -73,7 +73,7 @@ OdDbAttributePtr OdDbAttributeIterator::entity(OdDb::OpenMode mode) const {
 
 void OdDbBlockReference::setBlockTableRecord(OdDbObjectId block) {
   assertWriteEnabled();
-  const auto* owner = peekAs<OdDbBlockTableRecord>(ownerId());
+  const auto* owner = getIf<OdDbBlockTableRecord>(ownerId());
   const bool mayCycle = owner != nullptr && (owner->wasReferenced() || block == owner->objectId());
   if (mayCycle && drawing::reaches(block, owner->objectId()))
     throw OdError(eSelfReference);
@@ -83,7 +83,7 @@ void OdDbBlockReference::setBlockTableRecord(OdDbObjectId block) {
 }
 
 void OdDbBlockReference::recordInDefinition() const {
-  if (auto* block = peekAs<OdDbBlockTableRecord>(block_))
+  if (auto* block = getIf<OdDbBlockTableRecord>(block_))
     block->recordReference(objectId());
 }
 
@@ -201,7 +201,7 @@ bool OdDbBlockReference::hasAttributes() const {
 
 OdGeExtents3d OdDbBlockReference::extentsOfContents(const OdGeExtents3d& contents) const {
   OdGeExtents3d moved = contents;
-  if (const auto* block = peekAs<OdDbBlockTableRecord>(block_))
+  if (const auto* block = getIf<OdDbBlockTableRecord>(block_))
     moved.transformBy(OdGeMatrix3d::translation(OdGePoint3d() - block->origin()));
   OdGeExtents3d all;
   addInstances(moved, all);
@@ -215,7 +215,7 @@ void OdDbBlockReference::addInstances(const OdGeExtents3d& contents, OdGeExtents
 }
 
 OdResult OdDbBlockReference::getGeomExtents(OdGeExtents3d& extents) const {
-  const auto* block = peekAs<OdDbBlockTableRecord>(block_);
+  const auto* block = getIf<OdDbBlockTableRecord>(block_);
   OdGeExtents3d contents;
   if (block == nullptr)
     return eNullObjectId;

@@ -8,7 +8,7 @@
 #include <algorithm>
 
 using drawing::field;
-using drawing::peekAs;
+using drawing::getIf;
 
 ODDB_DEFINE_MEMBERS(OdDbSpatialFilter, OdDbObject, "SPATIAL_FILTER");
 
@@ -156,11 +156,11 @@ bool areSame(const std::vector<OdGePoint2d>& a, const std::vector<OdGePoint2d>& 
 
 // The record of the hole holds as long as the boundary that it was written with is the filter's.
 std::vector<OdGePoint3d> OdDbSpatialFilter::holeInBlock() const {
-  const auto* extension = peekAs<OdDbDictionary>(extensionDictionary());
+  const auto* extension = getIf<OdDbDictionary>(extensionDictionary());
   if (extension == nullptr)
     return {};
   for (const OdDbDictionary::Entry& entry : extension->entries()) {
-    const auto* record = peekAs<OdDbXrecord>(entry.id);
+    const auto* record = getIf<OdDbXrecord>(entry.id);
     if (record == nullptr || !areSame(cornersAfter(record->groups(), kBoundary), boundary_))
       continue;
     if (std::vector<OdGePoint3d> hole = inBlock(cornersAfter(record->groups(), kHole)); !hole.empty())
@@ -170,8 +170,8 @@ std::vector<OdGePoint3d> OdDbSpatialFilter::holeInBlock() const {
 }
 
 OdDbSpatialFilterPtr OdDbSpatialFilter::of(const OdDbBlockReference& reference) {
-  const auto* extension = peekAs<OdDbDictionary>(reference.extensionDictionary());
-  const auto* filters = extension == nullptr ? nullptr : peekAs<OdDbDictionary>(extension->getAt(L"ACAD_FILTER"));
+  const auto* extension = getIf<OdDbDictionary>(reference.extensionDictionary());
+  const auto* filters = extension == nullptr ? nullptr : getIf<OdDbDictionary>(extension->getAt(L"ACAD_FILTER"));
   return filters == nullptr ? OdDbSpatialFilterPtr()
                             : OdDbSpatialFilter::cast(filters->getAt(L"SPATIAL").safeOpenObject().get());
 }

@@ -97,7 +97,7 @@ void OdDbSortentsTable::setOrder(const std::vector<OdDbObjectId>& ids) {
 namespace {
 
 std::vector<OdDbObjectId> reordered(OdDbObjectId block, const OdDbObjectIdArray& moved, bool toTop) {
-  const auto* record = drawing::peekAs<OdDbBlockTableRecord>(block);
+  const auto* record = drawing::getIf<OdDbBlockTableRecord>(block);
   if (record == nullptr)
     return {};
   const std::unordered_set<OdDbObjectId> chosen(moved.begin(), moved.end());
@@ -127,7 +127,7 @@ void OdDbSortentsTable::visitReferences(drawing::ReferenceVisitor& visitor) {
 void OdDbSortentsTable::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
   const auto& original = static_cast<const OdDbSortentsTable&>(source);
   std::vector<OdDbObjectId> ids;
-  if (const auto* block = drawing::peekAs<OdDbBlockTableRecord>(original.block_)) {
+  if (const auto* block = drawing::getIf<OdDbBlockTableRecord>(original.block_)) {
     for (OdDbObjectId id : block->drawOrder()) {
       if (const OdDbObjectId clone = mapping.valueOf(id); !clone.isNull())
         ids.push_back(clone);

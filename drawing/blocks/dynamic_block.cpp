@@ -5,9 +5,9 @@
 #include "drawing/blocks/block_properties.h"
 #include "drawing/model/object_store.h"
 
-using drawing::lives;
-using drawing::peek;
-using drawing::peekAs;
+using drawing::getIf;
+using drawing::isAlive;
+using drawing::lookup;
 
 namespace {
 
@@ -32,8 +32,8 @@ std::size_t findData(const drawing::GroupList& groups, const OdString& applicati
   return groups.size();
 }
 
-bool isLivingBlock(OdDbObjectId id) {
-  return lives(peekAs<OdDbBlockTableRecord>(id));
+bool isAliveBlock(OdDbObjectId id) {
+  return isAlive(getIf<OdDbBlockTableRecord>(id));
 }
 
 OdDbObjectId definitionRepresented(const OdDbBlockTableRecord& block) {
@@ -44,7 +44,7 @@ OdDbObjectId definitionRepresented(const OdDbBlockTableRecord& block) {
   if (at == groups->size() || (*groups)[at].kind != drawing::GroupKind::Reference)
     return {};
   const OdDbObjectId definition = groups->idOf((*groups)[at]);
-  return isLivingBlock(definition) && definition != block.objectId() ? definition : OdDbObjectId();
+  return isAliveBlock(definition) && definition != block.objectId() ? definition : OdDbObjectId();
 }
 
 OdString storedTrueName(const OdDbBlockTableRecord& block) {
@@ -56,8 +56,8 @@ OdString storedTrueName(const OdDbBlockTableRecord& block) {
 }
 
 OdDbObjectId entryOf(OdDbObjectId dictionary, const OdString& name) {
-  const auto* held = peekAs<OdDbDictionary>(dictionary);
-  return lives(held) ? held->getAt(name) : OdDbObjectId();
+  const auto* held = getIf<OdDbDictionary>(dictionary);
+  return isAlive(held) ? held->getAt(name) : OdDbObjectId();
 }
 
 bool hasDynamicBlockData(const OdDbBlockTableRecord& block) {
@@ -67,19 +67,19 @@ bool hasDynamicBlockData(const OdDbBlockTableRecord& block) {
 // What the reference itself says it represents.
 OdDbObjectId representedBy(const OdDbBlockReference& reference) {
   const OdDbObjectId representation = entryOf(reference.extensionDictionary(), kRepresentation);
-  const OdDbObject* data = peek(entryOf(representation, kRepresentationData));
+  const OdDbObject* data = lookup(entryOf(representation, kRepresentationData));
   const drawing::GroupList* groups = data == nullptr ? nullptr : data->unmodelledGroupsOrNull();
   const std::size_t at = groups == nullptr ? 0 : groups->find(kDefinition);
   if (groups == nullptr || at == groups->size() || (*groups)[at].kind != drawing::GroupKind::Reference)
     return {};
   const OdDbObjectId definition = groups->idOf((*groups)[at]);
-  return isLivingBlock(definition) ? definition : OdDbObjectId();
+  return isAliveBlock(definition) ? definition : OdDbObjectId();
 }
 
 } // namespace
 
 OdDbDynBlockReference::OdDbDynBlockReference(OdDbObjectId reference) : reference_(reference) {
-  if (const auto* found = peekAs<OdDbBlockReference>(reference); lives(found))
+  if (const auto* found = getIf<OdDbBlockReference>(reference); isAlive(found))
     resolve(*found);
 }
 
@@ -92,18 +92,18 @@ OdDbDynBlockReference::OdDbDynBlockReference(const OdDbBlockReference* reference
 
 void OdDbDynBlockReference::resolve(const OdDbBlockReference& reference) {
   const OdDbObjectId referenced = reference.blockTableRecord();
-  const auto* block = peekAs<OdDbBlockTableRecord>(referenced);
+  const auto* block = getIf<OdDbBlockTableRecord>(referenced);
   definition_ = OdDbDynBlockTableRecord(referenced).dynamicBlockTableRecord();
   // Programs that renumber blocks lose the mark of the block before that of the reference.
-  if (definition_.isNull() && lives(block) && block->isAnonymous())
+  if (definition_.isNull() && isAlive(block) && block->isAnonymous())
     definition_ = representedBy(reference);
   if (!definition_.isNull() && definition_ != referenced)
     representation_ = referenced;
 }
 
 OdDbDynBlockTableRecord::OdDbDynBlockTableRecord(OdDbObjectId block) : block_(block) {
-  const auto* record = peekAs<OdDbBlockTableRecord>(block);
-  if (!lives(record))
+  const auto* record = getIf<OdDbBlockTableRecord>(block);
+  if (!isAlive(record))
     return;
   definition_ = definitionRepresented(*record);
   isDynamic_ = definition_.isNull() && hasDynamicBlockData(*record);
@@ -112,7 +112,7 @@ OdDbDynBlockTableRecord::OdDbDynBlockTableRecord(OdDbObjectId block) : block_(bl
 }
 
 OdString OdDbDynBlockTableRecord::trueName() const {
-  const auto* definition = peekAs<OdDbBlockTableRecord>(definition_);
+  const auto* definition = getIf<OdDbBlockTableRecord>(definition_);
   if (definition == nullptr)
     return {};
   // Versions before dynamic blocks know the definition itself under an anonymous name.
@@ -123,12 +123,12 @@ OdString OdDbDynBlockTableRecord::trueName() const {
 OdDbObjectIdArray OdDbDynBlockTableRecord::getAnonymousBlockIds() const {
   OdDbObjectIdArray shapes;
   const OdDbDatabase* database = isDynamic_ ? block_.database() : nullptr;
-  const auto* table = database == nullptr ? nullptr : peekAs<OdDbBlockTable>(database->getBlockTableId());
+  const auto* table = database == nullptr ? nullptr : getIf<OdDbBlockTable>(database->getBlockTableId());
   if (table == nullptr)
     return shapes;
   for (OdDbObjectId id : table->members().ids()) {
-    const auto* record = peekAs<OdDbBlockTableRecord>(id);
-    if (lives(record) && definitionRepresented(*record) == block_)
+    const auto* record = getIf<OdDbBlockTableRecord>(id);
+    if (isAlive(record) && definitionRepresented(*record) == block_)
       shapes.append(id);
   }
   return shapes;

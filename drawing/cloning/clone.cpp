@@ -14,7 +14,7 @@
 namespace drawing {
 
 void Cloner::make(const Item& item) {
-  const OdDbObject& source = *peek(item.source);
+  const OdDbObject& source = *lookup(item.source);
   std::unique_ptr<OdDbObject> copy(source.makeCopy());
   const OdDbObjectId owner = item.primary                ? owner_
                              : !item.container.isNull()  ? item.container
@@ -32,7 +32,7 @@ void Cloner::make(const Item& item) {
 
 // Where the copy is listed: in the block, table or dictionary that holds it.
 void Cloner::join(const Item& item, OdDbObject& copy) {
-  OdDbObject* container = peek(copy.ownerId());
+  OdDbObject* container = lookup(copy.ownerId());
   if (container == nullptr)
     return;
   const WriteScope scope(*container);
@@ -44,7 +44,7 @@ void Cloner::join(const Item& item, OdDbObject& copy) {
   if (auto* dictionary = dynamic_cast<OdDbDictionary*>(container)) {
     OdString name = item.name;
     if (item.primary) {
-      const auto* from = peekAs<OdDbDictionary>(peek(item.source)->ownerId());
+      const auto* from = getIf<OdDbDictionary>(lookup(item.source)->ownerId());
       name = from == nullptr ? OdString(L"*A") : from->nameAt(item.source);
     }
     if (!name.isEmpty() && (item.primary || !item.container.isNull()))
@@ -64,13 +64,13 @@ void Cloner::join(const Item& item, OdDbObject& copy) {
 
 // The target's object keeps its id and its place; what it held makes room for what the source holds.
 void Cloner::replace(const Item& item) {
-  OdDbObject& present = *peek(item.target);
-  const OdDbObject& source = *peek(item.source);
+  OdDbObject& present = *lookup(item.target);
+  const OdDbObject& source = *lookup(item.source);
   const WriteScope scope(present);
   std::vector<OdDbObjectId> owned;
   present.ownedObjects(owned);
   for (OdDbObjectId id : owned) {
-    OdDbObject* part = peek(id);
+    OdDbObject* part = lookup(id);
     if (part == nullptr || part->isErased())
       continue;
     const WriteScope partScope(*part);
@@ -124,7 +124,7 @@ void Cloner::translate() {
   for (const Item& item : items_) {
     if (item.action == Action::Use)
       continue;
-    OdDbObject& copy = *peek(mapping_.valueOf(item.source));
+    OdDbObject& copy = *lookup(mapping_.valueOf(item.source));
     const WriteScope scope(copy);
     copy.visitReferences(copy.isKindOf(OdDbBlockReference::desc()) ? visitorOfReferences : visitor);
     copy.dropLostReactors();
@@ -134,9 +134,9 @@ void Cloner::translate() {
   for (const Item& item : items_) {
     if (item.action == Action::Use)
       continue;
-    OdDbObject& copy = *peek(mapping_.valueOf(item.source));
+    OdDbObject& copy = *lookup(mapping_.valueOf(item.source));
     const WriteScope scope(copy);
-    copy.afterClone(*peek(item.source), mapping_);
+    copy.afterClone(*lookup(item.source), mapping_);
     if (auto* block = dynamic_cast<OdDbBlockTableRecord*>(&copy))
       block->ensureEnds();
   }
@@ -162,7 +162,7 @@ void Cloner::reportRenamed(const OdString& from, const OdString& to) {
 } // namespace drawing
 
 using drawing::Cloner;
-using drawing::peekAs;
+using drawing::getIf;
 
 OdResult OdDbDatabase::deepCloneObjects(const OdDbObjectIdArray& ids, OdDbObjectId owner, OdDbIdMapping& mapping,
                                         bool) {
@@ -196,22 +196,22 @@ struct RecordToFill {
 };
 
 RecordToFill recordToFill(OdDbDatabase& target, const OdString& name) {
-  auto* table = peekAs<OdDbBlockTable>(target.getBlockTableId());
+  auto* table = getIf<OdDbBlockTable>(target.getBlockTableId());
   if (table == nullptr || name.isEmpty() || drawing::isSpaceName(name))
     return {};
-  if (auto* record = peekAs<OdDbBlockTableRecord>(table->getAt(name)); record != nullptr) {
+  if (auto* record = getIf<OdDbBlockTableRecord>(table->getAt(name)); record != nullptr) {
     const bool isOrdinary = !record->isLayout() && !record->isFromExternalReference() && !record->isDependent();
     return {isOrdinary ? record : nullptr, false};
   }
   auto made = OdDbBlockTableRecord::createObject();
   made->setName(name);
   const WriteScope scope(*table);
-  return {peekAs<OdDbBlockTableRecord>(table->add(made.get())), true};
+  return {getIf<OdDbBlockTableRecord>(table->add(made.get())), true};
 }
 
 void eraseIfAlive(OdDbObjectId id) {
-  OdDbObject* object = drawing::peek(id);
-  if (!drawing::lives(object))
+  OdDbObject* object = drawing::lookup(id);
+  if (!drawing::isAlive(object))
     return;
   const WriteScope scope(*object);
   object->erase();
@@ -227,7 +227,7 @@ ContentsData contentsDataOf(const OdDbBlockTableRecord& record) {
 }
 
 void forget(OdDbBlockTableRecord& record, OdDbObjectId entry) {
-  auto* dictionary = peekAs<OdDbDictionary>(record.extensionDictionary());
+  auto* dictionary = getIf<OdDbDictionary>(record.extensionDictionary());
   if (dictionary == nullptr || entry.isNull())
     return;
   if (const OdString name = dictionary->nameAt(entry); !name.isEmpty()) { // else another one has its place
@@ -248,7 +248,7 @@ void dropContentsData(OdDbBlockTableRecord& record, const ContentsData& data) {
 
 OdDbObjectId OdDbDatabase::insert(const OdString& blockName, OdDbDatabase* source, bool) {
   insertReport_ = {};
-  const auto* space = source == nullptr ? nullptr : peekAs<OdDbBlockTableRecord>(source->getModelSpaceId());
+  const auto* space = source == nullptr ? nullptr : getIf<OdDbBlockTableRecord>(source->getModelSpaceId());
   if (space == nullptr || source == this)
     return {};
   const auto [record, isNew] = recordToFill(*this, blockName);

@@ -27,7 +27,7 @@ Cloner::Cloner(OdDbDatabase& source, OdDbDatabase& target, OdDbObjectId owner, O
 bool Cloner::closesCycle(const std::vector<OdDbObjectId>& primaries) const {
   std::unordered_set<OdDbObjectId> blocks;
   for (OdDbObjectId id : primaries) {
-    if (const auto* reference = peekAs<OdDbBlockReference>(id))
+    if (const auto* reference = getIf<OdDbBlockReference>(id))
       blocks.insert(reference->blockTableRecord());
   }
   return reaches({blocks.begin(), blocks.end()}, owner_);
@@ -74,11 +74,11 @@ void Cloner::planTree(std::size_t item) {
   if (items_[item].action == Action::Use)
     return;
   planning_ = items_[item].source;
-  OdDbObject& object = *peek(items_[item].source);
+  OdDbObject& object = *lookup(items_[item].source);
   std::vector<OdDbObjectId> owned;
   object.ownedObjects(owned);
   for (OdDbObjectId id : owned) {
-    const OdDbObject* part = peek(id);
+    const OdDbObject* part = lookup(id);
     if (part != nullptr && !part->isErased())
       plan({id, Action::Make, {}, {}, {}, false});
   }
@@ -91,7 +91,7 @@ void Cloner::planReferences(OdDbObject& object) {
   for (OdDbObjectId id : references.ids) {
     if (isPlanned(id) || id.database() != &source_)
       continue;
-    const OdDbObject* needed = peek(id);
+    const OdDbObject* needed = lookup(id);
     if (needed == nullptr || needed->isErased())
       continue;
     if (isSpace(*needed) && !object.isKindOf(OdDbBlockReference::desc()))
@@ -119,9 +119,9 @@ void Cloner::planDefinitionOfShape(const OdDbObject& object) {
 void Cloner::planShapeFiles(const OdDbObject& object) {
   if (!object.isKindOf(OdDbShape::desc()))
     return;
-  for (const OdDbObjectId id : peekAs<OdDbSymbolTable>(source_.getTextStyleTableId())->members().ids()) {
-    const auto* style = peekAs<OdDbTextStyleTableRecord>(id);
-    if (lives(style) && style->isShapeFile() && !isPlanned(id))
+  for (const OdDbObjectId id : getIf<OdDbSymbolTable>(source_.getTextStyleTableId())->members().ids()) {
+    const auto* style = getIf<OdDbTextStyleTableRecord>(id);
+    if (isAlive(style) && style->isShapeFile() && !isPlanned(id))
       planNeeded(id);
   }
 }
@@ -138,15 +138,15 @@ void Cloner::planOverrides(const OdDbObject& object) {
       isOverride = application.iCompare(L"ACAD") == 0 || application.left(12).iCompare(L"ACAD_DSTYLE_") == 0;
     } else if (isOverride && group.code == 1005) {
       const OdDbObjectId id = groups->idOf(group);
-      const auto* record = peekAs<OdDbSymbolTableRecord>(id);
-      if (lives(record) && id.database() == &source_ && !isPlanned(id) && !isSpace(*record))
+      const auto* record = getIf<OdDbSymbolTableRecord>(id);
+      if (isAlive(record) && id.database() == &source_ && !isPlanned(id) && !isSpace(*record))
         planNeeded(id);
     }
   }
 }
 
 void Cloner::planNeeded(OdDbObjectId id) {
-  OdDbObject& object = *peek(id);
+  OdDbObject& object = *lookup(id);
   if (auto* record = dynamic_cast<OdDbSymbolTableRecord*>(&object))
     planRecord(*record);
   else if (auto* table = dynamic_cast<OdDbSymbolTable*>(&object))
@@ -158,10 +158,10 @@ void Cloner::planNeeded(OdDbObjectId id) {
 // A block of the target may stand for one of the source unless it leads back to the block that is being filled. One
 // that is replaced leads nowhere but where its new contents do.
 bool Cloner::canReplace(OdDbObjectId present) const {
-  const auto* owner = peekAs<OdDbBlockTableRecord>(owner_);
+  const auto* owner = getIf<OdDbBlockTableRecord>(owner_);
   if (owner == nullptr || !owner->wasReferenced()) // no walk through the drawing for every record
     return true;
-  return peekAs<OdDbBlockTableRecord>(present) == nullptr || !reaches(present, owner_);
+  return getIf<OdDbBlockTableRecord>(present) == nullptr || !reaches(present, owner_);
 }
 
 bool Cloner::isNameTaken(const OdDbSymbolTable& table, const OdString& name) const {
@@ -200,8 +200,8 @@ OdDbObjectId recordLike(const OdDbSymbolTable& table, const OdDbSymbolTableRecor
   if (style == nullptr || !style->getName().isEmpty())
     return table.getAt(record.getName());
   for (const OdDbObjectId id : table.members().ids()) {
-    const auto* other = peekAs<OdDbTextStyleTableRecord>(id);
-    if (lives(other) && other->getName().isEmpty() && other->fileName().iCompare(style->fileName()) == 0)
+    const auto* other = getIf<OdDbTextStyleTableRecord>(id);
+    if (isAlive(other) && other->getName().isEmpty() && other->fileName().iCompare(style->fileName()) == 0)
       return id;
   }
   return {};
@@ -211,7 +211,7 @@ OdDbObjectId recordLike(const OdDbSymbolTable& table, const OdDbSymbolTableRecor
 
 void Cloner::planRecord(OdDbSymbolTableRecord& record) {
   const OdDbObjectId tableId = target_.getSymbolTableId(record.tableKind());
-  const auto* table = peekAs<OdDbSymbolTable>(tableId);
+  const auto* table = getIf<OdDbSymbolTable>(tableId);
   if (table == nullptr)
     return;
   Item item{record.objectId(), Action::Make, {}, tableId, record.getName(), false};
@@ -247,8 +247,8 @@ OdDbDictionary* Cloner::counterpart(OdDbObjectId dictionary) {
   std::unordered_set<OdDbObjectId> seen;
   OdDbObjectId at = dictionary;
   while (at != source_.getNamedObjectsDictionaryId()) {
-    const auto* child = peekAs<OdDbDictionary>(at);
-    const auto* parent = child == nullptr ? nullptr : peekAs<OdDbDictionary>(child->ownerId());
+    const auto* child = getIf<OdDbDictionary>(at);
+    const auto* parent = child == nullptr ? nullptr : getIf<OdDbDictionary>(child->ownerId());
     if (parent == nullptr || !seen.insert(at).second)
       return nullptr;
     const OdString name = parent->nameAt(at);
@@ -257,21 +257,21 @@ OdDbDictionary* Cloner::counterpart(OdDbObjectId dictionary) {
     path.push_back(name);
     at = parent->objectId();
   }
-  auto* found = peekAs<OdDbDictionary>(target_.getNamedObjectsDictionaryId());
+  auto* found = getIf<OdDbDictionary>(target_.getNamedObjectsDictionaryId());
   for (auto name = path.rbegin(); name != path.rend() && found != nullptr; ++name) {
     if (!found->has(*name)) {
       const WriteScope scope(*found);
       madeDictionaries_.push_back(found->setAt(*name, new OdDbDictionary));
     }
-    found = peekAs<OdDbDictionary>(found->getAt(*name));
+    found = getIf<OdDbDictionary>(found->getAt(*name));
   }
   return found;
 }
 
 void Cloner::removeMadeDictionaries() {
   for (auto id = madeDictionaries_.rbegin(); id != madeDictionaries_.rend(); ++id) {
-    OdDbObject& made = *peek(*id);
-    auto& parent = *peekAs<OdDbDictionary>(made.ownerId());
+    OdDbObject& made = *lookup(*id);
+    auto& parent = *getIf<OdDbDictionary>(made.ownerId());
     const WriteScope scope(made), parentScope(parent);
     parent.remove(parent.nameAt(*id));
     made.erase();
@@ -284,14 +284,14 @@ void Cloner::planEntry(OdDbObject& object) {
       plan({object.objectId(), Action::Use, there->objectId(), {}, {}, false});
     return;
   }
-  const auto* container = peekAs<OdDbDictionary>(object.ownerId());
+  const auto* container = getIf<OdDbDictionary>(object.ownerId());
   OdDbDictionary* there = container == nullptr ? nullptr : counterpart(container->objectId());
   if (there == nullptr)
     return;
   const OdString name = container->nameAt(object.objectId());
   Item item{object.objectId(), Action::Make, {}, there->objectId(), name, false};
   const OdDbObjectId present = there->getAt(name);
-  if (const OdDbObject* same = peek(present); same != nullptr) {
+  if (const OdDbObject* same = lookup(present); same != nullptr) {
     item.target = present;
     const bool replaces = duplicates_ == OdDb::kDrcReplace && same->isA() == object.isA();
     item.action = replaces ? Action::Replace : Action::Use;
@@ -311,10 +311,10 @@ void Cloner::planDynamicBlockData() {
 }
 
 OdResult Cloner::run(const std::vector<OdDbObjectId>& primaries) {
-  if (peek(owner_) == nullptr || owner_.database() != &target_)
+  if (lookup(owner_) == nullptr || owner_.database() != &target_)
     return eInvalidOwnerObject;
   for (OdDbObjectId id : primaries) {
-    const OdDbObject* object = peek(id);
+    const OdDbObject* object = lookup(id);
     if (object == nullptr || id.database() != &source_)
       return id.isNull() ? eNullObjectId : eWrongDatabase;
     if (object->isErased())
@@ -333,7 +333,7 @@ OdResult Cloner::run(const std::vector<OdDbObjectId>& primaries) {
     planTree(i);
   }
   if (!contentsOf_.isNull())
-    items_[primaries.size()].container = peekAs<OdDbBlockTableRecord>(owner_)->createExtensionDictionary();
+    items_[primaries.size()].container = getIf<OdDbBlockTableRecord>(owner_)->createExtensionDictionary();
   for (const Item& item : items_) {
     if (item.action == Action::Make)
       make(item);

@@ -67,7 +67,7 @@ void rebasePath(OdDbObject& object, const OdDbDatabase& source, const OdDbDataba
 
 void rebasePaths(const OdDbIdMapping& mapping) {
   for (const OdDbIdPair& pair : mapping.pairs()) {
-    OdDbObject* clone = pair.isCloned() ? peek(pair.value()) : nullptr;
+    OdDbObject* clone = pair.isCloned() ? lookup(pair.value()) : nullptr;
     if (clone != nullptr && !clone->isKindOf(OdDbEntity::desc())) // most are, and hold no path
       rebasePath(*clone, *mapping.origDb(), *mapping.destDb());
   }

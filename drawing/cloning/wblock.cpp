@@ -71,12 +71,12 @@ void copyHeader(const OdDbDatabase& source, OdDbDatabase& target) {
 
 // Whether the frames of pictures and wipeouts show is kept in dictionaries; where there are none, nothing comes along.
 void copyFrames(OdDbDatabase& source, OdDbDatabase& target, const OdDbIdMapping& made) {
-  const auto* from = peekAs<OdDbDictionary>(source.getNamedObjectsDictionaryId());
+  const auto* from = getIf<OdDbDictionary>(source.getNamedObjectsDictionaryId());
   for (const auto& [kind, name] :
        {std::pair{OdDbRasterImage::desc(), L"ACAD_IMAGE_VARS"}, std::pair{OdDbWipeout::desc(), L"ACAD_WIPEOUT_VARS"}}) {
     const OdDbObjectId frames = from->getAt(name); // most drawings have none
     const auto shows = [kind = kind](const OdDbIdPair& pair) {
-      return pair.isCloned() && peek(pair.value())->isKindOf(kind);
+      return pair.isCloned() && lookup(pair.value())->isKindOf(kind);
     };
     if (frames.isNull() || std::none_of(made.pairs().begin(), made.pairs().end(), shows))
       continue;
@@ -106,7 +106,7 @@ OdDbDatabasePtr cloned(OdDbDatabase& source, const std::vector<OdDbObjectId>& id
   // Standard records get the properties that they have in the source.
   Cloner cloner(source, *made, made->getModelSpaceId(), mapping, OdDb::kDrcReplace);
   cloner.includeDynamicBlockData(contentsOf);
-  auto* space = peekAs<OdDbBlockTableRecord>(made->getModelSpaceId());
+  auto* space = getIf<OdDbBlockTableRecord>(made->getModelSpaceId());
   const WriteScope scope(*space);
   if (cloner.run(ids) != eOk)
     return {};
@@ -119,13 +119,13 @@ OdDbDatabasePtr cloned(OdDbDatabase& source, const std::vector<OdDbObjectId>& id
 } // namespace
 
 OdDbDatabasePtr wblockBlock(OdDbObjectId block, const std::string& path) {
-  const auto* record = peekAs<OdDbBlockTableRecord>(block);
-  if (!lives(record))
+  const auto* record = getIf<OdDbBlockTableRecord>(block);
+  if (!isAlive(record))
     throw OdError(eInvalidInput);
   OdDbDatabasePtr made = cloned(*block.database(), record->drawOrder(), block, path);
   if (made.isNull())
     return made;
-  auto* space = peekAs<OdDbBlockTableRecord>(made->getModelSpaceId());
+  auto* space = getIf<OdDbBlockTableRecord>(made->getModelSpaceId());
   const WriteScope scope(*space);
   copyBlockProperties(*record, *space);
   space->setExplodable(record->explodable());
@@ -156,13 +156,13 @@ OdDbDatabasePtr wblockDrawing(const OdDbDatabase& database, const std::string& p
     return made;
   const PurgePlan plan(*made);
   for (const OdDbObjectId id : plan.purgeable()) {
-    OdDbObject& object = *peek(id);
+    OdDbObject& object = *lookup(id);
     const WriteScope scope(object);
     object.erase();
   }
   made->facts().path = path;
   for (const OdDbObjectId id : made->allIds()) {
-    if (OdDbObject* object = peek(id); lives(object))
+    if (OdDbObject* object = lookup(id); isAlive(object))
       rebasePath(*object, database, *made);
   }
   return made;

@@ -22,7 +22,7 @@ void RecordWriter::preamble(const OdDbObject& object, bool withHandle) {
     sink_.handle(object.dxfName() == "DIMSTYLE" ? 105 : 5, object.getDbHandle());
   if (const auto* extras = object.extrasOrNull()) {
     extras->applicationGroups.writeTo(sink_);
-    if (lives(extras->extensionDictionary)) {
+    if (isAlive(extras->extensionDictionary)) {
       sink_.utf8(102, "{ACAD_XDICTIONARY");
       sink_.reference(360, extras->extensionDictionary);
       sink_.utf8(102, "}");
@@ -64,7 +64,7 @@ Writer::Writer(const OdDbDatabase& database, GroupSink& sink)
       sink_(sink.version() == database.facts().version ? sink : filter_) {}
 
 bool Writer::isWritten(OdDbObjectId id) const {
-  return lives(id) && !leftOut_.has(id);
+  return isAlive(id) && !leftOut_.has(id);
 }
 
 void Writer::run() {
@@ -127,7 +127,7 @@ void Writer::opaqueSections(bool beforeTables) {
     const bool isForgotten = opaque.name == kThumbnailSection && !database_.isThumbnailWritten();
     if ((opaque.name == "CLASSES") != beforeTables || isBodies || isForgotten)
       continue;
-    const GroupList groups = livingGroups(database_, opaque);
+    const GroupList groups = aliveGroups(database_, opaque);
     if (groups.empty() && opaque.madeForRecords)
       continue;
     sink_.utf8(0, "SECTION");
@@ -143,11 +143,11 @@ void Writer::tables() {
 }
 
 void Writer::table(OdDb::SymbolTableKind kind) {
-  const auto& table = *peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind));
+  const auto& table = *getIf<OdDbSymbolTable>(database_.getSymbolTableId(kind));
   std::vector<const OdDbObject*> records;
   for (OdDbObjectId id : table.members().ids()) {
     if (isWritten(id))
-      records.push_back(peek(id));
+      records.push_back(lookup(id));
   }
   RecordWriter writer(sink_);
   sink_.utf8(0, "TABLE");
@@ -170,10 +170,10 @@ void Writer::table(OdDb::SymbolTableKind kind) {
 }
 
 void Writer::blocks() {
-  const auto& table = *peekAs<OdDbBlockTable>(database_.getBlockTableId());
+  const auto& table = *getIf<OdDbBlockTable>(database_.getBlockTableId());
   for (OdDbObjectId id : table.members().ids()) {
     if (isWritten(id))
-      block(*peekAs<OdDbBlockTableRecord>(id));
+      block(*getIf<OdDbBlockTableRecord>(id));
   }
 }
 
@@ -204,7 +204,7 @@ private:
 } // namespace
 
 void Writer::entity(OdDbObjectId id) {
-  const OdDbObject& object = *peek(id);
+  const OdDbObject& object = *lookup(id);
   FactSink facts(sink_, inPaperSpace_, layoutName_);
   RecordWriter(facts).whole(object);
   const auto* owner = dynamic_cast<const OdDbSequenceOwner*>(&object);
@@ -215,17 +215,17 @@ void Writer::entity(OdDbObjectId id) {
     if (!isWritten(part))
       continue;
     any = true;
-    RecordWriter(facts).whole(*peek(part));
+    RecordWriter(facts).whole(*lookup(part));
   }
   if (any && isWritten(owner->sequenceEndId()))
-    RecordWriter(facts).whole(*peek(owner->sequenceEndId()));
+    RecordWriter(facts).whole(*lookup(owner->sequenceEndId()));
 }
 
 void Writer::block(const OdDbBlockTableRecord& record) {
-  const auto* layout = peekAs<OdDbLayout>(record.getLayoutId());
+  const auto* layout = getIf<OdDbLayout>(record.getLayoutId());
   inPaperSpace_ = isPaperSpace(record);
   layoutName_ = layout == nullptr ? OdString() : layout->getLayoutName();
-  const OdDbObject& begin = *peek(record.blockBeginId());
+  const OdDbObject& begin = *lookup(record.blockBeginId());
   FactSink facts(sink_, inPaperSpace_, OdString());
   RecordWriter writer(facts);
   writer.preamble(begin);
@@ -248,7 +248,7 @@ void Writer::block(const OdDbBlockTableRecord& record) {
         entity(id);
     }
   }
-  writer.whole(*peek(record.blockEndId()));
+  writer.whole(*lookup(record.blockEndId()));
 }
 
 void Writer::blockHeader(const OdDbBlockTableRecord& record) {
@@ -265,10 +265,10 @@ void Writer::blockHeader(const OdDbBlockTableRecord& record) {
 
 void Writer::entities() {
   for (const OdString& space : {modelSpaceStr, paperSpaceStr}) {
-    const auto* block = peekAs<OdDbBlockTableRecord>(database_.symbol(OdDb::kBlockTable, space));
+    const auto* block = getIf<OdDbBlockTableRecord>(database_.symbol(OdDb::kBlockTable, space));
     if (block == nullptr)
       continue;
-    const auto* layout = peekAs<OdDbLayout>(block->getLayoutId());
+    const auto* layout = getIf<OdDbLayout>(block->getLayoutId());
     inPaperSpace_ = isPaperSpace(*block);
     layoutName_ = layout == nullptr ? OdString() : layout->getLayoutName();
     for (OdDbObjectId id : block->members().ids()) {
@@ -281,9 +281,9 @@ void Writer::entities() {
 void Writer::objects() {
   RecordWriter writer(sink_);
   const OdDbObjectId root = database_.getNamedObjectsDictionaryId();
-  writer.whole(*peek(root));
+  writer.whole(*lookup(root));
   for (OdDbObjectId id : database_.allIds()) {
-    const OdDbObject* object = peek(id);
+    const OdDbObject* object = lookup(id);
     if (!isWritten(id) || id == root || object->isKindOf(OdDbEntity::desc()) ||
         object->isKindOf(OdDbSymbolTable::desc()) || object->isKindOf(OdDbSymbolTableRecord::desc()) ||
         object->isKindOf(OdDbHeader::desc()))

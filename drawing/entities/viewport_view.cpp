@@ -41,7 +41,7 @@ void addViewportView(const GroupList& groups, GroupList& xData) {
   for (std::size_t i = 0; i < groups.size(); ++i) {
     const bool isFrozenLayer =
         groups[i].kind == GroupKind::Reference && (groups[i].code == 331 || groups[i].code == 341);
-    if (isFrozenLayer && peekAs<OdDbLayerTableRecord>(groups.idOf(groups[i])) != nullptr)
+    if (isFrozenLayer && getIf<OdDbLayerTableRecord>(groups.idOf(groups[i])) != nullptr)
       xData.text(1003, symbolName(groups.idOf(groups[i])));
   }
   xData.utf8(1002, "}");

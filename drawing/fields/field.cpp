@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-using drawing::peekAs;
+using drawing::getIf;
 using drawing::WriteScope;
 
 ODDB_DEFINE_MEMBERS(OdDbField, OdDbObject, "FIELD");
@@ -25,15 +25,15 @@ void dropNulls(std::vector<OdDbObjectId>& ids) {
 }
 
 bool isErasedObject(OdDbObjectId id) {
-  const OdDbObject* object = drawing::peek(id);
+  const OdDbObject* object = drawing::lookup(id);
   return object != nullptr && object->isErased();
 }
 
 // The drawing's list of fields is what it is searched for fields by.
 void registerField(OdDbDatabase& database, OdDbObjectId field) {
-  auto* list = peekAs<OdDbFieldList>(OdDbFieldList::listOf(database));
+  auto* list = getIf<OdDbFieldList>(OdDbFieldList::listOf(database));
   if (list == nullptr) {
-    auto* root = peekAs<OdDbDictionary>(database.getNamedObjectsDictionaryId());
+    auto* root = getIf<OdDbDictionary>(database.getNamedObjectsDictionaryId());
     if (root == nullptr)
       return;
     list = new OdDbFieldList;
@@ -91,10 +91,10 @@ void OdDbField::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) 
   for (std::size_t i = 0; i + 1 < field.code_.size(); ++i)
     sink.text(3, field.code_[i]);
   sink.text(2, field.code_.empty() ? OdString() : field.code_.back());
-  const auto lives = [](OdDbObjectId id) { return !isErasedObject(id); };
-  sink.integer(90, std::count_if(field.children_.begin(), field.children_.end(), lives));
+  const auto isAlive = [](OdDbObjectId id) { return !isErasedObject(id); };
+  sink.integer(90, std::count_if(field.children_.begin(), field.children_.end(), isAlive));
   for (OdDbObjectId id : field.children_) {
-    if (lives(id))
+    if (isAlive(id))
       sink.reference(360, id);
   }
   sink.integer(97, static_cast<std::int64_t>(field.objects_.size()));
@@ -141,8 +141,8 @@ void OdDbField::addObjectId(OdDbObjectId id) {
 namespace {
 
 const OdDbDictionary* fieldsOf(const OdDbObject& object) {
-  const auto* extension = peekAs<OdDbDictionary>(object.extensionDictionary());
-  return extension == nullptr ? nullptr : peekAs<OdDbDictionary>(extension->getAt(kFields));
+  const auto* extension = getIf<OdDbDictionary>(object.extensionDictionary());
+  return extension == nullptr ? nullptr : getIf<OdDbDictionary>(extension->getAt(kFields));
 }
 
 } // namespace
@@ -160,7 +160,7 @@ OdDbObjectId OdDbField::getField(const OdDbObject& object, const OdString& prope
 OdDbObjectId OdDbField::setField(OdDbObject& object, OdDbField* field, const OdString& property) {
   object.assertWriteEnabled();
   const OdSmartPtr<OdDbDictionary> extension = object.createExtensionDictionary().safeOpenObject(OdDb::kForWrite);
-  auto* fields = peekAs<OdDbDictionary>(extension->getAt(kFields));
+  auto* fields = getIf<OdDbDictionary>(extension->getAt(kFields));
   if (fields == nullptr) {
     fields = new OdDbDictionary;
     fields->setTreatElementsAsHard(true);
@@ -177,8 +177,8 @@ OdResult OdDbField::removeField(OdDbObject& object, const OdString& property) {
   const OdDbObjectId id = getField(object, property);
   if (id.isNull())
     return eKeyNotFound;
-  auto& extension = *peekAs<OdDbDictionary>(object.extensionDictionary());
-  auto& fields = *peekAs<OdDbDictionary>(extension.getAt(kFields));
+  auto& extension = *getIf<OdDbDictionary>(object.extensionDictionary());
+  auto& fields = *getIf<OdDbDictionary>(extension.getAt(kFields));
   const WriteScope fieldsScope(fields), extensionScope(extension);
   fields.remove(property);
   const OdDbObjectPtr field = id.safeOpenObject(OdDb::kForWrite);
@@ -223,13 +223,13 @@ bool OdDbFieldList::readGroup(OdDbObject& object, const drawing::RawGroup& group
 }
 
 void OdDbFieldList::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) {
-  std::vector<OdDbObjectId> living;
+  std::vector<OdDbObjectId> alive;
   for (OdDbObjectId id : static_cast<const OdDbFieldList&>(object).ids_) {
     if (!isErasedObject(id))
-      living.push_back(id);
+      alive.push_back(id);
   }
-  sink.integer(90, static_cast<std::int64_t>(living.size()));
-  for (OdDbObjectId id : living)
+  sink.integer(90, static_cast<std::int64_t>(alive.size()));
+  for (OdDbObjectId id : alive)
     sink.reference(330, id);
 }
 
@@ -242,9 +242,9 @@ void OdDbFieldList::add(OdDbObjectId field) {
 }
 
 OdDbObjectId OdDbFieldList::listOf(const OdDbDatabase& database) {
-  const auto* root = peekAs<OdDbDictionary>(database.getNamedObjectsDictionaryId());
+  const auto* root = getIf<OdDbDictionary>(database.getNamedObjectsDictionaryId());
   const OdDbObjectId id = root == nullptr ? OdDbObjectId() : root->getAt(kFieldList);
-  return peekAs<OdDbFieldList>(id) == nullptr ? OdDbObjectId() : id;
+  return getIf<OdDbFieldList>(id) == nullptr ? OdDbObjectId() : id;
 }
 
 void OdDbFieldList::visitReferences(drawing::ReferenceVisitor& visitor) {

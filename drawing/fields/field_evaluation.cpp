@@ -164,7 +164,7 @@ Computed objectProperty(const OdDbField& field, const FieldCode& code, const OdD
   if (argument.substr(0, kHead.size()) != kHead || tail == argument.npos || tail != kHead.size() + 1)
     return failed(eNotImplementedYet);
   const std::size_t number = static_cast<std::size_t>(argument[kHead.size()] - L'0');
-  const auto* object = number < field.objectIds().size() ? peek(field.objectIds()[number]) : nullptr;
+  const auto* object = number < field.objectIds().size() ? lookup(field.objectIds()[number]) : nullptr;
   if (object == nullptr || object->isErased())
     return failed(eKeyNotFound);
   const OdString name(argument.substr(tail + kTail.size()));
@@ -218,7 +218,7 @@ private:
     fields_.push_back(&field);
     for (std::size_t i = 0; i < fields_.size(); ++i) {
       for (const OdDbObjectId id : fields_[i]->children()) {
-        auto* child = peekAs<OdDbField>(id);
+        auto* child = getIf<OdDbField>(id);
         if (child != nullptr && !child->isErased() && seen.insert(child).second)
           fields_.push_back(child);
       }
@@ -237,7 +237,7 @@ private:
   Computed computeCode(const OdDbField& field) {
     const std::optional<OdString> code = putFields(field.getFieldCode(), [&](int n) -> std::optional<OdString> {
       const auto at = static_cast<std::size_t>(n);
-      const auto* child = at < field.children().size() ? peekAs<OdDbField>(field.children()[at]) : nullptr;
+      const auto* child = at < field.children().size() ? getIf<OdDbField>(field.children()[at]) : nullptr;
       if (child == nullptr || child->isErased())
         return std::nullopt;
       return child->getValue();

@@ -13,7 +13,7 @@ namespace {
 
 bool mustChange(const OdDbObject* object, bool isInside) {
   const auto* attribute = OdDbAttributeBase::cast(object).get();
-  if (!lives(attribute))
+  if (!isAlive(attribute))
     return false;
   return isInside ? attribute->hasTextInRecord() : attribute->textBefore2018().has_value();
 }
@@ -21,7 +21,7 @@ bool mustChange(const OdDbObject* object, bool isInside) {
 std::vector<OdDbObjectId> attributesToChange(const OdDbDatabase& database, bool isInside) {
   std::vector<OdDbObjectId> ids;
   for (OdDbObjectId id : database.allIds()) {
-    if (mustChange(peek(id), isInside))
+    if (mustChange(lookup(id), isInside))
       ids.push_back(id);
   }
   return ids;
@@ -49,7 +49,7 @@ OdDbDatabasePtr copyForVersion(const OdDbDatabase& database, OdDb::DwgVersion ve
   OdDbDatabasePtr copy = copyOf(database);
   copy->facts() = database.facts();
   for (OdDbObjectId id : ids) {
-    auto& attribute = *static_cast<OdDbAttributeBase*>(peek(copy->getOdDbObjectId(id.getHandle())));
+    auto& attribute = *static_cast<OdDbAttributeBase*>(lookup(copy->getOdDbObjectId(id.getHandle())));
     const WriteScope scope(attribute);
     if (isInside)
       attribute.moveTextIntoAttribute();

@@ -93,8 +93,8 @@ ViewPicker::ViewPicker(OdDbObjectId block, const OdGeMatrix3d& toView) : block_(
 template <class Test>
 OdDbObjectIdArray ViewPicker::pick(const Test& test) const {
   OdDbObjectIdArray picked;
-  const auto* record = peekAs<OdDbBlockTableRecord>(block_);
-  if (!lives(record))
+  const auto* record = getIf<OdDbBlockTableRecord>(block_);
+  if (!isAlive(record))
     return picked;
   gi::TraitResolver resolver(*record->database(), {});
   gi::DrawContext context = gi::drawContextOf(*record, resolver);

@@ -62,7 +62,7 @@ Picture::Picture(OdDbObjectId block, const PictureOptions& options) : content_(s
   checkSize(options);
   Content& content = *content_;
   content.background = options.background;
-  if (const auto* record = peekAs<OdDbBlockTableRecord>(block); lives(record)) {
+  if (const auto* record = getIf<OdDbBlockTableRecord>(block); isAlive(record)) {
     gi::TraitResolver resolver(*record->database(), gi::colorOf(options.background.value_or(kWhite)));
     gi::Walk(content.list, resolver, options, content.report).run(block, gi::drawContextOf(*record, resolver));
   }
@@ -157,12 +157,12 @@ OdDbObjectId currentSpaceOf(const OdDbDatabase& database) {
 }
 
 OdDbObjectId layoutBlock(const OdDbDatabase& database, const OdString& name) {
-  const auto* table = peekAs<OdDbBlockTable>(database.getBlockTableId());
+  const auto* table = getIf<OdDbBlockTable>(database.getBlockTableId());
   if (table == nullptr)
     return {};
   for (const OdDbSymbolTableIteratorPtr at = table->newIterator(); !at->done(); at->step()) {
-    const auto* block = peekAs<OdDbBlockTableRecord>(at->getRecordId());
-    const auto* layout = block == nullptr ? nullptr : peekAs<OdDbLayout>(block->getLayoutId());
+    const auto* block = getIf<OdDbBlockTableRecord>(at->getRecordId());
+    const auto* layout = block == nullptr ? nullptr : getIf<OdDbLayout>(block->getLayoutId());
     if (layout != nullptr && layout->getLayoutName().iCompare(name) == 0)
       return block->objectId();
   }

@@ -99,8 +99,8 @@ void Walk::repeat(Level& level) {
 }
 
 void Walk::draw(OdDbObjectId id, const DrawContext& context) {
-  const auto* entity = peekAs<OdDbEntity>(id);
-  if (!lives(entity) || entity->isInvisible())
+  const auto* entity = getIf<OdDbEntity>(id);
+  if (!isAlive(entity) || entity->isInvisible())
     return;
   const Traits traits = resolver_.of(*entity, context.setting);
   if (traits.layer->frozen)
@@ -142,9 +142,9 @@ Walk::Ids Walk::contentsOf(OdDbObjectId block) {
   Ids& ids = contents_[block];
   if (ids != nullptr)
     return ids;
-  const auto* record = peekAs<OdDbBlockTableRecord>(block);
-  ids = std::make_shared<const std::vector<OdDbObjectId>>(lives(record) ? record->drawOrder()
-                                                                        : std::vector<OdDbObjectId>());
+  const auto* record = getIf<OdDbBlockTableRecord>(block);
+  ids = std::make_shared<const std::vector<OdDbObjectId>>(isAlive(record) ? record->drawOrder()
+                                                                          : std::vector<OdDbObjectId>());
   return ids;
 }
 

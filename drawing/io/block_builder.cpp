@@ -8,7 +8,7 @@ namespace drawing {
 
 OdDbBlockTableRecord& DrawingBuilder::ensureBlock(const OdString& name) {
   OdDbSymbolTable& table = context_.table(OdDb::kBlockTable);
-  if (auto* present = peekAs<OdDbBlockTableRecord>(table.getAt(name)))
+  if (auto* present = getIf<OdDbBlockTableRecord>(table.getAt(name)))
     return *present;
   OdDbBlockTableRecordPtr made(new OdDbBlockTableRecord);
   made->setName(name);
@@ -31,7 +31,7 @@ void DrawingBuilder::reportBlocksWithoutRecord() {
     if (placeholders_.count(id) == 0)
       continue;
     context_.begin("BLOCK", line);
-    const OdString& name = peekAs<OdDbBlockTableRecord>(id)->getName();
+    const OdString& name = getIf<OdDbBlockTableRecord>(id)->getName();
     reportWithoutRecord(name, name);
   }
 }
@@ -61,7 +61,7 @@ const OdString* spaceOfR12(const OdString& name) {
 
 // The record if it is one of a block that was not read yet.
 OdDbBlockTableRecord* waitingBlock(OdDbObjectId id) {
-  auto* record = peekAs<OdDbBlockTableRecord>(id);
+  auto* record = getIf<OdDbBlockTableRecord>(id);
   return record != nullptr && record->blockBeginId().isNull() ? record : nullptr;
 }
 
@@ -148,13 +148,13 @@ void DrawingBuilder::endBlock(OdDbBlockTableRecord& block) {
 
 // The block of an entity that is not read in one: the entity names or implies it.
 OdDbBlockTableRecord& DrawingBuilder::ownerOf(const ReadObject& read) {
-  if (auto* named = peekAs<OdDbBlockTableRecord>(read.owner))
+  if (auto* named = getIf<OdDbBlockTableRecord>(read.owner))
     return *named;
   return ensureBlock(read.inPaperSpace ? paperSpaceStr : modelSpaceStr);
 }
 
 bool DrawingBuilder::addToSequence(ReadObject& read) {
-  auto* owner = dynamic_cast<OdDbSequenceOwner*>(peek(sequence_));
+  auto* owner = dynamic_cast<OdDbSequenceOwner*>(lookup(sequence_));
   const bool isEnd = read.object->isKindOf(OdDbSequenceEnd::desc());
   const std::string name = read.object->dxfName();
   if (owner == nullptr || !(isEnd || name == "ATTRIB" || name == "VERTEX")) {

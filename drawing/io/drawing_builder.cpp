@@ -104,7 +104,7 @@ bool DrawingBuilder::fillPlaceholder(OdDbSymbolTable& table) {
   if (id.isNull() || placeholders_.erase(id) == 0)
     return false;
   ReadObject read;
-  OdDbObject& record = *peek(id);
+  OdDbObject& record = *lookup(id);
   const WriteScope scope(record);
   objects_.fill(*record_, record, read);
   ++report_.counts.read;
@@ -123,7 +123,7 @@ void DrawingBuilder::registerRecord(OdDbSymbolTable& table, OdDbSymbolTableRecor
     table.replaceMember(holder, record);
     context_.missing().erase(missing);
     context_.redirects().emplace_back(holder, record.objectId());
-    OdDbObject& placeholder = *peek(holder);
+    OdDbObject& placeholder = *lookup(holder);
     const WriteScope scope(placeholder);
     placeholder.erase();
     return;

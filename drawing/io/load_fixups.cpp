@@ -48,7 +48,7 @@ void redirect(FixUpContext& fixUp) {
     return;
   Redirect visitor(fixUp.context.redirects());
   for (OdDbObjectId id : fixUp.database.allIds()) {
-    if (OdDbObject* object = peek(id))
+    if (OdDbObject* object = lookup(id))
       object->visitReferences(visitor);
   }
 }
@@ -59,7 +59,7 @@ void reportUndefinedNames(FixUpContext& fixUp) {
     ids.push_back(id);
   std::sort(ids.begin(), ids.end());
   for (OdDbObjectId id : ids) {
-    const auto& record = *peekAs<OdDbSymbolTableRecord>(id);
+    const auto& record = *getIf<OdDbSymbolTableRecord>(id);
     const bool standard = record.getName().iCompare(L"0") == 0 || record.getName().iCompare(L"ByLayer") == 0 ||
                           record.getName().iCompare(L"ByBlock") == 0 || record.getName().iCompare(L"Continuous") == 0 ||
                           record.getName().iCompare(L"Standard") == 0;
@@ -84,10 +84,10 @@ void reportLayoutFault(FixUpContext& fixUp, const LayoutFault& fault) {
 }
 
 void ensureEnds(FixUpContext& fixUp) {
-  auto* table = peekAs<OdDbBlockTable>(fixUp.database.getBlockTableId());
+  auto* table = getIf<OdDbBlockTable>(fixUp.database.getBlockTableId());
   for (OdDbObjectId id : table->members().ids()) {
-    auto* block = peekAs<OdDbBlockTableRecord>(id);
-    if (!lives(block))
+    auto* block = getIf<OdDbBlockTableRecord>(id);
+    if (!isAlive(block))
       continue;
     const bool wasNamedOnly = fixUp.context.missing().count(id) != 0;
     // Spaces that no file named are made without a word; they have no handle yet.
@@ -102,9 +102,9 @@ void ensureEnds(FixUpContext& fixUp) {
 // A file that was cut, or a careless program: the members are there and their end is not.
 void ensureSequenceEnds(FixUpContext& fixUp) {
   for (OdDbObjectId id : fixUp.database.allIds()) {
-    auto* entity = peekAs<OdDbEntity>(id);
+    auto* entity = getIf<OdDbEntity>(id);
     auto* sequence = dynamic_cast<OdDbSequenceOwner*>(entity);
-    if (sequence == nullptr || sequence->subEntities().empty() || peek(sequence->sequenceEndId()) != nullptr)
+    if (sequence == nullptr || sequence->subEntities().empty() || lookup(sequence->sequenceEndId()) != nullptr)
       continue;
     addIssue(fixUp, "dxf.sequence-without-end", Severity::Repaired, *entity, "its sequence has no end",
              "the end is made");
@@ -122,7 +122,7 @@ public:
     object.visitReferences(*this); // only reads
   }
   void visit(OdDbObjectId& id, OdDb::ReferenceType) override {
-    if (!id.isNull() && peek(id) == nullptr && reported_.insert(id).second)
+    if (!id.isNull() && lookup(id) == nullptr && reported_.insert(id).second)
       addIssue(fixUp_, "dxf.broken-link", Severity::Note, *at_,
                "it refers to " + id.getHandle().ascii() + ", which does not exist", "the reference is kept");
   }
@@ -136,15 +136,15 @@ private:
 void reportBrokenLinks(FixUpContext& fixUp) {
   BrokenLinks links(fixUp);
   for (OdDbObjectId id : fixUp.database.allIds()) {
-    OdDbObject* object = peek(id);
-    if (lives(object) && object != &fixUp.database.header())
+    OdDbObject* object = lookup(id);
+    if (isAlive(object) && object != &fixUp.database.header())
       links.check(*object);
   }
 }
 
 void ownIfOrphan(OdDbObjectId id, OdDbObjectId owner) {
-  OdDbObject* object = peek(id);
-  if (object == nullptr || peek(object->ownerId()) != nullptr)
+  OdDbObject* object = lookup(id);
+  if (object == nullptr || lookup(object->ownerId()) != nullptr)
     return;
   const WriteScope scope(*object);
   object->setOwnerId(owner);
@@ -154,7 +154,7 @@ void ownIfOrphan(OdDbObjectId id, OdDbObjectId owner) {
 void ownOrphans(OdDbDatabase& database) {
   const OdDbObjectId root = database.getNamedObjectsDictionaryId();
   for (OdDbObjectId id : database.allIds()) {
-    const OdDbObject* object = peek(id);
+    const OdDbObject* object = lookup(id);
     if (object == nullptr)
       continue;
     if (const OdDbObjectId extension = object->extensionDictionary(); !extension.isNull())
@@ -169,7 +169,7 @@ void ownOrphans(OdDbDatabase& database) {
 
 void ensureLayers(OdDbDatabase& database) {
   for (OdDbObjectId id : database.allIds()) {
-    auto* entity = peekAs<OdDbEntity>(id);
+    auto* entity = getIf<OdDbEntity>(id);
     if (entity == nullptr || !entity->layerId().isNull())
       continue;
     const auto* opaque = dynamic_cast<const OdDbOpaqueEntity*>(entity);
@@ -182,7 +182,7 @@ void ensureLayers(OdDbDatabase& database) {
 
 // The reference stays in the drawing as the record it was, and leads nowhere.
 void cutReference(FixUpContext& fixUp, OdDbObjectId id) {
-  const auto& reference = *peekAs<OdDbBlockReference>(id);
+  const auto& reference = *getIf<OdDbBlockReference>(id);
   addIssue(fixUp, "dxf.block-cycle", Severity::Repaired, reference,
            "a block contains itself through this reference to \"" +
                symbolName(reference.blockTableRecord()).toUtf8Lossless() + "\"",
@@ -227,7 +227,7 @@ void fixUpAfterLoad(FixUpContext& fixUp) {
   reportBrokenLinks(fixUp);
   database.store().assignDeferredHandles();
   for (OdDbObjectId id : database.allIds()) {
-    if (OdDbObject* object = peek(id))
+    if (OdDbObject* object = lookup(id))
       object->afterLoad();
   }
 }

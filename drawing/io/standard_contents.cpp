@@ -42,11 +42,11 @@ public:
 
 private:
   OdDbSymbolTable& table(OdDb::SymbolTableKind kind) {
-    return *peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind));
+    return *getIf<OdDbSymbolTable>(database_.getSymbolTableId(kind));
   }
 
   void ensureTable(OdDb::SymbolTableKind kind) {
-    if (peek(database_.getSymbolTableId(kind)) != nullptr)
+    if (lookup(database_.getSymbolTableId(kind)) != nullptr)
       return;
     OdDbSymbolTable* made = newTable(kind);
     database_.setSymbolTable(kind, database_.addOdDbObject(made));
@@ -67,19 +67,19 @@ private:
   // Properties of the standard records that were made here.
   void fillDefaults() {
     for (OdDbObjectId id : fresh_) {
-      const WriteScope scope(*peek(id));
-      if (auto* layer = peekAs<OdDbLayerTableRecord>(id))
+      const WriteScope scope(*lookup(id));
+      if (auto* layer = getIf<OdDbLayerTableRecord>(id))
         layer->setLinetypeObjectId(database_.symbol(OdDb::kLinetypeTable, L"Continuous"));
-      else if (auto* style = peekAs<OdDbTextStyleTableRecord>(id))
+      else if (auto* style = getIf<OdDbTextStyleTableRecord>(id))
         style->setFileName(L"txt");
-      else if (auto* linetype = peekAs<OdDbLinetypeTableRecord>(id);
+      else if (auto* linetype = getIf<OdDbLinetypeTableRecord>(id);
                linetype != nullptr && linetype->getName() == L"Continuous")
         linetype->setComments(L"Solid line");
-      else if (auto* block = peekAs<OdDbBlockTableRecord>(id))
+      else if (auto* block = getIf<OdDbBlockTableRecord>(id))
         block->ensureEnds();
     }
     for (OdDbObjectId id : table(OdDb::kLayerTable).members().ids()) {
-      auto* layer = peekAs<OdDbLayerTableRecord>(id);
+      auto* layer = getIf<OdDbLayerTableRecord>(id);
       if (layer == nullptr || !layer->linetypeObjectId().isNull())
         continue;
       const WriteScope scope(*layer);
@@ -88,7 +88,7 @@ private:
   }
 
   OdDbDictionary& ensureDictionary(OdDbDictionary& parent, const wchar_t* name) {
-    if (auto* present = peekAs<OdDbDictionary>(parent.getAt(name)))
+    if (auto* present = getIf<OdDbDictionary>(parent.getAt(name)))
       return *present;
     auto* made = new OdDbDictionary;
     const WriteScope scope(parent);
@@ -98,11 +98,11 @@ private:
   }
 
   void ensureDictionaries() {
-    if (peekAs<OdDbDictionary>(database_.getNamedObjectsDictionaryId()) == nullptr) {
+    if (getIf<OdDbDictionary>(database_.getNamedObjectsDictionaryId()) == nullptr) {
       database_.setNamedObjectsDictionary(database_.addOdDbObject(new OdDbDictionary));
       made_.push_back("named-objects dictionary");
     }
-    auto& root = *peekAs<OdDbDictionary>(database_.getNamedObjectsDictionaryId());
+    auto& root = *getIf<OdDbDictionary>(database_.getNamedObjectsDictionaryId());
     ensureDictionary(root, L"ACAD_GROUP");
     ensureScales(ensureDictionary(root, L"ACAD_SCALELIST"));
     ensureDictionary(root, L"ACAD_LAYOUT");

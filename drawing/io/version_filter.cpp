@@ -24,8 +24,8 @@ LeftOut::LeftOut(const OdDbDatabase& database, OdDb::DwgVersion version) {
   if (version >= OdDb::kRelease2013 || database.facts().version < OdDb::kRelease2013)
     return;
   for (OdDbObjectId id : database.allIds()) {
-    const OdDbObject* object = peek(id);
-    if (lives(object) && hasBodyElsewhere(*object)) {
+    const OdDbObject* object = lookup(id);
+    if (isAlive(object) && hasBodyElsewhere(*object)) {
       ids_.insert(id);
       first_.push_back(id);
     }
@@ -42,9 +42,9 @@ void LeftOut::addOwned(const OdDbDatabase& database) {
     chain.clear();
     OdDbObjectId at = id;
     std::unordered_set<OdDbObjectId> seen; // files may hold owners in a circle
-    while (peek(at) != nullptr && !has(at) && kept.count(at) == 0 && seen.insert(at).second) {
+    while (lookup(at) != nullptr && !has(at) && kept.count(at) == 0 && seen.insert(at).second) {
       chain.push_back(at);
-      at = peek(at)->ownerId();
+      at = lookup(at)->ownerId();
     }
     auto& where = has(at) ? ids_ : kept;
     where.insert(chain.begin(), chain.end());
@@ -53,7 +53,8 @@ void LeftOut::addOwned(const OdDbDatabase& database) {
 
 void LeftOut::reportTo(GroupSink& sink) const {
   for (OdDbObjectId id : first_)
-    sink.lost({"dxf.kind-not-in-version", Severity::Lost, 0, -1, std::uint64_t{id.getHandle()}, "", peek(id)->dxfName(),
+    sink.lost({"dxf.kind-not-in-version", Severity::Lost, 0, -1, std::uint64_t{id.getHandle()}, "",
+               lookup(id)->dxfName(),
                std::string("the form of its body does not exist in version ") + versionYear(sink.version()),
                "the object is left out"});
 }

@@ -32,7 +32,7 @@ public:
       return;
     const bool isOfOtherDrawing = id.database() != &database_;
     // A soft pointer to what was erased is how drawings forget; the others hold what they name.
-    const bool isDangling = !isOfOtherDrawing && !lives(id) && type != OdDb::kSoftPointerRef;
+    const bool isDangling = !isOfOtherDrawing && !isAlive(id) && type != OdDb::kSoftPointerRef;
     ofOtherDrawing += isOfOtherDrawing ? 1 : 0;
     dangling += isDangling ? 1 : 0;
     if (cut_ && (isOfOtherDrawing || isDangling))
@@ -72,8 +72,8 @@ public:
   Report run() {
     listMembers();
     for (OdDbObjectId id : database_.allIds()) {
-      OdDbObject* object = peek(id);
-      if (lives(object) && object != &database_.header())
+      OdDbObject* object = lookup(id);
+      if (isAlive(object) && object != &database_.header())
         checkObject(*object);
     }
     for (int kind = 0; kind < OdDb::kSymbolTableCount; ++kind)
@@ -93,8 +93,8 @@ private:
   // Who lists whom; a member that two containers list is told at once.
   void listMembers() {
     for (OdDbObjectId id : database_.allIds()) {
-      OdDbObject* container = peek(id);
-      if (!lives(container))
+      OdDbObject* container = lookup(id);
+      if (!isAlive(container))
         continue;
       if (const IdList* list = container->memberList()) {
         for (OdDbObjectId member : list->ids())
@@ -108,10 +108,10 @@ private:
   }
 
   void listed(OdDbObjectId member, const OdDbObject& container) {
-    if (!lives(member))
+    if (!isAlive(member))
       return;
     if (!lister_.emplace(member, container.objectId()).second)
-      addIssue("audit.listed-twice", Severity::Lost, *peek(member), "the object stands in two lists or twice in one");
+      addIssue("audit.listed-twice", Severity::Lost, *lookup(member), "the object stands in two lists or twice in one");
   }
 
   void checkObject(OdDbObject& object) {
@@ -143,7 +143,7 @@ private:
         const WriteScope scope(object);
         object.setOwnerId(lister->second);
       }
-    } else if (!object.ownerId().isNull() && !lives(object.ownerId())) {
+    } else if (!object.ownerId().isNull() && !isAlive(object.ownerId())) {
       addIssue("audit.owner-missing", Severity::Note, object, "its owner does not exist",
                "the named-objects dictionary is named as its owner");
       if (fix_) {
@@ -164,9 +164,9 @@ private:
       object.erase();
       return "it is erased";
     }
-    auto* block = peekAs<OdDbBlockTableRecord>(object.ownerId());
-    if (!lives(block))
-      block = peekAs<OdDbBlockTableRecord>(database_.getModelSpaceId());
+    auto* block = getIf<OdDbBlockTableRecord>(object.ownerId());
+    if (!isAlive(block))
+      block = getIf<OdDbBlockTableRecord>(database_.getModelSpaceId());
     database_.undoLog().listGrows(*block, block->members().size());
     object.setOwnerId(block->objectId());
     block->attachEntity(object.objectId());
@@ -177,10 +177,10 @@ private:
   void checkDictionary(OdDbDictionary& dictionary) {
     std::vector<OdString> dead;
     for (const OdDbDictionary::Entry& entry : dictionary.entries()) {
-      if (lives(entry.id))
+      if (isAlive(entry.id))
         continue;
       dead.push_back(entry.name);
-      if (peek(entry.id) == nullptr)
+      if (lookup(entry.id) == nullptr)
         addIssue("audit.entry-to-nothing", Severity::Note, dictionary,
                  "the entry \"" + entry.name.toUtf8Lossless() + "\" names nothing", "the entry is removed");
     }
@@ -196,7 +196,7 @@ private:
     const auto* owner = dynamic_cast<const OdDbSequenceOwner*>(&object);
     if (owner == nullptr)
       return 0;
-    const auto isErased = [](OdDbObjectId id) { return peek(id) != nullptr && peek(id)->isErased(); };
+    const auto isErased = [](OdDbObjectId id) { return lookup(id) != nullptr && lookup(id)->isErased(); };
     return static_cast<int>(std::count_if(owner->subEntities().begin(), owner->subEntities().end(), isErased));
   }
 
@@ -223,7 +223,7 @@ private:
     const auto* opaque = dynamic_cast<const OdDbOpaqueEntity*>(&entity);
     if (opaque != nullptr && opaque->isUnparsed())
       return;
-    if (!lives(entity.layerId())) {
+    if (!isAlive(entity.layerId())) {
       addIssue("audit.no-layer", Severity::Lost, entity, "the entity has no layer", "it is put on layer 0");
       if (fix_) {
         const WriteScope scope(entity);
@@ -231,7 +231,7 @@ private:
       }
     }
     const auto* dimension = dynamic_cast<const OdDbDimension*>(&entity);
-    if (dimension != nullptr && !dimension->dimBlockId().isNull() && !lives(dimension->dimBlockId()))
+    if (dimension != nullptr && !dimension->dimBlockId().isNull() && !isAlive(dimension->dimBlockId()))
       addIssue("audit.dimension-without-picture", Severity::Note, entity, "the block with its picture does not exist");
     const auto* reference = dynamic_cast<const OdDbBlockReference*>(&entity);
     if (reference != nullptr)
@@ -241,7 +241,7 @@ private:
   }
 
   void checkBlockReference(OdDbEntity& entity, const OdDbBlockReference& reference) {
-    if (lives(reference.blockTableRecord()))
+    if (isAlive(reference.blockTableRecord()))
       return;
     addIssue("audit.reference-without-block", Severity::Lost, entity, "the block that it shows does not exist",
              "the reference is erased");
@@ -254,8 +254,8 @@ private:
   void checkSequence(OdDbObject& object, OdDbSequenceOwner& sequence) {
     bool hasParts = false;
     for (OdDbObjectId part : sequence.subEntities())
-      hasParts = hasParts || lives(part);
-    if (!hasParts || lives(sequence.sequenceEndId()) || object.isErased())
+      hasParts = hasParts || isAlive(part);
+    if (!hasParts || isAlive(sequence.sequenceEndId()) || object.isErased())
       return;
     addIssue("audit.sequence-without-end", Severity::Lost, object, "its sequence has no end", "the end is made");
     if (fix_) {
@@ -265,7 +265,7 @@ private:
   }
 
   void checkEnds(OdDbBlockTableRecord& block) {
-    if (lives(block.blockBeginId()) && lives(block.blockEndId()))
+    if (isAlive(block.blockBeginId()) && isAlive(block.blockEndId()))
       return;
     addIssue("audit.block-without-ends", Severity::Lost, block, "the block has no begin or no end", "they are made");
     if (fix_) {
@@ -289,16 +289,16 @@ private:
   }
 
   void checkTable(OdDb::SymbolTableKind kind) {
-    const auto* table = peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind));
+    const auto* table = getIf<OdDbSymbolTable>(database_.getSymbolTableId(kind));
     if (table == nullptr) {
       report_.add({"audit.table-missing", Severity::Lost, 0, -1, 0, "", "TABLE", "a table does not exist", ""});
       return;
     }
     for (OdDbObjectId id : table->members().ids()) {
-      auto* record = peekAs<OdDbSymbolTableRecord>(id);
+      auto* record = getIf<OdDbSymbolTableRecord>(id);
       // The tiles of a viewport configuration share their name, and files of shapes have none.
       const bool mayRepeat = kind == OdDb::kViewportTable || (record != nullptr && record->getName().isEmpty());
-      if (lives(record) && !mayRepeat)
+      if (isAlive(record) && !mayRepeat)
         checkName(*table, *record);
     }
   }
@@ -335,11 +335,11 @@ private:
     std::vector<OdDbObjectId> cut;
     bottomUp(database_, cut);
     for (OdDbObjectId id : database_.allIds()) {
-      if (const auto* opaque = peekAs<OdDbOpaqueEntity>(id); lives(opaque) && closesCycle(*opaque))
+      if (const auto* opaque = getIf<OdDbOpaqueEntity>(id); isAlive(opaque) && closesCycle(*opaque))
         cut.push_back(id);
     }
     for (OdDbObjectId id : cut) {
-      OdDbObject& reference = *peek(id);
+      OdDbObject& reference = *lookup(id);
       addIssue("audit.block-cycle", Severity::Lost, reference, "through this reference a block contains itself",
                "the reference is erased");
       const WriteScope scope(reference);
@@ -356,7 +356,7 @@ private:
     const std::size_t name = groups.find(2);
     const OdDbObjectId block =
         name < groups.size() ? database_.symbol(OdDb::kBlockTable, groups.stringOf(groups[name])) : OdDbObjectId();
-    const auto* definition = peekAs<OdDbBlockTableRecord>(block);
+    const auto* definition = getIf<OdDbBlockTableRecord>(block);
     return definition != nullptr && definition->reaches(opaque.ownerId());
   }
 

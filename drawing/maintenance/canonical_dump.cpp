@@ -28,10 +28,10 @@ public:
     while (!open_.empty()) {
       const OdDbObjectId id = open_.back();
       open_.pop_back();
-      nameOwned(*peek(id), names_[id]);
+      nameOwned(*lookup(id), names_[id]);
     }
     for (OdDbObjectId id : database.allIds()) { // what nobody owns
-      if (const OdDbObject* object = peek(id); lives(object) && names_.find(id) == names_.end())
+      if (const OdDbObject* object = lookup(id); isAlive(object) && names_.find(id) == names_.end())
         give(id, "?" + object->dxfName() + "#" + std::to_string(++strays_));
     }
   }
@@ -45,18 +45,18 @@ public:
 
 private:
   void give(OdDbObjectId id, const std::string& name) {
-    if (lives(id) && names_.emplace(id, name).second)
+    if (isAlive(id) && names_.emplace(id, name).second)
       open_.push_back(id);
   }
 
   void nameTable(OdDbObjectId id) {
-    const auto* table = peekAs<OdDbSymbolTable>(id);
+    const auto* table = getIf<OdDbSymbolTable>(id);
     if (table == nullptr)
       return;
     give(id, table->dxfName());
     std::size_t ordinal = 0;
     for (OdDbObjectId member : table->members().ids()) {
-      if (!lives(member))
+      if (!isAlive(member))
         continue;
       std::string name = table->dxfName() + "/" + symbolName(member).toUtf8Lossless();
       if (names_.find(member) == names_.end() && !unique_.insert({name, 0}).second)
@@ -75,7 +75,7 @@ private:
     object.ownedObjects(owned);
     std::size_t ordinal = 0;
     for (OdDbObjectId id : owned) {
-      if (lives(id))
+      if (isAlive(id))
         give(id, name + "#" + std::to_string(ordinal++));
     }
   }
@@ -126,8 +126,8 @@ std::string canonicalDump(const OdDbDatabase& database, DumpForm form) {
   dumpHeader(database, sink, out);
   std::vector<std::pair<std::string, const OdDbObject*>> objects;
   for (OdDbObjectId id : database.allIds()) {
-    const OdDbObject* object = peek(id);
-    if (!lives(object) || object == &database.header())
+    const OdDbObject* object = lookup(id);
+    if (!isAlive(object) || object == &database.header())
       continue;
     const std::string handle = id.getHandle().ascii();
     objects.emplace_back(names ? names->of(id) : std::string(16 - handle.size(), '0') + handle, object);
@@ -136,7 +136,7 @@ std::string canonicalDump(const OdDbDatabase& database, DumpForm form) {
   for (const auto& [key, object] : objects)
     dumpObject(*object, sink, out);
   for (const OpaqueSection& subclass : database.opaqueSections()) {
-    const GroupList groups = livingGroups(database, subclass);
+    const GroupList groups = aliveGroups(database, subclass);
     if (groups.empty() && subclass.madeForRecords)
       continue;
     out += "section " + subclass.name + "\n";

@@ -25,7 +25,7 @@ class NamedRecords : public ReferenceVisitor {
 public:
   explicit NamedRecords(const OdDbObject& object) { const_cast<OdDbObject&>(object).visitReferences(*this); }
   void visit(OdDbObjectId& id, OdDb::ReferenceType) override {
-    if (peekAs<OdDbSymbolTableRecord>(id) != nullptr)
+    if (getIf<OdDbSymbolTableRecord>(id) != nullptr)
       ids.push_back(id);
   }
   std::vector<OdDbObjectId> ids;
@@ -48,10 +48,10 @@ public:
 class ContentText {
 public:
   explicit ContentText(OdDbObjectId block) : block_(block) {
-    const auto* record = peekAs<OdDbBlockTableRecord>(block);
+    const auto* record = getIf<OdDbBlockTableRecord>(block);
     std::size_t ordinal = 0;
     for (const OdDbObjectId id : record->drawOrder()) {
-      if (lives(id))
+      if (isAlive(id))
         give(id, "#" + std::to_string(ordinal++));
     }
     for (std::size_t at = 0; at < owned_.size(); ++at) // grows meanwhile
@@ -64,12 +64,12 @@ public:
 
 private:
   void give(OdDbObjectId id, const std::string& name) {
-    if (lives(id) && names_.emplace(id, name).second)
+    if (isAlive(id) && names_.emplace(id, name).second)
       owned_.push_back(id);
   }
 
   void nameOwned(OdDbObjectId id) {
-    const OdDbObject& object = *peek(id);
+    const OdDbObject& object = *lookup(id);
     const std::string name = names_[id];
     if (const auto* dictionary = OdDbDictionary::cast(&object).get()) {
       for (const OdDbDictionary::Entry& entry : dictionary->entries())
@@ -84,15 +84,15 @@ private:
   }
 
   std::string nameOf(OdDbObjectId id) {
-    if (id.isNull() || !lives(id))
+    if (id.isNull() || !isAlive(id))
       return "0";
     if (id == block_)
       return "self";
     if (const auto found = names_.find(id); found != names_.end())
       return found->second;
-    const auto* record = peekAs<OdDbSymbolTableRecord>(id);
+    const auto* record = getIf<OdDbSymbolTableRecord>(id);
     if (record == nullptr)
-      return "outside " + peek(id)->dxfName();
+      return "outside " + lookup(id)->dxfName();
     return record->isKindOf(OdDbBlockTableRecord::desc()) ? nestedName(id) : foldedName(*record);
   }
 
@@ -107,7 +107,7 @@ private:
     ContentSink sink(
         text_, database, [this](OdDbObjectId id) { return nameOf(id); }, true);
     for (const OdDbObjectId id : owned_) {
-      const OdDbObject& object = *peek(id);
+      const OdDbObject& object = *lookup(id);
       sink.names.clear();
       for (const OdDbObjectId record : NamedRecords(object).ids)
         sink.names.emplace(symbolName(record).toUtf8Lossless(), nameOf(record));
@@ -127,7 +127,7 @@ private:
 std::string recordText(const OdDbObject& record) {
   std::string text;
   const auto naming = [](OdDbObjectId id) {
-    const auto* named = peekAs<OdDbSymbolTableRecord>(id);
+    const auto* named = getIf<OdDbSymbolTableRecord>(id);
     return named == nullptr ? std::string("outside") : foldedName(*named);
   };
   ContentSink sink(text, *record.database(), naming, true);
@@ -140,7 +140,7 @@ std::string recordText(const OdDbObject& record) {
 
 // Where the block's contents are taken hold of. A space has the drawing's base point.
 OdGePoint3d baseOf(OdDbObjectId block) {
-  const auto* record = peekAs<OdDbBlockTableRecord>(block);
+  const auto* record = getIf<OdDbBlockTableRecord>(block);
   const bool isModel = block == block.database()->getModelSpaceId();
   return isModel ? block.database()->getINSBASE() : record->origin();
 }
@@ -155,7 +155,7 @@ bool sameDefinition(OdDbObjectId one, OdDbObjectId other) {
     open.pop_back();
     if (left == right || !seen.insert({left, right}).second)
       continue;
-    if (peekAs<OdDbBlockTableRecord>(left) == nullptr || peekAs<OdDbBlockTableRecord>(right) == nullptr)
+    if (getIf<OdDbBlockTableRecord>(left) == nullptr || getIf<OdDbBlockTableRecord>(right) == nullptr)
       return false;
     const ContentText a(left), b(right);
     if (!(baseOf(left) == baseOf(right)) || a.text() != b.text())
@@ -167,8 +167,8 @@ bool sameDefinition(OdDbObjectId one, OdDbObjectId other) {
 }
 
 bool sameRecord(OdDbObjectId one, OdDbObjectId other) {
-  const auto* left = peekAs<OdDbSymbolTableRecord>(one);
-  const auto* right = peekAs<OdDbSymbolTableRecord>(other);
+  const auto* left = getIf<OdDbSymbolTableRecord>(one);
+  const auto* right = getIf<OdDbSymbolTableRecord>(other);
   if (left == nullptr || right == nullptr || left->isA() != right->isA() || left->isA() == OdDbBlockTableRecord::desc())
     return false;
   return recordText(*left) == recordText(*right);

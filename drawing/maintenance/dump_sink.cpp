@@ -42,7 +42,7 @@ void dumpExtras(const OdDbObject& object, DumpSink& sink) {
   if (extras == nullptr)
     return;
   extras->applicationGroups.writeTo(sink);
-  if (lives(extras->extensionDictionary))
+  if (isAlive(extras->extensionDictionary))
     sink.reference(360, extras->extensionDictionary);
   for (OdDbObjectId id : extras->reactors)
     sink.reference(330, id);

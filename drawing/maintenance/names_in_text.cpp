@@ -147,8 +147,8 @@ OdDbObjectId namedBy(const OdDbDatabase& database, const NameVariable& variable)
   if (name.isEmpty())
     return {};
   if (variable.dictionary != nullptr) {
-    const auto* root = peekAs<OdDbDictionary>(database.getNamedObjectsDictionaryId());
-    const auto* styles = root == nullptr ? nullptr : peekAs<OdDbDictionary>(root->getAt(variable.dictionary));
+    const auto* root = getIf<OdDbDictionary>(database.getNamedObjectsDictionaryId());
+    const auto* styles = root == nullptr ? nullptr : getIf<OdDbDictionary>(root->getAt(variable.dictionary));
     return styles == nullptr ? OdDbObjectId() : styles->getAt(name);
   }
   const OdDbObjectId id = database.symbol(variable.kind, name);

@@ -34,20 +34,20 @@ const std::vector<PurgeKind>& purgeKinds() {
 namespace {
 
 const OdDbDictionary* dictionaryOf(const OdDbDatabase& database, const wchar_t* name) {
-  const auto* root = peekAs<OdDbDictionary>(database.getNamedObjectsDictionaryId());
-  return root == nullptr ? nullptr : peekAs<OdDbDictionary>(root->getAt(name));
+  const auto* root = getIf<OdDbDictionary>(database.getNamedObjectsDictionaryId());
+  return root == nullptr ? nullptr : getIf<OdDbDictionary>(root->getAt(name));
 }
 
 PurgePlan::Status protectedStatus(OdDbObjectId id) {
-  const OdDbObject* object = peek(id);
-  if (!lives(object))
+  const OdDbObject* object = lookup(id);
+  if (!isAlive(object))
     return PurgePlan::Status::NoRecord;
   if (const auto* record = dynamic_cast<const OdDbSymbolTableRecord*>(object)) {
     if (isExternal(*record))
       return PurgePlan::Status::External;
     return isNeeded(*record) ? PurgePlan::Status::Needed : PurgePlan::Status::Purgeable;
   }
-  const auto* dictionary = peekAs<OdDbDictionary>(object->ownerId());
+  const auto* dictionary = getIf<OdDbDictionary>(object->ownerId());
   if (dictionary == nullptr)
     return PurgePlan::Status::NoRecord;
   const bool needed = isAnyOf(dictionary->nameAt(id), {L"Standard", L"ByLayer", L"ByBlock", L"Global"});
@@ -82,10 +82,10 @@ private:
 OdDbObjectIdArray objectsOfKind(const OdDbDatabase& database, const PurgeKind& kind) {
   OdDbObjectIdArray ids;
   const auto add = [&ids](OdDbObjectId id) {
-    if (lives(id))
+    if (isAlive(id))
       ids.append(id);
   };
-  if (const auto* table = peekAs<OdDbSymbolTable>(
+  if (const auto* table = getIf<OdDbSymbolTable>(
           kind.table == OdDb::kNoTable ? OdDbObjectId() : database.getSymbolTableId(kind.table))) {
     for (OdDbObjectId id : table->members().ids())
       add(id);
@@ -109,13 +109,13 @@ public:
       plan_.statuses_[id] = status;
       if (status == PurgePlan::Status::Purgeable)
         units_[id.number()] = id.number();
-      const auto* style = peekAs<OdDbTextStyleTableRecord>(id);
+      const auto* style = getIf<OdDbTextStyleTableRecord>(id);
       if (style != nullptr && style->isShapeFile() && isCandidate(id))
         shapeFiles_.push_back(id);
     }
     for (OdDbObjectId id : database_.allIds()) {
-      OdDbObject* object = peek(id);
-      if (lives(object) && object != &database_.header())
+      OdDbObject* object = lookup(id);
+      if (isAlive(object) && object != &database_.header())
         collect(*object);
     }
     collectVariables();
@@ -151,7 +151,7 @@ private:
     for (int step = 0; at != nullptr && step < kFar; ++step) {
       if (at->isKindOf(OdDbSymbolTableRecord::desc()))
         return at->objectId();
-      at = peek(at->ownerId());
+      at = lookup(at->ownerId());
     }
     return object.objectId();
   }
@@ -172,7 +172,7 @@ private:
     if (!shapeFiles_.empty() && object.dxfName() == "SHAPE")
       ids.insert(ids.end(), shapeFiles_.begin(), shapeFiles_.end());
     for (OdDbObjectId id : ids) {
-      if (isCandidate(id) && peek(id)->ownerId() != object.objectId())
+      if (isCandidate(id) && lookup(id)->ownerId() != object.objectId())
         use(object, id);
     }
   }
@@ -185,8 +185,8 @@ private:
   // A group lives by its members.
   void collectGroup(OdDbObject& group, const std::vector<OdDbObjectId>& members) {
     for (OdDbObjectId id : members) {
-      const auto* entity = peekAs<OdDbEntity>(id);
-      if (lives(entity))
+      const auto* entity = getIf<OdDbEntity>(id);
+      if (isAlive(entity))
         use(*entity, group.objectId());
     }
   }

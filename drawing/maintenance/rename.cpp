@@ -50,8 +50,8 @@ public:
     // Whoever holds the name is found by it, so the record bears it until all of them were told.
     changeVariables();
     for (OdDbObjectId id : database_.allIds()) {
-      OdDbObject* object = peek(id);
-      if (lives(object))
+      OdDbObject* object = lookup(id);
+      if (isAlive(object))
         renameTextualReferences(*object);
     }
     const WriteScope scope(record_);
@@ -121,7 +121,7 @@ RenameResult mayRename(const OdDbSymbolTableRecord& record) {
 RenameResult renameRecord(OdDbDatabase& database, OdDb::SymbolTableKind kind, const OdString& from,
                           const OdString& to) {
   const OdDbObjectId id = database.symbol(kind, from);
-  auto* record = peekAs<OdDbSymbolTableRecord>(id);
+  auto* record = getIf<OdDbSymbolTableRecord>(id);
   if (record == nullptr)
     return RenameResult::Unknown;
   if (const RenameResult refused = mayRename(*record); refused != RenameResult::Done)

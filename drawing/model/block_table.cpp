@@ -148,7 +148,7 @@ void OdDbBlockTableRecord::clearCopiedLinks() {
 
 void OdDbBlockTableRecord::ensureEnds() {
   const auto make = [this](OdDbObjectId& id, OdSmartPtr<OdDbEntity> end) {
-    if (drawing::peek(id) != nullptr)
+    if (drawing::lookup(id) != nullptr)
       return;
     end->setLayer(database()->getLayerZeroId());
     id = database()->addOdDbObject(end.get(), objectId());

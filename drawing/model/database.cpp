@@ -8,7 +8,7 @@
 
 #include <unordered_map>
 
-using drawing::peekAs;
+using drawing::getIf;
 
 ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbDatabase, OdRxObject);
 
@@ -39,7 +39,7 @@ OdDbObjectId OdDbDatabase::addOdDbObject(OdDbObject* object, OdDbObjectId owner,
 
 OdDbObjectId OdDbDatabase::getOdDbObjectId(OdDbHandle handle) const {
   const OdDbObjectId id = store_->find(handle);
-  return drawing::peek(id) == nullptr ? OdDbObjectId() : id;
+  return drawing::lookup(id) == nullptr ? OdDbObjectId() : id;
 }
 
 OdDbHandle OdDbDatabase::handseed() const {
@@ -63,7 +63,7 @@ std::vector<OdDbObjectId> OdDbDatabase::allIds() const {
 }
 
 OdDbObjectId OdDbDatabase::symbol(OdDb::SymbolTableKind kind, const OdString& name) const {
-  const auto* table = peekAs<OdDbSymbolTable>(tables_[kind]);
+  const auto* table = getIf<OdDbSymbolTable>(tables_[kind]);
   return table == nullptr ? OdDbObjectId() : table->getAt(name);
 }
 
@@ -110,13 +110,13 @@ void OdDbDatabase::restoreFromUndo(const OdDbObjectIdArray& ids) {
     const auto found = earlier.find(id);
     if (found == earlier.end())
       continue;
-    OdDbObject* object = drawing::peek(id);
+    OdDbObject* object = drawing::lookup(id);
     std::vector<OdDbObjectId> parts;
     object->movedAlong(parts);
     object->assignState(*found->second);
     for (OdDbObjectId part : parts) {
       if (const auto before = earlier.find(part); before != earlier.end())
-        drawing::peek(part)->assignState(*before->second);
+        drawing::lookup(part)->assignState(*before->second);
     }
   }
 }

@@ -50,7 +50,7 @@ bool OdDbDictionary::readGroup(OdDbObject& object, const drawing::RawGroup& grou
 void OdDbDictionary::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) {
   const auto& dictionary = static_cast<const OdDbDictionary&>(object);
   for (const Entry& entry : dictionary.entries_) {
-    if (OdDbObject* member = drawing::peek(entry.id); member != nullptr && member->isErased())
+    if (OdDbObject* member = drawing::lookup(entry.id); member != nullptr && member->isErased())
       continue;
     sink.text(3, entry.name);
     sink.reference(dictionary.hardOwner_ ? 360 : 350, entry.id);
@@ -167,7 +167,7 @@ void OdDbDictionary::visitReferences(drawing::ReferenceVisitor& visitor) {
 void OdDbDictionary::ownedObjects(std::vector<OdDbObjectId>& ids) const {
   OdDbObject::ownedObjects(ids);
   for (const Entry& entry : entries_) {
-    const OdDbObject* member = drawing::peek(entry.id);
+    const OdDbObject* member = drawing::lookup(entry.id);
     if (member != nullptr && member->ownerId() == objectId())
       ids.push_back(entry.id);
   }

@@ -9,7 +9,7 @@
 #include <cmath>
 
 using drawing::field;
-using drawing::peekAs;
+using drawing::getIf;
 
 ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbEntity, OdDbObject);
 
@@ -130,6 +130,6 @@ void OdDbEntity::attachAssociation(OdDbObjectId association) {
 }
 
 bool OdDbEntity::isOnLockedLayer() const {
-  const auto* layer = peekAs<OdDbLayerTableRecord>(layer_);
+  const auto* layer = getIf<OdDbLayerTableRecord>(layer_);
   return layer != nullptr && !layer->isErased() && layer->isLocked();
 }

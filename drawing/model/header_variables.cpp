@@ -6,12 +6,12 @@
 #include "drawing/model/object_store.h"
 #include "drawing/model/symbol_name.h"
 
+using drawing::getIf;
 using drawing::GroupKind;
 using drawing::GroupList;
-using drawing::peekAs;
 
 OdDbHeader& OdDbDatabase::header() const {
-  return *static_cast<OdDbHeader*>(drawing::peek(header_));
+  return *static_cast<OdDbHeader*>(drawing::lookup(header_));
 }
 
 const GroupList* OdDbDatabase::headerVar(std::string_view name) const {
@@ -113,7 +113,7 @@ OdDbObjectId OdDbDatabase::getCLAYER() const {
 }
 
 OdResult OdDbDatabase::setCLAYER(OdDbObjectId layer) {
-  if (layer.database() != this || peekAs<OdDbSymbolTableRecord>(layer) == nullptr || layer.isErased())
+  if (layer.database() != this || getIf<OdDbSymbolTableRecord>(layer) == nullptr || layer.isErased())
     return eInvalidInput;
   setHeaderText("CLAYER", 8, drawing::symbolName(layer));
   return eOk;
@@ -125,19 +125,19 @@ constexpr const wchar_t* kVariableDictionary = L"AcDbVariableDictionary";
 
 template <class T>
 T* childAs(const OdDbDictionary* parent, const OdString& name) {
-  return parent == nullptr ? nullptr : peekAs<T>(parent->getAt(name));
+  return parent == nullptr ? nullptr : getIf<T>(parent->getAt(name));
 }
 
 } // namespace
 
 OdString OdDbDatabase::dictionaryVar(const OdString& name) const {
-  const auto* variables = childAs<OdDbDictionary>(peekAs<OdDbDictionary>(namedObjects_), kVariableDictionary);
+  const auto* variables = childAs<OdDbDictionary>(getIf<OdDbDictionary>(namedObjects_), kVariableDictionary);
   const auto* variable = childAs<OdDbDictionaryVar>(variables, name);
   return variable == nullptr ? OdString() : variable->value();
 }
 
 void OdDbDatabase::setDictionaryVar(const OdString& name, const OdString& value) {
-  auto* root = peekAs<OdDbDictionary>(namedObjects_);
+  auto* root = getIf<OdDbDictionary>(namedObjects_);
   if (root == nullptr)
     throw OdError(eNotInDatabase);
   const drawing::WriteScope rootScope(*root);

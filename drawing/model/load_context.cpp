@@ -201,7 +201,7 @@ OdDbObjectId LoadContext::symbol(OdDb::SymbolTableKind kind, const RawGroup& gro
 }
 
 OdDbSymbolTable& LoadContext::table(OdDb::SymbolTableKind kind, OdDbHandle handle) {
-  if (auto* present = peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind)))
+  if (auto* present = getIf<OdDbSymbolTable>(database_.getSymbolTableId(kind)))
     return *present;
   OdDbSymbolTable* made = newTable(kind);
   database_.setSymbolTable(kind, database_.store().add(made, handle));

@@ -93,7 +93,7 @@ OdResult OdDbObject::erase(bool erasing) {
   std::unordered_set<OdDbObjectId> seen{id_};
   ownedObjects(owned);
   for (std::size_t i = 0; i < owned.size(); ++i) {
-    OdDbObject* object = drawing::peek(owned[i]);
+    OdDbObject* object = drawing::lookup(owned[i]);
     if (object == nullptr || object->erased_ == erasing || !seen.insert(owned[i]).second)
       continue;
     object->ownedObjects(owned);
@@ -217,7 +217,7 @@ void drawing::listOwned(const GroupList& groups, OdDbObjectId listOwner, std::ve
     if (groups[i].kind != GroupKind::Reference)
       continue;
     const OdDb::ReferenceType type = referenceTypeOf(groups[i].code);
-    const OdDbObject* object = peek(groups.idOf(groups[i]));
+    const OdDbObject* object = lookup(groups.idOf(groups[i]));
     if (object == nullptr || (type != OdDb::kHardOwnershipRef && type != OdDb::kSoftOwnershipRef))
       continue;
     // Some programs leave helpers without an owner; tables and dictionaries may stand at the top.

@@ -22,7 +22,7 @@ bool OdDbObjectId::isValid() const {
 }
 
 bool OdDbObjectId::isErased() const {
-  const OdDbObject* object = drawing::peek(*this);
+  const OdDbObject* object = drawing::lookup(*this);
   return object == nullptr || object->isErased();
 }
 
@@ -37,7 +37,7 @@ OdDbHandle OdDbObjectId::getHandle() const {
 }
 
 OdRxClass* OdDbObjectId::objectClass() const {
-  const OdDbObject* object = drawing::peek(*this);
+  const OdDbObject* object = drawing::lookup(*this);
   return object == nullptr ? nullptr : object->isA();
 }
 
@@ -47,7 +47,7 @@ OdResult OdDbObjectId::openObject(OdDbObjectPtr& object, OdDb::OpenMode mode, bo
     return eNullObjectId;
   if (!isValid())
     return eDatabaseGone;
-  OdDbObject* found = drawing::peek(*this);
+  OdDbObject* found = drawing::lookup(*this);
   if (found == nullptr)
     return eObjectDoesNotOpen;
   if (found->isErased() && !openErased)

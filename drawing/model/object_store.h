@@ -93,22 +93,22 @@ private:
 };
 
 // The object behind an id, erased or not, without opening it; null when there is none.
-inline OdDbObject* peek(OdDbObjectId id) {
+inline OdDbObject* lookup(OdDbObjectId id) {
   Store* store = Store::of(id);
   return store != nullptr && store->contains(id.number()) ? store->object(id) : nullptr;
 }
 
-inline bool lives(const OdDbObject* object) {
+inline bool isAlive(const OdDbObject* object) {
   return object != nullptr && !object->isErased();
 }
-inline bool lives(OdDbObjectId id) {
-  return lives(peek(id));
+inline bool isAlive(OdDbObjectId id) {
+  return isAlive(lookup(id));
 }
 
 // The same as a class, null when it is another kind. T must be what isKindOf says.
 template <class T>
-T* peekAs(OdDbObjectId id) {
-  OdDbObject* object = peek(id);
+T* getIf(OdDbObjectId id) {
+  OdDbObject* object = lookup(id);
   return object != nullptr && object->isKindOf(T::desc()) ? static_cast<T*>(object) : nullptr;
 }
 

@@ -7,7 +7,7 @@
 namespace drawing {
 
 void registerApplication(OdDbDatabase& database, const OdString& name) {
-  auto* table = peekAs<OdDbSymbolTable>(database.getRegAppTableId());
+  auto* table = getIf<OdDbSymbolTable>(database.getRegAppTableId());
   if (table == nullptr || name.isEmpty() || table->has(name))
     return;
   const OdSmartPtr<OdDbSymbolTableRecord> record = recordClass(OdDb::kRegAppTable)->create();

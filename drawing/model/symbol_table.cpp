@@ -51,7 +51,7 @@ void OdDbSymbolTable::ensureIndex() const {
   index_.byName.clear();
   index_.nextFree.clear();
   for (OdDbObjectId id : members_.ids()) {
-    const auto* record = drawing::peekAs<OdDbSymbolTableRecord>(id);
+    const auto* record = drawing::getIf<OdDbSymbolTableRecord>(id);
     if (record != nullptr && !record->isErased())
       index_.byName.emplace(record->getName(), id);
   }
@@ -65,7 +65,7 @@ OdDbObjectId OdDbSymbolTable::getAt(const OdString& name, bool openErased) const
   if (!openErased)
     return {};
   for (OdDbObjectId id : members_.ids()) {
-    const auto* record = drawing::peekAs<OdDbSymbolTableRecord>(id);
+    const auto* record = drawing::getIf<OdDbSymbolTableRecord>(id);
     if (record != nullptr && record->getName().iCompare(name) == 0)
       return id;
   }
@@ -164,7 +164,7 @@ void OdDbSymbolTable::memberErased(const OdDbSymbolTableRecord& record, bool era
 
 void OdDbSymbolTableRecord::setName(const OdString& name) {
   assertWriteEnabled();
-  auto* table = drawing::peekAs<OdDbSymbolTable>(ownerId());
+  auto* table = drawing::getIf<OdDbSymbolTable>(ownerId());
   if (table == nullptr || !isDBRO()) {
     name_ = name;
     return;
@@ -187,7 +187,7 @@ void OdDbSymbolTableRecord::setFlag(std::int16_t bit, bool on) {
 }
 
 OdResult OdDbSymbolTableRecord::canUnerase() const {
-  const auto* table = drawing::peekAs<OdDbSymbolTable>(ownerId());
+  const auto* table = drawing::getIf<OdDbSymbolTable>(ownerId());
   const bool mayRepeat = name_.isEmpty() || tableKind() == OdDb::kViewportTable;
   return table != nullptr && !mayRepeat && table->has(name_) ? eDuplicateRecordName : eOk;
 }
@@ -216,7 +216,7 @@ void dropFromTablePreamble(OdDbSymbolTable& table, OdDbObjectId record) {
 } // namespace
 
 void OdDbSymbolTableRecord::afterErase(bool erasing) {
-  auto* table = drawing::peekAs<OdDbSymbolTable>(ownerId());
+  auto* table = drawing::getIf<OdDbSymbolTable>(ownerId());
   if (table == nullptr)
     return;
   table->memberErased(*this, erasing);
@@ -241,7 +241,7 @@ ObjectIterator::ObjectIterator(OdDbObjectId container, bool skipErased)
 }
 
 const IdList* ObjectIterator::list() const {
-  OdDbObject* container = peek(container_);
+  OdDbObject* container = lookup(container_);
   return container == nullptr ? nullptr : container->memberList();
 }
 
@@ -280,7 +280,7 @@ OdDbObjectPtr ObjectIterator::object(OdDb::OpenMode mode, bool openErased) const
 namespace drawing {
 
 OdString symbolName(OdDbObjectId id) {
-  const auto* record = peekAs<OdDbSymbolTableRecord>(id);
+  const auto* record = getIf<OdDbSymbolTableRecord>(id);
   return record == nullptr ? OdString() : record->getName();
 }
 

@@ -69,7 +69,7 @@ std::vector<std::pair<OdDbObjectId, const OdDbObject*>> Undo::earlierStates() co
 }
 
 void Undo::swapState(Entry& entry) {
-  OdDbObject* object = peek(entry.id);
+  OdDbObject* object = lookup(entry.id);
   std::unique_ptr<OdDbObject> now(object->makeCopy());
   if (object->isA() == entry.state->isA())
     object->assignState(*entry.state);
@@ -80,14 +80,14 @@ void Undo::swapState(Entry& entry) {
 
 // Containers rebuild what they derive from their members.
 void Undo::rebuildCaches(OdDbObjectId id) {
-  OdDbObject* object = peek(id);
+  OdDbObject* object = lookup(id);
   object->membersChanged();
-  if (OdDbObject* owner = peek(object->ownerId()))
+  if (OdDbObject* owner = lookup(object->ownerId()))
     owner->membersChanged();
 }
 
 void Undo::revert(Entry& entry) {
-  OdDbObject* object = peek(entry.id);
+  OdDbObject* object = lookup(entry.id);
   if (entry.kind == Entry::State) {
     swapState(entry);
   } else if (entry.kind == Entry::Added) {
@@ -100,7 +100,7 @@ void Undo::revert(Entry& entry) {
 }
 
 void Undo::reapply(Entry& entry) {
-  OdDbObject* object = peek(entry.id);
+  OdDbObject* object = lookup(entry.id);
   if (entry.kind == Entry::State) {
     swapState(entry);
   } else if (entry.kind == Entry::Added) {

@@ -7,7 +7,7 @@
 
 #include <cmath>
 
-using drawing::peekAs;
+using drawing::getIf;
 
 ODDB_DEFINE_MEMBERS(OdDbScale, OdDbObject, "SCALE");
 ODRX_DEFINE_MEMBERS(OdDbAnnotationScale, OdRxObject, "");
@@ -48,11 +48,11 @@ OdResult OdDbAnnotationScale::getScale(double& factor) const {
 namespace {
 
 const OdDbScale* scaleOf(const OdDbDictionary* root, const OdString& name) {
-  const auto* scales = root == nullptr ? nullptr : peekAs<OdDbDictionary>(root->getAt(L"ACAD_SCALELIST"));
+  const auto* scales = root == nullptr ? nullptr : getIf<OdDbDictionary>(root->getAt(L"ACAD_SCALELIST"));
   if (scales == nullptr || name.isEmpty())
     return nullptr;
   for (const OdDbDictionary::Entry& entry : scales->entries()) {
-    const auto* scale = peekAs<OdDbScale>(entry.id);
+    const auto* scale = getIf<OdDbScale>(entry.id);
     if (scale != nullptr && !scale->isErased() && scale->scaleName().iCompare(name) == 0)
       return scale;
   }
@@ -62,12 +62,12 @@ const OdDbScale* scaleOf(const OdDbDictionary* root, const OdString& name) {
 } // namespace
 
 OdDbAnnotationScalePtr OdDbDatabase::cannoscale() const {
-  const OdDbScale* scale = scaleOf(peekAs<OdDbDictionary>(namedObjects_), dictionaryVar(L"CANNOSCALE"));
+  const OdDbScale* scale = scaleOf(getIf<OdDbDictionary>(namedObjects_), dictionaryVar(L"CANNOSCALE"));
   return scale == nullptr ? OdDbAnnotationScalePtr() : OdDbAnnotationScalePtr(new OdDbAnnotationScale(*scale));
 }
 
 OdResult OdDbDatabase::setCannoscale(const OdString& scaleName) {
-  if (scaleOf(peekAs<OdDbDictionary>(namedObjects_), scaleName) == nullptr)
+  if (scaleOf(getIf<OdDbDictionary>(namedObjects_), scaleName) == nullptr)
     return eKeyNotFound;
   setDictionaryVar(L"CANNOSCALE", scaleName);
   return eOk;

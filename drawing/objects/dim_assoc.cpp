@@ -9,8 +9,8 @@
 #include <algorithm>
 #include <vector>
 
+using drawing::getIf;
 using drawing::GroupList;
-using drawing::peekAs;
 using drawing::WriteScope;
 
 ODDB_DEFINE_MEMBERS(OdDbDimAssoc, OdDbObject, "DIMASSOC");
@@ -135,13 +135,13 @@ void attach(OdDbObject& object, OdDbObjectId association) {
 
 // Nothing may keep pointing at an association that gives way; a locked layer does not keep it alive.
 void detachOld(OdDbObjectId old) {
-  const auto* association = peekAs<OdDbDimAssoc>(old);
+  const auto* association = getIf<OdDbDimAssoc>(old);
   if (association == nullptr)
     return;
   OdDbObjectIdArray ids = association->getDimAssocGeomIds();
   ids.append(association->dimObjId());
   for (OdDbObjectId id : ids) {
-    OdDbObject* object = drawing::peek(id);
+    OdDbObject* object = drawing::lookup(id);
     if (object == nullptr || !object->hasPersistentReactor(old))
       continue;
     const WriteScope scope(*object);
@@ -162,7 +162,7 @@ void OdDbDimAssoc::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) 
   if (tiesOf(pointGroups_) == tiesOf(static_cast<const OdDbDimAssoc&>(source).pointGroups_))
     return;
   detachOld(objectId());
-  if (auto* dictionary = peekAs<OdDbDictionary>(ownerId())) {
+  if (auto* dictionary = getIf<OdDbDictionary>(ownerId())) {
     const WriteScope scope(*dictionary);
     dictionary->remove(kEntry);
   }
@@ -170,12 +170,12 @@ void OdDbDimAssoc::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) 
 }
 
 OdDbObjectId OdDbDimAssoc::associationOf(OdDbObjectId dimension) {
-  const OdDbObject* object = drawing::peek(dimension);
+  const OdDbObject* object = drawing::lookup(dimension);
   if (object == nullptr || object->isErased())
     return {};
-  const auto* dictionary = peekAs<OdDbDictionary>(object->extensionDictionary());
+  const auto* dictionary = getIf<OdDbDictionary>(object->extensionDictionary());
   const OdDbObjectId id = dictionary == nullptr ? OdDbObjectId() : dictionary->getAt(kEntry);
-  return peekAs<OdDbDimAssoc>(id) == nullptr ? OdDbObjectId() : id;
+  return getIf<OdDbDimAssoc>(id) == nullptr ? OdDbObjectId() : id;
 }
 
 int OdDbDimAssoc::post(OdDbObjectId dimension, OdDbObjectId& newAssociation, bool isActive) {

@@ -8,7 +8,7 @@
 #include <algorithm>
 
 using drawing::field;
-using drawing::peekAs;
+using drawing::getIf;
 
 ODDB_DEFINE_MEMBERS(OdDbGroup, OdDbObject, "GROUP");
 
@@ -40,24 +40,24 @@ MVDB_SETTER(OdDbGroup, setAnonymous, bool, unnamed_)
 MVDB_SETTER(OdDbGroup, setSelectable, bool, selectable_)
 
 OdString OdDbGroup::getName() const {
-  const auto* dictionary = peekAs<OdDbDictionary>(ownerId());
+  const auto* dictionary = getIf<OdDbDictionary>(ownerId());
   return dictionary == nullptr ? OdString() : dictionary->nameAt(objectId());
 }
 
 std::vector<OdDbObjectId> OdDbGroup::allEntityIds() const {
-  std::vector<OdDbObjectId> living;
-  std::copy_if(members_.begin(), members_.end(), std::back_inserter(living),
-               [](OdDbObjectId id) { return drawing::lives(id); });
-  return living;
+  std::vector<OdDbObjectId> alive;
+  std::copy_if(members_.begin(), members_.end(), std::back_inserter(alive),
+               [](OdDbObjectId id) { return drawing::isAlive(id); });
+  return alive;
 }
 
 bool OdDbGroup::has(OdDbObjectId entity) const {
-  return drawing::lives(entity) && std::find(members_.begin(), members_.end(), entity) != members_.end();
+  return drawing::isAlive(entity) && std::find(members_.begin(), members_.end(), entity) != members_.end();
 }
 
 void OdDbGroup::append(OdDbObjectId entity) {
   assertWriteEnabled();
-  OdDbObject* object = drawing::peek(entity);
+  OdDbObject* object = drawing::lookup(entity);
   if (object == nullptr)
     throw OdError(eNullObjectId);
   if (std::find(members_.begin(), members_.end(), entity) == members_.end())

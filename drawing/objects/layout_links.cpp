@@ -20,7 +20,7 @@ public:
 
   void run() {
     for (OdDbObjectId id : database_.allIds()) {
-      if (auto* layout = peekAs<OdDbLayout>(id); lives(layout))
+      if (auto* layout = getIf<OdDbLayout>(id); isAlive(layout))
         layouts_.push_back(layout);
     }
     collectBlocks();
@@ -37,17 +37,17 @@ public:
 
 private:
   void collectBlocks() {
-    const auto* table = peekAs<OdDbBlockTable>(database_.getBlockTableId());
+    const auto* table = getIf<OdDbBlockTable>(database_.getBlockTableId());
     for (std::size_t i = 0; table != nullptr && i < table->members().size(); ++i) {
-      if (auto* block = peekAs<OdDbBlockTableRecord>(table->members()[i]); lives(block))
+      if (auto* block = getIf<OdDbBlockTableRecord>(table->members()[i]); isAlive(block))
         blocks_.push_back(block);
     }
   }
 
   // The first layout that names a block has it, but one that the block names in return goes before others.
   void bind(OdDbLayout& layout) {
-    auto* block = peekAs<OdDbBlockTableRecord>(layout.getBlockTableRecordId());
-    if (!lives(block))
+    auto* block = getIf<OdDbBlockTableRecord>(layout.getBlockTableRecordId());
+    if (!isAlive(block))
       return;
     auto [entry, isFirst] = layoutOf_.emplace(block, &layout);
     if (!isFirst && block->getLayoutId() == layout.objectId()) {
@@ -78,7 +78,7 @@ private:
   }
 
   OdDbBlockTableRecord* makeSpace() {
-    auto& table = *peekAs<OdDbBlockTable>(database_.getBlockTableId());
+    auto& table = *getIf<OdDbBlockTable>(database_.getBlockTableId());
     OdString name = paperSpaceStr;
     for (unsigned n = 0; table.has(name); ++n)
       name.format(L"%s%u", paperSpaceStr.c_str(), n);
@@ -166,14 +166,14 @@ void checkLayouts(OdDbDatabase& database, bool repair, const LayoutFaultHandler&
 }
 
 void makeLayoutFor(OdDbDatabase& database, OdDbObjectId block, const OdString& name, int order) {
-  auto* root = peekAs<OdDbDictionary>(database.getNamedObjectsDictionaryId());
-  auto* layouts = root == nullptr ? nullptr : peekAs<OdDbDictionary>(root->getAt(L"ACAD_LAYOUT"));
+  auto* root = getIf<OdDbDictionary>(database.getNamedObjectsDictionaryId());
+  auto* layouts = root == nullptr ? nullptr : getIf<OdDbDictionary>(root->getAt(L"ACAD_LAYOUT"));
   if (layouts == nullptr)
     return;
   OdString free = name;
   for (unsigned n = 2; layouts->has(free); ++n)
     free.format(L"%s-%u", name.c_str(), n);
-  auto& record = *peekAs<OdDbBlockTableRecord>(block);
+  auto& record = *getIf<OdDbBlockTableRecord>(block);
   auto* layout = new OdDbLayout;
   layout->setLayoutName(free);
   layout->setTabOrder(static_cast<std::int16_t>(order));

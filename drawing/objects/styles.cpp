@@ -39,7 +39,7 @@ const drawing::Description& OdDbMaterial::ownDescription() {
 }
 
 OdString OdDbRawStyle::getName() const {
-  const auto* dictionary = drawing::peekAs<OdDbDictionary>(ownerId());
+  const auto* dictionary = drawing::getIf<OdDbDictionary>(ownerId());
   return dictionary == nullptr ? OdString() : dictionary->nameAt(objectId());
 }
 

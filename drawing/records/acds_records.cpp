@@ -117,20 +117,20 @@ void copyBodyRecords(const OdDbObject& source, const OdDbObject& copy) {
   }
 }
 
-GroupList livingGroups(const OdDbDatabase& database, const OpaqueSection& subclass) {
+GroupList aliveGroups(const OdDbDatabase& database, const OpaqueSection& subclass) {
   if (subclass.name != kSection)
     return subclass.groups;
-  GroupList living;
-  living.append(subclass.groups, 0, subclass.groups.find(kStart));
+  GroupList alive;
+  alive.append(subclass.groups, 0, subclass.groups.find(kStart));
   bool anyRecord = false;
   for (const Run& run : runsOf(subclass.groups)) {
-    const OdDbObject* object = run.isRecord ? peek(database.store().find(handleIn(subclass.groups, run))) : nullptr;
+    const OdDbObject* object = run.isRecord ? lookup(database.store().find(handleIn(subclass.groups, run))) : nullptr;
     if (object != nullptr && object->isErased())
       continue;
     anyRecord = anyRecord || run.isRecord;
-    living.append(subclass.groups, run.first, run.end - run.first);
+    alive.append(subclass.groups, run.first, run.end - run.first);
   }
-  return subclass.madeForRecords && !anyRecord ? GroupList() : living;
+  return subclass.madeForRecords && !anyRecord ? GroupList() : alive;
 }
 
 } // namespace drawing

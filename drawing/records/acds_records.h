@@ -11,6 +11,6 @@ void copyBodyRecords(const OdDbObject& source, const OdDbObject& copy);
 
 // What a section holds for files and dumps: all but the records of erased objects; nothing at all of a section that was
 // made for records which are all gone.
-GroupList livingGroups(const OdDbDatabase& database, const OpaqueSection& subclass);
+GroupList aliveGroups(const OdDbDatabase& database, const OpaqueSection& subclass);
 
 } // namespace drawing

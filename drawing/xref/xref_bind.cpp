@@ -14,10 +14,10 @@ namespace {
 
 std::vector<OdDbBlockTableRecord*> xrefsIn(const OdDbDatabase& database) {
   std::vector<OdDbBlockTableRecord*> blocks;
-  const auto* table = peekAs<OdDbBlockTable>(database.getBlockTableId());
+  const auto* table = getIf<OdDbBlockTable>(database.getBlockTableId());
   for (std::size_t i = 0; table != nullptr && i < table->members().size(); ++i) {
-    auto* block = peekAs<OdDbBlockTableRecord>(table->members()[i]);
-    if (lives(block) && block->isFromExternalReference())
+    auto* block = getIf<OdDbBlockTableRecord>(table->members()[i]);
+    if (isAlive(block) && block->isFromExternalReference())
       blocks.push_back(block);
   }
   return blocks;
@@ -57,11 +57,11 @@ void erase(OdDbObject& object) {
 std::vector<OdDbSymbolTableRecord*> dependentRecords(const OdDbDatabase& database, const OdString& reference,
                                                      OdDb::SymbolTableKind kind) {
   std::vector<OdDbSymbolTableRecord*> dependents;
-  const auto* table = peekAs<OdDbSymbolTable>(database.getSymbolTableId(kind));
+  const auto* table = getIf<OdDbSymbolTable>(database.getSymbolTableId(kind));
   const OdString start = reference + L'|';
   for (std::size_t i = 0; table != nullptr && i < table->members().size(); ++i) {
-    auto* record = peekAs<OdDbSymbolTableRecord>(table->members()[i]);
-    if (lives(record) && record->getName().left(start.getLength()).iCompare(start) == 0)
+    auto* record = getIf<OdDbSymbolTableRecord>(table->members()[i]);
+    if (isAlive(record) && record->getName().left(start.getLength()).iCompare(start) == 0)
       dependents.push_back(record);
   }
   return dependents;
@@ -107,7 +107,7 @@ private:
 
   OdResult bind(OdDbBlockTableRecord& block, OdDbDatabase& external) {
     const std::vector<OdDbObjectId> before = block.members().ids();
-    const auto& space = *peekAs<OdDbBlockTableRecord>(external.getModelSpaceId());
+    const auto& space = *getIf<OdDbBlockTableRecord>(external.getModelSpaceId());
     OdDbIdMapping mapping;
     mapping.setOrigDb(&external);
     mapping.setDestDb(&database_);
@@ -116,8 +116,8 @@ private:
     if (const OdResult result = cloner.run(space.drawOrder()); result != eOk)
       return result;
     for (const OdDbObjectId& id : before) {
-      if (lives(id))
-        erase(*peek(id));
+      if (isAlive(id))
+        erase(*lookup(id));
     }
     replaceDefinitions(block.getName(), external, mapping);
     makeOrdinary(block, external);
@@ -153,7 +153,7 @@ private:
         continue;
       }
       for (const OdDbObjectId& id : references) {
-        auto& reference = *peekAs<OdDbBlockReference>(id);
+        auto& reference = *getIf<OdDbBlockReference>(id);
         const WriteScope scope(reference);
         reference.setBlockTableRecord(bound);
       }
@@ -173,8 +173,8 @@ private:
 
   // A reference inside the one that was bound; `here` is its copy in the drawing.
   void follow(const OdDbBlockTableRecord& nested, OdDbObjectId here) {
-    auto* block = peekAs<OdDbBlockTableRecord>(here);
-    if (!lives(block))
+    auto* block = getIf<OdDbBlockTableRecord>(here);
+    if (!isAlive(block))
       return;
     if (OdDbDatabase* external = nested.xrefDatabase()) {
       open_.push_back({block, external});
@@ -182,7 +182,7 @@ private:
     }
     result_.leftOut.push_back(nested.getName());
     for (const OdDbObjectId& id : block->getBlockReferenceIds())
-      erase(*peek(id));
+      erase(*lookup(id));
     erase(*block);
   }
 
@@ -195,8 +195,8 @@ private:
 
 BoundXref bindXref(OdDbDatabase& database, OdDbObjectId id) {
   BoundXref result;
-  auto* block = peekAs<OdDbBlockTableRecord>(id);
-  if (!lives(block) || id.database() != &database || !block->isFromExternalReference())
+  auto* block = getIf<OdDbBlockTableRecord>(id);
+  if (!isAlive(block) || id.database() != &database || !block->isFromExternalReference())
     return result;
   if (mayBind(*block, result))
     result.isDone = Binding(database, result).run(*block) == eOk;
@@ -205,8 +205,8 @@ BoundXref bindXref(OdDbDatabase& database, OdDbObjectId id) {
 
 DetachedXref detachXref(OdDbDatabase& database, OdDbObjectId id) {
   DetachedXref result;
-  auto* block = peekAs<OdDbBlockTableRecord>(id);
-  if (!lives(block) || id.database() != &database || !block->isFromExternalReference()) {
+  auto* block = getIf<OdDbBlockTableRecord>(id);
+  if (!isAlive(block) || id.database() != &database || !block->isFromExternalReference()) {
     result.result = eInvalidInput;
     return result;
   }
@@ -218,7 +218,7 @@ DetachedXref detachXref(OdDbDatabase& database, OdDbObjectId id) {
       return result;
   }
   for (const OdDbObjectId& reference : references)
-    erase(*peek(reference));
+    erase(*lookup(reference));
   result.references = references.size();
   OdDbObjectIdArray dependents;
   for (int kind = 0; kind < OdDb::kSymbolTableCount; ++kind) {
@@ -231,7 +231,7 @@ DetachedXref detachXref(OdDbDatabase& database, OdDbObjectId id) {
   erase(*block);
   database.purge(dependents);
   for (const OdDbObjectId& unused : dependents)
-    erase(*peek(unused));
+    erase(*lookup(unused));
   return result;
 }
 

@@ -9,7 +9,7 @@
 #include <map>
 #include <tuple>
 
-using drawing::peekAs;
+using drawing::getIf;
 
 namespace drawing {
 namespace {
@@ -33,10 +33,10 @@ FileKey keyOf(const std::string& path) {
 
 std::vector<OdDbObjectId> xrefBlocks(const OdDbDatabase& database) {
   std::vector<OdDbObjectId> blocks;
-  const auto* table = peekAs<OdDbBlockTable>(database.getBlockTableId());
+  const auto* table = getIf<OdDbBlockTable>(database.getBlockTableId());
   for (std::size_t i = 0; table != nullptr && i < table->members().size(); ++i) {
-    const auto* block = peekAs<OdDbBlockTableRecord>(table->members()[i]);
-    if (lives(block) && block->isFromExternalReference())
+    const auto* block = getIf<OdDbBlockTableRecord>(table->members()[i]);
+    if (isAlive(block) && block->isFromExternalReference())
       blocks.push_back(block->objectId());
   }
   return blocks;
@@ -57,7 +57,7 @@ public:
       if (frame.next == frame.blocks.size())
         leave();
       else
-        load(*peekAs<OdDbBlockTableRecord>(frame.blocks[frame.next++]));
+        load(*getIf<OdDbBlockTableRecord>(frame.blocks[frame.next++]));
     }
     return std::move(report_);
   }

@@ -52,13 +52,13 @@ R12Names::R12Names(const OdDbDatabase& database) {
 
 void R12Names::addTable(const OdDbDatabase& database, OdDb::SymbolTableKind kind) {
   const bool isOwn = database.facts().version < OdDb::kRelease13;
-  const auto& table = *peekAs<OdDbSymbolTable>(database.getSymbolTableId(kind));
+  const auto& table = *getIf<OdDbSymbolTable>(database.getSymbolTableId(kind));
   std::unordered_set<std::string> taken;
   std::vector<Change> wanted;
   for (OdDbObjectId id : table.members().ids()) {
-    if (!lives(id))
+    if (!isAlive(id))
       continue;
-    const std::string name = static_cast<const OdDbSymbolTableRecord*>(peek(id))->getName().toUtf8Lossless();
+    const std::string name = static_cast<const OdDbSymbolTableRecord*>(lookup(id))->getName().toUtf8Lossless();
     std::string to = kind == OdDb::kBlockTable ? plainBlockName(name) : name;
     if (!isOwn)
       to = allowed(to);
@@ -86,7 +86,7 @@ std::string_view R12Names::of(OdDb::SymbolTableKind table, std::string_view name
 void R12Names::reportChanges(GroupSink& sink) const {
   for (const Change& change : changes_)
     sink.lost({"dxf.name-not-in-version", Severity::Lost, 0, 2, std::uint64_t{change.record.getHandle()}, "TABLES",
-               peek(change.record)->dxfName(), "version R12 cannot hold the name \"" + change.from + "\"",
+               lookup(change.record)->dxfName(), "version R12 cannot hold the name \"" + change.from + "\"",
                "it is written as \"" + change.to + "\""});
 }
 

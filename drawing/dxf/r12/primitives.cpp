@@ -160,7 +160,7 @@ std::size_t R12Drawing::lines(const OdDbMText& text) {
     sink().real(40, height);
     writer_.text(1, words);
     sink().real(50, OdaToDegree(text.rotation()));
-    if (const auto* style = peekAs<OdDbTextStyleTableRecord>(text.textStyle()))
+    if (const auto* style = getIf<OdDbTextStyleTableRecord>(text.textStyle()))
       writer_.name("TEXT", 7, style->getName().toUtf8Lossless());
     if (column != 0) {
       sink().integer(72, column);
@@ -178,7 +178,7 @@ double R12Drawing::reach() const {
 }
 
 double R12Drawing::dimensionTextHeight(OdDbObjectId style) const {
-  const auto* record = peekAs<OdDbDimStyleTableRecord>(style);
+  const auto* record = getIf<OdDbDimStyleTableRecord>(style);
   const double height = record == nullptr ? 0 : record->dimtxt() * (record->dimscale() > 0 ? record->dimscale() : 1);
   return height > 0 ? height : 1;
 }

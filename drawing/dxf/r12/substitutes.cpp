@@ -138,7 +138,7 @@ Substitute multiLeader(const Source& source) {
     text.setTextHeight(leader.textHeight());
     any = source.draw.lines(text) > 0 || any;
   }
-  if (leader.contentType() == OdDbMLeader::kBlockContent && lives(leader.blockContentId())) {
+  if (leader.contentType() == OdDbMLeader::kBlockContent && isAlive(leader.blockContentId())) {
     source.draw.reference(symbolName(leader.blockContentId()), leader.blockPosition(), leader.scale());
     any = true;
   }

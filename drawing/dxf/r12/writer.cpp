@@ -128,12 +128,12 @@ void R12Writer::tables() {
 
 void R12Writer::table(OdDb::SymbolTableKind kind) {
   std::vector<const OdDbObject*> records;
-  for (OdDbObjectId id : peekAs<OdDbSymbolTable>(database_.getSymbolTableId(kind))->members().ids()) {
+  for (OdDbObjectId id : getIf<OdDbSymbolTable>(database_.getSymbolTableId(kind))->members().ids()) {
     // By layer and by block are words in R12, not line types.
     const bool isWord = kind == OdDb::kLinetypeTable &&
                         (symbolName(id).iCompare(L"ByLayer") == 0 || symbolName(id).iCompare(L"ByBlock") == 0);
-    if (lives(id) && !isWord)
-      records.push_back(peek(id));
+    if (isAlive(id) && !isWord)
+      records.push_back(lookup(id));
   }
   sink_.utf8(0, "TABLE");
   sink_.utf8(2, tableDxfName(kind));
@@ -147,11 +147,11 @@ void R12Writer::table(OdDb::SymbolTableKind kind) {
 }
 
 void R12Writer::blocks() {
-  for (OdDbObjectId id : peekAs<OdDbBlockTable>(database_.getBlockTableId())->members().ids()) {
-    const auto* block = peekAs<OdDbBlockTableRecord>(id);
+  for (OdDbObjectId id : getIf<OdDbBlockTable>(database_.getBlockTableId())->members().ids()) {
+    const auto* block = getIf<OdDbBlockTableRecord>(id);
     // Some programs write empty blocks for the spaces, under names that begin with a dollar sign.
     const bool hasBlockHeader = block != nullptr && block->blockHeaderName_.left(1) == L"$";
-    if (lives(block) && (!isInEntitiesSection(*block) || hasBlockHeader))
+    if (isAlive(block) && (!isInEntitiesSection(*block) || hasBlockHeader))
       this->block(*block);
   }
 }
@@ -159,7 +159,7 @@ void R12Writer::blocks() {
 void R12Writer::block(const OdDbBlockTableRecord& block) {
   GroupList groups;
   inPaperSpace_ = false;
-  const OdDbObject& begin = *peek(block.blockBeginId());
+  const OdDbObject& begin = *lookup(block.blockBeginId());
   writeSubclasses(begin, groups);
   const OdString name = isInEntitiesSection(block) ? block.blockHeaderName_ : block.getName();
   groups.text(2, name);
@@ -175,19 +175,19 @@ void R12Writer::block(const OdDbBlockTableRecord& block) {
          "the contents of this one are written as a block");
   if (!isInEntitiesSection(block))
     contents(block);
-  native(*peek(block.blockEndId()));
+  native(*lookup(block.blockEndId()));
 }
 
 void R12Writer::contents(const OdDbBlockTableRecord& block) {
   for (OdDbObjectId id : block.members().ids()) {
-    if (lives(id))
+    if (isAlive(id))
       entity(id);
   }
 }
 
 void R12Writer::entities() {
   for (const OdString& space : {modelSpaceStr, paperSpaceStr}) {
-    const auto* block = peekAs<OdDbBlockTableRecord>(database_.symbol(OdDb::kBlockTable, space));
+    const auto* block = getIf<OdDbBlockTableRecord>(database_.symbol(OdDb::kBlockTable, space));
     if (block == nullptr)
       continue;
     inPaperSpace_ = space == paperSpaceStr;
@@ -196,7 +196,7 @@ void R12Writer::entities() {
 }
 
 void R12Writer::entity(OdDbObjectId id) {
-  const auto& entity = *static_cast<const OdDbEntity*>(peek(id));
+  const auto& entity = *static_cast<const OdDbEntity*>(lookup(id));
   const bool isOpaque = entity.isKindOf(OdDbOpaqueEntity::desc()) && database_.facts().version < OdDb::kRelease13;
   if (isR12Kind(entity.dxfName()) || isOpaque)
     return native(entity);
@@ -228,13 +228,13 @@ void R12Writer::parts(const OdDbEntity& owner) {
   const auto& sequence = dynamic_cast<const OdDbSequenceOwner&>(owner);
   bool any = false;
   for (OdDbObjectId part : sequence.subEntities()) {
-    if (!lives(part))
+    if (!isAlive(part))
       continue;
     any = true;
-    native(*peek(part));
+    native(*lookup(part));
   }
-  if (any && lives(sequence.sequenceEndId()))
-    native(*peek(sequence.sequenceEndId()));
+  if (any && isAlive(sequence.sequenceEndId()))
+    native(*lookup(sequence.sequenceEndId()));
 }
 
 namespace {
@@ -332,8 +332,8 @@ void R12Writer::reportDictionaries() {
     return; // nothing of that was in the file
   std::map<std::string, std::size_t> kinds;
   for (OdDbObjectId id : database_.allIds()) {
-    const OdDbObject* object = peek(id);
-    if (lives(object) && !object->isKindOf(OdDbEntity::desc()) && !object->isKindOf(OdDbSymbolTable::desc()) &&
+    const OdDbObject* object = lookup(id);
+    if (isAlive(object) && !object->isKindOf(OdDbEntity::desc()) && !object->isKindOf(OdDbSymbolTable::desc()) &&
         !object->isKindOf(OdDbSymbolTableRecord::desc()) && !object->isKindOf(OdDbHeader::desc()))
       ++kinds[object->dxfName()];
   }

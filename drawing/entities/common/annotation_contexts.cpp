@@ -87,22 +87,22 @@ void moveRepresentation(GroupList& groups, const Representation& kind, const Pla
 } // namespace
 
 ContextData::ContextData(const OdDbEntity& entity) {
-  const auto* extension = peekAs<OdDbDictionary>(entity.extensionDictionary());
+  const auto* extension = getIf<OdDbDictionary>(entity.extensionDictionary());
   const auto* data =
-      extension == nullptr ? nullptr : peekAs<OdDbDictionary>(extension->getAt(L"AcDbContextDataManager"));
-  const auto* scales = data == nullptr ? nullptr : peekAs<OdDbDictionary>(data->getAt(L"ACDB_ANNOTATIONSCALES"));
+      extension == nullptr ? nullptr : getIf<OdDbDictionary>(extension->getAt(L"AcDbContextDataManager"));
+  const auto* scales = data == nullptr ? nullptr : getIf<OdDbDictionary>(data->getAt(L"ACDB_ANNOTATIONSCALES"));
   if (scales == nullptr)
     return;
   normal_ = entity.planeNormal();
   for (const OdDbDictionary::Entry& entry : scales->entries()) {
-    if (lives(entry.id))
+    if (isAlive(entry.id))
       objects_.push_back(entry.id);
   }
 }
 
 void ContextData::move(const OdGeMatrix3d& matrix) const {
   for (OdDbObjectId id : objects_) {
-    OdDbObject& object = *peek(id);
+    OdDbObject& object = *lookup(id);
     const Representation* kind = representationOf(object.dxfName());
     if (kind == nullptr || object.unmodelledGroupsOrNull() == nullptr)
       continue;

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <memory>
 
-using drawing::peekAs;
+using drawing::getIf;
 
 ODDB_DEFINE_MEMBERS(OdDbSequenceEnd, OdDbEntity, "SEQEND");
 
@@ -36,7 +36,7 @@ OdDbObjectId OdDbSequenceOwner::appendSubEntity(OdDbEntity& owner, OdDbEntity* p
 }
 
 void OdDbSequenceOwner::ensureEnd(OdDbEntity& owner) {
-  if (peekAs<OdDbSequenceEnd>(end_) != nullptr)
+  if (getIf<OdDbSequenceEnd>(end_) != nullptr)
     return;
   owner.assertWriteEnabled();
   OdSmartPtr<OdDbSequenceEnd> end = OdDbSequenceEnd::createObject();
@@ -49,7 +49,7 @@ OdResult OdDbSequenceOwner::transformSubEntities(const OdGeMatrix3d& matrix) con
   const bool canFail = !matrix.isUniScaledOrtho();
   std::vector<std::pair<OdDbEntity*, std::unique_ptr<OdDbObject>>> moved;
   for (OdDbObjectId id : subEntities_) {
-    auto* part = peekAs<OdDbEntity>(id);
+    auto* part = getIf<OdDbEntity>(id);
     if (part == nullptr || part->isErased())
       continue;
     const drawing::WriteScope scope(*part);

@@ -9,7 +9,7 @@
 #include <algorithm>
 
 using drawing::field;
-using drawing::peekAs;
+using drawing::getIf;
 using drawing::PlaneMap;
 
 ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbVertexOwner, OdDbCurve);
@@ -98,7 +98,7 @@ OdResult OdDbVertexOwner::subTransformBy(const OdGeMatrix3d& matrix) {
 OdResult OdDbVertexOwner::getGeomExtents(OdGeExtents3d& extents) const {
   OdGeExtents3d all;
   for (OdDbObjectId id : vertexIds()) {
-    if (const auto* vertex = peekAs<OdDbWorldVertex>(id))
+    if (const auto* vertex = getIf<OdDbWorldVertex>(id))
       vertex->getGeomExtents(all);
   }
   extents.addExt(all);
@@ -143,7 +143,7 @@ OdGePoint3d OdDb2dPolyline::vertexPosition(const OdDb2dVertex& vertex) const {
 std::vector<OdDb2dVertex*> OdDb2dPolyline::vertices() const {
   std::vector<OdDb2dVertex*> all;
   for (OdDbObjectId id : vertexIds()) {
-    if (auto* vertex = peekAs<OdDb2dVertex>(id))
+    if (auto* vertex = getIf<OdDb2dVertex>(id))
       all.push_back(vertex);
   }
   return all;

@@ -11,7 +11,7 @@ OdGePoint3d drawArrow(const OdGePoint3d& tip, const OdGePoint3d& from, const OdG
   if (!(size > 0) || way.length() < size)
     return tip;
   const OdGeVector3d x = way.normal(), y = normal.normal().crossProduct(x);
-  if (lives(peekAs<OdDbBlockTableRecord>(block))) {
+  if (isAlive(getIf<OdDbBlockTableRecord>(block))) {
     // Blocks of arrows are one unit long and point to the right.
     canvas.show(block, OdGeMatrix3d::coordSystem(tip, x * -size, y * -size, normal.normal() * size));
     return tip + x * size;

@@ -24,7 +24,7 @@ struct DimensionTraits {
 };
 
 DimensionTraits traitsOf(const OdDbDimension& dimension) {
-  const auto* style = peekAs<OdDbDimStyleTableRecord>(dimension.dimensionStyle());
+  const auto* style = getIf<OdDbDimStyleTableRecord>(dimension.dimensionStyle());
   if (style == nullptr)
     return {};
   const double scale = style->dimscale() > 0 ? style->dimscale() : 1;
@@ -99,7 +99,7 @@ void drawPlainRound(const OdDbRoundDimension& dimension, const DimensionTraits& 
 
 // The picture is drawn in the coordinates that the dimension has.
 void drawDimension(const OdDbDimension& dimension, Canvas& canvas) {
-  if (lives(peekAs<OdDbBlockTableRecord>(dimension.dimBlockId()))) {
+  if (isAlive(getIf<OdDbBlockTableRecord>(dimension.dimBlockId()))) {
     canvas.show(dimension.dimBlockId(), OdGeMatrix3d::kIdentity);
     return;
   }

@@ -72,7 +72,7 @@ class ToleranceFrame {
 public:
   ToleranceFrame(const OdDbFcf& frame, Canvas& canvas) : canvas_(canvas) {
     height_ = 0.18;
-    if (const auto* style = peekAs<OdDbDimStyleTableRecord>(frame.dimensionStyle())) {
+    if (const auto* style = getIf<OdDbDimStyleTableRecord>(frame.dimensionStyle())) {
       font_ = fontOfStyle(style->dimtxsty());
       height_ = style->dimtxt() * (style->dimscale() > 0 ? style->dimscale() : 1);
     }

@@ -29,7 +29,7 @@ struct LeaderTraits {
 LeaderTraits traitsOf(const OdDbLeader& leader) {
   double scale = 1;
   LeaderTraits traits;
-  if (const auto* style = peekAs<OdDbDimStyleTableRecord>(leader.dimensionStyle())) {
+  if (const auto* style = getIf<OdDbDimStyleTableRecord>(leader.dimensionStyle())) {
     traits = {style->dimasz(), style->dimldrblk()};
     scale = style->dimscale();
   }
@@ -102,8 +102,8 @@ void drawNote(const OdDbMLeader& leader, const GroupList& context, Canvas& canva
 
 // The block of a note stands by a matrix of its own.
 void drawBlockNote(const OdDbMLeader& leader, const GroupList& context, Canvas& canvas) {
-  const auto* block = peekAs<OdDbBlockTableRecord>(leader.blockContentId());
-  if (!lives(block))
+  const auto* block = getIf<OdDbBlockTableRecord>(leader.blockContentId());
+  if (!isAlive(block))
     return canvas.leaveOut("no-block");
   OdGeMatrix3d transform = OdGeMatrix3d::translation(leader.blockPosition().asVector());
   const std::size_t i = context.find(47);
@@ -112,8 +112,8 @@ void drawBlockNote(const OdDbMLeader& leader, const GroupList& context, Canvas& 
   transform = transform * OdGeMatrix3d::translation(OdGePoint3d() - block->origin());
   canvas.show(leader.blockContentId(), transform);
   for (const auto& [definition, text] : mleaderAttributes(leader)) {
-    const auto* attribute = peekAs<OdDbAttributeDefinition>(definition);
-    if (lives(attribute) && !attribute->isInvisible())
+    const auto* attribute = getIf<OdDbAttributeDefinition>(definition);
+    if (isAlive(attribute) && !attribute->isInvisible())
       drawStringAt(*attribute, text, transform, canvas);
   }
 }

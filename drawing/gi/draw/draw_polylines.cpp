@@ -31,7 +31,7 @@ PlanePath planePathOf(const OdDb2dPolyline& polyline) {
   path.toBlock = OdGeMatrix3d::planeToWorld(polyline.normal());
   const auto width = [](double own, double usual) { return own < 0 ? usual : own; };
   for (OdDbObjectId id : polyline.vertexIds()) {
-    const auto* vertex = peekAs<OdDb2dVertex>(id);
+    const auto* vertex = getIf<OdDb2dVertex>(id);
     if (vertex == nullptr || (vertex->vertexFlags() & OdDbVertex::kSplineControl) != 0)
       continue; // the frame of a smoothed polyline does not show
     path.vertices.push_back({OdGePoint3d(vertex->position().x, vertex->position().y, polyline.elevation()),
@@ -68,7 +68,7 @@ Path positionsOf(const OdDbVertexOwner& owner, std::int16_t without, std::int16_
   Path path;
   OdGePoint3d position;
   for (OdDbObjectId id : owner.vertexIds()) {
-    const auto* vertex = peekAs<OdDbVertex>(id);
+    const auto* vertex = getIf<OdDbVertex>(id);
     const bool isWanted =
         vertex != nullptr && (vertex->vertexFlags() & without) == 0 && (vertex->vertexFlags() & with) == with;
     if (isWanted && positionOf(*vertex, position))
@@ -134,9 +134,9 @@ void drawFaceRecord(const OdDbFaceRecord& face, const Path& vertices, Canvas& ca
 void drawPolyFaceMesh(const OdDbPolyFaceMesh& mesh, Canvas& canvas) {
   Path vertices;
   for (OdDbObjectId id : mesh.vertexIds()) {
-    if (const auto* vertex = peekAs<OdDbPolyFaceMeshVertex>(id))
+    if (const auto* vertex = getIf<OdDbPolyFaceMeshVertex>(id))
       vertices.push_back(vertex->position());
-    else if (const auto* face = peekAs<OdDbFaceRecord>(id))
+    else if (const auto* face = getIf<OdDbFaceRecord>(id))
       drawFaceRecord(*face, vertices, canvas);
   }
 }

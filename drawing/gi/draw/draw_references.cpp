@@ -59,8 +59,8 @@ void addRepetitions(const OdDbBlockReference& reference, BlockInstance& instance
 } // namespace
 
 void drawReference(const OdDbBlockReference& reference, Canvas& canvas) {
-  const auto* block = peekAs<OdDbBlockTableRecord>(reference.blockTableRecord());
-  if (!lives(block))
+  const auto* block = getIf<OdDbBlockTableRecord>(reference.blockTableRecord());
+  if (!isAlive(block))
     return canvas.leaveOut("no-block");
   const OdDbDatabase* external = block->isFromExternalReference() ? block->xrefDatabase() : nullptr;
   const OdGePoint3d origin = external != nullptr ? external->getINSBASE() : block->origin();
@@ -111,7 +111,7 @@ OdGeMatrix3d viewportTransform(const OdDbViewport& viewport, const GroupList& vi
 }
 
 Path borderOf(const OdDbViewport& viewport, const GroupList& view) {
-  if (const auto* boundary = peekAs<OdDbEntity>(rawReference(view, 340)); lives(boundary)) {
+  if (const auto* boundary = getIf<OdDbEntity>(rawReference(view, 340)); isAlive(boundary)) {
     if (Path outline = outlineOf(*boundary); outline.size() > 2)
       return outline;
   }

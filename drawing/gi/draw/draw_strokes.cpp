@@ -36,7 +36,7 @@ void drawStroke(const Vertex& from, const Vertex& to, std::size_t stroke, const 
 class MlineDrawing {
 public:
   MlineDrawing(const OdDbMline& line, Canvas& canvas)
-      : line_(line), canvas_(canvas), style_(peekAs<OdDbMlineStyle>(line.style())) {
+      : line_(line), canvas_(canvas), style_(getIf<OdDbMlineStyle>(line.style())) {
     for (int i = 0; i < line.numVertices(); ++i)
       strokes_ = std::max(strokes_, line.vertexAt(i).strokes.size());
   }

@@ -68,7 +68,7 @@ std::shared_ptr<const Pattern> TraitResolver::patternOf(OdDbObjectId linetype) {
     return found->second;
   auto pattern = std::make_shared<Pattern>();
   double period = 0;
-  const auto* record = peekAs<OdDbLinetypeTableRecord>(linetype);
+  const auto* record = getIf<OdDbLinetypeTableRecord>(linetype);
   const GroupList* groups = record == nullptr ? nullptr : record->unmodelledGroupsOrNull();
   for (std::size_t i = 0; groups != nullptr && i < groups->size(); ++i) {
     const Group& group = (*groups)[i];
@@ -87,9 +87,9 @@ LayerTraits TraitResolver::layerTraits(OdDbObjectId layer, const LayerView& view
   LayerTraits traits = nowhere_;
   const OdString name = symbolName(layer);
   traits.isZero = name == L"0";
-  const auto* record = peekAs<OdDbLayerTableRecord>(layer);
+  const auto* record = getIf<OdDbLayerTableRecord>(layer);
   if (!view.prefix.isEmpty() && !traits.isZero) {
-    const auto* ofHost = peekAs<OdDbLayerTableRecord>(host_.symbol(OdDb::kLayerTable, view.prefix + name));
+    const auto* ofHost = getIf<OdDbLayerTableRecord>(host_.symbol(OdDb::kLayerTable, view.prefix + name));
     record = ofHost != nullptr ? ofHost : record;
   }
   if (record == nullptr)

@@ -82,7 +82,7 @@ Font fontNamed(const OdString& name) {
 }
 
 Font fontOfStyle(OdDbObjectId style) {
-  const auto* record = peekAs<OdDbTextStyleTableRecord>(style);
+  const auto* record = getIf<OdDbTextStyleTableRecord>(style);
   if (record == nullptr)
     return {};
   if (const std::optional<Font> noted = notedFont(*record))
@@ -94,17 +94,17 @@ Font fontOfStyle(OdDbObjectId style) {
 }
 
 bool isVerticalStyle(OdDbObjectId style) {
-  const auto* record = peekAs<OdDbTextStyleTableRecord>(style);
+  const auto* record = getIf<OdDbTextStyleTableRecord>(style);
   return record != nullptr && record->isVertical();
 }
 
 double widthFactorOfStyle(OdDbObjectId style) {
-  const auto* record = peekAs<OdDbTextStyleTableRecord>(style);
+  const auto* record = getIf<OdDbTextStyleTableRecord>(style);
   return record != nullptr && record->xScale() > 0 ? record->xScale() : 1;
 }
 
 double obliqueOfStyle(OdDbObjectId style) {
-  const auto* record = peekAs<OdDbTextStyleTableRecord>(style);
+  const auto* record = getIf<OdDbTextStyleTableRecord>(style);
   return record != nullptr ? record->obliquingAngle() : 0;
 }
 

@@ -14,10 +14,10 @@ public:
 class Round : public Shape {
 public:
   ODRX_DECLARE_MEMBERS(Round);
-  inline static int living = 0;
-  Round() { ++living; }
-  Round(const Round& other) : Shape(other) { ++living; }
-  ~Round() override { --living; }
+  inline static int alive = 0;
+  Round() { ++alive; }
+  Round(const Round& other) : Shape(other) { ++alive; }
+  ~Round() override { --alive; }
   int radius() const { return 5; }
 };
 
@@ -53,9 +53,9 @@ TEST(SmartPtr, CountsItsObject) {
     EXPECT_EQ(same->numRefs(), 1U);
     const OdSmartPtr<Shape> taken(same.detach(), kOdRxObjAttach);
     EXPECT_EQ(taken->numRefs(), 1U);
-    EXPECT_EQ(Round::living, 2);
+    EXPECT_EQ(Round::alive, 2);
   }
-  EXPECT_EQ(Round::living, 0);
+  EXPECT_EQ(Round::alive, 0);
 }
 
 TEST(SmartPtr, RefusesToFollowNull) {
