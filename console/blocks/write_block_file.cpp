@@ -137,7 +137,7 @@ void checkReadBack(const BlockFileRequest& request, const OdDbDatabase& made, co
   if (read.database.isNull())
     throw Failure{Status::SaveFailed,
                   {Text::kNotReadBack, {OdString::fromUtf8(request.path), OdString::fromUtf8(read.message)}}};
-  const bool containsAll = result.version >= made.facts().version;
+  const bool containsAll = result.version >= made.fileInfo().version;
   const DrawingCount given = countOf(made);
   if (read.report.outcome() == drawing::Outcome::Whole && (!containsAll || result.count == given))
     return;
@@ -191,7 +191,7 @@ BlockFile writeBlockFile(Session& session, const BlockFileRequest& request) {
   result.path = request.path;
   const OdDbDatabasePtr made = NewDrawing(session, request, result).make();
   result.version =
-      drawing::writtenVersion(request.version == OdDb::kVersionUnknown ? made->facts().version : request.version);
+      drawing::writtenVersion(request.version == OdDb::kVersionUnknown ? made->fileInfo().version : request.version);
   writeFile(session, *made, {request.path, result.version, request.form, request.mayReplace});
   const drawing::ReadResult read = drawing::readDrawing(request.path);
   if (!read.database.isNull()) {

@@ -93,7 +93,7 @@ drawing::Report openDrawing(Session& session, const std::string& path, bool list
   const bool repaired = read.report.outcome() != drawing::Outcome::Whole;
   session.replaceDrawing(read.database, path, repaired);
   session.print(Text::kOpened, {asText(path), count(objectsInModelSpace(*read.database)),
-                                asText(drawing::versionYear(read.database->facts().version))});
+                                asText(drawing::versionYear(read.database->fileInfo().version))});
   reportXrefs(session);
   if (repaired)
     reportRepaired(session, path, read.report, listsIssues);
@@ -163,7 +163,7 @@ bool isOwnFileRepaired(Session& session, const std::string& path) {
 }
 
 std::string versionToWrite(const OdDbDatabase& database, OdDb::DwgVersion wanted) {
-  const OdDb::DwgVersion version = wanted == OdDb::kVersionUnknown ? database.facts().version : wanted;
+  const OdDb::DwgVersion version = wanted == OdDb::kVersionUnknown ? database.fileInfo().version : wanted;
   return drawing::versionYear(drawing::writtenVersion(version));
 }
 

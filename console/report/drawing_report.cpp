@@ -23,7 +23,7 @@ OdString nameOf(OdDbObjectId id) {
 
 Header headerOf(const OdDbDatabase& database) {
   Header header;
-  header.acadver = drawing::versionSignature(database.facts().version);
+  header.acadver = drawing::versionSignature(database.fileInfo().version);
   const auto text = [&](const char* name, std::optional<OdString>& value) {
     if (database.hasHeaderVar(name))
       value = database.headerText(name);
@@ -89,7 +89,7 @@ Block blockOf(OdDbBlockTableRecord& record) {
   block.base = record.origin();
   block.description = record.comments();
   block.isAnnotative = isAnnotative(record);
-  const bool isOld = record.database()->facts().version < OdDb::kRelease2007; // files had no place for these
+  const bool isOld = record.database()->fileInfo().version < OdDb::kRelease2007; // files had no place for these
   if (!isOld) {
     block.isExplodable = record.explodable();
     block.isUniform = record.blockScaling() == OdDbBlockTableRecord::kUniform;

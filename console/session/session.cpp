@@ -177,7 +177,7 @@ void Session::closeCurrent() {
 void Session::savedAs(const std::string& path) {
   drawing_.path = path;
   drawing_.repaired = false;
-  database().facts().path = path; // where its external references are looked for
+  database().fileInfo().path = path; // where its external references are looked for
   drawing_.document->setFileName(host_.paths().toDrawing(path));
   drawing_.document->markSaved();
   host_.documents().setCurrent(drawing_.document.get());

@@ -48,13 +48,13 @@ Status runJob(SessionOptions settings, const Job& job) {
   Session session(settings);
   if (job.asks && session.mayAsk() && settings.connectUser)
     settings.connectUser(session);
-  Json facts = Json::object();
+  Json info = Json::object();
   const auto readOnly = [&](const std::function<void()>& work) {
     return session.attempt(job.name, Command::Kind::kReadOnly, work) == Status::Done;
   };
   const auto change = [&] {
     return !job.work ||
-           session.attempt(job.name, Command::Kind::kModifies, [&] { job.work(session, facts); }) == Status::Done;
+           session.attempt(job.name, Command::Kind::kModifies, [&] { job.work(session, info); }) == Status::Done;
   };
   const bool writes = !job.files.out.empty();
   const auto open = [&] {
@@ -73,14 +73,14 @@ Status runJob(SessionOptions settings, const Job& job) {
   if (done && job.printSummary)
     job.printSummary(session);
   if (done && writes) {
-    facts["file"] = job.files.out;
-    facts["version"] = versionToWrite(session.database(), job.files.version);
+    info["file"] = job.files.out;
+    info["version"] = versionToWrite(session.database(), job.files.version);
   }
   if (job.json) {
     const Json result = {{"version", 1},
                          {"command", job.name},
                          {"status", static_cast<int>(session.status())},
-                         {"results", done ? facts : Json::object()},
+                         {"results", done ? info : Json::object()},
                          {"messages", messagesOf(session)},
                          {"issues", report::issuesJson(session.issues())}};
     session.printReport(report::jsonText(result));

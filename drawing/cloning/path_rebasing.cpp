@@ -23,10 +23,10 @@ std::optional<OdString> rebased(const OdString& path, const OdDbDatabase& source
   OdString spelled = path;
   spelled.replace(L'\\', L'/');
   const fs::path named = spelled.toUtf8Lossless();
-  const std::string& own = target.facts().path;
-  if (named.empty() || source.facts().path.empty() || named.is_absolute() || startsAtADrive(spelled))
+  const std::string& own = target.fileInfo().path;
+  if (named.empty() || source.fileInfo().path.empty() || named.is_absolute() || startsAtADrive(spelled))
     return {};
-  const fs::path full = (fs::absolute(source.facts().path).parent_path() / named).lexically_normal();
+  const fs::path full = (fs::absolute(source.fileInfo().path).parent_path() / named).lexically_normal();
   FileStatus status;
   if (!fileOperations().stat(full.string(), status).ok())
     return {};

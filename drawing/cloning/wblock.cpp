@@ -89,10 +89,10 @@ void copyFrames(OdDbDatabase& source, OdDbDatabase& target, const OdDbIdMapping&
 
 OdDbDatabasePtr newBeside(const OdDbDatabase& source, const std::string& path) {
   OdDbDatabasePtr made = OdDbDatabase::create();
-  made->facts().version = source.facts().version;
-  made->facts().codePage = source.facts().codePage;
-  made->setHeaderText("DWGCODEPAGE", 3, OdString::fromUtf8(source.facts().codePage));
-  made->facts().path = path;
+  made->fileInfo().version = source.fileInfo().version;
+  made->fileInfo().codePage = source.fileInfo().codePage;
+  made->setHeaderText("DWGCODEPAGE", 3, OdString::fromUtf8(source.fileInfo().codePage));
+  made->fileInfo().path = path;
   return made;
 }
 
@@ -160,7 +160,7 @@ OdDbDatabasePtr wblockDrawing(const OdDbDatabase& database, const std::string& p
     const WriteScope scope(object);
     object.erase();
   }
-  made->facts().path = path;
+  made->fileInfo().path = path;
   for (const OdDbObjectId id : made->allIds()) {
     if (OdDbObject* object = lookup(id); isAlive(object))
       rebasePath(*object, database, *made);

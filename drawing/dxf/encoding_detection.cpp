@@ -40,11 +40,11 @@ struct Evidence {
 
 } // namespace
 
-Encoding encodingOf(const FileFacts& facts, GroupSource& source) {
-  const bool isUtf8 = facts.version >= OdDb::kRelease2007;
-  Encoding declared{isUtf8 ? std::string() : facts.codePage, isUtf8 ? TextCodec::Mode::Utf8 : TextCodec::Mode::CodePage,
+Encoding encodingOf(const FileInfo& info, GroupSource& source) {
+  const bool isUtf8 = info.version >= OdDb::kRelease2007;
+  Encoding declared{isUtf8 ? std::string() : info.codePage, isUtf8 ? TextCodec::Mode::Utf8 : TextCodec::Mode::CodePage,
                     false};
-  TextCodec page(facts.codePage);
+  TextCodec page(info.codePage);
   Evidence evidence;
   std::string buffer;
   for (RawGroup group; source.next(group);) {
@@ -53,11 +53,11 @@ Encoding encodingOf(const FileFacts& facts, GroupSource& source) {
     evidence.add(group.text);
     page.decode(group.text, buffer); // counts what is no character
   }
-  const int number = codePageNumber(facts.codePage);
+  const int number = codePageNumber(info.codePage);
   if (isUtf8) {
     const bool isOther = evidence.otherTexts != 0 && evidence.utf8Texts == 0 && page.undecodable() == 0 &&
                          page.isKnown() && number != kUtf8Page;
-    return isOther ? Encoding{facts.codePage, TextCodec::Mode::CodePage, true} : declared;
+    return isOther ? Encoding{info.codePage, TextCodec::Mode::CodePage, true} : declared;
   }
   const bool isAccident = hasDoubleBytes(number) && (evidence.characters < 3 || !evidence.longOnes);
   if (number == kUtf8Page || evidence.utf8Texts == 0 || evidence.otherTexts != 0 || isAccident)

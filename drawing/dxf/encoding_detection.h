@@ -23,6 +23,6 @@ struct Encoding {
 // - From 2007 on: none of them is UTF-8, and every byte is a character of the code page that the header names all the
 //   same.
 // Reads the source to its end.
-Encoding encodingOf(const FileFacts& facts, GroupSource& source);
+Encoding encodingOf(const FileInfo& info, GroupSource& source);
 
 } // namespace drawing::dxf

@@ -72,7 +72,7 @@ void Reader::readOutsideSections() {
   else if (record_[0].text == "EOF")
     sawEnd_ = true;
   else if (record_[0].code == 999)
-    database_.facts().comments.push_back(std::string(record_[0].text));
+    database_.fileInfo().comments.push_back(std::string(record_[0].text));
   else if (record_[0].text == "ENDSEC")
     builder_.report("dxf.stray-section-end", Severity::Repaired, "an end of a section without a section",
                     "it is dropped");
@@ -201,7 +201,7 @@ void Reader::readBlocks() {
     else
       builder_.reportSkipped("dxf.outside-block", "a record outside every block");
   }
-  if (database_.facts().version < OdDb::kRelease13)
+  if (database_.fileInfo().version < OdDb::kRelease13)
     builder_.orderBlocks();
 }
 
@@ -223,9 +223,9 @@ void Reader::readEntities() {
 
 // R12 and earlier have no objects.
 void Reader::correctVersion() {
-  if (database_.facts().version >= OdDb::kRelease13)
+  if (database_.fileInfo().version >= OdDb::kRelease13)
     return;
-  database_.facts().version = OdDb::kRelease2000;
+  database_.fileInfo().version = OdDb::kRelease2000;
   builder_.report("dxf.version-contradicted", Severity::Note,
                   "the file says an early version and holds objects of later ones",
                   "it is taken for one of version 2000");

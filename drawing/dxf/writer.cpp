@@ -61,7 +61,7 @@ bool isInEntitiesSection(const OdDbBlockTableRecord& block) {
 
 Writer::Writer(const OdDbDatabase& database, GroupSink& sink)
     : database_(database), to_(sink), leftOut_(database, sink.version()), filter_(sink, leftOut_),
-      sink_(sink.version() == database.facts().version ? sink : filter_) {}
+      sink_(sink.version() == database.fileInfo().version ? sink : filter_) {}
 
 bool Writer::isWritten(OdDbObjectId id) const {
   return isAlive(id) && !leftOut_.has(id);
@@ -69,7 +69,7 @@ bool Writer::isWritten(OdDbObjectId id) const {
 
 void Writer::run() {
   leftOut_.reportTo(to_);
-  for (const std::string& comment : database_.facts().comments)
+  for (const std::string& comment : database_.fileInfo().comments)
     sink_.utf8(999, comment);
   section("HEADER", &Writer::header);
   opaqueSections(true);
@@ -99,7 +99,7 @@ void Writer::header() {
   for (const OdDbHeader::Variable& variable : database_.header().variables()) {
     if (variable.name == "ACADVER")
       version();
-    else if (sink_.version() < database_.facts().version && !hasHeaderVariable(variable.name, sink_.version()))
+    else if (sink_.version() < database_.fileInfo().version && !hasHeaderVariable(variable.name, sink_.version()))
       missing += (missing.empty() ? "$" : ", $") + variable.name;
     else
       headerVariable(variable);
@@ -184,9 +184,10 @@ bool isPaperSpace(const OdDbBlockTableRecord& block) {
 }
 
 // The AcDbEntity section of an entity, with what follows from the block that it stands in.
-class FactSink final : public ForwardingSink {
+class RecordInfoSink final : public ForwardingSink {
 public:
-  FactSink(GroupSink& to, bool paper, const OdString& layout) : ForwardingSink(to), paper_(paper), layout_(layout) {}
+  RecordInfoSink(GroupSink& to, bool paper, const OdString& layout)
+      : ForwardingSink(to), paper_(paper), layout_(layout) {}
   void utf8(int code, std::string_view text) override {
     to_.utf8(code, text);
     if (code != 100 || text != "AcDbEntity" || !paper_)
@@ -205,8 +206,8 @@ private:
 
 void Writer::entity(OdDbObjectId id) {
   const OdDbObject& object = *lookup(id);
-  FactSink facts(sink_, inPaperSpace_, layoutName_);
-  RecordWriter(facts).whole(object);
+  RecordInfoSink info(sink_, inPaperSpace_, layoutName_);
+  RecordWriter(info).whole(object);
   const auto* owner = dynamic_cast<const OdDbSequenceOwner*>(&object);
   if (owner == nullptr)
     return;
@@ -215,10 +216,10 @@ void Writer::entity(OdDbObjectId id) {
     if (!isWritten(part))
       continue;
     any = true;
-    RecordWriter(facts).whole(*lookup(part));
+    RecordWriter(info).whole(*lookup(part));
   }
   if (any && isWritten(owner->sequenceEndId()))
-    RecordWriter(facts).whole(*lookup(owner->sequenceEndId()));
+    RecordWriter(info).whole(*lookup(owner->sequenceEndId()));
 }
 
 void Writer::block(const OdDbBlockTableRecord& record) {
@@ -226,8 +227,8 @@ void Writer::block(const OdDbBlockTableRecord& record) {
   inPaperSpace_ = isPaperSpace(record);
   layoutName_ = layout == nullptr ? OdString() : layout->getLayoutName();
   const OdDbObject& begin = *lookup(record.blockBeginId());
-  FactSink facts(sink_, inPaperSpace_, OdString());
-  RecordWriter writer(facts);
+  RecordInfoSink info(sink_, inPaperSpace_, OdString());
+  RecordWriter writer(info);
   writer.preamble(begin);
   GroupList sections;
   writeSubclasses(begin, sections);
@@ -237,10 +238,10 @@ void Writer::block(const OdDbBlockTableRecord& record) {
       at = sections.find(100, at + 1);
     return at;
   }();
-  sections.writeTo(facts, 0, std::min(own + 1, sections.size()));
+  sections.writeTo(info, 0, std::min(own + 1, sections.size()));
   blockHeader(record);
   if (own < sections.size())
-    sections.writeTo(facts, own + 1, sections.size() - own - 1);
+    sections.writeTo(info, own + 1, sections.size() - own - 1);
   writer.xData(begin);
   if (!isInEntitiesSection(record)) {
     for (OdDbObjectId id : record.members().ids()) {

@@ -36,7 +36,7 @@ OdResult OdDbViewport::getGeomExtents(OdGeExtents3d& extents) const {
 }
 
 void OdDbViewport::afterLoad() {
-  if (database()->facts().version >= OdDb::kRelease13 || xDataGroups() == nullptr)
+  if (database()->fileInfo().version >= OdDb::kRelease13 || xDataGroups() == nullptr)
     return;
   const drawing::GroupList view = drawing::viewportViewOf(*xDataGroups(), *database());
   if (view.empty())

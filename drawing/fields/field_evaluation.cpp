@@ -90,7 +90,7 @@ Computed headerVariable(const OdDbDatabase& database, const FieldCode& code) {
 
 Computed variable(const OdDbField&, const FieldCode& code, const OdDbDatabase& database) {
   if (code.argument.iCompare(L"Filename") == 0)
-    return formatted(formatFileName(OdString::fromUtf8(database.facts().path), code.format));
+    return formatted(formatFileName(OdString::fromUtf8(database.fileInfo().path), code.format));
   if (code.argument.iCompare(L"Date") == 0)
     return formatted(formatDate(now(), code.format));
   if (code.argument.iCompare(L"CreateDate") == 0)

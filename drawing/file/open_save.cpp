@@ -56,19 +56,19 @@ OdDb::DwgVersion nearestVersion(const std::string& signature) {
   return isNewer ? OdDb::kRelease2018 : OdDb::kRelease12;
 }
 
-FileFacts factsOf(std::string_view content, Report& report) {
-  FileFacts facts;
+FileInfo fileInfoOf(std::string_view content, Report& report) {
+  FileInfo info;
   const std::string signature = headerText(content, "$ACADVER");
-  facts.version = versionFromSignature(signature);
-  if (facts.version == OdDb::kVersionUnknown) {
-    facts.version = nearestVersion(signature);
+  info.version = versionFromSignature(signature);
+  if (info.version == OdDb::kVersionUnknown) {
+    info.version = nearestVersion(signature);
     if (!signature.empty())
       addHeaderIssue(report, "dxf.version-unknown", "the version \"" + signature + "\" is not known",
-                     "it is read as version " + std::string(versionYear(facts.version)));
+                     "it is read as version " + std::string(versionYear(info.version)));
   }
   if (const std::string page = headerText(content, "$DWGCODEPAGE"); !page.empty())
-    facts.codePage = page;
-  return facts;
+    info.codePage = page;
+  return info;
 }
 
 ReadResult refuse(OdResult code, std::string message) {
@@ -114,21 +114,20 @@ std::unique_ptr<dxf::GroupSource> sourceOf(std::string_view content, bool binary
   return std::make_unique<dxf::TextGroupSource>(content, report);
 }
 
-dxf::Encoding encodingFor(std::string_view content, const FileFacts& facts, const ReadOptions& options,
-                          Report& report) {
+dxf::Encoding encodingFor(std::string_view content, const FileInfo& info, const ReadOptions& options, Report& report) {
   if (!options.encoding.empty())
     return {options.encoding};
-  if (dxf::codePageNumber(facts.codePage) == 0)
-    addHeaderIssue(report, "dxf.code-page-unknown", "the code page \"" + facts.codePage + "\" is not known",
+  if (dxf::codePageNumber(info.codePage) == 0)
+    addHeaderIssue(report, "dxf.code-page-unknown", "the code page \"" + info.codePage + "\" is not known",
                    "texts are read as ANSI_1252 unless they are UTF-8");
   Report unheard; // the reading tells
   // Without other characters than ASCII there is nothing to learn from the texts.
-  const auto source = sourceOf(dxf::isAscii(content) ? std::string_view() : content, facts.binary, unheard);
-  const dxf::Encoding encoding = dxf::encodingOf(facts, *source);
+  const auto source = sourceOf(dxf::isAscii(content) ? std::string_view() : content, info.binary, unheard);
+  const dxf::Encoding encoding = dxf::encodingOf(info, *source);
   if (encoding.isContradicted)
     addHeaderIssue(report, "dxf.encoding-contradicted",
                    encoding.mode == dxf::TextCodec::Mode::Utf8
-                       ? "the texts are UTF-8 and not in the code page " + facts.codePage + " that the file declares"
+                       ? "the texts are UTF-8 and not in the code page " + info.codePage + " that the file declares"
                        : "the texts are not UTF-8, but in the code page " + encoding.page,
                    "they are read as what they are");
   return encoding;
@@ -137,12 +136,12 @@ dxf::Encoding encodingFor(std::string_view content, const FileFacts& facts, cons
 ReadResult readGroups(std::string_view content, const std::string& name, const ReadOptions& options, bool binary) {
   ReadResult result;
   result.report.limitMessages(options.budget.messages);
-  FileFacts facts = factsOf(content, result.report);
-  facts.binary = binary;
-  const dxf::Encoding encoding = encodingFor(content, facts, options, result.report);
+  FileInfo info = fileInfoOf(content, result.report);
+  info.binary = binary;
+  const dxf::Encoding encoding = encodingFor(content, info, options, result.report);
   dxf::TextCodec codec(encoding.page, encoding.mode);
   OdDbDatabasePtr database = OdDbDatabase::createEmpty();
-  database->facts() = facts;
+  database->fileInfo() = info;
   const auto source = sourceOf(content, binary, result.report);
   dxf::Reader reader(*database, *source, codec, result.report, options.budget);
   const OdResult code = reader.run();
@@ -205,14 +204,15 @@ ReadResult readDrawing(const std::string& path, const ReadOptions& options) {
     return refuse(error.code, error.text);
   ReadResult result = readDrawingFromMemory(file.text(), path, options);
   if (!result.database.isNull())
-    result.database->facts().path = path;
+    result.database->fileInfo().path = path;
   return result;
 }
 
 namespace {
 
 OdDb::DwgVersion targetVersion(const OdDbDatabase& database, const WriteOptions& options) {
-  const OdDb::DwgVersion wanted = options.version == OdDb::kVersionUnknown ? database.facts().version : options.version;
+  const OdDb::DwgVersion wanted =
+      options.version == OdDb::kVersionUnknown ? database.fileInfo().version : options.version;
   return writtenVersion(wanted);
 }
 
@@ -228,7 +228,7 @@ class CountingSink final : public GroupSink {
 };
 
 bool isBinary(const OdDbDatabase& database, WriteOptions::Form form) {
-  return form == WriteOptions::AsRead ? database.facts().binary : form == WriteOptions::Binary;
+  return form == WriteOptions::AsRead ? database.fileInfo().binary : form == WriteOptions::Binary;
 }
 
 // The first pass only counts: the header says which handles the file does not use.
@@ -245,9 +245,9 @@ void writeTo(const OdDbDatabase& given, const WriteOptions& options, const dxf::
   const OdDbDatabasePtr copy = options.asItIs ? nullptr : dxf::copyForVersion(given, version);
   const OdDbDatabase& database = copy.isNull() ? given : *copy;
   dxf::TextCodec codec = version >= OdDb::kRelease2007 ? dxf::TextCodec({}, dxf::TextCodec::Mode::Utf8)
-                                                       : dxf::TextCodec(database.facts().codePage);
+                                                       : dxf::TextCodec(database.fileInfo().codePage);
   codec.escapeLookalikes();
-  dxf::FormWriter::Target target{output, codec, version, version >= database.facts().version, losses};
+  dxf::FormWriter::Target target{output, codec, version, version >= database.fileInfo().version, losses};
   std::unique_ptr<dxf::FormWriter> sink;
   if (isBinary(database, options.form))
     sink = std::make_unique<dxf::BinaryWriter>(std::move(target));

@@ -31,7 +31,7 @@ std::vector<OdDbObjectId> attributesToChange(const OdDbDatabase& database, bool 
 OdDbDatabasePtr copyOf(const OdDbDatabase& database) {
   WriteOptions options;
   options.form = WriteOptions::Text;
-  options.version = std::max(database.facts().version, OdDb::kRelease2000);
+  options.version = std::max(database.fileInfo().version, OdDb::kRelease2000);
   options.asItIs = true;
   return readDrawingFromMemory(writeDrawingToMemory(database, options), "copy").database;
 }
@@ -40,14 +40,14 @@ OdDbDatabasePtr copyOf(const OdDbDatabase& database) {
 
 OdDbDatabasePtr copyForVersion(const OdDbDatabase& database, OdDb::DwgVersion version) {
   const bool isInside = version >= kTextInAttribute;
-  const bool isOwn = isInside && database.facts().version >= kTextInAttribute;
+  const bool isOwn = isInside && database.fileInfo().version >= kTextInAttribute;
   if (isOwn || version < OdDb::kRelease2000)
     return nullptr;
   const std::vector<OdDbObjectId> ids = attributesToChange(database, isInside);
   if (ids.empty())
     return nullptr;
   OdDbDatabasePtr copy = copyOf(database);
-  copy->facts() = database.facts();
+  copy->fileInfo() = database.fileInfo();
   for (OdDbObjectId id : ids) {
     auto& attribute = *static_cast<OdDbAttributeBase*>(lookup(copy->getOdDbObjectId(id.getHandle())));
     const WriteScope scope(attribute);

@@ -26,7 +26,7 @@ namespace drawing {
 class XrefTable;
 
 // Properties of the file that the drawing was read from, with which it is saved by default.
-struct FileFacts {
+struct FileInfo {
   OdDb::DwgVersion version = OdDb::kNewestVersion;
   bool binary = false;
   std::string codePage = "ANSI_1252"; // as the file names it
@@ -185,8 +185,8 @@ public:
   bool isThumbnailWritten() const { return retainsThumbnail_ || !hasOwnThumbnail_; }
 
   // File properties and preserved sections; changing them is not recorded for undo.
-  drawing::FileFacts& facts() { return facts_; }
-  const drawing::FileFacts& facts() const { return facts_; }
+  drawing::FileInfo& fileInfo() { return fileInfo_; }
+  const drawing::FileInfo& fileInfo() const { return fileInfo_; }
   std::vector<drawing::OpaqueSection>& opaqueSections() { return opaqueSections_; }
   const std::vector<drawing::OpaqueSection>& opaqueSections() const { return opaqueSections_; }
 
@@ -210,7 +210,7 @@ private:
   OdDbObjectId tables_[OdDb::kSymbolTableCount];
   OdDbObjectId namedObjects_;
   OdDbObjectId header_;
-  drawing::FileFacts facts_;
+  drawing::FileInfo fileInfo_;
   std::vector<drawing::OpaqueSection> opaqueSections_;
   drawing::Report insertReport_;
   int transactions_ = 0;

@@ -74,7 +74,7 @@ OdString DrawingBuilder::blockName() {
     if (group.code == 2)
       name = context_.text(group);
   }
-  const OdString* space = database_.facts().version < OdDb::kRelease13 ? spaceOfR12(name) : nullptr;
+  const OdString* space = database_.fileInfo().version < OdDb::kRelease13 ? spaceOfR12(name) : nullptr;
   return space == nullptr ? name : *space;
 }
 
@@ -115,7 +115,7 @@ OdDbBlockTableRecord& DrawingBuilder::blockOf(const ReadObject& begin) {
 // Files of R12 have no block table; there a record made for a block is not an issue.
 void DrawingBuilder::addPlaceholder(OdDbBlockTableRecord& record) {
   placeholders_.insert(record.objectId());
-  if (database_.facts().version >= OdDb::kRelease13)
+  if (database_.fileInfo().version >= OdDb::kRelease13)
     withoutRecord_.emplace_back(record.objectId(), (*record_)[0].line);
 }
 

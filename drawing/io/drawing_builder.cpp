@@ -62,7 +62,7 @@ OdResult DrawingBuilder::finish() {
 }
 
 void DrawingBuilder::reportWithoutHandle() {
-  if (withoutHandle_ == 0 || database_.facts().version < OdDb::kRelease13)
+  if (withoutHandle_ == 0 || database_.fileInfo().version < OdDb::kRelease13)
     return;
   context_.begin("", firstWithoutHandle_);
   report("dxf.handle-missing", Severity::Note,

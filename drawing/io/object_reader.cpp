@@ -79,64 +79,64 @@ OdSmartPtr<OdDbObject> makeOpaque(std::string_view name, bool isEntity, bool unp
 
 ReadObject ObjectReader::read(const Record& record, bool isEntity) {
   const std::string_view name = record[0].text;
-  ReadObject facts;
+  ReadObject info;
   context_.begin(name, record[0].line);
   if (OdRxClass* known = chooseClass(name, record);
       known != nullptr && known->isDerivedFrom(OdDbEntity::desc()) == isEntity) {
-    facts.object = known->create();
-    fill(record, *facts.object, facts);
+    info.object = known->create();
+    fill(record, *info.object, info);
     if (context_.failed())
       return readUnparsed(record, isEntity);
     ++context_.report().counts.read;
-    return facts;
+    return info;
   }
-  facts.object = makeOpaque(name, isEntity, false);
-  fill(record, *facts.object, facts);
+  info.object = makeOpaque(name, isEntity, false);
+  fill(record, *info.object, info);
   if (context_.failed())
     return readUnparsed(record, isEntity);
   ++context_.report().counts.opaque;
-  return facts;
+  return info;
 }
 
 // Everything but handle, owner and what hangs on the object is kept to the letter.
 ReadObject ObjectReader::readUnparsed(const Record& record, bool isEntity) {
-  ReadObject facts;
-  facts.object = makeOpaque(record[0].text, isEntity, true);
+  ReadObject info;
+  info.object = makeOpaque(record[0].text, isEntity, true);
   const std::size_t xData = xDataStart(record);
-  for (std::size_t i = readPreamble(record, *facts.object, facts); i < xData; ++i) {
-    context_.append(facts.object->extrasForLoad().unmodelledGroups, record[i]);
+  for (std::size_t i = readPreamble(record, *info.object, info); i < xData; ++i) {
+    context_.append(info.object->extrasForLoad().unmodelledGroups, record[i]);
     if (record[i].code == 67)
-      takeEntityFact(record[i], facts);
+      takeEntityInfo(record[i], info);
   }
-  readXData(record, xData, *facts.object);
+  readXData(record, xData, *info.object);
   ++context_.report().counts.unparsed;
-  return facts;
+  return info;
 }
 
-void ObjectReader::fill(const Record& record, OdDbObject& object, ReadObject& facts, OdDbObject* second,
+void ObjectReader::fill(const Record& record, OdDbObject& object, ReadObject& info, OdDbObject* second,
                         const SubclassLayout* secondSubclass) {
-  const std::size_t from = readPreamble(record, object, facts);
+  const std::size_t from = readPreamble(record, object, info);
   if (hasMarkers(record))
-    fillSubclasses(record, from, object, facts, second, secondSubclass);
+    fillSubclasses(record, from, object, info, second, secondSubclass);
   else
-    fillWithoutMarkers(record, from, object, facts, second, secondSubclass);
+    fillWithoutMarkers(record, from, object, info, second, secondSubclass);
   readXData(record, xDataStart(record), object);
 }
 
 // Handle, application groups and owner stand in front of the first marker.
-std::size_t ObjectReader::readPreamble(const Record& record, OdDbObject& object, ReadObject& facts) {
-  const int handle = handleCode(record, context_.database().facts().version);
+std::size_t ObjectReader::readPreamble(const Record& record, OdDbObject& object, ReadObject& info) {
+  const int handle = handleCode(record, context_.database().fileInfo().version);
   std::size_t i = 1;
   while (i < record.size()) {
     const RawGroup& group = record[i];
-    if (group.code == handle && facts.handle == 0) {
-      context_.handle(group, facts.handle);
-      context_.setHandle(facts.handle);
+    if (group.code == handle && info.handle == 0) {
+      context_.handle(group, info.handle);
+      context_.setHandle(info.handle);
     } else if (group.code == 102) {
       i = readApplicationGroup(record, i, object);
       continue;
-    } else if (group.code == 330 && facts.owner.isNull()) {
-      facts.owner = context_.reference(group);
+    } else if (group.code == 330 && info.owner.isNull()) {
+      info.owner = context_.reference(group);
     } else {
       break;
     }
@@ -181,20 +181,20 @@ std::size_t ObjectReader::readApplicationGroup(const Record& record, std::size_t
 }
 
 // Groups of entities that are not kept because they follow from where the entity is.
-bool ObjectReader::takeEntityFact(const RawGroup& group, ReadObject& facts) {
+bool ObjectReader::takeEntityInfo(const RawGroup& group, ReadObject& info) {
   std::int64_t whole = 0;
   if (group.code == 67) {
-    facts.inPaperSpace = context_.integer(group, whole) && whole != 0;
+    info.inPaperSpace = context_.integer(group, whole) && whole != 0;
     return true;
   }
   if (group.code == 410) {
-    facts.layoutName = context_.text(group);
+    info.layoutName = context_.text(group);
     return true;
   }
   return false;
 }
 
-void ObjectReader::fillSubclasses(const Record& record, std::size_t from, OdDbObject& object, ReadObject& facts,
+void ObjectReader::fillSubclasses(const Record& record, std::size_t from, OdDbObject& object, ReadObject& info,
                                   OdDbObject* second, const SubclassLayout* secondSubclass) {
   static const SubclassLayout none;
   const auto& subclasses = object.description().subclasses();
@@ -222,12 +222,12 @@ void ObjectReader::fillSubclasses(const Record& record, std::size_t from, OdDbOb
     }
     for (i += hasMarker ? 1 : 0; i < xData && record[i].code != 100; ++i) {
       if (record[i].code == 66 && isEntity)
-        facts.attributesFollow = true;
+        info.attributesFollow = true;
       takesCommon = takesCommon && record[i].code != 101; // an embedded object has groups of its own
       if (other.take(record[i]) || (!isCommon && own.take(record[i])))
         continue;
       const bool mayBeCommon = takesCommon && (isCommon || isPlainProperty(record[i].code));
-      if (mayBeCommon && (common.take(record[i]) || takeEntityFact(record[i], facts)))
+      if (mayBeCommon && (common.take(record[i]) || takeEntityInfo(record[i], info)))
         continue;
       unmodelled = &object.extrasForLoad().unmodelledGroups;
       if (!markerAppended)
@@ -240,7 +240,7 @@ void ObjectReader::fillSubclasses(const Record& record, std::size_t from, OdDbOb
 }
 
 // Files of early versions have no markers: every group goes to the first section that takes it.
-void ObjectReader::fillWithoutMarkers(const Record& record, std::size_t from, OdDbObject& object, ReadObject& facts,
+void ObjectReader::fillWithoutMarkers(const Record& record, std::size_t from, OdDbObject& object, ReadObject& info,
                                       OdDbObject* second, const SubclassLayout* secondSubclass) {
   std::vector<SubclassReader> readers;
   if (secondSubclass != nullptr)
@@ -251,8 +251,8 @@ void ObjectReader::fillWithoutMarkers(const Record& record, std::size_t from, Od
   const bool isEntity = object.isKindOf(OdDbEntity::desc());
   for (std::size_t i = from; i < xData; ++i) {
     if (record[i].code == 66 && isEntity)
-      facts.attributesFollow = true;
-    bool taken = isEntity && takeEntityFact(record[i], facts);
+      info.attributesFollow = true;
+    bool taken = isEntity && takeEntityInfo(record[i], info);
     for (std::size_t r = 0; r < readers.size() && !taken; ++r)
       taken = readers[r].take(record[i]);
     if (!taken)

@@ -25,18 +25,18 @@ public:
   ReadObject read(const Record& record, bool isEntity);
   // Fills an object that is there already (records of tables, headers of blocks). `second` is asked in every section
   // of its marker before the object's own: a block's head belongs to its table record.
-  void fill(const Record& record, OdDbObject& object, ReadObject& facts, OdDbObject* second = nullptr,
+  void fill(const Record& record, OdDbObject& object, ReadObject& info, OdDbObject* second = nullptr,
             const SubclassLayout* secondSubclass = nullptr);
 
 private:
-  void fillSubclasses(const Record& record, std::size_t from, OdDbObject& object, ReadObject& facts, OdDbObject* second,
+  void fillSubclasses(const Record& record, std::size_t from, OdDbObject& object, ReadObject& info, OdDbObject* second,
                       const SubclassLayout* secondSubclass);
-  void fillWithoutMarkers(const Record& record, std::size_t from, OdDbObject& object, ReadObject& facts,
+  void fillWithoutMarkers(const Record& record, std::size_t from, OdDbObject& object, ReadObject& info,
                           OdDbObject* second, const SubclassLayout* secondSubclass);
-  std::size_t readPreamble(const Record& record, OdDbObject& object, ReadObject& facts);
+  std::size_t readPreamble(const Record& record, OdDbObject& object, ReadObject& info);
   void skip(const RawGroup& group);
   std::size_t readApplicationGroup(const Record& record, std::size_t at, OdDbObject& object);
-  bool takeEntityFact(const RawGroup& group, ReadObject& facts);
+  bool takeEntityInfo(const RawGroup& group, ReadObject& info);
   void readXData(const Record& record, std::size_t from, OdDbObject& object);
   ReadObject readUnparsed(const Record& record, bool isEntity);
 

@@ -21,7 +21,7 @@ bool hasBodyElsewhere(const OdDbObject& object) {
 } // namespace
 
 LeftOut::LeftOut(const OdDbDatabase& database, OdDb::DwgVersion version) {
-  if (version >= OdDb::kRelease2013 || database.facts().version < OdDb::kRelease2013)
+  if (version >= OdDb::kRelease2013 || database.fileInfo().version < OdDb::kRelease2013)
     return;
   for (OdDbObjectId id : database.allIds()) {
     const OdDbObject* object = lookup(id);

@@ -126,7 +126,7 @@ RenameResult renameRecord(OdDbDatabase& database, OdDb::SymbolTableKind kind, co
     return RenameResult::Unknown;
   if (const RenameResult refused = mayRename(*record); refused != RenameResult::Done)
     return refused;
-  if (nameFault(to, database.facts().version) != NameFault::None)
+  if (nameFault(to, database.fileInfo().version) != NameFault::None)
     return RenameResult::Illegal;
   const OdDbObjectId existing = database.symbol(kind, to);
   if (!existing.isNull() && existing != id)

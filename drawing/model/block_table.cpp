@@ -106,7 +106,7 @@ OdDbDatabase* OdDbBlockTableRecord::xrefDatabase(bool includeUnresolved) const {
 }
 
 void OdDbBlockTableRecord::afterLoad() {
-  if (database()->facts().version < OdDb::kRelease2007 && xDataGroups() != nullptr)
+  if (database()->fileInfo().version < OdDb::kRelease2007 && xDataGroups() != nullptr)
     drawing::takeUnits(extrasForLoad().xData, units_);
 }
 

@@ -56,7 +56,7 @@ void LoadContext::setLineOf(OdDbObjectId id, std::uint64_t line) {
 
 void LoadContext::addIssue(Issue issue, const RawGroup* group) {
   issue.line = group != nullptr ? group->line : line_;
-  issue.isOffset = database_.facts().binary;
+  issue.isOffset = database_.fileInfo().binary;
   issue.groupCode = group != nullptr ? group->code : -1;
   issue.handle = handle_;
   issue.section = section_;

@@ -49,7 +49,7 @@ public:
   Loading(const XrefLoader& loader, const XrefLimits& limits) : loader_(loader), limits_(limits) {}
 
   Report run(OdDbDatabase& host) {
-    Known& known = known_[keyOf(host.facts().path)];
+    Known& known = known_[keyOf(host.fileInfo().path)];
     known.database = OdDbDatabasePtr(&host);
     enter(known);
     while (!stack_.empty()) {
@@ -123,7 +123,7 @@ void Loading::note(const OdDbBlockTableRecord& block, const char* code, const st
   if (!isNested())
     issue.handle = block.getDbHandle();
   issue.found = "external reference \"" + block.getName().toUtf8Lossless() + "\"" +
-                (isNested() ? " in \"" + referring().facts().path + "\"" : std::string()) + ": " + found;
+                (isNested() ? " in \"" + referring().fileInfo().path + "\"" : std::string()) + ": " + found;
   issue.done = "it stays as it is";
   report_.add(std::move(issue));
 }

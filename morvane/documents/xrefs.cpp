@@ -52,7 +52,7 @@ std::optional<OdString> fileBelow(const PathMap& paths, const fs::path& folder, 
 
 std::optional<OdString> findBeside(const PathMap& paths, const SearchPath& search, const OdString& saved,
                                    const OdDbDatabase& from) {
-  const std::string& path = from.facts().path;
+  const std::string& path = from.fileInfo().path;
   const auto beside = [&](const OdString& name) {
     return path.empty() ? std::nullopt : fileBelow(paths, fs::path(path).parent_path(), name);
   };

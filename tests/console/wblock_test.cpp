@@ -112,7 +112,7 @@ TEST_F(WblockVerb, WritesEveryBlockOrNothing) {
   run("--every-block $O/b --as 2000", 1);
   EXPECT_EQ(readFile(path("b/door.dxf")), before);
   run("--every-block $O/b --as 2000 --force --no-anonymous", 0);
-  EXPECT_EQ(drawing::readDrawing(path("b/door.dxf")).database->facts().version, OdDb::kRelease2000);
+  EXPECT_EQ(drawing::readDrawing(path("b/door.dxf")).database->fileInfo().version, OdDb::kRelease2000);
   EXPECT_EQ(Json::parse(readFile(path("b/manifest.json")))["leftOut"][1]["reason"], "anonymous");
   run("--every-block $O/none/b", 6);
 

@@ -36,7 +36,7 @@ TEST(Reading, AccountsForEveryRecord) {
                                                     "dxf.record-in-header",      "dxf.record-outside-table",
                                                     "dxf.wrong-record-in-table", "dxf.stray-sequence-end"};
   corpus::forEachDrawing([&](const std::string& path, const drawing::ReadResult& read) {
-    if (read.database->facts().binary || read.report.has("dxf.group-code-expected"))
+    if (read.database->fileInfo().binary || read.report.has("dxf.group-code-expected"))
       return; // there is nothing to count by
     const auto& counts = read.report.counts;
     EXPECT_EQ(counts.read + counts.opaque + counts.unparsed + counts.dropped,

@@ -41,8 +41,8 @@ std::vector<File> files() {
 
 // Dump equality after a write and a read, in both forms of files. Files of R12 number entities alone.
 void expectComesBack(const OdDbDatabase& database) {
-  const auto dumpForm =
-      database.facts().version < OdDb::kRelease13 ? drawing::DumpForm::WithoutHandles : drawing::DumpForm::WithHandles;
+  const auto dumpForm = database.fileInfo().version < OdDb::kRelease13 ? drawing::DumpForm::WithoutHandles
+                                                                       : drawing::DumpForm::WithHandles;
   const std::string dump = drawing::canonicalDump(database, dumpForm);
   for (const auto form : {drawing::WriteOptions::Text, drawing::WriteOptions::Binary}) {
     SCOPED_TRACE(form == drawing::WriteOptions::Text ? "text" : "binary");
@@ -98,13 +98,13 @@ TEST(RoundTrip, OtherVersionsAreSoundAndStable) {
       const std::string bytes = drawing::writeDrawingToMemory(*read.database, options, &written);
       const drawing::ReadResult again = drawing::readDrawingFromMemory(bytes);
       ASSERT_FALSE(again.database.isNull()) << again.message;
-      EXPECT_EQ(again.database->facts().version, options.version);
+      EXPECT_EQ(again.database->fileInfo().version, options.version);
       if (read.report.outcome() == drawing::Outcome::Whole) {
         for (const drawing::Issue& issue : again.report.issues())
           EXPECT_TRUE(isNothingWrong(issue)) << drawing::describe(issue);
       }
       expectComesBack(*again.database);
-      if (options.version >= read.database->facts().version) {
+      if (options.version >= read.database->fileInfo().version) {
         EXPECT_EQ(written.report.outcome(), drawing::Outcome::Whole) << drawing::describe(written.report.issues()[0]);
       }
     }

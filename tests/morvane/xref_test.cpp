@@ -36,13 +36,13 @@ protected:
   // What a document of the site folder loads for that reference.
   OdDbDatabase* loadedFor(const OdString& saved) {
     opened_ = OdDbDatabase::create();
-    opened_->facts().path = (root_ / "site/main.dxf").string();
+    opened_->fileInfo().path = (root_ / "site/main.dxf").string();
     const OdDbObjectId block = addXref(*opened_, saved);
     host_.host().documents().open(opened_, L"P:\\site\\main.dxf");
     return forRead<OdDbBlockTableRecord>(block)->xrefDatabase();
   }
   std::string pathOf(const OdDbDatabase* external) { // below the root
-    return external == nullptr ? "" : fs::path(external->facts().path).lexically_relative(root_).string();
+    return external == nullptr ? "" : fs::path(external->fileInfo().path).lexically_relative(root_).string();
   }
 
   OdDbDatabasePtr opened_;
@@ -110,7 +110,7 @@ TEST_F(ExternalReferences, OfAnInsertedDrawingGoOnNamingTheirFiles) {
   const OdDbDatabasePtr source = drawing::readDrawing((root_ / "library/kit/part.dxf").string()).database;
   for (const bool hasFile : {true, false}) {
     const OdDbDatabasePtr database = OdDbDatabase::create();
-    database->facts().path = hasFile ? (root_ / "site/main.dxf").string() : std::string();
+    database->fileInfo().path = hasFile ? (root_ / "site/main.dxf").string() : std::string();
     ASSERT_FALSE(database->insert(L"part", source.get(), true).isNull());
     host_.host().documents().open(database);
     const auto xref = forRead<OdDbBlockTableRecord>(database->symbol(OdDb::kBlockTable, L"xref"));
@@ -130,7 +130,7 @@ TEST_F(ExternalReferences, HaveAHeaderOfTheirOwn) {
 
 TEST_F(ExternalReferences, AreFoundByTheServicesOfTheHost) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
-  database->facts().path = (root_ / "elsewhere/main.dxf").string();
+  database->fileInfo().path = (root_ / "elsewhere/main.dxf").string();
   host_.host().documents().open(OdDbDatabase::create(), L"P:\\site\\main.dxf");
   const MvdbSystemServices& services = mvdbSystemServices();
   EXPECT_EQ(services.findFile(L"plan.dxf"), OdString(L"P:\\site\\plan.dxf"));

@@ -48,7 +48,8 @@ void expectUndoRestores(OdDbDatabase& database, const std::function<void()>& cha
 static OdDbDatabasePtr readBack(const OdDbDatabase& database, drawing::WriteOptions::Form form) {
   SCOPED_TRACE(form == drawing::WriteOptions::Binary ? "binary" : "text");
   // What came earlier than 2000 has no objects to keep.
-  const drawing::WriteOptions options{.form = form, .version = std::max(database.facts().version, OdDb::kRelease2000)};
+  const drawing::WriteOptions options{.form = form,
+                                      .version = std::max(database.fileInfo().version, OdDb::kRelease2000)};
   drawing::WriteResult written;
   drawing::ReadResult read = drawing::readDrawingFromMemory(drawing::writeDrawingToMemory(database, options, &written));
   if (written.report.has("dxf.value-not-in-binary"))

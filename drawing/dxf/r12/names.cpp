@@ -51,7 +51,7 @@ R12Names::R12Names(const OdDbDatabase& database) {
 }
 
 void R12Names::addTable(const OdDbDatabase& database, OdDb::SymbolTableKind kind) {
-  const bool isOwn = database.facts().version < OdDb::kRelease13;
+  const bool isOwn = database.fileInfo().version < OdDb::kRelease13;
   const auto& table = *getIf<OdDbSymbolTable>(database.getSymbolTableId(kind));
   std::unordered_set<std::string> taken;
   std::vector<Change> wanted;

@@ -74,7 +74,7 @@ void R12Writer::lost(const OdDbObject& object, const char* code, Severity severi
 
 void R12Writer::run() {
   names_.reportChanges(sink_);
-  for (const std::string& comment : database_.facts().comments)
+  for (const std::string& comment : database_.fileInfo().comments)
     sink_.utf8(999, comment);
   section("HEADER", &R12Writer::header);
   section("TABLES", &R12Writer::tables);
@@ -94,7 +94,7 @@ void R12Writer::section(const char* name, void (R12Writer::*write)()) {
 void R12Writer::header() {
   sink_.utf8(9, "$ACADVER");
   sink_.utf8(1, versionSignature(OdDb::kRelease12));
-  const bool isOwn = database_.facts().version < OdDb::kRelease13;
+  const bool isOwn = database_.fileInfo().version < OdDb::kRelease13;
   for (const OdDbHeader::Variable& variable : database_.header().variables()) {
     // What came in a file of R12 stays, whatever program wrote it.
     const bool known = isOwn || hasHeaderVariable(variable.name, OdDb::kRelease12);
@@ -197,7 +197,7 @@ void R12Writer::entities() {
 
 void R12Writer::entity(OdDbObjectId id) {
   const auto& entity = *static_cast<const OdDbEntity*>(lookup(id));
-  const bool isOpaque = entity.isKindOf(OdDbOpaqueEntity::desc()) && database_.facts().version < OdDb::kRelease13;
+  const bool isOpaque = entity.isKindOf(OdDbOpaqueEntity::desc()) && database_.fileInfo().version < OdDb::kRelease13;
   if (isR12Kind(entity.dxfName()) || isOpaque)
     return native(entity);
   GroupList groups;
@@ -259,7 +259,7 @@ void R12Writer::record(const OdDbObject& object, const GroupList& groups, bool w
     sink_.handle(5, object.getDbHandle());
   const std::optional<OdString> lines = linesAsOne(object);
   // What came from a file of that version and nobody knows goes back as it came.
-  const bool keepsAll = object.isKindOf(OdDbOpaqueEntity::desc()) && database_.facts().version < OdDb::kRelease13;
+  const bool keepsAll = object.isKindOf(OdDbOpaqueEntity::desc()) && database_.fileInfo().version < OdDb::kRelease13;
   std::string_view lastReported;
   for (std::size_t i = 0; i < groups.size() && groups[i].code != 101; ++i) {
     const Group& one = groups[i];
@@ -328,7 +328,7 @@ void R12Writer::begin(const char* kind, const OdDbEntity& source) {
 
 // What stands in no table and no block: R12 has no place for it.
 void R12Writer::reportDictionaries() {
-  if (database_.facts().version < OdDb::kRelease13)
+  if (database_.fileInfo().version < OdDb::kRelease13)
     return; // nothing of that was in the file
   std::map<std::string, std::size_t> kinds;
   for (OdDbObjectId id : database_.allIds()) {

@@ -182,7 +182,7 @@ TEST_F(Wblock, PathsOfFilesAreTurnedToTheNewFolder) {
   const ScratchFolder folder;
   for (const char* file : {"site.dxf", "tree.png"})
     std::ofstream(folder.at(file)) << "there";
-  source->facts().path = folder.at("plan.dxf");
+  source->fileInfo().path = folder.at("plan.dxf");
   const OdDbObjectId site = addBlock(*source, L"site"), gone = addBlock(*source, L"gone");
   forWrite<OdDbBlockTableRecord>(site)->setXref(L".\\site.dxf");
   forWrite<OdDbBlockTableRecord>(gone)->setXref(L".\\gone.dxf");

@@ -34,8 +34,8 @@ TEST(BinaryForm, EarlyFilesHaveCodesOfOneByte) {
                             std::string("\3\0", 2) + // colour
                             std::string("\377\351\3ACAD\0", 8) + std::string("\377\57\4\377\377\377\377", 7);
   const ReadResult read = readWell(r12File(point));
-  EXPECT_TRUE(read.database->facts().binary);
-  EXPECT_EQ(read.database->facts().version, OdDb::kRelease12);
+  EXPECT_TRUE(read.database->fileInfo().binary);
+  EXPECT_EQ(read.database->fileInfo().version, OdDb::kRelease12);
   const OdDbEntityPtr entity(read.database->getOdDbObjectId(0xA1).safeOpenObject());
   EXPECT_EQ(entity->layer(), OdString(L"wall"));
   EXPECT_EQ(entity->colorIndex(), 3);

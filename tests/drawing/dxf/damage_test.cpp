@@ -166,7 +166,7 @@ TEST(Damage, OddFilesAreReadWhole) {
     EXPECT_EQ(read.report.counts.dropped, 0u) << row.what;
     EXPECT_TRUE(read.database->symbol(OdDb::kBlockTable, L"*Model_Space-2").isNull()) << row.what;
   }
-  EXPECT_EQ(readWell(drawn(line(""), "AC1050")).database->facts().version, OdDb::kRelease2018);
+  EXPECT_EQ(readWell(drawn(line(""), "AC1050")).database->fileInfo().version, OdDb::kRelease2018);
 }
 
 TEST(Damage, NamesWithoutObjectsAreKept) {

@@ -96,7 +96,7 @@ OdDbObjectId family(OdDbDatabase& database, const std::vector<OdString>& codes) 
 
 TEST(FieldEvaluation, ComputesWhatNeedsNoProgramAndKeepsTheRest) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
-  database->facts().path = "/plans/north/house.v2.dxf";
+  database->fileInfo().path = "/plans/north/house.v2.dxf";
   database->setHeaderReal("LTSCALE", 40, 1234.5);
   database->setHeaderInt("LUPREC", 70, 2);
   database->setHeaderReal("TDCREATE", 40, 2460311.0 + (15 * 3600 + 4 * 60 + 9) / 86400.0); // 1 January 2024

@@ -79,7 +79,7 @@ TEST(Versions, EveryOneHoldsTheSameDrawing) {
   for (const char* year : {"2000", "2004", "2007", "2010", "2013", "2018"}) {
     const OdDb::DwgVersion version = drawing::versionFromYear(year);
     const ReadResult read = readWell(drawing::writeDrawingToMemory(*database, {.version = version}));
-    EXPECT_EQ(read.database->facts().version, version) << year;
+    EXPECT_EQ(read.database->fileInfo().version, version) << year;
     EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*read.database)), "") << year;
   }
 }

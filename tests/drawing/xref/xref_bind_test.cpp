@@ -62,10 +62,10 @@ protected:
     loader.open = [this](const std::string& path) {
       drawing::ReadResult read;
       read.database = files_[path];
-      read.database->facts().path = path;
+      read.database->fileInfo().path = path;
       return read;
     };
-    host_->facts().path = "host.dxf";
+    host_->fileInfo().path = "host.dxf";
     drawing::loadXrefs(*host_, loader);
   }
   std::string bind() {

@@ -44,13 +44,13 @@ public:
               ++opened[path];
               drawing::ReadResult read = drawing::readDrawingFromMemory(files[path], path);
               if (!read.database.isNull())
-                read.database->facts().path = path;
+                read.database->fileInfo().path = path;
               return read;
             }};
   }
   OdDbDatabasePtr host(const std::string& path) {
     OdDbDatabasePtr database = drawing::readDrawingFromMemory(files[path], path).database;
-    database->facts().path = path;
+    database->fileInfo().path = path;
     return database;
   }
   std::map<std::string, std::string> files;
