@@ -53,7 +53,7 @@ int handleCode(const Record& record, OdDb::DwgVersion version) {
 
 // Properties that some programs write behind a later marker. Other codes of entities (48, 420, 440) mean something else
 // there.
-bool isPlainProperty(int code) {
+bool isCommonProperty(int code) {
   return code == 6 || code == 8 || code == 62 || code == 67 || code == 370 || code == 410;
 }
 
@@ -226,7 +226,7 @@ void ObjectReader::fillSubclasses(const Record& record, std::size_t from, OdDbOb
       takesCommon = takesCommon && record[i].code != 101; // an embedded object has groups of its own
       if (other.take(record[i]) || (!isCommon && own.take(record[i])))
         continue;
-      const bool mayBeCommon = takesCommon && (isCommon || isPlainProperty(record[i].code));
+      const bool mayBeCommon = takesCommon && (isCommon || isCommonProperty(record[i].code));
       if (mayBeCommon && (common.take(record[i]) || takeEntityInfo(record[i], info)))
         continue;
       unmodelled = &object.extrasForLoad().unmodelledGroups;

@@ -84,7 +84,7 @@ bool VersionFilter::has(int code, double value) {
   const bool ofFill = std::exchange(afterFill_, rule != nullptr && code == 69) && code == 70;
   if (rule == nullptr)
     return !ofGradient && !ofFill;
-  if (!rule->isPlain(value))
+  if (!rule->isNeutral(value))
     reportOmittedGroup(*rule, code);
   return false;
 }
@@ -98,7 +98,7 @@ void VersionFilter::leftOut(int code, std::string_view marker, double value) {
   const GroupRule* rule = missingGroup(kind_, marker, code, version());
   if (rule == nullptr)
     to_.leftOut(code, marker, value);
-  else if (!rule->isPlain(value))
+  else if (!rule->isNeutral(value))
     reportOmittedGroup(*rule, code);
 }
 

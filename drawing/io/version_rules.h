@@ -18,10 +18,10 @@ struct GroupRule {
   int first, last;         // codes
   OdDb::DwgVersion since;
   const char* what;
-  double plain = kNoPlain; // values that say no more than its absence
-  double alsoPlain = kNoPlain;
-  static constexpr double kNoPlain = -1e300;
-  bool isPlain(double value) const { return value == plain || value == alsoPlain; }
+  double neutral = kNoNeutral; // values that say no more than its absence
+  double otherNeutral = kNoNeutral;
+  static constexpr double kNoNeutral = -1e300;
+  bool isNeutral(double value) const { return value == neutral || value == otherNeutral; }
 };
 
 // The rule by which a version does not have the group; null when it has it.

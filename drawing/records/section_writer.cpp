@@ -168,10 +168,10 @@ void writeSubclass(const OdDbObject& object, const SubclassLayout& subclass, Gro
     // The address is only read through: descriptions serve reading and writing alike.
     const void* at = field.at(const_cast<OdDbObject&>(object));
     const bool tooNew = field.since > sink.version() && !(field.optional && sink.keepsNewer());
-    const bool isPlain = (field.optional || tooNew) && isDefault(field, at);
-    if (tooNew && !isPlain && !field.readOnly && !field.elsewhere)
+    const bool isDefaultValue = (field.optional || tooNew) && isDefault(field, at);
+    if (tooNew && !isDefaultValue && !field.readOnly && !field.elsewhere)
       sink.leftOut(field.code, subclass.marker, numberIn(field, at));
-    if (field.readOnly || tooNew || isPlain)
+    if (field.readOnly || tooNew || isDefaultValue)
       continue;
     writeField(field, at, sink);
   }

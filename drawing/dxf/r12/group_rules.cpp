@@ -93,7 +93,7 @@ struct Loss {
   std::string_view kind; // "*": any
   int first, last;
   std::string_view what; // "": nothing
-  double plain = -1e300;
+  double neutral = -1e300;
 };
 
 constexpr Loss kLosses[] = {
@@ -162,7 +162,7 @@ std::string_view r12Loss(std::string_view kind, int code, double value) {
     return {};
   if (found == std::end(kLosses))
     return "a value of later versions";
-  return value == found->plain ? std::string_view() : found->what;
+  return value == found->neutral ? std::string_view() : found->what;
 }
 
 } // namespace drawing::dxf

@@ -123,9 +123,9 @@ OdResult OdDbMText::subTransformBy(const OdGeMatrix3d& matrix) {
 }
 
 OdResult OdDbMText::getGeomExtents(OdGeExtents3d& extents) const {
-  const OdString plain = plainText();
+  const OdString contents = plainText();
   int lines = 1, longest = 0, length = 0;
-  for (const wchar_t ch : plain.str()) {
+  for (const wchar_t ch : contents.str()) {
     lines += ch == L'\n' ? 1 : 0;
     length = ch == L'\n' ? 0 : length + 1;
     longest = std::max(longest, length);
