@@ -114,8 +114,8 @@ std::size_t locked(Stage& stage) {
 void lockEverySecondLayer(Stage& stage) {
   bool lock = false;
   const OdDbSymbolTablePtr layers = stage.database->getLayerTableId().safeOpenObject();
-  for (const auto walk = layers->newIterator(); !walk->done(); walk->step()) {
-    const OdDbLayerTableRecordPtr layer = walk->getRecordId().safeOpenObject(OdDb::kForWrite);
+  for (const auto iterator = layers->newIterator(); !iterator->done(); iterator->step()) {
+    const OdDbLayerTableRecordPtr layer = iterator->getRecordId().safeOpenObject(OdDb::kForWrite);
     layer->setIsLocked(lock);
     lock = !lock;
   }

@@ -15,8 +15,8 @@ namespace {
 void writeBlocks(const OdDbDatabase& database) {
   int left = 4;
   const OdDbBlockTablePtr table = database.getBlockTableId().safeOpenObject();
-  for (const auto walk = table->newIterator(); !walk->done() && left > 0; walk->step()) {
-    const OdDbBlockTableRecordPtr block = walk->getRecordId().safeOpenObject();
+  for (const auto iterator = table->newIterator(); !iterator->done() && left > 0; iterator->step()) {
+    const OdDbBlockTableRecordPtr block = iterator->getRecordId().safeOpenObject();
     if (block->isLayout() || block->isFromExternalReference())
       continue;
     --left;

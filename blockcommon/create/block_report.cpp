@@ -37,8 +37,8 @@ void listBlocks(MvJsonPtr& list, Describe describe) {
       database == nullptr ? OdDbBlockTablePtr() : OdDbBlockTablePtr(database->getBlockTableId().safeOpenObject());
   if (table.isNull())
     return;
-  for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
-    const OdDbBlockTableRecordPtr record = openRecord(walk->getRecordId());
+  for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
+    const OdDbBlockTableRecordPtr record = openRecord(iterator->getRecordId());
     if (isSpaceName(record->getName()) || record->isFromExternalReference() || record->isDependent() ||
         record->isAnonymous())
       continue;

@@ -29,13 +29,13 @@ public:
     if (references(reference, open))
       return true;
     while (!open.empty()) {
-      const OdDbObjectIteratorPtr walk = open.back();
-      if (walk->done()) {
+      const OdDbObjectIteratorPtr iterator = open.back();
+      if (iterator->done()) {
         open.pop_back();
         continue;
       }
-      const OdDbBlockReferencePtr nested = OdDbBlockReference::cast(walk->entity());
-      walk->step();
+      const OdDbBlockReferencePtr nested = OdDbBlockReference::cast(iterator->entity());
+      iterator->step();
       if (!nested.isNull() && references(*nested, open))
         return true;
     }

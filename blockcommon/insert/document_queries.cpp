@@ -67,8 +67,8 @@ int getCurDocBlockName(bool includeXrefs, OdArray<OdString>& names) {
   const OdDbBlockTablePtr table = currentBlockTable();
   if (table.isNull())
     return RTERROR;
-  for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
-    const OdDbBlockTableRecordPtr block = walk->getRecordId().safeOpenObject();
+  for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
+    const OdDbBlockTableRecordPtr block = iterator->getRecordId().safeOpenObject();
     if (block.isNull() || (!includeXrefs && block->isFromExternalReference()))
       continue;
     const OdString name = block->getName();

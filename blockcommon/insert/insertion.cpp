@@ -80,8 +80,8 @@ void checkExternalReference(const OdString& filePath) {
   const OdDbBlockTablePtr table = database->getBlockTableId().safeOpenObject();
   if (table.isNull())
     return;
-  for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
-    const OdDbBlockTableRecordPtr block = walk->getRecordId().safeOpenObject(OdDb::kForWrite);
+  for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
+    const OdDbBlockTableRecordPtr block = iterator->getRecordId().safeOpenObject(OdDb::kForWrite);
     if (!block.isNull() && !block->getName().isEmpty())
       insertExternalReference(block, block->getName(), filePath);
   }

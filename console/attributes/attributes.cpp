@@ -57,8 +57,8 @@ const AttributeRow* ReferenceAttributes::at(std::optional<std::size_t> place) co
 std::vector<AttributeRow> attributesOf(const OdDbDatabase& database) {
   std::vector<AttributeRow> rows;
   const OdDbSymbolTablePtr table = database.getBlockTableId().safeOpenObject();
-  for (auto walk = table->newIterator(); !walk->done(); walk->step()) {
-    const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(walk->getRecord());
+  for (auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
+    const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(iterator->getRecord());
     if (block.isNull() || block->isFromExternalReference())
       continue;
     for (auto it = block->newIterator(); !it->done(); it->step()) {

@@ -106,8 +106,8 @@ OdString defaultXrefName(const std::string& path) {
 std::vector<OdDbBlockTableRecordPtr> allXrefs(Session& session) {
   std::vector<OdDbBlockTableRecordPtr> xrefs;
   const OdDbBlockTablePtr table = session.database().getBlockTableId().safeOpenObject();
-  for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
-    if (const OdDbBlockTableRecordPtr block = walk->getRecord(); block->isFromExternalReference())
+  for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
+    if (const OdDbBlockTableRecordPtr block = iterator->getRecord(); block->isFromExternalReference())
       xrefs.push_back(block);
   }
   return xrefs;

@@ -26,10 +26,10 @@ Json keptRecords(Session& session, const OdDbDatabase& source) {
   for (const Kind& kind : kKinds) {
     std::vector<OdString> names;
     const OdDbSymbolTablePtr table = source.getSymbolTableId(kind.table).safeOpenObject();
-    for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
-      const OdString name = walk->getRecord()->getName();
+    for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
+      const OdString name = iterator->getRecord()->getName();
       const OdDbObjectId own = session.database().symbol(kind.table, name);
-      if (own.isNull() || drawing::sameRecord(walk->getRecordId(), own))
+      if (own.isNull() || drawing::sameRecord(iterator->getRecordId(), own))
         continue;
       names.push_back(name);
       kept.push_back({{"kind", kind.name}, {"name", name.toUtf8Lossless()}});

@@ -44,12 +44,12 @@ OdDbObjectIdArray moveToBase(OdDbDatabase& made, const OdGeMatrix3d& frame, cons
   const OdGeMatrix3d toBase = frame.inverse();
   OdDbObjectIdArray moved;
   const OdDbBlockTableRecordPtr space = made.getModelSpaceId().safeOpenObject();
-  const auto walk = space->newIterator();
+  const auto iterator = space->newIterator();
   for (const OdDbObjectId id : ids) {
-    const CMvAutoUnLockEntityLayer unlocked(walk->objectId());
-    if (moveBy(*walk->entity(OdDb::kForWrite), toBase, frame))
+    const CMvAutoUnLockEntityLayer unlocked(iterator->objectId());
+    if (moveBy(*iterator->entity(OdDb::kForWrite), toBase, frame))
       moved.append(id);
-    walk->step();
+    iterator->step();
   }
   return moved;
 }
@@ -150,11 +150,11 @@ void checkReadBack(const BlockFileRequest& request, const OdDbDatabase& made, co
 OdDbObjectIdArray originsOfClones(const OdDbDatabase& read, const OdDbDatabase& made, const OdDbObjectIdArray& ids) {
   OdDbObjectIdArray held;
   const OdDbBlockTableRecordPtr space = made.getModelSpaceId().safeOpenObject();
-  const auto walk = space->newIterator();
+  const auto iterator = space->newIterator();
   for (const OdDbObjectId id : ids) {
-    if (!read.getOdDbObjectId(walk->objectId().getHandle()).safeOpenObject().isNull())
+    if (!read.getOdDbObjectId(iterator->objectId().getHandle()).safeOpenObject().isNull())
       held.append(id);
-    walk->step();
+    iterator->step();
   }
   return held;
 }
@@ -164,8 +164,8 @@ OdDbObjectIdArray originsOfClones(const OdDbDatabase& read, const OdDbDatabase& 
 DrawingCount countOf(const OdDbDatabase& database) {
   DrawingCount counted;
   const OdDbBlockTablePtr table = database.getBlockTableId().safeOpenObject();
-  for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
-    const OdDbBlockTableRecordPtr block = walk->getRecordId().safeOpenObject();
+  for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
+    const OdDbBlockTableRecordPtr block = iterator->getRecordId().safeOpenObject();
     const bool isSpace = block->isLayout();
     counted.definitions += isSpace ? 0 : 1;
     for (const auto contents = block->newIterator(); !contents->done(); contents->step()) {

@@ -48,8 +48,8 @@ private:
   void list() {
     PortableNames names;
     const OdDbBlockTablePtr table = session_.database().getBlockTableId().safeOpenObject();
-    for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
-      const OdDbBlockTableRecordPtr block = walk->getRecordId().safeOpenObject();
+    for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
+      const OdDbBlockTableRecordPtr block = iterator->getRecordId().safeOpenObject();
       if (block->isLayout())
         continue;
       if (const char* reason = reasonToLeaveOut(*block); reason != nullptr) {

@@ -12,8 +12,8 @@ namespace {
 bool listBlocksWithAttributes(Session& session) {
   bool any = false;
   const OdDbSymbolTablePtr table = session.database().getBlockTableId().safeOpenObject();
-  for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
-    const OdDbBlockTableRecordPtr record = walk->getRecord();
+  for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
+    const OdDbBlockTableRecordPtr record = iterator->getRecord();
     if (record->isLayout() || record->isFromExternalReference() || !record->hasAttributeDefinitions())
       continue;
     any = true;

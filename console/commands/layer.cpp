@@ -59,8 +59,8 @@ void lock(CommandContext& context, bool locked) {
 void listLayers(CommandContext& context) {
   const OdDbObjectId current = context.database.getCLAYER();
   const OdDbSymbolTablePtr table = context.database.getLayerTableId().safeOpenObject();
-  for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
-    const OdDbLayerTableRecordPtr layer = walk->getRecord();
+  for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
+    const OdDbLayerTableRecordPtr layer = iterator->getRecord();
     OdString flags;
     const auto flag = [&flags](bool on, Text text) { flags += on ? render(text) : OdString(); };
     flag(layer->objectId() == current, Text::kLayerFlagCurrent);

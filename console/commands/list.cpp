@@ -32,8 +32,8 @@ void listObject(Session& session, OdDbObjectId id) {
 std::size_t listBlocks(Session& session) {
   std::size_t blocks = 0;
   const OdDbSymbolTablePtr table = session.database().getBlockTableId().safeOpenObject();
-  for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
-    const OdDbBlockTableRecordPtr record = walk->getRecord();
+  for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
+    const OdDbBlockTableRecordPtr record = iterator->getRecord();
     if (record->isLayout())
       continue;
     ++blocks;

@@ -77,8 +77,8 @@ void previous(CommandContext& context) {
 
 void listUcs(CommandContext& context) {
   const OdDbSymbolTablePtr table = context.database.getUCSTableId().safeOpenObject();
-  for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
-    const OdSmartPtr<OdDbUCSTableRecord> record = walk->getRecord();
+  for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
+    const OdSmartPtr<OdDbUCSTableRecord> record = iterator->getRecord();
     const OdGePoint3d at = record->origin();
     context.session.result(Text::kUcsRecord, {record->getName(), tripleText(at.x, at.y, at.z),
                                               axisText(record->xAxis()), axisText(record->yAxis())});

@@ -66,7 +66,7 @@ std::size_t objectsInModelSpace(const OdDbDatabase& database) {
   const OdDbBlockTableRecordPtr space = database.getModelSpaceId().safeOpenObject();
   std::size_t objects = 0;
   if (!space.isNull()) {
-    for (const auto walk = space->newIterator(); !walk->done(); walk->step())
+    for (const auto iterator = space->newIterator(); !iterator->done(); iterator->step())
       ++objects;
   }
   return objects;

@@ -21,8 +21,8 @@ OdString typeOf(OdDbObjectId id) {
 std::vector<OdString> layerNames(OdDbDatabase& database) {
   std::vector<OdString> names;
   const OdDbSymbolTablePtr table = database.getLayerTableId().safeOpenObject();
-  for (const auto walk = table->newIterator(); !walk->done(); walk->step())
-    names.push_back(walk->getRecord()->getName());
+  for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step())
+    names.push_back(iterator->getRecord()->getName());
   return names;
 }
 
@@ -87,8 +87,8 @@ OdDbObjectIdArray objectsOf(OdDbObjectId space) {
   const OdDbBlockTableRecordPtr record = space.safeOpenObject();
   if (record.isNull())
     return ids;
-  for (const auto walk = record->newIterator(); !walk->done(); walk->step())
-    ids.append(walk->objectId());
+  for (const auto iterator = record->newIterator(); !iterator->done(); iterator->step())
+    ids.append(iterator->objectId());
   return ids;
 }
 

@@ -44,8 +44,8 @@ Header headerOf(const OdDbDatabase& database) {
 template <class Record, class Use>
 void forRecords(OdDbObjectId tableId, const Use& use) {
   const OdDbSymbolTablePtr table = tableId.safeOpenObject();
-  for (auto walk = table->newIterator(); !walk->done(); walk->step()) {
-    const OdSmartPtr<Record> record = Record::cast(walk->getRecord());
+  for (auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
+    const OdSmartPtr<Record> record = Record::cast(iterator->getRecord());
     if (!record.isNull())
       use(*record);
   }
@@ -127,8 +127,8 @@ bool isReference(const OdDbEntity& entity) {
 
 void lookInside(Contents& contents, std::size_t at) {
   const OdDbBlockTableRecordPtr record = contents.blocks[at].id.safeOpenObject();
-  for (auto walk = record->newIterator(); !walk->done(); walk->step()) {
-    const OdDbEntityPtr entity = walk->entity();
+  for (auto iterator = record->newIterator(); !iterator->done(); iterator->step()) {
+    const OdDbEntityPtr entity = iterator->entity();
     if (entity.isNull())
       continue;
     ++contents.blocks[at].entities[entity->dxfName()];

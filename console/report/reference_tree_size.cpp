@@ -27,8 +27,8 @@ Opened opened(OdDbObjectId id) {
   const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(id.safeOpenObject());
   if (block.isNull())
     return open;
-  for (const auto walk = block->newIterator(); !walk->done(); walk->step()) {
-    const OdDbEntityPtr entity = walk->entity();
+  for (const auto iterator = block->newIterator(); !iterator->done(); iterator->step()) {
+    const OdDbEntityPtr entity = iterator->entity();
     if (entity.isNull() || entity->isA() != OdDbBlockReference::desc())
       continue;
     const bool isLeftOut =

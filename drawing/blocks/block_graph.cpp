@@ -138,14 +138,14 @@ private:
 } // namespace
 
 std::vector<OdDbObjectId> bottomUp(OdDbDatabase& database, std::vector<OdDbObjectId>& cut) {
-  BottomUp walk(cut);
+  BottomUp sorting(cut);
   if (const auto* table = getIf<OdDbBlockTable>(database.getBlockTableId())) {
     for (OdDbObjectId id : table->members().ids()) {
       if (!id.isErased())
-        walk.start(id);
+        sorting.start(id);
     }
   }
-  return std::move(walk.order);
+  return std::move(sorting.order);
 }
 
 namespace {
@@ -179,9 +179,9 @@ OdGeExtents3d extentsOfMembers(const OdDbBlockTableRecord& block,
 // The definitions below a block, inner ones first.
 std::vector<OdDbObjectId> definitionsBelow(OdDbObjectId block) {
   std::vector<OdDbObjectId> cut;
-  BottomUp walk(cut);
-  walk.start(block);
-  return std::move(walk.order);
+  BottomUp sorting(cut);
+  sorting.start(block);
+  return std::move(sorting.order);
 }
 
 } // namespace

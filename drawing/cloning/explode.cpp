@@ -17,8 +17,8 @@ class AllUnlocked {
 public:
   explicit AllUnlocked(OdDbDatabase& database) {
     const OdDbSymbolTablePtr table = database.getLayerTableId().safeOpenObject();
-    for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
-      const OdDbLayerTableRecordPtr layer = walk->getRecord(OdDb::kForWrite);
+    for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
+      const OdDbLayerTableRecordPtr layer = iterator->getRecord(OdDb::kForWrite);
       if (!layer->isLocked())
         continue;
       layer->setIsLocked(false);
@@ -158,8 +158,8 @@ private:
   }
 
   void putTexts(const OdGeMatrix3d& transform) {
-    for (const auto walk = reference_->attributeIterator(); !walk->done(); walk->step()) {
-      const OdDbAttributePtr attribute = walk->entity();
+    for (const auto iterator = reference_->attributeIterator(); !iterator->done(); iterator->step()) {
+      const OdDbAttributePtr attribute = iterator->entity();
       if (!options_.attributesAsText || attribute->isInvisible())
         ++result_.valuesLost;
       else

@@ -103,7 +103,7 @@ OdDbObjectIdArray ViewPicker::pick(const Test& test) const {
   for (const OdDbObjectId id : record->members().ids()) {
     gi::DisplayList list;
     PictureReport report;
-    gi::Walk(list, resolver, options, report).runOne(id, context);
+    gi::SceneBuilder(list, resolver, options, report).runOne(id, context);
     const Outlines outlines = gi::outlinesOf(list);
     if (!outlines.isEmpty() && test(outlines))
       picked.append(id);

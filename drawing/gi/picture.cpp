@@ -64,7 +64,7 @@ Picture::Picture(OdDbObjectId block, const PictureOptions& options) : content_(s
   content.background = options.background;
   if (const auto* record = getIf<OdDbBlockTableRecord>(block); isAlive(record)) {
     gi::TraitResolver resolver(*record->database(), gi::colorOf(options.background.value_or(kWhite)));
-    gi::Walk(content.list, resolver, options, content.report).run(block, gi::drawContextOf(*record, resolver));
+    gi::SceneBuilder(content.list, resolver, options, content.report).run(block, gi::drawContextOf(*record, resolver));
   }
   content.view = viewOf(content.list, options);
   content.report.isEmpty = content.list.items.empty();

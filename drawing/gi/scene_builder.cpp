@@ -22,34 +22,35 @@ DrawContext drawContextOf(const OdDbBlockTableRecord& block, TraitResolver& reso
   return context;
 }
 
-Walk::Walk(DisplayList& list, TraitResolver& resolver, const PictureOptions& options, PictureReport& report)
+SceneBuilder::SceneBuilder(DisplayList& list, TraitResolver& resolver, const PictureOptions& options,
+                           PictureReport& report)
     : list_(list), resolver_(resolver), options_(options), report_(report) {}
 
-void Walk::run(OdDbObjectId block, const DrawContext& context) {
+void SceneBuilder::run(OdDbObjectId block, const DrawContext& context) {
   levels_.push_back({context, contentsOf(block), 0, block, nullptr});
   goOn();
 }
 
-void Walk::runOne(OdDbObjectId entity, const DrawContext& context) {
+void SceneBuilder::runOne(OdDbObjectId entity, const DrawContext& context) {
   const auto ids = std::make_shared<const std::vector<OdDbObjectId>>(1, entity);
   levels_.push_back({context, ids, 0, {}, nullptr});
   goOn();
 }
 
-void Walk::goOn() {
+void SceneBuilder::goOn() {
   while (!levels_.empty() && mayGoOn())
     step();
   levels_.clear();
   report_.points = list_.points.size();
 }
 
-bool Walk::mayGoOn() {
+bool SceneBuilder::mayGoOn() {
   const bool spent = report_.steps >= options_.steps || list_.size() >= options_.points;
   report_.reachedLimit = report_.reachedLimit || spent;
   return !spent;
 }
 
-void Walk::step() {
+void SceneBuilder::step() {
   Level& level = levels_.back();
   if (level.repeated != nullptr) {
     repeat(level);
@@ -72,7 +73,7 @@ void shift(OdGeMatrix3d& toScene, const OdGeMatrix3d& outer, const OdGeVector3d&
 } // namespace
 
 // Pushes the next of the repetitions: the attributes below the contents, which come first.
-void Walk::repeat(Level& level) {
+void SceneBuilder::repeat(Level& level) {
   ++report_.steps;
   const BlockInstance& instance = *level.repeated;
   const auto columns = static_cast<std::size_t>(instance.columns);
@@ -98,7 +99,7 @@ void Walk::repeat(Level& level) {
   levels_.push_back(std::move(contents));
 }
 
-void Walk::draw(OdDbObjectId id, const DrawContext& context) {
+void SceneBuilder::draw(OdDbObjectId id, const DrawContext& context) {
   const auto* entity = getIf<OdDbEntity>(id);
   if (!isAlive(entity) || entity->isInvisible())
     return;
@@ -124,13 +125,13 @@ void Walk::draw(OdDbObjectId id, const DrawContext& context) {
   }
 }
 
-void Walk::push(BlockInstance&& instance) {
+void SceneBuilder::push(BlockInstance&& instance) {
   Level level{instance.context, nullptr, 0, {}, nullptr};
   level.repeated = std::make_unique<BlockInstance>(std::move(instance));
   levels_.push_back(std::move(level));
 }
 
-bool Walk::isOpen(OdDbObjectId block) const {
+bool SceneBuilder::isOpen(OdDbObjectId block) const {
   for (const Level& level : levels_) {
     if (level.block == block && !block.isNull())
       return true;
@@ -138,7 +139,7 @@ bool Walk::isOpen(OdDbObjectId block) const {
   return false;
 }
 
-Walk::Ids Walk::contentsOf(OdDbObjectId block) {
+SceneBuilder::Ids SceneBuilder::contentsOf(OdDbObjectId block) {
   Ids& ids = contents_[block];
   if (ids != nullptr)
     return ids;
@@ -148,7 +149,7 @@ Walk::Ids Walk::contentsOf(OdDbObjectId block) {
   return ids;
 }
 
-void Walk::addNotDrawn(const OdDbEntity& entity, const char* reason) {
+void SceneBuilder::addNotDrawn(const OdDbEntity& entity, const char* reason) {
   const auto [at, fresh] = notDrawnIndex_.try_emplace({entity.dxfName(), reason}, report_.notDrawn.size());
   if (fresh)
     report_.notDrawn.push_back({at->first.first, reason, 0, entity.getDbHandle()});

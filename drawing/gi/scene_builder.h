@@ -17,9 +17,9 @@ namespace drawing::gi {
 // show.
 DrawContext drawContextOf(const OdDbBlockTableRecord& block, TraitResolver& resolver);
 
-class Walk {
+class SceneBuilder {
 public:
-  Walk(DisplayList& list, TraitResolver& resolver, const PictureOptions& options, PictureReport& report);
+  SceneBuilder(DisplayList& list, TraitResolver& resolver, const PictureOptions& options, PictureReport& report);
   void run(OdDbObjectId block, const DrawContext& context);
   void runOne(OdDbObjectId entity, const DrawContext& context);
 

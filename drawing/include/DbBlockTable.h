@@ -35,19 +35,19 @@ public:
   ODRX_DECLARE_MEMBERS(OdDbObjectIterator);
   // Position: start goes to the first entity, step to the next (false at the end); their arguments have no effect. The
   // id is null at the end.
-  OdDbObjectIterator(OdDbObjectId block = OdDbObjectId(), bool skipErased = true) : walk_(block, skipErased) {}
-  void start(bool = true, bool = true) { walk_.start(); }
-  bool done() const { return walk_.done(); }
+  OdDbObjectIterator(OdDbObjectId block = OdDbObjectId(), bool skipErased = true) : iterator_(block, skipErased) {}
+  void start(bool = true, bool = true) { iterator_.start(); }
+  bool done() const { return iterator_.done(); }
   bool step(bool = true, bool = true) {
-    walk_.step();
-    return !walk_.done();
+    iterator_.step();
+    return !iterator_.done();
   }
-  OdDbObjectId objectId() const { return walk_.objectId(); }
+  OdDbObjectId objectId() const { return iterator_.objectId(); }
   // The current entity; null if it does not open (see OdDbObjectId::safeOpenObject).
   OdDbEntityPtr entity(OdDb::OpenMode mode = OdDb::kForRead, bool openErased = false) const;
 
 private:
-  drawing::ObjectIterator walk_;
+  drawing::ObjectIterator iterator_;
 };
 using OdDbObjectIteratorPtr = OdSmartPtr<OdDbObjectIterator>;
 

@@ -16,15 +16,15 @@ public:
   ODRX_DECLARE_MEMBERS(OdDbSymbolTableIterator);
   // Position, and the current record: a null id and pointer at the end; the pointer is null as well if the record does
   // not open.
-  OdDbSymbolTableIterator(OdDbObjectId table = OdDbObjectId(), bool skipErased = true) : walk_(table, skipErased) {}
-  void start() { walk_.start(); }
-  bool done() const { return walk_.done(); }
-  void step() { walk_.step(); }
-  OdDbObjectId getRecordId() const { return walk_.objectId(); }
+  OdDbSymbolTableIterator(OdDbObjectId table = OdDbObjectId(), bool skipErased = true) : iterator_(table, skipErased) {}
+  void start() { iterator_.start(); }
+  bool done() const { return iterator_.done(); }
+  void step() { iterator_.step(); }
+  OdDbObjectId getRecordId() const { return iterator_.objectId(); }
   OdDbSymbolTableRecordPtr getRecord(OdDb::OpenMode mode = OdDb::kForRead) const;
 
 private:
-  drawing::ObjectIterator walk_;
+  drawing::ObjectIterator iterator_;
 };
 using OdDbSymbolTableIteratorPtr = OdSmartPtr<OdDbSymbolTableIterator>;
 

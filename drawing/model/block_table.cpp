@@ -73,7 +73,7 @@ OdDbObjectId OdDbBlockTable::getPaperSpaceId() const {
 }
 
 OdDbEntityPtr OdDbObjectIterator::entity(OdDb::OpenMode mode, bool openErased) const {
-  return walk_.object(mode, openErased);
+  return iterator_.object(mode, openErased);
 }
 
 MVDB_SETTER(OdDbBlockTableRecord, setOrigin, const OdGePoint3d&, origin_)

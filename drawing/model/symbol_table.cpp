@@ -31,7 +31,7 @@ const drawing::Description& OdDbSymbolTableRecord::ownDescription() {
 }
 
 OdDbSymbolTableRecordPtr OdDbSymbolTableIterator::getRecord(OdDb::OpenMode mode) const {
-  return walk_.object(mode);
+  return iterator_.object(mode);
 }
 
 std::size_t OdDbSymbolTable::FoldHash::operator()(const OdString& text) const {

@@ -27,9 +27,9 @@ OdString ask(morvane::Host& host, const wchar_t* prompt) {
 OdDbObjectIdArray objectsOnLayer(OdDbDatabase& database, OdDbObjectId layer) {
   OdDbObjectIdArray ids;
   const OdDbBlockTableRecordPtr space = database.getModelSpaceId().safeOpenObject();
-  for (const auto walk = space->newIterator(); !walk->done(); walk->step()) {
-    if (LayerTools::getEntityLayerId(walk->objectId()) == layer)
-      ids.append(walk->objectId());
+  for (const auto iterator = space->newIterator(); !iterator->done(); iterator->step()) {
+    if (LayerTools::getEntityLayerId(iterator->objectId()) == layer)
+      ids.append(iterator->objectId());
   }
   return ids;
 }

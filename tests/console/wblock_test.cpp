@@ -200,13 +200,13 @@ TEST(WblockCommand, TurnsWithTheUcsWhateverLayerIsLocked) {
   EXPECT_EQ(done.status, 0) << done.shown;
   const OdDbDatabasePtr made = drawing::readDrawing(scratch.path("o.dxf")).database;
   ASSERT_FALSE(made.isNull());
-  const auto walk = forRead<OdDbBlockTableRecord>(made->getModelSpaceId())->newIterator();
-  const OdDbTextPtr text = walk->entity();
+  const auto iterator = forRead<OdDbBlockTableRecord>(made->getModelSpaceId())->newIterator();
+  const OdDbTextPtr text = iterator->entity();
   EXPECT_TRUE(text->position().isEqualTo({-1, 0, 0}));
   EXPECT_TRUE(forRead<OdDbLayerTableRecord>(text->layerId())->isLocked());
-  walk->step();
+  iterator->step();
   // Letters stay level in the UCS, as they do in a block.
-  EXPECT_NEAR(OdDbDimensionPtr(walk->entity())->horizontalRotation(), std::acos(-1) / 2 - 0.5, 1e-9);
+  EXPECT_NEAR(OdDbDimensionPtr(iterator->entity())->horizontalRotation(), std::acos(-1) / 2 - 0.5, 1e-9);
 }
 
 TEST(BlockCommand, RemembersItsSettingsOnceABlockIsMade) {

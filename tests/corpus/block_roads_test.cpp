@@ -33,8 +33,8 @@ Facts factsOf(const OdDbDatabase& database) {
     return facts;
   const OdDbBlockTableRecordPtr space = database.getModelSpaceId().safeOpenObject();
   std::vector<std::pair<OdString, bool>> layers; // and whether it is locked
-  for (const auto walk = space->newIterator(); !walk->done(); walk->step())
-    layers.emplace_back(walk->entity()->layer(), walk->entity()->isOnLockedLayer());
+  for (const auto iterator = space->newIterator(); !iterator->done(); iterator->step())
+    layers.emplace_back(iterator->entity()->layer(), iterator->entity()->isOnLockedLayer());
   const OdString last = layers.empty() ? OdString() : layers.back().first;
   facts.objects = layers.size();
   facts.locked = static_cast<std::size_t>(std::count_if(layers.begin(), layers.end(), [&](const auto& layer) {

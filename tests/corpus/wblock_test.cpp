@@ -22,10 +22,10 @@ using Json = nlohmann::json;
 OdDbObjectIdArray definitionsOf(const OdDbDatabase& database) {
   OdDbObjectIdArray ids;
   const auto table = forRead<OdDbBlockTable>(database.getBlockTableId());
-  for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
-    const auto block = forRead<OdDbBlockTableRecord>(walk->getRecordId());
+  for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
+    const auto block = forRead<OdDbBlockTableRecord>(iterator->getRecordId());
     if (!block->isLayout() && !block->isFromExternalReference())
-      ids.append(walk->getRecordId());
+      ids.append(iterator->getRecordId());
   }
   return ids;
 }

@@ -17,8 +17,8 @@ OdDbObjectId addRecord(OdDbObjectId table, const OdString& name) {
 
 OdDbObjectIdArray entitiesOf(OdDbObjectId block) {
   OdDbObjectIdArray ids;
-  for (auto walk = forRead<OdDbBlockTableRecord>(block)->newIterator(); !walk->done(); walk->step())
-    ids.append(walk->objectId());
+  for (auto iterator = forRead<OdDbBlockTableRecord>(block)->newIterator(); !iterator->done(); iterator->step())
+    ids.append(iterator->objectId());
   return ids;
 }
 
@@ -40,8 +40,8 @@ OdDbDatabasePtr skewedDrawing() {
 std::vector<OdString> recordNames(const OdDbDatabase& database, OdDb::SymbolTableKind kind) {
   std::vector<OdString> names;
   const auto table = forRead<OdDbSymbolTable>(database.getSymbolTableId(kind));
-  for (auto walk = table->newIterator(); !walk->done(); walk->step())
-    names.push_back(walk->getRecord()->getName());
+  for (auto iterator = table->newIterator(); !iterator->done(); iterator->step())
+    names.push_back(iterator->getRecord()->getName());
   return names;
 }
 

@@ -61,8 +61,8 @@ std::string contentsOf(OdDbObjectId block) {
 std::string definitionsOf(const OdDbDatabase& database) {
   std::map<std::string, std::string> found;
   const OdDbBlockTablePtr table = database.getBlockTableId().safeOpenObject();
-  for (auto walk = table->newIterator(); !walk->done(); walk->step()) {
-    const OdDbBlockTableRecordPtr block = walk->getRecordId().safeOpenObject();
+  for (auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
+    const OdDbBlockTableRecordPtr block = iterator->getRecordId().safeOpenObject();
     if (!block->isLayout())
       found[block->getName().toUtf8()] = contentsOf(block->objectId());
   }

@@ -62,8 +62,8 @@ public:
 std::string tree(const OdDbDatabase& database) {
   std::string text;
   const auto table = forRead<OdDbSymbolTable>(database.getBlockTableId());
-  for (const auto walk = table->newIterator(); !walk->done(); walk->step()) {
-    const OdDbBlockTableRecordPtr block = walk->getRecord();
+  for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
+    const OdDbBlockTableRecordPtr block = iterator->getRecord();
     if (!block->isFromExternalReference())
       continue;
     const std::map<XrefStatus, std::string> marks = {{XrefStatus::NotLoaded, "?"},   {XrefStatus::NotFound, "!"},
