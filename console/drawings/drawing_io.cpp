@@ -139,10 +139,10 @@ void saveDrawing(Session& session, const SaveRequest& request) {
 void writeBytes(const std::string& path, std::string_view bytes, bool mayReplace) {
   if (!mayReplace && fileExists(path))
     refuse(Text::kFileExists, {asText(path)});
-  drawing::ReplaceOptions how;
-  how.refuseExisting = !mayReplace;
+  drawing::ReplaceOptions replacing;
+  replacing.refuseExisting = !mayReplace;
   const drawing::FileError written = drawing::replaceFile(
-      path, [bytes](drawing::FileSink& sink) { return sink.append(bytes), drawing::FileError(); }, how);
+      path, [bytes](drawing::FileSink& sink) { return sink.append(bytes), drawing::FileError(); }, replacing);
   if (!written.ok())
     throw Failure{Status::SaveFailed, {Text::kSaveFailed, {asText(written.text)}}};
 }

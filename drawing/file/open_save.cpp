@@ -264,8 +264,8 @@ void writeTo(const OdDbDatabase& given, const WriteOptions& options, const dxf::
 
 WriteResult writeDrawing(const OdDbDatabase& database, const std::string& path, const WriteOptions& options) {
   WriteResult result;
-  ReplaceOptions how;
-  how.refuseExisting = options.refuseExisting;
+  ReplaceOptions replacing;
+  replacing.refuseExisting = options.refuseExisting;
   const FileError error = replaceFile(
       path,
       [&](FileSink& sink) {
@@ -276,7 +276,7 @@ WriteResult writeDrawing(const OdDbDatabase& database, const std::string& path, 
         writeTo(database, options, output, result.report);
         return FileError();
       },
-      how);
+      replacing);
   result.result = error.code;
   result.message = error.text;
   return result;

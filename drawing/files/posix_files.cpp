@@ -40,9 +40,9 @@ FileError check(bool good, FileAction action, const std::string& path) {
   return good ? FileError() : fileError(action, path, errno);
 }
 
-int flagsFor(FileOpen how) {
+int flagsFor(FileOpen mode) {
   constexpr int kFlags[] = {O_RDONLY, O_RDWR, O_RDWR | O_CREAT, O_RDWR | O_CREAT | O_EXCL};
-  return kFlags[static_cast<std::size_t>(how)] | O_CLOEXEC;
+  return kFlags[static_cast<std::size_t>(mode)] | O_CLOEXEC;
 }
 
 FileStatus statusFrom(const struct ::stat& from) {
@@ -76,10 +76,10 @@ bool readLink(const std::string& path, std::string& target) {
 
 class PosixFiles final : public FileOperations {
 public:
-  FileError open(const std::string& path, FileOpen how, FileHandle& file, std::uint32_t permissions) override {
+  FileError open(const std::string& path, FileOpen mode, FileHandle& file, std::uint32_t permissions) override {
     file.path = path;
-    file.number = persist([&] { return ::open(path.c_str(), flagsFor(how), static_cast<mode_t>(permissions)); });
-    return check(file.isOpen(), how == FileOpen::Read ? FileAction::Read : FileAction::Write, path);
+    file.number = persist([&] { return ::open(path.c_str(), flagsFor(mode), static_cast<mode_t>(permissions)); });
+    return check(file.isOpen(), mode == FileOpen::Read ? FileAction::Read : FileAction::Write, path);
   }
 
   FileError read(FileHandle& file, std::span<char> buffer, std::size_t& got) override {
@@ -120,8 +120,8 @@ public:
   }
 
   FileError lock(FileHandle& file, FileLock kind) override {
-    const int how = (kind == FileLock::Shared ? LOCK_SH : LOCK_EX) | LOCK_NB;
-    return check(persist([&] { return ::flock(file.number, how); }) == 0, FileAction::Lock, file.path);
+    const int operation = (kind == FileLock::Shared ? LOCK_SH : LOCK_EX) | LOCK_NB;
+    return check(persist([&] { return ::flock(file.number, operation); }) == 0, FileAction::Lock, file.path);
   }
 
   FileError status(FileHandle& file, FileStatus& status) override {
@@ -138,8 +138,8 @@ public:
     return check(good, FileAction::Read, path);
   }
 
-  FileError rename(const std::string& from, const std::string& to, FileRename how) override {
-    if (how == FileRename::Replace)
+  FileError rename(const std::string& from, const std::string& to, FileRename mode) override {
+    if (mode == FileRename::Replace)
       return check(::rename(from.c_str(), to.c_str()) == 0, FileAction::Write, to);
     if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0)
       return {};

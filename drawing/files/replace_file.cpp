@@ -82,8 +82,8 @@ public:
     return named(std::move(error));
   }
 
-  FileError moveTo(const std::string& path, FileRename how) {
-    FileError error = operations_.rename(name_, path, how);
+  FileError moveTo(const std::string& path, FileRename mode) {
+    FileError error = operations_.rename(name_, path, mode);
     exists_ = !error.ok();
     return error;
   }

@@ -20,8 +20,8 @@ public:
   using Status = drawing::FileStatus;
   using Action = drawing::FileAction;
 
-  Error open(const std::string& path, drawing::FileOpen how, Handle& file, std::uint32_t permissions) override {
-    return fails() ? failure(Action::Write, path) : under_.open(path, how, file, permissions);
+  Error open(const std::string& path, drawing::FileOpen mode, Handle& file, std::uint32_t permissions) override {
+    return fails() ? failure(Action::Write, path) : under_.open(path, mode, file, permissions);
   }
   Error read(Handle& file, std::span<char> buffer, std::size_t& got) override {
     got = 0;
@@ -53,8 +53,8 @@ public:
   Error stat(const std::string& path, Status& status) override {
     return fails() ? failure(Action::Read, path) : under_.stat(path, status);
   }
-  Error rename(const std::string& from, const std::string& to, drawing::FileRename how) override {
-    return fails() ? failure(Action::Write, to) : under_.rename(from, to, how);
+  Error rename(const std::string& from, const std::string& to, drawing::FileRename mode) override {
+    return fails() ? failure(Action::Write, to) : under_.rename(from, to, mode);
   }
   Error link(const std::string& existing, const std::string& name) override {
     return fails() ? failure(Action::Write, name) : under_.link(existing, name);

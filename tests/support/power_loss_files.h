@@ -57,11 +57,11 @@ public:
     return all;
   }
 
-  Error open(const std::string& path, drawing::FileOpen how, Handle& file, std::uint32_t) override {
+  Error open(const std::string& path, drawing::FileOpen mode, Handle& file, std::uint32_t) override {
     const bool exists = now_.count(path) != 0;
-    if (exists && how == drawing::FileOpen::CreateNew)
+    if (exists && mode == drawing::FileOpen::CreateNew)
       return drawing::fileError(FileAction::Write, path, EEXIST);
-    if (!exists && (how == drawing::FileOpen::Read || how == drawing::FileOpen::Write))
+    if (!exists && (mode == drawing::FileOpen::Read || mode == drawing::FileOpen::Write))
       return drawing::fileError(FileAction::Read, path, ENOENT);
     if (!exists)
       change({path, std::make_shared<File>(), ""});
@@ -99,8 +99,8 @@ public:
     status.file = reinterpret_cast<std::uintptr_t>(at->second.get());
     return {};
   }
-  Error rename(const std::string& from, const std::string& to, drawing::FileRename how) override {
-    if (now_.count(to) != 0 && how == drawing::FileRename::KeepExisting)
+  Error rename(const std::string& from, const std::string& to, drawing::FileRename mode) override {
+    if (now_.count(to) != 0 && mode == drawing::FileRename::KeepExisting)
       return drawing::fileError(FileAction::Write, to, EEXIST);
     change({to, now_.at(from), from});
     return {};

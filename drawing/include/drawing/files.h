@@ -80,7 +80,8 @@ public:
   // Open files. `permissions` apply to files that are created. read returns at most the size of the buffer, 0 at the
   // end of the file; write writes all bytes; close closes the file even if it reports an error, and does nothing for a
   // file that is not open.
-  virtual FileError open(const std::string& path, FileOpen how, FileHandle& file, std::uint32_t permissions = 0666) = 0;
+  virtual FileError open(const std::string& path, FileOpen mode, FileHandle& file,
+                         std::uint32_t permissions = 0666) = 0;
   virtual FileError read(FileHandle& file, std::span<char> buffer, std::size_t& got) = 0;
   virtual FileError write(FileHandle& file, std::string_view bytes) = 0;
   virtual FileError sync(FileHandle& file) = 0;
@@ -94,7 +95,7 @@ public:
 
   // Paths. stat follows symbolic links; syncFolder makes changes of names in a folder durable.
   virtual FileError stat(const std::string& path, FileStatus& status) = 0;
-  virtual FileError rename(const std::string& from, const std::string& to, FileRename how) = 0;
+  virtual FileError rename(const std::string& from, const std::string& to, FileRename mode) = 0;
   virtual FileError link(const std::string& existing, const std::string& name) = 0;
   virtual FileError unlink(const std::string& path) = 0;
   virtual FileError syncFolder(const std::string& path) = 0;
