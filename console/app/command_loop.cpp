@@ -9,7 +9,7 @@ const Command* chosen(Session& session, const CommandTable& commands, const OdSt
     return session.host().input().isScript() ? nullptr : before;
   const Command* command = findCommand(commands, typed.str());
   if (command == nullptr) {
-    session.print(Text::kUnknownCommand, {typed});
+    session.print(MessageId::kUnknownCommand, {typed});
     session.note(Status::Refused);
     session.host().input().dropRestOfLine();
   }
@@ -19,7 +19,7 @@ const Command* chosen(Session& session, const CommandTable& commands, const OdSt
 } // namespace
 
 void runCommands(Session& session, const CommandTable& commands) {
-  const OdString prompt = L"\n" + render(Text::kPromptCommand) + L" ";
+  const OdString prompt = L"\n" + render(MessageId::kPromptCommand) + L" ";
   const Command* command = nullptr;
   while (!session.wantsQuit()) {
     OdString typed;

@@ -54,12 +54,12 @@ std::uint64_t bytesOf(std::string_view text) {
 void checkReading(Options& options) {
   const std::string& encoding = options.reading.encoding;
   if (!encoding.empty() && !drawing::isKnownEncoding(encoding))
-    verbs::refuseUsage(Text::kBadEncoding, "--encoding", encoding);
+    verbs::refuseUsage(MessageId::kBadEncoding, "--encoding", encoding);
   if (options.maxMemory.empty())
     return;
   options.reading.budget.bytes = bytesOf(options.maxMemory);
   if (options.reading.budget.bytes == 0)
-    verbs::refuseUsage(Text::kBadMemory, "--max-memory", options.maxMemory);
+    verbs::refuseUsage(MessageId::kBadMemory, "--max-memory", options.maxMemory);
 }
 
 // The answers of the session. False when the script cannot be read.
@@ -83,7 +83,7 @@ bool chooseSource(Session& session, const Options& options, std::istream* given)
 
 Status runSession(Session& session, const Options& options, std::istream* given) {
   if (!chooseSource(session, options, given)) {
-    session.print(Text::kScriptUnreadable, {OdString::fromUtf8(options.script)});
+    session.print(MessageId::kScriptUnreadable, {OdString::fromUtf8(options.script)});
     return Status::Unreadable;
   }
   const bool typed = !session.host().input().isScript();
@@ -95,7 +95,7 @@ Status runSession(Session& session, const Options& options, std::istream* given)
   }
   runCommands(session, allCommands());
   if (!session.wantsQuit() && session.isAnyModified())
-    session.print(Text::kUnsavedAtEnd);
+    session.print(MessageId::kUnsavedAtEnd);
   return typed ? Status::Done : session.status();
 }
 
@@ -136,7 +136,7 @@ std::optional<Status> understand(verbs::OptionTable& table, const std::vector<st
     for (const auto& verb : verbs)
       verb->check();
   } catch (const Failure& failure) {
-    complain("morvane: " + failure.message.shown().toUtf8Lossless() + "\n");
+    complain("morvane: " + failure.message.text().toUtf8Lossless() + "\n");
     return failure.status;
   }
   return std::nullopt;

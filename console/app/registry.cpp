@@ -6,7 +6,7 @@ namespace console {
 
 const CommandTable& allCommands() {
   using enum Command::Kind;
-  using enum Text;
+  using enum MessageId;
   static const CommandTable table = {
       {L"ATTDEF",
        {L"ATT"},

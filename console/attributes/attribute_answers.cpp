@@ -70,9 +70,9 @@ void setGiven(OdDbBlockReference& reference, const AttributeAnswers& answers) {
   for (const auto& [typed, value] : answers.given) {
     const AttributeRow* row = attributes.findTyped(typed);
     if (row == nullptr)
-      refuse(Text::kNoSuchTag, {typed, tagsOf(attributes)});
+      refuse(MessageId::kNoSuchTag, {typed, tagsOf(attributes)});
     if (changeValue(row->attribute, value) == ValueChange::Lines)
-      refuse(Text::kAttributeLines, {attributeName(*row), value});
+      refuse(MessageId::kAttributeLines, {attributeName(*row), value});
   }
 }
 
@@ -93,7 +93,7 @@ void giveAttributes(Session& session, const OdDbBlockReferencePtr& reference, co
   const OdDbObjectId block = reference->blockTableRecord();
   const std::vector<OdString> questions = questionsOf(block, answers);
   if (!questions.empty() && !session.mayAsk())
-    refuse(Text::kAttributesNeeded, {nameList(questions)});
+    refuse(MessageId::kAttributesNeeded, {nameList(questions)});
   if (!insertCommon::processAttributesForInsert(reference, true))
     throw OdError(eInvalidInput);
   setGiven(*reference, answers);

@@ -22,14 +22,14 @@ constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
 CsvTable readTable(const std::string& path) {
   drawing::MappedFile file;
   if (const drawing::FileError error = file.open(path); !error.ok())
-    throw Failure{Status::Unreadable, {Text::kCsvUnreadable, {OdString::fromUtf8(error.text)}}};
+    throw Failure{Status::Unreadable, {MessageId::kCsvUnreadable, {OdString::fromUtf8(error.text)}}};
   CsvTable table = parseCsv(file.text());
   if (table.fault)
-    refuse(*table.fault == CsvFault::QuoteOpen ? Text::kCsvOpen : Text::kCsvQuote,
+    refuse(*table.fault == CsvFault::QuoteOpen ? MessageId::kCsvOpen : MessageId::kCsvQuote,
            {OdString::fromUtf8(path), count(table.faultLine)});
   for (const CsvRow& row : table.rows) {
     if (row.cells.size() != table.rows[0].cells.size())
-      refuse(Text::kCsvCells,
+      refuse(MessageId::kCsvCells,
              {OdString::fromUtf8(path), count(row.line), count(row.cells.size()), count(table.rows[0].cells.size())});
   }
   return table;
@@ -45,7 +45,7 @@ std::array<std::size_t, kColumnCount> columnsOf(const CsvTable& table, const std
         columns[column] = i;
     }
     if (column < kNeeded && columns[column] == kNowhere)
-      refuse(Text::kCsvColumn, {OdString::fromUtf8(path), name});
+      refuse(MessageId::kCsvColumn, {OdString::fromUtf8(path), name});
   }
   return columns;
 }
@@ -95,31 +95,31 @@ private:
     const OdString handle = cell(row, kHandle), tag = cell(row, kTag), typed = cell(row, kOrdinal);
     const ReferenceAttributes* attributes = attributesOfHandle(handle);
     if (attributes == nullptr)
-      return Message{Text::kMisfitHandle, {handle}};
+      return Message{MessageId::kMisfitHandle, {handle}};
     const std::size_t equal = attributes->count(tag);
     if (equal == 0)
-      return Message{Text::kMisfitTag, {handle, tag}};
+      return Message{MessageId::kMisfitTag, {handle, tag}};
     found = attributes->find(tag, ordinalOf(typed.toUtf8()).value_or(0));
     if (found == nullptr)
-      return Message{Text::kMisfitOrdinal, {handle, count(equal), tag, typed}};
+      return Message{MessageId::kMisfitOrdinal, {handle, count(equal), tag, typed}};
     const OdString block = cell(row, kBlock);
     if (!block.isEmpty() && block.iCompare(found->block) != 0)
-      return Message{Text::kMisfitBlock, {handle, found->block, block}};
+      return Message{MessageId::kMisfitBlock, {handle, found->block, block}};
     return {};
   }
 
   Misfit set(const CsvRow& row, const AttributeRow& attribute) {
     const auto [given, isFirst] = lines_.emplace(attribute.attribute, row.line);
     if (!isFirst)
-      return Message{Text::kMisfitTwice, {count(given->second)}};
+      return Message{MessageId::kMisfitTwice, {count(given->second)}};
     const OdString name = attributeName(attribute);
     switch (changeValue(attribute.attribute, cell(row, kValue))) {
     case ValueChange::Locked:
-      return Message{Text::kAttributeLocked, {name}};
+      return Message{MessageId::kAttributeLocked, {name}};
     case ValueChange::Constant:
-      return Message{Text::kAttributeConstant, {name}};
+      return Message{MessageId::kAttributeConstant, {name}};
     case ValueChange::Lines:
-      return Message{Text::kAttributeLines, {name}};
+      return Message{MessageId::kAttributeLines, {name}};
     case ValueChange::Same:
       ++result_.same;
       return {};

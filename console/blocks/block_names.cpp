@@ -23,17 +23,17 @@ bool isSpaceName(const OdString& name) {
 // The first rule that an illegal name breaks.
 [[noreturn]] void refuseIllegal(const OdString& name, bool notUtf8) {
   if (notUtf8)
-    refuse(Text::kNameNotUtf8, {name});
+    refuse(MessageId::kNameNotUtf8, {name});
   for (const wchar_t* set : {kForbidden, kForbiddenWhenStrict}) {
     if (const int at = name.findOneOf(set); at >= 0) {
       if (set == kForbidden)
         dlgTips::showBlockNameUnLegalTips();
-      refuse(Text::kNameCharacter, {OdString(name.getAt(at), 1), set});
+      refuse(MessageId::kNameCharacter, {OdString(name.getAt(at), 1), set});
     }
   }
   if (name.getLength() > kLongestInBox)
     dlgTips::showBlockNameBeyondLenTips();
-  refuse(Text::kNameTooLong);
+  refuse(MessageId::kNameTooLong);
 }
 
 } // namespace
@@ -50,33 +50,33 @@ std::size_t referencesTo(OdDbObjectId block) {
 
 void refuseEmptyName() {
   dlgTips::showBlockNameEmptyTips();
-  refuse(Text::kNameEmpty);
+  refuse(MessageId::kNameEmpty);
 }
 
 void checkBlockName(Session& session, const OdString& name) {
   if (name.isEmpty())
     refuseEmptyName();
   if (isSpaceName(name))
-    refuse(Text::kNameOfSpace, {name});
+    refuse(MessageId::kNameOfSpace, {name});
   if (blockUtils::isAnonymous(name))
-    refuse(Text::kNameAnonymous, {name});
+    refuse(MessageId::kNameAnonymous, {name});
   if (blockUtils::isExternalDependent(name) || blockUtils::isFromExternalReference(name)) {
     dlgTips::showExternalReferenceTips();
-    refuse(Text::kNameExternal, {name});
+    refuse(MessageId::kNameExternal, {name});
   }
   bool notUtf8 = false;
   if (!blockUtils::isLigitimacyName(name, notUtf8))
     refuseIllegal(name, notUtf8);
   const OdString& edited = session.drawing().document->blockEditorName();
   if (!edited.isEmpty() && edited.iCompare(name) == 0)
-    refuse(Text::kNameBeingEdited, {name});
+    refuse(MessageId::kNameBeingEdited, {name});
 }
 
 void refuseNonDefinition(const OdDbBlockTableRecord& block) {
   if (block.isLayout())
-    refuse(Text::kNameOfSpace, {block.getName()});
+    refuse(MessageId::kNameOfSpace, {block.getName()});
   if (block.isFromExternalReference() || block.isDependent())
-    refuse(Text::kNameExternal, {block.getName()});
+    refuse(MessageId::kNameExternal, {block.getName()});
 }
 
 } // namespace console

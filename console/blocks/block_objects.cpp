@@ -81,14 +81,14 @@ void leaveOutCameras(Session& session, BlockObjects& objects) {
   blockUtils::kickOutSomeKindOfObjs(objects.ids);
   objects.cameras = before - objects.ids.length();
   if (objects.cameras > 0)
-    session.print(Text::kCamerasLeftOut, {count(objects.cameras)});
+    session.print(MessageId::kCamerasLeftOut, {count(objects.cameras)});
 }
 
 void refuseSelfReference(const OdString& name, OdDbObjectId block, const OdDbObjectIdArray& ids) {
   if (!blockUtils::isObjsAreBtrItSelf(name, ids))
     return;
   dlgTips::showBlockRefSelfTips(name);
-  refuse(Text::kContainsItself, {name, chainBackTo(block, ids)});
+  refuse(MessageId::kContainsItself, {name, chainBackTo(block, ids)});
 }
 
 } // namespace
@@ -107,9 +107,9 @@ OdString chainBackTo(OdDbObjectId block, const OdDbObjectIdArray& ids) {
   WayBack way(block);
   if (!way.find(ids))
     return {};
-  OdString chain = render(Text::kChainStart, {nameOfDefinition(block)});
+  OdString chain = render(MessageId::kChainStart, {nameOfDefinition(block)});
   for (const Step& step : way.steps())
-    chain += render(Text::kChainLink,
+    chain += render(MessageId::kChainLink,
                     {nameOfDefinition(definitionReferencedBy(step.reference)), handleText(step.reference)});
   return chain;
 }
@@ -119,10 +119,10 @@ BlockObjects objectsForBlock(Session& session, const OdString& name, const OdDbO
   const int left = commonFun::objsOnLockedLayerPro(objects.ids);
   objects.locked = picked.length() - static_cast<std::size_t>(left);
   if (objects.locked > 0 && objects.ids.isEmpty())
-    refuse(Text::kAllLocked);
+    refuse(MessageId::kAllLocked);
   leaveOutCameras(session, objects);
   if (!picked.isEmpty() && objects.ids.isEmpty())
-    refuse(Text::kAllDropped);
+    refuse(MessageId::kAllDropped);
   OdDbObjectIdArray definitions;
   blockUtils::kickOutAttrdefID(objects.ids, definitions);
   objects.ids.append(definitions);

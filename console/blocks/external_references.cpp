@@ -56,7 +56,7 @@ void follow(OdDbBlockTableRecord& xref) {
 void refuseUnlessLoaded(const OdDbBlockTableRecord& xref, const std::string& file) {
   const OdString path = OdString::fromUtf8(file);
   if (xref.xrefStatus() != XrefStatus::Loaded)
-    throw Failure{Status::Unreadable, {Text::kXrefUnreadable, {path, xrefState(xref.xrefStatus())}}};
+    throw Failure{Status::Unreadable, {MessageId::kXrefUnreadable, {path, xrefState(xref.xrefStatus())}}};
 }
 
 OdDbBlockTableRecordPtr makeXref(Session& session, const AttachRequest& request) {
@@ -65,7 +65,7 @@ OdDbBlockTableRecordPtr makeXref(Session& session, const AttachRequest& request)
   const OdDbBlockTableRecordPtr xref = OdDbBlockTableRecord::createObject();
   xref->setName(request.name);
   if (table->add(xref.get()).isNull())
-    refuse(Text::kXrefNameTaken, {request.name});
+    refuse(MessageId::kXrefNameTaken, {request.name});
   xref->setXref(pathToStore(session, request.file), request.overlay);
   loadAgain(session);
   refuseUnlessLoaded(*xref, request.file);
@@ -78,7 +78,7 @@ OdDbBlockTableRecordPtr xrefFor(Session& session, const AttachRequest& request) 
   if (present.isNull())
     return makeXref(session, request);
   if (!present->isFromExternalReference() || !isSameFile(fileOf(session, *present), request.file))
-    refuse(Text::kXrefNameTaken, {request.name});
+    refuse(MessageId::kXrefNameTaken, {request.name});
   return present;
 }
 
@@ -91,11 +91,11 @@ std::string externalFile(Session& session, const std::string& typed) {
     const morvane::PathMap& paths = session.host().paths();
     const OdString found = mvdbSystemServices().findFile(paths.toDrawing(typed), &session.database());
     if (found.isEmpty())
-      refuse(Text::kXrefNoFile, {OdString::fromUtf8(typed)});
+      refuse(MessageId::kXrefNoFile, {OdString::fromUtf8(typed)});
     file = paths.toSystem(found);
   }
   if (!session.drawing().path.empty() && isSameFile(file, session.drawing().path))
-    refuse(Text::kXrefItself, {OdString::fromUtf8(file)});
+    refuse(MessageId::kXrefItself, {OdString::fromUtf8(file)});
   return file;
 }
 
@@ -120,16 +120,16 @@ std::vector<OdDbBlockTableRecordPtr> xrefsNamed(Session& session, const OdString
       xrefs.push_back(xref);
   }
   if (xrefs.empty())
-    refuse(Text::kNoSuchXref, {name});
+    refuse(MessageId::kNoSuchXref, {name});
   return xrefs;
 }
 
 OdString xrefState(XrefStatus wanted) {
-  constexpr std::pair<XrefStatus, Text> kStates[] = {
-      {XrefStatus::Loaded, Text::kXrefLoaded},       {XrefStatus::Unloaded, Text::kXrefUnloaded},
-      {XrefStatus::NotFound, Text::kXrefNotFound},   {XrefStatus::Refused, Text::kXrefRefused},
-      {XrefStatus::Cycle, Text::kXrefInCycle},       {XrefStatus::NotFollowed, Text::kXrefNotFollowed},
-      {XrefStatus::NotLoaded, Text::kXrefNotLoaded},
+  constexpr std::pair<XrefStatus, MessageId> kStates[] = {
+      {XrefStatus::Loaded, MessageId::kXrefLoaded},       {XrefStatus::Unloaded, MessageId::kXrefUnloaded},
+      {XrefStatus::NotFound, MessageId::kXrefNotFound},   {XrefStatus::Refused, MessageId::kXrefRefused},
+      {XrefStatus::Cycle, MessageId::kXrefInCycle},       {XrefStatus::NotFollowed, MessageId::kXrefNotFollowed},
+      {XrefStatus::NotLoaded, MessageId::kXrefNotLoaded},
   };
   for (const auto& [status, text] : kStates) {
     if (status == wanted)
@@ -150,7 +150,7 @@ void attachXref(CommandContext& context, const AttachRequest& request) {
   reference->setScaleFactors({scale, scale, scale});
   reference->setRotation(request.rotationRad);
   addToDrawing(context, *reference);
-  session.result(Text::kXrefAttached, {xref->getName(), xref->pathName(), realText(units)});
+  session.result(MessageId::kXrefAttached, {xref->getName(), xref->pathName(), realText(units)});
 }
 
 void detachXref(Session& session, const OdDbBlockTableRecordPtr& xref) {
@@ -158,7 +158,7 @@ void detachXref(Session& session, const OdDbBlockTableRecordPtr& xref) {
   const drawing::DetachedXref detached = drawing::detachXref(session.database(), xref->objectId());
   if (detached.result != eOk)
     throw OdError(detached.result);
-  session.result(Text::kXrefDetached, {name, count(detached.references)});
+  session.result(MessageId::kXrefDetached, {name, count(detached.references)});
 }
 
 void loadNewXrefs(Session& session) {
@@ -179,7 +179,7 @@ void reloadXrefs(Session& session, const std::vector<OdDbBlockTableRecordPtr>& x
   loadAgain(session);
   for (const OdDbBlockTableRecordPtr& xref : xrefs) {
     follow(*xref);
-    session.result(Text::kXrefLine, {xref->getName(), xref->pathName(), xrefState(xref->xrefStatus())});
+    session.result(MessageId::kXrefLine, {xref->getName(), xref->pathName(), xrefState(xref->xrefStatus())});
     if (xref->xrefStatus() != XrefStatus::Loaded)
       session.note(Status::Refused);
   }
@@ -189,10 +189,10 @@ void bindXref(Session& session, const OdDbBlockTableRecordPtr& xref) {
   const OdString name = xref->getName();
   const drawing::BoundXref bound = drawing::bindXref(session.database(), xref->objectId());
   if (!bound.isDone)
-    refuse(Text::kXrefCannotBind, {name, bound.obstacle, xrefState(bound.status)});
+    refuse(MessageId::kXrefCannotBind, {name, bound.obstacle, xrefState(bound.status)});
   for (const OdString& overlay : bound.leftOut)
-    session.print(Text::kXrefLeftOut, {name, overlay});
-  session.result(Text::kXrefBound, {name});
+    session.print(MessageId::kXrefLeftOut, {name, overlay});
+  session.result(MessageId::kXrefBound, {name});
 }
 
 } // namespace console

@@ -35,22 +35,22 @@ Json keptRecords(Session& session, const OdDbDatabase& source) {
       kept.push_back({{"kind", kind.name}, {"name", name.toUtf8Lossless()}});
     }
     if (!names.empty())
-      session.result(Text::kPreviewKept, {OdString::fromUtf8(kind.name), nameList(names)});
+      session.result(MessageId::kPreviewKept, {OdString::fromUtf8(kind.name), nameList(names)});
   }
   return kept;
 }
 
 Json clash(Session& session, const OdString& name, bool same) {
-  session.result(same ? Text::kPreviewSame : Text::kPreviewOther, {name});
+  session.result(same ? MessageId::kPreviewSame : MessageId::kPreviewOther, {name});
   return {{"name", name.toUtf8Lossless()}, {"same", same}};
 }
 
 void addQuestions(Session& session, Json& json, double factor, const std::vector<OdString>& questions) {
-  session.result(Text::kUnitsFactor, {exactText(factor)});
+  session.result(MessageId::kUnitsFactor, {exactText(factor)});
   json["factor"] = factor;
   json["questions"] = Json::array();
   for (const OdString& question : questions) {
-    session.result(Text::kPreviewQuestion, {question});
+    session.result(MessageId::kPreviewQuestion, {question});
     json["questions"].push_back(question.toUtf8Lossless());
   }
 }
@@ -59,7 +59,7 @@ void addQuestions(Session& session, Json& json, double factor, const std::vector
 
 Json previewFile(Session& session, const std::string& path, const OdString& name, const AttributeAnswers& answers) {
   const BlockSource source = readBlockSource(session, path, name);
-  session.result(Text::kPreviewFile, {OdString::fromUtf8(path), source.name});
+  session.result(MessageId::kPreviewFile, {OdString::fromUtf8(path), source.name});
   Json json = {{"file", path}, {"block", source.name.toUtf8Lossless()}, {"clashes", Json::array()}};
   if (const OdDbObjectId there = definitionOf(session, source.name); !there.isNull())
     json["clashes"].push_back(
@@ -75,7 +75,7 @@ Json previewFile(Session& session, const std::string& path, const OdString& name
 Json previewBlock(Session& session, const OdString& name, const AttributeAnswers& answers) {
   const OdDbObjectId block = definitionOf(session, name);
   if (block.isNull())
-    refuse(Text::kNoSuchBlock, {name});
+    refuse(MessageId::kNoSuchBlock, {name});
   Json json = {{"file", Json()}, {"block", name.toUtf8Lossless()}, {"clashes", Json::array()}, {"kept", Json::array()}};
   addQuestions(session, json, unitsFactor(block), questionsOf(block, answers));
   return json;

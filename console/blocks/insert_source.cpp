@@ -85,16 +85,17 @@ OdDbObjectId insertAs(Session& session, const BlockSource& source, const OdStrin
   insertCommon::getBeditBlockName(edited);
   if (insertCommon::checkSameBlock(source.database, edited)) {
     insertCommon::CancelInsertTips(edited);
-    refuse(Text::kDefinesEdited, {OdString::fromUtf8(source.path), edited});
+    refuse(MessageId::kDefinesEdited, {OdString::fromUtf8(source.path), edited});
   }
   OdDbObjectId block;
   if (!insertCommon::insertDb(source.database, name, block))
-    refuse(Text::kNotInserted, {OdString::fromUtf8(source.path), name});
+    refuse(MessageId::kNotInserted, {OdString::fromUtf8(source.path), name});
   for (const drawing::Issue& issue : session.database().insertReport().issues())
-    session.print(Text::kInsertNote, {OdString::fromUtf8(source.path), OdString::fromUtf8(drawing::describe(issue))});
+    session.print(MessageId::kInsertNote,
+                  {OdString::fromUtf8(source.path), OdString::fromUtf8(drawing::describe(issue))});
   insertCommon::setExplodableInfo(source.database, block);
   if (!blockUtils::setBtrInsertUnit(block, source.database->getINSUNITS()))
-    refuse(Text::kNotInserted, {OdString::fromUtf8(source.path), name});
+    refuse(MessageId::kNotInserted, {OdString::fromUtf8(source.path), name});
   return block;
 }
 
@@ -107,7 +108,7 @@ bool lastBoxWasClosed(const Session& session) {
 
 [[noreturn]] void refuseClash(const BlockSource& source, OdDbObjectId there) {
   const bool same = drawing::sameDefinition(source.database->getModelSpaceId(), there);
-  refuse(same ? Text::kClashSame : Text::kClashOther, {OdString::fromUtf8(source.path), nameOf(there)});
+  refuse(same ? MessageId::kClashSame : MessageId::kClashOther, {OdString::fromUtf8(source.path), nameOf(there)});
 }
 
 // The user replaces the definition, keeps it, or gives up.
@@ -127,7 +128,7 @@ void refuseUnfit(OdDbObjectId there) {
   if (!record->isFromExternalReference())
     return;
   dlgTips::showBlockExtRefErrorTips();
-  refuse(Text::kNameExternal, {record->getName()});
+  refuse(MessageId::kNameExternal, {record->getName()});
 }
 
 // Which definition the file will be, and whether the one that is there is it.
@@ -152,17 +153,17 @@ void printOutcome(Session& session, const BlockSource& source, const ImportedBlo
   using Resolution = ImportedBlock::Resolution;
   const OdString path = OdString::fromUtf8(source.path);
   if (result.resolution == Resolution::Kept)
-    session.print(Text::kClashKept, {path, result.name});
+    session.print(MessageId::kClashKept, {path, result.name});
   else if (result.resolution == Resolution::Shared)
-    session.print(Text::kClashShared, {path, result.name});
+    session.print(MessageId::kClashShared, {path, result.name});
   else if (result.resolution == Resolution::Replaced)
-    session.print(Text::kClashReplaced, {path, result.name});
+    session.print(MessageId::kClashReplaced, {path, result.name});
   else if (result.resolution == Resolution::Renamed)
-    session.print(Text::kClashRenamed, {path, source.name, result.name});
+    session.print(MessageId::kClashRenamed, {path, source.name, result.name});
   for (const ImportedBlock::Nested& nested : result.renamed)
-    session.print(Text::kNestedRenamed, {path, nested.name, nested.now});
+    session.print(MessageId::kNestedRenamed, {path, nested.name, nested.now});
   if (!result.kept.empty())
-    session.print(Text::kNestedKept, {path, nameList(result.kept)});
+    session.print(MessageId::kNestedKept, {path, nameList(result.kept)});
 }
 
 } // namespace

@@ -32,7 +32,7 @@ void clearOrigin(OdDbObjectId block) {
 void setProperties(const BlockRequest& request, OdDbObjectId block) {
   const auto demand = [&](bool done, const wchar_t* option) {
     if (!done)
-      refuse(Text::kPropertyFailed, {request.name, option});
+      refuse(MessageId::kPropertyFailed, {request.name, option});
   };
   demand(blockUtils::setUniformlyScaled(block, request.scalesUniformly), L"--uniform");
   demand(blockUtils::setExplodable(block, request.explodable), L"--no-explode");
@@ -58,7 +58,7 @@ OdDbObjectId placeReference(OdDbDatabase& database, const BlockRequest& request,
   reference->setDatabaseDefaults(&database);
   reference->setBlockTableRecord(block);
   if (reference->setBlockTransform(frame * OdGeMatrix3d::scaling(referenceScale(request, database))) != eOk)
-    refuse(Text::kReferenceFailed, {request.name});
+    refuse(MessageId::kReferenceFailed, {request.name});
   const OdDbBlockTableRecordPtr space = request.space.safeOpenObject(OdDb::kForWrite);
   const OdDbObjectId id = space->appendOdDbEntity(reference.get());
   blockUtils::processBlockTbRefAsDefaultAttri(reference.get());
@@ -73,12 +73,13 @@ void eraseAll(const OdDbObjectIdArray& ids) {
 } // namespace
 
 void reportBlockMade(Session& session, const BlockRequest& request, const BlockMade& made) {
-  session.result(made.redefined ? Text::kBlockRedefined : Text::kBlockMade, {request.name, count(made.objects)});
+  session.result(made.redefined ? MessageId::kBlockRedefined : MessageId::kBlockMade,
+                 {request.name, count(made.objects)});
   reportSourceObjects(session, request.afterwards);
 }
 
 void reportSourceObjects(Session& session, Afterwards afterwards) {
-  const Text texts[] = {Text::kKept, Text::kConverted, Text::kDeleted};
+  const MessageId texts[] = {MessageId::kKept, MessageId::kConverted, MessageId::kDeleted};
   session.print(texts[static_cast<std::size_t>(afterwards)]);
 }
 
@@ -87,7 +88,7 @@ BlockMade makeBlock(Session& session, const BlockRequest& request) {
   checkBlockName(session, request.name);
   const OdDbObjectId before = definitionOf(session, request.name);
   if (!before.isNull() && !request.redefine)
-    refuse(Text::kBlockExists, {request.name, count(referencesTo(before))});
+    refuse(MessageId::kBlockExists, {request.name, count(referencesTo(before))});
 
   BlockMade made;
   made.redefined = !before.isNull();
@@ -97,13 +98,13 @@ BlockMade makeBlock(Session& session, const BlockRequest& request) {
   made.block = blockUtils::create(&database, request.name, taken, request.redefine, created, request.basePointUcs,
                                   request.description);
   if (!created || made.block.isNull())
-    refuse(Text::kBlockFailed, {request.name});
+    refuse(MessageId::kBlockFailed, {request.name});
   if (taken.isEmpty() && !request.ids.isEmpty())
-    refuse(Text::kAllDropped);
+    refuse(MessageId::kAllDropped);
   made.objects = static_cast<std::size_t>(taken.length());
   made.dropped = missingByType(request.ids, taken);
   for (const auto& [type, number] : made.dropped)
-    session.print(Text::kDropped, {count(number), OdString::fromUtf8(type)});
+    session.print(MessageId::kDropped, {count(number), OdString::fromUtf8(type)});
   clearOrigin(made.block);
   setProperties(request, made.block);
 

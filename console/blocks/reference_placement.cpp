@@ -12,16 +12,16 @@ namespace {
 void refuseUnfit(const OdDbBlockTableRecord& block, const Placement& placement, OdDbObjectId space) {
   const OdGeScale3d& scale = placement.scale;
   if (scale.sx == 0 || scale.sy == 0 || scale.sz == 0)
-    refuse(Text::kScaleZero);
+    refuse(MessageId::kScaleZero);
   const bool equal = scale.sx == scale.sy && scale.sy == scale.sz;
   if (!equal && insertCommon::isBlockUniformScaled(block.objectId()))
-    refuse(Text::kScaleUniform, {block.getName()});
+    refuse(MessageId::kScaleUniform, {block.getName()});
   if (block.isLayout())
-    refuse(Text::kNameOfSpace, {block.getName()});
+    refuse(MessageId::kNameOfSpace, {block.getName()});
   if (block.objectId() != space && !block.reaches(space))
     return;
   dlgTips::showBlockRefSelfTips(block.getName());
-  refuse(Text::kInsertsItself, {block.getName()});
+  refuse(MessageId::kInsertsItself, {block.getName()});
 }
 
 OdDbBlockReferencePtr freeReference(const Placement& placement) {
@@ -66,7 +66,7 @@ OdDbBlockReferencePtr placeReference(Session& session, OdDbObjectId block, const
   reference->setDatabaseDefaults(&database);
   reference->setBlockTableRecord(block);
   if (reference->setBlockTransform(matrixOf(database, placement, unitsFactor(block))) != eOk)
-    refuse(Text::kReferenceFailed, {definition->getName()});
+    refuse(MessageId::kReferenceFailed, {definition->getName()});
   const OdDbBlockTableRecordPtr space = spaceId.safeOpenObject(OdDb::kForWrite);
   space->appendOdDbEntity(reference.get());
   return reference;

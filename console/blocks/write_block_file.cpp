@@ -75,7 +75,7 @@ public:
   OdDbDatabasePtr make() {
     OdDbDatabasePtr made = std::visit(*this, request_.source);
     if (made.isNull())
-      refuse(Text::kNotWritable);
+      refuse(MessageId::kNotWritable);
     if (request_.units) {
       made->setINSUNITS(*request_.units);
       OdDbBlockTableRecordPtr(made->getModelSpaceId().safeOpenObject(OdDb::kForWrite))
@@ -120,10 +120,10 @@ private:
   void reportDropped(const OdDbObjectIdArray& all) const {
     result_.dropped = missingByType(all, result_.written);
     for (const auto& [type, number] : result_.dropped)
-      session_.print(Text::kNotMoved, {count(number), OdString::fromUtf8(type)});
+      session_.print(MessageId::kNotMoved, {count(number), OdString::fromUtf8(type)});
     session_.note(Status::Repaired);
     if (result_.written.isEmpty())
-      refuse(Text::kAllDropped);
+      refuse(MessageId::kAllDropped);
   }
 
   Session& session_;
@@ -136,14 +136,14 @@ void checkReadBack(const BlockFileRequest& request, const OdDbDatabase& made, co
                    const BlockFile& result) {
   if (read.database.isNull())
     throw Failure{Status::SaveFailed,
-                  {Text::kNotReadBack, {OdString::fromUtf8(request.path), OdString::fromUtf8(read.message)}}};
+                  {MessageId::kNotReadBack, {OdString::fromUtf8(request.path), OdString::fromUtf8(read.message)}}};
   const bool containsAll = result.version >= made.fileInfo().version;
   const DrawingCount given = countOf(made);
   if (read.report.outcome() == drawing::Outcome::Whole && (!containsAll || result.count == given))
     return;
-  throw Failure{
-      Status::SaveFailed,
-      {Text::kReadBackDiffers, {OdString::fromUtf8(request.path), count(given.objects), count(result.count.objects)}}};
+  throw Failure{Status::SaveFailed,
+                {MessageId::kReadBackDiffers,
+                 {OdString::fromUtf8(request.path), count(given.objects), count(result.count.objects)}}};
 }
 
 // Of the objects that model space of `made` was made of: those that the file has, whatever its version made of them.
@@ -205,7 +205,7 @@ BlockFile writeBlockFile(Session& session, const BlockFileRequest& request) {
 }
 
 void reportBlockFile(Session& session, const BlockFile& written) {
-  session.result(Text::kBlockWritten,
+  session.result(MessageId::kBlockWritten,
                  {OdString::fromUtf8(written.path), count(written.count.objects), count(written.count.definitions),
                   OdString::fromUtf8(drawing::versionYear(written.version))});
 }

@@ -74,13 +74,13 @@ private:
     std::error_code error;
     fs::create_directory(request_.folder, error);
     if (!fs::is_directory(request_.folder, error))
-      throw Failure{Status::SaveFailed, {Text::kNoLibraryFolder, {OdString::fromUtf8(request_.folder)}}};
+      throw Failure{Status::SaveFailed, {MessageId::kNoLibraryFolder, {OdString::fromUtf8(request_.folder)}}};
   }
 
   void refuseExisting() const {
     const auto check = [this](const std::string& file) {
       if (fileExists(pathOf(file)))
-        refuse(Text::kFileExists, {OdString::fromUtf8(pathOf(file))});
+        refuse(MessageId::kFileExists, {OdString::fromUtf8(pathOf(file))});
     };
     check(kManifest);
     for (const LibraryEntry& entry : entries_) {

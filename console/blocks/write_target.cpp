@@ -33,9 +33,9 @@ _blockFileInfo completed(const OdString& name) {
   info.fileName = name;
   bool needsName = false;
   if (blockInfo_FilePath::isShowFileDlg(info.fileName, info.filePath, needsName) != RTNORM)
-    refuse(Text::kNoTarget, {name});
+    refuse(MessageId::kNoTarget, {name});
   if (needsName)
-    refuse(Text::kNoFileName);
+    refuse(MessageId::kNoFileName);
   return info;
 }
 
@@ -51,7 +51,7 @@ OdString besideDrawing(Session& session, const OdString& name) {
   std::error_code ignored;
   if (name.findOneOf(L"/\\") >= 0 || folder.isEmpty() || fs::is_directory(paths.toSystem(folder), ignored))
     return name;
-  session.print(Text::kFolderGone, {folder});
+  session.print(MessageId::kFolderGone, {folder});
   const fs::path own = fs::absolute(session.drawing().path, ignored).parent_path();
   return paths.toDrawing((session.drawing().path.empty() ? fs::current_path(ignored) : own).string()) + L"\\" + name;
 }
@@ -62,14 +62,14 @@ void refuseOpenDrawing(Session& session, const std::string& path) {
   const auto isThat = [&](const OpenDrawing& open) { return !open.path.empty() && isSameFile(open.path, path); };
   const auto& others = session.others();
   if (isThat(session.drawing()) || std::any_of(others.begin(), others.end(), isThat))
-    refuse(Text::kTargetIsOpen, {OdString::fromUtf8(path)});
+    refuse(MessageId::kTargetIsOpen, {OdString::fromUtf8(path)});
 }
 
 OdString completeName(Session& session, const OdString& typed) {
   OdString name = typed;
   name.trimLeft().trimRight();
   if (name.isEmpty() || name == L"~")
-    refuse(Text::kNoFileName);
+    refuse(MessageId::kNoFileName);
   checkDrawingName(name.toUtf8Lossless());
   const OdString extension = extensionOf(name);
   if (extension == kDxf)
@@ -77,7 +77,7 @@ OdString completeName(Session& session, const OdString& typed) {
   if (extension.iCompare(kDxf) == 0)
     name = name.left(name.getLength() - extension.getLength());
   name += kDxf;
-  session.print(Text::kTargetCompleted, {name});
+  session.print(MessageId::kTargetCompleted, {name});
   return name;
 }
 
@@ -88,7 +88,7 @@ OdDb::DwgVersion rememberedVersion(Session& session) {
   const bool isKnown = drawing::versionSignature(version)[0] != '\0'; // a file that somebody wrote may hold anything
   version = isKnown ? drawing::writtenVersion(version) : OdDb::kNewestVersion;
   if (type == OdDb::kSaveDwg)
-    session.print(Text::kTargetMadeDxf, {OdString::fromUtf8(drawing::versionYear(version))});
+    session.print(MessageId::kTargetMadeDxf, {OdString::fromUtf8(drawing::versionYear(version))});
   return version;
 }
 
@@ -97,8 +97,8 @@ std::string askedTarget(Session& session, const OdString& typed) {
   const std::string path = systemPath(session, completed(name));
   refuseOpenDrawing(session, path);
   if (!session.mayAsk() && fileExists(path)) {
-    session.refuseQuestion(render(Text::kReplaceQuestion, {OdString::fromUtf8(path)}));
-    refuse(Text::kFileExists, {OdString::fromUtf8(path)});
+    session.refuseQuestion(render(MessageId::kReplaceQuestion, {OdString::fromUtf8(path)}));
+    refuse(MessageId::kFileExists, {OdString::fromUtf8(path)});
   }
   _blockFileInfo info;
   info.fileName = name;
@@ -113,7 +113,7 @@ std::string givenTarget(Session& session, const OdString& name, bool mayReplace)
   const std::string inFull = std::filesystem::absolute(name.toUtf8Lossless(), ignored).string();
   const std::string path = systemPath(session, completed(session.host().paths().toDrawing(inFull)));
   if (!mayReplace && fileExists(path))
-    refuse(Text::kFileExists, {OdString::fromUtf8(path)});
+    refuse(MessageId::kFileExists, {OdString::fromUtf8(path)});
   return path;
 }
 

@@ -55,8 +55,8 @@ void askModes(Session& session, Wishes& wishes) {
       if (wishes.modes[mode])
         on.emplace_back(kModes[mode]);
     }
-    session.print(Text::kModesOn, {on.empty() ? OdString(L"none") : nameList(on)});
-    const auto typed = askKeyword(session, Text::kKeywordsModes, Text::kPromptModes);
+    session.print(MessageId::kModesOn, {on.empty() ? OdString(L"none") : nameList(on)});
+    const auto typed = askKeyword(session, MessageId::kKeywordsModes, MessageId::kPromptModes);
     if (!typed)
       return;
     for (std::size_t mode = 0; mode < kModeCount; ++mode)
@@ -65,7 +65,7 @@ void askModes(Session& session, Wishes& wishes) {
 }
 
 void askJustification(Session& session, Wishes& wishes) {
-  const auto typed = askKeyword(session, Text::kKeywordsJustify, Text::kPromptJustify);
+  const auto typed = askKeyword(session, MessageId::kKeywordsJustify, MessageId::kPromptJustify);
   for (const Justification& one : kJustifications) {
     if (typed && *typed == one.name)
       wishes.justification = &one;
@@ -74,12 +74,12 @@ void askJustification(Session& session, Wishes& wishes) {
 
 // A wrong name is told, and the style stays.
 void askStyle(CommandContext& context, Wishes& wishes) {
-  const auto typed = askText(context.session, Text::kPromptStyle, {}, true);
+  const auto typed = askText(context.session, MessageId::kPromptStyle, {}, true);
   const OdDbObjectId style = typed ? context.database.symbol(OdDb::kTextStyleTable, *typed) : OdDbObjectId();
   if (!style.isNull())
     wishes.style = style;
   else if (typed)
-    context.session.print(Text::kNoSuchStyle, {*typed});
+    context.session.print(MessageId::kNoSuchStyle, {*typed});
 }
 
 // The first point, with the options in front of it.
@@ -87,7 +87,8 @@ OdGePoint3d promptInsertionPoint(CommandContext& context, Wishes& wishes) {
   Session& session = context.session;
   for (;;) {
     constexpr bool kRequired = true;
-    const PointOrKeyword answer = askPointOr(session, Text::kKeywordsAttdef, Text::kPromptAttdefPosition, kRequired);
+    const PointOrKeyword answer =
+        askPointOr(session, MessageId::kKeywordsAttdef, MessageId::kPromptAttdefPosition, kRequired);
     if (answer.point)
       return *answer.point;
     if (answer.keyword == L"Modes")
@@ -97,7 +98,7 @@ OdGePoint3d promptInsertionPoint(CommandContext& context, Wishes& wishes) {
     else if (answer.keyword == L"Style")
       askStyle(context, wishes);
     else
-      wishes.rotation = askAngle(session, Text::kPromptAngle).value_or(0);
+      wishes.rotation = askAngle(session, MessageId::kPromptAngle).value_or(0);
   }
 }
 
@@ -133,9 +134,9 @@ void makeMultiple(OdDbAttributeDefinition& definition, const Wishes& wishes, con
 }
 
 OdString askTag(Session& session) {
-  OdString tag = askText(session, Text::kPromptTag).value_or(OdString());
+  OdString tag = askText(session, MessageId::kPromptTag).value_or(OdString());
   if (tag.isEmpty() || tag.findOneOf(L" \t!") >= 0)
-    refuse(Text::kBadTag, {tag});
+    refuse(MessageId::kBadTag, {tag});
   return tag.makeUpper();
 }
 
@@ -144,17 +145,17 @@ OdString askTag(Session& session) {
 void attdef(CommandContext& context) {
   Session& session = context.session;
   const OdString tag = askTag(session);
-  const OdString prompt = askText(session, Text::kPromptTagPrompt, {tag}, true).value_or(tag);
-  const OdString value = askText(session, Text::kPromptTagDefault, {}, true).value_or(OdString());
+  const OdString prompt = askText(session, MessageId::kPromptTagPrompt, {tag}, true).value_or(tag);
+  const OdString value = askText(session, MessageId::kPromptTagDefault, {}, true).value_or(OdString());
   const OdDbAttributeDefinitionPtr definition = OdDbAttributeDefinition::createObject();
   definition->setDatabaseDefaults(&context.database);
   Wishes wishes;
   const OdGePoint3d first = promptInsertionPoint(context, wishes);
   OdGePoint3d second;
   if (hasTwoPoints(wishes)) {
-    second = askRequiredPoint(session, Text::kPromptSecondPoint);
+    second = askRequiredPoint(session, MessageId::kPromptSecondPoint);
     if (std::hypot(second.x - first.x, second.y - first.y) == 0)
-      refuse(Text::kNoBaseLine);
+      refuse(MessageId::kNoBaseLine);
   }
   definition->setTag(tag);
   definition->setPrompt(prompt);

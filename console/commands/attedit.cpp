@@ -13,40 +13,40 @@ OdDbObjectId askReference(Session& session) {
     if (reference.isNull() || reference->attributeIds().isEmpty())
       continue;
     if (!picked.isNull())
-      refuse(Text::kOneReference);
+      refuse(MessageId::kOneReference);
     picked = id;
   }
   if (picked.isNull())
-    refuse(Text::kNoAttributes);
+    refuse(MessageId::kNoAttributes);
   return picked;
 }
 
 void listAttributes(Session& session, const ReferenceAttributes& attributes) {
   for (const AttributeRow& row : attributes.rows())
-    session.result(Text::kAttributeLine, {attributeName(row), row.value});
+    session.result(MessageId::kAttributeLine, {attributeName(row), row.value});
 }
 
-Text textOf(ValueChange change) {
+MessageId textOf(ValueChange change) {
   switch (change) {
   case ValueChange::Set:
-    return Text::kAttributeSet;
+    return MessageId::kAttributeSet;
   case ValueChange::SetWithoutField:
-    return Text::kAttributeSetWithoutField;
+    return MessageId::kAttributeSetWithoutField;
   case ValueChange::Same:
-    return Text::kAttributeSame;
+    return MessageId::kAttributeSame;
   case ValueChange::Locked:
-    return Text::kAttributeLocked;
+    return MessageId::kAttributeLocked;
   case ValueChange::Constant:
-    return Text::kAttributeConstant;
+    return MessageId::kAttributeConstant;
   case ValueChange::Lines:
     break;
   }
-  return Text::kAttributeLines;
+  return MessageId::kAttributeLines;
 }
 
 // An empty answer keeps the value; two quotes are the empty one.
 void askValue(Session& session, const AttributeRow& row) {
-  const auto typed = askText(session, Text::kPromptAttributeValue, {row.value}, true);
+  const auto typed = askText(session, MessageId::kPromptAttributeValue, {row.value}, true);
   if (!typed)
     return;
   const OdString value = *typed == L"\"\"" ? OdString() : *typed;
@@ -58,7 +58,7 @@ void askValue(Session& session, const AttributeRow& row) {
 void attedit(CommandContext& context) {
   Session& session = context.session;
   const OdDbObjectId id = askReference(session);
-  while (const auto typed = askText(session, Text::kPromptAttributeTag)) {
+  while (const auto typed = askText(session, MessageId::kPromptAttributeTag)) {
     const ReferenceAttributes attributes(*OdDbBlockReferencePtr(id.safeOpenObject()));
     const AttributeRow* row = attributes.findTyped(*typed);
     if (row != nullptr)
@@ -66,7 +66,7 @@ void attedit(CommandContext& context) {
     else if (*typed == L"?")
       listAttributes(session, attributes);
     else
-      session.print(Text::kNoSuchAttribute, {*typed});
+      session.print(MessageId::kNoSuchAttribute, {*typed});
   }
 }
 

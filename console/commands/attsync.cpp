@@ -17,25 +17,25 @@ bool listBlocksWithAttributes(Session& session) {
     if (record->isLayout() || record->isFromExternalReference() || !record->hasAttributeDefinitions())
       continue;
     any = true;
-    session.result(Text::kSyncBlock, {record->getName(), count(referencesTo(record->objectId()))});
+    session.result(MessageId::kSyncBlock, {record->getName(), count(referencesTo(record->objectId()))});
   }
   return any;
 }
 
 OdDbObjectId askBlock(Session& session) {
   for (;;) {
-    const auto typed = askText(session, Text::kPromptBlockName);
+    const auto typed = askText(session, MessageId::kPromptBlockName);
     if (!typed)
       return {};
     if (*typed == L"?") {
       if (!listBlocksWithAttributes(session))
-        session.result(Text::kNoSyncBlocks);
+        session.result(MessageId::kNoSyncBlocks);
       continue;
     }
     const OdDbObjectId block = definitionOf(session, *typed);
     const OdDbBlockTableRecordPtr record = OdDbBlockTableRecord::cast(block.safeOpenObject());
     if (record.isNull() || record->isLayout() || record->isFromExternalReference())
-      refuse(Text::kNoSuchBlock, {*typed});
+      refuse(MessageId::kNoSuchBlock, {*typed});
     return block;
   }
 }
@@ -49,10 +49,10 @@ void attsync(CommandContext& context) {
     return;
   const SyncedAttributes synced = syncAttributes(block);
   for (const SyncedAttributes::Surplus& surplus : synced.surplus)
-    session.result(Text::kSyncSurplus, {handleText(surplus.reference), surplus.tag, surplus.value});
+    session.result(MessageId::kSyncSurplus, {handleText(surplus.reference), surplus.tag, surplus.value});
   for (const OdDbObjectId& id : synced.locked)
-    session.result(Text::kSyncLocked, {handleText(id)});
-  session.print(Text::kSynced, {count(synced.references)});
+    session.result(MessageId::kSyncLocked, {handleText(id)});
+  session.print(MessageId::kSynced, {count(synced.references)});
 }
 
 } // namespace console::commands

@@ -6,7 +6,7 @@ namespace console::commands {
 void bclose(CommandContext& context) {
   mvsi::MvsiApDocument& document = *context.drawing.document;
   if (document.blockEditorName().isEmpty())
-    refuse(Text::kEditorNotOpen);
+    refuse(MessageId::kEditorNotOpen);
   document.setBlockEditorName({}); // the session tells it
 }
 

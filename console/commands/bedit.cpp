@@ -8,15 +8,15 @@
 namespace console::commands {
 void bedit(CommandContext& context) {
   if (const OdString edited = context.drawing.document->blockEditorName(); !edited.isEmpty())
-    refuse(Text::kEditorOpen, {edited});
-  const auto name = askText(context.session, Text::kPromptEditedBlock, {}, true);
+    refuse(MessageId::kEditorOpen, {edited});
+  const auto name = askText(context.session, MessageId::kPromptEditedBlock, {}, true);
   const auto block =
       OdDbBlockTableRecord::cast(definitionOf(context.session, name.value_or(OdString())).safeOpenObject());
   if (block.isNull())
-    refuse(Text::kNoBlockToEdit, {name.value_or(OdString())});
+    refuse(MessageId::kNoBlockToEdit, {name.value_or(OdString())});
   refuseNonDefinition(*block);
   if (block->isAnonymous()) // the picture of something else
-    refuse(Text::kNameAnonymous, {block->getName()});
+    refuse(MessageId::kNameAnonymous, {block->getName()});
   openEditor(context, block->objectId());
 }
 

@@ -23,16 +23,16 @@ constexpr int kName = 1;
 // Question marks are answered with the list of blocks until a name comes.
 OdString askBlockName(Session& session) {
   for (;;) {
-    const OdString typed = askText(session, Text::kPromptBlockName).value_or(OdString());
+    const OdString typed = askText(session, MessageId::kPromptBlockName).value_or(OdString());
     if (typed.isEmpty())
       refuseEmptyName();
     const int kind = commonFun::GetInputType(typed);
     if (kind == kName)
       return typed;
     if (kind != kQuery)
-      session.print(Text::kBadBlockQuery);
+      session.print(MessageId::kBadBlockQuery);
     else if (listBlocks(session) == 0)
-      session.result(Text::kNoBlocks);
+      session.result(MessageId::kNoBlocks);
   }
 }
 
@@ -67,9 +67,9 @@ void askOptions(Session& session, BlockOptions& options) {
       {L"Explodable", &options.explodable}, {L"Uniform", &options.uniform}, {L"Open", &options.openInEditor}};
   for (;;) {
     const auto shown = [](int value) { return OdString(value != 0 ? L"on" : L"off"); };
-    session.print(Text::kBlockSettings,
+    session.print(MessageId::kBlockSettings,
                   {shown(options.explodable), shown(options.uniform), shown(options.openInEditor)});
-    const auto typed = askKeyword(session, Text::kKeywordsBlockOptions, Text::kPromptBlockOptions);
+    const auto typed = askKeyword(session, MessageId::kKeywordsBlockOptions, MessageId::kPromptBlockOptions);
     if (!typed)
       return;
     for (const auto& [name, value] : settings) {
@@ -81,7 +81,7 @@ void askOptions(Session& session, BlockOptions& options) {
 
 OdGePoint3d askBasePoint(Session& session, BlockOptions& options) {
   for (;;) {
-    const PointOrKeyword answer = askPointOr(session, Text::kKeywordsBlock, Text::kPromptBlockBasePoint);
+    const PointOrKeyword answer = askPointOr(session, MessageId::kKeywordsBlock, MessageId::kPromptBlockBasePoint);
     if (answer.keyword.isEmpty())
       return answer.point.value_or(OdGePoint3d());
     askOptions(session, options);

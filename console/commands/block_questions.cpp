@@ -11,13 +11,13 @@
 
 namespace console::commands {
 
-OdString askNameOrList(Session& session, Text prompt) {
+OdString askNameOrList(Session& session, MessageId prompt) {
   for (;;) {
     const OdString typed = askText(session, prompt).value_or(OdString());
     if (typed != L"?")
       return typed;
     if (listBlocks(session) == 0)
-      session.result(Text::kNoBlocks);
+      session.result(MessageId::kNoBlocks);
   }
 }
 
@@ -34,8 +34,8 @@ bool askRedefine(Session& session, const OdString& name) {
 Afterwards askAfterwards(Session& session, Afterwards usual) {
   constexpr std::array<const wchar_t*, 3> kNames = {L"Keep", L"Convert", L"Delete"};
   const OdString usualName = kNames[static_cast<std::size_t>(usual)];
-  const OdString answer =
-      askKeyword(session, Text::kKeywordsAfterwards, Text::kPromptAfterwards, {usualName}).value_or(usualName);
+  const OdString answer = askKeyword(session, MessageId::kKeywordsAfterwards, MessageId::kPromptAfterwards, {usualName})
+                              .value_or(usualName);
   for (std::size_t at = 0; at < kNames.size(); ++at) {
     if (answer == kNames[at])
       return static_cast<Afterwards>(at);
@@ -46,7 +46,7 @@ Afterwards askAfterwards(Session& session, Afterwards usual) {
 void openEditor(CommandContext& context, OdDbObjectId block) {
   const OdString name = OdDbBlockTableRecordPtr(block.safeOpenObject())->getName();
   context.drawing.document->setBlockEditorName(name);
-  context.session.print(Text::kEditorOpened, {name});
+  context.session.print(MessageId::kEditorOpened, {name});
 }
 
 } // namespace console::commands

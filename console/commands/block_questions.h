@@ -8,7 +8,7 @@
 namespace console::commands {
 
 // What was typed; question marks are answered with the list of blocks until something else comes. May be empty.
-OdString askNameOrList(Session& session, Text prompt);
+OdString askNameOrList(Session& session, MessageId prompt);
 // Whether there is a definition of that name and the user wants it replaced; a no cancels the command.
 bool askRedefine(Session& session, const OdString& name);
 Afterwards askAfterwards(Session& session, Afterwards usual);

@@ -7,10 +7,10 @@
 namespace console::commands {
 
 void circle(CommandContext& context) {
-  const OdGePoint3d center = askRequiredPoint(context.session, Text::kPromptCenter);
-  const double radius = askRequiredNumber(context.session, Text::kPromptRadius);
+  const OdGePoint3d center = askRequiredPoint(context.session, MessageId::kPromptCenter);
+  const double radius = askRequiredNumber(context.session, MessageId::kPromptRadius);
   if (radius <= 0)
-    refuse(Text::kRadiusTooSmall);
+    refuse(MessageId::kRadiusTooSmall);
   const OdDbCirclePtr entity = OdDbCircle::createObject();
   entity->setDatabaseDefaults(&context.database);
   entity->setCenter(center);

@@ -11,7 +11,7 @@ namespace console::commands {
 namespace {
 
 OdString nameOf(const mvsi::MvsiApDocument& document) {
-  return document.fileName().isEmpty() ? render(Text::kUnsavedName) : document.fileName();
+  return document.fileName().isEmpty() ? render(MessageId::kUnsavedName) : document.fileName();
 }
 
 void listDocuments(Session& session) {
@@ -19,24 +19,24 @@ void listDocuments(Session& session) {
   for (const mvsi::MvsiApDocumentPtr& document : session.host().documents().all()) {
     OdString marks;
     if (document == session.drawing().document)
-      marks += render(Text::kDocCurrent);
+      marks += render(MessageId::kDocCurrent);
     if (document->isModified())
-      marks += render(Text::kDocModified);
-    session.result(Text::kDocLine, {count(++number), nameOf(*document), marks});
+      marks += render(MessageId::kDocModified);
+    session.result(MessageId::kDocLine, {count(++number), nameOf(*document), marks});
   }
 }
 
 void switchTo(Session& session, const mvsi::MvsiApDocument& document) {
   if (&document != session.drawing().document.get())
     session.switchTo(document);
-  session.print(Text::kDocIsCurrent, {nameOf(document)});
+  session.print(MessageId::kDocIsCurrent, {nameOf(document)});
 }
 
 // A drawing that is open already is not read again.
 void open(Session& session) {
-  const auto path = askText(session, Text::kPromptFileName);
+  const auto path = askText(session, MessageId::kPromptFileName);
   if (!path)
-    refuse(Text::kNoFileName);
+    refuse(MessageId::kNoFileName);
   const std::string file = path->toUtf8Lossless();
   if (const mvsi::MvsiApDocument* present = qzutads::findDwgDoc(session.host().paths().toDrawing(file)))
     return switchTo(session, *present);
@@ -50,27 +50,27 @@ void open(Session& session) {
 }
 
 void askSwitch(Session& session) {
-  const std::string typed = askText(session, Text::kPromptDocNumber).value_or(OdString()).toUtf8();
+  const std::string typed = askText(session, MessageId::kPromptDocNumber).value_or(OdString()).toUtf8();
   std::size_t number = 0;
   const auto [end, error] = std::from_chars(typed.data(), typed.data() + typed.size(), number);
   const auto& all = session.host().documents().all();
   if (error != std::errc() || end != typed.data() + typed.size() || number == 0 || number > all.size())
-    refuse(Text::kNoSuchDoc, {OdString::fromUtf8(typed)});
+    refuse(MessageId::kNoSuchDoc, {OdString::fromUtf8(typed)});
   switchTo(session, *all[number - 1]);
 }
 
 void close(Session& session) {
   if (session.others().empty())
-    refuse(Text::kOnlyDoc);
+    refuse(MessageId::kOnlyDoc);
   askToDiscardChanges(session);
   session.closeCurrent();
-  session.print(Text::kDocIsCurrent, {nameOf(*session.drawing().document)});
+  session.print(MessageId::kDocIsCurrent, {nameOf(*session.drawing().document)});
 }
 
 } // namespace
 
 void docs(CommandContext& context) {
-  const OdString option = askKeyword(context.session, Text::kKeywordsDocs, Text::kPromptDocs).value_or(L"?");
+  const OdString option = askKeyword(context.session, MessageId::kKeywordsDocs, MessageId::kPromptDocs).value_or(L"?");
   if (option == L"Open")
     open(context.session);
   else if (option == L"Switch")

@@ -8,7 +8,7 @@ void erase(CommandContext& context) {
   leaveOutLocked(context.session, ids);
   for (const OdDbObjectId id : ids)
     id.safeOpenObject(OdDb::kForWrite)->erase();
-  context.session.print(Text::kErased, {count(static_cast<std::size_t>(ids.length()))});
+  context.session.print(MessageId::kErased, {count(static_cast<std::size_t>(ids.length()))});
 }
 
 } // namespace console::commands

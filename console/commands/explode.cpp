@@ -20,18 +20,18 @@ bool hasAttributes(OdDbObjectId id) {
   return !reference.isNull() && reference->hasAttributes();
 }
 
-Text reasonFor(ExplodeRefusal refusal) {
+MessageId reasonFor(ExplodeRefusal refusal) {
   switch (refusal) {
   case ExplodeRefusal::External:
-    return Text::kExplodeExternal;
+    return MessageId::kExplodeExternal;
   case ExplodeRefusal::NotAllowed:
-    return Text::kExplodeNotAllowed;
+    return MessageId::kExplodeNotAllowed;
   case ExplodeRefusal::CannotPlace:
-    return Text::kExplodeCannotPlace;
+    return MessageId::kExplodeCannotPlace;
   case ExplodeRefusal::TooMuch:
-    return Text::kExplodeTooMuch;
+    return MessageId::kExplodeTooMuch;
   default:
-    return Text::kExplodeNoReference;
+    return MessageId::kExplodeNoReference;
   }
 }
 
@@ -53,7 +53,7 @@ void explodeOne(Session& session, OdDbObjectId id, const drawing::ExplodeOptions
     return;
   }
   if (exploded.clipLost)
-    session.print(Text::kExplodeClip, {handleText(id)});
+    session.print(MessageId::kExplodeClip, {handleText(id)});
   ++sum.references;
   sum.objects += static_cast<std::size_t>(exploded.made.length());
   sum.values += exploded.valuesLost;
@@ -68,17 +68,17 @@ void explode(CommandContext& context) {
   leaveOutLocked(session, ids);
   drawing::ExplodeOptions options;
   if (std::any_of(ids.begin(), ids.end(), hasAttributes))
-    options.attributesAsText = askYes(session, Text::kPromptAttributesAsText);
+    options.attributesAsText = askYes(session, MessageId::kPromptAttributesAsText);
   Sum sum;
   for (const OdDbObjectId id : ids)
     explodeOne(session, id, options, sum);
   if (sum.references == 0)
-    refuse(Text::kNothingExploded);
+    refuse(MessageId::kNothingExploded);
   if (sum.references < static_cast<std::size_t>(ids.length()))
     session.note(Status::Refused);
   if (sum.values > 0)
-    session.print(Text::kExplodeValues, {count(sum.values)});
-  session.result(Text::kExploded, {count(sum.references), count(sum.objects)});
+    session.print(MessageId::kExplodeValues, {count(sum.values)});
+  session.result(MessageId::kExploded, {count(sum.references), count(sum.objects)});
 }
 
 } // namespace console::commands

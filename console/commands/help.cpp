@@ -18,19 +18,19 @@ OdString padded(const OdString& names) {
 }
 
 void listAll(Session& session, const CommandTable& commands) {
-  session.result(Text::kHelpHeader);
+  session.result(MessageId::kHelpHeader);
   for (const Command& command : commands)
-    session.result(Text::kHelpRow, {padded(namesOf(command)), render(command.help)});
+    session.result(MessageId::kHelpRow, {padded(namesOf(command)), render(command.help)});
 }
 
 // The questions as they will be asked; a default that is not known before stands as dots.
 void printCommandHelp(Session& session, const Command& command) {
   constexpr wchar_t kUnknown[] = L"...";
-  session.result(Text::kHelpOne, {namesOf(command), render(command.help)});
+  session.result(MessageId::kHelpOne, {namesOf(command), render(command.help)});
   if (!command.asks.empty())
-    session.result(Text::kHelpAsks);
-  for (const Text question : command.asks)
-    session.result(Text::kHelpQuestion, {render(question, {kUnknown, kUnknown})});
+    session.result(MessageId::kHelpAsks);
+  for (const MessageId question : command.asks)
+    session.result(MessageId::kHelpQuestion, {render(question, {kUnknown, kUnknown})});
 }
 
 } // namespace
@@ -41,7 +41,7 @@ void help(CommandContext& context) {
     return listAll(context.session, context.commands);
   const Command* command = findCommand(context.commands, name.str());
   if (command == nullptr)
-    refuse(Text::kUnknownCommand, {name});
+    refuse(MessageId::kUnknownCommand, {name});
   printCommandHelp(context.session, *command);
 }
 

@@ -25,16 +25,16 @@ constexpr wchar_t kNoFolder[] = L""; // the host's search knows the folder of th
 
 // In the words of the box that was shown.
 [[noreturn]] void refuseTyped(const Session& session, const OdString& typed) {
-  constexpr std::pair<std::string_view, Text> kReasons[] = {
-      {"box.name-empty", Text::kNameEmpty},          {"box.name-too-long", Text::kNameTooLong},
-      {"box.name-characters", Text::kNameInvalid},   {"box.name-invalid", Text::kNameInvalid},
-      {"box.contains-itself", Text::kInsertsItself}, {"box.block-attached", Text::kNameExternal},
+  constexpr std::pair<std::string_view, MessageId> kReasons[] = {
+      {"box.name-empty", MessageId::kNameEmpty},          {"box.name-too-long", MessageId::kNameTooLong},
+      {"box.name-characters", MessageId::kNameInvalid},   {"box.name-invalid", MessageId::kNameInvalid},
+      {"box.contains-itself", MessageId::kInsertsItself}, {"box.block-attached", MessageId::kNameExternal},
   };
   for (const auto& [box, reason] : kReasons) {
     if (!session.transcript().empty() && session.transcript().back().id == box)
       refuse(reason, {typed});
   }
-  refuse(Text::kNoBlockOrFile, {typed});
+  refuse(MessageId::kNoBlockOrFile, {typed});
 }
 
 // As named, or where the host finds it.
@@ -78,25 +78,25 @@ OdDbObjectId blockOfTyped(Session& session, const OdString& typed) {
   return block.isNull() ? blockOfFile(session, spec, typed, OdString()) : block;
 }
 
-std::int16_t askCount(Session& session, Text prompt) {
+std::int16_t askCount(Session& session, MessageId prompt) {
   const double number = askNumber(session, prompt).value_or(1);
   if (number < 1 || number > kMostRows || number != static_cast<double>(static_cast<int>(number)))
-    refuse(Text::kBadRows, {exactText(number)});
+    refuse(MessageId::kBadRows, {exactText(number)});
   return static_cast<std::int16_t>(number);
 }
 
 void askRows(Session& session, Placement& placement) {
-  placement.rows = askCount(session, Text::kPromptRows);
-  placement.columns = askCount(session, Text::kPromptColumns);
+  placement.rows = askCount(session, MessageId::kPromptRows);
+  placement.columns = askCount(session, MessageId::kPromptColumns);
   if (placement.rows > 1)
-    placement.rowSpacing = askRequiredNumber(session, Text::kPromptRowSpacing);
+    placement.rowSpacing = askRequiredNumber(session, MessageId::kPromptRowSpacing);
   if (placement.columns > 1)
-    placement.columnSpacing = askRequiredNumber(session, Text::kPromptColumnSpacing);
+    placement.columnSpacing = askRequiredNumber(session, MessageId::kPromptColumnSpacing);
 }
 
 void askPoint(Session& session, Placement& placement) {
   for (;;) {
-    const PointOrKeyword answer = askPointOr(session, Text::kKeywordsInsert, Text::kPromptInsertPoint);
+    const PointOrKeyword answer = askPointOr(session, MessageId::kKeywordsInsert, MessageId::kPromptInsertPoint);
     if (answer.point)
       placement.at = *answer.point;
     if (answer.keyword.isEmpty())
@@ -107,8 +107,8 @@ void askPoint(Session& session, Placement& placement) {
 
 void askScale(Session& session, OdDbObjectId block, Placement& placement) {
   const bool uniform = insertCommon::isBlockUniformScaled(block);
-  const double x = askNumber(session, uniform ? Text::kPromptScale : Text::kPromptScaleX).value_or(1);
-  const double y = uniform ? x : askNumber(session, Text::kPromptScaleY).value_or(x);
+  const double x = askNumber(session, uniform ? MessageId::kPromptScale : MessageId::kPromptScaleX).value_or(1);
+  const double y = uniform ? x : askNumber(session, MessageId::kPromptScaleY).value_or(x);
   placement.scale = OdGeScale3d(x, y, x);
 }
 
@@ -116,15 +116,15 @@ void askScale(Session& session, OdDbObjectId block, Placement& placement) {
 
 void insert(CommandContext& context) {
   Session& session = context.session;
-  const OdDbObjectId block = blockOfTyped(session, askNameOrList(session, Text::kPromptInsertName));
+  const OdDbObjectId block = blockOfTyped(session, askNameOrList(session, MessageId::kPromptInsertName));
   Placement placement;
   askPoint(session, placement);
   askScale(session, block, placement);
-  placement.rotation = askAngle(session, Text::kPromptInsertRotation).value_or(0);
-  session.print(Text::kUnitsFactor, {exactText(unitsFactor(block))});
+  placement.rotation = askAngle(session, MessageId::kPromptInsertRotation).value_or(0);
+  session.print(MessageId::kUnitsFactor, {exactText(unitsFactor(block))});
   const OdDbBlockReferencePtr reference = placeReference(session, block, placement);
   giveAttributes(session, reference, {});
-  session.result(Text::kInserted,
+  session.result(MessageId::kInserted,
                  {OdDbBlockTableRecordPtr(block.safeOpenObject())->getName(), handleText(reference->objectId())});
 }
 

@@ -10,7 +10,7 @@ namespace {
 
 OdString askLayerName(CommandContext& context) {
   const OdDbLayerTableRecordPtr current = context.database.getCLAYER().safeOpenObject();
-  return askText(context.session, Text::kPromptLayerName, {current->getName()}).value_or(current->getName());
+  return askText(context.session, MessageId::kPromptLayerName, {current->getName()}).value_or(current->getName());
 }
 
 // Throws when there is no such layer.
@@ -18,15 +18,15 @@ OdDbLayerTableRecordPtr askLayer(CommandContext& context) {
   const OdString name = askLayerName(context);
   const OdDbObjectId id = context.database.symbol(OdDb::kLayerTable, name);
   if (id.isNull())
-    refuse(Text::kNoSuchLayer, {name});
+    refuse(MessageId::kNoSuchLayer, {name});
   return id.safeOpenObject();
 }
 
 void makeCurrent(CommandContext& context, const OdDbLayerTableRecordPtr& layer) {
   if (layer->isFrozen())
-    refuse(Text::kLayerFrozen, {layer->getName()});
+    refuse(MessageId::kLayerFrozen, {layer->getName()});
   context.database.setCLAYER(layer->objectId());
-  context.session.print(Text::kLayerIsCurrent, {layer->getName()});
+  context.session.print(MessageId::kLayerIsCurrent, {layer->getName()});
 }
 
 void make(CommandContext& context) {
@@ -35,7 +35,7 @@ void make(CommandContext& context) {
   if (id.isNull()) {
     bool notUtf8 = false;
     if (!blockUtils::isLigitimacyName(name, notUtf8))
-      refuse(Text::kBadLayerName, {name});
+      refuse(MessageId::kBadLayerName, {name});
     const OdDbSymbolTablePtr table = context.database.getLayerTableId().safeOpenObject(OdDb::kForWrite);
     const OdDbLayerTableRecordPtr layer = OdDbLayerTableRecord::createObject();
     layer->setName(name);
@@ -53,7 +53,7 @@ void lock(CommandContext& context, bool locked) {
   const OdDbLayerTableRecordPtr layer = askLayer(context);
   if (!LayerTools::lockOrUnlockLayer(layer->objectId(), locked))
     throw OdError(eNotOpenForWrite);
-  context.session.print(locked ? Text::kLayerLocked : Text::kLayerUnlocked, {layer->getName()});
+  context.session.print(locked ? MessageId::kLayerLocked : MessageId::kLayerUnlocked, {layer->getName()});
 }
 
 void listLayers(CommandContext& context) {
@@ -62,19 +62,19 @@ void listLayers(CommandContext& context) {
   for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
     const OdDbLayerTableRecordPtr layer = iterator->getRecord();
     OdString flags;
-    const auto flag = [&flags](bool on, Text text) { flags += on ? render(text) : OdString(); };
-    flag(layer->objectId() == current, Text::kLayerFlagCurrent);
-    flag(layer->isLocked(), Text::kLayerFlagLocked);
-    flag(layer->isFrozen(), Text::kLayerFlagFrozen);
-    flag(layer->isOff(), Text::kLayerFlagOff);
-    context.session.result(Text::kLayerLine, {layer->getName(), flags});
+    const auto flag = [&flags](bool on, MessageId id) { flags += on ? render(id) : OdString(); };
+    flag(layer->objectId() == current, MessageId::kLayerFlagCurrent);
+    flag(layer->isLocked(), MessageId::kLayerFlagLocked);
+    flag(layer->isFrozen(), MessageId::kLayerFlagFrozen);
+    flag(layer->isOff(), MessageId::kLayerFlagOff);
+    context.session.result(MessageId::kLayerLine, {layer->getName(), flags});
   }
 }
 
 } // namespace
 
 void layer(CommandContext& context) {
-  while (const auto option = askKeyword(context.session, Text::kKeywordsLayer, Text::kPromptLayerOption)) {
+  while (const auto option = askKeyword(context.session, MessageId::kKeywordsLayer, MessageId::kPromptLayerOption)) {
     if (*option == L"?")
       listLayers(context);
     else if (*option == L"Make")

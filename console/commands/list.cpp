@@ -24,7 +24,7 @@ OdDbObjectIdArray listed(Session& session) {
 void listObject(Session& session, OdDbObjectId id) {
   const OdDbEntityPtr entity = OdDbEntity::cast(id.safeOpenObject());
   if (!entity.isNull())
-    session.result(Text::kListObject, {typeText(*entity), handleText(id), entity->layer(), geometryText(*entity)});
+    session.result(MessageId::kListObject, {typeText(*entity), handleText(id), entity->layer(), geometryText(*entity)});
 }
 
 } // namespace
@@ -37,7 +37,7 @@ std::size_t listBlocks(Session& session) {
     if (record->isLayout())
       continue;
     ++blocks;
-    session.result(Text::kListBlock,
+    session.result(MessageId::kListBlock,
                    {record->getName(), count(static_cast<std::size_t>(objectsOf(record->objectId()).length())),
                     count(referencesTo(record->objectId()))});
   }
@@ -49,7 +49,7 @@ void list(CommandContext& context) {
   for (const OdDbObjectId id : ids)
     listObject(context.session, id);
   const std::size_t blocks = listBlocks(context.session);
-  context.session.result(Text::kListSummary, {count(static_cast<std::size_t>(ids.length())), count(blocks)});
+  context.session.result(MessageId::kListSummary, {count(static_cast<std::size_t>(ids.length())), count(blocks)});
 }
 
 } // namespace console::commands

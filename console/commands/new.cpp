@@ -6,7 +6,7 @@ namespace console::commands {
 void newDrawing(CommandContext& context) {
   askToDiscardChanges(context.session);
   context.session.replaceDrawing(OdDbDatabase::create(), {}, false);
-  context.session.print(Text::kNewDrawing);
+  context.session.print(MessageId::kNewDrawing);
 }
 
 } // namespace console::commands

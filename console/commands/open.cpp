@@ -6,14 +6,14 @@
 namespace console::commands {
 
 void askToDiscardChanges(Session& session) {
-  if (session.drawing().document->isModified() && !askYes(session, Text::kDiscardQuestion))
+  if (session.drawing().document->isModified() && !askYes(session, MessageId::kDiscardQuestion))
     cancel();
 }
 
 void open(CommandContext& context) {
-  const auto path = askText(context.session, Text::kPromptFileName);
+  const auto path = askText(context.session, MessageId::kPromptFileName);
   if (!path)
-    refuse(Text::kNoFileName);
+    refuse(MessageId::kNoFileName);
   askToDiscardChanges(context.session);
   openDrawing(context.session, path->toUtf8Lossless());
 }

@@ -36,11 +36,11 @@ std::vector<std::string> kindsOf(const OdString& option) {
 void listAll(CommandContext& context) {
   const std::vector<NamedObject> objects = objectsToPurge(context.database, {});
   for (const NamedObject& object : purgeable(context.database, objects))
-    context.session.result(Text::kPurgeable, {OdString::fromUtf8(object.kind), object.name});
+    context.session.result(MessageId::kPurgeable, {OdString::fromUtf8(object.kind), object.name});
   for (const KeptObject& kept : keptObjects(context.database, objects)) {
     const bool isSpace = kept.status == drawing::PurgePlan::Status::Needed;
     if (kept.object.kind == "block" && !isSpace)
-      context.session.result(Text::kNotPurged,
+      context.session.result(MessageId::kNotPurged,
                              {OdString::fromUtf8(kept.object.kind), kept.object.name, reasonOf(kept)});
   }
 }
@@ -49,18 +49,19 @@ void listAll(CommandContext& context) {
 
 void purge(CommandContext& context) {
   for (;;) {
-    const OdString option = askKeyword(context.session, Text::kKeywordsPurge, Text::kPromptPurge).value_or(L"All");
+    const OdString option =
+        askKeyword(context.session, MessageId::kKeywordsPurge, MessageId::kPromptPurge).value_or(L"All");
     if (option == L"?") {
       listAll(context);
       continue;
     }
     const auto purged = console::purge(context.database, objectsToPurge(context.database, kindsOf(option)));
     for (const NamedObject& object : purged)
-      context.session.result(Text::kPurged, {OdString::fromUtf8(object.kind), object.name});
+      context.session.result(MessageId::kPurged, {OdString::fromUtf8(object.kind), object.name});
     if (purged.empty())
-      context.session.print(Text::kNothingToPurge);
+      context.session.print(MessageId::kNothingToPurge);
     else
-      context.session.print(Text::kPurgeCount, {count(purged.size())});
+      context.session.print(MessageId::kPurgeCount, {count(purged.size())});
     return;
   }
 }

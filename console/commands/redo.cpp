@@ -6,10 +6,10 @@ namespace console::commands {
 void redo(CommandContext& context) {
   OpenDrawing& drawing = context.drawing;
   if (drawing.undone.empty() || context.database.redo() != eOk)
-    refuse(Text::kNothingToRedo);
+    refuse(MessageId::kNothingToRedo);
   drawing.done.push_back(drawing.undone.back());
   drawing.undone.pop_back();
-  context.session.print(Text::kRedone, {OdString::fromUtf8(drawing.done.back())});
+  context.session.print(MessageId::kRedone, {OdString::fromUtf8(drawing.done.back())});
 }
 
 } // namespace console::commands

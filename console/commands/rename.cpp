@@ -15,7 +15,7 @@ OdDb::SymbolTableKind askKind(Session& session) {
                                  {L"Linetype", OdDb::kLinetypeTable},
                                  {L"Textstyle", OdDb::kTextStyleTable},
                                  {L"Dimstyle", OdDb::kDimStyleTable}};
-  const auto option = askKeyword(session, Text::kKeywordsRename, Text::kPromptRenameKind);
+  const auto option = askKeyword(session, MessageId::kKeywordsRename, MessageId::kPromptRenameKind);
   for (const Choice& choice : kChoices) {
     if (option && *option == choice.option)
       return choice.kind;
@@ -28,10 +28,10 @@ OdDb::SymbolTableKind askKind(Session& session) {
 void rename(CommandContext& context) {
   Session& session = context.session;
   const OdDb::SymbolTableKind kind = askKind(session);
-  const OdString from = askText(session, Text::kPromptOldName).value_or(OdString());
-  const OdString to = askText(session, Text::kPromptNewName).value_or(OdString());
+  const OdString from = askText(session, MessageId::kPromptOldName).value_or(OdString());
+  const OdString to = askText(session, MessageId::kPromptNewName).value_or(OdString());
   renameSymbolRecord(session, kind, from, to);
-  session.print(Text::kRenamed, {OdString::fromUtf8(renameKindName(kind)), from, to});
+  session.print(MessageId::kRenamed, {OdString::fromUtf8(renameKindName(kind)), from, to});
 }
 
 } // namespace console::commands

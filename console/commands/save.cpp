@@ -9,7 +9,7 @@ void save(CommandContext& context) {
   const std::string path = context.drawing.path;
   if (path.empty())
     return saveas(context);
-  if (isOwnFileRepaired(session, path) && !askYes(session, Text::kRepairedOwnQuestion, {OdString::fromUtf8(path)}))
+  if (isOwnFileRepaired(session, path) && !askYes(session, MessageId::kRepairedOwnQuestion, {OdString::fromUtf8(path)}))
     cancel();
   SaveRequest request;
   request.path = path;

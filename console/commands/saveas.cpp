@@ -9,17 +9,18 @@ namespace {
 
 std::string askFileName(CommandContext& context) {
   const std::string& before = context.drawing.path;
-  const auto typed = before.empty() ? askText(context.session, Text::kPromptFileName)
-                                    : askText(context.session, Text::kPromptFileNameOr, {OdString::fromUtf8(before)});
+  const auto typed = before.empty()
+                         ? askText(context.session, MessageId::kPromptFileName)
+                         : askText(context.session, MessageId::kPromptFileNameOr, {OdString::fromUtf8(before)});
   return typed ? typed->toUtf8Lossless() : before;
 }
 
 OdDb::DwgVersion askVersion(CommandContext& context) {
   const std::string usual = versionToWrite(context.database, OdDb::kVersionUnknown);
-  const auto typed = askText(context.session, Text::kPromptVersion, {OdString::fromUtf8(usual)});
+  const auto typed = askText(context.session, MessageId::kPromptVersion, {OdString::fromUtf8(usual)});
   const OdDb::DwgVersion version = drawing::versionFromYear(typed ? typed->toUtf8() : usual);
   if (version == OdDb::kVersionUnknown || drawing::writtenVersion(version) != version)
-    refuse(Text::kNoSuchVersion, {typed.value_or(OdString())});
+    refuse(MessageId::kNoSuchVersion, {typed.value_or(OdString())});
   return version;
 }
 
@@ -33,7 +34,7 @@ void saveas(CommandContext& context) {
   request.version = askVersion(context);
   if (fileExists(request.path)) {
     const bool repaired = isOwnFileRepaired(session, request.path);
-    const Text question = repaired ? Text::kRepairedOwnQuestion : Text::kReplaceQuestion;
+    const MessageId question = repaired ? MessageId::kRepairedOwnQuestion : MessageId::kReplaceQuestion;
     if (!askYes(session, question, {OdString::fromUtf8(request.path)}))
       cancel();
     request.mayReplace = true;

@@ -23,7 +23,7 @@ void makePickFirst(Session& session, const OdDbObjectIdArray& ids) {
 void select(CommandContext& context) {
   const OdDbObjectIdArray ids = askSelectionAnew(context.session);
   if (ids.isEmpty())
-    refuse(Text::kNothingSelected);
+    refuse(MessageId::kNothingSelected);
   makePickFirst(context.session, ids);
 }
 

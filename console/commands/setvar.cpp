@@ -60,18 +60,18 @@ private:
 void setvar(CommandContext& context) {
   Session& session = context.session;
   morvane::VariableStore& variables = session.host().variables();
-  OdString name = askText(session, Text::kPromptVariable).value_or(OdString());
+  OdString name = askText(session, MessageId::kPromptVariable).value_or(OdString());
   name.makeUpper();
   const auto before = variables.get(name.str());
   if (!before)
-    refuse(Text::kNoSuchVariable, {name});
-  const auto typed = askText(session, Text::kPromptValue, {name, std::visit(ValueText(), *before)});
+    refuse(MessageId::kNoSuchVariable, {name});
+  const auto typed = askText(session, MessageId::kPromptValue, {name, std::visit(ValueText(), *before)});
   if (typed) {
     const auto value = std::visit(Reader(*typed), *before);
     if (!value || variables.set(name.str(), *value) != RTNORM)
-      refuse(Text::kVariableRefused, {name, *typed});
+      refuse(MessageId::kVariableRefused, {name, *typed});
   }
-  session.result(Text::kVariableLine, {name, std::visit(ValueText(), *variables.get(name.str()))});
+  session.result(MessageId::kVariableLine, {name, std::visit(ValueText(), *variables.get(name.str()))});
 }
 
 } // namespace console::commands

@@ -11,18 +11,18 @@ namespace console::commands {
 double askTextHeight(CommandContext& context) {
   constexpr double kUsual = 2.5;
   const double usual = context.database.headerReal("TEXTSIZE", kUsual);
-  const double height = askNumber(context.session, Text::kPromptHeight, {realText(usual)}).value_or(usual);
+  const double height = askNumber(context.session, MessageId::kPromptHeight, {realText(usual)}).value_or(usual);
   if (height <= 0)
-    refuse(Text::kHeightTooSmall);
+    refuse(MessageId::kHeightTooSmall);
   return height;
 }
 
 void text(CommandContext& context) {
   Session& session = context.session;
-  const OdGePoint3d start = askRequiredPoint(session, Text::kPromptTextStart);
+  const OdGePoint3d start = askRequiredPoint(session, MessageId::kPromptTextStart);
   const double height = askTextHeight(context);
-  const double angle = askAngle(session, Text::kPromptAngle).value_or(0);
-  const auto value = askText(session, Text::kPromptText, {}, true);
+  const double angle = askAngle(session, MessageId::kPromptAngle).value_or(0);
+  const auto value = askText(session, MessageId::kPromptText, {}, true);
   if (!value)
     return;
   const OdDbTextPtr entity = OdDbText::createObject();

@@ -34,11 +34,11 @@ OdString axisText(const OdGeVector3d& axis) {
 void showUcs(CommandContext& context) {
   const OdGeMatrix3d ucs = currentUcs(context);
   if (ucs == OdGeMatrix3d::kIdentity) {
-    context.session.result(Text::kUcsWorld);
+    context.session.result(MessageId::kUcsWorld);
     return;
   }
   const OdGeVector3d origin = ucs.translation();
-  context.session.result(Text::kUcsLine, {axisText(origin), axisText(ucs.column(0)), axisText(ucs.column(1))});
+  context.session.result(MessageId::kUcsLine, {axisText(origin), axisText(ucs.column(0)), axisText(ucs.column(1))});
 }
 
 void world(CommandContext& context) {
@@ -46,31 +46,31 @@ void world(CommandContext& context) {
 }
 
 void origin(CommandContext& context) {
-  const OdGePoint3d point = askPoint(context.session, Text::kPromptOrigin).value_or(OdGePoint3d());
+  const OdGePoint3d point = askPoint(context.session, MessageId::kPromptOrigin).value_or(OdGePoint3d());
   change(context, currentUcs(context) * OdGeMatrix3d::translation({point.x, point.y, point.z}));
 }
 
 void threePoints(CommandContext& context) {
-  const OdGePoint3d at = askPoint(context.session, Text::kPromptOrigin).value_or(OdGePoint3d());
-  const OdGePoint3d onX = askRequiredPoint(context.session, Text::kPromptXAxis);
-  const OdGePoint3d onY = askRequiredPoint(context.session, Text::kPromptYAxis);
+  const OdGePoint3d at = askPoint(context.session, MessageId::kPromptOrigin).value_or(OdGePoint3d());
+  const OdGePoint3d onX = askRequiredPoint(context.session, MessageId::kPromptXAxis);
+  const OdGePoint3d onY = askRequiredPoint(context.session, MessageId::kPromptYAxis);
   const OdGeVector3d x = onX - at;
   const OdGeVector3d z = x.crossProduct(onY - at);
   if (x.isZeroLength() || z.isZeroLength())
-    refuse(Text::kPointsInLine);
+    refuse(MessageId::kPointsInLine);
   const OdGeVector3d unitX = x.normal();
   const OdGeVector3d unitZ = z.normal();
   change(context, currentUcs(context) * OdGeMatrix3d::coordSystem(at, unitX, unitZ.crossProduct(unitX), unitZ));
 }
 
 void aboutZ(CommandContext& context) {
-  const double angle = askAngle(context.session, Text::kPromptRotation).value_or(std::numbers::pi / 2);
+  const double angle = askAngle(context.session, MessageId::kPromptRotation).value_or(std::numbers::pi / 2);
   change(context, currentUcs(context) * OdGeMatrix3d::rotation(angle, OdGeVector3d::kZAxis));
 }
 
 void previous(CommandContext& context) {
   if (context.drawing.earlierUcs.empty())
-    refuse(Text::kNoEarlierUcs);
+    refuse(MessageId::kNoEarlierUcs);
   setUcs(context, context.drawing.earlierUcs.back());
   context.drawing.earlierUcs.pop_back();
 }
@@ -80,8 +80,8 @@ void listUcs(CommandContext& context) {
   for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
     const OdSmartPtr<OdDbUCSTableRecord> record = iterator->getRecord();
     const OdGePoint3d at = record->origin();
-    context.session.result(Text::kUcsRecord, {record->getName(), tripleText(at.x, at.y, at.z),
-                                              axisText(record->xAxis()), axisText(record->yAxis())});
+    context.session.result(MessageId::kUcsRecord, {record->getName(), tripleText(at.x, at.y, at.z),
+                                                   axisText(record->xAxis()), axisText(record->yAxis())});
   }
 }
 
@@ -98,7 +98,8 @@ constexpr Option kOptions[] = {
 } // namespace
 
 void ucs(CommandContext& context) {
-  const OdString keyword = askKeyword(context.session, Text::kKeywordsUcs, Text::kPromptUcs).value_or(L"World");
+  const OdString keyword =
+      askKeyword(context.session, MessageId::kKeywordsUcs, MessageId::kPromptUcs).value_or(L"World");
   for (const Option& option : kOptions) {
     if (keyword == option.keyword)
       option.run(context);

@@ -25,10 +25,10 @@ struct Plan {
 
 OdDb::DwgVersion askVersion(Session& session) {
   const OdString usual = OdString::fromUtf8(drawing::versionYear(rememberedVersion(session)));
-  const OdString typed = askText(session, Text::kPromptVersion, {usual}).value_or(usual);
+  const OdString typed = askText(session, MessageId::kPromptVersion, {usual}).value_or(usual);
   const OdDb::DwgVersion version = drawing::versionFromYear(typed.toUtf8());
   if (version == OdDb::kVersionUnknown || drawing::writtenVersion(version) != version)
-    refuse(Text::kNoSuchVersion, {typed});
+    refuse(MessageId::kNoSuchVersion, {typed});
   return version;
 }
 
@@ -39,7 +39,7 @@ OdString ownName(const std::string& path) {
 OdDbObjectId namedDefinition(Session& session, const OdString& name) {
   const OdDbObjectId block = definitionToWrite(session, name);
   if (block.isNull())
-    refuse(Text::kNoSuchBlock, {name});
+    refuse(MessageId::kNoSuchBlock, {name});
   return block;
 }
 
@@ -58,7 +58,7 @@ void planBlock(Session& session, Plan& plan, OdDbObjectIdArray& ids) {
 void planObjects(Session& session, Plan& plan) {
   if (mvsi::mvsidbUcsMatrix(plan.file.ucs, &session.database()) != RTNORM)
     throw OdError(eInvalidInput);
-  plan.file.basePoint = askPoint(session, Text::kPromptBasePoint).value_or(OdGePoint3d());
+  plan.file.basePoint = askPoint(session, MessageId::kPromptBasePoint).value_or(OdGePoint3d());
   OdDbObjectIdArray ids = askSelection(session);
   plan.afterwards = askAfterwards(session, Afterwards::Keep);
   if (plan.afterwards == Afterwards::Convert)
@@ -73,10 +73,10 @@ std::optional<OdDb::UnitsValue> askUnits(Session& session, const Plan& plan) {
   const OdDb::UnitsValue usual = block == nullptr
                                      ? session.database().getINSUNITS()
                                      : OdDbBlockTableRecordPtr(block->safeOpenObject())->blockInsertUnits();
-  const auto typed = askText(session, Text::kPromptUnits, {unitsText(usual)});
+  const auto typed = askText(session, MessageId::kPromptUnits, {unitsText(usual)});
   const auto units = typed ? parseUnits(typed->toUtf8()) : usual;
   if (!units)
-    refuse(Text::kNoSuchUnits, {*typed});
+    refuse(MessageId::kNoSuchUnits, {*typed});
   return units;
 }
 
@@ -96,12 +96,12 @@ void handleSourceObjects(Session& session, Plan& plan, const OdDbObjectIdArray& 
 void wblock(CommandContext& context) {
   Session& session = context.session;
   Plan plan;
-  const OdString name = completeName(session, askText(session, Text::kPromptWblockFile).value_or(OdString()));
+  const OdString name = completeName(session, askText(session, MessageId::kPromptWblockFile).value_or(OdString()));
   plan.file.path = askedTarget(session, name);
   plan.file.mayReplace = true; // it is not there, or the user said yes
   plan.file.version = askVersion(session);
   // A name, * for the whole drawing, = for the block named like the file; nothing typed: objects.
-  const OdString source = askNameOrList(session, Text::kPromptWblockSource);
+  const OdString source = askNameOrList(session, MessageId::kPromptWblockSource);
   if (source.isEmpty())
     planObjects(session, plan);
   else if (source != L"*")

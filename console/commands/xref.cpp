@@ -8,38 +8,38 @@ namespace {
 void listReferences(Session& session) {
   const auto xrefs = allXrefs(session);
   for (const OdDbBlockTableRecordPtr& xref : xrefs)
-    session.result(Text::kXrefLine, {xref->getName(), xref->pathName(), xrefState(xref->xrefStatus())});
+    session.result(MessageId::kXrefLine, {xref->getName(), xref->pathName(), xrefState(xref->xrefStatus())});
   if (xrefs.empty())
-    session.print(Text::kNoXrefs);
+    session.print(MessageId::kNoXrefs);
 }
 
 void attach(CommandContext& context, bool overlay) {
   Session& session = context.session;
-  const auto path = askText(session, Text::kPromptFileName);
+  const auto path = askText(session, MessageId::kPromptFileName);
   if (!path)
-    refuse(Text::kNoFileName);
+    refuse(MessageId::kNoFileName);
   AttachRequest request;
   request.file = externalFile(session, path->toUtf8Lossless());
   request.overlay = overlay;
   const OdString name = defaultXrefName(request.file);
-  request.name = askText(session, Text::kPromptXrefNameOr, {name}).value_or(name);
-  request.pointUcs = askRequiredPoint(session, Text::kPromptXrefPoint);
-  request.scale = askNumber(session, Text::kPromptScale).value_or(1);
+  request.name = askText(session, MessageId::kPromptXrefNameOr, {name}).value_or(name);
+  request.pointUcs = askRequiredPoint(session, MessageId::kPromptXrefPoint);
+  request.scale = askNumber(session, MessageId::kPromptScale).value_or(1);
   if (request.scale == 0)
-    refuse(Text::kScaleZero);
-  request.rotationRad = askAngle(session, Text::kPromptAngle).value_or(0);
+    refuse(MessageId::kScaleZero);
+  request.rotationRad = askAngle(session, MessageId::kPromptAngle).value_or(0);
   attachXref(context, request);
 }
 
 std::vector<OdDbBlockTableRecordPtr> askXrefs(Session& session) {
-  return xrefsNamed(session, askText(session, Text::kPromptXrefName, {}, true).value_or(OdString()));
+  return xrefsNamed(session, askText(session, MessageId::kPromptXrefName, {}, true).value_or(OdString()));
 }
 
 } // namespace
 
 void xref(CommandContext& context) {
   Session& session = context.session;
-  const OdString option = askKeyword(session, Text::kKeywordsXref, Text::kPromptXref).value_or(L"?");
+  const OdString option = askKeyword(session, MessageId::kKeywordsXref, MessageId::kPromptXref).value_or(L"?");
   if (option == L"?")
     return listReferences(session);
   if (option == L"Attach" || option == L"Overlay")

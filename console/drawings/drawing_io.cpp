@@ -19,7 +19,7 @@ bool isLoss(const drawing::Issue& issue) {
 }
 
 // A line for each thing that was repaired or lost, and how many there were.
-void printIssues(Session& session, const std::string& path, const drawing::Report& report, Text line) {
+void printIssues(Session& session, const std::string& path, const drawing::Report& report, MessageId line) {
   constexpr std::size_t kMostLines = 20;
   std::size_t printed = 0;
   for (const drawing::Issue& issue : report.issues()) {
@@ -28,7 +28,7 @@ void printIssues(Session& session, const std::string& path, const drawing::Repor
   }
   printed += report.suppressed();
   if (printed > kMostLines)
-    session.print(Text::kMoreIssues, {asText(path), count(printed - kMostLines)});
+    session.print(MessageId::kMoreIssues, {asText(path), count(printed - kMostLines)});
 }
 
 std::size_t losses(const drawing::Report& report) {
@@ -51,14 +51,14 @@ drawing::ReadResult readOrThrow(Session& session, const std::string& path) {
   drawing::ReadResult read = drawing::readDrawing(path, session.reading());
   session.addIssues(read.report);
   if (read.database.isNull())
-    throw Failure{Status::Unreadable, {Text::kUnreadable, {asText(read.message)}}};
+    throw Failure{Status::Unreadable, {MessageId::kUnreadable, {asText(read.message)}}};
   return read;
 }
 
 void reportRepaired(Session& session, const std::string& path, const drawing::Report& report, bool listsIssues) {
-  session.print(Text::kRepaired, {asText(path), count(losses(report))});
+  session.print(MessageId::kRepaired, {asText(path), count(losses(report))});
   if (listsIssues)
-    printIssues(session, path, report, Text::kReadIssue);
+    printIssues(session, path, report, MessageId::kReadIssue);
   session.note(Status::Repaired);
 }
 
@@ -77,23 +77,23 @@ std::size_t objectsInModelSpace(const OdDbDatabase& database) {
 void reportXrefs(Session& session) {
   constexpr std::size_t kMostLines = 20;
   const std::string& path = session.drawing().path;
-  const OdString name = path.empty() ? render(Text::kUnsavedName) : asText(path);
+  const OdString name = path.empty() ? render(MessageId::kUnsavedName) : asText(path);
   const drawing::Report& report = session.drawing().document->xrefReport();
   session.addIssues(report);
   const auto& issues = report.issues();
   for (std::size_t i = 0; i < issues.size() && i < kMostLines; ++i)
-    session.print(Text::kXrefNote, {name, asText(issues[i].found)});
+    session.print(MessageId::kXrefNote, {name, asText(issues[i].found)});
   const std::size_t all = issues.size() + report.suppressed();
   if (all > kMostLines)
-    session.print(Text::kMoreIssues, {name, count(all - kMostLines)});
+    session.print(MessageId::kMoreIssues, {name, count(all - kMostLines)});
 }
 
 drawing::Report openDrawing(Session& session, const std::string& path, bool listsIssues) {
   const drawing::ReadResult read = readOrThrow(session, path);
   const bool repaired = read.report.outcome() != drawing::Outcome::Whole;
   session.replaceDrawing(read.database, path, repaired);
-  session.print(Text::kOpened, {asText(path), count(objectsInModelSpace(*read.database)),
-                                asText(drawing::versionYear(read.database->fileInfo().version))});
+  session.print(MessageId::kOpened, {asText(path), count(objectsInModelSpace(*read.database)),
+                                     asText(drawing::versionYear(read.database->fileInfo().version))});
   reportXrefs(session);
   if (repaired)
     reportRepaired(session, path, read.report, listsIssues);
@@ -109,7 +109,7 @@ OdDbDatabasePtr readBeside(Session& session, const std::string& path) {
 
 void reportLosses(Session& session, const std::string& path, const drawing::Report& report) {
   session.addIssues(report);
-  printIssues(session, path, report, Text::kVersionLoss);
+  printIssues(session, path, report, MessageId::kVersionLoss);
   if (losses(report) > 0)
     session.note(Status::Repaired);
 }
@@ -117,34 +117,35 @@ void reportLosses(Session& session, const std::string& path, const drawing::Repo
 void writeFile(Session& session, const OdDbDatabase& database, const SaveRequest& request) {
   checkDrawingName(request.path);
   if (!request.mayReplace && fileExists(request.path))
-    refuse(Text::kFileExists, {asText(request.path)});
+    refuse(MessageId::kFileExists, {asText(request.path)});
   drawing::WriteOptions options;
   options.version = request.version;
   options.form = request.form;
   options.refuseExisting = !request.mayReplace;
   const drawing::WriteResult written = drawing::writeDrawing(database, request.path, options);
   if (written.result != eOk)
-    throw Failure{Status::SaveFailed, {Text::kSaveFailed, {asText(written.message)}}};
+    throw Failure{Status::SaveFailed, {MessageId::kSaveFailed, {asText(written.message)}}};
   reportLosses(session, request.path, written.report);
 }
 
 void saveDrawing(Session& session, const SaveRequest& request) {
   if (!request.mayReplace && isOwnFileRepaired(session, request.path))
-    refuse(Text::kRepairedOwnFile, {asText(request.path)});
+    refuse(MessageId::kRepairedOwnFile, {asText(request.path)});
   writeFile(session, session.database(), request);
-  session.result(Text::kSaved, {asText(request.path), asText(versionToWrite(session.database(), request.version))});
+  session.result(MessageId::kSaved,
+                 {asText(request.path), asText(versionToWrite(session.database(), request.version))});
   session.savedAs(request.path);
 }
 
 void writeBytes(const std::string& path, std::string_view bytes, bool mayReplace) {
   if (!mayReplace && fileExists(path))
-    refuse(Text::kFileExists, {asText(path)});
+    refuse(MessageId::kFileExists, {asText(path)});
   drawing::ReplaceOptions replacing;
   replacing.refuseExisting = !mayReplace;
   const drawing::FileError written = drawing::replaceFile(
       path, [bytes](drawing::FileSink& sink) { return sink.append(bytes), drawing::FileError(); }, replacing);
   if (!written.ok())
-    throw Failure{Status::SaveFailed, {Text::kSaveFailed, {asText(written.text)}}};
+    throw Failure{Status::SaveFailed, {MessageId::kSaveFailed, {asText(written.text)}}};
 }
 
 bool fileExists(const std::string& path) {
@@ -169,9 +170,9 @@ std::string versionToWrite(const OdDbDatabase& database, OdDb::DwgVersion wanted
 
 void checkDrawingName(const std::string& path) {
   if (path.empty())
-    refuse(Text::kNoFileName);
+    refuse(MessageId::kNoFileName);
   if (path.size() >= 4 && asText(path.substr(path.size() - 4)).iCompare(L".dwg") == 0)
-    refuse(Text::kNotADrawingName, {asText(path)});
+    refuse(MessageId::kNotADrawingName, {asText(path)});
 }
 
 } // namespace console

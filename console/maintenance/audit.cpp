@@ -28,11 +28,11 @@ Row rowOf(const drawing::Issue& issue) {
 
 void showIssues(Session& session, const std::vector<drawing::Issue>& issues) {
   if (issues.empty()) {
-    session.result(Text::kAuditWhole);
+    session.result(MessageId::kAuditWhole);
     return;
   }
-  std::vector<Row> rows = {{render(Text::kAuditSeverity), render(Text::kAuditLocation), render(Text::kAuditFound),
-                            render(Text::kAuditDone)}};
+  std::vector<Row> rows = {{render(MessageId::kAuditSeverity), render(MessageId::kAuditLocation),
+                            render(MessageId::kAuditFound), render(MessageId::kAuditDone)}};
   for (const drawing::Issue& issue : issues)
     rows.push_back(rowOf(issue));
   std::array<int, 3> widths = {};
@@ -44,9 +44,9 @@ void showIssues(Session& session, const std::vector<drawing::Issue>& issues) {
   for (Row& row : rows) {
     for (std::size_t column = 0; column < widths.size(); ++column)
       row[column] += OdString(L' ', std::max(0, widths[column] - row[column].getLength()));
-    session.result(Text::kAuditRow, {row[0], row[1], row[2], row[3]});
+    session.result(MessageId::kAuditRow, {row[0], row[1], row[2], row[3]});
   }
-  session.result(Text::kAuditIssues, {count(issues.size())});
+  session.result(MessageId::kAuditIssues, {count(issues.size())});
 }
 
 std::vector<drawing::Issue> auditOpenDrawing(Session& session, bool fix) {

@@ -33,15 +33,15 @@ OdString ascii(const std::string& text) {
 
 OdString useText(const KeptObject& kept, const PurgePlan::Use& use) {
   if (use.by.isNull())
-    return render(Text::kUseByVariable, {ascii(use.variable)});
+    return render(MessageId::kUseByVariable, {ascii(use.variable)});
   const NamedObject by = namedObject(use.by);
   if (by.kind == "dimension style" && kept.object.kind == "block")
-    return render(Text::kUseByArrow, {by.name});
+    return render(MessageId::kUseByArrow, {by.name});
   if (by.kind == "block")
-    return render(Text::kUseByBlock, {by.name, count(use.times)});
+    return render(MessageId::kUseByBlock, {by.name, count(use.times)});
   if (by.kind == "space")
-    return render(Text::kUseBySpace, {by.name, count(use.times)});
-  return render(Text::kUseByRecord, {by.name, count(use.times), ascii(by.kind)});
+    return render(MessageId::kUseBySpace, {by.name, count(use.times)});
+  return render(MessageId::kUseByRecord, {by.name, count(use.times), ascii(by.kind)});
 }
 
 } // namespace
@@ -115,14 +115,15 @@ NamedObject namedObject(OdDbObjectId id) {
 
 OdString reasonOf(const KeptObject& kept) {
   if (kept.status == PurgePlan::Status::Needed)
-    return render(Text::kUseNeeded);
+    return render(MessageId::kUseNeeded);
   if (kept.status == PurgePlan::Status::External)
-    return render(Text::kUseExternal);
+    return render(MessageId::kUseExternal);
   constexpr std::size_t kMost = 5;
   OdString reason;
   for (std::size_t i = 0; i < kept.uses.size() && i < kMost; ++i)
     reason += (i == 0 ? OdString() : OdString(L", ")) + useText(kept, kept.uses[i]);
-  return kept.uses.size() <= kMost ? reason : reason + L" " + render(Text::kUseMore, {count(kept.uses.size() - kMost)});
+  return kept.uses.size() <= kMost ? reason
+                                   : reason + L" " + render(MessageId::kUseMore, {count(kept.uses.size() - kMost)});
 }
 
 } // namespace console

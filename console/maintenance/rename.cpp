@@ -9,16 +9,16 @@ namespace {
 
 struct Refusal {
   drawing::RenameResult result;
-  Text text;
+  MessageId id;
   bool ofNewName; // else the old one is named
 };
 
 constexpr Refusal kRefusals[] = {
-    {drawing::RenameResult::Unknown, Text::kRenameUnknown, false},
-    {drawing::RenameResult::Taken, Text::kRenameTaken, true},
-    {drawing::RenameResult::Fixed, Text::kRenameFixed, false},
-    {drawing::RenameResult::Illegal, Text::kRenameIllegal, true},
-    {drawing::RenameResult::Space, Text::kRenameFixed, false},
+    {drawing::RenameResult::Unknown, MessageId::kRenameUnknown, false},
+    {drawing::RenameResult::Taken, MessageId::kRenameTaken, true},
+    {drawing::RenameResult::Fixed, MessageId::kRenameFixed, false},
+    {drawing::RenameResult::Illegal, MessageId::kRenameIllegal, true},
+    {drawing::RenameResult::Space, MessageId::kRenameFixed, false},
 };
 
 // Which block has the name is the working drawing's matter; the rules of the library come on top of the engine's.
@@ -27,7 +27,7 @@ void checkNewName(Session& session, OdDb::SymbolTableKind kind, const OdString& 
     return checkBlockName(session, to);
   bool notUtf8 = false;
   if (!blockUtils::isLigitimacyName(to, notUtf8))
-    refuse(Text::kRenameIllegal, {OdString::fromUtf8(renameKindName(kind)), to});
+    refuse(MessageId::kRenameIllegal, {OdString::fromUtf8(renameKindName(kind)), to});
 }
 
 } // namespace
@@ -52,16 +52,16 @@ const char* renameKindName(OdDb::SymbolTableKind kind) {
 void renameSymbolRecord(Session& session, OdDb::SymbolTableKind kind, const OdString& from, const OdString& to) {
   const OdString what = OdString::fromUtf8(renameKindName(kind));
   if (kind == OdDb::kBlockTable && blockUtils::isExternalDependent(from))
-    refuse(Text::kNameExternal, {from});
+    refuse(MessageId::kNameExternal, {from});
   checkNewName(session, kind, to);
   const drawing::RenameResult result = drawing::renameRecord(session.database(), kind, from, to);
   if (result == drawing::RenameResult::External)
-    refuse(Text::kNameExternal, {from});
+    refuse(MessageId::kNameExternal, {from});
   if (result == drawing::RenameResult::Anonymous)
-    refuse(Text::kNameAnonymous, {from});
+    refuse(MessageId::kNameAnonymous, {from});
   for (const Refusal& refusal : kRefusals) {
     if (refusal.result == result)
-      refuse(refusal.text, {what, refusal.ofNewName ? to : from});
+      refuse(refusal.id, {what, refusal.ofNewName ? to : from});
   }
 }
 

@@ -9,7 +9,7 @@
 
 namespace console {
 
-enum class Text : unsigned short {
+enum class MessageId : unsigned short {
   // Running commands
   kPromptCommand,
   kUnknownCommand,
@@ -478,13 +478,13 @@ enum class Text : unsigned short {
 };
 
 // "block.made": what scripts compare.
-const char* idOf(Text text);
+const char* idOf(MessageId id);
 
 // Control characters, and what is no character at all, as \u000A: nothing from a drawing reaches a terminal raw.
 OdString escaped(const OdString& text);
 
 // The English text with {1}, {2} ... replaced by the arguments, escaped; {1:one|many} chooses by whether it is "1".
-OdString render(Text text, const std::vector<OdString>& arguments = {});
+OdString render(MessageId id, const std::vector<OdString>& arguments = {});
 
 // A number as an argument.
 OdString count(std::size_t number);
@@ -493,9 +493,9 @@ OdString count(std::size_t number);
 OdString nameList(const std::vector<OdString>& names);
 
 struct Message {
-  Text text;
+  MessageId id;
   std::vector<OdString> arguments;
-  OdString shown() const { return render(text, arguments); }
+  OdString text() const { return render(id, arguments); }
 };
 
 } // namespace console

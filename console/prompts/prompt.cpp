@@ -5,7 +5,7 @@ namespace {
 
 constexpr int kRequired = 1;
 
-OdString promptText(Text prompt, const Arguments& arguments) {
+OdString promptText(MessageId prompt, const Arguments& arguments) {
   return L"\n" + render(prompt, arguments) + L" ";
 }
 
@@ -18,7 +18,7 @@ bool answered(int code) {
   return true;
 }
 
-std::optional<OdGePoint3d> pointFrom(Session& session, Text prompt) {
+std::optional<OdGePoint3d> pointFrom(Session& session, MessageId prompt) {
   double point[3] = {};
   if (!answered(session.host().input().getPoint(promptText(prompt, {}), point)))
     return std::nullopt;
@@ -27,7 +27,7 @@ std::optional<OdGePoint3d> pointFrom(Session& session, Text prompt) {
 
 } // namespace
 
-std::optional<OdString> askText(Session& session, Text prompt, const Arguments& arguments, bool wholeLine) {
+std::optional<OdString> askText(Session& session, MessageId prompt, const Arguments& arguments, bool wholeLine) {
   morvane::InputEngine& input = session.host().input();
   OdString text;
   if (!answered(wholeLine ? input.getString(true, promptText(prompt, arguments), text)
@@ -37,7 +37,7 @@ std::optional<OdString> askText(Session& session, Text prompt, const Arguments& 
   return text.isEmpty() ? std::nullopt : std::optional(text);
 }
 
-std::optional<OdString> askKeyword(Session& session, Text keywords, Text prompt, const Arguments& arguments) {
+std::optional<OdString> askKeyword(Session& session, MessageId keywords, MessageId prompt, const Arguments& arguments) {
   morvane::InputEngine& input = session.host().input();
   input.initGet(0, render(keywords).str());
   OdString keyword;
@@ -47,7 +47,7 @@ std::optional<OdString> askKeyword(Session& session, Text keywords, Text prompt,
 }
 
 // In a script any other answer is a no: whatever comes next was not meant for this question.
-bool askYes(Session& session, Text prompt, const Arguments& arguments) {
+bool askYes(Session& session, MessageId prompt, const Arguments& arguments) {
   constexpr int kAnyText = 128;
   if (!session.mayAsk()) {
     session.refuseQuestion(render(prompt, arguments));
@@ -55,49 +55,49 @@ bool askYes(Session& session, Text prompt, const Arguments& arguments) {
   }
   morvane::InputEngine& input = session.host().input();
   for (;;) {
-    input.initGet(kAnyText, render(Text::kKeywordsYesNo).str());
+    input.initGet(kAnyText, render(MessageId::kKeywordsYesNo).str());
     OdString answer;
     if (!answered(input.getKeyword(promptText(prompt, arguments), answer)))
       return false;
     if (answer == L"Yes" || answer == L"No" || input.isScript())
       return answer == L"Yes";
-    session.print(Text::kYesOrNo);
+    session.print(MessageId::kYesOrNo);
   }
 }
 
-std::optional<OdGePoint3d> askPoint(Session& session, Text prompt) {
+std::optional<OdGePoint3d> askPoint(Session& session, MessageId prompt) {
   return pointFrom(session, prompt);
 }
 
-OdGePoint3d askRequiredPoint(Session& session, Text prompt) {
+OdGePoint3d askRequiredPoint(Session& session, MessageId prompt) {
   session.host().input().initGet(kRequired, {});
   return pointFrom(session, prompt).value();
 }
 
-std::optional<double> askNumber(Session& session, Text prompt, const Arguments& arguments) {
+std::optional<double> askNumber(Session& session, MessageId prompt, const Arguments& arguments) {
   double number = 0;
   if (!answered(session.host().input().getReal(promptText(prompt, arguments), number)))
     return std::nullopt;
   return number;
 }
 
-double askRequiredNumber(Session& session, Text prompt) {
+double askRequiredNumber(Session& session, MessageId prompt) {
   session.host().input().initGet(kRequired, {});
   return askNumber(session, prompt).value();
 }
 
-std::optional<double> askAngle(Session& session, Text prompt) {
+std::optional<double> askAngle(Session& session, MessageId prompt) {
   for (;;) {
     const auto text = askText(session, prompt);
     if (!text)
       return std::nullopt;
     if (const auto angle = morvane::parseAngle(text->str()))
       return angle;
-    session.print(Text::kNotAnAngle, {*text});
+    session.print(MessageId::kNotAnAngle, {*text});
   }
 }
 
-PointOrKeyword askPointOr(Session& session, Text keywords, Text prompt, bool required) {
+PointOrKeyword askPointOr(Session& session, MessageId keywords, MessageId prompt, bool required) {
   morvane::InputEngine& input = session.host().input();
   input.initGet(required ? kRequired : 0, render(keywords).str());
   double point[3] = {};

@@ -45,14 +45,14 @@ OdDbObjectIdArray pickIf(const OdDbObjectIdArray& objects, const std::function<b
 OdDbObjectIdArray onLayer(OdDbDatabase& database, const OdDbObjectIdArray& objects, const OdString& name) {
   const OdDbObjectId layer = database.symbol(OdDb::kLayerTable, name);
   if (layer.isNull())
-    refuse(Text::kNoSuchLayerAmong, {name, nameList(layerNames(database))});
+    refuse(MessageId::kNoSuchLayerAmong, {name, nameList(layerNames(database))});
   return pickIf(objects, [&](OdDbObjectId id) { return LayerTools::getEntityLayerId(id) == layer; });
 }
 
 OdDbObjectIdArray ofType(const OdDbObjectIdArray& objects, const OdString& name) {
   OdDbObjectIdArray ids = pickIf(objects, [&](OdDbObjectId id) { return typeOf(id).iCompare(name) == 0; });
   if (ids.isEmpty())
-    refuse(Text::kNoSuchTypeAmong, {name, nameList(typeNames(objects))});
+    refuse(MessageId::kNoSuchTypeAmong, {name, nameList(typeNames(objects))});
   return ids;
 }
 
@@ -61,7 +61,7 @@ OdDbObjectIdArray ofHandle(OdDbDatabase& database, const OdDbObjectIdArray& obje
   const OdDbObjectId wanted = handle ? database.getOdDbObjectId(*handle) : OdDbObjectId();
   OdDbObjectIdArray ids = pickIf(objects, [&](OdDbObjectId id) { return !wanted.isNull() && id == wanted; });
   if (ids.isEmpty())
-    refuse(Text::kNoSuchHandle, {text});
+    refuse(MessageId::kNoSuchHandle, {text});
   return ids;
 }
 
@@ -134,9 +134,9 @@ std::size_t leaveOutLocked(Session& session, OdDbObjectIdArray& ids) {
   }
   const std::size_t locked = static_cast<std::size_t>(ids.length()) - static_cast<std::size_t>(free.length());
   if (locked > 0)
-    session.print(Text::kLockedLeftOut, {count(locked)});
+    session.print(MessageId::kLockedLeftOut, {count(locked)});
   if (free.isEmpty())
-    refuse(Text::kAllLocked);
+    refuse(MessageId::kAllLocked);
   ids = free;
   return locked;
 }

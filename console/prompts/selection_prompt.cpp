@@ -20,15 +20,15 @@ public:
 
   OdDbObjectIdArray run() {
     for (;;) {
-      const PointOrKeyword typed =
-          askPointOr(session_, Text::kKeywordsSelect, removes_ ? Text::kPromptRemove : Text::kPromptSelect);
+      const PointOrKeyword typed = askPointOr(session_, MessageId::kKeywordsSelect,
+                                              removes_ ? MessageId::kPromptRemove : MessageId::kPromptSelect);
       if (typed.point)
         pickFrom(*typed.point);
       else if (!typed.keyword.isEmpty())
         answer(typed.keyword);
       else
         return picks_.ids();
-      session_.print(Text::kSelected, {count(picks_.size())});
+      session_.print(MessageId::kSelected, {count(picks_.size())});
     }
   }
 
@@ -47,11 +47,11 @@ private:
     else if (keyword == L"All")
       pickBy({Selector::Kind::All, {}});
     else if (keyword == L"Layer")
-      pickNamed(Selector::Kind::Layer, Text::kPromptSelectLayer);
+      pickNamed(Selector::Kind::Layer, MessageId::kPromptSelectLayer);
     else if (keyword == L"Type")
-      pickNamed(Selector::Kind::Type, Text::kPromptSelectType);
+      pickNamed(Selector::Kind::Type, MessageId::kPromptSelectType);
     else
-      pickNamed(Selector::Kind::Handle, Text::kPromptSelectHandle);
+      pickNamed(Selector::Kind::Handle, MessageId::kPromptSelectHandle);
   }
   // Seen along the z axis of the UCS.
   drawing::ViewPicker picker() {
@@ -61,12 +61,12 @@ private:
   }
   // A typed point is the first corner: what is inside when the other one lies to the right, else what is touched.
   void pickFrom(const OdGePoint3d& corner) {
-    const OdGePoint3d other = askRequiredPoint(session_, Text::kPromptOtherCorner);
+    const OdGePoint3d other = askRequiredPoint(session_, MessageId::kPromptOtherCorner);
     pickBetween(corner, other, other.x >= corner.x);
   }
   void pickCorners(bool whole) {
-    const OdGePoint3d corner = askRequiredPoint(session_, Text::kPromptCorner);
-    pickBetween(corner, askRequiredPoint(session_, Text::kPromptOtherCorner), whole);
+    const OdGePoint3d corner = askRequiredPoint(session_, MessageId::kPromptCorner);
+    pickBetween(corner, askRequiredPoint(session_, MessageId::kPromptOtherCorner), whole);
   }
   void pickBetween(const OdGePoint3d& corner, const OdGePoint3d& other, bool whole) {
     const OdGePoint2d from(corner.x, corner.y), to(other.x, other.y);
@@ -74,7 +74,7 @@ private:
   }
   void pickFence() {
     std::vector<OdGePoint2d> path;
-    while (const auto point = askPoint(session_, path.empty() ? Text::kPromptFence : Text::kPromptFenceNext))
+    while (const auto point = askPoint(session_, path.empty() ? MessageId::kPromptFence : MessageId::kPromptFenceNext))
       path.push_back({point->x, point->y});
     pick(picker().along(path));
   }
@@ -84,7 +84,7 @@ private:
         removes_ ? picks_.remove(id) : picks_.add(id);
     }
   }
-  void pickNamed(Selector::Kind kind, Text prompt) {
+  void pickNamed(Selector::Kind kind, MessageId prompt) {
     if (const auto value = askText(session_, prompt))
       pickBy({kind, *value});
   }
@@ -93,12 +93,12 @@ private:
     try {
       pick(pickedBy(session_.database(), objects_, selector));
     } catch (const Failure& failure) {
-      session_.print(failure.message.text, failure.message.arguments);
+      session_.print(failure.message.id, failure.message.arguments);
     }
   }
   void pickLast() {
     if (objects_.isEmpty())
-      return session_.print(Text::kSpaceEmpty);
+      return session_.print(MessageId::kSpaceEmpty);
     OdDbObjectIdArray last;
     last.append(objects_.last());
     pick(last);
@@ -106,7 +106,7 @@ private:
   void pickPrevious() {
     const OdDbObjectIdArray& ids = session_.drawing().previous;
     if (std::none_of(ids.begin(), ids.end(), [this](OdDbObjectId id) { return here_.count(id) != 0; }))
-      session_.print(Text::kNothingPrevious);
+      session_.print(MessageId::kNothingPrevious);
     pick(ids);
   }
 
@@ -138,7 +138,7 @@ OdDbObjectIdArray askSelectionAnew(Session& session) {
 }
 
 void reportPreselection(Session& session, const OdDbObjectIdArray& ids) {
-  session.print(Text::kSelectedBefore, {count(static_cast<std::size_t>(ids.length()))});
+  session.print(MessageId::kSelectedBefore, {count(static_cast<std::size_t>(ids.length()))});
   session.drawing().previous = ids;
 }
 
@@ -149,7 +149,7 @@ OdDbObjectIdArray askSelection(Session& session) {
   else
     ids = askSelectionAnew(session);
   if (ids.isEmpty())
-    refuse(Text::kNothingSelected);
+    refuse(MessageId::kNothingSelected);
   return ids;
 }
 

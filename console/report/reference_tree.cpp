@@ -12,17 +12,17 @@ namespace console {
 namespace {
 
 OdString countText(std::uint64_t number) {
-  return number == kMostCounted ? render(Text::kReportMany) : count(number);
+  return number == kMostCounted ? render(MessageId::kReportMany) : count(number);
 }
 
 void refuseTooLarge(OdDbObjectId reference, std::uint64_t mostNodes) {
   const TreeSize size = sizeOfTree(reference);
   if (size.isEndless)
-    refuse(Text::kGraphEndless, {handleText(reference)});
+    refuse(MessageId::kGraphEndless, {handleText(reference)});
   if (size.nodes > mostNodes)
-    refuse(Text::kGraphTooLarge, {handleText(reference), countText(size.nodes), count(mostNodes)});
+    refuse(MessageId::kGraphTooLarge, {handleText(reference), countText(size.nodes), count(mostNodes)});
   if (size.inChains > kInChainsAnyway + kInChainsPerNode * mostNodes)
-    refuse(Text::kGraphTooDeep, {handleText(reference), countText(size.inChains), count(mostNodes)});
+    refuse(MessageId::kGraphTooDeep, {handleText(reference), countText(size.inChains), count(mostNodes)});
 }
 
 ReferenceNode nodeOf(Session& session, CRefGraph& graph, CRefGraphNode& made) {

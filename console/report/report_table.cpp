@@ -15,7 +15,7 @@ constexpr bool isNumber(std::size_t column) {
 }
 
 OdString timesText(std::uint64_t count) {
-  return count < kMaxInstances ? console::count(count) : render(Text::kReportMany);
+  return count < kMaxInstances ? console::count(count) : render(MessageId::kReportMany);
 }
 
 void addNote(OdString& notes, const OdString& note) {
@@ -25,23 +25,24 @@ void addNote(OdString& notes, const OdString& note) {
 OdString notesOf(const Block& block) {
   struct Flag {
     bool on;
-    Text text;
+    MessageId id;
   };
-  const Flag flags[] = {{block.isDependent, Text::kReportDependent},
-                        {block.withDynamicInstances.has_value(), Text::kReportDynamic},
-                        {block.isAnnotative, Text::kReportAnnotative},
-                        {block.isUniform.value_or(false), Text::kReportUniform},
-                        {!block.isExplodable.value_or(true), Text::kReportNoExplode}};
+  const Flag flags[] = {{block.isDependent, MessageId::kReportDependent},
+                        {block.withDynamicInstances.has_value(), MessageId::kReportDynamic},
+                        {block.isAnnotative, MessageId::kReportAnnotative},
+                        {block.isUniform.value_or(false), MessageId::kReportUniform},
+                        {!block.isExplodable.value_or(true), MessageId::kReportNoExplode}};
   OdString notes;
   if (!block.layout.isEmpty())
-    addNote(notes, render(Text::kReportLayout, {block.layout}));
+    addNote(notes, render(MessageId::kReportLayout, {block.layout}));
   if (!block.trueName.isEmpty() && !block.withDynamicInstances)
-    addNote(notes, render(Text::kReportShapeOf, {block.trueName}));
+    addNote(notes, render(MessageId::kReportShapeOf, {block.trueName}));
   if (block.xref)
-    addNote(notes, render(block.xref->overlay ? Text::kReportOverlay : Text::kReportXref, {block.xref->path}));
+    addNote(notes,
+            render(block.xref->overlay ? MessageId::kReportOverlay : MessageId::kReportXref, {block.xref->path}));
   for (const Flag& flag : flags) {
     if (flag.on)
-      addNote(notes, render(flag.text));
+      addNote(notes, render(flag.id));
   }
   return notes;
 }
@@ -86,14 +87,15 @@ OdString aligned(const std::vector<Row>& rows) {
 } // namespace
 
 OdString tableText(const DrawingReport& report, bool all) {
-  std::vector<Row> rows = {{render(Text::kReportName), render(Text::kReportReferences), render(Text::kReportNested),
-                            render(Text::kReportAttributes), render(Text::kReportDepth), render(Text::kReportUnits),
-                            render(Text::kReportNotes)}};
+  std::vector<Row> rows = {{render(MessageId::kReportName), render(MessageId::kReportReferences),
+                            render(MessageId::kReportNested), render(MessageId::kReportAttributes),
+                            render(MessageId::kReportDepth), render(MessageId::kReportUnits),
+                            render(MessageId::kReportNotes)}};
   for (const Block& block : report.blocks) {
     if (all || isOrdinary(block))
       rows.push_back(rowOf(block));
   }
-  return rows.size() == 1 ? render(Text::kNoBlocks) + L"\n" : aligned(rows);
+  return rows.size() == 1 ? render(MessageId::kNoBlocks) + L"\n" : aligned(rows);
 }
 
 } // namespace console::report

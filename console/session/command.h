@@ -30,8 +30,8 @@ struct Command {
   enum class Kind { kReadOnly, kModifies, kSelects };
   const wchar_t* name;
   std::vector<std::wstring_view> aliases;
-  Text help;
-  std::vector<Text> asks; // its prompts, for HELP
+  MessageId help;
+  std::vector<MessageId> asks; // its prompts, for HELP
   Kind kind;
   void (*run)(CommandContext&); // throws Failure to stop
 };

@@ -13,12 +13,12 @@ struct Failure {
   Message message;
 };
 
-[[noreturn]] inline void refuse(Text text, std::vector<OdString> arguments = {}) {
-  throw Failure{Status::Refused, {text, std::move(arguments)}};
+[[noreturn]] inline void refuse(MessageId id, std::vector<OdString> arguments = {}) {
+  throw Failure{Status::Refused, {id, std::move(arguments)}};
 }
 
 [[noreturn]] inline void cancel() {
-  throw Failure{Status::Cancelled, {Text::kCancelled, {}}};
+  throw Failure{Status::Cancelled, {MessageId::kCancelled, {}}};
 }
 
 } // namespace console

@@ -90,7 +90,7 @@ void Session::watchBoxes() {
 }
 
 void Session::refuseQuestion(const OdString& question) {
-  print(Text::kQuestionRefused, {question});
+  print(MessageId::kQuestionRefused, {question});
   note(Status::Refused);
 }
 
@@ -109,17 +109,17 @@ OdString Session::takeRestOfLine() {
   return rest.trimLeft().trimRight();
 }
 
-void Session::keep(Text text, const std::vector<OdString>& arguments) {
-  transcript_.push_back({idOf(text), render(text, arguments), arguments, std::nullopt});
+void Session::keep(MessageId id, const std::vector<OdString>& arguments) {
+  transcript_.push_back({idOf(id), render(id, arguments), arguments, std::nullopt});
 }
 
-void Session::print(Text text, std::vector<OdString> arguments) {
-  keep(text, arguments);
+void Session::print(MessageId id, std::vector<OdString> arguments) {
+  keep(id, arguments);
   host_.output().print(L"\n" + transcript_.back().text + L"\n");
 }
 
-void Session::result(Text text, std::vector<OdString> arguments) {
-  keep(text, arguments);
+void Session::result(MessageId id, std::vector<OdString> arguments) {
+  keep(id, arguments);
   if (!quiet_)
     printReport(transcript_.back().text + L"\n");
 }
@@ -184,7 +184,7 @@ void Session::savedAs(const std::string& path) {
 }
 
 void Session::fail(const Failure& failure) {
-  print(failure.message.text, failure.message.arguments);
+  print(failure.message.id, failure.message.arguments);
   note(failure.status);
   host_.input().dropRestOfLine();
 }
@@ -199,14 +199,14 @@ Status Session::run(const Command& command, const CommandTable& commands) {
   });
   // The block may be gone by undo or purging.
   if (!edited.isEmpty() && drawing_.document == document && document->blockEditorName().isEmpty())
-    print(Text::kEditorClosed, {edited});
+    print(MessageId::kEditorClosed, {edited});
   if (command.kind != Command::Kind::kSelects)
     host_.selections().setFirst(nullptr, nullptr);
   return status;
 }
 
 Status Session::attempt(const char* name, Command::Kind kind, const std::function<void()>& work) {
-  Failure failure{Status::Refused, {Text::kFailed, {}}};
+  Failure failure{Status::Refused, {MessageId::kFailed, {}}};
   try {
     Step step(drawing_, name, kind);
     work();

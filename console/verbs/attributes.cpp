@@ -46,7 +46,7 @@ public:
   bool isChosen() const override { return verb_->isChosen(); }
   void check() override {
     if (isChosen() && import_.empty() != files_.out.empty())
-      throw Failure{Status::Usage, {Text::kImportNeedsOutput, {}}};
+      throw Failure{Status::Usage, {MessageId::kImportNeedsOutput, {}}};
   }
   Status run(const SessionOptions& settings) override {
     return runJob(settings,
@@ -71,7 +71,7 @@ private:
     results["misfits"] = Json::array();
     for (const ImportedAttributes::Misfit& misfit : imported_.misfits)
       results["misfits"].push_back(
-          {{"line", misfit.line}, {"id", idOf(misfit.reason.text)}, {"text", misfit.reason.shown().toUtf8Lossless()}});
+          {{"line", misfit.line}, {"id", idOf(misfit.reason.id)}, {"text", misfit.reason.text().toUtf8Lossless()}});
   }
 
   void printSummary(Session& session) {
@@ -80,14 +80,15 @@ private:
     if (csv_)
       return session.printReport(OdString::fromUtf8(csvOf(rows_)));
     for (const AttributeRow& row : json_ ? std::vector<AttributeRow>() : rows_)
-      session.result(Text::kAttributeRow, {handleText(row.reference), row.block, attributeName(row), row.value});
-    session.print(Text::kAttributeCount, {count(rows_.size())});
+      session.result(MessageId::kAttributeRow, {handleText(row.reference), row.block, attributeName(row), row.value});
+    session.print(MessageId::kAttributeCount, {count(rows_.size())});
   }
 
   void reportImported(Session& session) {
     for (const ImportedAttributes::Misfit& misfit : imported_.misfits)
-      session.print(Text::kImportMisfit, {OdString::fromUtf8(import_), count(misfit.line), misfit.reason.shown()});
-    session.print(Text::kImported, {count(imported_.changed), count(imported_.same), count(imported_.misfits.size())});
+      session.print(MessageId::kImportMisfit, {OdString::fromUtf8(import_), count(misfit.line), misfit.reason.text()});
+    session.print(MessageId::kImported,
+                  {count(imported_.changed), count(imported_.same), count(imported_.misfits.size())});
     if (!imported_.misfits.empty())
       session.note(Status::Repaired);
   }

@@ -26,7 +26,7 @@ public:
   bool isChosen() const override { return verb_->isChosen(); }
   void check() override {
     if (isChosen() && fix_ == files_.out.empty())
-      throw Failure{Status::Usage, {Text::kFixNeedsOutput, {}}};
+      throw Failure{Status::Usage, {MessageId::kFixNeedsOutput, {}}};
   }
   Status run(const SessionOptions& settings) override {
     return runJob(settings,
@@ -50,11 +50,11 @@ private:
 
   void printSummary(Session& session) {
     const auto& counts = read_.counts;
-    session.result(Text::kAuditSum,
+    session.result(MessageId::kAuditSum,
                    {count(counts.read), count(counts.opaque), count(counts.unparsed), count(counts.dropped)});
     showIssues(session, issues_);
     if (read_.suppressed() != 0)
-      session.result(Text::kMoreIssues, {OdString::fromUtf8(files_.in), count(read_.suppressed())});
+      session.result(MessageId::kMoreIssues, {OdString::fromUtf8(files_.in), count(read_.suppressed())});
   }
 
   OptionTable* verb_ = nullptr;

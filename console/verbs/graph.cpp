@@ -92,7 +92,7 @@ public:
   bool isChosen() const override { return verb_->isChosen(); }
   void check() override {
     if (isChosen() && !parseHandle(handle_))
-      refuseUsage(Text::kBadHandle, "--reference", handle_);
+      refuseUsage(MessageId::kBadHandle, "--reference", handle_);
   }
   Status run(const SessionOptions& settings) override {
     return runJob(settings,
@@ -104,7 +104,7 @@ private:
   void work(Session& session, Json& results) {
     const OdDbObjectId picked = session.database().getOdDbObjectId(*parseHandle(handle_));
     if (OdDbBlockReference::cast(picked.safeOpenObject()).isNull())
-      refuse(Text::kGraphNoReference, {OdString::fromUtf8(handle_)});
+      refuse(MessageId::kGraphNoReference, {OdString::fromUtf8(handle_)});
     tree_ = treeOf(session, picked, mostNodes_);
     if (!json_)
       return;
@@ -125,23 +125,23 @@ private:
 
   static void printNode(Session& session, const ReferenceNode& node) {
     const OdString indent(std::wstring(2 * (node.chain.size() - 1), L' '));
-    std::vector<OdString> words{indent, node.block, OdString::fromUtf8(handleOf(node.reference)),
-                                chainText(node.chain)};
+    std::vector<OdString> arguments{indent, node.block, OdString::fromUtf8(handleOf(node.reference)),
+                                    chainText(node.chain)};
     if (!node.external)
-      return session.result(Text::kGraphNode, words);
-    words.insert(words.end(), {node.external->path, xrefState(node.external->status), node.external->found});
-    session.result(node.external->found.isEmpty() ? Text::kGraphLost : Text::kGraphExternal, words);
+      return session.result(MessageId::kGraphNode, arguments);
+    arguments.insert(arguments.end(), {node.external->path, xrefState(node.external->status), node.external->found});
+    session.result(node.external->found.isEmpty() ? MessageId::kGraphLost : MessageId::kGraphExternal, arguments);
   }
 
   void reportEditability(Session& session) const {
-    constexpr Text kTexts[] = {Text::kEditAllowed, Text::kEditXeditOff, Text::kEditExternal};
-    const Text text = kTexts[static_cast<std::size_t>(tree_.edit.reason)];
-    const std::vector<OdString> words{OdString::fromUtf8(handleOf(tree_.nodes.front().reference)),
-                                      OdString::fromUtf8(handleOf(tree_.edit.reference)), tree_.edit.path};
+    constexpr MessageId kIds[] = {MessageId::kEditAllowed, MessageId::kEditXeditOff, MessageId::kEditExternal};
+    const MessageId id = kIds[static_cast<std::size_t>(tree_.edit.reason)];
+    const std::vector<OdString> arguments{OdString::fromUtf8(handleOf(tree_.nodes.front().reference)),
+                                          OdString::fromUtf8(handleOf(tree_.edit.reference)), tree_.edit.path};
     if (dot_)
-      session.print(text, words);
+      session.print(id, arguments);
     else
-      session.result(text, words);
+      session.result(id, arguments);
   }
 
   OptionTable* verb_ = nullptr;

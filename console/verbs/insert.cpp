@@ -28,7 +28,7 @@ struct TypedInsertion {
 double realOption(const char* option, const std::string& value) {
   const auto number = parseReal(value);
   if (!number)
-    refuseUsage(Text::kBadNumber, option, value);
+    refuseUsage(MessageId::kBadNumber, option, value);
   return *number;
 }
 
@@ -62,7 +62,7 @@ const char* resolutionName(ImportedBlock::Resolution resolution) {
 std::vector<std::string> listedFiles(const std::string& path) {
   std::ifstream file(path);
   if (!file)
-    throw Failure{Status::Unreadable, {Text::kListUnreadable, {OdString::fromUtf8(path)}}};
+    throw Failure{Status::Unreadable, {MessageId::kListUnreadable, {OdString::fromUtf8(path)}}};
   std::vector<std::string> paths;
   const std::filesystem::path folder = std::filesystem::path(path).parent_path();
   for (std::string line; std::getline(file, line);) {
@@ -150,16 +150,16 @@ void Insert::check() {
   if (dry_)
     files_.out.clear();
   else if (files_.out.empty())
-    throw Failure{Status::Usage, {Text::kNoOutput, {}}};
+    throw Failure{Status::Usage, {MessageId::kNoOutput, {}}};
   if (!typed_.name.empty() && typed_.file.empty())
-    throw Failure{Status::Usage, {Text::kNameNeedsFile, {}}};
+    throw Failure{Status::Usage, {MessageId::kNameNeedsFile, {}}};
   if (!typed_.grid.empty() && typed_.list.empty())
-    throw Failure{Status::Usage, {Text::kGridNeedsList, {}}};
+    throw Failure{Status::Usage, {MessageId::kGridNeedsList, {}}};
   onClash_ = clashOption(typed_.onClash, typed_.list.empty() ? OnClash::Refuse : OnClash::Rename);
   for (const std::string& given : typed_.attributes) {
     const auto equals = given.find('=');
     if (equals == 0 || equals == std::string::npos)
-      refuseUsage(Text::kBadAttribute, "--attr", given);
+      refuseUsage(MessageId::kBadAttribute, "--attr", given);
     answers_.given.emplace_back(OdString::fromUtf8(given.substr(0, equals)),
                                 OdString::fromUtf8(given.substr(equals + 1)));
   }
@@ -169,12 +169,12 @@ void Insert::check() {
 void Insert::checkPlacement() {
   const auto at = parsePoint(typed_.at);
   if (!at)
-    refuseUsage(Text::kBadPoint, "--at", typed_.at);
+    refuseUsage(MessageId::kBadPoint, "--at", typed_.at);
   placement_.at = *at;
   if (!typed_.scale.empty()) {
     const std::vector<double> scales = realsOption("--scale", typed_.scale);
     if (scales.size() != 1 && scales.size() != 3)
-      refuseUsage(Text::kBadScale, "--scale", typed_.scale);
+      refuseUsage(MessageId::kBadScale, "--scale", typed_.scale);
     placement_.scale = OdGeScale3d(scales[0], scales[scales.size() / 2], scales.back());
   }
   if (!typed_.rotate.empty())
@@ -186,7 +186,7 @@ void Insert::checkPlacement() {
   grid_ = realsOption("--grid", typed_.grid);
   if (grid_.size() != 3 || grid_[0] < 1 || grid_[0] > 1e6 ||
       grid_[0] != static_cast<double>(static_cast<int>(grid_[0])))
-    refuseUsage(Text::kBadGrid, "--grid", typed_.grid);
+    refuseUsage(MessageId::kBadGrid, "--grid", typed_.grid);
 }
 
 Placement Insert::placeInGrid(std::size_t number) const {
@@ -221,7 +221,7 @@ void Insert::insertList(Session& session) {
     });
     if (status == Status::Done)
       continue;
-    session.print(Text::kListFailed, {OdString::fromUtf8(paths[number])});
+    session.print(MessageId::kListFailed, {OdString::fromUtf8(paths[number])});
     ++failed_;
   }
 }
@@ -246,7 +246,7 @@ void Insert::work(Session& session, Json& results) {
     const OdString name = OdString::fromUtf8(typed_.block);
     const OdDbObjectId block = definitionOf(session, name);
     if (block.isNull())
-      refuse(Text::kNoSuchBlock, {name});
+      refuse(MessageId::kNoSuchBlock, {name});
     done_.push_back(place(session, {}, {ImportedBlock::Resolution::Kept, block, name, {}, {}}, placement_));
   }
   if (typed_.block.empty())
@@ -282,11 +282,11 @@ Json Insert::jsonOf(const Done& done) {
 void Insert::printSummary(Session& session) const {
   for (const Done& done : done_) {
     if (typed_.list.empty())
-      session.print(Text::kUnitsFactor, {exactText(done.factor)});
-    session.result(Text::kInserted, {done.in.name, handleText(done.reference)});
+      session.print(MessageId::kUnitsFactor, {exactText(done.factor)});
+    session.result(MessageId::kInserted, {done.in.name, handleText(done.reference)});
   }
   if (!typed_.list.empty() && !dry_)
-    session.print(Text::kListSum, {count(done_.size()), count(failed_)});
+    session.print(MessageId::kListSum, {count(done_.size()), count(failed_)});
 }
 
 } // namespace

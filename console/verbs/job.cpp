@@ -38,7 +38,7 @@ Json messagesOf(const Session& session) {
 void checkOutput(const JobFiles& files) {
   checkDrawingName(files.out);
   if (!files.force && fileExists(files.out))
-    refuse(Text::kFileExists, {OdString::fromUtf8(files.out)});
+    refuse(MessageId::kFileExists, {OdString::fromUtf8(files.out)});
 }
 
 } // namespace

@@ -95,18 +95,18 @@ void Make::check() {
     return;
   const auto base = parsePoint(typed_.base);
   if (!base)
-    refuseUsage(Text::kBadPoint, "--base", typed_.base);
+    refuseUsage(MessageId::kBadPoint, "--base", typed_.base);
   request_.basePointUcs = *base;
   if (!typed_.ucs.empty() && !(ucs_ = parseUcs(typed_.ucs)))
-    refuseUsage(Text::kBadUcs, "--ucs", typed_.ucs);
+    refuseUsage(MessageId::kBadUcs, "--ucs", typed_.ucs);
   if (!typed_.units.empty() && !(request_.units = parseUnits(typed_.units)))
-    refuseUsage(Text::kBadUnits, "--units", typed_.units);
+    refuseUsage(MessageId::kBadUnits, "--units", typed_.units);
   selectors_.check();
   request_.name = OdString::fromUtf8(typed_.name);
   request_.description = OdString::fromUtf8(typed_.description);
   request_.afterwards = keep_ ? Afterwards::Keep : delete_ ? Afterwards::Delete : Afterwards::Convert;
   if (!selectors_.areGiven())
-    throw Failure{Status::Usage, {Text::kNoSelector, {}}};
+    throw Failure{Status::Usage, {MessageId::kNoSelector, {}}};
 }
 
 void Make::make(Session& session, Json& results) {
@@ -114,7 +114,7 @@ void Make::make(Session& session, Json& results) {
   request_.space = database.getModelSpaceId();
   const OdDbObjectIdArray picked = selectObjects(database, request_.space, selectors_.selectors());
   if (picked.isEmpty())
-    refuse(Text::kNothingSelected);
+    refuse(MessageId::kNothingSelected);
   const BlockObjects objects = objectsForBlock(session, request_.name, picked);
   request_.ids = objects.ids;
   const BorrowedUcs ucs(database, ucs_.value_or(OdGeMatrix3d::kIdentity));

@@ -15,31 +15,31 @@ OdString asText(const std::string& utf8) {
 
 struct Reason {
   const char* name;
-  Text text;
+  MessageId id;
 };
-constexpr Reason kReasons[] = {{"body", Text::kNotDrawnBody},
-                               {"cycle", Text::kNotDrawnCycle},
-                               {"depth-clip", Text::kNotDrawnDepthClip},
-                               {"document", Text::kNotDrawnDocument},
-                               {"fine-pattern", Text::kNotDrawnFinePattern},
-                               {"kind", Text::kNotDrawnKind},
-                               {"letters", Text::kNotDrawnGlyphs},
-                               {"no-block", Text::kNotDrawnNoBlock},
-                               {"no-picture", Text::kNotDrawnNoPicture},
-                               {"page", Text::kNotDrawnPage},
-                               {"perspective", Text::kNotDrawnPerspective},
-                               {"picture-file", Text::kNotDrawnPictureFile},
-                               {"proxy", Text::kNotDrawnProxy},
-                               {"shape-file", Text::kNotDrawnShapeFile},
-                               {"smoothing", Text::kNotDrawnSmoothing},
-                               {"tolerance-note", Text::kNotDrawnToleranceNote},
-                               {"xref-not-loaded", Text::kNotDrawnXref},
-                               {"xref-unloaded", Text::kNotDrawnXrefUnloaded}};
+constexpr Reason kReasons[] = {{"body", MessageId::kNotDrawnBody},
+                               {"cycle", MessageId::kNotDrawnCycle},
+                               {"depth-clip", MessageId::kNotDrawnDepthClip},
+                               {"document", MessageId::kNotDrawnDocument},
+                               {"fine-pattern", MessageId::kNotDrawnFinePattern},
+                               {"kind", MessageId::kNotDrawnKind},
+                               {"letters", MessageId::kNotDrawnGlyphs},
+                               {"no-block", MessageId::kNotDrawnNoBlock},
+                               {"no-picture", MessageId::kNotDrawnNoPicture},
+                               {"page", MessageId::kNotDrawnPage},
+                               {"perspective", MessageId::kNotDrawnPerspective},
+                               {"picture-file", MessageId::kNotDrawnPictureFile},
+                               {"proxy", MessageId::kNotDrawnProxy},
+                               {"shape-file", MessageId::kNotDrawnShapeFile},
+                               {"smoothing", MessageId::kNotDrawnSmoothing},
+                               {"tolerance-note", MessageId::kNotDrawnToleranceNote},
+                               {"xref-not-loaded", MessageId::kNotDrawnXref},
+                               {"xref-unloaded", MessageId::kNotDrawnXrefUnloaded}};
 
 OdString reasonText(const std::string& name) {
   for (const Reason& reason : kReasons) {
     if (name == reason.name)
-      return render(reason.text);
+      return render(reason.id);
   }
   return asText(name);
 }
@@ -65,12 +65,12 @@ public:
     if (!isChosen())
       return;
     if (!size_.empty() && !readPictureSize(size_, options_))
-      refuseUsage(Text::kBadPictureSize, "--size", size_);
+      refuseUsage(MessageId::kBadPictureSize, "--size", size_);
     if (!background_.empty() && !readBackground(background_, options_))
-      refuseUsage(Text::kBadBackground, "--background", background_);
+      refuseUsage(MessageId::kBadBackground, "--background", background_);
     isSvg_ = svg_ || (!png_ && hasEnding(out_, L".svg"));
     if (!svg_ && !png_ && !isSvg_ && !hasEnding(out_, L".png"))
-      refuseUsage(Text::kBadPictureName, "-o", out_);
+      refuseUsage(MessageId::kBadPictureName, "-o", out_);
   }
   Status run(const SessionOptions& settings) override {
     JobFiles files;
@@ -92,13 +92,14 @@ private:
     else if (!layout_.empty())
       id = drawing::layoutBlock(database, asText(layout_));
     if (id.isNull())
-      refuse(block_.empty() ? Text::kNoSuchLayout : Text::kNoSuchBlock, {asText(block_.empty() ? layout_ : block_)});
+      refuse(block_.empty() ? MessageId::kNoSuchLayout : MessageId::kNoSuchBlock,
+             {asText(block_.empty() ? layout_ : block_)});
     return id;
   }
 
   void work(Session& session, Json& results) {
     if (!force_ && fileExists(out_)) // before the work
-      refuse(Text::kFileExists, {asText(out_)});
+      refuse(MessageId::kFileExists, {asText(out_)});
     const drawing::Picture picture(subject(session.database()), options_);
     report_ = picture.report();
     writeBytes(out_, isSvg_ ? picture.svg() : picture.png(), force_);
@@ -126,15 +127,15 @@ private:
   }
 
   void printSummary(Session& session) const {
-    session.result(Text::kPictureMade, {asText(out_), count(static_cast<std::size_t>(options_.width)),
-                                        count(static_cast<std::size_t>(options_.height))});
+    session.result(MessageId::kPictureMade, {asText(out_), count(static_cast<std::size_t>(options_.width)),
+                                             count(static_cast<std::size_t>(options_.height))});
     if (report_.isEmpty)
-      session.print(Text::kPictureEmpty);
+      session.print(MessageId::kPictureEmpty);
     for (const drawing::NotDrawn& one : report_.notDrawn)
-      session.print(Text::kNotDrawn,
+      session.print(MessageId::kNotDrawn,
                     {count(one.count), asText(one.kind), reasonText(one.reason), asText(one.first.ascii())});
     if (report_.reachedLimit)
-      session.print(Text::kPictureLimit);
+      session.print(MessageId::kPictureLimit);
   }
 
   OptionTable* verb_ = nullptr;

@@ -42,7 +42,7 @@ public:
     if (isChosen() && dry_)
       files_.out.clear();
     else if (isChosen() && files_.out.empty())
-      throw Failure{Status::Usage, {Text::kNoOutput, {}}};
+      throw Failure{Status::Usage, {MessageId::kNoOutput, {}}};
   }
   Status run(const SessionOptions& settings) override {
     return runJob(settings,
@@ -71,17 +71,17 @@ private:
       for (const drawing::PurgePlan::Use& use : kept.uses)
         json["uses"].push_back(jsonOf(use));
       results["kept"].push_back(std::move(json));
-      session.result(Text::kNotPurged, {OdString::fromUtf8(kept.object.kind), kept.object.name, reasonOf(kept)});
+      session.result(MessageId::kNotPurged, {OdString::fromUtf8(kept.object.kind), kept.object.name, reasonOf(kept)});
     }
   }
 
   void printSummary(Session& session) {
     for (const NamedObject& object : purged_)
-      session.result(dry_ ? Text::kPurgeable : Text::kPurged, {OdString::fromUtf8(object.kind), object.name});
+      session.result(dry_ ? MessageId::kPurgeable : MessageId::kPurged, {OdString::fromUtf8(object.kind), object.name});
     if (purged_.empty())
-      session.print(Text::kNothingToPurge);
+      session.print(MessageId::kNothingToPurge);
     else if (!dry_)
-      session.print(Text::kPurgeCount, {count(purged_.size())});
+      session.print(MessageId::kPurgeCount, {count(purged_.size())});
   }
 
   OptionTable* verb_ = nullptr;

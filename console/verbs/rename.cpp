@@ -32,7 +32,7 @@ public:
         add(option, value);
     }
     if (wishes_.empty())
-      throw Failure{Status::Usage, {Text::kNoRename, {}}};
+      throw Failure{Status::Usage, {MessageId::kNoRename, {}}};
   }
   Status run(const SessionOptions& settings) override {
     return runJob(settings,
@@ -52,7 +52,7 @@ private:
   void add(const Option& option, const std::string& value) {
     const auto sign = value.find('=');
     if (sign == std::string::npos || sign == 0)
-      refuseUsage(Text::kBadRename, option.name, value);
+      refuseUsage(MessageId::kBadRename, option.name, value);
     wishes_.push_back(
         {option.kind, OdString::fromUtf8(value.substr(0, sign)), OdString::fromUtf8(value.substr(sign + 1))});
   }
@@ -69,7 +69,7 @@ private:
 
   void printSummary(Session& session) {
     for (const Wish& wish : wishes_)
-      session.print(Text::kRenamed, {OdString::fromUtf8(renameKindName(wish.kind)), wish.from, wish.to});
+      session.print(MessageId::kRenamed, {OdString::fromUtf8(renameKindName(wish.kind)), wish.from, wish.to});
   }
 
   OptionTable* verb_ = nullptr;

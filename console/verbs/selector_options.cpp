@@ -15,7 +15,7 @@ void SelectorOptions::describe(OptionTable& verb) {
 void SelectorOptions::check() const {
   for (const std::string& handle : handles_) {
     if (!parseHandle(handle))
-      refuseUsage(Text::kBadHandle, "--handle", handle);
+      refuseUsage(MessageId::kBadHandle, "--handle", handle);
   }
 }
 

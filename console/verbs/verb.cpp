@@ -22,14 +22,14 @@ std::vector<std::unique_ptr<Verb>> allVerbs() {
   return verbs;
 }
 
-void refuseUsage(Text text, const char* option, const std::string& value) {
-  throw Failure{Status::Usage, {text, {OdString::fromUtf8(option), OdString::fromUtf8(value)}}};
+void refuseUsage(MessageId id, const char* option, const std::string& value) {
+  throw Failure{Status::Usage, {id, {OdString::fromUtf8(option), OdString::fromUtf8(value)}}};
 }
 
 OdDb::DwgVersion versionOption(const std::string& value) {
   const OdDb::DwgVersion version = drawing::versionFromYear(value);
   if (!value.empty() && (version == OdDb::kVersionUnknown || drawing::writtenVersion(version) != version))
-    refuseUsage(Text::kBadVersion, "--as", value);
+    refuseUsage(MessageId::kBadVersion, "--as", value);
   return version;
 }
 

@@ -32,7 +32,7 @@ std::unique_ptr<Verb> graphVerb();      // morvane graph
 std::unique_ptr<Verb> wblockVerb();     // morvane wblock
 std::vector<std::unique_ptr<Verb>> allVerbs();
 
-[[noreturn]] void refuseUsage(Text text, const char* option, const std::string& value);
+[[noreturn]] void refuseUsage(MessageId id, const char* option, const std::string& value);
 OdDb::DwgVersion versionOption(const std::string& value); // of --as; empty: unknown
 
 } // namespace console::verbs

@@ -66,14 +66,14 @@ void Wblock::check() {
   const int sources =
       (verb_->isGiven("--block") ? 1 : 0) + (selectors_.areGiven() ? 1 : 0) + (all_ ? 1 : 0) + (isLibrary() ? 1 : 0);
   if (sources != 1)
-    throw Failure{Status::Usage, {Text::kOneSource, {}}};
+    throw Failure{Status::Usage, {MessageId::kOneSource, {}}};
   if (isLibrary() ? !out_.empty() || !base_.empty() : out_.empty())
-    throw Failure{Status::Usage, {isLibrary() ? Text::kLibraryNoOutput : Text::kNoOutputFile, {}}};
+    throw Failure{Status::Usage, {isLibrary() ? MessageId::kLibraryNoOutput : MessageId::kNoOutputFile, {}}};
   selectors_.check();
   if (!base_.empty() && !(request_.basePoint = parsePoint(base_)))
-    refuseUsage(Text::kBadPoint, "--base", base_);
+    refuseUsage(MessageId::kBadPoint, "--base", base_);
   if (!units_.empty() && !(request_.units = parseUnits(units_)))
-    refuseUsage(Text::kBadUnits, "--units", units_);
+    refuseUsage(MessageId::kBadUnits, "--units", units_);
   request_.version = versionOption(version_);
   request_.form = binary_ ? drawing::WriteOptions::Binary : drawing::WriteOptions::Text;
   request_.mayReplace = force_;
@@ -93,13 +93,13 @@ BlockFileSource Wblock::source(Session& session) const {
     OdDbDatabase& database = session.database();
     OdDbObjectIdArray ids = selectObjects(database, database.getModelSpaceId(), selectors_.selectors());
     if (ids.isEmpty())
-      refuse(Text::kNothingSelected);
+      refuse(MessageId::kNothingSelected);
     return ids;
   }
   const OdString name = OdString::fromUtf8(block_);
   const OdDbObjectId block = definitionToWrite(session, name);
   if (block.isNull())
-    refuse(Text::kNoSuchBlock, {name});
+    refuse(MessageId::kNoSuchBlock, {name});
   return block;
 }
 
@@ -136,9 +136,9 @@ void Wblock::printSummary(Session& session) const {
   if (!isLibrary())
     return reportBlockFile(session, written_);
   for (const Json& one : manifest_.at("leftOut").items())
-    session.print(Text::kLibraryLeftOut,
+    session.print(MessageId::kLibraryLeftOut,
                   {OdString::fromUtf8(one.at("block").text()), OdString::fromUtf8(one.at("reason").text())});
-  session.result(Text::kLibraryWritten, {count(manifest_.at("blocks").size()), OdString::fromUtf8(folder_)});
+  session.result(MessageId::kLibraryWritten, {count(manifest_.at("blocks").size()), OdString::fromUtf8(folder_)});
 }
 
 } // namespace

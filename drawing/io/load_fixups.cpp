@@ -71,16 +71,17 @@ void reportUndefinedNames(FixUpContext& fixUp) {
 }
 
 void reportLayoutFault(FixUpContext& fixUp, const LayoutFault& fault) {
-  struct Words {
+  struct IssueText {
     const char* code;
     const char* found;
   };
   // In the order of the kinds.
-  constexpr Words kWords[] = {{"dxf.layout-without-block", "the layout has no block of its own"},
-                              {"dxf.space-without-layout", "the block of a sheet names no layout that names it"},
-                              {"dxf.block-of-no-layout", "the block names a layout that is not its own"}};
-  const Words& words = kWords[fault.kind];
-  addIssue(fixUp, words.code, Severity::Repaired, fault.object, words.found, fault.done);
+  constexpr IssueText kIssueTexts[] = {
+      {"dxf.layout-without-block", "the layout has no block of its own"},
+      {"dxf.space-without-layout", "the block of a sheet names no layout that names it"},
+      {"dxf.block-of-no-layout", "the block names a layout that is not its own"}};
+  const IssueText& text = kIssueTexts[fault.kind];
+  addIssue(fixUp, text.code, Severity::Repaired, fault.object, text.found, fault.done);
 }
 
 void ensureEnds(FixUpContext& fixUp) {

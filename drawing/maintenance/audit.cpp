@@ -276,16 +276,16 @@ private:
   }
 
   void reportLayout(const LayoutFault& fault) {
-    struct Words {
+    struct IssueText {
       const char* code;
       const char* found;
     };
     // In the order of the kinds.
-    constexpr Words kWords[] = {{"audit.layout-without-block", "the layout has no block of its own"},
-                                {"audit.space-without-layout", "no layout and this space name each other"},
-                                {"audit.block-of-no-layout", "the block names a layout that is not its own"}};
-    const Words& words = kWords[fault.kind];
-    addIssue(words.code, Severity::Lost, fault.object, words.found, fault.done);
+    constexpr IssueText kIssueTexts[] = {{"audit.layout-without-block", "the layout has no block of its own"},
+                                         {"audit.space-without-layout", "no layout and this space name each other"},
+                                         {"audit.block-of-no-layout", "the block names a layout that is not its own"}};
+    const IssueText& text = kIssueTexts[fault.kind];
+    addIssue(text.code, Severity::Lost, fault.object, text.found, fault.done);
   }
 
   void checkTable(OdDb::SymbolTableKind kind) {

@@ -217,15 +217,16 @@ TEST(JsonReport, IsOneObjectWithStableIds) {
     EXPECT_NE(repaired.results.find(part), std::string::npos) << part << repaired.results;
 }
 
-TEST(Words, HaveIdsOfTheirOwnAndShowNothingRaw) {
+TEST(IssueText, HaveIdsOfTheirOwnAndShowNothingRaw) {
   std::set<std::string> ids;
-  for (int at = 0; at < static_cast<int>(console::Text::kCount); ++at)
-    EXPECT_TRUE(ids.insert(console::idOf(static_cast<console::Text>(at))).second) << at;
+  for (int at = 0; at < static_cast<int>(console::MessageId::kCount); ++at)
+    EXPECT_TRUE(ids.insert(console::idOf(static_cast<console::MessageId>(at))).second) << at;
   EXPECT_EQ(console::escaped(L"a\x1b[2J\n\x85\x202e" + OdString(wchar_t{0xDCFF}, 1)),
             L"a\\u001B[2J\\u000A\\u0085\\u202E\\uDCFF");
-  EXPECT_EQ(console::render(console::Text::kErased, {L"1"}), L"1 object erased.");
-  EXPECT_EQ(console::render(console::Text::kErased, {L"11"}), L"11 objects erased.");
-  EXPECT_EQ(console::render(console::Text::kNameOfSpace, {L"{2}"}), L"\"{2}\" is the name of a space, not of a block.");
+  EXPECT_EQ(console::render(console::MessageId::kErased, {L"1"}), L"1 object erased.");
+  EXPECT_EQ(console::render(console::MessageId::kErased, {L"11"}), L"11 objects erased.");
+  EXPECT_EQ(console::render(console::MessageId::kNameOfSpace, {L"{2}"}),
+            L"\"{2}\" is the name of a space, not of a block.");
 }
 
 } // namespace
