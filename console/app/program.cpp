@@ -14,7 +14,7 @@
 namespace console {
 namespace {
 
-using VerbList = std::vector<std::unique_ptr<verbs::Verb>>;
+using SubcommandList = std::vector<std::unique_ptr<verbs::Subcommand>>;
 
 constexpr char kVersion[] = "morvane " MORVANE_VERSION;
 
@@ -101,7 +101,7 @@ Status runSession(Session& session, const Options& options, std::istream* given)
 
 verbs::OptionTable programTable(Options& options) {
   verbs::OptionTable table("morvane", "Works on drawings: typed commands, scripts, and one-line jobs.");
-  table.add("drawing", options.drawing, "Drawing to open").withoutVerb();
+  table.add("drawing", options.drawing, "Drawing to open").withoutSubcommand();
   table.add("-c,--command", options.commands, "Commands to run, as a script would hold them");
   table.add("-f,--file", options.script, "Script of commands to run").excludes("-c");
   table.add("--config", options.configFile, "File of settings in place of the user's own");
@@ -111,13 +111,13 @@ verbs::OptionTable programTable(Options& options) {
       .between(1, UINT32_MAX);
   table.add("--no-prompt", options.noPrompt, "Questions are not asked but refused");
   table.setVersion(kVersion);
-  table.setVerbFooter("Also, as in morvane --help: --encoding, --max-memory, --max-depth, --config, --no-prompt");
+  table.setSubcommandFooter("Also, as in morvane --help: --encoding, --max-memory, --max-depth, --config, --no-prompt");
   return table;
 }
 
 // The exit status when there is nothing to run.
 std::optional<Status> understand(verbs::OptionTable& table, const std::vector<std::string>& arguments, Options& options,
-                                 const VerbList& verbs, const ProgramEnvironment& environment) {
+                                 const SubcommandList& subcommands, const ProgramEnvironment& environment) {
   const auto complain = [&](const std::string& text) {
     environment.commandLine ? environment.commandLine(OdString::fromUtf8(text))
                             : void(std::fputs(text.c_str(), stderr));
@@ -133,8 +133,8 @@ std::optional<Status> understand(verbs::OptionTable& table, const std::vector<st
   }
   try {
     checkReading(options);
-    for (const auto& verb : verbs)
-      verb->check();
+    for (const auto& subcommand : subcommands)
+      subcommand->check();
   } catch (const Failure& failure) {
     complain("morvane: " + failure.message.text().toUtf8Lossless() + "\n");
     return failure.status;
@@ -147,15 +147,15 @@ std::optional<Status> understand(verbs::OptionTable& table, const std::vector<st
 int runProgram(const std::vector<std::string>& arguments, const ProgramEnvironment& environment) {
   Options options;
   verbs::OptionTable table = programTable(options);
-  const VerbList verbs = verbs::allVerbs();
-  for (const auto& verb : verbs)
-    verb->describe(table);
-  if (const auto status = understand(table, arguments, options, verbs, environment))
+  const SubcommandList subcommands = verbs::allSubcommands();
+  for (const auto& subcommand : subcommands)
+    subcommand->describe(table);
+  if (const auto status = understand(table, arguments, options, subcommands, environment))
     return static_cast<int>(*status);
   SessionOptions settings = sessionOptions(environment, options);
-  for (const auto& verb : verbs) {
-    if (verb->isChosen())
-      return static_cast<int>(verb->run(settings));
+  for (const auto& subcommand : subcommands) {
+    if (subcommand->isChosen())
+      return static_cast<int>(subcommand->run(settings));
   }
   Session session(settings);
   return static_cast<int>(runSession(session, options, environment.input));

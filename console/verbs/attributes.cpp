@@ -32,18 +32,19 @@ std::string csvOf(const std::vector<AttributeRow>& rows) {
   return text;
 }
 
-class Attributes : public Verb {
+class Attributes : public Subcommand {
 public:
   void describe(OptionTable& program) override {
-    verb_ = &program.addVerb("attributes", "List the attributes of all references, or set them from a table");
-    verb_->add("FILE", files_.in, "Drawing to read").required();
-    verb_->add("--csv", csv_, "As a table with commas").excludes("--json").excludes("--import");
-    verb_->add("--json", json_, "As one JSON object");
-    verb_->add("--import", import_, "Table with the values to set, as --csv prints it");
-    verb_->add("-o,--output", files_.out, "Drawing to write");
-    verb_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    optionTable_ =
+        &program.addSubcommand("attributes", "List the attributes of all references, or set them from a table");
+    optionTable_->add("FILE", files_.in, "Drawing to read").required();
+    optionTable_->add("--csv", csv_, "As a table with commas").excludes("--json").excludes("--import");
+    optionTable_->add("--json", json_, "As one JSON object");
+    optionTable_->add("--import", import_, "Table with the values to set, as --csv prints it");
+    optionTable_->add("-o,--output", files_.out, "Drawing to write");
+    optionTable_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
   }
-  bool isChosen() const override { return verb_->isChosen(); }
+  bool isChosen() const override { return optionTable_->isChosen(); }
   void check() override {
     if (isChosen() && import_.empty() != files_.out.empty())
       throw Failure{Status::Usage, {MessageId::kImportNeedsOutput, {}}};
@@ -93,7 +94,7 @@ private:
       session.note(Status::Repaired);
   }
 
-  OptionTable* verb_ = nullptr;
+  OptionTable* optionTable_ = nullptr;
   JobFiles files_;
   std::string import_;
   std::vector<AttributeRow> rows_;
@@ -104,7 +105,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<Verb> attributesVerb() {
+std::unique_ptr<Subcommand> attributesSubcommand() {
   return std::make_unique<Attributes>();
 }
 

@@ -13,17 +13,17 @@ const char* outcomeName(const std::vector<drawing::Issue>& issues) {
   return "whole";
 }
 
-class Audit : public Verb {
+class Audit : public Subcommand {
 public:
   void describe(OptionTable& program) override {
-    verb_ = &program.addVerb("audit", "Look for damage in a drawing");
-    verb_->add("FILE", files_.in, "Drawing to read").required();
-    verb_->add("--fix", fix_, "Mend what is found");
-    verb_->add("-o,--output", files_.out, "Where the mended drawing is written");
-    verb_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
-    verb_->add("--json", json_, "Report as one JSON object");
+    optionTable_ = &program.addSubcommand("audit", "Look for damage in a drawing");
+    optionTable_->add("FILE", files_.in, "Drawing to read").required();
+    optionTable_->add("--fix", fix_, "Mend what is found");
+    optionTable_->add("-o,--output", files_.out, "Where the mended drawing is written");
+    optionTable_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    optionTable_->add("--json", json_, "Report as one JSON object");
   }
-  bool isChosen() const override { return verb_->isChosen(); }
+  bool isChosen() const override { return optionTable_->isChosen(); }
   void check() override {
     if (isChosen() && fix_ == files_.out.empty())
       throw Failure{Status::Usage, {MessageId::kFixNeedsOutput, {}}};
@@ -57,7 +57,7 @@ private:
       session.result(MessageId::kMoreIssues, {OdString::fromUtf8(files_.in), count(read_.suppressed())});
   }
 
-  OptionTable* verb_ = nullptr;
+  OptionTable* optionTable_ = nullptr;
   JobFiles files_;
   drawing::Report read_;
   std::vector<drawing::Issue> issues_; // of the reading, then of the audit
@@ -67,7 +67,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<Verb> auditVerb() {
+std::unique_ptr<Subcommand> auditSubcommand() {
   return std::make_unique<Audit>();
 }
 

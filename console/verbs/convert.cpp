@@ -4,19 +4,19 @@
 namespace console::verbs {
 namespace {
 
-class Convert : public Verb {
+class Convert : public Subcommand {
 public:
   void describe(OptionTable& program) override {
-    verb_ = &program.addVerb("convert", "Write a drawing in another version");
-    verb_->add("FILE", files_.in, "Drawing to read").required();
-    verb_->add("-o,--output", files_.out, "Drawing to write").required();
-    verb_->add("--as", version_, "Version: 12, 2000, 2004, 2007, 2010, 2013 or 2018 (that of FILE)");
-    verb_->add("--binary", binary_, "Write binary DXF");
-    verb_->add("--text", text_, "Write text DXF (without either: the form of FILE)").excludes("--binary");
-    verb_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
-    verb_->add("--json", json_, "Report as one JSON object");
+    optionTable_ = &program.addSubcommand("convert", "Write a drawing in another version");
+    optionTable_->add("FILE", files_.in, "Drawing to read").required();
+    optionTable_->add("-o,--output", files_.out, "Drawing to write").required();
+    optionTable_->add("--as", version_, "Version: 12, 2000, 2004, 2007, 2010, 2013 or 2018 (that of FILE)");
+    optionTable_->add("--binary", binary_, "Write binary DXF");
+    optionTable_->add("--text", text_, "Write text DXF (without either: the form of FILE)").excludes("--binary");
+    optionTable_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    optionTable_->add("--json", json_, "Report as one JSON object");
   }
-  bool isChosen() const override { return verb_->isChosen(); }
+  bool isChosen() const override { return optionTable_->isChosen(); }
   void check() override {
     files_.version = versionOption(version_);
     files_.form = binary_ ? drawing::WriteOptions::Binary
@@ -28,7 +28,7 @@ public:
   }
 
 private:
-  OptionTable* verb_ = nullptr;
+  OptionTable* optionTable_ = nullptr;
   JobFiles files_;
   std::string version_;
   bool binary_ = false;
@@ -38,7 +38,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<Verb> convertVerb() {
+std::unique_ptr<Subcommand> convertSubcommand() {
   return std::make_unique<Convert>();
 }
 

@@ -78,18 +78,19 @@ std::string dotOf(const std::vector<ReferenceNode>& nodes) {
   return text + "}\n";
 }
 
-class Graph : public Verb {
+class Graph : public Subcommand {
 public:
   void describe(OptionTable& program) override {
-    verb_ = &program.addVerb("graph", "Tell which references one leads to, and whether it may be edited in place");
-    verb_->add("FILE", files_.in, "Drawing to read").required();
-    verb_->add("--reference", handle_, "Handle of the block reference").required();
-    verb_->add("--json", json_, "Report as one JSON object");
-    verb_->add("--dot", dot_, "As a graph in the DOT language").excludes("--json");
-    verb_->add("--max-nodes", mostNodes_, "Refuse a tree of more references than this (100000)")
+    optionTable_ =
+        &program.addSubcommand("graph", "Tell which references one leads to, and whether it may be edited in place");
+    optionTable_->add("FILE", files_.in, "Drawing to read").required();
+    optionTable_->add("--reference", handle_, "Handle of the block reference").required();
+    optionTable_->add("--json", json_, "Report as one JSON object");
+    optionTable_->add("--dot", dot_, "As a graph in the DOT language").excludes("--json");
+    optionTable_->add("--max-nodes", mostNodes_, "Refuse a tree of more references than this (100000)")
         .between(1, 1'000'000'000);
   }
-  bool isChosen() const override { return verb_->isChosen(); }
+  bool isChosen() const override { return optionTable_->isChosen(); }
   void check() override {
     if (isChosen() && !parseHandle(handle_))
       refuseUsage(MessageId::kBadHandle, "--reference", handle_);
@@ -144,7 +145,7 @@ private:
       session.result(id, arguments);
   }
 
-  OptionTable* verb_ = nullptr;
+  OptionTable* optionTable_ = nullptr;
   JobFiles files_;
   std::string handle_;
   std::uint64_t mostNodes_ = 100'000;
@@ -155,7 +156,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<Verb> graphVerb() {
+std::unique_ptr<Subcommand> graphSubcommand() {
   return std::make_unique<Graph>();
 }
 

@@ -74,27 +74,27 @@ std::vector<std::string> listedFiles(const std::string& path) {
   return paths;
 }
 
-class Insert : public Verb {
+class Insert : public Subcommand {
 public:
   void describe(OptionTable& program) override {
-    verb_ = &program.addVerb("insert", "Insert a block, or drawing files as blocks");
-    verb_->add("FILE", files_.in, "Drawing to read").required();
-    verb_->add("-o,--output", files_.out, "Drawing to write");
-    OptionTable& source = verb_->addGroup("source", "What to insert", 1, 1);
+    optionTable_ = &program.addSubcommand("insert", "Insert a block, or drawing files as blocks");
+    optionTable_->add("FILE", files_.in, "Drawing to read").required();
+    optionTable_->add("-o,--output", files_.out, "Drawing to write");
+    OptionTable& source = optionTable_->addGroup("source", "What to insert", 1, 1);
     source.add("--block", typed_.block, "A block of the drawing");
     source.add("--file", typed_.file, "A drawing file");
     source.add("--file-list", typed_.list, "All drawing files of a list, a path in each line");
-    verb_->add("--name", typed_.name, "Name of the block that --file makes; else that of the file");
-    verb_->add("--on-clash", typed_.onClash, "When a block of that name is there (refuse; lists: rename)")
+    optionTable_->add("--name", typed_.name, "Name of the block that --file makes; else that of the file");
+    optionTable_->add("--on-clash", typed_.onClash, "When a block of that name is there (refuse; lists: rename)")
         .oneOf({"refuse", "keep", "replace", "rename"});
     describePlacement();
-    verb_->add("--attr", typed_.attributes, "TAG=VALUE, or TAG#2=VALUE for the second of that tag");
-    verb_->add("--defaults", answers_.takesDefaults, "Values that are not given are those of the definitions");
-    verb_->add("--dry-run", dry_, "Tell what would happen, and write nothing");
-    verb_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
-    verb_->add("--json", json_, "Report as one JSON object");
+    optionTable_->add("--attr", typed_.attributes, "TAG=VALUE, or TAG#2=VALUE for the second of that tag");
+    optionTable_->add("--defaults", answers_.takesDefaults, "Values that are not given are those of the definitions");
+    optionTable_->add("--dry-run", dry_, "Tell what would happen, and write nothing");
+    optionTable_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    optionTable_->add("--json", json_, "Report as one JSON object");
   }
-  bool isChosen() const override { return verb_->isChosen(); }
+  bool isChosen() const override { return optionTable_->isChosen(); }
   void check() override;
   Status run(const SessionOptions& settings) override {
     Job job{"insert", files_, json_, [this](Session& session, Json& results) { work(session, results); },
@@ -112,14 +112,14 @@ private:
   };
 
   void describePlacement() {
-    verb_->add("--at", typed_.at, "Insertion point X,Y[,Z] (0,0)");
-    verb_->add("--scale", typed_.scale, "S, or SX,SY,SZ (1)");
-    verb_->add("--rotate", typed_.rotate, "Degrees about the z axis (0)");
-    verb_->add("--rows", placement_.rows, "Rows (1)").between(1, 32767);
-    verb_->add("--columns", placement_.columns, "Columns (1)").between(1, 32767);
-    verb_->add("--row-spacing", typed_.rowSpacing, "From row to row (0)");
-    verb_->add("--column-spacing", typed_.columnSpacing, "From column to column (0)");
-    verb_->add("--grid", typed_.grid, "COLUMNS,DX,DY: where the files of a list go, row by row from --at");
+    optionTable_->add("--at", typed_.at, "Insertion point X,Y[,Z] (0,0)");
+    optionTable_->add("--scale", typed_.scale, "S, or SX,SY,SZ (1)");
+    optionTable_->add("--rotate", typed_.rotate, "Degrees about the z axis (0)");
+    optionTable_->add("--rows", placement_.rows, "Rows (1)").between(1, 32767);
+    optionTable_->add("--columns", placement_.columns, "Columns (1)").between(1, 32767);
+    optionTable_->add("--row-spacing", typed_.rowSpacing, "From row to row (0)");
+    optionTable_->add("--column-spacing", typed_.columnSpacing, "From column to column (0)");
+    optionTable_->add("--grid", typed_.grid, "COLUMNS,DX,DY: where the files of a list go, row by row from --at");
   }
 
   void checkPlacement();
@@ -131,7 +131,7 @@ private:
   void printSummary(Session& session) const;
   static Json jsonOf(const Done& done);
 
-  OptionTable* verb_ = nullptr;
+  OptionTable* optionTable_ = nullptr;
   JobFiles files_;
   TypedInsertion typed_;
   Placement placement_;
@@ -291,7 +291,7 @@ void Insert::printSummary(Session& session) const {
 
 } // namespace
 
-std::unique_ptr<Verb> insertVerb() {
+std::unique_ptr<Subcommand> insertSubcommand() {
   return std::make_unique<Insert>();
 }
 

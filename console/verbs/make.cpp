@@ -40,21 +40,21 @@ Json handleOrNull(OdDbObjectId id) {
   return id.isNull() ? Json() : Json(id.getHandle().ascii());
 }
 
-class Make : public Verb {
+class Make : public Subcommand {
 public:
   void describe(OptionTable& program) override {
-    verb_ = &program.addVerb("make", "Make a block of objects in a drawing");
-    verb_->add("FILE", files_.in, "Drawing to read").required();
-    verb_->add("-o,--output", files_.out, "Drawing to write").required();
-    verb_->add("--name", typed_.name, "Name of the block").required();
-    verb_->add("--base", typed_.base, "Base point X,Y[,Z]").required();
-    verb_->add("--ucs", typed_.ucs, "Coordinate system of the block: origin/X axis/Y axis, each X,Y,Z");
-    selectors_.describe(*verb_);
+    optionTable_ = &program.addSubcommand("make", "Make a block of objects in a drawing");
+    optionTable_->add("FILE", files_.in, "Drawing to read").required();
+    optionTable_->add("-o,--output", files_.out, "Drawing to write").required();
+    optionTable_->add("--name", typed_.name, "Name of the block").required();
+    optionTable_->add("--base", typed_.base, "Base point X,Y[,Z]").required();
+    optionTable_->add("--ucs", typed_.ucs, "Coordinate system of the block: origin/X axis/Y axis, each X,Y,Z");
+    selectors_.describe(*optionTable_);
     describeOutcome();
-    verb_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
-    verb_->add("--json", json_, "Report as one JSON object");
+    optionTable_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    optionTable_->add("--json", json_, "Report as one JSON object");
   }
-  bool isChosen() const override { return verb_->isChosen(); }
+  bool isChosen() const override { return optionTable_->isChosen(); }
   void check() override;
   Status run(const SessionOptions& settings) override {
     return runJob(settings, {"make", files_, json_, [this](Session& session, Json& results) { make(session, results); },
@@ -63,21 +63,22 @@ public:
 
 private:
   void describeOutcome() {
-    OptionTable& outcome = verb_->addGroup("objects", "What becomes of the objects", 0, 1);
+    OptionTable& outcome = optionTable_->addGroup("objects", "What becomes of the objects", 0, 1);
     outcome.add("--keep", keep_, "They stay");
     outcome.add("--convert", convert_, "A reference takes their place (the default)");
     outcome.add("--delete", delete_, "They are erased");
-    verb_->add("--redefine", request_.redefine, "Replace the block when it is defined");
-    verb_->add("--description", typed_.description, "Description of the block");
-    verb_->add("--annotative", request_.annotative, "The block follows the annotation scale");
-    verb_->add("--match-orientation", request_.matchOrientation, "Its references follow the layout's orientation");
-    verb_->add("--uniform", request_.scalesUniformly, "It is scaled uniformly only");
-    verb_->add("!--no-explode", request_.explodable, "It cannot be exploded");
-    verb_->add("--units", typed_.units, "Its units: mm, cm, m, in, ft ... or a code from 0 to 24");
+    optionTable_->add("--redefine", request_.redefine, "Replace the block when it is defined");
+    optionTable_->add("--description", typed_.description, "Description of the block");
+    optionTable_->add("--annotative", request_.annotative, "The block follows the annotation scale");
+    optionTable_->add("--match-orientation", request_.matchOrientation,
+                      "Its references follow the layout's orientation");
+    optionTable_->add("--uniform", request_.scalesUniformly, "It is scaled uniformly only");
+    optionTable_->add("!--no-explode", request_.explodable, "It cannot be exploded");
+    optionTable_->add("--units", typed_.units, "Its units: mm, cm, m, in, ft ... or a code from 0 to 24");
   }
   void make(Session& session, Json& results);
 
-  OptionTable* verb_ = nullptr;
+  OptionTable* optionTable_ = nullptr;
   JobFiles files_;
   TypedBlock typed_;
   BlockRequest request_;
@@ -130,7 +131,7 @@ void Make::make(Session& session, Json& results) {
 
 } // namespace
 
-std::unique_ptr<Verb> makeVerb() {
+std::unique_ptr<Subcommand> makeSubcommand() {
   return std::make_unique<Make>();
 }
 

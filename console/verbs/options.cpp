@@ -14,8 +14,8 @@ OptionTable& OptionTable::addGroup(std::string name, std::string help, std::size
   return group;
 }
 
-OptionTable& OptionTable::addVerb(std::string name, std::string help) {
-  return verbs_.emplace_back(std::move(name), std::move(help));
+OptionTable& OptionTable::addSubcommand(std::string name, std::string help) {
+  return subcommands_.emplace_back(std::move(name), std::move(help));
 }
 
 bool OptionTable::isGiven(const std::string& name) const {
@@ -30,20 +30,20 @@ public:
     if (!program.version_.empty())
       app_.set_version_flag("--version", program.version_);
     app_.require_subcommand(0, 1);
-    for (OptionTable& verb : program.verbs_) {
-      CLI::App& parser = *app_.add_subcommand(verb.name_, verb.help_);
-      describe(parser, verb);
+    for (OptionTable& subcommand : program.subcommands_) {
+      CLI::App& parser = *app_.add_subcommand(subcommand.name_, subcommand.help_);
+      describe(parser, subcommand);
       parser.fallthrough();
-      parser.footer(program.verbFooter_);
+      parser.footer(program.subcommandFooter_);
     }
   }
 
   void parse(std::vector<std::string> arguments) {
     std::reverse(arguments.begin(), arguments.end()); // as the parser takes them
     app_.parse(arguments);
-    for (OptionTable& verb : program_.verbs_)
-      recordGiven(*app_.get_subcommand(verb.name_), verb);
-    refuseWithoutVerb();
+    for (OptionTable& subcommand : program_.subcommands_)
+      recordGiven(*app_.get_subcommand(subcommand.name_), subcommand);
+    refuseWithoutSubcommand();
   }
 
   std::string helpText(const CLI::Success& success) const {
@@ -105,20 +105,20 @@ private:
     return name.substr(name.starts_with('!') ? 1 : 0);
   }
 
-  static void recordGiven(const CLI::App& parser, OptionTable& verb) {
-    verb.isChosen_ = parser.parsed();
-    for (const Option& option : verb.options_) {
+  static void recordGiven(const CLI::App& parser, OptionTable& subcommand) {
+    subcommand.isChosen_ = parser.parsed();
+    for (const Option& option : subcommand.options_) {
       if (parser.count(firstName(option)) > 0)
-        verb.given_.push_back(firstName(option));
+        subcommand.given_.push_back(firstName(option));
     }
   }
 
   // A verb names its own file; what is left over falls through to the program's own.
-  void refuseWithoutVerb() const {
+  void refuseWithoutSubcommand() const {
     if (app_.get_subcommands().empty())
       return;
     for (const Option& option : program_.options_) {
-      if (option.isWithoutVerb && !std::get<std::string*>(option.value)->empty())
+      if (option.isWithoutSubcommand && !std::get<std::string*>(option.value)->empty())
         throw CLI::ExtrasError({*std::get<std::string*>(option.value)});
     }
   }

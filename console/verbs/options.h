@@ -21,13 +21,13 @@ struct Option {
   Option& needs(std::string other) { return needed.push_back(std::move(other)), *this; }
   Option& oneOf(std::vector<std::string> words) { return allowed = std::move(words), *this; }
   Option& between(std::uint64_t low, std::uint64_t high) { return least = low, most = high, *this; } // numbers only
-  Option& withoutVerb() { return isWithoutVerb = true, *this; }                                      // texts only
+  Option& withoutSubcommand() { return isWithoutSubcommand = true, *this; }                          // texts only
 
   std::string names;
   Value value; // keeps what it has while the option is not given
   std::string help;
   bool isRequired = false;
-  bool isWithoutVerb = false;                          // refused beside a verb
+  bool isWithoutSubcommand = false;                    // refused beside a verb
   std::vector<std::string> excluded = {}, needed = {}; // by one name each
   std::vector<std::string> allowed = {};               // empty: all
   std::uint64_t least = 0, most = 0;                   // most 0: any
@@ -44,9 +44,9 @@ public:
   }
   // Options of which so many are to be given.
   OptionTable& addGroup(std::string name, std::string help, std::size_t least, std::size_t most);
-  OptionTable& addVerb(std::string name, std::string help);
-  void setVersion(std::string text) { version_ = std::move(text); }       // printed by --version
-  void setVerbFooter(std::string text) { verbFooter_ = std::move(text); } // ends the help of every verb
+  OptionTable& addSubcommand(std::string name, std::string help);
+  void setVersion(std::string text) { version_ = std::move(text); }                   // printed by --version
+  void setSubcommandFooter(std::string text) { subcommandFooter_ = std::move(text); } // ends the help of every verb
 
   bool isChosen() const { return isChosen_; } // the verb was named
   bool isGiven(const std::string& name) const;
@@ -54,9 +54,9 @@ public:
 private:
   friend class CommandLine;
 
-  std::string name_, help_, version_, verbFooter_;
+  std::string name_, help_, version_, subcommandFooter_;
   std::deque<Option> options_; // references to them stay valid
-  std::deque<OptionTable> groups_, verbs_;
+  std::deque<OptionTable> groups_, subcommands_;
   std::size_t least_ = 0, most_ = 0;
   std::vector<std::string> given_;
   bool isChosen_ = false;

@@ -44,23 +44,23 @@ OdString reasonText(const std::string& name) {
   return asText(name);
 }
 
-class Preview : public Verb {
+class Preview : public Subcommand {
 public:
   void describe(OptionTable& program) override {
-    verb_ = &program.addVerb("preview", "Draw a picture of a drawing or of a block");
-    verb_->add("FILE", in_, "Drawing to read").required();
-    verb_->add("-o,--output", out_, "Picture to write: .png or .svg").required();
-    verb_->add("--block", block_, "The definition of this name in place of the space");
-    verb_->add("--layout", layout_, "The sheet of this name; Model is model space (what FILE shows)")
+    optionTable_ = &program.addSubcommand("preview", "Draw a picture of a drawing or of a block");
+    optionTable_->add("FILE", in_, "Drawing to read").required();
+    optionTable_->add("-o,--output", out_, "Picture to write: .png or .svg").required();
+    optionTable_->add("--block", block_, "The definition of this name in place of the space");
+    optionTable_->add("--layout", layout_, "The sheet of this name; Model is model space (what FILE shows)")
         .excludes("--block");
-    verb_->add("--png", png_, "Write PNG, whatever the name of the picture");
-    verb_->add("--svg", svg_, "Write SVG, whatever the name of the picture").excludes("--png");
-    verb_->add("--size", size_, "Pixels, WxH (480x320)");
-    verb_->add("--background", background_, "white, black, none or RRGGBB (white)");
-    verb_->add("--force", force_, "Replace a picture that exists");
-    verb_->add("--json", json_, "Report as one JSON object");
+    optionTable_->add("--png", png_, "Write PNG, whatever the name of the picture");
+    optionTable_->add("--svg", svg_, "Write SVG, whatever the name of the picture").excludes("--png");
+    optionTable_->add("--size", size_, "Pixels, WxH (480x320)");
+    optionTable_->add("--background", background_, "white, black, none or RRGGBB (white)");
+    optionTable_->add("--force", force_, "Replace a picture that exists");
+    optionTable_->add("--json", json_, "Report as one JSON object");
   }
-  bool isChosen() const override { return verb_->isChosen(); }
+  bool isChosen() const override { return optionTable_->isChosen(); }
   void check() override {
     if (!isChosen())
       return;
@@ -138,7 +138,7 @@ private:
       session.print(MessageId::kPictureLimit);
   }
 
-  OptionTable* verb_ = nullptr;
+  OptionTable* optionTable_ = nullptr;
   std::string in_, out_, block_, layout_, size_, background_;
   bool png_ = false, svg_ = false, force_ = false, json_ = false;
   bool isSvg_ = false;
@@ -148,7 +148,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<Verb> previewVerb() {
+std::unique_ptr<Subcommand> previewSubcommand() {
   return std::make_unique<Preview>();
 }
 

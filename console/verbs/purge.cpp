@@ -24,20 +24,20 @@ const char* statusName(drawing::PurgePlan::Status status) {
   return kNames[static_cast<std::size_t>(status)];
 }
 
-class Purge : public Verb {
+class Purge : public Subcommand {
 public:
   void describe(OptionTable& program) override {
-    verb_ = &program.addVerb("purge", "Remove what nothing in a drawing uses");
-    verb_->add("FILE", files_.in, "Drawing to read").required();
-    verb_->add("-o,--output", files_.out, "Drawing to write");
-    verb_->add("--kind", kinds_, "Only things of this kind: block, layer, \"line type\" ... (all)")
+    optionTable_ = &program.addSubcommand("purge", "Remove what nothing in a drawing uses");
+    optionTable_->add("FILE", files_.in, "Drawing to read").required();
+    optionTable_->add("-o,--output", files_.out, "Drawing to write");
+    optionTable_->add("--kind", kinds_, "Only things of this kind: block, layer, \"line type\" ... (all)")
         .oneOf(purgeKindNames());
-    verb_->add("--dry-run", dry_, "Tell what could go, and write nothing");
-    verb_->add("--why", why_, "Tell why the others stay");
-    verb_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
-    verb_->add("--json", json_, "Report as one JSON object");
+    optionTable_->add("--dry-run", dry_, "Tell what could go, and write nothing");
+    optionTable_->add("--why", why_, "Tell why the others stay");
+    optionTable_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    optionTable_->add("--json", json_, "Report as one JSON object");
   }
-  bool isChosen() const override { return verb_->isChosen(); }
+  bool isChosen() const override { return optionTable_->isChosen(); }
   void check() override {
     if (isChosen() && dry_)
       files_.out.clear();
@@ -84,7 +84,7 @@ private:
       session.print(MessageId::kPurgeCount, {count(purged_.size())});
   }
 
-  OptionTable* verb_ = nullptr;
+  OptionTable* optionTable_ = nullptr;
   JobFiles files_;
   std::vector<std::string> kinds_;
   std::vector<NamedObject> purged_;
@@ -95,7 +95,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<Verb> purgeVerb() {
+std::unique_ptr<Subcommand> purgeSubcommand() {
   return std::make_unique<Purge>();
 }
 

@@ -12,18 +12,18 @@ struct Wish {
   OdString from, to;
 };
 
-class Rename : public Verb {
+class Rename : public Subcommand {
 public:
   void describe(OptionTable& program) override {
-    verb_ = &program.addVerb("rename", "Rename blocks, layers and styles of a drawing");
-    verb_->add("FILE", files_.in, "Drawing to read").required();
-    verb_->add("-o,--output", files_.out, "Drawing to write").required();
+    optionTable_ = &program.addSubcommand("rename", "Rename blocks, layers and styles of a drawing");
+    optionTable_->add("FILE", files_.in, "Drawing to read").required();
+    optionTable_->add("-o,--output", files_.out, "Drawing to write").required();
     for (Option& option : options_)
-      verb_->add(option.name, option.values, option.help);
-    verb_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
-    verb_->add("--json", json_, "Report as one JSON object");
+      optionTable_->add(option.name, option.values, option.help);
+    optionTable_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
+    optionTable_->add("--json", json_, "Report as one JSON object");
   }
-  bool isChosen() const override { return verb_->isChosen(); }
+  bool isChosen() const override { return optionTable_->isChosen(); }
   void check() override {
     if (!isChosen())
       return;
@@ -72,7 +72,7 @@ private:
       session.print(MessageId::kRenamed, {OdString::fromUtf8(renameKindName(wish.kind)), wish.from, wish.to});
   }
 
-  OptionTable* verb_ = nullptr;
+  OptionTable* optionTable_ = nullptr;
   JobFiles files_;
   std::array<Option, 5> options_ = {{{"--block", OdDb::kBlockTable, "OLD=NEW of a block", {}},
                                      {"--layer", OdDb::kLayerTable, "OLD=NEW of a layer", {}},
@@ -85,7 +85,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<Verb> renameVerb() {
+std::unique_ptr<Subcommand> renameSubcommand() {
   return std::make_unique<Rename>();
 }
 

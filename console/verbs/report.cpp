@@ -8,25 +8,25 @@
 namespace console::verbs {
 namespace {
 
-class Report : public Verb {
+class Report : public Subcommand {
 public:
   void describe(OptionTable& program) override {
-    verb_ = &program.addVerb("report", "Tell what a drawing holds: its blocks, how often they are shown");
-    verb_->add("FILE", file_, "Drawing to read").required();
-    verb_->add("--json", json_, "As one JSON object");
-    verb_->add("--all", all_, "Spaces, anonymous blocks and those of external references as well");
-    verb_->add("--dialog", dialog_, "The named blocks as the JSON list of dialogs")
+    optionTable_ = &program.addSubcommand("report", "Tell what a drawing holds: its blocks, how often they are shown");
+    optionTable_->add("FILE", file_, "Drawing to read").required();
+    optionTable_->add("--json", json_, "As one JSON object");
+    optionTable_->add("--all", all_, "Spaces, anonymous blocks and those of external references as well");
+    optionTable_->add("--dialog", dialog_, "The named blocks as the JSON list of dialogs")
         .excludes("--json")
         .excludes("--all");
   }
-  bool isChosen() const override { return verb_->isChosen(); }
+  bool isChosen() const override { return optionTable_->isChosen(); }
   void check() override {}
   Status run(const SessionOptions& settings) override;
 
 private:
   void printJson(Session& session, const std::optional<report::DrawingReport>& made) const;
 
-  OptionTable* verb_ = nullptr;
+  OptionTable* optionTable_ = nullptr;
   std::string file_;
   bool json_ = false;
   bool all_ = false;
@@ -60,7 +60,7 @@ void Report::printJson(Session& session, const std::optional<report::DrawingRepo
 
 } // namespace
 
-std::unique_ptr<Verb> reportVerb() {
+std::unique_ptr<Subcommand> reportSubcommand() {
   return std::make_unique<Report>();
 }
 

@@ -5,11 +5,11 @@
 
 namespace console::verbs {
 
-void SelectorOptions::describe(OptionTable& verb) {
-  verb.add("--select", select_, "all: every object of model space").oneOf({"all"});
-  verb.add("--layer", layers_, "Objects on this layer");
-  verb.add("--type", types_, "Objects of this type, such as LINE");
-  verb.add("--handle", handles_, "The object with this handle");
+void SelectorOptions::describe(OptionTable& subcommand) {
+  subcommand.add("--select", select_, "all: every object of model space").oneOf({"all"});
+  subcommand.add("--layer", layers_, "Objects on this layer");
+  subcommand.add("--type", types_, "Objects of this type, such as LINE");
+  subcommand.add("--handle", handles_, "The object with this handle");
 }
 
 void SelectorOptions::check() const {

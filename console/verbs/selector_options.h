@@ -11,7 +11,7 @@ namespace console::verbs {
 
 class SelectorOptions {
 public:
-  void describe(OptionTable& verb);
+  void describe(OptionTable& subcommand);
   void check() const; // throws the usage Failure for what is no handle
   bool areGiven() const;
   std::vector<Selector> selectors() const;

@@ -4,22 +4,22 @@
 
 namespace console::verbs {
 
-Verb::~Verb() = default;
+Subcommand::~Subcommand() = default;
 
-std::vector<std::unique_ptr<Verb>> allVerbs() {
-  std::vector<std::unique_ptr<Verb>> verbs;
-  verbs.push_back(makeVerb());
-  verbs.push_back(convertVerb());
-  verbs.push_back(reportVerb());
-  verbs.push_back(auditVerb());
-  verbs.push_back(purgeVerb());
-  verbs.push_back(renameVerb());
-  verbs.push_back(insertVerb());
-  verbs.push_back(attributesVerb());
-  verbs.push_back(previewVerb());
-  verbs.push_back(graphVerb());
-  verbs.push_back(wblockVerb());
-  return verbs;
+std::vector<std::unique_ptr<Subcommand>> allSubcommands() {
+  std::vector<std::unique_ptr<Subcommand>> subcommands;
+  subcommands.push_back(makeSubcommand());
+  subcommands.push_back(convertSubcommand());
+  subcommands.push_back(reportSubcommand());
+  subcommands.push_back(auditSubcommand());
+  subcommands.push_back(purgeSubcommand());
+  subcommands.push_back(renameSubcommand());
+  subcommands.push_back(insertSubcommand());
+  subcommands.push_back(attributesSubcommand());
+  subcommands.push_back(previewSubcommand());
+  subcommands.push_back(graphSubcommand());
+  subcommands.push_back(wblockSubcommand());
+  return subcommands;
 }
 
 void refuseUsage(MessageId id, const char* option, const std::string& value) {

@@ -10,27 +10,27 @@
 
 namespace console::verbs {
 
-class Verb {
+class Subcommand {
 public:
-  virtual ~Verb();
+  virtual ~Subcommand();
   virtual void describe(OptionTable& program) = 0;
   virtual bool isChosen() const = 0;
   virtual void check() = 0; // throws the usage Failure for options that cannot be
   virtual Status run(const SessionOptions& settings) = 0;
 };
 
-std::unique_ptr<Verb> makeVerb();       // morvane make
-std::unique_ptr<Verb> convertVerb();    // morvane convert
-std::unique_ptr<Verb> reportVerb();     // morvane report
-std::unique_ptr<Verb> auditVerb();      // morvane audit
-std::unique_ptr<Verb> purgeVerb();      // morvane purge
-std::unique_ptr<Verb> renameVerb();     // morvane rename
-std::unique_ptr<Verb> insertVerb();     // morvane insert
-std::unique_ptr<Verb> attributesVerb(); // morvane attributes
-std::unique_ptr<Verb> previewVerb();    // morvane preview
-std::unique_ptr<Verb> graphVerb();      // morvane graph
-std::unique_ptr<Verb> wblockVerb();     // morvane wblock
-std::vector<std::unique_ptr<Verb>> allVerbs();
+std::unique_ptr<Subcommand> makeSubcommand();       // morvane make
+std::unique_ptr<Subcommand> convertSubcommand();    // morvane convert
+std::unique_ptr<Subcommand> reportSubcommand();     // morvane report
+std::unique_ptr<Subcommand> auditSubcommand();      // morvane audit
+std::unique_ptr<Subcommand> purgeSubcommand();      // morvane purge
+std::unique_ptr<Subcommand> renameSubcommand();     // morvane rename
+std::unique_ptr<Subcommand> insertSubcommand();     // morvane insert
+std::unique_ptr<Subcommand> attributesSubcommand(); // morvane attributes
+std::unique_ptr<Subcommand> previewSubcommand();    // morvane preview
+std::unique_ptr<Subcommand> graphSubcommand();      // morvane graph
+std::unique_ptr<Subcommand> wblockSubcommand();     // morvane wblock
+std::vector<std::unique_ptr<Subcommand>> allSubcommands();
 
 [[noreturn]] void refuseUsage(MessageId id, const char* option, const std::string& value);
 OdDb::DwgVersion versionOption(const std::string& value); // of --as; empty: unknown

@@ -9,21 +9,21 @@
 namespace console::verbs {
 namespace {
 
-class Wblock : public Verb {
+class Wblock : public Subcommand {
 public:
   void describe(OptionTable& program) override {
-    verb_ = &program.addVerb("wblock", "Write a block, objects or the whole drawing to a file of its own");
-    verb_->add("FILE", in_, "Drawing to read").required();
+    optionTable_ = &program.addSubcommand("wblock", "Write a block, objects or the whole drawing to a file of its own");
+    optionTable_->add("FILE", in_, "Drawing to read").required();
     describeSource();
-    verb_->add("-o,--output", out_, "File to write; without an ending it gets .dxf");
-    verb_->add("--base", base_, "Base point X,Y[,Z] (the block's own; 0,0 for objects; that of FILE)");
-    verb_->add("--units", units_, "Its units: mm, cm, m, in, ft ... or a code from 0 to 24 (as they are)");
-    verb_->add("--as", version_, "Version: 12, 2000, 2004, 2007, 2010, 2013 or 2018 (that of FILE)");
-    verb_->add("--binary", binary_, "Write binary DXF");
-    verb_->add("--force", force_, "Replace files that exist");
-    verb_->add("--json", json_, "Report as one JSON object");
+    optionTable_->add("-o,--output", out_, "File to write; without an ending it gets .dxf");
+    optionTable_->add("--base", base_, "Base point X,Y[,Z] (the block's own; 0,0 for objects; that of FILE)");
+    optionTable_->add("--units", units_, "Its units: mm, cm, m, in, ft ... or a code from 0 to 24 (as they are)");
+    optionTable_->add("--as", version_, "Version: 12, 2000, 2004, 2007, 2010, 2013 or 2018 (that of FILE)");
+    optionTable_->add("--binary", binary_, "Write binary DXF");
+    optionTable_->add("--force", force_, "Replace files that exist");
+    optionTable_->add("--json", json_, "Report as one JSON object");
   }
-  bool isChosen() const override { return verb_->isChosen(); }
+  bool isChosen() const override { return optionTable_->isChosen(); }
   void check() override;
   Status run(const SessionOptions& settings) override {
     JobFiles files;
@@ -36,12 +36,12 @@ public:
 
 private:
   void describeSource() {
-    verb_->add("--block", block_, "The definition of this name");
-    selectors_.describe(*verb_);
-    verb_->add("--all", all_, "The whole drawing, less what nothing uses");
-    verb_->add("--every-block", folder_, "Every definition, each to a file and with a picture in this folder");
-    verb_->add("!--no-anonymous", withAnonymous_, "Leave anonymous definitions out").needs("--every-block");
-    verb_->add("!--no-previews", withPreviews_, "No pictures").needs("--every-block");
+    optionTable_->add("--block", block_, "The definition of this name");
+    selectors_.describe(*optionTable_);
+    optionTable_->add("--all", all_, "The whole drawing, less what nothing uses");
+    optionTable_->add("--every-block", folder_, "Every definition, each to a file and with a picture in this folder");
+    optionTable_->add("!--no-anonymous", withAnonymous_, "Leave anonymous definitions out").needs("--every-block");
+    optionTable_->add("!--no-previews", withPreviews_, "No pictures").needs("--every-block");
   }
   bool isLibrary() const { return !folder_.empty(); }
   void checkTarget(Session& session);
@@ -50,7 +50,7 @@ private:
   Json writeOne(Session& session);
   void printSummary(Session& session) const;
 
-  OptionTable* verb_ = nullptr;
+  OptionTable* optionTable_ = nullptr;
   std::string in_, out_, block_, folder_, base_, units_, version_;
   SelectorOptions selectors_;
   BlockFileRequest request_;
@@ -63,8 +63,8 @@ private:
 void Wblock::check() {
   if (!isChosen())
     return;
-  const int sources =
-      (verb_->isGiven("--block") ? 1 : 0) + (selectors_.areGiven() ? 1 : 0) + (all_ ? 1 : 0) + (isLibrary() ? 1 : 0);
+  const int sources = (optionTable_->isGiven("--block") ? 1 : 0) + (selectors_.areGiven() ? 1 : 0) + (all_ ? 1 : 0) +
+                      (isLibrary() ? 1 : 0);
   if (sources != 1)
     throw Failure{Status::Usage, {MessageId::kOneSource, {}}};
   if (isLibrary() ? !out_.empty() || !base_.empty() : out_.empty())
@@ -143,7 +143,7 @@ void Wblock::printSummary(Session& session) const {
 
 } // namespace
 
-std::unique_ptr<Verb> wblockVerb() {
+std::unique_ptr<Subcommand> wblockSubcommand() {
   return std::make_unique<Wblock>();
 }
 

@@ -21,9 +21,9 @@ using namespace tests;
 using Json = nlohmann::json;
 
 // plan.dxf: definitions, one in another, a reference, three texts, an external reference.
-class WblockVerb : public testing::Test {
+class WblockSubcommand : public testing::Test {
 protected:
-  WblockVerb() {
+  WblockSubcommand() {
     const OdDbObjectId leaf = addBlock(*plan_, L"leaf"), door = addBlock(*plan_, L"door");
     addText(*plan_, L"hinge", leaf);
     addReference(*plan_, leaf, door);
@@ -49,7 +49,7 @@ protected:
   const Scratch scratch_;
 };
 
-TEST_F(WblockVerb, WritesOneSourceToOneFile) {
+TEST_F(WblockSubcommand, WritesOneSourceToOneFile) {
   const struct {
     const char* options;
     int status;
@@ -95,7 +95,7 @@ TEST_F(WblockVerb, WritesOneSourceToOneFile) {
   }
 }
 
-TEST_F(WblockVerb, WritesEveryBlockOrNothing) {
+TEST_F(WblockSubcommand, WritesEveryBlockOrNothing) {
   run("--every-block $O/b", 0);
   const Json manifest = Json::parse(readFile(path("b/manifest.json")));
   std::vector<std::string> files;
