@@ -53,7 +53,7 @@ public:
         fieldText_(definition.textString()) {}
 
   // False when the user cancelled.
-  bool ask() {
+  bool run() {
     OdString value;
     if (!read(first(), value))
       return false;
@@ -139,8 +139,8 @@ void appendAll(OdDbBlockReference& reference, const OdDbObjectIdArray& definitio
   }
 }
 
-bool askForAll(const OdDbBlockReference& reference, const OdDbObjectIdArray& definitions,
-               const OdDbObjectIdArray& attributes) {
+bool promptForAll(const OdDbBlockReference& reference, const OdDbObjectIdArray& definitions,
+                  const OdDbObjectIdArray& attributes) {
   bool headerPending = true;
   for (OdDbObjectIdArray::size_type i = 0; i < definitions.size(); ++i) {
     const OdDbObjectId attributeId = attributes[i];
@@ -151,13 +151,13 @@ bool askForAll(const OdDbBlockReference& reference, const OdDbObjectIdArray& def
     const OdDbAttributePtr attribute = attributeId.safeOpenObject(OdDb::kForWrite);
     if (attribute.isNull())
       continue;
-    const bool isAsked = !definition->isConstant() && !definition->isPreset();
-    if (isAsked && headerPending)
+    const bool needsPrompt = !definition->isConstant() && !definition->isPreset();
+    if (needsPrompt && headerPending)
       mvsi::mvsiedPrompt(L"\n输入属性值\n");
     const bool keptByField = isKeptByField(reference, *definition);
-    if (!isAsked)
+    if (!needsPrompt)
       continue;
-    if (!Question(*definition, *attribute, keptByField).ask())
+    if (!Question(*definition, *attribute, keptByField).run())
       return false;
     headerPending = false;
   }
@@ -182,7 +182,7 @@ bool processAttributesForInsert(OdSmartPtr<OdDbBlockReference> pRef, bool useDef
   if (useDefaults)
     return addDefaultAttributeToBlk(pRef);
   if (definitions.size() == attributes.size())
-    return askForAll(*pRef, definitions, attributes);
+    return promptForAll(*pRef, definitions, attributes);
   appendAll(*pRef, definitions);
   return true;
 }

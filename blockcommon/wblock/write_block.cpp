@@ -35,7 +35,7 @@ FormatRow rowOf(int format) {
 }
 
 // `keyword` is the global name of the answer, or the text itself when it is none.
-int askToReplace(const OdString& prompt, OdString& keyword) {
+int promptToReplace(const OdString& prompt, OdString& keyword) {
   constexpr int kAnyText = 128;
   constexpr int kUnchecked = 8;
   std::array<wchar_t, 4096> buffer{};
@@ -102,7 +102,7 @@ int doSelectByUse(OdString fileName, OdString filePath) {
   prompt.format(L"\n%s已经存在，是否覆盖？[是(Y)/否(N)] <N>: ", fileName.c_str());
   for (;;) {
     OdString keyword;
-    const int status = askToReplace(prompt, keyword);
+    const int status = promptToReplace(prompt, keyword);
     if (status == RTCAN || status == RTNONE)
       return status;
     if (keyword.iCompare(L"No") == 0)

@@ -22,7 +22,7 @@ std::vector<OdDbObjectId> definitionsIn(OdDbObjectId block) {
 }
 
 // Which of the definitions have been answered beforehand.
-std::set<OdDbObjectId> answered(OdDbObjectId block, const AttributeAnswers& answers) {
+std::set<OdDbObjectId> presetDefinitions(OdDbObjectId block, const AttributeAnswers& answers) {
   const std::vector<OdDbObjectId> definitions = definitionsIn(block);
   TagIndex places;
   for (const OdDbObjectId id : definitions)
@@ -36,9 +36,9 @@ std::set<OdDbObjectId> answered(OdDbObjectId block, const AttributeAnswers& answ
 }
 
 // Definitions that are preset are not asked for; for its lifetime these are.
-class NotAsked {
+class PresetScope {
 public:
-  explicit NotAsked(const std::set<OdDbObjectId>& definitions) {
+  explicit PresetScope(const std::set<OdDbObjectId>& definitions) {
     for (const OdDbObjectId id : definitions) {
       const OdDbAttributeDefinitionPtr definition = id.safeOpenObject(OdDb::kForWrite);
       if (definition.isNull() || definition->isPreset())
@@ -47,12 +47,12 @@ public:
       changed_.push_back(id);
     }
   }
-  ~NotAsked() {
+  ~PresetScope() {
     for (const OdDbObjectId id : changed_)
       OdDbAttributeDefinitionPtr(id.safeOpenObject(OdDb::kForWrite))->setPreset(false);
   }
-  NotAsked(const NotAsked&) = delete;
-  NotAsked& operator=(const NotAsked&) = delete;
+  PresetScope(const PresetScope&) = delete;
+  PresetScope& operator=(const PresetScope&) = delete;
 
 private:
   std::vector<OdDbObjectId> changed_;
@@ -80,7 +80,7 @@ void setGiven(OdDbBlockReference& reference, const AttributeAnswers& answers) {
 
 std::vector<OdString> questionsOf(OdDbObjectId block, const AttributeAnswers& answers) {
   std::vector<OdString> questions;
-  const std::set<OdDbObjectId> known = answered(block, answers);
+  const std::set<OdDbObjectId> known = presetDefinitions(block, answers);
   for (const OdDbObjectId id : answers.takesDefaults ? std::vector<OdDbObjectId>() : definitionsIn(block)) {
     const OdDbAttributeDefinitionPtr definition = id.safeOpenObject();
     if (!definition->isPreset() && known.count(id) == 0)
@@ -89,17 +89,17 @@ std::vector<OdString> questionsOf(OdDbObjectId block, const AttributeAnswers& an
   return questions;
 }
 
-void giveAttributes(Session& session, const OdDbBlockReferencePtr& reference, const AttributeAnswers& answers) {
+void fillAttributes(Session& session, const OdDbBlockReferencePtr& reference, const AttributeAnswers& answers) {
   const OdDbObjectId block = reference->blockTableRecord();
   const std::vector<OdString> questions = questionsOf(block, answers);
-  if (!questions.empty() && !session.mayAsk())
+  if (!questions.empty() && !session.isInteractive())
     refuse(MessageId::kAttributesNeeded, {nameList(questions)});
   if (!insertCommon::processAttributesForInsert(reference, true))
     throw OdError(eInvalidInput);
   setGiven(*reference, answers);
   if (questions.empty())
     return;
-  const NotAsked unasked(answered(block, answers));
+  const PresetScope preset(presetDefinitions(block, answers));
   if (!insertCommon::processAttributesForInsert(reference, false))
     cancel();
 }

@@ -17,7 +17,7 @@ struct AttributeAnswers {
 
 // Makes the attributes, gives them the values, and asks for the others. Throws for a tag that the block has not, for a
 // cancelled question, and for one that may not be asked.
-void giveAttributes(Session& session, const OdDbBlockReferencePtr& reference, const AttributeAnswers& answers);
+void fillAttributes(Session& session, const OdDbBlockReferencePtr& reference, const AttributeAnswers& answers);
 
 // What would be asked of a reference to the block, or to what the space of a file would be: prompts, or tags where
 // there are none.

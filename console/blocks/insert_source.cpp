@@ -112,11 +112,11 @@ bool lastBoxWasClosed(const Session& session) {
 }
 
 // The user replaces the definition, keeps it, or gives up.
-OnClash askClash(Session& session, const BlockSource& source, OdDbObjectId there) {
+OnClash promptConflict(Session& session, const BlockSource& source, OdDbObjectId there) {
   constexpr int kReplace = 0;
   if (dlgTips::showBlockRedefineTips(source.name, static_cast<int>(referencesTo(there))) == kReplace)
     return OnClash::Replace;
-  if (!session.mayAsk())
+  if (!session.isInteractive())
     refuseClash(source, there);
   if (lastBoxWasClosed(session))
     cancel();
@@ -192,8 +192,8 @@ ImportedBlock importBlock(Session& session, const BlockSource& source, OnClash o
   ImportedBlock result{Resolution::Made, {}, source.name, {}, {}};
   if (const OdDbObjectId there = blockIn(target, source.name); !there.isNull()) {
     refuseUnfit(there);
-    if (onClash == OnClash::Ask)
-      onClash = askClash(session, source, there);
+    if (onClash == OnClash::kPrompt)
+      onClash = promptConflict(session, source, there);
     resolveConflict(source, there, onClash, result);
   }
   if (result.resolution != Resolution::Kept && result.resolution != Resolution::Shared) {

@@ -20,7 +20,7 @@ struct BlockSource {
 BlockSource readBlockSource(Session& session, const std::string& path, const OdString& name);
 
 // What happens when a block of the name is there.
-enum class OnClash { Ask, Refuse, Keep, Replace, Rename };
+enum class OnClash { kPrompt, Refuse, Keep, Replace, Rename };
 
 struct ImportedBlock {
   enum class Resolution {

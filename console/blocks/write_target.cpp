@@ -92,11 +92,11 @@ OdDb::DwgVersion rememberedVersion(Session& session) {
   return version;
 }
 
-std::string askedTarget(Session& session, const OdString& typed) {
+std::string promptedTarget(Session& session, const OdString& typed) {
   const OdString name = besideDrawing(session, typed);
   const std::string path = systemPath(session, completed(name));
   refuseOpenDrawing(session, path);
-  if (!session.mayAsk() && fileExists(path)) {
+  if (!session.isInteractive() && fileExists(path)) {
     session.refuseQuestion(render(MessageId::kReplaceQuestion, {OdString::fromUtf8(path)}));
     refuse(MessageId::kFileExists, {OdString::fromUtf8(path)});
   }

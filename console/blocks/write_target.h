@@ -18,10 +18,10 @@ OdDb::DwgVersion rememberedVersion(Session& session);
 
 // The file in full, as this system spells it, once it may be written. A name alone is below the folder of the file that
 // was written last, if that is still there, a relative path below that of the drawing. Throws when it cannot be a
-// target or the user does not want it replaced. `askedTarget` asks that, and refuses open drawings; `givenTarget`,
+// target or the user does not want it replaced. `promptedTarget` asks that, and refuses open drawings; `givenTarget`,
 // which needs no drawing yet, goes by `mayReplace` and starts at the working folder. Both take what completeName
 // answers.
-std::string askedTarget(Session& session, const OdString& name);
+std::string promptedTarget(Session& session, const OdString& name);
 std::string givenTarget(Session& session, const OdString& name, bool mayReplace);
 
 // Throws for the file of an open drawing: the console and the file would disagree from then on.

@@ -48,7 +48,7 @@ struct Wishes {
   double rotation = 0;
 };
 
-void askModes(Session& session, Wishes& wishes) {
+void promptModes(Session& session, Wishes& wishes) {
   for (;;) {
     std::vector<OdString> on;
     for (std::size_t mode = 0; mode < kModeCount; ++mode) {
@@ -56,7 +56,7 @@ void askModes(Session& session, Wishes& wishes) {
         on.emplace_back(kModes[mode]);
     }
     session.print(MessageId::kModesOn, {on.empty() ? OdString(L"none") : nameList(on)});
-    const auto typed = askKeyword(session, MessageId::kKeywordsModes, MessageId::kPromptModes);
+    const auto typed = promptKeyword(session, MessageId::kKeywordsModes, MessageId::kPromptModes);
     if (!typed)
       return;
     for (std::size_t mode = 0; mode < kModeCount; ++mode)
@@ -64,8 +64,8 @@ void askModes(Session& session, Wishes& wishes) {
   }
 }
 
-void askJustification(Session& session, Wishes& wishes) {
-  const auto typed = askKeyword(session, MessageId::kKeywordsJustify, MessageId::kPromptJustify);
+void promptJustification(Session& session, Wishes& wishes) {
+  const auto typed = promptKeyword(session, MessageId::kKeywordsJustify, MessageId::kPromptJustify);
   for (const Justification& one : kJustifications) {
     if (typed && *typed == one.name)
       wishes.justification = &one;
@@ -73,8 +73,8 @@ void askJustification(Session& session, Wishes& wishes) {
 }
 
 // A wrong name is told, and the style stays.
-void askStyle(CommandContext& context, Wishes& wishes) {
-  const auto typed = askText(context.session, MessageId::kPromptStyle, {}, true);
+void promptStyle(CommandContext& context, Wishes& wishes) {
+  const auto typed = promptText(context.session, MessageId::kPromptStyle, {}, true);
   const OdDbObjectId style = typed ? context.database.symbol(OdDb::kTextStyleTable, *typed) : OdDbObjectId();
   if (!style.isNull())
     wishes.style = style;
@@ -88,17 +88,17 @@ OdGePoint3d promptInsertionPoint(CommandContext& context, Wishes& wishes) {
   for (;;) {
     constexpr bool kRequired = true;
     const PointOrKeyword answer =
-        askPointOr(session, MessageId::kKeywordsAttdef, MessageId::kPromptAttdefPosition, kRequired);
+        promptPointOr(session, MessageId::kKeywordsAttdef, MessageId::kPromptAttdefPosition, kRequired);
     if (answer.point)
       return *answer.point;
     if (answer.keyword == L"Modes")
-      askModes(session, wishes);
+      promptModes(session, wishes);
     else if (answer.keyword == L"Justify")
-      askJustification(session, wishes);
+      promptJustification(session, wishes);
     else if (answer.keyword == L"Style")
-      askStyle(context, wishes);
+      promptStyle(context, wishes);
     else
-      wishes.rotation = askAngle(session, MessageId::kPromptAngle).value_or(0);
+      wishes.rotation = promptAngle(session, MessageId::kPromptAngle).value_or(0);
   }
 }
 
@@ -133,8 +133,8 @@ void makeMultiple(OdDbAttributeDefinition& definition, const Wishes& wishes, con
   definition.setMTextAttributeDefinition(lines.get());
 }
 
-OdString askTag(Session& session) {
-  OdString tag = askText(session, MessageId::kPromptTag).value_or(OdString());
+OdString promptTag(Session& session) {
+  OdString tag = promptText(session, MessageId::kPromptTag).value_or(OdString());
   if (tag.isEmpty() || tag.findOneOf(L" \t!") >= 0)
     refuse(MessageId::kBadTag, {tag});
   return tag.makeUpper();
@@ -144,23 +144,23 @@ OdString askTag(Session& session) {
 
 void attdef(CommandContext& context) {
   Session& session = context.session;
-  const OdString tag = askTag(session);
-  const OdString prompt = askText(session, MessageId::kPromptTagPrompt, {tag}, true).value_or(tag);
-  const OdString value = askText(session, MessageId::kPromptTagDefault, {}, true).value_or(OdString());
+  const OdString tag = promptTag(session);
+  const OdString prompt = promptText(session, MessageId::kPromptTagPrompt, {tag}, true).value_or(tag);
+  const OdString value = promptText(session, MessageId::kPromptTagDefault, {}, true).value_or(OdString());
   const OdDbAttributeDefinitionPtr definition = OdDbAttributeDefinition::createObject();
   definition->setDatabaseDefaults(&context.database);
   Wishes wishes;
   const OdGePoint3d first = promptInsertionPoint(context, wishes);
   OdGePoint3d second;
   if (hasTwoPoints(wishes)) {
-    second = askRequiredPoint(session, MessageId::kPromptSecondPoint);
+    second = promptRequiredPoint(session, MessageId::kPromptSecondPoint);
     if (std::hypot(second.x - first.x, second.y - first.y) == 0)
       refuse(MessageId::kNoBaseLine);
   }
   definition->setTag(tag);
   definition->setPrompt(prompt);
   definition->setTextString(value);
-  definition->setHeight(askTextHeight(context));
+  definition->setHeight(promptTextHeight(context));
   definition->setInvisible(wishes.modes[kInvisible]);
   definition->setConstant(wishes.modes[kConstant]);
   definition->setVerifiable(wishes.modes[kVerify]);

@@ -6,9 +6,9 @@
 namespace console::commands {
 namespace {
 
-OdDbObjectId askReference(Session& session) {
+OdDbObjectId promptReference(Session& session) {
   OdDbObjectId picked;
-  for (const OdDbObjectId id : askSelection(session)) {
+  for (const OdDbObjectId id : promptSelection(session)) {
     const OdDbBlockReferencePtr reference = OdDbBlockReference::cast(id.safeOpenObject());
     if (reference.isNull() || reference->attributeIds().isEmpty())
       continue;
@@ -45,8 +45,8 @@ MessageId textOf(ValueChange change) {
 }
 
 // An empty answer keeps the value; two quotes are the empty one.
-void askValue(Session& session, const AttributeRow& row) {
-  const auto typed = askText(session, MessageId::kPromptAttributeValue, {row.value}, true);
+void promptValue(Session& session, const AttributeRow& row) {
+  const auto typed = promptText(session, MessageId::kPromptAttributeValue, {row.value}, true);
   if (!typed)
     return;
   const OdString value = *typed == L"\"\"" ? OdString() : *typed;
@@ -57,12 +57,12 @@ void askValue(Session& session, const AttributeRow& row) {
 
 void attedit(CommandContext& context) {
   Session& session = context.session;
-  const OdDbObjectId id = askReference(session);
-  while (const auto typed = askText(session, MessageId::kPromptAttributeTag)) {
+  const OdDbObjectId id = promptReference(session);
+  while (const auto typed = promptText(session, MessageId::kPromptAttributeTag)) {
     const ReferenceAttributes attributes(*OdDbBlockReferencePtr(id.safeOpenObject()));
     const AttributeRow* row = attributes.findTyped(*typed);
     if (row != nullptr)
-      askValue(session, *row);
+      promptValue(session, *row);
     else if (*typed == L"?")
       listAttributes(session, attributes);
     else

@@ -22,9 +22,9 @@ bool listBlocksWithAttributes(Session& session) {
   return any;
 }
 
-OdDbObjectId askBlock(Session& session) {
+OdDbObjectId promptBlock(Session& session) {
   for (;;) {
-    const auto typed = askText(session, MessageId::kPromptBlockName);
+    const auto typed = promptText(session, MessageId::kPromptBlockName);
     if (!typed)
       return {};
     if (*typed == L"?") {
@@ -44,7 +44,7 @@ OdDbObjectId askBlock(Session& session) {
 
 void attsync(CommandContext& context) {
   Session& session = context.session;
-  const OdDbObjectId block = askBlock(session);
+  const OdDbObjectId block = promptBlock(session);
   if (block.isNull())
     return;
   const SyncedAttributes synced = syncAttributes(block);

@@ -6,7 +6,7 @@
 namespace console::commands {
 
 void audit(CommandContext& context) {
-  const bool fix = askYes(context.session, MessageId::kPromptFix);
+  const bool fix = promptYesNo(context.session, MessageId::kPromptFix);
   showIssues(context.session, auditOpenDrawing(context.session, fix));
 }
 

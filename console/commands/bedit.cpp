@@ -9,7 +9,7 @@ namespace console::commands {
 void bedit(CommandContext& context) {
   if (const OdString edited = context.drawing.document->blockEditorName(); !edited.isEmpty())
     refuse(MessageId::kEditorOpen, {edited});
-  const auto name = askText(context.session, MessageId::kPromptEditedBlock, {}, true);
+  const auto name = promptText(context.session, MessageId::kPromptEditedBlock, {}, true);
   const auto block =
       OdDbBlockTableRecord::cast(definitionOf(context.session, name.value_or(OdString())).safeOpenObject());
   if (block.isNull())

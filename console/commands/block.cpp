@@ -21,9 +21,9 @@ constexpr int kQuery = 0;
 constexpr int kName = 1;
 
 // Question marks are answered with the list of blocks until a name comes.
-OdString askBlockName(Session& session) {
+OdString promptBlockName(Session& session) {
   for (;;) {
-    const OdString typed = askText(session, MessageId::kPromptBlockName).value_or(OdString());
+    const OdString typed = promptText(session, MessageId::kPromptBlockName).value_or(OdString());
     if (typed.isEmpty())
       refuseEmptyName();
     const int kind = commonFun::GetInputType(typed);
@@ -46,12 +46,12 @@ OdDbObjectIdArray takeSelectedBefore(Session& session) {
 }
 
 // Nothing for a block without contents, which the user has to want.
-OdDbObjectIdArray askObjects(Session& session) {
+OdDbObjectIdArray promptObjects(Session& session) {
   constexpr int kSelect = 0;
   constexpr int kGoOn = 1;
   OdDbObjectIdArray ids = takeSelectedBefore(session);
   while (ids.isEmpty()) {
-    ids = askSelectionAnew(session);
+    ids = promptNewSelection(session);
     const int choice = ids.isEmpty() ? dlgTips::showSelectEntityTips() : kGoOn;
     if (choice == kGoOn)
       break;
@@ -62,14 +62,14 @@ OdDbObjectIdArray askObjects(Session& session) {
 }
 
 // Settings are changed until nothing more is typed.
-void askOptions(Session& session, BlockOptions& options) {
+void promptOptions(Session& session, BlockOptions& options) {
   const std::pair<const wchar_t*, int*> settings[] = {
       {L"Explodable", &options.explodable}, {L"Uniform", &options.uniform}, {L"Open", &options.openInEditor}};
   for (;;) {
     const auto shown = [](int value) { return OdString(value != 0 ? L"on" : L"off"); };
     session.print(MessageId::kBlockSettings,
                   {shown(options.explodable), shown(options.uniform), shown(options.openInEditor)});
-    const auto typed = askKeyword(session, MessageId::kKeywordsBlockOptions, MessageId::kPromptBlockOptions);
+    const auto typed = promptKeyword(session, MessageId::kKeywordsBlockOptions, MessageId::kPromptBlockOptions);
     if (!typed)
       return;
     for (const auto& [name, value] : settings) {
@@ -79,12 +79,12 @@ void askOptions(Session& session, BlockOptions& options) {
   }
 }
 
-OdGePoint3d askBasePoint(Session& session, BlockOptions& options) {
+OdGePoint3d promptBasePoint(Session& session, BlockOptions& options) {
   for (;;) {
-    const PointOrKeyword answer = askPointOr(session, MessageId::kKeywordsBlock, MessageId::kPromptBlockBasePoint);
+    const PointOrKeyword answer = promptPointOr(session, MessageId::kKeywordsBlock, MessageId::kPromptBlockBasePoint);
     if (answer.keyword.isEmpty())
       return answer.point.value_or(OdGePoint3d());
-    askOptions(session, options);
+    promptOptions(session, options);
   }
 }
 
@@ -94,11 +94,11 @@ void block(CommandContext& context) {
   Session& session = context.session;
   BlockOptions options = rememberedBlockOptions();
   BlockRequest request;
-  request.name = askBlockName(session);
+  request.name = promptBlockName(session);
   checkBlockName(session, request.name);
-  request.redefine = askRedefine(session, request.name);
-  request.basePointUcs = askBasePoint(session, options);
-  request.ids = objectsForBlock(session, request.name, askObjects(session)).ids;
+  request.redefine = promptRedefine(session, request.name);
+  request.basePointUcs = promptBasePoint(session, options);
+  request.ids = objectsForBlock(session, request.name, promptObjects(session)).ids;
   request.space = qzutads::currentSpaceId();
   request.afterwards = options.afterwards = askAfterwards(session, options.afterwards);
   request.explodable = options.explodable != 0;

@@ -11,9 +11,9 @@
 
 namespace console::commands {
 
-OdString askNameOrList(Session& session, MessageId prompt) {
+OdString promptNameOrList(Session& session, MessageId prompt) {
   for (;;) {
-    const OdString typed = askText(session, prompt).value_or(OdString());
+    const OdString typed = promptText(session, prompt).value_or(OdString());
     if (typed != L"?")
       return typed;
     if (listBlocks(session) == 0)
@@ -21,7 +21,7 @@ OdString askNameOrList(Session& session, MessageId prompt) {
   }
 }
 
-bool askRedefine(Session& session, const OdString& name) {
+bool promptRedefine(Session& session, const OdString& name) {
   constexpr int kReplace = 0;
   const OdDbObjectId block = definitionOf(session, name);
   if (block.isNull())
@@ -34,8 +34,9 @@ bool askRedefine(Session& session, const OdString& name) {
 Afterwards askAfterwards(Session& session, Afterwards usual) {
   constexpr std::array<const wchar_t*, 3> kNames = {L"Keep", L"Convert", L"Delete"};
   const OdString usualName = kNames[static_cast<std::size_t>(usual)];
-  const OdString answer = askKeyword(session, MessageId::kKeywordsAfterwards, MessageId::kPromptAfterwards, {usualName})
-                              .value_or(usualName);
+  const OdString answer =
+      promptKeyword(session, MessageId::kKeywordsAfterwards, MessageId::kPromptAfterwards, {usualName})
+          .value_or(usualName);
   for (std::size_t at = 0; at < kNames.size(); ++at) {
     if (answer == kNames[at])
       return static_cast<Afterwards>(at);

@@ -8,9 +8,9 @@
 namespace console::commands {
 
 // What was typed; question marks are answered with the list of blocks until something else comes. May be empty.
-OdString askNameOrList(Session& session, MessageId prompt);
+OdString promptNameOrList(Session& session, MessageId prompt);
 // Whether there is a definition of that name and the user wants it replaced; a no cancels the command.
-bool askRedefine(Session& session, const OdString& name);
+bool promptRedefine(Session& session, const OdString& name);
 Afterwards askAfterwards(Session& session, Afterwards usual);
 // Opens the contents of the block until BCLOSE.
 void openEditor(CommandContext& context, OdDbObjectId block);

@@ -7,8 +7,8 @@
 namespace console::commands {
 
 void circle(CommandContext& context) {
-  const OdGePoint3d center = askRequiredPoint(context.session, MessageId::kPromptCenter);
-  const double radius = askRequiredNumber(context.session, MessageId::kPromptRadius);
+  const OdGePoint3d center = promptRequiredPoint(context.session, MessageId::kPromptCenter);
+  const double radius = promptRequiredNumber(context.session, MessageId::kPromptRadius);
   if (radius <= 0)
     refuse(MessageId::kRadiusTooSmall);
   const OdDbCirclePtr entity = OdDbCircle::createObject();

@@ -34,7 +34,7 @@ void switchTo(Session& session, const mvsi::MvsiApDocument& document) {
 
 // A drawing that is open already is not read again.
 void open(Session& session) {
-  const auto path = askText(session, MessageId::kPromptFileName);
+  const auto path = promptText(session, MessageId::kPromptFileName);
   if (!path)
     refuse(MessageId::kNoFileName);
   const std::string file = path->toUtf8Lossless();
@@ -49,8 +49,8 @@ void open(Session& session) {
   }
 }
 
-void askSwitch(Session& session) {
-  const std::string typed = askText(session, MessageId::kPromptDocNumber).value_or(OdString()).toUtf8();
+void promptSwitch(Session& session) {
+  const std::string typed = promptText(session, MessageId::kPromptDocNumber).value_or(OdString()).toUtf8();
   std::size_t number = 0;
   const auto [end, error] = std::from_chars(typed.data(), typed.data() + typed.size(), number);
   const auto& all = session.host().documents().all();
@@ -62,7 +62,7 @@ void askSwitch(Session& session) {
 void close(Session& session) {
   if (session.others().empty())
     refuse(MessageId::kOnlyDoc);
-  askToDiscardChanges(session);
+  promptToDiscardChanges(session);
   session.closeCurrent();
   session.print(MessageId::kDocIsCurrent, {nameOf(*session.drawing().document)});
 }
@@ -70,11 +70,12 @@ void close(Session& session) {
 } // namespace
 
 void docs(CommandContext& context) {
-  const OdString option = askKeyword(context.session, MessageId::kKeywordsDocs, MessageId::kPromptDocs).value_or(L"?");
+  const OdString option =
+      promptKeyword(context.session, MessageId::kKeywordsDocs, MessageId::kPromptDocs).value_or(L"?");
   if (option == L"Open")
     open(context.session);
   else if (option == L"Switch")
-    askSwitch(context.session);
+    promptSwitch(context.session);
   else if (option == L"Close")
     close(context.session);
   else

@@ -4,7 +4,7 @@
 namespace console::commands {
 
 void erase(CommandContext& context) {
-  OdDbObjectIdArray ids = askSelection(context.session);
+  OdDbObjectIdArray ids = promptSelection(context.session);
   leaveOutLocked(context.session, ids);
   for (const OdDbObjectId id : ids)
     id.safeOpenObject(OdDb::kForWrite)->erase();

@@ -64,11 +64,11 @@ void explodeOne(Session& session, OdDbObjectId id, const drawing::ExplodeOptions
 // What cannot be exploded stays; when that is everything, the command is refused.
 void explode(CommandContext& context) {
   Session& session = context.session;
-  OdDbObjectIdArray ids = askSelection(session);
+  OdDbObjectIdArray ids = promptSelection(session);
   leaveOutLocked(session, ids);
   drawing::ExplodeOptions options;
   if (std::any_of(ids.begin(), ids.end(), hasAttributes))
-    options.attributesAsText = askYes(session, MessageId::kPromptAttributesAsText);
+    options.attributesAsText = promptYesNo(session, MessageId::kPromptAttributesAsText);
   Sum sum;
   for (const OdDbObjectId id : ids)
     explodeOne(session, id, options, sum);

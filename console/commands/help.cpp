@@ -27,9 +27,9 @@ void listAll(Session& session, const CommandTable& commands) {
 void printCommandHelp(Session& session, const Command& command) {
   constexpr wchar_t kUnknown[] = L"...";
   session.result(MessageId::kHelpOne, {namesOf(command), render(command.help)});
-  if (!command.asks.empty())
-    session.result(MessageId::kHelpAsks);
-  for (const MessageId question : command.asks)
+  if (!command.prompts.empty())
+    session.result(MessageId::kHelpPrompts);
+  for (const MessageId question : command.prompts)
     session.result(MessageId::kHelpQuestion, {render(question, {kUnknown, kUnknown})});
 }
 

@@ -52,7 +52,7 @@ OdDbObjectId blockOfFile(Session& session, const OdString& spec, const OdString&
     refuseTyped(session, typed);
   const std::string path = systemPath(paths, file);
   const BlockSource source = readBlockSource(session, path, name.isEmpty() ? ownName : name);
-  const ImportedBlock in = importBlock(session, source, OnClash::Ask);
+  const ImportedBlock in = importBlock(session, source, OnClash::kPrompt);
   insertCommon::checkExternalReference(paths.toDrawing(path));
   return in.block;
 }
@@ -78,37 +78,37 @@ OdDbObjectId blockOfTyped(Session& session, const OdString& typed) {
   return block.isNull() ? blockOfFile(session, spec, typed, OdString()) : block;
 }
 
-std::int16_t askCount(Session& session, MessageId prompt) {
-  const double number = askNumber(session, prompt).value_or(1);
+std::int16_t promptCount(Session& session, MessageId prompt) {
+  const double number = promptNumber(session, prompt).value_or(1);
   if (number < 1 || number > kMostRows || number != static_cast<double>(static_cast<int>(number)))
     refuse(MessageId::kBadRows, {exactText(number)});
   return static_cast<std::int16_t>(number);
 }
 
-void askRows(Session& session, Placement& placement) {
-  placement.rows = askCount(session, MessageId::kPromptRows);
-  placement.columns = askCount(session, MessageId::kPromptColumns);
+void promptRows(Session& session, Placement& placement) {
+  placement.rows = promptCount(session, MessageId::kPromptRows);
+  placement.columns = promptCount(session, MessageId::kPromptColumns);
   if (placement.rows > 1)
-    placement.rowSpacing = askRequiredNumber(session, MessageId::kPromptRowSpacing);
+    placement.rowSpacing = promptRequiredNumber(session, MessageId::kPromptRowSpacing);
   if (placement.columns > 1)
-    placement.columnSpacing = askRequiredNumber(session, MessageId::kPromptColumnSpacing);
+    placement.columnSpacing = promptRequiredNumber(session, MessageId::kPromptColumnSpacing);
 }
 
-void askPoint(Session& session, Placement& placement) {
+void promptPoint(Session& session, Placement& placement) {
   for (;;) {
-    const PointOrKeyword answer = askPointOr(session, MessageId::kKeywordsInsert, MessageId::kPromptInsertPoint);
+    const PointOrKeyword answer = promptPointOr(session, MessageId::kKeywordsInsert, MessageId::kPromptInsertPoint);
     if (answer.point)
       placement.at = *answer.point;
     if (answer.keyword.isEmpty())
       return; // nothing typed is the origin
-    askRows(session, placement);
+    promptRows(session, placement);
   }
 }
 
-void askScale(Session& session, OdDbObjectId block, Placement& placement) {
+void promptScale(Session& session, OdDbObjectId block, Placement& placement) {
   const bool uniform = insertCommon::isBlockUniformScaled(block);
-  const double x = askNumber(session, uniform ? MessageId::kPromptScale : MessageId::kPromptScaleX).value_or(1);
-  const double y = uniform ? x : askNumber(session, MessageId::kPromptScaleY).value_or(x);
+  const double x = promptNumber(session, uniform ? MessageId::kPromptScale : MessageId::kPromptScaleX).value_or(1);
+  const double y = uniform ? x : promptNumber(session, MessageId::kPromptScaleY).value_or(x);
   placement.scale = OdGeScale3d(x, y, x);
 }
 
@@ -116,14 +116,14 @@ void askScale(Session& session, OdDbObjectId block, Placement& placement) {
 
 void insert(CommandContext& context) {
   Session& session = context.session;
-  const OdDbObjectId block = blockOfTyped(session, askNameOrList(session, MessageId::kPromptInsertName));
+  const OdDbObjectId block = blockOfTyped(session, promptNameOrList(session, MessageId::kPromptInsertName));
   Placement placement;
-  askPoint(session, placement);
-  askScale(session, block, placement);
-  placement.rotation = askAngle(session, MessageId::kPromptInsertRotation).value_or(0);
+  promptPoint(session, placement);
+  promptScale(session, block, placement);
+  placement.rotation = promptAngle(session, MessageId::kPromptInsertRotation).value_or(0);
   session.print(MessageId::kUnitsFactor, {exactText(unitsFactor(block))});
   const OdDbBlockReferencePtr reference = placeReference(session, block, placement);
-  giveAttributes(session, reference, {});
+  fillAttributes(session, reference, {});
   session.result(MessageId::kInserted,
                  {OdDbBlockTableRecordPtr(block.safeOpenObject())->getName(), handleText(reference->objectId())});
 }

@@ -8,14 +8,14 @@
 namespace console::commands {
 namespace {
 
-OdString askLayerName(CommandContext& context) {
+OdString promptLayerName(CommandContext& context) {
   const OdDbLayerTableRecordPtr current = context.database.getCLAYER().safeOpenObject();
-  return askText(context.session, MessageId::kPromptLayerName, {current->getName()}).value_or(current->getName());
+  return promptText(context.session, MessageId::kPromptLayerName, {current->getName()}).value_or(current->getName());
 }
 
 // Throws when there is no such layer.
-OdDbLayerTableRecordPtr askLayer(CommandContext& context) {
-  const OdString name = askLayerName(context);
+OdDbLayerTableRecordPtr promptLayer(CommandContext& context) {
+  const OdString name = promptLayerName(context);
   const OdDbObjectId id = context.database.symbol(OdDb::kLayerTable, name);
   if (id.isNull())
     refuse(MessageId::kNoSuchLayer, {name});
@@ -30,7 +30,7 @@ void makeCurrent(CommandContext& context, const OdDbLayerTableRecordPtr& layer) 
 }
 
 void make(CommandContext& context) {
-  const OdString name = askLayerName(context);
+  const OdString name = promptLayerName(context);
   OdDbObjectId id = context.database.symbol(OdDb::kLayerTable, name);
   if (id.isNull()) {
     bool notUtf8 = false;
@@ -46,11 +46,11 @@ void make(CommandContext& context) {
 }
 
 void set(CommandContext& context) {
-  makeCurrent(context, askLayer(context));
+  makeCurrent(context, promptLayer(context));
 }
 
 void lock(CommandContext& context, bool locked) {
-  const OdDbLayerTableRecordPtr layer = askLayer(context);
+  const OdDbLayerTableRecordPtr layer = promptLayer(context);
   if (!LayerTools::lockOrUnlockLayer(layer->objectId(), locked))
     throw OdError(eNotOpenForWrite);
   context.session.print(locked ? MessageId::kLayerLocked : MessageId::kLayerUnlocked, {layer->getName()});
@@ -74,7 +74,7 @@ void listLayers(CommandContext& context) {
 } // namespace
 
 void layer(CommandContext& context) {
-  while (const auto option = askKeyword(context.session, MessageId::kKeywordsLayer, MessageId::kPromptLayerOption)) {
+  while (const auto option = promptKeyword(context.session, MessageId::kKeywordsLayer, MessageId::kPromptLayerOption)) {
     if (*option == L"?")
       listLayers(context);
     else if (*option == L"Make")

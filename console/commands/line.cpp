@@ -18,13 +18,13 @@ void addLine(CommandContext& context, const OdGePoint3d& from, const OdGePoint3d
 } // namespace
 
 void line(CommandContext& context) {
-  const OdGePoint3d first = askRequiredPoint(context.session, MessageId::kPromptFromPoint);
+  const OdGePoint3d first = promptRequiredPoint(context.session, MessageId::kPromptFromPoint);
   OdGePoint3d from = first;
   for (int segments = 0;; ++segments) {
     const bool closable = segments >= 2;
     const PointOrKeyword next =
-        closable ? askPointOr(context.session, MessageId::kKeywordsClose, MessageId::kPromptToPointOrClose)
-                 : PointOrKeyword{askPoint(context.session, MessageId::kPromptToPoint), {}};
+        closable ? promptPointOr(context.session, MessageId::kKeywordsClose, MessageId::kPromptToPointOrClose)
+                 : PointOrKeyword{promptPoint(context.session, MessageId::kPromptToPoint), {}};
     if (!next.point) {
       if (!next.keyword.isEmpty())
         addLine(context, from, first);

@@ -4,7 +4,7 @@
 namespace console::commands {
 
 void newDrawing(CommandContext& context) {
-  askToDiscardChanges(context.session);
+  promptToDiscardChanges(context.session);
   context.session.replaceDrawing(OdDbDatabase::create(), {}, false);
   context.session.print(MessageId::kNewDrawing);
 }

@@ -5,16 +5,16 @@
 
 namespace console::commands {
 
-void askToDiscardChanges(Session& session) {
-  if (session.drawing().document->isModified() && !askYes(session, MessageId::kDiscardQuestion))
+void promptToDiscardChanges(Session& session) {
+  if (session.drawing().document->isModified() && !promptYesNo(session, MessageId::kDiscardQuestion))
     cancel();
 }
 
 void open(CommandContext& context) {
-  const auto path = askText(context.session, MessageId::kPromptFileName);
+  const auto path = promptText(context.session, MessageId::kPromptFileName);
   if (!path)
     refuse(MessageId::kNoFileName);
-  askToDiscardChanges(context.session);
+  promptToDiscardChanges(context.session);
   openDrawing(context.session, path->toUtf8Lossless());
 }
 

@@ -50,7 +50,7 @@ void listAll(CommandContext& context) {
 void purge(CommandContext& context) {
   for (;;) {
     const OdString option =
-        askKeyword(context.session, MessageId::kKeywordsPurge, MessageId::kPromptPurge).value_or(L"All");
+        promptKeyword(context.session, MessageId::kKeywordsPurge, MessageId::kPromptPurge).value_or(L"All");
     if (option == L"?") {
       listAll(context);
       continue;

@@ -5,7 +5,7 @@ namespace console::commands {
 
 void quit(CommandContext& context) {
   Session& session = context.session;
-  if (session.isAnyModified() && !askYes(session, MessageId::kDiscardQuestion))
+  if (session.isAnyModified() && !promptYesNo(session, MessageId::kDiscardQuestion))
     cancel();
   context.session.quit();
 }

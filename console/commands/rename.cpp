@@ -6,7 +6,7 @@
 namespace console::commands {
 namespace {
 
-OdDb::SymbolTableKind askKind(Session& session) {
+OdDb::SymbolTableKind promptKind(Session& session) {
   struct Choice {
     const wchar_t* option;
     OdDb::SymbolTableKind kind;
@@ -15,7 +15,7 @@ OdDb::SymbolTableKind askKind(Session& session) {
                                  {L"Linetype", OdDb::kLinetypeTable},
                                  {L"Textstyle", OdDb::kTextStyleTable},
                                  {L"Dimstyle", OdDb::kDimStyleTable}};
-  const auto option = askKeyword(session, MessageId::kKeywordsRename, MessageId::kPromptRenameKind);
+  const auto option = promptKeyword(session, MessageId::kKeywordsRename, MessageId::kPromptRenameKind);
   for (const Choice& choice : kChoices) {
     if (option && *option == choice.option)
       return choice.kind;
@@ -27,9 +27,9 @@ OdDb::SymbolTableKind askKind(Session& session) {
 
 void rename(CommandContext& context) {
   Session& session = context.session;
-  const OdDb::SymbolTableKind kind = askKind(session);
-  const OdString from = askText(session, MessageId::kPromptOldName).value_or(OdString());
-  const OdString to = askText(session, MessageId::kPromptNewName).value_or(OdString());
+  const OdDb::SymbolTableKind kind = promptKind(session);
+  const OdString from = promptText(session, MessageId::kPromptOldName).value_or(OdString());
+  const OdString to = promptText(session, MessageId::kPromptNewName).value_or(OdString());
   renameSymbolRecord(session, kind, from, to);
   session.print(MessageId::kRenamed, {OdString::fromUtf8(renameKindName(kind)), from, to});
 }

@@ -9,7 +9,8 @@ void save(CommandContext& context) {
   const std::string path = context.drawing.path;
   if (path.empty())
     return saveas(context);
-  if (isOwnFileRepaired(session, path) && !askYes(session, MessageId::kRepairedOwnQuestion, {OdString::fromUtf8(path)}))
+  if (isOwnFileRepaired(session, path) &&
+      !promptYesNo(session, MessageId::kRepairedOwnQuestion, {OdString::fromUtf8(path)}))
     cancel();
   SaveRequest request;
   request.path = path;

@@ -7,17 +7,17 @@
 namespace console::commands {
 namespace {
 
-std::string askFileName(CommandContext& context) {
+std::string promptFileName(CommandContext& context) {
   const std::string& before = context.drawing.path;
   const auto typed = before.empty()
-                         ? askText(context.session, MessageId::kPromptFileName)
-                         : askText(context.session, MessageId::kPromptFileNameOr, {OdString::fromUtf8(before)});
+                         ? promptText(context.session, MessageId::kPromptFileName)
+                         : promptText(context.session, MessageId::kPromptFileNameOr, {OdString::fromUtf8(before)});
   return typed ? typed->toUtf8Lossless() : before;
 }
 
-OdDb::DwgVersion askVersion(CommandContext& context) {
+OdDb::DwgVersion promptVersion(CommandContext& context) {
   const std::string usual = versionToWrite(context.database, OdDb::kVersionUnknown);
-  const auto typed = askText(context.session, MessageId::kPromptVersion, {OdString::fromUtf8(usual)});
+  const auto typed = promptText(context.session, MessageId::kPromptVersion, {OdString::fromUtf8(usual)});
   const OdDb::DwgVersion version = drawing::versionFromYear(typed ? typed->toUtf8() : usual);
   if (version == OdDb::kVersionUnknown || drawing::writtenVersion(version) != version)
     refuse(MessageId::kNoSuchVersion, {typed.value_or(OdString())});
@@ -29,13 +29,13 @@ OdDb::DwgVersion askVersion(CommandContext& context) {
 void saveas(CommandContext& context) {
   Session& session = context.session;
   SaveRequest request;
-  request.path = askFileName(context);
+  request.path = promptFileName(context);
   checkDrawingName(request.path);
-  request.version = askVersion(context);
+  request.version = promptVersion(context);
   if (fileExists(request.path)) {
     const bool repaired = isOwnFileRepaired(session, request.path);
     const MessageId question = repaired ? MessageId::kRepairedOwnQuestion : MessageId::kReplaceQuestion;
-    if (!askYes(session, question, {OdString::fromUtf8(request.path)}))
+    if (!promptYesNo(session, question, {OdString::fromUtf8(request.path)}))
       cancel();
     request.mayReplace = true;
   }

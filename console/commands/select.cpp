@@ -21,7 +21,7 @@ void makePickFirst(Session& session, const OdDbObjectIdArray& ids) {
 } // namespace
 
 void select(CommandContext& context) {
-  const OdDbObjectIdArray ids = askSelectionAnew(context.session);
+  const OdDbObjectIdArray ids = promptNewSelection(context.session);
   if (ids.isEmpty())
     refuse(MessageId::kNothingSelected);
   makePickFirst(context.session, ids);

@@ -60,12 +60,12 @@ private:
 void setvar(CommandContext& context) {
   Session& session = context.session;
   morvane::VariableStore& variables = session.host().variables();
-  OdString name = askText(session, MessageId::kPromptVariable).value_or(OdString());
+  OdString name = promptText(session, MessageId::kPromptVariable).value_or(OdString());
   name.makeUpper();
   const auto before = variables.get(name.str());
   if (!before)
     refuse(MessageId::kNoSuchVariable, {name});
-  const auto typed = askText(session, MessageId::kPromptValue, {name, std::visit(ValueText(), *before)});
+  const auto typed = promptText(session, MessageId::kPromptValue, {name, std::visit(ValueText(), *before)});
   if (typed) {
     const auto value = std::visit(Reader(*typed), *before);
     if (!value || variables.set(name.str(), *value) != RTNORM)

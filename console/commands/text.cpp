@@ -8,10 +8,10 @@
 
 namespace console::commands {
 
-double askTextHeight(CommandContext& context) {
+double promptTextHeight(CommandContext& context) {
   constexpr double kUsual = 2.5;
   const double usual = context.database.headerReal("TEXTSIZE", kUsual);
-  const double height = askNumber(context.session, MessageId::kPromptHeight, {realText(usual)}).value_or(usual);
+  const double height = promptNumber(context.session, MessageId::kPromptHeight, {realText(usual)}).value_or(usual);
   if (height <= 0)
     refuse(MessageId::kHeightTooSmall);
   return height;
@@ -19,10 +19,10 @@ double askTextHeight(CommandContext& context) {
 
 void text(CommandContext& context) {
   Session& session = context.session;
-  const OdGePoint3d start = askRequiredPoint(session, MessageId::kPromptTextStart);
-  const double height = askTextHeight(context);
-  const double angle = askAngle(session, MessageId::kPromptAngle).value_or(0);
-  const auto value = askText(session, MessageId::kPromptText, {}, true);
+  const OdGePoint3d start = promptRequiredPoint(session, MessageId::kPromptTextStart);
+  const double height = promptTextHeight(context);
+  const double angle = promptAngle(session, MessageId::kPromptAngle).value_or(0);
+  const auto value = promptText(session, MessageId::kPromptText, {}, true);
   if (!value)
     return;
   const OdDbTextPtr entity = OdDbText::createObject();

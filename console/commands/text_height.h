@@ -6,6 +6,6 @@
 namespace console::commands {
 
 // Asks, with the drawing's TEXTSIZE as default. Throws for a height that is not above 0.
-double askTextHeight(CommandContext& context);
+double promptTextHeight(CommandContext& context);
 
 } // namespace console::commands

@@ -46,14 +46,14 @@ void world(CommandContext& context) {
 }
 
 void origin(CommandContext& context) {
-  const OdGePoint3d point = askPoint(context.session, MessageId::kPromptOrigin).value_or(OdGePoint3d());
+  const OdGePoint3d point = promptPoint(context.session, MessageId::kPromptOrigin).value_or(OdGePoint3d());
   change(context, currentUcs(context) * OdGeMatrix3d::translation({point.x, point.y, point.z}));
 }
 
 void threePoints(CommandContext& context) {
-  const OdGePoint3d at = askPoint(context.session, MessageId::kPromptOrigin).value_or(OdGePoint3d());
-  const OdGePoint3d onX = askRequiredPoint(context.session, MessageId::kPromptXAxis);
-  const OdGePoint3d onY = askRequiredPoint(context.session, MessageId::kPromptYAxis);
+  const OdGePoint3d at = promptPoint(context.session, MessageId::kPromptOrigin).value_or(OdGePoint3d());
+  const OdGePoint3d onX = promptRequiredPoint(context.session, MessageId::kPromptXAxis);
+  const OdGePoint3d onY = promptRequiredPoint(context.session, MessageId::kPromptYAxis);
   const OdGeVector3d x = onX - at;
   const OdGeVector3d z = x.crossProduct(onY - at);
   if (x.isZeroLength() || z.isZeroLength())
@@ -64,7 +64,7 @@ void threePoints(CommandContext& context) {
 }
 
 void aboutZ(CommandContext& context) {
-  const double angle = askAngle(context.session, MessageId::kPromptRotation).value_or(std::numbers::pi / 2);
+  const double angle = promptAngle(context.session, MessageId::kPromptRotation).value_or(std::numbers::pi / 2);
   change(context, currentUcs(context) * OdGeMatrix3d::rotation(angle, OdGeVector3d::kZAxis));
 }
 
@@ -99,7 +99,7 @@ constexpr Option kOptions[] = {
 
 void ucs(CommandContext& context) {
   const OdString keyword =
-      askKeyword(context.session, MessageId::kKeywordsUcs, MessageId::kPromptUcs).value_or(L"World");
+      promptKeyword(context.session, MessageId::kKeywordsUcs, MessageId::kPromptUcs).value_or(L"World");
   for (const Option& option : kOptions) {
     if (keyword == option.keyword)
       option.run(context);

@@ -6,6 +6,6 @@
 namespace console::commands {
 
 // Asks before they are lost; throws the cancelled Failure unless they may be.
-void askToDiscardChanges(Session& session);
+void promptToDiscardChanges(Session& session);
 
 } // namespace console::commands

@@ -23,9 +23,9 @@ struct Plan {
   BlockRequest block; // when a reference is to take their place
 };
 
-OdDb::DwgVersion askVersion(Session& session) {
+OdDb::DwgVersion promptVersion(Session& session) {
   const OdString usual = OdString::fromUtf8(drawing::versionYear(rememberedVersion(session)));
-  const OdString typed = askText(session, MessageId::kPromptVersion, {usual}).value_or(usual);
+  const OdString typed = promptText(session, MessageId::kPromptVersion, {usual}).value_or(usual);
   const OdDb::DwgVersion version = drawing::versionFromYear(typed.toUtf8());
   if (version == OdDb::kVersionUnknown || drawing::writtenVersion(version) != version)
     refuse(MessageId::kNoSuchVersion, {typed});
@@ -47,7 +47,7 @@ OdDbObjectId namedDefinition(Session& session, const OdString& name) {
 void planBlock(Session& session, Plan& plan, OdDbObjectIdArray& ids) {
   plan.block.name = ownName(plan.file.path);
   checkBlockName(session, plan.block.name);
-  plan.block.redefine = askRedefine(session, plan.block.name);
+  plan.block.redefine = promptRedefine(session, plan.block.name);
   ids = objectsForBlock(session, plan.block.name, ids).ids;
   plan.block.ids = ids;
   plan.block.basePointUcs = *plan.file.basePoint;
@@ -58,8 +58,8 @@ void planBlock(Session& session, Plan& plan, OdDbObjectIdArray& ids) {
 void planObjects(Session& session, Plan& plan) {
   if (mvsi::mvsidbUcsMatrix(plan.file.ucs, &session.database()) != RTNORM)
     throw OdError(eInvalidInput);
-  plan.file.basePoint = askPoint(session, MessageId::kPromptBasePoint).value_or(OdGePoint3d());
-  OdDbObjectIdArray ids = askSelection(session);
+  plan.file.basePoint = promptPoint(session, MessageId::kPromptBasePoint).value_or(OdGePoint3d());
+  OdDbObjectIdArray ids = promptSelection(session);
   plan.afterwards = askAfterwards(session, Afterwards::Keep);
   if (plan.afterwards == Afterwards::Convert)
     planBlock(session, plan, ids);
@@ -68,12 +68,12 @@ void planObjects(Session& session, Plan& plan) {
   plan.file.source = ids;
 }
 
-std::optional<OdDb::UnitsValue> askUnits(Session& session, const Plan& plan) {
+std::optional<OdDb::UnitsValue> promptUnits(Session& session, const Plan& plan) {
   const auto* block = std::get_if<OdDbObjectId>(&plan.file.source);
   const OdDb::UnitsValue usual = block == nullptr
                                      ? session.database().getINSUNITS()
                                      : OdDbBlockTableRecordPtr(block->safeOpenObject())->blockInsertUnits();
-  const auto typed = askText(session, MessageId::kPromptUnits, {unitsText(usual)});
+  const auto typed = promptText(session, MessageId::kPromptUnits, {unitsText(usual)});
   const auto units = typed ? parseUnits(typed->toUtf8()) : usual;
   if (!units)
     refuse(MessageId::kNoSuchUnits, {*typed});
@@ -96,17 +96,17 @@ void handleSourceObjects(Session& session, Plan& plan, const OdDbObjectIdArray& 
 void wblock(CommandContext& context) {
   Session& session = context.session;
   Plan plan;
-  const OdString name = completeName(session, askText(session, MessageId::kPromptWblockFile).value_or(OdString()));
-  plan.file.path = askedTarget(session, name);
+  const OdString name = completeName(session, promptText(session, MessageId::kPromptWblockFile).value_or(OdString()));
+  plan.file.path = promptedTarget(session, name);
   plan.file.mayReplace = true; // it is not there, or the user said yes
-  plan.file.version = askVersion(session);
+  plan.file.version = promptVersion(session);
   // A name, * for the whole drawing, = for the block named like the file; nothing typed: objects.
-  const OdString source = askNameOrList(session, MessageId::kPromptWblockSource);
+  const OdString source = promptNameOrList(session, MessageId::kPromptWblockSource);
   if (source.isEmpty())
     planObjects(session, plan);
   else if (source != L"*")
     plan.file.source = namedDefinition(session, source == L"=" ? ownName(plan.file.path) : source);
-  plan.file.units = askUnits(session, plan);
+  plan.file.units = promptUnits(session, plan);
   const BlockFile written = writeBlockFile(session, plan.file);
   rememberTarget(session, written.path, written.version);
   reportBlockFile(session, written);

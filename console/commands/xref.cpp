@@ -15,36 +15,36 @@ void listReferences(Session& session) {
 
 void attach(CommandContext& context, bool overlay) {
   Session& session = context.session;
-  const auto path = askText(session, MessageId::kPromptFileName);
+  const auto path = promptText(session, MessageId::kPromptFileName);
   if (!path)
     refuse(MessageId::kNoFileName);
   AttachRequest request;
   request.file = externalFile(session, path->toUtf8Lossless());
   request.overlay = overlay;
   const OdString name = defaultXrefName(request.file);
-  request.name = askText(session, MessageId::kPromptXrefNameOr, {name}).value_or(name);
-  request.pointUcs = askRequiredPoint(session, MessageId::kPromptXrefPoint);
-  request.scale = askNumber(session, MessageId::kPromptScale).value_or(1);
+  request.name = promptText(session, MessageId::kPromptXrefNameOr, {name}).value_or(name);
+  request.pointUcs = promptRequiredPoint(session, MessageId::kPromptXrefPoint);
+  request.scale = promptNumber(session, MessageId::kPromptScale).value_or(1);
   if (request.scale == 0)
     refuse(MessageId::kScaleZero);
-  request.rotationRad = askAngle(session, MessageId::kPromptAngle).value_or(0);
+  request.rotationRad = promptAngle(session, MessageId::kPromptAngle).value_or(0);
   attachXref(context, request);
 }
 
-std::vector<OdDbBlockTableRecordPtr> askXrefs(Session& session) {
-  return xrefsNamed(session, askText(session, MessageId::kPromptXrefName, {}, true).value_or(OdString()));
+std::vector<OdDbBlockTableRecordPtr> promptXrefs(Session& session) {
+  return xrefsNamed(session, promptText(session, MessageId::kPromptXrefName, {}, true).value_or(OdString()));
 }
 
 } // namespace
 
 void xref(CommandContext& context) {
   Session& session = context.session;
-  const OdString option = askKeyword(session, MessageId::kKeywordsXref, MessageId::kPromptXref).value_or(L"?");
+  const OdString option = promptKeyword(session, MessageId::kKeywordsXref, MessageId::kPromptXref).value_or(L"?");
   if (option == L"?")
     return listReferences(session);
   if (option == L"Attach" || option == L"Overlay")
     return attach(context, option == L"Overlay");
-  const auto xrefs = askXrefs(session);
+  const auto xrefs = promptXrefs(session);
   if (option == L"Reload")
     return reloadXrefs(session, xrefs);
   for (const OdDbBlockTableRecordPtr& xref : xrefs)

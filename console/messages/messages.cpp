@@ -29,7 +29,7 @@ constexpr CatalogEntry kCatalog[] = {
                  L"Commands (other names in brackets); HELP and a name tells what a command asks:"},
     CatalogEntry{MessageId::kHelpRow, "help.row", L"  {1}  {2}"},
     CatalogEntry{MessageId::kHelpOne, "help.command", L"{1}: {2}"},
-    CatalogEntry{MessageId::kHelpAsks, "help.asks", L"It asks, in this order and where there is need:"},
+    CatalogEntry{MessageId::kHelpPrompts, "help.asks", L"It asks, in this order and where there is need:"},
     CatalogEntry{MessageId::kHelpQuestion, "help.question", L"  {1}"},
     CatalogEntry{MessageId::kHelpAttdef, "help.attdef", L"Draw an attribute definition"},
     CatalogEntry{MessageId::kHelpBlock, "help.block", L"Make a block of objects"},

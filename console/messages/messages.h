@@ -23,7 +23,7 @@ enum class MessageId : unsigned short {
   kHelpHeader,
   kHelpRow,
   kHelpOne,
-  kHelpAsks,
+  kHelpPrompts,
   kHelpQuestion,
   kHelpAttdef,
   kHelpBlock,

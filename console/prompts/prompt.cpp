@@ -5,7 +5,7 @@ namespace {
 
 constexpr int kRequired = 1;
 
-OdString promptText(MessageId prompt, const Arguments& arguments) {
+OdString promptLine(MessageId prompt, const Arguments& arguments) {
   return L"\n" + render(prompt, arguments) + L" ";
 }
 
@@ -20,36 +20,37 @@ bool answered(int code) {
 
 std::optional<OdGePoint3d> pointFrom(Session& session, MessageId prompt) {
   double point[3] = {};
-  if (!answered(session.host().input().getPoint(promptText(prompt, {}), point)))
+  if (!answered(session.host().input().getPoint(promptLine(prompt, {}), point)))
     return std::nullopt;
   return OdGePoint3d(point[0], point[1], point[2]);
 }
 
 } // namespace
 
-std::optional<OdString> askText(Session& session, MessageId prompt, const Arguments& arguments, bool wholeLine) {
+std::optional<OdString> promptText(Session& session, MessageId prompt, const Arguments& arguments, bool wholeLine) {
   morvane::InputEngine& input = session.host().input();
   OdString text;
-  if (!answered(wholeLine ? input.getString(true, promptText(prompt, arguments), text)
-                          : input.getName(promptText(prompt, arguments), text)))
+  if (!answered(wholeLine ? input.getString(true, promptLine(prompt, arguments), text)
+                          : input.getName(promptLine(prompt, arguments), text)))
     return std::nullopt;
   text.trimLeft().trimRight();
   return text.isEmpty() ? std::nullopt : std::optional(text);
 }
 
-std::optional<OdString> askKeyword(Session& session, MessageId keywords, MessageId prompt, const Arguments& arguments) {
+std::optional<OdString> promptKeyword(Session& session, MessageId keywords, MessageId prompt,
+                                      const Arguments& arguments) {
   morvane::InputEngine& input = session.host().input();
   input.initGet(0, render(keywords).str());
   OdString keyword;
-  if (!answered(input.getKeyword(promptText(prompt, arguments), keyword)))
+  if (!answered(input.getKeyword(promptLine(prompt, arguments), keyword)))
     return std::nullopt;
   return keyword;
 }
 
 // In a script any other answer is a no: whatever comes next was not meant for this question.
-bool askYes(Session& session, MessageId prompt, const Arguments& arguments) {
+bool promptYesNo(Session& session, MessageId prompt, const Arguments& arguments) {
   constexpr int kAnyText = 128;
-  if (!session.mayAsk()) {
+  if (!session.isInteractive()) {
     session.refuseQuestion(render(prompt, arguments));
     return false;
   }
@@ -57,7 +58,7 @@ bool askYes(Session& session, MessageId prompt, const Arguments& arguments) {
   for (;;) {
     input.initGet(kAnyText, render(MessageId::kKeywordsYesNo).str());
     OdString answer;
-    if (!answered(input.getKeyword(promptText(prompt, arguments), answer)))
+    if (!answered(input.getKeyword(promptLine(prompt, arguments), answer)))
       return false;
     if (answer == L"Yes" || answer == L"No" || input.isScript())
       return answer == L"Yes";
@@ -65,30 +66,30 @@ bool askYes(Session& session, MessageId prompt, const Arguments& arguments) {
   }
 }
 
-std::optional<OdGePoint3d> askPoint(Session& session, MessageId prompt) {
+std::optional<OdGePoint3d> promptPoint(Session& session, MessageId prompt) {
   return pointFrom(session, prompt);
 }
 
-OdGePoint3d askRequiredPoint(Session& session, MessageId prompt) {
+OdGePoint3d promptRequiredPoint(Session& session, MessageId prompt) {
   session.host().input().initGet(kRequired, {});
   return pointFrom(session, prompt).value();
 }
 
-std::optional<double> askNumber(Session& session, MessageId prompt, const Arguments& arguments) {
+std::optional<double> promptNumber(Session& session, MessageId prompt, const Arguments& arguments) {
   double number = 0;
-  if (!answered(session.host().input().getReal(promptText(prompt, arguments), number)))
+  if (!answered(session.host().input().getReal(promptLine(prompt, arguments), number)))
     return std::nullopt;
   return number;
 }
 
-double askRequiredNumber(Session& session, MessageId prompt) {
+double promptRequiredNumber(Session& session, MessageId prompt) {
   session.host().input().initGet(kRequired, {});
-  return askNumber(session, prompt).value();
+  return promptNumber(session, prompt).value();
 }
 
-std::optional<double> askAngle(Session& session, MessageId prompt) {
+std::optional<double> promptAngle(Session& session, MessageId prompt) {
   for (;;) {
-    const auto text = askText(session, prompt);
+    const auto text = promptText(session, prompt);
     if (!text)
       return std::nullopt;
     if (const auto angle = morvane::parseAngle(text->str()))
@@ -97,11 +98,11 @@ std::optional<double> askAngle(Session& session, MessageId prompt) {
   }
 }
 
-PointOrKeyword askPointOr(Session& session, MessageId keywords, MessageId prompt, bool required) {
+PointOrKeyword promptPointOr(Session& session, MessageId keywords, MessageId prompt, bool required) {
   morvane::InputEngine& input = session.host().input();
   input.initGet(required ? kRequired : 0, render(keywords).str());
   double point[3] = {};
-  const int code = input.getPoint(promptText(prompt, {}), point);
+  const int code = input.getPoint(promptLine(prompt, {}), point);
   if (code == RTKWORD)
     return {std::nullopt, input.lastKeyword()};
   if (!answered(code))

@@ -40,9 +40,9 @@ OdDbObjectIdArray pickableObjects(OdDbObjectId space);
 OdDbObjectIdArray selectObjects(OdDbDatabase& database, OdDbObjectId space, const std::vector<Selector>& selectors);
 
 // Asks until an empty answer, and remembers what was picked for Previous. Empty when nothing was.
-OdDbObjectIdArray askSelectionAnew(Session& session);
+OdDbObjectIdArray promptNewSelection(Session& session);
 // The selection that was made before the command, which is used up by this; else asks. Throws when nothing is selected.
-OdDbObjectIdArray askSelection(Session& session);
+OdDbObjectIdArray promptSelection(Session& session);
 // Tells of a selection that was made before the command, and remembers it for Previous.
 void reportPreselection(Session& session, const OdDbObjectIdArray& ids);
 

@@ -20,8 +20,8 @@ public:
 
   OdDbObjectIdArray run() {
     for (;;) {
-      const PointOrKeyword typed = askPointOr(session_, MessageId::kKeywordsSelect,
-                                              removes_ ? MessageId::kPromptRemove : MessageId::kPromptSelect);
+      const PointOrKeyword typed = promptPointOr(session_, MessageId::kKeywordsSelect,
+                                                 removes_ ? MessageId::kPromptRemove : MessageId::kPromptSelect);
       if (typed.point)
         pickFrom(*typed.point);
       else if (!typed.keyword.isEmpty())
@@ -61,12 +61,12 @@ private:
   }
   // A typed point is the first corner: what is inside when the other one lies to the right, else what is touched.
   void pickFrom(const OdGePoint3d& corner) {
-    const OdGePoint3d other = askRequiredPoint(session_, MessageId::kPromptOtherCorner);
+    const OdGePoint3d other = promptRequiredPoint(session_, MessageId::kPromptOtherCorner);
     pickBetween(corner, other, other.x >= corner.x);
   }
   void pickCorners(bool whole) {
-    const OdGePoint3d corner = askRequiredPoint(session_, MessageId::kPromptCorner);
-    pickBetween(corner, askRequiredPoint(session_, MessageId::kPromptOtherCorner), whole);
+    const OdGePoint3d corner = promptRequiredPoint(session_, MessageId::kPromptCorner);
+    pickBetween(corner, promptRequiredPoint(session_, MessageId::kPromptOtherCorner), whole);
   }
   void pickBetween(const OdGePoint3d& corner, const OdGePoint3d& other, bool whole) {
     const OdGePoint2d from(corner.x, corner.y), to(other.x, other.y);
@@ -74,7 +74,8 @@ private:
   }
   void pickFence() {
     std::vector<OdGePoint2d> path;
-    while (const auto point = askPoint(session_, path.empty() ? MessageId::kPromptFence : MessageId::kPromptFenceNext))
+    while (const auto point =
+               promptPoint(session_, path.empty() ? MessageId::kPromptFence : MessageId::kPromptFenceNext))
       path.push_back({point->x, point->y});
     pick(picker().along(path));
   }
@@ -85,7 +86,7 @@ private:
     }
   }
   void pickNamed(Selector::Kind kind, MessageId prompt) {
-    if (const auto value = askText(session_, prompt))
+    if (const auto value = promptText(session_, prompt))
       pickBy({kind, *value});
   }
   // A wrong name is told, and the prompt asks again.
@@ -130,7 +131,7 @@ OdDbObjectIdArray takePickFirst(Session& session) {
 
 } // namespace
 
-OdDbObjectIdArray askSelectionAnew(Session& session) {
+OdDbObjectIdArray promptNewSelection(Session& session) {
   const OdDbObjectIdArray ids = Picking(session).run();
   if (!ids.isEmpty())
     session.drawing().previous = ids;
@@ -142,12 +143,12 @@ void reportPreselection(Session& session, const OdDbObjectIdArray& ids) {
   session.drawing().previous = ids;
 }
 
-OdDbObjectIdArray askSelection(Session& session) {
+OdDbObjectIdArray promptSelection(Session& session) {
   OdDbObjectIdArray ids = takePickFirst(session);
   if (!ids.isEmpty())
     reportPreselection(session, ids);
   else
-    ids = askSelectionAnew(session);
+    ids = promptNewSelection(session);
   if (ids.isEmpty())
     refuse(MessageId::kNothingSelected);
   return ids;

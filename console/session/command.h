@@ -31,7 +31,7 @@ struct Command {
   const wchar_t* name;
   std::vector<std::wstring_view> aliases;
   MessageId help;
-  std::vector<MessageId> asks; // its prompts, for HELP
+  std::vector<MessageId> prompts; // its prompts, for HELP
   Kind kind;
   void (*run)(CommandContext&); // throws Failure to stop
 };

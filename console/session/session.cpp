@@ -77,14 +77,14 @@ Session::~Session() {
 // Boxes are kept for machines, and a question that nobody may answer is a refusal.
 void Session::watchBoxes() {
   morvane::MessageBoxes& boxes = host_.messageBoxes();
-  boxes.setAsks(mayAsk());
+  boxes.setInteractive(isInteractive());
   boxes.setWatch([this, &boxes](const morvane::MessageBox& box, int pressed) {
     if (!catalogue_)
       catalogue_.emplace(boxes);
     BoxName name = catalogue_->nameOf(box);
     transcript_.push_back({std::move(name.id), box.body, std::move(name.parameters),
                            TranscriptEntry::Box{box.caption, box.buttons, pressed}});
-    if (morvane::MessageBoxes::isQuestion(box) && !mayAsk())
+    if (morvane::MessageBoxes::isQuestion(box) && !isInteractive())
       refuseQuestion(box.caption);
   });
 }

@@ -80,7 +80,7 @@ public:
   void printReport(const OdString& text); // to where results go, also when they are kept
   const std::vector<TranscriptEntry>& transcript() const { return transcript_; } // everything, results included
   // Whether questions may be asked. Where not, whoever would ask shows the question and refuses.
-  bool mayAsk() const { return !noPrompt_; }
+  bool isInteractive() const { return !noPrompt_; }
   void refuseQuestion(const OdString& question);
   void addIssues(const drawing::Report& report);
   const std::vector<drawing::Issue>& issues() const { return issues_; }

@@ -99,7 +99,7 @@ public:
   Status run(const SessionOptions& settings) override {
     Job job{"insert", files_, json_, [this](Session& session, Json& results) { work(session, results); },
             [this](Session& session) { printSummary(session); }};
-    job.asks = true;
+    job.isInteractive = true;
     return runJob(settings, job);
   }
 
@@ -202,7 +202,7 @@ Placement Insert::placeInGrid(std::size_t number) const {
 Insert::Done Insert::place(Session& session, const std::string& path, const ImportedBlock& in,
                            const Placement& placement) const {
   const OdDbBlockReferencePtr reference = placeReference(session, in.block, placement);
-  giveAttributes(session, reference, answers_);
+  fillAttributes(session, reference, answers_);
   return {path, in, reference->objectId(), unitsFactor(in.block)};
 }
 

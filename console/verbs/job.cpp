@@ -46,7 +46,7 @@ void checkOutput(const JobFiles& files) {
 Status runJob(SessionOptions settings, const Job& job) {
   settings.quiet = job.json;
   Session session(settings);
-  if (job.asks && session.mayAsk() && settings.connectUser)
+  if (job.isInteractive && session.isInteractive() && settings.connectUser)
     settings.connectUser(session);
   Json info = Json::object();
   const auto readOnly = [&](const std::function<void()>& work) {

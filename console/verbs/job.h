@@ -28,7 +28,7 @@ struct Job {
   // Takes the report of the reading, whose issues are not listed then; may be empty.
   std::function<void(const drawing::Report&)> readReport = nullptr;
   std::function<void(Session&)> before = nullptr; // checks what can be checked before anything is read; may be empty
-  bool asks = false;                              // the user is asked for what is not given
+  bool isInteractive = false;                     // the user is asked for what is not given
 };
 
 // Reads, works, writes, and prints one JSON object when that was asked for.

@@ -9,7 +9,7 @@ namespace drawing::dxf {
 
 namespace {
 
-constexpr std::uint32_t kUnasked = 0xFFFFFFFF;
+constexpr std::uint32_t kNotConverted = 0xFFFFFFFF;
 constexpr std::uint32_t kNone = 0xFFFFFFFE;
 constexpr int kIso = 28590;
 constexpr int kMacintosh = 10000;
@@ -192,7 +192,7 @@ std::size_t convert(void* converter, std::string_view in, char* out, std::size_t
 } // namespace
 
 // The one character that a code stands for.
-std::uint32_t CodePage::ask(std::string_view code) const {
+std::uint32_t CodePage::toUtf32(std::string_view code) const {
   unsigned char out[16];
   if (convert(toUnicode_, code, reinterpret_cast<char*>(out), sizeof out) != 4)
     return kNone;
@@ -201,35 +201,35 @@ std::uint32_t CodePage::ask(std::string_view code) const {
   return value < 0x80 ? kNone : value; // ASCII in disguise could forge an escape and would come back as another byte
 }
 
-std::uint32_t CodePage::askCached(std::unique_ptr<Row>& row, std::string_view code) const {
+std::uint32_t CodePage::cachedToUtf32(std::unique_ptr<Row>& row, std::string_view code) const {
   if (row == nullptr) {
     row = std::make_unique<Row>();
-    row->fill(kUnasked);
+    row->fill(kNotConverted);
   }
   std::uint32_t& known = (*row)[static_cast<unsigned char>(code.back())];
-  if (known == kUnasked)
-    known = ask(code);
+  if (known == kNotConverted)
+    known = toUtf32(code);
   return known;
 }
 
 CodePage::Character CodePage::decode(std::string_view bytes) {
   if (bytes.empty())
     return {};
-  const std::uint32_t single = askCached(singles_, bytes.substr(0, 1));
+  const std::uint32_t single = cachedToUtf32(singles_, bytes.substr(0, 1));
   if (single != kNone)
     return {single, 1};
   if (longest_ < 2 || bytes.size() < 2)
     return {};
-  const std::uint32_t pair = askCached(pairs_[static_cast<unsigned char>(bytes[0])], bytes.substr(0, 2));
+  const std::uint32_t pair = cachedToUtf32(pairs_[static_cast<unsigned char>(bytes[0])], bytes.substr(0, 2));
   if (pair != kNone)
     return {pair, 2};
   if (longest_ < 4 || bytes.size() < 4)
     return {};
-  const std::uint32_t four = ask(bytes.substr(0, 4));
+  const std::uint32_t four = toUtf32(bytes.substr(0, 4));
   return four == kNone ? Character() : Character{four, 4};
 }
 
-CodePage::Code CodePage::askCode(std::uint32_t ch) {
+CodePage::Code CodePage::codeFor(std::uint32_t ch) {
   const unsigned char in[4] = {static_cast<unsigned char>(ch), static_cast<unsigned char>(ch >> 8),
                                static_cast<unsigned char>(ch >> 16), static_cast<unsigned char>(ch >> 24)};
   char out[16];
@@ -247,7 +247,7 @@ CodePage::Code CodePage::askCode(std::uint32_t ch) {
 CodePage::Code CodePage::encode(std::uint32_t ch) {
   const auto [at, isNew] = codes_.try_emplace(ch);
   if (isNew)
-    at->second = askCode(ch);
+    at->second = codeFor(ch);
   return at->second;
 }
 

@@ -43,9 +43,9 @@ public:
 private:
   using Row = std::array<std::uint32_t, 256>;
 
-  std::uint32_t ask(std::string_view code) const;
-  std::uint32_t askCached(std::unique_ptr<Row>& row, std::string_view code) const;
-  Code askCode(std::uint32_t character);
+  std::uint32_t toUtf32(std::string_view code) const;
+  std::uint32_t cachedToUtf32(std::unique_ptr<Row>& row, std::string_view code) const;
+  Code codeFor(std::uint32_t character);
 
   void* toUnicode_;
   void* fromUnicode_;

@@ -17,7 +17,7 @@ int fail(const std::string& why) {
   return EXIT_FAILURE;
 }
 
-OdString ask(morvane::Host& host, const wchar_t* prompt) {
+OdString promptForText(morvane::Host& host, const wchar_t* prompt) {
   OdString answer;
   host.input().getString(true, prompt, answer); // empty when it was cancelled
   return answer;
@@ -35,8 +35,8 @@ OdDbObjectIdArray objectsOnLayer(OdDbDatabase& database, OdDbObjectId layer) {
 }
 
 int makeBlock(morvane::Host& host, OdDbDatabase& database) {
-  const OdDbObjectId layer = database.symbol(OdDb::kLayerTable, ask(host, L"Layer: "));
-  const OdString name = ask(host, L"Block name: ");
+  const OdDbObjectId layer = database.symbol(OdDb::kLayerTable, promptForText(host, L"Layer: "));
+  const OdString name = promptForText(host, L"Block name: ");
   bool hasNoUtf8 = false;
   if (!blockUtils::isLigitimacyName(name, hasNoUtf8))
     return fail("a block cannot have that name");

@@ -129,7 +129,8 @@ void InputEngine::dropRestOfLine() {
 
 // Asks until there is an answer, a keyword, a permitted empty answer or a cancel. An end of input is a cancel, so that
 // no caller asks for ever.
-InputEngine::Verdict InputEngine::ask(const Armed& armed, const OdString& prompt, Extent extent, std::wstring& answer) {
+InputEngine::Verdict InputEngine::promptOnce(const Armed& armed, const OdString& prompt, Extent extent,
+                                             std::wstring& answer) {
   for (;;) {
     const ReadStatus status = readRaw(prompt, extent, answer);
     if (status == ReadStatus::kEnd)
@@ -161,7 +162,7 @@ int InputEngine::getText(Extent extent, const OdString& prompt, OdString& result
   const Armed armed = takeArmed();
   result.empty();
   std::wstring answer;
-  switch (ask(armed, prompt, extent, answer)) {
+  switch (promptOnce(armed, prompt, extent, answer)) {
   case Verdict::kCancel:
     return RTCAN;
   case Verdict::kEmpty:
@@ -177,7 +178,7 @@ int InputEngine::getText(Extent extent, const OdString& prompt, OdString& result
 int InputEngine::getKeyword(const OdString& prompt, OdString& result) {
   result.empty();
   OdString keyword;
-  const int code = askValue(prompt, texts::kNoSuchKeyword, [](const Armed&, const std::wstring&) { return false; });
+  const int code = promptValue(prompt, texts::kNoSuchKeyword, [](const Armed&, const std::wstring&) { return false; });
   if (code == RTKWORD) {
     result = lastKeyword_;
     return RTNORM;
@@ -186,11 +187,11 @@ int InputEngine::getKeyword(const OdString& prompt, OdString& result) {
 }
 
 // Asks until `accept` takes the text or it is a keyword. RTNORM for an accepted text, RTKWORD with lastKeyword_ set.
-int InputEngine::askValue(const OdString& prompt, const OdString& complaint, const Accept& accept) {
+int InputEngine::promptValue(const OdString& prompt, const OdString& complaint, const Accept& accept) {
   const Armed armed = takeArmed();
   for (;;) {
     std::wstring answer;
-    const Verdict verdict = ask(armed, prompt, Extent::kToBlankInScripts, answer);
+    const Verdict verdict = promptOnce(armed, prompt, Extent::kToBlankInScripts, answer);
     if (verdict == Verdict::kCancel)
       return RTCAN;
     const std::wstring text = verdict == Verdict::kText ? trimmed(answer) : answer;
@@ -207,7 +208,7 @@ int InputEngine::askValue(const OdString& prompt, const OdString& complaint, con
 }
 
 int InputEngine::getPoint(const OdString& prompt, double* result) {
-  return askValue(prompt, texts::kInvalidPoint, [&](const Armed& armed, const std::wstring& text) {
+  return promptValue(prompt, texts::kInvalidPoint, [&](const Armed& armed, const std::wstring& text) {
     const auto point = input::parsePoint(text, lastPointWcs_, frame_);
     if (!point || (!armed.has(kUnchecked) && !insideLimits(point->data())))
       return false;
@@ -218,7 +219,7 @@ int InputEngine::getPoint(const OdString& prompt, double* result) {
 }
 
 int InputEngine::getReal(const OdString& prompt, double& result) {
-  return askValue(prompt, texts::kInvalidNumber, [&](const Armed&, const std::wstring& text) {
+  return promptValue(prompt, texts::kInvalidNumber, [&](const Armed&, const std::wstring& text) {
     const auto number = parseDistance(text);
     result = number.value_or(result);
     return number.has_value();

@@ -81,13 +81,13 @@ int MessageBoxes::showOnCommandLine(const MessageBox& box) {
   output.print(L"\n[" + printable(box.caption) + L"]\n" + printable(box.body));
   for (std::size_t at = 0; at < box.buttons.size(); ++at)
     output.print(OdString(L"\n  " + std::to_wstring(at + 1) + L". ") + labelText(readLabel(box.buttons[at])));
-  if (isQuestion(box) && asks_)
-    return askOnCommandLine(box);
+  if (isQuestion(box) && interactive_)
+    return promptOnCommandLine(box);
   output.print(L"\n");
   return box.buttons.size() == 1 ? 0 : kClosed; // a box with one button is a notice
 }
 
-int MessageBoxes::askOnCommandLine(const MessageBox& box) {
+int MessageBoxes::promptOnCommandLine(const MessageBox& box) {
   OdString answer;
   while (host_.input().getString(false, texts::kChooseButton, answer) == RTNORM) {
     const int button = buttonOf(box.buttons, answer);

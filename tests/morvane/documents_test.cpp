@@ -389,7 +389,7 @@ TEST(MessageBox, InAScriptAWrongAnswerClosesItAndNothingIsAskedWhereNobodyAnswer
   const morvane::MessageBox question{L"Caption", L"A\x1b[31m\nB", {L"是", L"否"}};
   boxes.show(question);
   boxes.show(question);
-  boxes.setAsks(false);
+  boxes.setInteractive(false);
   host.takeOutput();
   boxes.show(question);
   boxes.show({L"Notice", L"text", {L"关闭(&C)"}});

@@ -20,7 +20,7 @@ struct Asked {
   OdString text;
 };
 
-Asked askKeyword(int flags, const wchar_t* keywords, int capacity = 64) {
+Asked promptKeyword(int flags, const wchar_t* keywords, int capacity = 64) {
   wchar_t buffer[64] = {};
   const auto input = service();
   input->mvsiedInitGet(flags, keywords);
@@ -28,14 +28,14 @@ Asked askKeyword(int flags, const wchar_t* keywords, int capacity = 64) {
   return {code, buffer};
 }
 
-Asked askText(int allowSpaces) {
+Asked promptText(int allowSpaces) {
   static wchar_t buffer[morvane::kLongestAnswer + 1];
   const int code = service()->mvsiedGetString(allowSpaces, L"\n?: ", buffer);
   return {code, buffer};
 }
 
 // The answer, or 7,7,7 where none is written.
-OdGePoint3d askPoint(int code = RTNORM) {
+OdGePoint3d promptPoint(int code = RTNORM) {
   double point[3] = {7, 7, 7};
   EXPECT_EQ(service()->mvsiedGetPoint(nullptr, L"\nPoint: ", point), code);
   return {point[0], point[1], point[2]};
@@ -65,15 +65,15 @@ TEST(Keywords, MatchByCapitalsAndAnswerGlobalNames) {
   for (const auto& [list, answers] : cases) {
     for (const auto& [typed, global] : answers) {
       ScriptedHost host({typed});
-      EXPECT_EQ(askKeyword(128, list).text, global == none ? typed : global) << list << ' ' << typed;
+      EXPECT_EQ(promptKeyword(128, list).text, global == none ? typed : global) << list << ' ' << typed;
     }
   }
 }
 
 TEST(Input, KeywordsAreArmedForOneInputOnly) {
   ScriptedHost host({L"y", L"maybe", L"y"});
-  EXPECT_EQ(askKeyword(128, L"Yes No").text, L"Yes");
-  EXPECT_EQ(askKeyword(128, L"Yes No").text, L"maybe");
+  EXPECT_EQ(promptKeyword(128, L"Yes No").text, L"Yes");
+  EXPECT_EQ(promptKeyword(128, L"Yes No").text, L"maybe");
   wchar_t buffer[8] = L"?";
   EXPECT_EQ(service()->mvsiedGetKword(L"?", buffer, 8), RTCAN); // "y" is no keyword any more, then the input ends
   EXPECT_STREQ(buffer, L"");
@@ -81,25 +81,25 @@ TEST(Input, KeywordsAreArmedForOneInputOnly) {
 
 TEST(Input, EmptyAnswersFollowTheFlag) {
   ScriptedHost host({L"", L"", L"", L"n"});
-  EXPECT_EQ(askKeyword(0, L"Yes No").code, RTNONE);
-  EXPECT_EQ(askKeyword(1, L"Yes No").text, L"No");
-  EXPECT_EQ(askText(1).code, RTCAN);
+  EXPECT_EQ(promptKeyword(0, L"Yes No").code, RTNONE);
+  EXPECT_EQ(promptKeyword(1, L"Yes No").text, L"No");
+  EXPECT_EQ(promptText(1).code, RTCAN);
 }
 
 TEST(Input, EndAndEscapeAreCancelsAndNeverLoops) {
   ScriptedHost host({L"\x1b", L"x"});
-  EXPECT_EQ(askKeyword(1, L"Yes No").code, RTCAN);
+  EXPECT_EQ(promptKeyword(1, L"Yes No").code, RTCAN);
   EXPECT_FALSE(host.host().input().endedInPrompt());
-  EXPECT_EQ(askKeyword(1, L"Yes No").code, RTCAN); // "x" is refused, then nothing is left
+  EXPECT_EQ(promptKeyword(1, L"Yes No").code, RTCAN); // "x" is refused, then nothing is left
   EXPECT_TRUE(host.host().input().endedInPrompt());
-  EXPECT_EQ(askPoint(RTCAN).x, 7);
-  EXPECT_EQ(askText(0).code, RTCAN);
+  EXPECT_EQ(promptPoint(RTCAN).x, 7);
+  EXPECT_EQ(promptText(0).code, RTCAN);
 }
 
 TEST(Input, AnswersAreCutToTheBuffer) {
   ScriptedHost host({L"abcdefgh", OdString(L'x', 5000), L"a"});
-  EXPECT_EQ(askKeyword(128, nullptr, 4).text, L"abc");
-  EXPECT_EQ(askText(1).text.getLength(), morvane::kLongestAnswer);
+  EXPECT_EQ(promptKeyword(128, nullptr, 4).text, L"abc");
+  EXPECT_EQ(promptText(1).text.getLength(), morvane::kLongestAnswer);
   wchar_t untouched = L'u';
   EXPECT_EQ(service()->mvsiedGetKword(L"?", &untouched, 0), RTERROR);
   EXPECT_EQ(service()->mvsiedGetKword(L"?", nullptr, 9), RTERROR);
@@ -110,14 +110,14 @@ TEST(Input, BlanksEndAnswersInScriptsUnlessTheyAreAllowed) {
   ScriptedHost host;
   host.answerFromScript("\xEF\xBB\xBF; a comment\r\none two\r\nall of this\n1,2 y \nlast");
   EXPECT_TRUE(qzutads::isCalledByScript());
-  EXPECT_EQ(askText(0).text, L"one");
-  EXPECT_EQ(askText(0).text, L"two");
-  EXPECT_EQ(askText(1).text, L"all of this");
-  EXPECT_EQ(askPoint().y, 2);
-  EXPECT_EQ(askKeyword(0, L"Yes No").text, L"Yes");
-  EXPECT_EQ(askText(0).code, RTNONE); // the blank before the end of the line was an Enter
-  EXPECT_EQ(askText(0).text, L"last");
-  EXPECT_EQ(askText(0).code, RTCAN);
+  EXPECT_EQ(promptText(0).text, L"one");
+  EXPECT_EQ(promptText(0).text, L"two");
+  EXPECT_EQ(promptText(1).text, L"all of this");
+  EXPECT_EQ(promptPoint().y, 2);
+  EXPECT_EQ(promptKeyword(0, L"Yes No").text, L"Yes");
+  EXPECT_EQ(promptText(0).code, RTNONE); // the blank before the end of the line was an Enter
+  EXPECT_EQ(promptText(0).text, L"last");
+  EXPECT_EQ(promptText(0).code, RTCAN);
 }
 
 TEST(Input, QuotesHoldNamesWithBlanksTogether) {
@@ -135,33 +135,33 @@ TEST(Input, PipedScriptsHoldCommentsAndARestCanBeDropped) {
   ScriptedHost host;
   std::istringstream pipe("\xEF\xBB\xBF; a comment\none two three\n;\nfour\n");
   host.host().input().pushSource(std::make_shared<morvane::StreamSource>(pipe, true));
-  EXPECT_EQ(askText(0).text, L"one");
+  EXPECT_EQ(promptText(0).text, L"one");
   host.host().input().dropRestOfLine();
-  EXPECT_EQ(askText(0).text, L"four");
-  EXPECT_EQ(askText(0).code, RTCAN);
+  EXPECT_EQ(promptText(0).text, L"four");
+  EXPECT_EQ(promptText(0).code, RTCAN);
 }
 
 TEST(Input, TypedLinesEndOnlyAtEnterWhereSpacesCount) {
   ScriptedHost host({L"two words", L"two words", L"1' 6,  2 1/2"});
   EXPECT_FALSE(qzutads::isCalledByScript());
-  EXPECT_EQ(askText(1).text, L"two words");
-  EXPECT_EQ(askText(0).text, L"two");
-  EXPECT_EQ(askText(0).text, L"words");
-  EXPECT_EQ(askPoint(), OdGePoint3d(18, 2.5, 0));
+  EXPECT_EQ(promptText(1).text, L"two words");
+  EXPECT_EQ(promptText(0).text, L"two");
+  EXPECT_EQ(promptText(0).text, L"words");
+  EXPECT_EQ(promptPoint(), OdGePoint3d(18, 2.5, 0));
 }
 
 TEST(Input, GoesOnWithTheSourceBelowWhenAScriptEnds) {
   ScriptedHost host({L"typed"});
   host.host().input().pushSource(std::make_shared<morvane::ScriptSource>("scripted"));
-  EXPECT_EQ(askText(1).text, L"scripted");
-  EXPECT_EQ(askText(1).text, L"typed");
+  EXPECT_EQ(promptText(1).text, L"scripted");
+  EXPECT_EQ(promptText(1).text, L"typed");
   std::istringstream pipe("piped\r\n");
   host.host().input().pushSource(std::make_shared<morvane::StreamSource>(pipe, false));
-  EXPECT_EQ(askText(1).text, L"piped");
+  EXPECT_EQ(promptText(1).text, L"piped");
   // A script that ends inside a prompt leaves the rules of its lines behind.
   host.answerWith({L"1, 2"});
   host.host().input().pushSource(std::make_shared<morvane::ScriptSource>(""));
-  EXPECT_EQ(askPoint().y, 2);
+  EXPECT_EQ(promptPoint().y, 2);
   EXPECT_EQ(morvane::ScriptSource::fromFile("."), nullptr);
   EXPECT_EQ(morvane::ScriptSource::fromFile("./no such file"), nullptr);
 }
@@ -197,13 +197,13 @@ TEST(Points, AreReadInTheUcs) {
   host.host().input().setFrame(&frame);
   for (const auto& one : cases) { // each starts from where the one before ended
     host.answerWith({one.typed});
-    EXPECT_LE(askPoint().distanceTo(one.point), 1e-9) << one.typed;
+    EXPECT_LE(promptPoint().distanceTo(one.point), 1e-9) << one.typed;
   }
 }
 
 TEST(Points, RefuseOtherTextAndAskAgain) {
   ScriptedHost host({L"1", L"1,2,3,4", L",", L"1,inf", L"a<5", L"1<", L"@@1,2", L"1e308<0,1e999", L"5,6"});
-  EXPECT_EQ(askPoint().x, 5);
+  EXPECT_EQ(promptPoint().x, 5);
   EXPECT_EQ(host.takeOutput().str().substr(0, 28), L"\nPoint: \nThat is not a point");
 }
 
@@ -213,19 +213,19 @@ TEST(Points, KeywordsAndFreeTextComeThrough) {
   for (const auto& [flags, capacity, word] : words) {
     wchar_t text[16] = {};
     service()->mvsiedInitGet(flags, L"Undo");
-    askPoint(RTKWORD);
+    promptPoint(RTKWORD);
     EXPECT_EQ(mvsi::mvsiedGetInput(text, capacity), RTNORM);
     EXPECT_STREQ(text, word);
   }
-  askPoint();
+  promptPoint();
 }
 
 TEST(Points, OutsideTheLimitsNeedTheUncheckedFlag) {
   ScriptedHost host({L"50,0", L"5,0", L"50,0"});
   host.host().input().setLimits([](const double* point) { return point[0] < 10; });
-  EXPECT_EQ(askPoint().x, 5);
+  EXPECT_EQ(promptPoint().x, 5);
   service()->mvsiedInitGet(8, nullptr);
-  EXPECT_EQ(askPoint().x, 50);
+  EXPECT_EQ(promptPoint().x, 50);
 }
 
 } // namespace

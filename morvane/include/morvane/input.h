@@ -127,8 +127,8 @@ private:
   using Accept = std::function<bool(const Armed&, const std::wstring&)>;
   Armed takeArmed();
   int getText(Extent extent, const OdString& prompt, OdString& result);
-  Verdict ask(const Armed& armed, const OdString& prompt, Extent extent, std::wstring& answer);
-  int askValue(const OdString& prompt, const OdString& complaint, const Accept& accept);
+  Verdict promptOnce(const Armed& armed, const OdString& prompt, Extent extent, std::wstring& answer);
+  int promptValue(const OdString& prompt, const OdString& complaint, const Accept& accept);
   ReadStatus readRaw(const OdString& prompt, Extent extent, std::wstring& answer);
   bool insideLimits(const double* pointUcs) const;
 

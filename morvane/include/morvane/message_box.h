@@ -50,8 +50,8 @@ public:
   using Watch = std::function<void(const MessageBox&, int pressed)>;
   void setWatch(Watch watch) { watch_ = std::move(watch); }
   // Where nobody answers, questions are shown on the command line and closed without a choice.
-  void setAsks(bool asks) { asks_ = asks; }
-  bool asks() const { return asks_; }
+  void setInteractive(bool interactive) { interactive_ = interactive; }
+  bool asks() const { return interactive_; }
   static bool isQuestion(const MessageBox& box) { return box.buttons.size() > 1; }
 
   // For its lifetime boxes are put into `seen` and closed, unshown and untold.
@@ -70,11 +70,11 @@ public:
 
 private:
   int showOnCommandLine(const MessageBox& box);
-  int askOnCommandLine(const MessageBox& box);
+  int promptOnCommandLine(const MessageBox& box);
   Host& host_;
   Show show_;
   Watch watch_;
-  bool asks_ = true;
+  bool interactive_ = true;
 };
 
 // The button that an answer presses: its number from 1, its letter, or its label without mark and letter, ignoring
