@@ -6,18 +6,18 @@ namespace console {
 
 BlockOptions rememberedBlockOptions() {
   BlockOptions options;
-  int afterwards = 0, noValue = 0;
-  registerFun::getRegistedOptions(options.basePointOnScreen, options.explodable, options.objectsOnScreen, afterwards,
+  int sourceObjects = 0, noValue = 0;
+  registerFun::getRegistedOptions(options.basePointOnScreen, options.explodable, options.objectsOnScreen, sourceObjects,
                                   options.openInEditor, noValue, options.uniform);
-  constexpr int kLast = static_cast<int>(Afterwards::Delete);
-  if (afterwards >= 0 && afterwards <= kLast) // a file that somebody wrote may hold anything
-    options.afterwards = static_cast<Afterwards>(afterwards);
+  constexpr int kLast = static_cast<int>(SourceObjects::Delete);
+  if (sourceObjects >= 0 && sourceObjects <= kLast) // a file that somebody wrote may hold anything
+    options.sourceObjects = static_cast<SourceObjects>(sourceObjects);
   return options;
 }
 
 void rememberBlockOptions(const BlockOptions& options) {
   registerFun::setRegistedOptions(options.basePointOnScreen, options.explodable, options.objectsOnScreen,
-                                  static_cast<int>(options.afterwards), options.openInEditor, options.uniform);
+                                  static_cast<int>(options.sourceObjects), options.openInEditor, options.uniform);
 }
 
 } // namespace console

@@ -75,12 +75,12 @@ void eraseAll(const OdDbObjectIdArray& ids) {
 void reportBlockMade(Session& session, const BlockRequest& request, const BlockMade& made) {
   session.result(made.redefined ? MessageId::kBlockRedefined : MessageId::kBlockMade,
                  {request.name, count(made.objects)});
-  reportSourceObjects(session, request.afterwards);
+  reportSourceObjects(session, request.sourceObjects);
 }
 
-void reportSourceObjects(Session& session, Afterwards afterwards) {
+void reportSourceObjects(Session& session, SourceObjects sourceObjects) {
   const MessageId texts[] = {MessageId::kKept, MessageId::kConverted, MessageId::kDeleted};
-  session.print(texts[static_cast<std::size_t>(afterwards)]);
+  session.print(texts[static_cast<std::size_t>(sourceObjects)]);
 }
 
 BlockMade makeBlock(Session& session, const BlockRequest& request) {
@@ -110,9 +110,9 @@ BlockMade makeBlock(Session& session, const BlockRequest& request) {
 
   // Moving there and back may have left traces in the last digits.
   database.restoreFromUndo(taken);
-  if (request.afterwards != Afterwards::Keep)
+  if (request.sourceObjects != SourceObjects::Keep)
     eraseAll(taken);
-  if (request.afterwards == Afterwards::Convert)
+  if (request.sourceObjects == SourceObjects::Convert)
     made.reference = placeReference(database, request, made.block, frame);
   return made;
 }

@@ -19,7 +19,7 @@ struct BlockRequest {
   OdGePoint3d basePointUcs;
   OdDbObjectIdArray ids; // of one space, as objectsForBlock answers them; none for a block without contents
   OdDbObjectId space;    // where a reference is placed
-  Afterwards afterwards = Afterwards::Convert;
+  SourceObjects sourceObjects = SourceObjects::Convert;
   bool redefine = false;
   OdString description;
   std::optional<OdDb::UnitsValue> units; // nothing: those of the drawing
@@ -49,7 +49,7 @@ void refuseNonDefinition(const OdDbBlockTableRecord& block);
 // Runs inside a step that changes the drawing: whoever catches the Failure takes the step back.
 BlockMade makeBlock(Session& session, const BlockRequest& request);
 // The results, for whoever knows that they will last.
-void reportSourceObjects(Session& session, Afterwards afterwards);
+void reportSourceObjects(Session& session, SourceObjects sourceObjects);
 void reportBlockMade(Session& session, const BlockRequest& request, const BlockMade& made);
 
 } // namespace console

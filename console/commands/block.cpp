@@ -100,7 +100,7 @@ void block(CommandContext& context) {
   request.basePointUcs = promptBasePoint(session, options);
   request.ids = objectsForBlock(session, request.name, promptObjects(session)).ids;
   request.space = qzutads::currentSpaceId();
-  request.afterwards = options.afterwards = askAfterwards(session, options.afterwards);
+  request.sourceObjects = options.sourceObjects = promptSourceObjects(session, options.sourceObjects);
   request.explodable = options.explodable != 0;
   request.scalesUniformly = options.uniform != 0;
   const BlockMade made = makeBlock(session, request);

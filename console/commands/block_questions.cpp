@@ -31,15 +31,15 @@ bool promptRedefine(Session& session, const OdString& name) {
   return true;
 }
 
-Afterwards askAfterwards(Session& session, Afterwards usual) {
+SourceObjects promptSourceObjects(Session& session, SourceObjects usual) {
   constexpr std::array<const wchar_t*, 3> kNames = {L"Keep", L"Convert", L"Delete"};
   const OdString usualName = kNames[static_cast<std::size_t>(usual)];
   const OdString answer =
-      promptKeyword(session, MessageId::kKeywordsAfterwards, MessageId::kPromptAfterwards, {usualName})
+      promptKeyword(session, MessageId::kKeywordsSourceObjects, MessageId::kPromptSourceObjects, {usualName})
           .value_or(usualName);
   for (std::size_t at = 0; at < kNames.size(); ++at) {
     if (answer == kNames[at])
-      return static_cast<Afterwards>(at);
+      return static_cast<SourceObjects>(at);
   }
   return usual;
 }

@@ -11,7 +11,7 @@ namespace console::commands {
 OdString promptNameOrList(Session& session, MessageId prompt);
 // Whether there is a definition of that name and the user wants it replaced; a no cancels the command.
 bool promptRedefine(Session& session, const OdString& name);
-Afterwards askAfterwards(Session& session, Afterwards usual);
+SourceObjects promptSourceObjects(Session& session, SourceObjects usual);
 // Opens the contents of the block until BCLOSE.
 void openEditor(CommandContext& context, OdDbObjectId block);
 

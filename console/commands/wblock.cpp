@@ -19,7 +19,7 @@ namespace {
 // What happens to the objects once they are written.
 struct Plan {
   BlockFileRequest file;
-  Afterwards afterwards = Afterwards::Keep;
+  SourceObjects sourceObjects = SourceObjects::Keep;
   BlockRequest block; // when a reference is to take their place
 };
 
@@ -52,7 +52,7 @@ void planBlock(Session& session, Plan& plan, OdDbObjectIdArray& ids) {
   plan.block.ids = ids;
   plan.block.basePointUcs = *plan.file.basePoint;
   plan.block.space = qzutads::currentSpaceId();
-  plan.block.afterwards = Afterwards::Convert;
+  plan.block.sourceObjects = SourceObjects::Convert;
 }
 
 void planObjects(Session& session, Plan& plan) {
@@ -60,10 +60,10 @@ void planObjects(Session& session, Plan& plan) {
     throw OdError(eInvalidInput);
   plan.file.basePoint = promptPoint(session, MessageId::kPromptBasePoint).value_or(OdGePoint3d());
   OdDbObjectIdArray ids = promptSelection(session);
-  plan.afterwards = askAfterwards(session, Afterwards::Keep);
-  if (plan.afterwards == Afterwards::Convert)
+  plan.sourceObjects = promptSourceObjects(session, SourceObjects::Keep);
+  if (plan.sourceObjects == SourceObjects::Convert)
     planBlock(session, plan, ids);
-  else if (plan.afterwards == Afterwards::Delete)
+  else if (plan.sourceObjects == SourceObjects::Delete)
     leaveOutLocked(session, ids);
   plan.file.source = ids;
 }
@@ -81,14 +81,14 @@ std::optional<OdDb::UnitsValue> promptUnits(Session& session, const Plan& plan) 
 }
 
 void handleSourceObjects(Session& session, Plan& plan, const OdDbObjectIdArray& written) {
-  if (plan.afterwards == Afterwards::Convert) {
+  if (plan.sourceObjects == SourceObjects::Convert) {
     plan.block.units = plan.file.units;
     makeBlock(session, plan.block);
-  } else if (plan.afterwards == Afterwards::Delete) {
+  } else if (plan.sourceObjects == SourceObjects::Delete) {
     for (const OdDbObjectId id : written)
       id.safeOpenObject(OdDb::kForWrite)->erase();
   }
-  reportSourceObjects(session, plan.afterwards);
+  reportSourceObjects(session, plan.sourceObjects);
 }
 
 } // namespace

@@ -47,7 +47,7 @@ struct TranscriptEntry {
 
 class Session;
 
-enum class Afterwards { Keep, Convert, Delete };
+enum class SourceObjects { Keep, Convert, Delete };
 
 struct SessionOptions {
   morvane::HostOptions host;

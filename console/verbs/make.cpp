@@ -105,7 +105,7 @@ void Make::check() {
   selectors_.check();
   request_.name = OdString::fromUtf8(typed_.name);
   request_.description = OdString::fromUtf8(typed_.description);
-  request_.afterwards = keep_ ? Afterwards::Keep : delete_ ? Afterwards::Delete : Afterwards::Convert;
+  request_.sourceObjects = keep_ ? SourceObjects::Keep : delete_ ? SourceObjects::Delete : SourceObjects::Convert;
   if (!selectors_.areGiven())
     throw Failure{Status::Usage, {MessageId::kNoSelector, {}}};
 }
