@@ -60,8 +60,8 @@ OdString besideDrawing(Session& session, const OdString& name) {
 
 void refuseOpenDrawing(Session& session, const std::string& path) {
   const auto isThat = [&](const OpenDrawing& open) { return !open.path.empty() && isSameFile(open.path, path); };
-  const auto& others = session.others();
-  if (isThat(session.drawing()) || std::any_of(others.begin(), others.end(), isThat))
+  const auto& background = session.backgroundDrawings();
+  if (isThat(session.drawing()) || std::any_of(background.begin(), background.end(), isThat))
     refuse(MessageId::kTargetIsOpen, {OdString::fromUtf8(path)});
 }
 

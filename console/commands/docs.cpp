@@ -40,7 +40,7 @@ void open(Session& session) {
   const std::string file = path->toUtf8Lossless();
   if (const mvsi::MvsiApDocument* present = qzutads::findDwgDoc(session.host().paths().toDrawing(file)))
     return switchTo(session, *present);
-  session.setAside();
+  session.pushCurrent();
   try {
     openDrawing(session, file);
   } catch (...) {
@@ -60,7 +60,7 @@ void promptSwitch(Session& session) {
 }
 
 void close(Session& session) {
-  if (session.others().empty())
+  if (session.backgroundDrawings().empty())
     refuse(MessageId::kOnlyDoc);
   promptToDiscardChanges(session);
   session.closeCurrent();

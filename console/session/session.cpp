@@ -69,7 +69,7 @@ Session::Session(SessionOptions options)
 }
 
 Session::~Session() {
-  for (const OpenDrawing& other : others_)
+  for (const OpenDrawing& other : backgroundDrawings_)
     host_.documents().close(other.document.get());
   host_.documents().close(drawing_.document.get());
 }
@@ -147,29 +147,29 @@ void Session::replaceDrawing(const OdDbDatabasePtr& database, const std::string&
 
 bool Session::isAnyModified() const {
   const auto isModified = [](const OpenDrawing& drawing) { return drawing.document->isModified(); };
-  return isModified(drawing_) || std::any_of(others_.begin(), others_.end(), isModified);
+  return isModified(drawing_) || std::any_of(backgroundDrawings_.begin(), backgroundDrawings_.end(), isModified);
 }
 
-void Session::setAside() {
-  others_.push_back(std::move(drawing_));
+void Session::pushCurrent() {
+  backgroundDrawings_.push_back(std::move(drawing_));
   drawing_ = {};
   replaceDrawing(OdDbDatabase::create(), {}, false);
 }
 
 void Session::switchTo(const mvsi::MvsiApDocument& document) {
-  const auto wanted = std::find_if(others_.begin(), others_.end(),
+  const auto wanted = std::find_if(backgroundDrawings_.begin(), backgroundDrawings_.end(),
                                    [&document](const OpenDrawing& other) { return other.document.get() == &document; });
   OpenDrawing next = std::move(*wanted);
-  others_.erase(wanted);
-  others_.push_back(std::move(drawing_));
+  backgroundDrawings_.erase(wanted);
+  backgroundDrawings_.push_back(std::move(drawing_));
   drawing_ = std::move(next);
   host_.documents().setCurrent(drawing_.document.get());
 }
 
 void Session::closeCurrent() {
   const mvsi::MvsiApDocumentPtr closed = drawing_.document;
-  drawing_ = std::move(others_.back());
-  others_.pop_back();
+  drawing_ = std::move(backgroundDrawings_.back());
+  backgroundDrawings_.pop_back();
   host_.documents().close(closed.get());
   host_.documents().setCurrent(drawing_.document.get());
 }

@@ -90,9 +90,9 @@ public:
   // In place of the drawing that was open.
   void replaceDrawing(const OdDbDatabasePtr& database, const std::string& path, bool repaired);
   // Drawings that are open beside the current one, the one that was current last at the end.
-  const std::vector<OpenDrawing>& others() const { return others_; }
+  const std::vector<OpenDrawing>& backgroundDrawings() const { return backgroundDrawings_; }
   bool isAnyModified() const;
-  void setAside();                                     // and a new drawing is current
+  void pushCurrent();                                  // and a new drawing is current
   void switchTo(const mvsi::MvsiApDocument& document); // one of the others
   void closeCurrent();                                 // the last of the others, of which there must be one, is current
   // The drawing now is that file.
@@ -119,7 +119,7 @@ private:
   std::function<void(const OdString&)> results_;
   drawing::ReadOptions reading_;
   OpenDrawing drawing_;
-  std::vector<OpenDrawing> others_;
+  std::vector<OpenDrawing> backgroundDrawings_;
   std::vector<TranscriptEntry> transcript_;
   std::optional<BoxCatalogue> catalogue_; // made with the first box
   std::vector<drawing::Issue> issues_;

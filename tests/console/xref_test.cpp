@@ -180,7 +180,7 @@ TEST_F(XrefCommand, SeveralDrawingsAreOpenEachWithItsOwnSteps) {
   EXPECT_EQ(run("UNDO\n"), Status::Refused);                                                    // nothing was done here
   EXPECT_EQ(run("ERASE All\n\nDOCS Open " + scratch_.path("./main.dxf") + "\n"), Status::Done); // open already
   EXPECT_EQ(current(), L"main.dxf");
-  EXPECT_EQ(session_.session().others().size(), 1u);
+  EXPECT_EQ(session_.session().backgroundDrawings().size(), 1u);
   for (const char* wrong : {"DOCS Switch 3\n", "DOCS Switch 0\n", "DOCS Switch x\n", "QUIT\nNo\n"})
     EXPECT_NE(run(wrong), Status::Done) << wrong;
   EXPECT_EQ(run("DOCS Open " + scratch_.path("broken.dxf") + "\n"), Status::Unreadable);
@@ -190,7 +190,7 @@ TEST_F(XrefCommand, SeveralDrawingsAreOpenEachWithItsOwnSteps) {
   session_.takeShown();
   EXPECT_EQ(run("DOCS\n\nDOCS Close\nYes\nDOCS Close\n"), Status::Refused);
   EXPECT_EQ(current(), L"main.dxf");
-  EXPECT_TRUE(session_.session().others().empty());
+  EXPECT_TRUE(session_.session().backgroundDrawings().empty());
   EXPECT_EQ(session_.session().host().documents().all().size(), 1u);
 }
 
