@@ -76,12 +76,12 @@ OdDbObjectId definitionReferencedBy(OdDbObjectId reference) {
   return OdDbBlockReferencePtr(reference.safeOpenObject())->blockTableRecord();
 }
 
-void leaveOutCameras(Session& session, BlockObjects& objects) {
+void removeCameras(Session& session, BlockObjects& objects) {
   const std::size_t before = objects.ids.length();
   blockUtils::kickOutSomeKindOfObjs(objects.ids);
   objects.cameras = before - objects.ids.length();
   if (objects.cameras > 0)
-    session.print(MessageId::kCamerasLeftOut, {count(objects.cameras)});
+    session.print(MessageId::kCamerasSkipped, {count(objects.cameras)});
 }
 
 void refuseSelfReference(const OdString& name, OdDbObjectId block, const OdDbObjectIdArray& ids) {
@@ -120,7 +120,7 @@ BlockObjects objectsForBlock(Session& session, const OdString& name, const OdDbO
   objects.locked = picked.length() - static_cast<std::size_t>(left);
   if (objects.locked > 0 && objects.ids.isEmpty())
     refuse(MessageId::kAllLocked);
-  leaveOutCameras(session, objects);
+  removeCameras(session, objects);
   if (!picked.isEmpty() && objects.ids.isEmpty())
     refuse(MessageId::kAllDropped);
   OdDbObjectIdArray definitions;

@@ -190,8 +190,8 @@ void bindXref(Session& session, const OdDbBlockTableRecordPtr& xref) {
   const drawing::BoundXref bound = drawing::bindXref(session.database(), xref->objectId());
   if (!bound.isDone)
     refuse(MessageId::kXrefCannotBind, {name, bound.obstacle, xrefState(bound.status)});
-  for (const OdString& overlay : bound.leftOut)
-    session.print(MessageId::kXrefLeftOut, {name, overlay});
+  for (const OdString& overlay : bound.omittedOverlays)
+    session.print(MessageId::kXrefSkipped, {name, overlay});
   session.result(MessageId::kXrefBound, {name});
 }
 

@@ -39,7 +39,7 @@ public:
       refuseExisting();
     for (const LibraryEntry& entry : entries_)
       blocks_.push_back(writeOne(entry));
-    Json manifest = {{"version", 1}, {"drawing", session_.drawing().path}, {"blocks", blocks_}, {"leftOut", leftOut_}};
+    Json manifest = {{"version", 1}, {"drawing", session_.drawing().path}, {"blocks", blocks_}, {"leftOut", skipped_}};
     writeBytes(pathOf(kManifest), report::jsonText(manifest).toUtf8(), request_.each.mayReplace);
     return manifest;
   }
@@ -52,9 +52,9 @@ private:
       const OdDbBlockTableRecordPtr block = iterator->getRecordId().safeOpenObject();
       if (block->isLayout())
         continue;
-      if (const char* reason = reasonToLeaveOut(*block); reason != nullptr) {
-        leftOut_.push_back(nameAndHandle(*block));
-        leftOut_.back()["reason"] = reason;
+      if (const char* reason = reasonToSkip(*block); reason != nullptr) {
+        skipped_.push_back(nameAndHandle(*block));
+        skipped_.back()["reason"] = reason;
         continue;
       }
       const std::string name = names.add(block->getName()).toUtf8();
@@ -62,7 +62,7 @@ private:
     }
   }
 
-  const char* reasonToLeaveOut(const OdDbBlockTableRecord& block) const {
+  const char* reasonToSkip(const OdDbBlockTableRecord& block) const {
     if (block.isFromExternalReference() || block.isDependent())
       return "external reference";
     return block.isAnonymous() && !request_.withAnonymous ? "anonymous" : nullptr;
@@ -128,7 +128,7 @@ private:
   Session& session_;
   const LibraryRequest& request_;
   std::vector<LibraryEntry> entries_;
-  Json blocks_ = Json::array(), leftOut_ = Json::array();
+  Json blocks_ = Json::array(), skipped_ = Json::array();
 };
 
 } // namespace

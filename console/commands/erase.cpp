@@ -5,7 +5,7 @@ namespace console::commands {
 
 void erase(CommandContext& context) {
   OdDbObjectIdArray ids = promptSelection(context.session);
-  leaveOutLocked(context.session, ids);
+  removeLocked(context.session, ids);
   for (const OdDbObjectId id : ids)
     id.safeOpenObject(OdDb::kForWrite)->erase();
   context.session.print(MessageId::kErased, {count(static_cast<std::size_t>(ids.length()))});

@@ -65,7 +65,7 @@ void explodeOne(Session& session, OdDbObjectId id, const drawing::ExplodeOptions
 void explode(CommandContext& context) {
   Session& session = context.session;
   OdDbObjectIdArray ids = promptSelection(session);
-  leaveOutLocked(session, ids);
+  removeLocked(session, ids);
   drawing::ExplodeOptions options;
   if (std::any_of(ids.begin(), ids.end(), hasAttributes))
     options.attributesAsText = promptYesNo(session, MessageId::kPromptAttributesAsText);

@@ -64,7 +64,7 @@ void planObjects(Session& session, Plan& plan) {
   if (plan.sourceObjects == SourceObjects::Convert)
     planBlock(session, plan, ids);
   else if (plan.sourceObjects == SourceObjects::Delete)
-    leaveOutLocked(session, ids);
+    removeLocked(session, ids);
   plan.file.source = ids;
 }
 

@@ -162,7 +162,7 @@ constexpr CatalogEntry kCatalog[] = {
     CatalogEntry{MessageId::kNoSuchHandle, "select.unknown-handle",
                  L"No object to be selected has the handle \"{1}\". LIST shows the hexadecimal handles of all."},
     CatalogEntry{MessageId::kSpaceEmpty, "select.empty-space", L"There is nothing in the drawing to select."},
-    CatalogEntry{MessageId::kLockedLeftOut, "select.locked",
+    CatalogEntry{MessageId::kLockedSkipped, "select.locked",
                  L"{1} {1:object is|objects are} on locked layers and left out."},
     CatalogEntry{MessageId::kAllLocked, "select.all-locked", L"All selected objects are on locked layers."},
     CatalogEntry{MessageId::kErased, "erase.count", L"{1} {1:object|objects} erased."},
@@ -220,7 +220,7 @@ constexpr CatalogEntry kCatalog[] = {
     CatalogEntry{MessageId::kContainsItself, "block.contains-itself", L"The block \"{1}\" would contain itself: {2}."},
     CatalogEntry{MessageId::kChainStart, "block.chain-start", L"\"{1}\""},
     CatalogEntry{MessageId::kChainLink, "block.chain-link", L" contains \"{1}\" (reference {2})"},
-    CatalogEntry{MessageId::kCamerasLeftOut, "block.cameras", L"{1} {1:camera is|cameras are} left out."},
+    CatalogEntry{MessageId::kCamerasSkipped, "block.cameras", L"{1} {1:camera is|cameras are} left out."},
     CatalogEntry{
         MessageId::kDropped, "block.dropped",
         L"{1} {1:object|objects} of type {2} cannot be put into the block and {1:stays where it is|stay where they "
@@ -418,7 +418,7 @@ constexpr CatalogEntry kCatalog[] = {
     CatalogEntry{MessageId::kXrefDetached, "xref.detached",
                  L"External reference \"{1}\" detached; {2} {2:reference|references} erased."},
     CatalogEntry{MessageId::kXrefCannotBind, "xref.cannot-bind", L"\"{1}\" cannot be bound: \"{2}\" is {3}."},
-    CatalogEntry{MessageId::kXrefLeftOut, "xref.left-out", L"The overlay \"{2}\" in \"{1}\" is left out."},
+    CatalogEntry{MessageId::kXrefSkipped, "xref.left-out", L"The overlay \"{2}\" in \"{1}\" is left out."},
     CatalogEntry{MessageId::kXrefBound, "xref.bound", L"\"{1}\" is an ordinary block now."},
     CatalogEntry{MessageId::kPromptEditedBlock, "prompt.edited-block", L"Block to edit:"},
     CatalogEntry{MessageId::kNoBlockToEdit, "editor.unknown", L"There is no block \"{1}\"."},
@@ -579,7 +579,7 @@ constexpr CatalogEntry kCatalog[] = {
         L"Wrote {1}: {2} {2:object|objects}, {3} {3:definition|definitions}, version {4}; read again and counted."},
     CatalogEntry{MessageId::kLibraryWritten, "wblock.library",
                  L"Wrote {1} {1:block|blocks} to {2}; each was read again and counted."},
-    CatalogEntry{MessageId::kLibraryLeftOut, "wblock.left-out", L"Left out: \"{1}\" ({2})."},
+    CatalogEntry{MessageId::kLibrarySkipped, "wblock.left-out", L"Left out: \"{1}\" ({2})."},
     CatalogEntry{MessageId::kNoLibraryFolder, "wblock.no-folder", L"{1} is no folder and cannot be made one."},
     CatalogEntry{
         MessageId::kOneSource, "usage.one-source",

@@ -126,7 +126,7 @@ OdDbObjectIdArray selectObjects(OdDbDatabase& database, OdDbObjectId space, cons
   return picks.ids();
 }
 
-std::size_t leaveOutLocked(Session& session, OdDbObjectIdArray& ids) {
+std::size_t removeLocked(Session& session, OdDbObjectIdArray& ids) {
   OdDbObjectIdArray free;
   for (const OdDbObjectId id : ids) {
     if (!qzutads::isObjLocked(id, true))
@@ -134,7 +134,7 @@ std::size_t leaveOutLocked(Session& session, OdDbObjectIdArray& ids) {
   }
   const std::size_t locked = static_cast<std::size_t>(ids.length()) - static_cast<std::size_t>(free.length());
   if (locked > 0)
-    session.print(MessageId::kLockedLeftOut, {count(locked)});
+    session.print(MessageId::kLockedSkipped, {count(locked)});
   if (free.isEmpty())
     refuse(MessageId::kAllLocked);
   ids = free;

@@ -47,6 +47,6 @@ OdDbObjectIdArray promptSelection(Session& session);
 void reportPreselection(Session& session, const OdDbObjectIdArray& ids);
 
 // Takes objects on locked layers out and tells how many there were. Throws when none is left.
-std::size_t leaveOutLocked(Session& session, OdDbObjectIdArray& ids);
+std::size_t removeLocked(Session& session, OdDbObjectIdArray& ids);
 
 } // namespace console

@@ -31,9 +31,9 @@ Opened opened(OdDbObjectId id) {
     const OdDbEntityPtr entity = iterator->entity();
     if (entity.isNull() || entity->isA() != OdDbBlockReference::desc())
       continue;
-    const bool isLeftOut =
+    const bool isSkipped =
         block->isFromExternalReference() && OdDbDynBlockReference(entity->objectId()).isDynamicBlock();
-    if (!isLeftOut)
+    if (!isSkipped)
       open.inner.push_back(definitionId(*OdDbBlockReferencePtr(entity)));
   }
   return open;

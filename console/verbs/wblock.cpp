@@ -136,7 +136,7 @@ void Wblock::printSummary(Session& session) const {
   if (!isLibrary())
     return reportBlockFile(session, written_);
   for (const Json& one : manifest_.at("leftOut").items())
-    session.print(MessageId::kLibraryLeftOut,
+    session.print(MessageId::kLibrarySkipped,
                   {OdString::fromUtf8(one.at("block").text()), OdString::fromUtf8(one.at("reason").text())});
   session.result(MessageId::kLibraryWritten, {count(manifest_.at("blocks").size()), OdString::fromUtf8(folder_)});
 }

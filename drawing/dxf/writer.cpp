@@ -60,15 +60,15 @@ bool isInEntitiesSection(const OdDbBlockTableRecord& block) {
 }
 
 Writer::Writer(const OdDbDatabase& database, GroupSink& sink)
-    : database_(database), to_(sink), leftOut_(database, sink.version()), filter_(sink, leftOut_),
+    : database_(database), to_(sink), omitted_(database, sink.version()), filter_(sink, omitted_),
       sink_(sink.version() == database.fileInfo().version ? sink : filter_) {}
 
 bool Writer::isWritten(OdDbObjectId id) const {
-  return isAlive(id) && !leftOut_.has(id);
+  return isAlive(id) && !omitted_.has(id);
 }
 
 void Writer::run() {
-  leftOut_.reportTo(to_);
+  omitted_.reportTo(to_);
   for (const std::string& comment : database_.fileInfo().comments)
     sink_.utf8(999, comment);
   section("HEADER", &Writer::header);

@@ -35,7 +35,7 @@ private:
 
   const OdDbDatabase& database_;
   GroupSink& to_;
-  LeftOut leftOut_;
+  OmittedObjects omitted_;
   VersionFilter filter_;
   GroupSink& sink_;     // the filter, where the file's version is not the drawing's
   OdString layoutName_; // of the block whose entities are being written

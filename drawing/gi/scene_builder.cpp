@@ -113,7 +113,7 @@ void SceneBuilder::draw(OdDbObjectId id, const DrawContext& context) {
   drawer(*entity, canvas);
   constexpr std::size_t kWorkOfStep = 16;
   report_.steps += canvas.work() / kWorkOfStep;
-  for (const char* reason : canvas.leftOut())
+  for (const char* reason : canvas.notDrawn())
     addNotDrawn(*entity, reason);
   // The first inset is drawn first: it has to lie on top of the stack.
   std::vector<BlockInstance>& instances = canvas.instances();

@@ -18,7 +18,7 @@ public:
   OdDb::DwgVersion version() const override { return to_.version(); }
   bool keepsNewer() const override { return to_.keepsNewer(); }
   void lost(Issue issue) override { to_.lost(std::move(issue)); }
-  void leftOut(int code, std::string_view marker, double value) override { to_.leftOut(code, marker, value); }
+  void omitted(int code, std::string_view marker, double value) override { to_.omitted(code, marker, value); }
 
 protected:
   GroupSink& to_;

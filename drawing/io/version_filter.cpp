@@ -20,7 +20,7 @@ bool hasBodyElsewhere(const OdDbObject& object) {
 
 } // namespace
 
-LeftOut::LeftOut(const OdDbDatabase& database, OdDb::DwgVersion version) {
+OmittedObjects::OmittedObjects(const OdDbDatabase& database, OdDb::DwgVersion version) {
   if (version >= OdDb::kRelease2013 || database.fileInfo().version < OdDb::kRelease2013)
     return;
   for (OdDbObjectId id : database.allIds()) {
@@ -35,7 +35,7 @@ LeftOut::LeftOut(const OdDbDatabase& database, OdDb::DwgVersion version) {
 }
 
 // Owners may stand behind what they own: each chain of owners is walked until it is known where it leads.
-void LeftOut::addOwned(const OdDbDatabase& database) {
+void OmittedObjects::addOwned(const OdDbDatabase& database) {
   std::unordered_set<OdDbObjectId> kept;
   std::vector<OdDbObjectId> chain;
   for (OdDbObjectId id : database.allIds()) {
@@ -51,7 +51,7 @@ void LeftOut::addOwned(const OdDbDatabase& database) {
   }
 }
 
-void LeftOut::reportTo(GroupSink& sink) const {
+void OmittedObjects::reportTo(GroupSink& sink) const {
   for (OdDbObjectId id : first_)
     sink.lost({"dxf.kind-not-in-version", Severity::Lost, 0, -1, std::uint64_t{id.getHandle()}, "",
                lookup(id)->dxfName(),
@@ -94,10 +94,10 @@ void VersionFilter::reportOmittedGroup(const GroupRule& rule, int code) {
             std::string(rule.what) + " cannot be held by version " + versionYear(version()), "it is left out"});
 }
 
-void VersionFilter::leftOut(int code, std::string_view marker, double value) {
+void VersionFilter::omitted(int code, std::string_view marker, double value) {
   const GroupRule* rule = missingGroup(kind_, marker, code, version());
   if (rule == nullptr)
-    to_.leftOut(code, marker, value);
+    to_.omitted(code, marker, value);
   else if (!rule->isNeutral(value))
     reportOmittedGroup(*rule, code);
 }
@@ -126,7 +126,7 @@ void VersionFilter::integer(int code, std::int64_t value) {
 
 void VersionFilter::reference(int code, OdDbObjectId id) {
   if (has(code, id.isNull() ? 0 : kNoNumber))
-    to_.reference(code, leftOut_.has(id) ? OdDbObjectId() : id);
+    to_.reference(code, omitted_.has(id) ? OdDbObjectId() : id);
 }
 
 } // namespace drawing::dxf

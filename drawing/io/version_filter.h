@@ -11,10 +11,10 @@
 namespace drawing::dxf {
 
 // Objects that the version cannot hold at all, with everything that they own. References to them are written as none.
-class LeftOut {
+class OmittedObjects {
 public:
   // Nothing unless the version is earlier than the drawing's own.
-  LeftOut(const OdDbDatabase& database, OdDb::DwgVersion version);
+  OmittedObjects(const OdDbDatabase& database, OdDb::DwgVersion version);
   bool has(OdDbObjectId id) const { return ids_.count(id) != 0; }
   bool empty() const { return ids_.empty(); }
   // Tells each of them once.
@@ -30,7 +30,7 @@ private:
 // the common section stand under another code since 2010.
 class VersionFilter final : public ForwardingSink {
 public:
-  VersionFilter(GroupSink& to, const LeftOut& leftOut) : ForwardingSink(to), leftOut_(leftOut) {}
+  VersionFilter(GroupSink& to, const OmittedObjects& omitted) : ForwardingSink(to), omitted_(omitted) {}
 
   void utf8(int code, std::string_view text) override;
   void real(int code, double value) override {
@@ -48,14 +48,14 @@ public:
       to_.unparsed(code, text);
   }
 
-  void leftOut(int code, std::string_view marker, double value) override;
+  void omitted(int code, std::string_view marker, double value) override;
 
 private:
   bool has(int code, double value = kNoNumber);
   bool isOfColumns(int code, double value);
   void reportOmittedGroup(const GroupRule& rule, int code);
 
-  const LeftOut& leftOut_;
+  const OmittedObjects& omitted_;
   std::string kind_, marker_;
   bool afterGradient_ = false;
   bool afterFill_ = false;

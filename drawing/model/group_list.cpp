@@ -46,7 +46,7 @@ OdDb::ReferenceType referenceTypeOf(int code) {
 
 GroupSink::~GroupSink() = default;
 
-void GroupSink::leftOut(int code, std::string_view marker, double) {
+void GroupSink::omitted(int code, std::string_view marker, double) {
   lost({"dxf.group-not-in-version", Severity::Lost, 0, code, 0, "", "",
         "group " + std::to_string(code) + " of " + std::string(marker) + " cannot be held by the version",
         "it is left out"});

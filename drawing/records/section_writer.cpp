@@ -170,7 +170,7 @@ void writeSubclass(const OdDbObject& object, const SubclassLayout& subclass, Gro
     const bool tooNew = field.since > sink.version() && !(field.optional && sink.keepsNewer());
     const bool isDefaultValue = (field.optional || tooNew) && isDefault(field, at);
     if (tooNew && !isDefaultValue && !field.readOnly && !field.elsewhere)
-      sink.leftOut(field.code, subclass.marker, numberIn(field, at));
+      sink.omitted(field.code, subclass.marker, numberIn(field, at));
     if (field.readOnly || tooNew || isDefaultValue)
       continue;
     writeField(field, at, sink);

@@ -180,7 +180,7 @@ private:
       open_.push_back({block, external});
       return;
     }
-    result_.leftOut.push_back(nested.getName());
+    result_.omittedOverlays.push_back(nested.getName());
     for (const OdDbObjectId& id : block->getBlockReferenceIds())
       erase(*lookup(id));
     erase(*block);

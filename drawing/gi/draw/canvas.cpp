@@ -104,12 +104,12 @@ void Canvas::cut(BlockInstance& instance, std::vector<OdGePoint2d> polygon, bool
   instance.context.clip = list_.addClip(instance.context.clip, std::move(polygon), inverted);
 }
 
-void Canvas::leaveOut(const char* reason) {
-  for (const char* known : leftOut_) {
+void Canvas::reportNotDrawn(const char* reason) {
+  for (const char* known : notDrawn_) {
     if (std::strcmp(known, reason) == 0)
       return;
   }
-  leftOut_.push_back(reason);
+  notDrawn_.push_back(reason);
 }
 
 } // namespace drawing::gi

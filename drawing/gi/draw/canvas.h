@@ -73,8 +73,8 @@ public:
   std::size_t work() const { return work_; }
 
   // Tells that the entity, or a part of it, is not in the picture.
-  void leaveOut(const char* reason);
-  const std::vector<const char*>& leftOut() const { return leftOut_; }
+  void reportNotDrawn(const char* reason);
+  const std::vector<const char*>& notDrawn() const { return notDrawn_; }
 
 private:
   DisplayList& list_;
@@ -87,7 +87,7 @@ private:
   bool isOff_;
   std::size_t work_ = 0;
   std::vector<BlockInstance> instances_;
-  std::vector<const char*> leftOut_;
+  std::vector<const char*> notDrawn_;
 };
 
 // Draws one kind of entity; null for those that nobody draws. Looked up by class, then by the classes above it.

@@ -103,7 +103,7 @@ void drawDimension(const OdDbDimension& dimension, Canvas& canvas) {
     canvas.show(dimension.dimBlockId(), OdGeMatrix3d::kIdentity);
     return;
   }
-  canvas.leaveOut("no-picture");
+  canvas.reportNotDrawn("no-picture");
   const DimensionTraits traits = traitsOf(dimension);
   if (dimension.isKindOf(OdDbLinearDimension::desc()))
     drawPlainLinear(static_cast<const OdDbLinearDimension&>(dimension), traits, canvas);

@@ -43,7 +43,7 @@ Path pictureFrame(const OdDbImageBase& image) {
 
 void drawImage(const OdDbRasterImage& image, Canvas& canvas) {
   canvas.stroke(pictureFrame(image), true);
-  canvas.leaveOut("picture-file");
+  canvas.reportNotDrawn("picture-file");
 }
 
 void drawWipeout(const OdDbWipeout& wipeout, Canvas& canvas) {
@@ -51,13 +51,13 @@ void drawWipeout(const OdDbWipeout& wipeout, Canvas& canvas) {
 }
 
 void drawUnderlay(const OdDbUnderlayReference&, Canvas& canvas) {
-  canvas.leaveOut("page");
+  canvas.reportNotDrawn("page");
 }
 
 void drawOleFrame(const OdDbOle2Frame& frame, Canvas& canvas) {
   const OdGePoint3d a = frame.upperLeft(), b = frame.lowerRight();
   canvas.stroke({a, {b.x, a.y, a.z}, b, {a.x, b.y, b.z}}, true);
-  canvas.leaveOut("document");
+  canvas.reportNotDrawn("document");
 }
 
 namespace {

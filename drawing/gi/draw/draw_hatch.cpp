@@ -66,7 +66,7 @@ void drawPattern(const OdDbHatch& hatch, const std::vector<Polygon>& loops, cons
     Color tint = canvas.traits().color;
     tint.a = static_cast<std::uint8_t>(tint.a / 2);
     canvas.fill(plane.rings(loops), tint);
-    return canvas.leaveOut("fine-pattern");
+    return canvas.reportNotDrawn("fine-pattern");
   }
   Pen pen = canvas.pen();
   pen.pattern = nullptr;

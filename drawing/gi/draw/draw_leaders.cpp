@@ -104,7 +104,7 @@ void drawNote(const OdDbMLeader& leader, const GroupList& context, Canvas& canva
 void drawBlockNote(const OdDbMLeader& leader, const GroupList& context, Canvas& canvas) {
   const auto* block = getIf<OdDbBlockTableRecord>(leader.blockContentId());
   if (!isAlive(block))
-    return canvas.leaveOut("no-block");
+    return canvas.reportNotDrawn("no-block");
   OdGeMatrix3d transform = OdGeMatrix3d::translation(leader.blockPosition().asVector());
   const std::size_t i = context.find(47);
   for (std::size_t entry = 0; entry < 16 && i + entry < context.size() && context[i + entry].code == 47; ++entry)
@@ -130,7 +130,7 @@ void drawMLeader(const OdDbMLeader& leader, Canvas& canvas) {
   else if (leader.contentType() == OdDbMLeader::kBlockContent)
     drawBlockNote(leader, context, canvas);
   else if (leader.contentType() == OdDbMLeader::kToleranceContent)
-    canvas.leaveOut("tolerance-note");
+    canvas.reportNotDrawn("tolerance-note");
 }
 
 } // namespace drawing::gi

@@ -156,7 +156,7 @@ void drawSubDMesh(const OdDbSubDMesh& mesh, Canvas& canvas) {
     canvas.stroke(face, true);
   }
   if (mesh.subdivisionLevel() > 0)
-    canvas.leaveOut("smoothing");
+    canvas.reportNotDrawn("smoothing");
 }
 
 void drawFace(const OdDbFace& face, Canvas& canvas) {

@@ -34,7 +34,7 @@ void addClip(const OdDbSpatialFilter& filter, BlockInstance& instance, Canvas& c
   if (polygon.size() > 2)
     canvas.cut(instance, std::move(polygon), !hole.empty());
   if (filter.frontClipDist() || filter.backClipDist())
-    canvas.leaveOut("depth-clip");
+    canvas.reportNotDrawn("depth-clip");
 }
 
 // The contents of an external drawing have layers of their own, which the host may override.
@@ -61,7 +61,7 @@ void addRepetitions(const OdDbBlockReference& reference, BlockInstance& instance
 void drawReference(const OdDbBlockReference& reference, Canvas& canvas) {
   const auto* block = getIf<OdDbBlockTableRecord>(reference.blockTableRecord());
   if (!isAlive(block))
-    return canvas.leaveOut("no-block");
+    return canvas.reportNotDrawn("no-block");
   const OdDbDatabase* external = block->isFromExternalReference() ? block->xrefDatabase() : nullptr;
   const OdGePoint3d origin = external != nullptr ? external->getINSBASE() : block->origin();
   BlockInstance& instance = canvas.show(block->objectId(), contentsTransform(reference, origin));
@@ -72,7 +72,7 @@ void drawReference(const OdDbBlockReference& reference, Canvas& canvas) {
   if (external != nullptr)
     enterXref(*external, *block, instance, canvas);
   else if (block->isFromExternalReference())
-    canvas.leaveOut(reasonNotLoaded(*block));
+    canvas.reportNotDrawn(reasonNotLoaded(*block));
   addRepetitions(reference, instance);
   const OdDbSpatialFilterPtr filter = OdDbSpatialFilter::of(reference);
   if (!filter.isNull() && filter->isEnabled())
@@ -141,7 +141,7 @@ void drawViewport(const OdDbViewport& viewport, Canvas& canvas) {
   }
   canvas.cut(instance, canvas.project(border));
   if ((flags & kPerspective) != 0)
-    canvas.leaveOut("perspective");
+    canvas.reportNotDrawn("perspective");
 }
 
 } // namespace drawing::gi

@@ -26,7 +26,7 @@ void add(const Font& font, Piece piece, TextLine& line, Canvas& canvas) {
   TextLine::Part part{canvas.shaper().shape(font, piece.text), line.width, 0, {}};
   line.width += part.shaped.width;
   if (part.shaped.missing > 0)
-    canvas.leaveOut("letters");
+    canvas.reportNotDrawn("letters");
   part.piece = std::move(piece);
   line.parts.push_back(std::move(part));
 }

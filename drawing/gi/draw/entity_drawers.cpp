@@ -57,16 +57,16 @@ void drawEndless(const OdDbUnboundedLine& line, Canvas& canvas) {
 }
 
 void drawBody(const OdDbModelerGeometry&, Canvas& canvas) {
-  canvas.leaveOut("body");
+  canvas.reportNotDrawn("body");
 }
 void drawShape(const OdDbShape&, Canvas& canvas) {
-  canvas.leaveOut("shape-file");
+  canvas.reportNotDrawn("shape-file");
 }
 void drawProxy(const OdDbProxyEntity&, Canvas& canvas) {
-  canvas.leaveOut("proxy");
+  canvas.reportNotDrawn("proxy");
 }
 void drawOle(const OdDbOleFrame&, Canvas& canvas) {
-  canvas.leaveOut("document");
+  canvas.reportNotDrawn("document");
 }
 
 // Lights and cameras are no part of what a drawing shows; ends of sequences and of blocks neither.

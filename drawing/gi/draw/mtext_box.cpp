@@ -45,7 +45,7 @@ void drawTextBox(const TextBox& box, Canvas& canvas) {
     canvas.stroke({toBlock * OdGePoint3d(bar.x, bar.y, 0), toBlock * OdGePoint3d(bar.toX, bar.toY, 0)}, false, pen);
   }
   if (box.block.missing > 0)
-    canvas.leaveOut("letters");
+    canvas.reportNotDrawn("letters");
 }
 
 } // namespace drawing::gi

@@ -11,7 +11,7 @@ struct BoundXref {
   bool isDone = false;
   OdString obstacle;                         // refused: name of the reference, or of a nested one, that is not loaded
   XrefStatus status = XrefStatus::NotAnXref; // and its status
-  std::vector<OdString> leftOut;             // nested overlays, which are not bound
+  std::vector<OdString> omittedOverlays;     // nested overlays, which are not bound
 };
 
 // Makes an external reference an ordinary block with the contents of its drawing; nested references are bound as well.

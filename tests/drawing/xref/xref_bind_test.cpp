@@ -78,7 +78,7 @@ protected:
     expectSound(*host_);
     expectRoundTrip(*host_);
     std::string leftOut;
-    for (const OdString& name : answer.leftOut)
+    for (const OdString& name : answer.omittedOverlays)
       leftOut += name.toUtf8();
     return leftOut;
   }

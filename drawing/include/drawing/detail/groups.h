@@ -57,7 +57,7 @@ public:
   virtual void lost(Issue) {}
   // Receives a value that is omitted because the version does not have it; kNoNumber for values that are not numbers.
   // Reports it to lost().
-  virtual void leftOut(int code, std::string_view marker, double value);
+  virtual void omitted(int code, std::string_view marker, double value);
   static constexpr double kNoNumber = -1e301;
 
   // Text as UTF-8, and a point as three groups: code, code + 10, code + 20.
