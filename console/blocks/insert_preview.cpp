@@ -40,7 +40,7 @@ Json keptRecords(Session& session, const OdDbDatabase& source) {
   return kept;
 }
 
-Json clash(Session& session, const OdString& name, bool same) {
+Json conflict(Session& session, const OdString& name, bool same) {
   session.result(same ? MessageId::kPreviewSame : MessageId::kPreviewOther, {name});
   return {{"name", name.toUtf8Lossless()}, {"same", same}};
 }
@@ -63,9 +63,9 @@ Json previewFile(Session& session, const std::string& path, const OdString& name
   Json json = {{"file", path}, {"block", source.name.toUtf8Lossless()}, {"clashes", Json::array()}};
   if (const OdDbObjectId there = definitionOf(session, source.name); !there.isNull())
     json["clashes"].push_back(
-        clash(session, source.name, drawing::sameDefinition(source.database->getModelSpaceId(), there)));
-  for (const NestedClash& nested : nestedClashes(*source.database, session.database()))
-    json["clashes"].push_back(clash(session, nested.name, nested.same));
+        conflict(session, source.name, drawing::sameDefinition(source.database->getModelSpaceId(), there)));
+  for (const NestedConflict& nested : nestedConflicts(*source.database, session.database()))
+    json["clashes"].push_back(conflict(session, nested.name, nested.same));
   json["kept"] = keptRecords(session, *source.database);
   addQuestions(session, json, unitsFactor(session.database(), source.database->getINSUNITS()),
                questionsOf(source.database->getModelSpaceId(), answers));

@@ -48,34 +48,34 @@ std::vector<OdDbObjectId> definitionsBelow(const OdDbDatabase& source) {
 
 // Of the names "door", "door-2", "door-3" ... the first under which the contents can be beside what there is: the
 // target has none of it, or one with the same contents; no other definition of their own drawing has it.
-OdString nameApart(OdDbObjectId contents, const OdString& name, const OdDbDatabase& target) {
-  OdString apart = name;
+OdString uniqueName(OdDbObjectId contents, const OdString& name, const OdDbDatabase& target) {
+  OdString unique = name;
   for (int number = 2;; ++number) {
-    const OdDbObjectId own = blockIn(*contents.database(), apart), there = blockIn(target, apart);
+    const OdDbObjectId own = blockIn(*contents.database(), unique), there = blockIn(target, unique);
     const bool isOwn = own.isNull() || own == contents || number == 2;
     if (isOwn && (there.isNull() || drawing::sameDefinition(contents, there)))
-      return apart;
-    apart = name + L"-" + OdString(std::to_wstring(number));
+      return unique;
+    unique = name + L"-" + OdString(std::to_wstring(number));
   }
 }
 
 // Definitions of other contents get free names in the file, so that they come in beside the drawing's.
-void setNestedApart(const BlockSource& source, const OdDbDatabase& target, ImportedBlock& result) {
-  for (const NestedClash& clash : nestedClashes(*source.database, target)) {
-    if (clash.same)
+void renameNestedConflicts(const BlockSource& source, const OdDbDatabase& target, ImportedBlock& result) {
+  for (const NestedConflict& conflict : nestedConflicts(*source.database, target)) {
+    if (conflict.same)
       continue;
-    const OdString now = nameApart(blockIn(*source.database, clash.name), clash.name, target);
-    if (drawing::renameRecord(*source.database, OdDb::kBlockTable, clash.name, now) == drawing::RenameResult::Done)
-      result.renamed.push_back({clash.name, now});
+    const OdString now = uniqueName(blockIn(*source.database, conflict.name), conflict.name, target);
+    if (drawing::renameRecord(*source.database, OdDb::kBlockTable, conflict.name, now) == drawing::RenameResult::Done)
+      result.renamed.push_back({conflict.name, now});
     else
-      result.kept.push_back(clash.name);
+      result.kept.push_back(conflict.name);
   }
 }
 
-void listKept(const BlockSource& source, const OdDbDatabase& target, ImportedBlock& result) {
-  for (const NestedClash& clash : nestedClashes(*source.database, target)) {
-    if (!clash.same)
-      result.kept.push_back(clash.name);
+void listKeptDefinitions(const BlockSource& source, const OdDbDatabase& target, ImportedBlock& result) {
+  for (const NestedConflict& conflict : nestedConflicts(*source.database, target)) {
+    if (!conflict.same)
+      result.kept.push_back(conflict.name);
   }
 }
 
@@ -106,21 +106,21 @@ bool lastBoxWasClosed(const Session& session) {
   return box == transcript.rend() || box->box->pressed == morvane::MessageBoxes::kClosed;
 }
 
-[[noreturn]] void refuseClash(const BlockSource& source, OdDbObjectId there) {
+[[noreturn]] void refuseConflict(const BlockSource& source, OdDbObjectId there) {
   const bool same = drawing::sameDefinition(source.database->getModelSpaceId(), there);
-  refuse(same ? MessageId::kClashSame : MessageId::kClashOther, {OdString::fromUtf8(source.path), nameOf(there)});
+  refuse(same ? MessageId::kConflictSame : MessageId::kConflictOther, {OdString::fromUtf8(source.path), nameOf(there)});
 }
 
 // The user replaces the definition, keeps it, or gives up.
-OnClash promptConflict(Session& session, const BlockSource& source, OdDbObjectId there) {
+ConflictPolicy promptConflict(Session& session, const BlockSource& source, OdDbObjectId there) {
   constexpr int kReplace = 0;
   if (dlgTips::showBlockRedefineTips(source.name, static_cast<int>(referencesTo(there))) == kReplace)
-    return OnClash::Replace;
+    return ConflictPolicy::Replace;
   if (!session.isInteractive())
-    refuseClash(source, there);
+    refuseConflict(source, there);
   if (lastBoxWasClosed(session))
     cancel();
-  return OnClash::Keep;
+  return ConflictPolicy::Keep;
 }
 
 void refuseUnfit(OdDbObjectId there) {
@@ -132,16 +132,17 @@ void refuseUnfit(OdDbObjectId there) {
 }
 
 // Which definition the file will be, and whether the one that is there is it.
-void resolveConflict(const BlockSource& source, OdDbObjectId there, OnClash onClash, ImportedBlock& result) {
+void resolveConflict(const BlockSource& source, OdDbObjectId there, ConflictPolicy conflictPolicy,
+                     ImportedBlock& result) {
   using Resolution = ImportedBlock::Resolution;
   const OdDbDatabase& target = *there.database();
-  if (onClash == OnClash::Refuse)
-    refuseClash(source, there);
+  if (conflictPolicy == ConflictPolicy::Refuse)
+    refuseConflict(source, there);
   const OdDbObjectId contents = source.database->getModelSpaceId();
-  result.name = onClash == OnClash::Rename ? nameApart(contents, source.name, target) : nameOf(there);
+  result.name = conflictPolicy == ConflictPolicy::Rename ? uniqueName(contents, source.name, target) : nameOf(there);
   result.block = blockIn(target, result.name);
   const bool same = !result.block.isNull() && drawing::sameDefinition(contents, result.block);
-  if (onClash == OnClash::Replace)
+  if (conflictPolicy == ConflictPolicy::Replace)
     result.resolution = Resolution::Replaced;
   else if (result.block.isNull())
     result.resolution = Resolution::Renamed;
@@ -153,13 +154,13 @@ void printOutcome(Session& session, const BlockSource& source, const ImportedBlo
   using Resolution = ImportedBlock::Resolution;
   const OdString path = OdString::fromUtf8(source.path);
   if (result.resolution == Resolution::Kept)
-    session.print(MessageId::kClashKept, {path, result.name});
+    session.print(MessageId::kConflictKept, {path, result.name});
   else if (result.resolution == Resolution::Shared)
-    session.print(MessageId::kClashShared, {path, result.name});
+    session.print(MessageId::kConflictShared, {path, result.name});
   else if (result.resolution == Resolution::Replaced)
-    session.print(MessageId::kClashReplaced, {path, result.name});
+    session.print(MessageId::kConflictReplaced, {path, result.name});
   else if (result.resolution == Resolution::Renamed)
-    session.print(MessageId::kClashRenamed, {path, source.name, result.name});
+    session.print(MessageId::kConflictRenamed, {path, source.name, result.name});
   for (const ImportedBlock::Nested& nested : result.renamed)
     session.print(MessageId::kNestedRenamed, {path, nested.name, nested.now});
   if (!result.kept.empty())
@@ -175,32 +176,32 @@ BlockSource readBlockSource(Session& session, const std::string& path, const OdS
   return source;
 }
 
-std::vector<NestedClash> nestedClashes(const OdDbDatabase& source, const OdDbDatabase& target) {
-  std::vector<NestedClash> clashes;
+std::vector<NestedConflict> nestedConflicts(const OdDbDatabase& source, const OdDbDatabase& target) {
+  std::vector<NestedConflict> conflicts;
   for (const OdDbObjectId block : definitionsBelow(source)) {
     const OdString name = nameOf(block);
     if (const OdDbObjectId there = blockIn(target, name); !there.isNull())
-      clashes.push_back({name, drawing::sameDefinition(block, there)});
+      conflicts.push_back({name, drawing::sameDefinition(block, there)});
   }
-  return clashes;
+  return conflicts;
 }
 
-ImportedBlock importBlock(Session& session, const BlockSource& source, OnClash onClash) {
+ImportedBlock importBlock(Session& session, const BlockSource& source, ConflictPolicy conflictPolicy) {
   using Resolution = ImportedBlock::Resolution;
   OdDbDatabase& target = session.database();
   checkBlockName(session, source.name);
   ImportedBlock result{Resolution::Made, {}, source.name, {}, {}};
   if (const OdDbObjectId there = blockIn(target, source.name); !there.isNull()) {
     refuseUnfit(there);
-    if (onClash == OnClash::kPrompt)
-      onClash = promptConflict(session, source, there);
-    resolveConflict(source, there, onClash, result);
+    if (conflictPolicy == ConflictPolicy::kPrompt)
+      conflictPolicy = promptConflict(session, source, there);
+    resolveConflict(source, there, conflictPolicy, result);
   }
   if (result.resolution != Resolution::Kept && result.resolution != Resolution::Shared) {
-    if (onClash == OnClash::Rename)
-      setNestedApart(source, target, result);
+    if (conflictPolicy == ConflictPolicy::Rename)
+      renameNestedConflicts(source, target, result);
     else
-      listKept(source, target, result);
+      listKeptDefinitions(source, target, result);
     result.block = insertAs(session, source, result.name);
     loadNewXrefs(session);
   }

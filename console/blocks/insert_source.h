@@ -20,7 +20,7 @@ struct BlockSource {
 BlockSource readBlockSource(Session& session, const std::string& path, const OdString& name);
 
 // What happens when a block of the name is there.
-enum class OnClash { kPrompt, Refuse, Keep, Replace, Rename };
+enum class ConflictPolicy { kPrompt, Refuse, Keep, Replace, Rename };
 
 struct ImportedBlock {
   enum class Resolution {
@@ -41,15 +41,15 @@ struct ImportedBlock {
 };
 
 // Makes the block, or refills it, or answers the one that is there; throws when that is refused or cancelled. Nested
-// definitions that the drawing has with other contents give way to the drawing's, with OnClash::Rename they come in
-// under free names. Everything but the block made under its own name is told.
-ImportedBlock importBlock(Session& session, const BlockSource& source, OnClash onClash);
+// definitions that the drawing has with other contents give way to the drawing's, with ConflictPolicy::Rename they come
+// in under free names. Everything but the block made under its own name is told.
+ImportedBlock importBlock(Session& session, const BlockSource& source, ConflictPolicy conflictPolicy);
 
 // Definitions in the file, in any depth below model space, which the drawing has under the same name.
-struct NestedClash {
+struct NestedConflict {
   OdString name;
   bool same = false; // in contents
 };
-std::vector<NestedClash> nestedClashes(const OdDbDatabase& source, const OdDbDatabase& target);
+std::vector<NestedConflict> nestedConflicts(const OdDbDatabase& source, const OdDbDatabase& target);
 
 } // namespace console

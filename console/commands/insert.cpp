@@ -52,7 +52,7 @@ OdDbObjectId blockOfFile(Session& session, const OdString& spec, const OdString&
     refuseTyped(session, typed);
   const std::string path = systemPath(paths, file);
   const BlockSource source = readBlockSource(session, path, name.isEmpty() ? ownName : name);
-  const ImportedBlock in = importBlock(session, source, OnClash::kPrompt);
+  const ImportedBlock in = importBlock(session, source, ConflictPolicy::kPrompt);
   insertCommon::checkExternalReference(paths.toDrawing(path));
   return in.block;
 }

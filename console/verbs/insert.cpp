@@ -20,7 +20,7 @@ namespace console::verbs {
 namespace {
 
 struct TypedInsertion {
-  std::string block, file, list, name, at = "0,0", scale, rotate, grid, onClash;
+  std::string block, file, list, name, at = "0,0", scale, rotate, grid, conflictPolicy;
   std::string rowSpacing = "0", columnSpacing = "0";
   std::vector<std::string> attributes;
 };
@@ -42,12 +42,14 @@ std::vector<double> realsOption(const char* option, const std::string& value) {
   return numbers;
 }
 
-OnClash clashOption(const std::string& value, OnClash usual) {
-  const std::pair<const char*, OnClash> kAll[] = {
-      {"refuse", OnClash::Refuse}, {"keep", OnClash::Keep}, {"replace", OnClash::Replace}, {"rename", OnClash::Rename}};
-  for (const auto& [name, clash] : kAll) {
+ConflictPolicy conflictOption(const std::string& value, ConflictPolicy usual) {
+  const std::pair<const char*, ConflictPolicy> kAll[] = {{"refuse", ConflictPolicy::Refuse},
+                                                         {"keep", ConflictPolicy::Keep},
+                                                         {"replace", ConflictPolicy::Replace},
+                                                         {"rename", ConflictPolicy::Rename}};
+  for (const auto& [name, conflict] : kAll) {
     if (value == name)
-      return clash;
+      return conflict;
   }
   return usual;
 }
@@ -85,7 +87,7 @@ public:
     source.add("--file", typed_.file, "A drawing file");
     source.add("--file-list", typed_.list, "All drawing files of a list, a path in each line");
     optionTable_->add("--name", typed_.name, "Name of the block that --file makes; else that of the file");
-    optionTable_->add("--on-clash", typed_.onClash, "When a block of that name is there (refuse; lists: rename)")
+    optionTable_->add("--on-clash", typed_.conflictPolicy, "When a block of that name is there (refuse; lists: rename)")
         .oneOf({"refuse", "keep", "replace", "rename"});
     describePlacement();
     optionTable_->add("--attr", typed_.attributes, "TAG=VALUE, or TAG#2=VALUE for the second of that tag");
@@ -136,7 +138,7 @@ private:
   TypedInsertion typed_;
   Placement placement_;
   AttributeAnswers answers_;
-  OnClash onClash_ = OnClash::Refuse;
+  ConflictPolicy conflictPolicy_ = ConflictPolicy::Refuse;
   std::vector<double> grid_; // columns, and the two distances
   std::vector<Done> done_;
   std::size_t failed_ = 0;
@@ -155,7 +157,8 @@ void Insert::check() {
     throw Failure{Status::Usage, {MessageId::kNameNeedsFile, {}}};
   if (!typed_.grid.empty() && typed_.list.empty())
     throw Failure{Status::Usage, {MessageId::kGridNeedsList, {}}};
-  onClash_ = clashOption(typed_.onClash, typed_.list.empty() ? OnClash::Refuse : OnClash::Rename);
+  conflictPolicy_ =
+      conflictOption(typed_.conflictPolicy, typed_.list.empty() ? ConflictPolicy::Refuse : ConflictPolicy::Rename);
   for (const std::string& given : typed_.attributes) {
     const auto equals = given.find('=');
     if (equals == 0 || equals == std::string::npos)
@@ -209,7 +212,7 @@ Insert::Done Insert::place(Session& session, const std::string& path, const Impo
 Insert::Done Insert::insertFile(Session& session, const std::string& path, const OdString& name,
                                 const Placement& placement) const {
   const BlockSource source = readBlockSource(session, path, name);
-  return place(session, path, importBlock(session, source, onClash_), placement);
+  return place(session, path, importBlock(session, source, conflictPolicy_), placement);
 }
 
 // Each file is a step of its own: one that fails is taken back and told, and the next one comes.
