@@ -170,7 +170,7 @@ void printOutcome(Session& session, const BlockSource& source, const ImportedBlo
 } // namespace
 
 BlockSource readBlockSource(Session& session, const std::string& path, const OdString& name) {
-  BlockSource source{path, name, readBeside(session, path)};
+  BlockSource source{path, name, readDrawingFile(session, path)};
   if (source.name.isEmpty())
     source.name = OdString::fromUtf8(std::filesystem::path(path).stem().string());
   return source;

@@ -44,7 +44,7 @@ std::string systemPath(Session& session, const _blockFileInfo& info) {
 }
 
 // A name alone goes to the folder that is remembered. When that is gone, it goes to that of the drawing.
-OdString besideDrawing(Session& session, const OdString& name) {
+OdString inRememberedFolder(Session& session, const OdString& name) {
   namespace fs = std::filesystem;
   const morvane::PathMap& paths = session.host().paths();
   const OdString folder = blockInfo_FilePath::getDefPathFromReg();
@@ -93,7 +93,7 @@ OdDb::DwgVersion rememberedVersion(Session& session) {
 }
 
 std::string promptedTarget(Session& session, const OdString& typed) {
-  const OdString name = besideDrawing(session, typed);
+  const OdString name = inRememberedFolder(session, typed);
   const std::string path = systemPath(session, completed(name));
   refuseOpenDrawing(session, path);
   if (!session.isInteractive() && fileExists(path)) {

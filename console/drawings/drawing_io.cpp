@@ -100,7 +100,7 @@ drawing::Report openDrawing(Session& session, const std::string& path, bool list
   return read.report;
 }
 
-OdDbDatabasePtr readBeside(Session& session, const std::string& path) {
+OdDbDatabasePtr readDrawingFile(Session& session, const std::string& path) {
   const drawing::ReadResult read = readOrThrow(session, path);
   if (read.report.outcome() != drawing::Outcome::Whole)
     reportRepaired(session, path, read.report, true);

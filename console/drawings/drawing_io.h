@@ -16,7 +16,7 @@ namespace console {
 drawing::Report openDrawing(Session& session, const std::string& path, bool listsIssues = true);
 
 // Reads the file beside the open drawing. What was repaired is told and noted; a file that cannot be read throws.
-OdDbDatabasePtr readBeside(Session& session, const std::string& path);
+OdDbDatabasePtr readDrawingFile(Session& session, const std::string& path);
 
 struct SaveRequest {
   std::string path;

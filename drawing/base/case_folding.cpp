@@ -114,7 +114,7 @@ constexpr CaseRange kUpper[] = {
 };
 
 // Letters with more than one small form, and capitals that the small ones fold to.
-constexpr CaseRange kFoldApart[] = {
+constexpr CaseRange kFoldExceptions[] = {
     {0xB5, 0xB5, 1, 775}, {0x17F, 0x17F, 1, -268}, {0x345, 0x345, 1, 116}, {0x3C2, 0x3C2, 1, 1},
     {0x3D0, 0x3D0, 1, -30}, {0x3D1, 0x3D1, 1, -25}, {0x3D5, 0x3D5, 1, -15}, {0x3D6, 0x3D6, 1, -22},
     {0x3F0, 0x3F0, 1, -54}, {0x3F1, 0x3F1, 1, -48}, {0x3F5, 0x3F5, 1, -64}, {0x13A0, 0x13F5, 1, 0},
@@ -157,6 +157,6 @@ wchar_t odUpperCase(wchar_t ch) {
 wchar_t odFoldCase(wchar_t ch) {
   if (isAscii(ch))
     return odLowerCase(ch);
-  const CaseRange* apart = rowOf(kFoldApart, static_cast<std::uint32_t>(ch));
-  return apart != nullptr ? moved(ch, apart) : odLowerCase(ch);
+  const CaseRange* exception = rowOf(kFoldExceptions, static_cast<std::uint32_t>(ch));
+  return exception != nullptr ? moved(ch, exception) : odLowerCase(ch);
 }

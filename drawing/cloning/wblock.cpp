@@ -87,7 +87,7 @@ void copyFrames(OdDbDatabase& source, OdDbDatabase& target, const OdDbIdMapping&
   }
 }
 
-OdDbDatabasePtr newBeside(const OdDbDatabase& source, const std::string& path) {
+OdDbDatabasePtr newLike(const OdDbDatabase& source, const std::string& path) {
   OdDbDatabasePtr made = OdDbDatabase::create();
   made->fileInfo().version = source.fileInfo().version;
   made->fileInfo().codePage = source.fileInfo().codePage;
@@ -99,7 +99,7 @@ OdDbDatabasePtr newBeside(const OdDbDatabase& source, const std::string& path) {
 // `contentsOf`: the block that the objects are all of; null when they are just objects.
 OdDbDatabasePtr cloned(OdDbDatabase& source, const std::vector<OdDbObjectId>& ids, OdDbObjectId contentsOf,
                        const std::string& path) {
-  OdDbDatabasePtr made = newBeside(source, path);
+  OdDbDatabasePtr made = newLike(source, path);
   OdDbIdMapping mapping;
   mapping.setOrigDb(&source);
   mapping.setDestDb(made.get());

@@ -21,7 +21,7 @@ std::string folderOf(const std::string& path) {
 }
 
 // A name beside the path that nobody else uses: short, for the path's own name may be as long as names can be.
-std::string nameBeside(const std::string& path) {
+std::string temporaryName(const std::string& path) {
   static std::atomic<std::uint64_t> counter = std::random_device()();
   const std::uint64_t number = (std::uint64_t{std::random_device()()} << 32) ^ ++counter;
   char digits[16];
@@ -36,7 +36,7 @@ template <class Make>
 FileError withFreeName(const std::string& path, std::string& name, Make make) {
   FileError error;
   for (int i = 0; i < kNameTries; ++i) {
-    name = nameBeside(path);
+    name = temporaryName(path);
     error = make(name);
     if (error.error != EEXIST)
       return error;
@@ -45,12 +45,12 @@ FileError withFreeName(const std::string& path, std::string& name, Make make) {
 }
 
 // A file beside the target that goes away unless it was renamed.
-class BesideFile {
+class TemporaryFile {
 public:
-  BesideFile(FileOperations& operations, const std::string& target) : operations_(operations), target_(target) {}
-  BesideFile(const BesideFile&) = delete;
-  BesideFile& operator=(const BesideFile&) = delete;
-  ~BesideFile() {
+  TemporaryFile(FileOperations& operations, const std::string& target) : operations_(operations), target_(target) {}
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+  ~TemporaryFile() {
     operations_.close(file_);
     if (exists_)
       operations_.unlink(name_); // an answer is on its way already; this one has nothing to add
@@ -154,12 +154,12 @@ bool hasNoLinks(int error) {
 
 FileError makeBackup(FileOperations& operations, const Target& target) {
   const std::string path = target.path + ".bak";
-  BesideFile beside(operations, path);
-  FileError error = beside.linkTo(target.path);
+  TemporaryFile temporary(operations, path);
+  FileError error = temporary.linkTo(target.path);
   if (hasNoLinks(error.error)) {
-    error = beside.create(kOwnerOnly);
+    error = temporary.create(kOwnerOnly);
     if (error.ok())
-      error = beside.fill([&](FileSink& sink) { return copyTo(operations, target.path, sink); }, &target.status);
+      error = temporary.fill([&](FileSink& sink) { return copyTo(operations, target.path, sink); }, &target.status);
   }
   if (!error.ok())
     return error;
@@ -170,7 +170,7 @@ FileError makeBackup(FileOperations& operations, const Target& target) {
     return found;
   if (found.ok() && backup.file == target.status.file && backup.device == target.status.device)
     return {};
-  return beside.moveTo(path, FileRename::Replace);
+  return temporary.moveTo(path, FileRename::Replace);
 }
 
 } // namespace
@@ -206,14 +206,14 @@ FileError replaceFile(const std::string& path, const FileWriter& writer, Replace
   FileError error = probe(operations, path, options.refuseExisting, target);
   if (!error.ok())
     return error;
-  BesideFile beside(operations, target.path);
-  error = beside.create(target.exists || options.ownerOnly ? kOwnerOnly : kByUmask);
+  TemporaryFile temporary(operations, target.path);
+  error = temporary.create(target.exists || options.ownerOnly ? kOwnerOnly : kByUmask);
   if (error.ok())
-    error = beside.fill(writer, target.exists ? &target.status : nullptr);
+    error = temporary.fill(writer, target.exists ? &target.status : nullptr);
   if (error.ok() && options.keepBackup && target.exists)
     error = makeBackup(operations, target);
   if (error.ok())
-    error = beside.moveTo(target.path, options.refuseExisting ? FileRename::KeepExisting : FileRename::Replace);
+    error = temporary.moveTo(target.path, options.refuseExisting ? FileRename::KeepExisting : FileRename::Replace);
   if (!error.ok())
     return error;
   FileError unsynced = operations.syncFolder(folderOf(target.path));

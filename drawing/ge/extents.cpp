@@ -50,10 +50,10 @@ bool OdGeExtents3d::contains(const OdGePoint3d& point, const OdGeTol& tol) const
 }
 
 bool OdGeExtents3d::isDisjoint(const OdGeExtents3d& other, const OdGeTol& tol) const {
-  const double apart = tol.equalPoint();
-  return !isValidExtents() || !other.isValidExtents() || min_.x > other.max_.x + apart ||
-         min_.y > other.max_.y + apart || min_.z > other.max_.z + apart || other.min_.x > max_.x + apart ||
-         other.min_.y > max_.y + apart || other.min_.z > max_.z + apart;
+  const double gap = tol.equalPoint();
+  return !isValidExtents() || !other.isValidExtents() || min_.x > other.max_.x + gap || min_.y > other.max_.y + gap ||
+         min_.z > other.max_.z + gap || other.min_.x > max_.x + gap || other.min_.y > max_.y + gap ||
+         other.min_.z > max_.z + gap;
 }
 
 bool OdGeExtents3d::isEqualTo(const OdGeExtents3d& other, const OdGeTol& tol) const {

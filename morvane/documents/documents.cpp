@@ -102,7 +102,7 @@ bool Documents::setCurrent(MvsiApDocument* document) {
 
 void Documents::makeCurrent(MvsiApDocument* document) {
   current_ = document;
-  apart_.reset();
+  separateDatabase_.reset();
   if (changed_)
     changed_(document);
 }
@@ -141,15 +141,15 @@ MvsiApDocument* Documents::findFile(const PathMap& paths, const OdString& fileNa
 }
 
 OdDbDatabase* Documents::workingDatabase() const {
-  if (apart_)
-    return apart_->get();
+  if (separateDatabase_)
+    return separateDatabase_->get();
   return current_ == nullptr ? nullptr : current_->database();
 }
 
 void Documents::setWorkingDatabase(OdDbDatabase* database) {
-  apart_.reset();
+  separateDatabase_.reset();
   if (database != workingDatabase())
-    apart_ = OdDbDatabasePtr(database);
+    separateDatabase_ = OdDbDatabasePtr(database);
 }
 
 bool Documents::refresh(MvsiApDocument* document) {

@@ -50,8 +50,8 @@ std::optional<OdString> fileBelow(const PathMap& paths, const fs::path& folder, 
 
 } // namespace
 
-std::optional<OdString> findBeside(const PathMap& paths, const SearchPath& search, const OdString& saved,
-                                   const OdDbDatabase& from) {
+std::optional<OdString> findInDrawingFolder(const PathMap& paths, const SearchPath& search, const OdString& saved,
+                                            const OdDbDatabase& from) {
   const std::string& path = from.fileInfo().path;
   const auto beside = [&](const OdString& name) {
     return path.empty() ? std::nullopt : fileBelow(paths, fs::path(path).parent_path(), name);
@@ -70,7 +70,7 @@ drawing::Report loadXrefs(const PathMap& paths, const SearchPath& search, const 
                           OdDbDatabase& database) {
   drawing::XrefLoader loader;
   loader.find = [&](const OdString& saved, const OdDbDatabase& from) {
-    const auto found = findBeside(paths, search, saved, from);
+    const auto found = findInDrawingFolder(paths, search, saved, from);
     return found ? paths.toSystem(*found) : std::string();
   };
   loader.open = [&reading](const std::string& path) { return drawing::readDrawing(path, reading); };
@@ -83,9 +83,9 @@ OdString MvdbSystemServices::findFile(const OdString& fileName, const OdDbDataba
   morvane::Host* host = morvane::admitCall("findFile");
   if (host == nullptr)
     return {};
-  const auto found = database == nullptr
-                         ? host->searchPath().find(host->paths(), fileName)
-                         : morvane::documents::findBeside(host->paths(), host->searchPath(), fileName, *database);
+  const auto found = database == nullptr ? host->searchPath().find(host->paths(), fileName)
+                                         : morvane::documents::findInDrawingFolder(host->paths(), host->searchPath(),
+                                                                                   fileName, *database);
   return found.value_or(OdString());
 }
 

@@ -130,7 +130,7 @@ private:
   void makeCurrent(mvsi::MvsiApDocument* document);
   std::vector<mvsi::MvsiApDocumentPtr> documents_;
   mvsi::MvsiApDocument* current_ = nullptr;
-  std::optional<OdDbDatabasePtr> apart_; // set: this is the working database, null included
+  std::optional<OdDbDatabasePtr> separateDatabase_; // set: this is the working database, null included
   Refresher refresher_;
   CurrentChanged changed_;
   XrefLoader loadXrefs_;
