@@ -76,7 +76,7 @@ bool mayBeInserted(const OdString& blockName, const OdString& curName) {
   return false;
 }
 
-bool mayBeTyped(const OdString& name) {
+bool isAcceptedName(const OdString& name) {
   constexpr int kLongest = 255;
   if (name.getLength() > kLongest)
     dlgTips::showBlockNameBeyondLenTips();
@@ -132,7 +132,7 @@ bool checkInputBlockInfoValidByReplaceDlg(const OdString& name, const OdString& 
     const bool namesDrive = typed.find(L':') == 1;
     return checkFile(findFile(namesDrive ? OdString() : baseDir, typed), curName, blockName);
   }
-  if (!mayBeTyped(typed))
+  if (!isAcceptedName(typed))
     return false;
   const bool isBlock = commonFun::isBlockNameInCurDb(typed) || typed.iCompare(curName) == 0;
   if (!isBlock)

@@ -4,12 +4,12 @@ namespace console {
 namespace {
 
 // Enter alone repeats the command before; in a script it is what is left of a line.
-const Command* chosen(Session& session, const CommandTable& commands, const OdString& typed, const Command* before) {
-  if (typed.isEmpty())
+const Command* chosen(Session& session, const CommandTable& commands, const OdString& entered, const Command* before) {
+  if (entered.isEmpty())
     return session.host().input().isScript() ? nullptr : before;
-  const Command* command = findCommand(commands, typed.str());
+  const Command* command = findCommand(commands, entered.str());
   if (command == nullptr) {
-    session.print(MessageId::kUnknownCommand, {typed});
+    session.print(MessageId::kUnknownCommand, {entered});
     session.note(Status::Refused);
     session.host().input().dropRestOfLine();
   }
@@ -22,14 +22,14 @@ void runCommands(Session& session, const CommandTable& commands) {
   const OdString prompt = L"\n" + render(MessageId::kPromptCommand) + L" ";
   const Command* command = nullptr;
   while (!session.wantsQuit()) {
-    OdString typed;
-    const morvane::ReadStatus status = session.host().input().readAnswer(prompt, false, typed);
+    OdString entered;
+    const morvane::ReadStatus status = session.host().input().readAnswer(prompt, false, entered);
     if (status == morvane::ReadStatus::kEnd)
       break;
     if (status == morvane::ReadStatus::kCancelled)
       continue;
-    typed.trimLeft().trimRight();
-    if (const Command* next = chosen(session, commands, typed, command)) {
+    entered.trimLeft().trimRight();
+    if (const Command* next = chosen(session, commands, entered, command)) {
       session.run(*next, commands);
       command = next;
     }

@@ -60,12 +60,12 @@ public:
     const InterruptibleReading interruptible;
     int length = 0;
     errno = 0;
-    const char* typed = el_gets(editor_, &length);
+    const char* entered = el_gets(editor_, &length);
     line_->atLineStart();
-    if (typed == nullptr || length <= 0)
+    if (entered == nullptr || length <= 0)
       return leave(length < 0 && errno == EINTR);
-    remember(typed);
-    std::string_view bytes(typed, static_cast<std::size_t>(length));
+    remember(entered);
+    std::string_view bytes(entered, static_cast<std::size_t>(length));
     while (bytes.ends_with('\n') || bytes.ends_with('\r'))
       bytes.remove_suffix(1);
     line = OdString::fromUtf8(bytes);
@@ -104,10 +104,10 @@ private:
     return morvane::ReadStatus::kCancelled;
   }
 
-  void remember(const char* typed) {
+  void remember(const char* entered) {
     HistEvent event;
-    if (typed[0] != '\n' && typed[0] != '\0')
-      history(history_, &event, H_ENTER, typed);
+    if (entered[0] != '\n' && entered[0] != '\0')
+      history(history_, &event, H_ENTER, entered);
   }
 
   std::shared_ptr<LineSink> line_;

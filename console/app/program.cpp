@@ -86,7 +86,7 @@ Status runSession(Session& session, const Options& options, std::istream* given)
     session.print(MessageId::kScriptUnreadable, {OdString::fromUtf8(options.script)});
     return Status::Unreadable;
   }
-  const bool typed = !session.host().input().isScript();
+  const bool entered = !session.host().input().isScript();
   if (!options.drawing.empty()) {
     const Status opened =
         session.attempt("OPEN", Command::Kind::kReadOnly, [&] { openDrawing(session, options.drawing); });
@@ -96,7 +96,7 @@ Status runSession(Session& session, const Options& options, std::istream* given)
   runCommands(session, allCommands());
   if (!session.wantsQuit() && session.isAnyModified())
     session.print(MessageId::kUnsavedAtEnd);
-  return typed ? Status::Done : session.status();
+  return entered ? Status::Done : session.status();
 }
 
 verbs::OptionTable programTable(Options& options) {

@@ -29,7 +29,7 @@ std::set<OdDbObjectId> presetDefinitions(OdDbObjectId block, const AttributeAnsw
     places.add(OdDbAttributeDefinitionPtr(id.safeOpenObject())->tag());
   std::set<OdDbObjectId> known;
   for (const auto& [typed, value] : answers.given) {
-    if (const auto place = places.findTyped(typed))
+    if (const auto place = places.findEntered(typed))
       known.insert(definitions[*place]);
   }
   return known;
@@ -68,7 +68,7 @@ OdString tagsOf(const ReferenceAttributes& attributes) {
 void setGiven(OdDbBlockReference& reference, const AttributeAnswers& answers) {
   const ReferenceAttributes attributes(reference);
   for (const auto& [typed, value] : answers.given) {
-    const AttributeRow* row = attributes.findTyped(typed);
+    const AttributeRow* row = attributes.findEntered(typed);
     if (row == nullptr)
       refuse(MessageId::kNoSuchTag, {typed, tagsOf(attributes)});
     if (changeValue(row->attribute, value) == ValueChange::Lines)

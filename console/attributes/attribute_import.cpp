@@ -92,16 +92,16 @@ private:
   }
 
   Misfit find(const CsvRow& row, const AttributeRow*& found) {
-    const OdString handle = cell(row, kHandle), tag = cell(row, kTag), typed = cell(row, kOrdinal);
+    const OdString handle = cell(row, kHandle), tag = cell(row, kTag), entered = cell(row, kOrdinal);
     const ReferenceAttributes* attributes = attributesOfHandle(handle);
     if (attributes == nullptr)
       return Message{MessageId::kMisfitHandle, {handle}};
     const std::size_t equal = attributes->count(tag);
     if (equal == 0)
       return Message{MessageId::kMisfitTag, {handle, tag}};
-    found = attributes->find(tag, ordinalOf(typed.toUtf8()).value_or(0));
+    found = attributes->find(tag, ordinalOf(entered.toUtf8()).value_or(0));
     if (found == nullptr)
-      return Message{MessageId::kMisfitOrdinal, {handle, count(equal), tag, typed}};
+      return Message{MessageId::kMisfitOrdinal, {handle, count(equal), tag, entered}};
     const OdString block = cell(row, kBlock);
     if (!block.isEmpty() && block.iCompare(found->block) != 0)
       return Message{MessageId::kMisfitBlock, {handle, found->block, block}};

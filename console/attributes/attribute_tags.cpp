@@ -6,8 +6,8 @@ namespace console {
 namespace {
 
 // The number behind the last '#'; nothing when there is none.
-std::optional<int> ordinalOf(const OdString& typed, int sharp) {
-  const std::string digits = typed.mid(sharp + 1).toUtf8();
+std::optional<int> ordinalOf(const OdString& entered, int sharp) {
+  const std::string digits = entered.mid(sharp + 1).toUtf8();
   int ordinal = 0;
   const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), ordinal);
   const bool whole = error == std::errc() && end == digits.data() + digits.size();
@@ -41,15 +41,15 @@ std::optional<std::size_t> TagIndex::find(const OdString& tag, int ordinal) cons
   return found->second[static_cast<std::size_t>(ordinal) - 1];
 }
 
-std::optional<std::size_t> TagIndex::findTyped(const OdString& typed) const {
-  if (const auto whole = find(typed, 1))
+std::optional<std::size_t> TagIndex::findEntered(const OdString& entered) const {
+  if (const auto whole = find(entered, 1))
     return whole;
-  const int sharp = typed.reverseFind(L'#');
-  const std::optional<int> ordinal = sharp < 0 ? std::nullopt : ordinalOf(typed, sharp);
+  const int sharp = entered.reverseFind(L'#');
+  const std::optional<int> ordinal = sharp < 0 ? std::nullopt : ordinalOf(entered, sharp);
   if (!ordinal)
     return std::nullopt;
   if (sharp > 0)
-    return find(typed.left(sharp), *ordinal);
+    return find(entered.left(sharp), *ordinal);
   const bool there = *ordinal >= 1 && static_cast<std::size_t>(*ordinal) <= size_;
   return there ? std::optional(static_cast<std::size_t>(*ordinal) - 1) : std::nullopt;
 }

@@ -20,7 +20,7 @@ public:
   std::size_t count(const OdString& tag) const;
   std::optional<std::size_t> find(const OdString& tag, int ordinal) const;
   // TAG, TAG#2 for the second of that tag, or #3 for the third of all.
-  std::optional<std::size_t> findTyped(const OdString& typed) const;
+  std::optional<std::size_t> findEntered(const OdString& entered) const;
 
 private:
   std::map<std::wstring, std::vector<std::size_t>> ordinals_; // by the folded tag

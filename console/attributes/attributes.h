@@ -30,7 +30,7 @@ public:
   std::size_t count(const OdString& tag) const { return tags_.count(tag); }
   // Null when there is none.
   const AttributeRow* find(const OdString& tag, int ordinal) const { return at(tags_.find(tag, ordinal)); }
-  const AttributeRow* findTyped(const OdString& typed) const { return at(tags_.findTyped(typed)); }
+  const AttributeRow* findEntered(const OdString& entered) const { return at(tags_.findEntered(entered)); }
 
 private:
   const AttributeRow* at(std::optional<std::size_t> place) const;

@@ -84,14 +84,14 @@ OdDbBlockTableRecordPtr xrefFor(Session& session, const AttachRequest& request) 
 
 } // namespace
 
-std::string externalFile(Session& session, const std::string& typed) {
+std::string externalFile(Session& session, const std::string& entered) {
   std::error_code error;
-  std::string file = typed;
-  if (!fs::is_regular_file(typed, error)) {
+  std::string file = entered;
+  if (!fs::is_regular_file(entered, error)) {
     const morvane::PathMap& paths = session.host().paths();
-    const OdString found = mvdbSystemServices().findFile(paths.toDrawing(typed), &session.database());
+    const OdString found = mvdbSystemServices().findFile(paths.toDrawing(entered), &session.database());
     if (found.isEmpty())
-      refuse(MessageId::kXrefNoFile, {OdString::fromUtf8(typed)});
+      refuse(MessageId::kXrefNoFile, {OdString::fromUtf8(entered)});
     file = paths.toSystem(found);
   }
   if (!session.drawing().path.empty() && isSameFile(file, session.drawing().path))

@@ -20,7 +20,7 @@ struct AttachRequest {
 
 // The file that a typed path means: as it stands, else along the search path. Throws when there is none, and when it
 // is that of the open drawing.
-std::string externalFile(Session& session, const std::string& typed);
+std::string externalFile(Session& session, const std::string& entered);
 // The name that a reference to the file gets unless another is wanted.
 OdString defaultXrefName(const std::string& path);
 

@@ -65,8 +65,8 @@ void refuseOpenDrawing(Session& session, const std::string& path) {
     refuse(MessageId::kTargetIsOpen, {OdString::fromUtf8(path)});
 }
 
-OdString completeName(Session& session, const OdString& typed) {
-  OdString name = typed;
+OdString completeName(Session& session, const OdString& entered) {
+  OdString name = entered;
   name.trimLeft().trimRight();
   if (name.isEmpty() || name == L"~")
     refuse(MessageId::kNoFileName);
@@ -92,8 +92,8 @@ OdDb::DwgVersion rememberedVersion(Session& session) {
   return version;
 }
 
-std::string promptedTarget(Session& session, const OdString& typed) {
-  const OdString name = inRememberedFolder(session, typed);
+std::string promptedTarget(Session& session, const OdString& entered) {
+  const OdString name = inRememberedFolder(session, entered);
   const std::string path = systemPath(session, completed(name));
   refuseOpenDrawing(session, path);
   if (!session.isInteractive() && fileExists(path)) {

@@ -10,7 +10,7 @@ namespace console {
 
 // Settles the ending of what was typed: none, or another, gets .dxf behind it, .DXF becomes .dxf; a name that changed
 // is told. Throws for no name and for the name of a DWG file, which cannot be written yet.
-OdString completeName(Session& session, const OdString& typed);
+OdString completeName(Session& session, const OdString& entered);
 
 // The version that was used last, as it can be written; the newest where none that is known is remembered. A remembered
 // DWG becomes DXF of the same version, which is told.

@@ -56,30 +56,30 @@ void promptModes(Session& session, Wishes& wishes) {
         on.emplace_back(kModes[mode]);
     }
     session.print(MessageId::kModesOn, {on.empty() ? OdString(L"none") : nameList(on)});
-    const auto typed = promptKeyword(session, MessageId::kKeywordsModes, MessageId::kPromptModes);
-    if (!typed)
+    const auto entered = promptKeyword(session, MessageId::kKeywordsModes, MessageId::kPromptModes);
+    if (!entered)
       return;
     for (std::size_t mode = 0; mode < kModeCount; ++mode)
-      wishes.modes[mode] = wishes.modes[mode] != (*typed == kModes[mode]);
+      wishes.modes[mode] = wishes.modes[mode] != (*entered == kModes[mode]);
   }
 }
 
 void promptJustification(Session& session, Wishes& wishes) {
-  const auto typed = promptKeyword(session, MessageId::kKeywordsJustify, MessageId::kPromptJustify);
+  const auto entered = promptKeyword(session, MessageId::kKeywordsJustify, MessageId::kPromptJustify);
   for (const Justification& one : kJustifications) {
-    if (typed && *typed == one.name)
+    if (entered && *entered == one.name)
       wishes.justification = &one;
   }
 }
 
 // A wrong name is told, and the style stays.
 void promptStyle(CommandContext& context, Wishes& wishes) {
-  const auto typed = promptText(context.session, MessageId::kPromptStyle, {}, true);
-  const OdDbObjectId style = typed ? context.database.symbol(OdDb::kTextStyleTable, *typed) : OdDbObjectId();
+  const auto entered = promptText(context.session, MessageId::kPromptStyle, {}, true);
+  const OdDbObjectId style = entered ? context.database.symbol(OdDb::kTextStyleTable, *entered) : OdDbObjectId();
   if (!style.isNull())
     wishes.style = style;
-  else if (typed)
-    context.session.print(MessageId::kNoSuchStyle, {*typed});
+  else if (entered)
+    context.session.print(MessageId::kNoSuchStyle, {*entered});
 }
 
 // The first point, with the options in front of it.

@@ -46,10 +46,10 @@ MessageId textOf(ValueChange change) {
 
 // An empty answer keeps the value; two quotes are the empty one.
 void promptValue(Session& session, const AttributeRow& row) {
-  const auto typed = promptText(session, MessageId::kPromptAttributeValue, {row.value}, true);
-  if (!typed)
+  const auto entered = promptText(session, MessageId::kPromptAttributeValue, {row.value}, true);
+  if (!entered)
     return;
-  const OdString value = *typed == L"\"\"" ? OdString() : *typed;
+  const OdString value = *entered == L"\"\"" ? OdString() : *entered;
   session.print(textOf(changeValue(row.attribute, value)), {attributeName(row), value});
 }
 
@@ -58,15 +58,15 @@ void promptValue(Session& session, const AttributeRow& row) {
 void attedit(CommandContext& context) {
   Session& session = context.session;
   const OdDbObjectId id = promptReference(session);
-  while (const auto typed = promptText(session, MessageId::kPromptAttributeTag)) {
+  while (const auto entered = promptText(session, MessageId::kPromptAttributeTag)) {
     const ReferenceAttributes attributes(*OdDbBlockReferencePtr(id.safeOpenObject()));
-    const AttributeRow* row = attributes.findTyped(*typed);
+    const AttributeRow* row = attributes.findEntered(*entered);
     if (row != nullptr)
       promptValue(session, *row);
-    else if (*typed == L"?")
+    else if (*entered == L"?")
       listAttributes(session, attributes);
     else
-      session.print(MessageId::kNoSuchAttribute, {*typed});
+      session.print(MessageId::kNoSuchAttribute, {*entered});
   }
 }
 

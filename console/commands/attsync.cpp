@@ -24,18 +24,18 @@ bool listBlocksWithAttributes(Session& session) {
 
 OdDbObjectId promptBlock(Session& session) {
   for (;;) {
-    const auto typed = promptText(session, MessageId::kPromptBlockName);
-    if (!typed)
+    const auto entered = promptText(session, MessageId::kPromptBlockName);
+    if (!entered)
       return {};
-    if (*typed == L"?") {
+    if (*entered == L"?") {
       if (!listBlocksWithAttributes(session))
         session.result(MessageId::kNoSyncBlocks);
       continue;
     }
-    const OdDbObjectId block = definitionOf(session, *typed);
+    const OdDbObjectId block = definitionOf(session, *entered);
     const OdDbBlockTableRecordPtr record = OdDbBlockTableRecord::cast(block.safeOpenObject());
     if (record.isNull() || record->isLayout() || record->isFromExternalReference())
-      refuse(MessageId::kNoSuchBlock, {*typed});
+      refuse(MessageId::kNoSuchBlock, {*entered});
     return block;
   }
 }

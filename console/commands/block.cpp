@@ -23,12 +23,12 @@ constexpr int kName = 1;
 // Question marks are answered with the list of blocks until a name comes.
 OdString promptBlockName(Session& session) {
   for (;;) {
-    const OdString typed = promptText(session, MessageId::kPromptBlockName).value_or(OdString());
-    if (typed.isEmpty())
+    const OdString entered = promptText(session, MessageId::kPromptBlockName).value_or(OdString());
+    if (entered.isEmpty())
       refuseEmptyName();
-    const int kind = commonFun::GetInputType(typed);
+    const int kind = commonFun::GetInputType(entered);
     if (kind == kName)
-      return typed;
+      return entered;
     if (kind != kQuery)
       session.print(MessageId::kBadBlockQuery);
     else if (listBlocks(session) == 0)
@@ -69,11 +69,11 @@ void promptOptions(Session& session, BlockOptions& options) {
     const auto shown = [](int value) { return OdString(value != 0 ? L"on" : L"off"); };
     session.print(MessageId::kBlockSettings,
                   {shown(options.explodable), shown(options.uniform), shown(options.openInEditor)});
-    const auto typed = promptKeyword(session, MessageId::kKeywordsBlockOptions, MessageId::kPromptBlockOptions);
-    if (!typed)
+    const auto entered = promptKeyword(session, MessageId::kKeywordsBlockOptions, MessageId::kPromptBlockOptions);
+    if (!entered)
       return;
     for (const auto& [name, value] : settings) {
-      if (*typed == name)
+      if (*entered == name)
         *value = *value == 0 ? 1 : 0;
     }
   }

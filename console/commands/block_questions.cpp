@@ -13,9 +13,9 @@ namespace console::commands {
 
 OdString promptNameOrList(Session& session, MessageId prompt) {
   for (;;) {
-    const OdString typed = promptText(session, prompt).value_or(OdString());
-    if (typed != L"?")
-      return typed;
+    const OdString entered = promptText(session, prompt).value_or(OdString());
+    if (entered != L"?")
+      return entered;
     if (listBlocks(session) == 0)
       session.result(MessageId::kNoBlocks);
   }

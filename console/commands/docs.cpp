@@ -50,12 +50,12 @@ void open(Session& session) {
 }
 
 void promptSwitch(Session& session) {
-  const std::string typed = promptText(session, MessageId::kPromptDocNumber).value_or(OdString()).toUtf8();
+  const std::string entered = promptText(session, MessageId::kPromptDocNumber).value_or(OdString()).toUtf8();
   std::size_t number = 0;
-  const auto [end, error] = std::from_chars(typed.data(), typed.data() + typed.size(), number);
+  const auto [end, error] = std::from_chars(entered.data(), entered.data() + entered.size(), number);
   const auto& all = session.host().documents().all();
-  if (error != std::errc() || end != typed.data() + typed.size() || number == 0 || number > all.size())
-    refuse(MessageId::kNoSuchDoc, {OdString::fromUtf8(typed)});
+  if (error != std::errc() || end != entered.data() + entered.size() || number == 0 || number > all.size())
+    refuse(MessageId::kNoSuchDoc, {OdString::fromUtf8(entered)});
   switchTo(session, *all[number - 1]);
 }
 

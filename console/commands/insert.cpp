@@ -24,7 +24,7 @@ constexpr int kMostRows = 32767;
 constexpr wchar_t kNoFolder[] = L""; // the host's search knows the folder of the drawing
 
 // In the words of the box that was shown.
-[[noreturn]] void refuseTyped(const Session& session, const OdString& typed) {
+[[noreturn]] void refuseEntered(const Session& session, const OdString& entered) {
   constexpr std::pair<std::string_view, MessageId> kReasons[] = {
       {"box.name-empty", MessageId::kNameEmpty},          {"box.name-too-long", MessageId::kNameTooLong},
       {"box.name-characters", MessageId::kNameInvalid},   {"box.name-invalid", MessageId::kNameInvalid},
@@ -32,9 +32,9 @@ constexpr wchar_t kNoFolder[] = L""; // the host's search knows the folder of th
   };
   for (const auto& [box, reason] : kReasons) {
     if (!session.transcript().empty() && session.transcript().back().id == box)
-      refuse(reason, {typed});
+      refuse(reason, {entered});
   }
-  refuse(MessageId::kNoBlockOrFile, {typed});
+  refuse(MessageId::kNoBlockOrFile, {entered});
 }
 
 // As named, or where the host finds it.
@@ -45,11 +45,11 @@ std::string systemPath(const morvane::PathMap& paths, const OdString& file) {
 }
 
 // The block that the file makes, under that name unless it is empty. The file was typed so.
-OdDbObjectId blockOfFile(Session& session, const OdString& spec, const OdString& typed, const OdString& name) {
+OdDbObjectId blockOfFile(Session& session, const OdString& spec, const OdString& entered, const OdString& name) {
   const morvane::PathMap& paths = session.host().paths();
   OdString ownName, file;
   if (!AnalyzeBlkNamePath::analyzeLastBlkPath2(kNoFolder, spec, ownName, file))
-    refuseTyped(session, typed);
+    refuseEntered(session, entered);
   const std::string path = systemPath(paths, file);
   const BlockSource source = readBlockSource(session, path, name.isEmpty() ? ownName : name);
   const ImportedBlock in = importBlock(session, source, ConflictPolicy::kPrompt);
@@ -58,24 +58,24 @@ OdDbObjectId blockOfFile(Session& session, const OdString& spec, const OdString&
 }
 
 // NAME=FILE. The name stands in for the file's own, so that the rules of that one do not apply.
-OdDbObjectId blockOfPair(Session& session, const OdString& name, const OdString& typed) {
-  OdString file = session.host().paths().toDrawing(typed.toUtf8Lossless());
+OdDbObjectId blockOfPair(Session& session, const OdString& name, const OdString& entered) {
+  OdString file = session.host().paths().toDrawing(entered.toUtf8Lossless());
   if (file.findOneOf(L"\\:") < 0)
     file = L".\\" + file; // a file also where a block has that name
-  return blockOfFile(session, file, typed, name);
+  return blockOfFile(session, file, entered, name);
 }
 
-OdDbObjectId blockOfTyped(Session& session, const OdString& typed) {
-  const int equals = typed.find(L'='), separator = typed.findOneOf(L"/\\");
+OdDbObjectId blockOfEntered(Session& session, const OdString& entered) {
+  const int equals = entered.find(L'='), separator = entered.findOneOf(L"/\\");
   if (equals > 0 && (separator < 0 || equals < separator))
-    return blockOfPair(session, typed.left(equals), typed.mid(equals + 1));
-  const OdString spec = session.host().paths().toDrawing(typed.toUtf8Lossless());
+    return blockOfPair(session, entered.left(equals), entered.mid(equals + 1));
+  const OdString spec = session.host().paths().toDrawing(entered.toUtf8Lossless());
   OdString edited, name;
   insertCommon::getBeditBlockName(edited);
   if (!AnalyzeBlkNamePath::checkInputBlockInfoValidByReplaceDlg(spec, OdString(), edited, kNoFolder, name))
-    refuseTyped(session, typed);
+    refuseEntered(session, entered);
   const OdDbObjectId block = definitionOf(session, spec);
-  return block.isNull() ? blockOfFile(session, spec, typed, OdString()) : block;
+  return block.isNull() ? blockOfFile(session, spec, entered, OdString()) : block;
 }
 
 std::int16_t promptCount(Session& session, MessageId prompt) {
@@ -116,7 +116,7 @@ void promptScale(Session& session, OdDbObjectId block, Placement& placement) {
 
 void insert(CommandContext& context) {
   Session& session = context.session;
-  const OdDbObjectId block = blockOfTyped(session, promptNameOrList(session, MessageId::kPromptInsertName));
+  const OdDbObjectId block = blockOfEntered(session, promptNameOrList(session, MessageId::kPromptInsertName));
   Placement placement;
   promptPoint(session, placement);
   promptScale(session, block, placement);

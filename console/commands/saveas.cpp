@@ -9,18 +9,18 @@ namespace {
 
 std::string promptFileName(CommandContext& context) {
   const std::string& before = context.drawing.path;
-  const auto typed = before.empty()
-                         ? promptText(context.session, MessageId::kPromptFileName)
-                         : promptText(context.session, MessageId::kPromptFileNameOr, {OdString::fromUtf8(before)});
-  return typed ? typed->toUtf8Lossless() : before;
+  const auto entered = before.empty()
+                           ? promptText(context.session, MessageId::kPromptFileName)
+                           : promptText(context.session, MessageId::kPromptFileNameOr, {OdString::fromUtf8(before)});
+  return entered ? entered->toUtf8Lossless() : before;
 }
 
 OdDb::DwgVersion promptVersion(CommandContext& context) {
   const std::string usual = versionToWrite(context.database, OdDb::kVersionUnknown);
-  const auto typed = promptText(context.session, MessageId::kPromptVersion, {OdString::fromUtf8(usual)});
-  const OdDb::DwgVersion version = drawing::versionFromYear(typed ? typed->toUtf8() : usual);
+  const auto entered = promptText(context.session, MessageId::kPromptVersion, {OdString::fromUtf8(usual)});
+  const OdDb::DwgVersion version = drawing::versionFromYear(entered ? entered->toUtf8() : usual);
   if (version == OdDb::kVersionUnknown || drawing::writtenVersion(version) != version)
-    refuse(MessageId::kNoSuchVersion, {typed.value_or(OdString())});
+    refuse(MessageId::kNoSuchVersion, {entered.value_or(OdString())});
   return version;
 }
 

@@ -65,11 +65,11 @@ void setvar(CommandContext& context) {
   const auto before = variables.get(name.str());
   if (!before)
     refuse(MessageId::kNoSuchVariable, {name});
-  const auto typed = promptText(session, MessageId::kPromptValue, {name, std::visit(ValueText(), *before)});
-  if (typed) {
-    const auto value = std::visit(Reader(*typed), *before);
+  const auto entered = promptText(session, MessageId::kPromptValue, {name, std::visit(ValueText(), *before)});
+  if (entered) {
+    const auto value = std::visit(Reader(*entered), *before);
     if (!value || variables.set(name.str(), *value) != RTNORM)
-      refuse(MessageId::kVariableRefused, {name, *typed});
+      refuse(MessageId::kVariableRefused, {name, *entered});
   }
   session.result(MessageId::kVariableLine, {name, std::visit(ValueText(), *variables.get(name.str()))});
 }

@@ -25,10 +25,10 @@ struct Plan {
 
 OdDb::DwgVersion promptVersion(Session& session) {
   const OdString usual = OdString::fromUtf8(drawing::versionYear(rememberedVersion(session)));
-  const OdString typed = promptText(session, MessageId::kPromptVersion, {usual}).value_or(usual);
-  const OdDb::DwgVersion version = drawing::versionFromYear(typed.toUtf8());
+  const OdString entered = promptText(session, MessageId::kPromptVersion, {usual}).value_or(usual);
+  const OdDb::DwgVersion version = drawing::versionFromYear(entered.toUtf8());
   if (version == OdDb::kVersionUnknown || drawing::writtenVersion(version) != version)
-    refuse(MessageId::kNoSuchVersion, {typed});
+    refuse(MessageId::kNoSuchVersion, {entered});
   return version;
 }
 
@@ -73,10 +73,10 @@ std::optional<OdDb::UnitsValue> promptUnits(Session& session, const Plan& plan) 
   const OdDb::UnitsValue usual = block == nullptr
                                      ? session.database().getINSUNITS()
                                      : OdDbBlockTableRecordPtr(block->safeOpenObject())->blockInsertUnits();
-  const auto typed = promptText(session, MessageId::kPromptUnits, {unitsText(usual)});
-  const auto units = typed ? parseUnits(typed->toUtf8()) : usual;
+  const auto entered = promptText(session, MessageId::kPromptUnits, {unitsText(usual)});
+  const auto units = entered ? parseUnits(entered->toUtf8()) : usual;
   if (!units)
-    refuse(MessageId::kNoSuchUnits, {*typed});
+    refuse(MessageId::kNoSuchUnits, {*entered});
   return units;
 }
 

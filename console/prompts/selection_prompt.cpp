@@ -20,12 +20,12 @@ public:
 
   OdDbObjectIdArray run() {
     for (;;) {
-      const PointOrKeyword typed = promptPointOr(session_, MessageId::kKeywordsSelect,
-                                                 removes_ ? MessageId::kPromptRemove : MessageId::kPromptSelect);
-      if (typed.point)
-        pickFrom(*typed.point);
-      else if (!typed.keyword.isEmpty())
-        answer(typed.keyword);
+      const PointOrKeyword entered = promptPointOr(session_, MessageId::kKeywordsSelect,
+                                                   removes_ ? MessageId::kPromptRemove : MessageId::kPromptSelect);
+      if (entered.point)
+        pickFrom(*entered.point);
+      else if (!entered.keyword.isEmpty())
+        answer(entered.keyword);
       else
         return picks_.ids();
       session_.print(MessageId::kSelected, {count(picks_.size())});

@@ -19,7 +19,7 @@
 namespace console::verbs {
 namespace {
 
-struct TypedInsertion {
+struct EnteredInsertion {
   std::string block, file, list, name, at = "0,0", scale, rotate, grid, conflictPolicy;
   std::string rowSpacing = "0", columnSpacing = "0";
   std::vector<std::string> attributes;
@@ -83,14 +83,15 @@ public:
     optionTable_->add("FILE", files_.in, "Drawing to read").required();
     optionTable_->add("-o,--output", files_.out, "Drawing to write");
     OptionTable& source = optionTable_->addGroup("source", "What to insert", 1, 1);
-    source.add("--block", typed_.block, "A block of the drawing");
-    source.add("--file", typed_.file, "A drawing file");
-    source.add("--file-list", typed_.list, "All drawing files of a list, a path in each line");
-    optionTable_->add("--name", typed_.name, "Name of the block that --file makes; else that of the file");
-    optionTable_->add("--on-clash", typed_.conflictPolicy, "When a block of that name is there (refuse; lists: rename)")
+    source.add("--block", entered_.block, "A block of the drawing");
+    source.add("--file", entered_.file, "A drawing file");
+    source.add("--file-list", entered_.list, "All drawing files of a list, a path in each line");
+    optionTable_->add("--name", entered_.name, "Name of the block that --file makes; else that of the file");
+    optionTable_
+        ->add("--on-clash", entered_.conflictPolicy, "When a block of that name is there (refuse; lists: rename)")
         .oneOf({"refuse", "keep", "replace", "rename"});
     describePlacement();
-    optionTable_->add("--attr", typed_.attributes, "TAG=VALUE, or TAG#2=VALUE for the second of that tag");
+    optionTable_->add("--attr", entered_.attributes, "TAG=VALUE, or TAG#2=VALUE for the second of that tag");
     optionTable_->add("--defaults", answers_.takesDefaults, "Values that are not given are those of the definitions");
     optionTable_->add("--dry-run", dry_, "Tell what would happen, and write nothing");
     optionTable_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
@@ -114,14 +115,14 @@ private:
   };
 
   void describePlacement() {
-    optionTable_->add("--at", typed_.at, "Insertion point X,Y[,Z] (0,0)");
-    optionTable_->add("--scale", typed_.scale, "S, or SX,SY,SZ (1)");
-    optionTable_->add("--rotate", typed_.rotate, "Degrees about the z axis (0)");
+    optionTable_->add("--at", entered_.at, "Insertion point X,Y[,Z] (0,0)");
+    optionTable_->add("--scale", entered_.scale, "S, or SX,SY,SZ (1)");
+    optionTable_->add("--rotate", entered_.rotate, "Degrees about the z axis (0)");
     optionTable_->add("--rows", placement_.rows, "Rows (1)").between(1, 32767);
     optionTable_->add("--columns", placement_.columns, "Columns (1)").between(1, 32767);
-    optionTable_->add("--row-spacing", typed_.rowSpacing, "From row to row (0)");
-    optionTable_->add("--column-spacing", typed_.columnSpacing, "From column to column (0)");
-    optionTable_->add("--grid", typed_.grid, "COLUMNS,DX,DY: where the files of a list go, row by row from --at");
+    optionTable_->add("--row-spacing", entered_.rowSpacing, "From row to row (0)");
+    optionTable_->add("--column-spacing", entered_.columnSpacing, "From column to column (0)");
+    optionTable_->add("--grid", entered_.grid, "COLUMNS,DX,DY: where the files of a list go, row by row from --at");
   }
 
   void checkPlacement();
@@ -135,7 +136,7 @@ private:
 
   OptionTable* optionTable_ = nullptr;
   JobFiles files_;
-  TypedInsertion typed_;
+  EnteredInsertion entered_;
   Placement placement_;
   AttributeAnswers answers_;
   ConflictPolicy conflictPolicy_ = ConflictPolicy::Refuse;
@@ -153,13 +154,13 @@ void Insert::check() {
     files_.out.clear();
   else if (files_.out.empty())
     throw Failure{Status::Usage, {MessageId::kNoOutput, {}}};
-  if (!typed_.name.empty() && typed_.file.empty())
+  if (!entered_.name.empty() && entered_.file.empty())
     throw Failure{Status::Usage, {MessageId::kNameNeedsFile, {}}};
-  if (!typed_.grid.empty() && typed_.list.empty())
+  if (!entered_.grid.empty() && entered_.list.empty())
     throw Failure{Status::Usage, {MessageId::kGridNeedsList, {}}};
   conflictPolicy_ =
-      conflictOption(typed_.conflictPolicy, typed_.list.empty() ? ConflictPolicy::Refuse : ConflictPolicy::Rename);
-  for (const std::string& given : typed_.attributes) {
+      conflictOption(entered_.conflictPolicy, entered_.list.empty() ? ConflictPolicy::Refuse : ConflictPolicy::Rename);
+  for (const std::string& given : entered_.attributes) {
     const auto equals = given.find('=');
     if (equals == 0 || equals == std::string::npos)
       refuseUsage(MessageId::kBadAttribute, "--attr", given);
@@ -170,26 +171,26 @@ void Insert::check() {
 }
 
 void Insert::checkPlacement() {
-  const auto at = parsePoint(typed_.at);
+  const auto at = parsePoint(entered_.at);
   if (!at)
-    refuseUsage(MessageId::kBadPoint, "--at", typed_.at);
+    refuseUsage(MessageId::kBadPoint, "--at", entered_.at);
   placement_.at = *at;
-  if (!typed_.scale.empty()) {
-    const std::vector<double> scales = realsOption("--scale", typed_.scale);
+  if (!entered_.scale.empty()) {
+    const std::vector<double> scales = realsOption("--scale", entered_.scale);
     if (scales.size() != 1 && scales.size() != 3)
-      refuseUsage(MessageId::kBadScale, "--scale", typed_.scale);
+      refuseUsage(MessageId::kBadScale, "--scale", entered_.scale);
     placement_.scale = OdGeScale3d(scales[0], scales[scales.size() / 2], scales.back());
   }
-  if (!typed_.rotate.empty())
-    placement_.rotation = realOption("--rotate", typed_.rotate) * std::numbers::pi / 180;
-  placement_.rowSpacing = realOption("--row-spacing", typed_.rowSpacing);
-  placement_.columnSpacing = realOption("--column-spacing", typed_.columnSpacing);
-  if (typed_.grid.empty())
+  if (!entered_.rotate.empty())
+    placement_.rotation = realOption("--rotate", entered_.rotate) * std::numbers::pi / 180;
+  placement_.rowSpacing = realOption("--row-spacing", entered_.rowSpacing);
+  placement_.columnSpacing = realOption("--column-spacing", entered_.columnSpacing);
+  if (entered_.grid.empty())
     return;
-  grid_ = realsOption("--grid", typed_.grid);
+  grid_ = realsOption("--grid", entered_.grid);
   if (grid_.size() != 3 || grid_[0] < 1 || grid_[0] > 1e6 ||
       grid_[0] != static_cast<double>(static_cast<int>(grid_[0])))
-    refuseUsage(MessageId::kBadGrid, "--grid", typed_.grid);
+    refuseUsage(MessageId::kBadGrid, "--grid", entered_.grid);
 }
 
 Placement Insert::placeInGrid(std::size_t number) const {
@@ -217,7 +218,7 @@ Insert::Done Insert::insertFile(Session& session, const std::string& path, const
 
 // Each file is a step of its own: one that fails is taken back and told, and the next one comes.
 void Insert::insertList(Session& session) {
-  const std::vector<std::string> paths = listedFiles(typed_.list);
+  const std::vector<std::string> paths = listedFiles(entered_.list);
   for (std::size_t number = 0; number < paths.size(); ++number) {
     const Status status = session.attempt("INSERT", Command::Kind::kModifies, [&] {
       done_.push_back(insertFile(session, paths[number], {}, placeInGrid(number)));
@@ -231,28 +232,28 @@ void Insert::insertList(Session& session) {
 
 void Insert::work(Session& session, Json& results) {
   if (dry_) {
-    const std::vector<std::string> paths = !typed_.list.empty()   ? listedFiles(typed_.list)
-                                           : !typed_.file.empty() ? std::vector<std::string>{typed_.file}
-                                                                  : std::vector<std::string>{};
+    const std::vector<std::string> paths = !entered_.list.empty()   ? listedFiles(entered_.list)
+                                           : !entered_.file.empty() ? std::vector<std::string>{entered_.file}
+                                                                    : std::vector<std::string>{};
     results["preview"] = Json::array();
     for (const std::string& path : paths)
-      results["preview"].push_back(previewFile(session, path, OdString::fromUtf8(typed_.name), answers_));
+      results["preview"].push_back(previewFile(session, path, OdString::fromUtf8(entered_.name), answers_));
     if (paths.empty())
-      results["preview"].push_back(previewBlock(session, OdString::fromUtf8(typed_.block), answers_));
+      results["preview"].push_back(previewBlock(session, OdString::fromUtf8(entered_.block), answers_));
     return;
   }
-  if (!typed_.list.empty()) {
+  if (!entered_.list.empty()) {
     insertList(session);
-  } else if (!typed_.file.empty()) {
-    done_.push_back(insertFile(session, typed_.file, OdString::fromUtf8(typed_.name), placement_));
+  } else if (!entered_.file.empty()) {
+    done_.push_back(insertFile(session, entered_.file, OdString::fromUtf8(entered_.name), placement_));
   } else {
-    const OdString name = OdString::fromUtf8(typed_.block);
+    const OdString name = OdString::fromUtf8(entered_.block);
     const OdDbObjectId block = definitionOf(session, name);
     if (block.isNull())
       refuse(MessageId::kNoSuchBlock, {name});
     done_.push_back(place(session, {}, {ImportedBlock::Resolution::Kept, block, name, {}, {}}, placement_));
   }
-  if (typed_.block.empty())
+  if (entered_.block.empty())
     insertCommon::checkExternalReference(session.drawing().document->fileName());
   results["inserted"] = Json::array();
   for (const Done& done : done_)
@@ -284,11 +285,11 @@ Json Insert::jsonOf(const Done& done) {
 
 void Insert::printSummary(Session& session) const {
   for (const Done& done : done_) {
-    if (typed_.list.empty())
+    if (entered_.list.empty())
       session.print(MessageId::kUnitsFactor, {exactText(done.factor)});
     session.result(MessageId::kInserted, {done.in.name, handleText(done.reference)});
   }
-  if (!typed_.list.empty() && !dry_)
+  if (!entered_.list.empty() && !dry_)
     session.print(MessageId::kListSum, {count(done_.size()), count(failed_)});
 }
 

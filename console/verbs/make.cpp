@@ -12,7 +12,7 @@ namespace console::verbs {
 namespace {
 
 // What was typed, before it is understood.
-struct TypedBlock {
+struct EnteredBlock {
   std::string name, base, ucs, units, description;
 };
 
@@ -46,9 +46,9 @@ public:
     optionTable_ = &program.addSubcommand("make", "Make a block of objects in a drawing");
     optionTable_->add("FILE", files_.in, "Drawing to read").required();
     optionTable_->add("-o,--output", files_.out, "Drawing to write").required();
-    optionTable_->add("--name", typed_.name, "Name of the block").required();
-    optionTable_->add("--base", typed_.base, "Base point X,Y[,Z]").required();
-    optionTable_->add("--ucs", typed_.ucs, "Coordinate system of the block: origin/X axis/Y axis, each X,Y,Z");
+    optionTable_->add("--name", entered_.name, "Name of the block").required();
+    optionTable_->add("--base", entered_.base, "Base point X,Y[,Z]").required();
+    optionTable_->add("--ucs", entered_.ucs, "Coordinate system of the block: origin/X axis/Y axis, each X,Y,Z");
     selectors_.describe(*optionTable_);
     describeOutcome();
     optionTable_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
@@ -68,19 +68,19 @@ private:
     outcome.add("--convert", convert_, "A reference takes their place (the default)");
     outcome.add("--delete", delete_, "They are erased");
     optionTable_->add("--redefine", request_.redefine, "Replace the block when it is defined");
-    optionTable_->add("--description", typed_.description, "Description of the block");
+    optionTable_->add("--description", entered_.description, "Description of the block");
     optionTable_->add("--annotative", request_.annotative, "The block follows the annotation scale");
     optionTable_->add("--match-orientation", request_.matchOrientation,
                       "Its references follow the layout's orientation");
     optionTable_->add("--uniform", request_.scalesUniformly, "It is scaled uniformly only");
     optionTable_->add("!--no-explode", request_.explodable, "It cannot be exploded");
-    optionTable_->add("--units", typed_.units, "Its units: mm, cm, m, in, ft ... or a code from 0 to 24");
+    optionTable_->add("--units", entered_.units, "Its units: mm, cm, m, in, ft ... or a code from 0 to 24");
   }
   void make(Session& session, Json& results);
 
   OptionTable* optionTable_ = nullptr;
   JobFiles files_;
-  TypedBlock typed_;
+  EnteredBlock entered_;
   BlockRequest request_;
   BlockMade made_;
   std::optional<OdGeMatrix3d> ucs_;
@@ -94,17 +94,17 @@ private:
 void Make::check() {
   if (!isChosen())
     return;
-  const auto base = parsePoint(typed_.base);
+  const auto base = parsePoint(entered_.base);
   if (!base)
-    refuseUsage(MessageId::kBadPoint, "--base", typed_.base);
+    refuseUsage(MessageId::kBadPoint, "--base", entered_.base);
   request_.basePointUcs = *base;
-  if (!typed_.ucs.empty() && !(ucs_ = parseUcs(typed_.ucs)))
-    refuseUsage(MessageId::kBadUcs, "--ucs", typed_.ucs);
-  if (!typed_.units.empty() && !(request_.units = parseUnits(typed_.units)))
-    refuseUsage(MessageId::kBadUnits, "--units", typed_.units);
+  if (!entered_.ucs.empty() && !(ucs_ = parseUcs(entered_.ucs)))
+    refuseUsage(MessageId::kBadUcs, "--ucs", entered_.ucs);
+  if (!entered_.units.empty() && !(request_.units = parseUnits(entered_.units)))
+    refuseUsage(MessageId::kBadUnits, "--units", entered_.units);
   selectors_.check();
-  request_.name = OdString::fromUtf8(typed_.name);
-  request_.description = OdString::fromUtf8(typed_.description);
+  request_.name = OdString::fromUtf8(entered_.name);
+  request_.description = OdString::fromUtf8(entered_.description);
   request_.sourceObjects = keep_ ? SourceObjects::Keep : delete_ ? SourceObjects::Delete : SourceObjects::Convert;
   if (!selectors_.areGiven())
     throw Failure{Status::Usage, {MessageId::kNoSelector, {}}};

@@ -30,14 +30,14 @@ bool hasForbidden(const OdString& path) {
 }
 
 // Trimmed, up to the first zero, with backslashes. There is no current folder of a drive: "C:a" is "C:\a".
-OdString asTyped(const OdString& text) {
+OdString asEntered(const OdString& text) {
   constexpr int kAfterDrive = 2;
-  OdString typed(text.visible());
-  typed.trimLeft().trimRight();
-  typed.replace(L'/', L'\\');
-  if (hasDrive(typed) && typed.mid(kAfterDrive, 1) != L"\\")
-    typed.insert(kAfterDrive, L'\\');
-  return typed;
+  OdString entered(text.visible());
+  entered.trimLeft().trimRight();
+  entered.replace(L'/', L'\\');
+  if (hasDrive(entered) && entered.mid(kAfterDrive, 1) != L"\\")
+    entered.insert(kAfterDrive, L'\\');
+  return entered;
 }
 
 OdString below(const OdString& folder, const OdString& path) {
@@ -58,9 +58,9 @@ OdString inFull(Host& host, const OdString& path, const OdString& defaultFolder)
   if (hasRoot(path))
     return path;
   const mvsi::MvsiApDocument* document = host.documents().current();
-  OdString folder = path.find(L'\\') < 0 ? asTyped(defaultFolder) : OdString(); // for names alone
+  OdString folder = path.find(L'\\') < 0 ? asEntered(defaultFolder) : OdString(); // for names alone
   if (folder.isEmpty() && document != nullptr)
-    folder = folderOf(asTyped(document->fileName()));
+    folder = folderOf(asEntered(document->fileName()));
   const OdString full = folder.isEmpty() ? path : below(folder, path);
   if (hasRoot(full))
     return full;
@@ -88,11 +88,11 @@ int qzutads::MvEdCheckFileName2(OdString& fileName, OdString& filePath, const Od
   Host* host = admitCall("MvEdCheckFileName2");
   if (host == nullptr)
     return RTERROR;
-  const OdString typed = asTyped(fileName);
-  if (typed.isEmpty() || typed == L"~")
+  const OdString entered = asEntered(fileName);
+  if (entered.isEmpty() || entered == L"~")
     return kNoName;
-  const OdString path = asTyped(filePath);
-  const OdString wanted = path.isEmpty() ? typed : path;
+  const OdString path = asEntered(filePath);
+  const OdString wanted = path.isEmpty() ? entered : path;
   if (hasForbidden(wanted))
     return refuse(kForbidden, texts::kForbiddenInFileName, wanted, message);
   const OdString full = inFull(*host, wanted, defaultFolder);

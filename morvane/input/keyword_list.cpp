@@ -28,7 +28,7 @@ bool isWeighty(wchar_t ch) {
 }
 
 // True when `typed` is a prefix of `word` that covers its capitals, or is exactly the capitals.
-bool abbreviates(std::wstring_view typed, std::wstring_view word) {
+bool abbreviates(std::wstring_view entered, std::wstring_view word) {
   std::wstring capitals;
   std::size_t covered = 1;
   for (std::size_t at = 0; at < word.size(); ++at) {
@@ -37,9 +37,10 @@ bool abbreviates(std::wstring_view typed, std::wstring_view word) {
       covered = at + 1;
     }
   }
-  if (!capitals.empty() && equalFolded(typed, capitals))
+  if (!capitals.empty() && equalFolded(entered, capitals))
     return true;
-  return typed.size() >= covered && typed.size() <= word.size() && equalFolded(typed, word.substr(0, typed.size()));
+  return entered.size() >= covered && entered.size() <= word.size() &&
+         equalFolded(entered, word.substr(0, entered.size()));
 }
 
 } // namespace
@@ -65,17 +66,17 @@ KeywordList::KeywordList(std::wstring_view list) {
 
 std::optional<std::wstring> KeywordList::match(std::wstring_view answer) const {
   const bool asGlobal = answer.starts_with(L'_');
-  const std::wstring_view typed = asGlobal ? answer.substr(1) : answer;
-  if (typed.empty())
+  const std::wstring_view entered = asGlobal ? answer.substr(1) : answer;
+  if (entered.empty())
     return std::nullopt;
   for (const Word& word : words_) {
-    if (equalFolded(typed, asGlobal ? word.global : word.local))
+    if (equalFolded(entered, asGlobal ? word.global : word.local))
       return word.global;
   }
   for (const Word& word : words_) {
-    if (abbreviates(typed, asGlobal ? word.global : word.local))
+    if (abbreviates(entered, asGlobal ? word.global : word.local))
       return word.global;
-    if (!word.abbreviation.empty() && equalFolded(typed, word.abbreviation))
+    if (!word.abbreviation.empty() && equalFolded(entered, word.abbreviation))
       return word.global;
   }
   return std::nullopt;

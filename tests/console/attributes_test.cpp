@@ -124,13 +124,13 @@ TEST_F(AttributeTable, SetsWhatFitsAndTellsWhatDoesNot) {
   EXPECT_EQ(run.shown.substr(run.shown.size() - std::min(run.shown.size(), wanted.size())), wanted);
   const OdDbDatabasePtr read = drawing::readDrawing(out()).database;
   const console::ReferenceAttributes after(*forRead<OdDbBlockReference>(read->getOdDbObjectId(first_.getHandle())));
-  EXPECT_EQ(after.findTyped(L"TAG")->value, L"a,\"b\"");
-  EXPECT_EQ(after.findTyped(L"Tag#2")->value, L"x y");
-  const auto lines = forRead<OdDbAttribute>(after.findTyped(L"#3")->attribute);
+  EXPECT_EQ(after.findEntered(L"TAG")->value, L"a,\"b\"");
+  EXPECT_EQ(after.findEntered(L"Tag#2")->value, L"x y");
+  const auto lines = forRead<OdDbAttribute>(after.findEntered(L"#3")->attribute);
   EXPECT_EQ(lines->getMTextAttribute()->contents(), L"three\\Plines\\Phere");
   EXPECT_FALSE(OdDbField::hasFields(*lines)); // or the next program would compute the old value again
   for (const wchar_t* none : {L"TAG#0", L"TAG#3", L"#4", L"#", L"", L"TAG#-1", L"TAG#2x"})
-    EXPECT_EQ(after.findTyped(none), nullptr) << OdString(none).toUtf8();
+    EXPECT_EQ(after.findEntered(none), nullptr) << OdString(none).toUtf8();
 }
 
 TEST_F(AttributeTable, LeavesTheDrawingAloneWhenItIsNone) {

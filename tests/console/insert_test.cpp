@@ -177,18 +177,18 @@ std::vector<OdString> linesOf(const std::string& script) {
 TEST(Insert, AsksTheSameWhereverTheAnswersComeFrom) {
   const std::string script = replaced(readFile("tests/console/transcripts/insert-attributes.scr"), "\r", "");
   const std::string commands = script.substr(script.find('\n') + 1);
-  std::string typed;
+  std::string entered;
   {
     TestSession console;
     console.session().answerFrom(std::make_shared<morvane::ListSource>(linesOf(commands)));
     console::runCommands(console.session(), console::allCommands());
     EXPECT_EQ(console.session().status(), Status::Done) << console.takeShown();
-    typed = console.dump();
+    entered = console.dump();
   }
   {
     TestSession console;
     ASSERT_EQ(console.run(commands), Status::Done) << console.takeShown();
-    EXPECT_EQ(console.dump(), typed);
+    EXPECT_EQ(console.dump(), entered);
   }
   const std::size_t begins = commands.find("INSERT\n"), ends = commands.find("INSERT\n", begins + 1);
   TestSession console;
