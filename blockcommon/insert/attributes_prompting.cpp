@@ -20,7 +20,7 @@ bool readValue(const OdString& question, const OdString& defaultValue, bool mult
   value.empty();
   OdString prompt = question;
   for (int n = 1;; ++n) {
-    wchar_t line[morvane::kLongestAnswer + 1] = {};
+    wchar_t line[morvane::kMaxAnswerLength + 1] = {};
     if (commonFun::inPutString(kNoFlags, L"", kSpacesAllowed, prompt, line) == RTCAN)
       return false;
     if (line[0] == L'\0') {

@@ -20,7 +20,7 @@
 namespace console::commands {
 namespace {
 
-constexpr int kMostRows = 32767;
+constexpr int kMaxRows = 32767;
 constexpr wchar_t kNoFolder[] = L""; // the host's search knows the folder of the drawing
 
 // In the words of the box that was shown.
@@ -80,7 +80,7 @@ OdDbObjectId blockOfEntered(Session& session, const OdString& entered) {
 
 std::int16_t promptCount(Session& session, MessageId prompt) {
   const double number = promptNumber(session, prompt).value_or(1);
-  if (number < 1 || number > kMostRows || number != static_cast<double>(static_cast<int>(number)))
+  if (number < 1 || number > kMaxRows || number != static_cast<double>(static_cast<int>(number)))
     refuse(MessageId::kBadRows, {exactText(number)});
   return static_cast<std::int16_t>(number);
 }

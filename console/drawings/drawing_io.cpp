@@ -20,15 +20,15 @@ bool isLoss(const drawing::Issue& issue) {
 
 // A line for each thing that was repaired or lost, and how many there were.
 void printIssues(Session& session, const std::string& path, const drawing::Report& report, MessageId line) {
-  constexpr std::size_t kMostLines = 20;
+  constexpr std::size_t kMaxLines = 20;
   std::size_t printed = 0;
   for (const drawing::Issue& issue : report.issues()) {
-    if (isLoss(issue) && ++printed <= kMostLines)
+    if (isLoss(issue) && ++printed <= kMaxLines)
       session.print(line, {asText(path), asText(drawing::describe(issue))});
   }
   printed += report.suppressed();
-  if (printed > kMostLines)
-    session.print(MessageId::kMoreIssues, {asText(path), count(printed - kMostLines)});
+  if (printed > kMaxLines)
+    session.print(MessageId::kMoreIssues, {asText(path), count(printed - kMaxLines)});
 }
 
 std::size_t losses(const drawing::Report& report) {
@@ -75,17 +75,17 @@ std::size_t objectsInModelSpace(const OdDbDatabase& database) {
 } // namespace
 
 void reportXrefs(Session& session) {
-  constexpr std::size_t kMostLines = 20;
+  constexpr std::size_t kMaxLines = 20;
   const std::string& path = session.drawing().path;
   const OdString name = path.empty() ? render(MessageId::kUnsavedName) : asText(path);
   const drawing::Report& report = session.drawing().document->xrefReport();
   session.addIssues(report);
   const auto& issues = report.issues();
-  for (std::size_t i = 0; i < issues.size() && i < kMostLines; ++i)
+  for (std::size_t i = 0; i < issues.size() && i < kMaxLines; ++i)
     session.print(MessageId::kXrefNote, {name, asText(issues[i].found)});
   const std::size_t all = issues.size() + report.suppressed();
-  if (all > kMostLines)
-    session.print(MessageId::kMoreIssues, {name, count(all - kMostLines)});
+  if (all > kMaxLines)
+    session.print(MessageId::kMoreIssues, {name, count(all - kMaxLines)});
 }
 
 drawing::Report openDrawing(Session& session, const std::string& path, bool listsIssues) {

@@ -118,12 +118,13 @@ OdString reasonOf(const KeptObject& kept) {
     return render(MessageId::kUseNeeded);
   if (kept.status == PurgePlan::Status::External)
     return render(MessageId::kUseExternal);
-  constexpr std::size_t kMost = 5;
+  constexpr std::size_t kMaxNames = 5;
   OdString reason;
-  for (std::size_t i = 0; i < kept.uses.size() && i < kMost; ++i)
+  for (std::size_t i = 0; i < kept.uses.size() && i < kMaxNames; ++i)
     reason += (i == 0 ? OdString() : OdString(L", ")) + useText(kept, kept.uses[i]);
-  return kept.uses.size() <= kMost ? reason
-                                   : reason + L" " + render(MessageId::kUseMore, {count(kept.uses.size() - kMost)});
+  return kept.uses.size() <= kMaxNames
+             ? reason
+             : reason + L" " + render(MessageId::kUseMore, {count(kept.uses.size() - kMaxNames)});
 }
 
 } // namespace console

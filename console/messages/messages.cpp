@@ -661,11 +661,11 @@ OdString count(std::size_t number) {
 }
 
 OdString nameList(const std::vector<OdString>& names) {
-  constexpr std::size_t kMost = 20;
+  constexpr std::size_t kMaxNames = 20;
   OdString list;
-  for (std::size_t at = 0; at < names.size() && at < kMost; ++at)
+  for (std::size_t at = 0; at < names.size() && at < kMaxNames; ++at)
     list += (at == 0 ? OdString() : OdString(L", ")) + L"\"" + names[at] + L"\"";
-  return names.size() > kMost ? list + L" ..." : list;
+  return names.size() > kMaxNames ? list + L" ..." : list;
 }
 
 } // namespace console

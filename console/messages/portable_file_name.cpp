@@ -6,7 +6,7 @@
 namespace console {
 namespace {
 
-constexpr std::size_t kMostBytes = 200; // of 255, for a number and an ending
+constexpr std::size_t kMaxBytes = 200; // of 255, for a number and an ending
 
 bool isUnsafe(wchar_t ch) {
   constexpr std::wstring_view kKept = L"<>:\"/\\|?*";
@@ -42,7 +42,7 @@ OdString shortened(OdString name, std::size_t bytes) {
 OdString portable(const OdString& text) {
   std::wstring name = text.str();
   std::replace_if(name.begin(), name.end(), isUnsafe, L'_');
-  name = shortened(name, kMostBytes).str();
+  name = shortened(name, kMaxBytes).str();
   constexpr std::wstring_view kNotFirst = L" .-~";
   constexpr std::wstring_view kNotLast = L" .";
   if (name.empty())

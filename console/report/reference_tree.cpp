@@ -12,17 +12,17 @@ namespace console {
 namespace {
 
 OdString countText(std::uint64_t number) {
-  return number == kMostCounted ? render(MessageId::kReportMany) : count(number);
+  return number == kMaxCounted ? render(MessageId::kReportMany) : count(number);
 }
 
-void refuseTooLarge(OdDbObjectId reference, std::uint64_t mostNodes) {
+void refuseTooLarge(OdDbObjectId reference, std::uint64_t maxNodes) {
   const TreeSize size = sizeOfTree(reference);
   if (size.isEndless)
     refuse(MessageId::kGraphEndless, {handleText(reference)});
-  if (size.nodes > mostNodes)
-    refuse(MessageId::kGraphTooLarge, {handleText(reference), countText(size.nodes), count(mostNodes)});
-  if (size.inChains > kInChainsAnyway + kInChainsPerNode * mostNodes)
-    refuse(MessageId::kGraphTooDeep, {handleText(reference), countText(size.inChains), count(mostNodes)});
+  if (size.nodes > maxNodes)
+    refuse(MessageId::kGraphTooLarge, {handleText(reference), countText(size.nodes), count(maxNodes)});
+  if (size.inChains > kInChainsAnyway + kInChainsPerNode * maxNodes)
+    refuse(MessageId::kGraphTooDeep, {handleText(reference), countText(size.inChains), count(maxNodes)});
 }
 
 ReferenceNode nodeOf(Session& session, CRefGraph& graph, CRefGraphNode& made) {
@@ -80,8 +80,8 @@ EditCheck checkEdit(CRefGraph& graph, const std::vector<ReferenceNode>& nodes) {
 
 } // namespace
 
-ReferenceTree treeOf(Session& session, OdDbObjectId reference, std::uint64_t mostNodes) {
-  refuseTooLarge(reference, mostNodes);
+ReferenceTree treeOf(Session& session, OdDbObjectId reference, std::uint64_t maxNodes) {
+  refuseTooLarge(reference, maxNodes);
   CRefGraph graph;
   graph.create(reference);
   OdDbObjectIdArray chain{reference};

@@ -40,18 +40,18 @@ struct ReferenceTree {
 };
 
 // What a tree would hold, found in one walk over the definitions however often they are shown. Numbers end at
-// kMostCounted, which means so many or more.
+// kMaxCounted, which means so many or more.
 struct TreeSize {
   std::uint64_t nodes = 1;
   std::uint64_t inChains = 1; // references in the chains of all nodes together
   bool isEndless = false;     // a dynamic block is part of itself by one of its shapes
 };
-inline constexpr std::uint64_t kMostCounted = std::uint64_t{1} << 53;
+inline constexpr std::uint64_t kMaxCounted = std::uint64_t{1} << 53;
 TreeSize sizeOfTree(OdDbObjectId reference);
 
 // The tree below the block reference. Throws for an id that is none, and, before any of it is made, when it would have
 // more nodes than that, or so many references in chains that they fill memory although the nodes would not.
 inline constexpr std::uint64_t kInChainsAnyway = 1'000'000, kInChainsPerNode = 16;
-ReferenceTree treeOf(Session& session, OdDbObjectId reference, std::uint64_t mostNodes);
+ReferenceTree treeOf(Session& session, OdDbObjectId reference, std::uint64_t maxNodes);
 
 } // namespace console

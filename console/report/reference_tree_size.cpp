@@ -41,8 +41,8 @@ Opened opened(OdDbObjectId id) {
 
 // Every node of the inner tree lies one deeper here.
 void add(TreeSize& size, const TreeSize& inner) {
-  size.nodes = std::min(size.nodes + inner.nodes, kMostCounted);
-  size.inChains = std::min(size.inChains + inner.inChains + inner.nodes, kMostCounted);
+  size.nodes = std::min(size.nodes + inner.nodes, kMaxCounted);
+  size.inChains = std::min(size.inChains + inner.inChains + inner.nodes, kMaxCounted);
 }
 
 } // namespace
@@ -67,7 +67,7 @@ TreeSize sizeOfTree(OdDbObjectId reference) {
     if (isNew) {
       stack.push_back(opened(inner));
     } else if (!known->second) {
-      return {kMostCounted, kMostCounted, true};
+      return {kMaxCounted, kMaxCounted, true};
     } else {
       add(at.size, *known->second);
       ++at.next;

@@ -87,7 +87,7 @@ public:
     optionTable_->add("--reference", handle_, "Handle of the block reference").required();
     optionTable_->add("--json", json_, "Report as one JSON object");
     optionTable_->add("--dot", dot_, "As a graph in the DOT language").excludes("--json");
-    optionTable_->add("--max-nodes", mostNodes_, "Refuse a tree of more references than this (100000)")
+    optionTable_->add("--max-nodes", maxNodes_, "Refuse a tree of more references than this (100000)")
         .between(1, 1'000'000'000);
   }
   bool isChosen() const override { return optionTable_->isChosen(); }
@@ -106,7 +106,7 @@ private:
     const OdDbObjectId picked = session.database().getOdDbObjectId(*parseHandle(handle_));
     if (OdDbBlockReference::cast(picked.safeOpenObject()).isNull())
       refuse(MessageId::kGraphNoReference, {OdString::fromUtf8(handle_)});
-    tree_ = treeOf(session, picked, mostNodes_);
+    tree_ = treeOf(session, picked, maxNodes_);
     if (!json_)
       return;
     results["reference"] = handleOf(picked);
@@ -148,7 +148,7 @@ private:
   OptionTable* optionTable_ = nullptr;
   JobFiles files_;
   std::string handle_;
-  std::uint64_t mostNodes_ = 100'000;
+  std::uint64_t maxNodes_ = 100'000;
   ReferenceTree tree_;
   bool json_ = false;
   bool dot_ = false;

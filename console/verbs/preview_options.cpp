@@ -6,7 +6,7 @@ namespace console::verbs {
 namespace {
 
 constexpr int kLargest = 30'000;
-constexpr long long kMostPixels = 100'000'000;
+constexpr long long kMaxPixels = 100'000'000;
 
 bool readWhole(const char* first, const char* last, int base, int& value) {
   const auto read = std::from_chars(first, last, value, base);
@@ -22,7 +22,7 @@ bool readPictureSize(const std::string& text, drawing::PictureOptions& options) 
       !readWhole(text.data() + cross + 1, text.data() + text.size(), 10, height))
     return false;
   const bool isFine = width >= 1 && height >= 1 && width <= kLargest && height <= kLargest &&
-                      static_cast<long long>(width) * height <= kMostPixels;
+                      static_cast<long long>(width) * height <= kMaxPixels;
   if (!isFine)
     return false;
   options.width = width;

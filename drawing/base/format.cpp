@@ -202,9 +202,10 @@ void appendReal(std::wstring& out, const Directive& directive, Arguments& argume
 
 void appendText(std::wstring& out, const Directive& directive, Arguments& arguments) {
   const wchar_t* text = va_arg(arguments.list, const wchar_t*);
-  const std::size_t most = directive.precision < 0 ? std::wstring::npos : static_cast<std::size_t>(directive.precision);
+  const std::size_t limit =
+      directive.precision < 0 ? std::wstring::npos : static_cast<std::size_t>(directive.precision);
   std::size_t length = 0; // a precision keeps the reading within a buffer that has no zero
-  while (text != nullptr && length < most && text[length] != 0)
+  while (text != nullptr && length < limit && text[length] != 0)
     ++length;
   appendFilled(out, directive, {}, {text, length}, false);
 }

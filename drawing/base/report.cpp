@@ -8,7 +8,7 @@ namespace drawing {
 
 void Report::add(Issue issue) {
   worst_ = std::max(worst_, issue.severity);
-  if (issues_.size() >= most_) {
+  if (issues_.size() >= limit_) {
     ++suppressed_;
     return;
   }

@@ -15,7 +15,7 @@ bool GroupSource::nextRecord(Record& record) {
   if (ahead_.code == 0 && ahead_.text == "EOF")
     return true;
   while (next(ahead_)) {
-    isOverLimit_ = record.size() >= mostGroups_;
+    isOverLimit_ = record.size() >= maxGroups_;
     if (ahead_.code == 0 || isOverLimit_) {
       hasAhead_ = true;
       break;
@@ -63,7 +63,7 @@ bool TextGroupSource::line(std::string_view& text, bool isValue) {
   at_ = stop == nullptr ? end_ : stop + 1;
   ++lineNumber_;
   if (!hasReturns_) { // most files
-    if (text.size() > kLongestLine)
+    if (text.size() > kMaxLineLength)
       noteLine(kOneSign, text.size());
     return true;
   }
@@ -88,7 +88,7 @@ void TextGroupSource::noteLine(int ending, std::size_t length) {
   const int before = std::exchange(endings_, endings_ | ending);
   if (before != 0 && before != endings_ && (before & (before - 1)) == 0)
     note("dxf.mixed-line-ends", "lines end in another way than before");
-  if (length > kLongestLine && !std::exchange(sawLong_, true))
+  if (length > kMaxLineLength && !std::exchange(sawLong_, true))
     note("dxf.long-line", "a line is longer than the format allows");
 }
 

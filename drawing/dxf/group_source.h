@@ -24,11 +24,11 @@ public:
   // of the file's end stands alone, and what comes behind it is not looked at.
   bool nextRecord(Record& record);
   // A record ends early at that many groups; `isOverLimit` tells that one did.
-  void limitRecords(std::size_t groups) { mostGroups_ = groups; }
+  void limitRecords(std::size_t groups) { maxGroups_ = groups; }
   bool isOverLimit() const { return isOverLimit_; }
 
 private:
-  std::size_t mostGroups_ = SIZE_MAX;
+  std::size_t maxGroups_ = SIZE_MAX;
   bool isOverLimit_ = false;
   RawGroup ahead_;
   bool hasAhead_ = false;
@@ -57,7 +57,7 @@ private:
   int endings_ = 0; // that came
   bool sawLong_ = false;
   bool hasReturns_ = false;
-  static constexpr std::size_t kLongestLine = 2049; // in any version
+  static constexpr std::size_t kMaxLineLength = 2049; // in any version
   char ending_ = '\n';
 };
 

@@ -22,8 +22,8 @@ namespace {
 // is decoded. Variables stand near the top of a file; a file without them is not searched to its end. In both forms the
 // value comes behind its group code: a line of digits, or one or two bytes that are no characters.
 std::string headerText(std::string_view content, std::string_view variable) {
-  constexpr std::size_t kFar = 1 << 20;
-  const std::size_t at = content.substr(0, kFar).find(variable);
+  constexpr std::size_t kSearchLimit = 1 << 20;
+  const std::size_t at = content.substr(0, kSearchLimit).find(variable);
   if (at == std::string_view::npos)
     return {};
   std::string_view rest = content.substr(at + variable.size());
@@ -199,8 +199,8 @@ ReadResult readDrawing(const std::string& path, const ReadOptions& options) {
   FileStatus status;
   const bool isFile = fileOperations().stat(path, status).ok() && status.kind == FileStatus::Kind::Regular;
   const std::uint64_t usual = std::min(usualMemory(UINT64_MAX), isFile ? UINT64_MAX : kLargestStream);
-  const std::uint64_t most = options.budget.bytes == 0 ? usual : options.budget.bytes;
-  if (const FileError error = file.open(path, most); !error.ok())
+  const std::uint64_t limit = options.budget.bytes == 0 ? usual : options.budget.bytes;
+  if (const FileError error = file.open(path, limit); !error.ok())
     return refuse(error.code, error.text);
   ReadResult result = readDrawingFromMemory(file.text(), path, options);
   if (!result.database.isNull())

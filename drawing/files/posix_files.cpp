@@ -15,7 +15,7 @@ namespace drawing {
 
 namespace {
 
-constexpr int kMostLinks = 40; // as the kernel
+constexpr int kMaxLinks = 40; // as the kernel
 
 const char* wordFor(FileAction action) {
   constexpr const char* kWords[] = {"read", "write", "lock", "remove"};
@@ -175,7 +175,7 @@ public:
 
   FileError resolve(const std::string& path, std::string& target) override {
     target = path;
-    for (int links = 0; links <= kMostLinks; ++links) {
+    for (int links = 0; links <= kMaxLinks; ++links) {
       if (!readLink(std::string(target), target)) // EINVAL: no link; ENOENT: nothing there
         return check(errno == EINVAL || errno == ENOENT, FileAction::Read, path);
     }

@@ -8,7 +8,7 @@ namespace drawing::gi {
 namespace {
 
 constexpr double kMargin = 64;      // pixels around the picture that are kept
-constexpr double kMostMargin = 1e5; // for pens of any width
+constexpr double kMaxMargin = 1e5;  // for pens of any width
 constexpr double kFinestPeriod = 3; // pixels of a pattern that still shows
 
 using Pixels = std::vector<OdGePoint2d>;
@@ -140,7 +140,7 @@ Pixels Device::inside(const Pixels& ring) const {
 }
 
 std::vector<Pixels> Device::strokes(const Pixels& path, const Pen& pen, double width) {
-  const double margin = std::min(kMargin + width, kMostMargin);
+  const double margin = std::min(kMargin + width, kMaxMargin);
   const Box box{-margin, -margin, view_.width + margin, view_.height + margin};
   if (path.size() == 1)
     return contains(path[0]) ? std::vector<Pixels>{{path[0], path[0]}} : std::vector<Pixels>{};

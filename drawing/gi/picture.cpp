@@ -18,7 +18,7 @@ namespace {
 
 constexpr double kMargin = 0.03; // of the picture, on each side
 constexpr int kLargest = 30'000;
-constexpr std::size_t kMostPixels = 100'000'000;
+constexpr std::size_t kMaxPixels = 100'000'000;
 constexpr std::uint32_t kWhite = 0xFFFFFF;
 
 using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
@@ -31,7 +31,7 @@ cairo_status_t append(void* closure, const unsigned char* data, unsigned length)
 void checkSize(const PictureOptions& options) {
   const bool isFine = options.width >= 1 && options.height >= 1 && options.width <= kLargest &&
                       options.height <= kLargest &&
-                      static_cast<std::size_t>(options.width) * static_cast<std::size_t>(options.height) <= kMostPixels;
+                      static_cast<std::size_t>(options.width) * static_cast<std::size_t>(options.height) <= kMaxPixels;
   if (!isFine)
     throw OdError(eInvalidInput);
 }

@@ -9,7 +9,7 @@ namespace drawing::gi {
 
 namespace {
 
-constexpr std::size_t kDeepestInset = 1000;
+constexpr std::size_t kMaxInstanceDepth = 1000;
 
 } // namespace
 
@@ -118,7 +118,7 @@ void SceneBuilder::draw(OdDbObjectId id, const DrawContext& context) {
   // The first inset is drawn first: it has to lie on top of the stack.
   std::vector<BlockInstance>& instances = canvas.instances();
   for (std::size_t i = instances.size(); i-- > 0;) {
-    if (isOpen(instances[i].block) || instances[i].context.depth > kDeepestInset)
+    if (isOpen(instances[i].block) || instances[i].context.depth > kMaxInstanceDepth)
       addNotDrawn(*entity, "cycle");
     else
       push(std::move(instances[i]));

@@ -146,9 +146,9 @@ private:
 
   // Whom a report names: the record that owns the object, else the object itself.
   OdDbObjectId topLevelUser(const OdDbObject& object) const {
-    constexpr int kFar = 64; // owners of owners; damaged drawings may have rings
+    constexpr int kSearchLimit = 64; // owners of owners; damaged drawings may have rings
     const OdDbObject* at = &object;
-    for (int step = 0; at != nullptr && step < kFar; ++step) {
+    for (int step = 0; at != nullptr && step < kSearchLimit; ++step) {
       if (at->isKindOf(OdDbSymbolTableRecord::desc()))
         return at->objectId();
       at = lookup(at->ownerId());

@@ -163,12 +163,12 @@ OdDbObjectIteratorPtr OdDbBlockTableRecord::newIterator(bool, bool skipDeleted, 
 
 // One reference may go to and fro between blocks; its notes take no more room than all references do.
 void OdDbBlockTableRecord::recordReference(OdDbObjectId reference) {
-  constexpr std::size_t kFew = 64;
+  constexpr std::size_t kLinearSearchLimit = 64;
   auto& [ids, distinct] = referenceHistory_;
   if (!ids.empty() && ids.back() == reference)
     return;
   ids.push_back(reference);
-  if (ids.size() < std::max(kFew, 2 * distinct))
+  if (ids.size() < std::max(kLinearSearchLimit, 2 * distinct))
     return;
   std::sort(ids.begin(), ids.end());
   ids.erase(std::unique(ids.begin(), ids.end()), ids.end());

@@ -75,8 +75,8 @@ struct OdDbDictionary::Index {
 
 // Most dictionaries hold an entry or two; an index would cost more than it saves.
 const OdDbDictionary::Index* OdDbDictionary::index() const {
-  constexpr std::size_t kFew = 16;
-  if (entries_.size() <= kFew)
+  constexpr std::size_t kLinearSearchLimit = 16;
+  if (entries_.size() <= kLinearSearchLimit)
     return nullptr;
   if (index_.get() == nullptr) {
     Index& made = index_.make();

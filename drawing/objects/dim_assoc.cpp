@@ -19,7 +19,7 @@ namespace {
 
 const OdString kEntry = L"ACAD_DIMASSOC";
 constexpr int kPointStart = 1; // the class name of a point
-constexpr int kMostPoints = 4;
+constexpr int kMaxPoints = 4;
 
 bool isGeometry(const drawing::Group& group) {
   return (group.code == 331 || group.code == 332) && group.kind == drawing::GroupKind::Reference;
@@ -87,7 +87,7 @@ OdResult OdDbDimAssoc::addPoint(std::int16_t snapType, OdDbObjectId geometry, co
   for (std::size_t i = pointGroups_.find(kPointStart); i < pointGroups_.size();
        i = pointGroups_.find(kPointStart, i + 1))
     ++present;
-  if (present == kMostPoints)
+  if (present == kMaxPoints)
     return eOutOfRange;
   pointGroups_.utf8(kPointStart, "AcDbOsnapPointRef");
   pointGroups_.integer(72, snapType);

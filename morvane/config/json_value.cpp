@@ -9,7 +9,7 @@ namespace {
 
 using nlohmann::json;
 
-constexpr std::size_t kDeepestPath = 64;
+constexpr std::size_t kMaxPathDepth = 64;
 
 std::vector<std::string> splitPath(const char* path) {
   std::vector<std::string> keys;
@@ -62,7 +62,7 @@ json* makeParent(json& start, const std::vector<std::string>& keys) {
 bool setAt(morvane::JsonDocument& document, const std::vector<std::string>& base, const char* path, json value) {
   json* start = follow(document.root, base);
   const auto keys = splitPath(path);
-  if (start == nullptr || keys.empty() || keys.size() > kDeepestPath)
+  if (start == nullptr || keys.empty() || keys.size() > kMaxPathDepth)
     return false;
   json* parent = makeParent(*start, keys);
   if (parent == nullptr)

@@ -12,13 +12,13 @@ namespace {
 namespace fs = std::filesystem;
 using nlohmann::json;
 
-constexpr int kDeepestSetting = 64;
+constexpr int kMaxSettingDepth = 64;
 
 // Nothing for text that is no JSON object or is nested deeper than settings ever are.
 json parseSettings(const std::string& text) {
   bool tooDeep = false;
   const auto watch = [&tooDeep](int depth, json::parse_event_t, json&) {
-    tooDeep = tooDeep || depth > kDeepestSetting;
+    tooDeep = tooDeep || depth > kMaxSettingDepth;
     return !tooDeep;
   };
   json root = json::parse(text, watch, false);

@@ -170,7 +170,7 @@ int InputEngine::getText(Extent extent, const OdString& prompt, OdString& result
   default:
     break;
   }
-  answer.resize(std::min<std::size_t>(answer.size(), kLongestAnswer));
+  answer.resize(std::min<std::size_t>(answer.size(), kMaxAnswerLength));
   result = OdString(std::move(answer));
   return RTNORM;
 }
@@ -200,7 +200,7 @@ int InputEngine::promptValue(const OdString& prompt, const OdString& complaint, 
     if (verdict == Verdict::kText && accept(armed, text))
       return RTNORM;
     if (verdict == Verdict::kKeyword || (armed.has(kAnyText) && !text.empty())) {
-      lastKeyword_ = OdString(text.substr(0, kLongestAnswer));
+      lastKeyword_ = OdString(text.substr(0, kMaxAnswerLength));
       return RTKWORD;
     }
     output_.print(complaint);

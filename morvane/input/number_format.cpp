@@ -99,7 +99,7 @@ std::optional<std::wstring> formatReal(double value, LinearUnits form, int preci
   case LinearUnits::kScientific:
     return scientific(value, precision);
   case LinearUnits::kDecimal:
-    if (std::wstring text = decimal(value, precision); text.size() <= static_cast<std::size_t>(kLongestNumber))
+    if (std::wstring text = decimal(value, precision); text.size() <= static_cast<std::size_t>(kMaxNumberLength))
       return text;
     return scientific(value, precision);
   case LinearUnits::kEngineering:

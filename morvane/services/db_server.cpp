@@ -16,7 +16,7 @@ public:
     const auto text = formatReal(value, form, precision == kCurrent ? current(L"LUPREC") : precision);
     if (!text)
       return RTERROR;
-    copyText(OdString(*text), result, kLongestNumber + 1);
+    copyText(OdString(*text), result, kMaxNumberLength + 1);
     return RTNORM;
   }
 

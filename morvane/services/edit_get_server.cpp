@@ -20,7 +20,7 @@ public:
       return RTERROR;
     OdString answer;
     const int code = host_.input().getString(allowSpaces != 0, prompt, answer);
-    copyText(answer, result, kLongestAnswer + 1);
+    copyText(answer, result, kMaxAnswerLength + 1);
     return code;
   }
 

@@ -36,9 +36,9 @@ public:
     if (!host_.calls().pass("mvsiedFindFile") || fileName == nullptr || found == nullptr)
       return RTERROR;
     const auto path = host_.searchPath().find(host_.paths(), fileName);
-    if (!path || path->getLength() > kLongestPath)
+    if (!path || path->getLength() > kMaxPathLength)
       return RTERROR;
-    copyText(*path, found, kLongestPath + 1);
+    copyText(*path, found, kMaxPathLength + 1);
     return RTNORM;
   }
 

@@ -45,7 +45,7 @@ TEST(YesNoQuestion, AFailedCallNeverPassesForAYes) {
 }
 
 TEST(StringInput, LeavesTheBlankToScriptsUnlessToldOtherwise) {
-  static wchar_t result[morvane::kLongestAnswer + 1];
+  static wchar_t result[morvane::kMaxAnswerLength + 1];
   const struct {
     bool script;
     int allowSpaces;
@@ -62,7 +62,7 @@ TEST(StringInput, LeavesTheBlankToScriptsUnlessToldOtherwise) {
 
 TEST(Input, AsksEvenWhenArmingFailedButNotWithoutAService) {
   FaultyHost host;
-  static wchar_t result[morvane::kLongestAnswer + 1];
+  static wchar_t result[morvane::kMaxAnswerLength + 1];
   double point[3] = {};
   host.answerWith({L"text", L"1,2"});
   host.failOperation("mvsiedInitGet");

@@ -18,7 +18,7 @@ struct Wrapper {
 };
 
 std::vector<Wrapper> allWrappers() {
-  static wchar_t text[morvane::kLongestAnswer + 1];
+  static wchar_t text[morvane::kMaxAnswerLength + 1];
   static double real[3];
   static long name[2];
   static int length;

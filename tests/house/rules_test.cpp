@@ -146,7 +146,7 @@ TEST(TextRules, FindBannedWordsOnlyAsWholeWords) {
 }
 
 TEST(TextRules, CountLinesOfCodeOnly) {
-  const std::string longText(house::kMostLines + 1, '\n');
+  const std::string longText(house::kMaxLines + 1, '\n');
   EXPECT_EQ(house::checkSizes({{"a.cpp", longText}, {"a.md", longText}}).size(), 1U);
   EXPECT_EQ(house::checkSizes({{"a.cpp", longText.substr(1)}}).size(), 0U);
 }

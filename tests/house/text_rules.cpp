@@ -63,7 +63,7 @@ std::vector<Finding> checkSizes(const SourceTree& tree) {
   std::vector<Finding> findings;
   for (const auto& [path, text] : tree) {
     const auto lines = std::count(text.begin(), text.end(), '\n');
-    if (isCode(path) && lines > kMostLines && std::find(kTables.begin(), kTables.end(), path) == kTables.end())
+    if (isCode(path) && lines > kMaxLines && std::find(kTables.begin(), kTables.end(), path) == kTables.end())
       findings.push_back({path, 0, "has " + std::to_string(lines) + " lines"});
   }
   return findings;

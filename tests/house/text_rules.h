@@ -5,7 +5,7 @@
 
 namespace house {
 
-constexpr int kMostLines = 800;
+constexpr int kMaxLines = 800;
 
 // Code files that are longer than the limit and are no listed table.
 std::vector<Finding> checkSizes(const SourceTree& tree);

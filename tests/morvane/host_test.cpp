@@ -136,7 +136,7 @@ TEST(Variables, RefuseWhatDoesNotFit) {
 TEST(DbServer, UsesTheCurrentUnitsForMinusOne) {
   ScriptedHost host;
   const auto numbers = find<MvDbServer>(kDbServer);
-  wchar_t text[morvane::kLongestNumber + 1];
+  wchar_t text[morvane::kMaxNumberLength + 1];
   EXPECT_EQ(numbers->mvsidbRToS(14.5, -1, -1, text), RTNORM);
   EXPECT_STREQ(text, L"14.5000");
   mvsi::setVar(L"LUNITS", static_cast<short>(4), true);
@@ -292,7 +292,7 @@ TEST(FindFile, LooksBesideTheDrawingAndThenAlongThePath) {
   host.host().searchPath().setDrawingFolder(folder.at("one"));
   host.host().searchPath().setFolders({folder.at("two")});
   const auto system = find<MvEditSystemServer>(kEditSystemServer);
-  wchar_t found[morvane::kLongestPath + 1] = {};
+  wchar_t found[morvane::kMaxPathLength + 1] = {};
   EXPECT_EQ(system->mvsiedFindFile(L"a.dwg", found), RTNORM);
   EXPECT_EQ(host.host().paths().toSystem(found), folder.at("one/a.dwg"));
   EXPECT_EQ(system->mvsiedFindFile(L"sub\\..\\b.dwg", found), RTERROR); // no "sub" in two

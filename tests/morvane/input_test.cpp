@@ -29,7 +29,7 @@ Asked promptKeyword(int flags, const wchar_t* keywords, int capacity = 64) {
 }
 
 Asked promptText(int allowSpaces) {
-  static wchar_t buffer[morvane::kLongestAnswer + 1];
+  static wchar_t buffer[morvane::kMaxAnswerLength + 1];
   const int code = service()->mvsiedGetString(allowSpaces, L"\n?: ", buffer);
   return {code, buffer};
 }
@@ -99,7 +99,7 @@ TEST(Input, EndAndEscapeAreCancelsAndNeverLoops) {
 TEST(Input, AnswersAreCutToTheBuffer) {
   ScriptedHost host({L"abcdefgh", OdString(L'x', 5000), L"a"});
   EXPECT_EQ(promptKeyword(128, nullptr, 4).text, L"abc");
-  EXPECT_EQ(promptText(1).text.getLength(), morvane::kLongestAnswer);
+  EXPECT_EQ(promptText(1).text.getLength(), morvane::kMaxAnswerLength);
   wchar_t untouched = L'u';
   EXPECT_EQ(service()->mvsiedGetKword(L"?", &untouched, 0), RTERROR);
   EXPECT_EQ(service()->mvsiedGetKword(L"?", nullptr, 9), RTERROR);

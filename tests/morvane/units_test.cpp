@@ -61,7 +61,7 @@ TEST(DistanceText, NeverOutgrowsTheBuffersOfCallers) {
       for (int precision = 0; precision <= morvane::kFinestPrecision; ++precision) {
         const auto text = formatReal(value, static_cast<LinearUnits>(form), precision);
         ASSERT_TRUE(text.has_value());
-        EXPECT_LE(text->size(), static_cast<std::size_t>(morvane::kLongestNumber));
+        EXPECT_LE(text->size(), static_cast<std::size_t>(morvane::kMaxNumberLength));
         EXPECT_NEAR(parseDistance(*text).value_or(0) / value, 1.0, 0.5) << form << ' ' << precision;
       }
     }

@@ -28,8 +28,8 @@ namespace {
 
 using Points = std::vector<OdGePoint3d>;
 
-constexpr std::size_t kMostHatchWork = 20'000'000; // cuts
-constexpr std::size_t kMostHatchLines = 200'000;
+constexpr std::size_t kMaxHatchWork = 20'000'000; // cuts
+constexpr std::size_t kMaxHatchLines = 200'000;
 
 struct Source {
   const OdDbEntity& entity;
@@ -203,8 +203,8 @@ Substitute mesh(const Source& source) {
 }
 
 Substitute solidHatch(const Source& source, const OdDbHatch& hatch, const std::vector<Polygon>& loops) {
-  const auto area = hatchArea(loops, kMostHatchWork);
-  if (!area || area->size() > kMostHatchLines || area->empty())
+  const auto area = hatchArea(loops, kMaxHatchWork);
+  if (!area || area->size() > kMaxHatchLines || area->empty())
     return nothing();
   for (const Trapezoid& part : *area)
     source.draw.solid(part, hatch.elevation(), hatch.normal());
@@ -216,8 +216,8 @@ Substitute hatch(const Source& source) {
   const std::vector<Polygon> loops = hatchLoops(hatch);
   if (hatch.isSolidFill())
     return solidHatch(source, hatch, loops);
-  const auto lines = hatchLines(hatch, loops, kMostHatchWork);
-  if (!lines || lines->size() > kMostHatchLines || lines->empty())
+  const auto lines = hatchLines(hatch, loops, kMaxHatchWork);
+  if (!lines || lines->size() > kMaxHatchLines || lines->empty())
     return nothing();
   const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(hatch.normal());
   for (const HatchLine& line : *lines)

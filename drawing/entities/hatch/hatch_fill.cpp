@@ -266,18 +266,18 @@ std::vector<Polygon> hatchLoops(const OdDbHatch& hatch) {
 }
 
 std::optional<std::vector<HatchLine>> hatchLines(const OdDbHatch& hatch, const std::vector<Polygon>& loops,
-                                                 std::size_t most, std::size_t* spent) {
+                                                 std::size_t limit, std::size_t* spent) {
   std::vector<HatchLine> lines;
-  std::size_t left = most;
+  std::size_t left = limit;
   bool isWhole = true;
   for (const PatternLine& line : patternOf(hatch.groups()))
     isWhole = isWhole && Cutter(line, loops, left, lines).run();
   if (spent != nullptr)
-    *spent = most - left;
+    *spent = limit - left;
   return isWhole ? std::optional(std::move(lines)) : std::nullopt;
 }
 
-std::optional<std::vector<Trapezoid>> hatchArea(const std::vector<Polygon>& loops, std::size_t most) {
+std::optional<std::vector<Trapezoid>> hatchArea(const std::vector<Polygon>& loops, std::size_t limit) {
   const std::vector<Edge> edges = edgesOf(loops);
   std::vector<double> levels;
   for (const Edge& edge : edges) {
@@ -286,7 +286,7 @@ std::optional<std::vector<Trapezoid>> hatchArea(const std::vector<Polygon>& loop
   }
   std::sort(levels.begin(), levels.end());
   levels.erase(std::unique(levels.begin(), levels.end()), levels.end());
-  if (levels.size() > most / std::max<std::size_t>(edges.size(), 1))
+  if (levels.size() > limit / std::max<std::size_t>(edges.size(), 1))
     return std::nullopt;
   std::vector<Trapezoid> area;
   std::vector<const Edge*> crossing;

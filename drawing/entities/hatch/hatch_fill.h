@@ -23,10 +23,10 @@ struct HatchLine {
 // The pattern cut at the loops, whose inside is what an odd number of them encloses. Nothing when the work would exceed
 // `most` cuts: patterns can be any number of times finer than the area. `spent` receives the work that was done.
 std::optional<std::vector<HatchLine>> hatchLines(const OdDbHatch& hatch, const std::vector<Polygon>& loops,
-                                                 std::size_t most, std::size_t* spent = nullptr);
+                                                 std::size_t limit, std::size_t* spent = nullptr);
 
 // The inside as trapezoids: two corners below from left to right, two above from left to right.
 using Trapezoid = std::array<OdGePoint2d, 4>;
-std::optional<std::vector<Trapezoid>> hatchArea(const std::vector<Polygon>& loops, std::size_t most);
+std::optional<std::vector<Trapezoid>> hatchArea(const std::vector<Polygon>& loops, std::size_t limit);
 
 } // namespace drawing

@@ -9,8 +9,8 @@ namespace drawing::gi {
 
 namespace {
 
-constexpr std::size_t kMostCuts = 4'000'000;
-constexpr std::size_t kMostLines = 100'000;
+constexpr std::size_t kMaxCuts = 4'000'000;
+constexpr std::size_t kMaxLines = 100'000;
 
 class HatchPlane {
 public:
@@ -59,9 +59,9 @@ bool isSolid(const OdDbHatch& hatch) {
 
 void drawPattern(const OdDbHatch& hatch, const std::vector<Polygon>& loops, const HatchPlane& plane, Canvas& canvas) {
   std::size_t cuts = 0;
-  const auto lines = hatchLines(hatch, loops, kMostCuts, &cuts);
+  const auto lines = hatchLines(hatch, loops, kMaxCuts, &cuts);
   canvas.charge(cuts / 4); // they are quick
-  if (!lines || lines->size() > kMostLines) {
+  if (!lines || lines->size() > kMaxLines) {
     // So fine a pattern is an even tint.
     Color tint = canvas.traits().color;
     tint.a = static_cast<std::uint8_t>(tint.a / 2);

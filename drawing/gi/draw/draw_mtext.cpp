@@ -13,7 +13,7 @@ namespace drawing::gi {
 
 namespace {
 
-constexpr std::int64_t kMostColumns = 1000;
+constexpr std::int64_t kMaxColumns = 1000;
 
 // The groups of columns: of a text that is written in two forms, the newer one behind group 101.
 struct ColumnCodes {
@@ -42,8 +42,8 @@ void takeColumns(const OdDbMText& text, Frame& frame) {
   for (std::size_t i = groups.find(codes.height); i < groups.size(); i = groups.find(codes.height, i + 1))
     frame.columns.push_back({groups[i].kind == GroupKind::Real ? groups[i].real : 0});
   const auto count =
-      static_cast<std::size_t>(std::clamp<std::int64_t>(rawInteger(groups, codes.count), 0, kMostColumns));
-  const std::size_t wanted = count > 0 ? count : std::size_t{kMostColumns};
+      static_cast<std::size_t>(std::clamp<std::int64_t>(rawInteger(groups, codes.count), 0, kMaxColumns));
+  const std::size_t wanted = count > 0 ? count : std::size_t{kMaxColumns};
   while (frame.columns.size() < wanted && height > 0)
     frame.columns.push_back({height});
 }

@@ -8,8 +8,8 @@ namespace drawing::gi {
 namespace {
 
 bool isFinite(const OdGePoint2d& point) {
-  constexpr double kFarthest = 1e250; // differences and products of coordinates stay numbers
-  return std::fabs(point.x) < kFarthest && std::fabs(point.y) < kFarthest;
+  constexpr double kMaxCoordinate = 1e250; // differences and products of coordinates stay numbers
+  return std::fabs(point.x) < kMaxCoordinate && std::fabs(point.y) < kMaxCoordinate;
 }
 
 } // namespace

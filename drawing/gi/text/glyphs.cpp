@@ -38,9 +38,9 @@ namespace {
 
 constexpr int kSize = 512; // pixels of the size in which outlines are taken
 constexpr double kFlatness = 1.5;
-constexpr std::size_t kMostKept = 1'000'000; // letters of texts that may come again
-constexpr std::size_t kLongestText = 10'000; // what is behind counts as missing
-constexpr double kUsualCapital = 0.72;       // of the font's size, where a font has no letter H
+constexpr std::size_t kMaxCached = 1'000'000; // letters of texts that may come again
+constexpr std::size_t kLongestText = 10'000;  // what is behind counts as missing
+constexpr double kUsualCapital = 0.72;        // of the font's size, where a font has no letter H
 
 owned::Description describe(const Font& font) {
   owned::Description description(pango_font_description_new());
@@ -235,7 +235,7 @@ const ShapedText& TextShaper::shape(const Font& font, std::wstring_view text) {
   engine_->run(font, utf8, 1 / engine_->capital(font), shaped);
   shaped.missing += text.size() - std::min(text.size(), kLongestText);
   engine_->kept += shaped.glyphs.size() + 1;
-  if (engine_->kept > kMostKept) {
+  if (engine_->kept > kMaxCached) {
     engine_->texts.clear();
     engine_->kept = shaped.glyphs.size() + 1;
   }

@@ -191,8 +191,8 @@ private:
   void nextLine(const Line& line, bool isFirst) {
     const double step = line.height * kLineDistance * frame_.lineSpacing;
     const bool isLastColumn = column_ + 1 >= frame_.columns.size();
-    const double most = column_ < frame_.columns.size() ? frame_.columns[column_].height : 0;
-    if (!isFirst && !isLastColumn && most > 0 && -y_ + step > most * (1 + 1e-9)) {
+    const double limit = column_ < frame_.columns.size() ? frame_.columns[column_].height : 0;
+    if (!isFirst && !isLastColumn && limit > 0 && -y_ + step > limit * (1 + 1e-9)) {
       nextColumn();
       isFirst = true;
     }

@@ -11,7 +11,7 @@ namespace drawing::gi {
 
 namespace {
 
-constexpr std::size_t kDeepest = 200; // braces; deeper ones are passed over
+constexpr std::size_t kMaxDepth = 200; // braces; deeper ones are passed over
 
 // The number at the front, or nothing. Letters and signs behind it are left.
 std::optional<double> numberAt(std::wstring_view text) {
@@ -70,7 +70,7 @@ private:
   }
 
   void open() {
-    if (formats_.size() < kDeepest)
+    if (formats_.size() < kMaxDepth)
       formats_.push_back(format_);
     else
       ++tooDeep_;

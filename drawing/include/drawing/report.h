@@ -51,7 +51,7 @@ public:
   void add(Issue issue);
   const std::vector<Issue>& issues() const { return issues_; }
   std::size_t suppressed() const { return suppressed_; }
-  void limitMessages(std::size_t most) { most_ = most; }
+  void limitMessages(std::size_t limit) { limit_ = limit; }
 
   // Outcome by the highest severity, suppressed issues included, and the stored issues of a code.
   Outcome outcome() const;
@@ -62,7 +62,7 @@ public:
 
 private:
   std::vector<Issue> issues_;
-  std::size_t most_ = 10000;
+  std::size_t limit_ = 10000;
   std::size_t suppressed_ = 0;
   Severity worst_ = Severity::Note;
 };

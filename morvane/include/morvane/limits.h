@@ -2,7 +2,7 @@
 #pragma once
 
 namespace morvane {
-inline constexpr int kLongestAnswer = 4095; // a line of input
-inline constexpr int kLongestNumber = 255;  // a number as text
-inline constexpr int kLongestPath = 4095;   // a path
+inline constexpr int kMaxAnswerLength = 4095; // a line of input
+inline constexpr int kMaxNumberLength = 255;  // a number as text
+inline constexpr int kMaxPathLength = 4095;   // a path
 } // namespace morvane

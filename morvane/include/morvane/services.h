@@ -36,7 +36,7 @@ public:
   // order; capitals and digits are the least abbreviation. Flags: 1 an empty answer is asked again, 8 points outside
   // the drawing limits pass, 128 any text passes as an answer. Null keywords are none.
   virtual int mvsiedInitGet(int flags, const wchar_t* keywords) = 0;
-  // Text. With allowSpaces 0 a blank ends the answer. `result` takes up to morvane::kLongestAnswer characters and a
+  // Text. With allowSpaces 0 a blank ends the answer. `result` takes up to morvane::kMaxAnswerLength characters and a
   // zero.
   virtual int mvsiedGetString(int allowSpaces, const wchar_t* prompt, wchar_t* result) = 0;
   // A point in the current UCS, 3 doubles. `basePoint` (3 doubles, or null) is where a rubber band would start.
@@ -68,8 +68,8 @@ public:
   virtual int mvsiedGetVar(const wchar_t* name, mvsiresbuf* value) = 0;
   // Millimetres of one unit of the insertion-units code; 1 for code 0 (no units); RTERROR for an unknown code.
   virtual int mvsiedGetUnitsFactor(int unitsCode, double* factor) = 0;
-  // The full path of a file on the search path, with backslashes. `found` takes up to morvane::kLongestPath characters
-  // and a zero. RTERROR when there is no such file.
+  // The full path of a file on the search path, with backslashes. `found` takes up to morvane::kMaxPathLength
+  // characters and a zero. RTERROR when there is no such file.
   virtual int mvsiedFindFile(const wchar_t* fileName, wchar_t* found) = 0;
 };
 
@@ -78,7 +78,7 @@ class MORVANE_API MvDbServer : public OdRxObject {
 public:
   ~MvDbServer() override;
   // Mode 1 scientific, 2 decimal, 3 engineering, 4 architectural, 5 fractional, -1 the current LUNITS; precision 0..8,
-  // or -1 for LUPREC. `result` takes up to morvane::kLongestNumber characters and a zero.
+  // or -1 for LUPREC. `result` takes up to morvane::kMaxNumberLength characters and a zero.
   virtual int mvsidbRToS(double value, int mode, int precision, wchar_t* result) = 0;
   // Reads a distance in any of the forms above, in drawing units (inches for the forms with feet).
   virtual int mvsidbDisToF(const wchar_t* text, int mode, double* value) = 0;

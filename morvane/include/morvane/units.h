@@ -20,7 +20,7 @@ MORVANE_API std::optional<double> parseDistance(std::wstring_view text);
 MORVANE_API std::optional<double> parseAngle(std::wstring_view text);
 
 // The value in that form. Nothing for a value that is not finite or a precision outside 0..kFinestPrecision. A value
-// too large to be written out in its form comes in scientific form, so that no text is longer than kLongestNumber.
+// too large to be written out in its form comes in scientific form, so that no text is longer than kMaxNumberLength.
 MORVANE_API std::optional<std::wstring> formatReal(double value, LinearUnits form, int precision);
 
 // Millimetres of one unit of an insertion-units code (0 no units: 1; 1 inches ... 24 survey miles).
