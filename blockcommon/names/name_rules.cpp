@@ -52,11 +52,11 @@ bool isBlockNameValid(const OdString& name) {
 }
 
 bool isInsertBlockNameValid(const OdString& name) {
-  const int blank = name.find(L' ');
-  if (name.getLength() > kLongestInsertName || blank == 0)
+  const int space = name.find(L' ');
+  if (name.getLength() > kLongestInsertName || space == 0)
     return false;
   // Only the first blank is looked at: "A B " passes.
-  if (blank > 0 && blank == name.getLength() - 1)
+  if (space > 0 && space == name.getLength() - 1)
     return false;
   return name.findOneOf(kForbiddenInInserts) < 0;
 }

@@ -21,7 +21,7 @@ bool isSeparator(wchar_t ch) {
   return ch == L'\\' || ch == L'/';
 }
 
-bool isBlank(OdString text) {
+bool isWhitespace(OdString text) {
   return text.trimLeft().isEmpty();
 }
 
@@ -122,8 +122,8 @@ bool analyzeLastBlkPath2(const OdString& base, const OdString& spec, OdString& b
 
 bool checkInputBlockInfoValidByReplaceDlg(const OdString& name, const OdString& path, const OdString& curName,
                                           const OdString& baseDir, OdString& blockName) {
-  const bool hasPath = !isBlank(path);
-  if (!hasPath && isBlank(name)) {
+  const bool hasPath = !isWhitespace(path);
+  if (!hasPath && isWhitespace(name)) {
     dlgTips::showBlockNameEmptyTips();
     return false;
   }

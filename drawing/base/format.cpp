@@ -16,7 +16,7 @@ enum class Size { kInt, kShort, kLong };
 struct Directive {
   bool leftAligned = false;
   bool plus = false;
-  bool blank = false;
+  bool space = false;
   bool zeros = false;
   bool alternate = false;
   int width = 0;
@@ -39,7 +39,7 @@ bool isFlag(Directive& directive, wchar_t ch) {
   case L'+':
     return directive.plus = true;
   case L' ':
-    return directive.blank = true;
+    return directive.space = true;
   case L'0':
     return directive.zeros = true;
   case L'#':
@@ -124,7 +124,7 @@ const wchar_t* signOf(const Directive& directive, bool negative) {
     return L"-";
   if (directive.plus)
     return L"+";
-  return directive.blank ? L" " : L"";
+  return directive.space ? L" " : L"";
 }
 
 void appendDigits(std::wstring& out, const Directive& directive, std::wstring head, std::uint64_t value, int base) {

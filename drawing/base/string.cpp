@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr std::wstring_view kBlanks(L"\t\n\v\f\r ");
+constexpr std::wstring_view kWhitespace(L"\t\n\v\f\r ");
 
 int positionOf(std::size_t found) {
   return found == std::wstring_view::npos ? -1 : static_cast<int>(found);
@@ -109,12 +109,12 @@ OdString& OdString::makeLower() {
 }
 
 OdString& OdString::trimLeft() {
-  text_.erase(0, std::min(text_.find_first_not_of(kBlanks), text_.size()));
+  text_.erase(0, std::min(text_.find_first_not_of(kWhitespace), text_.size()));
   return *this;
 }
 
 OdString& OdString::trimRight() {
-  text_.erase(text_.find_last_not_of(kBlanks) + 1); // npos + 1 is 0
+  text_.erase(text_.find_last_not_of(kWhitespace) + 1); // npos + 1 is 0
   return *this;
 }
 

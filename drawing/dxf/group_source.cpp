@@ -113,8 +113,8 @@ bool TextGroupSource::code(int& value) {
   while (line(text, false)) {
     if (parseCode(text, value))
       return true;
-    const bool blank = text.find_first_not_of(" \t\x1a") == std::string_view::npos;
-    if (blank && at_ >= end_)
+    const bool space = text.find_first_not_of(" \t\x1a") == std::string_view::npos;
+    if (space && at_ >= end_)
       return false; // the file's last line
     report_.add({"dxf.group-code-expected", Severity::Lost, lineNumber_, -1, 0, "", "",
                  "the line \"" + std::string(text.substr(0, 40)) + "\" is no group code", "the line is passed over"});

@@ -9,10 +9,10 @@ namespace drawing {
 namespace {
 
 std::wstring_view trimmed(std::wstring_view text) {
-  const auto isBlank = [](wchar_t ch) { return ch == L' ' || (ch >= 9 && ch <= 13); };
-  while (!text.empty() && isBlank(text.front()))
+  const auto isWhitespace = [](wchar_t ch) { return ch == L' ' || (ch >= 9 && ch <= 13); };
+  while (!text.empty() && isWhitespace(text.front()))
     text.remove_prefix(1);
-  while (!text.empty() && isBlank(text.back()))
+  while (!text.empty() && isWhitespace(text.back()))
     text.remove_suffix(1);
   return text;
 }

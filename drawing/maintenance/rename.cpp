@@ -35,7 +35,7 @@ NameFault nameFault(const OdString& name, OdDb::DwgVersion version, int* at) {
     return NameFault::Character;
   }
   if (name.getAt(0) == L' ' || name.getAt(length - 1) == L' ')
-    return NameFault::Blank;
+    return NameFault::kSurroundingSpace;
   return length > (old ? 31 : 255) ? NameFault::TooLong : NameFault::None;
 }
 

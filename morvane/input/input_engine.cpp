@@ -97,12 +97,12 @@ ReadStatus InputEngine::readRaw(const OdString& prompt, Extent extent, std::wstr
       top.rest = untilZero(line);
     }
     answer = *std::exchange(top.rest, std::nullopt);
-    const bool toBlank = extent == Extent::kToBlank || (extent != Extent::kLine && top.source->isScript());
-    const auto blank =
-        toBlank ? answer.find_first_of(L" \t", extent == Extent::kName ? quotedPart(answer) : 0) : std::wstring::npos;
-    if (blank != std::wstring::npos) {
-      top.rest = answer.substr(blank + 1);
-      answer.resize(blank);
+    const bool toSpace = extent == Extent::kToSpace || (extent != Extent::kLine && top.source->isScript());
+    const auto space =
+        toSpace ? answer.find_first_of(L" \t", extent == Extent::kName ? quotedPart(answer) : 0) : std::wstring::npos;
+    if (space != std::wstring::npos) {
+      top.rest = answer.substr(space + 1);
+      answer.resize(space);
     }
     if (echo_ && !top.source->showsPrompt())
       output_.print(OdString(answer + L"\n"));
@@ -117,7 +117,7 @@ ReadStatus InputEngine::readRaw(const OdString& prompt, Extent extent, std::wstr
 
 ReadStatus InputEngine::readAnswer(const OdString& prompt, bool allowSpaces, OdString& answer) {
   std::wstring text;
-  const ReadStatus status = readRaw(prompt, allowSpaces ? Extent::kLine : Extent::kToBlank, text);
+  const ReadStatus status = readRaw(prompt, allowSpaces ? Extent::kLine : Extent::kToSpace, text);
   answer = OdString(std::move(text));
   return status;
 }
@@ -151,7 +151,7 @@ InputEngine::Verdict InputEngine::promptOnce(const Armed& armed, const OdString&
 }
 
 int InputEngine::getString(bool allowSpaces, const OdString& prompt, OdString& result) {
-  return getText(allowSpaces ? Extent::kLine : Extent::kToBlank, prompt, result);
+  return getText(allowSpaces ? Extent::kLine : Extent::kToSpace, prompt, result);
 }
 
 int InputEngine::getName(const OdString& prompt, OdString& result) {
@@ -191,7 +191,7 @@ int InputEngine::promptValue(const OdString& prompt, const OdString& complaint, 
   const Armed armed = takeArmed();
   for (;;) {
     std::wstring answer;
-    const Verdict verdict = promptOnce(armed, prompt, Extent::kToBlankInScripts, answer);
+    const Verdict verdict = promptOnce(armed, prompt, Extent::kToSpaceInScripts, answer);
     if (verdict == Verdict::kCancel)
       return RTCAN;
     const std::wstring text = verdict == Verdict::kText ? trimmed(answer) : answer;

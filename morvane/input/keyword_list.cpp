@@ -7,13 +7,13 @@
 namespace morvane::input {
 namespace {
 
-std::vector<std::wstring> splitAtBlanks(std::wstring_view text) {
-  constexpr std::wstring_view kBlanks = L" \t\n";
+std::vector<std::wstring> splitAtSpaces(std::wstring_view text) {
+  constexpr std::wstring_view kWhitespace = L" \t\n";
   std::vector<std::wstring> parts;
-  for (auto at = text.find_first_not_of(kBlanks); at != std::wstring_view::npos;) {
-    const auto end = std::min(text.find_first_of(kBlanks, at), text.size());
+  for (auto at = text.find_first_not_of(kWhitespace); at != std::wstring_view::npos;) {
+    const auto end = std::min(text.find_first_of(kWhitespace, at), text.size());
     parts.emplace_back(text.substr(at, end - at));
-    at = text.find_first_not_of(kBlanks, end);
+    at = text.find_first_not_of(kWhitespace, end);
   }
   return parts;
 }
@@ -48,7 +48,7 @@ bool abbreviates(std::wstring_view entered, std::wstring_view word) {
 KeywordList::KeywordList(std::wstring_view list) {
   bool inGlobals = false;
   std::size_t globals = 0;
-  for (std::wstring& part : splitAtBlanks(list)) {
+  for (std::wstring& part : splitAtSpaces(list)) {
     if (!inGlobals && part.starts_with(L'_')) {
       inGlobals = true;
       part.erase(0, 1);

@@ -32,7 +32,7 @@ protected:
 };
 
 const Boxes kNone;
-const OdString kBlank = L"Morvane|输出文件名包含无效字符。|64";
+const OdString kSpace = L"Morvane|输出文件名包含无效字符。|64";
 const OdString kTooLong = L"块 - 文件路径太长|用于指定文件名和文件位置的字符不应超过259个。|0";
 const OdString kNoPath =
     L"块 - 未指定路径或文件名|未指定输出文件名或完整路径。\n请在 文件和路径 字段中输入完整路径和文件名。|0";
@@ -60,8 +60,8 @@ TEST_F(FilePaths, ToWriteToAreRefusedInOrder) {
     Boxes always, whenAsked;
   } rows[] = {
       {L"P:\\site\\new.dwg", true, {}, {}},
-      {L"   ", false, {kBlank}, {}},
-      {L"\t\r\n ", false, {kBlank}, {}},
+      {L"   ", false, {kSpace}, {}},
+      {L"\t\r\n ", false, {kSpace}, {}},
       {L"\u3000", false, {}, {kNoPath}}, // not among the blanks that are trimmed
       {L"", false, {}, {kNoPath}},
       {L"b.dwg", false, {}, {kNoPath}},

@@ -24,26 +24,26 @@ double widthOf(wchar_t c) {
 std::vector<OdString> brokenLines(const OdDbMText& text) {
   std::vector<OdString> lines(1);
   double width = 0;
-  int blank = -1; // where the line may be broken
+  int space = -1; // where the line may be broken
   const OdString plain = text.plainText();
   for (int i = 0; i < plain.getLength(); ++i) {
     const wchar_t c = plain.getAt(i);
     if (c == L'\n') {
       lines.emplace_back();
       width = 0;
-      blank = -1;
+      space = -1;
       continue;
     }
     if (c == L' ')
-      blank = lines.back().getLength();
+      space = lines.back().getLength();
     lines.back() += c;
     width += widthOf(c) * text.textHeight();
-    if (text.width() <= 0 || width <= text.width() || blank < 0)
+    if (text.width() <= 0 || width <= text.width() || space < 0)
       continue;
-    const OdString rest = lines.back().mid(blank + 1);
-    lines.back() = lines.back().left(blank);
+    const OdString rest = lines.back().mid(space + 1);
+    lines.back() = lines.back().left(space);
     lines.push_back(rest);
-    blank = -1;
+    space = -1;
     width = 0;
     for (int j = 0; j < rest.getLength(); ++j)
       width += widthOf(rest.getAt(j)) * text.textHeight();

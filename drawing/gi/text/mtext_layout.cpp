@@ -85,7 +85,7 @@ private:
       measured.lower = shaper_.shape(word.format.font, word.below);
       measured.width = std::max(measured.upper.width, measured.lower.width) * unit * kStackShare;
     } else {
-      measured.upper = shaper_.shape(word.format.font, word.kind == Word::Blank ? L" " : word.text);
+      measured.upper = shaper_.shape(word.format.font, word.kind == Word::kSpace ? L" " : word.text);
       measured.width = measured.upper.width * unit;
     }
     return measured;
@@ -95,7 +95,7 @@ private:
     take(word);
     MeasuredWord measured = measure(word);
     const bool isTooLong = frame_.width > 0 && x_ + measured.width > frame_.width * (1 + 1e-9);
-    const std::size_t keep = isTooLong && word.kind != Word::Blank ? breakBefore(word) : 0;
+    const std::size_t keep = isTooLong && word.kind != Word::kSpace ? breakBefore(word) : 0;
     if (keep > 0) {
       breakLine(keep);
       take(word);
@@ -149,7 +149,7 @@ private:
   // Blanks at the end take no room.
   void finish() {
     Line& line = lines_.back();
-    while (!line.words.empty() && line.words.back().word->kind == Word::Blank)
+    while (!line.words.empty() && line.words.back().word->kind == Word::kSpace)
       line.words.pop_back();
     line.width = line.words.empty() ? 0 : line.words.back().x + line.words.back().width;
     if (line.height == 0)

@@ -227,7 +227,7 @@ private:
 
   void put(wchar_t ch) {
     if (ch == L' ')
-      add(Word::Blank);
+      add(Word::kSpace);
     else if (ch == L'\n')
       add(Word::LineEnd);
     else if (ch == L'\t')

@@ -27,7 +27,7 @@ struct ParagraphFormat {
 };
 
 struct Word {
-  enum Kind : std::uint8_t { kText, Blank, Tab, Stack, LineEnd, ColumnEnd };
+  enum Kind : std::uint8_t { kText, kSpace, Tab, Stack, LineEnd, ColumnEnd };
   Kind kind = kText;
   std::wstring text;  // of a stack: what stands above
   std::wstring below; // of a stack

@@ -9,9 +9,9 @@ namespace drawing {
 enum class NameFault : std::uint8_t {
   None,
   Empty,
-  TooLong,   // 255 characters; 31 before 2000
-  Character, // one of <>/\":;?*|,=` or a control character; before 2000 anything but letters, digits and $-_
-  Blank      // a space at the beginning or end
+  TooLong,          // 255 characters; 31 before 2000
+  Character,        // one of <>/\":;?*|,=` or a control character; before 2000 anything but letters, digits and $-_
+  kSurroundingSpace // a space at the beginning or end
 };
 
 // Whether a record may have this name in drawings of that version. `at`, if not null, receives the position of a

@@ -123,7 +123,7 @@ private:
   struct Level;
   struct Armed;
   enum class Verdict { kText, kKeyword, kEmpty, kCancel };
-  enum class Extent { kLine, kToBlank, kToBlankInScripts, kName }; // how much of a line answers
+  enum class Extent { kLine, kToSpace, kToSpaceInScripts, kName }; // how much of a line answers
   using Accept = std::function<bool(const Armed&, const std::wstring&)>;
   Armed takeArmed();
   int getText(Extent extent, const OdString& prompt, OdString& result);

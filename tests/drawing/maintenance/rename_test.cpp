@@ -118,7 +118,7 @@ TEST(NameRules, DependOnTheVersion) {
       {L"door", NameFault::None, NameFault::None},
       {L"door 1", NameFault::None, NameFault::Character},
       {L"дверь", NameFault::None, NameFault::Character},
-      {L" door", NameFault::Blank, NameFault::Character},
+      {L" door", NameFault::kSurroundingSpace, NameFault::Character},
       {L"a\tb", NameFault::Character, NameFault::Character},
       {L"a*b", NameFault::Character, NameFault::Character},
       {L"", NameFault::Empty, NameFault::Empty},
