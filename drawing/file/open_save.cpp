@@ -246,7 +246,7 @@ void writeTo(const OdDbDatabase& given, const WriteOptions& options, const dxf::
   const OdDbDatabase& database = copy.isNull() ? given : *copy;
   dxf::TextCodec codec = version >= OdDb::kRelease2007 ? dxf::TextCodec({}, dxf::TextCodec::Mode::Utf8)
                                                        : dxf::TextCodec(database.fileInfo().codePage);
-  codec.escapeLookalikes();
+  codec.escapeAmbiguousText();
   dxf::FormWriter::Target target{output, codec, version, version >= database.fileInfo().version, losses};
   std::unique_ptr<dxf::FormWriter> sink;
   if (isBinary(database, options.form))

@@ -56,13 +56,13 @@ bool hasEscape(std::string_view text) {
 }
 
 // A byte in the guise of three, as surrogates would be written: ED B2 80 .. ED B3 BF. -1 when there is none.
-int guisedByte(std::string_view text) {
+int escapedByte(std::string_view text) {
   if (text.size() < 3 || text[0] != '\xED' || (text[1] != '\xB2' && text[1] != '\xB3') || (text[2] & 0xC0) != 0x80)
     return -1;
   return (text[1] == '\xB2' ? 0x80 : 0xC0) | (text[2] & 0x3F);
 }
 
-void appendGuised(std::string& out, char byte) {
+void appendEscapedByte(std::string& out, char byte) {
   out += '\xED';
   out += (byte & 0x40) == 0 ? '\xB2' : '\xB3';
   out += static_cast<char>(0x80 | (byte & 0x3F));
@@ -78,7 +78,7 @@ void appendEscapes(std::string& out, std::uint32_t ch) {
 // Would somebody who reads these bytes find more than stray bytes?
 bool misleads(std::string_view bytes) {
   for (std::size_t at = 0; at < bytes.size(); ++at) {
-    if (utf8At(bytes.substr(at)).bytes != 0 || guisedByte(bytes.substr(at)) >= 0)
+    if (utf8At(bytes.substr(at)).bytes != 0 || escapedByte(bytes.substr(at)) >= 0)
       return true;
   }
   return false;
@@ -103,7 +103,7 @@ void breakToCarets(std::string_view text, std::string& out) {
 // for a character.
 class TextCodec::Writer {
 public:
-  Writer(std::string& out, bool guises) : out_(out), guises_(guises) {}
+  Writer(std::string& out, bool escapesBytes) : out_(out), escapesBytes_(escapesBytes) {}
   void text(std::string_view characters) {
     endRun();
     out_ += characters;
@@ -116,9 +116,9 @@ public:
   void endRun() {
     if (run_.empty())
       return;
-    if (guises_ && run_.size() > 1 && misleads(run_)) {
+    if (escapesBytes_ && run_.size() > 1 && misleads(run_)) {
       for (char byte : run_)
-        appendGuised(out_, byte);
+        appendEscapedByte(out_, byte);
     } else {
       out_ += run_;
     }
@@ -128,7 +128,7 @@ public:
 private:
   std::string& out_;
   std::string run_;
-  bool guises_;
+  bool escapesBytes_;
 };
 
 TextCodec::TextCodec(std::string_view codePage, Mode mode) : number_(codePageNumber(codePage)) {
@@ -279,12 +279,12 @@ bool TextCodec::encodeTo(std::string_view text, std::string& out, bool strictly)
         out += rest[0];
     } else {
       strays = true;
-      const int guised = isUtf8_ || strictly ? -1 : guisedByte(rest);
+      const int stray = isUtf8_ || strictly ? -1 : escapedByte(rest);
       if (strictly)
         appendEscape(out, kStrayByte + static_cast<unsigned char>(rest[0]));
       else
-        out += guised < 0 ? rest[0] : static_cast<char>(guised);
-      at += guised < 0 ? 1 : 3;
+        out += stray < 0 ? rest[0] : static_cast<char>(stray);
+      at += stray < 0 ? 1 : 3;
     }
   }
   return strays;
@@ -346,7 +346,7 @@ void TextCodec::encodeInEscapes(std::string_view text, std::string& out) const {
 
 std::string_view TextCodec::encode(std::string_view text, std::string& buffer) {
   const std::string_view bytes = encodeInPage(text, buffer);
-  if (!escapesLookalikes_ || !passesForUtf8(bytes))
+  if (!escapesAmbiguous_ || !passesForUtf8(bytes))
     return bytes;
   const std::string whole(hasLineBreak(text) ? std::string_view(unbroken_) : text);
   encodeInEscapes(whole, buffer);

@@ -48,7 +48,7 @@ public:
 
   // From now on encode writes a text whose bytes would pass for UTF-8 in escapes. Files whose texts all read as UTF-8
   // are taken to be UTF-8, whatever page they declare (see Encoding).
-  void escapeLookalikes() { escapesLookalikes_ = !isUtf8_; }
+  void escapeAmbiguousText() { escapesAmbiguous_ = !isUtf8_; }
 
   // Bytes met by decode that fit neither the page nor UTF-8.
   std::uint64_t undecodable() const { return undecodable_; }
@@ -80,7 +80,7 @@ private:
   int number_;
   bool isKnown_ = true;
   bool isUtf8_;
-  bool escapesLookalikes_ = false;
+  bool escapesAmbiguous_ = false;
   std::unique_ptr<CodePage> own_;
   std::array<std::unique_ptr<CodePage>, 5> escaped_;
   std::uint64_t undecodable_ = 0;

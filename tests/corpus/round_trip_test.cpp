@@ -215,7 +215,7 @@ bool isEscaped(const corpus::Loss& loss) {
 // there are written in escapes.
 bool isReEncoded(const corpus::Loss& loss) {
   drawing::dxf::TextCodec page("ANSI_1251");
-  page.escapeLookalikes();
+  page.escapeAmbiguousText();
   std::string decoded, one, other;
   const std::string fromPage(page.decode(loss.group.value, decoded));
   const std::string_view wanted[] = {page.encode(loss.group.value, one), page.encode(fromPage, other)};

@@ -234,7 +234,7 @@ TEST(Encoding, FollowsTheTextsWhereTheyContradictTheHeader) {
 // What is written in a page must not read as UTF-8 the next time: "Р”" has the bytes of "Д".
 TEST(Encoding, TextsThatWouldPassForUtf8GoOutAsEscapes) {
   TextCodec codec("ANSI_1251");
-  codec.escapeLookalikes();
+  codec.escapeAmbiguousText();
   EXPECT_EQ(encoded(codec, "\xD0\xA0\xE2\x80\x9D"), "\\U+0420\\U+201D");
   EXPECT_EQ(decoded(codec, "\\U+0420\\U+201D"), "\xD0\xA0\xE2\x80\x9D");
   EXPECT_EQ(encoded(codec, "\xD0\x94\xD0\xB0"), "\xC4\xE0");
