@@ -181,7 +181,7 @@ void reloadXrefs(Session& session, const std::vector<OdDbBlockTableRecordPtr>& x
     follow(*xref);
     session.result(MessageId::kXrefLine, {xref->getName(), xref->pathName(), xrefState(xref->xrefStatus())});
     if (xref->xrefStatus() != XrefStatus::Loaded)
-      session.note(Status::Refused);
+      session.raiseStatus(Status::Refused);
   }
 }
 

@@ -121,7 +121,7 @@ private:
     result_.dropped = missingByType(all, result_.written);
     for (const auto& [type, number] : result_.dropped)
       session_.print(MessageId::kNotMoved, {count(number), OdString::fromUtf8(type)});
-    session_.note(Status::Repaired);
+    session_.raiseStatus(Status::Repaired);
     if (result_.written.isEmpty())
       refuse(MessageId::kAllDropped);
   }

@@ -75,7 +75,7 @@ void explode(CommandContext& context) {
   if (sum.references == 0)
     refuse(MessageId::kNothingExploded);
   if (sum.references < static_cast<std::size_t>(ids.length()))
-    session.note(Status::Refused);
+    session.raiseStatus(Status::Refused);
   if (sum.values > 0)
     session.print(MessageId::kExplodeValues, {count(sum.values)});
   session.result(MessageId::kExploded, {count(sum.references), count(sum.objects)});

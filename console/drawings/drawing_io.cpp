@@ -59,7 +59,7 @@ void reportRepaired(Session& session, const std::string& path, const drawing::Re
   session.print(MessageId::kRepaired, {asText(path), count(losses(report))});
   if (listsIssues)
     printIssues(session, path, report, MessageId::kReadIssue);
-  session.note(Status::Repaired);
+  session.raiseStatus(Status::Repaired);
 }
 
 std::size_t objectsInModelSpace(const OdDbDatabase& database) {
@@ -111,7 +111,7 @@ void reportLosses(Session& session, const std::string& path, const drawing::Repo
   session.addIssues(report);
   printIssues(session, path, report, MessageId::kVersionLoss);
   if (losses(report) > 0)
-    session.note(Status::Repaired);
+    session.raiseStatus(Status::Repaired);
 }
 
 void writeFile(Session& session, const OdDbDatabase& database, const SaveRequest& request) {

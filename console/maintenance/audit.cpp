@@ -53,7 +53,7 @@ std::vector<drawing::Issue> auditOpenDrawing(Session& session, bool fix) {
   const drawing::Report report = drawing::auditDrawing(session.database(), fix);
   session.addIssues(report);
   if (report.outcome() != drawing::Outcome::Whole)
-    session.note(Status::Repaired);
+    session.raiseStatus(Status::Repaired);
   return report.issues();
 }
 

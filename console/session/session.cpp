@@ -91,7 +91,7 @@ void Session::watchBoxes() {
 
 void Session::refuseQuestion(const OdString& question) {
   print(MessageId::kQuestionRefused, {question});
-  note(Status::Refused);
+  raiseStatus(Status::Refused);
 }
 
 void Session::answerFrom(std::shared_ptr<morvane::InputSource> source) {
@@ -185,7 +185,7 @@ void Session::savedAs(const std::string& path) {
 
 void Session::fail(const Failure& failure) {
   print(failure.message.id, failure.message.arguments);
-  note(failure.status);
+  raiseStatus(failure.status);
   host_.input().dropRestOfLine();
 }
 

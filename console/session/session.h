@@ -102,7 +102,7 @@ public:
   Status run(const Command& command, const CommandTable& commands);
   Status attempt(const char* name, Command::Kind kind, const std::function<void()>& work);
 
-  void note(Status status) { status_ = worse(status_, status); }
+  void raiseStatus(Status status) { status_ = worse(status_, status); }
   Status status() const { return status_; }
   void forgetStatus() { status_ = Status::Done; }
   void quit() { wantsQuit_ = true; }

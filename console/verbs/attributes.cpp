@@ -91,7 +91,7 @@ private:
     session.print(MessageId::kImported,
                   {count(imported_.changed), count(imported_.same), count(imported_.misfits.size())});
     if (!imported_.misfits.empty())
-      session.note(Status::Repaired);
+      session.raiseStatus(Status::Repaired);
   }
 
   OptionTable* optionTable_ = nullptr;

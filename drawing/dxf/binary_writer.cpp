@@ -61,11 +61,11 @@ void BinaryWriter::doesNotFit(int code, std::string_view text) {
 }
 
 void BinaryWriter::utf8(int code, std::string_view text) {
-  notePlace(code, text);
+  recordPosition(code, text);
   plain(code, encoded(text));
 }
 void BinaryWriter::handle(int code, OdDbHandle value) {
-  notePlace(code, value);
+  recordPosition(code, value);
   plain(code, value.ascii());
 }
 void BinaryWriter::reference(int code, OdDbObjectId id) {

@@ -64,32 +64,32 @@ bool TextGroupSource::line(std::string_view& text, bool isValue) {
   ++lineNumber_;
   if (!hasReturns_) { // most files
     if (text.size() > kMaxLineLength)
-      noteLine(kOneSign, text.size());
+      recordLineEnding(kOneSign, text.size());
     return true;
   }
   const std::size_t whole = text.size();
   while (!text.empty() && text.back() == '\r')
     text.remove_suffix(1);
   if (stop != nullptr)
-    noteLine(whole != text.size() ? kReturnAndFeed : kOneSign, text.size());
+    recordLineEnding(whole != text.size() ? kReturnAndFeed : kOneSign, text.size());
   if (const std::size_t cut = loneReturn(text, isValue); cut < text.size()) {
     at_ = text.data() + cut + 1;
-    noteLine(kReturnAlone, cut);
+    recordLineEnding(kReturnAlone, cut);
     text = text.substr(0, cut);
   }
   return true;
 }
 
 // What programs before others would stumble over; told once each.
-void TextGroupSource::noteLine(int ending, std::size_t length) {
-  const auto note = [this](const char* code, const char* found) {
+void TextGroupSource::recordLineEnding(int ending, std::size_t length) {
+  const auto addIssue = [this](const char* code, const char* found) {
     report_.add({code, Severity::Note, lineNumber_, -1, 0, "", "", found, "it is read all the same"});
   };
   const int before = std::exchange(endings_, endings_ | ending);
   if (before != 0 && before != endings_ && (before & (before - 1)) == 0)
-    note("dxf.mixed-line-ends", "lines end in another way than before");
+    addIssue("dxf.mixed-line-ends", "lines end in another way than before");
   if (length > kMaxLineLength && !std::exchange(sawLong_, true))
-    note("dxf.long-line", "a line is longer than the format allows");
+    addIssue("dxf.long-line", "a line is longer than the format allows");
 }
 
 // A return inside a value may belong to it, unless a group code stands behind it.

@@ -53,7 +53,7 @@ private:
   Report& report_;
   std::uint64_t lineNumber_ = 0;
   static constexpr int kOneSign = 1, kReturnAndFeed = 2, kReturnAlone = 4;
-  void noteLine(int ending, std::size_t length);
+  void recordLineEnding(int ending, std::size_t length);
   int endings_ = 0; // that came
   bool sawLong_ = false;
   bool hasReturns_ = false;

@@ -61,14 +61,14 @@ void TextWriter::line(int code, std::string_view text) {
 }
 
 void TextWriter::utf8(int code, std::string_view text) {
-  notePlace(code, text);
+  recordPosition(code, text);
   line(code, encoded(text));
 }
 void TextWriter::unparsed(int code, std::string_view text) {
   line(code, text);
 }
 void TextWriter::handle(int code, OdDbHandle value) {
-  notePlace(code, value);
+  recordPosition(code, value);
   line(code, value.ascii());
 }
 void TextWriter::reference(int code, OdDbObjectId id) {

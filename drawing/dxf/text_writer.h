@@ -40,11 +40,11 @@ protected:
   void put(std::string_view bytes) { pending_.append(bytes); }
   void put(std::size_t count, char c) { pending_.append(count, c); }
   void groupEnds(); // sends on what has come together
-  void notePlace(int code, std::string_view name) {
+  void recordPosition(int code, std::string_view name) {
     if (code == 0)
       kind_ = name;
   }
-  void notePlace(int code, OdDbHandle handle) {
+  void recordPosition(int code, OdDbHandle handle) {
     if (code == 5 || code == 105)
       handle_ = handle;
   }

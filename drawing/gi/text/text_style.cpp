@@ -41,7 +41,7 @@ constexpr Named kFonts[] = {{"arial", "Arial"},
                             {"italicc", "serif", false, true}};
 
 // The family and the style that a program noted for a font that is no file of strokes.
-std::optional<Font> notedFont(const OdDbTextStyleTableRecord& style) {
+std::optional<Font> storedFont(const OdDbTextStyleTableRecord& style) {
   const GroupList* data = style.xDataGroups();
   if (data == nullptr)
     return std::nullopt;
@@ -85,8 +85,8 @@ Font fontOfStyle(OdDbObjectId style) {
   const auto* record = getIf<OdDbTextStyleTableRecord>(style);
   if (record == nullptr)
     return {};
-  if (const std::optional<Font> noted = notedFont(*record))
-    return *noted;
+  if (const std::optional<Font> stored = storedFont(*record))
+    return *stored;
   OdString file = record->fileName();
   if (file.find(L'.') < 0)
     file += L".shx";
