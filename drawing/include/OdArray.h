@@ -70,7 +70,7 @@ public:
   OdArray& append(const OdArray& other) {
     const size_type held = size();
     const size_type added = other.size();
-    makeRoom(added);
+    reserveFor(added);
     try {
       for (size_type i = 0; i < added; ++i)
         grow([&] { items_.push_back(other.items_[i]); });
@@ -208,7 +208,7 @@ private:
       throw OdError(eOutOfMemory);
   }
   // Doubles at least, so that repeated appending stays linear.
-  void makeRoom(size_type added) {
+  void reserveFor(size_type added) {
     checkCount(added);
     const std::size_t needed = items_.size() + added;
     if (needed > items_.capacity())

@@ -110,13 +110,13 @@ TEST_F(DocumentQueries, NameTheBlockBehindAnId) {
 
 TEST_F(DocumentQueries, CountReferencesAsTheyComeAndGo) {
   const OdDbObjectId room = addBlock(*database_, L"Room");
-  const OdDbObjectId inRoom = addReference(*database_, door_, room), first = addReference(*database_, door_);
+  const OdDbObjectId inModule = addReference(*database_, door_, room), first = addReference(*database_, door_);
   addReference(*database_, room);
   EXPECT_EQ(getBlockReferenceCount(L"door"), 2); // direct ones, wherever they stand
   EXPECT_EQ(getBlockReferenceCount(door_), 2);
   forWrite<OdDbEntity>(first)->erase();
   EXPECT_EQ(getBlockReferenceCount(door_), 1);
-  forWrite<OdDbBlockReference>(inRoom)->setBlockTableRecord(addBlock(*database_, L"Gate"));
+  forWrite<OdDbBlockReference>(inModule)->setBlockTableRecord(addBlock(*database_, L"Gate"));
   EXPECT_EQ(getBlockReferenceCount(L"GATE"), 1);
   for (const wchar_t* name : {L"Door", L"", L"none"})
     EXPECT_EQ(getBlockReferenceCount(name), 0);

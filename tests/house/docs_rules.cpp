@@ -6,7 +6,7 @@
 #include <set>
 #include <stdexcept>
 
-namespace house {
+namespace architecture {
 namespace {
 
 const std::string kPages = "docs/functions/", kEntryPage = "docs/programming.md";
@@ -124,4 +124,4 @@ std::vector<Finding> checkPages(const SourceTree& tree) {
   return PageCheck(tree).run();
 }
 
-} // namespace house
+} // namespace architecture

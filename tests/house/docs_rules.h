@@ -3,10 +3,10 @@
 
 #include "tests/house/source_tree.h"
 
-namespace house {
+namespace architecture {
 
 // Every exported function and class has one heading with one example on the page of its unit; every heading of these
 // pages names one; the entry page lists the pages.
 std::vector<Finding> checkPages(const SourceTree& tree);
 
-} // namespace house
+} // namespace architecture

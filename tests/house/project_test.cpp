@@ -8,8 +8,8 @@
 
 namespace {
 
-const house::SourceTree& project() {
-  static const house::SourceTree kTree = house::readTree(HOUSE_ROOT);
+const architecture::SourceTree& project() {
+  static const architecture::SourceTree kTree = architecture::readTree(HOUSE_ROOT);
   return kTree;
 }
 
@@ -22,22 +22,22 @@ TEST(Project, IsReadWhole) {
 }
 
 TEST(Project, KeepsTheDirectionOfRooms) {
-  EXPECT_EQ(house::describe(house::checkRooms(project())), "");
+  EXPECT_EQ(architecture::describe(architecture::checkModules(project())), "");
 }
 
 TEST(Project, KeepsTheDirectionOfUnits) {
-  EXPECT_EQ(house::describe(house::checkTable(house::unitTable())), "");
-  EXPECT_EQ(house::describe(house::checkUnits(project(), house::unitTable())), "");
+  EXPECT_EQ(architecture::describe(architecture::checkTable(architecture::unitTable())), "");
+  EXPECT_EQ(architecture::describe(architecture::checkUnits(project(), architecture::unitTable())), "");
 }
 
 TEST(Project, HasNoOverlongSource) {
-  EXPECT_EQ(house::describe(house::checkSizes(project())), "");
+  EXPECT_EQ(architecture::describe(architecture::checkSizes(project())), "");
 }
 
 TEST(Project, HasNoWordsThatHaveNoPlaceInIt) {
-  EXPECT_EQ(house::describe(house::checkWords(project())), "");
+  EXPECT_EQ(architecture::describe(architecture::checkWords(project())), "");
 }
 
 TEST(Project, ExplainsEveryExportedName) {
-  EXPECT_EQ(house::describe(house::checkPages(project())), "");
+  EXPECT_EQ(architecture::describe(architecture::checkPages(project())), "");
 }

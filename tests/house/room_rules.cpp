@@ -3,7 +3,7 @@
 #include <map>
 #include <set>
 
-namespace house {
+namespace architecture {
 namespace {
 
 // Of each room those whose public headers it may include. Rooms that are not listed (tests, benchmarks, fuzz targets)
@@ -22,17 +22,17 @@ std::string folderOf(const std::string& path) {
 
 // Why that file may not include the other file of the tree; "" when it may.
 std::string refusal(const std::string& from, const std::string& to) {
-  const std::string room = roomOf(from);
+  const std::string module = moduleOf(from);
   if (isPublicHeader(from) && !isPublicHeader(to))
     return "a public header includes the private " + to;
-  if (roomOf(to) != room) {
-    if (!kKnown.at(room).contains(roomOf(to)))
-      return room + " does not know " + roomOf(to) + " (" + to + ")";
-    return isPublicHeader(to) ? "" : room + " knows only the public headers of " + roomOf(to) + ", not " + to;
+  if (moduleOf(to) != module) {
+    if (!kKnown.at(module).contains(moduleOf(to)))
+      return module + " does not know " + moduleOf(to) + " (" + to + ")";
+    return isPublicHeader(to) ? "" : module + " knows only the public headers of " + moduleOf(to) + ", not " + to;
   }
   // The wrappers over host services are not exported and serve every folder: the one private header that does.
   const bool sharedInside = to == "blockcommon/host/services.h";
-  if (room == "blockcommon" && !isPublicHeader(to) && !sharedInside && folderOf(from) != folderOf(to))
+  if (module == "blockcommon" && !isPublicHeader(to) && !sharedInside && folderOf(from) != folderOf(to))
     return folderOf(from) + " reaches into " + folderOf(to) + " (" + to + ") instead of a public header";
   return "";
 }
@@ -45,13 +45,13 @@ bool isServiceHeader(const std::string& path) {
 std::string refusalOfForeign(const std::string& from, const Include& include) {
   if (include.quoted)
     return "\"" + include.name + "\" names no file of the project";
-  if (roomOf(from) == "blockcommon" && include.name.find_first_of("./") != std::string::npos)
+  if (moduleOf(from) == "blockcommon" && include.name.find_first_of("./") != std::string::npos)
     return "<" + include.name + "> is not of the standard library";
   return "";
 }
 
 bool mayUseServices(const std::string& path) {
-  return roomOf(path) != "blockcommon" || startsWith(path, "blockcommon/host/");
+  return moduleOf(path) != "blockcommon" || startsWith(path, "blockcommon/host/");
 }
 
 void checkIncludes(const SourceTree& tree, const std::string& path, std::vector<Finding>& out) {
@@ -76,10 +76,10 @@ void checkDictionaryUse(const SourceTree& tree, const std::string& path, std::ve
 
 } // namespace
 
-std::vector<Finding> checkRooms(const SourceTree& tree) {
+std::vector<Finding> checkModules(const SourceTree& tree) {
   std::vector<Finding> findings;
   for (const auto& [path, text] : tree) {
-    if (!isCode(path) || !kKnown.contains(roomOf(path)))
+    if (!isCode(path) || !kKnown.contains(moduleOf(path)))
       continue;
     checkIncludes(tree, path, findings);
     checkDictionaryUse(tree, path, findings);
@@ -87,4 +87,4 @@ std::vector<Finding> checkRooms(const SourceTree& tree) {
   return findings;
 }
 
-} // namespace house
+} // namespace architecture

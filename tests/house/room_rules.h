@@ -3,10 +3,10 @@
 
 #include "tests/house/source_tree.h"
 
-namespace house {
+namespace architecture {
 
 // Breaches of the direction between rooms, between the folders of blockcommon, and of the two rules that go with them:
 // only blockcommon/host knows the service dictionary, and blockcommon stands on the standard library alone.
-std::vector<Finding> checkRooms(const SourceTree& tree);
+std::vector<Finding> checkModules(const SourceTree& tree);
 
-} // namespace house
+} // namespace architecture

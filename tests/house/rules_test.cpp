@@ -8,10 +8,10 @@
 
 namespace {
 
-using house::SourceTree;
+using architecture::SourceTree;
 
 // The files that the breaches below point at.
-SourceTree rooms() {
+SourceTree modules() {
   return {
       {"drawing/include/OdString.h", "#pragma once\n"},
       {"drawing/root/fold.h", "#pragma once\n"},
@@ -29,7 +29,7 @@ SourceTree rooms() {
   };
 }
 
-const std::vector<house::UnitRule> kTwoUnits{{"low", {}}, {"high", {"low"}}};
+const std::vector<architecture::UnitRule> kTwoUnits{{"low", {}}, {"high", {"low"}}};
 
 struct Case {
   std::string path;
@@ -37,13 +37,13 @@ struct Case {
   std::string complaint; // part of the only finding; "" for none
 };
 
-void expectFinding(const Case& given, const std::vector<house::Finding>& found) {
+void expectFinding(const Case& given, const std::vector<architecture::Finding>& found) {
   SCOPED_TRACE(given.path + ": " + given.text);
   if (given.complaint.empty()) {
-    EXPECT_EQ(house::describe(found), "");
+    EXPECT_EQ(architecture::describe(found), "");
     return;
   }
-  ASSERT_EQ(found.size(), 1U) << house::describe(found);
+  ASSERT_EQ(found.size(), 1U) << architecture::describe(found);
   EXPECT_EQ(found[0].file, given.path);
   EXPECT_NE(found[0].text.find(given.complaint), std::string::npos) << found[0].text;
 }
@@ -55,7 +55,7 @@ SourceTree with(SourceTree tree, const Case& given) {
 
 } // namespace
 
-TEST(RoomRules, RefuseWhatPointsTheWrongWay) {
+TEST(ModuleRules, RefuseWhatPointsTheWrongWay) {
   const std::vector<Case> cases{
       {"drawing/db/a.cpp", "#include \"morvane/host.h\"\n", "drawing does not know morvane"},
       {"drawing/db/a.cpp", "#include <morvane/host.h>\n", "drawing does not know morvane"},
@@ -76,10 +76,10 @@ TEST(RoomRules, RefuseWhatPointsTheWrongWay) {
       {"tests/names/a.cpp", "#include \"blockcommon/names/high_parts.h\"\n", ""},
   };
   for (const Case& given : cases)
-    expectFinding(given, house::checkRooms(with(rooms(), given)));
+    expectFinding(given, architecture::checkModules(with(modules(), given)));
 }
 
-TEST(RoomRules, LeaveTheServicesToTheHostFolder) {
+TEST(ModuleRules, LeaveTheServicesToTheHostFolder) {
   const std::string include = "#include \"morvane/services/editor.h\"\n";
   const std::string call = "int x;\nauto s = mv_arbitDict_getservice(name);\n";
   const std::vector<Case> cases{
@@ -89,7 +89,7 @@ TEST(RoomRules, LeaveTheServicesToTheHostFolder) {
       {"console/a.cpp", include + call, ""},
   };
   for (const Case& given : cases)
-    expectFinding(given, house::checkRooms(with(rooms(), given)));
+    expectFinding(given, architecture::checkModules(with(modules(), given)));
 }
 
 TEST(UnitRules, RefusePairsThatTheTableLacks) {
@@ -108,31 +108,32 @@ TEST(UnitRules, RefusePairsThatTheTableLacks) {
       {"blockcommon/host/low.cpp", "#include \"blockcommon/blockcommon.h\"\n", "header of all headers"},
   };
   for (const Case& given : cases)
-    expectFinding(given, house::checkUnits(with(rooms(), given), kTwoUnits));
+    expectFinding(given, architecture::checkUnits(with(modules(), given), kTwoUnits));
 }
 
 TEST(UnitRules, FollowPrivateHeadersToTheirUnit) {
-  SourceTree tree = rooms();
+  SourceTree tree = modules();
   tree["blockcommon/names/plain.h"] = "#include <string>\n";
   tree["blockcommon/names/aid.h"] = "#include \"high_parts.h\"\n";
   tree["blockcommon/names/round.h"] = "#include \"round.h\"\n";
-  EXPECT_EQ(house::unitOf(tree, kTwoUnits, "blockcommon/names/plain.h"), "");
-  EXPECT_EQ(house::unitOf(tree, kTwoUnits, "blockcommon/names/aid.h"), "high");
-  EXPECT_EQ(house::unitOf(tree, kTwoUnits, "blockcommon/names/round.h"), "");
-  expectFinding({"blockcommon/names/low_c.cpp", "", "low may not use the unit high"},
-                house::checkUnits(with(tree, {"blockcommon/names/low_c.cpp", "#include \"aid.h\"\n", ""}), kTwoUnits));
+  EXPECT_EQ(architecture::unitOf(tree, kTwoUnits, "blockcommon/names/plain.h"), "");
+  EXPECT_EQ(architecture::unitOf(tree, kTwoUnits, "blockcommon/names/aid.h"), "high");
+  EXPECT_EQ(architecture::unitOf(tree, kTwoUnits, "blockcommon/names/round.h"), "");
+  expectFinding(
+      {"blockcommon/names/low_c.cpp", "", "low may not use the unit high"},
+      architecture::checkUnits(with(tree, {"blockcommon/names/low_c.cpp", "#include \"aid.h\"\n", ""}), kTwoUnits));
 }
 
 TEST(UnitRules, RefuseATableThatRunsInACircle) {
-  EXPECT_EQ(house::describe(house::checkTable(kTwoUnits)), "");
-  EXPECT_EQ(house::checkTable({{"a", {"b"}}, {"b", {"c"}}, {"c", {"a"}}, {"d", {}}}).size(), 3U);
-  EXPECT_EQ(house::checkTable({{"a", {"a"}}}).size(), 1U);
-  EXPECT_EQ(house::checkTable({{"a", {"gone"}}}).size(), 1U);
+  EXPECT_EQ(architecture::describe(architecture::checkTable(kTwoUnits)), "");
+  EXPECT_EQ(architecture::checkTable({{"a", {"b"}}, {"b", {"c"}}, {"c", {"a"}}, {"d", {}}}).size(), 3U);
+  EXPECT_EQ(architecture::checkTable({{"a", {"a"}}}).size(), 1U);
+  EXPECT_EQ(architecture::checkTable({{"a", {"gone"}}}).size(), 1U);
 }
 
 TEST(TextRules, FindBannedWordsOnlyAsWholeWords) {
   const auto count = [](const std::string& path, const std::string& text) {
-    return house::checkWords({{path, text}}).size();
+    return architecture::checkWords({{path, text}}).size();
   };
   const std::string paper = "Pa";
   EXPECT_EQ(count("a.cpp", "fine\n// see " + paper + "rt 3.12, rule 4\n"), 1U);
@@ -146,9 +147,9 @@ TEST(TextRules, FindBannedWordsOnlyAsWholeWords) {
 }
 
 TEST(TextRules, CountLinesOfCodeOnly) {
-  const std::string longText(house::kMaxLines + 1, '\n');
-  EXPECT_EQ(house::checkSizes({{"a.cpp", longText}, {"a.md", longText}}).size(), 1U);
-  EXPECT_EQ(house::checkSizes({{"a.cpp", longText.substr(1)}}).size(), 0U);
+  const std::string longText(architecture::kMaxLines + 1, '\n');
+  EXPECT_EQ(architecture::checkSizes({{"a.cpp", longText}, {"a.md", longText}}).size(), 1U);
+  EXPECT_EQ(architecture::checkSizes({{"a.cpp", longText.substr(1)}}).size(), 0U);
 }
 
 TEST(PageRules, HoldPagesAndExportedNamesTogether) {
@@ -179,6 +180,8 @@ TEST(PageRules, HoldPagesAndExportedNamesTogether) {
       {"docs/programming.md", "", page, "is not listed"},
   };
   for (const auto& one : cases)
-    expectFinding({one.file, one.text, one.complaint}, house::checkPages(with(tree, {one.changed, one.text, ""})));
-  EXPECT_EQ(house::checkPages(with(tree, {page, good + "```cpp\n", ""}))[0].text, "line 13: the block has no end");
+    expectFinding({one.file, one.text, one.complaint},
+                  architecture::checkPages(with(tree, {one.changed, one.text, ""})));
+  EXPECT_EQ(architecture::checkPages(with(tree, {page, good + "```cpp\n", ""}))[0].text,
+            "line 13: the block has no end");
 }

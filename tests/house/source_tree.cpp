@@ -7,7 +7,7 @@
 #include <iterator>
 #include <set>
 
-namespace house {
+namespace architecture {
 namespace {
 
 namespace fs = std::filesystem;
@@ -93,7 +93,7 @@ std::vector<Include> includesOf(std::string_view text) {
 
 std::string resolveInclude(const SourceTree& tree, const std::string& from, const Include& include) {
   std::vector<fs::path> folders(kPublicFolders.begin(), kPublicFolders.end());
-  folders.insert(folders.end(), {"", roomOf(from)});
+  folders.insert(folders.end(), {"", moduleOf(from)});
   if (include.quoted)
     folders.insert(folders.begin(), fs::path(from).parent_path());
   for (const fs::path& folder : folders) {
@@ -109,7 +109,7 @@ bool isCode(std::string_view path) {
   return extension == ".h" || extension == ".cpp";
 }
 
-std::string roomOf(std::string_view path) {
+std::string moduleOf(std::string_view path) {
   return std::string(path.substr(0, path.find('/')));
 }
 
@@ -129,4 +129,4 @@ std::string describe(const std::vector<Finding>& findings) {
   return text;
 }
 
-} // namespace house
+} // namespace architecture

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace house {
+namespace architecture {
 
 // Path from the project's root, with '/', to the whole text.
 using SourceTree = std::map<std::string, std::string>;
@@ -35,10 +35,10 @@ std::vector<Include> includesOf(std::string_view text);
 std::string resolveInclude(const SourceTree& tree, const std::string& from, const Include& include);
 
 bool startsWith(std::string_view text, std::string_view prefix);
-bool isCode(std::string_view path);         // .h or .cpp
-std::string roomOf(std::string_view path);  // first folder
-bool isPublicHeader(std::string_view path); // lies in <room>/include
-std::string stemOf(std::string_view path);  // file name without folder and extension
+bool isCode(std::string_view path);          // .h or .cpp
+std::string moduleOf(std::string_view path); // first folder
+bool isPublicHeader(std::string_view path);  // lies in <room>/include
+std::string stemOf(std::string_view path);   // file name without folder and extension
 std::string describe(const std::vector<Finding>& findings);
 
-} // namespace house
+} // namespace architecture

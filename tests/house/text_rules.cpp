@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
-namespace house {
+namespace architecture {
 namespace {
 
 // Tables of data that may be longer than other sources.
@@ -79,4 +79,4 @@ std::vector<Finding> checkWords(const SourceTree& tree) {
   return findings;
 }
 
-} // namespace house
+} // namespace architecture

@@ -3,7 +3,7 @@
 
 #include "tests/house/source_tree.h"
 
-namespace house {
+namespace architecture {
 
 constexpr int kMaxLines = 800;
 
@@ -13,4 +13,4 @@ std::vector<Finding> checkSizes(const SourceTree& tree);
 // References to papers that a reader of the code does not have, notes of unfinished work, paths of one machine.
 std::vector<Finding> checkWords(const SourceTree& tree);
 
-} // namespace house
+} // namespace architecture

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <set>
 
-namespace house {
+namespace architecture {
 namespace {
 
 constexpr std::string_view kPublicFolder = "blockcommon/include/blockcommon/";
@@ -42,7 +42,7 @@ std::vector<Target> targetsOf(const SourceTree& tree, const std::string& path) {
   std::vector<Target> targets;
   for (const Include& include : includesOf(tree.at(path))) {
     const std::string target = resolveInclude(tree, path, include);
-    if (roomOf(target) == "blockcommon" && !isFoundation(target))
+    if (moduleOf(target) == "blockcommon" && !isFoundation(target))
       targets.push_back({target, include.line});
   }
   return targets;
@@ -122,7 +122,7 @@ std::string unitOf(const SourceTree& tree, const std::vector<UnitRule>& table, c
 std::vector<Finding> checkUnits(const SourceTree& tree, const std::vector<UnitRule>& table) {
   std::vector<Finding> findings;
   for (const auto& [path, text] : tree) {
-    if (roomOf(path) != "blockcommon" || !isCode(path) || path == kUmbrella)
+    if (moduleOf(path) != "blockcommon" || !isCode(path) || path == kUmbrella)
       continue;
     if (isFoundation(path)) {
       for (const Target& target : targetsOf(tree, path))
@@ -140,4 +140,4 @@ std::vector<Finding> checkUnits(const SourceTree& tree, const std::vector<UnitRu
   return findings;
 }
 
-} // namespace house
+} // namespace architecture

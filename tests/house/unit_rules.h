@@ -7,7 +7,7 @@
 
 #include "tests/house/source_tree.h"
 
-namespace house {
+namespace architecture {
 
 struct UnitRule {
   std::string unit;              // stem of the header in blockcommon/include/blockcommon
@@ -28,4 +28,4 @@ std::vector<Finding> checkUnits(const SourceTree& tree, const std::vector<UnitRu
 // The unit of that file; "" when it belongs to none.
 std::string unitOf(const SourceTree& tree, const std::vector<UnitRule>& table, const std::string& path);
 
-} // namespace house
+} // namespace architecture

@@ -1,6 +1,6 @@
 #include "tests/house/unit_rules.h"
 
-namespace house {
+namespace architecture {
 
 // Lowest first. Each row lists what the unit's own work needs, not all that lies below it.
 const std::vector<UnitRule>& unitTable() {
@@ -32,4 +32,4 @@ const std::vector<std::string>& foundationHeaders() {
   return kHeaders;
 }
 
-} // namespace house
+} // namespace architecture

@@ -156,15 +156,15 @@ TEST(BlockReferences, AreListedWithoutAWalkThroughTheDrawing) {
 TEST(BlockReferences, AreThoseThatLiveNowWhateverRoadTheyCame) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
   const OdDbObjectId door = addBlock(*database, L"door"), room = addBlock(*database, L"room");
-  const OdDbObjectId inRoom = addReference(*database, door, room), roomShown = addReference(*database, room);
+  const OdDbObjectId inModule = addReference(*database, door, room), roomShown = addReference(*database, room);
   const OdDbObjectId first = addReference(*database, door);
   const auto referring = [&](bool direct = true) {
     OdDbObjectIdArray ids;
     forRead<OdDbBlockTableRecord>(door)->getBlockReferenceIds(ids, direct, false);
     return ids;
   };
-  EXPECT_EQ(referring(), (OdDbObjectIdArray{inRoom, first}));
-  EXPECT_EQ(referring(false), (OdDbObjectIdArray{inRoom, roomShown, first}));
+  EXPECT_EQ(referring(), (OdDbObjectIdArray{inModule, first}));
+  EXPECT_EQ(referring(false), (OdDbObjectIdArray{inModule, roomShown, first}));
   const auto step = [&](auto change, const OdDbObjectIdArray& after) {
     const OdDbObjectIdArray before = referring();
     database->startUndoRecord();
@@ -175,10 +175,10 @@ TEST(BlockReferences, AreThoseThatLiveNowWhateverRoadTheyCame) {
     database->redo();
     EXPECT_EQ(referring(), after);
   };
-  step([&] { forWrite<OdDbEntity>(first)->erase(); }, {inRoom});
-  step([&] { OdDbEntityPtr(first.safeOpenObject(OdDb::kForWrite, true))->erase(false); }, {inRoom, first});
-  step([&] { forWrite<OdDbBlockReference>(first)->setBlockTableRecord(room); }, {inRoom});
-  step([&] { forWrite<OdDbBlockReference>(first)->setBlockTableRecord(door); }, {inRoom, first});
+  step([&] { forWrite<OdDbEntity>(first)->erase(); }, {inModule});
+  step([&] { OdDbEntityPtr(first.safeOpenObject(OdDb::kForWrite, true))->erase(false); }, {inModule, first});
+  step([&] { forWrite<OdDbBlockReference>(first)->setBlockTableRecord(room); }, {inModule});
+  step([&] { forWrite<OdDbBlockReference>(first)->setBlockTableRecord(door); }, {inModule, first});
   step([&] { forWrite<OdDbBlockTableRecord>(room)->erase(); }, {first});
   const OdDbIdMapping mapping = cloned({first}, database->getPaperSpaceId());
   EXPECT_EQ(referring(), (OdDbObjectIdArray{first, mapping.valueOf(first)}));
