@@ -27,7 +27,7 @@ protected:
       implied.asIdArray(ids);
     return ids;
   }
-  void expectLockedTold(int count) {
+  void expectLockedReported(int count) {
     const auto boxes = boxes_.take();
     ASSERT_EQ(boxes.size(), count == 0 ? 0U : 1U);
     EXPECT_TRUE(count == 0 || boxes[0].find(OdString(L"锁定图层上的对象数量: " + std::to_wstring(count))) > 0);
@@ -162,7 +162,7 @@ TEST_F(Selections, TheOneBeforeTheCommandIsTakenWithoutLockedLayers) {
   ids = {onWall_, c_};
   EXPECT_EQ(curSelectEntity(ids), 1);
   EXPECT_EQ(ids, (OdDbObjectIdArray{c_, a_, b_}));
-  expectLockedTold(2);
+  expectLockedReported(2);
   for (const OdDbObjectId& id : {a_, b_, onWall_})
     EXPECT_FALSE(isHighlighted(id));
   EXPECT_TRUE(picked().isEmpty());
@@ -176,7 +176,7 @@ TEST_F(Selections, TheOneBeforeTheCommandIsTakenWithoutLockedLayers) {
   ids.clear();
   EXPECT_EQ(curSelectEntity(ids), 1);
   EXPECT_TRUE(ids.isEmpty());
-  expectLockedTold(1);
+  expectLockedReported(1);
   EXPECT_TRUE(isHighlighted(onWall_)); // nothing was taken, so it stays selected
   EXPECT_EQ(picked(), (OdDbObjectIdArray{onWall_}));
 }
@@ -257,15 +257,15 @@ TEST_F(Selections, LoseWhatLiesOnLockedLayers) {
   forWrite<OdDbEntity>(dead)->erase();
   OdDbObjectIdArray ids{onWall_, OdDbObjectId(), a_, dead, layer0_, walls_, onWall_};
   EXPECT_EQ(objsOnLockedLayerPro(ids), 7);
-  expectLockedTold(0);
+  expectLockedReported(0);
   LayerTools::lockOrUnlockLayer(walls_, true);
   EXPECT_EQ(objsOnLockedLayerPro(ids), 5);
   EXPECT_EQ(ids, (OdDbObjectIdArray{OdDbObjectId(), a_, dead, layer0_, walls_}));
-  expectLockedTold(2);
+  expectLockedReported(2);
   ids = {onWall_};
   EXPECT_EQ(objsOnLockedLayerPro(ids), 0);
   EXPECT_TRUE(ids.isEmpty());
-  expectLockedTold(1);
+  expectLockedReported(1);
 }
 
 TEST_F(Selections, UnlockTheLayerOfAnEntityForAScope) {

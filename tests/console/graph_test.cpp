@@ -22,9 +22,9 @@ protected:
       scratch_.save(*site, xedit == 0 ? "off.dxf" : "on.dxf");
     }
     const OdDbObjectId door = block(L"door"), room = block(L"room \"2\"\\\x202E"), house = block(L"house");
-    const OdDbObjectId on = xref(L"on"), off = xref(L"off"), gone = xref(L"gone"), window = block(L"window");
+    const OdDbObjectId on = xref(L"on"), off = xref(L"off"), erased = xref(L"gone"), window = block(L"window");
     makeDynamic(door), makeDynamic(window);
-    add("$d1", door, room), add("$d2", addShape(door), room), add("$in", room, house), add("$g", gone, house);
+    add("$d1", door, room), add("$d2", addShape(door), room), add("$in", room, house), add("$g", erased, house);
     add("$on", on), add("$off", off), add("$house", house), add("$room", room), add("$text", {});
     add("$twice", nest(L"twice", door, 60, 2)), add("$deep", nest(L"deep", door, 900, 1));
     add("$wide", nest(L"wide", nest(L"fan", door, 1, 2'000), 900, 1));

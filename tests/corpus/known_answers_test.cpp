@@ -90,7 +90,7 @@ std::string nameOf(const Json& entry) {
 }
 
 // Files before 2007 hold no such values, whatever the other reader fills in.
-void dropUnsaid(Json& answer, const std::string& version) {
+void dropUnstated(Json& answer, const std::string& version) {
   if (version >= "AC1021")
     return;
   for (const char* key : {"record_units", "record_explode", "record_scale"})
@@ -175,7 +175,7 @@ void compareBlocks(const Json& answers, const Json& report) {
   EXPECT_EQ(namesOf(list, isInFile), namesOf(report["blocks"], isKnown));
   for (Json answer : list) {
     const Json* block = named(report["blocks"], nameOf(answer));
-    dropUnsaid(answer, report["header"]["acadver"]);
+    dropUnstated(answer, report["header"]["acadver"]);
     if (isInFile(answer) && block != nullptr)
       compareBlock(answer, together(report["blocks"], *block));
   }
@@ -227,7 +227,7 @@ void compareDialog(const Json& answers, const Json& report) {
   for (const Json& block : dialog) {
     const Json* found = named(list, nameOf(block));
     Json answer = found == nullptr ? Json::object() : *found;
-    dropUnsaid(answer, report["header"]["acadver"]);
+    dropUnstated(answer, report["header"]["acadver"]);
     expectSame(kDialog, answer, block);
     const Json* brief = named(shortDialog, nameOf(block));
     ASSERT_NE(brief, nullptr);

@@ -26,12 +26,12 @@ std::optional<Answers> answersFor(const std::string& path) {
   std::ifstream file(corpus::folder() + "truth/" + path.substr(corpus::folder().size()) + ".truth.json");
   if (!file)
     return std::nullopt;
-  const nlohmann::json told = nlohmann::json::parse(file);
-  EXPECT_TRUE(told["xrefs"].empty());
+  const nlohmann::json printed = nlohmann::json::parse(file);
+  EXPECT_TRUE(printed["xrefs"].empty());
   Answers answers;
-  for (const auto& block : told["blocks_in_table_order"])
+  for (const auto& block : printed["blocks_in_table_order"])
     answers[block["name"]] = {{}, block.value("tree_depth", std::size_t{0}), block.contains("attribute_definitions")};
-  for (const auto& [name, inner] : told["nesting"]["edges"].items())
+  for (const auto& [name, inner] : printed["nesting"]["edges"].items())
     answers[name].inner = inner.get<Inner>();
   return answers;
 }

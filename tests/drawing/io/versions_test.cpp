@@ -27,7 +27,7 @@ Written writeAs(const OdDbDatabase& database, OdDb::DwgVersion version) {
   return {bytes, result.report};
 }
 
-bool tells(const drawing::Report& report, const std::string& words, std::uint64_t handle = 0) {
+bool hasIssueAt(const drawing::Report& report, const std::string& words, std::uint64_t handle = 0) {
   return std::any_of(report.issues().begin(), report.issues().end(), [&](const drawing::Issue& issue) {
     return drawing::describe(issue).find(words) != std::string::npos && (handle == 0 || issue.handle == handle);
   });
@@ -42,7 +42,7 @@ TEST(Versions, NewerGroupsAreToldWhereTheVersionDoesNotHaveThem) {
   const auto pointWith = [&point](const char* group) { return std::string(point).replace(point.find('%'), 1, group); };
   const struct {
     std::string record;
-    const char* told; // part of the line; "": nothing is lost
+    const char* reported; // part of the line; "": nothing is lost
     OdDb::DwgVersion lost, kept;
     const char* lines; // of the file, in the version that keeps it
   } cases[] = {
@@ -63,8 +63,8 @@ TEST(Versions, NewerGroupsAreToldWhereTheVersionDoesNotHaveThem) {
     const Written lost = writeAs(*database, row.lost), kept = writeAs(*database, row.kept);
     EXPECT_EQ(lost.bytes.find(row.lines), std::string::npos);
     EXPECT_NE(kept.bytes.find(row.lines), std::string::npos);
-    const bool isLoss = row.told[0] != 0;
-    EXPECT_EQ(tells(lost.losses, row.told, 0xA1), isLoss);
+    const bool isLoss = row.reported[0] != 0;
+    EXPECT_EQ(hasIssueAt(lost.losses, row.reported, 0xA1), isLoss);
     EXPECT_EQ(lost.losses.outcome() != drawing::Outcome::Whole, isLoss);
     EXPECT_EQ(kept.losses.outcome(), drawing::Outcome::Whole);
   }
@@ -104,7 +104,7 @@ TEST(Versions, BodiesThatAnEarlierVersionCannotReadAreLeftOutWithAllThatHangsOnT
           section("ACDSDATA", "70|2\n0|ACDSRECORD\n90|1\n2|AcDbDs::ID\n280|10\n320|A1\n"),
       "AC1027");
   const Written written = writeAs(*database, OdDb::kRelease2010);
-  EXPECT_TRUE(tells(written.losses, "the form of its body", 0xA1));
+  EXPECT_TRUE(hasIssueAt(written.losses, "the form of its body", 0xA1));
   for (const char* gone : {"3DSOLID", "ACDSDATA", "  5\nA2\n", "  5\nA3\n"})
     EXPECT_EQ(written.bytes.find(gone), std::string::npos) << gone;
   EXPECT_NE(written.bytes.find("1005\n0\n"), std::string::npos); // refers to nothing now
@@ -116,7 +116,7 @@ TEST(Versions, UnitsOfBlocksStandInExtendedDataBefore2007) {
   forWrite<OdDbBlockTableRecord>(addBlock(*database, L"door"))->setBlockInsertUnits(OdDb::kUnitsFeet);
   const Written written = writeAs(*database, OdDb::kRelease2004);
   EXPECT_NE(written.bytes.find("DesignCenter Data"), std::string::npos);
-  EXPECT_FALSE(tells(written.losses, "AcDbBlockTableRecord"));
+  EXPECT_FALSE(hasIssueAt(written.losses, "AcDbBlockTableRecord"));
   const ReadResult again = drawing::readDrawingFromMemory(written.bytes);
   const auto read = forRead<OdDbBlockTableRecord>(again.database->symbol(OdDb::kBlockTable, L"door"));
   EXPECT_EQ(read->blockInsertUnits(), OdDb::kUnitsFeet);
@@ -151,7 +151,7 @@ TEST(Versions, MultiLineAttributesStandWhereTheVersionHasThem) {
     EXPECT_EQ(attribute->getMTextAttribute()->textHeight(), 2.5);
     const Written oldest = writeAs(*again.database, OdDb::kRelease12); // has one line, and no formatting
     EXPECT_NE(oldest.bytes.find("\n  1\nfirst second\n"), std::string::npos) << oldest.bytes;
-    EXPECT_TRUE(tells(oldest.losses, "the lines of the value", id.getHandle()));
+    EXPECT_TRUE(hasIssueAt(oldest.losses, "the lines of the value", id.getHandle()));
   }
 }
 
@@ -164,7 +164,7 @@ TEST(Versions, ColumnsAreToldAndTheTextStays) {
     const Written written = writeAs(*readOf(section("ENTITIES", record), "AC1032"), OdDb::kRelease2013);
     EXPECT_EQ(written.bytes.find("Embedded Object"), std::string::npos);
     EXPECT_NE(written.bytes.find("1070\n7\n"), std::string::npos);
-    EXPECT_EQ(tells(written.losses, "the columns of a text", 0xA1), columns == '2');
+    EXPECT_EQ(hasIssueAt(written.losses, "the columns of a text", 0xA1), columns == '2');
   }
 }
 
@@ -176,7 +176,7 @@ TEST(Versions, LossesOfManyAreCounted) {
         "0|POINT\n5|" + OdDbHandle(0x100 + i).ascii() + "\n100|AcDbEntity\n8|0\n420|255\n100|AcDbPoint\n10|1\n20|2\n";
   const Written written = writeAs(*readOf(section("ENTITIES", points), "AC1032"), OdDb::kRelease2000);
   EXPECT_EQ(written.losses.count("dxf.group-not-in-version"), 1u);
-  EXPECT_TRUE(tells(written.losses, "here and in 29 more", 0x100));
+  EXPECT_TRUE(hasIssueAt(written.losses, "here and in 29 more", 0x100));
 }
 
 // -- R12 --
@@ -204,7 +204,7 @@ std::string kindsIn(const OdDbDatabase& database) {
 }
 
 const struct {
-  const char *kind, *groups, *becomes, *told;
+  const char *kind, *groups, *becomes, *reported;
 } kSubstitutes[] = {
     {"LWPOLYLINE", "100|AcDbPolyline\n90|3\n70|1\n10|0\n20|0\n42|1\n10|2\n20|0\n10|2\n20|2\n", "POLYLINE 1 ",
      "it is written as POLYLINE"},
@@ -239,7 +239,7 @@ TEST(R12, DrawsWithWhatTheVersionHas) {
     drawing::Report losses;
     const ReadResult read = throughR12(*drawingOfKind(one.kind, one.groups), &losses);
     EXPECT_EQ(kindsIn(*read.database), one.becomes);
-    EXPECT_TRUE(tells(losses, one.told, 0xA1));
+    EXPECT_TRUE(hasIssueAt(losses, one.reported, 0xA1));
     if (one.becomes[0] != 0) { // the first has the handle, all have the layer
       EXPECT_EQ(forRead<OdDbEntity>(read.database->getOdDbObjectId(0xA1))->layer(), OdString(L"walls"));
     }

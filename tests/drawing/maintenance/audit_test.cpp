@@ -34,7 +34,7 @@ struct House {
     nowhere = record->groups().idOf(record->groups()[0]);
     record->erase();
   }
-  OdSmartPtr<OdDbLayout> sheet() const {
+  OdSmartPtr<OdDbLayout> layout() const {
     return forWrite<OdDbLayout>(forRead<OdDbBlockTableRecord>(database->getPaperSpaceId())->getLayoutId());
   }
   void change(OdDbObjectId id, const std::function<void(OdDbObject&)>& how) const { how(*forWrite<OdDbObject>(id)); }
@@ -72,9 +72,9 @@ const AuditCase kAuditCases[] = {
      [](House& h) { forWrite<OdDbEntity>(forRead<OdDbBlockTableRecord>(h.door)->blockEndId())->erase(); }},
     {"audit.sequence-without-end",
      [](House& h) { forWrite<OdDbEntity>(forRead<OdDbBlockReference>(h.reference)->sequenceEndId())->erase(); }},
-    {"audit.layout-without-block", [](House& h) { h.sheet()->setBlockTableRecordId(h.nowhere); }},
-    {"audit.layout-without-block", [](House& h) { h.sheet()->setBlockTableRecordId(h.database->getModelSpaceId()); }},
-    {"audit.space-without-layout", [](House& h) { h.sheet()->erase(); }},
+    {"audit.layout-without-block", [](House& h) { h.layout()->setBlockTableRecordId(h.nowhere); }},
+    {"audit.layout-without-block", [](House& h) { h.layout()->setBlockTableRecordId(h.database->getModelSpaceId()); }},
+    {"audit.space-without-layout", [](House& h) { h.layout()->erase(); }},
     {"audit.block-of-no-layout", [](House& h) { forWrite<OdDbBlockTableRecord>(h.door)->setLayoutId(h.nowhere); }},
     {"audit.name-illegal", [](House& h) { forWrite<OdDbLayerTableRecord>(h.layer)->setName(L" in?out/ "); }},
     {"audit.block-cycle",
