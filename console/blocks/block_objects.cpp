@@ -23,15 +23,15 @@ struct Step {
   OdDbObjectId from; // null for the objects
 };
 
-class WayBack {
+class ReferenceChain {
 public:
-  explicit WayBack(OdDbObjectId block) : block_(block) {}
+  explicit ReferenceChain(OdDbObjectId block) : block_(block) {}
 
   bool find(const OdDbObjectIdArray& ids) {
     visit(ids, {});
-    while (steps_.count(block_) == 0 && !ahead_.empty()) {
-      const OdDbObjectId definition = ahead_.front();
-      ahead_.pop_front();
+    while (steps_.count(block_) == 0 && !queue_.empty()) {
+      const OdDbObjectId definition = queue_.front();
+      queue_.pop_front();
       visit(objectsOf(definition), definition);
     }
     return steps_.count(block_) != 0;
@@ -58,13 +58,13 @@ private:
       if (reference.isNull() || !reference->blockTableRecord().isValid())
         continue;
       if (steps_.emplace(reference->blockTableRecord(), Step{id, from}).second)
-        ahead_.push_back(reference->blockTableRecord());
+        queue_.push_back(reference->blockTableRecord());
     }
   }
 
   OdDbObjectId block_;
   std::unordered_map<OdDbObjectId, Step> steps_;
-  std::deque<OdDbObjectId> ahead_;
+  std::deque<OdDbObjectId> queue_;
 };
 
 OdString nameOfDefinition(OdDbObjectId id) {
@@ -104,7 +104,7 @@ std::map<std::string, std::size_t> missingByType(const OdDbObjectIdArray& all, c
 }
 
 OdString chainBackTo(OdDbObjectId block, const OdDbObjectIdArray& ids) {
-  WayBack way(block);
+  ReferenceChain way(block);
   if (!way.find(ids))
     return {};
   OdString chain = render(MessageId::kChainStart, {nameOfDefinition(block)});

@@ -61,9 +61,9 @@ Json previewFile(Session& session, const std::string& path, const OdString& name
   const BlockSource source = readBlockSource(session, path, name);
   session.result(MessageId::kPreviewFile, {OdString::fromUtf8(path), source.name});
   Json json = {{"file", path}, {"block", source.name.toUtf8Lossless()}, {"clashes", Json::array()}};
-  if (const OdDbObjectId there = definitionOf(session, source.name); !there.isNull())
+  if (const OdDbObjectId existing = definitionOf(session, source.name); !existing.isNull())
     json["clashes"].push_back(
-        conflict(session, source.name, drawing::sameDefinition(source.database->getModelSpaceId(), there)));
+        conflict(session, source.name, drawing::sameDefinition(source.database->getModelSpaceId(), existing)));
   for (const NestedConflict& nested : nestedConflicts(*source.database, session.database()))
     json["clashes"].push_back(conflict(session, nested.name, nested.same));
   json["kept"] = keptRecords(session, *source.database);

@@ -51,9 +51,9 @@ std::vector<OdDbObjectId> definitionsBelow(const OdDbDatabase& source) {
 OdString uniqueName(OdDbObjectId contents, const OdString& name, const OdDbDatabase& target) {
   OdString unique = name;
   for (int number = 2;; ++number) {
-    const OdDbObjectId own = blockIn(*contents.database(), unique), there = blockIn(target, unique);
+    const OdDbObjectId own = blockIn(*contents.database(), unique), existing = blockIn(target, unique);
     const bool isOwn = own.isNull() || own == contents || number == 2;
-    if (isOwn && (there.isNull() || drawing::sameDefinition(contents, there)))
+    if (isOwn && (existing.isNull() || drawing::sameDefinition(contents, existing)))
       return unique;
     unique = name + L"-" + OdString(std::to_wstring(number));
   }
@@ -106,25 +106,26 @@ bool lastBoxWasClosed(const Session& session) {
   return box == transcript.rend() || box->box->pressed == morvane::MessageBoxes::kClosed;
 }
 
-[[noreturn]] void refuseConflict(const BlockSource& source, OdDbObjectId there) {
-  const bool same = drawing::sameDefinition(source.database->getModelSpaceId(), there);
-  refuse(same ? MessageId::kConflictSame : MessageId::kConflictOther, {OdString::fromUtf8(source.path), nameOf(there)});
+[[noreturn]] void refuseConflict(const BlockSource& source, OdDbObjectId existing) {
+  const bool same = drawing::sameDefinition(source.database->getModelSpaceId(), existing);
+  refuse(same ? MessageId::kConflictSame : MessageId::kConflictOther,
+         {OdString::fromUtf8(source.path), nameOf(existing)});
 }
 
 // The user replaces the definition, keeps it, or gives up.
-ConflictPolicy promptConflict(Session& session, const BlockSource& source, OdDbObjectId there) {
+ConflictPolicy promptConflict(Session& session, const BlockSource& source, OdDbObjectId existing) {
   constexpr int kReplace = 0;
-  if (dlgTips::showBlockRedefineTips(source.name, static_cast<int>(referencesTo(there))) == kReplace)
+  if (dlgTips::showBlockRedefineTips(source.name, static_cast<int>(referencesTo(existing))) == kReplace)
     return ConflictPolicy::Replace;
   if (!session.isInteractive())
-    refuseConflict(source, there);
+    refuseConflict(source, existing);
   if (lastBoxWasClosed(session))
     cancel();
   return ConflictPolicy::Keep;
 }
 
-void refuseUnfit(OdDbObjectId there) {
-  const OdDbBlockTableRecordPtr record = there.safeOpenObject();
+void refuseUnfit(OdDbObjectId existing) {
+  const OdDbBlockTableRecordPtr record = existing.safeOpenObject();
   if (!record->isFromExternalReference())
     return;
   dlgTips::showBlockExtRefErrorTips();
@@ -132,14 +133,14 @@ void refuseUnfit(OdDbObjectId there) {
 }
 
 // Which definition the file will be, and whether the one that is there is it.
-void resolveConflict(const BlockSource& source, OdDbObjectId there, ConflictPolicy conflictPolicy,
+void resolveConflict(const BlockSource& source, OdDbObjectId existing, ConflictPolicy conflictPolicy,
                      ImportedBlock& result) {
   using Resolution = ImportedBlock::Resolution;
-  const OdDbDatabase& target = *there.database();
+  const OdDbDatabase& target = *existing.database();
   if (conflictPolicy == ConflictPolicy::Refuse)
-    refuseConflict(source, there);
+    refuseConflict(source, existing);
   const OdDbObjectId contents = source.database->getModelSpaceId();
-  result.name = conflictPolicy == ConflictPolicy::Rename ? uniqueName(contents, source.name, target) : nameOf(there);
+  result.name = conflictPolicy == ConflictPolicy::Rename ? uniqueName(contents, source.name, target) : nameOf(existing);
   result.block = blockIn(target, result.name);
   const bool same = !result.block.isNull() && drawing::sameDefinition(contents, result.block);
   if (conflictPolicy == ConflictPolicy::Replace)
@@ -180,8 +181,8 @@ std::vector<NestedConflict> nestedConflicts(const OdDbDatabase& source, const Od
   std::vector<NestedConflict> conflicts;
   for (const OdDbObjectId block : definitionsBelow(source)) {
     const OdString name = nameOf(block);
-    if (const OdDbObjectId there = blockIn(target, name); !there.isNull())
-      conflicts.push_back({name, drawing::sameDefinition(block, there)});
+    if (const OdDbObjectId existing = blockIn(target, name); !existing.isNull())
+      conflicts.push_back({name, drawing::sameDefinition(block, existing)});
   }
   return conflicts;
 }
@@ -191,11 +192,11 @@ ImportedBlock importBlock(Session& session, const BlockSource& source, ConflictP
   OdDbDatabase& target = session.database();
   checkBlockName(session, source.name);
   ImportedBlock result{Resolution::Made, {}, source.name, {}, {}};
-  if (const OdDbObjectId there = blockIn(target, source.name); !there.isNull()) {
-    refuseUnfit(there);
+  if (const OdDbObjectId existing = blockIn(target, source.name); !existing.isNull()) {
+    refuseUnfit(existing);
     if (conflictPolicy == ConflictPolicy::kPrompt)
-      conflictPolicy = promptConflict(session, source, there);
-    resolveConflict(source, there, conflictPolicy, result);
+      conflictPolicy = promptConflict(session, source, existing);
+    resolveConflict(source, existing, conflictPolicy, result);
   }
   if (result.resolution != Resolution::Kept && result.resolution != Resolution::Shared) {
     if (conflictPolicy == ConflictPolicy::Rename)

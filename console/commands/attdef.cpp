@@ -41,18 +41,18 @@ constexpr std::array<const wchar_t*, kModeCount> kModes = {L"Invisible", L"Const
                                                            L"Preset",    L"Lock",     L"Multiple"};
 
 // What the options at the first point have set.
-struct Wishes {
+struct DefinitionSettings {
   std::array<bool, kModeCount> modes{};
   const Justification* justification = &kJustifications[0];
   OdDbObjectId style;
   double rotation = 0;
 };
 
-void promptModes(Session& session, Wishes& wishes) {
+void promptModes(Session& session, DefinitionSettings& settings) {
   for (;;) {
     std::vector<OdString> on;
     for (std::size_t mode = 0; mode < kModeCount; ++mode) {
-      if (wishes.modes[mode])
+      if (settings.modes[mode])
         on.emplace_back(kModes[mode]);
     }
     session.print(MessageId::kModesOn, {on.empty() ? OdString(L"none") : nameList(on)});
@@ -60,30 +60,30 @@ void promptModes(Session& session, Wishes& wishes) {
     if (!entered)
       return;
     for (std::size_t mode = 0; mode < kModeCount; ++mode)
-      wishes.modes[mode] = wishes.modes[mode] != (*entered == kModes[mode]);
+      settings.modes[mode] = settings.modes[mode] != (*entered == kModes[mode]);
   }
 }
 
-void promptJustification(Session& session, Wishes& wishes) {
+void promptJustification(Session& session, DefinitionSettings& settings) {
   const auto entered = promptKeyword(session, MessageId::kKeywordsJustify, MessageId::kPromptJustify);
   for (const Justification& one : kJustifications) {
     if (entered && *entered == one.name)
-      wishes.justification = &one;
+      settings.justification = &one;
   }
 }
 
 // A wrong name is told, and the style stays.
-void promptStyle(CommandContext& context, Wishes& wishes) {
+void promptStyle(CommandContext& context, DefinitionSettings& settings) {
   const auto entered = promptText(context.session, MessageId::kPromptStyle, {}, true);
   const OdDbObjectId style = entered ? context.database.symbol(OdDb::kTextStyleTable, *entered) : OdDbObjectId();
   if (!style.isNull())
-    wishes.style = style;
+    settings.style = style;
   else if (entered)
     context.session.print(MessageId::kNoSuchStyle, {*entered});
 }
 
 // The first point, with the options in front of it.
-OdGePoint3d promptInsertionPoint(CommandContext& context, Wishes& wishes) {
+OdGePoint3d promptInsertionPoint(CommandContext& context, DefinitionSettings& settings) {
   Session& session = context.session;
   for (;;) {
     constexpr bool kRequired = true;
@@ -92,28 +92,28 @@ OdGePoint3d promptInsertionPoint(CommandContext& context, Wishes& wishes) {
     if (answer.point)
       return *answer.point;
     if (answer.keyword == L"Modes")
-      promptModes(session, wishes);
+      promptModes(session, settings);
     else if (answer.keyword == L"Justify")
-      promptJustification(session, wishes);
+      promptJustification(session, settings);
     else if (answer.keyword == L"Style")
-      promptStyle(context, wishes);
+      promptStyle(context, settings);
     else
-      wishes.rotation = promptAngle(session, MessageId::kPromptAngle).value_or(0);
+      settings.rotation = promptAngle(session, MessageId::kPromptAngle).value_or(0);
   }
 }
 
-bool hasTwoPoints(const Wishes& wishes) {
-  const auto across = wishes.justification->across;
-  return !wishes.modes[kMultiple] && (across == OdDbText::kAligned || across == OdDbText::kFit);
+bool hasTwoPoints(const DefinitionSettings& settings) {
+  const auto across = settings.justification->across;
+  return !settings.modes[kMultiple] && (across == OdDbText::kAligned || across == OdDbText::kFit);
 }
 
-void place(OdDbAttributeDefinition& definition, const Wishes& wishes, const OdGePoint3d& first,
+void place(OdDbAttributeDefinition& definition, const DefinitionSettings& settings, const OdGePoint3d& first,
            const OdGePoint3d& second) {
-  definition.setHorizontalMode(wishes.justification->across);
-  definition.setVerticalMode(wishes.justification->up);
+  definition.setHorizontalMode(settings.justification->across);
+  definition.setVerticalMode(settings.justification->up);
   definition.setPosition(first);
-  definition.setRotation(wishes.rotation);
-  if (hasTwoPoints(wishes)) {
+  definition.setRotation(settings.rotation);
+  if (hasTwoPoints(settings)) {
     definition.setAlignmentPoint(second);
     definition.setRotation(std::atan2(second.y - first.y, second.x - first.x));
   } else if (definition.horizontalMode() != OdDbText::kLeft || definition.verticalMode() != OdDbText::kBase) {
@@ -122,13 +122,14 @@ void place(OdDbAttributeDefinition& definition, const Wishes& wishes, const OdGe
 }
 
 // Each \P of the default begins a line.
-void makeMultiple(OdDbAttributeDefinition& definition, const Wishes& wishes, const OdGePoint3d& location) {
+void makeMultiple(OdDbAttributeDefinition& definition, const DefinitionSettings& settings,
+                  const OdGePoint3d& location) {
   const OdDbMTextPtr lines = OdDbMText::createObject();
   lines->setContents(definition.textString());
   lines->setLocation(location);
   lines->setTextHeight(definition.height());
-  lines->setRotation(wishes.rotation);
-  lines->setAttachment(wishes.justification->attachment);
+  lines->setRotation(settings.rotation);
+  lines->setAttachment(settings.justification->attachment);
   lines->setTextStyle(definition.textStyle());
   definition.setMTextAttributeDefinition(lines.get());
 }
@@ -149,10 +150,10 @@ void attdef(CommandContext& context) {
   const OdString value = promptText(session, MessageId::kPromptTagDefault, {}, true).value_or(OdString());
   const OdDbAttributeDefinitionPtr definition = OdDbAttributeDefinition::createObject();
   definition->setDatabaseDefaults(&context.database);
-  Wishes wishes;
-  const OdGePoint3d first = promptInsertionPoint(context, wishes);
+  DefinitionSettings settings;
+  const OdGePoint3d first = promptInsertionPoint(context, settings);
   OdGePoint3d second;
-  if (hasTwoPoints(wishes)) {
+  if (hasTwoPoints(settings)) {
     second = promptRequiredPoint(session, MessageId::kPromptSecondPoint);
     if (std::hypot(second.x - first.x, second.y - first.y) == 0)
       refuse(MessageId::kNoBaseLine);
@@ -161,16 +162,16 @@ void attdef(CommandContext& context) {
   definition->setPrompt(prompt);
   definition->setTextString(value);
   definition->setHeight(promptTextHeight(context));
-  definition->setInvisible(wishes.modes[kInvisible]);
-  definition->setConstant(wishes.modes[kConstant]);
-  definition->setVerifiable(wishes.modes[kVerify]);
-  definition->setPreset(wishes.modes[kPreset]);
-  definition->setLockPositionInBlock(wishes.modes[kLock]);
-  if (!wishes.style.isNull())
-    definition->setTextStyle(wishes.style);
-  place(*definition, wishes, first, second);
-  if (wishes.modes[kMultiple])
-    makeMultiple(*definition, wishes, first);
+  definition->setInvisible(settings.modes[kInvisible]);
+  definition->setConstant(settings.modes[kConstant]);
+  definition->setVerifiable(settings.modes[kVerify]);
+  definition->setPreset(settings.modes[kPreset]);
+  definition->setLockPositionInBlock(settings.modes[kLock]);
+  if (!settings.style.isNull())
+    definition->setTextStyle(settings.style);
+  place(*definition, settings, first, second);
+  if (settings.modes[kMultiple])
+    makeMultiple(*definition, settings, first);
   addToDrawing(context, *definition);
 }
 

@@ -31,7 +31,7 @@ public:
       for (const std::string& value : option.values)
         add(option, value);
     }
-    if (wishes_.empty())
+    if (settings_.empty())
       throw Failure{Status::Usage, {MessageId::kNoRename, {}}};
   }
   Status run(const SessionOptions& settings) override {
@@ -53,13 +53,13 @@ private:
     const auto sign = value.find('=');
     if (sign == std::string::npos || sign == 0)
       refuseUsage(MessageId::kBadRename, option.name, value);
-    wishes_.push_back(
+    settings_.push_back(
         {option.kind, OdString::fromUtf8(value.substr(0, sign)), OdString::fromUtf8(value.substr(sign + 1))});
   }
 
   void work(Session& session, Json& results) {
     results["renamed"] = Json::array();
-    for (const Wish& wish : wishes_) {
+    for (const Wish& wish : settings_) {
       renameSymbolRecord(session, wish.kind, wish.from, wish.to);
       results["renamed"].push_back({{"kind", renameKindName(wish.kind)},
                                     {"from", wish.from.toUtf8Lossless()},
@@ -68,7 +68,7 @@ private:
   }
 
   void printSummary(Session& session) {
-    for (const Wish& wish : wishes_)
+    for (const Wish& wish : settings_)
       session.print(MessageId::kRenamed, {OdString::fromUtf8(renameKindName(wish.kind)), wish.from, wish.to});
   }
 
@@ -79,7 +79,7 @@ private:
                                      {"--linetype", OdDb::kLinetypeTable, "OLD=NEW of a line type", {}},
                                      {"--style", OdDb::kTextStyleTable, "OLD=NEW of a text style", {}},
                                      {"--dimstyle", OdDb::kDimStyleTable, "OLD=NEW of a dimension style", {}}}};
-  std::vector<Wish> wishes_;
+  std::vector<Wish> settings_;
   bool json_ = false;
 };
 

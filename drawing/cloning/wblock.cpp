@@ -144,7 +144,7 @@ OdDbDatabasePtr wblockDrawing(const OdDbDatabase& database, const std::string& p
                               Report* lost) {
   WriteOptions options;
   options.version = version;
-  options.asItIs = version == OdDb::kVersionUnknown;
+  options.attributesAsStored = version == OdDb::kVersionUnknown;
   WriteResult written;
   const std::string file = writeDrawingToMemory(database, options, &written);
   if (lost != nullptr)

@@ -242,7 +242,7 @@ void writeR12(const OdDbDatabase& database, GroupSink& sink) {
 void writeTo(const OdDbDatabase& given, const WriteOptions& options, const dxf::FormWriter::Output& output,
              Report& losses) {
   const OdDb::DwgVersion version = targetVersion(given, options);
-  const OdDbDatabasePtr copy = options.asItIs ? nullptr : dxf::copyForVersion(given, version);
+  const OdDbDatabasePtr copy = options.attributesAsStored ? nullptr : dxf::copyForVersion(given, version);
   const OdDbDatabase& database = copy.isNull() ? given : *copy;
   dxf::TextCodec codec = version >= OdDb::kRelease2007 ? dxf::TextCodec({}, dxf::TextCodec::Mode::Utf8)
                                                        : dxf::TextCodec(database.fileInfo().codePage);

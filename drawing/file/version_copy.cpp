@@ -32,7 +32,7 @@ OdDbDatabasePtr copyOf(const OdDbDatabase& database) {
   WriteOptions options;
   options.form = WriteOptions::Text;
   options.version = std::max(database.fileInfo().version, OdDb::kRelease2000);
-  options.asItIs = true;
+  options.attributesAsStored = true;
   return readDrawingFromMemory(writeDrawingToMemory(database, options), "copy").database;
 }
 

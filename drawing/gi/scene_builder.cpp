@@ -28,23 +28,23 @@ SceneBuilder::SceneBuilder(DisplayList& list, TraitResolver& resolver, const Pic
 
 void SceneBuilder::run(OdDbObjectId block, const DrawContext& context) {
   levels_.push_back({context, contentsOf(block), 0, block, nullptr});
-  goOn();
+  buildLevels();
 }
 
 void SceneBuilder::runOne(OdDbObjectId entity, const DrawContext& context) {
   const auto ids = std::make_shared<const std::vector<OdDbObjectId>>(1, entity);
   levels_.push_back({context, ids, 0, {}, nullptr});
-  goOn();
+  buildLevels();
 }
 
-void SceneBuilder::goOn() {
-  while (!levels_.empty() && mayGoOn())
+void SceneBuilder::buildLevels() {
+  while (!levels_.empty() && isWithinLimits())
     step();
   levels_.clear();
   report_.points = list_.points.size();
 }
 
-bool SceneBuilder::mayGoOn() {
+bool SceneBuilder::isWithinLimits() {
   const bool spent = report_.steps >= options_.steps || list_.size() >= options_.points;
   report_.reachedLimit = report_.reachedLimit || spent;
   return !spent;

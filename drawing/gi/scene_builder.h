@@ -34,8 +34,8 @@ private:
     std::unique_ptr<BlockInstance> repeated;
   };
 
-  void goOn();
-  bool mayGoOn();
+  void buildLevels();
+  bool isWithinLimits();
   void step();
   void repeat(Level& level);
   void draw(OdDbObjectId id, const DrawContext& context);

@@ -24,7 +24,7 @@ public:
   explicit Names(const OdDbDatabase& database) {
     for (int kind = 0; kind < OdDb::kSymbolTableCount; ++kind)
       nameTable(database.getSymbolTableId(static_cast<OdDb::SymbolTableKind>(kind)));
-    give(database.getNamedObjectsDictionaryId(), "/");
+    assign(database.getNamedObjectsDictionaryId(), "/");
     while (!open_.empty()) {
       const OdDbObjectId id = open_.back();
       open_.pop_back();
@@ -32,7 +32,7 @@ public:
     }
     for (OdDbObjectId id : database.allIds()) { // what nobody owns
       if (const OdDbObject* object = lookup(id); isAlive(object) && names_.find(id) == names_.end())
-        give(id, "?" + object->dxfName() + "#" + std::to_string(++strays_));
+        assign(id, "?" + object->dxfName() + "#" + std::to_string(++strays_));
     }
   }
 
@@ -44,7 +44,7 @@ public:
   }
 
 private:
-  void give(OdDbObjectId id, const std::string& name) {
+  void assign(OdDbObjectId id, const std::string& name) {
     if (isAlive(id) && names_.emplace(id, name).second)
       open_.push_back(id);
   }
@@ -53,7 +53,7 @@ private:
     const auto* table = getIf<OdDbSymbolTable>(id);
     if (table == nullptr)
       return;
-    give(id, table->dxfName());
+    assign(id, table->dxfName());
     std::size_t ordinal = 0;
     for (OdDbObjectId member : table->members().ids()) {
       if (!isAlive(member))
@@ -61,22 +61,22 @@ private:
       std::string name = table->dxfName() + "/" + symbolName(member).toUtf8Lossless();
       if (names_.find(member) == names_.end() && !unique_.insert({name, 0}).second)
         name += "#" + std::to_string(++ordinal); // tiles of viewports share a name
-      give(member, name);
+      assign(member, name);
     }
   }
 
   void nameOwned(const OdDbObject& object, const std::string& name) {
     if (const auto* dictionary = OdDbDictionary::cast(&object).get()) {
       for (const OdDbDictionary::Entry& entry : dictionary->entries())
-        give(entry.id, name + (name == "/" ? "" : "/") + entry.name.toUtf8Lossless());
+        assign(entry.id, name + (name == "/" ? "" : "/") + entry.name.toUtf8Lossless());
     }
-    give(object.extensionDictionary(), name + "!");
+    assign(object.extensionDictionary(), name + "!");
     std::vector<OdDbObjectId> owned;
     object.ownedObjects(owned);
     std::size_t ordinal = 0;
     for (OdDbObjectId id : owned) {
       if (isAlive(id))
-        give(id, name + "#" + std::to_string(ordinal++));
+        assign(id, name + "#" + std::to_string(ordinal++));
     }
   }
 

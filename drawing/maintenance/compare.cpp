@@ -52,7 +52,7 @@ public:
     std::size_t ordinal = 0;
     for (const OdDbObjectId id : record->drawOrder()) {
       if (isAlive(id))
-        give(id, "#" + std::to_string(ordinal++));
+        assign(id, "#" + std::to_string(ordinal++));
     }
     for (std::size_t at = 0; at < owned_.size(); ++at) // grows meanwhile
       nameOwned(owned_[at]);
@@ -63,7 +63,7 @@ public:
   const std::vector<OdDbObjectId>& nested() const { return nested_; }
 
 private:
-  void give(OdDbObjectId id, const std::string& name) {
+  void assign(OdDbObjectId id, const std::string& name) {
     if (isAlive(id) && names_.emplace(id, name).second)
       owned_.push_back(id);
   }
@@ -73,14 +73,14 @@ private:
     const std::string name = names_[id];
     if (const auto* dictionary = OdDbDictionary::cast(&object).get()) {
       for (const OdDbDictionary::Entry& entry : dictionary->entries())
-        give(entry.id, name + "/" + entry.name.toUtf8Lossless());
+        assign(entry.id, name + "/" + entry.name.toUtf8Lossless());
     }
-    give(object.extensionDictionary(), name + "!");
+    assign(object.extensionDictionary(), name + "!");
     std::vector<OdDbObjectId> parts;
     object.ownedObjects(parts);
     std::size_t ordinal = 0;
     for (const OdDbObjectId part : parts)
-      give(part, name + "." + std::to_string(ordinal++));
+      assign(part, name + "." + std::to_string(ordinal++));
   }
 
   std::string nameOf(OdDbObjectId id) {

@@ -31,7 +31,7 @@ const drawing::Description& OdDbBlockTableRecord::ownDescription() {
       &OdDbSymbolTableRecord::ownDescription(),
       {{"AcDbBlockTableRecord",
         {field<&OdDbBlockTableRecord::name_>(2), field<&OdDbBlockTableRecord::layout_>(340).ref(OdDb::kSoftPointerRef),
-         field<&OdDbBlockTableRecord::units_>(70).elsewhereBefore(OdDb::kRelease2007),
+         field<&OdDbBlockTableRecord::units_>(70).relocatedBefore(OdDb::kRelease2007),
          field<&OdDbBlockTableRecord::explodable_>(280).otherwise(1).from(OdDb::kRelease2007),
          field<&OdDbBlockTableRecord::scalesUniformly_>(281).from(OdDb::kRelease2007)},
         [](OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context) {

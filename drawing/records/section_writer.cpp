@@ -169,7 +169,7 @@ void writeSubclass(const OdDbObject& object, const SubclassLayout& subclass, Gro
     const void* at = field.at(const_cast<OdDbObject&>(object));
     const bool tooNew = field.since > sink.version() && !(field.optional && sink.keepsNewer());
     const bool isDefaultValue = (field.optional || tooNew) && isDefault(field, at);
-    if (tooNew && !isDefaultValue && !field.readOnly && !field.elsewhere)
+    if (tooNew && !isDefaultValue && !field.readOnly && !field.relocated)
       sink.omitted(field.code, subclass.marker, numberIn(field, at));
     if (field.readOnly || tooNew || isDefaultValue)
       continue;

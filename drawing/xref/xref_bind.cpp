@@ -132,10 +132,10 @@ private:
     for (int kind = 0; kind < OdDb::kBlockTable; ++kind) {
       const auto tableKind = static_cast<OdDb::SymbolTableKind>(kind);
       for (OdDbSymbolTableRecord* record : dependentRecords(database_, name, tableKind)) {
-        const OdDbObjectId theirs = external.symbol(tableKind, ownName(name, *record));
+        const OdDbObjectId externalId = external.symbol(tableKind, ownName(name, *record));
         bindRecord(*record, name);
-        if (!theirs.isNull())
-          replacements.emplace(theirs, record->objectId());
+        if (!externalId.isNull())
+          replacements.emplace(externalId, record->objectId());
       }
     }
     return replacements;
@@ -145,8 +145,8 @@ private:
   void replaceDefinitions(const OdString& name, const OdDbDatabase& external, const OdDbIdMapping& mapping) {
     for (OdDbSymbolTableRecord* record : dependentRecords(database_, name, OdDb::kBlockTable)) {
       auto& dependent = static_cast<OdDbBlockTableRecord&>(*record);
-      const OdDbObjectId theirs = external.symbol(OdDb::kBlockTable, ownName(name, dependent));
-      const OdDbObjectId bound = mapping.valueOf(theirs);
+      const OdDbObjectId externalId = external.symbol(OdDb::kBlockTable, ownName(name, dependent));
+      const OdDbObjectId bound = mapping.valueOf(externalId);
       const OdDbObjectIdArray references = dependent.getBlockReferenceIds();
       if (bound.isNull() && !references.isEmpty()) {
         bindRecord(dependent, name);

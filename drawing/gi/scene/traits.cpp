@@ -47,7 +47,7 @@ TraitResolver::TraitResolver(const OdDbDatabase& host, Color background)
   const double scale = host.headerReal("LTSCALE", 1);
   linetypeScale_ = std::isfinite(scale) && scale > 0 ? scale : 1;
   showsWeights_ = host.headerInt("LWDISPLAY") != 0;
-  nowhere_.color = foreground_;
+  defaultLayer_.color = foreground_;
 }
 
 LayerView* TraitResolver::addView(const OdString& prefix) {
@@ -58,7 +58,7 @@ LayerView* TraitResolver::addView(const OdString& prefix) {
 Traits TraitResolver::initial() const {
   Traits traits;
   traits.color = foreground_;
-  traits.layer = &nowhere_;
+  traits.layer = &defaultLayer_;
   return traits;
 }
 
@@ -84,7 +84,7 @@ std::shared_ptr<const Pattern> TraitResolver::patternOf(OdDbObjectId linetype) {
 }
 
 LayerTraits TraitResolver::layerTraits(OdDbObjectId layer, const LayerView& view) {
-  LayerTraits traits = nowhere_;
+  LayerTraits traits = defaultLayer_;
   const OdString name = symbolName(layer);
   traits.isZero = name == L"0";
   const auto* record = getIf<OdDbLayerTableRecord>(layer);

@@ -67,7 +67,7 @@ private:
   Color foreground_, background_;
   double linetypeScale_ = 1;
   bool showsWeights_ = false;
-  LayerTraits nowhere_;
+  LayerTraits defaultLayer_;
   std::deque<LayerView> views_;
   std::unordered_map<OdDbObjectId, std::shared_ptr<const Pattern>> patterns_;
 };

@@ -41,7 +41,7 @@ struct WriteOptions {
   enum Form : std::uint8_t { AsRead, Text, Binary };
   Form form = AsRead;                               // a drawing that was not read is written as text
   OdDb::DwgVersion version = OdDb::kVersionUnknown; // unknown: the version that was read
-  bool asItIs = false;                              // stores multiline attributes where the drawing has them
+  bool attributesAsStored = false;                  // stores multiline attributes where the drawing has them
   bool refuseExisting = false;                      // does not overwrite: eFileAccessErr if the file exists
 };
 

@@ -37,13 +37,13 @@ struct Field {
   bool degrees = false;                        // radians in memory, degrees in files
   bool optional = false;                       // not written if it equals the default
   bool readOnly = false;  // read under this code, written under another (files of other programs use either)
-  bool elsewhere = false; // versions before `since` store it elsewhere
+  bool relocated = false; // versions before `since` store it elsewhere
   double ifAbsent[3] = {0, 0, 0};
   Address at = nullptr;
 
   // Modifiers: copies of the field with a property. angle: degrees in files. unless: not written if it equals that
   // value, which absence means. otherwise: absence means that value, and it is always written. unlessEmpty: the same as
-  // unless for texts and null references. from: absent before that version. elsewhereBefore: stored elsewhere before
+  // unless for texts and null references. from: absent before that version. relocatedBefore: stored elsewhere before
   // that version. name, orName: stored as a record's name, or possibly so. ref: kind of reference. onlyRead: read under
   // this code, written under another one.
   constexpr Field angle() const {
@@ -64,10 +64,10 @@ struct Field {
   constexpr Field from(OdDb::DwgVersion version) const {
     return with([=](Field& f) { f.since = version; });
   }
-  constexpr Field elsewhereBefore(OdDb::DwgVersion version) const {
+  constexpr Field relocatedBefore(OdDb::DwgVersion version) const {
     return with([=](Field& f) {
       f.since = version;
-      f.elsewhere = true;
+      f.relocated = true;
     });
   }
   constexpr Field name(OdDb::SymbolTableKind table) const {
