@@ -19,7 +19,7 @@ std::optional<int> ordinalOf(const OdString& entered, int sharp) {
 std::wstring foldedTag(const OdString& tag) {
   OdString capitals = tag;
   for (int i = 0; i < capitals.getLength(); ++i)
-    capitals.setAt(i, odFoldCase(capitals.getAt(i)));
+    capitals.setAt(i, foldCase(capitals.getAt(i)));
   return capitals.str();
 }
 

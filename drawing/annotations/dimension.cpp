@@ -35,7 +35,7 @@ MVDB_SETTER(OdDbDimension, setNormal, const OdGeVector3d&, normal_)
 MVDB_SETTER_OCS(OdDbDimension, setTextPosition, textPosition_)
 
 OdGePoint3d OdDbDimension::textPosition() const {
-  return odgeOcsToWcs(textPosition_, normal_);
+  return ocsToWcs(textPosition_, normal_);
 }
 
 namespace {

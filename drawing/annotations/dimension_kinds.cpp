@@ -128,7 +128,7 @@ MVDB_SETTER(OdDbOrdinateDimension, setDefiningPoint, const OdGePoint3d&, feature
 MVDB_SETTER(OdDbOrdinateDimension, setLeaderEndPoint, const OdGePoint3d&, leaderEnd_)
 
 OdGePoint3d OdDbAngularDimension::arcPoint() const {
-  return odgeOcsToWcs(arc_, normal_);
+  return ocsToWcs(arc_, normal_);
 }
 
 OdResult OdDbAngularDimension::getGeomExtents(OdGeExtents3d& extents) const {

@@ -142,21 +142,21 @@ bool isAscii(wchar_t ch) {
 
 } // namespace
 
-wchar_t odLowerCase(wchar_t ch) {
+wchar_t lowerCase(wchar_t ch) {
   if (isAscii(ch))
     return ch >= L'A' && ch <= L'Z' ? ch + (L'a' - L'A') : ch;
   return moved(ch, rowOf(kLower, static_cast<std::uint32_t>(ch)));
 }
 
-wchar_t odUpperCase(wchar_t ch) {
+wchar_t upperCase(wchar_t ch) {
   if (isAscii(ch))
     return ch >= L'a' && ch <= L'z' ? ch - (L'a' - L'A') : ch;
   return moved(ch, rowOf(kUpper, static_cast<std::uint32_t>(ch)));
 }
 
-wchar_t odFoldCase(wchar_t ch) {
+wchar_t foldCase(wchar_t ch) {
   if (isAscii(ch))
-    return odLowerCase(ch);
+    return lowerCase(ch);
   const CaseRange* exception = rowOf(kFoldExceptions, static_cast<std::uint32_t>(ch));
-  return exception != nullptr ? moved(ch, exception) : odLowerCase(ch);
+  return exception != nullptr ? moved(ch, exception) : lowerCase(ch);
 }

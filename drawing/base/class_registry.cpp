@@ -20,7 +20,7 @@ OdRxClass* OdRxObject::desc() {
 }
 
 OdSmartPtr<OdRxObject> OdRxObject::cast(const OdRxObject* object) {
-  return OdSmartPtr<OdRxObject>(odrxQueryX<OdRxObject>(object), kOdRxObjAttach);
+  return OdSmartPtr<OdRxObject>(odrxQueryX<OdRxObject>(object), kTakeReference);
 }
 
 OdRxClass* OdRxObject::isA() const {

@@ -61,13 +61,13 @@ void throwInvalidIndex() {
 
 } // namespace drawing
 
-OdString odResultText(OdResult code) {
+OdString resultText(OdResult code) {
   const auto* row = std::find_if(std::begin(kSentences), std::end(kSentences),
                                  [code](const ResultSentence& sentence) { return sentence.code == code; });
   return row == std::end(kSentences) ? OdString().format(L"Error %d.", static_cast<int>(code)) : OdString(row->text);
 }
 
-OdError::OdError(OdResult code) : OdError(code, odResultText(code)) {}
+OdError::OdError(OdResult code) : OdError(code, resultText(code)) {}
 
 OdError::OdError(const OdString& text) : OdError(eInvalidInput, text) {}
 

@@ -115,7 +115,7 @@ void appendFilled(std::wstring& out, const Directive& directive, std::wstring_vi
 std::wstring widened(std::string_view ascii, bool upper) {
   std::wstring wide(ascii.begin(), ascii.end());
   if (upper)
-    std::transform(wide.begin(), wide.end(), wide.begin(), odUpperCase);
+    std::transform(wide.begin(), wide.end(), wide.begin(), upperCase);
   return wide;
 }
 
@@ -181,7 +181,7 @@ std::string fullGeneral(double magnitude, int precision) {
 
 std::string realText(double magnitude, const Directive& directive) {
   const int precision = directive.precision < 0 ? 6 : directive.precision;
-  const wchar_t kind = odLowerCase(directive.kind);
+  const wchar_t kind = lowerCase(directive.kind);
   if (kind == L'g' && !(directive.alternate && std::isfinite(magnitude)))
     return realDigits(magnitude, std::chars_format::general, precision);
   std::string text =

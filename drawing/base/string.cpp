@@ -53,8 +53,8 @@ int OdString::foldedOrder(std::wstring_view one, std::wstring_view other) {
   for (std::size_t i = 0; i < common; ++i) {
     if (one[i] == other[i])
       continue;
-    const wchar_t folded = odFoldCase(one[i]);
-    const wchar_t otherFolded = odFoldCase(other[i]);
+    const wchar_t folded = foldCase(one[i]);
+    const wchar_t otherFolded = foldCase(other[i]);
     if (folded != otherFolded)
       return folded < otherFolded ? -1 : 1;
   }
@@ -99,12 +99,12 @@ OdString OdString::mid(int first, int count) const {
 }
 
 OdString& OdString::makeUpper() {
-  std::transform(text_.begin(), text_.end(), text_.begin(), odUpperCase);
+  std::transform(text_.begin(), text_.end(), text_.begin(), upperCase);
   return *this;
 }
 
 OdString& OdString::makeLower() {
-  std::transform(text_.begin(), text_.end(), text_.begin(), odLowerCase);
+  std::transform(text_.begin(), text_.end(), text_.begin(), lowerCase);
   return *this;
 }
 
@@ -173,16 +173,16 @@ OdString operator+(wchar_t one, const OdString& other) {
   return joined({&one, 1}, other.str());
 }
 
-std::size_t odFoldHash(std::wstring_view text) {
+std::size_t foldHash(std::wstring_view text) {
   std::uint64_t hash = 14695981039346656037ULL;
   for (wchar_t ch : text) {
     if (ch == 0)
       break;
-    hash = (hash ^ static_cast<std::uint32_t>(odFoldCase(ch))) * 1099511628211ULL;
+    hash = (hash ^ static_cast<std::uint32_t>(foldCase(ch))) * 1099511628211ULL;
   }
   return static_cast<std::size_t>(hash ^ (hash >> 32));
 }
 
-std::size_t odFoldHash(const OdString& text) {
-  return odFoldHash(text.visible());
+std::size_t foldHash(const OdString& text) {
+  return foldHash(text.visible());
 }

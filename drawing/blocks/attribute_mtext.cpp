@@ -103,7 +103,7 @@ OdDbMTextPtr textOf(const GroupList& groups, std::size_t first, const OdDbObject
   for (std::size_t i = first; i < groups.size(); ++i) {
     const drawing::Group& group = groups[i];
     if (group.code == 50 && group.kind == drawing::GroupKind::Real)
-      rotation = OdaToRadian(group.real);
+      rotation = toRadians(group.real);
     else if (const drawing::Field* field = fieldOf(OdDbMText::textSubclass(), group.code))
       storeField(*text, *field, groups, group);
   }
@@ -122,7 +122,7 @@ void moveAlignment(GroupList& groups, std::size_t end, const OdGeMatrix3d& matri
     if ((code != 10 && code != 11) || groups[i + 1].code != code + 10 || groups[i + 2].code != code + 20)
       continue;
     const OdGePoint3d point(groups[i].real, groups[i + 1].real, groups[i + 2].real);
-    const OdGePoint3d moved = odgeWcsToOcs(matrix * odgeOcsToWcs(point, before), after);
+    const OdGePoint3d moved = wcsToOcs(matrix * ocsToWcs(point, before), after);
     groups.setReal(i, moved.x);
     groups.setReal(i + 1, moved.y);
     groups.setReal(i + 2, moved.z);
@@ -292,7 +292,7 @@ void OdDbAttributeBase::moveTextIntoAttribute() {
     flag = groups.find(70, flag);
     rest_.integer(code, flag < text ? groups[flag++].integer : 0);
   }
-  rest_.point(11, odgeWcsToOcs(alignmentPoint(), normal()));
+  rest_.point(11, wcsToOcs(alignmentPoint(), normal()));
   rest_.utf8(kEmbedded, kTitle);
   rest_.append(groups, text, groups.size() - text);
   const drawing::WriteScope scope(*record);

@@ -88,12 +88,12 @@ void OdDbBlockReference::recordInDefinition() const {
 }
 
 OdGePoint3d OdDbBlockReference::position() const {
-  return odgeOcsToWcs(position_, normal_);
+  return ocsToWcs(position_, normal_);
 }
 
 void OdDbBlockReference::setPosition(const OdGePoint3d& position) {
   assertWriteEnabled();
-  position_ = odgeWcsToOcs(position, normal_);
+  position_ = wcsToOcs(position, normal_);
 }
 
 void OdDbBlockReference::setScaleFactors(const OdGeScale3d& scale) {
@@ -112,7 +112,7 @@ void OdDbBlockReference::setNormal(const OdGeVector3d& normal) {
   assertWriteEnabled();
   const OdGePoint3d place = position();
   normal_ = normal;
-  position_ = odgeWcsToOcs(place, normal_);
+  position_ = wcsToOcs(place, normal_);
 }
 
 OdGeMatrix3d OdDbBlockReference::blockTransform() const {
@@ -146,17 +146,17 @@ OdResult OdDbBlockReference::setBlockTransform(const OdGeMatrix3d& matrix) {
   const OdGeVector3d normal = axis[2] * (sign[2] / length[2]);
   const OdGeVector3d x = OdGeMatrix3d::worldToPlane(normal) * (axis[0] * (sign[0] / length[0]));
   normal_ = normal;
-  rotation_ = odgeNormalizeAngle(std::atan2(x.y, x.x));
+  rotation_ = normalizeAngle(std::atan2(x.y, x.x));
   scaleX_ = sign[0] * length[0];
   scaleY_ = sign[1] * length[1];
   scaleZ_ = sign[2] * length[2];
-  position_ = odgeWcsToOcs(origin, normal_);
+  position_ = wcsToOcs(origin, normal_);
   return eOk;
 }
 
 OdResult OdDbBlockReference::subTransformBy(const OdGeMatrix3d& matrix) {
   if (drawing::isTranslation(matrix)) { // scales and angles keep their bits
-    position_ = odgeWcsToOcs(matrix * position(), normal_);
+    position_ = wcsToOcs(matrix * position(), normal_);
     return transformSubEntities(matrix);
   }
   const OdDbBlockReference before(*this);

@@ -85,12 +85,12 @@ void Corners::write(GroupSink& sink) const {
 } // namespace drawing
 
 OdGePoint3d OdDbFilledArea::getPointAt(int index) const {
-  return odgeOcsToWcs(corners_.at(index), normal_);
+  return ocsToWcs(corners_.at(index), normal_);
 }
 
 void OdDbFilledArea::setPointAt(int index, const OdGePoint3d& point) {
   assertWriteEnabled();
-  corners_.set(index, odgeWcsToOcs(point, normal_));
+  corners_.set(index, wcsToOcs(point, normal_));
 }
 
 OdResult OdDbFilledArea::subTransformBy(const OdGeMatrix3d& matrix) {

@@ -35,7 +35,7 @@ const drawing::Description& OdDbDgnReference::ownDescription() {
 }
 
 OdGePoint3d OdDbUnderlayReference::position() const {
-  return odgeOcsToWcs(position_, normal_);
+  return ocsToWcs(position_, normal_);
 }
 
 MVDB_SETTER_OCS(OdDbUnderlayReference, setPosition, position_)
@@ -53,7 +53,7 @@ OdResult OdDbUnderlayReference::subTransformBy(const OdGeMatrix3d& matrix) {
   const OdGePoint3d moved = matrix * position();
   const bool translation = drawing::isTranslation(matrix);
   const drawing::PlaneMap map(matrix, normal_);
-  position_ = translation ? map.point(position_) : odgeWcsToOcs(moved, frame.normal);
+  position_ = translation ? map.point(position_) : wcsToOcs(moved, frame.normal);
   scaleX_ *= frame.height * frame.widthFactor;
   scaleY_ *= frame.height;
   scaleZ_ *= map.thicknessScale();

@@ -28,13 +28,13 @@ void addViewportView(const GroupList& groups, GroupList& xData) {
   xData.integer(1070, 16);
   xData.point(1010, {real(17), real(27), real(37)});
   xData.point(1010, {real(16), real(26), real(36, 1)});
-  for (const double value : {OdaToRadian(real(51)), real(45), real(12), real(22), real(42, 50), real(43), real(44)})
+  for (const double value : {toRadians(real(51)), real(45), real(12), real(22), real(42, 50), real(43), real(44)})
     xData.real(1040, value);
   for (const std::int64_t value : {flags & 31, rawInteger(groups, 72, 1000), std::int64_t{1}, flag(5), flag(8), flag(9),
                                    flag(10), rawInteger(groups, 78)})
     xData.integer(1070, value);
   for (const double value :
-       {OdaToRadian(real(50)), real(13), real(23), real(14, 0.5), real(24, 0.5), real(15, 0.5), real(25, 0.5)})
+       {toRadians(real(50)), real(13), real(23), real(14, 0.5), real(24, 0.5), real(15, 0.5), real(25, 0.5)})
     xData.real(1040, value);
   xData.integer(1070, flag(11));
   xData.utf8(1002, "{");
@@ -102,8 +102,8 @@ GroupList viewportViewOf(const GroupList& xData, const OdDbDatabase& database) {
   constexpr std::pair<int, std::size_t> kReals[] = {{42, 4}, {43, 5}, {44, 6}, {45, 1}};
   for (const auto& [code, index] : kReals)
     section.real(code, view.reals[index]);
-  section.real(50, OdaToDegree(view.reals[7]));
-  section.real(51, OdaToDegree(view.reals[0]));
+  section.real(50, toDegrees(view.reals[7]));
+  section.real(51, toDegrees(view.reals[0]));
   section.integer(72, view.integers[2]);
   for (const OdString& name : view.frozenLayers) {
     if (const OdDbObjectId layer = database.symbol(OdDb::kLayerTable, name); !layer.isNull())

@@ -111,8 +111,8 @@ Property of(const OdDbObject& object, Get get) {
 }
 
 double sweep(const OdDbArc& arc) {
-  const double angle = std::fmod(arc.endAngle() - arc.startAngle(), 2 * OdaPI);
-  return angle <= 0 ? angle + 2 * OdaPI : angle;
+  const double angle = std::fmod(arc.endAngle() - arc.startAngle(), 2 * kPi);
+  return angle <= 0 ? angle + 2 * kPi : angle;
 }
 
 struct PropertyRow {
@@ -137,11 +137,11 @@ const PropertyRow kProperties[] = {
      }},
     {L"Circumference",
      [](const OdDbObject& o) {
-       return of<OdDbCircle>(o, [](const OdDbCircle& circle) { return 2 * OdaPI * circle.radius(); });
+       return of<OdDbCircle>(o, [](const OdDbCircle& circle) { return 2 * kPi * circle.radius(); });
      }},
     {L"Area",
      [](const OdDbObject& o) {
-       return of<OdDbCircle>(o, [](const OdDbCircle& circle) { return OdaPI * circle.radius() * circle.radius(); });
+       return of<OdDbCircle>(o, [](const OdDbCircle& circle) { return kPi * circle.radius() * circle.radius(); });
      }},
     {L"TextString",
      [](const OdDbObject& o) { return of<OdDbText>(o, [](const OdDbText& text) { return text.textString(); }); }},

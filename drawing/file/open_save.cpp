@@ -86,7 +86,7 @@ std::string reasonFor(OdResult code, const std::string& name, const dxf::Reader&
     return place + reader.limit();
   if (code == eNotADrawing)
     return place + "not a drawing (no section was found)";
-  return place + odResultText(code).toUtf8();
+  return place + resultText(code).toUtf8();
 }
 
 // The line of a text file, the offset in a binary one; 0 for a place elsewhere.

@@ -88,8 +88,8 @@ double PlaneMap::angle(double angleRad) const {
     return angleRad;
   const OdGeVector3d rotated = map_ * OdGeVector3d(std::cos(angleRad), std::sin(angleRad), 0);
   if (!similar_)
-    return odgeNormalizeAngle(std::atan2(rotated.y, rotated.x));
-  return odgeNormalizeAngle(mirrored_ ? rotation() - angleRad : rotation() + angleRad);
+    return normalizeAngle(std::atan2(rotated.y, rotated.x));
+  return normalizeAngle(mirrored_ ? rotation() - angleRad : rotation() + angleRad);
 }
 
 void mapArcAngles(const PlaneMap& map, double& startRad, double& endRad) {

@@ -42,11 +42,11 @@ bool perpendicular(const Vector& one, const Vector& other, const OdGeTol& tol) {
 
 } // namespace
 
-double odgeNormalizeAngle(double angleRad) {
-  double rotated = std::fmod(angleRad, Oda2PI);
+double normalizeAngle(double angleRad) {
+  double rotated = std::fmod(angleRad, kTwoPi);
   if (rotated < 0)
-    rotated += Oda2PI;
-  return rotated < Oda2PI ? rotated + 0.0 : 0.0; // a tiny negative angle rounds up to the full turn; -0 becomes 0
+    rotated += kTwoPi;
+  return rotated < kTwoPi ? rotated + 0.0 : 0.0; // a tiny negative angle rounds up to the full turn; -0 becomes 0
 }
 
 double OdGeVector2d::length() const {
@@ -57,7 +57,7 @@ OdGeVector2d OdGeVector2d::normal() const {
 }
 
 double OdGeVector2d::angle() const {
-  return odgeNormalizeAngle(std::atan2(y, x));
+  return normalizeAngle(std::atan2(y, x));
 }
 
 double OdGeVector2d::angleTo(const OdGeVector2d& other) const {
@@ -65,7 +65,7 @@ double OdGeVector2d::angleTo(const OdGeVector2d& other) const {
 }
 
 double OdGeVector2d::angleToCCW(const OdGeVector2d& other) const {
-  return odgeNormalizeAngle(std::atan2(crossProduct(other), dotProduct(other)));
+  return normalizeAngle(std::atan2(crossProduct(other), dotProduct(other)));
 }
 
 OdGeVector2d& OdGeVector2d::rotateBy(double angleRad) {
@@ -127,7 +127,7 @@ double OdGeVector3d::angleTo(const OdGeVector3d& other) const {
 
 double OdGeVector3d::angleTo(const OdGeVector3d& other, const OdGeVector3d& reference) const {
   const double between = angleTo(other);
-  return crossProduct(other).dotProduct(reference) < 0 ? odgeNormalizeAngle(-between) : between;
+  return crossProduct(other).dotProduct(reference) < 0 ? normalizeAngle(-between) : between;
 }
 
 OdGeVector3d& OdGeVector3d::transformBy(const OdGeMatrix3d& matrix) {

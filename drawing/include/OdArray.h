@@ -23,7 +23,7 @@ struct OdObjectsAllocator {};
 template <class T>
 using OdClrMemAllocator = OdObjectsAllocator<T>;
 template <class T>
-using OdMemoryAllocator = OdObjectsAllocator<T>;
+using PlainAllocator = OdObjectsAllocator<T>;
 
 // An array.
 template <class T, class Alloc = OdObjectsAllocator<T>>

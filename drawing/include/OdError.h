@@ -48,7 +48,7 @@ enum OdResult : int {
 };
 
 // English sentence for a result code; "Error N." for a number that is not one.
-MVDRAWING_API OdString odResultText(OdResult code);
+MVDRAWING_API OdString resultText(OdResult code);
 
 // Thrown for misuse: null pointers, changes to objects that are open for read, indices out of range.
 class MVDRAWING_API OdError : public std::exception {

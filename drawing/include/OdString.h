@@ -61,7 +61,7 @@ public:
   // Comparison by character value: negative, 0 or positive.
   int compare(const OdString& other) const { return order(visible(), other.visible()); }
   int compare(const wchar_t* other) const { return order(visible(), viewOf(other)); }
-  // The same after odFoldCase on each character.
+  // The same after foldCase on each character.
   int iCompare(const OdString& other) const { return foldedOrder(visible(), other.visible()); }
   int iCompare(const wchar_t* other) const { return foldedOrder(visible(), viewOf(other)); }
 
@@ -78,7 +78,7 @@ public:
   OdString mid(int first) const;
   OdString mid(int first, int count) const;
 
-  // Change each character by odUpperCase and odLowerCase.
+  // Change each character by upperCase and lowerCase.
   OdString& makeUpper();
   OdString& makeLower();
   // Remove characters 9 to 13 and 32 from that end.
@@ -143,10 +143,10 @@ MVDRAWING_API OdString operator+(const OdString& one, wchar_t other);
 MVDRAWING_API OdString operator+(wchar_t one, const OdString& other);
 
 // Simple case mappings of single characters, independent of the locale.
-MVDRAWING_API wchar_t odFoldCase(wchar_t ch); // equal for all case forms of a letter
-MVDRAWING_API wchar_t odUpperCase(wchar_t ch);
-MVDRAWING_API wchar_t odLowerCase(wchar_t ch);
+MVDRAWING_API wchar_t foldCase(wchar_t ch); // equal for all case forms of a letter
+MVDRAWING_API wchar_t upperCase(wchar_t ch);
+MVDRAWING_API wchar_t lowerCase(wchar_t ch);
 
 // Hash that is equal for texts that iCompare finds equal; the same in every run.
-MVDRAWING_API std::size_t odFoldHash(const OdString& text);
-MVDRAWING_API std::size_t odFoldHash(std::wstring_view text);
+MVDRAWING_API std::size_t foldHash(const OdString& text);
+MVDRAWING_API std::size_t foldHash(std::wstring_view text);

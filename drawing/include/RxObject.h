@@ -128,7 +128,7 @@ MVDRAWING_API OdRxClassRegistry& odrxClassDictionary();
     return descriptor;                                                                                                 \
   }                                                                                                                    \
   OdSmartPtr<Class> Class::cast(const OdRxObject* object) {                                                            \
-    return OdSmartPtr<Class>(odrxQueryX<Class>(object), kOdRxObjAttach);                                               \
+    return OdSmartPtr<Class>(odrxQueryX<Class>(object), kTakeReference);                                               \
   }                                                                                                                    \
   OdSmartPtr<Class> Class::createObject() {                                                                            \
     return OdSmartPtr<Class>(desc()->create());                                                                        \

@@ -11,7 +11,7 @@ class OdRxObject;
 class OdRxClass;
 
 // Tag of a constructor: the smart pointer takes over a reference that the caller owns.
-enum OdRxObjMod { kOdRxObjAttach };
+enum TakeReference { kTakeReference };
 
 namespace drawing {
 // Throw OdError(eNullObjectPtr) and OdError_NotThatKindOfClass.
@@ -24,10 +24,10 @@ template <class T>
 class OdSmartPtr {
 public:
   OdSmartPtr() = default;
-  // From null; from a raw pointer, adding a reference or (kOdRxObjAttach) taking over one of the caller.
+  // From null; from a raw pointer, adding a reference or (kTakeReference) taking over one of the caller.
   OdSmartPtr(std::nullptr_t) {}
   OdSmartPtr(T* object) : object_(object) { addReference(); }
-  OdSmartPtr(T* object, OdRxObjMod) : object_(object) {}
+  OdSmartPtr(T* object, TakeReference) : object_(object) {}
   OdSmartPtr(const OdSmartPtr& other) : object_(other.object_) { addReference(); }
   OdSmartPtr(OdSmartPtr&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
   // From a pointer to another class: unless T is a base of it, the conversion is checked and throws

@@ -60,7 +60,7 @@ void OdDbDictionary::writeGroups(const OdDbObject& object, drawing::GroupSink& s
 // The first place of each name and id.
 struct OdDbDictionary::Index {
   struct FoldHash {
-    std::size_t operator()(const OdString& text) const { return odFoldHash(text); }
+    std::size_t operator()(const OdString& text) const { return foldHash(text); }
   };
   struct FoldEqual {
     bool operator()(const OdString& a, const OdString& b) const { return a.iCompare(b) == 0; }

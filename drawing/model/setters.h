@@ -10,5 +10,5 @@
 #define MVDB_SETTER_OCS(Class, setter, member)                                                                         \
   void Class::setter(const OdGePoint3d& point) {                                                                       \
     assertWriteEnabled();                                                                                              \
-    member = odgeWcsToOcs(point, normal_);                                                                             \
+    member = wcsToOcs(point, normal_);                                                                                 \
   }

@@ -35,7 +35,7 @@ OdDbSymbolTableRecordPtr OdDbSymbolTableIterator::getRecord(OdDb::OpenMode mode)
 }
 
 std::size_t OdDbSymbolTable::FoldHash::operator()(const OdString& text) const {
-  return odFoldHash(text);
+  return foldHash(text);
 }
 bool OdDbSymbolTable::FoldEqual::operator()(const OdString& a, const OdString& b) const {
   return a.iCompare(b) == 0;

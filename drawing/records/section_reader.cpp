@@ -23,7 +23,7 @@ bool SubclassReader::store(const Field& field, const RawGroup& group) {
   switch (field.kind) {
   case FieldKind::Real:
     if (context_.real(group, number))
-      *static_cast<double*>(at) = field.degrees ? number * (OdaPI / 180.0) : number;
+      *static_cast<double*>(at) = field.degrees ? number * (kPi / 180.0) : number;
     return true;
   case FieldKind::Point3:
   case FieldKind::Vector3:

@@ -47,8 +47,8 @@ bool isDefault(const Field& field, const void* at) {
 // neighbour that does is looked for. Angles that no number of degrees stands for come out with 15 digits, and reading
 // those and writing them again changes nothing more.
 double degreesForFile(double radians) {
-  const double plain = radians * (180.0 / OdaPI);
-  const auto readsBack = [radians](double degrees) { return degrees * (OdaPI / 180.0) == radians; };
+  const double plain = radians * (180.0 / kPi);
+  const auto readsBack = [radians](double degrees) { return degrees * (kPi / 180.0) == radians; };
   char text[40];
   const auto end = std::to_chars(text, text + sizeof text, plain, std::chars_format::scientific, 14).ptr;
   double rounded = plain;

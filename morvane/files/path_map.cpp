@@ -18,7 +18,7 @@ std::string withoutClosingSlash(std::string folder) {
 bool PathMap::setDrive(wchar_t letter, std::string folder) {
   if (!isLetter(letter))
     return false;
-  drives_[odUpperCase(letter)] = withoutClosingSlash(std::move(folder));
+  drives_[upperCase(letter)] = withoutClosingSlash(std::move(folder));
   return true;
 }
 
@@ -27,7 +27,7 @@ std::string PathMap::toSystem(const OdString& path) const {
   rest.replace(L'\\', L'/');
   if (rest.getLength() < 2 || !isLetter(rest.getAt(0)) || rest.getAt(1) != L':')
     return rest.toUtf8Lossless();
-  const auto drive = drives_.find(odUpperCase(rest.getAt(0)));
+  const auto drive = drives_.find(upperCase(rest.getAt(0)));
   const std::string folder = drive == drives_.end() ? std::string() : drive->second;
   std::string below = rest.mid(2).toUtf8Lossless();
   // There is no current folder of a drive: "C:a" is "C:\a".

@@ -20,8 +20,8 @@ bool isForbidden(wchar_t ch) {
 }
 
 bool hasDrive(const OdString& path) {
-  return path.getLength() > 1 && path.getAt(1) == L':' && odUpperCase(path.getAt(0)) >= L'A' &&
-         odUpperCase(path.getAt(0)) <= L'Z';
+  return path.getLength() > 1 && path.getAt(1) == L':' && upperCase(path.getAt(0)) >= L'A' &&
+         upperCase(path.getAt(0)) <= L'Z';
 }
 
 bool hasForbidden(const OdString& path) {

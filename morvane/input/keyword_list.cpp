@@ -20,11 +20,11 @@ std::vector<std::wstring> splitAtSpaces(std::wstring_view text) {
 
 bool equalFolded(std::wstring_view one, std::wstring_view other) {
   return std::equal(one.begin(), one.end(), other.begin(), other.end(),
-                    [](wchar_t a, wchar_t b) { return odFoldCase(a) == odFoldCase(b); });
+                    [](wchar_t a, wchar_t b) { return foldCase(a) == foldCase(b); });
 }
 
 bool isWeighty(wchar_t ch) {
-  return (ch >= L'0' && ch <= L'9') || odLowerCase(ch) != ch;
+  return (ch >= L'0' && ch <= L'9') || lowerCase(ch) != ch;
 }
 
 // True when `typed` is a prefix of `word` that covers its capitals, or is exactly the capitals.

@@ -229,7 +229,7 @@ TEST_F(Attributes, LieWhereTheBlockLies) {
   const auto placed = forWrite<OdDbBlockReference>(reference_);
   placed->setPosition({100, 0, 0});
   placed->setScaleFactors(OdGeScale3d(2, -2, 2));
-  placed->setRotation(OdaPI / 2);
+  placed->setRotation(kPi / 2);
   EXPECT_TRUE(processAttributesForInsert(placed, true));
   EXPECT_TRUE(placed->isWriteEnabled()); // as the caller had it
   EXPECT_TRUE(forRead<OdDbText>(attributes()[0])->position().isEqualTo({102, 1, 2}, OdGeTol(1e-9)));

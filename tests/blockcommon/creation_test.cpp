@@ -206,7 +206,7 @@ TEST_F(Creation, TurnsDimensionsAndTakesTheirAssociationsAlong) {
   const OdDbObjectId block = create(ids);
   ASSERT_TRUE(created_);
   const OdDbObjectId clone = entitiesOf(block)[1];
-  EXPECT_NEAR(forRead<OdDbDimension>(clone)->horizontalRotation(), 6.0 + OdaPI / 2 - Oda2PI, 1e-15);
+  EXPECT_NEAR(forRead<OdDbDimension>(clone)->horizontalRotation(), 6.0 + kPi / 2 - kTwoPi, 1e-15);
   EXPECT_EQ(forRead<OdDbDimension>(id)->horizontalRotation(), 6.0);
   const OdDbObjectId cloned = OdDbDimAssoc::associationOf(clone);
   ASSERT_FALSE(cloned.isNull());

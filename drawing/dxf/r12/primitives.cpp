@@ -135,7 +135,7 @@ void R12Drawing::reference(const OdString& block, const OdGePoint3d& place, doub
   for (int code = 41; code <= 43 && scale != 1; ++code)
     sink().real(code, scale);
   if (angleRad != 0)
-    sink().real(50, OdaToDegree(angleRad));
+    sink().real(50, toDegrees(angleRad));
 }
 
 std::size_t R12Drawing::lines(const OdDbMText& text) {
@@ -159,7 +159,7 @@ std::size_t R12Drawing::lines(const OdDbMText& text) {
     point(10, place);
     sink().real(40, height);
     writer_.text(1, words);
-    sink().real(50, OdaToDegree(text.rotation()));
+    sink().real(50, toDegrees(text.rotation()));
     if (const auto* style = getIf<OdDbTextStyleTableRecord>(text.textStyle()))
       writer_.name("TEXT", 7, style->getName().toUtf8Lossless());
     if (column != 0) {

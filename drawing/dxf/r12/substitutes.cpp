@@ -59,10 +59,10 @@ Substitute ellipse(const Source& source) {
   const auto& curve = static_cast<const OdDbEllipse&>(source.entity);
   double start = curve.startParam(), end = curve.endParam();
   if (end <= start)
-    end += Oda2PI;
+    end += kTwoPi;
   Points points;
   flattenArc(curve.center(), curve.majorAxis(), curve.minorAxis(), start, end, points);
-  const bool closed = end - start > Oda2PI - 1e-9;
+  const bool closed = end - start > kTwoPi - 1e-9;
   if (closed)
     points.pop_back();
   source.draw.polyline(points, closed);

@@ -80,7 +80,7 @@ void moveRepresentation(GroupList& groups, const Representation& kind, const Pla
     if (groups[i].code == kind.inPlane[0] || groups[i].code == kind.inPlane[1])
       movePoint(groups, i, map);
     else if (kind.rotates && groups[i].code == 50 && groups[i].kind == GroupKind::Real)
-      groups.setReal(i, OdaToDegree(map.angle(OdaToRadian(groups[i].real))));
+      groups.setReal(i, toDegrees(map.angle(toRadians(groups[i].real))));
   }
 }
 

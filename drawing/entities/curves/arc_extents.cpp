@@ -9,20 +9,20 @@ namespace drawing {
 
 double arcSweep(double startRad, double endRad) {
   constexpr double kLeast = 1e-11; // a whole turn, as angles come out of files, may be a little more than one
-  const double sweep = std::fmod(endRad - startRad, Oda2PI);
-  return sweep > kLeast ? sweep : sweep + Oda2PI;
+  const double sweep = std::fmod(endRad - startRad, kTwoPi);
+  return sweep > kLeast ? sweep : sweep + kTwoPi;
 }
 
 void addArc(OdGeExtents3d& extents, const OdGePoint3d& center, const OdGeVector3d& a, const OdGeVector3d& b,
             double start, double end) {
   const auto at = [&](double t) { return center + a * std::cos(t) + b * std::sin(t); };
-  const double from = odgeNormalizeAngle(start), to = from + arcSweep(start, end);
+  const double from = normalizeAngle(start), to = from + arcSweep(start, end);
   extents.addPoint(at(from));
   extents.addPoint(at(to));
   // Between the ends a coordinate is greatest or least where its direction turns back.
   const double turn[3] = {std::atan2(b.x, a.x), std::atan2(b.y, a.y), std::atan2(b.z, a.z)};
   for (const double first : turn) {
-    for (double t = first + OdaPI * std::ceil((from - first) / OdaPI); t < to; t += OdaPI)
+    for (double t = first + kPi * std::ceil((from - first) / kPi); t < to; t += kPi)
       extents.addPoint(at(t));
   }
 }

@@ -81,7 +81,7 @@ OdResult OdDbPoint::subTransformBy(const OdGeMatrix3d& matrix) {
   drawing::mapSweep(matrix, normal_, thickness_);
   const OdGeVector3d inPlane = OdGeMatrix3d::worldToPlane(normal_) * rotated;
   if (turns && !inPlane.normal().isEqualTo(x, OdGeTol(1e-14)))
-    ecsRotation_ = odgeNormalizeAngle(-std::atan2(inPlane.y, inPlane.x));
+    ecsRotation_ = normalizeAngle(-std::atan2(inPlane.y, inPlane.x));
   return eOk;
 }
 

@@ -81,7 +81,7 @@ OdDbPolyline::Vertex& OdDbPolyline::vertexForWrite(unsigned index) {
 }
 
 OdGePoint3d OdDbPolyline::getPointAt(unsigned index) const {
-  return odgeOcsToWcs(OdGePoint3d(vertexAt(index).point, elevation_), normal_);
+  return ocsToWcs(OdGePoint3d(vertexAt(index).point, elevation_), normal_);
 }
 
 void OdDbPolyline::addVertexAt(unsigned index, const OdGePoint2d& point, double bulge, double startWidth,

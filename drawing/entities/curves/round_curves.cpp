@@ -58,11 +58,11 @@ MVDB_SETTER(OdDbEllipse, setStartParam, double, startParam_)
 MVDB_SETTER(OdDbEllipse, setEndParam, double, endParam_)
 
 OdGePoint3d OdDbRoundCurve::center() const {
-  return odgeOcsToWcs(center_, normal_);
+  return ocsToWcs(center_, normal_);
 }
 
 OdGePoint3d OdDbRoundCurve::pointAt(double angleRad) const {
-  return odgeOcsToWcs(center_ + OdGeVector3d(std::cos(angleRad), std::sin(angleRad), 0) * radius_, normal_);
+  return ocsToWcs(center_ + OdGeVector3d(std::cos(angleRad), std::sin(angleRad), 0) * radius_, normal_);
 }
 
 OdDbEntityPtr OdDbRoundCurve::asEllipse(const OdGeMatrix3d& matrix, double startRad, double endRad) const {
@@ -78,7 +78,7 @@ OdDbEntityPtr OdDbRoundCurve::asEllipse(const OdGeMatrix3d& matrix, double start
 }
 
 OdDbEntityPtr OdDbCircle::transformedAsAnother(const OdGeMatrix3d& matrix) const {
-  return asEllipse(matrix, 0, Oda2PI);
+  return asEllipse(matrix, 0, kTwoPi);
 }
 
 OdDbEntityPtr OdDbArc::transformedAsAnother(const OdGeMatrix3d& matrix) const {
@@ -99,7 +99,7 @@ OdResult OdDbCircle::subTransformBy(const OdGeMatrix3d& matrix) {
 OdResult OdDbCircle::getGeomExtents(OdGeExtents3d& extents) const {
   const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(normal_);
   OdGeExtents3d flat;
-  drawing::addArc(flat, center(), plane.column(0) * radius_, plane.column(1) * radius_, 0, Oda2PI);
+  drawing::addArc(flat, center(), plane.column(0) * radius_, plane.column(1) * radius_, 0, kTwoPi);
   flat.expandBy(plane.column(2) * thickness_);
   extents.addExt(flat);
   return eOk;
@@ -155,13 +155,13 @@ void OdDbEllipse::moveParams(double shift, bool reversesDirection) {
     endParam_ = -endParam_;
   }
   double sweep = endParam_ - startParam_;
-  if (std::fabs(sweep - Oda2PI) < 1e-12) { // a whole ellipse has no beginning
+  if (std::fabs(sweep - kTwoPi) < 1e-12) { // a whole ellipse has no beginning
     startParam_ = 0;
-    endParam_ = Oda2PI;
+    endParam_ = kTwoPi;
     return;
   }
   sweep = drawing::arcSweep(0, sweep);
-  startParam_ = odgeNormalizeAngle(startParam_ + (reversesDirection ? shift : -shift));
+  startParam_ = normalizeAngle(startParam_ + (reversesDirection ? shift : -shift));
   endParam_ = startParam_ + sweep;
 }
 

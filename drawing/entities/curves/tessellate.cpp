@@ -9,7 +9,7 @@ namespace drawing {
 
 namespace {
 
-constexpr double kStep = OdaPI / 36;
+constexpr double kStep = kPi / 36;
 constexpr int kStepsOfSpan = 16;
 
 int stepsOf(double angle) {

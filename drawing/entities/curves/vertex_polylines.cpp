@@ -137,7 +137,7 @@ void OdDb3dPolyline::setClosed(bool closed) {
 }
 
 OdGePoint3d OdDb2dPolyline::vertexPosition(const OdDb2dVertex& vertex) const {
-  return odgeOcsToWcs(OdGePoint3d(vertex.position().x, vertex.position().y, elevation()), normal_);
+  return ocsToWcs(OdGePoint3d(vertex.position().x, vertex.position().y, elevation()), normal_);
 }
 
 std::vector<OdDb2dVertex*> OdDb2dPolyline::vertices() const {

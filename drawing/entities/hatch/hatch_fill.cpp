@@ -70,9 +70,9 @@ void addRound(const PartReader& part, bool isEllipse, Polygon& polygon) {
   const double size = part.real(40);
   const OdGeVector3d major = isEllipse ? OdGeVector3d(part.real(11), part.real(21), 0) : OdGeVector3d(size, 0, 0);
   const OdGeVector3d minor = OdGeVector3d(-major.y, major.x, 0) * (isEllipse ? size : 1);
-  double start = OdaToRadian(part.real(50)), end = OdaToRadian(part.real(51));
+  double start = toRadians(part.real(50)), end = toRadians(part.real(51));
   if (end <= start)
-    end += Oda2PI;
+    end += kTwoPi;
   std::vector<OdGePoint3d> points;
   const bool clockwise = part.integer(73, 1) == 0; // angles are counted clockwise, too
   flattenArc({part.real(10), part.real(20), 0}, major, clockwise ? -minor : minor, start, end, points);
@@ -116,7 +116,7 @@ std::vector<PatternLine> patternOf(const GroupList& groups) {
     for (std::size_t i = part.first; part.kind == HatchPartKind::Pattern && i < part.end; ++i) {
       const double value = groups[i].kind == GroupKind::Real ? groups[i].real : 0;
       if (groups[i].code == 53)
-        lines.emplace_back().angle = OdaToRadian(value);
+        lines.emplace_back().angle = toRadians(value);
       if (lines.empty())
         continue;
       PatternLine& line = lines.back();

@@ -66,8 +66,8 @@ void moveVector(GroupList& groups, std::size_t i, const PlaneMap& map) {
 }
 
 double rotatedAngle(const PlaneMap& map, double degrees) {
-  const double before = OdaToRadian(degrees), after = map.angle(before);
-  return after == before ? degrees : OdaToDegree(after);
+  const double before = toRadians(degrees), after = map.angle(before);
+  return after == before ? degrees : toDegrees(after);
 }
 
 // Angles of an arc that runs clockwise are counted clockwise.
@@ -77,7 +77,7 @@ void moveArcAngles(GroupList& groups, const HatchPart& part, const PlaneMap& map
   for (std::size_t i = part.first; i < part.end && againstAxis; ++i) {
     if (!isReal(groups, i, 50) && !isReal(groups, i, 51))
       continue;
-    const double rotationRad = OdaToDegree(map.rotation());
+    const double rotationRad = toDegrees(map.rotation());
     groups.setReal(i, groups[i].real + (clockwise != map.isMirrored() ? -rotationRad : rotationRad));
   }
   if (map.isMirrored() && direction < part.end)
@@ -123,7 +123,7 @@ void addRound(OdGeExtents3d& extents, const GroupList& groups, const HatchPart& 
       round ? OdGeVector3d(radius, 0, 0) : OdGeVector3d(realOf(groups, part, 11), realOf(groups, part, 21), 0);
   const OdGeVector3d minor = OdGeVector3d(-major.y, major.x, 0) * (round ? 1 : radius);
   const OdGePoint3d center(realOf(groups, part, 10), realOf(groups, part, 20), elevation);
-  double start = OdaToRadian(realOf(groups, part, 50)), end = OdaToRadian(realOf(groups, part, 51));
+  double start = toRadians(realOf(groups, part, 50)), end = toRadians(realOf(groups, part, 51));
   const std::size_t direction = findIn(groups, part, 73);
   if (direction < part.end && groups[direction].integer == 0) {
     std::swap(start, end);

@@ -94,7 +94,7 @@ bool Reshaper::addRound(const HatchPart& part) {
   const double size = realIn(part, 40);
   const OdGeVector3d major = circle ? OdGeVector3d(size, 0, 0) : OdGeVector3d(realIn(part, 11), realIn(part, 21), 0);
   const bool counterClockwise = integerIn(part, 73, 1) != 0;
-  double start = OdaToRadian(realIn(part, 50)), end = OdaToRadian(realIn(part, 51));
+  double start = toRadians(realIn(part, 50)), end = toRadians(realIn(part, 51));
   if (!counterClockwise) { // counted clockwise
     std::swap(start, end);
     start = -start;
@@ -114,7 +114,7 @@ bool Reshaper::addRound(const HatchPart& part) {
 bool Reshaper::addEllipse(const OdGePoint3d& center, const OdGeVector3d& major, double ratio, double start, double end,
                           bool counterClockwise) {
   const OdDbEllipsePtr ellipse = OdDbEllipse::createObject();
-  const double sweep = end - start > 0 ? end - start : end - start + Oda2PI;
+  const double sweep = end - start > 0 ? end - start : end - start + kTwoPi;
   const bool made = ellipse->set(center, OdGeVector3d::kZAxis, major, ratio, start, start + sweep) == eOk &&
                     ellipse->transformBy(map_.matrix()) == eOk;
   if (!made)
@@ -130,8 +130,8 @@ bool Reshaper::addEllipse(const OdGePoint3d& center, const OdGeVector3d& major, 
   point(10, ellipse->center());
   point(11, OdGePoint3d() + ellipse->majorAxis());
   to_.real(40, ellipse->radiusRatio());
-  to_.real(50, OdaToDegree(from));
-  to_.real(51, OdaToDegree(to));
+  to_.real(50, toDegrees(from));
+  to_.real(51, toDegrees(to));
   to_.integer(73, runsOn ? 1 : 0);
   return true;
 }
@@ -217,7 +217,7 @@ void Reshaper::copyPattern(const HatchPart& part) {
 void Reshaper::copyPatternLine(std::size_t first, std::size_t end) {
   GroupList own;
   own.append(from_, first, end - first);
-  const double angle = OdaToRadian(own[0].real);
+  const double angle = toRadians(own[0].real);
   const double stretch = map_.vector(OdGeVector3d(std::cos(angle), std::sin(angle), 0)).length();
   moveHatchPart(own, {HatchPartKind::Pattern, 0, own.size()}, map_, elevation_);
   for (std::size_t i = 0; i < own.size(); ++i) {

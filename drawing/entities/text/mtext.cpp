@@ -40,10 +40,10 @@ namespace {
 // few degrees.
 OdGePoint2d unitVectorOf(double angle) {
   constexpr OdGePoint2d kQuarters[] = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}};
-  const double quarters = std::round(angle / (OdaPI / 2));
-  if (quarters >= 1 && quarters <= 4 && std::fabs(angle - quarters * (OdaPI / 2)) < 1e-12)
+  const double quarters = std::round(angle / (kPi / 2));
+  if (quarters >= 1 && quarters <= 4 && std::fabs(angle - quarters * (kPi / 2)) < 1e-12)
     return kQuarters[static_cast<int>(quarters) % 4];
-  return {std::cos(OdaToRadian(angle)), std::sin(OdaToRadian(angle))};
+  return {std::cos(toRadians(angle)), std::sin(toRadians(angle))};
 }
 
 } // namespace
@@ -101,7 +101,7 @@ MVDB_SETTER(OdDbMText, setLineSpacingFactor, double, lineSpacing_)
 
 double OdDbMText::rotation() const {
   const OdGeVector3d inPlane = OdGeMatrix3d::worldToPlane(normal_) * direction_;
-  return odgeNormalizeAngle(std::atan2(inPlane.y, inPlane.x));
+  return normalizeAngle(std::atan2(inPlane.y, inPlane.x));
 }
 
 void OdDbMText::setRotation(double angleRad) {

@@ -84,7 +84,7 @@ bool transformMTextGroups(GroupList& groups, std::size_t first, const OdGeMatrix
   getTriple(groups, first, 210, frame.normal);
   const bool angled = groups.find(11, first) >= groups.size() && groups.find(50, first) < groups.size();
   if (angled) {
-    const double angle = OdaToRadian(realAt(groups, first, 50, 0));
+    const double angle = toRadians(realAt(groups, first, 50, 0));
     frame.direction = OdGeMatrix3d::planeToWorld(frame.normal) * OdGeVector3d(std::cos(angle), std::sin(angle), 0);
   }
   if (!frame.transform(matrix, nearest))

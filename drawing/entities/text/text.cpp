@@ -37,20 +37,20 @@ const drawing::Description& OdDbText::ownDescription() {
 }
 
 OdGePoint3d OdDbText::position() const {
-  return odgeOcsToWcs(position_, normal_);
+  return ocsToWcs(position_, normal_);
 }
 OdGePoint3d OdDbText::alignmentPoint() const {
-  return odgeOcsToWcs(alignment_, normal_);
+  return ocsToWcs(alignment_, normal_);
 }
 
 void OdDbText::setPosition(const OdGePoint3d& point) {
   assertWriteEnabled();
-  position_ = odgeWcsToOcs(point, normal_);
+  position_ = wcsToOcs(point, normal_);
 }
 
 void OdDbText::setAlignmentPoint(const OdGePoint3d& point) {
   assertWriteEnabled();
-  alignment_ = odgeWcsToOcs(point, normal_);
+  alignment_ = wcsToOcs(point, normal_);
 }
 
 MVDB_SETTER(OdDbText, setNormal, const OdGeVector3d&, normal_)
@@ -94,11 +94,11 @@ OdResult OdDbText::subTransformBy(const OdGeMatrix3d& matrix) {
   widthFactor_ = frame.widthFactor;
   oblique_ = frame.oblique;
   normal_ = frame.normal;
-  position_ = odgeWcsToOcs(position, normal_);
+  position_ = wcsToOcs(position, normal_);
   // Left-aligned text on its base line keeps no second point; what stands there is not used and stays 0.
   const bool unused = horizontal_ == kLeft && vertical_ == kBase && alignment_ == OdGePoint3d();
   if (!unused)
-    alignment_ = odgeWcsToOcs(alignment, normal_);
+    alignment_ = wcsToOcs(alignment, normal_);
   return eOk;
 }
 

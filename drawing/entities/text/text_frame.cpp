@@ -29,7 +29,7 @@ bool TextFrame::transform(const OdGeMatrix3d& matrix) {
       sameShape)
     return true;
   normal = newNormal;
-  rotation = odgeNormalizeAngle(std::atan2(inPlane.y, inPlane.x));
+  rotation = normalizeAngle(std::atan2(inPlane.y, inPlane.x));
   if (sameShape)
     return true;
   height *= tall;

@@ -55,7 +55,7 @@ void drawDimensionText(const OdDbDimension& dimension, const DimensionTraits& tr
   const OdGeVector3d inPlane = OdGeMatrix3d::worldToPlane(dimension.normal()) * along;
   double angle = std::atan2(inPlane.y, inPlane.x) + dimension.textRotation();
   if (std::cos(angle) < -1e-9)
-    angle += OdaPI;
+    angle += kPi;
   Frame frame;
   frame.textHeight = traits.textHeight;
   frame.align = Align::Center;

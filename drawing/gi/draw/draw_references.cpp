@@ -103,7 +103,7 @@ OdGeMatrix3d viewportTransform(const OdDbViewport& viewport, const GroupList& vi
   const OdGeVector3d direction = rawPoint(view, 16, {0, 0, 1}).asVector();
   const double height = rawReal(view, 45, viewport.height()), scale = height > 0 ? viewport.height() / height : 1;
   const OdGePoint3d center(rawReal(view, 12), rawReal(view, 22), 0);
-  const OdGeMatrix3d eye = OdGeMatrix3d::rotation(OdaToRadian(rawReal(view, 51)), {0, 0, 1}) *
+  const OdGeMatrix3d eye = OdGeMatrix3d::rotation(toRadians(rawReal(view, 51)), {0, 0, 1}) *
                            OdGeMatrix3d::worldToPlane(direction.isZeroLength() ? OdGeVector3d(0, 0, 1) : direction) *
                            OdGeMatrix3d::translation(OdGePoint3d() - rawPoint(view, 17));
   return OdGeMatrix3d::translation(viewport.centerPoint().asVector()) * OdGeMatrix3d::scaling(scale) *

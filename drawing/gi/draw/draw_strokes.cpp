@@ -96,7 +96,7 @@ private:
     const OdGePoint3d center = first + (last - first) * 0.5;
     const OdGeVector3d radius = first - center;
     Path path;
-    addArcTo(path, center, radius, outward.normal() * radius.length(), 0, OdaPI);
+    addArcTo(path, center, radius, outward.normal() * radius.length(), 0, kPi);
     canvas_.stroke(path);
   }
 

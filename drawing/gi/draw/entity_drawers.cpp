@@ -40,7 +40,7 @@ void drawPoint(const OdDbPoint& point, Canvas& canvas) {
 }
 
 void drawCircle(const OdDbCircle& circle, Canvas& canvas) {
-  canvas.stroke(pathOf(circle, 0, Oda2PI));
+  canvas.stroke(pathOf(circle, 0, kTwoPi));
 }
 void drawArc(const OdDbArc& arc, Canvas& canvas) {
   canvas.stroke(pathOf(arc, arc.startAngle(), arc.endAngle()));

@@ -13,7 +13,7 @@ namespace drawing::gi {
 
 namespace {
 
-constexpr double kStep = OdaPI / 60;
+constexpr double kStep = kPi / 60;
 constexpr int kStepsOfSpan = 12; // of a curve through points
 constexpr int kHighestDegree = 25;
 
@@ -198,7 +198,7 @@ void drawPlanePath(const PlanePath& polyline, Canvas& canvas) {
 
 Path outlineOf(const OdDbEntity& entity) {
   if (entity.isKindOf(OdDbCircle::desc()))
-    return pathOf(static_cast<const OdDbCircle&>(entity), 0, Oda2PI);
+    return pathOf(static_cast<const OdDbCircle&>(entity), 0, kTwoPi);
   if (entity.isKindOf(OdDbEllipse::desc()))
     return pathOf(static_cast<const OdDbEllipse&>(entity));
   if (entity.isKindOf(OdDbSpline::desc()))

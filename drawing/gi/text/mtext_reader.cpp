@@ -106,7 +106,7 @@ private:
   }
 
   void line(wchar_t ch) {
-    bool& shows = odUpperCase(ch) == L'L' ? format_.under : odUpperCase(ch) == L'O' ? format_.over : format_.through;
+    bool& shows = upperCase(ch) == L'L' ? format_.under : upperCase(ch) == L'O' ? format_.over : format_.through;
     shows = ch < L'a';
   }
 
@@ -130,7 +130,7 @@ private:
     else if (ch == L'W' && number && *number > 0)
       format_.widthFactor = isFactor ? format_.widthFactor * *number : *number;
     else if (ch == L'Q' && number)
-      format_.oblique = OdaToRadian(std::clamp(*number, -85.0, 85.0));
+      format_.oblique = toRadians(std::clamp(*number, -85.0, 85.0));
     else if (ch == L'C' && number)
       format_.color = OdCmColor{static_cast<std::int16_t>(std::clamp(*number, 0.0, 256.0)), OdCmColor::kNoTrueColor};
     else if (ch == L'c' && number)

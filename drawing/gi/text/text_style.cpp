@@ -136,7 +136,7 @@ public:
 private:
   // How many characters the code has; 0 when it is none.
   std::size_t code(std::wstring_view text) {
-    const wchar_t letter = odLowerCase(text[0]);
+    const wchar_t letter = lowerCase(text[0]);
     for (const ControlCode& control : kControlCodes) {
       if (letter == control.code) {
         pieces_.back().text += control.character;

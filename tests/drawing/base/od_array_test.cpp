@@ -8,7 +8,7 @@
 namespace {
 
 static_assert(std::is_same_v<OdArray<int>, OdArray<int, OdClrMemAllocator<int>>>);
-static_assert(std::is_same_v<OdArray<int>, OdArray<int, OdMemoryAllocator<int>>>);
+static_assert(std::is_same_v<OdArray<int>, OdArray<int, PlainAllocator<int>>>);
 
 // Its copies fail once the allowance is used up.
 struct Costly {

@@ -43,8 +43,8 @@ TEST(OdString, ComparesAndSearchesUpToTheFirstZero) {
   EXPECT_EQ(withZero().iCompare(L"AB"), 0);
   EXPECT_EQ(withZero().toUtf8(), "ab");
   EXPECT_EQ(OdString().format(L"<%s>", withZero().c_str()).str(), L"<ab>");
-  EXPECT_EQ(odFoldHash(withZero()), odFoldHash(OdString(L"AB")));
-  EXPECT_EQ(odFoldHash(std::wstring_view(withZero().str())), odFoldHash(OdString(L"AB")));
+  EXPECT_EQ(foldHash(withZero()), foldHash(OdString(L"AB")));
+  EXPECT_EQ(foldHash(std::wstring_view(withZero().str())), foldHash(OdString(L"AB")));
 }
 
 TEST(OdString, OrdersByCharacter) {
@@ -187,23 +187,23 @@ TEST(FoldCase, MakesCaseFormsEqual) {
                                   L"\u0450\u0400", L"\u04CF\u04C0", L"\u0561\u0531", L"\uFF41\uFF21",
                                   L"\u1E9E\u00DF", L"\u00B5\u03BC", L"\u13A0\uAB70", L"\U00010428\U00010400"};
   for (const wchar_t* pair : equal)
-    EXPECT_EQ(odFoldCase(pair[0]), odFoldCase(pair[1])) << std::hex << static_cast<int>(pair[0]);
+    EXPECT_EQ(foldCase(pair[0]), foldCase(pair[1])) << std::hex << static_cast<int>(pair[0]);
   const wchar_t* const different[] = {L"@`", L"[{", L"\u00D7\u00F7", L"\u0130i", L"\u0131I", L"\u95E8\u95E9"};
   for (const wchar_t* pair : different)
-    EXPECT_NE(odFoldCase(pair[0]), odFoldCase(pair[1])) << std::hex << static_cast<int>(pair[0]);
+    EXPECT_NE(foldCase(pair[0]), foldCase(pair[1])) << std::hex << static_cast<int>(pair[0]);
   for (wchar_t ch = 0; ch < 0x20000; ++ch) {
-    const wchar_t folded = odFoldCase(ch);
-    ASSERT_EQ(odFoldCase(folded), folded) << std::hex << static_cast<int>(ch);
+    const wchar_t folded = foldCase(ch);
+    ASSERT_EQ(foldCase(folded), folded) << std::hex << static_cast<int>(ch);
     const bool dotless = ch == 0x131; // its capital is that of another letter
-    ASSERT_TRUE(dotless || odFoldCase(odUpperCase(ch)) == folded) << std::hex << static_cast<int>(ch);
-    ASSERT_EQ(odFoldCase(odLowerCase(ch)), folded) << std::hex << static_cast<int>(ch);
+    ASSERT_TRUE(dotless || foldCase(upperCase(ch)) == folded) << std::hex << static_cast<int>(ch);
+    ASSERT_EQ(foldCase(lowerCase(ch)), folded) << std::hex << static_cast<int>(ch);
   }
 }
 
 TEST(FoldCase, GoesThroughWholeTexts) {
   EXPECT_EQ(OdString(L"T\u00DCR-\u0416\u03A3").iCompare(L"t\u00FCr-\u0436\u03C2"), 0);
-  EXPECT_EQ(odFoldHash(OdString(L"T\u00DCR")), odFoldHash(OdString(L"t\u00FCr")));
-  EXPECT_NE(odFoldHash(OdString(L"door")), odFoldHash(OdString(L"doro")));
+  EXPECT_EQ(foldHash(OdString(L"T\u00DCR")), foldHash(OdString(L"t\u00FCr")));
+  EXPECT_NE(foldHash(OdString(L"door")), foldHash(OdString(L"doro")));
   EXPECT_EQ(OdString(L"t\u00FCr \u00DF \u00FF").makeUpper().str(), L"T\u00DCR \u00DF \u0178");
   EXPECT_EQ(OdString(L"T\u00DCR \u03A3").makeLower().str(), L"t\u00FCr \u03C3");
 }

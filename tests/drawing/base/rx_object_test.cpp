@@ -51,7 +51,7 @@ TEST(SmartPtr, CountsItsObject) {
     one.release();
     EXPECT_TRUE(one.isNull());
     EXPECT_EQ(same->numRefs(), 1U);
-    const OdSmartPtr<Shape> taken(same.detach(), kOdRxObjAttach);
+    const OdSmartPtr<Shape> taken(same.detach(), kTakeReference);
     EXPECT_EQ(taken->numRefs(), 1U);
     EXPECT_EQ(Round::alive, 2);
   }
@@ -130,11 +130,11 @@ TEST(OdError, SaysWhatItIs) {
   EXPECT_STREQ(OdError_InvalidIndex().what(), "Invalid Execution.");
   EXPECT_EQ(OdError_InvalidIndex().code(), eInvalidIndex);
   EXPECT_STREQ(OdError(OdString(L"T\u00FCr")).what(), "T\xC3\xBCr");
-  EXPECT_EQ(odResultText(static_cast<OdResult>(9999)), L"Error 9999.");
+  EXPECT_EQ(resultText(static_cast<OdResult>(9999)), L"Error 9999.");
   std::set<std::wstring> sentences;
   const OdResult codes[] = {eOk, eInvalidInput, eOutOfMemory, eWasErased, eCannotTransform, eClassNotRegistered};
   for (OdResult code : codes)
-    EXPECT_TRUE(sentences.insert(odResultText(code).str()).second) << code;
+    EXPECT_TRUE(sentences.insert(resultText(code).str()).second) << code;
 }
 
 } // namespace rx_object_test

@@ -47,8 +47,8 @@ struct Kind {
 };
 
 inline double sweepOf(double start, double end) {
-  const double sweep = std::fmod(end - start, Oda2PI);
-  return sweep > 0 ? sweep : sweep + Oda2PI;
+  const double sweep = std::fmod(end - start, kTwoPi);
+  return sweep > 0 ? sweep : sweep + kTwoPi;
 }
 
 // Points of a curve at even steps of its parameter; the top of its thickness at the end.
@@ -75,7 +75,7 @@ inline bool near(double a, double b) {
 }
 
 inline bool within(double angle, double start, double end) {
-  const double at = std::fmod(angle - start + 2 * Oda2PI + 1e-9, Oda2PI);
+  const double at = std::fmod(angle - start + 2 * kTwoPi + 1e-9, kTwoPi);
   return at <= sweepOf(start, end) + 2e-9;
 }
 

@@ -117,7 +117,7 @@ TEST_F(EntityParts, MultiLineAttributeKeepsItsGroups) {
   const OdDbMTextPtr text = attribute->getMTextAttribute();
   EXPECT_EQ(text->contents(), L"one\\Ptwo");
   EXPECT_EQ(text->plainText(), L"one\ntwo");
-  EXPECT_NEAR(text->rotation(), OdaPI2, 1e-12);
+  EXPECT_NEAR(text->rotation(), kHalfPi, 1e-12);
   EXPECT_EQ(text->textStyle(), loader.database->symbol(OdDb::kTextStyleTable, L"Standard"));
   EXPECT_EQ(attribute->tag(), L"TAG"); // codes behind 101 are the text's
 }
@@ -154,11 +154,11 @@ TEST_F(EntityParts, OlderMultiLineAttributeLivesInADictionary) {
 
 TEST_F(EntityParts, TextTurnsByDegreesAndByQuarterTurnsInRadians) {
   const std::pair<const char*, double> kTurns[] = {{"0", 0},
-                                                   {"30", OdaPI / 6},
-                                                   {"6.283", OdaToRadian(6.283)},
+                                                   {"30", kPi / 6},
+                                                   {"6.283", toRadians(6.283)},
                                                    {"6.2831853071795862", 0},
-                                                   {"90", OdaPI / 2},
-                                                   {"1.5707963267948966", OdaPI / 2}};
+                                                   {"90", kPi / 2},
+                                                   {"1.5707963267948966", kPi / 2}};
   for (const auto& [angle, turn] : kTurns) {
     const OdSmartPtr<OdDbMText> text =
         loader.load("MTEXT", std::string("100 AcDbMText|10 1|20 2|30 3|40 2.5|41 40|71 5|72 1|1 x|50 ") + angle);
@@ -213,7 +213,7 @@ TEST(Viewport, TakesWhatKeepsItsSidesAlongTheSheet) {
                {"equal scale", OdGeMatrix3d::scaling(OdGeScale3d(2, 2, 2)), true},
                {"unequal scale", kUnequal, false},
                {"mirror", kMirror, false},
-               {"turn", OdGeMatrix3d::rotation(OdaPI / 2, OdGeVector3d::kZAxis), false}};
+               {"turn", OdGeMatrix3d::rotation(kPi / 2, OdGeVector3d::kZAxis), false}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
     OdDbViewport viewport;

@@ -118,7 +118,7 @@ std::vector<OdGePoint3d> boundary(const OdDbHatch& hatch, int steps) {
     const OdGeVector3d a = circle ? OdGeVector3d(real(40), 0, 0) : OdGeVector3d(real(11), real(21), 0);
     const OdGeVector3d b = OdGeVector3d(-a.y, a.x, 0) * (circle ? 1 : real(40));
     const double sign = groups[groups.find(73, edge)].integer != 0 ? 1 : -1;
-    const double from = OdaToRadian(real(50)), to = OdaToRadian(real(51));
+    const double from = toRadians(real(50)), to = toRadians(real(51));
     for (int i = 0; i <= steps; ++i) {
       const double t = sign * (from + (to - from) * i / steps);
       const OdGeVector3d v = a * std::cos(t) + b * std::sin(t);
@@ -175,7 +175,7 @@ TEST(HatchPattern, LinesAndDashesFollowUnequalScales) {
   OdSmartPtr<OdDbHatch> hatch = loader.load("HATCH", kHatch);
   ASSERT_EQ(hatch->transformBy(OdGeMatrix3d::scaling(OdGeScale3d(3, 1, 1))), eOk);
   const drawing::GroupList& groups = hatch->groups();
-  EXPECT_NEAR(groups[groups.find(53)].real, OdaToDegree(std::atan2(1, 3)), 1e-12);
+  EXPECT_NEAR(groups[groups.find(53)].real, toDegrees(std::atan2(1, 3)), 1e-12);
   EXPECT_NEAR(groups[groups.find(43)].real, 3, 1e-12);
   EXPECT_NEAR(groups[groups.find(45)].real, -6, 1e-12);
   EXPECT_NEAR(groups[groups.find(49)].real, 3 * std::sqrt(5.0), 1e-12);

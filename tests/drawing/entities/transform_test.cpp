@@ -132,11 +132,11 @@ Points hatchPoints(const OdDbEntity& e) {
   Points flat{pair(10, 20, 1), pair(11, 21, 0)};
   const double sign = groups[nth(73, 0)].integer == 1 ? 1 : -1;
   for (const double degrees : {real(50, 0), real(51, 0), (real(50, 0) + real(51, 0)) / 2})
-    flat.push_back(pair(10, 20, 2) + turned(sign * OdaToRadian(degrees)) * real(40, 0));
+    flat.push_back(pair(10, 20, 2) + turned(sign * toRadians(degrees)) * real(40, 0));
   const OdGePoint3d a = pair(10, 20, 3), b = pair(10, 20, 4);
   flat.insert(flat.end(), {a, b, a + (b - a) * 0.5 + (b - a).crossProduct(OdGeVector3d::kZAxis) * (real(42, 0) / 2)});
   const OdGePoint3d base = pair(43, 44, 0);
-  flat.insert(flat.end(), {base, base + turned(OdaToRadian(real(53, 0))) * real(49, 0),
+  flat.insert(flat.end(), {base, base + turned(toRadians(real(53, 0))) * real(49, 0),
                            base + (pair(45, 46, 0) - OdGePoint3d(0, 0, hatch.elevation())), pair(10, 20, 5)});
   for (OdGePoint3d& point : flat)
     point = plane * point;
@@ -242,7 +242,7 @@ std::vector<Motion> motions() {
   return {{"none", OdGeMatrix3d::kIdentity, kNothing},
           {"translation", OdGeMatrix3d::translation({5, -7, 0.25}), kMoves},
           {"turn", OdGeMatrix3d::rotation(0.7, OdGeVector3d(1, 2, 2), center), kMoves},
-          {"half turn", OdGeMatrix3d::rotation(OdaPI, OdGeVector3d::kXAxis, center), kMoves},
+          {"half turn", OdGeMatrix3d::rotation(kPi, OdGeVector3d::kXAxis, center), kMoves},
           {"scaling", OdGeMatrix3d::scaling(2.5, center), kScales},
           {"mirror", OdGeMatrix3d::mirroring(center, OdGeVector3d::kXAxis), kMirrors},
           {"tilted mirror", OdGeMatrix3d::mirroring(center, OdGeVector3d(1, -2, 2).normal()), kMirrors},

@@ -24,7 +24,7 @@ OdGeMatrix3d crooked() {
 }
 
 TEST(Matrix, AppliesTheRightOperandFirst) {
-  const OdGeMatrix3d move = OdGeMatrix3d::translation({10, 0, 0}), turn = OdGeMatrix3d::rotation(OdaPI2, kZ);
+  const OdGeMatrix3d move = OdGeMatrix3d::translation({10, 0, 0}), turn = OdGeMatrix3d::rotation(kHalfPi, kZ);
   const OdGePoint3d point(1, 0, 0);
   OdGeMatrix3d product;
   EXPECT_EQ(product.setToProduct(move, turn) * point, OdGePoint3d(10, 1, 0));
@@ -89,9 +89,9 @@ TEST(Matrix, KeepsTheCenterInPlace) {
   const std::pair<OdGeMatrix3d, OdGeVector3d> cases[] = {
       {OdGeMatrix3d::scaling(2.0, center), {2, 4, 6}},
       {OdGeMatrix3d::scaling(OdGeScale3d(2, -1, 0), center), {2, -2, 0}},
-      {OdGeMatrix3d::rotation(OdaPI2, kZ * 9, center), {-2, 1, 3}},
-      {OdGeMatrix3d::rotation(-OdaPI2, kX, center), {1, 3, -2}},
-      {OdGeMatrix3d::rotation(Oda2PI / 3, {1, 1, 1}, center), {3, 1, 2}},
+      {OdGeMatrix3d::rotation(kHalfPi, kZ * 9, center), {-2, 1, 3}},
+      {OdGeMatrix3d::rotation(-kHalfPi, kX, center), {1, 3, -2}},
+      {OdGeMatrix3d::rotation(kTwoPi / 3, {1, 1, 1}, center), {3, 1, 2}},
       {OdGeMatrix3d::mirroring(center), {-1, -2, -3}},
       {OdGeMatrix3d::mirroring(center, kZ * -7), {1, 2, -3}},
       {OdGeMatrix3d::mirroring(center, kX - kY), {2, 1, 3}},
@@ -158,8 +158,8 @@ TEST(ArbitraryAxis, FollowsTheRuleOfDrawingFiles) {
     EXPECT_EQ(OdGeMatrix3d::worldToPlane(normal) * plane, OdGeMatrix3d::kIdentity);
   }
   EXPECT_TRUE(identical(OdGeMatrix3d::planeToWorld(kZ), OdGeMatrix3d::kIdentity));
-  EXPECT_EQ(odgeOcsToWcs({1, 2, 3}, -kZ), OdGePoint3d(-1, 2, -3));
-  EXPECT_EQ(odgeWcsToOcs(odgeOcsToWcs({1, 2, 3}, {3, -1, 2}), {3, -1, 2}), OdGePoint3d(1, 2, 3));
+  EXPECT_EQ(ocsToWcs({1, 2, 3}, -kZ), OdGePoint3d(-1, 2, -3));
+  EXPECT_EQ(wcsToOcs(ocsToWcs({1, 2, 3}, {3, -1, 2}), {3, -1, 2}), OdGePoint3d(1, 2, 3));
 }
 
 TEST(Vector, MeasuresAngles) {
@@ -167,16 +167,16 @@ TEST(Vector, MeasuresAngles) {
   const OdGeVector3d turned(std::cos(tenth), std::sin(tenth), 0);
   EXPECT_NEAR(kX.angleTo(turned), tenth, 1e-15);
   EXPECT_NEAR(kX.angleTo(turned, kZ), tenth, 1e-15);
-  EXPECT_NEAR(turned.angleTo(kX * 1e9, kZ), Oda2PI - tenth, 1e-15);
-  EXPECT_NEAR(kX.angleTo(turned, -kZ), Oda2PI - tenth, 1e-15);
-  EXPECT_EQ(kX.angleTo(-kX, kZ), OdaPI);
+  EXPECT_NEAR(turned.angleTo(kX * 1e9, kZ), kTwoPi - tenth, 1e-15);
+  EXPECT_NEAR(kX.angleTo(turned, -kZ), kTwoPi - tenth, 1e-15);
+  EXPECT_EQ(kX.angleTo(-kX, kZ), kPi);
   EXPECT_EQ(kX.angleTo(kX, kZ), 0.0);
   EXPECT_EQ(kX.angleTo({1, -1e-20, 0}, kZ), 0.0); // rounds to the full turn, which is none
   EXPECT_NEAR(kX.angleTo({1, 1e-12, 0}), 1e-12, 1e-20);
-  EXPECT_EQ(OdGeVector2d(0, -1).angle(), 1.5 * OdaPI);
-  EXPECT_NEAR(OdGeVector2d(0, 1).angleToCCW({1, 0}), 1.5 * OdaPI, 1e-15);
-  EXPECT_NEAR(odgeNormalizeAngle(-7 * OdaPI), OdaPI, 1e-14);
-  EXPECT_FALSE(std::signbit(odgeNormalizeAngle(-0.0)));
+  EXPECT_EQ(OdGeVector2d(0, -1).angle(), 1.5 * kPi);
+  EXPECT_NEAR(OdGeVector2d(0, 1).angleToCCW({1, 0}), 1.5 * kPi, 1e-15);
+  EXPECT_NEAR(normalizeAngle(-7 * kPi), kPi, 1e-14);
+  EXPECT_FALSE(std::signbit(normalizeAngle(-0.0)));
 }
 
 TEST(Vector, TellsDirections) {
@@ -195,8 +195,8 @@ TEST(Vector, TellsDirections) {
   EXPECT_EQ(OdGeVector3d().normal(), OdGeVector3d::kIdentity);
   EXPECT_EQ(OdGeVector3d(v).mirror(kZ * 4), OdGeVector3d(1, 2, -3));
   EXPECT_EQ(OdGeVector2d(1, 2).mirror({1, 1}), OdGeVector2d(2, 1));
-  EXPECT_EQ(OdGePoint2d(2, 1).rotateBy(OdaPI, {1, 1}), OdGePoint2d(0, 1));
-  EXPECT_EQ(OdGePoint3d(2, 1, 5).rotateBy(-OdaPI2, kZ, {1, 1, 0}), OdGePoint3d(1, 0, 5));
+  EXPECT_EQ(OdGePoint2d(2, 1).rotateBy(kPi, {1, 1}), OdGePoint2d(0, 1));
+  EXPECT_EQ(OdGePoint3d(2, 1, 5).rotateBy(-kHalfPi, kZ, {1, 1, 0}), OdGePoint3d(1, 0, 5));
   const double nan = std::numeric_limits<double>::quiet_NaN();
   EXPECT_FALSE(OdGePoint3d(nan, 0, 0) == OdGePoint3d(nan, 0, 0));
 }
@@ -223,7 +223,7 @@ TEST(Extents, GrowFromNothingAndTurn) {
   box.expandBy(2.0);
   EXPECT_TRUE(box.isEqualTo({{-3, -10, 1}, {3, 6, 6}}));
   box.set({0, 0, 0}, {2, 1, 1});
-  box.transformBy(OdGeMatrix3d::rotation(OdaPI / 4, kZ)); // with all corners
+  box.transformBy(OdGeMatrix3d::rotation(kPi / 4, kZ)); // with all corners
   const double root = std::sqrt(0.5);
   EXPECT_TRUE(box.isEqualTo({{-root, 0, 0}, {2 * root, 3 * root, 1}}));
 }

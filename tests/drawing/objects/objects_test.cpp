@@ -73,7 +73,7 @@ std::string joined(std::initializer_list<std::string> parts) {
 
 std::string factsOfMlineStyle(const OdDbMlineStyle& style) {
   std::string all = joined({text(style.getDescription()), style.filled() ? "filled" : "empty",
-                            number(style.fillColor().index), number(OdaToDegree(style.endAngle()))});
+                            number(style.fillColor().index), number(toDegrees(style.endAngle()))});
   for (const OdDbMlineStyle::Element& one : style.elements()) {
     const auto linetype = forRead<OdDbSymbolTableRecord>(one.linetype);
     all += " " + number(one.offset) + "/" + number(one.color.index) + "/" + text(linetype->getName());
