@@ -61,7 +61,7 @@ std::vector<Layer> layersOf(const OdDbDatabase& database) {
 }
 
 bool isAnnotative(OdDbBlockTableRecord& record) {
-  const OdDbAnnotativeObjectPEPtr extension(odrxQueryX<OdDbAnnotativeObjectPE>(&record), kTakeReference);
+  const OdDbAnnotativeObjectPEPtr extension(queryAs<OdDbAnnotativeObjectPE>(&record), kTakeReference);
   return !extension.isNull() && extension->annotative(&record);
 }
 

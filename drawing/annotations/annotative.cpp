@@ -13,8 +13,8 @@
 
 #include <optional>
 
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbAnnotativeObjectPE, OdRxObject);
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbPaperOrientationPE, OdRxObject);
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbAnnotativeObjectPE, OdRxObject);
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbPaperOrientationPE, OdRxObject);
 
 using drawing::getIf;
 using drawing::WriteScope;
@@ -153,11 +153,11 @@ public:
            OdDbDimStyleTableRecord::desc(),
            OdDbBlockReference::desc(),
        }) {
-    kind->addX(OdDbAnnotativeObjectPE::desc(), annotative.get());
-    kind->addX(OdDbPaperOrientationPE::desc(), orientation.get());
+    kind->setExtension(OdDbAnnotativeObjectPE::desc(), annotative.get());
+    kind->setExtension(OdDbPaperOrientationPE::desc(), orientation.get());
   }
   const OdRxObjectPtr reference(new AnnotativeReference);
-  OdDbBlockReference::desc()->addX(OdDbAnnotativeObjectPE::desc(), reference.get());
+  OdDbBlockReference::desc()->setExtension(OdDbAnnotativeObjectPE::desc(), reference.get());
   return true;
 }();
 

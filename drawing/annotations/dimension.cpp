@@ -10,7 +10,7 @@
 using drawing::field;
 using drawing::PlaneMap;
 
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbDimension, OdDbEntity);
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbDimension, OdDbEntity);
 
 const drawing::SubclassLayout& OdDbDimension::dimensionSubclass() {
   using Self = OdDbDimension;
@@ -26,13 +26,13 @@ const drawing::SubclassLayout& OdDbDimension::dimensionSubclass() {
   return subclass;
 }
 
-MVDB_SETTER(OdDbDimension, setDimBlockId, OdDbObjectId, block_)
-MVDB_SETTER(OdDbDimension, setDimensionStyle, OdDbObjectId, style_)
-MVDB_SETTER(OdDbDimension, setDimensionText, const OdString&, text_)
-MVDB_SETTER(OdDbDimension, setTextRotation, double, textRotation_)
-MVDB_SETTER(OdDbDimension, setHorizontalRotation, double, horizontalRotation_)
-MVDB_SETTER(OdDbDimension, setNormal, const OdGeVector3d&, normal_)
-MVDB_SETTER_OCS(OdDbDimension, setTextPosition, textPosition_)
+MVDRAWING_SETTER(OdDbDimension, setDimBlockId, OdDbObjectId, block_)
+MVDRAWING_SETTER(OdDbDimension, setDimensionStyle, OdDbObjectId, style_)
+MVDRAWING_SETTER(OdDbDimension, setDimensionText, const OdString&, text_)
+MVDRAWING_SETTER(OdDbDimension, setTextRotation, double, textRotation_)
+MVDRAWING_SETTER(OdDbDimension, setHorizontalRotation, double, horizontalRotation_)
+MVDRAWING_SETTER(OdDbDimension, setNormal, const OdGeVector3d&, normal_)
+MVDRAWING_SETTER_OCS(OdDbDimension, setTextPosition, textPosition_)
 
 OdGePoint3d OdDbDimension::textPosition() const {
   return ocsToWcs(textPosition_, normal_);
@@ -69,7 +69,7 @@ OdResult OdDbDimension::subTransformBy(const OdGeMatrix3d& matrix) {
 void OdDbDimension::movedAlong(std::vector<OdDbObjectId>& ids) const {
   OdDbEntity::movedAlong(ids);
   const auto* block = drawing::getIf<OdDbBlockTableRecord>(block_);
-  if (isDBRO() && block != nullptr && block->isAnonymous())
+  if (isResident() && block != nullptr && block->isAnonymous())
     ids.insert(ids.end(), block->members().ids().begin(), block->members().ids().end());
 }
 

@@ -6,18 +6,18 @@
 using drawing::field;
 using drawing::PlaneMap;
 
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbLinearDimension, OdDbDimension);
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbAngularDimension, OdDbDimension);
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbRoundDimension, OdDbDimension);
-ODDB_DEFINE_MEMBERS(OdDbAlignedDimension, OdDbLinearDimension, "DIMENSION");
-ODDB_DEFINE_MEMBERS(OdDbRotatedDimension, OdDbLinearDimension, "DIMENSION");
-ODDB_DEFINE_MEMBERS(OdDb2LineAngularDimension, OdDbAngularDimension, "DIMENSION");
-ODDB_DEFINE_MEMBERS(OdDb3PointAngularDimension, OdDbAngularDimension, "DIMENSION");
-ODDB_DEFINE_MEMBERS(OdDbRadialDimension, OdDbRoundDimension, "DIMENSION");
-ODDB_DEFINE_MEMBERS(OdDbDiametricDimension, OdDbRoundDimension, "DIMENSION");
-ODDB_DEFINE_MEMBERS(OdDbOrdinateDimension, OdDbDimension, "DIMENSION");
-ODDB_DEFINE_MEMBERS(OdDbArcDimension, OdDbDimension, "ARC_DIMENSION");
-ODDB_DEFINE_MEMBERS(OdDbRadialDimensionLarge, OdDbDimension, "LARGE_RADIAL_DIMENSION");
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbLinearDimension, OdDbDimension);
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbAngularDimension, OdDbDimension);
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbRoundDimension, OdDbDimension);
+MVDRAWING_DEFINE_OBJECT(OdDbAlignedDimension, OdDbLinearDimension, "DIMENSION");
+MVDRAWING_DEFINE_OBJECT(OdDbRotatedDimension, OdDbLinearDimension, "DIMENSION");
+MVDRAWING_DEFINE_OBJECT(OdDb2LineAngularDimension, OdDbAngularDimension, "DIMENSION");
+MVDRAWING_DEFINE_OBJECT(OdDb3PointAngularDimension, OdDbAngularDimension, "DIMENSION");
+MVDRAWING_DEFINE_OBJECT(OdDbRadialDimension, OdDbRoundDimension, "DIMENSION");
+MVDRAWING_DEFINE_OBJECT(OdDbDiametricDimension, OdDbRoundDimension, "DIMENSION");
+MVDRAWING_DEFINE_OBJECT(OdDbOrdinateDimension, OdDbDimension, "DIMENSION");
+MVDRAWING_DEFINE_OBJECT(OdDbArcDimension, OdDbDimension, "ARC_DIMENSION");
+MVDRAWING_DEFINE_OBJECT(OdDbRadialDimensionLarge, OdDbDimension, "LARGE_RADIAL_DIMENSION");
 
 drawing::SubclassLayout OdDbLinearDimension::linearSubclass() {
   using Self = OdDbLinearDimension;
@@ -110,22 +110,22 @@ const drawing::Description& OdDbRadialDimensionLarge::ownDescription() {
   return description;
 }
 
-MVDB_SETTER(OdDbLinearDimension, setXLine1Point, const OdGePoint3d&, first_)
-MVDB_SETTER(OdDbLinearDimension, setXLine2Point, const OdGePoint3d&, second_)
-MVDB_SETTER(OdDbLinearDimension, setDimLinePoint, const OdGePoint3d&, definition_)
-MVDB_SETTER(OdDbLinearDimension, setOblique, double, oblique_)
-MVDB_SETTER(OdDbRotatedDimension, setRotation, double, rotation_)
-MVDB_SETTER(OdDbAngularDimension, setDefinitionPoint, const OdGePoint3d&, definition_)
-MVDB_SETTER(OdDbAngularDimension, setXLine1Point, const OdGePoint3d&, first_)
-MVDB_SETTER(OdDbAngularDimension, setXLine2Point, const OdGePoint3d&, second_)
-MVDB_SETTER(OdDbAngularDimension, setCenterPoint, const OdGePoint3d&, third_)
-MVDB_SETTER_OCS(OdDbAngularDimension, setArcPoint, arc_)
-MVDB_SETTER(OdDbRoundDimension, setDefinitionPoint, const OdGePoint3d&, definition_)
-MVDB_SETTER(OdDbRoundDimension, setChordPoint, const OdGePoint3d&, chord_)
-MVDB_SETTER(OdDbRoundDimension, setLeaderLength, double, leaderLength_)
-MVDB_SETTER(OdDbOrdinateDimension, setOrigin, const OdGePoint3d&, definition_)
-MVDB_SETTER(OdDbOrdinateDimension, setDefiningPoint, const OdGePoint3d&, feature_)
-MVDB_SETTER(OdDbOrdinateDimension, setLeaderEndPoint, const OdGePoint3d&, leaderEnd_)
+MVDRAWING_SETTER(OdDbLinearDimension, setXLine1Point, const OdGePoint3d&, first_)
+MVDRAWING_SETTER(OdDbLinearDimension, setXLine2Point, const OdGePoint3d&, second_)
+MVDRAWING_SETTER(OdDbLinearDimension, setDimLinePoint, const OdGePoint3d&, definition_)
+MVDRAWING_SETTER(OdDbLinearDimension, setOblique, double, oblique_)
+MVDRAWING_SETTER(OdDbRotatedDimension, setRotation, double, rotation_)
+MVDRAWING_SETTER(OdDbAngularDimension, setDefinitionPoint, const OdGePoint3d&, definition_)
+MVDRAWING_SETTER(OdDbAngularDimension, setXLine1Point, const OdGePoint3d&, first_)
+MVDRAWING_SETTER(OdDbAngularDimension, setXLine2Point, const OdGePoint3d&, second_)
+MVDRAWING_SETTER(OdDbAngularDimension, setCenterPoint, const OdGePoint3d&, third_)
+MVDRAWING_SETTER_OCS(OdDbAngularDimension, setArcPoint, arc_)
+MVDRAWING_SETTER(OdDbRoundDimension, setDefinitionPoint, const OdGePoint3d&, definition_)
+MVDRAWING_SETTER(OdDbRoundDimension, setChordPoint, const OdGePoint3d&, chord_)
+MVDRAWING_SETTER(OdDbRoundDimension, setLeaderLength, double, leaderLength_)
+MVDRAWING_SETTER(OdDbOrdinateDimension, setOrigin, const OdGePoint3d&, definition_)
+MVDRAWING_SETTER(OdDbOrdinateDimension, setDefiningPoint, const OdGePoint3d&, feature_)
+MVDRAWING_SETTER(OdDbOrdinateDimension, setLeaderEndPoint, const OdGePoint3d&, leaderEnd_)
 
 OdGePoint3d OdDbAngularDimension::arcPoint() const {
   return ocsToWcs(arc_, normal_);

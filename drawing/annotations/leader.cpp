@@ -6,7 +6,7 @@
 
 using drawing::field;
 
-ODDB_DEFINE_MEMBERS(OdDbLeader, OdDbCurve, "LEADER");
+MVDRAWING_DEFINE_OBJECT(OdDbLeader, OdDbCurve, "LEADER");
 
 const drawing::Description& OdDbLeader::ownDescription() {
   using Self = OdDbLeader;
@@ -36,7 +36,7 @@ void OdDbLeader::writeGroups(const OdDbObject& object, drawing::GroupSink& sink)
   drawing::writePoints(sink, 10, vertices);
 }
 
-MVDB_SETTER(OdDbLeader, setDimensionStyle, OdDbObjectId, style_)
+MVDRAWING_SETTER(OdDbLeader, setDimensionStyle, OdDbObjectId, style_)
 
 OdGePoint3d OdDbLeader::vertexAt(int index) const {
   if (index < 0 || index >= numVertices())

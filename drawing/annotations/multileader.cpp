@@ -13,7 +13,7 @@ using drawing::GeometricRole;
 using drawing::GroupList;
 using drawing::GroupRole;
 
-ODDB_DEFINE_MEMBERS(OdDbMLeader, OdDbEntity, "MULTILEADER");
+MVDRAWING_DEFINE_OBJECT(OdDbMLeader, OdDbEntity, "MULTILEADER");
 
 const drawing::Description& OdDbMLeader::ownDescription() {
   static const drawing::Description description(&OdDbEntity::ownDescription(),

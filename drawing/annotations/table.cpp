@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-ODDB_DEFINE_MEMBERS(OdDbTable, OdDbBlockReference, "ACAD_TABLE");
+MVDRAWING_DEFINE_OBJECT(OdDbTable, OdDbBlockReference, "ACAD_TABLE");
 
 const drawing::Description& OdDbTable::ownDescription() {
   static const drawing::Description description(

@@ -5,7 +5,7 @@
 
 using drawing::field;
 
-ODDB_DEFINE_MEMBERS(OdDbFcf, OdDbEntity, "TOLERANCE");
+MVDRAWING_DEFINE_OBJECT(OdDbFcf, OdDbEntity, "TOLERANCE");
 
 const drawing::Description& OdDbFcf::ownDescription() {
   using Self = OdDbFcf;
@@ -18,9 +18,9 @@ const drawing::Description& OdDbFcf::ownDescription() {
   return description;
 }
 
-MVDB_SETTER(OdDbFcf, setText, const OdString&, text_)
-MVDB_SETTER(OdDbFcf, setLocation, const OdGePoint3d&, location_)
-MVDB_SETTER(OdDbFcf, setDimensionStyle, OdDbObjectId, style_)
+MVDRAWING_SETTER(OdDbFcf, setText, const OdString&, text_)
+MVDRAWING_SETTER(OdDbFcf, setLocation, const OdGePoint3d&, location_)
+MVDRAWING_SETTER(OdDbFcf, setDimensionStyle, OdDbObjectId, style_)
 
 void OdDbFcf::setOrientation(const OdGeVector3d& normal, const OdGeVector3d& direction) {
   assertWriteEnabled();

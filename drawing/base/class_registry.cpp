@@ -20,7 +20,7 @@ OdRxClass* OdRxObject::desc() {
 }
 
 OdSmartPtr<OdRxObject> OdRxObject::cast(const OdRxObject* object) {
-  return OdSmartPtr<OdRxObject>(odrxQueryX<OdRxObject>(object), kTakeReference);
+  return OdSmartPtr<OdRxObject>(queryAs<OdRxObject>(object), kTakeReference);
 }
 
 OdRxClass* OdRxObject::isA() const {
@@ -28,7 +28,7 @@ OdRxClass* OdRxObject::isA() const {
 }
 
 OdRxObject* OdRxObject::queryX(const OdRxClass* wanted) const {
-  auto* result = isKindOf(wanted) ? const_cast<OdRxObject*>(this) : isA()->getX(wanted);
+  auto* result = isKindOf(wanted) ? const_cast<OdRxObject*>(this) : isA()->extensionFor(wanted);
   if (result != nullptr)
     result->addRef();
   return result;
@@ -45,7 +45,7 @@ void OdRxObject::onLastRelease() const {
 OdRxClass::OdRxClass(const char* name, OdRxClass* parent, Maker maker, const char* dxfName)
     : name_(name), dxfName_(dxfName), parent_(parent), maker_(maker) {
   addRef(); // descriptors live as long as the program
-  odrxClassDictionary().add(this);
+  classRegistry().add(this);
 }
 
 OdRxClass::~OdRxClass() = default;
@@ -72,17 +72,17 @@ bool OdRxClass::isDerivedFrom(const OdRxClass* other) const {
 }
 
 OdRxObjectPtr OdRxClass::create() const {
-  if (maker_ == nullptr || !odrxClassDictionary().has(this))
+  if (maker_ == nullptr || !classRegistry().has(this))
     return nullptr;
   return OdRxObjectPtr(maker_());
 }
 
-OdRxObjectPtr OdRxClass::addX(OdRxClass* protocol, OdRxObject* extension) {
+OdRxObjectPtr OdRxClass::setExtension(OdRxClass* protocol, OdRxObject* extension) {
   OdRxObjectPtr& slot = extensions_[protocol];
   return std::exchange(slot, OdRxObjectPtr(extension));
 }
 
-OdRxObject* OdRxClass::getX(const OdRxClass* protocol) const {
+OdRxObject* OdRxClass::extensionFor(const OdRxClass* protocol) const {
   for (const OdRxClass* at = this; at != nullptr; at = at->parent_) {
     if (auto found = at->extensions_.find(protocol); found != at->extensions_.end())
       return found->second.get();
@@ -90,7 +90,7 @@ OdRxObject* OdRxClass::getX(const OdRxClass* protocol) const {
   return nullptr;
 }
 
-OdRxObjectPtr OdRxClass::delX(OdRxClass* protocol) {
+OdRxObjectPtr OdRxClass::removeExtension(OdRxClass* protocol) {
   auto found = extensions_.find(protocol);
   if (found == extensions_.end())
     return nullptr;
@@ -99,32 +99,32 @@ OdRxObjectPtr OdRxClass::delX(OdRxClass* protocol) {
   return old;
 }
 
-OdRxClass* OdRxClassRegistry::find(std::string_view name) const {
+OdRxClass* ClassRegistry::find(std::string_view name) const {
   auto found = byName_.find(name);
   return found == byName_.end() ? nullptr : found->second;
 }
 
-OdRxClass* OdRxClassRegistry::findByDxfName(std::string_view dxfName) const {
+OdRxClass* ClassRegistry::findByDxfName(std::string_view dxfName) const {
   auto found = byDxfName_.find(dxfName);
   return found == byDxfName_.end() ? nullptr : found->second;
 }
 
-bool OdRxClassRegistry::has(const OdRxClass* registered) const {
-  return find(registered->asciiName()) == registered;
+bool ClassRegistry::has(const OdRxClass* registered) const {
+  return find(registered->utf8Name()) == registered;
 }
 
-void OdRxClassRegistry::add(OdRxClass* registered) {
-  byName_[registered->asciiName()] = registered;
+void ClassRegistry::add(OdRxClass* registered) {
+  byName_[registered->utf8Name()] = registered;
   if (!registered->dxfName().empty())
     byDxfName_[registered->dxfName()] = registered;
 }
 
-void OdRxClassRegistry::remove(const OdRxClass* registered) {
-  byName_.erase(registered->asciiName());
+void ClassRegistry::remove(const OdRxClass* registered) {
+  byName_.erase(registered->utf8Name());
   byDxfName_.erase(registered->dxfName());
 }
 
-OdRxClassRegistry& odrxClassDictionary() {
-  static auto* const registry = new OdRxClassRegistry; // never destroyed: descriptors outlive static objects
+ClassRegistry& classRegistry() {
+  static auto* const registry = new ClassRegistry; // never destroyed: descriptors outlive static objects
   return *registry;
 }

@@ -3,9 +3,9 @@
 
 using drawing::field;
 
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbAttributeBase, OdDbText);
-ODDB_DEFINE_MEMBERS(OdDbAttributeDefinition, OdDbAttributeBase, "ATTDEF");
-ODDB_DEFINE_MEMBERS(OdDbAttribute, OdDbAttributeBase, "ATTRIB");
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbAttributeBase, OdDbText);
+MVDRAWING_DEFINE_OBJECT(OdDbAttributeDefinition, OdDbAttributeBase, "ATTDEF");
+MVDRAWING_DEFINE_OBJECT(OdDbAttribute, OdDbAttributeBase, "ATTRIB");
 
 // Group 280 stands twice in these sections: first the version, behind the others the locked position. Groups come in
 // the order of the fields, which tells the two apart.
@@ -37,16 +37,16 @@ const drawing::Description& OdDbAttribute::ownDescription() {
   return description;
 }
 
-MVDB_SETTER(OdDbAttributeBase, setTag, const OdString&, tag_)
+MVDRAWING_SETTER(OdDbAttributeBase, setTag, const OdString&, tag_)
 
 void OdDbAttributeBase::setAttributeFlag(std::int16_t bit, bool on) {
   assertWriteEnabled();
   attributeFlags_ = static_cast<std::int16_t>(on ? attributeFlags_ | bit : attributeFlags_ & ~bit);
 }
 
-MVDB_SETTER(OdDbAttributeBase, setLockPositionInBlock, bool, lockPosition_)
-MVDB_SETTER(OdDbAttributeDefinition, setPrompt, const OdString&, prompt_)
-MVDB_SETTER(OdDbAttributeDefinition, setFieldLength, std::int16_t, fieldLength_)
+MVDRAWING_SETTER(OdDbAttributeBase, setLockPositionInBlock, bool, lockPosition_)
+MVDRAWING_SETTER(OdDbAttributeDefinition, setPrompt, const OdString&, prompt_)
+MVDRAWING_SETTER(OdDbAttributeDefinition, setFieldLength, std::int16_t, fieldLength_)
 
 void OdDbAttribute::setAttributeFromBlock(const OdDbAttributeDefinition* definition,
                                           const OdGeMatrix3d& blockTransform) {

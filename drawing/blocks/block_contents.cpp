@@ -42,14 +42,14 @@ std::int16_t OdDbBlockTableRecord::derivedFlags() const {
 
 OdDbObjectId OdDbBlockTableRecord::appendOdDbEntity(OdDbEntity* entity) {
   assertWriteEnabled();
-  if (!isDBRO())
+  if (!isResident())
     throw OdError(eNotInDatabase);
   if (const auto* reference = dynamic_cast<const OdDbBlockReference*>(entity); reference != nullptr) {
     const OdDbObjectId referenced = reference->blockTableRecord();
     if (referenced == objectId() || (wasReferenced() && drawing::reaches(referenced, objectId())))
       throw OdError(eSelfReference);
   }
-  const OdDbObjectId id = entity->isDBRO() ? entity->objectId() : database()->addOdDbObject(entity, objectId());
+  const OdDbObjectId id = entity->isResident() ? entity->objectId() : database()->addOdDbObject(entity, objectId());
   if (const auto* reference = dynamic_cast<const OdDbBlockReference*>(entity))
     reference->recordInDefinition();
   database()->undoLog().listGrows(*this, members_.size());

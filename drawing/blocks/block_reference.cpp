@@ -15,9 +15,9 @@
 using drawing::field;
 using drawing::getIf;
 
-ODDB_DEFINE_MEMBERS(OdDbBlockReference, OdDbEntity, "INSERT");
-ODDB_DEFINE_MEMBERS(OdDbMInsertBlock, OdDbBlockReference, "INSERT");
-ODRX_DEFINE_MEMBERS(OdDbAttributeIterator, OdRxObject, "");
+MVDRAWING_DEFINE_OBJECT(OdDbBlockReference, OdDbEntity, "INSERT");
+MVDRAWING_DEFINE_OBJECT(OdDbMInsertBlock, OdDbBlockReference, "INSERT");
+MVDRAWING_DEFINE_CLASS(OdDbAttributeIterator, OdRxObject, "");
 
 const drawing::SubclassLayout& OdDbBlockReference::referenceSubclass(const char* marker) {
   using Self = OdDbBlockReference;
@@ -241,10 +241,10 @@ void OdDbBlockReference::afterClone(const OdDbObject& source, OdDbIdMapping& map
   dropLostSubEntities();
 }
 
-MVDB_SETTER(OdDbMInsertBlock, setColumns, std::int16_t, columns_)
-MVDB_SETTER(OdDbMInsertBlock, setRows, std::int16_t, rows_)
-MVDB_SETTER(OdDbMInsertBlock, setColumnSpacing, double, columnSpacing_)
-MVDB_SETTER(OdDbMInsertBlock, setRowSpacing, double, rowSpacing_)
+MVDRAWING_SETTER(OdDbMInsertBlock, setColumns, std::int16_t, columns_)
+MVDRAWING_SETTER(OdDbMInsertBlock, setRows, std::int16_t, rows_)
+MVDRAWING_SETTER(OdDbMInsertBlock, setColumnSpacing, double, columnSpacing_)
+MVDRAWING_SETTER(OdDbMInsertBlock, setRowSpacing, double, rowSpacing_)
 
 OdResult OdDbMInsertBlock::subTransformBy(const OdGeMatrix3d& matrix) {
   const double before[2] = {scaleX_, scaleY_};

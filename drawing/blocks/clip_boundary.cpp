@@ -10,7 +10,7 @@
 using drawing::field;
 using drawing::getIf;
 
-ODDB_DEFINE_MEMBERS(OdDbSpatialFilter, OdDbObject, "SPATIAL_FILTER");
+MVDRAWING_DEFINE_OBJECT(OdDbSpatialFilter, OdDbObject, "SPATIAL_FILTER");
 
 namespace {
 

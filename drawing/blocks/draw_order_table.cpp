@@ -11,7 +11,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
-ODDB_DEFINE_MEMBERS(OdDbSortentsTable, OdDbObject, "SORTENTSTABLE");
+MVDRAWING_DEFINE_OBJECT(OdDbSortentsTable, OdDbObject, "SORTENTSTABLE");
 
 const drawing::Description& OdDbSortentsTable::ownDescription() {
   static const drawing::Description description(&OdDbObject::ownDescription(),
@@ -45,7 +45,7 @@ void OdDbSortentsTable::writeGroups(const OdDbObject& object, drawing::GroupSink
   }
 }
 
-MVDB_SETTER(OdDbSortentsTable, setBlockId, OdDbObjectId, block_)
+MVDRAWING_SETTER(OdDbSortentsTable, setBlockId, OdDbObjectId, block_)
 
 const OdDbSortentsTable::Positions& OdDbSortentsTable::positions() const {
   if (positions_.get() == nullptr) {

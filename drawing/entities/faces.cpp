@@ -7,10 +7,10 @@
 
 using drawing::field;
 
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbFilledArea, OdDbEntity);
-ODDB_DEFINE_MEMBERS(OdDbSolid, OdDbFilledArea, "SOLID");
-ODDB_DEFINE_MEMBERS(OdDbTrace, OdDbFilledArea, "TRACE");
-ODDB_DEFINE_MEMBERS(OdDbFace, OdDbEntity, "3DFACE");
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbFilledArea, OdDbEntity);
+MVDRAWING_DEFINE_OBJECT(OdDbSolid, OdDbFilledArea, "SOLID");
+MVDRAWING_DEFINE_OBJECT(OdDbTrace, OdDbFilledArea, "TRACE");
+MVDRAWING_DEFINE_OBJECT(OdDbFace, OdDbEntity, "3DFACE");
 
 const drawing::Description& OdDbFilledArea::areaDescription() {
   using Self = OdDbFilledArea;
@@ -51,8 +51,8 @@ const drawing::Description& OdDbFace::ownDescription() {
   return description;
 }
 
-MVDB_SETTER(OdDbFilledArea, setNormal, const OdGeVector3d&, normal_)
-MVDB_SETTER(OdDbFilledArea, setThickness, double, thickness_)
+MVDRAWING_SETTER(OdDbFilledArea, setNormal, const OdGeVector3d&, normal_)
+MVDRAWING_SETTER(OdDbFilledArea, setThickness, double, thickness_)
 
 namespace drawing {
 

@@ -7,7 +7,7 @@
 
 using drawing::field;
 
-ODDB_DEFINE_MEMBERS(OdDbLight, OdDbEntity, "LIGHT");
+MVDRAWING_DEFINE_OBJECT(OdDbLight, OdDbEntity, "LIGHT");
 
 const drawing::Description& OdDbLight::ownDescription() {
   using Self = OdDbLight;
@@ -36,11 +36,11 @@ const drawing::Description& OdDbLight::ownDescription() {
   return description;
 }
 
-MVDB_SETTER(OdDbLight, setName, const OdString&, name_)
-MVDB_SETTER(OdDbLight, setOn, bool, on_)
-MVDB_SETTER(OdDbLight, setIntensity, double, intensity_)
-MVDB_SETTER(OdDbLight, setPosition, const OdGePoint3d&, position_)
-MVDB_SETTER(OdDbLight, setTargetLocation, const OdGePoint3d&, target_)
+MVDRAWING_SETTER(OdDbLight, setName, const OdString&, name_)
+MVDRAWING_SETTER(OdDbLight, setOn, bool, on_)
+MVDRAWING_SETTER(OdDbLight, setIntensity, double, intensity_)
+MVDRAWING_SETTER(OdDbLight, setPosition, const OdGePoint3d&, position_)
+MVDRAWING_SETTER(OdDbLight, setTargetLocation, const OdGePoint3d&, target_)
 
 OdResult OdDbLight::subTransformBy(const OdGeMatrix3d& matrix) {
   if (!matrix.isUniScaledOrtho(OdGeTol(1e-10)))

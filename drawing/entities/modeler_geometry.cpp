@@ -4,25 +4,25 @@
 #include "drawing/records/acds_records.h"
 #include "drawing/records/raw_groups.h"
 
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbModelerGeometry, OdDbEntity);
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbModelerGeometry, OdDbEntity);
 
-#define MVDB_DEFINE_MODELER_KIND(Class, Base, dxfName)                                                                 \
-  ODDB_DEFINE_MEMBERS(Class, Base, dxfName);                                                                           \
+#define MVDRAWING_DEFINE_MODELER_KIND(Class, Base, dxfName)                                                            \
+  MVDRAWING_DEFINE_OBJECT(Class, Base, dxfName);                                                                       \
   const drawing::Description& Class::ownDescription() {                                                                \
     return modelerDescription();                                                                                       \
   }                                                                                                                    \
   static_assert(true)
 
-MVDB_DEFINE_MODELER_KIND(OdDb3dSolid, OdDbModelerGeometry, "3DSOLID");
-MVDB_DEFINE_MODELER_KIND(OdDbRegion, OdDbModelerGeometry, "REGION");
-MVDB_DEFINE_MODELER_KIND(OdDbBody, OdDbModelerGeometry, "BODY");
-MVDB_DEFINE_MODELER_KIND(OdDbSurface, OdDbModelerGeometry, "SURFACE");
-MVDB_DEFINE_MODELER_KIND(OdDbExtrudedSurface, OdDbSurface, "EXTRUDEDSURFACE");
-MVDB_DEFINE_MODELER_KIND(OdDbLoftedSurface, OdDbSurface, "LOFTEDSURFACE");
-MVDB_DEFINE_MODELER_KIND(OdDbPlaneSurface, OdDbSurface, "PLANESURFACE");
-MVDB_DEFINE_MODELER_KIND(OdDbRevolvedSurface, OdDbSurface, "REVOLVEDSURFACE");
-MVDB_DEFINE_MODELER_KIND(OdDbSweptSurface, OdDbSurface, "SWEPTSURFACE");
-MVDB_DEFINE_MODELER_KIND(OdDbNurbSurface, OdDbSurface, "NURBSURFACE");
+MVDRAWING_DEFINE_MODELER_KIND(OdDb3dSolid, OdDbModelerGeometry, "3DSOLID");
+MVDRAWING_DEFINE_MODELER_KIND(OdDbRegion, OdDbModelerGeometry, "REGION");
+MVDRAWING_DEFINE_MODELER_KIND(OdDbBody, OdDbModelerGeometry, "BODY");
+MVDRAWING_DEFINE_MODELER_KIND(OdDbSurface, OdDbModelerGeometry, "SURFACE");
+MVDRAWING_DEFINE_MODELER_KIND(OdDbExtrudedSurface, OdDbSurface, "EXTRUDEDSURFACE");
+MVDRAWING_DEFINE_MODELER_KIND(OdDbLoftedSurface, OdDbSurface, "LOFTEDSURFACE");
+MVDRAWING_DEFINE_MODELER_KIND(OdDbPlaneSurface, OdDbSurface, "PLANESURFACE");
+MVDRAWING_DEFINE_MODELER_KIND(OdDbRevolvedSurface, OdDbSurface, "REVOLVEDSURFACE");
+MVDRAWING_DEFINE_MODELER_KIND(OdDbSweptSurface, OdDbSurface, "SWEPTSURFACE");
+MVDRAWING_DEFINE_MODELER_KIND(OdDbNurbSurface, OdDbSurface, "NURBSURFACE");
 
 const drawing::Description& OdDbModelerGeometry::modelerDescription() {
   static const drawing::Description description(

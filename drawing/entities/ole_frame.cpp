@@ -2,8 +2,8 @@
 
 #include "drawing/records/raw_groups.h"
 
-ODDB_DEFINE_MEMBERS(OdDbOleFrame, OdDbEntity, "OLEFRAME");
-ODDB_DEFINE_MEMBERS(OdDbOle2Frame, OdDbOleFrame, "OLE2FRAME");
+MVDRAWING_DEFINE_OBJECT(OdDbOleFrame, OdDbEntity, "OLEFRAME");
+MVDRAWING_DEFINE_OBJECT(OdDbOle2Frame, OdDbOleFrame, "OLE2FRAME");
 
 const drawing::Description& OdDbOleFrame::ownDescription() {
   static const drawing::Description description(&OdDbEntity::ownDescription(),

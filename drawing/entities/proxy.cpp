@@ -3,8 +3,8 @@
 #include "drawing/model/object_store.h"
 #include "drawing/records/raw_groups.h"
 
-ODDB_DEFINE_MEMBERS(OdDbProxyEntity, OdDbEntity, "ACAD_PROXY_ENTITY");
-ODDB_DEFINE_MEMBERS(OdDbProxyObject, OdDbObject, "ACAD_PROXY_OBJECT");
+MVDRAWING_DEFINE_OBJECT(OdDbProxyEntity, OdDbEntity, "ACAD_PROXY_ENTITY");
+MVDRAWING_DEFINE_OBJECT(OdDbProxyObject, OdDbObject, "ACAD_PROXY_OBJECT");
 
 namespace {
 

@@ -5,9 +5,9 @@
 
 using drawing::field;
 
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbImageBase, OdDbEntity);
-ODDB_DEFINE_MEMBERS(OdDbRasterImage, OdDbImageBase, "IMAGE");
-ODDB_DEFINE_MEMBERS(OdDbWipeout, OdDbImageBase, "WIPEOUT");
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbImageBase, OdDbEntity);
+MVDRAWING_DEFINE_OBJECT(OdDbRasterImage, OdDbImageBase, "IMAGE");
+MVDRAWING_DEFINE_OBJECT(OdDbWipeout, OdDbImageBase, "WIPEOUT");
 
 drawing::SubclassLayout OdDbImageBase::imageSubclass(const char* marker) {
   using Self = OdDbImageBase;
@@ -28,7 +28,7 @@ const drawing::Description& OdDbWipeout::ownDescription() {
   return description;
 }
 
-MVDB_SETTER(OdDbImageBase, setImageSize, const OdGePoint2d&, size_)
+MVDRAWING_SETTER(OdDbImageBase, setImageSize, const OdGePoint2d&, size_)
 
 void OdDbImageBase::getOrientation(OdGePoint3d& origin, OdGeVector3d& u, OdGeVector3d& v) const {
   origin = origin_;

@@ -6,7 +6,7 @@
 
 using drawing::field;
 
-ODDB_DEFINE_MEMBERS(OdDbShape, OdDbEntity, "SHAPE");
+MVDRAWING_DEFINE_OBJECT(OdDbShape, OdDbEntity, "SHAPE");
 
 const drawing::Description& OdDbShape::ownDescription() {
   using Self = OdDbShape;
@@ -20,10 +20,10 @@ const drawing::Description& OdDbShape::ownDescription() {
   return description;
 }
 
-MVDB_SETTER(OdDbShape, setName, const OdString&, name_)
-MVDB_SETTER(OdDbShape, setPosition, const OdGePoint3d&, position_)
-MVDB_SETTER(OdDbShape, setSize, double, size_)
-MVDB_SETTER(OdDbShape, setRotation, double, rotation_)
+MVDRAWING_SETTER(OdDbShape, setName, const OdString&, name_)
+MVDRAWING_SETTER(OdDbShape, setPosition, const OdGePoint3d&, position_)
+MVDRAWING_SETTER(OdDbShape, setSize, double, size_)
+MVDRAWING_SETTER(OdDbShape, setRotation, double, rotation_)
 
 OdResult OdDbShape::subTransformBy(const OdGeMatrix3d& matrix) {
   const drawing::PlaneMap map(matrix, normal_);

@@ -2,7 +2,7 @@
 
 #include "drawing/records/raw_groups.h"
 
-ODDB_DEFINE_MEMBERS(OdDbSubDMesh, OdDbEntity, "MESH");
+MVDRAWING_DEFINE_OBJECT(OdDbSubDMesh, OdDbEntity, "MESH");
 
 const drawing::Description& OdDbSubDMesh::ownDescription() {
   static const drawing::Description description(&OdDbEntity::ownDescription(),

@@ -8,10 +8,10 @@
 
 using drawing::field;
 
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbUnderlayReference, OdDbEntity);
-ODDB_DEFINE_MEMBERS(OdDbPdfReference, OdDbUnderlayReference, "PDFUNDERLAY");
-ODDB_DEFINE_MEMBERS(OdDbDwfReference, OdDbUnderlayReference, "DWFUNDERLAY");
-ODDB_DEFINE_MEMBERS(OdDbDgnReference, OdDbUnderlayReference, "DGNUNDERLAY");
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbUnderlayReference, OdDbEntity);
+MVDRAWING_DEFINE_OBJECT(OdDbPdfReference, OdDbUnderlayReference, "PDFUNDERLAY");
+MVDRAWING_DEFINE_OBJECT(OdDbDwfReference, OdDbUnderlayReference, "DWFUNDERLAY");
+MVDRAWING_DEFINE_OBJECT(OdDbDgnReference, OdDbUnderlayReference, "DGNUNDERLAY");
 
 const drawing::Description& OdDbUnderlayReference::underlayDescription() {
   using Self = OdDbUnderlayReference;
@@ -38,7 +38,7 @@ OdGePoint3d OdDbUnderlayReference::position() const {
   return ocsToWcs(position_, normal_);
 }
 
-MVDB_SETTER_OCS(OdDbUnderlayReference, setPosition, position_)
+MVDRAWING_SETTER_OCS(OdDbUnderlayReference, setPosition, position_)
 
 OdGeMatrix3d OdDbUnderlayReference::transform() const {
   return OdGeMatrix3d::translation(position().asVector()) * OdGeMatrix3d::planeToWorld(normal_) *

@@ -9,8 +9,8 @@
 
 using drawing::field;
 
-ODDB_DEFINE_MEMBERS(OdDbViewport, OdDbEntity, "VIEWPORT");
-ODDB_DEFINE_MEMBERS(OdDbCamera, OdDbEntity, "CAMERA");
+MVDRAWING_DEFINE_OBJECT(OdDbViewport, OdDbEntity, "VIEWPORT");
+MVDRAWING_DEFINE_OBJECT(OdDbCamera, OdDbEntity, "CAMERA");
 
 const drawing::Description& OdDbViewport::ownDescription() {
   using Self = OdDbViewport;
@@ -24,9 +24,9 @@ const drawing::Description& OdDbCamera::ownDescription() {
   return OdDbEntity::ownDescription();
 }
 
-MVDB_SETTER(OdDbViewport, setCenterPoint, const OdGePoint3d&, center_)
-MVDB_SETTER(OdDbViewport, setWidth, double, width_)
-MVDB_SETTER(OdDbViewport, setHeight, double, height_)
+MVDRAWING_SETTER(OdDbViewport, setCenterPoint, const OdGePoint3d&, center_)
+MVDRAWING_SETTER(OdDbViewport, setWidth, double, width_)
+MVDRAWING_SETTER(OdDbViewport, setHeight, double, height_)
 
 OdResult OdDbViewport::getGeomExtents(OdGeExtents3d& extents) const {
   const OdGeVector3d half(width_ / 2, height_ / 2, 0);

@@ -11,8 +11,8 @@
 using drawing::getIf;
 using drawing::WriteScope;
 
-ODDB_DEFINE_MEMBERS(OdDbField, OdDbObject, "FIELD");
-ODDB_DEFINE_MEMBERS(OdDbFieldList, OdDbObject, "FIELDLIST");
+MVDRAWING_DEFINE_OBJECT(OdDbField, OdDbObject, "FIELD");
+MVDRAWING_DEFINE_OBJECT(OdDbFieldList, OdDbObject, "FIELDLIST");
 
 namespace {
 
@@ -124,9 +124,9 @@ void OdDbField::setFieldCode(const OdString& code) {
 
 OdDbObjectId OdDbField::appendChild(OdDbField* child) {
   assertWriteEnabled();
-  if (!isDBRO())
+  if (!isResident())
     throw OdError(eNotInDatabase);
-  const OdDbObjectId id = child->isDBRO() ? child->objectId() : database()->addOdDbObject(child, objectId());
+  const OdDbObjectId id = child->isResident() ? child->objectId() : database()->addOdDbObject(child, objectId());
   children_.push_back(id);
   registerField(*database(), id);
   return id;
@@ -206,7 +206,7 @@ void OdDbField::ownedObjects(std::vector<OdDbObjectId>& ids) const {
 
 void OdDbField::afterClone(const OdDbObject&, OdDbIdMapping&) {
   dropNulls(children_);
-  if (isDBRO())
+  if (isResident())
     registerField(*database(), objectId());
 }
 

@@ -6,7 +6,7 @@
 // An entry of the scale list.
 class MVDRAWING_API OdDbScale : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbScale);
+  MVDRAWING_DECLARE_OBJECT(OdDbScale);
   OdDbScale() = default;
   // Name ("1:2"), its two lengths, and whether it is the scale 1:1. Values are not checked.
   const OdString& scaleName() const { return name_; }
@@ -27,7 +27,7 @@ private:
 // A scale as a value, independent of a drawing.
 class MVDRAWING_API OdDbAnnotationScale : public OdRxObject {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbAnnotationScale);
+  MVDRAWING_DECLARE_CLASS(OdDbAnnotationScale);
   OdDbAnnotationScale() = default;
   // A copy of an entry, or with these values, which are not checked.
   explicit OdDbAnnotationScale(const OdDbScale& entry);

@@ -7,7 +7,7 @@
 // The extension. It has no state and serves all objects of its kinds.
 class MVDRAWING_API OdDbAnnotativeObjectPE : public OdRxObject {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbAnnotativeObjectPE);
+  MVDRAWING_DECLARE_CLASS(OdDbAnnotativeObjectPE);
 
   // Whether the object is annotative; false for null. A block reference is if its definition is.
   virtual bool annotative(OdDbObject* object) const = 0;

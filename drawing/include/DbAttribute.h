@@ -16,7 +16,7 @@ class OdDbXrecord;
 // shapes in the plane of their text.
 class MVDRAWING_API OdDbAttributeBase : public OdDbText {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbAttributeBase);
+  MVDRAWING_DECLARE_CLASS(OdDbAttributeBase);
   // Tag; flags; length of the field in characters (0: not stated); whether the attribute keeps its position in the
   // block. Values are not checked.
   const OdString& tag() const { return tag_; }
@@ -81,7 +81,7 @@ private:
 // An attribute definition in a block. Its position is in block coordinates.
 class MVDRAWING_API OdDbAttributeDefinition : public OdDbAttributeBase {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbAttributeDefinition);
+  MVDRAWING_DECLARE_OBJECT(OdDbAttributeDefinition);
   OdDbAttributeDefinition() = default;
   // Prompt for the value, and further properties; the functions for multiline text are those of the base.
   const OdString& prompt() const { return prompt_; }
@@ -103,7 +103,7 @@ using OdDbAttributeDefinitionPtr = OdSmartPtr<OdDbAttributeDefinition>;
 // An attribute of a block reference. Its position is in the coordinates of the block that contains the reference.
 class MVDRAWING_API OdDbAttribute : public OdDbAttributeBase {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbAttribute);
+  MVDRAWING_DECLARE_OBJECT(OdDbAttribute);
   OdDbAttribute() = default;
 
   // Copies all properties of the definition with its default value, and transforms the attribute by `blockTransform`

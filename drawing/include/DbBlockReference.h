@@ -8,7 +8,7 @@
 // Iterates the attributes of a reference in order of addition; those that are erased when it is created are skipped.
 class MVDRAWING_API OdDbAttributeIterator : public OdRxObject {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbAttributeIterator);
+  MVDRAWING_DECLARE_CLASS(OdDbAttributeIterator);
   // Position: step returns false at the end. The id is null at the end, and the pointer as well if the attribute does
   // not open.
   explicit OdDbAttributeIterator(std::vector<OdDbObjectId> ids = {});
@@ -27,7 +27,7 @@ using OdDbObjectAttributeIteratorPtr = OdSmartPtr<OdDbAttributeIterator>;
 // A reference to a block definition. Accepts every matrix that leaves its axes perpendicular.
 class MVDRAWING_API OdDbBlockReference : public OdDbEntity, public OdDbSequenceOwner {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbBlockReference);
+  MVDRAWING_DECLARE_OBJECT(OdDbBlockReference);
   OdDbBlockReference() = default;
 
   // The definition. Setting throws OdError(eSelfReference) if the block of the reference would contain itself; the id
@@ -93,7 +93,7 @@ using OdDbBlockReferencePtr = OdSmartPtr<OdDbBlockReference>;
 // An array of references in rows and columns.
 class MVDRAWING_API OdDbMInsertBlock : public OdDbBlockReference {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbMInsertBlock);
+  MVDRAWING_DECLARE_OBJECT(OdDbMInsertBlock);
   OdDbMInsertBlock() = default;
   // Numbers of columns and rows (values below 1 count as 1), and their distances in drawing units along the rotated x
   // and y axes of the reference, without its scale.

@@ -19,7 +19,7 @@ MVDRAWING_API extern const OdString paperSpaceStr;
 // The table of block definitions, model and paper space included.
 class MVDRAWING_API OdDbBlockTable : public OdDbSymbolTable {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbBlockTable);
+  MVDRAWING_DECLARE_OBJECT(OdDbBlockTable);
   OdDbBlockTable() { setKind(OdDb::kBlockTable); } // without records
 
   // The spaces of a resident table; null if there is none.
@@ -32,7 +32,7 @@ using OdDbBlockTablePtr = OdSmartPtr<OdDbBlockTable>;
 // refers to the block by id and is done if the block no longer exists.
 class MVDRAWING_API OdDbObjectIterator : public OdRxObject {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbObjectIterator);
+  MVDRAWING_DECLARE_CLASS(OdDbObjectIterator);
   // Position: start goes to the first entity, step to the next (false at the end); their arguments have no effect. The
   // id is null at the end.
   OdDbObjectIterator(OdDbObjectId block = OdDbObjectId(), bool skipErased = true) : iterator_(block, skipErased) {}
@@ -54,7 +54,7 @@ using OdDbObjectIteratorPtr = OdSmartPtr<OdDbObjectIterator>;
 // A block definition: an ordinary block, model or paper space, or an external reference. It owns its entities.
 class MVDRAWING_API OdDbBlockTableRecord : public OdDbSymbolTableRecord {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbBlockTableRecord);
+  MVDRAWING_DECLARE_OBJECT(OdDbBlockTableRecord);
   OdDbBlockTableRecord() = default;
 
   // Whether references may be scaled differently along their axes.
@@ -187,13 +187,13 @@ private:
 // The BLOCK entity before the contents of a block.
 class MVDRAWING_API OdDbBlockBegin : public OdDbEntity {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbBlockBegin);
+  MVDRAWING_DECLARE_OBJECT(OdDbBlockBegin);
   OdDbBlockBegin() = default;
 };
 
 // The ENDBLK entity after the contents of a block.
 class MVDRAWING_API OdDbBlockEnd : public OdDbEntity {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbBlockEnd);
+  MVDRAWING_DECLARE_OBJECT(OdDbBlockEnd);
   OdDbBlockEnd() = default;
 };

@@ -8,7 +8,7 @@
 // Base class of curves.
 class MVDRAWING_API OdDbCurve : public OdDbEntity {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbCurve);
+  MVDRAWING_DECLARE_CLASS(OdDbCurve);
 
 protected:
   OdDbCurve() = default;
@@ -18,7 +18,7 @@ using OdDbCurvePtr = OdSmartPtr<OdDbCurve>;
 // A line segment. Accepts every invertible matrix.
 class MVDRAWING_API OdDbLine : public OdDbCurve {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbLine);
+  MVDRAWING_DECLARE_OBJECT(OdDbLine);
   OdDbLine() = default;
   // End points, and extrusion by the thickness (negative: against the normal) along the normal (unit length).
   OdGePoint3d startPoint() const { return start_; }
@@ -46,7 +46,7 @@ using OdDbLinePtr = OdSmartPtr<OdDbLine>;
 // A point; PDMODE decides its symbol. Accepts every invertible matrix.
 class MVDRAWING_API OdDbPoint : public OdDbEntity {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbPoint);
+  MVDRAWING_DECLARE_OBJECT(OdDbPoint);
   OdDbPoint() = default;
   // Position, and extrusion by the thickness (negative: against the normal) along the normal (unit length).
   OdGePoint3d position() const { return position_; }
@@ -77,7 +77,7 @@ using OdDbPointPtr = OdSmartPtr<OdDbPoint>;
 // refused, as no entity has an elliptic outline and a thickness.
 class MVDRAWING_API OdDbRoundCurve : public OdDbCurve {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbRoundCurve);
+  MVDRAWING_DECLARE_CLASS(OdDbRoundCurve);
   // Centre, normal of the plane (unit length), radius, and extrusion along the normal. Setting the normal keeps the OCS
   // coordinates of the centre, so it moves the centre in the world; set the centre afterwards.
   OdGePoint3d center() const;
@@ -106,7 +106,7 @@ protected:
 // A circle.
 class MVDRAWING_API OdDbCircle : public OdDbRoundCurve {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbCircle);
+  MVDRAWING_DECLARE_OBJECT(OdDbCircle);
   OdDbCircle() = default;
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
@@ -120,7 +120,7 @@ using OdDbCirclePtr = OdSmartPtr<OdDbCircle>;
 // equal.
 class MVDRAWING_API OdDbArc : public OdDbRoundCurve {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbArc);
+  MVDRAWING_DECLARE_OBJECT(OdDbArc);
   OdDbArc() = default;
   // Angles against the OCS x axis, and the points there.
   double startAngle() const { return startAngle_; }
@@ -145,7 +145,7 @@ using OdDbArcPtr = OdSmartPtr<OdDbArc>;
 // matrix.
 class MVDRAWING_API OdDbEllipse : public OdDbCurve {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbEllipse);
+  MVDRAWING_DECLARE_OBJECT(OdDbEllipse);
   OdDbEllipse() = default;
   // Centre, axes from there to the outline, unit normal, length of the minor axis divided by that of the major axis,
   // and range of the parameter in radians. The minor axis follows from the others.
@@ -185,7 +185,7 @@ using OdDbEllipsePtr = OdSmartPtr<OdDbEllipse>;
 // Common base of rays and construction lines. They accept every invertible matrix and have no extents.
 class MVDRAWING_API OdDbUnboundedLine : public OdDbCurve {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbUnboundedLine);
+  MVDRAWING_DECLARE_CLASS(OdDbUnboundedLine);
   // A point of the line (of a ray, its start), and the direction, which setUnitDir normalises.
   OdGePoint3d basePoint() const { return base_; }
   void setBasePoint(const OdGePoint3d& value);
@@ -205,7 +205,7 @@ private:
 // A ray: infinite in one direction.
 class MVDRAWING_API OdDbRay : public OdDbUnboundedLine {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbRay);
+  MVDRAWING_DECLARE_OBJECT(OdDbRay);
   OdDbRay() = default;
 };
 using OdDbRayPtr = OdSmartPtr<OdDbRay>;
@@ -213,7 +213,7 @@ using OdDbRayPtr = OdSmartPtr<OdDbRay>;
 // A construction line: infinite in both directions.
 class MVDRAWING_API OdDbXline : public OdDbUnboundedLine {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbXline);
+  MVDRAWING_DECLARE_OBJECT(OdDbXline);
   OdDbXline() = default;
 };
 using OdDbXlinePtr = OdSmartPtr<OdDbXline>;

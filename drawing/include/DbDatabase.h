@@ -47,7 +47,7 @@ struct OpaqueSection {
 // its objects, and its ids do not open any more.
 class MVDRAWING_API OdDbDatabase : public OdRxObject {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbDatabase);
+  MVDRAWING_DECLARE_CLASS(OdDbDatabase);
   ~OdDbDatabase() override;
 
   // create: a drawing with the mandatory contents of every drawing, in millimetres: symbol tables with their standard

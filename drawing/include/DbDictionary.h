@@ -14,7 +14,7 @@ using OdDbDictionaryPtr = OdSmartPtr<OdDbDictionary>;
 // A dictionary: objects by name. Names are found without regard to case.
 class MVDRAWING_API OdDbDictionary : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbDictionary);
+  MVDRAWING_DECLARE_OBJECT(OdDbDictionary);
   OdDbDictionary() = default;
 
   // A name and its object.
@@ -69,7 +69,7 @@ private:
 // A dictionary with a default object for names that it does not contain.
 class MVDRAWING_API OdDbDictionaryWithDefault : public OdDbDictionary {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbDictionaryWithDefault);
+  MVDRAWING_DECLARE_OBJECT(OdDbDictionaryWithDefault);
   OdDbDictionaryWithDefault() = default;
   OdDbObjectId defaultId() const { return default_; } // getAt does not return it
 
@@ -80,7 +80,7 @@ private:
 // A list of groups as an object.
 class MVDRAWING_API OdDbXrecord : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbXrecord);
+  MVDRAWING_DECLARE_OBJECT(OdDbXrecord);
   OdDbXrecord() = default;
   // The groups as a chain of values, null if there are none; setting copies the chain, null removes all groups.
   OdResBufPtr rbChain() const;
@@ -102,7 +102,7 @@ using OdDbXrecordPtr = OdSmartPtr<OdDbXrecord>;
 // A variable that is stored in the dictionary of variables instead of the header.
 class MVDRAWING_API OdDbDictionaryVar : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbDictionaryVar);
+  MVDRAWING_DECLARE_OBJECT(OdDbDictionaryVar);
   OdDbDictionaryVar() = default;
   // Value as text.
   const OdString& value() const { return value_; }
@@ -117,7 +117,7 @@ private:
 // single variables.
 class MVDRAWING_API OdDbHeader : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbHeader);
+  MVDRAWING_DECLARE_OBJECT(OdDbHeader);
   OdDbHeader() = default;
   // A header variable.
   struct Variable {

@@ -7,7 +7,7 @@
 // with the objects that the point is on; their groups are stored in file order.
 class MVDRAWING_API OdDbDimAssoc : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbDimAssoc);
+  MVDRAWING_DECLARE_OBJECT(OdDbDimAssoc);
   OdDbDimAssoc() = default;
 
   // Values as in files: dimension; bits 1, 2, 4, 8 for the points that are associated; whether the dimension is in

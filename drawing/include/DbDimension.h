@@ -15,7 +15,7 @@ class PlaneMap;
 // Base class of dimensions.
 class MVDRAWING_API OdDbDimension : public OdDbEntity {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbDimension);
+  MVDRAWING_DECLARE_CLASS(OdDbDimension);
   // Dimension block, null if there is none; dimension style; text, which is the measurement if it is empty ("<>" in it
   // is replaced by the measurement).
   OdDbObjectId dimBlockId() const { return block_; }
@@ -79,7 +79,7 @@ using OdDbDimensionPtr = OdSmartPtr<OdDbDimension>;
 // Common base of aligned and rotated dimensions.
 class MVDRAWING_API OdDbLinearDimension : public OdDbDimension {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbLinearDimension);
+  MVDRAWING_DECLARE_CLASS(OdDbLinearDimension);
   // Origins of the extension lines, a point of the dimension line, and the angle of the extension lines against the
   // dimension line (0: perpendicular).
   OdGePoint3d xLine1Point() const { return first_; }
@@ -105,7 +105,7 @@ protected:
 // Measures the distance of two points.
 class MVDRAWING_API OdDbAlignedDimension : public OdDbLinearDimension {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbAlignedDimension);
+  MVDRAWING_DECLARE_OBJECT(OdDbAlignedDimension);
   OdDbAlignedDimension() : OdDbLinearDimension(1) {} // all points at the origin
 };
 using OdDbAlignedDimensionPtr = OdSmartPtr<OdDbAlignedDimension>;
@@ -113,7 +113,7 @@ using OdDbAlignedDimensionPtr = OdSmartPtr<OdDbAlignedDimension>;
 // Measures the distance of two points along a direction.
 class MVDRAWING_API OdDbRotatedDimension : public OdDbLinearDimension {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbRotatedDimension);
+  MVDRAWING_DECLARE_OBJECT(OdDbRotatedDimension);
   OdDbRotatedDimension() : OdDbLinearDimension(0) {} // all points at the origin, horizontal
   // Angle of the dimension line against the OCS x axis.
   double rotation() const { return rotation_; }
@@ -130,7 +130,7 @@ using OdDbRotatedDimensionPtr = OdSmartPtr<OdDbRotatedDimension>;
 // Common base of angular dimensions. The comments give the DXF group codes of the points.
 class MVDRAWING_API OdDbAngularDimension : public OdDbDimension {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbAngularDimension);
+  MVDRAWING_DECLARE_CLASS(OdDbAngularDimension);
   // Three points: 13 and 14 are the ends of the sides, 15 the vertex, 10 a point of the dimension arc. Two lines: 13
   // and 14 are the ends of the first line, 15 and 10 those of the second, 16 a point of the dimension arc.
   OdGePoint3d definitionPoint() const { return definition_; } // group 10
@@ -160,14 +160,14 @@ private:
 // Measures the angle between two lines.
 class MVDRAWING_API OdDb2LineAngularDimension : public OdDbAngularDimension {
 public:
-  ODDB_DECLARE_MEMBERS(OdDb2LineAngularDimension);
+  MVDRAWING_DECLARE_OBJECT(OdDb2LineAngularDimension);
   OdDb2LineAngularDimension() : OdDbAngularDimension(2) {} // all points at the origin
 };
 
 // Measures the angle at a vertex.
 class MVDRAWING_API OdDb3PointAngularDimension : public OdDbAngularDimension {
 public:
-  ODDB_DECLARE_MEMBERS(OdDb3PointAngularDimension);
+  MVDRAWING_DECLARE_OBJECT(OdDb3PointAngularDimension);
   OdDb3PointAngularDimension() : OdDbAngularDimension(5) {} // all points at the origin
 };
 
@@ -175,7 +175,7 @@ public:
 // circle. Diameter: both are on the circle, opposite to each other.
 class MVDRAWING_API OdDbRoundDimension : public OdDbDimension {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbRoundDimension);
+  MVDRAWING_DECLARE_CLASS(OdDbRoundDimension);
   // The points, and the length of the leader beyond the chord point.
   OdGePoint3d definitionPoint() const { return definition_; }
   OdGePoint3d chordPoint() const { return chord_; }
@@ -199,21 +199,21 @@ private:
 // Measures a radius.
 class MVDRAWING_API OdDbRadialDimension : public OdDbRoundDimension {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbRadialDimension);
+  MVDRAWING_DECLARE_OBJECT(OdDbRadialDimension);
   OdDbRadialDimension() : OdDbRoundDimension(4) {} // all points at the origin
 };
 
 // Measures a diameter.
 class MVDRAWING_API OdDbDiametricDimension : public OdDbRoundDimension {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbDiametricDimension);
+  MVDRAWING_DECLARE_OBJECT(OdDbDiametricDimension);
   OdDbDiametricDimension() : OdDbRoundDimension(3) {} // all points at the origin
 };
 
 // Measures the x or y distance of a feature from an origin.
 class MVDRAWING_API OdDbOrdinateDimension : public OdDbDimension {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbOrdinateDimension);
+  MVDRAWING_DECLARE_OBJECT(OdDbOrdinateDimension);
   OdDbOrdinateDimension() : OdDbDimension(6) {} // all points at the origin, measuring y
   // Origin, feature, end of the leader, and whether x is measured.
   OdGePoint3d origin() const { return definition_; }
@@ -234,7 +234,7 @@ private:
 // Measures the length of an arc.
 class MVDRAWING_API OdDbArcDimension : public OdDbDimension {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbArcDimension);
+  MVDRAWING_DECLARE_OBJECT(OdDbArcDimension);
   OdDbArcDimension() : OdDbDimension(5) {} // all points at the origin
   // A point of the dimension arc, the ends of the arc, and its centre.
   OdGePoint3d arcPoint() const { return definition_; }
@@ -255,7 +255,7 @@ private:
 // Measures the radius of a large arc, with a jog and a replaced centre.
 class MVDRAWING_API OdDbRadialDimensionLarge : public OdDbDimension {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbRadialDimensionLarge);
+  MVDRAWING_DECLARE_OBJECT(OdDbRadialDimensionLarge);
   OdDbRadialDimensionLarge() : OdDbDimension(4) {} // all points at the origin
   // Centre, point where the dimension line begins instead, middle of the jog, point of the arc, angle of the jog.
   OdGePoint3d center() const { return definition_; }

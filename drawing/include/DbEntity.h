@@ -21,7 +21,7 @@ struct OdCmColor {
 // have extents; their headers state both.
 class MVDRAWING_API OdDbEntity : public OdDbObject {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbEntity);
+  MVDRAWING_DECLARE_CLASS(OdDbEntity);
   static const drawing::Description& ownDescription(); // the groups that all entities have
   const drawing::Description& description() const override;
 

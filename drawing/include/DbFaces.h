@@ -24,7 +24,7 @@ struct Corners {
 // 0, 1, 3, 2. Accepts every invertible matrix, with a thickness only one that does not tilt it.
 class MVDRAWING_API OdDbFilledArea : public OdDbEntity {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbFilledArea);
+  MVDRAWING_DECLARE_CLASS(OdDbFilledArea);
   // Corners in world coordinates; throw OdError(eInvalidIndex) unless the index is 0 to 3.
   OdGePoint3d getPointAt(int index) const;
   void setPointAt(int index, const OdGePoint3d& point);
@@ -50,7 +50,7 @@ private:
 // A SOLID entity.
 class MVDRAWING_API OdDbSolid : public OdDbFilledArea {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbSolid);
+  MVDRAWING_DECLARE_OBJECT(OdDbSolid);
   OdDbSolid() = default;
 };
 using OdDbSolidPtr = OdSmartPtr<OdDbSolid>;
@@ -58,7 +58,7 @@ using OdDbSolidPtr = OdSmartPtr<OdDbSolid>;
 // A TRACE entity.
 class MVDRAWING_API OdDbTrace : public OdDbFilledArea {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbTrace);
+  MVDRAWING_DECLARE_OBJECT(OdDbTrace);
   OdDbTrace() = default;
 };
 using OdDbTracePtr = OdSmartPtr<OdDbTrace>;
@@ -66,7 +66,7 @@ using OdDbTracePtr = OdSmartPtr<OdDbTrace>;
 // A 3DFACE entity: a face in space. Accepts every invertible matrix.
 class MVDRAWING_API OdDbFace : public OdDbEntity {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbFace);
+  MVDRAWING_DECLARE_OBJECT(OdDbFace);
   OdDbFace() = default;
   // Corners in world coordinates; throw OdError(eInvalidIndex) unless the index is 0 to 3.
   OdGePoint3d getVertexAt(int index) const;

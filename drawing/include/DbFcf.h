@@ -7,7 +7,7 @@
 // A feature control frame. Points and vectors are world coordinates.
 class MVDRAWING_API OdDbFcf : public OdDbEntity {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbFcf);
+  MVDRAWING_DECLARE_OBJECT(OdDbFcf);
   OdDbFcf() = default;
   // Text with its codes; %%v separates the cells.
   const OdString& text() const { return text_; }

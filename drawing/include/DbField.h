@@ -15,7 +15,7 @@ using OdDbFieldPtr = OdSmartPtr<OdDbField>;
 // A field. It belongs to the object whose text it computes, or to another field.
 class MVDRAWING_API OdDbField : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbField);
+  MVDRAWING_DECLARE_OBJECT(OdDbField);
   OdDbField() = default;
 
   // Name of the evaluator ("_text" for a text that contains fields), and the code.
@@ -81,7 +81,7 @@ private:
 // The list of all fields of a drawing.
 class MVDRAWING_API OdDbFieldList : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbFieldList);
+  MVDRAWING_DECLARE_OBJECT(OdDbFieldList);
   OdDbFieldList() = default;
   // Fields in order of addition without duplicates, erased ones included.
   const std::vector<OdDbObjectId>& fieldIds() const { return ids_; }

@@ -8,7 +8,7 @@
 // A group.
 class MVDRAWING_API OdDbGroup : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbGroup);
+  MVDRAWING_DECLARE_OBJECT(OdDbGroup);
   OdDbGroup() = default;
   // Key of its dictionary entry, empty if it has none; description; whether the name was generated; whether selecting
   // one entity selects all.

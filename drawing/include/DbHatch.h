@@ -7,7 +7,7 @@
 // A hatch or a gradient. Boundary coordinates are in the OCS of its normal at its elevation.
 class MVDRAWING_API OdDbHatch : public OdDbEntity {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbHatch);
+  MVDRAWING_DECLARE_OBJECT(OdDbHatch);
   OdDbHatch() = default;
 
   // Values as in files; empty, false or 0 when the file does not state them. An associative hatch follows its boundary
@@ -48,7 +48,7 @@ using OdDbHatchPtr = OdSmartPtr<OdDbHatch>;
 // A boundary of polylines that is drawn, and filled by a pattern.
 class MVDRAWING_API OdDbMPolygon : public OdDbHatch {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbMPolygon);
+  MVDRAWING_DECLARE_OBJECT(OdDbMPolygon);
   OdDbMPolygon() = default;
   // Files use other groups for these than in a hatch.
   bool isSolidFill() const { return integerOf(71) != 0; }

@@ -6,7 +6,7 @@
 // A helix. Accepts matrices that scale all axes alike; under any other matrix a resident helix becomes a spline.
 class MVDRAWING_API OdDbHelix : public OdDbSpline {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbHelix);
+  MVDRAWING_DECLARE_OBJECT(OdDbHelix);
   OdDbHelix() = default;
   // Parameters: centre of the base, direction of the axis (unit length) and start of the curve in world coordinates;
   // radius at the top, height of a turn and total height in drawing units. The spline is not derived from them.

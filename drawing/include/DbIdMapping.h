@@ -29,7 +29,7 @@ private:
 // A mapping: pairs in order of cloning, found by key. The drawings are not owned.
 class MVDRAWING_API OdDbIdMapping : public OdRxObject {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbIdMapping);
+  MVDRAWING_DECLARE_CLASS(OdDbIdMapping);
   OdDbIdMapping() = default;
 
   // Target and source drawing and treatment of records of the same name, set by the operation.

@@ -7,7 +7,7 @@
 // An image file.
 class MVDRAWING_API OdDbRasterImageDef : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbRasterImageDef);
+  MVDRAWING_DECLARE_OBJECT(OdDbRasterImageDef);
   OdDbRasterImageDef() = default;
   // Path as the drawing stores it: absolute, relative, or only a name.
   const OdString& sourceFileName() const { return file_; }
@@ -29,7 +29,7 @@ using OdDbRasterImageDefPtr = OdSmartPtr<OdDbRasterImageDef>;
 // Reactor between an image entity, which owns it, and its definition.
 class MVDRAWING_API OdDbRasterImageDefReactor : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbRasterImageDefReactor);
+  MVDRAWING_DECLARE_OBJECT(OdDbRasterImageDefReactor);
   OdDbRasterImageDefReactor() = default;
   OdDbObjectId imageId() const { return image_; } // the image entity
 
@@ -41,7 +41,7 @@ private:
 // Display settings of the images of a drawing.
 class MVDRAWING_API OdDbRasterVariables : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbRasterVariables);
+  MVDRAWING_DECLARE_OBJECT(OdDbRasterVariables);
   OdDbRasterVariables() = default;
   // Whether frames are displayed; quality (0 draft, 1 high); unit of images that have a resolution.
   bool imageFrame() const { return frame_ != 0; }
@@ -57,7 +57,7 @@ private:
 // Display settings of the wipeouts of a drawing.
 class MVDRAWING_API OdDbWipeoutVariables : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbWipeoutVariables);
+  MVDRAWING_DECLARE_OBJECT(OdDbWipeoutVariables);
   OdDbWipeoutVariables() = default;
   // Whether frames are displayed.
   bool showFrame() const { return frame_ != 0; }
@@ -70,7 +70,7 @@ private:
 // Common base of underlay definitions: a file of pages, and one of its pages.
 class MVDRAWING_API OdDbUnderlayDefinition : public OdDbObject {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbUnderlayDefinition);
+  MVDRAWING_DECLARE_CLASS(OdDbUnderlayDefinition);
   // Path as the drawing stores it, and name of the page.
   const OdString& sourceFileName() const { return file_; }
   void setSourceFileName(const OdString& value);
@@ -88,27 +88,27 @@ using OdDbUnderlayDefinitionPtr = OdSmartPtr<OdDbUnderlayDefinition>;
 // A PDF file.
 class MVDRAWING_API OdDbPdfDefinition : public OdDbUnderlayDefinition {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbPdfDefinition);
+  MVDRAWING_DECLARE_OBJECT(OdDbPdfDefinition);
   OdDbPdfDefinition() = default;
 };
 
 // A DWF file.
 class MVDRAWING_API OdDbDwfDefinition : public OdDbUnderlayDefinition {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbDwfDefinition);
+  MVDRAWING_DECLARE_OBJECT(OdDbDwfDefinition);
   OdDbDwfDefinition() = default;
 };
 
 // A DGN file.
 class MVDRAWING_API OdDbDgnDefinition : public OdDbUnderlayDefinition {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbDgnDefinition);
+  MVDRAWING_DECLARE_OBJECT(OdDbDgnDefinition);
   OdDbDgnDefinition() = default;
 };
 
 // An object without properties that occupies a name in a dictionary.
 class MVDRAWING_API OdDbPlaceHolder : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbPlaceHolder);
+  MVDRAWING_DECLARE_OBJECT(OdDbPlaceHolder);
   OdDbPlaceHolder() = default;
 };

@@ -9,7 +9,7 @@
 // Plot settings of a layout. Apart from the name they are preserved as groups of the file.
 class MVDRAWING_API OdDbPlotSettings : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbPlotSettings);
+  MVDRAWING_DECLARE_OBJECT(OdDbPlotSettings);
   OdDbPlotSettings() = default;
   const OdString& plotSettingsName() const { return pageName_; } // name of the page setup, often empty
 
@@ -20,7 +20,7 @@ protected:
 // A layout: model space, or a paper space layout, with the block that contains its entities.
 class MVDRAWING_API OdDbLayout : public OdDbPlotSettings {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbLayout);
+  MVDRAWING_DECLARE_OBJECT(OdDbLayout);
   OdDbLayout() = default;
   // Name of the tab; position of the tab (model space has 0); block; insertion base point in coordinates of the layout.
   // Values are not checked, and setters change the layout only: the dictionary of layouts and the block refer to it as

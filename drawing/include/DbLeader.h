@@ -9,7 +9,7 @@
 // open for write throws OdError(eNotOpenForWrite).
 class MVDRAWING_API OdDbLeader : public OdDbCurve {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbLeader);
+  MVDRAWING_DECLARE_OBJECT(OdDbLeader);
   OdDbLeader() = default;
 
   // Points of the line. vertexAt throws OdError(eInvalidIndex) unless 0 <= index < numVertices(); appendVertex does not

@@ -7,7 +7,7 @@
 // A light. Points are world coordinates, angles radians. Setters store the value unchecked.
 class MVDRAWING_API OdDbLight : public OdDbEntity {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbLight);
+  MVDRAWING_DECLARE_OBJECT(OdDbLight);
   OdDbLight() = default;
   // Kind of light; values as in files (group 70).
   enum LightType : std::int16_t { kDistantLight = 1, kPointLight = 2, kSpotLight = 3 };

@@ -11,7 +11,7 @@
 // read as 0, empty text or null unless stated otherwise.
 class MVDRAWING_API OdDbMLeader : public OdDbEntity {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbMLeader);
+  MVDRAWING_DECLARE_OBJECT(OdDbMLeader);
   OdDbMLeader() = default;
 
   // Kind of content; values as in files (group 172).

@@ -11,7 +11,7 @@ using OdDbMTextPtr = OdSmartPtr<OdDbMText>;
 // OdError(eNotOpenForWrite) for a resident entity that is not open for write, and store the value unchecked.
 class MVDRAWING_API OdDbMText : public OdDbEntity {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbMText);
+  MVDRAWING_DECLARE_OBJECT(OdDbMText);
   OdDbMText() = default;
 
   // Point of the text box that is at the location; values as in files (group 71).

@@ -8,7 +8,7 @@
 // A multiline. Points and vectors are world coordinates, lengths drawing units.
 class MVDRAWING_API OdDbMline : public OdDbCurve {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbMline);
+  MVDRAWING_DECLARE_OBJECT(OdDbMline);
   OdDbMline() = default;
 
   // One of the parallel lines at a vertex: its distance along the mitre, then alternately the ends and starts of its

@@ -7,7 +7,7 @@
 // Common base. Accepts only the identity matrix, as the data of the modeler is not interpreted; has no extents.
 class MVDRAWING_API OdDbModelerGeometry : public OdDbEntity {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbModelerGeometry);
+  MVDRAWING_DECLARE_CLASS(OdDbModelerGeometry);
   // Whether the data is text in the entity.
   bool hasTextBody() const;
   // That text in the form of the file, each line with '\n'; empty if there is none.
@@ -28,24 +28,24 @@ protected:
 };
 
 // Declares a kind without further members.
-#define MVDB_DECLARE_MODELER_KIND(Class, Base)                                                                         \
+#define MVDRAWING_DECLARE_MODELER_KIND(Class, Base)                                                                    \
   class MVDRAWING_API Class : public Base {                                                                            \
   public:                                                                                                              \
-    ODDB_DECLARE_MEMBERS(Class);                                                                                       \
+    MVDRAWING_DECLARE_OBJECT(Class);                                                                                   \
     Class() = default;                                                                                                 \
   };                                                                                                                   \
   using Class##Ptr = OdSmartPtr<Class>
 
 // The kinds.
-MVDB_DECLARE_MODELER_KIND(OdDb3dSolid, OdDbModelerGeometry);
-MVDB_DECLARE_MODELER_KIND(OdDbRegion, OdDbModelerGeometry);
-MVDB_DECLARE_MODELER_KIND(OdDbBody, OdDbModelerGeometry);
-MVDB_DECLARE_MODELER_KIND(OdDbSurface, OdDbModelerGeometry);
-MVDB_DECLARE_MODELER_KIND(OdDbExtrudedSurface, OdDbSurface);
-MVDB_DECLARE_MODELER_KIND(OdDbLoftedSurface, OdDbSurface);
-MVDB_DECLARE_MODELER_KIND(OdDbPlaneSurface, OdDbSurface);
-MVDB_DECLARE_MODELER_KIND(OdDbRevolvedSurface, OdDbSurface);
-MVDB_DECLARE_MODELER_KIND(OdDbSweptSurface, OdDbSurface);
-MVDB_DECLARE_MODELER_KIND(OdDbNurbSurface, OdDbSurface);
+MVDRAWING_DECLARE_MODELER_KIND(OdDb3dSolid, OdDbModelerGeometry);
+MVDRAWING_DECLARE_MODELER_KIND(OdDbRegion, OdDbModelerGeometry);
+MVDRAWING_DECLARE_MODELER_KIND(OdDbBody, OdDbModelerGeometry);
+MVDRAWING_DECLARE_MODELER_KIND(OdDbSurface, OdDbModelerGeometry);
+MVDRAWING_DECLARE_MODELER_KIND(OdDbExtrudedSurface, OdDbSurface);
+MVDRAWING_DECLARE_MODELER_KIND(OdDbLoftedSurface, OdDbSurface);
+MVDRAWING_DECLARE_MODELER_KIND(OdDbPlaneSurface, OdDbSurface);
+MVDRAWING_DECLARE_MODELER_KIND(OdDbRevolvedSurface, OdDbSurface);
+MVDRAWING_DECLARE_MODELER_KIND(OdDbSweptSurface, OdDbSurface);
+MVDRAWING_DECLARE_MODELER_KIND(OdDbNurbSurface, OdDbSurface);
 
-#undef MVDB_DECLARE_MODELER_KIND
+#undef MVDRAWING_DECLARE_MODELER_KIND

@@ -29,16 +29,16 @@ class WriteScope;
 } // namespace drawing
 
 // Declares what every class of database objects that can be created has, in the class body.
-#define ODDB_DECLARE_MEMBERS(Class)                                                                                    \
-  ODRX_DECLARE_MEMBERS(Class);                                                                                         \
+#define MVDRAWING_DECLARE_OBJECT(Class)                                                                                \
+  MVDRAWING_DECLARE_CLASS(Class);                                                                                      \
   OdDbObject* makeCopy() const override;                                                                               \
   void assignState(const OdDbObject& other) override;                                                                  \
   static const drawing::Description& ownDescription();                                                                 \
   const drawing::Description& description() const override
 
 // Defines those members in a source file. `dxfName`: its entity or record name in DXF files.
-#define ODDB_DEFINE_MEMBERS(Class, Base, dxfName)                                                                      \
-  ODRX_DEFINE_MEMBERS(Class, Base, dxfName);                                                                           \
+#define MVDRAWING_DEFINE_OBJECT(Class, Base, dxfName)                                                                  \
+  MVDRAWING_DEFINE_CLASS(Class, Base, dxfName);                                                                        \
   OdDbObject* Class::makeCopy() const {                                                                                \
     return new Class(*this);                                                                                           \
   }                                                                                                                    \
@@ -54,7 +54,7 @@ class WriteScope;
 // OdError(eNotOpenForWrite) otherwise. Free objects may always be changed.
 class MVDRAWING_API OdDbObject : public OdRxObject {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbObject);
+  MVDRAWING_DECLARE_CLASS(OdDbObject);
   ~OdDbObject() override;
 
   // Identity. The ids are null, the handle 0 and the database null for a free object; the owner is null for objects
@@ -65,7 +65,7 @@ public:
   void setOwnerId(OdDbObjectId owner);
   OdDbDatabase* database() const;
   OdDbHandle getDbHandle() const { return id_.getHandle(); }
-  bool isDBRO() const { return !id_.isNull(); }
+  bool isResident() const { return !id_.isNull(); }
 
   bool isErased() const { return erased_; } // an erased object keeps its id and can be unerased
   // Erases the object and what it owns, or unerases them. Returns eWasErased if it is in that state already, and
@@ -78,7 +78,7 @@ public:
   // entity on a locked layer. assertWriteEnabled throws OdError(eNotOpenForWrite), else records the state for undo;
   // every change has to be preceded by it. A free object is always enabled.
   bool isReadEnabled() const { return true; }
-  bool isWriteEnabled() const { return !isDBRO() || writable_; }
+  bool isWriteEnabled() const { return !isResident() || writable_; }
   void upgradeOpen();
   void downgradeOpen();
   void assertWriteEnabled();
@@ -182,7 +182,7 @@ private:
 // code calls for has a meaning (groupKindOf); the code is not checked. Owned by its counted pointers.
 class MVDRAWING_API OdResBuf : public OdRxObject {
 public:
-  ODRX_DECLARE_MEMBERS(OdResBuf);
+  MVDRAWING_DECLARE_CLASS(OdResBuf);
   // A new chain of one value with that group code.
   static OdResBufPtr newRb(int restype);
   static OdResBufPtr newRb(int restype, const OdString& text);

@@ -6,7 +6,7 @@
 // An OLE 1 object. Accepts only the identity matrix: the bytes contain the position a second time.
 class MVDRAWING_API OdDbOleFrame : public OdDbEntity {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbOleFrame);
+  MVDRAWING_DECLARE_OBJECT(OdDbOleFrame);
   OdDbOleFrame() = default;
   // Its bytes, and all groups in file order.
   std::string getOleObject() const;
@@ -21,7 +21,7 @@ protected:
 // An OLE 2 object.
 class MVDRAWING_API OdDbOle2Frame : public OdDbOleFrame {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbOle2Frame);
+  MVDRAWING_DECLARE_OBJECT(OdDbOle2Frame);
   OdDbOle2Frame() = default;
   // Name of its kind for people, and corners in world coordinates.
   OdString getUserType() const;

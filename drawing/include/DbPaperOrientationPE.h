@@ -8,7 +8,7 @@
 // The extension. It has no state and serves all objects of its kinds.
 class MVDRAWING_API OdDbPaperOrientationPE : public OdRxObject {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbPaperOrientationPE);
+  MVDRAWING_DECLARE_CLASS(OdDbPaperOrientationPE);
 
   // Whether the object matches the orientation; false for null.
   virtual bool paperOrientation(OdDbObject* object) const = 0;

@@ -9,7 +9,7 @@
 // A lightweight polyline (LWPOLYLINE). Setters store the value unchecked.
 class MVDRAWING_API OdDbPolyline : public OdDbCurve {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbPolyline);
+  MVDRAWING_DECLARE_OBJECT(OdDbPolyline);
   OdDbPolyline() = default;
 
   // A vertex, and the segment to the next one.

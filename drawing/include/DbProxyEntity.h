@@ -7,7 +7,7 @@
 // A proxy entity. Accepts only the identity matrix; has no extents.
 class MVDRAWING_API OdDbProxyEntity : public OdDbEntity {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbProxyEntity);
+  MVDRAWING_DECLARE_OBJECT(OdDbProxyEntity);
   OdDbProxyEntity() = default;
   // Number of its class in the CLASSES section of the file, counted from 500 (group 91), and all groups in file order.
   std::int32_t applicationClassId() const;
@@ -25,7 +25,7 @@ using OdDbProxyEntityPtr = OdSmartPtr<OdDbProxyEntity>;
 // A proxy object.
 class MVDRAWING_API OdDbProxyObject : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbProxyObject);
+  MVDRAWING_DECLARE_OBJECT(OdDbProxyObject);
   OdDbProxyObject() = default;
   // Number of its class in the CLASSES section of the file, counted from 500 (group 91), and all groups in file order.
   std::int32_t applicationClassId() const;

@@ -9,7 +9,7 @@
 // Common base of images and wipeouts. Accepts every invertible matrix.
 class MVDRAWING_API OdDbImageBase : public OdDbEntity {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbImageBase);
+  MVDRAWING_DECLARE_CLASS(OdDbImageBase);
   // Lower left corner, and the sides of one pixel, in world coordinates. Size in pixels. Values are not checked.
   void getOrientation(OdGePoint3d& origin, OdGeVector3d& u, OdGeVector3d& v) const;
   void setOrientation(const OdGePoint3d& origin, const OdGeVector3d& u, const OdGeVector3d& v);
@@ -32,7 +32,7 @@ private:
 // A raster image.
 class MVDRAWING_API OdDbRasterImage : public OdDbImageBase {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbRasterImage);
+  MVDRAWING_DECLARE_OBJECT(OdDbRasterImage);
   OdDbRasterImage() = default;
   OdDbObjectId imageDefId() const { return definition_; } // an OdDbRasterImageDef
 
@@ -44,6 +44,6 @@ using OdDbRasterImagePtr = OdSmartPtr<OdDbRasterImage>;
 // A wipeout: an area that hides what is below it.
 class MVDRAWING_API OdDbWipeout : public OdDbImageBase {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbWipeout);
+  MVDRAWING_DECLARE_OBJECT(OdDbWipeout);
   OdDbWipeout() = default;
 };

@@ -7,7 +7,7 @@
 // A shape. Accepts every invertible matrix that does not tilt its thickness. Setters store the value unchecked.
 class MVDRAWING_API OdDbShape : public OdDbEntity {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbShape);
+  MVDRAWING_DECLARE_OBJECT(OdDbShape);
   OdDbShape() = default;
   // Name of the symbol in one of the shape files that are loaded as text styles.
   const OdString& name() const { return name_; }

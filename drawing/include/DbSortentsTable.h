@@ -12,7 +12,7 @@
 // "ACAD_SORTENTS" of the extension dictionary of the block.
 class MVDRAWING_API OdDbSortentsTable : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbSortentsTable);
+  MVDRAWING_DECLARE_OBJECT(OdDbSortentsTable);
   OdDbSortentsTable() = default;
 
   // The block whose entities are ordered; setting does not check the id.

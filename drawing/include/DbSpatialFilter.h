@@ -17,7 +17,7 @@ class OdDbBlockReference;
 // A clip boundary: entry "SPATIAL" of the dictionary "ACAD_FILTER" in the extension dictionary of the reference.
 class MVDRAWING_API OdDbSpatialFilter : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbSpatialFilter);
+  MVDRAWING_DECLARE_OBJECT(OdDbSpatialFilter);
   OdDbSpatialFilter() = default;
 
   bool isEnabled() const { return enabled_; } // a boundary that is not enabled does not clip

@@ -8,7 +8,7 @@
 // A spline. Points and tangents are world coordinates. Accepts every invertible matrix.
 class MVDRAWING_API OdDbSpline : public OdDbCurve {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbSpline);
+  MVDRAWING_DECLARE_OBJECT(OdDbSpline);
   OdDbSpline() = default;
 
   // Data as in files. weights() is empty if all are equal; tangents are zero if they are not stated; the tolerance of

@@ -10,7 +10,7 @@
 // or null unless stated otherwise.
 class MVDRAWING_API OdDbRawStyle : public OdDbObject {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbRawStyle);
+  MVDRAWING_DECLARE_CLASS(OdDbRawStyle);
   // Key of the entry in its dictionary; empty when it is in none.
   OdString getName() const;
   // All groups of the style in file order.
@@ -29,7 +29,7 @@ protected:
 // Style of multileaders. Lengths are drawing units at scale 1.
 class MVDRAWING_API OdDbMLeaderStyle : public OdDbRawStyle {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbMLeaderStyle);
+  MVDRAWING_DECLARE_OBJECT(OdDbMLeaderStyle);
   OdDbMLeaderStyle() = default;
 
   // Description for people, and the kind of content as OdDbMLeader::ContentType (text when it is not stated).
@@ -60,7 +60,7 @@ using OdDbMLeaderStylePtr = OdSmartPtr<OdDbMLeaderStyle>;
 // Style of tables. Margins and heights are drawing units.
 class MVDRAWING_API OdDbTableStyle : public OdDbRawStyle {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbTableStyle);
+  MVDRAWING_DECLARE_OBJECT(OdDbTableStyle);
   OdDbTableStyle() = default;
   // Kinds of rows, in the order in which files describe them.
   enum RowType : unsigned { kDataRow, kTitleRow, kHeaderRow };
@@ -81,7 +81,7 @@ using OdDbTableStylePtr = OdSmartPtr<OdDbTableStyle>;
 // Visual style: the way in which solids and surfaces are displayed.
 class MVDRAWING_API OdDbVisualStyle : public OdDbRawStyle {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbVisualStyle);
+  MVDRAWING_DECLARE_OBJECT(OdDbVisualStyle);
   OdDbVisualStyle() = default;
   // Values as in files: description (group 2), type (group 70), and whether people should not choose it (group 291).
   OdString getDescription() const;
@@ -93,7 +93,7 @@ using OdDbVisualStylePtr = OdSmartPtr<OdDbVisualStyle>;
 // Style of multilines: their parallel lines in order of the file, usually from the largest offset to the smallest.
 class MVDRAWING_API OdDbMlineStyle : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbMlineStyle);
+  MVDRAWING_DECLARE_OBJECT(OdDbMlineStyle);
   OdDbMlineStyle() = default;
   // One of the parallel lines.
   struct Element {
@@ -135,7 +135,7 @@ using OdDbMlineStylePtr = OdSmartPtr<OdDbMlineStyle>;
 // Material of surfaces. Reflection and textures are preserved as groups of the file.
 class MVDRAWING_API OdDbMaterial : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbMaterial);
+  MVDRAWING_DECLARE_OBJECT(OdDbMaterial);
   OdDbMaterial() = default;
   // Name as stored in the material (the key of its dictionary entry counts), and description for people.
   const OdString& name() const { return name_; }

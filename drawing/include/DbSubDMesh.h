@@ -9,7 +9,7 @@
 // as groups of the file. Accepts every invertible matrix.
 class MVDRAWING_API OdDbSubDMesh : public OdDbEntity {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbSubDMesh);
+  MVDRAWING_DECLARE_OBJECT(OdDbSubDMesh);
   OdDbSubDMesh() = default;
   // Vertices in world coordinates, level of smoothing (0: none), and all groups in file order.
   int numOfVertices() const { return static_cast<int>(vertices().size()); }

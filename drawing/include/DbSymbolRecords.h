@@ -11,7 +11,7 @@
 // A layer: default properties of the entities on it. Entities on a locked layer do not open for write.
 class MVDRAWING_API OdDbLayerTableRecord : public OdDbSymbolTableRecord {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbLayerTableRecord);
+  MVDRAWING_DECLARE_OBJECT(OdDbLayerTableRecord);
   OdDbLayerTableRecord() = default;
 
   // State: a layer that is off or frozen is not drawn. Switching a layer off keeps its colour; files store that as a
@@ -56,7 +56,7 @@ using OdDbLayerTableRecordPtr = OdSmartPtr<OdDbLayerTableRecord>;
 // A linetype. The dashes are preserved as groups of the file and are not accessible.
 class MVDRAWING_API OdDbLinetypeTableRecord : public OdDbSymbolTableRecord {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbLinetypeTableRecord);
+  MVDRAWING_DECLARE_OBJECT(OdDbLinetypeTableRecord);
   OdDbLinetypeTableRecord() = default;
 
   // Description, often the pattern drawn in characters.
@@ -78,7 +78,7 @@ using OdDbLinetypeTableRecordPtr = OdSmartPtr<OdDbLinetypeTableRecord>;
 // A text style, or a shape file (SHX) that is loaded for SHAPE entities and complex linetypes.
 class MVDRAWING_API OdDbTextStyleTableRecord : public OdDbSymbolTableRecord {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbTextStyleTableRecord);
+  MVDRAWING_DECLARE_OBJECT(OdDbTextStyleTableRecord);
   OdDbTextStyleTableRecord() = default;
 
   // Kind of the record, from its flags. The record of a shape file has an empty name and is found by its file.
@@ -116,7 +116,7 @@ using OdDbTextStyleTableRecordPtr = OdSmartPtr<OdDbTextStyleTableRecord>;
 // the file.
 class MVDRAWING_API OdDbDimStyleTableRecord : public OdDbSymbolTableRecord {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbDimStyleTableRecord);
+  MVDRAWING_DECLARE_OBJECT(OdDbDimStyleTableRecord);
   OdDbDimStyleTableRecord() = default;
 
   // Variables of the same names (DIMSCALE, DIMASZ, DIMTXT). Sizes are drawing units before DIMSCALE is applied; 0.18 in
@@ -144,14 +144,14 @@ using OdDbDimStyleTableRecordPtr = OdSmartPtr<OdDbDimStyleTableRecord>;
 // A registered application: a name under which objects have extended data.
 class MVDRAWING_API OdDbRegAppTableRecord : public OdDbSymbolTableRecord {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbRegAppTableRecord);
+  MVDRAWING_DECLARE_OBJECT(OdDbRegAppTableRecord);
   OdDbRegAppTableRecord() = default;
 };
 
 // A named user coordinate system.
 class MVDRAWING_API OdDbUCSTableRecord : public OdDbSymbolTableRecord {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbUCSTableRecord);
+  MVDRAWING_DECLARE_OBJECT(OdDbUCSTableRecord);
   OdDbUCSTableRecord() = default;
 
   // Origin and axes in world coordinates. Callers pass unit axes that are perpendicular; this is not checked.
@@ -169,7 +169,7 @@ private:
 // A named view. Its size and centre are read and written; its other properties are preserved as groups of the file.
 class MVDRAWING_API OdDbViewTableRecord : public OdDbSymbolTableRecord {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbViewTableRecord);
+  MVDRAWING_DECLARE_OBJECT(OdDbViewTableRecord);
   OdDbViewTableRecord() = default;
 
 private:
@@ -181,7 +181,7 @@ private:
 // A viewport of a tiled model space configuration; the viewports of the active configuration share the name "*Active".
 class MVDRAWING_API OdDbViewportTableRecord : public OdDbSymbolTableRecord {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbViewportTableRecord);
+  MVDRAWING_DECLARE_OBJECT(OdDbViewportTableRecord);
   OdDbViewportTableRecord() = default;
 
 private:

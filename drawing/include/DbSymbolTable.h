@@ -13,7 +13,7 @@ using OdDbSymbolTableRecordPtr = OdSmartPtr<OdDbSymbolTableRecord>;
 // Iterates the records of a table in order of addition. Records added meanwhile are visited as well.
 class MVDRAWING_API OdDbSymbolTableIterator : public OdRxObject {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbSymbolTableIterator);
+  MVDRAWING_DECLARE_CLASS(OdDbSymbolTableIterator);
   // Position, and the current record: a null id and pointer at the end; the pointer is null as well if the record does
   // not open.
   OdDbSymbolTableIterator(OdDbObjectId table = OdDbObjectId(), bool skipErased = true) : iterator_(table, skipErased) {}
@@ -32,7 +32,7 @@ using OdDbSymbolTableIteratorPtr = OdSmartPtr<OdDbSymbolTableIterator>;
 // free again. The kind of a table is set once, when it is created.
 class MVDRAWING_API OdDbSymbolTable : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbSymbolTable);
+  MVDRAWING_DECLARE_OBJECT(OdDbSymbolTable);
   OdDbSymbolTable() = default;
 
   // Which of the nine tables this is.
@@ -98,7 +98,7 @@ using OdDbSymbolTablePtr = OdSmartPtr<OdDbSymbolTable>;
 // A record of a symbol table.
 class MVDRAWING_API OdDbSymbolTableRecord : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbSymbolTableRecord);
+  MVDRAWING_DECLARE_OBJECT(OdDbSymbolTableRecord);
   OdDbSymbolTableRecord() = default;
 
   // Name. Setting throws OdError(eDuplicateRecordName) if another record of the table that is not erased has the name;

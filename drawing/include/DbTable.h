@@ -8,7 +8,7 @@
 // drawing units.
 class MVDRAWING_API OdDbTable : public OdDbBlockReference {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbTable);
+  MVDRAWING_DECLARE_OBJECT(OdDbTable);
   OdDbTable() = default;
 
   // Values as in files: table style (null if there is none), size, and direction of the rows in world coordinates (unit

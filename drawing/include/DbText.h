@@ -8,7 +8,7 @@
 // unchecked. Accepts every invertible matrix: shearing changes the obliquing angle, unequal scaling the width factor.
 class MVDRAWING_API OdDbText : public OdDbEntity {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbText);
+  MVDRAWING_DECLARE_OBJECT(OdDbText);
   OdDbText() = default;
 
   // Horizontal and vertical alignment; values as in files (groups 72 and 73). With kLeft and kBase the position places

@@ -9,7 +9,7 @@
 // Common base of underlays. They have no extents.
 class MVDRAWING_API OdDbUnderlayReference : public OdDbEntity {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbUnderlayReference);
+  MVDRAWING_DECLARE_CLASS(OdDbUnderlayReference);
   OdDbObjectId definitionId() const { return definition_; } // an OdDbUnderlayDefinition
 
   // Position in world coordinates, scale along its own axes, rotation in radians in the plane of the normal against its
@@ -38,20 +38,20 @@ private:
 // A page of a PDF file.
 class MVDRAWING_API OdDbPdfReference : public OdDbUnderlayReference {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbPdfReference);
+  MVDRAWING_DECLARE_OBJECT(OdDbPdfReference);
   OdDbPdfReference() = default;
 };
 
 // A page of a DWF file.
 class MVDRAWING_API OdDbDwfReference : public OdDbUnderlayReference {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbDwfReference);
+  MVDRAWING_DECLARE_OBJECT(OdDbDwfReference);
   OdDbDwfReference() = default;
 };
 
 // A page of a DGN file.
 class MVDRAWING_API OdDbDgnReference : public OdDbUnderlayReference {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbDgnReference);
+  MVDRAWING_DECLARE_OBJECT(OdDbDgnReference);
   OdDbDgnReference() = default;
 };

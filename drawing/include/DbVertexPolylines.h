@@ -12,7 +12,7 @@ class OdDb2dVertex;
 // Common base of the vertices. Transforming the owner moves its vertices; to move one alone, set its position.
 class MVDRAWING_API OdDbVertex : public OdDbEntity {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbVertex);
+  MVDRAWING_DECLARE_CLASS(OdDbVertex);
   // Flags as in files (group 70), and their bits: inserted by curve fitting, has a tangent, created by or controlling a
   // spline fit.
   std::int16_t vertexFlags() const { return flags_; }
@@ -28,7 +28,7 @@ using OdDbVertexPtr = OdSmartPtr<OdDbVertex>;
 // Vertex of a 2D polyline. Its position is in the object coordinate system (OCS) of the polyline.
 class MVDRAWING_API OdDb2dVertex : public OdDbVertex {
 public:
-  ODDB_DECLARE_MEMBERS(OdDb2dVertex);
+  MVDRAWING_DECLARE_OBJECT(OdDb2dVertex);
   OdDb2dVertex() = default;
 
   // OCS position. Only x and y count: the elevation is the polyline's (see OdDb2dPolyline::vertexPosition).
@@ -61,7 +61,7 @@ private:
 // Vertex whose position is in world coordinates. Its extents are its position.
 class MVDRAWING_API OdDbWorldVertex : public OdDbVertex {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbWorldVertex);
+  MVDRAWING_DECLARE_CLASS(OdDbWorldVertex);
   // World coordinates.
   OdGePoint3d position() const { return position_; }
   void setPosition(const OdGePoint3d& value);
@@ -80,21 +80,21 @@ private:
 // Vertex of a 3D polyline.
 class MVDRAWING_API OdDb3dPolylineVertex : public OdDbWorldVertex {
 public:
-  ODDB_DECLARE_MEMBERS(OdDb3dPolylineVertex);
+  MVDRAWING_DECLARE_OBJECT(OdDb3dPolylineVertex);
   OdDb3dPolylineVertex() : OdDbWorldVertex(32) {}
 };
 
 // Vertex of a polygon mesh.
 class MVDRAWING_API OdDbPolygonMeshVertex : public OdDbWorldVertex {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbPolygonMeshVertex);
+  MVDRAWING_DECLARE_OBJECT(OdDbPolygonMeshVertex);
   OdDbPolygonMeshVertex() : OdDbWorldVertex(64) {}
 };
 
 // Vertex of a polyface mesh.
 class MVDRAWING_API OdDbPolyFaceMeshVertex : public OdDbWorldVertex {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbPolyFaceMeshVertex);
+  MVDRAWING_DECLARE_OBJECT(OdDbPolyFaceMeshVertex);
   OdDbPolyFaceMeshVertex() : OdDbWorldVertex(64 + 128) {}
 };
 
@@ -102,7 +102,7 @@ public:
 // number hides the edge from that vertex to the next.
 class MVDRAWING_API OdDbFaceRecord : public OdDbVertex {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbFaceRecord);
+  MVDRAWING_DECLARE_OBJECT(OdDbFaceRecord);
   OdDbFaceRecord() { flags_ = 128; }
   // Vertex number of a corner, 0 for an unused one. Throw OdError(eInvalidIndex) unless the index is 0 to 3.
   std::int16_t getVertexAt(int index) const;
@@ -119,7 +119,7 @@ private:
 // Common base of polylines and meshes: owner of the vertices. Transforming moves the vertices.
 class MVDRAWING_API OdDbVertexOwner : public OdDbCurve, public OdDbSequenceOwner {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbVertexOwner);
+  MVDRAWING_DECLARE_CLASS(OdDbVertexOwner);
   // Makes a free vertex resident and lists it last; the drawing owns it. Returns its id. Throws OdError: eNullObjectPtr
   // for null, eNotOpenForWrite, eNotInDatabase when the polyline is free.
   OdDbObjectId appendVertex(OdDbVertex* vertex);
@@ -150,7 +150,7 @@ protected:
 // (eCannotTransform) when the polyline has arcs or widths, and one that tilts a thickness when it has a thickness.
 class MVDRAWING_API OdDb2dPolyline : public OdDbVertexOwner {
 public:
-  ODDB_DECLARE_MEMBERS(OdDb2dPolyline);
+  MVDRAWING_DECLARE_OBJECT(OdDb2dPolyline);
   OdDb2dPolyline() = default;
 
   // Whether a segment joins the last vertex to the first.
@@ -196,7 +196,7 @@ using OdDb2dPolylinePtr = OdSmartPtr<OdDb2dPolyline>;
 // A polyline of straight segments in space. Accepts every invertible matrix.
 class MVDRAWING_API OdDb3dPolyline : public OdDbVertexOwner {
 public:
-  ODDB_DECLARE_MEMBERS(OdDb3dPolyline);
+  MVDRAWING_DECLARE_OBJECT(OdDb3dPolyline);
   OdDb3dPolyline() : OdDbVertexOwner(8) {} // without vertices
   // Whether a segment joins the last vertex to the first.
   bool isClosed() const { return (flags_ & 1) != 0; }
@@ -210,7 +210,7 @@ using OdDb3dPolylinePtr = OdSmartPtr<OdDb3dPolyline>;
 // A mesh of M times N vertices. Accepts every invertible matrix.
 class MVDRAWING_API OdDbPolygonMesh : public OdDbVertexOwner {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbPolygonMesh);
+  MVDRAWING_DECLARE_OBJECT(OdDbPolygonMesh);
   OdDbPolygonMesh() : OdDbVertexOwner(16) {} // without vertices
   // Number of vertices in both directions as files state it; it is not derived from the vertices.
   std::int16_t mSize() const { return mSize_; }
@@ -232,7 +232,7 @@ private:
 // A mesh of vertices and of faces that name them by number. Accepts every invertible matrix.
 class MVDRAWING_API OdDbPolyFaceMesh : public OdDbVertexOwner {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbPolyFaceMesh);
+  MVDRAWING_DECLARE_OBJECT(OdDbPolyFaceMesh);
   OdDbPolyFaceMesh() : OdDbVertexOwner(64) {} // without vertices
   // Counts as files state them; they are not derived from the vertices and face records.
   std::int16_t numVertices() const { return vertexCount_; }

@@ -6,7 +6,7 @@
 // A viewport of a layout. Its view is preserved as groups of the file.
 class MVDRAWING_API OdDbViewport : public OdDbEntity {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbViewport);
+  MVDRAWING_DECLARE_OBJECT(OdDbViewport);
   OdDbViewport() = default;
   // Centre and size in coordinates of the layout; not checked.
   OdGePoint3d centerPoint() const { return center_; }
@@ -34,7 +34,7 @@ using OdDbViewportPtr = OdSmartPtr<OdDbViewport>;
 // A camera. Accepts no matrix: its view is not part of the drawing. Has no extents.
 class MVDRAWING_API OdDbCamera : public OdDbEntity {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbCamera);
+  MVDRAWING_DECLARE_OBJECT(OdDbCamera);
   OdDbCamera() = default;
 };
 using OdDbCameraPtr = OdSmartPtr<OdDbCamera>;

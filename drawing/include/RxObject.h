@@ -1,9 +1,9 @@
 // Run-time classes: the base of every counted object, class descriptors and their registry.
 //
 // Objects are counted by their smart pointers (SmartPtr.h); the count is not atomic, so an object belongs to one thread
-// at a time. A class declares ODRX_DECLARE_MEMBERS in its body and ODRX_DEFINE_MEMBERS (or the _ABSTRACT form) once in
-// a source file; the descriptor is registered when the library is loaded and lives until the program ends. The registry
-// must not be changed while other threads use it.
+// at a time. A class declares MVDRAWING_DECLARE_CLASS in its body and MVDRAWING_DEFINE_CLASS (or the _ABSTRACT form)
+// once in a source file; the descriptor is registered when the library is loaded and lives until the program ends. The
+// registry must not be changed while other threads use it.
 #pragma once
 
 #include "OdError.h"
@@ -44,7 +44,7 @@ public:
     if (--references_ == 0)
       onLastRelease();
   }
-  std::uint32_t numRefs() const { return references_; }
+  std::uint32_t referenceCount() const { return references_; }
 
 protected:
   // Called when the last reference is released: deletes the object.
@@ -71,21 +71,22 @@ public:
 
   // Names (the name in DXF files is empty for classes that files do not name), parent (null for OdRxObject), and
   // whether the class is `other` or derived from it.
-  const std::string& asciiName() const { return name_; }
+  const std::string& utf8Name() const { return name_; }
   const std::string& dxfName() const { return dxfName_; }
   OdString name() const;
-  OdRxClass* myParent() const { return parent_; }
+  OdRxClass* parent() const { return parent_; }
   bool isDerivedFrom(const OdRxClass* other) const;
 
   // A new object; null if the class is abstract or was removed from the registry.
   OdRxObjectPtr create() const;
 
   // Protocol extensions: one object per protocol class, inherited by derived classes unless they have their own. The
-  // class holds a reference to the extension. addX replaces and returns the old one, delX removes and returns it; both
-  // return null if there was none. getX returns null if there is none; the caller does not own the result.
-  OdRxObjectPtr addX(OdRxClass* protocol, OdRxObject* extension);
-  OdRxObject* getX(const OdRxClass* protocol) const;
-  OdRxObjectPtr delX(OdRxClass* protocol);
+  // class holds a reference to the extension. setExtension replaces and returns the old one, removeExtension removes
+  // and returns it; both return null if there was none. extensionFor returns null if there is none; the caller does not
+  // own the result.
+  OdRxObjectPtr setExtension(OdRxClass* protocol, OdRxObject* extension);
+  OdRxObject* extensionFor(const OdRxClass* protocol) const;
+  OdRxObjectPtr removeExtension(OdRxClass* protocol);
 
 private:
   std::string name_;
@@ -96,7 +97,7 @@ private:
 };
 
 // All registered classes by name and by DXF name; names are case-sensitive.
-class MVDRAWING_API OdRxClassRegistry {
+class MVDRAWING_API ClassRegistry {
 public:
   // Look-up: null if there is none. remove makes create() of the class return null; objects that exist are not
   // affected.
@@ -112,23 +113,23 @@ private:
 };
 
 // The registry of the program; never destroyed.
-MVDRAWING_API OdRxClassRegistry& odrxClassDictionary();
+MVDRAWING_API ClassRegistry& classRegistry();
 
 // Declares the members that every class has, in the class body.
-#define ODRX_DECLARE_MEMBERS(Class)                                                                                    \
+#define MVDRAWING_DECLARE_CLASS(Class)                                                                                 \
   static OdRxClass* desc();                                                                                            \
   static OdSmartPtr<Class> cast(const OdRxObject* object);                                                             \
   static OdSmartPtr<Class> createObject();                                                                             \
   OdRxClass* isA() const override
 
 // Defines them in a source file; `maker` creates an object, null for abstract classes.
-#define ODRX_DEFINE_MEMBERS_WITH(Class, Base, maker, dxfName)                                                          \
+#define MVDRAWING_DEFINE_CLASS_WITH(Class, Base, maker, dxfName)                                                       \
   OdRxClass* Class::desc() {                                                                                           \
     static OdRxClass* const descriptor = new OdRxClass(#Class, Base::desc(), maker, dxfName);                          \
     return descriptor;                                                                                                 \
   }                                                                                                                    \
   OdSmartPtr<Class> Class::cast(const OdRxObject* object) {                                                            \
-    return OdSmartPtr<Class>(odrxQueryX<Class>(object), kTakeReference);                                               \
+    return OdSmartPtr<Class>(queryAs<Class>(object), kTakeReference);                                                  \
   }                                                                                                                    \
   OdSmartPtr<Class> Class::createObject() {                                                                            \
     return OdSmartPtr<Class>(desc()->create());                                                                        \
@@ -139,14 +140,14 @@ MVDRAWING_API OdRxClassRegistry& odrxClassDictionary();
   [[maybe_unused]] static OdRxClass* const registered##Class = Class::desc()
 
 // The same for a class that can be created; dxfName is its entity or record name in DXF files, or "".
-#define ODRX_DEFINE_MEMBERS(Class, Base, dxfName)                                                                      \
-  ODRX_DEFINE_MEMBERS_WITH(Class, Base, ([]() -> OdRxObject* { return new Class; }), dxfName)
+#define MVDRAWING_DEFINE_CLASS(Class, Base, dxfName)                                                                   \
+  MVDRAWING_DEFINE_CLASS_WITH(Class, Base, ([]() -> OdRxObject* { return new Class; }), dxfName)
 
 // The same for an abstract class.
-#define ODRX_DEFINE_MEMBERS_ABSTRACT(Class, Base) ODRX_DEFINE_MEMBERS_WITH(Class, Base, nullptr, "")
+#define MVDRAWING_DEFINE_ABSTRACT_CLASS(Class, Base) MVDRAWING_DEFINE_CLASS_WITH(Class, Base, nullptr, "")
 
 // queryX with the type of the result; null for a null object.
 template <class T>
-T* odrxQueryX(const OdRxObject* object) {
+T* queryAs(const OdRxObject* object) {
   return object == nullptr ? nullptr : static_cast<T*>(object->queryX(T::desc()));
 }

@@ -155,7 +155,7 @@ OdRxClass* chooseClass(std::string_view dxfName, std::span<const RawGroup> group
     if (chooser.dxfName == dxfName)
       return chooser.choose(ownGroups(groups));
   }
-  return odrxClassDictionary().findByDxfName(dxfName);
+  return classRegistry().findByDxfName(dxfName);
 }
 
 } // namespace drawing

@@ -12,11 +12,11 @@
 
 using drawing::XrefStatus;
 
-ODDB_DEFINE_MEMBERS(OdDbBlockTable, OdDbSymbolTable, "");
-ODDB_DEFINE_MEMBERS(OdDbBlockTableRecord, OdDbSymbolTableRecord, "");
-ODDB_DEFINE_MEMBERS(OdDbBlockBegin, OdDbEntity, "BLOCK");
-ODDB_DEFINE_MEMBERS(OdDbBlockEnd, OdDbEntity, "ENDBLK");
-ODRX_DEFINE_MEMBERS(OdDbObjectIterator, OdRxObject, "");
+MVDRAWING_DEFINE_OBJECT(OdDbBlockTable, OdDbSymbolTable, "");
+MVDRAWING_DEFINE_OBJECT(OdDbBlockTableRecord, OdDbSymbolTableRecord, "");
+MVDRAWING_DEFINE_OBJECT(OdDbBlockBegin, OdDbEntity, "BLOCK");
+MVDRAWING_DEFINE_OBJECT(OdDbBlockEnd, OdDbEntity, "ENDBLK");
+MVDRAWING_DEFINE_CLASS(OdDbObjectIterator, OdRxObject, "");
 
 const OdString modelSpaceStr(L"*Model_Space");
 const OdString paperSpaceStr(L"*Paper_Space");
@@ -76,14 +76,14 @@ OdDbEntityPtr OdDbObjectIterator::entity(OdDb::OpenMode mode, bool openErased) c
   return iterator_.object(mode, openErased);
 }
 
-MVDB_SETTER(OdDbBlockTableRecord, setOrigin, const OdGePoint3d&, origin_)
-MVDB_SETTER(OdDbBlockTableRecord, setComments, const OdString&, comments_)
-MVDB_SETTER(OdDbBlockTableRecord, setPathName, const OdString&, path_)
-MVDB_SETTER(OdDbBlockTableRecord, setBlockInsertUnits, OdDb::UnitsValue, units_)
-MVDB_SETTER(OdDbBlockTableRecord, setExplodable, bool, explodable_)
-MVDB_SETTER(OdDbBlockTableRecord, setLayoutId, OdDbObjectId, layout_)
-MVDB_SETTER(OdDbBlockTableRecord, setIsUnloaded, bool, unloaded_)
-MVDB_SETTER(OdDbBlockTableRecord, setPreviewIcon, const std::string&, preview_)
+MVDRAWING_SETTER(OdDbBlockTableRecord, setOrigin, const OdGePoint3d&, origin_)
+MVDRAWING_SETTER(OdDbBlockTableRecord, setComments, const OdString&, comments_)
+MVDRAWING_SETTER(OdDbBlockTableRecord, setPathName, const OdString&, path_)
+MVDRAWING_SETTER(OdDbBlockTableRecord, setBlockInsertUnits, OdDb::UnitsValue, units_)
+MVDRAWING_SETTER(OdDbBlockTableRecord, setExplodable, bool, explodable_)
+MVDRAWING_SETTER(OdDbBlockTableRecord, setLayoutId, OdDbObjectId, layout_)
+MVDRAWING_SETTER(OdDbBlockTableRecord, setIsUnloaded, bool, unloaded_)
+MVDRAWING_SETTER(OdDbBlockTableRecord, setPreviewIcon, const std::string&, preview_)
 
 void OdDbBlockTableRecord::setXref(const OdString& path, bool overlay) {
   setFlag(kExternalReference, !path.isEmpty());

@@ -10,7 +10,7 @@
 
 using drawing::getIf;
 
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbDatabase, OdRxObject);
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbDatabase, OdRxObject);
 
 OdDbDatabase::OdDbDatabase()
     : store_(std::make_unique<drawing::Store>(this)), undo_(std::make_unique<drawing::Undo>()),
@@ -25,7 +25,7 @@ OdDbDatabasePtr OdDbDatabase::createEmpty() {
 }
 
 OdDbObjectId OdDbDatabase::addOdDbObject(OdDbObject* object, OdDbObjectId owner, OdDbHandle handle) {
-  if (object->isDBRO())
+  if (object->isResident())
     throw OdError(eWrongDatabase);
   object->setOwnerId(owner);
   const OdDbObjectId id = store_->add(object, handle);
@@ -33,7 +33,7 @@ OdDbObjectId OdDbDatabase::addOdDbObject(OdDbObject* object, OdDbObjectId owner,
     const drawing::WriteScope scope(*object);
     undo_->objectAdded(*object);
   }
-  object->writable_ = object->numRefs() > 0; // whoever made it goes on filling it
+  object->writable_ = object->referenceCount() > 0; // whoever made it goes on filling it
   return id;
 }
 

@@ -11,11 +11,11 @@
 
 using drawing::field;
 
-ODDB_DEFINE_MEMBERS(OdDbDictionary, OdDbObject, "DICTIONARY");
-ODDB_DEFINE_MEMBERS(OdDbDictionaryWithDefault, OdDbDictionary, "ACDBDICTIONARYWDFLT");
-ODDB_DEFINE_MEMBERS(OdDbXrecord, OdDbObject, "XRECORD");
-ODDB_DEFINE_MEMBERS(OdDbDictionaryVar, OdDbObject, "DICTIONARYVAR");
-ODDB_DEFINE_MEMBERS(OdDbHeader, OdDbObject, "");
+MVDRAWING_DEFINE_OBJECT(OdDbDictionary, OdDbObject, "DICTIONARY");
+MVDRAWING_DEFINE_OBJECT(OdDbDictionaryWithDefault, OdDbDictionary, "ACDBDICTIONARYWDFLT");
+MVDRAWING_DEFINE_OBJECT(OdDbXrecord, OdDbObject, "XRECORD");
+MVDRAWING_DEFINE_OBJECT(OdDbDictionaryVar, OdDbObject, "DICTIONARYVAR");
+MVDRAWING_DEFINE_OBJECT(OdDbHeader, OdDbObject, "");
 
 const drawing::Description& OdDbDictionary::ownDescription() {
   static const drawing::Description description(
@@ -107,11 +107,11 @@ OdDbObjectId OdDbDictionary::getAt(const OdString& name) const {
 
 OdDbObjectId OdDbDictionary::setAt(const OdString& name, OdDbObject* object) {
   assertWriteEnabled();
-  if (!isDBRO())
+  if (!isResident())
     throw OdError(eNotInDatabase);
   if (OdDbObjectPtr old = getAt(name).safeOpenObject(OdDb::kForWrite); !old.isNull() && old.get() != object)
     old->erase();
-  const OdDbObjectId id = object->isDBRO() ? object->objectId() : database()->addOdDbObject(object, objectId());
+  const OdDbObjectId id = object->isResident() ? object->objectId() : database()->addOdDbObject(object, objectId());
   setAt(name, id);
   return id;
 }
@@ -150,7 +150,7 @@ OdString OdDbDictionary::nameAt(OdDbObjectId id) const {
   return found == entries_.end() ? OdString() : found->name;
 }
 
-MVDB_SETTER(OdDbDictionary, setTreatElementsAsHard, bool, hardOwner_)
+MVDRAWING_SETTER(OdDbDictionary, setTreatElementsAsHard, bool, hardOwner_)
 
 void OdDbDictionary::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbObject::visitReferences(visitor);
@@ -235,7 +235,7 @@ const drawing::Description& OdDbDictionaryVar::ownDescription() {
   return description;
 }
 
-MVDB_SETTER(OdDbDictionaryVar, setValue, const OdString&, value_)
+MVDRAWING_SETTER(OdDbDictionaryVar, setValue, const OdString&, value_)
 
 const drawing::Description& OdDbHeader::ownDescription() {
   return OdDbObject::ownDescription();

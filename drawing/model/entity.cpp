@@ -11,7 +11,7 @@
 using drawing::field;
 using drawing::getIf;
 
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbEntity, OdDbObject);
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbEntity, OdDbObject);
 
 const drawing::Description& OdDbEntity::description() const {
   return ownDescription();

@@ -1,6 +1,6 @@
 #include "DbIdMapping.h"
 
-ODRX_DEFINE_MEMBERS(OdDbIdMapping, OdRxObject, "");
+MVDRAWING_DEFINE_CLASS(OdDbIdMapping, OdRxObject, "");
 
 void OdDbIdMapping::assign(const OdDbIdPair& pair) {
   const auto [found, isNew] = index_.emplace(pair.key(), pairs_.size());

@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <unordered_set>
 
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbObject, OdRxObject);
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbObject, OdRxObject);
 
 OdDbObject::OdDbObject() = default;
 OdDbObject::~OdDbObject() = default;
@@ -48,7 +48,7 @@ std::string OdDbObject::dxfName() const {
 }
 
 void OdDbObject::onLastRelease() const {
-  if (isDBRO())
+  if (isResident())
     writable_ = false;
   else
     delete this;
@@ -59,7 +59,7 @@ OdDbDatabase* OdDbObject::database() const {
 }
 
 void OdDbObject::assertWriteEnabled() {
-  if (!isDBRO())
+  if (!isResident())
     return;
   if (!writable_)
     throw OdError(eNotOpenForWrite);
@@ -67,7 +67,7 @@ void OdDbObject::assertWriteEnabled() {
 }
 
 void OdDbObject::upgradeOpen() {
-  if (isDBRO() && !writable_) {
+  if (isResident() && !writable_) {
     if (isOnLockedLayer())
       throw OdError(eOnLockedLayer);
     writable_ = true;
@@ -123,7 +123,7 @@ OdDbObjectId OdDbObject::extensionDictionary() const {
 OdDbObjectId OdDbObject::createExtensionDictionary() {
   if (OdDbObjectId present = extensionDictionary(); !present.isNull() && !present.isErased())
     return present;
-  if (!isDBRO())
+  if (!isResident())
     throw OdError(eNotInDatabase);
   assertWriteEnabled();
   OdDbDictionaryPtr made = OdDbDictionary::createObject();

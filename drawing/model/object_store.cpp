@@ -102,7 +102,7 @@ Store::~Store() {
     if (object == nullptr)
       continue;
     object->id_.setNull(); // whoever still points at it now owns a free object
-    if (object->numRefs() == 0)
+    if (object->referenceCount() == 0)
       delete object;
   }
 }
@@ -195,7 +195,7 @@ void Store::replace(OdDbObjectId id, OdDbObject* object) {
   if (old == nullptr)
     return;
   old->id_.setNull();
-  if (old->numRefs() == 0)
+  if (old->referenceCount() == 0)
     delete old;
 }
 
@@ -208,7 +208,7 @@ void Store::supersede(OdDbObjectId id, OdDbObject* object) {
     entity->highlight(shown->isHighlighted());
   attachObject(object, id.number());
   old->id_.setNull();
-  if (old->numRefs() == 0)
+  if (old->referenceCount() == 0)
     superseded_.emplace_back(old);
 }
 

@@ -1,7 +1,7 @@
 #include "drawing/opaque_objects.h"
 
-ODDB_DEFINE_MEMBERS(OdDbOpaqueObject, OdDbObject, "");
-ODRX_DEFINE_MEMBERS(OdDbOpaqueEntity, OdDbEntity, "");
+MVDRAWING_DEFINE_OBJECT(OdDbOpaqueObject, OdDbObject, "");
+MVDRAWING_DEFINE_CLASS(OdDbOpaqueEntity, OdDbEntity, "");
 
 const drawing::Description& OdDbOpaqueObject::ownDescription() {
   return OdDbObject::ownDescription();

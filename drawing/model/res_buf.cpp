@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-ODRX_DEFINE_MEMBERS(OdResBuf, OdRxObject, "");
+MVDRAWING_DEFINE_CLASS(OdResBuf, OdRxObject, "");
 
 using drawing::GroupKind;
 using drawing::GroupList;
@@ -12,7 +12,7 @@ using drawing::GroupList;
 OdResBuf::~OdResBuf() {
   // A long chain must not end in as many nested destructor calls.
   OdResBufPtr rest = std::move(next_);
-  while (!rest.isNull() && rest->numRefs() == 1) {
+  while (!rest.isNull() && rest->referenceCount() == 1) {
     OdResBufPtr behind = std::move(rest->next_);
     rest = std::move(behind);
   }

@@ -1,13 +1,13 @@
 // Setters that do nothing but set.
 #pragma once
 
-#define MVDB_SETTER(Class, setter, Type, member)                                                                       \
+#define MVDRAWING_SETTER(Class, setter, Type, member)                                                                  \
   void Class::setter(Type value) {                                                                                     \
     assertWriteEnabled();                                                                                              \
     member = value;                                                                                                    \
   }
 // Of a place that is kept in the frame of its plane and given in world coordinates.
-#define MVDB_SETTER_OCS(Class, setter, member)                                                                         \
+#define MVDRAWING_SETTER_OCS(Class, setter, member)                                                                    \
   void Class::setter(const OdGePoint3d& point) {                                                                       \
     assertWriteEnabled();                                                                                              \
     member = wcsToOcs(point, normal_);                                                                                 \

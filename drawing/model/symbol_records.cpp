@@ -6,14 +6,14 @@
 using drawing::field;
 using drawing::SubclassLayout;
 
-ODDB_DEFINE_MEMBERS(OdDbLayerTableRecord, OdDbSymbolTableRecord, "");
-ODDB_DEFINE_MEMBERS(OdDbLinetypeTableRecord, OdDbSymbolTableRecord, "");
-ODDB_DEFINE_MEMBERS(OdDbTextStyleTableRecord, OdDbSymbolTableRecord, "");
-ODDB_DEFINE_MEMBERS(OdDbDimStyleTableRecord, OdDbSymbolTableRecord, "");
-ODDB_DEFINE_MEMBERS(OdDbRegAppTableRecord, OdDbSymbolTableRecord, "");
-ODDB_DEFINE_MEMBERS(OdDbUCSTableRecord, OdDbSymbolTableRecord, "");
-ODDB_DEFINE_MEMBERS(OdDbViewTableRecord, OdDbSymbolTableRecord, "");
-ODDB_DEFINE_MEMBERS(OdDbViewportTableRecord, OdDbSymbolTableRecord, "");
+MVDRAWING_DEFINE_OBJECT(OdDbLayerTableRecord, OdDbSymbolTableRecord, "");
+MVDRAWING_DEFINE_OBJECT(OdDbLinetypeTableRecord, OdDbSymbolTableRecord, "");
+MVDRAWING_DEFINE_OBJECT(OdDbTextStyleTableRecord, OdDbSymbolTableRecord, "");
+MVDRAWING_DEFINE_OBJECT(OdDbDimStyleTableRecord, OdDbSymbolTableRecord, "");
+MVDRAWING_DEFINE_OBJECT(OdDbRegAppTableRecord, OdDbSymbolTableRecord, "");
+MVDRAWING_DEFINE_OBJECT(OdDbUCSTableRecord, OdDbSymbolTableRecord, "");
+MVDRAWING_DEFINE_OBJECT(OdDbViewTableRecord, OdDbSymbolTableRecord, "");
+MVDRAWING_DEFINE_OBJECT(OdDbViewportTableRecord, OdDbSymbolTableRecord, "");
 
 const drawing::Description& OdDbLayerTableRecord::ownDescription() {
   using Self = OdDbLayerTableRecord;
@@ -40,7 +40,7 @@ void OdDbLayerTableRecord::setIsOff(bool off) {
     color_ = static_cast<std::int16_t>(-color_);
 }
 
-MVDB_SETTER(OdDbLayerTableRecord, setIsPlottable, bool, plottable_)
+MVDRAWING_SETTER(OdDbLayerTableRecord, setIsPlottable, bool, plottable_)
 
 OdCmColor OdDbLayerTableRecord::color() const {
   return {static_cast<std::int16_t>(color_ < 0 ? -color_ : color_), trueColor_};
@@ -52,8 +52,8 @@ void OdDbLayerTableRecord::setColor(const OdCmColor& color) {
   trueColor_ = color.trueColor;
 }
 
-MVDB_SETTER(OdDbLayerTableRecord, setLinetypeObjectId, OdDbObjectId, linetype_)
-MVDB_SETTER(OdDbLayerTableRecord, setLineWeight, std::int16_t, lineWeight_)
+MVDRAWING_SETTER(OdDbLayerTableRecord, setLinetypeObjectId, OdDbObjectId, linetype_)
+MVDRAWING_SETTER(OdDbLayerTableRecord, setLineWeight, std::int16_t, lineWeight_)
 
 const drawing::Description& OdDbLinetypeTableRecord::ownDescription() {
   using Self = OdDbLinetypeTableRecord;
@@ -65,7 +65,7 @@ const drawing::Description& OdDbLinetypeTableRecord::ownDescription() {
   return description;
 }
 
-MVDB_SETTER(OdDbLinetypeTableRecord, setComments, const OdString&, comments_)
+MVDRAWING_SETTER(OdDbLinetypeTableRecord, setComments, const OdString&, comments_)
 
 const drawing::Description& OdDbTextStyleTableRecord::ownDescription() {
   using Self = OdDbTextStyleTableRecord;
@@ -78,9 +78,9 @@ const drawing::Description& OdDbTextStyleTableRecord::ownDescription() {
   return description;
 }
 
-MVDB_SETTER(OdDbTextStyleTableRecord, setFileName, const OdString&, fontFile_)
-MVDB_SETTER(OdDbTextStyleTableRecord, setTextSize, double, height_)
-MVDB_SETTER(OdDbTextStyleTableRecord, setXScale, double, widthFactor_)
+MVDRAWING_SETTER(OdDbTextStyleTableRecord, setFileName, const OdString&, fontFile_)
+MVDRAWING_SETTER(OdDbTextStyleTableRecord, setTextSize, double, height_)
+MVDRAWING_SETTER(OdDbTextStyleTableRecord, setXScale, double, widthFactor_)
 
 const drawing::Description& OdDbDimStyleTableRecord::ownDescription() {
   using Self = OdDbDimStyleTableRecord;

@@ -7,9 +7,9 @@
 #include "drawing/model/symbol_table_kinds.h"
 #include "drawing/model/undo_log.h"
 
-ODDB_DEFINE_MEMBERS(OdDbSymbolTable, OdDbObject, "TABLE");
-ODDB_DEFINE_MEMBERS(OdDbSymbolTableRecord, OdDbObject, "");
-ODRX_DEFINE_MEMBERS(OdDbSymbolTableIterator, OdRxObject, "");
+MVDRAWING_DEFINE_OBJECT(OdDbSymbolTable, OdDbObject, "TABLE");
+MVDRAWING_DEFINE_OBJECT(OdDbSymbolTableRecord, OdDbObject, "");
+MVDRAWING_DEFINE_CLASS(OdDbSymbolTableIterator, OdRxObject, "");
 
 namespace {
 
@@ -88,7 +88,7 @@ OdDbObjectId OdDbSymbolTable::addClone(OdDbSymbolTableRecord* record) {
   const bool mayRepeat = kind() == OdDb::kTextStyleTable && record->getName().isEmpty();
   if (!mayRepeat && has(record->getName()))
     return {};
-  if (!record->isDBRO())
+  if (!record->isResident())
     database()->addOdDbObject(record, objectId());
   return registerRecord(record) ? record->objectId() : OdDbObjectId();
 }
@@ -99,7 +99,7 @@ bool OdDbSymbolTable::registerRecord(OdDbSymbolTableRecord* record) {
   const bool mayRepeat = kind() == OdDb::kViewportTable || record->getName().isEmpty();
   if (!index_.byName.emplace(record->getName(), record->objectId()).second && !mayRepeat)
     return false;
-  if (isDBRO())
+  if (isResident())
     database()->undoLog().listGrows(*this, members_.size());
   members_.push(record->objectId());
   return true;
@@ -165,7 +165,7 @@ void OdDbSymbolTable::memberErased(const OdDbSymbolTableRecord& record, bool era
 void OdDbSymbolTableRecord::setName(const OdString& name) {
   assertWriteEnabled();
   auto* table = drawing::getIf<OdDbSymbolTable>(ownerId());
-  if (table == nullptr || !isDBRO()) {
+  if (table == nullptr || !isResident()) {
     name_ = name;
     return;
   }

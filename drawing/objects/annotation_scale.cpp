@@ -9,8 +9,8 @@
 
 using drawing::getIf;
 
-ODDB_DEFINE_MEMBERS(OdDbScale, OdDbObject, "SCALE");
-ODRX_DEFINE_MEMBERS(OdDbAnnotationScale, OdRxObject, "");
+MVDRAWING_DEFINE_OBJECT(OdDbScale, OdDbObject, "SCALE");
+MVDRAWING_DEFINE_CLASS(OdDbAnnotationScale, OdRxObject, "");
 
 const drawing::Description& OdDbScale::ownDescription() {
   using drawing::field;
@@ -22,7 +22,7 @@ const drawing::Description& OdDbScale::ownDescription() {
   return description;
 }
 
-MVDB_SETTER(OdDbScale, setScaleName, const OdString&, name_)
+MVDRAWING_SETTER(OdDbScale, setScaleName, const OdString&, name_)
 
 void OdDbScale::setUnits(double paper, double drawing) {
   assertWriteEnabled();

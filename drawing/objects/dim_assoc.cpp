@@ -13,7 +13,7 @@ using drawing::getIf;
 using drawing::GroupList;
 using drawing::WriteScope;
 
-ODDB_DEFINE_MEMBERS(OdDbDimAssoc, OdDbObject, "DIMASSOC");
+MVDRAWING_DEFINE_OBJECT(OdDbDimAssoc, OdDbObject, "DIMASSOC");
 
 namespace {
 
@@ -184,9 +184,9 @@ int OdDbDimAssoc::post(OdDbObjectId dimension, OdDbObjectId& newAssociation, boo
     return result;
   const OdDbObjectId present = associationOf(dimension);
   OdDbDimAssocPtr posted(this);
-  if (isDBRO() && present != objectId())
+  if (isResident() && present != objectId())
     posted = OdDbDimAssocPtr(static_cast<OdDbDimAssoc*>(makeCopy()));
-  if (posted->isDBRO()) {
+  if (posted->isResident()) {
     newAssociation = present;
   } else {
     detachOld(present);

@@ -10,7 +10,7 @@
 using drawing::field;
 using drawing::getIf;
 
-ODDB_DEFINE_MEMBERS(OdDbGroup, OdDbObject, "GROUP");
+MVDRAWING_DEFINE_OBJECT(OdDbGroup, OdDbObject, "GROUP");
 
 const drawing::Description& OdDbGroup::ownDescription() {
   using Self = OdDbGroup;
@@ -35,9 +35,9 @@ void OdDbGroup::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) 
     sink.reference(340, id);
 }
 
-MVDB_SETTER(OdDbGroup, setDescription, const OdString&, description_)
-MVDB_SETTER(OdDbGroup, setAnonymous, bool, unnamed_)
-MVDB_SETTER(OdDbGroup, setSelectable, bool, selectable_)
+MVDRAWING_SETTER(OdDbGroup, setDescription, const OdString&, description_)
+MVDRAWING_SETTER(OdDbGroup, setAnonymous, bool, unnamed_)
+MVDRAWING_SETTER(OdDbGroup, setSelectable, bool, selectable_)
 
 OdString OdDbGroup::getName() const {
   const auto* dictionary = getIf<OdDbDictionary>(ownerId());

@@ -4,15 +4,15 @@
 
 using drawing::field;
 
-ODDB_DEFINE_MEMBERS(OdDbRasterImageDef, OdDbObject, "IMAGEDEF");
-ODDB_DEFINE_MEMBERS(OdDbRasterImageDefReactor, OdDbObject, "IMAGEDEF_REACTOR");
-ODDB_DEFINE_MEMBERS(OdDbRasterVariables, OdDbObject, "RASTERVARIABLES");
-ODDB_DEFINE_MEMBERS(OdDbWipeoutVariables, OdDbObject, "WIPEOUTVARIABLES");
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbUnderlayDefinition, OdDbObject);
-ODDB_DEFINE_MEMBERS(OdDbPdfDefinition, OdDbUnderlayDefinition, "PDFDEFINITION");
-ODDB_DEFINE_MEMBERS(OdDbDwfDefinition, OdDbUnderlayDefinition, "DWFDEFINITION");
-ODDB_DEFINE_MEMBERS(OdDbDgnDefinition, OdDbUnderlayDefinition, "DGNDEFINITION");
-ODDB_DEFINE_MEMBERS(OdDbPlaceHolder, OdDbObject, "ACDBPLACEHOLDER");
+MVDRAWING_DEFINE_OBJECT(OdDbRasterImageDef, OdDbObject, "IMAGEDEF");
+MVDRAWING_DEFINE_OBJECT(OdDbRasterImageDefReactor, OdDbObject, "IMAGEDEF_REACTOR");
+MVDRAWING_DEFINE_OBJECT(OdDbRasterVariables, OdDbObject, "RASTERVARIABLES");
+MVDRAWING_DEFINE_OBJECT(OdDbWipeoutVariables, OdDbObject, "WIPEOUTVARIABLES");
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbUnderlayDefinition, OdDbObject);
+MVDRAWING_DEFINE_OBJECT(OdDbPdfDefinition, OdDbUnderlayDefinition, "PDFDEFINITION");
+MVDRAWING_DEFINE_OBJECT(OdDbDwfDefinition, OdDbUnderlayDefinition, "DWFDEFINITION");
+MVDRAWING_DEFINE_OBJECT(OdDbDgnDefinition, OdDbUnderlayDefinition, "DGNDEFINITION");
+MVDRAWING_DEFINE_OBJECT(OdDbPlaceHolder, OdDbObject, "ACDBPLACEHOLDER");
 
 const drawing::Description& OdDbRasterImageDef::ownDescription() {
   using Self = OdDbRasterImageDef;
@@ -68,8 +68,8 @@ const drawing::Description& OdDbPlaceHolder::ownDescription() {
   return OdDbObject::ownDescription();
 }
 
-MVDB_SETTER(OdDbRasterImageDef, setSourceFileName, const OdString&, file_)
-MVDB_SETTER(OdDbUnderlayDefinition, setSourceFileName, const OdString&, file_)
+MVDRAWING_SETTER(OdDbRasterImageDef, setSourceFileName, const OdString&, file_)
+MVDRAWING_SETTER(OdDbUnderlayDefinition, setSourceFileName, const OdString&, file_)
 
 void OdDbRasterVariables::setImageFrame(bool isShown) {
   assertWriteEnabled();

@@ -3,8 +3,8 @@
 
 using drawing::field;
 
-ODDB_DEFINE_MEMBERS(OdDbPlotSettings, OdDbObject, "PLOTSETTINGS");
-ODDB_DEFINE_MEMBERS(OdDbLayout, OdDbPlotSettings, "LAYOUT");
+MVDRAWING_DEFINE_OBJECT(OdDbPlotSettings, OdDbObject, "PLOTSETTINGS");
+MVDRAWING_DEFINE_OBJECT(OdDbLayout, OdDbPlotSettings, "LAYOUT");
 
 const drawing::Description& OdDbPlotSettings::ownDescription() {
   static const drawing::Description description(&OdDbObject::ownDescription(),
@@ -22,6 +22,6 @@ const drawing::Description& OdDbLayout::ownDescription() {
   return description;
 }
 
-MVDB_SETTER(OdDbLayout, setLayoutName, const OdString&, name_)
-MVDB_SETTER(OdDbLayout, setTabOrder, std::int16_t, tabOrder_)
-MVDB_SETTER(OdDbLayout, setBlockTableRecordId, OdDbObjectId, block_)
+MVDRAWING_SETTER(OdDbLayout, setLayoutName, const OdString&, name_)
+MVDRAWING_SETTER(OdDbLayout, setTabOrder, std::int16_t, tabOrder_)
+MVDRAWING_SETTER(OdDbLayout, setBlockTableRecordId, OdDbObjectId, block_)

@@ -7,7 +7,7 @@
 
 using drawing::field;
 
-ODDB_DEFINE_MEMBERS(OdDbMlineStyle, OdDbObject, "MLINESTYLE");
+MVDRAWING_DEFINE_OBJECT(OdDbMlineStyle, OdDbObject, "MLINESTYLE");
 
 const drawing::Description& OdDbMlineStyle::ownDescription() {
   using Self = OdDbMlineStyle;
@@ -57,7 +57,7 @@ void OdDbMlineStyle::writeGroups(const OdDbObject& object, drawing::GroupSink& s
   }
 }
 
-MVDB_SETTER(OdDbMlineStyle, setDescription, const OdString&, description_)
+MVDRAWING_SETTER(OdDbMlineStyle, setDescription, const OdString&, description_)
 
 void OdDbMlineStyle::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbObject::visitReferences(visitor);

@@ -7,11 +7,11 @@
 using drawing::field;
 using drawing::GroupKind;
 
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbRawStyle, OdDbObject);
-ODDB_DEFINE_MEMBERS(OdDbMLeaderStyle, OdDbRawStyle, "MLEADERSTYLE");
-ODDB_DEFINE_MEMBERS(OdDbTableStyle, OdDbRawStyle, "TABLESTYLE");
-ODDB_DEFINE_MEMBERS(OdDbVisualStyle, OdDbRawStyle, "VISUALSTYLE");
-ODDB_DEFINE_MEMBERS(OdDbMaterial, OdDbObject, "MATERIAL");
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbRawStyle, OdDbObject);
+MVDRAWING_DEFINE_OBJECT(OdDbMLeaderStyle, OdDbRawStyle, "MLEADERSTYLE");
+MVDRAWING_DEFINE_OBJECT(OdDbTableStyle, OdDbRawStyle, "TABLESTYLE");
+MVDRAWING_DEFINE_OBJECT(OdDbVisualStyle, OdDbRawStyle, "VISUALSTYLE");
+MVDRAWING_DEFINE_OBJECT(OdDbMaterial, OdDbObject, "MATERIAL");
 
 const drawing::Description& OdDbMLeaderStyle::ownDescription() {
   static const drawing::Description description(&OdDbObject::ownDescription(),
@@ -172,4 +172,4 @@ bool OdDbVisualStyle::isInternalUseOnly() const {
   return drawing::rawInteger(groups_, 291) != 0;
 }
 
-MVDB_SETTER(OdDbMaterial, setDescription, const OdString&, description_)
+MVDRAWING_SETTER(OdDbMaterial, setDescription, const OdString&, description_)

@@ -166,8 +166,8 @@ TEST_F(Creation, NullIdsGroupUnderNoDrawingAndFailTheCopy) {
 
 TEST_F(Creation, NeedsTheClassesOfTheSdk) {
   struct Out { // a class taken out of the registry, back again at the end
-    explicit Out(OdRxClass* taken) : taken_(taken) { odrxClassDictionary().remove(taken); }
-    ~Out() { odrxClassDictionary().add(taken_); }
+    explicit Out(OdRxClass* taken) : taken_(taken) { classRegistry().remove(taken); }
+    ~Out() { classRegistry().add(taken_); }
     OdRxClass* taken_;
   };
   OdDbObjectIdArray ids{line({0, 0, 0}, {1, 0, 0})};

@@ -10,15 +10,15 @@
 // Kinds that are a camera or a definition, but not exactly.
 class StereoCamera : public OdDbCamera {
 public:
-  ODRX_DECLARE_MEMBERS(StereoCamera);
+  MVDRAWING_DECLARE_CLASS(StereoCamera);
 };
-ODRX_DEFINE_MEMBERS(StereoCamera, OdDbCamera, "");
+MVDRAWING_DEFINE_CLASS(StereoCamera, OdDbCamera, "");
 
 class NamedDefinition : public OdDbAttributeDefinition {
 public:
-  ODRX_DECLARE_MEMBERS(NamedDefinition);
+  MVDRAWING_DECLARE_CLASS(NamedDefinition);
 };
-ODRX_DEFINE_MEMBERS(NamedDefinition, OdDbAttributeDefinition, "");
+MVDRAWING_DEFINE_CLASS(NamedDefinition, OdDbAttributeDefinition, "");
 
 namespace {
 

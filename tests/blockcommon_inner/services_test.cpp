@@ -73,14 +73,14 @@ TEST(ServiceAccess, ObjectsOfAnotherKindAreRefused) {
   }
   for (const wchar_t* name : {kEditGetServer, kSelectorServer, kEditSystemServer, kDbServer})
     mv_arbitDict_unregister(name);
-  EXPECT_EQ(stranger->numRefs(), 1u);
+  EXPECT_EQ(stranger->referenceCount(), 1u);
 }
 
 // Records what it was given, answers a code of its own, throws, or takes itself out of the dictionary.
 class RecordingEditGet : public MvEditGetServer {
 public:
   int mvsiedInitGet(int flags, const wchar_t* keywords) override {
-    seen = OdString().format(L"%d %s %u", flags, keywords, numRefs());
+    seen = OdString().format(L"%d %s %u", flags, keywords, referenceCount());
     return 1;
   }
   int mvsiedGetString(int allowSpaces, const wchar_t* prompt, wchar_t* result) override {
@@ -91,7 +91,7 @@ public:
   int mvsiedGetPoint(const double*, const wchar_t*, double*) override { throw OdError(eOutOfMemory); }
   int mvsiedGetKword(const wchar_t*, wchar_t*, int) override {
     mv_arbitDict_unregister(kEditGetServer);
-    return static_cast<int>(numRefs());
+    return static_cast<int>(referenceCount());
   }
   OdString seen;
 };
@@ -108,9 +108,9 @@ TEST(ServiceAccess, ForwardsArgumentsAndResultsAndGivesTheReferenceBack) {
   EXPECT_EQ(service->seen, L"7 ask");
   EXPECT_STREQ(result, L"r");
   EXPECT_THROW(hostAccess::mvsiedGetPoint(nullptr, L"", nullptr), OdError);
-  EXPECT_EQ(service->numRefs(), 2u);
+  EXPECT_EQ(service->referenceCount(), 2u);
   EXPECT_EQ(hostAccess::mvsiedGetKword(L"", result, 2), 2); // the test's and the call's: it lives to the end of it
-  EXPECT_EQ(service->numRefs(), 1u);
+  EXPECT_EQ(service->referenceCount(), 1u);
 }
 
 // Counts its references while it is called.
@@ -122,7 +122,7 @@ public:
   int mvsiedFindFile(const wchar_t*, wchar_t*) override { return count(); }
 
 private:
-  int count() const { return static_cast<int>(numRefs()); }
+  int count() const { return static_cast<int>(referenceCount()); }
 };
 
 TEST(ServiceAccess, EveryCallHoldsOneReference) {

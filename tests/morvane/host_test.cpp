@@ -37,14 +37,14 @@ TEST(ServiceDictionary, FollowsEveryChangeAndTheCaseOfNames) {
   ScriptedHost host;
   const OdRxObjectPtr first(new OdRxObject), second(new OdRxObject);
   EXPECT_TRUE(mv_arbitDict_register(L"Core/X", first));
-  EXPECT_EQ(first->numRefs(), 2u);
+  EXPECT_EQ(first->referenceCount(), 2u);
   EXPECT_TRUE(mv_arbitDict_getservice(L"core/X").isNull());
   EXPECT_TRUE(mv_arbitDict_register(L"Core/X", second));
-  EXPECT_EQ(first->numRefs(), 1u);
+  EXPECT_EQ(first->referenceCount(), 1u);
   EXPECT_EQ(mv_arbitDict_getservice(L"Core/X").get(), second.get());
   EXPECT_TRUE(mv_arbitDict_unregister(L"Core/X"));
   EXPECT_FALSE(mv_arbitDict_unregister(L"Core/X"));
-  EXPECT_EQ(second->numRefs(), 1u);
+  EXPECT_EQ(second->referenceCount(), 1u);
   EXPECT_FALSE(mv_arbitDict_register(L"", first));
   EXPECT_FALSE(mv_arbitDict_register(L"Core/X", nullptr));
 }

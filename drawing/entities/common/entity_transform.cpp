@@ -99,7 +99,7 @@ OdResult OdDbEntity::transformBy(const OdGeMatrix3d& matrix) {
     return eCannotTransform;
   const drawing::ContextData contextData(*this);
   const OdResult result = subTransformBy(matrix);
-  if (result == eCannotTransform && isDBRO())
+  if (result == eCannotTransform && isResident())
     return becomeAnother(matrix);
   if (result != eOk)
     return result;

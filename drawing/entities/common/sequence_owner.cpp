@@ -8,7 +8,7 @@
 
 using drawing::getIf;
 
-ODDB_DEFINE_MEMBERS(OdDbSequenceEnd, OdDbEntity, "SEQEND");
+MVDRAWING_DEFINE_OBJECT(OdDbSequenceEnd, OdDbEntity, "SEQEND");
 
 const drawing::Description& OdDbSequenceEnd::ownDescription() {
   return OdDbEntity::ownDescription();
@@ -27,9 +27,10 @@ OdDbObjectId OdDbSequenceOwner::appendSubEntity(OdDbEntity& owner, OdDbEntity* p
   if (part == nullptr)
     throw OdError(eNullObjectPtr);
   owner.assertWriteEnabled();
-  if (!owner.isDBRO())
+  if (!owner.isResident())
     throw OdError(eNotInDatabase);
-  const OdDbObjectId id = part->isDBRO() ? part->objectId() : owner.database()->addOdDbObject(part, owner.objectId());
+  const OdDbObjectId id =
+      part->isResident() ? part->objectId() : owner.database()->addOdDbObject(part, owner.objectId());
   subEntities_.push_back(id);
   ensureEnd(owner);
   return id;

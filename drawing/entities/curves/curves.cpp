@@ -8,12 +8,12 @@
 
 using drawing::field;
 
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbCurve, OdDbEntity);
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbUnboundedLine, OdDbCurve);
-ODDB_DEFINE_MEMBERS(OdDbLine, OdDbCurve, "LINE");
-ODDB_DEFINE_MEMBERS(OdDbPoint, OdDbEntity, "POINT");
-ODDB_DEFINE_MEMBERS(OdDbRay, OdDbUnboundedLine, "RAY");
-ODDB_DEFINE_MEMBERS(OdDbXline, OdDbUnboundedLine, "XLINE");
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbCurve, OdDbEntity);
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbUnboundedLine, OdDbCurve);
+MVDRAWING_DEFINE_OBJECT(OdDbLine, OdDbCurve, "LINE");
+MVDRAWING_DEFINE_OBJECT(OdDbPoint, OdDbEntity, "POINT");
+MVDRAWING_DEFINE_OBJECT(OdDbRay, OdDbUnboundedLine, "RAY");
+MVDRAWING_DEFINE_OBJECT(OdDbXline, OdDbUnboundedLine, "XLINE");
 
 const drawing::Description& OdDbLine::ownDescription() {
   using Self = OdDbLine;
@@ -48,15 +48,15 @@ const drawing::Description& OdDbXline::ownDescription() {
   return description;
 }
 
-MVDB_SETTER(OdDbLine, setStartPoint, const OdGePoint3d&, start_)
-MVDB_SETTER(OdDbLine, setEndPoint, const OdGePoint3d&, end_)
-MVDB_SETTER(OdDbLine, setNormal, const OdGeVector3d&, normal_)
-MVDB_SETTER(OdDbLine, setThickness, double, thickness_)
-MVDB_SETTER(OdDbPoint, setPosition, const OdGePoint3d&, position_)
-MVDB_SETTER(OdDbPoint, setNormal, const OdGeVector3d&, normal_)
-MVDB_SETTER(OdDbPoint, setThickness, double, thickness_)
-MVDB_SETTER(OdDbPoint, setEcsRotation, double, ecsRotation_)
-MVDB_SETTER(OdDbUnboundedLine, setBasePoint, const OdGePoint3d&, base_)
+MVDRAWING_SETTER(OdDbLine, setStartPoint, const OdGePoint3d&, start_)
+MVDRAWING_SETTER(OdDbLine, setEndPoint, const OdGePoint3d&, end_)
+MVDRAWING_SETTER(OdDbLine, setNormal, const OdGeVector3d&, normal_)
+MVDRAWING_SETTER(OdDbLine, setThickness, double, thickness_)
+MVDRAWING_SETTER(OdDbPoint, setPosition, const OdGePoint3d&, position_)
+MVDRAWING_SETTER(OdDbPoint, setNormal, const OdGeVector3d&, normal_)
+MVDRAWING_SETTER(OdDbPoint, setThickness, double, thickness_)
+MVDRAWING_SETTER(OdDbPoint, setEcsRotation, double, ecsRotation_)
+MVDRAWING_SETTER(OdDbUnboundedLine, setBasePoint, const OdGePoint3d&, base_)
 
 OdResult OdDbLine::subTransformBy(const OdGeMatrix3d& matrix) {
   start_ = matrix * start_;

@@ -4,7 +4,7 @@
 
 using drawing::field;
 
-ODDB_DEFINE_MEMBERS(OdDbHelix, OdDbSpline, "HELIX");
+MVDRAWING_DEFINE_OBJECT(OdDbHelix, OdDbSpline, "HELIX");
 
 const drawing::Description& OdDbHelix::ownDescription() {
   using Self = OdDbHelix;

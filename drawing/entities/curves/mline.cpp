@@ -7,7 +7,7 @@
 
 using drawing::field;
 
-ODDB_DEFINE_MEMBERS(OdDbMline, OdDbCurve, "MLINE");
+MVDRAWING_DEFINE_OBJECT(OdDbMline, OdDbCurve, "MLINE");
 
 const drawing::Description& OdDbMline::ownDescription() {
   using Self = OdDbMline;

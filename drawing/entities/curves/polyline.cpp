@@ -11,7 +11,7 @@
 using drawing::field;
 using drawing::PlaneMap;
 
-ODDB_DEFINE_MEMBERS(OdDbPolyline, OdDbCurve, "LWPOLYLINE");
+MVDRAWING_DEFINE_OBJECT(OdDbPolyline, OdDbCurve, "LWPOLYLINE");
 
 const drawing::Description& OdDbPolyline::ownDescription() {
   using Self = OdDbPolyline;
@@ -109,10 +109,10 @@ void OdDbPolyline::setClosed(bool closed) {
   flags_ = static_cast<std::int16_t>(closed ? flags_ | 1 : flags_ & ~1);
 }
 
-MVDB_SETTER(OdDbPolyline, setConstantWidth, double, constantWidth_)
-MVDB_SETTER(OdDbPolyline, setElevation, double, elevation_)
-MVDB_SETTER(OdDbPolyline, setThickness, double, thickness_)
-MVDB_SETTER(OdDbPolyline, setNormal, const OdGeVector3d&, normal_)
+MVDRAWING_SETTER(OdDbPolyline, setConstantWidth, double, constantWidth_)
+MVDRAWING_SETTER(OdDbPolyline, setElevation, double, elevation_)
+MVDRAWING_SETTER(OdDbPolyline, setThickness, double, thickness_)
+MVDRAWING_SETTER(OdDbPolyline, setNormal, const OdGeVector3d&, normal_)
 
 OdResult OdDbPolyline::subTransformBy(const OdGeMatrix3d& matrix) {
   const PlaneMap map(matrix, normal_);

@@ -10,10 +10,10 @@
 using drawing::field;
 using drawing::PlaneMap;
 
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbRoundCurve, OdDbCurve);
-ODDB_DEFINE_MEMBERS(OdDbCircle, OdDbRoundCurve, "CIRCLE");
-ODDB_DEFINE_MEMBERS(OdDbArc, OdDbRoundCurve, "ARC");
-ODDB_DEFINE_MEMBERS(OdDbEllipse, OdDbCurve, "ELLIPSE");
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbRoundCurve, OdDbCurve);
+MVDRAWING_DEFINE_OBJECT(OdDbCircle, OdDbRoundCurve, "CIRCLE");
+MVDRAWING_DEFINE_OBJECT(OdDbArc, OdDbRoundCurve, "ARC");
+MVDRAWING_DEFINE_OBJECT(OdDbEllipse, OdDbCurve, "ELLIPSE");
 
 const drawing::SubclassLayout& OdDbRoundCurve::circleSubclass() {
   using Self = OdDbRoundCurve;
@@ -47,15 +47,15 @@ const drawing::Description& OdDbEllipse::ownDescription() {
   return description;
 }
 
-MVDB_SETTER_OCS(OdDbRoundCurve, setCenter, center_)
-MVDB_SETTER(OdDbRoundCurve, setNormal, const OdGeVector3d&, normal_)
-MVDB_SETTER(OdDbRoundCurve, setRadius, double, radius_)
-MVDB_SETTER(OdDbRoundCurve, setThickness, double, thickness_)
-MVDB_SETTER(OdDbArc, setStartAngle, double, startAngle_)
-MVDB_SETTER(OdDbArc, setEndAngle, double, endAngle_)
-MVDB_SETTER(OdDbEllipse, setCenter, const OdGePoint3d&, center_)
-MVDB_SETTER(OdDbEllipse, setStartParam, double, startParam_)
-MVDB_SETTER(OdDbEllipse, setEndParam, double, endParam_)
+MVDRAWING_SETTER_OCS(OdDbRoundCurve, setCenter, center_)
+MVDRAWING_SETTER(OdDbRoundCurve, setNormal, const OdGeVector3d&, normal_)
+MVDRAWING_SETTER(OdDbRoundCurve, setRadius, double, radius_)
+MVDRAWING_SETTER(OdDbRoundCurve, setThickness, double, thickness_)
+MVDRAWING_SETTER(OdDbArc, setStartAngle, double, startAngle_)
+MVDRAWING_SETTER(OdDbArc, setEndAngle, double, endAngle_)
+MVDRAWING_SETTER(OdDbEllipse, setCenter, const OdGePoint3d&, center_)
+MVDRAWING_SETTER(OdDbEllipse, setStartParam, double, startParam_)
+MVDRAWING_SETTER(OdDbEllipse, setEndParam, double, endParam_)
 
 OdGePoint3d OdDbRoundCurve::center() const {
   return ocsToWcs(center_, normal_);

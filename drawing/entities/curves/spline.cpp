@@ -5,7 +5,7 @@
 
 using drawing::field;
 
-ODDB_DEFINE_MEMBERS(OdDbSpline, OdDbCurve, "SPLINE");
+MVDRAWING_DEFINE_OBJECT(OdDbSpline, OdDbCurve, "SPLINE");
 
 const drawing::Description& OdDbSpline::ownDescription() {
   using Self = OdDbSpline;

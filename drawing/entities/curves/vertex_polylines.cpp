@@ -12,11 +12,11 @@ using drawing::field;
 using drawing::getIf;
 using drawing::PlaneMap;
 
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbVertexOwner, OdDbCurve);
-ODDB_DEFINE_MEMBERS(OdDb3dPolyline, OdDbVertexOwner, "POLYLINE");
-ODDB_DEFINE_MEMBERS(OdDbPolygonMesh, OdDbVertexOwner, "POLYLINE");
-ODDB_DEFINE_MEMBERS(OdDbPolyFaceMesh, OdDbVertexOwner, "POLYLINE");
-ODDB_DEFINE_MEMBERS(OdDb2dPolyline, OdDbVertexOwner, "POLYLINE");
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbVertexOwner, OdDbCurve);
+MVDRAWING_DEFINE_OBJECT(OdDb3dPolyline, OdDbVertexOwner, "POLYLINE");
+MVDRAWING_DEFINE_OBJECT(OdDbPolygonMesh, OdDbVertexOwner, "POLYLINE");
+MVDRAWING_DEFINE_OBJECT(OdDbPolyFaceMesh, OdDbVertexOwner, "POLYLINE");
+MVDRAWING_DEFINE_OBJECT(OdDb2dPolyline, OdDbVertexOwner, "POLYLINE");
 
 // That vertices follow is told by a mark, which needs no place in memory.
 bool OdDbVertexOwner::readFollowFlag(OdDbObject&, const drawing::RawGroup& group, drawing::LoadContext&) {
@@ -120,11 +120,11 @@ void OdDbVertexOwner::afterClone(const OdDbObject& source, OdDbIdMapping& mappin
   dropLostSubEntities();
 }
 
-MVDB_SETTER(OdDb2dPolyline, setElevation, double, origin_.z)
-MVDB_SETTER(OdDb2dPolyline, setThickness, double, thickness_)
-MVDB_SETTER(OdDb2dPolyline, setNormal, const OdGeVector3d&, normal_)
-MVDB_SETTER(OdDb2dPolyline, setDefaultStartWidth, double, startWidth_)
-MVDB_SETTER(OdDb2dPolyline, setDefaultEndWidth, double, endWidth_)
+MVDRAWING_SETTER(OdDb2dPolyline, setElevation, double, origin_.z)
+MVDRAWING_SETTER(OdDb2dPolyline, setThickness, double, thickness_)
+MVDRAWING_SETTER(OdDb2dPolyline, setNormal, const OdGeVector3d&, normal_)
+MVDRAWING_SETTER(OdDb2dPolyline, setDefaultStartWidth, double, startWidth_)
+MVDRAWING_SETTER(OdDb2dPolyline, setDefaultEndWidth, double, endWidth_)
 
 void OdDb2dPolyline::setClosed(bool closed) {
   assertWriteEnabled();

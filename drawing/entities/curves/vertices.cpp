@@ -3,13 +3,13 @@
 
 using drawing::field;
 
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbVertex, OdDbEntity);
-ODRX_DEFINE_MEMBERS_ABSTRACT(OdDbWorldVertex, OdDbVertex);
-ODDB_DEFINE_MEMBERS(OdDb3dPolylineVertex, OdDbWorldVertex, "VERTEX");
-ODDB_DEFINE_MEMBERS(OdDbPolygonMeshVertex, OdDbWorldVertex, "VERTEX");
-ODDB_DEFINE_MEMBERS(OdDbPolyFaceMeshVertex, OdDbWorldVertex, "VERTEX");
-ODDB_DEFINE_MEMBERS(OdDbFaceRecord, OdDbVertex, "VERTEX");
-ODDB_DEFINE_MEMBERS(OdDb2dVertex, OdDbVertex, "VERTEX");
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbVertex, OdDbEntity);
+MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbWorldVertex, OdDbVertex);
+MVDRAWING_DEFINE_OBJECT(OdDb3dPolylineVertex, OdDbWorldVertex, "VERTEX");
+MVDRAWING_DEFINE_OBJECT(OdDbPolygonMeshVertex, OdDbWorldVertex, "VERTEX");
+MVDRAWING_DEFINE_OBJECT(OdDbPolyFaceMeshVertex, OdDbWorldVertex, "VERTEX");
+MVDRAWING_DEFINE_OBJECT(OdDbFaceRecord, OdDbVertex, "VERTEX");
+MVDRAWING_DEFINE_OBJECT(OdDb2dVertex, OdDbVertex, "VERTEX");
 
 const drawing::Description& OdDb2dVertex::ownDescription() {
   using Self = OdDb2dVertex;
@@ -56,11 +56,11 @@ const drawing::Description& OdDbFaceRecord::ownDescription() {
   return description;
 }
 
-MVDB_SETTER(OdDb2dVertex, setPosition, const OdGePoint3d&, position_)
-MVDB_SETTER(OdDb2dVertex, setBulge, double, bulge_)
-MVDB_SETTER(OdDb2dVertex, setStartWidth, double, startWidth_)
-MVDB_SETTER(OdDb2dVertex, setEndWidth, double, endWidth_)
-MVDB_SETTER(OdDbWorldVertex, setPosition, const OdGePoint3d&, position_)
+MVDRAWING_SETTER(OdDb2dVertex, setPosition, const OdGePoint3d&, position_)
+MVDRAWING_SETTER(OdDb2dVertex, setBulge, double, bulge_)
+MVDRAWING_SETTER(OdDb2dVertex, setStartWidth, double, startWidth_)
+MVDRAWING_SETTER(OdDb2dVertex, setEndWidth, double, endWidth_)
+MVDRAWING_SETTER(OdDbWorldVertex, setPosition, const OdGePoint3d&, position_)
 
 OdResult OdDbWorldVertex::subTransformBy(const OdGeMatrix3d& matrix) {
   position_ = matrix * position_;

@@ -10,8 +10,8 @@
 
 using drawing::GroupList;
 
-ODDB_DEFINE_MEMBERS(OdDbHatch, OdDbEntity, "HATCH");
-ODDB_DEFINE_MEMBERS(OdDbMPolygon, OdDbHatch, "MPOLYGON");
+MVDRAWING_DEFINE_OBJECT(OdDbHatch, OdDbEntity, "HATCH");
+MVDRAWING_DEFINE_OBJECT(OdDbMPolygon, OdDbHatch, "MPOLYGON");
 
 const drawing::Description& OdDbHatch::ownDescription() {
   static const drawing::Description description(&OdDbEntity::ownDescription(),

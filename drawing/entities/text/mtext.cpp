@@ -12,7 +12,7 @@
 
 using drawing::field;
 
-ODDB_DEFINE_MEMBERS(OdDbMText, OdDbEntity, "MTEXT");
+MVDRAWING_DEFINE_OBJECT(OdDbMText, OdDbEntity, "MTEXT");
 
 const drawing::SubclassLayout& OdDbMText::textSubclass() {
   using Self = OdDbMText;
@@ -89,15 +89,15 @@ void OdDbMText::visitReferences(drawing::ReferenceVisitor& visitor) {
   drawing::visitGroups(rest_, visitor);
 }
 
-MVDB_SETTER(OdDbMText, setContents, const OdString&, contents_)
-MVDB_SETTER(OdDbMText, setLocation, const OdGePoint3d&, location_)
-MVDB_SETTER(OdDbMText, setNormal, const OdGeVector3d&, normal_)
-MVDB_SETTER(OdDbMText, setDirection, const OdGeVector3d&, direction_)
-MVDB_SETTER(OdDbMText, setTextHeight, double, height_)
-MVDB_SETTER(OdDbMText, setWidth, double, width_)
-MVDB_SETTER(OdDbMText, setAttachment, AttachmentPoint, attachment_)
-MVDB_SETTER(OdDbMText, setTextStyle, OdDbObjectId, style_)
-MVDB_SETTER(OdDbMText, setLineSpacingFactor, double, lineSpacing_)
+MVDRAWING_SETTER(OdDbMText, setContents, const OdString&, contents_)
+MVDRAWING_SETTER(OdDbMText, setLocation, const OdGePoint3d&, location_)
+MVDRAWING_SETTER(OdDbMText, setNormal, const OdGeVector3d&, normal_)
+MVDRAWING_SETTER(OdDbMText, setDirection, const OdGeVector3d&, direction_)
+MVDRAWING_SETTER(OdDbMText, setTextHeight, double, height_)
+MVDRAWING_SETTER(OdDbMText, setWidth, double, width_)
+MVDRAWING_SETTER(OdDbMText, setAttachment, AttachmentPoint, attachment_)
+MVDRAWING_SETTER(OdDbMText, setTextStyle, OdDbObjectId, style_)
+MVDRAWING_SETTER(OdDbMText, setLineSpacingFactor, double, lineSpacing_)
 
 double OdDbMText::rotation() const {
   const OdGeVector3d inPlane = OdGeMatrix3d::worldToPlane(normal_) * direction_;

@@ -7,7 +7,7 @@
 #include "drawing/model/setters.h"
 #include <cmath>
 
-ODDB_DEFINE_MEMBERS(OdDbText, OdDbEntity, "TEXT");
+MVDRAWING_DEFINE_OBJECT(OdDbText, OdDbEntity, "TEXT");
 
 const drawing::SubclassLayout& OdDbText::textSubclass() {
   using Self = OdDbText;
@@ -53,16 +53,16 @@ void OdDbText::setAlignmentPoint(const OdGePoint3d& point) {
   alignment_ = wcsToOcs(point, normal_);
 }
 
-MVDB_SETTER(OdDbText, setNormal, const OdGeVector3d&, normal_)
-MVDB_SETTER(OdDbText, setTextString, const OdString&, text_)
-MVDB_SETTER(OdDbText, setHeight, double, height_)
-MVDB_SETTER(OdDbText, setRotation, double, rotation_)
-MVDB_SETTER(OdDbText, setWidthFactor, double, widthFactor_)
-MVDB_SETTER(OdDbText, setOblique, double, oblique_)
-MVDB_SETTER(OdDbText, setThickness, double, thickness_)
-MVDB_SETTER(OdDbText, setTextStyle, OdDbObjectId, style_)
-MVDB_SETTER(OdDbText, setHorizontalMode, HorizontalMode, horizontal_)
-MVDB_SETTER(OdDbText, setVerticalMode, VerticalMode, vertical_)
+MVDRAWING_SETTER(OdDbText, setNormal, const OdGeVector3d&, normal_)
+MVDRAWING_SETTER(OdDbText, setTextString, const OdString&, text_)
+MVDRAWING_SETTER(OdDbText, setHeight, double, height_)
+MVDRAWING_SETTER(OdDbText, setRotation, double, rotation_)
+MVDRAWING_SETTER(OdDbText, setWidthFactor, double, widthFactor_)
+MVDRAWING_SETTER(OdDbText, setOblique, double, oblique_)
+MVDRAWING_SETTER(OdDbText, setThickness, double, thickness_)
+MVDRAWING_SETTER(OdDbText, setTextStyle, OdDbObjectId, style_)
+MVDRAWING_SETTER(OdDbText, setHorizontalMode, HorizontalMode, horizontal_)
+MVDRAWING_SETTER(OdDbText, setVerticalMode, VerticalMode, vertical_)
 
 void OdDbText::setTextFrom(const OdDbText& other) {
   assertWriteEnabled();

@@ -127,7 +127,7 @@ const Table& table() {
 } // namespace
 
 Drawer drawerOf(const OdDbEntity& entity) {
-  for (OdRxClass* at = entity.isA(); at != nullptr; at = at->myParent()) {
+  for (OdRxClass* at = entity.isA(); at != nullptr; at = at->parent()) {
     const auto found = table().find(at);
     if (found != table().end())
       return found->second;

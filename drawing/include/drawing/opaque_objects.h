@@ -6,7 +6,7 @@
 // An object whose groups are preserved and written unchanged.
 class MVDRAWING_API OdDbOpaqueObject : public OdDbObject {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbOpaqueObject);
+  MVDRAWING_DECLARE_OBJECT(OdDbOpaqueObject);
   OdDbOpaqueObject() = default;
   // Its name in the file, and whether something in it could not be parsed. For readers: setting does not require the
   // object to be open for write.
@@ -25,7 +25,7 @@ private:
 // byte.
 class MVDRAWING_API OdDbOpaqueEntity : public OdDbEntity {
 public:
-  ODRX_DECLARE_MEMBERS(OdDbOpaqueEntity);
+  MVDRAWING_DECLARE_CLASS(OdDbOpaqueEntity);
   OdDbOpaqueEntity() = default;
   OdDbObject* makeCopy() const override;
   void assignState(const OdDbObject& other) override;

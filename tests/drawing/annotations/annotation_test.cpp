@@ -12,10 +12,10 @@ using namespace tests;
 namespace {
 
 OdDbAnnotativeObjectPEPtr annotationOf(const OdDbObjectPtr& object) {
-  return OdDbAnnotativeObjectPEPtr(odrxQueryX<OdDbAnnotativeObjectPE>(object.get()), kTakeReference);
+  return OdDbAnnotativeObjectPEPtr(queryAs<OdDbAnnotativeObjectPE>(object.get()), kTakeReference);
 }
 OdDbPaperOrientationPEPtr orientationOf(const OdDbObjectPtr& object) {
-  return OdDbPaperOrientationPEPtr(odrxQueryX<OdDbPaperOrientationPE>(object.get()), kTakeReference);
+  return OdDbPaperOrientationPEPtr(queryAs<OdDbPaperOrientationPE>(object.get()), kTakeReference);
 }
 bool isAnnotative(OdDbObjectId id) {
   return annotationOf(id.safeOpenObject())->annotative(id.safeOpenObject());

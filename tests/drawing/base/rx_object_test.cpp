@@ -8,12 +8,12 @@ namespace rx_object_test {
 
 class Shape : public OdRxObject {
 public:
-  ODRX_DECLARE_MEMBERS(Shape);
+  MVDRAWING_DECLARE_CLASS(Shape);
 };
 
 class Round : public Shape {
 public:
-  ODRX_DECLARE_MEMBERS(Round);
+  MVDRAWING_DECLARE_CLASS(Round);
   inline static int alive = 0;
   Round() { ++alive; }
   Round(const Round& other) : Shape(other) { ++alive; }
@@ -23,36 +23,36 @@ public:
 
 class Square : public Shape {
 public:
-  ODRX_DECLARE_MEMBERS(Square);
+  MVDRAWING_DECLARE_CLASS(Square);
 };
 
 class Painter : public OdRxObject {
 public:
-  ODRX_DECLARE_MEMBERS(Painter);
+  MVDRAWING_DECLARE_CLASS(Painter);
 };
 
-ODRX_DEFINE_MEMBERS_ABSTRACT(Shape, OdRxObject);
-ODRX_DEFINE_MEMBERS(Round, Shape, "TESTROUND");
-ODRX_DEFINE_MEMBERS(Square, Shape, "");
-ODRX_DEFINE_MEMBERS(Painter, OdRxObject, "");
+MVDRAWING_DEFINE_ABSTRACT_CLASS(Shape, OdRxObject);
+MVDRAWING_DEFINE_CLASS(Round, Shape, "TESTROUND");
+MVDRAWING_DEFINE_CLASS(Square, Shape, "");
+MVDRAWING_DEFINE_CLASS(Painter, OdRxObject, "");
 
 TEST(SmartPtr, CountsItsObject) {
   {
     OdSmartPtr<Round> one = Round::createObject();
     OdSmartPtr<Shape> same = one;
-    EXPECT_EQ(one->numRefs(), 2U);
+    EXPECT_EQ(one->referenceCount(), 2U);
     const Round copy(*one); // on the stack: never released
-    EXPECT_EQ(copy.numRefs(), 0U);
+    EXPECT_EQ(copy.referenceCount(), 0U);
     one = OdSmartPtr<Round>(one.get()); // from its own object
     OdSmartPtr<Round>& alias = one;
     one = alias;
     one = std::move(alias);
-    EXPECT_EQ(one->numRefs(), 2U);
+    EXPECT_EQ(one->referenceCount(), 2U);
     one.release();
     EXPECT_TRUE(one.isNull());
-    EXPECT_EQ(same->numRefs(), 1U);
+    EXPECT_EQ(same->referenceCount(), 1U);
     const OdSmartPtr<Shape> taken(same.detach(), kTakeReference);
-    EXPECT_EQ(taken->numRefs(), 1U);
+    EXPECT_EQ(taken->referenceCount(), 1U);
     EXPECT_EQ(Round::alive, 2);
   }
   EXPECT_EQ(Round::alive, 0);
@@ -86,25 +86,25 @@ TEST(SmartPtr, ChecksTheClassWhenConverting) {
     EXPECT_GE(error.description().find(L"Round"), 0);
     EXPECT_GE(error.description().find(L"Square"), 0);
   }
-  EXPECT_EQ(object->numRefs(), 1U);
+  EXPECT_EQ(object->referenceCount(), 1U);
 }
 
 TEST(ClassRegistry, KnowsClassesByNameAndRecordName) {
-  EXPECT_EQ(odrxClassDictionary().find("Square"), Square::desc());
-  EXPECT_EQ(odrxClassDictionary().find("square"), nullptr);
-  EXPECT_EQ(odrxClassDictionary().findByDxfName("TESTROUND"), Round::desc());
-  EXPECT_EQ(odrxClassDictionary().findByDxfName(""), nullptr);
-  EXPECT_EQ(Round::desc()->myParent(), Shape::desc());
+  EXPECT_EQ(classRegistry().find("Square"), Square::desc());
+  EXPECT_EQ(classRegistry().find("square"), nullptr);
+  EXPECT_EQ(classRegistry().findByDxfName("TESTROUND"), Round::desc());
+  EXPECT_EQ(classRegistry().findByDxfName(""), nullptr);
+  EXPECT_EQ(Round::desc()->parent(), Shape::desc());
   EXPECT_TRUE(Round::desc()->isDerivedFrom(OdRxObject::desc()));
   EXPECT_FALSE(Shape::desc()->isDerivedFrom(Round::desc()));
   EXPECT_TRUE(Shape::desc()->create().isNull()); // abstract
 }
 
 TEST(ClassRegistry, MakesNothingOfARemovedClass) {
-  odrxClassDictionary().remove(Round::desc());
+  classRegistry().remove(Round::desc());
   EXPECT_TRUE(Round::createObject().isNull());
-  EXPECT_EQ(odrxClassDictionary().findByDxfName("TESTROUND"), nullptr);
-  odrxClassDictionary().add(Round::desc());
+  EXPECT_EQ(classRegistry().findByDxfName("TESTROUND"), nullptr);
+  classRegistry().add(Round::desc());
   EXPECT_FALSE(Round::createObject().isNull());
 }
 
@@ -113,17 +113,17 @@ TEST(ProtocolExtension, IsInheritedUntilReplaced) {
   const OdRxObjectPtr round = Round::createObject(), square = Square::createObject();
   EXPECT_TRUE(Painter::cast(round).isNull());
 
-  EXPECT_TRUE(Shape::desc()->addX(Painter::desc(), general).isNull());
-  EXPECT_TRUE(Round::desc()->addX(Painter::desc(), special).isNull());
+  EXPECT_TRUE(Shape::desc()->setExtension(Painter::desc(), general).isNull());
+  EXPECT_TRUE(Round::desc()->setExtension(Painter::desc(), special).isNull());
   EXPECT_EQ(Painter::cast(round).get(), special.get());
   EXPECT_EQ(Painter::cast(square).get(), general.get());
-  EXPECT_EQ(Round::desc()->addX(Painter::desc(), general).get(), special.get());
-  EXPECT_EQ(Round::desc()->delX(Painter::desc()).get(), general.get());
+  EXPECT_EQ(Round::desc()->setExtension(Painter::desc(), general).get(), special.get());
+  EXPECT_EQ(Round::desc()->removeExtension(Painter::desc()).get(), general.get());
   EXPECT_EQ(Painter::cast(round).get(), general.get());
-  EXPECT_EQ(Shape::desc()->delX(Painter::desc()).get(), general.get());
-  EXPECT_TRUE(Shape::desc()->delX(Painter::desc()).isNull());
+  EXPECT_EQ(Shape::desc()->removeExtension(Painter::desc()).get(), general.get());
+  EXPECT_TRUE(Shape::desc()->removeExtension(Painter::desc()).isNull());
   EXPECT_TRUE(Painter::cast(square).isNull());
-  EXPECT_EQ(general->numRefs(), 1U); // the classes let go
+  EXPECT_EQ(general->referenceCount(), 1U); // the classes let go
 }
 
 TEST(OdError, SaysWhatItIs) {

@@ -77,7 +77,7 @@ TEST_P(RoundCurves, BecomeEllipsesInTheirPlace) {
       const std::string text = written(*ellipse);
       EXPECT_EQ(text.find("|310 "), text.npos); // the old picture
       EXPECT_NE(text.find("|284 1"), text.npos);
-      EXPECT_FALSE(held->isDBRO()); // what was held is the curve as it was, free
+      EXPECT_FALSE(held->isResident()); // what was held is the curve as it was, free
       EXPECT_EQ(GetParam().points(*held)[0].distanceTo(points[0]), 0);
     }
     EXPECT_EQ(tests::entitiesOf(loader.database->getModelSpaceId()), (OdDbObjectIdArray{before, id, behind}));

@@ -38,7 +38,7 @@ private:
 // The SEQEND entity after a sequence of attributes or vertices.
 class MVDRAWING_API OdDbSequenceEnd : public OdDbEntity {
 public:
-  ODDB_DECLARE_MEMBERS(OdDbSequenceEnd);
+  MVDRAWING_DECLARE_OBJECT(OdDbSequenceEnd);
   OdDbSequenceEnd() = default;
 
 protected:
