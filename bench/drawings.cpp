@@ -84,7 +84,7 @@ std::vector<OdDbObjectId> addBlocks(OdDbDatabase& database, OdDbObjectId layer) 
     ids.push_back(table->add(block.get()));
     const OdDbEntityPtr line = makeLine(i);
     line->setLayer(layer);
-    forWrite<OdDbBlockTableRecord>(ids.back())->appendOdDbEntity(line.get());
+    forWrite<OdDbBlockTableRecord>(ids.back())->appendEntity(line.get());
   }
   return ids;
 }
@@ -100,7 +100,7 @@ private:
 
 std::unique_ptr<Job> readJob(std::size_t entities) {
   return std::make_unique<FunctionJob>(
-      [file = makeFile(entities)] { return drawing::readDrawingFromMemory(file).database->approxNumObjects(); });
+      [file = makeFile(entities)] { return drawing::readDrawingFromMemory(file).database->objectCount(); });
 }
 
 std::unique_ptr<Job> writeJob(std::size_t entities) {
@@ -155,7 +155,7 @@ std::unique_ptr<Job> countReferencesJob(std::size_t entities) {
     blocks.append(table->add(block.get()));
     const auto reference = OdDbBlockReference::createObject();
     reference->setBlockTableRecord(blocks.last());
-    space->appendOdDbEntity(reference.get());
+    space->appendEntity(reference.get());
   }
   return std::make_unique<FunctionJob>([database, blocks] {
     int count = 0;
@@ -170,7 +170,7 @@ std::unique_ptr<Job> insertJob(std::size_t entities) {
   return std::make_unique<FunctionJob>([source] {
     const OdDbDatabasePtr target = OdDbDatabase::create();
     target->insert(L"part", source.get(), true);
-    return target->approxNumObjects();
+    return target->objectCount();
   });
 }
 
@@ -186,7 +186,7 @@ std::unique_ptr<Job> insertManyJob(std::size_t entities) {
       const OdDbObjectId block = target->insert(name.format(L"file %d", static_cast<int>(i)), source.get(), true);
       const auto reference = OdDbBlockReference::createObject();
       reference->setBlockTableRecord(block);
-      space->appendOdDbEntity(reference.get());
+      space->appendEntity(reference.get());
       shown += static_cast<std::size_t>(commonFun::getBlockReferenceCount(block));
     }
     return shown;
@@ -198,7 +198,7 @@ std::unique_ptr<Job> wblockJob(std::size_t entities) {
   const OdDbDatabasePtr source = makeDrawing(entities);
   const OdDbDatabasePtr plan = OdDbDatabase::create();
   const OdDbObjectId block = plan->insert(L"part", source.get(), true);
-  return std::make_unique<FunctionJob>([plan, block] { return drawing::wblockBlock(block)->approxNumObjects(); });
+  return std::make_unique<FunctionJob>([plan, block] { return drawing::wblockBlock(block)->objectCount(); });
 }
 
 // As many entities in definitions of ten, each as a drawing of its own.
@@ -213,7 +213,7 @@ std::unique_ptr<Job> wblockManyJob(std::size_t entities) {
   return std::make_unique<FunctionJob>([plan, blocks] {
     std::size_t objects = 0;
     for (const OdDbObjectId& block : blocks)
-      objects += drawing::wblockBlock(block)->approxNumObjects();
+      objects += drawing::wblockBlock(block)->objectCount();
     return objects;
   });
 }
@@ -255,7 +255,7 @@ OdDbDatabasePtr makeDrawing(std::size_t entities) {
   for (std::size_t i = 0; i < entities; ++i) {
     const OdDbEntityPtr entity = makeEntity(i, blocks);
     entity->setLayer(layers[i % layers.size()]);
-    space->appendOdDbEntity(entity.get());
+    space->appendEntity(entity.get());
   }
   return database;
 }

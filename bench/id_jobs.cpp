@@ -29,7 +29,7 @@ struct Stage {
 template <class Kind>
 void mixIn(Stage& stage) {
   const OdDbBlockTableRecordPtr space = stage.database->getModelSpaceId().safeOpenObject(OdDb::kForWrite);
-  const OdDbObjectId added = space->appendOdDbEntity(Kind::createObject());
+  const OdDbObjectId added = space->appendEntity(Kind::createObject());
   for (unsigned at = 0; at < stage.ids.size(); at += 2)
     stage.ids.setAt(at, added);
 }

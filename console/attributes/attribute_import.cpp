@@ -75,7 +75,7 @@ private:
   // Of a reference; null when there is none. The same for all its rows.
   const ReferenceAttributes* attributesOfHandle(const OdString& handle) {
     const auto number = parseHandle(handle.toUtf8());
-    const OdDbObjectId id = number ? database_.getOdDbObjectId(*number) : OdDbObjectId();
+    const OdDbObjectId id = number ? database_.objectIdOf(*number) : OdDbObjectId();
     const auto known = references_.find(id);
     if (known != references_.end())
       return &known->second;

@@ -60,7 +60,7 @@ OdDbObjectId placeReference(OdDbDatabase& database, const BlockRequest& request,
   if (reference->setBlockTransform(frame * OdGeMatrix3d::scaling(referenceScale(request, database))) != eOk)
     refuse(MessageId::kReferenceFailed, {request.name});
   const OdDbBlockTableRecordPtr space = request.space.safeOpenObject(OdDb::kForWrite);
-  const OdDbObjectId id = space->appendOdDbEntity(reference.get());
+  const OdDbObjectId id = space->appendEntity(reference.get());
   blockUtils::processBlockTbRefAsDefaultAttri(reference.get());
   return id;
 }

@@ -68,7 +68,7 @@ OdDbBlockReferencePtr placeReference(Session& session, OdDbObjectId block, const
   if (reference->setBlockTransform(matrixOf(database, placement, unitsFactor(block))) != eOk)
     refuse(MessageId::kReferenceFailed, {definition->getName()});
   const OdDbBlockTableRecordPtr space = spaceId.safeOpenObject(OdDb::kForWrite);
-  space->appendOdDbEntity(reference.get());
+  space->appendEntity(reference.get());
   return reference;
 }
 

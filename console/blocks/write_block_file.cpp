@@ -152,7 +152,7 @@ OdDbObjectIdArray originsOfClones(const OdDbDatabase& read, const OdDbDatabase& 
   const OdDbBlockTableRecordPtr space = made.getModelSpaceId().safeOpenObject();
   const auto iterator = space->newIterator();
   for (const OdDbObjectId id : ids) {
-    if (!read.getOdDbObjectId(iterator->objectId().getHandle()).safeOpenObject().isNull())
+    if (!read.objectIdOf(iterator->objectId().getHandle()).safeOpenObject().isNull())
       held.append(id);
     iterator->step();
   }

@@ -65,7 +65,7 @@ OdDbObjectId addToDrawing(CommandContext& context, OdDbEntity& entity) {
     throw OdError(eNoDatabase);
   if (const OdResult result = entity.transformBy(ucs); result != eOk)
     throw OdError(result);
-  return space->appendOdDbEntity(&entity);
+  return space->appendEntity(&entity);
 }
 
 OdString typeText(const OdDbEntity& entity) {

@@ -58,7 +58,7 @@ OdDbObjectIdArray ofType(const OdDbObjectIdArray& objects, const OdString& name)
 
 OdDbObjectIdArray ofHandle(OdDbDatabase& database, const OdDbObjectIdArray& objects, const OdString& text) {
   const auto handle = parseHandle(text.toUtf8());
-  const OdDbObjectId wanted = handle ? database.getOdDbObjectId(*handle) : OdDbObjectId();
+  const OdDbObjectId wanted = handle ? database.objectIdOf(*handle) : OdDbObjectId();
   OdDbObjectIdArray ids = pickIf(objects, [&](OdDbObjectId id) { return !wanted.isNull() && id == wanted; });
   if (ids.isEmpty())
     refuse(MessageId::kNoSuchHandle, {text});

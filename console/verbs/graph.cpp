@@ -103,7 +103,7 @@ public:
 
 private:
   void work(Session& session, Json& results) {
-    const OdDbObjectId picked = session.database().getOdDbObjectId(*parseHandle(handle_));
+    const OdDbObjectId picked = session.database().objectIdOf(*parseHandle(handle_));
     if (OdDbBlockReference::cast(picked.safeOpenObject()).isNull())
       refuse(MessageId::kGraphNoReference, {OdString::fromUtf8(handle_)});
     tree_ = treeOf(session, picked, maxNodes_);

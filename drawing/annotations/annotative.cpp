@@ -32,7 +32,7 @@ std::optional<bool> storedFlag(const OdDbObject& object, const OdString& applica
   std::optional<bool> flag;
   const OdResBufPtr chain = object.xData(application);
   for (const OdResBuf* at = chain.get(); at != nullptr; at = at->next().get()) {
-    if (at->restype() == kWhole)
+    if (at->groupCode() == kWhole)
       flag = at->getInt() != 0;
   }
   return flag;
@@ -46,7 +46,7 @@ void store(OdDbObject& object, const OdResBufPtr& chain) {
 
 void removeData(OdDbObject& object, const OdString& application) {
   if (!object.xData(application).isNull())
-    object.setXData(OdResBuf::newRb(1001, application).get());
+    object.setXData(OdResBuf::make(1001, application).get());
 }
 
 const OdDbDictionary* contextData(const OdDbObject& object) {
@@ -89,12 +89,12 @@ public:
       removeContextData(*object);
       return eOk;
     }
-    const OdResBufPtr chain = OdResBuf::newRb(1001, kAnnotative);
-    chain->setNext(OdResBuf::newRb(1000, OdString(L"AnnotativeData")))
-        ->setNext(OdResBuf::newRb(1002, OdString(L"{")))
-        ->setNext(OdResBuf::newInt(kWhole, 1)) // version
-        ->setNext(OdResBuf::newInt(kWhole, 1))
-        ->setNext(OdResBuf::newRb(1002, OdString(L"}")));
+    const OdResBufPtr chain = OdResBuf::make(1001, kAnnotative);
+    chain->setNext(OdResBuf::make(1000, OdString(L"AnnotativeData")))
+        ->setNext(OdResBuf::make(1002, OdString(L"{")))
+        ->setNext(OdResBuf::makeInteger(kWhole, 1)) // version
+        ->setNext(OdResBuf::makeInteger(kWhole, 1))
+        ->setNext(OdResBuf::make(1002, OdString(L"}")));
     store(*object, chain);
     return eOk;
   }
@@ -134,8 +134,8 @@ public:
       removeData(*object, kOrientation);
       return eOk;
     }
-    const OdResBufPtr chain = OdResBuf::newRb(1001, kOrientation);
-    chain->setNext(OdResBuf::newInt(kWhole, 1));
+    const OdResBufPtr chain = OdResBuf::make(1001, kOrientation);
+    chain->setNext(OdResBuf::makeInteger(kWhole, 1));
     store(*object, chain);
     return eOk;
   }

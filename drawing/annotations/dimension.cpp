@@ -46,7 +46,7 @@ bool isGiven(const OdGePoint3d& point) {
 
 } // namespace
 
-OdResult OdDbDimension::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbDimension::applyTransform(const OdGeMatrix3d& matrix) {
   const PlaneMap map(matrix, normal_);
   if (!map.keepsShapes())
     return eCannotTransform;

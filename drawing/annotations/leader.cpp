@@ -50,7 +50,7 @@ bool OdDbLeader::appendVertex(const OdGePoint3d& point) {
   return true;
 }
 
-OdResult OdDbLeader::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbLeader::applyTransform(const OdGeMatrix3d& matrix) {
   const drawing::PlaneMap map(matrix, normal_);
   if (!map.keepsShapes())
     return eCannotTransform;

@@ -238,8 +238,8 @@ void rotateAngles(GroupList& groups, const OdGeMatrix3d& matrix, const OdGeVecto
 
 } // namespace
 
-OdResult OdDbMLeader::subTransformBy(const OdGeMatrix3d& matrix) {
-  if (!matrix.isUniScaledOrtho(OdGeTol(1e-10)) || matrix.det() < 0)
+OdResult OdDbMLeader::applyTransform(const OdGeMatrix3d& matrix) {
+  if (!matrix.isUniformlyScaled(OdGeTol(1e-10)) || matrix.determinant() < 0)
     return eCannotTransform;
   const double length = matrix.scale(), scale = std::fabs(length - 1) > 1e-14 ? length : 1;
   const GroupList context = levelOf(groups_, kContext);

@@ -48,12 +48,12 @@ double OdDbTable::nthReal(int code, unsigned index) const {
   return groups_[i].real;
 }
 
-OdResult OdDbTable::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbTable::applyTransform(const OdGeMatrix3d& matrix) {
   static constexpr drawing::GroupRole kHeaderRoles[] = {{11, drawing::GeometricRole::Direction}};
-  const bool rigid = matrix.isUniScaledOrtho(OdGeTol(1e-10)) && std::fabs(matrix.det() - 1) < 1e-9;
+  const bool rigid = matrix.isUniformlyScaled(OdGeTol(1e-10)) && std::fabs(matrix.determinant() - 1) < 1e-9;
   if (!rigid)
     return eCannotTransform;
-  if (const OdResult result = OdDbBlockReference::subTransformBy(matrix); result != eOk)
+  if (const OdResult result = OdDbBlockReference::applyTransform(matrix); result != eOk)
     return result;
   // Cells may hold values under the same code: the direction stands before the first of them.
   const std::size_t head = std::min(groups_.find(171), groups_.find(301));

@@ -28,7 +28,7 @@ void OdDbFcf::setOrientation(const OdGeVector3d& normal, const OdGeVector3d& dir
   direction_ = direction.normal();
 }
 
-OdResult OdDbFcf::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbFcf::applyTransform(const OdGeMatrix3d& matrix) {
   const drawing::PlaneMap map(matrix, normal_);
   if (!map.keepsShapes())
     return eCannotTransform;

@@ -217,7 +217,7 @@ void OdDbAttributeBase::setMTextAttribute(const OdDbMText* text) {
   rest_ = std::move(rest);
 }
 
-OdResult OdDbAttributeBase::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbAttributeBase::applyTransform(const OdGeMatrix3d& matrix) {
   return transformAll(matrix, false);
 }
 
@@ -230,7 +230,7 @@ OdResult OdDbAttributeBase::transformAll(const OdGeMatrix3d& matrix, bool neares
   if (textStart(old) < old.size() && !drawing::transformMTextGroups(old, textStart(old), matrix, nearest))
     return eCannotTransform;
   const OdGeVector3d normal = normal_;
-  if (const OdResult result = OdDbText::subTransformBy(matrix); result != eOk)
+  if (const OdResult result = OdDbText::applyTransform(matrix); result != eOk)
     return result;
   moveAlignment(rest, std::min(embedded, rest.size()), matrix, normal, normal_);
   moveAlignment(old, textStart(old) < old.size() ? textStart(old) : 0, matrix, normal, normal_);

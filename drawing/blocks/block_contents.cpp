@@ -40,7 +40,7 @@ std::int16_t OdDbBlockTableRecord::derivedFlags() const {
   return flags;
 }
 
-OdDbObjectId OdDbBlockTableRecord::appendOdDbEntity(OdDbEntity* entity) {
+OdDbObjectId OdDbBlockTableRecord::appendEntity(OdDbEntity* entity) {
   assertWriteEnabled();
   if (!isResident())
     throw OdError(eNotInDatabase);
@@ -49,7 +49,7 @@ OdDbObjectId OdDbBlockTableRecord::appendOdDbEntity(OdDbEntity* entity) {
     if (referenced == objectId() || (wasReferenced() && drawing::reaches(referenced, objectId())))
       throw OdError(eSelfReference);
   }
-  const OdDbObjectId id = entity->isResident() ? entity->objectId() : database()->addOdDbObject(entity, objectId());
+  const OdDbObjectId id = entity->isResident() ? entity->objectId() : database()->addObject(entity, objectId());
   if (const auto* reference = dynamic_cast<const OdDbBlockReference*>(entity))
     reference->recordInDefinition();
   database()->undoLog().listGrows(*this, members_.size());

@@ -154,7 +154,7 @@ OdResult OdDbBlockReference::setBlockTransform(const OdGeMatrix3d& matrix) {
   return eOk;
 }
 
-OdResult OdDbBlockReference::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbBlockReference::applyTransform(const OdGeMatrix3d& matrix) {
   if (drawing::isTranslation(matrix)) { // scales and angles keep their bits
     position_ = wcsToOcs(matrix * position(), normal_);
     return transformSubEntities(matrix);
@@ -246,9 +246,9 @@ MVDRAWING_SETTER(OdDbMInsertBlock, setRows, std::int16_t, rows_)
 MVDRAWING_SETTER(OdDbMInsertBlock, setColumnSpacing, double, columnSpacing_)
 MVDRAWING_SETTER(OdDbMInsertBlock, setRowSpacing, double, rowSpacing_)
 
-OdResult OdDbMInsertBlock::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbMInsertBlock::applyTransform(const OdGeMatrix3d& matrix) {
   const double before[2] = {scaleX_, scaleY_};
-  if (const OdResult result = OdDbBlockReference::subTransformBy(matrix); result != eOk)
+  if (const OdResult result = OdDbBlockReference::applyTransform(matrix); result != eOk)
     return result;
   // Spacings are lengths along the reference's own axes: they grow with the axes, and turn round with them.
   if (scaleX_ != before[0])

@@ -25,7 +25,7 @@ void Cloner::make(const Item& item) {
   if (auto* block = dynamic_cast<OdDbBlockTableRecord*>(copy.get()))
     block->clearCopiedLinks();
   OdDbObject& made = *copy.release();
-  const OdDbObjectId id = target_.addOdDbObject(&made, owner);
+  const OdDbObjectId id = target_.addObject(&made, owner);
   mapping_.assign(OdDbIdPair(item.source, id, true, item.primary));
   join(item, made);
 }

@@ -182,7 +182,7 @@ private:
     }
     text->setPropertiesFrom(attribute);
     const OdDbBlockTableRecordPtr space = reference_->blockId().safeOpenObject(OdDb::kForWrite);
-    const OdDbObjectId id = space->appendOdDbEntity(text.get());
+    const OdDbObjectId id = space->appendEntity(text.get());
     byBlock_.applyTo(id);
     result_.made.append(id);
   }

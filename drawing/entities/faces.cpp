@@ -93,7 +93,7 @@ void OdDbFilledArea::setPointAt(int index, const OdGePoint3d& point) {
   corners_.set(index, wcsToOcs(point, normal_));
 }
 
-OdResult OdDbFilledArea::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbFilledArea::applyTransform(const OdGeMatrix3d& matrix) {
   const drawing::PlaneMap map(matrix, normal_);
   if (!map.takesThickness(thickness_))
     return eCannotTransform;
@@ -122,7 +122,7 @@ void OdDbFace::setVertexAt(int index, const OdGePoint3d& point) {
   corners_.set(index, point);
 }
 
-OdResult OdDbFace::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbFace::applyTransform(const OdGeMatrix3d& matrix) {
   for (OdGePoint3d& corner : corners_.points)
     corner = matrix * corner;
   return eOk;

@@ -42,8 +42,8 @@ MVDRAWING_SETTER(OdDbLight, setIntensity, double, intensity_)
 MVDRAWING_SETTER(OdDbLight, setPosition, const OdGePoint3d&, position_)
 MVDRAWING_SETTER(OdDbLight, setTargetLocation, const OdGePoint3d&, target_)
 
-OdResult OdDbLight::subTransformBy(const OdGeMatrix3d& matrix) {
-  if (!matrix.isUniScaledOrtho(OdGeTol(1e-10)))
+OdResult OdDbLight::applyTransform(const OdGeMatrix3d& matrix) {
+  if (!matrix.isUniformlyScaled(OdGeTol(1e-10)))
     return eCannotTransform;
   position_ = matrix * position_;
   target_ = matrix * target_;

@@ -57,6 +57,6 @@ std::string OdDbModelerGeometry::textBody() const {
   return text.empty() ? text : text + '\n';
 }
 
-OdResult OdDbModelerGeometry::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbModelerGeometry::applyTransform(const OdGeMatrix3d& matrix) {
   return drawing::isIdentity(matrix) ? eOk : eCannotTransform;
 }

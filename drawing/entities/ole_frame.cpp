@@ -24,7 +24,7 @@ std::string OdDbOleFrame::getOleObject() const {
   return bytes;
 }
 
-OdResult OdDbOleFrame::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbOleFrame::applyTransform(const OdGeMatrix3d& matrix) {
   return drawing::isIdentity(matrix) ? eOk : eCannotTransform;
 }
 

@@ -49,6 +49,6 @@ std::int32_t OdDbProxyObject::applicationClassId() const {
   return static_cast<std::int32_t>(drawing::rawInteger(groups_, kClassId));
 }
 
-OdResult OdDbProxyEntity::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbProxyEntity::applyTransform(const OdGeMatrix3d& matrix) {
   return drawing::isIdentity(matrix) ? eOk : eCannotTransform;
 }

@@ -43,7 +43,7 @@ void OdDbImageBase::setOrientation(const OdGePoint3d& origin, const OdGeVector3d
   v_ = v;
 }
 
-OdResult OdDbImageBase::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbImageBase::applyTransform(const OdGeMatrix3d& matrix) {
   origin_ = matrix * origin_;
   u_ = matrix * u_;
   v_ = matrix * v_;

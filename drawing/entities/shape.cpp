@@ -25,7 +25,7 @@ MVDRAWING_SETTER(OdDbShape, setPosition, const OdGePoint3d&, position_)
 MVDRAWING_SETTER(OdDbShape, setSize, double, size_)
 MVDRAWING_SETTER(OdDbShape, setRotation, double, rotation_)
 
-OdResult OdDbShape::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbShape::applyTransform(const OdGeMatrix3d& matrix) {
   const drawing::PlaneMap map(matrix, normal_);
   drawing::TextFrame frame{rotation_, size_, widthFactor_, oblique_, normal_};
   if (!map.takesThickness(thickness_) || !frame.transform(matrix))

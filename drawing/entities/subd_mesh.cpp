@@ -24,7 +24,7 @@ int OdDbSubDMesh::subdivisionLevel() const {
   return static_cast<int>(drawing::rawInteger(groups_, 91));
 }
 
-OdResult OdDbSubDMesh::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbSubDMesh::applyTransform(const OdGeMatrix3d& matrix) {
   static constexpr drawing::GroupRole kRoles[] = {{10, drawing::GeometricRole::Point}};
   drawing::transformRawGroups(groups_, 0, groups_.size(), kRoles, matrix, 1);
   return eOk;

@@ -46,7 +46,7 @@ OdGeMatrix3d OdDbUnderlayReference::transform() const {
 }
 
 // A page stands in its plane as a letter of height 1 does.
-OdResult OdDbUnderlayReference::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbUnderlayReference::applyTransform(const OdGeMatrix3d& matrix) {
   drawing::TextFrame frame{rotation_, 1, 1, 0, normal_};
   if (!frame.transform(matrix) || std::fabs(frame.oblique) > 1e-10)
     return eCannotTransform;

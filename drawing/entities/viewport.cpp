@@ -46,7 +46,7 @@ void OdDbViewport::afterLoad() {
   view.writeTo(section);
 }
 
-OdResult OdDbViewport::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbViewport::applyTransform(const OdGeMatrix3d& matrix) {
   constexpr double kNearly = 1e-9;
   const OdGeVector3d x = matrix * OdGeVector3d(1, 0, 0), y = matrix * OdGeVector3d(0, 1, 0),
                      z = matrix * OdGeVector3d(0, 0, 1);

@@ -126,7 +126,7 @@ OdDbObjectId OdDbField::appendChild(OdDbField* child) {
   assertWriteEnabled();
   if (!isResident())
     throw OdError(eNotInDatabase);
-  const OdDbObjectId id = child->isResident() ? child->objectId() : database()->addOdDbObject(child, objectId());
+  const OdDbObjectId id = child->isResident() ? child->objectId() : database()->addObject(child, objectId());
   children_.push_back(id);
   registerField(*database(), id);
   return id;

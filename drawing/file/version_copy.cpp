@@ -49,7 +49,7 @@ OdDbDatabasePtr copyForVersion(const OdDbDatabase& database, OdDb::DwgVersion ve
   OdDbDatabasePtr copy = copyOf(database);
   copy->fileInfo() = database.fileInfo();
   for (OdDbObjectId id : ids) {
-    auto& attribute = *static_cast<OdDbAttributeBase*>(lookup(copy->getOdDbObjectId(id.getHandle())));
+    auto& attribute = *static_cast<OdDbAttributeBase*>(lookup(copy->objectIdOf(id.getHandle())));
     const WriteScope scope(attribute);
     if (isInside)
       attribute.moveTextIntoAttribute();

@@ -195,7 +195,7 @@ OdGeMatrix3d OdGeMatrix3d::mirroringLine(const OdGePoint3d& pointOnLine, const O
 
 OdGeMatrix3d OdGeMatrix3d::planeToWorld(const OdGeVector3d& normal) {
   const OdGeVector3d unit = normal.normal();
-  const OdGeVector3d z = unit.lengthSqrd() > 0.5 ? unit : OdGeVector3d::kZAxis;
+  const OdGeVector3d z = unit.squaredLength() > 0.5 ? unit : OdGeVector3d::kZAxis;
   const bool nearZ = std::fabs(z.x) < kNearZ && std::fabs(z.y) < kNearZ;
   const OdGeVector3d x = (nearZ ? OdGeVector3d::kYAxis : OdGeVector3d::kZAxis).crossProduct(z).normal();
   return coordSystem(OdGePoint3d::kOrigin, x, z.crossProduct(x).normal(), z);
@@ -271,7 +271,7 @@ OdGeMatrix3d OdGeMatrix3d::transpose() const {
   return transposed;
 }
 
-double OdGeMatrix3d::det() const {
+double OdGeMatrix3d::determinant() const {
   if (isAffine())
     return volume(*this);
   double sum = 0.0;
@@ -290,20 +290,20 @@ bool OdGeMatrix3d::isSingular(const OdGeTol& tol) const {
   return !(std::fabs(x.dotProduct(column(1).normal().crossProduct(column(2).normal()))) > tol.equalVector());
 }
 
-bool OdGeMatrix3d::isScaledOrtho(const OdGeTol& tol) const {
+bool OdGeMatrix3d::isOrthogonal(const OdGeTol& tol) const {
   if (!isAffine())
     return false;
   const OdGeVector3d axes[] = {column(0).normal(), column(1).normal(), column(2).normal()};
   for (int i = 0; i < 3; ++i) {
     const double across = axes[i].dotProduct(axes[(i + 1) % 3]);
-    if (!(std::fabs(across) <= tol.equalVector()) || axes[i].lengthSqrd() < 0.5)
+    if (!(std::fabs(across) <= tol.equalVector()) || axes[i].squaredLength() < 0.5)
       return false;
   }
   return true;
 }
 
-bool OdGeMatrix3d::isUniScaledOrtho(const OdGeTol& tol) const {
-  if (!isScaledOrtho(tol))
+bool OdGeMatrix3d::isUniformlyScaled(const OdGeTol& tol) const {
+  if (!isOrthogonal(tol))
     return false;
   const double lengths[] = {column(0).length(), column(1).length(), column(2).length()};
   const auto [least, most] = std::minmax({lengths[0], lengths[1], lengths[2]});

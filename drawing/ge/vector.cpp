@@ -14,11 +14,11 @@ template <class Vector>
 Vector unitOf(const Vector& vector, double largest) {
   if (largest == 0.0 || !std::isfinite(largest))
     return vector;
-  const double squared = vector.lengthSqrd();
+  const double squared = vector.squaredLength();
   if (squared == 1.0)
     return vector;
   const Vector sized = inRange(squared) ? vector : vector / largest;
-  return sized / std::sqrt(sized.lengthSqrd());
+  return sized / std::sqrt(sized.squaredLength());
 }
 
 double largestOf(const OdGeVector2d& vector) {
@@ -64,7 +64,7 @@ double OdGeVector2d::angleTo(const OdGeVector2d& other) const {
   return std::atan2(std::fabs(crossProduct(other)), dotProduct(other));
 }
 
-double OdGeVector2d::angleToCCW(const OdGeVector2d& other) const {
+double OdGeVector2d::counterClockwiseAngleTo(const OdGeVector2d& other) const {
   return normalizeAngle(std::atan2(crossProduct(other), dotProduct(other)));
 }
 
@@ -90,7 +90,7 @@ bool OdGeVector2d::isParallelTo(const OdGeVector2d& other, const OdGeTol& tol) c
   return codirectional(*this, other, tol) || codirectional(*this, -other, tol);
 }
 
-bool OdGeVector2d::isCodirectionalTo(const OdGeVector2d& other, const OdGeTol& tol) const {
+bool OdGeVector2d::hasDirectionOf(const OdGeVector2d& other, const OdGeTol& tol) const {
   return codirectional(*this, other, tol);
 }
 
@@ -117,7 +117,7 @@ OdGeVector3d OdGeVector3d::normal() const {
   return unitOf(*this, largestOf(*this));
 }
 
-OdGeVector3d OdGeVector3d::perpVector() const {
+OdGeVector3d OdGeVector3d::perpendicularVector() const {
   return OdGeMatrix3d::planeToWorld(*this).column(0);
 }
 
@@ -154,7 +154,7 @@ bool OdGeVector3d::isParallelTo(const OdGeVector3d& other, const OdGeTol& tol) c
   return codirectional(*this, other, tol) || codirectional(*this, -other, tol);
 }
 
-bool OdGeVector3d::isCodirectionalTo(const OdGeVector3d& other, const OdGeTol& tol) const {
+bool OdGeVector3d::hasDirectionOf(const OdGeVector3d& other, const OdGeTol& tol) const {
   return codirectional(*this, other, tol);
 }
 

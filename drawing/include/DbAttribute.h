@@ -55,7 +55,7 @@ public:
 
 protected:
   OdDbAttributeBase() = default;
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
   // Transforms the text and its multiline text. `nearest`: a matrix that multiline text does not accept is replaced by
   // the nearest one that keeps its characters upright.
   OdResult transformAll(const OdGeMatrix3d& matrix, bool nearest);

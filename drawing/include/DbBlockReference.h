@@ -76,7 +76,7 @@ public:
   void recordInDefinition() const; // records the reference in its definition
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
   // Adds the extents of a box in block coordinates, moved by the base point, in each row and column.
   virtual void addInstances(const OdGeExtents3d& contents, OdGeExtents3d& all) const;
   // Description of the groups of a reference under that subclass marker.
@@ -107,7 +107,7 @@ public:
   void setRowSpacing(double spacing);
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
   void addInstances(const OdGeExtents3d& contents, OdGeExtents3d& all) const override;
 
 private:

@@ -103,7 +103,7 @@ public:
   // Makes a free entity resident, owned by this block, and lists it last; a resident one is only listed. Returns its
   // id. Throws OdError: eSelfReference for a reference that would make the block contain itself, eNotInDatabase for a
   // free block.
-  OdDbObjectId appendOdDbEntity(OdDbEntity* entity);
+  OdDbObjectId appendEntity(OdDbEntity* entity);
   // Iterates from the first entity in order of addition; only `skipDeleted` has an effect.
   OdDbObjectIteratorPtr newIterator(bool atBeginning = true, bool skipDeleted = true, bool sorted = false) const;
   std::size_t numMembers() const { return members_.size(); } // erased entities included

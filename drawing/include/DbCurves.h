@@ -33,7 +33,7 @@ public:
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
 private:
   OdGePoint3d start_;
@@ -62,7 +62,7 @@ public:
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
 private:
   OdGePoint3d position_;
@@ -111,7 +111,7 @@ public:
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
   OdDbEntityPtr transformedAsAnother(const OdGeMatrix3d& matrix) const override;
 };
 using OdDbCirclePtr = OdSmartPtr<OdDbCircle>;
@@ -132,7 +132,7 @@ public:
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
   OdDbEntityPtr transformedAsAnother(const OdGeMatrix3d& matrix) const override;
 
 private:
@@ -168,7 +168,7 @@ public:
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
 private:
   void moveParams(double shift, bool reversesDirection);
@@ -194,7 +194,7 @@ public:
 
 protected:
   OdDbUnboundedLine() = default;
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
   static drawing::SubclassLayout lineSubclass(const char* marker); // groups that both kinds have
 
 private:

@@ -60,13 +60,13 @@ public:
   // or in use. Returns its id. Does not list the object in the container: symbol tables, dictionaries and blocks have
   // functions for that. The object is open for write, even on a locked layer, until its last pointer is released.
   // Throws OdError(eWrongDatabase) for a resident object.
-  OdDbObjectId addOdDbObject(OdDbObject* object, OdDbObjectId owner = OdDbObjectId(), OdDbHandle handle = 0);
-  OdDbObjectId getOdDbObjectId(OdDbHandle handle) const; // null if no object has that handle; erased objects have one
+  OdDbObjectId addObject(OdDbObject* object, OdDbObjectId owner = OdDbObjectId(), OdDbHandle handle = 0);
+  OdDbObjectId objectIdOf(OdDbHandle handle) const; // null if no object has that handle; erased objects have one
   // Next free handle; setting it never lowers it.
   OdDbHandle handseed() const;
   void setHandseed(OdDbHandle next);
   // Number of ids, and all ids in order of addition, with erased objects and ids without an object.
-  std::size_t approxNumObjects() const;
+  std::size_t objectCount() const;
   std::vector<OdDbObjectId> allIds() const;
 
   // Symbol tables and the named-objects dictionary. Ids are null only while a reader fills the drawing.

@@ -83,8 +83,8 @@ public:
   MVDRAWING_DECLARE_OBJECT(OdDbXrecord);
   OdDbXrecord() = default;
   // The groups as a chain of values, null if there are none; setting copies the chain, null removes all groups.
-  OdResBufPtr rbChain() const;
-  void setFromRbChain(const OdResBuf* chain);
+  OdResBufPtr values() const;
+  void setValues(const OdResBuf* chain);
   const drawing::GroupList& groups() const { return groups_; }
   drawing::GroupList& groupsForWrite();
   std::int16_t mergeStyle() const { return mergeStyle_; } // as in files (group 280)

@@ -48,7 +48,7 @@ public:
 protected:
   explicit OdDbDimension(std::int16_t type) : type_(type) {} // kind as in files (group 70)
   static const drawing::SubclassLayout& dimensionSubclass(); // groups that all dimensions have
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
   using PointList = std::vector<OdGePoint3d*>;
   // Points of the kind in world coordinates, and those in the OCS.

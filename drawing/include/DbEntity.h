@@ -91,8 +91,8 @@ public:
 protected:
   OdDbEntity() = default;
   // Applies an invertible matrix, or returns the reason and changes nothing. Called with the entity open for write.
-  virtual OdResult subTransformBy(const OdGeMatrix3d& matrix);
-  // A free entity of another kind with the transformed geometry, for a matrix that subTransformBy refuses; null if
+  virtual OdResult applyTransform(const OdGeMatrix3d& matrix);
+  // A free entity of another kind with the transformed geometry, for a matrix that applyTransform refuses; null if
   // there is none. The caller copies the general properties and extended data.
   virtual OdDbEntityPtr transformedAsAnother(const OdGeMatrix3d& matrix) const;
 

@@ -38,7 +38,7 @@ public:
 
 protected:
   OdDbFilledArea() = default;
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
   static const drawing::Description& areaDescription(); // description of both kinds
 
 private:
@@ -76,7 +76,7 @@ public:
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
 private:
   drawing::Corners corners_;

@@ -27,7 +27,7 @@ public:
 
 protected:
   // Accepts matrices that keep shapes in its plane.
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
 private:
   OdDbObjectId style_;

@@ -32,7 +32,7 @@ public:
 protected:
   // Moves boundary and pattern. Under a matrix that changes shapes in the plane, arcs become elliptic arcs and a
   // polyline with arcs becomes a loop of edges; a gradient refuses it (eCannotTransform), as it has a single scale.
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
   // All groups of the hatch.
   static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
@@ -56,7 +56,7 @@ public:
 
 protected:
   // Accepts matrices that keep shapes in its plane: its loops cannot become edges.
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
   bool onlyPolylines() const override { return true; }
 };
 using OdDbMPolygonPtr = OdSmartPtr<OdDbMPolygon>;

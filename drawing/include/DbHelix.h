@@ -20,7 +20,7 @@ public:
   bool isRightHanded() const { return rightHanded_; }
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
   OdDbEntityPtr transformedAsAnother(const OdGeMatrix3d& matrix) const override;
 
 private:

@@ -33,7 +33,7 @@ public:
 
 protected:
   // Accepts matrices that keep shapes in its plane: it stores the size of the annotation.
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
 private:
   static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);

@@ -32,7 +32,7 @@ public:
 
 protected:
   // Accepts matrices that scale all axes alike; limits of the attenuation are scaled.
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
 private:
   std::int32_t version_ = 1;

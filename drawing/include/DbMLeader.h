@@ -48,7 +48,7 @@ public:
 
 protected:
   // Accepts matrices that scale all axes alike and do not reflect, as text can be read from one side only.
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
 private:
   drawing::GroupList groups_; // all groups of the subclass

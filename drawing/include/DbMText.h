@@ -82,7 +82,7 @@ public:
 
 protected:
   // Accepts matrices that keep shapes in the plane of the text; a reflection reverses the normal.
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
 private:
   static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);

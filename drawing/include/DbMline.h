@@ -45,7 +45,7 @@ public:
 protected:
   // Accepts matrices that keep shapes in its plane. A reflection reverses the normal: the parallel lines are to the
   // left and right of the path as seen against it.
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
 private:
   static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);

@@ -21,7 +21,7 @@ public:
 
 protected:
   OdDbModelerGeometry() = default;
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
   static const drawing::Description& modelerDescription(); // description of all kinds
 
   drawing::GroupList groups_; // all groups of the modeler's subclass; further subclasses are preserved with the object

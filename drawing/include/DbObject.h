@@ -184,16 +184,16 @@ class MVDRAWING_API OdResBuf : public OdRxObject {
 public:
   MVDRAWING_DECLARE_CLASS(OdResBuf);
   // A new chain of one value with that group code.
-  static OdResBufPtr newRb(int restype);
-  static OdResBufPtr newRb(int restype, const OdString& text);
-  static OdResBufPtr newRb(int restype, double real);
-  static OdResBufPtr newRb(int restype, const OdGePoint3d& point);
-  static OdResBufPtr newRb(int restype, OdDbObjectId id);
-  static OdResBufPtr newInt(int restype, std::int64_t value);
+  static OdResBufPtr make(int groupCode);
+  static OdResBufPtr make(int groupCode, const OdString& text);
+  static OdResBufPtr make(int groupCode, double real);
+  static OdResBufPtr make(int groupCode, const OdGePoint3d& point);
+  static OdResBufPtr make(int groupCode, OdDbObjectId id);
+  static OdResBufPtr makeInteger(int groupCode, std::int64_t value);
 
   // Group code and value. A real number is the x coordinate of the point. Values that were not set are 0, null or
   // empty.
-  int restype() const { return code_; }
+  int groupCode() const { return code_; }
   OdString getString() const { return text_; }
   double getDouble() const { return point_.x; }
   OdGePoint3d getPoint3d() const { return point_; }

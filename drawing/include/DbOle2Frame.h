@@ -13,7 +13,7 @@ public:
   const drawing::GroupList& groups() const { return groups_; }
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
   drawing::GroupList groups_; // all groups of the subclass
 };

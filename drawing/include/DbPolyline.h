@@ -56,7 +56,7 @@ public:
 protected:
   // Accepts matrices that keep shapes in the plane; without arcs and widths every invertible matrix. One that tilts the
   // thickness is refused.
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
 private:
   static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);

@@ -15,7 +15,7 @@ public:
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
 private:
   drawing::GroupList groups_; // all groups of the subclass

@@ -20,7 +20,7 @@ public:
 
 protected:
   OdDbImageBase() = default;
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
   static drawing::SubclassLayout imageSubclass(const char* marker); // groups that both kinds have
 
 private:

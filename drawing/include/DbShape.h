@@ -27,7 +27,7 @@ public:
   OdResult getGeomExtents(OdGeExtents3d& extents) const override; // the position only: the shape file has the outline
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
 private:
   OdGePoint3d position_;

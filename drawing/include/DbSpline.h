@@ -40,7 +40,7 @@ public:
   static constexpr std::int16_t kClosed = 1, kPeriodic = 2, kRational = 4, kPlanar = 8;
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
 private:
   static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);

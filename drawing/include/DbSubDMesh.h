@@ -21,7 +21,7 @@ public:
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
 private:
   drawing::GroupList groups_; // all groups of the subclass

@@ -28,7 +28,7 @@ public:
 protected:
   // Accepts translations and rotations only: heights of rows and text are part of styles and cells, and text must not
   // be reflected.
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
 private:
   double nthReal(int code, unsigned index) const;

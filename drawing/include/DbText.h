@@ -61,7 +61,7 @@ public:
   void setTextFrom(const OdDbText& other);
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
   static const drawing::SubclassLayout& textSubclass(); // groups that texts and attributes have
 
   OdString text_;

@@ -24,7 +24,7 @@ public:
 protected:
   OdDbUnderlayReference() = default;
   // Accepts matrices that leave the page rectangular; a reflection reverses the normal.
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
   static const drawing::Description& underlayDescription(); // description of all kinds
 
 private:

@@ -70,7 +70,7 @@ public:
 
 protected:
   OdDbWorldVertex(std::int16_t flags) { flags_ = flags; } // with these flags (group 70)
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
   static drawing::SubclassLayout vertexSubclass(const char* marker); // groups that all kinds have
 
 private:
@@ -109,7 +109,7 @@ public:
   void setVertexAt(int index, std::int16_t vertex);
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d&) override { return eOk; } // has no coordinates
+  OdResult applyTransform(const OdGeMatrix3d&) override { return eOk; } // has no coordinates
 
 private:
   OdGePoint3d unused_; // files contain a position without meaning
@@ -136,7 +136,7 @@ public:
 
 protected:
   explicit OdDbVertexOwner(std::int16_t flags = 0) : flags_(flags) {} // with these flags (group 70)
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
   // Description of the groups that all owners have, group 66 ("vertices follow") among them.
   static drawing::SubclassLayout ownerSubclass(const char* marker);
   static bool readFollowFlag(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
@@ -181,7 +181,7 @@ public:
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
 private:
   std::vector<OdDb2dVertex*> vertices() const; // without erased ones

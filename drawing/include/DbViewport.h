@@ -23,7 +23,7 @@ public:
 protected:
   // Accepts translations and positive uniform scales: its sides are parallel to those of the layout. The view in it
   // does not change.
-  OdResult subTransformBy(const OdGeMatrix3d& matrix) override;
+  OdResult applyTransform(const OdGeMatrix3d& matrix) override;
 
 private:
   OdGePoint3d center_;

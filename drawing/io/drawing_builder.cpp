@@ -46,7 +46,7 @@ bool DrawingBuilder::start(const Record& record) {
     bytes_ += kCharacter * group.text.size();
   if (bytes_ > budget_.bytes)
     refuseSize();
-  else if (database_.approxNumObjects() > budget_.objects)
+  else if (database_.objectCount() > budget_.objects)
     exceeds("there are more than the " + std::to_string(budget_.objects) + " objects that are allowed");
   return limit_.empty();
 }

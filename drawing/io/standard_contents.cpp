@@ -49,7 +49,7 @@ private:
     if (lookup(database_.getSymbolTableId(kind)) != nullptr)
       return;
     OdDbSymbolTable* made = newTable(kind);
-    database_.setSymbolTable(kind, database_.addOdDbObject(made));
+    database_.setSymbolTable(kind, database_.addObject(made));
     made_.push_back(std::string("table ") + tableDxfName(kind));
   }
 
@@ -58,7 +58,7 @@ private:
       return;
     OdSmartPtr<OdDbSymbolTableRecord> made = recordClass(kind)->create();
     made->setName(name);
-    database_.addOdDbObject(made.get(), table(kind).objectId());
+    database_.addObject(made.get(), table(kind).objectId());
     table(kind).registerRecord(made.get());
     fresh_.push_back(made->objectId());
     made_.push_back(std::string(tableDxfName(kind)) + " \"" + name.toUtf8() + "\"");
@@ -92,14 +92,14 @@ private:
       return *present;
     auto* made = new OdDbDictionary;
     const WriteScope scope(parent);
-    parent.setAt(name, database_.addOdDbObject(made, parent.objectId()));
+    parent.setAt(name, database_.addObject(made, parent.objectId()));
     made_.push_back("dictionary \"" + OdString(name).toUtf8() + "\"");
     return *made;
   }
 
   void ensureDictionaries() {
     if (getIf<OdDbDictionary>(database_.getNamedObjectsDictionaryId()) == nullptr) {
-      database_.setNamedObjectsDictionary(database_.addOdDbObject(new OdDbDictionary));
+      database_.setNamedObjectsDictionary(database_.addObject(new OdDbDictionary));
       made_.push_back("named-objects dictionary");
     }
     auto& root = *getIf<OdDbDictionary>(database_.getNamedObjectsDictionaryId());
@@ -116,7 +116,7 @@ private:
     scale->setScaleName(L"1:1");
     scale->setUnits(1, 1);
     const WriteScope scope(scales);
-    scales.setAt(L"A0", database_.addOdDbObject(scale, scales.objectId()));
+    scales.setAt(L"A0", database_.addObject(scale, scales.objectId()));
   }
 
   // A standard space without a layout is only something to make; the rest is damage.

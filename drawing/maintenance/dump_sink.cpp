@@ -17,7 +17,7 @@ void DumpSink::real(int code, double value) {
 }
 
 void DumpSink::handle(int code, OdDbHandle value) {
-  line(code, namesHandles_ && !value.isNull() ? nameOf(database_.getOdDbObjectId(value)) : std::string(value.ascii()));
+  line(code, namesHandles_ && !value.isNull() ? nameOf(database_.objectIdOf(value)) : std::string(value.ascii()));
 }
 
 void DumpSink::binary(int code, std::string_view bytes) {

@@ -151,7 +151,7 @@ void OdDbBlockTableRecord::ensureEnds() {
     if (drawing::lookup(id) != nullptr)
       return;
     end->setLayer(database()->getLayerZeroId());
-    id = database()->addOdDbObject(end.get(), objectId());
+    id = database()->addObject(end.get(), objectId());
   };
   make(begin_, OdDbBlockBegin::createObject());
   make(end_, OdDbBlockEnd::createObject());

@@ -24,7 +24,7 @@ OdDbDatabasePtr OdDbDatabase::createEmpty() {
   return OdDbDatabasePtr(new OdDbDatabase);
 }
 
-OdDbObjectId OdDbDatabase::addOdDbObject(OdDbObject* object, OdDbObjectId owner, OdDbHandle handle) {
+OdDbObjectId OdDbDatabase::addObject(OdDbObject* object, OdDbObjectId owner, OdDbHandle handle) {
   if (object->isResident())
     throw OdError(eWrongDatabase);
   object->setOwnerId(owner);
@@ -37,7 +37,7 @@ OdDbObjectId OdDbDatabase::addOdDbObject(OdDbObject* object, OdDbObjectId owner,
   return id;
 }
 
-OdDbObjectId OdDbDatabase::getOdDbObjectId(OdDbHandle handle) const {
+OdDbObjectId OdDbDatabase::objectIdOf(OdDbHandle handle) const {
   const OdDbObjectId id = store_->find(handle);
   return drawing::lookup(id) == nullptr ? OdDbObjectId() : id;
 }
@@ -50,7 +50,7 @@ void OdDbDatabase::setHandseed(OdDbHandle next) {
     store_->raiseNextHandle(next - 1);
 }
 
-std::size_t OdDbDatabase::approxNumObjects() const {
+std::size_t OdDbDatabase::objectCount() const {
   return store_->count() - 1;
 }
 

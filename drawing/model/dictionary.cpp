@@ -111,7 +111,7 @@ OdDbObjectId OdDbDictionary::setAt(const OdString& name, OdDbObject* object) {
     throw OdError(eNotInDatabase);
   if (OdDbObjectPtr old = getAt(name).safeOpenObject(OdDb::kForWrite); !old.isNull() && old.get() != object)
     old->erase();
-  const OdDbObjectId id = object->isResident() ? object->objectId() : database()->addOdDbObject(object, objectId());
+  const OdDbObjectId id = object->isResident() ? object->objectId() : database()->addObject(object, objectId());
   setAt(name, id);
   return id;
 }
@@ -208,11 +208,11 @@ drawing::GroupList& OdDbXrecord::groupsForWrite() {
   return groups_;
 }
 
-OdResBufPtr OdDbXrecord::rbChain() const {
+OdResBufPtr OdDbXrecord::values() const {
   return OdResBuf::fromGroups(groups_, 0, groups_.size());
 }
 
-void OdDbXrecord::setFromRbChain(const OdResBuf* chain) {
+void OdDbXrecord::setValues(const OdResBuf* chain) {
   assertWriteEnabled();
   groups_.clear();
   OdResBuf::toGroups(chain, groups_);

@@ -117,7 +117,7 @@ OdDbEntityPtr OdDbEntity::transformedAsAnother(const OdGeMatrix3d&) const {
   return {};
 }
 
-OdResult OdDbEntity::subTransformBy(const OdGeMatrix3d&) {
+OdResult OdDbEntity::applyTransform(const OdGeMatrix3d&) {
   return eCannotTransform;
 }
 

@@ -215,7 +215,7 @@ OdDbObjectId LoadContext::makeMissing(OdDb::SymbolTableKind kind, const OdString
   OdDbSymbolTable& ownerTable = table(kind);
   OdSmartPtr<OdDbSymbolTableRecord> record = made;
   record->setName(name);
-  OdDbObjectId id = database_.addOdDbObject(record.get(), ownerTable.objectId());
+  OdDbObjectId id = database_.addObject(record.get(), ownerTable.objectId());
   ownerTable.registerRecord(record.get());
   missing_.emplace(id, group.line);
   return id;

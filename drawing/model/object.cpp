@@ -128,7 +128,7 @@ OdDbObjectId OdDbObject::createExtensionDictionary() {
   assertWriteEnabled();
   OdDbDictionaryPtr made = OdDbDictionary::createObject();
   made->setTreatElementsAsHard(true);
-  extras().extensionDictionary = database()->addOdDbObject(made.get(), id_);
+  extras().extensionDictionary = database()->addObject(made.get(), id_);
   return extras_->extensionDictionary;
 }
 

@@ -18,38 +18,38 @@ OdResBuf::~OdResBuf() {
   }
 }
 
-OdResBufPtr OdResBuf::newRb(int restype) {
+OdResBufPtr OdResBuf::make(int groupCode) {
   OdResBufPtr made(new OdResBuf);
-  made->code_ = restype;
+  made->code_ = groupCode;
   return made;
 }
 
-OdResBufPtr OdResBuf::newRb(int restype, const OdString& text) {
-  OdResBufPtr made = newRb(restype);
+OdResBufPtr OdResBuf::make(int groupCode, const OdString& text) {
+  OdResBufPtr made = make(groupCode);
   made->text_ = text;
   return made;
 }
 
-OdResBufPtr OdResBuf::newRb(int restype, double real) {
-  OdResBufPtr made = newRb(restype);
+OdResBufPtr OdResBuf::make(int groupCode, double real) {
+  OdResBufPtr made = make(groupCode);
   made->point_.x = real;
   return made;
 }
 
-OdResBufPtr OdResBuf::newRb(int restype, const OdGePoint3d& point) {
-  OdResBufPtr made = newRb(restype);
+OdResBufPtr OdResBuf::make(int groupCode, const OdGePoint3d& point) {
+  OdResBufPtr made = make(groupCode);
   made->point_ = point;
   return made;
 }
 
-OdResBufPtr OdResBuf::newRb(int restype, OdDbObjectId id) {
-  OdResBufPtr made = newRb(restype);
+OdResBufPtr OdResBuf::make(int groupCode, OdDbObjectId id) {
+  OdResBufPtr made = make(groupCode);
   made->id_ = id;
   return made;
 }
 
-OdResBufPtr OdResBuf::newInt(int restype, std::int64_t value) {
-  OdResBufPtr made = newRb(restype);
+OdResBufPtr OdResBuf::makeInteger(int groupCode, std::int64_t value) {
+  OdResBufPtr made = make(groupCode);
   made->integer_ = value;
   return made;
 }
@@ -91,7 +91,7 @@ OdResBufPtr OdResBuf::fromGroups(const GroupList& groups, std::size_t first, std
   OdResBufPtr head, tail;
   for (std::size_t i = first; i < first + count;) {
     const drawing::Group& group = groups[i];
-    OdResBufPtr made = newRb(group.code);
+    OdResBufPtr made = make(group.code);
     std::size_t step = 1;
     if (group.kind == GroupKind::Real) {
       made->point_.x = group.real;

@@ -89,7 +89,7 @@ OdDbObjectId OdDbSymbolTable::addClone(OdDbSymbolTableRecord* record) {
   if (!mayRepeat && has(record->getName()))
     return {};
   if (!record->isResident())
-    database()->addOdDbObject(record, objectId());
+    database()->addObject(record, objectId());
   return registerRecord(record) ? record->objectId() : OdDbObjectId();
 }
 

@@ -180,7 +180,7 @@ void makeLayoutFor(OdDbDatabase& database, OdDbObjectId block, const OdString& n
   layout->setBlockTableRecordId(block);
   plotDefaults(*layout, order == 0);
   const WriteScope scope(*layouts), blockScope(record);
-  layouts->setAt(free, database.addOdDbObject(layout, layouts->objectId()));
+  layouts->setAt(free, database.addObject(layout, layouts->objectId()));
   record.setLayoutId(layout->objectId());
 }
 

@@ -20,7 +20,7 @@ OdDbObjectId addRecord(OdDbObjectId table, const OdString& name) {
 OdDbObjectId append(OdDbDatabase& drawing, OdDbEntity& entity, OdDbObjectId block) {
   entity.setDatabaseDefaults(&drawing);
   const OdDbObjectId owner = block.isNull() ? drawing.getModelSpaceId() : block;
-  return open<OdDbBlockTableRecord>(owner, OdDb::kForWrite)->appendOdDbEntity(&entity);
+  return open<OdDbBlockTableRecord>(owner, OdDb::kForWrite)->appendEntity(&entity);
 }
 
 } // namespace

@@ -9,7 +9,7 @@ namespace {
 
 mvsiresbuf recordOf(short type) {
   mvsiresbuf record;
-  record.restype = type;
+  record.groupCode = type;
   return record;
 }
 
@@ -54,7 +54,7 @@ mvsiresbuf recordFromVariable(const VariableValue& value) {
 
 std::optional<VariableValue> variableFromRecord(const mvsiresbuf& record) {
   const double* point = record.rpoint;
-  switch (record.restype) {
+  switch (record.groupCode) {
   case RTSHORT:
     return record.rint;
   case RTLONG:

@@ -331,8 +331,8 @@ TEST_F(Attributes, HooksChangeNothing) {
   EXPECT_TRUE(isExistAnnoPO(block_));
   EXPECT_FALSE(isExistAnnoPO(OdDbObjectId()));
   EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*database_)), "");
-  const OdResBufPtr mark = OdResBuf::newRb(1001, L"AcadAnnoPO");
-  mark->setNext(OdResBuf::newInt(1070, 1));
+  const OdResBufPtr mark = OdResBuf::make(1001, L"AcadAnnoPO");
+  mark->setNext(OdResBuf::makeInteger(1070, 1));
   forWrite<OdDbBlockTableRecord>(block_)->setXData(mark.get());
   EXPECT_FALSE(isExistAnnoPO(block_));
 }

@@ -123,7 +123,7 @@ TEST_F(AttributeTable, SetsWhatFitsAndTellsWhatDoesNot) {
   wanted += "2 values changed, 0 as they were, 9 rows do not fit.\n";
   EXPECT_EQ(run.shown.substr(run.shown.size() - std::min(run.shown.size(), wanted.size())), wanted);
   const OdDbDatabasePtr read = drawing::readDrawing(out()).database;
-  const console::ReferenceAttributes after(*forRead<OdDbBlockReference>(read->getOdDbObjectId(first_.getHandle())));
+  const console::ReferenceAttributes after(*forRead<OdDbBlockReference>(read->objectIdOf(first_.getHandle())));
   EXPECT_EQ(after.findEntered(L"TAG")->value, L"a,\"b\"");
   EXPECT_EQ(after.findEntered(L"Tag#2")->value, L"x y");
   const auto lines = forRead<OdDbAttribute>(after.findEntered(L"#3")->attribute);

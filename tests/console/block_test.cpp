@@ -133,7 +133,7 @@ TEST(Selection, LeavesTheViewportOfTheSheetItselfAlone) {
   for (const OdDbObjectId block : {sheet, space}) {
     tests::addText(console.database(), L"x", block);
     for (int number = 0; number < 2; ++number)
-      tests::forWrite<OdDbBlockTableRecord>(block)->appendOdDbEntity(OdDbViewport::createObject());
+      tests::forWrite<OdDbBlockTableRecord>(block)->appendEntity(OdDbViewport::createObject());
   }
   EXPECT_EQ(console::pickableObjects(sheet).length(), 2);
   EXPECT_EQ(console::pickableObjects(space).length(), 3);

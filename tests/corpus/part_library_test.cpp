@@ -47,7 +47,7 @@ TEST(PartLibrary, ShowsEveryPartAsItsFileHasIt) {
   for (std::size_t at = 0; at < parts.size(); ++at) {
     const drawing::ReadResult part = drawing::readDrawing(parts[at]);
     const std::uint64_t handle = std::stoull(inserted[at]["reference"].get<std::string>(), nullptr, 16);
-    const OdDbBlockReferencePtr reference = all.database->getOdDbObjectId(handle).safeOpenObject();
+    const OdDbBlockReferencePtr reference = all.database->objectIdOf(handle).safeOpenObject();
     const OdDbObjectId own = part.database->getModelSpaceId(), shown = reference->blockTableRecord();
     EXPECT_EQ(tests::entitiesOf(shown).size(), tests::entitiesOf(own).size()) << parts[at];
     EXPECT_TRUE(corpus::sameExtents<OdDbBlockTableRecord>(shown, own)) << parts[at];

@@ -135,7 +135,7 @@ TEST(Wblock, TheRichSampleIsWrittenBlockByBlock) {
     ASSERT_EQ(blocks.size(), definitionsOf(*source).size());
     for (const Json& row : blocks) {
       SCOPED_TRACE(row["block"]);
-      const OdDbObjectId block = source->getOdDbObjectId(std::stoull(row["handle"].get<std::string>(), nullptr, 16));
+      const OdDbObjectId block = source->objectIdOf(std::stoull(row["handle"].get<std::string>(), nullptr, 16));
       const drawing::ReadResult file = drawing::readDrawing(folder + "/" + row["file"].get<std::string>());
       ASSERT_FALSE(file.database.isNull());
       EXPECT_EQ(file.report.outcome(), drawing::Outcome::Whole);

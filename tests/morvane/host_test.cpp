@@ -104,9 +104,9 @@ TEST(Variables, AreOneStoreBehindEveryRoad) {
   EXPECT_EQ(mvsi::setVar(L"insname", OdString(L"*B1"), true), RTNORM);
   mvsiresbuf record;
   EXPECT_EQ(system->mvsiedGetVar(L"InsName", &record), RTNORM);
-  EXPECT_TRUE(record.restype == RTSTR && record.rstring == L"*B1") << record.restype;
+  EXPECT_TRUE(record.groupCode == RTSTR && record.rstring == L"*B1") << record.groupCode;
   record = {};
-  record.restype = RTSHORT;
+  record.groupCode = RTSHORT;
   record.rint = 0;
   EXPECT_EQ(system->mvsiedSetVar(L"EXTNAMES", &record), RTNORM);
   short extnames = 9;

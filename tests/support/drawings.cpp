@@ -65,7 +65,7 @@ OdDbObjectId addReference(OdDbDatabase& database, OdDbObjectId block, OdDbObject
   reference->setDatabaseDefaults(&database);
   reference->setBlockTableRecord(block);
   const OdDbObjectId owner = into.isNull() ? database.getModelSpaceId() : into;
-  return forWrite<OdDbBlockTableRecord>(owner)->appendOdDbEntity(reference.get());
+  return forWrite<OdDbBlockTableRecord>(owner)->appendEntity(reference.get());
 }
 
 OdDbObjectId addAttribute(OdDbObjectId reference, const OdString& tag, const OdString& value) {

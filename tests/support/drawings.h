@@ -32,7 +32,7 @@ template <class T>
 OdSmartPtr<T> addTo(OdDbObjectId block) {
   const OdSmartPtr<T> entity = T::createObject();
   entity->setDatabaseDefaults(block.database());
-  forWrite<OdDbBlockTableRecord>(block)->appendOdDbEntity(entity.get());
+  forWrite<OdDbBlockTableRecord>(block)->appendEntity(entity.get());
   return entity;
 }
 OdDbObjectIdArray entitiesOf(OdDbObjectId block);

@@ -15,9 +15,9 @@ inline void setData(OdDbObjectId id, const OdString& application, int code, OdDb
     record->setName(application);
     forWrite<OdDbSymbolTable>(database.getRegAppTableId())->add(record.get());
   }
-  const OdResBufPtr chain = OdResBuf::newRb(1001, application);
-  chain->setNext(OdResBuf::newInt(1070, 1))
-      ->setNext(reference.isNull() ? OdResBuf::newRb(code, text) : OdResBuf::newRb(code, reference));
+  const OdResBufPtr chain = OdResBuf::make(1001, application);
+  chain->setNext(OdResBuf::makeInteger(1070, 1))
+      ->setNext(reference.isNull() ? OdResBuf::make(code, text) : OdResBuf::make(code, reference));
   forWrite<OdDbObject>(id)->setXData(chain.get());
 }
 

@@ -98,7 +98,7 @@ OdResult OdDbEntity::transformBy(const OdGeMatrix3d& matrix) {
   if (!drawing::isInvertibleMap(matrix)) // nothing could be brought back from where it leads
     return eCannotTransform;
   const drawing::ContextData contextData(*this);
-  const OdResult result = subTransformBy(matrix);
+  const OdResult result = applyTransform(matrix);
   if (result == eCannotTransform && isResident())
     return becomeAnother(matrix);
   if (result != eOk)

@@ -29,8 +29,7 @@ OdDbObjectId OdDbSequenceOwner::appendSubEntity(OdDbEntity& owner, OdDbEntity* p
   owner.assertWriteEnabled();
   if (!owner.isResident())
     throw OdError(eNotInDatabase);
-  const OdDbObjectId id =
-      part->isResident() ? part->objectId() : owner.database()->addOdDbObject(part, owner.objectId());
+  const OdDbObjectId id = part->isResident() ? part->objectId() : owner.database()->addObject(part, owner.objectId());
   subEntities_.push_back(id);
   ensureEnd(owner);
   return id;
@@ -42,12 +41,12 @@ void OdDbSequenceOwner::ensureEnd(OdDbEntity& owner) {
   owner.assertWriteEnabled();
   OdSmartPtr<OdDbSequenceEnd> end = OdDbSequenceEnd::createObject();
   end->setLayer(owner.layerId());
-  end_ = owner.database()->addOdDbObject(end.get(), owner.objectId());
+  end_ = owner.database()->addObject(end.get(), owner.objectId());
 }
 
 OdResult OdDbSequenceOwner::transformSubEntities(const OdGeMatrix3d& matrix) const {
   // Every kind takes a matrix that keeps shapes; only others can fail half-way and need the way back.
-  const bool canFail = !matrix.isUniScaledOrtho();
+  const bool canFail = !matrix.isUniformlyScaled();
   std::vector<std::pair<OdDbEntity*, std::unique_ptr<OdDbObject>>> moved;
   for (OdDbObjectId id : subEntities_) {
     auto* part = getIf<OdDbEntity>(id);

@@ -58,7 +58,7 @@ MVDRAWING_SETTER(OdDbPoint, setThickness, double, thickness_)
 MVDRAWING_SETTER(OdDbPoint, setEcsRotation, double, ecsRotation_)
 MVDRAWING_SETTER(OdDbUnboundedLine, setBasePoint, const OdGePoint3d&, base_)
 
-OdResult OdDbLine::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbLine::applyTransform(const OdGeMatrix3d& matrix) {
   start_ = matrix * start_;
   end_ = matrix * end_;
   drawing::mapSweep(matrix, normal_, thickness_);
@@ -72,7 +72,7 @@ OdResult OdDbLine::getGeomExtents(OdGeExtents3d& extents) const {
   return eOk;
 }
 
-OdResult OdDbPoint::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbPoint::applyTransform(const OdGeMatrix3d& matrix) {
   // The sign turns with the image of its x axis.
   const OdGeVector3d x(std::cos(ecsRotation_), -std::sin(ecsRotation_), 0);
   const OdGeVector3d rotated = matrix * (OdGeMatrix3d::planeToWorld(normal_) * x);
@@ -96,7 +96,7 @@ void OdDbUnboundedLine::setUnitDir(const OdGeVector3d& direction) {
   direction_ = direction.normal();
 }
 
-OdResult OdDbUnboundedLine::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbUnboundedLine::applyTransform(const OdGeMatrix3d& matrix) {
   base_ = matrix * base_;
   if (!drawing::isTranslation(matrix))
     direction_ = (matrix * direction_).normal();

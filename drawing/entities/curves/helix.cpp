@@ -17,10 +17,10 @@ const drawing::Description& OdDbHelix::ownDescription() {
   return description;
 }
 
-OdResult OdDbHelix::subTransformBy(const OdGeMatrix3d& matrix) {
-  if (!matrix.isUniScaledOrtho(OdGeTol(1e-10)))
+OdResult OdDbHelix::applyTransform(const OdGeMatrix3d& matrix) {
+  if (!matrix.isUniformlyScaled(OdGeTol(1e-10)))
     return eCannotTransform;
-  if (const OdResult result = OdDbSpline::subTransformBy(matrix); result != eOk)
+  if (const OdResult result = OdDbSpline::applyTransform(matrix); result != eOk)
     return result;
   axisPoint_ = matrix * axisPoint_;
   start_ = matrix * start_;
@@ -29,7 +29,7 @@ OdResult OdDbHelix::subTransformBy(const OdGeMatrix3d& matrix) {
   axis_ = (matrix * axis_).normal();
   radius_ *= matrix.scale();
   turnHeight_ *= matrix.scale();
-  rightHanded_ = rightHanded_ != (matrix.det() < 0);
+  rightHanded_ = rightHanded_ != (matrix.determinant() < 0);
   return eOk;
 }
 

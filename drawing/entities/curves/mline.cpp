@@ -100,7 +100,7 @@ void scaleAll(std::vector<double>& values, double by) {
 
 } // namespace
 
-OdResult OdDbMline::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbMline::applyTransform(const OdGeMatrix3d& matrix) {
   const drawing::PlaneMap map(matrix, normal_);
   if (!map.keepsShapes())
     return eCannotTransform;

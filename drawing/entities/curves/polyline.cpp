@@ -114,14 +114,14 @@ MVDRAWING_SETTER(OdDbPolyline, setElevation, double, elevation_)
 MVDRAWING_SETTER(OdDbPolyline, setThickness, double, thickness_)
 MVDRAWING_SETTER(OdDbPolyline, setNormal, const OdGeVector3d&, normal_)
 
-OdResult OdDbPolyline::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbPolyline::applyTransform(const OdGeMatrix3d& matrix) {
   const PlaneMap map(matrix, normal_);
   const auto hasShape = [](const Vertex& v) { return v.bulge != 0 || v.startWidth != 0 || v.endWidth != 0; };
   const bool shaped = constantWidth_ != 0 || std::any_of(vertices_.begin(), vertices_.end(), hasShape);
   if ((shaped && !map.keepsShapes()) || !map.takesThickness(thickness_))
     return eCannotTransform;
   for (Vertex& vertex : vertices_) {
-    vertex.point = map.point(OdGePoint3d(vertex.point, elevation_)).convert2d();
+    vertex.point = map.point(OdGePoint3d(vertex.point, elevation_)).to2d();
     vertex.startWidth *= map.scale();
     vertex.endWidth *= map.scale();
     if (map.isMirrored())

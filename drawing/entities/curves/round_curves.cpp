@@ -85,7 +85,7 @@ OdDbEntityPtr OdDbArc::transformedAsAnother(const OdGeMatrix3d& matrix) const {
   return asEllipse(matrix, startAngle_, endAngle_);
 }
 
-OdResult OdDbCircle::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbCircle::applyTransform(const OdGeMatrix3d& matrix) {
   const PlaneMap map(matrix, normal_);
   if (!map.keepsShapes() || !map.takesThickness(thickness_))
     return eCannotTransform;
@@ -105,7 +105,7 @@ OdResult OdDbCircle::getGeomExtents(OdGeExtents3d& extents) const {
   return eOk;
 }
 
-OdResult OdDbArc::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbArc::applyTransform(const OdGeMatrix3d& matrix) {
   const PlaneMap map(matrix, normal_);
   if (!map.keepsShapes() || !map.takesThickness(thickness_))
     return eCannotTransform;
@@ -167,7 +167,7 @@ void OdDbEllipse::moveParams(double shift, bool reversesDirection) {
 
 // The images of the axes are conjugate diameters. The point of the image that lies farthest from the centre, at the
 // parameter `phase`, gives its major axis, and parameters count from there.
-OdResult OdDbEllipse::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbEllipse::applyTransform(const OdGeMatrix3d& matrix) {
   const OdGePoint3d center = matrix * center_;
   if (drawing::isTranslation(matrix)) {
     center_ = center;

@@ -63,7 +63,7 @@ OdResult OdDbSpline::setNurbsData(int degree, const std::vector<OdGePoint3d>& co
 }
 
 // An affine map of the control points is the map of every point of the curve: knots and weights stay.
-OdResult OdDbSpline::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbSpline::applyTransform(const OdGeMatrix3d& matrix) {
   for (OdGePoint3d& point : controlPoints_)
     point = matrix * point;
   for (OdGePoint3d& point : fitPoints_)

@@ -91,7 +91,7 @@ std::vector<OdDbObjectId> OdDbVertexOwner::vertexIds() const {
   return ids;
 }
 
-OdResult OdDbVertexOwner::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbVertexOwner::applyTransform(const OdGeMatrix3d& matrix) {
   return transformSubEntities(matrix);
 }
 
@@ -149,7 +149,7 @@ std::vector<OdDb2dVertex*> OdDb2dPolyline::vertices() const {
   return all;
 }
 
-OdResult OdDb2dPolyline::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDb2dPolyline::applyTransform(const OdGeMatrix3d& matrix) {
   const PlaneMap map(matrix, normal_);
   const std::vector<OdDb2dVertex*> all = vertices();
   const auto hasShape = [](const OdDb2dVertex* v) { return v->bulge_ != 0 || v->startWidth_ > 0 || v->endWidth_ > 0; };

@@ -62,7 +62,7 @@ MVDRAWING_SETTER(OdDb2dVertex, setStartWidth, double, startWidth_)
 MVDRAWING_SETTER(OdDb2dVertex, setEndWidth, double, endWidth_)
 MVDRAWING_SETTER(OdDbWorldVertex, setPosition, const OdGePoint3d&, position_)
 
-OdResult OdDbWorldVertex::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbWorldVertex::applyTransform(const OdGeMatrix3d& matrix) {
   position_ = matrix * position_;
   return eOk;
 }

@@ -109,7 +109,7 @@ void OdDbHatch::setNormal(const OdGeVector3d& normal) {
   groups_ = std::move(all);
 }
 
-OdResult OdDbHatch::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbHatch::applyTransform(const OdGeMatrix3d& matrix) {
   const OdGeVector3d before = normal();
   const drawing::PlaneMap map(matrix, before);
   const double height = elevation();
@@ -137,7 +137,7 @@ OdResult OdDbHatch::getGeomExtents(OdGeExtents3d& extents) const {
 }
 
 // Behind the pattern stands a vector: where the filling lies against the boundary.
-OdResult OdDbMPolygon::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbMPolygon::applyTransform(const OdGeMatrix3d& matrix) {
   const drawing::PlaneMap map(matrix, normal());
   if (!map.keepsShapes())
     return eCannotTransform;
@@ -150,5 +150,5 @@ OdResult OdDbMPolygon::subTransformBy(const OdGeMatrix3d& matrix) {
     groups_.setReal(i, moved.x);
     groups_.setReal(i + 1, moved.y);
   }
-  return OdDbHatch::subTransformBy(matrix);
+  return OdDbHatch::applyTransform(matrix);
 }

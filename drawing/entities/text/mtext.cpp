@@ -109,7 +109,7 @@ void OdDbMText::setRotation(double angleRad) {
   direction_ = OdGeMatrix3d::planeToWorld(normal_) * OdGeVector3d(std::cos(angleRad), std::sin(angleRad), 0);
 }
 
-OdResult OdDbMText::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbMText::applyTransform(const OdGeMatrix3d& matrix) {
   drawing::MTextFrame frame{location_, direction_, normal_};
   if (!frame.transform(matrix))
     return eCannotTransform;

@@ -81,7 +81,7 @@ void OdDbText::setTextFrom(const OdDbText& other) {
   vertical_ = other.vertical_;
 }
 
-OdResult OdDbText::subTransformBy(const OdGeMatrix3d& matrix) {
+OdResult OdDbText::applyTransform(const OdGeMatrix3d& matrix) {
   drawing::TextFrame frame{rotation_, height_, widthFactor_, oblique_, normal_};
   if (!frame.transform(matrix))
     return eCannotTransform;

@@ -27,7 +27,7 @@ const OdDbDatabase& Canvas::database() const {
 }
 
 OdGePoint2d Canvas::project(const OdGePoint3d& point) const {
-  return (context_.toScene * point).convert2d();
+  return (context_.toScene * point).to2d();
 }
 
 std::vector<OdGePoint2d> Canvas::project(const Path& path) {

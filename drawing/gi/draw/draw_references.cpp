@@ -30,7 +30,7 @@ void addClip(const OdDbSpatialFilter& filter, BlockInstance& instance, Canvas& c
   const Path hole = filter.holeInBlock();
   std::vector<OdGePoint2d> polygon;
   for (const OdGePoint3d& corner : hole.empty() ? filter.boundaryInBlock() : hole)
-    polygon.push_back((instance.context.toScene * corner).convert2d());
+    polygon.push_back((instance.context.toScene * corner).to2d());
   if (polygon.size() > 2)
     canvas.cut(instance, std::move(polygon), !hole.empty());
   if (filter.frontClipDist() || filter.backClipDist())

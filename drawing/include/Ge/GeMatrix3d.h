@@ -56,12 +56,12 @@ public:
   static OdGeMatrix3d planeToWorld(const OdGeVector3d& normal);
   static OdGeMatrix3d worldToPlane(const OdGeVector3d& normal);
 
-  // Products. preMultBy puts the other matrix to the left, postMultBy to the right. Points are divided by the result of
-  // the last row; vectors ignore the translation.
+  // Products. multiplyLeft puts the other matrix to the left, multiplyRight to the right. Points are divided by the
+  // result of the last row; vectors ignore the translation.
   OdGeMatrix3d operator*(const OdGeMatrix3d& right) const;
-  OdGeMatrix3d& operator*=(const OdGeMatrix3d& right) { return postMultBy(right); }
-  OdGeMatrix3d& preMultBy(const OdGeMatrix3d& left) { return *this = left * *this; }
-  OdGeMatrix3d& postMultBy(const OdGeMatrix3d& right) { return *this = *this * right; }
+  OdGeMatrix3d& operator*=(const OdGeMatrix3d& right) { return multiplyRight(right); }
+  OdGeMatrix3d& multiplyLeft(const OdGeMatrix3d& left) { return *this = left * *this; }
+  OdGeMatrix3d& multiplyRight(const OdGeMatrix3d& right) { return *this = *this * right; }
   OdGePoint3d operator*(const OdGePoint3d& point) const;
   OdGeVector3d operator*(const OdGeVector3d& vector) const;
   // Unit normal of the image of a plane (inverse transpose); zero if the image is not a plane.
@@ -74,16 +74,16 @@ public:
   OdGeMatrix3d& invert() { return *this = inverse(); }
 
   OdGeMatrix3d transpose() const; // rows and columns exchanged
-  double det() const;             // determinant; negative for reflections
+  double determinant() const;     // determinant; negative for reflections
   // Whether the images of the axes are in a plane, or nearly: the volume that they span, divided by their lengths, is
   // at most the tolerance. The size of the matrix does not matter.
   bool isSingular(const OdGeTol& tol = OdGeTol()) const;
   // Whether the images of the axes are perpendicular (reflections included), for the first also of equal length.
-  bool isUniScaledOrtho(const OdGeTol& tol = OdGeTol()) const;
-  bool isScaledOrtho(const OdGeTol& tol = OdGeTol()) const;
+  bool isUniformlyScaled(const OdGeTol& tol = OdGeTol()) const;
+  bool isOrthogonal(const OdGeTol& tol = OdGeTol()) const;
   bool isAffine() const; // the last row is 0 0 0 1
 
-  double scale() const; // length of the image of the X axis: the factor of an isUniScaledOrtho matrix
+  double scale() const; // length of the image of the X axis: the factor of an isUniformlyScaled matrix
   double norm() const;  // square root of the sum of squares of the nine entries without translation
   // Translation, and a column, 0 to 3, without its last entry.
   OdGeVector3d translation() const { return {entry[0][3], entry[1][3], entry[2][3]}; }

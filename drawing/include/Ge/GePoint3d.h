@@ -18,7 +18,7 @@ public:
   constexpr OdGePoint3d(double xx, double yy, double zz) : x(xx), y(yy), z(zz) {}
   constexpr OdGePoint3d(const OdGePoint2d& flat, double zz) : x(flat.x), y(flat.y), z(zz) {}
   constexpr OdGePoint3d& set(double xx, double yy, double zz) { return *this = OdGePoint3d(xx, yy, zz); }
-  constexpr OdGePoint2d convert2d() const { return {x, y}; }
+  constexpr OdGePoint2d to2d() const { return {x, y}; }
   constexpr OdGeVector3d asVector() const { return {x, y, z}; }
 
   // Points and vectors by coordinate.

@@ -34,19 +34,19 @@ public:
   // Products; the cross product is positive if `other` is counter-clockwise of this one.
   constexpr double dotProduct(const OdGeVector2d& other) const { return x * other.x + y * other.y; }
   constexpr double crossProduct(const OdGeVector2d& other) const { return x * other.y - y * other.x; }
-  constexpr OdGeVector2d perpVector() const { return {-y, x}; } // rotated counter-clockwise by 90 degrees
+  constexpr OdGeVector2d perpendicularVector() const { return {-y, x}; } // rotated counter-clockwise by 90 degrees
 
   // Square of the length, and the length.
-  constexpr double lengthSqrd() const { return x * x + y * y; }
+  constexpr double squaredLength() const { return x * x + y * y; }
   double length() const;
   // The vector with length 1; the zero vector and vectors that are not finite are unchanged.
   OdGeVector2d normal() const;
   OdGeVector2d& normalize() { return *this = normal(); }
 
   // Angles in radians; 0 for zero vectors.
-  double angle() const;                               // counter-clockwise from the X axis, in [0, 2 pi)
-  double angleTo(const OdGeVector2d& other) const;    // in [0, pi]
-  double angleToCCW(const OdGeVector2d& other) const; // counter-clockwise, in [0, 2 pi)
+  double angle() const;                                            // counter-clockwise from the X axis, in [0, 2 pi)
+  double angleTo(const OdGeVector2d& other) const;                 // in [0, pi]
+  double counterClockwiseAngleTo(const OdGeVector2d& other) const; // counter-clockwise, in [0, 2 pi)
 
   // Rotate counter-clockwise, and reflect in a line of that direction; they return the vector.
   OdGeVector2d& rotateBy(double angleRad);
@@ -58,7 +58,7 @@ public:
   // Comparison of directions and of the vectors with the tolerance for vectors. The first three are false for zero
   // vectors.
   bool isParallelTo(const OdGeVector2d& other, const OdGeTol& tol = OdGeTol()) const;
-  bool isCodirectionalTo(const OdGeVector2d& other, const OdGeTol& tol = OdGeTol()) const;
+  bool hasDirectionOf(const OdGeVector2d& other, const OdGeTol& tol = OdGeTol()) const;
   bool isPerpendicularTo(const OdGeVector2d& other, const OdGeTol& tol = OdGeTol()) const;
   bool isEqualTo(const OdGeVector2d& other, const OdGeTol& tol = OdGeTol()) const;
   bool operator==(const OdGeVector2d& other) const { return isEqualTo(other); }

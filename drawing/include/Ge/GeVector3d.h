@@ -25,7 +25,7 @@ public:
   constexpr OdGeVector3d(double xx, double yy, double zz) : x(xx), y(yy), z(zz) {}
   constexpr OdGeVector3d(const OdGeVector2d& flat, double zz) : x(flat.x), y(flat.y), z(zz) {}
   constexpr OdGeVector3d& set(double xx, double yy, double zz) { return *this = OdGeVector3d(xx, yy, zz); }
-  constexpr OdGeVector2d convert2d() const { return {x, y}; }
+  constexpr OdGeVector2d to2d() const { return {x, y}; }
   OdGePoint3d asPoint() const;
 
   // Arithmetic by coordinate. Division by 0 gives infinite or undefined coordinates.
@@ -46,10 +46,10 @@ public:
     return {y * other.z - z * other.y, z * other.x - x * other.z, x * other.y - y * other.x};
   }
   // A perpendicular unit vector: the OCS X axis of this normal.
-  OdGeVector3d perpVector() const;
+  OdGeVector3d perpendicularVector() const;
 
   // Square of the length, and the length.
-  constexpr double lengthSqrd() const { return x * x + y * y + z * z; }
+  constexpr double squaredLength() const { return x * x + y * y + z * z; }
   double length() const;
   // The vector with length 1; the zero vector and vectors that are not finite are unchanged.
   OdGeVector3d normal() const;
@@ -71,7 +71,7 @@ public:
   // Comparison of directions and of the vectors with the tolerance for vectors. The first three are false for zero
   // vectors.
   bool isParallelTo(const OdGeVector3d& other, const OdGeTol& tol = OdGeTol()) const;
-  bool isCodirectionalTo(const OdGeVector3d& other, const OdGeTol& tol = OdGeTol()) const;
+  bool hasDirectionOf(const OdGeVector3d& other, const OdGeTol& tol = OdGeTol()) const;
   bool isPerpendicularTo(const OdGeVector3d& other, const OdGeTol& tol = OdGeTol()) const;
   bool isEqualTo(const OdGeVector3d& other, const OdGeTol& tol = OdGeTol()) const;
   bool operator==(const OdGeVector3d& other) const { return isEqualTo(other); }

@@ -6,7 +6,7 @@
 // `restype` names the one member that holds the value (result_codes.h); the others keep their defaults.
 // The record owns its text.
 struct mvsiresbuf {
-  short restype = 0;
+  short groupCode = 0;
   short rint = 0;
   long rlong = 0;
   double rreal = 0.0;

@@ -43,7 +43,7 @@ TEST(Annotative, IsSetAndTakenAwayOnEveryKindThatHasIt) {
     EXPECT_TRUE(isAnnotative(id));
     EXPECT_FALSE(database->symbol(OdDb::kRegAppTable, L"AcadAnnotative").isNull());
     const OdDbDatabasePtr again = expectRoundTrip(*database);
-    EXPECT_TRUE(isAnnotative(again->getOdDbObjectId(id.getHandle())));
+    EXPECT_TRUE(isAnnotative(again->objectIdOf(id.getHandle())));
     EXPECT_EQ(setAnnotative(id, false), eOk);
     EXPECT_TRUE(id.safeOpenObject()->xData().isNull());
     ASSERT_EQ(database->undo(), eOk);
@@ -74,8 +74,8 @@ TEST(Annotative, IsReadFromTheFlagElseFromTheRepresentations) {
   EXPECT_FALSE(isAnnotative(id)) << "an empty list says nothing";
   forWrite<OdDbDictionary>(scales)->setAt(L"*A1", OdDbXrecord::createObject().get());
   EXPECT_TRUE(isAnnotative(id));
-  const OdResBufPtr off = OdResBuf::newRb(1001, OdString(L"AcadAnnotative"));
-  off->setNext(OdResBuf::newInt(1070, 1))->setNext(OdResBuf::newInt(1070, 0));
+  const OdResBufPtr off = OdResBuf::make(1001, OdString(L"AcadAnnotative"));
+  off->setNext(OdResBuf::makeInteger(1070, 1))->setNext(OdResBuf::makeInteger(1070, 0));
   forWrite<OdDbText>(id)->setXData(off.get());
   EXPECT_FALSE(isAnnotative(id)) << "the flag decides";
   expectUndoRestores(*database, [&] { setAnnotative(id, false); });

@@ -124,10 +124,10 @@ TEST_F(Wblock, ObjectsComeInTheirOrderAndAssociationsWholeOrNotAtAll) {
 
 // An arrow that differs from the style's is named in extended data; whether frames show, beside the header.
 TEST_F(Wblock, WhatChangesTheLookOfAnObjectComesWithIt) {
-  const OdResBufPtr data = OdResBuf::newRb(1001, L"ACAD");
-  OdResBufPtr tail = data->setNext(OdResBuf::newRb(1000, L"DSTYLE"));
-  tail = tail->setNext(OdResBuf::newRb(1070, std::int16_t(341)));
-  tail->setNext(OdResBuf::newRb(1005, addBlock(*source, L"_Open30")));
+  const OdResBufPtr data = OdResBuf::make(1001, L"ACAD");
+  OdResBufPtr tail = data->setNext(OdResBuf::make(1000, L"DSTYLE"));
+  tail = tail->setNext(OdResBuf::make(1070, std::int16_t(341)));
+  tail->setNext(OdResBuf::make(1005, addBlock(*source, L"_Open30")));
   forWrite<OdDbText>(text)->setXData(data.get());
   forWrite<OdDbDictionary>(source->getNamedObjectsDictionaryId())->setAt(L"ACAD_IMAGE_VARS", new OdDbRasterVariables);
   const OdDbObjectId picture = addTo<OdDbRasterImage>(source->getModelSpaceId())->objectId();
@@ -198,7 +198,7 @@ TEST_F(Wblock, PathsOfFilesAreTurnedToTheNewFolder) {
     const OdString name = OdString(L"of ") + file;
     const OdDbObjectId id = forWrite<OdDbDictionary>(pictures)->setAt(name, definition.get());
     const OdSmartPtr<OdDbXrecord> needs = OdDbXrecord::createObject();
-    needs->setFromRbChain(OdResBuf::newRb(340, id).get());
+    needs->setValues(OdResBuf::make(340, id).get());
     forWrite<OdDbDictionary>(shown)->setAt(name, needs.get());
   }
   for (const OdDbDatabasePtr& made : {drawing::wblockBlock(door, folder.at("library/door.dxf")),

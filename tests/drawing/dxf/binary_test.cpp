@@ -36,7 +36,7 @@ TEST(BinaryForm, EarlyFilesHaveCodesOfOneByte) {
   const ReadResult read = readWell(r12File(point));
   EXPECT_TRUE(read.database->fileInfo().binary);
   EXPECT_EQ(read.database->fileInfo().version, OdDb::kRelease12);
-  const OdDbEntityPtr entity(read.database->getOdDbObjectId(0xA1).safeOpenObject());
+  const OdDbEntityPtr entity(read.database->objectIdOf(0xA1).safeOpenObject());
   EXPECT_EQ(entity->layer(), OdString(L"wall"));
   EXPECT_EQ(entity->colorIndex(), 3);
   const std::string dump = drawing::canonicalDump(*read.database);

@@ -192,7 +192,7 @@ TEST(Damage, IsToldWithItsPlaceAndWrittenBackToTheLetter) {
   EXPECT_EQ(found.groupCode, 39);
   EXPECT_EQ(found.handle, 0xABu);
   EXPECT_EQ(found.section + " " + found.kind, "ENTITIES LINE");
-  EXPECT_TRUE(forRead<OdDbOpaqueEntity>(read.database->getOdDbObjectId(0xAB))->isUnparsed());
+  EXPECT_TRUE(forRead<OdDbOpaqueEntity>(read.database->objectIdOf(0xAB))->isUnparsed());
   EXPECT_EQ(read.report.counts.unparsed, 1u);
   const std::string written = drawing::writeDrawingToMemory(*read.database);
   EXPECT_NE(written.find(" 39\nwide as  a door \n"), std::string::npos);
@@ -211,7 +211,7 @@ TEST(Damage, CyclesOfDefinitionsAreCutAndMendedForGood) {
   EXPECT_GT(issueOf(read, "dxf.block-cycle").line, 0u); // found when all was read, and still with its place
   std::string cut;
   for (const OdDbHandle handle : {0xA1, 0xA2, 0xA3, 0xA4, 0xA5}) {
-    const OdDbObjectPtr object = read.database->getOdDbObjectId(handle).safeOpenObject();
+    const OdDbObjectPtr object = read.database->objectIdOf(handle).safeOpenObject();
     cut += object->isKindOf(OdDbBlockReference::desc()) ? "" : handle.ascii();
   }
   EXPECT_TRUE(cut == "A1A4" || cut == "A2A4") << cut;

@@ -97,7 +97,7 @@ TEST(OtherLayouts, UnknownObjectsEntitiesAndSectionsComeBack) {
   const ReadResult read = readWell(text);
   EXPECT_EQ(read.report.counts.opaque, 4u); // with the records of the two sections
   EXPECT_EQ(read.report.counts.dropped, 0u);
-  const OdSmartPtr<OdDbOpaqueEntity> gadget(read.database->getOdDbObjectId(0xA1).safeOpenObject());
+  const OdSmartPtr<OdDbOpaqueEntity> gadget(read.database->objectIdOf(0xA1).safeOpenObject());
   EXPECT_EQ(gadget->dxfName(), "GADGET");
   EXPECT_EQ(gadget->layer(), OdString(L"walls"));
   EXPECT_EQ(gadget->colorIndex(), 3);
@@ -163,7 +163,7 @@ TEST(OtherLayouts, WhatOnlyAnErasedEntityNamesIsNotWritten) {
                              "0|IMAGEDEF\n5|A3\n330|A4\n100|AcDbRasterImageDef\n90|0\n1|tree.png\n"
                              "0|IMAGEDEF_REACTOR\n5|A2\n330|A1\n100|AcDbRasterImageDefReactor\n90|2\n330|A1\n"));
   const OdDbDatabasePtr database = readWhole(text);
-  database->getOdDbObjectId(0xA1).safeOpenObject(OdDb::kForWrite)->erase();
+  database->objectIdOf(0xA1).safeOpenObject(OdDb::kForWrite)->erase();
   const std::string written = drawing::writeDrawingToMemory(*database);
   EXPECT_FALSE(contains(written, "IMAGEDEF_REACTOR"));
   EXPECT_TRUE(contains(written, "\nIMAGEDEF\n"));
@@ -176,7 +176,7 @@ TEST(OtherLayouts, AClonedHatchNamesNoBoundaryThatStayedBehind) {
   const std::string circle = "0|CIRCLE\n5|A2\n100|AcDbEntity\n8|0\n100|AcDbCircle\n10|0\n20|0\n30|0\n40|1\n";
   const OdDbDatabasePtr source = readWhole(dxf(section("ENTITIES", hatch + circle)));
   const OdDbDatabasePtr target = OdDbDatabase::create();
-  cloned({source->getOdDbObjectId(0xA1)}, target->getModelSpaceId());
+  cloned({source->objectIdOf(0xA1)}, target->getModelSpaceId());
   const std::string written = drawing::writeDrawingToMemory(*target);
   EXPECT_TRUE(contains(written, " 71\n0\n 91\n1\n")) << "still associative";
   EXPECT_TRUE(contains(written, " 97\n0\n 75\n0\n")) << "a boundary that is not there";

@@ -77,7 +77,7 @@ TEST(Solid, CloneHasABodyOfItsOwn) {
   const OdDbObjectId holder = tests::addBlock(database, L"holder");
   for (const OdDbObjectId owner : {holder, other->getModelSpaceId()}) {
     OdDbObjectId clone;
-    tests::expectUndoRestores(*owner.database(), [&] { clone = cloneInto(database.getOdDbObjectId(0xA1), owner); });
+    tests::expectUndoRestores(*owner.database(), [&] { clone = cloneInto(database.objectIdOf(0xA1), owner); });
     const std::string dump = drawing::canonicalDump(*owner.database());
     EXPECT_NE(dump.find("320 " + clone.getHandle().ascii() + "\n"), std::string::npos) << dump;
     tests::expectUndoRestores(*owner.database(), [&] { tests::forWrite<OdDbEntity>(clone)->erase(); });
@@ -124,7 +124,7 @@ TEST(ContextData, MovesWithItsEntity) {
       OdGeMatrix3d::coordSystem(OdGePoint3d(), OdGeVector3d(0, 1, 0), OdGeVector3d(-1, 0, 0), OdGeVector3d(0, 0, 1));
   for (const Look& look : kLooks) {
     const drawing::ReadResult read = tests::readWell(annotative(look.entity, look.kind, look.groups));
-    const OdDbObjectId id = read.database->getOdDbObjectId(0xA1);
+    const OdDbObjectId id = read.database->objectIdOf(0xA1);
     tests::expectUndoRestores(*read.database,
                               [&] { EXPECT_EQ(tests::forWrite<OdDbEntity>(id)->transformBy(matrix * quarter), eOk); });
     const std::string dump = drawing::canonicalDump(*read.database);

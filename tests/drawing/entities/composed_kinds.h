@@ -97,7 +97,7 @@ inline bool arcHas(const OdDbEntity& e, const OdGePoint3d& p) {
 inline bool ellipseHas(const OdDbEntity& e, const OdGePoint3d& p) {
   const auto& ellipse = as<OdDbEllipse>(e);
   const OdGeVector3d v = p - ellipse.center(), a = ellipse.majorAxis(), b = ellipse.minorAxis();
-  const double x = v.dotProduct(a) / a.lengthSqrd(), y = v.dotProduct(b) / b.lengthSqrd();
+  const double x = v.dotProduct(a) / a.squaredLength(), y = v.dotProduct(b) / b.squaredLength();
   return near(a.dotProduct(b), 0) && a.length() > b.length() * 0.999 && near(x * x + y * y, 1) &&
          near(v.dotProduct(ellipse.normal()), 0) && within(std::atan2(y, x), ellipse.startParam(), ellipse.endParam());
 }

@@ -80,7 +80,7 @@ public:
   OdDbEntityPtr add(std::string_view dxfName, std::string_view groups) {
     OdDbEntityPtr entity = load(dxfName, groups);
     entity->setLayer(database->getLayerZeroId());
-    tests::forWrite<OdDbBlockTableRecord>(database->getModelSpaceId())->appendOdDbEntity(entity.get());
+    tests::forWrite<OdDbBlockTableRecord>(database->getModelSpaceId())->appendEntity(entity.get());
     entity->upgradeOpen();
     return entity;
   }

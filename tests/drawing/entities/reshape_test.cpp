@@ -42,8 +42,8 @@ protected:
     behind = tests::addText(*loader.database, L"behind");
     round->createExtensionDictionary();
     round->addPersistentReactor(before);
-    OdResBufPtr data = OdResBuf::newRb(1001, L"ACAD");
-    data->setNext(OdResBuf::newRb(1011, OdGePoint3d(1, 2, 3)));
+    OdResBufPtr data = OdResBuf::make(1001, L"ACAD");
+    data->setNext(OdResBuf::make(1011, OdGePoint3d(1, 2, 3)));
     round->setXData(data);
     round->extrasForLoad().unmodelledGroups.utf8(100, "AcDbEntity");
     round->extrasForLoad().unmodelledGroups.integer(160, 3);

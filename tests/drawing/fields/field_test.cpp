@@ -40,7 +40,7 @@ TEST_F(Field, BelongsToItsObjectAndStandsInTheList) {
   EXPECT_EQ(child.safeOpenObject()->ownerId(), id);
   EXPECT_EQ(listed(), (std::vector<OdDbObjectId>{id, child}));
   const OdDbDatabasePtr again = expectRoundTrip(*database);
-  const auto read = forRead<OdDbField>(again->getOdDbObjectId(id.getHandle()));
+  const auto read = forRead<OdDbField>(again->objectIdOf(id.getHandle()));
   EXPECT_EQ(read->getFieldCode(), OdString(L"%<\\_FldIdx 0>%"));
   ASSERT_EQ(read->children().size(), 1u);
   EXPECT_EQ(read->children()[0].getHandle(), child.getHandle());
@@ -78,7 +78,7 @@ TEST_F(Field, CodesOfAnyLengthComeBack) {
       code += static_cast<wchar_t>(i % 7 == 0 ? 0x416 : L'a' + i % 26);
     id = OdDbField::setField(*forWrite<OdDbText>(text), field(code).get());
     const OdDbDatabasePtr again = expectRoundTrip(*database);
-    EXPECT_EQ(forRead<OdDbField>(again->getOdDbObjectId(id.getHandle()))->getFieldCode(), code) << length;
+    EXPECT_EQ(forRead<OdDbField>(again->objectIdOf(id.getHandle()))->getFieldCode(), code) << length;
   }
 }
 
@@ -175,7 +175,7 @@ TEST(FieldEvaluation, GoesFromTheInnermostOutAndCountsWhatItDid) {
   EXPECT_EQ(forWrite<OdDbField>(id)->evaluate(OdDbField::kDemand, nullptr), eNoDatabase);
   EXPECT_THROW(owner->getChild(2), OdError_InvalidIndex);
   const OdDbDatabasePtr again = expectRoundTrip(*database);
-  EXPECT_EQ(forRead<OdDbField>(again->getOdDbObjectId(id.getHandle()))->getValue(), L"a 42 b ");
+  EXPECT_EQ(forRead<OdDbField>(again->objectIdOf(id.getHandle()))->getValue(), L"a 42 b ");
 }
 
 } // namespace

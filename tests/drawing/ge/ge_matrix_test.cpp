@@ -28,8 +28,8 @@ TEST(Matrix, AppliesTheRightOperandFirst) {
   const OdGePoint3d point(1, 0, 0);
   OdGeMatrix3d product;
   EXPECT_EQ(product.setToProduct(move, turn) * point, OdGePoint3d(10, 1, 0));
-  EXPECT_EQ(OdGeMatrix3d(turn).preMultBy(move) * point, OdGePoint3d(10, 1, 0));
-  EXPECT_EQ(OdGeMatrix3d(turn).postMultBy(move) * point, OdGePoint3d(0, 11, 0));
+  EXPECT_EQ(OdGeMatrix3d(turn).multiplyLeft(move) * point, OdGePoint3d(10, 1, 0));
+  EXPECT_EQ(OdGeMatrix3d(turn).multiplyRight(move) * point, OdGePoint3d(0, 11, 0));
 }
 
 TEST(Matrix, InvertsWhatItCan) {
@@ -42,11 +42,11 @@ TEST(Matrix, InvertsWhatItCan) {
   perspective.entry[3][0] = 0.01;
   perspective.entry[3][3] = 2.0;
   EXPECT_EQ(perspective * perspective.inverse(), OdGeMatrix3d::kIdentity);
-  EXPECT_NEAR(perspective.det() * perspective.inverse().det(), 1.0, 1e-12);
-  EXPECT_NEAR(crooked().det(), -3.0, 1e-12);
+  EXPECT_NEAR(perspective.determinant() * perspective.inverse().determinant(), 1.0, 1e-12);
+  EXPECT_NEAR(crooked().determinant(), -3.0, 1e-12);
   OdGeMatrix3d twice = OdGeMatrix3d::kIdentity;
   twice.entry[3][3] = 2.0;
-  EXPECT_DOUBLE_EQ(twice.det(), 2.0);
+  EXPECT_DOUBLE_EQ(twice.determinant(), 2.0);
 }
 
 TEST(Matrix, RefusesToInvertWhatIsFlat) {
@@ -60,7 +60,7 @@ TEST(Matrix, RefusesToInvertWhatIsFlat) {
     EXPECT_FALSE(matrix.inverse(answer));
     EXPECT_TRUE(identical(answer, OdGeMatrix3d::translation(kX)));
     EXPECT_THROW(matrix.inverse(), OdError);
-    EXPECT_FALSE(matrix.isScaledOrtho());
+    EXPECT_FALSE(matrix.isOrthogonal());
   }
 }
 
@@ -116,8 +116,8 @@ TEST(Matrix, TellsItsKind) {
       {turned.transpose(), false, false}, // the translation is in the last row
   };
   for (std::size_t i = 0; i < std::size(cases); ++i) {
-    EXPECT_EQ(cases[i].matrix.isUniScaledOrtho(), cases[i].uniform) << i;
-    EXPECT_EQ(cases[i].matrix.isScaledOrtho(), cases[i].ortho) << i;
+    EXPECT_EQ(cases[i].matrix.isUniformlyScaled(), cases[i].uniform) << i;
+    EXPECT_EQ(cases[i].matrix.isOrthogonal(), cases[i].ortho) << i;
   }
   EXPECT_NEAR(cases[1].matrix.scale(), 1e8, 1e-4);
   EXPECT_FALSE(turned.isEqualTo(OdGeMatrix3d::translation({1e-6, 0, 0}) * turned));
@@ -153,8 +153,8 @@ TEST(ArbitraryAxis, FollowsTheRuleOfDrawingFiles) {
   for (const auto& [normal, xAxis] : cases) {
     const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(normal);
     EXPECT_TRUE(plane.column(0).isEqualTo(xAxis, 1e-7)) << normal.x << ' ' << normal.z;
-    EXPECT_TRUE(plane.isUniScaledOrtho());
-    EXPECT_NEAR(plane.det(), 1.0, 1e-14);
+    EXPECT_TRUE(plane.isUniformlyScaled());
+    EXPECT_NEAR(plane.determinant(), 1.0, 1e-14);
     EXPECT_EQ(OdGeMatrix3d::worldToPlane(normal) * plane, OdGeMatrix3d::kIdentity);
   }
   EXPECT_TRUE(identical(OdGeMatrix3d::planeToWorld(kZ), OdGeMatrix3d::kIdentity));
@@ -174,7 +174,7 @@ TEST(Vector, MeasuresAngles) {
   EXPECT_EQ(kX.angleTo({1, -1e-20, 0}, kZ), 0.0); // rounds to the full turn, which is none
   EXPECT_NEAR(kX.angleTo({1, 1e-12, 0}), 1e-12, 1e-20);
   EXPECT_EQ(OdGeVector2d(0, -1).angle(), 1.5 * kPi);
-  EXPECT_NEAR(OdGeVector2d(0, 1).angleToCCW({1, 0}), 1.5 * kPi, 1e-15);
+  EXPECT_NEAR(OdGeVector2d(0, 1).counterClockwiseAngleTo({1, 0}), 1.5 * kPi, 1e-15);
   EXPECT_NEAR(normalizeAngle(-7 * kPi), kPi, 1e-14);
   EXPECT_FALSE(std::signbit(normalizeAngle(-0.0)));
 }
@@ -182,9 +182,9 @@ TEST(Vector, MeasuresAngles) {
 TEST(Vector, TellsDirections) {
   const OdGeVector3d v(1, 2, 3);
   EXPECT_TRUE(v.isParallelTo(v * -1e-5));
-  EXPECT_FALSE(v.isCodirectionalTo(v * -1e-5));
-  EXPECT_TRUE(v.isCodirectionalTo(v * 1e8));
-  EXPECT_TRUE(v.isPerpendicularTo(v.perpVector()));
+  EXPECT_FALSE(v.hasDirectionOf(v * -1e-5));
+  EXPECT_TRUE(v.hasDirectionOf(v * 1e8));
+  EXPECT_TRUE(v.isPerpendicularTo(v.perpendicularVector()));
   EXPECT_FALSE(v.isParallelTo({1, 2, 3.001}));
   EXPECT_FALSE(v.isParallelTo(OdGeVector3d::kIdentity));
   EXPECT_FALSE(v.isPerpendicularTo(OdGeVector3d::kIdentity));

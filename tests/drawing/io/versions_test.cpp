@@ -145,7 +145,7 @@ TEST(Versions, MultiLineAttributesStandWhereTheVersionHasThem) {
   EXPECT_EQ(late.bytes.find("ACAD_MLATT"), std::string::npos);
   for (const std::string& bytes : {early.bytes, late.bytes}) {
     const ReadResult again = drawing::readDrawingFromMemory(bytes);
-    const auto attribute = forRead<OdDbAttribute>(again.database->getOdDbObjectId(id.getHandle()));
+    const auto attribute = forRead<OdDbAttribute>(again.database->objectIdOf(id.getHandle()));
     ASSERT_TRUE(attribute->isMTextAttribute());
     EXPECT_EQ(attribute->getMTextAttribute()->contents(), OdString(L"{\\C1;first}\\Psecond"));
     EXPECT_EQ(attribute->getMTextAttribute()->textHeight(), 2.5);
@@ -241,7 +241,7 @@ TEST(R12, DrawsWithWhatTheVersionHas) {
     EXPECT_EQ(kindsIn(*read.database), one.becomes);
     EXPECT_TRUE(hasIssueAt(losses, one.reported, 0xA1));
     if (one.becomes[0] != 0) { // the first has the handle, all have the layer
-      EXPECT_EQ(forRead<OdDbEntity>(read.database->getOdDbObjectId(0xA1))->layer(), OdString(L"walls"));
+      EXPECT_EQ(forRead<OdDbEntity>(read.database->objectIdOf(0xA1))->layer(), OdString(L"walls"));
     }
   }
 }
@@ -270,7 +270,7 @@ TEST(R12, NamesThatItCannotHoldAreChangedEverywhereAndTold) {
   drawing::Report losses;
   const ReadResult read = throughR12(*database, &losses);
   EXPECT_EQ(losses.count("dxf.name-not-in-version"), 2u);
-  const auto insert = forRead<OdDbBlockReference>(read.database->getOdDbObjectId(reference.getHandle()));
+  const auto insert = forRead<OdDbBlockReference>(read.database->objectIdOf(reference.getHandle()));
   EXPECT_EQ(insert->layer(), OdString(L"load_bearing_walls-2"));
   EXPECT_EQ(read.database->headerText("CLAYER"), OdString(L"load_bearing_walls-2"));
   const auto definition = forRead<OdDbBlockTableRecord>(insert->blockTableRecord());

@@ -28,9 +28,9 @@ struct House {
     database = drawing::readDrawingFromMemory(bytes).database;
     door = database->symbol(OdDb::kBlockTable, L"door");
     layer = database->symbol(OdDb::kLayerTable, L"walls");
-    reference = database->getOdDbObjectId(shown.getHandle());
-    text = database->getOdDbObjectId(line.getHandle());
-    const auto record = forWrite<OdDbXrecord>(database->getOdDbObjectId(0xFFF0));
+    reference = database->objectIdOf(shown.getHandle());
+    text = database->objectIdOf(line.getHandle());
+    const auto record = forWrite<OdDbXrecord>(database->objectIdOf(0xFFF0));
     nowhere = record->groups().idOf(record->groups()[0]);
     record->erase();
   }
@@ -49,10 +49,10 @@ struct AuditCase {
 };
 
 const AuditCase kAuditCases[] = {
-    {"audit.in-no-list", [](House& h) { h.database->addOdDbObject(OdDbText::createObject().get(), h.door); }},
-    {"audit.in-no-list", [](House& h) { h.database->addOdDbObject(OdDbAttribute::createObject().get(), h.door); }},
+    {"audit.in-no-list", [](House& h) { h.database->addObject(OdDbText::createObject().get(), h.door); }},
+    {"audit.in-no-list", [](House& h) { h.database->addObject(OdDbAttribute::createObject().get(), h.door); }},
     {"audit.owner-does-not-list", [](House& h) { h.change(h.text, [&](OdDbObject& o) { o.setOwnerId(h.door); }); }},
-    {"audit.owner-missing", [](House& h) { h.database->addOdDbObject(OdDbXrecord::createObject().get(), h.nowhere); }},
+    {"audit.owner-missing", [](House& h) { h.database->addObject(OdDbXrecord::createObject().get(), h.nowhere); }},
     {"audit.entry-to-nothing",
      [](House& h) { forWrite<OdDbDictionary>(h.database->getNamedObjectsDictionaryId())->setAt(L"GHOST", h.nowhere); }},
     {"audit.reference-to-nothing",

@@ -97,7 +97,7 @@ TEST(Purge, EveryKindOfReferenceProtects) {
     SCOPED_TRACE(row.what);
     const OdDbDatabasePtr database = drawingOfParts(row.parts);
     const PurgePlan plan(*database);
-    const OdDbObjectId kept = database->getOdDbObjectId(row.kept);
+    const OdDbObjectId kept = database->objectIdOf(row.kept);
     EXPECT_EQ(plan.statusOf(kept), PurgePlan::Status::Used);
     ASSERT_EQ(plan.usesOf(kept).size(), 1u);
     EXPECT_EQ(plan.usesOf(kept)[0].times, 1u);
@@ -114,7 +114,7 @@ TEST(Purge, GoesThroughChainsAtOnceAndUndoes) {
   const OdDbDatabasePtr database = drawingOfParts(parts);
   OdDbObjectIdArray ids;
   for (const int handle : {0xC1, 0xC2, 0xD1, 0xD8, 0xD9})
-    ids.append(database->getOdDbObjectId(handle));
+    ids.append(database->objectIdOf(handle));
   OdDbObjectIdArray withoutOuter = ids;
   withoutOuter.removeAt(3);
   ASSERT_EQ(database->purge(withoutOuter), eOk);
@@ -140,8 +140,8 @@ TEST(Purge, LeavesWhatMustBeThereAndWhatIsExternal) {
   for (OdDbObjectId id : plan.purgeable())
     ADD_FAILURE() << id.getHandle().ascii();
   EXPECT_EQ(plan.statusOf(database->getModelSpaceId()), PurgePlan::Status::Needed);
-  EXPECT_EQ(plan.statusOf(database->getOdDbObjectId(0xD1)), PurgePlan::Status::External);
-  EXPECT_EQ(plan.statusOf(database->getOdDbObjectId(0xC2)), PurgePlan::Status::External);
+  EXPECT_EQ(plan.statusOf(database->objectIdOf(0xD1)), PurgePlan::Status::External);
+  EXPECT_EQ(plan.statusOf(database->objectIdOf(0xC2)), PurgePlan::Status::External);
 }
 
 TEST(Purge, GroupsLiveByTheirMembers) {
@@ -153,8 +153,8 @@ TEST(Purge, GroupsLiveByTheirMembers) {
                   "0|GROUP\n5|F2\n330|D\n100|AcDbGroup\n300|\n70|0\n71|1\n";
   const OdDbDatabasePtr database = drawingOfParts(parts);
   const PurgePlan plan(*database);
-  EXPECT_EQ(plan.statusOf(database->getOdDbObjectId(0xF1)), PurgePlan::Status::Used);
-  EXPECT_EQ(plan.statusOf(database->getOdDbObjectId(0xF2)), PurgePlan::Status::Purgeable);
+  EXPECT_EQ(plan.statusOf(database->objectIdOf(0xF1)), PurgePlan::Status::Used);
+  EXPECT_EQ(plan.statusOf(database->objectIdOf(0xF2)), PurgePlan::Status::Purgeable);
 }
 
 TEST(Purge, CountsUsesByHolder) {
@@ -165,9 +165,9 @@ TEST(Purge, CountsUsesByHolder) {
                  block("D9", "unused", insert("E4", "door"));
   parts.entities = insert("E1", "house");
   const OdDbDatabasePtr database = drawingOfParts(parts);
-  const auto uses = PurgePlan(*database).usesOf(database->getOdDbObjectId(0xD1));
+  const auto uses = PurgePlan(*database).usesOf(database->objectIdOf(0xD1));
   ASSERT_EQ(uses.size(), 2u); // not by the block that goes
-  EXPECT_EQ(uses[0].by, database->getOdDbObjectId(0xD8));
+  EXPECT_EQ(uses[0].by, database->objectIdOf(0xD8));
   EXPECT_EQ(uses[0].times, 2u);
   EXPECT_EQ(uses[1].variable, "DIMBLK1");
 }

@@ -38,7 +38,7 @@ TEST(Dictionary, KeepsItsOrderThroughAFileAndEndsWithItsOwner) {
   for (const wchar_t* name : {L"z", L"a", L"\u0416\u5b57", L"m"})
     forWrite<OdDbDictionary>(id)->setAt(name, OdDbXrecord::createObject().get());
   const OdDbDatabasePtr again = expectRoundTrip(*database);
-  EXPECT_EQ(entryNames(*forRead<OdDbDictionary>(again->getOdDbObjectId(id.getHandle()))),
+  EXPECT_EQ(entryNames(*forRead<OdDbDictionary>(again->objectIdOf(id.getHandle()))),
             (std::vector<OdString>{L"z", L"a", L"\u0416\u5b57", L"m"}));
   const OdDbObjectId entry = forRead<OdDbDictionary>(id)->getAt(L"z");
   expectUndoRestores(*database, [&] { forWrite<OdDbText>(text)->erase(); });
@@ -92,22 +92,22 @@ TEST(Dictionary, LargeOnesFindWhatIsThereAfterEveryChange) {
 TEST(Xrecord, GivesBackEveryKindOfValue) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
   const OdDbObjectId text = addText(*database, L"target");
-  OdResBufPtr tail, head = OdResBuf::newRb(1, OdString(L"\u00DF \\U+00DF ^I %%d"));
-  tail = head->setNext(OdResBuf::newInt(280, 7));
-  tail = tail->setNext(OdResBuf::newInt(280, 8));
-  tail = tail->setNext(OdResBuf::newRb(10, OdGePoint3d(1, -2, 1e-300)));
-  tail = tail->setNext(OdResBuf::newRb(40, 0.1));
-  tail = tail->setNext(OdResBuf::newInt(90, -2147483648LL));
-  tail = tail->setNext(OdResBuf::newInt(160, INT64_MAX));
-  tail = tail->setNext(OdResBuf::newRb(330, text));
-  const OdResBufPtr bytes = tail->setNext(OdResBuf::newRb(310));
+  OdResBufPtr tail, head = OdResBuf::make(1, OdString(L"\u00DF \\U+00DF ^I %%d"));
+  tail = head->setNext(OdResBuf::makeInteger(280, 7));
+  tail = tail->setNext(OdResBuf::makeInteger(280, 8));
+  tail = tail->setNext(OdResBuf::make(10, OdGePoint3d(1, -2, 1e-300)));
+  tail = tail->setNext(OdResBuf::make(40, 0.1));
+  tail = tail->setNext(OdResBuf::makeInteger(90, -2147483648LL));
+  tail = tail->setNext(OdResBuf::makeInteger(160, INT64_MAX));
+  tail = tail->setNext(OdResBuf::make(330, text));
+  const OdResBufPtr bytes = tail->setNext(OdResBuf::make(310));
   bytes->setBinary(std::string("\0\xFF", 2));
   const OdSmartPtr<OdDbXrecord> record = OdDbXrecord::createObject();
-  record->setFromRbChain(head.get());
+  record->setValues(head.get());
   forWrite<OdDbDictionary>(database->getNamedObjectsDictionaryId())->setAt(L"MINE", record.get());
   const OdDbDatabasePtr again = expectRoundTrip(*database);
-  const OdDbObjectId id = again->getOdDbObjectId(record->getDbHandle());
-  const OdResBufPtr chain = forRead<OdDbXrecord>(id)->rbChain();
+  const OdDbObjectId id = again->objectIdOf(record->getDbHandle());
+  const OdResBufPtr chain = forRead<OdDbXrecord>(id)->values();
   const OdResBuf* at = chain.get();
   EXPECT_EQ(at->getString(), head->getString());
   EXPECT_EQ((at = at->next().get())->getInt(), 7);
@@ -116,7 +116,7 @@ TEST(Xrecord, GivesBackEveryKindOfValue) {
   EXPECT_EQ((at = at->next().get())->getDouble(), 0.1);
   EXPECT_EQ((at = at->next().get())->getInt(), -2147483648LL);
   EXPECT_EQ((at = at->next().get())->getInt(), INT64_MAX);
-  EXPECT_EQ((at = at->next().get())->getObjectId(), again->getOdDbObjectId(text.getHandle()));
+  EXPECT_EQ((at = at->next().get())->getObjectId(), again->objectIdOf(text.getHandle()));
   EXPECT_EQ((at = at->next().get())->getBinary(), std::string("\0\xFF", 2));
 }
 
@@ -124,7 +124,7 @@ std::string applications(const OdDbObject& object) {
   std::string all;
   const OdResBufPtr chain = object.xData();
   for (const OdResBuf* at = chain.get(); at != nullptr; at = at->next().get())
-    all += at->restype() == 1001 ? at->getString().toUtf8() + ":" : std::to_string(at->getInt()) + " ";
+    all += at->groupCode() == 1001 ? at->getString().toUtf8() + ":" : std::to_string(at->getInt()) + " ";
   return all;
 }
 
@@ -134,10 +134,10 @@ TEST(ExtendedData, IsSetReplacedAndRemovedByApplication) {
   const auto set = [&](std::initializer_list<std::pair<const wchar_t*, int>> parts) {
     OdResBufPtr head, tail;
     for (const auto& [name, value] : parts) {
-      const OdResBufPtr start = OdResBuf::newRb(1001, OdString(name));
+      const OdResBufPtr start = OdResBuf::make(1001, OdString(name));
       tail = tail.isNull() ? (head = start) : tail->setNext(start);
       if (value != 0)
-        tail = tail->setNext(OdResBuf::newInt(1070, value));
+        tail = tail->setNext(OdResBuf::makeInteger(1070, value));
     }
     forWrite<OdDbText>(id)->setXData(head.get());
   };

@@ -41,8 +41,8 @@ TEST(Undo, RestoresEveryKindOfChange) {
       {"extended data and reactors",
        [&] {
          const OdDbObjectPtr object = text.safeOpenObject(OdDb::kForWrite);
-         const OdResBufPtr chain = OdResBuf::newRb(1001, OdString(L"APP"));
-         chain->setNext(OdResBuf::newInt(1070, 5));
+         const OdResBufPtr chain = OdResBuf::make(1001, OdString(L"APP"));
+         chain->setNext(OdResBuf::makeInteger(1070, 5));
          object->setXData(chain.get());
          object->addPersistentReactor(block);
        }},

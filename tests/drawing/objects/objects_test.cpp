@@ -151,10 +151,10 @@ class ObjectKinds : public testing::TestWithParam<ObjectKind> {};
 
 TEST_P(ObjectKinds, AnswerWhatTheFileSaysAndComeBack) {
   const OdDbDatabasePtr database = drawingWith(GetParam().name, GetParam().lines);
-  const OdDbObjectId id = database->getOdDbObjectId(kObject);
+  const OdDbObjectId id = database->objectIdOf(kObject);
   EXPECT_EQ(factsOf(*forRead<OdDbObject>(id)), GetParam().facts);
   const OdDbDatabasePtr again = expectRoundTrip(*database);
-  EXPECT_EQ(factsOf(*forRead<OdDbObject>(again->getOdDbObjectId(kObject))), GetParam().facts);
+  EXPECT_EQ(factsOf(*forRead<OdDbObject>(again->objectIdOf(kObject))), GetParam().facts);
 }
 
 // Into another drawing: names stay, what they refer to comes along.
@@ -163,7 +163,7 @@ TEST_P(ObjectKinds, AnswerTheSameInAnotherDrawing) {
   const OdDbDatabasePtr other = skewedDrawing();
   const auto root = forWrite<OdDbDictionary>(other->getNamedObjectsDictionaryId());
   const OdDbObjectId holder = root->setAt(L"ACAD_THINGS", new OdDbDictionary);
-  const OdDbObjectId id = database->getOdDbObjectId(kObject), clone = cloned({id}, holder).valueOf(id);
+  const OdDbObjectId id = database->objectIdOf(kObject), clone = cloned({id}, holder).valueOf(id);
   std::string wanted = GetParam().facts;
   wanted = wanted.substr(0, wanted.find(" A2 A1")); // members that did not come along
   EXPECT_EQ(factsOf(*forRead<OdDbObject>(clone)), wanted);
@@ -176,11 +176,11 @@ INSTANTIATE_TEST_SUITE_P(All, ObjectKinds, testing::ValuesIn(kObjectKinds),
 
 TEST(Group, LosesErasedMembersUntilTheyComeBack) {
   const OdDbDatabasePtr database = drawingWith("GROUP", "100|AcDbGroup\n300|\n70|0\n71|1\n340|A1\n340|A2\n");
-  const OdDbObjectId first = database->getOdDbObjectId(OdDbHandle(0xA1)), id = database->getOdDbObjectId(kObject);
+  const OdDbObjectId first = database->objectIdOf(OdDbHandle(0xA1)), id = database->objectIdOf(kObject);
   expectUndoRestores(*database, [&] { forWrite<OdDbEntity>(first)->erase(); });
   EXPECT_EQ(factsOf(*forRead<OdDbGroup>(id)), "Mine 1 A2");
   const OdDbDatabasePtr written = expectRoundTrip(*database);
-  EXPECT_EQ(forRead<OdDbGroup>(written->getOdDbObjectId(kObject))->numEntities(), 1u);
+  EXPECT_EQ(forRead<OdDbGroup>(written->objectIdOf(kObject))->numEntities(), 1u);
   ASSERT_EQ(database->undo(), eOk);
   EXPECT_EQ(factsOf(*forRead<OdDbGroup>(id)), "Mine 1 A1 A2");
   expectUndoRestores(*database, [&] {
@@ -200,8 +200,8 @@ TEST(Xrecord, OwnsWhatItHoldsHard) {
       drawingWith("XRECORD", "100|AcDbXrecord\n280|1\n360|E5\n360|E6\n0|WIPEOUTVARIABLES\n5|E5\n330|D1\n"
                              "100|AcDbWipeoutVariables\n70|1\n0|WIPEOUTVARIABLES\n5|E6\n330|D\n"
                              "100|AcDbWipeoutVariables\n70|0\n");
-  const OdDbObjectId id = database->getOdDbObjectId(kObject), own = database->getOdDbObjectId(OdDbHandle(0xE5));
-  const OdDbObjectId others = database->getOdDbObjectId(OdDbHandle(0xE6));
+  const OdDbObjectId id = database->objectIdOf(kObject), own = database->objectIdOf(OdDbHandle(0xE5));
+  const OdDbObjectId others = database->objectIdOf(OdDbHandle(0xE6));
   const OdDbIdMapping mapping = cloned({id}, database->getNamedObjectsDictionaryId());
   EXPECT_FALSE(mapping.valueOf(own).isNull());
   EXPECT_TRUE(mapping.valueOf(others).isNull());
@@ -239,7 +239,7 @@ TEST(SpatialFilter, ClipsAtTheSamePlaceWhereverTheReferenceGoes) {
                              identity));
   const drawing::ReadResult read = readWell(text);
   OdDbDatabase& database = *read.database;
-  const OdDbObjectId id = database.getOdDbObjectId(OdDbHandle(0xA1));
+  const OdDbObjectId id = database.objectIdOf(OdDbHandle(0xA1));
   const std::vector<OdGePoint3d> before = clippedAt(id);
   ASSERT_EQ(before.size(), 4u);
   EXPECT_NEAR(before[0].distanceTo(OdGePoint3d(11, 6, 0)), 0, 1e-12);

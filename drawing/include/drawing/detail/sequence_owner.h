@@ -42,5 +42,5 @@ public:
   OdDbSequenceEnd() = default;
 
 protected:
-  OdResult subTransformBy(const OdGeMatrix3d&) override { return eOk; }
+  OdResult applyTransform(const OdGeMatrix3d&) override { return eOk; }
 };
