@@ -59,9 +59,9 @@ int KwordYesNO_Control(OdString& prompt) {
   std::array<wchar_t, 512> buffer{};
   hostAccess::mvsiedInitGet(kAnyText, L"Yes No _ Yes No");
   const int code = hostAccess::mvsiedGetKword(prompt, buffer.data(), static_cast<int>(buffer.size()));
-  if (code == RTCAN)
+  if (code == RTCANCELLED)
     return kCancelled;
-  if (code == RTNONE)
+  if (code == RTEMPTY)
     return kEmpty;
   if (code == RTNORM && ::wcscasecmp(buffer.data(), L"Yes") == 0)
     return kYes;

@@ -111,7 +111,7 @@ int curSelectEntity(OdDbObjectIdArray& ids) {
 int mvedHighlightEnt(long* name, bool highlight) {
   const int mode = highlight ? 3 : 4;
   if (isEmptyName(name))
-    return RTNONE;
+    return RTEMPTY;
   int length = 0;
   const int code = hostAccess::mvsiedSSLength(name, &length);
   if (code == RTERROR) // an entity's name

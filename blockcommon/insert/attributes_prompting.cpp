@@ -21,7 +21,7 @@ bool readValue(const OdString& question, const OdString& defaultValue, bool mult
   OdString prompt = question;
   for (int n = 1;; ++n) {
     wchar_t line[morvane::kMaxAnswerLength + 1] = {};
-    if (commonFun::inPutString(kNoFlags, L"", kSpacesAllowed, prompt, line) == RTCAN)
+    if (commonFun::inPutString(kNoFlags, L"", kSpacesAllowed, prompt, line) == RTCANCELLED)
       return false;
     if (line[0] == L'\0') {
       if (n == 1)

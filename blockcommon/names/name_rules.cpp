@@ -16,7 +16,7 @@ constexpr int kLongestInsertName = 255;
 // EXTNAMES 0 asks for the strict rules; a variable that cannot be read does not.
 bool strictNames() {
   mvsiresbuf value;
-  return hostAccess::mvsiedGetVar(L"extnames", &value) == RTNORM && value.groupCode == RTSHORT && value.rint == 0;
+  return hostAccess::mvsiedGetVar(L"extnames", &value) == RTNORM && value.groupCode == RTINT16 && value.rint == 0;
 }
 
 } // namespace

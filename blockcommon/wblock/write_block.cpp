@@ -103,15 +103,15 @@ int doSelectByUse(OdString fileName, OdString filePath) {
   for (;;) {
     OdString keyword;
     const int status = promptToReplace(prompt, keyword);
-    if (status == RTCAN || status == RTNONE)
+    if (status == RTCANCELLED || status == RTEMPTY)
       return status;
     if (keyword.iCompare(L"No") == 0)
-      return RTCAN;
+      return RTCANCELLED;
     if (keyword.iCompare(L"Yes") == 0)
       return status;
     mvsi::mvsiutPrintf(L"\n请回答“是”或“否”。");
     if (!hostAccess::hasEditGetServer())
-      return RTCAN; // no answer can ever come
+      return RTCANCELLED; // no answer can ever come
   }
 }
 
@@ -122,7 +122,7 @@ int checkFileNameRight(_blockFileInfo& info) {
     return named;
   dealBlockFileInfo(info);
   const int status = doSelectByUse(info.fileName, info.filePath);
-  if (status != RTCAN && status != RTNONE)
+  if (status != RTCANCELLED && status != RTEMPTY)
     info.bWrite = true;
   return status;
 }

@@ -11,9 +11,9 @@ OdString promptLine(MessageId prompt, const Arguments& arguments) {
 
 // True for an answer, false for an empty one.
 bool answered(int code) {
-  if (code == RTNONE)
+  if (code == RTEMPTY)
     return false;
-  if (code != RTNORM && code != RTKWORD)
+  if (code != RTNORM && code != RTKEYWORD)
     cancel();
   return true;
 }
@@ -103,7 +103,7 @@ PointOrKeyword promptPointOr(Session& session, MessageId keywords, MessageId pro
   input.initGet(required ? kRequired : 0, render(keywords).str());
   double point[3] = {};
   const int code = input.getPoint(promptLine(prompt, {}), point);
-  if (code == RTKWORD)
+  if (code == RTKEYWORD)
     return {std::nullopt, input.lastKeyword()};
   if (!answered(code))
     return {};

@@ -164,9 +164,9 @@ int InputEngine::getText(Extent extent, const OdString& prompt, OdString& result
   std::wstring answer;
   switch (promptOnce(armed, prompt, extent, answer)) {
   case Verdict::kCancel:
-    return RTCAN;
+    return RTCANCELLED;
   case Verdict::kEmpty:
-    return RTNONE;
+    return RTEMPTY;
   default:
     break;
   }
@@ -179,29 +179,29 @@ int InputEngine::getKeyword(const OdString& prompt, OdString& result) {
   result.empty();
   OdString keyword;
   const int code = promptValue(prompt, texts::kNoSuchKeyword, [](const Armed&, const std::wstring&) { return false; });
-  if (code == RTKWORD) {
+  if (code == RTKEYWORD) {
     result = lastKeyword_;
     return RTNORM;
   }
   return code;
 }
 
-// Asks until `accept` takes the text or it is a keyword. RTNORM for an accepted text, RTKWORD with lastKeyword_ set.
+// Asks until `accept` takes the text or it is a keyword. RTNORM for an accepted text, RTKEYWORD with lastKeyword_ set.
 int InputEngine::promptValue(const OdString& prompt, const OdString& complaint, const Accept& accept) {
   const Armed armed = takeArmed();
   for (;;) {
     std::wstring answer;
     const Verdict verdict = promptOnce(armed, prompt, Extent::kToSpaceInScripts, answer);
     if (verdict == Verdict::kCancel)
-      return RTCAN;
+      return RTCANCELLED;
     const std::wstring text = verdict == Verdict::kText ? trimmed(answer) : answer;
     if (verdict == Verdict::kEmpty || (verdict == Verdict::kText && text.empty() && !armed.has(kNoEmptyAnswer)))
-      return RTNONE;
+      return RTEMPTY;
     if (verdict == Verdict::kText && accept(armed, text))
       return RTNORM;
     if (verdict == Verdict::kKeyword || (armed.has(kAnyText) && !text.empty())) {
       lastKeyword_ = OdString(text.substr(0, kMaxAnswerLength));
-      return RTKWORD;
+      return RTKEYWORD;
     }
     output_.print(complaint);
   }

@@ -15,12 +15,12 @@ mvsiresbuf recordOf(short type) {
 
 struct ToRecord {
   mvsiresbuf operator()(std::int16_t value) const {
-    mvsiresbuf record = recordOf(RTSHORT);
+    mvsiresbuf record = recordOf(RTINT16);
     record.rint = value;
     return record;
   }
   mvsiresbuf operator()(std::int32_t value) const {
-    mvsiresbuf record = recordOf(RTLONG);
+    mvsiresbuf record = recordOf(RTINT32);
     record.rlong = value;
     return record;
   }
@@ -30,17 +30,17 @@ struct ToRecord {
     return record;
   }
   mvsiresbuf operator()(const OdString& value) const {
-    mvsiresbuf record = recordOf(RTSTR);
+    mvsiresbuf record = recordOf(RTTEXT);
     record.rstring = value;
     return record;
   }
   mvsiresbuf operator()(const VariablePoint2d& value) const {
-    mvsiresbuf record = recordOf(RTPOINT);
+    mvsiresbuf record = recordOf(RTPOINT2D);
     std::copy(value.begin(), value.end(), record.rpoint);
     return record;
   }
   mvsiresbuf operator()(const VariablePoint3d& value) const {
-    mvsiresbuf record = recordOf(RT3DPOINT);
+    mvsiresbuf record = recordOf(RTPOINT3D);
     std::copy(value.begin(), value.end(), record.rpoint);
     return record;
   }
@@ -55,17 +55,17 @@ mvsiresbuf recordFromVariable(const VariableValue& value) {
 std::optional<VariableValue> variableFromRecord(const mvsiresbuf& record) {
   const double* point = record.rpoint;
   switch (record.groupCode) {
-  case RTSHORT:
+  case RTINT16:
     return record.rint;
-  case RTLONG:
+  case RTINT32:
     return static_cast<std::int32_t>(record.rlong);
   case RTREAL:
     return record.rreal;
-  case RTSTR:
+  case RTTEXT:
     return record.rstring;
-  case RTPOINT:
+  case RTPOINT2D:
     return VariablePoint2d{point[0], point[1]};
-  case RT3DPOINT:
+  case RTPOINT3D:
     return VariablePoint3d{point[0], point[1], point[2]};
   default:
     return std::nullopt;

@@ -71,7 +71,7 @@ TEST(Input, AsksEvenWhenArmingFailedButNotWithoutAService) {
   host.failOperation("mvsiedInitGet");
   EXPECT_EQ(commonFun::inPutPoint(0, OdString(), nullptr, OdString(), point), RTNORM);
   EXPECT_EQ(point[1], 2);
-  EXPECT_EQ(commonFun::inPutPoint(0, OdString(), nullptr, OdString(), point), RTCAN);
+  EXPECT_EQ(commonFun::inPutPoint(0, OdString(), nullptr, OdString(), point), RTCANCELLED);
   host.takeOutput();
   mv_arbitDict_unregister(kEditGetServer);
   EXPECT_EQ(commonFun::inPutString(0, L"", -1, L"?", result), RTERROR);

@@ -110,7 +110,7 @@ TEST_F(Selections, FollowTheLengthAndTheCodeOfTheHost) {
     int highlight;
   } cases[] = {
       {true, RTNORM, 0, true, false, RTNORM},    {true, RTNORM, 2, false, true, RTNORM},
-      {true, RTNONE, 0, false, false, RTNONE},   {true, RTCAN, 0, false, false, RTCAN},
+      {true, RTEMPTY, 0, false, false, RTEMPTY}, {true, RTCANCELLED, 0, false, false, RTCANCELLED},
       {true, RTERROR, 0, false, false, RTERROR}, {false, 0, 0, false, false, RTERROR},
   };
   long name[2] = {7, 7};
@@ -147,8 +147,8 @@ TEST_F(Selections, AreHighlightedAsSetsOrSingly) {
   EXPECT_TRUE(isHighlighted(c_));
   forWrite<OdDbEntity>(c_)->erase();
   EXPECT_EQ(mvedHighlightEnt(entity, false), RTERROR);
-  EXPECT_EQ(mvedHighlightEnt(none, true), RTNONE);
-  EXPECT_EQ(mvedHighlightEnt(nullptr, true), RTNONE);
+  EXPECT_EQ(mvedHighlightEnt(none, true), RTEMPTY);
+  EXPECT_EQ(mvedHighlightEnt(nullptr, true), RTEMPTY);
   mvsi::mvsidbGetAdsName(layer, layer0_);
   EXPECT_THROW(mvedHighlightEnt(layer, true), OdError_NotThatKindOfClass);
 }

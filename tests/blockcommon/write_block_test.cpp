@@ -65,13 +65,18 @@ TEST_F(WriteBlock, TargetIsCheckedFromItsNameToTheYes) {
     const wchar_t* path;
     OdString output;
   } rows[] = {
-      {L"100%s.dxf", {L""}, RTNONE, false, L"P:\\100%s.dxf", asked},
-      {L"100%s.dxf", {L"\x1b"}, RTCAN, false, L"P:\\100%s.dxf", asked},
-      {L"100%s.dxf", {L"n"}, RTCAN, false, L"P:\\100%s.dxf", asked},
+      {L"100%s.dxf", {L""}, RTEMPTY, false, L"P:\\100%s.dxf", asked},
+      {L"100%s.dxf", {L"\x1b"}, RTCANCELLED, false, L"P:\\100%s.dxf", asked},
+      {L"100%s.dxf", {L"n"}, RTCANCELLED, false, L"P:\\100%s.dxf", asked},
       {L"100%s.dxf", {L"y"}, RTNORM, true, L"P:\\100%s.dxf", asked},
       {L"100%s.dxf", {L"maybe", L"Yes!", L"yES"}, RTNORM, true, L"P:\\100%s.dxf", asked + again + again},
-      {L"100%s.dxf", {L"maybe"}, RTCAN, false, L"P:\\100%s.dxf", asked + again},
-      {L"100%s", {L"N"}, RTCAN, false, L"P:\\100%s.dwg", L"\nP:\\100%s.dwg已经存在，是否覆盖？[是(Y)/否(N)] <N>: "},
+      {L"100%s.dxf", {L"maybe"}, RTCANCELLED, false, L"P:\\100%s.dxf", asked + again},
+      {L"100%s",
+       {L"N"},
+       RTCANCELLED,
+       false,
+       L"P:\\100%s.dwg",
+       L"\nP:\\100%s.dwg已经存在，是否覆盖？[是(Y)/否(N)] <N>: "},
       {L"new", {}, RTNORM, true, L"P:\\new.dwg", L""},
       {L"~", {}, RTNORM, false, L"", L""},
       {L"100%%?", {}, RTREJ, false, L"", L"\nThe file name 100%%? has characters that none may have."},
@@ -99,12 +104,13 @@ TEST_F(WriteBlock, TargetIsCheckedFromItsNameToTheYes) {
 }
 
 TEST_F(WriteBlock, QuestionNeedsSomebodyToAnswer) {
-  EXPECT_EQ(blockInfo_FilePath::doSelectByUse(L"x", host_.host().paths().toDrawing(root_ / "odd\xff.dxf")), RTCAN);
+  EXPECT_EQ(blockInfo_FilePath::doSelectByUse(L"x", host_.host().paths().toDrawing(root_ / "odd\xff.dxf")),
+            RTCANCELLED);
   EXPECT_EQ(blockInfo_FilePath::doSelectByUse(L"x", L"P:\\"), RTNORM); // a folder is no file
   host_.takeOutput();
   mv_arbitDict_unregister(kEditGetServer);
   _blockFileInfo info{false, L"x", L"P:\\100%s.dxf", OdDb::kSaveDwg, OdDb::kRelease2018};
-  EXPECT_EQ(blockInfo_FilePath::checkFileNameRight(info), RTCAN);
+  EXPECT_EQ(blockInfo_FilePath::checkFileNameRight(info), RTCANCELLED);
   EXPECT_FALSE(info.bWrite);
   EXPECT_EQ(host_.takeOutput(), kAskedAgain);
 }

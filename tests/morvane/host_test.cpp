@@ -104,9 +104,9 @@ TEST(Variables, AreOneStoreBehindEveryRoad) {
   EXPECT_EQ(mvsi::setVar(L"insname", OdString(L"*B1"), true), RTNORM);
   mvsiresbuf record;
   EXPECT_EQ(system->mvsiedGetVar(L"InsName", &record), RTNORM);
-  EXPECT_TRUE(record.groupCode == RTSTR && record.rstring == L"*B1") << record.groupCode;
+  EXPECT_TRUE(record.groupCode == RTTEXT && record.rstring == L"*B1") << record.groupCode;
   record = {};
-  record.groupCode = RTSHORT;
+  record.groupCode = RTINT16;
   record.rint = 0;
   EXPECT_EQ(system->mvsiedSetVar(L"EXTNAMES", &record), RTNORM);
   short extnames = 9;

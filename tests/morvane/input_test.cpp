@@ -75,25 +75,25 @@ TEST(Input, KeywordsAreArmedForOneInputOnly) {
   EXPECT_EQ(promptKeyword(128, L"Yes No").text, L"Yes");
   EXPECT_EQ(promptKeyword(128, L"Yes No").text, L"maybe");
   wchar_t buffer[8] = L"?";
-  EXPECT_EQ(service()->mvsiedGetKword(L"?", buffer, 8), RTCAN); // "y" is no keyword any more, then the input ends
+  EXPECT_EQ(service()->mvsiedGetKword(L"?", buffer, 8), RTCANCELLED); // "y" is no keyword any more, then the input ends
   EXPECT_STREQ(buffer, L"");
 }
 
 TEST(Input, EmptyAnswersFollowTheFlag) {
   ScriptedHost host({L"", L"", L"", L"n"});
-  EXPECT_EQ(promptKeyword(0, L"Yes No").code, RTNONE);
+  EXPECT_EQ(promptKeyword(0, L"Yes No").code, RTEMPTY);
   EXPECT_EQ(promptKeyword(1, L"Yes No").text, L"No");
-  EXPECT_EQ(promptText(1).code, RTCAN);
+  EXPECT_EQ(promptText(1).code, RTCANCELLED);
 }
 
 TEST(Input, EndAndEscapeAreCancelsAndNeverLoops) {
   ScriptedHost host({L"\x1b", L"x"});
-  EXPECT_EQ(promptKeyword(1, L"Yes No").code, RTCAN);
+  EXPECT_EQ(promptKeyword(1, L"Yes No").code, RTCANCELLED);
   EXPECT_FALSE(host.host().input().endedInPrompt());
-  EXPECT_EQ(promptKeyword(1, L"Yes No").code, RTCAN); // "x" is refused, then nothing is left
+  EXPECT_EQ(promptKeyword(1, L"Yes No").code, RTCANCELLED); // "x" is refused, then nothing is left
   EXPECT_TRUE(host.host().input().endedInPrompt());
-  EXPECT_EQ(promptPoint(RTCAN).x, 7);
-  EXPECT_EQ(promptText(0).code, RTCAN);
+  EXPECT_EQ(promptPoint(RTCANCELLED).x, 7);
+  EXPECT_EQ(promptText(0).code, RTCANCELLED);
 }
 
 TEST(Input, AnswersAreCutToTheBuffer) {
@@ -115,9 +115,9 @@ TEST(Input, BlanksEndAnswersInScriptsUnlessTheyAreAllowed) {
   EXPECT_EQ(promptText(1).text, L"all of this");
   EXPECT_EQ(promptPoint().y, 2);
   EXPECT_EQ(promptKeyword(0, L"Yes No").text, L"Yes");
-  EXPECT_EQ(promptText(0).code, RTNONE); // the blank before the end of the line was an Enter
+  EXPECT_EQ(promptText(0).code, RTEMPTY); // the blank before the end of the line was an Enter
   EXPECT_EQ(promptText(0).text, L"last");
-  EXPECT_EQ(promptText(0).code, RTCAN);
+  EXPECT_EQ(promptText(0).code, RTCANCELLED);
 }
 
 TEST(Input, QuotesHoldNamesWithBlanksTogether) {
@@ -128,7 +128,7 @@ TEST(Input, QuotesHoldNamesWithBlanksTogether) {
     EXPECT_EQ(host.host().input().getName(L"?", name), RTNORM);
     EXPECT_EQ(name, expected);
   }
-  EXPECT_EQ(host.host().input().getName(L"?", name), RTNONE);
+  EXPECT_EQ(host.host().input().getName(L"?", name), RTEMPTY);
 }
 
 TEST(Input, PipedScriptsHoldCommentsAndARestCanBeDropped) {
@@ -138,7 +138,7 @@ TEST(Input, PipedScriptsHoldCommentsAndARestCanBeDropped) {
   EXPECT_EQ(promptText(0).text, L"one");
   host.host().input().dropRestOfLine();
   EXPECT_EQ(promptText(0).text, L"four");
-  EXPECT_EQ(promptText(0).code, RTCAN);
+  EXPECT_EQ(promptText(0).code, RTCANCELLED);
 }
 
 TEST(Input, TypedLinesEndOnlyAtEnterWhereSpacesCount) {
@@ -213,7 +213,7 @@ TEST(Points, KeywordsAndFreeTextComeThrough) {
   for (const auto& [flags, capacity, word] : words) {
     wchar_t text[16] = {};
     service()->mvsiedInitGet(flags, L"Undo");
-    promptPoint(RTKWORD);
+    promptPoint(RTKEYWORD);
     EXPECT_EQ(mvsi::mvsiedGetInput(text, capacity), RTNORM);
     EXPECT_STREQ(text, word);
   }

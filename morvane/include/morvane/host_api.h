@@ -18,7 +18,7 @@
 
 namespace mvsi {
 
-// The keyword or text behind the latest RTKWORD, cut to `capacity` characters with the zero.
+// The keyword or text behind the latest RTKEYWORD, cut to `capacity` characters with the zero.
 MORVANE_API int mvsiedGetInput(wchar_t* result, int capacity);
 
 } // namespace mvsi

@@ -105,7 +105,7 @@ public:
   // A name or a path: all of a typed line; in a script up to a blank, or "in double quotes", which are not part of it.
   int getName(const OdString& prompt, OdString& result);
   int getKeyword(const OdString& prompt, OdString& result);
-  // A point in the current UCS; RTKWORD when an armed keyword (or, under flag 128, other text) came instead.
+  // A point in the current UCS; RTKEYWORD when an armed keyword (or, under flag 128, other text) came instead.
   int getPoint(const OdString& prompt, double* result);
   int getReal(const OdString& prompt, double& result);
   // One answer as it was typed, for readers of commands. Nothing armed is used.
@@ -113,7 +113,7 @@ public:
   // Forgets what a line still holds behind the answers that were read: it was meant for a command that failed.
   void dropRestOfLine();
 
-  const OdString& lastKeyword() const { return lastKeyword_; } // the text behind the latest RTKWORD
+  const OdString& lastKeyword() const { return lastKeyword_; } // the text behind the latest RTKEYWORD
   std::array<double, 3> lastPoint() const;                     // in the current UCS
   void setLastPoint(const double* pointUcs);
   // True once a prompt met the end of all input; asking on is a cancel each time.
