@@ -10,7 +10,7 @@ const Command* chosen(Session& session, const CommandTable& commands, const OdSt
   const Command* command = findCommand(commands, entered.str());
   if (command == nullptr) {
     session.print(MessageId::kUnknownCommand, {entered});
-    session.raiseStatus(Status::Refused);
+    session.raiseStatus(Status::kRefused);
     session.host().input().dropRestOfLine();
   }
   return command;

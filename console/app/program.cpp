@@ -84,19 +84,19 @@ bool chooseSource(Session& session, const Options& options, std::istream* given)
 Status runSession(Session& session, const Options& options, std::istream* given) {
   if (!chooseSource(session, options, given)) {
     session.print(MessageId::kScriptUnreadable, {OdString::fromUtf8(options.script)});
-    return Status::Unreadable;
+    return Status::kUnreadable;
   }
   const bool entered = !session.host().input().isScript();
   if (!options.drawing.empty()) {
     const Status opened =
         session.attempt("OPEN", Command::Kind::kReadOnly, [&] { openDrawing(session, options.drawing); });
-    if (opened != Status::Done)
+    if (opened != Status::kDone)
       return opened;
   }
   runCommands(session, allCommands());
   if (!session.wantsQuit() && session.isAnyModified())
     session.print(MessageId::kUnsavedAtEnd);
-  return entered ? Status::Done : session.status();
+  return entered ? Status::kDone : session.status();
 }
 
 verbs::OptionTable programTable(Options& options) {
@@ -125,11 +125,11 @@ std::optional<Status> understand(verbs::OptionTable& table, const std::vector<st
   const verbs::ParsedLine line = verbs::parseOptions(table, arguments);
   if (line.kind == verbs::ParsedLine::Kind::Help) {
     environment.results ? environment.results(OdString::fromUtf8(line.text)) : void(std::cout << line.text);
-    return Status::Done;
+    return Status::kDone;
   }
   if (line.kind == verbs::ParsedLine::Kind::Wrong) {
     complain("morvane: " + line.text + "\n");
-    return Status::Usage;
+    return Status::kUsage;
   }
   try {
     checkReading(options);

@@ -71,7 +71,7 @@ void setGiven(OdDbBlockReference& reference, const AttributeAnswers& answers) {
     const AttributeRow* row = attributes.findEntered(typed);
     if (row == nullptr)
       refuse(MessageId::kNoSuchTag, {typed, tagsOf(attributes)});
-    if (changeValue(row->attribute, value) == ValueChange::Lines)
+    if (changeValue(row->attribute, value) == ValueChange::kLines)
       refuse(MessageId::kAttributeLines, {attributeName(*row), value});
   }
 }

@@ -22,10 +22,10 @@ constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
 CsvTable readTable(const std::string& path) {
   drawing::MappedFile file;
   if (const drawing::FileError error = file.open(path); !error.ok())
-    throw Failure{Status::Unreadable, {MessageId::kCsvUnreadable, {OdString::fromUtf8(error.text)}}};
+    throw Failure{Status::kUnreadable, {MessageId::kCsvUnreadable, {OdString::fromUtf8(error.text)}}};
   CsvTable table = parseCsv(file.text());
   if (table.fault)
-    refuse(*table.fault == CsvFault::QuoteOpen ? MessageId::kCsvOpen : MessageId::kCsvQuote,
+    refuse(*table.fault == CsvFault::kQuoteOpen ? MessageId::kCsvOpen : MessageId::kCsvQuote,
            {OdString::fromUtf8(path), count(table.faultLine)});
   for (const CsvRow& row : table.rows) {
     if (row.cells.size() != table.rows[0].cells.size())
@@ -114,13 +114,13 @@ private:
       return Message{MessageId::kMisfitTwice, {count(given->second)}};
     const OdString name = attributeName(attribute);
     switch (changeValue(attribute.attribute, cell(row, kValue))) {
-    case ValueChange::Locked:
+    case ValueChange::kLocked:
       return Message{MessageId::kAttributeLocked, {name}};
-    case ValueChange::Constant:
+    case ValueChange::kConstant:
       return Message{MessageId::kAttributeConstant, {name}};
-    case ValueChange::Lines:
+    case ValueChange::kLines:
       return Message{MessageId::kAttributeLines, {name}};
-    case ValueChange::Same:
+    case ValueChange::kSame:
       ++result_.same;
       return {};
     default:

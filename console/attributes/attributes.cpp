@@ -75,20 +75,20 @@ std::vector<AttributeRow> attributesOf(const OdDbDatabase& database) {
 ValueChange changeValue(OdDbObjectId id, OdString value) {
   const OdDbAttributePtr attribute = id.safeOpenObject();
   if (qzutads::isObjLocked(id, true) || qzutads::isObjLocked(attribute->ownerId(), true))
-    return ValueChange::Locked;
+    return ValueChange::kLocked;
   if (attribute->isConstant())
-    return ValueChange::Constant;
+    return ValueChange::kConstant;
   if (attribute->isMTextAttribute()) {
     value.replace(L"\r\n", L"\n");
     value.replace(L"\n", L"\\P");
   } else if (value.findOneOf(L"\r\n") >= 0) {
-    return ValueChange::Lines;
+    return ValueChange::kLines;
   }
   if (attribute->textString().str() == value.str())
-    return ValueChange::Same;
+    return ValueChange::kSame;
   const OdDbAttributePtr writing = id.safeOpenObject(OdDb::kForWrite);
   writing->setTextString(value);
-  return OdDbField::removeField(*writing) == eOk ? ValueChange::SetWithoutField : ValueChange::Set;
+  return OdDbField::removeField(*writing) == eOk ? ValueChange::kSetWithoutField : ValueChange::kSet;
 }
 
 } // namespace console

@@ -46,7 +46,7 @@ OdString effectiveBlockName(const OdDbBlockReference& reference);
 // block table and of their blocks. External references keep theirs to themselves.
 std::vector<AttributeRow> attributesOf(const OdDbDatabase& database);
 
-enum class ValueChange { Set, SetWithoutField, Same, Locked, Constant, Lines };
+enum class ValueChange { kSet, kSetWithoutField, kSame, kLocked, kConstant, kLines };
 // Gives it the value unless it, or its reference, is on a locked layer, it is constant, or it has one line and the
 // value has several. A field that computed the value goes. Line breaks become \P in a multi-line one.
 ValueChange changeValue(OdDbObjectId attribute, OdString value);

@@ -9,7 +9,7 @@ BlockOptions rememberedBlockOptions() {
   int sourceObjects = 0, noValue = 0;
   registerFun::getRegistedOptions(options.basePointOnScreen, options.explodable, options.objectsOnScreen, sourceObjects,
                                   options.openInEditor, noValue, options.uniform);
-  constexpr int kLast = static_cast<int>(SourceObjects::Delete);
+  constexpr int kLast = static_cast<int>(SourceObjects::kDelete);
   if (sourceObjects >= 0 && sourceObjects <= kLast) // a file that somebody wrote may hold anything
     options.sourceObjects = static_cast<SourceObjects>(sourceObjects);
   return options;

@@ -8,7 +8,7 @@ namespace console {
 struct BlockOptions {
   int basePointOnScreen = 0, objectsOnScreen = 0; // for dialogs; kept as they are
   int explodable = 1, uniform = 1, openInEditor = 0;
-  SourceObjects sourceObjects = SourceObjects::Convert;
+  SourceObjects sourceObjects = SourceObjects::kConvert;
 };
 
 BlockOptions rememberedBlockOptions();

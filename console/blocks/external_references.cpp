@@ -55,8 +55,8 @@ void follow(OdDbBlockTableRecord& xref) {
 
 void refuseUnlessLoaded(const OdDbBlockTableRecord& xref, const std::string& file) {
   const OdString path = OdString::fromUtf8(file);
-  if (xref.xrefStatus() != XrefStatus::Loaded)
-    throw Failure{Status::Unreadable, {MessageId::kXrefUnreadable, {path, xrefState(xref.xrefStatus())}}};
+  if (xref.xrefStatus() != XrefStatus::kLoaded)
+    throw Failure{Status::kUnreadable, {MessageId::kXrefUnreadable, {path, xrefState(xref.xrefStatus())}}};
 }
 
 OdDbBlockTableRecordPtr makeXref(Session& session, const AttachRequest& request) {
@@ -126,10 +126,10 @@ std::vector<OdDbBlockTableRecordPtr> xrefsNamed(Session& session, const OdString
 
 OdString xrefState(XrefStatus wanted) {
   constexpr std::pair<XrefStatus, MessageId> kStates[] = {
-      {XrefStatus::Loaded, MessageId::kXrefLoaded},       {XrefStatus::Unloaded, MessageId::kXrefUnloaded},
-      {XrefStatus::NotFound, MessageId::kXrefNotFound},   {XrefStatus::Refused, MessageId::kXrefRefused},
-      {XrefStatus::Cycle, MessageId::kXrefInCycle},       {XrefStatus::NotFollowed, MessageId::kXrefNotFollowed},
-      {XrefStatus::NotLoaded, MessageId::kXrefNotLoaded},
+      {XrefStatus::kLoaded, MessageId::kXrefLoaded},       {XrefStatus::kUnloaded, MessageId::kXrefUnloaded},
+      {XrefStatus::kNotFound, MessageId::kXrefNotFound},   {XrefStatus::kRefused, MessageId::kXrefRefused},
+      {XrefStatus::kCycle, MessageId::kXrefInCycle},       {XrefStatus::kNotFollowed, MessageId::kXrefNotFollowed},
+      {XrefStatus::kNotLoaded, MessageId::kXrefNotLoaded},
   };
   for (const auto& [status, text] : kStates) {
     if (status == wanted)
@@ -164,7 +164,7 @@ void detachXref(Session& session, const OdDbBlockTableRecordPtr& xref) {
 void loadNewXrefs(Session& session) {
   const auto xrefs = allXrefs(session);
   const bool isNew = std::any_of(xrefs.begin(), xrefs.end(), [](const OdDbBlockTableRecordPtr& xref) {
-    return xref->xrefStatus() == XrefStatus::NotLoaded;
+    return xref->xrefStatus() == XrefStatus::kNotLoaded;
   });
   if (isNew)
     loadAgain(session);
@@ -180,8 +180,8 @@ void reloadXrefs(Session& session, const std::vector<OdDbBlockTableRecordPtr>& x
   for (const OdDbBlockTableRecordPtr& xref : xrefs) {
     follow(*xref);
     session.result(MessageId::kXrefLine, {xref->getName(), xref->pathName(), xrefState(xref->xrefStatus())});
-    if (xref->xrefStatus() != XrefStatus::Loaded)
-      session.raiseStatus(Status::Refused);
+    if (xref->xrefStatus() != XrefStatus::kLoaded)
+      session.raiseStatus(Status::kRefused);
   }
 }
 

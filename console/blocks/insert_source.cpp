@@ -65,7 +65,7 @@ void renameNestedConflicts(const BlockSource& source, const OdDbDatabase& target
     if (conflict.same)
       continue;
     const OdString now = uniqueName(blockIn(*source.database, conflict.name), conflict.name, target);
-    if (drawing::renameRecord(*source.database, OdDb::kBlockTable, conflict.name, now) == drawing::RenameResult::Done)
+    if (drawing::renameRecord(*source.database, OdDb::kBlockTable, conflict.name, now) == drawing::RenameResult::kDone)
       result.renamed.push_back({conflict.name, now});
     else
       result.kept.push_back(conflict.name);
@@ -116,12 +116,12 @@ bool lastBoxWasClosed(const Session& session) {
 ConflictPolicy promptConflict(Session& session, const BlockSource& source, OdDbObjectId existing) {
   constexpr int kReplace = 0;
   if (dlgTips::showBlockRedefineTips(source.name, static_cast<int>(referencesTo(existing))) == kReplace)
-    return ConflictPolicy::Replace;
+    return ConflictPolicy::kReplace;
   if (!session.isInteractive())
     refuseConflict(source, existing);
   if (lastBoxWasClosed(session))
     cancel();
-  return ConflictPolicy::Keep;
+  return ConflictPolicy::kKeep;
 }
 
 void refuseUnfit(OdDbObjectId existing) {
@@ -137,30 +137,31 @@ void resolveConflict(const BlockSource& source, OdDbObjectId existing, ConflictP
                      ImportedBlock& result) {
   using Resolution = ImportedBlock::Resolution;
   const OdDbDatabase& target = *existing.database();
-  if (conflictPolicy == ConflictPolicy::Refuse)
+  if (conflictPolicy == ConflictPolicy::kRefuse)
     refuseConflict(source, existing);
   const OdDbObjectId contents = source.database->getModelSpaceId();
-  result.name = conflictPolicy == ConflictPolicy::Rename ? uniqueName(contents, source.name, target) : nameOf(existing);
+  result.name =
+      conflictPolicy == ConflictPolicy::kRename ? uniqueName(contents, source.name, target) : nameOf(existing);
   result.block = blockIn(target, result.name);
   const bool same = !result.block.isNull() && drawing::sameDefinition(contents, result.block);
-  if (conflictPolicy == ConflictPolicy::Replace)
-    result.resolution = Resolution::Replaced;
+  if (conflictPolicy == ConflictPolicy::kReplace)
+    result.resolution = Resolution::kReplaced;
   else if (result.block.isNull())
-    result.resolution = Resolution::Renamed;
+    result.resolution = Resolution::kRenamed;
   else
-    result.resolution = same ? Resolution::Shared : Resolution::Kept;
+    result.resolution = same ? Resolution::kShared : Resolution::kKept;
 }
 
 void printOutcome(Session& session, const BlockSource& source, const ImportedBlock& result) {
   using Resolution = ImportedBlock::Resolution;
   const OdString path = OdString::fromUtf8(source.path);
-  if (result.resolution == Resolution::Kept)
+  if (result.resolution == Resolution::kKept)
     session.print(MessageId::kConflictKept, {path, result.name});
-  else if (result.resolution == Resolution::Shared)
+  else if (result.resolution == Resolution::kShared)
     session.print(MessageId::kConflictShared, {path, result.name});
-  else if (result.resolution == Resolution::Replaced)
+  else if (result.resolution == Resolution::kReplaced)
     session.print(MessageId::kConflictReplaced, {path, result.name});
-  else if (result.resolution == Resolution::Renamed)
+  else if (result.resolution == Resolution::kRenamed)
     session.print(MessageId::kConflictRenamed, {path, source.name, result.name});
   for (const ImportedBlock::Nested& nested : result.renamed)
     session.print(MessageId::kNestedRenamed, {path, nested.name, nested.now});
@@ -191,15 +192,15 @@ ImportedBlock importBlock(Session& session, const BlockSource& source, ConflictP
   using Resolution = ImportedBlock::Resolution;
   OdDbDatabase& target = session.database();
   checkBlockName(session, source.name);
-  ImportedBlock result{Resolution::Made, {}, source.name, {}, {}};
+  ImportedBlock result{Resolution::kMade, {}, source.name, {}, {}};
   if (const OdDbObjectId existing = blockIn(target, source.name); !existing.isNull()) {
     refuseUnfit(existing);
     if (conflictPolicy == ConflictPolicy::kPrompt)
       conflictPolicy = promptConflict(session, source, existing);
     resolveConflict(source, existing, conflictPolicy, result);
   }
-  if (result.resolution != Resolution::Kept && result.resolution != Resolution::Shared) {
-    if (conflictPolicy == ConflictPolicy::Rename)
+  if (result.resolution != Resolution::kKept && result.resolution != Resolution::kShared) {
+    if (conflictPolicy == ConflictPolicy::kRename)
       renameNestedConflicts(source, target, result);
     else
       listKeptDefinitions(source, target, result);

@@ -20,17 +20,17 @@ struct BlockSource {
 BlockSource readBlockSource(Session& session, const std::string& path, const OdString& name);
 
 // What happens when a block of the name is there.
-enum class ConflictPolicy { kPrompt, Refuse, Keep, Replace, Rename };
+enum class ConflictPolicy { kPrompt, kRefuse, kKeep, kReplace, kRename };
 
 struct ImportedBlock {
   enum class Resolution {
-    Made,
-    Replaced, // the drawing's own definition
-    Kept,     // the drawing's own definition, which has other contents
-    Shared,   // the drawing's own definition, which has the same contents
-    Renamed   // made under a free name
+    kMade,
+    kReplaced, // the drawing's own definition
+    kKept,     // the drawing's own definition, which has other contents
+    kShared,   // the drawing's own definition, which has the same contents
+    kRenamed   // made under a free name
   };
-  Resolution resolution = Resolution::Made;
+  Resolution resolution = Resolution::kMade;
   OdDbObjectId block;
   OdString name;
   struct Nested {
@@ -41,8 +41,8 @@ struct ImportedBlock {
 };
 
 // Makes the block, or refills it, or answers the one that is there; throws when that is refused or cancelled. Nested
-// definitions that the drawing has with other contents give way to the drawing's, with ConflictPolicy::Rename they come
-// in under free names. Everything but the block made under its own name is told.
+// definitions that the drawing has with other contents give way to the drawing's, with ConflictPolicy::kRename they
+// come in under free names. Everything but the block made under its own name is told.
 ImportedBlock importBlock(Session& session, const BlockSource& source, ConflictPolicy conflictPolicy);
 
 // Definitions in the file, in any depth below model space, which the drawing has under the same name.

@@ -110,9 +110,9 @@ BlockMade makeBlock(Session& session, const BlockRequest& request) {
 
   // Moving there and back may have left traces in the last digits.
   database.restoreFromUndo(taken);
-  if (request.sourceObjects != SourceObjects::Keep)
+  if (request.sourceObjects != SourceObjects::kKeep)
     eraseAll(taken);
-  if (request.sourceObjects == SourceObjects::Convert)
+  if (request.sourceObjects == SourceObjects::kConvert)
     made.reference = placeReference(database, request, made.block, frame);
   return made;
 }

@@ -19,7 +19,7 @@ struct BlockRequest {
   OdGePoint3d basePointUcs;
   OdDbObjectIdArray ids; // of one space, as objectsForBlock answers them; none for a block without contents
   OdDbObjectId space;    // where a reference is placed
-  SourceObjects sourceObjects = SourceObjects::Convert;
+  SourceObjects sourceObjects = SourceObjects::kConvert;
   bool redefine = false;
   OdString description;
   std::optional<OdDb::UnitsValue> units; // nothing: those of the drawing

@@ -121,7 +121,7 @@ private:
     result_.dropped = missingByType(all, result_.written);
     for (const auto& [type, number] : result_.dropped)
       session_.print(MessageId::kNotMoved, {count(number), OdString::fromUtf8(type)});
-    session_.raiseStatus(Status::Repaired);
+    session_.raiseStatus(Status::kRepaired);
     if (result_.written.isEmpty())
       refuse(MessageId::kAllDropped);
   }
@@ -135,13 +135,13 @@ private:
 void checkReadBack(const BlockFileRequest& request, const OdDbDatabase& made, const drawing::ReadResult& read,
                    const BlockFile& result) {
   if (read.database.isNull())
-    throw Failure{Status::SaveFailed,
+    throw Failure{Status::kSaveFailed,
                   {MessageId::kNotReadBack, {OdString::fromUtf8(request.path), OdString::fromUtf8(read.message)}}};
   const bool containsAll = result.version >= made.fileInfo().version;
   const DrawingCount given = countOf(made);
-  if (read.report.outcome() == drawing::Outcome::Whole && (!containsAll || result.count == given))
+  if (read.report.outcome() == drawing::Outcome::kWhole && (!containsAll || result.count == given))
     return;
-  throw Failure{Status::SaveFailed,
+  throw Failure{Status::kSaveFailed,
                 {MessageId::kReadBackDiffers,
                  {OdString::fromUtf8(request.path), count(given.objects), count(result.count.objects)}}};
 }

@@ -28,7 +28,7 @@ struct BlockFileRequest {
   std::optional<OdDb::UnitsValue> units;      // nothing: those of the block or the drawing
   std::string path;                           // in full
   OdDb::DwgVersion version = OdDb::kVersionUnknown;
-  drawing::WriteOptions::Form form = drawing::WriteOptions::Text;
+  drawing::WriteOptions::Form form = drawing::WriteOptions::kText;
   bool mayReplace = false;
 };
 

@@ -74,7 +74,7 @@ private:
     std::error_code error;
     fs::create_directory(request_.folder, error);
     if (!fs::is_directory(request_.folder, error))
-      throw Failure{Status::SaveFailed, {MessageId::kNoLibraryFolder, {OdString::fromUtf8(request_.folder)}}};
+      throw Failure{Status::kSaveFailed, {MessageId::kNoLibraryFolder, {OdString::fromUtf8(request_.folder)}}};
   }
 
   void refuseExisting() const {

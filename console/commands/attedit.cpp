@@ -28,17 +28,17 @@ void listAttributes(Session& session, const ReferenceAttributes& attributes) {
 
 MessageId textOf(ValueChange change) {
   switch (change) {
-  case ValueChange::Set:
+  case ValueChange::kSet:
     return MessageId::kAttributeSet;
-  case ValueChange::SetWithoutField:
+  case ValueChange::kSetWithoutField:
     return MessageId::kAttributeSetWithoutField;
-  case ValueChange::Same:
+  case ValueChange::kSame:
     return MessageId::kAttributeSame;
-  case ValueChange::Locked:
+  case ValueChange::kLocked:
     return MessageId::kAttributeLocked;
-  case ValueChange::Constant:
+  case ValueChange::kConstant:
     return MessageId::kAttributeConstant;
-  case ValueChange::Lines:
+  case ValueChange::kLines:
     break;
   }
   return MessageId::kAttributeLines;

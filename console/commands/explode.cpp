@@ -22,13 +22,13 @@ bool hasAttributes(OdDbObjectId id) {
 
 MessageId reasonFor(ExplodeRefusal refusal) {
   switch (refusal) {
-  case ExplodeRefusal::External:
+  case ExplodeRefusal::kExternal:
     return MessageId::kExplodeExternal;
-  case ExplodeRefusal::NotAllowed:
+  case ExplodeRefusal::kNotAllowed:
     return MessageId::kExplodeNotAllowed;
-  case ExplodeRefusal::CannotPlace:
+  case ExplodeRefusal::kCannotPlace:
     return MessageId::kExplodeCannotPlace;
-  case ExplodeRefusal::TooMuch:
+  case ExplodeRefusal::kTooMuch:
     return MessageId::kExplodeTooMuch;
   default:
     return MessageId::kExplodeNoReference;
@@ -48,7 +48,7 @@ struct Sum {
 
 void explodeOne(Session& session, OdDbObjectId id, const drawing::ExplodeOptions& options, Sum& sum) {
   const Exploded exploded = drawing::explodeReference(id, options);
-  if (exploded.refusal != ExplodeRefusal::None) {
+  if (exploded.refusal != ExplodeRefusal::kNone) {
     session.print(reasonFor(exploded.refusal), {handleText(id), unplaceableText(exploded)});
     return;
   }
@@ -75,7 +75,7 @@ void explode(CommandContext& context) {
   if (sum.references == 0)
     refuse(MessageId::kNothingExploded);
   if (sum.references < static_cast<std::size_t>(ids.length()))
-    session.raiseStatus(Status::Refused);
+    session.raiseStatus(Status::kRefused);
   if (sum.values > 0)
     session.print(MessageId::kExplodeValues, {count(sum.values)});
   session.result(MessageId::kExploded, {count(sum.references), count(sum.objects)});

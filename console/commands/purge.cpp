@@ -38,7 +38,7 @@ void listAll(CommandContext& context) {
   for (const NamedObject& object : purgeable(context.database, objects))
     context.session.result(MessageId::kPurgeable, {OdString::fromUtf8(object.kind), object.name});
   for (const KeptObject& kept : keptObjects(context.database, objects)) {
-    const bool isSpace = kept.status == drawing::PurgePlan::Status::Needed;
+    const bool isSpace = kept.status == drawing::PurgePlan::Status::kNeeded;
     if (kept.object.kind == "block" && !isSpace)
       context.session.result(MessageId::kNotPurged,
                              {OdString::fromUtf8(kept.object.kind), kept.object.name, reasonOf(kept)});

@@ -19,7 +19,7 @@ namespace {
 // What happens to the objects once they are written.
 struct Plan {
   BlockFileRequest file;
-  SourceObjects sourceObjects = SourceObjects::Keep;
+  SourceObjects sourceObjects = SourceObjects::kKeep;
   BlockRequest block; // when a reference is to take their place
 };
 
@@ -52,7 +52,7 @@ void planBlock(Session& session, Plan& plan, OdDbObjectIdArray& ids) {
   plan.block.ids = ids;
   plan.block.basePointUcs = *plan.file.basePoint;
   plan.block.space = qzutads::currentSpaceId();
-  plan.block.sourceObjects = SourceObjects::Convert;
+  plan.block.sourceObjects = SourceObjects::kConvert;
 }
 
 void planObjects(Session& session, Plan& plan) {
@@ -60,10 +60,10 @@ void planObjects(Session& session, Plan& plan) {
     throw OdError(eInvalidInput);
   plan.file.basePoint = promptPoint(session, MessageId::kPromptBasePoint).value_or(OdGePoint3d());
   OdDbObjectIdArray ids = promptSelection(session);
-  plan.sourceObjects = promptSourceObjects(session, SourceObjects::Keep);
-  if (plan.sourceObjects == SourceObjects::Convert)
+  plan.sourceObjects = promptSourceObjects(session, SourceObjects::kKeep);
+  if (plan.sourceObjects == SourceObjects::kConvert)
     planBlock(session, plan, ids);
-  else if (plan.sourceObjects == SourceObjects::Delete)
+  else if (plan.sourceObjects == SourceObjects::kDelete)
     removeLocked(session, ids);
   plan.file.source = ids;
 }
@@ -81,10 +81,10 @@ std::optional<OdDb::UnitsValue> promptUnits(Session& session, const Plan& plan) 
 }
 
 void handleSourceObjects(Session& session, Plan& plan, const OdDbObjectIdArray& written) {
-  if (plan.sourceObjects == SourceObjects::Convert) {
+  if (plan.sourceObjects == SourceObjects::kConvert) {
     plan.block.units = plan.file.units;
     makeBlock(session, plan.block);
-  } else if (plan.sourceObjects == SourceObjects::Delete) {
+  } else if (plan.sourceObjects == SourceObjects::kDelete) {
     for (const OdDbObjectId id : written)
       id.safeOpenObject(OdDb::kForWrite)->erase();
   }

@@ -15,7 +15,7 @@ OdString asText(const std::string& bytes) {
 }
 
 bool isLoss(const drawing::Issue& issue) {
-  return issue.severity >= drawing::Severity::Repaired;
+  return issue.severity >= drawing::Severity::kRepaired;
 }
 
 // A line for each thing that was repaired or lost, and how many there were.
@@ -51,7 +51,7 @@ drawing::ReadResult readOrThrow(Session& session, const std::string& path) {
   drawing::ReadResult read = drawing::readDrawing(path, session.reading());
   session.addIssues(read.report);
   if (read.database.isNull())
-    throw Failure{Status::Unreadable, {MessageId::kUnreadable, {asText(read.message)}}};
+    throw Failure{Status::kUnreadable, {MessageId::kUnreadable, {asText(read.message)}}};
   return read;
 }
 
@@ -59,7 +59,7 @@ void reportRepaired(Session& session, const std::string& path, const drawing::Re
   session.print(MessageId::kRepaired, {asText(path), count(losses(report))});
   if (listsIssues)
     printIssues(session, path, report, MessageId::kReadIssue);
-  session.raiseStatus(Status::Repaired);
+  session.raiseStatus(Status::kRepaired);
 }
 
 std::size_t objectsInModelSpace(const OdDbDatabase& database) {
@@ -90,7 +90,7 @@ void reportXrefs(Session& session) {
 
 drawing::Report openDrawing(Session& session, const std::string& path, bool listsIssues) {
   const drawing::ReadResult read = readOrThrow(session, path);
-  const bool repaired = read.report.outcome() != drawing::Outcome::Whole;
+  const bool repaired = read.report.outcome() != drawing::Outcome::kWhole;
   session.replaceDrawing(read.database, path, repaired);
   session.print(MessageId::kOpened, {asText(path), count(objectsInModelSpace(*read.database)),
                                      asText(drawing::versionYear(read.database->fileInfo().version))});
@@ -102,7 +102,7 @@ drawing::Report openDrawing(Session& session, const std::string& path, bool list
 
 OdDbDatabasePtr readDrawingFile(Session& session, const std::string& path) {
   const drawing::ReadResult read = readOrThrow(session, path);
-  if (read.report.outcome() != drawing::Outcome::Whole)
+  if (read.report.outcome() != drawing::Outcome::kWhole)
     reportRepaired(session, path, read.report, true);
   return read.database;
 }
@@ -111,7 +111,7 @@ void reportLosses(Session& session, const std::string& path, const drawing::Repo
   session.addIssues(report);
   printIssues(session, path, report, MessageId::kVersionLoss);
   if (losses(report) > 0)
-    session.raiseStatus(Status::Repaired);
+    session.raiseStatus(Status::kRepaired);
 }
 
 void writeFile(Session& session, const OdDbDatabase& database, const SaveRequest& request) {
@@ -124,7 +124,7 @@ void writeFile(Session& session, const OdDbDatabase& database, const SaveRequest
   options.refuseExisting = !request.mayReplace;
   const drawing::WriteResult written = drawing::writeDrawing(database, request.path, options);
   if (written.result != eOk)
-    throw Failure{Status::SaveFailed, {MessageId::kSaveFailed, {asText(written.message)}}};
+    throw Failure{Status::kSaveFailed, {MessageId::kSaveFailed, {asText(written.message)}}};
   reportLosses(session, request.path, written.report);
 }
 
@@ -145,7 +145,7 @@ void writeBytes(const std::string& path, std::string_view bytes, bool mayReplace
   const drawing::FileError written = drawing::replaceFile(
       path, [bytes](drawing::FileSink& sink) { return sink.append(bytes), drawing::FileError(); }, replacing);
   if (!written.ok())
-    throw Failure{Status::SaveFailed, {MessageId::kSaveFailed, {asText(written.text)}}};
+    throw Failure{Status::kSaveFailed, {MessageId::kSaveFailed, {asText(written.text)}}};
 }
 
 bool fileExists(const std::string& path) {

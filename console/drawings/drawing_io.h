@@ -21,7 +21,7 @@ OdDbDatabasePtr readDrawingFile(Session& session, const std::string& path);
 struct SaveRequest {
   std::string path;
   OdDb::DwgVersion version = OdDb::kVersionUnknown; // unknown: the version that the drawing came in
-  drawing::WriteOptions::Form form = drawing::WriteOptions::AsRead;
+  drawing::WriteOptions::Form form = drawing::WriteOptions::kAsRead;
   bool mayReplace = false; // an existing file
 };
 

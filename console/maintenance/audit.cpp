@@ -52,8 +52,8 @@ void showIssues(Session& session, const std::vector<drawing::Issue>& issues) {
 std::vector<drawing::Issue> auditOpenDrawing(Session& session, bool fix) {
   const drawing::Report report = drawing::auditDrawing(session.database(), fix);
   session.addIssues(report);
-  if (report.outcome() != drawing::Outcome::Whole)
-    session.raiseStatus(Status::Repaired);
+  if (report.outcome() != drawing::Outcome::kWhole)
+    session.raiseStatus(Status::kRepaired);
   return report.issues();
 }
 

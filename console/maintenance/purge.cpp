@@ -92,7 +92,7 @@ std::vector<KeptObject> keptObjects(OdDbDatabase& database, const std::vector<Na
   const PurgePlan plan(database, idsOf(objects));
   std::vector<KeptObject> kept;
   for (const NamedObject& object : objects) {
-    if (const auto status = plan.statusOf(object.id); status != PurgePlan::Status::Purgeable)
+    if (const auto status = plan.statusOf(object.id); status != PurgePlan::Status::kPurgeable)
       kept.push_back({object, status, plan.usesOf(object.id)});
   }
   return kept;
@@ -114,9 +114,9 @@ NamedObject namedObject(OdDbObjectId id) {
 }
 
 OdString reasonOf(const KeptObject& kept) {
-  if (kept.status == PurgePlan::Status::Needed)
+  if (kept.status == PurgePlan::Status::kNeeded)
     return render(MessageId::kUseNeeded);
-  if (kept.status == PurgePlan::Status::External)
+  if (kept.status == PurgePlan::Status::kExternal)
     return render(MessageId::kUseExternal);
   constexpr std::size_t kMaxNames = 5;
   OdString reason;

@@ -26,7 +26,7 @@ std::vector<NamedObject> purgeable(OdDbDatabase& database, const std::vector<Nam
 // Why a thing stays.
 struct KeptObject {
   NamedObject object;
-  drawing::PurgePlan::Status status = drawing::PurgePlan::Status::Used;
+  drawing::PurgePlan::Status status = drawing::PurgePlan::Status::kUsed;
   std::vector<drawing::PurgePlan::Use> uses;
 };
 std::vector<KeptObject> keptObjects(OdDbDatabase& database, const std::vector<NamedObject>& objects);

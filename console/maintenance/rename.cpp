@@ -14,11 +14,11 @@ struct Refusal {
 };
 
 constexpr Refusal kRefusals[] = {
-    {drawing::RenameResult::Unknown, MessageId::kRenameUnknown, false},
-    {drawing::RenameResult::Taken, MessageId::kRenameTaken, true},
-    {drawing::RenameResult::Fixed, MessageId::kRenameFixed, false},
-    {drawing::RenameResult::Illegal, MessageId::kRenameIllegal, true},
-    {drawing::RenameResult::Space, MessageId::kRenameFixed, false},
+    {drawing::RenameResult::kUnknown, MessageId::kRenameUnknown, false},
+    {drawing::RenameResult::kTaken, MessageId::kRenameTaken, true},
+    {drawing::RenameResult::kFixed, MessageId::kRenameFixed, false},
+    {drawing::RenameResult::kIllegal, MessageId::kRenameIllegal, true},
+    {drawing::RenameResult::kSpace, MessageId::kRenameFixed, false},
 };
 
 // Which block has the name is the working drawing's matter; the rules of the library come on top of the engine's.
@@ -55,9 +55,9 @@ void renameSymbolRecord(Session& session, OdDb::SymbolTableKind kind, const OdSt
     refuse(MessageId::kNameExternal, {from});
   checkNewName(session, kind, to);
   const drawing::RenameResult result = drawing::renameRecord(session.database(), kind, from, to);
-  if (result == drawing::RenameResult::External)
+  if (result == drawing::RenameResult::kExternal)
     refuse(MessageId::kNameExternal, {from});
-  if (result == drawing::RenameResult::Anonymous)
+  if (result == drawing::RenameResult::kAnonymous)
     refuse(MessageId::kNameAnonymous, {from});
   for (const Refusal& refusal : kRefusals) {
     if (refusal.result == result)

@@ -64,7 +64,7 @@ private:
       return readQuoted();
     for (; !isAtEnd(); ++at_) {
       if (text_[at_] == '"')
-        fail(CsvFault::QuoteInside, line_);
+        fail(CsvFault::kQuoteInside, line_);
       cell += text_[at_];
     }
     return cell;
@@ -77,14 +77,14 @@ private:
       if (text_[at_] == '"' && text_.substr(at_, 2) != "\"\"") {
         ++at_;
         if (!isAtEnd())
-          fail(CsvFault::QuoteInside, line_);
+          fail(CsvFault::kQuoteInside, line_);
         return cell;
       }
       at_ += text_[at_] == '"' ? 1 : 0;
       line_ += text_[at_] == '\n' ? 1 : 0;
       cell += text_[at_];
     }
-    fail(CsvFault::QuoteOpen, first);
+    fail(CsvFault::kQuoteOpen, first);
     return cell;
   }
 

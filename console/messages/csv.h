@@ -15,7 +15,7 @@ struct CsvRow {
   std::size_t line = 0; // where it begins, counted from 1
   std::vector<std::string> cells;
 };
-enum class CsvFault { QuoteInside, QuoteOpen };
+enum class CsvFault { kQuoteInside, kQuoteOpen };
 struct CsvTable {
   std::vector<CsvRow> rows; // lines without anything are none
   std::optional<CsvFault> fault;

@@ -104,13 +104,13 @@ OdDbObjectIdArray pickableObjects(OdDbObjectId space) {
 
 OdDbObjectIdArray pickedBy(OdDbDatabase& database, const OdDbObjectIdArray& objects, const Selector& selector) {
   switch (selector.kind) {
-  case Selector::Kind::Layer:
+  case Selector::Kind::kLayer:
     return onLayer(database, objects, selector.value);
-  case Selector::Kind::Type:
+  case Selector::Kind::kType:
     return ofType(objects, selector.value);
-  case Selector::Kind::Handle:
+  case Selector::Kind::kHandle:
     return ofHandle(database, objects, selector.value);
-  case Selector::Kind::All:
+  case Selector::Kind::kAll:
     break;
   }
   return objects;

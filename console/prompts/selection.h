@@ -11,8 +11,8 @@
 namespace console {
 
 struct Selector {
-  enum class Kind { All, Layer, Type, Handle };
-  Kind kind = Kind::All;
+  enum class Kind { kAll, kLayer, kType, kHandle };
+  Kind kind = Kind::kAll;
   OdString value;
 };
 

@@ -45,13 +45,13 @@ private:
     else if (keyword == L"Fence")
       pickFence();
     else if (keyword == L"All")
-      pickBy({Selector::Kind::All, {}});
+      pickBy({Selector::Kind::kAll, {}});
     else if (keyword == L"Layer")
-      pickNamed(Selector::Kind::Layer, MessageId::kPromptSelectLayer);
+      pickNamed(Selector::Kind::kLayer, MessageId::kPromptSelectLayer);
     else if (keyword == L"Type")
-      pickNamed(Selector::Kind::Type, MessageId::kPromptSelectType);
+      pickNamed(Selector::Kind::kType, MessageId::kPromptSelectType);
     else
-      pickNamed(Selector::Kind::Handle, MessageId::kPromptSelectHandle);
+      pickNamed(Selector::Kind::kHandle, MessageId::kPromptSelectHandle);
   }
   // Seen along the z axis of the UCS.
   drawing::ViewPicker picker() {

@@ -21,7 +21,7 @@ struct AttributeDefinition {
 
 struct Xref {
   bool overlay = false, resolved = false, unloaded = false; // as the file flags it
-  drawing::XrefStatus status = drawing::XrefStatus::NotLoaded;
+  drawing::XrefStatus status = drawing::XrefStatus::kNotLoaded;
   OdString path;
 };
 

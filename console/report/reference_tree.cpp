@@ -65,10 +65,10 @@ EditCheck checkEdit(CRefGraph& graph, const std::vector<ReferenceNode>& nodes) {
   EditCheck check;
   OdDbObjectIdArray picked{nodes.front().reference};
   if (!RefUtils::checkXEdit(picked, check.path)) {
-    check.reason = EditCheck::Reason::XeditOff;
+    check.reason = EditCheck::Reason::kXeditOff;
     check.reference = picked[0];
   } else if (graph.checkXref()) {
-    check.reason = EditCheck::Reason::External;
+    check.reason = EditCheck::Reason::kExternal;
     const auto first = std::find_if(nodes.begin(), nodes.end(), [](const auto& node) { return node.external; });
     if (first != nodes.end()) {
       check.path = first->external->found.isEmpty() ? first->external->path : first->external->found;

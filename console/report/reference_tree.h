@@ -15,7 +15,7 @@ namespace console {
 struct ExternalDrawing {
   OdString path;  // as the drawing holds it
   OdString found; // the file that the host finds for it; empty when there is none
-  drawing::XrefStatus status = drawing::XrefStatus::NotLoaded;
+  drawing::XrefStatus status = drawing::XrefStatus::kNotLoaded;
 };
 
 struct ReferenceNode {
@@ -27,11 +27,11 @@ struct ReferenceNode {
 };
 
 struct EditCheck {
-  enum class Reason { None, XeditOff, External };
-  Reason reason = Reason::None;
+  enum class Reason { kNone, kXeditOff, kExternal };
+  Reason reason = Reason::kNone;
   OdString path; // of the external drawing that stands against it: where it is found, else as the drawing holds it
   OdDbObjectId reference; // the one that shows that drawing
-  bool isAllowed() const { return reason == Reason::None; }
+  bool isAllowed() const { return reason == Reason::kNone; }
 };
 
 struct ReferenceTree {

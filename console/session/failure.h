@@ -14,11 +14,11 @@ struct Failure {
 };
 
 [[noreturn]] inline void refuse(MessageId id, std::vector<OdString> arguments = {}) {
-  throw Failure{Status::Refused, {id, std::move(arguments)}};
+  throw Failure{Status::kRefused, {id, std::move(arguments)}};
 }
 
 [[noreturn]] inline void cancel() {
-  throw Failure{Status::Cancelled, {MessageId::kCancelled, {}}};
+  throw Failure{Status::kCancelled, {MessageId::kCancelled, {}}};
 }
 
 } // namespace console

@@ -91,7 +91,7 @@ void Session::watchBoxes() {
 
 void Session::refuseQuestion(const OdString& question) {
   print(MessageId::kQuestionRefused, {question});
-  raiseStatus(Status::Refused);
+  raiseStatus(Status::kRefused);
 }
 
 void Session::answerFrom(std::shared_ptr<morvane::InputSource> source) {
@@ -206,12 +206,12 @@ Status Session::run(const Command& command, const CommandTable& commands) {
 }
 
 Status Session::attempt(const char* name, Command::Kind kind, const std::function<void()>& work) {
-  Failure failure{Status::Refused, {MessageId::kFailed, {}}};
+  Failure failure{Status::kRefused, {MessageId::kFailed, {}}};
   try {
     Step step(drawing_, name, kind);
     work();
     step.keep();
-    return Status::Done;
+    return Status::kDone;
   } catch (const Failure& thrown) {
     failure = thrown;
   } catch (const OdError& error) {

@@ -47,7 +47,7 @@ struct TranscriptEntry {
 
 class Session;
 
-enum class SourceObjects { Keep, Convert, Delete };
+enum class SourceObjects { kKeep, kConvert, kDelete };
 
 struct SessionOptions {
   morvane::HostOptions host;
@@ -104,7 +104,7 @@ public:
 
   void raiseStatus(Status status) { status_ = worse(status_, status); }
   Status status() const { return status_; }
-  void forgetStatus() { status_ = Status::Done; }
+  void forgetStatus() { status_ = Status::kDone; }
   void quit() { wantsQuit_ = true; }
   bool wantsQuit() const { return wantsQuit_; }
 
@@ -123,7 +123,7 @@ private:
   std::vector<TranscriptEntry> transcript_;
   std::optional<BoxCatalogue> catalogue_; // made with the first box
   std::vector<drawing::Issue> issues_;
-  Status status_ = Status::Done;
+  Status status_ = Status::kDone;
   bool quiet_ = false;
   bool noPrompt_ = false;
   bool wantsQuit_ = false;

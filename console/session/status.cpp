@@ -5,19 +5,19 @@ namespace {
 
 int weight(Status status) {
   switch (status) {
-  case Status::Done:
+  case Status::kDone:
     return 0;
-  case Status::Repaired:
+  case Status::kRepaired:
     return 1;
-  case Status::Cancelled:
+  case Status::kCancelled:
     return 2;
-  case Status::Refused:
+  case Status::kRefused:
     return 3;
-  case Status::Unreadable:
+  case Status::kUnreadable:
     return 4;
-  case Status::SaveFailed:
+  case Status::kSaveFailed:
     return 5;
-  case Status::Usage:
+  case Status::kUsage:
     break;
   }
   return 6;

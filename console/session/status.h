@@ -4,13 +4,13 @@
 namespace console {
 
 enum class Status {
-  Done = 0,
-  Refused = 1, // or failed
-  Usage = 2,
-  Unreadable = 3,
-  Repaired = 4, // done, but something was repaired or lost
-  Cancelled = 5,
-  SaveFailed = 6 // the file on disk is unchanged
+  kDone = 0,
+  kRefused = 1, // or failed
+  kUsage = 2,
+  kUnreadable = 3,
+  kRepaired = 4, // done, but something was repaired or lost
+  kCancelled = 5,
+  kSaveFailed = 6 // the file on disk is unchanged
 };
 
 // The one that stands for both: a failed save before an unreadable file, that before a refusal, then a cancel, then a

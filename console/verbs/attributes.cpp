@@ -47,7 +47,7 @@ public:
   bool isChosen() const override { return optionTable_->isChosen(); }
   void check() override {
     if (isChosen() && import_.empty() != files_.out.empty())
-      throw Failure{Status::Usage, {MessageId::kImportNeedsOutput, {}}};
+      throw Failure{Status::kUsage, {MessageId::kImportNeedsOutput, {}}};
   }
   Status run(const SessionOptions& settings) override {
     return runJob(settings,
@@ -91,7 +91,7 @@ private:
     session.print(MessageId::kImported,
                   {count(imported_.changed), count(imported_.same), count(imported_.misfits.size())});
     if (!imported_.misfits.empty())
-      session.raiseStatus(Status::Repaired);
+      session.raiseStatus(Status::kRepaired);
   }
 
   OptionTable* optionTable_ = nullptr;

@@ -7,7 +7,7 @@ namespace {
 
 const char* outcomeName(const std::vector<drawing::Issue>& issues) {
   for (const drawing::Issue& issue : issues) {
-    if (issue.severity != drawing::Severity::Note)
+    if (issue.severity != drawing::Severity::kNote)
       return "repaired";
   }
   return "whole";
@@ -26,7 +26,7 @@ public:
   bool isChosen() const override { return optionTable_->isChosen(); }
   void check() override {
     if (isChosen() && fix_ == files_.out.empty())
-      throw Failure{Status::Usage, {MessageId::kFixNeedsOutput, {}}};
+      throw Failure{Status::kUsage, {MessageId::kFixNeedsOutput, {}}};
   }
   Status run(const SessionOptions& settings) override {
     return runJob(settings,

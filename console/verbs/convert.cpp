@@ -19,9 +19,9 @@ public:
   bool isChosen() const override { return optionTable_->isChosen(); }
   void check() override {
     files_.version = versionOption(version_);
-    files_.form = binary_ ? drawing::WriteOptions::Binary
-                  : text_ ? drawing::WriteOptions::Text
-                          : drawing::WriteOptions::AsRead;
+    files_.form = binary_ ? drawing::WriteOptions::kBinary
+                  : text_ ? drawing::WriteOptions::kText
+                          : drawing::WriteOptions::kAsRead;
   }
   Status run(const SessionOptions& settings) override {
     return runJob(settings, {"convert", files_, json_, nullptr, nullptr});

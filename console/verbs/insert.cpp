@@ -43,10 +43,10 @@ std::vector<double> realsOption(const char* option, const std::string& value) {
 }
 
 ConflictPolicy conflictOption(const std::string& value, ConflictPolicy usual) {
-  const std::pair<const char*, ConflictPolicy> kAll[] = {{"refuse", ConflictPolicy::Refuse},
-                                                         {"keep", ConflictPolicy::Keep},
-                                                         {"replace", ConflictPolicy::Replace},
-                                                         {"rename", ConflictPolicy::Rename}};
+  const std::pair<const char*, ConflictPolicy> kAll[] = {{"refuse", ConflictPolicy::kRefuse},
+                                                         {"keep", ConflictPolicy::kKeep},
+                                                         {"replace", ConflictPolicy::kReplace},
+                                                         {"rename", ConflictPolicy::kRename}};
   for (const auto& [name, conflict] : kAll) {
     if (value == name)
       return conflict;
@@ -64,7 +64,7 @@ const char* resolutionName(ImportedBlock::Resolution resolution) {
 std::vector<std::string> listedFiles(const std::string& path) {
   std::ifstream file(path);
   if (!file)
-    throw Failure{Status::Unreadable, {MessageId::kListUnreadable, {OdString::fromUtf8(path)}}};
+    throw Failure{Status::kUnreadable, {MessageId::kListUnreadable, {OdString::fromUtf8(path)}}};
   std::vector<std::string> paths;
   const std::filesystem::path folder = std::filesystem::path(path).parent_path();
   for (std::string line; std::getline(file, line);) {
@@ -139,7 +139,7 @@ private:
   EnteredInsertion entered_;
   Placement placement_;
   AttributeAnswers answers_;
-  ConflictPolicy conflictPolicy_ = ConflictPolicy::Refuse;
+  ConflictPolicy conflictPolicy_ = ConflictPolicy::kRefuse;
   std::vector<double> grid_; // columns, and the two distances
   std::vector<Done> done_;
   std::size_t failed_ = 0;
@@ -153,13 +153,13 @@ void Insert::check() {
   if (dry_)
     files_.out.clear();
   else if (files_.out.empty())
-    throw Failure{Status::Usage, {MessageId::kNoOutput, {}}};
+    throw Failure{Status::kUsage, {MessageId::kNoOutput, {}}};
   if (!entered_.name.empty() && entered_.file.empty())
-    throw Failure{Status::Usage, {MessageId::kNameNeedsFile, {}}};
+    throw Failure{Status::kUsage, {MessageId::kNameNeedsFile, {}}};
   if (!entered_.grid.empty() && entered_.list.empty())
-    throw Failure{Status::Usage, {MessageId::kGridNeedsList, {}}};
-  conflictPolicy_ =
-      conflictOption(entered_.conflictPolicy, entered_.list.empty() ? ConflictPolicy::Refuse : ConflictPolicy::Rename);
+    throw Failure{Status::kUsage, {MessageId::kGridNeedsList, {}}};
+  conflictPolicy_ = conflictOption(entered_.conflictPolicy,
+                                   entered_.list.empty() ? ConflictPolicy::kRefuse : ConflictPolicy::kRename);
   for (const std::string& given : entered_.attributes) {
     const auto equals = given.find('=');
     if (equals == 0 || equals == std::string::npos)
@@ -223,7 +223,7 @@ void Insert::insertList(Session& session) {
     const Status status = session.attempt("INSERT", Command::Kind::kModifies, [&] {
       done_.push_back(insertFile(session, paths[number], {}, placeInGrid(number)));
     });
-    if (status == Status::Done)
+    if (status == Status::kDone)
       continue;
     session.print(MessageId::kListFailed, {OdString::fromUtf8(paths[number])});
     ++failed_;
@@ -251,7 +251,7 @@ void Insert::work(Session& session, Json& results) {
     const OdDbObjectId block = definitionOf(session, name);
     if (block.isNull())
       refuse(MessageId::kNoSuchBlock, {name});
-    done_.push_back(place(session, {}, {ImportedBlock::Resolution::Kept, block, name, {}, {}}, placement_));
+    done_.push_back(place(session, {}, {ImportedBlock::Resolution::kKept, block, name, {}, {}}, placement_));
   }
   if (entered_.block.empty())
     insertCommon::checkExternalReference(session.drawing().document->fileName());

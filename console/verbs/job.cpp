@@ -50,11 +50,11 @@ Status runJob(SessionOptions settings, const Job& job) {
     settings.connectUser(session);
   Json info = Json::object();
   const auto readOnly = [&](const std::function<void()>& work) {
-    return session.attempt(job.name, Command::Kind::kReadOnly, work) == Status::Done;
+    return session.attempt(job.name, Command::Kind::kReadOnly, work) == Status::kDone;
   };
   const auto change = [&] {
     return !job.work ||
-           session.attempt(job.name, Command::Kind::kModifies, [&] { job.work(session, info); }) == Status::Done;
+           session.attempt(job.name, Command::Kind::kModifies, [&] { job.work(session, info); }) == Status::kDone;
   };
   const bool writes = !job.files.out.empty();
   const auto open = [&] {

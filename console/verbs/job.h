@@ -15,7 +15,7 @@ struct JobFiles {
   std::string out; // empty: nothing is written
   OdDb::DwgVersion version = OdDb::kVersionUnknown;
   bool force = false;
-  drawing::WriteOptions::Form form = drawing::WriteOptions::AsRead;
+  drawing::WriteOptions::Form form = drawing::WriteOptions::kAsRead;
 };
 
 struct Job {

@@ -105,9 +105,9 @@ void Make::check() {
   selectors_.check();
   request_.name = OdString::fromUtf8(entered_.name);
   request_.description = OdString::fromUtf8(entered_.description);
-  request_.sourceObjects = keep_ ? SourceObjects::Keep : delete_ ? SourceObjects::Delete : SourceObjects::Convert;
+  request_.sourceObjects = keep_ ? SourceObjects::kKeep : delete_ ? SourceObjects::kDelete : SourceObjects::kConvert;
   if (!selectors_.areGiven())
-    throw Failure{Status::Usage, {MessageId::kNoSelector, {}}};
+    throw Failure{Status::kUsage, {MessageId::kNoSelector, {}}};
 }
 
 void Make::make(Session& session, Json& results) {

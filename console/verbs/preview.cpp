@@ -105,7 +105,7 @@ private:
     writeBytes(out_, isSvg_ ? picture.svg() : picture.png(), force_);
     results = jsonOf();
     if (!report_.notDrawn.empty() || report_.reachedLimit)
-      session.raiseStatus(Status::Repaired);
+      session.raiseStatus(Status::kRepaired);
   }
 
   Json jsonOf() const {

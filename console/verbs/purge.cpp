@@ -42,7 +42,7 @@ public:
     if (isChosen() && dry_)
       files_.out.clear();
     else if (isChosen() && files_.out.empty())
-      throw Failure{Status::Usage, {MessageId::kNoOutput, {}}};
+      throw Failure{Status::kUsage, {MessageId::kNoOutput, {}}};
   }
   Status run(const SessionOptions& settings) override {
     return runJob(settings,

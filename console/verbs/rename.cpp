@@ -32,7 +32,7 @@ public:
         add(option, value);
     }
     if (settings_.empty())
-      throw Failure{Status::Usage, {MessageId::kNoRename, {}}};
+      throw Failure{Status::kUsage, {MessageId::kNoRename, {}}};
   }
   Status run(const SessionOptions& settings) override {
     return runJob(settings,

@@ -26,14 +26,14 @@ bool SelectorOptions::areGiven() const {
 std::vector<Selector> SelectorOptions::selectors() const {
   std::vector<Selector> all;
   if (!select_.empty())
-    all.push_back({Selector::Kind::All, {}});
+    all.push_back({Selector::Kind::kAll, {}});
   const auto add = [&all](Selector::Kind kind, const std::vector<std::string>& values) {
     for (const std::string& value : values)
       all.push_back({kind, OdString::fromUtf8(value)});
   };
-  add(Selector::Kind::Layer, layers_);
-  add(Selector::Kind::Type, types_);
-  add(Selector::Kind::Handle, handles_);
+  add(Selector::Kind::kLayer, layers_);
+  add(Selector::Kind::kType, types_);
+  add(Selector::Kind::kHandle, handles_);
   return all;
 }
 

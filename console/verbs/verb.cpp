@@ -23,7 +23,7 @@ std::vector<std::unique_ptr<Subcommand>> allSubcommands() {
 }
 
 void refuseUsage(MessageId id, const char* option, const std::string& value) {
-  throw Failure{Status::Usage, {id, {OdString::fromUtf8(option), OdString::fromUtf8(value)}}};
+  throw Failure{Status::kUsage, {id, {OdString::fromUtf8(option), OdString::fromUtf8(value)}}};
 }
 
 OdDb::DwgVersion versionOption(const std::string& value) {

@@ -66,16 +66,16 @@ void Wblock::check() {
   const int sources = (optionTable_->isGiven("--block") ? 1 : 0) + (selectors_.areGiven() ? 1 : 0) + (all_ ? 1 : 0) +
                       (isLibrary() ? 1 : 0);
   if (sources != 1)
-    throw Failure{Status::Usage, {MessageId::kOneSource, {}}};
+    throw Failure{Status::kUsage, {MessageId::kOneSource, {}}};
   if (isLibrary() ? !out_.empty() || !base_.empty() : out_.empty())
-    throw Failure{Status::Usage, {isLibrary() ? MessageId::kLibraryNoOutput : MessageId::kNoOutputFile, {}}};
+    throw Failure{Status::kUsage, {isLibrary() ? MessageId::kLibraryNoOutput : MessageId::kNoOutputFile, {}}};
   selectors_.check();
   if (!base_.empty() && !(request_.basePoint = parsePoint(base_)))
     refuseUsage(MessageId::kBadPoint, "--base", base_);
   if (!units_.empty() && !(request_.units = parseUnits(units_)))
     refuseUsage(MessageId::kBadUnits, "--units", units_);
   request_.version = versionOption(version_);
-  request_.form = binary_ ? drawing::WriteOptions::Binary : drawing::WriteOptions::Text;
+  request_.form = binary_ ? drawing::WriteOptions::kBinary : drawing::WriteOptions::kText;
   request_.mayReplace = force_;
 }
 

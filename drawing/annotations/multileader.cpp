@@ -48,7 +48,7 @@ constexpr Bracket kBrackets[] = {{300, "CONTEXT_DATA{", kOwn, kContext}, {302, "
 std::vector<Part> partsOf(const GroupList& groups) {
   std::vector<Part> parts{{kOwn, 0, groups.size()}};
   for (std::size_t i = 0; i < groups.size(); ++i) {
-    if (groups[i].kind != drawing::GroupKind::Text)
+    if (groups[i].kind != drawing::GroupKind::kText)
       continue;
     for (const Bracket& bracket : kBrackets) {
       if (groups[i].code != bracket.code || parts.back().level != bracket.from ||
@@ -62,22 +62,24 @@ std::vector<Part> partsOf(const GroupList& groups) {
   return parts;
 }
 
-constexpr GroupRole kOwnRoles[] = {{45, GeometricRole::Length}};
+constexpr GroupRole kOwnRoles[] = {{45, GeometricRole::kLength}};
 constexpr GroupRole kContextRoles[] = {
-    {10, GeometricRole::Point},      {12, GeometricRole::Point},      {15, GeometricRole::Point},
-    {110, GeometricRole::Point},     {11, GeometricRole::Normal},     {14, GeometricRole::Normal},
-    {13, GeometricRole::Direction},  {111, GeometricRole::Direction}, {40, GeometricRole::Length},
-    {112, GeometricRole::Direction}, {41, GeometricRole::Length},     {43, GeometricRole::Length},
-    {44, GeometricRole::Length},     {140, GeometricRole::Length},    {142, GeometricRole::Length},
-    {143, GeometricRole::Length},    {145, GeometricRole::Length},    {16, GeometricRole::Length},
-    {26, GeometricRole::Length},     {36, GeometricRole::Length}};
-constexpr GroupRole kBranchRoles[] = {{10, GeometricRole::Point},
-                                      {11, GeometricRole::Direction},
-                                      {12, GeometricRole::Point},
-                                      {13, GeometricRole::Point},
-                                      {40, GeometricRole::Length}};
-constexpr GroupRole kLineRoles[] = {
-    {10, GeometricRole::Point}, {11, GeometricRole::Point}, {12, GeometricRole::Point}, {40, GeometricRole::Length}};
+    {10, GeometricRole::kPoint},      {12, GeometricRole::kPoint},      {15, GeometricRole::kPoint},
+    {110, GeometricRole::kPoint},     {11, GeometricRole::kNormal},     {14, GeometricRole::kNormal},
+    {13, GeometricRole::kDirection},  {111, GeometricRole::kDirection}, {40, GeometricRole::kLength},
+    {112, GeometricRole::kDirection}, {41, GeometricRole::kLength},     {43, GeometricRole::kLength},
+    {44, GeometricRole::kLength},     {140, GeometricRole::kLength},    {142, GeometricRole::kLength},
+    {143, GeometricRole::kLength},    {145, GeometricRole::kLength},    {16, GeometricRole::kLength},
+    {26, GeometricRole::kLength},     {36, GeometricRole::kLength}};
+constexpr GroupRole kBranchRoles[] = {{10, GeometricRole::kPoint},
+                                      {11, GeometricRole::kDirection},
+                                      {12, GeometricRole::kPoint},
+                                      {13, GeometricRole::kPoint},
+                                      {40, GeometricRole::kLength}};
+constexpr GroupRole kLineRoles[] = {{10, GeometricRole::kPoint},
+                                    {11, GeometricRole::kPoint},
+                                    {12, GeometricRole::kPoint},
+                                    {40, GeometricRole::kLength}};
 
 std::span<const GroupRole> rolesOf(Level level) {
   const std::span<const GroupRole> all[] = {kOwnRoles, kContextRoles, kBranchRoles, kLineRoles};
@@ -181,9 +183,9 @@ std::vector<std::pair<OdDbObjectId, OdString>> mleaderAttributes(const OdDbMLead
   const GroupList own = levelOf(leader.groups(), kOwn);
   std::vector<std::pair<OdDbObjectId, OdString>> all;
   for (std::size_t i = 0; i < own.size(); ++i) {
-    if (own[i].code == 330 && own[i].kind == GroupKind::Reference)
+    if (own[i].code == 330 && own[i].kind == GroupKind::kReference)
       all.emplace_back(own.idOf(own[i]), OdString());
-    else if (own[i].code == 302 && own[i].kind == GroupKind::Text && !all.empty())
+    else if (own[i].code == 302 && own[i].kind == GroupKind::kText && !all.empty())
       all.back().second = own.stringOf(own[i]);
   }
   return all;
@@ -212,7 +214,7 @@ std::optional<std::size_t> findMatrix(const GroupList& groups) {
   constexpr std::size_t kEntries = 16;
   const std::size_t first = groups.find(47);
   for (std::size_t i = first; i < first + kEntries; ++i) {
-    if (i >= groups.size() || groups[i].code != 47 || groups[i].kind != drawing::GroupKind::Real)
+    if (i >= groups.size() || groups[i].code != 47 || groups[i].kind != drawing::GroupKind::kReal)
       return std::nullopt;
   }
   return first;
@@ -230,7 +232,7 @@ void rotateAngles(GroupList& groups, const OdGeMatrix3d& matrix, const OdGeVecto
   const drawing::PlaneMap text(matrix, textNormal), block(matrix, blockNormal);
   for (const Part& part : partsOf(groups)) {
     for (std::size_t i = part.first; i < part.end && part.level == kContext; ++i) {
-      if ((groups[i].code == 42 || groups[i].code == 46) && groups[i].kind == drawing::GroupKind::Real)
+      if ((groups[i].code == 42 || groups[i].code == 46) && groups[i].kind == drawing::GroupKind::kReal)
         groups.setReal(i, (groups[i].code == 42 ? text : block).angle(groups[i].real));
     }
   }

@@ -43,13 +43,13 @@ double OdDbTable::nthReal(int code, unsigned index) const {
   std::size_t i = groups_.find(code);
   for (; index > 0 && i < groups_.size(); --index)
     i = groups_.find(code, i + 1);
-  if (i >= groups_.size() || groups_[i].kind != drawing::GroupKind::Real)
+  if (i >= groups_.size() || groups_[i].kind != drawing::GroupKind::kReal)
     throw OdError(eInvalidIndex);
   return groups_[i].real;
 }
 
 OdResult OdDbTable::applyTransform(const OdGeMatrix3d& matrix) {
-  static constexpr drawing::GroupRole kHeaderRoles[] = {{11, drawing::GeometricRole::Direction}};
+  static constexpr drawing::GroupRole kHeaderRoles[] = {{11, drawing::GeometricRole::kDirection}};
   const bool rigid = matrix.isUniformlyScaled(OdGeTol(1e-10)) && std::fabs(matrix.determinant() - 1) < 1e-9;
   if (!rigid)
     return eCannotTransform;

@@ -16,9 +16,9 @@ void Report::add(Issue issue) {
 }
 
 Outcome Report::outcome() const {
-  if (worst_ == Severity::Fatal)
-    return Outcome::Refused;
-  return worst_ == Severity::Note ? Outcome::Whole : Outcome::Repaired;
+  if (worst_ == Severity::kFatal)
+    return Outcome::kRefused;
+  return worst_ == Severity::kNote ? Outcome::kWhole : Outcome::kRepaired;
 }
 
 std::size_t Report::count(const char* code) const {

@@ -34,22 +34,22 @@ std::size_t textStart(const GroupList& groups) {
 
 void storeField(OdDbObject& object, const drawing::Field& field, const GroupList& groups, const drawing::Group& group) {
   void* at = field.at(object);
-  const bool isReal = group.kind == drawing::GroupKind::Real;
+  const bool isReal = group.kind == drawing::GroupKind::kReal;
   switch (field.kind) {
-  case drawing::FieldKind::Real:
+  case drawing::FieldKind::kReal:
     if (isReal)
       *static_cast<double*>(at) = group.real;
     return;
-  case drawing::FieldKind::Point3:
-  case drawing::FieldKind::Vector3:
+  case drawing::FieldKind::kPoint3:
+  case drawing::FieldKind::kVector3:
     if (isReal)
       static_cast<double*>(at)[(group.code - field.code) / 10] = group.real;
     return;
-  case drawing::FieldKind::Int16:
-    if (group.kind == drawing::GroupKind::Int16)
+  case drawing::FieldKind::kInt16:
+    if (group.kind == drawing::GroupKind::kInt16)
       *static_cast<std::int16_t*>(at) = static_cast<std::int16_t>(group.integer);
     return;
-  case drawing::FieldKind::Reference:
+  case drawing::FieldKind::kReference:
     if (OdDbDatabase* database = object.ownerId().database(); database != nullptr)
       *static_cast<OdDbObjectId*>(at) = database->symbol(field.byName, groups.stringOf(group));
     return;
@@ -60,7 +60,7 @@ void storeField(OdDbObject& object, const drawing::Field& field, const GroupList
 
 const drawing::Field* fieldOf(const drawing::SubclassLayout& subclass, int code) {
   for (const drawing::Field& field : subclass.fields) {
-    const bool triple = field.kind == drawing::FieldKind::Point3 || field.kind == drawing::FieldKind::Vector3;
+    const bool triple = field.kind == drawing::FieldKind::kPoint3 || field.kind == drawing::FieldKind::kVector3;
     const int offset = code - field.code;
     if (offset == 0 || (triple && (offset == 10 || offset == 20)))
       return &field;
@@ -102,7 +102,7 @@ OdDbMTextPtr textOf(const GroupList& groups, std::size_t first, const OdDbObject
   double rotation = 0;
   for (std::size_t i = first; i < groups.size(); ++i) {
     const drawing::Group& group = groups[i];
-    if (group.code == 50 && group.kind == drawing::GroupKind::Real)
+    if (group.code == 50 && group.kind == drawing::GroupKind::kReal)
       rotation = toRadians(group.real);
     else if (const drawing::Field* field = fieldOf(OdDbMText::textSubclass(), group.code))
       storeField(*text, *field, groups, group);

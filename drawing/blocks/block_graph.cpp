@@ -92,14 +92,14 @@ public:
   std::vector<OdDbObjectId> order;
 
 private:
-  enum State : char { Open = 1, Done = 2 };
+  enum State : char { kOpen = 1, kDone = 2 };
   struct Frame {
     OdDbObjectId block;
     std::size_t next;
   };
 
   bool enter(OdDbObjectId block) {
-    if (getIf<OdDbBlockTableRecord>(block) == nullptr || !states_.emplace(block, Open).second)
+    if (getIf<OdDbBlockTableRecord>(block) == nullptr || !states_.emplace(block, kOpen).second)
       return false;
     stack_.push_back({block, 0});
     return true;
@@ -110,7 +110,7 @@ private:
       Frame& frame = stack_.back();
       const auto& members = getIf<OdDbBlockTableRecord>(frame.block)->members().ids();
       if (frame.next == members.size()) {
-        states_[frame.block] = Done;
+        states_[frame.block] = kDone;
         order.push_back(frame.block);
         stack_.pop_back();
         continue;
@@ -126,7 +126,7 @@ private:
     auto known = states_.find(reference->blockTableRecord());
     if (known == states_.end())
       enter(reference->blockTableRecord());
-    else if (known->second == Open)
+    else if (known->second == kOpen)
       cut_.push_back(member);
   }
 

@@ -41,7 +41,7 @@ OdDbObjectId definitionRepresented(const OdDbBlockTableRecord& block) {
   if (groups == nullptr)
     return {};
   const std::size_t at = findData(*groups, kRepresents, kHandle);
-  if (at == groups->size() || (*groups)[at].kind != drawing::GroupKind::Reference)
+  if (at == groups->size() || (*groups)[at].kind != drawing::GroupKind::kReference)
     return {};
   const OdDbObjectId definition = groups->idOf((*groups)[at]);
   return isAliveBlock(definition) && definition != block.objectId() ? definition : OdDbObjectId();
@@ -70,7 +70,7 @@ OdDbObjectId representedBy(const OdDbBlockReference& reference) {
   const OdDbObject* data = lookup(entryOf(representation, kRepresentationData));
   const drawing::GroupList* groups = data == nullptr ? nullptr : data->unmodelledGroupsOrNull();
   const std::size_t at = groups == nullptr ? 0 : groups->find(kDefinition);
-  if (groups == nullptr || at == groups->size() || (*groups)[at].kind != drawing::GroupKind::Reference)
+  if (groups == nullptr || at == groups->size() || (*groups)[at].kind != drawing::GroupKind::kReference)
     return {};
   const OdDbObjectId definition = groups->idOf((*groups)[at]);
   return isAliveBlock(definition) ? definition : OdDbObjectId();

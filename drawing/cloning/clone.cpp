@@ -122,7 +122,7 @@ void Cloner::translate() {
   Translate visitor(mapping_, target_, contentsOf_, owner_);
   Translate visitorOfReferences(mapping_, target_, {}, {}); // none may show the owner in itself
   for (const Item& item : items_) {
-    if (item.action == Action::Use)
+    if (item.action == Action::kUse)
       continue;
     OdDbObject& copy = *lookup(mapping_.valueOf(item.source));
     const WriteScope scope(copy);
@@ -132,7 +132,7 @@ void Cloner::translate() {
       ensureApplications(copy);
   }
   for (const Item& item : items_) {
-    if (item.action == Action::Use)
+    if (item.action == Action::kUse)
       continue;
     OdDbObject& copy = *lookup(mapping_.valueOf(item.source));
     const WriteScope scope(copy);
@@ -154,7 +154,7 @@ void Cloner::ensureApplications(const OdDbObject& object) {
 void Cloner::reportRenamed(const OdString& from, const OdString& to) {
   if (report_ == nullptr)
     return;
-  report_->add({"clone.renamed", Severity::Note, 0, -1, 0, "", "BLOCK",
+  report_->add({"clone.renamed", Severity::kNote, 0, -1, 0, "", "BLOCK",
                 "a nested definition is named \"" + from.toUtf8() + "\" like a block it must not be",
                 "it comes in as \"" + to.toUtf8() + "\""});
 }

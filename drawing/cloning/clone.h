@@ -32,13 +32,13 @@ public:
 
 private:
   enum class Action : char {
-    Make,    // a new object of the target
-    Replace, // an object of the target takes over the state
-    Use      // an object of the target stands for it
+    kMake,    // a new object of the target
+    kReplace, // an object of the target takes over the state
+    kUse      // an object of the target stands for it
   };
   struct Item {
     OdDbObjectId source;
-    Action action = Action::Make;
+    Action action = Action::kMake;
     OdDbObjectId target;    // Replace, Use
     OdDbObjectId container; // Make: the target's table or dictionary that takes it; null: where its owner is mapped to
     OdString name;          // in its table or dictionary

@@ -71,7 +71,7 @@ bool isSpace(const OdDbObject& object) {
 
 // What the object owns, and what it cannot do without.
 void Cloner::planTree(std::size_t item) {
-  if (items_[item].action == Action::Use)
+  if (items_[item].action == Action::kUse)
     return;
   planning_ = items_[item].source;
   OdDbObject& object = *lookup(items_[item].source);
@@ -80,7 +80,7 @@ void Cloner::planTree(std::size_t item) {
   for (OdDbObjectId id : owned) {
     const OdDbObject* part = lookup(id);
     if (part != nullptr && !part->isErased())
-      plan({id, Action::Make, {}, {}, {}, false});
+      plan({id, Action::kMake, {}, {}, {}, false});
   }
   planReferences(object);
 }
@@ -150,7 +150,7 @@ void Cloner::planNeeded(OdDbObjectId id) {
   if (auto* record = dynamic_cast<OdDbSymbolTableRecord*>(&object))
     planRecord(*record);
   else if (auto* table = dynamic_cast<OdDbSymbolTable*>(&object))
-    plan({id, Action::Use, target_.getSymbolTableId(table->kind()), {}, {}, false});
+    plan({id, Action::kUse, target_.getSymbolTableId(table->kind()), {}, {}, false});
   else if (!object.isKindOf(OdDbEntity::desc()) && !object.isKindOf(OdDbLayout::desc()))
     planEntry(object);
 }
@@ -214,9 +214,9 @@ void Cloner::planRecord(OdDbSymbolTableRecord& record) {
   const auto* table = getIf<OdDbSymbolTable>(tableId);
   if (table == nullptr)
     return;
-  Item item{record.objectId(), Action::Make, {}, tableId, record.getName(), false};
+  Item item{record.objectId(), Action::kMake, {}, tableId, record.getName(), false};
   if (const auto replacement = replacements_.find(record.objectId()); replacement != replacements_.end()) {
-    item.action = Action::Use;
+    item.action = Action::kUse;
     item.target = replacement->second;
     return plan(std::move(item));
   }
@@ -233,7 +233,7 @@ void Cloner::planRecord(OdDbSymbolTableRecord& record) {
       item.name = freeName(*table, record);
       reportRenamed(record.getName(), item.name);
     } else {
-      item.action = replaces ? Action::Replace : Action::Use;
+      item.action = replaces ? Action::kReplace : Action::kUse;
       item.target = present;
     }
   }
@@ -281,7 +281,7 @@ void Cloner::removeMadeDictionaries() {
 void Cloner::planEntry(OdDbObject& object) {
   if (object.isKindOf(OdDbDictionary::desc())) {
     if (OdDbDictionary* there = counterpart(object.objectId()))
-      plan({object.objectId(), Action::Use, there->objectId(), {}, {}, false});
+      plan({object.objectId(), Action::kUse, there->objectId(), {}, {}, false});
     return;
   }
   const auto* container = getIf<OdDbDictionary>(object.ownerId());
@@ -289,12 +289,12 @@ void Cloner::planEntry(OdDbObject& object) {
   if (there == nullptr)
     return;
   const OdString name = container->nameAt(object.objectId());
-  Item item{object.objectId(), Action::Make, {}, there->objectId(), name, false};
+  Item item{object.objectId(), Action::kMake, {}, there->objectId(), name, false};
   const OdDbObjectId present = there->getAt(name);
   if (const OdDbObject* same = lookup(present); same != nullptr) {
     item.target = present;
     const bool replaces = duplicates_ == OdDb::kDrcReplace && same->isA() == object.isA();
-    item.action = replaces ? Action::Replace : Action::Use;
+    item.action = replaces ? Action::kReplace : Action::kUse;
   }
   plan(std::move(item));
 }
@@ -307,7 +307,7 @@ void Cloner::planDynamicBlockData() {
     return;
   }
   planned_.emplace(contentsOf_, 0); // the owner stands for it
-  plan({dynamicData, Action::Make, {}, {}, kDynamicBlockKey, false});
+  plan({dynamicData, Action::kMake, {}, {}, kDynamicBlockKey, false});
 }
 
 OdResult Cloner::run(const std::vector<OdDbObjectId>& primaries) {
@@ -323,7 +323,7 @@ OdResult Cloner::run(const std::vector<OdDbObjectId>& primaries) {
   if (!crosses() && closesCycle(primaries))
     return eSelfReference;
   for (OdDbObjectId id : primaries)
-    plan({id, Action::Make, {}, {}, {}, true});
+    plan({id, Action::kMake, {}, {}, {}, true});
   planDynamicBlockData();
   for (std::size_t i = 0; i < items_.size(); ++i) {
     if (items_.size() > mapping_.objectLimit()) {
@@ -335,9 +335,9 @@ OdResult Cloner::run(const std::vector<OdDbObjectId>& primaries) {
   if (!contentsOf_.isNull())
     items_[primaries.size()].container = getIf<OdDbBlockTableRecord>(owner_)->createExtensionDictionary();
   for (const Item& item : items_) {
-    if (item.action == Action::Make)
+    if (item.action == Action::kMake)
       make(item);
-    else if (item.action == Action::Replace)
+    else if (item.action == Action::kReplace)
       replace(item);
     else
       mapping_.assign(OdDbIdPair(item.source, item.target, false, false));

@@ -75,15 +75,15 @@ std::vector<OdGeMatrix3d> instanceTransforms(const OdDbBlockReference& reference
 ExplodeRefusal refusalOf(OdDbObjectId id) {
   const OdDbBlockReferencePtr reference = OdDbBlockReference::cast(id.safeOpenObject());
   if (reference.isNull())
-    return ExplodeRefusal::NotAReference;
+    return ExplodeRefusal::kNotAReference;
   if (reference->isOnLockedLayer())
-    return ExplodeRefusal::OnLockedLayer;
+    return ExplodeRefusal::kOnLockedLayer;
   const auto block = OdDbBlockTableRecord::cast(reference->blockTableRecord().safeOpenObject());
   if (block.isNull())
-    return ExplodeRefusal::NoDefinition;
+    return ExplodeRefusal::kNoDefinition;
   if (block->isFromExternalReference() || block->getName().find(L'|') >= 0)
-    return ExplodeRefusal::External;
-  return block->explodable() ? ExplodeRefusal::None : ExplodeRefusal::NotAllowed;
+    return ExplodeRefusal::kExternal;
+  return block->explodable() ? ExplodeRefusal::kNone : ExplodeRefusal::kNotAllowed;
 }
 
 class Exploding {
@@ -96,7 +96,7 @@ public:
     splitContents();
     const std::vector<OdGeMatrix3d> transforms = instanceTransforms(*reference_, *block_);
     if (transforms.size() * (contents_.size() + 1) > options_.objects) {
-      result_.refusal = ExplodeRefusal::TooMuch;
+      result_.refusal = ExplodeRefusal::kTooMuch;
       return result_;
     }
     for (const OdGeMatrix3d& transform : transforms)
@@ -153,7 +153,7 @@ private:
     for (const OdDbObjectId id : result_.made)
       id.safeOpenObject(OdDb::kForWrite)->erase();
     result_.made.clear();
-    result_.refusal = ExplodeRefusal::CannotPlace;
+    result_.refusal = ExplodeRefusal::kCannotPlace;
     return result_;
   }
 
@@ -203,7 +203,7 @@ private:
 Exploded explodeReference(OdDbObjectId reference, const ExplodeOptions& options) {
   Exploded result;
   result.refusal = refusalOf(reference);
-  return result.refusal == ExplodeRefusal::None ? Exploding(reference, options).run() : result;
+  return result.refusal == ExplodeRefusal::kNone ? Exploding(reference, options).run() : result;
 }
 
 } // namespace drawing

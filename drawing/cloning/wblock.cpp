@@ -50,8 +50,8 @@ constexpr std::string_view kDisplayVariables[] = {"ANGBASE",
 
 // The current style and the arrows of new dimensions are records, which may not come along.
 bool isDisplayVariable(std::string_view name, const GroupList& groups) {
-  const bool isNumber = !groups.empty() && groups[0].kind != GroupKind::Text && groups[0].kind != GroupKind::Handle &&
-                        groups[0].kind != GroupKind::Reference;
+  const bool isNumber = !groups.empty() && groups[0].kind != GroupKind::kText && groups[0].kind != GroupKind::kHandle &&
+                        groups[0].kind != GroupKind::kReference;
   const bool isDimension = name.substr(0, 3) == "DIM";
   return isNumber && (isDimension || std::find(std::begin(kDisplayVariables), std::end(kDisplayVariables), name) !=
                                          std::end(kDisplayVariables));

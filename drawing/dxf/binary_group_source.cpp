@@ -32,14 +32,14 @@ bool hasShortCodes(std::string_view groups) {
 
 std::size_t binarySizeOf(GroupKind kind) {
   switch (kind) {
-  case GroupKind::Bool:
+  case GroupKind::kBool:
     return 1;
-  case GroupKind::Int16:
+  case GroupKind::kInt16:
     return 2;
-  case GroupKind::Int32:
+  case GroupKind::kInt32:
     return 4;
-  case GroupKind::Int64:
-  case GroupKind::Real:
+  case GroupKind::kInt64:
+  case GroupKind::kReal:
     return 8;
   default:
     return 0;
@@ -51,7 +51,7 @@ BinaryGroupSource::BinaryGroupSource(std::string_view content, Report& report)
       shortCodes_(hasShortCodes(content.substr(at_))) {}
 
 void BinaryGroupSource::addIssue(const char* code, int groupCode, const char* found, const char* done) {
-  report_.add({code, Severity::Lost, at_, groupCode, 0, "", "", found, done, true});
+  report_.add({code, Severity::kLost, at_, groupCode, 0, "", "", found, done, true});
 }
 
 bool BinaryGroupSource::code(int& value) {
@@ -79,7 +79,7 @@ bool BinaryGroupSource::text(RawGroup& group) {
   const std::size_t end = content_.find('\0', at_);
   if (end == std::string_view::npos)
     return false;
-  group.form = RawGroup::Form::Text;
+  group.form = RawGroup::Form::kText;
   group.text = content_.substr(at_, end - at_);
   if (hasLineBreak(group.text)) {
     breakToCarets(group.text, unbroken_.emplace_back());
@@ -93,7 +93,7 @@ bool BinaryGroupSource::bytes(RawGroup& group) {
   const std::size_t size = left() == 0 ? 0 : static_cast<unsigned char>(content_[at_]);
   if (left() < size + 1)
     return false;
-  group.form = RawGroup::Form::Bytes;
+  group.form = RawGroup::Form::kBytes;
   group.text = content_.substr(at_ + 1, size);
   at_ += size + 1;
   return true;
@@ -104,12 +104,12 @@ bool BinaryGroupSource::number(RawGroup& group, std::size_t size) {
     return false;
   const std::uint64_t bits = lowFirst(content_.substr(at_, size));
   group.text = {};
-  if (groupKindOf(group.code) == GroupKind::Real) {
-    group.form = RawGroup::Form::Real;
+  if (groupKindOf(group.code) == GroupKind::kReal) {
+    group.form = RawGroup::Form::kReal;
     static_assert(sizeof group.real == sizeof bits);
     std::memcpy(&group.real, &bits, sizeof bits);
   } else {
-    group.form = RawGroup::Form::Integer;
+    group.form = RawGroup::Form::kInteger;
     group.integer = signExtended(bits, size);
   }
   at_ += size;
@@ -118,7 +118,7 @@ bool BinaryGroupSource::number(RawGroup& group, std::size_t size) {
 
 bool BinaryGroupSource::value(RawGroup& group) {
   const GroupKind kind = groupKindOf(group.code);
-  if (kind == GroupKind::Binary)
+  if (kind == GroupKind::kBinary)
     return bytes(group);
   const std::size_t size = binarySizeOf(kind);
   return size == 0 ? text(group) : number(group, size);

@@ -55,7 +55,7 @@ void BinaryWriter::plain(int number, std::string_view text) {
 }
 
 void BinaryWriter::doesNotFit(int code, std::string_view text) {
-  lost({"dxf.value-not-in-binary", Severity::Lost, 0, code, 0, "", "",
+  lost({"dxf.value-not-in-binary", Severity::kLost, 0, code, 0, "", "",
         "the value \"" + std::string(text.substr(0, 40)) + "\" does not fit its group code",
         "binary files have no place for it; the group is left out"});
 }
@@ -102,11 +102,11 @@ void BinaryWriter::binary(int number, std::string_view bytes) {
 // only not finite.
 void BinaryWriter::unparsed(int number, std::string_view text) {
   const GroupKind kind = groupKindOf(number);
-  if (kind == GroupKind::Text || kind == GroupKind::Handle || kind == GroupKind::Reference)
+  if (kind == GroupKind::kText || kind == GroupKind::kHandle || kind == GroupKind::kReference)
     return plain(number, text);
   double value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (kind == GroupKind::Real && error == std::errc() && end == text.data() + text.size())
+  if (kind == GroupKind::kReal && error == std::errc() && end == text.data() + text.size())
     return real(number, value);
   doesNotFit(number, text);
 }

@@ -42,13 +42,13 @@ struct Evidence {
 
 Encoding encodingOf(const FileInfo& info, GroupSource& source) {
   const bool isUtf8 = info.version >= OdDb::kRelease2007;
-  Encoding declared{isUtf8 ? std::string() : info.codePage, isUtf8 ? TextCodec::Mode::Utf8 : TextCodec::Mode::CodePage,
-                    false};
+  Encoding declared{isUtf8 ? std::string() : info.codePage,
+                    isUtf8 ? TextCodec::Mode::kUtf8 : TextCodec::Mode::kCodePage, false};
   TextCodec page(info.codePage);
   Evidence evidence;
   std::string buffer;
   for (RawGroup group; source.next(group);) {
-    if (group.form != RawGroup::Form::Text || isAscii(group.text))
+    if (group.form != RawGroup::Form::kText || isAscii(group.text))
       continue;
     evidence.add(group.text);
     page.decode(group.text, buffer); // counts what is no character
@@ -57,12 +57,12 @@ Encoding encodingOf(const FileInfo& info, GroupSource& source) {
   if (isUtf8) {
     const bool isOther = evidence.otherTexts != 0 && evidence.utf8Texts == 0 && page.undecodable() == 0 &&
                          page.isKnown() && number != kUtf8Page;
-    return isOther ? Encoding{info.codePage, TextCodec::Mode::CodePage, true} : declared;
+    return isOther ? Encoding{info.codePage, TextCodec::Mode::kCodePage, true} : declared;
   }
   const bool isAccident = hasDoubleBytes(number) && (evidence.characters < 3 || !evidence.longOnes);
   if (number == kUtf8Page || evidence.utf8Texts == 0 || evidence.otherTexts != 0 || isAccident)
     return declared;
-  return {"", TextCodec::Mode::Utf8, true};
+  return {"", TextCodec::Mode::kUtf8, true};
 }
 
 } // namespace drawing::dxf

@@ -11,7 +11,7 @@ class GroupSource;
 // What the file says, and what its texts say against it.
 struct Encoding {
   std::string page; // for a codec
-  TextCodec::Mode mode = TextCodec::Mode::CodePage;
+  TextCodec::Mode mode = TextCodec::Mode::kCodePage;
   bool isContradicted = false;
 };
 

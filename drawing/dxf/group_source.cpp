@@ -83,7 +83,7 @@ bool TextGroupSource::line(std::string_view& text, bool isValue) {
 // What programs before others would stumble over; told once each.
 void TextGroupSource::recordLineEnding(int ending, std::size_t length) {
   const auto addIssue = [this](const char* code, const char* found) {
-    report_.add({code, Severity::Note, lineNumber_, -1, 0, "", "", found, "it is read all the same"});
+    report_.add({code, Severity::kNote, lineNumber_, -1, 0, "", "", found, "it is read all the same"});
   };
   const int before = std::exchange(endings_, endings_ | ending);
   if (before != 0 && before != endings_ && (before & (before - 1)) == 0)
@@ -116,7 +116,7 @@ bool TextGroupSource::code(int& value) {
     const bool space = text.find_first_not_of(" \t\x1a") == std::string_view::npos;
     if (space && at_ >= end_)
       return false; // the file's last line
-    report_.add({"dxf.group-code-expected", Severity::Lost, lineNumber_, -1, 0, "", "",
+    report_.add({"dxf.group-code-expected", Severity::kLost, lineNumber_, -1, 0, "", "",
                  "the line \"" + std::string(text.substr(0, 40)) + "\" is no group code", "the line is passed over"});
   }
   return false;
@@ -125,10 +125,10 @@ bool TextGroupSource::code(int& value) {
 bool TextGroupSource::next(RawGroup& group) {
   if (!code(group.code))
     return false;
-  group.form = RawGroup::Form::Text;
+  group.form = RawGroup::Form::kText;
   if (!line(group.text, true)) {
-    report_.add({"dxf.cut-off", Severity::Lost, lineNumber_, group.code, 0, "", "", "the file ends behind a group code",
-                 "the group is dropped"});
+    report_.add({"dxf.cut-off", Severity::kLost, lineNumber_, group.code, 0, "", "",
+                 "the file ends behind a group code", "the group is dropped"});
     return false;
   }
   group.line = lineNumber_;

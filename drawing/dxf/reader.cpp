@@ -47,7 +47,7 @@ bool Reader::inRun(std::string_view end, std::initializer_list<std::string_view>
   }
   if (record_[0].code != 0 || std::find(larger.begin(), larger.end(), record_[0].text) == larger.end())
     return true;
-  builder_.report("dxf.end-missing", Severity::Repaired,
+  builder_.report("dxf.end-missing", Severity::kRepaired,
                   "\"" + std::string(end) + "\" is missing in front of this record", "what came before it is kept");
   again_ = true;
   return false;
@@ -74,7 +74,7 @@ void Reader::readOutsideSections() {
   else if (record_[0].code == 999)
     database_.fileInfo().comments.push_back(std::string(record_[0].text));
   else if (record_[0].text == "ENDSEC")
-    builder_.report("dxf.stray-section-end", Severity::Repaired, "an end of a section without a section",
+    builder_.report("dxf.stray-section-end", Severity::kRepaired, "an end of a section without a section",
                     "it is dropped");
   else if (record_[0].code == 0)
     builder_.reportSkipped("dxf.outside-section", "a record outside every section");
@@ -84,9 +84,9 @@ void Reader::readOutsideSections() {
 
 void Reader::checkEnd() {
   if (!sawEnd_)
-    builder_.report("dxf.no-end-of-file", Severity::Repaired, "the file has no end mark", "what came is kept");
+    builder_.report("dxf.no-end-of-file", Severity::kRepaired, "the file has no end mark", "what came is kept");
   else if (source_.hasRest())
-    builder_.report("dxf.behind-end", Severity::Lost, "there is something behind the end mark of the file",
+    builder_.report("dxf.behind-end", Severity::kLost, "there is something behind the end mark of the file",
                     "it is passed over");
 }
 
@@ -94,7 +94,7 @@ void Reader::checkEnd() {
 void Reader::checkRest(std::size_t from) {
   for (std::size_t i = from; i < record_.size(); ++i)
     builder_.context().addIssue(
-        {"dxf.stray-group", Severity::Lost, 0, -1, 0, "", "", "a group that belongs to nothing", "it is passed over"},
+        {"dxf.stray-group", Severity::kLost, 0, -1, 0, "", "", "a group that belongs to nothing", "it is passed over"},
         &record_[i]);
 }
 
@@ -103,7 +103,7 @@ void Reader::readSection() {
   const std::string_view name = isNamed ? record_[1].text : std::string_view();
   builder_.context().setSection(name);
   if (!sections_.emplace(name).second)
-    builder_.report("dxf.section-repeated", Severity::Note, "a section of this name came before", "it is read, too");
+    builder_.report("dxf.section-repeated", Severity::kNote, "a section of this name came before", "it is read, too");
   if (const SectionHandler* known = handlerOf(name)) {
     sawSection_ = true; // opaque sections alone make no drawing
     if (name != "HEADER")
@@ -122,7 +122,7 @@ const Reader::SectionHandler* Reader::handlerOf(std::string_view name) {
   if (known == std::end(kHandlers))
     return nullptr;
   if (known < std::exchange(furthest_, std::max<const SectionHandler*>(furthest_, known)))
-    builder_.report("dxf.section-order", Severity::Note, "this section belongs in front of one that came before",
+    builder_.report("dxf.section-order", Severity::kNote, "this section belongs in front of one that came before",
                     "it is read all the same");
   return known;
 }
@@ -142,7 +142,7 @@ void Reader::readHeader() {
       builder_.context().append(*variable, group);
     } else {
       builder_.context().addIssue(
-          {"dxf.header-value", Severity::Lost, 0, -1, 0, "", "", "a value without a variable", "it is dropped"},
+          {"dxf.header-value", Severity::kLost, 0, -1, 0, "", "", "a value without a variable", "it is dropped"},
           &group);
     }
   }
@@ -176,12 +176,12 @@ void Reader::readTable() {
   const std::string_view name = record_.size() > 1 && record_[1].code == 2 ? record_[1].text : std::string_view();
   const OdDb::SymbolTableKind kind = tableKindOf(name);
   if (kind == OdDb::kNoTable) {
-    builder_.report("dxf.unknown-table", Severity::Lost, "a table of the unknown name \"" + std::string(name) + "\"",
+    builder_.report("dxf.unknown-table", Severity::kLost, "a table of the unknown name \"" + std::string(name) + "\"",
                     "it is passed over");
     return;
   }
   if (!tables_.insert(kind).second)
-    builder_.report("dxf.table-repeated", Severity::Note, "a table of this kind came before",
+    builder_.report("dxf.table-repeated", Severity::kNote, "a table of this kind came before",
                     "its records are read, too");
   Record preamble(record_.begin() + 1, record_.end()); // the name is where records have their handle
   preamble[0] = record_[0];
@@ -226,7 +226,7 @@ void Reader::correctVersion() {
   if (database_.fileInfo().version >= OdDb::kRelease13)
     return;
   database_.fileInfo().version = OdDb::kRelease2000;
-  builder_.report("dxf.version-contradicted", Severity::Note,
+  builder_.report("dxf.version-contradicted", Severity::kNote,
                   "the file says an early version and holds objects of later ones",
                   "it is taken for one of version 2000");
 }

@@ -109,7 +109,7 @@ void Writer::header() {
     sink_.handle(5, database_.handseed());
   }
   if (!missing.empty())
-    sink_.lost({"dxf.variables-not-in-version", Severity::Note, 0, -1, 0, "HEADER", "HEADER",
+    sink_.lost({"dxf.variables-not-in-version", Severity::kNote, 0, -1, 0, "HEADER", "HEADER",
                 missing + " do not exist in version " + versionYear(sink_.version()), "they are left out"});
 }
 

@@ -48,7 +48,7 @@ bool OdDbModelerGeometry::hasTextBody() const {
 std::string OdDbModelerGeometry::textBody() const {
   std::string text;
   for (std::size_t i = 0; i < groups_.size(); ++i) {
-    if (groups_[i].kind != drawing::GroupKind::Text || (groups_[i].code != 1 && groups_[i].code != 3))
+    if (groups_[i].kind != drawing::GroupKind::kText || (groups_[i].code != 1 && groups_[i].code != 3))
       continue;
     if (groups_[i].code == 1 && !text.empty())
       text += '\n';

@@ -25,7 +25,7 @@ int OdDbSubDMesh::subdivisionLevel() const {
 }
 
 OdResult OdDbSubDMesh::applyTransform(const OdGeMatrix3d& matrix) {
-  static constexpr drawing::GroupRole kRoles[] = {{10, drawing::GeometricRole::Point}};
+  static constexpr drawing::GroupRole kRoles[] = {{10, drawing::GeometricRole::kPoint}};
   drawing::transformRawGroups(groups_, 0, groups_.size(), kRoles, matrix, 1);
   return eOk;
 }

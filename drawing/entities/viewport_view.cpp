@@ -40,7 +40,7 @@ void addViewportView(const GroupList& groups, GroupList& xData) {
   xData.utf8(1002, "{");
   for (std::size_t i = 0; i < groups.size(); ++i) {
     const bool isFrozenLayer =
-        groups[i].kind == GroupKind::Reference && (groups[i].code == 331 || groups[i].code == 341);
+        groups[i].kind == GroupKind::kReference && (groups[i].code == 331 || groups[i].code == 341);
     if (isFrozenLayer && getIf<OdDbLayerTableRecord>(groups.idOf(groups[i])) != nullptr)
       xData.text(1003, symbolName(groups.idOf(groups[i])));
   }
@@ -65,7 +65,7 @@ View viewIn(const GroupList& xData) {
     at = xData.find(1000, at + 1);
   for (; at < xData.size() && xData[at].code != 1001; ++at) {
     const Group& group = xData[at];
-    if (group.kind == GroupKind::Real)
+    if (group.kind == GroupKind::kReal)
       (group.code == 1040 ? view.reals : view.coordinates).push_back(group.real);
     else if (group.code == 1070)
       view.integers.push_back(group.integer);

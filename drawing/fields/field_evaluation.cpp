@@ -79,9 +79,9 @@ Computed headerVariable(const OdDbDatabase& database, const FieldCode& code) {
   const Group& first = (*groups)[0];
   if (groups->size() > 1)
     return failed(eNotImplementedYet);
-  if (first.kind == GroupKind::Text)
+  if (first.kind == GroupKind::kText)
     return formatted(formatText(groups->stringOf(first), code.format));
-  if (first.kind == GroupKind::Real)
+  if (first.kind == GroupKind::kReal)
     return formattedNumber(first.real, code, database);
   if (groupKindOf(first.code) == first.kind && code.format.isEmpty() && first.kind != GroupKind::kUnparsed)
     return formatted(OdString(std::to_wstring(first.integer)), static_cast<double>(first.integer));

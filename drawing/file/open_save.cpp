@@ -46,7 +46,7 @@ std::string headerText(std::string_view content, std::string_view variable) {
 }
 
 void addHeaderIssue(Report& report, const char* code, std::string found, std::string done) {
-  report.add({code, Severity::Note, 0, -1, 0, "HEADER", "", std::move(found), std::move(done)});
+  report.add({code, Severity::kNote, 0, -1, 0, "HEADER", "", std::move(found), std::move(done)});
 }
 
 // A signature that we do not know is that of an older program when it is less than the first one we do, of a newer one
@@ -75,7 +75,7 @@ ReadResult refuse(OdResult code, std::string message) {
   ReadResult result;
   result.result = code;
   result.message = message;
-  result.report.add({"file.refused", Severity::Fatal, 0, -1, 0, "", "", std::move(message), ""});
+  result.report.add({"file.refused", Severity::kFatal, 0, -1, 0, "", "", std::move(message), ""});
   return result;
 }
 
@@ -103,7 +103,7 @@ void reportUndecodable(const dxf::TextCodec& codec, std::string_view content, bo
   if (codec.undecodable() == 0)
     return;
   const std::uint64_t place = locationIn(content, codec.firstUndecodable(), binary);
-  report.add({"dxf.text-undecodable", Severity::Note, place, -1, 0, "", "",
+  report.add({"dxf.text-undecodable", Severity::kNote, place, -1, 0, "", "",
               std::to_string(codec.undecodable()) + " bytes are no text in the code page of the file",
               "they are kept as they are"});
 }
@@ -126,7 +126,7 @@ dxf::Encoding encodingFor(std::string_view content, const FileInfo& info, const 
   const dxf::Encoding encoding = dxf::encodingOf(info, *source);
   if (encoding.isContradicted)
     addHeaderIssue(report, "dxf.encoding-contradicted",
-                   encoding.mode == dxf::TextCodec::Mode::Utf8
+                   encoding.mode == dxf::TextCodec::Mode::kUtf8
                        ? "the texts are UTF-8 and not in the code page " + info.codePage + " that the file declares"
                        : "the texts are not UTF-8, but in the code page " + encoding.page,
                    "they are read as what they are");
@@ -178,11 +178,11 @@ ReadResult readDrawingFromMemory(std::string_view content, const std::string& na
     return refuse(eBudgetExceeded, name + ": the file is larger than the " + std::to_string(options.budget.bytes) +
                                        " bytes of memory that are allowed");
   switch (formOf(content, &signature)) {
-  case FileForm::TextDxf:
+  case FileForm::kTextDxf:
     return readGroups(content, name, options, false);
-  case FileForm::BinaryDxf:
+  case FileForm::kBinaryDxf:
     return readGroups(content, name, options, true);
-  case FileForm::Dwg: {
+  case FileForm::kDwg: {
     const std::string year = versionYear(versionFromSignature(signature));
     return refuse(eUnsupportedFileFormat, name + ": DWG " + (year.empty() ? "" : year + " ") + "(" + signature +
                                               ") cannot be read; convert it to DXF first");
@@ -197,7 +197,7 @@ ReadResult readDrawing(const std::string& path, const ReadOptions& options) {
   // A pipe or a device may never end, and what it brings is held beside the drawing.
   constexpr std::uint64_t kLargestStream = std::uint64_t{1} << 30;
   FileStatus status;
-  const bool isFile = fileOperations().stat(path, status).ok() && status.kind == FileStatus::Kind::Regular;
+  const bool isFile = fileOperations().stat(path, status).ok() && status.kind == FileStatus::Kind::kRegular;
   const std::uint64_t usual = std::min(usualMemory(UINT64_MAX), isFile ? UINT64_MAX : kLargestStream);
   const std::uint64_t limit = options.budget.bytes == 0 ? usual : options.budget.bytes;
   if (const FileError error = file.open(path, limit); !error.ok())
@@ -228,7 +228,7 @@ class CountingSink final : public GroupSink {
 };
 
 bool isBinary(const OdDbDatabase& database, WriteOptions::Form form) {
-  return form == WriteOptions::AsRead ? database.fileInfo().binary : form == WriteOptions::Binary;
+  return form == WriteOptions::kAsRead ? database.fileInfo().binary : form == WriteOptions::kBinary;
 }
 
 // The first pass only counts: the header says which handles the file does not use.
@@ -244,7 +244,7 @@ void writeTo(const OdDbDatabase& given, const WriteOptions& options, const dxf::
   const OdDb::DwgVersion version = targetVersion(given, options);
   const OdDbDatabasePtr copy = options.attributesAsStored ? nullptr : dxf::copyForVersion(given, version);
   const OdDbDatabase& database = copy.isNull() ? given : *copy;
-  dxf::TextCodec codec = version >= OdDb::kRelease2007 ? dxf::TextCodec({}, dxf::TextCodec::Mode::Utf8)
+  dxf::TextCodec codec = version >= OdDb::kRelease2007 ? dxf::TextCodec({}, dxf::TextCodec::Mode::kUtf8)
                                                        : dxf::TextCodec(database.fileInfo().codePage);
   codec.escapeAmbiguousText();
   dxf::FormWriter::Target target{output, codec, version, version >= database.fileInfo().version, losses};

@@ -30,7 +30,7 @@ std::vector<OdDbObjectId> attributesToChange(const OdDbDatabase& database, bool 
 // Handles and all: what a file of the drawing's own version gives back.
 OdDbDatabasePtr copyOf(const OdDbDatabase& database) {
   WriteOptions options;
-  options.form = WriteOptions::Text;
+  options.form = WriteOptions::kText;
   options.version = std::max(database.fileInfo().version, OdDb::kRelease2000);
   options.attributesAsStored = true;
   return readDrawingFromMemory(writeDrawingToMemory(database, options), "copy").database;

@@ -28,7 +28,7 @@ FileError MappedFile::open(const std::string& path, std::uint64_t maxBytes) {
   clear();
   operations_ = &fileOperations();
   FileHandle file;
-  FileError error = operations_->open(path, FileOpen::Read, file);
+  FileError error = operations_->open(path, FileOpen::kRead, file);
   if (error.ok())
     error = take(file, maxBytes);
   operations_->close(file); // nothing was written: a failure here loses nothing

@@ -58,7 +58,7 @@ public:
 
   FileError create(std::uint32_t permissions) {
     return made(withFreeName(target_, name_, [&](const std::string& name) {
-      return operations_.open(name, FileOpen::CreateNew, file_, permissions);
+      return operations_.open(name, FileOpen::kCreateNew, file_, permissions);
     }));
   }
 
@@ -125,20 +125,20 @@ FileError probe(FileOperations& operations, const std::string& path, bool refuse
     return missing;
   target.exists = true;
   if (refuseExisting)
-    return fileError(FileAction::Write, path, EEXIST);
-  if (target.status.kind == FileStatus::Kind::Folder)
-    return fileError(FileAction::Write, path, EISDIR);
-  if (target.status.kind != FileStatus::Kind::Regular)
-    return fileError(FileAction::Write, path, EINVAL);
+    return fileError(FileAction::kWrite, path, EEXIST);
+  if (target.status.kind == FileStatus::Kind::kFolder)
+    return fileError(FileAction::kWrite, path, EISDIR);
+  if (target.status.kind != FileStatus::Kind::kRegular)
+    return fileError(FileAction::kWrite, path, EINVAL);
   FileHandle file; // renaming asks the folder only; a file that is protected shall stay
-  if (FileError error = operations.open(target.path, FileOpen::Write, file); !error.ok())
+  if (FileError error = operations.open(target.path, FileOpen::kWrite, file); !error.ok())
     return error;
   return operations.close(file);
 }
 
 FileError copyTo(FileOperations& operations, const std::string& from, FileSink& sink) {
   FileHandle file;
-  FileError error = operations.open(from, FileOpen::Read, file);
+  FileError error = operations.open(from, FileOpen::kRead, file);
   std::vector<char> piece(kBuffer);
   for (std::size_t got = 1; error.ok() && got != 0;) {
     error = operations.read(file, piece, got);
@@ -170,7 +170,7 @@ FileError makeBackup(FileOperations& operations, const Target& target) {
     return found;
   if (found.ok() && backup.file == target.status.file && backup.device == target.status.device)
     return {};
-  return temporary.moveTo(path, FileRename::Replace);
+  return temporary.moveTo(path, FileRename::kReplace);
 }
 
 } // namespace
@@ -213,7 +213,7 @@ FileError replaceFile(const std::string& path, const FileWriter& writer, Replace
   if (error.ok() && options.keepBackup && target.exists)
     error = makeBackup(operations, target);
   if (error.ok())
-    error = temporary.moveTo(target.path, options.refuseExisting ? FileRename::KeepExisting : FileRename::Replace);
+    error = temporary.moveTo(target.path, options.refuseExisting ? FileRename::kKeepExisting : FileRename::kReplace);
   if (!error.ok())
     return error;
   FileError unsynced = operations.syncFolder(folderOf(target.path));

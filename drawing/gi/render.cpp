@@ -48,16 +48,16 @@ public:
 private:
   void one(const Item& item, const Pen& pen) {
     switch (item.kind) {
-    case ItemKind::Stroke:
+    case ItemKind::kStroke:
       return stroke(item, pen);
-    case ItemKind::Fill:
+    case ItemKind::kFill:
       return fill(item);
     case ItemKind::kGlyphs:
       return glyphs(item);
     case ItemKind::kPointSymbol:
       return pointSymbol(list_.pointSymbols[item.first], pen);
-    case ItemKind::HalfLine:
-    case ItemKind::FullLine:
+    case ItemKind::kHalfLine:
+    case ItemKind::kFullLine:
       return endless(item, pen);
     }
   }
@@ -185,7 +185,7 @@ private:
     const OdGeVector2d way = (to - from).normal();
     // As far as the picture is from the base point, and across it.
     const double reach = device_.reachFrom(from);
-    path_ = {item.kind == ItemKind::FullLine ? from - way * reach : from, from + way * reach};
+    path_ = {item.kind == ItemKind::kFullLine ? from - way * reach : from, from + way * reach};
     strokePath(pen);
   }
 

@@ -37,7 +37,7 @@ std::int64_t integerOf(Groups groups, int code, std::int64_t absent) {
     if (group.code != code)
       continue;
     std::int64_t value = absent;
-    if (group.form == RawGroup::Form::Integer)
+    if (group.form == RawGroup::Form::kInteger)
       return group.integer;
     const std::string_view text = withoutBlanks(group.text);
     std::from_chars(text.data(), text.data() + text.size(), value);

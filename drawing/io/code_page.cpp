@@ -11,10 +11,10 @@ namespace {
 
 constexpr std::uint32_t kNotConverted = 0xFFFFFFFF;
 constexpr std::uint32_t kNone = 0xFFFFFFFE;
-constexpr int kIso = 28590;
-constexpr int kMacintosh = 10000;
+constexpr int kIsoNumber = 28590;
+constexpr int kMacintoshNumber = 10000;
 
-enum class Family : std::uint8_t { Ansi, Dos, Iso, Macintosh, Utf8 };
+enum class Family : std::uint8_t { kAnsi, kDos, kIso, kMacintosh, kUtf8 };
 
 struct Page {
   int number;
@@ -24,53 +24,53 @@ struct Page {
 };
 
 constexpr Page kPages[] = {
-    {874, Family::Ansi, "CP874"},
-    {932, Family::Ansi, "CP932", 2},
-    {936, Family::Ansi, "GB18030", 4}, // files of that page hold its four-byte extension too
-    {949, Family::Ansi, "CP949", 2},
-    {950, Family::Ansi, "CP950", 2},
-    {1250, Family::Ansi, "CP1250"},
-    {1251, Family::Ansi, "CP1251"},
-    {1252, Family::Ansi, "CP1252"},
-    {1253, Family::Ansi, "CP1253"},
-    {1254, Family::Ansi, "CP1254"},
-    {1255, Family::Ansi, "CP1255"},
-    {1256, Family::Ansi, "CP1256"},
-    {1257, Family::Ansi, "CP1257"},
-    {1258, Family::Ansi, "CP1258"},
-    {1361, Family::Ansi, "JOHAB", 2},
-    {437, Family::Dos, "CP437"},
-    {737, Family::Dos, "CP737"},
-    {775, Family::Dos, "CP775"},
-    {850, Family::Dos, "CP850"},
-    {852, Family::Dos, "CP852"},
-    {855, Family::Dos, "CP855"},
-    {857, Family::Dos, "CP857"},
-    {858, Family::Dos, "CP858"},
-    {860, Family::Dos, "CP860"},
-    {861, Family::Dos, "CP861"},
-    {862, Family::Dos, "CP862"},
-    {863, Family::Dos, "CP863"},
-    {864, Family::Dos, "CP864"},
-    {865, Family::Dos, "CP865"},
-    {866, Family::Dos, "CP866"},
-    {869, Family::Dos, "CP869"},
-    {kMacintosh, Family::Macintosh, "MACINTOSH"},
-    {kIso + 1, Family::Iso, "ISO-8859-1"},
-    {kIso + 2, Family::Iso, "ISO-8859-2"},
-    {kIso + 3, Family::Iso, "ISO-8859-3"},
-    {kIso + 4, Family::Iso, "ISO-8859-4"},
-    {kIso + 5, Family::Iso, "ISO-8859-5"},
-    {kIso + 6, Family::Iso, "ISO-8859-6"},
-    {kIso + 7, Family::Iso, "ISO-8859-7"},
-    {kIso + 8, Family::Iso, "ISO-8859-8"},
-    {kIso + 9, Family::Iso, "ISO-8859-9"},
-    {kIso + 10, Family::Iso, "ISO-8859-10"},
-    {kIso + 13, Family::Iso, "ISO-8859-13"},
-    {kIso + 14, Family::Iso, "ISO-8859-14"},
-    {kIso + 15, Family::Iso, "ISO-8859-15"},
-    {kIso + 16, Family::Iso, "ISO-8859-16"},
-    {kUtf8Page, Family::Utf8, "UTF-8", 4},
+    {874, Family::kAnsi, "CP874"},
+    {932, Family::kAnsi, "CP932", 2},
+    {936, Family::kAnsi, "GB18030", 4}, // files of that page hold its four-byte extension too
+    {949, Family::kAnsi, "CP949", 2},
+    {950, Family::kAnsi, "CP950", 2},
+    {1250, Family::kAnsi, "CP1250"},
+    {1251, Family::kAnsi, "CP1251"},
+    {1252, Family::kAnsi, "CP1252"},
+    {1253, Family::kAnsi, "CP1253"},
+    {1254, Family::kAnsi, "CP1254"},
+    {1255, Family::kAnsi, "CP1255"},
+    {1256, Family::kAnsi, "CP1256"},
+    {1257, Family::kAnsi, "CP1257"},
+    {1258, Family::kAnsi, "CP1258"},
+    {1361, Family::kAnsi, "JOHAB", 2},
+    {437, Family::kDos, "CP437"},
+    {737, Family::kDos, "CP737"},
+    {775, Family::kDos, "CP775"},
+    {850, Family::kDos, "CP850"},
+    {852, Family::kDos, "CP852"},
+    {855, Family::kDos, "CP855"},
+    {857, Family::kDos, "CP857"},
+    {858, Family::kDos, "CP858"},
+    {860, Family::kDos, "CP860"},
+    {861, Family::kDos, "CP861"},
+    {862, Family::kDos, "CP862"},
+    {863, Family::kDos, "CP863"},
+    {864, Family::kDos, "CP864"},
+    {865, Family::kDos, "CP865"},
+    {866, Family::kDos, "CP866"},
+    {869, Family::kDos, "CP869"},
+    {kMacintoshNumber, Family::kMacintosh, "MACINTOSH"},
+    {kIsoNumber + 1, Family::kIso, "ISO-8859-1"},
+    {kIsoNumber + 2, Family::kIso, "ISO-8859-2"},
+    {kIsoNumber + 3, Family::kIso, "ISO-8859-3"},
+    {kIsoNumber + 4, Family::kIso, "ISO-8859-4"},
+    {kIsoNumber + 5, Family::kIso, "ISO-8859-5"},
+    {kIsoNumber + 6, Family::kIso, "ISO-8859-6"},
+    {kIsoNumber + 7, Family::kIso, "ISO-8859-7"},
+    {kIsoNumber + 8, Family::kIso, "ISO-8859-8"},
+    {kIsoNumber + 9, Family::kIso, "ISO-8859-9"},
+    {kIsoNumber + 10, Family::kIso, "ISO-8859-10"},
+    {kIsoNumber + 13, Family::kIso, "ISO-8859-13"},
+    {kIsoNumber + 14, Family::kIso, "ISO-8859-14"},
+    {kIsoNumber + 15, Family::kIso, "ISO-8859-15"},
+    {kIsoNumber + 16, Family::kIso, "ISO-8859-16"},
+    {kUtf8Page, Family::kUtf8, "UTF-8", 4},
 };
 
 struct Alias {
@@ -79,9 +79,20 @@ struct Alias {
 };
 
 constexpr Alias kAliases[] = {
-    {"GBK", 936},      {"GB2312", 936},          {"GB18030", 936},          {"BIG5", 950},       {"KSC5601", 949},
-    {"UHC", 949},      {"JOHAB", 1361},          {"SHIFTJIS", 932},         {"SJIS", 932},       {"ASCII", 1252},
-    {"USASCII", 1252}, {"MACROMAN", kMacintosh}, {"MACINTOSH", kMacintosh}, {"UTF8", kUtf8Page},
+    {"GBK", 936},
+    {"GB2312", 936},
+    {"GB18030", 936},
+    {"BIG5", 950},
+    {"KSC5601", 949},
+    {"UHC", 949},
+    {"JOHAB", 1361},
+    {"SHIFTJIS", 932},
+    {"SJIS", 932},
+    {"ASCII", 1252},
+    {"USASCII", 1252},
+    {"MACROMAN", kMacintoshNumber},
+    {"MACINTOSH", kMacintoshNumber},
+    {"UTF8", kUtf8Page},
 };
 
 const Page* pageOf(int number) {
@@ -126,7 +137,7 @@ int codePageNumber(std::string_view name) {
   std::string_view rest = plain;
   int number = 0;
   if (takePrefix(rest, "ISO8859") || takePrefix(rest, "8859")) {
-    number = kIso + numberOf(rest);
+    number = kIsoNumber + numberOf(rest);
   } else {
     for (std::string_view prefix : {"ANSI", "DOS", "CP", "IBM", "WINDOWS"}) {
       if (takePrefix(rest, prefix))
@@ -142,13 +153,13 @@ std::string codePageName(int number) {
   if (page == nullptr)
     return {};
   switch (page->family) {
-  case Family::Dos:
+  case Family::kDos:
     return "dos" + std::to_string(number);
-  case Family::Iso:
-    return "iso8859-" + std::to_string(number - kIso);
-  case Family::Macintosh:
+  case Family::kIso:
+    return "iso8859-" + std::to_string(number - kIsoNumber);
+  case Family::kMacintosh:
     return "mac-roman";
-  case Family::Utf8:
+  case Family::kUtf8:
     return "UTF-8";
   default:
     return "ANSI_" + std::to_string(number);

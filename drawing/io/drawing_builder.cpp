@@ -22,7 +22,7 @@ void DrawingBuilder::report(const char* code, Severity severity, std::string fou
 }
 
 void DrawingBuilder::reportSkipped(const char* code, std::string found) {
-  report(code, Severity::Lost, std::move(found), "it is passed over");
+  report(code, Severity::kLost, std::move(found), "it is passed over");
   ++report_.counts.dropped;
 }
 
@@ -65,7 +65,7 @@ void DrawingBuilder::reportWithoutHandle() {
   if (withoutHandle_ == 0 || database_.fileInfo().version < OdDb::kRelease13)
     return;
   context_.begin("", firstWithoutHandle_);
-  report("dxf.handle-missing", Severity::Note,
+  report("dxf.handle-missing", Severity::kNote,
          std::to_string(withoutHandle_) + " records have no handle, the first of them here", "they get new ones");
 }
 
@@ -88,7 +88,7 @@ void DrawingBuilder::addTableRecord(OdDb::SymbolTableKind kind, OdDbSymbolTable&
   read.object = made;
   objects_.fill(*record_, *read.object, read);
   if (context_.failed()) // typed values stay at their defaults; the report names the value
-    report("dxf.table-record-damaged", Severity::Lost, "a value of the record is unreadable", "its default is taken");
+    report("dxf.table-record-damaged", Severity::kLost, "a value of the record is unreadable", "its default is taken");
   ++report_.counts.read;
   OdSmartPtr<OdDbSymbolTableRecord> record = read.object;
   add(read, table.objectId());
@@ -134,7 +134,7 @@ void DrawingBuilder::registerRecord(OdDbSymbolTable& table, OdDbSymbolTableRecor
   record.setName(name);
   table.registerRecord(&record);
   renamed_[wanted].push_back(record.objectId());
-  report("dxf.duplicate-name", Severity::Repaired,
+  report("dxf.duplicate-name", Severity::kRepaired,
          "the name \"" + wanted.toUtf8Lossless() + "\" stands twice in the table",
          "the second is named \"" + name.toUtf8Lossless() + "\"");
 }
@@ -147,7 +147,7 @@ OdDbObjectId DrawingBuilder::add(ReadObject& read, OdDbObjectId owner) {
   const OdDbObjectId id = database_.store().add(read.object.get(), read.handle);
   context_.setLineOf(id, line);
   if (read.handle != 0 && id.getHandle() != OdDbHandle(read.handle))
-    report("dxf.duplicate-handle", Severity::Repaired,
+    report("dxf.duplicate-handle", Severity::kRepaired,
            "the handle " + OdDbHandle(read.handle).ascii() + " is used twice", "the second object gets a new one");
   return id;
 }

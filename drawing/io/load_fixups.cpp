@@ -63,7 +63,7 @@ void reportUndefinedNames(FixUpContext& fixUp) {
     const bool standard = record.getName().iCompare(L"0") == 0 || record.getName().iCompare(L"ByLayer") == 0 ||
                           record.getName().iCompare(L"ByBlock") == 0 || record.getName().iCompare(L"Continuous") == 0 ||
                           record.getName().iCompare(L"Standard") == 0;
-    addIssue(fixUp, "dxf.name-undefined", standard ? Severity::Note : Severity::Repaired, record,
+    addIssue(fixUp, "dxf.name-undefined", standard ? Severity::kNote : Severity::kRepaired, record,
              "\"" + record.getName().toUtf8Lossless() + "\" is used (line " +
                  std::to_string(fixUp.context.missing()[id]) + ") and nowhere defined",
              "it is defined with default properties");
@@ -81,7 +81,7 @@ void reportLayoutFault(FixUpContext& fixUp, const LayoutFault& fault) {
       {"dxf.space-without-layout", "the block of a sheet names no layout that names it"},
       {"dxf.block-of-no-layout", "the block names a layout that is not its own"}};
   const IssueText& text = kIssueTexts[fault.kind];
-  addIssue(fixUp, text.code, Severity::Repaired, fault.object, text.found, fault.done);
+  addIssue(fixUp, text.code, Severity::kRepaired, fault.object, text.found, fault.done);
 }
 
 void ensureEnds(FixUpContext& fixUp) {
@@ -94,7 +94,7 @@ void ensureEnds(FixUpContext& fixUp) {
     // Spaces that no file named are made without a word; they have no handle yet.
     const bool isMade = isSpaceName(block->getName()) && block->getDbHandle().isNull();
     if (block->blockBeginId().isNull() && !wasNamedOnly && !isMade)
-      addIssue(fixUp, "dxf.record-without-block", Severity::Repaired, *block, "no block belongs to the record",
+      addIssue(fixUp, "dxf.record-without-block", Severity::kRepaired, *block, "no block belongs to the record",
                "an empty one is made");
     block->ensureEnds();
   }
@@ -107,7 +107,7 @@ void ensureSequenceEnds(FixUpContext& fixUp) {
     auto* sequence = dynamic_cast<OdDbSequenceOwner*>(entity);
     if (sequence == nullptr || sequence->subEntities().empty() || lookup(sequence->sequenceEndId()) != nullptr)
       continue;
-    addIssue(fixUp, "dxf.sequence-without-end", Severity::Repaired, *entity, "its sequence has no end",
+    addIssue(fixUp, "dxf.sequence-without-end", Severity::kRepaired, *entity, "its sequence has no end",
              "the end is made");
     const WriteScope scope(*entity);
     sequence->ensureEnd(*entity);
@@ -124,7 +124,7 @@ public:
   }
   void visit(OdDbObjectId& id, OdDb::ReferenceType) override {
     if (!id.isNull() && lookup(id) == nullptr && reported_.insert(id).second)
-      addIssue(fixUp_, "dxf.broken-link", Severity::Note, *at_,
+      addIssue(fixUp_, "dxf.broken-link", Severity::kNote, *at_,
                "it refers to " + id.getHandle().ascii() + ", which does not exist", "the reference is kept");
   }
 
@@ -184,7 +184,7 @@ void ensureLayers(OdDbDatabase& database) {
 // The reference stays in the drawing as the record it was, and leads nowhere.
 void cutReference(FixUpContext& fixUp, OdDbObjectId id) {
   const auto& reference = *getIf<OdDbBlockReference>(id);
-  addIssue(fixUp, "dxf.block-cycle", Severity::Repaired, reference,
+  addIssue(fixUp, "dxf.block-cycle", Severity::kRepaired, reference,
            "a block contains itself through this reference to \"" +
                symbolName(reference.blockTableRecord()).toUtf8Lossless() + "\"",
            "the reference is kept as data and is no reference any more");
@@ -199,7 +199,7 @@ void cutReference(FixUpContext& fixUp, OdDbObjectId id) {
 
 void raiseHandseed(OdDbDatabase& database) {
   const GroupList* seed = database.headerVar("HANDSEED");
-  if (seed != nullptr && !seed->empty() && (*seed)[0].kind == GroupKind::Handle)
+  if (seed != nullptr && !seed->empty() && (*seed)[0].kind == GroupKind::kHandle)
     database.setHandseed(static_cast<std::uint64_t>((*seed)[0].integer));
 }
 
@@ -213,7 +213,7 @@ void fixUpAfterLoad(FixUpContext& fixUp) {
     fixUp.context.begin("", 0);
     fixUp.context.setHandle(0);
     fixUp.context.addIssue(
-        {"dxf.standard-part-missing", Severity::Note, 0, -1, 0, "", "", "the drawing has no " + made, "it is made"});
+        {"dxf.standard-part-missing", Severity::kNote, 0, -1, 0, "", "", "the drawing has no " + made, "it is made"});
   }
   reportUndefinedNames(fixUp);
   ownOrphans(database);

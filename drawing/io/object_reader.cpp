@@ -148,7 +148,7 @@ std::size_t ObjectReader::readPreamble(const Record& record, OdDbObject& object,
 // Lists of reactors and of the extension dictionary hold nothing else.
 void ObjectReader::skip(const RawGroup& group) {
   context_.addIssue(
-      {"dxf.stray-group", Severity::Lost, 0, -1, 0, "", "", "a group that belongs to nothing", "it is passed over"},
+      {"dxf.stray-group", Severity::kLost, 0, -1, 0, "", "", "a group that belongs to nothing", "it is passed over"},
       &group);
 }
 
@@ -232,7 +232,7 @@ void ObjectReader::fillSubclasses(const Record& record, std::size_t from, OdDbOb
       unmodelled = &object.extrasForLoad().unmodelledGroups;
       if (!markerAppended)
         context_.append(*unmodelled, record[i - 1].code == 100 ? record[i - 1]
-                                                               : RawGroup{100, RawGroup::Form::Text, marker, 0, 0, 0});
+                                                               : RawGroup{100, RawGroup::Form::kText, marker, 0, 0, 0});
       markerAppended = true;
       context_.append(*unmodelled, record[i]);
     }

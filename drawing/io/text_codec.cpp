@@ -136,7 +136,7 @@ TextCodec::TextCodec(std::string_view codePage, Mode mode) : number_(codePageNum
     number_ = 1252;
     isKnown_ = false;
   }
-  isUtf8_ = mode == Mode::Utf8 || number_ == kUtf8Page;
+  isUtf8_ = mode == Mode::kUtf8 || number_ == kUtf8Page;
 }
 
 TextCodec::~TextCodec() = default;

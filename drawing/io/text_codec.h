@@ -30,11 +30,11 @@ void breakToCarets(std::string_view text, std::string& out);
 class MVDRAWING_API TextCodec final : public TextDecoder {
 public:
   enum class Mode : std::uint8_t {
-    CodePage,
-    Utf8, // files of 2007 and later, whatever page they name
+    kCodePage,
+    kUtf8, // files of 2007 and later, whatever page they name
   };
   // An empty or unknown name gives page 1252.
-  explicit TextCodec(std::string_view codePage, Mode mode = Mode::CodePage);
+  explicit TextCodec(std::string_view codePage, Mode mode = Mode::kCodePage);
   ~TextCodec() override;
 
   bool isKnown() const { return isKnown_; }

@@ -53,7 +53,7 @@ void OmittedObjects::addOwned(const OdDbDatabase& database) {
 
 void OmittedObjects::reportTo(GroupSink& sink) const {
   for (OdDbObjectId id : first_)
-    sink.lost({"dxf.kind-not-in-version", Severity::Lost, 0, -1, std::uint64_t{id.getHandle()}, "",
+    sink.lost({"dxf.kind-not-in-version", Severity::kLost, 0, -1, std::uint64_t{id.getHandle()}, "",
                lookup(id)->dxfName(),
                std::string("the form of its body does not exist in version ") + versionYear(sink.version()),
                "the object is left out"});
@@ -63,7 +63,7 @@ bool VersionFilter::isOfColumns(int code, double value) {
   const bool begins = code == 101 && kind_ == "MTEXT" && version() < OdDb::kRelease2018;
   inColumns_ = (inColumns_ || begins) && code < 1000;
   if (inColumns_ && code == 71 && value > 0)
-    to_.lost({"dxf.group-not-in-version", Severity::Lost, 0, code, 0, "", "",
+    to_.lost({"dxf.group-not-in-version", Severity::kLost, 0, code, 0, "", "",
               std::string("the columns of a text cannot be held by version ") + versionYear(version()),
               "its text is written in one"});
   return inColumns_;
@@ -90,7 +90,7 @@ bool VersionFilter::has(int code, double value) {
 }
 
 void VersionFilter::reportOmittedGroup(const GroupRule& rule, int code) {
-  to_.lost({"dxf.group-not-in-version", Severity::Lost, 0, code, 0, "", "",
+  to_.lost({"dxf.group-not-in-version", Severity::kLost, 0, code, 0, "", "",
             std::string(rule.what) + " cannot be held by version " + versionYear(version()), "it is left out"});
 }
 

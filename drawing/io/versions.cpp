@@ -59,13 +59,13 @@ FileForm formOf(std::string_view content, std::string* version) {
   // Binary files begin with a sentence of 22 bytes; its end is enough to know it by.
   constexpr std::string_view kBinary = " Binary DXF\r\n\x1a";
   if (content.size() > 22 && content.substr(7, kBinary.size()) == kBinary)
-    return FileForm::BinaryDxf;
+    return FileForm::kBinaryDxf;
   if (content.size() >= 6 && content.substr(0, 2) == "AC" &&
       std::all_of(content.begin() + 2, content.begin() + 6,
                   [](char c) { return (c >= '0' && c <= '9') || c == '.'; })) {
     if (version != nullptr)
       *version = content.substr(0, 6);
-    return FileForm::Dwg;
+    return FileForm::kDwg;
   }
   // A text file begins with a group code: spaces, digits, the end of the line.
   if (content.substr(0, 3) == "\xEF\xBB\xBF")
@@ -81,7 +81,7 @@ FileForm formOf(std::string_view content, std::string* version) {
     ++at;
   const bool isCode =
       at > digits && at - digits <= 8 && at < content.size() && (content[at] == '\r' || content[at] == '\n');
-  return isCode ? FileForm::TextDxf : FileForm::Unknown;
+  return isCode ? FileForm::kTextDxf : FileForm::kUnknown;
 }
 
 } // namespace drawing

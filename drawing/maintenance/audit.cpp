@@ -60,7 +60,7 @@ bool isEnd(const OdDbObject& object) {
 OdString legalName(const OdString& name, const OdDbSymbolTable& table) {
   OdString legal = name;
   legal.trimLeft().trimRight();
-  for (int at = -1; nameFault(legal, OdDb::kRelease2000, &at) == NameFault::Character;)
+  for (int at = -1; nameFault(legal, OdDb::kRelease2000, &at) == NameFault::kCharacter;)
     legal.setAt(at, L'_');
   return table.freeName(legal.isEmpty() ? OdString(L"unnamed") : legal.left(255));
 }
@@ -86,7 +86,7 @@ public:
 private:
   void addIssue(const char* code, Severity severity, const OdDbObject& object, std::string found,
                 const char* repaired = "") {
-    report_.add({code, fix_ && repaired[0] != 0 ? Severity::Repaired : severity, 0, -1, object.getDbHandle(), "",
+    report_.add({code, fix_ && repaired[0] != 0 ? Severity::kRepaired : severity, 0, -1, object.getDbHandle(), "",
                  object.dxfName(), std::move(found), fix_ ? repaired : ""});
   }
 
@@ -111,7 +111,8 @@ private:
     if (!isAlive(member))
       return;
     if (!lister_.emplace(member, container.objectId()).second)
-      addIssue("audit.listed-twice", Severity::Lost, *lookup(member), "the object stands in two lists or twice in one");
+      addIssue("audit.listed-twice", Severity::kLost, *lookup(member),
+               "the object stands in two lists or twice in one");
   }
 
   void checkObject(OdDbObject& object) {
@@ -134,17 +135,17 @@ private:
         !isEnd(object) && (object.isKindOf(OdDbEntity::desc()) || object.isKindOf(OdDbSymbolTableRecord::desc()));
     const auto lister = lister_.find(object.objectId());
     if (needsList && lister == lister_.end()) {
-      addIssue("audit.in-no-list", Severity::Lost, object, "no block, table or sequence lists the object",
+      addIssue("audit.in-no-list", Severity::kLost, object, "no block, table or sequence lists the object",
                fixList(object));
     } else if (lister != lister_.end() && lister->second != object.ownerId()) {
-      addIssue("audit.owner-does-not-list", Severity::Lost, object, "its owner is not the one that lists it",
+      addIssue("audit.owner-does-not-list", Severity::kLost, object, "its owner is not the one that lists it",
                "its owner is set to the one that lists it");
       if (fix_) {
         const WriteScope scope(object);
         object.setOwnerId(lister->second);
       }
     } else if (!object.ownerId().isNull() && !isAlive(object.ownerId())) {
-      addIssue("audit.owner-missing", Severity::Note, object, "its owner does not exist",
+      addIssue("audit.owner-missing", Severity::kNote, object, "its owner does not exist",
                "the named-objects dictionary is named as its owner");
       if (fix_) {
         const WriteScope scope(object);
@@ -181,7 +182,7 @@ private:
         continue;
       dead.push_back(entry.name);
       if (lookup(entry.id) == nullptr)
-        addIssue("audit.entry-to-nothing", Severity::Note, dictionary,
+        addIssue("audit.entry-to-nothing", Severity::kNote, dictionary,
                  "the entry \"" + entry.name.toUtf8Lossless() + "\" names nothing", "the entry is removed");
     }
     for (std::size_t i = 0; fix_ && i < dead.size(); ++i) {
@@ -205,10 +206,10 @@ private:
     object.visitReferences(broken); // only reads: visit changes nothing
     const int dangling = broken.dangling - std::exchange(deadEntries_, 0) - erasedParts(object);
     if (broken.ofOtherDrawing != 0)
-      addIssue("audit.reference-to-other-drawing", Severity::Lost, object, "it refers to an object of another drawing",
+      addIssue("audit.reference-to-other-drawing", Severity::kLost, object, "it refers to an object of another drawing",
                "the reference is cut");
     if (dangling > 0)
-      addIssue("audit.reference-to-nothing", Severity::Note, object,
+      addIssue("audit.reference-to-nothing", Severity::kNote, object,
                "it refers to " + std::to_string(dangling) + " objects that do not exist", "the references are cut");
     if (!fix_ || dangling + broken.ofOtherDrawing == 0)
       return;
@@ -224,7 +225,7 @@ private:
     if (opaque != nullptr && opaque->isUnparsed())
       return;
     if (!isAlive(entity.layerId())) {
-      addIssue("audit.no-layer", Severity::Lost, entity, "the entity has no layer", "it is put on layer 0");
+      addIssue("audit.no-layer", Severity::kLost, entity, "the entity has no layer", "it is put on layer 0");
       if (fix_) {
         const WriteScope scope(entity);
         entity.setLayer(database_.getLayerZeroId());
@@ -232,18 +233,18 @@ private:
     }
     const auto* dimension = dynamic_cast<const OdDbDimension*>(&entity);
     if (dimension != nullptr && !dimension->dimBlockId().isNull() && !isAlive(dimension->dimBlockId()))
-      addIssue("audit.dimension-without-picture", Severity::Note, entity, "the block with its picture does not exist");
+      addIssue("audit.dimension-without-picture", Severity::kNote, entity, "the block with its picture does not exist");
     const auto* reference = dynamic_cast<const OdDbBlockReference*>(&entity);
     if (reference != nullptr)
       checkBlockReference(entity, *reference);
     else if (OdGeExtents3d extents; dimension == nullptr && entity.getGeomExtents(extents) == eOk && !isFinite(extents))
-      addIssue("audit.extents-not-finite", Severity::Note, entity, "its extents are beyond all numbers");
+      addIssue("audit.extents-not-finite", Severity::kNote, entity, "its extents are beyond all numbers");
   }
 
   void checkBlockReference(OdDbEntity& entity, const OdDbBlockReference& reference) {
     if (isAlive(reference.blockTableRecord()))
       return;
-    addIssue("audit.reference-without-block", Severity::Lost, entity, "the block that it shows does not exist",
+    addIssue("audit.reference-without-block", Severity::kLost, entity, "the block that it shows does not exist",
              "the reference is erased");
     if (fix_) {
       const WriteScope scope(entity);
@@ -257,7 +258,7 @@ private:
       hasParts = hasParts || isAlive(part);
     if (!hasParts || isAlive(sequence.sequenceEndId()) || object.isErased())
       return;
-    addIssue("audit.sequence-without-end", Severity::Lost, object, "its sequence has no end", "the end is made");
+    addIssue("audit.sequence-without-end", Severity::kLost, object, "its sequence has no end", "the end is made");
     if (fix_) {
       const WriteScope scope(object);
       sequence.ensureEnd(static_cast<OdDbEntity&>(object));
@@ -267,7 +268,7 @@ private:
   void checkEnds(OdDbBlockTableRecord& block) {
     if (isAlive(block.blockBeginId()) && isAlive(block.blockEndId()))
       return;
-    addIssue("audit.block-without-ends", Severity::Lost, block, "the block has no begin or no end", "they are made");
+    addIssue("audit.block-without-ends", Severity::kLost, block, "the block has no begin or no end", "they are made");
     if (fix_) {
       const WriteScope scope(block);
       block.assertWriteEnabled();
@@ -285,13 +286,13 @@ private:
                                          {"audit.space-without-layout", "no layout and this space name each other"},
                                          {"audit.block-of-no-layout", "the block names a layout that is not its own"}};
     const IssueText& text = kIssueTexts[fault.kind];
-    addIssue(text.code, Severity::Lost, fault.object, text.found, fault.done);
+    addIssue(text.code, Severity::kLost, fault.object, text.found, fault.done);
   }
 
   void checkTable(OdDb::SymbolTableKind kind) {
     const auto* table = getIf<OdDbSymbolTable>(database_.getSymbolTableId(kind));
     if (table == nullptr) {
-      report_.add({"audit.table-missing", Severity::Lost, 0, -1, 0, "", "TABLE", "a table does not exist", ""});
+      report_.add({"audit.table-missing", Severity::kLost, 0, -1, 0, "", "TABLE", "a table does not exist", ""});
       return;
     }
     for (OdDbObjectId id : table->members().ids()) {
@@ -305,7 +306,8 @@ private:
 
   void checkName(const OdDbSymbolTable& table, OdDbSymbolTableRecord& record) {
     if (table.getAt(record.getName()) != record.objectId()) {
-      addIssue("audit.name-twice", Severity::Lost, record, "another record of the table has its name", "it is renamed");
+      addIssue("audit.name-twice", Severity::kLost, record, "another record of the table has its name",
+               "it is renamed");
       if (fix_)
         rename(record, table.freeName(record.getName()));
       return;
@@ -314,9 +316,9 @@ private:
     // Programs give names with an asterisk to what they made themselves.
     const bool isOwn = record.getName().getLength() > 1 && record.getName().getAt(0) == L'*';
     const bool hasOwnRules = isOwn || isExternal(record) || (block != nullptr && isSpace(*block));
-    if (hasOwnRules || nameFault(record.getName(), OdDb::kRelease2000) == NameFault::None)
+    if (hasOwnRules || nameFault(record.getName(), OdDb::kRelease2000) == NameFault::kNone)
       return;
-    addIssue("audit.name-illegal", Severity::Note, record,
+    addIssue("audit.name-illegal", Severity::kNote, record,
              "\"" + record.getName().toUtf8Lossless() + "\" is no name that a record can be given",
              "it is renamed with _ for what is not allowed");
     if (fix_)
@@ -324,7 +326,7 @@ private:
   }
 
   void rename(OdDbSymbolTableRecord& record, const OdString& name) {
-    if (renameRecord(database_, record.tableKind(), record.getName(), name) == RenameResult::Done &&
+    if (renameRecord(database_, record.tableKind(), record.getName(), name) == RenameResult::kDone &&
         record.getName() == name)
       return;
     const WriteScope scope(record); // one that is not found under its name
@@ -340,7 +342,7 @@ private:
     }
     for (OdDbObjectId id : cut) {
       OdDbObject& reference = *lookup(id);
-      addIssue("audit.block-cycle", Severity::Lost, reference, "through this reference a block contains itself",
+      addIssue("audit.block-cycle", Severity::kLost, reference, "through this reference a block contains itself",
                "the reference is erased");
       const WriteScope scope(reference);
       if (fix_)

@@ -120,7 +120,7 @@ void dumpObject(const OdDbObject& object, DumpSink& sink, std::string& out) {
 std::string canonicalDump(const OdDbDatabase& database, DumpForm form) {
   std::string out;
   std::unique_ptr<Names> names;
-  if (form == DumpForm::WithoutHandles)
+  if (form == DumpForm::kWithoutHandles)
     names = std::make_unique<Names>(database);
   DumpSink sink(out, database, naming(names.get()), names != nullptr);
   dumpHeader(database, sink, out);

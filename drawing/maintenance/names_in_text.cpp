@@ -37,7 +37,7 @@ constexpr NameGroup kUnparsedNames[] = {
 
 // Values that do not fit their code stand as text too: old dimension styles have names where later ones have handles.
 bool isText(const Group& group) {
-  return group.kind == GroupKind::Text || group.kind == GroupKind::kUnparsed;
+  return group.kind == GroupKind::kText || group.kind == GroupKind::kUnparsed;
 }
 
 template <std::size_t Count>
@@ -76,11 +76,11 @@ void findInXData(const GroupList& groups, std::vector<TextualReference>& names) 
       continue;
     const int code = groups[i].code;
     if (code == 1001)
-      names.push_back({OdDb::kRegAppTable, TextualReference::XData, i, true});
+      names.push_back({OdDb::kRegAppTable, TextualReference::kXData, i, true});
     else if (code == 1003)
-      names.push_back({OdDb::kLayerTable, TextualReference::XData, i, true});
+      names.push_back({OdDb::kLayerTable, TextualReference::kXData, i, true});
     else if (overrides && isArrowOverride(groups, i))
-      names.push_back({OdDb::kBlockTable, TextualReference::XData, i, true});
+      names.push_back({OdDb::kBlockTable, TextualReference::kXData, i, true});
     overrides = code == 1001 ? false : overrides || (code == 1000 && groups.textOf(groups[i]) == "DSTYLE");
   }
 }
@@ -88,13 +88,13 @@ void findInXData(const GroupList& groups, std::vector<TextualReference>& names) 
 } // namespace
 
 const GroupList& listOf(const OdDbObject& object, const TextualReference& name) {
-  if (name.list == TextualReference::Section)
+  if (name.list == TextualReference::kSection)
     return *sectionOf(object);
-  return name.list == TextualReference::XData ? *object.xDataGroups() : *object.unmodelledGroupsOrNull();
+  return name.list == TextualReference::kXData ? *object.xDataGroups() : *object.unmodelledGroupsOrNull();
 }
 
 GroupList& listForWrite(OdDbObject& object, const TextualReference& name) {
-  if (name.list == TextualReference::XData)
+  if (name.list == TextualReference::kXData)
     return object.xDataGroupsForWrite();
   if (name.list == TextualReference::kUnmodelled)
     return object.unmodelledGroups();
@@ -104,7 +104,7 @@ GroupList& listForWrite(OdDbObject& object, const TextualReference& name) {
 
 void collectTextualReferences(const OdDbObject& object, std::vector<TextualReference>& names) {
   if (const GroupList* section = sectionOf(object))
-    findIn(*section, TextualReference::Section, object.dxfName(), kUnmodelledNames, names);
+    findIn(*section, TextualReference::kSection, object.dxfName(), kUnmodelledNames, names);
   if (object.extrasOrNull() == nullptr)
     return;
   if (const GroupList& unmodelled = *object.unmodelledGroupsOrNull(); !unmodelled.empty()) {

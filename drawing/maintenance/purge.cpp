@@ -41,17 +41,17 @@ const OdDbDictionary* dictionaryOf(const OdDbDatabase& database, const wchar_t* 
 PurgePlan::Status protectedStatus(OdDbObjectId id) {
   const OdDbObject* object = lookup(id);
   if (!isAlive(object))
-    return PurgePlan::Status::NoRecord;
+    return PurgePlan::Status::kNoRecord;
   if (const auto* record = dynamic_cast<const OdDbSymbolTableRecord*>(object)) {
     if (isExternal(*record))
-      return PurgePlan::Status::External;
-    return isNeeded(*record) ? PurgePlan::Status::Needed : PurgePlan::Status::Purgeable;
+      return PurgePlan::Status::kExternal;
+    return isNeeded(*record) ? PurgePlan::Status::kNeeded : PurgePlan::Status::kPurgeable;
   }
   const auto* dictionary = getIf<OdDbDictionary>(object->ownerId());
   if (dictionary == nullptr)
-    return PurgePlan::Status::NoRecord;
+    return PurgePlan::Status::kNoRecord;
   const bool needed = isAnyOf(dictionary->nameAt(id), {L"Standard", L"ByLayer", L"ByBlock", L"Global"});
-  return needed ? PurgePlan::Status::Needed : PurgePlan::Status::Purgeable;
+  return needed ? PurgePlan::Status::kNeeded : PurgePlan::Status::kPurgeable;
 }
 
 } // namespace
@@ -105,9 +105,9 @@ public:
 
   void run() {
     for (OdDbObjectId id : candidates_) {
-      const auto status = id.database() == &database_ ? protectedStatus(id) : PurgePlan::Status::NoRecord;
+      const auto status = id.database() == &database_ ? protectedStatus(id) : PurgePlan::Status::kNoRecord;
       plan_.statuses_[id] = status;
-      if (status == PurgePlan::Status::Purgeable)
+      if (status == PurgePlan::Status::kPurgeable)
         units_[id.number()] = id.number();
       const auto* style = getIf<OdDbTextStyleTableRecord>(id);
       if (style != nullptr && style->isShapeFile() && isCandidate(id))
@@ -121,7 +121,7 @@ public:
     collectVariables();
     mark();
     for (OdDbObjectId id : candidates_) {
-      if (plan_.statuses_[id] == PurgePlan::Status::Purgeable)
+      if (plan_.statuses_[id] == PurgePlan::Status::kPurgeable)
         plan_.purgeable_.append(id);
     }
   }
@@ -218,7 +218,7 @@ private:
   void collectVariables() {
     for (const OdDbHeader::Variable& variable : database_.header().variables()) {
       for (std::size_t i = 0; i < variable.groups.size(); ++i) {
-        if (variable.groups[i].kind == GroupKind::Reference)
+        if (variable.groups[i].kind == GroupKind::kReference)
           useByVariable(variable.name, variable.groups.idOf(variable.groups[i]));
       }
     }
@@ -264,8 +264,8 @@ private:
     for (auto& [used, uses] : variables_)
       plan_.uses_[used].insert(plan_.uses_[used].end(), uses.begin(), uses.end());
     for (auto& [id, status] : plan_.statuses_) {
-      if (status == PurgePlan::Status::Purgeable && staying.count(id.number()) != 0)
-        status = PurgePlan::Status::Used;
+      if (status == PurgePlan::Status::kPurgeable && staying.count(id.number()) != 0)
+        status = PurgePlan::Status::kUsed;
     }
   }
 
@@ -294,7 +294,7 @@ PurgePlan::PurgePlan(OdDbDatabase& database, const OdDbObjectIdArray& candidates
 
 PurgePlan::Status PurgePlan::statusOf(OdDbObjectId id) const {
   const auto found = statuses_.find(id);
-  return found == statuses_.end() ? Status::NoRecord : found->second;
+  return found == statuses_.end() ? Status::kNoRecord : found->second;
 }
 
 std::vector<PurgePlan::Use> PurgePlan::usesOf(OdDbObjectId id) const {

@@ -26,17 +26,17 @@ NameFault nameFault(const OdString& name, OdDb::DwgVersion version, int* at) {
   const bool old = version < OdDb::kRelease2000;
   const int length = name.getLength();
   if (length == 0)
-    return NameFault::Empty;
+    return NameFault::kEmpty;
   for (int i = 0; i < length; ++i) {
     if (!isForbidden(name.getAt(i), old))
       continue;
     if (at != nullptr)
       *at = i;
-    return NameFault::Character;
+    return NameFault::kCharacter;
   }
   if (name.getAt(0) == L' ' || name.getAt(length - 1) == L' ')
     return NameFault::kSurroundingSpace;
-  return length > (old ? 31 : 255) ? NameFault::TooLong : NameFault::None;
+  return length > (old ? 31 : 255) ? NameFault::kTooLong : NameFault::kNone;
 }
 
 namespace {
@@ -108,12 +108,12 @@ private:
 RenameResult mayRename(const OdDbSymbolTableRecord& record) {
   const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(&record);
   if (block != nullptr && isSpace(*block))
-    return RenameResult::Space;
+    return RenameResult::kSpace;
   if (isExternal(record))
-    return RenameResult::External;
+    return RenameResult::kExternal;
   if (block != nullptr && block->isAnonymous())
-    return RenameResult::Anonymous;
-  return isNeeded(record) ? RenameResult::Fixed : RenameResult::Done;
+    return RenameResult::kAnonymous;
+  return isNeeded(record) ? RenameResult::kFixed : RenameResult::kDone;
 }
 
 } // namespace
@@ -123,17 +123,17 @@ RenameResult renameRecord(OdDbDatabase& database, OdDb::SymbolTableKind kind, co
   const OdDbObjectId id = database.symbol(kind, from);
   auto* record = getIf<OdDbSymbolTableRecord>(id);
   if (record == nullptr)
-    return RenameResult::Unknown;
-  if (const RenameResult refused = mayRename(*record); refused != RenameResult::Done)
+    return RenameResult::kUnknown;
+  if (const RenameResult refused = mayRename(*record); refused != RenameResult::kDone)
     return refused;
-  if (nameFault(to, database.fileInfo().version) != NameFault::None)
-    return RenameResult::Illegal;
+  if (nameFault(to, database.fileInfo().version) != NameFault::kNone)
+    return RenameResult::kIllegal;
   const OdDbObjectId existing = database.symbol(kind, to);
   if (!existing.isNull() && existing != id)
-    return RenameResult::Taken;
+    return RenameResult::kTaken;
   if (record->getName() != to)
     Renaming(database, *record, to).run();
-  return RenameResult::Done;
+  return RenameResult::kDone;
 }
 
 } // namespace drawing

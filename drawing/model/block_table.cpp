@@ -93,16 +93,16 @@ void OdDbBlockTableRecord::setXref(const OdString& path, bool overlay) {
 
 XrefStatus OdDbBlockTableRecord::xrefStatus() const {
   if (!isFromExternalReference())
-    return XrefStatus::NotAnXref;
+    return XrefStatus::kNotAnXref;
   const auto* entry = database() == nullptr ? nullptr : database()->xrefs().find(objectId());
-  return entry == nullptr ? XrefStatus::NotLoaded : entry->status;
+  return entry == nullptr ? XrefStatus::kNotLoaded : entry->status;
 }
 
 OdDbDatabase* OdDbBlockTableRecord::xrefDatabase(bool includeUnresolved) const {
   const auto* entry = database() == nullptr ? nullptr : database()->xrefs().find(objectId());
   if (entry == nullptr || !isFromExternalReference())
     return nullptr;
-  return entry->status == XrefStatus::Cycle && includeUnresolved ? entry->back.database() : entry->database.get();
+  return entry->status == XrefStatus::kCycle && includeUnresolved ? entry->back.database() : entry->database.get();
 }
 
 void OdDbBlockTableRecord::afterLoad() {

@@ -13,15 +13,15 @@ struct KindRange {
 
 // The value kinds of group codes, ascending. Codes between the ranges carry text.
 constexpr KindRange kKinds[] = {
-    {5, 5, GroupKind::Handle},        {10, 59, GroupKind::Real},          {60, 79, GroupKind::Int16},
-    {90, 99, GroupKind::Int32},       {105, 105, GroupKind::Handle},      {110, 149, GroupKind::Real},
-    {160, 169, GroupKind::Int64},     {170, 179, GroupKind::Int16},       {210, 239, GroupKind::Real},
-    {270, 289, GroupKind::Int16},     {290, 299, GroupKind::Bool},        {310, 319, GroupKind::Binary},
-    {320, 329, GroupKind::Handle},    {330, 369, GroupKind::Reference},   {370, 389, GroupKind::Int16},
-    {390, 399, GroupKind::Reference}, {400, 409, GroupKind::Int16},       {420, 429, GroupKind::Int32},
-    {440, 459, GroupKind::Int32},     {460, 469, GroupKind::Real},        {480, 481, GroupKind::Reference},
-    {1004, 1004, GroupKind::Binary},  {1005, 1005, GroupKind::Reference}, {1010, 1059, GroupKind::Real},
-    {1060, 1070, GroupKind::Int16},   {1071, 1071, GroupKind::Int32},
+    {5, 5, GroupKind::kHandle},        {10, 59, GroupKind::kReal},          {60, 79, GroupKind::kInt16},
+    {90, 99, GroupKind::kInt32},       {105, 105, GroupKind::kHandle},      {110, 149, GroupKind::kReal},
+    {160, 169, GroupKind::kInt64},     {170, 179, GroupKind::kInt16},       {210, 239, GroupKind::kReal},
+    {270, 289, GroupKind::kInt16},     {290, 299, GroupKind::kBool},        {310, 319, GroupKind::kBinary},
+    {320, 329, GroupKind::kHandle},    {330, 369, GroupKind::kReference},   {370, 389, GroupKind::kInt16},
+    {390, 399, GroupKind::kReference}, {400, 409, GroupKind::kInt16},       {420, 429, GroupKind::kInt32},
+    {440, 459, GroupKind::kInt32},     {460, 469, GroupKind::kReal},        {480, 481, GroupKind::kReference},
+    {1004, 1004, GroupKind::kBinary},  {1005, 1005, GroupKind::kReference}, {1010, 1059, GroupKind::kReal},
+    {1060, 1070, GroupKind::kInt16},   {1071, 1071, GroupKind::kInt32},
 };
 
 } // namespace
@@ -30,7 +30,7 @@ GroupKind groupKindOf(int code) {
   const auto* range = std::upper_bound(std::begin(kKinds), std::end(kKinds), code,
                                        [](int c, const KindRange& r) { return c < r.first; });
   if (range == std::begin(kKinds) || code > std::prev(range)->last)
-    return GroupKind::Text;
+    return GroupKind::kText;
   return std::prev(range)->kind;
 }
 
@@ -47,7 +47,7 @@ OdDb::ReferenceType referenceTypeOf(int code) {
 GroupSink::~GroupSink() = default;
 
 void GroupSink::omitted(int code, std::string_view marker, double) {
-  lost({"dxf.group-not-in-version", Severity::Lost, 0, code, 0, "", "",
+  lost({"dxf.group-not-in-version", Severity::kLost, 0, code, 0, "", "",
         "group " + std::to_string(code) + " of " + std::string(marker) + " cannot be held by the version",
         "it is left out"});
 }
@@ -104,10 +104,10 @@ void GroupList::addText(int code, GroupKind kind, std::string_view text) {
 }
 
 void GroupList::utf8(int code, std::string_view text) {
-  addText(code, GroupKind::Text, text);
+  addText(code, GroupKind::kText, text);
 }
 void GroupList::binary(int code, std::string_view bytes) {
-  addText(code, GroupKind::Binary, bytes);
+  addText(code, GroupKind::kBinary, bytes);
 }
 void GroupList::unparsed(int code, std::string_view text) {
   addText(code, GroupKind::kUnparsed, text);
@@ -116,7 +116,7 @@ void GroupList::unparsed(int code, std::string_view text) {
 void GroupList::real(int code, double value) {
   Group group;
   group.code = static_cast<std::int16_t>(code);
-  group.kind = GroupKind::Real;
+  group.kind = GroupKind::kReal;
   group.real = value;
   groups_.push_back(group);
 }
@@ -132,7 +132,7 @@ void GroupList::integer(int code, std::int64_t value) {
 void GroupList::reference(int code, OdDbObjectId id) {
   Group group;
   group.code = static_cast<std::int16_t>(code);
-  group.kind = GroupKind::Reference;
+  group.kind = GroupKind::kReference;
   groups_.push_back(group);
   setId(groups_.size() - 1, id);
 }
@@ -140,7 +140,7 @@ void GroupList::reference(int code, OdDbObjectId id) {
 void GroupList::handle(int code, OdDbHandle value) {
   Group group;
   group.code = static_cast<std::int16_t>(code);
-  group.kind = GroupKind::Handle;
+  group.kind = GroupKind::kHandle;
   group.integer = static_cast<std::int64_t>(std::uint64_t{value});
   groups_.push_back(group);
 }
@@ -149,19 +149,19 @@ void GroupList::writeTo(GroupSink& sink, std::size_t first, std::size_t count) c
   for (std::size_t i = first; i < first + count; ++i) {
     const Group& group = groups_[i];
     switch (group.kind) {
-    case GroupKind::Text:
+    case GroupKind::kText:
       sink.utf8(group.code, textOf(group));
       break;
-    case GroupKind::Real:
+    case GroupKind::kReal:
       sink.real(group.code, group.real);
       break;
-    case GroupKind::Reference:
+    case GroupKind::kReference:
       sink.reference(group.code, idOf(group));
       break;
-    case GroupKind::Handle:
+    case GroupKind::kHandle:
       sink.handle(group.code, OdDbHandle(static_cast<std::uint64_t>(group.integer)));
       break;
-    case GroupKind::Binary:
+    case GroupKind::kBinary:
       sink.binary(group.code, textOf(group));
       break;
     case GroupKind::kUnparsed:

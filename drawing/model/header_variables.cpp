@@ -23,7 +23,7 @@ bool OdDbDatabase::hasHeaderVar(std::string_view name) const {
 
 double OdDbDatabase::headerReal(std::string_view name, double absent) const {
   const GroupList* groups = headerVar(name);
-  if (groups == nullptr || groups->empty() || (*groups)[0].kind != GroupKind::Real)
+  if (groups == nullptr || groups->empty() || (*groups)[0].kind != GroupKind::kReal)
     return absent;
   return (*groups)[0].real;
 }
@@ -31,7 +31,8 @@ double OdDbDatabase::headerReal(std::string_view name, double absent) const {
 namespace {
 
 bool isWhole(GroupKind kind) {
-  return kind == GroupKind::Int16 || kind == GroupKind::Int32 || kind == GroupKind::Int64 || kind == GroupKind::Bool;
+  return kind == GroupKind::kInt16 || kind == GroupKind::kInt32 || kind == GroupKind::kInt64 ||
+         kind == GroupKind::kBool;
 }
 
 } // namespace
@@ -43,8 +44,8 @@ std::int64_t OdDbDatabase::headerInt(std::string_view name, std::int64_t absent)
 
 OdString OdDbDatabase::headerText(std::string_view name) const {
   const GroupList* groups = headerVar(name);
-  return groups == nullptr || groups->empty() || (*groups)[0].kind != GroupKind::Text ? OdString()
-                                                                                      : groups->stringOf((*groups)[0]);
+  return groups == nullptr || groups->empty() || (*groups)[0].kind != GroupKind::kText ? OdString()
+                                                                                       : groups->stringOf((*groups)[0]);
 }
 
 OdGePoint3d OdDbDatabase::headerPoint(std::string_view name) const {
@@ -52,7 +53,7 @@ OdGePoint3d OdDbDatabase::headerPoint(std::string_view name) const {
   const GroupList* groups = headerVar(name);
   double* const component[] = {&point.x, &point.y, &point.z};
   for (std::size_t i = 0; groups != nullptr && i < groups->size() && i < 3; ++i) {
-    if ((*groups)[i].kind == GroupKind::Real)
+    if ((*groups)[i].kind == GroupKind::kReal)
       *component[i] = (*groups)[i].real;
   }
   return point;

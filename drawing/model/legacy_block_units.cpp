@@ -16,7 +16,7 @@ std::size_t findApplication(const GroupList& xData) {
 bool isUnits(const GroupList& xData, std::size_t at) {
   return at + kGroups <= xData.size() && xData[at].code == 1000 && xData.textOf(xData[at]) == "DesignCenter Data" &&
          xData[at + 1].code == 1002 && xData[at + 2].code == 1070 && xData[at + 3].code == 1070 &&
-         xData[at + 3].kind == GroupKind::Int16 && xData[at + 4].code == 1002;
+         xData[at + 3].kind == GroupKind::kInt16 && xData[at + 4].code == 1002;
 }
 
 void appendUnits(GroupList& to, std::int16_t units) {

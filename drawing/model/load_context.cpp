@@ -31,11 +31,12 @@ bool wholeNumber(std::string_view text, T& value) {
 
 // What a text file would hold.
 std::string asText(const RawGroup& group) {
-  if (group.form == RawGroup::Form::Text || group.form == RawGroup::Form::Bytes)
+  if (group.form == RawGroup::Form::kText || group.form == RawGroup::Form::kBytes)
     return std::string(group.text);
   char digits[40];
-  const auto result = group.form == RawGroup::Form::Real ? std::to_chars(digits, digits + sizeof digits, group.real)
-                                                         : std::to_chars(digits, digits + sizeof digits, group.integer);
+  const auto result = group.form == RawGroup::Form::kReal
+                          ? std::to_chars(digits, digits + sizeof digits, group.real)
+                          : std::to_chars(digits, digits + sizeof digits, group.integer);
   return std::string(digits, result.ptr);
 }
 
@@ -69,17 +70,17 @@ void LoadContext::fail(const RawGroup& group, const char* reason) {
     return; // one issue a record tells enough
   failed_ = true;
   std::string found = std::string(reason);
-  if (group.form != RawGroup::Form::Bytes)
+  if (group.form != RawGroup::Form::kBytes)
     found += " (\"" + asText(group).substr(0, 40) + "\")";
-  addIssue({"dxf.value-unreadable", Severity::Repaired, 0, -1, 0, "", "", found, "the record is kept as it stands"},
+  addIssue({"dxf.value-unreadable", Severity::kRepaired, 0, -1, 0, "", "", found, "the record is kept as it stands"},
            &group);
 }
 
 bool LoadContext::real(const RawGroup& group, double& value) {
   double number = 0;
-  if (group.form == RawGroup::Form::Real)
+  if (group.form == RawGroup::Form::kReal)
     number = group.real;
-  else if (group.form == RawGroup::Form::Integer)
+  else if (group.form == RawGroup::Form::kInteger)
     number = static_cast<double>(group.integer);
   else if (!wholeNumber(trimmed(group.text), number)) {
     fail(group, "the value is no number");
@@ -94,15 +95,15 @@ bool LoadContext::real(const RawGroup& group, double& value) {
 }
 
 bool LoadContext::integer(const RawGroup& group, std::int64_t& value) {
-  if (group.form == RawGroup::Form::Integer) {
+  if (group.form == RawGroup::Form::kInteger) {
     value = group.integer;
     return true;
   }
-  if (group.form == RawGroup::Form::Text && wholeNumber(trimmed(group.text), value))
+  if (group.form == RawGroup::Form::kText && wholeNumber(trimmed(group.text), value))
     return true;
   double number = 0; // some programs write whole numbers with a decimal point
   const bool written =
-      group.form == RawGroup::Form::Real ? (number = group.real, true) : wholeNumber(trimmed(group.text), number);
+      group.form == RawGroup::Form::kReal ? (number = group.real, true) : wholeNumber(trimmed(group.text), number);
   if (!written || number != std::floor(number) || std::fabs(number) > 9e15) {
     fail(group, "the value is no whole number");
     return false;
@@ -163,7 +164,7 @@ int hexDigit(char c) {
 } // namespace
 
 bool LoadContext::bytes(const RawGroup& group, std::string& value) {
-  if (group.form == RawGroup::Form::Bytes) {
+  if (group.form == RawGroup::Form::kBytes) {
     value.append(group.text);
     return true;
   }
@@ -229,22 +230,22 @@ void LoadContext::append(GroupList& list, const RawGroup& group) {
   std::int64_t whole = 0;
   std::uint64_t name = 0;
   switch (kind) {
-  case GroupKind::Text:
+  case GroupKind::kText:
     list.utf8(group.code, utf8(group));
     break;
-  case GroupKind::Real:
+  case GroupKind::kReal:
     if (real(group, number))
       list.real(group.code, number);
     break;
-  case GroupKind::Handle:
+  case GroupKind::kHandle:
     if (handle(group, name))
       list.handle(group.code, name);
     break;
-  case GroupKind::Reference:
+  case GroupKind::kReference:
     if (handle(group, name))
       list.reference(group.code, database_.store().expect(name));
     break;
-  case GroupKind::Binary:
+  case GroupKind::kBinary:
     if (std::string data; bytes(group, data))
       list.binary(group.code, data);
     break;

@@ -179,7 +179,7 @@ drawing::GroupList& OdDbObject::xDataGroupsForWrite() {
 void OdDbObject::visitReferences(drawing::ReferenceVisitor& visitor) {
   for (const drawing::SubclassLayout* subclass : description().subclasses()) {
     for (const drawing::Field& field : subclass->fields) {
-      if (field.kind == drawing::FieldKind::Reference && !field.readOnly)
+      if (field.kind == drawing::FieldKind::kReference && !field.readOnly)
         visitor.visit(*static_cast<OdDbObjectId*>(field.at(*this)), field.referenceType);
     }
   }
@@ -214,7 +214,7 @@ void OdDbObject::afterLoad() {}
 
 void drawing::listOwned(const GroupList& groups, OdDbObjectId listOwner, std::vector<OdDbObjectId>& ids) {
   for (std::size_t i = 0; i < groups.size(); ++i) {
-    if (groups[i].kind != GroupKind::Reference)
+    if (groups[i].kind != GroupKind::kReference)
       continue;
     const OdDb::ReferenceType type = referenceTypeOf(groups[i].code);
     const OdDbObject* object = lookup(groups.idOf(groups[i]));
@@ -230,7 +230,7 @@ void drawing::listOwned(const GroupList& groups, OdDbObjectId listOwner, std::ve
 
 void drawing::visitGroups(drawing::GroupList& groups, drawing::ReferenceVisitor& visitor) {
   for (std::size_t i = 0; i < groups.size(); ++i) {
-    if (groups[i].kind != drawing::GroupKind::Reference)
+    if (groups[i].kind != drawing::GroupKind::kReference)
       continue;
     OdDbObjectId id = groups.idOf(groups[i]);
     const OdDbObjectId before = id;

@@ -13,9 +13,9 @@ namespace drawing {
 // One group as the file holds it. Text files give text only; binary files give numbers as they are. Views point into
 // the file's memory and live as long as the reading.
 struct RawGroup {
-  enum class Form : std::uint8_t { Text, Real, Integer, Bytes };
+  enum class Form : std::uint8_t { kText, kReal, kInteger, kBytes };
   int code = 0;
-  Form form = Form::Text;
+  Form form = Form::kText;
   std::string_view text;
   double real = 0;
   std::int64_t integer = 0;

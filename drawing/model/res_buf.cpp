@@ -78,7 +78,7 @@ std::size_t readPoint(const GroupList& groups, std::size_t i, OdGePoint3d& point
   double* const component[] = {&point.x, &point.y, &point.z};
   std::size_t taken = 0;
   while (taken < 3 && i + taken < groups.size() && groups[i + taken].code == code + 10 * static_cast<int>(taken) &&
-         groups[i + taken].kind == GroupKind::Real) {
+         groups[i + taken].kind == GroupKind::kReal) {
     *component[taken] = groups[i + taken].real;
     ++taken;
   }
@@ -93,15 +93,15 @@ OdResBufPtr OdResBuf::fromGroups(const GroupList& groups, std::size_t first, std
     const drawing::Group& group = groups[i];
     OdResBufPtr made = make(group.code);
     std::size_t step = 1;
-    if (group.kind == GroupKind::Real) {
+    if (group.kind == GroupKind::kReal) {
       made->point_.x = group.real;
       if (isPointCode(group.code))
         step = readPoint(groups, i, made->point_);
-    } else if (group.kind == GroupKind::Reference) {
+    } else if (group.kind == GroupKind::kReference) {
       made->id_ = groups.idOf(group);
-    } else if (group.kind == GroupKind::Binary) {
+    } else if (group.kind == GroupKind::kBinary) {
       made->bytes_ = groups.textOf(group);
-    } else if (group.kind == GroupKind::Text || group.kind == GroupKind::kUnparsed) {
+    } else if (group.kind == GroupKind::kText || group.kind == GroupKind::kUnparsed) {
       made->text_ = groups.stringOf(group);
     } else {
       made->integer_ = group.integer;
@@ -119,22 +119,22 @@ OdResBufPtr OdResBuf::fromGroups(const GroupList& groups, std::size_t first, std
 void OdResBuf::toGroups(const OdResBuf* chain, GroupList& groups) {
   for (const OdResBuf* at = chain; at != nullptr; at = at->next_.get()) {
     switch (drawing::groupKindOf(at->code_)) {
-    case GroupKind::Text:
+    case GroupKind::kText:
       groups.text(at->code_, at->text_);
       break;
-    case GroupKind::Real:
+    case GroupKind::kReal:
       if (isPointCode(at->code_))
         groups.point(at->code_, at->point_);
       else
         groups.real(at->code_, at->point_.x);
       break;
-    case GroupKind::Reference:
+    case GroupKind::kReference:
       groups.reference(at->code_, at->id_);
       break;
-    case GroupKind::Handle:
+    case GroupKind::kHandle:
       groups.handle(at->code_, OdDbHandle(static_cast<std::uint64_t>(at->integer_)));
       break;
-    case GroupKind::Binary:
+    case GroupKind::kBinary:
       groups.binary(at->code_, at->bytes_);
       break;
     default:

@@ -198,7 +198,7 @@ namespace {
 void dropFromTablePreamble(OdDbSymbolTable& table, OdDbObjectId record) {
   const drawing::GroupList* preamble = table.unmodelledGroupsOrNull();
   const auto isRecord = [&](std::size_t at) {
-    return (*preamble)[at].kind == drawing::GroupKind::Reference && preamble->idOf((*preamble)[at]) == record;
+    return (*preamble)[at].kind == drawing::GroupKind::kReference && preamble->idOf((*preamble)[at]) == record;
   };
   std::size_t at = 0;
   while (preamble != nullptr && at < preamble->size() && !isRecord(at))

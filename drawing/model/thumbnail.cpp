@@ -46,7 +46,7 @@ std::string OdDbDatabase::thumbnailBitmap() const {
   const drawing::GroupList& groups = subclass->groups;
   std::string bytes;
   for (std::size_t at = groups.find(kBytesCode); at < groups.size(); at = groups.find(kBytesCode, at + 1)) {
-    if (groups[at].kind != drawing::GroupKind::Binary)
+    if (groups[at].kind != drawing::GroupKind::kBinary)
       return {};
     bytes += groups.textOf(groups[at]);
   }

@@ -35,7 +35,7 @@ void Undo::objectChanges(OdDbObject& object) {
   if (!records() || object.undoMark_ == current().mark)
     return;
   object.undoMark_ = current().mark;
-  Entry entry{Entry::State, object.objectId(), nullptr, 0, {}, false};
+  Entry entry{Entry::kState, object.objectId(), nullptr, 0, {}, false};
   entry.state.reset(object.makeCopy());
   current().entries.push_back(std::move(entry));
 }
@@ -45,7 +45,7 @@ void Undo::objectAdded(OdDbObject& object) {
   if (!records())
     return;
   object.undoMark_ = current().mark;
-  current().entries.push_back({Entry::Added, object.objectId(), nullptr, 0, {}, false});
+  current().entries.push_back({Entry::kAdded, object.objectId(), nullptr, 0, {}, false});
 }
 
 void Undo::listGrows(OdDbObject& container, std::size_t length) {
@@ -54,7 +54,7 @@ void Undo::listGrows(OdDbObject& container, std::size_t length) {
     return;
   IdList& list = *container.memberList();
   if (std::exchange(list.undoMark, current().mark) != current().mark)
-    current().entries.push_back({Entry::Grown, container.objectId(), nullptr, length, {}, false});
+    current().entries.push_back({Entry::kGrown, container.objectId(), nullptr, length, {}, false});
 }
 
 std::vector<std::pair<OdDbObjectId, const OdDbObject*>> Undo::earlierStates() const {
@@ -62,7 +62,7 @@ std::vector<std::pair<OdDbObjectId, const OdDbObject*>> Undo::earlierStates() co
   if (position_ == 0)
     return states;
   for (const Entry& entry : groups_[position_ - 1].entries) {
-    if (entry.kind == Entry::State)
+    if (entry.kind == Entry::kState)
       states.emplace_back(entry.id, entry.state.get());
   }
   return states;
@@ -88,9 +88,9 @@ void Undo::rebuildCaches(OdDbObjectId id) {
 
 void Undo::revert(Entry& entry) {
   OdDbObject* object = lookup(entry.id);
-  if (entry.kind == Entry::State) {
+  if (entry.kind == Entry::kState) {
     swapState(entry);
-  } else if (entry.kind == Entry::Added) {
+  } else if (entry.kind == Entry::kAdded) {
     entry.erased = object->erased_;
     object->erased_ = true;
   } else {
@@ -101,9 +101,9 @@ void Undo::revert(Entry& entry) {
 
 void Undo::reapply(Entry& entry) {
   OdDbObject* object = lookup(entry.id);
-  if (entry.kind == Entry::State) {
+  if (entry.kind == Entry::kState) {
     swapState(entry);
-  } else if (entry.kind == Entry::Added) {
+  } else if (entry.kind == Entry::kAdded) {
     object->erased_ = entry.erased;
   } else {
     for (OdDbObjectId id : entry.tail)

@@ -33,7 +33,7 @@ public:
 
 private:
   struct Entry {
-    enum Kind { State, Added, Grown } kind;
+    enum Kind { kState, kAdded, kGrown } kind;
     OdDbObjectId id;
     std::unique_ptr<OdDbObject> state; // State: the other state
     std::size_t length = 0;            // Grown: length before

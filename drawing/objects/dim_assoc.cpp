@@ -22,7 +22,7 @@ constexpr int kPointStart = 1; // the class name of a point
 constexpr int kMaxPoints = 4;
 
 bool isGeometry(const drawing::Group& group) {
-  return (group.code == 331 || group.code == 332) && group.kind == drawing::GroupKind::Reference;
+  return (group.code == 331 || group.code == 332) && group.kind == drawing::GroupKind::kReference;
 }
 
 } // namespace

@@ -73,7 +73,7 @@ private:
       const WriteScope scope(layout);
       layout.setBlockTableRecordId(space->objectId());
     }
-    onFault_({LayoutFault::LayoutWithoutBlock, layout,
+    onFault_({LayoutFault::kLayoutWithoutBlock, layout,
               free != blocks_.end() ? "it gets a space that had no layout" : "it gets an empty space"});
   }
 
@@ -101,7 +101,7 @@ private:
     const char* done = makes             ? "a layout is made"
                        : wanted.isNull() ? "it names no layout any more"
                                          : "it names the layout that names it";
-    onFault_({makes || !wanted.isNull() ? LayoutFault::SpaceWithoutLayout : LayoutFault::BlockOfNoLayout, block, done,
+    onFault_({makes || !wanted.isNull() ? LayoutFault::kSpaceWithoutLayout : LayoutFault::kBlockOfNoLayout, block, done,
               makes});
   }
 

@@ -9,9 +9,9 @@ namespace drawing {
 
 struct LayoutFault {
   enum Kind {
-    LayoutWithoutBlock, // the layout names no block, or one that another layout has
-    SpaceWithoutLayout, // model space or a sheet that no layout names
-    BlockOfNoLayout     // an ordinary block that names a layout which names another block, or nothing
+    kLayoutWithoutBlock, // the layout names no block, or one that another layout has
+    kSpaceWithoutLayout, // model space or a sheet that no layout names
+    kBlockOfNoLayout     // an ordinary block that names a layout which names another block, or nothing
   } kind;
   OdDbObject& object;
   const char* done;    // what mending does, or did

@@ -155,7 +155,7 @@ bool OdDbTableStyle::isHeaderSuppressed() const {
 }
 double OdDbTableStyle::textHeight(RowType row) const {
   const std::size_t i = groups_.find(140, rowStart(groups_, row));
-  return i < groups_.size() && groups_[i].kind == GroupKind::Real ? groups_[i].real : 0;
+  return i < groups_.size() && groups_[i].kind == GroupKind::kReal ? groups_[i].real : 0;
 }
 OdString OdDbTableStyle::textStyleName(RowType row) const {
   const std::size_t i = rowStart(groups_, row);

@@ -34,12 +34,12 @@ std::size_t findIn(const GroupList& groups, const Run& run, int code) {
 
 OdDbHandle handleIn(const GroupList& groups, const Run& run) {
   const std::size_t i = findIn(groups, run, kHandle);
-  return i < run.end && groups[i].kind == GroupKind::Handle ? static_cast<std::uint64_t>(groups[i].integer) : 0;
+  return i < run.end && groups[i].kind == GroupKind::kHandle ? static_cast<std::uint64_t>(groups[i].integer) : 0;
 }
 
 std::optional<std::int64_t> numberIn(const GroupList& groups, const Run& run) {
   const std::size_t i = findIn(groups, run, kNumber);
-  return i < run.end && groups[i].kind == GroupKind::Int32 ? std::optional(groups[i].integer) : std::nullopt;
+  return i < run.end && groups[i].kind == GroupKind::kInt32 ? std::optional(groups[i].integer) : std::nullopt;
 }
 
 std::string_view nameIn(const GroupList& groups, const Run& run) {

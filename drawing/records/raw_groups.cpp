@@ -9,7 +9,7 @@ namespace drawing {
 bool tripleAt(const GroupList& groups, std::size_t i, OdGePoint3d& point) {
   double* coordinates = &point.x;
   for (std::size_t k = 0; k < 3; ++k) {
-    if (i + k >= groups.size() || groups[i + k].kind != GroupKind::Real ||
+    if (i + k >= groups.size() || groups[i + k].kind != GroupKind::kReal ||
         groups[i + k].code != groups[i].code + 10 * static_cast<int>(k))
       return false;
     coordinates[k] = groups[i + k].real;
@@ -30,15 +30,15 @@ void moveTriple(GroupList& groups, std::size_t i, GeometricRole role, const OdGe
   if (!tripleAt(groups, i, value))
     return;
   OdGeVector3d v = value.asVector();
-  if (role == GeometricRole::Point)
+  if (role == GeometricRole::kPoint)
     v = (matrix * value).asVector();
   else if (v.isZeroLength() || isTranslation(matrix))
     return;
   else
-    v = role == GeometricRole::Normal   ? matrix.transformNormal(v)
-        : role == GeometricRole::Vector ? matrix * v
-                                        : (matrix * v).normal();
-  if (role == GeometricRole::Point || !v.isEqualTo(value.asVector(), OdGeTol(1e-14)))
+    v = role == GeometricRole::kNormal   ? matrix.transformNormal(v)
+        : role == GeometricRole::kVector ? matrix * v
+                                         : (matrix * v).normal();
+  if (role == GeometricRole::kPoint || !v.isEqualTo(value.asVector(), OdGeTol(1e-14)))
     setTripleAt(groups, i, OdGePoint3d() + v);
 }
 
@@ -48,9 +48,9 @@ void transformRawGroups(GroupList& groups, std::size_t first, std::size_t end, s
                         const OdGeMatrix3d& matrix, double lengthScale) {
   for (std::size_t i = first; i < end; ++i) {
     for (const GroupRole& one : table) {
-      if (groups[i].code != one.code || groups[i].kind != GroupKind::Real)
+      if (groups[i].code != one.code || groups[i].kind != GroupKind::kReal)
         continue;
-      if (one.role == GeometricRole::Length)
+      if (one.role == GeometricRole::kLength)
         groups.setReal(i, groups[i].real * lengthScale);
       else
         moveTriple(groups, i, one.role, matrix);
@@ -71,7 +71,7 @@ std::size_t findRaw(const GroupList& groups, int code, GroupKind kind) {
 } // namespace
 
 double rawReal(const GroupList& groups, int code, double absent) {
-  const std::size_t i = findRaw(groups, code, GroupKind::Real);
+  const std::size_t i = findRaw(groups, code, GroupKind::kReal);
   return i < groups.size() ? groups[i].real : absent;
 }
 
@@ -86,12 +86,12 @@ OdGePoint3d rawPoint(const GroupList& groups, int code, const OdGePoint3d& absen
 }
 
 OdString rawText(const GroupList& groups, int code) {
-  const std::size_t i = findRaw(groups, code, GroupKind::Text);
+  const std::size_t i = findRaw(groups, code, GroupKind::kText);
   return i < groups.size() ? groups.stringOf(groups[i]) : OdString();
 }
 
 OdDbObjectId rawReference(const GroupList& groups, int code) {
-  const std::size_t i = findRaw(groups, code, GroupKind::Reference);
+  const std::size_t i = findRaw(groups, code, GroupKind::kReference);
   return i < groups.size() ? groups.idOf(groups[i]) : OdDbObjectId();
 }
 

@@ -33,11 +33,11 @@ SubclassLayout rawSubclass(const char* marker) {
 }
 
 enum class GeometricRole : std::uint8_t {
-  Point,     // a place: three groups, at steps of ten in the code
-  Direction, // a unit vector
-  Vector,    // with its length
-  Normal,    // a unit vector square to a plane, on the side where the image of the old one lies
-  Length
+  kPoint,     // a place: three groups, at steps of ten in the code
+  kDirection, // a unit vector
+  kVector,    // with its length
+  kNormal,    // a unit vector square to a plane, on the side where the image of the old one lies
+  kLength
 };
 
 struct GroupRole {

@@ -21,35 +21,35 @@ bool SubclassReader::store(const Field& field, const RawGroup& group) {
   double number = 0;
   std::int64_t whole = 0;
   switch (field.kind) {
-  case FieldKind::Real:
+  case FieldKind::kReal:
     if (context_.real(group, number))
       *static_cast<double*>(at) = field.degrees ? number * (kPi / 180.0) : number;
     return true;
-  case FieldKind::Point3:
-  case FieldKind::Vector3:
-  case FieldKind::Point2:
+  case FieldKind::kPoint3:
+  case FieldKind::kVector3:
+  case FieldKind::kPoint2:
     if (context_.real(group, number))
       static_cast<double*>(at)[component] = number;
     return true;
-  case FieldKind::Text:
+  case FieldKind::kText:
     *static_cast<OdString*>(at) = context_.text(group);
     return true;
-  case FieldKind::Reference:
+  case FieldKind::kReference:
     *static_cast<OdDbObjectId*>(at) = reference(field, group);
     return true;
-  case FieldKind::Bool:
+  case FieldKind::kBool:
     if (context_.integer(group, whole))
       *static_cast<bool*>(at) = whole != 0;
     return true;
-  case FieldKind::Int16:
+  case FieldKind::kInt16:
     if (context_.integer(group, whole, 16))
       *static_cast<std::int16_t*>(at) = static_cast<std::int16_t>(whole);
     return true;
-  case FieldKind::Int32:
+  case FieldKind::kInt32:
     if (context_.integer(group, whole, 32))
       *static_cast<std::int32_t*>(at) = static_cast<std::int32_t>(whole);
     return true;
-  case FieldKind::Int64:
+  case FieldKind::kInt64:
     if (context_.integer(group, whole))
       *static_cast<std::int64_t*>(at) = whole;
     return true;
@@ -61,9 +61,9 @@ namespace {
 
 // Which component of the field the code is; -1 for none.
 int componentOf(const Field& field, int code) {
-  const int components = field.kind == FieldKind::Point3 || field.kind == FieldKind::Vector3 ? 3
-                         : field.kind == FieldKind::Point2                                   ? 2
-                                                                                             : 1;
+  const int components = field.kind == FieldKind::kPoint3 || field.kind == FieldKind::kVector3 ? 3
+                         : field.kind == FieldKind::kPoint2                                    ? 2
+                                                                                               : 1;
   const int offset = code - field.code;
   return offset >= 0 && offset % 10 == 0 && offset / 10 < components ? offset / 10 : -1;
 }

@@ -16,28 +16,28 @@ namespace {
 bool isDefault(const Field& field, const void* at) {
   const auto equals = [&](int i, double value) { return value == field.ifAbsent[i]; };
   switch (field.kind) {
-  case FieldKind::Real:
+  case FieldKind::kReal:
     return equals(0, *static_cast<const double*>(at));
-  case FieldKind::Point3:
-  case FieldKind::Vector3: {
+  case FieldKind::kPoint3:
+  case FieldKind::kVector3: {
     const auto* p = static_cast<const double*>(at);
     return equals(0, p[0]) && equals(1, p[1]) && equals(2, p[2]);
   }
-  case FieldKind::Point2: {
+  case FieldKind::kPoint2: {
     const auto* p = static_cast<const double*>(at);
     return equals(0, p[0]) && equals(1, p[1]);
   }
-  case FieldKind::Text:
+  case FieldKind::kText:
     return static_cast<const OdString*>(at)->isEmpty();
-  case FieldKind::Reference:
+  case FieldKind::kReference:
     return static_cast<const OdDbObjectId*>(at)->isNull();
-  case FieldKind::Bool:
+  case FieldKind::kBool:
     return equals(0, *static_cast<const bool*>(at) ? 1 : 0);
-  case FieldKind::Int16:
+  case FieldKind::kInt16:
     return equals(0, *static_cast<const std::int16_t*>(at));
-  case FieldKind::Int32:
+  case FieldKind::kInt32:
     return equals(0, *static_cast<const std::int32_t*>(at));
-  case FieldKind::Int64:
+  case FieldKind::kInt64:
     return equals(0, static_cast<double>(*static_cast<const std::int64_t*>(at)));
   }
   return false;
@@ -70,25 +70,25 @@ double degreesForFile(double radians) {
 void writeField(const Field& field, const void* at, GroupSink& sink) {
   const int code = field.code;
   switch (field.kind) {
-  case FieldKind::Real: {
+  case FieldKind::kReal: {
     const double value = *static_cast<const double*>(at);
     sink.real(code, field.degrees ? degreesForFile(value) : value);
     return;
   }
-  case FieldKind::Point3:
-  case FieldKind::Vector3:
-  case FieldKind::Point2: {
+  case FieldKind::kPoint3:
+  case FieldKind::kVector3:
+  case FieldKind::kPoint2: {
     const auto* p = static_cast<const double*>(at);
     sink.real(code, p[0]);
     sink.real(code + 10, p[1]);
-    if (field.kind != FieldKind::Point2)
+    if (field.kind != FieldKind::kPoint2)
       sink.real(code + 20, p[2]);
     return;
   }
-  case FieldKind::Text:
+  case FieldKind::kText:
     sink.text(code, *static_cast<const OdString*>(at));
     return;
-  case FieldKind::Reference: {
+  case FieldKind::kReference: {
     const auto id = *static_cast<const OdDbObjectId*>(at);
     if (field.byName == OdDb::kNoTable)
       sink.reference(code, id);
@@ -96,16 +96,16 @@ void writeField(const Field& field, const void* at, GroupSink& sink) {
       sink.text(code, symbolName(id));
     return;
   }
-  case FieldKind::Bool:
+  case FieldKind::kBool:
     sink.integer(code, *static_cast<const bool*>(at) ? 1 : 0);
     return;
-  case FieldKind::Int16:
+  case FieldKind::kInt16:
     sink.integer(code, *static_cast<const std::int16_t*>(at));
     return;
-  case FieldKind::Int32:
+  case FieldKind::kInt32:
     sink.integer(code, *static_cast<const std::int32_t*>(at));
     return;
-  case FieldKind::Int64:
+  case FieldKind::kInt64:
     sink.integer(code, *static_cast<const std::int64_t*>(at));
     return;
   }
@@ -113,13 +113,13 @@ void writeField(const Field& field, const void* at, GroupSink& sink) {
 
 double numberIn(const Field& field, const void* at) {
   switch (field.kind) {
-  case FieldKind::Real:
+  case FieldKind::kReal:
     return *static_cast<const double*>(at);
-  case FieldKind::Bool:
+  case FieldKind::kBool:
     return *static_cast<const bool*>(at) ? 1 : 0;
-  case FieldKind::Int16:
+  case FieldKind::kInt16:
     return *static_cast<const std::int16_t*>(at);
-  case FieldKind::Int32:
+  case FieldKind::kInt32:
     return *static_cast<const std::int32_t*>(at);
   default:
     return GroupSink::kNoNumber;

@@ -31,7 +31,7 @@ bool mayBind(const OdDbBlockTableRecord& reference, BoundXref& result) {
     const OdDbBlockTableRecord& at = *open.back();
     open.pop_back();
     const OdDbDatabase* external = at.xrefDatabase();
-    if (at.xrefStatus() == XrefStatus::NotFollowed && &at != &reference)
+    if (at.xrefStatus() == XrefStatus::kNotFollowed && &at != &reference)
       continue;
     if (external == nullptr) {
       result.obstacle = at.getName();

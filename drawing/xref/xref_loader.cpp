@@ -90,9 +90,9 @@ private:
 
   void load(const OdDbBlockTableRecord& block) {
     if (block.isUnloaded())
-      stay(block, XrefStatus::Unloaded, "xref.unloaded", "it was unloaded by its user");
+      stay(block, XrefStatus::kUnloaded, "xref.unloaded", "it was unloaded by its user");
     else if (isNested() && block.isFromOverlayReference())
-      set(block, {XrefStatus::NotFollowed, {}, {}});
+      set(block, {XrefStatus::kNotFollowed, {}, {}});
     else
       follow(block);
   }
@@ -131,7 +131,7 @@ void Loading::note(const OdDbBlockTableRecord& block, const char* code, const st
 void Loading::follow(const OdDbBlockTableRecord& block) {
   const std::string path = loader_.find ? loader_.find(block.pathName(), referring()) : std::string();
   if (path.empty())
-    return stay(block, XrefStatus::NotFound, "xref.not-found",
+    return stay(block, XrefStatus::kNotFound, "xref.not-found",
                 "there is no file \"" + block.pathName().toUtf8Lossless() + "\"");
   const auto [place, isNew] = known_.try_emplace(keyOf(path));
   Known& known = place->second;
@@ -154,7 +154,7 @@ void Loading::open(const std::string& path, Known& known) {
   if (read.database.isNull()) {
     known.code = "xref.refused";
     known.message = read.message;
-  } else if (read.report.outcome() != Outcome::Whole) {
+  } else if (read.report.outcome() != Outcome::kWhole) {
     known.code = "xref.repaired";
     known.message = "\"" + path + "\" is damaged and was read with repairs";
   }
@@ -162,13 +162,13 @@ void Loading::open(const std::string& path, Known& known) {
 
 void Loading::refer(const OdDbBlockTableRecord& block, const Known& known) {
   if (known.database.isNull())
-    return stay(block, XrefStatus::Refused, known.code, known.message);
+    return stay(block, XrefStatus::kRefused, known.code, known.message);
   if (known.isOpen) {
-    set(block, {XrefStatus::Cycle, {}, known.database->getBlockTableId()});
+    set(block, {XrefStatus::kCycle, {}, known.database->getBlockTableId()});
     return note(block, "xref.cycle",
                 "\"" + block.pathName().toUtf8Lossless() + "\" refers back to a drawing that refers to it");
   }
-  set(block, {XrefStatus::Loaded, known.database, {}});
+  set(block, {XrefStatus::kLoaded, known.database, {}});
   if (!known.message.empty())
     note(block, known.code, known.message);
 }

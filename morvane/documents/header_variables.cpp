@@ -53,7 +53,7 @@ std::string asciiName(std::wstring_view name) {
 std::optional<VariableValue> pointIn(const GroupList& groups) {
   VariablePoint3d point{};
   for (std::size_t at = 0; at < groups.size(); ++at) {
-    if (at >= point.size() || groups[at].kind != GroupKind::Real)
+    if (at >= point.size() || groups[at].kind != GroupKind::kReal)
       return std::nullopt;
     point[at] = groups[at].real;
   }
@@ -77,14 +77,14 @@ std::optional<VariableValue> valueIn(const GroupList& groups) {
     return std::nullopt;
   const Group& group = groups[0];
   switch (group.kind) {
-  case GroupKind::Int16:
-  case GroupKind::Bool:
+  case GroupKind::kInt16:
+  case GroupKind::kBool:
     return narrowed<std::int16_t>(group.integer);
-  case GroupKind::Int32:
+  case GroupKind::kInt32:
     return narrowed<std::int32_t>(group.integer);
-  case GroupKind::Real:
+  case GroupKind::kReal:
     return group.real;
-  case GroupKind::Text:
+  case GroupKind::kText:
     return groups.stringOf(group);
   default:
     return std::nullopt; // handles and bytes are no variables

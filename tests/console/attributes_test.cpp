@@ -30,9 +30,9 @@ TEST(Csv, ComesBackAsItWasAndTellsWhereItIsNot) {
                {"\n\r\na\n", 1, {}, 0},
                {"a,\n,", 2, {}, 0},
                {"\"\"", 0, {}, 0},
-               {"a\n\"b\nc", 1, CsvFault::QuoteOpen, 2},
-               {"a\n\"b\n\"c\nd", 1, CsvFault::QuoteInside, 3},
-               {"a\nb\"c,d\"\n", 1, CsvFault::QuoteInside, 2}};
+               {"a\n\"b\nc", 1, CsvFault::kQuoteOpen, 2},
+               {"a\n\"b\n\"c\nd", 1, CsvFault::kQuoteInside, 3},
+               {"a\nb\"c,d\"\n", 1, CsvFault::kQuoteInside, 2}};
   for (const auto& one : cases) {
     const console::CsvTable table = console::parseCsv(one.text);
     EXPECT_EQ(table.rows.size(), one.rows) << one.text;

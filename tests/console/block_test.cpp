@@ -45,9 +45,9 @@ TEST(BlockObjects, StayOrAreShownWhereTheyWereUnderATiltedUcs) {
   console.run(std::string("LAYER Make here\n\n") + kTiltedUcs + kAwkwardLine);
   const OdDbObjectId line = console.objects()[0];
   const Ends before = endsOf(line);
-  ASSERT_EQ(console.run("BLOCK kept 0.3,0.9,0.77 All\n\nKeep\n"), Status::Done) << console.takeShown();
+  ASSERT_EQ(console.run("BLOCK kept 0.3,0.9,0.77 All\n\nKeep\n"), Status::kDone) << console.takeShown();
   EXPECT_TRUE(bitEqual(endsOf(line).start, before.start) && bitEqual(endsOf(line).end, before.end));
-  ASSERT_EQ(console.run("BLOCK piece 0.3,0.9,0.77 All\n\nConvert\n"), Status::Done) << console.takeShown();
+  ASSERT_EQ(console.run("BLOCK piece 0.3,0.9,0.77 All\n\nConvert\n"), Status::kDone) << console.takeShown();
   const OdDbBlockReferencePtr reference = onlyReference(console);
   EXPECT_EQ(reference->layer(), L"here");
   const OdDbBlockTableRecordPtr block = reference->blockTableRecord().safeOpenObject();
@@ -61,7 +61,7 @@ TEST(BlockObjects, ReferenceGetsItsAttributesButNotConstantOnes) {
   TestSession console;
   console.run("ATTDEF NO Number\n12\n20,20 2.5\nATTDEF FIX Fixed\n1\n5,5 1\nUCS Z 90\n");
   tests::forWrite<OdDbAttributeDefinition>(console.objects()[1])->setConstant(true);
-  ASSERT_EQ(console.run("BLOCK part 1,1 All\n\nConvert\n"), Status::Done) << console.takeShown();
+  ASSERT_EQ(console.run("BLOCK part 1,1 All\n\nConvert\n"), Status::kDone) << console.takeShown();
   const OdDbBlockReferencePtr reference = onlyReference(console);
   const OdDbObjectIdArray attributes = reference->attributeIds();
   ASSERT_EQ(attributes.length(), 1);
@@ -77,7 +77,7 @@ TEST(BlockObjects, RedefinedBlockHasItsOriginAtTheBasePoint) {
   console.run("LINE 0,0 1,0\n\nBLOCK part 0,0 All\n\nDelete\nLINE 7,7 8,7\n\n");
   const OdDbObjectId id = console.database().symbol(OdDb::kBlockTable, L"part");
   tests::forWrite<OdDbBlockTableRecord>(id)->setOrigin(OdGePoint3d(3, 3, 3));
-  ASSERT_EQ(console.run("BLOCK part 1 7,7 All\n\nConvert\n"), Status::Done) << console.takeShown();
+  ASSERT_EQ(console.run("BLOCK part 1 7,7 All\n\nConvert\n"), Status::kDone) << console.takeShown();
   const OdDbBlockTableRecordPtr block = id.safeOpenObject();
   EXPECT_TRUE(bitEqual(block->origin(), OdGePoint3d(0, 0, 0)));
   EXPECT_TRUE(endsOf(block->newIterator()->objectId()).start.isEqualTo(OdGePoint3d(0, 0, 0)));
@@ -101,7 +101,7 @@ TEST(BlockObjects, AnnotativeReferenceShowsThemInTheirSize) {
   request.space = database.getModelSpaceId();
   request.annotative = true;
   const auto make = [&] { console::makeBlock(console.session(), request); };
-  ASSERT_EQ(console.session().attempt("BLOCK", console::Command::Kind::kModifies, make), Status::Done);
+  ASSERT_EQ(console.session().attempt("BLOCK", console::Command::Kind::kModifies, make), Status::kDone);
   const OdDbBlockReferencePtr reference = onlyReference(console);
   const OdDbBlockTableRecordPtr block = reference->blockTableRecord().safeOpenObject();
   const Ends stored = endsOf(block->newIterator()->objectId());
@@ -181,7 +181,7 @@ TEST(BlockNames, AreRefusedWithTheReason) {
   const std::string before = console.dump();
   for (const auto& row : kCases) {
     console.takeShown();
-    EXPECT_EQ(console.run("BLOCK " + row.name + " 0,0 All\n\nKeep\n"), Status::Refused) << row.name;
+    EXPECT_EQ(console.run("BLOCK " + row.name + " 0,0 All\n\nKeep\n"), Status::kRefused) << row.name;
     EXPECT_NE(console.takeShown().find(row.part), std::string::npos) << row.name;
     EXPECT_EQ(console.dump(), before) << row.name;
   }
@@ -196,10 +196,10 @@ TEST(BlockCommand, InputThatEndsInAPromptChangesNothing) {
   std::string script;
   for (const std::string& answer : answers) {
     script += answer;
-    EXPECT_EQ(console.run(script), Status::Cancelled) << script;
+    EXPECT_EQ(console.run(script), Status::kCancelled) << script;
     EXPECT_EQ(console.dump(), before) << script;
   }
-  EXPECT_EQ(console.run(script + "\n"), Status::Refused); // all holds a reference to the block itself
+  EXPECT_EQ(console.run(script + "\n"), Status::kRefused); // all holds a reference to the block itself
   EXPECT_EQ(console.dump(), before);
 }
 
@@ -220,7 +220,7 @@ TEST(BlockCommand, IsAllOrNothingWhereverTheHostGivesOut) {
     const Status status = console.run("BLOCK part 0,0 All\n\nConvert\n");
     console.session().host().calls().setAdmit({});
     const bool made = !console.database().symbol(OdDb::kBlockTable, L"part").isNull();
-    EXPECT_EQ(made, status == Status::Done) << n;
+    EXPECT_EQ(made, status == Status::kDone) << n;
     EXPECT_TRUE(made || console.dump() == before) << n;
   }
 }

@@ -182,21 +182,21 @@ TEST(Insert, AsksTheSameWhereverTheAnswersComeFrom) {
     TestSession console;
     console.session().answerFrom(std::make_shared<morvane::ListSource>(linesOf(commands)));
     console::runCommands(console.session(), console::allCommands());
-    EXPECT_EQ(console.session().status(), Status::Done) << console.takeShown();
+    EXPECT_EQ(console.session().status(), Status::kDone) << console.takeShown();
     entered = console.dump();
   }
   {
     TestSession console;
-    ASSERT_EQ(console.run(commands), Status::Done) << console.takeShown();
+    ASSERT_EQ(console.run(commands), Status::kDone) << console.takeShown();
     EXPECT_EQ(console.dump(), entered);
   }
   const std::size_t begins = commands.find("INSERT\n"), ends = commands.find("INSERT\n", begins + 1);
   TestSession console;
-  ASSERT_EQ(console.run(commands.substr(0, begins)), Status::Done);
+  ASSERT_EQ(console.run(commands.substr(0, begins)), Status::kDone);
   const std::string before = console.dump();
   const std::string insertion = commands.substr(begins, ends - begins);
   for (std::size_t cut = insertion.find('\n'); cut + 1 < insertion.size(); cut = insertion.find('\n', cut + 1)) {
-    EXPECT_EQ(console.run(insertion.substr(0, cut + 1)), Status::Cancelled) << insertion.substr(0, cut);
+    EXPECT_EQ(console.run(insertion.substr(0, cut + 1)), Status::kCancelled) << insertion.substr(0, cut);
     EXPECT_EQ(console.dump(), before) << insertion.substr(0, cut);
   }
 }

@@ -134,7 +134,7 @@ TEST(Save, FailureLeavesTheFileOnDisk) {
       EXPECT_TRUE(now != room || run.status != 0);
       if (now != room) {
         EXPECT_TRUE(run.status == 0 || row.readsAgain);
-        EXPECT_EQ(drawing::readDrawingFromMemory(now).report.outcome(), drawing::Outcome::Whole);
+        EXPECT_EQ(drawing::readDrawingFromMemory(now).report.outcome(), drawing::Outcome::kWhole);
       }
     }
     EXPECT_GT(refusals, 5);

@@ -82,7 +82,7 @@ TEST(Upkeep, WhatIsWrittenIsWhatWasSaid) {
             0);
   const drawing::ReadResult read = drawing::readDrawing(out);
   OdDbDatabase& database = *read.database;
-  EXPECT_EQ(read.report.outcome(), drawing::Outcome::Whole);
+  EXPECT_EQ(read.report.outcome(), drawing::Outcome::kWhole);
   EXPECT_TRUE(database.symbol(OdDb::kBlockTable, L"corner").isNull());
   EXPECT_TRUE(database.symbol(OdDb::kLayerTable, L"walls").isNull());
   EXPECT_FALSE(database.symbol(OdDb::kLayerTable, L"WÄNDE").isNull());
@@ -125,14 +125,14 @@ TEST(Commands, AreOneStepEach) {
         "BLOCK corner 1 0,0 Type LINE\n\nConvert\n", "PURGE\n\n", "PURGE Blocks\n", "RENAME Block\nlamp\nlight\n",
         "REN LAyer walls outside\n"}) {
     TestSession session;
-    ASSERT_EQ(session.run("OPEN " + drawing + "\n"), console::Status::Done);
+    ASSERT_EQ(session.run("OPEN " + drawing + "\n"), console::Status::kDone);
     const std::string before = session.dump();
-    EXPECT_EQ(session.run(command), console::Status::Done) << command << session.takeShown();
+    EXPECT_EQ(session.run(command), console::Status::kDone) << command << session.takeShown();
     const std::string after = session.dump();
     EXPECT_NE(after, before) << command;
-    EXPECT_EQ(session.run("UNDO\n"), console::Status::Done);
+    EXPECT_EQ(session.run("UNDO\n"), console::Status::kDone);
     EXPECT_EQ(session.dump(), before) << command;
-    EXPECT_EQ(session.run("REDO\n"), console::Status::Done);
+    EXPECT_EQ(session.run("REDO\n"), console::Status::kDone);
     EXPECT_EQ(session.dump(), after) << command;
   }
 }
@@ -142,10 +142,10 @@ TEST(Upkeep, CommandsThatAreRefusedChangeNothing) {
   TestSession session;
   session.run("OPEN " + house(scratch) + "\n");
   const std::string before = session.dump();
-  EXPECT_EQ(session.run("RENAME Block lamp corner\n"), console::Status::Refused);
-  EXPECT_EQ(session.run("RENAME LAyer 0 zero\n"), console::Status::Refused);
-  EXPECT_EQ(session.run("RENAME Block lamp"), console::Status::Cancelled);
-  EXPECT_EQ(session.run("PURGE ?"), console::Status::Cancelled);
+  EXPECT_EQ(session.run("RENAME Block lamp corner\n"), console::Status::kRefused);
+  EXPECT_EQ(session.run("RENAME LAyer 0 zero\n"), console::Status::kRefused);
+  EXPECT_EQ(session.run("RENAME Block lamp"), console::Status::kCancelled);
+  EXPECT_EQ(session.run("PURGE ?"), console::Status::kCancelled);
   const std::string shown = session.takeShown();
   EXPECT_NE(shown.find("Can be purged: block \"table\""), std::string::npos) << shown;
   EXPECT_NE(shown.find("Not purged: block \"lamp\""), std::string::npos) << shown;

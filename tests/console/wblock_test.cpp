@@ -101,7 +101,7 @@ TEST_F(WblockSubcommand, WritesEveryBlockOrNothing) {
   std::vector<std::string> files;
   for (const Json& row : manifest["blocks"]) {
     files.push_back(row["file"]);
-    EXPECT_EQ(drawing::readDrawing(path("b/" + files.back())).report.outcome(), drawing::Outcome::Whole);
+    EXPECT_EQ(drawing::readDrawing(path("b/" + files.back())).report.outcome(), drawing::Outcome::kWhole);
     EXPECT_TRUE(std::filesystem::exists(path("b/" + row["preview"].get<std::string>())));
   }
   EXPECT_EQ(files, (std::vector<std::string>{"leaf.dxf", "door.dxf", "_con.dxf", "_U1.dxf", "a_b.dxf", "a_b-2.dxf",

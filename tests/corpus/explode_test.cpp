@@ -28,7 +28,7 @@ TEST(Explode, EveryReferenceIsTakenApartOrStays) {
       drawing::ExplodeOptions options;
       options.objects = 100'000;
       const drawing::Exploded exploded = drawing::explodeReference(id, options);
-      const bool whole = exploded.refusal != drawing::ExplodeRefusal::None;
+      const bool whole = exploded.refusal != drawing::ExplodeRefusal::kNone;
       EXPECT_EQ(id.isErased(), !whole) << id.getHandle().ascii();
       ++(whole ? refused : apart);
       for (const OdDbObjectId made : exploded.made) {

@@ -14,12 +14,12 @@ struct Range {
   Kind kind;
 };
 constexpr Range kRanges[] = {
-    {5, 5, Kind::Handle},     {10, 59, Kind::Real},      {60, 79, Kind::Whole},     {90, 99, Kind::Whole},
-    {105, 105, Kind::Handle}, {110, 149, Kind::Real},    {160, 179, Kind::Whole},   {210, 239, Kind::Real},
-    {270, 299, Kind::Whole},  {310, 319, Kind::Bytes},   {320, 369, Kind::Handle},  {370, 389, Kind::Whole},
-    {390, 399, Kind::Handle}, {400, 409, Kind::Whole},   {420, 429, Kind::Whole},   {440, 459, Kind::Whole},
-    {460, 469, Kind::Real},   {480, 481, Kind::Handle},  {1004, 1004, Kind::Bytes}, {1005, 1005, Kind::Handle},
-    {1010, 1059, Kind::Real}, {1060, 1071, Kind::Whole},
+    {5, 5, Kind::kHandle},     {10, 59, Kind::kReal},      {60, 79, Kind::kWhole},     {90, 99, Kind::kWhole},
+    {105, 105, Kind::kHandle}, {110, 149, Kind::kReal},    {160, 179, Kind::kWhole},   {210, 239, Kind::kReal},
+    {270, 299, Kind::kWhole},  {310, 319, Kind::kBytes},   {320, 369, Kind::kHandle},  {370, 389, Kind::kWhole},
+    {390, 399, Kind::kHandle}, {400, 409, Kind::kWhole},   {420, 429, Kind::kWhole},   {440, 459, Kind::kWhole},
+    {460, 469, Kind::kReal},   {480, 481, Kind::kHandle},  {1004, 1004, Kind::kBytes}, {1005, 1005, Kind::kHandle},
+    {1010, 1059, Kind::kReal}, {1060, 1071, Kind::kWhole},
 };
 
 std::string_view trimmed(std::string_view text) {
@@ -32,12 +32,12 @@ std::string_view trimmed(std::string_view text) {
 
 std::string spelled(int code, std::string_view value) {
   const Kind kind = kindOf(code);
-  if (kind == Kind::Text)
+  if (kind == Kind::kText)
     return std::string(value);
   std::string_view text = trimmed(value);
-  if (kind == Kind::Bytes)
+  if (kind == Kind::kBytes)
     return upper(text);
-  if (kind == Kind::Handle) {
+  if (kind == Kind::kHandle) {
     text.remove_prefix(std::min(text.find_first_not_of('0'), text.size()));
     return text.empty() ? "0" : upper(text);
   }
@@ -172,7 +172,7 @@ private:
   }
 
   void add(const std::string& name, const Record& source, const Record* written, const Group& group) {
-    const bool toNothing = kindOf(group.code) == Kind::Handle && sources_.find(group.value) == sources_.end();
+    const bool toNothing = kindOf(group.code) == Kind::kHandle && sources_.find(group.value) == sources_.end();
     losses.push_back({name, &source, written, group, toNothing});
   }
 
@@ -186,7 +186,7 @@ Kind kindOf(int code) {
     if (code >= range.first && code <= range.last)
       return range.kind;
   }
-  return Kind::Text;
+  return Kind::kText;
 }
 
 std::string upper(std::string_view text) {

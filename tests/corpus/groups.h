@@ -42,7 +42,7 @@ struct Loss {
 // `written` lacks. Points into both.
 std::vector<Loss> lossesBetween(const Contents& source, const Contents& written);
 
-enum class Kind { Text, Real, Whole, Handle, Bytes };
+enum class Kind { kText, kReal, kWhole, kHandle, kBytes };
 Kind kindOf(int code);
 std::string upper(std::string_view text); // letters of ASCII alone
 

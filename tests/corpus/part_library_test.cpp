@@ -43,7 +43,7 @@ TEST(PartLibrary, ShowsEveryPartAsItsFileHasIt) {
       std::count_if(inserted.begin(), inserted.end(), [](const Json& one) { return one["definition"] != "made"; }), 14);
 
   const drawing::ReadResult all = drawing::readDrawing(out);
-  EXPECT_EQ(all.report.outcome(), drawing::Outcome::Whole);
+  EXPECT_EQ(all.report.outcome(), drawing::Outcome::kWhole);
   for (std::size_t at = 0; at < parts.size(); ++at) {
     const drawing::ReadResult part = drawing::readDrawing(parts[at]);
     const std::uint64_t handle = std::stoull(inserted[at]["reference"].get<std::string>(), nullptr, 16);

@@ -30,7 +30,7 @@ std::vector<File> files() {
     File file;
     file.path = line.substr(0, line.find('\t'));
     file.text = corpus::textOf(corpus::folder() + file.path);
-    const bool isText = drawing::formOf(file.text) == drawing::FileForm::TextDxf;
+    const bool isText = drawing::formOf(file.text) == drawing::FileForm::kTextDxf;
     file.isSound = isText && !file.path.starts_with("damaged/") && !file.path.starts_with("old-formats/") &&
                    line.find("\tAC10") != std::string::npos && line.find("\tAC1009\t") == std::string::npos;
     all.push_back(std::move(file));
@@ -41,11 +41,11 @@ std::vector<File> files() {
 
 // Dump equality after a write and a read, in both forms of files. Files of R12 number entities alone.
 void expectComesBack(const OdDbDatabase& database) {
-  const auto dumpForm = database.fileInfo().version < OdDb::kRelease13 ? drawing::DumpForm::WithoutHandles
-                                                                       : drawing::DumpForm::WithHandles;
+  const auto dumpForm = database.fileInfo().version < OdDb::kRelease13 ? drawing::DumpForm::kWithoutHandles
+                                                                       : drawing::DumpForm::kWithHandles;
   const std::string dump = drawing::canonicalDump(database, dumpForm);
-  for (const auto form : {drawing::WriteOptions::Text, drawing::WriteOptions::Binary}) {
-    SCOPED_TRACE(form == drawing::WriteOptions::Text ? "text" : "binary");
+  for (const auto form : {drawing::WriteOptions::kText, drawing::WriteOptions::kBinary}) {
+    SCOPED_TRACE(form == drawing::WriteOptions::kText ? "text" : "binary");
     drawing::WriteOptions options;
     options.form = form;
     const drawing::ReadResult again = drawing::readDrawingFromMemory(drawing::writeDrawingToMemory(database, options));
@@ -67,7 +67,7 @@ TEST(RoundTrip, SoundDrawingsComeBackEqualAndOthersDoOrAreRefusedWithAReason) {
 
 // What the reading of a file of another version may still tell.
 bool isNothingWrong(const drawing::Issue& issue) {
-  return issue.severity == drawing::Severity::Note || issue.code == "dxf.value-unreadable";
+  return issue.severity == drawing::Severity::kNote || issue.code == "dxf.value-unreadable";
 }
 
 // A chosen tenth: the drawings that hold most, and every tenth of the others.
@@ -99,13 +99,13 @@ TEST(RoundTrip, OtherVersionsAreSoundAndStable) {
       const drawing::ReadResult again = drawing::readDrawingFromMemory(bytes);
       ASSERT_FALSE(again.database.isNull()) << again.message;
       EXPECT_EQ(again.database->fileInfo().version, options.version);
-      if (read.report.outcome() == drawing::Outcome::Whole) {
+      if (read.report.outcome() == drawing::Outcome::kWhole) {
         for (const drawing::Issue& issue : again.report.issues())
           EXPECT_TRUE(isNothingWrong(issue)) << drawing::describe(issue);
       }
       expectComesBack(*again.database);
       if (options.version >= read.database->fileInfo().version) {
-        EXPECT_EQ(written.report.outcome(), drawing::Outcome::Whole) << drawing::describe(written.report.issues()[0]);
+        EXPECT_EQ(written.report.outcome(), drawing::Outcome::kWhole) << drawing::describe(written.report.issues()[0]);
       }
     }
   }
@@ -118,7 +118,7 @@ TEST(RoundTrip, DwgFilesAreRefusedWithTheirVersion) {
       continue;
     SCOPED_TRACE(file.path);
     std::string signature;
-    EXPECT_EQ(drawing::formOf(file.text, &signature), drawing::FileForm::Dwg);
+    EXPECT_EQ(drawing::formOf(file.text, &signature), drawing::FileForm::kDwg);
     const drawing::ReadResult read = drawing::readDrawingFromMemory(file.text, file.path);
     EXPECT_EQ(read.result, eUnsupportedFileFormat);
     const std::string year = drawing::versionYear(drawing::versionFromSignature(signature));
@@ -134,15 +134,15 @@ struct Allowed {
   std::set<std::string> kinds;
   std::set<int> codes;
   const char* value;
-  enum When { Always, NotWrittenAtAll } when;
+  enum When { kAlways, kNotWrittenAtAll } when;
   const char* why;
 };
-constexpr Allowed::When kAbsent = Allowed::NotWrittenAtAll;
+constexpr Allowed::When kAbsent = Allowed::kNotWrittenAtAll;
 
 const Allowed kAllowed[] = {
-    {{"$HANDSEED"}, {5}, "*", Allowed::Always, "the next free handle moves on"},
-    {{"TABLE"}, {70}, "*", Allowed::Always, "the number of records is counted anew"},
-    {{"BLOCK"}, {67, 70}, "*", Allowed::Always, "the space, and whether there are attributes, follow from the block"},
+    {{"$HANDSEED"}, {5}, "*", Allowed::kAlways, "the next free handle moves on"},
+    {{"TABLE"}, {70}, "*", Allowed::kAlways, "the number of records is counted anew"},
+    {{"BLOCK"}, {67, 70}, "*", Allowed::kAlways, "the space, and whether there are attributes, follow from the block"},
     {{"*"}, {67}, "0", kAbsent, "model space is meant without it"},
     {{"*"}, {62}, "256", kAbsent, "colour by layer"},
     {{"*"}, {370}, "-1", kAbsent, "line weight by layer"},
@@ -162,16 +162,16 @@ const Allowed kAllowed[] = {
     {{"DIMENSION"}, {42}, "-1", kAbsent, "not measured"},
     {{"DIMENSION"}, {53}, "0", kAbsent, "text not turned"},
     {{"DIMENSION"}, {41, 72}, "1", kAbsent, "default line spacing"},
-    {{"MTEXT"}, {46}, "0", Allowed::Always, "no height of columns"},
-    {{"MTEXT"}, {50}, "*", Allowed::Always, "an angle is written as a direction"},
+    {{"MTEXT"}, {46}, "0", Allowed::kAlways, "no height of columns"},
+    {{"MTEXT"}, {50}, "*", Allowed::kAlways, "an angle is written as a direction"},
     {{"POLYLINE"}, {70, 75}, "0", kAbsent, "open, of lines, not smoothed"},
-    {{"LWPOLYLINE"}, {40, 41, 42}, "0", Allowed::Always, "no width and no bulge at the vertex"},
+    {{"LWPOLYLINE"}, {40, 41, 42}, "0", Allowed::kAlways, "no width and no bulge at the vertex"},
     {{"LWPOLYLINE"}, {43}, "0", kAbsent, "no width"},
     {{"DICTIONARY"}, {280}, "0", kAbsent, "entries are not owned"},
-    {{"DICTIONARY"}, {350}, "*", Allowed::Always, "entries of a dictionary that owns them stand under 360"},
+    {{"DICTIONARY"}, {350}, "*", Allowed::kAlways, "entries of a dictionary that owns them stand under 360"},
     {{"DIMSTYLE"}, {40}, "1", kAbsent, "default scale"},
     {{"DIMSTYLE"}, {41, 140}, "0.18", kAbsent, "default size of arrows and texts"},
-    {{"DIMSTYLE"}, {340}, "STANDARD", Allowed::Always, "a text style by name is written by handle"},
+    {{"DIMSTYLE"}, {340}, "STANDARD", Allowed::kAlways, "a text style by name is written by handle"},
     {{"DIMSTYLE"}, {341}, "0", kAbsent, "no block"},
     {{"LAYER"}, {290}, "1", kAbsent, "plotted"},
     {{"LAYER"}, {348, 390}, "0", kAbsent, "no style"},
@@ -188,7 +188,7 @@ bool isInTable(const corpus::Loss& loss) {
     const bool matches = row.kinds.count("*") + row.kinds.count(loss.source->kind) != 0 &&
                          row.codes.count(loss.group.code) != 0 &&
                          (row.value == std::string("*") || row.value == loss.group.value);
-    if (matches && (row.when == Allowed::Always || !hasWritten(loss, [](const std::string&) { return true; })))
+    if (matches && (row.when == Allowed::kAlways || !hasWritten(loss, [](const std::string&) { return true; })))
       return true;
   }
   return false;

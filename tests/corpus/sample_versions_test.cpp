@@ -43,7 +43,7 @@ Records recordsOf(const std::string& version) {
   Records records;
   if (read.database.isNull())
     return records;
-  std::istringstream dump(drawing::canonicalDump(*read.database, drawing::DumpForm::WithoutHandles));
+  std::istringstream dump(drawing::canonicalDump(*read.database, drawing::DumpForm::kWithoutHandles));
   Record* at = nullptr;
   for (std::string line; std::getline(dump, line);) {
     if (line.empty() || line[0] != ' ') {

@@ -52,7 +52,7 @@ void expectOwnDrawing(OdDbObjectId block) {
   expectSound(*made);
   const drawing::ReadResult read = drawing::readDrawingFromMemory(drawing::writeDrawingToMemory(*made));
   ASSERT_FALSE(read.database.isNull());
-  EXPECT_EQ(read.report.outcome(), drawing::Outcome::Whole);
+  EXPECT_EQ(read.report.outcome(), drawing::Outcome::kWhole);
   EXPECT_TRUE(drawing::sameDefinition(made->getModelSpaceId(), read.database->getModelSpaceId()));
   const OdDbDatabasePtr into = OdDbDatabase::create();
   const OdDbObjectId again = into->insert(L"written and read", read.database.get());
@@ -83,7 +83,7 @@ void expectUsedRecords(OdDbDatabase& one, OdDbDatabase& other) {
       const auto record = OdDbSymbolTableRecord::cast(id.safeOpenObject());
       // Files of shapes have no name, and anonymous blocks are renamed.
       const bool isNamed = !record.isNull() && !record->getName().isEmpty() && record->getName().left(1) != L"*";
-      if (!isNamed || plan.statusOf(id) != drawing::PurgePlan::Status::Used)
+      if (!isNamed || plan.statusOf(id) != drawing::PurgePlan::Status::kUsed)
         continue;
       SCOPED_TRACE(std::string(kind.name) + " " + record->getName().toUtf8Lossless());
       const OdDbObjectId there = other.symbol(record->tableKind(), record->getName());
@@ -138,7 +138,7 @@ TEST(Wblock, TheRichSampleIsWrittenBlockByBlock) {
       const OdDbObjectId block = source->objectIdOf(std::stoull(row["handle"].get<std::string>(), nullptr, 16));
       const drawing::ReadResult file = drawing::readDrawing(folder + "/" + row["file"].get<std::string>());
       ASSERT_FALSE(file.database.isNull());
-      EXPECT_EQ(file.report.outcome(), drawing::Outcome::Whole);
+      EXPECT_EQ(file.report.outcome(), drawing::Outcome::kWhole);
       expectSound(*file.database);
       EXPECT_EQ(entitiesOf(file.database->getModelSpaceId()).isEmpty(), row["objects"] == 0);
       const OdDbDatabasePtr into = OdDbDatabase::create();

@@ -114,7 +114,7 @@ TEST_F(ExternalReferences, OfAnInsertedDrawingGoOnNamingTheirFiles) {
     ASSERT_FALSE(database->insert(L"part", source.get(), true).isNull());
     host_.host().documents().open(database);
     const auto xref = forRead<OdDbBlockTableRecord>(database->symbol(OdDb::kBlockTable, L"xref"));
-    EXPECT_EQ(xref->xrefStatus(), XrefStatus::Loaded);
+    EXPECT_EQ(xref->xrefStatus(), XrefStatus::kLoaded);
     EXPECT_TRUE(!hasFile || xref->pathName() == L"..\\library\\kit\\bolt.dxf") << xref->pathName().toUtf8();
   }
   EXPECT_EQ(forRead<OdDbBlockTableRecord>(source->symbol(OdDb::kBlockTable, L"xref"))->pathName(), L"bolt.dxf");

@@ -21,55 +21,55 @@ public:
   using Action = drawing::FileAction;
 
   Error open(const std::string& path, drawing::FileOpen mode, Handle& file, std::uint32_t permissions) override {
-    return fails() ? failure(Action::Write, path) : under_.open(path, mode, file, permissions);
+    return fails() ? failure(Action::kWrite, path) : under_.open(path, mode, file, permissions);
   }
   Error read(Handle& file, std::span<char> buffer, std::size_t& got) override {
     got = 0;
-    return fails() ? failure(Action::Read, file.path) : under_.read(file, buffer, got);
+    return fails() ? failure(Action::kRead, file.path) : under_.read(file, buffer, got);
   }
   Error write(Handle& file, std::string_view bytes) override {
     if (!fails())
       return under_.write(file, bytes);
     under_.write(file, bytes.substr(0, bytes.size() / 2)); // a full disk takes a part
-    return failure(Action::Write, file.path);
+    return failure(Action::kWrite, file.path);
   }
-  Error sync(Handle& file) override { return fails() ? failure(Action::Write, file.path) : under_.sync(file); }
+  Error sync(Handle& file) override { return fails() ? failure(Action::kWrite, file.path) : under_.sync(file); }
   Error close(Handle& file) override {
     if (!file.isOpen())
       return {};
     const bool failing = fails();
     const Error error = under_.close(file); // a failing close closes all the same
-    return failing ? failure(Action::Write, file.path) : error;
+    return failing ? failure(Action::kWrite, file.path) : error;
   }
   Error keepPermissions(Handle& file, const Status& status) override {
-    return fails() ? failure(Action::Write, file.path) : under_.keepPermissions(file, status);
+    return fails() ? failure(Action::kWrite, file.path) : under_.keepPermissions(file, status);
   }
   Error lock(Handle& file, drawing::FileLock kind) override {
-    return fails() ? failure(Action::Lock, file.path) : under_.lock(file, kind);
+    return fails() ? failure(Action::kLock, file.path) : under_.lock(file, kind);
   }
   Error status(Handle& file, Status& status) override {
-    return fails() ? failure(Action::Read, file.path) : under_.status(file, status);
+    return fails() ? failure(Action::kRead, file.path) : under_.status(file, status);
   }
   Error stat(const std::string& path, Status& status) override {
-    return fails() ? failure(Action::Read, path) : under_.stat(path, status);
+    return fails() ? failure(Action::kRead, path) : under_.stat(path, status);
   }
   Error rename(const std::string& from, const std::string& to, drawing::FileRename mode) override {
-    return fails() ? failure(Action::Write, to) : under_.rename(from, to, mode);
+    return fails() ? failure(Action::kWrite, to) : under_.rename(from, to, mode);
   }
   Error link(const std::string& existing, const std::string& name) override {
-    return fails() ? failure(Action::Write, name) : under_.link(existing, name);
+    return fails() ? failure(Action::kWrite, name) : under_.link(existing, name);
   }
   Error unlink(const std::string& path) override {
-    return fails() ? failure(Action::Remove, path) : under_.unlink(path);
+    return fails() ? failure(Action::kRemove, path) : under_.unlink(path);
   }
   Error syncFolder(const std::string& path) override {
-    return fails() ? failure(Action::Write, path) : under_.syncFolder(path);
+    return fails() ? failure(Action::kWrite, path) : under_.syncFolder(path);
   }
   Error resolve(const std::string& path, std::string& target) override {
-    return fails() ? failure(Action::Read, path) : under_.resolve(path, target);
+    return fails() ? failure(Action::kRead, path) : under_.resolve(path, target);
   }
   Error map(Handle& file, drawing::FileMapping& mapping) override {
-    return fails() ? failure(Action::Read, file.path) : under_.map(file, mapping);
+    return fails() ? failure(Action::kRead, file.path) : under_.map(file, mapping);
   }
   void unmap(const drawing::FileMapping& mapping) override { under_.unmap(mapping); }
 

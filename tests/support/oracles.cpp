@@ -46,7 +46,7 @@ void expectUndoRestores(OdDbDatabase& database, const std::function<void()>& cha
 }
 
 static OdDbDatabasePtr readBack(const OdDbDatabase& database, drawing::WriteOptions::Form form) {
-  SCOPED_TRACE(form == drawing::WriteOptions::Binary ? "binary" : "text");
+  SCOPED_TRACE(form == drawing::WriteOptions::kBinary ? "binary" : "text");
   // What came earlier than 2000 has no objects to keep.
   const drawing::WriteOptions options{.form = form,
                                       .version = std::max(database.fileInfo().version, OdDb::kRelease2000)};
@@ -59,15 +59,15 @@ static OdDbDatabasePtr readBack(const OdDbDatabase& database, drawing::WriteOpti
     return nullptr;
   for (const drawing::Issue& issue : read.report.issues()) {
     const bool isUnparsed = issue.code == "dxf.value-unreadable"; // it was written as it stood
-    EXPECT_TRUE(isUnparsed || issue.severity == drawing::Severity::Note) << drawing::describe(issue);
+    EXPECT_TRUE(isUnparsed || issue.severity == drawing::Severity::kNote) << drawing::describe(issue);
   }
   EXPECT_EQ(firstDifference(drawing::canonicalDump(database), drawing::canonicalDump(*read.database)), "");
   return read.database;
 }
 
 OdDbDatabasePtr expectRoundTrip(const OdDbDatabase& database) {
-  readBack(database, drawing::WriteOptions::Binary);
-  return readBack(database, drawing::WriteOptions::Text);
+  readBack(database, drawing::WriteOptions::kBinary);
+  return readBack(database, drawing::WriteOptions::kText);
 }
 
 void expectSound(OdDbDatabase& database) {

@@ -59,10 +59,10 @@ public:
 
   Error open(const std::string& path, drawing::FileOpen mode, Handle& file, std::uint32_t) override {
     const bool exists = now_.count(path) != 0;
-    if (exists && mode == drawing::FileOpen::CreateNew)
-      return drawing::fileError(FileAction::Write, path, EEXIST);
-    if (!exists && (mode == drawing::FileOpen::Read || mode == drawing::FileOpen::Write))
-      return drawing::fileError(FileAction::Read, path, ENOENT);
+    if (exists && mode == drawing::FileOpen::kCreateNew)
+      return drawing::fileError(FileAction::kWrite, path, EEXIST);
+    if (!exists && (mode == drawing::FileOpen::kRead || mode == drawing::FileOpen::kWrite))
+      return drawing::fileError(FileAction::kRead, path, ENOENT);
     if (!exists)
       change({path, std::make_shared<File>(), ""});
     file = {static_cast<int>(open_.size()), path};
@@ -92,16 +92,16 @@ public:
   Error stat(const std::string& path, Status& status) override {
     const auto at = now_.find(path);
     if (at == now_.end())
-      return drawing::fileError(FileAction::Read, path, ENOENT);
+      return drawing::fileError(FileAction::kRead, path, ENOENT);
     status = {};
-    status.kind = Status::Kind::Regular;
+    status.kind = Status::Kind::kRegular;
     status.size = at->second->bytes.size();
     status.file = reinterpret_cast<std::uintptr_t>(at->second.get());
     return {};
   }
   Error rename(const std::string& from, const std::string& to, drawing::FileRename mode) override {
-    if (now_.count(to) != 0 && mode == drawing::FileRename::KeepExisting)
-      return drawing::fileError(FileAction::Write, to, EEXIST);
+    if (now_.count(to) != 0 && mode == drawing::FileRename::kKeepExisting)
+      return drawing::fileError(FileAction::kWrite, to, EEXIST);
     change({to, now_.at(from), from});
     return {};
   }
@@ -137,7 +137,7 @@ private:
     std::shared_ptr<File> file; // null: the name goes
     std::string alsoGoes;       // the old name of a rename
   };
-  static Error notHere(Handle& file) { return drawing::fileError(FileAction::Read, file.path, ENODEV); }
+  static Error notHere(Handle& file) { return drawing::fileError(FileAction::kRead, file.path, ENODEV); }
   static void apply(Entries& entries, const Change& change) {
     entries.erase(change.file == nullptr ? change.path : change.alsoGoes);
     if (change.file != nullptr)

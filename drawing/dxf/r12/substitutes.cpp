@@ -38,13 +38,13 @@ struct Source {
 };
 
 Substitute same(std::string done) {
-  return {true, Severity::Note, std::move(done)};
+  return {true, Severity::kNote, std::move(done)};
 }
 Substitute about(std::string done) {
-  return {true, Severity::Lost, std::move(done)};
+  return {true, Severity::kLost, std::move(done)};
 }
 Substitute nothing() {
-  return {false, Severity::Lost, "it is left out"};
+  return {false, Severity::kLost, "it is left out"};
 }
 
 Substitute lightPolyline(const Source& source) {

@@ -8,9 +8,9 @@
 namespace drawing::dxf {
 
 struct Substitute {
-  bool isWritten = false;             // whether anything was written
-  Severity severity = Severity::Lost; // of what is told
-  std::string done;                   // what was written instead
+  bool isWritten = false;              // whether anything was written
+  Severity severity = Severity::kLost; // of what is told
+  std::string done;                    // what was written instead
 };
 
 // Writes what stands for the entity; `groups` are its sections.

@@ -48,12 +48,12 @@ int arrowNameCode(int code) {
 
 double numberOf(const Group& group) {
   switch (group.kind) {
-  case GroupKind::Real:
+  case GroupKind::kReal:
     return group.real;
-  case GroupKind::Int16:
-  case GroupKind::Int32:
-  case GroupKind::Int64:
-  case GroupKind::Bool:
+  case GroupKind::kInt16:
+  case GroupKind::kInt32:
+  case GroupKind::kInt64:
+  case GroupKind::kBool:
     return static_cast<double>(group.integer);
   default:
     return GroupSink::kNoNumber;
@@ -113,7 +113,7 @@ void R12Writer::headerVariable(const OdDbHeader::Variable& variable) {
   sink_.utf8(9, "$" + variable.name);
   const OdDb::SymbolTableKind table = tableOfVariable(variable.name);
   const bool isName =
-      table != OdDb::kNoTable && variable.groups.size() == 1 && variable.groups[0].kind == GroupKind::Text;
+      table != OdDb::kNoTable && variable.groups.size() == 1 && variable.groups[0].kind == GroupKind::kText;
   if (isName)
     sink_.utf8(variable.groups[0].code, names_.of(table, variable.groups.textOf(variable.groups[0])));
   else
@@ -171,7 +171,7 @@ void R12Writer::block(const OdDbBlockTableRecord& block) {
     groups.text(4, block.comments());
   record(begin, groups, false);
   if (block.isLayout() && !isInEntitiesSection(block))
-    lost(block, "dxf.kind-not-in-version", Severity::Lost, "version R12 has one sheet",
+    lost(block, "dxf.kind-not-in-version", Severity::kLost, "version R12 has one sheet",
          "the contents of this one are written as a block");
   if (!isInEntitiesSection(block))
     contents(block);
@@ -274,18 +274,18 @@ void R12Writer::record(const OdDbObject& object, const GroupList& groups, bool w
       group(kind, groups, one);
     } else if (const auto what = r12Loss(kind, one.code, numberOf(one)); !what.empty() && what != lastReported) {
       lastReported = what;
-      sink_.lost({"dxf.group-not-in-version", Severity::Lost, 0, one.code, 0, "", kind,
+      sink_.lost({"dxf.group-not-in-version", Severity::kLost, 0, one.code, 0, "", kind,
                   std::string(what) + " cannot be held by version R12", "it is left out"});
     }
   }
   if (lines)
-    lost(object, "dxf.group-not-in-version", Severity::Lost, "the lines of the value cannot be held by version R12",
+    lost(object, "dxf.group-not-in-version", Severity::kLost, "the lines of the value cannot be held by version R12",
          "they are written as one");
   xData(object);
 }
 
 void R12Writer::group(std::string_view kind, const GroupList& groups, const Group& group) {
-  if (group.kind == GroupKind::Text && r12NameTable(kind, group.code) != OdDb::kNoTable)
+  if (group.kind == GroupKind::kText && r12NameTable(kind, group.code) != OdDb::kNoTable)
     return name(kind, group.code, groups.textOf(group));
   if (kind == "DIMENSION" && group.code == 70)
     return sink_.integer(70, group.integer & ~std::int64_t{kUniqueBlock});
@@ -306,7 +306,7 @@ void R12Writer::xData(const OdDbObject& object) {
     addViewportView(sections, groups);
   }
   for (std::size_t i = 0; i < groups.size(); ++i) {
-    if (groups[i].kind == GroupKind::Text && (groups[i].code == 1001 || groups[i].code == 1003))
+    if (groups[i].kind == GroupKind::kText && (groups[i].code == 1001 || groups[i].code == 1003))
       name("", groups[i].code, groups.textOf(groups[i]));
     else
       groups.writeTo(sink_, i, 1);
@@ -338,7 +338,7 @@ void R12Writer::reportDictionaries() {
       ++kinds[object->dxfName()];
   }
   for (const auto& [kind, count] : kinds)
-    sink_.lost({"dxf.kind-not-in-version", Severity::Lost, 0, -1, 0, "OBJECTS", kind,
+    sink_.lost({"dxf.kind-not-in-version", Severity::kLost, 0, -1, 0, "OBJECTS", kind,
                 "version R12 has no objects of this kind (" + std::to_string(count) + ")", "they are left out"});
 }
 

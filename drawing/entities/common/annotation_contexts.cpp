@@ -12,19 +12,20 @@ namespace drawing {
 
 namespace {
 
-constexpr GroupRole kNoRoles[] = {{-1, GeometricRole::Length}};
+constexpr GroupRole kNoRoles[] = {{-1, GeometricRole::kLength}};
 constexpr GroupRole kMText[] = {
-    {10, GeometricRole::Direction}, {11, GeometricRole::Point},  {40, GeometricRole::Length},
-    {41, GeometricRole::Length},    {42, GeometricRole::Length}, {43, GeometricRole::Length},
-    {44, GeometricRole::Length},    {45, GeometricRole::Length}, {46, GeometricRole::Length}};
+    {10, GeometricRole::kDirection}, {11, GeometricRole::kPoint},  {40, GeometricRole::kLength},
+    {41, GeometricRole::kLength},    {42, GeometricRole::kLength}, {43, GeometricRole::kLength},
+    {44, GeometricRole::kLength},    {45, GeometricRole::kLength}, {46, GeometricRole::kLength}};
 constexpr GroupRole kReference[] = {
-    {41, GeometricRole::Length}, {42, GeometricRole::Length}, {43, GeometricRole::Length}};
-constexpr GroupRole kLeader[] = {{10, GeometricRole::Point},
-                                 {11, GeometricRole::Direction},
-                                 {12, GeometricRole::Vector},
-                                 {13, GeometricRole::Vector}};
-constexpr GroupRole kFrame[] = {{10, GeometricRole::Point}, {11, GeometricRole::Direction}};
-constexpr GroupRole kDimension[] = {{11, GeometricRole::Point}, {12, GeometricRole::Point}, {13, GeometricRole::Point}};
+    {41, GeometricRole::kLength}, {42, GeometricRole::kLength}, {43, GeometricRole::kLength}};
+constexpr GroupRole kLeader[] = {{10, GeometricRole::kPoint},
+                                 {11, GeometricRole::kDirection},
+                                 {12, GeometricRole::kVector},
+                                 {13, GeometricRole::kVector}};
+constexpr GroupRole kFrame[] = {{10, GeometricRole::kPoint}, {11, GeometricRole::kDirection}};
+constexpr GroupRole kDimension[] = {
+    {11, GeometricRole::kPoint}, {12, GeometricRole::kPoint}, {13, GeometricRole::kPoint}};
 
 struct Representation {
   std::string_view kind; // between the parts that all names share
@@ -56,7 +57,7 @@ const Representation* representationOf(std::string_view dxfName) {
 void movePoint(GroupList& groups, std::size_t i, const PlaneMap& map) {
   const int code = groups[i].code;
   const auto isReal = [&](std::size_t at, int wanted) {
-    return at < groups.size() && groups[at].code == wanted && groups[at].kind == GroupKind::Real;
+    return at < groups.size() && groups[at].code == wanted && groups[at].kind == GroupKind::kReal;
   };
   if (!isReal(i, code) || !isReal(i + 1, code + 10))
     return;
@@ -79,7 +80,7 @@ void moveRepresentation(GroupList& groups, const Representation& kind, const Pla
   for (std::size_t i = first; i < groups.size(); ++i) {
     if (groups[i].code == kind.inPlane[0] || groups[i].code == kind.inPlane[1])
       movePoint(groups, i, map);
-    else if (kind.rotates && groups[i].code == 50 && groups[i].kind == GroupKind::Real)
+    else if (kind.rotates && groups[i].code == 50 && groups[i].kind == GroupKind::kReal)
       groups.setReal(i, toDegrees(map.angle(toRadians(groups[i].real))));
   }
 }

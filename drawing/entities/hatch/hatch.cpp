@@ -47,7 +47,7 @@ void OdDbHatch::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
   std::size_t count = groups_.size();
   for (std::size_t i = 0; i < groups_.size();) {
     const drawing::Group group = groups_[i];
-    if (group.code != kBoundary || group.kind != drawing::GroupKind::Reference || !groups_.idOf(group).isNull()) {
+    if (group.code != kBoundary || group.kind != drawing::GroupKind::kReference || !groups_.idOf(group).isNull()) {
       count = group.code == kCount ? i : group.code == kBoundary ? count : groups_.size();
       ++i;
       continue;
@@ -76,7 +76,7 @@ namespace {
 
 double firstReal(const GroupList& groups, int code, double absent) {
   const std::size_t i = groups.find(code);
-  return i < groups.size() && groups[i].kind == drawing::GroupKind::Real ? groups[i].real : absent;
+  return i < groups.size() && groups[i].kind == drawing::GroupKind::kReal ? groups[i].real : absent;
 }
 
 } // namespace
@@ -143,7 +143,7 @@ OdResult OdDbMPolygon::applyTransform(const OdGeMatrix3d& matrix) {
     return eCannotTransform;
   const std::vector<drawing::HatchPart> parts = drawing::hatchParts(groups_, onlyPolylines());
   for (std::size_t i = parts.back().first;
-       i + 1 < groups_.size() && parts.back().kind >= drawing::HatchPartKind::Pattern; ++i) {
+       i + 1 < groups_.size() && parts.back().kind >= drawing::HatchPartKind::kPattern; ++i) {
     if (groups_[i].code != 11 || groups_[i + 1].code != 21)
       continue;
     const OdGeVector3d moved = map.vector(OdGeVector3d(groups_[i].real, groups_[i + 1].real, 0));

@@ -19,14 +19,14 @@ public:
 
   double real(int code, double absent = 0) const {
     for (std::size_t i = part_.first; i < part_.end; ++i) {
-      if (groups_[i].code == code && groups_[i].kind == GroupKind::Real)
+      if (groups_[i].code == code && groups_[i].kind == GroupKind::kReal)
         return groups_[i].real;
     }
     return absent;
   }
   std::int64_t integer(int code, std::int64_t absent) const {
     for (std::size_t i = part_.first; i < part_.end; ++i) {
-      if (groups_[i].code == code && groups_[i].kind != GroupKind::Real)
+      if (groups_[i].code == code && groups_[i].kind != GroupKind::kReal)
         return groups_[i].integer;
     }
     return absent;
@@ -34,7 +34,7 @@ public:
   std::vector<double> reals(int code) const {
     std::vector<double> all;
     for (std::size_t i = part_.first; i < part_.end; ++i) {
-      if (groups_[i].code == code && groups_[i].kind == GroupKind::Real)
+      if (groups_[i].code == code && groups_[i].kind == GroupKind::kReal)
         all.push_back(groups_[i].real);
     }
     return all;
@@ -94,13 +94,13 @@ void addSpline(const PartReader& part, Polygon& polygon) {
 
 void addEdge(const GroupList& groups, const HatchPart& part, Polygon& polygon) {
   const PartReader reader(groups, part);
-  if (part.kind == HatchPartKind::Line) {
+  if (part.kind == HatchPartKind::kLine) {
     polygon.emplace_back(reader.real(10), reader.real(20));
     polygon.emplace_back(reader.real(11), reader.real(21));
-  } else if (part.kind == HatchPartKind::Spline) {
+  } else if (part.kind == HatchPartKind::kSpline) {
     addSpline(reader, polygon);
   } else {
-    addRound(reader, part.kind == HatchPartKind::Ellipse, polygon);
+    addRound(reader, part.kind == HatchPartKind::kEllipse, polygon);
   }
 }
 
@@ -113,8 +113,8 @@ struct PatternLine {
 std::vector<PatternLine> patternOf(const GroupList& groups) {
   std::vector<PatternLine> lines;
   for (const HatchPart& part : hatchParts(groups)) {
-    for (std::size_t i = part.first; part.kind == HatchPartKind::Pattern && i < part.end; ++i) {
-      const double value = groups[i].kind == GroupKind::Real ? groups[i].real : 0;
+    for (std::size_t i = part.first; part.kind == HatchPartKind::kPattern && i < part.end; ++i) {
+      const double value = groups[i].kind == GroupKind::kReal ? groups[i].real : 0;
       if (groups[i].code == 53)
         lines.emplace_back().angle = toRadians(value);
       if (lines.empty())
@@ -255,11 +255,11 @@ std::vector<Polygon> hatchLoops(const OdDbHatch& hatch) {
   const GroupList& groups = hatch.groups();
   std::vector<Polygon> loops;
   for (const HatchPart& part : hatchParts(groups)) {
-    if (part.kind == HatchPartKind::kLoopHeader || part.kind == HatchPartKind::Polyline)
+    if (part.kind == HatchPartKind::kLoopHeader || part.kind == HatchPartKind::kPolyline)
       loops.emplace_back();
-    if (part.kind == HatchPartKind::Polyline)
+    if (part.kind == HatchPartKind::kPolyline)
       addPolyline(groups, part, loops.back());
-    else if (part.kind > HatchPartKind::Polyline && part.kind <= HatchPartKind::Spline && !loops.empty())
+    else if (part.kind > HatchPartKind::kPolyline && part.kind <= HatchPartKind::kSpline && !loops.empty())
       addEdge(groups, part, loops.back());
   }
   return loops;

@@ -13,25 +13,26 @@ namespace {
 constexpr std::int64_t kPolylineLoop = 2;
 
 HatchPartKind edgeKind(std::int64_t type) {
-  constexpr HatchPartKind kEdges[] = {HatchPartKind::Line, HatchPartKind::Arc, HatchPartKind::Ellipse,
-                                      HatchPartKind::Spline};
+  constexpr HatchPartKind kEdges[] = {HatchPartKind::kLine, HatchPartKind::kArc, HatchPartKind::kEllipse,
+                                      HatchPartKind::kSpline};
   return type >= 1 && type <= 4 ? kEdges[type - 1] : HatchPartKind::kLoopHeader;
 }
 
 // Whether a group begins another part behind a part of that kind.
 bool beginsPart(HatchPartKind in, const Group& group, bool onlyPolylines, HatchPartKind& next) {
-  const bool inPolyline = in == HatchPartKind::Polyline;
-  const bool inLoops = in >= HatchPartKind::kLoopHeader && in <= HatchPartKind::Spline;
-  if (group.code == 92 && in <= HatchPartKind::Spline)
-    next = onlyPolylines || (group.integer & kPolylineLoop) != 0 ? HatchPartKind::Polyline : HatchPartKind::kLoopHeader;
+  const bool inPolyline = in == HatchPartKind::kPolyline;
+  const bool inLoops = in >= HatchPartKind::kLoopHeader && in <= HatchPartKind::kSpline;
+  if (group.code == 92 && in <= HatchPartKind::kSpline)
+    next =
+        onlyPolylines || (group.integer & kPolylineLoop) != 0 ? HatchPartKind::kPolyline : HatchPartKind::kLoopHeader;
   else if (group.code == 72 && inLoops && !inPolyline)
     next = edgeKind(group.integer);
-  else if (group.code == 75 && in <= HatchPartKind::Spline)
-    next = HatchPartKind::Pattern;
+  else if (group.code == 75 && in <= HatchPartKind::kSpline)
+    next = HatchPartKind::kPattern;
   else if (group.code == 98)
-    next = HatchPartKind::Seeds;
+    next = HatchPartKind::kSeeds;
   else if (group.code == 450)
-    next = HatchPartKind::Gradient;
+    next = HatchPartKind::kGradient;
   else
     return false;
   return true;
@@ -46,7 +47,7 @@ std::size_t findIn(const GroupList& groups, const HatchPart& part, int code) {
 }
 
 bool isReal(const GroupList& groups, std::size_t i, int code) {
-  return i < groups.size() && groups[i].code == code && groups[i].kind == GroupKind::Real;
+  return i < groups.size() && groups[i].code == code && groups[i].kind == GroupKind::kReal;
 }
 
 bool isPointAt(const GroupList& groups, std::size_t i, int code, int codeOfY) {
@@ -86,7 +87,7 @@ void moveArcAngles(GroupList& groups, const HatchPart& part, const PlaneMap& map
 
 void movePatternGroup(GroupList& groups, std::size_t i, const PlaneMap& map, double elevation) {
   const int code = groups[i].code;
-  if (groups[i].kind != GroupKind::Real)
+  if (groups[i].kind != GroupKind::kReal)
     return;
   if (code == 52 || code == 53)
     groups.setReal(i, rotatedAngle(map, groups[i].real));
@@ -99,25 +100,25 @@ void movePatternGroup(GroupList& groups, std::size_t i, const PlaneMap& map, dou
 }
 
 void moveEdgeGroup(GroupList& groups, std::size_t i, HatchPartKind kind, const PlaneMap& map, double elevation) {
-  const bool axis = kind == HatchPartKind::Ellipse && isPointAt(groups, i, 11, 21);
+  const bool axis = kind == HatchPartKind::kEllipse && isPointAt(groups, i, 11, 21);
   if (axis || isPointAt(groups, i, 12, 22) || isPointAt(groups, i, 13, 23))
     moveVector(groups, i, map);
   else if (isPointAt(groups, i, 10, 20) || isPointAt(groups, i, 11, 21))
     movePoint(groups, i, map, elevation);
-  else if (kind == HatchPartKind::Arc && isReal(groups, i, 40))
+  else if (kind == HatchPartKind::kArc && isReal(groups, i, 40))
     groups.setReal(i, groups[i].real * map.scale());
-  else if (kind == HatchPartKind::Polyline && isReal(groups, i, 42) && map.isMirrored())
+  else if (kind == HatchPartKind::kPolyline && isReal(groups, i, 42) && map.isMirrored())
     groups.setReal(i, -groups[i].real);
 }
 
 double realOf(const GroupList& groups, const HatchPart& part, int code) {
   const std::size_t i = findIn(groups, part, code);
-  return i < part.end && groups[i].kind == GroupKind::Real ? groups[i].real : 0;
+  return i < part.end && groups[i].kind == GroupKind::kReal ? groups[i].real : 0;
 }
 
 void addRound(OdGeExtents3d& extents, const GroupList& groups, const HatchPart& part, const OdGeMatrix3d& plane,
               double elevation) {
-  const bool round = part.kind == HatchPartKind::Arc;
+  const bool round = part.kind == HatchPartKind::kArc;
   const double radius = realOf(groups, part, 40);
   const OdGeVector3d major =
       round ? OdGeVector3d(radius, 0, 0) : OdGeVector3d(realOf(groups, part, 11), realOf(groups, part, 21), 0);
@@ -149,31 +150,31 @@ std::vector<HatchPart> hatchParts(const GroupList& groups, bool onlyPolylines) {
 
 void moveHatchPart(GroupList& groups, const HatchPart& part, const PlaneMap& map, double elevation) {
   for (std::size_t i = part.first; i < part.end; ++i) {
-    if (part.kind == HatchPartKind::Pattern)
+    if (part.kind == HatchPartKind::kPattern)
       movePatternGroup(groups, i, map, elevation);
-    else if (part.kind == HatchPartKind::Gradient && isReal(groups, i, 460))
+    else if (part.kind == HatchPartKind::kGradient && isReal(groups, i, 460))
       groups.setReal(i, map.angle(groups[i].real));
-    else if (part.kind != HatchPartKind::kHeader && part.kind != HatchPartKind::Gradient)
+    else if (part.kind != HatchPartKind::kHeader && part.kind != HatchPartKind::kGradient)
       moveEdgeGroup(groups, i, part.kind, map, elevation);
   }
-  if (part.kind == HatchPartKind::Arc || part.kind == HatchPartKind::Ellipse)
-    moveArcAngles(groups, part, map, part.kind == HatchPartKind::Arc);
+  if (part.kind == HatchPartKind::kArc || part.kind == HatchPartKind::kEllipse)
+    moveArcAngles(groups, part, map, part.kind == HatchPartKind::kArc);
 }
 
 void addHatchPart(OdGeExtents3d& extents, const GroupList& groups, const HatchPart& part, const OdGeMatrix3d& plane,
                   double elevation) {
-  if (part.kind < HatchPartKind::Polyline || part.kind > HatchPartKind::Spline)
+  if (part.kind < HatchPartKind::kPolyline || part.kind > HatchPartKind::kSpline)
     return;
-  if (part.kind == HatchPartKind::Arc || part.kind == HatchPartKind::Ellipse)
+  if (part.kind == HatchPartKind::kArc || part.kind == HatchPartKind::kEllipse)
     return addRound(extents, groups, part, plane, elevation);
   std::vector<PathVertex> path;
   for (std::size_t i = part.first; i < part.end; ++i) {
-    if (isPointAt(groups, i, 10, 20) || (part.kind == HatchPartKind::Line && isPointAt(groups, i, 11, 21)))
+    if (isPointAt(groups, i, 10, 20) || (part.kind == HatchPartKind::kLine && isPointAt(groups, i, 11, 21)))
       path.push_back({OdGePoint3d(groups[i].real, groups[i + 1].real, elevation), 0, 0, 0});
-    else if (part.kind == HatchPartKind::Polyline && isReal(groups, i, 42) && !path.empty())
+    else if (part.kind == HatchPartKind::kPolyline && isReal(groups, i, 42) && !path.empty())
       path.back().bulge = groups[i].real;
   }
-  addPath(extents, plane, path, part.kind == HatchPartKind::Polyline);
+  addPath(extents, plane, path, part.kind == HatchPartKind::kPolyline);
 }
 
 } // namespace drawing

@@ -9,7 +9,18 @@
 
 namespace drawing {
 
-enum class HatchPartKind { kHeader, kLoopHeader, Polyline, Line, Arc, Ellipse, Spline, Pattern, Seeds, Gradient };
+enum class HatchPartKind {
+  kHeader,
+  kLoopHeader,
+  kPolyline,
+  kLine,
+  kArc,
+  kEllipse,
+  kSpline,
+  kPattern,
+  kSeeds,
+  kGradient
+};
 
 struct HatchPart {
   HatchPartKind kind = HatchPartKind::kHeader;

@@ -50,13 +50,13 @@ bool Reshaper::run() {
     bool done = true;
     if (part.kind == HatchPartKind::kHeader || part.kind == HatchPartKind::kLoopHeader)
       to_.append(from_, part.first, part.end - part.first);
-    else if (part.kind == HatchPartKind::Arc || part.kind == HatchPartKind::Ellipse)
+    else if (part.kind == HatchPartKind::kArc || part.kind == HatchPartKind::kEllipse)
       done = addRound(part);
-    else if (part.kind == HatchPartKind::Polyline)
+    else if (part.kind == HatchPartKind::kPolyline)
       done = addLoop(part);
-    else if (part.kind == HatchPartKind::Pattern)
+    else if (part.kind == HatchPartKind::kPattern)
       copyPattern(part);
-    else if (part.kind == HatchPartKind::Gradient)
+    else if (part.kind == HatchPartKind::kGradient)
       done = integerIn(part, 450, 0) == 0, to_.append(from_, part.first, part.end - part.first);
     else
       copyMoved(part);
@@ -68,7 +68,7 @@ bool Reshaper::run() {
 
 double Reshaper::realIn(const HatchPart& part, int code, double absent) const {
   const std::size_t i = from_.find(code, part.first);
-  return i < part.end && from_[i].kind == GroupKind::Real ? from_[i].real : absent;
+  return i < part.end && from_[i].kind == GroupKind::kReal ? from_[i].real : absent;
 }
 
 std::int64_t Reshaper::integerIn(const HatchPart& part, int code, std::int64_t absent) const {
@@ -90,7 +90,7 @@ void Reshaper::copyMoved(const HatchPart& part) {
 }
 
 bool Reshaper::addRound(const HatchPart& part) {
-  const bool circle = part.kind == HatchPartKind::Arc;
+  const bool circle = part.kind == HatchPartKind::kArc;
   const double size = realIn(part, 40);
   const OdGeVector3d major = circle ? OdGeVector3d(size, 0, 0) : OdGeVector3d(realIn(part, 11), realIn(part, 21), 0);
   const bool counterClockwise = integerIn(part, 73, 1) != 0;
@@ -139,9 +139,9 @@ bool Reshaper::addEllipse(const OdGePoint3d& center, const OdGeVector3d& major, 
 std::vector<Reshaper::Vertex> Reshaper::verticesOf(const HatchPart& part) const {
   std::vector<Vertex> vertices;
   for (std::size_t i = part.first; i + 1 < part.end; ++i) {
-    if (from_[i].code == 10 && from_[i].kind == GroupKind::Real && from_[i + 1].code == 20)
+    if (from_[i].code == 10 && from_[i].kind == GroupKind::kReal && from_[i + 1].code == 20)
       vertices.push_back({OdGePoint3d(from_[i].real, from_[i + 1].real, elevation_), 0});
-    else if (from_[i].code == 42 && from_[i].kind == GroupKind::Real && !vertices.empty())
+    else if (from_[i].code == 42 && from_[i].kind == GroupKind::kReal && !vertices.empty())
       vertices.back().bulge = from_[i].real;
   }
   // The last group may be a bulge, too.
@@ -219,7 +219,7 @@ void Reshaper::copyPatternLine(std::size_t first, std::size_t end) {
   own.append(from_, first, end - first);
   const double angle = toRadians(own[0].real);
   const double stretch = map_.vector(OdGeVector3d(std::cos(angle), std::sin(angle), 0)).length();
-  moveHatchPart(own, {HatchPartKind::Pattern, 0, own.size()}, map_, elevation_);
+  moveHatchPart(own, {HatchPartKind::kPattern, 0, own.size()}, map_, elevation_);
   for (std::size_t i = 0; i < own.size(); ++i) {
     if (own[i].code == 49)
       own.setReal(i, from_[first + i].real * stretch);

@@ -40,12 +40,12 @@ namespace {
 
 double realAt(const GroupList& groups, std::size_t first, int code, double absent) {
   const std::size_t i = groups.find(code, first);
-  return i < groups.size() && groups[i].kind == GroupKind::Real ? groups[i].real : absent;
+  return i < groups.size() && groups[i].kind == GroupKind::kReal ? groups[i].real : absent;
 }
 
 void putReal(GroupList& groups, std::size_t first, int code, double value, double absent) {
   const std::size_t i = groups.find(code, first);
-  if (i < groups.size() && groups[i].kind == GroupKind::Real)
+  if (i < groups.size() && groups[i].kind == GroupKind::kReal)
     groups.setReal(i, value);
   else if (i >= groups.size() && value != absent)
     groups.real(code, value);
@@ -53,7 +53,7 @@ void putReal(GroupList& groups, std::size_t first, int code, double value, doubl
 
 void scaleReal(GroupList& groups, std::size_t first, int code, double factor) {
   const std::size_t i = groups.find(code, first);
-  if (i < groups.size() && groups[i].kind == GroupKind::Real)
+  if (i < groups.size() && groups[i].kind == GroupKind::kReal)
     groups.setReal(i, groups[i].real * factor);
 }
 
@@ -104,7 +104,7 @@ void scaleColumns(GroupList& rest, const OdGeMatrix3d& matrix, double scale) {
   const std::size_t embedded = rest.find(101);
   for (std::size_t i = rest.find(75); i < embedded; ++i) { // widths, gutter and heights
     const int code = rest[i].code;
-    if (code >= 48 && code <= 50 && rest[i].kind == GroupKind::Real)
+    if (code >= 48 && code <= 50 && rest[i].kind == GroupKind::kReal)
       rest.setReal(i, rest[i].real * scale);
   }
   if (embedded >= rest.size())
@@ -118,7 +118,7 @@ void scaleColumns(GroupList& rest, const OdGeMatrix3d& matrix, double scale) {
     putTriple(rest, embedded, 10, (matrix * direction).normal(), OdGeVector3d(1, 0, 0));
   putTriple(rest, embedded, 11, matrix * place, OdGePoint3d());
   for (std::size_t i = embedded; i < rest.size(); ++i) {
-    if (rest[i].code >= 40 && rest[i].code <= 46 && rest[i].kind == GroupKind::Real)
+    if (rest[i].code >= 40 && rest[i].code <= 46 && rest[i].kind == GroupKind::kReal)
       rest.setReal(i, rest[i].real * scale);
   }
 }

@@ -58,7 +58,7 @@ void drawDimensionText(const OdDbDimension& dimension, const DimensionTraits& tr
     angle += kPi;
   Frame frame;
   frame.textHeight = traits.textHeight;
-  frame.align = Align::Center;
+  frame.align = Align::kCenter;
   TextBox box;
   box.attachment = 5;
   box.toBlock = OdGeMatrix3d::translation(dimension.textPosition().asVector()) *

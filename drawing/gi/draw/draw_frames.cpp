@@ -26,7 +26,7 @@ Path pictureFrame(const OdDbImageBase& image) {
   const GroupList* groups = image.unmodelledGroupsOrNull();
   for (std::size_t i = 0; groups != nullptr && i + 1 < groups->size(); ++i) {
     const Group &x = (*groups)[i], &y = (*groups)[i + 1];
-    if (x.code == 14 && y.code == 24 && x.kind == GroupKind::Real && y.kind == GroupKind::Real)
+    if (x.code == 14 && y.code == 24 && x.kind == GroupKind::kReal && y.kind == GroupKind::kReal)
       corners.emplace_back(x.real, y.real);
   }
   if (corners.size() == 2)

@@ -89,7 +89,7 @@ void drawNote(const OdDbMLeader& leader, const GroupList& context, Canvas& canva
   frame.width = rawReal(context, 43);
   frame.textHeight = leader.textHeight();
   frame.lineSpacing = std::max(rawReal(context, 45, 1), 0.25);
-  frame.align = box.attachment == 1 ? Align::Left : box.attachment == 2 ? Align::Center : Align::Right;
+  frame.align = box.attachment == 1 ? Align::kLeft : box.attachment == 2 ? Align::kCenter : Align::kRight;
   const OdGeVector3d x = leader.textDirection().normal(), z = leader.normal().normal();
   box.toBlock = OdGeMatrix3d::coordSystem(leader.textLocation(), x, z.crossProduct(x), z);
   const OdDbObjectId style = rawReference(context, 340);

@@ -40,7 +40,7 @@ void takeColumns(const OdDbMText& text, Frame& frame) {
   frame.gutter = rawReal(groups, codes.gutter);
   const double height = isEmbedded ? rawReal(groups, 41, text.definedHeight()) : text.definedHeight();
   for (std::size_t i = groups.find(codes.height); i < groups.size(); i = groups.find(codes.height, i + 1))
-    frame.columns.push_back({groups[i].kind == GroupKind::Real ? groups[i].real : 0});
+    frame.columns.push_back({groups[i].kind == GroupKind::kReal ? groups[i].real : 0});
   const auto count =
       static_cast<std::size_t>(std::clamp<std::int64_t>(rawInteger(groups, codes.count), 0, kMaxColumns));
   const std::size_t wanted = count > 0 ? count : std::size_t{kMaxColumns};
@@ -69,7 +69,7 @@ void drawBackground(const OdDbMText& text, const TextBox& box, Canvas& canvas) {
 }
 
 Align alignOf(int attachment) {
-  constexpr Align kColumns[] = {Align::Left, Align::Center, Align::Right};
+  constexpr Align kColumns[] = {Align::kLeft, Align::kCenter, Align::kRight};
   return kColumns[(attachment - 1) % 3];
 }
 

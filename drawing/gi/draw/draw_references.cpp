@@ -18,7 +18,7 @@ namespace drawing::gi {
 namespace {
 
 const char* reasonNotLoaded(const OdDbBlockTableRecord& block) {
-  return block.xrefStatus() == XrefStatus::Unloaded ? "xref-unloaded" : "xref-not-loaded";
+  return block.xrefStatus() == XrefStatus::kUnloaded ? "xref-unloaded" : "xref-not-loaded";
 }
 
 // Points of the contents are in the block's own coordinates: its origin comes to where the reference stands.
@@ -136,7 +136,7 @@ void drawViewport(const OdDbViewport& viewport, Canvas& canvas) {
   instance.context.setting.byBlock = canvas.resolver().initial();
   instance.context.setting.layers = canvas.resolver().addView();
   for (std::size_t i = 0; i < view.size(); ++i) {
-    if ((view[i].code == 331 || view[i].code == 341) && view[i].kind == GroupKind::Reference)
+    if ((view[i].code == 331 || view[i].code == 341) && view[i].kind == GroupKind::kReference)
       instance.context.setting.layers->frozen.insert(view.idOf(view[i]).getHandle());
   }
   canvas.cut(instance, canvas.project(border));

@@ -85,7 +85,7 @@ void DisplayList::stroke(const std::vector<OdGePoint2d>& path, const Pen& pen, s
   if (points.size() == first)
     return;
   grow(box, clip);
-  add(ItemKind::Stroke, pen, clip, first, points.size());
+  add(ItemKind::kStroke, pen, clip, first, points.size());
 }
 
 void DisplayList::fill(const std::vector<std::vector<OdGePoint2d>>& outlines, Color color, std::int32_t clip) {
@@ -104,7 +104,7 @@ void DisplayList::fill(const std::vector<std::vector<OdGePoint2d>>& outlines, Co
   grow(box, clip);
   Pen pen;
   pen.color = color;
-  add(ItemKind::Fill, pen, clip, first, rings.size());
+  add(ItemKind::kFill, pen, clip, first, rings.size());
 }
 
 void DisplayList::addGlyphs(const std::vector<PlacedOutline>& placed, const Box& box, Color color, std::int32_t clip) {
@@ -137,7 +137,7 @@ void DisplayList::endless(const OdGePoint2d& from, const OdGePoint2d& through, b
   farthest.add(from);
   points.push_back(from);
   points.push_back(through);
-  add(bothWays ? ItemKind::FullLine : ItemKind::HalfLine, pen, clip, points.size() - 2, points.size());
+  add(bothWays ? ItemKind::kFullLine : ItemKind::kHalfLine, pen, clip, points.size() - 2, points.size());
 }
 
 } // namespace drawing::gi

@@ -52,16 +52,16 @@ struct PointSymbol {
 };
 
 enum class ItemKind : std::uint8_t {
-  Stroke, // points first .. end - 1
-  Fill,   // rings first .. end - 1; inside is what an odd number of them encloses
+  kStroke, // points first .. end - 1
+  kFill,   // rings first .. end - 1; inside is what an odd number of them encloses
   kGlyphs,
   kPointSymbol,
-  HalfLine, // two points: from the first through the second and on
-  FullLine  // the same to both sides
+  kHalfLine, // two points: from the first through the second and on
+  kFullLine  // the same to both sides
 };
 
 struct Item {
-  ItemKind kind = ItemKind::Stroke;
+  ItemKind kind = ItemKind::kStroke;
   std::uint32_t pen = 0;
   std::int32_t clip = -1;
   std::size_t first = 0, end = 0;

@@ -72,7 +72,7 @@ std::shared_ptr<const Pattern> TraitResolver::patternOf(OdDbObjectId linetype) {
   const GroupList* groups = record == nullptr ? nullptr : record->unmodelledGroupsOrNull();
   for (std::size_t i = 0; groups != nullptr && i < groups->size(); ++i) {
     const Group& group = (*groups)[i];
-    if (group.code != 49 || group.kind != GroupKind::Real || !std::isfinite(group.real))
+    if (group.code != 49 || group.kind != GroupKind::kReal || !std::isfinite(group.real))
       continue;
     pattern->push_back(group.real);
     period += std::fabs(group.real);

@@ -33,7 +33,7 @@ public:
   std::vector<Line> make(const std::vector<Word>& words) {
     begin(true);
     for (const Word& word : words) {
-      if (word.kind == Word::LineEnd || word.kind == Word::ColumnEnd)
+      if (word.kind == Word::kLineEnd || word.kind == Word::kColumnEnd)
         end(word);
       else
         add(word);
@@ -52,7 +52,7 @@ private:
   void end(const Word& word) {
     take(word);
     finish();
-    lines_.back().endsColumn = word.kind == Word::ColumnEnd;
+    lines_.back().endsColumn = word.kind == Word::kColumnEnd;
     begin(true);
   }
 
@@ -77,10 +77,10 @@ private:
   MeasuredWord measure(const Word& word) {
     MeasuredWord measured{&word, {}, {}, 0, 0};
     const double unit = word.format.height * word.format.widthFactor;
-    if (word.kind == Word::Tab) {
+    if (word.kind == Word::kTab) {
       const double step = kTab * frame_.textHeight;
       measured.width = (std::floor(std::max(x_, 0.0) / step + 1) * step) - std::max(x_, 0.0);
-    } else if (word.kind == Word::Stack) {
+    } else if (word.kind == Word::kStack) {
       measured.upper = shaper_.shape(word.format.font, word.text);
       measured.lower = shaper_.shape(word.format.font, word.below);
       measured.width = std::max(measured.upper.width, measured.lower.width) * unit * kStackShare;
@@ -200,15 +200,15 @@ private:
   }
 
   double shift(const Line& line) const {
-    const Align align = line.paragraph.align == Align::Default ? frame_.align : line.paragraph.align;
+    const Align align = line.paragraph.align == Align::kDefault ? frame_.align : line.paragraph.align;
     const double room = width_ - line.width;
-    return left_ + (align == Align::Center ? room / 2 : align == Align::Right ? room : 0);
+    return left_ + (align == Align::kCenter ? room / 2 : align == Align::kRight ? room : 0);
   }
 
   void placeLine(const Line& line) {
     const double x = shift(line);
     for (const MeasuredWord& measured : line.words) {
-      if (measured.word->kind == Word::Stack)
+      if (measured.word->kind == Word::kStack)
         placeStack(measured, x + measured.x);
       else if (measured.word->kind == Word::kText)
         put(measured.upper, measured.word->format, x + measured.x, y_);

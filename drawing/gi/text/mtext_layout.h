@@ -15,7 +15,7 @@ struct Frame {
   double width = 0; // lines break there; 0: nowhere
   double textHeight = 1;
   double lineSpacing = 1; // factor
-  Align align = Align::Left;
+  Align align = Align::kLeft;
   double gutter = 0;
   std::vector<Column> columns; // the last one goes on for ever; empty: one
 };

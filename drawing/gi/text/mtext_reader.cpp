@@ -88,9 +88,9 @@ private:
   void code(wchar_t ch) {
     constexpr std::wstring_view kSwitches = L"LlOoKk", kValues = L"AaCcFfHhQqTtWwp";
     if (ch == L'P' || ch == L'X')
-      add(Word::LineEnd);
+      add(Word::kLineEnd);
     else if (ch == L'N')
-      add(Word::ColumnEnd);
+      add(Word::kColumnEnd);
     else if (ch == L'~')
       addCharacter(0xA0);
     else if (ch == L'S')
@@ -170,14 +170,14 @@ private:
     else if (one[0] == L'l' && number)
       paragraph_.indent = *number;
     else if (one[0] == L'q')
-      paragraph_.align = one[1] == L'c'   ? Align::Center
-                         : one[1] == L'r' ? Align::Right
-                         : one[1] == L'l' ? Align::Left
-                                          : Align::Default;
+      paragraph_.align = one[1] == L'c'   ? Align::kCenter
+                         : one[1] == L'r' ? Align::kRight
+                         : one[1] == L'l' ? Align::kLeft
+                                          : Align::kDefault;
   }
 
   void stack() {
-    Word& word = add(Word::Stack);
+    Word& word = add(Word::kStack);
     std::wstring* part = &word.text;
     for (const wchar_t ch : upToSemicolon()) {
       const bool divides = part == &word.text && (ch == L'^' || ch == L'/' || ch == L'#');
@@ -207,9 +207,9 @@ private:
   void control() {
     const wchar_t ch = at_ < text_.size() ? text_[at_++] : L' ';
     if (ch == L'J')
-      add(Word::LineEnd);
+      add(Word::kLineEnd);
     else if (ch == L'I')
-      add(Word::Tab);
+      add(Word::kTab);
     else if (ch == L' ')
       addCharacter(L'^');
     else if (ch != L'M')
@@ -229,9 +229,9 @@ private:
     if (ch == L' ')
       add(Word::kSpace);
     else if (ch == L'\n')
-      add(Word::LineEnd);
+      add(Word::kLineEnd);
     else if (ch == L'\t')
-      add(Word::Tab);
+      add(Word::kTab);
     else if (ch >= 32)
       addCharacter(isTolerance_ ? toleranceSymbol(ch) : ch);
   }

@@ -10,7 +10,7 @@
 
 namespace drawing::gi {
 
-enum class Align : std::uint8_t { Default, Left, Center, Right };
+enum class Align : std::uint8_t { kDefault, kLeft, kCenter, kRight };
 
 struct CharFormat {
   Font font;
@@ -22,12 +22,12 @@ struct CharFormat {
 };
 
 struct ParagraphFormat {
-  Align align = Align::Default;
+  Align align = Align::kDefault;
   double firstIndent = 0, indent = 0; // in heights of the text
 };
 
 struct Word {
-  enum Kind : std::uint8_t { kText, kSpace, Tab, Stack, LineEnd, ColumnEnd };
+  enum Kind : std::uint8_t { kText, kSpace, kTab, kStack, kLineEnd, kColumnEnd };
   Kind kind = kText;
   std::wstring text;  // of a stack: what stands above
   std::wstring below; // of a stack

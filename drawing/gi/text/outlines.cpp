@@ -33,9 +33,9 @@ private:
   void add(const Item& item) {
     clip_ = item.clip < 0 ? nullptr : &list_.clips[static_cast<std::size_t>(item.clip)];
     switch (item.kind) {
-    case ItemKind::Stroke:
+    case ItemKind::kStroke:
       return addStroke(item);
-    case ItemKind::Fill:
+    case ItemKind::kFill:
       return addFill(item);
     case ItemKind::kGlyphs:
       for (std::size_t at = item.first; at < item.end; ++at)
@@ -45,9 +45,9 @@ private:
       for (std::size_t at = item.first; at < item.end; ++at)
         addPoint(list_.pointSymbols[at].at);
       return;
-    case ItemKind::HalfLine:
-    case ItemKind::FullLine:
-      addSegment({list_.points[item.first], list_.points[item.first + 1], item.kind == ItemKind::HalfLine, false});
+    case ItemKind::kHalfLine:
+    case ItemKind::kFullLine:
+      addSegment({list_.points[item.first], list_.points[item.first + 1], item.kind == ItemKind::kHalfLine, false});
     }
   }
 

@@ -11,14 +11,14 @@ namespace drawing {
 
 // Reason why a reference was not exploded.
 enum class ExplodeRefusal {
-  None,
-  NotAReference, // or the id does not open
-  OnLockedLayer,
-  External,   // the contents belong to another drawing
-  NotAllowed, // the definition does not permit it
-  NoDefinition,
-  CannotPlace, // some entities do not accept the matrix of the reference, see Exploded::unplaceable
-  TooMuch      // rows and columns would give more objects than the limit
+  kNone,
+  kNotAReference, // or the id does not open
+  kOnLockedLayer,
+  kExternal,   // the contents belong to another drawing
+  kNotAllowed, // the definition does not permit it
+  kNoDefinition,
+  kCannotPlace, // some entities do not accept the matrix of the reference, see Exploded::unplaceable
+  kTooMuch      // rows and columns would give more objects than the limit
 };
 
 // Options of exploding.
@@ -36,7 +36,7 @@ struct Exploded {
     std::string kind; // as in files
     OdDbObjectId object;
   };
-  ExplodeRefusal refusal = ExplodeRefusal::None;
+  ExplodeRefusal refusal = ExplodeRefusal::kNone;
   OdDbObjectIdArray made;               // new entities in draw order, rows and columns one after the other
   std::vector<Unplaceable> unplaceable; // entities of the definition
   std::size_t valuesLost = 0;           // attributes that did not become texts

@@ -38,8 +38,8 @@ MVDRAWING_API ReadResult readDrawingFromMemory(std::string_view content, const s
 // Options of writing.
 struct WriteOptions {
   // Form of the file.
-  enum Form : std::uint8_t { AsRead, Text, Binary };
-  Form form = AsRead;                               // a drawing that was not read is written as text
+  enum Form : std::uint8_t { kAsRead, kText, kBinary };
+  Form form = kAsRead;                              // a drawing that was not read is written as text
   OdDb::DwgVersion version = OdDb::kVersionUnknown; // unknown: the version that was read
   bool attributesAsStored = false;                  // stores multiline attributes where the drawing has them
   bool refuseExisting = false;                      // does not overwrite: eFileAccessErr if the file exists

@@ -24,7 +24,7 @@ struct FileError {
 };
 
 // Operation in the text of an error.
-enum class FileAction : std::uint8_t { Read, Write, Lock, Remove };
+enum class FileAction : std::uint8_t { kRead, kWrite, kLock, kRemove };
 // The error of an action on a path by errno. A missing file or folder is eFileNotFound.
 MVDRAWING_API FileError fileError(FileAction action, const std::string& path, int error);
 
@@ -38,8 +38,8 @@ struct FileHandle {
 // Properties of a file.
 struct FileStatus {
   // Kind of file.
-  enum class Kind : std::uint8_t { Regular, Folder, Other };
-  Kind kind = Kind::Other;
+  enum class Kind : std::uint8_t { kRegular, kFolder, kOther };
+  Kind kind = Kind::kOther;
   std::uint64_t size = 0;
   std::uint32_t permissions = 0; // the lower twelve bits of the mode
   std::uint32_t owner = 0;
@@ -51,20 +51,20 @@ struct FileStatus {
 
 // How a file is opened.
 enum class FileOpen : std::uint8_t {
-  Read,
-  Write,     // must exist; contents are kept
-  Create,    // created if missing; contents are kept; for reading and writing
-  CreateNew, // must not exist (EEXIST)
+  kRead,
+  kWrite,     // must exist; contents are kept
+  kCreate,    // created if missing; contents are kept; for reading and writing
+  kCreateNew, // must not exist (EEXIST)
 };
 
 // What renaming does if the new name exists.
 enum class FileRename : std::uint8_t {
-  Replace,
-  KeepExisting, // EEXIST, checked atomically
+  kReplace,
+  kKeepExisting, // EEXIST, checked atomically
 };
 
 // Kind of lock.
-enum class FileLock : std::uint8_t { Shared, Exclusive };
+enum class FileLock : std::uint8_t { kShared, kExclusive };
 
 // A file in memory.
 struct FileMapping {

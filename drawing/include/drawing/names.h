@@ -7,10 +7,10 @@ namespace drawing {
 
 // Reason why a name is not valid.
 enum class NameFault : std::uint8_t {
-  None,
-  Empty,
-  TooLong,          // 255 characters; 31 before 2000
-  Character,        // one of <>/\":;?*|,=` or a control character; before 2000 anything but letters, digits and $-_
+  kNone,
+  kEmpty,
+  kTooLong,         // 255 characters; 31 before 2000
+  kCharacter,       // one of <>/\":;?*|,=` or a control character; before 2000 anything but letters, digits and $-_
   kSurroundingSpace // a space at the beginning or end
 };
 
@@ -20,14 +20,14 @@ MVDRAWING_API NameFault nameFault(const OdString& name, OdDb::DwgVersion version
 
 // Result of renaming.
 enum class RenameResult : std::uint8_t {
-  Done,
-  Unknown, // there is no record of the old name
-  Taken,   // another record has the new name
-  Fixed,   // the name is mandatory: layer 0, the standard styles ...
-  Space,   // model space or a layout
-  Anonymous,
-  External, // an external reference or dependent on one
-  Illegal   // see nameFault for the version of the drawing
+  kDone,
+  kUnknown, // there is no record of the old name
+  kTaken,   // another record has the new name
+  kFixed,   // the name is mandatory: layer 0, the standard styles ...
+  kSpace,   // model space or a layout
+  kAnonymous,
+  kExternal, // an external reference or dependent on one
+  kIllegal   // see nameFault for the version of the drawing
 };
 
 // Renames a record and updates everything that stores its name as text: header variables, layers in extended data,

@@ -30,11 +30,11 @@ class MVDRAWING_API PurgePlan {
 public:
   // Status of an object.
   enum class Status {
-    Purgeable,
-    Used,
-    Needed,   // mandatory in every drawing: spaces, layer 0, the standard styles ...
-    External, // an external reference, or dependent on one
-    NoRecord  // not a candidate, or not a kind that can be purged
+    kPurgeable,
+    kUsed,
+    kNeeded,   // mandatory in every drawing: spaces, layer 0, the standard styles ...
+    kExternal, // an external reference, or dependent on one
+    kNoRecord  // not a candidate, or not a kind that can be purged
   };
   // A use of a candidate: a block or another record with everything that it owns, any other object, or a variable.
   struct Use {

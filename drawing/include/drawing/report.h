@@ -12,16 +12,16 @@ namespace drawing {
 
 // Severity of an issue, in ascending order.
 enum class Severity : std::uint8_t {
-  Note,     // information; nothing is lost
-  Repaired, // something was repaired or replaced
-  Lost,     // something could not be preserved
-  Fatal     // the drawing cannot be used
+  kNote,     // information; nothing is lost
+  kRepaired, // something was repaired or replaced
+  kLost,     // something could not be preserved
+  kFatal     // the drawing cannot be used
 };
 
 // A finding. Codes are stable names such as "dxf.duplicate-handle", which scripts compare. Texts are UTF-8.
 struct Issue {
   std::string code;
-  Severity severity = Severity::Note;
+  Severity severity = Severity::kNote;
   std::uint64_t line = 0; // line of the file from 1 on; 0: unknown; see isOffset
   int groupCode = -1;     // -1: none
   std::uint64_t handle = 0;
@@ -33,7 +33,7 @@ struct Issue {
 };
 
 // Result of reading: everything was read; everything was read, but some of it was repaired or lost; no drawing.
-enum class Outcome : std::uint8_t { Whole, Repaired, Refused };
+enum class Outcome : std::uint8_t { kWhole, kRepaired, kRefused };
 
 // A list of issues.
 class MVDRAWING_API Report {
@@ -64,7 +64,7 @@ private:
   std::vector<Issue> issues_;
   std::size_t limit_ = 10000;
   std::size_t suppressed_ = 0;
-  Severity worst_ = Severity::Note;
+  Severity worst_ = Severity::kNote;
 };
 
 // Location of an issue for people: "line 120, LINE 2F"; empty if the issue has none.

@@ -9,7 +9,7 @@
 namespace drawing {
 
 // Form of a drawing file.
-enum class FileForm { Unknown, TextDxf, BinaryDxf, Dwg };
+enum class FileForm { kUnknown, kTextDxf, kBinaryDxf, kDwg };
 // Form of a file by its first bytes. For DWG, `version` receives the signature of six letters (AC1015).
 MVDRAWING_API FileForm formOf(std::string_view content, std::string* version = nullptr);
 

@@ -21,14 +21,14 @@ struct ReadResult;
 
 // Status of a block as an external reference.
 enum class XrefStatus : std::uint8_t {
-  NotAnXref,   // an ordinary block
-  NotLoaded,   // loading has not been attempted
-  Loaded,      // xrefDatabase() returns its drawing
-  Unloaded,    // unloaded by the user
-  NotFound,    // there is no such file
-  Refused,     // the file is not a drawing that can be read, or there are too many
-  Cycle,       // its drawing refers back to one that is being loaded
-  NotFollowed, // an overlay in a drawing that is an external reference itself
+  kNotAnXref,   // an ordinary block
+  kNotLoaded,   // loading has not been attempted
+  kLoaded,      // xrefDatabase() returns its drawing
+  kUnloaded,    // unloaded by the user
+  kNotFound,    // there is no such file
+  kRefused,     // the file is not a drawing that can be read, or there are too many
+  kCycle,       // its drawing refers back to one that is being loaded
+  kNotFollowed, // an overlay in a drawing that is an external reference itself
 };
 
 // Functions that find and open files.

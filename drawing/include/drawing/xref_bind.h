@@ -9,9 +9,9 @@ namespace drawing {
 // Result of binding.
 struct BoundXref {
   bool isDone = false;
-  OdString obstacle;                         // refused: name of the reference, or of a nested one, that is not loaded
-  XrefStatus status = XrefStatus::NotAnXref; // and its status
-  std::vector<OdString> omittedOverlays;     // nested overlays, which are not bound
+  OdString obstacle;                          // refused: name of the reference, or of a nested one, that is not loaded
+  XrefStatus status = XrefStatus::kNotAnXref; // and its status
+  std::vector<OdString> omittedOverlays;      // nested overlays, which are not bound
 };
 
 // Makes an external reference an ordinary block with the contents of its drawing; nested references are bound as well.

@@ -80,7 +80,7 @@ TEST_F(Explode, RowsAndColumnsFollowTheAxesWithoutTheScale) {
     array->setColumns(6);
     again = array->objectId();
   }
-  EXPECT_EQ(drawing::explodeReference(again, few).refusal, ExplodeRefusal::TooMuch);
+  EXPECT_EQ(drawing::explodeReference(again, few).refusal, ExplodeRefusal::kTooMuch);
   EXPECT_FALSE(again.isErased());
 }
 
@@ -164,7 +164,7 @@ TEST_F(Explode, UnequalScalesAreAllOrNothing) {
   const OdDbObjectId bad = place<OdDbBlockReference>(1, 3, 0)->objectId();
   const std::string before = drawing::canonicalDump(*database_);
   const Exploded refused = drawing::explodeReference(bad);
-  EXPECT_EQ(refused.refusal, ExplodeRefusal::CannotPlace);
+  EXPECT_EQ(refused.refusal, ExplodeRefusal::kCannotPlace);
   ASSERT_EQ(refused.unplaceable.size(), 1U);
   EXPECT_EQ(refused.unplaceable[0].object, inner);
   EXPECT_EQ(drawing::canonicalDump(*database_), before);
@@ -173,17 +173,17 @@ TEST_F(Explode, UnequalScalesAreAllOrNothing) {
 TEST_F(Explode, IsRefusedWithTheReason) {
   addLine(2, 2);
   const auto refusal = [&](OdDbObjectId id) { return drawing::explodeReference(id).refusal; };
-  EXPECT_EQ(refusal(OdDbObjectId()), ExplodeRefusal::NotAReference);
-  EXPECT_EQ(refusal(tests::addText(*database_, L"a")), ExplodeRefusal::NotAReference);
+  EXPECT_EQ(refusal(OdDbObjectId()), ExplodeRefusal::kNotAReference);
+  EXPECT_EQ(refusal(tests::addText(*database_, L"a")), ExplodeRefusal::kNotAReference);
   const OdDbObjectId id = place<OdDbBlockReference>(1, 1, 0)->objectId();
   tests::forWrite<OdDbBlockTableRecord>(block_)->setExplodable(false);
-  EXPECT_EQ(refusal(id), ExplodeRefusal::NotAllowed);
+  EXPECT_EQ(refusal(id), ExplodeRefusal::kNotAllowed);
   tests::forWrite<OdDbBlockTableRecord>(block_)->setXref(L"site.dxf");
-  EXPECT_EQ(refusal(id), ExplodeRefusal::External);
+  EXPECT_EQ(refusal(id), ExplodeRefusal::kExternal);
   const OdDbObjectId locked = tests::addLayer(*database_, L"locked");
   tests::forWrite<OdDbBlockReference>(id)->setLayer(locked);
   tests::forWrite<OdDbLayerTableRecord>(locked)->setIsLocked(true);
-  EXPECT_EQ(refusal(id), ExplodeRefusal::OnLockedLayer);
+  EXPECT_EQ(refusal(id), ExplodeRefusal::kOnLockedLayer);
 }
 
 } // namespace

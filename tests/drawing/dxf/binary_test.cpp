@@ -13,7 +13,7 @@ using drawing::ReadResult;
 namespace {
 
 std::string asBinary(const OdDbDatabase& database, drawing::WriteResult* result = nullptr) {
-  return drawing::writeDrawingToMemory(database, {.form = drawing::WriteOptions::Binary}, result);
+  return drawing::writeDrawingToMemory(database, {.form = drawing::WriteOptions::kBinary}, result);
 }
 
 // A file of early versions: codes of one byte, 255 in front of those that need two.

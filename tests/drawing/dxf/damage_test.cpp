@@ -125,7 +125,7 @@ TEST(Damage, IsNamedAndMended) {
       {"no end", drawn(line("")).substr(0, drawn(line("")).size() - 6), "dxf.no-end-of-file", 1},
   };
   for (const Oddity& row : cases)
-    EXPECT_EQ(readOdd(row).report.outcome(), drawing::Outcome::Repaired) << row.what;
+    EXPECT_EQ(readOdd(row).report.outcome(), drawing::Outcome::kRepaired) << row.what;
 }
 
 // What is not as usual and loses nothing is told as a note, if at all.
@@ -162,7 +162,7 @@ TEST(Damage, OddFilesAreReadWhole) {
   for (const Oddity& row : cases) {
     const ReadResult read = readOdd(row);
     for (const drawing::Issue& issue : read.report.issues())
-      EXPECT_EQ(issue.severity, drawing::Severity::Note) << row.what << describe(issue);
+      EXPECT_EQ(issue.severity, drawing::Severity::kNote) << row.what << describe(issue);
     EXPECT_EQ(read.report.counts.dropped, 0u) << row.what;
     EXPECT_TRUE(read.database->symbol(OdDb::kBlockTable, L"*Model_Space-2").isNull()) << row.what;
   }
@@ -173,7 +173,7 @@ TEST(Damage, NamesWithoutObjectsAreKept) {
   const ReadResult read = readWell(dxf(
       section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n3|first\n3|\n3|second\n350|C1\n3|last\n"
                          "0|DICTIONARY\n5|C1\n330|C\n100|AcDbDictionary\n281|1\n")));
-  EXPECT_EQ(read.report.outcome(), drawing::Outcome::Whole);
+  EXPECT_EQ(read.report.outcome(), drawing::Outcome::kWhole);
   const auto root = forRead<OdDbDictionary>(read.database->getNamedObjectsDictionaryId());
   EXPECT_TRUE(root->getAt(L"first").isNull());
   EXPECT_EQ(root->getAt(L"second").getHandle(), OdDbHandle(0xC1));
@@ -235,7 +235,7 @@ TEST(Damage, WhatIsNoDrawingIsRefusedWithAReason) {
     EXPECT_TRUE(read.database.isNull()) << text;
     EXPECT_EQ(read.result, result) << text;
     EXPECT_EQ(read.message.rfind("plan.dxf", 0), 0u) << text << ": " << read.message;
-    EXPECT_EQ(read.report.outcome(), drawing::Outcome::Refused) << text;
+    EXPECT_EQ(read.report.outcome(), drawing::Outcome::kRefused) << text;
   }
 }
 
@@ -280,7 +280,7 @@ TEST(Damage, DeepDefinitionsAreRefusedAndNotFollowed) {
 }
 
 // A drawing with every structure that reading has to close by itself.
-std::string smallDrawing(drawing::WriteOptions::Form form = drawing::WriteOptions::Text) {
+std::string smallDrawing(drawing::WriteOptions::Form form = drawing::WriteOptions::kText) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
   const OdDbObjectId door = addBlock(*database, L"door");
   addText(*database, L"inside", door);
@@ -290,10 +290,10 @@ std::string smallDrawing(drawing::WriteOptions::Form form = drawing::WriteOption
 }
 
 TEST(Damage, CutOffAnywhereItIsReadOrRefusedNeverSilently) {
-  for (const auto form : {drawing::WriteOptions::Text, drawing::WriteOptions::Binary}) {
-    const bool isText = form == drawing::WriteOptions::Text;
+  for (const auto form : {drawing::WriteOptions::kText, drawing::WriteOptions::kBinary}) {
+    const bool isText = form == drawing::WriteOptions::kText;
     const std::string whole = smallDrawing(form);
-    ASSERT_EQ(drawing::readDrawingFromMemory(whole).report.outcome(), drawing::Outcome::Whole);
+    ASSERT_EQ(drawing::readDrawingFromMemory(whole).report.outcome(), drawing::Outcome::kWhole);
     const std::size_t end = isText ? whole.rfind("  0\nEOF") + 1 : whole.size() - 7;
     for (std::size_t at = 0; at < end; at = isText ? whole.find('\n', at) + 1 : at + 97) {
       const ReadResult read = drawing::readDrawingFromMemory(std::string_view(whole).substr(0, at), "cut");
@@ -303,7 +303,7 @@ TEST(Damage, CutOffAnywhereItIsReadOrRefusedNeverSilently) {
         EXPECT_EQ(read.message.rfind("cut", 0), 0u) << read.message;
         continue;
       }
-      EXPECT_EQ(read.report.outcome(), drawing::Outcome::Repaired);
+      EXPECT_EQ(read.report.outcome(), drawing::Outcome::kRepaired);
       EXPECT_TRUE(read.report.has("dxf.no-end-of-file"));
       if (at % 16 == 0)
         expectRoundTrip(*read.database);

@@ -14,7 +14,7 @@ namespace {
 
 OdDbDatabasePtr readWhole(const std::string& text) {
   const ReadResult read = readWell(text);
-  EXPECT_EQ(read.report.outcome(), drawing::Outcome::Whole);
+  EXPECT_EQ(read.report.outcome(), drawing::Outcome::kWhole);
   return read.database;
 }
 

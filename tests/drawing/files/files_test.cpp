@@ -14,20 +14,20 @@
 #include <thread>
 
 namespace fs = std::filesystem;
+using drawing::FileAction;
 using drawing::FileError;
+using drawing::FileHandle;
 using drawing::FileLock;
 using drawing::FileMapping;
 using drawing::FileOpen;
-using drawing::FileAction;
-using drawing::FileHandle;
 using drawing::FileOperations;
+using drawing::fileOperations;
 using drawing::FileSink;
 using drawing::FileStatus;
 using drawing::FileWriter;
 using drawing::MappedFile;
-using drawing::ReplaceOptions;
-using drawing::fileOperations;
 using drawing::replaceFile;
+using drawing::ReplaceOptions;
 using namespace test_support;
 
 namespace {
@@ -129,7 +129,7 @@ TEST_F(Files, BackupIsACopyWhereThereAreNoLinks) {
   struct NoLinks : FailingFiles {
     using FailingFiles::FailingFiles;
     Error link(const std::string&, const std::string& name) override {
-      return fileError(FileAction::Write, name, EPERM);
+      return fileError(FileAction::kWrite, name, EPERM);
     }
   } files(fileOperations());
   put(path, "old");
@@ -233,7 +233,7 @@ TEST_F(Files, MapsOrReads) {
 TEST_F(Files, ReadsNoMoreThanAllowed) {
   struct NoMaps : FailingFiles {
     using FailingFiles::FailingFiles;
-    Error map(Handle& file, FileMapping&) override { return fileError(FileAction::Read, file.path, ENODEV); }
+    Error map(Handle& file, FileMapping&) override { return fileError(FileAction::kRead, file.path, ENODEV); }
   } unmapped(fileOperations());
   put(path, "12345");
   for (FileOperations* operations : {&fileOperations(), static_cast<FileOperations*>(&unmapped)}) {
@@ -249,12 +249,12 @@ TEST_F(Files, ReadsNoMoreThanAllowed) {
 TEST_F(Files, LocksAreSeenByOthers) {
   FileOperations& files = fileOperations();
   FileHandle one, other;
-  ASSERT_TRUE(files.open(path, FileOpen::Create, one).ok());
-  ASSERT_TRUE(files.open(path, FileOpen::Write, other).ok());
-  EXPECT_TRUE(files.lock(one, FileLock::Exclusive).ok());
-  EXPECT_EQ(files.lock(other, FileLock::Shared).error, EWOULDBLOCK);
+  ASSERT_TRUE(files.open(path, FileOpen::kCreate, one).ok());
+  ASSERT_TRUE(files.open(path, FileOpen::kWrite, other).ok());
+  EXPECT_TRUE(files.lock(one, FileLock::kExclusive).ok());
+  EXPECT_EQ(files.lock(other, FileLock::kShared).error, EWOULDBLOCK);
   EXPECT_TRUE(files.close(one).ok());
-  EXPECT_TRUE(files.lock(other, FileLock::Exclusive).ok());
+  EXPECT_TRUE(files.lock(other, FileLock::kExclusive).ok());
   EXPECT_TRUE(files.close(other).ok());
 }
 

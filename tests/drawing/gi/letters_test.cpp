@@ -45,8 +45,8 @@ std::string described(const std::vector<Word>& words) {
   for (const Word& word : words) {
     const char* kinds[] = {"", "_", ">", "S:", "/", "//"};
     out << kinds[word.kind] << utf8(word.text)
-        << (word.kind == Word::Stack ? (word.hasBar ? "-" : "^") + utf8(word.below) : "");
-    if (word.kind == Word::kText || word.kind == Word::Stack) {
+        << (word.kind == Word::kStack ? (word.hasBar ? "-" : "^") + utf8(word.below) : "");
+    if (word.kind == Word::kText || word.kind == Word::kStack) {
       const CharFormat& format = word.format;
       out << (format.height != 2 ? "*" + OdString().format(L"%g", format.height).toUtf8() : "")
           << (format.under ? "u" : "") << (format.over ? "o" : "") << (format.through ? "k" : "")
@@ -58,7 +58,7 @@ std::string described(const std::vector<Word>& words) {
       if (format.oblique != 0)
         out << "q";
     }
-    if (word.paragraph.align != Align::Default)
+    if (word.paragraph.align != Align::kDefault)
       out << "@" << static_cast<int>(word.paragraph.align);
     out << ' ';
   }
@@ -185,7 +185,7 @@ TEST(MTexts, BreakIntoLinesAndColumns) {
     EXPECT_EQ(places(block(one.contents, frame)), one.heights) << utf8(one.contents);
   }
   for (const auto& [align, share] :
-       {std::pair(Align::Left, 0.0), std::pair(Align::Center, 0.5), std::pair(Align::Right, 1.0)}) {
+       {std::pair(Align::kLeft, 0.0), std::pair(Align::kCenter, 0.5), std::pair(Align::kRight, 1.0)}) {
     Frame frame;
     frame.width = 30;
     frame.align = align;

@@ -84,7 +84,7 @@ TEST(TextCodec, DecodesAndEncodesThePage) {
 
 TEST(TextCodec, LeavesAsciiWhereItIs) {
   TextCodec page("ANSI_932");
-  TextCodec utf8("", TextCodec::Mode::Utf8);
+  TextCodec utf8("", TextCodec::Mode::kUtf8);
   std::string buffer = "untouched";
   for (const std::string& text : {""s, "plain"s, "%%c ^J ^ \\P\\U \\M \\\\"s, std::string(1000, '~'), "a\0b"s}) {
     for (TextCodec* codec : {&page, &utf8}) {
@@ -104,7 +104,7 @@ TEST(TextCodec, ReadsEscapes) {
                              \U+-4E2=\U+-4E2 \u+4E2D=\u+4E2D \\U+4E2D=\中 \U+005CU+4E2D=\U+4E2D \M+1955C=表 \M+100B1=ｱ
                              \M+2B35C=許 \M+3C7D1=한 \M+4D065=한 \M+5D6D0=中 \M+50041=A \M+6D6D0=\M+6D6D0 \M+0D6D0=\M+0D6D0
                              \M+1FFFF=\M+1FFFF \M+5D6D=\M+5D6D \M+5D6=\M+5D6)");
-  for (const auto mode : {TextCodec::Mode::CodePage, TextCodec::Mode::Utf8}) {
+  for (const auto mode : {TextCodec::Mode::kCodePage, TextCodec::Mode::kUtf8}) {
     TextCodec codec("ANSI_1252", mode);
     for (const auto& [bytes, text] : cases)
       EXPECT_EQ(decoded(codec, bytes), text) << bytes;
@@ -145,7 +145,7 @@ TEST(TextCodec, CountsWhatDoesNotFit) {
   encoded(page, buffer); // looks at its own work without counting
   EXPECT_EQ(page.undecodable(), 3u);
 
-  TextCodec utf8("", TextCodec::Mode::Utf8);
+  TextCodec utf8("", TextCodec::Mode::kUtf8);
   const std::string damaged = "é\xC3(\xED\xA0\x80";
   const std::string escaped = damaged + "\\U+0041";
   utf8.decode(damaged, buffer);

@@ -23,7 +23,7 @@ struct Written {
 Written writeAs(const OdDbDatabase& database, OdDb::DwgVersion version) {
   drawing::WriteResult result;
   const std::string bytes =
-      drawing::writeDrawingToMemory(database, {.form = drawing::WriteOptions::Text, .version = version}, &result);
+      drawing::writeDrawingToMemory(database, {.form = drawing::WriteOptions::kText, .version = version}, &result);
   return {bytes, result.report};
 }
 
@@ -65,8 +65,8 @@ TEST(Versions, NewerGroupsAreToldWhereTheVersionDoesNotHaveThem) {
     EXPECT_NE(kept.bytes.find(row.lines), std::string::npos);
     const bool isLoss = row.reported[0] != 0;
     EXPECT_EQ(hasIssueAt(lost.losses, row.reported, 0xA1), isLoss);
-    EXPECT_EQ(lost.losses.outcome() != drawing::Outcome::Whole, isLoss);
-    EXPECT_EQ(kept.losses.outcome(), drawing::Outcome::Whole);
+    EXPECT_EQ(lost.losses.outcome() != drawing::Outcome::kWhole, isLoss);
+    EXPECT_EQ(kept.losses.outcome(), drawing::Outcome::kWhole);
   }
 }
 
@@ -188,7 +188,7 @@ ReadResult throughR12(const OdDbDatabase& database, drawing::Report* losses = nu
   EXPECT_EQ(written.bytes.find("AcDb"), std::string::npos);
   ReadResult read = readWell(written.bytes);
   for (const drawing::Issue& issue : read.report.issues())
-    EXPECT_EQ(issue.severity, drawing::Severity::Note) << drawing::describe(issue);
+    EXPECT_EQ(issue.severity, drawing::Severity::kNote) << drawing::describe(issue);
   return read;
 }
 
@@ -304,8 +304,8 @@ TEST(R12, ViewportsKeepTheirView) {
   for (const char* part : {" 12\n7.0\n 22\n8.0\n", " 17\n1.0\n 27\n2.0\n 37\n3.0\n", " 45\n12.5\n", " 51\n90.0\n",
                            " 72\n100\n331\n", " 90\n32\n"})
     EXPECT_NE(again.find(part), std::string::npos) << part;
-  EXPECT_EQ(drawing::canonicalDump(*early.database, drawing::DumpForm::WithoutHandles),
-            drawing::canonicalDump(*throughR12(*early.database).database, drawing::DumpForm::WithoutHandles));
+  EXPECT_EQ(drawing::canonicalDump(*early.database, drawing::DumpForm::kWithoutHandles),
+            drawing::canonicalDump(*throughR12(*early.database).database, drawing::DumpForm::kWithoutHandles));
 }
 
 } // namespace

@@ -113,7 +113,7 @@ TEST(Audit, FindsAndMendsEveryFault) {
       const drawing::Report repaired = drawing::auditDrawing(*house.database, true);
       for (const drawing::Issue& issue : repaired.issues())
         EXPECT_FALSE(issue.done.empty()) << issue.code;
-      EXPECT_EQ(repaired.outcome(), drawing::Outcome::Repaired);
+      EXPECT_EQ(repaired.outcome(), drawing::Outcome::kRepaired);
     });
     expectSound(*house.database);
     if (const OdDbDatabasePtr again = expectRoundTrip(*house.database); !again.isNull())
@@ -125,13 +125,13 @@ TEST(Audit, TellsWhatItLeavesAlone) {
   House house;
   forWrite<OdDbBlockTableRecord>(house.door)->attachEntity(house.text);
   EXPECT_TRUE(drawing::auditDrawing(*house.database).has("audit.listed-twice"));
-  EXPECT_EQ(drawing::auditDrawing(*house.database).outcome(), drawing::Outcome::Repaired);
+  EXPECT_EQ(drawing::auditDrawing(*house.database).outcome(), drawing::Outcome::kRepaired);
 }
 
 // A reference that was kept unread and holds nothing that could be looked at.
 TEST(Audit, PassesOverReferencesWithoutGroups) {
   const drawing::ReadResult read = readWell(dxf(section("ENTITIES", "0|INSERT\n5|34\n330|1 70\n")));
-  EXPECT_EQ(drawing::auditDrawing(*read.database).outcome(), drawing::Outcome::Whole);
+  EXPECT_EQ(drawing::auditDrawing(*read.database).outcome(), drawing::Outcome::kWhole);
 }
 
 } // namespace

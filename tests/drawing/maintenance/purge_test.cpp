@@ -98,7 +98,7 @@ TEST(Purge, EveryKindOfReferenceProtects) {
     const OdDbDatabasePtr database = drawingOfParts(row.parts);
     const PurgePlan plan(*database);
     const OdDbObjectId kept = database->objectIdOf(row.kept);
-    EXPECT_EQ(plan.statusOf(kept), PurgePlan::Status::Used);
+    EXPECT_EQ(plan.statusOf(kept), PurgePlan::Status::kUsed);
     ASSERT_EQ(plan.usesOf(kept).size(), 1u);
     EXPECT_EQ(plan.usesOf(kept)[0].times, 1u);
   }
@@ -139,9 +139,9 @@ TEST(Purge, LeavesWhatMustBeThereAndWhatIsExternal) {
   const PurgePlan plan(*database);
   for (OdDbObjectId id : plan.purgeable())
     ADD_FAILURE() << id.getHandle().ascii();
-  EXPECT_EQ(plan.statusOf(database->getModelSpaceId()), PurgePlan::Status::Needed);
-  EXPECT_EQ(plan.statusOf(database->objectIdOf(0xD1)), PurgePlan::Status::External);
-  EXPECT_EQ(plan.statusOf(database->objectIdOf(0xC2)), PurgePlan::Status::External);
+  EXPECT_EQ(plan.statusOf(database->getModelSpaceId()), PurgePlan::Status::kNeeded);
+  EXPECT_EQ(plan.statusOf(database->objectIdOf(0xD1)), PurgePlan::Status::kExternal);
+  EXPECT_EQ(plan.statusOf(database->objectIdOf(0xC2)), PurgePlan::Status::kExternal);
 }
 
 TEST(Purge, GroupsLiveByTheirMembers) {
@@ -153,8 +153,8 @@ TEST(Purge, GroupsLiveByTheirMembers) {
                   "0|GROUP\n5|F2\n330|D\n100|AcDbGroup\n300|\n70|0\n71|1\n";
   const OdDbDatabasePtr database = drawingOfParts(parts);
   const PurgePlan plan(*database);
-  EXPECT_EQ(plan.statusOf(database->objectIdOf(0xF1)), PurgePlan::Status::Used);
-  EXPECT_EQ(plan.statusOf(database->objectIdOf(0xF2)), PurgePlan::Status::Purgeable);
+  EXPECT_EQ(plan.statusOf(database->objectIdOf(0xF1)), PurgePlan::Status::kUsed);
+  EXPECT_EQ(plan.statusOf(database->objectIdOf(0xF2)), PurgePlan::Status::kPurgeable);
 }
 
 TEST(Purge, CountsUsesByHolder) {

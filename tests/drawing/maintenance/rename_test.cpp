@@ -69,7 +69,7 @@ TEST(Rename, ReachesWhoeverHoldsTheNameAndNobodyElse) {
     const OdDbDatabasePtr database = house();
     expectUndoRestores(*database, [&] {
       for (const auto& [from, to] : row.steps)
-        EXPECT_EQ(renameRecord(*database, row.kind, from, to), RenameResult::Done);
+        EXPECT_EQ(renameRecord(*database, row.kind, from, to), RenameResult::kDone);
     });
     if (row.variable != nullptr) {
       EXPECT_EQ(database->headerText(row.variable), row.steps.back().second);
@@ -91,17 +91,17 @@ TEST(Rename, RefusesAndChangesNothing) {
     const wchar_t* to;
     RenameResult result;
   } cases[] = {
-      {OdDb::kLayerTable, L"cellar", L"loft", RenameResult::Unknown},
-      {OdDb::kLayerTable, L"0", L"zero", RenameResult::Fixed},
-      {OdDb::kLayerTable, L"plan|roof", L"roof", RenameResult::External},
-      {OdDb::kLayerTable, L"attic", L"0", RenameResult::Taken},
-      {OdDb::kLayerTable, L"attic", L"", RenameResult::Illegal},
-      {OdDb::kBlockTable, L"window", L"a|b", RenameResult::Illegal},
-      {OdDb::kBlockTable, L"window", L"_Dot", RenameResult::Taken},
-      {OdDb::kBlockTable, L"*Model_Space", L"space", RenameResult::Space},
-      {OdDb::kBlockTable, L"*U4", L"chair", RenameResult::Anonymous},
-      {OdDb::kTextStyleTable, L"Standard", L"plain", RenameResult::Fixed},
-      {OdDb::kLinetypeTable, L"BYLAYER", L"solid", RenameResult::Fixed},
+      {OdDb::kLayerTable, L"cellar", L"loft", RenameResult::kUnknown},
+      {OdDb::kLayerTable, L"0", L"zero", RenameResult::kFixed},
+      {OdDb::kLayerTable, L"plan|roof", L"roof", RenameResult::kExternal},
+      {OdDb::kLayerTable, L"attic", L"0", RenameResult::kTaken},
+      {OdDb::kLayerTable, L"attic", L"", RenameResult::kIllegal},
+      {OdDb::kBlockTable, L"window", L"a|b", RenameResult::kIllegal},
+      {OdDb::kBlockTable, L"window", L"_Dot", RenameResult::kTaken},
+      {OdDb::kBlockTable, L"*Model_Space", L"space", RenameResult::kSpace},
+      {OdDb::kBlockTable, L"*U4", L"chair", RenameResult::kAnonymous},
+      {OdDb::kTextStyleTable, L"Standard", L"plain", RenameResult::kFixed},
+      {OdDb::kLinetypeTable, L"BYLAYER", L"solid", RenameResult::kFixed},
   };
   const OdDbDatabasePtr database = house();
   const std::string before = drawing::canonicalDump(*database);
@@ -115,16 +115,16 @@ TEST(NameRules, DependOnTheVersion) {
     OdString name;
     NameFault now, before2000;
   } cases[] = {
-      {L"door", NameFault::None, NameFault::None},
-      {L"door 1", NameFault::None, NameFault::Character},
-      {L"дверь", NameFault::None, NameFault::Character},
-      {L" door", NameFault::kSurroundingSpace, NameFault::Character},
-      {L"a\tb", NameFault::Character, NameFault::Character},
-      {L"a*b", NameFault::Character, NameFault::Character},
-      {L"", NameFault::Empty, NameFault::Empty},
-      {OdString(L'x', 31), NameFault::None, NameFault::None},
-      {OdString(L'x', 32), NameFault::None, NameFault::TooLong},
-      {OdString(L'x', 256), NameFault::TooLong, NameFault::TooLong},
+      {L"door", NameFault::kNone, NameFault::kNone},
+      {L"door 1", NameFault::kNone, NameFault::kCharacter},
+      {L"дверь", NameFault::kNone, NameFault::kCharacter},
+      {L" door", NameFault::kSurroundingSpace, NameFault::kCharacter},
+      {L"a\tb", NameFault::kCharacter, NameFault::kCharacter},
+      {L"a*b", NameFault::kCharacter, NameFault::kCharacter},
+      {L"", NameFault::kEmpty, NameFault::kEmpty},
+      {OdString(L'x', 31), NameFault::kNone, NameFault::kNone},
+      {OdString(L'x', 32), NameFault::kNone, NameFault::kTooLong},
+      {OdString(L'x', 256), NameFault::kTooLong, NameFault::kTooLong},
   };
   for (const auto& row : cases) {
     EXPECT_EQ(drawing::nameFault(row.name, OdDb::kRelease2000), row.now) << row.name.toUtf8();

@@ -21,7 +21,7 @@ OdDbDatabasePtr throughFile(const OdDbDatabase& database, drawing::WriteOptions:
 }
 
 TEST(Thumbnail, ComesBackByteByByte) {
-  for (const auto form : {drawing::WriteOptions::Text, drawing::WriteOptions::Binary}) {
+  for (const auto form : {drawing::WriteOptions::kText, drawing::WriteOptions::kBinary}) {
     for (const std::size_t size : {0u, 1u, 126u, 127u, 128u, 254u, 255u, 5000u}) {
       const std::string bytes = bytesOf(size);
       const OdDbDatabasePtr database = OdDbDatabase::create();

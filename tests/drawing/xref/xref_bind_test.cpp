@@ -150,11 +150,12 @@ TEST_F(BindXref, IsRefusedUnlessAllOfItIsThere) {
     const wchar_t* obstacle;
     XrefStatus status;
   } rows[] = {
-      {"nested file missing", [this] { addXref(*files_["SITE.dxf"], L"GONE"); }, L"GONE", XrefStatus::NotFound},
-      {"a circle", [this] { addXref(make("GONE"), L"SITE"); }, L"SITE", XrefStatus::Cycle},
+      {"nested file missing", [this] { addXref(*files_["SITE.dxf"], L"GONE"); }, L"GONE", XrefStatus::kNotFound},
+      {"a circle", [this] { addXref(make("GONE"), L"SITE"); }, L"SITE", XrefStatus::kCycle},
       {"unloaded", [this] { forWrite<OdDbBlockTableRecord>(site_)->setIsUnloaded(true); }, L"SITE",
-       XrefStatus::Unloaded},
-      {"an ordinary block", [this] { forWrite<OdDbBlockTableRecord>(site_)->setXref({}); }, L"", XrefStatus::NotAnXref},
+       XrefStatus::kUnloaded},
+      {"an ordinary block", [this] { forWrite<OdDbBlockTableRecord>(site_)->setXref({}); }, L"",
+       XrefStatus::kNotAnXref},
   };
   for (const auto& row : rows) {
     row.spoil();

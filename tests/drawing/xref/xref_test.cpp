@@ -66,9 +66,9 @@ std::string tree(const OdDbDatabase& database) {
     const OdDbBlockTableRecordPtr block = iterator->getRecord();
     if (!block->isFromExternalReference())
       continue;
-    const std::map<XrefStatus, std::string> marks = {{XrefStatus::NotLoaded, "?"},   {XrefStatus::NotFound, "!"},
-                                                     {XrefStatus::Refused, "#"},     {XrefStatus::Cycle, "@"},
-                                                     {XrefStatus::NotFollowed, "-"}, {XrefStatus::Unloaded, "~"}};
+    const std::map<XrefStatus, std::string> marks = {{XrefStatus::kNotLoaded, "?"},   {XrefStatus::kNotFound, "!"},
+                                                     {XrefStatus::kRefused, "#"},     {XrefStatus::kCycle, "@"},
+                                                     {XrefStatus::kNotFollowed, "-"}, {XrefStatus::kUnloaded, "~"}};
     const auto mark = marks.find(block->xrefStatus());
     text += (text.empty() ? "" : " ") + block->pathName().toUtf8() + (mark == marks.end() ? "" : mark->second);
     if (const OdDbDatabase* below = block->xrefDatabase(); below != nullptr) {
@@ -130,7 +130,7 @@ TEST(Xref, LoadsEveryShapeOfReferencesAndSaysWhatItCouldNot) {
     const drawing::Report report = drawing::loadXrefs(*host, shelf.loader());
     EXPECT_EQ(tree(*host), row.tree);
     EXPECT_EQ(codes(report), row.issues);
-    EXPECT_EQ(report.outcome(), drawing::Outcome::Whole);
+    EXPECT_EQ(report.outcome(), drawing::Outcome::kWhole);
     for (const auto& [path, times] : shelf.opened)
       EXPECT_EQ(times, 1) << path;
   }

@@ -22,14 +22,25 @@ struct RawGroup;
 class LoadContext;
 
 // Kind of a member's value.
-enum class FieldKind : std::uint8_t { Real, Int16, Int32, Int64, Bool, Text, Point3, Point2, Vector3, Reference };
+enum class FieldKind : std::uint8_t {
+  kReal,
+  kInt16,
+  kInt32,
+  kInt64,
+  kBool,
+  kText,
+  kPoint3,
+  kPoint2,
+  kVector3,
+  kReference
+};
 
 // A member of a class and its group. Fields are made by field() and the modifiers below.
 struct Field {
   using Address = void* (*)(OdDbObject&);
 
   std::int16_t code = 0; // points: the code of x; y and z have it +10 and +20
-  FieldKind kind = FieldKind::Real;
+  FieldKind kind = FieldKind::kReal;
   OdDb::SymbolTableKind byName = OdDb::kNoTable;    // a reference that files store as the name of a record
   OdDb::SymbolTableKind maybeName = OdDb::kNoTable; // some files store the name of the record instead of its handle
   OdDb::ReferenceType referenceType = OdDb::kHardPointerRef;
@@ -96,25 +107,25 @@ private:
 template <class T>
 constexpr FieldKind fieldKindOf() {
   if constexpr (std::is_same_v<T, double>)
-    return FieldKind::Real;
+    return FieldKind::kReal;
   else if constexpr (std::is_same_v<T, bool>)
-    return FieldKind::Bool;
+    return FieldKind::kBool;
   else if constexpr (std::is_same_v<T, OdString>)
-    return FieldKind::Text;
+    return FieldKind::kText;
   else if constexpr (std::is_same_v<T, OdGePoint3d>)
-    return FieldKind::Point3;
+    return FieldKind::kPoint3;
   else if constexpr (std::is_same_v<T, OdGeVector3d>)
-    return FieldKind::Vector3;
+    return FieldKind::kVector3;
   else if constexpr (std::is_same_v<T, OdGePoint2d>)
-    return FieldKind::Point2;
+    return FieldKind::kPoint2;
   else if constexpr (std::is_same_v<T, OdDbObjectId>)
-    return FieldKind::Reference;
+    return FieldKind::kReference;
   else if constexpr (sizeof(T) == 2)
-    return FieldKind::Int16;
+    return FieldKind::kInt16;
   else if constexpr (sizeof(T) == 4)
-    return FieldKind::Int32;
+    return FieldKind::kInt32;
   else
-    return FieldKind::Int64;
+    return FieldKind::kInt64;
 }
 
 // Class and type of a pointer to a member.

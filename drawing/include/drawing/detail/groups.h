@@ -19,16 +19,16 @@ namespace drawing {
 
 // Kind of the value of a group.
 enum class GroupKind : std::uint8_t {
-  Text,
-  Real,
-  Int16,
-  Int32,
-  Int64,
-  Bool,
-  Handle,    // a handle that is not a reference: never translated (codes 5, 105, 320 to 329)
-  Reference, // codes 330 to 369, 390 to 399, 480, 481, 1005
-  Binary,    // hexadecimal in text files: 310 to 319, 1004
-  kUnparsed  // a value that does not fit its code, preserved as text
+  kText,
+  kReal,
+  kInt16,
+  kInt32,
+  kInt64,
+  kBool,
+  kHandle,    // a handle that is not a reference: never translated (codes 5, 105, 320 to 329)
+  kReference, // codes 330 to 369, 390 to 399, 480, 481, 1005
+  kBinary,    // hexadecimal in text files: 310 to 319, 1004
+  kUnparsed   // a value that does not fit its code, preserved as text
 };
 
 // Kind of the values of a group code as DXF files define it; Text for codes that are not defined.
@@ -77,7 +77,7 @@ struct TextSpan {
 // A group of a list. Which member of the union is valid depends on the kind; texts and ids are read through the list.
 struct Group {
   std::int16_t code = 0;
-  GroupKind kind = GroupKind::Text;
+  GroupKind kind = GroupKind::kText;
   union {
     double real;
     std::int64_t integer; // also the handle
