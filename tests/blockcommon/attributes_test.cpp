@@ -156,7 +156,7 @@ TEST_F(Attributes, TakeTheirDefaultsFromAHostThatCannotAsk) {
   EXPECT_EQ(values(), (std::vector<OdString>{L"a", L"m"}));
 }
 
-TEST_F(Attributes, AreNotOverwrittenByADefaultWhoseFieldIsGone) {
+TEST_F(Attributes, AreNotOverwrittenByADefaultWhoseFieldIsErased) {
   const struct {
     const wchar_t* answer;
     bool lost, verify;
@@ -178,7 +178,7 @@ TEST_F(Attributes, AreNotOverwrittenByADefaultWhoseFieldIsGone) {
 }
 
 // Something else under a field's name throws, and whatever was opened is let go of.
-TEST_F(Attributes, LeaveNothingOpenBehindAnException) {
+TEST_F(Attributes, LeaveNothingOpenAfterAnException) {
   newBlock({{L"A", L"", L"a"}});
   const OdDbObjectId field = addField(entitiesOf(block_)[0]);
   forWrite<OdDbDictionary>(forRead<OdDbField>(field)->ownerId())->setAt(L"TEXT", OdDbXrecord::createObject());
@@ -270,7 +270,7 @@ TEST_F(Attributes, RefuseWhatIsNotThereOrMayNotChange) {
   EXPECT_EQ(values(), (std::vector<OdString>{L"a"}));
 }
 
-TEST_F(Attributes, TellWhetherTheirLayersAreLocked) {
+TEST_F(Attributes, ReportWhetherTheirLayersAreLocked) {
   const struct {
     std::vector<bool> locked;
     bool any, all;

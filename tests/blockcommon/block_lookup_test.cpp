@@ -40,7 +40,7 @@ TEST_F(BlockLookup, NeedsADatabaseOnlyForNames) {
   EXPECT_TRUE(host_.calls().empty()); // the host was not even asked
 }
 
-TEST_F(BlockLookup, TellsTheKindsApart) {
+TEST_F(BlockLookup, DistinguishesTheKinds) {
   addBlock(*database_, L"Door");
   const auto add = [&](const wchar_t* name, std::int16_t flag) {
     forWrite<OdDbBlockTableRecord>(addBlock(*database_, name))->setFlag(flag, true);

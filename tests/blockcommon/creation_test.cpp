@@ -198,7 +198,7 @@ TEST_F(Creation, EmptyingThrowsForLockedContents) {
 }
 
 // A dimension keeps the direction of its text: the turn of the UCS is added and reduced to one full turn.
-TEST_F(Creation, TurnsDimensionsAndTakesTheirAssociationsAlong) {
+TEST_F(Creation, RotatesDimensionsAndClonesTheirAssociations) {
   ASSERT_EQ(mvsi::mvsidbSetUcsMatrix(turned(), database_), RTNORM);
   OdDbObjectId posted;
   const OdDbObjectId measured = line({0, 0, 0}, {10, 0, 0}), id = addDimension(posted, measured);
@@ -226,7 +226,7 @@ TEST_F(Creation, TurnsDimensionsAndTakesTheirAssociationsAlong) {
 }
 
 // Whatever call of the host fails, a layer that was locked before is locked afterwards.
-TEST_F(Creation, PostingLocksLayersAgainWhereverTheHostGivesOut) {
+TEST_F(Creation, PostingLocksLayersAgainWhereverTheHostFails) {
   OdDbObjectId posted;
   const OdDbObjectId id = addDimension(posted, line({0, 0, 0}, {10, 0, 0})), layer = lockedLayer(id);
   for (int n = 1;; ++n) {
@@ -242,7 +242,7 @@ TEST_F(Creation, PostingLocksLayersAgainWhereverTheHostGivesOut) {
   }
 }
 
-TEST_F(Creation, TransformsSkipDuplicatesAsTheyStand) {
+TEST_F(Creation, TransformsSkipDuplicates) {
   OdDbObjectIdArray ids{line({1, 0, 0}, {2, 0, 0})};
   ids.append(ids[0]); // named twice: moved twice, and back twice
   const OdGeMatrix3d ecs = OdGeMatrix3d::translation(OdGeVector3d(1, 0, 0));

@@ -26,7 +26,7 @@ protected:
   const OdDbObjectId door_ = addBlock(*database_, L"Door");
 };
 
-TEST_F(DocumentQueries, TellTheCurrentDocumentFromTheOthersByPathsAsTheyAreSpelled) {
+TEST_F(DocumentQueries, IdentifyTheCurrentDocumentByItsSpelledPath) {
   const struct {
     const wchar_t* path;
     bool isOther, isCurrent, isOpenAtAll;
@@ -49,7 +49,7 @@ TEST_F(DocumentQueries, TellTheCurrentDocumentFromTheOthersByPathsAsTheyAreSpell
   EXPECT_FALSE(iscurDoc(L"C:\\plans\\a.dwg"));
 }
 
-TEST_F(DocumentQueries, NamesOfBlocksLeaveOutWhatNobodyNamed) {
+TEST_F(DocumentQueries, NamesOfBlocksExcludeAnonymousOnes) {
   const OdDbObjectId site = addBlock(*database_, L"Site"), gone = addBlock(*database_, L"Gone");
   forWrite<OdDbBlockTableRecord>(site)->setXref(L"site.dwg");
   forWrite<OdDbBlockTableRecord>(gone)->erase();
@@ -84,7 +84,7 @@ TEST_F(DocumentQueries, WithoutADocumentThereIsNothing) {
   EXPECT_EQ(editor, L"as before");
 }
 
-TEST_F(DocumentQueries, NameTheBlockBehindAnId) {
+TEST_F(DocumentQueries, NameTheBlockOfAnId) {
   const OdDbObjectId reference = addReference(*database_, door_);
   const OdDbObjectId text = addText(*database_, L"x"), erased = addText(*database_, L"y");
   const OdDbObjectId lost = addReference(*database_, addBlock(*database_, L"Lost"));

@@ -48,7 +48,7 @@ TEST_F(Thumbnail, IsABitmapOfTheDocument) {
   EXPECT_EQ(saved.database->thumbnailBitmap(), bitmap);
 }
 
-TEST_F(Thumbnail, OfADrawingThatIsNotOpenShowsTheCurrentOne) {
+TEST_F(Thumbnail, OfADrawingThatIsNotOpenDrawsTheCurrentOne) {
   documents_.open(redDrawing());
   OdDbDatabasePtr loose = OdDbDatabase::create();
   EXPECT_TRUE(createDib(loose));

@@ -37,7 +37,7 @@ const OdString kTooLong = L"块 - 文件路径太长|用于指定文件名和文
 const OdString kNoPath =
     L"块 - 未指定路径或文件名|未指定输出文件名或完整路径。\n请在 文件和路径 字段中输入完整路径和文件名。|0";
 
-TEST_F(FilePaths, WithForbiddenCharactersAreTold) {
+TEST_F(FilePaths, WithForbiddenCharactersAreReported) {
   const std::pair<const wchar_t*, bool> rows[] = {
       {L"C:\\a\\b.dwg", false}, {L"", false},       {L"b.dwg", false},    {L"1:\\x", false}, {L":", true},
       {L"C:", false},           {L"::\\a", true},   {L":a", true},        {L"a:b", false},   {L"ab:c", true},
@@ -136,7 +136,7 @@ TEST_F(FilePaths, FallIntoParts) {
   }
 }
 
-TEST_F(FilePaths, AndNamesAreToldApartByTheirEnds) {
+TEST_F(FilePaths, AndNamesAreDistinguishedByTheirExtensions) {
   const struct {
     const wchar_t* text;
     bool isUrl, endsAsDrawing, isExtension, isFileName;

@@ -62,7 +62,7 @@ TEST_F(Filters, CamerasAloneAreKickedOut) {
   EXPECT_EQ(ids, (OdDbObjectIdArray{text, none, definition, stereo, erased, gone, text, layer}));
 }
 
-TEST_F(Filters, AttributeDefinitionsMoveBehindInOrder) {
+TEST_F(Filters, AttributeDefinitionsMoveToTheEndInOrder) {
   const OdDbObjectId text = addText(*database_, L"a"), camera = add<OdDbCamera>(), named = add<NamedDefinition>();
   const OdDbObjectId first = add<OdDbAttributeDefinition>(), second = add<OdDbAttributeDefinition>();
   const OdDbObjectId erased = addErased<OdDbAttributeDefinition>();
@@ -102,7 +102,7 @@ TEST_F(Filters, ABlockThatWouldContainItselfIsFoundAtAnyDepth) {
   EXPECT_FALSE(blockUtils::isObjsAreBtrItSelf(L"A", {toA}));
 }
 
-TEST_F(Filters, DefinitionsThatDoNotOpenLeadNowhereAndOtherKindsThrow) {
+TEST_F(Filters, DefinitionsThatDoNotOpenReferenceNothingAndOtherKindsThrow) {
   const OdDbObjectId a = addBlock(*database_, L"A"), b = addBlock(*database_, L"B");
   reference(a, b);
   const OdDbObjectId toB = reference(b);
@@ -114,7 +114,7 @@ TEST_F(Filters, DefinitionsThatDoNotOpenLeadNowhereAndOtherKindsThrow) {
 }
 
 // Two references to the next block in each: as many ways down as a number of 60 digits in binary, and a long chain.
-TEST_F(Filters, EachDefinitionIsLookedThroughOnceAndDepthIsNoMatter) {
+TEST_F(Filters, EachDefinitionIsVisitedOnceAtAnyDepth) {
   addBlock(*database_, L"lamp"); // shown by nothing
   for (const auto& [levels, width] : {std::pair(60, 2), std::pair(20000, 1)}) {
     OdDbObjectId below = addBlock(*database_, OdString(std::to_wstring(width) + L" bottom"));

@@ -25,7 +25,7 @@ protected:
   int answer_ = morvane::MessageBoxes::kClosed;
 };
 
-TEST_F(Messages, AreShownWordForWord) {
+TEST_F(Messages, AreShownVerbatim) {
   using Buttons = std::vector<OdString>;
   const Buttons ok{L"确定(&C)"}, close{L"关闭(&C)"}, goOn{L"继续(&C)"};
   const OdString kIllegal = L"名称 包含不支持的字符。\n不支持以下字符:\n \\ < > / ? \" : ; * | , = `";

@@ -43,7 +43,7 @@ TEST(BlockName, StrictRulesApplyOnlyToAReadableZero) {
   EXPECT_TRUE(isLegal(L"A(1)"));
 }
 
-TEST(BlockName, TheFlagTellsOnlyOfNamesWithoutUtf8) {
+TEST(BlockName, TheFlagIsSetOnlyForNamesWithoutUtf8) {
   ScriptedHost host;
   const OdString unencodable(std::wstring(1, static_cast<wchar_t>(0xD800)));
   const struct {
@@ -79,7 +79,7 @@ TEST(BlockName, InsertRulesHaveAFixedLimitAndLookAtTheFirstBlank) {
   }
 }
 
-TEST(LastInsertedName, LivesInTheVariable) {
+TEST(LastInsertedName, IsStoredInTheVariable) {
   ScriptedHost host;
   EXPECT_EQ(insertCommon::getLastInsertBlockName(), L"");
   EXPECT_EQ(insertCommon::setLastInsertBlockName(L"B%s", true), RTNORM);
@@ -109,7 +109,7 @@ TEST(CountByCharacter, IsOneMoreThanTheLastPosition) {
   EXPECT_EQ(commonFun::GetCntsByeChar(OdString(L'?', 2000000), L'?'), 2000000);
 }
 
-TEST(InputType, TellsListsNamesAndMistakes) {
+TEST(InputType, DistinguishesListsNamesAndErrors) {
   const std::pair<OdString, int> cases[] = {
       {L"?", 0},   {L"? x", 0}, {L"? ", 2}, {L"abc", 1},  {OdString(L"\0a", 2), 2},
       {L"a b", 1}, {L"a?", 2},  {L"??", 2}, {L"? xy", 2}, {OdString(L"a\0?", 3), 1},

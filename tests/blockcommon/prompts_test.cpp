@@ -44,7 +44,7 @@ TEST(YesNoQuestion, AFailedCallNeverPassesForAYes) {
   EXPECT_EQ(host.takeOutput(), kPleaseAnswer);
 }
 
-TEST(StringInput, LeavesTheBlankToScriptsUnlessToldOtherwise) {
+TEST(StringInput, EndsAtASpaceInScriptsUnlessSpacesAreAllowed) {
   static wchar_t result[morvane::kMaxAnswerLength + 1];
   const struct {
     bool script;
@@ -110,7 +110,7 @@ TEST(ColumnFormatter, KeepsItsWidthsAndBreaks) {
   EXPECT_EQ(line.left(5), L"  \"  ");
 }
 
-TEST(Separator, PrintsABlankOnlyForTheFirstOnTheSameLine) {
+TEST(Separator, PrintsASpaceOnlyForTheFirstOnTheSameLine) {
   ScriptedHost host;
   for (const int row : {0, 1, 2, 3}) {
     bool first = row % 2 != 0;

@@ -68,7 +68,7 @@ TEST_F(Selections, GoIntoSetsAndBack) {
   EXPECT_EQ(host_.calls(), (std::vector<std::string>{"mvsiedSSFree"}));
 }
 
-TEST_F(Selections, PassOverMembersThatFail) {
+TEST_F(Selections, SkipMembersThatFail) {
   long set[2] = {0, 0};
   host_.failOperation("mvsiedSSAdd", 2);
   objectArr2AdsName({a_, b_, c_}, set);

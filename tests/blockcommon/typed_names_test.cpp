@@ -133,7 +133,7 @@ TEST_F(TypedNames, OfPathsBelowAFolderKnowTwoPlaces) {
   EXPECT_EQ(searches(), before);
 }
 
-TEST_F(TypedNames, BesideAPathMayBeFilesOfTheirOwn) {
+TEST_F(TypedNames, AreFilesWhereTheFileExists) {
   const OdString plan = L"site\\plan.dwg";
   expectRows(analyzeBlkPath, {
                                  {L".DWG", L"none", true, L".DWG", L"old"},

@@ -125,7 +125,7 @@ private:
   int count() const { return static_cast<int>(referenceCount()); }
 };
 
-TEST(ServiceAccess, EveryCallHoldsOneReference) {
+TEST(ServiceAccess, EveryCallAddsOneReference) {
   ScriptedHost host;
   mv_arbitDict_register(kEditSystemServer, new CountingEditSystem);
   for (const Wrapper& wrapper : allWrappers()) {

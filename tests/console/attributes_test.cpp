@@ -15,7 +15,7 @@ using namespace console_tests;
 using namespace tests;
 using console::CsvFault;
 
-TEST(Csv, ComesBackAsItWasAndTellsWhereItIsNot) {
+TEST(Csv, RoundTripsAndReportsWhereItIsDamaged) {
   const std::vector<std::string> odd = {"", "a,b", "say \"x\"", "two\r\nlines", " blank ", "\xE9", "'"};
   const console::CsvTable back = console::parseCsv("\xEF\xBB\xBF" + console::csvRow(odd) + console::csvRow({"end"}));
   ASSERT_EQ(back.rows.size(), 2U);
@@ -98,7 +98,7 @@ TEST_F(AttributeTable, GoesOutAndInWithoutChange) {
   EXPECT_NE(json.results.find("\"value\": \"a,\\\"b\\\"\""), std::string::npos) << json.results;
 }
 
-TEST_F(AttributeTable, SetsWhatFitsAndTellsWhatDoesNot) {
+TEST_F(AttributeTable, SetsWhatFitsAndReportsWhatDoesNot) {
   const std::string h = handle(first_);
   const Names handles{{"$H", h}, {"$L", handle(locked_)}};
   const Outcome run = import(filled("Value,tag,HANDLE,ordinal,block\nx y,TAG,$H,2,DOOR\n"

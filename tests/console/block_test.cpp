@@ -40,7 +40,7 @@ OdDbBlockReferencePtr onlyReference(TestSession& console) {
 }
 
 // Kept ones are the same to the last bit.
-TEST(BlockObjects, StayOrAreShownWhereTheyWereUnderATiltedUcs) {
+TEST(BlockObjects, StayOrAreDrawnWhereTheyWereUnderATiltedUcs) {
   TestSession console;
   console.run(std::string("LAYER Make here\n\n") + kTiltedUcs + kAwkwardLine);
   const OdDbObjectId line = console.objects()[0];
@@ -127,7 +127,7 @@ TEST(BlockObjects, AreFilteredAndOrdered) {
 }
 
 // Two references to the next definition in each of many: the way back is found without walking all ways.
-TEST(Selection, LeavesTheViewportOfTheSheetItselfAlone) {
+TEST(Selection, ExcludesTheViewportOfTheLayoutItself) {
   TestSession console;
   const OdDbObjectId sheet = console.database().getPaperSpaceId(), space = console.database().getModelSpaceId();
   for (const OdDbObjectId block : {sheet, space}) {
@@ -203,7 +203,7 @@ TEST(BlockCommand, InputThatEndsInAPromptChangesNothing) {
   EXPECT_EQ(console.dump(), before);
 }
 
-TEST(BlockCommand, IsAllOrNothingWhereverTheHostGivesOut) {
+TEST(BlockCommand, IsAllOrNothingWhereverTheHostFails) {
   bool failed = true;
   for (int n = 1; failed; ++n) {
     ASSERT_LT(n, 1000);

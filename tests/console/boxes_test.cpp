@@ -14,7 +14,7 @@ namespace {
 using namespace console_tests;
 using Json = nlohmann::json;
 
-TEST(Boxes, AreToldApartWithTheirParameters) {
+TEST(Boxes, AreDistinguishedWithTheirParameters) {
   TestSession console;
   const auto& entry = console.session().transcript();
   const struct {
@@ -55,7 +55,7 @@ TEST(Boxes, QuestionsAreRefusedWhereNothingMayBeAsked) {
   EXPECT_EQ(readFile(out), "");
 }
 
-TEST(Boxes, StandInTheJsonOfAJob) {
+TEST(Boxes, AreInTheJsonOfAJob) {
   const Scratch scratch;
   const std::string made = scratch.path("made.dxf");
   const Outcome first =

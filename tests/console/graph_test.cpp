@@ -66,7 +66,7 @@ protected:
   std::map<std::string, std::string> handles_;
 };
 
-TEST_F(Graph, TellsTheTreeAndWhetherItMayBeEdited) {
+TEST_F(Graph, PrintsTheTreeAndWhetherItMayBeEdited) {
   const struct {
     const char* line;
     int status;

@@ -54,7 +54,7 @@ TEST(Insert, ScalesByTheUnitsOfBlockAndDrawing) {
 }
 
 // The target has `door` (a line, and a nested `leaf`); each file is put in under that name.
-TEST(Insert, SettlesClashesAsItIsTold) {
+TEST(Insert, ResolvesConflictsByThePolicy) {
   const Scratch scratch;
   const std::string leaf = "CIRCLE 0,0 1\nBLOCK leaf 0,0 All\n\nConvert\n",
                     other = "CIRCLE 0,0 2\nBLOCK leaf 0,0 All\n\nConvert\n";
@@ -228,7 +228,7 @@ TEST(Insert, OfAListGoesOnOverBadFiles) {
   EXPECT_TRUE(at(3).isEqualTo(OdGePoint3d(11, 201, 0))); // the sixth
 }
 
-TEST(Insert, DryRunTellsAndChangesNothing) {
+TEST(Insert, DryRunReportsAndChangesNothing) {
   const Scratch scratch;
   const std::string target =
       drawn(scratch, "target.dxf",

@@ -9,7 +9,7 @@ namespace {
 
 using namespace console_tests;
 
-TEST(Preview, EndsWithTheStatusAndSaysWhy) {
+TEST(Preview, EndsWithTheStatusAndTheReason) {
   const struct {
     const char* line; // $F the drawing, $O the folder of the pictures
     int status;

@@ -68,7 +68,7 @@ constexpr struct {
     {"convert $CUT -o $CUT --force", 4, "Saved"},
 };
 
-TEST(CommandLine, EndsWithTheStatusAndSaysWhy) {
+TEST(CommandLine, EndsWithTheStatusAndTheReason) {
   for (const auto& row : kCases) {
     const Scratch scratch;
     scratch.write("old.dxf", "old");
@@ -83,7 +83,7 @@ TEST(CommandLine, EndsWithTheStatusAndSaysWhy) {
   }
 }
 
-TEST(CommandLine, UnreadableFilesAreToldInOneLine) {
+TEST(CommandLine, UnreadableFilesAreReportedInOneLine) {
   const Scratch scratch;
   const std::string kContents[] = {"", "hello\n", std::string(3000, '\0'), "AC1032\0\0"};
   for (const std::string& content : kContents) {
@@ -154,7 +154,7 @@ TEST(Save, RepairedDrawingNeedsAYesForItsOwnFile) {
   EXPECT_NE(readFile(path), damaged);
 }
 
-TEST(Make, TellsOfABlockOnlyWhenItIsOnDisk) {
+TEST(Make, ReportsABlockOnlyWhenItIsOnDisk) {
   const Scratch scratch;
   for (const auto& [folder, told] : {std::pair{".", true}, {"nosuch", false}}) {
     const std::string out = scratch.path(folder) + "/out.dxf";
@@ -194,7 +194,7 @@ TEST(Make, CountsObjectsThatCannotBePutIntoTheBlock) {
   EXPECT_NE(readFile(out).find("\n36x\n"), std::string::npos);
 }
 
-TEST(Make, ReplacesABlockOnlyWhenTold) {
+TEST(Make, ReplacesABlockOnlyOnRequest) {
   const Scratch scratch;
   const Names names{{"$A", scratch.write("a.dxf", readFile(kRoom))}};
   const std::string line = "make $A -o $A --force --name b --base 0,0 --layer door ";
@@ -217,7 +217,7 @@ TEST(JsonReport, IsOneObjectWithStableIds) {
     EXPECT_NE(repaired.results.find(part), std::string::npos) << part << repaired.results;
 }
 
-TEST(IssueText, HaveIdsOfTheirOwnAndShowNothingRaw) {
+TEST(IssueText, HaveUniqueIdsAndPrintNothingRaw) {
   std::set<std::string> ids;
   for (int at = 0; at < static_cast<int>(console::MessageId::kCount); ++at)
     EXPECT_TRUE(ids.insert(console::idOf(static_cast<console::MessageId>(at))).second) << at;

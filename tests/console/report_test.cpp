@@ -91,7 +91,7 @@ protected:
   Scratch scratch_;
 };
 
-TEST_F(Report, CountsWhatIsShown) {
+TEST_F(Report, CountsReferences) {
   const House house;
   const Json report = json(save(*house.database), true);
   const struct {
@@ -122,7 +122,7 @@ TEST_F(Report, CountsWhatIsShown) {
   EXPECT_EQ(attributes[1]["preset"], true);
 }
 
-TEST_F(Report, LeavesOutWhatNobodyNamedUnlessAsked) {
+TEST_F(Report, OmitsAnonymousBlocksUnlessRequested) {
   const House house;
   tests::addLayer(*house.database, L"walls\x202E");
   forWrite<OdDbBlockTableRecord>(addBlock(*house.database, L"site"))->setXref(L"..\\no\\site.dxf", true);
@@ -154,7 +154,7 @@ TEST_F(Report, LeavesOutWhatNobodyNamedUnlessAsked) {
   EXPECT_EQ(report["layers"][1]["name"], "walls\xE2\x80\xAE");
 }
 
-TEST_F(Report, ShowsPeopleATable) {
+TEST_F(Report, PrintsATable) {
   const House house;
   const Outcome run = runMorvane({"report", save(*house.database)});
   EXPECT_EQ(run.status, 0);
@@ -198,7 +198,7 @@ TEST_F(Report, StopsCountingPlacesWhereNumbersEnd) {
   EXPECT_EQ(blocks["b1999"].depth, 2000u);
 }
 
-TEST_F(Report, TellsOfFilesThatAreNotWhole) {
+TEST_F(Report, ReportsFilesThatAreDamaged) {
   const std::string room = readFile(kRoom);
   for (const auto& [content, status, issue] : {std::tuple{room, 0, "[]"},
                                                {room.substr(0, room.size() * 9 / 10), 4, "dxf.no-end"},

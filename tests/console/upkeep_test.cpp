@@ -21,7 +21,7 @@ std::string house(const Scratch& scratch) {
   return scratch.path("house.dxf");
 }
 
-TEST(Upkeep, EndsWithTheStatusAndSaysWhy) {
+TEST(Maintenance, EndsWithTheStatusAndTheReason) {
   const struct {
     const char* line; // $D the house, $OUT a new file; an underscore is a blank, a tilde an underscore
     int status;
@@ -74,7 +74,7 @@ TEST(Upkeep, EndsWithTheStatusAndSaysWhy) {
   }
 }
 
-TEST(Upkeep, WhatIsWrittenIsWhatWasSaid) {
+TEST(Maintenance, TheWrittenFileMatchesTheReport) {
   const Scratch scratch;
   const std::string out = scratch.path("out.dxf");
   ASSERT_EQ(runMorvane({"purge", house(scratch), "-o", out}).status, 0);
@@ -93,7 +93,7 @@ TEST(Upkeep, WhatIsWrittenIsWhatWasSaid) {
 
 // A layout whose block is gone and a handle that is used twice: found while reading, and whole in the file that is
 // written.
-TEST(Upkeep, AuditMendsWhatItReadsAndNeverTheFileItself) {
+TEST(Maintenance, AuditRepairsTheDrawingAndNeverItsFile) {
   const Scratch scratch;
   std::string bytes = readFile(house(scratch));
   const auto layout = bytes.find("AcDbLayout", bytes.find("\nLAYOUT\n"));
@@ -137,7 +137,7 @@ TEST(Commands, AreOneStepEach) {
   }
 }
 
-TEST(Upkeep, CommandsThatAreRefusedChangeNothing) {
+TEST(Maintenance, CommandsThatAreRefusedChangeNothing) {
   const Scratch scratch;
   TestSession session;
   session.run("OPEN " + house(scratch) + "\n");

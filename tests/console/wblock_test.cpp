@@ -127,7 +127,7 @@ Outcome runOn(const Scratch& scratch, const OdDbDatabase& plan, const std::strin
   return runMorvane({"-c", script, scratch.save(plan, "plan.dxf")}, {}, scratch.path("config.json"));
 }
 
-TEST(WblockCommand, RemembersFormatAndFolderAndAsksNobodyWhereItMayNot) {
+TEST(WblockCommand, RemembersFormatAndFolderAndDoesNotPromptWithoutUser) {
   const Scratch scratch;
   const std::string config = scratch.path("config.json"), out = scratch.path("out.dxf");
   const auto run = [&](std::vector<std::string> options, const std::string& script) {
@@ -232,7 +232,7 @@ TEST(BlockCommand, RemembersItsSettingsOnceABlockIsMade) {
   EXPECT_EQ(block->blockScaling(), OdDbBlockTableRecord::kAny);
 }
 
-TEST(PortableNames, AreSafeAndApartOnEveryFileSystem) {
+TEST(PortableNames, AreSafeAndDistinctOnEveryFileSystem) {
   const struct {
     OdString text, name;
   } kCases[] = {{L"door", L"door"},

@@ -164,7 +164,7 @@ TEST_F(XrefCommand, ForeignContentsAreNotEdited) {
   }
 }
 
-TEST_F(XrefCommand, ComesAlongWithAnInsertedDrawing) {
+TEST_F(XrefCommand, IsClonedWithAnInsertedDrawing) {
   const OdDbDatabasePtr part = OdDbDatabase::create();
   addXref(*part, L"site");
   save(*part, "part.dxf");

@@ -11,7 +11,7 @@
 
 namespace {
 
-TEST(Audit, MendedDrawingsAreWholeAndPurgingThemIsStable) {
+TEST(Audit, RepairedDrawingsAreSoundAndPurgingThemIsStable) {
   std::size_t repaired = 0;
   corpus::forEachDrawing([&](const std::string&, const drawing::ReadResult& read) {
     drawing::auditDrawing(*read.database, true);

@@ -50,7 +50,7 @@ Facts factsOf(const OdDbDatabase& database) {
 constexpr char kNested[] = "BLOCK road-a 0,0 Last\n\nConvert\nBLOCK road-b 0,0 Last\n\nConvert\n"
                            "BLOCK road-c 0,0 Last\n\nConvert\nBLOCK road-a 是 0,0 Last\n\n";
 
-TEST(BlockRoads, HoldOnRealDrawings) {
+TEST(BlockWorkflows, WorkOnRealDrawings) {
   std::size_t locked = 0, refused = 0;
   corpus::forEachDrawing([&](const std::string& path, const drawing::ReadResult& read) {
     const Facts facts = factsOf(*read.database);

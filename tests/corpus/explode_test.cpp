@@ -15,7 +15,7 @@ bool isInside(const OdGeExtents3d& inner, const OdGeExtents3d& outer) {
   return low.x >= -slack && low.y >= -slack && high.x >= -slack && high.y >= -slack;
 }
 
-TEST(Explode, EveryReferenceIsTakenApartOrStays) {
+TEST(Explode, EveryReferenceIsExplodedOrUnchanged) {
   std::size_t apart = 0, refused = 0;
   corpus::forEachDrawing([&](const std::string&, const drawing::ReadResult& read) {
     for (OdDbObjectId id : read.database->allIds()) {

@@ -69,7 +69,7 @@ void checkPicture(OdDbObjectId space) {
   EXPECT_TRUE(std::any_of(bitmap.rgba.begin(), bitmap.rgba.end(), [](std::uint8_t part) { return part < 128; }));
 }
 
-TEST(CorpusPictures, ShowWhatTheDrawingsShow) {
+TEST(CorpusPictures, MatchTheStoredRenderings) {
   std::size_t pictured = 0;
   corpus::forEachDrawing([&](const std::string&, const drawing::ReadResult& read) {
     checkPicture(read.database->getModelSpaceId());

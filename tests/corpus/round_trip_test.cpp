@@ -54,7 +54,7 @@ void expectComesBack(const OdDbDatabase& database) {
   }
 }
 
-TEST(RoundTrip, SoundDrawingsComeBackEqualAndOthersDoOrAreRefusedWithAReason) {
+TEST(RoundTrip, SoundDrawingsRoundTripAndOthersAreRefusedWithAReason) {
   for (const File& file : files()) {
     SCOPED_TRACE(file.path);
     const drawing::ReadResult read = drawing::readDrawingFromMemory(file.text, file.path);

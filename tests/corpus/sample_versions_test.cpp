@@ -242,13 +242,13 @@ void compare(const char* differences, const std::string& earlier, const std::str
   EXPECT_GT(shared * 10, one.size() * 8);
 }
 
-TEST(SampleVersions, Version2000And2007HoldTheSame) {
+TEST(SampleVersions, Version2000And2007AreEqual) {
   compare(kFrom2000To2007, "AC1015_ascii", "AC1021_ascii");
 }
-TEST(SampleVersions, Version2007And2018HoldTheSame) {
+TEST(SampleVersions, Version2007And2018AreEqual) {
   compare(kFrom2007To2018, "AC1021_ascii", "AC1032_ascii");
 }
-TEST(SampleVersions, TextAndBinaryHoldTheSame) {
+TEST(SampleVersions, TextAndBinaryAreEqual) {
   compare(kFromTextToBinary, "AC1032_ascii", "AC1032_binary");
 }
 

@@ -60,7 +60,7 @@ void forAllEntities(Check check) {
   });
 }
 
-TEST(Transform, EveryEntityGoesAndComesBack) {
+TEST(Transform, InverseMatrixRestoresEveryEntity) {
   forAllEntities([](OdDbObjectId id, const std::string& kind, const std::string& where) {
     const bool went = goesAndComesBack(id, where, boxToBox(kind == "ACAD_TABLE" ? 1 : 2));
     EXPECT_TRUE(went || kMayRefuse.count(kind) > 0) << where;

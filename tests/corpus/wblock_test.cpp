@@ -62,7 +62,7 @@ void expectOwnDrawing(OdDbObjectId block) {
   expectSound(*into);
 }
 
-TEST(Wblock, EveryDefinitionBecomesADrawingAndComesBack) {
+TEST(Wblock, EveryDefinitionRoundTripsThroughAFile) {
   std::size_t definitions = 0, dynamic = 0;
   corpus::forEachDrawing([&](const std::string&, const drawing::ReadResult& read) {
     for (const OdDbObjectId block : definitionsOf(*read.database)) {

@@ -21,7 +21,7 @@ TEST(Project, IsReadWhole) {
     EXPECT_EQ(project().count(path), 1U) << path;
 }
 
-TEST(Project, KeepsTheDirectionOfRooms) {
+TEST(Project, KeepsTheDirectionOfModules) {
   EXPECT_EQ(architecture::describe(architecture::checkModules(project())), "");
 }
 

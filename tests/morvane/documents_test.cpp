@@ -39,7 +39,7 @@ protected:
   mvsi::MvsiApDocument* document_ = documents_.open(database_, L"C:\\plans\\a.dwg");
 };
 
-TEST_F(OpenDrawing, WorkingDatabaseFollowsTheCurrentDocumentUnlessSetApart) {
+TEST_F(OpenDrawing, WorkingDatabaseFollowsTheCurrentDocumentUnlessSeparate) {
   const OdDbDatabasePtr second = OdDbDatabase::create(), aside = OdDbDatabase::create();
   mvsi::MvsiApDocument* other = documents_.open(second);
   EXPECT_EQ(mvsi::mvsidbWorkingDatabase(), second.get());
@@ -203,7 +203,7 @@ protected:
   }
 };
 
-TEST_F(Selection, SetsGrowInPlaceAndHoldEachEntityOnce) {
+TEST_F(Selection, SetsGrowInPlaceAndContainEachEntityOnce) {
   long set[2] = {0, 0}, copy[2] = {0, 0}, entity[2];
   addTo(set, {second_, first_, second_});
   EXPECT_EQ(members(set), (std::vector<OdDbObjectId>{second_, first_}));
@@ -214,7 +214,7 @@ TEST_F(Selection, SetsGrowInPlaceAndHoldEachEntityOnce) {
     EXPECT_EQ(sets_.memberAt(set, at, entity), RTERROR);
 }
 
-TEST_F(Selection, NamesAreToldApartAndDieWithWhatTheyName) {
+TEST_F(Selection, NamesAreDistinctAndEndWithTheirObjects) {
   long set[2] = {0, 0}, entity[2] = {0, 0}, none[2] = {0, 0};
   int length = 7;
   OdDbObjectId id = first_;
@@ -364,7 +364,7 @@ TEST(MessageBox, AnswersByNumberLetterOrText) {
     EXPECT_EQ(morvane::buttonOf(labels, answer), button) << answer;
 }
 
-TEST(MessageBox, ReturnsTheButtonOrNothingWhenItWasClosed) {
+TEST(MessageBox, ReturnsTheButtonOrNothingWhenClosed) {
   const MvJsonPtr buttons = ElementValue::createObject();
   buttons->SetDataS("btnText/0", "是");
   buttons->SetDataS("btnText/1", "否");
@@ -379,7 +379,7 @@ TEST(MessageBox, ReturnsTheButtonOrNothingWhenItWasClosed) {
   EXPECT_EQ(mvsi::mvuiMessageBox(L"text", L"caption", 64), RTNORM);
 }
 
-TEST(MessageBox, InAScriptAWrongAnswerClosesItAndNothingIsAskedWhereNobodyAnswers) {
+TEST(MessageBox, InAScriptAWrongAnswerClosesItAndNothingIsPromptedWithoutUser) {
   ScriptedHost host(std::vector<OdString>{});
   host.host().input().pushSource(
       std::make_shared<morvane::ListSource>(std::vector<OdString>{L"maybe", L"2", L"1"}, true));

@@ -70,7 +70,7 @@ TEST(Printing, FormatsByTheTypesOfTheArguments) {
   EXPECT_EQ(host.takeOutput(), L"4294967295 ffff ");
 }
 
-TEST(Printing, DirectivesWithoutAnArgumentOfTheirTypeStand) {
+TEST(Printing, DirectivesWithoutAnArgumentOfTheirTypeAreUnchanged) {
   ScriptedHost host;
   for (const wchar_t* format : {L"100%", L"%s %d\n", L"%%", L"%n%p", L"%99999d", L"%-", L"%*d", L""}) {
     EXPECT_EQ(mvsi::mvsiutPrintf(format), RTNORM);
@@ -98,7 +98,7 @@ TEST(Log, WritesRecordsOfItsLevelAndAbove) {
   EXPECT_EQ(readFile(folder.at("log")), "[9] h:3 kept\n");
 }
 
-TEST(Variables, AreOneStoreBehindEveryRoad) {
+TEST(Variables, AreOneStoreForEveryAccess) {
   ScriptedHost host;
   const auto system = find<MvEditSystemServer>(kEditSystemServer);
   EXPECT_EQ(mvsi::setVar(L"insname", OdString(L"*B1"), true), RTNORM);
@@ -203,7 +203,7 @@ TEST(UserConfig, SectionsAreLiveAndSurviveTheHost) {
   EXPECT_FALSE(host.config().isChanged());
 }
 
-TEST(UserConfig, KeepsADamagedFileBesideTheNewOne) {
+TEST(UserConfig, BacksUpADamagedFile) {
   const tests::ScratchFolder folder;
   const std::string tooDeep = "{\"a\":" + std::string(100000, '[') + std::string(100000, ']') + "}";
   for (const std::string& damaged : {std::string("{\"a\": "), std::string("[1]"), tooDeep}) {
@@ -235,7 +235,7 @@ TEST(UserConfig, AFailedSaveKeepsWhatIsThereAndTheChange) {
   }
 }
 
-TEST(ReplaceFile, KeepsModeAndLinksAndLeavesNothingBeside) {
+TEST(ReplaceFile, KeepsModeAndLinksAndLeavesNoTemporaryFiles) {
   const tests::ScratchFolder folder;
   writeFile(folder.at("real"), "old");
   fs::permissions(folder.at("real"), fs::perms(0640));
@@ -281,7 +281,7 @@ TEST(Paths, MapDrivesAndBackslashesBothWays) {
   EXPECT_EQ(map.toSystem(map.toDrawing(notUtf8)), notUtf8);
 }
 
-TEST(FindFile, LooksBesideTheDrawingAndThenAlongThePath) {
+TEST(FindFile, SearchesTheFolderOfTheDrawingThenThePath) {
   const tests::ScratchFolder folder;
   fs::create_directories(folder.at("one/sub"));
   fs::create_directories(folder.at("two/only"));

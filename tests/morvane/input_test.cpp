@@ -96,7 +96,7 @@ TEST(Input, EndAndEscapeAreCancelsAndNeverLoops) {
   EXPECT_EQ(promptText(0).code, RTCANCELLED);
 }
 
-TEST(Input, AnswersAreCutToTheBuffer) {
+TEST(Input, AnswersAreTruncatedToTheBuffer) {
   ScriptedHost host({L"abcdefgh", OdString(L'x', 5000), L"a"});
   EXPECT_EQ(promptKeyword(128, nullptr, 4).text, L"abc");
   EXPECT_EQ(promptText(1).text.getLength(), morvane::kMaxAnswerLength);
@@ -106,7 +106,7 @@ TEST(Input, AnswersAreCutToTheBuffer) {
   EXPECT_EQ(untouched, L'u');
 }
 
-TEST(Input, BlanksEndAnswersInScriptsUnlessTheyAreAllowed) {
+TEST(Input, SpacesEndAnswersInScriptsUnlessAllowed) {
   ScriptedHost host;
   host.answerFromScript("\xEF\xBB\xBF; a comment\r\none two\r\nall of this\n1,2 y \nlast");
   EXPECT_TRUE(qzutads::isCalledByScript());
@@ -120,7 +120,7 @@ TEST(Input, BlanksEndAnswersInScriptsUnlessTheyAreAllowed) {
   EXPECT_EQ(promptText(0).code, RTCANCELLED);
 }
 
-TEST(Input, QuotesHoldNamesWithBlanksTogether) {
+TEST(Input, QuotesKeepNamesWithSpacesTogether) {
   ScriptedHost host;
   host.answerFromScript("\"a b\" c\n\"a b\"c \"open end\n\"\"\n");
   OdString name;
@@ -131,7 +131,7 @@ TEST(Input, QuotesHoldNamesWithBlanksTogether) {
   EXPECT_EQ(host.host().input().getName(L"?", name), RTEMPTY);
 }
 
-TEST(Input, PipedScriptsHoldCommentsAndARestCanBeDropped) {
+TEST(Input, PipedScriptsHaveCommentsAndARestCanBeDropped) {
   ScriptedHost host;
   std::istringstream pipe("\xEF\xBB\xBF; a comment\none two three\n;\nfour\n");
   host.host().input().pushSource(std::make_shared<morvane::StreamSource>(pipe, true));

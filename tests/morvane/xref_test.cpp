@@ -48,7 +48,7 @@ protected:
   OdDbDatabasePtr opened_;
 };
 
-TEST_F(ExternalReferences, AreLookedForFromTheFolderOfTheirDrawing) {
+TEST_F(ExternalReferences, AreSearchedFromTheFolderOfTheirDrawing) {
   const struct {
     const wchar_t* saved;
     const char* file;
@@ -120,7 +120,7 @@ TEST_F(ExternalReferences, OfAnInsertedDrawingGoOnNamingTheirFiles) {
   EXPECT_EQ(forRead<OdDbBlockTableRecord>(source->symbol(OdDb::kBlockTable, L"xref"))->pathName(), L"bolt.dxf");
 }
 
-TEST_F(ExternalReferences, HaveAHeaderOfTheirOwn) {
+TEST_F(ExternalReferences, HaveTheirOwnHeader) {
   put("site/closed.dxf", {}, 0);
   const OdDbDatabase* closed = loadedFor(L"closed.dxf");
   ASSERT_NE(closed, nullptr);

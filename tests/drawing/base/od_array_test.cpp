@@ -90,7 +90,7 @@ TEST(OdArray, EditsInOrder) {
   EXPECT_EQ(numbers.removeLast(), (OdArray<int>{4, 8, 1}));
 }
 
-TEST(OdArray, KeepsWhatItHeldWithoutMemory) {
+TEST(OdArray, IsUnchangedWhenMemoryIsShort) {
   OdArray<Costly> held;
   Costly::allowance = 1000;
   held.reserve(4);

@@ -126,7 +126,7 @@ TEST(ProtocolExtension, IsInheritedUntilReplaced) {
   EXPECT_EQ(general->referenceCount(), 1U); // the classes let go
 }
 
-TEST(OdError, SaysWhatItIs) {
+TEST(OdError, DescribesItself) {
   EXPECT_STREQ(OdError_InvalidIndex().what(), "Invalid Execution.");
   EXPECT_EQ(OdError_InvalidIndex().code(), eInvalidIndex);
   EXPECT_STREQ(OdError(OdString(L"T\u00FCr")).what(), "T\xC3\xBCr");

@@ -18,7 +18,7 @@ protected:
   OdDbObjectId definition_, shape_, plain_;
 };
 
-TEST_F(DynamicBlock, IsToldByTheBlockThatIsShown) {
+TEST_F(DynamicBlock, IsIdentifiedByTheReferencedBlock) {
   const OdDbObjectId gone = addBlock(*database_, L"gone");
   const OdDbObjectId orphan = addBlock(*database_, L"*U");
   markShape(orphan, gone);

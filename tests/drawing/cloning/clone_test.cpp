@@ -25,7 +25,7 @@ protected:
   OdDbDatabasePtr database_ = OdDbDatabase::create();
 };
 
-TEST_F(DeepClone, BringsEverythingOwnedInOrderAndIsOneUndoStep) {
+TEST_F(DeepClone, ClonesEverythingOwnedInOrderAsOneUndoStep) {
   const OdDbObjectId door = addBlock(*database_, L"door");
   addLine(*database_, {0, 0, 0}, {1, 0, 0}, door);
   const OdDbObjectId reference = addReference(*database_, door);
@@ -82,7 +82,7 @@ TEST_F(DeepClone, RefusesToCloseACycleAndChangesNothing) {
   EXPECT_EQ(drawing::canonicalDump(*database_), before);
 }
 
-TEST_F(DeepClone, GivesADimensionAPictureOfItsOwn) {
+TEST_F(DeepClone, GivesADimensionItsOwnBlock) {
   const OdDbObjectId picture = addBlock(*database_, L"*D");
   addLine(*database_, {10, 0, 0}, {20, 0, 0}, picture);
   const auto dimension = addTo<OdDbRotatedDimension>(database_->getModelSpaceId());
@@ -144,7 +144,7 @@ TEST_F(CloneBetween, ReplacesOrKeepsRecordsOfTheSameName) {
 }
 
 // What is replaced cannot lead back any more: it is replaced like any other.
-TEST_F(CloneBetween, ReplacesABlockThatHeldTheOneThatIsFilled) {
+TEST_F(CloneBetween, ReplacesABlockThatContainedTheFilledOne) {
   const OdDbObjectId lamp = addBlock(*target_, L"lamp");
   const OdDbObjectId door = addBlock(*target_, L"door");
   addReference(*target_, lamp, door);

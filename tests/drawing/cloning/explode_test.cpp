@@ -38,7 +38,7 @@ protected:
   }
 };
 
-TEST_F(Explode, PutsContentsWhereTheReferenceShowsThem) {
+TEST_F(Explode, PutsContentsWhereTheReferenceDrawsThem) {
   tests::forWrite<OdDbBlockTableRecord>(block_)->setOrigin({1, 1, 0});
   addLine(3, 2);
   const struct {
@@ -85,7 +85,7 @@ TEST_F(Explode, RowsAndColumnsFollowTheAxesWithoutTheScale) {
 }
 
 // Layer 0 and by block become what they looked like; where by layer would be another layer's, the value itself stands.
-TEST_F(Explode, NothingChangesItsLook) {
+TEST_F(Explode, PreservesAppearance) {
   const OdDbObjectId walls = tests::addLayer(*database_, L"walls"), doors = tests::addLayer(*database_, L"doors");
   tests::forWrite<OdDbLayerTableRecord>(walls)->setColor({3, OdCmColor::kNoTrueColor});
   tests::forWrite<OdDbLayerTableRecord>(doors)->setIsLocked(true);

@@ -72,7 +72,7 @@ std::string definitionsOf(const OdDbDatabase& database) {
   return all;
 }
 
-TEST(Insert, SettlesNamesThatBothDrawingsHave) {
+TEST(Insert, ResolvesNamesThatBothDrawingsHave) {
   const struct {
     const char *what, *target, *source, *result; // of inserting as "door"
     std::size_t renamed;
@@ -153,7 +153,7 @@ TEST(BlockReferences, AreListedWithoutAWalkThroughTheDrawing) {
   EXPECT_LT(forRead<OdDbBlockTableRecord>(blocks[7])->referenceHistory().size(), 200u);
 }
 
-TEST(BlockReferences, AreThoseThatLiveNowWhateverRoadTheyCame) {
+TEST(BlockReferences, AreTheExistingOnesHoweverTheyWereAdded) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
   const OdDbObjectId door = addBlock(*database, L"door"), room = addBlock(*database, L"room");
   const OdDbObjectId inModule = addReference(*database, door, room), roomShown = addReference(*database, room);

@@ -48,7 +48,7 @@ struct Wblock : testing::Test {
   }
 };
 
-TEST_F(Wblock, ABlockBringsWhatItNeedsAndWhatItIs) {
+TEST_F(Wblock, ABlockIsWrittenWithDependenciesAndProperties) {
   const std::string before = drawing::canonicalDump(*source);
   const OdDbDatabasePtr made = drawing::wblockBlock(door);
   ASSERT_FALSE(made.isNull());
@@ -123,7 +123,7 @@ TEST_F(Wblock, ObjectsComeInTheirOrderAndAssociationsWholeOrNotAtAll) {
 }
 
 // An arrow that differs from the style's is named in extended data; whether frames show, beside the header.
-TEST_F(Wblock, WhatChangesTheLookOfAnObjectComesWithIt) {
+TEST_F(Wblock, DisplayVariablesAreWrittenWithTheObjects) {
   const OdResBufPtr data = OdResBuf::make(1001, L"ACAD");
   OdResBufPtr tail = data->setNext(OdResBuf::make(1000, L"DSTYLE"));
   tail = tail->setNext(OdResBuf::make(1070, std::int16_t(341)));
@@ -143,7 +143,7 @@ TEST_F(Wblock, WhatChangesTheLookOfAnObjectComesWithIt) {
 }
 
 // They have no names, and a shape does not tell its own.
-TEST_F(Wblock, FilesOfShapesComeAlongAndAreToldApart) {
+TEST_F(Wblock, ShapeFilesAreClonedAndDistinguished) {
   const auto addShapeFile = [](OdDbDatabase& to, const wchar_t* file) {
     const auto style = OdDbTextStyleTableRecord::createObject();
     style->setFlag(1, true);
@@ -178,7 +178,7 @@ TEST_F(Wblock, FilesOfShapesComeAlongAndAreToldApart) {
   expectUndoRestores(*target, [&] { target->insert(L"again", made.get()); });
 }
 
-TEST_F(Wblock, PathsOfFilesAreTurnedToTheNewFolder) {
+TEST_F(Wblock, PathsAreRebasedToTheNewFolder) {
   const ScratchFolder folder;
   for (const char* file : {"site.dxf", "tree.png"})
     std::ofstream(folder.at(file)) << "there";

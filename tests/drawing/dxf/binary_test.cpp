@@ -29,7 +29,7 @@ std::string real(double value) {
   return {bytes.begin(), bytes.end()};
 }
 
-TEST(BinaryForm, EarlyFilesHaveCodesOfOneByte) {
+TEST(BinaryForm, R12FilesHaveCodesOfOneByte) {
   const std::string point = std::string("\0POINT\0\5A1\0\10wall\0", 17) + "\12" + real(1.5) + "\24" + real(-2) + "\76" +
                             std::string("\3\0", 2) + // colour
                             std::string("\377\351\3ACAD\0", 8) + std::string("\377\57\4\377\377\377\377", 7);
@@ -45,7 +45,7 @@ TEST(BinaryForm, EarlyFilesHaveCodesOfOneByte) {
 }
 
 // What a text file holds and a number cannot, is told and nothing else is harmed.
-TEST(BinaryForm, ValuesThatDoNotFitTheirCodeAreTold) {
+TEST(BinaryForm, ValuesThatDoNotFitTheirCodeAreReported) {
   const struct {
     const char* group;
     bool fits;
@@ -76,7 +76,7 @@ TEST(BinaryForm, TextsKeepZerosAndLineBreaks) {
   EXPECT_NE(drawing::canonicalDump(*read.database).find("  1 up^M^Jdown\n"), std::string::npos);
 }
 
-TEST(BinaryForm, NumbersThatAreNotFiniteKeepTheirRecordUnread) {
+TEST(BinaryForm, NumbersThatAreNotFiniteLeaveTheirRecordUnparsed) {
   const ReadResult read =
       readWell(r12File(std::string("\0POINT\0\5A1\0", 11) + "\12" + real(std::numeric_limits<double>::quiet_NaN())));
   EXPECT_EQ(read.report.counts.unparsed, 1u);

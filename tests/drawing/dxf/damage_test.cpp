@@ -66,7 +66,7 @@ ReadResult readOdd(const Oddity& row) {
   return read;
 }
 
-TEST(Damage, IsNamedAndMended) {
+TEST(Damage, IsReportedAndRepaired) {
   const std::string aLine = section("ENTITIES", line("")), aDoor = section("ENTITIES", insert("A1", "door"));
   const Oddity cases[] = {
       {"handle used twice", drawn(line("") + line("")), "dxf.duplicate-handle", 2},
@@ -183,7 +183,7 @@ TEST(Damage, NamesWithoutObjectsAreKept) {
   expectRoundTrip(*read.database);
 }
 
-TEST(Damage, IsToldWithItsPlaceAndWrittenBackToTheLetter) {
+TEST(Damage, IsReportedWithItsLocationAndWrittenBackByteForByte) {
   const std::string text = drawn(line(" 39\nwide as  a door \n 62\n   007\n", "AB"));
   const ReadResult read = readWell(text);
   const drawing::Issue& found = issueOf(read, "dxf.value-unreadable");
@@ -200,7 +200,7 @@ TEST(Damage, IsToldWithItsPlaceAndWrittenBackToTheLetter) {
 }
 
 // What closes a circle is kept as data when the drawing is read, and gone when it was mended.
-TEST(Damage, CyclesOfDefinitionsAreCutAndMendedForGood) {
+TEST(Damage, CyclesOfDefinitionsAreBrokenPermanently) {
   const std::string text =
       dxf(blocks(blockRecord("B1", "a") + blockRecord("B2", "b") + blockRecord("B3", "c"),
                  block("B1", "a", insert("A1", "b")) + block("B2", "b", insert("A2", "a") + insert("A3", "c")) +

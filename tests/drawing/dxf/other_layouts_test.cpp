@@ -86,7 +86,7 @@ TEST(OtherLayouts, AreUnderstoodAndWrittenInOne) {
   }
 }
 
-TEST(OtherLayouts, UnknownObjectsEntitiesAndSectionsComeBack) {
+TEST(OtherLayouts, UnknownObjectsEntitiesAndSectionsRoundTrip) {
   const std::string text =
       dxf(section("CLASSES", "0|CLASS\n1|GADGET\n2|MyGadget\n3|MyApp\n90|0\n280|0\n281|0\n") +
           section("ENTITIES", "0|GADGET\n5|A1\n102|{MYAPP\n330|A2\n1|x\n102|}\n330|1F\n100|AcDbEntity\n8|walls\n62|3\n"
@@ -111,7 +111,7 @@ TEST(OtherLayouts, UnknownObjectsEntitiesAndSectionsComeBack) {
 }
 
 // Layers may come behind the entities on them, blocks of one name without their owners.
-TEST(OtherLayouts, RecordsTakeThePlaceOfWhatStoodInForThem) {
+TEST(OtherLayouts, RecordsReplaceTheirPlaceholders) {
   std::string lines, layers, records, blocks;
   for (const char* name : {"c", "a", "b"}) {
     lines += "0|LINE\n100|AcDbEntity\n8|" + std::string(name) + "\n100|AcDbLine\n10|1\n20|2\n11|4\n21|5\n";
@@ -135,7 +135,7 @@ TEST(OtherLayouts, RecordsTakeThePlaceOfWhatStoodInForThem) {
 }
 
 // Early files have no table of blocks, and what refers to a block may come before it.
-TEST(OtherLayouts, BlocksOfEarlyFilesStandInTheirOrderAndSpacesAreSpaces) {
+TEST(OtherLayouts, BlocksOfR12FilesKeepTheirOrderAndSpacesAreSpaces) {
   const std::string at = "\n70|0\n10|0\n20|0\n30|0\n";
   const auto block = [&at](const std::string& name, const std::string& contents = "") {
     return "0|BLOCK\n8|0\n2|" + name + at + "3|" + name + "\n" + contents + "0|ENDBLK\n";
@@ -169,7 +169,7 @@ TEST(OtherLayouts, WhatOnlyAnErasedEntityNamesIsNotWritten) {
   EXPECT_TRUE(contains(written, "\nIMAGEDEF\n"));
 }
 
-TEST(OtherLayouts, AClonedHatchNamesNoBoundaryThatStayedBehind) {
+TEST(OtherLayouts, AClonedHatchReferencesNoUnclonedBoundary) {
   const std::string hatch = "0|HATCH\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbHatch\n10|0\n20|0\n30|0\n210|0\n220|0\n230|1\n"
                             "2|SOLID\n70|1\n71|1\n91|1\n92|1\n93|1\n72|2\n10|0\n20|0\n40|1\n50|0\n51|360\n73|1\n"
                             "97|1\n330|A2\n75|0\n76|1\n98|0\n";

@@ -15,7 +15,7 @@ OdDbObjectId cloneInto(OdDbObjectId id, OdDbObjectId owner) {
   return tests::cloned({id}, owner).valueOf(id);
 }
 
-TEST(Table, CloneHasAPictureOfItsOwn) {
+TEST(Table, CloneHasItsOwnBlock) {
   Loader loader;
   OdDbDatabase& database = *loader.database;
   const OdDbObjectId picture = tests::addBlock(database, L"*T1");
@@ -39,7 +39,7 @@ TEST(Table, CloneHasAPictureOfItsOwn) {
   }
 }
 
-TEST(MLeader, BringsItsStyleAndTextStyleAlong) {
+TEST(MLeader, IsClonedWithItsStyleAndTextStyle) {
   Loader loader;
   OdDbDatabase& database = *loader.database;
   auto root = tests::forWrite<OdDbDictionary>(database.getNamedObjectsDictionaryId());
@@ -152,7 +152,7 @@ TEST(ComposedEntities, AreAsLargeAsAllTheirParts) {
   EXPECT_TRUE(outlines.empty());
 }
 
-TEST(ComposedEntities, WithoutReadableNumberAreKeptUnread) {
+TEST(ComposedEntities, WithoutReadableNumberAreUnparsed) {
   const std::string file = tests::dxf(
       tests::section("ENTITIES", "0|MULTILEADER\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbMLeader\n300|CONTEXT_DATA{\n"
                                  "10|1.0\n20|none\n30|0.0\n301|}\n"));

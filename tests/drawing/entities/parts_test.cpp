@@ -122,7 +122,7 @@ TEST_F(EntityParts, MultiLineAttributeKeepsItsGroups) {
   EXPECT_EQ(attribute->tag(), L"TAG"); // codes behind 101 are the text's
 }
 
-TEST_F(EntityParts, OlderMultiLineAttributeLivesInADictionary) {
+TEST_F(EntityParts, OlderMultiLineAttributeIsStoredInADictionary) {
   const auto attribute =
       resident<OdDbAttribute>("ATTRIB", "100 AcDbText|10 1|20 2|30 0|40 2|100 AcDbAttribute|2 TAG|70 0");
   OdDbDictionaryPtr dictionary = attribute->createExtensionDictionary().safeOpenObject(OdDb::kForWrite);
@@ -204,7 +204,7 @@ TEST_F(EntityParts, LongTextIsCutAndJoinedWithoutLoss) {
 }
 
 // Its sides stand along the sheet's, so only moves and equal scales have a result.
-TEST(Viewport, TakesWhatKeepsItsSidesAlongTheSheet) {
+TEST(Viewport, TakesMatricesThatKeepItsSidesAlongTheAxes) {
   const struct {
     const char* what;
     OdGeMatrix3d matrix;

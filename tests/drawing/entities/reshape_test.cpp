@@ -88,7 +88,7 @@ TEST_P(RoundCurves, BecomeEllipsesInTheirPlace) {
   }
 }
 
-TEST_P(RoundCurves, StayWhereNothingCanStandForThem) {
+TEST_P(RoundCurves, StayWhereNoKindCanReplaceThem) {
   OdDbEntityPtr round = tests::forWrite<OdDbEntity>(id);
   static_cast<OdDbRoundCurve&>(*round).setThickness(1);
   const std::string dump = written(*round);

@@ -286,7 +286,7 @@ TEST_P(EntityKinds, MoveAsTheirPointsDoOrStay) {
   }
 }
 
-TEST_P(EntityKinds, ComeBackToTheLastBit) {
+TEST_P(EntityKinds, RoundTripBitIdentically) {
   const OdDbEntityPtr entity = load();
   const std::string dump = written(*entity);
   for (const OdGeVector3d& by : {OdGeVector3d(100, -250, 7), OdGeVector3d(-100, 250, -7)})
@@ -315,7 +315,7 @@ TEST_P(EntityKinds, WriteWhatTheyRead) {
 // Kinds whose points above lie beside their outline.
 const std::set<std::string> kBeside{"MTEXT", "HATCH", "MULTILEADER", "MLINE", "SHAPE", "HELIX"};
 
-TEST_P(EntityKinds, ExtentsHoldThePoints) {
+TEST_P(EntityKinds, ExtentsContainThePoints) {
   const OdDbEntityPtr entity = load();
   OdGeExtents3d extents;
   const std::string name = GetParam().dxfName;
@@ -326,7 +326,7 @@ TEST_P(EntityKinds, ExtentsHoldThePoints) {
 }
 
 // A whole life: into a drawing, moved, taken back, written and read, cloned into a block and into another drawing.
-TEST_P(EntityKinds, LiveInADrawing) {
+TEST_P(EntityKinds, AreStoredInADrawing) {
   const OdDbEntityPtr entity = loader.add(GetParam().dxfName, GetParam().groups);
   const OdDbObjectId id = entity->objectId();
   if (GetParam().reach != kNothing)

@@ -34,7 +34,7 @@ struct Field : testing::Test {
   OdDbObjectId id, child;
 };
 
-TEST_F(Field, BelongsToItsObjectAndStandsInTheList) {
+TEST_F(Field, BelongsToItsObjectAndIsListed) {
   expectUndoRestores(*database, [&] { set(); });
   EXPECT_EQ(OdDbField::getField(*forRead<OdDbText>(text), L"text"), id);
   EXPECT_EQ(child.safeOpenObject()->ownerId(), id);
@@ -71,7 +71,7 @@ TEST_F(Field, OfAClonedObjectIsANewOneThatIsListedToo) {
   expectRoundTrip(*database);
 }
 
-TEST_F(Field, CodesOfAnyLengthComeBack) {
+TEST_F(Field, CodesOfAnyLengthRoundTrip) {
   for (const int length : {0, 1, 250, 251, 500, 1234}) {
     OdString code;
     for (int i = 0; i < length; ++i)

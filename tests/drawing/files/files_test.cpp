@@ -80,7 +80,7 @@ TEST_F(Files, ReplacesContentAndKeepsPermissions) {
   EXPECT_EQ(names(), Names{"plan.dxf"});
 }
 
-TEST_F(Files, ReplacesWhatALinkLeadsTo) {
+TEST_F(Files, ReplacesTheTargetOfALink) {
   fs::create_directory(folder + "/real");
   put(folder + "/real/plan", "old");
   fs::create_symlink("real/plan", folder + "/middle");
@@ -139,7 +139,7 @@ TEST_F(Files, BackupIsACopyWhereThereAreNoLinks) {
   EXPECT_EQ(names(), (Names{"plan.dxf", "plan.dxf.bak"}));
 }
 
-TEST_F(Files, WriterThatGivesUpOrThrowsChangesNothing) {
+TEST_F(Files, WriterThatFailsOrThrowsChangesNothing) {
   put(path, "old");
   const FileError refused = replaceFile(path, [](FileSink& sink) {
     sink.append("half");

@@ -103,7 +103,7 @@ TEST(Matrix, KeepsTheCenterInPlace) {
   }
 }
 
-TEST(Matrix, TellsItsKind) {
+TEST(Matrix, ReportsItsKind) {
   const OdGeMatrix3d turned = OdGeMatrix3d::rotation(1.0, {1, 2, 3}, {1e6, 0, 0});
   const struct {
     OdGeMatrix3d matrix;
@@ -179,7 +179,7 @@ TEST(Vector, MeasuresAngles) {
   EXPECT_FALSE(std::signbit(normalizeAngle(-0.0)));
 }
 
-TEST(Vector, TellsDirections) {
+TEST(Vector, ComparesDirections) {
   const OdGeVector3d v(1, 2, 3);
   EXPECT_TRUE(v.isParallelTo(v * -1e-5));
   EXPECT_FALSE(v.hasDirectionOf(v * -1e-5));

@@ -96,7 +96,7 @@ OdGeExtents3d extentsOf(const std::string& entity) {
   return report.extents;
 }
 
-TEST(Texts, StandWhereTheirJustificationSays) {
+TEST(Texts, AreAnchoredByTheirJustification) {
   constexpr double any = NAN;
   const struct {
     const char* properties;
@@ -194,7 +194,7 @@ TEST(MTexts, BreakIntoLinesAndColumns) {
   }
 }
 
-TEST(MTexts, StandByTheirAttachmentPoint) {
+TEST(MTexts, AreAnchoredByTheirAttachmentPoint) {
   for (int attachment = 1; attachment <= 9; ++attachment) {
     const OdGeExtents3d box = extentsOf("0|MTEXT 8|0 100|AcDbMText 10|50 20|50 30|0 40|10 41|0 1|HH\\PHH 50|0 71|" +
                                         std::to_string(attachment));

@@ -204,7 +204,7 @@ TEST(Picture, EndsWithinItsLimits) {
   }
 }
 
-TEST(Picture, TellsWhatItDoesNotShow) {
+TEST(Picture, ReportsWhatIsNotDrawn) {
   const struct {
     std::string entities, told;
     bool isEmpty;

@@ -150,7 +150,7 @@ TEST(Strokes, AreAsWideAsTheirWeights) {
   EXPECT_EQ(height("0", "1"), 2);
 }
 
-TEST(Points, ShowTheirSigns) {
+TEST(Points, DrawTheirPointSymbols) {
   const struct {
     const char* header;
     bool middle, right, rim; // ink at the point, beside it on its own height, and on the circle around it
@@ -169,7 +169,7 @@ TEST(Points, ShowTheirSigns) {
   }
 }
 
-TEST(Sheets, ShowModelSpaceInTheirViewports) {
+TEST(Layouts, ShowModelSpaceInTheirViewports) {
   const std::string views =
       "0|VIEWPORT 67|1 8|0 10|50 20|50 40|100 41|100 68|1 69|1 0|VIEWPORT 67|1 8|RED 10|30 20|30 40|40 41|40 68|2 69|2 "
       "1001|ACAD 1000|MVIEW 1002|{ 1070|16 1010|0 1020|0 1030|0 1010|0 1020|0 1030|1 1040|0 1040|20 1040|5 1040|5 "

@@ -171,7 +171,7 @@ std::string randomText(std::mt19937& random, bool anyByte) {
   return text;
 }
 
-TEST(TextCodec, EveryTextAndAllBytesComeBack) {
+TEST(TextCodec, EveryTextAndAllBytesRoundTrip) {
   std::mt19937 forTexts(20240607), forBytes(7);
   for (const std::string& name : allPages()) {
     TextCodec codec(name);

@@ -37,7 +37,7 @@ OdDbDatabasePtr readOf(const std::string& sections, const std::string& version) 
   return readWell(dxf(sections, version)).database;
 }
 
-TEST(Versions, NewerGroupsAreToldWhereTheVersionDoesNotHaveThem) {
+TEST(Versions, NewerGroupsAreReportedWhereTheVersionLacksThem) {
   const std::string point = "0|POINT\n5|A1\n100|AcDbEntity\n8|0\n%\n100|AcDbPoint\n10|1\n20|2\n";
   const auto pointWith = [&point](const char* group) { return std::string(point).replace(point.find('%'), 1, group); };
   const struct {
@@ -70,7 +70,7 @@ TEST(Versions, NewerGroupsAreToldWhereTheVersionDoesNotHaveThem) {
   }
 }
 
-TEST(Versions, EveryOneHoldsTheSameDrawing) {
+TEST(Versions, EveryVersionContainsTheSameDrawing) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
   const OdDbObjectId block = addBlock(*database, L"\u0434\u0432\u0435\u0440\u044C \u95E8");
   addText(*database, L"inside \u95E8", block);
@@ -111,7 +111,7 @@ TEST(Versions, BodiesThatAnEarlierVersionCannotReadAreLeftOutWithAllThatHangsOnT
   EXPECT_TRUE(writeAs(*database, OdDb::kRelease2018).losses.issues().empty());
 }
 
-TEST(Versions, UnitsOfBlocksStandInExtendedDataBefore2007) {
+TEST(Versions, UnitsOfBlocksAreInExtendedDataBefore2007) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
   forWrite<OdDbBlockTableRecord>(addBlock(*database, L"door"))->setBlockInsertUnits(OdDb::kUnitsFeet);
   const Written written = writeAs(*database, OdDb::kRelease2004);
@@ -124,7 +124,7 @@ TEST(Versions, UnitsOfBlocksStandInExtendedDataBefore2007) {
 }
 
 // Both forms give the same text, whichever way the drawing goes.
-TEST(Versions, MultiLineAttributesStandWhereTheVersionHasThem) {
+TEST(Versions, MultiLineAttributesAreStoredAsTheVersionHasThem) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
   const OdDbObjectId id = addAttribute(addReference(*database, addBlock(*database, L"sign")), L"NOTE", L"x");
   OdDbMText lines;
@@ -155,7 +155,7 @@ TEST(Versions, MultiLineAttributesStandWhereTheVersionHasThem) {
   }
 }
 
-TEST(Versions, ColumnsAreToldAndTheTextStays) {
+TEST(Versions, LostColumnsAreReportedAndTheTextStays) {
   const char* text = "0|MTEXT\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbMText\n10|0\n20|0\n40|1\n1|long\n"
                      "101|Embedded Object\n70|1\n10|1\n20|0\n30|0\n71|%\n72|2\n44|5\n1001|ACAD\n1070|7\n";
   for (const char columns : {'0', '2'}) {
@@ -258,7 +258,7 @@ TEST(R12, KeepsTheShapeOfWhatItRedraws) {
   }
 }
 
-TEST(R12, NamesThatItCannotHoldAreChangedEverywhereAndTold) {
+TEST(R12, InvalidNamesAreChangedEverywhereAndReported) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
   const OdDbObjectId layer = addLayer(*database, L"load bearing walls");
   addLayer(*database, L"load_bearing_walls");
@@ -278,7 +278,7 @@ TEST(R12, NamesThatItCannotHoldAreChangedEverywhereAndTold) {
   EXPECT_EQ(definition->numMembers(), 1u);
 }
 
-TEST(R12, HandlesOfStandInsAreTheirOwn) {
+TEST(R12, HandlesOfSubstitutesAreUnique) {
   const OdDbDatabasePtr database = drawingOfKind(kSubstitutes[3].kind, kSubstitutes[3].groups);
   const Written written = writeAs(*database, OdDb::kRelease12);
   const auto seed = written.bytes.find("$HANDSEED\n  5\n") + 14;

@@ -100,7 +100,7 @@ std::string issuesOf(const drawing::Report& report) {
   return all;
 }
 
-TEST(Audit, FindsAndMendsEveryFault) {
+TEST(Audit, FindsAndRepairsEveryFault) {
   for (const AuditCase& row : kAuditCases) {
     SCOPED_TRACE(row.code);
     House house;
@@ -121,7 +121,7 @@ TEST(Audit, FindsAndMendsEveryFault) {
   }
 }
 
-TEST(Audit, TellsWhatItLeavesAlone) {
+TEST(Audit, ReportsWhatItDoesNotRepair) {
   House house;
   forWrite<OdDbBlockTableRecord>(house.door)->attachEntity(house.text);
   EXPECT_TRUE(drawing::auditDrawing(*house.database).has("audit.listed-twice"));

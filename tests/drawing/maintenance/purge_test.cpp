@@ -144,7 +144,7 @@ TEST(Purge, LeavesWhatMustBeThereAndWhatIsExternal) {
   EXPECT_EQ(plan.statusOf(database->objectIdOf(0xC2)), PurgePlan::Status::kExternal);
 }
 
-TEST(Purge, GroupsLiveByTheirMembers) {
+TEST(Purge, GroupsAreUsedByTheirMembers) {
   Parts parts;
   parts.entities = entity("LINE", "E1", "0\n", kLine);
   parts.objects = "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n3|ACAD_GROUP\n350|D\n"

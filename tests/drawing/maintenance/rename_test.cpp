@@ -43,7 +43,7 @@ OdDbDatabasePtr house() {
 
 // Each step of renaming, a name of the header that follows, and what the file holds and does not hold then. A text is
 // only a text; sections that are kept as files hold them have names too.
-TEST(Rename, ReachesWhoeverHoldsTheNameAndNobodyElse) {
+TEST(Rename, UpdatesEveryTextualReferenceAndNothingElse) {
   const struct {
     OdDb::SymbolTableKind kind;
     std::vector<std::pair<const wchar_t*, const wchar_t*>> steps;

@@ -17,7 +17,7 @@ OdResult codeOf(const std::function<void()>& change) {
   return eOk;
 }
 
-TEST(ObjectId, OfADrawingThatIsGoneNeverOpensAgain) {
+TEST(ObjectId, OfAClosedDrawingNeverOpensAgain) {
   OdDbObjectId id;
   OdDbObjectPtr held;
   {
@@ -35,7 +35,7 @@ TEST(ObjectId, OfADrawingThatIsGoneNeverOpensAgain) {
   EXPECT_TRUE(held->objectId().isNull()) << "whoever still holds the object owns a free one";
 }
 
-TEST(ObjectId, DoesNotOpenAndSaysWhy) {
+TEST(ObjectId, DoesNotOpenAndReturnsTheReason) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
   const OdDbObjectId locked = addLayer(*database, L"locked");
   forWrite<OdDbLayerTableRecord>(locked)->setIsLocked(true);

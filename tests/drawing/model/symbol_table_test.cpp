@@ -66,7 +66,7 @@ TEST(SymbolTable, FreeNamesAreTheLowestWhateverCameAndWent) {
   EXPECT_EQ(next(), OdString(L"a"));
 }
 
-TEST(SymbolTable, UndoOfARenameAnErasureAndAnAdditionKeepsLookUpsInStep) {
+TEST(SymbolTable, UndoKeepsLookupsConsistent) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
   const OdDbObjectId a = addLayer(*database, L"a"), b = addLayer(*database, L"b");
   OdDbObjectId fresh;

@@ -20,7 +20,7 @@ OdDbDatabasePtr throughFile(const OdDbDatabase& database, drawing::WriteOptions:
   return drawing::readDrawingFromMemory(drawing::writeDrawingToMemory(database, options)).database;
 }
 
-TEST(Thumbnail, ComesBackByteByByte) {
+TEST(Thumbnail, RoundTripsByteForByte) {
   for (const auto form : {drawing::WriteOptions::kText, drawing::WriteOptions::kBinary}) {
     for (const std::size_t size : {0u, 1u, 126u, 127u, 128u, 254u, 255u, 5000u}) {
       const std::string bytes = bytesOf(size);
@@ -44,7 +44,7 @@ TEST(Thumbnail, ComesBackByteByByte) {
   EXPECT_EQ(database->thumbnailBitmap(), "");
 }
 
-TEST(Thumbnail, IsReadAsFilesHoldIt) {
+TEST(Thumbnail, IsReadAsFilesStoreIt) {
   const std::pair<const char*, std::string> rows[] = {
       {"90|3\n310|0102FF\n", "\x01\x02\xff"}, {"90|3\n310|01\n310|02ff\n", "\x01\x02\xff"}, {"90|0\n", ""}, {"", ""},
       {"90|3\n310|01\n310|nonsense\n", ""}, // half a picture is none

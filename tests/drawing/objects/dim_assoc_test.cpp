@@ -29,7 +29,7 @@ struct Fixture : testing::Test {
 };
 using DimAssoc = Fixture;
 
-TEST_F(DimAssoc, LivesInItsDimensionAndWatchesTheGeometry) {
+TEST_F(DimAssoc, BelongsToItsDimensionAndReactsToTheGeometry) {
   const OdDbDimAssocPtr made = make({lineA, lineB, lineA});
   OdDbObjectId id;
   expectUndoRestores(*database, [&] { ASSERT_EQ(made->post(dimension, id), eOk); });

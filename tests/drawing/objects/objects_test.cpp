@@ -149,7 +149,7 @@ OdDbDatabasePtr drawingWith(const std::string& kind, const std::string& lines) {
 
 class ObjectKinds : public testing::TestWithParam<ObjectKind> {};
 
-TEST_P(ObjectKinds, AnswerWhatTheFileSaysAndComeBack) {
+TEST_P(ObjectKinds, HaveThePropertiesOfTheFileAndRoundTrip) {
   const OdDbDatabasePtr database = drawingWith(GetParam().name, GetParam().lines);
   const OdDbObjectId id = database->objectIdOf(kObject);
   EXPECT_EQ(factsOf(*forRead<OdDbObject>(id)), GetParam().facts);
@@ -174,7 +174,7 @@ TEST_P(ObjectKinds, AnswerTheSameInAnotherDrawing) {
 INSTANTIATE_TEST_SUITE_P(All, ObjectKinds, testing::ValuesIn(kObjectKinds),
                          [](const auto& kind) { return std::string(kind.param.name); });
 
-TEST(Group, LosesErasedMembersUntilTheyComeBack) {
+TEST(Group, LosesErasedMembersUntilUnerased) {
   const OdDbDatabasePtr database = drawingWith("GROUP", "100|AcDbGroup\n300|\n70|0\n71|1\n340|A1\n340|A2\n");
   const OdDbObjectId first = database->objectIdOf(OdDbHandle(0xA1)), id = database->objectIdOf(kObject);
   expectUndoRestores(*database, [&] { forWrite<OdDbEntity>(first)->erase(); });
@@ -195,7 +195,7 @@ TEST(Group, LosesErasedMembersUntilTheyComeBack) {
 }
 
 // What a record names as its own comes along and lives with it; what belongs to others stays theirs.
-TEST(Xrecord, OwnsWhatItHoldsHard) {
+TEST(Xrecord, OwnsItsHardReferences) {
   const OdDbDatabasePtr database =
       drawingWith("XRECORD", "100|AcDbXrecord\n280|1\n360|E5\n360|E6\n0|WIPEOUTVARIABLES\n5|E5\n330|D1\n"
                              "100|AcDbWipeoutVariables\n70|1\n0|WIPEOUTVARIABLES\n5|E6\n330|D\n"

@@ -88,7 +88,7 @@ protected:
   OdDbObjectId site_;
 };
 
-TEST_F(BindXref, NamesWhatComesAlongAfterTheReference) {
+TEST_F(BindXref, NamesClonedRecordsAfterTheReference) {
   addTextOn(*host_, L"WALLS");
   addLayer(*host_, L"site$0$glass"); // taken
   addBlock(*host_, L"DOOR");
@@ -108,7 +108,7 @@ TEST_F(BindXref, NamesWhatComesAlongAfterTheReference) {
   EXPECT_EQ(layers, (Names{"0", "Defpoints", "SITE$0$WALLS"}));
 }
 
-TEST_F(BindXref, KeepsTheStateOfWhatTheDrawingHeld) {
+TEST_F(BindXref, KeepsTheStateOfDependentRecords) {
   const OdDbObjectId walls = addLayer(*host_, L"SITE|WALLS"), old = addLayer(*host_, L"Site|Old");
   forWrite<OdDbLayerTableRecord>(walls)->setIsFrozen(true);
   forWrite<OdDbLayerTableRecord>(walls)->setFlag(OdDbSymbolTableRecord::kDependent, true);
@@ -125,7 +125,7 @@ TEST_F(BindXref, KeepsTheStateOfWhatTheDrawingHeld) {
             host_->symbol(OdDb::kBlockTable, L"SITE$0$DOOR"));
 }
 
-TEST_F(BindXref, TakesNestedOnesAlongAndLeavesOverlaysOut) {
+TEST_F(BindXref, IncludesNestedOnesAndOmitsOverlays) {
   OdDbDatabase& nest = make("NEST");
   addTextOn(nest, L"ROOF");
   make("OVER");

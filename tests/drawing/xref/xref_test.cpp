@@ -86,7 +86,7 @@ std::string codes(const drawing::Report& report) {
   return text;
 }
 
-TEST(Xref, LoadsEveryShapeOfReferencesAndSaysWhatItCouldNot) {
+TEST(Xref, LoadsEveryKindOfReferenceAndReportsFailures) {
   Shelf shelf;
   shelf.put("leaf", {});
   shelf.put("one", {"leaf"});
@@ -166,7 +166,7 @@ TEST(Xref, LoadingChangesNeitherFileNorDumpNorUndo) {
   EXPECT_EQ(shelf.opened.count("away"), 0u);
 }
 
-TEST(Xref, ACycleLeadsBackToItsDrawingWhileThatLives) {
+TEST(Xref, ACycleResolvesToItsDrawingWhileThatExists) {
   Shelf shelf;
   shelf.put("pong", {"host"});
   shelf.put("host", {"pong"});
