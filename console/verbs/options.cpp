@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <stdexcept>
 #include <type_traits>
 
 namespace console::verbs {
@@ -135,6 +136,8 @@ ParsedLine parseOptions(OptionTable& program, const std::vector<std::string>& ar
     return {ParsedLine::Kind::Help, line.helpText(success)};
   } catch (const CLI::Error& error) {
     return {ParsedLine::Kind::Wrong, error.what()};
+  } catch (const std::out_of_range&) { // which the parser lets through for the number of a negated flag
+    return {ParsedLine::Kind::Wrong, "A flag was given a number that is too large"};
   }
   return {};
 }

@@ -61,6 +61,7 @@ constexpr struct {
     {"report $D other.dxf", 2, "other.dxf"},
     {"other.dxf report $D", 2, "other.dxf"},
     {"report $D --max-depth 0", 2, "--max-depth"},
+    {"make $D -o $OUT --name n --base 0,0 --no-explode=99999999999999999999", 2, "too large"},
     {"report $D --dialog --json", 2, "--dialog"},
     {"convert $D -o $OUT --as 2000", 0, "version 2000"},
     {"convert $D -o $OUT --as 1997", 2, "--as takes"},
