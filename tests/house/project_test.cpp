@@ -1,5 +1,6 @@
 // The project itself keeps its rules. A failure names file and line.
 #include "tests/house/docs_rules.h"
+#include "tests/house/folder_rules.h"
 #include "tests/house/room_rules.h"
 #include "tests/house/text_rules.h"
 #include "tests/house/unit_rules.h"
@@ -28,6 +29,14 @@ TEST(Project, KeepsTheDirectionOfModules) {
 TEST(Project, KeepsTheDirectionOfUnits) {
   EXPECT_EQ(architecture::describe(architecture::checkTable(architecture::unitTable())), "");
   EXPECT_EQ(architecture::describe(architecture::checkUnits(project(), architecture::unitTable())), "");
+}
+
+TEST(Project, KeepsTheOrderOfFolders) {
+  for (const auto& [module, table] :
+       {std::pair("drawing", house::drawingFolders()), {"console", house::consoleFolders()}}) {
+    EXPECT_EQ(house::describe(house::checkFolderTable(table)), "");
+    EXPECT_EQ(house::describe(house::checkFolderIncludes(project(), table, module)), "");
+  }
 }
 
 TEST(Project, HasNoOverlongSource) {

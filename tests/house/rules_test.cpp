@@ -1,10 +1,13 @@
 // The rules see what breaks them: small trees, each with one breach, and their lawful neighbours.
 #include "tests/house/docs_rules.h"
+#include "tests/house/folder_rules.h"
 #include "tests/house/room_rules.h"
 #include "tests/house/text_rules.h"
 #include "tests/house/unit_rules.h"
 
 #include <gtest/gtest.h>
+
+#include <sstream>
 
 namespace {
 
@@ -129,6 +132,44 @@ TEST(UnitRules, RefuseATableThatRunsInACircle) {
   EXPECT_EQ(architecture::checkTable({{"a", {"b"}}, {"b", {"c"}}, {"c", {"a"}}, {"d", {}}}).size(), 3U);
   EXPECT_EQ(architecture::checkTable({{"a", {"a"}}}).size(), 1U);
   EXPECT_EQ(architecture::checkTable({{"a", {"gone"}}}).size(), 1U);
+}
+
+const std::vector<house::FolderRule> kThreeFolders{
+    {"drawing/low", {}}, {"drawing/side", {}}, {"drawing/high", {"drawing/low"}}};
+
+TEST(FolderRules, RefuseIncludesThatTheTableLacks) {
+  const SourceTree tree{{"drawing/include/A.h", ""},
+                        {"drawing/low/a.h", "#include \"A.h\"\n"},
+                        {"drawing/side/a.h", ""},
+                        {"drawing/high/a.h", "#include \"drawing/low/a.h\"\n"}};
+  const std::vector<Case> cases{
+      {"drawing/high/b.cpp", "#include \"A.h\"\n#include \"drawing/high/a.h\"\n#include \"drawing/low/a.h\"\n", ""},
+      {"drawing/low/b.cpp", "#include \"drawing/high/a.h\"\n", "drawing/low may not use drawing/high"},
+      {"drawing/high/b.cpp", "#include \"drawing/side/a.h\"\n", "drawing/high may not use drawing/side"},
+      {"drawing/other/b.cpp", "", "not in the table"},
+      {"morvane/low/b.cpp", "#include \"drawing/high/a.h\"\n", ""},
+  };
+  for (const Case& given : cases)
+    expectFinding(given, house::checkFolderIncludes(with(tree, given), kThreeFolders, "drawing"));
+}
+
+TEST(FolderRules, RefuseSymbolsFromFoldersThatTheTableLacks) {
+  const std::string defined = "b/x.dir/low/a.cpp.o: f T 0 0\nb/x.dir/high/a.cpp.o: g T 0 0\n"
+                              "b/x.dir/low/a.cpp.o: inlined W 0 0\nb/x.dir/high/a.cpp.o: inlined W 0 0\n";
+  const std::vector<Case> cases{
+      {"drawing/high/b.cpp", "b/x.dir/high/b.cpp.o: f U\nb/x.dir/high/b.cpp.o: g U\n", ""},
+      {"drawing/low/b.cpp", "b/x.dir/low/b.cpp.o: g U\nb/x.dir/low/b.cpp.o: inlined U\n", "(g of drawing/high/a.cpp)"},
+      {"drawing/low/b.cpp", "b/other.dir/low/b.cpp.o: g U\nb/x.dir/low/b.cpp.o: printf U\n", ""},
+  };
+  for (const Case& given : cases) {
+    std::istringstream symbols(defined + given.text);
+    expectFinding(given, house::checkFolderSymbols(symbols, kThreeFolders, "drawing", "x"));
+  }
+}
+
+TEST(FolderRules, RefuseATableThatIsNotInOrder) {
+  EXPECT_EQ(house::describe(house::checkFolderTable(kThreeFolders)), "");
+  EXPECT_EQ(house::checkFolderTable({{"a", {"b"}}, {"b", {}}}).size(), 1U);
 }
 
 TEST(TextRules, FindBannedWordsOnlyAsWholeWords) {
