@@ -1,4 +1,4 @@
-#include "tests/house/source_tree.h"
+#include "tests/architecture/source_tree.h"
 
 #include <algorithm>
 #include <array>

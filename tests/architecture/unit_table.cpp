@@ -1,4 +1,4 @@
-#include "tests/house/unit_rules.h"
+#include "tests/architecture/unit_rules.h"
 
 namespace architecture {
 

@@ -1,4 +1,4 @@
-#include "tests/house/text_rules.h"
+#include "tests/architecture/text_rules.h"
 
 #include <algorithm>
 #include <cctype>

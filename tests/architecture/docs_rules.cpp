@@ -1,4 +1,4 @@
-#include "tests/house/docs_rules.h"
+#include "tests/architecture/docs_rules.h"
 
 #include "tests/docs/page.h"
 

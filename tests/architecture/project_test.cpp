@@ -1,16 +1,16 @@
 // The project itself keeps its rules. A failure names file and line.
-#include "tests/house/docs_rules.h"
-#include "tests/house/folder_rules.h"
-#include "tests/house/room_rules.h"
-#include "tests/house/text_rules.h"
-#include "tests/house/unit_rules.h"
+#include "tests/architecture/docs_rules.h"
+#include "tests/architecture/folder_rules.h"
+#include "tests/architecture/module_rules.h"
+#include "tests/architecture/text_rules.h"
+#include "tests/architecture/unit_rules.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
 const architecture::SourceTree& project() {
-  static const architecture::SourceTree kTree = architecture::readTree(HOUSE_ROOT);
+  static const architecture::SourceTree kTree = architecture::readTree(PROJECT_ROOT);
   return kTree;
 }
 
@@ -18,7 +18,7 @@ const architecture::SourceTree& project() {
 
 TEST(Project, IsReadWhole) {
   for (const char* path :
-       {"README.md", "run", ".ci/run", "drawing/include/OdPlatform.h", "tests/house/project_test.cpp"})
+       {"README.md", "run", ".ci/run", "drawing/include/OdPlatform.h", "tests/architecture/project_test.cpp"})
     EXPECT_EQ(project().count(path), 1U) << path;
 }
 
@@ -33,9 +33,9 @@ TEST(Project, KeepsTheDirectionOfUnits) {
 
 TEST(Project, KeepsTheOrderOfFolders) {
   for (const auto& [module, table] :
-       {std::pair("drawing", house::drawingFolders()), {"console", house::consoleFolders()}}) {
-    EXPECT_EQ(house::describe(house::checkFolderTable(table)), "");
-    EXPECT_EQ(house::describe(house::checkFolderIncludes(project(), table, module)), "");
+       {std::pair("drawing", architecture::drawingFolders()), {"console", architecture::consoleFolders()}}) {
+    EXPECT_EQ(architecture::describe(architecture::checkFolderTable(table)), "");
+    EXPECT_EQ(architecture::describe(architecture::checkFolderIncludes(project(), table, module)), "");
   }
 }
 

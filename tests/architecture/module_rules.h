@@ -1,7 +1,7 @@
 // Which room may include what of which other room.
 #pragma once
 
-#include "tests/house/source_tree.h"
+#include "tests/architecture/source_tree.h"
 
 namespace architecture {
 

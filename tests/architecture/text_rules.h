@@ -1,7 +1,7 @@
 // Rules over the plain text of the files: sizes and words that have no place in them.
 #pragma once
 
-#include "tests/house/source_tree.h"
+#include "tests/architecture/source_tree.h"
 
 namespace architecture {
 

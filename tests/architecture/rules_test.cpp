@@ -1,9 +1,9 @@
 // The rules see what breaks them: small trees, each with one breach, and their lawful neighbours.
-#include "tests/house/docs_rules.h"
-#include "tests/house/folder_rules.h"
-#include "tests/house/room_rules.h"
-#include "tests/house/text_rules.h"
-#include "tests/house/unit_rules.h"
+#include "tests/architecture/docs_rules.h"
+#include "tests/architecture/folder_rules.h"
+#include "tests/architecture/module_rules.h"
+#include "tests/architecture/text_rules.h"
+#include "tests/architecture/unit_rules.h"
 
 #include <gtest/gtest.h>
 
@@ -134,7 +134,7 @@ TEST(UnitRules, RefuseATableThatRunsInACircle) {
   EXPECT_EQ(architecture::checkTable({{"a", {"gone"}}}).size(), 1U);
 }
 
-const std::vector<house::FolderRule> kThreeFolders{
+const std::vector<architecture::FolderRule> kThreeFolders{
     {"drawing/low", {}}, {"drawing/side", {}}, {"drawing/high", {"drawing/low"}}};
 
 TEST(FolderRules, RefuseIncludesThatTheTableLacks) {
@@ -150,7 +150,7 @@ TEST(FolderRules, RefuseIncludesThatTheTableLacks) {
       {"morvane/low/b.cpp", "#include \"drawing/high/a.h\"\n", ""},
   };
   for (const Case& given : cases)
-    expectFinding(given, house::checkFolderIncludes(with(tree, given), kThreeFolders, "drawing"));
+    expectFinding(given, architecture::checkFolderIncludes(with(tree, given), kThreeFolders, "drawing"));
 }
 
 TEST(FolderRules, RefuseSymbolsFromFoldersThatTheTableLacks) {
@@ -163,13 +163,13 @@ TEST(FolderRules, RefuseSymbolsFromFoldersThatTheTableLacks) {
   };
   for (const Case& given : cases) {
     std::istringstream symbols(defined + given.text);
-    expectFinding(given, house::checkFolderSymbols(symbols, kThreeFolders, "drawing", "x"));
+    expectFinding(given, architecture::checkFolderSymbols(symbols, kThreeFolders, "drawing", "x"));
   }
 }
 
 TEST(FolderRules, RefuseATableThatIsNotInOrder) {
-  EXPECT_EQ(house::describe(house::checkFolderTable(kThreeFolders)), "");
-  EXPECT_EQ(house::checkFolderTable({{"a", {"b"}}, {"b", {}}}).size(), 1U);
+  EXPECT_EQ(architecture::describe(architecture::checkFolderTable(kThreeFolders)), "");
+  EXPECT_EQ(architecture::checkFolderTable({{"a", {"b"}}, {"b", {}}}).size(), 1U);
 }
 
 TEST(TextRules, FindBannedWordsOnlyAsWholeWords) {

@@ -1,13 +1,13 @@
 // Direction between the folders of a module: over #include lines, and over the symbols that object files share.
 #pragma once
 
-#include "tests/house/source_tree.h"
+#include "tests/architecture/source_tree.h"
 
 #include <istream>
 #include <string>
 #include <vector>
 
-namespace house {
+namespace architecture {
 
 struct FolderRule {
   std::string folder;            // path from the project's root
@@ -32,4 +32,4 @@ std::vector<Finding> checkFolderIncludes(const SourceTree& tree, const std::vect
 std::vector<Finding> checkFolderSymbols(std::istream& symbols, const std::vector<FolderRule>& table,
                                         const std::string& module, const std::string& target);
 
-} // namespace house
+} // namespace architecture

@@ -5,7 +5,7 @@
 // header that includes no public one belongs with the first private header that it includes, or to nobody.
 #pragma once
 
-#include "tests/house/source_tree.h"
+#include "tests/architecture/source_tree.h"
 
 namespace architecture {
 

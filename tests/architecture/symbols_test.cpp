@@ -1,5 +1,5 @@
 // The order of folders holds for calls as well: over the symbols of objects that are compiled one source each.
-#include "tests/house/folder_rules.h"
+#include "tests/architecture/folder_rules.h"
 
 #include <gtest/gtest.h>
 
@@ -20,15 +20,16 @@ std::string outputOf(const std::string& command) {
   return output;
 }
 
-void expectOrder(const std::vector<house::FolderRule>& table, const std::string& module, const std::string& target) {
+void expectOrder(const std::vector<architecture::FolderRule>& table, const std::string& module,
+                 const std::string& target) {
   std::istringstream symbols(outputOf("xargs nm -A -P < " OBJECT_LISTS "/" + target + ".txt"));
   ASSERT_GT(symbols.str().size(), 100'000U) << "no objects of " << target;
-  EXPECT_EQ(house::describe(house::checkFolderSymbols(symbols, table, module, target)), "");
+  EXPECT_EQ(architecture::describe(architecture::checkFolderSymbols(symbols, table, module, target)), "");
 }
 
 } // namespace
 
 TEST(Project, KeepsTheOrderOfFoldersInSymbols) {
-  expectOrder(house::drawingFolders(), "drawing", "mvdrawing");
-  expectOrder(house::consoleFolders(), "console", "console_module");
+  expectOrder(architecture::drawingFolders(), "drawing", "mvdrawing");
+  expectOrder(architecture::consoleFolders(), "console", "console_module");
 }

@@ -1,4 +1,4 @@
-#include "tests/house/folder_rules.h"
+#include "tests/architecture/folder_rules.h"
 
 #include <algorithm>
 #include <map>
@@ -6,7 +6,7 @@
 #include <sstream>
 #include <utility>
 
-namespace house {
+namespace architecture {
 namespace {
 
 const FolderRule* folderRule(const std::vector<FolderRule>& table, const std::string& folder) {
@@ -121,4 +121,4 @@ std::vector<Finding> checkFolderSymbols(std::istream& in, const std::vector<Fold
   return all;
 }
 
-} // namespace house
+} // namespace architecture

@@ -1,6 +1,6 @@
-#include "tests/house/folder_rules.h"
+#include "tests/architecture/folder_rules.h"
 
-namespace house {
+namespace architecture {
 namespace {
 
 // Paths from the project's root.
@@ -80,4 +80,4 @@ const std::vector<FolderRule>& consoleFolders() {
   return kTable;
 }
 
-} // namespace house
+} // namespace architecture

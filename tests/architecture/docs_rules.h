@@ -1,7 +1,7 @@
 // The pages for programmers and the exported names are held together.
 #pragma once
 
-#include "tests/house/source_tree.h"
+#include "tests/architecture/source_tree.h"
 
 namespace architecture {
 

@@ -1,4 +1,4 @@
-#include "tests/house/room_rules.h"
+#include "tests/architecture/module_rules.h"
 
 #include <map>
 #include <set>
