@@ -44,10 +44,9 @@ OdGePoint3d OdDbLeader::vertexAt(int index) const {
   return vertices_[static_cast<std::size_t>(index)];
 }
 
-bool OdDbLeader::appendVertex(const OdGePoint3d& point) {
+void OdDbLeader::appendVertex(const OdGePoint3d& point) {
   assertWriteEnabled();
   vertices_.push_back(point);
-  return true;
 }
 
 OdResult OdDbLeader::applyTransform(const OdGeMatrix3d& matrix) {

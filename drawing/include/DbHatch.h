@@ -14,8 +14,8 @@ public:
   // objects. The elevation is in drawing units along the normal, the normal in world coordinates ((0, 0, 1) when it is
   // not stated).
   OdString patternName() const;
-  bool isSolidFill() const { return integerOf(70) != 0; }
-  bool associative() const { return integerOf(71) != 0; }
+  virtual bool isSolidFill() const { return integerOf(70) != 0; }
+  virtual bool associative() const { return integerOf(71) != 0; }
   int numLoops() const { return static_cast<int>(integerOf(91)); }
   double elevation() const;
   OdGeVector3d normal() const;
@@ -26,6 +26,7 @@ public:
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
   // -- SDK internals. --
+  virtual bool onlyPolylines() const { return false; } // whether every loop is a polyline, whatever its flag says
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
 
@@ -39,7 +40,6 @@ protected:
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
   std::int64_t integerOf(int code) const;              // value of the first group of that code, else 0
   void setNormal(const OdGeVector3d& normal);          // replaces the groups 210, 220 and 230 or inserts them
-  virtual bool onlyPolylines() const { return false; } // whether every loop is a polyline
 
   drawing::GroupList groups_; // all groups of the subclass
 };
@@ -51,12 +51,14 @@ public:
   MVDRAWING_DECLARE_OBJECT(OdDbMPolygon);
   OdDbMPolygon() = default;
   // Files use other groups for these than in a hatch.
-  bool isSolidFill() const { return integerOf(71) != 0; }
-  bool associative() const { return false; }
+  bool isSolidFill() const override { return integerOf(71) != 0; }
+  bool associative() const override { return false; }
+
+  // -- SDK internals. --
+  bool onlyPolylines() const override { return true; }
 
 protected:
   // Accepts matrices that keep shapes in its plane: its loops cannot become edges.
   OdResult applyTransform(const OdGeMatrix3d& matrix) override;
-  bool onlyPolylines() const override { return true; }
 };
 using OdDbMPolygonPtr = OdSmartPtr<OdDbMPolygon>;

@@ -211,11 +211,7 @@ Substitute solidHatch(const Source& source, const OdDbHatch& hatch, const std::v
   return about("its area is written as " + std::to_string(area->size()) + " solids");
 }
 
-Substitute hatch(const Source& source) {
-  const auto& hatch = static_cast<const OdDbHatch&>(source.entity);
-  const std::vector<Polygon> loops = hatchLoops(hatch);
-  if (hatch.isSolidFill())
-    return solidHatch(source, hatch, loops);
+Substitute patternHatch(const Source& source, const OdDbHatch& hatch, const std::vector<Polygon>& loops) {
   const auto lines = hatchLines(hatch, loops, kMaxHatchWork);
   if (!lines || lines->size() > kMaxHatchLines || lines->empty())
     return nothing();
@@ -224,6 +220,36 @@ Substitute hatch(const Source& source) {
     source.draw.line(plane * OdGePoint3d(line.from.x, line.from.y, hatch.elevation()),
                      plane * OdGePoint3d(line.to.x, line.to.y, hatch.elevation()));
   return about("its pattern is written as " + std::to_string(lines->size()) + " lines");
+}
+
+Substitute hatch(const Source& source) {
+  const auto& hatch = static_cast<const OdDbHatch&>(source.entity);
+  const std::vector<Polygon> loops = hatchLoops(hatch);
+  return hatch.isSolidFill() ? solidHatch(source, hatch, loops) : patternHatch(source, hatch, loops);
+}
+
+// Unlike a hatch, its boundary is drawn, whatever its fill is.
+Substitute multiPolygon(const Source& source) {
+  const auto& polygon = static_cast<const OdDbMPolygon&>(source.entity);
+  const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(polygon.normal());
+  std::size_t written = 0;
+  for (const Polygon& loop : hatchLoops(polygon)) {
+    Points points;
+    for (const OdGePoint2d& point : loop)
+      points.push_back(plane * OdGePoint3d(point.x, point.y, polygon.elevation()));
+    if (points.size() < 2)
+      continue;
+    source.draw.polyline(points, true);
+    ++written;
+  }
+  if (written == 0)
+    return nothing();
+  const std::string boundary = "its boundary is written as " + std::to_string(written) + " polylines";
+  constexpr int kPatternLines = 78;
+  if (!polygon.isSolidFill() && rawInteger(polygon.groups(), kPatternLines) == 0)
+    return about(boundary);
+  const Substitute fill = hatch(source);
+  return about(boundary + (fill.isWritten ? "; " + fill.done : "; its fill is omitted"));
 }
 
 // Tables, and dimensions that came later, are drawn by a block of their own: a reference to it looks the same.
@@ -256,6 +282,7 @@ const Way kWays[] = {
     {&OdDbMline::desc, multiLine},
     {&OdDbRasterImage::desc, image},
     {&OdDbSubDMesh::desc, mesh},
+    {&OdDbMPolygon::desc, multiPolygon},
     {&OdDbHatch::desc, hatch},
 };
 

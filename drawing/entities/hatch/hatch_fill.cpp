@@ -110,9 +110,10 @@ struct PatternLine {
   std::vector<double> dashes; // above 0 drawn, below 0 not
 };
 
-std::vector<PatternLine> patternOf(const GroupList& groups) {
+std::vector<PatternLine> patternOf(const OdDbHatch& hatch) {
+  const GroupList& groups = hatch.groups();
   std::vector<PatternLine> lines;
-  for (const HatchPart& part : hatchParts(groups)) {
+  for (const HatchPart& part : hatchParts(groups, hatch.onlyPolylines())) {
     for (std::size_t i = part.first; part.kind == HatchPartKind::kPattern && i < part.end; ++i) {
       const double value = groups[i].kind == GroupKind::kReal ? groups[i].real : 0;
       if (groups[i].code == 53)
@@ -254,7 +255,7 @@ std::vector<Edge> edgesOf(const std::vector<Polygon>& loops) {
 std::vector<Polygon> hatchLoops(const OdDbHatch& hatch) {
   const GroupList& groups = hatch.groups();
   std::vector<Polygon> loops;
-  for (const HatchPart& part : hatchParts(groups)) {
+  for (const HatchPart& part : hatchParts(groups, hatch.onlyPolylines())) {
     if (part.kind == HatchPartKind::kLoopHeader || part.kind == HatchPartKind::kPolyline)
       loops.emplace_back();
     if (part.kind == HatchPartKind::kPolyline)
@@ -270,7 +271,7 @@ std::optional<std::vector<HatchLine>> hatchLines(const OdDbHatch& hatch, const s
   std::vector<HatchLine> lines;
   std::size_t left = limit;
   bool isWhole = true;
-  for (const PatternLine& line : patternOf(hatch.groups()))
+  for (const PatternLine& line : patternOf(hatch))
     isWhole = isWhole && Cutter(line, loops, left, lines).run();
   if (spent != nullptr)
     *spent = limit - left;

@@ -27,7 +27,7 @@ bool beginsPart(HatchPartKind in, const Group& group, bool onlyPolylines, HatchP
         onlyPolylines || (group.integer & kPolylineLoop) != 0 ? HatchPartKind::kPolyline : HatchPartKind::kLoopHeader;
   else if (group.code == 72 && inLoops && !inPolyline)
     next = edgeKind(group.integer);
-  else if (group.code == 75 && in <= HatchPartKind::kSpline)
+  else if ((group.code == 75 || group.code == 76) && in <= HatchPartKind::kSpline) // polygons have no style
     next = HatchPartKind::kPattern;
   else if (group.code == 98)
     next = HatchPartKind::kSeeds;

@@ -52,11 +52,6 @@ Color gradientColor(const OdDbHatch& hatch, Canvas& canvas) {
   return canvas.resolver().colorOf(color, canvas.traits(), canvas.traits().color);
 }
 
-bool isSolid(const OdDbHatch& hatch) {
-  const auto* polygon = OdDbMPolygon::cast(&hatch).get();
-  return polygon != nullptr ? polygon->isSolidFill() : hatch.isSolidFill();
-}
-
 void drawPattern(const OdDbHatch& hatch, const std::vector<Polygon>& loops, const HatchPlane& plane, Canvas& canvas) {
   std::size_t cuts = 0;
   const auto lines = hatchLines(hatch, loops, kMaxCuts, &cuts);
@@ -83,7 +78,7 @@ void drawHatch(const OdDbHatch& hatch, Canvas& canvas) {
   if (canvas.database().headerInt("FILLMODE", 1) != 0) {
     if (isGradient(hatch))
       canvas.fill(plane.rings(loops), gradientColor(hatch, canvas));
-    else if (isSolid(hatch))
+    else if (hatch.isSolidFill())
       canvas.fill(plane.rings(loops));
     else
       drawPattern(hatch, loops, plane, canvas);

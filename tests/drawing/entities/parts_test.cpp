@@ -228,4 +228,23 @@ TEST(Viewport, TakesMatricesThatKeepItsSidesAlongTheAxes) {
   }
 }
 
+TEST(EntitySetters, RefuseValuesOutOfRangeAndKeepTheOldOnes) {
+  const OdDbCirclePtr circle = OdDbCircle::createObject();
+  const OdDbTextPtr text = OdDbText::createObject();
+  const OdDbMInsertBlockPtr array = OdDbMInsertBlock::createObject();
+  EXPECT_EQ(circle->setRadius(2), eOk);
+  EXPECT_EQ(text->setHeight(3), eOk);
+  EXPECT_EQ(array->setRows(4), eOk);
+  for (const double value : {-1.0, HUGE_VAL, std::nan("")}) {
+    EXPECT_EQ(circle->setRadius(value), eInvalidInput) << value;
+    EXPECT_EQ(text->setHeight(value), eInvalidInput) << value;
+  }
+  EXPECT_EQ(array->setRows(0), eInvalidInput);
+  EXPECT_EQ(array->setColumns(-1), eInvalidInput);
+  EXPECT_EQ(circle->radius(), 2);
+  EXPECT_EQ(text->height(), 3);
+  EXPECT_EQ(array->rows(), 4);
+  EXPECT_EQ(array->columns(), 1);
+}
+
 } // namespace

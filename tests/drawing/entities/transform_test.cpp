@@ -10,6 +10,8 @@
 #include "DbSpline.h"
 #include "DbUnderlayReference.h"
 #include "Ge/GeUtil.h"
+#include "drawing/file.h"
+#include "drawing/picture.h"
 #include "tests/drawing/entities/composed_kinds.h"
 #include "tests/drawing/entities/group_text.h"
 #include "tests/support/drawings.h"
@@ -342,6 +344,35 @@ TEST_P(EntityKinds, AreStoredInADrawing) {
     EXPECT_EQ(written(*tests::forRead<OdDbEntity>(pair.value())), text);
   }
   tests::expectSound(*other);
+}
+
+// A picture shows the entity, or its report names the kind and why not. A light is not visible.
+TEST_P(EntityKinds, AreRenderedOrReported) {
+  loader.add(GetParam().dxfName, GetParam().groups);
+  if (const OdDbObjectId block = loader.database->symbol(OdDb::kBlockTable, L"Picture"); !block.isNull())
+    tests::addText(*loader.database, L"x", block);
+  const drawing::Picture picture(loader.database->getModelSpaceId());
+  for (const drawing::NotDrawn& one : picture.report().notDrawn)
+    EXPECT_TRUE(!one.kind.empty() && !one.reason.empty());
+  const bool isDrawnOrReported = !picture.report().isEmpty || !picture.report().notDrawn.empty();
+  EXPECT_EQ(isDrawnOrReported, std::string(GetParam().dxfName) != "LIGHT");
+}
+
+// R12 gets the entity or something in its place, or the report names it and why not.
+TEST_P(EntityKinds, AreInR12OrReported) {
+  const OdDbObjectId id = loader.add(GetParam().dxfName, GetParam().groups)->objectId();
+  drawing::WriteOptions options;
+  options.version = OdDb::kRelease12;
+  drawing::WriteResult written;
+  const std::string bytes = drawing::writeDrawingToMemory(*loader.database, options, &written);
+  const drawing::ReadResult read = drawing::readDrawingFromMemory(bytes);
+  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const bool isThere = !tests::forRead<OdDbBlockTableRecord>(read.database->getModelSpaceId())->newIterator()->done();
+  const auto& issues = written.report.issues();
+  const bool isReported = std::any_of(issues.begin(), issues.end(), [id](const drawing::Issue& issue) {
+    return issue.handle == static_cast<std::uint64_t>(id.getHandle()) && !issue.done.empty();
+  });
+  EXPECT_TRUE(isThere || isReported);
 }
 
 std::string nameOf(const testing::TestParamInfo<Kind>& kind) {

@@ -225,6 +225,16 @@ const struct {
      "93|4\n10|0\n20|0.5\n10|4\n20|0.5\n10|4\n20|4.5\n10|0\n20|4.5\n97|0\n75|1\n76|1\n52|0\n41|1\n77|0\n78|1\n53|0\n"
      "43|0\n44|0\n45|0\n46|1\n79|0\n98|0\n",
      "LINE 4 ", "4 lines"},
+    // Group 70 of a polygon is a version, and its loops are polylines without a flag that says so.
+    {"MPOLYGON",
+     "100|AcDbMPolygon\n70|1\n10|0\n20|0\n30|0\n210|0\n220|0\n230|1\n2|LINES\n71|0\n91|1\n92|0\n72|0\n73|1\n"
+     "93|4\n10|0\n20|0.5\n10|4\n20|0.5\n10|4\n20|4.5\n10|0\n20|4.5\n76|1\n52|0\n41|1\n77|0\n78|1\n53|0\n"
+     "43|0\n44|0\n45|0\n46|1\n79|0\n63|1\n11|0\n21|0\n99|0\n",
+     "LINE 4 POLYLINE 1 ", "1 polylines; its pattern is written as 4 lines"},
+    {"MPOLYGON",
+     "100|AcDbMPolygon\n70|1\n10|0\n20|0\n30|0\n210|0\n220|0\n230|1\n2|SOLID\n71|1\n91|1\n92|0\n72|0\n73|1\n"
+     "93|4\n10|0\n20|0\n10|4\n20|0\n10|4\n20|4\n10|0\n20|4\n76|1\n63|1\n11|0\n21|0\n99|0\n",
+     "POLYLINE 1 SOLID 1 ", "1 polylines; its area is written as 1 solids"},
     {"3DSOLID", "100|AcDbModelerGeometry\n70|1\n1|x\n", "", "it is left out"},
     {"GADGET", "100|MyGadget\n90|7\n", "", "it is left out"},
 };
