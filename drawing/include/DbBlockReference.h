@@ -24,7 +24,8 @@ private:
 };
 using OdDbObjectAttributeIteratorPtr = OdSmartPtr<OdDbAttributeIterator>;
 
-// A reference to a block definition. Accepts every matrix that leaves its axes perpendicular.
+// A reference to a block definition. Accepts every matrix that leaves its axes perpendicular and that its attributes
+// accept.
 class MVDRAWING_API OdDbBlockReference : public OdDbEntity, public OdDbSequenceOwner {
 public:
   MVDRAWING_DECLARE_OBJECT(OdDbBlockReference);
@@ -95,14 +96,15 @@ class MVDRAWING_API OdDbMInsertBlock : public OdDbBlockReference {
 public:
   MVDRAWING_DECLARE_OBJECT(OdDbMInsertBlock);
   OdDbMInsertBlock() = default;
-  // Numbers of columns and rows (values below 1 count as 1), and their distances in drawing units along the rotated x
-  // and y axes of the reference, without its scale.
+  // Numbers of columns and rows, and their distances in drawing units along the rotated x and y axes of the reference,
+  // without its scale. Files may state numbers below 1, which count as 1; setting one returns eInvalidInput and changes
+  // nothing.
   std::int16_t columns() const { return columns_; }
   std::int16_t rows() const { return rows_; }
   double columnSpacing() const { return columnSpacing_; }
   double rowSpacing() const { return rowSpacing_; }
-  void setColumns(std::int16_t count);
-  void setRows(std::int16_t count);
+  OdResult setColumns(std::int16_t count);
+  OdResult setRows(std::int16_t count);
   void setColumnSpacing(double spacing);
   void setRowSpacing(double spacing);
 

@@ -79,13 +79,14 @@ class MVDRAWING_API OdDbRoundCurve : public OdDbCurve {
 public:
   MVDRAWING_DECLARE_CLASS(OdDbRoundCurve);
   // Centre, normal of the plane (unit length), radius, and extrusion along the normal. Setting the normal keeps the OCS
-  // coordinates of the centre, so it moves the centre in the world; set the centre afterwards.
+  // coordinates of the centre, so it moves the centre in the world; set the centre afterwards. setRadius returns
+  // eInvalidInput, and changes nothing, for a negative or non-finite value.
   OdGePoint3d center() const;
   void setCenter(const OdGePoint3d& point);
   OdGeVector3d normal() const { return normal_; }
   void setNormal(const OdGeVector3d& value);
   double radius() const { return radius_; }
-  void setRadius(double value);
+  OdResult setRadius(double value);
   double thickness() const { return thickness_; }
   void setThickness(double value);
   // Point of the circle at an angle against the OCS x axis, counter-clockwise as seen against the normal.

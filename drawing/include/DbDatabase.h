@@ -97,7 +97,7 @@ public:
   std::int64_t headerInt(std::string_view name, std::int64_t absent = 0) const;
   OdString headerText(std::string_view name) const;
   OdGePoint3d headerPoint(std::string_view name) const;
-  const drawing::GroupList* headerVar(std::string_view name) const; // its groups; null if there is no such variable
+  const drawing::GroupList* headerVar(std::string_view name) const; // its groups; null if the variable does not exist
   void setHeaderReal(std::string_view name, int code, double value);
   void setHeaderInt(std::string_view name, int code, std::int64_t value);
   void setHeaderText(std::string_view name, int code, const OdString& value);
@@ -190,7 +190,9 @@ public:
   std::vector<drawing::OpaqueSection>& opaqueSections() { return opaqueSections_; }
   const std::vector<drawing::OpaqueSection>& opaqueSections() const { return opaqueSections_; }
 
-  // -- SDK internals: object store, undo log, external references, set-up of tables by readers, header object. --
+  // -- SDK internals. --
+
+  // Object store, undo log, external references, tables as set by readers, header object.
   drawing::Store& store() { return *store_; }
   const drawing::Store& store() const { return *store_; }
   drawing::Undo& undoLog() { return *undo_; }

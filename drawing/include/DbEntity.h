@@ -25,33 +25,33 @@ public:
   static const drawing::Description& ownDescription(); // the groups that all entities have
   const drawing::Description& description() const override;
 
-  // Layer, by id and by name; the name is "0" for an entity without a layer. Setting by id does not check the id and
-  // returns eOk. Setting by name returns eNoDatabase for a free entity and eKeyNotFound if the drawing has no such
-  // layer; case does not matter.
+  // Layer, by id and by name; the name is "0" for an entity without a layer. Setting by id does not check the id.
+  // Setting by name returns eNoDatabase for a free entity and eKeyNotFound if the drawing has no such layer; case does
+  // not matter.
   OdDbObjectId layerId() const { return layer_; }
   OdString layer() const;
-  OdResult setLayer(OdDbObjectId layer);
+  void setLayer(OdDbObjectId layer);
   OdResult setLayer(const OdString& name);
-  // Linetype; null: by layer. The id is not checked; returns eOk.
+  // Linetype; null: by layer. Setting does not check the id.
   OdDbObjectId linetypeId() const { return linetype_; }
-  OdResult setLinetype(OdDbObjectId linetype);
-  // Colour. Setting an index removes a true colour. Values are not checked; returns eOk.
+  void setLinetype(OdDbObjectId linetype);
+  // Colour. Setting an index removes a true colour. Setting does not check the values.
   OdCmColor color() const { return {color_, trueColor_}; }
-  OdResult setColor(const OdCmColor& color);
+  void setColor(const OdCmColor& color);
   std::int16_t colorIndex() const { return color_; }
-  OdResult setColorIndex(std::int16_t index);
-  // Lineweight in hundredths of a millimetre (0 to 211), or -1 by layer, -2 by block, -3 default. The value is not
-  // checked; returns eOk.
+  void setColorIndex(std::int16_t index);
+  // Lineweight in hundredths of a millimetre (0 to 211), or -1 by layer, -2 by block, -3 default. Setting does not
+  // check the value.
   std::int16_t lineWeight() const { return lineWeight_; }
-  OdResult setLineWeight(std::int16_t weight);
+  void setLineWeight(std::int16_t weight);
   // Scale of the linetype, greater than 0. Setting returns eInvalidInput for 0, negative and non-finite values.
   double linetypeScale() const { return linetypeScale_; }
   OdResult setLinetypeScale(double scale);
   // Transparency as in files (group 440): 0 by layer, 0x01000000 by block, else 0x02000000 plus the opacity (0 to 255).
   std::int32_t transparency() const { return transparency_; }
-  // Whether the entity is hidden regardless of its layer. Setting returns eOk.
+  // Whether the entity is hidden regardless of its layer.
   bool isInvisible() const { return invisible_ != 0; }
-  OdResult setInvisible(bool invisible);
+  void setInvisible(bool invisible);
   // Copies layer, linetype, linetype scale, colour, transparency, lineweight and visibility. The other entity should be
   // of the same drawing: ids are copied as they are.
   void setPropertiesFrom(const OdDbEntity& other);

@@ -13,10 +13,10 @@ public:
   OdDbLeader() = default;
 
   // Points of the line. vertexAt throws OdError(eInvalidIndex) unless 0 <= index < numVertices(); appendVertex does not
-  // check the point and always returns true.
+  // check the point.
   int numVertices() const { return static_cast<int>(vertices_.size()); }
   OdGePoint3d vertexAt(int index) const;
-  bool appendVertex(const OdGePoint3d& point);
+  void appendVertex(const OdGePoint3d& point);
 
   // Annotation at the end of the leader: a text, a block reference or a tolerance; null when it has none.
   OdDbObjectId annotationObjId() const { return annotation_; }

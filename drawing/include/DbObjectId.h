@@ -41,14 +41,15 @@ public:
   constexpr OdDbObjectId(std::uint32_t serial, std::uint32_t number)
       : value_((static_cast<std::uint64_t>(serial) << 32) | number) {}
 
-  // isValid: not null and of an open drawing, erased objects included. isErased is also true if there is no object.
+  // isValid: not null and of an open drawing, erased objects included. isErased is also true for an id without an
+  // object.
   bool isNull() const { return value_ == 0; }
   bool isValid() const;
   bool isErased() const;
   void setNull() { value_ = 0; }
 
-  // Drawing (null if it is closed), handle (0 if there is none) and class (null if there is no object); the object need
-  // not be open and may be erased.
+  // Drawing (null if it is closed), handle (0 if there is none) and class (null for an id without an object); the
+  // object need not be open and may be erased.
   OdDbDatabase* database() const;
   OdDbHandle getHandle() const;
   OdRxClass* objectClass() const;

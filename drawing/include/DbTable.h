@@ -17,7 +17,7 @@ public:
   unsigned numRows() const;
   unsigned numColumns() const;
   OdGeVector3d direction() const;
-  // Height of a row and width of a column; throw OdError(eInvalidIndex) if there is no such row or column.
+  // Height of a row and width of a column; throw OdError(eInvalidIndex) for an index outside.
   double rowHeight(unsigned row) const;
   double columnWidth(unsigned column) const;
   // All groups of the table's own subclass in file order.

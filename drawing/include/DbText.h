@@ -32,9 +32,10 @@ public:
   virtual void setTextString(const OdString& text);
 
   // Height of capital letters; rotation against the OCS x axis; width factor; slant of characters to the right;
-  // extrusion along the normal; text style (null: "Standard").
+  // extrusion along the normal; text style (null: "Standard"). setHeight returns eInvalidInput, and changes nothing,
+  // for a negative or non-finite value.
   double height() const { return height_; }
-  void setHeight(double height);
+  OdResult setHeight(double height);
   double rotation() const { return rotation_; }
   void setRotation(double angleRad);
   double widthFactor() const { return widthFactor_; }

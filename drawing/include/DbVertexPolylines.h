@@ -81,21 +81,21 @@ private:
 class MVDRAWING_API OdDb3dPolylineVertex : public OdDbWorldVertex {
 public:
   MVDRAWING_DECLARE_OBJECT(OdDb3dPolylineVertex);
-  OdDb3dPolylineVertex() : OdDbWorldVertex(32) {}
+  OdDb3dPolylineVertex() : OdDbWorldVertex(32) {} // at the origin
 };
 
 // Vertex of a polygon mesh.
 class MVDRAWING_API OdDbPolygonMeshVertex : public OdDbWorldVertex {
 public:
   MVDRAWING_DECLARE_OBJECT(OdDbPolygonMeshVertex);
-  OdDbPolygonMeshVertex() : OdDbWorldVertex(64) {}
+  OdDbPolygonMeshVertex() : OdDbWorldVertex(64) {} // at the origin
 };
 
 // Vertex of a polyface mesh.
 class MVDRAWING_API OdDbPolyFaceMeshVertex : public OdDbWorldVertex {
 public:
   MVDRAWING_DECLARE_OBJECT(OdDbPolyFaceMeshVertex);
-  OdDbPolyFaceMeshVertex() : OdDbWorldVertex(64 + 128) {}
+  OdDbPolyFaceMeshVertex() : OdDbWorldVertex(64 + 128) {} // at the origin
 };
 
 // Face of a polyface mesh: up to four vertices by number. Numbers count the vertices of the mesh from 1; a negative
@@ -103,7 +103,7 @@ public:
 class MVDRAWING_API OdDbFaceRecord : public OdDbVertex {
 public:
   MVDRAWING_DECLARE_OBJECT(OdDbFaceRecord);
-  OdDbFaceRecord() { flags_ = 128; }
+  OdDbFaceRecord() { flags_ = 128; } // without vertices
   // Vertex number of a corner, 0 for an unused one. Throw OdError(eInvalidIndex) unless the index is 0 to 3.
   std::int16_t getVertexAt(int index) const;
   void setVertexAt(int index, std::int16_t vertex);

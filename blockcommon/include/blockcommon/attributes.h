@@ -1,9 +1,10 @@
-// Attributes of new block references: made from the definitions of the block, filled with defaults, or asked for on the
-// command line.
+// Attributes of new block references: created from the definitions of the block, with default values or with values
+// that are prompted for on the command line.
 //
-// The i-th attribute definition that is not constant, in the order of the block's contents, belongs to the i-th
+// The i-th attribute definition that is not constant, in the order of the entities of the block, belongs to the i-th
 // attribute of a reference; tags are not compared. Ids are appended, never cleared. Ids and objects that do not open
-// are passed over; an object of another kind than its place calls for throws OdError_NotThatKindOfClass.
+// are skipped; an object of an unexpected class throws OdError_NotThatKindOfClass. Coordinates are those of the block
+// that contains the reference. All functions of this library are called on the command thread of the host.
 #pragma once
 
 #include "DbBlockReference.h"
@@ -13,57 +14,58 @@
 
 namespace insertCommon {
 
-// Gives the reference its attributes. With `useDefaults`: what addDefaultAttributeToBlk does, and its answer. Without:
-// when the numbers of definitions and attributes differ, an attribute with the default text for every definition, with
-// the reference's bare blockTransform() and without a question; when they are equal, the values of all that are
-// neither preset nor constant are asked for. False for null, for a reference that does not open for write, and when
-// the user cancelled: values that were given before stay. The reference is opened for write when it is not and is
-// open for read afterwards, also when an exception passes; layers of attributes are unlocked while they are handled.
+// Creates or fills the attributes of a reference. With `useDefaults`: does what addDefaultAttributeToBlk does and
+// returns its result. Without: if the numbers of definitions and attributes differ, appends an attribute with the
+// default value for every definition, transformed by blockTransform() of the reference alone, without prompting; if
+// they are equal, prompts for the values of all that are neither preset nor constant. Returns false for null, for a
+// reference that does not open for write, and if the user cancels: values that were entered before are kept. The
+// reference is opened for write if it is not and is open for read afterwards, also after an exception; layers of
+// attributes are unlocked meanwhile.
 BLOCKCOMMON_API bool processAttributesForInsert(OdSmartPtr<OdDbBlockReference> pRef, bool useDefaults);
 
-// Definitions that are not constant, of the block that the reference shows. Nothing for null.
+// Appends the attribute definitions of the block of the reference that are not constant. No effect for null.
 BLOCKCOMMON_API void getAllAttributeDefinesOfBlk(OdSmartPtr<OdDbBlockReference> pRef, OdDbObjectIdArray& ids);
-// All attributes of the reference. Nothing for null.
+// Appends all attributes of the reference. No effect for null.
 BLOCKCOMMON_API void getAllAttributesOfBlkRef(OdSmartPtr<OdDbBlockReference> pRef, OdDbObjectIdArray& ids);
 
 // Whether the block of the reference has attribute definitions; constant ones count.
 BLOCKCOMMON_API bool hasAttribute(OdSmartPtr<OdDbBlockReference> pRef);
 
-// Whether an attribute of the reference is on a locked layer; `allLocked` tells whether all are, and is true when there
-// are none. False for an id that is no reference's.
+// Whether an attribute of the reference is on a locked layer; `allLocked` receives whether all are, true if there are
+// none. False for an id that is not a reference.
 BLOCKCOMMON_API bool isAllAttributeInLockLayer(OdDbObjectId refId, bool& allLocked);
 
-// Appends an attribute with its default text for each definition that is not constant, moved so that the origins of the
-// block and of the current space lie where they belong. Asks nothing, and does not look for attributes that are there.
-// False for null, a reference that is in no drawing, and without a definition or a current space. The reference must be
-// open for write: OdError(eNotOpenForWrite).
+// Appends an attribute with its default value for each definition that is not constant, with regard to the base points
+// of the block and of the current space. Does not prompt and does not check for existing attributes. Returns false for
+// null, a reference that is not in a drawing, and without a definition or a current space. Throws
+// OdError(eNotOpenForWrite) unless the reference is open for write.
 BLOCKCOMMON_API bool addDefaultAttributeToBlk(OdSmartPtr<OdDbBlockReference> pRef);
 
-// Looks through the fields of those of the reference's attributes that are listed. True when definitions and attributes
-// are equal in number.
+// Examines the fields of those attributes of the reference that are listed and changes nothing. True if the numbers of
+// definitions and attributes are equal; false for null.
 BLOCKCOMMON_API bool processAttributesFieldsForInsert(OdSmartPtr<OdDbBlockReference> pRef, OdDbObjectIdArray& ids);
 
-// Leaves the fields of a definition's attributes as they are: the values that were computed last stay.
+// Changes nothing: the fields of the attributes of a definition keep the values that were computed last.
 BLOCKCOMMON_API void updateFiledAttributeDefines(const OdDbObjectId& blockId);
 
-// Whether nothing of the block needs to be asked: each of its attribute definitions is preset or constant. True for
-// null.
+// Whether no value of the block has to be prompted for: each of its attribute definitions is preset or constant. True
+// for null.
 BLOCKCOMMON_API bool hasPresetAttribute(OdSmartPtr<OdDbBlockTableRecord> pBlock);
 
 // Opens every attribute of the reference for write, and changes nothing.
 BLOCKCOMMON_API void setAttriAnnoByBlockRef(OdSmartPtr<OdDbBlockReference> pRef);
 // Opens the definition for write, and changes nothing.
 BLOCKCOMMON_API void addAnnoToObj(const OdDbObjectId& blockId, bool flag);
-// True when the extended data of the definition does NOT say whether references follow the layout's orientation; false
-// when it does, and when the definition does not open.
+// True if the extended data of the definition does NOT state whether references match the orientation of the layout;
+// false if it does, and if the definition does not open.
 BLOCKCOMMON_API bool isExistAnnoPO(const OdDbObjectId& blockId);
 
 } // namespace insertCommon
 
 namespace blockUtils {
 
-// processAttributesForInsert without defaults for a reference that is upgraded to write when it is not, and downgraded
-// again. Nothing for null. Throws OdError(eOnLockedLayer).
+// Calls processAttributesForInsert without defaults for a reference, which is upgraded to write if it is not, and
+// downgraded again. No effect for null. Throws OdError(eOnLockedLayer).
 BLOCKCOMMON_API void processBlockTbRefAsDefaultAttri(OdDbBlockReference* pRef);
 
 } // namespace blockUtils

@@ -1,4 +1,4 @@
-// Finding a block definition.
+// Look-up of block definitions.
 #pragma once
 
 #include "OdString.h"
@@ -9,8 +9,8 @@ class OdDbObjectId;
 
 namespace blockUtils {
 
-// Stores the id of the block definition of that name, erased ones excluded; null when there is none. A null database is
-// the host's working database. True when the stored id is valid.
+// Sets `id` to the block definition of that name, erased ones excluded; null if there is none. A null database means
+// the working database of the host. Returns whether the id is valid.
 BLOCKCOMMON_API bool getBlockIDByName(OdString name, OdDbObjectId& id, OdDbDatabase* pDb);
 
 } // namespace blockUtils

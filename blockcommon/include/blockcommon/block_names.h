@@ -1,7 +1,7 @@
-// Block names: which texts may be one, and what kind of block a name stands for. Nothing here shows a message.
+// Block names: validity, and the kind of the block that has a name. No function displays a message.
 //
-// Two sets of rules stand side by side: isLigitimacyName follows the system variable EXTNAMES and counts UTF-8 bytes,
-// the rules of insertCommon have a fixed set of characters and 255 characters.
+// There are two sets of rules: isLigitimacyName follows the system variable EXTNAMES and counts UTF-8 bytes, the rules
+// of insertCommon have a fixed set of characters and at most 255 characters.
 #pragma once
 
 #include "OdString.h"
@@ -9,16 +9,17 @@
 
 namespace blockUtils {
 
-// The name is legal: under EXTNAMES 0 at most 32 bytes, else at most 1023. `flag` is set only when the name has no
-// UTF-8 form, and is otherwise left alone.
+// Whether the name is valid: with EXTNAMES 0 at most 32 bytes, else at most 1023. `flag` is set to true only if the
+// name has no UTF-8 form, and is unchanged otherwise.
 BLOCKCOMMON_API bool isLigitimacyName(const OdString& name, bool& flag);
 
-// These look the name up in the working database; false for an empty or unknown name.
-BLOCKCOMMON_API bool isAnonymous(OdString name); // true at once for a name with '*'
+// Kind of the block of that name in the working database; false for an empty or unknown name, but isAnonymous is true
+// for every name with '*'.
+BLOCKCOMMON_API bool isAnonymous(OdString name);
 BLOCKCOMMON_API bool isExternalDependent(OdString name);
 BLOCKCOMMON_API bool isFromExternalReference(OdString name);
 
-// The number that the text stands for, written in the current units; empty when it is none.
+// The number in the text, formatted in the current units; empty if the text is not a number.
 BLOCKCOMMON_API OdString stringToNumeriString(OdString text);
 // A copy of the text.
 BLOCKCOMMON_API OdString trimCoordinateSysValStrByLpcrecVar(OdString text);
@@ -27,31 +28,34 @@ BLOCKCOMMON_API OdString trimCoordinateSysValStrByLpcrecVar(OdString text);
 
 namespace commonFun {
 
-// One more than the position of the last `character`, 0 when there is none. Callers rely on this arithmetic.
+// Position of the last `character` plus 1; 0 if there is none. Callers depend on this arithmetic.
 BLOCKCOMMON_API int GetCntsByeChar(OdString text, wchar_t character);
 
-// 0 a request for the list of names ('?' alone, or with a blank and one character behind it), 1 a name (no '?' at all),
-// 2 invalid.
+// Kind of input: 0 a request for the list of names ('?' alone, or followed by a space and one character), 1 a name
+// (without
+// '?'), 2 invalid.
 BLOCKCOMMON_API int GetInputType(OdString text);
 
-// False for dependent and anonymous blocks, model space and paper space. True for unknown names.
+// Whether a block of the working database may be renamed: false for dependent and anonymous blocks, model space and
+// paper space; true for unknown names.
 BLOCKCOMMON_API bool isBlockRenameAble(OdString name);
 
 } // namespace commonFun
 
 namespace insertCommon {
 
-// At most 255 characters and none of `*<>,;:"\|/=? in it. Not empty.
+// Whether the name is not empty, has at most 255 characters and none of `*<>,;:"\|/=? in it.
 BLOCKCOMMON_API bool isBlockNameValid(const OdString& name);
-// The same for a name typed at the insert prompt, which may be empty; its first blank must not begin or end the name.
+// The same for a name that is entered at the insert prompt, which may be empty; its first space must not be its first
+// or last character.
 BLOCKCOMMON_API bool isInsertBlockNameValid(const OdString& name);
 
-// The empty text for false. Must not be called with true: the search for a free name then never ends.
+// Returns an empty text for false. Must not be called with true: the search for a free name does not terminate then.
 BLOCKCOMMON_API OdString generateBlockName(bool generate);
 
-// The system variable INSNAME; empty when it cannot be read.
+// The system variable INSNAME; empty if it cannot be read.
 BLOCKCOMMON_API OdString getLastInsertBlockName();
-// Writes INSNAME, with '*' in front for an anonymous marker. Answers the host's result code.
+// Sets INSNAME, with '*' before the name if `anonymous` is true. Returns the result code of the host.
 BLOCKCOMMON_API int setLastInsertBlockName(OdString name, bool anonymous);
 
 } // namespace insertCommon

@@ -1,4 +1,4 @@
-// Making a block definition from objects of one or more drawings.
+// Creation of a block definition from objects of one or more drawings.
 #pragma once
 
 #include "DbDimAssoc.h"
@@ -14,39 +14,40 @@ class OdDbDatabase;
 
 namespace blockUtils {
 
-// Makes the block `blockName` of `pDb` from clones of the objects, or empties and refills it with `bRedefine`.
-// `basePoint`, in the current UCS, becomes the block's origin, the axes of the UCS its axes. Objects whose kind cannot
-// be moved into block coordinates leave `ids` and are not part of the block. The objects themselves stay.
-// Answers the block's id, or null: an empty name, no database, no working database, a name that exists without
-// `bRedefine`, objects that do not open for write. `bCreated` is true only when every step succeeded; the id of a block
-// that could not be emptied, or is only half filled, comes with false. A failure behind the moving into block
-// coordinates leaves the objects there: callers run this inside an undo step. Spaces and external references are not
-// refused here. Throws OdError(eDegenerateGeometry) when the host gives no coordinate system.
+// Creates the block `blockName` of `pDb` from clones of the objects, or with `bRedefine` empties and refills it.
+// `basePoint`, in the current UCS, becomes the origin of the block, the axes of the UCS its axes. Objects whose kind
+// cannot be transformed into block coordinates are removed from `ids` and are not part of the block. The objects
+// remain. Returns the id of the block, or null for an empty name, a null database, no working database, a name that
+// exists without `bRedefine`, and objects that do not open for write. `bCreated` is true only if every step succeeded;
+// it is false with the id of a block that could not be emptied or is filled in part. A failure after the objects were
+// transformed into block coordinates leaves them there: callers run this in an undo step. Spaces and external
+// references are not refused here. Throws OdError(eDegenerateGeometry) if the host has no coordinate system.
 BLOCKCOMMON_API OdDbObjectId create(OdDbDatabase* pDb, OdString blockName, OdArray<OdDbObjectId>& ids, bool bRedefine,
                                     bool& bCreated, OdGePoint3d basePoint, OdString description);
 
-// Erases the contents of the block of that name; the record and its properties stay. False when there is no such block.
-// Throws OdError with the reason for an entity that does not open for write.
+// Erases the entities of the block of that name; the record and its properties are kept. False if the block does not
+// exist. Throws OdError with the reason for an entity that does not open for write.
 BLOCKCOMMON_API bool emptyRec(OdDbDatabase* pDb, OdString name);
 
-// Adds a new definition, with the comments unless they are empty, and stores its id. A valid `blockId` is left alone
-// and answers true. False when there is no database or the block table takes no such name.
+// Adds a new definition, with the comments unless they are empty, and sets `blockId` to it. If `blockId` is valid
+// already, returns true and changes nothing. False for a null database and if the block table does not accept the name.
 BLOCKCOMMON_API bool addBlockInfo(OdDbDatabase* pDb, OdDbObjectId& blockId, OdString& name, OdString description);
 
-// Sorts the ids by their drawings, their order kept. The arrays are made with new and belong to the caller. An id
-// without a drawing stands under null. Always true; `pDb` is not used.
+// Groups the ids by their drawings, keeping their order. The arrays are allocated with new and owned by the caller. Ids
+// without a drawing are under null. Always true; `pDb` is not used.
 BLOCKCOMMON_API bool groupForEntity(OdDbDatabase* pDb, OdArray<OdDbObjectId> ids,
                                     std::map<OdDbDatabase*, OdArray<OdDbObjectId>*>& groups);
 
-// Clones each group into the block: by deep cloning for `pDb` itself, from other drawings with what they need, records
-// of the same name replaced. Cloned dimensions turn by the angle of `xform` and take their associations along. False
-// without a database or when a clone operation reports an error. `flag` is not used.
+// Clones each group into the block: by deep cloning for `pDb` itself, from other drawings with the records that they
+// depend on, replacing records of the same name. The horizontal rotation of cloned dimensions changes by the angle of
+// `xform`, and their associations are cloned. False for a null database and if a clone operation reports an error.
+// `flag` is not used.
 BLOCKCOMMON_API bool copyDataToNewBlock(OdDbDatabase* pDb, std::map<OdDbDatabase*, OdArray<OdDbObjectId>*> groups,
                                         OdDbObjectId& blockId, OdGeMatrix3d xform, bool& flag);
 
-// Posts the association, open for write, for that dimension and attaches it. Locked layers of the dimension and of the
-// geometry are unlocked meanwhile and locked again in any case. 5100, or -5001 for a null association or one that
-// cannot be posted.
+// Posts an association that is open for write for a dimension and activates it (OdDbDimAssoc::post). Locked layers of
+// the dimension and of the geometry are unlocked meanwhile and locked again in any case. Returns 5100, or -5001 for a
+// null association and one that cannot be posted.
 BLOCKCOMMON_API int postDimAssoc(OdSmartPtr<OdDbDimAssoc>& pAssoc, OdDbObjectId dimId, OdDbObjectId& newAssocId);
 
 } // namespace blockUtils

@@ -1,8 +1,8 @@
-// File names and paths: which texts may be one, what their parts are, and which files are there or open.
+// File names and paths: validity, parts, and whether files exist or are open.
 //
-// Paths are spelled as drawings spell them, with backslashes and a drive letter; a slash is a forbidden character. None
-// of the functions throws. A function with `showMessage` tells the user why it refuses; messages that are shown in any
-// case are named. Results are worked out before they are stored, so an argument may be the path itself.
+// Paths are those of drawings, with backslashes and a drive letter; a slash is a forbidden character. No function
+// throws. A function with `showMessage` displays the reason for its refusal; messages that are displayed in any case
+// are stated. Results are computed before they are stored, so a result may be the path argument.
 #pragma once
 
 #include "DbDatabase.h"
@@ -11,38 +11,39 @@
 
 namespace filePath {
 
-// False for a path without any of /|<>?;* whose only colon, if it has one, is the second character.
+// Whether the path has one of the characters /|<>?;* or a colon other than its second character.
 BLOCKCOMMON_API bool isFilePathExistIllEgalCharacter(const OdString& path, bool showMessage);
 
-// Whether the path may name a file to write: not blank, not longer than 4094 characters, with a folder, and no folder
-// itself. Blank and too long paths are told in any case. Forbidden characters are not looked for.
+// Whether the path may be that of a file to write: not blank, at most 4094 characters, with a folder, and not a folder
+// itself. Messages for blank and too long paths are displayed in any case. Forbidden characters are not checked.
 BLOCKCOMMON_API bool isFilePathLegal(const OdString& path, bool showMessage);
 // Whether there is such a folder.
 BLOCKCOMMON_API bool isFileDirLegal(const OdString& path, bool showMessage);
 
-// Whether the file is open: here, or elsewhere, which is told in any case.
+// Whether the file is open in a document, or in another program, for which a message is displayed in any case.
 BLOCKCOMMON_API bool isFileLoaded(OdString path, bool showMessage);
 
-// ".dwg", whatever the path ends with.
+// Sets `extension` to ".dwg" for every path.
 BLOCKCOMMON_API void dealFileExtension(const OdString& path, OdString& extension);
-// `first` is emptied, `whole` the path, `dir` what stands before the last backslash, `ext` the extension with its dot.
+// Sets `first` to an empty text, `whole` to the path, `dir` to the part before the last backslash, `ext` to the
+// extension with its dot.
 BLOCKCOMMON_API void analyzeFilePath(const OdString& path, OdString& first, OdString& whole, OdString& dir,
                                      OdString& ext);
 
 BLOCKCOMMON_API bool isFilePathHasAccess(const OdString& path); // always false
-BLOCKCOMMON_API bool getCurDir(OdString& path);                 // always false, and the path is left alone
+BLOCKCOMMON_API bool getCurDir(OdString& path);                 // always false; the path is unchanged
 
-// Three digits, the present time in milliseconds by the second, two digits, joined by '_'. The same within a second:
-// the C library's generator is seeded anew at every call.
+// A name of three digits, the time in milliseconds at full seconds, and two digits, joined by '_'. It is the same
+// within a second: the random generator of the C library is seeded with the time at every call.
 BLOCKCOMMON_API OdString generateRandomName();
 
 } // namespace filePath
 
 namespace commonFun {
 
-// Begins with http://, ftp://, www. or ftp. in any case.
+// Whether the text begins with http://, ftp://, www. or ftp.; case does not matter.
 BLOCKCOMMON_API bool isUrl(const OdString& text);
-// .dwg or .dxf in any case: the end of a file name, or the whole text.
+// Whether a file name ends with, or an extension is, .dwg or .dxf; case does not matter.
 BLOCKCOMMON_API bool isFileExtValidWithFile(const OdString& fileName);
 BLOCKCOMMON_API bool isFileExtValidWithExt(const OdString& extension);
 // Whether another program has the file open. Always false.
@@ -52,18 +53,18 @@ BLOCKCOMMON_API bool isOpenedDoc(OdString path);
 
 namespace insertCommon {
 
-// None of \/:*?"<>| in it.
+// Whether the name has none of the characters \/:*?"<>|.
 BLOCKCOMMON_API bool isFileNameValid(const OdString& fileName);
 
-// Whether the host finds the file on its search path. The second one then appends the host's whole buffer to `found`:
-// the full path and the zeros behind it, 4096 characters in all. `found` is left alone on failure.
+// Whether the host finds the file on its search path. The second form then appends the whole buffer of the host to
+// `found`: the full path and the zeros after it, 4096 characters in total. `found` is unchanged on failure.
 BLOCKCOMMON_API bool isFileExist(const OdString& path);
 BLOCKCOMMON_API bool isFileExist(const OdString& path, OdString& found);
-// The same for a drawing whose name may lack the extension. `buffer` takes 4095 characters and a zero and belongs to
-// the caller; `size` is not used.
+// The same for a drawing whose name may lack the extension. `buffer` is owned by the caller and has room for 4095
+// characters and a zero; `size` is not used.
 BLOCKCOMMON_API bool isSearchDwgFile(OdString name, wchar_t* buffer, int size);
 
-// Always false, and the database is left alone.
+// Always false; the database is unchanged.
 BLOCKCOMMON_API bool checkInsertType(const OdString& path, OdSmartPtr<OdDbDatabase> pDb);
 
 } // namespace insertCommon

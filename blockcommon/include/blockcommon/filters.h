@@ -1,7 +1,7 @@
-// What may go into a block: filters over a selection, and the test whether a block would contain itself.
+// Filters for the objects of a new block, and the test whether a block would contain itself.
 //
-// Nothing here shows a message. An array keeps its order. The time is linear in the ids, and a definition is looked
-// through once, however often it is shown.
+// No function displays a message. Arrays keep their order. The time is linear in the number of ids, and each definition
+// is examined once.
 #pragma once
 
 #include "DbObjectId.h"
@@ -12,24 +12,24 @@ class OdDbBlockReference;
 
 namespace blockUtils {
 
-// Takes cameras out of the array, and nothing else: ids that do not open stay, and so do kinds derived from cameras.
+// Removes cameras from the array; ids that do not open and classes derived from cameras are kept.
 BLOCKCOMMON_API void kickOutSomeKindOfObjs(OdArray<OdDbObjectId>& ids);
 
-// Moves attribute definitions behind what `attdefIds`, another array, holds already. Kinds derived from them and ids
-// that do not open stay. An array that finds no memory throws, and both are as before.
+// Moves attribute definitions to the end of `attdefIds`, which is another array. Classes derived from them and ids that
+// do not open are kept. Throws OdError(eOutOfMemory) without memory; both arrays are unchanged then.
 BLOCKCOMMON_API void kickOutAttrdefID(OdArray<OdDbObjectId>& ids, OdArray<OdDbObjectId>& attdefIds);
 
-// Whether the reference shows the block `btrId`, itself or through any number of definitions. Only the definition that
-// a reference shows is followed, so the anonymous shape of a dynamic block does not lead to its definition. False for
-// a null reference and for ids that are not valid; definitions that do not open lead nowhere. Throws
-// OdError_NotThatKindOfClass where something else than a definition is shown.
+// Whether the reference refers to the block `btrId`, directly or through definitions at any depth. Only the definition
+// that a reference refers to is followed, so the anonymous block of a dynamic reference does not count as its
+// definition. False for a null reference and for ids that are not valid; definitions that do not open are skipped.
+// Throws OdError_NotThatKindOfClass for a reference to something that is not a definition.
 BLOCKCOMMON_API bool isBTRefAreBtrItSelf(const OdDbBlockReference* pRef, OdDbObjectId btrId);
 
-// The same for any of the objects, and the block of that name in the working database; what is no reference leads
-// nowhere. False without a working database or such a block.
+// The same for any of the objects and the block of that name in the working database; objects that are not references
+// are skipped. False without a working database or such a block.
 BLOCKCOMMON_API bool isObjsAreBtrItSelf(OdString blockName, const OdArray<OdDbObjectId>& ids);
 
-// Whether the host holds the object for locked by its layer; false for an id that is not valid.
+// Whether the object is locked by its layer according to the host; false for an id that is not valid.
 BLOCKCOMMON_API bool isObjOnLockedLayer(OdDbObjectId id);
 
 } // namespace blockUtils

@@ -1,7 +1,7 @@
-// Talking to the user on the command line: asking, printing, lines of option lists.
+// The command line: prompts, output, lines of listings.
 //
-// Results are the host's result codes (5100 done, 5000 empty answer, -5001 error or no service, -5002 cancelled),
-// passed on unchanged, unless said otherwise.
+// Results are the result codes of the host (5100 done, 5000 empty answer, -5001 error or no service, -5002 cancelled)
+// unless stated otherwise.
 #pragma once
 
 #include "OdString.h"
@@ -9,34 +9,33 @@
 
 namespace commonFun {
 
-// Arms keywords and input flags, then asks for text. allowSpaces: not 0, only Enter ends the answer; -1, that is so
-// unless the answers come from a script. `result` must hold the host's longest answer.
+// Sets keywords and input flags, then prompts for text. allowSpaces: not 0: only Enter ends the answer; -1: the same
+// unless input is read from a script. `result` must have room for morvane::kMaxAnswerLength characters and a zero.
 BLOCKCOMMON_API int inPutString(int flags, OdString keywords, int allowSpaces, OdString prompt, wchar_t* result);
 
-// Arms keywords and input flags, then asks for a point in the current UCS (3 doubles). basePoint may be null.
+// Sets keywords and input flags, then prompts for a point in the current UCS (3 numbers). basePoint may be null.
 BLOCKCOMMON_API int inPutPoint(int flags, OdString keywords, const double* basePoint, OdString prompt, double* result);
 
-// Prints the message as a format without arguments: a '%' in it is read as a directive, so user text that may hold one
-// must not be passed. Answers what the host's print answers.
+// Prints the message as a format without arguments: '%' in it begins a directive, so text of users must not be passed.
 BLOCKCOMMON_API int mvedPromptEx(OdString message);
 
-// Prints the message as it is.
+// Prints the message unchanged.
 BLOCKCOMMON_API int acedPromptString(OdString message);
 
-// Builds one line of a listing into `line` and answers a copy: the quoted name filled up to 36 characters, the middle
-// text, the tail. A line that grows too long is broken before the middle (name over 74) or after it (over 80).
+// Sets `line` to a line of a listing and returns a copy: the quoted name padded to 36 characters, the middle text, the
+// tail. A line break is inserted before the middle for a name over 74 characters, or after it for a line over 80.
 BLOCKCOMMON_API OdString createPromptString(OdString& line, OdString name, OdString tail, OdString middle);
 
 } // namespace commonFun
 
 namespace blockUtils {
 
-// Asks a yes-or-no question once: 1 yes, 0 no, 2 empty answer, 3 cancelled, 4 anything else (the user has then been
-// told how to answer).
+// Asks a yes-or-no question once: 1 yes, 0 no, 2 empty answer, 3 cancelled, 4 anything else, for which a hint is
+// printed.
 BLOCKCOMMON_API int KwordYesNO_Control(OdString& prompt);
 
-// Prints what goes before the next echoed item: a blank for the first one when it stays on the line, else a line break.
-// Clears `first`.
+// Prints the separator before the next echoed item: a space for the first one if it is on the same line, else a line
+// break. Clears `first`.
 BLOCKCOMMON_API void CheckFirstTime(bool& first, bool sameLine);
 
 } // namespace blockUtils

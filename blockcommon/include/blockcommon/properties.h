@@ -1,4 +1,4 @@
-// How a block definition behaves: scaling, exploding, units, annotation, and the order in which things are drawn.
+// Properties of block definitions: scaling, exploding, units, annotation; and draw order.
 #pragma once
 
 #include "DbBlockTable.h"
@@ -8,24 +8,24 @@
 
 namespace blockUtils {
 
-// Each sets one property of the block definition behind the id. False, and nothing changed, for an id that is not valid
-// or does not open for write as a block definition.
-BLOCKCOMMON_API bool setUniformlyScaled(OdDbObjectId btrId, bool bUniform); // false: any scales
+// Set a property of a block definition: uniform scaling of references, permission to explode them, insertion units.
+// False, and nothing changed, for an id that is not valid or does not open for write as a block definition.
+BLOCKCOMMON_API bool setUniformlyScaled(OdDbObjectId btrId, bool bUniform);
 BLOCKCOMMON_API bool setExplodable(OdDbObjectId btrId, bool bExplodable);
 BLOCKCOMMON_API bool setBtrInsertUnit(OdDbObjectId btrId, OdDb::UnitsValue units);
 
-// The same for annotation, through setAnnotationAndMatch. Also false when the host has no document manager.
+// The same for annotation, by setAnnotationAndMatch. Also false if the host has no document manager.
 BLOCKCOMMON_API bool SetAnnotative(OdDbObjectId btrId, bool bAnnotative, bool bMatchOrientation);
 
-// Makes the definition, open for write, annotative or not, and lets its references follow the orientation of the layout
-// or not. On making it annotative its contents lose their own annotative flag, annotative references excepted, and all
-// contents are scaled about the world origin by the current annotation scale of their drawing (paper units divided by
-// drawing units; not when there is none or it is not above 0). Contents that do not open for write are passed over.
-// False for a null record.
+// Sets whether a definition that is open for write is annotative, and whether its references match the orientation of
+// the layout. If it becomes annotative, its entities lose their own annotative property, except annotative references,
+// and all entities are scaled about the origin by the current annotation scale of the drawing (paper units divided by
+// drawing units; not if there is none or it is not positive). Entities that do not open for write are skipped. False
+// for a null record.
 BLOCKCOMMON_API bool setAnnotationAndMatch(OdSmartPtr<OdDbBlockTableRecord> pRec, bool bAnnotative,
                                            bool bMatchOrientation);
 
-// Bottom first, by the draw order table of the owner; ids that no table names by order of addition.
+// Sorts ids by the draw order table of their owner, bottom first; ids without an entry by order of addition.
 BLOCKCOMMON_API void sortAarryByDrawOrder(OdDbObjectIdArray& ids);
 
 } // namespace blockUtils

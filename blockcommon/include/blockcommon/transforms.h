@@ -1,7 +1,7 @@
-// Moving objects between the world and the coordinate system of a block.
+// Transformation of objects between world and block coordinates.
 //
-// A block's coordinate system has its origin at the base point and the axes of the current UCS; a point of the world
-// comes into block coordinates by the inverse of its matrix.
+// The coordinate system of a new block has its origin at the base point and the axes of the current UCS, both in world
+// coordinates; the inverse of its matrix transforms world into block coordinates.
 #pragma once
 
 #include "DbBlockTable.h"
@@ -14,21 +14,23 @@ class OdDbDatabase;
 
 namespace blockUtils {
 
-// The coordinate system with that origin (world coordinates) and the axes of `ucs`, as long as they are there. The
-// origin of `ucs` does not count.
+// Returns the coordinate system with that origin (world coordinates) and the axes of `ucs` with their lengths. The
+// origin of `ucs` is ignored.
 BLOCKCOMMON_API OdGeMatrix3d createEcsMatrixByMatrix(OdGePoint3d origin, OdGeMatrix3d ucs);
 
-// Moves the objects into block coordinates, in order. Objects whose kind cannot take the matrix leave the array and
-// stay where they are; objects that are no entities stay in the array and are not moved. False at the first object that
-// does not open for write or fails otherwise: those before it have been moved. The database is not used.
+// Transforms the objects into block coordinates, in order. Objects whose kind does not accept the matrix are removed
+// from the array and not changed; objects that are not entities remain in the array and are not changed. False at the
+// first object that does not open for write or fails otherwise: those before it have been transformed. The database is
+// not used.
 BLOCKCOMMON_API bool transformEntityByEcs(OdDbDatabase* pDb, OdArray<OdDbObjectId>& ids, OdGeMatrix3d ecs);
 
-// Moves the objects back. False at the first that does not open for write or cannot be moved; those before it are back,
-// those behind it are not. Throws OdError_NotThatKindOfClass for an object that is no entity. The database is not used.
+// Transforms the objects back into world coordinates. False at the first that does not open for write or cannot be
+// transformed; those before it have been transformed, those after it have not. Throws OdError_NotThatKindOfClass for an
+// object that is not an entity. The database is not used.
 BLOCKCOMMON_API bool recoverCoordinateSystem(OdDbDatabase* pDb, OdArray<OdDbObjectId> ids, OdGeMatrix3d ecs);
 
-// Moves the contents of a block by the inverse of the matrix. Entities that do not open for write or do not take the
-// matrix stay where they are. Nothing happens for a null record.
+// Transforms the entities of a block by the inverse of the matrix. Entities that do not open for write or do not accept
+// the matrix are not changed. No effect for a null record.
 BLOCKCOMMON_API void transformRec(OdSmartPtr<OdDbBlockTableRecord> pRec, OdGeMatrix3d m);
 
 } // namespace blockUtils

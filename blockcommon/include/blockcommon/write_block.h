@@ -1,7 +1,7 @@
-// Writing a block to a file of its own: the test of the target, formats, and what is remembered between two times.
+// Writing a block to a file: check of the target, formats, and stored settings.
 //
-// Results are the host's result codes: 5100 done, 5000 empty answer, -5002 cancelled, -5003 refused. Settings stand in
-// the user's configuration; without one everything reads as its default and nothing is stored.
+// Results are the result codes of the host: 5100 done, 5000 empty answer, -5002 cancelled, -5003 refused. Settings are
+// stored in the user configuration; without one all settings have their defaults and nothing is stored.
 #pragma once
 
 #include "DbSaveType.h"
@@ -11,50 +11,52 @@
 #include "morvane/config.h"
 #include "morvane/documents.h"
 
-// What a command fills in about the file to write, and gets back.
+// The file to write: filled in by a command and completed by the functions below.
 struct _blockFileInfo {
-  bool bWrite = false; // set once the file may be written: it is not there, or the user wants it replaced
-  OdString fileName;   // what was typed, and as the user is asked about it; without it there is no name
-  OdString filePath;   // in full; may be empty before the test
+  bool bWrite = false; // set to true when the file may be written: it does not exist, or the user permits to replace it
+  OdString fileName;   // name as entered and as it appears in prompts; empty: no name
+  OdString filePath;   // full path; may be empty before the check
   OdDb::SaveType saveType = OdDb::kSaveDwg;
   OdDb::DwgVersion dwgVersion = OdDb::kRelease2018;
 };
 
 namespace blockInfo_FilePath {
 
-// Formats of the host that are not known, newer ones included, are DWG of release 2018.
+// Kind of file and version of a format of the host; unknown formats, newer ones included, are DWG of release 2018.
+// isFileDwgFormat: whether it is DWG.
 BLOCKCOMMON_API void getFileVersion(const mvsi::MvsiApDocument::SaveFormat& format, OdDb::SaveType& type,
                                     OdDb::DwgVersion& version);
 BLOCKCOMMON_API bool isFileDwgFormat(const mvsi::MvsiApDocument::SaveFormat& format);
 
-// The folder of the file that was written last; empty when none is remembered.
+// The folder of the file that was written last; empty if none is stored.
 BLOCKCOMMON_API OdString getDefPathFromReg();
 
-// The whole test of a target: completed names, an extension, and a yes where a file would be replaced. Sets `bWrite`,
-// and never takes it back. 5100 with `bWrite` as it was: the user is still to be asked for a file (see isShowFileDlg).
+// Checks a target completely: completes the names, adds an extension, and asks before a file is replaced. Sets `bWrite`
+// to true, never to false. 5100 with `bWrite` unchanged: a file dialog has to ask for a file (see isShowFileDlg).
 BLOCKCOMMON_API int checkFileNameRight(_blockFileInfo& info);
 
-// Has the host complete both names. 5100, with `flag` set when there is no name yet and a file dialog should ask for
-// one; `flag` is never cleared. -5003 when they cannot be a target, which the user has then been told.
+// Completes both names through the host. 5100, with `flag` set to true if the name is empty and a file dialog should
+// ask for one; `flag` is never set to false. -5003 if they are not a valid target, for which a message has been
+// displayed.
 BLOCKCOMMON_API int isShowFileDlg(OdString& fileName, OdString& filePath, bool& flag);
-// Takes the kind of file from the extension of the path. Any but ".dwg" and ".dxf", as they stand here, gets ".dwg"
-// behind both names. The version is release 2018. Always 5100.
+// Sets the kind of file by the extension of the path. Unless that is ".dwg" or ".dxf" in lower case, appends ".dwg" to
+// both names. Sets the version to release 2018. Always 5100.
 BLOCKCOMMON_API int dealBlockFileInfo(_blockFileInfo& info);
-// Asks, until there is an answer, whether the file may be replaced. 5100: yes, or there is none. 5000 for Enter and
-// -5002 for "No" or a cancel; -5002 as well when the host has nobody to ask.
+// Asks, until there is an answer, whether the file may be replaced. 5100: yes, or it does not exist. 5000 for Enter;
+// -5002 for "No", for a cancel and if the host has no input.
 BLOCKCOMMON_API int doSelectByUse(OdString fileName, OdString filePath);
 
 } // namespace blockInfo_FilePath
 
 namespace registerFun {
 
-// The format that was used last. DWG of release 2018 when none was ever stored; these two are then stored.
+// The format that was used last. If none is stored, DWG of release 2018, which is then stored.
 BLOCKCOMMON_API void GetBlockSaveFormat(OdDb::SaveType& type, OdDb::DwgVersion& version);
-// Does nothing before the first GetBlockSaveFormat of this user.
+// Stores the format. No effect before the first GetBlockSaveFormat of this user.
 BLOCKCOMMON_API void SetBlockFormatIndex(OdDb::SaveType& type, OdDb::DwgVersion& version);
 
-// The options of making a block, 0 or 1 but for objectsPostprocessing (what becomes of the objects). `extra` has no
-// stored value and is left alone. Note the orders: the two lists differ. Always true.
+// Read and store the options of creating a block: 0 or 1, except objectsPostprocessing (treatment of the source
+// objects). `extra` is not stored and unchanged. The orders of the two parameter lists differ. Always true.
 BLOCKCOMMON_API bool getRegistedOptions(int& basePointOnScreen, int& explode, int& objectsOnScreen,
                                         int& objectsPostprocessing, int& openInEditor, int& extra, int& scaleUniform);
 BLOCKCOMMON_API bool setRegistedOptions(int basePointOnScreen, int explode, int objectsOnScreen,
@@ -64,7 +66,7 @@ BLOCKCOMMON_API bool setRegistedOptions(int basePointOnScreen, int explode, int 
 
 namespace commonFun {
 
-BLOCKCOMMON_API int MvEdGetFileNavFilters(MvJsonPtr& filters, bool, bool); // always 0, and the list is left alone
+BLOCKCOMMON_API int MvEdGetFileNavFilters(MvJsonPtr& filters, bool, bool); // always 0; the list is unchanged
 BLOCKCOMMON_API int checkCanSaveEnt(int);                                  // always 5100
 
 } // namespace commonFun

@@ -21,7 +21,7 @@ MVDRAWING_API NameFault nameFault(const OdString& name, OdDb::DwgVersion version
 // Result of renaming.
 enum class RenameResult : std::uint8_t {
   kDone,
-  kUnknown, // there is no record of the old name
+  kUnknown, // no record has the old name
   kTaken,   // another record has the new name
   kFixed,   // the name is mandatory: layer 0, the standard styles ...
   kSpace,   // model space or a layout

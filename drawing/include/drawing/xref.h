@@ -25,7 +25,7 @@ enum class XrefStatus : std::uint8_t {
   kNotLoaded,   // loading has not been attempted
   kLoaded,      // xrefDatabase() returns its drawing
   kUnloaded,    // unloaded by the user
-  kNotFound,    // there is no such file
+  kNotFound,    // the file does not exist
   kRefused,     // the file is not a drawing that can be read, or there are too many
   kCycle,       // its drawing refers back to one that is being loaded
   kNotFollowed, // an overlay in a drawing that is an external reference itself

@@ -16,10 +16,10 @@
 
 namespace mvsi {
 
-// A drawing that is open, with what the host keeps beside it.
+// An open drawing with its state in the host.
 class MORVANE_API MvsiApDocument : public OdRxObject {
 public:
-  // Numbers that stand in saved settings and scripts; the even ones of a pair are DWG, the odd ones DXF.
+  // Formats of files. The numbers are stored in settings and scripts; even ones of a pair are DWG, odd ones DXF.
   enum SaveFormat : int {
     kUnknownFormat = 0,
     kR12Dxf = 1,
@@ -36,24 +36,25 @@ public:
     kNewestDxf = 61
   };
 
+  // `database` must not be null; the document keeps it open.
   MvsiApDocument(OdDbDatabasePtr database, const OdString& fileName);
   ~MvsiApDocument() override;
 
   OdDbDatabase* database() const { return database_.get(); } // never null
-  // As drawings spell paths; empty for a drawing without a file.
+  // Path with backslashes as in drawings; empty for a drawing without a file.
   const OdString& fileName() const { return fileName_; }
   void setFileName(const OdString& fileName) { fileName_ = fileName; }
-  // The definition that is open in the block editor of this document, and its present name; null and empty when none
-  // is. Its contents are the current space while it is open. One that is erased is closed until undo brings it back.
+  // The definition that is open in the block editor of this document, and its present name; null and empty if none is.
+  // Its contents are the current space while it is open. It counts as closed while it is erased.
   OdDbObjectId blockEditorId() const;
   OdString blockEditorName() const;
-  // Opens the definition of that name, or closes the editor for the empty and for an unknown name.
+  // Opens the definition of that name; closes the editor for an empty or unknown name.
   void setBlockEditorName(const OdString& name);
-  // Changed since it was opened or markSaved was called.
+  // Whether the drawing was changed since the document was created or markSaved was called.
   bool isModified() const;
   void markSaved();
-  std::uint64_t refreshCount() const { return refreshCount_; } // how often its views were drawn anew
-  // What could not be loaded of its external references; notes only.
+  std::uint64_t refreshCount() const { return refreshCount_; } // number of times that its views were redrawn
+  // Report of loading its external references; notes only.
   const drawing::Report& xrefReport() const { return xrefReport_; }
 
 private:
@@ -68,20 +69,22 @@ private:
 
 using MvsiApDocumentPtr = OdSmartPtr<MvsiApDocument>;
 
-// The database that commands work on: the current document's unless they were set apart. Null when there is none.
+// The database that commands work on: that of the current document unless another one is set. Null if there is none,
+// and without a host. The caller does not own it.
 MORVANE_API OdDbDatabase* mvsidbWorkingDatabase();
-// Sets another working database, or none; the current document's own, or a change of the current document, brings them
-// together again.
+// Sets another working database, or none (null), until the current document changes or its own database is set; the
+// host keeps it open. RTNORM, or RTERROR without a host.
 MORVANE_API int mvsidbSetWorkingDatabase(OdDbDatabase* database);
-// The document of that database; null when it is not open.
+// The document of that database, owned by the host; null if it is not open, and without a host.
 MORVANE_API MvsiApDocument* gsiGetApDocFromDb(const OdDbDatabase* database);
 
-// The UCS of the drawing as a matrix from the UCS to the world. RTERROR for null.
+// The user coordinate system (UCS) of the drawing as a matrix from UCS to world coordinates. RTERROR for null.
 MORVANE_API int mvsidbUcsMatrix(OdGeMatrix3d& matrix, OdDbDatabase* database);
-// RTREJ for axes that are not of unit length and at right angles.
+// Sets the UCS. RTERROR for null, RTREJ for axes that do not have unit length or are not perpendicular.
 MORVANE_API int mvsidbSetUcsMatrix(const OdGeMatrix3d& matrix, OdDbDatabase* database);
-// A point, or a vector when `vector`, between the UCS of the working database and the world. `in` may be `out`.
-// RTERROR without a working database or for numbers that are not finite; `out` is then left alone.
+// Convert a point, or a vector if `vector` is true, between UCS and world coordinates of the working database. Pointers
+// are to 3 numbers; `in` may be `out`. RTERROR, and `out` unchanged, without a working database and for numbers that
+// are not finite.
 MORVANE_API int mvsidbUcs2Wcs(const double* in, double* out, bool vector);
 MORVANE_API int mvsidbUcs2Wcs(const OdGePoint3d& in, OdGePoint3d& out, bool vector);
 MORVANE_API int mvsidbWcs2Ucs(const double* in, double* out, bool vector);
@@ -92,39 +95,45 @@ namespace morvane {
 
 class PathMap;
 
-// The documents of a host. They are owned here; a closed one lives on while somebody holds a pointer to it.
+// The documents of a host, which owns them; a closed document exists while a counted pointer refers to it.
 class MORVANE_API Documents {
 public:
   using Refresher = std::function<void(mvsi::MvsiApDocument&)>;
   using CurrentChanged = std::function<void(mvsi::MvsiApDocument*)>;
   using XrefLoader = std::function<drawing::Report(OdDbDatabase&)>;
 
-  // Opens the drawing as the current document, and the drawings that it refers to beside it. Null for a null database.
+  // Opens the drawing as the current document and loads its external references. Null for a null database.
   mvsi::MvsiApDocument* open(OdDbDatabasePtr database, const OdString& fileName = OdString());
-  // The document before it in the list, else the next, becomes current. False when it is not open.
+  // Closes a document; if it was current, the one before it in the list, else the next, becomes current. False if it is
+  // not open.
   bool close(mvsi::MvsiApDocument* document);
-  mvsi::MvsiApDocument* current() const { return current_; }                     // null when none is open
-  bool setCurrent(mvsi::MvsiApDocument* document);                               // false when it is not open
+  mvsi::MvsiApDocument* current() const { return current_; }                     // null if none is open
+  bool setCurrent(mvsi::MvsiApDocument* document);                               // false if it is not open
   const std::vector<mvsi::MvsiApDocumentPtr>& all() const { return documents_; } // in order of opening
+  // The document of a database, or of a file: by any path that leads to it, case does not matter. Null if there is
+  // none, and for an empty name.
   mvsi::MvsiApDocument* find(const OdDbDatabase* database) const;
-  // The document of that file, by whatever path it is named; without regard to case. Null for the empty name.
   mvsi::MvsiApDocument* findFile(const PathMap& paths, const OdString& fileName) const;
 
+  // See mvsidbWorkingDatabase.
   OdDbDatabase* workingDatabase() const;
   void setWorkingDatabase(OdDbDatabase* database);
 
-  // Draws a document's views anew; nothing to do when empty.
+  // Redraws the views of a document through the function that was set, if any; false for null.
   void setRefresher(Refresher refresher) { refresher_ = std::move(refresher); }
   bool refresh(mvsi::MvsiApDocument* document);
-  // Draws the space that the document shows, all of it, into a picture as large as the rectangle. False, and the image
-  // left alone, for a document that is not open, a rectangle without area and one of more than 30000 pixels a side.
+  // Draws the space that the document displays, all of it, into an image of the size of the rectangle. False, and the
+  // image unchanged, for a document that is not open, a rectangle without area and one of more than 30000 pixels per
+  // side.
   bool drawOffScreen(const mvsi::MvsiApDocument* document, const mvsi::MvsiDeviceRect& rectangle,
                      mvsi::MvsiImage& image) const;
+  // Called with the new current document, which may be null.
   void setCurrentChanged(CurrentChanged changed) { changed_ = std::move(changed); }
 
-  // Loads the external references of a drawing; empty: they stay as they are.
+  // Loads the external references of a drawing; empty: they are not loaded. loadXrefs loads them again, after files
+  // have changed.
   void setXrefLoader(XrefLoader loader) { loadXrefs_ = std::move(loader); }
-  void loadXrefs(mvsi::MvsiApDocument& document); // again, when files have changed
+  void loadXrefs(mvsi::MvsiApDocument& document);
 
 private:
   void makeCurrent(mvsi::MvsiApDocument* document);

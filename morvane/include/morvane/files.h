@@ -1,4 +1,5 @@
-// Files: paths as drawings spell them, the search path, and the safe replacement of a file.
+// Files: paths of drawings, the search path, and safe replacement of a file. Paths of drawings have backslashes and
+// drive letters; paths of the system are bytes, UTF-8 as a rule.
 #pragma once
 
 #include "OdString.h"
@@ -13,39 +14,40 @@
 
 namespace morvane {
 
-// Replaces the file at `path` by these bytes as a whole: after a failure the old file is untouched. The answer is
-// empty, or the reason of the failure. Paths and reasons are UTF-8.
+// Replaces the file at `path` by these bytes: after a failure the old file is unchanged. Returns an empty text, or the
+// reason of the failure. Paths and reasons are UTF-8.
 using ReplaceFile = std::function<std::string(const std::string& path, std::string_view bytes)>;
 
-// As drawings are saved (drawing::replaceFile). A new file may be read by its owner only.
+// Replaces a file as drawings are saved (drawing::replaceFile). A new file may be read by its owner only.
 MORVANE_API std::string replaceFileSafely(const std::string& path, std::string_view bytes);
 
-// Drawings speak backslashes and drive letters; this is the only place that turns them into paths of this system.
+// Converts between paths of drawings and of the system; nothing else does.
 class MORVANE_API PathMap {
 public:
-  // The folder that stands behind a drive letter; a drive without one is the root folder. False when it is no letter.
+  // Sets the folder of a drive letter; a drive without one is the root folder. False if it is not a letter.
   bool setDrive(wchar_t letter, std::string folder);
 
-  // The path for file operations. Bytes that are no UTF-8 survive the way out and back.
+  // System path of a drawing path. Bytes that are not UTF-8 are preserved in both directions.
   std::string toSystem(const OdString& path) const;
-  // The same file as drawings spell it: below a drive's folder with the letter (the deepest folder wins), else from the
-  // root or relative.
+  // Drawing path of a system path: with a drive letter below the folder of a drive (the deepest folder applies), else
+  // absolute without a letter or relative.
   OdString toDrawing(const std::string& path) const;
 
 private:
   std::map<wchar_t, std::string> drives_;
 };
 
-// Where files are looked for that are named without their folder.
+// Folders in which files without a folder are searched.
 class MORVANE_API SearchPath {
 public:
+  // The folders in order, as system paths.
   void setFolders(std::vector<std::string> folders) { folders_ = std::move(folders); }
   const std::vector<std::string>& folders() const { return folders_; }
-  // Looked in first; empty when the current drawing has no file.
+  // Folder of the current drawing, which is searched first; empty if it has no file.
   void setDrawingFolder(std::string folder) { drawingFolder_ = std::move(folder); }
 
-  // The full path of an ordinary file as drawings spell it: as named, else in the drawing's folder, else in the folders
-  // in their order. Nothing for an empty name or when there is no such file.
+  // Full drawing path of an ordinary file: as named, else in the folder of the drawing, else in the folders in their
+  // order. No value for an empty name and if the file does not exist.
   std::optional<OdString> find(const PathMap& paths, const OdString& name) const;
 
 private:
@@ -55,6 +57,6 @@ private:
 
 } // namespace morvane
 
-// Paths in UTF-8 as drawings spell them, mapped by the current host.
-MORVANE_API bool mvutIsExistFile(const char* path); // an ordinary file is there
+// Whether there is an ordinary file, or a folder, at a drawing path in UTF-8; false without a host.
+MORVANE_API bool mvutIsExistFile(const char* path);
 MORVANE_API bool isDir(const char* path);

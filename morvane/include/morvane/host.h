@@ -1,5 +1,6 @@
-// The host in process. One object owns everything; while it is installed the free functions of the host reach it.
-// Nothing else in the host outlives it. All calls are made on the command thread.
+// The host in process. One object owns everything; while it is installed, the free functions of the host use it.
+// Nothing else in the host outlives it. All functions of all headers of the host are called on one thread, the command
+// thread.
 #pragma once
 
 #include "RxObject.h"
@@ -26,50 +27,56 @@
 
 namespace morvane {
 
+// Options of a host.
 struct HostOptions {
   std::string configFile;            // UTF-8; empty: defaultConfigFile()
-  bool keepsConfig = true;           // false: the configuration starts empty and stays in memory
-  ReplaceFile replaceFile;           // how files are saved; empty: replaceFileSafely
-  drawing::ReadOptions reading = {}; // of drawings that others refer to, or that commands bring in
+  bool keepsConfig = true;           // false: the configuration is empty at first and in memory only
+  ReplaceFile replaceFile;           // saves files; empty: replaceFileSafely
+  drawing::ReadOptions reading = {}; // for external references and for drawings that commands read
 };
 
-// Services by name.
+// Services by name; names are case-sensitive.
 class MORVANE_API ServiceDictionary {
 public:
-  OdRxObjectPtr find(const OdString& name) const; // null when there is none
+  OdRxObjectPtr find(const OdString& name) const; // null if there is none
+  // Adds or replaces a service, to which the dictionary holds a reference; false for an empty name and a null service.
   bool add(const OdString& name, OdRxObject* service);
-  bool remove(const OdString& name);
+  bool remove(const OdString& name); // false if there was none
 
 private:
   std::map<OdString, OdRxObjectPtr> services_;
 };
 
-// Every host call asks here first. A test may make a call fail; the call then answers as it does on any failure.
+// Decides whether a call of the host succeeds. Tests make calls fail; a call then returns its error.
 class MORVANE_API CallGate {
 public:
   using Admit = std::function<bool(const char* operation)>;
-  void setAdmit(Admit admit) { admit_ = std::move(admit); } // empty: all pass
-  bool pass(const char* operation) { return !admit_ || admit_(operation); }
+  void setAdmit(Admit admit) { admit_ = std::move(admit); }                 // empty: all calls pass
+  bool pass(const char* operation) { return !admit_ || admit_(operation); } // whether a call of that name passes
 
 private:
   Admit admit_;
 };
 
+// The host.
 class MORVANE_API Host {
 public:
+  // Creates a host with its own services; it is not installed. Reads the configuration.
   explicit Host(HostOptions options = {});
-  // Uninstalls itself, and saves the configuration when it was changed.
+  // Uninstalls the host and saves the configuration if it was changed; a failure is logged.
   ~Host();
   Host(const Host&) = delete;
   Host& operator=(const Host&) = delete;
 
   // The installed host, or null.
   static Host* current();
-  // Makes this the current host; the one before is current again after this one is uninstalled.
+  // Makes this the current host until it is uninstalled; the previous one is current again then. Hosts may be
+  // uninstalled in any order; repeated calls have no effect.
   void install();
   void uninstall();
 
-  // The dictionary starts with the host's own services in it.
+  // Parts of the host, owned by it. The dictionary contains the host's own services at first; reading() are the limits
+  // and the encoding for drawings that commands read.
   ServiceDictionary& services();
   CallGate& calls();
   Output& output();
@@ -78,7 +85,7 @@ public:
   InputEngine& input();
   VariableStore& variables();
   UserConfig& config();
-  const drawing::ReadOptions& reading() const; // limits and encoding for drawings that commands bring in
+  const drawing::ReadOptions& reading() const;
   PathMap& paths();
   SearchPath& searchPath();
   Documents& documents();
@@ -93,7 +100,7 @@ private:
   bool installed_ = false;
 };
 
-// The current host when there is one and its gate lets the operation pass, else null.
+// The current host if there is one and its gate lets the operation pass, else null.
 MORVANE_API Host* admitCall(const char* operation);
 
 } // namespace morvane

@@ -1,4 +1,4 @@
-// The host's free functions, all in one include.
+// The free functions of the host in one header.
 #pragma once
 
 #include "OdArray.h"
@@ -18,24 +18,25 @@
 
 namespace mvsi {
 
-// The keyword or text behind the latest RTKEYWORD, cut to `capacity` characters with the zero.
+// The keyword or text of the latest RTKEYWORD, truncated to `capacity` characters including the zero. RTNORM, or
+// RTERROR for a null buffer, a capacity below 1 and without a host.
 MORVANE_API int mvsiedGetInput(wchar_t* result, int capacity);
 
 } // namespace mvsi
 
 namespace qzutads {
 
-// True while answers come from a script.
+// Whether user input is read from a script.
 MORVANE_API bool isCalledByScript();
-// The extension with its dot, as it is spelled; empty when the last part of the path has none or ends with a dot.
+// Extension with its dot, unchanged; empty if the last part of the path has none or ends with a dot.
 MORVANE_API OdString getPathFileExtName(const OdString& path);
 
-// Whether a file may be written under the name that the user typed, `fileName`; `filePath` stands in for it when it has
-// text as well. 0: yes, and both are then its full path, with backslashes. 1: nothing typed, or "~", which asks for a
-// file dialog. 2 forbidden characters, 3 no such folder, 4 the name of a folder: no, for the reason in `message`;
-// -5001: the host gave out. The names are left alone unless it is 0. A name without a folder lies in
-// `defaultFolder`; without that, and with a folder that has no root, it starts at the folder of the current drawing.
-// Extensions are neither asked for nor added; `extensions` are those of the dialog.
+// Checks a file name that the user entered, `fileName`, for writing; `filePath` is used instead if it is not empty as
+// well. Returns 0: valid, and both are then its full path with backslashes. 1: nothing entered, or "~", which requests
+// a file dialog. 2: forbidden characters, 3: no such folder, 4: the name of a folder, each with the reason in
+// `message`. -5001: the host failed. The names are unchanged unless it is 0. A name without a folder is in
+// `defaultFolder`; without that, and with a relative folder, it is relative to the folder of the current drawing.
+// Extensions are neither required nor added; `extensions` are those of the dialog.
 MORVANE_API int MvEdCheckFileName2(OdString& fileName, OdString& filePath, const OdArray<OdString>& extensions,
                                    const OdString& defaultFolder, OdString& message);
 

@@ -1,4 +1,4 @@
-// The log. The higher a level the weightier the record; records below the set level are not wanted.
+// The log. Records of a higher level are more important; those below the level of the log are not written.
 #pragma once
 
 #include "morvane/export.h"
@@ -6,14 +6,17 @@
 #include <memory>
 #include <string>
 
-// Writes a record when its level is not below mrvn_log_level(); nothing without a host. Texts are UTF-8.
+// Writes a record if its level is not below mrvn_log_level(); no effect without a host. Texts are UTF-8; null is empty.
 MORVANE_API void mv_Log(int level, int line, const char* function, const char* text);
+// Level of the current host's log; kDefaultLogLevel without a host.
 MORVANE_API int mrvn_log_level();
 
 namespace morvane {
 
+// Level of a new log.
 inline constexpr int kDefaultLogLevel = 6;
 
+// A record: level, source line and function, text.
 struct LogRecord {
   int level = 0;
   int line = 0;
@@ -21,20 +24,25 @@ struct LogRecord {
   std::string text;
 };
 
+// Receives the records of a log.
 class MORVANE_API LogSink {
 public:
   virtual ~LogSink();
-  virtual void write(const LogRecord& record) = 0;
+  virtual void write(const LogRecord& record) = 0; // called for records that are not below the level
 };
 
+// A log.
 class MORVANE_API Log {
 public:
-  Log();
+  Log(); // writes to standard error
+  // Lowest level that is written.
   int level() const { return level_; }
   void setLevel(int level) { level_ = level; }
-  void setSink(std::shared_ptr<LogSink> sink); // null: standard error
-  bool setFile(const std::string& path);       // appends; false when the file does not open, the sink is then kept
-  void write(const LogRecord& record);
+  // Where records are written: null: standard error; a file, to which they are appended: false, and nothing changed, if
+  // it does not open.
+  void setSink(std::shared_ptr<LogSink> sink);
+  bool setFile(const std::string& path);
+  void write(const LogRecord& record); // writes a record unless it is below the level
 
 private:
   int level_ = kDefaultLogLevel;

@@ -10,11 +10,11 @@
 
 namespace mvsi {
 
-// The plain box: text first, then the caption. RTNORM when it was shown.
+// Shows a box without buttons of its own: text first, then the caption. RTNORM, or RTERROR without a host.
 MORVANE_API int mvuiMessageBox(const wchar_t* text, const wchar_t* caption, unsigned flags);
-// The box with its own buttons: caption first, then the body. `buttons` holds the labels under "btnText/0", "btnText/1"
-// ... The answer is an object with the index of the pressed button under "ControlBtn", and without it when the box was
-// closed without a choice; null when no box was shown. The numbers are style marks, handed on to whoever draws the box.
+// Shows a box with buttons: caption first, then the body. `buttons` has the labels under "btnText/0", "btnText/1" ...
+// Returns an object with the index of the pressed button under "ControlBtn", or without it if the box was closed
+// without a choice; null if no box was shown. The numbers are style flags for the function that displays the box.
 MORVANE_API MvJsonPtr mvuiMessageBoxEx(const wchar_t* caption, const wchar_t* body, const MvJsonPtr& buttons,
                                        unsigned style, unsigned short kind, short extra);
 
@@ -22,12 +22,13 @@ MORVANE_API MvJsonPtr mvuiMessageBoxEx(const wchar_t* caption, const wchar_t* bo
 
 namespace morvane {
 
+// Contents of a box.
 struct MessageBox {
   OdString caption;
   OdString body;
-  std::vector<OdString> buttons; // labels as given, with '&' before the letter that presses them
-  unsigned flags = 0;            // of a plain box
-  // Style marks of a box with its own buttons. The command line has no use for them.
+  std::vector<OdString> buttons; // labels with '&' before their access key
+  unsigned flags = 0;            // for a box without buttons of its own
+  // Style flags of a box with buttons. The command line ignores them.
   unsigned style = 0;
   unsigned short kind = 0;
   short extra = 0;
@@ -35,29 +36,33 @@ struct MessageBox {
 
 class Host;
 
-// Shows boxes: on the command line, unless somebody else was set to do it. There a wrong answer is told and the
-// question asked again; in a script it closes the box, since what comes next was not meant for it.
+// Displays boxes on the command line, or through a function. On the command line a wrong answer is reported and the
+// question repeated; in a script it closes the box, as the next answer was not intended for it.
 class MORVANE_API MessageBoxes {
 public:
+  // Result of a box that was closed without a choice, and the function that displays a box: it returns the index of the
+  // pressed button or kClosed.
   static constexpr int kClosed = -1;
-  using Show = std::function<int(const MessageBox&)>; // the index of the pressed button, or kClosed
+  using Show = std::function<int(const MessageBox&)>;
 
-  explicit MessageBoxes(Host& host) : host_(host) {}
-  void setShow(Show show) { show_ = std::move(show); } // empty: the command line
+  explicit MessageBoxes(Host& host) : host_(host) {} // uses the command line of the host, which must outlive it
+  // Displays a box through the function that was set (empty: on the command line) and returns its result.
+  void setShow(Show show) { show_ = std::move(show); }
   int show(const MessageBox& box);
 
-  // Told of every box once it is closed, with the pressed button or kClosed.
+  // Called for each box after it is closed, with the pressed button or kClosed.
   using Watch = std::function<void(const MessageBox&, int pressed)>;
   void setWatch(Watch watch) { watch_ = std::move(watch); }
-  // Where nobody answers, questions are shown on the command line and closed without a choice.
+  // Whether questions on the command line are answered by a user; otherwise they are printed and closed without a
+  // choice.
   void setInteractive(bool interactive) { interactive_ = interactive; }
   bool asks() const { return interactive_; }
-  static bool isQuestion(const MessageBox& box) { return box.buttons.size() > 1; }
+  static bool isQuestion(const MessageBox& box) { return box.buttons.size() > 1; } // whether there is a choice
 
-  // For its lifetime boxes are put into `seen` and closed, unshown and untold.
+  // While it exists, boxes are stored in `seen` and closed without being displayed or reported to the watch function.
   class MORVANE_API Reader {
   public:
-    Reader(MessageBoxes& boxes, MessageBox& seen);
+    Reader(MessageBoxes& boxes, MessageBox& seen); // both must outlive it
     ~Reader();
     Reader(const Reader&) = delete;
     Reader& operator=(const Reader&) = delete;
@@ -77,8 +82,8 @@ private:
   bool interactive_ = true;
 };
 
-// The button that an answer presses: its number from 1, its letter, or its label without mark and letter, ignoring
-// case. kClosed for any other text.
+// Index of the button that an answer selects: its number from 1, its access key, or its label without '&' and key,
+// ignoring case. kClosed for other text.
 MORVANE_API int buttonOf(const std::vector<OdString>& labels, const OdString& answer);
 
 } // namespace morvane

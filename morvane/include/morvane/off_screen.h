@@ -1,4 +1,4 @@
-// Pictures of what a document shows, drawn without a window.
+// Images of a document that are drawn without a window.
 #pragma once
 
 #include <cstdint>
@@ -6,12 +6,12 @@
 
 namespace mvsi {
 
-// In device units, which are pixels. Either corner may be the lower one.
+// A rectangle in pixels. Either corner may be the lower one.
 struct MvsiDeviceRect {
   long left = 0, bottom = 0, right = 0, top = 0;
 };
 
-// Rows from the top, one behind the other without gaps. A pixel is red, green and blue, with 32 bits alpha behind.
+// An image: rows from the top without gaps. A pixel is red, green and blue, with 32 bits followed by alpha.
 struct MvsiImage {
   int width = 0, height = 0;
   int bitsPerPixel = 32; // or 24

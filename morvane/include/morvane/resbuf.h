@@ -1,10 +1,10 @@
-// The tagged value record in which system variables travel.
+// The tagged value in which system variables are passed.
 #pragma once
 
 #include "OdString.h"
 
-// `restype` names the one member that holds the value (result_codes.h); the others keep their defaults.
-// The record owns its text.
+// `restype` states which member has the value (result_codes.h); the others have their defaults. The record owns its
+// text.
 struct mvsiresbuf {
   short groupCode = 0;
   short rint = 0;

@@ -1,6 +1,7 @@
 // Names of entities and selection sets, the sets themselves, and the selection made before a command.
 //
-// A name is two values: what it names and which kind of name it is, so that an entity is never taken for a set.
+// A name is two values: the number of what it names and the kind of name, so that an entity is never mistaken for a
+// set. {0, 0} is the empty name.
 #pragma once
 
 #include "DbObjectId.h"
@@ -12,20 +13,22 @@
 
 namespace mvsi {
 
-// 0 on success. RTERROR, and a null id, for {0, 0}, for the name of a set, and for an object whose drawing is gone.
+// Id of an entity name. 0 on success; RTERROR and a null id for the empty name, the name of a set, an object whose
+// drawing is closed, and without a host.
 MORVANE_API int mvsidbGetObjectId(OdDbObjectId& id, const long* name);
-// 0 on success. RTERROR, and the name as it was, for an id that is not valid.
+// Entity name of an id. 0 on success; RTERROR, and the name unchanged, for an id that is not valid and without a host.
 MORVANE_API int mvsidbGetAdsName(long* name, const OdDbObjectId& id);
 
-// What was selected before the command.
+// The selection that was made before a command.
 class MORVANE_API RxSelectSet {
 public:
-  // Takes what is left of the pick-first selection in the current drawing. 0 when that is something, else RTERROR.
-  // There is no filter but none.
+  // Copies the members of the pick-first selection that are in the current drawing and not erased. 0, or RTERROR if
+  // there are none, without a document and without a host. The filter is ignored.
   int impliedSelect(const void* filter = nullptr);
-  // Appends the members that are not erased.
+  // Appends the members that are not erased. 0, or RTERROR without a host.
   int asIdArray(OdDbObjectIdArray& ids) const;
-  // Highlights the member at that index, or all for -1, or takes the highlight away, and has the views drawn anew.
+  // Switches the highlight of the member at that index, or of all for -1, on or off and redraws the views. 0, or
+  // RTERROR for an index outside and without a host.
   int hilight(bool on, int index) const;
 
 private:
@@ -36,20 +39,21 @@ private:
 
 namespace morvane {
 
-// The selection sets of a host. Every operation answers a host result code; a name that is not that of a living set is
-// RTERROR, {0, 0} included.
+// The selection sets of a host. Every operation returns RTNORM, or RTERROR for a name that is not that of an existing
+// set and for null results.
 class MORVANE_API SelectionSets {
 public:
-  // What becomes pick-first is highlighted, what no longer is loses its highlight. The host keeps no grips.
+  // Makes the members of a set the pick-first selection, which is highlighted; null or empty: no selection. Grips must
+  // be null, empty or a set, and are otherwise ignored.
   int setFirst(const long* pickFirst, const long* grips);
-  int free(const long* set);
-  int length(const long* set, int* count) const;
-  // Adds an entity, or the members of another set, each once. An empty set name makes a new set. RTREJ for objects that
-  // are no entities.
+  int free(const long* set);                     // deletes a set; its name stays invalid
+  int length(const long* set, int* count) const; // number of members, erased ones included
+  // Adds an entity, or the members of another set, without duplicates. An empty set name creates a set. `result`
+  // receives the name of the set and may be `set`. RTREJ for an object that is not an entity.
   int add(const long* member, const long* set, long* result);
-  int memberAt(const long* set, int index, long* member) const;
+  int memberAt(const long* set, int index, long* member) const; // entity name of a member; RTERROR for an index outside
 
-  const std::vector<OdDbObjectId>& pickFirst() const { return pickFirst_; }
+  const std::vector<OdDbObjectId>& pickFirst() const { return pickFirst_; } // the selection, erased objects included
 
 private:
   struct Set {
@@ -59,7 +63,7 @@ private:
   const Set* find(const long* name) const;
   std::map<long, Set> sets_;
   std::vector<OdDbObjectId> pickFirst_;
-  long lastNumber_ = 0; // numbers are not used twice, so a freed name stays dead
+  long lastNumber_ = 0; // numbers are not reused, so the name of a deleted set stays invalid
 };
 
 } // namespace morvane

@@ -1,4 +1,4 @@
-// System variables: one store behind every way of reading them.
+// System variables: one store for all ways of reading them.
 #pragma once
 
 #include "OdString.h"
@@ -17,37 +17,38 @@ namespace morvane {
 
 using VariablePoint2d = std::array<double, 2>;
 using VariablePoint3d = std::array<double, 3>;
-// The kinds in which a variable travels; a variable keeps its kind.
+// Kinds of values; a variable keeps its kind.
 using VariableValue = std::variant<std::int16_t, std::int32_t, double, OdString, VariablePoint2d, VariablePoint3d>;
 
-// Nothing for a record of an unknown type code or a number that is not finite.
+// Conversion from and to a tagged value. No value for an unknown type code and a number that is not finite.
 MORVANE_API std::optional<VariableValue> variableFromRecord(const mvsiresbuf& record);
 MORVANE_API mvsiresbuf recordFromVariable(const VariableValue& value);
 
-// The variables that live in a drawing's header (INSUNITS, CLAYER ...). Names come in capitals.
+// Variables that are stored in the header of a drawing (INSUNITS, CLAYER ...). Names are passed in capitals.
 class MORVANE_API DrawingVariables {
 public:
   virtual ~DrawingVariables();
-  // Nothing for a name that this drawing does not hold.
+  // No value for a name that the drawing does not have.
   virtual std::optional<VariableValue> get(std::wstring_view name) const = 0;
-  // RTNORM, or RTREJ for a value that the header refuses. Called only for names that get() answers, with a value of the
-  // same kind.
+  // RTNORM, or RTREJ for a value that the header does not accept. Called only for names that get() knows, with a value
+  // of the same kind.
   virtual int set(std::wstring_view name, const VariableValue& value) = 0;
 };
 
-// Variables of the host, and through it those of the current drawing. A name that the drawing holds is the drawing's;
-// the host's value of that name serves while no drawing is open. Names are compared without regard to case.
+// Variables of the host and of the current drawing. A variable that the drawing has is that of the drawing; the value
+// of the host is used if no drawing is open. Case of names does not matter.
 class MORVANE_API VariableStore {
 public:
-  VariableStore();
+  VariableStore(); // with the variables of the host
 
-  // Asks for the current drawing's variables at every use; null when there is none.
+  // Function that returns the variables of the current drawing, called at every use; null if there is none.
   void setDrawing(std::function<DrawingVariables*()> drawing) { drawing_ = std::move(drawing); }
 
-  std::optional<VariableValue> get(std::wstring_view name) const; // nothing for an unknown name
-  // RTERROR unknown, RTREJ read-only, of another kind or out of range, RTNORM set.
+  std::optional<VariableValue> get(std::wstring_view name) const; // no value for an unknown name
+  // Sets a variable: RTNORM; RTERROR if it is unknown; RTREJ if it is read-only or the value has another kind or is out
+  // of range.
   int set(std::wstring_view name, const VariableValue& value);
-  // For the host's own parts: also writes what is read-only to others.
+  // Sets a variable of the host, also a read-only one, without checks; for the host itself.
   void setOwn(std::wstring_view name, VariableValue value);
 
 private:
@@ -64,8 +65,9 @@ private:
 
 namespace mvsi {
 
-// RTNORM, RTERROR for an unknown name or without a host, RTREJ for a variable of another kind or, in setVar, one that
-// is read-only or a value out of range. `quiet` false also tells the user about an unknown name.
+// Read and set variables. RTNORM; RTERROR for an unknown name and without a host; RTREJ for a variable of another kind
+// and, in setVar, for a read-only variable and a value out of range. With `quiet` false an unknown name is also
+// reported to the user.
 MORVANE_API int getVar(const wchar_t* name, short& value);
 MORVANE_API int getVar(const wchar_t* name, OdString& value, bool quiet);
 MORVANE_API int setVar(const wchar_t* name, const OdString& value, bool quiet);

@@ -134,7 +134,8 @@ public:
   void writeTo(GroupSink& sink, std::size_t first, std::size_t count) const;
   void writeTo(GroupSink& sink) const { writeTo(sink, 0, size()); }
 
-  std::size_t memory() const { return groups_.capacity() * sizeof(Group) + text_.capacity(); } // bytes in use
+  // Bytes in use.
+  std::size_t memory() const { return groups_.capacity() * sizeof(Group) + text_.capacity(); }
 
 private:
   void addText(int code, GroupKind kind, std::string_view text);
