@@ -241,8 +241,22 @@ void OdDbBlockReference::afterClone(const OdDbObject& source, OdDbIdMapping& map
   dropLostSubEntities();
 }
 
-MVDRAWING_SETTER(OdDbMInsertBlock, setColumns, std::int16_t, columns_)
-MVDRAWING_SETTER(OdDbMInsertBlock, setRows, std::int16_t, rows_)
+OdResult OdDbMInsertBlock::setColumns(std::int16_t count) {
+  if (count < 1)
+    return eInvalidInput;
+  assertWriteEnabled();
+  columns_ = count;
+  return eOk;
+}
+
+OdResult OdDbMInsertBlock::setRows(std::int16_t count) {
+  if (count < 1)
+    return eInvalidInput;
+  assertWriteEnabled();
+  rows_ = count;
+  return eOk;
+}
+
 MVDRAWING_SETTER(OdDbMInsertBlock, setColumnSpacing, double, columnSpacing_)
 MVDRAWING_SETTER(OdDbMInsertBlock, setRowSpacing, double, rowSpacing_)
 

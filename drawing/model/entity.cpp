@@ -37,10 +37,9 @@ OdString OdDbEntity::layer() const {
   return name.isEmpty() ? OdString(L"0") : name;
 }
 
-OdResult OdDbEntity::setLayer(OdDbObjectId layer) {
+void OdDbEntity::setLayer(OdDbObjectId layer) {
   assertWriteEnabled();
   layer_ = layer;
-  return eOk;
 }
 
 OdResult OdDbEntity::setLayer(const OdString& name) {
@@ -48,30 +47,30 @@ OdResult OdDbEntity::setLayer(const OdString& name) {
   if (drawing == nullptr)
     return eNoDatabase;
   const OdDbObjectId layer = drawing->symbol(OdDb::kLayerTable, name);
-  return layer.isNull() ? eKeyNotFound : setLayer(layer);
-}
-
-OdResult OdDbEntity::setLinetype(OdDbObjectId linetype) {
-  assertWriteEnabled();
-  linetype_ = linetype;
+  if (layer.isNull())
+    return eKeyNotFound;
+  setLayer(layer);
   return eOk;
 }
 
-OdResult OdDbEntity::setColor(const OdCmColor& color) {
+void OdDbEntity::setLinetype(OdDbObjectId linetype) {
+  assertWriteEnabled();
+  linetype_ = linetype;
+}
+
+void OdDbEntity::setColor(const OdCmColor& color) {
   assertWriteEnabled();
   color_ = color.index;
   trueColor_ = color.trueColor;
-  return eOk;
 }
 
-OdResult OdDbEntity::setColorIndex(std::int16_t index) {
-  return setColor({index, OdCmColor::kNoTrueColor});
+void OdDbEntity::setColorIndex(std::int16_t index) {
+  setColor({index, OdCmColor::kNoTrueColor});
 }
 
-OdResult OdDbEntity::setLineWeight(std::int16_t weight) {
+void OdDbEntity::setLineWeight(std::int16_t weight) {
   assertWriteEnabled();
   lineWeight_ = weight;
-  return eOk;
 }
 
 OdResult OdDbEntity::setLinetypeScale(double scale) {
@@ -82,10 +81,9 @@ OdResult OdDbEntity::setLinetypeScale(double scale) {
   return eOk;
 }
 
-OdResult OdDbEntity::setInvisible(bool invisible) {
+void OdDbEntity::setInvisible(bool invisible) {
   assertWriteEnabled();
   invisible_ = invisible ? 1 : 0;
-  return eOk;
 }
 
 void OdDbEntity::setPropertiesFrom(const OdDbEntity& other) {

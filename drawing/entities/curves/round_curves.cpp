@@ -49,13 +49,20 @@ const drawing::Description& OdDbEllipse::ownDescription() {
 
 MVDRAWING_SETTER_OCS(OdDbRoundCurve, setCenter, center_)
 MVDRAWING_SETTER(OdDbRoundCurve, setNormal, const OdGeVector3d&, normal_)
-MVDRAWING_SETTER(OdDbRoundCurve, setRadius, double, radius_)
 MVDRAWING_SETTER(OdDbRoundCurve, setThickness, double, thickness_)
 MVDRAWING_SETTER(OdDbArc, setStartAngle, double, startAngle_)
 MVDRAWING_SETTER(OdDbArc, setEndAngle, double, endAngle_)
 MVDRAWING_SETTER(OdDbEllipse, setCenter, const OdGePoint3d&, center_)
 MVDRAWING_SETTER(OdDbEllipse, setStartParam, double, startParam_)
 MVDRAWING_SETTER(OdDbEllipse, setEndParam, double, endParam_)
+
+OdResult OdDbRoundCurve::setRadius(double value) {
+  if (!(value >= 0) || !std::isfinite(value))
+    return eInvalidInput;
+  assertWriteEnabled();
+  radius_ = value;
+  return eOk;
+}
 
 OdGePoint3d OdDbRoundCurve::center() const {
   return ocsToWcs(center_, normal_);

@@ -55,7 +55,6 @@ void OdDbText::setAlignmentPoint(const OdGePoint3d& point) {
 
 MVDRAWING_SETTER(OdDbText, setNormal, const OdGeVector3d&, normal_)
 MVDRAWING_SETTER(OdDbText, setTextString, const OdString&, text_)
-MVDRAWING_SETTER(OdDbText, setHeight, double, height_)
 MVDRAWING_SETTER(OdDbText, setRotation, double, rotation_)
 MVDRAWING_SETTER(OdDbText, setWidthFactor, double, widthFactor_)
 MVDRAWING_SETTER(OdDbText, setOblique, double, oblique_)
@@ -63,6 +62,14 @@ MVDRAWING_SETTER(OdDbText, setThickness, double, thickness_)
 MVDRAWING_SETTER(OdDbText, setTextStyle, OdDbObjectId, style_)
 MVDRAWING_SETTER(OdDbText, setHorizontalMode, HorizontalMode, horizontal_)
 MVDRAWING_SETTER(OdDbText, setVerticalMode, VerticalMode, vertical_)
+
+OdResult OdDbText::setHeight(double height) {
+  if (!(height >= 0) || !std::isfinite(height))
+    return eInvalidInput;
+  assertWriteEnabled();
+  height_ = height;
+  return eOk;
+}
 
 void OdDbText::setTextFrom(const OdDbText& other) {
   assertWriteEnabled();
