@@ -1,5 +1,7 @@
 #include "blockcommon/file_paths.h"
 
+#include "blockcommon/box_texts.h"
+
 #include "blockcommon/host/services.h"
 #include "blockcommon/messages.h"
 #include "morvane/host_api.h"
@@ -36,11 +38,11 @@ bool isFilePathLegal(const OdString& path, bool showMessage) {
   OdString trimmed = path;
   trimmed.trimLeft().trimRight();
   if (trimmed.isEmpty() && !path.isEmpty()) {
-    mvsi::mvuiMessageBox(L"输出文件名包含无效字符。", L"Morvane", kInformation);
+    mvsi::mvuiMessageBox(dlgTips::kPathBlank.body, dlgTips::kPathBlank.caption, kInformation);
     return false;
   }
   if (trimmed.getLength() > kLongest) {
-    mvsi::mvuiMessageBox(L"用于指定文件名和文件位置的字符不应超过259个。", L"块 - 文件路径太长", 0);
+    mvsi::mvuiMessageBox(dlgTips::kPathTooLong.body, dlgTips::kPathTooLong.caption, 0);
     return false;
   }
   if (path.find(L'\\') >= 0 && !isDir(path.toUtf8().c_str()))

@@ -99,27 +99,22 @@ OdDbObjectId insertAs(Session& session, const BlockSource& source, const OdStrin
   return block;
 }
 
-bool lastBoxWasClosed(const Session& session) {
-  const auto& transcript = session.transcript();
-  const auto box = std::find_if(transcript.rbegin(), transcript.rend(),
-                                [](const TranscriptEntry& one) { return one.box.has_value(); });
-  return box == transcript.rend() || box->box->pressed == morvane::MessageBoxes::kClosed;
-}
-
 [[noreturn]] void refuseConflict(const BlockSource& source, OdDbObjectId existing) {
   const bool same = drawing::sameDefinition(source.database->getModelSpaceId(), existing);
   refuse(same ? MessageId::kConflictSame : MessageId::kConflictOther,
          {OdString::fromUtf8(source.path), nameOf(existing)});
 }
 
-// The user replaces the definition, keeps it, or gives up.
+// The user replaces the definition, keeps it, or cancels.
 ConflictPolicy promptConflict(Session& session, const BlockSource& source, OdDbObjectId existing) {
-  constexpr int kReplace = 0;
-  if (dlgTips::showBlockRedefineTips(source.name, static_cast<int>(referencesTo(existing))) == kReplace)
+  constexpr int kYes = 0;
+  const int pressed = session.pressedButton(
+      [&] { dlgTips::showBlockRedefineTips(source.name, static_cast<int>(referencesTo(existing))); });
+  if (pressed == kYes)
     return ConflictPolicy::kReplace;
   if (!session.isInteractive())
     refuseConflict(source, existing);
-  if (lastBoxWasClosed(session))
+  if (pressed == morvane::MessageBoxes::kClosed)
     cancel();
   return ConflictPolicy::kKeep;
 }

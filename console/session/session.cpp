@@ -78,15 +78,20 @@ Session::~Session() {
 void Session::watchBoxes() {
   morvane::MessageBoxes& boxes = host_.messageBoxes();
   boxes.setInteractive(isInteractive());
-  boxes.setWatch([this, &boxes](const morvane::MessageBox& box, int pressed) {
-    if (!catalogue_)
-      catalogue_.emplace(boxes);
-    BoxName name = catalogue_->nameOf(box);
+  boxes.setWatch([this](const morvane::MessageBox& box, int pressed) {
+    BoxName name = boxNameOf(box);
+    lastPressed_ = pressed;
     transcript_.push_back({std::move(name.id), box.body, std::move(name.parameters),
                            TranscriptEntry::Box{box.caption, box.buttons, pressed}});
     if (morvane::MessageBoxes::isQuestion(box) && !isInteractive())
       refuseQuestion(box.caption);
   });
+}
+
+int Session::pressedButton(const std::function<void()>& showBox) {
+  lastPressed_ = morvane::MessageBoxes::kClosed;
+  showBox();
+  return lastPressed_;
 }
 
 void Session::refuseQuestion(const OdString& question) {

@@ -82,6 +82,8 @@ public:
   // Whether questions may be asked. Where not, whoever would ask shows the question and refuses.
   bool isInteractive() const { return !noPrompt_; }
   void refuseQuestion(const OdString& question);
+  // Runs a function that shows a message box, and returns the index of the button that was pressed in it, or kClosed.
+  int pressedButton(const std::function<void()>& showBox);
   void addIssues(const drawing::Report& report);
   const std::vector<drawing::Issue>& issues() const { return issues_; }
 
@@ -121,7 +123,7 @@ private:
   OpenDrawing drawing_;
   std::vector<OpenDrawing> backgroundDrawings_;
   std::vector<TranscriptEntry> transcript_;
-  std::optional<BoxCatalogue> catalogue_; // made with the first box
+  int lastPressed_ = morvane::MessageBoxes::kClosed;
   std::vector<drawing::Issue> issues_;
   Status status_ = Status::kDone;
   bool quiet_ = false;

@@ -55,19 +55,6 @@ int buttonOf(const std::vector<OdString>& labels, const OdString& answer) {
   return MessageBoxes::kClosed;
 }
 
-MessageBoxes::Reader::Reader(MessageBoxes& boxes, MessageBox& seen)
-    : boxes_(boxes), show_(std::exchange(boxes.show_,
-                                         [&seen](const MessageBox& box) {
-                                           seen = box;
-                                           return kClosed;
-                                         })),
-      watch_(std::exchange(boxes.watch_, nullptr)) {}
-
-MessageBoxes::Reader::~Reader() {
-  boxes_.show_ = std::move(show_);
-  boxes_.watch_ = std::move(watch_);
-}
-
 int MessageBoxes::show(const MessageBox& box) {
   const int pressed = show_ ? show_(box) : showOnCommandLine(box);
   if (const Watch watch = watch_) // a copy: it may look at boxes itself

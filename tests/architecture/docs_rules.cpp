@@ -12,7 +12,7 @@ namespace {
 const std::string kPages = "docs/functions/", kEntryPage = "docs/programming.md";
 const std::string kHeaders = "blockcommon/include/blockcommon/", kExports = "blockcommon/exports.txt";
 constexpr int kLongestExample = 16, kLongestPage = 800;
-const std::set<std::string> kNoUnits{"export", "blockcommon"};
+const std::set<std::string> kNoUnits{"box_texts", "export", "blockcommon"};
 
 // "ns::name" of a line of the export list; constructors and destructors are their class.
 std::string nameOf(std::string_view line) {

@@ -28,7 +28,7 @@ const std::vector<UnitRule>& unitTable() {
 }
 
 const std::vector<std::string>& foundationHeaders() {
-  static const std::vector<std::string> kHeaders{"export", "types"};
+  static const std::vector<std::string> kHeaders{"box_texts", "export"};
   return kHeaders;
 }
 

@@ -59,20 +59,6 @@ public:
   bool asks() const { return interactive_; }
   static bool isQuestion(const MessageBox& box) { return box.buttons.size() > 1; } // whether there is a choice
 
-  // While it exists, boxes are stored in `seen` and closed without being displayed or reported to the watch function.
-  class MORVANE_API Reader {
-  public:
-    Reader(MessageBoxes& boxes, MessageBox& seen); // both must outlive it
-    ~Reader();
-    Reader(const Reader&) = delete;
-    Reader& operator=(const Reader&) = delete;
-
-  private:
-    MessageBoxes& boxes_;
-    Show show_;
-    Watch watch_;
-  };
-
 private:
   int showOnCommandLine(const MessageBox& box);
   int promptOnCommandLine(const MessageBox& box);
