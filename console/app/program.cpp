@@ -100,16 +100,16 @@ Status runSession(Session& session, const Options& options, std::istream* given)
 }
 
 verbs::OptionTable programTable(Options& options) {
-  verbs::OptionTable table("morvane", "Works on drawings: typed commands, scripts, and one-line jobs.");
+  verbs::OptionTable table("morvane", "Edits drawings: commands at a prompt, scripts, and single jobs.");
   table.add("drawing", options.drawing, "Drawing to open").withoutSubcommand();
-  table.add("-c,--command", options.commands, "Commands to run, as a script would hold them");
-  table.add("-f,--file", options.script, "Script of commands to run").excludes("-c");
-  table.add("--config", options.configFile, "File of settings in place of the user's own");
-  table.add("--encoding", options.reading.encoding, "Code page of drawings in place of the one they declare");
-  table.add("--max-memory", options.maxMemory, "Memory for reading a drawing, as 500M or 2G");
-  table.add("--max-depth", options.reading.budget.depth, "Definitions within definitions that are read (1000)")
+  table.add("-c,--command", options.commands, "Commands to run, in the syntax of a script");
+  table.add("-f,--file", options.script, "Script to run").excludes("-c");
+  table.add("--config", options.configFile, "Settings file (that of the user)");
+  table.add("--encoding", options.reading.encoding, "Code page of drawings (the one that they declare)");
+  table.add("--max-memory", options.maxMemory, "Memory limit for reading a drawing, such as 500M or 2G");
+  table.add("--max-depth", options.reading.budget.depth, "Maximum nesting depth of block definitions (1000)")
       .between(1, UINT32_MAX);
-  table.add("--no-prompt", options.noPrompt, "Questions are not asked but refused");
+  table.add("--no-prompt", options.noPrompt, "Refuse questions instead of asking them");
   table.setVersion(kVersion);
   table.setSubcommandFooter("Also, as in morvane --help: --encoding, --max-memory, --max-depth, --config, --no-prompt");
   return table;

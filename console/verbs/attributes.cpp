@@ -36,11 +36,11 @@ class Attributes : public Subcommand {
 public:
   void describe(OptionTable& program) override {
     optionTable_ =
-        &program.addSubcommand("attributes", "List the attributes of all references, or set them from a table");
+        &program.addSubcommand("attributes", "List the attributes of all references, or set them from a CSV file");
     optionTable_->add("FILE", files_.in, "Drawing to read").required();
-    optionTable_->add("--csv", csv_, "As a table with commas").excludes("--json").excludes("--import");
-    optionTable_->add("--json", json_, "As one JSON object");
-    optionTable_->add("--import", import_, "Table with the values to set, as --csv prints it");
+    optionTable_->add("--csv", csv_, "Print CSV").excludes("--json").excludes("--import");
+    optionTable_->add("--json", json_, "Print one JSON object");
+    optionTable_->add("--import", import_, "CSV file with the values to set, as --csv prints it");
     optionTable_->add("-o,--output", files_.out, "Drawing to write");
     optionTable_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
   }

@@ -16,10 +16,10 @@ const char* outcomeName(const std::vector<drawing::Issue>& issues) {
 class Audit : public Subcommand {
 public:
   void describe(OptionTable& program) override {
-    optionTable_ = &program.addSubcommand("audit", "Look for damage in a drawing");
+    optionTable_ = &program.addSubcommand("audit", "Find damage in a drawing");
     optionTable_->add("FILE", files_.in, "Drawing to read").required();
-    optionTable_->add("--fix", fix_, "Mend what is found");
-    optionTable_->add("-o,--output", files_.out, "Where the mended drawing is written");
+    optionTable_->add("--fix", fix_, "Repair the problems");
+    optionTable_->add("-o,--output", files_.out, "Repaired drawing to write");
     optionTable_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
     optionTable_->add("--json", json_, "Report as one JSON object");
   }

@@ -12,7 +12,7 @@ public:
     optionTable_->add("-o,--output", files_.out, "Drawing to write").required();
     optionTable_->add("--as", version_, "Version: 12, 2000, 2004, 2007, 2010, 2013 or 2018 (that of FILE)");
     optionTable_->add("--binary", binary_, "Write binary DXF");
-    optionTable_->add("--text", text_, "Write text DXF (without either: the form of FILE)").excludes("--binary");
+    optionTable_->add("--text", text_, "Write text DXF (without either: the format of FILE)").excludes("--binary");
     optionTable_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
     optionTable_->add("--json", json_, "Report as one JSON object");
   }

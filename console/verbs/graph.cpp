@@ -82,11 +82,11 @@ class Graph : public Subcommand {
 public:
   void describe(OptionTable& program) override {
     optionTable_ =
-        &program.addSubcommand("graph", "Tell which references one leads to, and whether it may be edited in place");
+        &program.addSubcommand("graph", "List nested references, and whether a reference may be edited in place");
     optionTable_->add("FILE", files_.in, "Drawing to read").required();
     optionTable_->add("--reference", handle_, "Handle of the block reference").required();
     optionTable_->add("--json", json_, "Report as one JSON object");
-    optionTable_->add("--dot", dot_, "As a graph in the DOT language").excludes("--json");
+    optionTable_->add("--dot", dot_, "Print a graph in the DOT language").excludes("--json");
     optionTable_->add("--max-nodes", maxNodes_, "Refuse a tree of more references than this (100000)")
         .between(1, 1'000'000'000);
   }

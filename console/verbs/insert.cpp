@@ -85,15 +85,15 @@ public:
     OptionTable& source = optionTable_->addGroup("source", "What to insert", 1, 1);
     source.add("--block", entered_.block, "A block of the drawing");
     source.add("--file", entered_.file, "A drawing file");
-    source.add("--file-list", entered_.list, "All drawing files of a list, a path in each line");
-    optionTable_->add("--name", entered_.name, "Name of the block that --file makes; else that of the file");
-    optionTable_
-        ->add("--on-clash", entered_.conflictPolicy, "When a block of that name is there (refuse; lists: rename)")
+    source.add("--file-list", entered_.list, "All drawing files of a list, one path per line");
+    optionTable_->add("--name", entered_.name, "Name of the block that --file makes (that of the file)");
+    optionTable_->add("--on-clash", entered_.conflictPolicy, "When a block of that name exists (refuse; lists: rename)")
         .oneOf({"refuse", "keep", "replace", "rename"});
     describePlacement();
     optionTable_->add("--attr", entered_.attributes, "TAG=VALUE, or TAG#2=VALUE for the second of that tag");
-    optionTable_->add("--defaults", answers_.takesDefaults, "Values that are not given are those of the definitions");
-    optionTable_->add("--dry-run", dry_, "Tell what would happen, and write nothing");
+    optionTable_->add("--defaults", answers_.takesDefaults,
+                      "Use the default values of the definitions for missing values");
+    optionTable_->add("--dry-run", dry_, "Report what would happen, and write nothing");
     optionTable_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
     optionTable_->add("--json", json_, "Report as one JSON object");
   }
@@ -120,8 +120,8 @@ private:
     optionTable_->add("--rotate", entered_.rotate, "Degrees about the z axis (0)");
     optionTable_->add("--rows", placement_.rows, "Rows (1)").between(1, 32767);
     optionTable_->add("--columns", placement_.columns, "Columns (1)").between(1, 32767);
-    optionTable_->add("--row-spacing", entered_.rowSpacing, "From row to row (0)");
-    optionTable_->add("--column-spacing", entered_.columnSpacing, "From column to column (0)");
+    optionTable_->add("--row-spacing", entered_.rowSpacing, "Distance between rows (0)");
+    optionTable_->add("--column-spacing", entered_.columnSpacing, "Distance between columns (0)");
     optionTable_->add("--grid", entered_.grid, "COLUMNS,DX,DY: where the files of a list go, row by row from --at");
   }
 

@@ -63,11 +63,11 @@ public:
 
 private:
   void describeOutcome() {
-    OptionTable& outcome = optionTable_->addGroup("objects", "What becomes of the objects", 0, 1);
-    outcome.add("--keep", keep_, "They stay");
-    outcome.add("--convert", convert_, "A reference takes their place (the default)");
-    outcome.add("--delete", delete_, "They are erased");
-    optionTable_->add("--redefine", request_.redefine, "Replace the block when it is defined");
+    OptionTable& outcome = optionTable_->addGroup("objects", "What happens to the objects", 0, 1);
+    outcome.add("--keep", keep_, "Keep them");
+    outcome.add("--convert", convert_, "Replace them by a reference (the default)");
+    outcome.add("--delete", delete_, "Erase them");
+    optionTable_->add("--redefine", request_.redefine, "Replace the block if it exists");
     optionTable_->add("--description", entered_.description, "Description of the block");
     optionTable_->add("--annotative", request_.annotative, "The block follows the annotation scale");
     optionTable_->add("--match-orientation", request_.matchOrientation,

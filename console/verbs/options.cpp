@@ -137,7 +137,7 @@ ParsedLine parseOptions(OptionTable& program, const std::vector<std::string>& ar
   } catch (const CLI::Error& error) {
     return {ParsedLine::Kind::Wrong, error.what()};
   } catch (const std::out_of_range&) { // which the parser lets through for the number of a negated flag
-    return {ParsedLine::Kind::Wrong, "A flag was given a number that is too large"};
+    return {ParsedLine::Kind::Wrong, "The number given to a flag is too large"};
   }
   return {};
 }

@@ -47,17 +47,17 @@ OdString reasonText(const std::string& name) {
 class Preview : public Subcommand {
 public:
   void describe(OptionTable& program) override {
-    optionTable_ = &program.addSubcommand("preview", "Draw a picture of a drawing or of a block");
+    optionTable_ = &program.addSubcommand("preview", "Render a drawing, a block or a layout");
     optionTable_->add("FILE", in_, "Drawing to read").required();
-    optionTable_->add("-o,--output", out_, "Picture to write: .png or .svg").required();
-    optionTable_->add("--block", block_, "The definition of this name in place of the space");
-    optionTable_->add("--layout", layout_, "The sheet of this name; Model is model space (what FILE shows)")
+    optionTable_->add("-o,--output", out_, "Image to write: .png or .svg").required();
+    optionTable_->add("--block", block_, "Block definition to render instead of the space");
+    optionTable_->add("--layout", layout_, "Layout to render; Model is model space (the current space of FILE)")
         .excludes("--block");
-    optionTable_->add("--png", png_, "Write PNG, whatever the name of the picture");
-    optionTable_->add("--svg", svg_, "Write SVG, whatever the name of the picture").excludes("--png");
+    optionTable_->add("--png", png_, "Write PNG, regardless of the file name");
+    optionTable_->add("--svg", svg_, "Write SVG, regardless of the file name").excludes("--png");
     optionTable_->add("--size", size_, "Pixels, WxH (480x320)");
     optionTable_->add("--background", background_, "white, black, none or RRGGBB (white)");
-    optionTable_->add("--force", force_, "Replace a picture that exists");
+    optionTable_->add("--force", force_, "Replace an image that exists");
     optionTable_->add("--json", json_, "Report as one JSON object");
   }
   bool isChosen() const override { return optionTable_->isChosen(); }

@@ -27,13 +27,13 @@ const char* statusName(drawing::PurgePlan::Status status) {
 class Purge : public Subcommand {
 public:
   void describe(OptionTable& program) override {
-    optionTable_ = &program.addSubcommand("purge", "Remove what nothing in a drawing uses");
+    optionTable_ = &program.addSubcommand("purge", "Remove unused blocks, layers and styles");
     optionTable_->add("FILE", files_.in, "Drawing to read").required();
     optionTable_->add("-o,--output", files_.out, "Drawing to write");
-    optionTable_->add("--kind", kinds_, "Only things of this kind: block, layer, \"line type\" ... (all)")
+    optionTable_->add("--kind", kinds_, "Only objects of this kind: block, layer, \"line type\" ... (all)")
         .oneOf(purgeKindNames());
-    optionTable_->add("--dry-run", dry_, "Tell what could go, and write nothing");
-    optionTable_->add("--why", why_, "Tell why the others stay");
+    optionTable_->add("--dry-run", dry_, "List what can be purged, and write nothing");
+    optionTable_->add("--why", why_, "List why the others are kept");
     optionTable_->add("--force", files_.force, "Replace a file that exists, or one that was repaired");
     optionTable_->add("--json", json_, "Report as one JSON object");
   }

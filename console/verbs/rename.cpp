@@ -76,7 +76,7 @@ private:
   JobFiles files_;
   std::array<Option, 5> options_ = {{{"--block", OdDb::kBlockTable, "OLD=NEW of a block", {}},
                                      {"--layer", OdDb::kLayerTable, "OLD=NEW of a layer", {}},
-                                     {"--linetype", OdDb::kLinetypeTable, "OLD=NEW of a line type", {}},
+                                     {"--linetype", OdDb::kLinetypeTable, "OLD=NEW of a linetype", {}},
                                      {"--style", OdDb::kTextStyleTable, "OLD=NEW of a text style", {}},
                                      {"--dimstyle", OdDb::kDimStyleTable, "OLD=NEW of a dimension style", {}}}};
   std::vector<Wish> settings_;

@@ -11,11 +11,11 @@ namespace {
 class Report : public Subcommand {
 public:
   void describe(OptionTable& program) override {
-    optionTable_ = &program.addSubcommand("report", "Tell what a drawing holds: its blocks, how often they are shown");
+    optionTable_ = &program.addSubcommand("report", "Report the blocks of a drawing and their reference counts");
     optionTable_->add("FILE", file_, "Drawing to read").required();
-    optionTable_->add("--json", json_, "As one JSON object");
-    optionTable_->add("--all", all_, "Spaces, anonymous blocks and those of external references as well");
-    optionTable_->add("--dialog", dialog_, "The named blocks as the JSON list of dialogs")
+    optionTable_->add("--json", json_, "Print one JSON object");
+    optionTable_->add("--all", all_, "Include layouts, anonymous blocks and blocks of external references");
+    optionTable_->add("--dialog", dialog_, "Print the named blocks as the JSON list of dialogs")
         .excludes("--json")
         .excludes("--all");
   }

@@ -6,7 +6,7 @@
 namespace console::verbs {
 
 void SelectorOptions::describe(OptionTable& subcommand) {
-  subcommand.add("--select", select_, "all: every object of model space").oneOf({"all"});
+  subcommand.add("--select", select_, "all: all objects of model space").oneOf({"all"});
   subcommand.add("--layer", layers_, "Objects on this layer");
   subcommand.add("--type", types_, "Objects of this type, such as LINE");
   subcommand.add("--handle", handles_, "The object with this handle");

@@ -12,12 +12,12 @@ namespace {
 class Wblock : public Subcommand {
 public:
   void describe(OptionTable& program) override {
-    optionTable_ = &program.addSubcommand("wblock", "Write a block, objects or the whole drawing to a file of its own");
+    optionTable_ = &program.addSubcommand("wblock", "Write a block, objects or the whole drawing to a separate file");
     optionTable_->add("FILE", in_, "Drawing to read").required();
     describeSource();
-    optionTable_->add("-o,--output", out_, "File to write; without an ending it gets .dxf");
+    optionTable_->add("-o,--output", out_, "File to write (.dxf is added to a name without extension)");
     optionTable_->add("--base", base_, "Base point X,Y[,Z] (the block's own; 0,0 for objects; that of FILE)");
-    optionTable_->add("--units", units_, "Its units: mm, cm, m, in, ft ... or a code from 0 to 24 (as they are)");
+    optionTable_->add("--units", units_, "Its units: mm, cm, m, in, ft ... or a code from 0 to 24 (unchanged)");
     optionTable_->add("--as", version_, "Version: 12, 2000, 2004, 2007, 2010, 2013 or 2018 (that of FILE)");
     optionTable_->add("--binary", binary_, "Write binary DXF");
     optionTable_->add("--force", force_, "Replace files that exist");
@@ -36,12 +36,12 @@ public:
 
 private:
   void describeSource() {
-    optionTable_->add("--block", block_, "The definition of this name");
+    optionTable_->add("--block", block_, "Block definition to write");
     selectors_.describe(*optionTable_);
-    optionTable_->add("--all", all_, "The whole drawing, less what nothing uses");
-    optionTable_->add("--every-block", folder_, "Every definition, each to a file and with a picture in this folder");
-    optionTable_->add("!--no-anonymous", withAnonymous_, "Leave anonymous definitions out").needs("--every-block");
-    optionTable_->add("!--no-previews", withPreviews_, "No pictures").needs("--every-block");
+    optionTable_->add("--all", all_, "The whole drawing, without unused definitions");
+    optionTable_->add("--every-block", folder_, "Every definition, each to a file with a thumbnail in this folder");
+    optionTable_->add("!--no-anonymous", withAnonymous_, "Skip anonymous definitions").needs("--every-block");
+    optionTable_->add("!--no-previews", withPreviews_, "No thumbnails").needs("--every-block");
   }
   bool isLibrary() const { return !folder_.empty(); }
   void checkTarget(Session& session);

@@ -155,8 +155,8 @@ void Cloner::reportRenamed(const OdString& from, const OdString& to) {
   if (report_ == nullptr)
     return;
   report_->add({"clone.renamed", Severity::kNote, 0, -1, 0, "", "BLOCK",
-                "a nested definition is named \"" + from.toUtf8() + "\" like a block it must not be",
-                "it comes in as \"" + to.toUtf8() + "\""});
+                "a nested definition has the name \"" + from.toUtf8() + "\" of a block that it must not replace",
+                "it is renamed to \"" + to.toUtf8() + "\""});
 }
 
 } // namespace drawing

@@ -67,7 +67,7 @@ bool BinaryGroupSource::code(int& value) {
   const std::uint64_t bits = lowFirst(content_.substr(at_, size));
   value = static_cast<int>(size == 1 ? static_cast<std::int64_t>(bits) : signExtended(bits, size));
   if (value < kFirstCode || value > kLastCode) {
-    addIssue("dxf.binary-out-of-step", value, "no group code stands here", "the rest of the file is not read");
+    addIssue("dxf.binary-out-of-step", value, "a group code is expected here", "the rest of the file is not read");
     at_ = content_.size();
     return false;
   }

@@ -83,11 +83,11 @@ bool TextGroupSource::line(std::string_view& text, bool isValue) {
 // What programs before others would stumble over; told once each.
 void TextGroupSource::recordLineEnding(int ending, std::size_t length) {
   const auto addIssue = [this](const char* code, const char* found) {
-    report_.add({code, Severity::kNote, lineNumber_, -1, 0, "", "", found, "it is read all the same"});
+    report_.add({code, Severity::kNote, lineNumber_, -1, 0, "", "", found, "it is read anyway"});
   };
   const int before = std::exchange(endings_, endings_ | ending);
   if (before != 0 && before != endings_ && (before & (before - 1)) == 0)
-    addIssue("dxf.mixed-line-ends", "lines end in another way than before");
+    addIssue("dxf.mixed-line-ends", "mixed line endings");
   if (length > kMaxLineLength && !std::exchange(sawLong_, true))
     addIssue("dxf.long-line", "a line is longer than the format allows");
 }
@@ -117,7 +117,7 @@ bool TextGroupSource::code(int& value) {
     if (space && at_ >= end_)
       return false; // the file's last line
     report_.add({"dxf.group-code-expected", Severity::kLost, lineNumber_, -1, 0, "", "",
-                 "the line \"" + std::string(text.substr(0, 40)) + "\" is no group code", "the line is passed over"});
+                 "the line \"" + std::string(text.substr(0, 40)) + "\" is not a group code", "the line is skipped"});
   }
   return false;
 }
@@ -127,8 +127,8 @@ bool TextGroupSource::next(RawGroup& group) {
     return false;
   group.form = RawGroup::Form::kText;
   if (!line(group.text, true)) {
-    report_.add({"dxf.cut-off", Severity::kLost, lineNumber_, group.code, 0, "", "",
-                 "the file ends behind a group code", "the group is dropped"});
+    report_.add({"dxf.cut-off", Severity::kLost, lineNumber_, group.code, 0, "", "", "the file ends after a group code",
+                 "the group is dropped"});
     return false;
   }
   group.line = lineNumber_;

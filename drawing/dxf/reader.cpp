@@ -47,8 +47,8 @@ bool Reader::inRun(std::string_view end, std::initializer_list<std::string_view>
   }
   if (record_[0].code != 0 || std::find(larger.begin(), larger.end(), record_[0].text) == larger.end())
     return true;
-  builder_.report("dxf.end-missing", Severity::kRepaired,
-                  "\"" + std::string(end) + "\" is missing in front of this record", "what came before it is kept");
+  builder_.report("dxf.end-missing", Severity::kRepaired, "\"" + std::string(end) + "\" is missing before this record",
+                  "the data before it is kept");
   again_ = true;
   return false;
 }
@@ -74,8 +74,7 @@ void Reader::readOutsideSections() {
   else if (record_[0].code == 999)
     database_.fileInfo().comments.push_back(std::string(record_[0].text));
   else if (record_[0].text == "ENDSEC")
-    builder_.report("dxf.stray-section-end", Severity::kRepaired, "an end of a section without a section",
-                    "it is dropped");
+    builder_.report("dxf.stray-section-end", Severity::kRepaired, "ENDSEC without a section", "it is dropped");
   else if (record_[0].code == 0)
     builder_.reportSkipped("dxf.outside-section", "a record outside every section");
   else
@@ -84,18 +83,16 @@ void Reader::readOutsideSections() {
 
 void Reader::checkEnd() {
   if (!sawEnd_)
-    builder_.report("dxf.no-end-of-file", Severity::kRepaired, "the file has no end mark", "what came is kept");
+    builder_.report("dxf.no-end-of-file", Severity::kRepaired, "the file has no EOF", "the data up to here is kept");
   else if (source_.hasRest())
-    builder_.report("dxf.behind-end", Severity::kLost, "there is something behind the end mark of the file",
-                    "it is passed over");
+    builder_.report("dxf.behind-end", Severity::kLost, "data after EOF", "it is skipped");
 }
 
 // Groups where none belong.
 void Reader::checkRest(std::size_t from) {
   for (std::size_t i = from; i < record_.size(); ++i)
-    builder_.context().addIssue(
-        {"dxf.stray-group", Severity::kLost, 0, -1, 0, "", "", "a group that belongs to nothing", "it is passed over"},
-        &record_[i]);
+    builder_.context().addIssue({"dxf.stray-group", Severity::kLost, 0, -1, 0, "", "", "stray group", "it is skipped"},
+                                &record_[i]);
 }
 
 void Reader::readSection() {
@@ -103,7 +100,7 @@ void Reader::readSection() {
   const std::string_view name = isNamed ? record_[1].text : std::string_view();
   builder_.context().setSection(name);
   if (!sections_.emplace(name).second)
-    builder_.report("dxf.section-repeated", Severity::kNote, "a section of this name came before", "it is read, too");
+    builder_.report("dxf.section-repeated", Severity::kNote, "the section is repeated", "it is read as well");
   if (const SectionHandler* known = handlerOf(name)) {
     sawSection_ = true; // opaque sections alone make no drawing
     if (name != "HEADER")
@@ -122,8 +119,7 @@ const Reader::SectionHandler* Reader::handlerOf(std::string_view name) {
   if (known == std::end(kHandlers))
     return nullptr;
   if (known < std::exchange(furthest_, std::max<const SectionHandler*>(furthest_, known)))
-    builder_.report("dxf.section-order", Severity::kNote, "this section belongs in front of one that came before",
-                    "it is read all the same");
+    builder_.report("dxf.section-order", Severity::kNote, "the section is out of order", "it is read anyway");
   return known;
 }
 
@@ -176,13 +172,12 @@ void Reader::readTable() {
   const std::string_view name = record_.size() > 1 && record_[1].code == 2 ? record_[1].text : std::string_view();
   const OdDb::SymbolTableKind kind = tableKindOf(name);
   if (kind == OdDb::kNoTable) {
-    builder_.report("dxf.unknown-table", Severity::kLost, "a table of the unknown name \"" + std::string(name) + "\"",
-                    "it is passed over");
+    builder_.report("dxf.unknown-table", Severity::kLost, "unknown table \"" + std::string(name) + "\"",
+                    "it is skipped");
     return;
   }
   if (!tables_.insert(kind).second)
-    builder_.report("dxf.table-repeated", Severity::kNote, "a table of this kind came before",
-                    "its records are read, too");
+    builder_.report("dxf.table-repeated", Severity::kNote, "the table is repeated", "its records are read as well");
   Record preamble(record_.begin() + 1, record_.end()); // the name is where records have their handle
   preamble[0] = record_[0];
   OdDbSymbolTable& table = builder_.addTable(kind, preamble);
@@ -227,8 +222,8 @@ void Reader::correctVersion() {
     return;
   database_.fileInfo().version = OdDb::kRelease2000;
   builder_.report("dxf.version-contradicted", Severity::kNote,
-                  "the file says an early version and holds objects of later ones",
-                  "it is taken for one of version 2000");
+                  "the file declares an early version but contains objects of later ones",
+                  "it is read as version 2000");
 }
 
 void Reader::readObjects() {

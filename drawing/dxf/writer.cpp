@@ -110,7 +110,7 @@ void Writer::header() {
   }
   if (!missing.empty())
     sink_.lost({"dxf.variables-not-in-version", Severity::kNote, 0, -1, 0, "HEADER", "HEADER",
-                missing + " do not exist in version " + versionYear(sink_.version()), "they are left out"});
+                missing + " do not exist in version " + versionYear(sink_.version()), "they are omitted"});
 }
 
 void Writer::headerVariable(const OdDbHeader::Variable& variable) {

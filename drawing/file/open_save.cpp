@@ -104,8 +104,8 @@ void reportUndecodable(const dxf::TextCodec& codec, std::string_view content, bo
     return;
   const std::uint64_t place = locationIn(content, codec.firstUndecodable(), binary);
   report.add({"dxf.text-undecodable", Severity::kNote, place, -1, 0, "", "",
-              std::to_string(codec.undecodable()) + " bytes are no text in the code page of the file",
-              "they are kept as they are"});
+              std::to_string(codec.undecodable()) + " bytes are not valid in the code page of the file",
+              "they are kept unchanged"});
 }
 
 std::unique_ptr<dxf::GroupSource> sourceOf(std::string_view content, bool binary, Report& report) {
@@ -129,7 +129,7 @@ dxf::Encoding encodingFor(std::string_view content, const FileInfo& info, const 
                    encoding.mode == dxf::TextCodec::Mode::kUtf8
                        ? "the texts are UTF-8 and not in the code page " + info.codePage + " that the file declares"
                        : "the texts are not UTF-8, but in the code page " + encoding.page,
-                   "they are read as what they are");
+                   "the detected encoding is used");
   return encoding;
 }
 
@@ -176,7 +176,7 @@ ReadResult readDrawingFromMemory(std::string_view content, const std::string& na
     options.budget.bytes = usualMemory(content.size());
   if (content.size() > options.budget.bytes)
     return refuse(eBudgetExceeded, name + ": the file is larger than the " + std::to_string(options.budget.bytes) +
-                                       " bytes of memory that are allowed");
+                                       " bytes of memory allowed");
   switch (formOf(content, &signature)) {
   case FileForm::kTextDxf:
     return readGroups(content, name, options, false);

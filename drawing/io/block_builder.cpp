@@ -22,7 +22,7 @@ OdDbBlockTableRecord& DrawingBuilder::ensureBlock(const OdString& name) {
 void DrawingBuilder::reportWithoutRecord(const OdString& name, const OdString& given) {
   report("dxf.block-without-record", Severity::kRepaired,
          "the block \"" + name.toUtf8Lossless() + "\" has no record in the block table",
-         "it is named \"" + given.toUtf8Lossless() + "\" and gets one");
+         "it is renamed to \"" + given.toUtf8Lossless() + "\", and a record is created");
 }
 
 // The record of a block may follow it in the file, so what lacks one is known at the end only.
@@ -173,12 +173,12 @@ void DrawingBuilder::addEntity(OdDbBlockTableRecord* block) {
     return;
   if (read.object->isKindOf(OdDbSequenceEnd::desc())) {
     // Writers of sequences without members leave a separate end; it says nothing.
-    report("dxf.stray-sequence-end", Severity::kRepaired, "an end of a sequence without a sequence", "it is dropped");
+    report("dxf.stray-sequence-end", Severity::kRepaired, "SEQEND without a sequence", "it is dropped");
     ++report_.counts.dropped;
     return;
   }
   if (read.object->dxfName() == std::string_view("VERTEX"))
-    report("dxf.stray-vertex", Severity::kNote, "a vertex without a polyline", "it is kept as an object of its own");
+    report("dxf.stray-vertex", Severity::kNote, "a vertex without a polyline", "it is kept as a separate object");
   OdDbBlockTableRecord& owner = block == nullptr ? ownerOf(read) : *block;
   const OdDbObjectId id = add(read, owner.objectId());
   owner.attachEntity(id);

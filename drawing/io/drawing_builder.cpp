@@ -22,7 +22,7 @@ void DrawingBuilder::report(const char* code, Severity severity, std::string fou
 }
 
 void DrawingBuilder::reportSkipped(const char* code, std::string found) {
-  report(code, Severity::kLost, std::move(found), "it is passed over");
+  report(code, Severity::kLost, std::move(found), "it is skipped");
   ++report_.counts.dropped;
 }
 
@@ -32,7 +32,7 @@ bool DrawingBuilder::exceeds(std::string limit) {
 }
 
 void DrawingBuilder::refuseSize() {
-  exceeds("more than the " + std::to_string(budget_.bytes) + " bytes of memory that are allowed are needed");
+  exceeds("more than the " + std::to_string(budget_.bytes) + " bytes of memory allowed are needed");
 }
 
 // Charges what the record will take: an object with its entry in the store, its groups, and its texts in characters of
@@ -47,7 +47,7 @@ bool DrawingBuilder::start(const Record& record) {
   if (bytes_ > budget_.bytes)
     refuseSize();
   else if (database_.objectCount() > budget_.objects)
-    exceeds("there are more than the " + std::to_string(budget_.objects) + " objects that are allowed");
+    exceeds("more than the " + std::to_string(budget_.objects) + " objects allowed");
   return limit_.empty();
 }
 
@@ -57,7 +57,7 @@ OdResult DrawingBuilder::finish() {
   FixUpContext fixUp{database_, context_, budget_};
   fixUpAfterLoad(fixUp);
   if (nestingDepth(database_) > budget_.depth)
-    exceeds("definitions nest deeper than the " + std::to_string(budget_.depth) + " levels that are allowed");
+    exceeds("definitions nest deeper than the " + std::to_string(budget_.depth) + " levels allowed");
   return limit_.empty() ? eOk : eBudgetExceeded;
 }
 
@@ -66,7 +66,7 @@ void DrawingBuilder::reportWithoutHandle() {
     return;
   context_.begin("", firstWithoutHandle_);
   report("dxf.handle-missing", Severity::kNote,
-         std::to_string(withoutHandle_) + " records have no handle, the first of them here", "they get new ones");
+         std::to_string(withoutHandle_) + " records have no handle, starting here", "they get new ones");
 }
 
 OdDbSymbolTable& DrawingBuilder::addTable(OdDb::SymbolTableKind kind, const Record& head) {
@@ -88,7 +88,7 @@ void DrawingBuilder::addTableRecord(OdDb::SymbolTableKind kind, OdDbSymbolTable&
   read.object = made;
   objects_.fill(*record_, *read.object, read);
   if (context_.failed()) // typed values stay at their defaults; the report names the value
-    report("dxf.table-record-damaged", Severity::kLost, "a value of the record is unreadable", "its default is taken");
+    report("dxf.table-record-damaged", Severity::kLost, "a value of the record is unreadable", "its default is used");
   ++report_.counts.read;
   OdSmartPtr<OdDbSymbolTableRecord> record = read.object;
   add(read, table.objectId());
@@ -135,8 +135,8 @@ void DrawingBuilder::registerRecord(OdDbSymbolTable& table, OdDbSymbolTableRecor
   table.registerRecord(&record);
   renamed_[wanted].push_back(record.objectId());
   report("dxf.duplicate-name", Severity::kRepaired,
-         "the name \"" + wanted.toUtf8Lossless() + "\" stands twice in the table",
-         "the second is named \"" + name.toUtf8Lossless() + "\"");
+         "the name \"" + wanted.toUtf8Lossless() + "\" is used twice in the table",
+         "the second is renamed to \"" + name.toUtf8Lossless() + "\"");
 }
 
 OdDbObjectId DrawingBuilder::add(ReadObject& read, OdDbObjectId owner) {

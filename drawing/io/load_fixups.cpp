@@ -65,7 +65,7 @@ void reportUndefinedNames(FixUpContext& fixUp) {
                           record.getName().iCompare(L"Standard") == 0;
     addIssue(fixUp, "dxf.name-undefined", standard ? Severity::kNote : Severity::kRepaired, record,
              "\"" + record.getName().toUtf8Lossless() + "\" is used (line " +
-                 std::to_string(fixUp.context.missing()[id]) + ") and nowhere defined",
+                 std::to_string(fixUp.context.missing()[id]) + ") but not defined",
              "it is defined with default properties");
   }
 }
@@ -76,10 +76,9 @@ void reportLayoutFault(FixUpContext& fixUp, const LayoutFault& fault) {
     const char* found;
   };
   // In the order of the kinds.
-  constexpr IssueText kIssueTexts[] = {
-      {"dxf.layout-without-block", "the layout has no block of its own"},
-      {"dxf.space-without-layout", "the block of a sheet names no layout that names it"},
-      {"dxf.block-of-no-layout", "the block names a layout that is not its own"}};
+  constexpr IssueText kIssueTexts[] = {{"dxf.layout-without-block", "the layout has no block"},
+                                       {"dxf.space-without-layout", "layout link broken"},
+                                       {"dxf.block-of-no-layout", "the block refers to a layout of another block"}};
   const IssueText& text = kIssueTexts[fault.kind];
   addIssue(fixUp, text.code, Severity::kRepaired, fault.object, text.found, fault.done);
 }
@@ -94,8 +93,8 @@ void ensureEnds(FixUpContext& fixUp) {
     // Spaces that no file named are made without a word; they have no handle yet.
     const bool isMade = isSpaceName(block->getName()) && block->getDbHandle().isNull();
     if (block->blockBeginId().isNull() && !wasNamedOnly && !isMade)
-      addIssue(fixUp, "dxf.record-without-block", Severity::kRepaired, *block, "no block belongs to the record",
-               "an empty one is made");
+      addIssue(fixUp, "dxf.record-without-block", Severity::kRepaired, *block, "the block record has no block",
+               "an empty block is created");
     block->ensureEnds();
   }
 }
@@ -107,8 +106,8 @@ void ensureSequenceEnds(FixUpContext& fixUp) {
     auto* sequence = dynamic_cast<OdDbSequenceOwner*>(entity);
     if (sequence == nullptr || sequence->subEntities().empty() || lookup(sequence->sequenceEndId()) != nullptr)
       continue;
-    addIssue(fixUp, "dxf.sequence-without-end", Severity::kRepaired, *entity, "its sequence has no end",
-             "the end is made");
+    addIssue(fixUp, "dxf.sequence-without-end", Severity::kRepaired, *entity, "its sequence has no SEQEND",
+             "the end is created");
     const WriteScope scope(*entity);
     sequence->ensureEnd(*entity);
   }
@@ -187,7 +186,7 @@ void cutReference(FixUpContext& fixUp, OdDbObjectId id) {
   addIssue(fixUp, "dxf.block-cycle", Severity::kRepaired, reference,
            "a block contains itself through this reference to \"" +
                symbolName(reference.blockTableRecord()).toUtf8Lossless() + "\"",
-           "the reference is kept as data and is no reference any more");
+           "the reference is preserved as raw data, not as a reference");
   auto* opaque = new OdDbOpaqueEntity;
   const OdSmartPtr<OdDbObject> holder(opaque);
   opaque->setDxfName(reference.dxfName());
@@ -212,8 +211,8 @@ void fixUpAfterLoad(FixUpContext& fixUp) {
   for (const std::string& made : ensureBasics(database, reportLayout)) {
     fixUp.context.begin("", 0);
     fixUp.context.setHandle(0);
-    fixUp.context.addIssue(
-        {"dxf.standard-part-missing", Severity::kNote, 0, -1, 0, "", "", "the drawing has no " + made, "it is made"});
+    fixUp.context.addIssue({"dxf.standard-part-missing", Severity::kNote, 0, -1, 0, "", "",
+                            "the drawing has no " + made, "it is created"});
   }
   reportUndefinedNames(fixUp);
   ownOrphans(database);

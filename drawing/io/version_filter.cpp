@@ -55,8 +55,8 @@ void OmittedObjects::reportTo(GroupSink& sink) const {
   for (OdDbObjectId id : first_)
     sink.lost({"dxf.kind-not-in-version", Severity::kLost, 0, -1, std::uint64_t{id.getHandle()}, "",
                lookup(id)->dxfName(),
-               std::string("the form of its body does not exist in version ") + versionYear(sink.version()),
-               "the object is left out"});
+               std::string("the format of its body is not supported in version ") + versionYear(sink.version()),
+               "the object is omitted"});
 }
 
 bool VersionFilter::isOfColumns(int code, double value) {
@@ -64,8 +64,8 @@ bool VersionFilter::isOfColumns(int code, double value) {
   inColumns_ = (inColumns_ || begins) && code < 1000;
   if (inColumns_ && code == 71 && value > 0)
     to_.lost({"dxf.group-not-in-version", Severity::kLost, 0, code, 0, "", "",
-              std::string("the columns of a text cannot be held by version ") + versionYear(version()),
-              "its text is written in one"});
+              std::string("version ") + versionYear(version()) + " cannot store text columns",
+              "its text is written in one column"});
   return inColumns_;
 }
 
@@ -91,7 +91,7 @@ bool VersionFilter::has(int code, double value) {
 
 void VersionFilter::reportOmittedGroup(const GroupRule& rule, int code) {
   to_.lost({"dxf.group-not-in-version", Severity::kLost, 0, code, 0, "", "",
-            std::string(rule.what) + " cannot be held by version " + versionYear(version()), "it is left out"});
+            std::string("version ") + versionYear(version()) + " cannot store " + rule.what, "it is omitted"});
 }
 
 void VersionFilter::omitted(int code, std::string_view marker, double value) {

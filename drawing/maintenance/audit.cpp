@@ -111,8 +111,7 @@ private:
     if (!isAlive(member))
       return;
     if (!lister_.emplace(member, container.objectId()).second)
-      addIssue("audit.listed-twice", Severity::kLost, *lookup(member),
-               "the object stands in two lists or twice in one");
+      addIssue("audit.listed-twice", Severity::kLost, *lookup(member), "the object is listed twice");
   }
 
   void checkObject(OdDbObject& object) {
@@ -138,15 +137,15 @@ private:
       addIssue("audit.in-no-list", Severity::kLost, object, "no block, table or sequence lists the object",
                fixList(object));
     } else if (lister != lister_.end() && lister->second != object.ownerId()) {
-      addIssue("audit.owner-does-not-list", Severity::kLost, object, "its owner is not the one that lists it",
-               "its owner is set to the one that lists it");
+      addIssue("audit.owner-does-not-list", Severity::kLost, object, "its owner is not the object that lists it",
+               "its owner is set to the object that lists it");
       if (fix_) {
         const WriteScope scope(object);
         object.setOwnerId(lister->second);
       }
     } else if (!object.ownerId().isNull() && !isAlive(object.ownerId())) {
       addIssue("audit.owner-missing", Severity::kNote, object, "its owner does not exist",
-               "the named-objects dictionary is named as its owner");
+               "its owner is set to the named-objects dictionary");
       if (fix_) {
         const WriteScope scope(object);
         object.setOwnerId(database_.getNamedObjectsDictionaryId());
@@ -171,7 +170,7 @@ private:
     database_.undoLog().listGrows(*block, block->members().size());
     object.setOwnerId(block->objectId());
     block->attachEntity(object.objectId());
-    return "it is put into its block, or into model space";
+    return "it is moved to its block, or to model space";
   }
 
   // An entry of an erased object is how a dictionary forgets; it is not written.
@@ -183,7 +182,8 @@ private:
       dead.push_back(entry.name);
       if (lookup(entry.id) == nullptr)
         addIssue("audit.entry-to-nothing", Severity::kNote, dictionary,
-                 "the entry \"" + entry.name.toUtf8Lossless() + "\" names nothing", "the entry is removed");
+                 "the entry \"" + entry.name.toUtf8Lossless() + "\" refers to a missing object",
+                 "the entry is removed");
     }
     for (std::size_t i = 0; fix_ && i < dead.size(); ++i) {
       const WriteScope scope(dictionary);
@@ -206,11 +206,11 @@ private:
     object.visitReferences(broken); // only reads: visit changes nothing
     const int dangling = broken.dangling - std::exchange(deadEntries_, 0) - erasedParts(object);
     if (broken.ofOtherDrawing != 0)
-      addIssue("audit.reference-to-other-drawing", Severity::kLost, object, "it refers to an object of another drawing",
-               "the reference is cut");
+      addIssue("audit.reference-to-other-drawing", Severity::kLost, object, "reference to an object of another drawing",
+               "the reference is cleared");
     if (dangling > 0)
       addIssue("audit.reference-to-nothing", Severity::kNote, object,
-               "it refers to " + std::to_string(dangling) + " objects that do not exist", "the references are cut");
+               "it refers to " + std::to_string(dangling) + " objects that do not exist", "the references are cleared");
     if (!fix_ || dangling + broken.ofOtherDrawing == 0)
       return;
     const WriteScope scope(object);
@@ -225,7 +225,7 @@ private:
     if (opaque != nullptr && opaque->isUnparsed())
       return;
     if (!isAlive(entity.layerId())) {
-      addIssue("audit.no-layer", Severity::kLost, entity, "the entity has no layer", "it is put on layer 0");
+      addIssue("audit.no-layer", Severity::kLost, entity, "the entity has no layer", "it is moved to layer 0");
       if (fix_) {
         const WriteScope scope(entity);
         entity.setLayer(database_.getLayerZeroId());
@@ -233,18 +233,18 @@ private:
     }
     const auto* dimension = dynamic_cast<const OdDbDimension*>(&entity);
     if (dimension != nullptr && !dimension->dimBlockId().isNull() && !isAlive(dimension->dimBlockId()))
-      addIssue("audit.dimension-without-picture", Severity::kNote, entity, "the block with its picture does not exist");
+      addIssue("audit.dimension-without-picture", Severity::kNote, entity, "its dimension block does not exist");
     const auto* reference = dynamic_cast<const OdDbBlockReference*>(&entity);
     if (reference != nullptr)
       checkBlockReference(entity, *reference);
     else if (OdGeExtents3d extents; dimension == nullptr && entity.getGeomExtents(extents) == eOk && !isFinite(extents))
-      addIssue("audit.extents-not-finite", Severity::kNote, entity, "its extents are beyond all numbers");
+      addIssue("audit.extents-not-finite", Severity::kNote, entity, "its extents are not finite");
   }
 
   void checkBlockReference(OdDbEntity& entity, const OdDbBlockReference& reference) {
     if (isAlive(reference.blockTableRecord()))
       return;
-    addIssue("audit.reference-without-block", Severity::kLost, entity, "the block that it shows does not exist",
+    addIssue("audit.reference-without-block", Severity::kLost, entity, "the referenced block does not exist",
              "the reference is erased");
     if (fix_) {
       const WriteScope scope(entity);
@@ -258,7 +258,7 @@ private:
       hasParts = hasParts || isAlive(part);
     if (!hasParts || isAlive(sequence.sequenceEndId()) || object.isErased())
       return;
-    addIssue("audit.sequence-without-end", Severity::kLost, object, "its sequence has no end", "the end is made");
+    addIssue("audit.sequence-without-end", Severity::kLost, object, "its sequence has no SEQEND", "the end is created");
     if (fix_) {
       const WriteScope scope(object);
       sequence.ensureEnd(static_cast<OdDbEntity&>(object));
@@ -268,7 +268,8 @@ private:
   void checkEnds(OdDbBlockTableRecord& block) {
     if (isAlive(block.blockBeginId()) && isAlive(block.blockEndId()))
       return;
-    addIssue("audit.block-without-ends", Severity::kLost, block, "the block has no begin or no end", "they are made");
+    addIssue("audit.block-without-ends", Severity::kLost, block, "the block has no BLOCK or ENDBLK",
+             "they are created");
     if (fix_) {
       const WriteScope scope(block);
       block.assertWriteEnabled();
@@ -282,9 +283,9 @@ private:
       const char* found;
     };
     // In the order of the kinds.
-    constexpr IssueText kIssueTexts[] = {{"audit.layout-without-block", "the layout has no block of its own"},
-                                         {"audit.space-without-layout", "no layout and this space name each other"},
-                                         {"audit.block-of-no-layout", "the block names a layout that is not its own"}};
+    constexpr IssueText kIssueTexts[] = {{"audit.layout-without-block", "the layout has no block"},
+                                         {"audit.space-without-layout", "layout link broken"},
+                                         {"audit.block-of-no-layout", "the block refers to a layout of another block"}};
     const IssueText& text = kIssueTexts[fault.kind];
     addIssue(text.code, Severity::kLost, fault.object, text.found, fault.done);
   }
@@ -292,7 +293,7 @@ private:
   void checkTable(OdDb::SymbolTableKind kind) {
     const auto* table = getIf<OdDbSymbolTable>(database_.getSymbolTableId(kind));
     if (table == nullptr) {
-      report_.add({"audit.table-missing", Severity::kLost, 0, -1, 0, "", "TABLE", "a table does not exist", ""});
+      report_.add({"audit.table-missing", Severity::kLost, 0, -1, 0, "", "TABLE", "a symbol table does not exist", ""});
       return;
     }
     for (OdDbObjectId id : table->members().ids()) {
@@ -306,8 +307,7 @@ private:
 
   void checkName(const OdDbSymbolTable& table, OdDbSymbolTableRecord& record) {
     if (table.getAt(record.getName()) != record.objectId()) {
-      addIssue("audit.name-twice", Severity::kLost, record, "another record of the table has its name",
-               "it is renamed");
+      addIssue("audit.name-twice", Severity::kLost, record, "its name is used twice in the table", "it is renamed");
       if (fix_)
         rename(record, table.freeName(record.getName()));
       return;
@@ -319,8 +319,8 @@ private:
     if (hasOwnRules || nameFault(record.getName(), OdDb::kRelease2000) == NameFault::kNone)
       return;
     addIssue("audit.name-illegal", Severity::kNote, record,
-             "\"" + record.getName().toUtf8Lossless() + "\" is no name that a record can be given",
-             "it is renamed with _ for what is not allowed");
+             "\"" + record.getName().toUtf8Lossless() + "\" is not a valid name",
+             "it is renamed, with _ for characters that are not allowed");
     if (fix_)
       rename(record, legalName(record.getName(), table));
   }
@@ -342,7 +342,7 @@ private:
     }
     for (OdDbObjectId id : cut) {
       OdDbObject& reference = *lookup(id);
-      addIssue("audit.block-cycle", Severity::kLost, reference, "through this reference a block contains itself",
+      addIssue("audit.block-cycle", Severity::kLost, reference, "a block contains itself through this reference",
                "the reference is erased");
       const WriteScope scope(reference);
       if (fix_)

@@ -48,8 +48,7 @@ GroupSink::~GroupSink() = default;
 
 void GroupSink::omitted(int code, std::string_view marker, double) {
   lost({"dxf.group-not-in-version", Severity::kLost, 0, code, 0, "", "",
-        "group " + std::to_string(code) + " of " + std::string(marker) + " cannot be held by the version",
-        "it is left out"});
+        "the version cannot store group " + std::to_string(code) + " of " + std::string(marker), "it is omitted"});
 }
 
 GroupList::~GroupList() = default;

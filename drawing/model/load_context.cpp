@@ -72,7 +72,7 @@ void LoadContext::fail(const RawGroup& group, const char* reason) {
   std::string found = std::string(reason);
   if (group.form != RawGroup::Form::kBytes)
     found += " (\"" + asText(group).substr(0, 40) + "\")";
-  addIssue({"dxf.value-unreadable", Severity::kRepaired, 0, -1, 0, "", "", found, "the record is kept as it stands"},
+  addIssue({"dxf.value-unreadable", Severity::kRepaired, 0, -1, 0, "", "", found, "the record is preserved unchanged"},
            &group);
 }
 
@@ -83,7 +83,7 @@ bool LoadContext::real(const RawGroup& group, double& value) {
   else if (group.form == RawGroup::Form::kInteger)
     number = static_cast<double>(group.integer);
   else if (!wholeNumber(trimmed(group.text), number)) {
-    fail(group, "the value is no number");
+    fail(group, "the value is not a number");
     return false;
   }
   if (!std::isfinite(number)) {
@@ -105,7 +105,7 @@ bool LoadContext::integer(const RawGroup& group, std::int64_t& value) {
   const bool written =
       group.form == RawGroup::Form::kReal ? (number = group.real, true) : wholeNumber(trimmed(group.text), number);
   if (!written || number != std::floor(number) || std::fabs(number) > 9e15) {
-    fail(group, "the value is no whole number");
+    fail(group, "the value is not a whole number");
     return false;
   }
   value = static_cast<std::int64_t>(number);
@@ -146,7 +146,7 @@ bool LoadContext::isHandle(const RawGroup& group) {
 
 bool LoadContext::handle(const RawGroup& group, std::uint64_t& value) {
   if (!readHandle(group.text, value)) {
-    fail(group, "the value is no handle");
+    fail(group, "the value is not a handle");
     return false;
   }
   return true;

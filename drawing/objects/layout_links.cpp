@@ -74,7 +74,7 @@ private:
       layout.setBlockTableRecordId(space->objectId());
     }
     onFault_({LayoutFault::kLayoutWithoutBlock, layout,
-              free != blocks_.end() ? "it gets a space that had no layout" : "it gets an empty space"});
+              free != blocks_.end() ? "it is linked to a block without a layout" : "an empty block is created for it"});
   }
 
   OdDbBlockTableRecord* makeSpace() {
@@ -98,9 +98,9 @@ private:
       return;
     if (repairs_)
       repair(block, wanted, makes);
-    const char* done = makes             ? "a layout is made"
-                       : wanted.isNull() ? "it names no layout any more"
-                                         : "it names the layout that names it";
+    const char* done = makes             ? "a layout is created"
+                       : wanted.isNull() ? "its layout link is cleared"
+                                         : "layout link restored";
     onFault_({makes || !wanted.isNull() ? LayoutFault::kSpaceWithoutLayout : LayoutFault::kBlockOfNoLayout, block, done,
               makes});
   }

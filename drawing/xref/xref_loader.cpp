@@ -90,7 +90,7 @@ private:
 
   void load(const OdDbBlockTableRecord& block) {
     if (block.isUnloaded())
-      stay(block, XrefStatus::kUnloaded, "xref.unloaded", "it was unloaded by its user");
+      stay(block, XrefStatus::kUnloaded, "xref.unloaded", "unloaded by the user");
     else if (isNested() && block.isFromOverlayReference())
       set(block, {XrefStatus::kNotFollowed, {}, {}});
     else
@@ -124,7 +124,7 @@ void Loading::note(const OdDbBlockTableRecord& block, const char* code, const st
     issue.handle = block.getDbHandle();
   issue.found = "external reference \"" + block.getName().toUtf8Lossless() + "\"" +
                 (isNested() ? " in \"" + referring().fileInfo().path + "\"" : std::string()) + ": " + found;
-  issue.done = "it stays as it is";
+  issue.done = "it is kept unchanged";
   report_.add(std::move(issue));
 }
 
@@ -132,7 +132,7 @@ void Loading::follow(const OdDbBlockTableRecord& block) {
   const std::string path = loader_.find ? loader_.find(block.pathName(), referring()) : std::string();
   if (path.empty())
     return stay(block, XrefStatus::kNotFound, "xref.not-found",
-                "there is no file \"" + block.pathName().toUtf8Lossless() + "\"");
+                "file not found: \"" + block.pathName().toUtf8Lossless() + "\"");
   const auto [place, isNew] = known_.try_emplace(keyOf(path));
   Known& known = place->second;
   if (isNew)
@@ -145,7 +145,7 @@ void Loading::follow(const OdDbBlockTableRecord& block) {
 void Loading::open(const std::string& path, Known& known) {
   if (opened_ >= limits_.drawings || stack_.size() > limits_.depth) {
     known.code = "xref.limit";
-    known.message = "\"" + path + "\" is one drawing too many or too deep";
+    known.message = "\"" + path + "\" exceeds the limit of nested or loaded drawings";
     return;
   }
   ++opened_;
@@ -156,7 +156,7 @@ void Loading::open(const std::string& path, Known& known) {
     known.message = read.message;
   } else if (read.report.outcome() != Outcome::kWhole) {
     known.code = "xref.repaired";
-    known.message = "\"" + path + "\" is damaged and was read with repairs";
+    known.message = "\"" + path + "\" was damaged and is repaired in memory";
   }
 }
 
@@ -165,8 +165,7 @@ void Loading::refer(const OdDbBlockTableRecord& block, const Known& known) {
     return stay(block, XrefStatus::kRefused, known.code, known.message);
   if (known.isOpen) {
     set(block, {XrefStatus::kCycle, {}, known.database->getBlockTableId()});
-    return note(block, "xref.cycle",
-                "\"" + block.pathName().toUtf8Lossless() + "\" refers back to a drawing that refers to it");
+    return note(block, "xref.cycle", "\"" + block.pathName().toUtf8Lossless() + "\" is in a reference cycle");
   }
   set(block, {XrefStatus::kLoaded, known.database, {}});
   if (!known.message.empty())

@@ -95,7 +95,7 @@ drawing::ReadResult MvdbSystemServices::readDrawing(const OdString& path) const 
     return drawing::readDrawing(host->paths().toSystem(path), host->reading());
   drawing::ReadResult refused;
   refused.result = eFileAccessErr;
-  refused.message = "there is no host to read \"" + path.toUtf8Lossless() + "\"";
+  refused.message = "no host is available to read \"" + path.toUtf8Lossless() + "\"";
   return refused;
 }
 

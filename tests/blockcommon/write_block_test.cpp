@@ -79,8 +79,8 @@ TEST_F(WriteBlock, TargetIsCheckedFromItsNameToTheYes) {
        L"\nP:\\100%s.dwg已经存在，是否覆盖？[是(Y)/否(N)] <N>: "},
       {L"new", {}, RTNORM, true, L"P:\\new.dwg", L""},
       {L"~", {}, RTNORM, false, L"", L""},
-      {L"100%%?", {}, RTREJ, false, L"", L"\nThe file name 100%%? has characters that none may have."},
-      {L"P:\\%d\\b", {}, RTREJ, false, L"", L"\nThere is no folder P:\\%d\\."},
+      {L"100%%?", {}, RTREJ, false, L"", L"\nThe file name 100%%? contains characters that are not allowed."},
+      {L"P:\\%d\\b", {}, RTREJ, false, L"", L"\nFolder P:\\%d\\ not found."},
   };
   for (const auto& row : rows) {
     host_.answerWith(row.answers);

@@ -92,7 +92,7 @@ TEST_F(AttributeTable, GoesOutAndInWithoutChange) {
   EXPECT_EQ(rows.rows[3].cells.back(), "invisible multi-line");
   const Outcome run = import(table.results);
   EXPECT_EQ(run.status, 4) << run.shown; // the locked one
-  EXPECT_NE(run.shown.find("0 values changed, 6 as they were, 1 row does not fit"), std::string::npos) << run.shown;
+  EXPECT_NE(run.shown.find("0 values changed, 6 unchanged, 1 row does not match"), std::string::npos) << run.shown;
   EXPECT_EQ(firstDifference(dumpOf(in_), dumpOf(out())), "");
   const Outcome json = runMorvane({"attributes", in_, "--json"});
   EXPECT_NE(json.results.find("\"value\": \"a,\\\"b\\\"\""), std::string::npos) << json.results;
@@ -108,19 +108,19 @@ TEST_F(AttributeTable, SetsWhatFitsAndReportsWhatDoesNot) {
                                     handles));
   EXPECT_EQ(run.status, 4);
   const std::string one = "reference " + h + " ";
-  const std::string told[] = {"6: TAG has one line and takes no line breaks.",
-                              "8: line 2 has a value for the same attribute",
+  const std::string told[] = {"6: TAG is a single-line attribute and cannot contain line breaks.",
+                              "8: line 2 already sets this attribute",
                               "9: " + one + "has 2 attributes \"TAG\", and none with the number \"3\"",
                               "10: " + one + "has 2 attributes \"TAG\", and none with the number \"one\"",
                               "11: " + one + "has no attribute \"OTHER\"",
-                              "12: there is no reference \"" + h + "0\"",
-                              "13: there is no reference \"zz\"",
-                              "14: " + one + "shows \"door\", not \"window\"",
+                              "12: reference \"" + h + "0\" not found",
+                              "13: reference \"zz\" not found",
+                              "14: " + one + "is to block \"door\", not \"window\"",
                               "15: TAG is on a locked layer."};
   std::string wanted;
   for (const std::string& line : told)
     wanted += scratch_.path("t.csv") + ", line " + line + "\n";
-  wanted += "2 values changed, 0 as they were, 9 rows do not fit.\n";
+  wanted += "2 values changed, 0 unchanged, 9 rows do not match.\n";
   EXPECT_EQ(run.shown.substr(run.shown.size() - std::min(run.shown.size(), wanted.size())), wanted);
   const OdDbDatabasePtr read = drawing::readDrawing(out()).database;
   const console::ReferenceAttributes after(*forRead<OdDbBlockReference>(read->objectIdOf(first_.getHandle())));
@@ -137,7 +137,7 @@ TEST_F(AttributeTable, LeavesTheDrawingAloneWhenItIsNone) {
   const std::pair<const char*, const char*> cases[] = {
       {"handle,tag\n1,2\n", "no column \"value\""},
       {"", "no column \"handle\""},
-      {"handle,tag,value\n1,\"A\"b,v\n", "line 2: a quote stands inside"},
+      {"handle,tag,value\n1,\"A\"b,v\n", "line 2: a quote is inside"},
       {"handle,tag,value\n1,A,\"v\n", "line 2: a quote is not closed"},
       {"handle,tag,value\n1,A,v\n1,A,v,w\n", "line 3: 4 cells instead of 3"}};
   for (const auto& [table, part] : cases) {

@@ -122,7 +122,7 @@ TEST(BlockObjects, AreFilteredAndOrdered) {
   const console::BlockObjects objects = console::objectsForBlock(console.session(), L"b", picked);
   EXPECT_EQ(objects.ids, (OdDbObjectIdArray{all[1], all[3], all[2], all[0]}));
   EXPECT_EQ(objects.cameras, 1U);
-  EXPECT_NE(console.takeShown().find("1 camera is left out."), std::string::npos);
+  EXPECT_NE(console.takeShown().find("1 camera is skipped."), std::string::npos);
   EXPECT_THROW(console::objectsForBlock(console.session(), L"b", OdDbObjectIdArray{all[4]}), console::Failure);
 }
 
@@ -171,12 +171,12 @@ TEST(BlockNames, AreRefusedWithTheReason) {
   } kCases[] = {{"a*b", "is the name of an anonymous block"}, // stars are looked at first
                 {"a<b", "\"<\" is not allowed"},
                 {"a`b", "\"`\" is not allowed"},
-                {"*Paper_Space0", "is the name of a space"},
-                {"*MODEL_SPACE", "is the name of a space"},
+                {"*Paper_Space0", "is the name of model space or paper space"},
+                {"*MODEL_SPACE", "is the name of model space or paper space"},
                 {"SITE", "is an external reference or belongs to one"},
                 {"site|tree", "is an external reference or belongs to one"},
                 {"EDITED", "is open in the block editor"},
-                {"a\xFF", "no file can hold"},
+                {"a\xFF", "cannot be stored in a file"},
                 {std::string(1024, 'n'), "不能长于 255 个字符"}};
   const std::string before = console.dump();
   for (const auto& row : kCases) {

@@ -79,21 +79,21 @@ TEST_F(Graph, PrintsTheTreeAndWhetherItMayBeEdited) {
        "    \"door\"  reference $d1  chain $d1 $in $house\n"
        "    \"door\"  reference $d2  chain $d2 $in $house\n"
        "  \"gone\"  reference $g  chain $g $house  external: gone.dxf, not found, no file found\n"
-       "Reference $house may not be edited in place: reference $g shows the external drawing gone.dxf.\n"},
+       "Reference $house may not be edited in place: reference $g is an external reference to gone.dxf.\n"},
       {"$F --reference $off", 0, "edited in place: the external drawing off.dxf does not allow it (XEDIT is off"},
       {"$F --reference $on", 0, "chain $on  external: on.dxf, loaded, found at "},
-      {"$F --reference $on", 0, "/on.dxf\nReference $on may not be edited in place: reference $on shows"},
+      {"$F --reference $on", 0, "/on.dxf\nReference $on may not be edited in place: reference $on is an external"},
       {"$F --reference $in --dot", 0,
        "digraph references {\n  n0 [label=\"room \\\"2\\\"\\\\\\\\u202E\\n$in\"];\n  n1 [label=\"door\\n$d1\"];\n"
        "  n0 -> n1;\n  n2 [label=\"door\\n$d2\"];\n  n0 -> n2;\n}\n"},
       {"$F --reference $on --dot", 0, "n0 [label=\"on\\n$on\\non.dxf\", style=dashed];"},
       {"$F --reference $text", 1, "no block reference with the handle $text."},
       {"$F --reference FFFFFF --json", 1, "\"graph.no-reference\""},
-      {"$F --reference $twice", 1, "would hold very many references"},
-      {"$F --reference $house --max-nodes 4", 1, "would hold 5 references, which is more than 4;"},
+      {"$F --reference $twice", 1, "would contain very many references"},
+      {"$F --reference $house --max-nodes 4", 1, "would contain 5 references, more than 4;"},
       {"$F --reference $house --max-nodes 5", 0, "$g $house"},
-      {"$F --reference $wide --max-nodes 3000", 1, "would name 2210351 references"},
-      {"$F --reference $endless", 1, "no end: a dynamic block is part of itself"},
+      {"$F --reference $wide --max-nodes 3000", 1, "would list 2210351 references"},
+      {"$F --reference $endless", 1, "infinite: a dynamic block contains itself"},
       {"$F --reference xyz", 2, "hexadecimal"},
       {"$F", 2, "--reference"},
       {"$O/none.dxf --reference 1", 3, "none.dxf"},

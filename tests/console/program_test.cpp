@@ -29,7 +29,7 @@ constexpr struct {
     {"-c LIST $D", 0, "18 objects"},
     {"-c NOSUCH $D", 1, "NOSUCH"},
     {"-c LINE $D", 5, "*Cancel*"},
-    {"-c LIST $CUT", 4, "no end mark"},
+    {"-c LIST $CUT", 4, "the file has no EOF"},
     {"make", 2, "FILE"},
     {"make $D -o $OUT --base 0,0 --select all", 2, "--name"},
     {"make $D -o $OUT --name n --select all", 2, "--base"},
@@ -227,7 +227,7 @@ TEST(IssueText, HaveUniqueIdsAndPrintNothingRaw) {
   EXPECT_EQ(console::render(console::MessageId::kErased, {L"1"}), L"1 object erased.");
   EXPECT_EQ(console::render(console::MessageId::kErased, {L"11"}), L"11 objects erased.");
   EXPECT_EQ(console::render(console::MessageId::kNameOfSpace, {L"{2}"}),
-            L"\"{2}\" is the name of a space, not of a block.");
+            L"\"{2}\" is the name of model space or paper space, not of a block.");
 }
 
 } // namespace

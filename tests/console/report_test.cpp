@@ -148,7 +148,7 @@ TEST_F(Report, OmitsAnonymousBlocksUnlessRequested) {
   EXPECT_EQ(report["issues"][0]["code"], "xref.not-found");
   const Outcome run = runMorvane({"report", path});
   EXPECT_EQ(run.status, 0); // the drawing itself is whole
-  EXPECT_NE(run.shown.find("external reference \"site\": there is no file \"..\\no\\site.dxf\""), std::string::npos)
+  EXPECT_NE(run.shown.find("external reference \"site\": file not found: \"..\\no\\site.dxf\""), std::string::npos)
       << run.shown;
   EXPECT_TRUE(report["header"]["clayer"].is_string());
   EXPECT_EQ(report["layers"][1]["name"], "walls\xE2\x80\xAE");
@@ -164,7 +164,7 @@ TEST_F(Report, PrintsATable) {
                          "room                    3       2           2      3  mm\n"
                          "window                  4       5           0      1  -      dynamic\n"
                          "bad\\u202Ename           0       0           0      1  -\n");
-  EXPECT_EQ(runMorvane({"report", save(*OdDbDatabase::create())}).results, "There are no blocks.\n");
+  EXPECT_EQ(runMorvane({"report", save(*OdDbDatabase::create())}).results, "The drawing has no blocks.\n");
 }
 
 TEST_F(Report, ForDialogsIsTheListAlone) {

@@ -146,7 +146,7 @@ TEST(WblockCommand, RemembersFormatAndFolderAndDoesNotPromptWithoutUser) {
   EXPECT_TRUE(std::filesystem::exists(scratch.path("next.dxf")));
   std::ofstream(config) << R"({"Write_block_dialog":{"Items\\ComBoxGetCurSel":"\\none\\gone.dxf"}})";
   const Outcome beside = run({}, "SAVEAS " + scratch.path("room.dxf") + "\n\nWBLOCK beside\n\n*\n\n");
-  EXPECT_NE(beside.shown.find("is gone"), std::string::npos) << beside.shown;
+  EXPECT_NE(beside.shown.find("no longer exists"), std::string::npos) << beside.shown;
   EXPECT_TRUE(std::filesystem::exists(scratch.path("beside.dxf")));
   for (const auto& [kept, offered] : {std::pair{"23", "<2000>"},
                                       {"16", "<R12>"},

@@ -122,7 +122,7 @@ TEST(Variables, RefuseWhatDoesNotFit) {
   EXPECT_EQ(mvsi::getVar(L"NOSUCH", text, true), RTERROR);
   EXPECT_EQ(host.takeOutput(), L"");
   EXPECT_EQ(mvsi::getVar(L"NO%s", text, false), RTERROR);
-  EXPECT_EQ(host.takeOutput(), L"\nThere is no variable NO%s.");
+  EXPECT_EQ(host.takeOutput(), L"\nUnknown variable NO%s.");
   EXPECT_EQ(mvsi::getVar(L"EXTNAMES", text, true), RTREJ);
   EXPECT_EQ(mvsi::getVar(L"INSNAME", number), RTREJ);
   EXPECT_TRUE(text == L"kept" && number == 9);

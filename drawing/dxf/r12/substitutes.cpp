@@ -44,7 +44,7 @@ Substitute about(std::string done) {
   return {true, Severity::kLost, std::move(done)};
 }
 Substitute nothing() {
-  return {false, Severity::kLost, "it is left out"};
+  return {false, Severity::kLost, "it is omitted"};
 }
 
 Substitute lightPolyline(const Source& source) {
@@ -52,7 +52,7 @@ Substitute lightPolyline(const Source& source) {
   if (polyline.numVerts() == 0)
     return nothing();
   source.draw.polyline(polyline);
-  return same("it is written as POLYLINE");
+  return same("it is written as a POLYLINE");
 }
 
 Substitute ellipse(const Source& source) {
@@ -87,12 +87,12 @@ Substitute unboundedLine(const Source& source) {
   const bool isRay = source.entity.isKindOf(OdDbRay::desc());
   const OdGeVector3d far = line.unitDir() * (2 * source.draw.reach());
   source.draw.line(isRay ? line.basePoint() : line.basePoint() - far, line.basePoint() + far);
-  return about("it is written as a line that ends outside the drawing");
+  return about("it is written as a line that extends past the drawing");
 }
 
 Substitute mtext(const Source& source) {
   const auto& text = static_cast<const OdDbMText&>(source.entity);
-  return about("it is written as " + std::to_string(source.draw.lines(text)) + " texts without its formats");
+  return about("it is written as " + std::to_string(source.draw.lines(text)) + " texts without formatting");
 }
 
 Substitute tolerance(const Source& source) {
@@ -107,7 +107,7 @@ Substitute tolerance(const Source& source) {
   text.setTextHeight(source.draw.dimensionTextHeight(frame.dimensionStyle()));
   text.setAttachment(OdDbMText::kMiddleLeft);
   source.draw.lines(text);
-  return about("its words are written as text");
+  return about("its text is written as TEXT");
 }
 
 Substitute leader(const Source& source) {
@@ -118,7 +118,7 @@ Substitute leader(const Source& source) {
   if (points.size() < 2)
     return nothing();
   source.draw.polyline(points, false);
-  return about("its line is written as POLYLINE");
+  return about("its line is written as a POLYLINE");
 }
 
 Substitute multiLeader(const Source& source) {
@@ -142,7 +142,7 @@ Substitute multiLeader(const Source& source) {
     source.draw.reference(symbolName(leader.blockContentId()), leader.blockPosition(), leader.scale());
     any = true;
   }
-  return any ? about("its lines and its note are written one by one") : nothing();
+  return any ? about("its lines and its text are written separately") : nothing();
 }
 
 // Strokes cross the mitre of each vertex at their first cut.
@@ -159,7 +159,7 @@ Substitute multiLine(const Source& source) {
   }
   for (const Points& stroke : strokes)
     source.draw.polyline(stroke, line.isClosed());
-  return strokes.empty() ? nothing() : about("each of its strokes is written as POLYLINE");
+  return strokes.empty() ? nothing() : about("each of its lines is written as a POLYLINE");
 }
 
 Substitute image(const Source& source) {
@@ -170,7 +170,7 @@ Substitute image(const Source& source) {
   u *= image.imageSize().x;
   v *= image.imageSize().y;
   source.draw.polyline({origin, origin + u, origin + u + v, origin + v}, true);
-  return about("its frame is written as POLYLINE");
+  return about("its frame is written as a POLYLINE");
 }
 
 // Faces of three and four corners are faces, others their outlines.
@@ -199,7 +199,7 @@ Substitute mesh(const Source& source) {
     else
       source.draw.face(face);
   }
-  return faces == 0 ? nothing() : about("its " + std::to_string(faces) + " faces are written one by one");
+  return faces == 0 ? nothing() : about("its " + std::to_string(faces) + " faces are written separately");
 }
 
 Substitute solidHatch(const Source& source, const OdDbHatch& hatch, const std::vector<Polygon>& loops) {
@@ -208,7 +208,7 @@ Substitute solidHatch(const Source& source, const OdDbHatch& hatch, const std::v
     return nothing();
   for (const Trapezoid& part : *area)
     source.draw.solid(part, hatch.elevation(), hatch.normal());
-  return about("its area is written as " + std::to_string(area->size()) + " solids");
+  return about("its fill is written as " + std::to_string(area->size()) + " solids");
 }
 
 Substitute patternHatch(const Source& source, const OdDbHatch& hatch, const std::vector<Polygon>& loops) {
@@ -262,7 +262,7 @@ Substitute ownBlock(const Source& source) {
   const OdGePoint3d along = rawPoint(source.groups, 11);
   const double rotationRad = isTable ? std::atan2(along.y, along.x) : 0;
   source.draw.reference(source.groups.stringOf(source.groups[name]), place, 1, rotationRad);
-  return about("it is written as a reference to the block that draws it");
+  return about("it is written as a reference to its graphics block");
 }
 
 struct Way {

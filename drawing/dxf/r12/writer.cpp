@@ -171,8 +171,8 @@ void R12Writer::block(const OdDbBlockTableRecord& block) {
     groups.text(4, block.comments());
   record(begin, groups, false);
   if (block.isLayout() && !isInEntitiesSection(block))
-    lost(block, "dxf.kind-not-in-version", Severity::kLost, "version R12 has one sheet",
-         "the contents of this one are written as a block");
+    lost(block, "dxf.kind-not-in-version", Severity::kLost, "version R12 has one layout",
+         "the entities of this one are written as a block");
   if (!isInEntitiesSection(block))
     contents(block);
   native(*lookup(block.blockEndId()));
@@ -206,7 +206,7 @@ void R12Writer::entity(OdDbObjectId id) {
   const Substitute substitute = writeSubstitute(entity, groups, *this);
   if (substitute.isWritten)
     xData(entity);
-  lost(entity, "dxf.kind-not-in-version", substitute.severity, "version R12 has no " + entity.dxfName(),
+  lost(entity, "dxf.kind-not-in-version", substitute.severity, "version R12 does not support " + entity.dxfName(),
        substitute.done);
 }
 
@@ -275,11 +275,11 @@ void R12Writer::record(const OdDbObject& object, const GroupList& groups, bool w
     } else if (const auto what = r12Loss(kind, one.code, numberOf(one)); !what.empty() && what != lastReported) {
       lastReported = what;
       sink_.lost({"dxf.group-not-in-version", Severity::kLost, 0, one.code, 0, "", kind,
-                  std::string(what) + " cannot be held by version R12", "it is left out"});
+                  "version R12 cannot store " + std::string(what), "it is omitted"});
     }
   }
   if (lines)
-    lost(object, "dxf.group-not-in-version", Severity::kLost, "the lines of the value cannot be held by version R12",
+    lost(object, "dxf.group-not-in-version", Severity::kLost, "version R12 cannot store the lines of the value",
          "they are written as one");
   xData(object);
 }
@@ -339,7 +339,7 @@ void R12Writer::reportDictionaries() {
   }
   for (const auto& [kind, count] : kinds)
     sink_.lost({"dxf.kind-not-in-version", Severity::kLost, 0, -1, 0, "OBJECTS", kind,
-                "version R12 has no objects of this kind (" + std::to_string(count) + ")", "they are left out"});
+                "version R12 cannot store objects of this type (" + std::to_string(count) + ")", "they are omitted"});
 }
 
 } // namespace drawing::dxf

@@ -46,11 +46,11 @@ TEST(Versions, NewerGroupsAreReportedWhereTheVersionLacksThem) {
     OdDb::DwgVersion lost, kept;
     const char* lines; // of the file, in the version that keeps it
   } cases[] = {
-      {pointWith("420|255"), "the true colour", OdDb::kRelease2000, OdDb::kRelease2004, "420\n255\n"},
+      {pointWith("420|255"), "the true color", OdDb::kRelease2000, OdDb::kRelease2004, "420\n255\n"},
       {pointWith("440|33554559"), "the transparency", OdDb::kRelease2000, OdDb::kRelease2004, "440\n33554559\n"},
       {pointWith("440|33554687"), "", OdDb::kRelease2000, OdDb::kRelease2004, "440\n33554687\n"}, // opaque
       {"0|MTEXT\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbMText\n10|0\n20|0\n40|1\n1|x\n90|1\n63|5\n45|1.5\n",
-       "the text's background", OdDb::kRelease2000, OdDb::kRelease2004, " 63\n5\n"},
+       "the text background", OdDb::kRelease2000, OdDb::kRelease2004, " 63\n5\n"},
       {"0|HATCH\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbHatch\n10|0\n20|0\n30|0\n210|0\n220|0\n230|1\n2|SOLID\n70|1\n71|0\n"
        "91|0\n75|1\n76|1\n98|0\n450|1\n453|2\n463|0\n63|5\n421|255\n470|LINEAR\n",
        "the gradient", OdDb::kRelease2000, OdDb::kRelease2004, "421\n255\n"},
@@ -104,7 +104,7 @@ TEST(Versions, BodiesThatAnEarlierVersionCannotReadAreLeftOutWithAllThatHangsOnT
           section("ACDSDATA", "70|2\n0|ACDSRECORD\n90|1\n2|AcDbDs::ID\n280|10\n320|A1\n"),
       "AC1027");
   const Written written = writeAs(*database, OdDb::kRelease2010);
-  EXPECT_TRUE(hasIssueAt(written.losses, "the form of its body", 0xA1));
+  EXPECT_TRUE(hasIssueAt(written.losses, "the format of its body", 0xA1));
   for (const char* gone : {"3DSOLID", "ACDSDATA", "  5\nA2\n", "  5\nA3\n"})
     EXPECT_EQ(written.bytes.find(gone), std::string::npos) << gone;
   EXPECT_NE(written.bytes.find("1005\n0\n"), std::string::npos); // refers to nothing now
@@ -164,7 +164,7 @@ TEST(Versions, LostColumnsAreReportedAndTheTextStays) {
     const Written written = writeAs(*readOf(section("ENTITIES", record), "AC1032"), OdDb::kRelease2013);
     EXPECT_EQ(written.bytes.find("Embedded Object"), std::string::npos);
     EXPECT_NE(written.bytes.find("1070\n7\n"), std::string::npos);
-    EXPECT_EQ(hasIssueAt(written.losses, "the columns of a text", 0xA1), columns == '2');
+    EXPECT_EQ(hasIssueAt(written.losses, "cannot store text columns", 0xA1), columns == '2');
   }
 }
 
@@ -207,7 +207,7 @@ const struct {
   const char *kind, *groups, *becomes, *reported;
 } kSubstitutes[] = {
     {"LWPOLYLINE", "100|AcDbPolyline\n90|3\n70|1\n10|0\n20|0\n42|1\n10|2\n20|0\n10|2\n20|2\n", "POLYLINE 1 ",
-     "it is written as POLYLINE"},
+     "it is written as a POLYLINE"},
     {"ELLIPSE", "100|AcDbEllipse\n10|0\n20|0\n30|0\n11|2\n21|0\n31|0\n40|0.5\n41|0\n42|6.283185307179586\n",
      "POLYLINE 1 ", "a polyline of 72 points"},
     {"SPLINE",
@@ -215,7 +215,7 @@ const struct {
      "10|0\n20|0\n30|0\n10|1\n20|1\n30|0\n10|2\n20|1\n30|0\n10|3\n20|0\n30|0\n",
      "POLYLINE 1 ", "a polyline of 17 points"},
     {"MTEXT", "100|AcDbMText\n10|0\n20|0\n30|0\n40|1\n41|0\n71|1\n1|one\\P\\H2;two\\P\\Pfour\n", "TEXT 3 ", "3 texts"},
-    {"RAY", "100|AcDbRay\n10|0\n20|0\n30|0\n11|1\n21|0\n31|0\n", "LINE 1 ", "ends outside"},
+    {"RAY", "100|AcDbRay\n10|0\n20|0\n30|0\n11|1\n21|0\n31|0\n", "LINE 1 ", "extends past"},
     {"HATCH",
      "100|AcDbHatch\n10|0\n20|0\n30|0\n210|0\n220|0\n230|1\n2|SOLID\n70|1\n71|0\n91|1\n92|3\n72|0\n73|1\n"
      "93|4\n10|0\n20|0\n10|4\n20|0\n10|4\n20|4\n10|0\n20|4\n97|0\n75|1\n76|1\n98|0\n",
@@ -234,9 +234,9 @@ const struct {
     {"MPOLYGON",
      "100|AcDbMPolygon\n70|1\n10|0\n20|0\n30|0\n210|0\n220|0\n230|1\n2|SOLID\n71|1\n91|1\n92|0\n72|0\n73|1\n"
      "93|4\n10|0\n20|0\n10|4\n20|0\n10|4\n20|4\n10|0\n20|4\n76|1\n63|1\n11|0\n21|0\n99|0\n",
-     "POLYLINE 1 SOLID 1 ", "1 polylines; its area is written as 1 solids"},
-    {"3DSOLID", "100|AcDbModelerGeometry\n70|1\n1|x\n", "", "it is left out"},
-    {"GADGET", "100|MyGadget\n90|7\n", "", "it is left out"},
+     "POLYLINE 1 SOLID 1 ", "1 polylines; its fill is written as 1 solids"},
+    {"3DSOLID", "100|AcDbModelerGeometry\n70|1\n1|x\n", "", "it is omitted"},
+    {"GADGET", "100|MyGadget\n90|7\n", "", "it is omitted"},
 };
 
 OdDbDatabasePtr drawingOfKind(const std::string& kind, const std::string& groups) {
