@@ -4,6 +4,7 @@
 #include "tests/architecture/module_rules.h"
 #include "tests/architecture/text_rules.h"
 #include "tests/architecture/unit_rules.h"
+#include "tests/architecture/wording_rules.h"
 
 #include <gtest/gtest.h>
 
@@ -45,6 +46,11 @@ TEST(Project, HasNoOverlongSource) {
 
 TEST(Project, HasNoWordsThatHaveNoPlaceInIt) {
   EXPECT_EQ(architecture::describe(architecture::checkWords(project())), "");
+}
+
+TEST(Project, IsInPlainTechnicalEnglish) {
+  using namespace architecture;
+  EXPECT_EQ(describe(checkWording(project(), wordingTable(), reviewedComments())), "");
 }
 
 TEST(Project, ExplainsEveryExportedName) {
