@@ -11,6 +11,7 @@ struct BoxText {
   const wchar_t* body;
 };
 
+// One box each.
 inline constexpr BoxText kBlockRedefine{
     "box.block-redefine", L"块 - 重新定义块",
     L"\"%s\"已定义为块。希望执行什么操作?\n图形中“%s”块参照的数量：%d\n是：重新定义块，否：不重新定义块"};
