@@ -1,4 +1,5 @@
 #include "console/app/command_loop.h"
+#include "console/messages/catalog/session.h"
 
 namespace console {
 namespace {
@@ -9,7 +10,7 @@ const Command* chosen(Session& session, const CommandTable& commands, const OdSt
     return session.host().input().isScript() ? nullptr : before;
   const Command* command = findCommand(commands, entered.str());
   if (command == nullptr) {
-    session.print(MessageId::kUnknownCommand, {entered});
+    session.print(msg::kUnknownCommand, {entered});
     session.raiseStatus(Status::kRefused);
     session.host().input().dropRestOfLine();
   }
@@ -19,7 +20,7 @@ const Command* chosen(Session& session, const CommandTable& commands, const OdSt
 } // namespace
 
 void runCommands(Session& session, const CommandTable& commands) {
-  const OdString prompt = L"\n" + render(MessageId::kPromptCommand) + L" ";
+  const OdString prompt = L"\n" + render(msg::kPromptCommand) + L" ";
   const Command* command = nullptr;
   while (!session.wantsQuit()) {
     OdString entered;

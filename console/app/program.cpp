@@ -3,6 +3,9 @@
 #include "console/app/input_choice.h"
 #include "console/app/registry.h"
 #include "console/drawings/drawing_io.h"
+#include "console/messages/catalog/reading.h"
+#include "console/messages/catalog/session.h"
+#include "console/messages/catalog/usage.h"
 #include "console/verbs/verb.h"
 
 #include <cctype>
@@ -54,12 +57,12 @@ std::uint64_t bytesOf(std::string_view text) {
 void checkReading(Options& options) {
   const std::string& encoding = options.reading.encoding;
   if (!encoding.empty() && !drawing::isKnownEncoding(encoding))
-    verbs::refuseUsage(MessageId::kBadEncoding, "--encoding", encoding);
+    verbs::refuseUsage(msg::kBadEncoding, "--encoding", encoding);
   if (options.maxMemory.empty())
     return;
   options.reading.budget.bytes = bytesOf(options.maxMemory);
   if (options.reading.budget.bytes == 0)
-    verbs::refuseUsage(MessageId::kBadMemory, "--max-memory", options.maxMemory);
+    verbs::refuseUsage(msg::kBadMemory, "--max-memory", options.maxMemory);
 }
 
 // The answers of the session. False when the script cannot be read.
@@ -83,7 +86,7 @@ bool chooseSource(Session& session, const Options& options, std::istream* given)
 
 Status runSession(Session& session, const Options& options, std::istream* given) {
   if (!chooseSource(session, options, given)) {
-    session.print(MessageId::kScriptUnreadable, {OdString::fromUtf8(options.script)});
+    session.print(msg::kScriptUnreadable, {OdString::fromUtf8(options.script)});
     return Status::kUnreadable;
   }
   const bool entered = !session.host().input().isScript();
@@ -95,7 +98,7 @@ Status runSession(Session& session, const Options& options, std::istream* given)
   }
   runCommands(session, allCommands());
   if (!session.wantsQuit() && session.isAnyModified())
-    session.print(MessageId::kUnsavedAtEnd);
+    session.print(msg::kUnsavedAtEnd);
   return entered ? Status::kDone : session.status();
 }
 

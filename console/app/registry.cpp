@@ -1,4 +1,22 @@
 #include "console/app/registry.h"
+#include "console/messages/catalog/attributes.h"
+#include "console/messages/catalog/audit.h"
+#include "console/messages/catalog/block_settings.h"
+#include "console/messages/catalog/blocks.h"
+#include "console/messages/catalog/documents.h"
+#include "console/messages/catalog/drawings.h"
+#include "console/messages/catalog/explode.h"
+#include "console/messages/catalog/insert.h"
+#include "console/messages/catalog/layers.h"
+#include "console/messages/catalog/objects.h"
+#include "console/messages/catalog/purge.h"
+#include "console/messages/catalog/rename.h"
+#include "console/messages/catalog/selection.h"
+#include "console/messages/catalog/session.h"
+#include "console/messages/catalog/ucs.h"
+#include "console/messages/catalog/variables.h"
+#include "console/messages/catalog/wblock.h"
+#include "console/messages/catalog/xrefs.h"
 
 #include "console/commands/commands.h"
 
@@ -6,7 +24,7 @@ namespace console {
 
 const CommandTable& allCommands() {
   using enum Command::Kind;
-  using enum MessageId;
+  using namespace msg;
   static const CommandTable table = {
       {L"ATTDEF",
        {L"ATT"},

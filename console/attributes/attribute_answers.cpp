@@ -1,5 +1,7 @@
 #include "console/attributes/attribute_answers.h"
 #include "console/attributes/attributes.h"
+#include "console/messages/catalog/attributes.h"
+#include "console/messages/catalog/insert.h"
 #include "console/prompts/selection.h"
 
 #include "DbBlockTable.h"
@@ -70,9 +72,9 @@ void setGiven(OdDbBlockReference& reference, const AttributeAnswers& answers) {
   for (const auto& [typed, value] : answers.given) {
     const AttributeRow* row = attributes.findEntered(typed);
     if (row == nullptr)
-      refuse(MessageId::kNoSuchTag, {typed, tagsOf(attributes)});
+      refuse(msg::kNoSuchTag, {typed, tagsOf(attributes)});
     if (changeValue(row->attribute, value) == ValueChange::kLines)
-      refuse(MessageId::kAttributeLines, {attributeName(*row), value});
+      refuse(msg::kAttributeLines, {attributeName(*row), value});
   }
 }
 
@@ -93,7 +95,7 @@ void fillAttributes(Session& session, const OdDbBlockReferencePtr& reference, co
   const OdDbObjectId block = reference->blockTableRecord();
   const std::vector<OdString> questions = questionsOf(block, answers);
   if (!questions.empty() && !session.isInteractive())
-    refuse(MessageId::kAttributesNeeded, {nameList(questions)});
+    refuse(msg::kAttributesNeeded, {nameList(questions)});
   if (!insertCommon::processAttributesForInsert(reference, true))
     throw OdError(eInvalidInput);
   setGiven(*reference, answers);

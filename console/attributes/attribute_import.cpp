@@ -1,4 +1,5 @@
 #include "console/attributes/attribute_import.h"
+#include "console/messages/catalog/attributes.h"
 
 #include "console/attributes/attributes.h"
 #include "console/messages/csv.h"
@@ -22,14 +23,14 @@ constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
 CsvTable readTable(const std::string& path) {
   drawing::MappedFile file;
   if (const drawing::FileError error = file.open(path); !error.ok())
-    throw Failure{Status::kUnreadable, {MessageId::kCsvUnreadable, {OdString::fromUtf8(error.text)}}};
+    throw Failure{Status::kUnreadable, {msg::kCsvUnreadable, {OdString::fromUtf8(error.text)}}};
   CsvTable table = parseCsv(file.text());
   if (table.fault)
-    refuse(*table.fault == CsvFault::kQuoteOpen ? MessageId::kCsvOpen : MessageId::kCsvQuote,
+    refuse(*table.fault == CsvFault::kQuoteOpen ? msg::kCsvOpen : msg::kCsvQuote,
            {OdString::fromUtf8(path), count(table.faultLine)});
   for (const CsvRow& row : table.rows) {
     if (row.cells.size() != table.rows[0].cells.size())
-      refuse(MessageId::kCsvCells,
+      refuse(msg::kCsvCells,
              {OdString::fromUtf8(path), count(row.line), count(row.cells.size()), count(table.rows[0].cells.size())});
   }
   return table;
@@ -45,7 +46,7 @@ std::array<std::size_t, kColumnCount> columnsOf(const CsvTable& table, const std
         columns[column] = i;
     }
     if (column < kNeeded && columns[column] == kNowhere)
-      refuse(MessageId::kCsvColumn, {OdString::fromUtf8(path), name});
+      refuse(msg::kCsvColumn, {OdString::fromUtf8(path), name});
   }
   return columns;
 }
@@ -95,31 +96,31 @@ private:
     const OdString handle = cell(row, kHandle), tag = cell(row, kTag), entered = cell(row, kOrdinal);
     const ReferenceAttributes* attributes = attributesOfHandle(handle);
     if (attributes == nullptr)
-      return Message{MessageId::kMisfitHandle, {handle}};
+      return Message{msg::kMisfitHandle, {handle}};
     const std::size_t equal = attributes->count(tag);
     if (equal == 0)
-      return Message{MessageId::kMisfitTag, {handle, tag}};
+      return Message{msg::kMisfitTag, {handle, tag}};
     found = attributes->find(tag, ordinalOf(entered.toUtf8()).value_or(0));
     if (found == nullptr)
-      return Message{MessageId::kMisfitOrdinal, {handle, count(equal), tag, entered}};
+      return Message{msg::kMisfitOrdinal, {handle, count(equal), tag, entered}};
     const OdString block = cell(row, kBlock);
     if (!block.isEmpty() && block.iCompare(found->block) != 0)
-      return Message{MessageId::kMisfitBlock, {handle, found->block, block}};
+      return Message{msg::kMisfitBlock, {handle, found->block, block}};
     return {};
   }
 
   Misfit set(const CsvRow& row, const AttributeRow& attribute) {
     const auto [given, isFirst] = lines_.emplace(attribute.attribute, row.line);
     if (!isFirst)
-      return Message{MessageId::kMisfitTwice, {count(given->second)}};
+      return Message{msg::kMisfitTwice, {count(given->second)}};
     const OdString name = attributeName(attribute);
     switch (changeValue(attribute.attribute, cell(row, kValue))) {
     case ValueChange::kLocked:
-      return Message{MessageId::kAttributeLocked, {name}};
+      return Message{msg::kAttributeLocked, {name}};
     case ValueChange::kConstant:
-      return Message{MessageId::kAttributeConstant, {name}};
+      return Message{msg::kAttributeConstant, {name}};
     case ValueChange::kLines:
-      return Message{MessageId::kAttributeLines, {name}};
+      return Message{msg::kAttributeLines, {name}};
     case ValueChange::kSame:
       ++result_.same;
       return {};

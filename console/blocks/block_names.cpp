@@ -1,4 +1,5 @@
 #include "console/blocks/make_block.h"
+#include "console/messages/catalog/blocks.h"
 
 #include "DbBlockTable.h"
 #include "blockcommon/block_lookup.h"
@@ -23,17 +24,17 @@ bool isSpaceName(const OdString& name) {
 // The first rule that an illegal name breaks.
 [[noreturn]] void refuseIllegal(const OdString& name, bool notUtf8) {
   if (notUtf8)
-    refuse(MessageId::kNameNotUtf8, {name});
+    refuse(msg::kNameNotUtf8, {name});
   for (const wchar_t* set : {kForbidden, kForbiddenWhenStrict}) {
     if (const int at = name.findOneOf(set); at >= 0) {
       if (set == kForbidden)
         dlgTips::showBlockNameUnLegalTips();
-      refuse(MessageId::kNameCharacter, {OdString(name.getAt(at), 1), set});
+      refuse(msg::kNameCharacter, {OdString(name.getAt(at), 1), set});
     }
   }
   if (name.getLength() > kLongestInBox)
     dlgTips::showBlockNameBeyondLenTips();
-  refuse(MessageId::kNameTooLong);
+  refuse(msg::kNameTooLong);
 }
 
 } // namespace
@@ -50,33 +51,33 @@ std::size_t referencesTo(OdDbObjectId block) {
 
 void refuseEmptyName() {
   dlgTips::showBlockNameEmptyTips();
-  refuse(MessageId::kNameEmpty);
+  refuse(msg::kNameEmpty);
 }
 
 void checkBlockName(Session& session, const OdString& name) {
   if (name.isEmpty())
     refuseEmptyName();
   if (isSpaceName(name))
-    refuse(MessageId::kNameOfSpace, {name});
+    refuse(msg::kNameOfSpace, {name});
   if (blockUtils::isAnonymous(name))
-    refuse(MessageId::kNameAnonymous, {name});
+    refuse(msg::kNameAnonymous, {name});
   if (blockUtils::isExternalDependent(name) || blockUtils::isFromExternalReference(name)) {
     dlgTips::showExternalReferenceTips();
-    refuse(MessageId::kNameExternal, {name});
+    refuse(msg::kNameExternal, {name});
   }
   bool notUtf8 = false;
   if (!blockUtils::isLigitimacyName(name, notUtf8))
     refuseIllegal(name, notUtf8);
   const OdString& edited = session.drawing().document->blockEditorName();
   if (!edited.isEmpty() && edited.iCompare(name) == 0)
-    refuse(MessageId::kNameBeingEdited, {name});
+    refuse(msg::kNameBeingEdited, {name});
 }
 
 void refuseNonDefinition(const OdDbBlockTableRecord& block) {
   if (block.isLayout())
-    refuse(MessageId::kNameOfSpace, {block.getName()});
+    refuse(msg::kNameOfSpace, {block.getName()});
   if (block.isFromExternalReference() || block.isDependent())
-    refuse(MessageId::kNameExternal, {block.getName()});
+    refuse(msg::kNameExternal, {block.getName()});
 }
 
 } // namespace console

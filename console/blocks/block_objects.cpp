@@ -1,5 +1,7 @@
 #include "console/blocks/block_objects.h"
 #include "console/blocks/make_block.h"
+#include "console/messages/catalog/blocks.h"
+#include "console/messages/catalog/selection.h"
 #include "console/messages/number_text.h"
 #include "console/prompts/selection.h"
 
@@ -81,14 +83,14 @@ void removeCameras(Session& session, BlockObjects& objects) {
   blockUtils::kickOutSomeKindOfObjs(objects.ids);
   objects.cameras = before - objects.ids.length();
   if (objects.cameras > 0)
-    session.print(MessageId::kCamerasSkipped, {count(objects.cameras)});
+    session.print(msg::kCamerasSkipped, {count(objects.cameras)});
 }
 
 void refuseSelfReference(const OdString& name, OdDbObjectId block, const OdDbObjectIdArray& ids) {
   if (!blockUtils::isObjsAreBtrItSelf(name, ids))
     return;
   dlgTips::showBlockRefSelfTips(name);
-  refuse(MessageId::kContainsItself, {name, chainBackTo(block, ids)});
+  refuse(msg::kContainsItself, {name, chainBackTo(block, ids)});
 }
 
 } // namespace
@@ -107,10 +109,10 @@ OdString chainBackTo(OdDbObjectId block, const OdDbObjectIdArray& ids) {
   ReferenceChain way(block);
   if (!way.find(ids))
     return {};
-  OdString chain = render(MessageId::kChainStart, {nameOfDefinition(block)});
+  OdString chain = render(msg::kChainStart, {nameOfDefinition(block)});
   for (const Step& step : way.steps())
-    chain += render(MessageId::kChainLink,
-                    {nameOfDefinition(definitionReferencedBy(step.reference)), handleText(step.reference)});
+    chain +=
+        render(msg::kChainLink, {nameOfDefinition(definitionReferencedBy(step.reference)), handleText(step.reference)});
   return chain;
 }
 
@@ -119,10 +121,10 @@ BlockObjects objectsForBlock(Session& session, const OdString& name, const OdDbO
   const int left = commonFun::objsOnLockedLayerPro(objects.ids);
   objects.locked = picked.length() - static_cast<std::size_t>(left);
   if (objects.locked > 0 && objects.ids.isEmpty())
-    refuse(MessageId::kAllLocked);
+    refuse(msg::kAllLocked);
   removeCameras(session, objects);
   if (!picked.isEmpty() && objects.ids.isEmpty())
-    refuse(MessageId::kAllDropped);
+    refuse(msg::kAllDropped);
   OdDbObjectIdArray definitions;
   blockUtils::kickOutAttrdefID(objects.ids, definitions);
   objects.ids.append(definitions);

@@ -3,6 +3,7 @@
 #include "console/blocks/reference_placement.h"
 #include "console/drawings/drawing_io.h"
 #include "console/drawings/entity_summary.h"
+#include "console/messages/catalog/xrefs.h"
 #include "console/messages/number_text.h"
 
 #include "DbBlockReference.h"
@@ -56,7 +57,7 @@ void follow(OdDbBlockTableRecord& xref) {
 void refuseUnlessLoaded(const OdDbBlockTableRecord& xref, const std::string& file) {
   const OdString path = OdString::fromUtf8(file);
   if (xref.xrefStatus() != XrefStatus::kLoaded)
-    throw Failure{Status::kUnreadable, {MessageId::kXrefUnreadable, {path, xrefState(xref.xrefStatus())}}};
+    throw Failure{Status::kUnreadable, {msg::kXrefUnreadable, {path, xrefState(xref.xrefStatus())}}};
 }
 
 OdDbBlockTableRecordPtr makeXref(Session& session, const AttachRequest& request) {
@@ -65,7 +66,7 @@ OdDbBlockTableRecordPtr makeXref(Session& session, const AttachRequest& request)
   const OdDbBlockTableRecordPtr xref = OdDbBlockTableRecord::createObject();
   xref->setName(request.name);
   if (table->add(xref.get()).isNull())
-    refuse(MessageId::kXrefNameTaken, {request.name});
+    refuse(msg::kXrefNameTaken, {request.name});
   xref->setXref(pathToStore(session, request.file), request.overlay);
   loadAgain(session);
   refuseUnlessLoaded(*xref, request.file);
@@ -78,7 +79,7 @@ OdDbBlockTableRecordPtr xrefFor(Session& session, const AttachRequest& request) 
   if (present.isNull())
     return makeXref(session, request);
   if (!present->isFromExternalReference() || !isSameFile(fileOf(session, *present), request.file))
-    refuse(MessageId::kXrefNameTaken, {request.name});
+    refuse(msg::kXrefNameTaken, {request.name});
   return present;
 }
 
@@ -91,11 +92,11 @@ std::string externalFile(Session& session, const std::string& entered) {
     const morvane::PathMap& paths = session.host().paths();
     const OdString found = mvdbSystemServices().findFile(paths.toDrawing(entered), &session.database());
     if (found.isEmpty())
-      refuse(MessageId::kXrefNoFile, {OdString::fromUtf8(entered)});
+      refuse(msg::kXrefNoFile, {OdString::fromUtf8(entered)});
     file = paths.toSystem(found);
   }
   if (!session.drawing().path.empty() && isSameFile(file, session.drawing().path))
-    refuse(MessageId::kXrefItself, {OdString::fromUtf8(file)});
+    refuse(msg::kXrefItself, {OdString::fromUtf8(file)});
   return file;
 }
 
@@ -120,16 +121,16 @@ std::vector<OdDbBlockTableRecordPtr> xrefsNamed(Session& session, const OdString
       xrefs.push_back(xref);
   }
   if (xrefs.empty())
-    refuse(MessageId::kNoSuchXref, {name});
+    refuse(msg::kNoSuchXref, {name});
   return xrefs;
 }
 
 OdString xrefState(XrefStatus wanted) {
-  constexpr std::pair<XrefStatus, MessageId> kStates[] = {
-      {XrefStatus::kLoaded, MessageId::kXrefLoaded},       {XrefStatus::kUnloaded, MessageId::kXrefUnloaded},
-      {XrefStatus::kNotFound, MessageId::kXrefNotFound},   {XrefStatus::kRefused, MessageId::kXrefRefused},
-      {XrefStatus::kCycle, MessageId::kXrefInCycle},       {XrefStatus::kNotFollowed, MessageId::kXrefNotFollowed},
-      {XrefStatus::kNotLoaded, MessageId::kXrefNotLoaded},
+  constexpr std::pair<XrefStatus, MessageText> kStates[] = {
+      {XrefStatus::kLoaded, msg::kXrefLoaded},       {XrefStatus::kUnloaded, msg::kXrefUnloaded},
+      {XrefStatus::kNotFound, msg::kXrefNotFound},   {XrefStatus::kRefused, msg::kXrefRefused},
+      {XrefStatus::kCycle, msg::kXrefInCycle},       {XrefStatus::kNotFollowed, msg::kXrefNotFollowed},
+      {XrefStatus::kNotLoaded, msg::kXrefNotLoaded},
   };
   for (const auto& [status, text] : kStates) {
     if (status == wanted)
@@ -150,7 +151,7 @@ void attachXref(CommandContext& context, const AttachRequest& request) {
   reference->setScaleFactors({scale, scale, scale});
   reference->setRotation(request.rotationRad);
   addToDrawing(context, *reference);
-  session.result(MessageId::kXrefAttached, {xref->getName(), xref->pathName(), realText(units)});
+  session.result(msg::kXrefAttached, {xref->getName(), xref->pathName(), realText(units)});
 }
 
 void detachXref(Session& session, const OdDbBlockTableRecordPtr& xref) {
@@ -158,7 +159,7 @@ void detachXref(Session& session, const OdDbBlockTableRecordPtr& xref) {
   const drawing::DetachedXref detached = drawing::detachXref(session.database(), xref->objectId());
   if (detached.result != eOk)
     throw OdError(detached.result);
-  session.result(MessageId::kXrefDetached, {name, count(detached.references)});
+  session.result(msg::kXrefDetached, {name, count(detached.references)});
 }
 
 void loadNewXrefs(Session& session) {
@@ -179,7 +180,7 @@ void reloadXrefs(Session& session, const std::vector<OdDbBlockTableRecordPtr>& x
   loadAgain(session);
   for (const OdDbBlockTableRecordPtr& xref : xrefs) {
     follow(*xref);
-    session.result(MessageId::kXrefLine, {xref->getName(), xref->pathName(), xrefState(xref->xrefStatus())});
+    session.result(msg::kXrefLine, {xref->getName(), xref->pathName(), xrefState(xref->xrefStatus())});
     if (xref->xrefStatus() != XrefStatus::kLoaded)
       session.raiseStatus(Status::kRefused);
   }
@@ -189,10 +190,10 @@ void bindXref(Session& session, const OdDbBlockTableRecordPtr& xref) {
   const OdString name = xref->getName();
   const drawing::BoundXref bound = drawing::bindXref(session.database(), xref->objectId());
   if (!bound.isDone)
-    refuse(MessageId::kXrefCannotBind, {name, bound.obstacle, xrefState(bound.status)});
+    refuse(msg::kXrefCannotBind, {name, bound.obstacle, xrefState(bound.status)});
   for (const OdString& overlay : bound.omittedOverlays)
-    session.print(MessageId::kXrefSkipped, {name, overlay});
-  session.result(MessageId::kXrefBound, {name});
+    session.print(msg::kXrefSkipped, {name, overlay});
+  session.result(msg::kXrefBound, {name});
 }
 
 } // namespace console

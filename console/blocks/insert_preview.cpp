@@ -2,6 +2,8 @@
 #include "console/blocks/insert_source.h"
 #include "console/blocks/make_block.h"
 #include "console/blocks/reference_placement.h"
+#include "console/messages/catalog/attributes.h"
+#include "console/messages/catalog/insert.h"
 #include "console/messages/number_text.h"
 
 #include "DbBlockTable.h"
@@ -35,22 +37,22 @@ Json keptRecords(Session& session, const OdDbDatabase& source) {
       kept.push_back({{"kind", kind.name}, {"name", name.toUtf8Lossless()}});
     }
     if (!names.empty())
-      session.result(MessageId::kPreviewKept, {OdString::fromUtf8(kind.name), nameList(names)});
+      session.result(msg::kPreviewKept, {OdString::fromUtf8(kind.name), nameList(names)});
   }
   return kept;
 }
 
 Json conflict(Session& session, const OdString& name, bool same) {
-  session.result(same ? MessageId::kPreviewSame : MessageId::kPreviewOther, {name});
+  session.result(same ? msg::kPreviewSame : msg::kPreviewOther, {name});
   return {{"name", name.toUtf8Lossless()}, {"same", same}};
 }
 
 void addQuestions(Session& session, Json& json, double factor, const std::vector<OdString>& questions) {
-  session.result(MessageId::kUnitsFactor, {exactText(factor)});
+  session.result(msg::kUnitsFactor, {exactText(factor)});
   json["factor"] = factor;
   json["questions"] = Json::array();
   for (const OdString& question : questions) {
-    session.result(MessageId::kPreviewQuestion, {question});
+    session.result(msg::kPreviewQuestion, {question});
     json["questions"].push_back(question.toUtf8Lossless());
   }
 }
@@ -59,7 +61,7 @@ void addQuestions(Session& session, Json& json, double factor, const std::vector
 
 Json previewFile(Session& session, const std::string& path, const OdString& name, const AttributeAnswers& answers) {
   const BlockSource source = readBlockSource(session, path, name);
-  session.result(MessageId::kPreviewFile, {OdString::fromUtf8(path), source.name});
+  session.result(msg::kPreviewFile, {OdString::fromUtf8(path), source.name});
   Json json = {{"file", path}, {"block", source.name.toUtf8Lossless()}, {"clashes", Json::array()}};
   if (const OdDbObjectId existing = definitionOf(session, source.name); !existing.isNull())
     json["clashes"].push_back(
@@ -75,7 +77,7 @@ Json previewFile(Session& session, const std::string& path, const OdString& name
 Json previewBlock(Session& session, const OdString& name, const AttributeAnswers& answers) {
   const OdDbObjectId block = definitionOf(session, name);
   if (block.isNull())
-    refuse(MessageId::kNoSuchBlock, {name});
+    refuse(msg::kNoSuchBlock, {name});
   Json json = {{"file", Json()}, {"block", name.toUtf8Lossless()}, {"clashes", Json::array()}, {"kept", Json::array()}};
   addQuestions(session, json, unitsFactor(block), questionsOf(block, answers));
   return json;

@@ -2,6 +2,8 @@
 #include "console/blocks/external_references.h"
 #include "console/blocks/make_block.h"
 #include "console/drawings/drawing_io.h"
+#include "console/messages/catalog/blocks.h"
+#include "console/messages/catalog/insert.h"
 #include "console/prompts/selection.h"
 
 #include "DbBlockReference.h"
@@ -85,24 +87,22 @@ OdDbObjectId insertAs(Session& session, const BlockSource& source, const OdStrin
   insertCommon::getBeditBlockName(edited);
   if (insertCommon::checkSameBlock(source.database, edited)) {
     insertCommon::CancelInsertTips(edited);
-    refuse(MessageId::kDefinesEdited, {OdString::fromUtf8(source.path), edited});
+    refuse(msg::kDefinesEdited, {OdString::fromUtf8(source.path), edited});
   }
   OdDbObjectId block;
   if (!insertCommon::insertDb(source.database, name, block))
-    refuse(MessageId::kNotInserted, {OdString::fromUtf8(source.path), name});
+    refuse(msg::kNotInserted, {OdString::fromUtf8(source.path), name});
   for (const drawing::Issue& issue : session.database().insertReport().issues())
-    session.print(MessageId::kInsertNote,
-                  {OdString::fromUtf8(source.path), OdString::fromUtf8(drawing::describe(issue))});
+    session.print(msg::kInsertNote, {OdString::fromUtf8(source.path), OdString::fromUtf8(drawing::describe(issue))});
   insertCommon::setExplodableInfo(source.database, block);
   if (!blockUtils::setBtrInsertUnit(block, source.database->getINSUNITS()))
-    refuse(MessageId::kNotInserted, {OdString::fromUtf8(source.path), name});
+    refuse(msg::kNotInserted, {OdString::fromUtf8(source.path), name});
   return block;
 }
 
 [[noreturn]] void refuseConflict(const BlockSource& source, OdDbObjectId existing) {
   const bool same = drawing::sameDefinition(source.database->getModelSpaceId(), existing);
-  refuse(same ? MessageId::kConflictSame : MessageId::kConflictOther,
-         {OdString::fromUtf8(source.path), nameOf(existing)});
+  refuse(same ? msg::kConflictSame : msg::kConflictOther, {OdString::fromUtf8(source.path), nameOf(existing)});
 }
 
 // The user replaces the definition, keeps it, or cancels.
@@ -124,7 +124,7 @@ void refuseUnfit(OdDbObjectId existing) {
   if (!record->isFromExternalReference())
     return;
   dlgTips::showBlockExtRefErrorTips();
-  refuse(MessageId::kNameExternal, {record->getName()});
+  refuse(msg::kNameExternal, {record->getName()});
 }
 
 // Which definition the file will be, and whether the one that is there is it.
@@ -151,17 +151,17 @@ void printOutcome(Session& session, const BlockSource& source, const ImportedBlo
   using Resolution = ImportedBlock::Resolution;
   const OdString path = OdString::fromUtf8(source.path);
   if (result.resolution == Resolution::kKept)
-    session.print(MessageId::kConflictKept, {path, result.name});
+    session.print(msg::kConflictKept, {path, result.name});
   else if (result.resolution == Resolution::kShared)
-    session.print(MessageId::kConflictShared, {path, result.name});
+    session.print(msg::kConflictShared, {path, result.name});
   else if (result.resolution == Resolution::kReplaced)
-    session.print(MessageId::kConflictReplaced, {path, result.name});
+    session.print(msg::kConflictReplaced, {path, result.name});
   else if (result.resolution == Resolution::kRenamed)
-    session.print(MessageId::kConflictRenamed, {path, source.name, result.name});
+    session.print(msg::kConflictRenamed, {path, source.name, result.name});
   for (const ImportedBlock::Nested& nested : result.renamed)
-    session.print(MessageId::kNestedRenamed, {path, nested.name, nested.now});
+    session.print(msg::kNestedRenamed, {path, nested.name, nested.now});
   if (!result.kept.empty())
-    session.print(MessageId::kNestedKept, {path, nameList(result.kept)});
+    session.print(msg::kNestedKept, {path, nameList(result.kept)});
 }
 
 } // namespace

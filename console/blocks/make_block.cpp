@@ -1,5 +1,6 @@
 #include "console/blocks/make_block.h"
 #include "console/blocks/block_objects.h"
+#include "console/messages/catalog/blocks.h"
 #include "console/prompts/selection.h"
 
 #include "DbAnnotationScale.h"
@@ -32,7 +33,7 @@ void clearOrigin(OdDbObjectId block) {
 void setProperties(const BlockRequest& request, OdDbObjectId block) {
   const auto demand = [&](bool done, const wchar_t* option) {
     if (!done)
-      refuse(MessageId::kPropertyFailed, {request.name, option});
+      refuse(msg::kPropertyFailed, {request.name, option});
   };
   demand(blockUtils::setUniformlyScaled(block, request.scalesUniformly), L"--uniform");
   demand(blockUtils::setExplodable(block, request.explodable), L"--no-explode");
@@ -58,7 +59,7 @@ OdDbObjectId placeReference(OdDbDatabase& database, const BlockRequest& request,
   reference->setDatabaseDefaults(&database);
   reference->setBlockTableRecord(block);
   if (reference->setBlockTransform(frame * OdGeMatrix3d::scaling(referenceScale(request, database))) != eOk)
-    refuse(MessageId::kReferenceFailed, {request.name});
+    refuse(msg::kReferenceFailed, {request.name});
   const OdDbBlockTableRecordPtr space = request.space.safeOpenObject(OdDb::kForWrite);
   const OdDbObjectId id = space->appendEntity(reference.get());
   blockUtils::processBlockTbRefAsDefaultAttri(reference.get());
@@ -73,13 +74,12 @@ void eraseAll(const OdDbObjectIdArray& ids) {
 } // namespace
 
 void reportBlockMade(Session& session, const BlockRequest& request, const BlockMade& made) {
-  session.result(made.redefined ? MessageId::kBlockRedefined : MessageId::kBlockMade,
-                 {request.name, count(made.objects)});
+  session.result(made.redefined ? msg::kBlockRedefined : msg::kBlockMade, {request.name, count(made.objects)});
   reportSourceObjects(session, request.sourceObjects);
 }
 
 void reportSourceObjects(Session& session, SourceObjects sourceObjects) {
-  const MessageId texts[] = {MessageId::kKept, MessageId::kConverted, MessageId::kDeleted};
+  const MessageText texts[] = {msg::kKept, msg::kConverted, msg::kDeleted};
   session.print(texts[static_cast<std::size_t>(sourceObjects)]);
 }
 
@@ -88,7 +88,7 @@ BlockMade makeBlock(Session& session, const BlockRequest& request) {
   checkBlockName(session, request.name);
   const OdDbObjectId before = definitionOf(session, request.name);
   if (!before.isNull() && !request.redefine)
-    refuse(MessageId::kBlockExists, {request.name, count(referencesTo(before))});
+    refuse(msg::kBlockExists, {request.name, count(referencesTo(before))});
 
   BlockMade made;
   made.redefined = !before.isNull();
@@ -98,13 +98,13 @@ BlockMade makeBlock(Session& session, const BlockRequest& request) {
   made.block = blockUtils::create(&database, request.name, taken, request.redefine, created, request.basePointUcs,
                                   request.description);
   if (!created || made.block.isNull())
-    refuse(MessageId::kBlockFailed, {request.name});
+    refuse(msg::kBlockFailed, {request.name});
   if (taken.isEmpty() && !request.ids.isEmpty())
-    refuse(MessageId::kAllDropped);
+    refuse(msg::kAllDropped);
   made.objects = static_cast<std::size_t>(taken.length());
   made.dropped = missingByType(request.ids, taken);
   for (const auto& [type, number] : made.dropped)
-    session.print(MessageId::kDropped, {count(number), OdString::fromUtf8(type)});
+    session.print(msg::kDropped, {count(number), OdString::fromUtf8(type)});
   clearOrigin(made.block);
   setProperties(request, made.block);
 

@@ -1,5 +1,7 @@
 #include "console/blocks/reference_placement.h"
 #include "console/blocks/block_objects.h"
+#include "console/messages/catalog/blocks.h"
+#include "console/messages/catalog/insert.h"
 
 #include "DbBlockTable.h"
 #include "blockcommon/insertion.h"
@@ -12,16 +14,16 @@ namespace {
 void refuseUnfit(const OdDbBlockTableRecord& block, const Placement& placement, OdDbObjectId space) {
   const OdGeScale3d& scale = placement.scale;
   if (scale.sx == 0 || scale.sy == 0 || scale.sz == 0)
-    refuse(MessageId::kScaleZero);
+    refuse(msg::kScaleZero);
   const bool equal = scale.sx == scale.sy && scale.sy == scale.sz;
   if (!equal && insertCommon::isBlockUniformScaled(block.objectId()))
-    refuse(MessageId::kScaleUniform, {block.getName()});
+    refuse(msg::kScaleUniform, {block.getName()});
   if (block.isLayout())
-    refuse(MessageId::kNameOfSpace, {block.getName()});
+    refuse(msg::kNameOfSpace, {block.getName()});
   if (block.objectId() != space && !block.reaches(space))
     return;
   dlgTips::showBlockRefSelfTips(block.getName());
-  refuse(MessageId::kInsertsItself, {block.getName()});
+  refuse(msg::kInsertsItself, {block.getName()});
 }
 
 OdDbBlockReferencePtr freeReference(const Placement& placement) {
@@ -66,7 +68,7 @@ OdDbBlockReferencePtr placeReference(Session& session, OdDbObjectId block, const
   reference->setDatabaseDefaults(&database);
   reference->setBlockTableRecord(block);
   if (reference->setBlockTransform(matrixOf(database, placement, unitsFactor(block))) != eOk)
-    refuse(MessageId::kReferenceFailed, {definition->getName()});
+    refuse(msg::kReferenceFailed, {definition->getName()});
   const OdDbBlockTableRecordPtr space = spaceId.safeOpenObject(OdDb::kForWrite);
   space->appendEntity(reference.get());
   return reference;

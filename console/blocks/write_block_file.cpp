@@ -1,4 +1,6 @@
 #include "console/blocks/write_block_file.h"
+#include "console/messages/catalog/blocks.h"
+#include "console/messages/catalog/wblock.h"
 
 #include "console/blocks/block_objects.h"
 #include "console/blocks/make_block.h"
@@ -75,7 +77,7 @@ public:
   OdDbDatabasePtr make() {
     OdDbDatabasePtr made = std::visit(*this, request_.source);
     if (made.isNull())
-      refuse(MessageId::kNotWritable);
+      refuse(msg::kNotWritable);
     if (request_.units) {
       made->setINSUNITS(*request_.units);
       OdDbBlockTableRecordPtr(made->getModelSpaceId().safeOpenObject(OdDb::kForWrite))
@@ -120,10 +122,10 @@ private:
   void reportDropped(const OdDbObjectIdArray& all) const {
     result_.dropped = missingByType(all, result_.written);
     for (const auto& [type, number] : result_.dropped)
-      session_.print(MessageId::kNotMoved, {count(number), OdString::fromUtf8(type)});
+      session_.print(msg::kNotMoved, {count(number), OdString::fromUtf8(type)});
     session_.raiseStatus(Status::kRepaired);
     if (result_.written.isEmpty())
-      refuse(MessageId::kAllDropped);
+      refuse(msg::kAllDropped);
   }
 
   Session& session_;
@@ -136,14 +138,14 @@ void checkReadBack(const BlockFileRequest& request, const OdDbDatabase& made, co
                    const BlockFile& result) {
   if (read.database.isNull())
     throw Failure{Status::kSaveFailed,
-                  {MessageId::kNotReadBack, {OdString::fromUtf8(request.path), OdString::fromUtf8(read.message)}}};
+                  {msg::kNotReadBack, {OdString::fromUtf8(request.path), OdString::fromUtf8(read.message)}}};
   const bool containsAll = result.version >= made.fileInfo().version;
   const DrawingCount given = countOf(made);
   if (read.report.outcome() == drawing::Outcome::kWhole && (!containsAll || result.count == given))
     return;
-  throw Failure{Status::kSaveFailed,
-                {MessageId::kReadBackDiffers,
-                 {OdString::fromUtf8(request.path), count(given.objects), count(result.count.objects)}}};
+  throw Failure{
+      Status::kSaveFailed,
+      {msg::kReadBackDiffers, {OdString::fromUtf8(request.path), count(given.objects), count(result.count.objects)}}};
 }
 
 // Of the objects that model space of `made` was made of: those that the file has, whatever its version made of them.
@@ -205,7 +207,7 @@ BlockFile writeBlockFile(Session& session, const BlockFileRequest& request) {
 }
 
 void reportBlockFile(Session& session, const BlockFile& written) {
-  session.result(MessageId::kBlockWritten,
+  session.result(msg::kBlockWritten,
                  {OdString::fromUtf8(written.path), count(written.count.objects), count(written.count.definitions),
                   OdString::fromUtf8(drawing::versionYear(written.version))});
 }

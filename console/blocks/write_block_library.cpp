@@ -1,4 +1,6 @@
 #include "console/blocks/write_block_library.h"
+#include "console/messages/catalog/drawings.h"
+#include "console/messages/catalog/wblock.h"
 
 #include "console/blocks/write_target.h"
 #include "console/drawings/drawing_io.h"
@@ -74,13 +76,13 @@ private:
     std::error_code error;
     fs::create_directory(request_.folder, error);
     if (!fs::is_directory(request_.folder, error))
-      throw Failure{Status::kSaveFailed, {MessageId::kNoLibraryFolder, {OdString::fromUtf8(request_.folder)}}};
+      throw Failure{Status::kSaveFailed, {msg::kNoLibraryFolder, {OdString::fromUtf8(request_.folder)}}};
   }
 
   void refuseExisting() const {
     const auto check = [this](const std::string& file) {
       if (fileExists(pathOf(file)))
-        refuse(MessageId::kFileExists, {OdString::fromUtf8(pathOf(file))});
+        refuse(msg::kFileExists, {OdString::fromUtf8(pathOf(file))});
     };
     check(kManifest);
     for (const LibraryEntry& entry : entries_) {

@@ -1,4 +1,6 @@
 #include "console/blocks/write_target.h"
+#include "console/messages/catalog/drawings.h"
+#include "console/messages/catalog/wblock.h"
 
 #include "console/drawings/drawing_io.h"
 
@@ -33,9 +35,9 @@ _blockFileInfo completed(const OdString& name) {
   info.fileName = name;
   bool needsName = false;
   if (blockInfo_FilePath::isShowFileDlg(info.fileName, info.filePath, needsName) != RTNORM)
-    refuse(MessageId::kNoTarget, {name});
+    refuse(msg::kNoTarget, {name});
   if (needsName)
-    refuse(MessageId::kNoFileName);
+    refuse(msg::kNoFileName);
   return info;
 }
 
@@ -51,7 +53,7 @@ OdString inRememberedFolder(Session& session, const OdString& name) {
   std::error_code ignored;
   if (name.findOneOf(L"/\\") >= 0 || folder.isEmpty() || fs::is_directory(paths.toSystem(folder), ignored))
     return name;
-  session.print(MessageId::kFolderGone, {folder});
+  session.print(msg::kFolderGone, {folder});
   const fs::path own = fs::absolute(session.drawing().path, ignored).parent_path();
   return paths.toDrawing((session.drawing().path.empty() ? fs::current_path(ignored) : own).string()) + L"\\" + name;
 }
@@ -62,14 +64,14 @@ void refuseOpenDrawing(Session& session, const std::string& path) {
   const auto isThat = [&](const OpenDrawing& open) { return !open.path.empty() && isSameFile(open.path, path); };
   const auto& background = session.backgroundDrawings();
   if (isThat(session.drawing()) || std::any_of(background.begin(), background.end(), isThat))
-    refuse(MessageId::kTargetIsOpen, {OdString::fromUtf8(path)});
+    refuse(msg::kTargetIsOpen, {OdString::fromUtf8(path)});
 }
 
 OdString completeName(Session& session, const OdString& entered) {
   OdString name = entered;
   name.trimLeft().trimRight();
   if (name.isEmpty() || name == L"~")
-    refuse(MessageId::kNoFileName);
+    refuse(msg::kNoFileName);
   checkDrawingName(name.toUtf8Lossless());
   const OdString extension = extensionOf(name);
   if (extension == kDxf)
@@ -77,7 +79,7 @@ OdString completeName(Session& session, const OdString& entered) {
   if (extension.iCompare(kDxf) == 0)
     name = name.left(name.getLength() - extension.getLength());
   name += kDxf;
-  session.print(MessageId::kTargetCompleted, {name});
+  session.print(msg::kTargetCompleted, {name});
   return name;
 }
 
@@ -88,7 +90,7 @@ OdDb::DwgVersion rememberedVersion(Session& session) {
   const bool isKnown = drawing::versionSignature(version)[0] != '\0'; // a file that somebody wrote may hold anything
   version = isKnown ? drawing::writtenVersion(version) : OdDb::kNewestVersion;
   if (type == OdDb::kSaveDwg)
-    session.print(MessageId::kTargetMadeDxf, {OdString::fromUtf8(drawing::versionYear(version))});
+    session.print(msg::kTargetMadeDxf, {OdString::fromUtf8(drawing::versionYear(version))});
   return version;
 }
 
@@ -97,8 +99,8 @@ std::string promptedTarget(Session& session, const OdString& entered) {
   const std::string path = systemPath(session, completed(name));
   refuseOpenDrawing(session, path);
   if (!session.isInteractive() && fileExists(path)) {
-    session.refuseQuestion(render(MessageId::kReplaceQuestion, {OdString::fromUtf8(path)}));
-    refuse(MessageId::kFileExists, {OdString::fromUtf8(path)});
+    session.refuseQuestion(render(msg::kReplaceQuestion, {OdString::fromUtf8(path)}));
+    refuse(msg::kFileExists, {OdString::fromUtf8(path)});
   }
   _blockFileInfo info;
   info.fileName = name;
@@ -113,7 +115,7 @@ std::string givenTarget(Session& session, const OdString& name, bool mayReplace)
   const std::string inFull = std::filesystem::absolute(name.toUtf8Lossless(), ignored).string();
   const std::string path = systemPath(session, completed(session.host().paths().toDrawing(inFull)));
   if (!mayReplace && fileExists(path))
-    refuse(MessageId::kFileExists, {OdString::fromUtf8(path)});
+    refuse(msg::kFileExists, {OdString::fromUtf8(path)});
   return path;
 }
 

@@ -1,6 +1,8 @@
 #include "console/commands/commands.h"
 #include "console/commands/text_height.h"
 #include "console/drawings/entity_summary.h"
+#include "console/messages/catalog/attributes.h"
+#include "console/messages/catalog/objects.h"
 #include "console/messages/number_text.h"
 #include "console/prompts/prompt.h"
 
@@ -55,8 +57,8 @@ void promptModes(Session& session, DefinitionSettings& settings) {
       if (settings.modes[mode])
         on.emplace_back(kModes[mode]);
     }
-    session.print(MessageId::kModesOn, {on.empty() ? OdString(L"none") : nameList(on)});
-    const auto entered = promptKeyword(session, MessageId::kKeywordsModes, MessageId::kPromptModes);
+    session.print(msg::kModesOn, {on.empty() ? OdString(L"none") : nameList(on)});
+    const auto entered = promptKeyword(session, msg::kKeywordsModes, msg::kPromptModes);
     if (!entered)
       return;
     for (std::size_t mode = 0; mode < kModeCount; ++mode)
@@ -65,7 +67,7 @@ void promptModes(Session& session, DefinitionSettings& settings) {
 }
 
 void promptJustification(Session& session, DefinitionSettings& settings) {
-  const auto entered = promptKeyword(session, MessageId::kKeywordsJustify, MessageId::kPromptJustify);
+  const auto entered = promptKeyword(session, msg::kKeywordsJustify, msg::kPromptJustify);
   for (const Justification& one : kJustifications) {
     if (entered && *entered == one.name)
       settings.justification = &one;
@@ -74,12 +76,12 @@ void promptJustification(Session& session, DefinitionSettings& settings) {
 
 // A wrong name is told, and the style stays.
 void promptStyle(CommandContext& context, DefinitionSettings& settings) {
-  const auto entered = promptText(context.session, MessageId::kPromptStyle, {}, true);
+  const auto entered = promptText(context.session, msg::kPromptStyle, {}, true);
   const OdDbObjectId style = entered ? context.database.symbol(OdDb::kTextStyleTable, *entered) : OdDbObjectId();
   if (!style.isNull())
     settings.style = style;
   else if (entered)
-    context.session.print(MessageId::kNoSuchStyle, {*entered});
+    context.session.print(msg::kNoSuchStyle, {*entered});
 }
 
 // The first point, with the options in front of it.
@@ -87,8 +89,7 @@ OdGePoint3d promptInsertionPoint(CommandContext& context, DefinitionSettings& se
   Session& session = context.session;
   for (;;) {
     constexpr bool kRequired = true;
-    const PointOrKeyword answer =
-        promptPointOr(session, MessageId::kKeywordsAttdef, MessageId::kPromptAttdefPosition, kRequired);
+    const PointOrKeyword answer = promptPointOr(session, msg::kKeywordsAttdef, msg::kPromptAttdefPosition, kRequired);
     if (answer.point)
       return *answer.point;
     if (answer.keyword == L"Modes")
@@ -98,7 +99,7 @@ OdGePoint3d promptInsertionPoint(CommandContext& context, DefinitionSettings& se
     else if (answer.keyword == L"Style")
       promptStyle(context, settings);
     else
-      settings.rotation = promptAngle(session, MessageId::kPromptAngle).value_or(0);
+      settings.rotation = promptAngle(session, msg::kPromptAngle).value_or(0);
   }
 }
 
@@ -135,9 +136,9 @@ void makeMultiple(OdDbAttributeDefinition& definition, const DefinitionSettings&
 }
 
 OdString promptTag(Session& session) {
-  OdString tag = promptText(session, MessageId::kPromptTag).value_or(OdString());
+  OdString tag = promptText(session, msg::kPromptTag).value_or(OdString());
   if (tag.isEmpty() || tag.findOneOf(L" \t!") >= 0)
-    refuse(MessageId::kBadTag, {tag});
+    refuse(msg::kBadTag, {tag});
   return tag.makeUpper();
 }
 
@@ -146,17 +147,17 @@ OdString promptTag(Session& session) {
 void attdef(CommandContext& context) {
   Session& session = context.session;
   const OdString tag = promptTag(session);
-  const OdString prompt = promptText(session, MessageId::kPromptTagPrompt, {tag}, true).value_or(tag);
-  const OdString value = promptText(session, MessageId::kPromptTagDefault, {}, true).value_or(OdString());
+  const OdString prompt = promptText(session, msg::kPromptTagPrompt, {tag}, true).value_or(tag);
+  const OdString value = promptText(session, msg::kPromptTagDefault, {}, true).value_or(OdString());
   const OdDbAttributeDefinitionPtr definition = OdDbAttributeDefinition::createObject();
   definition->setDatabaseDefaults(&context.database);
   DefinitionSettings settings;
   const OdGePoint3d first = promptInsertionPoint(context, settings);
   OdGePoint3d second;
   if (hasTwoPoints(settings)) {
-    second = promptRequiredPoint(session, MessageId::kPromptSecondPoint);
+    second = promptRequiredPoint(session, msg::kPromptSecondPoint);
     if (std::hypot(second.x - first.x, second.y - first.y) == 0)
-      refuse(MessageId::kNoBaseLine);
+      refuse(msg::kNoBaseLine);
   }
   definition->setTag(tag);
   definition->setPrompt(prompt);

@@ -1,5 +1,6 @@
 #include "console/attributes/attributes.h"
 #include "console/commands/commands.h"
+#include "console/messages/catalog/attributes.h"
 #include "console/prompts/prompt.h"
 #include "console/prompts/selection.h"
 
@@ -13,40 +14,40 @@ OdDbObjectId promptReference(Session& session) {
     if (reference.isNull() || reference->attributeIds().isEmpty())
       continue;
     if (!picked.isNull())
-      refuse(MessageId::kOneReference);
+      refuse(msg::kOneReference);
     picked = id;
   }
   if (picked.isNull())
-    refuse(MessageId::kNoAttributes);
+    refuse(msg::kNoAttributes);
   return picked;
 }
 
 void listAttributes(Session& session, const ReferenceAttributes& attributes) {
   for (const AttributeRow& row : attributes.rows())
-    session.result(MessageId::kAttributeLine, {attributeName(row), row.value});
+    session.result(msg::kAttributeLine, {attributeName(row), row.value});
 }
 
-MessageId textOf(ValueChange change) {
+MessageText textOf(ValueChange change) {
   switch (change) {
   case ValueChange::kSet:
-    return MessageId::kAttributeSet;
+    return msg::kAttributeSet;
   case ValueChange::kSetWithoutField:
-    return MessageId::kAttributeSetWithoutField;
+    return msg::kAttributeSetWithoutField;
   case ValueChange::kSame:
-    return MessageId::kAttributeSame;
+    return msg::kAttributeSame;
   case ValueChange::kLocked:
-    return MessageId::kAttributeLocked;
+    return msg::kAttributeLocked;
   case ValueChange::kConstant:
-    return MessageId::kAttributeConstant;
+    return msg::kAttributeConstant;
   case ValueChange::kLines:
     break;
   }
-  return MessageId::kAttributeLines;
+  return msg::kAttributeLines;
 }
 
 // An empty answer keeps the value; two quotes are the empty one.
 void promptValue(Session& session, const AttributeRow& row) {
-  const auto entered = promptText(session, MessageId::kPromptAttributeValue, {row.value}, true);
+  const auto entered = promptText(session, msg::kPromptAttributeValue, {row.value}, true);
   if (!entered)
     return;
   const OdString value = *entered == L"\"\"" ? OdString() : *entered;
@@ -58,7 +59,7 @@ void promptValue(Session& session, const AttributeRow& row) {
 void attedit(CommandContext& context) {
   Session& session = context.session;
   const OdDbObjectId id = promptReference(session);
-  while (const auto entered = promptText(session, MessageId::kPromptAttributeTag)) {
+  while (const auto entered = promptText(session, msg::kPromptAttributeTag)) {
     const ReferenceAttributes attributes(*OdDbBlockReferencePtr(id.safeOpenObject()));
     const AttributeRow* row = attributes.findEntered(*entered);
     if (row != nullptr)
@@ -66,7 +67,7 @@ void attedit(CommandContext& context) {
     else if (*entered == L"?")
       listAttributes(session, attributes);
     else
-      session.print(MessageId::kNoSuchAttribute, {*entered});
+      session.print(msg::kNoSuchAttribute, {*entered});
   }
 }
 

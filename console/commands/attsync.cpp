@@ -1,6 +1,8 @@
 #include "console/attributes/attribute_sync.h"
 #include "console/blocks/make_block.h"
 #include "console/commands/commands.h"
+#include "console/messages/catalog/attributes.h"
+#include "console/messages/catalog/blocks.h"
 #include "console/messages/number_text.h"
 #include "console/prompts/prompt.h"
 
@@ -17,25 +19,25 @@ bool listBlocksWithAttributes(Session& session) {
     if (record->isLayout() || record->isFromExternalReference() || !record->hasAttributeDefinitions())
       continue;
     any = true;
-    session.result(MessageId::kSyncBlock, {record->getName(), count(referencesTo(record->objectId()))});
+    session.result(msg::kSyncBlock, {record->getName(), count(referencesTo(record->objectId()))});
   }
   return any;
 }
 
 OdDbObjectId promptBlock(Session& session) {
   for (;;) {
-    const auto entered = promptText(session, MessageId::kPromptBlockName);
+    const auto entered = promptText(session, msg::kPromptBlockName);
     if (!entered)
       return {};
     if (*entered == L"?") {
       if (!listBlocksWithAttributes(session))
-        session.result(MessageId::kNoSyncBlocks);
+        session.result(msg::kNoSyncBlocks);
       continue;
     }
     const OdDbObjectId block = definitionOf(session, *entered);
     const OdDbBlockTableRecordPtr record = OdDbBlockTableRecord::cast(block.safeOpenObject());
     if (record.isNull() || record->isLayout() || record->isFromExternalReference())
-      refuse(MessageId::kNoSuchBlock, {*entered});
+      refuse(msg::kNoSuchBlock, {*entered});
     return block;
   }
 }
@@ -49,10 +51,10 @@ void attsync(CommandContext& context) {
     return;
   const SyncedAttributes synced = syncAttributes(block);
   for (const SyncedAttributes::Surplus& surplus : synced.surplus)
-    session.result(MessageId::kSyncSurplus, {handleText(surplus.reference), surplus.tag, surplus.value});
+    session.result(msg::kSyncSurplus, {handleText(surplus.reference), surplus.tag, surplus.value});
   for (const OdDbObjectId& id : synced.locked)
-    session.result(MessageId::kSyncLocked, {handleText(id)});
-  session.print(MessageId::kSynced, {count(synced.references)});
+    session.result(msg::kSyncLocked, {handleText(id)});
+  session.print(msg::kSynced, {count(synced.references)});
 }
 
 } // namespace console::commands

@@ -1,4 +1,5 @@
 #include "console/maintenance/audit.h"
+#include "console/messages/catalog/audit.h"
 
 #include "console/commands/commands.h"
 #include "console/prompts/prompt.h"
@@ -6,7 +7,7 @@
 namespace console::commands {
 
 void audit(CommandContext& context) {
-  const bool fix = promptYesNo(context.session, MessageId::kPromptFix);
+  const bool fix = promptYesNo(context.session, msg::kPromptFix);
   showIssues(context.session, auditOpenDrawing(context.session, fix));
 }
 

@@ -1,4 +1,5 @@
 #include "console/commands/commands.h"
+#include "console/messages/catalog/xrefs.h"
 #include "console/session/session.h"
 
 namespace console::commands {
@@ -6,7 +7,7 @@ namespace console::commands {
 void bclose(CommandContext& context) {
   mvsi::MvsiApDocument& document = *context.drawing.document;
   if (document.blockEditorName().isEmpty())
-    refuse(MessageId::kEditorNotOpen);
+    refuse(msg::kEditorNotOpen);
   document.setBlockEditorName({}); // the session tells it
 }
 

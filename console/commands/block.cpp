@@ -4,6 +4,9 @@
 #include "console/commands/block_list.h"
 #include "console/commands/block_questions.h"
 #include "console/commands/commands.h"
+#include "console/messages/catalog/block_settings.h"
+#include "console/messages/catalog/blocks.h"
+#include "console/messages/catalog/lists.h"
 #include "console/prompts/prompt.h"
 #include "console/prompts/selection.h"
 
@@ -23,16 +26,16 @@ constexpr int kName = 1;
 // Question marks are answered with the list of blocks until a name comes.
 OdString promptBlockName(Session& session) {
   for (;;) {
-    const OdString entered = promptText(session, MessageId::kPromptBlockName).value_or(OdString());
+    const OdString entered = promptText(session, msg::kPromptBlockName).value_or(OdString());
     if (entered.isEmpty())
       refuseEmptyName();
     const int kind = commonFun::GetInputType(entered);
     if (kind == kName)
       return entered;
     if (kind != kQuery)
-      session.print(MessageId::kBadBlockQuery);
+      session.print(msg::kBadBlockQuery);
     else if (listBlocks(session) == 0)
-      session.result(MessageId::kNoBlocks);
+      session.result(msg::kNoBlocks);
   }
 }
 
@@ -67,9 +70,9 @@ void promptOptions(Session& session, BlockOptions& options) {
       {L"Explodable", &options.explodable}, {L"Uniform", &options.uniform}, {L"Open", &options.openInEditor}};
   for (;;) {
     const auto shown = [](int value) { return OdString(value != 0 ? L"on" : L"off"); };
-    session.print(MessageId::kBlockSettings,
+    session.print(msg::kBlockSettings,
                   {shown(options.explodable), shown(options.uniform), shown(options.openInEditor)});
-    const auto entered = promptKeyword(session, MessageId::kKeywordsBlockOptions, MessageId::kPromptBlockOptions);
+    const auto entered = promptKeyword(session, msg::kKeywordsBlockOptions, msg::kPromptBlockOptions);
     if (!entered)
       return;
     for (const auto& [name, value] : settings) {
@@ -81,7 +84,7 @@ void promptOptions(Session& session, BlockOptions& options) {
 
 OdGePoint3d promptBasePoint(Session& session, BlockOptions& options) {
   for (;;) {
-    const PointOrKeyword answer = promptPointOr(session, MessageId::kKeywordsBlock, MessageId::kPromptBlockBasePoint);
+    const PointOrKeyword answer = promptPointOr(session, msg::kKeywordsBlock, msg::kPromptBlockBasePoint);
     if (answer.keyword.isEmpty())
       return answer.point.value_or(OdGePoint3d());
     promptOptions(session, options);

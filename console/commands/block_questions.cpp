@@ -1,4 +1,7 @@
 #include "console/commands/block_questions.h"
+#include "console/messages/catalog/blocks.h"
+#include "console/messages/catalog/lists.h"
+#include "console/messages/catalog/xrefs.h"
 
 #include "console/blocks/make_block.h"
 #include "console/commands/block_list.h"
@@ -11,13 +14,13 @@
 
 namespace console::commands {
 
-OdString promptNameOrList(Session& session, MessageId prompt) {
+OdString promptNameOrList(Session& session, MessageText prompt) {
   for (;;) {
     const OdString entered = promptText(session, prompt).value_or(OdString());
     if (entered != L"?")
       return entered;
     if (listBlocks(session) == 0)
-      session.result(MessageId::kNoBlocks);
+      session.result(msg::kNoBlocks);
   }
 }
 
@@ -35,8 +38,7 @@ SourceObjects promptSourceObjects(Session& session, SourceObjects usual) {
   constexpr std::array<const wchar_t*, 3> kNames = {L"Keep", L"Convert", L"Delete"};
   const OdString usualName = kNames[static_cast<std::size_t>(usual)];
   const OdString answer =
-      promptKeyword(session, MessageId::kKeywordsSourceObjects, MessageId::kPromptSourceObjects, {usualName})
-          .value_or(usualName);
+      promptKeyword(session, msg::kKeywordsSourceObjects, msg::kPromptSourceObjects, {usualName}).value_or(usualName);
   for (std::size_t at = 0; at < kNames.size(); ++at) {
     if (answer == kNames[at])
       return static_cast<SourceObjects>(at);
@@ -47,7 +49,7 @@ SourceObjects promptSourceObjects(Session& session, SourceObjects usual) {
 void openEditor(CommandContext& context, OdDbObjectId block) {
   const OdString name = OdDbBlockTableRecordPtr(block.safeOpenObject())->getName();
   context.drawing.document->setBlockEditorName(name);
-  context.session.print(MessageId::kEditorOpened, {name});
+  context.session.print(msg::kEditorOpened, {name});
 }
 
 } // namespace console::commands

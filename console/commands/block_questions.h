@@ -8,7 +8,7 @@
 namespace console::commands {
 
 // What was typed; question marks are answered with the list of blocks until something else comes. May be empty.
-OdString promptNameOrList(Session& session, MessageId prompt);
+OdString promptNameOrList(Session& session, MessageText prompt);
 // Whether there is a definition of that name and the user wants it replaced; a no cancels the command.
 bool promptRedefine(Session& session, const OdString& name);
 SourceObjects promptSourceObjects(Session& session, SourceObjects usual);

@@ -1,5 +1,6 @@
 #include "console/commands/commands.h"
 #include "console/drawings/entity_summary.h"
+#include "console/messages/catalog/objects.h"
 #include "console/prompts/prompt.h"
 
 #include "DbCurves.h"
@@ -7,10 +8,10 @@
 namespace console::commands {
 
 void circle(CommandContext& context) {
-  const OdGePoint3d center = promptRequiredPoint(context.session, MessageId::kPromptCenter);
-  const double radius = promptRequiredNumber(context.session, MessageId::kPromptRadius);
+  const OdGePoint3d center = promptRequiredPoint(context.session, msg::kPromptCenter);
+  const double radius = promptRequiredNumber(context.session, msg::kPromptRadius);
   if (radius <= 0)
-    refuse(MessageId::kRadiusTooSmall);
+    refuse(msg::kRadiusTooSmall);
   const OdDbCirclePtr entity = OdDbCircle::createObject();
   entity->setDatabaseDefaults(&context.database);
   entity->setCenter(center);

@@ -1,4 +1,5 @@
 #include "console/commands/commands.h"
+#include "console/messages/catalog/selection.h"
 #include "console/prompts/selection.h"
 
 namespace console::commands {
@@ -8,7 +9,7 @@ void erase(CommandContext& context) {
   removeLocked(context.session, ids);
   for (const OdDbObjectId id : ids)
     id.safeOpenObject(OdDb::kForWrite)->erase();
-  context.session.print(MessageId::kErased, {count(static_cast<std::size_t>(ids.length()))});
+  context.session.print(msg::kErased, {count(static_cast<std::size_t>(ids.length()))});
 }
 
 } // namespace console::commands

@@ -1,3 +1,4 @@
+#include "console/messages/catalog/explode.h"
 #include "console/commands/commands.h"
 #include "console/messages/number_text.h"
 #include "console/prompts/prompt.h"
@@ -20,18 +21,18 @@ bool hasAttributes(OdDbObjectId id) {
   return !reference.isNull() && reference->hasAttributes();
 }
 
-MessageId reasonFor(ExplodeRefusal refusal) {
+MessageText reasonFor(ExplodeRefusal refusal) {
   switch (refusal) {
   case ExplodeRefusal::kExternal:
-    return MessageId::kExplodeExternal;
+    return msg::kExplodeExternal;
   case ExplodeRefusal::kNotAllowed:
-    return MessageId::kExplodeNotAllowed;
+    return msg::kExplodeNotAllowed;
   case ExplodeRefusal::kCannotPlace:
-    return MessageId::kExplodeCannotPlace;
+    return msg::kExplodeCannotPlace;
   case ExplodeRefusal::kTooMuch:
-    return MessageId::kExplodeTooMuch;
+    return msg::kExplodeTooMuch;
   default:
-    return MessageId::kExplodeNoReference;
+    return msg::kExplodeNoReference;
   }
 }
 
@@ -53,7 +54,7 @@ void explodeOne(Session& session, OdDbObjectId id, const drawing::ExplodeOptions
     return;
   }
   if (exploded.clipLost)
-    session.print(MessageId::kExplodeClip, {handleText(id)});
+    session.print(msg::kExplodeClip, {handleText(id)});
   ++sum.references;
   sum.objects += static_cast<std::size_t>(exploded.made.length());
   sum.values += exploded.valuesLost;
@@ -68,17 +69,17 @@ void explode(CommandContext& context) {
   removeLocked(session, ids);
   drawing::ExplodeOptions options;
   if (std::any_of(ids.begin(), ids.end(), hasAttributes))
-    options.attributesAsText = promptYesNo(session, MessageId::kPromptAttributesAsText);
+    options.attributesAsText = promptYesNo(session, msg::kPromptAttributesAsText);
   Sum sum;
   for (const OdDbObjectId id : ids)
     explodeOne(session, id, options, sum);
   if (sum.references == 0)
-    refuse(MessageId::kNothingExploded);
+    refuse(msg::kNothingExploded);
   if (sum.references < static_cast<std::size_t>(ids.length()))
     session.raiseStatus(Status::kRefused);
   if (sum.values > 0)
-    session.print(MessageId::kExplodeValues, {count(sum.values)});
-  session.result(MessageId::kExploded, {count(sum.references), count(sum.objects)});
+    session.print(msg::kExplodeValues, {count(sum.values)});
+  session.result(msg::kExploded, {count(sum.references), count(sum.objects)});
 }
 
 } // namespace console::commands

@@ -1,4 +1,5 @@
 #include "console/commands/commands.h"
+#include "console/messages/catalog/session.h"
 #include "console/session/failure.h"
 #include "console/session/session.h"
 
@@ -18,19 +19,19 @@ OdString padded(const OdString& names) {
 }
 
 void listAll(Session& session, const CommandTable& commands) {
-  session.result(MessageId::kHelpHeader);
+  session.result(msg::kHelpHeader);
   for (const Command& command : commands)
-    session.result(MessageId::kHelpRow, {padded(namesOf(command)), render(command.help)});
+    session.result(msg::kHelpRow, {padded(namesOf(command)), render(command.help)});
 }
 
 // The questions as they will be asked; a default that is not known before stands as dots.
 void printCommandHelp(Session& session, const Command& command) {
   constexpr wchar_t kUnknown[] = L"...";
-  session.result(MessageId::kHelpOne, {namesOf(command), render(command.help)});
+  session.result(msg::kHelpOne, {namesOf(command), render(command.help)});
   if (!command.prompts.empty())
-    session.result(MessageId::kHelpPrompts);
-  for (const MessageId question : command.prompts)
-    session.result(MessageId::kHelpQuestion, {render(question, {kUnknown, kUnknown})});
+    session.result(msg::kHelpPrompts);
+  for (const MessageText question : command.prompts)
+    session.result(msg::kHelpQuestion, {render(question, {kUnknown, kUnknown})});
 }
 
 } // namespace
@@ -41,7 +42,7 @@ void help(CommandContext& context) {
     return listAll(context.session, context.commands);
   const Command* command = findCommand(context.commands, name.str());
   if (command == nullptr)
-    refuse(MessageId::kUnknownCommand, {name});
+    refuse(msg::kUnknownCommand, {name});
   printCommandHelp(context.session, *command);
 }
 

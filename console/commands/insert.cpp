@@ -1,3 +1,4 @@
+#include "console/messages/catalog/insert.h"
 #include "console/attributes/attribute_answers.h"
 #include "console/blocks/insert_source.h"
 #include "console/blocks/make_block.h"
@@ -5,6 +6,7 @@
 #include "console/commands/block_questions.h"
 #include "console/commands/commands.h"
 #include "console/drawings/drawing_io.h"
+#include "console/messages/catalog/blocks.h"
 #include "console/messages/number_text.h"
 #include "console/prompts/prompt.h"
 
@@ -25,16 +27,16 @@ constexpr wchar_t kNoFolder[] = L""; // the host's search knows the folder of th
 
 // In the words of the box that was shown.
 [[noreturn]] void refuseEntered(const Session& session, const OdString& entered) {
-  constexpr std::pair<std::string_view, MessageId> kReasons[] = {
-      {"box.name-empty", MessageId::kNameEmpty},          {"box.name-too-long", MessageId::kNameTooLong},
-      {"box.name-characters", MessageId::kNameInvalid},   {"box.name-invalid", MessageId::kNameInvalid},
-      {"box.contains-itself", MessageId::kInsertsItself}, {"box.block-attached", MessageId::kNameExternal},
+  constexpr std::pair<std::string_view, MessageText> kReasons[] = {
+      {"box.name-empty", msg::kNameEmpty},          {"box.name-too-long", msg::kNameTooLong},
+      {"box.name-characters", msg::kNameInvalid},   {"box.name-invalid", msg::kNameInvalid},
+      {"box.contains-itself", msg::kInsertsItself}, {"box.block-attached", msg::kNameExternal},
   };
   for (const auto& [box, reason] : kReasons) {
     if (!session.transcript().empty() && session.transcript().back().id == box)
       refuse(reason, {entered});
   }
-  refuse(MessageId::kNoBlockOrFile, {entered});
+  refuse(msg::kNoBlockOrFile, {entered});
 }
 
 // As named, or where the host finds it.
@@ -78,25 +80,25 @@ OdDbObjectId blockOfEntered(Session& session, const OdString& entered) {
   return block.isNull() ? blockOfFile(session, spec, entered, OdString()) : block;
 }
 
-std::int16_t promptCount(Session& session, MessageId prompt) {
+std::int16_t promptCount(Session& session, MessageText prompt) {
   const double number = promptNumber(session, prompt).value_or(1);
   if (number < 1 || number > kMaxRows || number != static_cast<double>(static_cast<int>(number)))
-    refuse(MessageId::kBadRows, {exactText(number)});
+    refuse(msg::kBadRows, {exactText(number)});
   return static_cast<std::int16_t>(number);
 }
 
 void promptRows(Session& session, Placement& placement) {
-  placement.rows = promptCount(session, MessageId::kPromptRows);
-  placement.columns = promptCount(session, MessageId::kPromptColumns);
+  placement.rows = promptCount(session, msg::kPromptRows);
+  placement.columns = promptCount(session, msg::kPromptColumns);
   if (placement.rows > 1)
-    placement.rowSpacing = promptRequiredNumber(session, MessageId::kPromptRowSpacing);
+    placement.rowSpacing = promptRequiredNumber(session, msg::kPromptRowSpacing);
   if (placement.columns > 1)
-    placement.columnSpacing = promptRequiredNumber(session, MessageId::kPromptColumnSpacing);
+    placement.columnSpacing = promptRequiredNumber(session, msg::kPromptColumnSpacing);
 }
 
 void promptPoint(Session& session, Placement& placement) {
   for (;;) {
-    const PointOrKeyword answer = promptPointOr(session, MessageId::kKeywordsInsert, MessageId::kPromptInsertPoint);
+    const PointOrKeyword answer = promptPointOr(session, msg::kKeywordsInsert, msg::kPromptInsertPoint);
     if (answer.point)
       placement.at = *answer.point;
     if (answer.keyword.isEmpty())
@@ -107,8 +109,8 @@ void promptPoint(Session& session, Placement& placement) {
 
 void promptScale(Session& session, OdDbObjectId block, Placement& placement) {
   const bool uniform = insertCommon::isBlockUniformScaled(block);
-  const double x = promptNumber(session, uniform ? MessageId::kPromptScale : MessageId::kPromptScaleX).value_or(1);
-  const double y = uniform ? x : promptNumber(session, MessageId::kPromptScaleY).value_or(x);
+  const double x = promptNumber(session, uniform ? msg::kPromptScale : msg::kPromptScaleX).value_or(1);
+  const double y = uniform ? x : promptNumber(session, msg::kPromptScaleY).value_or(x);
   placement.scale = OdGeScale3d(x, y, x);
 }
 
@@ -116,15 +118,15 @@ void promptScale(Session& session, OdDbObjectId block, Placement& placement) {
 
 void insert(CommandContext& context) {
   Session& session = context.session;
-  const OdDbObjectId block = blockOfEntered(session, promptNameOrList(session, MessageId::kPromptInsertName));
+  const OdDbObjectId block = blockOfEntered(session, promptNameOrList(session, msg::kPromptInsertName));
   Placement placement;
   promptPoint(session, placement);
   promptScale(session, block, placement);
-  placement.rotation = promptAngle(session, MessageId::kPromptInsertRotation).value_or(0);
-  session.print(MessageId::kUnitsFactor, {exactText(unitsFactor(block))});
+  placement.rotation = promptAngle(session, msg::kPromptInsertRotation).value_or(0);
+  session.print(msg::kUnitsFactor, {exactText(unitsFactor(block))});
   const OdDbBlockReferencePtr reference = placeReference(session, block, placement);
   fillAttributes(session, reference, {});
-  session.result(MessageId::kInserted,
+  session.result(msg::kInserted,
                  {OdDbBlockTableRecordPtr(block.safeOpenObject())->getName(), handleText(reference->objectId())});
 }
 

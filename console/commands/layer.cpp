@@ -1,4 +1,5 @@
 #include "console/commands/commands.h"
+#include "console/messages/catalog/layers.h"
 #include "console/prompts/prompt.h"
 
 #include "DbSymbolRecords.h"
@@ -10,7 +11,7 @@ namespace {
 
 OdString promptLayerName(CommandContext& context) {
   const OdDbLayerTableRecordPtr current = context.database.getCLAYER().safeOpenObject();
-  return promptText(context.session, MessageId::kPromptLayerName, {current->getName()}).value_or(current->getName());
+  return promptText(context.session, msg::kPromptLayerName, {current->getName()}).value_or(current->getName());
 }
 
 // Throws when there is no such layer.
@@ -18,15 +19,15 @@ OdDbLayerTableRecordPtr promptLayer(CommandContext& context) {
   const OdString name = promptLayerName(context);
   const OdDbObjectId id = context.database.symbol(OdDb::kLayerTable, name);
   if (id.isNull())
-    refuse(MessageId::kNoSuchLayer, {name});
+    refuse(msg::kNoSuchLayer, {name});
   return id.safeOpenObject();
 }
 
 void makeCurrent(CommandContext& context, const OdDbLayerTableRecordPtr& layer) {
   if (layer->isFrozen())
-    refuse(MessageId::kLayerFrozen, {layer->getName()});
+    refuse(msg::kLayerFrozen, {layer->getName()});
   context.database.setCLAYER(layer->objectId());
-  context.session.print(MessageId::kLayerIsCurrent, {layer->getName()});
+  context.session.print(msg::kLayerIsCurrent, {layer->getName()});
 }
 
 void make(CommandContext& context) {
@@ -35,7 +36,7 @@ void make(CommandContext& context) {
   if (id.isNull()) {
     bool notUtf8 = false;
     if (!blockUtils::isLigitimacyName(name, notUtf8))
-      refuse(MessageId::kBadLayerName, {name});
+      refuse(msg::kBadLayerName, {name});
     const OdDbSymbolTablePtr table = context.database.getLayerTableId().safeOpenObject(OdDb::kForWrite);
     const OdDbLayerTableRecordPtr layer = OdDbLayerTableRecord::createObject();
     layer->setName(name);
@@ -53,7 +54,7 @@ void lock(CommandContext& context, bool locked) {
   const OdDbLayerTableRecordPtr layer = promptLayer(context);
   if (!LayerTools::lockOrUnlockLayer(layer->objectId(), locked))
     throw OdError(eNotOpenForWrite);
-  context.session.print(locked ? MessageId::kLayerLocked : MessageId::kLayerUnlocked, {layer->getName()});
+  context.session.print(locked ? msg::kLayerLocked : msg::kLayerUnlocked, {layer->getName()});
 }
 
 void listLayers(CommandContext& context) {
@@ -62,19 +63,19 @@ void listLayers(CommandContext& context) {
   for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
     const OdDbLayerTableRecordPtr layer = iterator->getRecord();
     OdString flags;
-    const auto flag = [&flags](bool on, MessageId id) { flags += on ? render(id) : OdString(); };
-    flag(layer->objectId() == current, MessageId::kLayerFlagCurrent);
-    flag(layer->isLocked(), MessageId::kLayerFlagLocked);
-    flag(layer->isFrozen(), MessageId::kLayerFlagFrozen);
-    flag(layer->isOff(), MessageId::kLayerFlagOff);
-    context.session.result(MessageId::kLayerLine, {layer->getName(), flags});
+    const auto flag = [&flags](bool on, MessageText format) { flags += on ? render(format) : OdString(); };
+    flag(layer->objectId() == current, msg::kLayerFlagCurrent);
+    flag(layer->isLocked(), msg::kLayerFlagLocked);
+    flag(layer->isFrozen(), msg::kLayerFlagFrozen);
+    flag(layer->isOff(), msg::kLayerFlagOff);
+    context.session.result(msg::kLayerLine, {layer->getName(), flags});
   }
 }
 
 } // namespace
 
 void layer(CommandContext& context) {
-  while (const auto option = promptKeyword(context.session, MessageId::kKeywordsLayer, MessageId::kPromptLayerOption)) {
+  while (const auto option = promptKeyword(context.session, msg::kKeywordsLayer, msg::kPromptLayerOption)) {
     if (*option == L"?")
       listLayers(context);
     else if (*option == L"Make")

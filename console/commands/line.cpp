@@ -1,5 +1,6 @@
 #include "console/commands/commands.h"
 #include "console/drawings/entity_summary.h"
+#include "console/messages/catalog/objects.h"
 #include "console/prompts/prompt.h"
 
 #include "DbCurves.h"
@@ -18,13 +19,13 @@ void addLine(CommandContext& context, const OdGePoint3d& from, const OdGePoint3d
 } // namespace
 
 void line(CommandContext& context) {
-  const OdGePoint3d first = promptRequiredPoint(context.session, MessageId::kPromptFromPoint);
+  const OdGePoint3d first = promptRequiredPoint(context.session, msg::kPromptFromPoint);
   OdGePoint3d from = first;
   for (int segments = 0;; ++segments) {
     const bool closable = segments >= 2;
-    const PointOrKeyword next =
-        closable ? promptPointOr(context.session, MessageId::kKeywordsClose, MessageId::kPromptToPointOrClose)
-                 : PointOrKeyword{promptPoint(context.session, MessageId::kPromptToPoint), {}};
+    const PointOrKeyword next = closable
+                                    ? promptPointOr(context.session, msg::kKeywordsClose, msg::kPromptToPointOrClose)
+                                    : PointOrKeyword{promptPoint(context.session, msg::kPromptToPoint), {}};
     if (!next.point) {
       if (!next.keyword.isEmpty())
         addLine(context, from, first);

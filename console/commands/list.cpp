@@ -2,6 +2,7 @@
 #include "console/commands/block_list.h"
 #include "console/commands/commands.h"
 #include "console/drawings/entity_summary.h"
+#include "console/messages/catalog/lists.h"
 #include "console/messages/number_text.h"
 #include "console/prompts/selection.h"
 
@@ -24,7 +25,7 @@ OdDbObjectIdArray listed(Session& session) {
 void listObject(Session& session, OdDbObjectId id) {
   const OdDbEntityPtr entity = OdDbEntity::cast(id.safeOpenObject());
   if (!entity.isNull())
-    session.result(MessageId::kListObject, {typeText(*entity), handleText(id), entity->layer(), geometryText(*entity)});
+    session.result(msg::kListObject, {typeText(*entity), handleText(id), entity->layer(), geometryText(*entity)});
 }
 
 } // namespace
@@ -37,7 +38,7 @@ std::size_t listBlocks(Session& session) {
     if (record->isLayout())
       continue;
     ++blocks;
-    session.result(MessageId::kListBlock,
+    session.result(msg::kListBlock,
                    {record->getName(), count(static_cast<std::size_t>(objectsOf(record->objectId()).length())),
                     count(referencesTo(record->objectId()))});
   }
@@ -49,7 +50,7 @@ void list(CommandContext& context) {
   for (const OdDbObjectId id : ids)
     listObject(context.session, id);
   const std::size_t blocks = listBlocks(context.session);
-  context.session.result(MessageId::kListSummary, {count(static_cast<std::size_t>(ids.length())), count(blocks)});
+  context.session.result(msg::kListSummary, {count(static_cast<std::size_t>(ids.length())), count(blocks)});
 }
 
 } // namespace console::commands

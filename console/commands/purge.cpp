@@ -1,4 +1,5 @@
 #include "console/maintenance/purge.h"
+#include "console/messages/catalog/purge.h"
 
 #include "console/commands/commands.h"
 #include "console/prompts/prompt.h"
@@ -36,12 +37,11 @@ std::vector<std::string> kindsOf(const OdString& option) {
 void listAll(CommandContext& context) {
   const std::vector<NamedObject> objects = objectsToPurge(context.database, {});
   for (const NamedObject& object : purgeable(context.database, objects))
-    context.session.result(MessageId::kPurgeable, {OdString::fromUtf8(object.kind), object.name});
+    context.session.result(msg::kPurgeable, {OdString::fromUtf8(object.kind), object.name});
   for (const KeptObject& kept : keptObjects(context.database, objects)) {
     const bool isSpace = kept.status == drawing::PurgePlan::Status::kNeeded;
     if (kept.object.kind == "block" && !isSpace)
-      context.session.result(MessageId::kNotPurged,
-                             {OdString::fromUtf8(kept.object.kind), kept.object.name, reasonOf(kept)});
+      context.session.result(msg::kNotPurged, {OdString::fromUtf8(kept.object.kind), kept.object.name, reasonOf(kept)});
   }
 }
 
@@ -49,19 +49,18 @@ void listAll(CommandContext& context) {
 
 void purge(CommandContext& context) {
   for (;;) {
-    const OdString option =
-        promptKeyword(context.session, MessageId::kKeywordsPurge, MessageId::kPromptPurge).value_or(L"All");
+    const OdString option = promptKeyword(context.session, msg::kKeywordsPurge, msg::kPromptPurge).value_or(L"All");
     if (option == L"?") {
       listAll(context);
       continue;
     }
     const auto purged = console::purge(context.database, objectsToPurge(context.database, kindsOf(option)));
     for (const NamedObject& object : purged)
-      context.session.result(MessageId::kPurged, {OdString::fromUtf8(object.kind), object.name});
+      context.session.result(msg::kPurged, {OdString::fromUtf8(object.kind), object.name});
     if (purged.empty())
-      context.session.print(MessageId::kNothingToPurge);
+      context.session.print(msg::kNothingToPurge);
     else
-      context.session.print(MessageId::kPurgeCount, {count(purged.size())});
+      context.session.print(msg::kPurgeCount, {count(purged.size())});
     return;
   }
 }

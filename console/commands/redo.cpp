@@ -1,4 +1,5 @@
 #include "console/commands/commands.h"
+#include "console/messages/catalog/undo.h"
 #include "console/session/session.h"
 
 namespace console::commands {
@@ -6,10 +7,10 @@ namespace console::commands {
 void redo(CommandContext& context) {
   OpenDrawing& drawing = context.drawing;
   if (drawing.undone.empty() || context.database.redo() != eOk)
-    refuse(MessageId::kNothingToRedo);
+    refuse(msg::kNothingToRedo);
   drawing.done.push_back(drawing.undone.back());
   drawing.undone.pop_back();
-  context.session.print(MessageId::kRedone, {OdString::fromUtf8(drawing.done.back())});
+  context.session.print(msg::kRedone, {OdString::fromUtf8(drawing.done.back())});
 }
 
 } // namespace console::commands

@@ -1,4 +1,5 @@
 #include "console/maintenance/rename.h"
+#include "console/messages/catalog/rename.h"
 
 #include "console/commands/commands.h"
 #include "console/prompts/prompt.h"
@@ -15,7 +16,7 @@ OdDb::SymbolTableKind promptKind(Session& session) {
                                  {L"Linetype", OdDb::kLinetypeTable},
                                  {L"Textstyle", OdDb::kTextStyleTable},
                                  {L"Dimstyle", OdDb::kDimStyleTable}};
-  const auto option = promptKeyword(session, MessageId::kKeywordsRename, MessageId::kPromptRenameKind);
+  const auto option = promptKeyword(session, msg::kKeywordsRename, msg::kPromptRenameKind);
   for (const Choice& choice : kChoices) {
     if (option && *option == choice.option)
       return choice.kind;
@@ -28,10 +29,10 @@ OdDb::SymbolTableKind promptKind(Session& session) {
 void rename(CommandContext& context) {
   Session& session = context.session;
   const OdDb::SymbolTableKind kind = promptKind(session);
-  const OdString from = promptText(session, MessageId::kPromptOldName).value_or(OdString());
-  const OdString to = promptText(session, MessageId::kPromptNewName).value_or(OdString());
+  const OdString from = promptText(session, msg::kPromptOldName).value_or(OdString());
+  const OdString to = promptText(session, msg::kPromptNewName).value_or(OdString());
   renameSymbolRecord(session, kind, from, to);
-  session.print(MessageId::kRenamed, {OdString::fromUtf8(renameKindName(kind)), from, to});
+  session.print(msg::kRenamed, {OdString::fromUtf8(renameKindName(kind)), from, to});
 }
 
 } // namespace console::commands

@@ -1,5 +1,6 @@
 #include "console/commands/commands.h"
 #include "console/drawings/drawing_io.h"
+#include "console/messages/catalog/drawings.h"
 #include "console/prompts/prompt.h"
 
 namespace console::commands {
@@ -9,8 +10,7 @@ void save(CommandContext& context) {
   const std::string path = context.drawing.path;
   if (path.empty())
     return saveas(context);
-  if (isOwnFileRepaired(session, path) &&
-      !promptYesNo(session, MessageId::kRepairedOwnQuestion, {OdString::fromUtf8(path)}))
+  if (isOwnFileRepaired(session, path) && !promptYesNo(session, msg::kRepairedOwnQuestion, {OdString::fromUtf8(path)}))
     cancel();
   SaveRequest request;
   request.path = path;

@@ -1,4 +1,5 @@
 #include "console/commands/commands.h"
+#include "console/messages/catalog/selection.h"
 #include "console/prompts/selection.h"
 
 namespace console::commands {
@@ -23,7 +24,7 @@ void makePickFirst(Session& session, const OdDbObjectIdArray& ids) {
 void select(CommandContext& context) {
   const OdDbObjectIdArray ids = promptNewSelection(context.session);
   if (ids.isEmpty())
-    refuse(MessageId::kNothingSelected);
+    refuse(msg::kNothingSelected);
   makePickFirst(context.session, ids);
 }
 

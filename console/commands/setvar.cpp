@@ -1,4 +1,5 @@
 #include "console/commands/commands.h"
+#include "console/messages/catalog/variables.h"
 #include "console/messages/number_text.h"
 #include "console/prompts/prompt.h"
 
@@ -60,18 +61,18 @@ private:
 void setvar(CommandContext& context) {
   Session& session = context.session;
   morvane::VariableStore& variables = session.host().variables();
-  OdString name = promptText(session, MessageId::kPromptVariable).value_or(OdString());
+  OdString name = promptText(session, msg::kPromptVariable).value_or(OdString());
   name.makeUpper();
   const auto before = variables.get(name.str());
   if (!before)
-    refuse(MessageId::kNoSuchVariable, {name});
-  const auto entered = promptText(session, MessageId::kPromptValue, {name, std::visit(ValueText(), *before)});
+    refuse(msg::kNoSuchVariable, {name});
+  const auto entered = promptText(session, msg::kPromptValue, {name, std::visit(ValueText(), *before)});
   if (entered) {
     const auto value = std::visit(Reader(*entered), *before);
     if (!value || variables.set(name.str(), *value) != RTNORM)
-      refuse(MessageId::kVariableRefused, {name, *entered});
+      refuse(msg::kVariableRefused, {name, *entered});
   }
-  session.result(MessageId::kVariableLine, {name, std::visit(ValueText(), *variables.get(name.str()))});
+  session.result(msg::kVariableLine, {name, std::visit(ValueText(), *variables.get(name.str()))});
 }
 
 } // namespace console::commands

@@ -1,6 +1,7 @@
 #include "console/commands/commands.h"
 #include "console/commands/text_height.h"
 #include "console/drawings/entity_summary.h"
+#include "console/messages/catalog/objects.h"
 #include "console/messages/number_text.h"
 #include "console/prompts/prompt.h"
 
@@ -11,18 +12,18 @@ namespace console::commands {
 double promptTextHeight(CommandContext& context) {
   constexpr double kUsual = 2.5;
   const double usual = context.database.headerReal("TEXTSIZE", kUsual);
-  const double height = promptNumber(context.session, MessageId::kPromptHeight, {realText(usual)}).value_or(usual);
+  const double height = promptNumber(context.session, msg::kPromptHeight, {realText(usual)}).value_or(usual);
   if (height <= 0)
-    refuse(MessageId::kHeightTooSmall);
+    refuse(msg::kHeightTooSmall);
   return height;
 }
 
 void text(CommandContext& context) {
   Session& session = context.session;
-  const OdGePoint3d start = promptRequiredPoint(session, MessageId::kPromptTextStart);
+  const OdGePoint3d start = promptRequiredPoint(session, msg::kPromptTextStart);
   const double height = promptTextHeight(context);
-  const double angle = promptAngle(session, MessageId::kPromptAngle).value_or(0);
-  const auto value = promptText(session, MessageId::kPromptText, {}, true);
+  const double angle = promptAngle(session, msg::kPromptAngle).value_or(0);
+  const auto value = promptText(session, msg::kPromptText, {}, true);
   if (!value)
     return;
   const OdDbTextPtr entity = OdDbText::createObject();

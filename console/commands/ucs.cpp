@@ -1,3 +1,4 @@
+#include "console/messages/catalog/ucs.h"
 #include "console/commands/commands.h"
 #include "console/messages/number_text.h"
 #include "console/prompts/prompt.h"
@@ -34,11 +35,11 @@ OdString axisText(const OdGeVector3d& axis) {
 void showUcs(CommandContext& context) {
   const OdGeMatrix3d ucs = currentUcs(context);
   if (ucs == OdGeMatrix3d::kIdentity) {
-    context.session.result(MessageId::kUcsWorld);
+    context.session.result(msg::kUcsWorld);
     return;
   }
   const OdGeVector3d origin = ucs.translation();
-  context.session.result(MessageId::kUcsLine, {axisText(origin), axisText(ucs.column(0)), axisText(ucs.column(1))});
+  context.session.result(msg::kUcsLine, {axisText(origin), axisText(ucs.column(0)), axisText(ucs.column(1))});
 }
 
 void world(CommandContext& context) {
@@ -46,31 +47,31 @@ void world(CommandContext& context) {
 }
 
 void origin(CommandContext& context) {
-  const OdGePoint3d point = promptPoint(context.session, MessageId::kPromptOrigin).value_or(OdGePoint3d());
+  const OdGePoint3d point = promptPoint(context.session, msg::kPromptOrigin).value_or(OdGePoint3d());
   change(context, currentUcs(context) * OdGeMatrix3d::translation({point.x, point.y, point.z}));
 }
 
 void threePoints(CommandContext& context) {
-  const OdGePoint3d at = promptPoint(context.session, MessageId::kPromptOrigin).value_or(OdGePoint3d());
-  const OdGePoint3d onX = promptRequiredPoint(context.session, MessageId::kPromptXAxis);
-  const OdGePoint3d onY = promptRequiredPoint(context.session, MessageId::kPromptYAxis);
+  const OdGePoint3d at = promptPoint(context.session, msg::kPromptOrigin).value_or(OdGePoint3d());
+  const OdGePoint3d onX = promptRequiredPoint(context.session, msg::kPromptXAxis);
+  const OdGePoint3d onY = promptRequiredPoint(context.session, msg::kPromptYAxis);
   const OdGeVector3d x = onX - at;
   const OdGeVector3d z = x.crossProduct(onY - at);
   if (x.isZeroLength() || z.isZeroLength())
-    refuse(MessageId::kPointsInLine);
+    refuse(msg::kPointsInLine);
   const OdGeVector3d unitX = x.normal();
   const OdGeVector3d unitZ = z.normal();
   change(context, currentUcs(context) * OdGeMatrix3d::coordSystem(at, unitX, unitZ.crossProduct(unitX), unitZ));
 }
 
 void aboutZ(CommandContext& context) {
-  const double angle = promptAngle(context.session, MessageId::kPromptRotation).value_or(std::numbers::pi / 2);
+  const double angle = promptAngle(context.session, msg::kPromptRotation).value_or(std::numbers::pi / 2);
   change(context, currentUcs(context) * OdGeMatrix3d::rotation(angle, OdGeVector3d::kZAxis));
 }
 
 void previous(CommandContext& context) {
   if (context.drawing.earlierUcs.empty())
-    refuse(MessageId::kNoEarlierUcs);
+    refuse(msg::kNoEarlierUcs);
   setUcs(context, context.drawing.earlierUcs.back());
   context.drawing.earlierUcs.pop_back();
 }
@@ -80,8 +81,8 @@ void listUcs(CommandContext& context) {
   for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
     const OdSmartPtr<OdDbUCSTableRecord> record = iterator->getRecord();
     const OdGePoint3d at = record->origin();
-    context.session.result(MessageId::kUcsRecord, {record->getName(), tripleText(at.x, at.y, at.z),
-                                                   axisText(record->xAxis()), axisText(record->yAxis())});
+    context.session.result(msg::kUcsRecord, {record->getName(), tripleText(at.x, at.y, at.z), axisText(record->xAxis()),
+                                             axisText(record->yAxis())});
   }
 }
 
@@ -98,8 +99,7 @@ constexpr Option kOptions[] = {
 } // namespace
 
 void ucs(CommandContext& context) {
-  const OdString keyword =
-      promptKeyword(context.session, MessageId::kKeywordsUcs, MessageId::kPromptUcs).value_or(L"World");
+  const OdString keyword = promptKeyword(context.session, msg::kKeywordsUcs, msg::kPromptUcs).value_or(L"World");
   for (const Option& option : kOptions) {
     if (keyword == option.keyword)
       option.run(context);

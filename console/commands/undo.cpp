@@ -1,3 +1,4 @@
+#include "console/messages/catalog/undo.h"
 #include "console/commands/commands.h"
 #include "console/session/session.h"
 
@@ -6,10 +7,10 @@ namespace console::commands {
 void undo(CommandContext& context) {
   OpenDrawing& drawing = context.drawing;
   if (drawing.done.empty() || context.database.undo() != eOk)
-    refuse(MessageId::kNothingToUndo);
+    refuse(msg::kNothingToUndo);
   drawing.undone.push_back(drawing.done.back());
   drawing.done.pop_back();
-  context.session.print(MessageId::kUndone, {OdString::fromUtf8(drawing.undone.back())});
+  context.session.print(msg::kUndone, {OdString::fromUtf8(drawing.undone.back())});
 }
 
 } // namespace console::commands

@@ -1,9 +1,13 @@
+#include "console/messages/catalog/wblock.h"
 #include "console/blocks/block_objects.h"
 #include "console/blocks/make_block.h"
 #include "console/blocks/write_block_file.h"
 #include "console/blocks/write_target.h"
 #include "console/commands/block_questions.h"
 #include "console/commands/commands.h"
+#include "console/messages/catalog/attributes.h"
+#include "console/messages/catalog/blocks.h"
+#include "console/messages/catalog/drawings.h"
 #include "console/messages/number_text.h"
 #include "console/prompts/prompt.h"
 #include "console/prompts/selection.h"
@@ -25,10 +29,10 @@ struct Plan {
 
 OdDb::DwgVersion promptVersion(Session& session) {
   const OdString usual = OdString::fromUtf8(drawing::versionYear(rememberedVersion(session)));
-  const OdString entered = promptText(session, MessageId::kPromptVersion, {usual}).value_or(usual);
+  const OdString entered = promptText(session, msg::kPromptVersion, {usual}).value_or(usual);
   const OdDb::DwgVersion version = drawing::versionFromYear(entered.toUtf8());
   if (version == OdDb::kVersionUnknown || drawing::writtenVersion(version) != version)
-    refuse(MessageId::kNoSuchVersion, {entered});
+    refuse(msg::kNoSuchVersion, {entered});
   return version;
 }
 
@@ -39,7 +43,7 @@ OdString ownName(const std::string& path) {
 OdDbObjectId namedDefinition(Session& session, const OdString& name) {
   const OdDbObjectId block = definitionToWrite(session, name);
   if (block.isNull())
-    refuse(MessageId::kNoSuchBlock, {name});
+    refuse(msg::kNoSuchBlock, {name});
   return block;
 }
 
@@ -58,7 +62,7 @@ void planBlock(Session& session, Plan& plan, OdDbObjectIdArray& ids) {
 void planObjects(Session& session, Plan& plan) {
   if (mvsi::mvsidbUcsMatrix(plan.file.ucs, &session.database()) != RTNORM)
     throw OdError(eInvalidInput);
-  plan.file.basePoint = promptPoint(session, MessageId::kPromptBasePoint).value_or(OdGePoint3d());
+  plan.file.basePoint = promptPoint(session, msg::kPromptBasePoint).value_or(OdGePoint3d());
   OdDbObjectIdArray ids = promptSelection(session);
   plan.sourceObjects = promptSourceObjects(session, SourceObjects::kKeep);
   if (plan.sourceObjects == SourceObjects::kConvert)
@@ -73,10 +77,10 @@ std::optional<OdDb::UnitsValue> promptUnits(Session& session, const Plan& plan) 
   const OdDb::UnitsValue usual = block == nullptr
                                      ? session.database().getINSUNITS()
                                      : OdDbBlockTableRecordPtr(block->safeOpenObject())->blockInsertUnits();
-  const auto entered = promptText(session, MessageId::kPromptUnits, {unitsText(usual)});
+  const auto entered = promptText(session, msg::kPromptUnits, {unitsText(usual)});
   const auto units = entered ? parseUnits(entered->toUtf8()) : usual;
   if (!units)
-    refuse(MessageId::kNoSuchUnits, {*entered});
+    refuse(msg::kNoSuchUnits, {*entered});
   return units;
 }
 
@@ -96,12 +100,12 @@ void handleSourceObjects(Session& session, Plan& plan, const OdDbObjectIdArray& 
 void wblock(CommandContext& context) {
   Session& session = context.session;
   Plan plan;
-  const OdString name = completeName(session, promptText(session, MessageId::kPromptWblockFile).value_or(OdString()));
+  const OdString name = completeName(session, promptText(session, msg::kPromptWblockFile).value_or(OdString()));
   plan.file.path = promptedTarget(session, name);
   plan.file.mayReplace = true; // it is not there, or the user said yes
   plan.file.version = promptVersion(session);
   // A name, * for the whole drawing, = for the block named like the file; nothing typed: objects.
-  const OdString source = promptNameOrList(session, MessageId::kPromptWblockSource);
+  const OdString source = promptNameOrList(session, msg::kPromptWblockSource);
   if (source.isEmpty())
     planObjects(session, plan);
   else if (source != L"*")

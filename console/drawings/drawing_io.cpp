@@ -1,4 +1,6 @@
 #include "console/drawings/drawing_io.h"
+#include "console/messages/catalog/drawings.h"
+#include "console/messages/catalog/xrefs.h"
 
 #include "DbBlockTable.h"
 #include "drawing/file.h"
@@ -19,7 +21,7 @@ bool isLoss(const drawing::Issue& issue) {
 }
 
 // A line for each thing that was repaired or lost, and how many there were.
-void printIssues(Session& session, const std::string& path, const drawing::Report& report, MessageId line) {
+void printIssues(Session& session, const std::string& path, const drawing::Report& report, MessageText line) {
   constexpr std::size_t kMaxLines = 20;
   std::size_t printed = 0;
   for (const drawing::Issue& issue : report.issues()) {
@@ -28,7 +30,7 @@ void printIssues(Session& session, const std::string& path, const drawing::Repor
   }
   printed += report.suppressed();
   if (printed > kMaxLines)
-    session.print(MessageId::kMoreIssues, {asText(path), count(printed - kMaxLines)});
+    session.print(msg::kMoreIssues, {asText(path), count(printed - kMaxLines)});
 }
 
 std::size_t losses(const drawing::Report& report) {
@@ -51,14 +53,14 @@ drawing::ReadResult readOrThrow(Session& session, const std::string& path) {
   drawing::ReadResult read = drawing::readDrawing(path, session.reading());
   session.addIssues(read.report);
   if (read.database.isNull())
-    throw Failure{Status::kUnreadable, {MessageId::kUnreadable, {asText(read.message)}}};
+    throw Failure{Status::kUnreadable, {msg::kUnreadable, {asText(read.message)}}};
   return read;
 }
 
 void reportRepaired(Session& session, const std::string& path, const drawing::Report& report, bool listsIssues) {
-  session.print(MessageId::kRepaired, {asText(path), count(losses(report))});
+  session.print(msg::kRepaired, {asText(path), count(losses(report))});
   if (listsIssues)
-    printIssues(session, path, report, MessageId::kReadIssue);
+    printIssues(session, path, report, msg::kReadIssue);
   session.raiseStatus(Status::kRepaired);
 }
 
@@ -77,23 +79,23 @@ std::size_t objectsInModelSpace(const OdDbDatabase& database) {
 void reportXrefs(Session& session) {
   constexpr std::size_t kMaxLines = 20;
   const std::string& path = session.drawing().path;
-  const OdString name = path.empty() ? render(MessageId::kUnsavedName) : asText(path);
+  const OdString name = path.empty() ? render(msg::kUnsavedName) : asText(path);
   const drawing::Report& report = session.drawing().document->xrefReport();
   session.addIssues(report);
   const auto& issues = report.issues();
   for (std::size_t i = 0; i < issues.size() && i < kMaxLines; ++i)
-    session.print(MessageId::kXrefNote, {name, asText(issues[i].found)});
+    session.print(msg::kXrefNote, {name, asText(issues[i].found)});
   const std::size_t all = issues.size() + report.suppressed();
   if (all > kMaxLines)
-    session.print(MessageId::kMoreIssues, {name, count(all - kMaxLines)});
+    session.print(msg::kMoreIssues, {name, count(all - kMaxLines)});
 }
 
 drawing::Report openDrawing(Session& session, const std::string& path, bool listsIssues) {
   const drawing::ReadResult read = readOrThrow(session, path);
   const bool repaired = read.report.outcome() != drawing::Outcome::kWhole;
   session.replaceDrawing(read.database, path, repaired);
-  session.print(MessageId::kOpened, {asText(path), count(objectsInModelSpace(*read.database)),
-                                     asText(drawing::versionYear(read.database->fileInfo().version))});
+  session.print(msg::kOpened, {asText(path), count(objectsInModelSpace(*read.database)),
+                               asText(drawing::versionYear(read.database->fileInfo().version))});
   reportXrefs(session);
   if (repaired)
     reportRepaired(session, path, read.report, listsIssues);
@@ -109,7 +111,7 @@ OdDbDatabasePtr readDrawingFile(Session& session, const std::string& path) {
 
 void reportLosses(Session& session, const std::string& path, const drawing::Report& report) {
   session.addIssues(report);
-  printIssues(session, path, report, MessageId::kVersionLoss);
+  printIssues(session, path, report, msg::kVersionLoss);
   if (losses(report) > 0)
     session.raiseStatus(Status::kRepaired);
 }
@@ -117,35 +119,34 @@ void reportLosses(Session& session, const std::string& path, const drawing::Repo
 void writeFile(Session& session, const OdDbDatabase& database, const SaveRequest& request) {
   checkDrawingName(request.path);
   if (!request.mayReplace && fileExists(request.path))
-    refuse(MessageId::kFileExists, {asText(request.path)});
+    refuse(msg::kFileExists, {asText(request.path)});
   drawing::WriteOptions options;
   options.version = request.version;
   options.form = request.form;
   options.refuseExisting = !request.mayReplace;
   const drawing::WriteResult written = drawing::writeDrawing(database, request.path, options);
   if (written.result != eOk)
-    throw Failure{Status::kSaveFailed, {MessageId::kSaveFailed, {asText(written.message)}}};
+    throw Failure{Status::kSaveFailed, {msg::kSaveFailed, {asText(written.message)}}};
   reportLosses(session, request.path, written.report);
 }
 
 void saveDrawing(Session& session, const SaveRequest& request) {
   if (!request.mayReplace && isOwnFileRepaired(session, request.path))
-    refuse(MessageId::kRepairedOwnFile, {asText(request.path)});
+    refuse(msg::kRepairedOwnFile, {asText(request.path)});
   writeFile(session, session.database(), request);
-  session.result(MessageId::kSaved,
-                 {asText(request.path), asText(versionToWrite(session.database(), request.version))});
+  session.result(msg::kSaved, {asText(request.path), asText(versionToWrite(session.database(), request.version))});
   session.savedAs(request.path);
 }
 
 void writeBytes(const std::string& path, std::string_view bytes, bool mayReplace) {
   if (!mayReplace && fileExists(path))
-    refuse(MessageId::kFileExists, {asText(path)});
+    refuse(msg::kFileExists, {asText(path)});
   drawing::ReplaceOptions replacing;
   replacing.refuseExisting = !mayReplace;
   const drawing::FileError written = drawing::replaceFile(
       path, [bytes](drawing::FileSink& sink) { return sink.append(bytes), drawing::FileError(); }, replacing);
   if (!written.ok())
-    throw Failure{Status::kSaveFailed, {MessageId::kSaveFailed, {asText(written.text)}}};
+    throw Failure{Status::kSaveFailed, {msg::kSaveFailed, {asText(written.text)}}};
 }
 
 bool fileExists(const std::string& path) {
@@ -170,9 +171,9 @@ std::string versionToWrite(const OdDbDatabase& database, OdDb::DwgVersion wanted
 
 void checkDrawingName(const std::string& path) {
   if (path.empty())
-    refuse(MessageId::kNoFileName);
+    refuse(msg::kNoFileName);
   if (path.size() >= 4 && asText(path.substr(path.size() - 4)).iCompare(L".dwg") == 0)
-    refuse(MessageId::kNotADrawingName, {asText(path)});
+    refuse(msg::kNotADrawingName, {asText(path)});
 }
 
 } // namespace console

@@ -1,4 +1,5 @@
 #include "console/drawings/entity_summary.h"
+#include "console/messages/catalog/lists.h"
 #include "console/messages/number_text.h"
 
 #include "DbAttribute.h"
@@ -13,22 +14,22 @@ namespace {
 
 OdString lineText(const OdDbEntity& entity) {
   const auto& line = static_cast<const OdDbLine&>(entity);
-  return render(MessageId::kDescribeLine, {pointText(line.startPoint()), pointText(line.endPoint())});
+  return render(msg::kDescribeLine, {pointText(line.startPoint()), pointText(line.endPoint())});
 }
 
 OdString circleText(const OdDbEntity& entity) {
   const auto& circle = static_cast<const OdDbCircle&>(entity);
-  return render(MessageId::kDescribeCircle, {pointText(circle.center()), realText(circle.radius())});
+  return render(msg::kDescribeCircle, {pointText(circle.center()), realText(circle.radius())});
 }
 
 OdString textText(const OdDbEntity& entity) {
   const auto& text = static_cast<const OdDbText&>(entity);
-  return render(MessageId::kDescribeText, {pointText(text.position()), realText(text.height()), text.textString()});
+  return render(msg::kDescribeText, {pointText(text.position()), realText(text.height()), text.textString()});
 }
 
 OdString attributeText(const OdDbEntity& entity) {
   const auto& text = static_cast<const OdDbAttributeBase&>(entity);
-  return render(MessageId::kDescribeAttribute,
+  return render(msg::kDescribeAttribute,
                 {pointText(text.position()), realText(text.height()), text.textString(), text.tag()});
 }
 
@@ -36,7 +37,7 @@ OdString referenceText(const OdDbEntity& entity) {
   const auto& reference = static_cast<const OdDbBlockReference&>(entity);
   const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(reference.blockTableRecord().safeOpenObject());
   const OdGeScale3d scale = reference.scaleFactors();
-  return render(MessageId::kDescribeReference,
+  return render(msg::kDescribeReference,
                 {block.isNull() ? OdString() : block->getName(), pointText(reference.position()),
                  tripleText(scale.sx, scale.sy, scale.sz), degreesText(reference.rotation()),
                  count(static_cast<std::size_t>(reference.attributeIds().length()))});
@@ -80,7 +81,7 @@ OdString geometryText(const OdDbEntity& entity) {
   OdGeExtents3d extents;
   if (entity.getGeomExtents(extents) != eOk)
     return {};
-  return render(MessageId::kDescribeExtents, {pointText(extents.minPoint()), pointText(extents.maxPoint())});
+  return render(msg::kDescribeExtents, {pointText(extents.minPoint()), pointText(extents.maxPoint())});
 }
 
 } // namespace console

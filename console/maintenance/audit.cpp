@@ -1,4 +1,5 @@
 #include "console/maintenance/audit.h"
+#include "console/messages/catalog/audit.h"
 
 #include "drawing/audit.h"
 
@@ -28,11 +29,11 @@ Row rowOf(const drawing::Issue& issue) {
 
 void showIssues(Session& session, const std::vector<drawing::Issue>& issues) {
   if (issues.empty()) {
-    session.result(MessageId::kAuditWhole);
+    session.result(msg::kAuditWhole);
     return;
   }
-  std::vector<Row> rows = {{render(MessageId::kAuditSeverity), render(MessageId::kAuditLocation),
-                            render(MessageId::kAuditFound), render(MessageId::kAuditDone)}};
+  std::vector<Row> rows = {
+      {render(msg::kAuditSeverity), render(msg::kAuditLocation), render(msg::kAuditFound), render(msg::kAuditDone)}};
   for (const drawing::Issue& issue : issues)
     rows.push_back(rowOf(issue));
   std::array<int, 3> widths = {};
@@ -44,9 +45,9 @@ void showIssues(Session& session, const std::vector<drawing::Issue>& issues) {
   for (Row& row : rows) {
     for (std::size_t column = 0; column < widths.size(); ++column)
       row[column] += OdString(L' ', std::max(0, widths[column] - row[column].getLength()));
-    session.result(MessageId::kAuditRow, {row[0], row[1], row[2], row[3]});
+    session.result(msg::kAuditRow, {row[0], row[1], row[2], row[3]});
   }
-  session.result(MessageId::kAuditIssues, {count(issues.size())});
+  session.result(msg::kAuditIssues, {count(issues.size())});
 }
 
 std::vector<drawing::Issue> auditOpenDrawing(Session& session, bool fix) {

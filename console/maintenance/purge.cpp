@@ -1,4 +1,5 @@
 #include "console/maintenance/purge.h"
+#include "console/messages/catalog/purge.h"
 
 #include "DbBlockTable.h"
 #include "DbDictionary.h"
@@ -33,15 +34,15 @@ OdString ascii(const std::string& text) {
 
 OdString useText(const KeptObject& kept, const PurgePlan::Use& use) {
   if (use.by.isNull())
-    return render(MessageId::kUseByVariable, {ascii(use.variable)});
+    return render(msg::kUseByVariable, {ascii(use.variable)});
   const NamedObject by = namedObject(use.by);
   if (by.kind == "dimension style" && kept.object.kind == "block")
-    return render(MessageId::kUseByArrow, {by.name});
+    return render(msg::kUseByArrow, {by.name});
   if (by.kind == "block")
-    return render(MessageId::kUseByBlock, {by.name, count(use.times)});
+    return render(msg::kUseByBlock, {by.name, count(use.times)});
   if (by.kind == "space")
-    return render(MessageId::kUseBySpace, {by.name, count(use.times)});
-  return render(MessageId::kUseByRecord, {by.name, count(use.times), ascii(by.kind)});
+    return render(msg::kUseBySpace, {by.name, count(use.times)});
+  return render(msg::kUseByRecord, {by.name, count(use.times), ascii(by.kind)});
 }
 
 } // namespace
@@ -115,16 +116,15 @@ NamedObject namedObject(OdDbObjectId id) {
 
 OdString reasonOf(const KeptObject& kept) {
   if (kept.status == PurgePlan::Status::kNeeded)
-    return render(MessageId::kUseNeeded);
+    return render(msg::kUseNeeded);
   if (kept.status == PurgePlan::Status::kExternal)
-    return render(MessageId::kUseExternal);
+    return render(msg::kUseExternal);
   constexpr std::size_t kMaxNames = 5;
   OdString reason;
   for (std::size_t i = 0; i < kept.uses.size() && i < kMaxNames; ++i)
     reason += (i == 0 ? OdString() : OdString(L", ")) + useText(kept, kept.uses[i]);
-  return kept.uses.size() <= kMaxNames
-             ? reason
-             : reason + L" " + render(MessageId::kUseMore, {count(kept.uses.size() - kMaxNames)});
+  return kept.uses.size() <= kMaxNames ? reason
+                                       : reason + L" " + render(msg::kUseMore, {count(kept.uses.size() - kMaxNames)});
 }
 
 } // namespace console

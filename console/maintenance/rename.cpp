@@ -1,5 +1,7 @@
 #include "console/maintenance/rename.h"
 #include "console/blocks/make_block.h"
+#include "console/messages/catalog/blocks.h"
+#include "console/messages/catalog/rename.h"
 
 #include "blockcommon/block_names.h"
 #include "drawing/names.h"
@@ -9,16 +11,16 @@ namespace {
 
 struct Refusal {
   drawing::RenameResult result;
-  MessageId id;
+  MessageText text;
   bool ofNewName; // else the old one is named
 };
 
 constexpr Refusal kRefusals[] = {
-    {drawing::RenameResult::kUnknown, MessageId::kRenameUnknown, false},
-    {drawing::RenameResult::kTaken, MessageId::kRenameTaken, true},
-    {drawing::RenameResult::kFixed, MessageId::kRenameFixed, false},
-    {drawing::RenameResult::kIllegal, MessageId::kRenameIllegal, true},
-    {drawing::RenameResult::kSpace, MessageId::kRenameFixed, false},
+    {drawing::RenameResult::kUnknown, msg::kRenameUnknown, false},
+    {drawing::RenameResult::kTaken, msg::kRenameTaken, true},
+    {drawing::RenameResult::kFixed, msg::kRenameFixed, false},
+    {drawing::RenameResult::kIllegal, msg::kRenameIllegal, true},
+    {drawing::RenameResult::kSpace, msg::kRenameFixed, false},
 };
 
 // Which block has the name is the working drawing's matter; the rules of the library come on top of the engine's.
@@ -27,7 +29,7 @@ void checkNewName(Session& session, OdDb::SymbolTableKind kind, const OdString& 
     return checkBlockName(session, to);
   bool notUtf8 = false;
   if (!blockUtils::isLigitimacyName(to, notUtf8))
-    refuse(MessageId::kRenameIllegal, {OdString::fromUtf8(renameKindName(kind)), to});
+    refuse(msg::kRenameIllegal, {OdString::fromUtf8(renameKindName(kind)), to});
 }
 
 } // namespace
@@ -52,16 +54,16 @@ const char* renameKindName(OdDb::SymbolTableKind kind) {
 void renameSymbolRecord(Session& session, OdDb::SymbolTableKind kind, const OdString& from, const OdString& to) {
   const OdString what = OdString::fromUtf8(renameKindName(kind));
   if (kind == OdDb::kBlockTable && blockUtils::isExternalDependent(from))
-    refuse(MessageId::kNameExternal, {from});
+    refuse(msg::kNameExternal, {from});
   checkNewName(session, kind, to);
   const drawing::RenameResult result = drawing::renameRecord(session.database(), kind, from, to);
   if (result == drawing::RenameResult::kExternal)
-    refuse(MessageId::kNameExternal, {from});
+    refuse(msg::kNameExternal, {from});
   if (result == drawing::RenameResult::kAnonymous)
-    refuse(MessageId::kNameAnonymous, {from});
+    refuse(msg::kNameAnonymous, {from});
   for (const Refusal& refusal : kRefusals) {
     if (refusal.result == result)
-      refuse(refusal.id, {what, refusal.ofNewName ? to : from});
+      refuse(refusal.text, {what, refusal.ofNewName ? to : from});
   }
 }
 

@@ -1,11 +1,13 @@
 #include "console/prompts/prompt.h"
+#include "console/messages/catalog/objects.h"
+#include "console/messages/catalog/session.h"
 
 namespace console {
 namespace {
 
 constexpr int kRequired = 1;
 
-OdString promptLine(MessageId prompt, const Arguments& arguments) {
+OdString promptLine(MessageText prompt, const Arguments& arguments) {
   return L"\n" + render(prompt, arguments) + L" ";
 }
 
@@ -18,7 +20,7 @@ bool answered(int code) {
   return true;
 }
 
-std::optional<OdGePoint3d> pointFrom(Session& session, MessageId prompt) {
+std::optional<OdGePoint3d> pointFrom(Session& session, MessageText prompt) {
   double point[3] = {};
   if (!answered(session.host().input().getPoint(promptLine(prompt, {}), point)))
     return std::nullopt;
@@ -27,7 +29,7 @@ std::optional<OdGePoint3d> pointFrom(Session& session, MessageId prompt) {
 
 } // namespace
 
-std::optional<OdString> promptText(Session& session, MessageId prompt, const Arguments& arguments, bool wholeLine) {
+std::optional<OdString> promptText(Session& session, MessageText prompt, const Arguments& arguments, bool wholeLine) {
   morvane::InputEngine& input = session.host().input();
   OdString text;
   if (!answered(wholeLine ? input.getString(true, promptLine(prompt, arguments), text)
@@ -37,7 +39,7 @@ std::optional<OdString> promptText(Session& session, MessageId prompt, const Arg
   return text.isEmpty() ? std::nullopt : std::optional(text);
 }
 
-std::optional<OdString> promptKeyword(Session& session, MessageId keywords, MessageId prompt,
+std::optional<OdString> promptKeyword(Session& session, MessageText keywords, MessageText prompt,
                                       const Arguments& arguments) {
   morvane::InputEngine& input = session.host().input();
   input.initGet(0, render(keywords).str());
@@ -48,7 +50,7 @@ std::optional<OdString> promptKeyword(Session& session, MessageId keywords, Mess
 }
 
 // In a script any other answer is a no: whatever comes next was not meant for this question.
-bool promptYesNo(Session& session, MessageId prompt, const Arguments& arguments) {
+bool promptYesNo(Session& session, MessageText prompt, const Arguments& arguments) {
   constexpr int kAnyText = 128;
   if (!session.isInteractive()) {
     session.refuseQuestion(render(prompt, arguments));
@@ -56,49 +58,49 @@ bool promptYesNo(Session& session, MessageId prompt, const Arguments& arguments)
   }
   morvane::InputEngine& input = session.host().input();
   for (;;) {
-    input.initGet(kAnyText, render(MessageId::kKeywordsYesNo).str());
+    input.initGet(kAnyText, render(msg::kKeywordsYesNo).str());
     OdString answer;
     if (!answered(input.getKeyword(promptLine(prompt, arguments), answer)))
       return false;
     if (answer == L"Yes" || answer == L"No" || input.isScript())
       return answer == L"Yes";
-    session.print(MessageId::kYesOrNo);
+    session.print(msg::kYesOrNo);
   }
 }
 
-std::optional<OdGePoint3d> promptPoint(Session& session, MessageId prompt) {
+std::optional<OdGePoint3d> promptPoint(Session& session, MessageText prompt) {
   return pointFrom(session, prompt);
 }
 
-OdGePoint3d promptRequiredPoint(Session& session, MessageId prompt) {
+OdGePoint3d promptRequiredPoint(Session& session, MessageText prompt) {
   session.host().input().initGet(kRequired, {});
   return pointFrom(session, prompt).value();
 }
 
-std::optional<double> promptNumber(Session& session, MessageId prompt, const Arguments& arguments) {
+std::optional<double> promptNumber(Session& session, MessageText prompt, const Arguments& arguments) {
   double number = 0;
   if (!answered(session.host().input().getReal(promptLine(prompt, arguments), number)))
     return std::nullopt;
   return number;
 }
 
-double promptRequiredNumber(Session& session, MessageId prompt) {
+double promptRequiredNumber(Session& session, MessageText prompt) {
   session.host().input().initGet(kRequired, {});
   return promptNumber(session, prompt).value();
 }
 
-std::optional<double> promptAngle(Session& session, MessageId prompt) {
+std::optional<double> promptAngle(Session& session, MessageText prompt) {
   for (;;) {
     const auto text = promptText(session, prompt);
     if (!text)
       return std::nullopt;
     if (const auto angle = morvane::parseAngle(text->str()))
       return angle;
-    session.print(MessageId::kNotAnAngle, {*text});
+    session.print(msg::kNotAnAngle, {*text});
   }
 }
 
-PointOrKeyword promptPointOr(Session& session, MessageId keywords, MessageId prompt, bool required) {
+PointOrKeyword promptPointOr(Session& session, MessageText keywords, MessageText prompt, bool required) {
   morvane::InputEngine& input = session.host().input();
   input.initGet(required ? kRequired : 0, render(keywords).str());
   double point[3] = {};

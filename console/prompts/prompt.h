@@ -13,23 +13,23 @@ using Arguments = std::vector<OdString>;
 
 // Empty answers are nothing. A script's answer ends at a blank, outside of double quotes, unless the whole line is
 // wanted.
-std::optional<OdString> promptText(Session& session, MessageId prompt, const Arguments& arguments = {},
+std::optional<OdString> promptText(Session& session, MessageText prompt, const Arguments& arguments = {},
                                    bool wholeLine = false);
 // The global name of the keyword, or nothing for an empty answer.
-std::optional<OdString> promptKeyword(Session& session, MessageId keywords, MessageId prompt,
+std::optional<OdString> promptKeyword(Session& session, MessageText keywords, MessageText prompt,
                                       const Arguments& arguments = {});
-bool promptYesNo(Session& session, MessageId prompt, const Arguments& arguments = {}); // an empty answer is no
+bool promptYesNo(Session& session, MessageText prompt, const Arguments& arguments = {}); // an empty answer is no
 // In the current UCS. An empty answer is nothing.
-std::optional<OdGePoint3d> promptPoint(Session& session, MessageId prompt);
-OdGePoint3d promptRequiredPoint(Session& session, MessageId prompt);
-std::optional<double> promptNumber(Session& session, MessageId prompt, const Arguments& arguments = {});
-double promptRequiredNumber(Session& session, MessageId prompt);
-std::optional<double> promptAngle(Session& session, MessageId prompt); // radians
+std::optional<OdGePoint3d> promptPoint(Session& session, MessageText prompt);
+OdGePoint3d promptRequiredPoint(Session& session, MessageText prompt);
+std::optional<double> promptNumber(Session& session, MessageText prompt, const Arguments& arguments = {});
+double promptRequiredNumber(Session& session, MessageText prompt);
+std::optional<double> promptAngle(Session& session, MessageText prompt); // radians
 
 struct PointOrKeyword {
   std::optional<OdGePoint3d> point;
   OdString keyword; // empty when a point, or nothing, was answered
 };
-PointOrKeyword promptPointOr(Session& session, MessageId keywords, MessageId prompt, bool required = false);
+PointOrKeyword promptPointOr(Session& session, MessageText keywords, MessageText prompt, bool required = false);
 
 } // namespace console

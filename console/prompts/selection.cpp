@@ -1,4 +1,5 @@
 #include "console/prompts/selection.h"
+#include "console/messages/catalog/selection.h"
 #include "console/messages/number_text.h"
 
 #include "DbBlockTable.h"
@@ -45,14 +46,14 @@ OdDbObjectIdArray pickIf(const OdDbObjectIdArray& objects, const std::function<b
 OdDbObjectIdArray onLayer(OdDbDatabase& database, const OdDbObjectIdArray& objects, const OdString& name) {
   const OdDbObjectId layer = database.symbol(OdDb::kLayerTable, name);
   if (layer.isNull())
-    refuse(MessageId::kNoSuchLayerAmong, {name, nameList(layerNames(database))});
+    refuse(msg::kNoSuchLayerAmong, {name, nameList(layerNames(database))});
   return pickIf(objects, [&](OdDbObjectId id) { return LayerTools::getEntityLayerId(id) == layer; });
 }
 
 OdDbObjectIdArray ofType(const OdDbObjectIdArray& objects, const OdString& name) {
   OdDbObjectIdArray ids = pickIf(objects, [&](OdDbObjectId id) { return typeOf(id).iCompare(name) == 0; });
   if (ids.isEmpty())
-    refuse(MessageId::kNoSuchTypeAmong, {name, nameList(typeNames(objects))});
+    refuse(msg::kNoSuchTypeAmong, {name, nameList(typeNames(objects))});
   return ids;
 }
 
@@ -61,7 +62,7 @@ OdDbObjectIdArray ofHandle(OdDbDatabase& database, const OdDbObjectIdArray& obje
   const OdDbObjectId wanted = handle ? database.objectIdOf(*handle) : OdDbObjectId();
   OdDbObjectIdArray ids = pickIf(objects, [&](OdDbObjectId id) { return !wanted.isNull() && id == wanted; });
   if (ids.isEmpty())
-    refuse(MessageId::kNoSuchHandle, {text});
+    refuse(msg::kNoSuchHandle, {text});
   return ids;
 }
 
@@ -134,9 +135,9 @@ std::size_t removeLocked(Session& session, OdDbObjectIdArray& ids) {
   }
   const std::size_t locked = static_cast<std::size_t>(ids.length()) - static_cast<std::size_t>(free.length());
   if (locked > 0)
-    session.print(MessageId::kLockedSkipped, {count(locked)});
+    session.print(msg::kLockedSkipped, {count(locked)});
   if (free.isEmpty())
-    refuse(MessageId::kAllLocked);
+    refuse(msg::kAllLocked);
   ids = free;
   return locked;
 }

@@ -1,4 +1,5 @@
 // The selection prompt.
+#include "console/messages/catalog/selection.h"
 #include "console/prompts/prompt.h"
 #include "console/prompts/selection.h"
 
@@ -20,15 +21,15 @@ public:
 
   OdDbObjectIdArray run() {
     for (;;) {
-      const PointOrKeyword entered = promptPointOr(session_, MessageId::kKeywordsSelect,
-                                                   removes_ ? MessageId::kPromptRemove : MessageId::kPromptSelect);
+      const PointOrKeyword entered =
+          promptPointOr(session_, msg::kKeywordsSelect, removes_ ? msg::kPromptRemove : msg::kPromptSelect);
       if (entered.point)
         pickFrom(*entered.point);
       else if (!entered.keyword.isEmpty())
         answer(entered.keyword);
       else
         return picks_.ids();
-      session_.print(MessageId::kSelected, {count(picks_.size())});
+      session_.print(msg::kSelected, {count(picks_.size())});
     }
   }
 
@@ -47,11 +48,11 @@ private:
     else if (keyword == L"All")
       pickBy({Selector::Kind::kAll, {}});
     else if (keyword == L"Layer")
-      pickNamed(Selector::Kind::kLayer, MessageId::kPromptSelectLayer);
+      pickNamed(Selector::Kind::kLayer, msg::kPromptSelectLayer);
     else if (keyword == L"Type")
-      pickNamed(Selector::Kind::kType, MessageId::kPromptSelectType);
+      pickNamed(Selector::Kind::kType, msg::kPromptSelectType);
     else
-      pickNamed(Selector::Kind::kHandle, MessageId::kPromptSelectHandle);
+      pickNamed(Selector::Kind::kHandle, msg::kPromptSelectHandle);
   }
   // Seen along the z axis of the UCS.
   drawing::ViewPicker picker() {
@@ -61,12 +62,12 @@ private:
   }
   // A typed point is the first corner: what is inside when the other one lies to the right, else what is touched.
   void pickFrom(const OdGePoint3d& corner) {
-    const OdGePoint3d other = promptRequiredPoint(session_, MessageId::kPromptOtherCorner);
+    const OdGePoint3d other = promptRequiredPoint(session_, msg::kPromptOtherCorner);
     pickBetween(corner, other, other.x >= corner.x);
   }
   void pickCorners(bool whole) {
-    const OdGePoint3d corner = promptRequiredPoint(session_, MessageId::kPromptCorner);
-    pickBetween(corner, promptRequiredPoint(session_, MessageId::kPromptOtherCorner), whole);
+    const OdGePoint3d corner = promptRequiredPoint(session_, msg::kPromptCorner);
+    pickBetween(corner, promptRequiredPoint(session_, msg::kPromptOtherCorner), whole);
   }
   void pickBetween(const OdGePoint3d& corner, const OdGePoint3d& other, bool whole) {
     const OdGePoint2d from(corner.x, corner.y), to(other.x, other.y);
@@ -74,8 +75,7 @@ private:
   }
   void pickFence() {
     std::vector<OdGePoint2d> path;
-    while (const auto point =
-               promptPoint(session_, path.empty() ? MessageId::kPromptFence : MessageId::kPromptFenceNext))
+    while (const auto point = promptPoint(session_, path.empty() ? msg::kPromptFence : msg::kPromptFenceNext))
       path.push_back({point->x, point->y});
     pick(picker().along(path));
   }
@@ -85,7 +85,7 @@ private:
         removes_ ? picks_.remove(id) : picks_.add(id);
     }
   }
-  void pickNamed(Selector::Kind kind, MessageId prompt) {
+  void pickNamed(Selector::Kind kind, MessageText prompt) {
     if (const auto value = promptText(session_, prompt))
       pickBy({kind, *value});
   }
@@ -94,12 +94,12 @@ private:
     try {
       pick(pickedBy(session_.database(), objects_, selector));
     } catch (const Failure& failure) {
-      session_.print(failure.message.id, failure.message.arguments);
+      session_.print(failure.message.format, failure.message.arguments);
     }
   }
   void pickLast() {
     if (objects_.isEmpty())
-      return session_.print(MessageId::kSpaceEmpty);
+      return session_.print(msg::kSpaceEmpty);
     OdDbObjectIdArray last;
     last.append(objects_.last());
     pick(last);
@@ -107,7 +107,7 @@ private:
   void pickPrevious() {
     const OdDbObjectIdArray& ids = session_.drawing().previous;
     if (std::none_of(ids.begin(), ids.end(), [this](OdDbObjectId id) { return here_.count(id) != 0; }))
-      session_.print(MessageId::kNothingPrevious);
+      session_.print(msg::kNothingPrevious);
     pick(ids);
   }
 
@@ -139,7 +139,7 @@ OdDbObjectIdArray promptNewSelection(Session& session) {
 }
 
 void reportPreselection(Session& session, const OdDbObjectIdArray& ids) {
-  session.print(MessageId::kSelectedBefore, {count(static_cast<std::size_t>(ids.length()))});
+  session.print(msg::kSelectedBefore, {count(static_cast<std::size_t>(ids.length()))});
   session.drawing().previous = ids;
 }
 
@@ -150,7 +150,7 @@ OdDbObjectIdArray promptSelection(Session& session) {
   else
     ids = promptNewSelection(session);
   if (ids.isEmpty())
-    refuse(MessageId::kNothingSelected);
+    refuse(msg::kNothingSelected);
   return ids;
 }
 

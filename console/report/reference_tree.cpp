@@ -1,4 +1,6 @@
 #include "console/report/reference_tree.h"
+#include "console/messages/catalog/graph.h"
+#include "console/messages/catalog/report.h"
 #include "console/messages/number_text.h"
 
 #include "DbBlockReference.h"
@@ -12,17 +14,17 @@ namespace console {
 namespace {
 
 OdString countText(std::uint64_t number) {
-  return number == kMaxCounted ? render(MessageId::kReportMany) : count(number);
+  return number == kMaxCounted ? render(msg::kReportMany) : count(number);
 }
 
 void refuseTooLarge(OdDbObjectId reference, std::uint64_t maxNodes) {
   const TreeSize size = sizeOfTree(reference);
   if (size.isEndless)
-    refuse(MessageId::kGraphEndless, {handleText(reference)});
+    refuse(msg::kGraphEndless, {handleText(reference)});
   if (size.nodes > maxNodes)
-    refuse(MessageId::kGraphTooLarge, {handleText(reference), countText(size.nodes), count(maxNodes)});
+    refuse(msg::kGraphTooLarge, {handleText(reference), countText(size.nodes), count(maxNodes)});
   if (size.inChains > kInChainsAnyway + kInChainsPerNode * maxNodes)
-    refuse(MessageId::kGraphTooDeep, {handleText(reference), countText(size.inChains), count(maxNodes)});
+    refuse(msg::kGraphTooDeep, {handleText(reference), countText(size.inChains), count(maxNodes)});
 }
 
 ReferenceNode nodeOf(Session& session, CRefGraph& graph, CRefGraphNode& made) {

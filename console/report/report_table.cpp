@@ -1,4 +1,6 @@
 #include "console/report/report_table.h"
+#include "console/messages/catalog/lists.h"
+#include "console/messages/catalog/report.h"
 #include "console/messages/messages.h"
 
 #include <algorithm>
@@ -15,7 +17,7 @@ constexpr bool isNumber(std::size_t column) {
 }
 
 OdString timesText(std::uint64_t count) {
-  return count < kMaxInstances ? console::count(count) : render(MessageId::kReportMany);
+  return count < kMaxInstances ? console::count(count) : render(msg::kReportMany);
 }
 
 void addNote(OdString& notes, const OdString& note) {
@@ -25,24 +27,23 @@ void addNote(OdString& notes, const OdString& note) {
 OdString notesOf(const Block& block) {
   struct Flag {
     bool on;
-    MessageId id;
+    MessageText text;
   };
-  const Flag flags[] = {{block.isDependent, MessageId::kReportDependent},
-                        {block.withDynamicInstances.has_value(), MessageId::kReportDynamic},
-                        {block.isAnnotative, MessageId::kReportAnnotative},
-                        {block.isUniform.value_or(false), MessageId::kReportUniform},
-                        {!block.isExplodable.value_or(true), MessageId::kReportNoExplode}};
+  const Flag flags[] = {{block.isDependent, msg::kReportDependent},
+                        {block.withDynamicInstances.has_value(), msg::kReportDynamic},
+                        {block.isAnnotative, msg::kReportAnnotative},
+                        {block.isUniform.value_or(false), msg::kReportUniform},
+                        {!block.isExplodable.value_or(true), msg::kReportNoExplode}};
   OdString notes;
   if (!block.layout.isEmpty())
-    addNote(notes, render(MessageId::kReportLayout, {block.layout}));
+    addNote(notes, render(msg::kReportLayout, {block.layout}));
   if (!block.trueName.isEmpty() && !block.withDynamicInstances)
-    addNote(notes, render(MessageId::kReportShapeOf, {block.trueName}));
+    addNote(notes, render(msg::kReportShapeOf, {block.trueName}));
   if (block.xref)
-    addNote(notes,
-            render(block.xref->overlay ? MessageId::kReportOverlay : MessageId::kReportXref, {block.xref->path}));
+    addNote(notes, render(block.xref->overlay ? msg::kReportOverlay : msg::kReportXref, {block.xref->path}));
   for (const Flag& flag : flags) {
     if (flag.on)
-      addNote(notes, render(flag.id));
+      addNote(notes, render(flag.text));
   }
   return notes;
 }
@@ -87,15 +88,14 @@ OdString aligned(const std::vector<Row>& rows) {
 } // namespace
 
 OdString tableText(const DrawingReport& report, bool all) {
-  std::vector<Row> rows = {{render(MessageId::kReportName), render(MessageId::kReportReferences),
-                            render(MessageId::kReportNested), render(MessageId::kReportAttributes),
-                            render(MessageId::kReportDepth), render(MessageId::kReportUnits),
-                            render(MessageId::kReportNotes)}};
+  std::vector<Row> rows = {{render(msg::kReportName), render(msg::kReportReferences), render(msg::kReportNested),
+                            render(msg::kReportAttributes), render(msg::kReportDepth), render(msg::kReportUnits),
+                            render(msg::kReportNotes)}};
   for (const Block& block : report.blocks) {
     if (all || isOrdinary(block))
       rows.push_back(rowOf(block));
   }
-  return rows.size() == 1 ? render(MessageId::kNoBlocks) + L"\n" : aligned(rows);
+  return rows.size() == 1 ? render(msg::kNoBlocks) + L"\n" : aligned(rows);
 }
 
 } // namespace console::report

@@ -30,8 +30,8 @@ struct Command {
   enum class Kind { kReadOnly, kModifies, kSelects };
   const wchar_t* name;
   std::vector<std::wstring_view> aliases;
-  MessageId help;
-  std::vector<MessageId> prompts; // its prompts, for HELP
+  MessageText help;
+  std::vector<MessageText> prompts; // its prompts, for HELP
   Kind kind;
   void (*run)(CommandContext&); // throws Failure to stop
 };

@@ -1,6 +1,7 @@
 // How a command stops: the reason travels to the one place that rolls back and tells the user.
 #pragma once
 
+#include "console/messages/catalog/session.h"
 #include "console/messages/messages.h"
 #include "console/session/status.h"
 
@@ -13,12 +14,12 @@ struct Failure {
   Message message;
 };
 
-[[noreturn]] inline void refuse(MessageId id, std::vector<OdString> arguments = {}) {
-  throw Failure{Status::kRefused, {id, std::move(arguments)}};
+[[noreturn]] inline void refuse(MessageText format, std::vector<OdString> arguments = {}) {
+  throw Failure{Status::kRefused, {format, std::move(arguments)}};
 }
 
 [[noreturn]] inline void cancel() {
-  throw Failure{Status::kCancelled, {MessageId::kCancelled, {}}};
+  throw Failure{Status::kCancelled, {msg::kCancelled, {}}};
 }
 
 } // namespace console

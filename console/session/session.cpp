@@ -1,4 +1,6 @@
 #include "console/session/session.h"
+#include "console/messages/catalog/session.h"
+#include "console/messages/catalog/xrefs.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -95,7 +97,7 @@ int Session::pressedButton(const std::function<void()>& showBox) {
 }
 
 void Session::refuseQuestion(const OdString& question) {
-  print(MessageId::kQuestionRefused, {question});
+  print(msg::kQuestionRefused, {question});
   raiseStatus(Status::kRefused);
 }
 
@@ -114,17 +116,17 @@ OdString Session::takeRestOfLine() {
   return rest.trimLeft().trimRight();
 }
 
-void Session::keep(MessageId id, const std::vector<OdString>& arguments) {
-  transcript_.push_back({idOf(id), render(id, arguments), arguments, std::nullopt});
+void Session::keep(MessageText format, const std::vector<OdString>& arguments) {
+  transcript_.push_back({format.id, render(format, arguments), arguments, std::nullopt});
 }
 
-void Session::print(MessageId id, std::vector<OdString> arguments) {
-  keep(id, arguments);
+void Session::print(MessageText format, std::vector<OdString> arguments) {
+  keep(format, arguments);
   host_.output().print(L"\n" + transcript_.back().text + L"\n");
 }
 
-void Session::result(MessageId id, std::vector<OdString> arguments) {
-  keep(id, arguments);
+void Session::result(MessageText format, std::vector<OdString> arguments) {
+  keep(format, arguments);
   if (!quiet_)
     printReport(transcript_.back().text + L"\n");
 }
@@ -189,7 +191,7 @@ void Session::savedAs(const std::string& path) {
 }
 
 void Session::fail(const Failure& failure) {
-  print(failure.message.id, failure.message.arguments);
+  print(failure.message.format, failure.message.arguments);
   raiseStatus(failure.status);
   host_.input().dropRestOfLine();
 }
@@ -204,14 +206,14 @@ Status Session::run(const Command& command, const CommandTable& commands) {
   });
   // The block may be gone by undo or purging.
   if (!edited.isEmpty() && drawing_.document == document && document->blockEditorName().isEmpty())
-    print(MessageId::kEditorClosed, {edited});
+    print(msg::kEditorClosed, {edited});
   if (command.kind != Command::Kind::kSelects)
     host_.selections().setFirst(nullptr, nullptr);
   return status;
 }
 
 Status Session::attempt(const char* name, Command::Kind kind, const std::function<void()>& work) {
-  Failure failure{Status::kRefused, {MessageId::kFailed, {}}};
+  Failure failure{Status::kRefused, {msg::kFailed, {}}};
   try {
     Step step(drawing_, name, kind);
     work();

@@ -75,8 +75,8 @@ public:
   OdString takeRestOfLine();
 
   // A line on the command line, and a line of results.
-  void print(MessageId id, std::vector<OdString> arguments = {});
-  void result(MessageId id, std::vector<OdString> arguments = {});
+  void print(MessageText format, std::vector<OdString> arguments = {});
+  void result(MessageText format, std::vector<OdString> arguments = {});
   void printReport(const OdString& text); // to where results go, also when they are kept
   const std::vector<TranscriptEntry>& transcript() const { return transcript_; } // everything, results included
   // Whether questions may be asked. Where not, whoever would ask shows the question and refuses.
@@ -113,7 +113,7 @@ public:
 private:
   class Step;
   void fail(const Failure& failure);
-  void keep(MessageId id, const std::vector<OdString>& arguments);
+  void keep(MessageText format, const std::vector<OdString>& arguments);
   void watchBoxes();
   morvane::Host host_;
   std::shared_ptr<LineSink> line_;

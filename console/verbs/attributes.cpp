@@ -1,5 +1,6 @@
 #include "console/attributes/attributes.h"
 #include "console/attributes/attribute_import.h"
+#include "console/messages/catalog/attributes.h"
 #include "console/messages/csv.h"
 #include "console/messages/number_text.h"
 #include "console/verbs/job.h"
@@ -47,7 +48,7 @@ public:
   bool isChosen() const override { return optionTable_->isChosen(); }
   void check() override {
     if (isChosen() && import_.empty() != files_.out.empty())
-      throw Failure{Status::kUsage, {MessageId::kImportNeedsOutput, {}}};
+      throw Failure{Status::kUsage, {msg::kImportNeedsOutput, {}}};
   }
   Status run(const SessionOptions& settings) override {
     return runJob(settings,
@@ -72,7 +73,7 @@ private:
     results["misfits"] = Json::array();
     for (const ImportedAttributes::Misfit& misfit : imported_.misfits)
       results["misfits"].push_back(
-          {{"line", misfit.line}, {"id", idOf(misfit.reason.id)}, {"text", misfit.reason.text().toUtf8Lossless()}});
+          {{"line", misfit.line}, {"id", misfit.reason.format.id}, {"text", misfit.reason.text().toUtf8Lossless()}});
   }
 
   void printSummary(Session& session) {
@@ -81,15 +82,14 @@ private:
     if (csv_)
       return session.printReport(OdString::fromUtf8(csvOf(rows_)));
     for (const AttributeRow& row : json_ ? std::vector<AttributeRow>() : rows_)
-      session.result(MessageId::kAttributeRow, {handleText(row.reference), row.block, attributeName(row), row.value});
-    session.print(MessageId::kAttributeCount, {count(rows_.size())});
+      session.result(msg::kAttributeRow, {handleText(row.reference), row.block, attributeName(row), row.value});
+    session.print(msg::kAttributeCount, {count(rows_.size())});
   }
 
   void reportImported(Session& session) {
     for (const ImportedAttributes::Misfit& misfit : imported_.misfits)
-      session.print(MessageId::kImportMisfit, {OdString::fromUtf8(import_), count(misfit.line), misfit.reason.text()});
-    session.print(MessageId::kImported,
-                  {count(imported_.changed), count(imported_.same), count(imported_.misfits.size())});
+      session.print(msg::kImportMisfit, {OdString::fromUtf8(import_), count(misfit.line), misfit.reason.text()});
+    session.print(msg::kImported, {count(imported_.changed), count(imported_.same), count(imported_.misfits.size())});
     if (!imported_.misfits.empty())
       session.raiseStatus(Status::kRepaired);
   }

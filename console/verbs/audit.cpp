@@ -1,4 +1,6 @@
 #include "console/maintenance/audit.h"
+#include "console/messages/catalog/audit.h"
+#include "console/messages/catalog/drawings.h"
 #include "console/verbs/job.h"
 #include "console/verbs/verb.h"
 
@@ -26,7 +28,7 @@ public:
   bool isChosen() const override { return optionTable_->isChosen(); }
   void check() override {
     if (isChosen() && fix_ == files_.out.empty())
-      throw Failure{Status::kUsage, {MessageId::kFixNeedsOutput, {}}};
+      throw Failure{Status::kUsage, {msg::kFixNeedsOutput, {}}};
   }
   Status run(const SessionOptions& settings) override {
     return runJob(settings,
@@ -50,11 +52,11 @@ private:
 
   void printSummary(Session& session) {
     const auto& counts = read_.counts;
-    session.result(MessageId::kAuditSum,
+    session.result(msg::kAuditSum,
                    {count(counts.read), count(counts.opaque), count(counts.unparsed), count(counts.dropped)});
     showIssues(session, issues_);
     if (read_.suppressed() != 0)
-      session.result(MessageId::kMoreIssues, {OdString::fromUtf8(files_.in), count(read_.suppressed())});
+      session.result(msg::kMoreIssues, {OdString::fromUtf8(files_.in), count(read_.suppressed())});
   }
 
   OptionTable* optionTable_ = nullptr;

@@ -1,4 +1,6 @@
+#include "console/messages/catalog/graph.h"
 #include "console/blocks/external_references.h"
+#include "console/messages/catalog/usage.h"
 #include "console/messages/number_text.h"
 #include "console/report/reference_tree.h"
 #include "console/report/report_json.h"
@@ -93,7 +95,7 @@ public:
   bool isChosen() const override { return optionTable_->isChosen(); }
   void check() override {
     if (isChosen() && !parseHandle(handle_))
-      refuseUsage(MessageId::kBadHandle, "--reference", handle_);
+      refuseUsage(msg::kBadHandle, "--reference", handle_);
   }
   Status run(const SessionOptions& settings) override {
     return runJob(settings,
@@ -105,7 +107,7 @@ private:
   void work(Session& session, Json& results) {
     const OdDbObjectId picked = session.database().objectIdOf(*parseHandle(handle_));
     if (OdDbBlockReference::cast(picked.safeOpenObject()).isNull())
-      refuse(MessageId::kGraphNoReference, {OdString::fromUtf8(handle_)});
+      refuse(msg::kGraphNoReference, {OdString::fromUtf8(handle_)});
     tree_ = treeOf(session, picked, maxNodes_);
     if (!json_)
       return;
@@ -129,20 +131,20 @@ private:
     std::vector<OdString> arguments{indent, node.block, OdString::fromUtf8(handleOf(node.reference)),
                                     chainText(node.chain)};
     if (!node.external)
-      return session.result(MessageId::kGraphNode, arguments);
+      return session.result(msg::kGraphNode, arguments);
     arguments.insert(arguments.end(), {node.external->path, xrefState(node.external->status), node.external->found});
-    session.result(node.external->found.isEmpty() ? MessageId::kGraphLost : MessageId::kGraphExternal, arguments);
+    session.result(node.external->found.isEmpty() ? msg::kGraphLost : msg::kGraphExternal, arguments);
   }
 
   void reportEditability(Session& session) const {
-    constexpr MessageId kIds[] = {MessageId::kEditAllowed, MessageId::kEditXeditOff, MessageId::kEditExternal};
-    const MessageId id = kIds[static_cast<std::size_t>(tree_.edit.reason)];
+    constexpr MessageText kTexts[] = {msg::kEditAllowed, msg::kEditXeditOff, msg::kEditExternal};
+    const MessageText format = kTexts[static_cast<std::size_t>(tree_.edit.reason)];
     const std::vector<OdString> arguments{OdString::fromUtf8(handleOf(tree_.nodes.front().reference)),
                                           OdString::fromUtf8(handleOf(tree_.edit.reference)), tree_.edit.path};
     if (dot_)
-      session.print(id, arguments);
+      session.print(format, arguments);
     else
-      session.result(id, arguments);
+      session.result(format, arguments);
   }
 
   OptionTable* optionTable_ = nullptr;

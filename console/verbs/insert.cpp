@@ -1,3 +1,4 @@
+#include "console/messages/catalog/insert.h"
 #include "console/attributes/attribute_answers.h"
 #include "console/attributes/attributes.h"
 #include "console/blocks/insert_preview.h"
@@ -5,6 +6,9 @@
 #include "console/blocks/make_block.h"
 #include "console/blocks/reference_placement.h"
 #include "console/drawings/drawing_io.h"
+#include "console/messages/catalog/attributes.h"
+#include "console/messages/catalog/purge.h"
+#include "console/messages/catalog/usage.h"
 #include "console/messages/number_text.h"
 #include "console/verbs/job.h"
 #include "console/verbs/verb.h"
@@ -28,7 +32,7 @@ struct EnteredInsertion {
 double realOption(const char* option, const std::string& value) {
   const auto number = parseReal(value);
   if (!number)
-    refuseUsage(MessageId::kBadNumber, option, value);
+    refuseUsage(msg::kBadNumber, option, value);
   return *number;
 }
 
@@ -64,7 +68,7 @@ const char* resolutionName(ImportedBlock::Resolution resolution) {
 std::vector<std::string> listedFiles(const std::string& path) {
   std::ifstream file(path);
   if (!file)
-    throw Failure{Status::kUnreadable, {MessageId::kListUnreadable, {OdString::fromUtf8(path)}}};
+    throw Failure{Status::kUnreadable, {msg::kListUnreadable, {OdString::fromUtf8(path)}}};
   std::vector<std::string> paths;
   const std::filesystem::path folder = std::filesystem::path(path).parent_path();
   for (std::string line; std::getline(file, line);) {
@@ -153,17 +157,17 @@ void Insert::check() {
   if (dry_)
     files_.out.clear();
   else if (files_.out.empty())
-    throw Failure{Status::kUsage, {MessageId::kNoOutput, {}}};
+    throw Failure{Status::kUsage, {msg::kNoOutput, {}}};
   if (!entered_.name.empty() && entered_.file.empty())
-    throw Failure{Status::kUsage, {MessageId::kNameNeedsFile, {}}};
+    throw Failure{Status::kUsage, {msg::kNameNeedsFile, {}}};
   if (!entered_.grid.empty() && entered_.list.empty())
-    throw Failure{Status::kUsage, {MessageId::kGridNeedsList, {}}};
+    throw Failure{Status::kUsage, {msg::kGridNeedsList, {}}};
   conflictPolicy_ = conflictOption(entered_.conflictPolicy,
                                    entered_.list.empty() ? ConflictPolicy::kRefuse : ConflictPolicy::kRename);
   for (const std::string& given : entered_.attributes) {
     const auto equals = given.find('=');
     if (equals == 0 || equals == std::string::npos)
-      refuseUsage(MessageId::kBadAttribute, "--attr", given);
+      refuseUsage(msg::kBadAttribute, "--attr", given);
     answers_.given.emplace_back(OdString::fromUtf8(given.substr(0, equals)),
                                 OdString::fromUtf8(given.substr(equals + 1)));
   }
@@ -173,12 +177,12 @@ void Insert::check() {
 void Insert::checkPlacement() {
   const auto at = parsePoint(entered_.at);
   if (!at)
-    refuseUsage(MessageId::kBadPoint, "--at", entered_.at);
+    refuseUsage(msg::kBadPoint, "--at", entered_.at);
   placement_.at = *at;
   if (!entered_.scale.empty()) {
     const std::vector<double> scales = realsOption("--scale", entered_.scale);
     if (scales.size() != 1 && scales.size() != 3)
-      refuseUsage(MessageId::kBadScale, "--scale", entered_.scale);
+      refuseUsage(msg::kBadScale, "--scale", entered_.scale);
     placement_.scale = OdGeScale3d(scales[0], scales[scales.size() / 2], scales.back());
   }
   if (!entered_.rotate.empty())
@@ -190,7 +194,7 @@ void Insert::checkPlacement() {
   grid_ = realsOption("--grid", entered_.grid);
   if (grid_.size() != 3 || grid_[0] < 1 || grid_[0] > 1e6 ||
       grid_[0] != static_cast<double>(static_cast<int>(grid_[0])))
-    refuseUsage(MessageId::kBadGrid, "--grid", entered_.grid);
+    refuseUsage(msg::kBadGrid, "--grid", entered_.grid);
 }
 
 Placement Insert::placeInGrid(std::size_t number) const {
@@ -225,7 +229,7 @@ void Insert::insertList(Session& session) {
     });
     if (status == Status::kDone)
       continue;
-    session.print(MessageId::kListFailed, {OdString::fromUtf8(paths[number])});
+    session.print(msg::kListFailed, {OdString::fromUtf8(paths[number])});
     ++failed_;
   }
 }
@@ -250,7 +254,7 @@ void Insert::work(Session& session, Json& results) {
     const OdString name = OdString::fromUtf8(entered_.block);
     const OdDbObjectId block = definitionOf(session, name);
     if (block.isNull())
-      refuse(MessageId::kNoSuchBlock, {name});
+      refuse(msg::kNoSuchBlock, {name});
     done_.push_back(place(session, {}, {ImportedBlock::Resolution::kKept, block, name, {}, {}}, placement_));
   }
   if (entered_.block.empty())
@@ -286,11 +290,11 @@ Json Insert::jsonOf(const Done& done) {
 void Insert::printSummary(Session& session) const {
   for (const Done& done : done_) {
     if (entered_.list.empty())
-      session.print(MessageId::kUnitsFactor, {exactText(done.factor)});
-    session.result(MessageId::kInserted, {done.in.name, handleText(done.reference)});
+      session.print(msg::kUnitsFactor, {exactText(done.factor)});
+    session.result(msg::kInserted, {done.in.name, handleText(done.reference)});
   }
   if (!entered_.list.empty() && !dry_)
-    session.print(MessageId::kListSum, {count(done_.size()), count(failed_)});
+    session.print(msg::kListSum, {count(done_.size()), count(failed_)});
 }
 
 } // namespace

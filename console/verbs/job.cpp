@@ -1,4 +1,5 @@
 #include "console/verbs/job.h"
+#include "console/messages/catalog/drawings.h"
 
 #include "console/report/report_json.h"
 
@@ -38,7 +39,7 @@ Json messagesOf(const Session& session) {
 void checkOutput(const JobFiles& files) {
   checkDrawingName(files.out);
   if (!files.force && fileExists(files.out))
-    refuse(MessageId::kFileExists, {OdString::fromUtf8(files.out)});
+    refuse(msg::kFileExists, {OdString::fromUtf8(files.out)});
 }
 
 } // namespace

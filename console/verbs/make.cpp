@@ -1,5 +1,7 @@
 #include "console/blocks/block_objects.h"
 #include "console/blocks/make_block.h"
+#include "console/messages/catalog/selection.h"
+#include "console/messages/catalog/usage.h"
 #include "console/messages/number_text.h"
 #include "console/prompts/selection.h"
 #include "console/verbs/job.h"
@@ -96,18 +98,18 @@ void Make::check() {
     return;
   const auto base = parsePoint(entered_.base);
   if (!base)
-    refuseUsage(MessageId::kBadPoint, "--base", entered_.base);
+    refuseUsage(msg::kBadPoint, "--base", entered_.base);
   request_.basePointUcs = *base;
   if (!entered_.ucs.empty() && !(ucs_ = parseUcs(entered_.ucs)))
-    refuseUsage(MessageId::kBadUcs, "--ucs", entered_.ucs);
+    refuseUsage(msg::kBadUcs, "--ucs", entered_.ucs);
   if (!entered_.units.empty() && !(request_.units = parseUnits(entered_.units)))
-    refuseUsage(MessageId::kBadUnits, "--units", entered_.units);
+    refuseUsage(msg::kBadUnits, "--units", entered_.units);
   selectors_.check();
   request_.name = OdString::fromUtf8(entered_.name);
   request_.description = OdString::fromUtf8(entered_.description);
   request_.sourceObjects = keep_ ? SourceObjects::kKeep : delete_ ? SourceObjects::kDelete : SourceObjects::kConvert;
   if (!selectors_.areGiven())
-    throw Failure{Status::kUsage, {MessageId::kNoSelector, {}}};
+    throw Failure{Status::kUsage, {msg::kNoSelector, {}}};
 }
 
 void Make::make(Session& session, Json& results) {
@@ -115,7 +117,7 @@ void Make::make(Session& session, Json& results) {
   request_.space = database.getModelSpaceId();
   const OdDbObjectIdArray picked = selectObjects(database, request_.space, selectors_.selectors());
   if (picked.isEmpty())
-    refuse(MessageId::kNothingSelected);
+    refuse(msg::kNothingSelected);
   const BlockObjects objects = objectsForBlock(session, request_.name, picked);
   request_.ids = objects.ids;
   const BorrowedUcs ucs(database, ucs_.value_or(OdGeMatrix3d::kIdentity));

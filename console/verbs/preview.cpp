@@ -1,3 +1,6 @@
+#include "console/messages/catalog/preview.h"
+#include "console/messages/catalog/attributes.h"
+#include "console/messages/catalog/drawings.h"
 #include "console/verbs/job.h"
 #include "console/verbs/preview_options.h"
 #include "console/verbs/verb.h"
@@ -15,31 +18,31 @@ OdString asText(const std::string& utf8) {
 
 struct Reason {
   const char* name;
-  MessageId id;
+  MessageText text;
 };
-constexpr Reason kReasons[] = {{"body", MessageId::kNotDrawnBody},
-                               {"cycle", MessageId::kNotDrawnCycle},
-                               {"depth-clip", MessageId::kNotDrawnDepthClip},
-                               {"document", MessageId::kNotDrawnDocument},
-                               {"fine-pattern", MessageId::kNotDrawnFinePattern},
-                               {"kind", MessageId::kNotDrawnKind},
-                               {"letters", MessageId::kNotDrawnGlyphs},
-                               {"no-block", MessageId::kNotDrawnNoBlock},
-                               {"no-picture", MessageId::kNotDrawnNoPicture},
-                               {"page", MessageId::kNotDrawnPage},
-                               {"perspective", MessageId::kNotDrawnPerspective},
-                               {"picture-file", MessageId::kNotDrawnPictureFile},
-                               {"proxy", MessageId::kNotDrawnProxy},
-                               {"shape-file", MessageId::kNotDrawnShapeFile},
-                               {"smoothing", MessageId::kNotDrawnSmoothing},
-                               {"tolerance-note", MessageId::kNotDrawnToleranceNote},
-                               {"xref-not-loaded", MessageId::kNotDrawnXref},
-                               {"xref-unloaded", MessageId::kNotDrawnXrefUnloaded}};
+constexpr Reason kReasons[] = {{"body", msg::kNotDrawnBody},
+                               {"cycle", msg::kNotDrawnCycle},
+                               {"depth-clip", msg::kNotDrawnDepthClip},
+                               {"document", msg::kNotDrawnDocument},
+                               {"fine-pattern", msg::kNotDrawnFinePattern},
+                               {"kind", msg::kNotDrawnKind},
+                               {"letters", msg::kNotDrawnGlyphs},
+                               {"no-block", msg::kNotDrawnNoBlock},
+                               {"no-picture", msg::kNotDrawnNoPicture},
+                               {"page", msg::kNotDrawnPage},
+                               {"perspective", msg::kNotDrawnPerspective},
+                               {"picture-file", msg::kNotDrawnPictureFile},
+                               {"proxy", msg::kNotDrawnProxy},
+                               {"shape-file", msg::kNotDrawnShapeFile},
+                               {"smoothing", msg::kNotDrawnSmoothing},
+                               {"tolerance-note", msg::kNotDrawnToleranceNote},
+                               {"xref-not-loaded", msg::kNotDrawnXref},
+                               {"xref-unloaded", msg::kNotDrawnXrefUnloaded}};
 
 OdString reasonText(const std::string& name) {
   for (const Reason& reason : kReasons) {
     if (name == reason.name)
-      return render(reason.id);
+      return render(reason.text);
   }
   return asText(name);
 }
@@ -65,12 +68,12 @@ public:
     if (!isChosen())
       return;
     if (!size_.empty() && !readPictureSize(size_, options_))
-      refuseUsage(MessageId::kBadPictureSize, "--size", size_);
+      refuseUsage(msg::kBadPictureSize, "--size", size_);
     if (!background_.empty() && !readBackground(background_, options_))
-      refuseUsage(MessageId::kBadBackground, "--background", background_);
+      refuseUsage(msg::kBadBackground, "--background", background_);
     isSvg_ = svg_ || (!png_ && hasEnding(out_, L".svg"));
     if (!svg_ && !png_ && !isSvg_ && !hasEnding(out_, L".png"))
-      refuseUsage(MessageId::kBadPictureName, "-o", out_);
+      refuseUsage(msg::kBadPictureName, "-o", out_);
   }
   Status run(const SessionOptions& settings) override {
     JobFiles files;
@@ -92,14 +95,13 @@ private:
     else if (!layout_.empty())
       id = drawing::layoutBlock(database, asText(layout_));
     if (id.isNull())
-      refuse(block_.empty() ? MessageId::kNoSuchLayout : MessageId::kNoSuchBlock,
-             {asText(block_.empty() ? layout_ : block_)});
+      refuse(block_.empty() ? msg::kNoSuchLayout : msg::kNoSuchBlock, {asText(block_.empty() ? layout_ : block_)});
     return id;
   }
 
   void work(Session& session, Json& results) {
     if (!force_ && fileExists(out_)) // before the work
-      refuse(MessageId::kFileExists, {asText(out_)});
+      refuse(msg::kFileExists, {asText(out_)});
     const drawing::Picture picture(subject(session.database()), options_);
     report_ = picture.report();
     writeBytes(out_, isSvg_ ? picture.svg() : picture.png(), force_);
@@ -127,15 +129,15 @@ private:
   }
 
   void printSummary(Session& session) const {
-    session.result(MessageId::kPictureMade, {asText(out_), count(static_cast<std::size_t>(options_.width)),
-                                             count(static_cast<std::size_t>(options_.height))});
+    session.result(msg::kPictureMade, {asText(out_), count(static_cast<std::size_t>(options_.width)),
+                                       count(static_cast<std::size_t>(options_.height))});
     if (report_.isEmpty)
-      session.print(MessageId::kPictureEmpty);
+      session.print(msg::kPictureEmpty);
     for (const drawing::NotDrawn& one : report_.notDrawn)
-      session.print(MessageId::kNotDrawn,
+      session.print(msg::kNotDrawn,
                     {count(one.count), asText(one.kind), reasonText(one.reason), asText(one.first.ascii())});
     if (report_.reachedLimit)
-      session.print(MessageId::kPictureLimit);
+      session.print(msg::kPictureLimit);
   }
 
   OptionTable* optionTable_ = nullptr;

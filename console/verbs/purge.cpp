@@ -1,4 +1,5 @@
 #include "console/maintenance/purge.h"
+#include "console/messages/catalog/purge.h"
 #include "console/verbs/job.h"
 #include "console/verbs/verb.h"
 
@@ -42,7 +43,7 @@ public:
     if (isChosen() && dry_)
       files_.out.clear();
     else if (isChosen() && files_.out.empty())
-      throw Failure{Status::kUsage, {MessageId::kNoOutput, {}}};
+      throw Failure{Status::kUsage, {msg::kNoOutput, {}}};
   }
   Status run(const SessionOptions& settings) override {
     return runJob(settings,
@@ -71,17 +72,17 @@ private:
       for (const drawing::PurgePlan::Use& use : kept.uses)
         json["uses"].push_back(jsonOf(use));
       results["kept"].push_back(std::move(json));
-      session.result(MessageId::kNotPurged, {OdString::fromUtf8(kept.object.kind), kept.object.name, reasonOf(kept)});
+      session.result(msg::kNotPurged, {OdString::fromUtf8(kept.object.kind), kept.object.name, reasonOf(kept)});
     }
   }
 
   void printSummary(Session& session) {
     for (const NamedObject& object : purged_)
-      session.result(dry_ ? MessageId::kPurgeable : MessageId::kPurged, {OdString::fromUtf8(object.kind), object.name});
+      session.result(dry_ ? msg::kPurgeable : msg::kPurged, {OdString::fromUtf8(object.kind), object.name});
     if (purged_.empty())
-      session.print(MessageId::kNothingToPurge);
+      session.print(msg::kNothingToPurge);
     else if (!dry_)
-      session.print(MessageId::kPurgeCount, {count(purged_.size())});
+      session.print(msg::kPurgeCount, {count(purged_.size())});
   }
 
   OptionTable* optionTable_ = nullptr;

@@ -1,4 +1,5 @@
 #include "console/maintenance/rename.h"
+#include "console/messages/catalog/rename.h"
 #include "console/verbs/job.h"
 #include "console/verbs/verb.h"
 
@@ -32,7 +33,7 @@ public:
         add(option, value);
     }
     if (settings_.empty())
-      throw Failure{Status::kUsage, {MessageId::kNoRename, {}}};
+      throw Failure{Status::kUsage, {msg::kNoRename, {}}};
   }
   Status run(const SessionOptions& settings) override {
     return runJob(settings,
@@ -52,7 +53,7 @@ private:
   void add(const Option& option, const std::string& value) {
     const auto sign = value.find('=');
     if (sign == std::string::npos || sign == 0)
-      refuseUsage(MessageId::kBadRename, option.name, value);
+      refuseUsage(msg::kBadRename, option.name, value);
     settings_.push_back(
         {option.kind, OdString::fromUtf8(value.substr(0, sign)), OdString::fromUtf8(value.substr(sign + 1))});
   }
@@ -69,7 +70,7 @@ private:
 
   void printSummary(Session& session) {
     for (const Wish& wish : settings_)
-      session.print(MessageId::kRenamed, {OdString::fromUtf8(renameKindName(wish.kind)), wish.from, wish.to});
+      session.print(msg::kRenamed, {OdString::fromUtf8(renameKindName(wish.kind)), wish.from, wish.to});
   }
 
   OptionTable* optionTable_ = nullptr;

@@ -1,4 +1,5 @@
 #include "console/verbs/selector_options.h"
+#include "console/messages/catalog/usage.h"
 
 #include "console/messages/number_text.h"
 #include "console/verbs/verb.h"
@@ -15,7 +16,7 @@ void SelectorOptions::describe(OptionTable& subcommand) {
 void SelectorOptions::check() const {
   for (const std::string& handle : handles_) {
     if (!parseHandle(handle))
-      refuseUsage(MessageId::kBadHandle, "--handle", handle);
+      refuseUsage(msg::kBadHandle, "--handle", handle);
   }
 }
 

@@ -1,4 +1,5 @@
 #include "console/verbs/verb.h"
+#include "console/messages/catalog/usage.h"
 
 #include "drawing/file.h"
 
@@ -22,14 +23,14 @@ std::vector<std::unique_ptr<Subcommand>> allSubcommands() {
   return subcommands;
 }
 
-void refuseUsage(MessageId id, const char* option, const std::string& value) {
-  throw Failure{Status::kUsage, {id, {OdString::fromUtf8(option), OdString::fromUtf8(value)}}};
+void refuseUsage(MessageText format, const char* option, const std::string& value) {
+  throw Failure{Status::kUsage, {format, {OdString::fromUtf8(option), OdString::fromUtf8(value)}}};
 }
 
 OdDb::DwgVersion versionOption(const std::string& value) {
   const OdDb::DwgVersion version = drawing::versionFromYear(value);
   if (!value.empty() && (version == OdDb::kVersionUnknown || drawing::writtenVersion(version) != version))
-    refuseUsage(MessageId::kBadVersion, "--as", value);
+    refuseUsage(msg::kBadVersion, "--as", value);
   return version;
 }
 

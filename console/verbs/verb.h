@@ -32,7 +32,7 @@ std::unique_ptr<Subcommand> graphSubcommand();      // morvane graph
 std::unique_ptr<Subcommand> wblockSubcommand();     // morvane wblock
 std::vector<std::unique_ptr<Subcommand>> allSubcommands();
 
-[[noreturn]] void refuseUsage(MessageId id, const char* option, const std::string& value);
+[[noreturn]] void refuseUsage(MessageText format, const char* option, const std::string& value);
 OdDb::DwgVersion versionOption(const std::string& value); // of --as; empty: unknown
 
 } // namespace console::verbs

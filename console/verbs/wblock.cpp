@@ -1,6 +1,10 @@
+#include "console/messages/catalog/wblock.h"
 #include "console/blocks/write_block_file.h"
 #include "console/blocks/write_block_library.h"
 #include "console/blocks/write_target.h"
+#include "console/messages/catalog/attributes.h"
+#include "console/messages/catalog/selection.h"
+#include "console/messages/catalog/usage.h"
 #include "console/messages/number_text.h"
 #include "console/verbs/job.h"
 #include "console/verbs/selector_options.h"
@@ -66,14 +70,14 @@ void Wblock::check() {
   const int sources = (optionTable_->isGiven("--block") ? 1 : 0) + (selectors_.areGiven() ? 1 : 0) + (all_ ? 1 : 0) +
                       (isLibrary() ? 1 : 0);
   if (sources != 1)
-    throw Failure{Status::kUsage, {MessageId::kOneSource, {}}};
+    throw Failure{Status::kUsage, {msg::kOneSource, {}}};
   if (isLibrary() ? !out_.empty() || !base_.empty() : out_.empty())
-    throw Failure{Status::kUsage, {isLibrary() ? MessageId::kLibraryNoOutput : MessageId::kNoOutputFile, {}}};
+    throw Failure{Status::kUsage, {isLibrary() ? msg::kLibraryNoOutput : msg::kNoOutputFile, {}}};
   selectors_.check();
   if (!base_.empty() && !(request_.basePoint = parsePoint(base_)))
-    refuseUsage(MessageId::kBadPoint, "--base", base_);
+    refuseUsage(msg::kBadPoint, "--base", base_);
   if (!units_.empty() && !(request_.units = parseUnits(units_)))
-    refuseUsage(MessageId::kBadUnits, "--units", units_);
+    refuseUsage(msg::kBadUnits, "--units", units_);
   request_.version = versionOption(version_);
   request_.form = binary_ ? drawing::WriteOptions::kBinary : drawing::WriteOptions::kText;
   request_.mayReplace = force_;
@@ -93,13 +97,13 @@ BlockFileSource Wblock::source(Session& session) const {
     OdDbDatabase& database = session.database();
     OdDbObjectIdArray ids = selectObjects(database, database.getModelSpaceId(), selectors_.selectors());
     if (ids.isEmpty())
-      refuse(MessageId::kNothingSelected);
+      refuse(msg::kNothingSelected);
     return ids;
   }
   const OdString name = OdString::fromUtf8(block_);
   const OdDbObjectId block = definitionToWrite(session, name);
   if (block.isNull())
-    refuse(MessageId::kNoSuchBlock, {name});
+    refuse(msg::kNoSuchBlock, {name});
   return block;
 }
 
@@ -136,9 +140,9 @@ void Wblock::printSummary(Session& session) const {
   if (!isLibrary())
     return reportBlockFile(session, written_);
   for (const Json& one : manifest_.at("leftOut").items())
-    session.print(MessageId::kLibrarySkipped,
+    session.print(msg::kLibrarySkipped,
                   {OdString::fromUtf8(one.at("block").text()), OdString::fromUtf8(one.at("reason").text())});
-  session.result(MessageId::kLibraryWritten, {count(manifest_.at("blocks").size()), OdString::fromUtf8(folder_)});
+  session.result(msg::kLibraryWritten, {count(manifest_.at("blocks").size()), OdString::fromUtf8(folder_)});
 }
 
 } // namespace

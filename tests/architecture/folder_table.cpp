@@ -60,23 +60,29 @@ const std::vector<FolderRule>& drawingFolders() {
 }
 
 const std::vector<FolderRule>& consoleFolders() {
-  static const std::vector<FolderRule> kTable = below(
-      "console",
-      {
-          {"messages", {}},
-          {"session", {"messages"}},
-          {"prompts", {"messages", "session"}},
-          {"drawings", {"messages", "session", "prompts"}},
-          {"attributes", {"messages", "session", "prompts", "drawings"}},
-          {"report", {"messages", "session", "prompts", "drawings", "attributes"}},
-          {"blocks", {"messages", "session", "prompts", "drawings", "attributes", "report"}},
-          {"maintenance", {"messages", "session", "prompts", "drawings", "attributes", "report", "blocks"}},
-          {"commands", {"messages", "session", "prompts", "drawings", "attributes", "report", "blocks", "maintenance"}},
-          {"verbs", {"messages", "session", "prompts", "drawings", "attributes", "report", "blocks", "maintenance"}},
-          {"app",
-           {"messages", "session", "prompts", "drawings", "attributes", "report", "blocks", "maintenance", "commands",
-            "verbs"}},
-      });
+  static const std::vector<FolderRule> kTable =
+      below("console",
+            {
+                {"messages", {}},
+                {"messages/catalog", {"messages"}},
+                {"session", {"messages", "messages/catalog"}},
+                {"prompts", {"messages", "messages/catalog", "session"}},
+                {"drawings", {"messages", "messages/catalog", "session", "prompts"}},
+                {"attributes", {"messages", "messages/catalog", "session", "prompts", "drawings"}},
+                {"report", {"messages", "messages/catalog", "session", "prompts", "drawings", "attributes"}},
+                {"blocks", {"messages", "messages/catalog", "session", "prompts", "drawings", "attributes", "report"}},
+                {"maintenance",
+                 {"messages", "messages/catalog", "session", "prompts", "drawings", "attributes", "report", "blocks"}},
+                {"commands",
+                 {"messages", "messages/catalog", "session", "prompts", "drawings", "attributes", "report", "blocks",
+                  "maintenance"}},
+                {"verbs",
+                 {"messages", "messages/catalog", "session", "prompts", "drawings", "attributes", "report", "blocks",
+                  "maintenance"}},
+                {"app",
+                 {"messages", "messages/catalog", "session", "prompts", "drawings", "attributes", "report", "blocks",
+                  "maintenance", "commands", "verbs"}},
+            });
   return kTable;
 }
 

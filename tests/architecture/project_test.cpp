@@ -40,6 +40,10 @@ TEST(Project, KeepsTheOrderOfFolders) {
   }
 }
 
+TEST(Project, HasAnIdForEachText) {
+  EXPECT_EQ(architecture::describe(architecture::checkMessageIds(project())), "");
+}
+
 TEST(Project, HasNoOverlongSource) {
   EXPECT_EQ(architecture::describe(architecture::checkSizes(project())), "");
 }

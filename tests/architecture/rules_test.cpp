@@ -187,6 +187,15 @@ TEST(TextRules, FindBannedWordsOnlyAsWholeWords) {
             0U);
 }
 
+TEST(TextRules, RefuseAnIdOfTwoTexts) {
+  const std::string file = "console/messages/catalog/undo.h";
+  const std::string one = "inline constexpr MessageText kOne{\"undo.one\", L\"One\"};\n";
+  expectFinding({file, "", ""}, architecture::checkMessageIds({{file, one}}));
+  expectFinding({file, "", "the id undo.one"}, architecture::checkMessageIds({{file, one + one}}));
+  expectFinding({"console/messages/catalog/", "", "has no texts"},
+                architecture::checkMessageIds({{"console/a.h", one}}));
+}
+
 TEST(TextRules, CountLinesOfCodeOnly) {
   const std::string longText(architecture::kMaxLines + 1, '\n');
   EXPECT_EQ(architecture::checkSizes({{"a.cpp", longText}, {"a.md", longText}}).size(), 1U);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <map>
 
 namespace architecture {
 namespace {
@@ -66,6 +67,24 @@ std::vector<Finding> checkSizes(const SourceTree& tree) {
     if (isCode(path) && lines > kMaxLines && std::find(kTables.begin(), kTables.end(), path) == kTables.end())
       findings.push_back({path, 0, "has " + std::to_string(lines) + " lines"});
   }
+  return findings;
+}
+
+std::vector<Finding> checkMessageIds(const SourceTree& tree) {
+  const std::string catalog = "console/messages/catalog/", start = "MessageText k";
+  std::map<std::string, std::string> files; // by id
+  std::vector<Finding> findings;
+  for (const auto& [path, text] : tree) {
+    for (auto at = text.find(start); startsWith(path, catalog) && at != std::string::npos;
+         at = text.find(start, at + 1)) {
+      const auto open = text.find('"', at);
+      const std::string id = text.substr(open + 1, text.find('"', open + 1) - open - 1);
+      if (const auto [known, isNew] = files.try_emplace(id, path); !isNew)
+        findings.push_back({path, 0, "the id " + id + " is that of a text in " + known->second});
+    }
+  }
+  if (files.empty())
+    findings.push_back({catalog, 0, "has no texts"});
   return findings;
 }
 

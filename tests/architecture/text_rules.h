@@ -10,6 +10,9 @@ constexpr int kMaxLines = 800;
 // Code files that are longer than the limit and are no listed table.
 std::vector<Finding> checkSizes(const SourceTree& tree);
 
+// Ids that two texts of the console share: scripts compare them.
+std::vector<Finding> checkMessageIds(const SourceTree& tree);
+
 // References to papers that a reader of the code does not have, notes of unfinished work, paths of one machine.
 std::vector<Finding> checkWords(const SourceTree& tree);
 

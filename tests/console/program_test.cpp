@@ -3,6 +3,8 @@
 #include "tests/support/failing_files.h"
 
 #include "DbBlockTable.h"
+#include "console/messages/catalog/blocks.h"
+#include "console/messages/catalog/selection.h"
 #include "console/messages/messages.h"
 #include "drawing/dump.h"
 #include "drawing/file.h"
@@ -218,15 +220,12 @@ TEST(JsonReport, IsOneObjectWithStableIds) {
     EXPECT_NE(repaired.results.find(part), std::string::npos) << part << repaired.results;
 }
 
-TEST(IssueText, HaveUniqueIdsAndPrintNothingRaw) {
-  std::set<std::string> ids;
-  for (int at = 0; at < static_cast<int>(console::MessageId::kCount); ++at)
-    EXPECT_TRUE(ids.insert(console::idOf(static_cast<console::MessageId>(at))).second) << at;
+TEST(MessageTexts, PrintNothingRawAndChooseByNumber) {
   EXPECT_EQ(console::escaped(L"a\x1b[2J\n\x85\x202e" + OdString(wchar_t{0xDCFF}, 1)),
             L"a\\u001B[2J\\u000A\\u0085\\u202E\\uDCFF");
-  EXPECT_EQ(console::render(console::MessageId::kErased, {L"1"}), L"1 object erased.");
-  EXPECT_EQ(console::render(console::MessageId::kErased, {L"11"}), L"11 objects erased.");
-  EXPECT_EQ(console::render(console::MessageId::kNameOfSpace, {L"{2}"}),
+  EXPECT_EQ(console::render(console::msg::kErased, {L"1"}), L"1 object erased.");
+  EXPECT_EQ(console::render(console::msg::kErased, {L"11"}), L"11 objects erased.");
+  EXPECT_EQ(console::render(console::msg::kNameOfSpace, {L"{2}"}),
             L"\"{2}\" is the name of model space or paper space, not of a block.");
 }
 
