@@ -1,4 +1,4 @@
-// Answers from whoever runs the program.
+// Answers from the user of the program.
 #pragma once
 
 #include "console/session/session.h"

@@ -40,7 +40,7 @@ SessionOptions sessionOptions(const ProgramEnvironment& environment, const Optio
   return options;
 }
 
-// Bytes, or with K, M or G behind the number units of 1024, its square and its cube; 0 for what is none.
+// Bytes, or with K, M or G behind the number units of 1024, its square and its cube; 0 for an invalid number.
 std::uint64_t bytesOf(std::string_view text) {
   constexpr std::string_view kUnits = "KMG";
   const auto unit = text.empty() ? std::string_view::npos : kUnits.find(static_cast<char>(text.back() & ~0x20));

@@ -84,7 +84,7 @@ private:
     return reference.isNull() ? nullptr : &references_.emplace(id, *reference).first->second;
   }
 
-  // Empty is the first; nothing for what is no number.
+  // Empty is the first; nothing for text that is not a number.
   static std::optional<int> ordinalOf(const std::string& digits) {
     int ordinal = 1;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), ordinal);

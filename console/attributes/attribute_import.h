@@ -17,9 +17,9 @@ struct ImportedAttributes {
   std::vector<Misfit> misfits; // rows whose value went nowhere
 };
 
-// Takes the columns "handle", "tag" and "value", and "ordinal" and "block" where there are any, in any order; others
-// are passed over. Rows that do not fit the drawing are answered, all others are set. Throws, and changes nothing, for
-// a file that cannot be read and for one that is no table.
+// Takes the columns "handle", "tag" and "value", and "ordinal" and "block" where present, in any order; others are
+// ignored. Rows that do not match the drawing are returned, all others are set. Throws, and changes nothing, for a file
+// that cannot be read and for one that is not a table.
 ImportedAttributes importAttributes(OdDbDatabase& database, const std::string& path);
 
 } // namespace console

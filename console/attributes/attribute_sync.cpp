@@ -58,7 +58,7 @@ private:
   }
   std::size_t indexOf(const AttributeRow& row) const { return static_cast<std::size_t>(&row - old_.rows().data()); }
 
-  // Attributes stand in the order of their definitions. What stands out of it is made anew, behind the others.
+  // Attributes are in the order of their definitions. Those out of order are created again, after the others.
   void update(const OdDbAttributeDefinition& definition) {
     const AttributeRow* old = takeOld(definition);
     if (old == nullptr)

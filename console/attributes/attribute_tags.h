@@ -1,4 +1,4 @@
-// Attributes, or their definitions, as people name them: by tag, and by ordinal where a tag stands more than once.
+// Attributes, or their definitions, as people name them: by tag, and by ordinal where a tag occurs more than once.
 #pragma once
 
 #include "OdString.h"

@@ -12,13 +12,13 @@ class OdDbDatabase;
 
 namespace console {
 
-// Attributes of one tag are told apart by their ordinal, in their order on the reference.
+// Attributes with the same tag are distinguished by their ordinal, in their order on the reference.
 struct AttributeRow {
   OdDbObjectId reference, attribute;
   OdString block; // of a dynamic block, the name that people know it by
   OdString tag;
   int ordinal = 1;
-  OdString value; // lines of a multi-line one stand behind \P
+  OdString value; // lines of a multiline one are separated by \P
   std::vector<const char*> flags;
 };
 
@@ -48,7 +48,7 @@ std::vector<AttributeRow> attributesOf(const OdDbDatabase& database);
 
 enum class ValueChange { kSet, kSetWithoutField, kSame, kLocked, kConstant, kLines };
 // Gives it the value unless it, or its reference, is on a locked layer, it is constant, or it has one line and the
-// value has several. A field that computed the value goes. Line breaks become \P in a multi-line one.
+// value has several. A field that computed the value goes. Line breaks become \P in a multiline one.
 ValueChange changeValue(OdDbObjectId attribute, OdString value);
 
 } // namespace console

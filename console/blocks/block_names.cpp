@@ -14,7 +14,7 @@ namespace {
 // Those of the strict rules last: they hold under EXTNAMES 0 alone.
 constexpr wchar_t kForbidden[] = L"\\<>/?\":;*|,=`";
 constexpr wchar_t kForbiddenWhenStrict[] = L"()^~@#%&+";
-// The boxes speak of the rules of EXTNAMES 1; what only the strict rules forbid is told in words.
+// The boxes speak of the rules of EXTNAMES 1; what only the strict rules forbid is reported as a message.
 constexpr int kLongestInBox = 255;
 
 bool isSpaceName(const OdString& name) {

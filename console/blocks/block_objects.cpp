@@ -19,7 +19,7 @@
 namespace console {
 namespace {
 
-// How the search came to a definition: through a reference that stands in another one, or among the objects.
+// How the search came to a definition: through a reference inside another one, or among the objects.
 struct Step {
   OdDbObjectId reference;
   OdDbObjectId from; // null for the objects

@@ -12,12 +12,12 @@ namespace console {
 
 struct BlockObjects {
   OdDbObjectIdArray ids;   // attribute definitions last, in the order of picking
-  std::size_t locked = 0;  // left out
-  std::size_t cameras = 0; // left out
+  std::size_t locked = 0;  // skipped
+  std::size_t cameras = 0; // skipped
 };
 
-// Leaves out what lies on locked layers and cameras, and tells how many. Throws when that was all, and for objects that
-// lead back to the block of this name: then the chain is told.
+// Skips objects on locked layers and cameras, and reports their number. Throws if none is left, and for objects that
+// contain the block of this name: then the chain is reported.
 BlockObjects objectsForBlock(Session& session, const OdString& name, const OdDbObjectIdArray& picked);
 
 // One way, of the shortest, from the definition through the objects back to it: "door" contains "leaf" (reference 2F)

@@ -10,7 +10,7 @@ BlockOptions rememberedBlockOptions() {
   registerFun::getRegistedOptions(options.basePointOnScreen, options.explodable, options.objectsOnScreen, sourceObjects,
                                   options.openInEditor, noValue, options.uniform);
   constexpr int kLast = static_cast<int>(SourceObjects::kDelete);
-  if (sourceObjects >= 0 && sourceObjects <= kLast) // a file that somebody wrote may hold anything
+  if (sourceObjects >= 0 && sourceObjects <= kLast) // a file edited by hand may contain anything
     options.sourceObjects = static_cast<SourceObjects>(sourceObjects);
   return options;
 }

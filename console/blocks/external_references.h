@@ -1,5 +1,5 @@
 // External references of the open drawing: what the XREF command does once everything is known. Runs inside a step that
-// changes the drawing: whoever catches the Failure takes the step back.
+// changes the drawing: the code that catches the Failure undoes the step.
 #pragma once
 
 #include "console/session/session.h"
@@ -18,8 +18,8 @@ struct AttachRequest {
   bool overlay = false;
 };
 
-// The file that a typed path means: as it stands, else along the search path. Throws when there is none, and when it
-// is that of the open drawing.
+// The file of an entered path: as given, otherwise along the search path. Throws when there is none, and when it is
+// that of the open drawing.
 std::string externalFile(Session& session, const std::string& entered);
 // The name that a reference to the file gets unless another is wanted.
 OdString defaultXrefName(const std::string& path);
@@ -36,7 +36,7 @@ void attachXref(CommandContext& context, const AttachRequest& request);
 void loadNewXrefs(Session& session);
 // Erases the block, its references, and what the drawing held of it that nothing else uses; the rest is its own.
 void detachXref(Session& session, const OdDbBlockTableRecordPtr& xref);
-// Reads the files anew; what was unloaded is loaded.
+// Reads the files again; unloaded ones are loaded.
 void reloadXrefs(Session& session, const std::vector<OdDbBlockTableRecordPtr>& xrefs);
 void bindXref(Session& session, const OdDbBlockTableRecordPtr& xref);
 

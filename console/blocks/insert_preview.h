@@ -9,8 +9,8 @@
 
 namespace console {
 
-// Tells which definitions the drawing has already and whether their contents are the same, which layers, line types and
-// styles stay as the drawing has them, the factor of units, and the questions. The answer is the same for machines.
+// Reports which definitions the drawing already has and whether their contents are the same, which layers, linetypes
+// and styles of the drawing are kept, the unit factor, and the prompts. Returns the same as JSON.
 Json previewFile(Session& session, const std::string& path, const OdString& name, const AttributeAnswers& answers);
 Json previewBlock(Session& session, const OdString& name, const AttributeAnswers& answers);
 

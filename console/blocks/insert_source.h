@@ -16,7 +16,7 @@ struct BlockSource {
   OdDbDatabasePtr database;
 };
 
-// Reads the file. What was repaired is told and noted; a file that cannot be read throws.
+// Reads the file. Repairs are reported and noted; a file that cannot be read throws.
 BlockSource readBlockSource(Session& session, const std::string& path, const OdString& name);
 
 // What happens when a block of the name is there.
@@ -42,7 +42,7 @@ struct ImportedBlock {
 
 // Makes the block, or refills it, or answers the one that is there; throws when that is refused or cancelled. Nested
 // definitions that the drawing has with other contents give way to the drawing's, with ConflictPolicy::kRename they
-// come in under free names. Everything but the block made under its own name is told.
+// come in under free names. Everything except the block created under its own name is reported.
 ImportedBlock importBlock(Session& session, const BlockSource& source, ConflictPolicy conflictPolicy);
 
 // Definitions in the file, in any depth below model space, which the drawing has under the same name.

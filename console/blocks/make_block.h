@@ -38,7 +38,8 @@ struct BlockMade {
 };
 
 [[noreturn]] void refuseEmptyName();
-// Throws Failure for a name that a block cannot have. Boxes of the block commands tell the rules that they know.
+// Throws Failure for a name that a block cannot have. Message boxes of the block commands explain the rules that they
+// know.
 void checkBlockName(Session& session, const OdString& name);
 // The definition of that name in the open drawing; null when there is none.
 OdDbObjectId definitionOf(Session& session, const OdString& name);
@@ -46,9 +47,9 @@ std::size_t referencesTo(OdDbObjectId block);
 // Refuses the blocks whose contents are not the drawing's definitions: spaces and external references.
 void refuseNonDefinition(const OdDbBlockTableRecord& block);
 
-// Runs inside a step that changes the drawing: whoever catches the Failure takes the step back.
+// Runs inside a step that changes the drawing: the code that catches the Failure undoes the step.
 BlockMade makeBlock(Session& session, const BlockRequest& request);
-// The results, for whoever knows that they will last.
+// The results, for a caller that knows that they will last.
 void reportSourceObjects(Session& session, SourceObjects sourceObjects);
 void reportBlockMade(Session& session, const BlockRequest& request, const BlockMade& made);
 

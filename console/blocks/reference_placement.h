@@ -1,4 +1,4 @@
-// Where and how large a reference stands.
+// Position and scale of a reference.
 #pragma once
 
 #include "console/session/session.h"

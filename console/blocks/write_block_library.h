@@ -15,10 +15,10 @@ struct LibraryRequest {
   bool withPreviews = true;
 };
 
-// Writes NAME.dxf and NAME.png for each definition, anonymous ones included, and manifest.json, which tells the block
-// of each file and what was left out: external references, whose contents are another file's. The answer is the
-// manifest. Throws, and no file is changed, when one of the files is an open drawing, or is there already and may not
-// be replaced.
+// Writes NAME.dxf and NAME.png for each definition, anonymous ones included, and manifest.json, which lists the block
+// of each file and the skipped ones: external references, whose contents belong to another file. Returns the manifest.
+// Throws, and no file is changed, when one of the files is an open drawing, or is there already and may not be
+// replaced.
 Json writeLibrary(Session& session, const LibraryRequest& request);
 
 } // namespace console

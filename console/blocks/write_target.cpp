@@ -29,7 +29,7 @@ bool isSameFile(const std::string& one, const std::string& other) {
                                                     fs::weakly_canonical(fs::absolute(other, ignored), ignored);
 }
 
-// In full, as drawings spell it. The host has told why a name cannot be a target.
+// In full, as drawings spell it. The host has reported why a name cannot be a target.
 _blockFileInfo completed(const OdString& name) {
   _blockFileInfo info;
   info.fileName = name;
@@ -87,7 +87,7 @@ OdDb::DwgVersion rememberedVersion(Session& session) {
   OdDb::SaveType type = OdDb::kSaveDwg;
   OdDb::DwgVersion version = OdDb::kNewestVersion;
   registerFun::GetBlockSaveFormat(type, version);
-  const bool isKnown = drawing::versionSignature(version)[0] != '\0'; // a file that somebody wrote may hold anything
+  const bool isKnown = drawing::versionSignature(version)[0] != '\0'; // a file edited by hand may contain anything
   version = isKnown ? drawing::writtenVersion(version) : OdDb::kNewestVersion;
   if (type == OdDb::kSaveDwg)
     session.print(msg::kTargetMadeDxf, {OdString::fromUtf8(drawing::versionYear(version))});

@@ -8,12 +8,12 @@
 
 namespace console {
 
-// Settles the ending of what was typed: none, or another, gets .dxf behind it, .DXF becomes .dxf; a name that changed
-// is told. Throws for no name and for the name of a DWG file, which cannot be written yet.
+// Completes the extension of the entered name: if missing or another one, .dxf is appended; .DXF becomes .dxf; a
+// changed name is reported. Throws for an empty name and for the name of a DWG file, which cannot be written yet.
 OdString completeName(Session& session, const OdString& entered);
 
-// The version that was used last, as it can be written; the newest where none that is known is remembered. A remembered
-// DWG becomes DXF of the same version, which is told.
+// The version that was used last, as it can be written; the newest where none that is known is remembered. A stored DWG
+// becomes DXF of the same version, which is reported.
 OdDb::DwgVersion rememberedVersion(Session& session);
 
 // The file in full, as this system spells it, once it may be written. A name alone is below the folder of the file that

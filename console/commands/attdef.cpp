@@ -74,7 +74,7 @@ void promptJustification(Session& session, DefinitionSettings& settings) {
   }
 }
 
-// A wrong name is told, and the style stays.
+// A wrong name is reported, and the style is kept.
 void promptStyle(CommandContext& context, DefinitionSettings& settings) {
   const auto entered = promptText(context.session, msg::kPromptStyle, {}, true);
   const OdDbObjectId style = entered ? context.database.symbol(OdDb::kTextStyleTable, *entered) : OdDbObjectId();

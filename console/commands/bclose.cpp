@@ -8,7 +8,7 @@ void bclose(CommandContext& context) {
   mvsi::MvsiApDocument& document = *context.drawing.document;
   if (document.blockEditorName().isEmpty())
     refuse(msg::kEditorNotOpen);
-  document.setBlockEditorName({}); // the session tells it
+  document.setBlockEditorName({}); // the session reports it
 }
 
 } // namespace console::commands

@@ -5,6 +5,6 @@
 
 namespace console::commands {
 
-std::size_t listBlocks(Session& session); // answers how many there are; spaces are no blocks
+std::size_t listBlocks(Session& session); // answers how many there are; layout blocks do not count
 
 } // namespace console::commands

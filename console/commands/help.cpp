@@ -24,7 +24,7 @@ void listAll(Session& session, const CommandTable& commands) {
     session.result(msg::kHelpRow, {padded(namesOf(command)), render(command.help)});
 }
 
-// The questions as they will be asked; a default that is not known before stands as dots.
+// The questions as they will be asked; a default that is not known yet is shown as dots.
 void printCommandHelp(Session& session, const Command& command) {
   constexpr wchar_t kUnknown[] = L"...";
   session.result(msg::kHelpOne, {namesOf(command), render(command.help)});

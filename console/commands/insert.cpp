@@ -59,7 +59,7 @@ OdDbObjectId blockOfFile(Session& session, const OdString& spec, const OdString&
   return in.block;
 }
 
-// NAME=FILE. The name stands in for the file's own, so that the rules of that one do not apply.
+// NAME=FILE. The name replaces that of the file, so that the rules of the file name do not apply.
 OdDbObjectId blockOfPair(Session& session, const OdString& name, const OdString& entered) {
   OdString file = session.host().paths().toDrawing(entered.toUtf8Lossless());
   if (file.findOneOf(L"\\:") < 0)

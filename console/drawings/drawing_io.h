@@ -1,4 +1,4 @@
-// Drawings from files and back, with what is told about it.
+// Reads and writes drawing files, with their messages.
 #pragma once
 
 #include "console/session/session.h"
@@ -10,12 +10,12 @@
 
 namespace console {
 
-// Reads the file in place of the open drawing. A repaired drawing is told and noted; one that cannot be read throws,
-// and the open drawing stays. `listsIssues` false: what was repaired is only counted, not listed. Answers the report of
+// Reads the file in place of the open drawing. A repaired drawing is reported and noted; one that cannot be read
+// throws, and the open drawing stays. `listsIssues` false: repairs are only counted, not listed. Returns the report of
 // the reading.
 drawing::Report openDrawing(Session& session, const std::string& path, bool listsIssues = true);
 
-// Reads the file beside the open drawing. What was repaired is told and noted; a file that cannot be read throws.
+// Reads the file beside the open drawing. Repairs are reported and noted; a file that cannot be read throws.
 OdDbDatabasePtr readDrawingFile(Session& session, const std::string& path);
 
 struct SaveRequest {
@@ -25,8 +25,8 @@ struct SaveRequest {
   bool mayReplace = false; // an existing file
 };
 
-// Writes any drawing; what the version cannot hold is told and noted. Throws and changes no file when that fails, for a
-// name that is no drawing's, and for a file that is there and may not be replaced.
+// Writes any drawing; losses of the version are reported and noted. Throws and changes no file when writing fails, for
+// a name that is not that of a drawing, and for an existing file that may not be replaced.
 void writeFile(Session& session, const OdDbDatabase& database, const SaveRequest& request);
 // The same of the open drawing, which is that file from then on.
 void saveDrawing(Session& session, const SaveRequest& request);

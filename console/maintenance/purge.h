@@ -7,7 +7,7 @@
 
 namespace console {
 
-// A block, layer, style ... as people and machines are told of it.
+// A block, layer, style ... as it is reported in text and JSON.
 struct NamedObject {
   std::string kind; // "block", "layer" ...
   OdString name;

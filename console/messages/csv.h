@@ -17,11 +17,11 @@ struct CsvRow {
 };
 enum class CsvFault { kQuoteInside, kQuoteOpen };
 struct CsvTable {
-  std::vector<CsvRow> rows; // lines without anything are none
+  std::vector<CsvRow> rows; // empty lines are not rows
   std::optional<CsvFault> fault;
   std::size_t faultLine = 0;
 };
-// Rows may end with or without carriage return; a mark of UTF-8 in front is passed over.
+// Rows may end with or without carriage return; a UTF-8 byte order mark is skipped.
 CsvTable parseCsv(std::string_view text);
 
 } // namespace console

@@ -51,7 +51,7 @@ public:
   std::size_t size() const { return items().size(); }
   const std::string& text() const { return std::get<std::string>(value_); }
 
-  // Indented by two, without a line end. Bytes that are no UTF-8 are shown as U+FFFD.
+  // Indented by two, without a line end. Bytes that are not UTF-8 are shown as U+FFFD.
   std::string dump() const;
 
 private:

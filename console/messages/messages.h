@@ -16,7 +16,7 @@ struct MessageText {
   const wchar_t* english;
 };
 
-// Control characters, and what is no character at all, as \u000A: nothing from a drawing reaches a terminal raw.
+// Control characters, and invalid characters, as \u000A: nothing from a drawing reaches a terminal raw.
 OdString escaped(const OdString& text);
 
 // The English text with {1}, {2} ... replaced by the arguments, escaped; {1:one|many} chooses by whether it is "1".

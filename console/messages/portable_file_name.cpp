@@ -18,7 +18,7 @@ bool isUnsafe(wchar_t ch) {
   return isControl || turnsText || isNoCharacter || kKept.find(ch) != std::wstring_view::npos;
 }
 
-// Whatever stands behind the first dot.
+// Everything after the first dot.
 bool isDevice(const OdString& name) {
   constexpr std::wstring_view kDevices[] = {L"CON", L"PRN", L"AUX", L"NUL", L"CONIN$", L"CONOUT$"};
   constexpr std::wstring_view kNumbered[] = {L"COM", L"LPT"};

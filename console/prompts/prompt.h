@@ -18,7 +18,7 @@ std::optional<OdString> promptText(Session& session, MessageText prompt, const A
 // The global name of the keyword, or nothing for an empty answer.
 std::optional<OdString> promptKeyword(Session& session, MessageText keywords, MessageText prompt,
                                       const Arguments& arguments = {});
-bool promptYesNo(Session& session, MessageText prompt, const Arguments& arguments = {}); // an empty answer is no
+bool promptYesNo(Session& session, MessageText prompt, const Arguments& arguments = {}); // an empty answer means no
 // In the current UCS. An empty answer is nothing.
 std::optional<OdGePoint3d> promptPoint(Session& session, MessageText prompt);
 OdGePoint3d promptRequiredPoint(Session& session, MessageText prompt);

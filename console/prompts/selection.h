@@ -34,7 +34,7 @@ OdDbObjectIdArray objectsOf(OdDbObjectId space);
 // Those of the objects that the selector picks, in their order. Throws for a layer, type or handle that is not there;
 // the message says what there is.
 OdDbObjectIdArray pickedBy(OdDbDatabase& database, const OdDbObjectIdArray& objects, const Selector& selector);
-// Those that can be picked: not the viewport that a sheet itself is seen through, which is its first.
+// Those that can be picked: not the viewport of a layout itself, which is its first.
 OdDbObjectIdArray pickableObjects(OdDbObjectId space);
 // What any of the selectors picks of a space.
 OdDbObjectIdArray selectObjects(OdDbDatabase& database, OdDbObjectId space, const std::vector<Selector>& selectors);
@@ -43,10 +43,10 @@ OdDbObjectIdArray selectObjects(OdDbDatabase& database, OdDbObjectId space, cons
 OdDbObjectIdArray promptNewSelection(Session& session);
 // The selection that was made before the command, which is used up by this; else asks. Throws when nothing is selected.
 OdDbObjectIdArray promptSelection(Session& session);
-// Tells of a selection that was made before the command, and remembers it for Previous.
+// Reports a selection that was made before the command, and stores it for Previous.
 void reportPreselection(Session& session, const OdDbObjectIdArray& ids);
 
-// Takes objects on locked layers out and tells how many there were. Throws when none is left.
+// Removes objects on locked layers and reports their number. Throws when none is left.
 std::size_t removeLocked(Session& session, OdDbObjectIdArray& ids);
 
 } // namespace console

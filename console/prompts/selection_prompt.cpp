@@ -89,7 +89,7 @@ private:
     if (const auto value = promptText(session_, prompt))
       pickBy({kind, *value});
   }
-  // A wrong name is told, and the prompt asks again.
+  // A wrong name is reported, and the prompt is repeated.
   void pickBy(const Selector& selector) {
     try {
       pick(pickedBy(session_.database(), objects_, selector));

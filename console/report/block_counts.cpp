@@ -21,8 +21,8 @@ std::vector<std::vector<Edge>> edgesOut(std::size_t blocks, const std::vector<Ed
   return out;
 }
 
-// Blocks in an order in which each comes before those that it contains. Definitions contain no circles; were there
-// one, its blocks would be left out.
+// Blocks in an order in which each comes before those that it contains. Definitions have no cycles; the blocks of a
+// cycle would be skipped.
 std::vector<std::size_t> outerFirst(const std::vector<std::vector<Edge>>& out) {
   std::vector<std::size_t> waiting(out.size());
   for (const auto& edges : out) {

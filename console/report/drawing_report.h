@@ -1,4 +1,4 @@
-// What a drawing holds, told of its blocks above all. Gathers; prints nothing.
+// The contents of a drawing, above all its blocks. Collects data; prints nothing.
 #pragma once
 
 #include "DbDatabase.h"
@@ -32,7 +32,7 @@ struct Counts {
   Counts& operator+=(const Counts& other);
 };
 inline constexpr std::uint64_t kMaxInstances = std::uint64_t{1}
-                                               << 53; // every reader of JSON tells it from its neighbours
+                                               << 53; // every JSON reader can distinguish it from its neighbours
 
 struct Block {
   OdDbObjectId id;

@@ -29,7 +29,7 @@ struct ReferenceNode {
 struct EditCheck {
   enum class Reason { kNone, kXeditOff, kExternal };
   Reason reason = Reason::kNone;
-  OdString path; // of the external drawing that stands against it: where it is found, else as the drawing holds it
+  OdString path;          // of the external drawing that prevents it: where it is found, else as stored in the drawing
   OdDbObjectId reference; // the one that shows that drawing
   bool isAllowed() const { return reason == Reason::kNone; }
 };
@@ -49,8 +49,9 @@ struct TreeSize {
 inline constexpr std::uint64_t kMaxCounted = std::uint64_t{1} << 53;
 TreeSize sizeOfTree(OdDbObjectId reference);
 
-// The tree below the block reference. Throws for an id that is none, and, before any of it is made, when it would have
-// more nodes than that, or so many references in chains that they fill memory although the nodes would not.
+// The tree below the block reference. Throws for an id that is not a block reference, and, before any of it is created,
+// when it would have more nodes than that, or so many references in chains that they fill memory although the nodes
+// would not.
 inline constexpr std::uint64_t kInChainsAnyway = 1'000'000, kInChainsPerNode = 16;
 ReferenceTree treeOf(Session& session, OdDbObjectId reference, std::uint64_t maxNodes);
 

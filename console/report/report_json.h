@@ -1,4 +1,4 @@
-// The report as JSON; docs/report-json.md tells the layout.
+// The report as JSON; docs/report-json.md describes the format.
 #pragma once
 
 #include "console/messages/json.h"

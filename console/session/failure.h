@@ -1,4 +1,4 @@
-// How a command stops: the reason travels to the one place that rolls back and tells the user.
+// How a command stops: the reason reaches the one place that rolls back and reports to the user.
 #pragma once
 
 #include "console/messages/catalog/session.h"

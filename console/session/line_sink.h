@@ -12,7 +12,7 @@ public:
   explicit LineSink(std::function<void(const OdString&)> writer) : writer_(std::move(writer)) {}
   void write(const OdString& text) override;
   void freshLine();                      // ends a line that was begun
-  void atLineStart() { begun_ = false; } // somebody else (the user's Enter key) ended the line
+  void atLineStart() { begun_ = false; } // the line was ended otherwise, by the Enter key of the user
 
 private:
   std::function<void(const OdString&)> writer_;

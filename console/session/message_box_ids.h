@@ -1,4 +1,4 @@
-// The message boxes of the block commands, as machines tell them apart.
+// The message boxes of the block commands, as programs distinguish them.
 #pragma once
 
 #include "OdString.h"
@@ -10,7 +10,7 @@
 namespace console {
 
 struct BoxName {
-  std::string id;                   // "box.locked-layers": stable; "box.other" for a box that nobody knows
+  std::string id;                   // "box.locked-layers": stable; "box.other" for an unknown box
   std::vector<OdString> parameters; // what the body holds of names, paths and numbers, in order, each once
 };
 

@@ -76,7 +76,7 @@ Session::~Session() {
   host_.documents().close(drawing_.document.get());
 }
 
-// Boxes are kept for machines, and a question that nobody may answer is a refusal.
+// Boxes are kept for the JSON output, and a question that cannot be asked is a refusal.
 void Session::watchBoxes() {
   morvane::MessageBoxes& boxes = host_.messageBoxes();
   boxes.setInteractive(isInteractive());

@@ -24,9 +24,9 @@ namespace console {
 // A drawing that is open, with what the console keeps beside it.
 struct OpenDrawing {
   mvsi::MvsiApDocumentPtr document;
-  std::string path;      // of this system; empty for a drawing without a file
-  bool repaired = false; // memory holds more or less than the file, which must not be overwritten without a word
-  std::vector<std::string> done;   // names of the steps that UNDO takes back, oldest first
+  std::string path;                // of this system; empty for a drawing without a file
+  bool repaired = false;           // memory differs from the file, which must not be overwritten without a confirmation
+  std::vector<std::string> done;   // names of the steps that UNDO reverts, oldest first
   std::vector<std::string> undone; // and of those that REDO brings back
   std::vector<OdGeMatrix3d> earlierUcs;
   OdDbObjectIdArray previous; // the latest selection
@@ -71,7 +71,7 @@ public:
   const std::shared_ptr<LineSink>& lineShared() const { return line_; }
 
   void answerFrom(std::shared_ptr<morvane::InputSource> source);
-  // What stands behind the answers that were read of a line, without the blanks around it. Never asks.
+  // The rest of a line after the answers that were read, trimmed. Never prompts.
   OdString takeRestOfLine();
 
   // A line on the command line, and a line of results.
@@ -79,7 +79,7 @@ public:
   void result(MessageText format, std::vector<OdString> arguments = {});
   void printReport(const OdString& text); // to where results go, also when they are kept
   const std::vector<TranscriptEntry>& transcript() const { return transcript_; } // everything, results included
-  // Whether questions may be asked. Where not, whoever would ask shows the question and refuses.
+  // Whether questions may be asked. Where not, the question is shown and refused.
   bool isInteractive() const { return !noPrompt_; }
   void refuseQuestion(const OdString& question);
   // Runs a function that shows a message box, and returns the index of the button that was pressed in it, or kClosed.
@@ -100,7 +100,7 @@ public:
   // The drawing now is that file.
   void savedAs(const std::string& path);
 
-  // Runs it, tells why it failed, and takes back what a failed one did. The answer is noted, too.
+  // Runs it, reports why it failed, and reverts what a failed one did. The result is noted, too.
   Status run(const Command& command, const CommandTable& commands);
   Status attempt(const char* name, Command::Kind kind, const std::function<void()>& work);
 

@@ -63,7 +63,7 @@ const char* resolutionName(ImportedBlock::Resolution resolution) {
   return kNames[static_cast<std::size_t>(resolution)];
 }
 
-// Paths of a list: one in a line; empty lines and those that begin with '#' are passed over. Relative ones start at the
+// Paths of a list: one in a line; empty lines and those that begin with '#' are skipped. Relative ones start at the
 // folder of the list.
 std::vector<std::string> listedFiles(const std::string& path) {
   std::ifstream file(path);
@@ -220,7 +220,7 @@ Insert::Done Insert::insertFile(Session& session, const std::string& path, const
   return place(session, path, importBlock(session, source, conflictPolicy_), placement);
 }
 
-// Each file is a step of its own: one that fails is taken back and told, and the next one comes.
+// Each file is a separate step: one that fails is undone and reported, and the next one follows.
 void Insert::insertList(Session& session) {
   const std::vector<std::string> paths = listedFiles(entered_.list);
   for (std::size_t number = 0; number < paths.size(); ++number) {

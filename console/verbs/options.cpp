@@ -86,7 +86,7 @@ private:
     if constexpr (std::is_same_v<T, std::vector<std::string>>)
       added->allow_extra_args(false);
     if constexpr (std::is_integral_v<T>) {
-      using Wide = decltype(+value); // what the bounds are told in
+      using Wide = decltype(+value); // unit of the limits in messages
       if (option.most != 0)
         added->check(CLI::Range(static_cast<Wide>(option.least), static_cast<Wide>(option.most)));
     }

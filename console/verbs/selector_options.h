@@ -12,7 +12,7 @@ namespace console::verbs {
 class SelectorOptions {
 public:
   void describe(OptionTable& subcommand);
-  void check() const; // throws the usage Failure for what is no handle
+  void check() const; // throws the usage Failure for an invalid handle
   bool areGiven() const;
   std::vector<Selector> selectors() const;
 
