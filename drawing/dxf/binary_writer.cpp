@@ -98,8 +98,8 @@ void BinaryWriter::binary(int number, std::string_view bytes) {
   } while (!bytes.empty());
 }
 
-// What could not be read as its code asks stands as text where the code is one of texts, and as its number when it is
-// only not finite.
+// A value that could not be parsed for its code is written as text if the code is that of a text, and as its number if
+// it is only not finite.
 void BinaryWriter::unparsed(int number, std::string_view text) {
   const GroupKind kind = groupKindOf(number);
   if (kind == GroupKind::kText || kind == GroupKind::kHandle || kind == GroupKind::kReference)

@@ -51,7 +51,7 @@ Encoding encodingOf(const FileInfo& info, GroupSource& source) {
     if (group.form != RawGroup::Form::kText || isAscii(group.text))
       continue;
     evidence.add(group.text);
-    page.decode(group.text, buffer); // counts what is no character
+    page.decode(group.text, buffer); // counts invalid characters
   }
   const int number = codePageNumber(info.codePage);
   if (isUtf8) {

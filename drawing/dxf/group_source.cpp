@@ -80,7 +80,7 @@ bool TextGroupSource::line(std::string_view& text, bool isValue) {
   return true;
 }
 
-// What programs before others would stumble over; told once each.
+// Deviations that other programs may not accept; each is reported once.
 void TextGroupSource::recordLineEnding(int ending, std::size_t length) {
   const auto addIssue = [this](const char* code, const char* found) {
     report_.add({code, Severity::kNote, lineNumber_, -1, 0, "", "", found, "it is read anyway"});
@@ -92,7 +92,7 @@ void TextGroupSource::recordLineEnding(int ending, std::size_t length) {
     addIssue("dxf.long-line", "a line is longer than the format allows");
 }
 
-// A return inside a value may belong to it, unless a group code stands behind it.
+// A return inside a value may belong to it, unless a group code follows it.
 std::size_t TextGroupSource::loneReturn(std::string_view text, bool isValue) const {
   const std::size_t at = text.find('\r');
   if (at == std::string_view::npos || !isValue)

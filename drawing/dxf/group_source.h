@@ -20,10 +20,10 @@ public:
   // Whether more than blanks and zeros is left behind what was taken.
   virtual bool hasRest() const { return false; }
 
-  // The next record; false when there is none. Groups in front of the first start form a record of their own; the mark
-  // of the file's end stands alone, and what comes behind it is not looked at.
+  // The next record; false when there is none. Groups before the first start form a separate record; EOF is a record
+  // alone, and data after it is ignored.
   bool nextRecord(Record& record);
-  // A record ends early at that many groups; `isOverLimit` tells that one did.
+  // A record ends early at that many groups; `isOverLimit` is then true.
   void limitRecords(std::size_t groups) { maxGroups_ = groups; }
   bool isOverLimit() const { return isOverLimit_; }
 
@@ -35,8 +35,7 @@ private:
 };
 
 // A text file: a line with the code, a line with the value. Lines end with LF or CR LF; CR alone ends a line where a
-// code follows, and everywhere in a file without any LF. A line where a code is due and none stands is reported and
-// passed over.
+// code follows, and everywhere in a file without any LF. A line without the expected code is reported and skipped.
 class TextGroupSource final : public GroupSource {
 public:
   TextGroupSource(std::string_view content, Report& report);
@@ -62,8 +61,8 @@ private:
 };
 
 // A binary file behind its sentinel: a code of two bytes (one byte, or three of which the first is 255, before R13),
-// then the value in the form that its code asks for. Places are byte offsets in the file. A code that does not exist
-// says that the reading is out of step: what follows cannot be told apart, so the file ends there.
+// then the value in the form that its code asks for. Places are byte offsets in the file. An invalid code means that
+// the reader is out of step: the rest cannot be parsed, so the file ends there.
 class BinaryGroupSource final : public GroupSource {
 public:
   BinaryGroupSource(std::string_view content, Report& report);
@@ -87,7 +86,7 @@ private:
 
 // Where the groups of a binary file begin.
 constexpr std::size_t kBinarySentinel = 22;
-// What a number of that kind takes in a binary file; 0 for what is no number.
+// What a number of that kind takes in a binary file; 0 for other kinds.
 std::size_t binarySizeOf(GroupKind kind);
 
 } // namespace drawing::dxf

@@ -33,7 +33,7 @@ bool FormWriter::finish() {
 }
 
 void FormWriter::lost(Issue issue) {
-  const bool isOwn = issue.handle != 0; // told of an object, not of a group
+  const bool isOwn = issue.handle != 0; // reported for an object, not for a group
   if (issue.kind.empty())
     issue.kind = kind_;
   if (issue.handle == 0 && issue.kind == kind_) // else of many records at once

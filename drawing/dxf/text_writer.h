@@ -29,8 +29,8 @@ public:
 
   OdDb::DwgVersion version() const override { return target_.version; }
   bool keepsNewer() const override { return target_.keepsNewer; }
-  // The record that is being written is its place. What is lost in the same way by many records of a kind is told
-  // once, with the number of them.
+  // The record that is being written is its place. A loss that is the same in many records of a type is reported once,
+  // with their number.
   void lost(Issue issue) override;
 
   bool finish(); // false when any output failed
@@ -84,8 +84,8 @@ private:
   void line(int code, std::string_view text);
 };
 
-// Codes and values as numbers (see BinaryGroupSource). The form has no place for a value that does not fit its code;
-// such a group is left out and told.
+// Codes and values as numbers (see BinaryGroupSource). The format cannot store a value that does not fit its code; such
+// a group is omitted and reported.
 class BinaryWriter final : public FormWriter {
 public:
   explicit BinaryWriter(Target target);

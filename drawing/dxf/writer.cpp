@@ -153,7 +153,7 @@ void Writer::table(OdDb::SymbolTableKind kind) {
   sink_.utf8(0, "TABLE");
   sink_.utf8(2, tableDxfName(kind));
   sink_.handle(5, table.getDbHandle());
-  GroupList preamble; // what hangs on the table, without the start that a table does not have
+  GroupList preamble; // data attached to the table, without the preamble that a table does not have
   RecordWriter(preamble).preamble(table, false);
   preamble.writeTo(sink_, 1, preamble.size() - 1);
   const GroupList* unmodelled = table.unmodelledGroupsOrNull();
@@ -183,7 +183,7 @@ bool isPaperSpace(const OdDbBlockTableRecord& block) {
   return block.isLayout() && block.getName().iCompare(modelSpaceStr) != 0;
 }
 
-// The AcDbEntity section of an entity, with what follows from the block that it stands in.
+// The AcDbEntity section of an entity, with the values that follow from its block.
 class RecordInfoSink final : public ForwardingSink {
 public:
   RecordInfoSink(GroupSink& to, bool paper, const OdString& layout)

@@ -42,7 +42,7 @@ private:
   bool inPaperSpace_ = false;
 };
 
-// The record of one object: start, handle, what hangs on it, owner, sections, extended data.
+// The record of one object: start, handle, attached data, owner, sections, extended data.
 class RecordWriter {
 public:
   explicit RecordWriter(GroupSink& sink) : sink_(sink) {}

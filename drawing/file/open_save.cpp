@@ -20,7 +20,7 @@ namespace {
 
 // The value of a header variable whose value is text, looked for by its bytes: it must be known before the first text
 // is decoded. Variables stand near the top of a file; a file without them is not searched to its end. In both forms the
-// value comes behind its group code: a line of digits, or one or two bytes that are no characters.
+// value comes behind its group code: a line of digits, or one or two bytes that are not characters.
 std::string headerText(std::string_view content, std::string_view variable) {
   constexpr std::size_t kSearchLimit = 1 << 20;
   const std::size_t at = content.substr(0, kSearchLimit).find(variable);
@@ -120,7 +120,7 @@ dxf::Encoding encodingFor(std::string_view content, const FileInfo& info, const 
   if (dxf::codePageNumber(info.codePage) == 0)
     addHeaderIssue(report, "dxf.code-page-unknown", "the code page \"" + info.codePage + "\" is not known",
                    "texts are read as ANSI_1252 unless they are UTF-8");
-  Report unheard; // the reading tells
+  Report unheard; // the reader reports it
   // Without other characters than ASCII there is nothing to learn from the texts.
   const auto source = sourceOf(dxf::isAscii(content) ? std::string_view() : content, info.binary, unheard);
   const dxf::Encoding encoding = dxf::encodingOf(info, *source);
@@ -152,7 +152,7 @@ ReadResult readGroups(std::string_view content, const std::string& name, const R
   return result;
 }
 
-// The memory that a reading may take when nobody says.
+// The default memory limit of a reading.
 std::uint64_t usualMemory(std::uint64_t fileSize) {
   const auto pages = sysconf(_SC_PHYS_PAGES), pageSize = sysconf(_SC_PAGESIZE);
   const std::uint64_t machine =

@@ -75,7 +75,7 @@ OdRxClass* byMarker(Groups groups, const ClassOfMarker (&classes)[Count]) {
   return nullptr;
 }
 
-// Old files have no markers; flags tell as well. The first whose bits are all set is it.
+// Old files have no markers; flags identify the class as well. The first whose bits are all set is it.
 struct Flagged {
   std::int64_t bits;
   OdRxClass* (*descriptor)();

@@ -1,4 +1,4 @@
-// Which class stands for a record of a file where its DXF name alone does not tell.
+// The class of a record of a file where its DXF name alone is ambiguous.
 #pragma once
 
 #include "RxObject.h"

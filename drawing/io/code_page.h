@@ -14,7 +14,7 @@ namespace drawing::dxf {
 // Code pages by number: as usual for the ANSI and DOS ones, 28590 + n for ISO 8859-n, 10000 for the Macintosh.
 constexpr int kUtf8Page = 65001;
 
-// The number for a name as drawings have it (ANSI_1252, dos437, gb2312, 8859_1 ...), of any case; 0 when it is none.
+// The number for a name as drawings have it (ANSI_1252, dos437, gb2312, 8859_1 ...), of any case; 0 if it is unknown.
 int codePageNumber(std::string_view name);
 std::string codePageName(int number);
 

@@ -38,7 +38,7 @@ public:
   void addEntity(OdDbBlockTableRecord* block);
   void endSequence() { sequence_ = OdDbObjectId(); } // entities of another list follow
   void addObject();
-  // A table, its own groups read from `head`: a record whose name is left out.
+  // A table, its own groups read from `head`: a record without its name.
   OdDbSymbolTable& addTable(OdDb::SymbolTableKind kind, const Record& head);
 
   // Blocks of R12 and earlier, which have no block table, take the order of their section.

@@ -90,7 +90,7 @@ void ensureEnds(FixUpContext& fixUp) {
     if (!isAlive(block))
       continue;
     const bool wasNamedOnly = fixUp.context.missing().count(id) != 0;
-    // Spaces that no file named are made without a word; they have no handle yet.
+    // Spaces that the file does not have are created without a report; they have no handle yet.
     const bool isMade = isSpaceName(block->getName()) && block->getDbHandle().isNull();
     if (block->blockBeginId().isNull() && !wasNamedOnly && !isMade)
       addIssue(fixUp, "dxf.record-without-block", Severity::kRepaired, *block, "the block record has no block",
@@ -113,7 +113,7 @@ void ensureSequenceEnds(FixUpContext& fixUp) {
   }
 }
 
-// What the file mentions and never brings. Each is told once, with whoever mentioned it first.
+// Names that the file uses but does not define. Each is reported once, with its first user.
 class BrokenLinks final : public ReferenceVisitor {
 public:
   explicit BrokenLinks(FixUpContext& fixUp) : fixUp_(fixUp) {}
@@ -150,7 +150,7 @@ void ownIfOrphan(OdDbObjectId id, OdDbObjectId owner) {
   object->setOwnerId(owner);
 }
 
-// Some programs name no owners: whoever lists an object owns it. The first one, by id, where several do.
+// Some programs write no owners: the container that lists an object owns it. The first one, by id, where several do.
 void ownOrphans(OdDbDatabase& database) {
   const OdDbObjectId root = database.getNamedObjectsDictionaryId();
   for (OdDbObjectId id : database.allIds()) {
@@ -180,7 +180,7 @@ void ensureLayers(OdDbDatabase& database) {
   }
 }
 
-// The reference stays in the drawing as the record it was, and leads nowhere.
+// The reference stays in the drawing as raw data, without a target.
 void cutReference(FixUpContext& fixUp, OdDbObjectId id) {
   const auto& reference = *getIf<OdDbBlockReference>(id);
   addIssue(fixUp, "dxf.block-cycle", Severity::kRepaired, reference,

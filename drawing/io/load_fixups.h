@@ -11,8 +11,8 @@ struct FixUpContext {
   const Budget& budget;
 };
 
-// Ends a reading: references to stand-ins go to the records that came, what was named and never came is told, blocks
-// get their ends, cycles of definitions are cut, objects without handle get one.
+// Completes a reading: references to placeholders are resolved to the records read, undefined names are reported,
+// blocks get their ends, cycles of definitions are broken, objects without handle get one.
 void fixUpAfterLoad(FixUpContext& fixUp);
 
 } // namespace drawing

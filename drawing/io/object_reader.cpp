@@ -98,7 +98,7 @@ ReadObject ObjectReader::read(const Record& record, bool isEntity) {
   return info;
 }
 
-// Everything but handle, owner and what hangs on the object is kept to the letter.
+// Everything except handle, owner and attached data is preserved byte for byte.
 ReadObject ObjectReader::readUnparsed(const Record& record, bool isEntity) {
   ReadObject info;
   info.object = makeOpaque(record[0].text, isEntity, true);

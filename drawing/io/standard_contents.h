@@ -8,9 +8,9 @@
 
 namespace drawing {
 
-// Makes whatever every drawing holds and this one lacks: tables and their standard records, the spaces with their
-// layouts, the named-objects dictionary. Answers what it made, for people; links between sheets and blocks that it had
-// to mend go to `tell`.
+// Creates the missing mandatory contents of a drawing: tables and their standard records, the spaces with their
+// layouts, the named-objects dictionary. Returns a description of what was created; repaired links between layouts and
+// blocks are passed to `tell`.
 std::vector<std::string> ensureBasics(OdDbDatabase& database, const LayoutFaultHandler& onFault = {});
 
 } // namespace drawing

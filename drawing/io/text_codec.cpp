@@ -75,7 +75,7 @@ void appendEscapes(std::string& out, std::uint32_t ch) {
   appendEscape(out, 0xDC00 + (ch & 0x3FF));
 }
 
-// Would somebody who reads these bytes find more than stray bytes?
+// Would a decoder of these bytes find more than stray bytes?
 bool misleads(std::string_view bytes) {
   for (std::size_t at = 0; at < bytes.size(); ++at) {
     if (utf8At(bytes.substr(at)).bytes != 0 || escapedByte(bytes.substr(at)) >= 0)
@@ -304,7 +304,7 @@ std::string_view TextCodec::encodeInPage(std::string_view text, std::string& buf
   const bool strays = encodeTo(whole, buffer, false);
   if (!strays || isUtf8_)
     return buffer;
-  // Stray bytes go out as they are unless the page, or what stands behind them, makes something else of them.
+  // Stray bytes go out as they are unless the page, or the bytes after them, give them another meaning.
   decodeTo(buffer, check_, false);
   if (check_ != whole)
     encodeTo(whole, buffer, true);

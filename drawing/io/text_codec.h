@@ -52,8 +52,8 @@ public:
 
   // Bytes met by decode that fit neither the page nor UTF-8.
   std::uint64_t undecodable() const { return undecodable_; }
-  // Where the first of them stood, in the argument of its decode; null when there is none. To tell its place from, not
-  // to read.
+  // Where the first of them stood, in the argument of its decode; null when there is none. For its position only, not
+  // for its contents.
   const char* firstUndecodable() const { return firstUndecodable_; }
 
 private:

@@ -1,4 +1,4 @@
-// What stands between a drawing of one version and a file of another.
+// Filters between a drawing of one version and a file of another.
 #pragma once
 
 #include "DbDatabase.h"
@@ -17,17 +17,17 @@ public:
   OmittedObjects(const OdDbDatabase& database, OdDb::DwgVersion version);
   bool has(OdDbObjectId id) const { return ids_.count(id) != 0; }
   bool empty() const { return ids_.empty(); }
-  // Tells each of them once.
+  // Reports each of them once.
   void reportTo(GroupSink& sink) const;
 
 private:
   void addOwned(const OdDbDatabase& database);
   std::unordered_set<OdDbObjectId> ids_;
-  std::vector<OdDbObjectId> first_; // those that are left out for their own sake
+  std::vector<OdDbObjectId> first_; // those that are omitted themselves
 };
 
-// Leaves out groups that the version does not have, and tells each kind of them. Graphics that other programs put into
-// the common section stand under another code since 2010.
+// Omits groups that the version does not have, and reports each kind of them. Graphics that other programs put into the
+// common section have another code since 2010.
 class VersionFilter final : public ForwardingSink {
 public:
   VersionFilter(GroupSink& to, const OmittedObjects& omitted) : ForwardingSink(to), omitted_(omitted) {}

@@ -9,7 +9,7 @@ namespace drawing::dxf {
 
 // Transparencies that say no more than their absence.
 constexpr double kOpaque = 0x020000FF;  // one of its own that hides nothing
-constexpr double kByBlock = 0x01000000; // the reference's, which is told where it has one
+constexpr double kByBlock = 0x01000000; // the reference's, which is reported where it has one
 
 // Groups of kinds that are older than the group itself.
 struct GroupRule {
@@ -27,7 +27,7 @@ struct GroupRule {
 // The rule by which a version does not have the group; null when it has it.
 const GroupRule* missingGroup(std::string_view kind, std::string_view marker, int code, OdDb::DwgVersion version);
 
-// Whether drawings of the version have that header variable (without $). Variables that nobody lists are taken for
+// Whether drawings of the version have that header variable (without $). Variables that are not listed are taken for
 // those of every version, except that R12 has only those that it is known for.
 bool hasHeaderVariable(std::string_view name, OdDb::DwgVersion version);
 

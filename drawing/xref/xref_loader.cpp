@@ -66,7 +66,7 @@ private:
   struct Known {
     OdDbDatabasePtr database; // null: refused
     bool isOpen = false;
-    const char* code = ""; // why it was refused, or what was mended
+    const char* code = ""; // why it was refused, or what was repaired
     std::string message;
   };
   struct Frame {

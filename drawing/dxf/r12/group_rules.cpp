@@ -50,7 +50,7 @@ const Kind kKinds[] = {
     {"VPORT", false, {{2, 2}, {10, 17}, {20, 27}, {36, 37}, {40, 44}, {50, 51}, {70, 78}}},
 };
 
-// Of every entity: handle, line type, layer, thickness, colour, paper space, normal.
+// Of every entity: handle, linetype, layer, thickness, colour, paper space, normal.
 constexpr Range kCommon[] = {{5, 6}, {8, 8}, {39, 39}, {62, 62}, {67, 67}, {210, 210}, {220, 220}, {230, 230}};
 
 const Kind* find(std::string_view kind) {
@@ -102,7 +102,7 @@ constexpr Loss kLosses[] = {
     {"*", 100, 105, ""},
     {"*", 160, 160, ""},
     {"*", 310, 319, ""}, // pictures
-    {"*", 320, 369, ""}, // records by handle, told where what they mean is lost
+    {"*", 320, 369, ""}, // records by handle, reported where their meaning is lost
     {"*", 380, 399, ""},
     {"*", 410, 410, ""},
     {"*", 420, 439, "the true color"},
@@ -114,7 +114,7 @@ constexpr Loss kLosses[] = {
     {"VPORT", 0, 999, ""}, // settings of the screen
     {"VIEW", 0, 999, "view settings", 0},
     {"UCS", 0, 999, ""},
-    {"VIEWPORT", 0, 999, ""}, // what R12 has of it stands in extended data
+    {"VIEWPORT", 0, 999, ""}, // R12 stores it in extended data
     {"DIMSTYLE", 0, 999, "settings of later versions", 0},
     {"STYLE", 0, 999, ""},
     {"LTYPE", 74, 74, "shapes and texts in the linetype", 0},

@@ -11,7 +11,7 @@ namespace drawing::dxf {
 bool isR12Kind(std::string_view kind);
 // Whether a record of the kind may hold the code; extended data aside.
 bool hasR12Code(std::string_view kind, int code);
-// The table whose record's name stands under the code; kNoTable when it is no name.
+// The table whose record name is stored under the code; kNoTable if it is not a name.
 OdDb::SymbolTableKind r12NameTable(std::string_view kind, int code);
 
 // What a group means that R12 has no place for; "" when it says nothing that is lost: marks of the form, values that

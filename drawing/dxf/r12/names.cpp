@@ -24,7 +24,7 @@ std::string folded(std::string_view name) {
   return OdString::fromUtf8(name).makeUpper().toUtf8Lossless();
 }
 
-// A star stands in front of names that nobody typed, a bar between an external drawing's name and its own.
+// A star begins anonymous names, a bar separates an external drawing's name from the record's own.
 std::string allowed(std::string_view name) {
   std::string result;
   for (std::size_t i = 0; i < name.size() && result.size() < kLongest; ++i) {
@@ -36,7 +36,7 @@ std::string allowed(std::string_view name) {
   return result;
 }
 
-// Further sheets are blocks like any other in R12, which has one sheet.
+// Further layouts are ordinary blocks in R12, which has one layout.
 std::string plainBlockName(const std::string& name) {
   const OdString text = OdString::fromUtf8(name);
   const bool isPaperSpace = text.left(paperSpaceStr.getLength()).iCompare(paperSpaceStr) == 0;

@@ -15,7 +15,7 @@ namespace drawing::dxf {
 class R12Names {
 public:
   explicit R12Names(const OdDbDatabase& database);
-  // The name of R12 for that of a record; the name itself for what is no record.
+  // The name of R12 for that of a record; the name itself if it is not a record.
   std::string_view of(OdDb::SymbolTableKind table, std::string_view name) const;
   void reportChanges(GroupSink& sink) const; // every change
 

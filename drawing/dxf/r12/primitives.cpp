@@ -12,7 +12,7 @@ namespace drawing::dxf {
 
 namespace {
 
-constexpr double kUsualReach = 1000;  // of drawings that do not tell their size
+constexpr double kUsualReach = 1000;  // of drawings without extents
 constexpr double kLineStep = 5.0 / 3; // between base lines, in heights
 
 // How wide a character is about, in heights: there are no fonts at hand.

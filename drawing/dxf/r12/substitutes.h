@@ -9,7 +9,7 @@ namespace drawing::dxf {
 
 struct Substitute {
   bool isWritten = false;              // whether anything was written
-  Severity severity = Severity::kLost; // of what is told
+  Severity severity = Severity::kLost; // of the report
   std::string done;                    // what was written instead
 };
 

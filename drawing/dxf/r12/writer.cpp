@@ -129,7 +129,7 @@ void R12Writer::tables() {
 void R12Writer::table(OdDb::SymbolTableKind kind) {
   std::vector<const OdDbObject*> records;
   for (OdDbObjectId id : getIf<OdDbSymbolTable>(database_.getSymbolTableId(kind))->members().ids()) {
-    // By layer and by block are words in R12, not line types.
+    // By layer and by block are keywords in R12, not linetypes.
     const bool isWord = kind == OdDb::kLinetypeTable &&
                         (symbolName(id).iCompare(L"ByLayer") == 0 || symbolName(id).iCompare(L"ByBlock") == 0);
     if (isAlive(id) && !isWord)
@@ -258,13 +258,13 @@ void R12Writer::record(const OdDbObject& object, const GroupList& groups, bool w
   if (withHandle)
     sink_.handle(5, object.getDbHandle());
   const std::optional<OdString> lines = linesAsOne(object);
-  // What came from a file of that version and nobody knows goes back as it came.
+  // Unknown data from a file of that version is written back unchanged.
   const bool keepsAll = object.isKindOf(OdDbOpaqueEntity::desc()) && database_.fileInfo().version < OdDb::kRelease13;
   std::string_view lastReported;
   for (std::size_t i = 0; i < groups.size() && groups[i].code != 101; ++i) {
     const Group& one = groups[i];
     const bool isArrow = kind == "DIMSTYLE" && arrowNameCode(one.code) != 0;
-    // The colour of a fill behind texts stands under the code of the flags, behind the kind of the fill.
+    // The color of a text background is stored under the code of the flags, after the kind of fill.
     const bool isFill = kind == "DIMSTYLE" && one.code == 70 && i > 0 && groups[i - 1].code == 69;
     if (lines && one.code == 1) {
       sink_.text(1, *lines);
@@ -326,7 +326,7 @@ void R12Writer::begin(const char* kind, const OdDbEntity& source) {
     sink_.integer(67, 1);
 }
 
-// What stands in no table and no block: R12 has no place for it.
+// Objects outside tables and blocks, which R12 cannot store.
 void R12Writer::reportDictionaries() {
   if (database_.fileInfo().version < OdDb::kRelease13)
     return; // nothing of that was in the file

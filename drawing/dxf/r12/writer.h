@@ -1,5 +1,5 @@
 // Writes a drawing as R12: tables without handles and markers, no objects, and in place of every kind of entity that
-// came later what R12 can draw of it (see early_stand_ins.h). What is changed or left out is told to the sink.
+// came later what R12 can draw of it (see early_stand_ins.h). Everything changed or omitted is reported to the sink.
 #pragma once
 
 #include "DbBlockTable.h"
@@ -11,12 +11,13 @@ namespace drawing::dxf {
 
 class R12Writer {
 public:
-  // Stand-ins get handles from the database's next on; `firstFree` says where they end, once run() was called.
+  // Substitutes get handles from the next one of the database on; `firstFree` is the one after the last, once run() was
+  // called.
   R12Writer(const OdDbDatabase& database, GroupSink& sink, OdDbHandle firstFree);
   void run();
   OdDbHandle firstFree() const { return nextHandle_; }
 
-  // For the stand-ins: the sink, names, handles, and the entity whose place they take.
+  // For the substitutes: the sink, names, handles, and the entity that they replace.
   GroupSink& sink() { return sink_; }
   const OdDbDatabase& database() const { return database_; }
   // Starts an entity with the common properties of the one that it stands for. The first one has its handle.
@@ -48,7 +49,7 @@ private:
   R12Names names_;
   OdDbHandle seed_;
   std::uint64_t nextHandle_;
-  const OdDbEntity* begun_ = nullptr; // whose handle a stand-in has
+  const OdDbEntity* begun_ = nullptr; // whose handle a substitute has
   bool inPaperSpace_ = false;
 };
 
