@@ -1,4 +1,4 @@
-// What stands in the nested runs of a leader with branches.
+// Groups in the nested runs of a multileader.
 #pragma once
 
 #include "DbMLeader.h"

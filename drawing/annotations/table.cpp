@@ -55,7 +55,7 @@ OdResult OdDbTable::applyTransform(const OdGeMatrix3d& matrix) {
     return eCannotTransform;
   if (const OdResult result = OdDbBlockReference::applyTransform(matrix); result != eOk)
     return result;
-  // Cells may hold values under the same code: the direction stands before the first of them.
+  // Cells may hold values under the same code: the direction is before the first of them.
   const std::size_t head = std::min(groups_.find(171), groups_.find(301));
   drawing::transformRawGroups(groups_, 0, std::min(head, groups_.size()), kHeaderRoles, matrix, 1);
   return eOk;

@@ -70,7 +70,7 @@ void readSize(const wchar_t*& at, Directive& directive) {
   }
 }
 
-// Reads what stands after the %. Answers the place behind it, or null when it is no known directive.
+// Reads the text after the %. Returns the position after it, or null for an unknown directive.
 const wchar_t* readDirective(const wchar_t* at, Directive& directive) {
   while (isFlag(directive, *at))
     ++at;

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::uint32_t kLastCharacter = 0x10FFFF;
 constexpr std::uint32_t kUnknown = 0xFFFD;
-constexpr std::uint32_t kStrayByte = 0xDC00; // a byte b that is no UTF-8 is held as kStrayByte + b
+constexpr std::uint32_t kStrayByte = 0xDC00; // a byte b that is not UTF-8 is stored as kStrayByte + b
 
 // How many bytes a character takes by its first, and the least character that needs so many.
 Utf8Character shapeOf(std::uint8_t lead) {

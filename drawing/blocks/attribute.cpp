@@ -7,8 +7,8 @@ MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbAttributeBase, OdDbText);
 MVDRAWING_DEFINE_OBJECT(OdDbAttributeDefinition, OdDbAttributeBase, "ATTDEF");
 MVDRAWING_DEFINE_OBJECT(OdDbAttribute, OdDbAttributeBase, "ATTRIB");
 
-// Group 280 stands twice in these sections: first the version, behind the others the locked position. Groups come in
-// the order of the fields, which tells the two apart.
+// Group 280 occurs twice in these subclasses: first the version, after the others the locked position. Groups are in
+// the order of the fields, which distinguishes the two.
 const drawing::Description& OdDbAttributeDefinition::ownDescription() {
   using Self = OdDbAttributeDefinition;
   static const drawing::Description description(

@@ -1,4 +1,4 @@
-// The multi-line text of attributes: where files keep it, and how it moves.
+// The multiline text of attributes: where files store it, and how it is transformed.
 #include "DbAttribute.h"
 #include "DbDatabase.h"
 #include "DbDictionary.h"
@@ -242,7 +242,7 @@ OdResult OdDbAttributeBase::transformAll(const OdGeMatrix3d& matrix, bool neares
   return eOk;
 }
 
-// What kind of text it is stands in front, then the tag, and a title that the text follows.
+// First the kind of text, then the tag, and a title followed by the text.
 std::optional<drawing::AttributeTextBefore2018> OdDbAttributeBase::textBefore2018() const {
   const std::size_t embedded = rest_.find(kEmbedded);
   if (embedded >= rest_.size())
@@ -260,7 +260,7 @@ std::optional<drawing::AttributeTextBefore2018> OdDbAttributeBase::textBefore201
   form.record.text(2, tag_);
   form.record.utf8(1, kTitle);
   form.record.append(rest_, embedded + 1, rest_.size() - embedded - 1);
-  // Behind the flags stands where the text is aligned, a second time.
+  // The alignment of the text is repeated after the flags.
   const std::size_t flags = std::min(rest_.find(71), embedded);
   form.rest.append(rest_, 0, flags);
   return form;

@@ -1,4 +1,4 @@
-// The multi-line text of attributes in files of versions that hold it outside the attribute.
+// The multiline text of attributes in files of versions that store it outside the attribute.
 #pragma once
 
 #include "DbAttribute.h"
@@ -7,13 +7,13 @@
 
 namespace drawing {
 
-// The version from which on the text stands in the attribute, behind its own groups.
+// The first version with the text in the attribute, after its own groups.
 inline constexpr OdDb::DwgVersion kTextInAttribute = OdDb::kRelease2018;
-// Before it stands in a record of this name in the attribute's extension dictionary, which hard-owns its entries.
+// Before, it is in a record with this name in the attribute's extension dictionary, which hard-owns its entries.
 inline constexpr const wchar_t* kAttributeTextRecord = L"ACAD_MLATT";
 
 struct AttributeTextBefore2018 {
-  GroupList rest;   // of the attribute's section: what stands behind its fields
+  GroupList rest;   // of the attribute's section: groups after its fields
   GroupList record; // of the record: all behind its marker and merge style (280 1)
 };
 

@@ -11,8 +11,8 @@ bool reaches(std::vector<OdDbObjectId> from, OdDbObjectId target); // one of the
 // Living references to the block, or also to those that contain it, in order of addition.
 OdDbObjectIdArray referencesTo(const OdDbBlockTableRecord& block, bool directOnly);
 OdResult extentsOf(const OdDbBlockTableRecord& block, OdGeExtents3d& extents);
-// Definitions in an order in which each comes behind those that it contains; a definition in a cycle stands where the
-// walk met it. `cut` receives the references that close cycles.
+// Definitions in an order in which each is after those that it contains; a definition in a cycle is where the traversal
+// reached it. `cut` receives the references that close cycles.
 std::vector<OdDbObjectId> bottomUp(OdDbDatabase& database, std::vector<OdDbObjectId>& cut);
 // How many definitions stand in each other at most: 1 without any reference in a definition. Spaces do not count.
 std::uint32_t nestingDepth(OdDbDatabase& database);

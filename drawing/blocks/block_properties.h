@@ -5,7 +5,7 @@
 
 namespace drawing {
 
-// Under this name the extension dictionary of a dynamic block tells how its contents move.
+// Name of the dynamic block graph in the extension dictionary of a dynamic block.
 extern const OdString kDynamicBlockKey;
 OdDbObjectId dynamicBlockDataOf(OdDbObjectId block); // that entry; null when there is none
 

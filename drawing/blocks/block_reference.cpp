@@ -27,7 +27,7 @@ const drawing::SubclassLayout& OdDbBlockReference::referenceSubclass(const char*
         {field<&Self::block_>(2).name(OdDb::kBlockTable), field<&Self::position_>(10),
          field<&Self::scaleX_>(41).unless(1), field<&Self::scaleY_>(42).unless(1), field<&Self::scaleZ_>(43).unless(1),
          field<&Self::rotation_>(50).angle().unless(0), field<&Self::normal_>(210).unless(0, 0, 1)},
-        // Whether attributes follow is told by the attributes themselves.
+        // The attributes themselves show whether attributes follow.
         [](OdDbObject&, const drawing::RawGroup& group, drawing::LoadContext&) { return group.code == 66; },
         [](const OdDbObject& object, drawing::GroupSink& sink) {
           if (!static_cast<const Self&>(object).attributeIds().isEmpty())
@@ -122,7 +122,7 @@ OdGeMatrix3d OdDbBlockReference::blockTransform() const {
 
 namespace {
 
-// Axes that stand square to each other, as far as their lengths let one tell.
+// Axes that are orthogonal, within the accuracy that their lengths allow.
 bool arePerpendicular(const OdGeVector3d& a, const OdGeVector3d& b) {
   return std::fabs(a.dotProduct(b)) <= 1e-9 * a.length() * b.length();
 }
@@ -160,7 +160,7 @@ OdResult OdDbBlockReference::applyTransform(const OdGeMatrix3d& matrix) {
     return transformSubEntities(matrix);
   }
   const OdDbBlockReference before(*this);
-  // An axis of length 0 (flat drawings of some programs have such a z axis) has a direction all the same.
+  // An axis of length 0 (flat drawings of some programs have such a z axis) has a direction nevertheless.
   double* const scales[3] = {&scaleX_, &scaleY_, &scaleZ_};
   bool flat[3];
   for (int i = 0; i < 3; ++i) {

@@ -81,7 +81,7 @@ void OdDbSortentsTable::sort(std::vector<OdDbObjectId>& ids) const {
   std::transform(keyed.begin(), keyed.end(), ids.begin(), [](const auto& pair) { return pair.second; });
 }
 
-// The same set of sort handles, dealt out anew in the given order.
+// The same set of sort handles, reassigned in the given order.
 void OdDbSortentsTable::setOrder(const std::vector<OdDbObjectId>& ids) {
   assertWriteEnabled();
   std::vector<std::uint64_t> handles;

@@ -19,7 +19,7 @@ constexpr int kText = 1000;
 constexpr int kHandle = 1005;
 constexpr int kDefinition = 340;
 
-// Where a value of the application stands in the object's extended data; the end when there is none.
+// Position of a value of the application in the object's extended data; the end when there is none.
 std::size_t findData(const drawing::GroupList& groups, const OdString& application, int code) {
   constexpr int kApplication = 1001;
   for (std::size_t i = groups.find(kApplication); i < groups.size(); i = groups.find(kApplication, i + 1)) {

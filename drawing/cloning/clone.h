@@ -11,22 +11,22 @@
 
 namespace drawing {
 
-// A clone operation in three steps: plan what comes along (nothing has changed yet), make the copies in the order of
-// the plan, then translate their references. A plan that cannot be carried out leaves the target as it was.
+// A clone operation in three steps: plan the set of objects to clone (nothing has changed yet), make the copies in the
+// order of the plan, then translate their references. A plan that cannot be carried out leaves the target as it was.
 class Cloner {
 public:
   Cloner(OdDbDatabase& source, OdDbDatabase& target, OdDbObjectId owner, OdDbIdMapping& mapping,
          OdDb::DuplicateRecordCloning duplicates);
 
   void setReport(Report* report) { report_ = report; }
-  // The source is an external reference of that name: what comes along is named after it, NAME$0$WALLS, but for what
-  // every drawing has. Records of the target stand for those of the source that `replacements` lists.
+  // The source is an external reference of that name: the objects cloned with it are named after it, NAME$0$WALLS, but
+  // for what every drawing has. Records of the target stand for those of the source that `replacements` lists.
   void bindTo(const OdString& name, std::unordered_map<OdDbObjectId, OdDbObjectId> replacements) {
     boundTo_ = name;
     replacements_ = std::move(replacements);
   }
-  // The contents of this block of the source become the owner's: if it is dynamic, its behaviour comes along, and
-  // what its parts say of the block they say of the owner.
+  // The contents of this block of the source become the owner's: if it is dynamic, its dynamic block data is cloned
+  // with it and refers to the owner instead of the block.
   void includeDynamicBlockData(OdDbObjectId ofBlock) { contentsOf_ = ofBlock; }
   OdResult run(const std::vector<OdDbObjectId>& primaries);
 
@@ -43,7 +43,7 @@ private:
     OdDbObjectId container; // Make: the target's table or dictionary that takes it; null: where its owner is mapped to
     OdString name;          // in its table or dictionary
     bool primary = false;
-    OdDbObjectId neededBy = {}; // of the source; its copy owns this one when nobody owns the original
+    OdDbObjectId neededBy = {}; // of the source; its copy owns this one when the original has no owner
   };
 
   bool crosses() const { return &source_ != &target_; }

@@ -1,4 +1,4 @@
-// What comes along when objects are cloned.
+// Computes the set of objects to clone.
 #include "drawing/cloning/clone.h"
 
 #include "DbBlockReference.h"
@@ -115,7 +115,7 @@ void Cloner::planDefinitionOfShape(const OdDbObject& object) {
     planNeeded(definition);
 }
 
-// A SHAPE names its shape and not the file that it stands in, so it needs them all.
+// A SHAPE stores the name of its shape and not its file, so it needs all files.
 void Cloner::planShapeFiles(const OdDbObject& object) {
   if (!object.isKindOf(OdDbShape::desc()))
     return;
@@ -126,8 +126,8 @@ void Cloner::planShapeFiles(const OdDbObject& object) {
   }
 }
 
-// Arrows, text styles and line types that differ from those of a dimension style stand in extended data, and so do the
-// line types of older styles.
+// Arrowheads, text styles and linetypes that override a dimension style are in extended data, and so are the linetypes
+// of older styles.
 void Cloner::planOverrides(const OdDbObject& object) {
   const GroupList* groups = object.xDataGroups();
   bool isOverride = false;
@@ -156,7 +156,7 @@ void Cloner::planNeeded(OdDbObjectId id) {
 }
 
 // A block of the target may stand for one of the source unless it leads back to the block that is being filled. One
-// that is replaced leads nowhere but where its new contents do.
+// that is replaced contains only what its new contents do.
 bool Cloner::canReplace(OdDbObjectId present) const {
   const auto* owner = getIf<OdDbBlockTableRecord>(owner_);
   if (owner == nullptr || !owner->wasReferenced()) // no walk through the drawing for every record
@@ -176,7 +176,7 @@ bool Cloner::isNameTaken(const OdDbSymbolTable& table, const OdString& name) con
 
 OdString Cloner::freeName(const OdDbSymbolTable& table, const OdDbSymbolTableRecord& record) const {
   OdString name = record.getName();
-  // One of the source's own may come along later and must find its name free.
+  // One of the source may be cloned later and must find its name free.
   const auto isSources = [&](const OdString& wanted) { return !source_.symbol(table.kind(), wanted).isNull(); };
   for (unsigned n = 2; isSources(name) || isNameTaken(table, name); ++n)
     name.format(L"%s-%u", record.getName().c_str(), n);
@@ -194,7 +194,7 @@ OdString Cloner::boundName(const OdDbSymbolTable& table, const OdDbSymbolTableRe
 
 namespace {
 
-// The record of the table that answers to one of another drawing. Files of shapes have no names; the file tells.
+// The record of the table that matches one of another drawing. Shape files have no names; they are matched by file.
 OdDbObjectId recordLike(const OdDbSymbolTable& table, const OdDbSymbolTableRecord& record) {
   const auto* style = dynamic_cast<const OdDbTextStyleTableRecord*>(&record);
   if (style == nullptr || !style->getName().isEmpty())
@@ -224,7 +224,7 @@ void Cloner::planRecord(OdDbSymbolTableRecord& record) {
   if (isSpace(record)) {
     item.name = L"*U"; // a reference draws it: a block of its own, and the target's space stays
   } else if (block != nullptr && block->isAnonymous()) {
-    item.name = record.getName().left(2); // numbered anew when it joins the table
+    item.name = record.getName().left(2); // renumbered when it is added to the table
   } else if (!boundTo_.isEmpty() && isNamedAfterReference(record)) {
     item.name = boundName(*table, record);
   } else if (const OdDbObjectId present = recordLike(*table, record); !present.isNull()) {
@@ -299,7 +299,7 @@ void Cloner::planEntry(OdDbObject& object) {
   plan(std::move(item));
 }
 
-// It hangs on the block, not on the contents, and names them; so it comes with them or not at all.
+// It is attached to the block, not to the contents, and refers to them; so it is cloned with them or not at all.
 void Cloner::planDynamicBlockData() {
   const OdDbObjectId dynamicData = dynamicBlockDataOf(contentsOf_);
   if (dynamicData.isNull() || dynamicData.database() != &source_) {

@@ -20,7 +20,7 @@ private:
   std::int16_t weightFor(const OdDbEntity& entity) const;
 
   OdDbObjectId layerZero_;
-  OdDbObjectId byBlock_; // line types
+  OdDbObjectId byBlock_; // linetypes
   OdDbObjectId byLayer_;
   OdDbObjectId layerId_;
   OdCmColor color_;

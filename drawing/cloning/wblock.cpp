@@ -48,7 +48,7 @@ constexpr std::string_view kDisplayVariables[] = {"ANGBASE",
                                                   "UNITMODE",
                                                   "XCLIPFRAME"};
 
-// The current style and the arrows of new dimensions are records, which may not come along.
+// The current style and the arrowheads of new dimensions are records, which may not be cloned.
 bool isDisplayVariable(std::string_view name, const GroupList& groups) {
   const bool isNumber = !groups.empty() && groups[0].kind != GroupKind::kText && groups[0].kind != GroupKind::kHandle &&
                         groups[0].kind != GroupKind::kReference;
@@ -69,7 +69,7 @@ void copyHeader(const OdDbDatabase& source, OdDbDatabase& target) {
     target.setCannoscale(scale->getName()); // stays 1:1 when nothing brought that scale along
 }
 
-// Whether the frames of pictures and wipeouts show is kept in dictionaries; where there are none, nothing comes along.
+// Whether the frames of pictures and wipeouts show is kept in dictionaries; without them nothing is cloned.
 void copyFrames(OdDbDatabase& source, OdDbDatabase& target, const OdDbIdMapping& made) {
   const auto* from = getIf<OdDbDictionary>(source.getNamedObjectsDictionaryId());
   for (const auto& [kind, name] :

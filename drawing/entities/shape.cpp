@@ -30,7 +30,7 @@ OdResult OdDbShape::applyTransform(const OdGeMatrix3d& matrix) {
   drawing::TextFrame frame{rotation_, size_, widthFactor_, oblique_, normal_};
   if (!map.takesThickness(thickness_) || !frame.transform(matrix))
     return eCannotTransform;
-  // A mirror turns the normal over, and what stands on the plane stands below it then.
+  // A reflection inverts the normal, and what is above the plane is below it then.
   const bool over = map.isMirrored();
   thickness_ *= over ? -map.thicknessScale() : map.thicknessScale();
   position_ = matrix * position_;

@@ -45,7 +45,7 @@ OdGeMatrix3d OdDbUnderlayReference::transform() const {
          OdGeMatrix3d::rotation(rotation_, OdGeVector3d::kZAxis) * OdGeMatrix3d::scaling(scaleFactors());
 }
 
-// A page stands in its plane as a letter of height 1 does.
+// A page is placed in its plane like a letter of height 1.
 OdResult OdDbUnderlayReference::applyTransform(const OdGeMatrix3d& matrix) {
   drawing::TextFrame frame{rotation_, 1, 1, 0, normal_};
   if (!frame.transform(matrix) || std::fabs(frame.oblique) > 1e-10)

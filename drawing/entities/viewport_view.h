@@ -1,4 +1,4 @@
-// What a viewport looks at. Since R13 it stands in the viewport's own section, before in its extended data: under the
+// What a viewport looks at. Since R13 it is in the viewport's own section, before in its extended data: under the
 // application ACAD, as "MVIEW", a list whose order is the meaning, with angles in radians.
 #pragma once
 

@@ -294,7 +294,7 @@ void addText(GroupList& groups, const OdString& text) {
 
 } // namespace
 
-// What stands before the value (options, filing, the values that the code was computed with) stays.
+// The groups before the value (options, filing, the values used by the code) are kept.
 void OdDbField::setValue(const OdString& text, const double* number) {
   assertWriteEnabled();
   GroupList changed;

@@ -20,7 +20,7 @@ std::string folderOf(const std::string& path) {
   return slash == std::string::npos ? "." : path.substr(0, slash + 1);
 }
 
-// A name beside the path that nobody else uses: short, for the path's own name may be as long as names can be.
+// An unused name next to the path: short, for the path's own name may be as long as names can be.
 std::string temporaryName(const std::string& path) {
   static std::atomic<std::uint64_t> counter = std::random_device()();
   const std::uint64_t number = (std::uint64_t{std::random_device()()} << 32) ^ ++counter;

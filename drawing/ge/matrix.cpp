@@ -285,7 +285,7 @@ bool OdGeMatrix3d::isSingular(const OdGeTol& tol) const {
     OdGeMatrix3d unused;
     return !inverse(unused);
   }
-  // Not "at most": a matrix of entries that are no numbers is singular too.
+  // Not "at most": a matrix with NaN entries is singular too.
   const OdGeVector3d x = column(0).normal();
   return !(std::fabs(x.dotProduct(column(1).normal().crossProduct(column(2).normal()))) > tol.equalVector());
 }

@@ -26,7 +26,7 @@ public:
   // Shapes in the plane stay similar: circles stay circles and angles angles.
   bool keepsShapes() const { return similar_; }
   double scale() const { return scale_; } // of lengths in the plane, when it keeps shapes
-  // What stands upright on the plane still does, so that thicknesses stay what they are.
+  // Directions along the normal stay so, so that thicknesses do not change.
   bool keepsNormal() const { return keepsNormal_; }
   double rotation() const; // where the frame's x axis goes, in the new frame: radians
   double thicknessScale() const { return thicknessScale_; }

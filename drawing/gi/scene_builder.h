@@ -13,8 +13,8 @@ class OdDbBlockTableRecord;
 
 namespace drawing::gi {
 
-// How the contents of a block are seen. A space or a sheet is seen as it is; of a definition the tags of its attributes
-// show.
+// How the contents of a block are seen. Model space or a layout is drawn unchanged; a definition is drawn with the tags
+// of its attributes.
 DrawContext drawContextOf(const OdDbBlockTableRecord& block, TraitResolver& resolver);
 
 class SceneBuilder {

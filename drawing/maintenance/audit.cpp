@@ -90,7 +90,7 @@ private:
                  object.dxfName(), std::move(found), fix_ ? repaired : ""});
   }
 
-  // Who lists whom; a member that two containers list is told at once.
+  // Who lists whom; a member listed by two containers is reported immediately.
   void listMembers() {
     for (OdDbObjectId id : database_.allIds()) {
       OdDbObject* container = lookup(id);
@@ -298,7 +298,7 @@ private:
     }
     for (OdDbObjectId id : table->members().ids()) {
       auto* record = getIf<OdDbSymbolTableRecord>(id);
-      // The tiles of a viewport configuration share their name, and files of shapes have none.
+      // The tiles of a viewport configuration share their name, and shape files have none.
       const bool mayRepeat = kind == OdDb::kViewportTable || (record != nullptr && record->getName().isEmpty());
       if (isAlive(record) && !mayRepeat)
         checkName(*table, *record);
@@ -366,7 +366,7 @@ private:
   bool fix_;
   Report report_;
   std::unordered_map<OdDbObjectId, OdDbObjectId> lister_;
-  int deadEntries_ = 0; // of the dictionary at hand, told already
+  int deadEntries_ = 0; // of the current dictionary, already reported
 };
 
 } // namespace

@@ -30,7 +30,7 @@ public:
       open_.pop_back();
       nameOwned(*lookup(id), names_[id]);
     }
-    for (OdDbObjectId id : database.allIds()) { // what nobody owns
+    for (OdDbObjectId id : database.allIds()) { // objects without an owner
       if (const OdDbObject* object = lookup(id); isAlive(object) && names_.find(id) == names_.end())
         assign(id, "?" + object->dxfName() + "#" + std::to_string(++strays_));
     }
@@ -104,7 +104,7 @@ DumpSink::Naming naming(const Names* names) {
   return [names](OdDbObjectId id) -> std::string {
     if (names != nullptr)
       return names->of(id);
-    // An object that is gone and one that never was are the same to whoever looks.
+    // An erased object and one that never existed are the same to a reader.
     return id.isNull() || id.isErased() ? (id.isNull() ? "0" : "gone") : std::string(id.getHandle().ascii());
   };
 }

@@ -56,7 +56,7 @@ PurgePlan::Status protectedStatus(OdDbObjectId id) {
 
 } // namespace
 
-// What an object refers to, its reactors excepted: they only want to be told of changes.
+// What an object refers to, its reactors excepted: they are only notified of changes.
 class PurgeCollector final : public ReferenceVisitor {
 public:
   void begin(const OdDbObject& object) {
@@ -168,7 +168,7 @@ private:
     if (object.ownerId() == groups() && isCandidate(object.objectId()))
       collectGroup(object, ids);
     collectNames(object, ids);
-    // A shape names its shape and not the file that it stands in.
+    // A shape stores the name of its shape and not its file.
     if (!shapeFiles_.empty() && object.dxfName() == "SHAPE")
       ids.insert(ids.end(), shapeFiles_.begin(), shapeFiles_.end());
     for (OdDbObjectId id : ids) {

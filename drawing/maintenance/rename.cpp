@@ -47,7 +47,7 @@ public:
       : database_(database), record_(record), kind_(record.tableKind()), from_(record.getName()), to_(to) {}
 
   void run() {
-    // Whoever holds the name is found by it, so the record bears it until all of them were told.
+    // Objects that store the name are found by it, so the record keeps it until all of them are updated.
     changeVariables();
     for (OdDbObjectId id : database_.allIds()) {
       OdDbObject* object = lookup(id);

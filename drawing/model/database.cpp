@@ -33,7 +33,7 @@ OdDbObjectId OdDbDatabase::addObject(OdDbObject* object, OdDbObjectId owner, OdD
     const drawing::WriteScope scope(*object);
     undo_->objectAdded(*object);
   }
-  object->writable_ = object->referenceCount() > 0; // whoever made it goes on filling it
+  object->writable_ = object->referenceCount() > 0; // its creator continues to fill it
   return id;
 }
 

@@ -174,7 +174,7 @@ void OdDbDictionary::ownedObjects(std::vector<OdDbObjectId>& ids) const {
 }
 
 void OdDbDictionary::afterClone(const OdDbObject&, OdDbIdMapping&) {
-  // Entries whose objects did not come along are no entries of the copy.
+  // Entries whose objects were not cloned are not in the copy.
   entries_.erase(std::remove_if(entries_.begin(), entries_.end(), [](const Entry& entry) { return entry.id.isNull(); }),
                  entries_.end());
   index_.drop();

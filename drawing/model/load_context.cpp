@@ -67,7 +67,7 @@ void LoadContext::addIssue(Issue issue, const RawGroup* group) {
 
 void LoadContext::fail(const RawGroup& group, const char* reason) {
   if (failed_)
-    return; // one issue a record tells enough
+    return; // one issue per record is enough
   failed_ = true;
   std::string found = std::string(reason);
   if (group.form != RawGroup::Form::kBytes)
@@ -254,7 +254,7 @@ void LoadContext::append(GroupList& list, const RawGroup& group) {
       list.integer(group.code, whole);
   }
   if (list.size() == size) {
-    // Carried data may hold what it likes: nobody computes with it, so it does not spoil the record.
+    // Carried data may hold what it likes: it is not used in computations, so it does not damage the record.
     list.unparsed(group.code, asText(group));
     failed_ = before;
   }

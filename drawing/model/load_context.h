@@ -44,7 +44,7 @@ public:
   void setLineOf(OdDbObjectId id, std::uint64_t line);
   std::uint64_t lineOf(OdDbObjectId id) const { return id.number() < lines_.size() ? lines_[id.number()] : 0; }
 
-  // A place for the issue that a hook wants to tell.
+  // A location for the issue that a hook reports.
   void addIssue(Issue issue, const RawGroup* group = nullptr);
   void fail(const RawGroup& group, const char* reason);
 
@@ -56,7 +56,7 @@ public:
 
   // Records that were asked for by name before (or without) being defined.
   std::unordered_map<OdDbObjectId, std::uint64_t>& missing() { return missing_; }
-  // Stand-ins whose record came later: from, to.
+  // Placeholders whose record was read later: from, to.
   std::vector<std::pair<OdDbObjectId, OdDbObjectId>>& redirects() { return redirects_; }
 
 private:

@@ -198,7 +198,7 @@ void OdDbObject::ownedObjects(std::vector<OdDbObjectId>& ids) const {
     return;
   if (!extras_->extensionDictionary.isNull())
     ids.push_back(extras_->extensionDictionary);
-  // A helper that only this object names, such as the one that tells an image of its file.
+  // A helper that only this object names, such as the reactor of an image.
   drawing::listOwned(extras_->unmodelledGroups, id_, ids);
 }
 

@@ -101,7 +101,7 @@ Store::~Store() {
     OdDbObject* object = stub(number).object;
     if (object == nullptr)
       continue;
-    object->id_.setNull(); // whoever still points at it now owns a free object
+    object->id_.setNull(); // the remaining pointers now own a free object
     if (object->referenceCount() == 0)
       delete object;
   }

@@ -53,13 +53,13 @@ public:
   OdDbObjectId find(OdDbHandle handle) const;
   // The id that has or will have that handle: files refer to objects before they bring them.
   OdDbObjectId expect(OdDbHandle handle);
-  // Gives an object that waits for a handle this one, when it is free. Answers the id that was expected to have it,
-  // which nothing stands behind any more; null when there is none.
+  // Gives an object that waits for a handle this one, when it is free. Returns the id that was expected to have it,
+  // which now has no object; null when there is none.
   OdDbObjectId assignHandle(OdDbObjectId id, OdDbHandle handle);
   // Puts another object behind an id (an object that is read late, or cannot stand as it was).
   void replace(OdDbObjectId id, OdDbObject* object);
-  // The same while somebody may still be at work on the present object: that one becomes free, and lives as long as
-  // whoever points at it, or as the drawing when nobody does. Undo goes on with the new one.
+  // The same while the present object may still be in use: it becomes free, and lives as long as the pointers to it, or
+  // as the drawing without any. Undo goes on with the new one.
   void supersede(OdDbObjectId id, OdDbObject* object);
 
   // While a file is read, objects without a handle of their own wait for one: the file may still use any number.
@@ -112,8 +112,8 @@ T* getIf(OdDbObjectId id) {
   return object != nullptr && object->isKindOf(T::desc()) ? static_cast<T*>(object) : nullptr;
 }
 
-// Lets a resident object be changed although nobody opened it for write: parts that follow their owner, and the
-// SDK's own repairs. Locked layers do not hinder it. Undo knows what changed.
+// Allows changing a resident object that is not open for write: parts that follow their owner, and the SDK's own
+// repairs. Locked layers do not hinder it. Undo knows what changed.
 class WriteScope {
 public:
   explicit WriteScope(OdDbObject& object) : object_(object), before_(object.writable_) { object.writable_ = true; }

@@ -48,7 +48,7 @@ bool isExternal(const OdDbSymbolTableRecord& record) {
 
 bool isNamedAfterReference(const OdDbSymbolTableRecord& record) {
   const bool isDefpoints = record.tableKind() == OdDb::kLayerTable && record.getName().iCompare(L"Defpoints") == 0;
-  const bool hasName = !record.getName().isEmpty(); // files of shapes have none
+  const bool hasName = !record.getName().isEmpty(); // shape files have none
   return hasName && record.tableKind() != OdDb::kRegAppTable && !isNeeded(record) && !isDefpoints;
 }
 

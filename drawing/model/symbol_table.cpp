@@ -95,7 +95,7 @@ OdDbObjectId OdDbSymbolTable::addClone(OdDbSymbolTableRecord* record) {
 
 bool OdDbSymbolTable::registerRecord(OdDbSymbolTableRecord* record) {
   ensureIndex();
-  // The tiles of a viewport configuration share its name, and files of shapes have none.
+  // The tiles of a viewport configuration share its name, and shape files have none.
   const bool mayRepeat = kind() == OdDb::kViewportTable || record->getName().isEmpty();
   if (!index_.byName.emplace(record->getName(), record->objectId()).second && !mayRepeat)
     return false;

@@ -114,7 +114,7 @@ void Undo::reapply(Entry& entry) {
 }
 
 bool Undo::undo() {
-  while (canUndo() && current().entries.empty()) { // a step that changed nothing is no step
+  while (canUndo() && current().entries.empty()) { // a step without changes is discarded
     --position_;
     groups_.resize(position_);
   }

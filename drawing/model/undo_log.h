@@ -37,16 +37,16 @@ private:
     OdDbObjectId id;
     std::unique_ptr<OdDbObject> state; // State: the other state
     std::size_t length = 0;            // Grown: length before
-    std::vector<OdDbObjectId> tail;    // Grown, taken back: what stood behind
-    bool erased = false;               // Added, taken back: whether the object was erased
+    std::vector<OdDbObjectId> tail;    // Grown, undone: what came after it
+    bool erased = false;               // Added, undone: whether the object was erased
   };
   struct Group {
     std::uint32_t mark = 0;
     std::vector<Entry> entries;
   };
 
-  // Whether a change is recorded. One that comes while steps could be done again begins a step of its own: those
-  // steps lead on from a state that is gone.
+  // Whether a change is recorded. A change while steps can be redone begins a separate step: those steps continue from
+  // a state that no longer exists.
   bool records();
   Group& current() { return groups_[position_ - 1]; }
   void revert(Entry& entry);
@@ -55,7 +55,7 @@ private:
   void rebuildCaches(OdDbObjectId id);
 
   std::vector<Group> groups_;
-  std::size_t position_ = 0; // groups before it are done, the others were taken back
+  std::size_t position_ = 0; // groups before it are done, the others are undone
   std::uint32_t lastMark_ = 0;
   std::uint64_t changes_ = 0;
   bool disabled_ = false;

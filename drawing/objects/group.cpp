@@ -76,7 +76,7 @@ void OdDbGroup::visitReferences(drawing::ReferenceVisitor& visitor) {
     visitor.visit(id, OdDb::kHardPointerRef);
 }
 
-// Members that did not come along are none of the copy's.
+// Members that were not cloned are not in the copy.
 void OdDbGroup::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
   OdDbObject::afterClone(source, mapping);
   members_.erase(std::remove(members_.begin(), members_.end(), OdDbObjectId()), members_.end());

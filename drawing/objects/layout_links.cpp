@@ -59,7 +59,7 @@ private:
       blockOf_[&layout] = block;
   }
 
-  // A sheet whose block is gone takes a space that no other sheet has, else an empty one.
+  // A layout whose block no longer exists gets a block without a layout, else an empty one.
   void bindElsewhere(OdDbLayout& layout) {
     const auto free = std::find_if(blocks_.begin(), blocks_.end(), [this](const OdDbBlockTableRecord* block) {
       return isSpaceName(block->getName()) && layoutOf_.count(block) == 0;
@@ -125,7 +125,7 @@ private:
   std::unordered_map<const OdDbLayout*, OdDbBlockTableRecord*> blockOf_;
 };
 
-// Sheet: A4, one to one, in millimetres.
+// Page: A4, one to one, in millimetres.
 void plotDefaults(OdDbLayout& layout, bool isModel) {
   GroupList& groups = layout.extrasForLoad().unmodelledGroups;
   groups.utf8(100, "AcDbPlotSettings");

@@ -1,4 +1,4 @@
-// Sheets and the blocks that hold their contents name each other; this finds and mends where they do not.
+// Layouts and their blocks refer to each other; this finds and repairs broken links.
 #pragma once
 
 #include "DbDatabase.h"
@@ -10,7 +10,7 @@ namespace drawing {
 struct LayoutFault {
   enum Kind {
     kLayoutWithoutBlock, // the layout names no block, or one that another layout has
-    kSpaceWithoutLayout, // model space or a sheet that no layout names
+    kSpaceWithoutLayout, // model space or a paper space block that no layout refers to
     kBlockOfNoLayout     // an ordinary block that names a layout which names another block, or nothing
   } kind;
   OdDbObject& object;
@@ -19,7 +19,7 @@ struct LayoutFault {
 };
 using LayoutFaultHandler = std::function<void(const LayoutFault&)>;
 
-// Calls `tell` for each fault in the order of ids; mends it before when that is asked for.
+// Calls `tell` for each fault in the order of ids; repairs it before if requested.
 void checkLayouts(OdDbDatabase& database, bool repair, const LayoutFaultHandler& onFault);
 
 // Makes a layout for the block under the next free name like `name`.

@@ -135,7 +135,7 @@ std::size_t afterMargins(const drawing::GroupList& groups, int code) {
   return groups.find(code, std::min(groups.find(41), groups.size()));
 }
 
-// Where what is told of a kind of rows begins: each begins with its text style.
+// Start of the data of a kind of rows: each begins with its text style.
 std::size_t rowStart(const drawing::GroupList& groups, unsigned row) {
   std::size_t i = groups.find(7);
   for (; row > 0 && i < groups.size(); --row)

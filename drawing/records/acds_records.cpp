@@ -47,7 +47,7 @@ std::string_view nameIn(const GroupList& groups, const Run& run) {
   return i < run.end ? groups.textOf(groups[i]) : std::string_view();
 }
 
-// Records tell their layout by a number, and layouts bear names.
+// Records state their schema by a number, and schemas have names.
 std::string_view layoutNameOf(const GroupList& groups, std::int64_t number) {
   for (const Run& run : runsOf(groups)) {
     if (groups.textOf(groups[run.first]) == kSchema && numberIn(groups, run) == number)

@@ -1,4 +1,4 @@
-// Data of objects that stands in a section of the drawing instead of the object: the bodies of solids since 2013.
+// Data of objects that is in a section of the drawing instead of the object: the bodies of solids since 2013.
 #pragma once
 
 #include "DbDatabase.h"

@@ -10,8 +10,8 @@
 
 namespace drawing {
 
-// Takes a coordinate of a point of a list whose x stands under `code`: an x begins a new point. Coordinates before
-// any x are not taken.
+// Takes a coordinate of a point of a list whose x has the code `code`: an x begins a new point. Coordinates before any
+// x are not taken.
 inline bool takePoint(std::vector<OdGePoint3d>& points, int code, const RawGroup& group, LoadContext& context) {
   const int component = (group.code - code) / 10;
   if (component < 0 || component > 2 || code + 10 * component != group.code || (component > 0 && points.empty()))

@@ -22,8 +22,8 @@ private:
   OdDbObject& object_;
   const SubclassLayout& section_;
   LoadContext& context_;
-  // A field takes its code once. Files use some codes again in the same section for something else; those groups are
-  // nobody's and are carried.
+  // A field takes its code once. Files use some codes again in the same section for something else; those groups belong
+  // to no field and are preserved.
   bool markTaken(std::size_t field, int component);
 
   std::size_t next_ = 0;               // groups come in the order of the fields most of the time
@@ -31,8 +31,8 @@ private:
   bool embedded_ = false; // behind code 101 the groups belong to an embedded object: no field of ours is among them
 };
 
-// Writes the fields of a section in order, then what its own writer adds. Fields of later versions than the sink's
-// are left out.
+// Writes the fields of a section in order, then what its own writer adds. Fields of later versions than the sink's are
+// omitted.
 void writeSubclass(const OdDbObject& object, const SubclassLayout& subclass, GroupSink& sink);
 // Writes everything behind the owner: markers, fields, carried groups. Extended data is not included.
 MVDRAWING_API void writeSubclasses(const OdDbObject& object, GroupSink& sink);

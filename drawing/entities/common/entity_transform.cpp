@@ -56,7 +56,7 @@ GroupRun commonRun(const drawing::GroupList& groups) {
   return {groups.size(), 0};
 }
 
-// A picture of the entity for programs that do not know its kind: its length, and bytes that tell world coordinates.
+// A picture of the entity for programs that do not know its kind: its length, and bytes with world coordinates.
 GroupRun proxyGraphics(const drawing::GroupList* groups) {
   constexpr int kBytes = 310, kLength = 92, kLongLength = 160;
   const GroupRun run = groups == nullptr ? GroupRun{} : commonRun(*groups);

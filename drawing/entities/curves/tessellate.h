@@ -21,7 +21,7 @@ struct Nurbs {
   int degree = 3;
   std::vector<double> knots;
   std::vector<OdGePoint3d> points;
-  std::vector<double> weights; // empty: all the same
+  std::vector<double> weights; // empty: equal for all
   bool isWhole() const {
     return degree >= 1 && points.size() > static_cast<std::size_t>(degree) &&
            knots.size() == points.size() + static_cast<std::size_t>(degree) + 1 &&

@@ -18,7 +18,7 @@ MVDRAWING_DEFINE_OBJECT(OdDbPolygonMesh, OdDbVertexOwner, "POLYLINE");
 MVDRAWING_DEFINE_OBJECT(OdDbPolyFaceMesh, OdDbVertexOwner, "POLYLINE");
 MVDRAWING_DEFINE_OBJECT(OdDb2dPolyline, OdDbVertexOwner, "POLYLINE");
 
-// That vertices follow is told by a mark, which needs no place in memory.
+// A flag states that vertices follow; it is not stored in memory.
 bool OdDbVertexOwner::readFollowFlag(OdDbObject&, const drawing::RawGroup& group, drawing::LoadContext&) {
   return group.code == 66;
 }

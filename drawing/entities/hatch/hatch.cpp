@@ -39,7 +39,7 @@ void OdDbHatch::visitReferences(drawing::ReferenceVisitor& visitor) {
   drawing::visitGroups(groups_, visitor);
 }
 
-// Boundary objects that did not come along bound the copy no more, and it follows none of them.
+// Boundary objects that were not cloned do not bound the copy, and it follows none of them.
 void OdDbHatch::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
   constexpr int kCount = 97, kBoundary = 330, kAssociative = 71;
   OdDbEntity::afterClone(source, mapping);
@@ -136,7 +136,7 @@ OdResult OdDbHatch::getGeomExtents(OdGeExtents3d& extents) const {
   return all.isValidExtents() ? eOk : eNotApplicable;
 }
 
-// Behind the pattern stands a vector: where the filling lies against the boundary.
+// After the pattern comes a vector: the offset of the fill from the boundary.
 OdResult OdDbMPolygon::applyTransform(const OdGeMatrix3d& matrix) {
   const drawing::PlaneMap map(matrix, normal());
   if (!map.keepsShapes())

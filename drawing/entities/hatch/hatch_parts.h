@@ -27,7 +27,7 @@ struct HatchPart {
   std::size_t first = 0, end = 0; // groups first .. end - 1
 };
 
-// Loops tell by a bit whether they are polylines, unless all are.
+// A bit of a loop states whether it is a polyline, unless all are.
 std::vector<HatchPart> hatchParts(const GroupList& groups, bool onlyPolylines = false);
 
 // Moves a part in the plane; the head is not touched.

@@ -36,8 +36,8 @@ const drawing::Description& OdDbMText::ownDescription() {
 
 namespace {
 
-// Files mean degrees; some programs wrote radians. Quarter turns in radians are recognised: no text stands at just so
-// few degrees.
+// Files mean degrees; some programs wrote radians. Quarter turns in radians are recognised: text with exactly so few
+// degrees is not plausible.
 OdGePoint2d unitVectorOf(double angle) {
   constexpr OdGePoint2d kQuarters[] = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}};
   const double quarters = std::round(angle / (kPi / 2));

@@ -15,7 +15,7 @@ struct MTextFrame {
   double alongScale = 1, acrossScale = 1;
 
   // False, and nothing changed, when the matrix would change the shape of letters. `nearest` takes such a matrix too:
-  // the line stands where it belongs, the letters stay upright on it.
+  // the line is placed correctly, the glyphs stay upright on it.
   bool transform(const OdGeMatrix3d& matrix, bool nearest = false);
 };
 

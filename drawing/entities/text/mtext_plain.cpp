@@ -5,7 +5,7 @@
 
 namespace {
 
-// Reads formatting codes from left to right. What is no code stands for itself.
+// Reads formatting codes from left to right. Text that is not a code stands for itself.
 class PlainReader {
 public:
   explicit PlainReader(std::wstring_view text) : text_(text) {}

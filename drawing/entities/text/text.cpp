@@ -20,7 +20,7 @@ const drawing::SubclassLayout& OdDbText::textSubclass() {
        field<&Self::mirrored_>(71).unless(0), field<&Self::horizontal_>(72).unless(0),
        field<&Self::alignment_>(11).unless(0, 0, 0), field<&Self::normal_>(210).unless(0, 0, 1)},
       nullptr,
-      // An aligned text at the origin has its second point all the same.
+      // An aligned text at the origin has its second point as well.
       [](const OdDbObject& object, drawing::GroupSink& sink) {
         const auto& text = static_cast<const Self&>(object);
         if (text.alignment_ == OdGePoint3d() && (text.horizontal_ != kLeft || text.vertical_ != kBase))
@@ -102,7 +102,7 @@ OdResult OdDbText::applyTransform(const OdGeMatrix3d& matrix) {
   oblique_ = frame.oblique;
   normal_ = frame.normal;
   position_ = wcsToOcs(position, normal_);
-  // Left-aligned text on its base line keeps no second point; what stands there is not used and stays 0.
+  // Left-aligned text on its base line keeps no second point; the value is unused and stays 0.
   const bool unused = horizontal_ == kLeft && vertical_ == kBase && alignment_ == OdGePoint3d();
   if (!unused)
     alignment_ = wcsToOcs(alignment, normal_);

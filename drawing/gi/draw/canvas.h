@@ -1,6 +1,6 @@
-// What draws one entity: the traits it has, the place it stands in, and the ways to put something into the picture.
+// Draws one entity: its traits, its context, and the functions that add primitives to the image.
 //
-// Points and matrices that the functions take are in the coordinates of the block that the entity stands in.
+// Points and matrices that the functions take are in the coordinates of the block of the entity.
 #pragma once
 
 #include "Ge/GeMatrix3d.h"
@@ -72,7 +72,7 @@ public:
   void charge(std::size_t work) { work_ += work; }
   std::size_t work() const { return work_; }
 
-  // Tells that the entity, or a part of it, is not in the picture.
+  // Reports that the entity, or a part of it, is not in the image.
   void reportNotDrawn(const char* reason);
   const std::vector<const char*>& notDrawn() const { return notDrawn_; }
 
@@ -90,7 +90,7 @@ private:
   std::vector<const char*> notDrawn_;
 };
 
-// Draws one kind of entity; null for those that nobody draws. Looked up by class, then by the classes above it.
+// Draws one kind of entity; null for those that are not drawn. Looked up by class, then by the classes above it.
 using Drawer = void (*)(const OdDbEntity&, Canvas&);
 Drawer drawerOf(const OdDbEntity& entity);
 

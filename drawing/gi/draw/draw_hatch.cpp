@@ -36,7 +36,7 @@ bool isGradient(const OdDbHatch& hatch) {
   return rawInteger(hatch.groups(), 450) != 0;
 }
 
-// The first colour of a gradient stands behind its first place.
+// The first color of a gradient follows its first position.
 Color gradientColor(const OdDbHatch& hatch, Canvas& canvas) {
   const GroupList& groups = hatch.groups();
   const std::size_t place = groups.find(463);

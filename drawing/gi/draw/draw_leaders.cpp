@@ -100,7 +100,7 @@ void drawNote(const OdDbMLeader& leader, const GroupList& context, Canvas& canva
   drawTextBox(box, canvas);
 }
 
-// The block of a note stands by a matrix of its own.
+// The block of a note has its own matrix.
 void drawBlockNote(const OdDbMLeader& leader, const GroupList& context, Canvas& canvas) {
   const auto* block = getIf<OdDbBlockTableRecord>(leader.blockContentId());
   if (!isAlive(block))

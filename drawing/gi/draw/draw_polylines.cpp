@@ -116,7 +116,7 @@ void drawPolygonMesh(const OdDbPolygonMesh& mesh, Canvas& canvas) {
 
 namespace {
 
-// Edges of a face by the numbers of its vertices, those below 0 left out.
+// Edges of a face by the numbers of its vertices, without those below 0.
 void drawFaceRecord(const OdDbFaceRecord& face, const Path& vertices, Canvas& canvas) {
   int corners = 0;
   while (corners < 4 && face.getVertexAt(corners) != 0)

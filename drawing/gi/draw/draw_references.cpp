@@ -21,7 +21,7 @@ const char* reasonNotLoaded(const OdDbBlockTableRecord& block) {
   return block.xrefStatus() == XrefStatus::kUnloaded ? "xref-unloaded" : "xref-not-loaded";
 }
 
-// Points of the contents are in the block's own coordinates: its origin comes to where the reference stands.
+// Points of the contents are in the block's own coordinates: its origin is mapped to the position of the reference.
 OdGeMatrix3d contentsTransform(const OdDbBlockReference& reference, const OdGePoint3d& origin) {
   return reference.blockTransform() * OdGeMatrix3d::translation(OdGePoint3d() - origin);
 }
@@ -98,7 +98,7 @@ GroupList viewOf(const OdDbViewport& viewport) {
   return view;
 }
 
-// From the world of model space to the sheet.
+// From model space coordinates to the layout.
 OdGeMatrix3d viewportTransform(const OdDbViewport& viewport, const GroupList& view) {
   const OdGeVector3d direction = rawPoint(view, 16, {0, 0, 1}).asVector();
   const double height = rawReal(view, 45, viewport.height()), scale = height > 0 ? viewport.height() / height : 1;
@@ -126,7 +126,7 @@ void drawViewport(const OdDbViewport& viewport, Canvas& canvas) {
   const GroupList view = viewOf(viewport);
   const std::int64_t number = rawInteger(view, 69), state = rawInteger(view, 68, 1), flags = rawInteger(view, 90);
   if (number == 1)
-    return; // the sheet itself
+    return; // the layout itself
   const Path border = borderOf(viewport, view);
   canvas.stroke(border, true);
   if (state == 0 || (flags & kViewportOff) != 0 || canvas.context().depth > 0)

@@ -19,7 +19,7 @@ OdGePoint3d crossing(const Vertex& vertex, std::size_t stroke) {
   return vertex.point + vertex.miter * (cuts == nullptr || cuts->empty() ? 0 : cuts->front());
 }
 
-// The cuts behind the first tell in turn where the stroke begins and where it stops.
+// The cuts after the first are in turn the start and the end of the line.
 void drawStroke(const Vertex& from, const Vertex& to, std::size_t stroke, const Pen& pen, Canvas& canvas) {
   const OdGePoint3d start = crossing(from, stroke), end = crossing(to, stroke);
   const std::vector<double>& cuts = from.strokes[stroke].cuts;

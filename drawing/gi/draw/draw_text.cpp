@@ -158,7 +158,7 @@ void drawAttribute(const OdDbAttribute& attribute, Canvas& canvas) {
     drawString(attribute, attribute.textString(), canvas);
 }
 
-// A definition shows its tag where it stands, and in references only when it is constant: then its text.
+// A definition is drawn as its tag, and in references only if it is constant: then as its text.
 void drawAttributeDefinition(const OdDbAttributeDefinition& definition, Canvas& canvas) {
   if (canvas.context().showsTags)
     return drawString(definition, definition.tag(), canvas);

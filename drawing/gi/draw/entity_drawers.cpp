@@ -69,7 +69,7 @@ void drawOle(const OdDbOleFrame&, Canvas& canvas) {
   canvas.reportNotDrawn("document");
 }
 
-// Lights and cameras are no part of what a drawing shows; ends of sequences and of blocks neither.
+// Lights and cameras are not drawn; neither are ends of sequences and of blocks.
 void drawNothing(const OdDbEntity&, Canvas&) {}
 
 template <class T, void (*Draw)(const T&, Canvas&)>

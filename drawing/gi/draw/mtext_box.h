@@ -8,7 +8,7 @@ namespace drawing::gi {
 
 struct TextBox {
   TextBlock block;
-  int attachment = 1; // 1 to 9, row by row: which point of the block stands at the origin
+  int attachment = 1; // 1 to 9, row by row: which point of the block is at the origin
   OdGeMatrix3d toBlock = OdGeMatrix3d::kIdentity;
 };
 

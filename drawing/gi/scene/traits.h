@@ -1,4 +1,4 @@
-// How an entity looks: colour, line type, weight, taken from itself, its layer or the reference that shows it.
+// Appearance of an entity: color, linetype, lineweight, taken from itself, its layer or the reference that shows it.
 #pragma once
 
 #include "DbEntity.h"

@@ -56,7 +56,7 @@ private:
     begin(true);
   }
 
-  // The first word of a line says how its paragraph stands.
+  // The first word of a line has the alignment of its paragraph.
   void take(const Word& word) {
     Line& line = lines_.back();
     if (!isSet_) {

@@ -11,7 +11,7 @@ namespace drawing::gi {
 
 namespace {
 
-constexpr std::size_t kMaxDepth = 200; // braces; deeper ones are passed over
+constexpr std::size_t kMaxDepth = 200; // braces; deeper ones are skipped
 
 // The number at the front, or nothing. Letters and signs behind it are left.
 std::optional<double> numberAt(std::wstring_view text) {
@@ -137,7 +137,7 @@ private:
       format_.color = OdCmColor{7, reversed(static_cast<std::int32_t>(std::clamp(*number, 0.0, 16777215.0)))};
   }
 
-  // Red stands in the lowest byte.
+  // Red is the lowest byte.
   static std::int32_t reversed(std::int32_t bgr) { return ((bgr & 255) << 16) | (bgr & 0xFF00) | (bgr >> 16); }
 
   // family|b1|i0|c0|p34

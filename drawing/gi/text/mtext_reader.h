@@ -29,14 +29,15 @@ struct ParagraphFormat {
 struct Word {
   enum Kind : std::uint8_t { kText, kSpace, kTab, kStack, kLineEnd, kColumnEnd };
   Kind kind = kText;
-  std::wstring text;  // of a stack: what stands above
+  std::wstring text;  // of a stack: the upper part
   std::wstring below; // of a stack
   bool hasBar = false;
   CharFormat format;
   ParagraphFormat paragraph;
 };
 
-// What is no code stands for itself. Letters that may begin a line of their own (ideographs) are words of one letter.
+// Text that is not a code stands for itself. Letters that may begin a line of their own (ideographs) are words of one
+// letter.
 MVDRAWING_API std::vector<Word> readMText(std::wstring_view contents, const CharFormat& format);
 
 } // namespace drawing::gi

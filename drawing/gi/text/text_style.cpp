@@ -40,7 +40,7 @@ constexpr Named kFonts[] = {{"arial", "Arial"},
                             {"italict", "serif", false, true},
                             {"italicc", "serif", false, true}};
 
-// The family and the style that a program noted for a font that is no file of strokes.
+// The family and the style that a program noted for a font that is not a shape file.
 std::optional<Font> storedFont(const OdDbTextStyleTableRecord& style) {
   const GroupList* data = style.xDataGroups();
   if (data == nullptr)
@@ -134,7 +134,7 @@ public:
   }
 
 private:
-  // How many characters the code has; 0 when it is none.
+  // Number of characters of the code; 0 if it is not a code.
   std::size_t code(std::wstring_view text) {
     const wchar_t letter = lowerCase(text[0]);
     for (const ControlCode& control : kControlCodes) {
