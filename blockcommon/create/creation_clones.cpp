@@ -96,7 +96,7 @@ void postAssociation(const OdDbObjectId& dimensionId) {
 }
 
 void updateDimension(const OdDbObjectId& dimensionId, double rotationRad) {
-  UnlockedLayers unlocked; // a clone on a locked layer must turn all the same
+  UnlockedLayers unlocked; // a clone on a locked layer must be rotated as well
   unlocked.addLayerOf(dimensionId);
   {
     const OdSmartPtr<OdDbDimension> dimension = dimensionId.safeOpenObject(OdDb::kForWrite);

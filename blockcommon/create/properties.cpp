@@ -13,7 +13,7 @@ namespace blockUtils {
 
 namespace {
 
-// Open for write, or null when the id is not valid, does not open, or is no block definition.
+// Open for write, or null when the id is not valid, does not open, or is not a block definition.
 OdDbBlockTableRecordPtr definitionForWrite(OdDbObjectId id) {
   if (!id.isValid())
     return nullptr;

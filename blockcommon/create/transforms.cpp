@@ -24,7 +24,7 @@ bool transformEntityByEcs(OdDbDatabase*, OdArray<OdDbObjectId>& ids, OdGeMatrix3
     const OdDbEntityPtr entity = OdDbEntity::cast(object.get());
     const OdResult result = entity.isNull() ? eOk : entity->transformBy(toBlock);
     if (result == eCannotTransform)
-      ids.remove(id); // the next object now stands at this index
+      ids.remove(id); // the next object is now at this index
     else if (result == eOk)
       ++i;
     else

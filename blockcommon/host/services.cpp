@@ -16,7 +16,7 @@ OdSmartPtr<Service> castService(const OdRxObjectPtr& found) {
   if (queried == nullptr)
     return nullptr;
   const OdRxObjectPtr held(queried, kTakeReference);
-  // The interfaces share the descriptor of OdRxObject, which tells nothing apart.
+  // The interfaces share the descriptor of OdRxObject, which does not distinguish them.
   return OdSmartPtr<Service>(dynamic_cast<Service*>(queried));
 }
 

@@ -1,7 +1,7 @@
 // The one way from the library to the host's services.
 //
-// Every function looks its service up anew, holds it for the length of the call and forwards arguments and result as
-// they are. A missing service answers -5001. An object of another kind under a service's name throws
+// Every function looks up its service again, keeps it for the duration of the call and forwards arguments and result
+// unchanged. A missing service returns -5001. An object of another type under a service's name throws
 // OdError_NotThatKindOfClass.
 #pragma once
 
@@ -41,8 +41,8 @@ int mvsiedFindFile(const wchar_t* fileName, wchar_t* found);
 int mvsidbRToS(double value, int mode, int precision, wchar_t* result);
 int mvsidbDisToF(const wchar_t* text, int mode, double* value);
 
-// Highlights the entity (mode 3) or takes its highlight away (mode 4), and has the current document draw its views
-// anew. -5001 without a document manager or for a name behind which nothing opens; anything that is no entity throws
+// Highlights the entity (mode 3) or removes its highlight (mode 4), and makes the current document redraw its views.
+// -5001 without a document manager or for a name whose object does not open; an object that is not an entity throws
 // OdError_NotThatKindOfClass.
 int mvsiedRedraw(const long* entity, int mode);
 

@@ -14,7 +14,7 @@ namespace {
 
 const wchar_t* const kNextLine = L"\n    "; // lines of a value are shown below each other
 
-// False when the user cancelled. Multi-line values end with an empty line; \P stands between their lines.
+// False when the user cancelled. Multiline values end with an empty line; \P separates their lines.
 bool readValue(const OdString& question, const OdString& defaultValue, bool multiLine, OdString& value) {
   constexpr int kNoFlags = 0, kSpacesAllowed = 1;
   value.empty();

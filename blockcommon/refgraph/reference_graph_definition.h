@@ -11,7 +11,7 @@ inline OdDbObjectId definitionId(const OdDbBlockReference& reference) {
   return dynamic.isDynamicBlock() ? dynamic.dynamicBlockTableRecord() : reference.blockTableRecord();
 }
 
-// Null when it does not open; throws when it is no definition.
+// Null when it does not open; throws when it is not a definition.
 inline OdDbBlockTableRecordPtr definitionOf(const OdDbBlockReference& reference) {
   return definitionId(reference).safeOpenObject();
 }

@@ -34,7 +34,7 @@ FormatRow rowOf(int format) {
   return found == std::end(kFormats) ? FormatRow{format, OdDb::kSaveDwg, OdDb::kRelease2018} : *found;
 }
 
-// `keyword` is the global name of the answer, or the text itself when it is none.
+// `keyword` is the global name of the answer, or the text itself when it is not a keyword.
 int promptToReplace(const OdString& prompt, OdString& keyword) {
   constexpr int kAnyText = 128;
   constexpr int kUnchecked = 8;
@@ -95,7 +95,7 @@ int dealBlockFileInfo(_blockFileInfo& info) {
 }
 
 int doSelectByUse(OdString fileName, OdString filePath) {
-  // Names that are no UTF-8 on the disk must be found too, or their files would be replaced unasked.
+  // Names that are not UTF-8 on the disk must be found too, or their files would be replaced unasked.
   if (!mvutIsExistFile(filePath.toUtf8Lossless().c_str()))
     return RTNORM;
   OdString prompt;

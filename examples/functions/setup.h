@@ -59,7 +59,7 @@ public:
   OdString takeOutput() { return host.takeOutput(); } // what was printed since the last call
 
   morvane::ScriptedHost host;
-  Folder folder;               // stands behind the drive P:
+  Folder folder;               // is the folder of the drive P:
   std::vector<OdString> boxes; // the texts of the message boxes that were shown
   int button = 0;              // the one that is pressed in them, 0 the first
 

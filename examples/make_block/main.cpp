@@ -44,8 +44,8 @@ int makeBlock(morvane::Host& host, OdDbDatabase& database) {
   if (ids.isEmpty())
     return fail("there is nothing on that layer");
 
-  // The id alone does not tell success: a block that is only half filled has one, too. `ids` comes back without the
-  // objects that no block can hold. A module of a longer life would run this inside an undo step.
+  // The id alone does not indicate success: a block that is only half filled has one, too. `ids` is returned without
+  // the objects that a block cannot contain. A longer-lived module would run this inside an undo step.
   bool created = false;
   const OdDbObjectId block =
       blockUtils::create(&database, name, ids, false, created, OdGePoint3d::kOrigin, L"Everything on a layer");
@@ -75,7 +75,7 @@ int main(int argc, char** argv) {
   const drawing::ReadResult read = drawing::readDrawing(argv[1]);
   if (read.database.isNull())
     return fail(read.message);
-  for (const drawing::Issue& issue : read.report.issues()) // damage is no reason to stop, and never to be silent
+  for (const drawing::Issue& issue : read.report.issues()) // damage does not stop the program, and is always reported
     std::fprintf(stderr, "%s: %s\n", argv[1], drawing::describe(issue).c_str());
 
   host.documents().open(read.database, host.paths().toDrawing(argv[1])); // commands work on the current document

@@ -1,4 +1,4 @@
-// What stands behind JSON handles.
+// The data of JSON handles.
 #pragma once
 
 #include <nlohmann/json.hpp>

@@ -14,7 +14,7 @@ using nlohmann::json;
 
 constexpr int kMaxSettingDepth = 64;
 
-// Nothing for text that is no JSON object or is nested deeper than settings ever are.
+// Nothing for text that is not a JSON object or is nested deeper than settings ever are.
 json parseSettings(const std::string& text) {
   bool tooDeep = false;
   const auto watch = [&tooDeep](int depth, json::parse_event_t, json&) {

@@ -55,7 +55,7 @@ namespace {
 
 using Places = std::unordered_map<OdDbObjectId, std::size_t>;
 
-// Where each entity of a block stands in its drawing order.
+// Position of each entity of a block in its draw order.
 Places placesIn(const OdDbBlockTableRecord& block) {
   Places places;
   for (const OdDbObjectId& id : block.drawOrder())

@@ -87,7 +87,7 @@ std::optional<VariableValue> valueIn(const GroupList& groups) {
   case GroupKind::kText:
     return groups.stringOf(group);
   default:
-    return std::nullopt; // handles and bytes are no variables
+    return std::nullopt; // handles and bytes are not supported as variables
   }
 }
 

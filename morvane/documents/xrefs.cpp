@@ -32,8 +32,7 @@ fs::path entryNamed(const fs::path& folder, const fs::path& name) {
   return found;
 }
 
-// A file below a folder. Drawings come from systems that tell no case apart, so each part of the path may be written
-// otherwise than here.
+// A file below a folder. Drawings come from case-insensitive systems, so each part of the path may differ in case.
 std::optional<OdString> fileBelow(const PathMap& paths, const fs::path& folder, const OdString& name) {
   fs::path at = folder.empty() ? fs::path(".") : folder;
   for (const fs::path& part : fs::path(paths.toSystem(name))) {

@@ -54,7 +54,7 @@ public:
     take('+');
     return 1.0;
   }
-  // An unsigned number. Words such as "inf" are none, and neither is one out of range.
+  // An unsigned number. Words such as "inf" are not numbers, and neither is one out of range.
   std::optional<Number> takeNumber() {
     if (!isDigit(peek()) && !(peek() == '.' && isDigit(peekSecond())))
       return std::nullopt;

@@ -29,7 +29,7 @@ OdString labelText(const Label& label) {
   return label.letter.isEmpty() ? label.text : label.text + L"(" + label.letter + L")";
 }
 
-// Line breaks belong to a body; what else is no character to be shown is shown as \u001B.
+// Line breaks belong to a body; other characters that cannot be displayed are shown as \u001B.
 OdString printable(const OdString& text) {
   OdString shown;
   for (const wchar_t ch : text.str()) {

@@ -35,7 +35,7 @@ class MORVANE_API MvEditGetServer : public OdRxObject {
 public:
   ~MvEditGetServer() override;
   // Sets flags and keywords for the next input only. Keywords: local names, then optionally `_` and the global names in
-  // the same order; capitals and digits are the shortest abbreviation; null: none. Flags: 1 an empty answer is not
+  // the same order; capitals and digits are the shortest abbreviation; null: none. Flags: 1 an empty answer means not
   // accepted, 8 points outside the drawing limits are accepted, 128 any text is accepted.
   virtual int mvsiedInitGet(int flags, const wchar_t* keywords) = 0;
   // Text. With allowSpaces 0 a space ends the answer. `result` has room for morvane::kMaxAnswerLength characters and a
