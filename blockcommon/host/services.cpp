@@ -15,7 +15,7 @@ OdSmartPtr<Service> castService(const OdRxObjectPtr& found) {
   OdRxObject* queried = found->queryX(Service::desc());
   if (queried == nullptr)
     return nullptr;
-  const OdRxObjectPtr held(queried, kTakeReference);
+  const OdRxObjectPtr keepAlive(queried, kTakeReference);
   // The interfaces share the descriptor of OdRxObject, which does not distinguish them.
   return OdSmartPtr<Service>(dynamic_cast<Service*>(queried));
 }

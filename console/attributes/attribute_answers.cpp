@@ -31,8 +31,8 @@ std::set<OdDbObjectId> presetDefinitions(OdDbObjectId block, const AttributeAnsw
     places.add(OdDbAttributeDefinitionPtr(id.safeOpenObject())->tag());
   std::set<OdDbObjectId> known;
   for (const auto& [typed, value] : answers.given) {
-    if (const auto place = places.findEntered(typed))
-      known.insert(definitions[*place]);
+    if (const auto index = places.findEntered(typed))
+      known.insert(definitions[*index]);
   }
   return known;
 }

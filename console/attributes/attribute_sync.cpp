@@ -16,8 +16,8 @@ namespace {
 OdString adapted(const OdString& value, const OdDbMTextPtr& before, bool linesNow) {
   OdString text = value;
   if (before.isNull() && linesNow) {
-    for (const wchar_t* mark : {L"\\", L"{", L"}"})
-      text.replace(mark, (OdString(L"\\") + mark).c_str());
+    for (const wchar_t* character : {L"\\", L"{", L"}"})
+      text.replace(character, (OdString(L"\\") + character).c_str());
   } else if (!before.isNull() && !linesNow) {
     text = before->plainText();
     text.replace(L"\n", L" ");
@@ -82,7 +82,7 @@ private:
   }
 
   void append(OdDbAttribute& attribute, const OdDbAttributeDefinition& definition, const OdDbAttribute* before) {
-    const OdDbAttributePtr held(&attribute);
+    const OdDbAttributePtr keepAlive(&attribute);
     appended_ = true;
     become(attribute, definition, before);
     reference_.appendAttribute(&attribute);

@@ -50,8 +50,8 @@ ReferenceAttributes::ReferenceAttributes(const OdDbBlockReference& reference) {
   }
 }
 
-const AttributeRow* ReferenceAttributes::at(std::optional<std::size_t> place) const {
-  return place ? &rows_[*place] : nullptr;
+const AttributeRow* ReferenceAttributes::at(std::optional<std::size_t> index) const {
+  return index ? &rows_[*index] : nullptr;
 }
 
 std::vector<AttributeRow> attributesOf(const OdDbDatabase& database) {

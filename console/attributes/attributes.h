@@ -33,7 +33,7 @@ public:
   const AttributeRow* findEntered(const OdString& entered) const { return at(tags_.findEntered(entered)); }
 
 private:
-  const AttributeRow* at(std::optional<std::size_t> place) const;
+  const AttributeRow* at(std::optional<std::size_t> index) const;
   std::vector<AttributeRow> rows_;
   TagIndex tags_;
 };

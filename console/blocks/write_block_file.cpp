@@ -150,15 +150,15 @@ void checkReadBack(const BlockFileRequest& request, const OdDbDatabase& made, co
 
 // Of the objects that model space of `made` was made of: those that the file has, whatever its version made of them.
 OdDbObjectIdArray originsOfClones(const OdDbDatabase& read, const OdDbDatabase& made, const OdDbObjectIdArray& ids) {
-  OdDbObjectIdArray held;
+  OdDbObjectIdArray origins;
   const OdDbBlockTableRecordPtr space = made.getModelSpaceId().safeOpenObject();
   const auto iterator = space->newIterator();
   for (const OdDbObjectId id : ids) {
     if (!read.objectIdOf(iterator->objectId().getHandle()).safeOpenObject().isNull())
-      held.append(id);
+      origins.append(id);
     iterator->step();
   }
-  return held;
+  return origins;
 }
 
 } // namespace

@@ -15,40 +15,40 @@ bool isPrintedRaw(wchar_t ch) {
 }
 
 // What a place "{1}" or "{1:one|many}" stands for; `place` is what lies between the braces.
-OdString argumentText(std::wstring_view place, const std::vector<OdString>& arguments) {
-  const auto index = static_cast<std::size_t>(place[0] - L'1');
+OdString argumentText(std::wstring_view placeholder, const std::vector<OdString>& arguments) {
+  const auto index = static_cast<std::size_t>(placeholder[0] - L'1');
   const OdString value = index < arguments.size() ? escaped(arguments[index]) : OdString();
-  if (place.size() < 2)
+  if (placeholder.size() < 2)
     return value;
-  const auto bar = place.find(L'|');
-  return OdString(value == L"1" ? place.substr(2, bar - 2) : place.substr(bar + 1));
+  const auto bar = placeholder.find(L'|');
+  return OdString(value == L"1" ? placeholder.substr(2, bar - 2) : placeholder.substr(bar + 1));
 }
 
 } // namespace
 
 OdString escaped(const OdString& text) {
-  OdString shown;
+  OdString printed;
   for (const wchar_t ch : text.str()) {
     if (isPrintedRaw(ch)) {
-      shown += ch;
+      printed += ch;
     } else {
       OdString code;
-      shown += code.format(L"\\u%04X", static_cast<unsigned>(ch));
+      printed += code.format(L"\\u%04X", static_cast<unsigned>(ch));
     }
   }
-  return shown;
+  return printed;
 }
 
 OdString render(const MessageText& text, const std::vector<OdString>& arguments) {
   std::wstring_view rest = text.english;
-  OdString shown;
+  OdString rendered;
   for (auto open = rest.find(L'{'); open != std::wstring_view::npos; open = rest.find(L'{')) {
     const auto close = rest.find(L'}', open);
-    shown += OdString(rest.substr(0, open));
-    shown += argumentText(rest.substr(open + 1, close - open - 1), arguments);
+    rendered += OdString(rest.substr(0, open));
+    rendered += argumentText(rest.substr(open + 1, close - open - 1), arguments);
     rest.remove_prefix(close + 1);
   }
-  return shown += OdString(rest);
+  return rendered += OdString(rest);
 }
 
 OdString count(std::size_t number) {

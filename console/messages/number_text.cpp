@@ -154,14 +154,14 @@ OdString realText(double value) {
   const auto text = morvane::formatReal(value, form, std::clamp<short>(shortVariable(L"LUPREC", 4), 0, 8));
   if (!text)
     return exactText(value);
-  std::wstring shown = *text;
-  if (form == morvane::LinearUnits::kDecimal && shown.find(L'.') != std::wstring::npos &&
-      shown.find(L'E') == std::wstring::npos) {
-    shown.resize(shown.find_last_not_of(L'0') + 1);
-    if (shown.back() == L'.')
-      shown.pop_back();
+  std::wstring result = *text;
+  if (form == morvane::LinearUnits::kDecimal && result.find(L'.') != std::wstring::npos &&
+      result.find(L'E') == std::wstring::npos) {
+    result.resize(result.find_last_not_of(L'0') + 1);
+    if (result.back() == L'.')
+      result.pop_back();
   }
-  return OdString(shown == L"-0" ? std::wstring(L"0") : shown);
+  return OdString(result == L"-0" ? std::wstring(L"0") : result);
 }
 
 OdString tripleText(double x, double y, double z) {

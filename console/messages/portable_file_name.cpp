@@ -13,9 +13,10 @@ bool isUnsafe(wchar_t ch) {
   const auto code = static_cast<unsigned long>(ch);
   const auto within = [code](unsigned long first, unsigned long last) { return code >= first && code <= last; };
   const bool isControl = code < 0x20 || within(0x7F, 0x9F) || within(0x2028, 0x2029);
-  const bool turnsText = within(0x200B, 0x200F) || within(0x202A, 0x202E) || within(0x2066, 0x2069) || code == 0xFEFF;
+  const bool isBidiControl =
+      within(0x200B, 0x200F) || within(0x202A, 0x202E) || within(0x2066, 0x2069) || code == 0xFEFF;
   const bool isNoCharacter = within(0xD800, 0xDFFF) || code == 0xFFFD || (code & 0xFFFE) == 0xFFFE || code > 0x10FFFF;
-  return isControl || turnsText || isNoCharacter || kKept.find(ch) != std::wstring_view::npos;
+  return isControl || isBidiControl || isNoCharacter || kKept.find(ch) != std::wstring_view::npos;
 }
 
 // Everything after the first dot.

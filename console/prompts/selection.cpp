@@ -76,8 +76,8 @@ void Picks::add(OdDbObjectId id) {
 OdDbObjectIdArray Picks::ids() const {
   OdDbObjectIdArray ids;
   for (std::size_t at = 0; at < order_.size(); ++at) {
-    const auto place = positions_.find(order_[at]);
-    if (place != positions_.end() && place->second == at)
+    const auto found = positions_.find(order_[at]);
+    if (found != positions_.end() && found->second == at)
       ids.append(order_[at]);
   }
   return ids;

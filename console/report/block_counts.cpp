@@ -55,11 +55,11 @@ void countReferences(std::vector<Block>& blocks, const std::vector<Edge>& edges,
   const auto out = edgesOut(blocks.size(), edges);
   const auto order = outerFirst(out);
   for (const std::size_t at : order) {
-    const std::uint64_t shown = at == space ? 1 : blocks[at].references.nested;
+    const std::uint64_t times = at == space ? 1 : blocks[at].references.nested;
     for (const Edge& edge : out[at]) {
       Counts& inner = blocks[edge.to].references;
       ++inner.direct;
-      inner.nested = sum(inner.nested, product(shown, edge.instances));
+      inner.nested = sum(inner.nested, product(times, edge.instances));
     }
   }
   for (auto at = order.rbegin(); at != order.rend(); ++at) {

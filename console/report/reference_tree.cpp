@@ -56,9 +56,9 @@ std::vector<ReferenceNode> nodesOf(Session& session, CRefGraph& graph, CRefGraph
     stack.pop_back();
     nodes.push_back(nodeOf(session, graph, *at.node));
     nodes.back().parent = at.parent;
-    const std::size_t place = nodes.size() - 1;
+    const std::size_t index = nodes.size() - 1;
     for (auto child = at.node->children.size(); child-- > 0;)
-      stack.push_back({at.node->children[child], place});
+      stack.push_back({at.node->children[child], index});
   }
   return nodes;
 }

@@ -36,12 +36,12 @@ std::optional<std::vector<OdString>> parametersOf(const BodyFormat& format, cons
   for (std::size_t at = 0; at < format.literals.size(); ++at) {
     const OdString& literal = format.literals[at];
     const bool isLast = at + 1 == format.literals.size();
-    const int place = at == 0 ? 0 : isLast ? body.getLength() - tail.getLength() : body.find(literal, from);
-    if (place < from || body.mid(place, literal.getLength()) != literal || (at == 0 && isLast && body != literal))
+    const int position = at == 0 ? 0 : isLast ? body.getLength() - tail.getLength() : body.find(literal, from);
+    if (position < from || body.mid(position, literal.getLength()) != literal || (at == 0 && isLast && body != literal))
       return std::nullopt;
     if (at > 0 && static_cast<std::size_t>(format.parameterOf[at - 1]) == parameters.size())
-      parameters.push_back(body.mid(from, place - from));
-    from = place + literal.getLength();
+      parameters.push_back(body.mid(from, position - from));
+    from = position + literal.getLength();
   }
   return parameters;
 }

@@ -8,10 +8,10 @@
 
 namespace console::verbs {
 
-OptionTable& OptionTable::addGroup(std::string name, std::string help, std::size_t least, std::size_t most) {
+OptionTable& OptionTable::addGroup(std::string name, std::string help, std::size_t minimum, std::size_t maximum) {
   OptionTable& group = groups_.emplace_back(std::move(name), std::move(help));
-  group.least_ = least;
-  group.most_ = most;
+  group.minimum_ = minimum;
+  group.maximum_ = maximum;
   return group;
 }
 
@@ -60,7 +60,7 @@ private:
     for (OptionTable& group : table.groups_) {
       CLI::App& inner = *parser.add_option_group(group.name_, group.help_);
       describe(inner, group);
-      inner.require_option(group.least_, group.most_);
+      inner.require_option(group.minimum_, group.maximum_);
     }
     for (const Option& option : table.options_)
       relate(parser, option);
@@ -87,8 +87,8 @@ private:
       added->allow_extra_args(false);
     if constexpr (std::is_integral_v<T>) {
       using Wide = decltype(+value); // unit of the limits in messages
-      if (option.most != 0)
-        added->check(CLI::Range(static_cast<Wide>(option.least), static_cast<Wide>(option.most)));
+      if (option.maximum != 0)
+        added->check(CLI::Range(static_cast<Wide>(option.minimum), static_cast<Wide>(option.maximum)));
     }
     return added;
   }

@@ -20,8 +20,10 @@ struct Option {
   Option& excludes(std::string other) { return excluded.push_back(std::move(other)), *this; }
   Option& needs(std::string other) { return needed.push_back(std::move(other)), *this; }
   Option& oneOf(std::vector<std::string> words) { return allowed = std::move(words), *this; }
-  Option& between(std::uint64_t low, std::uint64_t high) { return least = low, most = high, *this; } // numbers only
-  Option& withoutSubcommand() { return isWithoutSubcommand = true, *this; }                          // texts only
+  Option& between(std::uint64_t low, std::uint64_t high) {
+    return minimum = low, maximum = high, *this;
+  }                                                                         // numbers only
+  Option& withoutSubcommand() { return isWithoutSubcommand = true, *this; } // texts only
 
   std::string names;
   Value value; // keeps what it has while the option is not given
@@ -30,7 +32,7 @@ struct Option {
   bool isWithoutSubcommand = false;                    // refused beside a verb
   std::vector<std::string> excluded = {}, needed = {}; // by one name each
   std::vector<std::string> allowed = {};               // empty: all
-  std::uint64_t least = 0, most = 0;                   // most 0: any
+  std::uint64_t minimum = 0, maximum = 0;              // most 0: any
 };
 
 class OptionTable {
@@ -43,7 +45,7 @@ public:
     return options_.emplace_back(Option{std::move(names), &value, std::move(help)});
   }
   // Options of which so many are to be given.
-  OptionTable& addGroup(std::string name, std::string help, std::size_t least, std::size_t most);
+  OptionTable& addGroup(std::string name, std::string help, std::size_t minimum, std::size_t maximum);
   OptionTable& addSubcommand(std::string name, std::string help);
   void setVersion(std::string text) { version_ = std::move(text); }                   // printed by --version
   void setSubcommandFooter(std::string text) { subcommandFooter_ = std::move(text); } // ends the help of every verb
@@ -57,7 +59,7 @@ private:
   std::string name_, help_, version_, subcommandFooter_;
   std::deque<Option> options_; // references to them stay valid
   std::deque<OptionTable> groups_, subcommands_;
-  std::size_t least_ = 0, most_ = 0;
+  std::size_t minimum_ = 0, maximum_ = 0;
   std::vector<std::string> given_;
   bool isChosen_ = false;
 };

@@ -243,9 +243,9 @@ std::wstring formatted(const wchar_t* fmt, Arguments& arguments) {
       continue;
     }
     Directive directive;
-    if (const wchar_t* behind = readDirective(fmt + 1, directive); behind != nullptr) {
+    if (const wchar_t* after = readDirective(fmt + 1, directive); after != nullptr) {
       appendDirective(out, directive, arguments);
-      fmt = behind;
+      fmt = after;
       continue;
     }
     out += L'%';

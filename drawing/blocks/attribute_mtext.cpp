@@ -83,13 +83,13 @@ OdString contentsOf(const GroupList& groups, std::size_t first) {
 
 // The same groups with other contents, which stand where the old ones did.
 GroupList withContents(const GroupList& groups, std::size_t first, const OdString& contents) {
-  std::size_t place = first;
-  while (place < groups.size() && !isContents(groups[place]))
-    ++place;
+  std::size_t index = first;
+  while (index < groups.size() && !isContents(groups[index]))
+    ++index;
   GroupList changed;
-  changed.append(groups, 0, place);
+  changed.append(groups, 0, index);
   OdDbMText::writeContents(contents, changed);
-  for (std::size_t i = place; i < groups.size(); ++i) {
+  for (std::size_t i = index; i < groups.size(); ++i) {
     if (!isContents(groups[i]))
       changed.append(groups, i, 1);
   }

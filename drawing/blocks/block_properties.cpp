@@ -11,8 +11,8 @@ const OdString kDynamicBlockKey = L"ACAD_ENHANCEDBLOCK";
 
 OdDbObjectId dynamicBlockDataOf(OdDbObjectId block) {
   const auto* record = getIf<OdDbBlockTableRecord>(block);
-  const auto* held = record == nullptr ? nullptr : getIf<OdDbDictionary>(record->extensionDictionary());
-  const OdDbObjectId entry = isAlive(held) ? held->getAt(kDynamicBlockKey) : OdDbObjectId();
+  const auto* entries = record == nullptr ? nullptr : getIf<OdDbDictionary>(record->extensionDictionary());
+  const OdDbObjectId entry = isAlive(entries) ? entries->getAt(kDynamicBlockKey) : OdDbObjectId();
   return isAlive(entry) ? entry : OdDbObjectId();
 }
 

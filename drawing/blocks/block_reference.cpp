@@ -110,9 +110,9 @@ void OdDbBlockReference::setRotation(double angleRad) {
 
 void OdDbBlockReference::setNormal(const OdGeVector3d& normal) {
   assertWriteEnabled();
-  const OdGePoint3d place = position();
+  const OdGePoint3d pointWcs = position();
   normal_ = normal;
-  position_ = wcsToOcs(place, normal_);
+  position_ = wcsToOcs(pointWcs, normal_);
 }
 
 OdGeMatrix3d OdDbBlockReference::blockTransform() const {

@@ -134,10 +134,10 @@ constexpr const char* kHole = "ACAD_INVERTEDCLIP_ROUNDTRIP";
 constexpr const char* kBoundary = "ACAD_INVERTEDCLIP_ROUNDTRIP_COMPARE";
 
 // The corners behind that mark.
-std::vector<OdGePoint2d> cornersAfter(const drawing::GroupList& groups, std::string_view mark) {
+std::vector<OdGePoint2d> cornersAfter(const drawing::GroupList& groups, std::string_view marker) {
   std::vector<OdGePoint2d> corners;
   std::size_t i = groups.find(102);
-  while (i < groups.size() && groups.textOf(groups[i]) != mark)
+  while (i < groups.size() && groups.textOf(groups[i]) != marker)
     i = groups.find(102, i + 1);
   for (++i; i + 1 < groups.size() && groups[i].code != 102; ++i) {
     if (groups[i].code == 10 && groups[i + 1].code == 20)

@@ -56,8 +56,8 @@ OdString storedTrueName(const OdDbBlockTableRecord& block) {
 }
 
 OdDbObjectId entryOf(OdDbObjectId dictionary, const OdString& name) {
-  const auto* held = getIf<OdDbDictionary>(dictionary);
-  return isAlive(held) ? held->getAt(name) : OdDbObjectId();
+  const auto* entries = getIf<OdDbDictionary>(dictionary);
+  return isAlive(entries) ? entries->getAt(name) : OdDbObjectId();
 }
 
 bool hasDynamicBlockData(const OdDbBlockTableRecord& block) {

@@ -81,12 +81,12 @@ ReadResult refuse(OdResult code, std::string message) {
 
 std::string reasonFor(OdResult code, const std::string& name, const dxf::Reader& reader, bool binary) {
   const char* unit = binary ? ", byte " : ", line ";
-  const std::string place = name + (reader.line() == 0 ? "" : unit + std::to_string(reader.line())) + ": ";
+  const std::string location = name + (reader.line() == 0 ? "" : unit + std::to_string(reader.line())) + ": ";
   if (!reader.limit().empty())
-    return place + reader.limit();
+    return location + reader.limit();
   if (code == eNotADrawing)
-    return place + "not a drawing (no section was found)";
-  return place + resultText(code).toUtf8();
+    return location + "not a drawing (no section was found)";
+  return location + resultText(code).toUtf8();
 }
 
 // The line of a text file, the offset in a binary one; 0 for a place elsewhere.
@@ -102,8 +102,8 @@ std::uint64_t locationIn(std::string_view content, const char* at, bool binary) 
 void reportUndecodable(const dxf::TextCodec& codec, std::string_view content, bool binary, Report& report) {
   if (codec.undecodable() == 0)
     return;
-  const std::uint64_t place = locationIn(content, codec.firstUndecodable(), binary);
-  report.add({"dxf.text-undecodable", Severity::kNote, place, -1, 0, "", "",
+  const std::uint64_t location = locationIn(content, codec.firstUndecodable(), binary);
+  report.add({"dxf.text-undecodable", Severity::kNote, location, -1, 0, "", "",
               std::to_string(codec.undecodable()) + " bytes are not valid in the code page of the file",
               "they are kept unchanged"});
 }

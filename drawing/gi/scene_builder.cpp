@@ -90,12 +90,12 @@ void SceneBuilder::repeat(Level& level) {
     contents.ids = std::make_shared<const std::vector<OdDbObjectId>>();
   if (instance.rest == nullptr)
     return levels_.push_back(std::move(contents));
-  Level behind{instance.context, instance.rest, 0, {}, nullptr};
-  behind.context.toScene = instance.outer;
-  behind.context.clip = instance.restClip;
-  behind.context.setting.layers = instance.restLayers;
-  shift(behind.context.toScene, instance.outer, by);
-  levels_.push_back(std::move(behind)); // the stack may have moved: `level` is gone
+  Level attributes{instance.context, instance.rest, 0, {}, nullptr};
+  attributes.context.toScene = instance.outer;
+  attributes.context.clip = instance.restClip;
+  attributes.context.setting.layers = instance.restLayers;
+  shift(attributes.context.toScene, instance.outer, by);
+  levels_.push_back(std::move(attributes)); // the stack may have moved: `level` is gone
   levels_.push_back(std::move(contents));
 }
 

@@ -68,14 +68,14 @@ public:
   }
   // Appends all elements of another array, which may be this one.
   OdArray& append(const OdArray& other) {
-    const size_type held = size();
+    const size_type oldSize = size();
     const size_type added = other.size();
     reserveFor(added);
     try {
       for (size_type i = 0; i < added; ++i)
         grow([&] { items_.push_back(other.items_[i]); });
     } catch (...) {
-      items_.erase(items_.begin() + held, items_.end());
+      items_.erase(items_.begin() + oldSize, items_.end());
       throw;
     }
     return *this;

@@ -26,7 +26,7 @@ Groups ownGroups(Groups groups) {
   return groups;
 }
 
-std::string_view withoutBlanks(std::string_view text) {
+std::string_view trimmed(std::string_view text) {
   const auto first = text.find_first_not_of(" \t");
   return first == text.npos ? std::string_view() : text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
@@ -39,7 +39,7 @@ std::int64_t integerOf(Groups groups, int code, std::int64_t absent) {
     std::int64_t value = absent;
     if (group.form == RawGroup::Form::kInteger)
       return group.integer;
-    const std::string_view text = withoutBlanks(group.text);
+    const std::string_view text = trimmed(group.text);
     std::from_chars(text.data(), text.data() + text.size(), value);
     return value;
   }
@@ -48,7 +48,7 @@ std::int64_t integerOf(Groups groups, int code, std::int64_t absent) {
 
 bool hasMarker(Groups groups, std::string_view marker) {
   for (const RawGroup& group : groups) {
-    if (group.code == kMarker && withoutBlanks(group.text) == marker)
+    if (group.code == kMarker && trimmed(group.text) == marker)
       return true;
   }
   return false;

@@ -118,12 +118,12 @@ bool DrawingBuilder::fillPlaceholder(OdDbSymbolTable& table) {
 void DrawingBuilder::registerRecord(OdDbSymbolTable& table, OdDbSymbolTableRecord& record) {
   if (table.registerRecord(&record))
     return;
-  const OdDbObjectId holder = table.getAt(record.getName());
-  if (auto missing = context_.missing().find(holder); missing != context_.missing().end()) {
-    table.replaceMember(holder, record);
+  const OdDbObjectId existing = table.getAt(record.getName());
+  if (auto missing = context_.missing().find(existing); missing != context_.missing().end()) {
+    table.replaceMember(existing, record);
     context_.missing().erase(missing);
-    context_.redirects().emplace_back(holder, record.objectId());
-    OdDbObject& placeholder = *lookup(holder);
+    context_.redirects().emplace_back(existing, record.objectId());
+    OdDbObject& placeholder = *lookup(existing);
     const WriteScope scope(placeholder);
     placeholder.erase();
     return;

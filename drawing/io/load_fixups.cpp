@@ -188,7 +188,7 @@ void cutReference(FixUpContext& fixUp, OdDbObjectId id) {
                symbolName(reference.blockTableRecord()).toUtf8Lossless() + "\"",
            "the reference is preserved as raw data, not as a reference");
   auto* opaque = new OdDbOpaqueEntity;
-  const OdSmartPtr<OdDbObject> holder(opaque);
+  const OdSmartPtr<OdDbObject> keepAlive(opaque);
   opaque->setDxfName(reference.dxfName());
   opaque->setUnparsed(true);
   opaque->setOwnerId(reference.ownerId());

@@ -187,9 +187,9 @@ TextCodec::Escape TextCodec::escapeAt(std::string_view text) {
   return text[1] == 'U' ? unicodeEscape(text) : pageEscape(text);
 }
 
-void TextCodec::count(const char* place) {
+void TextCodec::count(const char* position) {
   if (++undecodable_ == 1)
-    firstUndecodable_ = place;
+    firstUndecodable_ = position;
 }
 
 Utf8Character TextCodec::characterAt(std::string_view bytes) {

@@ -73,7 +73,7 @@ private:
   std::string_view encodeInPage(std::string_view text, std::string& buffer);
   void encodeInEscapes(std::string_view text, std::string& out) const;
   void encodeCharacter(std::uint32_t character, std::string_view utf8, std::string& out);
-  void count(const char* place);
+  void count(const char* position);
   void countStrays(std::string_view bytes);
   CodePage& page(int number, std::unique_ptr<CodePage>& slot);
 

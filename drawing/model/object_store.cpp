@@ -202,10 +202,10 @@ void Store::replace(OdDbObjectId id, OdDbObject* object) {
 void Store::supersede(OdDbObjectId id, OdDbObject* object) {
   OdDbObject* old = stub(id.number()).object;
   object->undoMark_ = old->undoMark_;
-  const auto* shown = dynamic_cast<const OdDbEntity*>(old);
+  const auto* oldEntity = dynamic_cast<const OdDbEntity*>(old);
   const auto* entity = dynamic_cast<const OdDbEntity*>(object);
-  if (shown != nullptr && entity != nullptr)
-    entity->highlight(shown->isHighlighted());
+  if (oldEntity != nullptr && entity != nullptr)
+    entity->highlight(oldEntity->isHighlighted());
   attachObject(object, id.number());
   old->id_.setNull();
   if (old->referenceCount() == 0)

@@ -13,8 +13,8 @@ OdResBuf::~OdResBuf() {
   // A long chain must not end in as many nested destructor calls.
   OdResBufPtr rest = std::move(next_);
   while (!rest.isNull() && rest->referenceCount() == 1) {
-    OdResBufPtr behind = std::move(rest->next_);
-    rest = std::move(behind);
+    OdResBufPtr following = std::move(rest->next_);
+    rest = std::move(following);
   }
 }
 

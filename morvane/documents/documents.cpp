@@ -85,11 +85,11 @@ bool Documents::close(MvsiApDocument* document) {
   const auto found = std::find(documents_.begin(), documents_.end(), document);
   if (found == documents_.end())
     return false;
-  const auto place = static_cast<std::size_t>(found - documents_.begin());
-  const mvsi::MvsiApDocumentPtr held = *found;
+  const auto index = static_cast<std::size_t>(found - documents_.begin());
+  const mvsi::MvsiApDocumentPtr keepAlive = *found;
   documents_.erase(found);
   if (document == current_)
-    makeCurrent(documents_.empty() ? nullptr : documents_[place == 0 ? 0 : place - 1].get());
+    makeCurrent(documents_.empty() ? nullptr : documents_[index == 0 ? 0 : index - 1].get());
   return true;
 }
 

@@ -65,9 +65,9 @@ Places placesIn(const OdDbBlockTableRecord& block) {
 
 struct DrawRank {
   std::size_t block; // by first appearance; the number of blocks for what is drawn in none
-  std::size_t place;
+  std::size_t position;
   bool operator<(const DrawRank& other) const {
-    return block != other.block ? block < other.block : place < other.place;
+    return block != other.block ? block < other.block : position < other.position;
   }
 };
 
@@ -81,12 +81,12 @@ public:
     const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(owner.safeOpenObject());
     if (block.isNull())
       return kLast;
-    auto found = blocks_.find(owner);
-    if (found == blocks_.end())
-      found = blocks_.emplace(owner, std::pair(blocks_.size(), placesIn(*block))).first;
-    const auto& [number, places] = found->second;
-    const auto place = places.find(id);
-    return place == places.end() ? kLast : DrawRank{number, place->second};
+    auto ranked = blocks_.find(owner);
+    if (ranked == blocks_.end())
+      ranked = blocks_.emplace(owner, std::pair(blocks_.size(), placesIn(*block))).first;
+    const auto& [number, places] = ranked->second;
+    const auto found = places.find(id);
+    return found == places.end() ? kLast : DrawRank{number, found->second};
   }
 
 private:

@@ -76,9 +76,9 @@ int mvsidbSetUcsMatrix(const OdGeMatrix3d& matrix, OdDbDatabase* database) {
   OdGeVector3d y;
   OdGeVector3d z;
   matrix.getCoordSystem(origin, x, y, z);
-  const double place[3] = {origin.x, origin.y, origin.z};
+  const double originWcs[3] = {origin.x, origin.y, origin.z};
   const bool rightHanded = x.crossProduct(y).dotProduct(z) > 0.0;
-  if (!isFinite(place) || !isRightAngled(x, y) || !isRightAngled(y, z) || !isRightAngled(z, x) || !rightHanded)
+  if (!isFinite(originWcs) || !isRightAngled(x, y) || !isRightAngled(y, z) || !isRightAngled(z, x) || !rightHanded)
     return RTREJ;
   database->setHeaderPoint("UCSORG", origin);
   database->setHeaderPoint("UCSXDIR", asPoint(x));

@@ -26,11 +26,11 @@ std::optional<OdString> SearchPath::find(const PathMap& paths, const OdString& n
     for (const std::string& folder : folders_)
       places.push_back(fs::path(folder) / wanted);
   }
-  for (const fs::path& place : places) {
+  for (const fs::path& candidate : places) {
     std::error_code error;
-    if (!isOrdinaryFile(place))
+    if (!isOrdinaryFile(candidate))
       continue;
-    const fs::path full = fs::absolute(place, error).lexically_normal();
+    const fs::path full = fs::absolute(candidate, error).lexically_normal();
     if (!error)
       return paths.toDrawing(full.string());
   }

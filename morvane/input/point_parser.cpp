@@ -17,8 +17,8 @@ std::wstring_view trimmed(std::wstring_view text) {
   return text.substr(first, text.find_last_not_of(L" \t") - first + 1);
 }
 
-bool takePrefix(std::wstring_view& text, wchar_t mark) {
-  if (!text.starts_with(mark))
+bool takePrefix(std::wstring_view& text, wchar_t character) {
+  if (!text.starts_with(character))
     return false;
   text.remove_prefix(1);
   return true;

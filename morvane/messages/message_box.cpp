@@ -31,15 +31,15 @@ OdString labelText(const Label& label) {
 
 // Line breaks belong to a body; other characters that cannot be displayed are shown as \u001B.
 OdString printable(const OdString& text) {
-  OdString shown;
+  OdString printed;
   for (const wchar_t ch : text.str()) {
     OdString code;
     if ((ch < 0x20 && ch != L'\n' && ch != L'\r') || (ch >= 0x7F && ch < 0xA0))
-      shown += code.format(L"\\u%04X", static_cast<unsigned>(ch));
+      printed += code.format(L"\\u%04X", static_cast<unsigned>(ch));
     else
-      shown += ch;
+      printed += ch;
   }
-  return shown;
+  return printed;
 }
 
 } // namespace

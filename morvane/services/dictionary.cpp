@@ -14,10 +14,10 @@ OdRxObjectPtr ServiceDictionary::find(const OdString& name) const {
 }
 
 bool ServiceDictionary::add(const OdString& name, OdRxObject* service) {
-  const OdRxObjectPtr held(service);
+  const OdRxObjectPtr keepAlive(service);
   if (name.isEmpty() || service == nullptr)
     return false;
-  services_[name] = held;
+  services_[name] = keepAlive;
   return true;
 }
 
@@ -33,7 +33,7 @@ OdRxObjectPtr mv_arbitDict_getservice(const OdString& name) {
 }
 
 bool mv_arbitDict_register(const OdString& name, OdRxObject* service) {
-  const OdRxObjectPtr held(service);
+  const OdRxObjectPtr keepAlive(service);
   morvane::Host* host = morvane::Host::current();
   return host != nullptr && host->services().add(name, service);
 }

@@ -128,10 +128,10 @@ void R12Drawing::solid(const Trapezoid& corners, double elevation, const OdGeVec
   normal(n);
 }
 
-void R12Drawing::reference(const OdString& block, const OdGePoint3d& place, double scale, double angleRad) {
+void R12Drawing::reference(const OdString& block, const OdGePoint3d& position, double scale, double angleRad) {
   writer_.begin("INSERT", source_);
   writer_.name("INSERT", 2, block.toUtf8Lossless());
-  point(10, place);
+  point(10, position);
   for (int code = 41; code <= 43 && scale != 1; ++code)
     sink().real(code, scale);
   if (angleRad != 0)
@@ -150,13 +150,13 @@ std::size_t R12Drawing::lines(const OdDbMText& text) {
   double below = -height + (row == 0 ? 0 : row == 1 ? total / 2 : total);
   std::size_t written = 0;
   for (const OdString& words : broken) {
-    const OdGePoint3d place = plane * (text.location() + up * below);
+    const OdGePoint3d position = plane * (text.location() + up * below);
     below -= step;
     if (words.isEmpty())
       continue;
     ++written;
     writer_.begin("TEXT", source_);
-    point(10, place);
+    point(10, position);
     sink().real(40, height);
     writer_.text(1, words);
     sink().real(50, toDegrees(text.rotation()));
@@ -164,7 +164,7 @@ std::size_t R12Drawing::lines(const OdDbMText& text) {
       writer_.name("TEXT", 7, style->getName().toUtf8Lossless());
     if (column != 0) {
       sink().integer(72, column);
-      point(11, place);
+      point(11, position);
     }
     normal(text.normal());
   }

@@ -19,7 +19,7 @@ public:
   void polyline(const OdDbPolyline& polyline);                        // in its plane
   void face(const std::vector<OdGePoint3d>& corners);                 // three or four
   void solid(const Trapezoid& corners, double elevation, const OdGeVector3d& normal);
-  void reference(const OdString& block, const OdGePoint3d& place, double scale, double angleRad = 0);
+  void reference(const OdString& block, const OdGePoint3d& position, double scale, double angleRad = 0);
   std::size_t lines(const OdDbMText& text); // one TEXT each; how many there are
 
   double reach() const; // the length of the drawing's diagonal

@@ -258,10 +258,10 @@ Substitute ownBlock(const Source& source) {
   if (name == source.groups.size())
     return nothing();
   const bool isTable = source.entity.dxfName() == "ACAD_TABLE";
-  const OdGePoint3d place = isTable ? rawPoint(source.groups, 10) : OdGePoint3d();
+  const OdGePoint3d position = isTable ? rawPoint(source.groups, 10) : OdGePoint3d();
   const OdGePoint3d along = rawPoint(source.groups, 11);
   const double rotationRad = isTable ? std::atan2(along.y, along.x) : 0;
-  source.draw.reference(source.groups.stringOf(source.groups[name]), place, 1, rotationRad);
+  source.draw.reference(source.groups.stringOf(source.groups[name]), position, 1, rotationRad);
   return about("it is written as a reference to its graphics block");
 }
 

@@ -65,10 +65,10 @@ GroupRun proxyGraphics(const drawing::GroupList* groups) {
     const int code = (*groups)[i].code;
     if ((code != kLength && code != kLongLength) || (*groups)[i + 1].code != kBytes)
       continue;
-    std::size_t behind = i + 1;
-    while (behind < end && (*groups)[behind].code == kBytes)
-      ++behind;
-    return {i, behind - i};
+    std::size_t next = i + 1;
+    while (next < end && (*groups)[next].code == kBytes)
+      ++next;
+    return {i, next - i};
   }
   return {};
 }

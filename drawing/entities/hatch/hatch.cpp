@@ -100,12 +100,12 @@ void OdDbHatch::setNormal(const OdGeVector3d& normal) {
     return;
   }
   // Behind the place, where files have it.
-  const std::size_t behind = std::min(groups_.find(30) + 1, groups_.size());
+  const std::size_t split = std::min(groups_.find(30) + 1, groups_.size());
   GroupList all;
-  all.append(groups_, 0, behind);
+  all.append(groups_, 0, split);
   for (int i = 0; i < 3; ++i)
     all.real(210 + 10 * i, values[i]);
-  all.append(groups_, behind, groups_.size() - behind);
+  all.append(groups_, split, groups_.size() - split);
   groups_ = std::move(all);
 }
 

@@ -111,12 +111,12 @@ void scaleColumns(GroupList& rest, const OdGeMatrix3d& matrix, double scale) {
     return;
   // The object of newer files repeats direction and place, and then has nothing but lengths.
   OdGeVector3d direction(1, 0, 0);
-  OdGePoint3d place;
+  OdGePoint3d position;
   getTriple(rest, embedded, 10, direction);
-  getTriple(rest, embedded, 11, place);
+  getTriple(rest, embedded, 11, position);
   if (!isTranslation(matrix))
     putTriple(rest, embedded, 10, (matrix * direction).normal(), OdGeVector3d(1, 0, 0));
-  putTriple(rest, embedded, 11, matrix * place, OdGePoint3d());
+  putTriple(rest, embedded, 11, matrix * position, OdGePoint3d());
   for (std::size_t i = embedded; i < rest.size(); ++i) {
     if (rest[i].code >= 40 && rest[i].code <= 46 && rest[i].kind == GroupKind::kReal)
       rest.setReal(i, rest[i].real * scale);

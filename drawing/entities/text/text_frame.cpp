@@ -18,8 +18,8 @@ bool TextFrame::transform(const OdGeMatrix3d& matrix) {
     return false;
   const OdGeVector3d newNormal = across.normal();
   const OdGeVector3d base = along * (1.0 / width);
-  const OdGeVector3d upright = newNormal.crossProduct(base);
-  const double tall = up.dotProduct(upright);
+  const OdGeVector3d upward = newNormal.crossProduct(base);
+  const double tall = up.dotProduct(upward);
   const OdGeVector3d inPlane = OdGeMatrix3d::worldToPlane(newNormal) * base;
 
   // Moves and turns about the normal leave the letters as they are, to the last bit.

@@ -39,9 +39,9 @@ bool isGradient(const OdDbHatch& hatch) {
 // The first color of a gradient follows its first position.
 Color gradientColor(const OdDbHatch& hatch, Canvas& canvas) {
   const GroupList& groups = hatch.groups();
-  const std::size_t place = groups.find(463);
+  const std::size_t first = groups.find(463);
   OdCmColor color = {OdCmColor::kByLayer, OdCmColor::kNoTrueColor};
-  for (std::size_t i = place + 1; i < groups.size() && groups[i].code != 463; ++i) {
+  for (std::size_t i = first + 1; i < groups.size() && groups[i].code != 463; ++i) {
     if (groups[i].code == 63 && groups[i].kind != GroupKind::kUnparsed)
       color.index = static_cast<std::int16_t>(groups[i].integer);
     else if (groups[i].code == 421 && groups[i].kind != GroupKind::kUnparsed)

@@ -22,10 +22,10 @@ struct ColumnCodes {
 constexpr ColumnCodes kEmbedded{71, 72, 46, 44, 45}, kPlain{75, 76, 50, 48, 49};
 
 GroupList groupsAfterMarker(const GroupList& groups, bool& isEmbedded) {
-  const std::size_t mark = groups.find(101);
+  const std::size_t marker = groups.find(101);
   GroupList rest;
-  isEmbedded = mark < groups.size();
-  const std::size_t first = isEmbedded ? mark + 1 : 0;
+  isEmbedded = marker < groups.size();
+  const std::size_t first = isEmbedded ? marker + 1 : 0;
   rest.append(groups, first, groups.size() - first);
   return rest;
 }

@@ -56,7 +56,7 @@ public:
   // Whether questions on the command line are answered by a user; otherwise they are printed and closed without a
   // choice.
   void setInteractive(bool interactive) { interactive_ = interactive; }
-  bool asks() const { return interactive_; }
+  bool isInteractive() const { return interactive_; }
   static bool isQuestion(const MessageBox& box) { return box.buttons.size() > 1; } // whether there is a choice
 
 private:
