@@ -42,7 +42,7 @@ bool isServiceHeader(const std::string& path) {
   return startsWith(path, kHostHeaders) && path.find("/service", kHostHeaders.size()) != std::string::npos;
 }
 
-std::string refusalOfForeign(const std::string& from, const Include& include) {
+std::string refusalOutside(const std::string& from, const Include& include) {
   if (include.quoted)
     return "\"" + include.name + "\" names no file of the project";
   if (moduleOf(from) == "blockcommon" && include.name.find_first_of("./") != std::string::npos)
@@ -57,7 +57,7 @@ bool mayUseServices(const std::string& path) {
 void checkIncludes(const SourceTree& tree, const std::string& path, std::vector<Finding>& out) {
   for (const Include& include : includesOf(tree.at(path))) {
     const std::string target = resolveInclude(tree, path, include);
-    std::string why = target.empty() ? refusalOfForeign(path, include) : refusal(path, target);
+    std::string why = target.empty() ? refusalOutside(path, include) : refusal(path, target);
     if (why.empty() && !mayUseServices(path) && isServiceHeader(target))
       why = "only blockcommon/host includes service interfaces (" + target + ")";
     if (!why.empty())

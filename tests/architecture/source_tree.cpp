@@ -24,16 +24,16 @@ std::string textOf(const fs::path& path) {
 }
 
 // What is left of the line behind blanks and that word; nothing when that does not stand there.
-std::string_view behind(std::string_view line, std::string_view word) {
+std::string_view after(std::string_view line, std::string_view word) {
   line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
   return startsWith(line, word) ? line.substr(word.size()) : std::string_view();
 }
 
 // The include on this line; an empty name when there is none.
 Include includeOn(std::string_view line, int number) {
-  const std::string_view named = behind(behind(line, "#"), "include");
-  const bool quoted = !behind(named, "\"").empty();
-  const std::string_view name = behind(named, quoted ? "\"" : "<");
+  const std::string_view named = after(after(line, "#"), "include");
+  const bool quoted = !after(named, "\"").empty();
+  const std::string_view name = after(named, quoted ? "\"" : "<");
   const std::size_t end = name.find(quoted ? '"' : '>');
   return end == std::string_view::npos ? Include{} : Include{std::string(name.substr(0, end)), quoted, number};
 }

@@ -71,7 +71,7 @@ protected:
 
 constexpr wchar_t kCancel[] = L"\x1b";
 
-TEST_F(Attributes, AreAskedForInTheseWords) {
+TEST_F(Attributes, PromptWithTheseTexts) {
   const wchar_t *const verified = L"V <d> : \n验证属性值\nV <1> : ", *const next = L"下一行或 <已完成>: ";
   const struct {
     const char* what;
@@ -143,7 +143,7 @@ TEST_F(Attributes, KeepWhatWasGivenBeforeACancelAtAnyQuestion) {
   }
 }
 
-TEST_F(Attributes, TakeTheirDefaultsFromAHostThatCannotAsk) {
+TEST_F(Attributes, TakeTheirDefaultsFromAHostThatCannotPrompt) {
   newBlock({{L"A", L"", L"a"}, {L"M", L"", L"m", kMulti | kVerify}});
   processAttributesForInsert(reference(), false);
   forWrite<OdDbAttribute>(attributes()[0])->setTextString(L"old");

@@ -9,7 +9,7 @@ using namespace tests;
 
 class BlockLookup : public OpenDocument {};
 
-TEST_F(BlockLookup, FindsLivingRecordsWithoutRegardToCase) {
+TEST_F(BlockLookup, FindsExistingRecordsWithoutRegardToCase) {
   const OdDbDatabasePtr other = OdDbDatabase::create();
   const OdDbObjectId door = addBlock(*database_, L"Door"), theirs = addBlock(*other, L"Door");
   OdDbObjectId id;

@@ -33,8 +33,8 @@ TEST_F(BlockReport, ListsOrdinaryBlocksInTableOrder) {
   blockUtils::getStatisticalCntsOfBT(list); // appends
   EXPECT_EQ(list->toText(), "[" + listed + "," + listed + "]");
   EXPECT_EQ(blockUtils::getStatisticalCntsOfBT()->GetDataCount(), 3);
-  const OdDbDatabasePtr aside = OdDbDatabase::create();
-  for (OdDbDatabase* working : {aside.get(), static_cast<OdDbDatabase*>(nullptr)}) {
+  const OdDbDatabasePtr separate = OdDbDatabase::create();
+  for (OdDbDatabase* working : {separate.get(), static_cast<OdDbDatabase*>(nullptr)}) {
     mvsi::mvsidbSetWorkingDatabase(working);
     MvJsonPtr none;
     blockUtils::getStatisticalCntsOfBT(none);

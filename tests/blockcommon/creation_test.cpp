@@ -120,7 +120,7 @@ TEST_F(Creation, RedefinesInPlace) {
   EXPECT_TRUE(forRead<OdDbBlockTableRecord>(block)->comments().isEmpty()); // an empty description clears the old one
 }
 
-TEST_F(Creation, LeavesOutWhatCannotMoveAndStopsAtWhatDoesNotOpen) {
+TEST_F(Creation, SkipsWhatCannotMoveAndStopsAtWhatDoesNotOpen) {
   const auto camera = addTo<OdDbOpaqueEntity>(database_->getModelSpaceId());
   camera->setDxfName("CAMERA");
   OdDbObjectIdArray ids{camera->objectId(), line({0, 0, 0}, {1, 0, 0})};

@@ -108,7 +108,7 @@ TEST_F(DocumentQueries, NameTheBlockOfAnId) {
   }
 }
 
-TEST_F(DocumentQueries, CountReferencesAsTheyComeAndGo) {
+TEST_F(DocumentQueries, CountReferencesAsTheyAreAddedAndErased) {
   const OdDbObjectId room = addBlock(*database_, L"Room");
   const OdDbObjectId inModule = addReference(*database_, door_, room), first = addReference(*database_, door_);
   addReference(*database_, room);
@@ -122,8 +122,8 @@ TEST_F(DocumentQueries, CountReferencesAsTheyComeAndGo) {
     EXPECT_EQ(getBlockReferenceCount(name), 0);
   EXPECT_EQ(getBlockReferenceCount(OdDbObjectId()), 0);
   EXPECT_THROW(getBlockReferenceCount(database_->getLayerZeroId()), OdError_NotThatKindOfClass);
-  const OdDbDatabasePtr aside = OdDbDatabase::create();
-  mvsi::mvsidbSetWorkingDatabase(aside.get());
+  const OdDbDatabasePtr separate = OdDbDatabase::create();
+  mvsi::mvsidbSetWorkingDatabase(separate.get());
   EXPECT_EQ(getBlockReferenceCount(L"Gate"), 0); // names are the working drawing's
 }
 
@@ -154,7 +154,7 @@ TEST_F(DocumentQueries, LookThroughAttributeDefinitions) {
   EXPECT_THROW(isCanEditAttributeBlock(database_->getLayerZeroId()), OdError_NotThatKindOfClass);
 }
 
-TEST_F(DocumentQueries, FindWhatHasToBeAsked) {
+TEST_F(DocumentQueries, FindAttributesThatNeedPrompts) {
   const OdDbObjectId plain = addBlock(*database_, L"Plain"), preset = addBlock(*database_, L"Preset");
   const OdDbObjectId constant = addDefinition(preset, false, true), presetTag = addDefinition(preset, false);
   forWrite<OdDbAttributeDefinition>(presetTag)->setPreset(true);

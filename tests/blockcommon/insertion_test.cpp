@@ -125,7 +125,7 @@ TEST_F(Insertion, ListsTheExternalReferencesThatAreThere) {
   EXPECT_EQ(host_.takeOutput(), L"");
 }
 
-TEST_F(Insertion, AsksDefinitionsWhatTheyAre) {
+TEST_F(Insertion, ReadsThePropertiesOfDefinitions) {
   const OdDbObjectId plain = addBlock(*database_, L"Plain"), uniform = addBlock(*database_, L"Uniform");
   const OdDbObjectId site = addBlock(*database_, L"Site"), tree = addBlock(*database_, L"Site|Tree");
   const OdDbObjectId gone = addBlock(*database_, L"A|B");

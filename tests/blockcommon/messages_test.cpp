@@ -97,7 +97,7 @@ TEST_F(Messages, KeepNamesAndNumbersAsTheyAre) {
   }
 }
 
-TEST_F(Messages, QuestionsAnswerTheButtonOrWhatAClosedBoxMeans) {
+TEST_F(Messages, QuestionsReturnTheButtonOrTheMeaningOfAClosedBox) {
   const auto ask = [] {
     return std::array{showBlockRedefineTips(L"A", 0), showBlockRedefineTips(L"A", 3), showSelectEntityTips()};
   };

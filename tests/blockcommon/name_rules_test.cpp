@@ -59,7 +59,7 @@ TEST(BlockName, TheFlagIsSetOnlyForNamesWithoutUtf8) {
   }
 }
 
-TEST(BlockName, InsertRulesHaveAFixedLimitAndLookAtTheFirstBlank) {
+TEST(BlockName, InsertRulesHaveAFixedLimitAndCheckTheFirstSpace) {
   const struct {
     OdString name;
     bool block, insert;

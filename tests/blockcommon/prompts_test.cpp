@@ -60,7 +60,7 @@ TEST(StringInput, EndsAtASpaceInScriptsUnlessSpacesAreAllowed) {
   }
 }
 
-TEST(Input, AsksEvenWhenArmingFailedButNotWithoutAService) {
+TEST(Input, PromptsEvenWhenArmingFailedButNotWithoutAService) {
   FaultyHost host;
   static wchar_t result[morvane::kMaxAnswerLength + 1];
   double point[3] = {};

@@ -61,7 +61,7 @@ CRefGraphNode* rootOf(CRefGraph& graph, OdDbObjectId id) {
   return graph.find(chain);
 }
 
-TEST_F(ReferenceGraph, FollowsPlainReferencesInTheirOrder) {
+TEST_F(ReferenceGraph, FollowsReferencesInTheirOrder) {
   const OdDbObjectId window = block(L"window"), room = block(L"room"), site = block(L"site"), top = block(L"top");
   makeDynamic(window);
   show(leaf_, window);

@@ -231,7 +231,7 @@ TEST_F(Selections, EraseUpToWhatDoesNotOpen) {
   expectSound(*database_);
 }
 
-TEST_F(Selections, ContentsOfBlocksComeInOrder) {
+TEST_F(Selections, ContentsOfBlocksAreIteratedInOrder) {
   const OdDbObjectId door = addBlock(*database_, L"Door");
   const OdDbObjectId first = addText(*database_, L"1", door), second = addText(*database_, L"2", door);
   const OdDbObjectId third = addReference(*database_, addBlock(*database_, L"Knob"), door);

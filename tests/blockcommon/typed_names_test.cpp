@@ -32,7 +32,7 @@ protected:
       addFile(root_ / "site" / name);
     host_.host().searchPath().setFolders({root_.string(), (root_ / "site").string()});
     host_.host().documents().open(database_);
-    mvsi::mvsidbSetWorkingDatabase(aside_.get()); // what is typed goes into the current drawing
+    mvsi::mvsidbSetWorkingDatabase(separate_.get()); // what is typed goes into the current drawing
     tests::addBlock(*database_, L"Door");
     tests::addBlock(*database_, L"P:\\site\\b1");
     addFlagged(L"Ext", 4);
@@ -65,7 +65,7 @@ protected:
   }
 
   OdString slashed_, fromRoot_; // the folder of the test without a drive
-  OdDbDatabasePtr database_ = OdDbDatabase::create(), aside_ = OdDbDatabase::create();
+  OdDbDatabasePtr database_ = OdDbDatabase::create(), separate_ = OdDbDatabase::create();
   tests::BoxWatch boxes_{host_};
 };
 

@@ -127,7 +127,7 @@ TEST_F(WriteBlock, FolderOfTheLastFileIsRemembered) {
   }
 }
 
-TEST_F(WriteBlock, FormatIsStoredOnceItWasAskedFor) {
+TEST_F(WriteBlock, FormatIsStoredOnceRequested) {
   OdDb::SaveType type = OdDb::kSaveDxf;
   OdDb::DwgVersion version = OdDb::kRelease12;
   registerFun::SetBlockFormatIndex(type, version);

@@ -43,7 +43,7 @@ std::vector<Wrapper> allWrappers() {
   };
 }
 
-TEST(ServiceAccess, MissingServicesAnswerAnErrorAndSayNothing) {
+TEST(ServiceAccess, MissingServicesReturnAnErrorAndPrintNothing) {
   for (const Wrapper& wrapper : allWrappers()) // nor is there a host
     EXPECT_EQ(wrapper.call(), RTERROR) << wrapper.name;
   ScriptedHost host({L"answer"});

@@ -129,17 +129,17 @@ TEST(BlockObjects, AreFilteredAndOrdered) {
 // Two references to the next definition in each of many: the way back is found without walking all ways.
 TEST(Selection, ExcludesTheViewportOfTheLayoutItself) {
   TestSession console;
-  const OdDbObjectId sheet = console.database().getPaperSpaceId(), space = console.database().getModelSpaceId();
-  for (const OdDbObjectId block : {sheet, space}) {
+  const OdDbObjectId layout = console.database().getPaperSpaceId(), space = console.database().getModelSpaceId();
+  for (const OdDbObjectId block : {layout, space}) {
     tests::addText(console.database(), L"x", block);
     for (int number = 0; number < 2; ++number)
       tests::forWrite<OdDbBlockTableRecord>(block)->appendEntity(OdDbViewport::createObject());
   }
-  EXPECT_EQ(console::pickableObjects(sheet).length(), 2);
+  EXPECT_EQ(console::pickableObjects(layout).length(), 2);
   EXPECT_EQ(console::pickableObjects(space).length(), 3);
 }
 
-TEST(BlockChain, OfSharedDefinitionsIsFoundInOneWalk) {
+TEST(BlockChain, OfSharedDefinitionsIsFoundInOneTraversal) {
   TestSession console;
   OdDbDatabase& database = console.database();
   const OdDbObjectId wanted = tests::addBlock(database, L"door");

@@ -42,7 +42,7 @@ TEST(Boxes, AreDistinguishedWithTheirParameters) {
 }
 
 // A definition that is there: without an answer the question is a refusal, and the answers behind it are not taken.
-TEST(Boxes, QuestionsAreRefusedWhereNothingMayBeAsked) {
+TEST(Boxes, QuestionsAreRefusedWithoutInteraction) {
   const char* const kScript = "LINE 0,0 1,0\n\nBLOCK part 0,0 All\n\nKeep\nBLOCK part\nLIST\n";
   const Outcome run = runMorvane({"--no-prompt", "-c", kScript});
   EXPECT_EQ(run.status, 1);

@@ -128,7 +128,7 @@ TEST(Insert, OfAListSharesNestedBlocksThatAreTheSame) {
 constexpr char kTagged[] =
     "ATTDEF NO Number\n7\n0,0\n1\nATTDEF NO Again\n8\n0,2\n1\nATTDEF SET\n\npre\nModes Preset\n\n0,4\n1\n";
 
-TEST(Insert, TakesValuesByTagAndAsksForTheRest) {
+TEST(Insert, TakesValuesByTagAndPromptsForTheRest) {
   const Scratch scratch;
   const std::string part = drawn(scratch, "part.dxf", kTagged),
                     target = drawn(scratch, "target.dxf", "LINE 0,0 1,0\n\n");
@@ -174,7 +174,7 @@ std::vector<OdString> linesOf(const std::string& script) {
 }
 
 // One answer in a line makes the same drawing typed and in a script; cut off anywhere, nothing of the insertion.
-TEST(Insert, AsksTheSameWhereverTheAnswersComeFrom) {
+TEST(Insert, PromptsTheSameForEveryInputSource) {
   const std::string script = replaced(readFile("tests/console/transcripts/insert-attributes.scr"), "\r", "");
   const std::string commands = script.substr(script.find('\n') + 1);
   std::string entered;

@@ -188,7 +188,7 @@ TEST(WblockCommand, DeletesOnlyWhatItHasWritten) {
   }
 }
 
-TEST(WblockCommand, TurnsWithTheUcsWhateverLayerIsLocked) {
+TEST(WblockCommand, RotatesWithTheUcsWhateverLayerIsLocked) {
   const Scratch scratch;
   const OdDbDatabasePtr plan = OdDbDatabase::create();
   const OdDbObjectId layer = addLayer(*plan, L"walls");

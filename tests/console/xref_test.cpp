@@ -153,7 +153,7 @@ TEST_F(XrefCommand, AnEditedBlockIsWhatCommandsWorkOn) {
   EXPECT_EQ(session_.objects().size(), 3u);
 }
 
-TEST_F(XrefCommand, ForeignContentsAreNotEdited) {
+TEST_F(XrefCommand, ContentsOfLayoutsAndXrefsAreNotEdited) {
   OdDbDatabase& database = session_.database();
   attach("site.dxf");
   addBlock(database, L"*U");

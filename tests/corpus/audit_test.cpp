@@ -31,7 +31,7 @@ TEST(Audit, RepairedDrawingsAreSoundAndPurgingThemIsStable) {
   EXPECT_GT(repaired, 300u);
 }
 
-TEST(Reading, AccountsForEveryRecord) {
+TEST(Reading, CountsEveryRecord) {
   const std::initializer_list<const char*> drops = {"dxf.outside-section",       "dxf.outside-block",
                                                     "dxf.record-in-header",      "dxf.record-outside-table",
                                                     "dxf.wrong-record-in-table", "dxf.stray-sequence-end"};

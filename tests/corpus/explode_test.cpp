@@ -16,7 +16,7 @@ bool isInside(const OdGeExtents3d& inner, const OdGeExtents3d& outer) {
 }
 
 TEST(Explode, EveryReferenceIsExplodedOrUnchanged) {
-  std::size_t apart = 0, refused = 0;
+  std::size_t explodedCount = 0, refused = 0;
   corpus::forEachDrawing([&](const std::string&, const drawing::ReadResult& read) {
     for (OdDbObjectId id : read.database->allIds()) {
       OdGeExtents3d shown;
@@ -30,7 +30,7 @@ TEST(Explode, EveryReferenceIsExplodedOrUnchanged) {
       const drawing::Exploded exploded = drawing::explodeReference(id, options);
       const bool whole = exploded.refusal != drawing::ExplodeRefusal::kNone;
       EXPECT_EQ(id.isErased(), !whole) << id.getHandle().ascii();
-      ++(whole ? refused : apart);
+      ++(whole ? refused : explodedCount);
       for (const OdDbObjectId made : exploded.made) {
         OdGeExtents3d box;
         const OdDbEntityPtr entity = made.safeOpenObject();
@@ -39,9 +39,9 @@ TEST(Explode, EveryReferenceIsExplodedOrUnchanged) {
       }
     }
   });
-  EXPECT_GE(apart, 530U);
+  EXPECT_GE(explodedCount, 530U);
   EXPECT_LE(refused, 1U);
-  std::cout << apart << " taken apart, " << refused << " stayed\n";
+  std::cout << explodedCount << " taken apart, " << refused << " stayed\n";
 }
 
 } // namespace

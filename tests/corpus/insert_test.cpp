@@ -19,7 +19,7 @@ std::vector<OdRxClass*> kindsIn(OdDbObjectId block) {
   return kinds;
 }
 
-TEST(Insert, EveryDrawingIsTheBlockThatItShows) {
+TEST(Insert, EveryDrawingIsTheBlockInItsModelSpace) {
   std::size_t inserted = 0;
   corpus::forEachDrawing([&](const std::string&, const drawing::ReadResult& read) {
     const OdDbDatabasePtr source = read.database, target = OdDbDatabase::create();

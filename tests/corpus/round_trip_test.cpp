@@ -40,7 +40,7 @@ std::vector<File> files() {
 }
 
 // Dump equality after a write and a read, in both forms of files. Files of R12 number entities alone.
-void expectComesBack(const OdDbDatabase& database) {
+void expectRoundTrip(const OdDbDatabase& database) {
   const auto dumpForm = database.fileInfo().version < OdDb::kRelease13 ? drawing::DumpForm::kWithoutHandles
                                                                        : drawing::DumpForm::kWithHandles;
   const std::string dump = drawing::canonicalDump(database, dumpForm);
@@ -61,7 +61,7 @@ TEST(RoundTrip, SoundDrawingsRoundTripAndOthersAreRefusedWithAReason) {
     if (read.database.isNull())
       EXPECT_TRUE(!file.isSound && read.message.starts_with(file.path)) << read.message;
     else
-      expectComesBack(*read.database);
+      expectRoundTrip(*read.database);
   }
 }
 
@@ -103,7 +103,7 @@ TEST(RoundTrip, OtherVersionsAreSoundAndStable) {
         for (const drawing::Issue& issue : again.report.issues())
           EXPECT_TRUE(isNothingWrong(issue)) << drawing::describe(issue);
       }
-      expectComesBack(*again.database);
+      expectRoundTrip(*again.database);
       if (options.version >= read.database->fileInfo().version) {
         EXPECT_EQ(written.report.outcome(), drawing::Outcome::kWhole) << drawing::describe(written.report.issues()[0]);
       }

@@ -32,7 +32,7 @@ OdDbEntityPtr entityOf(OdDbObjectId id) {
 }
 
 // What takes the matrix goes where it leads, perhaps as another kind, and back again. False when it says no.
-bool goesAndComesBack(OdDbObjectId id, const std::string& where, const OdGeMatrix3d& matrix) {
+bool isRestoredByInverse(OdDbObjectId id, const std::string& where, const OdGeMatrix3d& matrix) {
   OdGeExtents3d before, after, back;
   const bool sized = entityOf(id)->getGeomExtents(before) == eOk && before.isValidExtents();
   if (entityOf(id)->transformBy(matrix) != eOk)
@@ -62,7 +62,7 @@ void forAllEntities(Check check) {
 
 TEST(Transform, InverseMatrixRestoresEveryEntity) {
   forAllEntities([](OdDbObjectId id, const std::string& kind, const std::string& where) {
-    const bool went = goesAndComesBack(id, where, boxToBox(kind == "ACAD_TABLE" ? 1 : 2));
+    const bool went = isRestoredByInverse(id, where, boxToBox(kind == "ACAD_TABLE" ? 1 : 2));
     EXPECT_TRUE(went || kMayRefuse.count(kind) > 0) << where;
   });
 }
@@ -70,7 +70,8 @@ TEST(Transform, InverseMatrixRestoresEveryEntity) {
 // Boxes stay boxes here, too: whoever says yes must have stretched what it draws.
 TEST(Transform, WhatIsStretchedIsAsLargeAsItShouldBe) {
   forAllEntities([](OdDbObjectId id, const std::string& kind, const std::string& where) {
-    const bool went = goesAndComesBack(id, where, OdGeMatrix3d::scaling(OdGeScale3d(2, 0.5, 1), OdGePoint3d(1, 2, 3)));
+    const bool went =
+        isRestoredByInverse(id, where, OdGeMatrix3d::scaling(OdGeScale3d(2, 0.5, 1), OdGePoint3d(1, 2, 3)));
     const bool must = kind == "LINE" || kind == "CIRCLE" || kind == "ARC" || kind == "ELLIPSE" || kind == "SPLINE";
     EXPECT_TRUE(went || !must) << where;
   });

@@ -96,7 +96,7 @@ void expectUsedRecords(OdDbDatabase& one, OdDbDatabase& other) {
   }
 }
 
-TEST(Wblock, ModelSpaceAndWholeDrawingsComeOutAsTheyAre) {
+TEST(Wblock, ModelSpaceAndWholeDrawingsAreWrittenUnchanged) {
   corpus::forEachDrawing([](const std::string&, const drawing::ReadResult& read) {
     const OdDbDatabasePtr& source = read.database;
     const bool isSound = drawing::auditDrawing(*source).issues().empty();

@@ -40,17 +40,17 @@ protected:
 };
 
 TEST_F(OpenDrawing, WorkingDatabaseFollowsTheCurrentDocumentUnlessSeparate) {
-  const OdDbDatabasePtr second = OdDbDatabase::create(), aside = OdDbDatabase::create();
+  const OdDbDatabasePtr second = OdDbDatabase::create(), separate = OdDbDatabase::create();
   mvsi::MvsiApDocument* other = documents_.open(second);
   EXPECT_EQ(mvsi::mvsidbWorkingDatabase(), second.get());
-  mvsi::mvsidbSetWorkingDatabase(aside);
-  EXPECT_EQ(mvsi::mvsidbWorkingDatabase(), aside.get());
+  mvsi::mvsidbSetWorkingDatabase(separate);
+  EXPECT_EQ(mvsi::mvsidbWorkingDatabase(), separate.get());
   mvsi::mvsidbSetWorkingDatabase(nullptr);
   EXPECT_EQ(mvsi::mvsidbWorkingDatabase(), nullptr);
   mvsi::mvsidbSetWorkingDatabase(second);
   EXPECT_TRUE(documents_.setCurrent(document_));
   EXPECT_EQ(mvsi::mvsidbWorkingDatabase(), database_.get());
-  mvsi::mvsidbSetWorkingDatabase(aside);
+  mvsi::mvsidbSetWorkingDatabase(separate);
   EXPECT_TRUE(documents_.setCurrent(other)); // together again
   EXPECT_EQ(mvsi::mvsidbWorkingDatabase(), second.get());
   EXPECT_TRUE(documents_.close(other));
@@ -303,12 +303,12 @@ TEST_F(Selection, LockedLayersAreSeenAndSet) {
   EXPECT_FALSE(LayerTools::isLayerLocked(layer));
 }
 
-TEST_F(Selection, IsBroughtIntoDrawOrderBlockByBlock) {
+TEST_F(Selection, IsSortedIntoDrawOrderBlockByBlock) {
   const OdDbObjectId third = addText(*database_, L"3"), layer = database_->getLayerZeroId();
-  const OdDbObjectId sheet = addText(*database_, L"sheet", database_->getPaperSpaceId());
-  OdDbObjectIdArray ids{layer, third, sheet, second_, first_, OdDbObjectId()};
+  const OdDbObjectId layout = addText(*database_, L"sheet", database_->getPaperSpaceId());
+  OdDbObjectIdArray ids{layer, third, layout, second_, first_, OdDbObjectId()};
   qzutads::sortAarryByDrawOrder(ids);
-  EXPECT_EQ(ids, (OdDbObjectIdArray{first_, second_, third, sheet, layer, OdDbObjectId()}));
+  EXPECT_EQ(ids, (OdDbObjectIdArray{first_, second_, third, layout, layer, OdDbObjectId()}));
   ids.clear();
   qzutads::sortAarryByDrawOrder(ids);
   EXPECT_TRUE(ids.isEmpty());

@@ -41,7 +41,7 @@ OdGePoint3d promptPoint(int code = RTNORM) {
   return {point[0], point[1], point[2]};
 }
 
-TEST(Keywords, MatchByCapitalsAndAnswerGlobalNames) {
+TEST(Keywords, MatchByCapitalsAndReturnGlobalNames) {
   const wchar_t* const none = nullptr; // no match, so free text
   const struct {
     const wchar_t* list;
@@ -201,13 +201,13 @@ TEST(Points, AreReadInTheUcs) {
   }
 }
 
-TEST(Points, RefuseOtherTextAndAskAgain) {
+TEST(Points, RefuseOtherTextAndPromptAgain) {
   ScriptedHost host({L"1", L"1,2,3,4", L",", L"1,inf", L"a<5", L"1<", L"@@1,2", L"1e308<0,1e999", L"5,6"});
   EXPECT_EQ(promptPoint().x, 5);
   EXPECT_EQ(host.takeOutput().str().substr(0, 20), L"\nPoint: \nNot a point");
 }
 
-TEST(Points, KeywordsAndFreeTextComeThrough) {
+TEST(Points, KeywordsAndFreeTextAreForwarded) {
   ScriptedHost host({L"u", L"word", L"1,1"});
   const std::tuple<int, int, const wchar_t*> words[] = {{0, 16, L"Undo"}, {128, 3, L"wo"}}; // flags, room, what is left
   for (const auto& [flags, capacity, word] : words) {

@@ -184,7 +184,7 @@ TEST_F(CloneBetween, NeverReplacesASpace) {
   expectRoundTrip(*target_);
 }
 
-TEST_F(CloneBetween, AnswersWhyNothingWasCloned) {
+TEST_F(CloneBetween, ReturnsWhyNothingWasCloned) {
   const OdDbObjectIdArray none{OdDbObjectId()}, erased{addLine(*source_, {0, 0, 0}, {1, 0, 0})},
       foreign{addLine(*target_, {0, 0, 0}, {1, 0, 0})};
   erased[0].safeOpenObject(OdDb::kForWrite)->erase();

@@ -134,7 +134,7 @@ TEST(Insert, RefusesWhatIsNoOrdinaryBlock) {
 
 // -- References to a block. --
 
-TEST(BlockReferences, AreListedWithoutAWalkThroughTheDrawing) {
+TEST(BlockReferences, AreListedWithoutTraversingTheDrawing) {
   const OdDbDatabasePtr database = OdDbDatabase::create();
   constexpr int kBlocks = 300;
   OdDbObjectIdArray blocks, references;

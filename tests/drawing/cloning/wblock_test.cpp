@@ -92,7 +92,7 @@ TEST_F(Wblock, ADynamicBlockStaysOneAndARefilledOneFollowsItsFile) {
   expectUndoRestores(*target, [&] { target->insert(L"b", plain.get()); });
 }
 
-TEST_F(Wblock, ObjectsComeInTheirOrderAndAssociationsWholeOrNotAtAll) {
+TEST_F(Wblock, ObjectsKeepTheirOrderAndAssociationsAreWholeOrAbsent) {
   const OdDbObjectId line = addText(*source, L"line"), dimension = addText(*source, L"dimension"),
                      reference = addReference(*source, door);
   const OdDbDimAssocPtr association = OdDbDimAssoc::createObject();

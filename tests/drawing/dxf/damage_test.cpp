@@ -169,7 +169,7 @@ TEST(Damage, OddFilesAreReadWhole) {
   EXPECT_EQ(readWell(drawn(line(""), "AC1050")).database->fileInfo().version, OdDb::kRelease2018);
 }
 
-TEST(Damage, NamesWithoutObjectsAreKept) {
+TEST(Damage, NamesWithoutObjectsArePreserved) {
   const ReadResult read = readWell(dxf(
       section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n3|first\n3|\n3|second\n350|C1\n3|last\n"
                          "0|DICTIONARY\n5|C1\n330|C\n100|AcDbDictionary\n281|1\n")));

@@ -93,7 +93,7 @@ TEST_F(Files, ReplacesTheTargetOfALink) {
   EXPECT_EQ(replaceFile(folder + "/loop", writing("x")).error, ELOOP);
 }
 
-TEST_F(Files, RefusesExistingEvenWhenItComesLate) {
+TEST_F(Files, RefusesExistingEvenWhenCreatedMeanwhile) {
   put(path, "old");
   const ReplaceOptions once{.refuseExisting = true};
   const FileError error = replaceFile(path, writing("new"), once);
@@ -101,11 +101,11 @@ TEST_F(Files, RefusesExistingEvenWhenItComesLate) {
   EXPECT_EQ(error.text, "Cannot write " + path + ": File exists");
 
   const std::string late = folder + "/late";
-  const auto comesLate = [&](FileSink&) {
+  const auto isCreatedLate = [&](FileSink&) {
     put(late, "theirs");
     return FileError();
   };
-  EXPECT_EQ(replaceFile(late, comesLate, once).error, EEXIST);
+  EXPECT_EQ(replaceFile(late, isCreatedLate, once).error, EEXIST);
   EXPECT_EQ(get(late), "theirs");
   EXPECT_TRUE(replaceFile(folder + "/third", writing("new"), once).ok());
   EXPECT_EQ(names(), (Names{"plan.dxf", "late", "third"}));
@@ -246,7 +246,7 @@ TEST_F(Files, ReadsNoMoreThanAllowed) {
   }
 }
 
-TEST_F(Files, LocksAreSeenByOthers) {
+TEST_F(Files, LocksAreSeenByOtherProcesses) {
   FileOperations& files = fileOperations();
   FileHandle one, other;
   ASSERT_TRUE(files.open(path, FileOpen::kCreate, one).ok());

@@ -130,7 +130,7 @@ TEST(Texts, AreAnchoredByTheirJustification) {
   }
 }
 
-TEST(Texts, AreAsWideAsTheirFactorsSay) {
+TEST(Texts, AreAsWideAsTheirFactors) {
   const auto width = [](const std::string& properties) {
     const OdGeExtents3d extents = extentsOf("0|TEXT 8|0 10|0 20|0 40|10 1|HHHH " + properties);
     return extents.maxPoint().x - extents.minPoint().x;

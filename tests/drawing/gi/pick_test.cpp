@@ -70,7 +70,7 @@ TEST_F(Pick, AFenceTakesWhatItCrosses) {
 }
 
 // References are taken by what they show; what does not show is not taken.
-TEST_F(Pick, SeesWhatShows) {
+TEST_F(Pick, ChecksOnlyVisibleEntities) {
   const OdDbObjectId block = tests::addBlock(*database_, L"part"), hidden = tests::addLayer(*database_, L"hidden");
   line({0, 0, 0}, {1, 1, 0}, block);
   const OdDbObjectId reference = tests::addReference(*database_, block);

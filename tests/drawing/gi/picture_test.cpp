@@ -228,7 +228,7 @@ TEST(Picture, ReportsWhatIsNotDrawn) {
   EXPECT_TRUE(drawing::Picture(OdDbObjectId()).report().isEmpty);
 }
 
-TEST(Picture, ComesInEveryForm) {
+TEST(Picture, IsReadInEveryForm) {
   const OdDbDatabasePtr database = drawingOf(square(0, 0, "62|1"));
   const drawing::Picture picture(database->getModelSpaceId(), {.width = 61, .height = 37, .window = {}});
   const std::string png = picture.png(), svg = picture.svg();

@@ -93,7 +93,7 @@ TEST(Versions, ADrawingsOwnVersionKeepsWhatCameInIt) {
   EXPECT_TRUE(own.losses.issues().empty());
 }
 
-TEST(Versions, BodiesThatAnEarlierVersionCannotReadAreLeftOutWithAllThatHangsOnThem) {
+TEST(Versions, BodiesThatAVersionLacksAreOmittedWithTheirDependents) {
   const OdDbDatabasePtr database = readOf(
       section("ENTITIES",
               "0|3DSOLID\n5|A1\n102|{ACAD_XDICTIONARY\n360|A2\n102|}\n100|AcDbEntity\n8|0\n"
@@ -133,17 +133,17 @@ TEST(Versions, MultiLineAttributesAreStoredAsTheVersionHasThem) {
   forWrite<OdDbAttribute>(id)->setMTextAttribute(&lines);
   const std::string before = drawing::canonicalDump(*database);
 
-  const Written early = writeAs(*database, OdDb::kRelease2007);
-  EXPECT_EQ(early.bytes.find("101\nEmbedded Object"), std::string::npos);
-  EXPECT_NE(early.bytes.find("ACAD_MLATT"), std::string::npos);
+  const Written r12 = writeAs(*database, OdDb::kRelease2007);
+  EXPECT_EQ(r12.bytes.find("101\nEmbedded Object"), std::string::npos);
+  EXPECT_NE(r12.bytes.find("ACAD_MLATT"), std::string::npos);
   EXPECT_EQ(drawing::canonicalDump(*database), before); // the drawing itself stays
-  const ReadResult read = drawing::readDrawingFromMemory(early.bytes);
+  const ReadResult read = drawing::readDrawingFromMemory(r12.bytes);
   expectRoundTrip(*read.database);
 
   const Written late = writeAs(*read.database, OdDb::kRelease2018);
   EXPECT_NE(late.bytes.find("101\nEmbedded Object"), std::string::npos);
   EXPECT_EQ(late.bytes.find("ACAD_MLATT"), std::string::npos);
-  for (const std::string& bytes : {early.bytes, late.bytes}) {
+  for (const std::string& bytes : {r12.bytes, late.bytes}) {
     const ReadResult again = drawing::readDrawingFromMemory(bytes);
     const auto attribute = forRead<OdDbAttribute>(again.database->objectIdOf(id.getHandle()));
     ASSERT_TRUE(attribute->isMTextAttribute());
@@ -309,13 +309,13 @@ TEST(R12, ViewportsKeepTheirView) {
                               "40|10\n41|8\n68|2\n69|2\n" +
                                   view),
       "AC1015");
-  const ReadResult early = throughR12(*database);
-  const std::string again = writeAs(*early.database, OdDb::kRelease2000).bytes;
+  const ReadResult r12 = throughR12(*database);
+  const std::string again = writeAs(*r12.database, OdDb::kRelease2000).bytes;
   for (const char* part : {" 12\n7.0\n 22\n8.0\n", " 17\n1.0\n 27\n2.0\n 37\n3.0\n", " 45\n12.5\n", " 51\n90.0\n",
                            " 72\n100\n331\n", " 90\n32\n"})
     EXPECT_NE(again.find(part), std::string::npos) << part;
-  EXPECT_EQ(drawing::canonicalDump(*early.database, drawing::DumpForm::kWithoutHandles),
-            drawing::canonicalDump(*throughR12(*early.database).database, drawing::DumpForm::kWithoutHandles));
+  EXPECT_EQ(drawing::canonicalDump(*r12.database, drawing::DumpForm::kWithoutHandles),
+            drawing::canonicalDump(*throughR12(*r12.database).database, drawing::DumpForm::kWithoutHandles));
 }
 
 } // namespace

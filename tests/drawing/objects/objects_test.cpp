@@ -158,7 +158,7 @@ TEST_P(ObjectKinds, HaveThePropertiesOfTheFileAndRoundTrip) {
 }
 
 // Into another drawing: names stay, what they refer to comes along.
-TEST_P(ObjectKinds, AnswerTheSameInAnotherDrawing) {
+TEST_P(ObjectKinds, HaveTheSamePropertiesInAnotherDrawing) {
   const OdDbDatabasePtr database = drawingWith(GetParam().name, GetParam().lines);
   const OdDbDatabasePtr other = skewedDrawing();
   const auto root = forWrite<OdDbDictionary>(other->getNamedObjectsDictionaryId());

@@ -77,10 +77,10 @@ protected:
     EXPECT_EQ(firstDifference(before, drawing::canonicalDump(*files_["SITE.dxf"])), "");
     expectSound(*host_);
     expectRoundTrip(*host_);
-    std::string leftOut;
+    std::string omitted;
     for (const OdString& name : answer.omittedOverlays)
-      leftOut += name.toUtf8();
-    return leftOut;
+      omitted += name.toUtf8();
+    return omitted;
   }
 
   OdDbDatabasePtr host_ = OdDbDatabase::create();
