@@ -126,11 +126,11 @@ std::optional<Status> understand(verbs::OptionTable& table, const std::vector<st
                             : void(std::fputs(text.c_str(), stderr));
   };
   const verbs::ParsedLine line = verbs::parseOptions(table, arguments);
-  if (line.kind == verbs::ParsedLine::Kind::Help) {
+  if (line.kind == verbs::ParsedLine::Kind::kHelp) {
     environment.results ? environment.results(OdString::fromUtf8(line.text)) : void(std::cout << line.text);
     return Status::kDone;
   }
-  if (line.kind == verbs::ParsedLine::Kind::Wrong) {
+  if (line.kind == verbs::ParsedLine::Kind::kWrong) {
     complain("morvane: " + line.text + "\n");
     return Status::kUsage;
   }

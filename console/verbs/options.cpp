@@ -133,11 +133,11 @@ ParsedLine parseOptions(OptionTable& program, const std::vector<std::string>& ar
   try {
     line.parse(arguments);
   } catch (const CLI::Success& success) { // help or version
-    return {ParsedLine::Kind::Help, line.helpText(success)};
+    return {ParsedLine::Kind::kHelp, line.helpText(success)};
   } catch (const CLI::Error& error) {
-    return {ParsedLine::Kind::Wrong, error.what()};
+    return {ParsedLine::Kind::kWrong, error.what()};
   } catch (const std::out_of_range&) { // which the parser lets through for the number of a negated flag
-    return {ParsedLine::Kind::Wrong, "The number given to a flag is too large"};
+    return {ParsedLine::Kind::kWrong, "The number given to a flag is too large"};
   }
   return {};
 }

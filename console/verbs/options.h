@@ -65,8 +65,8 @@ private:
 };
 
 struct ParsedLine {
-  enum class Kind { Ready, Help, Wrong };
-  Kind kind = Kind::Ready;
+  enum class Kind { kReady, kHelp, kWrong };
+  Kind kind = Kind::kReady;
   std::string text; // the help or the version as it is printed; what is wrong, without a line end
 };
 
