@@ -6,7 +6,7 @@
 #include "console/messages/catalog/reading.h"
 #include "console/messages/catalog/session.h"
 #include "console/messages/catalog/usage.h"
-#include "console/verbs/verb.h"
+#include "console/subcommands/subcommand.h"
 
 #include <cctype>
 #include <charconv>
@@ -17,7 +17,7 @@
 namespace console {
 namespace {
 
-using SubcommandList = std::vector<std::unique_ptr<verbs::Subcommand>>;
+using SubcommandList = std::vector<std::unique_ptr<subcommands::Subcommand>>;
 
 constexpr char kVersion[] = "morvane " MORVANE_VERSION;
 
@@ -57,12 +57,12 @@ std::uint64_t bytesOf(std::string_view text) {
 void checkReading(Options& options) {
   const std::string& encoding = options.reading.encoding;
   if (!encoding.empty() && !drawing::isKnownEncoding(encoding))
-    verbs::refuseUsage(msg::kBadEncoding, "--encoding", encoding);
+    subcommands::refuseUsage(msg::kBadEncoding, "--encoding", encoding);
   if (options.maxMemory.empty())
     return;
   options.reading.budget.bytes = bytesOf(options.maxMemory);
   if (options.reading.budget.bytes == 0)
-    verbs::refuseUsage(msg::kBadMemory, "--max-memory", options.maxMemory);
+    subcommands::refuseUsage(msg::kBadMemory, "--max-memory", options.maxMemory);
 }
 
 // The answers of the session. False when the script cannot be read.
@@ -102,8 +102,8 @@ Status runSession(Session& session, const Options& options, std::istream* given)
   return entered ? Status::kDone : session.status();
 }
 
-verbs::OptionTable programTable(Options& options) {
-  verbs::OptionTable table("morvane", "Edits drawings: commands at a prompt, scripts, and single jobs.");
+subcommands::OptionTable programTable(Options& options) {
+  subcommands::OptionTable table("morvane", "Edits drawings: commands at a prompt, scripts, and single jobs.");
   table.add("drawing", options.drawing, "Drawing to open").withoutSubcommand();
   table.add("-c,--command", options.commands, "Commands to run, in the syntax of a script");
   table.add("-f,--file", options.script, "Script to run").excludes("-c");
@@ -119,18 +119,19 @@ verbs::OptionTable programTable(Options& options) {
 }
 
 // The exit status when there is nothing to run.
-std::optional<Status> understand(verbs::OptionTable& table, const std::vector<std::string>& arguments, Options& options,
-                                 const SubcommandList& subcommands, const ProgramEnvironment& environment) {
+std::optional<Status> understand(subcommands::OptionTable& table, const std::vector<std::string>& arguments,
+                                 Options& options, const SubcommandList& subcommands,
+                                 const ProgramEnvironment& environment) {
   const auto complain = [&](const std::string& text) {
     environment.commandLine ? environment.commandLine(OdString::fromUtf8(text))
                             : void(std::fputs(text.c_str(), stderr));
   };
-  const verbs::ParsedLine line = verbs::parseOptions(table, arguments);
-  if (line.kind == verbs::ParsedLine::Kind::kHelp) {
+  const subcommands::ParsedLine line = subcommands::parseOptions(table, arguments);
+  if (line.kind == subcommands::ParsedLine::Kind::kHelp) {
     environment.results ? environment.results(OdString::fromUtf8(line.text)) : void(std::cout << line.text);
     return Status::kDone;
   }
-  if (line.kind == verbs::ParsedLine::Kind::kWrong) {
+  if (line.kind == subcommands::ParsedLine::Kind::kWrong) {
     complain("morvane: " + line.text + "\n");
     return Status::kUsage;
   }
@@ -149,8 +150,8 @@ std::optional<Status> understand(verbs::OptionTable& table, const std::vector<st
 
 int runProgram(const std::vector<std::string>& arguments, const ProgramEnvironment& environment) {
   Options options;
-  verbs::OptionTable table = programTable(options);
-  const SubcommandList subcommands = verbs::allSubcommands();
+  subcommands::OptionTable table = programTable(options);
+  const SubcommandList subcommands = subcommands::allSubcommands();
   for (const auto& subcommand : subcommands)
     subcommand->describe(table);
   if (const auto status = understand(table, arguments, options, subcommands, environment))

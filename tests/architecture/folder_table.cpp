@@ -76,12 +76,12 @@ const std::vector<FolderRule>& consoleFolders() {
                 {"commands",
                  {"messages", "messages/catalog", "session", "prompts", "drawings", "attributes", "report", "blocks",
                   "maintenance"}},
-                {"verbs",
+                {"subcommands",
                  {"messages", "messages/catalog", "session", "prompts", "drawings", "attributes", "report", "blocks",
                   "maintenance"}},
                 {"app",
                  {"messages", "messages/catalog", "session", "prompts", "drawings", "attributes", "report", "blocks",
-                  "maintenance", "commands", "verbs"}},
+                  "maintenance", "commands", "subcommands"}},
             });
   return kTable;
 }

@@ -1,9 +1,9 @@
 #include "console/maintenance/purge.h"
 #include "console/messages/catalog/purge.h"
-#include "console/verbs/job.h"
-#include "console/verbs/verb.h"
+#include "console/subcommands/job.h"
+#include "console/subcommands/subcommand.h"
 
-namespace console::verbs {
+namespace console::subcommands {
 namespace {
 
 Json jsonOf(const NamedObject& object) {
@@ -100,4 +100,4 @@ std::unique_ptr<Subcommand> purgeSubcommand() {
   return std::make_unique<Purge>();
 }
 
-} // namespace console::verbs
+} // namespace console::subcommands

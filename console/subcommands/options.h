@@ -8,7 +8,7 @@
 #include <variant>
 #include <vector>
 
-namespace console::verbs {
+namespace console::subcommands {
 
 // One option, flag or operand. Names are written as in "-o,--output"; a name without dashes is an operand, and
 // "!--no-x" is a flag that sets its value to false. A list takes one value each time that the option is given.
@@ -74,4 +74,4 @@ struct ParsedLine {
 // after the verb.
 ParsedLine parseOptions(OptionTable& program, const std::vector<std::string>& arguments);
 
-} // namespace console::verbs
+} // namespace console::subcommands

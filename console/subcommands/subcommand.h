@@ -2,13 +2,13 @@
 #pragma once
 
 #include "console/session/session.h"
-#include "console/verbs/options.h"
+#include "console/subcommands/options.h"
 
 #include <functional>
 #include <memory>
 #include <vector>
 
-namespace console::verbs {
+namespace console::subcommands {
 
 class Subcommand {
 public:
@@ -35,4 +35,4 @@ std::vector<std::unique_ptr<Subcommand>> allSubcommands();
 [[noreturn]] void refuseUsage(MessageText format, const char* option, const std::string& value);
 OdDb::DwgVersion versionOption(const std::string& value); // of --as; empty: unknown
 
-} // namespace console::verbs
+} // namespace console::subcommands

@@ -4,12 +4,12 @@
 #include "console/messages/number_text.h"
 #include "console/report/reference_tree.h"
 #include "console/report/report_json.h"
-#include "console/verbs/job.h"
-#include "console/verbs/verb.h"
+#include "console/subcommands/job.h"
+#include "console/subcommands/subcommand.h"
 
 #include "DbBlockReference.h"
 
-namespace console::verbs {
+namespace console::subcommands {
 namespace {
 
 std::string handleOf(OdDbObjectId id) {
@@ -162,4 +162,4 @@ std::unique_ptr<Subcommand> graphSubcommand() {
   return std::make_unique<Graph>();
 }
 
-} // namespace console::verbs
+} // namespace console::subcommands

@@ -1,11 +1,11 @@
 #include "console/report/report_json.h"
 #include "console/report/report_table.h"
-#include "console/verbs/job.h"
-#include "console/verbs/verb.h"
+#include "console/subcommands/job.h"
+#include "console/subcommands/subcommand.h"
 
 #include "blockcommon/block_report.h"
 
-namespace console::verbs {
+namespace console::subcommands {
 namespace {
 
 class Report : public Subcommand {
@@ -64,4 +64,4 @@ std::unique_ptr<Subcommand> reportSubcommand() {
   return std::make_unique<Report>();
 }
 
-} // namespace console::verbs
+} // namespace console::subcommands

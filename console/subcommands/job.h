@@ -8,7 +8,7 @@
 #include <functional>
 #include <string>
 
-namespace console::verbs {
+namespace console::subcommands {
 
 struct JobFiles {
   std::string in;
@@ -34,4 +34,4 @@ struct Job {
 // Reads, works, writes, and prints one JSON object when that was asked for.
 Status runJob(SessionOptions settings, const Job& job);
 
-} // namespace console::verbs
+} // namespace console::subcommands

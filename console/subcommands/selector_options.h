@@ -2,12 +2,12 @@
 #pragma once
 
 #include "console/prompts/selection.h"
-#include "console/verbs/options.h"
+#include "console/subcommands/options.h"
 
 #include <string>
 #include <vector>
 
-namespace console::verbs {
+namespace console::subcommands {
 
 class SelectorOptions {
 public:
@@ -21,4 +21,4 @@ private:
   std::vector<std::string> layers_, types_, handles_;
 };
 
-} // namespace console::verbs
+} // namespace console::subcommands

@@ -1,4 +1,4 @@
-#include "console/verbs/job.h"
+#include "console/subcommands/job.h"
 #include "console/messages/catalog/drawings.h"
 
 #include "console/report/report_json.h"
@@ -7,7 +7,7 @@
 
 #include <cstdio>
 
-namespace console::verbs {
+namespace console::subcommands {
 namespace {
 
 std::string utf8(const OdString& text) {
@@ -89,4 +89,4 @@ Status runJob(SessionOptions settings, const Job& job) {
   return session.status();
 }
 
-} // namespace console::verbs
+} // namespace console::subcommands

@@ -1,10 +1,10 @@
-#include "console/verbs/selector_options.h"
+#include "console/subcommands/selector_options.h"
 #include "console/messages/catalog/usage.h"
 
 #include "console/messages/number_text.h"
-#include "console/verbs/verb.h"
+#include "console/subcommands/subcommand.h"
 
-namespace console::verbs {
+namespace console::subcommands {
 
 void SelectorOptions::describe(OptionTable& subcommand) {
   subcommand.add("--select", select_, "all: all objects of model space").oneOf({"all"});
@@ -38,4 +38,4 @@ std::vector<Selector> SelectorOptions::selectors() const {
   return all;
 }
 
-} // namespace console::verbs
+} // namespace console::subcommands

@@ -3,10 +3,10 @@
 #include "console/messages/catalog/attributes.h"
 #include "console/messages/csv.h"
 #include "console/messages/number_text.h"
-#include "console/verbs/job.h"
-#include "console/verbs/verb.h"
+#include "console/subcommands/job.h"
+#include "console/subcommands/subcommand.h"
 
-namespace console::verbs {
+namespace console::subcommands {
 namespace {
 
 std::string flagsText(const AttributeRow& row) {
@@ -109,4 +109,4 @@ std::unique_ptr<Subcommand> attributesSubcommand() {
   return std::make_unique<Attributes>();
 }
 
-} // namespace console::verbs
+} // namespace console::subcommands

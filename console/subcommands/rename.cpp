@@ -1,11 +1,11 @@
 #include "console/maintenance/rename.h"
 #include "console/messages/catalog/rename.h"
-#include "console/verbs/job.h"
-#include "console/verbs/verb.h"
+#include "console/subcommands/job.h"
+#include "console/subcommands/subcommand.h"
 
 #include <array>
 
-namespace console::verbs {
+namespace console::subcommands {
 namespace {
 
 struct Wish {
@@ -90,4 +90,4 @@ std::unique_ptr<Subcommand> renameSubcommand() {
   return std::make_unique<Rename>();
 }
 
-} // namespace console::verbs
+} // namespace console::subcommands

@@ -1,4 +1,4 @@
-#include "console/verbs/options.h"
+#include "console/subcommands/options.h"
 
 #include <CLI/CLI.hpp>
 
@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <type_traits>
 
-namespace console::verbs {
+namespace console::subcommands {
 
 OptionTable& OptionTable::addGroup(std::string name, std::string help, std::size_t minimum, std::size_t maximum) {
   OptionTable& group = groups_.emplace_back(std::move(name), std::move(help));
@@ -142,4 +142,4 @@ ParsedLine parseOptions(OptionTable& program, const std::vector<std::string>& ar
   return {};
 }
 
-} // namespace console::verbs
+} // namespace console::subcommands

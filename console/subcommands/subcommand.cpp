@@ -1,9 +1,9 @@
-#include "console/verbs/verb.h"
+#include "console/subcommands/subcommand.h"
 #include "console/messages/catalog/usage.h"
 
 #include "drawing/file.h"
 
-namespace console::verbs {
+namespace console::subcommands {
 
 Subcommand::~Subcommand() = default;
 
@@ -34,4 +34,4 @@ OdDb::DwgVersion versionOption(const std::string& value) {
   return version;
 }
 
-} // namespace console::verbs
+} // namespace console::subcommands

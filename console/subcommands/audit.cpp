@@ -1,10 +1,10 @@
 #include "console/maintenance/audit.h"
 #include "console/messages/catalog/audit.h"
 #include "console/messages/catalog/drawings.h"
-#include "console/verbs/job.h"
-#include "console/verbs/verb.h"
+#include "console/subcommands/job.h"
+#include "console/subcommands/subcommand.h"
 
-namespace console::verbs {
+namespace console::subcommands {
 namespace {
 
 const char* outcomeName(const std::vector<drawing::Issue>& issues) {
@@ -73,4 +73,4 @@ std::unique_ptr<Subcommand> auditSubcommand() {
   return std::make_unique<Audit>();
 }
 
-} // namespace console::verbs
+} // namespace console::subcommands

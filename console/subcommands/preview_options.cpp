@@ -1,8 +1,8 @@
-#include "console/verbs/preview_options.h"
+#include "console/subcommands/preview_options.h"
 
 #include <charconv>
 
-namespace console::verbs {
+namespace console::subcommands {
 namespace {
 
 constexpr int kLargest = 30'000;
@@ -47,4 +47,4 @@ bool readBackground(const std::string& text, drawing::PictureOptions& options) {
   return true;
 }
 
-} // namespace console::verbs
+} // namespace console::subcommands

@@ -6,11 +6,11 @@
 #include "console/messages/catalog/selection.h"
 #include "console/messages/catalog/usage.h"
 #include "console/messages/number_text.h"
-#include "console/verbs/job.h"
-#include "console/verbs/selector_options.h"
-#include "console/verbs/verb.h"
+#include "console/subcommands/job.h"
+#include "console/subcommands/selector_options.h"
+#include "console/subcommands/subcommand.h"
 
-namespace console::verbs {
+namespace console::subcommands {
 namespace {
 
 class Wblock : public Subcommand {
@@ -151,4 +151,4 @@ std::unique_ptr<Subcommand> wblockSubcommand() {
   return std::make_unique<Wblock>();
 }
 
-} // namespace console::verbs
+} // namespace console::subcommands

@@ -10,8 +10,8 @@
 #include "console/messages/catalog/purge.h"
 #include "console/messages/catalog/usage.h"
 #include "console/messages/number_text.h"
-#include "console/verbs/job.h"
-#include "console/verbs/verb.h"
+#include "console/subcommands/job.h"
+#include "console/subcommands/subcommand.h"
 
 #include "DbBlockTable.h"
 #include "blockcommon/insertion.h"
@@ -20,7 +20,7 @@
 #include <fstream>
 #include <numbers>
 
-namespace console::verbs {
+namespace console::subcommands {
 namespace {
 
 struct EnteredInsertion {
@@ -303,4 +303,4 @@ std::unique_ptr<Subcommand> insertSubcommand() {
   return std::make_unique<Insert>();
 }
 
-} // namespace console::verbs
+} // namespace console::subcommands

@@ -1,7 +1,7 @@
-#include "console/verbs/job.h"
-#include "console/verbs/verb.h"
+#include "console/subcommands/job.h"
+#include "console/subcommands/subcommand.h"
 
-namespace console::verbs {
+namespace console::subcommands {
 namespace {
 
 class Convert : public Subcommand {
@@ -42,4 +42,4 @@ std::unique_ptr<Subcommand> convertSubcommand() {
   return std::make_unique<Convert>();
 }
 
-} // namespace console::verbs
+} // namespace console::subcommands

@@ -4,13 +4,13 @@
 #include "console/messages/catalog/usage.h"
 #include "console/messages/number_text.h"
 #include "console/prompts/selection.h"
-#include "console/verbs/job.h"
-#include "console/verbs/selector_options.h"
-#include "console/verbs/verb.h"
+#include "console/subcommands/job.h"
+#include "console/subcommands/selector_options.h"
+#include "console/subcommands/subcommand.h"
 
 #include "DbDictionary.h"
 
-namespace console::verbs {
+namespace console::subcommands {
 namespace {
 
 // What was typed, before it is understood.
@@ -137,4 +137,4 @@ std::unique_ptr<Subcommand> makeSubcommand() {
   return std::make_unique<Make>();
 }
 
-} // namespace console::verbs
+} // namespace console::subcommands

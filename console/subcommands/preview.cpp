@@ -1,15 +1,15 @@
 #include "console/messages/catalog/preview.h"
 #include "console/messages/catalog/attributes.h"
 #include "console/messages/catalog/drawings.h"
-#include "console/verbs/job.h"
-#include "console/verbs/preview_options.h"
-#include "console/verbs/verb.h"
+#include "console/subcommands/job.h"
+#include "console/subcommands/preview_options.h"
+#include "console/subcommands/subcommand.h"
 
 #include "drawing/picture.h"
 
 #include <optional>
 
-namespace console::verbs {
+namespace console::subcommands {
 namespace {
 
 OdString asText(const std::string& utf8) {
@@ -154,4 +154,4 @@ std::unique_ptr<Subcommand> previewSubcommand() {
   return std::make_unique<Preview>();
 }
 
-} // namespace console::verbs
+} // namespace console::subcommands
