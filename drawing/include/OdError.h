@@ -1,8 +1,8 @@
 // Result codes and exceptions of the drawing SDK.
 #pragma once
 
-#include "OdPlatform.h"
 #include "OdString.h"
+#include "drawing/export.h"
 
 #include <exception>
 #include <string>

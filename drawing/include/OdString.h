@@ -4,7 +4,7 @@
 // conversion, format("%s") and the C buffer stop at the first zero. A null pointer counts as the empty text everywhere.
 #pragma once
 
-#include "OdPlatform.h"
+#include "drawing/export.h"
 
 #include <compare>
 #include <cstdarg>

@@ -7,9 +7,9 @@
 #pragma once
 
 #include "OdError.h"
-#include "OdPlatform.h"
 #include "OdString.h"
 #include "SmartPtr.h"
+#include "drawing/export.h"
 
 #include <cstdint>
 #include <map>

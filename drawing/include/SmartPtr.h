@@ -1,7 +1,7 @@
 // Counted pointers. A pointer may be null; dereferencing null throws OdError(eNullObjectPtr).
 #pragma once
 
-#include "OdPlatform.h"
+#include "drawing/export.h"
 
 #include <cstddef>
 #include <type_traits>

@@ -4,7 +4,7 @@
 #include "Ge/GePoint2d.h"
 #include "Ge/GePoint3d.h"
 #include "Ge/GeVector3d.h"
-#include "OdPlatform.h"
+#include "drawing/export.h"
 
 #include <vector>
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "Ge/GePoint2d.h"
-#include "OdPlatform.h"
+#include "drawing/export.h"
 
 #include <array>
 #include <optional>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Ge/GeTol.h"
-#include "OdPlatform.h"
+#include "drawing/export.h"
 
 // Three factors. Without arguments all are 0; kIdentity is 1, 1, 1.
 class MVDRAWING_API OdGeScale3d {

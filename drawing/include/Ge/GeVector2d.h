@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Ge/GeTol.h"
-#include "OdPlatform.h"
+#include "drawing/export.h"
 
 // A vector in a plane.
 class MVDRAWING_API OdGeVector2d {

@@ -3,7 +3,7 @@
 
 #include "Ge/GeTol.h"
 #include "Ge/GeVector2d.h"
-#include "OdPlatform.h"
+#include "drawing/export.h"
 
 class OdGeMatrix3d;
 class OdGePoint3d;

@@ -1,7 +1,7 @@
 // Reports of reading, auditing and cloning a drawing, and the limits of these operations.
 #pragma once
 
-#include "OdPlatform.h"
+#include "drawing/export.h"
 
 #include <cstddef>
 #include <cstdint>
