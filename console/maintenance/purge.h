@@ -1,4 +1,4 @@
-// Purging and renaming as commands and sub-verbs do them.
+// Purging and renaming as commands and subcommands do them.
 #pragma once
 
 #include "console/session/session.h"

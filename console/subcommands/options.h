@@ -1,4 +1,4 @@
-// Options of the program and of its verbs, declared as data. Parsing a command line against them is one function.
+// Options of the program and of its subcommands, declared as data. Parsing a command line against them is one function.
 #pragma once
 
 #include <cstdint>

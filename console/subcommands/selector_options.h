@@ -1,4 +1,4 @@
-// The options by which sub-verbs pick objects of model space.
+// The options by which subcommands pick objects of model space.
 #pragma once
 
 #include "console/prompts/selection.h"

@@ -1,4 +1,4 @@
-// Sub-verbs of the program: jobs of one line that run what the commands run.
+// Subcommands of the program: jobs of one line that run what the commands run.
 #pragma once
 
 #include "console/session/session.h"

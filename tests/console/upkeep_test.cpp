@@ -1,4 +1,4 @@
-// Jobs that keep a drawing in order: purging and renaming, as sub-verbs and as commands; and that commands are steps.
+// Jobs that keep a drawing in order: purging and renaming, as subcommands and as commands; and that commands are steps.
 #include "tests/console/console_run.h"
 
 #include "DbBlockTable.h"
