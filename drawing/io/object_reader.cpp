@@ -5,6 +5,11 @@
 #include "drawing/opaque_objects.h"
 #include "drawing/records/section.h"
 
+#include <algorithm>
+#include <optional>
+#include <span>
+#include <utility>
+
 namespace drawing {
 
 namespace {
@@ -75,7 +80,99 @@ OdSmartPtr<OdDbObject> makeOpaque(std::string_view name, bool isEntity, bool unp
   return OdSmartPtr<OdDbObject>(object);
 }
 
+// Groups of entities that are not kept because they follow from where the entity is.
+bool takeEntityInfo(const RawGroup& group, ReadObject& info, LoadContext& context) {
+  std::int64_t whole = 0;
+  if (group.code == 67) {
+    info.inPaperSpace = context.integer(group, whole) && whole != 0;
+    return true;
+  }
+  if (group.code == 410) {
+    info.layoutName = context.text(group);
+    return true;
+  }
+  return false;
+}
+
 } // namespace
+
+// What is filled, and from which groups: those between the preamble of the record and its extended data.
+struct ObjectReader::Filling {
+  std::span<const RawGroup> groups;
+  OdDbObject& object;
+  bool isEntity;
+  ReadObject& info;
+  OdDbObject* second;
+  const SubclassLayout* secondSubclass;
+};
+
+// The cursor over runs of groups: a marker, which the groups before the first one lack, and the groups up to the next.
+class ObjectReader::RunCursor {
+public:
+  explicit RunCursor(std::span<const RawGroup> groups) : rest_(groups) { step(); }
+  bool done() const { return marker_ == nullptr && groups_.empty(); }
+  void step() {
+    const bool hasMarker = !rest_.empty() && rest_.front().code == 100;
+    marker_ = hasMarker ? &rest_.front() : nullptr;
+    rest_ = rest_.subspan(hasMarker ? 1 : 0);
+    std::size_t count = 0;
+    while (count < rest_.size() && rest_[count].code != 100)
+      ++count;
+    groups_ = rest_.first(count);
+    rest_ = rest_.subspan(count);
+  }
+  const RawGroup* marker() const { return marker_; } // null for none
+  std::span<const RawGroup> groups() const { return groups_; }
+
+private:
+  std::span<const RawGroup> rest_, groups_;
+  const RawGroup* marker_ = nullptr;
+};
+
+// Where the groups of one run go. `subclass` is null for a marker that the object's class does not have.
+class ObjectReader::RunReader {
+public:
+  RunReader(const Filling& filling, const RawGroup* marker, const SubclassLayout* subclass, SubclassReader& common,
+            LoadContext& context)
+      : filling_(filling), pendingMarker_(marker), common_(common), context_(context),
+        isCommon_(filling.isEntity && subclass == &commonSubclass()),
+        takesCommon_(filling.isEntity && (subclass != nullptr || marker == nullptr)) {
+    if (filling.secondSubclass != nullptr && marker != nullptr && marker->text == filling.secondSubclass->marker)
+      second_.emplace(*filling.second, *filling.secondSubclass, context);
+    if (subclass != nullptr && !isCommon_)
+      own_.emplace(filling.object, *subclass, context);
+    if (subclass == nullptr)
+      keepMarker();
+  }
+
+  void take(const RawGroup& group) {
+    noteAttributes(filling_, group);
+    takesCommon_ = takesCommon_ && group.code != 101; // an embedded object has groups of its own
+    if ((second_ && second_->take(group)) || (own_ && own_->take(group)) || takeCommon(group))
+      return;
+    keepMarker();
+    context_.append(filling_.object.extrasForLoad().unmodelledGroups, group);
+  }
+
+private:
+  bool takeCommon(const RawGroup& group) {
+    return takesCommon_ && (isCommon_ || isCommonProperty(group.code)) &&
+           (common_.take(group) || takeEntityInfo(group, filling_.info, context_));
+  }
+  // The marker before the first group of the run that is kept with it; at once for a subclass that is not modelled.
+  void keepMarker() {
+    if (const RawGroup* marker = std::exchange(pendingMarker_, nullptr))
+      context_.append(filling_.object.extrasForLoad().unmodelledGroups, *marker);
+  }
+
+  const Filling& filling_;
+  const RawGroup* pendingMarker_; // null once it is kept, and for none
+  SubclassReader& common_;
+  LoadContext& context_;
+  const bool isCommon_;
+  bool takesCommon_;
+  std::optional<SubclassReader> second_, own_;
+};
 
 ReadObject ObjectReader::read(const Record& record, bool isEntity) {
   const std::string_view name = record[0].text;
@@ -106,7 +203,7 @@ ReadObject ObjectReader::readUnparsed(const Record& record, bool isEntity) {
   for (std::size_t i = readPreamble(record, *info.object, info); i < xData; ++i) {
     context_.append(info.object->extrasForLoad().unmodelledGroups, record[i]);
     if (record[i].code == 67)
-      takeEntityInfo(record[i], info);
+      takeEntityInfo(record[i], info, context_);
   }
   readXData(record, xData, *info.object);
   ++context_.report().counts.unparsed;
@@ -116,11 +213,15 @@ ReadObject ObjectReader::readUnparsed(const Record& record, bool isEntity) {
 void ObjectReader::fill(const Record& record, OdDbObject& object, ReadObject& info, OdDbObject* second,
                         const SubclassLayout* secondSubclass) {
   const std::size_t from = readPreamble(record, object, info);
+  const std::size_t xData = xDataStart(record);
+  const std::size_t end = std::max(from, xData); // an application group that is not closed may include extended data
+  const bool isEntity = object.isKindOf(OdDbEntity::desc());
+  const Filling filling{{record.data() + from, end - from}, object, isEntity, info, second, secondSubclass};
   if (hasMarkers(record))
-    fillSubclasses(record, from, object, info, second, secondSubclass);
+    fillSubclasses(filling);
   else
-    fillWithoutMarkers(record, from, object, info, second, secondSubclass);
-  readXData(record, xDataStart(record), object);
+    fillWithoutMarkers(filling);
+  readXData(record, xData, object);
 }
 
 // Handle, application groups and owner stand in front of the first marker.
@@ -178,83 +279,44 @@ std::size_t ObjectReader::readApplicationGroup(const Record& record, std::size_t
   return end + (closed ? 1 : 0);
 }
 
-// Groups of entities that are not kept because they follow from where the entity is.
-bool ObjectReader::takeEntityInfo(const RawGroup& group, ReadObject& info) {
-  std::int64_t whole = 0;
-  if (group.code == 67) {
-    info.inPaperSpace = context_.integer(group, whole) && whole != 0;
-    return true;
-  }
-  if (group.code == 410) {
-    info.layoutName = context_.text(group);
-    return true;
-  }
-  return false;
+void ObjectReader::noteAttributes(const Filling& filling, const RawGroup& group) {
+  if (group.code == 66 && filling.isEntity)
+    filling.info.attributesFollow = true;
 }
 
-void ObjectReader::fillSubclasses(const Record& record, std::size_t from, OdDbObject& object, ReadObject& info,
-                                  OdDbObject* second, const SubclassLayout* secondSubclass) {
-  static const SubclassLayout none;
-  const auto& subclasses = object.description().subclasses();
-  const std::size_t xData = xDataStart(record);
-  const bool isEntity = object.isKindOf(OdDbEntity::desc());
-  SubclassReader common(object, isEntity ? commonSubclass() : none, context_);
+void ObjectReader::fillSubclasses(const Filling& filling) {
+  const auto& subclasses = filling.object.description().subclasses();
+  SubclassReader common(filling.object, commonSubclass(), context_);
   std::size_t nextSubclass = 0;
-  std::size_t i = from;
-  GroupList* unmodelled = nullptr;
-  while (i < xData) {
-    const bool hasMarker = record[i].code == 100;
-    const std::string_view marker = hasMarker ? record[i].text : std::string_view();
-    const std::size_t match = hasMarker ? findSubclass(subclasses, marker, nextSubclass) : subclasses.size();
-    const bool known = match < subclasses.size();
-    nextSubclass = known ? match + 1 : nextSubclass;
-    const bool isCommon = isEntity && known && subclasses[match] == &commonSubclass();
-    SubclassReader own(object, known ? *subclasses[match] : none, context_);
-    const bool forSecond = secondSubclass != nullptr && marker == secondSubclass->marker;
-    SubclassReader other(forSecond ? *second : object, forSecond ? *secondSubclass : none, context_);
-    bool takesCommon = isEntity && (known || !hasMarker);
-    bool markerAppended = !hasMarker; // whether the carried groups of this section have their marker yet
-    if (hasMarker && !known) {
-      context_.append(object.extrasForLoad().unmodelledGroups, record[i]);
-      markerAppended = true;
+  for (RunCursor run(filling.groups); !run.done(); run.step()) {
+    const SubclassLayout* subclass = nullptr;
+    if (run.marker() != nullptr) {
+      const std::size_t match = findSubclass(subclasses, run.marker()->text, nextSubclass);
+      if (match < subclasses.size()) {
+        subclass = subclasses[match];
+        nextSubclass = match + 1;
+      }
     }
-    for (i += hasMarker ? 1 : 0; i < xData && record[i].code != 100; ++i) {
-      if (record[i].code == 66 && isEntity)
-        info.attributesFollow = true;
-      takesCommon = takesCommon && record[i].code != 101; // an embedded object has groups of its own
-      if (other.take(record[i]) || (!isCommon && own.take(record[i])))
-        continue;
-      const bool mayBeCommon = takesCommon && (isCommon || isCommonProperty(record[i].code));
-      if (mayBeCommon && (common.take(record[i]) || takeEntityInfo(record[i], info)))
-        continue;
-      unmodelled = &object.extrasForLoad().unmodelledGroups;
-      if (!markerAppended)
-        context_.append(*unmodelled, record[i - 1].code == 100 ? record[i - 1]
-                                                               : RawGroup{100, RawGroup::Form::kText, marker, 0, 0, 0});
-      markerAppended = true;
-      context_.append(*unmodelled, record[i]);
-    }
+    RunReader reader(filling, run.marker(), subclass, common, context_);
+    for (const RawGroup& group : run.groups())
+      reader.take(group);
   }
 }
 
 // Files of early versions have no markers: every group goes to the first section that takes it.
-void ObjectReader::fillWithoutMarkers(const Record& record, std::size_t from, OdDbObject& object, ReadObject& info,
-                                      OdDbObject* second, const SubclassLayout* secondSubclass) {
+void ObjectReader::fillWithoutMarkers(const Filling& filling) {
   std::vector<SubclassReader> readers;
-  if (secondSubclass != nullptr)
-    readers.emplace_back(*second, *secondSubclass, context_);
-  for (const SubclassLayout* subclass : object.description().subclasses())
-    readers.emplace_back(object, *subclass, context_);
-  const std::size_t xData = xDataStart(record);
-  const bool isEntity = object.isKindOf(OdDbEntity::desc());
-  for (std::size_t i = from; i < xData; ++i) {
-    if (record[i].code == 66 && isEntity)
-      info.attributesFollow = true;
-    bool taken = isEntity && takeEntityInfo(record[i], info);
+  if (filling.secondSubclass != nullptr)
+    readers.emplace_back(*filling.second, *filling.secondSubclass, context_);
+  for (const SubclassLayout* subclass : filling.object.description().subclasses())
+    readers.emplace_back(filling.object, *subclass, context_);
+  for (const RawGroup& group : filling.groups) {
+    noteAttributes(filling, group);
+    bool taken = filling.isEntity && takeEntityInfo(group, filling.info, context_);
     for (std::size_t r = 0; r < readers.size() && !taken; ++r)
-      taken = readers[r].take(record[i]);
+      taken = readers[r].take(group);
     if (!taken)
-      context_.append(object.extrasForLoad().unmodelledGroups, record[i]);
+      context_.append(filling.object.extrasForLoad().unmodelledGroups, group);
   }
 }
 

@@ -29,14 +29,16 @@ public:
             const SubclassLayout* secondSubclass = nullptr);
 
 private:
-  void fillSubclasses(const Record& record, std::size_t from, OdDbObject& object, ReadObject& info, OdDbObject* second,
-                      const SubclassLayout* secondSubclass);
-  void fillWithoutMarkers(const Record& record, std::size_t from, OdDbObject& object, ReadObject& info,
-                          OdDbObject* second, const SubclassLayout* secondSubclass);
+  struct Filling;
+  class RunCursor;
+  class RunReader;
+
+  void fillSubclasses(const Filling& filling);
+  void fillWithoutMarkers(const Filling& filling);
+  static void noteAttributes(const Filling& filling, const RawGroup& group);
   std::size_t readPreamble(const Record& record, OdDbObject& object, ReadObject& info);
   void skip(const RawGroup& group);
   std::size_t readApplicationGroup(const Record& record, std::size_t at, OdDbObject& object);
-  bool takeEntityInfo(const RawGroup& group, ReadObject& info);
   void readXData(const Record& record, std::size_t from, OdDbObject& object);
   ReadObject readUnparsed(const Record& record, bool isEntity);
 
