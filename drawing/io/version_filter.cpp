@@ -59,29 +59,30 @@ void OmittedObjects::reportTo(GroupSink& sink) const {
                "the object is omitted"});
 }
 
-bool VersionFilter::isOfColumns(int code, double value) {
-  const bool begins = code == 101 && kind_ == "MTEXT" && version() < OdDb::kRelease2018;
-  inColumns_ = (inColumns_ || begins) && code < 1000;
-  if (inColumns_ && code == 71 && value > 0)
+bool VersionFilter::admitColumns(int code, double value) {
+  const bool begins = code == 101 && state_.kind == "MTEXT" && version() < OdDb::kRelease2018;
+  state_.inColumns = (state_.inColumns || begins) && code < 1000;
+  if (state_.inColumns && code == 71 && value > 0)
     to_.lost({"dxf.group-not-in-version", Severity::kLost, 0, code, 0, "", "",
               std::string("version ") + versionYear(version()) + " cannot store text columns",
               "its text is written in one column"});
-  return inColumns_;
+  return !state_.inColumns;
 }
 
-bool VersionFilter::has(int code, double value) {
-  if (isOfColumns(code, value))
+bool VersionFilter::admit(int code, double value) {
+  if (!admitColumns(code, value))
     return false;
-  if (code >= 1000 || code == 101)
-    inData_ = true;
-  if (inData_)
-    return true;
-  const GroupRule* rule = missingGroup(kind_, marker_, code, version());
+  state_.inData = state_.inData || code >= 1000 || code == 101;
+  return state_.inData || admitSubclassGroup(code, value);
+}
+
+bool VersionFilter::admitSubclassGroup(int code, double value) {
+  const GroupRule* rule = missingGroup(state_.kind, state_.marker, code, version());
   // The colours of a gradient stand under codes that mean something else in front of it.
-  const bool ofGradient = afterGradient_ && (code == 63 || code == 421);
-  afterGradient_ = afterGradient_ || (rule != nullptr && code == 450);
+  const bool ofGradient = state_.afterGradient && (code == 63 || code == 421);
+  state_.afterGradient = state_.afterGradient || (rule != nullptr && code == 450);
   // So does the colour of the fill behind the texts of a dimension style.
-  const bool ofFill = std::exchange(afterFill_, rule != nullptr && code == 69) && code == 70;
+  const bool ofFill = std::exchange(state_.afterFill, rule != nullptr && code == 69) && code == 70;
   if (rule == nullptr)
     return !ofGradient && !ofFill;
   if (!rule->isNeutral(value))
@@ -95,7 +96,7 @@ void VersionFilter::reportOmittedGroup(const GroupRule& rule, int code) {
 }
 
 void VersionFilter::omitted(int code, std::string_view marker, double value) {
-  const GroupRule* rule = missingGroup(kind_, marker, code, version());
+  const GroupRule* rule = missingGroup(state_.kind, marker, code, version());
   if (rule == nullptr)
     to_.omitted(code, marker, value);
   else if (!rule->isNeutral(value))
@@ -104,28 +105,27 @@ void VersionFilter::omitted(int code, std::string_view marker, double value) {
 
 void VersionFilter::utf8(int code, std::string_view text) {
   if (code == 0) {
-    kind_ = text;
-    marker_.clear();
-    inData_ = afterGradient_ = afterFill_ = inColumns_ = false;
-  } else if (code == 100 && !inData_) {
-    marker_ = text;
-    afterGradient_ = false;
+    state_ = {};
+    state_.kind = text;
+  } else if (code == 100 && !state_.inData) {
+    state_.marker = text;
+    state_.afterGradient = false;
   }
-  if (has(code))
+  if (admit(code))
     to_.utf8(code, text);
 }
 
 void VersionFilter::integer(int code, std::int64_t value) {
   const bool isGraphics =
-      marker_ == "AcDbEntity" && !inData_ && (code == kGraphicsSize || code == kGraphicsSizeBefore2010);
+      state_.marker == "AcDbEntity" && !state_.inData && (code == kGraphicsSize || code == kGraphicsSizeBefore2010);
   if (isGraphics)
     to_.integer(version() < OdDb::kRelease2010 ? kGraphicsSizeBefore2010 : kGraphicsSize, value);
-  else if (has(code, static_cast<double>(value)))
+  else if (admit(code, static_cast<double>(value)))
     to_.integer(code, value);
 }
 
 void VersionFilter::reference(int code, OdDbObjectId id) {
-  if (has(code, id.isNull() ? 0 : kNoNumber))
+  if (admit(code, id.isNull() ? 0 : kNoNumber))
     to_.reference(code, omitted_.has(id) ? OdDbObjectId() : id);
 }
 

@@ -34,33 +34,40 @@ public:
 
   void utf8(int code, std::string_view text) override;
   void real(int code, double value) override {
-    if (has(code, value))
+    if (admit(code, value))
       to_.real(code, value);
   }
   void integer(int code, std::int64_t value) override;
   void reference(int code, OdDbObjectId id) override;
   void binary(int code, std::string_view bytes) override {
-    if (has(code))
+    if (admit(code))
       to_.binary(code, bytes);
   }
   void unparsed(int code, std::string_view text) override {
-    if (has(code))
+    if (admit(code))
       to_.unparsed(code, text);
   }
 
   void omitted(int code, std::string_view marker, double value) override;
 
 private:
-  bool has(int code, double value = kNoNumber);
-  bool isOfColumns(int code, double value);
+  // Where the groups are of the record that is being written.
+  struct State {
+    std::string kind, marker;
+    bool afterGradient = false;
+    bool afterFill = false;
+    bool inColumns = false; // texts have theirs in an embedded object since 2018
+    bool inData = false;    // extended data and embedded objects have codes of their own
+  };
+
+  // Takes the state past the next group, and returns whether the group is written; what is omitted is reported.
+  bool admit(int code, double value = kNoNumber);
+  bool admitColumns(int code, double value);
+  bool admitSubclassGroup(int code, double value);
   void reportOmittedGroup(const GroupRule& rule, int code);
 
   const OmittedObjects& omitted_;
-  std::string kind_, marker_;
-  bool afterGradient_ = false;
-  bool afterFill_ = false;
-  bool inColumns_ = false; // texts have theirs in an embedded object since 2018
-  bool inData_ = false;    // extended data and embedded objects have codes of their own
+  State state_;
 };
 
 } // namespace drawing::dxf
