@@ -154,9 +154,12 @@ void Cloner::ensureApplications(const OdDbObject& object) {
 void Cloner::reportRenamed(const OdString& from, const OdString& to) {
   if (report_ == nullptr)
     return;
-  report_->add({"clone.renamed", Severity::kNote, 0, -1, 0, "", "BLOCK",
-                "a nested definition has the name \"" + from.toUtf8() + "\" of a block that it must not replace",
-                "it is renamed to \"" + to.toUtf8() + "\""});
+  report_->add(
+      {.code = "clone.renamed",
+       .severity = Severity::kNote,
+       .kind = "BLOCK",
+       .found = "a nested definition has the name \"" + from.toUtf8() + "\" of a block that it must not replace",
+       .done = "it is renamed to \"" + to.toUtf8() + "\""});
 }
 
 } // namespace drawing

@@ -51,7 +51,13 @@ BinaryGroupSource::BinaryGroupSource(std::string_view content, Report& report)
       shortCodes_(hasShortCodes(content.substr(at_))) {}
 
 void BinaryGroupSource::addIssue(const char* code, int groupCode, const char* found, const char* done) {
-  report_.add({code, Severity::kLost, at_, groupCode, 0, "", "", found, done, true});
+  report_.add({.code = code,
+               .severity = Severity::kLost,
+               .line = at_,
+               .groupCode = groupCode,
+               .found = found,
+               .done = done,
+               .isOffset = true});
 }
 
 bool BinaryGroupSource::code(int& value) {

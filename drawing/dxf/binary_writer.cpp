@@ -55,9 +55,11 @@ void BinaryWriter::plain(int number, std::string_view text) {
 }
 
 void BinaryWriter::doesNotFit(int code, std::string_view text) {
-  lost({"dxf.value-not-in-binary", Severity::kLost, 0, code, 0, "", "",
-        "the value \"" + std::string(text.substr(0, 40)) + "\" does not fit its group code",
-        "binary DXF cannot store it; the group is omitted"});
+  lost({.code = "dxf.value-not-in-binary",
+        .severity = Severity::kLost,
+        .groupCode = code,
+        .found = "the value \"" + std::string(text.substr(0, 40)) + "\" does not fit its group code",
+        .done = "binary DXF cannot store it; the group is omitted"});
 }
 
 void BinaryWriter::utf8(int code, std::string_view text) {

@@ -83,7 +83,8 @@ bool TextGroupSource::line(std::string_view& text, bool isValue) {
 // Deviations that other programs may not accept; each is reported once.
 void TextGroupSource::recordLineEnding(int ending, std::size_t length) {
   const auto addIssue = [this](const char* code, const char* found) {
-    report_.add({code, Severity::kNote, lineNumber_, -1, 0, "", "", found, "it is read anyway"});
+    report_.add(
+        {.code = code, .severity = Severity::kNote, .line = lineNumber_, .found = found, .done = "it is read anyway"});
   };
   const int before = std::exchange(endings_, endings_ | ending);
   if (before != 0 && before != endings_ && (before & (before - 1)) == 0)
@@ -116,8 +117,11 @@ bool TextGroupSource::code(int& value) {
     const bool space = text.find_first_not_of(" \t\x1a") == std::string_view::npos;
     if (space && at_ >= end_)
       return false; // the file's last line
-    report_.add({"dxf.group-code-expected", Severity::kLost, lineNumber_, -1, 0, "", "",
-                 "the line \"" + std::string(text.substr(0, 40)) + "\" is not a group code", "the line is skipped"});
+    report_.add({.code = "dxf.group-code-expected",
+                 .severity = Severity::kLost,
+                 .line = lineNumber_,
+                 .found = "the line \"" + std::string(text.substr(0, 40)) + "\" is not a group code",
+                 .done = "the line is skipped"});
   }
   return false;
 }
@@ -127,8 +131,12 @@ bool TextGroupSource::next(RawGroup& group) {
     return false;
   group.form = RawGroup::Form::kText;
   if (!line(group.text, true)) {
-    report_.add({"dxf.cut-off", Severity::kLost, lineNumber_, group.code, 0, "", "", "the file ends after a group code",
-                 "the group is dropped"});
+    report_.add({.code = "dxf.cut-off",
+                 .severity = Severity::kLost,
+                 .line = lineNumber_,
+                 .groupCode = group.code,
+                 .found = "the file ends after a group code",
+                 .done = "the group is dropped"});
     return false;
   }
   group.line = lineNumber_;

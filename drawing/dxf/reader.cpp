@@ -91,8 +91,9 @@ void Reader::checkEnd() {
 // Groups where none belong.
 void Reader::checkRest(std::size_t from) {
   for (std::size_t i = from; i < record_.size(); ++i)
-    builder_.context().addIssue({"dxf.stray-group", Severity::kLost, 0, -1, 0, "", "", "stray group", "it is skipped"},
-                                &record_[i]);
+    builder_.context().addIssue(
+        {.code = "dxf.stray-group", .severity = Severity::kLost, .found = "stray group", .done = "it is skipped"},
+        &record_[i]);
 }
 
 void Reader::readSection() {
@@ -137,9 +138,11 @@ void Reader::readHeader() {
     } else if (variable != nullptr) {
       builder_.context().append(*variable, group);
     } else {
-      builder_.context().addIssue(
-          {"dxf.header-value", Severity::kLost, 0, -1, 0, "", "", "a value without a variable", "it is dropped"},
-          &group);
+      builder_.context().addIssue({.code = "dxf.header-value",
+                                   .severity = Severity::kLost,
+                                   .found = "a value without a variable",
+                                   .done = "it is dropped"},
+                                  &group);
     }
   }
   while (inSection())

@@ -109,8 +109,12 @@ void Writer::header() {
     sink_.handle(5, database_.handseed());
   }
   if (!missing.empty())
-    sink_.lost({"dxf.variables-not-in-version", Severity::kNote, 0, -1, 0, "HEADER", "HEADER",
-                missing + " do not exist in version " + versionYear(sink_.version()), "they are omitted"});
+    sink_.lost({.code = "dxf.variables-not-in-version",
+                .severity = Severity::kNote,
+                .section = "HEADER",
+                .kind = "HEADER",
+                .found = missing + " do not exist in version " + versionYear(sink_.version()),
+                .done = "they are omitted"});
 }
 
 void Writer::headerVariable(const OdDbHeader::Variable& variable) {

@@ -46,7 +46,11 @@ std::string headerText(std::string_view content, std::string_view variable) {
 }
 
 void addHeaderIssue(Report& report, const char* code, std::string found, std::string done) {
-  report.add({code, Severity::kNote, 0, -1, 0, "HEADER", "", std::move(found), std::move(done)});
+  report.add({.code = code,
+              .severity = Severity::kNote,
+              .section = "HEADER",
+              .found = std::move(found),
+              .done = std::move(done)});
 }
 
 // A signature that we do not know is that of an older program when it is less than the first one we do, of a newer one
@@ -75,7 +79,7 @@ ReadResult refuse(OdResult code, std::string message) {
   ReadResult result;
   result.result = code;
   result.message = message;
-  result.report.add({"file.refused", Severity::kFatal, 0, -1, 0, "", "", std::move(message), ""});
+  result.report.add({.code = "file.refused", .severity = Severity::kFatal, .found = std::move(message)});
   return result;
 }
 
@@ -103,9 +107,11 @@ void reportUndecodable(const dxf::TextCodec& codec, std::string_view content, bo
   if (codec.undecodable() == 0)
     return;
   const std::uint64_t location = locationIn(content, codec.firstUndecodable(), binary);
-  report.add({"dxf.text-undecodable", Severity::kNote, location, -1, 0, "", "",
-              std::to_string(codec.undecodable()) + " bytes are not valid in the code page of the file",
-              "they are kept unchanged"});
+  report.add({.code = "dxf.text-undecodable",
+              .severity = Severity::kNote,
+              .line = location,
+              .found = std::to_string(codec.undecodable()) + " bytes are not valid in the code page of the file",
+              .done = "they are kept unchanged"});
 }
 
 std::unique_ptr<dxf::GroupSource> sourceOf(std::string_view content, bool binary, Report& report) {

@@ -18,7 +18,7 @@ DrawingBuilder::DrawingBuilder(OdDbDatabase& database, TextDecoder& decoder, Rep
 }
 
 void DrawingBuilder::report(const char* code, Severity severity, std::string found, std::string done) {
-  context_.addIssue({code, severity, 0, -1, 0, "", "", std::move(found), std::move(done)});
+  context_.addIssue({.code = code, .severity = severity, .found = std::move(found), .done = std::move(done)});
 }
 
 void DrawingBuilder::reportSkipped(const char* code, std::string found) {

@@ -27,7 +27,7 @@ void addIssue(FixUpContext& fixUp, const char* code, Severity severity, const Od
               std::string done) {
   fixUp.context.begin(object.dxfName(), fixUp.context.lineOf(object.objectId()));
   fixUp.context.setHandle(object.getDbHandle());
-  fixUp.context.addIssue({code, severity, 0, -1, 0, "", "", std::move(found), std::move(done)});
+  fixUp.context.addIssue({.code = code, .severity = severity, .found = std::move(found), .done = std::move(done)});
 }
 
 class Redirect final : public ReferenceVisitor {
@@ -211,8 +211,10 @@ void fixUpAfterLoad(FixUpContext& fixUp) {
   for (const std::string& made : ensureBasics(database, reportLayout)) {
     fixUp.context.begin("", 0);
     fixUp.context.setHandle(0);
-    fixUp.context.addIssue({"dxf.standard-part-missing", Severity::kNote, 0, -1, 0, "", "",
-                            "the drawing has no " + made, "it is created"});
+    fixUp.context.addIssue({.code = "dxf.standard-part-missing",
+                            .severity = Severity::kNote,
+                            .found = "the drawing has no " + made,
+                            .done = "it is created"});
   }
   reportUndefinedNames(fixUp);
   ownOrphans(database);

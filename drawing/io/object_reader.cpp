@@ -248,7 +248,9 @@ std::size_t ObjectReader::readPreamble(const Record& record, OdDbObject& object,
 
 // Lists of reactors and of the extension dictionary hold nothing else.
 void ObjectReader::skip(const RawGroup& group) {
-  context_.addIssue({"dxf.stray-group", Severity::kLost, 0, -1, 0, "", "", "stray group", "it is skipped"}, &group);
+  context_.addIssue(
+      {.code = "dxf.stray-group", .severity = Severity::kLost, .found = "stray group", .done = "it is skipped"},
+      &group);
 }
 
 std::size_t ObjectReader::readApplicationGroup(const Record& record, std::size_t at, OdDbObject& object) {

@@ -53,19 +53,24 @@ void OmittedObjects::addOwned(const OdDbDatabase& database) {
 
 void OmittedObjects::reportTo(GroupSink& sink) const {
   for (OdDbObjectId id : first_)
-    sink.lost({"dxf.kind-not-in-version", Severity::kLost, 0, -1, std::uint64_t{id.getHandle()}, "",
-               lookup(id)->dxfName(),
-               std::string("the format of its body is not supported in version ") + versionYear(sink.version()),
-               "the object is omitted"});
+    sink.lost(
+        {.code = "dxf.kind-not-in-version",
+         .severity = Severity::kLost,
+         .handle = std::uint64_t{id.getHandle()},
+         .kind = lookup(id)->dxfName(),
+         .found = std::string("the format of its body is not supported in version ") + versionYear(sink.version()),
+         .done = "the object is omitted"});
 }
 
 bool VersionFilter::admitColumns(int code, double value) {
   const bool begins = code == 101 && state_.kind == "MTEXT" && version() < OdDb::kRelease2018;
   state_.inColumns = (state_.inColumns || begins) && code < 1000;
   if (state_.inColumns && code == 71 && value > 0)
-    to_.lost({"dxf.group-not-in-version", Severity::kLost, 0, code, 0, "", "",
-              std::string("version ") + versionYear(version()) + " cannot store text columns",
-              "its text is written in one column"});
+    to_.lost({.code = "dxf.group-not-in-version",
+              .severity = Severity::kLost,
+              .groupCode = code,
+              .found = std::string("version ") + versionYear(version()) + " cannot store text columns",
+              .done = "its text is written in one column"});
   return !state_.inColumns;
 }
 
@@ -91,8 +96,11 @@ bool VersionFilter::admitSubclassGroup(int code, double value) {
 }
 
 void VersionFilter::reportOmittedGroup(const GroupRule& rule, int code) {
-  to_.lost({"dxf.group-not-in-version", Severity::kLost, 0, code, 0, "", "",
-            std::string("version ") + versionYear(version()) + " cannot store " + rule.what, "it is omitted"});
+  to_.lost({.code = "dxf.group-not-in-version",
+            .severity = Severity::kLost,
+            .groupCode = code,
+            .found = std::string("version ") + versionYear(version()) + " cannot store " + rule.what,
+            .done = "it is omitted"});
 }
 
 void VersionFilter::omitted(int code, std::string_view marker, double value) {

@@ -86,8 +86,12 @@ public:
 private:
   void addIssue(const char* code, Severity severity, const OdDbObject& object, std::string found,
                 const char* repaired = "") {
-    report_.add({code, fix_ && repaired[0] != 0 ? Severity::kRepaired : severity, 0, -1, object.getDbHandle(), "",
-                 object.dxfName(), std::move(found), fix_ ? repaired : ""});
+    report_.add({.code = code,
+                 .severity = fix_ && repaired[0] != 0 ? Severity::kRepaired : severity,
+                 .handle = object.getDbHandle(),
+                 .kind = object.dxfName(),
+                 .found = std::move(found),
+                 .done = fix_ ? repaired : ""});
   }
 
   // Who lists whom; a member listed by two containers is reported immediately.
@@ -293,7 +297,10 @@ private:
   void checkTable(OdDb::SymbolTableKind kind) {
     const auto* table = getIf<OdDbSymbolTable>(database_.getSymbolTableId(kind));
     if (table == nullptr) {
-      report_.add({"audit.table-missing", Severity::kLost, 0, -1, 0, "", "TABLE", "a symbol table does not exist", ""});
+      report_.add({.code = "audit.table-missing",
+                   .severity = Severity::kLost,
+                   .kind = "TABLE",
+                   .found = "a symbol table does not exist"});
       return;
     }
     for (OdDbObjectId id : table->members().ids()) {

@@ -47,8 +47,11 @@ OdDb::ReferenceType referenceTypeOf(int code) {
 GroupSink::~GroupSink() = default;
 
 void GroupSink::omitted(int code, std::string_view marker, double) {
-  lost({"dxf.group-not-in-version", Severity::kLost, 0, code, 0, "", "",
-        "the version cannot store group " + std::to_string(code) + " of " + std::string(marker), "it is omitted"});
+  lost({.code = "dxf.group-not-in-version",
+        .severity = Severity::kLost,
+        .groupCode = code,
+        .found = "the version cannot store group " + std::to_string(code) + " of " + std::string(marker),
+        .done = "it is omitted"});
 }
 
 GroupList::~GroupList() = default;

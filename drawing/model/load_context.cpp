@@ -72,7 +72,10 @@ void LoadContext::fail(const RawGroup& group, const char* reason) {
   std::string found = std::string(reason);
   if (group.form != RawGroup::Form::kBytes)
     found += " (\"" + asText(group).substr(0, 40) + "\")";
-  addIssue({"dxf.value-unreadable", Severity::kRepaired, 0, -1, 0, "", "", found, "the record is preserved unchanged"},
+  addIssue({.code = "dxf.value-unreadable",
+            .severity = Severity::kRepaired,
+            .found = found,
+            .done = "the record is preserved unchanged"},
            &group);
 }
 

@@ -85,9 +85,14 @@ std::string_view R12Names::of(OdDb::SymbolTableKind table, std::string_view name
 
 void R12Names::reportChanges(GroupSink& sink) const {
   for (const Change& change : changes_)
-    sink.lost({"dxf.name-not-in-version", Severity::kLost, 0, 2, std::uint64_t{change.record.getHandle()}, "TABLES",
-               lookup(change.record)->dxfName(), "version R12 cannot store the name \"" + change.from + "\"",
-               "it is written as \"" + change.to + "\""});
+    sink.lost({.code = "dxf.name-not-in-version",
+               .severity = Severity::kLost,
+               .groupCode = 2,
+               .handle = std::uint64_t{change.record.getHandle()},
+               .section = "TABLES",
+               .kind = lookup(change.record)->dxfName(),
+               .found = "version R12 cannot store the name \"" + change.from + "\"",
+               .done = "it is written as \"" + change.to + "\""});
 }
 
 } // namespace drawing::dxf

@@ -68,8 +68,12 @@ R12Writer::R12Writer(const OdDbDatabase& database, GroupSink& sink, OdDbHandle f
 
 void R12Writer::lost(const OdDbObject& object, const char* code, Severity severity, std::string found,
                      std::string done) {
-  sink_.lost({code, severity, 0, -1, std::uint64_t{object.getDbHandle()}, "", object.dxfName(), std::move(found),
-              std::move(done)});
+  sink_.lost({.code = code,
+              .severity = severity,
+              .handle = std::uint64_t{object.getDbHandle()},
+              .kind = object.dxfName(),
+              .found = std::move(found),
+              .done = std::move(done)});
 }
 
 void R12Writer::run() {
@@ -274,8 +278,12 @@ void R12Writer::record(const OdDbObject& object, const GroupList& groups, bool w
       group(kind, groups, one);
     } else if (const auto what = r12Loss(kind, one.code, numberOf(one)); !what.empty() && what != lastReported) {
       lastReported = what;
-      sink_.lost({"dxf.group-not-in-version", Severity::kLost, 0, one.code, 0, "", kind,
-                  "version R12 cannot store " + std::string(what), "it is omitted"});
+      sink_.lost({.code = "dxf.group-not-in-version",
+                  .severity = Severity::kLost,
+                  .groupCode = one.code,
+                  .kind = kind,
+                  .found = "version R12 cannot store " + std::string(what),
+                  .done = "it is omitted"});
     }
   }
   if (lines)
@@ -338,8 +346,12 @@ void R12Writer::reportDictionaries() {
       ++kinds[object->dxfName()];
   }
   for (const auto& [kind, count] : kinds)
-    sink_.lost({"dxf.kind-not-in-version", Severity::kLost, 0, -1, 0, "OBJECTS", kind,
-                "version R12 cannot store objects of this type (" + std::to_string(count) + ")", "they are omitted"});
+    sink_.lost({.code = "dxf.kind-not-in-version",
+                .severity = Severity::kLost,
+                .section = "OBJECTS",
+                .kind = kind,
+                .found = "version R12 cannot store objects of this type (" + std::to_string(count) + ")",
+                .done = "they are omitted"});
 }
 
 } // namespace drawing::dxf

@@ -18,17 +18,18 @@ enum class Severity : std::uint8_t {
   kFatal     // the drawing cannot be used
 };
 
-// A finding. Codes are stable names such as "dxf.duplicate-handle", which scripts compare. Texts are UTF-8.
+// A finding. Codes are stable names such as "dxf.duplicate-handle", which scripts compare. Texts are UTF-8. Every part
+// has an initializer, so that designated initializers may leave it out.
 struct Issue {
-  std::string code;
+  std::string code{};
   Severity severity = Severity::kNote;
   std::uint64_t line = 0; // line of the file from 1 on; 0: unknown; see isOffset
   int groupCode = -1;     // -1: none
   std::uint64_t handle = 0;
-  std::string section;   // HEADER, TABLES ...
-  std::string kind;      // name of the record in the file: LINE, LAYER ...
-  std::string found;     // the finding as an English clause
-  std::string done;      // what was done about it
+  std::string section{}; // HEADER, TABLES ...
+  std::string kind{};    // name of the record in the file: LINE, LAYER ...
+  std::string found{};   // the finding as an English clause
+  std::string done{};    // what was done about it
   bool isOffset = false; // `line` is a byte offset in a binary file
 };
 
