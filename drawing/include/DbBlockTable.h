@@ -5,6 +5,7 @@
 #include "DbSymbolTable.h"
 #include "Ge/GeExtents3d.h"
 #include "Ge/GePoint3d.h"
+#include "drawing/detail/not_copied.h"
 #include "drawing/xref.h"
 
 class OdDbBlockBegin;
@@ -160,17 +161,13 @@ public:
   void recordReference(OdDbObjectId reference);
 
 private:
-  // Grows only: neither copied nor undone.
-  struct ReferenceHistory {
-    ReferenceHistory() = default;
-    ReferenceHistory(const ReferenceHistory&) {}
-    ReferenceHistory& operator=(const ReferenceHistory&) { return *this; }
+  struct ReferenceHistory { // grows only
     std::vector<OdDbObjectId> ids;
     std::size_t distinct = 0; // number after duplicates were removed last
   };
 
-  ReferenceHistory referenceHistory_;
-  drawing::IdList members_;
+  drawing::NotCopied<ReferenceHistory> referenceHistory_;
+  drawing::NotCopied<drawing::IdList> members_;
   OdGePoint3d origin_;
   OdString comments_;
   OdString path_;

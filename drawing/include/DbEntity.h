@@ -4,6 +4,7 @@
 #include "DbObject.h"
 #include "Ge/GeExtents3d.h"
 #include "Ge/GeMatrix3d.h"
+#include "drawing/detail/not_copied.h"
 
 class OdDbEntity;
 using OdDbEntityPtr = OdSmartPtr<OdDbEntity>;
@@ -106,15 +107,11 @@ protected:
   std::int16_t invisible_ = 0;
 
 private:
-  // Not part of the state: neither copied nor undone.
   struct Highlight {
-    Highlight() = default;
-    Highlight(const Highlight&) {}
-    Highlight& operator=(const Highlight&) { return *this; }
     bool on = false;
   };
 
   OdResult becomeAnother(const OdGeMatrix3d& matrix);
 
-  mutable Highlight highlight_;
+  mutable drawing::NotCopied<Highlight> highlight_;
 };

@@ -3,6 +3,7 @@
 
 #include "DbObject.h"
 #include "drawing/detail/member_list.h"
+#include "drawing/detail/not_copied.h"
 
 #include <string>
 #include <unordered_map>
@@ -78,19 +79,15 @@ private:
   void ensureIndex() const;
   OdString completeAnonymous(const OdString& name) const;
 
-  drawing::IdList members_;
+  drawing::NotCopied<drawing::IdList> members_;
   std::int16_t kind_ = OdDb::kNoTable;
-  // Derived from the members; belongs to the object, not to its state.
-  struct Index {
-    Index() = default;
-    Index(const Index&) {}
-    Index& operator=(const Index&) { return *this; }
+  struct Index { // derived from the members
     std::unordered_map<OdString, OdDbObjectId, FoldHash, FoldEqual> byName;
     std::unordered_map<OdString, unsigned, FoldHash, FoldEqual> lastAnonymous;
     // Every lower number is in use; dropped when a name becomes free.
     std::unordered_map<OdString, unsigned, FoldHash, FoldEqual> nextFree;
   };
-  mutable Index index_;
+  mutable drawing::NotCopied<Index> index_;
   mutable bool indexed_ = false;
 };
 using OdDbSymbolTablePtr = OdSmartPtr<OdDbSymbolTable>;

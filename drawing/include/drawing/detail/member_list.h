@@ -1,23 +1,20 @@
 // The member list of a container (records of a table, entities of a block): grows at its end only.
 //
-// The list is part of the container's identity, not of its state: undo records its length instead of copying it, so
-// adding to a block of a million entities costs only what is added. Erased members stay in the list and are skipped.
+// Containers hold it as NotCopied: undo records its length instead of copying it, so adding to a block of a million
+// entities costs only what is added. Erased members stay in the list and are skipped.
 #pragma once
 
 #include "DbObjectId.h"
+#include "drawing/detail/not_copied.h"
 
 #include <algorithm>
 #include <vector>
 
 namespace drawing {
 
-// The list. Copies are empty, and assigning changes nothing.
+// The list.
 class IdList {
 public:
-  IdList() = default;
-  IdList(const IdList&) {}
-  IdList& operator=(const IdList&) { return *this; }
-
   // Access and growth; indices are not checked.
   std::size_t size() const { return ids_.size(); }
   OdDbObjectId operator[](std::size_t i) const { return ids_[i]; }
