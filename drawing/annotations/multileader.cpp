@@ -4,6 +4,7 @@
 #include "drawing/annotations/multileader_parts.h"
 #include "drawing/ge/plane_map.h"
 #include "drawing/model/object_store.h"
+#include "drawing/model/visit_references.h"
 #include "drawing/records/raw_groups.h"
 
 #include <cmath>
@@ -21,10 +22,7 @@ const drawing::Description& OdDbMLeader::ownDescription() {
   return description;
 }
 
-void OdDbMLeader::visitReferences(drawing::ReferenceVisitor& visitor) {
-  OdDbEntity::visitReferences(visitor);
-  drawing::visitGroups(groups_, visitor);
-}
+MVDRAWING_VISIT_REFERENCES(OdDbMLeader, OdDbEntity, drawing::visitGroups(groups_, visitor);)
 
 namespace {
 

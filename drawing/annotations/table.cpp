@@ -1,6 +1,7 @@
 #include "DbTable.h"
 
 #include "drawing/model/object_store.h"
+#include "drawing/model/visit_references.h"
 #include "drawing/records/raw_groups.h"
 
 #include <algorithm>
@@ -15,10 +16,7 @@ const drawing::Description& OdDbTable::ownDescription() {
   return description;
 }
 
-void OdDbTable::visitReferences(drawing::ReferenceVisitor& visitor) {
-  OdDbBlockReference::visitReferences(visitor);
-  drawing::visitGroups(groups_, visitor);
-}
+MVDRAWING_VISIT_REFERENCES(OdDbTable, OdDbBlockReference, drawing::visitGroups(groups_, visitor);)
 
 OdDbObjectId OdDbTable::tableStyle() const {
   return drawing::rawReference(groups_, 342);

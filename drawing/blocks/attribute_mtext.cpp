@@ -7,6 +7,7 @@
 #include "drawing/entities/text/mtext_frame.h"
 #include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
+#include "drawing/model/visit_references.h"
 #include "drawing/records/section.h"
 
 #include <algorithm>
@@ -140,10 +141,7 @@ void OdDbAttributeBase::writeRest(const OdDbObject& object, drawing::GroupSink& 
   static_cast<const OdDbAttributeBase&>(object).rest_.writeTo(sink);
 }
 
-void OdDbAttributeBase::visitReferences(drawing::ReferenceVisitor& visitor) {
-  OdDbText::visitReferences(visitor);
-  drawing::visitGroups(rest_, visitor);
-}
+MVDRAWING_VISIT_REFERENCES(OdDbAttributeBase, OdDbText, drawing::visitGroups(rest_, visitor);)
 
 OdDbXrecord* OdDbAttributeBase::mtextRecord() const {
   const auto* dictionary = getIf<OdDbDictionary>(extensionDictionary());

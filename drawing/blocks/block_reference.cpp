@@ -8,6 +8,7 @@
 #include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
 #include "drawing/model/setters.h"
+#include "drawing/model/visit_references.h"
 
 #include <algorithm>
 #include <cmath>
@@ -230,10 +231,7 @@ void OdDbBlockReference::ownedObjects(std::vector<OdDbObjectId>& ids) const {
   listSubEntities(ids);
 }
 
-void OdDbBlockReference::visitReferences(drawing::ReferenceVisitor& visitor) {
-  OdDbEntity::visitReferences(visitor);
-  visitSubEntities(visitor);
-}
+MVDRAWING_VISIT_REFERENCES(OdDbBlockReference, OdDbEntity, visitSubEntities(visitor);)
 
 void OdDbBlockReference::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
   recordInDefinition();

@@ -123,6 +123,13 @@ void OdDbSortentsTable::visitReferences(drawing::ReferenceVisitor& visitor) {
   positions_.drop();
 }
 
+void OdDbSortentsTable::visitReferences(drawing::ConstReferenceVisitor& visitor) const {
+  OdDbObject::visitReferences(visitor);
+  visitor.visit(block_, OdDb::kSoftPointerRef);
+  for (const Entry& entry : entries_)
+    visitor.visit(entry.entity, OdDb::kSoftPointerRef);
+}
+
 // The copy orders the clones as the originals were ordered, by the clones' own handles.
 void OdDbSortentsTable::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
   const auto& original = static_cast<const OdDbSortentsTable&>(source);

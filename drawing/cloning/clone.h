@@ -51,7 +51,7 @@ private:
   bool isPlanned(OdDbObjectId id) const { return planned_.count(id) != 0; }
   void plan(Item item);
   void planTree(std::size_t item);
-  void planReferences(OdDbObject& object);
+  void planReferences(const OdDbObject& object);
   void planDefinitionOfShape(const OdDbObject& object);
   void planShapeFiles(const OdDbObject& object);
   void planOverrides(const OdDbObject& object);

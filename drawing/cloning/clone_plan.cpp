@@ -42,9 +42,9 @@ void Cloner::plan(Item item) {
 
 namespace {
 
-class CollectReferences final : public ReferenceVisitor {
+class CollectReferences final : public ConstReferenceVisitor {
 public:
-  void visit(OdDbObjectId& id, OdDb::ReferenceType type) override {
+  void visit(OdDbObjectId id, OdDb::ReferenceType type) override {
     if (!id.isNull() && (type == OdDb::kHardPointerRef || type == OdDb::kHardOwnershipRef))
       ids.push_back(id);
   }
@@ -74,7 +74,7 @@ void Cloner::planTree(std::size_t item) {
   if (items_[item].action == Action::kUse)
     return;
   planning_ = items_[item].source;
-  OdDbObject& object = *lookup(items_[item].source);
+  const OdDbObject& object = *lookup(items_[item].source);
   std::vector<OdDbObjectId> owned;
   object.ownedObjects(owned);
   for (OdDbObjectId id : owned) {
@@ -85,7 +85,7 @@ void Cloner::planTree(std::size_t item) {
   planReferences(object);
 }
 
-void Cloner::planReferences(OdDbObject& object) {
+void Cloner::planReferences(const OdDbObject& object) {
   CollectReferences references;
   object.visitReferences(references);
   for (OdDbObjectId id : references.ids) {

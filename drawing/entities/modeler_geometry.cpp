@@ -1,6 +1,7 @@
 #include "DbModelerGeometry.h"
 
 #include "drawing/model/object_store.h"
+#include "drawing/model/visit_references.h"
 #include "drawing/records/acds_records.h"
 #include "drawing/records/raw_groups.h"
 
@@ -30,10 +31,7 @@ const drawing::Description& OdDbModelerGeometry::modelerDescription() {
   return description;
 }
 
-void OdDbModelerGeometry::visitReferences(drawing::ReferenceVisitor& visitor) {
-  OdDbEntity::visitReferences(visitor);
-  drawing::visitGroups(groups_, visitor);
-}
+MVDRAWING_VISIT_REFERENCES(OdDbModelerGeometry, OdDbEntity, drawing::visitGroups(groups_, visitor);)
 
 void OdDbModelerGeometry::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
   OdDbEntity::afterClone(source, mapping);

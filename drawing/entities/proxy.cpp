@@ -1,6 +1,7 @@
 #include "DbProxyEntity.h"
 
 #include "drawing/model/object_store.h"
+#include "drawing/model/visit_references.h"
 #include "drawing/records/raw_groups.h"
 
 MVDRAWING_DEFINE_OBJECT(OdDbProxyEntity, OdDbEntity, "ACAD_PROXY_ENTITY");
@@ -31,15 +32,9 @@ const drawing::Description& OdDbProxyObject::ownDescription() {
   return description;
 }
 
-void OdDbProxyEntity::visitReferences(drawing::ReferenceVisitor& visitor) {
-  OdDbEntity::visitReferences(visitor);
-  drawing::visitGroups(groups_, visitor);
-}
+MVDRAWING_VISIT_REFERENCES(OdDbProxyEntity, OdDbEntity, drawing::visitGroups(groups_, visitor);)
 
-void OdDbProxyObject::visitReferences(drawing::ReferenceVisitor& visitor) {
-  OdDbObject::visitReferences(visitor);
-  drawing::visitGroups(groups_, visitor);
-}
+MVDRAWING_VISIT_REFERENCES(OdDbProxyObject, OdDbObject, drawing::visitGroups(groups_, visitor);)
 
 std::int32_t OdDbProxyEntity::applicationClassId() const {
   return static_cast<std::int32_t>(drawing::rawInteger(groups_, kClassId));

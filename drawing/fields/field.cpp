@@ -5,6 +5,7 @@
 #include "DbIdMapping.h"
 #include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
+#include "drawing/model/visit_references.h"
 
 #include <algorithm>
 
@@ -190,14 +191,9 @@ OdResult OdDbField::removeField(OdDbObject& object, const OdString& property) {
   return eOk;
 }
 
-void OdDbField::visitReferences(drawing::ReferenceVisitor& visitor) {
-  OdDbObject::visitReferences(visitor);
-  for (OdDbObjectId& id : children_)
-    visitor.visit(id, OdDb::kHardOwnershipRef);
-  for (OdDbObjectId& id : objects_)
-    visitor.visit(id, OdDb::kSoftPointerRef);
-  drawing::visitGroups(rest_, visitor);
-}
+MVDRAWING_VISIT_REFERENCES(OdDbField, OdDbObject, drawing::visitIds(children_, OdDb::kHardOwnershipRef, visitor);
+                           drawing::visitIds(objects_, OdDb::kSoftPointerRef, visitor);
+                           drawing::visitGroups(rest_, visitor);)
 
 void OdDbField::ownedObjects(std::vector<OdDbObjectId>& ids) const {
   OdDbObject::ownedObjects(ids);
@@ -251,6 +247,12 @@ void OdDbFieldList::visitReferences(drawing::ReferenceVisitor& visitor) {
   OdDbObject::visitReferences(visitor);
   known_.clear(); // the visitor may change them
   for (OdDbObjectId& id : ids_)
+    visitor.visit(id, OdDb::kSoftPointerRef);
+}
+
+void OdDbFieldList::visitReferences(drawing::ConstReferenceVisitor& visitor) const {
+  OdDbObject::visitReferences(visitor);
+  for (const OdDbObjectId id : ids_)
     visitor.visit(id, OdDb::kSoftPointerRef);
 }
 

@@ -43,6 +43,7 @@ public:
 
   // -- SDK internals. --
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void visitReferences(drawing::ConstReferenceVisitor& visitor) const override;
   // Multiline text in the form of files before 2018, which store it in an xrecord of the extension dictionary, and the
   // move between that and the attribute. For resident attributes that are open for write.
   std::optional<drawing::AttributeTextBefore2018> textBefore2018() const;

@@ -72,6 +72,7 @@ public:
   // -- SDK internals. --
   void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void visitReferences(drawing::ConstReferenceVisitor& visitor) const override;
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
   void afterLoad() override { recordInDefinition(); }
   void recordInDefinition() const; // records the reference in its definition

@@ -135,6 +135,7 @@ public:
   const drawing::IdList& members() const { return members_; }
   void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void visitReferences(drawing::ConstReferenceVisitor& visitor) const override;
   void attachEntity(OdDbObjectId id) { members_.push(id); }
   void afterLoad() override;
   // The BLOCK and ENDBLK entities and the layout of a copy: removed, set (null: unchanged), created if missing.

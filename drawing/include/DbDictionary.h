@@ -46,6 +46,7 @@ public:
 
   // -- SDK internals. --
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void visitReferences(drawing::ConstReferenceVisitor& visitor) const override;
   void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
 
@@ -89,6 +90,7 @@ public:
   drawing::GroupList& groupsForWrite();
   std::int16_t mergeStyle() const { return mergeStyle_; } // as in files (group 280)
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void visitReferences(drawing::ConstReferenceVisitor& visitor) const override;
   void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
 
 private:
@@ -129,6 +131,7 @@ public:
   const drawing::GroupList* find(std::string_view name) const;
   drawing::GroupList& at(std::string_view name);
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void visitReferences(drawing::ConstReferenceVisitor& visitor) const override;
 
 private:
   std::vector<Variable> variables_;

@@ -38,6 +38,7 @@ public:
 
   // -- SDK internals. --
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void visitReferences(drawing::ConstReferenceVisitor& visitor) const override;
   // Erases a clone that lost geometry, as it would associate the dimension with nothing.
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
 

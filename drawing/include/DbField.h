@@ -61,6 +61,7 @@ public:
 
   // -- SDK internals. --
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void visitReferences(drawing::ConstReferenceVisitor& visitor) const override;
   void ownedObjects(std::vector<OdDbObjectId>& ids) const override;
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
 
@@ -90,6 +91,7 @@ public:
   static OdDbObjectId listOf(const OdDbDatabase& database);
 
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void visitReferences(drawing::ConstReferenceVisitor& visitor) const override;
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
 
 private:

@@ -28,6 +28,7 @@ public:
   // -- SDK internals. --
   virtual bool onlyPolylines() const { return false; } // whether every loop is a polyline, whatever its flag says
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void visitReferences(drawing::ConstReferenceVisitor& visitor) const override;
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
 
 protected:
@@ -38,8 +39,8 @@ protected:
   // All groups of the hatch.
   static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);
   static void writeGroups(const OdDbObject& object, drawing::GroupSink& sink);
-  std::int64_t integerOf(int code) const;              // value of the first group of that code, else 0
-  void setNormal(const OdGeVector3d& normal);          // replaces the groups 210, 220 and 230 or inserts them
+  std::int64_t integerOf(int code) const;     // value of the first group of that code, else 0
+  void setNormal(const OdGeVector3d& normal); // replaces the groups 210, 220 and 230 or inserts them
 
   drawing::GroupList groups_; // all groups of the subclass
 };

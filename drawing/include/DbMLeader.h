@@ -45,6 +45,7 @@ public:
   // World extents of lines, text box and block; eNotApplicable when there are none.
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void visitReferences(drawing::ConstReferenceVisitor& visitor) const override;
 
 protected:
   // Accepts matrices that scale all axes alike and do not reflect, as text can be read from one side only.

@@ -75,6 +75,7 @@ public:
 
   // -- SDK internals. --
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void visitReferences(drawing::ConstReferenceVisitor& visitor) const override;
   // Description of its groups, which multiline attributes share.
   static const drawing::SubclassLayout& textSubclass();
   // Writes the contents in groups of at most 250 characters: group 3 for all but the last, which is group 1.

@@ -17,6 +17,7 @@ public:
 
   // -- SDK internals. --
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void visitReferences(drawing::ConstReferenceVisitor& visitor) const override;
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override; // clones the data
 
 protected:

@@ -113,8 +113,10 @@ public:
   // Description of the members of the object's class, and of this class.
   virtual const drawing::Description& description() const;
   static const drawing::Description& ownDescription();
-  // Visits every reference that the object contains, except its owner; the visitor may change them.
+  // Visits every reference that the object contains, except its owner, in the same order; the visitor of the first may
+  // change them.
   virtual void visitReferences(drawing::ReferenceVisitor& visitor);
+  virtual void visitReferences(drawing::ConstReferenceVisitor& visitor) const;
   // Appends the objects that are erased and cloned with this one (attributes, vertices, ends of sequences ...), in file
   // order.
   virtual void ownedObjects(std::vector<OdDbObjectId>& ids) const;

@@ -13,6 +13,7 @@ public:
   std::int32_t applicationClassId() const;
   const drawing::GroupList& groups() const { return groups_; }
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void visitReferences(drawing::ConstReferenceVisitor& visitor) const override;
 
 protected:
   OdResult applyTransform(const OdGeMatrix3d& matrix) override;
@@ -31,6 +32,7 @@ public:
   std::int32_t applicationClassId() const;
   const drawing::GroupList& groups() const { return groups_; }
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void visitReferences(drawing::ConstReferenceVisitor& visitor) const override;
 
 private:
   drawing::GroupList groups_; // all groups of the subclass

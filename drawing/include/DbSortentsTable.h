@@ -29,6 +29,7 @@ public:
   void moveToTop(const OdDbObjectIdArray& ids);
 
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void visitReferences(drawing::ConstReferenceVisitor& visitor) const override;
   void afterClone(const OdDbObject& source, OdDbIdMapping& mapping) override;
 
 private:

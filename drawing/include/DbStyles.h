@@ -16,6 +16,7 @@ public:
   // All groups of the style in file order.
   const drawing::GroupList& groups() const { return groups_; }
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void visitReferences(drawing::ConstReferenceVisitor& visitor) const override;
 
 protected:
   OdDbRawStyle() = default;
@@ -119,6 +120,7 @@ public:
   double endAngle() const { return endAngle_; }
   const std::vector<Element>& elements() const { return elements_; }
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void visitReferences(drawing::ConstReferenceVisitor& visitor) const override;
 
 private:
   static bool readGroup(OdDbObject& object, const drawing::RawGroup& group, drawing::LoadContext& context);

@@ -24,6 +24,7 @@ public:
   const drawing::GroupList& groups() const { return groups_; }
 
   void visitReferences(drawing::ReferenceVisitor& visitor) override;
+  void visitReferences(drawing::ConstReferenceVisitor& visitor) const override;
 
 protected:
   // Accepts translations and rotations only: heights of rows and text are part of styles and cells, and text must not

@@ -114,14 +114,14 @@ void ensureSequenceEnds(FixUpContext& fixUp) {
 }
 
 // Names that the file uses but does not define. Each is reported once, with its first user.
-class BrokenLinks final : public ReferenceVisitor {
+class BrokenLinks final : public ConstReferenceVisitor {
 public:
   explicit BrokenLinks(FixUpContext& fixUp) : fixUp_(fixUp) {}
-  void check(OdDbObject& object) {
+  void check(const OdDbObject& object) {
     at_ = &object;
-    object.visitReferences(*this); // only reads
+    object.visitReferences(*this);
   }
-  void visit(OdDbObjectId& id, OdDb::ReferenceType) override {
+  void visit(OdDbObjectId id, OdDb::ReferenceType) override {
     if (!id.isNull() && lookup(id) == nullptr && reported_.insert(id).second)
       addIssue(fixUp_, "dxf.broken-link", Severity::kNote, *at_,
                "it refers to " + id.getHandle().ascii() + ", which does not exist", "the reference is kept");
@@ -129,7 +129,7 @@ public:
 
 private:
   FixUpContext& fixUp_;
-  OdDbObject* at_ = nullptr;
+  const OdDbObject* at_ = nullptr;
   std::unordered_set<OdDbObjectId> reported_;
 };
 

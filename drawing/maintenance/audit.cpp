@@ -23,26 +23,42 @@ namespace drawing {
 
 namespace {
 
-// References that lead nowhere, or out of the drawing.
-class BrokenReferences final : public ReferenceVisitor {
+enum class Broken : std::uint8_t { kNot, kDangling, kOfOtherDrawing };
+
+// Whether a reference leads nowhere, or out of the drawing.
+Broken brokenness(const OdDbDatabase& database, OdDbObjectId id, OdDb::ReferenceType type) {
+  if (id.isNull())
+    return Broken::kNot;
+  if (id.database() != &database)
+    return Broken::kOfOtherDrawing;
+  // A soft pointer to what was erased is how drawings forget; the others hold what they name.
+  return !isAlive(id) && type != OdDb::kSoftPointerRef ? Broken::kDangling : Broken::kNot;
+}
+
+class CountBroken final : public ConstReferenceVisitor {
 public:
-  explicit BrokenReferences(const OdDbDatabase& database, bool cut = false) : database_(database), cut_(cut) {}
-  void visit(OdDbObjectId& id, OdDb::ReferenceType type) override {
-    if (id.isNull())
-      return;
-    const bool isOfOtherDrawing = id.database() != &database_;
-    // A soft pointer to what was erased is how drawings forget; the others hold what they name.
-    const bool isDangling = !isOfOtherDrawing && !isAlive(id) && type != OdDb::kSoftPointerRef;
-    ofOtherDrawing += isOfOtherDrawing ? 1 : 0;
-    dangling += isDangling ? 1 : 0;
-    if (cut_ && (isOfOtherDrawing || isDangling))
-      id.setNull();
+  explicit CountBroken(const OdDbDatabase& database) : database_(database) {}
+  void visit(OdDbObjectId id, OdDb::ReferenceType type) override {
+    const Broken broken = brokenness(database_, id, type);
+    ofOtherDrawing += broken == Broken::kOfOtherDrawing ? 1 : 0;
+    dangling += broken == Broken::kDangling ? 1 : 0;
   }
   int dangling = 0, ofOtherDrawing = 0;
 
 private:
   const OdDbDatabase& database_;
-  bool cut_;
+};
+
+class CutBroken final : public ReferenceVisitor {
+public:
+  explicit CutBroken(const OdDbDatabase& database) : database_(database) {}
+  void visit(OdDbObjectId& id, OdDb::ReferenceType type) override {
+    if (brokenness(database_, id, type) != Broken::kNot)
+      id.setNull();
+  }
+
+private:
+  const OdDbDatabase& database_;
 };
 
 bool isFinite(const OdGeExtents3d& extents) {
@@ -206,8 +222,8 @@ private:
   }
 
   void checkReferences(OdDbObject& object) {
-    BrokenReferences broken(database_);
-    object.visitReferences(broken); // only reads: visit changes nothing
+    CountBroken broken(database_);
+    std::as_const(object).visitReferences(broken);
     const int dangling = broken.dangling - std::exchange(deadEntries_, 0) - erasedParts(object);
     if (broken.ofOtherDrawing != 0)
       addIssue("audit.reference-to-other-drawing", Severity::kLost, object, "reference to an object of another drawing",
@@ -219,7 +235,7 @@ private:
       return;
     const WriteScope scope(object);
     object.assertWriteEnabled();
-    BrokenReferences cut(database_, true);
+    CutBroken cut(database_);
     object.visitReferences(cut);
     object.dropLostReactors();
   }

@@ -21,10 +21,10 @@ std::string foldedName(const OdDbSymbolTableRecord& record) {
 }
 
 // The records that an object names.
-class NamedRecords : public ReferenceVisitor {
+class NamedRecords : public ConstReferenceVisitor {
 public:
-  explicit NamedRecords(const OdDbObject& object) { const_cast<OdDbObject&>(object).visitReferences(*this); }
-  void visit(OdDbObjectId& id, OdDb::ReferenceType) override {
+  explicit NamedRecords(const OdDbObject& object) { object.visitReferences(*this); }
+  void visit(OdDbObjectId id, OdDb::ReferenceType) override {
     if (getIf<OdDbSymbolTableRecord>(id) != nullptr)
       ids.push_back(id);
   }

@@ -57,7 +57,7 @@ PurgePlan::Status protectedStatus(OdDbObjectId id) {
 } // namespace
 
 // What an object refers to, its reactors excepted: they are only notified of changes.
-class PurgeCollector final : public ReferenceVisitor {
+class PurgeCollector final : public ConstReferenceVisitor {
 public:
   void begin(const OdDbObject& object) {
     ids.clear();
@@ -66,7 +66,7 @@ public:
     if (extras != nullptr)
       reactors_.insert(extras->reactors.begin(), extras->reactors.end());
   }
-  void visit(OdDbObjectId& id, OdDb::ReferenceType type) override {
+  void visit(OdDbObjectId id, OdDb::ReferenceType type) override {
     const auto reactor = type == OdDb::kSoftPointerRef ? reactors_.find(id) : reactors_.end();
     if (reactor != reactors_.end())
       reactors_.erase(reactor);
@@ -161,9 +161,9 @@ private:
            units_[id.number()] == id.number() && !id.isNull();
   }
 
-  void collect(OdDbObject& object) {
+  void collect(const OdDbObject& object) {
     collector_.begin(object);
-    object.visitReferences(collector_); // only reads
+    object.visitReferences(collector_);
     std::vector<OdDbObjectId>& ids = collector_.ids;
     if (object.ownerId() == groups() && isCandidate(object.objectId()))
       collectGroup(object, ids);
@@ -183,7 +183,7 @@ private:
   }
 
   // A group lives by its members.
-  void collectGroup(OdDbObject& group, const std::vector<OdDbObjectId>& members) {
+  void collectGroup(const OdDbObject& group, const std::vector<OdDbObjectId>& members) {
     for (OdDbObjectId id : members) {
       const auto* entity = getIf<OdDbEntity>(id);
       if (isAlive(entity))

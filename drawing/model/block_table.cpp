@@ -6,6 +6,7 @@
 #include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
 #include "drawing/model/setters.h"
+#include "drawing/model/visit_references.h"
 #include "drawing/model/xref_table.h"
 
 #include <algorithm>
@@ -182,8 +183,5 @@ void OdDbBlockTableRecord::ownedObjects(std::vector<OdDbObjectId>& ids) const {
   ids.push_back(end_);
 }
 
-void OdDbBlockTableRecord::visitReferences(drawing::ReferenceVisitor& visitor) {
-  OdDbSymbolTableRecord::visitReferences(visitor);
-  visitor.visit(begin_, OdDb::kHardOwnershipRef);
-  visitor.visit(end_, OdDb::kHardOwnershipRef);
-}
+MVDRAWING_VISIT_REFERENCES(OdDbBlockTableRecord, OdDbSymbolTableRecord, visitor.visit(begin_, OdDb::kHardOwnershipRef);
+                           visitor.visit(end_, OdDb::kHardOwnershipRef);)

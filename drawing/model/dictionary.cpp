@@ -6,6 +6,7 @@
 #include "drawing/model/object_store.h"
 
 #include "drawing/model/setters.h"
+#include "drawing/model/visit_references.h"
 #include <algorithm>
 #include <unordered_map>
 
@@ -164,6 +165,12 @@ void OdDbDictionary::visitReferences(drawing::ReferenceVisitor& visitor) {
     index_.drop();
 }
 
+void OdDbDictionary::visitReferences(drawing::ConstReferenceVisitor& visitor) const {
+  OdDbObject::visitReferences(visitor);
+  for (const Entry& entry : entries_)
+    visitor.visit(entry.id, hardOwner_ ? OdDb::kHardOwnershipRef : OdDb::kSoftOwnershipRef);
+}
+
 void OdDbDictionary::ownedObjects(std::vector<OdDbObjectId>& ids) const {
   OdDbObject::ownedObjects(ids);
   for (const Entry& entry : entries_) {
@@ -223,10 +230,7 @@ void OdDbXrecord::ownedObjects(std::vector<OdDbObjectId>& ids) const {
   drawing::listOwned(groups_, objectId(), ids);
 }
 
-void OdDbXrecord::visitReferences(drawing::ReferenceVisitor& visitor) {
-  OdDbObject::visitReferences(visitor);
-  drawing::visitGroups(groups_, visitor);
-}
+MVDRAWING_VISIT_REFERENCES(OdDbXrecord, OdDbObject, drawing::visitGroups(groups_, visitor);)
 
 const drawing::Description& OdDbDictionaryVar::ownDescription() {
   static const drawing::Description description(
@@ -256,5 +260,10 @@ drawing::GroupList& OdDbHeader::at(std::string_view name) {
 
 void OdDbHeader::visitReferences(drawing::ReferenceVisitor& visitor) {
   for (Variable& variable : variables_)
+    drawing::visitGroups(variable.groups, visitor);
+}
+
+void OdDbHeader::visitReferences(drawing::ConstReferenceVisitor& visitor) const {
+  for (const Variable& variable : variables_)
     drawing::visitGroups(variable.groups, visitor);
 }

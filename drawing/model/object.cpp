@@ -5,9 +5,11 @@
 #include "DbSymbolTable.h"
 #include "drawing/model/object_store.h"
 #include "drawing/model/undo_log.h"
+#include "drawing/model/visit_references.h"
 
 #include <algorithm>
 #include <unordered_set>
+#include <utility>
 
 MVDRAWING_DEFINE_ABSTRACT_CLASS(OdDbObject, OdRxObject);
 
@@ -176,21 +178,43 @@ drawing::GroupList& OdDbObject::xDataGroupsForWrite() {
   return extras().xData;
 }
 
+namespace {
+
+bool isReference(const drawing::Field& field) {
+  return field.kind == drawing::FieldKind::kReference && !field.readOnly;
+}
+
+template <class Extras, class Visitor>
+void visitExtras(Extras& extras, Visitor& visitor) {
+  visitor.visit(extras.extensionDictionary, OdDb::kHardOwnershipRef);
+  drawing::visitIds(extras.reactors, OdDb::kSoftPointerRef, visitor);
+  drawing::visitGroups(extras.unmodelledGroups, visitor);
+  drawing::visitGroups(extras.applicationGroups, visitor);
+  drawing::visitGroups(extras.xData, visitor);
+}
+
+} // namespace
+
 void OdDbObject::visitReferences(drawing::ReferenceVisitor& visitor) {
   for (const drawing::SubclassLayout* subclass : description().subclasses()) {
     for (const drawing::Field& field : subclass->fields) {
-      if (field.kind == drawing::FieldKind::kReference && !field.readOnly)
+      if (isReference(field))
         visitor.visit(*static_cast<OdDbObjectId*>(field.at(*this)), field.referenceType);
     }
   }
-  if (!extras_)
-    return;
-  visitor.visit(extras_->extensionDictionary, OdDb::kHardOwnershipRef);
-  for (OdDbObjectId& id : extras_->reactors)
-    visitor.visit(id, OdDb::kSoftPointerRef);
-  drawing::visitGroups(extras_->unmodelledGroups, visitor);
-  drawing::visitGroups(extras_->applicationGroups, visitor);
-  drawing::visitGroups(extras_->xData, visitor);
+  if (extras_)
+    visitExtras(*extras_, visitor);
+}
+
+void OdDbObject::visitReferences(drawing::ConstReferenceVisitor& visitor) const {
+  for (const drawing::SubclassLayout* subclass : description().subclasses()) {
+    for (const drawing::Field& field : subclass->fields) {
+      if (isReference(field))
+        visitor.visit(*static_cast<const OdDbObjectId*>(field.constAt(*this)), field.referenceType);
+    }
+  }
+  if (extras_)
+    visitExtras(std::as_const(*extras_), visitor);
 }
 
 void OdDbObject::ownedObjects(std::vector<OdDbObjectId>& ids) const {
@@ -240,9 +264,17 @@ void drawing::visitGroups(drawing::GroupList& groups, drawing::ReferenceVisitor&
   }
 }
 
+void drawing::visitGroups(const drawing::GroupList& groups, drawing::ConstReferenceVisitor& visitor) {
+  for (std::size_t i = 0; i < groups.size(); ++i) {
+    if (groups[i].kind == drawing::GroupKind::kReference)
+      visitor.visit(groups.idOf(groups[i]), drawing::referenceTypeOf(groups[i].code));
+  }
+}
+
 namespace drawing {
 
 ReferenceVisitor::~ReferenceVisitor() = default;
+ConstReferenceVisitor::~ConstReferenceVisitor() = default;
 
 Description::Description(const Description* base, std::initializer_list<SubclassLayout> own) : own_(own) {
   if (base != nullptr)

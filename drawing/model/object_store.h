@@ -126,8 +126,6 @@ private:
   bool before_;
 };
 
-// Every reference of a carried list.
-void visitGroups(GroupList& groups, ReferenceVisitor& visitor);
 // Objects that a carried list owns: those it names as its own and that name `holder` as their owner, or none.
 void listOwned(const GroupList& groups, OdDbObjectId listOwner, std::vector<OdDbObjectId>& ids);
 

@@ -5,6 +5,7 @@
 #include "DbEntity.h"
 #include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
+#include "drawing/model/visit_references.h"
 
 #include <algorithm>
 #include <vector>
@@ -48,10 +49,7 @@ void OdDbDimAssoc::writeGroups(const OdDbObject& object, drawing::GroupSink& sin
   static_cast<const OdDbDimAssoc&>(object).pointGroups_.writeTo(sink);
 }
 
-void OdDbDimAssoc::visitReferences(drawing::ReferenceVisitor& visitor) {
-  OdDbObject::visitReferences(visitor);
-  drawing::visitGroups(pointGroups_, visitor);
-}
+MVDRAWING_VISIT_REFERENCES(OdDbDimAssoc, OdDbObject, drawing::visitGroups(pointGroups_, visitor);)
 
 void OdDbDimAssoc::setDimObjId(OdDbObjectId dimension) {
   assertWriteEnabled();

@@ -4,6 +4,7 @@
 #include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
 #include "drawing/model/setters.h"
+#include "drawing/model/visit_references.h"
 
 #include <algorithm>
 
@@ -70,11 +71,7 @@ void OdDbGroup::remove(OdDbObjectId entity) {
   members_.erase(std::remove(members_.begin(), members_.end(), entity), members_.end());
 }
 
-void OdDbGroup::visitReferences(drawing::ReferenceVisitor& visitor) {
-  OdDbObject::visitReferences(visitor);
-  for (OdDbObjectId& id : members_)
-    visitor.visit(id, OdDb::kHardPointerRef);
-}
+MVDRAWING_VISIT_REFERENCES(OdDbGroup, OdDbObject, drawing::visitIds(members_, OdDb::kHardPointerRef, visitor);)
 
 // Members that were not cloned are not in the copy.
 void OdDbGroup::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {

@@ -3,6 +3,7 @@
 #include "drawing/model/load_context.h"
 #include "drawing/model/setters.h"
 #include "drawing/model/symbol_name.h"
+#include "drawing/model/visit_references.h"
 #include "drawing/records/group_readers.h"
 
 using drawing::field;
@@ -59,8 +60,5 @@ void OdDbMlineStyle::writeGroups(const OdDbObject& object, drawing::GroupSink& s
 
 MVDRAWING_SETTER(OdDbMlineStyle, setDescription, const OdString&, description_)
 
-void OdDbMlineStyle::visitReferences(drawing::ReferenceVisitor& visitor) {
-  OdDbObject::visitReferences(visitor);
-  for (Element& element : elements_)
-    visitor.visit(element.linetype, OdDb::kHardPointerRef);
-}
+MVDRAWING_VISIT_REFERENCES(OdDbMlineStyle, OdDbObject,
+                           drawing::visitIds(elements_, OdDb::kHardPointerRef, visitor, &Element::linetype);)

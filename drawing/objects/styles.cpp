@@ -2,6 +2,7 @@
 #include "DbStyles.h"
 #include "drawing/model/object_store.h"
 #include "drawing/model/setters.h"
+#include "drawing/model/visit_references.h"
 #include "drawing/records/raw_groups.h"
 
 using drawing::field;
@@ -43,10 +44,7 @@ OdString OdDbRawStyle::getName() const {
   return dictionary == nullptr ? OdString() : dictionary->nameAt(objectId());
 }
 
-void OdDbRawStyle::visitReferences(drawing::ReferenceVisitor& visitor) {
-  OdDbObject::visitReferences(visitor);
-  drawing::visitGroups(groups_, visitor);
-}
+MVDRAWING_VISIT_REFERENCES(OdDbRawStyle, OdDbObject, drawing::visitGroups(groups_, visitor);)
 
 void OdDbRawStyle::putReal(int code, double value) {
   assertWriteEnabled();

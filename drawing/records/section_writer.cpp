@@ -165,8 +165,7 @@ void writeSubclass(const OdDbObject& object, const SubclassLayout& subclass, Gro
   if (subclass.write != nullptr && subclass.writeFirst)
     subclass.write(object, sink);
   for (const Field& field : subclass.fields) {
-    // The address is only read through: descriptions serve reading and writing alike.
-    const void* at = field.at(const_cast<OdDbObject&>(object));
+    const void* at = field.constAt(object);
     const bool tooNew = field.since > sink.version() && !(field.optional && sink.keepsNewer());
     const bool isDefaultValue = (field.optional || tooNew) && isDefault(field, at);
     if (tooNew && !isDefaultValue && !field.readOnly && !field.relocated)

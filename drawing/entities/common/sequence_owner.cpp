@@ -2,6 +2,7 @@
 
 #include "DbDatabase.h"
 #include "drawing/model/object_store.h"
+#include "drawing/model/visit_references.h"
 
 #include <algorithm>
 #include <memory>
@@ -71,8 +72,12 @@ void OdDbSequenceOwner::listSubEntities(std::vector<OdDbObjectId>& ids) const {
 }
 
 void OdDbSequenceOwner::visitSubEntities(drawing::ReferenceVisitor& visitor) {
-  for (OdDbObjectId& id : subEntities_)
-    visitor.visit(id, OdDb::kHardOwnershipRef);
+  drawing::visitIds(subEntities_, OdDb::kHardOwnershipRef, visitor);
+  visitor.visit(end_, OdDb::kHardOwnershipRef);
+}
+
+void OdDbSequenceOwner::visitSubEntities(drawing::ConstReferenceVisitor& visitor) const {
+  drawing::visitIds(subEntities_, OdDb::kHardOwnershipRef, visitor);
   visitor.visit(end_, OdDb::kHardOwnershipRef);
 }
 

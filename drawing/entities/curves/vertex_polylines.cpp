@@ -5,6 +5,7 @@
 #include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
 #include "drawing/model/setters.h"
+#include "drawing/model/visit_references.h"
 
 #include <algorithm>
 
@@ -110,10 +111,7 @@ void OdDbVertexOwner::ownedObjects(std::vector<OdDbObjectId>& ids) const {
   listSubEntities(ids);
 }
 
-void OdDbVertexOwner::visitReferences(drawing::ReferenceVisitor& visitor) {
-  OdDbCurve::visitReferences(visitor);
-  visitSubEntities(visitor);
-}
+MVDRAWING_VISIT_REFERENCES(OdDbVertexOwner, OdDbCurve, visitSubEntities(visitor);)
 
 void OdDbVertexOwner::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {
   OdDbCurve::afterClone(source, mapping);

@@ -5,6 +5,7 @@
 #include "drawing/entities/hatch/hatch_reshape.h"
 #include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
+#include "drawing/model/visit_references.h"
 
 #include <algorithm>
 
@@ -34,10 +35,7 @@ void OdDbHatch::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) 
   static_cast<const OdDbHatch&>(object).groups_.writeTo(sink);
 }
 
-void OdDbHatch::visitReferences(drawing::ReferenceVisitor& visitor) {
-  OdDbEntity::visitReferences(visitor);
-  drawing::visitGroups(groups_, visitor);
-}
+MVDRAWING_VISIT_REFERENCES(OdDbHatch, OdDbEntity, drawing::visitGroups(groups_, visitor);)
 
 // Boundary objects that were not cloned do not bound the copy, and it follows none of them.
 void OdDbHatch::afterClone(const OdDbObject& source, OdDbIdMapping& mapping) {

@@ -5,6 +5,7 @@
 #include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
 #include "drawing/model/setters.h"
+#include "drawing/model/visit_references.h"
 #include "drawing/records/group_readers.h"
 
 #include <algorithm>
@@ -84,10 +85,7 @@ void OdDbMText::writeGroups(const OdDbObject& object, drawing::GroupSink& sink) 
   text.rest_.writeTo(sink);
 }
 
-void OdDbMText::visitReferences(drawing::ReferenceVisitor& visitor) {
-  OdDbEntity::visitReferences(visitor);
-  drawing::visitGroups(rest_, visitor);
-}
+MVDRAWING_VISIT_REFERENCES(OdDbMText, OdDbEntity, drawing::visitGroups(rest_, visitor);)
 
 MVDRAWING_SETTER(OdDbMText, setContents, const OdString&, contents_)
 MVDRAWING_SETTER(OdDbMText, setLocation, const OdGePoint3d&, location_)

@@ -38,6 +38,7 @@ enum class FieldKind : std::uint8_t {
 // A member of a class and its group. Fields are made by field() and the modifiers below.
 struct Field {
   using Address = void* (*)(OdDbObject&);
+  using ConstAddress = const void* (*)(const OdDbObject&);
 
   std::int16_t code = 0; // points: the code of x; y and z have it +10 and +20
   FieldKind kind = FieldKind::kReal;
@@ -51,6 +52,7 @@ struct Field {
   bool relocated = false; // versions before `since` store it elsewhere
   double ifAbsent[3] = {0, 0, 0};
   Address at = nullptr;
+  ConstAddress constAt = nullptr;
 
   // Modifiers: copies of the field with a property. angle: degrees in files. unless: not written if it equals that
   // value, which absence means. otherwise: absence means that value, and it is always written. unlessEmpty: the same as
@@ -146,15 +148,23 @@ constexpr Field field(int code) {
   f.code = static_cast<std::int16_t>(code);
   f.kind = fieldKindOf<typename MemberOf<decltype(Member)>::Type>();
   f.at = [](OdDbObject& object) -> void* { return &(static_cast<Class&>(object).*Member); };
+  f.constAt = [](const OdDbObject& object) -> const void* { return &(static_cast<const Class&>(object).*Member); };
   return f;
 }
 
-// Visits the references of an object.
+// Visits the references of an object, which it may change.
 class MVDRAWING_API ReferenceVisitor {
 public:
   virtual ~ReferenceVisitor();
   // Called for each reference; may change the id (cloning translates ids this way).
   virtual void visit(OdDbObjectId& id, OdDb::ReferenceType type) = 0;
+};
+
+// Visits the references of an object and leaves them.
+class MVDRAWING_API ConstReferenceVisitor {
+public:
+  virtual ~ConstReferenceVisitor();
+  virtual void visit(OdDbObjectId id, OdDb::ReferenceType type) = 0; // called for each reference
 };
 
 // Version of sections that are read but never written.

@@ -28,6 +28,7 @@ protected:
   // cloning.
   void listSubEntities(std::vector<OdDbObjectId>& ids) const;
   void visitSubEntities(drawing::ReferenceVisitor& visitor);
+  void visitSubEntities(drawing::ConstReferenceVisitor& visitor) const;
   void dropLostSubEntities();
 
 private:
