@@ -71,11 +71,11 @@ bool OdDbSpatialFilter::readGroup(OdDbObject& object, const drawing::RawGroup& g
   }
   const int component = group.code % 100 / 10 - 1;
   if (group.code == 210 || group.code == 220 || group.code == 230) {
-    context.real(group, (&filter.normal_.x)[component]);
+    context.real(group, filter.normal_[component]);
     return true;
   }
   if (group.code == 11 || group.code == 21 || group.code == 31) {
-    context.real(group, (&filter.origin_.x)[component]);
+    context.real(group, filter.origin_[component]);
     return true;
   }
   return false;

@@ -74,7 +74,7 @@ bool Corners::take(const RawGroup& group, LoadContext& context) {
   if (group.code < 10 || component > 2 || corner > 3)
     return false;
   hasFourth = hasFourth || corner == 3;
-  return takeReal((&points[corner].x)[component], group, context);
+  return takeReal(points[corner][component], group, context);
 }
 
 void Corners::write(GroupSink& sink) const {

@@ -51,10 +51,9 @@ OdString OdDbDatabase::headerText(std::string_view name) const {
 OdGePoint3d OdDbDatabase::headerPoint(std::string_view name) const {
   OdGePoint3d point;
   const GroupList* groups = headerVar(name);
-  double* const component[] = {&point.x, &point.y, &point.z};
   for (std::size_t i = 0; groups != nullptr && i < groups->size() && i < 3; ++i) {
     if ((*groups)[i].kind == GroupKind::kReal)
-      *component[i] = (*groups)[i].real;
+      point[static_cast<int>(i)] = (*groups)[i].real;
   }
   return point;
 }

@@ -75,11 +75,10 @@ bool isPointCode(int code) {
 
 std::size_t readPoint(const GroupList& groups, std::size_t i, OdGePoint3d& point) {
   const int code = groups[i].code;
-  double* const component[] = {&point.x, &point.y, &point.z};
   std::size_t taken = 0;
   while (taken < 3 && i + taken < groups.size() && groups[i + taken].code == code + 10 * static_cast<int>(taken) &&
          groups[i + taken].kind == GroupKind::kReal) {
-    *component[taken] = groups[i + taken].real;
+    point[static_cast<int>(taken)] = groups[i + taken].real;
     ++taken;
   }
   return std::max<std::size_t>(taken, 1);

@@ -21,7 +21,7 @@ inline bool takePoint(std::vector<OdGePoint3d>& points, int code, const RawGroup
     return true;
   if (component == 0)
     points.emplace_back();
-  (&points.back().x)[component] = value;
+  points.back()[component] = value;
   return true;
 }
 

@@ -7,12 +7,11 @@
 namespace drawing {
 
 bool tripleAt(const GroupList& groups, std::size_t i, OdGePoint3d& point) {
-  double* coordinates = &point.x;
-  for (std::size_t k = 0; k < 3; ++k) {
-    if (i + k >= groups.size() || groups[i + k].kind != GroupKind::kReal ||
-        groups[i + k].code != groups[i].code + 10 * static_cast<int>(k))
+  for (int k = 0; k < 3; ++k) {
+    const std::size_t at = i + static_cast<std::size_t>(k);
+    if (at >= groups.size() || groups[at].kind != GroupKind::kReal || groups[at].code != groups[i].code + 10 * k)
       return false;
-    coordinates[k] = groups[i + k].real;
+    point[k] = groups[at].real;
   }
   return true;
 }

@@ -29,7 +29,7 @@ bool takeVector(OdGeVector3d& vector, int code, const drawing::RawGroup& group, 
   const int component = (group.code - code) / 10;
   if (component < 0 || component > 2 || code + 10 * component != group.code)
     return false;
-  context.real(group, (&vector.x)[component]);
+  context.real(group, vector[component]);
   return true;
 }
 
@@ -45,7 +45,7 @@ bool OdDbMline::readGroup(OdDbObject& object, const drawing::RawGroup& group, dr
     return false;
   Vertex& vertex = line.vertices_.back();
   if (group.code == 11 || group.code == 21 || group.code == 31) {
-    context.real(group, (&vertex.point.x)[(group.code - 11) / 10]);
+    context.real(group, vertex.point[(group.code - 11) / 10]);
     return true;
   }
   return takeVector(vertex.direction, 12, group, context) || takeVector(vertex.miter, 13, group, context) ||

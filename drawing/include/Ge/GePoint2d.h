@@ -16,6 +16,10 @@ public:
   constexpr OdGePoint2d(double xx, double yy) : x(xx), y(yy) {}
   constexpr OdGePoint2d& set(double xx, double yy) { return *this = OdGePoint2d(xx, yy); }
 
+  // A coordinate by its index, which is not checked: x and y are 0 and 1.
+  constexpr double& operator[](int i) { return i == 0 ? x : y; }
+  constexpr double operator[](int i) const { return i == 0 ? x : y; }
+
   // Points and vectors by coordinate; asVector is the vector from the origin.
   constexpr OdGePoint2d operator+(const OdGeVector2d& by) const { return {x + by.x, y + by.y}; }
   constexpr OdGePoint2d operator-(const OdGeVector2d& by) const { return {x - by.x, y - by.y}; }

@@ -21,6 +21,10 @@ public:
   constexpr OdGePoint2d to2d() const { return {x, y}; }
   constexpr OdGeVector3d asVector() const { return {x, y, z}; }
 
+  // A coordinate by its index, which is not checked: x, y and z are 0, 1 and 2.
+  constexpr double& operator[](int i) { return i == 0 ? x : i == 1 ? y : z; }
+  constexpr double operator[](int i) const { return i == 0 ? x : i == 1 ? y : z; }
+
   // Points and vectors by coordinate.
   constexpr OdGePoint3d operator+(const OdGeVector3d& by) const { return {x + by.x, y + by.y, z + by.z}; }
   constexpr OdGePoint3d operator-(const OdGeVector3d& by) const { return {x - by.x, y - by.y, z - by.z}; }

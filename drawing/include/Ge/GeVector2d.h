@@ -19,6 +19,10 @@ public:
   constexpr OdGeVector2d(double xx, double yy) : x(xx), y(yy) {}
   constexpr OdGeVector2d& set(double xx, double yy) { return *this = OdGeVector2d(xx, yy); }
 
+  // A coordinate by its index, which is not checked: x and y are 0 and 1.
+  constexpr double& operator[](int i) { return i == 0 ? x : y; }
+  constexpr double operator[](int i) const { return i == 0 ? x : y; }
+
   // Arithmetic by coordinate. Division by 0 gives infinite or undefined coordinates.
   constexpr OdGeVector2d operator+(const OdGeVector2d& other) const { return {x + other.x, y + other.y}; }
   constexpr OdGeVector2d operator-(const OdGeVector2d& other) const { return {x - other.x, y - other.y}; }

@@ -28,6 +28,10 @@ public:
   constexpr OdGeVector2d to2d() const { return {x, y}; }
   OdGePoint3d asPoint() const;
 
+  // A coordinate by its index, which is not checked: x, y and z are 0, 1 and 2.
+  constexpr double& operator[](int i) { return i == 0 ? x : i == 1 ? y : z; }
+  constexpr double operator[](int i) const { return i == 0 ? x : i == 1 ? y : z; }
+
   // Arithmetic by coordinate. Division by 0 gives infinite or undefined coordinates.
   constexpr OdGeVector3d operator+(const OdGeVector3d& other) const { return {x + other.x, y + other.y, z + other.z}; }
   constexpr OdGeVector3d operator-(const OdGeVector3d& other) const { return {x - other.x, y - other.y, z - other.z}; }
