@@ -9,6 +9,7 @@
 #include "drawing/model/object_store.h"
 #include "drawing/model/visit_references.h"
 #include "drawing/records/section.h"
+#include "drawing/records/visit_field.h"
 
 #include <algorithm>
 #include <string_view>
@@ -34,29 +35,22 @@ std::size_t textStart(const GroupList& groups) {
 }
 
 void storeField(OdDbObject& object, const drawing::Field& field, const GroupList& groups, const drawing::Group& group) {
-  void* at = field.at(object);
-  const bool isReal = group.kind == drawing::GroupKind::kReal;
-  switch (field.kind) {
-  case drawing::FieldKind::kReal:
-    if (isReal)
-      *static_cast<double*>(at) = group.real;
-    return;
-  case drawing::FieldKind::kPoint3:
-  case drawing::FieldKind::kVector3:
-    if (isReal)
-      static_cast<double*>(at)[(group.code - field.code) / 10] = group.real;
-    return;
-  case drawing::FieldKind::kInt16:
-    if (group.kind == drawing::GroupKind::kInt16)
-      *static_cast<std::int16_t*>(at) = static_cast<std::int16_t>(group.integer);
-    return;
-  case drawing::FieldKind::kReference:
-    if (OdDbDatabase* database = object.ownerId().database(); database != nullptr)
-      *static_cast<OdDbObjectId*>(at) = database->symbol(field.byName, groups.stringOf(group));
-    return;
-  default:
-    return; // the section has no others
-  }
+  drawing::visitField(field, object, [&](auto& value) {
+    using T = std::decay_t<decltype(value)>;
+    const bool isReal = group.kind == drawing::GroupKind::kReal;
+    if constexpr (std::is_same_v<T, double>) {
+      value = isReal ? group.real : value;
+    } else if constexpr (drawing::kCoordinates<T> != 0) {
+      if (isReal)
+        value[(group.code - field.code) / 10] = group.real;
+    } else if constexpr (std::is_same_v<T, std::int16_t>) {
+      if (group.kind == drawing::GroupKind::kInt16)
+        value = static_cast<std::int16_t>(group.integer);
+    } else if constexpr (std::is_same_v<T, OdDbObjectId>) {
+      if (OdDbDatabase* database = object.ownerId().database(); database != nullptr)
+        value = database->symbol(field.byName, groups.stringOf(group));
+    } // the subclass has no others
+  });
 }
 
 const drawing::Field* fieldOf(const drawing::SubclassLayout& subclass, int code) {

@@ -16,7 +16,9 @@ public:
   bool take(const RawGroup& group);
 
 private:
-  bool store(const Field& field, const RawGroup& group);
+  void store(const Field& field, const RawGroup& group);
+  template <class T>
+  void storeValue(T& value, const Field& field, const RawGroup& group);
   OdDbObjectId reference(const Field& field, const RawGroup& group);
 
   OdDbObject& object_;

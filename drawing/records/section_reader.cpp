@@ -2,6 +2,7 @@
 
 #include "Ge/GeUtil.h"
 #include "drawing/model/load_context.h"
+#include "drawing/records/visit_field.h"
 
 #include <utility>
 
@@ -15,46 +16,30 @@ OdDbObjectId SubclassReader::reference(const Field& field, const RawGroup& group
   return context_.reference(group);
 }
 
-bool SubclassReader::store(const Field& field, const RawGroup& group) {
-  void* at = field.at(object_);
-  const int component = (group.code - field.code) / 10;
+template <class T>
+void SubclassReader::storeValue(T& value, const Field& field, const RawGroup& group) {
   double number = 0;
   std::int64_t whole = 0;
-  switch (field.kind) {
-  case FieldKind::kReal:
+  if constexpr (std::is_same_v<T, OdString>) {
+    value = context_.text(group);
+  } else if constexpr (std::is_same_v<T, OdDbObjectId>) {
+    value = reference(field, group);
+  } else if constexpr (kCoordinates<T> != 0) {
     if (context_.real(group, number))
-      *static_cast<double*>(at) = field.degrees ? number * (kPi / 180.0) : number;
-    return true;
-  case FieldKind::kPoint3:
-  case FieldKind::kVector3:
-  case FieldKind::kPoint2:
+      value[(group.code - field.code) / 10] = number;
+  } else if constexpr (std::is_same_v<T, double>) {
     if (context_.real(group, number))
-      static_cast<double*>(at)[component] = number;
-    return true;
-  case FieldKind::kText:
-    *static_cast<OdString*>(at) = context_.text(group);
-    return true;
-  case FieldKind::kReference:
-    *static_cast<OdDbObjectId*>(at) = reference(field, group);
-    return true;
-  case FieldKind::kBool:
-    if (context_.integer(group, whole))
-      *static_cast<bool*>(at) = whole != 0;
-    return true;
-  case FieldKind::kInt16:
-    if (context_.integer(group, whole, 16))
-      *static_cast<std::int16_t*>(at) = static_cast<std::int16_t>(whole);
-    return true;
-  case FieldKind::kInt32:
-    if (context_.integer(group, whole, 32))
-      *static_cast<std::int32_t*>(at) = static_cast<std::int32_t>(whole);
-    return true;
-  case FieldKind::kInt64:
-    if (context_.integer(group, whole))
-      *static_cast<std::int64_t*>(at) = whole;
-    return true;
+      value = field.degrees ? number * (kPi / 180.0) : number;
+  } else if constexpr (std::is_same_v<T, std::int16_t> || std::is_same_v<T, std::int32_t>) {
+    if (context_.integer(group, whole, 8 * sizeof(T)))
+      value = static_cast<T>(whole);
+  } else if (context_.integer(group, whole)) {
+    value = static_cast<T>(whole); // of a bool: whether it is not 0
   }
-  return false;
+}
+
+void SubclassReader::store(const Field& field, const RawGroup& group) {
+  visitField(field, object_, [&](auto& value) { storeValue(value, field, group); });
 }
 
 namespace {
@@ -87,7 +72,8 @@ bool SubclassReader::take(const RawGroup& group) {
     const int component = componentOf(fields[i], group.code);
     if (component >= 0 && markTaken(i, component)) {
       next_ = i;
-      return store(fields[i], group);
+      store(fields[i], group);
+      return true;
     }
   }
   return section_.read != nullptr && section_.read(object_, group, context_);

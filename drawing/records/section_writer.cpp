@@ -5,6 +5,7 @@
 #include "drawing/model/object_store.h"
 #include "drawing/model/symbol_name.h"
 #include "drawing/records/section.h"
+#include "drawing/records/visit_field.h"
 
 #include <charconv>
 #include <cmath>
@@ -13,34 +14,22 @@ namespace drawing {
 
 namespace {
 
-bool isDefault(const Field& field, const void* at) {
-  const auto equals = [&](int i, double value) { return value == field.ifAbsent[i]; };
-  switch (field.kind) {
-  case FieldKind::kReal:
-    return equals(0, *static_cast<const double*>(at));
-  case FieldKind::kPoint3:
-  case FieldKind::kVector3: {
-    const auto* p = static_cast<const double*>(at);
-    return equals(0, p[0]) && equals(1, p[1]) && equals(2, p[2]);
-  }
-  case FieldKind::kPoint2: {
-    const auto* p = static_cast<const double*>(at);
-    return equals(0, p[0]) && equals(1, p[1]);
-  }
-  case FieldKind::kText:
-    return static_cast<const OdString*>(at)->isEmpty();
-  case FieldKind::kReference:
-    return static_cast<const OdDbObjectId*>(at)->isNull();
-  case FieldKind::kBool:
-    return equals(0, *static_cast<const bool*>(at) ? 1 : 0);
-  case FieldKind::kInt16:
-    return equals(0, *static_cast<const std::int16_t*>(at));
-  case FieldKind::kInt32:
-    return equals(0, *static_cast<const std::int32_t*>(at));
-  case FieldKind::kInt64:
-    return equals(0, static_cast<double>(*static_cast<const std::int64_t*>(at)));
-  }
-  return false;
+bool isDefault(const Field& field, const OdDbObject& object) {
+  return visitField(field, object, [&field](const auto& value) {
+    using T = std::decay_t<decltype(value)>;
+    if constexpr (std::is_same_v<T, OdString>) {
+      return value.isEmpty();
+    } else if constexpr (std::is_same_v<T, OdDbObjectId>) {
+      return value.isNull();
+    } else if constexpr (kCoordinates<T> != 0) {
+      bool equal = true;
+      for (int i = 0; i < kCoordinates<T>; ++i)
+        equal = equal && value[i] == field.ifAbsent[i];
+      return equal;
+    } else {
+      return static_cast<double>(value) == field.ifAbsent[0];
+    }
+  });
 }
 
 // Degrees for a file. A text of 15 digits is preferred; where it does not lead back to the very same radians, a
@@ -67,63 +56,36 @@ double degreesForFile(double radians) {
   return rounded;
 }
 
-void writeField(const Field& field, const void* at, GroupSink& sink) {
-  const int code = field.code;
-  switch (field.kind) {
-  case FieldKind::kReal: {
-    const double value = *static_cast<const double*>(at);
-    sink.real(code, field.degrees ? degreesForFile(value) : value);
-    return;
-  }
-  case FieldKind::kPoint3:
-  case FieldKind::kVector3:
-  case FieldKind::kPoint2: {
-    const auto* p = static_cast<const double*>(at);
-    sink.real(code, p[0]);
-    sink.real(code + 10, p[1]);
-    if (field.kind != FieldKind::kPoint2)
-      sink.real(code + 20, p[2]);
-    return;
-  }
-  case FieldKind::kText:
-    sink.text(code, *static_cast<const OdString*>(at));
-    return;
-  case FieldKind::kReference: {
-    const auto id = *static_cast<const OdDbObjectId*>(at);
-    if (field.byName == OdDb::kNoTable)
-      sink.reference(code, id);
-    else
-      sink.text(code, symbolName(id));
-    return;
-  }
-  case FieldKind::kBool:
-    sink.integer(code, *static_cast<const bool*>(at) ? 1 : 0);
-    return;
-  case FieldKind::kInt16:
-    sink.integer(code, *static_cast<const std::int16_t*>(at));
-    return;
-  case FieldKind::kInt32:
-    sink.integer(code, *static_cast<const std::int32_t*>(at));
-    return;
-  case FieldKind::kInt64:
-    sink.integer(code, *static_cast<const std::int64_t*>(at));
-    return;
-  }
+void writeField(const Field& field, const OdDbObject& object, GroupSink& sink) {
+  visitField(field, object, [&](const auto& value) {
+    using T = std::decay_t<decltype(value)>;
+    if constexpr (std::is_same_v<T, OdString>) {
+      sink.text(field.code, value);
+    } else if constexpr (std::is_same_v<T, OdDbObjectId>) {
+      if (field.byName == OdDb::kNoTable)
+        sink.reference(field.code, value);
+      else
+        sink.text(field.code, symbolName(value));
+    } else if constexpr (kCoordinates<T> != 0) {
+      for (int i = 0; i < kCoordinates<T>; ++i)
+        sink.real(field.code + 10 * i, value[i]);
+    } else if constexpr (std::is_same_v<T, double>) {
+      sink.real(field.code, field.degrees ? degreesForFile(value) : value);
+    } else {
+      sink.integer(field.code, value);
+    }
+  });
 }
 
-double numberIn(const Field& field, const void* at) {
-  switch (field.kind) {
-  case FieldKind::kReal:
-    return *static_cast<const double*>(at);
-  case FieldKind::kBool:
-    return *static_cast<const bool*>(at) ? 1 : 0;
-  case FieldKind::kInt16:
-    return *static_cast<const std::int16_t*>(at);
-  case FieldKind::kInt32:
-    return *static_cast<const std::int32_t*>(at);
-  default:
-    return GroupSink::kNoNumber;
-  }
+// kNoNumber for what is not a number of at most 32 bits.
+double numberIn(const Field& field, const OdDbObject& object) {
+  return visitField(field, object, [](const auto& value) {
+    using T = std::decay_t<decltype(value)>;
+    if constexpr (std::is_arithmetic_v<T> && !std::is_same_v<T, std::int64_t>)
+      return static_cast<double>(value);
+    else
+      return GroupSink::kNoNumber;
+  });
 }
 
 // Carried groups stand behind the marker of their section; those before any marker belong to no section.
@@ -165,14 +127,13 @@ void writeSubclass(const OdDbObject& object, const SubclassLayout& subclass, Gro
   if (subclass.write != nullptr && subclass.writeFirst)
     subclass.write(object, sink);
   for (const Field& field : subclass.fields) {
-    const void* at = field.constAt(object);
     const bool tooNew = field.since > sink.version() && !(field.optional && sink.keepsNewer());
-    const bool isDefaultValue = (field.optional || tooNew) && isDefault(field, at);
+    const bool isDefaultValue = (field.optional || tooNew) && isDefault(field, object);
     if (tooNew && !isDefaultValue && !field.readOnly && !field.relocated)
-      sink.omitted(field.code, subclass.marker, numberIn(field, at));
+      sink.omitted(field.code, subclass.marker, numberIn(field, object));
     if (field.readOnly || tooNew || isDefaultValue)
       continue;
-    writeField(field, at, sink);
+    writeField(field, object, sink);
   }
   if (subclass.write != nullptr && !subclass.writeFirst)
     subclass.write(object, sink);
