@@ -260,7 +260,7 @@ void Writer::blockHeader(const OdDbBlockTableRecord& record) {
   sink_.text(2, record.getName());
   sink_.integer(70, record.derivedFlags());
   sink_.point(10, record.origin());
-  sink_.text(3, record.blockHeaderName_.isEmpty() ? record.getName() : record.blockHeaderName_);
+  sink_.text(3, record.blockHeaderName().isEmpty() ? record.getName() : record.blockHeaderName());
   sink_.text(1, record.pathName());
   if (!record.comments().isEmpty())
     sink_.text(4, record.comments());

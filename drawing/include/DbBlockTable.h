@@ -144,10 +144,11 @@ public:
   void joinedTable() override { ensureEnds(); }
   void ensureEnds();
   // Properties that files store in the BLOCK entity instead of the table record: a second name if it differs, and the
-  // flags as read, whose derived bits are recomputed when saving. takeHead merges them into the record after reading.
+  // flags as read, whose derived bits are recomputed when saving. applyBlockHeader merges them into the record after
+  // reading.
   static const drawing::SubclassLayout& blockHeaderSubclass();
-  OdString blockHeaderName_;
-  std::int16_t blockHeaderFlags_ = 0;
+  const OdString& blockHeaderName() const { return blockHeaderName_; } // empty if it does not differ
+  void dropBlockHeaderName() { blockHeaderName_.empty(); }
   std::int16_t derivedFlags() const;
   void applyBlockHeader();
 
@@ -176,6 +177,8 @@ private:
   OdDbObjectId layout_;
   OdDbObjectId begin_;
   OdDbObjectId end_;
+  OdString blockHeaderName_;
+  std::int16_t blockHeaderFlags_ = 0;
   std::int16_t units_ = 0;
   bool explodable_ = true;
   bool scalesUniformly_ = false;

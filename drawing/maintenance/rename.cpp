@@ -57,7 +57,7 @@ public:
     const WriteScope scope(record_);
     record_.setName(to_);
     if (auto* block = dynamic_cast<OdDbBlockTableRecord*>(&record_)) {
-      block->blockHeaderName_.empty();
+      block->dropBlockHeaderName();
       changeTrueName(*block);
     }
   }

@@ -154,7 +154,7 @@ void R12Writer::blocks() {
   for (OdDbObjectId id : getIf<OdDbBlockTable>(database_.getBlockTableId())->members().ids()) {
     const auto* block = getIf<OdDbBlockTableRecord>(id);
     // Some programs write empty blocks for the spaces, under names that begin with a dollar sign.
-    const bool hasBlockHeader = block != nullptr && block->blockHeaderName_.left(1) == L"$";
+    const bool hasBlockHeader = block != nullptr && block->blockHeaderName().left(1) == L"$";
     if (isAlive(block) && (!isInEntitiesSection(*block) || hasBlockHeader))
       this->block(*block);
   }
@@ -165,7 +165,7 @@ void R12Writer::block(const OdDbBlockTableRecord& block) {
   inPaperSpace_ = false;
   const OdDbObject& begin = *lookup(block.blockBeginId());
   writeSubclasses(begin, groups);
-  const OdString name = isInEntitiesSection(block) ? block.blockHeaderName_ : block.getName();
+  const OdString name = isInEntitiesSection(block) ? block.blockHeaderName() : block.getName();
   groups.text(2, name);
   groups.integer(70, block.derivedFlags());
   groups.point(10, block.origin());
