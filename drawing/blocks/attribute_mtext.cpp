@@ -258,10 +258,6 @@ std::optional<drawing::AttributeTextBefore2018> OdDbAttributeBase::textBefore201
   return form;
 }
 
-std::optional<drawing::AttributeTextBefore2018> drawing::attributeTextBefore2018(const OdDbAttributeBase& attribute) {
-  return attribute.textBefore2018();
-}
-
 void OdDbAttributeBase::moveTextToRecord() {
   const std::optional<drawing::AttributeTextBefore2018> form = textBefore2018();
   if (!form)
