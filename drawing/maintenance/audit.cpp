@@ -25,7 +25,7 @@ namespace {
 
 enum class Broken : std::uint8_t { kNot, kDangling, kOfOtherDrawing };
 
-// Whether a reference leads nowhere, or out of the drawing.
+// Whether a reference is dangling, or out of the drawing.
 Broken brokenness(const OdDbDatabase& database, OdDbObjectId id, OdDb::ReferenceType type) {
   if (id.isNull())
     return Broken::kNot;
