@@ -108,20 +108,20 @@ private:
 };
 
 // Opens a reference for write for its own lifetime unless it was open for write.
-class WriteScope {
+class OpenForWrite {
 public:
-  explicit WriteScope(const OdDbBlockReference& reference) : isOpen_(reference.isWriteEnabled()) {
+  explicit OpenForWrite(const OdDbBlockReference& reference) : isOpen_(reference.isWriteEnabled()) {
     if (isOpen_)
       return;
     reopened_ = reference.objectId().safeOpenObject(OdDb::kForWrite);
     isOpen_ = !reopened_.isNull();
   }
-  ~WriteScope() {
+  ~OpenForWrite() {
     if (!reopened_.isNull())
       reopened_->downgradeOpen();
   }
-  WriteScope(const WriteScope&) = delete;
-  WriteScope& operator=(const WriteScope&) = delete;
+  OpenForWrite(const OpenForWrite&) = delete;
+  OpenForWrite& operator=(const OpenForWrite&) = delete;
   bool isOpen() const { return isOpen_; }
 
 private:
@@ -176,7 +176,7 @@ bool processAttributesForInsert(OdSmartPtr<OdDbBlockReference> pRef, bool useDef
     if (definitions.isEmpty())
       return true;
   }
-  const WriteScope writing(*pRef);
+  const OpenForWrite writing(*pRef);
   if (!writing.isOpen())
     return false;
   if (useDefaults)

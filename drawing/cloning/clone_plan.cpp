@@ -62,7 +62,7 @@ bool isDimensionBlock(const OdDbObject& object, const OdDbObject& of) {
 }
 
 // The contents of a tab. A space answers to nothing of another drawing, although every drawing has some of these names.
-bool isSpace(const OdDbObject& object) {
+bool isTabContents(const OdDbObject& object) {
   const auto* block = dynamic_cast<const OdDbBlockTableRecord*>(&object);
   return block != nullptr && (block->isLayout() || (block->getName().left(1) == L"*" && !block->isAnonymous()));
 }
@@ -94,7 +94,7 @@ void Cloner::planReferences(const OdDbObject& object) {
     const OdDbObject* needed = lookup(id);
     if (needed == nullptr || needed->isErased())
       continue;
-    if (isSpace(*needed) && !object.isKindOf(OdDbBlockReference::desc()))
+    if (isTabContents(*needed) && !object.isKindOf(OdDbBlockReference::desc()))
       continue; // only what draws a space needs its contents
     if (crosses() || isDimensionBlock(*needed, object))
       planNeeded(id);
@@ -139,7 +139,7 @@ void Cloner::planOverrides(const OdDbObject& object) {
     } else if (isOverride && group.code == 1005) {
       const OdDbObjectId id = groups->idOf(group);
       const auto* record = getIf<OdDbSymbolTableRecord>(id);
-      if (isAlive(record) && id.database() == &source_ && !isPlanned(id) && !isSpace(*record))
+      if (isAlive(record) && id.database() == &source_ && !isPlanned(id) && !isTabContents(*record))
         planNeeded(id);
     }
   }
@@ -221,7 +221,7 @@ void Cloner::planRecord(OdDbSymbolTableRecord& record) {
     return plan(std::move(item));
   }
   const auto* block = dynamic_cast<OdDbBlockTableRecord*>(&record);
-  if (isSpace(record)) {
+  if (isTabContents(record)) {
     item.name = L"*U"; // a reference draws it: a block of its own, and the target's space stays
   } else if (block != nullptr && block->isAnonymous()) {
     item.name = record.getName().left(2); // renumbered when it is added to the table
