@@ -5,8 +5,8 @@
 #include "Ge/GeUtil.h"
 #include "drawing/blocks/block_graph.h"
 #include "drawing/ge/plane_map.h"
-#include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
+#include "drawing/model/record.h"
 #include "drawing/model/setters.h"
 #include "drawing/model/visit_references.h"
 

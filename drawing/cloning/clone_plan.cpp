@@ -11,7 +11,6 @@
 #include "DbTable.h"
 #include "drawing/blocks/block_graph.h"
 #include "drawing/blocks/block_properties.h"
-#include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
 #include "drawing/model/reserved_names.h"
 

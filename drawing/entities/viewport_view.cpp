@@ -1,8 +1,8 @@
 #include "drawing/entities/viewport_view.h"
 
+#include "DbDatabase.h"
 #include "DbSymbolRecords.h"
 #include "Ge/GeUtil.h"
-#include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
 #include "drawing/model/symbol_name.h"
 #include "drawing/records/raw_groups.h"

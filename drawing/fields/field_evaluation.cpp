@@ -6,7 +6,6 @@
 
 #include "Ge/GeUtil.h"
 #include "drawing/fields/field_code.h"
-#include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
 #include "drawing/model/symbol_name.h"
 

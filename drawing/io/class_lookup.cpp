@@ -3,7 +3,7 @@
 #include "DbBlockReference.h"
 #include "DbDimension.h"
 #include "DbVertexPolylines.h"
-#include "drawing/model/load_context.h"
+#include "drawing/model/record.h"
 
 #include <charconv>
 #include <iterator>

@@ -6,7 +6,7 @@
 
 #include "drawing/base/utf8.h"
 #include "drawing/io/code_page.h"
-#include "drawing/model/load_context.h"
+#include "drawing/model/record.h"
 
 #include <array>
 

@@ -1,10 +1,11 @@
 #include "drawing/dump.h"
 
 #include "DbBlockTable.h"
+#include "DbDatabase.h"
 #include "DbDictionary.h"
+#include "DbSymbolTable.h"
 #include "drawing/detail/sequence_owner.h"
 #include "drawing/maintenance/dump_sink.h"
-#include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
 #include "drawing/model/symbol_name.h"
 #include "drawing/model/symbol_table_kinds.h"

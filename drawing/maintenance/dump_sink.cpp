@@ -2,7 +2,6 @@
 
 #include "DbBlockTable.h"
 #include "DbDatabase.h"
-#include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
 #include "drawing/records/section.h"
 

@@ -1,10 +1,11 @@
 #include "DbBlockTable.h"
 
 #include "DbDatabase.h"
+#include "DbSymbolTable.h"
 #include "drawing/model/block_preview.h"
 #include "drawing/model/legacy_block_units.h"
-#include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
+#include "drawing/model/record.h"
 #include "drawing/model/setters.h"
 #include "drawing/model/visit_references.h"
 #include "drawing/model/xref_table.h"

@@ -2,7 +2,6 @@
 
 #include "DbDatabase.h"
 #include "DbSymbolRecords.h"
-#include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
 #include "drawing/model/symbol_name.h"
 

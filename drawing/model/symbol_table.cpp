@@ -1,8 +1,8 @@
 #include "DbSymbolTable.h"
 
 #include "DbDatabase.h"
-#include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
+#include "drawing/model/record.h"
 #include "drawing/model/symbol_name.h"
 #include "drawing/model/symbol_table_kinds.h"
 #include "drawing/model/undo_log.h"

@@ -1,7 +1,6 @@
 #include "DbBlockTable.h"
 #include "DbSymbolTable.h"
 #include "Ge/GeUtil.h"
-#include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
 #include "drawing/model/symbol_name.h"
 #include "drawing/records/section.h"

@@ -1,8 +1,8 @@
 #include "drawing/dxf/r12/primitives.h"
 
+#include "DbDatabase.h"
 #include "DbSymbolRecords.h"
 #include "Ge/GeUtil.h"
-#include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
 
 #include <algorithm>

@@ -14,7 +14,6 @@
 #include "drawing/dxf/r12/primitives.h"
 #include "drawing/entities/curves/tessellate.h"
 #include "drawing/entities/hatch/hatch_fill.h"
-#include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
 #include "drawing/model/symbol_name.h"
 #include "drawing/records/raw_groups.h"

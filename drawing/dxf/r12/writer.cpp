@@ -1,6 +1,8 @@
 #include "drawing/dxf/r12/writer.h"
 
 #include "DbAttribute.h"
+#include "DbDatabase.h"
+#include "DbSymbolTable.h"
 #include "drawing/detail/sequence_owner.h"
 #include "drawing/dxf/r12/group_rules.h"
 #include "drawing/dxf/r12/substitutes.h"
@@ -8,7 +10,6 @@
 #include "drawing/entities/viewport_view.h"
 #include "drawing/file.h"
 #include "drawing/io/version_rules.h"
-#include "drawing/model/load_context.h"
 #include "drawing/model/object_store.h"
 #include "drawing/model/symbol_name.h"
 #include "drawing/model/symbol_table_kinds.h"
