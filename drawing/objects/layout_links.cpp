@@ -5,6 +5,7 @@
 #include "DbLayout.h"
 #include "drawing/model/object_store.h"
 #include "drawing/model/reserved_names.h"
+#include "drawing/model/table_records.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -23,7 +24,7 @@ public:
       if (auto* layout = getIf<OdDbLayout>(id); isAlive(layout))
         layouts_.push_back(layout);
     }
-    collectBlocks();
+    blocks_ = recordsOf<OdDbBlockTableRecord>(database_, OdDb::kBlockTable);
     layoutCount_ = static_cast<int>(std::max<std::size_t>(layouts_.size(), 1)) - 1;
     for (OdDbLayout* layout : layouts_)
       bind(*layout);
@@ -36,14 +37,6 @@ public:
   }
 
 private:
-  void collectBlocks() {
-    const auto* table = getIf<OdDbBlockTable>(database_.getBlockTableId());
-    for (std::size_t i = 0; table != nullptr && i < table->members().size(); ++i) {
-      if (auto* block = getIf<OdDbBlockTableRecord>(table->members()[i]); isAlive(block))
-        blocks_.push_back(block);
-    }
-  }
-
   // The first layout that names a block has it, but one that the block names in return goes before others.
   void bind(OdDbLayout& layout) {
     auto* block = getIf<OdDbBlockTableRecord>(layout.getBlockTableRecordId());

@@ -6,22 +6,12 @@
 #include "drawing/cloning/clone.h"
 #include "drawing/model/object_store.h"
 #include "drawing/model/reserved_names.h"
+#include "drawing/xref/xref_blocks.h"
 
 #include <unordered_set>
 
 namespace drawing {
 namespace {
-
-std::vector<OdDbBlockTableRecord*> xrefsIn(const OdDbDatabase& database) {
-  std::vector<OdDbBlockTableRecord*> blocks;
-  const auto* table = getIf<OdDbBlockTable>(database.getBlockTableId());
-  for (std::size_t i = 0; table != nullptr && i < table->members().size(); ++i) {
-    auto* block = getIf<OdDbBlockTableRecord>(table->members()[i]);
-    if (isAlive(block) && block->isFromExternalReference())
-      blocks.push_back(block);
-  }
-  return blocks;
-}
 
 // Whether all that the reference shows is there; loading has cut the circles.
 bool mayBind(const OdDbBlockTableRecord& reference, BoundXref& result) {
@@ -56,14 +46,11 @@ void erase(OdDbObject& object) {
 // Records that the drawing holds of the reference: SITE|WALLS.
 std::vector<OdDbSymbolTableRecord*> dependentRecords(const OdDbDatabase& database, const OdString& reference,
                                                      OdDb::SymbolTableKind kind) {
-  std::vector<OdDbSymbolTableRecord*> dependents;
-  const auto* table = getIf<OdDbSymbolTable>(database.getSymbolTableId(kind));
   const OdString start = reference + L'|';
-  for (std::size_t i = 0; table != nullptr && i < table->members().size(); ++i) {
-    auto* record = getIf<OdDbSymbolTableRecord>(table->members()[i]);
-    if (isAlive(record) && record->getName().left(start.getLength()).iCompare(start) == 0)
-      dependents.push_back(record);
-  }
+  auto dependents = recordsOf<OdDbSymbolTableRecord>(database, kind);
+  std::erase_if(dependents, [&start](const OdDbSymbolTableRecord* record) {
+    return record->getName().left(start.getLength()).iCompare(start) != 0;
+  });
   return dependents;
 }
 

@@ -5,6 +5,7 @@
 #include "drawing/files.h"
 #include "drawing/model/object_store.h"
 #include "drawing/model/xref_table.h"
+#include "drawing/xref/xref_blocks.h"
 
 #include <map>
 #include <tuple>
@@ -31,17 +32,6 @@ FileKey keyOf(const std::string& path) {
   return {0, 0, path};
 }
 
-std::vector<OdDbObjectId> xrefBlocks(const OdDbDatabase& database) {
-  std::vector<OdDbObjectId> blocks;
-  const auto* table = getIf<OdDbBlockTable>(database.getBlockTableId());
-  for (std::size_t i = 0; table != nullptr && i < table->members().size(); ++i) {
-    const auto* block = getIf<OdDbBlockTableRecord>(table->members()[i]);
-    if (isAlive(block) && block->isFromExternalReference())
-      blocks.push_back(block->objectId());
-  }
-  return blocks;
-}
-
 // Depth first over drawings. A drawing is open while those that it refers to are loaded; a reference to an open one
 // closes a cycle and holds it weakly.
 class Loading {
@@ -57,7 +47,7 @@ public:
       if (frame.next == frame.blocks.size())
         leave();
       else
-        load(*getIf<OdDbBlockTableRecord>(frame.blocks[frame.next++]));
+        load(*frame.blocks[frame.next++]);
     }
     return std::move(report_);
   }
@@ -71,7 +61,7 @@ private:
   };
   struct Frame {
     Known* known;
-    std::vector<OdDbObjectId> blocks;
+    std::vector<OdDbBlockTableRecord*> blocks;
     std::size_t next = 0;
   };
 
@@ -81,7 +71,7 @@ private:
   void enter(Known& known) {
     known.isOpen = true;
     known.database->xrefs().clear();
-    stack_.push_back({&known, xrefBlocks(*known.database)});
+    stack_.push_back({&known, xrefsIn(*known.database)});
   }
   void leave() {
     stack_.back().known->isOpen = false;
