@@ -1,5 +1,7 @@
 #include "drawing/fields/field_code.h"
 
+#include "drawing/base/trimmed.h"
+
 #include <charconv>
 #include <cmath>
 #include <string>
@@ -8,14 +10,7 @@
 namespace drawing {
 namespace {
 
-std::wstring_view trimmed(std::wstring_view text) {
-  const auto isWhitespace = [](wchar_t ch) { return ch == L' ' || (ch >= 9 && ch <= 13); };
-  while (!text.empty() && isWhitespace(text.front()))
-    text.remove_prefix(1);
-  while (!text.empty() && isWhitespace(text.back()))
-    text.remove_suffix(1);
-  return text;
-}
+constexpr wchar_t kWhiteSpace[] = L" \t\n\v\f\r";
 
 // The number at the front of the text, taken off it.
 std::optional<double> takeNumber(std::wstring_view& text) {
@@ -51,7 +46,7 @@ bool takeWord(std::wstring_view& text, std::wstring_view word) {
 
 FieldCode parseFieldCode(const OdString& code) {
   FieldCode parsed;
-  std::wstring_view rest = trimmed(code.visible());
+  std::wstring_view rest = trimmed(code.visible(), kWhiteSpace);
   if (!takeWord(rest, L"\\"))
     return parsed;
   const std::wstring_view head = rest.substr(0, rest.find(L' '));
@@ -62,7 +57,7 @@ FieldCode parseFieldCode(const OdString& code) {
     parsed.format = OdString(quoted.substr(0, quoted.rfind(L'"')));
     rest = rest.substr(0, mark);
   }
-  parsed.argument = OdString(trimmed(rest));
+  parsed.argument = OdString(trimmed(rest, kWhiteSpace));
   return parsed;
 }
 
@@ -93,7 +88,7 @@ class Calculator {
 public:
   std::optional<double> compute(std::wstring_view text) {
     bool wantsValue = true;
-    for (text = trimmed(text); !text.empty(); text = trimmed(text)) {
+    for (text = trimmed(text, kWhiteSpace); !text.empty(); text = trimmed(text, kWhiteSpace)) {
       if (!(wantsValue ? takeOperand(text, wantsValue) : takeOperator(text, wantsValue)))
         return std::nullopt;
     }

@@ -1,6 +1,7 @@
 #include "drawing/model/load_context.h"
 
 #include "DbBlockTable.h"
+#include "drawing/base/trimmed.h"
 #include "drawing/model/object_store.h"
 #include "drawing/model/symbol_table_kinds.h"
 
@@ -13,13 +14,7 @@ namespace drawing {
 
 namespace {
 
-std::string_view trimmed(std::string_view text) {
-  while (!text.empty() && (text.front() == ' ' || text.front() == '\t'))
-    text.remove_prefix(1);
-  while (!text.empty() && (text.back() == ' ' || text.back() == '\t'))
-    text.remove_suffix(1);
-  return text;
-}
+constexpr char kBlanks[] = " \t";
 
 template <class T>
 bool wholeNumber(std::string_view text, T& value) {
@@ -85,7 +80,7 @@ bool LoadContext::real(const RawGroup& group, double& value) {
     number = group.real;
   else if (group.form == RawGroup::Form::kInteger)
     number = static_cast<double>(group.integer);
-  else if (!wholeNumber(trimmed(group.text), number)) {
+  else if (!wholeNumber(trimmed(group.text, kBlanks), number)) {
     fail(group, "the value is not a number");
     return false;
   }
@@ -102,11 +97,11 @@ bool LoadContext::integer(const RawGroup& group, std::int64_t& value) {
     value = group.integer;
     return true;
   }
-  if (group.form == RawGroup::Form::kText && wholeNumber(trimmed(group.text), value))
+  if (group.form == RawGroup::Form::kText && wholeNumber(trimmed(group.text, kBlanks), value))
     return true;
   double number = 0; // some programs write whole numbers with a decimal point
-  const bool written =
-      group.form == RawGroup::Form::kReal ? (number = group.real, true) : wholeNumber(trimmed(group.text), number);
+  const bool written = group.form == RawGroup::Form::kReal ? (number = group.real, true)
+                                                           : wholeNumber(trimmed(group.text, kBlanks), number);
   if (!written || number != std::floor(number) || std::fabs(number) > 9e15) {
     fail(group, "the value is not a whole number");
     return false;
@@ -135,7 +130,7 @@ std::string_view LoadContext::utf8(const RawGroup& group) {
 namespace {
 
 bool readHandle(std::string_view text, std::uint64_t& value) {
-  text = trimmed(text);
+  text = trimmed(text, kBlanks);
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, 16);
   return !text.empty() && error == std::errc() && end == text.data() + text.size();
 }
@@ -171,7 +166,7 @@ bool LoadContext::bytes(const RawGroup& group, std::string& value) {
     value.append(group.text);
     return true;
   }
-  const std::string_view text = trimmed(group.text);
+  const std::string_view text = trimmed(group.text, kBlanks);
   bool good = text.size() % 2 == 0;
   for (const char c : text)
     good = good && hexDigit(c) >= 0;

@@ -1,6 +1,7 @@
 #include "morvane/input.h"
 #include "morvane/input/keyword_list.h"
 #include "morvane/input/point_parser.h"
+#include "morvane/input/trimmed.h"
 #include "morvane/messages/texts.h"
 #include "morvane/output.h"
 #include "morvane/result_codes.h"
@@ -16,11 +17,6 @@ constexpr int kUnchecked = 8;
 constexpr int kAnyText = 128;
 
 constexpr std::wstring_view kEscape = L"\x1b";
-
-std::wstring trimmed(const std::wstring& text) {
-  const auto first = text.find_first_not_of(L" \t");
-  return first == std::wstring::npos ? std::wstring() : text.substr(first, text.find_last_not_of(L" \t") - first + 1);
-}
 
 // Callers' buffers end at the first zero, so an answer does too.
 std::wstring untilZero(const OdString& line) {
@@ -143,7 +139,7 @@ InputEngine::Verdict InputEngine::promptOnce(const Armed& armed, const OdString&
       break;
     output_.print(texts::kAnswerRequired);
   }
-  if (auto global = armed.keywords.match(trimmed(answer))) {
+  if (auto global = armed.keywords.match(input::trimmed(answer))) {
     answer = std::move(*global);
     return Verdict::kKeyword;
   }
@@ -194,7 +190,7 @@ int InputEngine::promptValue(const OdString& prompt, const OdString& complaint, 
     const Verdict verdict = promptOnce(armed, prompt, Extent::kToSpaceInScripts, answer);
     if (verdict == Verdict::kCancel)
       return RTCANCELLED;
-    const std::wstring text = verdict == Verdict::kText ? trimmed(answer) : answer;
+    const std::wstring text = verdict == Verdict::kText ? std::wstring(input::trimmed(answer)) : answer;
     if (verdict == Verdict::kEmpty || (verdict == Verdict::kText && text.empty() && !armed.has(kNoEmptyAnswer)))
       return RTEMPTY;
     if (verdict == Verdict::kText && accept(armed, text))

@@ -1,5 +1,6 @@
 #include "morvane/input/point_parser.h"
 
+#include "morvane/input/trimmed.h"
 #include "morvane/units.h"
 
 #include <cmath>
@@ -9,13 +10,6 @@ namespace morvane::input {
 namespace {
 
 using Point = std::array<double, 3>;
-
-std::wstring_view trimmed(std::wstring_view text) {
-  const auto first = text.find_first_not_of(L" \t");
-  if (first == std::wstring_view::npos)
-    return {};
-  return text.substr(first, text.find_last_not_of(L" \t") - first + 1);
-}
 
 bool takePrefix(std::wstring_view& text, wchar_t character) {
   if (!text.starts_with(character))
