@@ -26,12 +26,12 @@ std::vector<OdDbObjectId> definitionsIn(OdDbObjectId block) {
 // Which of the definitions have been answered beforehand.
 std::set<OdDbObjectId> presetDefinitions(OdDbObjectId block, const AttributeAnswers& answers) {
   const std::vector<OdDbObjectId> definitions = definitionsIn(block);
-  TagIndex places;
+  TagIndex tags;
   for (const OdDbObjectId id : definitions)
-    places.add(OdDbAttributeDefinitionPtr(id.safeOpenObject())->tag());
+    tags.add(OdDbAttributeDefinitionPtr(id.safeOpenObject())->tag());
   std::set<OdDbObjectId> known;
-  for (const auto& [typed, value] : answers.given) {
-    if (const auto index = places.findEntered(typed))
+  for (const auto& [entered, value] : answers.given) {
+    if (const auto index = tags.findEntered(entered))
       known.insert(definitions[*index]);
   }
   return known;
@@ -69,10 +69,10 @@ OdString tagsOf(const ReferenceAttributes& attributes) {
 
 void setGiven(OdDbBlockReference& reference, const AttributeAnswers& answers) {
   const ReferenceAttributes attributes(reference);
-  for (const auto& [typed, value] : answers.given) {
-    const AttributeRow* row = attributes.findEntered(typed);
+  for (const auto& [entered, value] : answers.given) {
+    const AttributeRow* row = attributes.findEntered(entered);
     if (row == nullptr)
-      refuse(msg::kNoSuchTag, {typed, tagsOf(attributes)});
+      refuse(msg::kNoSuchTag, {entered, tagsOf(attributes)});
     if (changeValue(row->attribute, value) == ValueChange::kLines)
       refuse(msg::kAttributeLines, {attributeName(*row), value});
   }

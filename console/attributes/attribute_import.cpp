@@ -18,7 +18,7 @@ namespace {
 enum Column : std::size_t { kHandle, kTag, kValue, kOrdinal, kBlock, kColumnCount };
 constexpr std::array<std::string_view, kColumnCount> kColumnNames = {"handle", "tag", "value", "ordinal", "block"};
 constexpr std::size_t kNeeded = 3; // the others may be missing
-constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
+constexpr std::size_t kNoColumn = static_cast<std::size_t>(-1);
 
 CsvTable readTable(const std::string& path) {
   drawing::MappedFile file;
@@ -40,12 +40,12 @@ std::array<std::size_t, kColumnCount> columnsOf(const CsvTable& table, const std
   std::array<std::size_t, kColumnCount> columns;
   for (std::size_t column = 0; column < kColumnCount; ++column) {
     const OdString name = OdString::fromUtf8(kColumnNames[column]);
-    columns[column] = kNowhere;
+    columns[column] = kNoColumn;
     for (std::size_t i = 0; !table.rows.empty() && i < table.rows[0].cells.size(); ++i) {
-      if (columns[column] == kNowhere && name.iCompare(OdString::fromUtf8(table.rows[0].cells[i])) == 0)
+      if (columns[column] == kNoColumn && name.iCompare(OdString::fromUtf8(table.rows[0].cells[i])) == 0)
         columns[column] = i;
     }
-    if (column < kNeeded && columns[column] == kNowhere)
+    if (column < kNeeded && columns[column] == kNoColumn)
       refuse(msg::kCsvColumn, {OdString::fromUtf8(path), name});
   }
   return columns;
@@ -70,7 +70,7 @@ public:
 
 private:
   OdString cell(const CsvRow& row, Column column) const {
-    return columns_[column] == kNowhere ? OdString() : OdString::fromUtf8(row.cells[columns_[column]]);
+    return columns_[column] == kNoColumn ? OdString() : OdString::fromUtf8(row.cells[columns_[column]]);
   }
 
   // Of a reference; null when there is none. The same for all its rows.

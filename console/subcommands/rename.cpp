@@ -8,7 +8,7 @@
 namespace console::subcommands {
 namespace {
 
-struct Wish {
+struct RenameRequest {
   OdDb::SymbolTableKind kind;
   OdString from, to;
 };
@@ -32,7 +32,7 @@ public:
       for (const std::string& value : option.values)
         add(option, value);
     }
-    if (settings_.empty())
+    if (requests_.empty())
       throw Failure{Status::kUsage, {msg::kNoRename, {}}};
   }
   Status run(const SessionOptions& settings) override {
@@ -54,23 +54,23 @@ private:
     const auto sign = value.find('=');
     if (sign == std::string::npos || sign == 0)
       refuseUsage(msg::kBadRename, option.name, value);
-    settings_.push_back(
+    requests_.push_back(
         {option.kind, OdString::fromUtf8(value.substr(0, sign)), OdString::fromUtf8(value.substr(sign + 1))});
   }
 
   void work(Session& session, Json& results) {
     results["renamed"] = Json::array();
-    for (const Wish& wish : settings_) {
-      renameSymbolRecord(session, wish.kind, wish.from, wish.to);
-      results["renamed"].push_back({{"kind", renameKindName(wish.kind)},
-                                    {"from", wish.from.toUtf8Lossless()},
-                                    {"to", wish.to.toUtf8Lossless()}});
+    for (const RenameRequest& request : requests_) {
+      renameSymbolRecord(session, request.kind, request.from, request.to);
+      results["renamed"].push_back({{"kind", renameKindName(request.kind)},
+                                    {"from", request.from.toUtf8Lossless()},
+                                    {"to", request.to.toUtf8Lossless()}});
     }
   }
 
   void printSummary(Session& session) {
-    for (const Wish& wish : settings_)
-      session.print(msg::kRenamed, {OdString::fromUtf8(renameKindName(wish.kind)), wish.from, wish.to});
+    for (const RenameRequest& request : requests_)
+      session.print(msg::kRenamed, {OdString::fromUtf8(renameKindName(request.kind)), request.from, request.to});
   }
 
   OptionTable* optionTable_ = nullptr;
@@ -80,7 +80,7 @@ private:
                                      {"--linetype", OdDb::kLinetypeTable, "OLD=NEW of a linetype", {}},
                                      {"--style", OdDb::kTextStyleTable, "OLD=NEW of a text style", {}},
                                      {"--dimstyle", OdDb::kDimStyleTable, "OLD=NEW of a dimension style", {}}}};
-  std::vector<Wish> settings_;
+  std::vector<RenameRequest> requests_;
   bool json_ = false;
 };
 
