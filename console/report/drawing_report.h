@@ -28,7 +28,7 @@ struct Xref {
 // How often a block is shown. An array is one reference and counts its rows times its columns when it is shown.
 struct Counts {
   std::uint64_t direct = 0; // references anywhere in the drawing
-  std::uint64_t nested = 0; // places where model space shows it; at most kMostPlaces
+  std::uint64_t nested = 0; // places where model space shows it; at most kMaxInstances
   Counts& operator+=(const Counts& other);
 };
 inline constexpr std::uint64_t kMaxInstances = std::uint64_t{1}

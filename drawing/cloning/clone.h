@@ -39,8 +39,8 @@ private:
   struct Item {
     OdDbObjectId source;
     Action action = Action::kMake;
-    OdDbObjectId target;    // Replace, Use
-    OdDbObjectId container; // Make: the target's table or dictionary that takes it; null: where its owner is mapped to
+    OdDbObjectId target;    // kReplace, kUse
+    OdDbObjectId container; // kMake: the target's table or dictionary that takes it; null: where its owner is mapped to
     OdString name;          // in its table or dictionary
     bool primary = false;
     OdDbObjectId neededBy = {}; // of the source; its copy owns this one when the original has no owner

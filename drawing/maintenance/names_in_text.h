@@ -6,7 +6,7 @@
 namespace drawing {
 
 struct TextualReference {
-  enum List : std::uint8_t { kUnmodelled, kXData, kSection }; // Section: one that the object keeps as files hold it
+  enum List : std::uint8_t { kUnmodelled, kXData, kSection }; // kSection: one that the object keeps as files hold it
   OdDb::SymbolTableKind kind;
   List list;
   std::size_t at; // in that list

@@ -35,10 +35,10 @@ private:
   struct Entry {
     enum Kind { kState, kAdded, kGrown } kind;
     OdDbObjectId id;
-    std::unique_ptr<OdDbObject> state; // State: the other state
-    std::size_t length = 0;            // Grown: length before
-    std::vector<OdDbObjectId> tail;    // Grown, undone: what came after it
-    bool erased = false;               // Added, undone: whether the object was erased
+    std::unique_ptr<OdDbObject> state; // kState: the other state
+    std::size_t length = 0;            // kGrown: length before
+    std::vector<OdDbObjectId> tail;    // kGrown, undone: what came after it
+    bool erased = false;               // kAdded, undone: whether the object was erased
   };
   struct Group {
     std::uint32_t mark = 0;

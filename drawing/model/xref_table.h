@@ -10,8 +10,8 @@ namespace drawing {
 
 struct XrefEntry {
   XrefStatus status = XrefStatus::kNotLoaded;
-  OdDbDatabasePtr database; // Loaded. Drawings hold each other in one direction only: a cycle is cut.
-  OdDbObjectId back;        // Cycle: a record of the drawing it leads back to, which may be gone by now
+  OdDbDatabasePtr database; // kLoaded. Drawings hold each other in one direction only: a cycle is cut.
+  OdDbObjectId back;        // kCycle: a record of the drawing it leads back to, which may be gone by now
 };
 
 class XrefTable {

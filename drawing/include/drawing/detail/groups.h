@@ -31,7 +31,7 @@ enum class GroupKind : std::uint8_t {
   kUnparsed   // a value that does not fit its code, preserved as text
 };
 
-// Kind of the values of a group code as DXF files define it; Text for codes that are not defined.
+// Kind of the values of a group code as DXF files define it; kText for codes that are not defined.
 MVDRAWING_API GroupKind groupKindOf(int code);
 // Kind of the references of a group code: 330 soft pointer, 340 hard pointer, 350 soft owner, 360 hard owner ...
 MVDRAWING_API OdDb::ReferenceType referenceTypeOf(int code);
@@ -104,8 +104,8 @@ public:
   const Group& operator[](std::size_t i) const { return groups_[i]; }
   void clear();
 
-  // Value of a group of this list: Text, Binary and Unread as bytes (valid until the list changes) or as a string,
-  // Reference as an id.
+  // Value of a group of this list: kText, kBinary and kUnparsed as bytes (valid until the list changes) or as a string,
+  // kReference as an id.
   std::string_view textOf(const Group& group) const;
   OdDbObjectId idOf(const Group& group) const;
   OdString stringOf(const Group& group) const;
