@@ -3,11 +3,11 @@
 #include "DbDimension.h"
 #include "DbIdMapping.h"
 #include "DbSymbolRecords.h"
+#include "Ge/GeUtil.h"
 #include "blockcommon/creation.h"
 #include "morvane/drawing_tools.h"
 #include "morvane/result_codes.h"
 
-#include <cmath>
 #include <optional>
 #include <vector>
 
@@ -63,12 +63,6 @@ double rotationAbout(const OdGeMatrix3d& matrix) {
   return OdGeVector3d::kXAxis.angleTo(x, z);
 }
 
-double normalizedRotation(double angleRad) {
-  constexpr double kFullTurn = 6.283185307179586;
-  const double reduced = angleRad - std::floor(angleRad / kFullTurn) * kFullTurn;
-  return reduced < kFullTurn ? reduced : 0.0; // a tiny negative angle reduces to the full turn itself
-}
-
 // The association the host knows of, else the first reactor of the dimension that is one.
 OdDbObjectId associationOf(const OdDbObjectId& dimensionId) {
   OdDbObjectId association;
@@ -100,7 +94,7 @@ void updateDimension(const OdDbObjectId& dimensionId, double rotationRad) {
   unlocked.addLayerOf(dimensionId);
   {
     const OdSmartPtr<OdDbDimension> dimension = dimensionId.safeOpenObject(OdDb::kForWrite);
-    dimension->setHorizontalRotation(normalizedRotation(dimension->horizontalRotation() + rotationRad));
+    dimension->setHorizontalRotation(normalizeAngle(dimension->horizontalRotation() + rotationRad));
   }
   postAssociation(dimensionId);
 }

@@ -177,6 +177,7 @@ TEST(Vector, MeasuresAngles) {
   EXPECT_NEAR(OdGeVector2d(0, 1).counterClockwiseAngleTo({1, 0}), 1.5 * kPi, 1e-15);
   EXPECT_NEAR(normalizeAngle(-7 * kPi), kPi, 1e-14);
   EXPECT_FALSE(std::signbit(normalizeAngle(-0.0)));
+  EXPECT_EQ(normalizeAngle(-1e-17), 0.0); // a full turn when 2 pi is added
 }
 
 TEST(Vector, ComparesDirections) {
