@@ -3,6 +3,7 @@
 #include "DbBlockTable.h"
 #include "DbDatabase.h"
 #include "blockcommon/host/services.h"
+#include "drawing/names.h"
 #include "morvane/documents.h"
 #include "morvane/result_codes.h"
 #include "morvane/variables.h"
@@ -12,15 +13,6 @@
 
 namespace blockUtils {
 namespace {
-
-bool isSpaceName(const OdString& name) {
-  for (const wchar_t* space : {L"*MODEL_SPACE", L"*PAPER_SPACE"}) {
-    const int length = OdString(space).getLength();
-    if (name.getLength() >= length && name.left(length).iCompare(space) == 0)
-      return true;
-  }
-  return false;
-}
 
 OdDbBlockTableRecordPtr openRecord(const OdDbObjectId& id) {
   OdDbObjectPtr object;
@@ -39,7 +31,7 @@ void listBlocks(MvJsonPtr& list, Describe describe) {
     return;
   for (const auto iterator = table->newIterator(); !iterator->done(); iterator->step()) {
     const OdDbBlockTableRecordPtr record = openRecord(iterator->getRecordId());
-    if (isSpaceName(record->getName()) || record->isFromExternalReference() || record->isDependent() ||
+    if (drawing::isSpaceName(record->getName()) || record->isFromExternalReference() || record->isDependent() ||
         record->isAnonymous())
       continue;
     const MvJsonPtr element = ElementValue::createObject(kMvJsonObject);

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "DbBlockTable.h"
+#include "drawing/names.h"
 
 namespace drawing {
 
-bool isSpaceName(const OdString& name); // *Model_Space, *Paper_Space, *Paper_Space0 ...
 bool isSpace(const OdDbBlockTableRecord& block);
 // Every drawing has these, or programs expect them without a reference: spaces, layer 0, the standard styles ...
 bool isNeeded(const OdDbSymbolTableRecord& record);

@@ -1,4 +1,4 @@
-// Names of records in symbol tables: validity and renaming.
+// Names of records in symbol tables: validity, spaces, renaming.
 #pragma once
 
 #include "DbDatabase.h"
@@ -17,6 +17,9 @@ enum class NameFault : std::uint8_t {
 // Whether a record may have this name in drawings of that version. `at`, if not null, receives the position of a
 // character that is not allowed.
 MVDRAWING_API NameFault nameFault(const OdString& name, OdDb::DwgVersion version, int* at = nullptr);
+
+// Whether it is the name of a space: *Model_Space, *Paper_Space, *Paper_Space0 ...
+MVDRAWING_API bool isSpaceName(const OdString& name);
 
 // Result of renaming.
 enum class RenameResult : std::uint8_t {
