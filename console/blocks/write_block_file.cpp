@@ -8,6 +8,7 @@
 
 #include "DbBlockTable.h"
 #include "DbDimension.h"
+#include "Ge/GeUtil.h"
 #include "blockcommon/selections.h"
 #include "blockcommon/transforms.h"
 #include "drawing/wblock.h"
@@ -20,7 +21,6 @@ namespace {
 
 // Letters of a dimension that were level in the UCS are level in the file.
 void rotateText(OdDbEntity& entity, const OdGeMatrix3d& frame) {
-  constexpr double kFullTurn = 6.283185307179586;
   const OdDbDimensionPtr dimension = OdDbDimension::cast(&entity);
   if (dimension.isNull())
     return;
@@ -28,7 +28,7 @@ void rotateText(OdDbEntity& entity, const OdGeMatrix3d& frame) {
   OdGeVector3d x, y, z;
   frame.getCoordSystem(origin, x, y, z);
   const double rotated = dimension->horizontalRotation() + OdGeVector3d::kXAxis.angleTo(x, z);
-  dimension->setHorizontalRotation(rotated - std::floor(rotated / kFullTurn) * kFullTurn);
+  dimension->setHorizontalRotation(normalizeAngle(rotated));
 }
 
 bool moveBy(OdDbEntity& entity, const OdGeMatrix3d& toBase, const OdGeMatrix3d& frame) {
