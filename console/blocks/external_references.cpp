@@ -75,7 +75,7 @@ OdDbBlockTableRecordPtr makeXref(Session& session, const AttachRequest& request)
 }
 
 OdDbBlockTableRecordPtr xrefFor(Session& session, const AttachRequest& request) {
-  const auto present = OdDbBlockTableRecord::cast(definitionOf(session, request.name).safeOpenObject());
+  auto present = OdDbBlockTableRecord::cast(definitionOf(session, request.name).safeOpenObject());
   if (present.isNull())
     return makeXref(session, request);
   if (!present->isFromExternalReference() || !isSameFile(fileOf(session, *present), request.file))

@@ -72,7 +72,31 @@ InputEngine::Armed InputEngine::takeArmed() {
   return armed == nullptr ? Armed{} : *armed;
 }
 
-// A line of the topmost source that has one, or the part of it up to a blank.
+// The next line of a source. kEnd: it has no more.
+ReadStatus InputEngine::readLine(Level& level, const OdString& prompt) {
+  OdString line;
+  const ReadStatus status = level.source->readLine(prompt, line);
+  if (status == ReadStatus::kCancelled || (status == ReadStatus::kLine && line == OdString(kEscape)))
+    return ReadStatus::kCancelled;
+  if (status == ReadStatus::kLine)
+    level.rest = untilZero(line);
+  return status;
+}
+
+// The line that was read, or the part of it up to a space; the rest stays for the next answer.
+std::wstring InputEngine::takeAnswer(Level& level, Extent extent) {
+  std::wstring answer = *std::exchange(level.rest, std::nullopt);
+  const bool toSpace = extent == Extent::kToSpace || (extent != Extent::kLine && level.source->isScript());
+  const auto space =
+      toSpace ? answer.find_first_of(L" \t", extent == Extent::kName ? quotedPart(answer) : 0) : std::wstring::npos;
+  if (space != std::wstring::npos) {
+    level.rest = answer.substr(space + 1);
+    answer.resize(space);
+  }
+  return answer;
+}
+
+// An answer from the topmost source that has one.
 ReadStatus InputEngine::readRaw(const OdString& prompt, Extent extent, std::wstring& answer) {
   bool shown = false;
   while (!levels_.empty()) {
@@ -81,25 +105,14 @@ ReadStatus InputEngine::readRaw(const OdString& prompt, Extent extent, std::wstr
       output_.print(prompt);
       shown = true;
     }
-    if (!top.rest) {
-      OdString line;
-      const ReadStatus status = top.source->readLine(prompt, line);
-      if (status == ReadStatus::kEnd) {
-        levels_.pop_back();
-        continue;
-      }
-      if (status == ReadStatus::kCancelled || line == OdString(kEscape))
-        return ReadStatus::kCancelled;
-      top.rest = untilZero(line);
+    const ReadStatus status = top.rest ? ReadStatus::kLine : readLine(top, prompt);
+    if (status == ReadStatus::kCancelled)
+      return status;
+    if (status == ReadStatus::kEnd) {
+      levels_.pop_back();
+      continue;
     }
-    answer = *std::exchange(top.rest, std::nullopt);
-    const bool toSpace = extent == Extent::kToSpace || (extent != Extent::kLine && top.source->isScript());
-    const auto space =
-        toSpace ? answer.find_first_of(L" \t", extent == Extent::kName ? quotedPart(answer) : 0) : std::wstring::npos;
-    if (space != std::wstring::npos) {
-      top.rest = answer.substr(space + 1);
-      answer.resize(space);
-    }
+    answer = takeAnswer(top, extent);
     if (echo_ && !top.source->showsPrompt())
       output_.print(OdString(answer + L"\n"));
     if (extent == Extent::kName && answer.size() > 1 && quotedPart(answer) == answer.size())

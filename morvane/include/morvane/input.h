@@ -145,6 +145,8 @@ private:
   int getText(Extent extent, const OdString& prompt, OdString& result);
   Verdict promptOnce(const Armed& armed, const OdString& prompt, Extent extent, std::wstring& answer);
   int promptValue(const OdString& prompt, const OdString& complaint, const Accept& accept);
+  static ReadStatus readLine(Level& level, const OdString& prompt);
+  static std::wstring takeAnswer(Level& level, Extent extent);
   ReadStatus readRaw(const OdString& prompt, Extent extent, std::wstring& answer);
   bool insideLimits(const double* pointUcs) const;
 
