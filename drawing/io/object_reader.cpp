@@ -88,7 +88,7 @@ bool takeEntityInfo(const RawGroup& group, ReadObject& info, LoadContext& contex
     return true;
   }
   if (group.code == 410) {
-    info.layoutName = context.text(group);
+    context.utf8(group); // its bytes count as text of the file
     return true;
   }
   return false;
@@ -146,7 +146,6 @@ public:
   }
 
   void take(const RawGroup& group) {
-    noteAttributes(filling_, group);
     takesCommon_ = takesCommon_ && group.code != 101; // an embedded object has groups of its own
     if ((second_ && second_->take(group)) || (own_ && own_->take(group)) || takeCommon(group))
       return;
@@ -281,11 +280,6 @@ std::size_t ObjectReader::readApplicationGroup(const Record& record, std::size_t
   return end + (closed ? 1 : 0);
 }
 
-void ObjectReader::noteAttributes(const Filling& filling, const RawGroup& group) {
-  if (group.code == 66 && filling.isEntity)
-    filling.info.attributesFollow = true;
-}
-
 void ObjectReader::fillSubclasses(const Filling& filling) {
   const auto& subclasses = filling.object.description().subclasses();
   SubclassReader common(filling.object, commonSubclass(), context_);
@@ -313,7 +307,6 @@ void ObjectReader::fillWithoutMarkers(const Filling& filling) {
   for (const SubclassLayout* subclass : filling.object.description().subclasses())
     readers.emplace_back(filling.object, *subclass, context_);
   for (const RawGroup& group : filling.groups) {
-    noteAttributes(filling, group);
     bool taken = filling.isEntity && takeEntityInfo(group, filling.info, context_);
     for (std::size_t r = 0; r < readers.size() && !taken; ++r)
       taken = readers[r].take(group);

@@ -10,11 +10,9 @@ namespace drawing {
 // What a record says besides the object itself.
 struct ReadObject {
   OdSmartPtr<OdDbObject> object;
-  std::uint64_t handle = 0;      // 0: none
-  OdDbObjectId owner;            // null: none named
-  bool inPaperSpace = false;     // group 67
-  OdString layoutName;           // group 410
-  bool attributesFollow = false; // group 66
+  std::uint64_t handle = 0;  // 0: none
+  OdDbObjectId owner;        // null: none named
+  bool inPaperSpace = false; // group 67
 };
 
 class ObjectReader {
@@ -35,7 +33,6 @@ private:
 
   void fillSubclasses(const Filling& filling);
   void fillWithoutMarkers(const Filling& filling);
-  static void noteAttributes(const Filling& filling, const RawGroup& group);
   std::size_t readPreamble(const Record& record, OdDbObject& object, ReadObject& info);
   void skip(const RawGroup& group);
   std::size_t readApplicationGroup(const Record& record, std::size_t at, OdDbObject& object);
