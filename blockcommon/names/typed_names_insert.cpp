@@ -37,7 +37,7 @@ OdString findFile(const OdString& base, const OdString& spec) {
   const bool isWhole = commonFun::isFileExtValidWithFile(spec);
   for (const wchar_t* ending : {L".dwg", L".dxf"}) {
     for (const OdString& candidate : candidates) {
-      const OdString path = isWhole || candidate.isEmpty() ? candidate : candidate + ending;
+      OdString path = isWhole || candidate.isEmpty() ? candidate : candidate + ending;
       if (!path.isEmpty() && insertCommon::isFileExist(path))
         return path;
     }

@@ -26,7 +26,7 @@ constexpr int kName = 1;
 // Question marks are answered with the list of blocks until a name comes.
 OdString promptBlockName(Session& session) {
   for (;;) {
-    const OdString entered = promptText(session, msg::kPromptBlockName).value_or(OdString());
+    OdString entered = promptText(session, msg::kPromptBlockName).value_or(OdString());
     if (entered.isEmpty())
       refuseEmptyName();
     const int kind = commonFun::GetInputType(entered);

@@ -106,6 +106,24 @@ Surface Picture::Content::image() const {
   return surface;
 }
 
+namespace {
+
+// Alpha is in the highest byte of a pixel of cairo, and its colours are multiplied by it.
+void writePixel(const unsigned char* in, std::uint8_t* out) {
+  std::uint32_t pixel = 0;
+  std::memcpy(&pixel, in, 4);
+  const std::uint32_t alpha = pixel >> 24;
+  const auto channel = [&](int shift) {
+    return static_cast<std::uint8_t>(alpha == 0 ? 0 : (((pixel >> shift) & 255) * 255 + alpha / 2) / alpha);
+  };
+  out[0] = channel(16);
+  out[1] = channel(8);
+  out[2] = channel(0);
+  out[3] = static_cast<std::uint8_t>(alpha);
+}
+
+} // namespace
+
 Bitmap Picture::bitmap() const {
   const Surface surface = content_->image();
   Bitmap bitmap;
@@ -116,18 +134,8 @@ Bitmap Picture::bitmap() const {
   const unsigned char* row = cairo_image_surface_get_data(surface.get());
   std::uint8_t* out = bitmap.rgba.data();
   for (std::size_t y = 0; y < height; ++y, row += cairo_image_surface_get_stride(surface.get())) {
-    for (std::size_t x = 0; x < width; ++x, out += 4) {
-      std::uint32_t pixel = 0; // alpha in the highest byte, colours multiplied by it
-      std::memcpy(&pixel, row + 4 * x, 4);
-      const std::uint32_t alpha = pixel >> 24;
-      const auto channel = [&](int shift) {
-        return static_cast<std::uint8_t>(alpha == 0 ? 0 : (((pixel >> shift) & 255) * 255 + alpha / 2) / alpha);
-      };
-      out[0] = channel(16);
-      out[1] = channel(8);
-      out[2] = channel(0);
-      out[3] = static_cast<std::uint8_t>(alpha);
-    }
+    for (std::size_t x = 0; x < width; ++x, out += 4)
+      writePixel(row + 4 * x, out);
   }
   return bitmap;
 }

@@ -104,6 +104,14 @@ void breakToCarets(std::string_view text, std::string& out) {
 class TextCodec::Writer {
 public:
   Writer(std::string& out, bool escapesBytes) : out_(out), escapesBytes_(escapesBytes) {}
+
+  void escape(const Escape& escape) {
+    const char byte = static_cast<char>(escape.character);
+    if (escape.isByte)
+      text({&byte, 1});
+    else
+      character(escape.character);
+  }
   void text(std::string_view characters) {
     endRun();
     out_ += characters;
@@ -205,12 +213,7 @@ void TextCodec::decodeTo(std::string_view bytes, std::string& out, bool counts) 
   for (std::size_t at = 0; at < bytes.size();) {
     const std::string_view rest = bytes.substr(at);
     if (const Escape escape = escapeAt(rest); escape.length != 0) {
-      if (escape.isByte) {
-        const char byte = static_cast<char>(escape.character);
-        writer.text({&byte, 1});
-      } else {
-        writer.character(escape.character);
-      }
+      writer.escape(escape);
       at += escape.length;
     } else if (static_cast<unsigned char>(rest[0]) < 0x80) {
       writer.text(rest.substr(0, 1));

@@ -11,8 +11,9 @@ class Derived {
 public:
   Derived() = default;
   Derived(const Derived&) {}
-  Derived& operator=(const Derived&) {
-    drop();
+  Derived& operator=(const Derived& other) {
+    if (this != &other)
+      drop();
     return *this;
   }
   // The value: null before make and after drop. make replaces it by a new one.
