@@ -55,6 +55,9 @@ public:
   // readers.
   static OdDbDatabasePtr create();
   static OdDbDatabasePtr createEmpty();
+  // An independent copy with the same handles, which is saved as the same file: objects that are not erased, header,
+  // file properties and preserved sections. It has no steps to undo, and its external references are not loaded.
+  OdDbDatabasePtr clone() const;
 
   // Makes a free object resident: the drawing owns it from now on. It gets the given handle, or a new one if that is 0
   // or in use. Returns its id. Does not list the object in the container: symbol tables, dictionaries and blocks have

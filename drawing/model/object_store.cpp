@@ -222,4 +222,13 @@ void Store::reserve(std::size_t objects) {
   pages_.reserve((objects >> kPageBits) + 1);
 }
 
+void Store::copyNumbers(const Store& other) {
+  while (count_ < other.count_)
+    newNumber();
+  for (std::uint32_t number = 1; number < count_; ++number)
+    stub(number).handle = other.stub(number).handle;
+  handles_ = other.handles_;
+  nextHandle_ = other.nextHandle_;
+}
+
 } // namespace drawing

@@ -69,6 +69,8 @@ public:
   OdDbHandle nextHandle() const { return nextHandle_; }
   void raiseNextHandle(std::uint64_t handle);
   void reserve(std::size_t objects);
+  // Gives a new store the numbers of another one with their handles, and the next free handle, but no objects.
+  void copyNumbers(const Store& other);
 
 private:
   struct Stub {

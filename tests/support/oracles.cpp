@@ -66,8 +66,18 @@ static OdDbDatabasePtr readBack(const OdDbDatabase& database, drawing::WriteOpti
 }
 
 OdDbDatabasePtr expectRoundTrip(const OdDbDatabase& database) {
-  readBack(database, drawing::WriteOptions::kBinary);
+  if (OdDbDatabasePtr again = readBack(database, drawing::WriteOptions::kBinary); !again.isNull())
+    expectEqualClone(std::move(again));
   return readBack(database, drawing::WriteOptions::kText);
+}
+
+void expectEqualClone(OdDbDatabasePtr database) {
+  const drawing::WriteOptions text{.form = drawing::WriteOptions::kText};
+  const std::string dump = drawing::canonicalDump(*database), bytes = drawing::writeDrawingToMemory(*database, text);
+  const OdDbDatabasePtr copy = database->clone();
+  database = OdDbDatabasePtr(); // an id that still is one of the source names nothing now
+  EXPECT_EQ(firstDifference(dump, drawing::canonicalDump(*copy)), "");
+  EXPECT_TRUE(bytes == drawing::writeDrawingToMemory(*copy, text)) << "the files differ";
 }
 
 void expectSound(OdDbDatabase& database) {

@@ -20,6 +20,10 @@ void expectUndoRestores(OdDbDatabase& database, const std::function<void()>& cha
 // was read.
 OdDbDatabasePtr expectRoundTrip(const OdDbDatabase& database);
 
+// A copy of the drawing has the same dump and is saved as the same bytes, also when the drawing, of which no other
+// pointer may exist, is closed.
+void expectEqualClone(OdDbDatabasePtr database);
+
 // The audit finds nothing.
 void expectSound(OdDbDatabase& database);
 
