@@ -2,10 +2,7 @@
 
 #include "DbAttribute.h"
 #include "drawing/blocks/attribute_text_form.h"
-#include "drawing/file.h"
 #include "drawing/model/object_store.h"
-
-#include <algorithm>
 
 namespace drawing::dxf {
 
@@ -27,15 +24,6 @@ std::vector<OdDbObjectId> attributesToChange(const OdDbDatabase& database, bool 
   return ids;
 }
 
-// Handles and all: what a file of the drawing's own version gives back.
-OdDbDatabasePtr copyOf(const OdDbDatabase& database) {
-  WriteOptions options;
-  options.form = WriteOptions::kText;
-  options.version = std::max(database.fileInfo().version, OdDb::kRelease2000);
-  options.attributesAsStored = true;
-  return readDrawingFromMemory(writeDrawingToMemory(database, options), "copy").database;
-}
-
 } // namespace
 
 OdDbDatabasePtr copyForVersion(const OdDbDatabase& database, OdDb::DwgVersion version) {
@@ -46,8 +34,7 @@ OdDbDatabasePtr copyForVersion(const OdDbDatabase& database, OdDb::DwgVersion ve
   const std::vector<OdDbObjectId> ids = attributesToChange(database, isInside);
   if (ids.empty())
     return nullptr;
-  OdDbDatabasePtr copy = copyOf(database);
-  copy->fileInfo() = database.fileInfo();
+  OdDbDatabasePtr copy = database.clone();
   for (OdDbObjectId id : ids) {
     auto& attribute = *static_cast<OdDbAttributeBase*>(lookup(copy->objectIdOf(id.getHandle())));
     const WriteScope scope(attribute);
