@@ -11,7 +11,6 @@
 
 namespace {
 
-using namespace console_tests;
 using namespace tests;
 using console::CsvFault;
 

@@ -15,7 +15,7 @@
 namespace {
 
 using console::Status;
-using namespace console_tests;
+using namespace tests;
 
 constexpr char kTiltedUcs[] = "UCS 3point 0.1,0.7,0.3 1.3,2.9,0.4 -0.2,1.9,3.1\n";
 constexpr char kAwkwardLine[] = "LINE 0.1,0.2,0.3 1.7,3.3,5.9\n\n";
@@ -60,7 +60,7 @@ TEST(BlockObjects, StayOrAreDrawnWhereTheyWereUnderATiltedUcs) {
 TEST(BlockObjects, ReferenceGetsItsAttributesButNotConstantOnes) {
   TestSession console;
   console.run("ATTDEF NO Number\n12\n20,20 2.5\nATTDEF FIX Fixed\n1\n5,5 1\nUCS Z 90\n");
-  tests::forWrite<OdDbAttributeDefinition>(console.objects()[1])->setConstant(true);
+  forWrite<OdDbAttributeDefinition>(console.objects()[1])->setConstant(true);
   ASSERT_EQ(console.run("BLOCK part 1,1 All\n\nConvert\n"), Status::kDone) << console.takeShown();
   const OdDbBlockReferencePtr reference = onlyReference(console);
   const OdDbObjectIdArray attributes = reference->attributeIds();
@@ -76,7 +76,7 @@ TEST(BlockObjects, RedefinedBlockHasItsOriginAtTheBasePoint) {
   TestSession console;
   console.run("LINE 0,0 1,0\n\nBLOCK part 0,0 All\n\nDelete\nLINE 7,7 8,7\n\n");
   const OdDbObjectId id = console.database().symbol(OdDb::kBlockTable, L"part");
-  tests::forWrite<OdDbBlockTableRecord>(id)->setOrigin(OdGePoint3d(3, 3, 3));
+  forWrite<OdDbBlockTableRecord>(id)->setOrigin(OdGePoint3d(3, 3, 3));
   ASSERT_EQ(console.run("BLOCK part 1 7,7 All\n\nConvert\n"), Status::kDone) << console.takeShown();
   const OdDbBlockTableRecordPtr block = id.safeOpenObject();
   EXPECT_TRUE(bitEqual(block->origin(), OdGePoint3d(0, 0, 0)));
@@ -88,11 +88,11 @@ TEST(BlockObjects, AnnotativeReferenceShowsThemInTheirSize) {
   TestSession console;
   console.run("LINE 1,1 3,1\n\n");
   OdDbDatabase& database = console.database();
-  const auto named = tests::forWrite<OdDbDictionary>(database.getNamedObjectsDictionaryId());
+  const auto named = forWrite<OdDbDictionary>(database.getNamedObjectsDictionaryId());
   const OdSmartPtr<OdDbScale> scale = OdDbScale::createObject();
   scale->setScaleName(L"1:4");
   scale->setUnits(1, 4);
-  tests::forWrite<OdDbDictionary>(named->setAt(L"ACAD_SCALELIST", OdDbDictionary::createObject()))->setAt(L"A0", scale);
+  forWrite<OdDbDictionary>(named->setAt(L"ACAD_SCALELIST", OdDbDictionary::createObject()))->setAt(L"A0", scale);
   ASSERT_EQ(database.setCannoscale(L"1:4"), eOk);
   console::BlockRequest request;
   request.name = L"note";
@@ -114,7 +114,7 @@ TEST(BlockObjects, AreFilteredAndOrdered) {
   TestSession console;
   console.run("LAYER Make grid\nSet 0\nLock grid\n\nATTDEF A A\na\n0,0 1\nLINE 0,0 1,0\n\nATTDEF B B\nb\n0,1 1\n"
               "CIRCLE 0,0 1\n");
-  tests::addTo<OdDbCamera>(console.database().getModelSpaceId());
+  addTo<OdDbCamera>(console.database().getModelSpaceId());
   const OdDbObjectIdArray all = console.objects();
   OdDbObjectIdArray picked;
   for (const int at : {2, 4, 1, 0, 3})
@@ -131,9 +131,9 @@ TEST(Selection, ExcludesTheViewportOfTheLayoutItself) {
   TestSession console;
   const OdDbObjectId layout = console.database().getPaperSpaceId(), space = console.database().getModelSpaceId();
   for (const OdDbObjectId block : {layout, space}) {
-    tests::addText(console.database(), L"x", block);
+    addText(console.database(), L"x", block);
     for (int number = 0; number < 2; ++number)
-      tests::forWrite<OdDbBlockTableRecord>(block)->appendEntity(OdDbViewport::createObject());
+      forWrite<OdDbBlockTableRecord>(block)->appendEntity(OdDbViewport::createObject());
   }
   EXPECT_EQ(console::pickableObjects(layout).length(), 2);
   EXPECT_EQ(console::pickableObjects(space).length(), 3);
@@ -142,29 +142,29 @@ TEST(Selection, ExcludesTheViewportOfTheLayoutItself) {
 TEST(BlockChain, OfSharedDefinitionsIsFoundInOneTraversal) {
   TestSession console;
   OdDbDatabase& database = console.database();
-  const OdDbObjectId wanted = tests::addBlock(database, L"door");
+  const OdDbObjectId wanted = addBlock(database, L"door");
   OdDbObjectId below = wanted;
   for (int level = 0; level < 60; ++level) {
-    const OdDbObjectId block = tests::addBlock(database, (L"b" + std::to_wstring(level)).c_str());
-    tests::addReference(database, tests::addBlock(database, (L"leaf" + std::to_wstring(level)).c_str()), block);
-    tests::addReference(database, below, block);
-    tests::addReference(database, below, block);
+    const OdDbObjectId block = addBlock(database, (L"b" + std::to_wstring(level)).c_str());
+    addReference(database, addBlock(database, (L"leaf" + std::to_wstring(level)).c_str()), block);
+    addReference(database, below, block);
+    addReference(database, below, block);
     below = block;
   }
-  const OdDbObjectIdArray top{tests::addReference(database, below)};
+  const OdDbObjectIdArray top{addReference(database, below)};
   const std::string chain = console::chainBackTo(wanted, top).toUtf8();
   EXPECT_EQ(chain.find("\"door\" contains \"b59\" (reference "), 0U) << chain;
   EXPECT_NE(chain.find(" contains \"b0\" (reference "), std::string::npos);
   EXPECT_EQ(chain.find("leaf"), std::string::npos);
-  const OdDbObjectId other = tests::addBlock(database, L"window");
+  const OdDbObjectId other = addBlock(database, L"window");
   EXPECT_TRUE(console::chainBackTo(other, top).isEmpty());
 }
 
 TEST(BlockNames, AreRefusedWithTheReason) {
   TestSession console;
   console.run("CIRCLE 0,0 1\nBLOCK edited 0,0 All\n\nKeep\nBEDIT edited\n");
-  tests::forWrite<OdDbBlockTableRecord>(tests::addBlock(console.database(), L"site"))->setXref(L"site.dxf");
-  tests::addBlock(console.database(), L"site|tree");
+  forWrite<OdDbBlockTableRecord>(addBlock(console.database(), L"site"))->setXref(L"site.dxf");
+  addBlock(console.database(), L"site|tree");
   const struct {
     std::string name;
     const char* part;

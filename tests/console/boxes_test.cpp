@@ -11,7 +11,7 @@
 
 namespace {
 
-using namespace console_tests;
+using namespace tests;
 using Json = nlohmann::json;
 
 TEST(Boxes, AreDistinguishedWithTheirParameters) {

@@ -11,7 +11,7 @@
 #include <sstream>
 #include <unistd.h>
 
-namespace console_tests {
+namespace tests {
 namespace {
 
 morvane::HostOptions forgetfulHost() {
@@ -81,4 +81,4 @@ std::string readFile(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-} // namespace console_tests
+} // namespace tests

@@ -10,10 +10,7 @@
 #include <utility>
 #include <vector>
 
-namespace console_tests {
-
-using tests::Outcome;
-using tests::runMorvane;
+namespace tests {
 
 // What stands for what in a line: "$F" for a path.
 using Names = std::vector<std::pair<std::string, std::string>>;
@@ -39,7 +36,7 @@ private:
   console::Session session_;
 };
 
-class Scratch : public tests::ScratchFolder {
+class Scratch : public ScratchFolder {
 public:
   std::string path(const std::string& name) const { return at(name); }
   // Both answer the path.
@@ -51,4 +48,4 @@ std::string readFile(const std::string& path); // fails the test when there is n
 
 inline constexpr char kRoom[] = "examples/drawings/room.dxf";
 
-} // namespace console_tests
+} // namespace tests

@@ -8,7 +8,6 @@
 
 namespace {
 
-using namespace console_tests;
 using namespace tests;
 using Json = nlohmann::json;
 

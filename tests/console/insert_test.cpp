@@ -12,7 +12,6 @@
 namespace {
 
 using console::Status;
-using namespace console_tests;
 using namespace tests;
 using Json = nlohmann::json;
 

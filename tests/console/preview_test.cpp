@@ -7,7 +7,7 @@
 
 namespace {
 
-using namespace console_tests;
+using namespace tests;
 
 TEST(Preview, EndsWithTheStatusAndTheReason) {
   const struct {

@@ -15,7 +15,7 @@
 
 namespace {
 
-using namespace console_tests;
+using namespace tests;
 
 constexpr struct {
   const char* line; // $D is the room, $OUT a file that is not there, $OLD one that is
@@ -123,10 +123,10 @@ TEST(Save, FailureLeavesTheFileOnDisk) {
     for (int n = 1; failing; ++n) {
       ASSERT_LT(n, 1000);
       scratch.write("plan.dxf", room);
-      test_support::FailingFiles files(drawing::fileOperations(), n, ENOSPC);
+      FailingFiles files(drawing::fileOperations(), n, ENOSPC);
       Outcome run;
       {
-        const test_support::UsedFiles used(files);
+        const UsedFiles used(files);
         run = runMorvane(row.line, row.input);
       }
       SCOPED_TRACE(testing::Message() << row.line[0] << ", call " << n << run.shown);

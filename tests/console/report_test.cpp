@@ -10,22 +10,19 @@
 
 namespace {
 
-using namespace console_tests;
+using namespace tests;
 using console::report::Block;
-using tests::addBlock;
-using tests::addReference;
-using tests::forWrite;
 using Json = nlohmann::json;
 
 void addArray(OdDbObjectId block, OdDbObjectId into, std::int16_t rows, std::int16_t columns) {
-  const OdDbMInsertBlockPtr array = tests::addTo<OdDbMInsertBlock>(into);
+  const OdDbMInsertBlockPtr array = addTo<OdDbMInsertBlock>(into);
   array->setBlockTableRecord(block);
   array->setRows(rows);
   array->setColumns(columns);
 }
 
 void addDefinition(OdDbObjectId block, const OdString& tag, bool preset) {
-  const OdDbAttributeDefinitionPtr definition = tests::addTo<OdDbAttributeDefinition>(block);
+  const OdDbAttributeDefinitionPtr definition = addTo<OdDbAttributeDefinition>(block);
   definition->setTag(tag);
   definition->setPrompt(tag + L"?");
   definition->setTextString(L"1");
@@ -42,7 +39,7 @@ struct House {
     window = addBlock(*database, L"window");
     for (int n = 0; n < 4; ++n)
       addReference(*database, chair, table);
-    tests::addText(*database, L"a table", table);
+    addText(*database, L"a table", table);
     addArray(table, room, 2, 3);
     addReference(*database, table, room);
     addReference(*database, room);
@@ -52,14 +49,14 @@ struct House {
     addDefinition(room, L"NUMBER", false);
     addDefinition(room, L"FLOOR", true);
     addShapes();
-    tests::addBlock(*database, L"bad\x202Ename");
+    addBlock(*database, L"bad\x202Ename");
     forWrite<OdDbObject>(addReference(*database, chair))->erase();
   }
   void addShapes() {
-    tests::makeDynamic(window);
+    makeDynamic(window);
     addReference(*database, window);
     for (int n = 1; n <= 2; ++n) {
-      const OdDbObjectId shape = tests::addShape(window);
+      const OdDbObjectId shape = addShape(window);
       for (int shown = 0; shown < n; ++shown)
         addReference(*database, shape, n == 1 ? room : OdDbObjectId());
     }
@@ -124,7 +121,7 @@ TEST_F(Report, CountsReferences) {
 
 TEST_F(Report, OmitsAnonymousBlocksUnlessRequested) {
   const House house;
-  tests::addLayer(*house.database, L"walls\x202E");
+  addLayer(*house.database, L"walls\x202E");
   forWrite<OdDbBlockTableRecord>(addBlock(*house.database, L"site"))->setXref(L"..\\no\\site.dxf", true);
   addBlock(*house.database, L"site|tree");
   const std::string path = save(*house.database);
@@ -215,8 +212,8 @@ TEST_F(Report, ReportsFilesThatAreDamaged) {
 
 // What early files have no place for is not made up.
 TEST_F(Report, IsSilentOnWhatTheFileDoesNotSay) {
-  const std::string kPost = tests::section("BLOCKS", "0|BLOCK\n2|post\n70|0\n10|1\n20|2\n30|0\n3|post\n1|\n0|ENDBLK\n");
-  const std::string path = scratch_.write("old.dxf", tests::dxf(kPost, "AC1009"));
+  const std::string kPost = section("BLOCKS", "0|BLOCK\n2|post\n70|0\n10|1\n20|2\n30|0\n3|post\n1|\n0|ENDBLK\n");
+  const std::string path = scratch_.write("old.dxf", dxf(kPost, "AC1009"));
   const Json report = json(path, false);
   for (const char* key : {"codepage", "insunits", "measurement", "insbase"})
     EXPECT_TRUE(report["header"][key].is_null()) << key;

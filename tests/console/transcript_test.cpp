@@ -9,7 +9,7 @@
 
 namespace {
 
-using namespace console_tests;
+using namespace tests;
 
 constexpr char kFolder[] = "tests/console/transcripts";
 

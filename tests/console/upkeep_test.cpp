@@ -9,7 +9,7 @@
 
 namespace {
 
-using namespace console_tests;
+using namespace tests;
 
 // The room with a block "table" in a block "corner" that nothing shows, and one "lamp" that is shown.
 std::string house(const Scratch& scratch) {

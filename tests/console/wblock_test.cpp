@@ -16,7 +16,6 @@
 
 namespace {
 
-using namespace console_tests;
 using namespace tests;
 using Json = nlohmann::json;
 

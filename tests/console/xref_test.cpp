@@ -5,7 +5,6 @@
 
 namespace {
 
-using namespace console_tests;
 using namespace tests;
 using console::Status;
 using drawing::XrefStatus;

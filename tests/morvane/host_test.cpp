@@ -252,8 +252,8 @@ TEST(ReplaceFile, KeepsModeAndLinksAndLeavesNoTemporaryFiles) {
   EXPECT_EQ(fs::status(folder.at("fresh")).permissions(), fs::perms(0600));
   int n = 1;
   for (;; ++n) { // settings are saved through the same file operations as drawings
-    test_support::FailingFiles files(drawing::fileOperations(), n, ENOSPC);
-    const test_support::UsedFiles used(files);
+    tests::FailingFiles files(drawing::fileOperations(), n, ENOSPC);
+    const tests::UsedFiles used(files);
     if (morvane::replaceFileSafely(folder.at("real"), "newest").empty())
       break;
     EXPECT_EQ(readFile(folder.at("real")), "new") << n;

@@ -5,7 +5,7 @@
 
 #include <cerrno>
 
-namespace test_support {
+namespace tests {
 
 class FailingFiles : public drawing::FileOperations {
 public:
@@ -92,4 +92,4 @@ public:
   ~UsedFiles() { drawing::setFileOperations(nullptr); }
 };
 
-} // namespace test_support
+} // namespace tests

@@ -11,7 +11,7 @@
 #include <set>
 #include <vector>
 
-namespace test_support {
+namespace tests {
 
 class PowerLossFiles : public drawing::FileOperations {
 public:
@@ -160,4 +160,4 @@ private:
   std::map<std::string, std::set<std::string>> possible_;
 };
 
-} // namespace test_support
+} // namespace tests

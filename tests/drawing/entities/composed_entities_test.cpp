@@ -7,44 +7,44 @@
 
 #include <map>
 
-using namespace test_entities;
+using namespace tests;
 
 namespace {
 
 OdDbObjectId cloneInto(OdDbObjectId id, OdDbObjectId owner) {
-  return tests::cloned({id}, owner).valueOf(id);
+  return cloned({id}, owner).valueOf(id);
 }
 
 TEST(Table, CloneHasItsOwnBlock) {
   Loader loader;
   OdDbDatabase& database = *loader.database;
-  const OdDbObjectId picture = tests::addBlock(database, L"*T1");
-  tests::addText(database, L"cell", picture);
+  const OdDbObjectId picture = addBlock(database, L"*T1");
+  addText(database, L"cell", picture);
   const std::string handle = picture.getHandle().ascii();
   const OdDbObjectId id =
       loader
           .add("ACAD_TABLE", "100 AcDbBlockReference|2 *T1|10 1|20 2|30 3|100 AcDbTable|342 0|343 " + handle +
                                  "|11 1|21 0|31 0|91 1|92 1|141 9|142 40")
           ->objectId();
-  const OdDbDatabasePtr other = tests::skewedDrawing();
-  for (const OdDbObjectId owner : {tests::addBlock(database, L"holder"), other->getModelSpaceId()}) {
-    const auto clone = tests::forRead<OdDbTable>(cloneInto(id, owner));
+  const OdDbDatabasePtr other = skewedDrawing();
+  for (const OdDbObjectId owner : {addBlock(database, L"holder"), other->getModelSpaceId()}) {
+    const auto clone = forRead<OdDbTable>(cloneInto(id, owner));
     const OdDbObjectId block = clone->blockTableRecord();
     EXPECT_NE(block, picture);
     EXPECT_EQ(block.database(), owner.database());
     EXPECT_NE(written(*clone).find("|343 " + block.getHandle().ascii() + "|"), std::string::npos);
-    EXPECT_FALSE(tests::forRead<OdDbBlockTableRecord>(block)->newIterator()->done());
-    tests::expectRoundTrip(*owner.database());
-    tests::expectSound(*owner.database());
+    EXPECT_FALSE(forRead<OdDbBlockTableRecord>(block)->newIterator()->done());
+    expectRoundTrip(*owner.database());
+    expectSound(*owner.database());
   }
 }
 
 TEST(MLeader, IsClonedWithItsStyleAndTextStyle) {
   Loader loader;
   OdDbDatabase& database = *loader.database;
-  auto root = tests::forWrite<OdDbDictionary>(database.getNamedObjectsDictionaryId());
+  auto root = forWrite<OdDbDictionary>(database.getNamedObjectsDictionaryId());
   const OdDbObjectId styles = root->setAt(L"ACAD_MLEADERSTYLE", new OdDbDictionary);
-  const OdDbObjectId style = tests::forWrite<OdDbDictionary>(styles)->setAt(L"Mine", new OdDbXrecord);
+  const OdDbObjectId style = forWrite<OdDbDictionary>(styles)->setAt(L"Mine", new OdDbXrecord);
   const OdDbObjectId letters = database.symbol(OdDb::kTextStyleTable, L"Standard");
   const OdDbObjectId id =
       loader
@@ -52,35 +52,35 @@ TEST(MLeader, IsClonedWithItsStyleAndTextStyle) {
                                   "|302 LEADER{|304 LEADER_LINE{|10 0|20 0|30 0|305 }|303 }|301 }|340 " +
                                   style.getHandle().ascii() + "|172 2")
           ->objectId();
-  const OdDbDatabasePtr other = tests::skewedDrawing();
-  const auto clone = tests::forRead<OdDbMLeader>(cloneInto(id, other->getModelSpaceId()));
-  const auto there = tests::forRead<OdDbDictionary>(
-      tests::forRead<OdDbDictionary>(other->getNamedObjectsDictionaryId())->getAt(L"ACAD_MLEADERSTYLE"));
+  const OdDbDatabasePtr other = skewedDrawing();
+  const auto clone = forRead<OdDbMLeader>(cloneInto(id, other->getModelSpaceId()));
+  const auto there = forRead<OdDbDictionary>(
+      forRead<OdDbDictionary>(other->getNamedObjectsDictionaryId())->getAt(L"ACAD_MLEADERSTYLE"));
   EXPECT_EQ(clone->MLeaderStyle(), there->getAt(L"Mine"));
   EXPECT_NE(written(*clone).find("|340 " + other->symbol(OdDb::kTextStyleTable, L"Standard").getHandle().ascii()),
             std::string::npos);
   EXPECT_EQ(clone->contents(), OdString(L"x"));
-  tests::expectSound(*other);
+  expectSound(*other);
 }
 
 TEST(Solid, CloneHasABodyOfItsOwn) {
-  const std::string file = tests::dxf(
-      tests::section("ENTITIES", "0|3DSOLID\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbModelerGeometry\n290|1\n2|{0}\n"
-                                 "100|AcDb3dSolid\n350|0\n") +
-          tests::section("ACDSDATA", "70|2\n71|8\n0|ACDSSCHEMA\n90|4\n1|Bodies\n2|AcDbDs::ID\n280|10\n91|8\n"
-                                     "0|ACDSRECORD\n90|4\n2|AcDbDs::ID\n280|10\n320|A1\n2|Body\n280|15\n94|2\n"
-                                     "310|AB12\n"),
-      "AC1027");
-  const drawing::ReadResult read = tests::readWell(file);
+  const std::string file =
+      dxf(section("ENTITIES", "0|3DSOLID\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbModelerGeometry\n290|1\n2|{0}\n"
+                              "100|AcDb3dSolid\n350|0\n") +
+              section("ACDSDATA", "70|2\n71|8\n0|ACDSSCHEMA\n90|4\n1|Bodies\n2|AcDbDs::ID\n280|10\n91|8\n"
+                                  "0|ACDSRECORD\n90|4\n2|AcDbDs::ID\n280|10\n320|A1\n2|Body\n280|15\n94|2\n"
+                                  "310|AB12\n"),
+          "AC1027");
+  const drawing::ReadResult read = readWell(file);
   OdDbDatabase& database = *read.database;
-  const OdDbDatabasePtr other = tests::skewedDrawing();
-  const OdDbObjectId holder = tests::addBlock(database, L"holder");
+  const OdDbDatabasePtr other = skewedDrawing();
+  const OdDbObjectId holder = addBlock(database, L"holder");
   for (const OdDbObjectId owner : {holder, other->getModelSpaceId()}) {
     OdDbObjectId clone;
-    tests::expectUndoRestores(*owner.database(), [&] { clone = cloneInto(database.objectIdOf(0xA1), owner); });
+    expectUndoRestores(*owner.database(), [&] { clone = cloneInto(database.objectIdOf(0xA1), owner); });
     const std::string dump = drawing::canonicalDump(*owner.database());
     EXPECT_NE(dump.find("320 " + clone.getHandle().ascii() + "\n"), std::string::npos) << dump;
-    tests::expectUndoRestores(*owner.database(), [&] { tests::forWrite<OdDbEntity>(clone)->erase(); });
+    expectUndoRestores(*owner.database(), [&] { forWrite<OdDbEntity>(clone)->erase(); });
     EXPECT_EQ(drawing::canonicalDump(*owner.database()).find("320 " + clone.getHandle().ascii()), std::string::npos);
   }
 }
@@ -92,16 +92,15 @@ std::string annotative(const std::string& entity, const std::string& kind, const
            name + "\n360|" + entry + "\n";
   };
   const std::size_t head = entity.find("100|AcDbEntity");
-  return tests::dxf(
-      tests::section("ENTITIES",
-                     entity.substr(0, head) + "102|{ACAD_XDICTIONARY\n360|D1\n102|}\n" + entity.substr(head)) +
-      tests::section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n" +
-                                    dictionary("D1", "A1", "AcDbContextDataManager", "D2") +
-                                    dictionary("D2", "D1", "ACDB_ANNOTATIONSCALES", "D3") +
-                                    dictionary("D3", "D2", "*A1", "D4") + "0|ACDB_" + kind +
-                                    "OBJECTCONTEXTDATA_CLASS\n5|D4\n330|D3\n100|AcDbObjectContextData\n70|4\n290|0\n"
-                                    "100|AcDbAnnotScaleObjectContextData\n340|0\n" +
-                                    groups));
+  return dxf(
+      section("ENTITIES", entity.substr(0, head) + "102|{ACAD_XDICTIONARY\n360|D1\n102|}\n" + entity.substr(head)) +
+      section("OBJECTS", "0|DICTIONARY\n5|C\n330|0\n100|AcDbDictionary\n281|1\n" +
+                             dictionary("D1", "A1", "AcDbContextDataManager", "D2") +
+                             dictionary("D2", "D1", "ACDB_ANNOTATIONSCALES", "D3") +
+                             dictionary("D3", "D2", "*A1", "D4") + "0|ACDB_" + kind +
+                             "OBJECTCONTEXTDATA_CLASS\n5|D4\n330|D3\n100|AcDbObjectContextData\n70|4\n290|0\n"
+                             "100|AcDbAnnotScaleObjectContextData\n340|0\n" +
+                             groups));
 }
 
 TEST(ContextData, MovesWithItsEntity) {
@@ -123,10 +122,10 @@ TEST(ContextData, MovesWithItsEntity) {
   const OdGeMatrix3d quarter =
       OdGeMatrix3d::coordSystem(OdGePoint3d(), OdGeVector3d(0, 1, 0), OdGeVector3d(-1, 0, 0), OdGeVector3d(0, 0, 1));
   for (const Look& look : kLooks) {
-    const drawing::ReadResult read = tests::readWell(annotative(look.entity, look.kind, look.groups));
+    const drawing::ReadResult read = readWell(annotative(look.entity, look.kind, look.groups));
     const OdDbObjectId id = read.database->objectIdOf(0xA1);
-    tests::expectUndoRestores(*read.database,
-                              [&] { EXPECT_EQ(tests::forWrite<OdDbEntity>(id)->transformBy(matrix * quarter), eOk); });
+    expectUndoRestores(*read.database,
+                       [&] { EXPECT_EQ(forWrite<OdDbEntity>(id)->transformBy(matrix * quarter), eOk); });
     const std::string dump = drawing::canonicalDump(*read.database);
     const std::string look4 = dump.substr(dump.find("OBJECTCONTEXTDATA_CLASS"));
     EXPECT_NE(look4.find(look.moved), std::string::npos) << look4.substr(0, 400);
@@ -153,10 +152,10 @@ TEST(ComposedEntities, AreAsLargeAsAllTheirParts) {
 }
 
 TEST(ComposedEntities, WithoutReadableNumberAreUnparsed) {
-  const std::string file = tests::dxf(
-      tests::section("ENTITIES", "0|MULTILEADER\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbMLeader\n300|CONTEXT_DATA{\n"
-                                 "10|1.0\n20|none\n30|0.0\n301|}\n"));
-  const drawing::ReadResult read = tests::readWell(file);
+  const std::string file =
+      dxf(section("ENTITIES", "0|MULTILEADER\n5|A1\n100|AcDbEntity\n8|0\n100|AcDbMLeader\n300|CONTEXT_DATA{\n"
+                              "10|1.0\n20|none\n30|0.0\n301|}\n"));
+  const drawing::ReadResult read = readWell(file);
   EXPECT_EQ(read.report.counts.unparsed, 1u);
   EXPECT_NE(drawing::writeDrawingToMemory(*read.database).find("none"), std::string::npos);
 }

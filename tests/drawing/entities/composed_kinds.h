@@ -20,7 +20,7 @@
 #include <cmath>
 #include <vector>
 
-namespace test_entities {
+namespace tests {
 
 using Points = std::vector<OdGePoint3d>;
 
@@ -273,4 +273,4 @@ inline const Kind kComposedKinds[] = {
      kNothing, noPoints},
 };
 
-} // namespace test_entities
+} // namespace tests

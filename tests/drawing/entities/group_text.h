@@ -16,7 +16,7 @@
 #include <string>
 #include <vector>
 
-namespace test_entities {
+namespace tests {
 
 class PlainDecoder : public drawing::TextDecoder {
 public:
@@ -80,7 +80,7 @@ public:
   OdDbEntityPtr add(std::string_view dxfName, std::string_view groups) {
     OdDbEntityPtr entity = load(dxfName, groups);
     entity->setLayer(database->getLayerZeroId());
-    tests::forWrite<OdDbBlockTableRecord>(database->getModelSpaceId())->appendEntity(entity.get());
+    forWrite<OdDbBlockTableRecord>(database->getModelSpaceId())->appendEntity(entity.get());
     entity->upgradeOpen();
     return entity;
   }
@@ -111,4 +111,4 @@ private:
   drawing::Report report_;
 };
 
-} // namespace test_entities
+} // namespace tests

@@ -12,7 +12,7 @@
 
 #include <cmath>
 
-using namespace test_entities;
+using namespace tests;
 
 namespace {
 

@@ -9,7 +9,7 @@
 
 #include <cmath>
 
-using namespace test_entities;
+using namespace tests;
 
 namespace {
 
@@ -35,11 +35,11 @@ const Kind kRounds[] = {
 class RoundCurves : public testing::TestWithParam<Kind> {
 protected:
   void SetUp() override {
-    before = tests::addText(*loader.database, L"before");
+    before = addText(*loader.database, L"before");
     OdDbEntityPtr round = loader.add(GetParam().dxfName, GetParam().groups);
     round->setColorIndex(3);
     id = round->objectId();
-    behind = tests::addText(*loader.database, L"behind");
+    behind = addText(*loader.database, L"behind");
     round->createExtensionDictionary();
     round->addPersistentReactor(before);
     OdResBufPtr data = OdResBuf::make(1001, L"ACAD");
@@ -57,14 +57,14 @@ protected:
 
 TEST_P(RoundCurves, BecomeEllipsesInTheirPlace) {
   for (const OdGeMatrix3d& matrix : kStretches) {
-    OdDbEntityPtr held = tests::forWrite<OdDbEntity>(id);
+    OdDbEntityPtr held = forWrite<OdDbEntity>(id);
     const Points points = GetParam().points(*held);
     const OdDbHandle handle = id.getHandle();
     const OdDbObjectId extension = held->extensionDictionary();
     held->highlight(true);
-    tests::expectUndoRestores(*loader.database, [&] { EXPECT_EQ(held->transformBy(matrix), eOk); });
+    expectUndoRestores(*loader.database, [&] { EXPECT_EQ(held->transformBy(matrix), eOk); });
     {
-      OdSmartPtr<OdDbEllipse> ellipse = tests::forRead<OdDbEllipse>(id);
+      OdSmartPtr<OdDbEllipse> ellipse = forRead<OdDbEllipse>(id);
       for (const OdGePoint3d& point : points)
         EXPECT_TRUE(ellipseHas(*ellipse, matrix * point)) << point.x << ' ' << point.y;
       EXPECT_EQ(ellipse->getDbHandle(), handle);
@@ -80,16 +80,16 @@ TEST_P(RoundCurves, BecomeEllipsesInTheirPlace) {
       EXPECT_FALSE(held->isResident()); // what was held is the curve as it was, free
       EXPECT_EQ(GetParam().points(*held)[0].distanceTo(points[0]), 0);
     }
-    EXPECT_EQ(tests::entitiesOf(loader.database->getModelSpaceId()), (OdDbObjectIdArray{before, id, behind}));
-    tests::expectRoundTrip(*loader.database);
-    tests::expectSound(*loader.database);
+    EXPECT_EQ(entitiesOf(loader.database->getModelSpaceId()), (OdDbObjectIdArray{before, id, behind}));
+    expectRoundTrip(*loader.database);
+    expectSound(*loader.database);
     ASSERT_EQ(loader.database->undo(), eOk);
-    EXPECT_STREQ(tests::forRead<OdDbEntity>(id)->dxfName().c_str(), GetParam().dxfName);
+    EXPECT_STREQ(forRead<OdDbEntity>(id)->dxfName().c_str(), GetParam().dxfName);
   }
 }
 
 TEST_P(RoundCurves, StayWhereNoKindCanReplaceThem) {
-  OdDbEntityPtr round = tests::forWrite<OdDbEntity>(id);
+  OdDbEntityPtr round = forWrite<OdDbEntity>(id);
   static_cast<OdDbRoundCurve&>(*round).setThickness(1);
   const std::string dump = written(*round);
   EXPECT_EQ(round->transformBy(kStretches[0]), eCannotTransform);

@@ -21,7 +21,7 @@
 #include <cmath>
 #include <set>
 
-using namespace test_entities;
+using namespace tests;
 
 namespace {
 
@@ -257,7 +257,7 @@ std::vector<Motion> motions() {
 
 class EntityKinds : public testing::TestWithParam<Kind> {
 protected:
-  void SetUp() override { tests::addBlock(*loader.database, L"Picture"); }
+  void SetUp() override { addBlock(*loader.database, L"Picture"); }
   Loader loader;
   OdDbEntityPtr load() { return loader.load(GetParam().dxfName, GetParam().groups); }
 };
@@ -332,25 +332,25 @@ TEST_P(EntityKinds, AreStoredInADrawing) {
   const OdDbEntityPtr entity = loader.add(GetParam().dxfName, GetParam().groups);
   const OdDbObjectId id = entity->objectId();
   if (GetParam().reach != kNothing)
-    tests::expectUndoRestores(*loader.database, [&] {
+    expectUndoRestores(*loader.database, [&] {
       EXPECT_EQ(entity->transformBy(OdGeMatrix3d::rotation(0.7, OdGeVector3d(1, 2, 2), OdGePoint3d(1, 1, 1))), eOk);
     });
-  tests::expectRoundTrip(*loader.database);
+  expectRoundTrip(*loader.database);
   const std::string text = written(*entity);
-  const OdDbDatabasePtr other = tests::skewedDrawing();
-  for (const OdDbObjectId owner : {tests::addBlock(*loader.database, L"copy"), other->getModelSpaceId()}) {
+  const OdDbDatabasePtr other = skewedDrawing();
+  for (const OdDbObjectId owner : {addBlock(*loader.database, L"copy"), other->getModelSpaceId()}) {
     OdDbIdPair pair(id, {}, false, false);
-    ASSERT_TRUE(tests::cloned({id}, owner).compute(pair));
-    EXPECT_EQ(written(*tests::forRead<OdDbEntity>(pair.value())), text);
+    ASSERT_TRUE(cloned({id}, owner).compute(pair));
+    EXPECT_EQ(written(*forRead<OdDbEntity>(pair.value())), text);
   }
-  tests::expectSound(*other);
+  expectSound(*other);
 }
 
 // A picture shows the entity, or its report names the kind and why not. A light is not visible.
 TEST_P(EntityKinds, AreRenderedOrReported) {
   loader.add(GetParam().dxfName, GetParam().groups);
   if (const OdDbObjectId block = loader.database->symbol(OdDb::kBlockTable, L"Picture"); !block.isNull())
-    tests::addText(*loader.database, L"x", block);
+    addText(*loader.database, L"x", block);
   const drawing::Picture picture(loader.database->getModelSpaceId());
   for (const drawing::NotDrawn& one : picture.report().notDrawn)
     EXPECT_TRUE(!one.kind.empty() && !one.reason.empty());
@@ -367,7 +367,7 @@ TEST_P(EntityKinds, AreInR12OrReported) {
   const std::string bytes = drawing::writeDrawingToMemory(*loader.database, options, &written);
   const drawing::ReadResult read = drawing::readDrawingFromMemory(bytes);
   ASSERT_FALSE(read.database.isNull()) << read.message;
-  const bool isThere = !tests::forRead<OdDbBlockTableRecord>(read.database->getModelSpaceId())->newIterator()->done();
+  const bool isThere = !forRead<OdDbBlockTableRecord>(read.database->getModelSpaceId())->newIterator()->done();
   const auto& issues = written.report.issues();
   const bool isReported = std::any_of(issues.begin(), issues.end(), [id](const drawing::Issue& issue) {
     return issue.handle == static_cast<std::uint64_t>(id.getHandle()) && !issue.done.empty();

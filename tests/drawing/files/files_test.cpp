@@ -28,7 +28,7 @@ using drawing::FileWriter;
 using drawing::MappedFile;
 using drawing::replaceFile;
 using drawing::ReplaceOptions;
-using namespace test_support;
+using namespace tests;
 
 namespace {
 
@@ -48,7 +48,7 @@ protected:
     return found;
   }
 
-  const tests::ScratchFolder scratch;
+  const ScratchFolder scratch;
   const std::string folder = scratch.path().string();
   std::string path;
 };

@@ -11,7 +11,7 @@
 #include <sstream>
 
 using namespace drawing::gi;
-using namespace gi_tests;
+using namespace tests;
 
 namespace {
 
@@ -214,15 +214,14 @@ TEST(Attributes, ShowByTheirModes) {
   for (const auto& one : cases) {
     const std::string text = " 8|0 10|0 20|0 40|10 1|HH 2|TAG ", header = "9|$ATTMODE 70|" + std::string(one.mode);
     const std::string attribute =
-        insert("IN", "66|1 0|ATTRIB" + text + "70|" + std::to_string(one.flags) + " 0|SEQEND 8|0");
+        insertOf("IN", "66|1 0|ATTRIB" + text + "70|" + std::to_string(one.flags) + " 0|SEQEND 8|0");
     const std::string constant = "0|ATTDEF 3|P" + text + "70|" + std::to_string(2 + one.flags);
-    for (const auto& [reference, inner] : {std::pair(attribute, std::string()), std::pair(insert("IN"), constant)})
-      EXPECT_EQ(reportOf(drawingOf(reference, gi_tests::block("IN", inner), "", header)).isEmpty, !one.shows)
-          << reference;
+    for (const auto& [reference, inner] : {std::pair(attribute, std::string()), std::pair(insertOf("IN"), constant)})
+      EXPECT_EQ(reportOf(drawingOf(reference, blockOf("IN", inner), "", header)).isEmpty, !one.shows) << reference;
   }
   // Others show in their own block only, by their tags.
   const OdDbDatabasePtr database =
-      drawingOf(insert("IN"), gi_tests::block("IN", "0|ATTDEF 8|0 10|0 20|0 40|10 1|H 3|P 2|HHHH 70|0"));
+      drawingOf(insertOf("IN"), blockOf("IN", "0|ATTDEF 8|0 10|0 20|0 40|10 1|H 3|P 2|HHHH 70|0"));
   EXPECT_TRUE(reportOf(database).isEmpty);
   const drawing::Picture definition(database->symbol(OdDb::kBlockTable, L"IN"));
   EXPECT_GT(definition.report().extents.maxPoint().x, 25);

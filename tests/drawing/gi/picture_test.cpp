@@ -7,7 +7,7 @@
 #include "tests/drawing/gi/shots.h"
 #include "tests/support/drawings.h"
 
-using namespace gi_tests;
+using namespace tests;
 
 namespace {
 
@@ -38,13 +38,13 @@ TEST(PictureLook, ComesFromEntityLayerOrReference) {
       {"8|RED 60|1", "8|GREEN", kWhite, "an invisible entity"},
   };
   for (const auto& one : cases) {
-    const std::string inner = block("IN", square(0, 0, one.content));
-    const Shot direct(drawingOf(insert("IN", one.reference + std::string(" 10|20 20|20")), inner, kLayers));
+    const std::string inner = blockOf("IN", square(0, 0, one.content));
+    const Shot direct(drawingOf(insertOf("IN", one.reference + std::string(" 10|20 20|20")), inner, kLayers));
     EXPECT_EQ(direct.at(25, 25), one.color) << one.what;
     EXPECT_EQ(direct.at(15, 25), kWhite) << one.what;
     // A reference in between that says nothing of its own changes nothing.
-    const std::string outer = block("OUT", insert("IN", "8|0 62|0"));
-    const Shot nested(drawingOf(insert("OUT", one.reference + std::string(" 10|20 20|20")), inner + outer, kLayers));
+    const std::string outer = blockOf("OUT", insertOf("IN", "8|0 62|0"));
+    const Shot nested(drawingOf(insertOf("OUT", one.reference + std::string(" 10|20 20|20")), inner + outer, kLayers));
     EXPECT_EQ(nested.at(25, 25), one.color) << one.what << ", nested";
   }
 }
@@ -63,10 +63,10 @@ TEST(PictureLook, ForegroundIsSeenOnTheBackground) {
 TEST(Picture, DrawsInTheDrawingOrder) {
   const OdDbDatabasePtr database = drawingOf(square(20, 20, "62|1") + square(25, 20, "62|5"));
   EXPECT_EQ(Shot(database).at(27, 25), kBlue);
-  const auto space = tests::forWrite<OdDbBlockTableRecord>(database->getModelSpaceId());
+  const auto space = forWrite<OdDbBlockTableRecord>(database->getModelSpaceId());
   const OdSmartPtr<OdDbSortentsTable> order = OdDbSortentsTable::createObject();
   order->setBlockId(space->objectId());
-  tests::forWrite<OdDbDictionary>(space->createExtensionDictionary())->setAt(L"ACAD_SORTENTS", order.get());
+  forWrite<OdDbDictionary>(space->createExtensionDictionary())->setAt(L"ACAD_SORTENTS", order.get());
   OdDbObjectIdArray first{space->drawOrder()[0]};
   order->moveToTop(first);
   EXPECT_EQ(Shot(database).at(27, 25), kRed);
@@ -86,17 +86,17 @@ TEST(Picture, PlacesReferences) {
       {"10|40 20|40 50|90 70|2 71|2 44|20 45|20", 15, 65}, // which turns with the reference
   };
   for (const auto& one : cases) {
-    const Shot shot(drawingOf(insert("IN", one.reference), block("IN", square(0, 0))));
+    const Shot shot(drawingOf(insertOf("IN", one.reference), blockOf("IN", square(0, 0))));
     EXPECT_EQ(shot.at(one.x, one.y), kBlack) << one.reference;
   }
   const std::string based = "0|BLOCK 8|0 2|IN 70|0 10|10 20|10 3|IN " + square(0, 0) + "0|ENDBLK 8|0";
-  EXPECT_EQ(Shot(drawingOf(insert("IN", "10|40 20|40"), based)).at(35, 35), kBlack) << "base point";
+  EXPECT_EQ(Shot(drawingOf(insertOf("IN", "10|40 20|40"), based)).at(35, 35), kBlack) << "base point";
 }
 
 TEST(Picture, RepeatsArraysWithTheirAttributes) {
   const std::string entities =
       "0|INSERT 66|1 2|IN 8|0 10|5 20|5 70|4 71|3 44|25 45|30 0|ATTRIB 8|0 10|5 20|20 40|8 1|H 2|TAG 70|0 0|SEQEND 8|0";
-  const Shot shot(drawingOf(entities, block("IN", square(0, 0, "62|1"))));
+  const Shot shot(drawingOf(entities, blockOf("IN", square(0, 0, "62|1"))));
   for (const double x : {0, 25, 50, 75})
     for (const double y : {0, 30, 60}) {
       EXPECT_EQ(shot.at(x + 10, y + 10), kRed) << x << " " << y;
@@ -117,7 +117,7 @@ OdDbDatabasePtr clipped(const std::string& boundary, const std::string& inverted
       "102|{ACAD_XDICTIONARY 360|D3 102|} 330|D1 100|AcDbFilter 100|AcDbSpatialFilter " +
           boundary + " 210|0 220|0 230|1 11|0 21|0 31|0 71|1 72|0 73|0 " + unit + unit +
           (inverted.empty() ? "" : roundTrip + inverted),
-      block("FULL", "0|SOLID 8|0 62|1 10|0 20|0 11|100 21|0 12|0 22|100 13|100 23|100"));
+      blockOf("FULL", "0|SOLID 8|0 62|1 10|0 20|0 11|100 21|0 12|0 22|100 13|100 23|100"));
 }
 
 TEST(Picture, CutsClippedReferences) {
@@ -146,7 +146,7 @@ TEST(Picture, CutsClippedReferences) {
 TEST(Picture, ShowsLoadedExternalDrawings) {
   const std::string xref = "0|BLOCK 8|0 2|EXT 70|4 10|0 20|0 3|EXT 1|ext.dxf 0|ENDBLK 8|0 ";
   const OdDbDatabasePtr host =
-      drawingOf(insert("EXT", "8|BLUE 10|40 20|40"), xref,
+      drawingOf(insertOf("EXT", "8|BLUE 10|40 20|40"), xref,
                 layer("0", "70|0 62|7") + layer("BLUE", "70|0 62|5") + layer("EXT~GREEN", "70|0 62|1"));
   drawing::XrefLoader loader;
   EXPECT_TRUE(Shot(host).report().isEmpty);
@@ -155,8 +155,8 @@ TEST(Picture, ShowsLoadedExternalDrawings) {
   loader.open = [](const std::string&) {
     drawing::ReadResult read;
     read.database = drawingOf(square(10, 10, "8|GREEN") + square(30, 10) + square(10, 30, "8|OWN") +
-                                  insert("IN", "8|OWN 10|30 20|30"),
-                              block("IN", square(0, 0, "8|0")),
+                                  insertOf("IN", "8|OWN 10|30 20|30"),
+                              blockOf("IN", square(0, 0, "8|0")),
                               layer("0", "70|0 62|7") + layer("GREEN", "70|0 62|3") + layer("OWN", "70|0 62|3"),
                               "9|$INSBASE 10|10 20|10 30|0");
     return read;
@@ -168,7 +168,7 @@ TEST(Picture, ShowsLoadedExternalDrawings) {
   EXPECT_EQ(shot.at(45, 65), kGreen) << "a layer of the external drawing";
   EXPECT_EQ(shot.at(65, 65), kGreen) << "layer 0 of a block in it";
   EXPECT_TRUE(shot.report().notDrawn.empty());
-  tests::forWrite<OdDbBlockTableRecord>(host->symbol(OdDb::kBlockTable, L"EXT"))->setIsUnloaded(true);
+  forWrite<OdDbBlockTableRecord>(host->symbol(OdDb::kBlockTable, L"EXT"))->setIsUnloaded(true);
   drawing::loadXrefs(*host, loader);
   EXPECT_EQ(Shot(host).report().notDrawn.at(0).reason, "xref-unloaded");
 }
@@ -176,7 +176,7 @@ TEST(Picture, ShowsLoadedExternalDrawings) {
 TEST(Picture, IsTheSameFarOffAndTiny) {
   const auto scene = [](const std::string& place) {
     const std::string parts = square(20, 20) + square(50, 35, "62|1");
-    return drawing::Picture(drawingOf(insert("IN", place), block("IN", parts))->getModelSpaceId()).bitmap().rgba;
+    return drawing::Picture(drawingOf(insertOf("IN", place), blockOf("IN", parts))->getModelSpaceId()).bitmap().rgba;
   };
   const std::vector<std::uint8_t> plain = scene("");
   EXPECT_TRUE(scene("10|16777216 20|-16777216 30|16777216") == plain);
@@ -185,10 +185,10 @@ TEST(Picture, IsTheSameFarOffAndTiny) {
 
 TEST(Picture, EndsWithinItsLimits) {
   // Each block shows the one before it a hundred times a hundred: ten to the twentieth squares.
-  std::string blocks = block("B0", square(0, 0));
+  std::string blocks = blockOf("B0", square(0, 0));
   for (int i = 1; i <= 5; ++i)
-    blocks += block("B" + std::to_string(i), insert("B" + std::to_string(i - 1), "70|100 71|100 44|1 45|1"));
-  const Shot full(drawingOf(insert("B5"), blocks), {}, {.window = {}, .points = 40'000, .steps = 1'000'000});
+    blocks += blockOf("B" + std::to_string(i), insertOf("B" + std::to_string(i - 1), "70|100 71|100 44|1 45|1"));
+  const Shot full(drawingOf(insertOf("B5"), blocks), {}, {.window = {}, .points = 40'000, .steps = 1'000'000});
   EXPECT_TRUE(full.report().reachedLimit);
   EXPECT_GE(full.report().points, 40'000u);
   EXPECT_LT(full.report().points, 41'000u);
@@ -196,7 +196,7 @@ TEST(Picture, EndsWithinItsLimits) {
   for (const std::string& content : {std::string(), "0|TEXT 8|0 10|0 20|0 40|1 1|" + std::string(400, '`')}) {
     std::string nested = blocks;
     nested.replace(nested.find("0|SOLID"), nested.find("0|ENDBLK") - nested.find("0|SOLID"), content + " ");
-    const Shot empty(drawingOf(insert("B5"), nested), {}, {.window = {}, .points = 40'000, .steps = 5'000});
+    const Shot empty(drawingOf(insertOf("B5"), nested), {}, {.window = {}, .points = 40'000, .steps = 5'000});
     EXPECT_TRUE(empty.report().reachedLimit);
     EXPECT_LE(empty.report().steps, 5'000u + 400 / 16);
     EXPECT_TRUE(empty.report().isEmpty);

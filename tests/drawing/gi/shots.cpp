@@ -6,7 +6,7 @@
 #include <cmath>
 #include <sstream>
 
-namespace gi_tests {
+namespace tests {
 
 namespace {
 
@@ -30,10 +30,10 @@ OdDbDatabasePtr drawingOf(const std::string& entities, const std::string& blocks
   const std::string lines =
       linesOf("0|SECTION 2|HEADER 9|$ACADVER 1|AC1009 " + header + " 0|ENDSEC 0|SECTION 2|TABLES " + tables +
               " 0|ENDSEC 0|SECTION 2|BLOCKS " + blocks + " 0|ENDSEC 0|SECTION 2|ENTITIES " + entities + " 0|ENDSEC");
-  return tests::readWell(lines + "0\nEOF\n").database;
+  return readWell(lines + "0\nEOF\n").database;
 }
 
-std::string block(const std::string& name, const std::string& entities) {
+std::string blockOf(const std::string& name, const std::string& entities) {
   return "0|BLOCK 8|0 2|" + name + " 70|0 10|0 20|0 3|" + name + " " + entities + " 0|ENDBLK 8|0 ";
 }
 
@@ -41,7 +41,7 @@ std::string layer(const std::string& name, const std::string& properties) {
   return "0|LAYER 2|" + name + " 6|CONTINUOUS " + properties + " ";
 }
 
-std::string insert(const std::string& block, const std::string& properties) {
+std::string insertOf(const std::string& block, const std::string& properties) {
   return "0|INSERT 2|" + block + " " + (properties.find("8|") == properties.npos ? "8|0 " : "") +
          (properties.find("10|") == properties.npos ? "10|0 20|0 " : "") + properties + " ";
 }
@@ -85,4 +85,4 @@ drawing::PictureReport reportOf(const OdDbDatabasePtr& database) {
   return drawing::Picture(database->getModelSpaceId()).report();
 }
 
-} // namespace gi_tests
+} // namespace tests

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string>
 
-namespace gi_tests {
+namespace tests {
 
 constexpr std::uint32_t kWhite = 0xFFFFFF, kBlack = 0, kRed = 0xFF0000, kGreen = 0x00FF00, kBlue = 0x0000FF;
 
@@ -16,9 +16,9 @@ constexpr std::uint32_t kWhite = 0xFFFFFF, kBlack = 0, kRed = 0xFF0000, kGreen =
 OdDbDatabasePtr drawingOf(const std::string& entities, const std::string& blocks = {}, const std::string& layers = {},
                           const std::string& header = {});
 // A definition with these entities, for the above.
-std::string block(const std::string& name, const std::string& entities);
+std::string blockOf(const std::string& name, const std::string& entities);
 std::string layer(const std::string& name, const std::string& properties);
-std::string insert(const std::string& block, const std::string& properties = {});
+std::string insertOf(const std::string& block, const std::string& properties = {});
 // A filled square with sides of ten units.
 std::string square(double left, double bottom, const std::string& properties = {});
 
@@ -43,4 +43,4 @@ private:
 // The report of a picture of all of model space.
 drawing::PictureReport reportOf(const OdDbDatabasePtr& database);
 
-} // namespace gi_tests
+} // namespace tests

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-using namespace gi_tests;
+using namespace tests;
 
 namespace {
 
