@@ -10,15 +10,13 @@ namespace tests {
 
 namespace {
 
+// One group a line; blanks in values are blanks.
 std::string linesOf(const std::string& groups) {
   std::istringstream stream(groups);
   std::string lines;
-  for (std::string group; stream >> group;) {
-    group.replace(group.find('|'), 1, "\n");
-    std::replace(group.begin(), group.end(), '`', ' ');
-    std::replace(group.begin(), group.end(), '~', '|');
+  for (std::string group; stream >> group;)
     lines += group + "\n";
-  }
+  std::replace(lines.begin(), lines.end(), '`', ' ');
   return lines;
 }
 
@@ -27,10 +25,11 @@ std::string linesOf(const std::string& groups) {
 OdDbDatabasePtr drawingOf(const std::string& entities, const std::string& blocks, const std::string& layers,
                           const std::string& header) {
   const std::string tables = layers.empty() ? "" : "0|TABLE 2|LAYER 70|9 " + layers + " 0|ENDTAB ";
-  const std::string lines =
-      linesOf("0|SECTION 2|HEADER 9|$ACADVER 1|AC1009 " + header + " 0|ENDSEC 0|SECTION 2|TABLES " + tables +
-              " 0|ENDSEC 0|SECTION 2|BLOCKS " + blocks + " 0|ENDSEC 0|SECTION 2|ENTITIES " + entities + " 0|ENDSEC");
-  return readWell(lines + "0\nEOF\n").database;
+  std::string text = dxf(linesOf(section("HEADER", "9|$ACADVER 1|AC1009 " + header + " ") + section("TABLES", tables) +
+                                 section("BLOCKS", blocks + " ") + section("ENTITIES", entities + " ")),
+                         "");
+  std::replace(text.begin(), text.end(), '~', '|');
+  return readWell(text).database;
 }
 
 std::string blockOf(const std::string& name, const std::string& entities) {
