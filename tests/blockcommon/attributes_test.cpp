@@ -219,7 +219,7 @@ TEST_F(Attributes, AreMadeOnceMoreWheneverTheirNumberDiffers) {
   EXPECT_TRUE(processAttributesForInsert(reference(), true));
 }
 
-// The road with defaults corrects by the origins of block and space, the one without by none.
+// The insertion with defaults corrects by the origins of block and space, the one without by none.
 TEST_F(Attributes, LieWhereTheBlockLies) {
   newBlock({});
   const OdDbObjectId definition = define({L"A", L"", L"a"});

@@ -183,7 +183,7 @@ TEST_F(FilePaths, AreSearchedByTheHost) {
   EXPECT_EQ(found.getLength(), 4 + 4096);
 }
 
-TEST_F(FilePaths, ForAWhileAreNamedByTheTime) {
+TEST_F(FilePaths, TemporaryNamesContainTheTime) {
   const OdString name = filePath::generateRandomName();
   int first = 0, last = 0, at = 0;
   long long time = 0;

@@ -1,5 +1,5 @@
-// From the host's selections to object ids and back: nothing is lost on the way, what cannot be read is passed over,
-// locked layers are told, and whatever the host fails at, no selection ends half taken.
+// From the host's selections to object ids and back: nothing is lost on the way, what cannot be read is skipped,
+// locked layers are reported, and whatever the host fails at, no selection ends half taken.
 #include "blockcommon/selections.h"
 #include "morvane/drawing_tools.h"
 #include "tests/support/open_document.h"

@@ -21,7 +21,7 @@ constexpr struct {
   const char* line; // $D is the room, $OUT a file that is not there, $OLD one that is
   int status;
   const char* part; // of what is shown
-} kCases[] = {
+} kCommandLines[] = {
     {"--help", 0, "make"},
     {"--version", 0, "morvane"},
     {"--nosuch", 2, "--nosuch"},
@@ -72,7 +72,7 @@ constexpr struct {
 };
 
 TEST(CommandLine, EndsWithTheStatusAndTheReason) {
-  for (const auto& row : kCases) {
+  for (const auto& row : kCommandLines) {
     const Scratch scratch;
     scratch.write("old.dxf", "old");
     const std::string room = readFile(kRoom);
@@ -107,7 +107,7 @@ TEST(Script, GoesOnAndEndsWithTheWorstStatus) {
 }
 
 // What is there then is the old file or the new one, as a whole. Only a job that reads again what it has written can
-// fail behind that, and tells it.
+// fail after that, and reports it.
 TEST(Save, FailureLeavesTheFileOnDisk) {
   const Scratch scratch;
   const std::string path = scratch.path("plan.dxf"), room = readFile(kRoom);

@@ -1,4 +1,4 @@
-// Whole roads through the console: each script of the folder must give the transcript beside it, word for word.
+// Whole workflows in the console: each script of the folder must give the transcript beside it, word for word.
 // $OUT in a script is a folder of the test's own. MORVANE_WRITE_TRANSCRIPTS=1 writes the transcripts anew, and fails.
 #include "tests/console/console_run.h"
 

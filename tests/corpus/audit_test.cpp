@@ -1,4 +1,4 @@
-// Real drawings, damaged ones among them, are whole once they were read, mended and written.
+// Real drawings, damaged ones among them, are whole once they were read, repaired and written.
 #include "drawing/audit.h"
 #include "drawing/purge.h"
 #include "tests/corpus/drawings.h"

@@ -20,7 +20,7 @@ std::vector<std::string> paths();
 // Every listed drawing that can be read, under a trace of its path; why one cannot is the matter of a test of its own.
 void forEachDrawing(const std::function<void(const std::string& path, const drawing::ReadResult& read)>& look);
 
-// Whether two entities, or two blocks, take the same room to the last bit, or cannot tell for the same reason.
+// Whether two entities, or two blocks, have the same extents to the last bit, or have no extents for the same reason.
 template <class T>
 bool sameExtents(OdDbObjectId one, OdDbObjectId other) {
   OdGeExtents3d a, b;

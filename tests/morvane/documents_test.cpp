@@ -1,4 +1,5 @@
-// Documents and what hangs on the current one: the working database, the UCS, header variables, selection sets, layers.
+// Documents and what belongs to the current one: the working database, the UCS, header variables, selection sets,
+// layers.
 #include "morvane/testing.h"
 #include "tests/support/drawings.h"
 
@@ -314,7 +315,7 @@ TEST_F(Selection, IsSortedIntoDrawOrderBlockByBlock) {
   EXPECT_TRUE(ids.isEmpty());
 }
 
-TEST_F(Selection, DimensionAssociationsHangInTheExtensionDictionary) {
+TEST_F(Selection, DimensionAssociationsAreInTheExtensionDictionary) {
   OdDbObjectId association = first_;
   EXPECT_EQ(mvsi::mvdbGetDimAssocId(OdDbObjectId(), association), RTERROR);
   EXPECT_EQ(mvsi::mvdbGetDimAssocId(first_, association), RTERROR);

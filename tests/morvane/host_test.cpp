@@ -183,7 +183,7 @@ TEST(Json, ListsTakeCopies) {
   EXPECT_FALSE(list->SetDataI("7/n", 4));
 }
 
-TEST(UserConfig, SectionsAreLiveAndSurviveTheHost) {
+TEST(UserConfig, SectionsShowChangesAtOnceAndAreSavedWithTheHost) {
   const tests::ScratchFolder folder;
   morvane::HostOptions options;
   options.configFile = folder.at("deep/er/config.json");

@@ -1,4 +1,4 @@
-// The road of an answer: from a source through keywords, flags and coordinates to the service's caller.
+// The path of an answer: from a source through keywords, flags and coordinates to the service's caller.
 #include "morvane/testing.h"
 #include "tests/support/print.h"
 

@@ -14,7 +14,7 @@ TEST_F(TargetName, IsCompletedOrRefusedWithTheReason) {
   const struct {
     const wchar_t *name, *path, *folder;
     int answer;
-    OdString result; // the full path, or what the message tells
+    OdString result; // the full path, or what the message says
   } rows[] = {
       {L" \t", L"P:\\b", L"P:\\out", 1, L""},
       {L"~", L"P:\\b", L"", 1, L""},

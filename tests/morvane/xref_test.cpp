@@ -63,7 +63,7 @@ TEST_F(ExternalReferences, AreSearchedFromTheFolderOfTheirDrawing) {
       {L"p:elsewhere\\far.dxf", "elsewhere/far.dxf"},
       {L"C:\\Users\\someone\\plan.dxf", "site/plan.dxf"}, // from another machine
       {L"\\\\server\\share\\symbol.dxf", "library/symbol.dxf"},
-      {L"PLAN.DXF", "site/plan.dxf"}, // from a system that tells no case apart
+      {L"PLAN.DXF", "site/plan.dxf"}, // from a system that ignores case
       {L"Details\\Door.dxf", "site/details/door.dxf"},
       {L"C:\\Elsewhere\\Plan.Dxf", "site/plan.dxf"},
       {L"gone.dxf", ""},

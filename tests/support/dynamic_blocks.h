@@ -1,4 +1,4 @@
-// The marks that files tell dynamic blocks and their shapes by.
+// The marks of dynamic blocks and their shapes in files.
 #pragma once
 
 #include "DbDictionary.h"

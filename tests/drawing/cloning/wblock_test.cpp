@@ -142,7 +142,7 @@ TEST_F(Wblock, DisplayVariablesAreWrittenWithTheObjects) {
   }
 }
 
-// They have no names, and a shape does not tell its own.
+// They have no names, and a shape does not contain its own.
 TEST_F(Wblock, ShapeFilesAreClonedAndDistinguished) {
   const auto addShapeFile = [](OdDbDatabase& to, const wchar_t* file) {
     const auto style = OdDbTextStyleTableRecord::createObject();

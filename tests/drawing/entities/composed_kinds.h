@@ -121,7 +121,7 @@ inline Points toleranceFramePoints(const OdDbEntity& e) {
   return {as<OdDbFcf>(e).location()};
 }
 
-// Where the strokes cross the mitres, and a point on the side that the normal tells.
+// Where the strokes cross the mitres, and a point on the side that the normal gives.
 inline Points mlinePoints(const OdDbEntity& e) {
   const auto& line = as<OdDbMline>(e);
   Points points;

@@ -129,7 +129,7 @@ TEST(Audit, ReportsWhatItDoesNotRepair) {
 }
 
 // A reference that was kept unread and holds nothing that could be looked at.
-TEST(Audit, PassesOverReferencesWithoutGroups) {
+TEST(Audit, AcceptsReferencesWithoutGroups) {
   const drawing::ReadResult read = readWell(dxf(section("ENTITIES", "0|INSERT\n5|34\n330|1 70\n")));
   EXPECT_EQ(drawing::auditDrawing(*read.database).outcome(), drawing::Outcome::kWhole);
 }

@@ -1,4 +1,4 @@
-// Binding external references: what they showed is shown by ordinary blocks, every name tells where it came from, what
+// Binding external references: what they showed is shown by ordinary blocks, every name contains its origin, what
 // the drawing held of them keeps its state, and one that cannot be bound whole is not bound at all.
 #include "drawing/xref_bind.h"
 #include "tests/support/drawings.h"
