@@ -1,4 +1,4 @@
-// The lists of blocks that dialogs show: who is on them, what is told of each, and what stays when the host gives out.
+// The lists of blocks that dialogs show: who is on them, what is reported of each, and what stays when the host fails.
 #include "blockcommon/block_report.h"
 #include "tests/support/open_document.h"
 
@@ -64,7 +64,7 @@ TEST_F(BlockReport, WritesTheFactorOfTheDrawingsUnit) {
   };
   for (const auto& row : rows) {
     forWrite<OdDbBlockTableRecord>(id)->setBlockInsertUnits(row.block);
-    ASSERT_EQ(mvsi::setVar(L"INSUNITS", row.drawing, true), RTNORM);
+    EXPECT_EQ(mvsi::setVar(L"INSUNITS", row.drawing, true), RTNORM);
     host_.failOperation(row.failing);
     const auto asked = [&] { return std::count(host_.calls().begin(), host_.calls().end(), "mvsiedGetUnitsFactor"); };
     const auto before = asked();

@@ -184,8 +184,7 @@ void compareBlocks(const Json& answers, const Json& report) {
 void compareLayouts(const Json& answers, const Json& report) {
   for (const Json& answer : answers["layouts"]) {
     const Json* space = named(report["blocks"], answer.value("block", ""));
-    ASSERT_NE(space, nullptr) << answer;
-    EXPECT_EQ(answer["name"], (*space)["layout"]);
+    EXPECT_TRUE(space != nullptr && answer["name"] == (*space)["layout"]) << answer;
   }
   unsigned deepest = 0;
   for (const Json& block : report["blocks"]) {
@@ -271,6 +270,21 @@ void comparePlaces(const Json& answers, const OdDbDatabase& database) {
   }
 }
 
+void compareFile(const std::string& folder, const fs::path& file) {
+  const Json answers = Json::parse(corpus::textOf(file.string()), nullptr, false);
+  ASSERT_TRUE(answers.is_object()) << file;
+  const std::string name = answers.value("file", "");
+  SCOPED_TRACE(name);
+  const drawing::ReadResult read = drawing::readDrawing((fs::path(folder) / name).string());
+  ASSERT_FALSE(read.database.isNull()) << read.message;
+  const Json report = Json::parse(console::report::toJson(console::report::reportOf(*read.database), true).dump());
+  compare(answers, report);
+  morvane::ScriptedHost host;
+  host.host().documents().open(read.database);
+  compareDialog(answers, report);
+  comparePlaces(answers, *read.database);
+}
+
 TEST(KnownAnswers, AgreeWithTheReport) {
   const std::string folder = corpus::folder();
   ASSERT_FALSE(folder.empty());
@@ -280,20 +294,8 @@ TEST(KnownAnswers, AgreeWithTheReport) {
       files.insert(entry.path());
   }
   EXPECT_GE(files.size(), 33u);
-  for (const fs::path& file : files) {
-    const Json answers = Json::parse(corpus::textOf(file.string()), nullptr, false);
-    ASSERT_TRUE(answers.is_object()) << file;
-    const std::string name = answers.value("file", "");
-    SCOPED_TRACE(name);
-    const drawing::ReadResult read = drawing::readDrawing((fs::path(folder) / name).string());
-    ASSERT_FALSE(read.database.isNull()) << read.message;
-    const Json report = Json::parse(console::report::toJson(console::report::reportOf(*read.database), true).dump());
-    compare(answers, report);
-    morvane::ScriptedHost host;
-    host.host().documents().open(read.database);
-    compareDialog(answers, report);
-    comparePlaces(answers, *read.database);
-  }
+  for (const fs::path& file : files)
+    compareFile(folder, file);
 }
 
 } // namespace

@@ -20,11 +20,8 @@ TEST(DistanceText, ReadsEveryForm) {
       {L"-1'-6\"", -18},     {L"14 1/2", 14.5},     {L"14-1/2", 14.5},  {L"1/2", 0.5},       {L"-3/4\"", -0.75},
       {L"1' 1/2\"", 12.5},   {L"0", 0.0},
   };
-  for (const auto& [text, wanted] : cases) {
-    const auto value = parseDistance(text);
-    ASSERT_TRUE(value.has_value()) << text;
-    EXPECT_DOUBLE_EQ(*value, wanted) << text;
-  }
+  for (const auto& [text, wanted] : cases)
+    EXPECT_DOUBLE_EQ(parseDistance(text).value_or(std::numeric_limits<double>::quiet_NaN()), wanted) << text;
 }
 
 TEST(DistanceText, RefusesWhatIsNoFiniteNumber) {
@@ -59,10 +56,9 @@ TEST(DistanceText, NeverOutgrowsTheBuffersOfCallers) {
   for (const double value : {1e15, 9.1e15, 1e200, -1e308}) {
     for (int form = 1; form <= 5; ++form) {
       for (int precision = 0; precision <= morvane::kFinestPrecision; ++precision) {
-        const auto text = formatReal(value, static_cast<LinearUnits>(form), precision);
-        ASSERT_TRUE(text.has_value());
-        EXPECT_LE(text->size(), static_cast<std::size_t>(morvane::kMaxNumberLength));
-        EXPECT_NEAR(parseDistance(*text).value_or(0) / value, 1.0, 0.5) << form << ' ' << precision;
+        const auto text = formatReal(value, static_cast<LinearUnits>(form), precision).value_or(L"");
+        EXPECT_LE(text.size(), static_cast<std::size_t>(morvane::kMaxNumberLength));
+        EXPECT_NEAR(parseDistance(text).value_or(0) / value, 1.0, 0.5) << form << ' ' << precision;
       }
     }
   }
