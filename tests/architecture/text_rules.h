@@ -7,7 +7,7 @@ namespace architecture {
 
 constexpr int kMaxLines = 800;
 
-// Code files that are longer than the limit and are no listed table.
+// Code files that are longer than the limit.
 std::vector<Finding> checkSizes(const SourceTree& tree);
 
 // Ids that two texts of the console share: scripts compare them.
