@@ -4,7 +4,6 @@
 #include "drawing/model/setters.h"
 
 using drawing::field;
-using drawing::SubclassLayout;
 
 MVDRAWING_DEFINE_OBJECT(OdDbLayerTableRecord, OdDbSymbolTableRecord, "");
 MVDRAWING_DEFINE_OBJECT(OdDbLinetypeTableRecord, OdDbSymbolTableRecord, "");
