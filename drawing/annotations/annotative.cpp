@@ -142,7 +142,7 @@ public:
 };
 
 // The kinds that can be annotative; derived kinds with them.
-[[maybe_unused]] const bool registered = [] {
+[[maybe_unused]] const bool kRegistered = [] {
   const OdRxObjectPtr annotative(new Annotative), orientation(new PaperOrientation);
   for (OdRxClass* kind : {
            OdDbBlockTableRecord::desc(),

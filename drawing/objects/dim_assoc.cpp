@@ -11,7 +11,6 @@
 #include <vector>
 
 using drawing::getIf;
-using drawing::GroupList;
 using drawing::WriteScope;
 
 MVDRAWING_DEFINE_OBJECT(OdDbDimAssoc, OdDbObject, "DIMASSOC");

@@ -132,7 +132,8 @@ OdResult OdDbMText::getGeomExtents(OdGeExtents3d& extents) const {
   const double width = actualWidth_ > 0 ? actualWidth_ : std::max(width_, width_ > 0 ? 0 : 0.9 * height_ * longest);
   const double height = actualHeight_ > 0 ? actualHeight_ : height_ * (1 + (lines - 1) * lineSpacing_ * 5 / 3);
   const int corner = attachment_ >= kTopLeft && attachment_ <= kBottomRight ? attachment_ - 1 : 0;
-  const double left = -width * (corner % 3) / 2, top = height * (corner / 3) / 2;
+  const int column = corner % 3, row = corner / 3;
+  const double left = -width * column / 2, top = height * row / 2;
   const OdGeVector3d x = direction_.normal(), y = normal_.crossProduct(x);
   for (const double dx : {left, left + width}) {
     for (const double dy : {top, top - height})
