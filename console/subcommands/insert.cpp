@@ -202,8 +202,9 @@ Placement Insert::placeInGrid(std::size_t number) const {
   if (grid_.empty())
     return placement;
   const auto columns = static_cast<std::size_t>(grid_[0]);
-  placement.at = placement_.at + OdGeVector3d(grid_[1] * static_cast<double>(number % columns),
-                                              grid_[2] * static_cast<double>(number / columns), 0);
+  const std::size_t column = number % columns, row = number / columns;
+  placement.at =
+      placement_.at + OdGeVector3d(grid_[1] * static_cast<double>(column), grid_[2] * static_cast<double>(row), 0);
   return placement;
 }
 

@@ -280,19 +280,26 @@ std::size_t ObjectReader::readApplicationGroup(const Record& record, std::size_t
   return end + (closed ? 1 : 0);
 }
 
+namespace {
+
+// The subclass of a run, searched from `next` on, which moves to the one after it; null if there is none.
+const SubclassLayout* subclassOf(const std::vector<const SubclassLayout*>& subclasses, const RawGroup* marker,
+                                 std::size_t& next) {
+  const std::size_t match = marker == nullptr ? subclasses.size() : findSubclass(subclasses, marker->text, next);
+  if (match >= subclasses.size())
+    return nullptr;
+  next = match + 1;
+  return subclasses[match];
+}
+
+} // namespace
+
 void ObjectReader::fillSubclasses(const Filling& filling) {
   const auto& subclasses = filling.object.description().subclasses();
   SubclassReader common(filling.object, commonSubclass(), context_);
   std::size_t nextSubclass = 0;
   for (RunCursor run(filling.groups); !run.done(); run.step()) {
-    const SubclassLayout* subclass = nullptr;
-    if (run.marker() != nullptr) {
-      const std::size_t match = findSubclass(subclasses, run.marker()->text, nextSubclass);
-      if (match < subclasses.size()) {
-        subclass = subclasses[match];
-        nextSubclass = match + 1;
-      }
-    }
+    const SubclassLayout* subclass = subclassOf(subclasses, run.marker(), nextSubclass);
     RunReader reader(filling, run.marker(), subclass, common, context_);
     for (const RawGroup& group : run.groups())
       reader.take(group);
