@@ -51,7 +51,7 @@ const std::vector<std::string>& purgeKindNames() {
   static const std::vector<std::string> names = [] {
     std::vector<std::string> all;
     for (const drawing::PurgeKind& kind : drawing::purgeKinds())
-      all.push_back(kind.name);
+      all.emplace_back(kind.name);
     return all;
   }();
   return names;
