@@ -2,6 +2,7 @@
 #pragma once
 
 #include "OdDb.h"
+#include "drawing/export.h"
 
 #include <string>
 #include <string_view>
