@@ -7,7 +7,6 @@
 
 #include <algorithm>
 
-using drawing::field;
 using drawing::getIf;
 
 MVDRAWING_DEFINE_OBJECT(OdDbSpatialFilter, OdDbObject, "SPATIAL_FILTER");

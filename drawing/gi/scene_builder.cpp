@@ -81,8 +81,8 @@ void SceneBuilder::repeat(Level& level) {
     levels_.pop_back();
     return;
   }
-  const OdGeVector3d by = instance.column * static_cast<double>(level.at % columns) +
-                          instance.row * static_cast<double>(level.at / columns);
+  const std::size_t column = level.at % columns, row = level.at / columns;
+  const OdGeVector3d by = instance.column * static_cast<double>(column) + instance.row * static_cast<double>(row);
   ++level.at;
   Level contents{instance.context, contentsOf(instance.block), 0, instance.block, nullptr};
   shift(contents.context.toScene, instance.outer, by);

@@ -10,8 +10,6 @@
 #include <map>
 #include <tuple>
 
-using drawing::getIf;
-
 namespace drawing {
 namespace {
 
