@@ -12,10 +12,6 @@
 namespace console {
 namespace {
 
-OdString asText(const std::string& bytes) {
-  return OdString::fromUtf8(bytes);
-}
-
 bool isLoss(const drawing::Issue& issue) {
   return issue.severity >= drawing::Severity::kRepaired;
 }
@@ -26,11 +22,11 @@ void printIssues(Session& session, const std::string& path, const drawing::Repor
   std::size_t printed = 0;
   for (const drawing::Issue& issue : report.issues()) {
     if (isLoss(issue) && ++printed <= kMaxLines)
-      session.print(line, {asText(path), asText(drawing::describe(issue))});
+      session.print(line, {OdString::fromUtf8(path), OdString::fromUtf8(drawing::describe(issue))});
   }
   printed += report.suppressed();
   if (printed > kMaxLines)
-    session.print(msg::kMoreIssues, {asText(path), count(printed - kMaxLines)});
+    session.print(msg::kMoreIssues, {OdString::fromUtf8(path), count(printed - kMaxLines)});
 }
 
 std::size_t losses(const drawing::Report& report) {
@@ -53,12 +49,12 @@ drawing::ReadResult readOrThrow(Session& session, const std::string& path) {
   drawing::ReadResult read = drawing::readDrawing(path, session.reading());
   session.addIssues(read.report);
   if (read.database.isNull())
-    throw Failure{Status::kUnreadable, {msg::kUnreadable, {asText(read.message)}}};
+    throw Failure{Status::kUnreadable, {msg::kUnreadable, {OdString::fromUtf8(read.message)}}};
   return read;
 }
 
 void reportRepaired(Session& session, const std::string& path, const drawing::Report& report, bool listsIssues) {
-  session.print(msg::kRepaired, {asText(path), count(losses(report))});
+  session.print(msg::kRepaired, {OdString::fromUtf8(path), count(losses(report))});
   if (listsIssues)
     printIssues(session, path, report, msg::kReadIssue);
   session.raiseStatus(Status::kRepaired);
@@ -79,12 +75,12 @@ std::size_t objectsInModelSpace(const OdDbDatabase& database) {
 void reportXrefs(Session& session) {
   constexpr std::size_t kMaxLines = 20;
   const std::string& path = session.drawing().path;
-  const OdString name = path.empty() ? render(msg::kUnsavedName) : asText(path);
+  const OdString name = path.empty() ? render(msg::kUnsavedName) : OdString::fromUtf8(path);
   const drawing::Report& report = session.drawing().document->xrefReport();
   session.addIssues(report);
   const auto& issues = report.issues();
   for (std::size_t i = 0; i < issues.size() && i < kMaxLines; ++i)
-    session.print(msg::kXrefNote, {name, asText(issues[i].found)});
+    session.print(msg::kXrefNote, {name, OdString::fromUtf8(issues[i].found)});
   const std::size_t all = issues.size() + report.suppressed();
   if (all > kMaxLines)
     session.print(msg::kMoreIssues, {name, count(all - kMaxLines)});
@@ -94,8 +90,8 @@ drawing::Report openDrawing(Session& session, const std::string& path, bool list
   const drawing::ReadResult read = readOrThrow(session, path);
   const bool repaired = read.report.outcome() != drawing::Outcome::kWhole;
   session.replaceDrawing(read.database, path, repaired);
-  session.print(msg::kOpened, {asText(path), count(objectsInModelSpace(*read.database)),
-                               asText(drawing::versionYear(read.database->fileInfo().version))});
+  session.print(msg::kOpened, {OdString::fromUtf8(path), count(objectsInModelSpace(*read.database)),
+                               OdString::fromUtf8(drawing::versionYear(read.database->fileInfo().version))});
   reportXrefs(session);
   if (repaired)
     reportRepaired(session, path, read.report, listsIssues);
@@ -119,34 +115,35 @@ void reportLosses(Session& session, const std::string& path, const drawing::Repo
 void writeFile(Session& session, const OdDbDatabase& database, const SaveRequest& request) {
   checkDrawingName(request.path);
   if (!request.mayReplace && fileExists(request.path))
-    refuse(msg::kFileExists, {asText(request.path)});
+    refuse(msg::kFileExists, {OdString::fromUtf8(request.path)});
   drawing::WriteOptions options;
   options.version = request.version;
   options.form = request.form;
   options.refuseExisting = !request.mayReplace;
   const drawing::WriteResult written = drawing::writeDrawing(database, request.path, options);
   if (written.result != eOk)
-    throw Failure{Status::kSaveFailed, {msg::kSaveFailed, {asText(written.message)}}};
+    throw Failure{Status::kSaveFailed, {msg::kSaveFailed, {OdString::fromUtf8(written.message)}}};
   reportLosses(session, request.path, written.report);
 }
 
 void saveDrawing(Session& session, const SaveRequest& request) {
   if (!request.mayReplace && isOwnFileRepaired(session, request.path))
-    refuse(msg::kRepairedOwnFile, {asText(request.path)});
+    refuse(msg::kRepairedOwnFile, {OdString::fromUtf8(request.path)});
   writeFile(session, session.database(), request);
-  session.result(msg::kSaved, {asText(request.path), asText(versionToWrite(session.database(), request.version))});
+  session.result(msg::kSaved, {OdString::fromUtf8(request.path),
+                               OdString::fromUtf8(versionToWrite(session.database(), request.version))});
   session.savedAs(request.path);
 }
 
 void writeBytes(const std::string& path, std::string_view bytes, bool mayReplace) {
   if (!mayReplace && fileExists(path))
-    refuse(msg::kFileExists, {asText(path)});
+    refuse(msg::kFileExists, {OdString::fromUtf8(path)});
   drawing::ReplaceOptions replacing;
   replacing.refuseExisting = !mayReplace;
   const drawing::FileError written = drawing::replaceFile(
       path, [bytes](drawing::FileSink& sink) { return sink.append(bytes), drawing::FileError(); }, replacing);
   if (!written.ok())
-    throw Failure{Status::kSaveFailed, {msg::kSaveFailed, {asText(written.text)}}};
+    throw Failure{Status::kSaveFailed, {msg::kSaveFailed, {OdString::fromUtf8(written.text)}}};
 }
 
 bool fileExists(const std::string& path) {
@@ -172,8 +169,8 @@ std::string versionToWrite(const OdDbDatabase& database, OdDb::DwgVersion wanted
 void checkDrawingName(const std::string& path) {
   if (path.empty())
     refuse(msg::kNoFileName);
-  if (path.size() >= 4 && asText(path.substr(path.size() - 4)).iCompare(L".dwg") == 0)
-    refuse(msg::kNotADrawingName, {asText(path)});
+  if (path.size() >= 4 && OdString::fromUtf8(path.substr(path.size() - 4)).iCompare(L".dwg") == 0)
+    refuse(msg::kNotADrawingName, {OdString::fromUtf8(path)});
 }
 
 } // namespace console

@@ -12,10 +12,6 @@
 namespace console::subcommands {
 namespace {
 
-OdString asText(const std::string& utf8) {
-  return OdString::fromUtf8(utf8);
-}
-
 struct Reason {
   const char* name;
   MessageText text;
@@ -44,7 +40,7 @@ OdString reasonText(const std::string& name) {
     if (name == reason.name)
       return render(reason.text);
   }
-  return asText(name);
+  return OdString::fromUtf8(name);
 }
 
 class Preview : public Subcommand {
@@ -85,23 +81,24 @@ public:
 
 private:
   static bool hasEnding(const std::string& path, const wchar_t* ending) {
-    return asText(path).right(4).iCompare(ending) == 0;
+    return OdString::fromUtf8(path).right(4).iCompare(ending) == 0;
   }
 
   OdDbObjectId subject(const OdDbDatabase& database) const {
     OdDbObjectId id = drawing::currentSpaceOf(database);
     if (!block_.empty())
-      id = database.symbol(OdDb::kBlockTable, asText(block_));
+      id = database.symbol(OdDb::kBlockTable, OdString::fromUtf8(block_));
     else if (!layout_.empty())
-      id = drawing::layoutBlock(database, asText(layout_));
+      id = drawing::layoutBlock(database, OdString::fromUtf8(layout_));
     if (id.isNull())
-      refuse(block_.empty() ? msg::kNoSuchLayout : msg::kNoSuchBlock, {asText(block_.empty() ? layout_ : block_)});
+      refuse(block_.empty() ? msg::kNoSuchLayout : msg::kNoSuchBlock,
+             {OdString::fromUtf8(block_.empty() ? layout_ : block_)});
     return id;
   }
 
   void work(Session& session, Json& results) {
     if (!force_ && fileExists(out_)) // before the work
-      refuse(msg::kFileExists, {asText(out_)});
+      refuse(msg::kFileExists, {OdString::fromUtf8(out_)});
     const drawing::Picture picture(subject(session.database()), options_);
     report_ = picture.report();
     writeBytes(out_, isSvg_ ? picture.svg() : picture.png(), force_);
@@ -129,13 +126,13 @@ private:
   }
 
   void printSummary(Session& session) const {
-    session.result(msg::kPictureMade, {asText(out_), count(static_cast<std::size_t>(options_.width)),
+    session.result(msg::kPictureMade, {OdString::fromUtf8(out_), count(static_cast<std::size_t>(options_.width)),
                                        count(static_cast<std::size_t>(options_.height))});
     if (report_.isEmpty)
       session.print(msg::kPictureEmpty);
     for (const drawing::NotDrawn& one : report_.notDrawn)
-      session.print(msg::kNotDrawn,
-                    {count(one.count), asText(one.kind), reasonText(one.reason), asText(one.first.ascii())});
+      session.print(msg::kNotDrawn, {count(one.count), OdString::fromUtf8(one.kind), reasonText(one.reason),
+                                     OdString::fromUtf8(one.first.ascii())});
     if (report_.reachedLimit)
       session.print(msg::kPictureLimit);
   }

@@ -3,6 +3,7 @@
 #include "DbBlockReference.h"
 #include "DbDimension.h"
 #include "DbVertexPolylines.h"
+#include "drawing/base/trimmed.h"
 #include "drawing/model/record.h"
 
 #include <charconv>
@@ -26,11 +27,6 @@ Groups ownGroups(Groups groups) {
   return groups;
 }
 
-std::string_view trimmed(std::string_view text) {
-  const auto first = text.find_first_not_of(" \t");
-  return first == text.npos ? std::string_view() : text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
 // The first value under that code.
 std::int64_t integerOf(Groups groups, int code, std::int64_t absent) {
   for (const RawGroup& group : groups) {
@@ -39,7 +35,7 @@ std::int64_t integerOf(Groups groups, int code, std::int64_t absent) {
     std::int64_t value = absent;
     if (group.form == RawGroup::Form::kInteger)
       return group.integer;
-    const std::string_view text = trimmed(group.text);
+    const std::string_view text = trimmed(group.text, " \t");
     std::from_chars(text.data(), text.data() + text.size(), value);
     return value;
   }
@@ -48,7 +44,7 @@ std::int64_t integerOf(Groups groups, int code, std::int64_t absent) {
 
 bool hasMarker(Groups groups, std::string_view marker) {
   for (const RawGroup& group : groups) {
-    if (group.code == kMarker && trimmed(group.text) == marker)
+    if (group.code == kMarker && trimmed(group.text, " \t") == marker)
       return true;
   }
   return false;
